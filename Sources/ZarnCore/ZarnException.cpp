@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/ZarnException.h>
+
+#include <sstream>
+
+namespace zarn {
+
+CoreException::CoreException(const std::string &message, const char *file, const char *function,
+                             int line)
+    : _message(message), _line(line), _file(file != nullptr ? file : ""),
+      _function(function != nullptr ? function : ""), _what(getMessage())
+{
+}
+
+CoreException::CoreException(const CoreException &other) = default;
+CoreException &CoreException::operator=(const CoreException &other) = default;
+CoreException::~CoreException() = default;
+
+std::string CoreException::getMessage() const
+{
+    std::ostringstream text;
+    text << _message << " (file: " << _file << " line: " << _line << " func: " << _function << ")";
+    return text.str();
+}
+
+const char *CoreException::what() const noexcept
+{
+    return _what.c_str();
+}
+
+} // namespace zarn

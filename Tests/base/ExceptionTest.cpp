@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/ZarnAssert.h>
+#include <ZarnCore/ZarnLog.h>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace {
+
+using zarn::CoreException;
+
+TEST(CoreException, textNamesFileLineAndFunction)
+{
+    const CoreException error("M", "F", "N", 7);
+    EXPECT_EQ(error.getMessage(), "M (file: F line: 7 func: N)");
+    EXPECT_STREQ(error.what(), "M (file: F line: 7 func: N)");
+}
+
+TEST(CoreException, textOfACopyOutlivesTheOriginal)
+{
+    auto original = std::make_unique<CoreException>("gone", "F", "N", 1);
+    const CoreException copy = *original;
+    CoreException assigned("other", "", "", 0);
+    assigned = *original;
+    original.reset();
+    EXPECT_STREQ(copy.what(), "gone (file: F line: 1 func: N)");
+    EXPECT_STREQ(assigned.what(), copy.what());
+}
+
+TEST(Assertion, textIsTheExpressionAsWritten)
+{
+    const void *score = nullptr;
+    try {
+        ZARN_ASSERT_IN("zarn::f", score != NULL);
+        FAIL() << "the assertion did not raise";
+    } catch (const CoreException &error) {
+        EXPECT_EQ(error.message(), "Assertion failed: score != NULL");
+        EXPECT_EQ(error.function(), "zarn::f");
+        EXPECT_EQ(error.file(), "Tests/base/ExceptionTest.cpp");
+    }
+}
+
+TEST(LogCategories, soundFontsKeepTheirPublishedSpelling)
+{
+    EXPECT_STREQ(zarn::log::soundfonts().categoryName(), "zarn.core.sounfonts");
+    EXPECT_EQ(&zarn::log::core(), &zarn::log::core());
+}
+
+} // namespace
