@@ -1,0 +1,34 @@
+# SPDX-License-Identifier: MIT
+# What `cmake --install` puts where: the libraries, their headers, and the files by which CMake
+# projects (find_package(ZarnCore)) and others (pkg-config zarncore) find them.
+set(zarn_cmake_dir ${CMAKE_INSTALL_LIBDIR}/cmake/ZarnCore)
+
+install(TARGETS ZarnCore zarnfilesystem EXPORT ZarnCoreTargets
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+    RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(EXPORT ZarnCoreTargets NAMESPACE Zarn:: DESTINATION ${zarn_cmake_dir})
+foreach(folder ZarnCore filesystem)
+    install(DIRECTORY Sources/${folder} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zarncore
+        FILES_MATCHING PATTERN "*.h" PATTERN "ZarnPrecompiled.h" EXCLUDE)
+endforeach()
+
+configure_package_config_file(cmake/ZarnCoreConfig.cmake.in ZarnCoreConfig.cmake
+    INSTALL_DESTINATION ${zarn_cmake_dir})
+write_basic_package_version_file(ZarnCoreConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+
+# Relative install folders are taken below the prefix, absolute ones stand as they are.
+foreach(kind LIBDIR INCLUDEDIR)
+    if(IS_ABSOLUTE "${CMAKE_INSTALL_${kind}}")
+        set(ZARN_PC_${kind} "${CMAKE_INSTALL_${kind}}")
+    else()
+        set(ZARN_PC_${kind} "\${prefix}/${CMAKE_INSTALL_${kind}}")
+    endif()
+endforeach()
+configure_file(cmake/zarncore.pc.in zarncore.pc @ONLY)
+
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/ZarnCoreConfig.cmake
+    ${CMAKE_CURRENT_BINARY_DIR}/ZarnCoreConfigVersion.cmake DESTINATION ${zarn_cmake_dir})
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/zarncore.pc
+    DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
