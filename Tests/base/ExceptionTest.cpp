@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <string>
 
 namespace {
 
@@ -37,7 +38,7 @@ TEST(Assertion, textIsTheExpressionAsWritten)
     } catch (const CoreException &error) {
         EXPECT_EQ(error.message(), "Assertion failed: score != NULL");
         EXPECT_EQ(error.function(), "zarn::f");
-        EXPECT_EQ(error.file(), "Tests/base/ExceptionTest.cpp");
+        EXPECT_NE(error.file().find("Tests/base/ExceptionTest.cpp"), std::string::npos);
     }
 }
 
