@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/instruments/ZarnEffect.h>
+
+#include <ZarnCore/ZarnAssert.h>
+
+#include <cmath>
+#include <utility>
+
+namespace zarn {
+
+Effect::Effect(std::string identifier, std::string name, std::vector<float> parameters)
+    : _identifier(std::move(identifier)), _name(std::move(name)), _parameters(std::move(parameters))
+{
+}
+
+float Effect::parameter(unsigned index) const noexcept
+{
+    return index < _parameters.size() ? _parameters[index] : 0.0f;
+}
+
+void Effect::setParameter(unsigned index, float value)
+{
+    ZARN_ASSERT_IN("zarn::Effect::setParameter", index < parameterCount());
+    ZARN_ASSERT_IN("zarn::Effect::setParameter", std::isfinite(value));
+    _parameters[index] = value;
+}
+
+bool operator==(const Effect &a, const Effect &b) noexcept
+{
+    return a.identifier() == b.identifier() && a.name() == b.name()
+        && a.parameters() == b.parameters() && a.isBypassed() == b.isBypassed();
+}
+
+} // namespace zarn
