@@ -16,6 +16,7 @@ ROWS = [
     ["filesystem"],
     ["base"],
     ["utils"],
+    ["types"],
     ["music"],
     ["instruments"],
     ["model"],
@@ -26,7 +27,8 @@ ROWS = [
     ["Tools"],
 ]
 RANK = {name: rank for rank, row in enumerate(ROWS) for name in row}
-# Files beside ZarnCore.h: the shared ground, except those that stand on top of everything.
+# Files beside ZarnCore.h: the shared ground, except the shared types, whose tables come from utils,
+# and those that stand on top of everything.
 TOP = {"ZarnCoreUtils", "ZarnCore"}
 INCLUDE = re.compile(r'^\s*#\s*include\s*[<"]((?:ZarnCore|filesystem)/[^>"]+)[>"]')
 
@@ -39,6 +41,8 @@ def area(path):
     if parts[0] != "ZarnCore":
         return None
     if len(parts) == 2:
+        if parts[1].startswith("ZarnTypes"):
+            return "types"
         return "core" if pathlib.PurePosixPath(parts[1]).stem in TOP else "base"
     return parts[1] if parts[1] in RANK else None
 
