@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <vector>
 
-/// Searching the sorted places of a slot of automations; not installed.
+/// Searching the sorted places of a slot of automations.
 namespace zarn::detail {
 
 template <typename T>

@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-/// The instrument categories and their texts, shared by sets and by elements; not installed.
+/// The instrument categories and their texts, shared by sets and by elements.
 namespace zarn::detail {
 
 struct InstrumentTypeRow {
