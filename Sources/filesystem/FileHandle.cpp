@@ -13,9 +13,16 @@ void FileHandle::fail(const std::string &reason)
         _error = path() + ": " + reason;
 }
 
+bool FileHandle::isReady()
+{
+    if (_isClosed)
+        fail("is closed");
+    return !hasError();
+}
+
 bool FileHandle::seek(std::int64_t position)
 {
-    if (hasError())
+    if (!isReady())
         return false;
     if (position < 0 || position > size() || !doSeek(position)) {
         fail("cannot move to byte " + std::to_string(position) + " of " + std::to_string(size()));
@@ -26,7 +33,7 @@ bool FileHandle::seek(std::int64_t position)
 
 std::int64_t FileHandle::readSome(void *data, std::int64_t count)
 {
-    if (hasError() || count <= 0)
+    if (!isReady() || count <= 0)
         return 0;
     const auto done = doRead(data, count);
     if (done < 0) {
@@ -38,6 +45,8 @@ std::int64_t FileHandle::readSome(void *data, std::int64_t count)
 
 bool FileHandle::readBlock(void *data, std::int64_t count)
 {
+    if (!isReady())
+        return false;
     const auto at = position();
     if (readSome(data, count) == count)
         return true;
@@ -48,7 +57,7 @@ bool FileHandle::readBlock(void *data, std::int64_t count)
 
 bool FileHandle::writeBlock(const void *data, std::int64_t count)
 {
-    if (hasError())
+    if (!isReady())
         return false;
     if (count > 0 && doWrite(data, count) != count) {
         fail("cannot write");
@@ -86,8 +95,9 @@ bool FileHandle::writeShort(std::int16_t value)
 
 bool FileHandle::close()
 {
-    if (hasError())
+    if (!isReady())
         return false;
+    _isClosed = true;
     if (doClose())
         return true;
     fail("cannot be completed");

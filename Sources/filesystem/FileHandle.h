@@ -50,6 +50,7 @@ public:
 
     /// Makes what was written the content of the file, at once and whole, and gives the file up.
     /// False when that failed or an error happened before: then an old file stays as it was.
+    /// Afterwards every operation is an error, a second `close` too.
     bool close();
 
     bool hasError() const noexcept { return !_error.empty(); }
@@ -68,6 +69,9 @@ protected:
     void fail(const std::string &reason);
 
 private:
+    bool isReady();
+
+    bool _isClosed = false;
     std::string _error;
 };
 
