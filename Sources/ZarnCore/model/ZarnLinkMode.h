@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+
+namespace zarn {
+
+/// What inserting or removing a child does to the neighbours that it parts or joins. The value is
+/// passed down unchanged from track to staff to voice.
+enum class LinkMode : std::uint8_t {
+    /// The neighbours stay as they are.
+    None,
+
+    /// What the change tore apart is mended. In a staff, a simile bar that lost the bar it repeats
+    /// is unmarked, with the other half of a double simile. In a voice, a tie between two beats
+    /// that no longer follow each other is undone at both ends, over the bar line too.
+    Mend,
+};
+
+} // namespace zarn

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/model/ZarnMasterBar.h>
+
+#include <ZarnCore/model/ZarnMasterTrack.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
+
+namespace zarn {
+
+std::shared_ptr<MasterBar> MasterBar::clone() const
+{
+    return ChildLinkAccess::clone(*this);
+}
+
+std::shared_ptr<Bar> MasterBar::barOfTrack(unsigned trackIndex, unsigned staffIndex) const
+{
+    const auto master = parentMasterTrack();
+    const auto model = master ? master->parentScoreModel() : nullptr;
+    const auto track = model ? model->track(trackIndex) : nullptr;
+    return track ? track->bar(index(), staffIndex) : nullptr;
+}
+
+utils::rational MasterBar::length() const
+{
+    if (_ownLength)
+        return *_ownLength;
+    return utils::rational(4 * std::int64_t(_timeSignature.getNumerator()),
+                           std::int64_t(_timeSignature.getDenominator()));
+}
+
+void MasterBar::setOwnLength(const std::optional<utils::rational> &length)
+{
+    ZARN_ASSERT_IN("zarn::MasterBar::setOwnLength", !length || *length > utils::rational(0));
+    _ownLength = length;
+}
+
+void MasterBar::setRepeatCount(unsigned count)
+{
+    ZARN_ASSERT_IN("zarn::MasterBar::setRepeatCount", count != 1 && count <= 255);
+    _repeatCount = static_cast<std::uint8_t>(count);
+}
+
+bool MasterBar::isPlayedInPass(unsigned pass) const noexcept
+{
+    if (_alternateEndings == 0)
+        return true;
+    return pass >= 1 && pass <= MaxEndings && (_alternateEndings >> (pass - 1) & 1u) != 0;
+}
+
+bool operator==(const MasterBar &left, const MasterBar &right)
+{
+    return !(left._timeSignature != right._timeSignature)
+        && left._keySignature == right._keySignature && left._ownLength == right._ownLength
+        && left._section == right._section && left._alternateEndings == right._alternateEndings
+        && left._repeatCount == right._repeatCount && left._tripletFeel == right._tripletFeel
+        && left._freeTime == right._freeTime && left._doubleBar == right._doubleBar
+        && left._repeatStart == right._repeatStart;
+}
+
+} // namespace zarn

@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/ZarnExport.h>
+#include <ZarnCore/model/ZarnChildList.h>
+#include <ZarnCore/model/ZarnTripletFeel.h>
+#include <ZarnCore/music/ZarnKeySignature.h>
+#include <ZarnCore/music/ZarnTimeSignature.h>
+#include <ZarnCore/utils/rational.h>
+
+#include <QString>
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace zarn {
+
+class Bar;
+class MasterTrack;
+
+/// A named part of the form: a rehearsal letter and a title, UTF-8; both empty for none.
+struct Section {
+    std::string letter;
+    std::string text;
+
+    bool isEmpty() const noexcept { return letter.empty() && text.empty(); }
+    friend bool operator==(const Section &left, const Section &right)
+    {
+        return left.letter == right.letter && left.text == right.text;
+    }
+    friend bool operator!=(const Section &left, const Section &right) { return !(left == right); }
+};
+
+/// What all staves share of one bar.
+class ZARNCORE_EXPORT MasterBar final : public std::enable_shared_from_this<MasterBar>,
+                                        public IndexedChildLink<MasterTrack> {
+public:
+    /// Passes that alternate endings can name, 1 to 32.
+    static constexpr unsigned MaxEndings = 32;
+
+    MasterBar() = default;
+    MasterBar(const MasterBar &other) = default;
+    MasterBar &operator=(const MasterBar &other) = default;
+    ~MasterBar() = default;
+
+    std::shared_ptr<MasterBar> clone() const;
+
+    /// Empty while the master bar is detached.
+    std::shared_ptr<MasterTrack> parentMasterTrack() const noexcept { return lockParent(); }
+
+    /// Bar number, counted from 0; 0 while detached.
+    unsigned index() const noexcept { return place(); }
+
+    /// The bar of one staff in this column; empty when there is none.
+    std::shared_ptr<Bar> barOfTrack(unsigned trackIndex, unsigned staffIndex = 0) const;
+
+    const TimeSignature &timeSignature() const noexcept { return _timeSignature; }
+    void setTimeSignature(const TimeSignature &signature) { _timeSignature = signature; }
+
+    /// Key at concert pitch.
+    const KeySignature &concertKeySignature() const noexcept { return _keySignature; }
+    void setConcertKeySignature(const KeySignature &signature) { _keySignature = signature; }
+
+    /// Length in quarters: what the time signature says unless an own length is set, as for a
+    /// pickup bar or the halves of a divided bar.
+    utils::rational length() const;
+    const std::optional<utils::rational> &ownLength() const noexcept { return _ownLength; }
+
+    /// Raises for a length that is not above 0.
+    void setOwnLength(const std::optional<utils::rational> &length);
+
+    TripletFeel tripletFeel() const noexcept { return _tripletFeel; }
+    void setTripletFeel(TripletFeel feel) noexcept { _tripletFeel = feel; }
+    static QString tripletFeelToQString(TripletFeel feel)
+    {
+        return zarn::tripletFeelToQString(feel);
+    }
+
+    bool isFreeTime() const noexcept { return _freeTime; }
+    void setFreeTime(bool freeTime) noexcept { _freeTime = freeTime; }
+
+    /// Ends with a double bar line.
+    bool hasDoubleBar() const noexcept { return _doubleBar; }
+    void setDoubleBar(bool doubleBar) noexcept { _doubleBar = doubleBar; }
+
+    bool isRepeatStart() const noexcept { return _repeatStart; }
+    void setRepeatStart(bool start) noexcept { _repeatStart = start; }
+
+    bool isRepeatEnd() const noexcept { return _repeatCount != 0; }
+
+    /// How often the repeat that ends here is played in all, 2 or more; 0 when none ends. Raises
+    /// for 1 and above 255.
+    unsigned repeatCount() const noexcept { return _repeatCount; }
+    void setRepeatCount(unsigned count);
+
+    /// Passes of a repeat in which the bar is played, bit 0 for the first; 0 for every pass. Each
+    /// bar under an ending's bracket carries them.
+    std::uint32_t alternateEndings() const noexcept { return _alternateEndings; }
+    void setAlternateEndings(std::uint32_t passes) noexcept { _alternateEndings = passes; }
+    bool isPlayedInPass(unsigned pass) const noexcept;
+
+    const Section &section() const noexcept { return _section; }
+    void setSection(const Section &section) { _section = section; }
+    bool hasSection() const noexcept { return !_section.isEmpty(); }
+
+    /// Compares what is written, not where.
+    friend ZARNCORE_EXPORT bool operator==(const MasterBar &left, const MasterBar &right);
+    friend bool operator!=(const MasterBar &left, const MasterBar &right)
+    {
+        return !(left == right);
+    }
+
+private:
+    friend struct ChildLinkAccess;
+
+    TimeSignature _timeSignature;
+    KeySignature _keySignature{0, true, true};
+    std::optional<utils::rational> _ownLength;
+    Section _section;
+    std::uint32_t _alternateEndings = 0;
+    std::uint8_t _repeatCount = 0;
+    TripletFeel _tripletFeel = TripletFeel::NoTripletFeel;
+    bool _freeTime = false;
+    bool _doubleBar = false;
+    bool _repeatStart = false;
+};
+
+} // namespace zarn

@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/model/ZarnMasterTrack.h>
+
+#include <ZarnCore/model/ZarnMasterTrackPrivate.h>
+#include <ZarnCore/model/ZarnPlayList.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/ZarnScoreModelRange.h>
+
+#include <algorithm>
+
+namespace zarn {
+
+MasterTrack::MasterTrack() : _d(std::make_unique<Private>()) { }
+
+MasterTrack::MasterTrack(const MasterTrack &other)
+    : AutomationContainer(other), std::enable_shared_from_this<MasterTrack>(),
+      ChildLink<ScoreModel>(), DirectionAccessors<MasterTrack>(), _masterBars(other._masterBars),
+      _d(std::make_unique<Private>(*other._d))
+{
+}
+
+MasterTrack &MasterTrack::operator=(const MasterTrack &other)
+{
+    if (this == &other)
+        return *this;
+    AutomationContainer::operator=(other);
+    _masterBars = other._masterBars;
+    *_d = *other._d;
+    linkChildren();
+    return *this;
+}
+
+MasterTrack::~MasterTrack() = default;
+
+std::shared_ptr<MasterTrack> MasterTrack::cloneMasterTrack() const
+{
+    return ChildLinkAccess::clone(*this);
+}
+
+void MasterTrack::copyFrom(const MasterTrack &other, const ScoreModelRange *range)
+{
+    if (this != &other)
+        *this = other;
+    if (!range || !hasMasterBars())
+        return;
+    const int last = std::min(range->second().barIndex(), static_cast<int>(masterBarCount()) - 1);
+    const int first = std::max(range->first().barIndex(), 0);
+    if (first > last) {
+        clear();
+        return;
+    }
+    if (static_cast<unsigned>(last) + 1 < masterBarCount())
+        removeMasterBars(static_cast<unsigned>(last) + 1, masterBarCount() - 1);
+    if (first > 0)
+        removeMasterBars(0, static_cast<unsigned>(first) - 1);
+    updatePlayList();
+}
+
+void MasterTrack::setParentScoreModel(const std::shared_ptr<ScoreModel> &model)
+{
+    ChildLinkAccess::setParent(*this, model);
+    linkChildren();
+}
+
+std::shared_ptr<MasterBar> MasterTrack::masterBar(unsigned index)
+{
+    linkChildren();
+    return _masterBars.at(index);
+}
+
+void MasterTrack::addMasterBar(const std::shared_ptr<MasterBar> &bar)
+{
+    insertMasterBar(masterBarCount(), bar);
+}
+
+void MasterTrack::insertMasterBar(unsigned index, const std::shared_ptr<MasterBar> &bar)
+{
+    ChildLinkAccess::requireDetached(bar);
+    moveMarks(index, 1);
+    insertMasterBarBlock(index, {bar});
+}
+
+void MasterTrack::addEmptyMasterBars(unsigned count)
+{
+    insertEmptyMasterBars(masterBarCount(), count);
+}
+
+void MasterTrack::insertEmptyMasterBars(unsigned index, unsigned count)
+{
+    if (count == 0)
+        return;
+    MasterBar model;
+    if (hasMasterBars()) {
+        const unsigned at = std::min(index, masterBarCount());
+        const MasterBar &near = *masterBars()[at == 0 ? 0 : at - 1];
+        model.setTimeSignature(near.timeSignature());
+        model.setConcertKeySignature(near.concertKeySignature());
+        model.setTripletFeel(near.tripletFeel());
+    }
+    MasterBars bars(count);
+    for (auto &bar : bars)
+        bar = std::make_shared<MasterBar>(model);
+    moveMarks(index, count);
+    insertMasterBarBlock(index, std::move(bars));
+}
+
+void MasterTrack::removeMasterBar(unsigned index)
+{
+    removeMasterBars(index, index);
+}
+
+void MasterTrack::removeMasterBars(unsigned first, unsigned last)
+{
+    if (first >= masterBarCount() || first > last)
+        return;
+    last = std::min(last, masterBarCount() - 1);
+    eraseBlocks(first, last);
+    removeDirections(first, last);
+    takeMasterBarBlock(first, last);
+}
+
+void MasterTrack::clear()
+{
+    clearAutomations();
+    _d->directions = Private::unsetDirections();
+    _d->playList.clear();
+    if (hasMasterBars())
+        takeMasterBarBlock(0, masterBarCount() - 1);
+}
+
+void MasterTrack::insertMasterBarBlock(unsigned index, MasterBars bars)
+{
+    linkChildren();
+    _masterBars.insert(index, std::move(bars), weak_from_this());
+}
+
+MasterTrack::MasterBars MasterTrack::takeMasterBarBlock(unsigned first, unsigned last)
+{
+    return _masterBars.take(first, last);
+}
+
+void MasterTrack::moveMarks(unsigned index, unsigned count)
+{
+    if (index >= masterBarCount())
+        return;
+    insertBlocks(index, count);
+    for (int &bar : _d->directions)
+        if (bar >= static_cast<int>(index))
+            bar += static_cast<int>(count);
+}
+
+void MasterTrack::removeDirections(unsigned first, unsigned last) noexcept
+{
+    const auto from = static_cast<int>(first);
+    const auto to = static_cast<int>(last);
+    for (int &bar : _d->directions) {
+        if (bar > to)
+            bar -= to - from + 1;
+        else if (bar >= from)
+            bar = -1;
+    }
+}
+
+bool operator==(const MasterTrack &left, const MasterTrack &right)
+{
+    return left._d->mastering == right._d->mastering && left._d->tempo == right._d->tempo
+        && left._d->directions == right._d->directions && left._d->anacrusis == right._d->anacrusis
+        && static_cast<const AutomationContainer &>(left)
+        == static_cast<const AutomationContainer &>(right)
+        && left._masterBars == right._masterBars;
+}
+
+} // namespace zarn

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/instruments/ZarnMastering.h>
+#include <ZarnCore/model/ZarnMasterTrack.h>
+
+namespace zarn {
+
+/// State of a master track beside its master bars and automations.
+struct MasterTrack::Private {
+    Mastering mastering = Mastering::makeDefault();
+    TempoSettings tempo;
+    DirectionSlots directions = unsetDirections();
+    PlayList playList;
+    bool anacrusis = false;
+
+    static DirectionSlots unsetDirections() noexcept
+    {
+        DirectionSlots slots;
+        slots.fill(-1);
+        return slots;
+    }
+};
+
+} // namespace zarn

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/model/ZarnNote.h>
+
+#include <ZarnCore/model/ZarnBeat.h>
+
+namespace zarn {
+namespace {
+
+constexpr int articulationLimit = 2047;
+
+} // namespace
+
+Note::Note() noexcept
+    : _articulation(Unset), _spelling(NoSpelling),
+      _head(static_cast<std::uint32_t>(NoteHead::Normal)), _tiedToPrevious(false),
+      _tiedToNext(false), _ghost(false), _dead(false)
+{
+}
+
+Note::Note(int midi) : Note()
+{
+    setMidi(midi);
+}
+
+std::shared_ptr<Note> Note::clone() const
+{
+    return ChildLinkAccess::clone(*this);
+}
+
+void Note::setMidi(int midi)
+{
+    ZARN_ASSERT_IN("zarn::Note::setMidi", midi >= Unset && midi <= 127);
+    _midi = static_cast<std::int8_t>(midi);
+}
+
+std::optional<PitchClass> Note::spelling() const
+{
+    if (_spelling == NoSpelling)
+        return std::nullopt;
+    return PitchClass(NoteName(static_cast<NoteName::Value>(_spelling % 8)),
+                      NoteAccidental(static_cast<NoteAccidental::Value>(_spelling / 8)));
+}
+
+void Note::setSpelling(const PitchClass &spelling)
+{
+    const auto name = static_cast<std::uint32_t>(spelling.note().value());
+    const auto accidental = static_cast<std::uint32_t>(spelling.accidental().value());
+    ZARN_ASSERT_IN("zarn::Note::setSpelling", name < 7 && accidental < 31);
+    _spelling = accidental * 8 + name;
+}
+
+void Note::setString(int string)
+{
+    ZARN_ASSERT_IN("zarn::Note::setString", string >= Unset && string <= 127);
+    _string = static_cast<std::int8_t>(string);
+}
+
+void Note::setFret(int fret)
+{
+    ZARN_ASSERT_IN("zarn::Note::setFret", fret >= Unset && fret <= 127);
+    _fret = static_cast<std::int8_t>(fret);
+}
+
+void Note::setPercussionArticulation(int articulation)
+{
+    ZARN_ASSERT_IN("zarn::Note::setPercussionArticulation",
+                   articulation >= Unset && articulation <= articulationLimit);
+    _articulation = articulation;
+}
+
+void Note::setStaffLine(int line)
+{
+    ZARN_ASSERT_IN("zarn::Note::setStaffLine", line >= NoStaffLine && line <= 127);
+    _staffLine = static_cast<std::int8_t>(line);
+}
+
+bool operator==(const Note &left, const Note &right) noexcept
+{
+    return left._midi == right._midi && left._string == right._string && left._fret == right._fret
+        && left._spelling == right._spelling && left._articulation == right._articulation
+        && left._staffLine == right._staffLine && left._head == right._head
+        && left._tiedToPrevious == right._tiedToPrevious && left._tiedToNext == right._tiedToNext
+        && left._ghost == right._ghost && left._dead == right._dead;
+}
+
+} // namespace zarn

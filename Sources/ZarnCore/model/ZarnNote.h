@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/ZarnExport.h>
+#include <ZarnCore/ZarnTypes.h>
+#include <ZarnCore/model/ZarnChildList.h>
+#include <ZarnCore/music/ZarnPitchClass.h>
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+namespace zarn {
+
+class Beat;
+
+/// One note of a beat.
+///
+/// A setter given a number outside its range raises.
+class ZARNCORE_EXPORT Note final : public std::enable_shared_from_this<Note>,
+                                   public ChildLink<Beat> {
+public:
+    static constexpr int Unset = -1;
+    static constexpr int NoStaffLine = -128;
+
+    Note() noexcept;
+    explicit Note(int midi);
+    Note(const Note &other) = default;
+    Note &operator=(const Note &other) = default;
+    ~Note() = default;
+
+    std::shared_ptr<Note> clone() const;
+
+    /// Empty while the note is detached.
+    std::shared_ptr<Beat> parentBeat() const noexcept { return lockParent(); }
+
+    /// MIDI key of the pitch as written, 0 to 127 (the track's transposition leads to what
+    /// sounds); -1 when unset. For an unpitched note its General MIDI percussion key.
+    int midi() const noexcept { return _midi; }
+    void setMidi(int midi);
+
+    /// How the written pitch is spelled; nothing when the key signature decides.
+    std::optional<PitchClass> spelling() const;
+    void setSpelling(const PitchClass &spelling);
+    void clearSpelling() noexcept { _spelling = NoSpelling; }
+
+    /// String of the staff's tuning, 0 the lowest; -1 when unset.
+    int string() const noexcept { return _string; }
+    void setString(int string);
+
+    /// Fret above the nut or capo, 0 the open string; -1 when unset.
+    int fret() const noexcept { return _fret; }
+    void setFret(int fret);
+
+    /// Number of the articulation in the track's instrument set, up to 2047; -1 when unset.
+    int percussionArticulation() const noexcept { return _articulation; }
+    void setPercussionArticulation(int articulation);
+
+    /// Place on the staff of an unpitched note: half spaces above the bottom line, -127 to 127;
+    /// `NoStaffLine` when unset.
+    int staffLine() const noexcept { return _staffLine; }
+    void setStaffLine(int line);
+
+    /// True when the note sounds on from the note before it in its voice.
+    bool isTied() const noexcept { return _tiedToPrevious; }
+    void setTied(bool tied) noexcept { _tiedToPrevious = tied; }
+
+    /// True when the note is held into the next one of its voice.
+    bool isTieOrigin() const noexcept { return _tiedToNext; }
+    void setTieOrigin(bool origin) noexcept { _tiedToNext = origin; }
+
+    bool isGhost() const noexcept { return _ghost; }
+    void setGhost(bool ghost) noexcept { _ghost = ghost; }
+
+    bool isDead() const noexcept { return _dead; }
+    void setDead(bool dead) noexcept { _dead = dead; }
+
+    NoteHead noteHead() const noexcept { return static_cast<NoteHead>(_head); }
+    void setNoteHead(NoteHead head) noexcept { _head = static_cast<std::uint32_t>(head); }
+
+    /// Compares what is written, not where.
+    friend ZARNCORE_EXPORT bool operator==(const Note &left, const Note &right) noexcept;
+    friend bool operator!=(const Note &left, const Note &right) noexcept
+    {
+        return !(left == right);
+    }
+
+private:
+    friend struct ChildLinkAccess;
+
+    static constexpr std::uint32_t NoSpelling = 0xFF;
+
+    // Scores hold notes by the hundred thousand: all of this is eight bytes.
+    std::int32_t _articulation : 12;
+    std::uint32_t _spelling : 8;
+    std::uint32_t _head : 6;
+    std::uint32_t _tiedToPrevious : 1;
+    std::uint32_t _tiedToNext : 1;
+    std::uint32_t _ghost : 1;
+    std::uint32_t _dead : 1;
+    std::int8_t _midi = Unset;
+    std::int8_t _string = Unset;
+    std::int8_t _fret = Unset;
+    std::int8_t _staffLine = NoStaffLine;
+};
+
+} // namespace zarn

@@ -1,0 +1,193 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/model/ZarnScoreModel.h>
+
+#include <algorithm>
+
+namespace zarn {
+
+ScoreModel::ScoreModel() : _masterTrack(std::make_shared<MasterTrack>()) { }
+
+ScoreModel::ScoreModel(const ScoreModel &other)
+    : std::enable_shared_from_this<ScoreModel>(),
+      _masterTrack(other._masterTrack->cloneMasterTrack()), _tracks(other._tracks),
+      _properties(other._properties), _headersAndFooters(other._headersAndFooters),
+      _pageSetup(other._pageSetup), _systemsLayout(other._systemsLayout),
+      _concertTone(other._concertTone), _defaultBarsPerSystem(other._defaultBarsPerSystem),
+      _ignoreCapo(other._ignoreCapo), _printable(other._printable), _protected(other._protected)
+{
+    for (const auto &track : other._audioTracks)
+        _audioTracks.push_back(std::make_shared<AudioTrack>(*track));
+}
+
+ScoreModel &ScoreModel::operator=(const ScoreModel &other)
+{
+    if (this == &other)
+        return *this;
+    *_masterTrack = *other._masterTrack;
+    _tracks = other._tracks;
+    _audioTracks.clear();
+    for (const auto &track : other._audioTracks)
+        _audioTracks.push_back(std::make_shared<AudioTrack>(*track));
+    _properties = other._properties;
+    _headersAndFooters = other._headersAndFooters;
+    _pageSetup = other._pageSetup;
+    _systemsLayout = other._systemsLayout;
+    _concertTone = other._concertTone;
+    _defaultBarsPerSystem = other._defaultBarsPerSystem;
+    _ignoreCapo = other._ignoreCapo;
+    _printable = other._printable;
+    _protected = other._protected;
+    linkChildren();
+    return *this;
+}
+
+ScoreModel::~ScoreModel() = default;
+
+std::shared_ptr<ScoreModel> ScoreModel::clone() const
+{
+    return ChildLinkAccess::clone(*this);
+}
+
+void ScoreModel::linkChildren()
+{
+    if (!_masterTrack->parentScoreModel())
+        if (const auto self = weak_from_this().lock())
+            _masterTrack->setParentScoreModel(self);
+    _tracks.link(weak_from_this());
+}
+
+void ScoreModel::setParentScore(Score *score) noexcept
+{
+    _score = score;
+    linkChildren();
+}
+
+const std::shared_ptr<MasterTrack> &ScoreModel::masterTrack()
+{
+    linkChildren();
+    return _masterTrack;
+}
+
+std::shared_ptr<Track> ScoreModel::track(unsigned index)
+{
+    linkChildren();
+    return _tracks.at(index);
+}
+
+std::shared_ptr<Track> ScoreModel::lastTrack() const
+{
+    return hasTracks() ? tracks().back() : nullptr;
+}
+
+std::shared_ptr<Track> ScoreModel::createTrack(InstrumentSet::Type type)
+{
+    return Track(type).clone();
+}
+
+std::shared_ptr<Track> ScoreModel::createAndInsertTrack(unsigned index, InstrumentSet::Type type)
+{
+    auto track = createTrack(type);
+    insertTrack(index, track, true);
+    return track;
+}
+
+void ScoreModel::addTrack(const std::shared_ptr<Track> &track)
+{
+    insertTrack(trackCount(), track);
+}
+
+void ScoreModel::insertTrack(unsigned index, const std::shared_ptr<Track> &track, bool alignBars)
+{
+    linkChildren();
+    _tracks.insert(index, track, weak_from_this());
+    if (!alignBars)
+        return;
+    const unsigned count = _masterTrack->masterBarCount();
+    for (const auto &staff : track->staves()) {
+        if (staff->barCount() < count)
+            staff->addEmptyBars(count - staff->barCount());
+        else if (staff->barCount() > count)
+            staff->takeBars(count, staff->barCount() - 1, LinkMode::Mend);
+    }
+}
+
+std::shared_ptr<Track> ScoreModel::removeTrack(unsigned index)
+{
+    auto taken = _tracks.take(index, index);
+    return taken.empty() ? nullptr : std::move(taken.front());
+}
+
+void ScoreModel::clearTracks()
+{
+    if (hasTracks())
+        _tracks.take(0, trackCount() - 1);
+}
+
+void ScoreModel::swapTrack(unsigned first, unsigned second)
+{
+    if (hasTrackIndex(first) && hasTrackIndex(second))
+        _tracks.swap(first, second);
+}
+
+void ScoreModel::clear()
+{
+    clearTracks();
+    clearAudioTracks();
+    _masterTrack->clear();
+}
+
+bool ScoreModel::tryGetAudioTrack(unsigned index, std::shared_ptr<AudioTrack> &track) const
+{
+    if (index >= audioTrackCount())
+        return false;
+    track = _audioTracks[index];
+    return true;
+}
+
+void ScoreModel::addAudioTrack(const std::shared_ptr<AudioTrack> &track)
+{
+    insertAudioTrack(audioTrackCount(), track);
+}
+
+void ScoreModel::insertAudioTrack(unsigned index, const std::shared_ptr<AudioTrack> &track)
+{
+    ZARN_ASSERT_IN("zarn::ScoreModel::insertAudioTrack", track != nullptr);
+    _audioTracks.insert(_audioTracks.begin() + std::min(index, audioTrackCount()), track);
+}
+
+std::shared_ptr<AudioTrack> ScoreModel::removeAudioTrack(unsigned index)
+{
+    if (index >= audioTrackCount())
+        return {};
+    auto track = std::move(_audioTracks[index]);
+    _audioTracks.erase(_audioTracks.begin() + index);
+    return track;
+}
+
+void ScoreModel::clearAudioTracks()
+{
+    _audioTracks.clear();
+}
+
+void ScoreModel::swapAudioTrack(unsigned first, unsigned second)
+{
+    if (first < audioTrackCount() && second < audioTrackCount())
+        _audioTracks[first].swap(_audioTracks[second]);
+}
+
+bool operator==(const ScoreModel &left, const ScoreModel &right)
+{
+    return left._properties == right._properties
+        && left._headersAndFooters == right._headersAndFooters
+        && left._pageSetup == right._pageSetup && left._systemsLayout == right._systemsLayout
+        && left._concertTone == right._concertTone
+        && left._defaultBarsPerSystem == right._defaultBarsPerSystem
+        && left._ignoreCapo == right._ignoreCapo && left._printable == right._printable
+        && left._protected == right._protected
+        && std::equal(left._audioTracks.begin(), left._audioTracks.end(),
+                      right._audioTracks.begin(), right._audioTracks.end(),
+                      [](const auto &a, const auto &b) { return *a == *b; })
+        && *left._masterTrack == *right._masterTrack && left._tracks == right._tracks;
+}
+
+} // namespace zarn

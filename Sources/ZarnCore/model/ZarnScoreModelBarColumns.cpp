@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+// Bar columns go in and out of all staves at once.
+#include <ZarnCore/model/ZarnScoreModel.h>
+
+#include <algorithm>
+
+namespace zarn {
+namespace {
+
+/// Marks of the bars beside a joint that a change may take away: a double simile reaches two bars
+/// to either side.
+void collectSimileMarks(const ScoreModel &model, unsigned from, unsigned to,
+                        std::vector<SimileMarkPlace> &marks)
+{
+    for (const auto &track : model.tracks())
+        for (const auto &staff : track->staves())
+            for (unsigned i = from; i < std::min(to, staff->barCount()); ++i)
+                if (const SimileMark mark = staff->bars()[i]->simileMark();
+                    mark != SimileMark::None)
+                    marks.push_back({track->index(), staff->index(), i, mark});
+}
+
+} // namespace
+
+BarColumnSurroundings ScoreModel::insertEmptyBarColumns(unsigned index, unsigned count)
+{
+    linkChildren();
+    index = std::min(index, _masterTrack->masterBarCount());
+    BarColumnSurroundings before;
+    before.directions = _masterTrack->directionSlots();
+    collectSimileMarks(*this, index < 2 ? 0 : index - 2, index + 2, before.simileMarks);
+
+    _masterTrack->insertEmptyMasterBars(index, count);
+    for (const auto &track : tracks())
+        track->insertEmptyBars(index, count, LinkMode::Mend);
+    _masterTrack->updatePlayList();
+    return before;
+}
+
+BarColumns ScoreModel::takeBarColumns(unsigned first, unsigned last)
+{
+    BarColumns taken;
+    taken.first = first;
+    if (first > last || first >= _masterTrack->masterBarCount())
+        return taken;
+    linkChildren();
+    last = std::min(last, _masterTrack->masterBarCount() - 1);
+
+    taken.surroundings.directions = _masterTrack->directionSlots();
+    collectSimileMarks(*this, first < 2 ? 0 : first - 2, first, taken.surroundings.simileMarks);
+    collectSimileMarks(*this, last + 1, last + 3, taken.surroundings.simileMarks);
+
+    taken.automations.reserve(1 + trackCount());
+    taken.automations.push_back(_masterTrack->eraseBlocks(first, last));
+    _masterTrack->removeDirections(first, last);
+    taken.masterBars = _masterTrack->takeMasterBarBlock(first, last);
+    taken.bars.reserve(trackCount());
+    for (const auto &track : tracks()) {
+        taken.automations.push_back(track->mutableAutomations().eraseBlocks(first, last));
+        Track::BarBlocks blocks;
+        for (const auto &staff : track->staves())
+            blocks.push_back(staff->takeBars(first, last, LinkMode::Mend));
+        taken.bars.push_back(std::move(blocks));
+    }
+    _masterTrack->updatePlayList();
+    return taken;
+}
+
+void ScoreModel::putBackBarColumns(BarColumns columns)
+{
+    if (columns.masterBars.empty())
+        return;
+    ZARN_ASSERT_IN("zarn::ScoreModel::putBackBarColumns",
+                   columns.bars.size() == trackCount()
+                       && columns.automations.size() == trackCount() + 1u
+                       && columns.first <= _masterTrack->masterBarCount());
+    for (unsigned i = 0; i < trackCount(); ++i)
+        ZARN_ASSERT_IN("zarn::ScoreModel::putBackBarColumns",
+                       columns.bars[i].size() == tracks()[i]->staffCount());
+    linkChildren();
+
+    _masterTrack->insertMasterBarBlock(columns.first, std::move(columns.masterBars));
+    _masterTrack->restoreBlocks(std::move(columns.automations[0]));
+    for (unsigned i = 0; i < trackCount(); ++i) {
+        const auto &track = tracks()[i];
+        track->mutableAutomations().restoreBlocks(std::move(columns.automations[i + 1]));
+        for (unsigned staff = 0; staff < track->staffCount(); ++staff)
+            track->staves()[staff]->insertBars(columns.first, std::move(columns.bars[i][staff]));
+    }
+    restoreSurroundings(columns.surroundings);
+}
+
+void ScoreModel::restoreSurroundings(const BarColumnSurroundings &surroundings)
+{
+    _masterTrack->setDirectionSlots(surroundings.directions);
+    for (const SimileMarkPlace &place : surroundings.simileMarks)
+        if (const auto track = _tracks.at(place.track))
+            if (const auto bar = track->bar(place.bar, place.staff))
+                bar->setSimileMark(place.mark);
+    _masterTrack->updatePlayList();
+}
+
+} // namespace zarn

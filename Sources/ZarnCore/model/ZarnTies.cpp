@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/model/ZarnTies.h>
+
+#include <ZarnCore/model/ZarnStaff.h>
+#include <ZarnCore/model/ZarnVoice.h>
+
+namespace zarn {
+namespace {
+
+/// Same string when both have one, same key otherwise.
+bool sameLocation(const Note &left, const Note &right) noexcept
+{
+    if (left.string() != Note::Unset && right.string() != Note::Unset)
+        return left.string() == right.string();
+    return left.midi() == right.midi()
+        && left.percussionArticulation() == right.percussionArticulation()
+        && left.staffLine() == right.staffLine();
+}
+
+bool hasPartner(const Note &note, const Beat *beat, bool (Note::*linked)() const noexcept)
+{
+    if (!beat)
+        return false;
+    for (const auto &other : beat->notes())
+        if (((*other).*linked)() && sameLocation(note, *other))
+            return true;
+    return false;
+}
+
+/// Beat at the end or at the start of the same voice in a neighbouring bar.
+std::shared_ptr<Beat> neighbourBeat(const Voice &voice, int step)
+{
+    const auto bar = voice.parentBar();
+    const auto staff = bar ? bar->parentStaff() : nullptr;
+    if (!staff || (step < 0 && bar->index() == 0))
+        return {};
+    const auto next = staff->bar(step < 0 ? bar->index() - 1 : bar->index() + 1);
+    const auto other = next ? next->voice(voice.index()) : nullptr;
+    if (!other || other->isEmpty())
+        return {};
+    return step < 0 ? other->beats().back() : other->beats().front();
+}
+
+void mendJoint(const Voice &voice, unsigned index)
+{
+    const auto before = index != 0 ? voice.beat(index - 1) : neighbourBeat(voice, -1);
+    const auto after = index < voice.beatCount() ? voice.beat(index) : neighbourBeat(voice, 1);
+    if (after)
+        for (const auto &note : after->notes())
+            if (note->isTied() && !hasPartner(*note, before.get(), &Note::isTieOrigin))
+                note->setTied(false);
+    if (before)
+        for (const auto &note : before->notes())
+            if (note->isTieOrigin() && !hasPartner(*note, after.get(), &Note::isTied))
+                note->setTieOrigin(false);
+}
+
+} // namespace
+
+void mendTies(Voice &voice, unsigned first, unsigned last)
+{
+    mendJoint(voice, first);
+    if (last != first)
+        mendJoint(voice, last);
+}
+
+} // namespace zarn

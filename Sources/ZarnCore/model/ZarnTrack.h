@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/ZarnExport.h>
+#include <ZarnCore/ZarnTypes.h>
+#include <ZarnCore/instruments/ZarnAutomationContainer.h>
+#include <ZarnCore/instruments/ZarnInstrumentSet.h>
+#include <ZarnCore/instruments/ZarnSound.h>
+#include <ZarnCore/model/ZarnChildList.h>
+#include <ZarnCore/model/ZarnLinkMode.h>
+#include <ZarnCore/model/ZarnStaff.h>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace zarn {
+
+class ScoreModel;
+
+/// One part of the score: an instrument, its staves, sounds and playback automations.
+///
+/// Operations on bars touch this track alone; `ScoreModel` has those that keep the bar columns of
+/// all tracks aligned. A track attached to a model gives new staves a bar per master bar.
+class ZARNCORE_EXPORT Track final : public std::enable_shared_from_this<Track>,
+                                    public IndexedChildLink<ScoreModel> {
+public:
+    using Staves = std::vector<std::shared_ptr<Staff>>;
+    using Sounds = std::vector<std::shared_ptr<const Sound>>;
+
+    /// The bars taken from each staff, in staff order.
+    using BarBlocks = std::vector<Staff::Bars>;
+
+    /// A track with one staff, for no particular instrument.
+    Track();
+
+    /// A track as its instrument needs it: name, icon, number of staves, standard tuning.
+    explicit Track(InstrumentSet::Type type);
+    Track(const Track &other) = default;
+    Track &operator=(const Track &other);
+    ~Track() = default;
+
+    /// A copy whose staves know it as their parent.
+    std::shared_ptr<Track> clone() const;
+
+    /// Empty while the track is detached.
+    std::shared_ptr<ScoreModel> parentScoreModel() const noexcept { return lockParent(); }
+
+    /// Sets the link alone; the model's own operations do so for its tracks.
+    void setParentScoreModel(const std::shared_ptr<ScoreModel> &model);
+
+    /// Place in the model; 0 while detached.
+    unsigned index() const noexcept { return place(); }
+
+    // Staves.
+
+    const Staves &staves() const noexcept { return _staves.items(); }
+    unsigned staffCount() const noexcept { return _staves.size(); }
+
+    /// Empty past the end.
+    std::shared_ptr<Staff> staff(unsigned index) const { return _staves.at(index); }
+    std::shared_ptr<Staff> staff(unsigned index);
+
+    /// Adds staves behind or removes the last ones; a new staff has as many bars as the others,
+    /// or as the model. Raises for 0.
+    void setStaffCount(unsigned count);
+
+    /// Puts a detached staff in the place of another, which becomes detached; raises past the
+    /// end. Its bars are not adapted.
+    void setStaff(unsigned index, const std::shared_ptr<Staff> &staff);
+
+    /// Puts staves behind the others as they are, or takes the last ones out; to undo a change
+    /// of their number with the very same staves.
+    void addStaves(Staves staves);
+    Staves takeStavesFrom(unsigned index);
+
+    // Bars; see `Staff` for what the forms do. Those without a staff number act on all staves and
+    // move the automations with their bars.
+
+    /// Bars of the first staff.
+    unsigned barCount() const noexcept;
+
+    /// Raises when there is no such staff.
+    const Staff::Bars &bars(unsigned staffIndex = 0) const;
+
+    /// Empty when there is no such bar or staff.
+    std::shared_ptr<Bar> bar(unsigned barIndex, unsigned staffIndex = 0) const;
+
+    /// Nothing happens when there is no such staff.
+    void addBar(const std::shared_ptr<Bar> &bar, unsigned staffIndex,
+                LinkMode mode = LinkMode::None);
+    void insertBar(unsigned index, const std::shared_ptr<Bar> &bar, unsigned staffIndex,
+                   LinkMode mode = LinkMode::None);
+
+    void addEmptyBars(unsigned count, LinkMode mode = LinkMode::None);
+    void insertEmptyBars(unsigned index, unsigned count, LinkMode mode = LinkMode::None);
+    void removeBar(unsigned index, LinkMode mode = LinkMode::None);
+    void removeAllBars();
+
+    // Sounds.
+
+    const Sounds &sounds() const noexcept { return _sounds; }
+    void addSound(std::shared_ptr<const Sound> sound);
+
+    /// In front of `index`; past the end it is appended. Raises for none.
+    void insertSound(unsigned index, std::shared_ptr<const Sound> sound);
+
+    /// Returns the sound; empty past the end.
+    std::shared_ptr<const Sound> removeSoundAtIndex(unsigned index);
+
+    /// Place of the first equal sound; -1 when there is none.
+    int indexOfSound(const Sound &sound) const noexcept;
+
+    const AutomationContainer &automations() const noexcept { return _automations; }
+    AutomationContainer &mutableAutomations() noexcept { return _automations; }
+
+    // Attributes; texts are UTF-8.
+
+    InstrumentSet::Type type() const noexcept { return _type; }
+    void setType(InstrumentSet::Type type) noexcept { _type = type; }
+
+    const std::string &name() const noexcept { return _name; }
+    void setName(const std::string &name) { _name = name; }
+    const std::string &shortName() const noexcept { return _shortName; }
+    void setShortName(const std::string &name) { _shortName = name; }
+
+    ZarnIconID iconID() const noexcept { return _icon; }
+    void setIconID(ZarnIconID icon) noexcept { _icon = icon; }
+
+    /// 0xRRGGBB.
+    std::uint32_t color() const noexcept { return _color; }
+    void setColor(std::uint32_t color) noexcept { _color = color; }
+
+    /// Semitones from the written pitch to what sounds: -2 for a clarinet in B flat.
+    int transpositionOffset() const noexcept { return _transpositionOffset; }
+    void setTranspositionOffset(int semitones) noexcept { _transpositionOffset = semitones; }
+
+    /// Compares the staves and what is written, not where.
+    friend ZARNCORE_EXPORT bool operator==(const Track &left, const Track &right);
+    friend bool operator!=(const Track &left, const Track &right) { return !(left == right); }
+
+private:
+    friend struct ChildLinkAccess;
+
+    void linkChildren() { _staves.link(weak_from_this()); }
+    std::shared_ptr<Staff> makeStaff(unsigned barCount) const;
+
+    InstrumentSet::Type _type = InstrumentSet::unknown;
+    ChildList<Track, Staff> _staves;
+    Sounds _sounds;
+    AutomationContainer _automations;
+    std::string _name;
+    std::string _shortName;
+    ZarnIconID _icon;
+    std::uint32_t _color = 0xDB5E55;
+    int _transpositionOffset = 0;
+};
+
+} // namespace zarn
