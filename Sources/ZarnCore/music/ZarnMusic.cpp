@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/music/ZarnMusic.h>
+
+#include <ZarnCore/ZarnAssert.h>
+#include <ZarnCore/music/SpellingTables.h>
+#include <ZarnCore/music/ZarnTone.h>
+
+#include <QStringList>
+
+namespace zarn {
+
+NoteName Music::noteNameFromMidi(int midi, bool preferSharp, NoteAccidental *accidental) noexcept
+{
+    const Tone tone(midi);
+    if (accidental != nullptr)
+        *accidental = tone.accidental(preferSharp);
+    return tone.noteName(preferSharp);
+}
+
+NoteAccidental Music::accidentalFromMidi(int midi, bool preferSharp) noexcept
+{
+    return Tone(midi).accidental(preferSharp);
+}
+
+QString Music::noteNameToString(NoteName name)
+{
+    return name.toString();
+}
+
+NoteName Music::noteNameFromString(const char *text)
+{
+    ZARN_ASSERT_IN("zarn::Music::noteNameFromString", text != NULL);
+    return NoteName::fromString(QString::fromUtf8(text));
+}
+
+QString Music::noteAndAccidentalsToString(const std::vector<NoteAndAccidental> &notes)
+{
+    QStringList texts;
+    for (const NoteAndAccidental &note : notes)
+        texts.append(note.note.toString() + note.accidental.toString(true));
+    return texts.join(QLatin1Char(' '));
+}
+
+std::optional<Interval> Music::simplestNoteQualification(const PitchClass &from,
+                                                         const PitchClass &to)
+{
+    const std::vector<Interval> &intervals = from.interval(to); // in their order
+    return intervals.empty() ? std::nullopt : std::optional<Interval>(intervals.front());
+}
+
+int Music::getNumberOfBeamsByValue(RhythmValue::NoteValue noteValue)
+{
+    ZARN_ASSERT_IN("zarn::Music::getNumberOfBeamsByValue",
+                   noteValue < RhythmValue::NoteValue::Invalid);
+    const int beams =
+        static_cast<int>(noteValue) - static_cast<int>(RhythmValue::NoteValue::Quarter);
+    return beams > 0 ? beams : 0;
+}
+
+KeySignature Music::transposedKeySignature(const KeySignature &key, int semitones) noexcept
+{
+    // A semitone is seven fifths; twelve fifths lead to the same key.
+    int count = spelling::wrapped(key.accidentalCount() + 7 * (semitones % 12), 12);
+    if (count > 6 || (count == 6 && !key.transposeAsSharps()))
+        count -= 12;
+    return KeySignature(count, key.isMajor(), key.transposeAsSharps());
+}
+
+Accidental Music::validateForcedAccidentalForMidi(int midi, Accidental forced, bool preferSharp,
+                                                  int keyAccidentalCount)
+{
+    const auto spells = [tone = Tone(midi)](NoteName name, NoteAccidental accidental) {
+        return Tone(name, accidental) == tone;
+    };
+    if (forced != Accidental::None)
+        for (int letter = 0; letter < spelling::letterCount; ++letter)
+            if (spells(static_cast<NoteName::Value>(letter), NoteAccidental(forced)))
+                return forced;
+    const KeySignature key(keyAccidentalCount);
+    for (int letter = 0; letter < spelling::letterCount; ++letter) {
+        const NoteName name(static_cast<NoteName::Value>(letter));
+        if (spells(name, key.accidentalWithStep(name)))
+            return key.accidentalWithStep(name).accidentalValue();
+    }
+    return accidentalFromMidi(midi, preferSharp).accidentalValue();
+}
+
+} // namespace zarn
