@@ -5,7 +5,8 @@
 
 #include <QLoggingCategory>
 
-/// Logging categories; each is created on first use and may be used from any thread.
+/// Logging categories; each is created on first use and may be used from any thread. Warnings and
+/// worse are logged; rules such as QT_LOGGING_RULES="zarn.core.*=true" turn on the rest.
 namespace zarn::log {
 
 ZARNCORE_EXPORT const QLoggingCategory &chords();
