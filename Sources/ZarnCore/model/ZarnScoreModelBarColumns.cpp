@@ -8,16 +8,15 @@ namespace zarn {
 namespace {
 
 /// Marks of the bars beside a joint that a change may take away: a double simile reaches two bars
-/// to either side.
+/// to either side. Bars without a mark are noted too: columns that are put back may find one there.
 void collectSimileMarks(const ScoreModel &model, unsigned from, unsigned to,
                         std::vector<SimileMarkPlace> &marks)
 {
     for (const auto &track : model.tracks())
         for (const auto &staff : track->staves())
             for (unsigned i = from; i < std::min(to, staff->barCount()); ++i)
-                if (const SimileMark mark = staff->bars()[i]->simileMark();
-                    mark != SimileMark::None)
-                    marks.push_back({track->index(), staff->index(), i, mark});
+                marks.push_back(
+                    {track->index(), staff->index(), i, staff->bars()[i]->simileMark()});
 }
 
 } // namespace
