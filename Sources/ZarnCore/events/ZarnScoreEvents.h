@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/ZarnTypes.h>
+#include <ZarnCore/events/ZarnEventShapes.h>
+#include <ZarnCore/model/ZarnHeaderAndFooter.h>
+#include <ZarnCore/model/ZarnScoreModelIndex.h>
+
+/// Events of the score as a whole.
+namespace zarn::evt {
+
+/// Names a property of the score.
+template <Number N>
+class PropertyEvent : public EventOf<N> {
+public:
+    explicit PropertyEvent(ScoreProperty property) : _property(property) { }
+
+    ScoreProperty property() const noexcept { return _property; }
+
+private:
+    ScoreProperty _property;
+};
+
+/// Names a header or a footer.
+template <Number N>
+class HeaderEvent : public EventOf<N> {
+public:
+    explicit HeaderEvent(HeaderAndFooter part) : _part(part) { }
+
+    HeaderAndFooter part() const noexcept { return _part; }
+
+private:
+    HeaderAndFooter _part;
+};
+
+/// The pitch of the reference A changed; in hertz.
+class ConcertToneChanged final : public ChangeEvent<Number::ConcertToneChanged, double> {
+    using ChangeEvent::ChangeEvent;
+};
+
+/// The bar counts of the systems of the full score changed; they are read from the model.
+class FullScoreSystemsLayoutChanged final : public EventOf<Number::FullScoreSystemsLayoutChanged> {
+};
+
+/// The score was protected against changes, or set free.
+class ScoreLockTypeChanged final : public ChangeEvent<Number::ScoreLockTypeChanged, bool> {
+    using ChangeEvent::ChangeEvent;
+};
+
+/// Playing times shown at beats of these bars were added, changed or removed.
+class RequestTimerChanged final : public StaffBarsEvent<Number::RequestTimerChanged> {
+    using StaffBarsEvent::StaffBarsEvent;
+};
+
+/// The score's cursor moved. Undo moves it back to where it was before the command.
+class ScoreCursorMoved final : public ChangeEvent<Number::ScoreCursorMoved, ScoreModelIndex> {
+    using ChangeEvent::ChangeEvent;
+};
+
+/// What is displayed is to be drawn anew; the music is the same.
+class RequestDisplayUpdate final : public EventOf<Number::RequestDisplayUpdate> { };
+
+/// A title, an author or another text property of the score changed.
+class PropertyChanged final : public PropertyEvent<Number::PropertyChanged> {
+    using PropertyEvent::PropertyEvent;
+};
+
+/// Several properties of the score changed at once.
+class PropertiesChanged final : public EventOf<Number::PropertiesChanged> { };
+
+/// A header or footer text changed.
+class HeaderAndFooterChanged final : public HeaderEvent<Number::HeaderAndFooterChanged> {
+    using HeaderEvent::HeaderEvent;
+};
+
+/// The reverb of the master track was changed, added or removed.
+class MasteringReverbChanged final : public EventOf<Number::MasteringReverbChanged> { };
+
+/// The tempo that the score starts with changed; in quarter notes per minute.
+class GlobalTempoChanged final : public ChangeEvent<Number::GlobalTempoChanged, double> {
+    using ChangeEvent::ChangeEvent;
+};
+
+/// The first bar became a pickup bar, or stopped being one.
+class AnacrusisChanged final : public ChangeEvent<Number::AnacrusisChanged, bool> {
+    using ChangeEvent::ChangeEvent;
+};
+
+/// The chords or chord diagrams of a staff changed.
+class ChordsChanged final : public StaffEvent<Number::ChordsChanged> {
+    using StaffEvent::StaffEvent;
+};
+
+/// A setting shared by all scores changed, such as a catalogue; everything taken from it is
+/// stale.
+class CoreAttributeChanged final : public EventOf<Number::CoreAttributeChanged> { };
+
+/// The whole content of the score was replaced; nothing known about it holds.
+class ScoreChanged final : public EventOf<Number::ScoreChanged> { };
+
+} // namespace zarn::evt

@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/events/ZarnEventShapes.h>
+#include <ZarnCore/model/ZarnScoreModelIndex.h>
+
+#include <utility>
+
+/// Events of sounds and audio tracks. Tracks, and sounds within their track, are counted from 0.
+namespace zarn::evt {
+
+/// Names a place in the score.
+template <Number N>
+class PlaceEvent : public EventOf<N> {
+public:
+    explicit PlaceEvent(ScoreModelIndex place) : _place(std::move(place)) { }
+
+    const ScoreModelIndex &place() const noexcept { return _place; }
+
+private:
+    ScoreModelIndex _place;
+};
+
+/// Names a sound of a track.
+template <Number N>
+class TrackSoundEvent : public EventOf<N> {
+public:
+    TrackSoundEvent(int trackIndex, int soundIndex)
+        : _trackIndex(trackIndex), _soundIndex(soundIndex)
+    {
+    }
+
+    int trackIndex() const noexcept { return _trackIndex; }
+    int soundIndex() const noexcept { return _soundIndex; }
+
+private:
+    int _trackIndex;
+    int _soundIndex;
+};
+
+/// The beat at this place should be heard.
+class RequestPlayBeat final : public PlaceEvent<Number::RequestPlayBeat> {
+    using PlaceEvent::PlaceEvent;
+};
+
+/// An audio track was inserted at this index. Undo sends `RemoveAudioTrack`.
+class AddAudioTrack final : public IndexEvent<Number::AddAudioTrack> {
+    using IndexEvent::IndexEvent;
+};
+
+/// The audio track at this index was removed. Undo sends `AddAudioTrack`.
+class RemoveAudioTrack final : public IndexEvent<Number::RemoveAudioTrack> {
+    using IndexEvent::IndexEvent;
+};
+
+/// The audio track at this index changed.
+class AudioTrackChanged final : public IndexEvent<Number::AudioTrackChanged> {
+    using IndexEvent::IndexEvent;
+};
+
+/// A track is played with one sound throughout, or no longer so: the old and the new forced
+/// sound, -1 for none.
+class RequestForcedSoundIndexChange final
+    : public TrackChangeEvent<Number::RequestForcedSoundIndexChange> {
+    using TrackChangeEvent::TrackChangeEvent;
+};
+
+/// A sound of a track was replaced.
+class RequestSoundChange final : public TrackSoundEvent<Number::RequestSoundChange> {
+    using TrackSoundEvent::TrackSoundEvent;
+};
+
+/// A sound was added behind the sounds of a track, at this index. Undo sends
+/// `RequestRemoveSound`.
+class RequestAddSound final : public TrackSoundEvent<Number::RequestAddSound> {
+    using TrackSoundEvent::TrackSoundEvent;
+};
+
+/// A sound was inserted at this index. Undo sends `RequestRemoveSound`.
+class RequestInsertSound final : public TrackSoundEvent<Number::RequestInsertSound> {
+    using TrackSoundEvent::TrackSoundEvent;
+};
+
+/// The sound at this index was removed. Undo sends `RequestInsertSound`.
+class RequestRemoveSound final : public TrackSoundEvent<Number::RequestRemoveSound> {
+    using TrackSoundEvent::TrackSoundEvent;
+};
+
+/// Two sounds of a track changed places.
+class RequestSwapSounds final : public TrackSwapEvent<Number::RequestSwapSounds> {
+    using TrackSwapEvent::TrackSwapEvent;
+};
+
+/// Another sound of a track is being edited: the old and the new one, -1 for none.
+class EditingSoundIndexChanged final : public TrackChangeEvent<Number::EditingSoundIndexChanged> {
+    using TrackChangeEvent::TrackChangeEvent;
+};
+
+} // namespace zarn::evt
