@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+// The command stack against QUndoStack: 69 commands kept, a command that counts, the stack full.
+#include "RatioReport.h"
+
+#include <ZarnCore/commands/ZarnCommand.h>
+#include <ZarnCore/commands/ZarnCommandStack.h>
+#include <ZarnCore/events/ZarnCommandEvents.h>
+#include <ZarnCore/score/ZarnScore.h>
+
+#include <QUndoStack>
+
+#include <functional>
+#include <malloc.h>
+#include <memory>
+#include <utility>
+
+namespace {
+
+constexpr int keptCommands = 69;
+
+struct QtCount : QUndoCommand {
+    explicit QtCount(long &value) : QUndoCommand(QStringLiteral("Count")), _value(value) { }
+    void redo() override { ++_value; }
+    void undo() override { --_value; }
+    long &_value;
+};
+
+struct Count : zarn::Command {
+    explicit Count(long &value) : _value(value) { setName(QStringLiteral("Count")); }
+    void redo() override { ++_value; }
+    void undo() override { --_value; }
+    long &_value;
+};
+
+/// The reference: a stack that is full.
+struct QtStack {
+    QtStack()
+    {
+        stack.setUndoLimit(keptCommands);
+        for (int i = 0; i < keptCommands; ++i)
+            push();
+    }
+    void push() { stack.push(new QtCount(value)); }
+    void undo() { stack.undo(); }
+    void redo() { stack.redo(); }
+    void macro(int count)
+    {
+        stack.beginMacro(QStringLiteral("Macro"));
+        for (int i = 0; i < count; ++i)
+            push();
+        stack.endMacro();
+    }
+    long value = 0;
+    QUndoStack stack;
+};
+
+/// Ours: the stack of a score, with its cursor and its events. With `isHeard`, someone listens.
+struct OurStack {
+    explicit OurStack(bool isHeard = false)
+    {
+        if (isHeard) {
+            using namespace zarn::evt;
+            score.connect<CommandPushed>(this, [this](const CommandPushed &) { ++heard; });
+            score.connect<CommandExecuted>(this, [this](const CommandExecuted &) { ++heard; });
+        }
+        for (int i = 0; i < keptCommands; ++i)
+            push();
+    }
+    void push() { stack.pushCommand(new Count(value)); }
+    void undo() { stack.undo(); }
+    void redo() { stack.redo(); }
+    void macro(int count)
+    {
+        stack.beginMacroCommand();
+        for (int i = 0; i < count; ++i)
+            push();
+        stack.endMacroCommand(true);
+    }
+    long value = 0;
+    long heard = 0;
+    zarn::Score score;
+    zarn::CommandStack &stack = score.commandStack();
+};
+
+/// Repeats an action on a full stack.
+template <class Stack, class Action>
+auto repeat(Action action, std::function<Stack *()> make)
+{
+    return [action, make](benchmark::State &state) {
+        const std::unique_ptr<Stack> stack(make());
+        for (auto _ : state)
+            action(*stack);
+        benchmark::DoNotOptimize(stack->value);
+    };
+}
+
+template <class Action>
+void compare(bench::RatioReport &report, const char *name, double target, Action action,
+             bool isHeard = false)
+{
+    report.compare(name, target, repeat<QtStack>(action, [] { return new QtStack; }),
+                   repeat<OurStack>(action, [isHeard] { return new OurStack(isHeard); }));
+}
+
+/// Bytes in use before and after a hundred thousand pushes past a full ring.
+std::pair<double, double> heapOfPushes()
+{
+    OurStack stack;
+    for (int i = 0; i < 1000; ++i)
+        stack.push();
+    const auto before = mallinfo2().uordblks;
+    for (int i = 0; i < 100000; ++i)
+        stack.push();
+    return {static_cast<double>(before), static_cast<double>(mallinfo2().uordblks)};
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const auto push = [](auto &stack) { stack.push(); };
+    const auto macroOf = [](int count) {
+        return [count](auto &stack) {
+            stack.macro(count);
+            stack.undo();
+            stack.redo();
+        };
+    };
+    bench::RatioReport report;
+    compare(report, "push", 0.5, push);
+    compare(report, "push, two listeners", 0.5, push, true);
+    compare(report, "push and undo", 0.5, [](auto &stack) {
+        stack.push();
+        stack.undo();
+    });
+    compare(report, "undo and redo", 0.7, [](auto &stack) {
+        stack.undo();
+        stack.redo();
+    });
+    compare(report, "macro of 1,000 done, undone, redone", 0.65, macroOf(1000));
+    compare(report, "macro of 10,000 done, undone, redone", 0.65, macroOf(10000));
+    report.compare("macro of 10,000 / macro of 1,000", 11,
+                   repeat<OurStack>(macroOf(1000), [] { return new OurStack; }),
+                   repeat<OurStack>(macroOf(10000), [] { return new OurStack; }));
+    report.compareValues("heap after 100,000 pushes / before", 1.0, heapOfPushes);
+    return report.run(argc, argv);
+}

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/commands/Bar/ZarnCreateBars.h>
+
+#include <ZarnCore/ZarnAssert.h>
+#include <ZarnCore/events/ZarnBarEvents.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/score/ZarnScore.h>
+
+#include <limits>
+
+namespace zarn::cmd {
+
+CreateBars::CreateBars() : ScoreCommand(QStringLiteral("CreateBars")) { }
+CreateBars::~CreateBars() = default;
+
+bool CreateBars::init(Score *score, unsigned index, unsigned count)
+{
+    ZARN_ASSERT_IN("zarn::cmd::CreateBars::init", score != NULL);
+    setScore(score);
+    _index = index;
+    _count = count;
+    addArg(QStringLiteral("Index"), QString::number(index));
+    addArg(QStringLiteral("Count"), QString::number(count));
+    const unsigned present = model().masterTrack()->masterBarCount();
+    const unsigned largest = std::numeric_limits<int>::max();
+    return index <= present && count > 0 && count <= largest - present;
+}
+
+void CreateBars::apply()
+{
+    ZARN_ASSERT_IN("zarn::cmd::CreateBars::apply",
+                   _index <= model().masterTrack()->masterBarCount());
+    if (_undone.has_value()) {
+        model().putBackBarColumns(std::move(*_undone));
+        _undone.reset();
+    } else {
+        _surroundings = model().insertEmptyBarColumns(_index, _count);
+    }
+}
+
+void CreateBars::revert()
+{
+    _undone = model().takeBarColumns(_index, _index + _count - 1);
+    model().restoreSurroundings(_surroundings);
+}
+
+void CreateBars::announceApplied()
+{
+    score().notify(this, evt::AddBars(static_cast<int>(_index), static_cast<int>(_count)));
+}
+
+void CreateBars::announceReverted()
+{
+    score().notify(this, evt::RemoveBars(static_cast<int>(_index), static_cast<int>(_count)));
+}
+
+} // namespace zarn::cmd

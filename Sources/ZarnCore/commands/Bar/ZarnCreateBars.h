@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/commands/ZarnScoreCommand.h>
+#include <ZarnCore/model/ZarnBarColumns.h>
+
+#include <optional>
+
+namespace zarn::cmd {
+
+/// Inserts empty bars, in every staff of every track. Sends `AddBars`; undo sends `RemoveBars`.
+class ZARNCORE_EXPORT CreateBars final : public ScoreCommand {
+public:
+    CreateBars();
+    ~CreateBars() override;
+
+    /// `count` bars in front of the bar `index`, or at the end. False for an index past the end
+    /// and for no bars.
+    bool init(Score *score, unsigned index, unsigned count);
+
+private:
+    void apply() override;
+    void revert() override;
+    void announceApplied() override;
+    void announceReverted() override;
+
+    unsigned _index = 0;
+    unsigned _count = 0;
+    BarColumnSurroundings _surroundings; ///< what the insertion changed beside the new bars
+    std::optional<BarColumns> _undone;   ///< the bars, while they are out of the model
+};
+
+} // namespace zarn::cmd

@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/ZarnExport.h>
+#include <ZarnCore/commands/ZarnMacroCommand.h>
+#include <ZarnCore/score/ZarnScoreCursor.h>
+
+#include <QStringList>
+#include <atomic>
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <thread>
+#include <vector>
+
+namespace zarn {
+
+class Score;
+
+/// Executes the commands of a score and keeps them for undo and redo, a bounded number of them.
+///
+/// Each step is announced (`CommandPushed`, `CommandWillUndo`, `CommandWillRedo`), then done under
+/// the stack's lock, then closed with `CommandExecuted`, still under the lock. A step that throws,
+/// in the command or in a listener of its announcement, leaves the stack as it was; what a listener
+/// of `CommandExecuted` throws reaches the caller after the step is done and stored.
+///
+/// Editing belongs to one thread. Other threads read the score between `tryLock` and `unlock`.
+/// Whatever changes the stack raises when it is called from inside a step: from a command, or from
+/// a listener of `CommandWillUndo`, `CommandWillRedo`, `CommandExecuted` or of the events between.
+class ZARNCORE_EXPORT CommandStack {
+public:
+    /// Without a score (null) no events are sent and no cursor is kept. The score is not owned.
+    explicit CommandStack(Score *score);
+
+    /// Destroys all commands, those of macros that are still open too.
+    ~CommandStack();
+
+    CommandStack(const CommandStack &) = delete;
+    CommandStack &operator=(const CommandStack &) = delete;
+
+    void _setScore(Score *score) noexcept { _score = score; }
+
+    /// Takes over the command and executes it; while a macro is open, appends it to the innermost
+    /// one instead. Drops what could be redone, and the oldest command when the ring is full.
+    /// Raises for a null command.
+    void pushCommand(Command *command);
+
+    /// Reverts the newest command, and moves the score's cursor back to where it was before the
+    /// command ran. Does nothing when there is none, or no room to keep it for `redo`.
+    void undo();
+
+    /// Executes the command that was undone last; does nothing when there is none.
+    void redo();
+
+    bool undoAvailable() const noexcept;
+    bool redoAvailable() const noexcept { return _redoTop >= 0; }
+
+    /// Number of occupied slots, those included that `setMaximumUndo` left without a command.
+    std::uint32_t undoCount() const noexcept;
+    std::uint32_t redoCount() const noexcept { return static_cast<std::uint32_t>(_redoTop + 1); }
+
+    std::uint32_t maximumUndo() const noexcept { return static_cast<std::uint32_t>(_redo.size()); }
+
+    /// Destroys all commands and makes room for `count`. Of the first slots, those that held a
+    /// command stay marked as occupied: they count in `undoCount` until pushes overwrite them and
+    /// are empty for everything else. With 0, commands are executed and discarded.
+    void setMaximumUndo(std::uint32_t count);
+
+    /// Names of the commands, or their arguments, newest first.
+    QStringList undoCommandList() const;
+    QStringList redoCommandList() const;
+    QStringList undoArgList() const;
+    QStringList redoArgList() const;
+
+    /// Opens a macro inside those that are open already.
+    void beginMacroCommand();
+
+    /// Closes the innermost macro: pushes it, or destroys it with its commands, none of which was
+    /// executed. Does nothing when no macro is open.
+    void endMacroCommand(bool commit);
+
+    /// Forgets the saved cursors and calls `clearRedoStack` and `clearUndoStack`.
+    void clear();
+
+    void clearRedoStack();
+
+    /// Destroys the commands from slot 0 to the newest one. In a ring that has wrapped, the older
+    /// commands behind it are not reached: they stay until pushes overwrite them or
+    /// `setMaximumUndo` releases them.
+    void clearUndoStack();
+
+    /// Keeps commands from running, so that the caller may read the score. False when a command is
+    /// running or another reader is at work, on this thread too.
+    bool tryLock();
+
+    /// Ends what `tryLock` began, on the same thread; raises on a thread that does not hold it.
+    void unlock();
+
+    /// Writes the names of the newest commands, positions 0 to `last`, to the standard output.
+    void printTop(std::uint32_t last) const;
+
+private:
+    /// One place of the undo ring.
+    struct Slot {
+        std::unique_ptr<Command> command;
+        std::optional<ScoreCursor> cursor; ///< where the score's cursor was before the command
+        bool isOccupied = false;
+    };
+    class Step;
+    class Lock;
+    enum class Executed { FirstTime, Again };
+
+    template <class E>
+    void announce(const E &event);
+    void execute(std::unique_ptr<Command> &command, Executed executed);
+    void checkOutsideStep(const char *function) const;
+    void checkNotLockedHere(const char *function) const;
+    void dropCursors() noexcept;
+    void dropRedo() noexcept;
+    void dropUndo() noexcept;
+    std::size_t placeAfter(std::int32_t top) const noexcept;
+    template <class Visit>
+    void visitUndo(std::size_t limit, Visit visit) const;
+    template <class Visit>
+    void visitRedo(Visit visit) const;
+
+    std::mutex _mutex;
+    std::atomic<std::thread::id> _lockOwner{std::thread::id()};
+    Score *_score;
+    bool _isInsideStep = false;
+    std::int32_t _redoTop = -1;
+    std::int32_t _undoTop = -1;
+    std::vector<std::unique_ptr<Command>> _redo;
+    std::vector<Slot> _undo;
+    std::deque<std::unique_ptr<MacroCommand>> _openMacros;
+};
+
+} // namespace zarn

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/commands/ZarnCommand.h>
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace zarn {
+
+class Score;
+
+/// Commands that are executed, undone and redone as one. Its name is empty. Each run is bracketed
+/// by the events `BeginMacro` and `EndMacro`, forwards and backwards.
+///
+/// When a command throws, those that ran before it are reverted (or run again, when undoing),
+/// `EndMacro` is sent, and the exception goes on.
+class ZARNCORE_EXPORT MacroCommand final : public Command {
+public:
+    /// The score delivers the events; it is not owned.
+    explicit MacroCommand(Score *score);
+
+    /// Destroys the commands, first to last.
+    ~MacroCommand() override;
+
+    /// Appends a command and takes it over; it is not executed. Raises for a null command.
+    void pushCommand(Command *command);
+
+    std::uint32_t commandCount() const noexcept;
+
+    void redo() override;
+    void undo() override;
+
+private:
+    using Commands = std::vector<std::unique_ptr<Command>>;
+    enum class Way { Forwards, Backwards };
+
+    void run(Way way);
+    void runAll(Way way);
+    void step(Way way, std::size_t place);
+    void revert(Way way, std::size_t count) noexcept;
+
+    Commands _commands;
+    Score *_score;
+};
+
+} // namespace zarn

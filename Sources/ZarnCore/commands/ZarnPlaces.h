@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/commands/ZarnRangeNodes.h>
+#include <ZarnCore/events/ZarnBarEvents.h>
+#include <ZarnCore/events/ZarnMasterBarEvents.h>
+#include <ZarnCore/events/ZarnTrackEvents.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/ZarnScoreModelRange.h>
+#include <ZarnCore/score/ZarnScore.h>
+
+#include <memory>
+#include <vector>
+
+/// Where a command does its work: coordinates that are resolved against the model each time it
+/// runs, and the event that tells of the place. `nodes` is empty when the place does not exist.
+namespace zarn {
+
+/// The bars, beats or notes of a range. A range over several tracks is announced by
+/// `ModifyBarRangeAllTracks`, any other by `Event`.
+template <class NodeType, class Event>
+struct RangePlaces {
+    using Node = NodeType;
+    ScoreModelRange range;
+
+    std::vector<std::shared_ptr<Node>> nodes(ScoreModel &model) const
+    {
+        return nodesInRange<Node>(model, range);
+    }
+    void announce(Score &score, const void *sender) const
+    {
+        const int first = range.first().barIndex();
+        const int last = range.second().barIndex();
+        if (range.isMultiTrack())
+            score.notify(sender, evt::ModifyBarRangeAllTracks(first, last));
+        else
+            score.notify(sender,
+                         Event(range.first().trackIndex(),
+                               static_cast<int>(range.first().staffIndex()), first, last));
+    }
+};
+
+/// The master bars `first` to `last`, both included.
+template <class Event>
+struct MasterBarPlaces {
+    using Node = MasterBar;
+    unsigned first = 0;
+    unsigned last = 0;
+
+    std::vector<std::shared_ptr<Node>> nodes(ScoreModel &model) const
+    {
+        const auto &bars = model.masterTrack()->masterBars();
+        if (first > last || last >= bars.size())
+            return {};
+        return {bars.begin() + first, bars.begin() + last + 1};
+    }
+    void announce(Score &score, const void *sender) const
+    {
+        score.notify(sender, Event(static_cast<int>(first), static_cast<int>(last)));
+    }
+};
+
+/// One track.
+template <class Event>
+struct TrackPlace {
+    using Node = Track;
+    unsigned track = 0;
+
+    std::vector<std::shared_ptr<Node>> nodes(ScoreModel &model) const
+    {
+        if (!model.hasTrackIndex(track))
+            return {};
+        return {model.track(track)};
+    }
+    void announce(Score &score, const void *sender) const
+    {
+        score.notify(sender, Event(static_cast<int>(track)));
+    }
+};
+
+/// One staff of one track.
+template <class Event>
+struct StaffPlace {
+    using Node = Staff;
+    unsigned track = 0;
+    unsigned staff = 0;
+
+    std::vector<std::shared_ptr<Node>> nodes(ScoreModel &model) const
+    {
+        if (!model.hasTrackIndex(track) || staff >= model.track(track)->staffCount())
+            return {};
+        return {model.track(track)->staff(staff)};
+    }
+    void announce(Score &score, const void *sender) const
+    {
+        score.notify(sender, Event(static_cast<int>(track), static_cast<int>(staff)));
+    }
+};
+
+} // namespace zarn

@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/commands/ZarnRangeNodes.h>
+
+#include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/ZarnScoreModelRange.h>
+
+#include <algorithm>
+
+namespace zarn {
+
+namespace {
+
+using Bars = std::vector<std::shared_ptr<Bar>>;
+using Beats = std::vector<std::shared_ptr<Beat>>;
+using Notes = std::vector<std::shared_ptr<Note>>;
+
+void appendBars(Bars &bars, const Staff &staff, int first, int last)
+{
+    const int count = static_cast<int>(staff.barCount());
+    if (first < 0 || first > last || last >= count)
+        return;
+    bars.insert(bars.end(), staff.bars().begin() + first, staff.bars().begin() + last + 1);
+}
+
+/// The beats of a voice from one number up to another; -1 stands for the start and the end.
+void appendBeats(Beats &beats, const Voice &voice, int first, int last)
+{
+    const int count = static_cast<int>(voice.beatCount());
+    const int begin = std::max(first, 0);
+    const int end = last < 0 ? count : std::min(last + 1, count);
+    if (begin < end)
+        beats.insert(beats.end(), voice.beats().begin() + begin, voice.beats().begin() + end);
+}
+
+bool namesANote(const ScoreModelIndex &index)
+{
+    const auto isSet = [](std::uint32_t locator) {
+        return locator != ScoreModelIndex::Unset && locator != 0;
+    };
+    return index.noteMidi() != ScoreModelIndex::Unset || isSet(index.noteString())
+        || isSet(index.noteInstrumentArticulation()) || index.isNoteValid();
+}
+
+} // namespace
+
+template <>
+Bars nodesInRange(ScoreModel &model, const ScoreModelRange &range)
+{
+    Bars bars;
+    const int first = range.first().barIndex();
+    const int last = range.second().barIndex();
+    const auto firstTrack = range.first().trackIndex();
+    const auto lastTrack = range.isMultiTrack() ? model.trackCount() : firstTrack + 1u;
+    for (unsigned t = range.isMultiTrack() ? 0 : static_cast<unsigned>(firstTrack); t < lastTrack;
+         ++t) {
+        const auto track = model.track(t);
+        if (track == nullptr)
+            break;
+        for (const auto &staff : track->staves()) {
+            if (range.isMultiTrack() || staff->index() == range.first().staffIndex())
+                appendBars(bars, *staff, first, last);
+        }
+    }
+    return bars;
+}
+
+template <>
+Beats nodesInRange(ScoreModel &model, const ScoreModelRange &range)
+{
+    Beats beats;
+    const auto &first = range.first();
+    const auto &second = range.second();
+    for (const auto &bar : nodesInRange<Bar>(model, range)) {
+        if (range.isMultiVoice()) {
+            for (const auto &voice : bar->voices()) {
+                if (voice != nullptr)
+                    appendBeats(beats, *voice, -1, -1);
+            }
+        } else if (const auto voice = bar->voice(first.voiceIndex())) {
+            const int index = static_cast<int>(bar->index());
+            appendBeats(beats, *voice, index == first.barIndex() ? first.beatIndex() : -1,
+                        index == second.barIndex() ? second.beatIndex() : -1);
+        }
+    }
+    return beats;
+}
+
+template <>
+Notes nodesInRange(ScoreModel &model, const ScoreModelRange &range)
+{
+    ScoreModelIndex place = range.first();
+    place.setModel(&model);
+    if (!range.isMultiSelection() && namesANote(place)) {
+        if (const auto note = place.note())
+            return {note};
+        return {};
+    }
+    Notes notes;
+    for (const auto &beat : nodesInRange<Beat>(model, range))
+        notes.insert(notes.end(), beat->notes().begin(), beat->notes().end());
+    return notes;
+}
+
+} // namespace zarn

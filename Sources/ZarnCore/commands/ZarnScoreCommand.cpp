@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/commands/ZarnScoreCommand.h>
+
+#include <ZarnCore/ZarnLog.h>
+#include <ZarnCore/score/ZarnScore.h>
+
+#include <exception>
+
+namespace zarn {
+
+namespace {
+
+/// Does something on the way out of a failure; what that throws is logged.
+template <class Action>
+void attempt(const Command &command, Action action) noexcept
+{
+    try {
+        action();
+    } catch (const std::exception &error) {
+        qCCritical(log::commands) << "Cannot take back" << command.name() << error.what();
+    } catch (...) {
+        qCCritical(log::commands) << "Cannot take back" << command.name();
+    }
+}
+
+} // namespace
+
+ScoreCommand::ScoreCommand(const QString &name)
+{
+    setName(name);
+}
+
+ScoreModel &ScoreCommand::model() const noexcept
+{
+    return *_score->scoreModel();
+}
+
+void ScoreCommand::redo()
+{
+    apply();
+    try {
+        announceApplied();
+    } catch (...) {
+        // Listeners that heard of the change hear that it is gone again.
+        attempt(*this, [this] { revert(); });
+        attempt(*this, [this] { announceReverted(); });
+        throw;
+    }
+}
+
+void ScoreCommand::undo()
+{
+    revert();
+    try {
+        announceReverted();
+    } catch (...) {
+        attempt(*this, [this] { apply(); });
+        attempt(*this, [this] { announceApplied(); });
+        throw;
+    }
+}
+
+} // namespace zarn

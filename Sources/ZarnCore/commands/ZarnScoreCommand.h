@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/commands/ZarnCommand.h>
+
+namespace zarn {
+
+class Score;
+class ScoreModel;
+
+/// Base of commands that change a score and announce it: keeps change and announcement apart, so
+/// that a listener that throws finds the change taken back.
+///
+/// A concrete command takes its score in `init`, and implements the four private operations.
+class ZARNCORE_EXPORT ScoreCommand : public Command {
+public:
+    void redo() final;
+    void undo() final;
+
+protected:
+    explicit ScoreCommand(const QString &name);
+
+    void setScore(Score *score) noexcept { _score = score; }
+    Score &score() const noexcept { return *_score; }
+    ScoreModel &model() const noexcept;
+
+private:
+    /// Changes the model, or throws and leaves it as it was. What undo needs is read here, not in
+    /// `init`: commands of the same macro may have run since.
+    virtual void apply() = 0;
+
+    /// Takes the change back, or throws and leaves it.
+    virtual void revert() = 0;
+
+    /// Sends the events of a change that was applied, or of one that was reverted.
+    virtual void announceApplied() = 0;
+    virtual void announceReverted() = 0;
+
+    Score *_score = nullptr;
+};
+
+} // namespace zarn
