@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/ZarnException.h>
 #include <ZarnCore/instruments/ZarnGuitarTuning.h>
+#include <ZarnCore/music/ZarnTone.h>
 
 #include <QMetaEnum>
 
@@ -111,6 +112,44 @@ TEST(GuitarTuning, fretsAndPitchesAreInverse)
     EXPECT_TRUE(tunings[0].firstStringAndFret(60, 0, 24, string, fret));
     EXPECT_EQ(string, 4u);
     EXPECT_EQ(fret, 1);
+}
+
+TEST(GuitarTuning, fretsOfAToneInAnyOctave)
+{
+    const GuitarTuning guitar(standard);
+    const zarn::Tone e(4);
+    std::list<int> frets = {99};
+    guitar.frets(0, e, 24, frets);
+    EXPECT_EQ(frets, (std::list<int>{0, 12, 24}));
+    EXPECT_EQ(guitar.fret(0, e, 1, 24), 12);
+    EXPECT_EQ(guitar.fret(0, e, 0, 24), 0);
+    EXPECT_EQ(guitar.fret(0, e, 13, 23), -1);
+    EXPECT_EQ(guitar.fret(9, e, 0, 24), -1);
+    EXPECT_EQ(guitar.fret(0, e, 0xFFFFFFFFu, 24), -1);
+    guitar.frets(9, e, 24, frets);
+    EXPECT_TRUE(frets.empty());
+
+    GuitarTuning banjo({67, 50, 55, 59, 62});
+    banjo.setShortDroneString(true);
+    banjo.frets(0, zarn::Tone(7), 17, frets);
+    EXPECT_EQ(frets, (std::list<int>{5, 17})) << "the string has no frets below 5";
+    banjo.frets(0, zarn::Tone(2), 17, frets);
+    EXPECT_EQ(frets, std::list<int>{12}) << "where fret 0 would sound it";
+    for (const int fret : frets)
+        EXPECT_EQ(banjo.tone(0, fret), zarn::Tone(2));
+}
+
+TEST(GuitarTuning, namesListTheOpenStrings)
+{
+    GuitarTuning tuning({39, 44, 49, 54, 58, 63});
+    tuning.setName("E\xE2\x99\xAD");
+    EXPECT_EQ(tuning.toString(false), QStringLiteral("EbAbDbGbBbEb"));
+    EXPECT_EQ(tuning.nameWithNotes(true, false), QString::fromUtf8("E♭ D# G# C# F# A# D#"));
+    GuitarTuning banjo({67, 50, 55, 59, 62});
+    EXPECT_EQ(banjo.defaultNameFromTuning(true, true), QStringLiteral("C D G B D"));
+    banjo.setShortDroneString(true);
+    EXPECT_EQ(banjo.defaultNameFromTuning(true, true), QStringLiteral("G D G B D"));
+    EXPECT_EQ(GuitarTuning().defaultNameFromTuning(true, true), QString());
 }
 
 TEST(GuitarTuning, offsetIsComputedFromTheIntervals)

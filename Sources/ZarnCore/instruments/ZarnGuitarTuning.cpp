@@ -14,9 +14,6 @@ namespace zarn {
 
 namespace {
 
-/// A short drone string begins where the long neck has its fifth fret.
-constexpr int droneFret = 5;
-
 struct ReferenceTuning {
     std::size_t stringCount;
     std::array<int, 8> pitches;
@@ -258,8 +255,7 @@ void GuitarTuning::setTuning(unsigned string, int midi) noexcept
 
 int GuitarTuning::midi(unsigned string, int fret) const noexcept
 {
-    const bool isDrone = _data->hasShortDroneString && string == 0;
-    const auto midi = std::int64_t{tuning(string)} + fret - (isDrone ? droneFret : 0);
+    const auto midi = std::int64_t{tuning(string)} + fret - lowestFret(string);
     using Limits = std::numeric_limits<int>;
     return static_cast<int>(std::clamp<std::int64_t>(midi, Limits::min(), Limits::max()));
 }
@@ -268,9 +264,8 @@ int GuitarTuning::fret(unsigned string, int midi, int lastFret) const noexcept
 {
     if (string >= stringCount())
         return -1;
-    const int first = _data->hasShortDroneString && string == 0 ? droneFret : 0;
     const auto fret = std::int64_t{midi} - this->midi(string, 0);
-    return fret >= first && fret <= lastFret ? static_cast<int>(fret) : -1;
+    return fret >= lowestFret(string) && fret <= lastFret ? static_cast<int>(fret) : -1;
 }
 
 bool GuitarTuning::firstStringAndFret(int midi, unsigned lowestString, int lastFret,
@@ -332,6 +327,11 @@ GuitarTuning::Instrument GuitarTuning::instrumentFromString(const std::string &t
             return static_cast<Instrument>(instruments.value(i));
     }
     return Undefined;
+}
+
+int GuitarTuning::lowestFret(unsigned string) const noexcept
+{
+    return _data->hasShortDroneString && string == 0 ? droneFret : 0;
 }
 
 void GuitarTuning::widenRange(int midi) noexcept

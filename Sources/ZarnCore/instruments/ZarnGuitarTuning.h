@@ -4,6 +4,7 @@
 #include <ZarnCore/ZarnExport.h>
 
 #include <QObject>
+#include <QString>
 
 #include <rapidjson/fwd.h>
 
@@ -71,6 +72,9 @@ public:
     /// Range that the pitches of `setTuning`, of constructors and of documents are clamped to.
     static constexpr int minimumMidi = 12;
     static constexpr int maximumMidi = 119;
+
+    /// Fret of the long neck at which a short drone string begins.
+    static constexpr int droneFret = 5;
 
     /// No strings.
     GuitarTuning();
@@ -149,11 +153,34 @@ public:
     /// is none. `fret(0, 45, 24)` is 5 on a guitar; on a short drone string the first fret is 5.
     int fret(unsigned string, int midi, int lastFret) const noexcept;
 
+    /// The lowest fret from `firstFret` to `lastFret` at which a string sounds a tone in any
+    /// octave; -1 when there is none. `fret(0, Tone(4), 1, 24)`, E on a guitar's lowest string
+    /// above the open one, is 12.
+    int fret(unsigned string, const Tone &tone, unsigned firstFret, int lastFret) const noexcept;
+    int fret(unsigned string, const Tone &tone, int lastFret) const = delete;
+
+    /// All frets up to `lastFret` at which a string sounds a tone, ascending, in place of what the
+    /// list held. E on a guitar's lowest string up to fret 24 gives 0, 12, 24.
+    void frets(unsigned string, const Tone &tone, int lastFret, std::list<int> &frets) const;
+
     /// The easiest place of a pitch: the first string, from the highest down to `lowestString`,
     /// on which `fret` finds it. MIDI 60 on a guitar with 24 frets is string 4, fret 1. False,
     /// and nothing is set, when no string has it.
     bool firstStringAndFret(int midi, unsigned lowestString, int lastFret, unsigned &string,
                             int &fret) const noexcept;
+
+    Tone tone(unsigned string, int fret) const noexcept;
+
+    /// Tones of the open strings without separator, string 0 first: "EADGBE". Black keys are
+    /// sharps or flats.
+    QString toString(bool preferSharp) const;
+
+    /// The same with spaces between: "E A D G B E". With a drone, string 0 is named after its
+    /// pitch at fret 5.
+    QString defaultNameFromTuning(bool preferSharp, bool hasDrone) const;
+
+    /// The name, a space, and the tones: "Standard E A D G B E".
+    QString nameWithNotes(bool preferSharp, bool hasDrone) const;
 
     /// True as soon as one of the properties that the options select differs.
     static bool differentTunings(const GuitarTuning &a, const GuitarTuning &b, unsigned options);
@@ -178,6 +205,7 @@ private:
     struct Data;
 
     void widenRange(int midi) noexcept;
+    int lowestFret(unsigned string) const noexcept;
 
     std::unique_ptr<Data> _data;
 
