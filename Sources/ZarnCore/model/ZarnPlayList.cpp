@@ -19,10 +19,10 @@ struct RepeatSection {
     /// The last pass that an ending names; 0 without endings.
     unsigned lastEnding = 0;
 
-    /// Passes of a repeat without endings; 1 when none ends here.
+    /// Passes that the repeat signs ask for; 1 when there is none.
     unsigned count = 1;
 
-    unsigned lastPass() const noexcept { return lastEnding != 0 ? lastEnding : count; }
+    unsigned lastPass() const noexcept { return std::max(lastEnding, count); }
 };
 
 unsigned highestPass(std::uint32_t passes) noexcept
@@ -88,11 +88,8 @@ private:
             if ((ended && bar.alternateEndings() == 0) || bar.isRepeatStart() || i == 0)
                 _sections.push_back({i});
             RepeatSection &section = _sections.back();
-            if (bar.alternateEndings() != 0)
-                section.lastEnding =
-                    std::max(section.lastEnding, highestPass(bar.alternateEndings()));
-            else if (bar.isRepeatEnd())
-                section.count = std::max(section.count, bar.repeatCount());
+            section.lastEnding = std::max(section.lastEnding, highestPass(bar.alternateEndings()));
+            section.count = std::max(section.count, bar.repeatCount());
             _sectionOfBar.push_back(_sections.size() - 1);
             ended = bar.isRepeatEnd() || (bar.alternateEndings() != 0 && endsBracket(i));
         }
@@ -119,10 +116,7 @@ private:
     std::optional<unsigned> after(unsigned bar)
     {
         const RepeatSection &section = _sections[_section];
-        const bool hasEndings = _bars[bar]->alternateEndings() != 0;
-        const unsigned passes = hasEndings ? section.lastEnding
-            : section.lastEnding != 0      ? std::max(section.lastEnding, _bars[bar]->repeatCount())
-                                           : _bars[bar]->repeatCount();
+        const unsigned passes = std::max(section.lastEnding, _bars[bar]->repeatCount());
         if (!_jumped && _bars[bar]->isRepeatEnd() && _pass < passes) {
             ++_pass;
             return section.start;
@@ -135,10 +129,10 @@ private:
         const int index = static_cast<int>(bar);
         if (_destination == Destination::Coda && _track.hasDaCodaAtBarIndex(index))
             if (const auto coda = target(Mark::DaCoda))
-                return leave(*coda, Destination::Fine);
+                return leaveForCoda(*coda);
         if (_destination == Destination::DoubleCoda && _track.hasDaDoubleCodaAtBarIndex(index))
             if (const auto coda = target(Mark::DaDoubleCoda))
-                return leave(*coda, Destination::Fine);
+                return leaveForCoda(*coda);
         if (_destination == Destination::Fine && _track.hasFineAtBarIndex(index))
             return std::nullopt;
         for (int kind = static_cast<int>(Mark::DaCapo); kind < static_cast<int>(Mark::DaCoda);
@@ -168,6 +162,14 @@ private:
         _jumped = true;
         _arrived = true;
         _destination = destination;
+        return target;
+    }
+
+    /// The coda is new music: its repeats are played.
+    unsigned leaveForCoda(unsigned target)
+    {
+        leave(target, Destination::Fine);
+        _jumped = false;
         return target;
     }
 
