@@ -98,7 +98,7 @@ TEST(PlayList, jumps)
     track.setFine(2);
     EXPECT_EQ(played(track), "abcdbcf") << "al coda passes the fine";
 
-    track = makeForm("a(b[1])c[2]d(ef)");
+    track = makeForm("a(b[1])c[2]de(f)");
     track.setDaCapoAlCoda(3);
     track.setDaCoda(2);
     track.setCoda(4);
