@@ -50,7 +50,8 @@ TEST(Automation, createMakesTheClassOfTheType)
 {
     const auto isA = [](unsigned number, const std::type_info &expected) {
         const auto made = Automation::create(type(number));
-        return typeid(*made) == expected && made->type() == number;
+        const auto &object = *made;
+        return typeid(object) == expected && made->type() == number;
     };
     EXPECT_TRUE(isA(512, typeid(TempoAutomation)));
     EXPECT_TRUE(isA(1024, typeid(SoundAutomation)));
