@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/ZarnTypes.h>
+#include <ZarnCore/utils/rational.h>
+
+#include <pugixml.hpp>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace zarn::io {
+
+// What one part says about bars and staves besides its notes. Bars and staves count from 0.
+
+struct WrittenKey {
+    int bar;
+    int fifths;
+    bool minor;
+    pugi::xml_node node;
+};
+
+struct WrittenTime {
+    int bar;
+    unsigned beats;
+    unsigned unit;
+    bool free; ///< senza misura
+    pugi::xml_node node;
+};
+
+struct WrittenClef {
+    int bar;
+    int staff;
+    utils::rational position;
+    ClefType clef;
+    Ottavia ottavia;
+    bool tablature;
+};
+
+struct WrittenTempo {
+    int bar;
+    utils::rational position;
+    double value; ///< beats per minute
+    TempoUnit unit;
+    std::string text;
+    bool visible;
+};
+
+struct WrittenRepeat {
+    int bar;
+    bool forward;
+    unsigned times; ///< of a backward repeat
+};
+
+struct WrittenEnding {
+    int first;
+    int last;
+    std::uint32_t passes;
+};
+
+struct WrittenSection {
+    int bar;
+    std::string text;
+};
+
+/// A sign that changes the order of playing, before it is known what the score has to offer.
+struct WrittenJump {
+    enum class Kind : std::uint8_t { Segno, Coda, Fine, DaCapo, DalSegno, ToCoda };
+    enum class Until : std::uint8_t { End, Fine, Coda };
+
+    int bar;
+    Kind kind;
+    Until until;
+    std::string name; ///< of the segno or coda; empty when it has none
+    pugi::xml_node node;
+};
+
+struct WrittenStaff {
+    int lines = 0;           ///< 0: not said
+    std::vector<int> tuning; ///< MIDI keys, the lowest string first
+    int capo = 0;
+    bool tablature = false;
+};
+
+struct WrittenBar {
+    utils::rational length; ///< what the notes of the part reach
+    bool implicit = false;
+    pugi::xml_node node;
+};
+
+struct PartFacts {
+    std::vector<WrittenKey> keys;
+    std::vector<WrittenTime> times;
+    std::vector<WrittenClef> clefs;
+    std::vector<WrittenTempo> tempos;
+    std::vector<WrittenRepeat> repeats;
+    std::vector<WrittenEnding> endings;
+    std::vector<WrittenSection> sections;
+    std::vector<WrittenJump> jumps;
+    std::vector<int> doubleBars;
+    std::vector<WrittenBar> bars;
+    std::vector<WrittenStaff> staves;
+    int diatonic = 0;  ///< transposition to what sounds, in steps
+    int chromatic = 0; ///< and in semitones
+    bool transposes = false;
+};
+
+} // namespace zarn::io

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/music/ZarnRhythmValue.h>
+#include <ZarnCore/utils/rational.h>
+
+#include <pugixml.hpp>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace zarn::io {
+
+/// `actual` notes in the time of `normal`.
+struct TupletRatio {
+    int actual = 1;
+    int normal = 1;
+
+    bool isPlain() const noexcept { return actual == normal; }
+    friend bool operator==(const TupletRatio &left, const TupletRatio &right) noexcept
+    {
+        return left.actual == right.actual && left.normal == right.normal;
+    }
+};
+
+/// Note type, dots and time modification as they stand in a document.
+struct WrittenRhythm {
+    /// Halvings of the maxima: 5 is the quarter, 13 the 1024th; -1 when nothing is written.
+    static constexpr int NoType = -1;
+    static constexpr int Quarter = 5;
+
+    int type = NoType;
+    int dots = 0;
+    TupletRatio outer; ///< of the outermost tuplet
+    TupletRatio inner; ///< what all tuplets inside of it add
+
+    friend bool operator==(const WrittenRhythm &left, const WrittenRhythm &right) noexcept
+    {
+        return left.type == right.type && left.dots == right.dots && left.outer == right.outer
+            && left.inner == right.inner;
+    }
+};
+
+enum class NoteKind : std::uint8_t { Unknown, Pitched, Unpitched, Rest };
+
+/// One <note>.
+struct WrittenNote {
+    static constexpr int Unset = -1;
+
+    pugi::xml_node node;
+    utils::rational onset;     ///< exact, in quarters from the start of the measure
+    utils::rational length;    ///< exact; 0 for a grace note
+    utils::rational tolerance; ///< how far the onset may be off, by rounding
+    RhythmValue rhythm;
+
+    int voice = 0; ///< number of the voice's name in the part
+    int staff = 0;
+    NoteKind kind = NoteKind::Unknown;
+    bool grace = false;
+    bool slashed = false;
+    bool chord = false;
+    bool cue = false;
+    bool wholeMeasure = false;
+    bool tieStart = false;
+    bool tieStop = false;
+    bool ghost = false;
+    bool crossHead = false;
+
+    int step = Unset; ///< 0 for C to 6 for B; for unpitched notes where they stand on the staff
+    int octave = 4;
+    int alter = 0;      ///< in whole semitones
+    int midi = Unset;   ///< as written
+    int string = Unset; ///< as written: 1 is the highest
+    int fret = Unset;
+    const char *head = "";       ///< note head, as written
+    const char *instrument = ""; ///< id of the score instrument
+};
+
+/// What stands at a position over the beats.
+struct WrittenMark {
+    enum class Kind : std::uint8_t { Dynamic, Text, ChordSymbol };
+
+    pugi::xml_node node;
+    Kind kind = Kind::Text;
+    utils::rational position; ///< exact, in quarters
+    int staff = 0;
+    int dynamic = 0; ///< a `NoteDynamic::Value`
+    std::string text;
+};
+
+/// Music of one measure of one part.
+struct WrittenMeasure {
+    pugi::xml_node node;
+    std::vector<WrittenNote> notes;
+    std::vector<WrittenMark> marks;
+    utils::rational length; ///< the position that the notes reach, exactly
+};
+
+} // namespace zarn::io
