@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: MIT
+// Real scores against counts and notes that another program took from the same files.
+#include "Scores.h"
+
+#include <ZarnCore/io/ZarnNoteList.h>
+#include <ZarnCore/io/ZarnScoreStatistics.h>
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QProcess>
+#include <QStandardPaths>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <tuple>
+
+using utils::rational;
+using zarn::io::ImportReport;
+using zarn::io::ScoreStatistics;
+
+namespace {
+
+QJsonObject truth()
+{
+    return QJsonDocument::fromJson(
+               scores::bytesOf(scores::folder() + QStringLiteral("/truth.json")))
+        .object()[QStringLiteral("musicxml")]
+        .toObject();
+}
+
+QString pathOf(const QString &name)
+{
+    return scores::folder() + QStringLiteral("/musicxml/") + name;
+}
+
+std::string printed(const QJsonValue &value)
+{
+    return QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact).toStdString();
+}
+
+/// Part, bar and pitch of a note, and where it begins.
+using Place = std::tuple<unsigned, unsigned, int, rational>;
+
+std::vector<Place> expectedNotes(const QString &path, const std::vector<zarn::io::PartTally> &parts)
+{
+    QProcess python;
+    python.start(
+        QStringLiteral("python3"),
+        {scores::folder() + QStringLiteral("/truth_musicxml.py"), QStringLiteral("--notes"), path});
+    EXPECT_TRUE(python.waitForFinished(120'000));
+    EXPECT_EQ(python.exitCode(), 0);
+    std::map<QString, unsigned> numbers;
+    for (unsigned i = 0; i < parts.size(); ++i)
+        numbers[QString::fromStdString(parts[i].id)] = i;
+    std::vector<Place> notes;
+    const auto lines = QString::fromUtf8(python.readAllStandardOutput()).split(QLatin1Char('\n'));
+    for (int i = 1; i < lines.size(); ++i) {
+        const auto columns = lines[i].split(QLatin1Char('\t'));
+        if (columns.size() < 9 || columns[7] == QStringLiteral("-"))
+            continue;
+        notes.emplace_back(numbers[columns[0]], columns[1].toUInt(), columns[7].toInt(),
+                           *rational::fromString(columns[4].toStdString()));
+    }
+    std::sort(notes.begin(), notes.end());
+    return notes;
+}
+
+std::vector<Place> importedNotes(const zarn::ScoreModel &model)
+{
+    std::vector<Place> notes;
+    for (const auto &note : zarn::io::listNotes(model))
+        if (note.midi)
+            notes.emplace_back(note.track, note.bar, *note.midi, note.onset);
+    std::sort(notes.begin(), notes.end());
+    return notes;
+}
+
+} // namespace
+
+TEST(RealScores, countsAgreeWithTheTruth)
+{
+    SKIP_WITHOUT_SCORES();
+    const auto all = truth();
+    ASSERT_GE(all.size(), 40);
+    for (auto row = all.begin(); row != all.end(); ++row) {
+        SCOPED_TRACE(row.key().toStdString());
+        ImportReport report;
+        const auto model = scores::importFile(pathOf(row.key()), report);
+        ASSERT_TRUE(model);
+        const auto wanted = row.value().toObject();
+        const auto counted = ScoreStatistics(*model, report.tally()).toJson();
+        for (const auto &name : counted.keys()) {
+            if (name != QStringLiteral("notes")) {
+                EXPECT_EQ(printed(counted[name]), printed(wanted[name])) << name.toStdString();
+            }
+        }
+        const auto notes = counted[QStringLiteral("notes")].toObject();
+        const auto wantedNotes = wanted[QStringLiteral("notes")].toObject();
+        for (const auto &name : wantedNotes.keys())
+            EXPECT_EQ(printed(notes[name]), printed(wantedNotes[name])) << name.toStdString();
+    }
+}
+
+TEST(RealScores, countsOfTheTreeAloneAgreeWhereItCanTell)
+{
+    SKIP_WITHOUT_SCORES();
+    const auto all = truth();
+    for (auto row = all.begin(); row != all.end(); ++row) {
+        SCOPED_TRACE(row.key().toStdString());
+        ImportReport report;
+        const auto model = scores::importFile(pathOf(row.key()), report);
+        ASSERT_TRUE(model);
+        const auto notes = ScoreStatistics(*model).toJson()[QStringLiteral("notes")].toObject();
+        const auto wanted = row.value().toObject()[QStringLiteral("notes")].toObject();
+        for (const char *name :
+             {"total", "pitched", "unpitched", "rests", "grace", "grace_slashed", "with_fret"})
+            EXPECT_EQ(notes[QLatin1String(name)].toInt(), wanted[QLatin1String(name)].toInt())
+                << name;
+    }
+}
+
+TEST(RealScores, notesAgreeOneByOneInPartBarOnsetAndPitch)
+{
+    SKIP_WITHOUT_SCORES();
+    if (QStandardPaths::findExecutable(QStringLiteral("python3")).isEmpty())
+        GTEST_SKIP() << "python3, which lists the notes independently, is not installed";
+    const auto all = truth();
+    for (auto row = all.begin(); row != all.end(); ++row) {
+        SCOPED_TRACE(row.key().toStdString());
+        const auto path = pathOf(row.key());
+        ImportReport report;
+        const auto model = scores::importFile(path, report);
+        ASSERT_TRUE(model);
+        const auto wanted = expectedNotes(path, report.tally().parts);
+        const auto notes = importedNotes(*model);
+        ASSERT_EQ(notes.size(), wanted.size());
+        // Written onsets add up rounded durations; those of the tree are exact.
+        const bool rounded =
+            row.value().toObject()[QStringLiteral("durations_off_nominal")].toInt() > 0;
+        const rational tolerance = rounded ? rational(1, 24) : rational(0);
+        int wrong = 0;
+        for (std::size_t i = 0; i < notes.size() && wrong < 5; ++i) {
+            const auto &[part, bar, midi, onset] = notes[i];
+            const auto &[wantedPart, wantedBar, wantedMidi, wantedOnset] = wanted[i];
+            const bool same = part == wantedPart && bar == wantedBar && midi == wantedMidi
+                && !(tolerance < utils::abs(onset - wantedOnset));
+            wrong += !same;
+            EXPECT_TRUE(same) << "part " << part << " bar " << bar << " midi " << midi << " at "
+                              << onset.toString() << ", not part " << wantedPart << " bar "
+                              << wantedBar << " midi " << wantedMidi << " at "
+                              << wantedOnset.toString();
+        }
+    }
+}
