@@ -6,8 +6,34 @@
 #include <ZarnCore/music/ZarnTone.h>
 
 #include <array>
+#include <cstdlib>
+#include <new>
 #include <random>
 #include <vector>
+
+namespace {
+
+std::size_t allocationCount = 0;
+
+} // namespace
+
+void *operator new(std::size_t size)
+{
+    ++allocationCount;
+    if (void *const memory = std::malloc(size))
+        return memory;
+    throw std::bad_alloc();
+}
+
+void operator delete(void *memory) noexcept
+{
+    std::free(memory);
+}
+
+void operator delete(void *memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
 
 namespace {
 
@@ -95,6 +121,23 @@ bench::RatioReport::Body onValues(Operation operation)
     };
 }
 
+/// How many look-ups there were, and how many allocations they made.
+std::pair<double, double> allocationsOfLookUps()
+{
+    const auto spellings = someSpellings();
+    const auto intervals = someIntervals();
+    const std::size_t before = allocationCount;
+    for (std::size_t i = 0; i < sampleCount; ++i) {
+        auto moved = spellings[i].transposed(intervals[i]).diminished();
+        auto back = moved.untransposed(intervals[i] - 1);
+        benchmark::DoNotOptimize(back);
+        benchmark::DoNotOptimize(back.tone());
+        benchmark::DoNotOptimize(&back.interval(spellings[i]));
+        benchmark::DoNotOptimize(PitchClass::fromPitch(60, true));
+    }
+    return {static_cast<double>(6 * sampleCount), static_cast<double>(allocationCount - before)};
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -161,5 +204,6 @@ int main(int argc, char **argv)
             return result;
         },
         [](const PitchClass &from, const Interval &, size_t) { return from.enharmonics(); });
+    report.compareValues("allocations of all look-ups", 0, allocationsOfLookUps);
     return report.run(argc, argv);
 }
