@@ -43,8 +43,8 @@ std::shared_ptr<Beat> neighbourBeat(const Voice &voice, int step)
 
 void mendJoint(const Voice &voice, unsigned index)
 {
-    const auto before = index != 0 ? voice.beat(index - 1) : neighbourBeat(voice, -1);
-    const auto after = index < voice.beatCount() ? voice.beat(index) : neighbourBeat(voice, 1);
+    const auto before = beatInFrontOfJoint(voice, index);
+    const auto after = beatBehindJoint(voice, index);
     if (after)
         for (const auto &note : after->notes())
             if (note->isTied() && !hasPartner(*note, before.get(), &Note::isTieOrigin))
@@ -56,6 +56,16 @@ void mendJoint(const Voice &voice, unsigned index)
 }
 
 } // namespace
+
+std::shared_ptr<Beat> beatInFrontOfJoint(const Voice &voice, unsigned index)
+{
+    return index != 0 ? voice.beat(index - 1) : neighbourBeat(voice, -1);
+}
+
+std::shared_ptr<Beat> beatBehindJoint(const Voice &voice, unsigned index)
+{
+    return index < voice.beatCount() ? voice.beat(index) : neighbourBeat(voice, 1);
+}
 
 void mendTies(Voice &voice, unsigned first, unsigned last)
 {

@@ -1,13 +1,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <memory>
+
 namespace zarn {
 
+class Beat;
 class Voice;
 
+/// The beats that meet at the joint in front of a beat of a voice. At the ends of the voice the
+/// joint is the one with the same voice of the neighbouring bar. Either may be empty.
+std::shared_ptr<Beat> beatInFrontOfJoint(const Voice &voice, unsigned index);
+std::shared_ptr<Beat> beatBehindJoint(const Voice &voice, unsigned index);
+
 /// Undoes the ties over the joints in front of the beats `first` and `last` of a voice whose two
-/// ends no longer meet: the note before lets go, the note after starts anew. At the ends of the
-/// voice the joint is the one with the same voice of the neighbouring bar.
+/// ends no longer meet: the note before lets go, the note after starts anew.
 void mendTies(Voice &voice, unsigned first, unsigned last);
 
 } // namespace zarn
