@@ -60,6 +60,32 @@ struct MasterBarPlaces {
     }
 };
 
+/// The bars `first` to `last` of one staff, both included.
+template <class Event>
+struct StaffBarPlaces {
+    using Node = Bar;
+    unsigned track = 0;
+    unsigned staff = 0;
+    unsigned first = 0;
+    unsigned last = 0;
+
+    std::vector<std::shared_ptr<Node>> nodes(ScoreModel &model) const
+    {
+        if (!model.hasTrackIndex(track) || staff >= model.track(track)->staffCount())
+            return {};
+        const auto &bars = model.track(track)->staves()[staff]->bars();
+        if (first > last || last >= bars.size())
+            return {};
+        return {bars.begin() + first, bars.begin() + last + 1};
+    }
+    void announce(Score &score, const void *sender) const
+    {
+        score.notify(sender,
+                     Event(static_cast<int>(track), static_cast<int>(staff),
+                           static_cast<int>(first), static_cast<int>(last)));
+    }
+};
+
 /// One track.
 template <class Event>
 struct TrackPlace {

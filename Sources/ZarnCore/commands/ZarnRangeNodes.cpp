@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/commands/ZarnRangeNodes.h>
 
+#include <ZarnCore/model/ZarnBeatSpan.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/ZarnScoreModelRange.h>
 
@@ -20,16 +21,6 @@ void appendBars(Bars &bars, const Staff &staff, int first, int last)
     if (first < 0 || first > last || last >= count)
         return;
     bars.insert(bars.end(), staff.bars().begin() + first, staff.bars().begin() + last + 1);
-}
-
-/// The beats of a voice from one number up to another; -1 stands for the start and the end.
-void appendBeats(Beats &beats, const Voice &voice, int first, int last)
-{
-    const int count = static_cast<int>(voice.beatCount());
-    const int begin = std::max(first, 0);
-    const int end = last < 0 ? count : std::min(last + 1, count);
-    if (begin < end)
-        beats.insert(beats.end(), voice.beats().begin() + begin, voice.beats().begin() + end);
 }
 
 bool namesANote(const ScoreModelIndex &index)
@@ -67,22 +58,7 @@ Bars nodesInRange(ScoreModel &model, const ScoreModelRange &range)
 template <>
 Beats nodesInRange(ScoreModel &model, const ScoreModelRange &range)
 {
-    Beats beats;
-    const auto &first = range.first();
-    const auto &second = range.second();
-    for (const auto &bar : nodesInRange<Bar>(model, range)) {
-        if (range.isMultiVoice()) {
-            for (const auto &voice : bar->voices()) {
-                if (voice != nullptr)
-                    appendBeats(beats, *voice, -1, -1);
-            }
-        } else if (const auto voice = bar->voice(first.voiceIndex())) {
-            const int index = static_cast<int>(bar->index());
-            appendBeats(beats, *voice, index == first.barIndex() ? first.beatIndex() : -1,
-                        index == second.barIndex() ? second.beatIndex() : -1);
-        }
-    }
-    return beats;
+    return beatsOf(model, beatSpans(model, range));
 }
 
 template <>

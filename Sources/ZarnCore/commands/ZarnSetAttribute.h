@@ -39,6 +39,12 @@ protected:
     const Places &places() const noexcept { return _places; }
     const Value &value() const noexcept { return _value; }
 
+    /// Brings up to date what follows from the attribute, after each change.
+    virtual void settle() { }
+
+    /// Sends the events of a change, forwards and backwards.
+    virtual void announce() { _places.announce(score(), this); }
+
 private:
     using Nodes = std::vector<std::shared_ptr<Node>>;
 
@@ -47,6 +53,7 @@ private:
         const Nodes nodes = _places.nodes(model());
         ZARN_ASSERT_IN("zarn::SetAttribute::apply", !nodes.empty());
         _before = write(nodes, std::vector<Value>(nodes.size(), _value));
+        settle();
     }
 
     void revert() override
@@ -54,6 +61,7 @@ private:
         const Nodes nodes = _places.nodes(model());
         ZARN_ASSERT_IN("zarn::SetAttribute::revert", nodes.size() == _before.size());
         write(nodes, _before);
+        settle();
     }
 
     /// Gives each node its value and answers the old ones; when a setter throws, the nodes before
@@ -75,8 +83,8 @@ private:
         return before;
     }
 
-    void announceApplied() override { _places.announce(score(), this); }
-    void announceReverted() override { _places.announce(score(), this); }
+    void announceApplied() override { announce(); }
+    void announceReverted() override { announce(); }
 
     Places _places;
     Value _value{};
@@ -94,6 +102,10 @@ using SetOnMasterBars = SetAttribute<MasterBarPlaces<Event>, Get, Set>;
 /// Sets an attribute of one track.
 template <auto Get, auto Set, class Event>
 using SetOnTrack = SetAttribute<TrackPlace<Event>, Get, Set>;
+
+/// Sets an attribute of neighbouring bars of one staff.
+template <auto Get, auto Set, class Event>
+using SetOnStaffBars = SetAttribute<StaffBarPlaces<Event>, Get, Set>;
 
 /// Sets an attribute of one staff.
 template <auto Get, auto Set, class Event>
