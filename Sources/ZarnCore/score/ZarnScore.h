@@ -2,22 +2,40 @@
 #pragma once
 
 #include <ZarnCore/ZarnExport.h>
+#include <ZarnCore/ZarnTypes.h>
 #include <ZarnCore/commands/ZarnCommandStack.h>
 #include <ZarnCore/events/ZarnEventNumber.h>
+#include <ZarnCore/instruments/ZarnAutomation.h>
+#include <ZarnCore/instruments/ZarnInstrumentSet.h>
+#include <ZarnCore/model/ZarnRetuning.h>
 #include <ZarnCore/score/ZarnScoreCursor.h>
 #include <ZarnCore/utils/SignalContainer.h>
 
 #include <QLoggingCategory>
 #include <QStringList>
+#include <cstdint>
+#include <map>
 #include <memory>
+#include <set>
 #include <vector>
 
 namespace zarn {
 
+class AudioTrack;
+class GuitarTuning;
 class IZarnRendererStyleSheet;
+class KeySignature;
 class MasterTrack;
+class NoteDynamic;
+class RhythmValue;
 class ScoreModel;
+class ScoreModelRange;
+class Sound;
+class TimeSignature;
 class Track;
+enum class DirectionMark : std::uint8_t;
+enum class HeaderAndFooter : std::uint8_t;
+enum class TripletFeel : std::uint8_t;
 
 namespace evt {
 class Event;
@@ -111,6 +129,10 @@ public:
         return signal != nullptr ? signal->currentSender() : nullptr;
     }
 
+    // Operations. Ranges of bars include both ends; texts may hold anything.
+
+    // Bars.
+
     bool createBar(unsigned index);
 
     /// Inserts empty bars, in every staff of every track, in front of a bar or at the end.
@@ -120,6 +142,113 @@ public:
 
     /// Removes bars, both ends included, from every staff of every track.
     bool removeBarRange(unsigned first, unsigned last);
+
+    /// Puts bars of a staff under one clef; changes of clef inside them go.
+    bool setClef(unsigned track, unsigned staff, unsigned first, unsigned last, ClefType clef);
+
+    // Meter, key and form: what all tracks share of a bar.
+
+    bool setMasterTimeSignature(unsigned first, unsigned last, const TimeSignature &signature);
+
+    /// Sets the key at concert pitch; the notes keep their pitches.
+    bool setMasterKeySignature(unsigned first, unsigned last, const KeySignature &signature);
+    bool setMasterTripletFeel(unsigned first, unsigned last, TripletFeel feel);
+    bool setMasterBarFreeTime(unsigned first, unsigned last, bool isFreeTime);
+    bool setMasterBarDoubleBar(unsigned bar, bool hasDoubleBar);
+    bool setBarRepeatStart(unsigned bar, bool isRepeatStart);
+
+    /// Ends a repeat that is played `count` times in all, 2 or more; 0 for no repeat.
+    bool setBarRepeatEnd(unsigned bar, unsigned count);
+
+    /// Plays bars only in some passes of a repeat, bit 0 for the first; 0 for every pass.
+    bool setBarAlternateEndings(unsigned first, unsigned last, std::uint32_t passes);
+
+    /// Moves a direction to a bar, or takes it away with -1. A score has one of each.
+    bool setBarDirection(DirectionMark mark, int bar);
+
+    /// Makes these, and no others, the directions of a bar.
+    bool setBarDirections(int bar, const std::set<DirectionMark> &marks);
+
+    /// Starts a section of the form at a bar, under a rehearsal letter, a title, or both.
+    bool setMasterBarSection(unsigned bar, const QString &letter, const QString &text);
+    bool unsetMasterBarSection(unsigned bar);
+
+    // Tracks.
+
+    /// Inserts a track as its instrument needs it, in front of a track or at the end.
+    bool createTrack(unsigned index, InstrumentSet::Type type);
+
+    /// The same with a detached track, which gets the bars that it lacks; none may be too many.
+    bool insertTrack(unsigned index, std::shared_ptr<Track> track);
+    bool removeTrack(unsigned index);
+
+    bool setTrackName(unsigned track, const QString &name);
+    bool setTrackShortName(unsigned track, const QString &name);
+    bool setTrackIcon(unsigned track, ZarnIconID icon);
+
+    /// Tunes a staff anew; see `cmd::SetGuitarFullTuning` for what becomes of the notes.
+    bool setGuitarFullTuning(unsigned track, unsigned staff, const GuitarTuning &tuning,
+                             unsigned capoFret = 0, Retuning retuning = Retuning::KeepFrets);
+
+    /// Adds a sound behind those that a track can switch between.
+    bool addTrackSound(unsigned track, const Sound &sound);
+    bool addTrackSound(unsigned track, std::shared_ptr<const Sound> sound);
+    bool removeTrackSound(unsigned track, unsigned index);
+
+    /// Inserts a recording that plays along, in front of another or at the end.
+    bool createAudioTrack(unsigned index, std::shared_ptr<AudioTrack> track);
+    bool removeAudioTrack(unsigned index);
+
+    // Automations. Those to be removed are named by type and place, those to be inserted are
+    // copied and replace what stands at their place; either list may be empty. The master track
+    // holds tempos and effect parameters, a track sounds and effect parameters.
+
+    bool modifyMasterTrackAutomations(const std::vector<const Automation *> &removed,
+                                      const std::vector<const Automation *> &inserted);
+    bool modifyTrackAutomations(unsigned track, const std::vector<const Automation *> &removed,
+                                const std::vector<const Automation *> &inserted);
+
+    /// Makes playback leave out a type of automations, or heed it again.
+    bool modifyMasterTrackAutomationBypass(Automation::Type type, bool isBypassed);
+    bool modifyTrackAutomationBypass(unsigned track, Automation::Type type, bool isBypassed);
+
+    /// Removes the reverb that a new score has in its mastering.
+    bool removeMasterReverb();
+
+    // The document.
+
+    bool changeProperty(ScoreProperty property, const QString &text);
+    bool changeProperties(const std::map<ScoreProperty, QString> &texts);
+
+    /// The text may hold words such as "%Title%"; see `ScoreModel::formatHeaderAndFooter`.
+    bool changeHeaderAndFooter(HeaderAndFooter part, const QString &text);
+
+    /// Frequency of the a' in hertz, 220 to 880.
+    bool setConcertTone(double hertz);
+
+    // Beats and notes. Indexes and ranges are taken as places of this score, whatever their model.
+
+    /// Inserts a rest in front of the beat that the index names, or behind the last one.
+    bool createBeat(const ScoreModelIndex &index, const RhythmValue &rhythm);
+
+    /// Removes beats; those behind them move up, and nothing fills the bar.
+    bool removeBeats(const ScoreModelRange &range);
+
+    /// Gives every beat of a range a note value; nothing fills or cuts the bar.
+    bool setBeatRhythm(const ScoreModelRange &range, const RhythmValue &rhythm);
+
+    /// Sets how loud every beat of a range is played.
+    bool setBeatDynamic(const ScoreModelRange &range, NoteDynamic dynamic);
+
+    /// Writes a fret on a string (0 the lowest) of a beat, in place of what the string has there.
+    bool setStringedNote(const ScoreModelIndex &index, int string, int fret);
+
+    /// Writes a pitch on a beat: in place of the note that the index names by its MIDI key, else
+    /// beside those that are there.
+    bool setMIDINote(const ScoreModelIndex &index, int midi);
+
+    /// Makes rests of the beats of a range.
+    bool setNoteRest(const ScoreModelRange &range);
 
 private:
     static void logNotify(const evt::Event &event);

@@ -3,6 +3,7 @@
 
 #include <ZarnCore/commands/Bar/ZarnCreateBars.h>
 #include <ZarnCore/commands/Bar/ZarnRemoveBars.h>
+#include <ZarnCore/commands/Bar/ZarnSetClef.h>
 #include <ZarnCore/commands/ZarnExecute.h>
 
 namespace zarn {
@@ -25,6 +26,11 @@ bool Score::removeBar(unsigned index)
 bool Score::removeBarRange(unsigned first, unsigned last)
 {
     return execute<cmd::RemoveBars>(*this, first, last);
+}
+
+bool Score::setClef(unsigned track, unsigned staff, unsigned first, unsigned last, ClefType clef)
+{
+    return execute<cmd::SetClef>(*this, track, staff, first, last, clef);
 }
 
 } // namespace zarn

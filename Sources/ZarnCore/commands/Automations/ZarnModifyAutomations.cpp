@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/commands/Automations/ZarnModifyAutomations.h>
+
+#include <ZarnCore/ZarnAssert.h>
+#include <ZarnCore/instruments/ZarnAutomationContainer.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
+
+#include <algorithm>
+#include <cmath>
+#include <tuple>
+#include <utility>
+
+namespace zarn {
+
+ModifyAutomations::~ModifyAutomations() = default;
+
+bool ModifyAutomations::prepare(Score *score, const Automations &removed,
+                                const Automations &inserted)
+{
+    setScore(score);
+    recordArgs(removed, inserted);
+    for (const Automation *automation : removed) {
+        if (automation == nullptr || !canHold(automation->type()))
+            return false;
+        _removals.push_back(placeOf(*automation));
+    }
+    for (const Automation *automation : inserted) {
+        if (automation == nullptr || !canHold(automation->type()) || automation->position() < 0
+            || !std::isfinite(automation->value()))
+            return false;
+        _insertions.push_back(automation->cloneAutomation());
+    }
+    return (!_removals.empty() || !_insertions.empty()) && areApart() && isPossible();
+}
+
+/// What is removed first, then what is put in, numbered through.
+void ModifyAutomations::recordArgs(const Automations &removed, const Automations &inserted)
+{
+    Automations all = removed;
+    all.insert(all.end(), inserted.begin(), inserted.end());
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        if (all[i] == nullptr)
+            continue;
+        const Automation &automation = *all[i];
+        // One by one: a text may hold a "%" of its own. The colon before "Text" is as it should be.
+        QString value = QStringLiteral("Type:%0;Linear:%1;Index:%2;Position:%3;Value:%4:Text:");
+        value = value.arg(QString::fromStdString(Automation::typeToString(automation.type())),
+                          automation.isLinear() ? QStringLiteral("true") : QStringLiteral("false"),
+                          QString::number(automation.index()),
+                          QString::number(static_cast<double>(automation.position())),
+                          QString::fromStdString(automation.valueToString()));
+        value += QString::fromStdString(automation.text());
+        value += QStringLiteral(";Visible:");
+        value += automation.isVisible() ? QStringLiteral("true") : QStringLiteral("false");
+        addArg(QStringLiteral("Automation%0").arg(i), value);
+    }
+}
+
+ModifyAutomations::Place ModifyAutomations::placeOf(const Automation &automation) noexcept
+{
+    return {automation.type(), automation.index(), automation.position()};
+}
+
+bool ModifyAutomations::isEffectParameter(Automation::Type type) noexcept
+{
+    return type >= Automation::DSPParam_00 && type <= Automation::DSPParam_31;
+}
+
+std::set<Automation::Type> ModifyAutomations::types() const
+{
+    std::set<Automation::Type> types;
+    for (const Place &place : _removals)
+        types.insert(place.type);
+    for (const auto &automation : _insertions)
+        types.insert(automation->type());
+    return types;
+}
+
+/// No place is named twice, neither to be cleared nor to be filled.
+bool ModifyAutomations::areApart() const
+{
+    std::set<std::tuple<Automation::Type, std::uint32_t, float>> cleared;
+    std::set<std::tuple<Automation::Type, std::uint32_t, float>> filled;
+    for (const Place &place : _removals)
+        cleared.emplace(place.type, place.index, place.position);
+    for (const auto &automation : _insertions)
+        filled.emplace(automation->type(), automation->index(), automation->position());
+    return cleared.size() == _removals.size() && filled.size() == _insertions.size();
+}
+
+bool ModifyAutomations::isPossible() const
+{
+    const AutomationContainer *const target = container();
+    if (target == nullptr)
+        return false;
+    const unsigned barCount = model().masterTrack()->masterBarCount();
+    return std::all_of(_removals.begin(), _removals.end(),
+                       [&](const Place &place) {
+                           return target->hasAutomation(place.type, place.index, place.position);
+                       })
+        && std::all_of(_insertions.begin(), _insertions.end(),
+                       [&](const auto &automation) { return automation->index() < barCount; });
+}
+
+/// Keeps what stands at a place; false when nothing does.
+bool ModifyAutomations::takeAt(const Place &place)
+{
+    AutomationContainer &target = *container();
+    Automation *const found = target.automation(place.type, place.index, place.position);
+    if (found != nullptr)
+        _taken.push_back(target.takeAutomation(found));
+    return found != nullptr;
+}
+
+void ModifyAutomations::apply()
+{
+    ZARN_ASSERT_IN("zarn::ModifyAutomations::apply", isPossible());
+    AutomationContainer &target = *container();
+    _taken.clear();
+    _inserted.clear();
+    for (const Place &place : _removals)
+        takeAt(place);
+    for (const auto &automation : _insertions) {
+        const Place place = placeOf(*automation);
+        takeAt(place);
+        if (target.insertAutomation(automation->cloneAutomation()))
+            _inserted.push_back(place);
+    }
+}
+
+void ModifyAutomations::revert()
+{
+    AutomationContainer &target = *container();
+    for (const Place &place : _inserted)
+        target.eraseAutomation(target.automation(place.type, place.index, place.position));
+    _inserted.clear();
+    while (!_taken.empty()) {
+        target.restoreAutomation(std::move(_taken.back()));
+        _taken.pop_back();
+    }
+}
+
+} // namespace zarn

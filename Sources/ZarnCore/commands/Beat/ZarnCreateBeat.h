@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/commands/Beat/ZarnKeptTies.h>
+#include <ZarnCore/commands/ZarnPlacingCommand.h>
+#include <ZarnCore/model/ZarnBeatSpan.h>
+
+#include <memory>
+#include <optional>
+
+namespace zarn {
+class RhythmValue;
+class ScoreModelIndex;
+} // namespace zarn
+
+namespace zarn::cmd {
+
+/// Inserts a rest into a voice, which is made when the bar has none. Ties that it parts are undone.
+/// Sends `ModifyBarRange` for the bar.
+class ZARNCORE_EXPORT CreateBeat final : public PlacingCommand {
+public:
+    CreateBeat();
+    ~CreateBeat() override;
+
+    /// In front of the beat that the index names, or behind the last one. False for a bar or a
+    /// place that is not there, and for a rhythm that is not written.
+    bool init(Score *score, const ScoreModelIndex &index, const RhythmValue &rhythm);
+
+private:
+    void putIn() override;
+    void takeOut() override;
+    void announceIn() override;
+    void announceOut() override;
+    bool isPossible() const;
+
+    BeatSpan _place;
+    std::shared_ptr<Beat> _beat;   ///< while it is out of the voice
+    std::shared_ptr<Voice> _voice; ///< for a bar that needs it, while it is out of the bar
+    bool _needsVoice = false;
+    std::optional<KeptTies> _ties;
+};
+
+} // namespace zarn::cmd

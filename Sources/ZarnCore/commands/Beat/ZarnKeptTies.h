@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+#include <vector>
+
+namespace zarn {
+
+class Beat;
+class Voice;
+
+/// The ties of the beats around a stretch of a voice, kept while a command changes the stretch and
+/// mends the ties, and put back when the stretch is as it was.
+class KeptTies {
+public:
+    /// The stretch is the beats from `first` up to, not including, `end`.
+    KeptTies(const Voice &voice, unsigned first, unsigned end);
+
+    void putBack(const Voice &voice) const;
+
+private:
+    struct NoteTies {
+        bool isTied;
+        bool isTieOrigin;
+    };
+
+    static std::vector<NoteTies> read(const std::shared_ptr<Beat> &beat);
+    static void write(const std::shared_ptr<Beat> &beat, const std::vector<NoteTies> &ties);
+
+    unsigned _first;
+    unsigned _end;
+    std::vector<NoteTies> _before;
+    std::vector<NoteTies> _behind;
+};
+
+} // namespace zarn

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/commands/Beat/ZarnRemoveBeats.h>
+
+#include <ZarnCore/ZarnAssert.h>
+#include <ZarnCore/commands/ZarnPlaces.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/score/ZarnScore.h>
+
+namespace zarn::cmd {
+
+RemoveBeats::RemoveBeats() : PlacingCommand(QStringLiteral("RemoveBeats"), Kind::Removes) { }
+RemoveBeats::~RemoveBeats() = default;
+
+bool RemoveBeats::init(Score *score, const ScoreModelRange &range)
+{
+    ZARN_ASSERT_IN("zarn::cmd::RemoveBeats::init", score != NULL);
+    addArg(QStringLiteral("Range"), range.toQString());
+    setScore(score);
+    _range = range;
+    return !beatSpans(model(), range).empty();
+}
+
+void RemoveBeats::takeOut()
+{
+    const auto spans = beatSpans(model(), _range);
+    ZARN_ASSERT_IN("zarn::cmd::RemoveBeats::takeOut", !spans.empty());
+    std::vector<Removed> removed;
+    removed.reserve(spans.size());
+    for (const BeatSpan &span : spans) {
+        Voice &voice = *voiceOf(model(), span);
+        removed.push_back({span, {}, KeptTies(voice, span.firstBeat, span.lastBeat + 1)});
+        removed.back().beats = voice.takeBeats(span.firstBeat, span.lastBeat, LinkMode::Mend);
+    }
+    _removed = std::move(removed);
+}
+
+/// Backwards, so that each stretch finds its surroundings as they were.
+void RemoveBeats::putIn()
+{
+    for (auto removed = _removed.rbegin(); removed != _removed.rend(); ++removed) {
+        Voice &voice = *voiceOf(model(), removed->span);
+        voice.insertBeats(removed->span.firstBeat, std::move(removed->beats));
+        removed->ties.putBack(voice);
+    }
+    _removed.clear();
+}
+
+void RemoveBeats::announceIn()
+{
+    RangePlaces<Beat, evt::ModifyBarRange>{_range}.announce(score(), this);
+}
+
+void RemoveBeats::announceOut()
+{
+    announceIn();
+}
+
+} // namespace zarn::cmd

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/commands/MasterTrack/ZarnDeleteEffect.h>
+
+#include <ZarnCore/ZarnAssert.h>
+#include <ZarnCore/events/ZarnEffectEvents.h>
+#include <ZarnCore/events/ZarnScoreEvents.h>
+#include <ZarnCore/instruments/ZarnMastering.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/score/ZarnScore.h>
+
+namespace zarn::cmd {
+
+namespace {
+
+/// How effect events name the master track.
+constexpr int masterTrackIndex = -1;
+
+} // namespace
+
+DeleteEffect::DeleteEffect() : ScoreCommand(QStringLiteral("DeleteEffect")) { }
+DeleteEffect::~DeleteEffect() = default;
+
+bool DeleteEffect::init(Score *score, unsigned slot)
+{
+    ZARN_ASSERT_IN("zarn::cmd::DeleteEffect::init", score != NULL);
+    addArg(QStringLiteral("Index"), QString::number(slot));
+    setScore(score);
+    _slot = slot;
+    return isPossible();
+}
+
+bool DeleteEffect::isPossible() const
+{
+    return !model().masterTrack()->mastering().effectChain().effect(_slot).isEmpty();
+}
+
+void DeleteEffect::apply()
+{
+    ZARN_ASSERT_IN("zarn::cmd::DeleteEffect::apply", isPossible());
+    EffectChain &chain = model().masterTrack()->mutableMastering().mutableEffectChain();
+    _removed = chain.effect(_slot);
+    chain.removeEffect(_slot);
+}
+
+void DeleteEffect::revert()
+{
+    model().masterTrack()->mutableMastering().mutableEffectChain().setEffect(_slot, _removed);
+}
+
+void DeleteEffect::announceApplied()
+{
+    score().notify(this, evt::RequestEffectDelete(masterTrackIndex, static_cast<int>(_slot)));
+    announceReverb();
+}
+
+void DeleteEffect::announceReverted()
+{
+    score().notify(this, evt::RequestEffectChange(masterTrackIndex, static_cast<int>(_slot)));
+    announceReverb();
+}
+
+void DeleteEffect::announceReverb()
+{
+    if (_slot == Mastering::reverbSlot)
+        score().notify(this, evt::MasteringReverbChanged());
+}
+
+} // namespace zarn::cmd

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/commands/Note/ZarnSetNoteRest.h>
+
+#include <ZarnCore/ZarnAssert.h>
+#include <ZarnCore/commands/ZarnPlaces.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/ZarnTies.h>
+#include <ZarnCore/score/ZarnScore.h>
+
+namespace zarn::cmd {
+
+SetNoteRest::SetNoteRest() : ScoreCommand(QStringLiteral("SetNoteRest")) { }
+SetNoteRest::~SetNoteRest() = default;
+
+bool SetNoteRest::init(Score *score, const ScoreModelRange &range)
+{
+    ZARN_ASSERT_IN("zarn::cmd::SetNoteRest::init", score != NULL);
+    addArg(QStringLiteral("Range"), range.toQString());
+    setScore(score);
+    _range = range;
+    return !beatSpans(model(), range).empty();
+}
+
+void SetNoteRest::apply()
+{
+    const auto spans = beatSpans(model(), _range);
+    ZARN_ASSERT_IN("zarn::cmd::SetNoteRest::apply", !spans.empty());
+    std::vector<Stretch> stretches;
+    stretches.reserve(spans.size());
+    for (const BeatSpan &span : spans) {
+        Voice &voice = *voiceOf(model(), span);
+        stretches.push_back({span, {}, KeptTies(voice, span.firstBeat, span.lastBeat + 1)});
+        for (unsigned i = span.firstBeat; i <= span.lastBeat; ++i) {
+            Beat &beat = *voice.beats()[i];
+            const bool isWholeBarRest = beat.isWholeBarRest();
+            const bool isPlaceHolder = beat.isPlaceHolder();
+            stretches.back().beats.push_back({beat.takeNotes(), isPlaceHolder, isWholeBarRest});
+            beat.setPlaceHolder(false);
+            beat.setWholeBarRest(isWholeBarRest);
+        }
+        mendTies(voice, span.firstBeat, span.lastBeat + 1);
+    }
+    _stretches = std::move(stretches);
+}
+
+/// Backwards, so that each stretch finds its surroundings as they were.
+void SetNoteRest::revert()
+{
+    for (auto stretch = _stretches.rbegin(); stretch != _stretches.rend(); ++stretch) {
+        Voice &voice = *voiceOf(model(), stretch->span);
+        unsigned index = stretch->span.firstBeat;
+        for (Emptied &emptied : stretch->beats) {
+            Beat &beat = *voice.beats()[index++];
+            for (const auto &note : emptied.notes)
+                beat.addNote(note);
+            beat.setPlaceHolder(emptied.isPlaceHolder);
+            beat.setWholeBarRest(emptied.isWholeBarRest);
+        }
+        stretch->ties.putBack(voice);
+    }
+    _stretches.clear();
+}
+
+void SetNoteRest::announceApplied()
+{
+    RangePlaces<Beat, evt::ModifyBarRange>{_range}.announce(score(), this);
+}
+
+void SetNoteRest::announceReverted()
+{
+    announceApplied();
+}
+
+} // namespace zarn::cmd

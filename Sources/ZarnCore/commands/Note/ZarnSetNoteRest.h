@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/commands/Beat/ZarnKeptTies.h>
+#include <ZarnCore/commands/ZarnScoreCommand.h>
+#include <ZarnCore/model/ZarnBeatSpan.h>
+#include <ZarnCore/model/ZarnScoreModelRange.h>
+
+#include <memory>
+#include <vector>
+
+namespace zarn::cmd {
+
+/// Makes rests of beats, which keep their length; their notes are kept for undo. Place holders
+/// become rests too. Ties that led to the notes are undone. Sends `ModifyBarRange`, or
+/// `ModifyBarRangeAllTracks` for a range over all tracks.
+class ZARNCORE_EXPORT SetNoteRest final : public ScoreCommand {
+public:
+    SetNoteRest();
+    ~SetNoteRest() override;
+
+    /// Every beat of the range. False when it holds none.
+    bool init(Score *score, const ScoreModelRange &range);
+
+private:
+    struct Emptied {
+        std::vector<std::shared_ptr<Note>> notes; ///< while they are out of the beat
+        bool isPlaceHolder;
+        bool isWholeBarRest;
+    };
+    struct Stretch {
+        BeatSpan span;
+        std::vector<Emptied> beats;
+        KeptTies ties;
+    };
+
+    void apply() override;
+    void revert() override;
+    void announceApplied() override;
+    void announceReverted() override;
+
+    ScoreModelRange _range;
+    std::vector<Stretch> _stretches;
+};
+
+} // namespace zarn::cmd

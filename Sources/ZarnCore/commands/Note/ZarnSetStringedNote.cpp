@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/commands/Note/ZarnSetStringedNote.h>
+
+#include <ZarnCore/ZarnAssert.h>
+#include <ZarnCore/model/ZarnBeat.h>
+#include <ZarnCore/model/ZarnFretting.h>
+
+namespace zarn::cmd {
+
+SetStringedNote::SetStringedNote() : WriteNote(QStringLiteral("SetStringedNote")) { }
+SetStringedNote::~SetStringedNote() = default;
+
+bool SetStringedNote::init(Score *score, const ScoreModelIndex &index, int string, int fret)
+{
+    ZARN_ASSERT_IN("zarn::cmd::SetStringedNote::init", score != NULL);
+    addArg(QStringLiteral("StageIndex"), index.toQString());
+    addArg(QStringLiteral("String"), QString::number(string));
+    addArg(QStringLiteral("Fret"), QString::number(fret));
+    _string = string;
+    _fret = fret;
+    return prepare(score, index);
+}
+
+std::optional<WriteNote::Placement> SetStringedNote::placement(const Staff &staff,
+                                                               const Beat &beat) const
+{
+    const int midi = writtenPitch(staff, _string, _fret);
+    if (midi < 0)
+        return std::nullopt;
+    return Placement{beat.noteOnString(_string), midi, _string, _fret};
+}
+
+} // namespace zarn::cmd

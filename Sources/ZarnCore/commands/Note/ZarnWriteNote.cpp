@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/commands/Note/ZarnWriteNote.h>
+
+#include <ZarnCore/ZarnAssert.h>
+#include <ZarnCore/events/ZarnBarEvents.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/ZarnTies.h>
+#include <ZarnCore/score/ZarnScore.h>
+
+namespace zarn {
+
+WriteNote::~WriteNote() = default;
+
+bool WriteNote::prepare(Score *score, const ScoreModelIndex &index)
+{
+    setScore(score);
+    _index = index;
+    _index.setModel(&model());
+    return find().has_value();
+}
+
+std::optional<WriteNote::Placement> WriteNote::find() const
+{
+    const auto beat = _index.beat();
+    return beat != nullptr ? placement(*_index.staff(), *beat) : std::nullopt;
+}
+
+void WriteNote::apply()
+{
+    const auto place = find();
+    ZARN_ASSERT_IN("zarn::WriteNote::apply", place.has_value());
+    const auto voice = _index.voice();
+    const auto beat = _index.beat();
+    const Note *const old = place->replaced.get();
+    const auto note = old != nullptr ? std::make_shared<Note>(*old) : std::make_shared<Note>();
+    if (note->midi() != place->midi) {
+        note->clearSpelling();
+        note->setTied(false);
+        note->setTieOrigin(false);
+    }
+    note->setMidi(place->midi);
+    note->setString(place->string);
+    note->setFret(place->fret);
+
+    _ties.emplace(*voice, beat->index(), beat->index() + 1);
+    _before = {beat->isPlaceHolder(), beat->isWholeBarRest()};
+    _noteIndex =
+        old != nullptr ? static_cast<unsigned>(beat->indexOfNote(*old)) : beat->noteCount();
+    if (old != nullptr)
+        _replaced = beat->removeNote(_noteIndex);
+    beat->setPlaceHolder(false);
+    beat->setWholeBarRest(false);
+    beat->insertNote(_noteIndex, note);
+    mendTies(*voice, beat->index(), beat->index() + 1);
+}
+
+void WriteNote::revert()
+{
+    const auto beat = _index.beat();
+    beat->removeNote(_noteIndex);
+    if (_replaced != nullptr)
+        beat->insertNote(_noteIndex, std::move(_replaced));
+    _replaced.reset();
+    beat->setPlaceHolder(_before.isPlaceHolder);
+    beat->setWholeBarRest(_before.isWholeBarRest);
+    _ties->putBack(*_index.voice());
+}
+
+void WriteNote::announceApplied()
+{
+    const int bar = _index.barIndex();
+    score().notify(
+        this,
+        evt::ModifyBarRange(_index.trackIndex(), static_cast<int>(_index.staffIndex()), bar, bar));
+}
+
+void WriteNote::announceReverted()
+{
+    announceApplied();
+}
+
+} // namespace zarn

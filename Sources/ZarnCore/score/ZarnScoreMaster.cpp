@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/score/ZarnScore.h>
+
+#include <ZarnCore/commands/Automations/ZarnModifyMasterTrackAutomationBypass.h>
+#include <ZarnCore/commands/Automations/ZarnModifyMasterTrackAutomations.h>
+#include <ZarnCore/commands/Automations/ZarnModifyTrackAutomationBypass.h>
+#include <ZarnCore/commands/Automations/ZarnModifyTrackAutomations.h>
+#include <ZarnCore/commands/MasterTrack/ZarnDeleteEffect.h>
+#include <ZarnCore/commands/Score/ZarnChangeHeaderAndFooter.h>
+#include <ZarnCore/commands/Score/ZarnChangeProperties.h>
+#include <ZarnCore/commands/Score/ZarnChangeProperty.h>
+#include <ZarnCore/commands/Score/ZarnSetConcertTone.h>
+#include <ZarnCore/commands/ZarnExecute.h>
+#include <ZarnCore/instruments/ZarnMastering.h>
+
+namespace zarn {
+
+bool Score::modifyMasterTrackAutomations(const std::vector<const Automation *> &removed,
+                                         const std::vector<const Automation *> &inserted)
+{
+    return execute<cmd::ModifyMasterTrackAutomations>(*this, removed, inserted);
+}
+
+bool Score::modifyTrackAutomations(unsigned track, const std::vector<const Automation *> &removed,
+                                   const std::vector<const Automation *> &inserted)
+{
+    return execute<cmd::ModifyTrackAutomations>(*this, track, removed, inserted);
+}
+
+bool Score::modifyMasterTrackAutomationBypass(Automation::Type type, bool isBypassed)
+{
+    return execute<cmd::ModifyMasterTrackAutomationBypass>(*this, type, isBypassed);
+}
+
+bool Score::modifyTrackAutomationBypass(unsigned track, Automation::Type type, bool isBypassed)
+{
+    return execute<cmd::ModifyTrackAutomationBypass>(*this, track, type, isBypassed);
+}
+
+bool Score::removeMasterReverb()
+{
+    return execute<cmd::DeleteEffect>(*this, Mastering::reverbSlot);
+}
+
+bool Score::changeProperty(ScoreProperty property, const QString &text)
+{
+    return execute<cmd::ChangeProperty>(*this, property, text);
+}
+
+bool Score::changeProperties(const std::map<ScoreProperty, QString> &texts)
+{
+    return execute<cmd::ChangeProperties>(*this, texts);
+}
+
+bool Score::changeHeaderAndFooter(HeaderAndFooter part, const QString &text)
+{
+    return execute<cmd::ChangeHeaderAndFooter>(*this, part, text);
+}
+
+bool Score::setConcertTone(double hertz)
+{
+    return execute<cmd::SetConcertTone>(*this, hertz);
+}
+
+} // namespace zarn
