@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "BytesInMemory.h"
+
 #include <ZarnCore/music/ZarnInterval.h>
 #include <ZarnCore/music/ZarnPitchClass.h>
 #include <ZarnCore/music/ZarnTone.h>
@@ -194,6 +196,25 @@ TEST(Tone, textStreamsReadOnlyTones)
     EXPECT_TRUE(stream >> tone);
     EXPECT_EQ(tone, Tone(11));
     EXPECT_FALSE(stream >> tone);
+    EXPECT_EQ(tone, Tone(11));
+}
+
+TEST(Tone, binaryStreamIsOneByteAndDamageIsRefused)
+{
+    BytesInMemory file;
+    for (int number = 0; number < 12; ++number)
+        ASSERT_TRUE(Tone(number).writeToStream(file, 1));
+    EXPECT_EQ(file.bytes.size(), 12u);
+    ASSERT_TRUE(file.seek(0));
+    Tone tone;
+    for (int number = 0; number < 12; ++number) {
+        ASSERT_TRUE(tone.readFromStream(file, 1));
+        EXPECT_EQ(tone, Tone(number));
+    }
+    EXPECT_FALSE(tone.readFromStream(file, 1)) << "the file ends";
+    BytesInMemory damaged;
+    damaged.bytes = {12};
+    EXPECT_THROW(tone.readFromStream(damaged, 1), CoreException);
     EXPECT_EQ(tone, Tone(11));
 }
 

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
+#include "BytesInMemory.h"
+
 #include <ZarnCore/music/ZarnNoteDynamic.h>
 #include <ZarnCore/music/ZarnRhythmValue.h>
 #include <ZarnCore/music/ZarnTimeSignature.h>
 
 #include <ZarnCore/ZarnException.h>
-#include <filesystem/FileHandle.h>
 
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <random>
 
 namespace {
@@ -19,42 +19,6 @@ using zarn::NoteDynamic;
 using zarn::RhythmValue;
 using zarn::TimeSignature;
 using NoteValue = RhythmValue::NoteValue;
-
-/// A file of bytes in memory.
-class Bytes final : public filesystem::FileHandle {
-public:
-    std::vector<std::uint8_t> bytes;
-
-    std::string path() const override { return "bytes"; }
-    std::int64_t size() const override { return static_cast<std::int64_t>(bytes.size()); }
-    std::int64_t position() const override { return _position; }
-
-protected:
-    bool doSeek(std::int64_t position) override
-    {
-        _position = position;
-        return true;
-    }
-    std::int64_t doRead(void *data, std::int64_t count) override
-    {
-        count = std::min(count, size() - _position);
-        if (count > 0)
-            std::memcpy(data, bytes.data() + _position, static_cast<std::size_t>(count));
-        _position += count;
-        return count;
-    }
-    std::int64_t doWrite(const void *data, std::int64_t count) override
-    {
-        const auto *const first = static_cast<const std::uint8_t *>(data);
-        bytes.insert(bytes.end(), first, first + count);
-        _position += count;
-        return count;
-    }
-    bool doClose() override { return true; }
-
-private:
-    std::int64_t _position = 0;
-};
 
 RhythmValue rhythm(NoteValue value, unsigned dots, RhythmValue::TupletRatio primary = {0, 0},
                    RhythmValue::TupletRatio secondary = {0, 0})
@@ -216,7 +180,7 @@ TEST(Rhythms, whateverComesOutSumsExactlyOrNothingComesOut)
 TEST(RhythmValue, streamIsSixBytesAndDamageIsRefused)
 {
     const RhythmValue value = rhythm(NoteValue::Sixteenth, 2, {3, 2}, {5, 4});
-    Bytes file;
+    BytesInMemory file;
     ASSERT_TRUE(value.writeToStream(file, 1));
     EXPECT_EQ(file.bytes, std::vector<std::uint8_t>({6, 2, 3, 2, 5, 4}));
     ASSERT_TRUE(file.seek(0));
@@ -226,7 +190,7 @@ TEST(RhythmValue, streamIsSixBytesAndDamageIsRefused)
     EXPECT_EQ(read.getLength(), value.getLength());
     EXPECT_FALSE(read.readFromStream(file, 1)) << "the file ends";
     EXPECT_TRUE(file.hasError());
-    Bytes damaged;
+    BytesInMemory damaged;
     damaged.bytes = {11, 0, 0, 0, 0, 0};
     EXPECT_THROW(read.readFromStream(damaged, 1), CoreException);
     EXPECT_EQ(read, value);
@@ -248,17 +212,17 @@ TEST(TimeSignature, zeroDenominatorIsStoredAndRaises)
 
 TEST(TimeSignature, streamIsTwoShortsAndAZeroRaises)
 {
-    Bytes file;
+    BytesInMemory file;
     ASSERT_TRUE(TimeSignature(40000, 16).writeToStream(file, 1));
     EXPECT_EQ(file.bytes, std::vector<std::uint8_t>({0x40, 0x9c, 16, 0}));
     ASSERT_TRUE(file.seek(0));
     TimeSignature time;
     ASSERT_TRUE(time.readFromStream(file, 1));
     EXPECT_EQ(time, TimeSignature(40000, 16));
-    Bytes damaged;
+    BytesInMemory damaged;
     damaged.bytes = {4, 0, 0, 0};
     EXPECT_THROW(time.readFromStream(damaged, 1), CoreException);
-    Bytes cut;
+    BytesInMemory cut;
     cut.bytes = {4, 0, 4};
     EXPECT_FALSE(TimeSignature().readFromStream(cut, 1));
     EXPECT_THROW(TimeSignature(65536, 4).writeToStream(file, 1), CoreException);
