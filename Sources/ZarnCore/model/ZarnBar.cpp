@@ -44,12 +44,16 @@ void Bar::copyVoices(const Bar &other)
         if (_voices[i])
             ChildLinkAccess::setPlace(*_voices[i], i);
     }
+    _hasUnlinkedVoices = true;
 }
 
 void Bar::linkChildren()
 {
+    if (!_hasUnlinkedVoices)
+        return;
+    _hasUnlinkedVoices = false;
     for (const auto &voice : _voices)
-        if (voice && !ChildLinkAccess::hasParent(*voice))
+        if (voice)
             ChildLinkAccess::attach(*voice, weak_from_this());
 }
 

@@ -115,6 +115,9 @@ private:
     ClefType _clef = ClefType::G2;
     Ottavia _ottavia = Ottavia::None;
     SimileMark _simileMark = SimileMark::None;
+
+    /// A copy cannot name itself as parent before it is held by a shared pointer.
+    bool _hasUnlinkedVoices = false;
     Voices _voices;
     OnDemand<std::vector<ClefChange>> _clefChanges;
 };

@@ -129,7 +129,11 @@ private:
         }
     };
 
-    void linkChildren() { _notes.link(weak_from_this()); }
+    void linkChildren()
+    {
+        if (!_notes.isLinked())
+            _notes.link(weak_from_this());
+    }
 
     std::uint8_t _dynamic = 0;
     GraceType _graceType = GraceType::None;

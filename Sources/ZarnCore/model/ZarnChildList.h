@@ -53,9 +53,9 @@ private:
 /// The one door to a node's link; for those that hold children.
 struct ChildLinkAccess {
     template <class Parent, class Child>
-    static void attach(Child &child, const std::weak_ptr<Parent> &parent)
+    static void attach(Child &child, std::weak_ptr<Parent> parent)
     {
-        static_cast<ChildLink<Parent> &>(child)._parent = parent;
+        static_cast<ChildLink<Parent> &>(child)._parent = std::move(parent);
         child.linkChildren();
     }
 
@@ -142,14 +142,13 @@ public:
     }
 
     /// Puts one child in front of `index`; past the end it is appended.
-    void insert(std::size_t index, std::shared_ptr<Child> child,
-                const std::weak_ptr<Parent> &parent)
+    void insert(std::size_t index, std::shared_ptr<Child> child, std::weak_ptr<Parent> parent)
     {
         ChildLinkAccess::requireDetached(child);
-        const std::size_t at = std::min(index, _items.size());
         Child &node = *child;
+        const std::size_t at = std::min(index, _items.size());
         _items.insert(_items.begin() + static_cast<std::ptrdiff_t>(at), std::move(child));
-        ChildLinkAccess::attach(node, parent);
+        ChildLinkAccess::attach(node, std::move(parent));
         renumberFrom(at);
     }
 
@@ -202,9 +201,8 @@ public:
     /// Finishes the links of a copy, once its owner is held by a shared pointer.
     void link(const std::weak_ptr<Parent> &parent)
     {
-        if (!isLinked())
-            for (const auto &child : _items)
-                ChildLinkAccess::attach(*child, parent);
+        for (const auto &child : _items)
+            ChildLinkAccess::attach(*child, parent);
     }
     bool isLinked() const noexcept
     {

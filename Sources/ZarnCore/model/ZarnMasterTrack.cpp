@@ -53,7 +53,6 @@ void MasterTrack::copyFrom(const MasterTrack &other, const ScoreModelRange *rang
         removeMasterBars(static_cast<unsigned>(last) + 1, masterBarCount() - 1);
     if (first > 0)
         removeMasterBars(0, static_cast<unsigned>(first) - 1);
-    updatePlayList();
 }
 
 void MasterTrack::setParentScoreModel(const std::shared_ptr<ScoreModel> &model)
@@ -123,7 +122,6 @@ void MasterTrack::clear()
 {
     clearAutomations();
     _d->directions = Private::unsetDirections();
-    _d->playList.clear();
     if (hasMasterBars())
         takeMasterBarBlock(0, masterBarCount() - 1);
 }
@@ -132,10 +130,12 @@ void MasterTrack::insertMasterBarBlock(unsigned index, MasterBars bars)
 {
     linkChildren();
     _masterBars.insert(index, std::move(bars), weak_from_this());
+    _d->isPlayListStale = true;
 }
 
 MasterTrack::MasterBars MasterTrack::takeMasterBarBlock(unsigned first, unsigned last)
 {
+    _d->isPlayListStale = true;
     return _masterBars.take(first, last);
 }
 

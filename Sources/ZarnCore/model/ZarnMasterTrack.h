@@ -105,8 +105,9 @@ public:
         return directionMarksToQString(marks);
     }
 
-    /// The bars in the order in which they are played, as of the last `updatePlayList()`.
-    const PlayList &playlist() const noexcept;
+    /// The bars in the order in which they are played. It follows master bars that come and go
+    /// and directions by itself; after a change of repeats or endings, call `updatePlayList()`.
+    const PlayList &playlist() const;
 
     /// Unfolds repeats, alternate endings and directions; see `unfoldPlayList`.
     void updatePlayList();
@@ -147,7 +148,11 @@ private:
     friend class ScoreModel;
     struct Private;
 
-    void linkChildren() { _masterBars.link(weak_from_this()); }
+    void linkChildren()
+    {
+        if (!_masterBars.isLinked())
+            _masterBars.link(weak_from_this());
+    }
     void moveMarks(unsigned index, unsigned count);
     void removeDirections(unsigned first, unsigned last) noexcept;
 

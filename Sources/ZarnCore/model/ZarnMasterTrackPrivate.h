@@ -12,7 +12,10 @@ struct MasterTrack::Private {
     TempoSettings tempo;
     DirectionSlots directions = unsetDirections();
     PlayList playList;
+    bool isPlayListStale = false;
     bool anacrusis = false;
+
+    void refreshPlayList(const MasterTrack &track);
 
     static DirectionSlots unsetDirections() noexcept
     {

@@ -16,8 +16,10 @@ int MasterTrack::directionIndex(DirectionMark mark) const noexcept
 
 void MasterTrack::setDirection(int kind, int barIndex) noexcept
 {
-    if (kind >= 0 && kind < DirectionMarkCount)
-        _d->directions[static_cast<std::size_t>(kind)] = barIndex;
+    if (kind < 0 || kind >= DirectionMarkCount)
+        return;
+    _d->directions[static_cast<std::size_t>(kind)] = barIndex;
+    _d->isPlayListStale = true;
 }
 
 const MasterTrack::DirectionSlots &MasterTrack::directionSlots() const noexcept
@@ -28,6 +30,7 @@ const MasterTrack::DirectionSlots &MasterTrack::directionSlots() const noexcept
 void MasterTrack::setDirectionSlots(const DirectionSlots &slots) noexcept
 {
     _d->directions = slots;
+    _d->isPlayListStale = true;
 }
 
 std::set<DirectionMark> MasterTrack::directionsAtBarIndex(int barIndex) const
@@ -56,14 +59,22 @@ int MasterTrack::jumpIndexForDirection(int kind) const noexcept
     return target == DirectionMark::NoDirection ? 0 : directionIndex(target);
 }
 
-const MasterTrack::PlayList &MasterTrack::playlist() const noexcept
+void MasterTrack::Private::refreshPlayList(const MasterTrack &track)
 {
+    playList = unfoldPlayList(track);
+    isPlayListStale = false;
+}
+
+const MasterTrack::PlayList &MasterTrack::playlist() const
+{
+    if (_d->isPlayListStale)
+        _d->refreshPlayList(*this);
     return _d->playList;
 }
 
 void MasterTrack::updatePlayList()
 {
-    _d->playList = unfoldPlayList(*this);
+    _d->refreshPlayList(*this);
 }
 
 const TempoSettings &MasterTrack::tempoSettings() const noexcept

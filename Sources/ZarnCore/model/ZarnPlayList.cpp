@@ -57,6 +57,10 @@ public:
     explicit Unfolding(const MasterTrack &track) : _track(track), _bars(track.masterBars())
     {
         findSections();
+        _hasDirections.resize(_bars.size());
+        for (const int bar : track.directionSlots())
+            if (bar >= 0 && static_cast<std::size_t>(bar) < _bars.size())
+                _hasDirections[static_cast<std::size_t>(bar)] = true;
     }
 
     std::vector<int> run()
@@ -121,7 +125,7 @@ private:
             ++_pass;
             return section.start;
         }
-        return direct(bar);
+        return _hasDirections[bar] ? direct(bar) : bar + 1;
     }
 
     std::optional<unsigned> direct(unsigned bar)
@@ -177,6 +181,7 @@ private:
     const MasterTrack::MasterBars &_bars;
     std::vector<RepeatSection> _sections;
     std::vector<std::size_t> _sectionOfBar;
+    std::vector<bool> _hasDirections;
     std::size_t _section = static_cast<std::size_t>(-1);
     unsigned _pass = 1;
     bool _arrived = true;

@@ -53,7 +53,8 @@ void ScoreModel::linkChildren()
     if (!_masterTrack->parentScoreModel())
         if (const auto self = weak_from_this().lock())
             _masterTrack->setParentScoreModel(self);
-    _tracks.link(weak_from_this());
+    if (!_tracks.isLinked())
+        _tracks.link(weak_from_this());
 }
 
 void ScoreModel::setParentScore(Score *score) noexcept

@@ -96,7 +96,7 @@ public:
     void clear();
 
     // Bar columns: the master bar and the bar of every staff with one number. Automations and
-    // directions follow their bars, the play list is brought up to date.
+    // directions follow their bars, and so does the play list.
 
     /// Inserts empty columns in front of `index`; past the end they are appended. Returns what
     /// that changes in the other columns, for `restoreSurroundings`.

@@ -19,6 +19,20 @@ void collectSimileMarks(const ScoreModel &model, unsigned from, unsigned to,
                     {track->index(), staff->index(), i, staff->bars()[i]->simileMark()});
 }
 
+// Most tracks have no automations: their many slots need not be looked at.
+AutomationContainer::ErasedBlocks eraseAutomations(AutomationContainer &container, unsigned first,
+                                                   unsigned last)
+{
+    return container.hasAutomations() ? container.eraseBlocks(first, last)
+                                      : AutomationContainer::ErasedBlocks{first, last, {}, {}};
+}
+
+void restoreAutomations(AutomationContainer &container, AutomationContainer::ErasedBlocks erased)
+{
+    if (container.hasAutomations() || !erased.removed.empty())
+        container.restoreBlocks(std::move(erased));
+}
+
 } // namespace
 
 BarColumnSurroundings ScoreModel::insertEmptyBarColumns(unsigned index, unsigned count)
@@ -32,7 +46,6 @@ BarColumnSurroundings ScoreModel::insertEmptyBarColumns(unsigned index, unsigned
     _masterTrack->insertEmptyMasterBars(index, count);
     for (const auto &track : tracks())
         track->insertEmptyBars(index, count, LinkMode::Mend);
-    _masterTrack->updatePlayList();
     return before;
 }
 
@@ -55,13 +68,12 @@ BarColumns ScoreModel::takeBarColumns(unsigned first, unsigned last)
     taken.masterBars = _masterTrack->takeMasterBarBlock(first, last);
     taken.bars.reserve(trackCount());
     for (const auto &track : tracks()) {
-        taken.automations.push_back(track->mutableAutomations().eraseBlocks(first, last));
+        taken.automations.push_back(eraseAutomations(track->mutableAutomations(), first, last));
         Track::BarBlocks blocks;
         for (const auto &staff : track->staves())
             blocks.push_back(staff->takeBars(first, last, LinkMode::Mend));
         taken.bars.push_back(std::move(blocks));
     }
-    _masterTrack->updatePlayList();
     return taken;
 }
 
@@ -82,7 +94,7 @@ void ScoreModel::putBackBarColumns(BarColumns columns)
     _masterTrack->restoreBlocks(std::move(columns.automations[0]));
     for (unsigned i = 0; i < trackCount(); ++i) {
         const auto &track = tracks()[i];
-        track->mutableAutomations().restoreBlocks(std::move(columns.automations[i + 1]));
+        restoreAutomations(track->mutableAutomations(), std::move(columns.automations[i + 1]));
         for (unsigned staff = 0; staff < track->staffCount(); ++staff)
             track->staves()[staff]->insertBars(columns.first, std::move(columns.bars[i][staff]));
     }
@@ -96,7 +108,6 @@ void ScoreModel::restoreSurroundings(const BarColumnSurroundings &surroundings)
         if (const auto track = _tracks.at(place.track))
             if (const auto bar = track->bar(place.bar, place.staff))
                 bar->setSimileMark(place.mark);
-    _masterTrack->updatePlayList();
 }
 
 } // namespace zarn

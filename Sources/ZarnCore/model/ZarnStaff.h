@@ -132,7 +132,11 @@ public:
 private:
     friend struct ChildLinkAccess;
 
-    void linkChildren() { _bars.link(weak_from_this()); }
+    void linkChildren()
+    {
+        if (!_bars.isLinked())
+            _bars.link(weak_from_this());
+    }
     void mendSimilesAround(unsigned index);
 
     ChildList<Staff, Bar> _bars;

@@ -149,7 +149,7 @@ void Track::addEmptyBars(unsigned count, LinkMode mode)
 
 void Track::insertEmptyBars(unsigned index, unsigned count, LinkMode mode)
 {
-    if (index < barCount())
+    if (index < barCount() && _automations.hasAutomations())
         _automations.insertBlocks(index, count);
     linkChildren();
     for (const auto &staff : staves())

@@ -143,7 +143,11 @@ public:
 private:
     friend struct ChildLinkAccess;
 
-    void linkChildren() { _staves.link(weak_from_this()); }
+    void linkChildren()
+    {
+        if (!_staves.isLinked())
+            _staves.link(weak_from_this());
+    }
     std::shared_ptr<Staff> makeStaff(unsigned barCount) const;
 
     InstrumentSet::Type _type = InstrumentSet::unknown;

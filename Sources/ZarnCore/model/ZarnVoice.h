@@ -104,7 +104,11 @@ public:
 private:
     friend struct ChildLinkAccess;
 
-    void linkChildren() { _beats.link(weak_from_this()); }
+    void linkChildren()
+    {
+        if (!_beats.isLinked())
+            _beats.link(weak_from_this());
+    }
     utils::rational soundingJoint(unsigned index) const;
 
     ChildList<Voice, Beat> _beats;
