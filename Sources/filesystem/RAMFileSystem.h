@@ -5,6 +5,8 @@
 
 namespace filesystem {
 
+class RAMTable;
+
 /// Files in memory, gone with the last handle once this object is gone. A path means the same with
 /// and without "/" in front; "." and ".." are resolved. Safe for use by several threads.
 class FILESYSTEM_EXPORT RAMFileSystem final : public FileSystem {
@@ -24,11 +26,8 @@ public:
     std::vector<std::string> list(const std::string &folder) const override;
 
 private:
-    class Table;
-    class Handle;
-
     /// Shared with the handles that write, which put their content here when they close.
-    std::shared_ptr<Table> _table;
+    std::shared_ptr<RAMTable> _table;
 };
 
 } // namespace filesystem

@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <array>
 #include <atomic>
-#include <limits>
 
 namespace zarn {
 
@@ -253,35 +252,6 @@ void GuitarTuning::setTuning(unsigned string, int midi) noexcept
     widenRange(_data->midiNumbers[string]);
 }
 
-int GuitarTuning::midi(unsigned string, int fret) const noexcept
-{
-    const auto midi = std::int64_t{tuning(string)} + fret - lowestFret(string);
-    using Limits = std::numeric_limits<int>;
-    return static_cast<int>(std::clamp<std::int64_t>(midi, Limits::min(), Limits::max()));
-}
-
-int GuitarTuning::fret(unsigned string, int midi, int lastFret) const noexcept
-{
-    if (string >= stringCount())
-        return -1;
-    const auto fret = std::int64_t{midi} - this->midi(string, 0);
-    return fret >= lowestFret(string) && fret <= lastFret ? static_cast<int>(fret) : -1;
-}
-
-bool GuitarTuning::firstStringAndFret(int midi, unsigned lowestString, int lastFret,
-                                      unsigned &string, int &fret) const noexcept
-{
-    for (auto candidate = stringCount(); candidate > lowestString; --candidate) {
-        const int found = this->fret(candidate - 1, midi, lastFret);
-        if (found < 0)
-            continue;
-        string = candidate - 1;
-        fret = found;
-        return true;
-    }
-    return false;
-}
-
 bool GuitarTuning::differentTunings(const GuitarTuning &a, const GuitarTuning &b, unsigned options)
 {
     const auto &one = *a._data;
@@ -327,11 +297,6 @@ GuitarTuning::Instrument GuitarTuning::instrumentFromString(const std::string &t
             return static_cast<Instrument>(instruments.value(i));
     }
     return Undefined;
-}
-
-int GuitarTuning::lowestFret(unsigned string) const noexcept
-{
-    return _data->hasShortDroneString && string == 0 ? droneFret : 0;
 }
 
 void GuitarTuning::widenRange(int midi) noexcept

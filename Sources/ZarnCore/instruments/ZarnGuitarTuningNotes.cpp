@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
-// The tones of a tuning: where they lie, and what they are called.
+// Pitches and tones of a tuning: where they lie, and what they are called.
 #include <ZarnCore/instruments/ZarnGuitarTuning.h>
 
+#include <ZarnCore/instruments/GuitarTuningData.h>
 #include <ZarnCore/music/ZarnTone.h>
 
 #include <QStringList>
 
 #include <algorithm>
 #include <cstdint>
+#include <limits>
 
 namespace zarn {
 
@@ -24,6 +26,40 @@ QStringList toneNames(const GuitarTuning &tuning, bool preferSharp)
 }
 
 } // namespace
+
+int GuitarTuning::lowestFret(unsigned string) const noexcept
+{
+    return _data->hasShortDroneString && string == 0 ? droneFret : 0;
+}
+
+int GuitarTuning::midi(unsigned string, int fret) const noexcept
+{
+    const auto midi = std::int64_t{tuning(string)} + fret - lowestFret(string);
+    using Limits = std::numeric_limits<int>;
+    return static_cast<int>(std::clamp<std::int64_t>(midi, Limits::min(), Limits::max()));
+}
+
+int GuitarTuning::fret(unsigned string, int midi, int lastFret) const noexcept
+{
+    if (string >= stringCount())
+        return -1;
+    const auto fret = std::int64_t{midi} - this->midi(string, 0);
+    return fret >= lowestFret(string) && fret <= lastFret ? static_cast<int>(fret) : -1;
+}
+
+bool GuitarTuning::firstStringAndFret(int midi, unsigned lowestString, int lastFret,
+                                      unsigned &string, int &fret) const noexcept
+{
+    for (auto candidate = stringCount(); candidate > lowestString; --candidate) {
+        const int found = this->fret(candidate - 1, midi, lastFret);
+        if (found < 0)
+            continue;
+        string = candidate - 1;
+        fret = found;
+        return true;
+    }
+    return false;
+}
 
 Tone GuitarTuning::tone(unsigned string, int fret) const noexcept
 {

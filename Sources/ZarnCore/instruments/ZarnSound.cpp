@@ -2,7 +2,6 @@
 #include <ZarnCore/instruments/ZarnSound.h>
 
 #include <charconv>
-#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -106,20 +105,6 @@ std::string Sound::roleToString(Role role)
 Sound::Role Sound::roleFromString(const std::string &text)
 {
     return text == "User" ? User : Factory;
-}
-
-bool operator==(const Sound &a, const Sound &b) noexcept
-{
-    return !(a < b) && !(b < a);
-}
-
-bool operator<(const Sound &a, const Sound &b) noexcept
-{
-    const auto fields = [](const Sound &sound) {
-        return std::tie(sound._name, sound._path, sound._label, sound._midiSound, sound._role,
-                        sound._guiExpanded);
-    };
-    return fields(a) < fields(b);
 }
 
 } // namespace zarn

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <tuple>
 
 namespace zarn {
 
@@ -64,16 +65,22 @@ private:
     Role _role = Factory;
     bool _guiExpanded = false;
 
-    friend ZARNCORE_EXPORT bool operator==(const Sound &a, const Sound &b) noexcept;
-    friend ZARNCORE_EXPORT bool operator<(const Sound &a, const Sound &b) noexcept;
-};
+    auto fields() const noexcept
+    {
+        return std::tie(_name, _path, _label, _midiSound, _role, _guiExpanded);
+    }
 
-/// All fields; an order by name first, for sorted containers.
-ZARNCORE_EXPORT bool operator==(const Sound &a, const Sound &b) noexcept;
-ZARNCORE_EXPORT bool operator<(const Sound &a, const Sound &b) noexcept;
-inline bool operator!=(const Sound &a, const Sound &b) noexcept
-{
-    return !(a == b);
-}
+public:
+    /// All fields; an order by name first, for sorted containers.
+    friend bool operator==(const Sound &a, const Sound &b) noexcept
+    {
+        return a.fields() == b.fields();
+    }
+    friend bool operator!=(const Sound &a, const Sound &b) noexcept { return !(a == b); }
+    friend bool operator<(const Sound &a, const Sound &b) noexcept
+    {
+        return a.fields() < b.fields();
+    }
+};
 
 } // namespace zarn
