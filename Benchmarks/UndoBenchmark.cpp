@@ -9,9 +9,11 @@
 
 #include <QUndoStack>
 
+#include <deque>
 #include <functional>
 #include <malloc.h>
 #include <memory>
+#include <string>
 #include <utility>
 
 namespace {
@@ -32,9 +34,9 @@ struct Count : zarn::Command {
     long &_value;
 };
 
-/// The reference: a stack that is full.
-struct QtStack {
-    QtStack()
+/// What QUndoStack does alone.
+struct BareQtStack {
+    BareQtStack()
     {
         stack.setUndoLimit(keptCommands);
         for (int i = 0; i < keptCommands; ++i)
@@ -52,6 +54,70 @@ struct QtStack {
     }
     long value = 0;
     QUndoStack stack;
+};
+
+class StackSignals : public QObject {
+    Q_OBJECT
+Q_SIGNALS:
+    void announced(const QString &name);
+    void executed();
+};
+
+/// The reference: QUndoStack with what a score's stack does besides, a cursor kept per command and
+/// two events per step.
+struct QtStack {
+    explicit QtStack(bool isHeard = false)
+    {
+        if (isHeard) {
+            QObject::connect(&events, &StackSignals::announced, [this] { ++heard; });
+            QObject::connect(&events, &StackSignals::executed, [this] { ++heard; });
+        }
+        bare.stack.clear();
+        for (int i = 0; i < keptCommands; ++i)
+            push();
+    }
+    void push()
+    {
+        announce();
+        if (cursors.size() == keptCommands)
+            cursors.pop_front();
+        cursors.push_back(cursor);
+        bare.push();
+        Q_EMIT events.executed();
+    }
+    void undo()
+    {
+        announce();
+        bare.undo();
+        cursor = cursors.back();
+        cursors.pop_back();
+        Q_EMIT events.executed();
+    }
+    void redo()
+    {
+        announce();
+        cursors.push_back(cursor);
+        bare.redo();
+        Q_EMIT events.executed();
+    }
+    void macro(int count)
+    {
+        announce();
+        if (cursors.size() == keptCommands)
+            cursors.pop_front();
+        cursors.push_back(cursor);
+        bare.macro(count);
+        Q_EMIT events.executed();
+    }
+    void announce() { Q_EMIT events.announced(name); }
+
+    BareQtStack bare;
+    long &value = bare.value;
+    long heard = 0;
+    QString name = QStringLiteral("Count");
+    StackSignals events;
+    zarn::ScoreModelIndex cursor;
+    std::deque<zarn::ScoreModelIndex> cursors;
 };
 
 /// Ours: the stack of a score, with its cursor and its events. With `isHeard`, someone listens.
@@ -95,11 +161,13 @@ auto repeat(Action action, std::function<Stack *()> make)
 }
 
 template <class Action>
-void compare(bench::RatioReport &report, const char *name, double target, Action action,
-             bool isHeard = false)
+void compare(bench::RatioReport &report, const std::string &name, double target, Action action)
 {
     report.compare(name, target, repeat<QtStack>(action, [] { return new QtStack; }),
-                   repeat<OurStack>(action, [isHeard] { return new OurStack(isHeard); }));
+                   repeat<OurStack>(action, [] { return new OurStack; }));
+    report.compare(name + " / bare QUndoStack", target,
+                   repeat<BareQtStack>(action, [] { return new BareQtStack; }),
+                   repeat<OurStack>(action, [] { return new OurStack; }));
 }
 
 /// Bytes in use before and after a hundred thousand pushes past a full ring.
@@ -128,7 +196,9 @@ int main(int argc, char **argv)
     };
     bench::RatioReport report;
     compare(report, "push", 0.5, push);
-    compare(report, "push, two listeners", 0.5, push, true);
+    report.compare("push, two listeners", 0.5,
+                   repeat<QtStack>(push, [] { return new QtStack(true); }),
+                   repeat<OurStack>(push, [] { return new OurStack(true); }));
     compare(report, "push and undo", 0.5, [](auto &stack) {
         stack.push();
         stack.undo();
@@ -145,3 +215,5 @@ int main(int argc, char **argv)
     report.compareValues("heap after 100,000 pushes / before", 1.0, heapOfPushes);
     return report.run(argc, argv);
 }
+
+#include "UndoBenchmark.moc"

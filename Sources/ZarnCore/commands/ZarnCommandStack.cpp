@@ -81,7 +81,8 @@ void CommandStack::checkOutsideStep(const char *function) const
 
 void CommandStack::checkNotLockedHere(const char *function) const
 {
-    if (_lockOwner.load(std::memory_order_relaxed) == std::this_thread::get_id())
+    const std::thread::id owner = _lockOwner.load(std::memory_order_relaxed);
+    if (owner != std::thread::id() && owner == std::this_thread::get_id())
         ZARN_RAISE_IN(function,
                       "The command stack is locked by this very thread: call unlock() "
                       "before editing");
@@ -107,19 +108,21 @@ void CommandStack::pushCommand(Command *command)
 /// throws, the stack is as it was and the command is the caller's again.
 void CommandStack::execute(std::unique_ptr<Command> &command, Executed executed)
 {
-    Slot slot; // before the lock: what is displaced dies when the lock is free again
+    // Before the lock: what is displaced dies when the lock is free again.
+    std::unique_ptr<Command> displaced = std::move(command);
     const Lock lock(*this);
+    std::optional<ScoreCursor> cursor;
     if (_score != nullptr)
-        slot.cursor = _score->scoreCursor();
-    Command &running = *command;
-    slot.command = std::move(command);
-    slot.isOccupied = true;
+        cursor.emplace(_score->scoreCursor());
+    Command &running = *displaced;
     const std::int32_t undoTop = _undoTop;
     const std::int32_t redoTop = _redoTop;
-    const bool isKept = !_undo.empty();
     const std::size_t place = placeAfter(undoTop);
-    if (isKept) {
-        std::swap(_undo[place], slot);
+    Slot *const slot = _undo.empty() ? nullptr : &_undo[place];
+    const bool wasOccupied = slot != nullptr && slot->isOccupied;
+    if (slot != nullptr) {
+        slot->command.swap(displaced);
+        slot->isOccupied = true;
         _undoTop = static_cast<std::int32_t>(place);
     }
     if (executed == Executed::FirstTime)
@@ -127,12 +130,19 @@ void CommandStack::execute(std::unique_ptr<Command> &command, Executed executed)
     try {
         running.redo();
     } catch (...) {
-        if (isKept)
-            std::swap(_undo[place], slot);
+        if (slot != nullptr) {
+            slot->command.swap(displaced);
+            slot->isOccupied = wasOccupied;
+        }
         _undoTop = undoTop;
         _redoTop = redoTop;
-        command = std::move(slot.command);
+        command = std::move(displaced);
         throw;
+    }
+    if (slot != nullptr) {
+        slot->cursor.reset();
+        if (cursor.has_value())
+            slot->cursor.emplace(*cursor);
     }
     if (executed == Executed::FirstTime) {
         _redoTop = redoTop;
@@ -148,22 +158,26 @@ void CommandStack::undo()
         return;
     const Step step(*this);
     const std::int32_t place = _undoTop;
-    Slot slot = std::exchange(_undo[static_cast<std::size_t>(place)], Slot());
+    Slot &slot = _undo[static_cast<std::size_t>(place)];
+    std::unique_ptr<Command> command = std::move(slot.command);
+    slot.isOccupied = false;
     _undoTop = place > 0 ? place - 1 : static_cast<std::int32_t>(_undo.size()) - 1;
     std::optional<Lock> lock;
     try {
-        announce(evt::CommandWillUndo(slot.command->name()));
+        announce(evt::CommandWillUndo(command->name()));
         lock.emplace(*this);
-        slot.command->undo();
+        command->undo();
     } catch (...) {
-        _undo[static_cast<std::size_t>(place)] = std::move(slot);
+        slot.command = std::move(command);
+        slot.isOccupied = true;
         _undoTop = place;
         throw;
     }
     // Stored before the cursor moves: a listener of that may throw.
-    _redo[static_cast<std::size_t>(++_redoTop)] = std::move(slot.command);
+    _redo[static_cast<std::size_t>(++_redoTop)] = std::move(command);
     if (slot.cursor.has_value() && _score != nullptr)
         _score->scoreCursor().moveToCursor(*slot.cursor);
+    slot.cursor.reset();
     announce(evt::CommandExecuted());
 }
 

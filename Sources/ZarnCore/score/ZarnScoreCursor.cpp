@@ -24,15 +24,11 @@ ScoreCursor::ScoreCursor(Score *score) : _score(score)
         _index.setModel(_score->scoreModel().get());
 }
 
-ScoreCursor::ScoreCursor(const ScoreCursor &other) : _index(other._index) { }
-
 ScoreCursor &ScoreCursor::operator=(const ScoreCursor &other)
 {
     moveToCursor(other);
     return *this;
 }
-
-ScoreCursor::~ScoreCursor() = default;
 
 std::unique_ptr<ScoreCursor> ScoreCursor::cloneScoreCursor() const
 {
@@ -46,6 +42,8 @@ void ScoreCursor::moveToCursor(const ScoreCursor &other)
 
 void ScoreCursor::setIndex(const ScoreModelIndex &index)
 {
+    if (isSamePlace(index, _index))
+        return;
     if (_score == nullptr) {
         _index = index;
         return;

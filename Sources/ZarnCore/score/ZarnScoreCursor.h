@@ -17,12 +17,12 @@ public:
     /// The cursor of a score, which must outlive it; at no place yet.
     explicit ScoreCursor(Score *score);
 
-    ScoreCursor(const ScoreCursor &other);
+    ScoreCursor(const ScoreCursor &other) noexcept : _index(other._index) {}
 
     /// The same as `moveToCursor`.
     ScoreCursor &operator=(const ScoreCursor &other);
 
-    ~ScoreCursor();
+    ~ScoreCursor() = default;
 
     /// A copy of the current position.
     std::unique_ptr<ScoreCursor> cloneScoreCursor() const;
