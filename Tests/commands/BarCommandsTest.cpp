@@ -156,6 +156,7 @@ TEST_F(BarCommandsTest, commandsOfAMacroReadTheScoreWhenTheyRun)
     ASSERT_TRUE(score.removeBarRange(0, 4));
     EXPECT_THROW(score.commandStack().endMacroCommand(true), CoreException);
     EXPECT_TRUE(model == *before);
+    EXPECT_EQ(brokenRules(score), "");
 }
 
 TEST_F(BarCommandsTest, listenerThatThrowsFindsTheChangeTakenBack)

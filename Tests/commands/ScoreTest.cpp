@@ -44,6 +44,7 @@ TEST(Score, copyHasItsOwnMusicAndNoHistory)
     EXPECT_EQ(copy.tracksName(), QStringList{QStringLiteral("Violin")});
     EXPECT_FALSE(copy.commandStack().undoAvailable());
     EXPECT_EQ(copy.scoreCursor().index().bar(), copy.track(0)->bar(2, 0));
+    EXPECT_EQ(brokenRules(copy), "");
     ASSERT_TRUE(copy.removeBar(0));
     EXPECT_EQ(score.masterTrack()->masterBarCount(), 3u);
 

@@ -17,7 +17,7 @@ public:
     /// The cursor of a score, which must outlive it; at no place yet.
     explicit ScoreCursor(Score *score);
 
-    ScoreCursor(const ScoreCursor &other) noexcept : _index(other._index) {}
+    ScoreCursor(const ScoreCursor &other) noexcept : _index(other._index) { }
 
     /// The same as `moveToCursor`.
     ScoreCursor &operator=(const ScoreCursor &other);
