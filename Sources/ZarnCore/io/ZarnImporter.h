@@ -13,8 +13,9 @@ class FileHandle;
 }
 
 namespace zarn {
+class Score;
 class ScoreModel;
-}
+} // namespace zarn
 
 namespace zarn::io {
 
@@ -49,6 +50,10 @@ public:
     /// Raises `ImportException` for a document that is refused.
     virtual std::shared_ptr<ScoreModel> read(filesystem::FileHandle &handle,
                                              ImportReport &report) const = 0;
+
+    /// The same into a score, which keeps its listeners and forgets its commands. Unless the whole
+    /// document was read, the score stays as it was.
+    void importScore(filesystem::FileHandle &handle, Score &score, ImportReport &report) const;
 };
 
 } // namespace zarn::io

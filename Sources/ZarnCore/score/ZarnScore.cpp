@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/score/ZarnScore.h>
 
+#include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/ZarnLog.h>
 #include <ZarnCore/events/ZarnScoreEvents.h>
 #include <ZarnCore/model/ZarnMasterTrack.h>
@@ -46,6 +47,16 @@ Score::~Score()
     _commands.setMaximumUndo(0);
     _commands.clear();
     _model->setParentScore(nullptr);
+}
+
+void Score::setScoreModel(std::shared_ptr<ScoreModel> model)
+{
+    ZARN_ASSERT_IN("zarn::Score::setScoreModel", model != nullptr);
+    ZARN_ASSERT_IN("zarn::Score::setScoreModel", model->parentScore() == nullptr);
+    _commands.setMaximumUndo(_commands.maximumUndo());
+    _commands.clear();
+    adoptModel(std::move(model));
+    notify(this, evt::ScoreChanged());
 }
 
 void Score::adoptModel(std::shared_ptr<ScoreModel> model)

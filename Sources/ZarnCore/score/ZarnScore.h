@@ -68,6 +68,11 @@ public:
     /// The tree; never empty. Changing it other than by commands is for importers.
     const std::shared_ptr<ScoreModel> &scoreModel() const noexcept { return _model; }
 
+    /// Takes over a model that no score has, as importers make them, forgets all commands and
+    /// sends `ScoreChanged`. The old model lives on for those who hold it, without a score.
+    /// Raises for none and for the model of a score.
+    void setScoreModel(std::shared_ptr<ScoreModel> model);
+
     CommandStack &commandStack() noexcept { return _commands; }
     const CommandStack &commandStack() const noexcept { return _commands; }
 
