@@ -10,6 +10,16 @@ namespace zarn::io {
 
 using utils::rational;
 
+namespace {
+
+/// Bytes of text that gather at one beat at most.
+constexpr std::size_t mostText = 4096;
+
+/// How far `beatNear` looks around in each voice.
+constexpr std::ptrdiff_t nearBeats = 16;
+
+} // namespace
+
 BarBuilder::BarBuilder(ImportContext &context, NoteMaker &notes) : _context(context), _notes(notes)
 {
 }
@@ -208,7 +218,7 @@ void BarBuilder::squeezeIn(const WrittenNote &note)
     _chordBeats[static_cast<std::size_t>(note.staff)] = near->beat.get();
 }
 
-/// The beat with notes whose onset is nearest, or else any that is no grace beat.
+/// The beat with notes whose onset is nearest, or else one without; never a grace beat.
 BarBuilder::PlacedBeat *BarBuilder::beatNear(StaffSlots &staff, const rational &onset)
 {
     PlacedBeat *best = nullptr;
@@ -217,10 +227,16 @@ BarBuilder::PlacedBeat *BarBuilder::beatNear(StaffSlots &staff, const rational &
             return !best || candidate.beat->hasNotes();
         return utils::abs(candidate.onset - onset) < utils::abs(best->onset - onset);
     };
-    for (auto &slot : staff.slots)
-        for (auto &placed : slot.beats)
-            if (!placed.beat->isGrace() && isBetter(placed))
-                best = &placed;
+    for (auto &slot : staff.slots) {
+        const auto middle =
+            std::partition_point(slot.beats.begin(), slot.beats.end(),
+                                 [&](const PlacedBeat &placed) { return placed.onset < onset; });
+        auto placed = middle - std::min(nearBeats, middle - slot.beats.begin());
+        const auto end = middle + std::min(nearBeats, slot.beats.end() - middle);
+        for (; placed != end; ++placed)
+            if (!placed->beat->isGrace() && isBetter(*placed))
+                best = &*placed;
+    }
     return best;
 }
 
@@ -237,6 +253,10 @@ void BarBuilder::attachMarks(const WrittenMeasure &measure)
 void BarBuilder::attach(const WrittenMark &mark, Beat &beat)
 {
     const auto joined = [&](const std::string &before) {
+        if (before.size() + mark.text.size() > mostText) {
+            _context.addProblem(mark.node, "more text than fits at one beat was left out");
+            return before;
+        }
         return before.empty() ? mark.text : before + " " + mark.text;
     };
     switch (mark.kind) {

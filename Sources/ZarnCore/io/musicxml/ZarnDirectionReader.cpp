@@ -57,6 +57,7 @@ void DirectionReader::readDirection(pugi::xml_node node, const MeasureTimeline &
             break;
         case Tag::Sound:
             gathered.sound = child;
+            _context.addUnheldChildren(child);
             break;
         case Tag::Offset:
         case Tag::Staff:

@@ -69,7 +69,8 @@ void JumpPlacer::placeTargets(const std::vector<WrittenJump> &jumps, Kind kind,
         if (jump.kind != kind)
             continue;
         const bool second = !targets.empty();
-        targets.push_back({jump.bar, jump.name});
+        if (targets.size() < 2)
+            targets.push_back({jump.bar, jump.name});
         if (segno)
             set(second ? DirectionMark::SegnoSegno : DirectionMark::Segno, jump);
         else

@@ -18,6 +18,9 @@ namespace {
 /// A rehearsal mark of so many letters is a letter, a longer one is a title.
 constexpr std::size_t mostLetters = 3;
 
+/// Bytes that the titles of one bar have at most.
+constexpr std::size_t mostTitle = 4096;
+
 } // namespace
 
 MasterBarBuilder::MasterBarBuilder(ImportContext &context, const std::vector<PartFacts> &parts,
@@ -196,7 +199,8 @@ void MasterBarBuilder::setSections(MasterTrack &master)
             auto &bar = *master.masterBars()[static_cast<std::size_t>(written.bar)];
             Section section = bar.section();
             if (written.text.empty() || section.letter == written.text
-                || section.text == written.text)
+                || section.text == written.text
+                || section.text.size() + written.text.size() > mostTitle)
                 continue;
             auto &text = written.text.size() <= mostLetters && section.letter.empty()
                 ? section.letter

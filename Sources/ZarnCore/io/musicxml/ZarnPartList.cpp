@@ -54,6 +54,8 @@ void PartList::readPart(pugi::xml_node node, ImportContext &context)
         }
     }
     _parts.push_back(std::move(part));
+    if (_parts.size() > mostParts)
+        context.refuse(node, "a score has no more than " + std::to_string(mostParts) + " parts");
 }
 
 void PartList::readMidi(pugi::xml_node node, ListedPart &part, ImportContext &context)

@@ -25,6 +25,9 @@ struct ListedPart {
     pugi::xml_node node;
 };
 
+/// More parts than any score has; a document with more is refused.
+constexpr std::size_t mostParts = 1000;
+
 /// The <part-list> of a document.
 class PartList {
 public:

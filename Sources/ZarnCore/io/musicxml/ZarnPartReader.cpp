@@ -85,6 +85,9 @@ void PartReader::finishPart()
     _barlines.finishPart(*_facts);
     for (const auto &tie : _openTies)
         _context.addProblemInBar(tie.bar, tie.node, "a tie is begun here that nothing ends");
+    if (const auto hidden = _tally->notes.hidden; hidden > 0)
+        _context.addProblem({},
+                            std::to_string(hidden) + " notes that the document hides are shown");
     _tally->length = _length.toString();
     _tally->staves = static_cast<std::uint32_t>(std::max<std::size_t>(_facts->staves.size(), 1));
     std::sort(_tally->voices.begin(), _tally->voices.end());

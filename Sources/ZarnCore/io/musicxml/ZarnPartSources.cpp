@@ -10,9 +10,13 @@ namespace zarn::io {
 
 namespace {
 
-/// What the part list says about a part; a part that it leaves out is reported.
-ListedPart listedPart(pugi::xml_node node, const PartList &list, ImportContext &context)
+/// What the part list says about a part; a part that it leaves out is reported. `number` parts were
+/// found before.
+ListedPart listedPart(pugi::xml_node node, std::size_t number, const PartList &list,
+                      ImportContext &context)
 {
+    if (number >= mostParts)
+        context.refuse(node, "a score has no more than " + std::to_string(mostParts) + " parts");
     const std::string id = node.attribute("id").value();
     if (const auto *listed = list.find(id))
         return *listed;
@@ -28,7 +32,7 @@ std::vector<PartSource> partwiseSources(pugi::xml_node root, const PartList &lis
 {
     std::vector<PartSource> sources;
     for (auto part = root.child("part"); part; part = part.next_sibling("part")) {
-        sources.push_back({listedPart(part, list, context), {}});
+        sources.push_back({listedPart(part, sources.size(), list, context), {}});
         auto &measures = sources.back().measures;
         for (const auto child : part.children()) {
             if (tagOf(child.name()) == Tag::Measure)
@@ -56,7 +60,7 @@ std::vector<PartSource> timewiseSources(pugi::xml_node root, const PartList &lis
             const auto [found, isNew] =
                 numbers.insert({part.attribute("id").value(), sources.size()});
             if (isNew)
-                sources.push_back({listedPart(part, list, context), {}});
+                sources.push_back({listedPart(part, sources.size(), list, context), {}});
             auto &measures = sources[found->second].measures;
             if (measures.size() > bar) {
                 context.addProblem(part,

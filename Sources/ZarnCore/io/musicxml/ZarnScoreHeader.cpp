@@ -13,8 +13,9 @@ namespace {
 /// Sets a property, behind what it holds already.
 void add(ScoreModel &model, ScoreProperty property, const std::string &text)
 {
+    constexpr std::size_t mostText = 4096;
     const auto before = model.property(property);
-    if (!text.empty() && before != text)
+    if (!text.empty() && before != text && before.size() + text.size() <= mostText)
         model.setScoreProperty(property, before.empty() ? text : before + ", " + text);
 }
 

@@ -35,7 +35,7 @@ public:
 
 private:
     void readPart(std::size_t part, const PartSource &source);
-    void checkSize() const;
+    void checkSize(std::size_t barCount) const;
     void padBars();
     void fillBarsWithRests();
 
@@ -48,6 +48,7 @@ private:
     PartReader _reader;
     std::shared_ptr<ScoreModel> _model;
     std::size_t _barCount = 0;
+    std::size_t _barsMade = 0;
     std::vector<PartFacts> _facts;
     std::vector<StaffBars> _bars; ///< by part
     std::vector<WholeMeasureRest> _rests;
@@ -66,7 +67,10 @@ std::shared_ptr<ScoreModel> ScoreReader::read(ImportReport &report)
     _bars.resize(sources.size());
     for (std::size_t part = 0; part < sources.size(); ++part)
         readPart(part, sources[part]);
-    checkSize();
+    std::size_t staves = 0;
+    for (const auto &part : _bars)
+        staves += part.size();
+    checkSize(staves * _barCount);
     padBars();
 
     auto &master = *_model->masterTrack();
@@ -110,8 +114,10 @@ void ScoreReader::readPart(std::size_t part, const PartSource &source)
             bars.back().reserve(_barCount);
             for (std::size_t i = 0; i < bar; ++i)
                 bars.back().push_back(std::make_shared<Bar>());
+            checkSize(_barsMade += bar);
         }
         _builder.build(_measure, bars);
+        checkSize(_barsMade += bars.size());
     }
     _context.setPlace(static_cast<int>(part), -1);
     _reader.finishPart();
@@ -119,22 +125,15 @@ void ScoreReader::readPart(std::size_t part, const PartSource &source)
     _rests.insert(_rests.end(), rests.begin(), rests.end());
 }
 
-/// A few long parts beside many short ones would fill the memory with empty bars.
-void ScoreReader::checkSize() const
+/// Refuses what would fill the memory with empty bars: a bar takes some text when it is music.
+void ScoreReader::checkSize(std::size_t barCount) const
 {
     constexpr std::size_t alwaysAllowed = 1'000'000;
-    std::size_t written = 0;
-    std::size_t columns = 0;
-    for (const auto &part : _bars) {
-        columns += part.size() * _barCount;
-        for (const auto &staff : part)
-            written += staff.size();
-    }
-    if (columns > std::max(alwaysAllowed, 16 * written))
+    constexpr std::size_t textOfBar = 16;
+    if (barCount > std::max(alwaysAllowed, _document.size() / textOfBar))
         _context.refuse(_document.root(),
-                        "the parts are so unequal that the score would consist "
-                        "of "
-                            + std::to_string(columns) + " bars, nearly all of them empty");
+                        "the score would consist of " + std::to_string(barCount)
+                            + " bars, nearly all of them empty");
 }
 
 void ScoreReader::padBars()

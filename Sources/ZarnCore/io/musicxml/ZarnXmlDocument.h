@@ -23,6 +23,9 @@ public:
     const std::string &name() const noexcept { return _name; }
     pugi::xml_node root() const noexcept { return _xml.document_element(); }
 
+    /// Length of the decoded text in bytes.
+    std::size_t size() const noexcept { return _text.size(); }
+
     /// Line of an element, counted from 1. The first call builds a table of the lines.
     std::size_t line(pugi::xml_node node) const;
 
