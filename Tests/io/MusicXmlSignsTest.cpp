@@ -1,0 +1,232 @@
+// SPDX-License-Identifier: MIT
+// What stands around the notes: signatures, clefs, repeats, jumps, tempos, chords, tablature.
+#include "MusicXmlText.h"
+
+#include <ZarnCore/instruments/ZarnTempoAutomation.h>
+
+#include <gtest/gtest.h>
+
+using namespace musicxml;
+using utils::rational;
+using zarn::DirectionMark;
+using zarn::io::ImportReport;
+
+namespace {
+
+const std::string whole = note("C", 4, 4, "whole");
+
+std::string direction(const std::string &type, const std::string &sound = {})
+{
+    return "<direction><direction-type>" + type + "</direction-type>" + sound + "</direction>";
+}
+
+std::string clef(const char *sign, int line, const char *more = "")
+{
+    return std::string("<clef><sign>") + sign + "</sign><line>" + std::to_string(line) + "</line>"
+        + more + "</clef>";
+}
+
+} // namespace
+
+TEST(MusicXmlSigns, keysAreConcertKeysAndPitchesStayWritten)
+{
+    ImportReport report;
+    const auto model =
+        import(score(measure(attributes("<key><fifths>3</fifths><mode>minor</mode></key>"
+                                        "<transpose><diatonic>-1</diatonic><chromatic>-2"
+                                        "</chromatic></transpose>")
+                             + whole)),
+               report);
+    const auto key = model->masterTrack()->masterBar(0)->concertKeySignature();
+    EXPECT_EQ(key.accidentalCount(), 1);
+    EXPECT_FALSE(key.isMajor());
+    const auto notes = zarn::io::listNotes(*model);
+    EXPECT_EQ(notes.at(0).midi, 60);
+    EXPECT_EQ(notes.at(0).sounding, 58);
+}
+
+TEST(MusicXmlSigns, timesAreSummedOverDifferentUnitsAndFreeTimeIsFree)
+{
+    ImportReport report;
+    const auto model = import(
+        score(measure(attributes("<time><beats>3+2</beats><beat-type>8</beat-type><beats>1</beats>"
+                                 "<beat-type>4</beat-type></time>"))
+              + measure(attributes("<time><senza-misura/></time>") + whole)),
+        report);
+    const auto &master = *model->masterTrack();
+    EXPECT_EQ(master.masterBar(0)->timeSignature(), zarn::TimeSignature(7, 8));
+    EXPECT_TRUE(master.masterBar(1)->isFreeTime());
+    EXPECT_TRUE(report.hasProblem("line 5: the time signature 3+2/8 1/4 was summed to 7/8"));
+}
+
+TEST(MusicXmlSigns, clefsChangeInsideBarsAndAtTheirEnds)
+{
+    ImportReport report;
+    const auto model = import(
+        score(measure(attributes(clef("G", 2)) + note("C", 4, 2, "half") + attributes(clef("F", 4))
+                      + note("C", 3, 2, "half") + attributes(clef("C", 4)))
+              + measure(attributes(clef("G", 2, "<clef-octave-change>-1</clef-octave-change>"))
+                        + whole)),
+        report);
+    const auto staff = model->track(0)->staff(0);
+    EXPECT_EQ(staff->bar(0)->clef(), zarn::ClefType::G2);
+    ASSERT_EQ(staff->bar(0)->clefChanges().size(), 1u);
+    EXPECT_EQ(staff->bar(0)->clefAt(rational(2)), zarn::ClefType::F4);
+    EXPECT_EQ(staff->bar(1)->clef(), zarn::ClefType::G2);
+    EXPECT_EQ(staff->bar(1)->ottavia(), zarn::Ottavia::_8vb);
+}
+
+TEST(MusicXmlSigns, repeatsEndingsAndJumpsMakeThePlayList)
+{
+    const auto barline = [](const char *location, const std::string &content) {
+        return std::string("<barline location=\"") + location + "\">" + content + "</barline>";
+    };
+    const std::string text =
+        measure(barline("left", "<repeat direction=\"forward\"/>") + direction("<segno/>") + whole)
+        + measure(barline("left", "<ending number=\"1, 2\" type=\"start\"/>") + whole
+                  + barline("right",
+                            "<ending number=\"1, 2\" type=\"stop\"/><repeat "
+                            "direction=\"backward\" times=\"3\"/>"))
+        + measure(barline("left", "<ending number=\"3\" type=\"start\"/>") + whole
+                  + barline("right", "<ending number=\"3\" type=\"discontinue\"/>"))
+        + measure(whole + direction("<words>D.S. al Fine</words>", "<sound dalsegno=\"a\"/>"))
+        + measure(whole + direction("<words>To Coda</words>"))
+        + measure(direction("<coda/>") + whole + direction("<coda/>"));
+    ImportReport report;
+    const auto model = import(score(text), report);
+    const auto &master = *model->masterTrack();
+    EXPECT_EQ(master.masterBar(1)->repeatCount(), 3u);
+    EXPECT_EQ(master.masterBar(1)->alternateEndings(), 3u);
+    EXPECT_EQ(master.masterBar(2)->alternateEndings(), 4u);
+    EXPECT_EQ(master.directionIndex(DirectionMark::Segno), 0);
+    EXPECT_EQ(master.directionIndex(DirectionMark::DaSegnoAlFine), 3);
+    EXPECT_EQ(master.directionIndex(DirectionMark::DaCoda), 4);
+    EXPECT_EQ(master.directionIndex(DirectionMark::Coda), 5);
+    const std::vector<int> begin(master.playlist().begin(), master.playlist().begin() + 7);
+    EXPECT_EQ(begin, (std::vector<int>{0, 1, 0, 1, 0, 2, 3}));
+}
+
+TEST(MusicXmlSigns, directionsBeyondTheirSlotAreReported)
+{
+    std::string text;
+    for (int i = 0; i < 3; ++i)
+        text += measure(direction("<segno/>") + whole);
+    ImportReport report;
+    const auto model = import(score(text), report);
+    EXPECT_EQ(model->masterTrack()->directionIndex(DirectionMark::SegnoSegno), 1);
+    EXPECT_TRUE(report.hasProblem("bar 3, line 11: a further SegnoSegno was left out"));
+}
+
+TEST(MusicXmlSigns, temposKeepTheirUnitAndWordsStandAtTheirBeats)
+{
+    const std::string metronome = "<metronome><beat-unit>quarter</beat-unit><beat-unit-dot/>"
+                                  "<per-minute>ca. 96</per-minute></metronome>";
+    ImportReport report;
+    const auto model = import(
+        score(measure(
+                  direction("<words>Lively</words></direction-type><direction-type>" + metronome)
+                  + direction("<dynamics><mp/></dynamics>") + direction("<rehearsal>A</rehearsal>")
+                  + note("C", 4, 2, "half") + direction("<words>dolce</words>")
+                  + direction("<dynamics><sfz/></dynamics>") + note("D", 4, 2, "half"))
+              + measure("<sound tempo=\"60\"/>" + whole)),
+        report);
+    const auto tempos = model->masterTrack()->automations(zarn::Automation::Tempo);
+    ASSERT_EQ(tempos.size(), 2u);
+    EXPECT_EQ(tempos.front()->text(), "Lively");
+    EXPECT_EQ(static_cast<zarn::TempoAutomation *>(tempos.front())->quarterValue(), 144);
+    EXPECT_FALSE(tempos.back()->isVisible());
+    const auto voice = model->track(0)->staff(0)->bar(0)->voice(0);
+    EXPECT_EQ(voice->beat(0)->dynamic(), zarn::NoteDynamic::Value::MP);
+    EXPECT_EQ(voice->beat(0)->text(), "");
+    EXPECT_EQ(voice->beat(1)->text(), "dolce");
+    EXPECT_EQ(report.unheld().at("sfz"), 1u);
+    EXPECT_EQ(model->masterTrack()->masterBar(0)->section().letter, "A");
+}
+
+TEST(MusicXmlSigns, chordSymbolsReadAsOnLeadSheets)
+{
+    const auto harmony = [](const std::string &content) {
+        return "<harmony>" + content + "</harmony>" + note("C", 4, 1, "quarter");
+    };
+    ImportReport report;
+    const auto model = import(
+        score(measure(
+            harmony("<root><root-step>C</root-step><root-alter>1</root-alter></root><kind>"
+                    "minor-seventh</kind><bass><bass-step>G</bass-step><bass-alter>1</bass-alter>"
+                    "</bass>")
+            + harmony("<root><root-step>B</root-step><root-alter>-1</root-alter></root><kind>"
+                      "dominant</kind><degree><degree-value>9</degree-value><degree-alter>-1"
+                      "</degree-alter><degree-type>add</degree-type></degree>")
+            + harmony("<root><root-step>A</root-step></root><kind text=\"7alt\">other</kind>")
+            + harmony("<kind>none</kind>"))),
+        report);
+    const auto voice = model->track(0)->staff(0)->bar(0)->voice(0);
+    EXPECT_EQ(voice->beat(0)->chordSymbol(), "C#m7/G#");
+    EXPECT_EQ(voice->beat(1)->chordSymbol(), "Bb7(b9)");
+    EXPECT_EQ(voice->beat(2)->chordSymbol(), "A7alt");
+    EXPECT_EQ(voice->beat(3)->chordSymbol(), "N.C.");
+}
+
+TEST(MusicXmlSigns, tablatureCountsStringsFromTheLowest)
+{
+    std::string tunings;
+    const char *steps = "DADGBE";
+    const int octaves[] = {2, 2, 3, 3, 3, 4};
+    for (int line = 1; line <= 6; ++line)
+        tunings += "<staff-tuning line=\"" + std::to_string(line) + "\"><tuning-step>"
+            + steps[line - 1] + "</tuning-step><tuning-octave>" + std::to_string(octaves[line - 1])
+            + "</tuning-octave></staff-tuning>";
+    const auto fretted = [](int string, int fret, const char *more) {
+        return std::string("<note><pitch><step>E</step><octave>2</octave></pitch><duration>2"
+                           "</duration><type>half</type>")
+            + more + "<notations><technical><string>" + std::to_string(string) + "</string><fret>"
+            + std::to_string(fret) + "</fret></technical></notations></note>";
+    };
+    ImportReport report;
+    const auto model = import(
+        score(measure(attributes(clef("TAB", 5) + "<staff-details><staff-lines>6</staff-lines>"
+                                 + tunings + "<capo>2</capo></staff-details>")
+                      + fretted(6, 0, "") + fretted(9, 3, "<notehead>x</notehead>"))),
+        report);
+    const auto staff = model->track(0)->staff(0);
+    EXPECT_EQ(staff->tuning().midiNumbers(), (std::vector<int>{38, 45, 50, 55, 59, 64}));
+    EXPECT_EQ(staff->capoFret(), 2u);
+    const auto voice = staff->bar(0)->voice(0);
+    EXPECT_EQ(voice->beat(0)->note(0)->string(), 0);
+    EXPECT_EQ(voice->beat(0)->note(0)->fret(), 0);
+    EXPECT_TRUE(voice->beat(1)->note(0)->isDead());
+    EXPECT_TRUE(report.hasProblem("string 9, fret 3 is not on the instrument"));
+}
+
+TEST(MusicXmlSigns, notesKeepTiesGracesDrumsAndWhatElseTheTreeHolds)
+{
+    const std::string drums =
+        "<score-instrument id=\"I1\"><instrument-name>Snare</instrument-name></score-instrument>"
+        "<midi-instrument id=\"I1\"><midi-channel>10</midi-channel><midi-unpitched>39"
+        "</midi-unpitched></midi-instrument>";
+    const std::string text = "<note><grace slash=\"yes\"/><pitch><step>D</step><octave>4</octave>"
+                             "</pitch><type>eighth</type></note>"
+        + note("C", 4, 1, "quarter", "<tie type=\"start\"/>")
+        + note("C", 4, 1, "quarter", "<tie type=\"stop\"/>")
+        + "<note><pitch><step>F</step><alter>0.5</alter><octave>4</octave></pitch><duration>1"
+          "</duration><type>quarter</type><notehead parentheses=\"yes\">normal</notehead>"
+          "<notations><slur type=\"start\"/><articulations><staccato/><accent/></articulations>"
+          "</notations><lyric><text>la</text></lyric></note>"
+          "<note><unpitched><display-step>C</display-step><display-octave>5</display-octave>"
+          "</unpitched><duration>1</duration><instrument id=\"I1\"/><type>quarter</type></note>";
+    ImportReport report;
+    const auto model = import(score(measure(text), drums), report);
+    const auto voice = model->track(0)->staff(0)->bar(0)->voice(0);
+    ASSERT_EQ(voice->beatCount(), 5u);
+    EXPECT_EQ(voice->beat(0)->graceType(), zarn::GraceType::BeforeBeat);
+    EXPECT_TRUE(voice->beat(0)->isSlashedGrace());
+    EXPECT_TRUE(voice->beat(1)->note(0)->isTieOrigin());
+    EXPECT_TRUE(voice->beat(2)->note(0)->isTied());
+    EXPECT_EQ(voice->beat(3)->note(0)->midi(), 66);
+    EXPECT_TRUE(voice->beat(3)->note(0)->isGhost());
+    EXPECT_TRUE(report.hasProblem("microtone"));
+    EXPECT_EQ(voice->beat(4)->note(0)->midi(), 38);
+    EXPECT_EQ(voice->beat(4)->note(0)->staffLine(), 5);
+    for (const char *name : {"slur", "staccato", "accent", "lyric"})
+        EXPECT_EQ(report.unheld().count(name), 1u) << name;
+}

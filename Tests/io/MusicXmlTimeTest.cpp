@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: MIT
+// Traps of time: rounded, missing and contradictory durations, voices, gaps, bars of odd length.
+#include "MusicXmlText.h"
+
+#include <gtest/gtest.h>
+
+using namespace musicxml;
+using utils::rational;
+using zarn::io::ImportReport;
+
+namespace {
+
+std::string divisions(int count)
+{
+    return attributes("<divisions>" + std::to_string(count) + "</divisions>");
+}
+
+/// Beats of the first bar that are place holders.
+int placeHolders(const zarn::ScoreModel &model)
+{
+    int count = 0;
+    for (const auto &staff : model.track(0)->staves())
+        for (const auto &voice : staff->bar(0)->voices())
+            if (voice)
+                for (const auto &beat : voice->beats())
+                    count += beat->isPlaceHolder();
+    return count;
+}
+
+} // namespace
+
+TEST(MusicXmlTime, roundedTupletsStayExactAndLeaveNoGaps)
+{
+    // A fifth of a quarter is 4.8 divisions: five times 5 is one too many.
+    const std::string fifth =
+        "16th</type><time-modification><actual-notes>5</actual-notes><normal-notes>4"
+        "</normal-notes></time-modification><type>16th";
+    std::string bar = divisions(24);
+    for (int i = 0; i < 5; ++i)
+        bar += note("C", 4, 5, fifth);
+    bar += note("D", 4, 24, "quarter") + backup(49);
+    bar += forward(10) + note("E", 5, 15, fifth, {}, "2");
+    ImportReport report;
+    const auto model = import(score(measure(bar)), report);
+    EXPECT_EQ(notesOf(*model).substr(0, 47), "0:1/5:C4 1/5:1/5:C4 2/5:1/5:C4 3/5:1/5:C4 4/5:1");
+    EXPECT_NE(notesOf(*model).find(" 1:1:D4 2/5:"), std::string::npos) << notesOf(*model);
+}
+
+TEST(MusicXmlTime, durationDecidesWhereTypeIsMissingOrContradictsIt)
+{
+    ImportReport report;
+    const auto model = import(score(measure(divisions(4) + note("C", 4, 6) + note("D", 4, 2, "half")
+                                            + note("E", 4, 5) + note("F", 4, 3, "eighth"))),
+                              report);
+    EXPECT_EQ(notesOf(*model), "0:3/2:C4 3/2:1/2:D4 2:5/4:E4 13/4:3/4:F4");
+    EXPECT_TRUE(report.hasProblem("part 1, bar 1, line 6: the duration, 1/2 quarters, contradicts"))
+        << report.problems().at(0).toString();
+}
+
+TEST(MusicXmlTime, threeDeepTupletsAndExtremeTypesAreExact)
+{
+    const std::string deep =
+        "16th</type><time-modification><actual-notes>45</actual-notes><normal-notes>16"
+        "</normal-notes></time-modification><type>16th";
+    ImportReport report;
+    const auto model =
+        import(score(measure(divisions(5760) + note("C", 4, 512, deep)
+                             + note("D", 4, 184320, "maxima") + note("E", 4, 22, "1024th"))),
+               report);
+    EXPECT_EQ(notesOf(*model), "0:4/45:C4 4/45:32:D4 1444/45:1/256:E4");
+}
+
+TEST(MusicXmlTime, gapsAreNoWrittenRests)
+{
+    ImportReport report;
+    const auto model =
+        import(score(measure(divisions(2) + forward(3) + note("C", 4, 1, "eighth")
+                             + "<note><rest/><duration>4</duration><type>half</type></note>")),
+               report);
+    EXPECT_EQ(notesOf(*model), "3/2:1/2:C4");
+    EXPECT_EQ(placeHolders(*model), 1);
+    const auto voice = model->track(0)->staff(0)->bar(0)->voice(0);
+    EXPECT_TRUE(voice->beats().back()->isRest());
+    EXPECT_EQ(voice->length(), rational(4));
+}
+
+TEST(MusicXmlTime, aFifthVoiceJoinsTheOthersAndIsReported)
+{
+    std::string bar = divisions(1);
+    for (int voice = 1; voice <= 5; ++voice)
+        bar += note("C", voice, 4, "whole", {}, std::to_string(voice)) + backup(4);
+    ImportReport report;
+    const auto model = import(score(measure(bar)), report);
+    EXPECT_EQ(zarn::io::listNotes(*model).size(), 5u);
+    EXPECT_EQ(model->track(0)->staff(0)->bar(0)->voiceCount(), 4u);
+    EXPECT_TRUE(report.hasProblem("part 1, bar 1, line 6: a fifth voice"));
+}
+
+TEST(MusicXmlTime, overlapsInOneVoiceLoseNoNote)
+{
+    ImportReport report;
+    const auto model = import(score(measure(divisions(1) + note("C", 4, 4, "whole") + backup(3)
+                                            + note("E", 4, 1, "quarter"))),
+                              report);
+    EXPECT_EQ(notesOf(*model), "0:4:C4 1:1:E4");
+    EXPECT_TRUE(report.hasProblem("overlap"));
+}
+
+TEST(MusicXmlTime, chordsAndVoicesOverTwoStavesKeepTheirPlaces)
+{
+    ImportReport report;
+    const auto model = import(score(measure(attributes("<divisions>1</divisions><staves>2</staves>")
+                                            + note("C", 3, 2, "half", {}, "1", 2)
+                                            + note("E", 5, 2, "half", "<chord/>", "1", 1)
+                                            + note("G", 5, 2, "half", "<chord/>", "1", 1)
+                                            + note("D", 5, 2, "half", {}, "1", 1))),
+                              report);
+    EXPECT_EQ(notesOf(*model), "0:2:E5 0:2:G5 2:2:D5 0:2:C3");
+    EXPECT_EQ(placeHolders(*model), 1) << "only the second half of the lower staff is empty";
+}
+
+TEST(MusicXmlTime, pickupsWholeBarRestsAndOverfullBars)
+{
+    const auto rest = [](int duration) {
+        return "<note><rest measure=\"yes\"/><duration>" + std::to_string(duration)
+            + "</duration></note>";
+    };
+    ImportReport report;
+    const auto model =
+        import(score(measure(attributes("<divisions>1</divisions><time><beats>5</beats><beat-type>4"
+                                        "</beat-type></time>")
+                                 + note("C", 4, 2, "half"),
+                             " implicit=\"yes\"")
+                     + measure(rest(5)) + measure(rest(3)) + measure(note("C", 4, 8, "breve"))),
+               report);
+    const auto &master = *model->masterTrack();
+    EXPECT_TRUE(master.hasAnacrusis());
+    EXPECT_EQ(master.masterBar(0)->length(), rational(2));
+    EXPECT_FALSE(master.masterBar(1)->ownLength());
+    const auto staff = model->track(0)->staff(0);
+    EXPECT_TRUE(staff->bar(1)->voice(0)->beat(0)->isWholeBarRest());
+    EXPECT_EQ(staff->bar(2)->voice(0)->length(), rational(3));
+    EXPECT_EQ(master.masterBar(3)->length(), rational(8));
+    EXPECT_FALSE(report.hasProblem("bar 1,"));
+    EXPECT_TRUE(report.hasProblem("bar 3, line 11: underfull: 3 quarters instead of 5"));
+    EXPECT_TRUE(report.hasProblem("overfull: 8 quarters instead of 5"));
+}
+
+TEST(MusicXmlTime, partsOfUnequalLengthGetEmptyBars)
+{
+    const std::string text =
+        "<score-partwise><part-list><score-part id=\"A\"><part-name>A</part-name></score-part>"
+        "<score-part id=\"B\"><part-name>B</part-name></score-part></part-list><part id=\"A\">"
+        + measure(divisions(1) + note("C", 4, 4, "whole")) + measure("") + measure("")
+        + "</part><part id=\"B\">" + measure("") + "</part></score-partwise>";
+    ImportReport report;
+    const auto model = import(text, report);
+    EXPECT_EQ(model->track(1)->barCount(), 3u);
+    EXPECT_TRUE(report.hasProblem("part 2, bar 2: the part ends 2 bars before"));
+}
