@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "RatioReport.h"
 
+#include <ZarnCore/music/ZarnRhythmValue.h>
 #include <ZarnCore/utils/rational.h>
 
 #include <boost/rational.hpp>
 
+#include <algorithm>
 #include <vector>
 
 namespace {
@@ -49,11 +51,14 @@ bench::RatioReport::Body pairwise(Operation operation)
     return [operation](benchmark::State &state) {
         const auto offsets = barOffsets<Fraction>();
         const auto lengths = barLengths<Fraction>();
-        for (auto _ : state)
-            for (std::size_t i = 0; i < lengths.size(); ++i) {
-                auto result = operation(offsets[i], lengths[i]);
+        const Fraction *const end = lengths.data() + lengths.size();
+        for (auto _ : state) {
+            const Fraction *offset = offsets.data();
+            for (const Fraction *length = lengths.data(); length != end; ++length, ++offset) {
+                auto result = operation(*offset, *length);
                 benchmark::DoNotOptimize(result);
             }
+        }
     };
 }
 
@@ -72,6 +77,62 @@ void runningOffsets(benchmark::State &state)
     }
 }
 
+/// Rhythms as beats carry them: plain, dotted, in tuplets and nested tuplets.
+std::vector<zarn::RhythmValue> barRhythms()
+{
+    using zarn::RhythmValue;
+    std::vector<RhythmValue> rhythms;
+    for (int i = 0; i < 64; ++i) {
+        RhythmValue rhythm(static_cast<RhythmValue::NoteValue>(2 + i % 7), i % 4 == 1 ? 1 : 0);
+        if (i % 4 == 2)
+            rhythm.setPrimaryTupletRatio({i % 8 == 2 ? 3 : 5, i % 8 == 2 ? 2 : 4});
+        if (i % 16 == 10)
+            rhythm.setSecondaryTupletRatio({3, 2});
+        rhythms.push_back(rhythm);
+    }
+    return rhythms;
+}
+
+/// The definition step by step: the note value, plus a half for the first dot, a quarter for the
+/// second, an eighth for the third, times the ratios of the tuplets.
+BoostRational lengthStepByStep(const zarn::RhythmValue &rhythm)
+{
+    const auto unit = zarn::RhythmValue::noteValueToTimeUnit(rhythm.getNoteValue());
+    const BoostRational base(unit.numerator(), unit.denominator());
+    BoostRational length = base;
+    for (unsigned dot = 1; dot <= std::min(rhythm.getAugmentationDot(), 3u); ++dot)
+        length += base / (std::int64_t(1) << dot);
+    if (rhythm.hasPrimaryTuplet()) {
+        const auto primary = rhythm.getPrimaryTupletRatio();
+        length *= BoostRational(primary.second, primary.first);
+        const auto secondary = rhythm.getSecondaryTupletRatio();
+        if (secondary.first != 0 && secondary.second != 0)
+            length *= BoostRational(secondary.second, secondary.first);
+    }
+    return length;
+}
+
+void rhythmLengthsStepByStep(benchmark::State &state)
+{
+    const auto rhythms = barRhythms();
+    for (auto _ : state)
+        for (const zarn::RhythmValue &rhythm : rhythms) {
+            auto length = lengthStepByStep(rhythm);
+            benchmark::DoNotOptimize(length);
+        }
+}
+
+/// Ours, computed anew each time: setting the dots forgets the length.
+void rhythmLengths(benchmark::State &state)
+{
+    auto rhythms = barRhythms();
+    for (auto _ : state)
+        for (zarn::RhythmValue &rhythm : rhythms) {
+            rhythm.setAugmentationDot(rhythm.getAugmentationDot());
+            benchmark::DoNotOptimize(rhythm.getLength());
+        }
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -87,5 +148,6 @@ int main(int argc, char **argv)
                    pairwise<rational>(compare));
     report.compare("rational: running offsets of a bar", 0.45, runningOffsets<BoostRational>,
                    runningOffsets<rational>);
+    report.compare("rhythm value: length", 0.3, rhythmLengthsStepByStep, rhythmLengths);
     return report.run(argc, argv);
 }

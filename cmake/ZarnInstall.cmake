@@ -10,7 +10,8 @@ install(TARGETS ZarnCore zarnfilesystem EXPORT ZarnCoreTargets
 install(EXPORT ZarnCoreTargets NAMESPACE Zarn:: DESTINATION ${zarn_cmake_dir})
 foreach(folder ZarnCore filesystem)
     install(DIRECTORY Sources/${folder} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zarncore
-        FILES_MATCHING PATTERN "*.h" PATTERN "ZarnPrecompiled.h" EXCLUDE)
+        FILES_MATCHING PATTERN "*.h" PATTERN "ZarnPrecompiled.h" EXCLUDE
+        REGEX "/io/(native|text)/" EXCLUDE)
 endforeach()
 
 configure_package_config_file(cmake/ZarnCoreConfig.cmake.in ZarnCoreConfig.cmake

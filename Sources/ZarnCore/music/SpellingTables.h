@@ -184,6 +184,15 @@ constexpr Spellings alteredBy(int semitones) noexcept
     return table;
 }
 
+constexpr Spellings tonesOfSpellings() noexcept
+{
+    Spellings table = {};
+    for (int i = 0; i < spellingCount; ++i)
+        table[static_cast<std::size_t>(i)] = static_cast<std::uint8_t>(toneOf(i));
+    return table;
+}
+
+constexpr Spellings tones = tonesOfSpellings();
 constexpr Spellings augmented = alteredBy(1);
 constexpr Spellings diminished = alteredBy(-1);
 

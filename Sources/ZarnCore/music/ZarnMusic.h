@@ -16,6 +16,9 @@
 
 namespace zarn {
 
+class Bar;
+class Note;
+
 /// A letter with its accidental, as in a list of chord tones.
 struct NoteAndAccidental {
     NoteName note;
@@ -58,6 +61,22 @@ public:
     /// The key some semitones higher or lower, in the writing with the fewest accidentals; F sharp
     /// and G flat have six each, there the key's `transposeAsSharps` decides.
     static KeySignature transposedKeySignature(const KeySignature &key, int semitones) noexcept;
+
+    /// The written pitch of a note: its own, or what its string and fret sound on its staff, the
+    /// capo and the track's transposition counted in. -1 when there is neither.
+    static int midi(const Note &note);
+
+    /// The letter on which a note is written; invalid for a note without a pitch.
+    static NoteName noteName(const Note &note);
+
+    /// How a note is written when its pitch is `midi`: with its own accidental if some letter has
+    /// it there, otherwise as in a key signature with that many sharps (negative: flats).
+    static core::Pitch computePitchAccordingToMidi(const Note &note, int midi,
+                                                   int keyAccidentalCount);
+
+    /// The key signature to draw: the key of the bar's column, transposed as its track is
+    /// written. C major for a bar outside of a model.
+    static KeySignature drawingKeySignatureForBar(const Bar &bar);
 
     /// 2 for 15ma, 1 for 8va, 0, -1 and -2; a number outside the enumeration counts as none.
     static int ottaviaOctaves(Ottavia ottavia) noexcept;

@@ -2,7 +2,6 @@
 #include <ZarnCore/music/ZarnPitchClass.h>
 
 #include <ZarnCore/ZarnAssert.h>
-#include <ZarnCore/music/ZarnTone.h>
 
 #include <QDebug>
 #include <QDomDocument>
@@ -11,13 +10,6 @@
 #include <array>
 
 namespace zarn {
-
-PitchClass::~PitchClass() = default;
-
-Tone PitchClass::tone() const
-{
-    return Tone(_note, _accidental);
-}
 
 int PitchClass::alterationSemitones() const
 {
@@ -66,17 +58,6 @@ PitchClass PitchClass::fromPitch(const core::Pitch &pitch) noexcept
         return {};
     return PitchClass(static_cast<NoteName::Value>(step - naturals.begin()),
                       static_cast<NoteAccidental::Value>(pitch.alteration() + 2));
-}
-
-PitchClass PitchClass::fromPitch(int midi, bool preferFlat) noexcept
-{
-    return fromTone(Tone(midi), preferFlat);
-}
-
-PitchClass PitchClass::fromTone(Tone tone, bool preferFlat) noexcept
-{
-    const auto &table = preferFlat ? spelling::withFlats : spelling::withSharps;
-    return fromSpelling(table[static_cast<std::size_t>(tone.value())]);
 }
 
 QSet<PitchClass> PitchClass::fromPitch(int midi)

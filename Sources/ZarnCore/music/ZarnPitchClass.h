@@ -7,6 +7,7 @@
 #include <ZarnCore/music/ZarnNoteAccidental.h>
 #include <ZarnCore/music/ZarnNoteName.h>
 #include <ZarnCore/music/ZarnPitch.h>
+#include <ZarnCore/music/ZarnTone.h>
 
 #include <QSet>
 #include <QString>
@@ -18,8 +19,6 @@ class QDomDocument;
 class QDomElement;
 
 namespace zarn {
-
-class Tone;
 
 /// A spelled pitch class: a letter with its accidental, in no octave. There are 35.
 ///
@@ -38,14 +37,15 @@ public:
     }
     PitchClass(const PitchClass &) noexcept = default;
     PitchClass &operator=(const PitchClass &) noexcept = default;
-    virtual ~PitchClass();
+    /// Inline, since every look-up makes and drops values.
+    virtual ~PitchClass() = default;
 
     NoteName note() const noexcept { return _note; }
     NoteAccidental accidental() const noexcept { return _accidental; }
     explicit operator bool() const noexcept { return _note.isValid() && _accidental.isValid(); }
 
     /// The key that the spelling stands for.
-    Tone tone() const;
+    Tone tone() const { return Tone(_note, _accidental); }
 
     /// -2 to 2.
     int alterationSemitones() const;
@@ -93,8 +93,15 @@ public:
     static PitchClass fromPitch(const core::Pitch &pitch) noexcept;
 
     /// The spelling without double accidentals, black keys with flats or with sharps.
-    static PitchClass fromPitch(int midi, bool preferFlat) noexcept;
-    static PitchClass fromTone(Tone tone, bool preferFlat) noexcept;
+    static PitchClass fromPitch(int midi, bool preferFlat) noexcept
+    {
+        return fromTone(Tone(midi), preferFlat);
+    }
+    static PitchClass fromTone(Tone tone, bool preferFlat) noexcept
+    {
+        const auto &table = preferFlat ? spelling::withFlats : spelling::withSharps;
+        return fromSpelling(table[static_cast<std::size_t>(tone.value())]);
+    }
 
     /// All spellings.
     static QSet<PitchClass> fromPitch(int midi);

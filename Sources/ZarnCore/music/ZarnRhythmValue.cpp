@@ -51,24 +51,6 @@ void RhythmValue::setNoteValue(NoteValue noteValue)
     _dirty = true;
 }
 
-void RhythmValue::setAugmentationDot(unsigned dots) noexcept
-{
-    _augmentationDot = dots;
-    _dirty = true;
-}
-
-void RhythmValue::setPrimaryTupletRatio(TupletRatio ratio) noexcept
-{
-    _primaryTuplet = ratio;
-    _dirty = true;
-}
-
-void RhythmValue::setSecondaryTupletRatio(TupletRatio ratio) noexcept
-{
-    _secondaryTuplet = ratio;
-    _dirty = true;
-}
-
 /// With d dots a note is (2^(d+1) - 1) / 2^d of its value. Everything is a product of small terms,
 /// so one reduction at the end is enough.
 void RhythmValue::_calculateLength() const
@@ -81,18 +63,15 @@ void RhythmValue::_calculateLength() const
         denominator <<= -exponent;
     else
         numerator <<= exponent;
-    if (!hasPrimaryTuplet()) {
-        // An odd numerator over a power of two, or a whole number.
-        _length = rational(numerator, denominator);
-    } else {
+    if (hasPrimaryTuplet()) {
         numerator *= _primaryTuplet.second;
         denominator *= _primaryTuplet.first;
         if (_secondaryTuplet.first != 0 && _secondaryTuplet.second != 0) {
             numerator *= _secondaryTuplet.second;
             denominator *= _secondaryTuplet.first;
         }
-        _length = rational(numerator, denominator);
     }
+    _length = rational(numerator, denominator);
     _dirty = false;
 }
 

@@ -69,9 +69,21 @@ public:
     QString toQString() const;
 
     void setNoteValue(NoteValue noteValue);
-    void setAugmentationDot(unsigned dots) noexcept;
-    void setPrimaryTupletRatio(TupletRatio ratio) noexcept;
-    void setSecondaryTupletRatio(TupletRatio ratio) noexcept;
+    void setAugmentationDot(unsigned dots) noexcept
+    {
+        _augmentationDot = dots;
+        _dirty = true;
+    }
+    void setPrimaryTupletRatio(TupletRatio ratio) noexcept
+    {
+        _primaryTuplet = ratio;
+        _dirty = true;
+    }
+    void setSecondaryTupletRatio(TupletRatio ratio) noexcept
+    {
+        _secondaryTuplet = ratio;
+        _dirty = true;
+    }
     void unsetPrimaryTupletRatio() noexcept { setPrimaryTupletRatio({0, 0}); }
     void unsetSecondaryTupletRatio() noexcept { setSecondaryTupletRatio({0, 0}); }
 

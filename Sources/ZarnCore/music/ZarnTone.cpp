@@ -14,14 +14,6 @@ namespace zarn {
 
 namespace {
 
-/// Where each spelling lies among the keys.
-constexpr auto tones = [] {
-    std::array<std::uint8_t, spelling::spellingCount> table = {};
-    for (int i = 0; i < spelling::spellingCount; ++i)
-        table[static_cast<std::size_t>(i)] = static_cast<std::uint8_t>(spelling::toneOf(i));
-    return table;
-}();
-
 struct OlderInterval {
     IntervalName name;
     IntervalAlteration alteration;
@@ -63,33 +55,13 @@ const OlderInterval &olderInterval(Tone from, Tone to) noexcept
                          [static_cast<std::size_t>(to.value())];
 }
 
-int sharpOrFlat(Tone tone, bool preferSharp) noexcept
-{
-    const auto &table = preferSharp ? spelling::withSharps : spelling::withFlats;
-    return table[static_cast<std::size_t>(tone.value())];
-}
-
 } // namespace
 
 Tone::Tone(const PitchClass &pitchClass) : Tone(pitchClass.note(), pitchClass.accidental()) { }
 
-Tone::Tone(NoteName name, NoteAccidental accidental)
+void Tone::raiseInvalidSpelling()
 {
-    ZARN_ASSERT_IN("zarn::Tone::Tone", name.isValid() && accidental.isValid());
-    _value = tones[static_cast<std::size_t>(name.value()) * spelling::accidentalCount
-                   + static_cast<std::size_t>(accidental.value())];
-}
-
-NoteName Tone::noteName(bool preferSharp) const noexcept
-{
-    return static_cast<NoteName::Value>(sharpOrFlat(*this, preferSharp)
-                                        / spelling::accidentalCount);
-}
-
-NoteAccidental Tone::accidental(bool preferSharp) const noexcept
-{
-    return static_cast<NoteAccidental::Value>(sharpOrFlat(*this, preferSharp)
-                                              % spelling::accidentalCount);
+    ZARN_RAISE_IN("zarn::Tone::Tone", "An invalid spelling has no tone.");
 }
 
 QString Tone::toString(bool preferSharp) const

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <ZarnCore/ZarnExport.h>
+#include <ZarnCore/music/SpellingTables.h>
 #include <ZarnCore/music/ZarnNoteAccidental.h>
 #include <ZarnCore/music/ZarnNoteName.h>
 
@@ -32,7 +33,13 @@ public:
 
     /// The key of a spelling; an invalid one raises.
     explicit Tone(const PitchClass &pitchClass);
-    Tone(NoteName name, NoteAccidental accidental);
+    Tone(NoteName name, NoteAccidental accidental)
+    {
+        if (!name.isValid() || !accidental.isValid())
+            raiseInvalidSpelling();
+        _value = spelling::tones[static_cast<std::size_t>(name.value()) * spelling::accidentalCount
+                                 + static_cast<std::size_t>(accidental.value())];
+    }
 
     /// 0 to 11.
     constexpr int value() const noexcept { return _value; }
@@ -42,8 +49,14 @@ public:
     constexpr int pitch(int octave) const noexcept { return _value + 12 * octave; }
 
     /// The spelling without double accidentals; black keys as sharps or as flats.
-    NoteName noteName(bool preferSharp) const noexcept;
-    NoteAccidental accidental(bool preferSharp) const noexcept;
+    NoteName noteName(bool preferSharp) const noexcept
+    {
+        return static_cast<NoteName::Value>(spelled(preferSharp) / spelling::accidentalCount);
+    }
+    NoteAccidental accidental(bool preferSharp) const noexcept
+    {
+        return static_cast<NoteAccidental::Value>(spelled(preferSharp) % spelling::accidentalCount);
+    }
     QString toString(bool preferSharp) const;
 
     /// Semitones up and down, round the twelve.
@@ -102,6 +115,13 @@ public:
     friend constexpr bool operator>=(Tone left, Tone right) noexcept { return !(left < right); }
 
 private:
+    int spelled(bool preferSharp) const noexcept
+    {
+        return (preferSharp ? spelling::withSharps
+                            : spelling::withFlats)[static_cast<std::size_t>(_value)];
+    }
+    [[noreturn]] static void raiseInvalidSpelling();
+
     int _value = 0;
 };
 

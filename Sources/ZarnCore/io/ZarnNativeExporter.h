@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/io/ZarnExporter.h>
+
+namespace zarn::io {
+
+/// Writes native documents, suffix "zarn", that `NativeImporter` reads back as equal models; equal
+/// models give equal bytes.
+///
+/// Raises for models that would not be read again (staves with more or fewer bars than the master
+/// track, directions at no bar, numbers that are not finite) before the file is touched.
+class ZARNCORE_EXPORT NativeExporter final : public Exporter {
+public:
+    ~NativeExporter() override;
+
+    std::string description() const override;
+    std::list<std::string> extensions() const override;
+    void write(const ScoreModel &model, filesystem::FileHandle &handle) const override;
+
+    /// The document as a text in UTF-8.
+    std::string toText(const ScoreModel &model) const;
+};
+
+} // namespace zarn::io

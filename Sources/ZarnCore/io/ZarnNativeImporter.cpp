@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/ZarnNativeImporter.h>
+
+#include <ZarnCore/io/ZarnImportException.h>
+#include <ZarnCore/io/native/ScoreFields.h>
+#include <ZarnCore/model/ZarnModelCheck.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
+
+#include <filesystem/FileHandle.h>
+#include <rapidjson/error/en.h>
+
+#include <algorithm>
+#include <cctype>
+#include <limits>
+#include <string_view>
+
+namespace zarn::io {
+
+namespace {
+
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+constexpr const char *here = "zarn::io::NativeImporter::read";
+
+/// The whole file with a zero byte behind it.
+std::string readAll(filesystem::FileHandle &handle)
+{
+    const std::int64_t size = handle.size();
+    if (size > std::numeric_limits<std::int32_t>::max())
+        ZARN_REFUSE_IN(here, handle.path(), "", "the file is larger than 2 GiB");
+    std::string bytes(static_cast<std::size_t>(std::max<std::int64_t>(size, 0)), '\0');
+    if (!handle.seek(0) || !handle.readBlock(bytes.data(), size))
+        ZARN_REFUSE_IN(here, "", "", handle.errorText());
+    return bytes;
+}
+
+/// Line and column (in bytes), both from 1, and the offset from 0.
+std::string placeOf(std::string_view bytes, std::size_t offset)
+{
+    const std::string_view before = bytes.substr(0, offset);
+    const auto line = std::count(before.begin(), before.end(), '\n') + 1;
+    const std::size_t lineEnd = before.rfind('\n');
+    const std::size_t column = lineEnd == std::string_view::npos ? offset + 1 : offset - lineEnd;
+    return "line " + std::to_string(line) + ", column " + std::to_string(column) + ", byte "
+        + std::to_string(offset);
+}
+
+bool startsWith(std::string_view text, std::string_view start)
+{
+    return text.substr(0, start.size()) == start;
+}
+
+/// Parses in place: the texts of the document stay in `bytes`.
+void parse(rapidjson::Document &document, std::string &bytes, filesystem::FileHandle &handle)
+{
+    const std::size_t zero = bytes.find('\0');
+    if (zero != std::string::npos)
+        ZARN_REFUSE_IN(here, handle.path(), placeOf(bytes, zero), "a zero byte is no text");
+    const std::size_t start = startsWith(bytes, byteOrderMark) ? byteOrderMark.size() : 0;
+    document.ParseInsitu<rapidjson::kParseIterativeFlag | rapidjson::kParseValidateEncodingFlag
+                         | rapidjson::kParseFullPrecisionFlag>(&bytes[start]);
+    if (!document.HasParseError())
+        return;
+    // Parsing has overwritten what lies before the place.
+    const std::string original = readAll(handle);
+    ZARN_REFUSE_IN(here, handle.path(), placeOf(original, start + document.GetErrorOffset()),
+                   rapidjson::GetParseError_En(document.GetParseError()));
+}
+
+} // namespace
+
+NativeImporter::~NativeImporter() = default;
+
+QString NativeImporter::description() const
+{
+    return QStringLiteral("Zarn score");
+}
+
+QStringList NativeImporter::extensions() const
+{
+    return {QStringLiteral("zarn")};
+}
+
+bool NativeImporter::acceptsHandle(filesystem::FileHandle &handle) const
+{
+    std::string start(256, '\0');
+    if (!handle.seek(0))
+        return false;
+    start.resize(
+        static_cast<std::size_t>(std::max<std::int64_t>(0, handle.readSome(start.data(), 256))));
+    handle.seek(0);
+    if (startsWith(start, byteOrderMark))
+        start.erase(0, byteOrderMark.size());
+    start.erase(std::remove_if(start.begin(), start.end(),
+                               [](unsigned char letter) { return std::isspace(letter) != 0; }),
+                start.end());
+    return startsWith(start, "{\"" + std::string(native::formatKey) + "\":");
+}
+
+std::shared_ptr<ScoreModel> NativeImporter::read(filesystem::FileHandle &handle,
+                                                 ImportReport &report) const
+{
+    std::string bytes = readAll(handle);
+    rapidjson::Document document;
+    parse(document, bytes, handle);
+    native::DocumentReader reader(handle.path(), report);
+    auto model = std::make_shared<ScoreModel>();
+    native::readScore(reader, document, *model);
+    for (const std::string &problem : checkModel(*model))
+        report.addProblem({problem, -1, -1, 0});
+    return model;
+}
+
+} // namespace zarn::io

@@ -1,0 +1,182 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/instruments/ZarnPickupKnobAutomation.h>
+#include <ZarnCore/instruments/ZarnSoundAutomation.h>
+#include <ZarnCore/instruments/ZarnTempoAutomation.h>
+#include <ZarnCore/io/native/Fields.h>
+#include <ZarnCore/io/native/SoundFields.h>
+
+#include <algorithm>
+#include <memory>
+
+namespace zarn::io::native {
+
+template <>
+const Automation &freshNode<Automation>()
+{
+    static const Automation node(Automation::Unknown);
+    return node;
+}
+
+namespace {
+
+/// The type that stands for the class of knob turns, which has no type of its own.
+constexpr std::string_view pickupKnob = "PickupKnob";
+
+void writeType(DocumentWriter &writer, std::string_view key, const Automation &automation)
+{
+    writer.key(key);
+    if (dynamic_cast<const PickupKnobAutomation *>(&automation) != nullptr)
+        writer.text(pickupKnob);
+    else if (Automation::typeId(automation.type()) != 0)
+        writer.text(Automation::typeToString(automation.type()));
+    else
+        writer.Uint64(automation.type());
+}
+
+/// The type is read before the rest, because it decides on the class.
+void skipType(DocumentReader &, const rapidjson::Value &, Automation &) { }
+
+std::unique_ptr<Automation> makeAutomation(DocumentReader &reader, const rapidjson::Value &json)
+{
+    const DocumentReader::Step step(reader, "type");
+    if (json.IsString() && textOf(json) == pickupKnob)
+        return std::make_unique<PickupKnobAutomation>();
+    if (json.IsString())
+        for (unsigned slot = 1; slot < Automation::automationTypeCount; ++slot)
+            if (Automation::typeToString(Automation::idType(slot)) == textOf(json))
+                return Automation::create(Automation::idType(slot));
+    if (json.IsUint() && Automation::typeId(static_cast<Automation::Type>(json.GetUint())) == 0)
+        return Automation::create(static_cast<Automation::Type>(json.GetUint()));
+    reader.refuseKind("an automation type such as \"Tempo\" or \"DSPParam_00\"", json);
+}
+
+/// A member that only one class of automations has.
+template <typename Class, auto Get, auto Set>
+constexpr Field<Automation> classField(std::string_view key)
+{
+    return {key,
+            [](DocumentWriter &writer, std::string_view name, const Automation &automation) {
+                using Value = ValueOf<Get, Class>;
+                const auto *own = dynamic_cast<const Class *>(&automation);
+                if (own == nullptr || std::invoke(Get, *own) == std::invoke(Get, Class()))
+                    return;
+                writer.key(name);
+                Codec<Value>::write(writer, std::invoke(Get, *own));
+            },
+            [](DocumentReader &reader, const rapidjson::Value &json, Automation &automation) {
+                using Value = ValueOf<Get, Class>;
+                auto *own = dynamic_cast<Class *>(&automation);
+                if (own == nullptr)
+                    reader.refuse("automations of this type have no such member");
+                std::invoke(Set, *own, Codec<Value>::read(reader, json));
+            }};
+}
+
+} // namespace
+
+template <>
+struct Codec<std::shared_ptr<const Sound>> {
+    static void write(DocumentWriter &writer, const std::shared_ptr<const Sound> &sound)
+    {
+        Codec<Sound>::write(writer, *sound);
+    }
+    static std::shared_ptr<const Sound> read(DocumentReader &reader, const rapidjson::Value &json)
+    {
+        return std::make_shared<const Sound>(Codec<Sound>::read(reader, json));
+    }
+};
+
+namespace {
+
+constexpr std::array automationFields = {
+    Field<Automation>{"type", writeType, skipType},
+    field<Automation, &Automation::index, &Automation::setIndex>("bar"),
+    field<Automation, &Automation::position, &Automation::setPosition>("position"),
+    field<Automation, &Automation::value, &Automation::setValue>("value"),
+    classField<TempoAutomation, &TempoAutomation::unit, &TempoAutomation::setUnit>("unit"),
+    classField<PickupKnobAutomation, &PickupKnobAutomation::pickup,
+               &PickupKnobAutomation::setPickup>("pickup"),
+    classField<SoundAutomation, &SoundAutomation::sound, &SoundAutomation::setSound>("sound"),
+    field<Automation, &Automation::isLinear, &Automation::setLinear>("linear"),
+    field<Automation, &Automation::text, &Automation::setText>("text"),
+    field<Automation, &Automation::isVisible, &Automation::setVisible>("visible"),
+};
+
+std::unique_ptr<Automation> readAutomation(DocumentReader &reader, const rapidjson::Value &json)
+{
+    reader.expectObject(json);
+    const auto type = json.FindMember("type");
+    if (type == json.MemberEnd())
+        reader.refuse("an automation needs a \"type\"");
+    auto automation = makeAutomation(reader, type->value);
+    readObject(reader, json, *automation, automationFields);
+    return automation;
+}
+
+} // namespace
+
+void writeAutomations(DocumentWriter &writer, std::string_view key,
+                      const AutomationContainer &container)
+{
+    if (!container.hasAutomations())
+        return;
+    writer.key(key);
+    writer.StartArray();
+    for (unsigned slot = 0; slot < Automation::automationTypeCount; ++slot)
+        for (const Automation *automation : container.automations(Automation::idType(slot))) {
+            writer.startLine();
+            writeFields(writer, *automation, automationFields);
+            writer.EndObject();
+        }
+    writer.EndArray();
+}
+
+void readAutomations(DocumentReader &reader, const rapidjson::Value &json,
+                     AutomationContainer &container)
+{
+    reader.expectArray(json);
+    std::vector<std::unique_ptr<Automation>> automations;
+    automations.reserve(json.Size());
+    for (const auto &element : json.GetArray()) {
+        const DocumentReader::Step step(reader, static_cast<std::uint32_t>(automations.size()));
+        automations.push_back(readAutomation(reader, element));
+    }
+    // In order, so that each goes to the end of its slot.
+    std::stable_sort(automations.begin(), automations.end(),
+                     [](const auto &a, const auto &b) { return *a < *b; });
+    for (auto &automation : automations)
+        container.restoreAutomation(std::move(automation));
+}
+
+void writeBypassed(DocumentWriter &writer, std::string_view key,
+                   const AutomationContainer &container)
+{
+    std::vector<std::string> bypassed;
+    for (unsigned slot = 0; slot < Automation::automationTypeCount; ++slot)
+        if (container.isTypeBypassed(Automation::idType(slot)))
+            bypassed.push_back(Automation::typeToString(Automation::idType(slot)));
+    if (bypassed.empty())
+        return;
+    writer.key(key);
+    Codec<std::vector<std::string>>::write(writer, bypassed);
+}
+
+void readBypassed(DocumentReader &reader, const rapidjson::Value &json,
+                  AutomationContainer &container)
+{
+    reader.expectArray(json);
+    std::uint32_t index = 0;
+    for (const auto &element : json.GetArray()) {
+        const DocumentReader::Step step(reader, index++);
+        const std::string text = Codec<std::string>::read(reader, element);
+        unsigned slot = 0;
+        while (slot < Automation::automationTypeCount
+               && Automation::typeToString(Automation::idType(slot)) != text)
+            ++slot;
+        if (slot == Automation::automationTypeCount)
+            reader.refuseKind("an automation type", element);
+        container.bypassType(Automation::idType(slot), true);
+    }
+}
+
+} // namespace zarn::io::native

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/ZarnException.h>
+#include <ZarnCore/io/native/Codec.h>
+
+#include <algorithm>
+
+namespace zarn::io::native {
+
+/// Enumerators by their published texts, found through the printer and the parser of the
+/// enumeration. A value stands by its text when the text leads back to it, else by its number;
+/// numbers are read for the values of `Untexted` alone.
+template <auto ToText, auto FromText, std::int64_t Highest, auto... Untexted>
+struct EnumCodec {
+    using E = std::decay_t<std::invoke_result_t<decltype(FromText), const std::string &>>;
+
+    static void write(DocumentWriter &writer, E value)
+    {
+        const auto number = static_cast<std::int64_t>(value);
+        if (number >= 0 && number <= Highest && !texts()[static_cast<std::size_t>(number)].empty())
+            writer.text(texts()[static_cast<std::size_t>(number)]);
+        else
+            writer.Int64(number);
+    }
+
+    static E read(DocumentReader &reader, const rapidjson::Value &json)
+    {
+        if (json.IsString() && json.GetStringLength() > 0) {
+            const auto &known = texts();
+            const auto found = std::find(known.begin(), known.end(), textOf(json));
+            if (found != known.end())
+                return static_cast<E>(found - known.begin());
+        }
+        if (json.IsInt64() && ((json.GetInt64() == static_cast<std::int64_t>(Untexted)) || ...))
+            return static_cast<E>(json.GetInt64());
+        reader.refuseKind(choices(), json);
+    }
+
+private:
+    /// The text of each value from 0, empty where it has none that leads back.
+    static const std::vector<std::string> &texts()
+    {
+        static const std::vector<std::string> table = [] {
+            std::vector<std::string> result;
+            for (std::int64_t number = 0; number <= Highest; ++number)
+                result.push_back(textFor(static_cast<E>(number)));
+            return result;
+        }();
+        return table;
+    }
+
+    static std::string textFor(E value)
+    {
+        try {
+            const std::string text(ToText(value));
+            return FromText(text) == value ? text : std::string();
+        } catch (const CoreException &) { // a value between the others
+            return {};
+        }
+    }
+
+    static std::string choices()
+    {
+        std::string list;
+        for (const std::string &text : texts())
+            if (!text.empty())
+                list += (list.empty() ? "one of " : ", ") + text;
+        return list;
+    }
+};
+
+} // namespace zarn::io::native

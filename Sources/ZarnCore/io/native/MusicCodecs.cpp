@@ -1,0 +1,221 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/ZarnAssert.h>
+#include <ZarnCore/io/native/MusicCodecs.h>
+
+#include <array>
+#include <charconv>
+
+namespace zarn::io::native {
+
+namespace {
+
+/// Reads a short text from its start.
+class Scanner {
+public:
+    explicit Scanner(std::string_view text) noexcept : _rest(text) { }
+
+    bool isAtEnd() const noexcept { return _rest.empty(); }
+
+    bool take(std::string_view word) noexcept
+    {
+        if (_rest.substr(0, word.size()) != word)
+            return false;
+        _rest.remove_prefix(word.size());
+        return true;
+    }
+
+    /// Numbers stand without leading zeros, so that each is written in one way.
+    template <typename T>
+    bool takeNumber(T &number) noexcept
+    {
+        if (_rest.size() > 1 && _rest[0] == '0' && _rest[1] >= '0' && _rest[1] <= '9')
+            return false;
+        const auto result = std::from_chars(_rest.data(), _rest.data() + _rest.size(), number);
+        if (result.ec != std::errc())
+            return false;
+        _rest.remove_prefix(static_cast<std::size_t>(result.ptr - _rest.data()));
+        return true;
+    }
+
+private:
+    std::string_view _rest;
+};
+
+constexpr std::array<std::string_view, 11> noteValueTexts = {"4x", "2x", "1",  "2",   "4",  "8",
+                                                             "16", "32", "64", "128", "256"};
+
+constexpr std::array<std::string_view, 17> dynamicTexts = {
+    "NONE", "PPPPPPP", "PPPPPP", "PPPPP", "PPPP", "PPP",   "PP",     "P",      "MP",
+    "MF",   "F",       "FF",     "FFF",   "FFFF", "FFFFF", "FFFFFF", "FFFFFFF"};
+
+constexpr std::string_view letters = "CDEFGAB";
+constexpr std::array<std::string_view, 5> accidentalTexts = {"bb", "b", "", "#", "##"};
+
+template <std::size_t Count>
+int indexOf(const std::array<std::string_view, Count> &texts, std::string_view text)
+{
+    for (std::size_t i = 0; i < Count; ++i)
+        if (texts[i] == text)
+            return static_cast<int>(i);
+    return -1;
+}
+
+bool takeNoteValue(Scanner &scanner, RhythmValue &rhythm)
+{
+    unsigned parts = 0;
+    if (!scanner.takeNumber(parts))
+        return false;
+    const std::string text = std::to_string(parts) + (scanner.take("x") ? "x" : "");
+    const int value = indexOf(noteValueTexts, text);
+    if (value < 0)
+        return false;
+    rhythm.setNoteValue(static_cast<RhythmValue::NoteValue>(value));
+    return true;
+}
+
+bool takeDots(Scanner &scanner, RhythmValue &rhythm)
+{
+    unsigned dots = 0;
+    while (dots < 3 && scanner.take("."))
+        ++dots;
+    if (dots == 1 && scanner.take("*") && (!scanner.takeNumber(dots) || dots < 4))
+        return false;
+    rhythm.setAugmentationDot(dots);
+    return true;
+}
+
+using Ratio = std::pair<std::uint8_t, std::uint8_t>;
+
+bool takeRatio(Scanner &scanner, Ratio &ratio)
+{
+    return scanner.takeNumber(ratio.first) && scanner.take(":") && scanner.takeNumber(ratio.second);
+}
+
+bool takeTuplets(Scanner &scanner, RhythmValue &rhythm)
+{
+    Ratio primary;
+    Ratio secondary;
+    if (scanner.take("/") && !takeRatio(scanner, primary))
+        return false;
+    if (scanner.take("/") && !takeRatio(scanner, secondary))
+        return false;
+    rhythm.setPrimaryTupletRatio(primary);
+    rhythm.setSecondaryTupletRatio(secondary);
+    return true;
+}
+
+std::string ratioText(const Ratio &ratio)
+{
+    return "/" + std::to_string(ratio.first) + ":" + std::to_string(ratio.second);
+}
+
+} // namespace
+
+void Codec<RhythmValue>::write(DocumentWriter &writer, const RhythmValue &rhythm)
+{
+    const auto value = static_cast<std::size_t>(rhythm.getNoteValue());
+    ZARN_ASSERT_IN("zarn::io::native::Codec<RhythmValue>::write", value < noteValueTexts.size());
+    std::string text(noteValueTexts[value]);
+    const unsigned dots = rhythm.getAugmentationDot();
+    text += dots <= 3 ? std::string(dots, '.') : ".*" + std::to_string(dots);
+    const Ratio primary = rhythm.getPrimaryTupletRatio();
+    const Ratio secondary = rhythm.getSecondaryTupletRatio();
+    if (primary != Ratio() || secondary != Ratio())
+        text += ratioText(primary);
+    if (secondary != Ratio())
+        text += ratioText(secondary);
+    writer.text(text);
+}
+
+RhythmValue Codec<RhythmValue>::read(DocumentReader &reader, const rapidjson::Value &json)
+{
+    RhythmValue rhythm;
+    if (json.IsString()) {
+        Scanner scanner(textOf(json));
+        if (takeNoteValue(scanner, rhythm) && takeDots(scanner, rhythm)
+            && takeTuplets(scanner, rhythm) && scanner.isAtEnd())
+            return rhythm;
+    }
+    reader.refuseKind("a rhythm such as \"4\", \"8.\" or \"16/3:2\"", json);
+}
+
+void Codec<utils::rational>::write(DocumentWriter &writer, const utils::rational &value)
+{
+    std::string text = std::to_string(value.numerator());
+    if (!value.isInteger())
+        text += "/" + std::to_string(value.denominator());
+    writer.text(text);
+}
+
+utils::rational Codec<utils::rational>::read(DocumentReader &reader, const rapidjson::Value &json)
+{
+    if (json.IsString()) {
+        Scanner scanner(textOf(json));
+        std::int64_t numerator = 0;
+        std::int64_t denominator = 1;
+        if (scanner.takeNumber(numerator)
+            && (!scanner.take("/") || (scanner.takeNumber(denominator) && denominator > 0))
+            && scanner.isAtEnd())
+            return {numerator, denominator};
+    }
+    reader.refuseKind("a fraction such as \"3/4\" or \"2\"", json);
+}
+
+void Codec<PitchClass>::write(DocumentWriter &writer, const PitchClass &pitch)
+{
+    const auto letter = static_cast<std::size_t>(pitch.note().value());
+    const auto accidental = static_cast<std::size_t>(pitch.accidental().value());
+    ZARN_ASSERT_IN("zarn::io::native::Codec<PitchClass>::write",
+                   letter < letters.size() && accidental < accidentalTexts.size());
+    std::string text(1, letters[letter]);
+    writer.text(text += accidentalTexts[accidental]);
+}
+
+PitchClass Codec<PitchClass>::read(DocumentReader &reader, const rapidjson::Value &json)
+{
+    if (json.IsString() && json.GetStringLength() > 0) {
+        const std::string_view text = textOf(json);
+        const std::size_t letter = letters.find(text[0]);
+        const int accidental = indexOf(accidentalTexts, text.substr(1));
+        if (letter != std::string_view::npos && accidental >= 0)
+            return {NoteName(static_cast<NoteName::Value>(letter)),
+                    NoteAccidental(static_cast<NoteAccidental::Value>(accidental))};
+    }
+    reader.refuseKind("a spelling such as \"C\", \"F#\" or \"Ebb\"", json);
+}
+
+void Codec<NoteDynamic>::write(DocumentWriter &writer, const NoteDynamic &dynamic)
+{
+    const auto value = static_cast<std::size_t>(dynamic.value());
+    ZARN_ASSERT_IN("zarn::io::native::Codec<NoteDynamic>::write", value < dynamicTexts.size());
+    writer.text(dynamicTexts[value]);
+}
+
+NoteDynamic Codec<NoteDynamic>::read(DocumentReader &reader, const rapidjson::Value &json)
+{
+    const int value = json.IsString() ? indexOf(dynamicTexts, textOf(json)) : -1;
+    if (value < 0)
+        reader.refuseKind("a dynamic from \"PPPPPPP\" to \"FFFFFFF\"", json);
+    return NoteDynamic(static_cast<NoteDynamic::Value>(value));
+}
+
+void Codec<TimeSignature>::write(DocumentWriter &writer, const TimeSignature &signature)
+{
+    writer.text(std::to_string(signature.getNumerator()) + "/"
+                + std::to_string(signature.getDenominator()));
+}
+
+TimeSignature Codec<TimeSignature>::read(DocumentReader &reader, const rapidjson::Value &json)
+{
+    if (json.IsString()) {
+        Scanner scanner(textOf(json));
+        unsigned numerator = 0;
+        unsigned denominator = 0;
+        if (scanner.takeNumber(numerator) && scanner.take("/") && scanner.takeNumber(denominator)
+            && denominator != 0 && scanner.isAtEnd())
+            return {numerator, denominator};
+    }
+    reader.refuseKind("a time signature such as \"3/4\"", json);
+}
+
+} // namespace zarn::io::native

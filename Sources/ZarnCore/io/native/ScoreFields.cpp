@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/native/ScoreFields.h>
+
+#include <ZarnCore/io/native/Children.h>
+#include <ZarnCore/io/native/EnumCodec.h>
+#include <ZarnCore/io/native/MasterFields.h>
+#include <ZarnCore/io/native/Slots.h>
+#include <ZarnCore/io/native/TrackFields.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
+
+#include <charconv>
+
+namespace zarn::io::native {
+
+namespace {
+
+void writeVersion(DocumentWriter &writer, std::string_view key, const ScoreModel &)
+{
+    writer.key(key);
+    writer.text(std::to_string(majorVersion) + "." + std::to_string(minorVersion));
+}
+
+/// The version is read before the rest.
+void skipVersion(DocumentReader &, const rapidjson::Value &, ScoreModel &) { }
+
+struct Properties {
+    using Node = ScoreModel;
+    using Value = std::string;
+    static constexpr unsigned count = static_cast<unsigned>(ScoreProperty::Notice) + 1;
+    static std::string name(unsigned place)
+    {
+        return scorePropertyToQString(static_cast<ScoreProperty>(place)).toStdString();
+    }
+    static std::string get(const ScoreModel &model, unsigned place)
+    {
+        return model.property(static_cast<ScoreProperty>(place));
+    }
+    static void set(ScoreModel &model, unsigned place, const std::string &text)
+    {
+        model.setScoreProperty(static_cast<ScoreProperty>(place), text);
+    }
+};
+
+struct HeadersAndFooters {
+    using Node = ScoreModel;
+    using Value = std::string;
+    static constexpr unsigned count = HeaderAndFooterCount;
+    static std::string name(unsigned place)
+    {
+        return headerAndFooterToQString(static_cast<HeaderAndFooter>(place)).toStdString();
+    }
+    static std::string get(const ScoreModel &model, unsigned place)
+    {
+        return model.headerAndFooter(static_cast<HeaderAndFooter>(place));
+    }
+    static void set(ScoreModel &model, unsigned place, const std::string &text)
+    {
+        model.setHeaderAndFooter(static_cast<HeaderAndFooter>(place), text);
+    }
+};
+
+std::string orientationToText(PageSetup::Orientation orientation)
+{
+    return orientation == PageSetup::Orientation::Landscape ? "Landscape" : "Portrait";
+}
+
+PageSetup::Orientation orientationFromText(const std::string &text)
+{
+    return text == "Landscape" ? PageSetup::Orientation::Landscape
+                               : PageSetup::Orientation::Portrait;
+}
+
+using Orientations = EnumCodec<orientationToText, orientationFromText, 1>;
+
+constexpr std::array pageFields = {
+    member<PageSetup, &PageSetup::width>("width"),
+    member<PageSetup, &PageSetup::height>("height"),
+    member<PageSetup, &PageSetup::orientation, Orientations>("orientation"),
+    member<PageSetup, &PageSetup::leftMargin>("left"),
+    member<PageSetup, &PageSetup::topMargin>("top"),
+    member<PageSetup, &PageSetup::rightMargin>("right"),
+    member<PageSetup, &PageSetup::bottomMargin>("bottom"),
+    member<PageSetup, &PageSetup::staffSpace>("staffSpace"),
+};
+
+void writeMaster(DocumentWriter &writer, std::string_view key, const ScoreModel &model)
+{
+    writer.key(key);
+    writeMasterTrack(writer, *model.masterTrack());
+}
+
+void readMaster(DocumentReader &reader, const rapidjson::Value &json, ScoreModel &model)
+{
+    readMasterTrack(reader, json, *model.masterTrack());
+}
+
+constexpr std::array scoreFields = {
+    Field<ScoreModel>{formatKey, writeVersion, skipVersion},
+    Field<ScoreModel>{"properties", Slots<Properties>::write, Slots<Properties>::read},
+    Field<ScoreModel>{"headersAndFooters", Slots<HeadersAndFooters>::write,
+                      Slots<HeadersAndFooters>::read},
+    field<ScoreModel, &ScoreModel::pageSetup, &ScoreModel::setPageSetup,
+          Struct<PageSetup, pageFields>>("page"),
+    field<ScoreModel, &ScoreModel::concertTone, &ScoreModel::setConcertTone>("concertTone"),
+    field<ScoreModel, &ScoreModel::ignoreCapo, &ScoreModel::setIgnoreCapo>("ignoreCapo"),
+    field<ScoreModel, &ScoreModel::isPrintable, &ScoreModel::setPrintable>("printable"),
+    field<ScoreModel, &ScoreModel::isProtected, &ScoreModel::setProtected>("protected"),
+    field<ScoreModel, &ScoreModel::fullScoreSystemsLayout, &ScoreModel::setFullScoreSystemsLayout>(
+        "systemsLayout"),
+    field<ScoreModel, &ScoreModel::fullScoreDefaultBarCountBySystem,
+          &ScoreModel::setFullScoreDefaultBarCountBySystem>("barsPerSystem"),
+    Field<ScoreModel>{"master", writeMaster, readMaster},
+    Field<ScoreModel>{"tracks", writeTracks, readTracks},
+    Field<ScoreModel>{"audioTracks", writeAudioTracks, readAudioTracks},
+};
+
+void checkVersion(DocumentReader &reader, const rapidjson::Value &json)
+{
+    reader.expectObject(json);
+    const auto member = json.FindMember(
+        rapidjson::StringRef(formatKey.data(), static_cast<unsigned>(formatKey.size())));
+    if (member == json.MemberEnd())
+        reader.refuse("no \"zarn\" with the version of the format: this is no native document");
+    const DocumentReader::Step step(reader, formatKey);
+    const std::string text = Codec<std::string>::read(reader, member->value);
+    unsigned major = 0;
+    unsigned minor = 0;
+    const char *const end = text.data() + text.size();
+    const auto dot = std::from_chars(text.data(), end, major);
+    const bool isVersion = dot.ec == std::errc() && dot.ptr != end && *dot.ptr == '.'
+        && std::from_chars(dot.ptr + 1, end, minor).ptr == end && dot.ptr + 1 != end;
+    if (!isVersion)
+        reader.refuseKind("a version such as \"1.0\"", member->value);
+    if (major != majorVersion)
+        reader.refuse("the document has version " + text + ", and only versions "
+                      + std::to_string(majorVersion) + ".x can be read here");
+    if (minor > minorVersion)
+        reader.setNewer();
+}
+
+} // namespace
+
+void writeScore(DocumentWriter &writer, const ScoreModel &model)
+{
+    writeObject(writer, model, scoreFields);
+}
+
+void readScore(DocumentReader &reader, const rapidjson::Value &json, ScoreModel &model)
+{
+    checkVersion(reader, json);
+    readObject(reader, json, model, scoreFields);
+    const Misfit misfit = findMisfit(model);
+    if (!misfit.reason.empty())
+        reader.refuseAt(misfit.pointer, misfit.reason);
+    model.masterTrack()->updatePlayList();
+}
+
+Misfit findMisfit(const ScoreModel &model)
+{
+    const unsigned barCount = model.masterTrack()->masterBarCount();
+    for (unsigned kind = 0; kind < DirectionMarkCount; ++kind) {
+        const auto mark = static_cast<DirectionMark>(kind);
+        const int bar = model.masterTrack()->directionIndex(mark);
+        if (bar < -1 || (bar >= 0 && static_cast<unsigned>(bar) >= barCount))
+            return {"/master/directions/" + directionMarkToQString(mark).toStdString(),
+                    "stands at bar index " + std::to_string(bar) + " of " + std::to_string(barCount)
+                        + " bars"};
+    }
+    for (const auto &track : model.tracks())
+        for (const auto &staff : track->staves())
+            if (staff->barCount() != barCount)
+                return {"/tracks/" + std::to_string(track->index()) + "/staves/"
+                            + std::to_string(staff->index()) + "/bars",
+                        "the staff has " + std::to_string(staff->barCount())
+                            + " bars, and the score has " + std::to_string(barCount)};
+    return {};
+}
+
+} // namespace zarn::io::native

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/io/native/DocumentReader.h>
+#include <ZarnCore/io/native/DocumentWriter.h>
+
+namespace zarn {
+class ScoreModel;
+} // namespace zarn
+
+namespace zarn::io::native {
+
+/// The version that is written. A document of another major version is refused; a newer minor
+/// version has members that are left out here.
+constexpr unsigned majorVersion = 1;
+constexpr unsigned minorVersion = 0;
+
+/// Name of the member that says that a document is one of this format, and of which version.
+constexpr std::string_view formatKey = "zarn";
+
+/// The whole document.
+void writeScore(DocumentWriter &writer, const ScoreModel &model);
+void readScore(DocumentReader &reader, const rapidjson::Value &json, ScoreModel &model);
+
+/// What keeps a model from being a document: a JSON pointer and the reason; both empty when
+/// nothing does. Every staff has a bar per master bar, and directions stand at bars.
+struct Misfit {
+    std::string pointer;
+    std::string reason;
+};
+Misfit findMisfit(const ScoreModel &model);
+
+} // namespace zarn::io::native

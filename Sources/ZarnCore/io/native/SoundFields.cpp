@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/native/SoundFields.h>
+
+#include <ZarnCore/io/native/Children.h>
+#include <ZarnCore/io/native/EnumCodec.h>
+
+namespace zarn::io::native {
+
+namespace {
+
+using Roles = EnumCodec<&Sound::roleToString, &Sound::roleFromString, 1>;
+
+std::int32_t programOf(const Sound &sound)
+{
+    return sound.midiSound().program();
+}
+std::int32_t msbBankOf(const Sound &sound)
+{
+    return sound.midiSound().msbBank();
+}
+std::int32_t lsbBankOf(const Sound &sound)
+{
+    return sound.midiSound().lsbBank();
+}
+
+template <void (MIDISound::*Set)(std::int32_t) noexcept>
+void setMidi(Sound &sound, std::int32_t number)
+{
+    MIDISound midi = sound.midiSound();
+    (midi.*Set)(number);
+    sound.setMidiSound(midi);
+}
+
+constexpr std::array soundFields = {
+    field<Sound, &Sound::name, &Sound::setName>("name"),
+    field<Sound, &Sound::path, &Sound::setPath>("path"),
+    field<Sound, &Sound::label, &Sound::setLabel>("label"),
+    field<Sound, &Sound::role, &Sound::setRole, Roles>("role"),
+    field<Sound, programOf, setMidi<&MIDISound::setProgram>>("program"),
+    field<Sound, msbBankOf, setMidi<&MIDISound::setMsbBank>>("msbBank"),
+    field<Sound, lsbBankOf, setMidi<&MIDISound::setLsbBank>>("lsbBank"),
+    field<Sound, &Sound::isGuiExpanded, &Sound::setGuiExpanded>("expanded"),
+};
+
+constexpr std::array volumePanFields = {
+    field<ZarnVolumePan, &ZarnVolumePan::volume, &ZarnVolumePan::setVolume>("volume"),
+    field<ZarnVolumePan, &ZarnVolumePan::pan, &ZarnVolumePan::setPan>("pan"),
+};
+
+/// An effect as it is read: its parts make the effect at the end.
+struct EffectParts {
+    std::string identifier;
+    std::string name;
+    std::vector<float> parameters;
+    bool isBypassed = false;
+};
+
+constexpr std::array effectFields = {
+    member<EffectParts, &EffectParts::identifier>("effect"),
+    member<EffectParts, &EffectParts::name>("name"),
+    member<EffectParts, &EffectParts::parameters>("parameters"),
+    member<EffectParts, &EffectParts::isBypassed>("bypassed"),
+};
+
+constexpr std::array masteringFields = {
+    field<Mastering, &Mastering::effectChain, &Mastering::setEffectChain>("effects"),
+    field<Mastering, &Mastering::volumePan, &Mastering::setVolumePan>("volumePan"),
+};
+
+} // namespace
+
+void Codec<Sound>::write(DocumentWriter &writer, const Sound &sound)
+{
+    writeObject(writer, sound, soundFields);
+}
+
+Sound Codec<Sound>::read(DocumentReader &reader, const rapidjson::Value &json)
+{
+    return Struct<Sound, soundFields>::read(reader, json);
+}
+
+void Codec<ZarnVolumePan>::write(DocumentWriter &writer, const ZarnVolumePan &volumePan)
+{
+    writeObject(writer, volumePan, volumePanFields);
+}
+
+ZarnVolumePan Codec<ZarnVolumePan>::read(DocumentReader &reader, const rapidjson::Value &json)
+{
+    return Struct<ZarnVolumePan, volumePanFields>::read(reader, json);
+}
+
+void Codec<EffectChain>::write(DocumentWriter &writer, const EffectChain &chain)
+{
+    writer.StartArray();
+    for (unsigned slot = 0; slot < chain.slotCount(); ++slot) {
+        const Effect &effect = chain.effect(slot);
+        if (effect.isEmpty())
+            writer.Null();
+        else
+            writeObject(writer,
+                        EffectParts{effect.identifier(), effect.name(), effect.parameters(),
+                                    effect.isBypassed()},
+                        effectFields);
+    }
+    writer.EndArray();
+}
+
+EffectChain Codec<EffectChain>::read(DocumentReader &reader, const rapidjson::Value &json)
+{
+    reader.expectArray(json);
+    if (json.Size() > EffectChain::maximumSlotCount)
+        reader.refuse("a chain has at most " + std::to_string(EffectChain::maximumSlotCount)
+                      + " effects");
+    EffectChain chain;
+    for (std::uint32_t slot = 0; slot < json.Size(); ++slot) {
+        const DocumentReader::Step step(reader, slot);
+        if (json[slot].IsNull())
+            continue;
+        const auto parts = Struct<EffectParts, effectFields>::read(reader, json[slot]);
+        if (parts.identifier.empty())
+            reader.refuse("an effect needs the name of its kind in \"effect\"");
+        Effect effect(parts.identifier, parts.name, parts.parameters);
+        effect.setBypassed(parts.isBypassed);
+        chain.setEffect(slot, effect);
+    }
+    return chain;
+}
+
+void Codec<Mastering>::write(DocumentWriter &writer, const Mastering &mastering)
+{
+    writeObject(writer, mastering, masteringFields);
+}
+
+Mastering Codec<Mastering>::read(DocumentReader &reader, const rapidjson::Value &json)
+{
+    return Struct<Mastering, masteringFields>::read(reader, json);
+}
+
+} // namespace zarn::io::native

@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/native/TrackFields.h>
+
+#include <ZarnCore/io/native/BarFields.h>
+#include <ZarnCore/io/native/Children.h>
+#include <ZarnCore/io/native/EnumCodec.h>
+#include <ZarnCore/io/native/SoundFields.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/ZarnTrack.h>
+
+namespace zarn::io::native {
+
+namespace {
+
+/// Instrument categories by their texts, codes without one by their number.
+struct InstrumentTypes {
+    static void write(DocumentWriter &writer, InstrumentSet::Type type)
+    {
+        const std::string text = InstrumentSet::typeToString(type);
+        if (InstrumentSet::typeFromString(text) == type)
+            writer.text(text);
+        else
+            writer.Uint64(type);
+    }
+
+    static InstrumentSet::Type read(DocumentReader &reader, const rapidjson::Value &json)
+    {
+        if (json.IsString()) {
+            const auto type = InstrumentSet::typeFromString(std::string(textOf(json)));
+            if (InstrumentSet::typeToString(type) == textOf(json))
+                return type;
+        }
+        if (json.IsUint())
+            return static_cast<InstrumentSet::Type>(json.GetUint());
+        reader.refuseKind("an instrument such as \"steelGuitar\"", json);
+    }
+};
+
+using Icons = EnumCodec<iconIDToString, iconIDFromString, 26>;
+using TuningInstruments =
+    EnumCodec<&GuitarTuning::instrumentToString, &GuitarTuning::instrumentFromString, 10>;
+
+std::string roleToText(GuitarTuning::Role role)
+{
+    switch (role) {
+    case GuitarTuning::NoRole:
+        return "NoRole";
+    case GuitarTuning::CoreRole:
+        return "CoreRole";
+    case GuitarTuning::UserRole:
+        return "UserRole";
+    }
+    return {};
+}
+
+GuitarTuning::Role roleFromText(const std::string &text)
+{
+    for (const auto role : {GuitarTuning::CoreRole, GuitarTuning::UserRole})
+        if (roleToText(role) == text)
+            return role;
+    return GuitarTuning::NoRole;
+}
+
+using TuningRoles = EnumCodec<roleToText, roleFromText, 4>;
+
+constexpr std::array tuningFields = {
+    field<GuitarTuning, &GuitarTuning::name, &GuitarTuning::setName>("name"),
+    field<GuitarTuning, &GuitarTuning::instrument, &GuitarTuning::setInstrument, TuningInstruments>(
+        "instrument"),
+    field<GuitarTuning, &GuitarTuning::midiNumbers, &GuitarTuning::setMidiNumbers>("strings"),
+    field<GuitarTuning, &GuitarTuning::hasShortDroneString, &GuitarTuning::setShortDroneString>(
+        "shortDrone"),
+    field<GuitarTuning, &GuitarTuning::isFlat, &GuitarTuning::setFlat>("flat"),
+    field<GuitarTuning, &GuitarTuning::storedMidiOffset, &GuitarTuning::setMidiOffset>("offset"),
+    field<GuitarTuning, &GuitarTuning::role, &GuitarTuning::setRole, TuningRoles>("role"),
+    field<GuitarTuning, &GuitarTuning::label, &GuitarTuning::setLabel>("label"),
+    field<GuitarTuning, &GuitarTuning::labelVisible, &GuitarTuning::setLabelVisible>(
+        "labelVisible"),
+};
+
+constexpr std::array diagramFields = {
+    member<ChordDiagram, &ChordDiagram::name>("name"),
+    member<ChordDiagram, &ChordDiagram::firstFret>("firstFret"),
+    member<ChordDiagram, &ChordDiagram::frets>("frets"),
+    member<ChordDiagram, &ChordDiagram::fingers>("fingers"),
+};
+
+using Diagrams = ArrayOf<ChordDiagram, Struct<ChordDiagram, diagramFields>>;
+
+constexpr std::array staffFields = {
+    field<Staff, &Staff::tuning, &Staff::setTuning, Struct<GuitarTuning, tuningFields>>("tuning"),
+    field<Staff, &Staff::capoFret, &Staff::setCapoFret, Within<unsigned, 0, 255>>("capo"),
+    field<Staff, &Staff::partialCapoFret, &Staff::setPartialCapoFret, Within<unsigned, 0, 255>>(
+        "partialCapo"),
+    field<Staff, &Staff::partialCapoStringFlags, &Staff::setPartialCapoStringFlags>(
+        "partialCapoStrings"),
+    field<Staff, &Staff::fretCount, &Staff::setFretCount>("frets"),
+    field<Staff, &Staff::chordCollection, &Staff::setChordCollection>("chords"),
+    field<Staff, &Staff::chordWorkingSet, &Staff::setChordWorkingSet>("workingChords"),
+    field<Staff, &Staff::diagramCollection, &Staff::setDiagramCollection, Diagrams>("diagrams"),
+    field<Staff, &Staff::diagramWorkingSet, &Staff::setDiagramWorkingSet, Diagrams>(
+        "workingDiagrams"),
+    Field<Staff>{"bars", writeBars, readBars},
+};
+
+void writeStaves(DocumentWriter &writer, std::string_view key, const Track &track)
+{
+    writeChildren(writer, key, track.staves(), staffFields);
+}
+
+void readStaves(DocumentReader &reader, const rapidjson::Value &json, Track &track)
+{
+    auto staves = readChildren<Staff>(reader, json, staffFields);
+    if (staves.empty())
+        reader.refuse("a track has at least one staff");
+    track.takeStavesFrom(0);
+    track.addStaves(std::move(staves));
+}
+
+void writeSounds(DocumentWriter &writer, std::string_view key, const Track &track)
+{
+    if (track.sounds().empty())
+        return;
+    writer.key(key);
+    writer.StartArray();
+    for (const auto &sound : track.sounds())
+        Codec<Sound>::write(writer, *sound);
+    writer.EndArray();
+}
+
+void readSounds(DocumentReader &reader, const rapidjson::Value &json, Track &track)
+{
+    for (const Sound &sound : Codec<std::vector<Sound>>::read(reader, json))
+        track.addSound(std::make_shared<const Sound>(sound));
+}
+
+void writeTrackAutomations(DocumentWriter &writer, std::string_view key, const Track &track)
+{
+    writeAutomations(writer, key, track.automations());
+}
+void readTrackAutomations(DocumentReader &reader, const rapidjson::Value &json, Track &track)
+{
+    readAutomations(reader, json, track.mutableAutomations());
+}
+void writeTrackBypassed(DocumentWriter &writer, std::string_view key, const Track &track)
+{
+    writeBypassed(writer, key, track.automations());
+}
+void readTrackBypassed(DocumentReader &reader, const rapidjson::Value &json, Track &track)
+{
+    readBypassed(reader, json, track.mutableAutomations());
+}
+
+constexpr std::array trackFields = {
+    field<Track, &Track::type, &Track::setType, InstrumentTypes>("type"),
+    field<Track, &Track::name, &Track::setName>("name"),
+    field<Track, &Track::shortName, &Track::setShortName>("shortName"),
+    field<Track, &Track::iconID, &Track::setIconID, Icons>("icon"),
+    field<Track, &Track::color, &Track::setColor>("color"),
+    field<Track, &Track::transpositionOffset, &Track::setTranspositionOffset>("transposition"),
+    Field<Track>{"sounds", writeSounds, readSounds},
+    Field<Track>{"automations", writeTrackAutomations, readTrackAutomations},
+    Field<Track>{"bypassed", writeTrackBypassed, readTrackBypassed},
+    Field<Track>{"staves", writeStaves, readStaves},
+};
+
+constexpr std::array audioTrackFields = {
+    field<AudioTrack, &AudioTrack::name, &AudioTrack::setName>("name"),
+    field<AudioTrack, &AudioTrack::filePath, &AudioTrack::setFilePath>("file"),
+    field<AudioTrack, &AudioTrack::startOffset, &AudioTrack::setStartOffset>("startOffset"),
+    field<AudioTrack, &AudioTrack::volume, &AudioTrack::setVolume>("volume"),
+    field<AudioTrack, &AudioTrack::pan, &AudioTrack::setPan>("pan"),
+    field<AudioTrack, &AudioTrack::isMuted, &AudioTrack::setMuted>("muted"),
+};
+
+} // namespace
+
+void writeTracks(DocumentWriter &writer, std::string_view key, const ScoreModel &model)
+{
+    writeChildren(writer, key, model.tracks(), trackFields, Layout::Lines);
+}
+
+void readTracks(DocumentReader &reader, const rapidjson::Value &json, ScoreModel &model)
+{
+    for (const auto &track : readChildren<Track>(reader, json, trackFields))
+        model.addTrack(track);
+}
+
+void writeAudioTracks(DocumentWriter &writer, std::string_view key, const ScoreModel &model)
+{
+    writeChildren(writer, key, model.audioTracks(), audioTrackFields, Layout::Lines);
+}
+
+void readAudioTracks(DocumentReader &reader, const rapidjson::Value &json, ScoreModel &model)
+{
+    for (const auto &track : readChildren<AudioTrack>(reader, json, audioTrackFields))
+        model.addAudioTrack(track);
+}
+
+} // namespace zarn::io::native

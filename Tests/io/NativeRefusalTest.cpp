@@ -1,0 +1,234 @@
+// SPDX-License-Identifier: MIT
+#include <support/NativeDocument.h>
+#include <support/RandomScore.h>
+
+#include <ZarnCore/io/ZarnImportException.h>
+#include <ZarnCore/io/ZarnScoreText.h>
+
+#include <gtest/gtest.h>
+
+using namespace zarn;
+
+namespace {
+
+/// The message of a refused document; "read" when it was read.
+std::string refusal(const std::string &document)
+{
+    try {
+        test::readNative(document);
+    } catch (const io::ImportException &refused) {
+        EXPECT_EQ(refused.document(), "score.zarn");
+        return refused.message();
+    }
+    return "read";
+}
+
+std::string score(const std::string &members)
+{
+    return R"({"zarn":"1.0",)" + members + "}";
+}
+
+/// A score of one bar whose note is given.
+std::string note(const std::string &members)
+{
+    return score(R"("master":{"bars":[{}]},"tracks":[{"staves":[{"bars":[{"voices":[{},{"beats":)"
+                 R"([{},{"notes":[{)"
+                 + members + "}]}]}]}]}]}]");
+}
+
+std::string master(const std::string &members)
+{
+    return score(R"("master":{)" + members + "}");
+}
+
+struct Refused {
+    std::string document;
+    std::string place;
+    std::string reason;
+};
+
+} // namespace
+
+TEST(NativeRefusal, namesThePlaceAndWhatIsWrong)
+{
+    const std::string noteAt = "/tracks/0/staves/0/bars/0/voices/1/beats/1/notes/0";
+    const std::vector<Refused> table = {
+        // no JSON
+        {"", "line 1, column 1, byte 0", "empty"},
+        {"{\"zarn\":\"1.0\",\n  \"master\":\n}", "line 3, column 1, byte 27", "Invalid value"},
+        {score("") + "{}", "line 1, column 15", "Missing a name"},
+        {"{\"zarn\":\"1.0\"} x", "line 1, column 16", "not be followed"},
+        {score(R"("concertTone":NaN)"), "byte 28", "Invalid value"},
+        {score(R"("concertTone":1e999)"), "byte", "too big"},
+        {score("\"properties\":{\"Title\":\"\xFF\"}"), "byte 37", "encoding"},
+        {score("\"properties\":{\"Title\":\"\xC0\x80\"}"), "byte", "encoding"},
+        {score(R"("properties":{"Title":"\ud800"})"), "byte", "surrogate"},
+        {std::string("{\"zarn\":\"1.0\"}\0", 15), "byte 14", "zero byte"},
+        // another document
+        {"[]", "/", "expected an object, found an array"},
+        {"17", "/", "expected an object, found 17"},
+        {R"({"tracks":[]})", "/", "no native document"},
+        {R"({"zarn":1})", "/zarn", "expected text, found 1"},
+        {R"({"zarn":"one"})", "/zarn", "a version such as"},
+        {R"({"zarn":"1."})", "/zarn", "a version such as"},
+        {R"({"zarn":"2.0"})", "/zarn", "version 2.0"},
+        {R"({"zarn":"0.9"})", "/zarn", "version 0.9"},
+        // names
+        {score(R"("track":[])"), "/track", "nothing of this name"},
+        {score(R"("a/b~c":0)"), "/a~1b~0c", "nothing of this name"},
+        {note(R"("string":1,"sting":2)"), noteAt + "/sting", "nothing of this name"},
+        {note(R"("fret":1,"fret":2)"), noteAt + "/fret", "stands twice"},
+        {score(R"("properties":{"Title":"a","Title":"b"})"), "/properties/Title", "stands twice"},
+        {score(R"("properties":{"Tittle":"a"})"), "/properties/Tittle", "nothing of this name"},
+        // kinds
+        {score(R"("tracks":{})"), "/tracks", "expected an array, found an object"},
+        {score(R"("tracks":4000000000)"), "/tracks", "expected an array, found 4000000000"},
+        {score(R"("tracks":[null])"), "/tracks/0", "expected an object, found null"},
+        {score(R"("tracks":[{"name":false}])"), "/tracks/0/name", "expected text, found false"},
+        {score(R"("concertTone":"440")"), "/concertTone", "expected a number, found the text"},
+        {note(R"("tied":1)"), noteAt + "/tied", "expected true or false, found 1"},
+        {note(R"("midi":60.5)"), noteAt + "/midi", "a number with a fraction"},
+        // ranges
+        {note(R"("midi":128)"), noteAt + "/midi", ""},
+        {note(R"("string":-2)"), noteAt + "/string", ""},
+        {note(R"("fret":4000000000)"), noteAt + "/fret", "a whole number from"},
+        {note(R"("articulation":99999)"), noteAt + "/articulation", ""},
+        {note(R"("staffLine":1000000)"), noteAt + "/staffLine", ""},
+        {note(R"("midi":-99999999999999999999)"), noteAt + "/midi", "found"},
+        {master(R"("mastering":{"volumePan":{"volume":1e300}})"),
+         "/master/mastering/volumePan/volume", "too large"},
+        {master(R"("bars":[{"repeatCount":4000000000}])"), "/master/bars/0/repeatCount",
+         "expected a whole number"},
+        {master(R"("bars":[{},{"repeatCount":1}])"), "/master/bars/1/repeatCount", ""},
+        {master(R"("bars":[{"endings":[1,33]}])"), "/master/bars/0/endings/1", "1 to 32"},
+        {master(R"("bars":[{"key":{"accidentals":8}}])"), "/master/bars/0/key/accidentals",
+         "from -7 to 7"},
+        {master(R"("directions":{"Coda":0})"), "/master/directions/Coda", "of 0 bars"},
+        {master(R"("directions":{"Coda":-2},"bars":[{}])"), "/master/directions/Coda", "-2"},
+        // texts that stand for values
+        {note(R"("spelling":"H")"), noteAt + "/spelling", "expected a spelling"},
+        {note(R"("head":"round")"), noteAt + "/head", "slash, triangle"},
+        {note(R"("head":5)"), noteAt + "/head", "one of"},
+        {note(R"("head":"")"), noteAt + "/head", "one of"},
+        {master(R"("bars":[{"time":"3/0"}])"), "/master/bars/0/time", "a time signature"},
+        {master(R"("bars":[{"time":"4294967296/4"}])"), "/master/bars/0/time", ""},
+        {master(R"("bars":[{"length":"1/0"}])"), "/master/bars/0/length", "a fraction"},
+        {master(R"("bars":[{"length":"-1"}])"), "/master/bars/0/length", ""},
+        {master(R"("bars":[{"tripletFeel":"Swing"}])"), "/master/bars/0/tripletFeel",
+         "NoTripletFeel"},
+        {score(R"("tracks":[{"type":"kazoo"}])"), "/tracks/0/type", "an instrument such as"},
+        {score(R"("tracks":[{"icon":0}])"), "/tracks/0/icon", "one of"},
+        // parts that belong together
+        {master(R"("automations":[{}])"), "/master/automations/0", "needs a \"type\""},
+        {master(R"("automations":[{"type":"Volume"}])"), "/master/automations/0/type", "Tempo"},
+        {master(R"("automations":[{"type":"DSPParam_03","unit":2}])"), "/master/automations/0/unit",
+         "no such member"},
+        {master(R"("mastering":{"effects":[{"name":"x"}]})"), "/master/mastering/effects/0",
+         "needs the name"},
+        {score(R"("tracks":[{"staves":[]}])"), "/tracks/0/staves", "at least one staff"},
+        {score(R"("master":{"bars":[{},{}]},"tracks":[{"staves":[{"bars":[{}]}]}])"),
+         "/tracks/0/staves/0/bars", "the staff has 1 bars, and the score has 2"},
+        {score(R"("tracks":[{},{"staves":[{},{"bars":[{}]}]}])"), "/tracks/1/staves/1/bars",
+         "has 1 bars"},
+        {score(R"("master":{"bars":[{}]},"tracks":[{"staves":[{"bars":[{"voices":)"
+               R"([{},{},{},{},{}]}]}]}])"),
+         "/tracks/0/staves/0/bars/0/voices", "at most four voices"},
+    };
+    for (const Refused &row : table) {
+        const std::string message = refusal(row.document);
+        EXPECT_NE(message.find("score.zarn: "), std::string::npos) << row.document;
+        EXPECT_NE(message.find(row.place), std::string::npos)
+            << row.document << "\n  place: " << row.place << "\n  message: " << message;
+        EXPECT_NE(message.find(row.reason), std::string::npos)
+            << row.document << "\n  reason: " << row.reason << "\n  message: " << message;
+    }
+}
+
+TEST(NativeRefusal, rhythmsAreReadAsTheyAreWritten)
+{
+    const auto beat = [](const std::string &rhythm) {
+        return score(R"("master":{"bars":[{}]},"tracks":[{"staves":[{"bars":[{"voices":[{"beats":)"
+                     R"([{"rhythm":)"
+                     + rhythm + "}]}]}]}]}]");
+    };
+    for (const char *right : {R"("4x")", R"("1.")", R"("256...")", R"("4.*12")", R"("8/3:2")",
+                              R"("8/3:2/5:4")", R"("8/0:0/255:1")"})
+        EXPECT_EQ(refusal(beat(right)), "read") << right;
+    for (const char *wrong : {"4", R"("")", R"("3")", R"("4 ")", R"("04")", R"("8x")", R"("4....")",
+                              R"("4.*3")", R"("4.*99999999999")", R"("8/3")", R"("8/3:256")",
+                              R"("8/3:2/")", R"("8/3:2/5:4/7:4")", R"("-4")"})
+        EXPECT_NE(refusal(beat(wrong)).find("beats/0/rhythm: expected a rhythm"), std::string::npos)
+            << wrong;
+}
+
+TEST(NativeRefusal, deepNestingNeitherOverflowsTheStackNorTakesLong)
+{
+    const std::string deep(2'000'000, '[');
+    EXPECT_NE(refusal(score("\"tracks\":" + deep)), "read");
+    EXPECT_NE(
+        refusal(score("\"tracks\":" + deep + std::string(deep.size(), ']'))).find("/tracks/0"),
+        std::string::npos);
+}
+
+TEST(NativeRefusal, everyTruncationIsRefused)
+{
+    ScoreModel model;
+    io::readScoreText("guitar capo=2: [6:3 5:2]q/3 \"Am\"5:2~ 5:2 | rw; drums: kick | snare",
+                      model);
+    model.setScoreProperty(ScoreProperty::Title, "\u00e9\"\\\U0001F3B8");
+    const std::string document = test::writeNative(model);
+    for (std::size_t size = 0; size + 2 < document.size(); ++size)
+        EXPECT_NE(refusal(document.substr(0, size)).find("line "), std::string::npos) << size;
+}
+
+TEST(NativeRefusal, damageIsRefusedOrReadAsAScoreThatCanBeWritten)
+{
+    std::mt19937 engine(7);
+    std::size_t refused = 0;
+    for (std::uint32_t seed = 0; seed < 12; ++seed) {
+        const std::string whole = test::writeNative(*test::RandomScore(seed).make(2, 3));
+        for (int damage = 0; damage < 120; ++damage) {
+            std::string document = whole;
+            for (std::size_t i = 1 + engine() % 4; i > 0; --i) {
+                const std::size_t at = engine() % document.size();
+                switch (engine() % 4) {
+                case 0:
+                    document[at] = static_cast<char>(engine());
+                    break;
+                case 1:
+                    document.erase(at, 1 + engine() % 20);
+                    break;
+                case 2:
+                    document.insert(at, document.substr(engine() % document.size(), 30));
+                    break;
+                default:
+                    document[at] = "0123456789-{}[],:\"e.tfn"[engine() % 23];
+                }
+            }
+            try {
+                const auto model = test::readNative(document);
+                EXPECT_EQ(test::writeNative(*test::readNative(test::writeNative(*model))),
+                          test::writeNative(*model));
+            } catch (const io::ImportException &error) {
+                EXPECT_FALSE(error.reason().empty());
+                ++refused;
+            }
+        }
+    }
+    EXPECT_GT(refused, 100u);
+}
+
+TEST(NativeRefusal, membersOfANewerMinorVersionAreLeftOutAndReported)
+{
+    io::ImportReport report;
+    const auto model = test::readNative(
+        R"({"zarn":"1.7","lyrics":[1],"master":{"bars":[{"fermata":1},{"fermata":2,"time":"3/4"}]}})",
+        report);
+    EXPECT_EQ(model->masterTrack()->masterBar(1)->timeSignature().getNumerator(), 3u);
+    EXPECT_EQ(report.unheld().at("fermata"), 2u);
+    EXPECT_EQ(report.unheld().at("lyrics"), 1u);
+    ASSERT_EQ(report.problems().size(), 2u);
+    EXPECT_TRUE(report.hasProblem("/master/bars/0/fermata"));
+    EXPECT_EQ(refusal(R"({"zarn":"1.7","concertTone":"high"})"),
+              "score.zarn: /concertTone: expected a number, found the text \"high\"");
+}
