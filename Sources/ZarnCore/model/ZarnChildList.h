@@ -157,9 +157,14 @@ public:
         for (const auto &child : block)
             ChildLinkAccess::requireDetached(child);
         const std::size_t at = std::min(index, _items.size());
-        _items.insert(_items.begin() + static_cast<std::ptrdiff_t>(at),
-                      std::make_move_iterator(block.begin()), std::make_move_iterator(block.end()));
-        for (std::size_t i = at; i < at + block.size(); ++i)
+        const std::size_t count = block.size();
+        if (_items.empty())
+            _items = std::move(block);
+        else
+            _items.insert(_items.begin() + static_cast<std::ptrdiff_t>(at),
+                          std::make_move_iterator(block.begin()),
+                          std::make_move_iterator(block.end()));
+        for (std::size_t i = at; i < at + count; ++i)
             ChildLinkAccess::attach(*_items[i], parent);
         renumberFrom(at);
     }
