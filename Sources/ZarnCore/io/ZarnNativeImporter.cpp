@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/io/ZarnNativeImporter.h>
 
+#include <ZarnCore/io/ZarnFileContent.h>
 #include <ZarnCore/io/ZarnImportException.h>
 #include <ZarnCore/io/native/ScoreFields.h>
 #include <ZarnCore/model/ZarnModelCheck.h>
@@ -11,7 +12,6 @@
 
 #include <algorithm>
 #include <cctype>
-#include <limits>
 #include <string_view>
 
 namespace zarn::io {
@@ -20,18 +20,6 @@ namespace {
 
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 constexpr const char *here = "zarn::io::NativeImporter::read";
-
-/// The whole file with a zero byte behind it.
-std::string readAll(filesystem::FileHandle &handle)
-{
-    const std::int64_t size = handle.size();
-    if (size > std::numeric_limits<std::int32_t>::max())
-        ZARN_REFUSE_IN(here, handle.path(), "", "the file is larger than 2 GiB");
-    std::string bytes(static_cast<std::size_t>(std::max<std::int64_t>(size, 0)), '\0');
-    if (!handle.seek(0) || !handle.readBlock(bytes.data(), size))
-        ZARN_REFUSE_IN(here, "", "", handle.errorText());
-    return bytes;
-}
 
 /// Line and column (in bytes), both from 1, and the offset from 0.
 std::string placeOf(std::string_view bytes, std::size_t offset)
@@ -61,7 +49,7 @@ void parse(rapidjson::Document &document, std::string &bytes, filesystem::FileHa
     if (!document.HasParseError())
         return;
     // Parsing has overwritten what lies before the place.
-    const std::string original = readAll(handle);
+    const std::string original = readWhole(handle);
     ZARN_REFUSE_IN(here, handle.path(), placeOf(original, start + document.GetErrorOffset()),
                    rapidjson::GetParseError_En(document.GetParseError()));
 }
@@ -82,12 +70,7 @@ QStringList NativeImporter::extensions() const
 
 bool NativeImporter::acceptsHandle(filesystem::FileHandle &handle) const
 {
-    std::string start(256, '\0');
-    if (!handle.seek(0))
-        return false;
-    start.resize(
-        static_cast<std::size_t>(std::max<std::int64_t>(0, handle.readSome(start.data(), 256))));
-    handle.seek(0);
+    std::string start = peek(handle, 256);
     if (startsWith(start, byteOrderMark))
         start.erase(0, byteOrderMark.size());
     start.erase(std::remove_if(start.begin(), start.end(),
@@ -99,7 +82,7 @@ bool NativeImporter::acceptsHandle(filesystem::FileHandle &handle) const
 std::shared_ptr<ScoreModel> NativeImporter::read(filesystem::FileHandle &handle,
                                                  ImportReport &report) const
 {
-    std::string bytes = readAll(handle);
+    std::string bytes = readWhole(handle);
     rapidjson::Document document;
     parse(document, bytes, handle);
     native::DocumentReader reader(handle.path(), report);

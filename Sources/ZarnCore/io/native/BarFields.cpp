@@ -42,8 +42,9 @@ void writeNotes(DocumentWriter &writer, std::string_view key, const Beat &beat)
 
 void readNotes(DocumentReader &reader, const rapidjson::Value &json, Beat &beat)
 {
-    for (auto &note : readChildren<Note>(reader, json, noteFields))
-        beat.addNote(note);
+    // Most beats have one note: no list in between.
+    readEach<Note>(reader, json, noteFields,
+                   [&beat](const std::shared_ptr<Note> &note) { beat.addNote(note); });
 }
 
 constexpr std::array beatFields = {

@@ -31,21 +31,32 @@ void writeChildren(DocumentWriter &writer, std::string_view key,
     writer.EndArray();
 }
 
+/// Reads an array of nodes and hands each over when it is complete.
+template <typename Node, std::size_t Count, typename Take>
+void readEach(DocumentReader &reader, const rapidjson::Value &json,
+              const std::array<Field<Node>, Count> &fields, const Take &take)
+{
+    reader.expectArray(json);
+    std::uint32_t index = 0;
+    for (const auto &element : json.GetArray()) {
+        const DocumentReader::Step step(reader, index++);
+        auto node = std::make_shared<Node>();
+        readObject(reader, element, *node, fields);
+        take(std::move(node));
+    }
+}
+
 /// Reads an array of nodes; there are as many as the array has elements.
 template <typename Node, std::size_t Count>
 std::vector<std::shared_ptr<Node>> readChildren(DocumentReader &reader,
                                                 const rapidjson::Value &json,
                                                 const std::array<Field<Node>, Count> &fields)
 {
-    reader.expectArray(json);
     std::vector<std::shared_ptr<Node>> nodes;
-    nodes.reserve(json.Size());
-    for (const auto &element : json.GetArray()) {
-        const DocumentReader::Step step(reader, static_cast<std::uint32_t>(nodes.size()));
-        auto node = std::make_shared<Node>();
-        readObject(reader, element, *node, fields);
-        nodes.push_back(std::move(node));
-    }
+    if (json.IsArray())
+        nodes.reserve(json.Size());
+    readEach<Node>(reader, json, fields,
+                   [&nodes](std::shared_ptr<Node> node) { nodes.push_back(std::move(node)); });
     return nodes;
 }
 
