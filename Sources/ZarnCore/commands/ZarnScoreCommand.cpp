@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/commands/ZarnScoreCommand.h>
 
+#include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/ZarnLog.h>
 #include <ZarnCore/score/ZarnScore.h>
 
@@ -33,6 +34,14 @@ ScoreCommand::ScoreCommand(const QString &name)
 ScoreModel &ScoreCommand::model() const noexcept
 {
     return *_score->scoreModel();
+}
+
+void ScoreCommand::requirePlace(bool exists) const
+{
+    if (!exists) {
+        const QString text = QStringLiteral("%0: the score has no such place any more");
+        ZARN_RAISE_IN("zarn::ScoreCommand::requirePlace", text.arg(name() + args()).toStdString());
+    }
 }
 
 void ScoreCommand::redo()

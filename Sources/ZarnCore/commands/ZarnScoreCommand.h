@@ -24,6 +24,10 @@ protected:
     Score &score() const noexcept { return *_score; }
     ScoreModel &model() const noexcept;
 
+    /// Raises, with name and arguments, when the command's place does not exist any more: inside a
+    /// macro, earlier commands run after this one's `init`.
+    void requirePlace(bool exists) const;
+
 private:
     /// Changes the model, or throws and leaves it as it was. What undo needs is read here, not in
     /// `init`: commands of the same macro may have run since.

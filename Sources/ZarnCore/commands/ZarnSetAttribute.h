@@ -51,7 +51,7 @@ private:
     void apply() override
     {
         const Nodes nodes = _places.nodes(model());
-        ZARN_ASSERT_IN("zarn::SetAttribute::apply", !nodes.empty());
+        requirePlace(!nodes.empty());
         _before = write(nodes, std::vector<Value>(nodes.size(), _value));
         settle();
     }

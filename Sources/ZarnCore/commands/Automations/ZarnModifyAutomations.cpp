@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/commands/Automations/ZarnModifyAutomations.h>
 
-#include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/instruments/ZarnAutomationContainer.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
@@ -114,7 +113,7 @@ bool ModifyAutomations::takeAt(const Place &place)
 
 void ModifyAutomations::apply()
 {
-    ZARN_ASSERT_IN("zarn::ModifyAutomations::apply", isPossible());
+    requirePlace(isPossible());
     AutomationContainer &target = *container();
     _taken.clear();
     _inserted.clear();

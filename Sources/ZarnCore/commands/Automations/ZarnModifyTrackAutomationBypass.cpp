@@ -37,7 +37,7 @@ AutomationContainer *ModifyTrackAutomationBypass::container() const
 
 void ModifyTrackAutomationBypass::apply()
 {
-    ZARN_ASSERT_IN("zarn::cmd::ModifyTrackAutomationBypass::apply", container() != nullptr);
+    requirePlace(container() != nullptr);
     _before = container()->isTypeBypassed(_type);
     container()->bypassType(_type, _isBypassed);
 }

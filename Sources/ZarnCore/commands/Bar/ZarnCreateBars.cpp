@@ -28,8 +28,7 @@ bool CreateBars::init(Score *score, unsigned index, unsigned count)
 
 void CreateBars::apply()
 {
-    ZARN_ASSERT_IN("zarn::cmd::CreateBars::apply",
-                   _index <= model().masterTrack()->masterBarCount());
+    requirePlace(_index <= model().masterTrack()->masterBarCount());
     if (_undone.has_value()) {
         model().putBackBarColumns(std::move(*_undone));
         _undone.reset();

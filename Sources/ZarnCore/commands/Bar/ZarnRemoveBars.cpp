@@ -29,7 +29,7 @@ bool RemoveBars::isPossible() const
 
 void RemoveBars::apply()
 {
-    ZARN_ASSERT_IN("zarn::cmd::RemoveBars::apply", isPossible());
+    requirePlace(isPossible());
     _removed = model().takeBarColumns(_first, _last);
 }
 

@@ -41,7 +41,7 @@ bool CreateBeat::isPossible() const
 
 void CreateBeat::putIn()
 {
-    ZARN_ASSERT_IN("zarn::cmd::CreateBeat::putIn", isPossible());
+    requirePlace(isPossible());
     _needsVoice = voiceOf(model(), _place) == nullptr;
     if (_needsVoice) {
         barOf(model(), _place)->setVoice(_place.voice, _voice);

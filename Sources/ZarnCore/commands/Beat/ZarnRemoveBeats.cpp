@@ -23,7 +23,7 @@ bool RemoveBeats::init(Score *score, const ScoreModelRange &range)
 void RemoveBeats::takeOut()
 {
     const auto spans = beatSpans(model(), _range);
-    ZARN_ASSERT_IN("zarn::cmd::RemoveBeats::takeOut", !spans.empty());
+    requirePlace(!spans.empty());
     std::vector<Removed> removed;
     removed.reserve(spans.size());
     for (const BeatSpan &span : spans) {

@@ -36,7 +36,7 @@ bool DeleteEffect::isPossible() const
 
 void DeleteEffect::apply()
 {
-    ZARN_ASSERT_IN("zarn::cmd::DeleteEffect::apply", isPossible());
+    requirePlace(isPossible());
     EffectChain &chain = model().masterTrack()->mutableMastering().mutableEffectChain();
     _removed = chain.effect(_slot);
     chain.removeEffect(_slot);

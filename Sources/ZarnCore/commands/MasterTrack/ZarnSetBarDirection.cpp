@@ -26,7 +26,7 @@ bool SetBarDirection::isPossible() const
 
 void SetBarDirection::place(MasterTrack::DirectionSlots &directions) const
 {
-    ZARN_ASSERT_IN("zarn::cmd::SetBarDirection::apply", isPossible());
+    requirePlace(isPossible());
     directions[static_cast<std::size_t>(_mark)] = _bar;
 }
 

@@ -22,7 +22,7 @@ bool SetBarDirections::init(Score *score, int bar, const std::set<DirectionMark>
 
 void SetBarDirections::place(MasterTrack::DirectionSlots &directions) const
 {
-    ZARN_ASSERT_IN("zarn::cmd::SetBarDirections::apply", hasBar(_bar));
+    requirePlace(hasBar(_bar));
     for (int &place : directions) {
         if (place == _bar)
             place = -1;

@@ -32,7 +32,9 @@ std::optional<WriteNote::Placement> SetMIDINote::placement(const Staff &staff,
         if (placement.replaced == nullptr)
             return std::nullopt;
     }
-    if (staff.isFretted() && !findString(staff, beat, placement))
+    // Bowed strings play above the fingerboard too: such a note has no string.
+    const bool isBowed = staff.tuning().instrument() >= GuitarTuning::Violin;
+    if (staff.isFretted() && !findString(staff, beat, placement) && !isBowed)
         return std::nullopt;
     return placement;
 }

@@ -24,7 +24,7 @@ bool SetNoteRest::init(Score *score, const ScoreModelRange &range)
 void SetNoteRest::apply()
 {
     const auto spans = beatSpans(model(), _range);
-    ZARN_ASSERT_IN("zarn::cmd::SetNoteRest::apply", !spans.empty());
+    requirePlace(!spans.empty());
     std::vector<Stretch> stretches;
     stretches.reserve(spans.size());
     for (const BeatSpan &span : spans) {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/commands/Note/ZarnWriteNote.h>
 
-#include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/events/ZarnBarEvents.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/ZarnTies.h>
@@ -28,7 +27,7 @@ std::optional<WriteNote::Placement> WriteNote::find() const
 void WriteNote::apply()
 {
     const auto place = find();
-    ZARN_ASSERT_IN("zarn::WriteNote::apply", place.has_value());
+    requirePlace(place.has_value());
     const auto voice = _index.voice();
     const auto beat = _index.beat();
     const Note *const old = place->replaced.get();

@@ -28,7 +28,7 @@ bool AddTrackSound::init(Score *score, unsigned track, std::shared_ptr<const Sou
 
 void AddTrackSound::putIn()
 {
-    ZARN_ASSERT_IN("zarn::cmd::AddTrackSound::putIn", model().hasTrackIndex(_track));
+    requirePlace(model().hasTrackIndex(_track));
     Track &track = *model().tracks()[_track];
     const auto index = static_cast<unsigned>(track.sounds().size());
     track.addSound(_sound);

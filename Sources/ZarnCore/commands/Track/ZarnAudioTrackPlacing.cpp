@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/commands/Track/ZarnAudioTrackPlacing.h>
 
-#include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/events/ZarnSoundEvents.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/score/ZarnScore.h>
@@ -43,14 +42,14 @@ bool AudioTrackPlacing::canGoOut() const
 
 void AudioTrackPlacing::putIn()
 {
-    ZARN_ASSERT_IN("zarn::AudioTrackPlacing::putIn", canGoIn());
+    requirePlace(canGoIn());
     model().insertAudioTrack(_index, _track);
     _track.reset();
 }
 
 void AudioTrackPlacing::takeOut()
 {
-    ZARN_ASSERT_IN("zarn::AudioTrackPlacing::takeOut", canGoOut());
+    requirePlace(canGoOut());
     _track = model().removeAudioTrack(_index);
 }
 

@@ -38,7 +38,7 @@ void RemoveTrackSound::putIn()
 
 void RemoveTrackSound::takeOut()
 {
-    ZARN_ASSERT_IN("zarn::cmd::RemoveTrackSound::takeOut", isPossible());
+    requirePlace(isPossible());
     _sound = model().tracks()[_track]->removeSoundAtIndex(_index);
 }
 

@@ -114,7 +114,7 @@ void SetGuitarFullTuning::write(Staff &staff, const Setting &setting)
 
 void SetGuitarFullTuning::apply()
 {
-    ZARN_ASSERT_IN("zarn::cmd::SetGuitarFullTuning::apply", isPossible());
+    requirePlace(isPossible());
     Staff &staff = *findStaff();
     _before = settingOf(staff);
     std::vector<int> pitches;

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/commands/Track/ZarnTrackPlacing.h>
 
-#include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/events/ZarnTrackEvents.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/score/ZarnScore.h>
@@ -41,14 +40,14 @@ bool TrackPlacing::canGoIn() const
 
 void TrackPlacing::putIn()
 {
-    ZARN_ASSERT_IN("zarn::TrackPlacing::putIn", canGoIn());
+    requirePlace(canGoIn());
     model().insertTrack(_index, _track, true);
     _track.reset();
 }
 
 void TrackPlacing::takeOut()
 {
-    ZARN_ASSERT_IN("zarn::TrackPlacing::takeOut", model().hasTrackIndex(_index));
+    requirePlace(model().hasTrackIndex(_index));
     score().notify(this, evt::WillRemoveTrack(static_cast<int>(_index)));
     _track = model().removeTrack(_index);
 }
