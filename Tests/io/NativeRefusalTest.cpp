@@ -164,10 +164,54 @@ TEST(NativeRefusal, rhythmsAreReadAsTheyAreWritten)
 TEST(NativeRefusal, deepNestingNeitherOverflowsTheStackNorTakesLong)
 {
     const std::string deep(2'000'000, '[');
-    EXPECT_NE(refusal(score("\"tracks\":" + deep)), "read");
-    EXPECT_NE(
-        refusal(score("\"tracks\":" + deep + std::string(deep.size(), ']'))).find("/tracks/0"),
-        std::string::npos);
+    for (const std::string &end : {std::string(), std::string(deep.size(), ']')})
+        EXPECT_NE(refusal(score("\"tracks\":" + deep + end)).find(": nested more than 64 levels"),
+                  std::string::npos);
+    EXPECT_NE(refusal(score("\"tracks\":" + std::string(60, '[') + std::string(60, ']')))
+                  .find("/tracks/0: expected an object"),
+              std::string::npos);
+}
+
+TEST(NativeRefusal, aDocumentMayNameItsVersionAnywhere)
+{
+    ScoreModel model;
+    io::readScoreText("guitar: 6:3q [5:2 4:0]e | 1:0 & 6:0; piano: c5 | d5 + c3 | d3", model);
+    std::string document = test::writeNative(model);
+    const std::string version = "\"zarn\":\"1.0\",";
+    document.erase(document.find(version), version.size());
+    document.insert(document.rfind('}'), "," + version.substr(0, version.size() - 1));
+    EXPECT_TRUE(*test::readNative(document) == model);
+    document.replace(document.rfind("1.0"), 3, "2.0");
+    EXPECT_NE(refusal(document).find("/zarn: the document has version 2.0"), std::string::npos);
+}
+
+TEST(NativeRefusal, theFirstFaultOfABarIsNamedWithTheWholePath)
+{
+    const auto staff = [](const std::string &bars) {
+        return score(R"("tracks":[{"staves":[{},{}]},{"name":"a/b","staves":[{},{"bars":)" + bars
+                     + "}]}]");
+    };
+    EXPECT_NE(refusal(staff(R"([{},{"voices":[{"beats":[{"text":5}]}]}])"))
+                  .find("/tracks/1/staves/1/bars/1/voices/0/beats/0/text: expected text"),
+              std::string::npos);
+    EXPECT_NE(refusal(staff("[{},1]")).find("/tracks/1/staves/1/bars/1: expected an object"),
+              std::string::npos);
+    EXPECT_NE(refusal(staff("[{}],\"bars\":[]")).find("/tracks/1/staves/1/bars: stands twice"),
+              std::string::npos);
+    EXPECT_NE(refusal(staff("[[[]]]")).find("/tracks/1/staves/1/bars/0: expected an object"),
+              std::string::npos);
+}
+
+TEST(NativeRefusal, notesOnStringsThatAreNotThereAreReadAndReported)
+{
+    io::ImportReport report;
+    const auto model = test::readNative(
+        score(R"("master":{"bars":[{}]},"tracks":[{"staves":[{"bars":[{"voices":[{"beats":)"
+              R"([{"notes":[{"string":6}]}]}]}],"tuning":{"strings":[40,45]}}]}])"),
+        report);
+    EXPECT_EQ(model->track(0)->bar(0, 0)->voice(0)->beat(0)->note(0)->string(), 6);
+    ASSERT_EQ(report.problems().size(), 1u);
+    EXPECT_TRUE(report.hasProblem("/tracks/0/staves/0: a note stands on string index 6"));
 }
 
 TEST(NativeRefusal, everyTruncationIsRefused)

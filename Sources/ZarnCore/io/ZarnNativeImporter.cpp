@@ -3,16 +3,17 @@
 
 #include <ZarnCore/io/ZarnFileContent.h>
 #include <ZarnCore/io/ZarnImportException.h>
+#include <ZarnCore/io/native/BarFields.h>
 #include <ZarnCore/io/native/ScoreFields.h>
 #include <ZarnCore/model/ZarnModelCheck.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
 #include <filesystem/FileHandle.h>
-#include <rapidjson/error/en.h>
 
 #include <algorithm>
 #include <cctype>
 #include <string_view>
+#include <vector>
 
 namespace zarn::io {
 
@@ -37,21 +38,21 @@ bool startsWith(std::string_view text, std::string_view start)
     return text.substr(0, start.size()) == start;
 }
 
-/// Parses in place: the texts of the document stay in `bytes`.
-void parse(rapidjson::Document &document, std::string &bytes, filesystem::FileHandle &handle)
+/// Parses in place: the texts of the values stay in `bytes`.
+std::vector<native::Json> parse(std::string &bytes, filesystem::FileHandle &handle,
+                                native::JsonStream &stream)
 {
     const std::size_t zero = bytes.find('\0');
     if (zero != std::string::npos)
         ZARN_REFUSE_IN(here, handle.path(), placeOf(bytes, zero), "a zero byte is no text");
     const std::size_t start = startsWith(bytes, byteOrderMark) ? byteOrderMark.size() : 0;
-    document.ParseInsitu<rapidjson::kParseIterativeFlag | rapidjson::kParseValidateEncodingFlag
-                         | rapidjson::kParseFullPrecisionFlag>(&bytes[start]);
-    if (!document.HasParseError())
-        return;
+    std::vector<native::Json> values;
+    const native::JsonError error = native::parseJson(bytes, start, values, stream);
+    if (error.reason.empty())
+        return values;
     // Parsing has overwritten what lies before the place.
     const std::string original = readWhole(handle);
-    ZARN_REFUSE_IN(here, handle.path(), placeOf(original, start + document.GetErrorOffset()),
-                   rapidjson::GetParseError_En(document.GetParseError()));
+    ZARN_REFUSE_IN(here, handle.path(), placeOf(original, start + error.offset), error.reason);
 }
 
 } // namespace
@@ -83,12 +84,12 @@ std::shared_ptr<ScoreModel> NativeImporter::read(filesystem::FileHandle &handle,
                                                  ImportReport &report) const
 {
     std::string bytes = readWhole(handle);
-    rapidjson::Document document;
-    parse(document, bytes, handle);
     native::DocumentReader reader(handle.path(), report);
+    native::BarStream stream(reader);
+    const std::vector<native::Json> values = parse(bytes, handle, stream);
     auto model = std::make_shared<ScoreModel>();
-    native::readScore(reader, document, *model);
-    for (const std::string &problem : checkModel(*model))
+    native::readScore(reader, values.front(), *model);
+    for (const std::string &problem : checkModelDownToBars(*model))
         report.addProblem({problem, -1, -1, 0});
     return model;
 }

@@ -63,6 +63,12 @@ void Beat::insertNote(unsigned index, const std::shared_ptr<Note> &note)
     _notes.insert(index, note, weak_from_this());
 }
 
+void Beat::insertNotes(unsigned index, Notes notes)
+{
+    linkChildren();
+    _notes.insert(index, std::move(notes), weak_from_this());
+}
+
 std::shared_ptr<Note> Beat::removeNote(unsigned index)
 {
     auto taken = _notes.take(index, index);

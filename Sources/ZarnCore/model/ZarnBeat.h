@@ -59,6 +59,7 @@ public:
     /// Adds a detached note behind the others, or in front of `index`.
     void addNote(const std::shared_ptr<Note> &note);
     void insertNote(unsigned index, const std::shared_ptr<Note> &note);
+    void insertNotes(unsigned index, Notes notes);
 
     /// Takes a note out and returns it; empty past the end. The other form answers whether the
     /// beat held the note.

@@ -6,8 +6,13 @@
 namespace zarn {
 namespace {
 
+/// How far down the tree is looked at.
+enum class Depth { Bars, Notes };
+
 class ModelCheck {
 public:
+    explicit ModelCheck(Depth depth) : _depth(depth) { }
+
     std::vector<std::string> run(const ScoreModel &model)
     {
         const auto &master = model.masterTrack();
@@ -94,6 +99,8 @@ private:
         if (bar.simileMark() == SimileMark::SecondOfDouble
             && (number == 0 || markAt(number - 1) != SimileMark::FirstOfDouble))
             expect(false, place(), "second half of a double simile alone");
+        if (_depth == Depth::Bars)
+            return;
         for (unsigned v = 0; v < Bar::MaxVoices; ++v)
             if (const Voice *voice = bar.voices()[v].get()) {
                 if (voice->index() != v || voice->parentBar().get() != &bar)
@@ -125,13 +132,19 @@ private:
 
     std::vector<std::string> _problems;
     unsigned _barCount = 0;
+    Depth _depth;
 };
 
 } // namespace
 
 std::vector<std::string> checkModel(const ScoreModel &model)
 {
-    return ModelCheck().run(model);
+    return ModelCheck(Depth::Notes).run(model);
+}
+
+std::vector<std::string> checkModelDownToBars(const ScoreModel &model)
+{
+    return ModelCheck(Depth::Bars).run(model);
 }
 
 } // namespace zarn

@@ -16,4 +16,7 @@ class ScoreModel;
 /// have both halves, notes of fretted staves are on strings that exist.
 ZARNCORE_EXPORT std::vector<std::string> checkModel(const ScoreModel &model);
 
+/// The same without a look into the bars, which takes most of the time.
+ZARNCORE_EXPORT std::vector<std::string> checkModelDownToBars(const ScoreModel &model);
+
 } // namespace zarn

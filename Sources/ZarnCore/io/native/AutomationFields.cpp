@@ -34,19 +34,22 @@ void writeType(DocumentWriter &writer, std::string_view key, const Automation &a
 }
 
 /// The type is read before the rest, because it decides on the class.
-void skipType(DocumentReader &, const rapidjson::Value &, Automation &) { }
+void skipType(DocumentReader &, const Json &, Automation &) { }
 
-std::unique_ptr<Automation> makeAutomation(DocumentReader &reader, const rapidjson::Value &json)
+std::unique_ptr<Automation> makeAutomation(DocumentReader &reader, const Json &json)
 {
     const DocumentReader::Step step(reader, "type");
-    if (json.IsString() && textOf(json) == pickupKnob)
+    if (json.isText() && json.text() == pickupKnob)
         return std::make_unique<PickupKnobAutomation>();
-    if (json.IsString())
+    if (json.isText())
         for (unsigned slot = 1; slot < Automation::automationTypeCount; ++slot)
-            if (Automation::typeToString(Automation::idType(slot)) == textOf(json))
+            if (Automation::typeToString(Automation::idType(slot)) == json.text())
                 return Automation::create(Automation::idType(slot));
-    if (json.IsUint() && Automation::typeId(static_cast<Automation::Type>(json.GetUint())) == 0)
-        return Automation::create(static_cast<Automation::Type>(json.GetUint()));
+    if (json.isWhole()) {
+        const auto type = static_cast<Automation::Type>(Codec<std::uint32_t>::read(reader, json));
+        if (Automation::typeId(type) == 0)
+            return Automation::create(type);
+    }
     reader.refuseKind("an automation type such as \"Tempo\" or \"DSPParam_00\"", json);
 }
 
@@ -63,7 +66,7 @@ constexpr Field<Automation> classField(std::string_view key)
                 writer.key(name);
                 Codec<Value>::write(writer, std::invoke(Get, *own));
             },
-            [](DocumentReader &reader, const rapidjson::Value &json, Automation &automation) {
+            [](DocumentReader &reader, const Json &json, Automation &automation) {
                 using Value = ValueOf<Get, Class>;
                 auto *own = dynamic_cast<Class *>(&automation);
                 if (own == nullptr)
@@ -80,7 +83,7 @@ struct Codec<std::shared_ptr<const Sound>> {
     {
         Codec<Sound>::write(writer, *sound);
     }
-    static std::shared_ptr<const Sound> read(DocumentReader &reader, const rapidjson::Value &json)
+    static std::shared_ptr<const Sound> read(DocumentReader &reader, const Json &json)
     {
         return std::make_shared<const Sound>(Codec<Sound>::read(reader, json));
     }
@@ -102,13 +105,13 @@ constexpr std::array automationFields = {
     field<Automation, &Automation::isVisible, &Automation::setVisible>("visible"),
 };
 
-std::unique_ptr<Automation> readAutomation(DocumentReader &reader, const rapidjson::Value &json)
+std::unique_ptr<Automation> readAutomation(DocumentReader &reader, const Json &json)
 {
     reader.expectObject(json);
-    const auto type = json.FindMember("type");
-    if (type == json.MemberEnd())
+    const Json *type = json.find("type");
+    if (type == nullptr)
         reader.refuse("an automation needs a \"type\"");
-    auto automation = makeAutomation(reader, type->value);
+    auto automation = makeAutomation(reader, *type);
     readObject(reader, json, *automation, automationFields);
     return automation;
 }
@@ -131,13 +134,12 @@ void writeAutomations(DocumentWriter &writer, std::string_view key,
     writer.EndArray();
 }
 
-void readAutomations(DocumentReader &reader, const rapidjson::Value &json,
-                     AutomationContainer &container)
+void readAutomations(DocumentReader &reader, const Json &json, AutomationContainer &container)
 {
     reader.expectArray(json);
     std::vector<std::unique_ptr<Automation>> automations;
-    automations.reserve(json.Size());
-    for (const auto &element : json.GetArray()) {
+    automations.reserve(json.size());
+    for (const auto &element : json.elements()) {
         const DocumentReader::Step step(reader, static_cast<std::uint32_t>(automations.size()));
         automations.push_back(readAutomation(reader, element));
     }
@@ -161,12 +163,11 @@ void writeBypassed(DocumentWriter &writer, std::string_view key,
     Codec<std::vector<std::string>>::write(writer, bypassed);
 }
 
-void readBypassed(DocumentReader &reader, const rapidjson::Value &json,
-                  AutomationContainer &container)
+void readBypassed(DocumentReader &reader, const Json &json, AutomationContainer &container)
 {
     reader.expectArray(json);
     std::uint32_t index = 0;
-    for (const auto &element : json.GetArray()) {
+    for (const auto &element : json.elements()) {
         const DocumentReader::Step step(reader, index++);
         const std::string text = Codec<std::string>::read(reader, element);
         unsigned slot = 0;

@@ -3,6 +3,7 @@
 
 #include <ZarnCore/io/native/Children.h>
 #include <ZarnCore/io/native/MusicCodecs.h>
+#include <ZarnCore/io/native/ScoreFields.h>
 #include <ZarnCore/model/ZarnBar.h>
 #include <ZarnCore/model/ZarnStaff.h>
 
@@ -40,11 +41,12 @@ void writeNotes(DocumentWriter &writer, std::string_view key, const Beat &beat)
     writeChildren(writer, key, beat.notes(), noteFields);
 }
 
-void readNotes(DocumentReader &reader, const rapidjson::Value &json, Beat &beat)
+void readNotes(DocumentReader &reader, const Json &json, Beat &beat)
 {
-    // Most beats have one note: no list in between.
-    readEach<Note>(reader, json, noteFields,
-                   [&beat](const std::shared_ptr<Note> &note) { beat.addNote(note); });
+    auto notes = readChildren<Note>(reader, json, noteFields);
+    for (const auto &note : notes)
+        reader.meetString(note->string());
+    beat.insertNotes(beat.noteCount(), std::move(notes));
 }
 
 constexpr std::array beatFields = {
@@ -65,7 +67,7 @@ void writeBeats(DocumentWriter &writer, std::string_view key, const Voice &voice
     writeChildren(writer, key, voice.beats(), beatFields);
 }
 
-void readBeats(DocumentReader &reader, const rapidjson::Value &json, Voice &voice)
+void readBeats(DocumentReader &reader, const Json &json, Voice &voice)
 {
     voice.insertBeats(voice.beatCount(), readChildren<Beat>(reader, json, beatFields));
 }
@@ -93,18 +95,17 @@ void writeVoices(DocumentWriter &writer, std::string_view key, const Bar &bar)
     writer.EndArray();
 }
 
-void readVoices(DocumentReader &reader, const rapidjson::Value &json, Bar &bar)
+void readVoices(DocumentReader &reader, const Json &json, Bar &bar)
 {
     reader.expectArray(json);
-    if (json.Size() > Bar::MaxVoices)
+    if (json.size() > Bar::MaxVoices)
         reader.refuse("a bar has at most four voices");
-    for (std::uint32_t i = 0; i < json.Size(); ++i) {
-        const DocumentReader::Step step(reader, i);
-        const auto voice = std::make_shared<Voice>();
-        readObject(reader, json[i], *voice, voiceFields);
+    std::uint32_t slot = 0;
+    readEach<Voice>(reader, json, voiceFields, [&](const std::shared_ptr<Voice> &voice) {
         if (!voice->isEmpty())
-            bar.setVoice(i, voice);
-    }
+            bar.setVoice(slot, voice);
+        ++slot;
+    });
 }
 
 constexpr std::array clefChangeFields = {
@@ -128,9 +129,44 @@ void writeBars(DocumentWriter &writer, std::string_view key, const Staff &staff)
     writeChildren(writer, key, staff.bars(), barFields, Layout::Lines);
 }
 
-void readBars(DocumentReader &reader, const rapidjson::Value &json, Staff &staff)
+void readBars(DocumentReader &reader, const Json &json, Staff &staff)
 {
+    if (json.isStreamed()) {
+        BarBlock &block = reader.barBlocks()[json.streamNumber()];
+        reader.meetString(block.highestString);
+        staff.insertBars(staff.barCount(), std::move(block.bars));
+        return;
+    }
     staff.insertBars(staff.barCount(), readChildren<Bar>(reader, json, barFields));
+}
+
+bool BarStream::takesArray(std::string_view key, std::size_t depth, const Pointer &pointer,
+                           const Json &root)
+{
+    constexpr std::size_t barsDepth = 5; // document, tracks, track, staves, staff
+    if (depth != barsDepth || key != "bars" || root.firstMember().key != formatKey)
+        return false;
+    const std::string staff = pointer();
+    if (staff.rfind("/tracks/", 0) != 0 || staff.find("/staves/") == std::string::npos)
+        return false;
+    readVersion(_reader, root.firstMember().value);
+    _block = {};
+    return true;
+}
+
+void BarStream::takeElement(const Json &element, const Pointer &pointer)
+{
+    const DocumentReader::Base base(_reader, pointer);
+    auto bar = std::make_shared<Bar>();
+    readObject(_reader, element, *bar, barFields);
+    _block.bars.push_back(std::move(bar));
+}
+
+std::size_t BarStream::endArray()
+{
+    _block.highestString = _reader.takeHighestString();
+    _reader.barBlocks().push_back(std::move(_block));
+    return _reader.barBlocks().size() - 1;
 }
 
 } // namespace zarn::io::native

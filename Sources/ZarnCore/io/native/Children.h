@@ -33,12 +33,12 @@ void writeChildren(DocumentWriter &writer, std::string_view key,
 
 /// Reads an array of nodes and hands each over when it is complete.
 template <typename Node, std::size_t Count, typename Take>
-void readEach(DocumentReader &reader, const rapidjson::Value &json,
+void readEach(DocumentReader &reader, const Json &json,
               const std::array<Field<Node>, Count> &fields, const Take &take)
 {
     reader.expectArray(json);
     std::uint32_t index = 0;
-    for (const auto &element : json.GetArray()) {
+    for (const auto &element : json.elements()) {
         const DocumentReader::Step step(reader, index++);
         auto node = std::make_shared<Node>();
         readObject(reader, element, *node, fields);
@@ -48,13 +48,12 @@ void readEach(DocumentReader &reader, const rapidjson::Value &json,
 
 /// Reads an array of nodes; there are as many as the array has elements.
 template <typename Node, std::size_t Count>
-std::vector<std::shared_ptr<Node>> readChildren(DocumentReader &reader,
-                                                const rapidjson::Value &json,
+std::vector<std::shared_ptr<Node>> readChildren(DocumentReader &reader, const Json &json,
                                                 const std::array<Field<Node>, Count> &fields)
 {
     std::vector<std::shared_ptr<Node>> nodes;
-    if (json.IsArray())
-        nodes.reserve(json.Size());
+    if (json.isArray())
+        nodes.reserve(json.size());
     readEach<Node>(reader, json, fields,
                    [&nodes](std::shared_ptr<Node> node) { nodes.push_back(std::move(node)); });
     return nodes;
@@ -67,7 +66,7 @@ struct Struct {
     {
         writeObject(writer, value, Fields);
     }
-    static T read(DocumentReader &reader, const rapidjson::Value &json)
+    static T read(DocumentReader &reader, const Json &json)
     {
         T value;
         readObject(reader, json, value, Fields);

@@ -18,7 +18,7 @@ namespace zarn::io::native {
 
 /// How a value stands in the document. Each codec has
 ///     static void write(DocumentWriter &writer, const T &value);
-///     static T read(DocumentReader &reader, const rapidjson::Value &json);
+///     static T read(DocumentReader &reader, const Json &json);
 /// and reading refuses whatever writing could not have made.
 template <typename T, typename = void>
 struct Codec;
@@ -26,11 +26,11 @@ struct Codec;
 template <>
 struct Codec<bool> {
     static void write(DocumentWriter &writer, bool value) { writer.Bool(value); }
-    static bool read(DocumentReader &reader, const rapidjson::Value &json)
+    static bool read(DocumentReader &reader, const Json &json)
     {
-        if (!json.IsBool())
+        if (!json.isBool())
             reader.refuseKind("true or false", json);
-        return json.GetBool();
+        return json.boolean();
     }
 };
 
@@ -41,13 +41,13 @@ struct Within {
     {
         writer.Int64(static_cast<std::int64_t>(value));
     }
-    static T read(DocumentReader &reader, const rapidjson::Value &json)
+    static T read(DocumentReader &reader, const Json &json)
     {
-        if (!json.IsInt64() || json.GetInt64() < Lowest || json.GetInt64() > Highest)
+        if (!json.isWhole() || json.whole() < Lowest || json.whole() > Highest)
             reader.refuseKind("a whole number from " + std::to_string(Lowest) + " to "
                                   + std::to_string(Highest),
                               json);
-        return static_cast<T>(json.GetInt64());
+        return static_cast<T>(json.whole());
     }
 };
 
@@ -61,13 +61,13 @@ struct Codec<T, std::enable_if_t<std::is_integral_v<T> && !std::is_same_v<T, boo
 template <typename T>
 struct Codec<T, std::enable_if_t<std::is_floating_point_v<T>>> {
     static void write(DocumentWriter &writer, T value) { writer.real(value); }
-    static T read(DocumentReader &reader, const rapidjson::Value &json)
+    static T read(DocumentReader &reader, const Json &json)
     {
-        if (!json.IsNumber())
+        if (!json.isNumber())
             reader.refuseKind("a number", json);
         // The shortest text of the largest float lies above it, by less than half a step.
         constexpr double largest = static_cast<double>(std::numeric_limits<T>::max());
-        const double number = json.GetDouble();
+        const double number = json.number();
         if (std::abs(number) > largest * (1.0 + std::numeric_limits<T>::epsilon() / 4.0))
             reader.refuse("the number is too large");
         return static_cast<T>(std::clamp(number, -largest, largest));
@@ -77,11 +77,11 @@ struct Codec<T, std::enable_if_t<std::is_floating_point_v<T>>> {
 template <>
 struct Codec<std::string> {
     static void write(DocumentWriter &writer, const std::string &value) { writer.text(value); }
-    static std::string read(DocumentReader &reader, const rapidjson::Value &json)
+    static std::string read(DocumentReader &reader, const Json &json)
     {
-        if (!json.IsString())
+        if (!json.isText())
             reader.refuseKind("text", json);
-        return std::string(textOf(json));
+        return std::string(json.text());
     }
 };
 
@@ -91,7 +91,7 @@ struct Codec<QString> {
     {
         writer.text(value.toStdString());
     }
-    static QString read(DocumentReader &reader, const rapidjson::Value &json)
+    static QString read(DocumentReader &reader, const Json &json)
     {
         return QString::fromStdString(Codec<std::string>::read(reader, json));
     }
@@ -107,12 +107,12 @@ struct ArrayOf {
             Item::write(writer, value);
         writer.EndArray();
     }
-    static std::vector<T> read(DocumentReader &reader, const rapidjson::Value &json)
+    static std::vector<T> read(DocumentReader &reader, const Json &json)
     {
         reader.expectArray(json);
         std::vector<T> values;
-        values.reserve(json.Size());
-        for (const auto &element : json.GetArray()) {
+        values.reserve(json.size());
+        for (const auto &element : json.elements()) {
             const DocumentReader::Step step(reader, static_cast<std::uint32_t>(values.size()));
             values.push_back(Item::read(reader, element));
         }

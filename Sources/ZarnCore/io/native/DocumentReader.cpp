@@ -30,6 +30,8 @@ std::string DocumentReader::pointer() const
         text =
             "/" + (isMember ? escapedForPointer(step->_key) : std::to_string(step->_index)) + text;
     }
+    if (_base != nullptr)
+        text = (*_base)() + text;
     return text.empty() ? "/" : text;
 }
 
@@ -43,9 +45,9 @@ void DocumentReader::refuseAt(const std::string &pointer, const std::string &rea
     ZARN_REFUSE_IN("zarn::io::NativeImporter::read", _document, pointer, reason);
 }
 
-void DocumentReader::refuseKind(const std::string &expected, const rapidjson::Value &found) const
+void DocumentReader::refuseKind(const std::string &expected, const Json &found) const
 {
-    refuse("expected " + expected + ", found " + kindOf(found));
+    refuse("expected " + expected + ", found " + found.description());
 }
 
 void DocumentReader::meetUnknownKey(std::string_view key)
@@ -57,40 +59,6 @@ void DocumentReader::meetUnknownKey(std::string_view key)
     if (_report.unheld().count(name) == 0)
         _report.addProblem({pointer() + " is unknown here and was left out", -1, -1, 0});
     _report.addUnheld(name);
-}
-
-std::string kindOf(const rapidjson::Value &json)
-{
-    switch (json.GetType()) {
-    case rapidjson::kNullType:
-        return "null";
-    case rapidjson::kFalseType:
-        return "false";
-    case rapidjson::kTrueType:
-        return "true";
-    case rapidjson::kObjectType:
-        return "an object";
-    case rapidjson::kArrayType:
-        return "an array";
-    case rapidjson::kStringType:
-        return "the text " + quoted(textOf(json));
-    case rapidjson::kNumberType:
-        if (json.IsInt64())
-            return std::to_string(json.GetInt64());
-        return json.IsUint64() ? std::to_string(json.GetUint64()) : "a number with a fraction";
-    }
-    return "something else";
-}
-
-std::string quoted(std::string_view text)
-{
-    constexpr std::size_t longest = 40;
-    if (text.size() <= longest)
-        return '"' + std::string(text) + '"';
-    std::size_t end = longest;
-    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80)
-        --end; // not inside a character
-    return '"' + std::string(text.substr(0, end)) + "...\"";
 }
 
 } // namespace zarn::io::native

@@ -2,15 +2,27 @@
 #pragma once
 
 #include <ZarnCore/io/ZarnImportReport.h>
+#include <ZarnCore/io/native/Json.h>
 
-#include <rapidjson/document.h>
-
+#include <algorithm>
 #include <cstdint>
-#include <map>
+#include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
+
+namespace zarn {
+class Bar;
+}
 
 namespace zarn::io::native {
+
+/// The bars of a staff that were made while the document was parsed.
+struct BarBlock {
+    std::vector<std::shared_ptr<Bar>> bars;
+    int highestString = -1;
+};
 
 /// Where the reading of a document stands, for messages: its name and the path of the value at
 /// hand.
@@ -58,16 +70,16 @@ public:
     [[noreturn]] void refuseAt(const std::string &pointer, const std::string &reason) const;
 
     /// Refuses a value of the wrong kind: "expected a whole number, found text".
-    [[noreturn]] void refuseKind(const std::string &expected, const rapidjson::Value &found) const;
+    [[noreturn]] void refuseKind(const std::string &expected, const Json &found) const;
 
-    void expectObject(const rapidjson::Value &json) const
+    void expectObject(const Json &json) const
     {
-        if (!json.IsObject())
+        if (!json.isObject())
             refuseKind("an object", json);
     }
-    void expectArray(const rapidjson::Value &json) const
+    void expectArray(const Json &json) const
     {
-        if (!json.IsArray())
+        if (!json.isArray())
             refuseKind("an array", json);
     }
 
@@ -75,29 +87,48 @@ public:
     /// reported, the first of each name with its place; in all others it is refused.
     void meetUnknownKey(std::string_view key);
 
+    /// Places are counted from a base, which stays for the life of this object.
+    class Base {
+    public:
+        Base(DocumentReader &reader, const JsonStream::Pointer &pointer) noexcept : _reader(reader)
+        {
+            reader._base = &pointer;
+        }
+        Base(const Base &) = delete;
+        Base &operator=(const Base &) = delete;
+        ~Base() { _reader._base = nullptr; }
+
+    private:
+        DocumentReader &_reader;
+    };
+
+    /// By the numbers of their streamed arrays.
+    std::vector<BarBlock> &barBlocks() noexcept { return _barBlocks; }
+
     /// Says that the document's minor version is newer than the one written here.
     void setNewer() noexcept { _isNewer = true; }
 
     ImportReport &report() noexcept { return _report; }
+
+    /// Reports something odd about the value at hand, which is read nevertheless.
+    void reportOddity(const std::string &text)
+    {
+        _report.addProblem({pointer() + ": " + text, -1, -1, 0});
+    }
+
+    /// The highest string of the notes that were met since it was last taken; -1 without any.
+    void meetString(int string) noexcept { _highestString = std::max(_highestString, string); }
+    int takeHighestString() noexcept { return std::exchange(_highestString, -1); }
 
 private:
     friend class Step;
     std::string _document;
     ImportReport &_report;
     const Step *_step = nullptr;
+    const JsonStream::Pointer *_base = nullptr;
+    std::vector<BarBlock> _barBlocks;
     bool _isNewer = false;
+    int _highestString = -1;
 };
-
-/// "text", "an array", ...: the kind of a value, for messages.
-std::string kindOf(const rapidjson::Value &json);
-
-/// The text of a string value; it lives as long as the value.
-inline std::string_view textOf(const rapidjson::Value &json)
-{
-    return {json.GetString(), json.GetStringLength()};
-}
-
-/// A text in quotes, shortened when it is long.
-std::string quoted(std::string_view text);
 
 } // namespace zarn::io::native

@@ -24,16 +24,16 @@ struct EnumCodec {
             writer.Int64(number);
     }
 
-    static E read(DocumentReader &reader, const rapidjson::Value &json)
+    static E read(DocumentReader &reader, const Json &json)
     {
-        if (json.IsString() && json.GetStringLength() > 0) {
+        if (json.isText() && json.text() != "") {
             const auto &known = texts();
-            const auto found = std::find(known.begin(), known.end(), textOf(json));
+            const auto found = std::find(known.begin(), known.end(), json.text());
             if (found != known.end())
                 return static_cast<E>(found - known.begin());
         }
-        if (json.IsInt64() && ((json.GetInt64() == static_cast<std::int64_t>(Untexted)) || ...))
-            return static_cast<E>(json.GetInt64());
+        if (json.isWhole() && ((json.whole() == static_cast<std::int64_t>(Untexted)) || ...))
+            return static_cast<E>(json.whole());
         reader.refuseKind(choices(), json);
     }
 

@@ -16,7 +16,7 @@ struct Field {
     /// Writes key and value, or nothing when the attribute is at its default.
     void (*write)(DocumentWriter &writer, std::string_view key, const Node &node);
     /// Reads the value into the node.
-    void (*read)(DocumentReader &reader, const rapidjson::Value &json, Node &node);
+    void (*read)(DocumentReader &reader, const Json &json, Node &node);
 };
 
 /// What an attribute is compared with when it is written: the attribute of a fresh node.
@@ -42,7 +42,7 @@ constexpr Field<Node> field(std::string_view key)
                     As::write(writer, value);
                 }
             },
-            [](DocumentReader &reader, const rapidjson::Value &json, Node &node) {
+            [](DocumentReader &reader, const Json &json, Node &node) {
                 std::invoke(Set, node, As::read(reader, json));
             }};
 }
@@ -58,7 +58,7 @@ constexpr Field<Node> member(std::string_view key)
                 writer.key(name);
                 As::write(writer, node.*Member);
             },
-            [](DocumentReader &reader, const rapidjson::Value &json, Node &node) {
+            [](DocumentReader &reader, const Json &json, Node &node) {
                 node.*Member = As::read(reader, json);
             }};
 }
@@ -97,15 +97,15 @@ std::size_t indexOfField(const std::array<Field<Node>, Count> &fields, std::stri
 
 /// Reads an object into a node, in whatever order its members come.
 template <typename Node, std::size_t Count>
-void readObject(DocumentReader &reader, const rapidjson::Value &json, Node &node,
+void readObject(DocumentReader &reader, const Json &json, Node &node,
                 const std::array<Field<Node>, Count> &fields)
 {
     static_assert(Count <= 64);
     reader.expectObject(json);
     std::uint64_t seen = 0;
     std::size_t next = 0;
-    for (const auto &member : json.GetObject()) {
-        const std::string_view key = textOf(member.name);
+    for (const auto &member : json.members()) {
+        const std::string_view key = member.key;
         const std::size_t at = indexOfField(fields, key, next);
         if (at == Count) {
             reader.meetUnknownKey(key);

@@ -34,7 +34,7 @@ struct Passes {
         writer.EndArray();
     }
 
-    static std::uint32_t read(DocumentReader &reader, const rapidjson::Value &json)
+    static std::uint32_t read(DocumentReader &reader, const Json &json)
     {
         using Pass = Within<unsigned, 1, MasterBar::MaxEndings>;
         std::uint32_t passes = 0;
@@ -117,7 +117,7 @@ void writeMasterBars(DocumentWriter &writer, std::string_view key, const MasterT
     writeChildren(writer, key, track.masterBars(), masterBarFields, Layout::Lines);
 }
 
-void readMasterBars(DocumentReader &reader, const rapidjson::Value &json, MasterTrack &track)
+void readMasterBars(DocumentReader &reader, const Json &json, MasterTrack &track)
 {
     track.insertMasterBarBlock(track.masterBarCount(),
                                readChildren<MasterBar>(reader, json, masterBarFields));
@@ -146,7 +146,7 @@ void writeOwnAutomations(DocumentWriter &writer, std::string_view key, const Mas
 {
     writeAutomations(writer, key, track);
 }
-void readOwnAutomations(DocumentReader &reader, const rapidjson::Value &json, MasterTrack &track)
+void readOwnAutomations(DocumentReader &reader, const Json &json, MasterTrack &track)
 {
     readAutomations(reader, json, track);
 }
@@ -154,7 +154,7 @@ void writeOwnBypassed(DocumentWriter &writer, std::string_view key, const Master
 {
     writeBypassed(writer, key, track);
 }
-void readOwnBypassed(DocumentReader &reader, const rapidjson::Value &json, MasterTrack &track)
+void readOwnBypassed(DocumentReader &reader, const Json &json, MasterTrack &track)
 {
     readBypassed(reader, json, track);
 }
@@ -182,7 +182,7 @@ void writeMasterTrack(DocumentWriter &writer, const MasterTrack &track)
     writeObject(writer, track, masterTrackFields);
 }
 
-void readMasterTrack(DocumentReader &reader, const rapidjson::Value &json, MasterTrack &track)
+void readMasterTrack(DocumentReader &reader, const Json &json, MasterTrack &track)
 {
     readObject(reader, json, track, masterTrackFields);
 }

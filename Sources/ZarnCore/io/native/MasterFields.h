@@ -12,6 +12,6 @@ namespace zarn::io::native {
 
 /// The master track with its master bars, as an object.
 void writeMasterTrack(DocumentWriter &writer, const MasterTrack &track);
-void readMasterTrack(DocumentReader &reader, const rapidjson::Value &json, MasterTrack &track);
+void readMasterTrack(DocumentReader &reader, const Json &json, MasterTrack &track);
 
 } // namespace zarn::io::native

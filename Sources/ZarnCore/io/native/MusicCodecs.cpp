@@ -127,11 +127,11 @@ void Codec<RhythmValue>::write(DocumentWriter &writer, const RhythmValue &rhythm
     writer.text(text);
 }
 
-RhythmValue Codec<RhythmValue>::read(DocumentReader &reader, const rapidjson::Value &json)
+RhythmValue Codec<RhythmValue>::read(DocumentReader &reader, const Json &json)
 {
     RhythmValue rhythm;
-    if (json.IsString()) {
-        Scanner scanner(textOf(json));
+    if (json.isText()) {
+        Scanner scanner(json.text());
         if (takeNoteValue(scanner, rhythm) && takeDots(scanner, rhythm)
             && takeTuplets(scanner, rhythm) && scanner.isAtEnd())
             return rhythm;
@@ -147,10 +147,10 @@ void Codec<utils::rational>::write(DocumentWriter &writer, const utils::rational
     writer.text(text);
 }
 
-utils::rational Codec<utils::rational>::read(DocumentReader &reader, const rapidjson::Value &json)
+utils::rational Codec<utils::rational>::read(DocumentReader &reader, const Json &json)
 {
-    if (json.IsString()) {
-        Scanner scanner(textOf(json));
+    if (json.isText()) {
+        Scanner scanner(json.text());
         std::int64_t numerator = 0;
         std::int64_t denominator = 1;
         if (scanner.takeNumber(numerator)
@@ -171,10 +171,10 @@ void Codec<PitchClass>::write(DocumentWriter &writer, const PitchClass &pitch)
     writer.text(text += accidentalTexts[accidental]);
 }
 
-PitchClass Codec<PitchClass>::read(DocumentReader &reader, const rapidjson::Value &json)
+PitchClass Codec<PitchClass>::read(DocumentReader &reader, const Json &json)
 {
-    if (json.IsString() && json.GetStringLength() > 0) {
-        const std::string_view text = textOf(json);
+    if (json.isText() && json.text() != "") {
+        const std::string_view text = json.text();
         const std::size_t letter = letters.find(text[0]);
         const int accidental = indexOf(accidentalTexts, text.substr(1));
         if (letter != std::string_view::npos && accidental >= 0)
@@ -191,9 +191,9 @@ void Codec<NoteDynamic>::write(DocumentWriter &writer, const NoteDynamic &dynami
     writer.text(dynamicTexts[value]);
 }
 
-NoteDynamic Codec<NoteDynamic>::read(DocumentReader &reader, const rapidjson::Value &json)
+NoteDynamic Codec<NoteDynamic>::read(DocumentReader &reader, const Json &json)
 {
-    const int value = json.IsString() ? indexOf(dynamicTexts, textOf(json)) : -1;
+    const int value = json.isText() ? indexOf(dynamicTexts, json.text()) : -1;
     if (value < 0)
         reader.refuseKind("a dynamic from \"PPPPPPP\" to \"FFFFFFF\"", json);
     return NoteDynamic(static_cast<NoteDynamic::Value>(value));
@@ -205,10 +205,10 @@ void Codec<TimeSignature>::write(DocumentWriter &writer, const TimeSignature &si
                 + std::to_string(signature.getDenominator()));
 }
 
-TimeSignature Codec<TimeSignature>::read(DocumentReader &reader, const rapidjson::Value &json)
+TimeSignature Codec<TimeSignature>::read(DocumentReader &reader, const Json &json)
 {
-    if (json.IsString()) {
-        Scanner scanner(textOf(json));
+    if (json.isText()) {
+        Scanner scanner(json.text());
         unsigned numerator = 0;
         unsigned denominator = 0;
         if (scanner.takeNumber(numerator) && scanner.take("/") && scanner.takeNumber(denominator)

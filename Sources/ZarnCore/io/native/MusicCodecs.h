@@ -20,35 +20,35 @@ namespace zarn::io::native {
 template <>
 struct Codec<RhythmValue> {
     static void write(DocumentWriter &writer, const RhythmValue &rhythm);
-    static RhythmValue read(DocumentReader &reader, const rapidjson::Value &json);
+    static RhythmValue read(DocumentReader &reader, const Json &json);
 };
 
 /// An exact fraction as "3/4", or "2" when it is whole.
 template <>
 struct Codec<utils::rational> {
     static void write(DocumentWriter &writer, const utils::rational &value);
-    static utils::rational read(DocumentReader &reader, const rapidjson::Value &json);
+    static utils::rational read(DocumentReader &reader, const Json &json);
 };
 
 /// A spelling as letter and accidental: "C", "F#", "Ebb".
 template <>
 struct Codec<PitchClass> {
     static void write(DocumentWriter &writer, const PitchClass &pitch);
-    static PitchClass read(DocumentReader &reader, const rapidjson::Value &json);
+    static PitchClass read(DocumentReader &reader, const Json &json);
 };
 
 /// "PPPPPPP" to "FFFFFFF", or "NONE".
 template <>
 struct Codec<NoteDynamic> {
     static void write(DocumentWriter &writer, const NoteDynamic &dynamic);
-    static NoteDynamic read(DocumentReader &reader, const rapidjson::Value &json);
+    static NoteDynamic read(DocumentReader &reader, const Json &json);
 };
 
 /// "3/4".
 template <>
 struct Codec<TimeSignature> {
     static void write(DocumentWriter &writer, const TimeSignature &signature);
-    static TimeSignature read(DocumentReader &reader, const rapidjson::Value &json);
+    static TimeSignature read(DocumentReader &reader, const Json &json);
 };
 
 /// A value that may be missing; when it is, its member is left out.
@@ -58,10 +58,7 @@ struct Codec<std::optional<T>> {
     {
         Codec<T>::write(writer, *value);
     }
-    static T read(DocumentReader &reader, const rapidjson::Value &json)
-    {
-        return Codec<T>::read(reader, json);
-    }
+    static T read(DocumentReader &reader, const Json &json) { return Codec<T>::read(reader, json); }
 };
 
 } // namespace zarn::io::native

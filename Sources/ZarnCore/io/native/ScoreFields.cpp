@@ -21,7 +21,7 @@ void writeVersion(DocumentWriter &writer, std::string_view key, const ScoreModel
 }
 
 /// The version is read before the rest.
-void skipVersion(DocumentReader &, const rapidjson::Value &, ScoreModel &) { }
+void skipVersion(DocumentReader &, const Json &, ScoreModel &) { }
 
 struct Properties {
     using Node = ScoreModel;
@@ -89,7 +89,7 @@ void writeMaster(DocumentWriter &writer, std::string_view key, const ScoreModel 
     writeMasterTrack(writer, *model.masterTrack());
 }
 
-void readMaster(DocumentReader &reader, const rapidjson::Value &json, ScoreModel &model)
+void readMaster(DocumentReader &reader, const Json &json, ScoreModel &model)
 {
     readMasterTrack(reader, json, *model.masterTrack());
 }
@@ -114,15 +114,12 @@ constexpr std::array scoreFields = {
     Field<ScoreModel>{"audioTracks", writeAudioTracks, readAudioTracks},
 };
 
-void checkVersion(DocumentReader &reader, const rapidjson::Value &json)
+} // namespace
+
+void readVersion(DocumentReader &reader, const Json &version)
 {
-    reader.expectObject(json);
-    const auto member = json.FindMember(
-        rapidjson::StringRef(formatKey.data(), static_cast<unsigned>(formatKey.size())));
-    if (member == json.MemberEnd())
-        reader.refuse("no \"zarn\" with the version of the format: this is no native document");
     const DocumentReader::Step step(reader, formatKey);
-    const std::string text = Codec<std::string>::read(reader, member->value);
+    const std::string text = Codec<std::string>::read(reader, version);
     unsigned major = 0;
     unsigned minor = 0;
     const char *const end = text.data() + text.size();
@@ -130,7 +127,7 @@ void checkVersion(DocumentReader &reader, const rapidjson::Value &json)
     const bool isVersion = dot.ec == std::errc() && dot.ptr != end && *dot.ptr == '.'
         && std::from_chars(dot.ptr + 1, end, minor).ptr == end && dot.ptr + 1 != end;
     if (!isVersion)
-        reader.refuseKind("a version such as \"1.0\"", member->value);
+        reader.refuseKind("a version such as \"1.0\"", version);
     if (major != majorVersion)
         reader.refuse("the document has version " + text + ", and only versions "
                       + std::to_string(majorVersion) + ".x can be read here");
@@ -138,16 +135,18 @@ void checkVersion(DocumentReader &reader, const rapidjson::Value &json)
         reader.setNewer();
 }
 
-} // namespace
-
 void writeScore(DocumentWriter &writer, const ScoreModel &model)
 {
     writeObject(writer, model, scoreFields);
 }
 
-void readScore(DocumentReader &reader, const rapidjson::Value &json, ScoreModel &model)
+void readScore(DocumentReader &reader, const Json &json, ScoreModel &model)
 {
-    checkVersion(reader, json);
+    reader.expectObject(json);
+    const Json *version = json.find(formatKey);
+    if (version == nullptr)
+        reader.refuse("no \"zarn\" with the version of the format: this is no native document");
+    readVersion(reader, *version);
     readObject(reader, json, model, scoreFields);
     const Misfit misfit = findMisfit(model);
     if (!misfit.reason.empty())

@@ -20,7 +20,10 @@ constexpr std::string_view formatKey = "zarn";
 
 /// The whole document.
 void writeScore(DocumentWriter &writer, const ScoreModel &model);
-void readScore(DocumentReader &reader, const rapidjson::Value &json, ScoreModel &model);
+void readScore(DocumentReader &reader, const Json &json, ScoreModel &model);
+
+/// Refuses a version that cannot be read.
+void readVersion(DocumentReader &reader, const Json &version);
 
 /// What keeps a model from being a document: a JSON pointer and the reason; both empty when
 /// nothing does. Every staff has a bar per master bar, and directions stand at bars.

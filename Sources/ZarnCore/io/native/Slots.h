@@ -37,19 +37,19 @@ struct Slots {
             writer.EndObject();
     }
 
-    static void read(DocumentReader &reader, const rapidjson::Value &json, Node &node)
+    static void read(DocumentReader &reader, const Json &json, Node &node)
     {
         reader.expectObject(json);
         std::uint64_t seen = 0;
-        for (const auto &member : json.GetObject()) {
+        for (const auto &member : json.members()) {
             unsigned place = 0;
-            while (place < Places::count && Places::name(place) != textOf(member.name))
+            while (place < Places::count && Places::name(place) != member.key)
                 ++place;
             if (place == Places::count) {
-                reader.meetUnknownKey(textOf(member.name));
+                reader.meetUnknownKey(member.key);
                 continue;
             }
-            const DocumentReader::Step step(reader, textOf(member.name));
+            const DocumentReader::Step step(reader, member.key);
             if ((seen >> place & 1) != 0)
                 reader.refuse("stands twice");
             seen |= std::uint64_t(1) << place;

@@ -74,7 +74,7 @@ void Codec<Sound>::write(DocumentWriter &writer, const Sound &sound)
     writeObject(writer, sound, soundFields);
 }
 
-Sound Codec<Sound>::read(DocumentReader &reader, const rapidjson::Value &json)
+Sound Codec<Sound>::read(DocumentReader &reader, const Json &json)
 {
     return Struct<Sound, soundFields>::read(reader, json);
 }
@@ -84,7 +84,7 @@ void Codec<ZarnVolumePan>::write(DocumentWriter &writer, const ZarnVolumePan &vo
     writeObject(writer, volumePan, volumePanFields);
 }
 
-ZarnVolumePan Codec<ZarnVolumePan>::read(DocumentReader &reader, const rapidjson::Value &json)
+ZarnVolumePan Codec<ZarnVolumePan>::read(DocumentReader &reader, const Json &json)
 {
     return Struct<ZarnVolumePan, volumePanFields>::read(reader, json);
 }
@@ -105,23 +105,25 @@ void Codec<EffectChain>::write(DocumentWriter &writer, const EffectChain &chain)
     writer.EndArray();
 }
 
-EffectChain Codec<EffectChain>::read(DocumentReader &reader, const rapidjson::Value &json)
+EffectChain Codec<EffectChain>::read(DocumentReader &reader, const Json &json)
 {
     reader.expectArray(json);
-    if (json.Size() > EffectChain::maximumSlotCount)
+    if (json.size() > EffectChain::maximumSlotCount)
         reader.refuse("a chain has at most " + std::to_string(EffectChain::maximumSlotCount)
                       + " effects");
     EffectChain chain;
-    for (std::uint32_t slot = 0; slot < json.Size(); ++slot) {
-        const DocumentReader::Step step(reader, slot);
-        if (json[slot].IsNull())
+    std::uint32_t slot = 0;
+    for (const Json &element : json.elements()) {
+        const std::uint32_t place = slot++;
+        const DocumentReader::Step step(reader, place);
+        if (element.isNull())
             continue;
-        const auto parts = Struct<EffectParts, effectFields>::read(reader, json[slot]);
+        const auto parts = Struct<EffectParts, effectFields>::read(reader, element);
         if (parts.identifier.empty())
             reader.refuse("an effect needs the name of its kind in \"effect\"");
         Effect effect(parts.identifier, parts.name, parts.parameters);
         effect.setBypassed(parts.isBypassed);
-        chain.setEffect(slot, effect);
+        chain.setEffect(place, effect);
     }
     return chain;
 }
@@ -131,7 +133,7 @@ void Codec<Mastering>::write(DocumentWriter &writer, const Mastering &mastering)
     writeObject(writer, mastering, masteringFields);
 }
 
-Mastering Codec<Mastering>::read(DocumentReader &reader, const rapidjson::Value &json)
+Mastering Codec<Mastering>::read(DocumentReader &reader, const Json &json)
 {
     return Struct<Mastering, masteringFields>::read(reader, json);
 }

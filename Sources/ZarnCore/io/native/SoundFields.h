@@ -11,38 +11,36 @@ namespace zarn::io::native {
 template <>
 struct Codec<Sound> {
     static void write(DocumentWriter &writer, const Sound &sound);
-    static Sound read(DocumentReader &reader, const rapidjson::Value &json);
+    static Sound read(DocumentReader &reader, const Json &json);
 };
 
 template <>
 struct Codec<ZarnVolumePan> {
     static void write(DocumentWriter &writer, const ZarnVolumePan &volumePan);
-    static ZarnVolumePan read(DocumentReader &reader, const rapidjson::Value &json);
+    static ZarnVolumePan read(DocumentReader &reader, const Json &json);
 };
 
 /// An array with one element per slot; empty slots are null.
 template <>
 struct Codec<EffectChain> {
     static void write(DocumentWriter &writer, const EffectChain &chain);
-    static EffectChain read(DocumentReader &reader, const rapidjson::Value &json);
+    static EffectChain read(DocumentReader &reader, const Json &json);
 };
 
 template <>
 struct Codec<Mastering> {
     static void write(DocumentWriter &writer, const Mastering &mastering);
-    static Mastering read(DocumentReader &reader, const rapidjson::Value &json);
+    static Mastering read(DocumentReader &reader, const Json &json);
 };
 
 /// "automations": by type, then by place.
 void writeAutomations(DocumentWriter &writer, std::string_view key,
                       const AutomationContainer &container);
-void readAutomations(DocumentReader &reader, const rapidjson::Value &json,
-                     AutomationContainer &container);
+void readAutomations(DocumentReader &reader, const Json &json, AutomationContainer &container);
 
 /// "bypassed": the types that playback leaves out.
 void writeBypassed(DocumentWriter &writer, std::string_view key,
                    const AutomationContainer &container);
-void readBypassed(DocumentReader &reader, const rapidjson::Value &json,
-                  AutomationContainer &container);
+void readBypassed(DocumentReader &reader, const Json &json, AutomationContainer &container);
 
 } // namespace zarn::io::native

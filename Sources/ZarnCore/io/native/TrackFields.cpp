@@ -23,15 +23,15 @@ struct InstrumentTypes {
             writer.Uint64(type);
     }
 
-    static InstrumentSet::Type read(DocumentReader &reader, const rapidjson::Value &json)
+    static InstrumentSet::Type read(DocumentReader &reader, const Json &json)
     {
-        if (json.IsString()) {
-            const auto type = InstrumentSet::typeFromString(std::string(textOf(json)));
-            if (InstrumentSet::typeToString(type) == textOf(json))
+        if (json.isText()) {
+            const auto type = InstrumentSet::typeFromString(std::string(json.text()));
+            if (InstrumentSet::typeToString(type) == json.text())
                 return type;
         }
-        if (json.IsUint())
-            return static_cast<InstrumentSet::Type>(json.GetUint());
+        if (json.isWhole())
+            return static_cast<InstrumentSet::Type>(Codec<std::uint32_t>::read(reader, json));
         reader.refuseKind("an instrument such as \"steelGuitar\"", json);
     }
 };
@@ -108,9 +108,17 @@ void writeStaves(DocumentWriter &writer, std::string_view key, const Track &trac
     writeChildren(writer, key, track.staves(), staffFields);
 }
 
-void readStaves(DocumentReader &reader, const rapidjson::Value &json, Track &track)
+void readStaves(DocumentReader &reader, const Json &json, Track &track)
 {
-    auto staves = readChildren<Staff>(reader, json, staffFields);
+    Track::Staves staves;
+    readEach<Staff>(reader, json, staffFields, [&](std::shared_ptr<Staff> staff) {
+        const int string = reader.takeHighestString();
+        if (staff->isFretted() && string >= static_cast<int>(staff->tuning().stringCount()))
+            reader.reportOddity("a note stands on string index " + std::to_string(string)
+                                + ", and the tuning has "
+                                + std::to_string(staff->tuning().stringCount()) + " strings");
+        staves.push_back(std::move(staff));
+    });
     if (staves.empty())
         reader.refuse("a track has at least one staff");
     track.takeStavesFrom(0);
@@ -128,7 +136,7 @@ void writeSounds(DocumentWriter &writer, std::string_view key, const Track &trac
     writer.EndArray();
 }
 
-void readSounds(DocumentReader &reader, const rapidjson::Value &json, Track &track)
+void readSounds(DocumentReader &reader, const Json &json, Track &track)
 {
     for (const Sound &sound : Codec<std::vector<Sound>>::read(reader, json))
         track.addSound(std::make_shared<const Sound>(sound));
@@ -138,7 +146,7 @@ void writeTrackAutomations(DocumentWriter &writer, std::string_view key, const T
 {
     writeAutomations(writer, key, track.automations());
 }
-void readTrackAutomations(DocumentReader &reader, const rapidjson::Value &json, Track &track)
+void readTrackAutomations(DocumentReader &reader, const Json &json, Track &track)
 {
     readAutomations(reader, json, track.mutableAutomations());
 }
@@ -146,7 +154,7 @@ void writeTrackBypassed(DocumentWriter &writer, std::string_view key, const Trac
 {
     writeBypassed(writer, key, track.automations());
 }
-void readTrackBypassed(DocumentReader &reader, const rapidjson::Value &json, Track &track)
+void readTrackBypassed(DocumentReader &reader, const Json &json, Track &track)
 {
     readBypassed(reader, json, track.mutableAutomations());
 }
@@ -180,7 +188,7 @@ void writeTracks(DocumentWriter &writer, std::string_view key, const ScoreModel 
     writeChildren(writer, key, model.tracks(), trackFields, Layout::Lines);
 }
 
-void readTracks(DocumentReader &reader, const rapidjson::Value &json, ScoreModel &model)
+void readTracks(DocumentReader &reader, const Json &json, ScoreModel &model)
 {
     for (const auto &track : readChildren<Track>(reader, json, trackFields))
         model.addTrack(track);
@@ -191,7 +199,7 @@ void writeAudioTracks(DocumentWriter &writer, std::string_view key, const ScoreM
     writeChildren(writer, key, model.audioTracks(), audioTrackFields, Layout::Lines);
 }
 
-void readAudioTracks(DocumentReader &reader, const rapidjson::Value &json, ScoreModel &model)
+void readAudioTracks(DocumentReader &reader, const Json &json, ScoreModel &model)
 {
     for (const auto &track : readChildren<AudioTrack>(reader, json, audioTrackFields))
         model.addAudioTrack(track);

@@ -11,9 +11,9 @@ class ScoreModel;
 namespace zarn::io::native {
 
 void writeTracks(DocumentWriter &writer, std::string_view key, const ScoreModel &model);
-void readTracks(DocumentReader &reader, const rapidjson::Value &json, ScoreModel &model);
+void readTracks(DocumentReader &reader, const Json &json, ScoreModel &model);
 
 void writeAudioTracks(DocumentWriter &writer, std::string_view key, const ScoreModel &model);
-void readAudioTracks(DocumentReader &reader, const rapidjson::Value &json, ScoreModel &model);
+void readAudioTracks(DocumentReader &reader, const Json &json, ScoreModel &model);
 
 } // namespace zarn::io::native
