@@ -230,3 +230,20 @@ TEST(MusicXmlSigns, notesKeepTiesGracesDrumsAndWhatElseTheTreeHolds)
     for (const char *name : {"slur", "staccato", "accent", "lyric"})
         EXPECT_EQ(report.unheld().count(name), 1u) << name;
 }
+
+TEST(MusicXmlSigns, ottavasStandOverTheBeatsBetweenTheirEnds)
+{
+    const std::string half = note("C", 6, 2, "half");
+    ImportReport report;
+    const auto model = import(
+        score(measure(half + direction("<octave-shift type=\"down\" size=\"8\"/>") + half)
+              + measure(half + direction("<octave-shift type=\"stop\" size=\"8\"/>") + half)),
+        report);
+    std::vector<zarn::Ottavia> signs;
+    for (const auto &bar : model->track(0)->staff(0)->bars())
+        for (const auto &beat : bar->voice(0)->beats())
+            signs.push_back(beat->ottavia());
+    using zarn::Ottavia;
+    EXPECT_EQ(signs,
+              (std::vector<Ottavia>{Ottavia::None, Ottavia::_8va, Ottavia::_8va, Ottavia::None}));
+}

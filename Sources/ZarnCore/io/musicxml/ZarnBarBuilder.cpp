@@ -12,9 +12,6 @@ using utils::rational;
 
 namespace {
 
-/// Bytes of text that gather at one beat at most.
-constexpr std::size_t mostText = 4096;
-
 /// How far `beatNear` looks around in each voice.
 constexpr std::ptrdiff_t nearBeats = 16;
 
@@ -43,6 +40,7 @@ void BarBuilder::build(const WrittenMeasure &measure,
             if (!slot.beats.empty())
                 fill(slot, measure.length, measure.node);
     attachMarks(measure);
+    attachOttavas(measure);
 
     for (std::size_t i = 0; i < staves.size(); ++i) {
         auto bar = std::make_shared<Bar>();
@@ -238,65 +236,6 @@ BarBuilder::PlacedBeat *BarBuilder::beatNear(StaffSlots &staff, const rational &
                 best = &*placed;
     }
     return best;
-}
-
-void BarBuilder::attachMarks(const WrittenMeasure &measure)
-{
-    for (const auto &mark : measure.marks) {
-        if (auto *beat = beatForMark(mark, measure.length))
-            attach(mark, *beat);
-        else
-            _context.addProblem(mark.node, "this stands in a bar without beats and was left out");
-    }
-}
-
-void BarBuilder::attach(const WrittenMark &mark, Beat &beat)
-{
-    const auto joined = [&](const std::string &before) {
-        if (before.size() + mark.text.size() > mostText) {
-            _context.addProblem(mark.node, "more text than fits at one beat was left out");
-            return before;
-        }
-        return before.empty() ? mark.text : before + " " + mark.text;
-    };
-    switch (mark.kind) {
-    case WrittenMark::Kind::Dynamic:
-        beat.setDynamic(NoteDynamic(static_cast<NoteDynamic::Value>(mark.dynamic)));
-        break;
-    case WrittenMark::Kind::Text:
-        beat.setText(joined(beat.text()));
-        break;
-    case WrittenMark::Kind::ChordSymbol:
-        beat.setChordSymbol(joined(beat.chordSymbol()));
-        break;
-    }
-}
-
-/// The first beat at or after the mark on its staff, or the last one before; on another staff, or
-/// on a place holder, when the staff is empty.
-Beat *BarBuilder::beatForMark(const WrittenMark &mark, const rational &length)
-{
-    const auto own = std::min(static_cast<std::size_t>(mark.staff), _staves.size() - 1);
-    for (std::size_t i = 0; i < _staves.size(); ++i) {
-        auto &staff = _staves[(own + i) % _staves.size()];
-        const PlacedBeat *after = nullptr;
-        const PlacedBeat *before = nullptr;
-        for (auto &slot : staff.slots) {
-            const auto found =
-                std::partition_point(slot.beats.begin(), slot.beats.end(),
-                                     [&](const PlacedBeat &p) { return p.onset < mark.position; });
-            if (found != slot.beats.end() && (!after || found->onset < after->onset))
-                after = &*found;
-            if (found != slot.beats.begin() && (!before || before->onset < found[-1].onset))
-                before = &found[-1];
-        }
-        if (after || before)
-            return (after ? after : before)->beat.get();
-    }
-    auto &slot = _staves[own].slots[0];
-    slot.voice = 0;
-    fill(slot, length > rational(0) ? length : rational(4), mark.node);
-    return slot.beats.empty() ? nullptr : slot.beats.front().beat.get();
 }
 
 } // namespace zarn::io

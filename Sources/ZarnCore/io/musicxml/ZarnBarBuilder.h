@@ -7,6 +7,7 @@
 
 #include <array>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace zarn::io {
@@ -56,6 +57,7 @@ private:
         std::array<Slot, Bar::MaxVoices> slots;
         std::vector<int> preferred; ///< slot of each voice of the part; `Nobody` for none yet
         std::array<bool, Bar::MaxVoices> claimed = {};
+        Ottavia ottavia = Ottavia::None; ///< that is open at the start of the bar
     };
 
     void place(const WrittenNote &note);
@@ -70,6 +72,7 @@ private:
     PlacedBeat *beatNear(StaffSlots &staff, const utils::rational &onset);
     void attachMarks(const WrittenMeasure &measure);
     void attach(const WrittenMark &mark, Beat &beat);
+    void attachOttavas(const WrittenMeasure &measure);
     Beat *beatForMark(const WrittenMark &mark, const utils::rational &length);
 
     ImportContext &_context;
@@ -77,9 +80,9 @@ private:
     std::vector<StaffSlots> _staves;
     std::vector<WholeMeasureRest> _rests;
     std::vector<RhythmValue> _fillers;
+    std::vector<std::pair<utils::rational, Ottavia>> _ottavas;
 
     /// The beat that a chord grows on, by staff: a chord may stand on several.
-    utils::rational _chordOnset;
     std::vector<Beat *> _chordBeats;
 };
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/io/musicxml/ZarnDirectionReader.h>
 
+#include <ZarnCore/ZarnTypes.h>
 #include <ZarnCore/io/musicxml/ZarnHarmonyText.h>
 #include <ZarnCore/io/musicxml/ZarnImportContext.h>
 #include <ZarnCore/io/musicxml/ZarnJumpWords.h>
@@ -10,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string_view>
 
 namespace zarn::io {
 
@@ -95,6 +97,9 @@ void DirectionReader::gather(pugi::xml_node type, Gathered &gathered, PartFacts 
         case Tag::Dynamics:
             readDynamics(child, position, staff, measure);
             break;
+        case Tag::OctaveShift:
+            readOctaveShift(child, position, staff, measure);
+            break;
         default:
             _context.addUnheld(child, tag);
         }
@@ -135,6 +140,27 @@ void DirectionReader::readDynamics(pugi::xml_node node, const rational &position
         else
             _context.addUnheld(child);
     }
+}
+
+void DirectionReader::readOctaveShift(pugi::xml_node node, const rational &position, int staff,
+                                      WrittenMeasure &measure)
+{
+    const std::string_view type = node.attribute("type").value();
+    const int size = node.attribute("size").as_int(8);
+    // "down" means that the notes stand lower than they sound.
+    const bool down = type == "down";
+    auto sign = Ottavia::None;
+    if (type == "continue")
+        return;
+    if ((down || type == "up") && (size == 8 || size == 15)) {
+        sign = size == 8 ? (down ? Ottavia::_8va : Ottavia::_8vb)
+                         : (down ? Ottavia::_15ma : Ottavia::_15mb);
+    } else if (type != "stop") {
+        _context.addUnheld(node, Tag::OctaveShift);
+        return;
+    }
+    measure.marks.push_back(
+        {node, WrittenMark::Kind::Ottava, position, staff, static_cast<int>(sign), {}});
 }
 
 bool DirectionReader::readTempo(const Gathered &gathered, const std::string &words,

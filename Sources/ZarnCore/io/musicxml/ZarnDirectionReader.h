@@ -37,6 +37,8 @@ private:
 
     void gather(pugi::xml_node type, Gathered &gathered, PartFacts &facts,
                 const utils::rational &position, int staff, WrittenMeasure &measure);
+    void readOctaveShift(pugi::xml_node node, const utils::rational &position, int staff,
+                         WrittenMeasure &measure);
     bool readTempo(const Gathered &gathered, const std::string &words,
                    const utils::rational &position, PartFacts &facts);
     bool readJumps(const Gathered &gathered, const std::string &words, PartFacts &facts);

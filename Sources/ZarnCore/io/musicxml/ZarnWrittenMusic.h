@@ -79,13 +79,13 @@ struct WrittenNote {
 
 /// What stands at a position over the beats.
 struct WrittenMark {
-    enum class Kind : std::uint8_t { Dynamic, Text, ChordSymbol };
+    enum class Kind : std::uint8_t { Dynamic, Text, ChordSymbol, Ottava };
 
     pugi::xml_node node;
     Kind kind = Kind::Text;
     utils::rational position; ///< exact, in quarters
     int staff = 0;
-    int dynamic = 0; ///< a `NoteDynamic::Value`
+    int value = 0; ///< a `NoteDynamic::Value`, or the `Ottavia` that begins or, with None, ends
     std::string text;
 };
 
