@@ -74,4 +74,16 @@ void mendTies(Voice &voice, unsigned first, unsigned last)
         mendJoint(voice, last);
 }
 
+void releaseTies(const Voice &voice, unsigned beat, const Note &note)
+{
+    if (const auto before = note.isTied() ? beatInFrontOfJoint(voice, beat) : nullptr)
+        for (const auto &other : before->notes())
+            if (sameLocation(note, *other))
+                other->setTieOrigin(false);
+    if (const auto after = note.isTieOrigin() ? beatBehindJoint(voice, beat + 1) : nullptr)
+        for (const auto &other : after->notes())
+            if (sameLocation(note, *other))
+                other->setTied(false);
+}
+
 } // namespace zarn

@@ -6,6 +6,7 @@
 namespace zarn {
 
 class Beat;
+class Note;
 class Voice;
 
 /// The beats that meet at the joint in front of a beat of a voice. At the ends of the voice the
@@ -16,5 +17,9 @@ std::shared_ptr<Beat> beatBehindJoint(const Voice &voice, unsigned index);
 /// Undoes the ties over the joints in front of the beats `first` and `last` of a voice whose two
 /// ends no longer meet: the note before lets go, the note after starts anew.
 void mendTies(Voice &voice, unsigned first, unsigned last);
+
+/// Undoes the ties of a note that leaves its beat: the note before lets go, the note after starts
+/// anew. `beat` is the number of the beat in its voice.
+void releaseTies(const Voice &voice, unsigned beat, const Note &note);
 
 } // namespace zarn

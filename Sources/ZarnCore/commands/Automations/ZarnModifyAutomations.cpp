@@ -27,7 +27,7 @@ bool ModifyAutomations::prepare(Score *score, const Automations &removed,
         if (automation == nullptr || !canHold(automation->type()) || automation->position() < 0
             || !std::isfinite(automation->value()))
             return false;
-        _insertions.push_back(automation->cloneAutomation());
+        _insertions.push_back({automation->cloneAutomation(), nullptr, false});
     }
     return (!_removals.empty() || !_insertions.empty()) && areApart() && isPossible();
 }
@@ -70,8 +70,8 @@ std::set<Automation::Type> ModifyAutomations::types() const
     std::set<Automation::Type> types;
     for (const Place &place : _removals)
         types.insert(place.type);
-    for (const auto &automation : _insertions)
-        types.insert(automation->type());
+    for (const Insertion &insertion : _insertions)
+        types.insert(insertion.model->type());
     return types;
 }
 
@@ -82,8 +82,10 @@ bool ModifyAutomations::areApart() const
     std::set<std::tuple<Automation::Type, std::uint32_t, float>> filled;
     for (const Place &place : _removals)
         cleared.emplace(place.type, place.index, place.position);
-    for (const auto &automation : _insertions)
-        filled.emplace(automation->type(), automation->index(), automation->position());
+    for (const Insertion &insertion : _insertions) {
+        const Place place = placeOf(*insertion.model);
+        filled.emplace(place.type, place.index, place.position);
+    }
     return cleared.size() == _removals.size() && filled.size() == _insertions.size();
 }
 
@@ -97,8 +99,9 @@ bool ModifyAutomations::isPossible() const
                        [&](const Place &place) {
                            return target->hasAutomation(place.type, place.index, place.position);
                        })
-        && std::all_of(_insertions.begin(), _insertions.end(),
-                       [&](const auto &automation) { return automation->index() < barCount; });
+        && std::all_of(_insertions.begin(), _insertions.end(), [&](const Insertion &insertion) {
+               return insertion.model->index() < barCount;
+           });
 }
 
 /// Keeps what stands at a place; false when nothing does.
@@ -116,23 +119,28 @@ void ModifyAutomations::apply()
     requirePlace(isPossible());
     AutomationContainer &target = *container();
     _taken.clear();
-    _inserted.clear();
     for (const Place &place : _removals)
         takeAt(place);
-    for (const auto &automation : _insertions) {
-        const Place place = placeOf(*automation);
-        takeAt(place);
-        if (target.insertAutomation(automation->cloneAutomation()))
-            _inserted.push_back(place);
+    for (Insertion &insertion : _insertions) {
+        takeAt(placeOf(*insertion.model));
+        // The same one again after an undo: others may have seen it.
+        if (insertion.automation == nullptr)
+            insertion.automation = insertion.model->cloneAutomation();
+        insertion.isIn = target.insertAutomation(std::move(insertion.automation));
     }
 }
 
 void ModifyAutomations::revert()
 {
     AutomationContainer &target = *container();
-    for (const Place &place : _inserted)
-        target.eraseAutomation(target.automation(place.type, place.index, place.position));
-    _inserted.clear();
+    for (Insertion &insertion : _insertions) {
+        if (!insertion.isIn)
+            continue;
+        const Place place = placeOf(*insertion.model);
+        insertion.automation =
+            target.takeAutomation(target.automation(place.type, place.index, place.position));
+        insertion.isIn = false;
+    }
     while (!_taken.empty()) {
         target.restoreAutomation(std::move(_taken.back()));
         _taken.pop_back();

@@ -49,6 +49,13 @@ private:
         float position = 0;
     };
 
+    /// What is put in: its model, and the automation itself while it is out of the container.
+    struct Insertion {
+        std::unique_ptr<Automation> model;
+        std::unique_ptr<Automation> automation;
+        bool isIn = false;
+    };
+
     void revert() override;
     void recordArgs(const Automations &removed, const Automations &inserted);
     bool areApart() const;
@@ -57,9 +64,8 @@ private:
     static Place placeOf(const Automation &automation) noexcept;
 
     std::vector<Place> _removals;
-    std::vector<std::unique_ptr<Automation>> _insertions; ///< the models of what is put in
-    std::vector<std::unique_ptr<Automation>> _taken;      ///< out of the container, in order
-    std::vector<Place> _inserted;                         ///< what the last run put in
+    std::vector<Insertion> _insertions;
+    std::vector<std::unique_ptr<Automation>> _taken; ///< out of the container, in order
 };
 
 } // namespace zarn

@@ -24,6 +24,21 @@ std::optional<WriteNote::Placement> WriteNote::find() const
     return beat != nullptr ? placement(*_index.staff(), *beat) : std::nullopt;
 }
 
+std::shared_ptr<Note> WriteNote::makeNote(const Placement &placement)
+{
+    const Note *const old = placement.replaced.get();
+    auto note = old != nullptr ? std::make_shared<Note>(*old) : std::make_shared<Note>();
+    if (note->midi() != placement.midi) {
+        note->clearSpelling();
+        note->setTied(false);
+        note->setTieOrigin(false);
+    }
+    note->setMidi(placement.midi);
+    note->setString(placement.string);
+    note->setFret(placement.fret);
+    return note;
+}
+
 void WriteNote::apply()
 {
     const auto place = find();
@@ -31,32 +46,26 @@ void WriteNote::apply()
     const auto voice = _index.voice();
     const auto beat = _index.beat();
     const Note *const old = place->replaced.get();
-    const auto note = old != nullptr ? std::make_shared<Note>(*old) : std::make_shared<Note>();
-    if (note->midi() != place->midi) {
-        note->clearSpelling();
-        note->setTied(false);
-        note->setTieOrigin(false);
-    }
-    note->setMidi(place->midi);
-    note->setString(place->string);
-    note->setFret(place->fret);
-
     _ties.emplace(*voice, beat->index(), beat->index() + 1);
     _before = {beat->isPlaceHolder(), beat->isWholeBarRest()};
     _noteIndex =
         old != nullptr ? static_cast<unsigned>(beat->indexOfNote(*old)) : beat->noteCount();
-    if (old != nullptr)
+    if (old != nullptr) {
         _replaced = beat->removeNote(_noteIndex);
+        if (_replaced->midi() != place->midi)
+            releaseTies(*voice, beat->index(), *_replaced);
+    }
     beat->setPlaceHolder(false);
     beat->setWholeBarRest(false);
-    beat->insertNote(_noteIndex, note);
-    mendTies(*voice, beat->index(), beat->index() + 1);
+    // The same note again after an undo.
+    beat->insertNote(_noteIndex, _written != nullptr ? _written : makeNote(*place));
+    _written.reset();
 }
 
 void WriteNote::revert()
 {
     const auto beat = _index.beat();
-    beat->removeNote(_noteIndex);
+    _written = beat->removeNote(_noteIndex);
     if (_replaced != nullptr)
         beat->insertNote(_noteIndex, std::move(_replaced));
     _replaced.reset();

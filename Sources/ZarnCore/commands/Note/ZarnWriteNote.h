@@ -49,8 +49,10 @@ private:
     void announceApplied() override;
     void announceReverted() override;
     std::optional<Placement> find() const;
+    static std::shared_ptr<Note> makeNote(const Placement &placement);
 
     ScoreModelIndex _index;
+    std::shared_ptr<Note> _written;  ///< while it is out of the beat
     std::shared_ptr<Note> _replaced; ///< while it is out of the beat
     unsigned _noteIndex = 0;
     BeatState _before;

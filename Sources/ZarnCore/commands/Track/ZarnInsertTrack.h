@@ -12,7 +12,7 @@ public:
     ~InsertTrack() override;
 
     /// In front of the track `index`, or at the end. False for an index past the end, for no track,
-    /// one that belongs to a score, and one with more bars than the score.
+    /// one that belongs to a score, and one that reaches past the last bar of the score.
     bool init(Score *score, unsigned index, std::shared_ptr<Track> track);
 };
 

@@ -10,6 +10,26 @@
 
 namespace zarn {
 
+namespace {
+
+/// Neither bars nor automations past a number of bars. Starting values stay at bar 0 even when the
+/// score has no bars.
+bool fits(const Track &track, unsigned barCount)
+{
+    const auto &staves = track.staves();
+    const bool isShort = std::all_of(staves.begin(), staves.end(), [barCount](const auto &staff) {
+        return staff->barCount() <= barCount;
+    });
+    for (unsigned slot = 0; isShort && slot < Automation::automationTypeCount; ++slot) {
+        const auto automations = track.automations().automations(Automation::idType(slot));
+        if (!automations.empty() && automations.back()->index() >= std::max(barCount, 1U))
+            return false;
+    }
+    return isShort;
+}
+
+} // namespace
+
 TrackPlacing::~TrackPlacing() = default;
 
 bool TrackPlacing::prepareInsertion(Score *score, unsigned index, std::shared_ptr<Track> track)
@@ -30,12 +50,9 @@ bool TrackPlacing::prepareRemoval(Score *score, unsigned index)
 /// A track that is longer than the score would lose music.
 bool TrackPlacing::canGoIn() const
 {
-    if (_track == nullptr || _index > model().trackCount() || _track->parentScoreModel() != nullptr)
-        return false;
-    const auto &staves = _track->staves();
-    return std::all_of(staves.begin(), staves.end(), [this](const auto &staff) {
-        return staff->barCount() <= model().masterTrack()->masterBarCount();
-    });
+    return _track != nullptr && _index <= model().trackCount()
+        && _track->parentScoreModel() == nullptr
+        && fits(*_track, model().masterTrack()->masterBarCount());
 }
 
 void TrackPlacing::putIn()
