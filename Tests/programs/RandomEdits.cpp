@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#include "support/RandomRun.h"
+#include "support/ScoreFiles.h"
+
+#include <ZarnCore/model/ZarnScoreModel.h>
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QLoggingCategory>
+
+#include <cstdio>
+#include <exception>
+
+namespace {
+
+/// Prints what came of one score; true when it came back.
+bool runOn(const std::string &path, unsigned edits, std::uint64_t seed,
+           std::map<std::string, unsigned> &accepted)
+{
+    const std::string name = QFileInfo(QString::fromStdString(path)).fileName().toStdString();
+    QElapsedTimer timer;
+    timer.start();
+    const auto model = readScore(path);
+    const RandomRun run{*model, edits, seed, 40};
+    const auto result = run.run();
+    const double seconds = static_cast<double>(timer.elapsed()) / 1000;
+    if (!result.fault.empty()) {
+        std::printf("%s: after %u edits (seed %llu), %s\n", name.c_str(), result.tally.edits,
+                    static_cast<unsigned long long>(seed), result.fault.c_str());
+        std::fflush(stdout);
+        std::printf("  %s\n", run.findCulprit().c_str());
+        return false;
+    }
+    for (const auto &[operation, count] : result.tally.accepted)
+        accepted[operation] += count;
+    std::printf("%s (%u tracks, %u bars): %u edits in %zu steps, undone and redone byte for byte; "
+                "%u macros, %u abandoned, %u taken back, %u refused; %.1f s\n",
+                name.c_str(), model->trackCount(), model->masterTrack()->masterBarCount(),
+                result.tally.edits, result.steps, result.tally.macros, result.tally.abandoned,
+                result.tally.takenBack, result.tally.refused, seconds);
+    std::fflush(stdout);
+    return true;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const QCoreApplication application(argc, argv);
+    // Commands that are refused are what this is about: they need no warning each.
+    QLoggingCategory::setFilterRules(QStringLiteral("zarn.*=false"));
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral(
+        "Edits scores at random, undoes it all and redoes it all, and compares the documents."));
+    parser.addHelpOption();
+    const QCommandLineOption edits(QStringLiteral("edits"), QStringLiteral("Edits on each score."),
+                                   QStringLiteral("N"), QStringLiteral("10000"));
+    const QCommandLineOption seed(QStringLiteral("seed"),
+                                  QStringLiteral("Start of the random numbers."),
+                                  QStringLiteral("S"), QStringLiteral("1"));
+    parser.addOption(edits);
+    parser.addOption(seed);
+    parser.addPositionalArgument(QStringLiteral("FILE"),
+                                 QStringLiteral("MusicXML files or native documents; all samples "
+                                                "and real scores that are there, without one."),
+                                 QStringLiteral("[FILE...]"));
+    parser.process(application);
+    bool isCount = false;
+    bool isSeed = false;
+    const unsigned count = parser.value(edits).toUInt(&isCount);
+    const auto start = static_cast<std::uint64_t>(parser.value(seed).toULongLong(&isSeed));
+    if (!isCount || !isSeed || count > 1000000) {
+        std::fprintf(stderr, "--edits takes a number up to 1000000, --seed a number\n");
+        return 2;
+    }
+    std::vector<std::string> paths;
+    for (const QString &path : parser.positionalArguments())
+        paths.push_back(path.toStdString());
+    if (paths.empty())
+        paths = scoreFiles();
+
+    std::map<std::string, unsigned> accepted;
+    unsigned good = 0;
+    for (const std::string &path : paths) {
+        try {
+            good += runOn(path, count, start, accepted) ? 1 : 0;
+        } catch (const std::exception &error) {
+            std::printf("%s: %s\n", path.c_str(), error.what());
+        }
+    }
+    std::printf("Edits of each kind:");
+    for (const RandomOperation &operation : randomOperations())
+        std::printf(" %s %u", operation.name, accepted[operation.name]);
+    std::printf("\n%u of %zu scores came back as they were.\n", good, paths.size());
+    return good == paths.size() && !paths.empty() ? 0 : 1;
+}

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+#include "RandomEditor.h"
+
+#include <ZarnCore/ZarnException.h>
+#include <ZarnCore/events/ZarnEvents.h>
+#include <ZarnCore/score/ZarnScore.h>
+
+#include <stdexcept>
+
+using namespace zarn;
+
+RandomEditor::RandomEditor(Score &score, std::uint64_t seed, unsigned maximumUndo)
+    : _score(score), _random(seed), _edited(score, _random)
+{
+    score.commandStack().setMaximumUndo(maximumUndo);
+    for (const RandomOperation &operation : randomOperations())
+        _weights += operation.weight;
+    failAt<evt::AddBars>();
+    failAt<evt::RemoveBars>();
+    failAt<evt::ModifyBarRange>();
+    failAt<evt::RequestAddTracks>();
+    failAt<evt::WillRemoveTrack>();
+    failAt<evt::MasterBarTimeSignature>();
+    failAt<evt::AutomationChanged>();
+    failAt<evt::GuitarFullTuningChanged>();
+    failAt<evt::EndMacro>();
+}
+
+RandomEditor::~RandomEditor()
+{
+    _score.disconnect<evt::AddBars>(this);
+    _score.disconnect<evt::RemoveBars>(this);
+    _score.disconnect<evt::ModifyBarRange>(this);
+    _score.disconnect<evt::RequestAddTracks>(this);
+    _score.disconnect<evt::WillRemoveTrack>(this);
+    _score.disconnect<evt::MasterBarTimeSignature>(this);
+    _score.disconnect<evt::AutomationChanged>(this);
+    _score.disconnect<evt::GuitarFullTuningChanged>(this);
+    _score.disconnect<evt::EndMacro>(this);
+}
+
+template <class Event>
+void RandomEditor::failAt()
+{
+    _score.connect<Event>(this, [this](const Event &) {
+        if (_isFailing) {
+            _isFailing = false;
+            throw std::runtime_error("a listener fails");
+        }
+    });
+}
+
+void RandomEditor::step()
+{
+    _isFailing = _random.percent(2);
+    _lastStep.clear();
+    const unsigned before = _tally.edits;
+    const auto accepted = _tally.accepted;
+    try {
+        if (_random.percent(6)) {
+            macro(1);
+        } else if (_random.percent(5)) {
+            stepBackAndForth();
+        } else if (operate()) {
+            ++_tally.edits;
+        }
+    } catch (const CoreException &error) {
+        _lastStep += std::string(" raised: ") + error.what();
+        ++_tally.takenBack;
+        _tally.edits = before;
+        _tally.accepted = accepted;
+    } catch (const std::runtime_error &error) {
+        _lastStep += std::string(" raised: ") + error.what();
+        ++_tally.takenBack;
+        _tally.edits = before;
+        _tally.accepted = accepted;
+    }
+    _isFailing = false;
+}
+
+bool RandomEditor::operate()
+{
+    unsigned chosen = _random.below(_weights);
+    for (const RandomOperation &operation : randomOperations()) {
+        if (chosen >= operation.weight) {
+            chosen -= operation.weight;
+            continue;
+        }
+        _lastStep += std::string(_lastStep.empty() ? "" : ", ") + operation.name;
+        const bool isAccepted = operation.act(_edited);
+        ++(isAccepted ? _tally.accepted[operation.name] : _tally.refused);
+        return isAccepted;
+    }
+    return false;
+}
+
+/// What is in it runs when the outermost macro ends; an inner one may be abandoned alone.
+void RandomEditor::macro(unsigned depth)
+{
+    CommandStack &stack = _score.commandStack();
+    const unsigned before = _tally.edits;
+    const auto accepted = _tally.accepted;
+    _lastStep += _lastStep.empty() ? "begin" : ", begin";
+    stack.beginMacroCommand();
+    for (unsigned i = _random.below(7); i > 0; --i) {
+        if (depth < 3 && _random.percent(10))
+            macro(depth + 1);
+        else if (operate())
+            ++_tally.edits;
+    }
+    const bool isCommitted = _random.percent(80);
+    _lastStep += isCommitted ? ", commit" : ", abandon";
+    if (isCommitted) {
+        ++_tally.macros;
+    } else {
+        ++_tally.abandoned;
+        _tally.edits = before;
+        _tally.accepted = accepted;
+    }
+    stack.endMacroCommand(isCommitted);
+}
+
+void RandomEditor::stepBackAndForth()
+{
+    CommandStack &stack = _score.commandStack();
+    const unsigned back = 1 + _random.below(4);
+    const unsigned forth = _random.below(back + 1);
+    _lastStep = "undo " + std::to_string(back) + ", redo " + std::to_string(forth);
+    for (unsigned i = 0; i < back; ++i)
+        stack.undo();
+    _tally.undone += back;
+    for (unsigned i = 0; i < forth; ++i)
+        stack.redo();
+}

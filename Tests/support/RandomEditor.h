@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "RandomOperations.h"
+
+#include <cstdint>
+#include <map>
+#include <string>
+
+/// Edits a score at random: operations one by one and in macros, nested ones and abandoned ones
+/// too; steps back and forth between them; and listeners that throw in the middle.
+class RandomEditor {
+public:
+    /// What was done. An edit is an operation that was accepted and not thrown away.
+    struct Tally {
+        unsigned edits = 0;
+        unsigned refused = 0;
+        unsigned macros = 0;
+        unsigned abandoned = 0; ///< macros that were not committed
+        unsigned takenBack = 0; ///< macros and operations that raised
+        unsigned undone = 0;
+        std::map<std::string, unsigned> accepted; ///< per operation
+    };
+
+    /// Keeps the score editable for ever: makes its undo ring hold `maximumUndo` steps.
+    RandomEditor(zarn::Score &score, std::uint64_t seed, unsigned maximumUndo);
+    ~RandomEditor();
+    RandomEditor(const RandomEditor &) = delete;
+    RandomEditor &operator=(const RandomEditor &) = delete;
+
+    /// One step: mostly a single edit.
+    void step();
+
+    const Tally &tally() const noexcept { return _tally; }
+
+    /// What the last step was, for a report.
+    const std::string &lastStep() const noexcept { return _lastStep; }
+
+private:
+    bool operate();
+    void macro(unsigned depth);
+    void stepBackAndForth();
+    template <class Event>
+    void failAt();
+
+    zarn::Score &_score;
+    Random _random;
+    EditedScore _edited;
+    Tally _tally;
+    std::string _lastStep;
+    unsigned _weights = 0;
+    bool _isFailing = false;
+};

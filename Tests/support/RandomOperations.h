@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "RandomPlaces.h"
+
+#include <vector>
+
+namespace zarn {
+class Score;
+}
+
+/// A score to edit, and how large it was at first: the edits keep it near that.
+struct EditedScore {
+    zarn::Score &score;
+    Random &random;
+    RandomPlaces places;
+    unsigned firstBarCount;
+    unsigned firstTrackCount;
+
+    EditedScore(zarn::Score &edited, Random &numbers);
+};
+
+/// An operation of a score with arguments by chance, valid ones and others; answers as the
+/// operation does.
+struct RandomOperation {
+    const char *name;
+    unsigned weight;
+    bool (*act)(EditedScore &edited);
+};
+
+/// Every operation that changes a score.
+const std::vector<RandomOperation> &randomOperations();

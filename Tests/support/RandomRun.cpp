@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: MIT
+#include "RandomRun.h"
+
+#include <ZarnCore/io/ZarnNativeExporter.h>
+#include <ZarnCore/model/ZarnModelCheck.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/score/ZarnScore.h>
+
+#include <algorithm>
+#include <exception>
+
+using namespace zarn;
+
+namespace {
+
+std::string document(const Score &score)
+{
+    return io::NativeExporter().toText(*score.scoreModel());
+}
+
+/// The first place where two documents differ, with what stands there.
+std::string difference(const std::string &expected, const std::string &found)
+{
+    const auto at = static_cast<std::size_t>(
+        std::mismatch(expected.begin(), expected.end(), found.begin(), found.end()).first
+        - expected.begin());
+    const std::size_t from = at < 60 ? 0 : at - 60;
+    return "at byte " + std::to_string(at) + " there should be\n  " + expected.substr(from, 120)
+        + "\nand there is\n  " + found.substr(from, 120);
+}
+
+std::string firstProblem(const Score &score)
+{
+    const auto problems = checkModel(*score.scoreModel());
+    return problems.empty() ? std::string() : "the tree is broken: " + problems.front();
+}
+
+std::size_t undoAll(Score &score)
+{
+    std::size_t steps = 0;
+    for (; score.commandStack().undoAvailable(); ++steps)
+        score.commandStack().undo();
+    return steps;
+}
+
+std::string compareAfter(const char *what, const std::string &expected, const Score &score)
+{
+    const std::string found = document(score);
+    return found == expected ? firstProblem(score)
+                             : std::string(what) + " " + difference(expected, found);
+}
+
+/// Some steps back and forth in the middle of a run.
+std::string checkSomeSteps(Score &score, unsigned steps)
+{
+    if (std::string problem = firstProblem(score); !problem.empty())
+        return problem;
+    const std::string here = document(score);
+    const unsigned redoable = score.commandStack().redoCount();
+    for (unsigned i = 0; i < steps; ++i)
+        score.commandStack().undo();
+    if (std::string problem = firstProblem(score); !problem.empty())
+        return "after steps back, " + problem;
+    while (score.commandStack().redoCount() > redoable)
+        score.commandStack().redo();
+    return compareAfter("after steps back and forth,", here, score);
+}
+
+/// The newest step back and forth.
+std::string undoAndRedo(Score &score, const std::string &before, const std::string &after)
+{
+    CommandStack &stack = score.commandStack();
+    const std::string args = stack.undoArgList().value(0).toStdString();
+    std::string fault;
+    try {
+        stack.undo();
+        fault = compareAfter("undone,", before, score);
+        stack.redo();
+        if (fault.empty())
+            fault = compareAfter("redone,", after, score);
+    } catch (const std::exception &error) {
+        fault = error.what();
+    }
+    return fault.empty() ? fault : fault + "\n  " + args;
+}
+
+} // namespace
+
+RandomRun::Result RandomRun::run() const
+{
+    Result result;
+    try {
+        runAll(result);
+    } catch (const std::exception &error) {
+        result.fault = error.what();
+    }
+    return result;
+}
+
+void RandomRun::runAll(Result &result) const
+{
+    Score score;
+    *score.scoreModel() = model;
+    RandomEditor editor(score, seed, 2 * edits + 64);
+    const std::string before = document(score);
+    const unsigned interval = std::max(1U, edits / std::max(1U, checks));
+    unsigned nextCheck = interval;
+    while (editor.tally().edits < edits && result.fault.empty()) {
+        editor.step();
+        if (editor.tally().edits >= nextCheck) {
+            nextCheck += interval;
+            result.fault = checkSomeSteps(score, interval / 2);
+        }
+    }
+    result.tally = editor.tally();
+    if (!result.fault.empty())
+        return;
+    const std::string after = document(score);
+    for (int round = 0; round < 2 && result.fault.empty(); ++round) {
+        result.steps = undoAll(score);
+        result.fault = compareAfter("undone,", before, score);
+        if (!result.fault.empty())
+            break;
+        for (std::size_t i = 0; i < result.steps; ++i)
+            score.commandStack().redo();
+        result.fault = compareAfter("redone,", after, score);
+    }
+}
+
+std::string RandomRun::findCulprit() const
+{
+    Score score;
+    *score.scoreModel() = model;
+    RandomEditor editor(score, seed, 2 * edits + 64);
+    std::string before = document(score);
+    for (unsigned number = 1; editor.tally().edits < edits; ++number) {
+        const RandomEditor::Tally tally = editor.tally();
+        editor.step();
+        const std::string after = document(score);
+        const std::string name = "step " + std::to_string(number) + " (" + editor.lastStep() + ") ";
+        std::string fault = firstProblem(score);
+        const bool isStepped = editor.lastStep().compare(0, 4, "undo") == 0;
+        if (fault.empty() && !isStepped && editor.tally().takenBack != tally.takenBack
+            && after != before)
+            fault = "left a trace: " + difference(before, after);
+        if (fault.empty() && editor.tally().edits != tally.edits)
+            fault = undoAndRedo(score, before, after);
+        if (!fault.empty())
+            return name + fault;
+        before = after;
+    }
+    return {};
+}
