@@ -26,10 +26,12 @@ foreach(kind LIBDIR INCLUDEDIR)
         set(ZARN_PC_${kind} "\${prefix}/${CMAKE_INSTALL_${kind}}")
     endif()
 endforeach()
+# The module finds its prefix from where it lies, so that an installed tree can be moved.
+file(RELATIVE_PATH ZARN_PC_UP "${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig" "${CMAKE_INSTALL_PREFIX}")
 configure_file(cmake/zarncore.pc.in zarncore.pc @ONLY)
 
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/ZarnCoreConfig.cmake
     ${CMAKE_CURRENT_BINARY_DIR}/ZarnCoreConfigVersion.cmake DESTINATION ${zarn_cmake_dir})
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/zarncore.pc
     DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
-install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES LICENSE README.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
