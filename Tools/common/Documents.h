@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/io/ZarnImportReport.h>
+
+#include <memory>
+#include <string>
+
+namespace zarn {
+
+class ScoreModel;
+
+namespace tool {
+
+class Terminal;
+
+/// A document as it was read.
+struct OpenedDocument {
+    std::string path;
+    std::string format; ///< name of the format for a user
+    std::shared_ptr<ScoreModel> model;
+    io::ImportReport report;
+};
+
+/// Reads a document of any known format; the content decides which it is. Raises `Failure` or the
+/// importer's exception, the message beginning with the path.
+OpenedDocument openDocument(const std::string &path, const Terminal &terminal);
+
+/// Writes a document in the format of the path's suffix; the old file stays whole until the new
+/// one is complete. Raises `Failure`.
+void saveDocument(const ScoreModel &model, const std::string &path, const Terminal &terminal);
+
+/// Whether there is a format to write with the path's suffix.
+bool isWritableFormat(const std::string &path);
+
+/// Raises `Failure` unless there is one.
+void requireWritableFormat(const std::string &path);
+
+/// ".zarn" and so on: what `saveDocument` can write, for messages.
+std::string writableSuffixes();
+
+/// The document as the native format writes it; equal scores give equal texts.
+std::string nativeText(const ScoreModel &model);
+
+} // namespace tool
+} // namespace zarn

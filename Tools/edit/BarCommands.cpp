@@ -1,0 +1,194 @@
+// SPDX-License-Identifier: MIT
+#include "edit/Choices.h"
+#include "edit/Commands.h"
+#include "edit/EditSession.h"
+
+#include <ZarnCore/model/ZarnScoreModel.h>
+
+namespace zarn::tool {
+
+namespace {
+
+constexpr double MostBars = 100000;
+constexpr double MostRepeats = 255;
+
+unsigned bar(const Values &values, std::size_t parameter)
+{
+    return static_cast<unsigned>(values.get<int>(parameter));
+}
+
+const BarRange &bars(const Values &values)
+{
+    return values.get<BarRange>(0);
+}
+
+bool addBars(EditSession &session, const Values &values)
+{
+    return session.score().createBars(bar(values, 0), static_cast<unsigned>(values.get(1, 1)));
+}
+
+bool removeBars(EditSession &session, const Values &values)
+{
+    return session.score().removeBarRange(bars(values).first, bars(values).last);
+}
+
+bool setTime(EditSession &session, const Values &values)
+{
+    return session.score().setMasterTimeSignature(bars(values).first, bars(values).last,
+                                                  values.get<TimeSignature>(1));
+}
+
+bool setKey(EditSession &session, const Values &values)
+{
+    return session.score().setMasterKeySignature(bars(values).first, bars(values).last,
+                                                 values.get<KeySignature>(1));
+}
+
+bool setFeel(EditSession &session, const Values &values)
+{
+    return session.score().setMasterTripletFeel(bars(values).first, bars(values).last,
+                                                static_cast<TripletFeel>(values.get<int>(1)));
+}
+
+bool setFreeTime(EditSession &session, const Values &values)
+{
+    return session.score().setMasterBarFreeTime(bars(values).first, bars(values).last,
+                                                values.get<bool>(1));
+}
+
+bool setDoubleBar(EditSession &session, const Values &values)
+{
+    return session.score().setMasterBarDoubleBar(bar(values, 0), values.get<bool>(1));
+}
+
+bool setRepeatStart(EditSession &session, const Values &values)
+{
+    return session.score().setBarRepeatStart(bar(values, 0), values.get<bool>(1));
+}
+
+bool setRepeatEnd(EditSession &session, const Values &values)
+{
+    return session.score().setBarRepeatEnd(bar(values, 0),
+                                           static_cast<unsigned>(values.get<int>(1)));
+}
+
+bool setEndings(EditSession &session, const Values &values)
+{
+    return session.score().setBarAlternateEndings(bars(values).first, bars(values).last,
+                                                  static_cast<std::uint32_t>(values.get<int>(1)));
+}
+
+bool setDirection(EditSession &session, const Values &values)
+{
+    return session.score().setBarDirection(static_cast<DirectionMark>(values.get<int>(0)),
+                                           values.get(1, -1));
+}
+
+bool setSection(EditSession &session, const Values &values)
+{
+    return session.score().setMasterBarSection(bar(values, 0), values.get<QString>(1),
+                                               values.get(2, QString()));
+}
+
+bool unsetSection(EditSession &session, const Values &values)
+{
+    return session.score().unsetMasterBarSection(bar(values, 0));
+}
+
+bool setClef(EditSession &session, const Values &values)
+{
+    return session.score().setClef(values.where().track, values.where().staff, bars(values).first,
+                                   bars(values).last, static_cast<ClefType>(values.get<int>(1)));
+}
+
+} // namespace
+
+const std::vector<Command> &barCommands()
+{
+    static const Parameter oneBar = {QStringLiteral("BAR"), Kind::Bar};
+    static const Parameter barGap = {QStringLiteral("BAR"), Kind::BarGap};
+    static const Parameter someBars = {QStringLiteral("BARS"), Kind::Bars};
+    static const Parameter onOff = {QStringLiteral("SWITCH"), Kind::Switch};
+    const auto choice = [](const char *name, const Choices &choices) {
+        return Parameter{QLatin1String(name), Kind::Choice, Presence::Required, 0, 0, &choices};
+    };
+    static const std::vector<Command> commands = {
+        {QStringLiteral("add-bars"),
+         {barGap, {QStringLiteral("COUNT"), Kind::Whole, Presence::Optional, 1, MostBars}},
+         QStringLiteral("Insert empty bars in front of a bar."),
+         QStringLiteral("Score::createBars"),
+         addBars},
+        {QStringLiteral("remove-bars"),
+         {someBars},
+         QStringLiteral("Remove bars from all tracks."),
+         QStringLiteral("Score::removeBarRange"),
+         removeBars},
+        {QStringLiteral("time"),
+         {someBars, {QStringLiteral("TIME"), Kind::Time}},
+         QStringLiteral("Set the time signature."),
+         QStringLiteral("Score::setMasterTimeSignature"),
+         setTime},
+        {QStringLiteral("key"),
+         {someBars, {QStringLiteral("KEY"), Kind::Key}},
+         QStringLiteral("Set the key signature, at concert pitch."),
+         QStringLiteral("Score::setMasterKeySignature"),
+         setKey},
+        {QStringLiteral("feel"),
+         {someBars, choice("FEEL", feelChoices())},
+         QStringLiteral("Set how pairs of short notes swing."),
+         QStringLiteral("Score::setMasterTripletFeel"),
+         setFeel},
+        {QStringLiteral("free-time"),
+         {someBars, onOff},
+         QStringLiteral("Play bars in free time, or in time again."),
+         QStringLiteral("Score::setMasterBarFreeTime"),
+         setFreeTime},
+        {QStringLiteral("double-bar"),
+         {oneBar, onOff},
+         QStringLiteral("End a bar with a double bar line."),
+         QStringLiteral("Score::setMasterBarDoubleBar"),
+         setDoubleBar},
+        {QStringLiteral("repeat-start"),
+         {oneBar, onOff},
+         QStringLiteral("Begin a repeat at a bar."),
+         QStringLiteral("Score::setBarRepeatStart"),
+         setRepeatStart},
+        {QStringLiteral("repeat-end"),
+         {oneBar, {QStringLiteral("TIMES"), Kind::Whole, Presence::Required, 0, MostRepeats}},
+         QStringLiteral("End a repeat, played so often in all; 0 for none."),
+         QStringLiteral("Score::setBarRepeatEnd"),
+         setRepeatEnd},
+        {QStringLiteral("endings"),
+         {someBars, {QStringLiteral("PASSES"), Kind::Passes}},
+         QStringLiteral("Play bars in some passes of a repeat alone."),
+         QStringLiteral("Score::setBarAlternateEndings"),
+         setEndings},
+        {QStringLiteral("direction"),
+         {choice("DIRECTION", directionChoices()),
+          {QStringLiteral("BAR"), Kind::Bar, Presence::Optional}},
+         QStringLiteral("Put a jump or its target at a bar; without a bar, take it away."),
+         QStringLiteral("Score::setBarDirection"),
+         setDirection},
+        {QStringLiteral("section"),
+         {oneBar,
+          {QStringLiteral("LETTER"), Kind::Text},
+          {QStringLiteral("TITLE"), Kind::Text, Presence::Optional}},
+         QStringLiteral("Start a section of the form."),
+         QStringLiteral("Score::setMasterBarSection"),
+         setSection},
+        {QStringLiteral("no-section"),
+         {oneBar},
+         QStringLiteral("Take the section mark of a bar away."),
+         QStringLiteral("Score::unsetMasterBarSection"),
+         unsetSection},
+        {QStringLiteral("clef"),
+         {someBars, choice("CLEF", clefChoices())},
+         QStringLiteral("Put bars of a staff under a clef."),
+         QStringLiteral("Score::setClef"),
+         setClef,
+         true},
+    };
+    return commands;
+}
+
+} // namespace zarn::tool

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "edit/Parameter.h"
+
+namespace zarn::tool {
+
+/// Words that stand for the values of the library's enumerations, as people type them.
+const Choices &clefChoices();
+const Choices &dynamicChoices(); ///< "none", "pppp" to "ffff"
+const Choices &feelChoices();
+const Choices &directionChoices(); ///< "segno", "da-capo-al-coda"
+const Choices &iconChoices();
+const Choices &instrumentChoices(); ///< "nylonGuitar"
+const Choices &propertyChoices();   ///< "title", "words-and-music"
+const Choices &headerChoices();     ///< "header-left", "first-page-footer-center"
+const Choices &tempoUnitChoices();
+const Choices &retuningChoices();
+
+} // namespace zarn::tool

@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+#include "edit/EditSession.h"
+
+#include "common/Documents.h"
+#include "common/Failure.h"
+#include "common/Terminal.h"
+#include "edit/EventPrinter.h"
+
+#include <ZarnCore/model/ZarnScoreModel.h>
+
+#include <algorithm>
+#include <ostream>
+
+namespace zarn::tool {
+
+namespace {
+
+/// Steps that a session can undo.
+constexpr std::uint32_t MaximumUndo = 10000;
+constexpr std::size_t ShownAround = 30;
+
+/// What stands around a byte of a document, on one line.
+std::string excerpt(const std::string &text, std::size_t at)
+{
+    const std::size_t from = at > ShownAround ? at - ShownAround : 0;
+    return printable(text.substr(from, 2 * ShownAround));
+}
+
+} // namespace
+
+EditSession::EditSession(const OpenedDocument &document, const std::string &output,
+                         const Terminal &terminal, std::ostream &out)
+    : _document(document), _output(output), _terminal(terminal), _out(out)
+{
+    *_score.scoreModel() = *document.model;
+    _score.commandStack().setMaximumUndo(MaximumUndo);
+    _opened = nativeText(model());
+    _saved = _opened;
+}
+
+EditSession::~EditSession() = default;
+
+void EditSession::beginMacro()
+{
+    _score.commandStack().beginMacroCommand();
+    ++_openMacros;
+}
+
+void EditSession::endMacro(bool commit)
+{
+    if (_openMacros == 0)
+        throw Failure("no macro is open; type begin first");
+    --_openMacros;
+    _score.commandStack().endMacroCommand(commit);
+}
+
+void EditSession::setPrintsEvents(bool prints)
+{
+    if (prints == printsEvents())
+        return;
+    _events = prints ? std::make_unique<EventPrinter>(_score, _out) : nullptr;
+}
+
+void EditSession::compare()
+{
+    const std::string now = nativeText(model());
+    if (now == _opened) {
+        _out << "The score is what it was when it was opened: " << now.size()
+             << " bytes as a native document, all equal.\n";
+        return;
+    }
+    _hasComparedDifferent = true;
+    const auto differing = std::mismatch(now.begin(), now.end(), _opened.begin(), _opened.end());
+    const auto at = static_cast<std::size_t>(differing.first - now.begin());
+    _out << "The score is not what it was when it was opened. As native documents the two differ "
+            "from byte "
+         << at << " on:\n  then ..." << excerpt(_opened, at) << "...\n  now  ..."
+         << excerpt(now, at) << "...\n";
+}
+
+std::string EditSession::defaultPath() const
+{
+    if (!_output.empty())
+        return _output;
+    return isWritableFormat(_document.path) ? _document.path : std::string();
+}
+
+void EditSession::save(const std::string &path)
+{
+    const std::string to = path.empty() ? defaultPath() : path;
+    if (to.empty())
+        throw Failure(_document.path + ": " + _document.format
+                      + " cannot be written; name a file, such as save score.zarn");
+    saveDocument(model(), to, _terminal);
+    _saved = nativeText(model());
+    _out << "Saved to " << to << ".\n";
+}
+
+bool EditSession::hasUnsavedChanges() const
+{
+    return nativeText(model()) != _saved;
+}
+
+} // namespace zarn::tool

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "edit/Values.h"
+
+#include <ZarnCore/score/ZarnScore.h>
+
+#include <iosfwd>
+#include <memory>
+#include <string>
+
+namespace zarn::tool {
+
+struct OpenedDocument;
+class EventPrinter;
+class Terminal;
+
+/// A score that is being edited by typed commands: the score itself, what it was when it was
+/// opened, the place that commands work in, and where it is to be saved.
+class EditSession {
+public:
+    /// Output goes to `out`; both streams and terminal outlive the session. `output` is the file
+    /// to save to, empty for the one that was opened.
+    EditSession(const OpenedDocument &document, const std::string &output, const Terminal &terminal,
+                std::ostream &out);
+    ~EditSession();
+
+    Score &score() noexcept { return _score; }
+    const ScoreModel &model() const noexcept { return *_score.scoreModel(); }
+    const OpenedDocument &document() const noexcept { return _document; }
+    const Terminal &terminal() const noexcept { return _terminal; }
+    std::ostream &out() noexcept { return _out; }
+
+    const Where &where() const noexcept { return _where; }
+    void setWhere(const Where &where) noexcept { _where = where; }
+
+    // Macros.
+
+    unsigned openMacros() const noexcept { return _openMacros; }
+    void beginMacro();
+    void endMacro(bool commit);
+
+    // Events.
+
+    bool printsEvents() const noexcept { return _events != nullptr; }
+    void setPrintsEvents(bool prints);
+
+    /// Whether each line is printed before it is done.
+    bool echoes() const noexcept { return _echoes; }
+    void setEchoes(bool echoes) noexcept { _echoes = echoes; }
+
+    // Comparing and saving.
+
+    /// Whether the score is, byte for byte as a native document, what it was when it was opened;
+    /// says so in words. A difference is remembered.
+    void compare();
+    bool hasComparedDifferent() const noexcept { return _hasComparedDifferent; }
+
+    /// Saves to a path, or to where the score belongs when it is empty. Raises `Failure`.
+    void save(const std::string &path);
+
+    /// Where `save("")` would write; empty when the opened format cannot be written.
+    std::string defaultPath() const;
+
+    /// Whether the score differs from what is in its file.
+    bool hasUnsavedChanges() const;
+
+    bool isOver() const noexcept { return _isOver; }
+    void quit() noexcept { _isOver = true; }
+    void stay() noexcept { _isOver = false; }
+
+private:
+    const OpenedDocument &_document;
+    std::string _output;
+    const Terminal &_terminal;
+    std::ostream &_out;
+    Score _score;
+    std::string _opened; ///< native text of the score as it was opened
+    std::string _saved;  ///< native text of what was saved last
+    std::unique_ptr<EventPrinter> _events;
+    Where _where;
+    unsigned _openMacros = 0;
+    bool _hasComparedDifferent = false;
+    bool _isOver = false;
+    bool _echoes = false;
+};
+
+} // namespace zarn::tool

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "edit/Values.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <utility>
+#include <vector>
+
+namespace zarn {
+
+class ScoreModel;
+
+namespace tool {
+
+struct Word;
+
+/// How a parameter is written. Places are counted from 1 by the user, from 0 in the value.
+enum class Kind {
+    Whole,    ///< int
+    Decimal,  ///< double
+    Switch,   ///< bool: on, off
+    Text,     ///< QString
+    Choice,   ///< int: the number of a word of a list
+    Bar,      ///< int
+    BarGap,   ///< int: a bar, or the place behind the last one
+    Bars,     ///< BarRange: 5, 5-8, all
+    Beat,     ///< BeatPlace: 3:2
+    Beats,    ///< BeatRange: 3:2, 3:2-4, 3:2-4:1
+    Track,    ///< int
+    TrackGap, ///< int: a track, or the place behind the last one
+    String,   ///< int from 0, the lowest; typed from 1, the highest
+    Rhythm,   ///< RhythmValue
+    Time,     ///< TimeSignature
+    Key,      ///< KeySignature
+    Pitch,    ///< PitchValue
+    Pitches,  ///< vector of MIDI keys: all words that are left
+    Passes,   ///< int, a bit per pass: 1, 1,3, 1-3, none
+};
+
+/// Words that stand for numbers.
+using Choices = std::vector<std::pair<QString, int>>;
+
+enum class Presence { Required, Optional };
+
+/// One parameter of an edit command.
+struct Parameter {
+    QString name; ///< as the help shows it: "BARS"
+    Kind kind;
+    Presence presence = Presence::Required;
+    double least = 0; ///< of numbers
+    double most = 0;
+    const Choices *choices = nullptr;
+};
+
+/// What the numbers of a line are checked against.
+struct ReadingContext {
+    const ScoreModel *model;
+    Where where;
+
+    /// False while a macro is open: what its commands will find is not there yet.
+    bool knowsCounts;
+};
+
+/// Reads one word. Raises `LineError` that says what would be right.
+Value readValue(const Parameter &parameter, const Word &word, const ReadingContext &context);
+
+/// Reads "t2", "s1" or "v3" into the place; false for any other word. Raises `LineError` for a
+/// track, staff or voice that does not exist.
+bool readWhere(const Word &word, const ReadingContext &context, Where &where);
+
+/// What a parameter takes, for messages and help: "a bar such as 5 or bars such as 5-8".
+QString expectation(const Parameter &parameter);
+
+/// Words to offer for a parameter that takes one of a list.
+QStringList suggestions(const Parameter &parameter);
+
+} // namespace tool
+} // namespace zarn

@@ -1,0 +1,157 @@
+// SPDX-License-Identifier: MIT
+#include "common/Failure.h"
+#include "edit/Choices.h"
+#include "edit/Commands.h"
+#include "edit/EditSession.h"
+
+#include <ZarnCore/instruments/ZarnDSPParamAutomation.h>
+#include <ZarnCore/instruments/ZarnTempoAutomation.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
+
+namespace zarn::tool {
+
+namespace {
+
+constexpr double LowestConcertTone = 220;
+constexpr double HighestConcertTone = 880;
+constexpr double LowestTempo = 1;
+constexpr double HighestTempo = 1000;
+constexpr double ParameterCount = 32;
+
+bool setProperty(EditSession &session, const Values &values)
+{
+    return session.score().changeProperty(static_cast<ScoreProperty>(values.get<int>(0)),
+                                          values.get<QString>(1));
+}
+
+bool setPageText(EditSession &session, const Values &values)
+{
+    return session.score().changeHeaderAndFooter(static_cast<HeaderAndFooter>(values.get<int>(0)),
+                                                 values.get<QString>(1));
+}
+
+bool setConcertTone(EditSession &session, const Values &values)
+{
+    return session.score().setConcertTone(values.get<double>(0));
+}
+
+bool setTempo(EditSession &session, const Values &values)
+{
+    TempoAutomation tempo;
+    tempo.setIndex(static_cast<std::uint32_t>(values.get<int>(0)));
+    tempo.setValue(static_cast<float>(values.get<double>(1)));
+    tempo.setUnit(values.get(2, static_cast<int>(TempoUnit::Quarter)));
+    tempo.setText(values.text(3));
+    return session.score().modifyMasterTrackAutomations({}, {&tempo});
+}
+
+bool removeTempo(EditSession &session, const Values &values)
+{
+    const auto bar = static_cast<std::uint32_t>(values.get<int>(0));
+    const auto found = session.model().masterTrack()->automations(Automation::Tempo, bar, bar);
+    if (found.empty())
+        throw Failure("this bar has no tempo of its own");
+    return session.score().modifyMasterTrackAutomations({found.begin(), found.end()}, {});
+}
+
+DSPParamAutomation effectChange(const Values &values)
+{
+    const auto parameter = static_cast<unsigned>(values.get<int>(1) - 1);
+    DSPParamAutomation change(
+        static_cast<Automation::Type>(static_cast<unsigned>(Automation::DSPParam_00) + parameter));
+    change.setIndex(static_cast<std::uint32_t>(values.get<int>(0)));
+    change.setValue(static_cast<float>(values.get<double>(2)));
+    return change;
+}
+
+bool setEffect(EditSession &session, const Values &values)
+{
+    const DSPParamAutomation change = effectChange(values);
+    return session.score().modifyTrackAutomations(values.where().track, {}, {&change});
+}
+
+bool setMasterEffect(EditSession &session, const Values &values)
+{
+    const DSPParamAutomation change = effectChange(values);
+    return session.score().modifyMasterTrackAutomations({}, {&change});
+}
+
+bool bypassTempo(EditSession &session, const Values &values)
+{
+    return session.score().modifyMasterTrackAutomationBypass(Automation::Tempo,
+                                                             values.get<bool>(0));
+}
+
+bool removeReverb(EditSession &session, const Values &)
+{
+    return session.score().removeMasterReverb();
+}
+
+} // namespace
+
+const std::vector<Command> &scoreCommands()
+{
+    static const Parameter bar = {QStringLiteral("BAR"), Kind::Bar};
+    static const Parameter text = {QStringLiteral("TEXT"), Kind::Text};
+    static const Parameter parameter = {QStringLiteral("PARAMETER"), Kind::Whole,
+                                        Presence::Required, 1, ParameterCount};
+    static const Parameter level = {QStringLiteral("LEVEL"), Kind::Decimal, Presence::Required, 0,
+                                    1};
+    static const std::vector<Command> commands = {
+        {QStringLiteral("property"),
+         {{QStringLiteral("PROPERTY"), Kind::Choice, Presence::Required, 0, 0, &propertyChoices()},
+          text},
+         QStringLiteral("Set the title, the artist and so on."),
+         QStringLiteral("Score::changeProperty"),
+         setProperty},
+        {QStringLiteral("page-text"),
+         {{QStringLiteral("PLACE"), Kind::Choice, Presence::Required, 0, 0, &headerChoices()},
+          text},
+         QStringLiteral("Set a header or footer; %Title% and the like are filled in."),
+         QStringLiteral("Score::changeHeaderAndFooter"),
+         setPageText},
+        {QStringLiteral("concert-tone"),
+         {{QStringLiteral("HERTZ"), Kind::Decimal, Presence::Required, LowestConcertTone,
+           HighestConcertTone}},
+         QStringLiteral("Set the frequency of the A above middle C."),
+         QStringLiteral("Score::setConcertTone"),
+         setConcertTone},
+        {QStringLiteral("tempo"),
+         {bar,
+          {QStringLiteral("BEATS"), Kind::Decimal, Presence::Required, LowestTempo, HighestTempo},
+          {QStringLiteral("UNIT"), Kind::Choice, Presence::Optional, 0, 0, &tempoUnitChoices()},
+          {QStringLiteral("WORDS"), Kind::Text, Presence::Optional}},
+         QStringLiteral("Set the tempo from a bar on, in beats per minute."),
+         QStringLiteral("Score::modifyMasterTrackAutomations"),
+         setTempo},
+        {QStringLiteral("no-tempo"),
+         {bar},
+         QStringLiteral("Take the changes of tempo in a bar away."),
+         QStringLiteral("Score::modifyMasterTrackAutomations"),
+         removeTempo},
+        {QStringLiteral("bypass-tempo"),
+         {{QStringLiteral("SWITCH"), Kind::Switch}},
+         QStringLiteral("Make playback leave the changes of tempo out."),
+         QStringLiteral("Score::modifyMasterTrackAutomationBypass"),
+         bypassTempo},
+        {QStringLiteral("effect"),
+         {bar, parameter, level},
+         QStringLiteral("Change an effect parameter of a track from a bar on."),
+         QStringLiteral("Score::modifyTrackAutomations"),
+         setEffect,
+         true},
+        {QStringLiteral("master-effect"),
+         {bar, parameter, level},
+         QStringLiteral("Change an effect parameter of the master from a bar on."),
+         QStringLiteral("Score::modifyMasterTrackAutomations"),
+         setMasterEffect},
+        {QStringLiteral("no-reverb"),
+         {},
+         QStringLiteral("Remove the reverb of the master."),
+         QStringLiteral("Score::removeMasterReverb"),
+         removeReverb},
+    };
+    return commands;
+}
+
+} // namespace zarn::tool

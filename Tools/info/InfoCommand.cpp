@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#include "info/InfoCommand.h"
+
+#include "common/Documents.h"
+#include "common/Failure.h"
+#include "common/Problems.h"
+#include "common/Terminal.h"
+#include "info/ScoreSummary.h"
+
+#include <ZarnCore/io/ZarnScoreStatistics.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
+
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include <iostream>
+
+namespace zarn::tool {
+
+namespace {
+
+/// The counts of a document, with "unheld" (elements by name) and "problems" beside them.
+QJsonObject jsonOf(const OpenedDocument &document)
+{
+    QJsonObject object = io::ScoreStatistics(*document.model, document.report.tally()).toJson();
+    QJsonObject unheld;
+    for (const auto &[element, count] : document.report.unheld())
+        unheld.insert(QString::fromStdString(element), static_cast<int>(count));
+    object.insert(QStringLiteral("unheld"), unheld);
+    QJsonArray problems;
+    for (const std::string &line : problemLines(document))
+        problems.append(QString::fromStdString(line));
+    object.insert(QStringLiteral("problems"), problems);
+    return object;
+}
+
+void print(const OpenedDocument &document)
+{
+    std::cout << "File: " << document.path << " (" << document.format << ")\n"
+              << summaryOf(*document.model);
+    const std::vector<std::string> problems = problemLines(document);
+    std::cout << (problems.empty() ? "Problems: none\n" : "Problems:\n");
+    for (const std::string &line : problems)
+        std::cout << "  " << line << '\n';
+    if (document.report.unheld().empty())
+        return;
+    std::cout << "Not held, by element:";
+    for (const auto &[element, count] : document.report.unheld())
+        std::cout << ' ' << printable(element) << ' ' << count;
+    std::cout << '\n';
+}
+
+int runInfo(const Arguments &arguments, const Terminal &terminal)
+{
+    const bool asJson = arguments.has(QStringLiteral("json"));
+    QJsonObject all;
+    int code = Done;
+    for (int i = 0; i < arguments.operands().size(); ++i) {
+        try {
+            const OpenedDocument document = openDocument(arguments.operand(i), terminal);
+            if (asJson) {
+                all.insert(arguments.operands().at(i), jsonOf(document));
+            } else {
+                std::cout << (i > 0 ? "\n" : "");
+                print(document);
+            }
+        } catch (const std::exception &error) {
+            std::cerr << "zarn: " << explain(error) << '\n';
+            code = Failed;
+        }
+    }
+    if (asJson)
+        std::cout << QJsonDocument(all).toJson().toStdString();
+    return code;
+}
+
+} // namespace
+
+Subcommand infoCommand()
+{
+    return {
+        QStringLiteral("info"),
+        QStringLiteral("FILE..."),
+        1,
+        -1,
+        QStringLiteral("Tells what scores hold, and what was wrong with their files."),
+        QStringLiteral(
+            "With --json, prints one object that has, for each file under its name as given, the\n"
+            "counts parts, staves, measures, notes, midi_sum, midi_low, midi_high, keys, times,\n"
+            "clefs, tuplets and per_part, elements that the score cannot hold under unheld, and\n"
+            "problems. A file that cannot be read is left out; the exit code is then 1."),
+        {{QStringLiteral("json"), QStringLiteral("j"), QString(),
+          QStringLiteral("Print counts for programs.")}},
+        runInfo,
+    };
+}
+
+} // namespace zarn::tool

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#include "info/NotesCommand.h"
+
+#include "common/Documents.h"
+#include "common/Terminal.h"
+
+#include <ZarnCore/io/ZarnNoteList.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
+
+#include <iostream>
+
+namespace zarn::tool {
+
+namespace {
+
+int runNotes(const Arguments &arguments, const Terminal &terminal)
+{
+    const OpenedDocument document = openDocument(arguments.operand(0), terminal);
+    std::cout << io::noteListHeading() << '\n';
+    for (const io::ListedNote &note : io::listNotes(*document.model))
+        std::cout << note.toString() << '\n';
+    return Done;
+}
+
+} // namespace
+
+Subcommand notesCommand()
+{
+    return {
+        QStringLiteral("notes"),
+        QStringLiteral("FILE"),
+        1,
+        1,
+        QStringLiteral("Lists every note, a line of tab-separated values each."),
+        QStringLiteral(
+            "The first line names the columns. Tracks, bars, staves, voices and strings are\n"
+            "counted from 0, string 0 being the lowest; onset (from the start of the bar) and\n"
+            "length are exact fractions of a quarter. midi is the key as written, sounding the\n"
+            "key that is heard; a note of percussion has the latter alone. - stands for nothing.\n"
+            "Flags: g grace note, c further note of a chord, t tied to the note before."),
+        {},
+        runNotes,
+    };
+}
+
+} // namespace zarn::tool

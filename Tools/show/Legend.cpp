@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#include "show/Legend.h"
+
+#include "common/Texts.h"
+
+namespace zarn::tool {
+
+namespace {
+
+/// By `Legend::Sign`.
+constexpr const char *SignTexts[] = {
+    ". dotted",       "r rest",      "rest whole bar",          "g grace note",        "(7) tied",
+    "[7] ghost note", "x dead note", "7' voice 2, 7'' voice 3", "% as the bar before",
+};
+
+} // namespace
+
+void Legend::use(const RhythmValue &rhythm)
+{
+    _noteValues.insert(static_cast<int>(rhythm.getNoteValue()));
+    if (rhythm.getAugmentationDot() != 0)
+        use(Sign::Dot);
+}
+
+QStringList Legend::texts() const
+{
+    QStringList texts;
+    for (const int value : _noteValues)
+        texts.append(QStringLiteral("%1 %2").arg(QLatin1String(rhythmLetters()[value].letter),
+                                                 QLatin1String(rhythmLetters()[value].name)));
+    for (const Sign sign : _signs)
+        texts.append(QLatin1String(SignTexts[static_cast<std::size_t>(sign)]));
+    return texts;
+}
+
+} // namespace zarn::tool

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/music/ZarnRhythmValue.h>
+
+#include <QStringList>
+
+#include <set>
+
+namespace zarn::tool {
+
+/// Collects the signs that a picture uses, so that it can explain them and no others.
+class Legend {
+public:
+    enum class Sign {
+        Dot,
+        Rest,
+        WholeBarRest,
+        Grace,
+        Tied,
+        Ghost,
+        Dead,
+        OtherVoice,
+        Simile,
+    };
+
+    void use(Sign sign) { _signs.insert(sign); }
+    void use(const RhythmValue &rhythm);
+
+    /// "q quarter", ". dotted" and so on.
+    QStringList texts() const;
+
+private:
+    std::set<int> _noteValues;
+    std::set<Sign> _signs;
+};
+
+} // namespace zarn::tool

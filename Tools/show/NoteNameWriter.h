@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "show/StaffWriter.h"
+
+#include <ZarnCore/music/ZarnKeySignature.h>
+
+#include <vector>
+
+namespace zarn {
+
+class Staff;
+
+namespace tool {
+
+/// A pitched staff as note names under their rhythm, each voice in rows of its own, the notes of
+/// a chord below each other.
+class NoteNameWriter final : public StaffWriter {
+public:
+    NoteNameWriter(Sheet &sheet, const Staff &staff, const QString &name, const Glyphs &glyphs,
+                   Legend &legend);
+
+private:
+    void writeNotes(const Beat &beat, const ColumnKey &column, unsigned voice,
+                    SheetBar &into) override;
+    void beginBar(const Bar &bar) override;
+
+    std::array<int, Bar::MaxVoices> _topLanes = {};
+    KeySignature _key;
+};
+
+} // namespace tool
+} // namespace zarn

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+#include "show/ScoreTitle.h"
+
+#include "common/Texts.h"
+
+#include <ZarnCore/model/ZarnScoreModel.h>
+
+namespace zarn::tool {
+
+namespace {
+
+/// "sounds 2 semitones lower", "sounds an octave higher".
+QString transpositionText(int offset)
+{
+    if (offset == 0)
+        return QString();
+    const QString direction = offset < 0 ? QStringLiteral("lower") : QStringLiteral("higher");
+    const int size = offset < 0 ? -offset : offset;
+    if (size == 12)
+        return QStringLiteral("sounds an octave %1").arg(direction);
+    return QStringLiteral("sounds %1 semitone%2 %3")
+        .arg(size)
+        .arg(size == 1 ? QString() : QStringLiteral("s"), direction);
+}
+
+void addOnce(QStringList &details, const QString &detail)
+{
+    if (!details.contains(detail))
+        details.append(detail);
+}
+
+QString firstSet(const ScoreModel &model, std::initializer_list<ScoreProperty> properties)
+{
+    for (const ScoreProperty property : properties)
+        if (!model.property(property).empty())
+            return QString::fromStdString(model.property(property));
+    return QString();
+}
+
+} // namespace
+
+QString tuningText(const Track &track, unsigned staffIndex, Signs signs)
+{
+    const auto staff = track.staff(staffIndex);
+    QStringList names;
+    for (unsigned string = 0; staff && string < staff->tuning().stringCount(); ++string) {
+        const int midi = staff->tuning().tuning(string);
+        names.append(pitchText(PitchClass::fromPitch(midi, true), midi, signs));
+    }
+    return names.join(QLatin1Char(' '));
+}
+
+QString trackText(const Track &track, Signs signs)
+{
+    QStringList details;
+    if (track.type() != InstrumentSet::unknown)
+        details.append(QString::fromStdString(InstrumentSet::typeName(track.type())));
+    for (const auto &staff : track.staves()) {
+        const QString tuning = tuningText(track, staff->index(), signs);
+        if (!tuning.isEmpty())
+            addOnce(details, QStringLiteral("tuning ") + tuning);
+        if (staff->capoFret() != 0)
+            addOnce(details, QStringLiteral("capo %1").arg(staff->capoFret()));
+    }
+    const QString transposition = transpositionText(track.transpositionOffset());
+    if (!transposition.isEmpty())
+        details.append(transposition);
+    const QString name =
+        track.name().empty() ? QStringLiteral("(no name)") : QString::fromStdString(track.name());
+    const QString number = QStringLiteral("%1 %2").arg(track.index() + 1).arg(name);
+    return details.isEmpty() ? number
+                             : number + QStringLiteral(": ") + details.join(QStringLiteral(", "));
+}
+
+QStringList titleLines(const ScoreModel &model, std::optional<unsigned> shown, Signs signs)
+{
+    QStringList lines;
+    const QString title = firstSet(model, {ScoreProperty::Title});
+    const QString author = firstSet(
+        model, {ScoreProperty::Music, ScoreProperty::WordsAndMusic, ScoreProperty::Artist});
+    const QString between = title.isEmpty() || author.isEmpty() ? QString() : QStringLiteral(", ");
+    if (!(title + author).isEmpty())
+        lines.append(title + between + author);
+    if (!model.property(ScoreProperty::Subtitle).empty())
+        lines.append(QString::fromStdString(model.property(ScoreProperty::Subtitle)));
+    for (const auto &track : model.tracks())
+        if (!shown || *shown == track->index())
+            lines.append(trackText(*track, signs));
+    return lines;
+}
+
+} // namespace zarn::tool

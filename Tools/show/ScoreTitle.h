@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QStringList>
+
+#include <optional>
+
+namespace zarn {
+
+class ScoreModel;
+class Track;
+
+namespace tool {
+
+enum class Signs : int;
+
+/// "E2 A2 D3 G3 B3 E4" from the lowest string up; empty without strings.
+QString tuningText(const Track &track, unsigned staff, Signs signs);
+
+/// One line about a track: its number, name, instrument, tuning, capo and transposition.
+QString trackText(const Track &track, Signs signs);
+
+/// The lines over a picture: title and authors, then the tracks shown.
+QStringList titleLines(const ScoreModel &model, std::optional<unsigned> track, Signs signs);
+
+} // namespace tool
+} // namespace zarn

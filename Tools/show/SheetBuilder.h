@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "show/Sheet.h"
+
+#include <optional>
+
+namespace zarn {
+
+class ScoreModel;
+
+namespace tool {
+
+struct Glyphs;
+class Legend;
+
+/// Which part of a score is shown; bars and tracks are counted from 0.
+struct ShownPart {
+    std::optional<unsigned> track; ///< all tracks when unset
+    unsigned firstBar = 0;
+    unsigned lastBar = 0; ///< included; cut at the end of the score
+};
+
+/// Turns the music into lanes and columns.
+Sheet buildSheet(const ScoreModel &model, const ShownPart &part, const Glyphs &glyphs,
+                 Legend &legend);
+
+} // namespace tool
+} // namespace zarn

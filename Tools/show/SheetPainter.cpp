@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: MIT
+#include "show/SheetPainter.h"
+
+#include "show/Glyphs.h"
+#include "show/HeadingRows.h"
+#include "show/Systems.h"
+
+#include <algorithm>
+
+namespace zarn::tool {
+
+namespace {
+
+constexpr int WidestLabel = 14;
+
+/// Draws the lanes of one system.
+class SystemPainter {
+public:
+    SystemPainter(const Sheet &sheet, const Glyphs &glyphs, const System &system, int width)
+        : _sheet(sheet), _glyphs(glyphs), _system(system), _width(width)
+    {
+    }
+
+    void paint(std::vector<CharacterRow> &rows) const;
+
+private:
+    bool isShown(int lane) const;
+    CharacterRow paintLane(int lane, const QString &label) const;
+    void paintSegment(CharacterRow &row, const Segment &segment, int lane) const;
+    void paintSpan(CharacterRow &row, const Segment &segment, const Span &span) const;
+    void paintBarLine(CharacterRow &row, int x, BarLine line, const Lane &lane) const;
+    QString cellText(const Segment &segment, std::size_t column, int lane, const Cell &cell) const;
+
+    const Sheet &_sheet;
+    const Glyphs &_glyphs;
+    const System &_system;
+    int _width;
+};
+
+bool SystemPainter::isShown(int lane) const
+{
+    if (!_sheet.lanes[static_cast<std::size_t>(lane)].isOptional)
+        return true;
+    for (const Segment &segment : _system.segments) {
+        for (const PlacedColumn &column : segment.columns)
+            if (column.cells->count(lane) != 0)
+                return true;
+        for (const Span &span : segment.bar->spans)
+            if (span.lane == lane)
+                return true;
+    }
+    return false;
+}
+
+void SystemPainter::paint(std::vector<CharacterRow> &rows) const
+{
+    int staff = -1;
+    QString name;
+    for (int lane = 0; lane < static_cast<int>(_sheet.lanes.size()); ++lane) {
+        if (!isShown(lane))
+            continue;
+        const Lane &shown = _sheet.lanes[static_cast<std::size_t>(lane)];
+        if (shown.staff != staff) {
+            if (staff >= 0)
+                rows.emplace_back();
+            staff = shown.staff;
+            name = _sheet.staves[static_cast<std::size_t>(staff)].name;
+        }
+        if (shown.label.isEmpty()) {
+            rows.push_back(paintLane(lane, name));
+            name.clear();
+        } else {
+            rows.push_back(paintLane(lane, shown.label));
+        }
+    }
+}
+
+CharacterRow SystemPainter::paintLane(int lane, const QString &label) const
+{
+    CharacterRow row;
+    row.write(0, shortened(label, WidestLabel, _glyphs.isUtf8), Ink::Heading);
+    for (const Segment &segment : _system.segments)
+        paintSegment(row, segment, lane);
+    return row;
+}
+
+void SystemPainter::paintSegment(CharacterRow &row, const Segment &segment, int laneIndex) const
+{
+    const Lane &lane = _sheet.lanes[static_cast<std::size_t>(laneIndex)];
+    const bool isLast = &segment == &_system.segments.back();
+    if (lane.kind == Lane::Kind::String)
+        row.fill(segment.left, segment.right, _glyphs.string, Ink::Line);
+    for (std::size_t i = 0; i < segment.columns.size(); ++i) {
+        const auto cell = segment.columns[i].cells->find(laneIndex);
+        if (cell != segment.columns[i].cells->end())
+            row.write(segment.columns[i].x, cellText(segment, i, laneIndex, cell->second),
+                      cell->second.ink);
+    }
+    for (const Span &span : segment.bar->spans)
+        if (span.lane == laneIndex)
+            paintSpan(row, segment, span);
+    if (lane.kind == Lane::Kind::Text)
+        return;
+    if (segment.beginsBar)
+        paintBarLine(row, segment.left, segment.before, lane);
+    if (isLast && segment.endsBar)
+        paintBarLine(row, segment.right, segment.after, lane);
+}
+
+QString SystemPainter::cellText(const Segment &segment, std::size_t column, int lane,
+                                const Cell &cell) const
+{
+    if (!_sheet.lanes[static_cast<std::size_t>(lane)].isFloating)
+        return cell.text;
+    int end = _width;
+    const auto limit = [&](const Segment &in, std::size_t from) {
+        for (std::size_t i = from; i < in.columns.size(); ++i)
+            if (in.columns[i].cells->count(lane) != 0) {
+                end = std::min(end, in.columns[i].x - 1);
+                return;
+            }
+    };
+    limit(segment, column + 1);
+    for (const Segment &later : _system.segments)
+        if (later.left > segment.left)
+            limit(later, 0);
+    return shortened(cell.text, end - segment.columns[column].x, _glyphs.isUtf8);
+}
+
+void SystemPainter::paintSpan(CharacterRow &row, const Segment &segment, const Span &span) const
+{
+    int from = -1;
+    int to = -1;
+    for (const PlacedColumn &column : segment.columns) {
+        if (*column.key < span.first || span.last < *column.key)
+            continue;
+        from = from < 0 ? column.x : from;
+        to = column.x + 1;
+    }
+    if (from < 0)
+        return;
+    const int textWidth = displayWidth(span.text);
+    if (to - from < textWidth + 2)
+        return row.write(from, span.text, Ink::Rhythm);
+    row.fill(from, to, _glyphs.spanLine, Ink::Rhythm);
+    row.write(from, _glyphs.spanLeft, Ink::Rhythm);
+    row.write(to - 1, _glyphs.spanRight, Ink::Rhythm);
+    row.write(from + (to - from - textWidth) / 2, span.text, Ink::Rhythm);
+}
+
+void SystemPainter::paintBarLine(CharacterRow &row, int x, BarLine line, const Lane &lane) const
+{
+    const QString gap = lane.kind == Lane::Kind::String ? _glyphs.string : QStringLiteral(" ");
+    const QString dot = lane.hasRepeatDots ? _glyphs.repeatDot : gap;
+    const QString &heavy = _glyphs.heavyBarLine;
+    QString text;
+    switch (line) {
+    case BarLine::Single:
+        text = _glyphs.barLine;
+        break;
+    case BarLine::Double:
+        text = _glyphs.doubleBarLine;
+        break;
+    case BarLine::RepeatStart:
+        text = heavy + dot;
+        break;
+    case BarLine::RepeatEnd:
+        text = dot + heavy;
+        break;
+    case BarLine::RepeatBoth:
+        text = dot + heavy + dot;
+        break;
+    case BarLine::Final:
+        text = (_glyphs.isUtf8 ? _glyphs.barLine : QString()) + heavy;
+        break;
+    }
+    row.write(x, text, Ink::Line);
+}
+
+int labelWidth(const Sheet &sheet)
+{
+    int width = 0;
+    for (const Lane &lane : sheet.lanes)
+        width = std::max(width, displayWidth(lane.label));
+    for (const SheetStaff &staff : sheet.staves)
+        width = std::max(width, displayWidth(staff.name));
+    return std::min(width, WidestLabel);
+}
+
+} // namespace
+
+std::vector<CharacterRow> paintSheet(const Sheet &sheet, const Glyphs &glyphs, int width)
+{
+    std::vector<CharacterRow> rows;
+    for (const System &system : breakIntoSystems(sheet, glyphs, labelWidth(sheet) + 1, width)) {
+        if (!rows.empty())
+            rows.emplace_back();
+        paintHeadings(system, glyphs, width, rows);
+        SystemPainter(sheet, glyphs, system, width).paint(rows);
+    }
+    return rows;
+}
+
+} // namespace zarn::tool

@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: MIT
+#include "show/ShowCommand.h"
+
+#include "common/Documents.h"
+#include "common/Failure.h"
+#include "common/Terminal.h"
+#include "common/Texts.h"
+#include "show/Glyphs.h"
+#include "show/Legend.h"
+#include "show/ScoreTitle.h"
+#include "show/SheetBuilder.h"
+#include "show/SheetPainter.h"
+
+#include <ZarnCore/model/ZarnScoreModel.h>
+
+#include <iostream>
+#include <limits>
+
+namespace zarn::tool {
+
+namespace {
+
+/// Lines of words, "  " between them, each at most `width` columns long.
+void addWrapped(std::vector<CharacterRow> &rows, const QStringList &words, int width)
+{
+    QString line;
+    for (const QString &word : words) {
+        const QString longer = line.isEmpty() ? word : line + QStringLiteral(", ") + word;
+        if (!line.isEmpty() && displayWidth(longer) > width) {
+            rows.emplace_back();
+            rows.back().write(0, line + QLatin1Char(','), Ink::Plain);
+            line = word;
+        } else {
+            line = longer;
+        }
+    }
+    if (!line.isEmpty()) {
+        rows.emplace_back();
+        rows.back().write(0, line, Ink::Plain);
+    }
+}
+
+void addWrapped(std::vector<CharacterRow> &rows, const QString &text, int width, Ink ink)
+{
+    QString line;
+    for (const QString &word : text.split(QLatin1Char(' '))) {
+        const QString longer = line.isEmpty() ? word : line + QLatin1Char(' ') + word;
+        if (!line.isEmpty() && displayWidth(longer) > width) {
+            rows.emplace_back();
+            rows.back().write(0, line, ink);
+            line = QStringLiteral("    ") + word;
+        } else {
+            line = longer;
+        }
+    }
+    rows.emplace_back();
+    rows.back().write(0, line, ink);
+}
+
+/// Bars "5" or "5-8", counted from 1.
+void readBars(const Arguments &arguments, unsigned barCount, ShownPart &part)
+{
+    part.lastBar = barCount == 0 ? 0 : barCount - 1;
+    if (!arguments.has(QStringLiteral("bars")))
+        return;
+    const QString text = arguments.value(QStringLiteral("bars"));
+    const QStringList ends = text.split(QLatin1Char('-'));
+    bool isFirst = false;
+    bool isLast = false;
+    const unsigned first = ends.first().toUInt(&isFirst);
+    const unsigned last = ends.last().toUInt(&isLast);
+    if (ends.size() > 2 || !isFirst || !isLast || first < 1 || last < first)
+        throw UsageError{
+            QStringLiteral("--bars takes one bar or a range such as 5-8, not \"%1\"").arg(text)};
+    if (last > barCount)
+        throw UsageError{
+            QStringLiteral("--bars %1: there are only %2 bars").arg(text).arg(barCount)};
+    part.firstBar = first - 1;
+    part.lastBar = last - 1;
+}
+
+int runShow(const Arguments &arguments, const Terminal &terminal)
+{
+    const OpenedDocument document = openDocument(arguments.operand(0), terminal);
+    const ScoreModel &model = *document.model;
+    ShownPart part;
+    if (arguments.has(QStringLiteral("track")))
+        part.track = static_cast<unsigned>(
+            arguments.number(QStringLiteral("track"), 1,
+                             std::max(1, static_cast<int>(model.trackCount())), 1)
+            - 1);
+    readBars(arguments, model.masterTrack()->masterBarCount(), part);
+    const int width = arguments.number(QStringLiteral("width"), 20, 10000, terminal.width());
+    const bool usesUtf8 = terminal.showsUtf8() && !arguments.has(QStringLiteral("ascii"));
+    std::cout << pictureOf(model, part, Terminal(width, usesUtf8, terminal.showsColour()));
+    return Done;
+}
+
+} // namespace
+
+std::string pictureOf(const ScoreModel &model, const ShownPart &part, const Terminal &terminal)
+{
+    const Glyphs &glyphs = terminal.showsUtf8() ? Glyphs::utf8() : Glyphs::ascii();
+    const Signs signs = terminal.showsUtf8() ? Signs::Symbols : Signs::Letters;
+    Legend legend;
+    const Sheet sheet = buildSheet(model, part, glyphs, legend);
+    std::vector<CharacterRow> rows;
+    for (const QString &line : titleLines(model, part.track, signs))
+        addWrapped(rows, line, terminal.width(), Ink::Plain);
+    rows.emplace_back();
+    for (CharacterRow &row : paintSheet(sheet, glyphs, terminal.width()))
+        rows.push_back(std::move(row));
+    QStringList legendTexts = legend.texts();
+    if (!legendTexts.isEmpty()) {
+        rows.emplace_back();
+        legendTexts.first().prepend(QStringLiteral("Signs: "));
+    }
+    addWrapped(rows, legendTexts, terminal.width() - 1);
+    std::string text;
+    for (const CharacterRow &row : rows)
+        text += row.toText(terminal.showsColour()) + '\n';
+    return text;
+}
+
+Subcommand showCommand()
+{
+    return {
+        QStringLiteral("show"),
+        QStringLiteral("FILE"),
+        1,
+        1,
+        QStringLiteral("Shows the music: tablature, note names, drum grids."),
+        QStringLiteral(
+            "Fretted tracks are shown as tablature, drums as a grid, all others as note names\n"
+            "(C4 is middle C, notes as written for a transposing instrument) under letters for\n"
+            "their rhythm. Bars are counted from 1 and stand under each other in all tracks."),
+        {{QStringLiteral("track"), QStringLiteral("t"), QStringLiteral("N"),
+          QStringLiteral("Show one track, counted from 1.")},
+         {QStringLiteral("bars"), QStringLiteral("b"), QStringLiteral("A-B"),
+          QStringLiteral("Show the bars A to B, or one bar.")},
+         {QStringLiteral("width"), QStringLiteral("w"), QStringLiteral("N"),
+          QStringLiteral("Break lines at N columns instead of the terminal's width.")},
+         {QStringLiteral("ascii"), QString(), QString(),
+          QStringLiteral("Use plain ASCII characters.")}},
+        runShow,
+    };
+}
+
+} // namespace zarn::tool

@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+#include "show/TabWriter.h"
+
+#include "common/Texts.h"
+#include "show/Glyphs.h"
+#include "show/Legend.h"
+#include "show/WrittenKey.h"
+
+#include <ZarnCore/model/ZarnStaff.h>
+
+#include <algorithm>
+
+namespace zarn::tool {
+
+namespace {
+
+bool hasPlace(const Note &note, int stringCount)
+{
+    return note.string() >= 0 && note.string() < stringCount && (note.fret() >= 0 || note.isDead());
+}
+
+/// Whether, from the highest string down, the voices come in their order.
+template <typename Frets>
+bool voicesCross(const Frets &frets)
+{
+    for (const auto &upper : frets)
+        for (const auto &lower : frets)
+            if (upper.string > lower.string && upper.voice > lower.voice)
+                return true;
+    return false;
+}
+
+} // namespace
+
+TabWriter::TabWriter(Sheet &sheet, const Staff &staff, const QString &name, const Glyphs &glyphs,
+                     Legend &legend)
+    : StaffWriter(sheet, name, glyphs, legend),
+      _stringCount(static_cast<int>(staff.tuning().stringCount())), _key(0, true, true)
+{
+    addRhythmLanes(0, RhythmSide::Above);
+    const Signs signs = glyphs.isUtf8 ? Signs::Symbols : Signs::Letters;
+    for (int string = _stringCount - 1; string >= 0; --string) {
+        const int midi = staff.tuning().tuning(static_cast<unsigned>(string));
+        const PitchClass open = PitchClass::fromPitch(midi, true);
+        const int added = addLane(Lane::Kind::String, pitchText(open, midi, signs));
+        lane(added).isOptional = false;
+        const bool isMiddle = string == _stringCount / 2 || string == (_stringCount - 1) / 2;
+        lane(added).hasRepeatDots = _stringCount > 2 ? isMiddle : true;
+        if (string == _stringCount - 1)
+            _topLane = added;
+    }
+    _strayLane = addLane(Lane::Kind::Text, QStringLiteral("no fret"));
+    for (unsigned voice = 1; voice < Bar::MaxVoices; ++voice)
+        addRhythmLanes(voice, RhythmSide::Below);
+    addDynamicsLane();
+}
+
+void TabWriter::beginBar(const Bar &bar)
+{
+    _key = writtenKey(bar);
+    _frets.clear();
+}
+
+QString TabWriter::fretText(const Note &note) const
+{
+    QString text = QString::number(note.fret());
+    if (note.isDead()) {
+        legend().use(Legend::Sign::Dead);
+        text = QStringLiteral("x");
+    }
+    if (note.isGhost()) {
+        legend().use(Legend::Sign::Ghost);
+        text = QStringLiteral("[%1]").arg(text);
+    }
+    if (note.isTied()) {
+        legend().use(Legend::Sign::Tied);
+        text = QStringLiteral("(%1)").arg(text);
+    }
+    return text;
+}
+
+void TabWriter::writeNotes(const Beat &beat, const ColumnKey &column, unsigned voice,
+                           SheetBar &into)
+{
+    for (const auto &note : beat.notes()) {
+        if (hasPlace(*note, _stringCount)) {
+            _frets[column].push_back({note->string(), voice, fretText(*note)});
+        } else if (note->midi() >= 0) {
+            const Signs signs = glyphs().isUtf8 ? Signs::Symbols : Signs::Letters;
+            const QString name = pitchText(spellingOf(*note, _key), note->midi(), signs);
+            const bool isFirst = into.columns[column].count(_strayLane) == 0;
+            into.put(column, _strayLane, isFirst ? name : QLatin1Char(' ') + name, Ink::Note);
+        }
+    }
+}
+
+void TabWriter::endBar(SheetBar &into)
+{
+    for (auto &[column, frets] : _frets) {
+        const bool isCrossed = voicesCross(frets);
+        std::stable_sort(frets.begin(), frets.end(),
+                         [](const Fret &a, const Fret &b) { return a.string > b.string; });
+        for (std::size_t i = 0; i < frets.size(); ++i) {
+            const Fret &fret = frets[i];
+            const bool sharesString = i > 0 && frets[i - 1].string == fret.string;
+            if (sharesString && frets[i - 1].text == fret.text)
+                continue;
+            QString text = fret.text;
+            if (fret.voice > 0 && (isCrossed || sharesString)) {
+                legend().use(Legend::Sign::OtherVoice);
+                text += QString(static_cast<int>(fret.voice), QLatin1Char('\''));
+            }
+            into.put(column, laneOf(fret.string), sharesString ? QLatin1Char('/') + text : text,
+                     fret.voice == 0 ? Ink::Note : Ink::SecondNote);
+        }
+    }
+}
+
+bool isShownAsTab(const Staff &staff)
+{
+    if (!staff.isFretted())
+        return false;
+    const int stringCount = static_cast<int>(staff.tuning().stringCount());
+    bool hasNotes = false;
+    for (const auto &bar : staff.bars())
+        for (const auto &voice : bar->voices()) {
+            if (!voice)
+                continue;
+            for (const auto &beat : voice->beats())
+                for (const auto &note : beat->notes()) {
+                    if (hasPlace(*note, stringCount))
+                        return true;
+                    hasNotes = true;
+                }
+        }
+    return !hasNotes;
+}
+
+} // namespace zarn::tool
