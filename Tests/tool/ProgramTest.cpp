@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+#include "ToolRun.h"
+
+namespace {
+
+using namespace zarn::test;
+
+QStringList words(const char *line)
+{
+    return QString::fromUtf8(line).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
+TEST(Program, helpIsThereForEveryCommandAndGoesToStandardOutput)
+{
+    const ToolRun general = runTool({QStringLiteral("--help")});
+    EXPECT_EQ(general.code, 0);
+    for (const char *const name : {"info", "notes", "show", "edit", "convert"}) {
+        EXPECT_TRUE(contains(general.out, name));
+        const ToolRun byWord = runTool({QStringLiteral("help"), QLatin1String(name)});
+        const ToolRun byOption = runTool({QLatin1String(name), QStringLiteral("--help")});
+        EXPECT_EQ(byWord.code, 0) << name;
+        EXPECT_EQ(byWord.out, byOption.out) << name;
+        EXPECT_TRUE(contains(byWord.out, std::string("Usage: zarn ") + name));
+        EXPECT_EQ(byOption.err, "");
+    }
+    EXPECT_EQ(runTool({QStringLiteral("--version")}).code, 0);
+}
+
+TEST(Program, wrongUsageIsToldApartFromWrongDocuments)
+{
+    const char *const misuses[] = {
+        "",         "dance",           "help dance",  "info", "show", "notes", "convert a.zarn",
+        "show a b", "show --colour a", "show --bars", "edit"};
+    for (const char *const line : misuses) {
+        const ToolRun run = runTool(words(line));
+        EXPECT_EQ(run.code, 2) << line;
+        EXPECT_EQ(run.out, "") << line;
+        EXPECT_NE(run.err, "") << line;
+        EXPECT_FALSE(hasSourcePlace(run.err)) << run.err;
+    }
+    for (const char *const bars : {"0", "3-2", "x", "1-2-3", "1-99"})
+        EXPECT_EQ(runTool({QStringLiteral("show"), romance(), QStringLiteral("--bars"),
+                           QLatin1String(bars)})
+                      .code,
+                  2)
+            << bars;
+    EXPECT_EQ(
+        runTool({QStringLiteral("show"), romance(), QStringLiteral("--track"), QStringLiteral("2")})
+            .code,
+        2);
+}
+
+TEST(Program, documentsThatCannotBeReadAreNamedWithTheReason)
+{
+    const Folder folder;
+    writeFile(folder.file("broken.musicxml"), "<score-partwise><part-list>\n<broken");
+    writeFile(folder.file("broken.zarn"), "{\"format\": 1");
+    writeFile(folder.file("text.txt"), "no score at all");
+    for (const QString &path :
+         {folder.file("missing.zarn"), folder.file("broken.musicxml"), folder.file("broken.zarn"),
+          folder.file("text.txt"), folder.file(""), QStringLiteral("")})
+        for (const char *const command : {"info", "notes", "show", "edit"}) {
+            const ToolRun run = runTool({QLatin1String(command), path});
+            EXPECT_EQ(run.code, 1) << command << ' ' << path.toStdString() << run.err;
+            EXPECT_EQ(run.err.rfind("zarn: " + path.toStdString(), 0), 0u) << run.err;
+            EXPECT_FALSE(hasSourcePlace(run.err)) << run.err;
+        }
+}
+
+TEST(Program, convertedDocumentsHoldTheSameMusic)
+{
+    const Folder folder;
+    const QString out = folder.file("saints.zarn");
+    EXPECT_EQ(runTool({QStringLiteral("convert"), saints(), out}).code, 0);
+    EXPECT_EQ(runTool({QStringLiteral("notes"), out}).out,
+              runTool({QStringLiteral("notes"), saints()}).out);
+    const QString again = folder.file("again.zarn");
+    EXPECT_EQ(runTool({QStringLiteral("convert"), out, again}).code, 0);
+    EXPECT_EQ(contentOf(again), contentOf(out));
+}
+
+TEST(Program, convertingLeavesWhatItMustNotTouch)
+{
+    const Folder folder;
+    const QString score = folder.file("score.zarn");
+    ASSERT_EQ(runTool({QStringLiteral("convert"), romance(), score}).code, 0);
+    const std::string before = contentOf(score);
+
+    // Onto itself, by another name of the same file.
+    QFile::link(score, folder.file("link.zarn"));
+    EXPECT_EQ(runTool({QStringLiteral("convert"), score, folder.file("link.zarn")}).code, 1);
+    // From a broken document.
+    writeFile(folder.file("broken.musicxml"), "<score-partwise");
+    EXPECT_EQ(runTool({QStringLiteral("convert"), folder.file("broken.musicxml"), score}).code, 1);
+    EXPECT_EQ(contentOf(score), before);
+    // Into a format that nobody writes, and into a folder that is not there.
+    const ToolRun unknown = runTool({QStringLiteral("convert"), score, folder.file("score.docx")});
+    EXPECT_EQ(unknown.code, 1);
+    EXPECT_TRUE(contains(unknown.err, ".zarn")) << unknown.err;
+    EXPECT_EQ(runTool({QStringLiteral("convert"), score, folder.file("no/such.zarn")}).code, 1);
+}
+
+} // namespace

@@ -1,0 +1,218 @@
+// SPDX-License-Identifier: MIT
+#include "ToolRun.h"
+
+#include "common/Documents.h"
+#include "common/Terminal.h"
+#include "show/Glyphs.h"
+#include "show/Legend.h"
+#include "show/SheetBuilder.h"
+#include "show/ShowCommand.h"
+#include "show/Systems.h"
+
+#include <ZarnCore/ZarnCoreUtils.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/score/ZarnScore.h>
+
+#include <QRegularExpression>
+
+namespace {
+
+using namespace zarn;
+using namespace zarn::test;
+
+/// The whole of a score written in the short notation, drawn at a width.
+std::string picture(const ScoreModel &model, int width, bool asUtf8 = true)
+{
+    tool::ShownPart part;
+    part.lastBar = model.masterTrack()->masterBarCount();
+    return tool::pictureOf(model, part, tool::Terminal(width, asUtf8, false));
+}
+
+std::unique_ptr<Score> scoreOf(const char *notation)
+{
+    return ZarnCoreUtils::make_from_string(notation);
+}
+
+/// Compares with a picture that was looked at and found right. To look at new ones, run the test
+/// with ZARN_WRITE_GOLDEN set and read what changed.
+void expectGolden(const char *name, const std::string &drawn)
+{
+    const QString path =
+        QStringLiteral(ZARN_SOURCE_DIR "/Tests/tool/golden/") + QLatin1String(name);
+    if (qEnvironmentVariableIsSet("ZARN_WRITE_GOLDEN"))
+        writeFile(path, drawn);
+    EXPECT_EQ(drawn, contentOf(path));
+}
+
+/// Two voices that cross, ties, a dead and a ghost note, grace notes, tuplets in tuplets, repeats
+/// with endings, directions, a section, a change of time, key and tempo, swing.
+std::unique_ptr<Score> everythingForGuitar()
+{
+    auto score = scoreOf("guitar capo=2 key=Em tempo=96: |: \"Em\"1:7e/3 2:0 3:0 1:7q~ 1:7h & 6:0w "
+                         "| \"Am7/G\"[1:0 2:1 3:0 4:2 5:0]q. 5:xe rh & 1:3h 1:5h"
+                         "| 3/4 4:12e/3 4:12 4:12 4:12 4:12 3:1h/3 2:1q/3 :|x3 key=G 2:3h.");
+    const ScoreModel &model = *score->scoreModel();
+    model.track(0)->bar(1, 0)->voice(0)->beat(0)->note(2)->setGhost(true);
+    for (unsigned beat = 0; beat < 5; ++beat) {
+        const auto nested = model.track(0)->bar(2, 0)->voice(0)->beat(beat);
+        RhythmValue rhythm = nested->rhythmValue();
+        rhythm.setSecondaryTupletRatio({5, 4});
+        nested->setRhythmValue(rhythm);
+    }
+    const auto grace = std::make_shared<Beat>(RhythmValue(RhythmValue::NoteValue::Eighth));
+    grace->setGraceType(GraceType::BeforeBeat);
+    const auto graceNote = std::make_shared<Note>(66);
+    graceNote->setString(4);
+    graceNote->setFret(7);
+    grace->addNote(graceNote);
+    model.track(0)->bar(3, 0)->voice(0)->insertBeat(0, grace);
+    model.track(0)->bar(3, 0)->voice(0)->beat(1)->setDynamic(NoteDynamic::Value::FF);
+    model.track(0)->bar(3, 0)->voice(0)->beat(1)->setText("let ring");
+    EXPECT_TRUE(score->setMasterBarSection(1, QStringLiteral("B"), QStringLiteral("Bridge")));
+    EXPECT_TRUE(score->setBarAlternateEndings(1, 1, 3));
+    EXPECT_TRUE(score->setBarAlternateEndings(2, 2, 4));
+    EXPECT_TRUE(score->setBarDirection(DirectionMark::Segno, 1));
+    EXPECT_TRUE(score->setBarDirection(DirectionMark::DaSegnoAlFine, 3));
+    EXPECT_TRUE(score->setMasterTripletFeel(1, 1, TripletFeel::Triplet8th));
+    return score;
+}
+
+TEST(Show, everySignOfAGuitarPieceStandsWhereAPlayerLooksForIt)
+{
+    const auto score = everythingForGuitar();
+    expectGolden("guitar.txt", picture(*score->scoreModel(), 78));
+    expectGolden("guitar-ascii.txt", picture(*score->scoreModel(), 78, false));
+}
+
+TEST(Show, tracksOfABandStandUnderEachOtherBeatByBeat)
+{
+    const ToolRun run =
+        runTool({QStringLiteral("show"), saints(), QStringLiteral("--bars"), QStringLiteral("1-3"),
+                 QStringLiteral("--width"), QStringLiteral("78")});
+    EXPECT_EQ(run.code, 0) << run.err;
+    expectGolden("saints.txt", run.out);
+}
+
+TEST(Show, noteNamesFollowSpellingAndKeyAndStackAsChords)
+{
+    const auto score = scoreOf("piano key=Ab: [c4 eb4 ab4]q bb3 d#5 r + c3w & ab2h g2 ");
+    expectGolden("piano.txt", picture(*score->scoreModel(), 60));
+}
+
+TEST(Show, oneTrackAndSomeBarsAloneAreShownOnRequest)
+{
+    const ToolRun run = runTool({QStringLiteral("show"), saints(), QStringLiteral("--track"),
+                                 QStringLiteral("3"), QStringLiteral("-b"), QStringLiteral("5")});
+    EXPECT_EQ(run.code, 0);
+    EXPECT_TRUE(contains(run.out, "\n        5\n")) << run.out;
+    EXPECT_TRUE(contains(run.out, "G2 "));
+    for (const char *const other : {"Tpt.", "Gtr.", "Dr."})
+        EXPECT_FALSE(contains(run.out, other)) << other;
+}
+
+/// Laws that every picture keeps, whatever the music and the width.
+class ShowLaws : public ::testing::TestWithParam<const char *> {
+protected:
+    static QStringList linesOf(const std::string &text)
+    {
+        return QString::fromStdString(text).split(QLatin1Char('\n'));
+    }
+};
+
+TEST_P(ShowLaws, noLineIsWiderThanAsked)
+{
+    const tool::Terminal terminal(80, true, false);
+    const auto document = tool::openDocument(sample(GetParam()).toStdString(), terminal);
+    for (const int width : {20, 33, 47, 60, 80, 121, 400})
+        for (const QString &line : linesOf(picture(*document.model, width)))
+            ASSERT_LE(line.toUcs4().size(), width) << line.toStdString();
+}
+
+TEST_P(ShowLaws, everyColumnStandsOnceAndInsideThePageAtEveryWidth)
+{
+    const tool::Terminal terminal(80, true, false);
+    const auto document = tool::openDocument(sample(GetParam()).toStdString(), terminal);
+    const tool::Glyphs &glyphs = tool::Glyphs::utf8();
+    tool::ShownPart part;
+    part.lastBar = 100;
+    tool::Legend legend;
+    const tool::Sheet sheet = tool::buildSheet(*document.model, part, glyphs, legend);
+    std::vector<const tool::ColumnKey *> expected;
+    for (const tool::SheetBar &bar : sheet.bars)
+        for (const auto &[key, cells] : bar.columns)
+            expected.push_back(&key);
+    for (const int width : {24, 31, 40, 80, 160, 1000}) {
+        std::vector<const tool::ColumnKey *> placed;
+        for (const tool::System &system : tool::breakIntoSystems(sheet, glyphs, 9, width)) {
+            int pen = 9;
+            for (const tool::Segment &segment : system.segments) {
+                EXPECT_GE(segment.left, pen);
+                for (const tool::PlacedColumn &column : segment.columns) {
+                    placed.push_back(column.key);
+                    EXPECT_GE(column.x, pen);
+                    pen = column.x + column.width;
+                }
+            }
+            EXPECT_LT(pen, width);
+        }
+        EXPECT_EQ(placed, expected) << width;
+    }
+}
+
+TEST_P(ShowLaws, barLinesOfASystemStandUnderEachOther)
+{
+    const tool::Terminal terminal(80, true, false);
+    const auto document = tool::openDocument(sample(GetParam()).toStdString(), terminal);
+    const auto barLines = [](const QString &line) {
+        QList<int> places;
+        for (int i = 0; i < line.size(); ++i)
+            if (line.at(i) == QChar(0x2502) || line.at(i) == QChar(0x2503))
+                places.append(i);
+        return places;
+    };
+    QList<int> system;
+    static const QRegularExpression numbers(QStringLiteral("^ +[0-9]+( +[0-9]+)*$"));
+    for (const QString &line : linesOf(picture(*document.model, 100))) {
+        if (numbers.match(line).hasMatch())
+            system.clear();
+        const QList<int> places = barLines(line);
+        if (system.isEmpty())
+            system = places;
+        EXPECT_TRUE(places.isEmpty() || places == system) << line.toStdString();
+    }
+}
+
+TEST_P(ShowLaws, asciiIsAscii)
+{
+    const ToolRun run =
+        runTool({QStringLiteral("show"), sample(GetParam()), QStringLiteral("--ascii")});
+    EXPECT_EQ(run.code, 0);
+    for (const char byte : run.out)
+        ASSERT_TRUE((byte >= 0x20 && byte < 0x7f) || byte == '\n');
+}
+
+INSTANTIATE_TEST_SUITE_P(Samples, ShowLaws,
+                         ::testing::Values("romance-guitar-study.musicxml",
+                                           "saints-band.musicxml"));
+
+TEST(Show, namesFromADocumentCannotSteerTheTerminal)
+{
+    const auto score = scoreOf("piano: c4");
+    score->scoreModel()->track(0)->setName("\x1b[2J\x07 \xc2\x9b piano");
+    score->scoreModel()->setScoreProperty(ScoreProperty::Title, "\x1b]0;title\x07");
+    const std::string drawn = picture(*score->scoreModel(), 80);
+    for (const char byte : drawn)
+        ASSERT_TRUE(static_cast<unsigned char>(byte) >= 0x20 || byte == '\n');
+    EXPECT_FALSE(contains(drawn, "\xc2\x9b"));
+}
+
+TEST(Show, aScoreWithoutTracksOrBarsIsNoError)
+{
+    const Score empty;
+    EXPECT_NO_THROW(picture(*empty.scoreModel(), 80));
+    Score barsOnly;
+    ASSERT_TRUE(barsOnly.createBars(0, 3));
+    EXPECT_NO_THROW(picture(*barsOnly.scoreModel(), 80));
+}
+
+} // namespace
