@@ -3,6 +3,7 @@
 
 #include "edit/MusicReader.h"
 #include "edit/NearestWord.h"
+#include "edit/PlaceReader.h"
 #include "edit/ScriptLine.h"
 
 #include <ZarnCore/model/ZarnScoreModel.h>
@@ -29,30 +30,6 @@ std::optional<int> wholeNumber(const QString &text)
     bool isNumber = false;
     const int number = text.toInt(&isNumber);
     return isNumber ? std::optional<int>(number) : std::nullopt;
-}
-
-/// A place typed from 1 as an index from 0; checks it against a count, with one place more for
-/// what is put in between.
-unsigned place(const QString &text, const Word &word, const char *thing, unsigned count,
-               const ReadingContext &context)
-{
-    const auto number = wholeNumber(text);
-    if (!number)
-        throw LineError(
-            word.column,
-            QStringLiteral("\"%1\" is no number of a %2").arg(text, QLatin1String(thing)));
-    if (*number < 1 || (context.knowsCounts && static_cast<unsigned>(*number) > count))
-        throw LineError(word.column,
-                        QStringLiteral("there is no %1 %2; they go from 1 to %3")
-                            .arg(QLatin1String(thing))
-                            .arg(*number)
-                            .arg(count));
-    return static_cast<unsigned>(*number) - 1;
-}
-
-unsigned barCount(const ReadingContext &context)
-{
-    return context.model->masterTrack()->masterBarCount();
 }
 
 std::optional<Value> readWhole(const Parameter &parameter, const Word &word, const ReadingContext &)
@@ -94,104 +71,6 @@ std::optional<Value> readChoice(const Parameter &parameter, const Word &word,
         if (text.compare(word.text, Qt::CaseInsensitive) == 0)
             return number;
     return std::nullopt;
-}
-
-std::optional<Value> readBar(const Parameter &, const Word &word, const ReadingContext &context)
-{
-    return static_cast<int>(place(word.text, word, "bar", barCount(context), context));
-}
-
-std::optional<Value> readBarGap(const Parameter &, const Word &word, const ReadingContext &context)
-{
-    return static_cast<int>(place(word.text, word, "bar", barCount(context) + 1, context));
-}
-
-std::optional<Value> readBars(const Parameter &, const Word &word, const ReadingContext &context)
-{
-    const unsigned count = barCount(context);
-    if (word.text == QStringLiteral("all") && count > 0)
-        return BarRange{0, count - 1};
-    const QStringList ends = word.text.split(QLatin1Char('-'));
-    if (ends.size() > 2)
-        return std::nullopt;
-    const BarRange bars = {place(ends.first(), word, "bar", count, context),
-                           place(ends.last(), word, "bar", count, context)};
-    if (bars.last < bars.first)
-        throw LineError(word.column,
-                        QStringLiteral("the bars %1 end before they begin; type %2-%3")
-                            .arg(word.text, ends.last(), ends.first()));
-    return bars;
-}
-
-BeatPlace beatPlace(const QString &text, const Word &word, const ReadingContext &context)
-{
-    const QStringList numbers = text.split(QLatin1Char(':'));
-    if (numbers.size() != 2)
-        throw LineError(
-            word.column,
-            QStringLiteral("\"%1\" is no beat; type bar and beat, such as 3:2").arg(text));
-    const auto beat = wholeNumber(numbers.last());
-    if (!beat || *beat < 1)
-        throw LineError(word.column,
-                        QStringLiteral("\"%1\" is no number of a beat; the first beat "
-                                       "of bar 3 is 3:1")
-                            .arg(numbers.last()));
-    return {place(numbers.first(), word, "bar", barCount(context), context),
-            static_cast<unsigned>(*beat) - 1};
-}
-
-std::optional<Value> readBeat(const Parameter &, const Word &word, const ReadingContext &context)
-{
-    return beatPlace(word.text, word, context);
-}
-
-std::optional<Value> readBeats(const Parameter &, const Word &word, const ReadingContext &context)
-{
-    const QStringList ends = word.text.split(QLatin1Char('-'));
-    if (ends.size() > 2)
-        return std::nullopt;
-    BeatRange beats;
-    beats.first = beatPlace(ends.first(), word, context);
-    if (ends.size() == 1) {
-        beats.last = beats.first;
-    } else if (ends.last().contains(QLatin1Char(':'))) {
-        beats.last = beatPlace(ends.last(), word, context);
-    } else {
-        const QString bar = ends.first().section(QLatin1Char(':'), 0, 0);
-        beats.last = beatPlace(bar + QLatin1Char(':') + ends.last(), word, context);
-    }
-    const auto order = [](const BeatPlace &at) { return std::pair(at.bar, at.beat); };
-    if (order(beats.last) < order(beats.first))
-        throw LineError(word.column,
-                        QStringLiteral("the beats %1 end before they begin").arg(word.text));
-    return beats;
-}
-
-std::optional<Value> readTrack(const Parameter &, const Word &word, const ReadingContext &context)
-{
-    return static_cast<int>(place(word.text, word, "track", context.model->trackCount(), context));
-}
-
-std::optional<Value> readTrackGap(const Parameter &, const Word &word,
-                                  const ReadingContext &context)
-{
-    return static_cast<int>(
-        place(word.text, word, "track", context.model->trackCount() + 1, context));
-}
-
-std::optional<Value> readString(const Parameter &, const Word &word, const ReadingContext &context)
-{
-    const auto track = context.model->track(context.where.track);
-    const auto staff = track ? track->staff(context.where.staff) : nullptr;
-    const unsigned count = staff ? staff->tuning().stringCount() : 0;
-    if (count == 0)
-        throw LineError(word.column,
-                        QStringLiteral("track %1 has no strings; name a track that "
-                                       "has, such as t2")
-                            .arg(context.where.track + 1));
-    ReadingContext exact = context;
-    exact.knowsCounts = true;
-    return static_cast<int>(count - 1 - place(word.text, word, "string", count, exact));
 }
 
 template <class T, std::optional<T> (*Parse)(const QString &)>
@@ -275,15 +154,16 @@ bool readWhere(const Word &word, const ReadingContext &context, Where &where)
     const QString number = match.captured(2);
     switch (match.captured(1).at(0).toLatin1()) {
     case 't':
-        where.track = place(number, word, "track", context.model->trackCount(), context);
+        where.track = readPlace(number, word, "track", context.model->trackCount(), context);
         break;
     case 's': {
         const auto track = context.model->track(where.track);
-        where.staff = place(number, word, "staff", track ? track->staffCount() : 1, context);
+        where.staff = readPlace(number, word, "staff", track ? track->staffCount() : 1, context);
         break;
     }
     default:
-        where.voice = place(number, word, "voice", Bar::MaxVoices, {context.model, where, true});
+        where.voice =
+            readPlace(number, word, "voice", Bar::MaxVoices, {context.model, where, true});
     }
     return true;
 }

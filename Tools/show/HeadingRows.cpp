@@ -42,20 +42,6 @@ std::map<int, Heading> placedHeadings(const Segment &segment)
     return placed;
 }
 
-/// Puts a text into the lowest row that has room for it, on top of which nothing is lost: a text
-/// too long for the line moves to the left and, as a last resort, is cut.
-void place(std::vector<CharacterRow> &stack, int x, const Heading &heading, int width,
-           const Glyphs &glyphs)
-{
-    const QString text = shortened(heading.text, width, glyphs.isUtf8);
-    x = std::max(0, std::min(x, width - displayWidth(text)));
-    for (CharacterRow &row : stack)
-        if (row.width() == 0 || row.width() + 2 <= x)
-            return row.write(x, text, heading.ink);
-    stack.emplace_back();
-    stack.back().write(x, text, heading.ink);
-}
-
 void paintEndings(const System &system, const Glyphs &glyphs, std::vector<CharacterRow> &rows)
 {
     CharacterRow row;
@@ -80,6 +66,18 @@ void paintEndings(const System &system, const Glyphs &glyphs, std::vector<Charac
 
 } // namespace
 
+void placeText(std::vector<CharacterRow> &stack, int x, const QString &text, Ink ink, int width,
+               const Glyphs &glyphs)
+{
+    const QString shown = shortened(text, width, glyphs.isUtf8);
+    x = std::max(0, std::min(x, width - displayWidth(shown)));
+    for (CharacterRow &row : stack)
+        if (row.width() == 0 || row.width() + 2 <= x)
+            return row.write(x, shown, ink);
+    stack.emplace_back();
+    stack.back().write(x, shown, ink);
+}
+
 void paintHeadings(const System &system, const Glyphs &glyphs, int width,
                    std::vector<CharacterRow> &rows)
 {
@@ -87,7 +85,7 @@ void paintHeadings(const System &system, const Glyphs &glyphs, int width,
     CharacterRow numbers;
     for (const Segment &segment : system.segments) {
         for (const auto &[x, heading] : placedHeadings(segment))
-            place(stack, x, heading, width, glyphs);
+            placeText(stack, x, heading.text, heading.ink, width, glyphs);
         if (segment.beginsBar)
             numbers.write(segment.left, QString::number(segment.bar->number), Ink::Heading);
     }

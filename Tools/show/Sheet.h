@@ -47,7 +47,7 @@ struct Lane {
     int staff = 0;          ///< index in `Sheet::staves`
     bool isOptional = true; ///< left out of systems where nothing stands on it
     bool hasRepeatDots = false;
-    bool isFloating = false; ///< its cells take no room and are cut where the next one begins
+    bool isFloating = false; ///< words that take no room and stand above each other
 };
 
 struct Cell {

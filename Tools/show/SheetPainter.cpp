@@ -6,6 +6,7 @@
 #include "show/Systems.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace zarn::tool {
 
@@ -29,7 +30,7 @@ private:
     void paintSegment(CharacterRow &row, const Segment &segment, int lane) const;
     void paintSpan(CharacterRow &row, const Segment &segment, const Span &span) const;
     void paintBarLine(CharacterRow &row, int x, BarLine line, const Lane &lane) const;
-    QString cellText(const Segment &segment, std::size_t column, int lane, const Cell &cell) const;
+    void paintWords(std::vector<CharacterRow> &rows, int lane) const;
 
     const Sheet &_sheet;
     const Glyphs &_glyphs;
@@ -66,7 +67,9 @@ void SystemPainter::paint(std::vector<CharacterRow> &rows) const
             staff = shown.staff;
             name = _sheet.staves[static_cast<std::size_t>(staff)].name;
         }
-        if (shown.label.isEmpty()) {
+        if (shown.isFloating) {
+            paintWords(rows, lane);
+        } else if (shown.label.isEmpty()) {
             rows.push_back(paintLane(lane, name));
             name.clear();
         } else {
@@ -90,11 +93,10 @@ void SystemPainter::paintSegment(CharacterRow &row, const Segment &segment, int 
     const bool isLast = &segment == &_system.segments.back();
     if (lane.kind == Lane::Kind::String)
         row.fill(segment.left, segment.right, _glyphs.string, Ink::Line);
-    for (std::size_t i = 0; i < segment.columns.size(); ++i) {
-        const auto cell = segment.columns[i].cells->find(laneIndex);
-        if (cell != segment.columns[i].cells->end())
-            row.write(segment.columns[i].x, cellText(segment, i, laneIndex, cell->second),
-                      cell->second.ink);
+    for (const PlacedColumn &column : segment.columns) {
+        const auto cell = column.cells->find(laneIndex);
+        if (cell != column.cells->end())
+            row.write(column.x, cell->second.text, cell->second.ink);
     }
     for (const Span &span : segment.bar->spans)
         if (span.lane == laneIndex)
@@ -107,24 +109,17 @@ void SystemPainter::paintSegment(CharacterRow &row, const Segment &segment, int 
         paintBarLine(row, segment.right, segment.after, lane);
 }
 
-QString SystemPainter::cellText(const Segment &segment, std::size_t column, int lane,
-                                const Cell &cell) const
+/// Words over the staff: as many rows as they need.
+void SystemPainter::paintWords(std::vector<CharacterRow> &rows, int lane) const
 {
-    if (!_sheet.lanes[static_cast<std::size_t>(lane)].isFloating)
-        return cell.text;
-    int end = _width;
-    const auto limit = [&](const Segment &in, std::size_t from) {
-        for (std::size_t i = from; i < in.columns.size(); ++i)
-            if (in.columns[i].cells->count(lane) != 0) {
-                end = std::min(end, in.columns[i].x - 1);
-                return;
-            }
-    };
-    limit(segment, column + 1);
-    for (const Segment &later : _system.segments)
-        if (later.left > segment.left)
-            limit(later, 0);
-    return shortened(cell.text, end - segment.columns[column].x, _glyphs.isUtf8);
+    std::vector<CharacterRow> stack;
+    for (const Segment &segment : _system.segments)
+        for (const PlacedColumn &column : segment.columns) {
+            const auto cell = column.cells->find(lane);
+            if (cell != column.cells->end())
+                placeText(stack, column.x, cell->second.text, cell->second.ink, _width, _glyphs);
+        }
+    std::move(stack.rbegin(), stack.rend(), std::back_inserter(rows));
 }
 
 void SystemPainter::paintSpan(CharacterRow &row, const Segment &segment, const Span &span) const

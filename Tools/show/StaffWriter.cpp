@@ -152,8 +152,9 @@ void StaffWriter::writeWords(const Beat &beat, const ColumnKey &column, unsigned
 {
     if (!beat.chordSymbol().empty())
         into.put(column, _chordLane, QString::fromStdString(beat.chordSymbol()), Ink::Chord);
-    if (!beat.text().empty())
-        into.put(column, _textLane, QString::fromStdString(beat.text()), Ink::Plain);
+    const QString text = QString::fromStdString(beat.text()).simplified();
+    if (!text.isEmpty())
+        into.put(column, _textLane, text, Ink::Plain);
     const QString dynamic = dynamicText(beat.dynamic());
     if (_dynamicsLane < 0 || dynamic.isEmpty() || dynamic == _dynamics[voice])
         return;
