@@ -97,11 +97,14 @@ private:
 
     static void pause() { std::this_thread::sleep_for(std::chrono::milliseconds(10)); }
 
+    /// Gives a program that has closed its terminal the time to end.
     bool hasEnded()
     {
         int status = 0;
         if (_code < 0 && ::waitpid(_child, &status, WNOHANG) == _child)
             _code = WIFEXITED(status) ? WEXITSTATUS(status) : 255;
+        else if (_code < 0)
+            ::usleep(20000);
         return _code >= 0;
     }
 
