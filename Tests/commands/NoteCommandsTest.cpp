@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "support/SmallScore.h"
 
+#include <ZarnCore/events/ZarnBarEvents.h>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -126,6 +128,22 @@ TEST_F(NoteCommandsTest, restsOfAWholeBarAndPlaceHoldersBecomeWhatIsWritten)
     ASSERT_TRUE(score.setStringedNote(at(0, 2), 0, 1));
     ASSERT_TRUE(score.setNoteRest(ScoreModelRange(at(0, 2))));
     EXPECT_TRUE(beat(0, 2).isRest()) << "what was a place holder once is none any more";
+}
+
+TEST_F(NoteCommandsTest, everyTouchedStaffIsAnnouncedWithItsBarsInOrder)
+{
+    std::string places;
+    score.connect<evt::ModifyBarRange>(this, [&](const evt::ModifyBarRange &event) {
+        places += std::to_string(event.trackIndex()) + "." + std::to_string(event.staffIndex())
+            + ":" + std::to_string(event.firstBar()) + "-" + std::to_string(event.lastBar()) + " ";
+    });
+    ScoreModelRange range;
+    range.setFirst({&model, 1, 3, -1, 0, 1});
+    range.setSecond({&model, 1, 2, -1, 0, 0});
+    range.setSelectionMode(SelectionMode::MultiSelection | SelectionMode::MultiVoice);
+    ASSERT_TRUE(score.setNoteRest(range));
+    EXPECT_EQ(places, "1.0:2-3 1.1:2-3 ");
+    EXPECT_TRUE(model.track(1)->bar(2)->voice(2)->beat(0)->isRest());
 }
 
 TEST_F(NoteCommandsTest, rangesMeanWhatIsSelected)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "RandomRun.h"
 
+#include "EventMirror.h"
+
 #include <ZarnCore/io/ZarnNativeExporter.h>
 #include <ZarnCore/model/ZarnModelCheck.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
@@ -101,13 +103,15 @@ void RandomRun::runAll(Result &result) const
 {
     Score score;
     *score.scoreModel() = model;
+    const EventMirror mirror(score);
     RandomEditor editor(score, seed, 2 * edits + 64);
     const std::string before = document(score);
     const unsigned interval = std::max(1U, edits / std::max(1U, checks));
     unsigned nextCheck = interval;
     while (editor.tally().edits < edits && result.fault.empty()) {
         editor.step();
-        if (editor.tally().edits >= nextCheck) {
+        result.fault = mirror.fault();
+        if (result.fault.empty() && editor.tally().edits >= nextCheck) {
             nextCheck += interval;
             result.fault = checkSomeSteps(score, interval / 2);
         }
@@ -119,6 +123,8 @@ void RandomRun::runAll(Result &result) const
     for (int round = 0; round < 2 && result.fault.empty(); ++round) {
         result.steps = undoAll(score);
         result.fault = compareAfter("undone,", before, score);
+        if (result.fault.empty())
+            result.fault = mirror.fault();
         if (!result.fault.empty())
             break;
         for (std::size_t i = 0; i < result.steps; ++i)
@@ -131,6 +137,7 @@ std::string RandomRun::findCulprit() const
 {
     Score score;
     *score.scoreModel() = model;
+    const EventMirror mirror(score);
     RandomEditor editor(score, seed, 2 * edits + 64);
     std::string before = document(score);
     for (unsigned number = 1; editor.tally().edits < edits; ++number) {
@@ -139,6 +146,8 @@ std::string RandomRun::findCulprit() const
         const std::string after = document(score);
         const std::string name = "step " + std::to_string(number) + " (" + editor.lastStep() + ") ";
         std::string fault = firstProblem(score);
+        if (fault.empty())
+            fault = mirror.fault();
         const bool isStepped = editor.lastStep().compare(0, 4, "undo") == 0;
         if (fault.empty() && !isStepped && editor.tally().takenBack != tally.takenBack
             && after != before)

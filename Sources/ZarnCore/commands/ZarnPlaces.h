@@ -9,6 +9,7 @@
 #include <ZarnCore/model/ZarnScoreModelRange.h>
 #include <ZarnCore/score/ZarnScore.h>
 
+#include <algorithm>
 #include <memory>
 #include <vector>
 
@@ -17,7 +18,8 @@
 namespace zarn {
 
 /// The bars, beats or notes of a range. A range over several tracks is announced by
-/// `ModifyBarRangeAllTracks`, any other by `Event`.
+/// `ModifyBarRangeAllTracks`, any other by `Event`
+/// for each staff.
 template <class NodeType, class Event>
 struct RangePlaces {
     using Node = NodeType;
@@ -29,14 +31,16 @@ struct RangePlaces {
     }
     void announce(Score &score, const void *sender) const
     {
-        const int first = range.first().barIndex();
-        const int last = range.second().barIndex();
-        if (range.isMultiTrack())
-            score.notify(sender, evt::ModifyBarRangeAllTracks(first, last));
-        else
+        const auto bars = std::minmax({range.first().barIndex(), range.second().barIndex()});
+        if (range.isMultiTrack()) {
+            score.notify(sender, evt::ModifyBarRangeAllTracks(bars.first, bars.second));
+            return;
+        }
+        const auto staves = stavesOf(range);
+        for (unsigned staff = staves.first; staff <= staves.second; ++staff)
             score.notify(sender,
-                         Event(range.first().trackIndex(),
-                               static_cast<int>(range.first().staffIndex()), first, last));
+                         Event(range.first().trackIndex(), static_cast<int>(staff), bars.first,
+                               bars.second));
     }
 };
 

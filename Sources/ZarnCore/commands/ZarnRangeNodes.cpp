@@ -38,8 +38,8 @@ template <>
 Bars nodesInRange(ScoreModel &model, const ScoreModelRange &range)
 {
     Bars bars;
-    const int first = range.first().barIndex();
-    const int last = range.second().barIndex();
+    const auto ends = std::minmax({range.first().barIndex(), range.second().barIndex()});
+    const auto staves = stavesOf(range);
     const auto firstTrack = range.first().trackIndex();
     const auto lastTrack = range.isMultiTrack() ? model.trackCount() : firstTrack + 1u;
     for (unsigned t = range.isMultiTrack() ? 0 : static_cast<unsigned>(firstTrack); t < lastTrack;
@@ -48,8 +48,9 @@ Bars nodesInRange(ScoreModel &model, const ScoreModelRange &range)
         if (track == nullptr)
             break;
         for (const auto &staff : track->staves()) {
-            if (range.isMultiTrack() || staff->index() == range.first().staffIndex())
-                appendBars(bars, *staff, first, last);
+            const unsigned number = staff->index();
+            if (range.isMultiTrack() || (staves.first <= number && number <= staves.second))
+                appendBars(bars, *staff, ends.first, ends.second);
         }
     }
     return bars;
@@ -75,6 +76,13 @@ Notes nodesInRange(ScoreModel &model, const ScoreModelRange &range)
     for (const auto &beat : nodesInRange<Beat>(model, range))
         notes.insert(notes.end(), beat->notes().begin(), beat->notes().end());
     return notes;
+}
+
+std::pair<unsigned, unsigned> stavesOf(const ScoreModelRange &range) noexcept
+{
+    const unsigned first = range.first().staffIndex();
+    return range.isMultiVoice() ? std::minmax({first, range.second().staffIndex()})
+                                : std::make_pair(first, first);
 }
 
 } // namespace zarn

@@ -4,6 +4,7 @@
 #include <ZarnCore/ZarnExport.h>
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace zarn {
@@ -18,7 +19,7 @@ class ScoreModelRange;
 /// names no place of the model. Both ends belong to it.
 ///
 /// - A range over several tracks (`isMultiTrack`) takes the bars of every staff, any other those of
-///   the staff of its first end.
+///   `stavesOf` in the track of its first end.
 /// - In multi-voice mode whole bars of all voices are taken; otherwise the voice of the first end,
 ///   in the first and last bar from and up to the beats of the ends. An end without a beat takes
 ///   its whole bar.
@@ -35,5 +36,9 @@ ZARNCORE_EXPORT std::vector<std::shared_ptr<Beat>> nodesInRange(ScoreModel &mode
 template <>
 ZARNCORE_EXPORT std::vector<std::shared_ptr<Note>> nodesInRange(ScoreModel &model,
                                                                 const ScoreModelRange &range);
+
+/// The staves, first and last, that a range over one track reaches: from end to end in multi-voice
+/// mode, else that of the first end.
+ZARNCORE_EXPORT std::pair<unsigned, unsigned> stavesOf(const ScoreModelRange &range) noexcept;
 
 } // namespace zarn
