@@ -109,7 +109,8 @@ LineEditor::LineEditor(Completer completer) : _p(std::make_unique<Private>())
     ::el_set(line, EL_EDITOR, "emacs");
     ::el_set(line, EL_SIGNAL, 1);
     ::el_set(line, EL_HIST, ::history, _p->history.get());
-    ::el_set(line, EL_ADDFN, "zarn-complete", "Complete the word", &Private::complete);
+    // The form for narrow characters copies these two texts and never frees the copies.
+    ::el_wset(line, EL_ADDFN, L"zarn-complete", L"Complete the word", &Private::complete);
     ::el_set(line, EL_BIND, "^I", "zarn-complete", nullptr);
     ::el_set(line, EL_BIND, "^R", "em-inc-search-prev", nullptr);
     ::el_source(line, nullptr);
