@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Edits a score with nothing but the installed library, as the README shows it.
 #include <ZarnCore/events/ZarnEvents.h>
-#include <ZarnCore/model/ZarnMasterTrack.h>
-#include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/score/ZarnScore.h>
 
 #include <iostream>

@@ -3,6 +3,7 @@
 
 #include <ZarnCore/ZarnExport.h>
 #include <ZarnCore/instruments/ZarnAutomationContainer.h>
+#include <ZarnCore/instruments/ZarnMastering.h>
 #include <ZarnCore/model/ZarnChildList.h>
 #include <ZarnCore/model/ZarnDirectionAccessors.h>
 #include <ZarnCore/model/ZarnMasterBar.h>
@@ -16,7 +17,6 @@
 
 namespace zarn {
 
-class Mastering;
 class ScoreModel;
 class ScoreModelRange;
 

@@ -8,6 +8,8 @@
 #include <ZarnCore/instruments/ZarnAutomation.h>
 #include <ZarnCore/instruments/ZarnInstrumentSet.h>
 #include <ZarnCore/model/ZarnRetuning.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/ZarnScoreModelRange.h>
 #include <ZarnCore/score/ZarnScoreCursor.h>
 #include <ZarnCore/utils/SignalContainer.h>
 
@@ -25,14 +27,10 @@ class AudioTrack;
 class GuitarTuning;
 class IZarnRendererStyleSheet;
 class KeySignature;
-class MasterTrack;
 class NoteDynamic;
 class RhythmValue;
-class ScoreModel;
-class ScoreModelRange;
 class Sound;
 class TimeSignature;
-class Track;
 enum class DirectionMark : std::uint8_t;
 enum class HeaderAndFooter : std::uint8_t;
 enum class TripletFeel : std::uint8_t;
