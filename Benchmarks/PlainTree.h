@@ -11,9 +11,9 @@
 #include <utility>
 #include <vector>
 
-/// What the score tree is measured against: the same nodes held by shared pointers that they can
-/// answer themselves, with weak parents, stored indexes and the same payload, and nothing else.
-/// Each vector is shifted and renumbered once per block.
+/// What the score tree is measured against: the same nodes held by shared pointers, with weak
+/// parents, stored indexes and the same payload, and nothing else. Each vector is shifted and
+/// renumbered once per block.
 namespace plain {
 
 struct Beat;
@@ -22,13 +22,13 @@ struct Bar;
 struct Staff;
 struct Track;
 
-struct Note : std::enable_shared_from_this<Note> {
+struct Note {
     std::weak_ptr<Beat> parent;
     std::array<std::int8_t, 4> place{};
     std::uint32_t attributes = 0;
 };
 
-struct Beat : std::enable_shared_from_this<Beat> {
+struct Beat {
     std::weak_ptr<Voice> parent;
     unsigned index = 0;
     std::array<std::uint8_t, 6> attributes{};
@@ -37,13 +37,13 @@ struct Beat : std::enable_shared_from_this<Beat> {
     std::unique_ptr<std::string> words;
 };
 
-struct Voice : std::enable_shared_from_this<Voice> {
+struct Voice {
     std::weak_ptr<Bar> parent;
     unsigned index = 0;
     std::vector<std::shared_ptr<Beat>> beats;
 };
 
-struct Bar : std::enable_shared_from_this<Bar> {
+struct Bar {
     std::weak_ptr<Staff> parent;
     unsigned index = 0;
     std::array<std::uint8_t, 3> attributes{};
@@ -51,7 +51,7 @@ struct Bar : std::enable_shared_from_this<Bar> {
     std::unique_ptr<std::string> changes;
 };
 
-struct Staff : std::enable_shared_from_this<Staff> {
+struct Staff {
     unsigned index = 0;
     std::vector<std::shared_ptr<Bar>> bars;
 };
