@@ -43,6 +43,7 @@ constexpr TrackDefaults rows[] = {
     {Set::brass, Icon::Brass},
 
     {Set::accordion, Icon::Reed, 2},
+    {Set::bandoneon, Icon::Reed, 2},
     {Set::pipeOrgan, Icon::Reed, 2},
     {Set::bassoon, Icon::Reed, 1, Clef::F4},
     {Set::contrabassoon, Icon::Reed, 1, Clef::F4, -12},
@@ -59,6 +60,7 @@ constexpr TrackDefaults rows[] = {
     {Set::chordophone, Icon::Piano, 2},
     {Set::electricOrgan, Icon::Piano, 2},
     {Set::bassSynthesizer, Icon::Synthesizer, 1, Clef::F4},
+    {Set::keySynthesizer, Icon::Synthesizer, 2},
     {Set::electrophone, Icon::Synthesizer},
     {Set::celesta, Icon::PitchedIdiophone, 2, Clef::G2, 12},
     {Set::xylophone, Icon::PitchedIdiophone, 1, Clef::G2, 12},
@@ -110,8 +112,9 @@ const TrackDefaults &trackDefaults(InstrumentSet::Type type) noexcept
 
 ClefType defaultClef(InstrumentSet::Type type, unsigned staffIndex) noexcept
 {
-    const TrackDefaults &defaults = trackDefaults(type);
-    return defaults.staffCount == 2 && staffIndex == 1 ? ClefType::F4 : defaults.clef;
+    const ClefType clef = trackDefaults(type).clef;
+    const bool isBelow = staffIndex == 1 && !InstrumentSet::isStringed(type);
+    return clef == ClefType::G2 && isBelow ? ClefType::F4 : clef;
 }
 
 } // namespace zarn

@@ -31,7 +31,8 @@ struct TrackDefaults {
 /// The row of a category: its own, or that of the smallest group which holds it.
 ZARNCORE_EXPORT const TrackDefaults &trackDefaults(InstrumentSet::Type type) noexcept;
 
-/// Clef at the start of a staff: that of the table; the second of two staves has a bass clef.
+/// Clef at the start of a staff: that of the table; below a treble clef stands a bass clef, as on
+/// a piano, but not below that of a fretted instrument.
 ZARNCORE_EXPORT ClefType defaultClef(InstrumentSet::Type type, unsigned staffIndex) noexcept;
 
 } // namespace zarn
