@@ -1,44 +1,56 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ZarnCore/ZarnExport.h>
+#include <ZarnCore/model/ZarnBeatSpan.h>
+#include <ZarnCore/model/ZarnRangeBarIterator.h>
+#include <ZarnCore/model/ZarnRangeBeatIterator.h>
+#include <ZarnCore/model/ZarnRangeNoteIterator.h>
+#include <ZarnCore/model/ZarnScoreModelRange.h>
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 #include <vector>
 
 namespace zarn {
 
-class Bar;
-class Beat;
-class Note;
-class ScoreModel;
-class ScoreModelRange;
-
-/// The bars, beats or notes that a range selects, in the order of the tree; empty when the range
-/// names no place of the model. Both ends belong to it.
-///
-/// - A range over several tracks (`isMultiTrack`) takes the bars of every staff, any other those of
-///   `stavesOf` in the track of its first end.
-/// - In multi-voice mode whole bars of all voices are taken; otherwise the voice of the first end,
-///   in the first and last bar from and up to the beats of the ends. An end without a beat takes
-///   its whole bar.
-/// - A single place that names a note (by string, MIDI pitch or element) takes that note alone.
+/// How the nodes of a kind are walked.
 template <class Node>
-std::vector<std::shared_ptr<Node>> nodesInRange(ScoreModel &model, const ScoreModelRange &range);
+struct RangeWalk;
+template <>
+struct RangeWalk<Bar> {
+    using Iterator = RangeBarIterator;
+    static constexpr auto node = &RangeBarIterator::bar;
+};
+template <>
+struct RangeWalk<Beat> {
+    using Iterator = RangeBeatIterator;
+    static constexpr auto node = &RangeBeatIterator::beat;
+};
+template <>
+struct RangeWalk<Note> {
+    using Iterator = RangeNoteIterator;
+    static constexpr auto node = &RangeNoteIterator::note;
+};
 
-template <>
-ZARNCORE_EXPORT std::vector<std::shared_ptr<Bar>> nodesInRange(ScoreModel &model,
-                                                               const ScoreModelRange &range);
-template <>
-ZARNCORE_EXPORT std::vector<std::shared_ptr<Beat>> nodesInRange(ScoreModel &model,
-                                                                const ScoreModelRange &range);
-template <>
-ZARNCORE_EXPORT std::vector<std::shared_ptr<Note>> nodesInRange(ScoreModel &model,
-                                                                const ScoreModelRange &range);
+/// The bars, beats or notes that a range selects in a model, as their iterator gives them; a list
+/// that stays when the tree is changed. The model of the range's indexes is not looked at.
+template <class Node>
+std::vector<std::shared_ptr<Node>> nodesInRange(ScoreModel &model, const ScoreModelRange &range)
+{
+    std::vector<std::shared_ptr<Node>> nodes;
+    for (typename RangeWalk<Node>::Iterator it(rangeIn(model, range)); it.oneStep();)
+        nodes.push_back((it.*RangeWalk<Node>::node)());
+    return nodes;
+}
 
 /// The staves, first and last, that a range over one track reaches: from end to end in multi-voice
 /// mode, else that of the first end.
-ZARNCORE_EXPORT std::pair<unsigned, unsigned> stavesOf(const ScoreModelRange &range) noexcept;
+inline std::pair<unsigned, unsigned> stavesOf(const ScoreModelRange &range) noexcept
+{
+    const unsigned first = range.first().staffIndex();
+    return range.isMultiVoice() ? std::minmax({first, range.second().staffIndex()})
+                                : std::make_pair(first, first);
+}
 
 } // namespace zarn
