@@ -11,7 +11,7 @@ install(EXPORT ZarnCoreTargets NAMESPACE Zarn:: DESTINATION ${zarn_cmake_dir})
 foreach(folder ZarnCore filesystem)
     install(DIRECTORY Sources/${folder} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zarncore
         FILES_MATCHING PATTERN "*.h" PATTERN "ZarnPrecompiled.h" EXCLUDE
-        REGEX "/io/(musicxml|native|text)/" EXCLUDE)
+        REGEX "/(io/(musicxml|native|text)|core)/" EXCLUDE)
 endforeach()
 
 configure_package_config_file(cmake/ZarnCoreConfig.cmake.in ZarnCoreConfig.cmake

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/ZarnLog.h>
+#include <ZarnCore/ZarnLogCrashException.h>
 
 #include <gtest/gtest.h>
 
@@ -27,6 +28,17 @@ TEST(CoreException, textOfACopyOutlivesTheOriginal)
     original.reset();
     EXPECT_STREQ(copy.what(), "gone (file: F line: 1 func: N)");
     EXPECT_STREQ(assigned.what(), copy.what());
+}
+
+TEST(LogCrashException, isCaughtAsACoreExceptionAndNamesTheLog)
+{
+    try {
+        throw zarn::LogCrashException("M", "F", "N", 7, QStringLiteral("/logs/lastLog.lgz"));
+    } catch (const CoreException &error) {
+        EXPECT_STREQ(error.what(), "M (file: F line: 7 func: N)");
+        const auto copy = dynamic_cast<const zarn::LogCrashException &>(error);
+        EXPECT_EQ(copy.getLogFilename(), QStringLiteral("/logs/lastLog.lgz"));
+    }
 }
 
 TEST(Assertion, textIsTheExpressionAsWritten)
