@@ -19,7 +19,7 @@ struct PlainWalk {
     {
         PlainWalk walk;
         walk.visit(
-            model, [](auto...) { return true; }, [](auto...) { return true; });
+            model, 0, ~0U, [](auto...) { return true; }, [](auto...) { return true; });
         return walk;
     }
 
@@ -35,11 +35,10 @@ struct PlainWalk {
         const auto mode = static_cast<unsigned>(range.selectionMode());
         const bool allVoices = (mode & 2) != 0;
         const bool hasBeats = allVoices || (hasBeat(model, *ends[0]) && hasBeat(model, *ends[1]));
+        const auto bars = std::minmax({ends[0]->barIndex(), ends[1]->barIndex()});
         walk.visit(
-            model,
-            [&](int track, unsigned staff, int bar) {
-                return takesBar(ends, mode, track, staff, bar);
-            },
+            model, static_cast<unsigned>(bars.first), static_cast<unsigned>(bars.second),
+            [&](int track, unsigned staff) { return takesStaff(ends, mode, track, staff); },
             [&](const zarn::Voice &voice, int bar, const zarn::Beat &beat) {
                 return hasBeats && (allVoices || takesBeat(ends, voice, bar, beat));
             });
@@ -56,25 +55,27 @@ struct PlainWalk {
 private:
     using Places = const zarn::ScoreModelIndex *[2];
 
-    template <class TakesBar, class TakesBeat>
-    void visit(const zarn::ScoreModel &model, const TakesBar &takesBar, const TakesBeat &takesBeat)
+    template <class TakesStaff, class TakesBeat>
+    void visit(const zarn::ScoreModel &model, unsigned firstBar, unsigned lastBar,
+               const TakesStaff &takesStaff, const TakesBeat &takesBeat)
     {
         for (const auto &track : model.tracks())
-            for (const auto &staff : track->staves())
-                for (const auto &bar : staff->bars()) {
-                    const int number = static_cast<int>(bar->index());
-                    if (!takesBar(static_cast<int>(track->index()), staff->index(), number))
-                        continue;
+            for (const auto &staff : track->staves()) {
+                if (!takesStaff(static_cast<int>(track->index()), staff->index()))
+                    continue;
+                for (unsigned i = firstBar; i <= lastBar && i < staff->barCount(); ++i) {
+                    const auto &bar = staff->bars()[i];
                     bars.push_back(bar);
                     for (const auto &voice : bar->voices())
                         for (const auto &beat : voice ? voice->beats() : zarn::Voice::Beats()) {
-                            if (!takesBeat(*voice, number, *beat))
+                            if (!takesBeat(*voice, static_cast<int>(i), *beat))
                                 continue;
                             beats.push_back(beat);
                             for (const auto &note : beat->notes())
                                 notes.push_back(note);
                         }
                 }
+            }
     }
 
     static bool hasBar(const zarn::ScoreModel &model, const zarn::ScoreModelIndex &place)
@@ -94,13 +95,11 @@ private:
         return voice && voice->beat(static_cast<unsigned>(place.beatIndex()));
     }
 
-    static bool takesBar(const Places &ends, unsigned mode, int track, unsigned staff, int bar)
+    static bool takesStaff(const Places &ends, unsigned mode, int track, unsigned staff)
     {
         const auto lies = [](auto number, auto a, auto b) {
             return std::min(a, b) <= number && number <= std::max(a, b);
         };
-        if (!lies(bar, ends[0]->barIndex(), ends[1]->barIndex()))
-            return false;
         if (mode == 7)
             return true;
         if (track != ends[0]->trackIndex() || track != ends[1]->trackIndex())

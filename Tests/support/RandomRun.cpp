@@ -2,6 +2,7 @@
 #include "RandomRun.h"
 
 #include "EventMirror.h"
+#include "KeptPlaces.h"
 
 #include <ZarnCore/io/ZarnNativeExporter.h>
 #include <ZarnCore/model/ZarnModelCheck.h>
@@ -37,12 +38,25 @@ std::string firstProblem(const Score &score)
     return problems.empty() ? std::string() : "the tree is broken: " + problems.front();
 }
 
-std::size_t undoAll(Score &score)
+/// Back to the start, or until a fault.
+std::string undoAll(Score &score, KeptPlaces &kept, std::size_t &steps)
 {
-    std::size_t steps = 0;
-    for (; score.commandStack().undoAvailable(); ++steps)
+    std::string fault;
+    for (steps = 0; score.commandStack().undoAvailable() && fault.empty(); ++steps) {
         score.commandStack().undo();
-    return steps;
+        fault = kept.fault();
+    }
+    return fault;
+}
+
+std::string redoAll(Score &score, KeptPlaces &kept, std::size_t steps)
+{
+    std::string fault;
+    for (std::size_t i = 0; i < steps && fault.empty(); ++i) {
+        score.commandStack().redo();
+        fault = kept.fault();
+    }
+    return fault;
 }
 
 std::string compareAfter(const char *what, const std::string &expected, const Score &score)
@@ -104,6 +118,7 @@ void RandomRun::runAll(Result &result) const
     Score score;
     *score.scoreModel() = model;
     const EventMirror mirror(score);
+    KeptPlaces kept(score, seed);
     RandomEditor editor(score, seed, 2 * edits + 64);
     const std::string before = document(score);
     const unsigned interval = std::max(1U, edits / std::max(1U, checks));
@@ -111,6 +126,8 @@ void RandomRun::runAll(Result &result) const
     while (editor.tally().edits < edits && result.fault.empty()) {
         editor.step();
         result.fault = mirror.fault();
+        if (result.fault.empty())
+            result.fault = kept.fault();
         if (result.fault.empty() && editor.tally().edits >= nextCheck) {
             nextCheck += interval;
             result.fault = checkSomeSteps(score, interval / 2);
@@ -121,15 +138,16 @@ void RandomRun::runAll(Result &result) const
         return;
     const std::string after = document(score);
     for (int round = 0; round < 2 && result.fault.empty(); ++round) {
-        result.steps = undoAll(score);
-        result.fault = compareAfter("undone,", before, score);
+        result.fault = undoAll(score, kept, result.steps);
+        if (result.fault.empty())
+            result.fault = compareAfter("undone,", before, score);
         if (result.fault.empty())
             result.fault = mirror.fault();
         if (!result.fault.empty())
             break;
-        for (std::size_t i = 0; i < result.steps; ++i)
-            score.commandStack().redo();
-        result.fault = compareAfter("redone,", after, score);
+        result.fault = redoAll(score, kept, result.steps);
+        if (result.fault.empty())
+            result.fault = compareAfter("redone,", after, score);
     }
 }
 
@@ -138,6 +156,7 @@ std::string RandomRun::findCulprit() const
     Score score;
     *score.scoreModel() = model;
     const EventMirror mirror(score);
+    KeptPlaces kept(score, seed);
     RandomEditor editor(score, seed, 2 * edits + 64);
     std::string before = document(score);
     for (unsigned number = 1; editor.tally().edits < edits; ++number) {
@@ -148,6 +167,8 @@ std::string RandomRun::findCulprit() const
         std::string fault = firstProblem(score);
         if (fault.empty())
             fault = mirror.fault();
+        if (fault.empty())
+            fault = kept.fault();
         const bool isStepped = editor.lastStep().compare(0, 4, "undo") == 0;
         if (fault.empty() && !isStepped && editor.tally().takenBack != tally.takenBack
             && after != before)

@@ -13,7 +13,8 @@ class ScoreModel;
 }
 
 /// A long run of random edits on one score, with the proof that nothing is lost: undone, the
-/// document is what it was, to the byte; redone, what it became; and the tree is sound on the way.
+/// document is what it was, to the byte; redone, what it became; the tree is sound on the way, and
+/// places and selections that are kept meanwhile name what is there.
 struct RandomRun {
     /// The score is copied.
     const zarn::ScoreModel &model;
