@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The score tree against a plain tree: 32 tracks of 2,000 bars of 4 beats of 2 notes.
+#include "BigScore.h"
 #include "PlainTree.h"
 #include "RatioReport.h"
 
@@ -14,16 +15,7 @@
 
 namespace {
 
-constexpr unsigned trackCount = 32;
-constexpr unsigned barCount = 2000;
-constexpr unsigned beatCount = 4;
-constexpr unsigned notesPerBeat = 2;
-constexpr unsigned noteCount = trackCount * barCount * beatCount * notesPerBeat;
-
-int pitch(unsigned bar, unsigned beat, unsigned note)
-{
-    return static_cast<int>(40 + (bar * 7 + beat * 3 + note * 4) % 48);
-}
+using namespace bench::bigscore;
 
 plain::Score buildPlain()
 {
@@ -50,23 +42,6 @@ plain::Score buildPlain()
     return score;
 }
 
-void buildOurs(zarn::ScoreModel &model)
-{
-    model.insertEmptyBarColumns(0, barCount);
-    for (unsigned t = 0; t < trackCount; ++t)
-        model.createAndInsertTrack(t, zarn::InstrumentSet::steelGuitar);
-    for (const auto &track : model.tracks())
-        for (const auto &bar : track->bars(0)) {
-            const auto voice = bar->ensureVoice(0);
-            for (unsigned b = 0; b < beatCount; ++b) {
-                const auto beat = std::make_shared<zarn::Beat>();
-                voice->addBeat(beat);
-                for (unsigned n = 0; n < notesPerBeat; ++n)
-                    beat->addNote(std::make_shared<zarn::Note>(pitch(bar->index(), b, n)));
-            }
-        }
-}
-
 /// Both trees, built when they are asked for first.
 plain::Score &plainScore()
 {
@@ -78,7 +53,7 @@ zarn::Score &ourScore()
 {
     static const std::unique_ptr<zarn::Score> score = [] {
         auto built = std::make_unique<zarn::Score>();
-        buildOurs(*built->scoreModel());
+        build(*built->scoreModel());
         return built;
     }();
     return *score;
@@ -140,7 +115,7 @@ std::pair<double, double> heapUse()
     }
     const double middle = used();
     zarn::Score score;
-    buildOurs(*score.scoreModel());
+    build(*score.scoreModel());
     return {plainUse / noteCount, (used() - middle) / noteCount};
 }
 
@@ -175,7 +150,7 @@ int main(int argc, char **argv)
             for (auto _ : state) {
                 std::optional<zarn::Score> score(std::in_place);
                 const IterationTimer timer(state);
-                buildOurs(*score->scoreModel());
+                build(*score->scoreModel());
                 benchmark::DoNotOptimize(score);
             }
         },
