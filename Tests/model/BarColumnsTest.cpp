@@ -18,7 +18,22 @@ void addTempo(AutomationContainer &container, unsigned bar, float position, floa
     container.insertAutomation(std::move(tempo));
 }
 
-/// Marks, automations and directions everywhere, so that every joint has something to lose.
+/// Ties a note over the bar line in front of a bar of the first track.
+void tieOver(const ScoreModel &model, unsigned bar)
+{
+    const auto from = std::make_shared<Note>(33);
+    const auto to = std::make_shared<Note>(33);
+    model.track(0)->bar(bar - 1)->ensureVoice(0)->addBeat(
+        makeBeat(RhythmValue::NoteValue::Quarter));
+    model.track(0)->bar(bar - 1)->voice(0)->beats().back()->addNote(from);
+    model.track(0)->bar(bar)->ensureVoice(0)->insertBeat(0,
+                                                         makeBeat(RhythmValue::NoteValue::Quarter));
+    model.track(0)->bar(bar)->voice(0)->beats().front()->addNote(to);
+    from->setTieOrigin(true);
+    to->setTied(true);
+}
+
+/// Marks, ties, automations and directions everywhere, so that every joint has something to lose.
 void decorate(ScoreModel &model, std::mt19937 &random)
 {
     MasterTrack &master = *model.masterTrack();
@@ -28,6 +43,8 @@ void decorate(ScoreModel &model, std::mt19937 &random)
     const auto bar = [&] { return static_cast<unsigned>(random() % count); };
     master.setDirection(static_cast<int>(random() % DirectionMarkCount), static_cast<int>(bar()));
     addTempo(master, bar(), random() % 2 == 0 ? 0.f : 0.5f, static_cast<float>(60 + random() % 99));
+    if (count > 1)
+        tieOver(model, 1 + bar() % (count - 1));
     for (const auto &track : model.tracks()) {
         addTempo(track->mutableAutomations(), bar(), 0.f, static_cast<float>(random() % 99));
         for (const auto &staff : track->staves()) {
@@ -71,6 +88,37 @@ TEST(BarColumns, directionsAndAutomationsFollowTheirBars)
     model->insertEmptyBarColumns(0, 1);
     EXPECT_TRUE(master.hasAutomation(Automation::Type::Tempo, 0, 0));
     EXPECT_EQ(master.segno(), 2);
+}
+
+TEST(BarColumns, tiesThatAChangeTearsApartAreUndone)
+{
+    const auto model = makeBand(4);
+    tieOver(*model, 1);
+    tieOver(*model, 2);
+    const auto begins = [&](unsigned bar) {
+        return model->track(0)->bar(bar)->voice(0)->beats().front()->notes().front()->isTied();
+    };
+    const auto ends = [&](unsigned bar) {
+        return model->track(0)->bar(bar)->voice(0)->beats().back()->notes().front()->isTieOrigin();
+    };
+    // Without bar 1 the tie into it and the tie out of it are one: the key is the same.
+    auto columns = model->takeBarColumns(1, 1);
+    EXPECT_TRUE(ends(0) && begins(1));
+    model->putBackBarColumns(std::move(columns));
+    EXPECT_TRUE(ends(0) && begins(1) && ends(1) && begins(2));
+
+    const auto surroundings = model->insertEmptyBarColumns(1, 1);
+    EXPECT_FALSE(ends(0) || begins(2));
+    EXPECT_TRUE(ends(2) && begins(3));
+    model->takeBarColumns(1, 1);
+    model->restoreSurroundings(surroundings);
+    EXPECT_TRUE(ends(0) && begins(1));
+
+    // A tie out of what was removed in front.
+    columns = model->takeBarColumns(0, 1);
+    EXPECT_FALSE(begins(0));
+    model->putBackBarColumns(std::move(columns));
+    EXPECT_TRUE(ends(1) && begins(2));
 }
 
 TEST(BarColumns, newBarsHaveMeterAndKeyOfTheBarBefore)

@@ -18,10 +18,23 @@ struct SimileMarkPlace {
     SimileMark mark = SimileMark::None;
 };
 
+/// The ties of a note beside inserted or removed columns, as they were before.
+struct TiePlace {
+    unsigned track = 0;
+    unsigned staff = 0;
+    unsigned bar = 0;
+    unsigned voice = 0;
+    unsigned beat = 0;
+    unsigned note = 0;
+    bool isTied = false;
+    bool isTieOrigin = false;
+};
+
 /// What inserting or removing bar columns changes in the columns that stay.
 struct BarColumnSurroundings {
     MasterTrack::DirectionSlots directions = {};
     std::vector<SimileMarkPlace> simileMarks;
+    std::vector<TiePlace> ties;
 };
 
 /// Bar columns that were taken out of a model, owned while they are out, with all that is needed

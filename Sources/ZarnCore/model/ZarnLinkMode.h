@@ -11,9 +11,9 @@ enum class LinkMode : std::uint8_t {
     /// The neighbours stay as they are.
     None,
 
-    /// What the change tore apart is mended. In a staff, a simile bar that lost the bar it repeats
-    /// is unmarked, with the other half of a double simile. In a voice, a tie between two beats
-    /// that no longer follow each other is undone at both ends, over the bar line too.
+    /// What the change tore apart is mended. A simile bar that lost the bar it repeats is unmarked,
+    /// with the other half of a double simile. A tie between two beats of a voice that no longer
+    /// follow each other is undone at both ends, over the bar line too.
     Mend,
 };
 

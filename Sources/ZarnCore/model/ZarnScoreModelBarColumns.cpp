@@ -19,6 +19,34 @@ void collectSimileMarks(const ScoreModel &model, unsigned from, unsigned to,
                     {track->index(), staff->index(), i, staff->bars()[i]->simileMark()});
 }
 
+void collectTies(const Bar &bar, const Staff &staff, unsigned track, bool atEnd,
+                 std::vector<TiePlace> &ties)
+{
+    for (const auto &voice : bar.voices()) {
+        if (!voice || voice->isEmpty())
+            continue;
+        const Beat &beat = atEnd ? *voice->beats().back() : *voice->beats().front();
+        for (unsigned i = 0; i < beat.noteCount(); ++i) {
+            const Note &note = *beat.notes()[i];
+            ties.push_back({track, staff.index(), bar.index(), voice->index(), beat.index(), i,
+                            note.isTied(), note.isTieOrigin()});
+        }
+    }
+}
+
+/// Ties of the beats that face a joint: those that end the columns up to `end`, not included, and
+/// those that begin the columns from `begin` on. Untied notes are noted too, as are simile marks.
+void collectTies(const ScoreModel &model, unsigned end, unsigned begin, std::vector<TiePlace> &ties)
+{
+    for (const auto &track : model.tracks())
+        for (const auto &staff : track->staves()) {
+            if (end > 0 && end <= staff->barCount())
+                collectTies(*staff->bars()[end - 1], *staff, track->index(), true, ties);
+            if (begin < staff->barCount())
+                collectTies(*staff->bars()[begin], *staff, track->index(), false, ties);
+        }
+}
+
 // Most tracks have no automations: their many slots need not be looked at.
 AutomationContainer::ErasedBlocks eraseAutomations(AutomationContainer &container, unsigned first,
                                                    unsigned last)
@@ -42,6 +70,7 @@ BarColumnSurroundings ScoreModel::insertEmptyBarColumns(unsigned index, unsigned
     BarColumnSurroundings before;
     before.directions = _masterTrack->directionSlots();
     collectSimileMarks(*this, index < 2 ? 0 : index - 2, index + 2, before.simileMarks);
+    collectTies(*this, index, index, before.ties);
 
     _masterTrack->insertEmptyMasterBars(index, count);
     for (const auto &track : tracks())
@@ -61,6 +90,7 @@ BarColumns ScoreModel::takeBarColumns(unsigned first, unsigned last)
     taken.surroundings.directions = _masterTrack->directionSlots();
     collectSimileMarks(*this, first < 2 ? 0 : first - 2, first, taken.surroundings.simileMarks);
     collectSimileMarks(*this, last + 1, last + 3, taken.surroundings.simileMarks);
+    collectTies(*this, first, last + 1, taken.surroundings.ties);
 
     taken.automations.reserve(1 + trackCount());
     taken.automations.push_back(_masterTrack->eraseBlocks(first, last));
@@ -108,6 +138,16 @@ void ScoreModel::restoreSurroundings(const BarColumnSurroundings &surroundings)
         if (const auto track = _tracks.at(place.track))
             if (const auto bar = track->bar(place.bar, place.staff))
                 bar->setSimileMark(place.mark);
+    for (const TiePlace &place : surroundings.ties) {
+        const auto track = _tracks.at(place.track);
+        const auto bar = track ? track->bar(place.bar, place.staff) : nullptr;
+        const auto voice = bar ? bar->voice(place.voice) : nullptr;
+        const auto beat = voice ? voice->beat(place.beat) : nullptr;
+        if (!beat || place.note >= beat->noteCount())
+            continue;
+        beat->notes()[place.note]->setTied(place.isTied);
+        beat->notes()[place.note]->setTieOrigin(place.isTieOrigin);
+    }
 }
 
 } // namespace zarn

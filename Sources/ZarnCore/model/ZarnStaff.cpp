@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/model/ZarnStaff.h>
 
+#include <ZarnCore/model/ZarnTies.h>
 #include <ZarnCore/model/ZarnTrack.h>
 #include <ZarnCore/model/ZarnTrackDefaults.h>
 
@@ -78,8 +79,12 @@ void Staff::insertEmptyBars(unsigned index, unsigned count, LinkMode mode)
         bar->setOttavia(start.ottavia);
     }
     insertBars(index, std::move(bars));
-    if (mode == LinkMode::Mend)
-        mendSimilesAround(std::min(index, barCount()));
+    if (mode == LinkMode::Mend) {
+        index = std::min(index, barCount() - count);
+        mendSimilesAround(index);
+        mendTiesOverBarLine(*this, index);
+        mendTiesOverBarLine(*this, index + count);
+    }
 }
 
 void Staff::insertBars(unsigned index, Bars bars)
@@ -100,6 +105,7 @@ Staff::Bars Staff::takeBars(unsigned first, unsigned last, LinkMode mode)
     if (mode == LinkMode::Mend && !taken.empty()) {
         unmarkSimile(first);
         mendSimilesAround(first);
+        mendTiesOverBarLine(*this, first);
     }
     return taken;
 }

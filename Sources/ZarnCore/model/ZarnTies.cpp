@@ -41,18 +41,21 @@ std::shared_ptr<Beat> neighbourBeat(const Voice &voice, int step)
     return step < 0 ? other->beats().back() : other->beats().front();
 }
 
-void mendJoint(const Voice &voice, unsigned index)
+void mendBetween(const Beat *before, const Beat *after)
 {
-    const auto before = beatInFrontOfJoint(voice, index);
-    const auto after = beatBehindJoint(voice, index);
     if (after)
         for (const auto &note : after->notes())
-            if (note->isTied() && !hasPartner(*note, before.get(), &Note::isTieOrigin))
+            if (note->isTied() && !hasPartner(*note, before, &Note::isTieOrigin))
                 note->setTied(false);
     if (before)
         for (const auto &note : before->notes())
-            if (note->isTieOrigin() && !hasPartner(*note, after.get(), &Note::isTied))
+            if (note->isTieOrigin() && !hasPartner(*note, after, &Note::isTied))
                 note->setTieOrigin(false);
+}
+
+void mendJoint(const Voice &voice, unsigned index)
+{
+    mendBetween(beatInFrontOfJoint(voice, index).get(), beatBehindJoint(voice, index).get());
 }
 
 } // namespace
@@ -72,6 +75,19 @@ void mendTies(Voice &voice, unsigned first, unsigned last)
     mendJoint(voice, first);
     if (last != first)
         mendJoint(voice, last);
+}
+
+void mendTiesOverBarLine(const Staff &staff, unsigned bar)
+{
+    const auto voiceOf = [&staff](unsigned index, unsigned slot) -> const Voice * {
+        return index < staff.barCount() ? staff.bars()[index]->voices()[slot].get() : nullptr;
+    };
+    for (unsigned slot = 0; slot < Bar::MaxVoices; ++slot) {
+        const Voice *const before = bar > 0 ? voiceOf(bar - 1, slot) : nullptr;
+        const Voice *const after = voiceOf(bar, slot);
+        mendBetween(before && !before->isEmpty() ? before->beats().back().get() : nullptr,
+                    after && !after->isEmpty() ? after->beats().front().get() : nullptr);
+    }
 }
 
 void releaseTies(const Voice &voice, unsigned beat, const Note &note)
