@@ -148,6 +148,8 @@ void CommandStack::execute(std::unique_ptr<Command> &command, Executed executed)
         _redoTop = redoTop;
         dropRedo();
     }
+    if (_score != nullptr)
+        _score->scoreCursor().settle();
     announce(evt::CommandExecuted());
 }
 
@@ -175,8 +177,12 @@ void CommandStack::undo()
     }
     // Stored before the cursor moves: a listener of that may throw.
     _redo[static_cast<std::size_t>(++_redoTop)] = std::move(command);
-    if (slot.cursor.has_value() && _score != nullptr)
-        _score->scoreCursor().moveToCursor(*slot.cursor);
+    if (_score != nullptr) {
+        if (slot.cursor.has_value())
+            _score->scoreCursor().moveToCursor(*slot.cursor);
+        else
+            _score->scoreCursor().settle();
+    }
     slot.cursor.reset();
     announce(evt::CommandExecuted());
 }

@@ -24,7 +24,9 @@ class Score;
 /// Each step is announced (`CommandPushed`, `CommandWillUndo`, `CommandWillRedo`), then done under
 /// the stack's lock, then closed with `CommandExecuted`, still under the lock. A step that throws,
 /// in the command or in a listener of its announcement, leaves the stack as it was; what a listener
-/// of `CommandExecuted` throws reaches the caller after the step is done and stored.
+/// of `CommandExecuted` throws reaches the caller after the step is done and stored. Between the
+/// change and `CommandExecuted` the score's cursor leaves a place that is gone, or moves back on
+/// undo; see `ScoreCursor::settle`.
 ///
 /// Editing belongs to one thread. Other threads read the score between `tryLock` and `unlock`.
 /// Whatever changes the stack raises when it is called from inside a step: from a command, or from

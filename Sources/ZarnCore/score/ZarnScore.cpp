@@ -64,7 +64,7 @@ void Score::adoptModel(std::shared_ptr<ScoreModel> model)
     _model->setParentScore(nullptr);
     _model = std::move(model);
     _model->setParentScore(this);
-    _cursor.setIndex(_cursor.index()); // the same place, in the new model
+    _cursor.moveToCursor(_cursor); // the same place, or the nearest one, in the new model
 }
 
 std::shared_ptr<MasterTrack> Score::masterTrack() const

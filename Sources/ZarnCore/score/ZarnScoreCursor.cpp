@@ -3,6 +3,7 @@
 
 #include <ZarnCore/events/ZarnScoreEvents.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/score/CursorPlaces.h>
 #include <ZarnCore/score/ZarnScore.h>
 
 #include <utility>
@@ -10,6 +11,8 @@
 namespace zarn {
 
 namespace {
+
+using cursor::Way;
 
 bool isSamePlace(const ScoreModelIndex &a, const ScoreModelIndex &b)
 {
@@ -37,23 +40,80 @@ std::unique_ptr<ScoreCursor> ScoreCursor::cloneScoreCursor() const
 
 void ScoreCursor::moveToCursor(const ScoreCursor &other)
 {
-    setIndex(other._index);
+    ScoreModelIndex place = other._index;
+    if (_score != nullptr)
+        place.setModel(_score->scoreModel().get());
+    moveTo(other._hasGround && !cursor::exists(place) ? cursor::nearest(place) : place);
 }
 
 void ScoreCursor::setIndex(const ScoreModelIndex &index)
 {
-    if (isSamePlace(index, _index))
-        return;
-    if (_score == nullptr) {
-        _index = index;
-        return;
-    }
     ScoreModelIndex place = index;
-    place.setModel(_score->scoreModel().get());
+    if (_score != nullptr)
+        place.setModel(_score->scoreModel().get());
+    moveTo(place);
+}
+
+bool ScoreCursor::isValid() const noexcept
+{
+    return cursor::exists(_index);
+}
+
+bool ScoreCursor::next(CursorStep step)
+{
+    return go(isValid() ? cursor::neighbour(_index, step, Way::Forth) : start());
+}
+
+bool ScoreCursor::previous(CursorStep step)
+{
+    return go(isValid() ? cursor::neighbour(_index, step, Way::Back) : start());
+}
+
+bool ScoreCursor::toFirst(CursorStep step)
+{
+    return go(cursor::end(start(), step, Way::Back));
+}
+
+bool ScoreCursor::toLast(CursorStep step)
+{
+    return go(cursor::end(start(), step, Way::Forth));
+}
+
+bool ScoreCursor::to(CursorStep step, int number)
+{
+    return go(cursor::numbered(start(), step, number));
+}
+
+void ScoreCursor::settle()
+{
+    if (cursor::exists(_index))
+        _hasGround = true;
+    else if (_hasGround)
+        moveTo(cursor::nearest(_index));
+}
+
+/// Where a move begins: here, or at the nearest place that exists.
+ScoreModelIndex ScoreCursor::start() const
+{
+    return isValid() ? _index : cursor::nearest(_index);
+}
+
+bool ScoreCursor::go(const std::optional<ScoreModelIndex> &target)
+{
+    if (!target || !cursor::exists(*target))
+        return false;
+    moveTo(*target);
+    return true;
+}
+
+void ScoreCursor::moveTo(const ScoreModelIndex &place)
+{
+    _hasGround = cursor::exists(place);
     if (isSamePlace(place, _index))
         return;
     const ScoreModelIndex before = std::exchange(_index, place);
-    _score->notify(this, evt::ScoreCursorMoved(before, place));
+    if (_score != nullptr)
+        _score->notify(this, evt::ScoreCursorMoved(before, _index));
 }
 
 } // namespace zarn
