@@ -3,6 +3,7 @@
 
 #include "EventMirror.h"
 #include "KeptPlaces.h"
+#include "RandomCursor.h"
 
 #include <ZarnCore/io/ZarnNativeExporter.h>
 #include <ZarnCore/model/ZarnModelCheck.h>
@@ -38,23 +39,37 @@ std::string firstProblem(const Score &score)
     return problems.empty() ? std::string() : "the tree is broken: " + problems.front();
 }
 
+/// What an editor holds of a score while it changes: selections and the cursor.
+struct Watch {
+    KeptPlaces kept;
+    RandomCursor cursor;
+
+    Watch(Score &score, std::uint64_t seed) : kept(score, seed), cursor(score, seed) { }
+
+    std::string fault()
+    {
+        std::string fault = kept.fault();
+        return fault.empty() ? cursor.fault() : fault;
+    }
+};
+
 /// Back to the start, or until a fault.
-std::string undoAll(Score &score, KeptPlaces &kept, std::size_t &steps)
+std::string undoAll(Score &score, Watch &watch, std::size_t &steps)
 {
     std::string fault;
     for (steps = 0; score.commandStack().undoAvailable() && fault.empty(); ++steps) {
         score.commandStack().undo();
-        fault = kept.fault();
+        fault = watch.fault();
     }
     return fault;
 }
 
-std::string redoAll(Score &score, KeptPlaces &kept, std::size_t steps)
+std::string redoAll(Score &score, Watch &watch, std::size_t steps)
 {
     std::string fault;
     for (std::size_t i = 0; i < steps && fault.empty(); ++i) {
         score.commandStack().redo();
-        fault = kept.fault();
+        fault = watch.fault();
     }
     return fault;
 }
@@ -118,16 +133,17 @@ void RandomRun::runAll(Result &result) const
     Score score;
     *score.scoreModel() = model;
     const EventMirror mirror(score);
-    KeptPlaces kept(score, seed);
+    Watch watch(score, seed);
     RandomEditor editor(score, seed, 2 * edits + 64);
     const std::string before = document(score);
     const unsigned interval = std::max(1U, edits / std::max(1U, checks));
     unsigned nextCheck = interval;
     while (editor.tally().edits < edits && result.fault.empty()) {
+        watch.cursor.move();
         editor.step();
         result.fault = mirror.fault();
         if (result.fault.empty())
-            result.fault = kept.fault();
+            result.fault = watch.fault();
         if (result.fault.empty() && editor.tally().edits >= nextCheck) {
             nextCheck += interval;
             result.fault = checkSomeSteps(score, interval / 2);
@@ -138,14 +154,14 @@ void RandomRun::runAll(Result &result) const
         return;
     const std::string after = document(score);
     for (int round = 0; round < 2 && result.fault.empty(); ++round) {
-        result.fault = undoAll(score, kept, result.steps);
+        result.fault = undoAll(score, watch, result.steps);
         if (result.fault.empty())
             result.fault = compareAfter("undone,", before, score);
         if (result.fault.empty())
             result.fault = mirror.fault();
         if (!result.fault.empty())
             break;
-        result.fault = redoAll(score, kept, result.steps);
+        result.fault = redoAll(score, watch, result.steps);
         if (result.fault.empty())
             result.fault = compareAfter("redone,", after, score);
     }
@@ -156,11 +172,12 @@ std::string RandomRun::findCulprit() const
     Score score;
     *score.scoreModel() = model;
     const EventMirror mirror(score);
-    KeptPlaces kept(score, seed);
+    Watch watch(score, seed);
     RandomEditor editor(score, seed, 2 * edits + 64);
     std::string before = document(score);
     for (unsigned number = 1; editor.tally().edits < edits; ++number) {
         const RandomEditor::Tally tally = editor.tally();
+        watch.cursor.move();
         editor.step();
         const std::string after = document(score);
         const std::string name = "step " + std::to_string(number) + " (" + editor.lastStep() + ") ";
@@ -168,7 +185,7 @@ std::string RandomRun::findCulprit() const
         if (fault.empty())
             fault = mirror.fault();
         if (fault.empty())
-            fault = kept.fault();
+            fault = watch.fault();
         const bool isStepped = editor.lastStep().compare(0, 4, "undo") == 0;
         if (fault.empty() && !isStepped && editor.tally().takenBack != tally.takenBack
             && after != before)

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#include "RandomCursor.h"
+
+#include "RandomPlaces.h"
+
+#include <ZarnCore/events/ZarnScoreEvents.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/score/ZarnScore.h>
+
+using namespace zarn;
+
+RandomCursor::RandomCursor(Score &score, std::uint64_t seed)
+    : _score(score), _random(seed), _announced(score.scoreCursor().index())
+{
+    _connection = score.connectScoped<evt::ScoreCursorMoved>(
+        this, [this](const evt::ScoreCursorMoved &moved) {
+            if (moved.oldValue() != _announced)
+                _fault =
+                    "the cursor moved unheard to " + moved.oldValue().toQString().toStdString();
+            _announced = moved.newValue();
+        });
+}
+
+// A place that never existed is nobody's to keep.
+void RandomCursor::move()
+{
+    ScoreCursor &cursor = _score.scoreCursor();
+    const auto step = static_cast<CursorStep>(_random.below(6));
+    switch (_random.below(6)) {
+    case 0:
+        cursor.setIndex(RandomPlaces(*_score.scoreModel(), _random).gap());
+        break;
+    case 1:
+        cursor.toLast(_random.coin() ? CursorStep::Bar : CursorStep::Track);
+        cursor.toLast(step);
+        break;
+    case 2:
+        cursor.previous(step);
+        break;
+    default:
+        cursor.next(step);
+    }
+    if (!cursor.isValid() && !cursor.toFirst(CursorStep::Bar))
+        cursor.setIndex(ScoreModelIndex());
+}
+
+std::string RandomCursor::fault() const
+{
+    const ScoreModelIndex &place = _score.scoreCursor().index();
+    const std::string where = place.toQString().toStdString();
+    if (!_fault.empty())
+        return _fault;
+    if (place != _announced)
+        return "nobody heard that the cursor moved to " + where;
+    const ScoreModel &model = *_score.scoreModel();
+    if (place.trackIndex() == -1)
+        return {};
+    const auto bar = place.bar();
+    if (bar == nullptr)
+        return "the cursor stands on no bar: " + where;
+    const auto voice = bar->voice(place.voiceIndex());
+    const int beats = voice != nullptr ? static_cast<int>(voice->beatCount()) : 0;
+    if (place.voiceIndex() >= Bar::MaxVoices || place.beatIndex() < -1 || place.beatIndex() > beats)
+        return "the cursor stands on no beat: " + where;
+    const unsigned strings =
+        model.track(place.trackIndex())->staff(place.staffIndex())->tuning().stringCount();
+    if (strings != 0 && place.noteString() != ScoreModelIndex::Unset
+        && place.noteString() >= strings)
+        return "the cursor stands on no string: " + where;
+    return {};
+}
