@@ -3,7 +3,9 @@
 
 #include <ZarnCore/ZarnException.h>
 
+#include <functional>
 #include <random>
+#include <thread>
 
 using namespace zarn;
 using utils::rational;
@@ -159,6 +161,81 @@ TEST(VoiceTime, randomPlacementsKeepTheTime)
             ASSERT_EQ(sum, length);
         }
     }
+}
+
+/// Offsets are kept between changes: every way to change a length must be noticed.
+TEST(VoiceTime, offsetsFollowEveryChange)
+{
+    const auto model = makeBand(1);
+    const auto voice = model->track(0)->bar(0)->voice(0);
+    std::mt19937 random(11);
+    const auto below = [&](unsigned count) { return static_cast<unsigned>(random() % count); };
+    const std::function<void()> changes[] = {
+        [&] { voice->insertBeat(below(9), makeBeat(NoteValue::Eighth, {60})); },
+        [&] {
+            voice->insertBeats(below(9), {makeBeat(NoteValue::Half), makeBeat(NoteValue::Long)});
+        },
+        [&] { voice->removeBeat(below(9)); },
+        [&] { voice->removePlaceHolderBeats(0, below(4)); },
+        [&] { *voice = Voice(*voice); },
+        [&] { voice->insertNoteWithCut(std::make_shared<Note>(62), below(3), rational(2, 3)); },
+        [&] { model->masterTrack()->masterBar(0)->setOwnLength(rational(1 + below(9), 4)); },
+        [&] {
+            voice->beats()[below(voice->beatCount())]->setRhythmValue(
+                RhythmValue(NoteValue::Sixteenth, 1));
+        },
+        [&] {
+            voice->beats()[below(voice->beatCount())]->setGraceType(
+                static_cast<GraceType>(below(3)));
+        },
+        [&] { voice->beats()[below(voice->beatCount())]->setWholeBarRest(below(2) == 0); },
+        [&] { voice->beats()[below(voice->beatCount())]->setPlaceHolder(below(2) == 0); },
+        [&] { voice->beats()[below(voice->beatCount())]->takeNotes(); },
+        [&] { voice->beats()[below(voice->beatCount())]->removeNote(0u); },
+        [&] { voice->beats()[below(voice->beatCount())]->addNote(std::make_shared<Note>(61)); },
+        [&] { *voice->beats()[below(voice->beatCount())] = Beat(RhythmValue(NoteValue::Half)); },
+    };
+    for (int step = 0; step < 4000; ++step) {
+        if (voice->isEmpty() || voice->beatCount() > 12) {
+            voice->clear();
+            voice->addBeat(makeBeat(NoteValue::Quarter));
+        }
+        changes[below(std::size(changes))]();
+        rational offset;
+        for (const auto &beat : voice->beats()) {
+            ASSERT_EQ(voice->beatDrawingOffset(*beat), offset) << step;
+            ASSERT_EQ(voice->beatSoundingOffset(*beat), offset);
+            if (!beat->isGrace()) {
+                ASSERT_EQ(voice->beatStartingAt(offset), beat);
+                ASSERT_EQ(voice->beatAt(offset + beat->length() / 3), beat);
+            }
+            offset += beat->length();
+        }
+        ASSERT_EQ(voice->beatAt(offset), nullptr);
+    }
+    // In a copy that nobody holds yet the beats cannot tell.
+    Voice copy(*voice);
+    copy.beatDrawingOffset(*copy.beats().back());
+    const rational before = copy.length() - copy.beats().front()->length();
+    copy.beats().front()->setGraceType(GraceType::OnBeat);
+    EXPECT_EQ(copy.beatDrawingOffset(*copy.beats().back()) + copy.beats().back()->length(), before);
+}
+
+TEST(VoiceTime, threadsMayAskAtOnce)
+{
+    const auto model = makeBand(200);
+    const auto ask = [&] {
+        rational sum;
+        for (const auto &bar : model->track(0)->bars())
+            for (const auto &beat : bar->voices()[0]->beats())
+                sum += bar->voices()[0]->beatSoundingOffset(*beat);
+        EXPECT_EQ(sum, rational(200 * 5));
+    };
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 4; ++i)
+        threads.emplace_back(ask);
+    for (std::thread &thread : threads)
+        thread.join();
 }
 
 TEST(VoiceTime, mendedTies)

@@ -8,6 +8,11 @@
 
 namespace zarn {
 
+Beat::Beat(const RhythmValue &rhythm) : _rhythm(rhythm)
+{
+    _rhythm.getLength();
+}
+
 Beat &Beat::operator=(const Beat &other)
 {
     if (this == &other)
@@ -22,6 +27,7 @@ Beat &Beat::operator=(const Beat &other)
     _notes = other._notes;
     _words = other._words;
     linkChildren();
+    lengthChanged();
     return *this;
 }
 
@@ -61,17 +67,20 @@ void Beat::insertNote(unsigned index, const std::shared_ptr<Note> &note)
 {
     linkChildren();
     _notes.insert(index, note, weak_from_this());
+    notesChanged();
 }
 
 void Beat::insertNotes(unsigned index, Notes notes)
 {
     linkChildren();
     _notes.insert(index, std::move(notes), weak_from_this());
+    notesChanged();
 }
 
 std::shared_ptr<Note> Beat::removeNote(unsigned index)
 {
     auto taken = _notes.take(index, index);
+    notesChanged();
     return taken.empty() ? nullptr : std::move(taken.front());
 }
 
@@ -83,7 +92,9 @@ bool Beat::removeNote(const std::shared_ptr<Note> &note)
 
 Beat::Notes Beat::takeNotes()
 {
-    return hasNotes() ? _notes.take(0, noteCount() - 1) : Notes();
+    auto taken = hasNotes() ? _notes.take(0, noteCount() - 1) : Notes();
+    notesChanged();
+    return taken;
 }
 
 int Beat::indexOfNote(const Note &note) const noexcept
@@ -92,6 +103,32 @@ int Beat::indexOfNote(const Note &note) const noexcept
         return candidate.get() == &note;
     });
     return found == notes().end() ? -1 : static_cast<int>(found - notes().begin());
+}
+
+void Beat::lengthChanged() const noexcept
+{
+    if (const auto voice = parentVoice())
+        voice->forgetOffsets();
+}
+
+/// The rhythm computes its length here, so that threads that read it later find it done.
+void Beat::setRhythmValue(const RhythmValue &rhythm)
+{
+    _rhythm = rhythm;
+    _rhythm.getLength();
+    lengthChanged();
+}
+
+void Beat::setWholeBarRest(bool wholeBar) noexcept
+{
+    _wholeBarRest = wholeBar;
+    lengthChanged();
+}
+
+void Beat::setGraceType(GraceType type) noexcept
+{
+    _graceType = type;
+    lengthChanged();
 }
 
 utils::rational Beat::length() const

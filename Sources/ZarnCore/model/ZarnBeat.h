@@ -29,7 +29,7 @@ public:
     using Notes = std::vector<std::shared_ptr<Note>>;
 
     Beat() = default;
-    explicit Beat(const RhythmValue &rhythm) : _rhythm(rhythm) { }
+    explicit Beat(const RhythmValue &rhythm);
     Beat(const Beat &other) = default;
     Beat &operator=(const Beat &other);
     ~Beat() = default;
@@ -73,7 +73,7 @@ public:
     int indexOfNote(const Note &note) const noexcept;
 
     const RhythmValue &rhythmValue() const noexcept { return _rhythm; }
-    void setRhythmValue(const RhythmValue &rhythm) { _rhythm = rhythm; }
+    void setRhythmValue(const RhythmValue &rhythm);
 
     /// Time that the beat takes in its bar, in quarters: the rhythm's length, 0 for a grace beat,
     /// the length of the bar for a whole-bar rest.
@@ -87,7 +87,7 @@ public:
 
     /// The rest that fills its bar, whatever the meter.
     bool isWholeBarRest() const noexcept { return _wholeBarRest && !hasNotes(); }
-    void setWholeBarRest(bool wholeBar) noexcept { _wholeBarRest = wholeBar; }
+    void setWholeBarRest(bool wholeBar) noexcept;
 
     NoteDynamic dynamic() const { return NoteDynamic(static_cast<NoteDynamic::Value>(_dynamic)); }
     void setDynamic(const NoteDynamic &dynamic)
@@ -96,7 +96,7 @@ public:
     }
 
     GraceType graceType() const noexcept { return _graceType; }
-    void setGraceType(GraceType type) noexcept { _graceType = type; }
+    void setGraceType(GraceType type) noexcept;
     bool isGrace() const noexcept { return _graceType != GraceType::None; }
 
     /// Drawn with a stroke through the stem.
@@ -134,6 +134,13 @@ private:
     {
         if (!_notes.isLinked())
             _notes.link(weak_from_this());
+    }
+
+    void lengthChanged() const noexcept;
+    void notesChanged() const noexcept
+    {
+        if (_wholeBarRest)
+            lengthChanged();
     }
 
     std::uint8_t _dynamic = 0;

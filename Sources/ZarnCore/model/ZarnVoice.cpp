@@ -11,6 +11,7 @@ Voice &Voice::operator=(const Voice &other)
 {
     _beats = other._beats;
     linkChildren();
+    forgetOffsets();
     return *this;
 }
 
@@ -35,6 +36,7 @@ void Voice::insertBeat(unsigned index, const std::shared_ptr<Beat> &beat, LinkMo
     const unsigned at = std::min(index, beatCount());
     linkChildren();
     _beats.insert(at, beat, weak_from_this());
+    forgetOffsets();
     if (mode == LinkMode::Mend)
         mendTies(*this, at, at + 1);
 }
@@ -45,6 +47,7 @@ void Voice::insertBeats(unsigned index, Beats beats, LinkMode mode)
     const auto count = static_cast<unsigned>(beats.size());
     linkChildren();
     _beats.insert(at, std::move(beats), weak_from_this());
+    forgetOffsets();
     if (mode == LinkMode::Mend && count != 0)
         mendTies(*this, at, at + count);
 }
@@ -58,6 +61,7 @@ std::shared_ptr<Beat> Voice::removeBeat(unsigned index, LinkMode mode)
 Voice::Beats Voice::takeBeats(unsigned first, unsigned last, LinkMode mode)
 {
     auto taken = _beats.take(first, last);
+    forgetOffsets();
     if (mode == LinkMode::Mend && !taken.empty())
         mendTies(*this, first, first);
     return taken;
@@ -66,19 +70,19 @@ Voice::Beats Voice::takeBeats(unsigned first, unsigned last, LinkMode mode)
 void Voice::clear()
 {
     if (!isEmpty())
-        _beats.take(0, beatCount() - 1);
+        takeBeats(0, beatCount() - 1);
 }
 
 unsigned Voice::removePlaceHolderBeats(unsigned first, unsigned last)
 {
     if (first >= beatCount() || first > last)
         return 0;
-    Beats kept = _beats.take(first, last);
+    Beats kept = takeBeats(first, last);
     const auto end = std::remove_if(kept.begin(), kept.end(),
                                     [](const auto &beat) { return beat->isPlaceHolder(); });
     const auto removed = static_cast<unsigned>(kept.end() - end);
     kept.erase(end, kept.end());
-    _beats.insert(first, std::move(kept), weak_from_this());
+    insertBeats(first, std::move(kept));
     return removed;
 }
 

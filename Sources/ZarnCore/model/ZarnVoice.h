@@ -4,6 +4,7 @@
 #include <ZarnCore/ZarnExport.h>
 #include <ZarnCore/model/ZarnBeat.h>
 #include <ZarnCore/model/ZarnChildList.h>
+#include <ZarnCore/model/ZarnLazy.h>
 #include <ZarnCore/model/ZarnLinkMode.h>
 #include <ZarnCore/utils/rational.h>
 
@@ -16,6 +17,9 @@ class Bar;
 
 /// One line of beats in a bar. Its operations touch this voice alone (with `LinkMode::Mend` also
 /// the ties into it and out of it).
+///
+/// Where the beats start is worked out when it is asked for first, and kept until a beat comes,
+/// goes or gets another length. Between changes any number of threads may ask at once.
 class ZARNCORE_EXPORT Voice final : public std::enable_shared_from_this<Voice>,
                                     public IndexedChildLink<Bar> {
 public:
@@ -58,7 +62,9 @@ public:
     /// Removes the place holders among the beats `first` to `last` inclusive; returns how many.
     unsigned removePlaceHolderBeats(unsigned first, unsigned last);
 
-    // Time, in quarters from the start of the bar.
+    // Time, in quarters from the start of the bar. Asked of one beat after the other, all of these
+    // take constant or logarithmic time. (A whole-bar rest is as long as its bar, which the voice
+    // does not hear of: with one among them the beats are added up each time.)
 
     /// Sum of the beats' lengths.
     utils::rational length() const;
@@ -104,14 +110,30 @@ public:
 private:
     friend struct ChildLinkAccess;
 
+    friend class Beat;
+
+    /// Where each beat starts, and behind the last the length of the voice.
+    using Offsets = std::vector<utils::rational>;
+
     void linkChildren()
     {
-        if (!_beats.isLinked())
-            _beats.link(weak_from_this());
+        if (_beats.isLinked())
+            return;
+        _beats.link(weak_from_this());
+        forgetOffsets();
     }
+    Offsets sumUp() const;
+    const Offsets &offsets(Offsets &scratch) const;
+    utils::rational offsetOf(const Beat &beat, const char *function) const;
     utils::rational soundingJoint(unsigned index) const;
 
+    /// To be called whenever the length of a beat may have changed.
+    void forgetOffsets() noexcept { _offsets.forget(); }
+
     ChildList<Voice, Beat> _beats;
+
+    /// No numbers when they depend on more than the beats.
+    Lazy<Offsets> _offsets;
 };
 
 } // namespace zarn

@@ -5,6 +5,8 @@
 #include <ZarnCore/model/ZarnBar.h>
 #include <ZarnCore/model/ZarnMasterBar.h>
 
+#include <algorithm>
+
 namespace zarn {
 namespace {
 
@@ -64,38 +66,61 @@ utils::rational Voice::length() const
     return sum;
 }
 
+Voice::Offsets Voice::sumUp() const
+{
+    Offsets offsets(1);
+    offsets.reserve(beatCount() + 1);
+    for (const auto &beat : beats())
+        offsets.push_back(offsets.back() + beat->length());
+    return offsets;
+}
+
+const Voice::Offsets &Voice::offsets(Offsets &scratch) const
+{
+    const Offsets &kept = _offsets.get([this] {
+        const bool hearsOfChanges = _beats.isLinked()
+            && std::none_of(beats().begin(), beats().end(),
+                            [](const auto &beat) { return beat->isWholeBarRest(); });
+        return hearsOfChanges ? sumUp() : Offsets();
+    });
+    if (!kept.empty())
+        return kept;
+    scratch = sumUp();
+    return scratch;
+}
+
+utils::rational Voice::offsetOf(const Beat &beat, const char *function) const
+{
+    const unsigned index = beat.index();
+    if (index >= beatCount() || beats()[index].get() != &beat)
+        ZARN_RAISE_IN(function, "The beat is not in this voice");
+    Offsets scratch;
+    return offsets(scratch)[index];
+}
+
 utils::rational Voice::beatOffsetIgnoringGraceBeats(const Beat &beat) const
 {
-    utils::rational offset;
-    for (const auto &candidate : beats()) {
-        if (candidate.get() == &beat)
-            return offset;
-        offset += candidate->length();
-    }
-    ZARN_RAISE_IN("zarn::Voice::beatOffsetIgnoringGraceBeats", "The beat is not in this voice");
+    return offsetOf(beat, "zarn::Voice::beatOffsetIgnoringGraceBeats");
 }
 
 utils::rational Voice::beatDrawingOffset(const Beat &beat) const
 {
-    return beatOffsetIgnoringGraceBeats(beat);
+    return offsetOf(beat, "zarn::Voice::beatDrawingOffset");
 }
 
 utils::rational Voice::soundingJoint(unsigned index) const
 {
+    Offsets scratch;
+    const Offsets &all = offsets(scratch);
+    const utils::rational offset = all[index];
     const auto bar = parentBar();
     const auto master = bar ? bar->masterBar() : nullptr;
-    utils::rational offset;
-    utils::rational before;
-    for (unsigned i = 0; i < index; ++i) {
-        const utils::rational length = beats()[i]->length();
-        offset += length;
-        if (!length.isZero())
-            before = length;
-    }
-    utils::rational after;
-    for (unsigned i = index; i < beatCount() && after.isZero(); ++i)
-        after = beats()[i]->length();
-    return swung(offset, before, after, master ? swingOf(master->tripletFeel()) : Swing());
+    if (!master || master->tripletFeel() == TripletFeel::NoTripletFeel)
+        return offset;
+    const auto [here, behind] = std::equal_range(all.begin(), all.end(), offset);
+    const auto before = here == all.begin() ? utils::rational() : offset - *(here - 1);
+    const auto after = behind == all.end() ? utils::rational() : *behind - offset;
+    return swung(offset, before, after, swingOf(master->tripletFeel()));
 }
 
 utils::rational Voice::beatSoundingOffset(const Beat &beat) const
@@ -114,28 +139,18 @@ utils::rational Voice::beatSoundingLength(const Beat &beat) const
 
 std::shared_ptr<Beat> Voice::beatStartingAt(const utils::rational &offset) const
 {
-    utils::rational start;
-    for (const auto &beat : beats()) {
-        if (start > offset)
-            break;
-        if (start == offset && !beat->isGrace())
-            return beat;
-        start += beat->length();
-    }
-    return {};
+    const auto beat = beatAt(offset);
+    return beat && beatDrawingOffset(*beat) == offset ? beat : nullptr;
 }
 
 std::shared_ptr<Beat> Voice::beatAt(const utils::rational &offset) const
 {
-    utils::rational start;
-    for (const auto &beat : beats()) {
-        if (start > offset)
-            break;
-        start += beat->length();
-        if (offset < start && !(offset < utils::rational()))
-            return beat;
-    }
-    return {};
+    Offsets scratch;
+    const Offsets &all = offsets(scratch);
+    const auto behind = std::upper_bound(all.begin(), all.end(), offset);
+    if (behind == all.begin() || behind == all.end())
+        return {};
+    return beats()[static_cast<std::size_t>(behind - all.begin() - 1)];
 }
 
 } // namespace zarn
