@@ -109,6 +109,78 @@ public:
     utils::rational beatSoundingOffset() const;
     utils::rational beatSoundingLength() const;
 
+    /// The same place in another voice: the beat that stands at the drawing offset of this one's,
+    /// its start included and its end not. Where none does, because the other voice is shorter,
+    /// with `nearest` its last beat. The beat is -1 when there is none, here or there; what
+    /// locates a note stays. Four quarters over two halves: the third quarter is the second half,
+    /// and so is the fourth.
+    ScoreModelIndex mapOnVoice(unsigned voice, bool nearest) const;
+
+    // Neighbours: what comes behind or in front of a place in its line, the voices of the same
+    // number in all bars of its staff. Every beat counts: rests, place holders and grace beats. A
+    // place that is no beat lies between beats, -1 before the first of its bar, a number past the
+    // last behind that one. Empty past the ends of the track, and for a place without a bar.
+    //
+    // With a count, the beat so many steps away, or a note in exactly that beat: what a tie or a
+    // slide leads to. A bar whose voice has no beats breaks the line; 0 is the beat itself.
+    // With "Valid", the nearest beat, or the nearest one with such a note, however far: bars whose
+    // voice has no beats are skipped. With `here` the beat of the place comes first.
+    //
+    // From the last beat of | c d | (empty) | e f |: nextBeat(d, 1) is empty,
+    // nextValidBeat(d, false) is e, nextValidBeat(d, true) is d, previousBeat(d, 1) is c.
+
+    static std::shared_ptr<Beat> nextBeat(const ScoreModelIndex &index, unsigned count);
+    static std::shared_ptr<Beat> previousBeat(const ScoreModelIndex &index, unsigned count);
+    static std::shared_ptr<Beat> nextValidBeat(const ScoreModelIndex &index, bool here);
+    static std::shared_ptr<Beat> previousValidBeat(const ScoreModelIndex &index, bool here);
+
+    // The note that the index would name in that beat; from the e' of string 5 fret 0 (string 5
+    // and MIDI key 76 set) the next e' on the same string, not one on string 4. When neither key
+    // nor string is set the element decides; without an element, or on a track that has no
+    // instrument set, that is logged and nothing is found.
+
+    static std::shared_ptr<Note> nextNoteWithSameLocators(const ScoreModelIndex &index,
+                                                          unsigned count);
+    static std::shared_ptr<Note> previousNoteWithSameLocators(const ScoreModelIndex &index,
+                                                              unsigned count);
+    static std::shared_ptr<Note> nextValidNoteWithSameLocators(const ScoreModelIndex &index,
+                                                               bool here);
+    static std::shared_ptr<Note> previousValidNoteWithSameLocators(const ScoreModelIndex &index,
+                                                                   bool here);
+
+    // The first note of that beat that lies on a string (0 the lowest), has a MIDI key, or stands
+    // on a line of the staff (half spaces above the bottom line). An unpitched note stands where
+    // its own staff line says. In | c' e' g' | on strings 3, 4, 5, from the c':
+    // nextFirstNoteWithString(c', 5, 1) is empty, nextFirstNoteWithString(c', 5, 2) and
+    // nextFirstValidNoteWithString(c', 5, false) are the g'.
+
+    static std::shared_ptr<Note> nextFirstNoteWithString(const ScoreModelIndex &index, int string,
+                                                         unsigned count);
+    static std::shared_ptr<Note> previousFirstNoteWithString(const ScoreModelIndex &index,
+                                                             int string, unsigned count);
+    static std::shared_ptr<Note> nextFirstValidNoteWithString(const ScoreModelIndex &index,
+                                                              int string, bool here);
+    static std::shared_ptr<Note> previousFirstValidNoteWithString(const ScoreModelIndex &index,
+                                                                  int string, bool here);
+
+    static std::shared_ptr<Note> nextFirstNoteWithMidi(const ScoreModelIndex &index, int midi,
+                                                       unsigned count);
+    static std::shared_ptr<Note> previousFirstNoteWithMidi(const ScoreModelIndex &index, int midi,
+                                                           unsigned count);
+    static std::shared_ptr<Note> nextFirstValidNoteWithMidi(const ScoreModelIndex &index, int midi,
+                                                            bool here);
+    static std::shared_ptr<Note> previousFirstValidNoteWithMidi(const ScoreModelIndex &index,
+                                                                int midi, bool here);
+
+    static std::shared_ptr<Note> nextFirstNoteWithStaffLine(const ScoreModelIndex &index, int line,
+                                                            unsigned count);
+    static std::shared_ptr<Note> previousFirstNoteWithStaffLine(const ScoreModelIndex &index,
+                                                                int line, unsigned count);
+    static std::shared_ptr<Note> nextFirstValidNoteWithStaffLine(const ScoreModelIndex &index,
+                                                                 int line, bool here);
+    static std::shared_ptr<Note> previousFirstValidNoteWithStaffLine(const ScoreModelIndex &index,
+                                                                     int line, bool here);
+
     /// Same model, track, staff, bar, voice and beat; notes do not count.
     bool equalBeat(const ScoreModelIndex &other) const noexcept;
 

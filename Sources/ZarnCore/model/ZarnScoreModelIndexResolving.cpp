@@ -2,56 +2,10 @@
 // From the numbers of an index to the nodes of its model.
 #include <ZarnCore/model/ZarnScoreModelIndex.h>
 
-#include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/NodesOfIndex.h>
 
 namespace zarn {
 namespace {
-
-/// The child with a number; null for a number that stands for none.
-template <class Children, class Number>
-auto childAt(const Children &children, Number number) noexcept -> decltype(children[0].get())
-{
-    return static_cast<std::int64_t>(number) >= 0
-            && static_cast<std::uint64_t>(number) < children.size()
-        ? children[static_cast<std::size_t>(number)].get()
-        : nullptr;
-}
-
-Track *findTrack(const ScoreModelIndex &index) noexcept
-{
-    const ScoreModel *model = index.model();
-    return model ? childAt(model->tracks(), index.trackIndex()) : nullptr;
-}
-
-Staff *findStaff(const ScoreModelIndex &index) noexcept
-{
-    const Track *track = findTrack(index);
-    return track ? childAt(track->staves(), index.staffIndex()) : nullptr;
-}
-
-Bar *findBar(const ScoreModelIndex &index) noexcept
-{
-    const Staff *staff = findStaff(index);
-    return staff ? childAt(staff->bars(), index.barIndex()) : nullptr;
-}
-
-Voice *findVoice(const ScoreModelIndex &index) noexcept
-{
-    const Bar *bar = findBar(index);
-    return bar ? childAt(bar->voices(), index.voiceIndex()) : nullptr;
-}
-
-Beat *findBeat(const ScoreModelIndex &index) noexcept
-{
-    const Voice *voice = findVoice(index);
-    return voice ? childAt(voice->beats(), index.beatIndex()) : nullptr;
-}
-
-template <class Node>
-std::shared_ptr<Node> shared(Node *node)
-{
-    return node ? node->shared_from_this() : nullptr;
-}
 
 /// What locates a note within its beat.
 struct NoteLocator {
@@ -75,19 +29,18 @@ struct NoteLocator {
     }
 };
 
-Note *findNote(const ScoreModelIndex &index) noexcept
+} // namespace
+
+const std::shared_ptr<Note> *findNote(const Beat &beat, const ScoreModelIndex &index) noexcept
 {
-    const Beat *beat = findBeat(index);
-    if (!beat)
-        return nullptr;
     NoteLocator locator{index.noteMidi(), index.noteString(), index.noteInstrumentArticulation()};
-    const auto search = [&]() -> Note * {
-        for (const auto &note : beat->notes())
+    const auto search = [&]() -> const std::shared_ptr<Note> * {
+        for (const auto &note : beat.notes())
             if (locator.matches(*note))
-                return note.get();
+                return &note;
         return nullptr;
     };
-    Note *found = search();
+    const auto *found = search();
     if (!found && locator.string == 0) {
         // String 0 is also what an index holds that never was given a string.
         locator.string = ScoreModelIndex::Unset;
@@ -95,8 +48,6 @@ Note *findNote(const ScoreModelIndex &index) noexcept
     }
     return found;
 }
-
-} // namespace
 
 std::shared_ptr<Track> ScoreModelIndex::track() const
 {
@@ -135,13 +86,14 @@ std::shared_ptr<Beat> ScoreModelIndex::beat() const
 
 std::shared_ptr<Note> ScoreModelIndex::note() const
 {
-    return shared(findNote(*this));
+    const auto *beat = findBeat(*this);
+    return beat ? shared(findNote(**beat, *this)) : nullptr;
 }
 
 InstrumentSet::Type ScoreModelIndex::type() const
 {
-    const Track *track = findTrack(*this);
-    return track ? track->type() : InstrumentSet::unknown;
+    const auto *track = findTrack(*this);
+    return track ? (*track)->type() : InstrumentSet::unknown;
 }
 
 bool ScoreModelIndex::isTrackValid() const
@@ -161,31 +113,32 @@ bool ScoreModelIndex::isBeatValid() const
 
 bool ScoreModelIndex::isNoteValid() const
 {
-    return findNote(*this) != nullptr;
+    const auto *beat = findBeat(*this);
+    return beat && findNote(**beat, *this);
 }
 
 utils::rational ScoreModelIndex::beatDrawingOffset() const
 {
-    const Beat *beat = findBeat(*this);
-    return beat ? findVoice(*this)->beatDrawingOffset(*beat) : utils::rational();
+    const auto *beat = findBeat(*this);
+    return beat ? (*findVoice(*this))->beatDrawingOffset(**beat) : utils::rational();
 }
 
 utils::rational ScoreModelIndex::beatDrawingLength() const
 {
-    const Beat *beat = findBeat(*this);
-    return beat ? beat->length() : utils::rational();
+    const auto *beat = findBeat(*this);
+    return beat ? (*beat)->length() : utils::rational();
 }
 
 utils::rational ScoreModelIndex::beatSoundingOffset() const
 {
-    const Beat *beat = findBeat(*this);
-    return beat ? findVoice(*this)->beatSoundingOffset(*beat) : utils::rational();
+    const auto *beat = findBeat(*this);
+    return beat ? (*findVoice(*this))->beatSoundingOffset(**beat) : utils::rational();
 }
 
 utils::rational ScoreModelIndex::beatSoundingLength() const
 {
-    const Beat *beat = findBeat(*this);
-    return beat ? findVoice(*this)->beatSoundingLength(*beat) : utils::rational();
+    const auto *beat = findBeat(*this);
+    return beat ? (*findVoice(*this))->beatSoundingLength(**beat) : utils::rational();
 }
 
 } // namespace zarn
