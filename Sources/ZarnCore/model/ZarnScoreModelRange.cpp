@@ -2,11 +2,15 @@
 #include <ZarnCore/model/ZarnScoreModelRange.h>
 
 #include <ZarnCore/ZarnAssert.h>
+#include <ZarnCore/model/VoiceLine.h>
 #include <ZarnCore/model/ZarnBar.h>
+#include <ZarnCore/model/ZarnRangeSpanIterator.h>
 
 #include <filesystem/FileHandle.h>
 
+#include <algorithm>
 #include <cstdlib>
+#include <limits>
 
 namespace zarn {
 
@@ -55,6 +59,19 @@ unsigned ScoreModelRange::barCount() const noexcept
     return static_cast<unsigned>(std::abs(_second.barIndex() - _first.barIndex())) + 1;
 }
 
+unsigned ScoreModelRange::beatCount() const
+{
+    unsigned count = 0;
+    for (RangeSpanIterator it(*this); it.oneStep();)
+        count += it.endBeat() - it.firstBeat();
+    return count;
+}
+
+bool ScoreModelRange::hasAnyBeat() const
+{
+    return RangeSpanIterator(*this).iterate();
+}
+
 std::shared_ptr<Beat> ScoreModelRange::lowerBeat() const
 {
     if (!isMultiVoice())
@@ -75,6 +92,77 @@ std::shared_ptr<Beat> ScoreModelRange::upperBeat() const
             if (voice && !voice->isEmpty())
                 return voice->beats().back();
     return {};
+}
+
+namespace {
+
+using BeatOffset = utils::rational (Voice::*)(const Beat &) const;
+
+utils::rational offsetOf(const std::shared_ptr<Beat> &beat, BeatOffset offset)
+{
+    const auto voice = beat ? beat->parentVoice() : nullptr;
+    return voice ? ((*voice).*offset)(*beat) : utils::rational();
+}
+
+utils::rational beginOffset(const ScoreModelRange &range, BeatOffset offset)
+{
+    return range.isMultiVoice() ? utils::rational() : offsetOf(range.lowerBeat(), offset);
+}
+
+utils::rational endOffset(const ScoreModelRange &range, BeatOffset offset)
+{
+    const auto beat = range.isMultiVoice() ? nullptr : range.upperBeat();
+    if (beat)
+        return offsetOf(beat, offset) + beat->length();
+    const auto bar = range.second().bar();
+    if (!bar)
+        return {};
+    utils::rational end;
+    for (const auto &voice : bar->voices())
+        if (voice)
+            end = std::max(end, voice->length());
+    return bar->hasBeats() ? end : bar->length();
+}
+
+} // namespace
+
+utils::rational ScoreModelRange::beginSelectionOffset() const
+{
+    return beginOffset(*this, &Voice::beatDrawingOffset);
+}
+
+utils::rational ScoreModelRange::endSelectionOffset() const
+{
+    return endOffset(*this, &Voice::beatDrawingOffset);
+}
+
+utils::rational ScoreModelRange::beginSelectionOffsetIgnoringGraceBeats() const
+{
+    return beginOffset(*this, &Voice::beatOffsetIgnoringGraceBeats);
+}
+
+utils::rational ScoreModelRange::endSelectionOffsetIgnoringGraceBeats() const
+{
+    return endOffset(*this, &Voice::beatOffsetIgnoringGraceBeats);
+}
+
+bool ScoreModelRange::trimLastBeat()
+{
+    if (!isMultiSelection() || _first.trackIndex() != _second.trackIndex() || _first.barIndex() < 0)
+        return false;
+    ScoreModelIndex end = _second;
+    const bool isWholeBar = end.beatIndex() < 0;
+    if (isWholeBar)
+        end.setBeatIndex(std::numeric_limits<int>::max());
+    VoiceLine line(end);
+    if (!line.step(VoiceLine::Direction::Previous, VoiceLine::Gaps::Skip, isWholeBar ? 2 : 1))
+        return false;
+    end.setBarIndex(line.barIndex());
+    end.setBeatIndex(line.beatIndex());
+    if (end.barIndex() < _first.barIndex() || end < _first)
+        return false;
+    _second = end;
+    return true;
 }
 
 ScoreModelRange ScoreModelRange::sortedRange() const
