@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: MIT
+// Indexes that are resolved, in a score of 32 tracks of 2,000 bars of 4 beats of 2 notes, and the
+// times of beats in long bars.
+#include "RatioReport.h"
+
+#include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/ZarnScoreModelRange.h>
+
+#include <algorithm>
+#include <memory>
+#include <random>
+#include <vector>
+
+namespace {
+
+constexpr unsigned trackCount = 32;
+constexpr unsigned barCount = 2000;
+constexpr unsigned beatCount = 4;
+
+std::shared_ptr<zarn::ScoreModel> makeModel()
+{
+    auto model = std::make_shared<zarn::ScoreModel>();
+    model->insertEmptyBarColumns(0, barCount);
+    for (unsigned t = 0; t < trackCount; ++t)
+        model->createAndInsertTrack(t, zarn::InstrumentSet::steelGuitar);
+    for (const auto &track : model->tracks())
+        for (const auto &bar : track->bars(0))
+            for (unsigned i = 0; i < beatCount; ++i) {
+                const auto beat = std::make_shared<zarn::Beat>();
+                bar->ensureVoice(0)->addBeat(beat);
+                for (int string = 4; string < 6; ++string) {
+                    const auto note = std::make_shared<zarn::Note>(60 + string);
+                    note->setString(string);
+                    beat->addNote(note);
+                }
+            }
+    return model;
+}
+
+/// A place with what stands for it in the plain chain.
+struct Place {
+    zarn::ScoreModelIndex index;
+    unsigned track, bar, beat, note;
+};
+
+/// Places of notes: all over the score, or in a few bars that stay in the cache.
+std::vector<Place> makePlaces(zarn::ScoreModel &model, unsigned tracks, unsigned bars)
+{
+    std::mt19937 random(5);
+    std::vector<Place> places(4096);
+    for (Place &place : places) {
+        place.track = static_cast<unsigned>(random() % tracks);
+        place.bar = static_cast<unsigned>(random() % bars);
+        place.beat = static_cast<unsigned>(random() % beatCount);
+        place.note = static_cast<unsigned>(random() % 2);
+        place.index = {&model, int(place.track), int(place.bar), int(place.beat), 0, 0};
+        place.index.setNoteString(4 + place.note);
+    }
+    return places;
+}
+
+void compareResolving(bench::RatioReport &report, const std::string &name,
+                      const std::shared_ptr<zarn::ScoreModel> &model, std::vector<Place> places)
+{
+    const auto shared = std::make_shared<const std::vector<Place>>(std::move(places));
+    report.compare(
+        name, 5,
+        [model, shared](benchmark::State &state) {
+            for (auto _ : state)
+                for (const Place &place : *shared)
+                    benchmark::DoNotOptimize(model->tracks()[place.track]
+                                                 ->staves()[0]
+                                                 ->bars()[place.bar]
+                                                 ->voices()[0]
+                                                 ->beats()[place.beat]
+                                                 ->notes()[place.note]
+                                                 .get());
+        },
+        [shared](benchmark::State &state) {
+            for (auto _ : state)
+                for (const Place &place : *shared)
+                    benchmark::DoNotOptimize(place.index.note());
+        });
+}
+
+/// A bar with two voices of so many beats.
+class LongBar {
+public:
+    explicit LongBar(unsigned count) : _model(std::make_shared<zarn::ScoreModel>())
+    {
+        _model->insertEmptyBarColumns(0, 1);
+        _model->createAndInsertTrack(0, zarn::InstrumentSet::steelGuitar);
+        for (unsigned voice = 0; voice < 2; ++voice) {
+            zarn::Voice::Beats beats(count);
+            for (auto &beat : beats)
+                beat = std::make_shared<zarn::Beat>();
+            this->bar().ensureVoice(voice)->insertBeats(0, beats);
+            for (unsigned i = 0; i < count; ++i)
+                _places.emplace_back(_model.get(), 0, 0, int(i), voice, 0);
+        }
+        std::shuffle(_places.begin(), _places.end(), std::mt19937(3));
+    }
+
+    /// As after an edit: nothing is known of the offsets.
+    void touch() const
+    {
+        for (const auto &voice : bar().voices())
+            if (voice)
+                voice->beats()[0]->setGraceType(zarn::GraceType::None);
+    }
+
+    void drawingOffsets() const
+    {
+        touch();
+        const zarn::Voice &voice = *bar().voices()[0];
+        for (const auto &beat : voice.beats())
+            benchmark::DoNotOptimize(voice.beatDrawingOffset(*beat));
+    }
+
+    void placesByTime() const
+    {
+        touch();
+        const zarn::Voice &voice = *bar().voices()[0];
+        for (unsigned i = 0; i < voice.beatCount(); ++i)
+            benchmark::DoNotOptimize(voice.beatAt(utils::rational(2 * i + 1, 2)));
+    }
+
+    void order() const
+    {
+        touch();
+        auto places = _places;
+        std::sort(places.begin(), places.end());
+        benchmark::DoNotOptimize(places);
+    }
+
+private:
+    zarn::Bar &bar() const { return *_model->tracks()[0]->staves()[0]->bars()[0]; }
+
+    std::shared_ptr<zarn::ScoreModel> _model;
+    std::vector<zarn::ScoreModelIndex> _places;
+};
+
+void compareGrowth(bench::RatioReport &report, const std::string &name, double target,
+                   void (LongBar::*work)() const)
+{
+    const auto run = [work](unsigned count) {
+        return [bar = std::make_shared<LongBar>(count), work](benchmark::State &state) {
+            for (auto _ : state)
+                ((*bar).*work)();
+        };
+    };
+    report.compare(name, target, run(500), run(5000));
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    bench::RatioReport report;
+    const auto model = makeModel();
+    compareResolving(report, "places: index to note, within 8 bars", model,
+                     makePlaces(*model, 1, 8));
+    compareResolving(report, "places: index to note, all over the score", model,
+                     makePlaces(*model, trackCount, barCount));
+    compareGrowth(report, "places: drawing offsets of 5,000 beats over 500", 13,
+                  &LongBar::drawingOffsets);
+    // With the logarithm: 10 * log 5,000 / log 500, and 10 * log 10,000 / log 1,000 for two voices.
+    compareGrowth(report, "places: 5,000 beats by their time over 500", 18, &LongBar::placesByTime);
+    compareGrowth(report, "places: ordering 10,000 places over 1,000", 18, &LongBar::order);
+    return report.run(argc, argv);
+}
