@@ -13,6 +13,54 @@
 /// The instrument categories and their texts, shared by sets and by elements.
 namespace zarn::detail {
 
+/// Bits of a code that its group fixes: a byte of 0 stands for all that may follow.
+constexpr std::uint32_t groupMask(std::uint32_t type) noexcept
+{
+    if (type == 0)
+        return 0;
+    std::uint32_t mask = 0xFFFFFFFF;
+    for (std::uint32_t low = 0xFF; (type & low) == 0; low = low << 8 | 0xFF)
+        mask = ~low;
+    return mask;
+}
+
+/// Whether a code is a group's or one of its members'. 0 is the group of all.
+constexpr bool isInGroup(std::uint32_t type, std::uint32_t group) noexcept
+{
+    return (type & groupMask(group)) == group;
+}
+
+/// Whether no row of a table of categories hides one behind it, and the last takes all the rest:
+/// members stand in front of their groups.
+template <typename Row, std::size_t Count>
+constexpr bool membersStandBeforeGroups(const Row (&rows)[Count]) noexcept
+{
+    for (std::size_t group = 0; group < Count; ++group)
+        for (std::size_t row = group + 1; row < Count; ++row)
+            if (isInGroup(rows[row].type, rows[group].type))
+                return false;
+    return rows[Count - 1].type == 0;
+}
+
+/// The first row of such a table that holds a category.
+template <typename Row, std::size_t Count>
+constexpr const Row &rowOfType(const Row (&rows)[Count], std::uint32_t type) noexcept
+{
+    std::size_t row = 0;
+    while (!isInGroup(type, rows[row].type))
+        ++row;
+    return rows[row];
+}
+
+/// How many bytes two codes share from the highest on; 0 for what is unknown.
+constexpr unsigned compatibilityOfTypes(std::uint32_t a, std::uint32_t b) noexcept
+{
+    unsigned level = 0;
+    for (int shift = 24; shift >= 0 && a != 0 && (a >> shift) == (b >> shift); shift -= 8)
+        ++level;
+    return level;
+}
+
 struct InstrumentTypeRow {
     std::uint32_t code;
     std::string_view text;

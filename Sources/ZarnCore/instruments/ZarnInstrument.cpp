@@ -63,6 +63,11 @@ Instrument::Type Instrument::typeFromString(const std::string &text)
     return static_cast<Type>(types.code(text).value_or(unknown));
 }
 
+unsigned Instrument::compatibilityLevel(Type a, Type b) noexcept
+{
+    return detail::compatibilityOfTypes(a, b);
+}
+
 bool Instrument::isPitched(Type type) noexcept
 {
     return InstrumentSet::isPitched(asSetType(type));

@@ -67,6 +67,14 @@ public:
     /// The code of an exactly matching text; `unknown` when there is none.
     static Type typeFromString(const std::string &text);
 
+    /// How well the sound of one element stands in for another: 0 not at all, 1 pitched or
+    /// unpitched as it is, 2 of the same family, 3 of the same sub-family, 4 the same.
+    unsigned compatibilityLevel(Instrument other) const noexcept
+    {
+        return compatibilityLevel(_type, other._type);
+    }
+    static unsigned compatibilityLevel(Type a, Type b) noexcept;
+
     static bool isPitched(Type type) noexcept;
     static bool isUnpitched(Type type) noexcept;
     static bool isStringed(Type type) noexcept;

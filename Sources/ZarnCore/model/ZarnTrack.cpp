@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/model/ZarnTrack.h>
 
+#include <ZarnCore/instruments/ZarnInstrumentSetLibrary.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/ZarnTrackDefaults.h>
 
@@ -198,6 +199,12 @@ int Track::indexOfSound(const Sound &sound) const noexcept
     const auto found = std::find_if(_sounds.begin(), _sounds.end(),
                                     [&](const auto &candidate) { return *candidate == sound; });
     return found == _sounds.end() ? -1 : static_cast<int>(found - _sounds.begin());
+}
+
+std::shared_ptr<const InstrumentSet> Track::instrumentSet() const noexcept
+{
+    const InstrumentSetLibrary *const library = InstrumentSetLibrary::installed();
+    return library == nullptr ? nullptr : library->findInstrumentSetWithType(_type);
 }
 
 bool operator==(const Track &left, const Track &right)

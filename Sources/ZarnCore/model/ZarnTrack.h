@@ -120,6 +120,10 @@ public:
     InstrumentSet::Type type() const noexcept { return _type; }
     void setType(InstrumentSet::Type type) noexcept { _type = type; }
 
+    /// The set of the type in the installed library (`InstrumentSetLibrary::install`); empty when
+    /// there is none.
+    std::shared_ptr<const InstrumentSet> instrumentSet() const noexcept;
+
     const std::string &name() const noexcept { return _name; }
     void setName(const std::string &name) { _name = name; }
     const std::string &shortName() const noexcept { return _shortName; }

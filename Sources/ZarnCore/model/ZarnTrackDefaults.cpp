@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/model/ZarnTrackDefaults.h>
 
+#include <ZarnCore/instruments/InstrumentTypeTable.h>
+
 namespace zarn {
 namespace {
 
@@ -77,37 +79,13 @@ constexpr TrackDefaults rows[] = {
 };
 // clang-format on
 
-/// Bits of a code that its group fixes: a byte of 0 stands for all that may follow.
-constexpr std::uint32_t groupMask(std::uint32_t type) noexcept
-{
-    if (type == 0)
-        return 0;
-    std::uint32_t mask = 0xFFFFFFFF;
-    for (std::uint32_t low = 0xFF; (type & low) == 0; low = low << 8 | 0xFF)
-        mask = ~low;
-    return mask;
-}
-
-/// A group in front of one of its members would hide it.
-constexpr bool membersStandBeforeGroups() noexcept
-{
-    constexpr std::size_t count = sizeof(rows) / sizeof(rows[0]);
-    for (std::size_t group = 0; group < count; ++group)
-        for (std::size_t row = group + 1; row < count; ++row)
-            if ((rows[row].type & groupMask(rows[group].type)) == rows[group].type)
-                return false;
-    return rows[count - 1].type == Set::unknown;
-}
-static_assert(membersStandBeforeGroups());
+static_assert(detail::membersStandBeforeGroups(rows));
 
 } // namespace
 
 const TrackDefaults &trackDefaults(InstrumentSet::Type type) noexcept
 {
-    const TrackDefaults *row = rows;
-    while ((type & groupMask(row->type)) != row->type)
-        ++row;
-    return *row;
+    return detail::rowOfType(rows, type);
 }
 
 ClefType defaultClef(InstrumentSet::Type type, unsigned staffIndex) noexcept

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/instruments/ZarnInstrumentSet.h>
+
+#include <ZarnCore/utils/JsonMembers.h>
+
+#include <utility>
+
+namespace zarn {
+namespace {
+
+constexpr const char *parseFunction = "zarn::InstrumentSet::parse";
+
+} // namespace
+
+void InstrumentSet::parse(const rapidjson::Value &value)
+{
+    using utils::JsonMembers;
+    const JsonMembers members(value, parseFunction);
+    InstrumentSet read;
+    read._name = members.text("name");
+    read._lineCount = members.count("lineCount");
+    read._type = typeFromString(std::string(members.text("type")));
+    members.forEach("elements", [&read](const rapidjson::Value &object, unsigned index) {
+        const JsonMembers element(object, parseFunction);
+        read._elements.emplace_back(
+            std::string(element.text("name")), std::string(element.textOr("orkaSoundBank", {})),
+            Instrument::typeFromString(std::string(element.text("type"))), index);
+        element.forEach("articulations", [&read](const rapidjson::Value &articulation, unsigned) {
+            InstrumentArticulation &added = read._articulations.emplace_back();
+            added.setElement(read._elements.back());
+            added.parse(articulation);
+        });
+    });
+    read.indexArticulations();
+    *this = std::move(read);
+}
+
+} // namespace zarn
