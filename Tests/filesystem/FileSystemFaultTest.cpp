@@ -3,13 +3,13 @@
 #include <filesystem/DiskFileSystem.h>
 #include <filesystem/RAMFileSystem.h>
 
+#include "support/FileSizeLimit.h"
+
 #include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
-#include <csignal>
-#include <sys/resource.h>
 #include <unistd.h>
 
 namespace {
@@ -17,28 +17,7 @@ namespace {
 using filesystem::DiskFileSystem;
 using filesystem::OpenMode;
 using filesystem::RAMFileSystem;
-
-/// While it lives, no file of this process may grow beyond a size, as on a full disk.
-class FileSizeLimit {
-public:
-    explicit FileSizeLimit(rlim_t bytes)
-    {
-        _oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &_old);
-        auto limit = _old;
-        limit.rlim_cur = bytes;
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileSizeLimit()
-    {
-        setrlimit(RLIMIT_FSIZE, &_old);
-        std::signal(SIGXFSZ, _oldHandler);
-    }
-
-private:
-    rlimit _old{};
-    void (*_oldHandler)(int);
-};
+using zarn::test::FileSizeLimit;
 
 bool save(filesystem::FileSystem &files, const std::string &path, const std::string &text,
           std::string *error = nullptr)

@@ -63,14 +63,23 @@ std::optional<QByteArray> UserTuningFile::read() const
 
 bool UserTuningFile::save(const QByteArray &content)
 {
-    filesystem::DiskFileSystem disk;
-    std::string error;
-    if (!disk.makeFolder(QFileInfo(path()).path().toStdString(), &error)) {
-        warn(QStringLiteral("is not saved: ") + QString::fromStdString(error));
+    if (!makeFolder())
         return false;
+    if (QFileInfo::exists(path())) {
+        const auto old = contentOf(path());
+        if (!old) {
+            warn(QStringLiteral("is not replaced, as it cannot be read"));
+            return false;
+        }
+        const bool isKnown = old->isEmpty() || *old == _known || *old == content;
+        if (!isKnown && !keep(*old))
+            return false;
+        if (*old == content) {
+            _known = content;
+            return true;
+        }
     }
-    if (!keepUnknown())
-        return false;
+    std::string error;
     if (!replace(path(), content, &error)) {
         warn(QStringLiteral("is not saved: ") + QString::fromStdString(error));
         return false;
@@ -80,16 +89,13 @@ bool UserTuningFile::save(const QByteArray &content)
     return true;
 }
 
-bool UserTuningFile::keepUnknown()
+bool UserTuningFile::makeFolder() const
 {
-    if (!QFileInfo::exists(path()))
+    filesystem::DiskFileSystem disk;
+    std::string error;
+    if (disk.makeFolder(QFileInfo(path()).path().toStdString(), &error))
         return true;
-    const auto old = contentOf(path());
-    if (old && (old->isEmpty() || *old == _known))
-        return true;
-    if (old)
-        return keep(*old);
-    warn(QStringLiteral("is not replaced, as it cannot be read"));
+    warn(QStringLiteral("is not saved: ") + QString::fromStdString(error));
     return false;
 }
 

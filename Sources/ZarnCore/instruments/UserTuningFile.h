@@ -25,14 +25,15 @@ public:
     /// Says that the library holds everything of a content that was read.
     void setKnown(const QByteArray &content) { _known = content; }
 
-    /// Makes the folder and writes the file; false when that failed.
+    /// Makes the folder and writes the file; false when that failed. A file that holds just this
+    /// is not touched, so that saving again and again costs no writing.
     bool save(const QByteArray &content);
 
     /// Logs something about the file, unless that was the last thing that was logged.
     void warn(const QString &reason) const;
 
 private:
-    bool keepUnknown();
+    bool makeFolder() const;
     bool keep(const QByteArray &content) const;
 
     QString (*_path)();

@@ -111,10 +111,11 @@ void UserTuningText::append(const GuitarTuning &tuning)
 
 QByteArray UserTuningText::document(const char *tail, int tailSize) const
 {
-    const QByteArray start = "<UserTunings>";
-    QByteArray text = start;
-    for (const auto &[stringCount, part] : _parts)
-        text.append(part.text.constData() + start.size(), part.text.size() - start.size());
+    QByteArray text = "<UserTunings>";
+    for (const auto &[stringCount, part] : _parts) {
+        const int start = part.text.indexOf('>') + 1;
+        text.append(part.text.constData() + start, part.text.size() - start);
+    }
     text.append('\n').append(tail, tailSize).append("</UserTunings>\n");
     return text;
 }
