@@ -23,7 +23,8 @@ class UserTuningFile;
 /// A tuning is shared with whoever took it out and may be changed there, renamed and re-stringed
 /// too. So searches look at the tunings as they are, in the order of the stores: the core store
 /// before the user store, and in each by the string count at which a tuning was added and then by
-/// id, which is the order of adding. Roles are given as a mask of `CoreRole` and `UserRole`.
+/// id, which is the order of adding. Where a string count is sought, those that were added with it
+/// come before those that have it since. Roles are given as a mask of `CoreRole` and `UserRole`.
 ///
 /// Not locked: it belongs to one thread at a time.
 class ZARNCORE_EXPORT GuitarTuningLibrary {
@@ -122,12 +123,15 @@ public:
     QString tuningDisplayName(const GuitarTuning &tuning) const;
 
 private:
+    static constexpr unsigned anyStringCount = 0xFFFFFFFF;
+
     template <typename Visitor>
-    void visit(unsigned roles, Visitor wantsMore) const;
+    void visit(unsigned roles, unsigned firstStringCount, Visitor wantsMore) const;
     template <typename Predicate>
-    std::shared_ptr<GuitarTuning> firstOf(unsigned roles, Predicate accepts) const;
+    std::shared_ptr<GuitarTuning> firstOf(unsigned roles, unsigned stringCount,
+                                          Predicate accepts) const;
     template <typename Predicate>
-    Tunings allOf(unsigned roles, Predicate accepts) const;
+    Tunings allOf(unsigned roles, unsigned stringCount, Predicate accepts) const;
 
     const Store *storeOf(unsigned role) const noexcept;
     Store *storeOf(unsigned role) noexcept;

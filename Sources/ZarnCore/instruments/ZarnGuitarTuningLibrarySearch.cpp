@@ -10,35 +10,52 @@ namespace zarn {
 
 namespace {
 
-std::shared_ptr<GuitarTuning> firstOrNull(const GuitarTuningLibrary::Tunings &tunings)
+bool acceptsAll(const GuitarTuning &)
 {
-    return tunings.empty() ? nullptr : tunings.front();
+    return true;
+}
+
+auto isFor(GuitarTuning::Instrument instrument)
+{
+    return [instrument](const GuitarTuning &tuning) { return tuning.instrument() == instrument; };
 }
 
 } // namespace
 
-/// Hands every tuning of the stores to the visitor until it answers false.
+/// Hands every tuning of the stores to the visitor until it answers false; in each store those of
+/// one string count first.
 template <typename Visitor>
-void GuitarTuningLibrary::visit(unsigned roles, Visitor wantsMore) const
+void GuitarTuningLibrary::visit(unsigned roles, unsigned firstStringCount, Visitor wantsMore) const
 {
+    const auto visitStrings = [&](const Store::mapped_type &tunings) {
+        for (const auto &entry : tunings) {
+            if (!wantsMore(entry.second))
+                return false;
+        }
+        return true;
+    };
     for (const unsigned role : {GuitarTuning::CoreRole, GuitarTuning::UserRole}) {
         if ((roles & role) == 0)
             continue;
-        for (const auto &strings : *storeOf(role)) {
-            for (const auto &entry : strings.second) {
-                if (!wantsMore(entry.second))
-                    return;
-            }
+        const Store &store = *storeOf(role);
+        const auto first = store.find(firstStringCount);
+        if (first != store.end() && !visitStrings(first->second))
+            return;
+        for (auto strings = store.begin(); strings != store.end(); ++strings) {
+            if (strings != first && !visitStrings(strings->second))
+                return;
         }
     }
 }
 
 template <typename Predicate>
-std::shared_ptr<GuitarTuning> GuitarTuningLibrary::firstOf(unsigned roles, Predicate accepts) const
+std::shared_ptr<GuitarTuning> GuitarTuningLibrary::firstOf(unsigned roles, unsigned stringCount,
+                                                           Predicate accepts) const
 {
     std::shared_ptr<GuitarTuning> found;
-    visit(roles, [&](const std::shared_ptr<GuitarTuning> &tuning) {
-        if (accepts(*tuning))
+    visit(roles, stringCount, [&](const std::shared_ptr<GuitarTuning> &tuning) {
+        const bool fits = stringCount == anyStringCount || tuning->stringCount() == stringCount;
+        if (fits && accepts(*tuning))
             found = tuning;
         return found == nullptr;
     });
@@ -46,11 +63,13 @@ std::shared_ptr<GuitarTuning> GuitarTuningLibrary::firstOf(unsigned roles, Predi
 }
 
 template <typename Predicate>
-GuitarTuningLibrary::Tunings GuitarTuningLibrary::allOf(unsigned roles, Predicate accepts) const
+GuitarTuningLibrary::Tunings GuitarTuningLibrary::allOf(unsigned roles, unsigned stringCount,
+                                                        Predicate accepts) const
 {
     Tunings found;
-    visit(roles, [&](const std::shared_ptr<GuitarTuning> &tuning) {
-        if (accepts(*tuning))
+    visit(roles, stringCount, [&](const std::shared_ptr<GuitarTuning> &tuning) {
+        const bool fits = stringCount == anyStringCount || tuning->stringCount() == stringCount;
+        if (fits && accepts(*tuning))
             found.push_back(tuning);
         return true;
     });
@@ -61,9 +80,10 @@ std::shared_ptr<GuitarTuning>
 GuitarTuningLibrary::findGuitarTuning(const std::string &name,
                                       const std::vector<int> &midiNumbers) const
 {
-    return firstOf(allRoles, [&](const GuitarTuning &candidate) {
-        return candidate.midiNumbers() == midiNumbers && candidate.name() == name;
-    });
+    return firstOf(allRoles, static_cast<unsigned>(midiNumbers.size()),
+                   [&](const GuitarTuning &candidate) {
+                       return candidate.midiNumbers() == midiNumbers && candidate.name() == name;
+                   });
 }
 
 std::shared_ptr<GuitarTuning>
@@ -72,7 +92,7 @@ GuitarTuningLibrary::findGuitarTuning(const std::vector<int> &midiNumbers, unsig
 {
     if (midiNumbers.size() != stringCount)
         return nullptr;
-    return firstOf(roles, [&](const GuitarTuning &candidate) {
+    return firstOf(roles, stringCount, [&](const GuitarTuning &candidate) {
         return candidate.midiNumbers() == midiNumbers;
     });
 }
@@ -91,8 +111,11 @@ GuitarTuningLibrary::findGuitarTuning(const GuitarTuning &tuning, unsigned optio
         }
         return candidate == tuning;
     };
-    const auto found = firstOf(roles & role, isLike);
-    return found != nullptr ? found : firstOf(roles & ~role, isLike);
+    const bool countsStrings =
+        (options & (GuitarTuning::ComparePitches | GuitarTuning::CompareStringCount)) != 0;
+    const auto stringCount = countsStrings ? tuning.stringCount() : anyStringCount;
+    const auto found = firstOf(roles & role, stringCount, isLike);
+    return found != nullptr ? found : firstOf(roles & ~role, stringCount, isLike);
 }
 
 std::shared_ptr<GuitarTuning>
@@ -130,66 +153,65 @@ std::shared_ptr<GuitarTuning>
 GuitarTuningLibrary::findGuitarTuning(const std::string &name, GuitarTuning::Instrument instrument,
                                       unsigned stringCount, unsigned roles) const
 {
-    return firstOf(roles, [&](const GuitarTuning &candidate) {
-        return candidate.stringCount() == stringCount && candidate.instrument() == instrument
-            && candidate.name() == name;
+    return firstOf(roles, stringCount, [&](const GuitarTuning &candidate) {
+        return candidate.instrument() == instrument && candidate.name() == name;
     });
 }
 
 GuitarTuningLibrary::Tunings GuitarTuningLibrary::getTunings(unsigned roles) const
 {
-    return allOf(roles, [](const GuitarTuning &) { return true; });
+    return allOf(roles, anyStringCount, acceptsAll);
 }
 
 GuitarTuningLibrary::Tunings GuitarTuningLibrary::getTunings(unsigned stringCount,
                                                              unsigned roles) const
 {
-    return allOf(roles, [stringCount](const GuitarTuning &candidate) {
-        return candidate.stringCount() == stringCount;
-    });
+    return allOf(roles, stringCount, acceptsAll);
 }
 
 GuitarTuningLibrary::Tunings GuitarTuningLibrary::getTunings(GuitarTuning::Instrument instrument,
                                                              unsigned roles) const
 {
-    return allOf(roles, [instrument](const GuitarTuning &candidate) {
-        return candidate.instrument() == instrument;
-    });
+    return allOf(roles, anyStringCount, isFor(instrument));
 }
 
 GuitarTuningLibrary::Tunings GuitarTuningLibrary::getTunings(GuitarTuning::Instrument instrument,
                                                              unsigned stringCount,
                                                              unsigned roles) const
 {
-    return allOf(roles, [=](const GuitarTuning &candidate) {
-        return candidate.stringCount() == stringCount && candidate.instrument() == instrument;
-    });
+    return allOf(roles, stringCount, isFor(instrument));
 }
 
 std::shared_ptr<GuitarTuning> GuitarTuningLibrary::defaultTuning(unsigned stringCount,
                                                                  unsigned roles) const
 {
-    return firstOrNull(getTunings(stringCount, roles));
+    return firstOf(roles, stringCount, acceptsAll);
 }
 
 std::shared_ptr<GuitarTuning>
 GuitarTuningLibrary::defaultTuning(GuitarTuning::Instrument instrument, unsigned stringCount,
                                    unsigned roles) const
 {
-    return firstOrNull(getTunings(instrument, stringCount, roles));
+    return firstOf(roles, stringCount, isFor(instrument));
 }
 
 std::vector<GuitarTuning::Instrument> GuitarTuningLibrary::instruments() const
 {
     std::set<GuitarTuning::Instrument> found;
-    visit(allRoles, [&](const auto &tuning) { return found.insert(tuning->instrument()), true; });
+    visit(allRoles, anyStringCount, [&](const auto &tuning) {
+        found.insert(tuning->instrument());
+        return true;
+    });
     return {found.begin(), found.end()};
 }
 
 std::vector<unsigned> GuitarTuningLibrary::stringCounts() const
 {
     std::set<unsigned> found;
-    visit(allRoles, [&](const auto &tuning) { return found.insert(tuning->stringCount()), true; });
+    visit(allRoles, anyStringCount, [&](const auto &tuning) {
+        found.insert(tuning->stringCount());
+        return true;
+    });
     return {found.begin(), found.end()};
 }
 
