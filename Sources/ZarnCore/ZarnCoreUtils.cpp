@@ -1,10 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/ZarnCoreUtils.h>
 
+#include <ZarnCore/instruments/HVVolumePan.h>
+#include <ZarnCore/instruments/ZarnVolumePan.h>
 #include <ZarnCore/io/ZarnScoreText.h>
 #include <ZarnCore/model/ZarnBar.h>
 #include <ZarnCore/model/ZarnMasterBar.h>
 #include <ZarnCore/score/ZarnScore.h>
+
+#include <algorithm>
+#include <cmath>
 
 namespace zarn {
 
@@ -26,6 +31,21 @@ void ZarnCoreUtils::set_time_signature(MasterBarIterator first, MasterBarIterato
 {
     for (; first != last; ++first)
         (*first)->setTimeSignature(signature);
+}
+
+Halvec::audio::HVVolumePan
+ZarnCoreUtils::convertZarnVolumePanToHVVolumePan(const ZarnVolumePan &volumePan) noexcept
+{
+    return {20 * std::log10(double(volumePan.volume())), double(volumePan.pan())};
+}
+
+ZarnVolumePan
+ZarnCoreUtils::convertHVVolumePanToZarnVolumePan(const Halvec::audio::HVVolumePan &volumePan)
+{
+    const double gain =
+        std::isnan(volumePan.decibels) ? 0 : std::pow(10.0, std::min(volumePan.decibels, 0.0) / 20);
+    const double pan = std::isnan(volumePan.pan) ? 0 : std::clamp(volumePan.pan, -1.0, 1.0);
+    return {static_cast<float>(gain), static_cast<float>(pan)};
 }
 
 std::unique_ptr<Score> ZarnCoreUtils::make_from_string(const std::string &text)

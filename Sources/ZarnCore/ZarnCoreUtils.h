@@ -8,6 +8,10 @@
 #include <string>
 #include <vector>
 
+namespace Halvec::audio {
+struct HVVolumePan;
+}
+
 namespace zarn {
 
 class Bar;
@@ -15,6 +19,7 @@ class KeySignature;
 class MasterBar;
 class Score;
 class TimeSignature;
+class ZarnVolumePan;
 
 /// Helpers over scores and ranges of their bars.
 class ZARNCORE_EXPORT ZarnCoreUtils {
@@ -34,6 +39,15 @@ public:
                                   const KeySignature &key);
     static void set_time_signature(MasterBarIterator first, MasterBarIterator last,
                                    const TimeSignature &signature);
+
+    // Between the score's gain and the audio layer's decibels. A `ZarnVolumePan` comes back from
+    // both conversions as it was, to the bit; a level above 0 decibels or a pan off the ends has
+    // none and is clamped, and what is no number becomes silence or the middle.
+
+    static Halvec::audio::HVVolumePan
+    convertZarnVolumePanToHVVolumePan(const ZarnVolumePan &volumePan) noexcept;
+    static ZarnVolumePan
+    convertHVVolumePanToZarnVolumePan(const Halvec::audio::HVVolumePan &volumePan);
 
     /// Makes a score from a short text:
     ///
