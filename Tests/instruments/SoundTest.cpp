@@ -48,8 +48,35 @@ TEST(Sound, textHoldsEveryField)
     EXPECT_TRUE(differsAfter([&] { sound.setRole(Sound::User); }));
     EXPECT_TRUE(differsAfter([&] { sound.setGuiExpanded(true); }));
     EXPECT_TRUE(differsAfter([&] { sound.setMidiSound(MIDISound(127)); }));
-    for (const auto *text : {"", ";;;;;;;", ";;Factory;;x;0;0;0", ";;Factory;;99999999999;0;0;0"})
+    auto &orka = sound.mutableOrkaSound();
+    EXPECT_TRUE(differsAfter([&] { orka.setSoundbankPatchId("Tele|:,;\\"); }));
+    EXPECT_TRUE(
+        differsAfter([&] { orka.setSoundReproduction(OrkaSound::SoundReproduction::MIDI); }));
+    EXPECT_TRUE(differsAfter([&] { orka.setPickupTones({1.0f / 3, 1e-30f, 0}); }));
+    EXPECT_TRUE(differsAfter([&] { orka.setKnobVolumes({1}); }));
+    EXPECT_TRUE(differsAfter([&] { orka.setSwitchPosition(4); }));
+    EXPECT_TRUE(differsAfter([&] { orka.setOverloudPosition(3); }));
+    EXPECT_TRUE(differsAfter([&] { orka.setOverloudPickupIds({""}); }));
+    EXPECT_TRUE(differsAfter([&] { orka.setOverloudPickupIds({"a,b", "\\", ""}); }));
+    EXPECT_TRUE(differsAfter([&] {
+        orka.mutableEffectChain().setEffect(2, Effect("d:e;l,a|y", "\\", {0.1f, -2}));
+    }));
+    EXPECT_TRUE(differsAfter([&] { orka.mutableEffectChain().setBypassed(2, true); }));
+    for (const auto *text :
+         {"", ";;;;;;;", ";;Factory;;x;0;0;0", ";;Factory;;99999999999;0;0;0",
+          ";;Factory;;0;0;0;0;x", ";;Factory;;0;0;0;0;||||0|0||e", ";;Factory;;0;0;0;0;||2,||0|0||",
+          ";;Factory;;0;0;0;0;|||nan,|0|0||", ";;Factory;;0;0;0;0;||||-1|0||"})
         EXPECT_FALSE(Sound::fromString(text)) << text;
+}
+
+TEST(OrkaSound, refusesWhatNoKnobCanShow)
+{
+    OrkaSound sound("Strat-Guitar");
+    const OrkaSound before = sound;
+    EXPECT_THROW(sound.setPickupTones({0.5f, 1.1f}), CoreException);
+    EXPECT_THROW(sound.setKnobVolumes({std::nanf("")}), CoreException);
+    EXPECT_THROW(sound.setSwitchPosition(-1), CoreException);
+    EXPECT_EQ(sound, before);
 }
 
 TEST(EffectChain, slotsStayWhereTheyAre)

@@ -200,7 +200,21 @@ private:
             bar.setSection({text(), text()});
     }
 
-    zarn::Mastering mastering()
+    zarn::OrkaSound orkaSound()
+    {
+        zarn::OrkaSound sound(text());
+        if (maybe())
+            sound.setSoundReproduction(zarn::OrkaSound::SoundReproduction::MIDI);
+        sound.setPickupTones({level(), level()});
+        sound.setKnobVolumes({level()});
+        sound.setSwitchPosition(static_cast<int>(below(5)));
+        sound.setOverloudPosition(static_cast<int>(below(5)) - 1);
+        sound.setOverloudPickupIds({text(), text()});
+        sound.setEffectChain(effectChain());
+        return sound;
+    }
+
+    zarn::EffectChain effectChain()
     {
         zarn::EffectChain chain;
         for (unsigned i = below(4); i > 0; --i) {
@@ -208,8 +222,13 @@ private:
             effect.setBypassed(maybe());
             chain.setEffect(below(zarn::EffectChain::maximumSlotCount), effect);
         }
+        return chain;
+    }
+
+    zarn::Mastering mastering()
+    {
         zarn::Mastering mastering;
-        mastering.setEffectChain(chain);
+        mastering.setEffectChain(effectChain());
         mastering.setVolumePan({level(), level() * 2 - 1});
         return mastering;
     }
@@ -222,6 +241,8 @@ private:
                                           static_cast<int>(below(128))));
         sound.setPath(text());
         sound.setLabel(text());
+        if (maybe())
+            sound.setOrkaSound(orkaSound());
         sound.setRole(pick<zarn::Sound::Role>(2));
         sound.setGuiExpanded(maybe());
         return sound;

@@ -25,10 +25,4 @@ void Effect::setParameter(unsigned index, float value)
     _parameters[index] = value;
 }
 
-bool operator==(const Effect &a, const Effect &b) noexcept
-{
-    return a.identifier() == b.identifier() && a.name() == b.name()
-        && a.parameters() == b.parameters() && a.isBypassed() == b.isBypassed();
-}
-
 } // namespace zarn

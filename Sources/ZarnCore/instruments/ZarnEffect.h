@@ -4,6 +4,7 @@
 #include <ZarnCore/ZarnExport.h>
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace zarn {
@@ -41,12 +42,20 @@ private:
     std::string _name;
     std::vector<float> _parameters;
     bool _bypassed = false;
-};
 
-ZARNCORE_EXPORT bool operator==(const Effect &a, const Effect &b) noexcept;
-inline bool operator!=(const Effect &a, const Effect &b) noexcept
-{
-    return !(a == b);
-}
+    auto fields() const noexcept { return std::tie(_identifier, _name, _parameters, _bypassed); }
+
+public:
+    /// All fields; an order for sorted containers.
+    friend bool operator==(const Effect &a, const Effect &b) noexcept
+    {
+        return a.fields() == b.fields();
+    }
+    friend bool operator!=(const Effect &a, const Effect &b) noexcept { return !(a == b); }
+    friend bool operator<(const Effect &a, const Effect &b) noexcept
+    {
+        return a.fields() < b.fields();
+    }
+};
 
 } // namespace zarn

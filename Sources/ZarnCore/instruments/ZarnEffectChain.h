@@ -45,6 +45,11 @@ public:
     {
         return !(a == b);
     }
+    /// For sorted containers.
+    friend bool operator<(const EffectChain &a, const EffectChain &b) noexcept
+    {
+        return a._slots < b._slots;
+    }
 
 private:
     std::vector<Effect> _slots;

@@ -3,6 +3,7 @@
 
 #include <ZarnCore/ZarnExport.h>
 #include <ZarnCore/instruments/ZarnMIDISound.h>
+#include <ZarnCore/instruments/ZarnOrkaSound.h>
 
 #include <cstdint>
 #include <optional>
@@ -24,6 +25,7 @@ public:
 
     /// Category path in the sound browser, with "/" between its components; may be empty.
     std::string path() const { return _path; }
+    const std::string &storedPath() const noexcept { return _path; }
     void setPath(const std::string &path) { _path = path; }
 
     const std::string &label() const noexcept { return _label; }
@@ -31,6 +33,10 @@ public:
 
     const MIDISound &midiSound() const noexcept { return _midiSound; }
     void setMidiSound(const MIDISound &midiSound) noexcept { _midiSound = midiSound; }
+
+    const OrkaSound &orkaSound() const noexcept { return _orkaSound; }
+    OrkaSound &mutableOrkaSound() noexcept { return _orkaSound; }
+    void setOrkaSound(const OrkaSound &orkaSound) { _orkaSound = orkaSound; }
 
     Role role() const noexcept { return _role; }
     void setRole(Role role) noexcept { _role = role; }
@@ -45,8 +51,9 @@ public:
     /// Same role and same stored path, which is not empty.
     bool isEquivalent(const Sound &other) const noexcept;
 
-    /// All fields in one line, separated by ";": "path;name;role;label;program;msb;lsb;expanded".
-    /// A ";" or "\" inside a text has a "\" in front.
+    /// All fields in one line, separated by ";": "path;name;role;label;program;msb;lsb;expanded",
+    /// and `OrkaSound::toString` behind them when it is not empty. A ";" or "\" inside a text has a
+    /// "\" in front.
     std::string toString() const;
 
     /// Reads what `toString` wrote; empty for anything else.
@@ -62,12 +69,13 @@ private:
     std::string _path;
     std::string _label;
     MIDISound _midiSound;
+    OrkaSound _orkaSound;
     Role _role = Factory;
     bool _guiExpanded = false;
 
     auto fields() const noexcept
     {
-        return std::tie(_name, _path, _label, _midiSound, _role, _guiExpanded);
+        return std::tie(_name, _path, _label, _midiSound, _orkaSound, _role, _guiExpanded);
     }
 
 public:

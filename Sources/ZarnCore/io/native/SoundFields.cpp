@@ -33,12 +33,13 @@ void setMidi(Sound &sound, std::int32_t number)
 
 constexpr std::array soundFields = {
     field<Sound, &Sound::name, &Sound::setName>("name"),
-    field<Sound, &Sound::path, &Sound::setPath>("path"),
+    field<Sound, &Sound::storedPath, &Sound::setPath>("path"),
     field<Sound, &Sound::label, &Sound::setLabel>("label"),
     field<Sound, &Sound::role, &Sound::setRole, Roles>("role"),
     field<Sound, programOf, setMidi<&MIDISound::setProgram>>("program"),
     field<Sound, msbBankOf, setMidi<&MIDISound::setMsbBank>>("msbBank"),
     field<Sound, lsbBankOf, setMidi<&MIDISound::setLsbBank>>("lsbBank"),
+    field<Sound, &Sound::orkaSound, &Sound::setOrkaSound>("orka"),
     field<Sound, &Sound::isGuiExpanded, &Sound::setGuiExpanded>("expanded"),
 };
 
@@ -60,6 +61,23 @@ constexpr std::array effectFields = {
     member<EffectParts, &EffectParts::name>("name"),
     member<EffectParts, &EffectParts::parameters>("parameters"),
     member<EffectParts, &EffectParts::isBypassed>("bypassed"),
+};
+
+using Reproductions =
+    EnumCodec<&OrkaSound::soundReproductionToString, &OrkaSound::soundReproductionFromString, 1>;
+
+constexpr std::array orkaSoundFields = {
+    field<OrkaSound, &OrkaSound::soundbankPatchId, &OrkaSound::setSoundbankPatchId>("patch"),
+    field<OrkaSound, &OrkaSound::soundReproduction, &OrkaSound::setSoundReproduction,
+          Reproductions>("reproduction"),
+    field<OrkaSound, &OrkaSound::pickupTones, &OrkaSound::setPickupTones>("pickupTones"),
+    field<OrkaSound, &OrkaSound::knobVolumes, &OrkaSound::setKnobVolumes>("knobVolumes"),
+    field<OrkaSound, &OrkaSound::switchPosition, &OrkaSound::setSwitchPosition>("switch"),
+    field<OrkaSound, &OrkaSound::overloudPosition, &OrkaSound::setOverloudPosition>(
+        "overloudPosition"),
+    field<OrkaSound, &OrkaSound::overloudPickupIds, &OrkaSound::setOverloudPickupIds>(
+        "overloudPickups"),
+    field<OrkaSound, &OrkaSound::effectChain, &OrkaSound::setEffectChain>("effects"),
 };
 
 constexpr std::array masteringFields = {
@@ -126,6 +144,16 @@ EffectChain Codec<EffectChain>::read(DocumentReader &reader, const Json &json)
         chain.setEffect(place, effect);
     }
     return chain;
+}
+
+void Codec<OrkaSound>::write(DocumentWriter &writer, const OrkaSound &sound)
+{
+    writeObject(writer, sound, orkaSoundFields);
+}
+
+OrkaSound Codec<OrkaSound>::read(DocumentReader &reader, const Json &json)
+{
+    return Struct<OrkaSound, orkaSoundFields>::read(reader, json);
 }
 
 void Codec<Mastering>::write(DocumentWriter &writer, const Mastering &mastering)

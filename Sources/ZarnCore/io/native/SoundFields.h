@@ -27,6 +27,13 @@ struct Codec<EffectChain> {
     static EffectChain read(DocumentReader &reader, const Json &json);
 };
 
+/// Whatever patch it names, be it known here or not.
+template <>
+struct Codec<OrkaSound> {
+    static void write(DocumentWriter &writer, const OrkaSound &sound);
+    static OrkaSound read(DocumentReader &reader, const Json &json);
+};
+
 template <>
 struct Codec<Mastering> {
     static void write(DocumentWriter &writer, const Mastering &mastering);
