@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/ZarnException.h>
+#include <ZarnCore/instruments/ZarnInstrumentSet.h>
 #include <ZarnCore/instruments/ZarnSound.h>
 #include <ZarnCore/instruments/soundbanks/ZarnGuitarPickupSet.h>
 #include <ZarnCore/instruments/soundbanks/ZarnHVSoundFont.h>
@@ -240,6 +241,14 @@ TEST(OrkaSound, keepsTheNameOfItsPatchWhateverItStandsFor)
     sound.setSoundbankPatch(patch);
     EXPECT_EQ(sound.soundbankPatch(), patch) << "needs no catalogue";
     EXPECT_EQ(sound, OrkaSound("Strat-Guitar"));
+
+    Sound whole("Clean");
+    whole.setOrkaSound(sound);
+    EXPECT_EQ(whole.path(), InstrumentSet::soundCategoryFallback(InstrumentSet::steelGuitar));
+    EXPECT_EQ(whole.fullName(), whole.path() + "/Clean");
+    EXPECT_FALSE(whole.isEquivalent(whole)) << "no path is stored";
+    whole.setPath("Mine");
+    EXPECT_EQ(whole.path(), "Mine");
     sound.setSoundbankPatch(nullptr);
     EXPECT_EQ(sound, OrkaSound());
 }

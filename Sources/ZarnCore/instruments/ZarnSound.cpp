@@ -2,6 +2,8 @@
 #include <ZarnCore/instruments/ZarnSound.h>
 
 #include <ZarnCore/instruments/TextFields.h>
+#include <ZarnCore/instruments/ZarnInstrumentSet.h>
+#include <ZarnCore/instruments/soundbanks/ZarnSoundbankPatch.h>
 
 #include <utility>
 
@@ -16,6 +18,15 @@ constexpr char separator = ';';
 Sound::Sound(std::string name, const MIDISound &midiSound)
     : _name(std::move(name)), _midiSound(midiSound)
 {
+}
+
+std::string Sound::path() const
+{
+    if (!_path.empty())
+        return _path;
+    const auto patch = _orkaSound.soundbankPatch();
+    return patch != nullptr ? InstrumentSet::soundCategoryFallback(patch->instrumentSetType())
+                            : std::string();
 }
 
 std::string Sound::fullName() const

@@ -23,8 +23,9 @@ public:
     const std::string &name() const noexcept { return _name; }
     void setName(const std::string &name) { _name = name; }
 
-    /// Category path in the sound browser, with "/" between its components; may be empty.
-    std::string path() const { return _path; }
+    /// Category path in the sound browser, with "/" between its components: the stored one, or
+    /// that of the instrument set of the sampled sound's patch when none is stored; may be empty.
+    std::string path() const;
     const std::string &storedPath() const noexcept { return _path; }
     void setPath(const std::string &path) { _path = path; }
 
