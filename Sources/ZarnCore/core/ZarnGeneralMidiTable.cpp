@@ -6,11 +6,9 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QtConcurrent>
 
 #include <array>
 #include <exception>
-#include <utility>
 
 namespace zarn {
 
@@ -42,32 +40,18 @@ auto find(Entries &entries, unsigned number)
 
 GeneralMidiTable::GeneralMidiTable(const QString &root) : _root(root) { }
 
-GeneralMidiTable::~GeneralMidiTable()
-{
-    _building.waitForFinished();
-}
+GeneralMidiTable::~GeneralMidiTable() = default;
 
 void GeneralMidiTable::startBuilding(QThreadPool &pool)
 {
-    _building = QtConcurrent::run(&pool, [this] {
-        try {
-            build();
-        } catch (const std::exception &error) {
-            qCWarning(log::core).noquote() << "[GeneralMidiTable]" << error.what();
-        }
-    });
+    _building.start(pool, [this] { build(); });
 }
 
 void GeneralMidiTable::build()
 {
-    Entries instruments;
     for (const char *family : families)
-        list(_root + QLatin1Char('/') + QLatin1String(family), instruments);
-    Entries percussion;
-    list(_root + QLatin1Char('/') + QLatin1String(drums), percussion);
-    const std::lock_guard<std::mutex> lock(_mutex);
-    _instruments = std::move(instruments);
-    _percussion = std::move(percussion);
+        list(_root + QLatin1Char('/') + QLatin1String(family), _instruments);
+    list(_root + QLatin1Char('/') + QLatin1String(drums), _percussion);
 }
 
 void GeneralMidiTable::list(const QString &folder, Entries &entries) const
@@ -88,7 +72,7 @@ void GeneralMidiTable::list(const QString &folder, Entries &entries) const
 
 std::unique_lock<std::mutex> GeneralMidiTable::lockWhenBuilt() const
 {
-    QFuture<void>(_building).waitForFinished();
+    _building.wait();
     return std::unique_lock<std::mutex>(_mutex);
 }
 

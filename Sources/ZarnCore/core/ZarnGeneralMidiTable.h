@@ -2,8 +2,8 @@
 #pragma once
 
 #include <ZarnCore/ZarnExport.h>
+#include <ZarnCore/core/ZarnBackgroundTask.h>
 
-#include <QFuture>
 #include <QString>
 
 #include <map>
@@ -58,10 +58,11 @@ private:
     static QString pathOf(const Entries &entries, unsigned number);
 
     QString _root;
-    QFuture<void> _building;
+    /// Held while templates are looked up and read.
     mutable std::mutex _mutex;
     mutable Entries _instruments;
     mutable Entries _percussion;
+    BackgroundTask _building;
 };
 
 } // namespace zarn
