@@ -3,10 +3,12 @@
 // documents of one track without bars, in folders as the resources name them, and the .qrc file
 // that lists them. A file is written only when its content changes.
 //
-//     zarn_make_track_templates TABLE FOLDER
+//     zarn_make_track_templates TABLE TUNINGS FOLDER
+#include "CatalogueReading.h"
 #include "GeneralMidiTable.h"
 
 #include <ZarnCore/ZarnAssert.h>
+#include <ZarnCore/instruments/ZarnGuitarTuningLibrary.h>
 #include <ZarnCore/instruments/ZarnSound.h>
 #include <ZarnCore/io/ZarnNativeExporter.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
@@ -31,17 +33,48 @@ constexpr int percussionBank = 120;
     ZARN_RAISE_IN("main", (path + QStringLiteral(": ") + reason).toStdString());
 }
 
-void setTuning(const std::string &name, Track &track)
+QByteArray contentOf(const QString &path)
 {
-    if (name != "none")
-        ZARN_RAISE_IN("main", "there is no tuning \"" + name + "\"");
-    for (unsigned staff = 0; staff < track.staffCount(); ++staff)
-        track.staff(staff)->setTuning(GuitarTuning());
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        fail(path, file.errorString());
+    return file.readAll();
 }
+
+/// The tunings that rows name as "Instrument: Name"; "none" is that of an instrument that has no
+/// strings to finger.
+class TuningNames {
+public:
+    explicit TuningNames(const QString &path)
+    {
+        Complaints complaints;
+        readCatalogue({path.toStdString(), contentOf(path).toStdString()}, complaints,
+                      [this](const rapidjson::Document &document) {
+                          _library.parse(arrayOf(document, "tunings"));
+                      });
+        if (!complaints.empty())
+            ZARN_RAISE_IN("main", complaints.front());
+    }
+
+    GuitarTuning find(const std::string &name) const
+    {
+        if (name == "none")
+            return GuitarTuning();
+        for (const auto &tuning : _library.getTunings(GuitarTuning::CoreRole))
+            if (GuitarTuning::instrumentToString(tuning->instrument()) + ": " + tuning->name()
+                == name)
+                return *tuning;
+        ZARN_RAISE_IN("main", "there is no tuning \"" + name + "\"");
+    }
+
+private:
+    GuitarTuningLibrary _library;
+};
 
 /// A piece of percussion is named after its category ("Congas" for each of three keys), a program
 /// has its own name.
-std::shared_ptr<Track> makeTrack(const TemplateFamily &family, const TemplateRow &row)
+std::shared_ptr<Track> makeTrack(const TemplateFamily &family, const TemplateRow &row,
+                                 const TuningNames &tunings)
 {
     const auto track = ScoreModel::createTrack(row.type);
     if (!family.isPercussion)
@@ -51,8 +84,8 @@ std::shared_ptr<Track> makeTrack(const TemplateFamily &family, const TemplateRow
     track->setStaffCount(row.staves.value_or(track->staffCount()));
     track->setTranspositionOffset(row.transposition.value_or(track->transpositionOffset()));
     track->setIconID(row.icon.value_or(track->iconID()));
-    if (!row.tuning.empty())
-        setTuning(row.tuning, *track);
+    for (unsigned staff = 0; !row.tuning.empty() && staff < track->staffCount(); ++staff)
+        track->staff(staff)->setTuning(tunings.find(row.tuning));
     const auto program = static_cast<int>(row.number);
     track->addSound(std::make_shared<const Sound>(
         track->name(), family.isPercussion ? MIDISound(0, percussionBank) : MIDISound(program)));
@@ -86,8 +119,9 @@ void update(const QString &path, const QByteArray &content)
 }
 
 /// The hash in the listing makes it change with any template, so that a build need only watch it.
-void makeTemplates(const QString &table, const QDir &folder)
+void makeTemplates(const QString &table, const QString &tuningsPath, const QDir &folder)
 {
+    const TuningNames tunings(tuningsPath);
     QString listing;
     QCryptographicHash hash(QCryptographicHash::Sha256);
     for (const TemplateFamily &family : readGeneralMidiTable(table)) {
@@ -95,7 +129,7 @@ void makeTemplates(const QString &table, const QDir &folder)
             fail(folder.filePath(family.folder), QStringLiteral("cannot be made"));
         for (const TemplateRow &row : family.rows) {
             const QString name = family.folder + QLatin1Char('/') + fileName(family, row);
-            const QByteArray document = documentOf(makeTrack(family, row));
+            const QByteArray document = documentOf(makeTrack(family, row, tunings));
             update(folder.filePath(name), document);
             hash.addData(document);
             listing += QStringLiteral("    <file>%1</file>\n").arg(name.toHtmlEscaped());
@@ -112,12 +146,13 @@ void makeTemplates(const QString &table, const QDir &folder)
 
 int main(int argc, char **argv)
 {
-    if (argc != 3) {
-        std::fprintf(stderr, "usage: %s TABLE FOLDER\n", argv[0]);
+    if (argc != 4) {
+        std::fprintf(stderr, "usage: %s TABLE TUNINGS FOLDER\n", argv[0]);
         return 2;
     }
     try {
-        makeTemplates(QString::fromLocal8Bit(argv[1]), QDir(QString::fromLocal8Bit(argv[2])));
+        makeTemplates(QString::fromLocal8Bit(argv[1]), QString::fromLocal8Bit(argv[2]),
+                      QDir(QString::fromLocal8Bit(argv[3])));
     } catch (const CoreException &problem) {
         std::fprintf(stderr, "error: %s\n", problem.message().c_str());
         return 1;

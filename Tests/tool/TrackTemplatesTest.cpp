@@ -141,7 +141,7 @@ TEST(TrackTemplates, instrumentsAreSetUpAsTheirPlayersExpect)
         {65, InstrumentSet::saxophone, 1, -9, 0},    {66, InstrumentSet::saxophone, 1, -14, 0},
         {67, InstrumentSet::saxophone, 1, -21, 0},   {71, InstrumentSet::clarinet, 1, -2, 0},
         {72, InstrumentSet::piccolo, 1, 12, 0},      {105, InstrumentSet::banjo, 1, -12, 5},
-        {106, InstrumentSet::banjo, 1, 0, 0},        {107, InstrumentSet::banjo, 1, 0, 0},
+        {106, InstrumentSet::banjo, 1, 0, 3},        {107, InstrumentSet::banjo, 1, 0, 0},
     };
     const auto files = melodicTemplates();
     for (const Expected &expected : all) {
