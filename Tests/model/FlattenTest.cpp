@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ModelSamples.h"
 
+#include <ZarnCore/instruments/ZarnGuitarTuningLibrary.h>
 #include <ZarnCore/model/ZarnFlatten.h>
 #include <ZarnCore/model/ZarnGroupBarIndex.h>
 
@@ -85,6 +86,19 @@ TEST(Flatten, beatsAtAnOffset)
     ASSERT_EQ(notes.size(), 3U);
     EXPECT_EQ(notes[1], lower->beat(1)->note(1));
     EXPECT_EQ(flatten::notes(*bar, 0, false)[1], lower->beat(1)->note(0));
+}
+
+TEST(Flatten, tuningsOfALibrary)
+{
+    GuitarTuningLibrary library;
+    EXPECT_TRUE(flatten::tunings(library).empty());
+    const flatten::Tunings tunings{
+        std::make_shared<GuitarTuning>(std::vector<unsigned>{40, 45, 50, 55}),
+        std::make_shared<GuitarTuning>(std::vector<unsigned>{38, 45, 50, 55, 59, 64}),
+    };
+    library.addTuning(tunings[1], GuitarTuning::CoreRole);
+    library.addTuning(tunings[0], GuitarTuning::CoreRole);
+    EXPECT_EQ(flatten::tunings(library), tunings) << "in the order of the library";
 }
 
 TEST(GroupBarIndex, holdsBothBars)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/model/ZarnFlatten.h>
 
+#include <ZarnCore/instruments/ZarnGuitarTuningLibrary.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
 #include <algorithm>
@@ -281,6 +282,11 @@ Notes notes(const Bar &bar, const utils::rational &drawingOffset, bool sorted)
     for (const auto &beat : found)
         appendNotes(notes, *beat, sorted);
     return notes;
+}
+
+Tunings tunings(const GuitarTuningLibrary &library)
+{
+    return library.getTunings(GuitarTuningLibrary::allRoles);
 }
 
 } // namespace zarn::flatten

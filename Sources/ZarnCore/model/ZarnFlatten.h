@@ -11,6 +11,8 @@ namespace zarn {
 
 class Bar;
 class Beat;
+class GuitarTuning;
+class GuitarTuningLibrary;
 class Note;
 class ScoreModel;
 class Staff;
@@ -26,6 +28,7 @@ using Tracks = std::vector<std::shared_ptr<Track>>;
 using Staves = std::vector<std::shared_ptr<Staff>>;
 using Beats = std::vector<std::shared_ptr<Beat>>;
 using Notes = std::vector<std::shared_ptr<Note>>;
+using Tunings = std::vector<std::shared_ptr<GuitarTuning>>;
 
 /// The tracks whose instrument category has a bit in common with a mask, such as
 /// `InstrumentSet::pitched | InstrumentSet::unpitched` for all but those of an unknown instrument.
@@ -75,6 +78,9 @@ ZARNCORE_EXPORT unsigned noteCount(const Beat &beat);
 
 /// The notes of the beats that start at an offset.
 ZARNCORE_EXPORT Notes notes(const Bar &bar, const utils::rational &drawingOffset, bool sorted);
+
+/// Every tuning of a library: the built-in ones, then the user's.
+ZARNCORE_EXPORT Tunings tunings(const GuitarTuningLibrary &library);
 
 } // namespace flatten
 } // namespace zarn
