@@ -6,61 +6,41 @@
 #include <ZarnCore/score/ZarnScore.h>
 
 #include <algorithm>
-#include <utility>
 
 namespace zarn {
 
 AudioTrackPlacing::~AudioTrackPlacing() = default;
 
-bool AudioTrackPlacing::prepareInsertion(Score *score, unsigned index,
-                                         std::shared_ptr<AudioTrack> track)
-{
-    setScore(score);
-    _index = index;
-    _track = std::move(track);
-    return canGoIn();
-}
-
-bool AudioTrackPlacing::prepareRemoval(Score *score, unsigned index)
-{
-    setScore(score);
-    _index = index;
-    return canGoOut();
-}
-
-bool AudioTrackPlacing::canGoIn() const
+bool AudioTrackPlacing::canGoIn(unsigned index, const std::shared_ptr<AudioTrack> &track) const
 {
     const auto &tracks = model().audioTracks();
-    return _track != nullptr && _index <= tracks.size()
-        && std::find(tracks.begin(), tracks.end(), _track) == tracks.end();
+    return track != nullptr && index <= tracks.size()
+        && std::find(tracks.begin(), tracks.end(), track) == tracks.end();
 }
 
-bool AudioTrackPlacing::canGoOut() const
+bool AudioTrackPlacing::canGoOut(unsigned index) const
 {
-    return _index < model().audioTrackCount();
+    return index < model().audioTrackCount();
 }
 
-void AudioTrackPlacing::putIn()
+void AudioTrackPlacing::insert(unsigned index, const std::shared_ptr<AudioTrack> &track)
 {
-    requirePlace(canGoIn());
-    model().insertAudioTrack(_index, _track);
-    _track.reset();
+    model().insertAudioTrack(index, track);
 }
 
-void AudioTrackPlacing::takeOut()
+std::shared_ptr<AudioTrack> AudioTrackPlacing::remove(unsigned index)
 {
-    requirePlace(canGoOut());
-    _track = model().removeAudioTrack(_index);
+    return model().removeAudioTrack(index);
 }
 
 void AudioTrackPlacing::announceIn()
 {
-    score().notify(this, evt::AddAudioTrack(static_cast<int>(_index)));
+    score().notify(this, evt::AddAudioTrack(index()));
 }
 
 void AudioTrackPlacing::announceOut()
 {
-    score().notify(this, evt::RemoveAudioTrack(static_cast<int>(_index)));
+    score().notify(this, evt::RemoveAudioTrack(index()));
 }
 
 } // namespace zarn

@@ -6,7 +6,6 @@
 #include <ZarnCore/score/ZarnScore.h>
 
 #include <algorithm>
-#include <utility>
 
 namespace zarn {
 
@@ -32,51 +31,37 @@ bool fits(const Track &track, unsigned barCount)
 
 TrackPlacing::~TrackPlacing() = default;
 
-bool TrackPlacing::prepareInsertion(Score *score, unsigned index, std::shared_ptr<Track> track)
+/// A track that is longer than the score would lose music.
+bool TrackPlacing::canGoIn(unsigned index, const std::shared_ptr<Track> &track) const
 {
-    setScore(score);
-    _index = index;
-    _track = std::move(track);
-    return canGoIn();
+    return track != nullptr && index <= model().trackCount() && track->parentScoreModel() == nullptr
+        && fits(*track, model().masterTrack()->masterBarCount());
 }
 
-bool TrackPlacing::prepareRemoval(Score *score, unsigned index)
+bool TrackPlacing::canGoOut(unsigned index) const
 {
-    setScore(score);
-    _index = index;
     return model().hasTrackIndex(index);
 }
 
-/// A track that is longer than the score would lose music.
-bool TrackPlacing::canGoIn() const
+void TrackPlacing::insert(unsigned index, const std::shared_ptr<Track> &track)
 {
-    return _track != nullptr && _index <= model().trackCount()
-        && _track->parentScoreModel() == nullptr
-        && fits(*_track, model().masterTrack()->masterBarCount());
+    model().insertTrack(index, track, true);
 }
 
-void TrackPlacing::putIn()
+std::shared_ptr<Track> TrackPlacing::remove(unsigned index)
 {
-    requirePlace(canGoIn());
-    model().insertTrack(_index, _track, true);
-    _track.reset();
-}
-
-void TrackPlacing::takeOut()
-{
-    requirePlace(model().hasTrackIndex(_index));
-    score().notify(this, evt::WillRemoveTrack(static_cast<int>(_index)));
-    _track = model().removeTrack(_index);
+    score().notify(this, evt::WillRemoveTrack(static_cast<int>(index)));
+    return model().removeTrack(index);
 }
 
 void TrackPlacing::announceIn()
 {
-    score().notify(this, evt::RequestAddTracks(static_cast<int>(_index), 1));
+    score().notify(this, evt::RequestAddTracks(index(), 1));
 }
 
 void TrackPlacing::announceOut()
 {
-    score().notify(this, evt::RemoveTrack(static_cast<int>(_index)));
+    score().notify(this, evt::RemoveTrack(index()));
 }
 
 } // namespace zarn
