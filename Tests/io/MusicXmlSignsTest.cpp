@@ -247,3 +247,49 @@ TEST(MusicXmlSigns, ottavasStandOverTheBeatsBetweenTheirEnds)
     EXPECT_EQ(signs,
               (std::vector<Ottavia>{Ottavia::None, Ottavia::_8va, Ottavia::_8va, Ottavia::None}));
 }
+
+TEST(MusicXmlSigns, barsThatAreWrittenAsRepeatsAreMarked)
+{
+    const std::string both =
+        note("C", 5, 4, "whole") + backup(4) + note("C", 3, 4, "whole", {}, "2", 2);
+    const auto style = [](const char *type, const char *count, const char *staff = "") {
+        return attributes(std::string("<measure-style") + staff + "><measure-repeat type=\"" + type
+                          + "\">" + count + "</measure-repeat></measure-style>");
+    };
+    const auto marksOf = [](const std::string &measures, ImportReport &report) {
+        std::string text;
+        const auto model = import(score(measures), report);
+        for (const auto &staff : model->track(0)->staves()) {
+            for (const auto &bar : staff->bars()) {
+                EXPECT_TRUE(bar->hasBeats()) << "the notes stay";
+                constexpr char signs[] = "%D12";
+                text += bar->isSimile() ? signs[static_cast<int>(bar->simileMark()) / 16 == 1
+                                                    ? 0
+                                                    : static_cast<int>(bar->simileMark()) - 31]
+                                        : '-';
+            }
+            text += ' ';
+        }
+        return text;
+    };
+    ImportReport report;
+    EXPECT_EQ(marksOf(measure(attributes("<staves>2</staves>") + both)
+                          + measure(style("start", "1") + both) + measure(both)
+                          + measure(style("stop", "") + both)
+                          + measure(style("start", "2", " number=\"2\"") + both) + measure(both)
+                          + measure(both),
+                      report),
+              "-%%---- -%%-12- ");
+    EXPECT_TRUE(report.hasProblem("half of a sign"));
+    EXPECT_TRUE(report.unheld().empty());
+
+    ImportReport broken;
+    EXPECT_EQ(marksOf(measure(style("start", "1") + attributes("<staves>2</staves>") + both)
+                          + measure(style("start", "4") + both)
+                          + measure(style("start", "x") + both),
+                      broken),
+              "--% --% ");
+    EXPECT_TRUE(broken.hasProblem("has none before it"));
+    EXPECT_TRUE(broken.hasProblem("no number"));
+    EXPECT_EQ(broken.unheld().at("measure-repeat"), 1U);
+}

@@ -215,4 +215,24 @@ TEST(Show, aScoreWithoutTracksOrBarsIsNoError)
     EXPECT_NO_THROW(picture(*barsOnly.scoreModel(), 80));
 }
 
+TEST(Show, barsThatRepeatAreSignsUntilTheyAreChanged)
+{
+    const auto score = scoreOf("guitar: 1:1q 1:2 1:3 1:4 | 1:1q 1:2 1:3 1:4 | 2:1h 2:3h "
+                               "| 1:1q 1:2 1:3 1:4 | 2:1h 2:3h");
+    Track &track = *score->scoreModel()->track(0);
+    track.bar(1)->setSimileMark(SimileMark::Simple);
+    track.bar(3)->setSimileMark(SimileMark::FirstOfDouble);
+    track.bar(4)->setSimileMark(SimileMark::SecondOfDouble);
+    const auto frets = [&] {
+        const std::string drawn = picture(*score->scoreModel(), 200);
+        return std::make_pair(std::count(drawn.begin(), drawn.end(), '4'),
+                              QString::fromStdString(drawn).count(QStringLiteral("%%")));
+    };
+    const auto whole = frets();
+    EXPECT_EQ(whole.second, 2);
+    track.bar(3)->voice(0)->beat(3)->note(0)->setFret(14);
+    EXPECT_EQ(frets().first, whole.first + 1) << "the changed bar is written out";
+    EXPECT_EQ(frets().second, 1);
+}
+
 } // namespace

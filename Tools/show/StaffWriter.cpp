@@ -4,6 +4,7 @@
 #include "common/Texts.h"
 #include "show/Glyphs.h"
 #include "show/Legend.h"
+#include "show/SimileBars.h"
 
 #include <ZarnCore/music/ZarnTimeSignature.h>
 
@@ -92,14 +93,15 @@ void StaffWriter::writeTimeSignature(const TimeSignature &signature, SheetBar &i
 void StaffWriter::writeBar(const Bar &bar, SheetBar &into)
 {
     beginBar(bar);
-    for (unsigned voice = 0; voice < Bar::MaxVoices; ++voice)
-        if (const auto &held = bar.voices()[voice])
-            writeVoice(*held, voice, into);
-    if (bar.isSimile() && !bar.hasBeats()) {
+    if (isDrawnAsSimile(bar)) {
         const bool isSimple = bar.simileMark() == SimileMark::Simple;
         into.put({0, ColumnKey::Beat}, rhythmLane(0),
                  isSimple ? QStringLiteral("%") : QStringLiteral("%%"), Ink::Rhythm);
         _legend.use(Legend::Sign::Simile);
+    } else {
+        for (unsigned voice = 0; voice < Bar::MaxVoices; ++voice)
+            if (const auto &held = bar.voices()[voice])
+                writeVoice(*held, voice, into);
     }
     endBar(into);
 }

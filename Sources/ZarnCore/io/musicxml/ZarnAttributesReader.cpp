@@ -85,7 +85,7 @@ void AttributesReader::read(pugi::xml_node node, PartFacts &facts, MeasureTimeli
             readTranspose(child, facts);
             break;
         case Tag::MeasureStyle:
-            _context.addUnheldChildren(child);
+            readMeasureStyle(child, facts);
             break;
         default:
             _context.addUnheld(child, tag);
@@ -260,6 +260,25 @@ void AttributesReader::readStaffDetails(pugi::xml_node node, PartFacts &facts)
         _context.addProblem(node, "the tuning changes; the first one was kept");
     else
         staff.tuning = std::move(tuning);
+}
+
+void AttributesReader::readMeasureStyle(pugi::xml_node node, PartFacts &facts)
+{
+    for (auto child = node.first_child(); child; child = child.next_sibling()) {
+        if (const auto tag = tagOf(child.name()); tag != Tag::MeasureRepeat) {
+            _context.addUnheld(child, tag);
+            continue;
+        }
+        const bool ends = std::strcmp(child.attribute("type").value(), "stop") == 0;
+        const int count = ends ? 0 : _context.integer(child, 1);
+        if (!ends && count != 1 && count != 2)
+            _context.addUnheld(child);
+        else if (_context.bar() < count)
+            _context.addProblem(child,
+                                "a sign that repeats bars has none before it and was left out");
+        else
+            facts.measureRepeats.push_back({_context.bar(), staffOf(node), count, child});
+    }
 }
 
 void AttributesReader::readTranspose(pugi::xml_node node, PartFacts &facts)

@@ -9,7 +9,8 @@ class ImportContext;
 class MeasureTimeline;
 struct SourceTally;
 
-/// Reads <attributes>: divisions, keys, times, clefs, staves, tunings and transpositions.
+/// Reads <attributes>: divisions, keys, times, clefs, staves, tunings, transpositions and
+/// signs that repeat bars.
 class AttributesReader {
 public:
     AttributesReader(ImportContext &context, SourceTally &tally);
@@ -23,6 +24,7 @@ private:
     void readTime(pugi::xml_node node, PartFacts &facts);
     void readClef(pugi::xml_node node, PartFacts &facts, const utils::rational &position);
     void readStaffDetails(pugi::xml_node node, PartFacts &facts);
+    void readMeasureStyle(pugi::xml_node node, PartFacts &facts);
     void readTranspose(pugi::xml_node node, PartFacts &facts);
 
     ImportContext &_context;

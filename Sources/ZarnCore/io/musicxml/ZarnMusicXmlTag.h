@@ -72,6 +72,7 @@ enum class Tag : std::uint8_t {
     Line,
     Lyric,
     Measure,
+    MeasureRepeat,
     MeasureStyle,
     Metronome,
     MidiChannel,

@@ -77,6 +77,14 @@ struct WrittenJump {
     pugi::xml_node node;
 };
 
+/// Bars that repeat those before begin to be written as signs, or cease to be.
+struct WrittenMeasureRepeat {
+    int bar;
+    int staff; ///< -1 for all
+    int count; ///< bars that one sign repeats; 0 where it ends
+    pugi::xml_node node;
+};
+
 struct WrittenStaff {
     int lines = 0;           ///< 0: not said
     std::vector<int> tuning; ///< MIDI keys, the lowest string first
@@ -99,6 +107,7 @@ struct PartFacts {
     std::vector<WrittenEnding> endings;
     std::vector<WrittenSection> sections;
     std::vector<WrittenJump> jumps;
+    std::vector<WrittenMeasureRepeat> measureRepeats;
     std::vector<int> doubleBars;
     std::vector<WrittenBar> bars;
     std::vector<WrittenStaff> staves;

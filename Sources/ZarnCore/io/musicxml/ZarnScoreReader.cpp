@@ -82,6 +82,7 @@ std::shared_ptr<ScoreModel> ScoreReader::read(ImportReport &report)
     for (std::size_t part = 0; part < sources.size(); ++part) {
         _context.setPlace(static_cast<int>(part), -1);
         setClefs(_facts[part], _bars[part], _context);
+        setSimileMarks(_facts[part], _bars[part], _context);
         _model->addTrack(makeTrack(sources[part].listed, _facts[part], _tally.parts[part].notes,
                                    std::move(_bars[part])));
     }

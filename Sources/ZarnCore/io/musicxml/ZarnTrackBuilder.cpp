@@ -74,6 +74,27 @@ bool hasFrets(const Staff::Bars &bars)
     return false;
 }
 
+/// Marks the bars from where a repeat begins up to, not including, `end`.
+void markSimiles(const WrittenMeasureRepeat &repeat, int end, const Staff::Bars &bars,
+                 ImportContext &context)
+{
+    if (repeat.count == 0)
+        return;
+    int bar = repeat.bar;
+    for (; bar + repeat.count <= end; bar += repeat.count) {
+        const auto at = static_cast<std::size_t>(bar);
+        if (repeat.count == 1) {
+            bars[at]->setSimileMark(SimileMark::Simple);
+        } else {
+            bars[at]->setSimileMark(SimileMark::FirstOfDouble);
+            bars[at + 1]->setSimileMark(SimileMark::SecondOfDouble);
+        }
+    }
+    if (bar < end)
+        context.addProblemInBar(bar, repeat.node,
+                                "half of a sign that repeats two bars was left out");
+}
+
 } // namespace
 
 void setClefs(const PartFacts &facts, StaffBars &staves, ImportContext &context)
@@ -114,6 +135,19 @@ void setClefs(const PartFacts &facts, StaffBars &staves, ImportContext &context)
                 bar.setClefChanges(std::move(inside));
             current = after;
         }
+    }
+}
+
+void setSimileMarks(const PartFacts &facts, StaffBars &staves, ImportContext &context)
+{
+    for (std::size_t i = 0; i < staves.size(); ++i) {
+        std::vector<WrittenMeasureRepeat> repeats;
+        for (const auto &repeat : facts.measureRepeats)
+            if (repeat.staff == -1 || repeat.staff == static_cast<int>(i))
+                repeats.push_back(repeat);
+        repeats.push_back({static_cast<int>(staves[i].size()), -1, 0, {}});
+        for (std::size_t r = 0; r + 1 < repeats.size(); ++r)
+            markSimiles(repeats[r], repeats[r + 1].bar, staves[i], context);
     }
 }
 
