@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/instruments/ZarnNotationPatch.h>
 
+#include <ZarnCore/instruments/InstrumentTypeTable.h>
 #include <ZarnCore/utils/JsonMembers.h>
 
 #include <algorithm>
@@ -36,19 +37,6 @@ NotationPatch::Staff staffFrom(const utils::JsonMembers &json)
     }
     return staff;
 }
-
-/// A group's code ends in bytes of 0, which stand for whatever its members have there.
-constexpr bool isIn(std::uint32_t type, std::uint32_t group) noexcept
-{
-    std::uint32_t mask = 0xFFFFFFFF;
-    for (std::uint32_t low = 0xFF; mask != 0 && (group & low) == 0; low = low << 8 | 0xFF)
-        mask = ~low;
-    return (type & mask) == group;
-}
-static_assert(isIn(InstrumentSet::steelGuitar, InstrumentSet::stringed));
-static_assert(isIn(InstrumentSet::steelGuitar, InstrumentSet::pitched));
-static_assert(!isIn(InstrumentSet::steelGuitar, InstrumentSet::nylonGuitar));
-static_assert(!isIn(InstrumentSet::harp, InstrumentSet::bowed));
 
 } // namespace
 
@@ -89,8 +77,9 @@ std::shared_ptr<NotationPatch> NotationPatch::parse(const rapidjson::Value &valu
 
 bool NotationPatch::suits(InstrumentSet::Type type) const noexcept
 {
-    return std::any_of(_types.begin(), _types.end(),
-                       [type](InstrumentSet::Type group) { return isIn(type, group); });
+    return std::any_of(_types.begin(), _types.end(), [type](InstrumentSet::Type group) {
+        return detail::isInGroup(type, group);
+    });
 }
 
 } // namespace zarn

@@ -133,10 +133,16 @@ const std::string &soundbankPatchReplacement(const std::string &id)
 std::shared_ptr<SoundbankPatch> resolveSoundbankPatch(const SoundbankPatches &patches,
                                                       const std::string &id)
 {
+    const auto find = [&patches](const std::string &candidate) {
+        const auto found = patches.find(candidate);
+        return found != patches.end() ? found->second : nullptr;
+    };
     const std::string &replacement = soundbankPatchReplacement(id);
-    for (const auto &candidate : {replacement, id, soundbankPatchReplacement(replacement)})
-        if (const auto found = patches.find(candidate); found != patches.end())
-            return found->second;
+    if (replacement.empty())
+        return find(id);
+    for (const auto *candidate : {&replacement, &id, &soundbankPatchReplacement(replacement)})
+        if (auto patch = find(*candidate))
+            return patch;
     return nullptr;
 }
 
