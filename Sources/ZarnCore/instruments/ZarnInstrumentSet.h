@@ -10,6 +10,7 @@
 #include <rapidjson/fwd.h>
 
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <string>
 #include <unordered_map>
@@ -66,6 +67,94 @@ public:
             latinoKit, maracas, sambaKit, timbales, whistles, woodblocks,
     };
     // clang-format on
+
+    InstrumentSet() = default;
+    explicit InstrumentSet(Type type) : _type(type) { }
+
+    /// For people, UTF-8.
+    const std::string &name() const noexcept { return _name; }
+    void setName(const std::string &name) { _name = name; }
+
+    Type type() const noexcept { return _type; }
+    void setType(Type type) noexcept { _type = type; }
+    std::string typeName() const { return typeName(_type); }
+
+    /// Lines of the staff.
+    unsigned lineCount() const noexcept { return _lineCount; }
+    void setLineCount(unsigned count) noexcept { _lineCount = count; }
+
+    const std::vector<InstrumentSetElement> &elements() const noexcept { return _elements; }
+    void setElements(std::vector<InstrumentSetElement> elements);
+
+    /// Empty for a set that plays pitches.
+    const std::vector<InstrumentArticulation> &articulations() const noexcept
+    {
+        return _articulations;
+    }
+    void setArticulations(std::vector<InstrumentArticulation> articulations);
+
+    /// Reads a set of a document (Documents/catalogues.md) in place of what this one held. Raises
+    /// a `CoreException` that names the place, and changes nothing, when a member is missing or of
+    /// another type. An unknown type reads as `unknown`.
+    void parse(const rapidjson::Value &value);
+
+    // Numbers of articulations, counted from 0 in the order of the set; -1 when there is none.
+    // Where several fit, the first counts.
+
+    int indexOfArticulation(const InstrumentArticulation &articulation) const;
+    /// The articulation that a MIDI key enters.
+    int indexOfArticulationWithMidi(std::int32_t midi) const noexcept;
+    int indexOfArticulationWithName(const std::string &name) const;
+    int indexOfArticulationWithNameAndStaffLine(const std::string &name,
+                                                std::int32_t staffLine) const;
+    /// By the place on the staff and the MIDI key that plays it, as a note has them; when none is
+    /// played so, by the key that enters it.
+    int indexOfArticulationWithStaffLineAndKey(std::int32_t staffLine,
+                                               std::int32_t key) const noexcept;
+    int indexOfFirstArticulationWithStaffLine(std::int32_t staffLine) const noexcept;
+
+    /// The next or previous articulation of the same element, in a circle: from closed hi-hat to
+    /// open, half-open, pedal and so on to closed again. An element's only articulation leads to
+    /// itself; -1 for a number that is none.
+    int nextIndexOfArticulationWithSharedElement(int index) const noexcept;
+    int previousIndexOfArticulationWithSharedElement(int index) const noexcept;
+
+    /// Those of one element, in order.
+    std::vector<InstrumentArticulation>
+    articulationsWithElement(const InstrumentSetElement &element) const;
+
+    /// Places on the staff that hold an articulation, each once, from the lowest up.
+    std::vector<std::int32_t> staffLines() const;
+
+    /// The nearest place above or below that holds an articulation; the place itself where there
+    /// is none, so that a cursor stops at the highest and the lowest. In a drum kit the snare (5)
+    /// leads up to 6 and down to 4.
+    std::int32_t nextLine(std::int32_t staffLine) const noexcept;
+    std::int32_t previousLine(std::int32_t staffLine) const noexcept;
+
+    /// Adds to a beat the note that a MIDI key enters, and returns it: for percussion that of the
+    /// first articulation with this key among its inputs, with the key that plays it, its place on
+    /// the staff and the kind of its head; for other sets a note of this pitch as written. A note
+    /// that the beat holds already is returned as it is. Empty, and nothing is added, when no
+    /// articulation has the key or when a note cannot hold its numbers.
+    std::shared_ptr<Note> addNoteFromMidi(Beat &beat, std::int32_t midi) const;
+
+    /// Takes an element over from another set, for music that is brought here. An element of the
+    /// same name and type is kept and gets the other's sound bank if it has none; a new one joins
+    /// at the end. Returns its place.
+    unsigned mergeInstrumentElement(const InstrumentSetElement &element);
+
+    /// Takes an articulation over with its element. One of the same element, name and place on
+    /// the staff is kept and entered by the other's MIDI keys too, as far as they enter nothing
+    /// else here; a new one joins at the end. Returns its number, by which notes may name it.
+    int mergeInstrumentArticulation(const InstrumentArticulation &articulation);
+
+    /// Where an element of a kit stands in a usual mix, as the audience sees it: kick and snare in
+    /// the middle, hi-hat right, ride left, the toms from right (first) to left (last). Full level
+    /// in the middle for elements that are not of this set, and for sets that are no kits.
+    ZarnVolumePan volumePanFromElement(const InstrumentSetElement &element) const;
+
+    // Categories.
 
     /// "nylonGuitar"; "unknown" for a code without a text.
     static std::string typeToString(Type type);
@@ -164,92 +253,6 @@ public:
     /// category. The icon of a track without instrument for a path that is none.
     static ZarnIconID soundCategoryToIconID(const std::string &path);
 
-    InstrumentSet() = default;
-    explicit InstrumentSet(Type type) : _type(type) { }
-
-    /// For people, UTF-8.
-    const std::string &name() const noexcept { return _name; }
-    void setName(const std::string &name) { _name = name; }
-
-    Type type() const noexcept { return _type; }
-    void setType(Type type) noexcept { _type = type; }
-    std::string typeName() const { return typeName(_type); }
-
-    /// Lines of the staff.
-    unsigned lineCount() const noexcept { return _lineCount; }
-    void setLineCount(unsigned count) noexcept { _lineCount = count; }
-
-    const std::vector<InstrumentSetElement> &elements() const noexcept { return _elements; }
-    void setElements(std::vector<InstrumentSetElement> elements);
-
-    /// Empty for a set that plays pitches.
-    const std::vector<InstrumentArticulation> &articulations() const noexcept
-    {
-        return _articulations;
-    }
-    void setArticulations(std::vector<InstrumentArticulation> articulations);
-
-    /// Reads a set of a document (Documents/catalogues.md) in place of what this one held. Raises
-    /// a `CoreException` that names the place, and changes nothing, when a member is missing or of
-    /// another type. An unknown type reads as `unknown`.
-    void parse(const rapidjson::Value &value);
-
-    // Numbers of articulations, counted from 0 in the order of the set; -1 when there is none.
-    // Where several fit, the first counts.
-
-    int indexOfArticulation(const InstrumentArticulation &articulation) const noexcept;
-    /// The articulation that a MIDI key enters.
-    int indexOfArticulationWithMidi(std::int32_t midi) const noexcept;
-    int indexOfArticulationWithName(const std::string &name) const;
-    int indexOfArticulationWithNameAndStaffLine(const std::string &name,
-                                                std::int32_t staffLine) const noexcept;
-    /// By the place on the staff and the MIDI key that plays it, as a note has them; when none is
-    /// played so, by the key that enters it.
-    int indexOfArticulationWithStaffLineAndKey(std::int32_t staffLine,
-                                               std::int32_t key) const noexcept;
-    int indexOfFirstArticulationWithStaffLine(std::int32_t staffLine) const noexcept;
-
-    /// The next or previous articulation of the same element, in a circle: from closed hi-hat to
-    /// open, half-open, pedal and so on to closed again. An element's only articulation leads to
-    /// itself; -1 for a number that is none.
-    int nextIndexOfArticulationWithSharedElement(int index) const noexcept;
-    int previousIndexOfArticulationWithSharedElement(int index) const noexcept;
-
-    /// Those of one element, in order.
-    std::vector<InstrumentArticulation>
-    articulationsWithElement(const InstrumentSetElement &element) const;
-
-    /// Places on the staff that hold an articulation, each once, from the lowest up.
-    std::vector<std::int32_t> staffLines() const;
-
-    /// The nearest place above or below that holds an articulation; the place itself where there
-    /// is none, so that a cursor stops at the highest and the lowest. In a drum kit the snare (5)
-    /// leads up to 6 and down to 4.
-    std::int32_t nextLine(std::int32_t staffLine) const noexcept;
-    std::int32_t previousLine(std::int32_t staffLine) const noexcept;
-
-    /// Adds to a beat the note that a MIDI key enters, and returns it: for percussion that of the
-    /// first articulation with this key among its inputs, with the key that plays it, its place on
-    /// the staff and the kind of its head; for other sets a note of this pitch as written. A note
-    /// that the beat holds already is returned as it is. Empty, and nothing is added, when no
-    /// articulation has the key or when a note cannot hold its numbers.
-    std::shared_ptr<Note> addNoteFromMidi(Beat &beat, std::int32_t midi) const;
-
-    /// Takes an element over from another set, for music that is brought here. An element of the
-    /// same name and type is kept and gets the other's sound bank if it has none; a new one joins
-    /// at the end. Returns its place.
-    unsigned mergeInstrumentElement(const InstrumentSetElement &element);
-
-    /// Takes an articulation over with its element. One of the same element, name and place on
-    /// the staff is kept and entered by the other's MIDI keys too, as far as they enter nothing
-    /// else here; a new one joins at the end. Returns its number, by which notes may name it.
-    int mergeInstrumentArticulation(const InstrumentArticulation &articulation);
-
-    /// Where an element of a kit stands in a usual mix, as the audience sees it: kick and snare in
-    /// the middle, hi-hat right, ride left, the toms from right (first) to left (last). Full level
-    /// in the middle for elements that are not of this set, and for sets that are no kits.
-    ZarnVolumePan volumePanFromElement(const InstrumentSetElement &element) const;
-
     /// Name, type, lines, elements and articulations.
     friend ZARNCORE_EXPORT bool operator==(const InstrumentSet &a, const InstrumentSet &b) noexcept;
     friend bool operator!=(const InstrumentSet &a, const InstrumentSet &b) noexcept
@@ -259,7 +262,6 @@ public:
 
 private:
     void indexArticulations();
-    void indexArticulation(int index);
     int stepInElement(int index, int step) const noexcept;
 
     std::string _name;
@@ -267,8 +269,12 @@ private:
     unsigned _lineCount = 5;
     std::vector<InstrumentSetElement> _elements;
     std::vector<InstrumentArticulation> _articulations;
+
+    // The first articulation of each, by number.
     std::unordered_map<std::string, int> _articulationOfName;
     std::unordered_map<std::int32_t, int> _articulationOfMidi;
+    std::unordered_map<std::uint64_t, int> _articulationOfLineAndKey;
+    std::map<std::int32_t, int> _articulationOfLine;
 };
 
 } // namespace zarn

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <set>
 #include <utility>
 
 namespace zarn {
@@ -16,18 +15,19 @@ int numberAt(const std::unordered_map<Key, int> &numbers, const Key &key)
     return found == numbers.end() ? -1 : found->second;
 }
 
-/// Number of the first that fits; -1 when none does.
+/// Number of the first from `first` on that fits; -1 when none does, or when `first` is -1.
 template <typename Fits>
-int indexOfFirst(const std::vector<InstrumentArticulation> &articulations, Fits fits)
+int indexOfFirst(const std::vector<InstrumentArticulation> &articulations, int first, Fits fits)
 {
-    const auto found = std::find_if(articulations.begin(), articulations.end(), fits);
+    if (first < 0)
+        return -1;
+    const auto found = std::find_if(articulations.begin() + first, articulations.end(), fits);
     return found == articulations.end() ? -1 : static_cast<int>(found - articulations.begin());
 }
 
-bool hasInput(const InstrumentArticulation &articulation, std::int32_t midi)
+constexpr std::uint64_t lineAndKey(std::int32_t line, std::int32_t key) noexcept
 {
-    const auto &inputs = articulation.inputMidiNumbers();
-    return std::find(inputs.begin(), inputs.end(), midi) != inputs.end();
+    return std::uint64_t{static_cast<std::uint32_t>(line)} << 32 | static_cast<std::uint32_t>(key);
 }
 
 } // namespace
@@ -47,21 +47,31 @@ void InstrumentSet::indexArticulations()
 {
     _articulationOfName.clear();
     _articulationOfMidi.clear();
-    for (int index = 0; index < static_cast<int>(_articulations.size()); ++index)
-        indexArticulation(index);
+    _articulationOfLineAndKey.clear();
+    _articulationOfLine.clear();
+    int index = 0;
+    for (const InstrumentArticulation &articulation : _articulations) {
+        const auto line = articulation.staffLine();
+        _articulationOfName.emplace(articulation.name(), index);
+        _articulationOfLine.emplace(line, index);
+        _articulationOfLineAndKey.emplace(lineAndKey(line, articulation.outputMidiNumber()), index);
+        for (const std::int32_t midi : articulation.inputMidiNumbers())
+            _articulationOfMidi.emplace(midi, index);
+        ++index;
+    }
+    // Keys that enter an articulation count behind those that play one.
+    index = 0;
+    for (const InstrumentArticulation &articulation : _articulations) {
+        for (const std::int32_t midi : articulation.inputMidiNumbers())
+            _articulationOfLineAndKey.emplace(lineAndKey(articulation.staffLine(), midi), index);
+        ++index;
+    }
 }
 
-void InstrumentSet::indexArticulation(int index)
+int InstrumentSet::indexOfArticulation(const InstrumentArticulation &articulation) const
 {
-    const InstrumentArticulation &articulation = _articulations[static_cast<std::size_t>(index)];
-    _articulationOfName.emplace(articulation.name(), index);
-    for (const std::int32_t midi : articulation.inputMidiNumbers())
-        _articulationOfMidi.emplace(midi, index);
-}
-
-int InstrumentSet::indexOfArticulation(const InstrumentArticulation &articulation) const noexcept
-{
-    return indexOfFirst(_articulations, [&](const auto &own) { return own == articulation; });
+    return indexOfFirst(_articulations, indexOfArticulationWithName(articulation.name()),
+                        [&](const auto &own) { return own == articulation; });
 }
 
 int InstrumentSet::indexOfArticulationWithMidi(std::int32_t midi) const noexcept
@@ -75,9 +85,9 @@ int InstrumentSet::indexOfArticulationWithName(const std::string &name) const
 }
 
 int InstrumentSet::indexOfArticulationWithNameAndStaffLine(const std::string &name,
-                                                           std::int32_t staffLine) const noexcept
+                                                           std::int32_t staffLine) const
 {
-    return indexOfFirst(_articulations, [&](const auto &own) {
+    return indexOfFirst(_articulations, indexOfArticulationWithName(name), [&](const auto &own) {
         return own.staffLine() == staffLine && own.name() == name;
     });
 }
@@ -85,20 +95,13 @@ int InstrumentSet::indexOfArticulationWithNameAndStaffLine(const std::string &na
 int InstrumentSet::indexOfArticulationWithStaffLineAndKey(std::int32_t staffLine,
                                                           std::int32_t key) const noexcept
 {
-    const int played = indexOfFirst(_articulations, [&](const auto &own) {
-        return own.staffLine() == staffLine && own.outputMidiNumber() == key;
-    });
-    if (played >= 0)
-        return played;
-    return indexOfFirst(_articulations, [&](const auto &own) {
-        return own.staffLine() == staffLine && hasInput(own, key);
-    });
+    return numberAt(_articulationOfLineAndKey, lineAndKey(staffLine, key));
 }
 
 int InstrumentSet::indexOfFirstArticulationWithStaffLine(std::int32_t staffLine) const noexcept
 {
-    return indexOfFirst(_articulations,
-                        [&](const auto &own) { return own.staffLine() == staffLine; });
+    const auto found = _articulationOfLine.find(staffLine);
+    return found == _articulationOfLine.end() ? -1 : found->second;
 }
 
 int InstrumentSet::nextIndexOfArticulationWithSharedElement(int index) const noexcept
@@ -135,32 +138,22 @@ InstrumentSet::articulationsWithElement(const InstrumentSetElement &element) con
 
 std::vector<std::int32_t> InstrumentSet::staffLines() const
 {
-    std::set<std::int32_t> lines;
-    for (const InstrumentArticulation &articulation : _articulations)
-        lines.insert(articulation.staffLine());
-    return {lines.begin(), lines.end()};
+    std::vector<std::int32_t> lines;
+    for (const auto &[line, index] : _articulationOfLine)
+        lines.push_back(line);
+    return lines;
 }
 
 std::int32_t InstrumentSet::nextLine(std::int32_t staffLine) const noexcept
 {
-    std::int32_t nearest = staffLine;
-    for (const InstrumentArticulation &articulation : _articulations) {
-        const std::int32_t line = articulation.staffLine();
-        if (line > staffLine && (nearest == staffLine || line < nearest))
-            nearest = line;
-    }
-    return nearest;
+    const auto above = _articulationOfLine.upper_bound(staffLine);
+    return above == _articulationOfLine.end() ? staffLine : above->first;
 }
 
 std::int32_t InstrumentSet::previousLine(std::int32_t staffLine) const noexcept
 {
-    std::int32_t nearest = staffLine;
-    for (const InstrumentArticulation &articulation : _articulations) {
-        const std::int32_t line = articulation.staffLine();
-        if (line < staffLine && (nearest == staffLine || line > nearest))
-            nearest = line;
-    }
-    return nearest;
+    const auto from = _articulationOfLine.lower_bound(staffLine);
+    return from == _articulationOfLine.begin() ? staffLine : std::prev(from)->first;
 }
 
 unsigned InstrumentSet::mergeInstrumentElement(const InstrumentSetElement &element)
@@ -187,7 +180,7 @@ int InstrumentSet::mergeInstrumentArticulation(const InstrumentArticulation &art
     // The articulation may be one of this very set, whose vectors grow.
     InstrumentArticulation merged = articulation;
     merged.setElement(_elements[mergeInstrumentElement(articulation.element())]);
-    int index = indexOfFirst(_articulations, [&](const auto &own) {
+    int index = indexOfFirst(_articulations, 0, [&](const auto &own) {
         return own.element() == merged.element() && own.name() == merged.name()
             && own.staffLine() == merged.staffLine();
     });
@@ -202,7 +195,7 @@ int InstrumentSet::mergeInstrumentArticulation(const InstrumentArticulation &art
                 inputs.push_back(midi);
         own.setInputMidiNumbers(inputs);
     }
-    indexArticulation(index);
+    indexArticulations();
     return index;
 }
 
