@@ -9,11 +9,10 @@ namespace zarn {
 namespace {
 
 constexpr int highestMidi = 127;
-constexpr int highestArticulation = 2047;
 
 bool fitsNote(const InstrumentArticulation &articulation, int index) noexcept
 {
-    return index <= highestArticulation && articulation.outputMidiNumber() >= 0
+    return index <= Note::MaxArticulation && articulation.outputMidiNumber() >= 0
         && articulation.outputMidiNumber() <= highestMidi
         && articulation.staffLine() > Note::NoStaffLine && articulation.staffLine() <= 127;
 }

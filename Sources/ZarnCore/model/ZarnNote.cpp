@@ -4,11 +4,6 @@
 #include <ZarnCore/model/ZarnBeat.h>
 
 namespace zarn {
-namespace {
-
-constexpr int articulationLimit = 2047;
-
-} // namespace
 
 Note::Note() noexcept
     : _articulation(Unset), _spelling(NoSpelling),
@@ -64,7 +59,7 @@ void Note::setFret(int fret)
 void Note::setPercussionArticulation(int articulation)
 {
     ZARN_ASSERT_IN("zarn::Note::setPercussionArticulation",
-                   articulation >= Unset && articulation <= articulationLimit);
+                   articulation >= Unset && articulation <= MaxArticulation);
     _articulation = articulation;
 }
 

@@ -22,6 +22,7 @@ class ZARNCORE_EXPORT Note final : public std::enable_shared_from_this<Note>,
 public:
     static constexpr int Unset = -1;
     static constexpr int NoStaffLine = -128;
+    static constexpr int MaxArticulation = 2047;
 
     Note() noexcept;
     explicit Note(int midi);

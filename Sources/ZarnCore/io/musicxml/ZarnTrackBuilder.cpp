@@ -62,14 +62,16 @@ void setTuning(const WrittenStaff &written, bool hasFrets, Staff &staff)
         staff.setTuning(GuitarTuning(usualTuning(strings)));
 }
 
-bool hasFrets(const Staff::Bars &bars)
+/// Calls `visit(Note &)` for every note until it answers true; whether it did.
+template <typename Visit>
+bool anyNote(const Staff::Bars &bars, Visit visit)
 {
     for (const auto &bar : bars)
         for (const auto &voice : bar->voices())
             if (voice)
                 for (const auto &beat : voice->beats())
                     for (const auto &note : beat->notes())
-                        if (note->fret() != Note::Unset)
+                        if (visit(*note))
                             return true;
     return false;
 }
@@ -93,6 +95,26 @@ void markSimiles(const WrittenMeasureRepeat &repeat, int end, const Staff::Bars 
     if (bar < end)
         context.addProblemInBar(bar, repeat.node,
                                 "half of a sign that repeats two bars was left out");
+}
+
+bool hasFrets(const Staff::Bars &bars)
+{
+    return anyNote(bars, [](const Note &note) { return note.fret() != Note::Unset; });
+}
+
+/// Names the articulations of the notes that are written as the set has it: on its place, with
+/// its key and its kind of head.
+void setArticulations(const InstrumentSet &set, const Staff::Bars &bars)
+{
+    anyNote(bars, [&set](Note &note) {
+        const int index = set.indexOfArticulationWithStaffLineAndKey(note.staffLine(), note.midi());
+        const auto &articulations = set.articulations();
+        if (index >= 0 && index <= Note::MaxArticulation
+            && articulations[static_cast<std::size_t>(index)].notehead(0).noteHead()
+                == note.noteHead())
+            note.setPercussionArticulation(index);
+        return false;
+    });
 }
 
 } // namespace
@@ -163,6 +185,8 @@ std::shared_ptr<Track> makeTrack(const ListedPart &part, const PartFacts &facts,
         auto &staff = *track->staves()[i];
         const auto written = i < facts.staves.size() ? facts.staves[i] : WrittenStaff();
         setTuning(written, hasFrets(staves[i]), staff);
+        if (const auto set = track->instrumentSet(); set && set->isUnpitched())
+            setArticulations(*set, staves[i]);
         staff.insertBars(0, std::move(staves[i]));
     }
     if (part.program != ListedPart::NoProgram)
