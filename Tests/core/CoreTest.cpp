@@ -7,6 +7,8 @@
 #include <ZarnCore/ZarnLog.h>
 #include <ZarnCore/instruments/ZarnGuitarTuningLibrary.h>
 #include <ZarnCore/instruments/ZarnInstrumentSetLibrary.h>
+#include <ZarnCore/instruments/soundbanks/ZarnSoundbank.h>
+#include <ZarnCore/instruments/soundbanks/ZarnSoundbankPatch.h>
 #include <ZarnCore/model/ZarnTrack.h>
 #include <ZarnCore/utils/SignalContainer.h>
 #include <filesystem/RAMFileSystem.h>
@@ -83,6 +85,15 @@ TEST(Core, oneCallMakesTheCataloguesKnown)
     EXPECT_EQ(guitar->type(), zarn::InstrumentSet::nylonGuitar);
     EXPECT_EQ(core.findGMPercussion(60), core.findGMPercussion(35));
     EXPECT_TRUE(core.findGMPercussionPath(60).contains(QStringLiteral(".060.")));
+    const auto tom = core.findSoundbankPatch("Oak-Tom04");
+    ASSERT_NE(tom, nullptr);
+    EXPECT_EQ(tom->id(), "Master-Tom04");
+    EXPECT_EQ(core.soundbankPatches().at("Master-Tom04"), tom);
+    ASSERT_NE(core.findSoundbank("Huge-Pad"), nullptr);
+    EXPECT_EQ(core.soundbanks().at("Huge-Pad")->name(), "Huge");
+    EXPECT_TRUE(core.notationPatches().empty());
+    core.loadNotationPatches();
+    EXPECT_NE(core.findNotationPatch("Grand Staff"), nullptr);
     EXPECT_EQ(core.currentVersion(), 6000);
     EXPECT_EQ(core.maxNoteStringsCount(), 12);
 }

@@ -32,6 +32,14 @@ QStringList filesOf(const QString &folder, const QString &pattern)
     return paths;
 }
 
+/// A patch is a page of text; what is far longer is something else.
+constexpr qint64 maximumPatchSize = 4 << 20;
+
+void warnOfPatch(const QString &problem)
+{
+    qCWarning(log::soundfonts).noquote() << "Soundbank patch skipped:" << problem;
+}
+
 template <class Map>
 typename Map::mapped_type find(const Map &map, const std::string &key)
 {
@@ -116,8 +124,11 @@ void InstalledSounds::addPatch(const QString &path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
-        qCWarning(log::soundfonts).noquote().nospace()
-            << "[ZarnCore] skipped " << path << ": " << file.errorString();
+        warnOfPatch(path + QStringLiteral(": ") + file.errorString());
+        return;
+    }
+    if (file.size() > maximumPatchSize) {
+        warnOfPatch(path + QStringLiteral(": it is longer than a patch may be"));
         return;
     }
     try {
@@ -126,7 +137,7 @@ void InstalledSounds::addPatch(const QString &path)
             _patches[patch->id()] = patch;
         });
     } catch (const CoreException &error) {
-        qCWarning(log::soundfonts).noquote() << "[ZarnCore] skipped" << error.message().c_str();
+        warnOfPatch(QString::fromStdString(error.message()));
     }
 }
 
