@@ -91,7 +91,8 @@ TEST_F(RangeExtensions, tiesLeadToOtherBars)
     voice(5).beat(0)->note(0)->setTieOrigin(true);
     voice(6).insertBeat(0, makeBeat(NoteValue::Quarter, {60}));
     voice(6).beat(0)->note(0)->setTied(true);
-    EXPECT_EQ(ends(bars(3, 4).extendedTiedBarRange(-1)), "2:1 - 6:4");
+    for (const int noLimit : {-1, std::numeric_limits<int>::min()})
+        EXPECT_EQ(ends(bars(3, 4).extendedTiedBarRange(noLimit)), "2:1 - 6:4");
     EXPECT_EQ(ends(bars(3, 4).extendedTiedBarRange(1)), "2:1 - 5:1");
     EXPECT_EQ(ends(bars(3, 4).extendedTiedBarRange(0)), "3:1 - 4:4");
     EXPECT_EQ(ends(Range::extendedTiedBarRange(bars(7, 8), -1)), "7:1 - 8:3");

@@ -6,6 +6,7 @@
 #include <ZarnCore/model/ZarnRangeBarIterator.h>
 
 #include <algorithm>
+#include <limits>
 #include <vector>
 
 namespace zarn {
@@ -159,9 +160,10 @@ ScoreModelRange ScoreModelRange::extendedTiedBarRange(int limit) const
             [&](const Staff *staff) { return isCrossedByTie(*staff, bar, firstVoice, lastVoice); });
     };
     Selection reached = selection;
-    for (int left = limit; left != 0 && isCrossed(reached.first); --left)
+    const int most = limit < 0 ? std::numeric_limits<int>::max() : limit;
+    for (int left = most; left > 0 && isCrossed(reached.first); --left)
         --reached.first;
-    for (int left = limit; left != 0 && isCrossed(reached.last + 1); --left)
+    for (int left = most; left > 0 && isCrossed(reached.last + 1); --left)
         ++reached.last;
     return overBars(reached.first, reached.last);
 }
