@@ -3,6 +3,7 @@
 #include "ModelSamples.h"
 #include "support/ScoreFiles.h"
 
+#include <ZarnCore/instruments/ZarnInstrumentSetLibrary.h>
 #include <ZarnCore/model/ZarnScoreModelIndex.h>
 #include <ZarnCore/music/ZarnMusic.h>
 
@@ -308,6 +309,36 @@ TEST(Neighbours, aSearchWithoutLocatorsIsLogged)
               "[ZarnScoreModelIndex] WARNING: "
               "ZarnScoreModelIndex::previousValidNoteWithSameLocators : articulationIndex or "
               "instrumentSet is empty.");
+}
+
+TEST(Neighbours, drumsAreFoundByTheirArticulations)
+{
+    const auto model = makeBand(1);
+    model->createAndInsertTrack(2, InstrumentSet::drumKit);
+    const auto voice = model->track(2)->bar(0)->ensureVoice(0);
+    for (const int articulation : {1, 0, 2, 1}) {
+        voice->addBeat(makeBeat(NoteValue::Quarter, {38}));
+        voice->beats().back()->note(0)->setPercussionArticulation(articulation);
+    }
+    Index index(model.get(), 2, 0, 0, 0, 0);
+    index.setNotePercussionActiculation(1);
+    EXPECT_EQ(Index::nextValidNoteWithSameLocators(index, false), nullptr) << "no instrument set";
+    EXPECT_EQ(Index::nextFirstValidNoteWithStaffLine(index, 9, true), nullptr);
+
+    InstrumentSet kit(InstrumentSet::drumKit);
+    std::vector<InstrumentArticulation> articulations(3);
+    for (const int i : {0, 1, 2})
+        articulations[static_cast<std::size_t>(i)].setStaffLine(1 + 4 * i);
+    kit.setArticulations(articulations);
+    InstrumentSetLibrary library;
+    library.setInstrumentSets({std::make_shared<const InstrumentSet>(kit)});
+    InstrumentSetLibrary::install(&library);
+    EXPECT_EQ(Index::nextValidNoteWithSameLocators(index, false), voice->beat(3)->note(0));
+    EXPECT_EQ(Index::nextNoteWithSameLocators(index, 1), nullptr);
+    EXPECT_EQ(Index::nextFirstValidNoteWithStaffLine(index, 9, true), voice->beat(2)->note(0));
+    EXPECT_EQ(Index::nextFirstNoteWithStaffLine(index, 1, 1), voice->beat(1)->note(0));
+    voice->beat(1)->note(0)->setPercussionArticulation(3);
+    EXPECT_EQ(Index::nextFirstNoteWithStaffLine(index, 1, 1), nullptr) << "not in the set";
 }
 
 TEST(Neighbours, staffLinesFollowClefsOttavasAndSpellings)

@@ -17,11 +17,13 @@ ClefType clefOver(const Beat &beat, const Bar &bar)
     return bar.clefAt(voice ? voice->beatDrawingOffset(beat) : utils::rational());
 }
 
-bool isUnpitched(const Bar &bar)
+std::optional<int> lineOfArticulation(const Note &note, const Track &track)
 {
-    const auto staff = bar.parentStaff();
-    const auto track = staff ? staff->track() : nullptr;
-    return track && InstrumentSet::isUnpitched(track->type());
+    const auto set = note.percussionArticulation() != Note::Unset ? track.instrumentSet() : nullptr;
+    const auto number = static_cast<std::size_t>(note.percussionArticulation());
+    if (!set || number >= set->articulations().size())
+        return std::nullopt;
+    return set->articulations()[number].staffLine();
 }
 
 } // namespace
@@ -30,8 +32,12 @@ std::optional<int> staffLineOf(const Note &note, const Beat &beat, const Bar &ba
 {
     if (note.staffLine() != Note::NoStaffLine)
         return note.staffLine();
+    const auto staff = bar.parentStaff();
+    const auto track = staff ? staff->track() : nullptr;
+    if (const auto line = track ? lineOfArticulation(note, *track) : std::nullopt)
+        return line;
     const int midi = Music::midi(note);
-    if (midi == Note::Unset || isUnpitched(bar))
+    if (midi == Note::Unset || (track && InstrumentSet::isUnpitched(track->type())))
         return std::nullopt;
     const int accidentals = Music::drawingKeySignatureForBar(bar).accidentalCount();
     const core::Pitch pitch = Music::computePitchAccordingToMidi(note, midi, accidentals);

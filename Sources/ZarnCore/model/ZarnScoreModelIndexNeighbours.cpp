@@ -3,6 +3,7 @@
 #include <ZarnCore/model/ZarnScoreModelIndex.h>
 
 #include <ZarnCore/ZarnLog.h>
+#include <ZarnCore/instruments/ZarnInstrumentSet.h>
 #include <ZarnCore/model/NodesOfIndex.h>
 #include <ZarnCore/model/StaffLineOfNote.h>
 #include <ZarnCore/model/VoiceLine.h>
@@ -103,7 +104,8 @@ bool canLocateNotes(const ScoreModelIndex &index)
     const bool elementDecides = index.noteMidi() == ScoreModelIndex::Unset
         && (index.noteString() == ScoreModelIndex::Unset
             || (index.noteString() == 0 && hasElement));
-    if (!elementDecides || hasElement)
+    const auto *track = findTrack(index);
+    if (!track || !elementDecides || (hasElement && (*track)->instrumentSet()))
         return true;
     qCWarning(log::model).noquote()
         << "[ZarnScoreModelIndex] WARNING: "
