@@ -87,7 +87,7 @@ TemplateRow readRow(const Entry &entry)
     entry.allowOnly({QStringLiteral("number"), QStringLiteral("name"), QStringLiteral("type"),
                      QStringLiteral("short"), QStringLiteral("staves"),
                      QStringLiteral("transposition"), QStringLiteral("icon"),
-                     QStringLiteral("tuning")});
+                     QStringLiteral("tuning"), QStringLiteral("patch")});
     TemplateRow row;
     row.number = static_cast<unsigned>(entry.number("number", 0, highestNumber));
     row.name = entry.text("name").toStdString();
@@ -107,6 +107,8 @@ TemplateRow readRow(const Entry &entry)
     }
     if (entry.has("tuning"))
         row.tuning = entry.text("tuning").toStdString();
+    if (entry.has("patch"))
+        row.patch = entry.text("patch").toStdString();
     return row;
 }
 

@@ -23,6 +23,7 @@ struct TemplateRow {
     std::optional<int> transposition; ///< semitones from written to sounding
     std::optional<ZarnIconID> icon;
     std::string tuning; ///< empty: that of the category
+    std::string patch;  ///< id or "none"; empty: that of the category
 };
 
 /// The programs that share a folder, or all the percussion keys.

@@ -3,9 +3,10 @@
 // documents of one track without bars, in folders as the resources name them, and the .qrc file
 // that lists them. A file is written only when its content changes.
 //
-//     zarn_make_track_templates TABLE TUNINGS FOLDER
+//     zarn_make_track_templates RESOURCES FOLDER     from the folder Resources of the tree
 #include "CatalogueReading.h"
 #include "GeneralMidiTable.h"
+#include "TemplateSounds.h"
 
 #include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/instruments/ZarnGuitarTuningLibrary.h>
@@ -74,7 +75,7 @@ private:
 /// A piece of percussion is named after its category ("Congas" for each of three keys), a program
 /// has its own name.
 std::shared_ptr<Track> makeTrack(const TemplateFamily &family, const TemplateRow &row,
-                                 const TuningNames &tunings)
+                                 const TuningNames &tunings, const TemplateSounds &sounds)
 {
     const auto track = ScoreModel::createTrack(row.type);
     if (!family.isPercussion)
@@ -87,8 +88,10 @@ std::shared_ptr<Track> makeTrack(const TemplateFamily &family, const TemplateRow
     for (unsigned staff = 0; !row.tuning.empty() && staff < track->staffCount(); ++staff)
         track->staff(staff)->setTuning(tunings.find(row.tuning));
     const auto program = static_cast<int>(row.number);
-    track->addSound(std::make_shared<const Sound>(
-        track->name(), family.isPercussion ? MIDISound(0, percussionBank) : MIDISound(program)));
+    Sound sound(track->name(),
+                family.isPercussion ? MIDISound(0, percussionBank) : MIDISound(program));
+    sound.setOrkaSound(OrkaSound(sounds.patchId(row)));
+    track->addSound(std::make_shared<const Sound>(std::move(sound)));
     return track;
 }
 
@@ -119,9 +122,11 @@ void update(const QString &path, const QByteArray &content)
 }
 
 /// The hash in the listing makes it change with any template, so that a build need only watch it.
-void makeTemplates(const QString &table, const QString &tuningsPath, const QDir &folder)
+void makeTemplates(const QDir &resources, const QDir &folder)
 {
-    const TuningNames tunings(tuningsPath);
+    const QString table = resources.filePath(QStringLiteral("generalMidi/GeneralMidi.json"));
+    const TuningNames tunings(resources.filePath(QStringLiteral("instrumentSet/ZarnTunings.json")));
+    const TemplateSounds sounds(resources);
     QString listing;
     QCryptographicHash hash(QCryptographicHash::Sha256);
     for (const TemplateFamily &family : readGeneralMidiTable(table)) {
@@ -129,7 +134,7 @@ void makeTemplates(const QString &table, const QString &tuningsPath, const QDir 
             fail(folder.filePath(family.folder), QStringLiteral("cannot be made"));
         for (const TemplateRow &row : family.rows) {
             const QString name = family.folder + QLatin1Char('/') + fileName(family, row);
-            const QByteArray document = documentOf(makeTrack(family, row, tunings));
+            const QByteArray document = documentOf(makeTrack(family, row, tunings, sounds));
             update(folder.filePath(name), document);
             hash.addData(document);
             listing += QStringLiteral("    <file>%1</file>\n").arg(name.toHtmlEscaped());
@@ -146,13 +151,12 @@ void makeTemplates(const QString &table, const QString &tuningsPath, const QDir 
 
 int main(int argc, char **argv)
 {
-    if (argc != 4) {
-        std::fprintf(stderr, "usage: %s TABLE TUNINGS FOLDER\n", argv[0]);
+    if (argc != 3) {
+        std::fprintf(stderr, "usage: %s RESOURCES FOLDER\n", argv[0]);
         return 2;
     }
     try {
-        makeTemplates(QString::fromLocal8Bit(argv[1]), QString::fromLocal8Bit(argv[2]),
-                      QDir(QString::fromLocal8Bit(argv[3])));
+        makeTemplates(QDir(QString::fromLocal8Bit(argv[1])), QDir(QString::fromLocal8Bit(argv[2])));
     } catch (const CoreException &problem) {
         std::fprintf(stderr, "error: %s\n", problem.message().c_str());
         return 1;

@@ -111,6 +111,8 @@ TEST_P(EveryTrackTemplate, makesScoresThatAreSavedReadAndShown)
         ASSERT_EQ(track.sounds().size(), 1U);
         const Sound &sound = *track.sounds().front();
         EXPECT_EQ(sound.name(), track.name());
+        const bool isNoise = !GetParam() && (number == 55 || number >= 120);
+        EXPECT_EQ(sound.orkaSound().soundbankPatchId().empty(), isNoise) << sound.name();
         EXPECT_EQ(sound.midiSound(), GetParam() ? MIDISound(0, PercussionBank) : MIDISound(number));
         EXPECT_FALSE(GetParam() && !InstrumentSet::isUnpitched(track.type()));
         if (track.staffCount() == 2) {
