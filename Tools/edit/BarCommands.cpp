@@ -2,6 +2,7 @@
 #include "edit/Choices.h"
 #include "edit/Commands.h"
 #include "edit/EditSession.h"
+#include "edit/Targets.h"
 
 #include <ZarnCore/model/ZarnScoreModel.h>
 
@@ -12,69 +13,65 @@ namespace {
 constexpr double MostBars = 100000;
 constexpr double MostRepeats = 255;
 
-unsigned bar(const Values &values, std::size_t parameter)
-{
-    return static_cast<unsigned>(values.get<int>(parameter));
-}
-
-const BarRange &bars(const Values &values)
-{
-    return values.get<BarRange>(0);
-}
-
 bool addBars(EditSession &session, const Values &values)
 {
-    return session.score().createBars(bar(values, 0), static_cast<unsigned>(values.get(1, 1)));
+    return session.score().createBars(targetBar(session, values),
+                                      static_cast<unsigned>(values.get(1, 1)));
 }
 
 bool removeBars(EditSession &session, const Values &values)
 {
-    return session.score().removeBarRange(bars(values).first, bars(values).last);
+    const BarRange bars = targetBars(session, values);
+    return session.score().removeBarRange(bars.first, bars.last);
 }
 
 bool setTime(EditSession &session, const Values &values)
 {
-    return session.score().setMasterTimeSignature(bars(values).first, bars(values).last,
+    const BarRange bars = targetBars(session, values);
+    return session.score().setMasterTimeSignature(bars.first, bars.last,
                                                   values.get<TimeSignature>(1));
 }
 
 bool setKey(EditSession &session, const Values &values)
 {
-    return session.score().setMasterKeySignature(bars(values).first, bars(values).last,
+    const BarRange bars = targetBars(session, values);
+    return session.score().setMasterKeySignature(bars.first, bars.last,
                                                  values.get<KeySignature>(1));
 }
 
 bool setFeel(EditSession &session, const Values &values)
 {
-    return session.score().setMasterTripletFeel(bars(values).first, bars(values).last,
+    const BarRange bars = targetBars(session, values);
+    return session.score().setMasterTripletFeel(bars.first, bars.last,
                                                 static_cast<TripletFeel>(values.get<int>(1)));
 }
 
 bool setFreeTime(EditSession &session, const Values &values)
 {
-    return session.score().setMasterBarFreeTime(bars(values).first, bars(values).last,
-                                                values.get<bool>(1));
+    const BarRange bars = targetBars(session, values);
+    return session.score().setMasterBarFreeTime(bars.first, bars.last, values.get<bool>(1));
 }
 
 bool setDoubleBar(EditSession &session, const Values &values)
 {
-    return session.score().setMasterBarDoubleBar(bar(values, 0), values.get<bool>(1));
+    return session.score().setMasterBarDoubleBar(targetBar(session, values), values.get<bool>(1));
 }
 
 bool setRepeatStart(EditSession &session, const Values &values)
 {
-    return session.score().setBarRepeatStart(bar(values, 0), values.get<bool>(1));
+    return session.score().setBarRepeatStart(targetBar(session, values), values.get<bool>(1));
 }
 
 bool setRepeatEnd(EditSession &session, const Values &values)
 {
-    return session.score().setBarRepeatEnd(bar(values, 0),
+    return session.score().setBarRepeatEnd(targetBar(session, values),
                                            static_cast<unsigned>(values.get<int>(1)));
 }
 
 bool setEndings(EditSession &session, const Values &values)
 {
-    return session.score().setBarAlternateEndings(bars(values).first, bars(values).last,
+    const BarRange bars = targetBars(session, values);
+    return session.score().setBarAlternateEndings(bars.first, bars.last,
                                                   static_cast<std::uint32_t>(values.get<int>(1)));
 }
 
@@ -86,28 +83,30 @@ bool setDirection(EditSession &session, const Values &values)
 
 bool setSection(EditSession &session, const Values &values)
 {
-    return session.score().setMasterBarSection(bar(values, 0), values.get<QString>(1),
+    return session.score().setMasterBarSection(targetBar(session, values), values.get<QString>(1),
                                                values.get(2, QString()));
 }
 
 bool unsetSection(EditSession &session, const Values &values)
 {
-    return session.score().unsetMasterBarSection(bar(values, 0));
+    return session.score().unsetMasterBarSection(targetBar(session, values));
 }
 
 bool setClef(EditSession &session, const Values &values)
 {
-    return session.score().setClef(values.where().track, values.where().staff, bars(values).first,
-                                   bars(values).last, static_cast<ClefType>(values.get<int>(1)));
+    const BarRange bars = targetBars(session, values);
+    const Where staff = targetStaff(session, values);
+    return session.score().setClef(staff.track, staff.staff, bars.first, bars.last,
+                                   static_cast<ClefType>(values.get<int>(1)));
 }
 
 } // namespace
 
 const std::vector<Command> &barCommands()
 {
-    static const Parameter oneBar = {QStringLiteral("BAR"), Kind::Bar};
-    static const Parameter barGap = {QStringLiteral("BAR"), Kind::BarGap};
-    static const Parameter someBars = {QStringLiteral("BARS"), Kind::Bars};
+    static const Parameter oneBar = {QStringLiteral("BAR"), Kind::Bar, Presence::Assumed};
+    static const Parameter barGap = {QStringLiteral("BAR"), Kind::BarGap, Presence::Assumed};
+    static const Parameter someBars = {QStringLiteral("BARS"), Kind::Bars, Presence::Assumed};
     static const Parameter onOff = {QStringLiteral("SWITCH"), Kind::Switch};
     const auto choice = [](const char *name, const Choices &choices) {
         return Parameter{QLatin1String(name), Kind::Choice, Presence::Required, 0, 0, &choices};

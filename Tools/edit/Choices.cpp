@@ -10,6 +10,7 @@
 #include <ZarnCore/model/ZarnRetuning.h>
 #include <ZarnCore/model/ZarnTripletFeel.h>
 #include <ZarnCore/music/ZarnNoteDynamic.h>
+#include <ZarnCore/score/ZarnScoreCursor.h>
 
 namespace zarn::tool {
 
@@ -170,6 +171,16 @@ const Choices &retuningChoices()
 {
     static const Choices choices = {choice("keep-frets", Retuning::KeepFrets),
                                     choice("keep-pitches", Retuning::KeepPitches)};
+    return choices;
+}
+
+const Choices &stepChoices()
+{
+    static const Choices choices = {
+        choice("beat", CursorStep::Beat),   choice("bar", CursorStep::Bar),
+        choice("voice", CursorStep::Voice), choice("string", CursorStep::String),
+        choice("staff", CursorStep::Staff), choice("track", CursorStep::Track),
+    };
     return choices;
 }
 

@@ -16,5 +16,6 @@ const Choices &propertyChoices();   ///< "title", "words-and-music"
 const Choices &headerChoices();     ///< "header-left", "first-page-footer-center"
 const Choices &tempoUnitChoices();
 const Choices &retuningChoices();
+const Choices &stepChoices(); ///< "beat", "bar": `CursorStep`
 
 } // namespace zarn::tool

@@ -43,34 +43,83 @@ void takeWhere(std::vector<Word> &words, ReadingContext &context)
     words.erase(std::remove_if(words.begin() + 1, words.end(), isWhere), words.end());
 }
 
+/// Whether the next word, if there is one, is meant for a later parameter: that is so when the
+/// later ones need all the words, or when it looks like nothing for this one and they have room.
+bool isLeftOut(const Command &command, std::size_t parameter, const std::vector<Word> &words,
+               std::size_t next, const ReadingContext &context)
+{
+    const Parameter &here = command.parameters[parameter];
+    if (here.presence != Presence::Assumed || !isAssumable(here, context))
+        return false;
+    std::size_t needed = 0;
+    bool hasRoomForAll = false;
+    for (std::size_t i = parameter + 1; i < command.parameters.size(); ++i) {
+        const Parameter &later = command.parameters[i];
+        needed += later.presence == Presence::Required
+            || (later.presence == Presence::Assumed && !isAssumable(later, context));
+        hasRoomForAll |= takesAllWords(later);
+    }
+    const std::size_t left = words.size() - next;
+    const bool hasRoom = hasRoomForAll || left < command.parameters.size() - parameter;
+    return hasRoom && (left <= needed || !looksLike(here, words[next]));
+}
+
 void readParameters(const Command &command, const std::vector<Word> &words, int endColumn,
                     const ReadingContext &context, Values &values)
 {
     std::size_t next = 1;
-    for (const Parameter &parameter : command.parameters) {
+    for (std::size_t i = 0; i < command.parameters.size(); ++i) {
+        const Parameter &parameter = command.parameters[i];
+        if (isLeftOut(command, i, words, next, context)) {
+            values.add(std::monostate(), next < words.size() ? words[next].column : endColumn);
+            continue;
+        }
         if (next == words.size()) {
             if (parameter.presence == Presence::Optional)
                 continue;
+            const QString why = missingAssumption(parameter);
             throw LineError(endColumn,
-                            QStringLiteral("%1 is missing: %2; usage: %3")
-                                .arg(parameter.name, expectation(parameter), usageOf(command)));
+                            QStringLiteral("%1 is missing: %2%3; usage: %4")
+                                .arg(parameter.name,
+                                     why.isEmpty() ? why : why + QStringLiteral("; type "),
+                                     expectation(parameter), usageOf(command)));
         }
-        if (parameter.kind != Kind::Pitches) {
+        if (!takesAllWords(parameter)) {
             values.add(readValue(parameter, words[next], context), words[next].column);
             ++next;
             continue;
         }
-        std::vector<int> keys;
-        const int column = words[next].column;
-        for (; next < words.size(); ++next)
-            keys.push_back(
-                std::get<std::vector<int>>(readValue(parameter, words[next], context)).front());
-        values.add(keys, column);
+        const auto rest = words.begin() + static_cast<std::ptrdiff_t>(next);
+        values.add(readValues(parameter, {rest, words.end()}, context), rest->column);
+        next = words.size();
     }
     if (next < words.size())
         throw LineError(words[next].column,
                         QStringLiteral("\"%1\" is one word too many; usage: %2")
                             .arg(words[next].text, usageOf(command)));
+}
+
+/// What the word behind those of a line may be; a parameter that was left out counts for nothing.
+QStringList suggestionsFor(const Command &command, const QStringList &before)
+{
+    std::size_t parameter = 0;
+    const auto isAssumed = [&] {
+        return command.parameters[parameter].presence == Presence::Assumed;
+    };
+    for (int word = 1; word < before.size() && parameter < command.parameters.size(); ++word) {
+        while (parameter + 1 < command.parameters.size() && isAssumed()
+               && !looksLike(command.parameters[parameter], {before.at(word), 1, false}))
+            ++parameter;
+        if (!takesAllWords(command.parameters[parameter]))
+            ++parameter;
+    }
+    QStringList words;
+    for (; parameter < command.parameters.size(); ++parameter) {
+        words += suggestions(command.parameters[parameter]);
+        if (!isAssumed())
+            break;
+    }
+    return words;
 }
 
 } // namespace
@@ -87,9 +136,11 @@ std::optional<ReadLine> readLine(const QString &line, const ReadingContext &cont
     ReadingContext here = context;
     const Word &last = words.back();
     const int endColumn = last.column + last.text.size() + (last.isQuoted ? 2 : 0);
+    const std::size_t wordCount = words.size();
     if (command->takesWhere)
         takeWhere(words, here);
     ReadLine read = {command, Values(here.where), name.column};
+    read.values.setNamesWhere(words.size() != wordCount);
     readParameters(*command, words, endColumn, here, read.values);
     return read;
 }
@@ -104,9 +155,7 @@ std::vector<std::string> completions(const std::string &line)
     if (before.isEmpty() || before == QStringList(QStringLiteral("help"))) {
         words = commandNames();
     } else if (const Command *const command = findCommand(before.first())) {
-        const auto parameter = static_cast<std::size_t>(before.size()) - 1;
-        if (parameter < command->parameters.size())
-            words = suggestions(command->parameters[parameter]);
+        words = suggestionsFor(*command, before);
     }
     std::vector<std::string> fitting;
     for (const QString &word : words)

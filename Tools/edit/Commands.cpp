@@ -11,10 +11,10 @@ QString usageWithoutWhere(const Command &command)
 {
     QString usage = command.name;
     for (const Parameter &parameter : command.parameters) {
-        const QString more = parameter.kind == Kind::Pitches ? QStringLiteral("...") : QString();
-        usage += parameter.presence == Presence::Optional
-            ? QStringLiteral(" [%1%2]").arg(parameter.name, more)
-            : QStringLiteral(" %1%2").arg(parameter.name, more);
+        const QString more = takesAllWords(parameter) ? QStringLiteral("...") : QString();
+        usage += parameter.presence == Presence::Required
+            ? QStringLiteral(" %1%2").arg(parameter.name, more)
+            : QStringLiteral(" [%1%2]").arg(parameter.name, more);
     }
     return usage;
 }
@@ -24,9 +24,9 @@ QString usageWithoutWhere(const Command &command)
 const std::vector<CommandArea> &commandAreas()
 {
     static const std::vector<CommandArea> areas = {
-        {"Notes and beats", noteCommands()}, {"Bars", barCommands()},
-        {"Tracks", trackCommands()},         {"The score", scoreCommands()},
-        {"The session", sessionCommands()},
+        {"Places", placeCommands()},    {"Notes and beats", noteCommands()},
+        {"Bars", barCommands()},        {"Tracks", trackCommands()},
+        {"The score", scoreCommands()}, {"The session", sessionCommands()},
     };
     return areas;
 }
@@ -51,8 +51,11 @@ QString helpText()
     QString text = QStringLiteral(
         "One command per line. Bars, beats, tracks, staves and voices are counted from 1, string "
         "1\n"
-        "is the highest. 3:2 is the second beat of bar 3. Notes are edited in the first track,\n"
-        "staff and voice, unless \"use\" or t2, s1, v2 at the end of the line say otherwise.\n"
+        "is the highest. 3:2 is the second beat of bar 3. Notes are edited in the track, staff "
+        "and\n"
+        "voice of the cursor (at first all 1), unless t2, s1, v2 at the end of the line say\n"
+        "otherwise. Bars and beats in [brackets] may be left out: then commands act on what is\n"
+        "selected, or where the cursor is.\n"
         "# begins a comment; \"quotes\" keep words together. \"help COMMAND\" tells more.\n");
     for (const CommandArea &area : commandAreas()) {
         text += QStringLiteral("\n%1\n").arg(QLatin1String(area.title));
@@ -67,8 +70,11 @@ QString helpText()
 QString helpText(const Command &command)
 {
     QString text = QStringLiteral("%1\n  %2\n").arg(usageOf(command), command.help);
-    for (const Parameter &parameter : command.parameters)
+    for (const Parameter &parameter : command.parameters) {
         text += QStringLiteral("  %1: %2\n").arg(parameter.name, expectation(parameter));
+        if (const QString assumed = assumption(parameter); !assumed.isEmpty())
+            text += QStringLiteral("    left out: %1\n").arg(assumed);
+    }
     if (command.takesWhere)
         text += QStringLiteral("  tN, sN, vN: track, staff and voice, such as t2 v1\n");
     if (!command.entryPoint.isEmpty())

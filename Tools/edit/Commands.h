@@ -24,6 +24,7 @@ struct Command {
 };
 
 /// The tables, one per area.
+const std::vector<Command> &placeCommands();
 const std::vector<Command> &barCommands();
 const std::vector<Command> &trackCommands();
 const std::vector<Command> &scoreCommands();

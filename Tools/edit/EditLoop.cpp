@@ -19,7 +19,9 @@ namespace {
 void runLine(EditSession &session, const std::string &text)
 {
     const QString line = QString::fromUtf8(text.c_str(), static_cast<int>(text.size()));
-    const ReadingContext context = {&session.model(), session.where(), session.openMacros() == 0};
+    const ReadingContext context = {&session.model(), session.where(), session.openMacros() == 0,
+                                    session.score().scoreCursor().isValid(),
+                                    session.selection().has_value()};
     if (session.echoes() && !line.trimmed().isEmpty())
         session.out() << "zarn> " << printable(text) << '\n';
     const auto read = readLine(line, context);

@@ -40,6 +40,28 @@ EditSession::EditSession(const OpenedDocument &document, const std::string &outp
 
 EditSession::~EditSession() = default;
 
+Where EditSession::where() const
+{
+    const ScoreCursor &cursor = _score.scoreCursor();
+    if (!cursor.isValid())
+        return _where;
+    return {static_cast<unsigned>(cursor.index().trackIndex()), cursor.index().staffIndex(),
+            cursor.index().voiceIndex()};
+}
+
+void EditSession::setWhere(const Where &where)
+{
+    _where = where;
+    ScoreCursor &cursor = _score.scoreCursor();
+    if (!cursor.isValid())
+        return;
+    const auto there = cursor.cloneScoreCursor();
+    there->to(CursorStep::Track, static_cast<int>(where.track));
+    there->to(CursorStep::Staff, static_cast<int>(where.staff));
+    there->to(CursorStep::Voice, static_cast<int>(where.voice));
+    cursor.moveToCursor(*there);
+}
+
 void EditSession::beginMacro()
 {
     _score.commandStack().beginMacroCommand();

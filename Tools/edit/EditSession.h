@@ -3,10 +3,12 @@
 
 #include "edit/Values.h"
 
+#include <ZarnCore/model/ZarnScoreModelRange.h>
 #include <ZarnCore/score/ZarnScore.h>
 
 #include <iosfwd>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace zarn::tool {
@@ -16,7 +18,7 @@ class EventPrinter;
 class Terminal;
 
 /// A score that is being edited by typed commands: the score itself, what it was when it was
-/// opened, the place that commands work in, and where it is to be saved.
+/// opened, what is selected in it, and where it is to be saved.
 class EditSession {
 public:
     /// Output goes to `out`; both streams and terminal outlive the session. `output` is the file
@@ -31,8 +33,15 @@ public:
     const Terminal &terminal() const noexcept { return _terminal; }
     std::ostream &out() noexcept { return _out; }
 
-    const Where &where() const noexcept { return _where; }
-    void setWhere(const Where &where) noexcept { _where = where; }
+    /// Where lines work that do not say where: as the cursor stands, or as it was chosen.
+    Where where() const;
+
+    /// Chooses where, and takes the cursor there, if it is anywhere.
+    void setWhere(const Where &where);
+
+    /// What is selected, if anything; it may have been edited away since.
+    const std::optional<ScoreModelRange> &selection() const noexcept { return _selection; }
+    void select(const std::optional<ScoreModelRange> &selection) { _selection = selection; }
 
     // Macros.
 
@@ -78,7 +87,8 @@ private:
     std::string _opened; ///< native text of the score as it was opened
     std::string _saved;  ///< native text of what was saved last
     std::unique_ptr<EventPrinter> _events;
-    Where _where;
+    Where _where; ///< while the cursor is nowhere
+    std::optional<ScoreModelRange> _selection;
     unsigned _openMacros = 0;
     bool _hasComparedDifferent = false;
     bool _isOver = false;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "edit/PlaceText.h"
+
 #include <ZarnCore/ZarnTypes.h>
 #include <ZarnCore/events/ZarnEvents.h>
 
@@ -76,12 +78,7 @@ private:
     {
         return QString::fromStdString(Automation::typeToString(type));
     }
-    static QString wordOf(const ScoreModelIndex &place)
-    {
-        return QStringLiteral("track %1 bar %2 beat %3")
-            .arg(placeWord(place.trackIndex()), placeWord(place.barIndex()),
-                 placeWord(place.beatIndex()));
-    }
+    static QString wordOf(const ScoreModelIndex &place) { return placeText(place); }
 
     QStringList _words;
 };

@@ -72,6 +72,23 @@ std::optional<RhythmValue> parseRhythm(const QString &text)
     return rhythm;
 }
 
+QString writtenRhythm(const RhythmValue &rhythm)
+{
+    const auto value = static_cast<int>(rhythm.getNoteValue());
+    if (value < 0 || value >= NoteValueCount)
+        return rhythm.toQString();
+    QString text = QLatin1String(rhythmLetters()[value].name)
+        + QString(static_cast<int>(rhythm.getAugmentationDot()), QLatin1Char('.'));
+    const auto add = [&text](const RhythmValue::TupletRatio &ratio) {
+        text += QLatin1Char('/') + tupletText(ratio.first, ratio.second);
+    };
+    if (rhythm.hasPrimaryTuplet())
+        add(rhythm.getPrimaryTupletRatio());
+    if (rhythm.hasSecondaryTuplet())
+        add(rhythm.getSecondaryTupletRatio());
+    return text;
+}
+
 std::optional<TimeSignature> parseTime(const QString &text)
 {
     const auto parts = match("([0-9]{1,2})/(1|2|4|8|16|32|64)", text);

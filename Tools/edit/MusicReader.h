@@ -11,6 +11,9 @@ namespace zarn::tool {
 /// `rhythmLetters`, up to three dots, up to two tuplets.
 std::optional<RhythmValue> parseRhythm(const QString &text);
 
+/// A text that `parseRhythm` reads: "eighth/3".
+QString writtenRhythm(const RhythmValue &rhythm);
+
 /// "3/4"; the denominator is a power of two up to 64, the numerator 1 to 99.
 std::optional<TimeSignature> parseTime(const QString &text);
 

@@ -2,27 +2,32 @@
 #include "edit/NearestWord.h"
 
 #include <algorithm>
+#include <numeric>
+#include <utility>
 #include <vector>
 
 namespace zarn::tool {
 
 namespace {
 
-/// Levenshtein distance.
+/// Letters to add, remove, replace or swap with their neighbour.
 int distance(const QString &left, const QString &right)
 {
-    std::vector<int> row(static_cast<std::size_t>(right.size()) + 1);
-    for (std::size_t i = 0; i < row.size(); ++i)
-        row[i] = static_cast<int>(i);
+    using Row = std::vector<int>;
+    Row row(static_cast<std::size_t>(right.size()) + 1);
+    std::iota(row.begin(), row.end(), 0);
+    Row before = row;
     for (int i = 1; i <= left.size(); ++i) {
-        int diagonal = row[0];
-        row[0] = i;
-        for (int j = 1; j <= right.size(); ++j) {
-            const auto at = static_cast<std::size_t>(j);
-            const int replaced = diagonal + (left.at(i - 1) == right.at(j - 1) ? 0 : 1);
-            diagonal = row[at];
-            row[at] = std::min({row[at] + 1, row[at - 1] + 1, replaced});
+        Row next(row.size(), i);
+        for (std::size_t j = 1; j < row.size(); ++j) {
+            const int at = static_cast<int>(j);
+            const bool isSame = left.at(i - 1) == right.at(at - 1);
+            next[j] = std::min({row[j] + 1, next[j - 1] + 1, row[j - 1] + (isSame ? 0 : 1)});
+            if (i > 1 && at > 1 && left.at(i - 1) == right.at(at - 2)
+                && left.at(i - 2) == right.at(at - 1))
+                next[j] = std::min(next[j], before[j - 2] + 1);
         }
+        before = std::exchange(row, std::move(next));
     }
     return row.back();
 }

@@ -2,11 +2,7 @@
 #include "edit/Choices.h"
 #include "edit/Commands.h"
 #include "edit/EditSession.h"
-#include "edit/ScriptLine.h"
-
-#include <ZarnCore/model/ZarnScoreModel.h>
-#include <ZarnCore/model/ZarnScoreModelIndex.h>
-#include <ZarnCore/model/ZarnScoreModelRange.h>
+#include "edit/Targets.h"
 
 namespace zarn::tool {
 
@@ -14,82 +10,26 @@ namespace {
 
 constexpr int HighestFret = 36;
 
-ScoreModelIndex indexOf(EditSession &session, const Where &where, const BeatPlace &place)
-{
-    return ScoreModelIndex(session.score().scoreModel().get(), static_cast<int>(where.track),
-                           static_cast<int>(place.bar), static_cast<int>(place.beat), where.voice,
-                           where.staff);
-}
-
-/// How many beats the voice has where a command works.
-unsigned beatCount(EditSession &session, const Where &where, unsigned bar)
-{
-    const auto track = session.model().track(where.track);
-    const auto held = track ? track->bar(bar, where.staff) : nullptr;
-    const auto voice = held ? held->voice(where.voice) : nullptr;
-    return voice ? voice->beatCount() : 0;
-}
-
-enum class Allowed { Beats, BeatsAndEnd };
-
-/// Raises unless the first parameter's beat is there, or is the place behind the last one where
-/// that is allowed. Inside a macro nobody knows yet.
-void requireBeat(EditSession &session, const Values &values, const BeatPlace &place,
-                 Allowed allowed = Allowed::Beats)
-{
-    const unsigned count = beatCount(session, values.where(), place.bar);
-    const bool isEnd = allowed == Allowed::BeatsAndEnd && place.beat == count;
-    if (session.openMacros() > 0 || place.beat < count || isEnd)
-        return;
-    const QString bar = QString::number(place.bar + 1);
-    const QString voice = QStringLiteral("there is no beat %1:%2; voice %3 of bar %1 has ")
-                              .arg(bar)
-                              .arg(place.beat + 1)
-                              .arg(values.where().voice + 1);
-    throw LineError(values.column(0),
-                    voice
-                        + (count == 0
-                               ? QStringLiteral("none, add-beat %1:1 quarter makes one").arg(bar)
-                               : QStringLiteral("%1:1 to %1:%2").arg(bar).arg(count)));
-}
-
-ScoreModelRange rangeOf(EditSession &session, const Values &values)
-{
-    const auto &beats = values.get<BeatRange>(0);
-    requireBeat(session, values, beats.first);
-    requireBeat(session, values, beats.last);
-    const ScoreModelIndex first = indexOf(session, values.where(), beats.first);
-    const ScoreModelIndex last = indexOf(session, values.where(), beats.last);
-    return first == last ? ScoreModelRange(first)
-                         : ScoreModelRange(first, last, SelectionMode::MultiSelection);
-}
-
 bool addBeat(EditSession &session, const Values &values)
 {
-    const auto &place = values.get<BeatPlace>(0);
-    requireBeat(session, values, place, Allowed::BeatsAndEnd);
-    return session.score().createBeat(indexOf(session, values.where(), place),
+    return session.score().createBeat(targetBeat(session, values, Allowed::BeatsAndEnd),
                                       values.get<RhythmValue>(1));
 }
 
 bool removeBeats(EditSession &session, const Values &values)
 {
-    return session.score().removeBeats(rangeOf(session, values));
+    return session.score().removeBeats(targetBeats(session, values));
 }
 
 bool setFret(EditSession &session, const Values &values)
 {
-    const auto &place = values.get<BeatPlace>(0);
-    requireBeat(session, values, place);
-    return session.score().setStringedNote(indexOf(session, values.where(), place),
-                                           values.get<int>(1), values.get<int>(2));
+    return session.score().setStringedNote(targetBeat(session, values),
+                                           targetString(session, values, 1), values.get<int>(2));
 }
 
 bool setPitch(EditSession &session, const Values &values)
 {
-    const auto &place = values.get<BeatPlace>(0);
-    requireBeat(session, values, place);
-    ScoreModelIndex index = indexOf(session, values.where(), place);
+    ScoreModelIndex index = targetBeat(session, values);
     if (values.has(2))
         index.setNoteMidi(static_cast<std::uint32_t>(values.get<PitchValue>(2).midi));
     return session.score().setMIDINote(index, values.get<PitchValue>(1).midi);
@@ -97,26 +37,26 @@ bool setPitch(EditSession &session, const Values &values)
 
 bool setRest(EditSession &session, const Values &values)
 {
-    return session.score().setNoteRest(rangeOf(session, values));
+    return session.score().setNoteRest(targetBeats(session, values));
 }
 
 bool setRhythm(EditSession &session, const Values &values)
 {
-    return session.score().setBeatRhythm(rangeOf(session, values), values.get<RhythmValue>(1));
+    return session.score().setBeatRhythm(targetBeats(session, values), values.get<RhythmValue>(1));
 }
 
 bool setDynamic(EditSession &session, const Values &values)
 {
     const auto value = static_cast<NoteDynamic::Value>(values.get<int>(1));
-    return session.score().setBeatDynamic(rangeOf(session, values), NoteDynamic(value));
+    return session.score().setBeatDynamic(targetBeats(session, values), NoteDynamic(value));
 }
 
 } // namespace
 
 const std::vector<Command> &noteCommands()
 {
-    static const Parameter beat = {QStringLiteral("BEAT"), Kind::Beat};
-    static const Parameter beats = {QStringLiteral("BEATS"), Kind::Beats};
+    static const Parameter beat = {QStringLiteral("BEAT"), Kind::Beat, Presence::Assumed};
+    static const Parameter beats = {QStringLiteral("BEATS"), Kind::Beats, Presence::Assumed};
     static const Parameter rhythm = {QStringLiteral("RHYTHM"), Kind::Rhythm};
     static const std::vector<Command> commands = {
         {QStringLiteral("add-beat"),
@@ -133,7 +73,7 @@ const std::vector<Command> &noteCommands()
          true},
         {QStringLiteral("fret"),
          {beat,
-          {QStringLiteral("STRING"), Kind::String},
+          {QStringLiteral("STRING"), Kind::String, Presence::Assumed},
           {QStringLiteral("FRET"), Kind::Whole, Presence::Required, 0, HighestFret}},
          QStringLiteral("Write a fret on a string of a beat."),
          QStringLiteral("Score::setStringedNote"),

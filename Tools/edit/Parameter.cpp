@@ -5,6 +5,7 @@
 #include "edit/NearestWord.h"
 #include "edit/PlaceReader.h"
 #include "edit/ScriptLine.h"
+#include "edit/SelectionReader.h"
 
 #include <ZarnCore/model/ZarnScoreModel.h>
 
@@ -19,10 +20,13 @@ namespace {
 /// One kind: what it takes, in words, and how it is read. A reader answers nothing for a word
 /// that is none of its kind.
 using Reader = std::optional<Value> (*)(const Parameter &, const Word &, const ReadingContext &);
+using ListReader = Value (*)(const Parameter &, const std::vector<Word> &, const ReadingContext &);
 struct KindRow {
     Kind kind;
     const char *expectation;
     Reader read;
+    const char *shape = ".*";     ///< of words that are meant for it, right or wrong
+    ListReader readAll = nullptr; ///< of kinds that take all words
 };
 
 std::optional<int> wholeNumber(const QString &text)
@@ -81,33 +85,52 @@ std::optional<Value> readMusic(const Parameter &, const Word &word, const Readin
     return std::nullopt;
 }
 
-std::optional<Value> readPitches(const Parameter &, const Word &word, const ReadingContext &)
+Value readPitches(const Parameter &parameter, const std::vector<Word> &words,
+                  const ReadingContext &context)
 {
-    const auto pitch = parsePitch(word.text);
-    return pitch ? std::optional<Value>(std::vector<int>{pitch->midi}) : std::nullopt;
+    std::vector<int> keys;
+    for (const Word &word : words)
+        keys.push_back(std::get<PitchValue>(readValue(parameter, word, context)).midi);
+    return keys;
 }
 
-constexpr std::array<KindRow, 19> Kinds = {{
+std::optional<Value> readNone(const Parameter &, const Word &, const ReadingContext &)
+{
+    return std::nullopt;
+}
+
+constexpr const char *Number = "[0-9]+";
+
+constexpr std::array<KindRow, 21> Kinds = {{
     {Kind::Whole, "a whole number", readWhole},
     {Kind::Decimal, "a number", readDecimal},
     {Kind::Switch, "on or off", readSwitch},
     {Kind::Text, "a text, in \"quotes\" when it has spaces", readText},
-    {Kind::Choice, "one of", readChoice},
-    {Kind::Bar, "a bar such as 5", readBar},
-    {Kind::BarGap, "a bar such as 5, or the number behind the last", readBarGap},
-    {Kind::Bars, "a bar such as 5, bars such as 5-8, or all", readBars},
-    {Kind::Beat, "bar and beat such as 3:2", readBeat},
-    {Kind::Beats, "beats such as 3:2, 3:2-4 or 3:2-4:1", readBeats},
+    {Kind::Choice, "one of", readChoice, "[^0-9].*"},
+    {Kind::Bar, "a bar such as 5", readBar, Number},
+    {Kind::BarGap, "a bar such as 5, or the number behind the last", readBarGap, Number},
+    {Kind::Bars, "a bar such as 5, bars such as 5-8, or all", readBars, "[0-9][0-9-]*|all"},
+    {Kind::Beat, "bar and beat such as 3:2", readBeat, "[0-9]+:.*"},
+    {Kind::Beats, "beats such as 3:2, 3:2-4 or 3:2-4:1", readBeats, "[0-9]+:.*"},
+    {Kind::Selection,
+     "bars such as 3 or 3-5, beats such as 3:2 - 4:1, all or none, then track, staff and voice, "
+     "each with a number or all",
+     readNone, ".*", readSelection},
+    {Kind::CursorMoves,
+     "a bar such as 3, a beat such as 3:2, track, staff, voice, bar, beat or string with a number, "
+     "or such as first bar, last beat",
+     readNone, ".*", readCursorMoves},
     {Kind::Track, "a track such as 2", readTrack},
     {Kind::TrackGap, "a track such as 2, or the number behind the last", readTrackGap},
-    {Kind::String, "a string, 1 being the highest", readString},
+    {Kind::String, "a string, 1 being the highest", readString, Number},
     {Kind::Rhythm, "a rhythm such as quarter, e., h or e/3:2 (a triplet eighth)",
      readMusic<RhythmValue, parseRhythm>},
     {Kind::Time, "a time signature such as 3/4", readMusic<TimeSignature, parseTime>},
     {Kind::Key, "a key such as G, F#m, Ebm or Bb", readMusic<KeySignature, parseKey>},
     {Kind::Pitch, "a note such as C#4 (C4 is middle C) or a MIDI key",
      readMusic<PitchValue, parsePitch>},
-    {Kind::Pitches, "notes such as E2 A2 D3, the lowest string first", readPitches},
+    {Kind::Pitches, "notes such as E2 A2 D3, the lowest string first",
+     readMusic<PitchValue, parsePitch>, ".*", readPitches},
     {Kind::Passes, "passes such as 1, 1,3 or 1-3, or none", readMusic<int, parsePasses>},
 }};
 
@@ -145,6 +168,40 @@ Value readValue(const Parameter &parameter, const Word &word, const ReadingConte
                                  : QStringLiteral("did you mean \"%1\"?").arg(nearest)));
 }
 
+bool takesAllWords(const Parameter &parameter)
+{
+    return rowOf(parameter.kind).readAll != nullptr;
+}
+
+Value readValues(const Parameter &parameter, const std::vector<Word> &words,
+                 const ReadingContext &context)
+{
+    return rowOf(parameter.kind).readAll(parameter, words, context);
+}
+
+bool looksLike(const Parameter &parameter, const Word &word)
+{
+    const QString shape =
+        QStringLiteral("^(?:%1)$").arg(QLatin1String(rowOf(parameter.kind).shape));
+    return !word.isQuoted && QRegularExpression(shape).match(word.text).hasMatch();
+}
+
+bool isAssumable(const Parameter &parameter, const ReadingContext &context)
+{
+    switch (parameter.kind) {
+    case Kind::Bars:
+    case Kind::Beats:
+        return context.hasCursor || context.hasSelection;
+    case Kind::Bar:
+    case Kind::BarGap:
+    case Kind::Beat:
+    case Kind::String:
+        return context.hasCursor;
+    default:
+        return true;
+    }
+}
+
 bool readWhere(const Word &word, const ReadingContext &context, Where &where)
 {
     static const QRegularExpression pattern(QStringLiteral("^([tsv])([0-9]{1,6})$"));
@@ -156,11 +213,10 @@ bool readWhere(const Word &word, const ReadingContext &context, Where &where)
     case 't':
         where.track = readPlace(number, word, "track", context.model->trackCount(), context);
         break;
-    case 's': {
-        const auto track = context.model->track(where.track);
-        where.staff = readPlace(number, word, "staff", track ? track->staffCount() : 1, context);
+    case 's':
+        where.staff =
+            readPlace(number, word, "staff", staffCount({context.model, where, true}), context);
         break;
-    }
     default:
         where.voice =
             readPlace(number, word, "voice", Bar::MaxVoices, {context.model, where, true});
@@ -185,8 +241,36 @@ QString expectation(const Parameter &parameter)
     }
 }
 
+QString assumption(const Parameter &parameter)
+{
+    if (parameter.presence != Presence::Assumed)
+        return QString();
+    switch (parameter.kind) {
+    case Kind::Bars:
+    case Kind::Beats:
+        return QStringLiteral("what is selected, else where the cursor is");
+    case Kind::String:
+        return QStringLiteral("the string that the cursor is on");
+    case Kind::Choice:
+        return suggestions(parameter).first();
+    default:
+        return QStringLiteral("where the cursor is");
+    }
+}
+
+QString missingAssumption(const Parameter &parameter)
+{
+    if (parameter.presence != Presence::Assumed)
+        return QString();
+    const bool isRange = parameter.kind == Kind::Bars || parameter.kind == Kind::Beats;
+    return isRange ? QStringLiteral("nothing is selected and the cursor is nowhere")
+                   : QStringLiteral("the cursor is nowhere");
+}
+
 QStringList suggestions(const Parameter &parameter)
 {
+    if (parameter.kind == Kind::Selection || parameter.kind == Kind::CursorMoves)
+        return placeWords(parameter.kind);
     if (parameter.kind == Kind::Switch)
         return {QStringLiteral("on"), QStringLiteral("off")};
     QStringList words;

@@ -16,11 +16,6 @@ std::optional<int> wholeNumber(const QString &text)
     return isNumber ? std::optional<int>(number) : std::nullopt;
 }
 
-unsigned barCount(const ReadingContext &context)
-{
-    return context.model->masterTrack()->masterBarCount();
-}
-
 BeatPlace beatPlace(const QString &text, const Word &word, const ReadingContext &context)
 {
     const QStringList numbers = text.split(QLatin1Char(':'));
@@ -39,6 +34,17 @@ BeatPlace beatPlace(const QString &text, const Word &word, const ReadingContext 
 }
 
 } // namespace
+
+unsigned barCount(const ReadingContext &context)
+{
+    return context.model->masterTrack()->masterBarCount();
+}
+
+unsigned staffCount(const ReadingContext &context)
+{
+    const auto track = context.model->track(context.where.track);
+    return track ? track->staffCount() : 1;
+}
 
 unsigned readPlace(const QString &text, const Word &word, const char *thing, unsigned count,
                    const ReadingContext &context)

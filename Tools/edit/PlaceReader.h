@@ -14,6 +14,10 @@ namespace zarn::tool {
 unsigned readPlace(const QString &text, const Word &word, const char *thing, unsigned count,
                    const ReadingContext &context);
 
+/// The number of things that a place in a context can name.
+unsigned barCount(const ReadingContext &context);
+unsigned staffCount(const ReadingContext &context);
+
 std::optional<Value> readBar(const Parameter &, const Word &word, const ReadingContext &context);
 std::optional<Value> readBarGap(const Parameter &, const Word &word, const ReadingContext &context);
 std::optional<Value> readBars(const Parameter &, const Word &word, const ReadingContext &context);

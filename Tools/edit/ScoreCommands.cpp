@@ -3,6 +3,7 @@
 #include "edit/Choices.h"
 #include "edit/Commands.h"
 #include "edit/EditSession.h"
+#include "edit/Targets.h"
 
 #include <ZarnCore/instruments/ZarnDSPParamAutomation.h>
 #include <ZarnCore/instruments/ZarnTempoAutomation.h>
@@ -38,7 +39,7 @@ bool setConcertTone(EditSession &session, const Values &values)
 bool setTempo(EditSession &session, const Values &values)
 {
     TempoAutomation tempo;
-    tempo.setIndex(static_cast<std::uint32_t>(values.get<int>(0)));
+    tempo.setIndex(targetBar(session, values));
     tempo.setValue(static_cast<float>(values.get<double>(1)));
     tempo.setUnit(values.get(2, static_cast<int>(TempoUnit::Quarter)));
     tempo.setText(values.text(3));
@@ -47,32 +48,32 @@ bool setTempo(EditSession &session, const Values &values)
 
 bool removeTempo(EditSession &session, const Values &values)
 {
-    const auto bar = static_cast<std::uint32_t>(values.get<int>(0));
+    const std::uint32_t bar = targetBar(session, values);
     const auto found = session.model().masterTrack()->automations(Automation::Tempo, bar, bar);
     if (found.empty())
         throw Failure("this bar has no tempo of its own");
     return session.score().modifyMasterTrackAutomations({found.begin(), found.end()}, {});
 }
 
-DSPParamAutomation effectChange(const Values &values)
+DSPParamAutomation effectChange(EditSession &session, const Values &values)
 {
     const auto parameter = static_cast<unsigned>(values.get<int>(1) - 1);
     DSPParamAutomation change(
         static_cast<Automation::Type>(static_cast<unsigned>(Automation::DSPParam_00) + parameter));
-    change.setIndex(static_cast<std::uint32_t>(values.get<int>(0)));
+    change.setIndex(targetBar(session, values));
     change.setValue(static_cast<float>(values.get<double>(2)));
     return change;
 }
 
 bool setEffect(EditSession &session, const Values &values)
 {
-    const DSPParamAutomation change = effectChange(values);
+    const DSPParamAutomation change = effectChange(session, values);
     return session.score().modifyTrackAutomations(values.where().track, {}, {&change});
 }
 
 bool setMasterEffect(EditSession &session, const Values &values)
 {
-    const DSPParamAutomation change = effectChange(values);
+    const DSPParamAutomation change = effectChange(session, values);
     return session.score().modifyMasterTrackAutomations({}, {&change});
 }
 
@@ -91,7 +92,7 @@ bool removeReverb(EditSession &session, const Values &)
 
 const std::vector<Command> &scoreCommands()
 {
-    static const Parameter bar = {QStringLiteral("BAR"), Kind::Bar};
+    static const Parameter bar = {QStringLiteral("BAR"), Kind::Bar, Presence::Assumed};
     static const Parameter text = {QStringLiteral("TEXT"), Kind::Text};
     static const Parameter parameter = {QStringLiteral("PARAMETER"), Kind::Whole,
                                         Presence::Required, 1, ParameterCount};

@@ -5,6 +5,7 @@
 #include <ZarnCore/music/ZarnPitchClass.h>
 #include <ZarnCore/music/ZarnRhythmValue.h>
 #include <ZarnCore/music/ZarnTimeSignature.h>
+#include <ZarnCore/score/ZarnScoreCursor.h>
 
 #include <QString>
 
@@ -32,6 +33,30 @@ struct BeatRange {
     BeatPlace last;
 };
 
+/// What "select" takes.
+struct SelectionValue {
+    /// A number from 0, or all of them; at a column of the line.
+    struct Part {
+        std::optional<unsigned> number;
+        int column = 1;
+    };
+    bool isNone = false;
+    bool isAll = false; ///< "all" was said in place of bars
+    std::variant<BarRange, BeatRange> places;
+    std::optional<Part> track;
+    std::optional<Part> staff;
+    std::optional<Part> voice;
+};
+
+/// One thing that "cursor" is to do: "track 2", "first bar".
+struct CursorMove {
+    enum class To { Number, First, Last };
+    CursorStep step = CursorStep::Beat;
+    To to = To::Number;
+    int number = 1; ///< as players count, from 1
+    int column = 1;
+};
+
 /// A MIDI key, with its spelling when it was given as a note name.
 struct PitchValue {
     int midi = 0;
@@ -45,9 +70,9 @@ struct Where {
     unsigned voice = 0;
 };
 
-using Value =
-    std::variant<std::monostate, int, double, bool, QString, BarRange, BeatPlace, BeatRange,
-                 RhythmValue, TimeSignature, KeySignature, PitchValue, std::vector<int>>;
+using Value = std::variant<std::monostate, int, double, bool, QString, BarRange, BeatPlace,
+                           BeatRange, SelectionValue, std::vector<CursorMove>, RhythmValue,
+                           TimeSignature, KeySignature, PitchValue, std::vector<int>>;
 
 /// What a line gave for the parameters of its command.
 class Values {
@@ -63,7 +88,7 @@ public:
 
     int column(std::size_t parameter) const { return _columns.at(parameter); }
 
-    /// Whether an optional parameter was given.
+    /// Whether a parameter was given that may be left out.
     bool has(std::size_t parameter) const
     {
         return parameter < _values.size()
@@ -88,9 +113,13 @@ public:
     }
 
     const Where &where() const noexcept { return _where; }
-    Where &where() noexcept { return _where; }
+
+    /// Whether the line itself names a track, staff or voice.
+    bool namesWhere() const noexcept { return _namesWhere; }
+    void setNamesWhere(bool names) noexcept { _namesWhere = names; }
 
 private:
+    bool _namesWhere = false;
     std::vector<Value> _values;
     std::vector<int> _columns;
     Where _where;
