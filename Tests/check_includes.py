@@ -29,7 +29,7 @@ ROWS = [
 RANK = {name: rank for rank, row in enumerate(ROWS) for name in row}
 # Files beside ZarnCore.h: the shared ground, except the shared types, whose tables come from utils,
 # and those that stand on top of everything.
-TOP = {"ZarnCoreUtils", "ZarnCore"}
+TOP = {"ZarnCoreUtils", "ZarnCoreUtilsPreview", "ZarnCoreUtilsSearch", "ZarnCore"}
 INCLUDE = re.compile(r'^\s*#\s*include\s*[<"]((?:ZarnCore|filesystem)/[^>"]+)[>"]')
 
 

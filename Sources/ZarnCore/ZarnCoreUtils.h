@@ -4,8 +4,11 @@
 #include <ZarnCore/ZarnExport.h>
 #include <ZarnCore/ZarnTypes.h>
 
+#include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace Halvec::audio {
@@ -15,11 +18,29 @@ struct HVVolumePan;
 namespace zarn {
 
 class Bar;
+class Beat;
+class GuitarTuning;
 class KeySignature;
 class MasterBar;
+class Note;
 class Score;
 class TimeSignature;
 class ZarnVolumePan;
+
+/// How far a search goes along the voices of one number in a staff.
+enum class SearchDeep : std::uint8_t {
+    Voice,     ///< to the end of the voice in its bar
+    Connected, ///< on through the neighbouring bars, up to one whose voice has no beats
+    Staff,     ///< to the end of the staff, past bars whose voice has no beats
+};
+
+/// What another note must have in common with a note to be in its slot.
+enum class NoteSlot : std::uint8_t {
+    Location, ///< the string when both have one, else key, articulation and staff line, as in ties
+    String,   ///< the string; a note without one has no slot
+    Midi,     ///< the written key; a note without one has no slot
+    Any,      ///< nothing: all notes
+};
 
 /// Helpers over scores and ranges of their bars.
 class ZARNCORE_EXPORT ZarnCoreUtils {
@@ -48,6 +69,71 @@ public:
     convertZarnVolumePanToHVVolumePan(const ZarnVolumePan &volumePan) noexcept;
     static ZarnVolumePan
     convertHVVolumePanToZarnVolumePan(const Halvec::audio::HVVolumePan &volumePan);
+
+    using BeatPredicate = std::function<bool(const std::shared_ptr<const Beat> &)>;
+    using NotePredicate = std::function<bool(const std::shared_ptr<const Note> &)>;
+
+    // Searches along the voice in which a beat or note is, from it, without it, to the limit and
+    // with it, or without a limit as far as the mode goes. The first that the predicate accepts,
+    // or null. The notes of a beat come in their order in the beat, or backwards in the reverse:
+    // what comes next to the lowest note of a chord may be the note above it.
+
+    static std::shared_ptr<const Beat> findNextBeat(const std::shared_ptr<const Beat> &beat,
+                                                    const BeatPredicate &accepts,
+                                                    const std::shared_ptr<const Beat> &limit,
+                                                    SearchDeep deep);
+    static std::shared_ptr<const Beat> findPreviousBeat(const std::shared_ptr<const Beat> &beat,
+                                                        const BeatPredicate &accepts,
+                                                        const std::shared_ptr<const Beat> &limit,
+                                                        SearchDeep deep);
+    static std::shared_ptr<const Note> findNextNote(const std::shared_ptr<const Note> &note,
+                                                    const NotePredicate &accepts,
+                                                    const std::shared_ptr<const Note> &limit,
+                                                    SearchDeep deep);
+    static std::shared_ptr<const Note> findPreviousNote(const std::shared_ptr<const Note> &note,
+                                                        const NotePredicate &accepts,
+                                                        const std::shared_ptr<const Note> &limit,
+                                                        SearchDeep deep);
+
+    /// The nearest note in the slot in a later, or earlier, beat of the staff's voice, however
+    /// far: after 6:3 with `NoteSlot::String` the next note on the lowest string.
+    static std::shared_ptr<const Note> findFirstNextNote(const std::shared_ptr<const Note> &note,
+                                                         NoteSlot slot);
+    static std::shared_ptr<const Note>
+    findFirstPreviousNote(const std::shared_ptr<const Note> &note, NoteSlot slot);
+
+    /// The note that was struck when a tied note sounds on: the one at the start of its chain of
+    /// ties, from beat to beat without a gap. Null for a note that is not tied, and when the
+    /// chain is broken.
+    static std::shared_ptr<const Note> findTieOriginNote(const std::shared_ptr<const Note> &note,
+                                                         NoteSlot slot);
+
+    /// The note that was struck when a held or released bend goes on in this one: the nearest
+    /// before it in the slot, or where that is tied, the origin of its ties. Beats with other
+    /// notes may stand between, a rest ends the search, for the string is silent then.
+    static std::shared_ptr<const Note> findBendOriginNote(const std::shared_ptr<const Note> &note,
+                                                          NoteSlot slot);
+
+    // A score of its own that shows a part of another: the texts, the page and its settings, the
+    // tempo and mastering, and the listed tracks in the order in which they are listed, each once.
+    // What is not there is left out, and so are audio tracks. It has nothing to undo.
+
+    /// Whole tracks.
+    static std::unique_ptr<Score> make_score_preview(const Score &score,
+                                                     const std::vector<unsigned> &tracks);
+
+    /// Bars by (track, bar), in columns in the order of the score: (0, 8), (1, 8), (0, 4) gives
+    /// two tracks with two bars, the first of them empty in the second track. Tempo and sounds
+    /// are those that hold at the bars. Ties to notes that are not there are undone; a simile mark
+    /// whose bars are not there gives way to the music that it stands for.
+    using BarPlaces = std::vector<std::pair<unsigned, unsigned>>;
+    static std::unique_ptr<Score> make_score_preview(const Score &score, const BarPlaces &bars);
+
+    /// The same bars on the strings of another tuning: every fretted staff is fingered anew for
+    /// the same pitches. A tuning without strings, or with more than a staff may have, changes
+    /// nothing.
+    static std::unique_ptr<Score> make_score_preview(const Score &score, const BarPlaces &bars,
+                                                     const GuitarTuning &tuning);
 
     /// Makes a score from a short text:
     ///

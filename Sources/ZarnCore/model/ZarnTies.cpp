@@ -5,9 +5,7 @@
 #include <ZarnCore/model/ZarnVoice.h>
 
 namespace zarn {
-namespace {
 
-/// Same string when both have one, same key otherwise.
 bool sameLocation(const Note &left, const Note &right) noexcept
 {
     if (left.string() != Note::Unset && right.string() != Note::Unset)
@@ -16,6 +14,8 @@ bool sameLocation(const Note &left, const Note &right) noexcept
         && left.percussionArticulation() == right.percussionArticulation()
         && left.staffLine() == right.staffLine();
 }
+
+namespace {
 
 bool hasPartner(const Note &note, const Beat *beat, bool (Note::*linked)() const noexcept)
 {

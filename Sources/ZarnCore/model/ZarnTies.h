@@ -10,6 +10,10 @@ class Note;
 class Staff;
 class Voice;
 
+/// Whether two notes are at one place of their instrument, as the ends of a tie are: on the same
+/// string when both have one, else of the same key, articulation and staff line.
+bool sameLocation(const Note &left, const Note &right) noexcept;
+
 /// The beats that meet at the joint in front of a beat of a voice. At the ends of the voice the
 /// joint is the one with the same voice of the neighbouring bar. Either may be empty.
 std::shared_ptr<Beat> beatInFrontOfJoint(const Voice &voice, unsigned index);
