@@ -291,7 +291,7 @@ std::string GuitarTuning::instrumentToString(Instrument instrument)
 
 GuitarTuning::Instrument GuitarTuning::instrumentFromString(const std::string &text)
 {
-    const auto instruments = QMetaEnum::fromType<Instrument>();
+    static const auto instruments = QMetaEnum::fromType<Instrument>();
     for (int i = 0; i < instruments.keyCount(); ++i) {
         if (text == instruments.key(i))
             return static_cast<Instrument>(instruments.value(i));

@@ -52,8 +52,12 @@ void GuitarTuningLibrary::parse(const rapidjson::Value &tunings)
         }
         read.push_back(std::move(tuning));
     }
-    for (const auto &tuning : read)
-        addTuning(tuning, GuitarTuning::CoreRole);
+    for (auto &tuning : read) {
+        tuning->setRole(GuitarTuning::CoreRole);
+        // Nobody has these yet, and their ids are the highest.
+        auto &strings = _coreTunings[tuning->stringCount()];
+        strings.emplace_hint(strings.end(), tuning->id(), std::move(tuning));
+    }
 }
 
 void GuitarTuningLibrary::addTuning(const std::shared_ptr<GuitarTuning> &tuning,

@@ -63,6 +63,7 @@ void GuitarTuning::parse(const rapidjson::Value &value)
     const auto *pitches = findMember(value, "midiNumbers");
     if (pitches == nullptr || !pitches->IsArray())
         raiseBroken("\"midiNumbers\" is missing or no array");
+    read.midiNumbers.reserve(pitches->Size());
     for (const auto &pitch : pitches->GetArray()) {
         const int midi = pitchOf(pitch, read.midiNumbers.size());
         read.midiNumbers.push_back(midi);
