@@ -38,6 +38,7 @@ MusicGlyph glyphNamed(std::string_view name, MusicGlyph fallback)
 std::vector<std::string> componentsOf(std::string_view path)
 {
     std::vector<std::string> components;
+    components.reserve(static_cast<std::size_t>(std::count(path.begin(), path.end(), '.') + 1));
     for (auto dot = path.find('.'); dot != path.npos; dot = path.find('.')) {
         components.emplace_back(path.substr(0, dot));
         path.remove_prefix(dot + 1);
@@ -91,6 +92,7 @@ void InstrumentArticulation::parse(const rapidjson::Value &value)
             techniquePlacementFromString(std::string(notation.text("techniquePlacement")));
     });
     members.object("inputs", [&read](const JsonMembers &inputs) {
+        read._inputMidiNumbers.reserve(inputs.sizeOf("midiNumbers"));
         inputs.forEach("midiNumbers", [&read](const rapidjson::Value &number, unsigned) {
             read._inputMidiNumbers.push_back(utils::jsonInteger(number, parseFunction));
         });

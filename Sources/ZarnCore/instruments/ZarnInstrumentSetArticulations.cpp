@@ -49,6 +49,9 @@ void InstrumentSet::indexArticulations()
     _articulationOfMidi.clear();
     _articulationOfLineAndKey.clear();
     _articulationOfLine.clear();
+    _articulationOfName.reserve(_articulations.size());
+    _articulationOfMidi.reserve(_articulations.size());
+    _articulationOfLineAndKey.reserve(_articulations.size());
     int index = 0;
     for (const InstrumentArticulation &articulation : _articulations) {
         const auto line = articulation.staffLine();

@@ -3,6 +3,7 @@
 
 #include <ZarnCore/utils/JsonMembers.h>
 
+#include <cstddef>
 #include <utility>
 
 namespace zarn {
@@ -20,6 +21,12 @@ void InstrumentSet::parse(const rapidjson::Value &value)
     read._name = members.text("name");
     read._lineCount = members.count("lineCount");
     read._type = typeFromString(std::string(members.text("type")));
+    std::size_t articulationCount = 0;
+    members.forEach("elements", [&](const rapidjson::Value &object, unsigned) {
+        articulationCount += JsonMembers(object, parseFunction).sizeOf("articulations");
+    });
+    read._elements.reserve(members.sizeOf("elements"));
+    read._articulations.reserve(articulationCount);
     members.forEach("elements", [&read](const rapidjson::Value &object, unsigned index) {
         const JsonMembers element(object, parseFunction);
         read._elements.emplace_back(

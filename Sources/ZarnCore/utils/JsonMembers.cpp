@@ -63,6 +63,12 @@ bool JsonMembers::flagOr(const char *name, bool fallback) const
                                  : member(name, &rapidjson::Value::IsBool, "boolean").GetBool();
 }
 
+unsigned JsonMembers::sizeOf(const char *name) const noexcept
+{
+    const rapidjson::Value *const found = find(name);
+    return found != nullptr && found->IsArray() ? found->Size() : 0;
+}
+
 void JsonMembers::raise(const std::string &reason) const
 {
     throw JsonError({}, reason, _function);

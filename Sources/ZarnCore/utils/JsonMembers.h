@@ -59,6 +59,9 @@ public:
     std::uint32_t count(const char *name) const;
     bool flagOr(const char *name, bool fallback) const;
 
+    /// Elements of a member that is an array; 0 for any other.
+    unsigned sizeOf(const char *name) const noexcept;
+
     /// Calls `read(const JsonMembers &)` for a member that is an object.
     template <typename Read>
     void object(const char *name, Read read) const
