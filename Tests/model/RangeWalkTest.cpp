@@ -336,19 +336,3 @@ TEST(RangeWalk, aPlaceThatNamesANoteIsThatNote)
     place.setNotePercussionActiculation(9);
     EXPECT_EQ(selected(), second);
 }
-
-/// What an iterator hands out may be taken away from under it.
-TEST(RangeWalk, survivesTheRemovalOfWhatItGave)
-{
-    const auto model = makeVoices(2);
-    ScoreModelRange range({model.get(), 0, 0, -1, 0, 0}, {model.get(), 0, 1, -1, 0, 0}, multi);
-    for (RangeNoteIterator it(range); it.oneStep();)
-        it.note()->parentBeat()->removeNote(0);
-    EXPECT_EQ(flatten::noteCount(*model->track(0)->bar(0)->voice(0)), 4U) << "one of two each";
-    for (RangeBeatIterator it(range); it.oneStep();)
-        it.beat()->parentVoice()->clear();
-    EXPECT_EQ(flatten::beatCount(*model), 2U * 4) << "voice 1 alone";
-    for (RangeBarIterator it(range); it.oneStep();)
-        model->track(0)->staff(0)->removeAllBars();
-    EXPECT_EQ(model->track(0)->staff(0)->barCount(), 0U);
-}

@@ -50,10 +50,4 @@ void RangeBarIterator::enterStaff(unsigned track, unsigned staff) noexcept
     _staff = nullptr;
 }
 
-const Staff::Bars &RangeBarIterator::noBars() noexcept
-{
-    static const Staff::Bars none;
-    return none;
-}
-
 } // namespace zarn

@@ -5,7 +5,6 @@
 #include <ZarnCore/model/ZarnRangeSteps.h>
 #include <ZarnCore/model/ZarnStaff.h>
 
-#include <algorithm>
 #include <memory>
 
 namespace zarn {
@@ -29,14 +28,14 @@ public:
     bool iterate() const noexcept { return _staff != nullptr; }
     void advance() noexcept
     {
-        if (_staff != nullptr && ++_bar >= std::min(_endBar, _staff->barCount()))
+        if (_staff != nullptr && ++_bar == _endBar)
             enterStaff(_track, _staff->index() + 1);
     }
 
-    /// Empty at the end. Stays good until the next step.
+    /// Empty at the end.
     const std::shared_ptr<Bar> &bar() const noexcept
     {
-        return elementAt<Bar>(_staff ? _staff->bars() : noBars(), _bar);
+        return iterate() ? _staff->bars()[_bar] : nothing<Bar>();
     }
 
     // Where the iterator stands; without meaning at the end.
@@ -50,7 +49,6 @@ public:
     bool isLastBar() const noexcept { return _bar == _lastBar; }
 
 private:
-    static const Staff::Bars &noBars() noexcept;
     void enterStaff(unsigned track, unsigned staff) noexcept;
 
     const ScoreModel *_model = nullptr;

@@ -6,7 +6,6 @@
 #include <ZarnCore/model/ZarnRangeSteps.h>
 #include <ZarnCore/model/ZarnVoice.h>
 
-#include <algorithm>
 #include <memory>
 
 namespace zarn {
@@ -15,33 +14,41 @@ namespace zarn {
 /// beats. `RangeSpanIterator` says which they are, `RangeSteps` how to use it.
 class ZARNCORE_EXPORT RangeBeatIterator final : public RangeSteps<RangeBeatIterator> {
 public:
-    explicit RangeBeatIterator(const ScoreModelRange &range) : _spans(range)
-    {
-        if (_spans.iterate())
-            _beat = _spans.firstBeat();
-    }
+    explicit RangeBeatIterator(const ScoreModelRange &range) : _spans(range) { enterSpan(); }
 
-    bool iterate() const noexcept { return _spans.iterate(); }
+    bool iterate() const noexcept { return _beat != _end; }
     void advance() noexcept
     {
-        if (!iterate() || ++_beat < std::min(_spans.endBeat(), _spans.voice().beatCount()))
+        if (_beat == _end || ++_beat != _end)
             return;
         _spans.advance();
-        if (_spans.iterate())
-            _beat = _spans.firstBeat();
+        enterSpan();
     }
 
-    /// Empty at the end. Stays good until the next step, or until the voice gains or loses beats.
+    /// Empty at the end.
     const std::shared_ptr<Beat> &beat() const noexcept
     {
-        return elementAt<Beat>(iterate() ? _spans.voice().beats() : noBeats(), _beat);
+        return iterate() ? *_beat : nothing<Beat>();
     }
 
 private:
-    static const Voice::Beats &noBeats() noexcept;
+    void enterSpan() noexcept
+    {
+        _beat = _end = nullptr;
+        if (!_spans.iterate())
+            return;
+        const auto &beats = _spans.voice().beats();
+        _beat = beats.data() + _spans.firstBeat();
+        _end = beats.data() + _spans.endBeat();
+        // Walks wait for memory more than for anything else: beats are asked for ahead of time.
+        constexpr int ahead = 8;
+        for (auto beat = _beat; beat != _end && beat != _beat + ahead; ++beat)
+            __builtin_prefetch(&(*beat)->notes());
+    }
 
     RangeSpanIterator _spans;
-    unsigned _beat = 0;
+    const std::shared_ptr<Beat> *_beat = nullptr; ///< in the voice
+    const std::shared_ptr<Beat> *_end = nullptr;
 };
 
 } // namespace zarn

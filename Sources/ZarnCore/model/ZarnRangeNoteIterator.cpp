@@ -3,8 +3,6 @@
 
 #include <ZarnCore/model/ZarnScoreModelRange.h>
 
-#include <limits>
-
 namespace zarn {
 namespace {
 
@@ -25,9 +23,7 @@ bool namesANote(const ScoreModelRange &range)
 RangeNoteIterator::RangeNoteIterator(const ScoreModelRange &range) : _beats(range)
 {
     if (!namesANote(range)) {
-        _endNote = std::numeric_limits<unsigned>::max();
-        if (iterate() && !beat().hasNotes())
-            enterBeat();
+        takeNotes();
         return;
     }
     const auto note = range.first().note();
@@ -39,19 +35,19 @@ RangeNoteIterator::RangeNoteIterator(const ScoreModelRange &range) : _beats(rang
     _endNote = _note + 1;
 }
 
-/// Goes to the first note of the next beat that has any.
 void RangeNoteIterator::enterBeat() noexcept
 {
-    _note = 0;
-    do
-        _beats.advance();
-    while (iterate() && !beat().hasNotes());
+    _beats.advance();
+    takeNotes();
 }
 
-const Beat::Notes &RangeNoteIterator::noNotes() noexcept
+/// Goes to the first note of the beat, or of the next one that has any.
+void RangeNoteIterator::takeNotes() noexcept
 {
-    static const Beat::Notes none;
-    return none;
+    while (iterate() && !beat().hasNotes())
+        _beats.advance();
+    _note = 0;
+    _endNote = iterate() ? beat().noteCount() : 0;
 }
 
 } // namespace zarn

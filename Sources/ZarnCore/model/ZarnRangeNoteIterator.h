@@ -5,7 +5,6 @@
 #include <ZarnCore/model/ZarnRangeBeatIterator.h>
 #include <ZarnCore/model/ZarnRangeSteps.h>
 
-#include <algorithm>
 #include <memory>
 
 namespace zarn {
@@ -23,20 +22,20 @@ public:
     bool iterate() const noexcept { return _beats.iterate(); }
     void advance() noexcept
     {
-        if (iterate() && ++_note >= std::min(_endNote, beat().noteCount()))
+        if (iterate() && ++_note == _endNote)
             enterBeat();
     }
 
-    /// Empty at the end. Stays good until the next step, or until the beat gains or loses notes.
+    /// Empty at the end.
     const std::shared_ptr<Note> &note() const noexcept
     {
-        return elementAt<Note>(iterate() ? beat().notes() : noNotes(), _note);
+        return iterate() ? beat().notes()[_note] : nothing<Note>();
     }
 
 private:
-    static const Beat::Notes &noNotes() noexcept;
     const Beat &beat() const noexcept { return *_beats.beat(); }
     void enterBeat() noexcept;
+    void takeNotes() noexcept;
 
     RangeBeatIterator _beats;
     unsigned _note = 0;

@@ -93,9 +93,9 @@ void RangeSpanIterator::advance() noexcept
 void RangeSpanIterator::enterVoice(unsigned slot) noexcept
 {
     for (; _bars.iterate(); _bars.advance()) {
-        const Bar *bar = _bars.bar().get();
-        for (_slot = slot; bar != nullptr && _slot < _endSlot; ++_slot) {
-            _voice = bar->voices()[_slot].get();
+        const auto &voices = _bars.bar()->voices();
+        for (_slot = slot; _slot < _endSlot; ++_slot) {
+            _voice = voices[_slot].get();
             if (_voice == nullptr)
                 continue;
             _firstBeat = _bars.isFirstBar() ? _begin : 0;

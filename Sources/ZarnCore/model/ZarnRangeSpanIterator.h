@@ -38,7 +38,7 @@ public:
     const Voice &voice() const noexcept { return *_voice; }
     unsigned firstBeat() const noexcept { return _firstBeat; }
 
-    /// The number behind the last beat; what follows when the voice has lost beats is not there.
+    /// The number behind the last beat.
     unsigned endBeat() const noexcept { return _endBeat; }
     BeatSpan span() const noexcept;
 

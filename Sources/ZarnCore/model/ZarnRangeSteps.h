@@ -14,10 +14,9 @@ namespace zarn {
 /// iterator stands on the first element, at the end when there is none. `Iterator` brings
 /// `bool iterate() const` and `void advance()`, which does nothing at the end.
 ///
-/// The iterators are values without owners: nodes are reached through the model, which must live.
-/// Attributes may change on the way. Of the structure, only the kind of node that an iterator hands
-/// out may be put in or taken out, where it stands: it goes on at the same number, or behind what
-/// is left. The nodes above must stay, or the walk is over: make a new iterator.
+/// The iterators are values without owners that point into the tree. Attributes may change on the
+/// way, but what a range walks through may gain and lose no nodes until the walk is over: take a
+/// list first where it shall. An element is a reference into the tree; copy it to keep it.
 template <class Iterator>
 class RangeSteps {
 public:
@@ -42,12 +41,12 @@ protected:
     RangeSteps &operator=(const RangeSteps &) noexcept = default;
     ~RangeSteps() = default;
 
-    /// The element at a number; an empty one when it is not there.
-    template <class Node, class Nodes>
-    static const std::shared_ptr<Node> &elementAt(const Nodes &nodes, unsigned number) noexcept
+    /// The element at the end.
+    template <class Node>
+    static const std::shared_ptr<Node> &nothing() noexcept
     {
         static const std::shared_ptr<Node> none;
-        return number < nodes.size() ? nodes[number] : none;
+        return none;
     }
 
 private:
