@@ -22,4 +22,20 @@ using Complaints = std::vector<std::string>;
 /// what a new track is tuned to first of its kind.
 Complaints checkTunings(const CatalogueFile &file);
 
+/// Instrument sets: one for each category that names an instrument; known glyphs and types; names
+/// and MIDI keys that lead to one articulation; a drum kit with all keys of General MIDI.
+Complaints checkInstrumentSets(const CatalogueFile &file);
+
+/// The files about sounds.
+struct SoundFiles {
+    CatalogueFile instrumentSets;
+    std::vector<CatalogueFile> patches;
+    std::vector<CatalogueFile> banks;
+    std::vector<CatalogueFile> notationPatches;
+};
+
+/// Sounds: patches for elements that their instrument set has, of banks that are there; a patch
+/// for each identifier that stands for others.
+Complaints checkSounds(const SoundFiles &files);
+
 } // namespace zarn::resources

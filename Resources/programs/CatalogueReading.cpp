@@ -2,37 +2,18 @@
 #include "CatalogueReading.h"
 
 #include <ZarnCore/ZarnAssert.h>
-
-#include <rapidjson/error/en.h>
+#include <ZarnCore/utils/JsonDocument.h>
 
 #include <algorithm>
 
 namespace zarn::resources {
-
-namespace {
-
-rapidjson::Document documentOf(const CatalogueFile &file)
-{
-    rapidjson::Document document;
-    document.Parse<rapidjson::kParseValidateEncodingFlag>(file.text.data(), file.text.size());
-    if (document.HasParseError()) {
-        const std::string before = file.text.substr(0, document.GetErrorOffset());
-        const auto line = 1 + std::count(before.begin(), before.end(), '\n');
-        ZARN_RAISE_IN("zarn::resources::readCatalogue",
-                      "line " + std::to_string(line) + ": "
-                          + rapidjson::GetParseError_En(document.GetParseError()));
-    }
-    return document;
-}
-
-} // namespace
 
 void readCatalogue(const CatalogueFile &file, Complaints &complaints,
                    const std::function<void(const rapidjson::Document &)> &read)
 {
     const std::size_t before = complaints.size();
     try {
-        read(documentOf(file));
+        read(utils::jsonDocument(file.text, file.name));
     } catch (const CoreException &problem) {
         complaints.push_back(problem.message());
     }

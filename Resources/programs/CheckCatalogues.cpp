@@ -24,9 +24,28 @@ CatalogueFile fileAt(const QString &path)
     return {path.toStdString(), file.readAll().toStdString()};
 }
 
+std::vector<CatalogueFile> filesIn(const QDir &folder, const QString &name)
+{
+    std::vector<CatalogueFile> files;
+    for (const QFileInfo &file : QDir(folder.filePath(name)).entryInfoList(QDir::Files, QDir::Name))
+        files.push_back(fileAt(file.filePath()));
+    return files;
+}
+
 Complaints checkAll(const QDir &folder)
 {
-    return checkTunings(fileAt(folder.filePath(QStringLiteral("instrumentSet/ZarnTunings.json"))));
+    const CatalogueFile sets =
+        fileAt(folder.filePath(QStringLiteral("instrumentSet/ZarnInstrumentSets.json")));
+    Complaints all =
+        checkTunings(fileAt(folder.filePath(QStringLiteral("instrumentSet/ZarnTunings.json"))));
+    const auto add = [&all](const Complaints &complaints) {
+        all.insert(all.end(), complaints.begin(), complaints.end());
+    };
+    add(checkInstrumentSets(sets));
+    add(checkSounds({sets, filesIn(folder, QStringLiteral("soundbankPatches")),
+                     filesIn(folder, QStringLiteral("soundbanks")),
+                     filesIn(folder, QStringLiteral("notationPatch"))}));
+    return all;
 }
 
 } // namespace
