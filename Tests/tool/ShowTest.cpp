@@ -33,17 +33,6 @@ std::unique_ptr<Score> scoreOf(const char *notation)
     return ZarnCoreUtils::make_from_string(notation);
 }
 
-/// Compares with a picture that was looked at and found right. To look at new ones, run the test
-/// with ZARN_WRITE_GOLDEN set and read what changed.
-void expectGolden(const char *name, const std::string &drawn)
-{
-    const QString path =
-        QStringLiteral(ZARN_SOURCE_DIR "/Tests/tool/golden/") + QLatin1String(name);
-    if (qEnvironmentVariableIsSet("ZARN_WRITE_GOLDEN"))
-        writeFile(path, drawn);
-    EXPECT_EQ(drawn, contentOf(path));
-}
-
 /// Two voices that cross, ties, a dead and a ghost note, grace notes, tuplets in tuplets, repeats
 /// with endings, directions, a section, a change of time, key and tempo, swing.
 std::unique_ptr<Score> everythingForGuitar()

@@ -20,6 +20,13 @@ struct ToolRun {
     std::string err;
 };
 
+/// The user's folder for data, for all runs of this process; empty at first.
+inline QString dataHome()
+{
+    static const QTemporaryDir folder;
+    return folder.path();
+}
+
 /// Runs `zarn` as a user would, in a UTF-8 locale and without a terminal.
 inline ToolRun runTool(const QStringList &arguments, const std::string &input = std::string())
 {
@@ -28,6 +35,7 @@ inline ToolRun runTool(const QStringList &arguments, const std::string &input = 
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
     environment.insert(QStringLiteral("COLUMNS"), QStringLiteral("100"));
+    environment.insert(QStringLiteral("XDG_DATA_HOME"), dataHome());
     process.setProcessEnvironment(environment);
     process.start(QStringLiteral(ZARN_BINARY_DIR "/bin/zarn"), arguments);
     process.write(input.c_str());
@@ -67,6 +75,17 @@ inline void writeFile(const QString &path, const std::string &content)
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
     file.write(content.c_str(), static_cast<qint64>(content.size()));
+}
+
+/// Compares with an output that was looked at and found right. To look at new ones, run the test
+/// with ZARN_WRITE_GOLDEN set and read what changed.
+inline void expectGolden(const char *name, const std::string &output)
+{
+    const QString path =
+        QStringLiteral(ZARN_SOURCE_DIR "/Tests/tool/golden/") + QLatin1String(name);
+    if (qEnvironmentVariableIsSet("ZARN_WRITE_GOLDEN"))
+        writeFile(path, output);
+    EXPECT_EQ(output, contentOf(path));
 }
 
 /// A folder that is gone after the test.

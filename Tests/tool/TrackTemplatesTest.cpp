@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ToolRun.h"
 
+#include "io/Scores.h"
+
 #include "common/Terminal.h"
 #include "show/SheetBuilder.h"
 #include "show/ShowCommand.h"
@@ -154,6 +156,21 @@ TEST(TrackTemplates, instrumentsAreSetUpAsTheirPlayersExpect)
         EXPECT_EQ(track->transpositionOffset(), expected.transposition);
         for (const auto &staff : track->staves())
             EXPECT_EQ(staff->tuning().stringCount(), expected.strings);
+    }
+}
+
+/// The importer knows the categories of the programs too.
+TEST(TrackTemplates, areOfTheCategoriesThatAnImporterGivesToTheirPrograms)
+{
+    const QString document = QStringLiteral(
+        "<score-partwise><part-list><score-part id='P'><part-name/>"
+        "<midi-instrument id='I'><midi-program>%1</midi-program></midi-instrument></score-part>"
+        "</part-list><part id='P'><measure number='1'><note><pitch><step>C</step><octave>4</octave>"
+        "</pitch><duration>1</duration></note></measure></part></score-partwise>");
+    for (const auto &[program, file] : melodicTemplates()) {
+        io::ImportReport report;
+        const auto model = scores::import(document.arg(program + 1).toUtf8(), report);
+        EXPECT_EQ(model->track(0)->type(), trackOf(file)->type()) << program;
     }
 }
 

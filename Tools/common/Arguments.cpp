@@ -34,9 +34,16 @@ Arguments::Arguments(const Subcommand &command, const QStringList &words)
     }
     if (!parser.parse(QStringList(QStringLiteral("zarn")) + words))
         throw UsageError{parser.errorText()};
-    for (const Option &option : options)
-        if (parser.isSet(option.name))
-            _values[option.name] = parser.value(option.name);
+    // The parser keeps the order of the names, and of the values of each option.
+    std::map<QString, int> taken;
+    for (const QString &name : parser.optionNames()) {
+        const auto option = std::find_if(options.begin(), options.end(), [&](const Option &known) {
+            return known.name == name || known.shortName == name;
+        });
+        const QString value = parser.values(option->name).value(taken[option->name]++);
+        _given.emplace_back(option->name, value);
+        _values[option->name] = value;
+    }
     _operands = parser.positionalArguments();
     if (asksForHelp())
         return;

@@ -6,6 +6,7 @@
 
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace zarn::tool {
@@ -53,8 +54,11 @@ public:
 
     bool has(const QString &option) const { return _values.count(option) != 0; }
 
-    /// Value of an option, empty when it was not given.
+    /// Value of an option, empty when it was not given; the last one of those that were.
     QString value(const QString &option) const;
+
+    /// Every option with its value, in the order in which they were given.
+    const std::vector<std::pair<QString, QString>> &given() const noexcept { return _given; }
 
     /// Value of an option as a whole number in a range. Raises `UsageError`.
     int number(const QString &option, int least, int most, int otherwise) const;
@@ -66,6 +70,7 @@ public:
 
 private:
     std::map<QString, QString> _values;
+    std::vector<std::pair<QString, QString>> _given;
     QStringList _operands;
 };
 

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "common/Program.h"
 
+#include "catalog/CatalogCommand.h"
 #include "common/Failure.h"
 #include "common/Terminal.h"
 #include "convert/ConvertCommand.h"
 #include "edit/EditCommand.h"
 #include "info/InfoCommand.h"
 #include "info/NotesCommand.h"
+#include "new/NewCommand.h"
 #include "show/ShowCommand.h"
 
 #include <ZarnCore/ZarnException.h>
@@ -98,8 +100,9 @@ bool flushOutput()
 
 const std::vector<Subcommand> &subcommands()
 {
-    static const std::vector<Subcommand> all = {infoCommand(), notesCommand(), showCommand(),
-                                                editCommand(), convertCommand()};
+    static const std::vector<Subcommand> all = {infoCommand(),   notesCommand(),   showCommand(),
+                                                editCommand(),   convertCommand(), newCommand(),
+                                                catalogCommand()};
     return all;
 }
 

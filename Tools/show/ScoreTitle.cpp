@@ -9,20 +9,6 @@ namespace zarn::tool {
 
 namespace {
 
-/// "sounds 2 semitones lower", "sounds an octave higher".
-QString transpositionText(int offset)
-{
-    if (offset == 0)
-        return QString();
-    const QString direction = offset < 0 ? QStringLiteral("lower") : QStringLiteral("higher");
-    const int size = offset < 0 ? -offset : offset;
-    if (size == 12)
-        return QStringLiteral("sounds an octave %1").arg(direction);
-    return QStringLiteral("sounds %1 semitone%2 %3")
-        .arg(size)
-        .arg(size == 1 ? QString() : QStringLiteral("s"), direction);
-}
-
 void addOnce(QStringList &details, const QString &detail)
 {
     if (!details.contains(detail))
@@ -38,6 +24,19 @@ QString firstSet(const ScoreModel &model, std::initializer_list<ScoreProperty> p
 }
 
 } // namespace
+
+QString transpositionText(int semitones)
+{
+    if (semitones == 0)
+        return QString();
+    const QString direction = semitones < 0 ? QStringLiteral("lower") : QStringLiteral("higher");
+    const int size = semitones < 0 ? -semitones : semitones;
+    if (size == 12)
+        return QStringLiteral("sounds an octave %1").arg(direction);
+    return QStringLiteral("sounds %1 semitone%2 %3")
+        .arg(size)
+        .arg(size == 1 ? QString() : QStringLiteral("s"), direction);
+}
 
 QString tuningText(const Track &track, unsigned staffIndex, Signs signs)
 {

@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+#include "new/NewCommand.h"
+
+#include "common/Documents.h"
+#include "common/Failure.h"
+#include "common/Terminal.h"
+#include "edit/MusicReader.h"
+#include "new/TrackWord.h"
+#include "new/TuningWord.h"
+#include "show/SheetBuilder.h"
+#include "show/ShowCommand.h"
+
+#include <ZarnCore/instruments/ZarnTempoAutomation.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/score/ZarnScore.h>
+
+#include <QFileInfo>
+
+#include <iostream>
+
+namespace zarn::tool {
+
+namespace {
+
+constexpr int UsualBars = 16;
+constexpr int MostBars = 100000;
+constexpr int LowestTempo = 1;
+constexpr int HighestTempo = 1000;
+
+/// The tracks in the order of the options; a tuning is for the track in front of it.
+std::vector<std::shared_ptr<Track>> makeTracks(const Arguments &arguments)
+{
+    std::vector<std::shared_ptr<Track>> tracks;
+    for (const auto &[option, value] : arguments.given()) {
+        if (option == QStringLiteral("track"))
+            tracks.push_back(makeTrack(value));
+        if (option != QStringLiteral("tuning"))
+            continue;
+        if (tracks.empty())
+            throw UsageError{QStringLiteral("--tuning belongs behind the --track that it tunes")};
+        tune(*tracks.back(), value);
+    }
+    if (tracks.empty())
+        throw UsageError{QStringLiteral(
+            "--track is missing; give one for each track, such as --track steelGuitar")};
+    return tracks;
+}
+
+template <class Parse>
+auto parsed(const Arguments &arguments, const char *option, Parse parse, const char *example)
+{
+    const QString text = arguments.value(QLatin1String(option));
+    const auto value = parse(text);
+    if (!value)
+        throw UsageError{QStringLiteral("--%1 takes %2, not \"%3\"")
+                             .arg(QLatin1String(option), QLatin1String(example), text)};
+    return *value;
+}
+
+void setUp(Score &score, const Arguments &arguments)
+{
+    const auto bars =
+        static_cast<unsigned>(arguments.number(QStringLiteral("bars"), 1, MostBars, UsualBars));
+    score.createBars(0, bars);
+    if (arguments.has(QStringLiteral("time")))
+        score.setMasterTimeSignature(0, bars - 1,
+                                     parsed(arguments, "time", parseTime, "a time such as 3/4"));
+    if (arguments.has(QStringLiteral("key")))
+        score.setMasterKeySignature(
+            0, bars - 1, parsed(arguments, "key", parseKey, "a key such as G, Bb or F#m"));
+    if (arguments.has(QStringLiteral("tempo"))) {
+        TempoAutomation tempo;
+        tempo.setValue(static_cast<float>(
+            arguments.number(QStringLiteral("tempo"), LowestTempo, HighestTempo, LowestTempo)));
+        score.modifyMasterTrackAutomations({}, {&tempo});
+    }
+    score.changeProperty(ScoreProperty::Title, arguments.value(QStringLiteral("title")));
+    score.changeProperty(ScoreProperty::Artist, arguments.value(QStringLiteral("artist")));
+}
+
+int runNew(const Arguments &arguments, const Terminal &terminal)
+{
+    const std::string path = arguments.operand(0);
+    requireWritableFormat(path);
+    if (QFileInfo::exists(arguments.operands().first()) && !arguments.has(QStringLiteral("force")))
+        throw Failure(path + ": is there already; --force replaces it");
+    const auto tracks = makeTracks(arguments);
+    Score score;
+    setUp(score, arguments);
+    for (const auto &track : tracks)
+        if (!score.insertTrack(score.trackCount(), track))
+            throw Failure(path + ": the track \"" + track->name() + "\" cannot be added");
+    const ScoreModel &model = *score.scoreModel();
+    saveDocument(model, path, terminal);
+    ShownPart part;
+    part.lastBar = model.masterTrack()->masterBarCount() - 1;
+    std::cout << pictureOf(model, part, terminal);
+    return Done;
+}
+
+} // namespace
+
+Subcommand newCommand()
+{
+    return {
+        QStringLiteral("new"),
+        QStringLiteral("OUT"),
+        1,
+        1,
+        QStringLiteral("Makes an empty score of ready-made tracks."),
+        QStringLiteral(
+            "Give --track once for each track: guitar, bass, piano or drums; a category of\n"
+            "\"zarn catalog instruments\"; or a name or number, counted from 1, of\n"
+            "\"zarn catalog gm\". --tuning tunes the track in front of it: a name of\n"
+            "\"zarn catalog tunings\", or the notes of the strings from the lowest on. Then the\n"
+            "new score is shown.\n\n"
+            "    zarn new -t steelGuitar --tuning \"Drop D\" -t bass -t drums --bars 12 song.zarn\n"
+            "    zarn new -t 41 -t 42 -t 43 --time 3/4 --key Eb --tempo 84 trio.zarn\n"
+            "    zarn new -t guitar --tuning \"C2 G2 D3 G3 B3 E4\" idea.zarn"),
+        {{QStringLiteral("track"), QStringLiteral("t"), QStringLiteral("T"),
+          QStringLiteral("Add a track for the instrument T.")},
+         {QStringLiteral("tuning"), QString(), QStringLiteral("U"),
+          QStringLiteral("Tune that track.")},
+         {QStringLiteral("bars"), QStringLiteral("b"), QStringLiteral("N"),
+          QStringLiteral("Make N bars instead of 16.")},
+         {QStringLiteral("time"), QString(), QStringLiteral("M/N"),
+          QStringLiteral("Set the time, instead of 4/4.")},
+         {QStringLiteral("key"), QString(), QStringLiteral("K"),
+          QStringLiteral("Set the key as it sounds, such as G, Bb or F#m.")},
+         {QStringLiteral("tempo"), QString(), QStringLiteral("N"),
+          QStringLiteral("Set the tempo to N quarters per minute.")},
+         {QStringLiteral("title"), QString(), QStringLiteral("TEXT"),
+          QStringLiteral("Give the score a title.")},
+         {QStringLiteral("artist"), QString(), QStringLiteral("TEXT"),
+          QStringLiteral("Say whose music it is.")},
+         {QStringLiteral("force"), QString(), QString(),
+          QStringLiteral("Replace a file that is there already.")}},
+        runNew,
+    };
+}
+
+} // namespace zarn::tool
