@@ -91,16 +91,17 @@ const TrackTemplate *lenderFor(const Track &plain)
 std::shared_ptr<Track> trackOfCategory(InstrumentSet::Type type)
 {
     auto track = ScoreModel::createTrack(type);
-    const TrackTemplate *lender = lenderFor(*track);
-    if (lender != nullptr) {
+    if (const TrackTemplate *const lender = lenderFor(*track)) {
         track->setShortName(lender->track->shortName());
         track->setColor(lender->track->color());
+        auto sound = std::make_shared<Sound>(*lender->track->sounds().front());
+        sound->setName(track->name());
+        track->addSound(sound);
     } else if (InstrumentSet::isUnpitched(type)) {
-        lender = templateOf(TrackTemplate::Kind::PercussionKey, DrumKitKey);
+        const auto *const kit = templateOf(TrackTemplate::Kind::PercussionKey, DrumKitKey);
+        track->addSound(std::make_shared<const Sound>(track->name(),
+                                                      kit->track->sounds().front()->midiSound()));
     }
-    if (lender != nullptr)
-        track->addSound(std::make_shared<const Sound>(
-            track->name(), lender->track->sounds().front()->midiSound()));
     return track;
 }
 
