@@ -14,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -54,6 +55,13 @@ protected:
             .replaceInStrings(QStringLiteral("userTuningLibrary."), QString())
             .join(QLatin1Char(' '))
             .toStdString();
+    }
+
+    /// Another one once the file was replaced.
+    static ino_t fileNumber()
+    {
+        struct stat status = {};
+        return stat(path().toUtf8().constData(), &status) == 0 ? status.st_ino : 0;
     }
 
     static QByteArray kept(const QString &counter = QString())
@@ -153,10 +161,12 @@ TEST_F(UserTunings, loadingBringsTheFileIntoItsUsualForm)
     library.loadUserTunings();
     EXPECT_EQ(library.getTunings(user).size(), 20u);
     const auto saved = read();
+    const auto number = fileNumber();
     library.saveUserTunings();
     EXPECT_EQ(read(), saved);
     library.loadUserTunings();
     EXPECT_EQ(read(), saved);
+    EXPECT_EQ(fileNumber(), number) << "what is there already is not written again";
     EXPECT_EQ(library.getTunings(user).size(), 20u) << "in place of those before";
     EXPECT_EQ(files(), "xml");
 }
