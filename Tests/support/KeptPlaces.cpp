@@ -140,5 +140,11 @@ std::string KeptPlaces::faultOf(const ScoreModelRange &range) const
         return "other beats are walked than selected";
     if (!agrees(RangeNoteIterator(range), plain.notes, [](const auto &it) { return it.note(); }))
         return "other notes are walked than selected";
+    if (range.beatCount() != plain.beats.size() || range.hasAnyBeat() == plain.beats.empty())
+        return "other beats are counted than selected";
+    for (const ScoreModelRange &wider : {range.extendedBarRange(), range.extendedTiedBarRange(1),
+                                         range.extendedSoundingSimileRange()})
+        if (PlainWalk::of(wider).bars.size() < plain.bars.size())
+            return "a range is narrower than what it was widened from";
     return {};
 }
