@@ -101,14 +101,13 @@ Subcommand catalogCommand()
             "WHAT is one of\n"
             "  tunings      of fretted and bowed instruments, your own ones too\n"
             "  instruments  the categories of tracks; with a category, such as drumKit, also\n"
-            "               its elements and articulations, each with the\n"
-            "               note head of a quarter\n"
-            "  gm           the General MIDI programs, counted from 1, and percussion keys, which\n"
-            "               \"zarn new\" makes tracks of\n"
+            "               its articulations, each with the note head of a quarter\n"
+            "  gm           the General MIDI programs, counted from 1, and percussion keys,\n"
+            "               which \"zarn new\" makes tracks of\n"
             "  patches      the sounds; with the id of one also the sound banks that it needs\n"
-            "WORDs and options leave what fits all of them, letters of either case. Strings are\n"
-            "listed from the lowest on, C4 is middle C, and staff lines count half spaces up from\n"
-            "the bottom line. With --json, prints an array of objects."),
+            "WORDs and options leave what fits all of them, letters of either case. Strings\n"
+            "are listed from the lowest on, C4 is middle C, and staff lines count half spaces\n"
+            "up from the bottom line. With --json, prints an array of objects."),
         {{QStringLiteral("instrument"), QStringLiteral("i"), QStringLiteral("I"),
           QStringLiteral("Tunings of an instrument; programs and patches of a category.")},
          {QStringLiteral("strings"), QStringLiteral("s"), QStringLiteral("N"),

@@ -36,9 +36,10 @@ void printLogged(QtMsgType type, const QMessageLogContext &, const QString &text
 
 QString generalHelp()
 {
-    QString help = QStringLiteral("Usage: zarn COMMAND [OPTION...] FILE...\n\n"
-                                  "Looks into scores, shows them, edits them and converts them.\n\n"
-                                  "Commands:\n");
+    QString help =
+        QStringLiteral("Usage: zarn COMMAND [OPTION...] FILE...\n\n"
+                       "Makes scores, looks into them, shows, edits and converts them.\n\n"
+                       "Commands:\n");
     for (const Subcommand &command : subcommands())
         help += QStringLiteral("  %1  %2\n").arg(command.name.leftJustified(8), command.summary);
     help += QStringLiteral(
