@@ -38,11 +38,17 @@ std::unique_ptr<ScoreCursor> ScoreCursor::cloneScoreCursor() const
     return std::make_unique<ScoreCursor>(*this);
 }
 
+// Most steps are undone where the cursor stood: that is all they ask.
 void ScoreCursor::moveToCursor(const ScoreCursor &other)
 {
+    ScoreModel *const model = _score != nullptr ? _score->scoreModel().get() : other._index.model();
+    if (_index.model() == model && _hasGround == other._hasGround
+        && isSamePlace(other._index, _index)) {
+        settle();
+        return;
+    }
     ScoreModelIndex place = other._index;
-    if (_score != nullptr)
-        place.setModel(_score->scoreModel().get());
+    place.setModel(model);
     moveTo(other._hasGround && !cursor::exists(place) ? cursor::nearest(place) : place);
 }
 
