@@ -114,6 +114,12 @@ TEST(BarColumns, tiesThatAChangeTearsApartAreUndone)
     model->restoreSurroundings(surroundings);
     EXPECT_TRUE(ends(0) && begins(1));
 
+    // At the end nothing is parted.
+    model->track(0)->bar(3)->voice(0)->beats().front()->notes().front()->setTieOrigin(true);
+    model->track(0)->bar(3)->voice(0)->takeBeats(1, 9);
+    model->insertEmptyBarColumns(4, 1);
+    EXPECT_TRUE(ends(3));
+
     // A tie out of what was removed in front.
     columns = model->takeBarColumns(0, 1);
     EXPECT_FALSE(begins(0));

@@ -58,7 +58,7 @@ void Staff::insertBar(unsigned index, const std::shared_ptr<Bar> &bar, LinkMode 
     bar->setOttavia(start.ottavia);
     _bars.insert(index, bar, weak_from_this());
     if (mode == LinkMode::Mend)
-        mendSimilesAround(bar->index());
+        mendAround(bar->index(), 1);
 }
 
 void Staff::addEmptyBars(unsigned count, LinkMode mode)
@@ -79,9 +79,15 @@ void Staff::insertEmptyBars(unsigned index, unsigned count, LinkMode mode)
         bar->setOttavia(start.ottavia);
     }
     insertBars(index, std::move(bars));
-    if (mode == LinkMode::Mend) {
-        index = std::min(index, barCount() - count);
-        mendSimilesAround(index);
+    if (mode == LinkMode::Mend)
+        mendAround(std::min(index, barCount() - count), count);
+}
+
+void Staff::mendAround(unsigned index, unsigned count)
+{
+    mendSimilesAround(index);
+    // At the ends of the staff nothing was parted: a tie out of the last bar waits for its end.
+    if (index > 0 && index + count < barCount()) {
         mendTiesOverBarLine(*this, index);
         mendTiesOverBarLine(*this, index + count);
     }

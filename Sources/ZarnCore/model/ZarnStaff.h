@@ -139,6 +139,9 @@ private:
     }
     void mendSimilesAround(unsigned index);
 
+    /// What new bars parted: similes and ties.
+    void mendAround(unsigned index, unsigned count);
+
     ChildList<Staff, Bar> _bars;
     GuitarTuning _tuning;
     std::uint8_t _capoFret = 0;
