@@ -6,12 +6,25 @@
 #include <ZarnCore/io/ZarnScoreText.h>
 #include <ZarnCore/model/ZarnBar.h>
 #include <ZarnCore/model/ZarnMasterBar.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/score/ZarnScore.h>
 
 #include <algorithm>
 #include <cmath>
 
 namespace zarn {
+
+namespace {
+
+/// The answer of the track's score; false when there is none.
+bool askScore(const Track *track, bool (Score::*question)(unsigned) const)
+{
+    const auto model = track != nullptr ? track->parentScoreModel() : nullptr;
+    const Score *const score = model != nullptr ? model->parentScore() : nullptr;
+    return score != nullptr && (score->*question)(track->index());
+}
+
+} // namespace
 
 void ZarnCoreUtils::set_clef(BarIterator first, BarIterator last, ClefType clef)
 {
@@ -46,6 +59,21 @@ ZarnCoreUtils::convertHVVolumePanToZarnVolumePan(const Halvec::audio::HVVolumePa
         std::isnan(volumePan.decibels) ? 0 : std::pow(10.0, std::min(volumePan.decibels, 0.0) / 20);
     const double pan = std::isnan(volumePan.pan) ? 0 : std::clamp(volumePan.pan, -1.0, 1.0);
     return {static_cast<float>(gain), static_cast<float>(pan)};
+}
+
+bool ZarnCoreUtils::trackHasSlash(const Track *track)
+{
+    return askScore(track, &Score::hasSlash);
+}
+
+bool ZarnCoreUtils::trackHasStdNotation(const Track *track)
+{
+    return askScore(track, &Score::hasStdNotation);
+}
+
+bool ZarnCoreUtils::trackHasTablature(const Track *track)
+{
+    return askScore(track, &Score::hasTablature);
 }
 
 std::unique_ptr<Score> ZarnCoreUtils::make_from_string(const std::string &text)

@@ -25,6 +25,7 @@ class MasterBar;
 class Note;
 class Score;
 class TimeSignature;
+class Track;
 class ZarnVolumePan;
 
 /// How far a search goes along the voices of one number in a staff.
@@ -69,6 +70,13 @@ public:
     convertZarnVolumePanToHVVolumePan(const ZarnVolumePan &volumePan) noexcept;
     static ZarnVolumePan
     convertHVVolumePanToZarnVolumePan(const Halvec::audio::HVVolumePan &volumePan);
+
+    // Which notations a track is shown in, asked of its score; false for null and for a track
+    // without one.
+
+    static bool trackHasSlash(const Track *track);
+    static bool trackHasStdNotation(const Track *track);
+    static bool trackHasTablature(const Track *track);
 
     using BeatPredicate = std::function<bool(const std::shared_ptr<const Beat> &)>;
     using NotePredicate = std::function<bool(const std::shared_ptr<const Note> &)>;

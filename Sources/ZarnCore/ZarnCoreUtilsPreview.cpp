@@ -15,41 +15,6 @@ namespace zarn {
 
 namespace {
 
-/// A staff as the other is set up, without bars.
-std::shared_ptr<Staff> copyWithoutBars(const Staff &staff)
-{
-    auto copy = std::make_shared<Staff>();
-    copy->setTuning(staff.tuning());
-    copy->setCapoFret(static_cast<std::uint8_t>(staff.capoFret()));
-    copy->setPartialCapoFret(static_cast<std::uint8_t>(staff.partialCapoFret()));
-    copy->setPartialCapoStringFlags(staff.partialCapoStringFlags());
-    copy->setFretCount(staff.fretCount());
-    copy->setChordCollection(staff.chordCollection());
-    copy->setChordWorkingSet(staff.chordWorkingSet());
-    copy->setDiagramCollection(staff.diagramCollection());
-    copy->setDiagramWorkingSet(staff.diagramWorkingSet());
-    return copy;
-}
-
-/// A track as the other is set up, without bars and what stands at them, the automations.
-std::shared_ptr<Track> copyWithoutBars(const Track &track)
-{
-    auto copy = std::make_shared<Track>(track.type());
-    copy->setName(track.name());
-    copy->setShortName(track.shortName());
-    copy->setIconID(track.iconID());
-    copy->setColor(track.color());
-    copy->setTranspositionOffset(track.transpositionOffset());
-    for (const auto &sound : track.sounds())
-        copy->addSound(sound);
-    Track::Staves staves;
-    for (const auto &staff : track.staves())
-        staves.push_back(copyWithoutBars(*staff));
-    copy->takeStavesFrom(0);
-    copy->addStaves(std::move(staves));
-    return copy;
-}
-
 /// Copies tracks and bars of a model into a model without any.
 class PartCopy {
 public:
@@ -163,7 +128,7 @@ void PartCopy::copyAutomations(Automation::Type type, const AutomationContainer 
 void PartCopy::copyTrack(unsigned track, const std::set<unsigned> &bars) const
 {
     const Track &from = *_from.tracks()[track];
-    const auto to = copyWithoutBars(from);
+    const auto to = from.cloneWithoutBars();
     copyAutomations(from.automations(), to->mutableAutomations());
     for (unsigned s = 0; s < from.staffCount(); ++s) {
         Staff::Bars copies;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/ZarnCoreUtils.h>
+#include <ZarnCore/ZarnException.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/score/ZarnScore.h>
 
@@ -140,6 +141,29 @@ TEST_F(CoreUtilsSearch, whatStandsAloneHasNoNeighbours)
     EXPECT_EQ(Utils::findNextBeat(loose, isAny, nullptr, SearchDeep::Staff), voice->beat(1))
         << "a voice without a bar is a line too";
     EXPECT_EQ(Utils::findNextBeat(voice->beat(1), isAny, nullptr, SearchDeep::Staff), nullptr);
+}
+
+TEST(CoreUtilsNotations, aTrackShowsWhatItsInstrumentIsReadFromOrWhatWasChosen)
+{
+    const auto score = Utils::make_from_string("guitar: r; piano: r + r; drums: r");
+    const auto track = [&](unsigned index) { return score->track(index).get(); };
+    EXPECT_TRUE(Utils::trackHasTablature(track(0)) && Utils::trackHasStdNotation(track(0)));
+    EXPECT_FALSE(Utils::trackHasSlash(track(0)));
+    for (const unsigned index : {1u, 2u}) {
+        EXPECT_TRUE(Utils::trackHasStdNotation(track(index)));
+        EXPECT_FALSE(Utils::trackHasTablature(track(index)));
+    }
+    track(0)->setChosenNotations(TrackNotations{false, false, true});
+    EXPECT_TRUE(Utils::trackHasSlash(track(0)));
+    EXPECT_FALSE(Utils::trackHasStdNotation(track(0)) || score->hasTablature(0));
+    EXPECT_THROW(track(0)->setChosenNotations(TrackNotations{false, false, false}), CoreException);
+    track(0)->setChosenNotations({});
+    EXPECT_TRUE(score->hasTablature(0));
+
+    EXPECT_FALSE(score->hasStdNotation(3));
+    EXPECT_FALSE(Utils::trackHasStdNotation(nullptr));
+    const auto loose = score->track(0)->clone();
+    EXPECT_FALSE(Utils::trackHasStdNotation(loose.get()));
 }
 
 } // namespace

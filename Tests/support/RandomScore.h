@@ -304,6 +304,8 @@ private:
         track->setIconID(static_cast<zarn::ZarnIconID>(1 + below(26)));
         track->setColor(static_cast<std::uint32_t>(_engine() & 0xFFFFFF));
         track->setTranspositionOffset(static_cast<int>(below(49)) - 24);
+        if (zarn::TrackNotations notations{maybe(), maybe(), maybe()}; notations.any())
+            track->setChosenNotations(notations);
         for (unsigned i = below(3); i > 0; --i)
             track->addSound(std::make_shared<const zarn::Sound>(sound()));
         fillAutomations(track->mutableAutomations());

@@ -14,6 +14,13 @@ Staff &Staff::operator=(const Staff &other)
     if (this == &other)
         return *this;
     _bars = other._bars;
+    copySettings(other);
+    linkChildren();
+    return *this;
+}
+
+void Staff::copySettings(const Staff &other)
+{
     _tuning = other._tuning;
     _capoFret = other._capoFret;
     _partialCapoFret = other._partialCapoFret;
@@ -23,13 +30,18 @@ Staff &Staff::operator=(const Staff &other)
     _chordWorkingSet = other._chordWorkingSet;
     _diagramCollection = other._diagramCollection;
     _diagramWorkingSet = other._diagramWorkingSet;
-    linkChildren();
-    return *this;
 }
 
 std::shared_ptr<Staff> Staff::clone() const
 {
     return ChildLinkAccess::clone(*this);
+}
+
+std::shared_ptr<Staff> Staff::cloneWithoutBars() const
+{
+    auto copy = std::make_shared<Staff>();
+    copy->copySettings(*this);
+    return copy;
 }
 
 void Staff::setParentTrack(const std::shared_ptr<Track> &track)

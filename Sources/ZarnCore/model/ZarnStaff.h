@@ -38,6 +38,7 @@ public:
 
     /// A copy whose bars know it as their parent.
     std::shared_ptr<Staff> clone() const;
+    std::shared_ptr<Staff> cloneWithoutBars() const;
 
     /// Empty while the staff is detached.
     std::shared_ptr<Track> track() const noexcept { return lockParent(); }
@@ -137,6 +138,7 @@ private:
         if (!_bars.isLinked())
             _bars.link(weak_from_this());
     }
+    void copySettings(const Staff &other);
     void mendSimilesAround(unsigned index);
 
     /// What new bars parted: similes and ties.

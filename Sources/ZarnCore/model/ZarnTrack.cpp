@@ -26,22 +26,40 @@ Track &Track::operator=(const Track &other)
 {
     if (this == &other)
         return *this;
-    _type = other._type;
+    copySettings(other);
     _staves = other._staves;
-    _sounds = other._sounds;
     _automations = other._automations;
+    linkChildren();
+    return *this;
+}
+
+void Track::copySettings(const Track &other)
+{
+    _type = other._type;
+    _sounds = other._sounds;
     _name = other._name;
     _shortName = other._shortName;
     _icon = other._icon;
     _color = other._color;
     _transpositionOffset = other._transpositionOffset;
-    linkChildren();
-    return *this;
+    _notations = other._notations;
 }
 
 std::shared_ptr<Track> Track::clone() const
 {
     return ChildLinkAccess::clone(*this);
+}
+
+std::shared_ptr<Track> Track::cloneWithoutBars() const
+{
+    auto copy = std::make_shared<Track>();
+    copy->takeStavesFrom(0);
+    copy->copySettings(*this);
+    Staves copies;
+    for (const auto &staff : staves())
+        copies.push_back(staff->cloneWithoutBars());
+    copy->addStaves(std::move(copies));
+    return copy;
 }
 
 void Track::setParentScoreModel(const std::shared_ptr<ScoreModel> &model)
@@ -207,11 +225,29 @@ std::shared_ptr<const InstrumentSet> Track::instrumentSet() const noexcept
     return library == nullptr ? nullptr : library->findInstrumentSetWithType(_type);
 }
 
+TrackNotations Track::notations() const
+{
+    if (_notations)
+        return *_notations;
+    TrackNotations notations;
+    notations.tablature = InstrumentSet::isStringed(_type)
+        && std::any_of(staves().begin(), staves().end(),
+                       [](const auto &staff) { return staff->isFretted(); });
+    return notations;
+}
+
+void Track::setChosenNotations(const std::optional<TrackNotations> &notations)
+{
+    ZARN_ASSERT_IN("zarn::Track::setChosenNotations", !notations || notations->any());
+    _notations = notations;
+}
+
 bool operator==(const Track &left, const Track &right)
 {
     return left._type == right._type && left._name == right._name
         && left._shortName == right._shortName && left._icon == right._icon
         && left._color == right._color && left._transpositionOffset == right._transpositionOffset
+        && left._notations == right._notations
         && std::equal(left._sounds.begin(), left._sounds.end(), right._sounds.begin(),
                       right._sounds.end(), [](const auto &a, const auto &b) { return *a == *b; })
         && left._automations == right._automations && left._staves == right._staves;

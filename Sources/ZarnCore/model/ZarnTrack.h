@@ -9,9 +9,11 @@
 #include <ZarnCore/model/ZarnChildList.h>
 #include <ZarnCore/model/ZarnLinkMode.h>
 #include <ZarnCore/model/ZarnStaff.h>
+#include <ZarnCore/model/ZarnTrackNotations.h>
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -43,6 +45,9 @@ public:
 
     /// A copy whose staves know it as their parent.
     std::shared_ptr<Track> clone() const;
+
+    /// A copy with its staves but without their bars and what stands at bars, the automations.
+    std::shared_ptr<Track> cloneWithoutBars() const;
 
     /// Empty while the track is detached.
     std::shared_ptr<ScoreModel> parentScoreModel() const noexcept { return lockParent(); }
@@ -140,6 +145,14 @@ public:
     int transpositionOffset() const noexcept { return _transpositionOffset; }
     void setTranspositionOffset(int semitones) noexcept { _transpositionOffset = semitones; }
 
+    /// The notations that the track is shown in: those that were chosen, else what its instrument
+    /// is read from, tablature under notes for fretted strings, notes for all others.
+    TrackNotations notations() const;
+
+    /// Chooses notations, or with nothing leaves them to the instrument. Raises for none at all.
+    void setChosenNotations(const std::optional<TrackNotations> &notations);
+    const std::optional<TrackNotations> &chosenNotations() const noexcept { return _notations; }
+
     /// Compares the staves and what is written, not where.
     friend ZARNCORE_EXPORT bool operator==(const Track &left, const Track &right);
     friend bool operator!=(const Track &left, const Track &right) { return !(left == right); }
@@ -152,6 +165,7 @@ private:
         if (!_staves.isLinked())
             _staves.link(weak_from_this());
     }
+    void copySettings(const Track &other);
     std::shared_ptr<Staff> makeStaff(unsigned barCount) const;
 
     InstrumentSet::Type _type = InstrumentSet::unknown;
@@ -163,6 +177,7 @@ private:
     ZarnIconID _icon;
     std::uint32_t _color = 0xDB5E55;
     int _transpositionOffset = 0;
+    std::optional<TrackNotations> _notations;
 };
 
 } // namespace zarn

@@ -87,6 +87,21 @@ unsigned Score::trackCount() const
     return _model->trackCount();
 }
 
+bool Score::hasSlash(unsigned track) const
+{
+    return _model->hasTrackIndex(track) && _model->tracks()[track]->notations().slash;
+}
+
+bool Score::hasStdNotation(unsigned track) const
+{
+    return _model->hasTrackIndex(track) && _model->tracks()[track]->notations().standard;
+}
+
+bool Score::hasTablature(unsigned track) const
+{
+    return _model->hasTrackIndex(track) && _model->tracks()[track]->notations().tablature;
+}
+
 QStringList Score::tracksName() const
 {
     QStringList names;

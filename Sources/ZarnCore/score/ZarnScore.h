@@ -90,6 +90,11 @@ public:
     unsigned trackCount() const;
     QStringList tracksName() const;
 
+    /// Whether a track is shown in a notation, see `Track::notations`; false past the end.
+    bool hasSlash(unsigned track) const;
+    bool hasStdNotation(unsigned track) const;
+    bool hasTablature(unsigned track) const;
+
     /// Calls `callable(event)`, or a member function of `object`, for each event of the type `E`,
     /// in ascending priority; see `utils::Signal`.
     template <class E, class Object, class Callable>

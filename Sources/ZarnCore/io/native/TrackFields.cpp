@@ -36,6 +36,38 @@ struct InstrumentTypes {
     }
 };
 
+/// The chosen notations by their names, at least one.
+struct Notations {
+    static constexpr std::array<std::pair<const char *, bool TrackNotations::*>, 3> names{{
+        {"standard", &TrackNotations::standard},
+        {"tablature", &TrackNotations::tablature},
+        {"slash", &TrackNotations::slash},
+    }};
+
+    static void write(DocumentWriter &writer, const std::optional<TrackNotations> &notations)
+    {
+        writer.StartArray();
+        for (const auto &[name, isShown] : names)
+            if ((*notations).*isShown)
+                writer.text(name);
+        writer.EndArray();
+    }
+
+    static std::optional<TrackNotations> read(DocumentReader &reader, const Json &json)
+    {
+        TrackNotations notations{false, false, false};
+        for (const auto &text : Codec<std::vector<std::string>>::read(reader, json)) {
+            const auto found = std::find_if(names.begin(), names.end(),
+                                            [&](const auto &row) { return row.first == text; });
+            if (found == names.end())
+                reader.refuse("\"" + text
+                              + "\" is no notation; there are standard, tablature, slash");
+            notations.*(found->second) = true;
+        }
+        return notations;
+    }
+};
+
 using Icons = EnumCodec<iconIDToString, iconIDFromString, 26>;
 using TuningInstruments =
     EnumCodec<&GuitarTuning::instrumentToString, &GuitarTuning::instrumentFromString, 10>;
@@ -166,6 +198,7 @@ constexpr std::array trackFields = {
     field<Track, &Track::iconID, &Track::setIconID, Icons>("icon"),
     field<Track, &Track::color, &Track::setColor>("color"),
     field<Track, &Track::transpositionOffset, &Track::setTranspositionOffset>("transposition"),
+    field<Track, &Track::chosenNotations, &Track::setChosenNotations, Notations>("notations"),
     Field<Track>{"sounds", writeSounds, readSounds},
     Field<Track>{"automations", writeTrackAutomations, readTrackAutomations},
     Field<Track>{"bypassed", writeTrackBypassed, readTrackBypassed},
