@@ -20,7 +20,7 @@ using namespace zarn;
 /// Bar and beat, counted from 1.
 std::string placeOf(const ScoreModelIndex &index)
 {
-    return std::to_string(index.barIndex() + 1) + ":" + std::to_string(index.beatIndex() + 1);
+    return std::to_string(index.barIndex() + 1LL) + ":" + std::to_string(index.beatIndex() + 1LL);
 }
 
 struct CursorTest : testing::Test {
