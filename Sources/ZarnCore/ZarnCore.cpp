@@ -10,6 +10,11 @@
 
 namespace zarn {
 
+struct Core::BackgroundAtExit {
+    ~BackgroundAtExit() { impl.waitForBackground(); }
+    Impl &impl;
+};
+
 Core::Core() : _impl(std::make_unique<Impl>()) { }
 
 Core::~Core() = default;
@@ -26,6 +31,9 @@ void Core::initialize(filesystem::FileSystem *fileSystem)
     std::call_once(once, [] { addBuiltInFormats(instance()._impl->formats); });
     instance().setFileSystem(fileSystem);
     instance()._impl->start();
+    // At exit what was made last goes first. This is made behind all that Qt made for the start,
+    // such as its default locale, so the background is waited for while it still has them.
+    static const BackgroundAtExit waiting{*instance()._impl};
 }
 
 void Core::initialize(filesystem::FileSystem *fileSystem, const QString &soundBankPath)

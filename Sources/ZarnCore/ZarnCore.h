@@ -205,6 +205,7 @@ private:
     ~Core();
 
     class Impl;
+    struct BackgroundAtExit;
     std::unique_ptr<Impl> _impl;
 };
 

@@ -30,6 +30,11 @@ void Core::Impl::start()
         startBackground();
 }
 
+void Core::Impl::waitForBackground()
+{
+    _tasks.waitForDone();
+}
+
 void Core::Impl::loadConfiguration()
 {
     if (!_hasTunings) {

@@ -26,6 +26,7 @@ public:
 
     /// Loads what is not loaded yet, each part once.
     void start();
+    void waitForBackground();
 
     FormatRegistry formats;
     std::atomic<filesystem::FileSystem *> fileSystem = nullptr;

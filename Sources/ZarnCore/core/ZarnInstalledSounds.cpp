@@ -13,20 +13,18 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QRegularExpression>
 
 namespace zarn {
 
 namespace {
 
-/// The files of a folder, by name, whose whole names match.
-QStringList filesOf(const QString &folder, const QString &pattern)
+/// The files of a folder, by name, whose names have an ending.
+QStringList filesOf(const QString &folder, const QString &ending)
 {
-    const QRegularExpression expression(QRegularExpression::anchoredPattern(pattern));
     const auto files = QDir(folder).entryInfoList(QDir::Files | QDir::Hidden, QDir::Name);
     QStringList paths;
     for (const QFileInfo &file : files) {
-        if (expression.match(file.fileName()).hasMatch())
+        if (file.fileName().endsWith(ending))
             paths << file.filePath();
     }
     return paths;
@@ -95,7 +93,7 @@ void InstalledSounds::loadPatchFolder(const QString &folder)
 
 void InstalledSounds::addBanks(const QString &folder)
 {
-    for (const QString &path : filesOf(folder, QStringLiteral(".*\\.zarn7bank")))
+    for (const QString &path : filesOf(folder, QStringLiteral(".zarn7bank")))
         addBank(path);
 }
 
@@ -116,7 +114,7 @@ void InstalledSounds::addBank(const QString &path)
 
 void InstalledSounds::addPatches(const QString &folder)
 {
-    for (const QString &path : filesOf(folder, QStringLiteral(".*\\.json")))
+    for (const QString &path : filesOf(folder, QStringLiteral(".json")))
         addPatch(path);
 }
 
@@ -144,7 +142,7 @@ void InstalledSounds::addPatch(const QString &path)
 void InstalledSounds::loadNotationPatches(const QString &folder)
 {
     const auto lock = lockWhenLoaded();
-    for (const QString &path : filesOf(folder, QStringLiteral(".*"))) {
+    for (const QString &path : filesOf(folder, QString())) {
         const QByteArray bytes =
             readBuiltInFile(path, "zarn::Core::Impl::loadNotationPatches", 129);
         parseJson(bytes, path, [this](const rapidjson::Value &value) {
