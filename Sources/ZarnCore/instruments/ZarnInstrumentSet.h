@@ -10,10 +10,11 @@
 #include <rapidjson/fwd.h>
 
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace zarn {
@@ -70,6 +71,11 @@ public:
 
     InstrumentSet() = default;
     explicit InstrumentSet(Type type) : _type(type) { }
+    InstrumentSet(const InstrumentSet &other);
+    InstrumentSet(InstrumentSet &&other) noexcept = default;
+    InstrumentSet &operator=(const InstrumentSet &other);
+    InstrumentSet &operator=(InstrumentSet &&other) noexcept = default;
+    ~InstrumentSet() = default;
 
     /// For people, UTF-8.
     const std::string &name() const noexcept { return _name; }
@@ -261,6 +267,14 @@ public:
     }
 
 private:
+    /// The number of an articulation under a key that it is looked up by.
+    template <typename Key>
+    struct Entry {
+        Key key;
+        int index;
+    };
+    using LineAndKey = std::pair<std::int32_t, std::int32_t>;
+
     void indexArticulations();
     int stepInElement(int index, int step) const noexcept;
 
@@ -270,11 +284,12 @@ private:
     std::vector<InstrumentSetElement> _elements;
     std::vector<InstrumentArticulation> _articulations;
 
-    // The first articulation of each, by number.
-    std::unordered_map<std::string, int> _articulationOfName;
-    std::unordered_map<std::int32_t, int> _articulationOfMidi;
-    std::unordered_map<std::uint64_t, int> _articulationOfLineAndKey;
-    std::map<std::int32_t, int> _articulationOfLine;
+    // The first articulation of each name, input, place with key, and place. The names are those
+    // of the articulations; the lists are sorted.
+    std::unordered_map<std::string_view, int> _ofName;
+    std::unordered_map<std::int32_t, int> _ofMidi;
+    std::vector<Entry<LineAndKey>> _ofLineAndKey;
+    std::vector<Entry<std::int32_t>> _ofLine;
 };
 
 } // namespace zarn

@@ -8,11 +8,38 @@
 namespace zarn {
 namespace {
 
+/// Sorts entries and keeps the first that was added under each key.
+template <typename Entries>
+void sortEntries(Entries &entries)
+{
+    std::stable_sort(entries.begin(), entries.end(),
+                     [](const auto &a, const auto &b) { return a.key < b.key; });
+    const auto end = std::unique(entries.begin(), entries.end(),
+                                 [](const auto &a, const auto &b) { return a.key == b.key; });
+    entries.erase(end, entries.end());
+}
+
+template <typename Entries, typename Key>
+auto firstNotBelow(const Entries &entries, const Key &key)
+{
+    return std::lower_bound(
+        entries.begin(), entries.end(), key,
+        [](const auto &entry, const Key &wanted) { return entry.key < wanted; });
+}
+
+/// The number under a key; -1 when there is none.
+template <typename Entries, typename Key>
+int numberAt(const Entries &entries, const Key &key)
+{
+    const auto found = firstNotBelow(entries, key);
+    return found != entries.end() && found->key == key ? found->index : -1;
+}
+
 template <typename Key>
-int numberAt(const std::unordered_map<Key, int> &numbers, const Key &key)
+int numberOf(const std::unordered_map<Key, int> &numbers, const Key &key)
 {
     const auto found = numbers.find(key);
-    return found == numbers.end() ? -1 : found->second;
+    return found != numbers.end() ? found->second : -1;
 }
 
 /// Number of the first from `first` on that fits; -1 when none does, or when `first` is -1.
@@ -25,12 +52,19 @@ int indexOfFirst(const std::vector<InstrumentArticulation> &articulations, int f
     return found == articulations.end() ? -1 : static_cast<int>(found - articulations.begin());
 }
 
-constexpr std::uint64_t lineAndKey(std::int32_t line, std::int32_t key) noexcept
+} // namespace
+
+InstrumentSet::InstrumentSet(const InstrumentSet &other)
+    : _name(other._name), _type(other._type), _lineCount(other._lineCount),
+      _elements(other._elements), _articulations(other._articulations)
 {
-    return std::uint64_t{static_cast<std::uint32_t>(line)} << 32 | static_cast<std::uint32_t>(key);
+    indexArticulations();
 }
 
-} // namespace
+InstrumentSet &InstrumentSet::operator=(const InstrumentSet &other)
+{
+    return *this = InstrumentSet(other);
+}
 
 void InstrumentSet::setElements(std::vector<InstrumentSetElement> elements)
 {
@@ -45,30 +79,33 @@ void InstrumentSet::setArticulations(std::vector<InstrumentArticulation> articul
 
 void InstrumentSet::indexArticulations()
 {
-    _articulationOfName.clear();
-    _articulationOfMidi.clear();
-    _articulationOfLineAndKey.clear();
-    _articulationOfLine.clear();
-    _articulationOfName.reserve(_articulations.size());
-    _articulationOfMidi.reserve(_articulations.size());
-    _articulationOfLineAndKey.reserve(_articulations.size());
+    _ofName.clear();
+    _ofMidi.clear();
+    _ofLineAndKey.clear();
+    _ofLine.clear();
+    _ofName.reserve(_articulations.size());
+    _ofMidi.reserve(_articulations.size());
+    _ofLineAndKey.reserve(2 * _articulations.size());
+    _ofLine.reserve(_articulations.size());
     int index = 0;
     for (const InstrumentArticulation &articulation : _articulations) {
         const auto line = articulation.staffLine();
-        _articulationOfName.emplace(articulation.name(), index);
-        _articulationOfLine.emplace(line, index);
-        _articulationOfLineAndKey.emplace(lineAndKey(line, articulation.outputMidiNumber()), index);
+        _ofName.emplace(articulation.name(), index);
+        _ofLine.push_back({line, index});
+        _ofLineAndKey.push_back({{line, articulation.outputMidiNumber()}, index});
         for (const std::int32_t midi : articulation.inputMidiNumbers())
-            _articulationOfMidi.emplace(midi, index);
+            _ofMidi.emplace(midi, index);
         ++index;
     }
     // Keys that enter an articulation count behind those that play one.
     index = 0;
     for (const InstrumentArticulation &articulation : _articulations) {
         for (const std::int32_t midi : articulation.inputMidiNumbers())
-            _articulationOfLineAndKey.emplace(lineAndKey(articulation.staffLine(), midi), index);
+            _ofLineAndKey.push_back({{articulation.staffLine(), midi}, index});
         ++index;
     }
+    sortEntries(_ofLineAndKey);
+    sortEntries(_ofLine);
 }
 
 int InstrumentSet::indexOfArticulation(const InstrumentArticulation &articulation) const
@@ -79,12 +116,12 @@ int InstrumentSet::indexOfArticulation(const InstrumentArticulation &articulatio
 
 int InstrumentSet::indexOfArticulationWithMidi(std::int32_t midi) const noexcept
 {
-    return numberAt(_articulationOfMidi, midi);
+    return numberOf(_ofMidi, midi);
 }
 
 int InstrumentSet::indexOfArticulationWithName(const std::string &name) const
 {
-    return numberAt(_articulationOfName, name);
+    return numberOf(_ofName, std::string_view(name));
 }
 
 int InstrumentSet::indexOfArticulationWithNameAndStaffLine(const std::string &name,
@@ -98,13 +135,12 @@ int InstrumentSet::indexOfArticulationWithNameAndStaffLine(const std::string &na
 int InstrumentSet::indexOfArticulationWithStaffLineAndKey(std::int32_t staffLine,
                                                           std::int32_t key) const noexcept
 {
-    return numberAt(_articulationOfLineAndKey, lineAndKey(staffLine, key));
+    return numberAt(_ofLineAndKey, LineAndKey(staffLine, key));
 }
 
 int InstrumentSet::indexOfFirstArticulationWithStaffLine(std::int32_t staffLine) const noexcept
 {
-    const auto found = _articulationOfLine.find(staffLine);
-    return found == _articulationOfLine.end() ? -1 : found->second;
+    return numberAt(_ofLine, staffLine);
 }
 
 int InstrumentSet::nextIndexOfArticulationWithSharedElement(int index) const noexcept
@@ -142,21 +178,23 @@ InstrumentSet::articulationsWithElement(const InstrumentSetElement &element) con
 std::vector<std::int32_t> InstrumentSet::staffLines() const
 {
     std::vector<std::int32_t> lines;
-    for (const auto &[line, index] : _articulationOfLine)
-        lines.push_back(line);
+    for (const auto &entry : _ofLine)
+        lines.push_back(entry.key);
     return lines;
 }
 
 std::int32_t InstrumentSet::nextLine(std::int32_t staffLine) const noexcept
 {
-    const auto above = _articulationOfLine.upper_bound(staffLine);
-    return above == _articulationOfLine.end() ? staffLine : above->first;
+    auto above = firstNotBelow(_ofLine, staffLine);
+    if (above != _ofLine.end() && above->key == staffLine)
+        ++above;
+    return above == _ofLine.end() ? staffLine : above->key;
 }
 
 std::int32_t InstrumentSet::previousLine(std::int32_t staffLine) const noexcept
 {
-    const auto from = _articulationOfLine.lower_bound(staffLine);
-    return from == _articulationOfLine.begin() ? staffLine : std::prev(from)->first;
+    const auto from = firstNotBelow(_ofLine, staffLine);
+    return from == _ofLine.begin() ? staffLine : std::prev(from)->key;
 }
 
 unsigned InstrumentSet::mergeInstrumentElement(const InstrumentSetElement &element)
