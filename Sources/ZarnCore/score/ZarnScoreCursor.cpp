@@ -90,7 +90,7 @@ bool ScoreCursor::to(CursorStep step, int number)
     return go(cursor::numbered(start(), step, number));
 }
 
-void ScoreCursor::settle()
+void ScoreCursor::settleOnGround()
 {
     if (cursor::exists(_index))
         _hasGround = true;

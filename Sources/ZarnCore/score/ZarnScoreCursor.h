@@ -108,9 +108,14 @@ public:
     /// events may find the cursor on a place that has just gone. A step that raised has taken its
     /// changes back and the cursor stands where it was. After changing a model without commands,
     /// call this yourself. Constant time.
-    void settle();
+    void settle()
+    {
+        if (_hasGround || _index.trackIndex() >= 0)
+            settleOnGround();
+    }
 
 private:
+    void settleOnGround();
     bool go(const std::optional<ScoreModelIndex> &target);
     ScoreModelIndex start() const;
     void moveTo(const ScoreModelIndex &place);
