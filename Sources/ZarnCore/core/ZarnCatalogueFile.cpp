@@ -33,8 +33,10 @@ void parseJson(const QByteArray &bytes, const QString &path,
                const std::function<void(const rapidjson::Value &)> &read)
 {
     const std::string name = path.toStdString();
-    const auto document =
-        utils::jsonDocument({bytes.constData(), static_cast<std::size_t>(bytes.size())}, name);
+    const auto source = path.startsWith(QLatin1String(":/")) ? utils::JsonSource::Build
+                                                             : utils::JsonSource::Outside;
+    const auto document = utils::jsonDocument(
+        {bytes.constData(), static_cast<std::size_t>(bytes.size())}, name, source);
     try {
         read(document);
     } catch (const CoreException &error) {

@@ -9,7 +9,7 @@
 
 namespace utils {
 
-rapidjson::Document jsonDocument(std::string_view text, const std::string &name)
+rapidjson::Document jsonDocument(std::string_view text, const std::string &name, JsonSource source)
 {
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     if (text.substr(0, byteOrderMark.size()) == byteOrderMark)
@@ -18,7 +18,10 @@ rapidjson::Document jsonDocument(std::string_view text, const std::string &name)
     constexpr unsigned flags = rapidjson::kParseIterativeFlag | rapidjson::kParseFullPrecisionFlag
         | rapidjson::kParseValidateEncodingFlag;
     rapidjson::Document document;
-    document.Parse<flags>(text.data(), text.size());
+    if (source == JsonSource::Build)
+        document.Parse(text.data(), text.size());
+    else
+        document.Parse<flags>(text.data(), text.size());
     if (document.HasParseError()) {
         const auto before = text.substr(0, document.GetErrorOffset());
         const auto line = 1 + std::count(before.begin(), before.end(), '\n');
