@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "CountedAllocations.h"
 #include "RatioReport.h"
 
 #include <ZarnCore/music/ZarnInterval.h>
@@ -6,34 +7,8 @@
 #include <ZarnCore/music/ZarnTone.h>
 
 #include <array>
-#include <cstdlib>
-#include <new>
 #include <random>
 #include <vector>
-
-namespace {
-
-std::size_t allocationCount = 0;
-
-} // namespace
-
-void *operator new(std::size_t size)
-{
-    ++allocationCount;
-    if (void *const memory = std::malloc(size))
-        return memory;
-    throw std::bad_alloc();
-}
-
-void operator delete(void *memory) noexcept
-{
-    std::free(memory);
-}
-
-void operator delete(void *memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
 
 namespace {
 
@@ -126,7 +101,7 @@ std::pair<double, double> allocationsOfLookUps()
 {
     const auto spellings = someSpellings();
     const auto intervals = someIntervals();
-    const std::size_t before = allocationCount;
+    const unsigned long before = bench::allocationCount;
     for (std::size_t i = 0; i < sampleCount; ++i) {
         auto moved = spellings[i].transposed(intervals[i]).diminished();
         auto back = moved.untransposed(intervals[i] - 1);
@@ -135,7 +110,8 @@ std::pair<double, double> allocationsOfLookUps()
         benchmark::DoNotOptimize(&back.interval(spellings[i]));
         benchmark::DoNotOptimize(PitchClass::fromPitch(60, true));
     }
-    return {static_cast<double>(6 * sampleCount), static_cast<double>(allocationCount - before)};
+    return {static_cast<double>(6 * sampleCount),
+            static_cast<double>(bench::allocationCount - before)};
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Walks over selections and flat lists against nested loops over the tree.
 #include "BigScore.h"
+#include "CountedAllocations.h"
 #include "RatioReport.h"
 
 #include <ZarnCore/model/ZarnFlatten.h>
@@ -9,35 +10,7 @@
 
 #include <malloc.h>
 
-#include <atomic>
-#include <cstdlib>
 #include <limits>
-#include <new>
-
-namespace {
-
-std::atomic<unsigned long> allocations{0};
-
-} // namespace
-
-// Every allocation of the program is counted.
-void *operator new(std::size_t size)
-{
-    ++allocations;
-    if (void *memory = std::malloc(size == 0 ? 1 : size))
-        return memory;
-    throw std::bad_alloc();
-}
-
-void operator delete(void *memory) noexcept
-{
-    std::free(memory);
-}
-
-void operator delete(void *memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
 
 namespace {
 
@@ -84,13 +57,13 @@ void forEachNote(const Use &use)
 /// What one walk over all beats and one over all notes allocate.
 std::pair<double, double> allocationsOfWalks()
 {
-    const unsigned long before = allocations;
+    const unsigned long before = bench::allocationCount;
     unsigned steps = 0;
     for (zarn::RangeBeatIterator it(everything()); it.oneStep();)
         steps += it.beat()->noteCount() != 0 ? 1 : 0;
     for (zarn::RangeNoteIterator it(everything()); it.oneStep();)
         steps += it.note()->midi() >= 0 ? 1 : 0;
-    return {steps, static_cast<double>(allocations - before)};
+    return {steps, static_cast<double>(bench::allocationCount - before)};
 }
 
 } // namespace
