@@ -19,7 +19,9 @@ void collectSimileMarks(const ScoreModel &model, unsigned from, unsigned to,
                     {track->index(), staff->index(), i, staff->bars()[i]->simileMark()});
 }
 
-void collectTies(const Bar &bar, const Staff &staff, unsigned track, bool atEnd,
+enum class TiesToNote { Tied, All };
+
+void collectTies(const Bar &bar, const Staff &staff, unsigned track, bool atEnd, TiesToNote which,
                  std::vector<TiePlace> &ties)
 {
     for (const auto &voice : bar.voices()) {
@@ -28,22 +30,26 @@ void collectTies(const Bar &bar, const Staff &staff, unsigned track, bool atEnd,
         const Beat &beat = atEnd ? *voice->beats().back() : *voice->beats().front();
         for (unsigned i = 0; i < beat.noteCount(); ++i) {
             const Note &note = *beat.notes()[i];
-            ties.push_back({track, staff.index(), bar.index(), voice->index(), beat.index(), i,
-                            note.isTied(), note.isTieOrigin()});
+            if (which == TiesToNote::All || note.isTied() || note.isTieOrigin())
+                ties.push_back({track, staff.index(), bar.index(), voice->index(), beat.index(), i,
+                                note.isTied(), note.isTieOrigin()});
         }
     }
 }
 
 /// Ties of the beats that face a joint: those that end the columns up to `end`, not included, and
-/// those that begin the columns from `begin` on. Untied notes are noted too, as are simile marks.
+/// those that begin the columns from `begin` on. Between bars untied notes are noted too, as are
+/// simile marks; at an end of the score no tie comes back with columns that are put back.
 void collectTies(const ScoreModel &model, unsigned end, unsigned begin, std::vector<TiePlace> &ties)
 {
+    const bool isBetween = end > 0 && begin < model.masterTrack()->masterBarCount();
+    const auto which = isBetween ? TiesToNote::All : TiesToNote::Tied;
     for (const auto &track : model.tracks())
         for (const auto &staff : track->staves()) {
             if (end > 0 && end <= staff->barCount())
-                collectTies(*staff->bars()[end - 1], *staff, track->index(), true, ties);
+                collectTies(*staff->bars()[end - 1], *staff, track->index(), true, which, ties);
             if (begin < staff->barCount())
-                collectTies(*staff->bars()[begin], *staff, track->index(), false, ties);
+                collectTies(*staff->bars()[begin], *staff, track->index(), false, which, ties);
         }
 }
 
