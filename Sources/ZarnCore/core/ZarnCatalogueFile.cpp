@@ -3,7 +3,6 @@
 
 #include <ZarnCore/ZarnException.h>
 #include <ZarnCore/ZarnLog.h>
-#include <ZarnCore/utils/JsonDocument.h>
 #include <ZarnCore/utils/JsonMembers.h>
 
 #include <QFile>
@@ -30,11 +29,9 @@ QByteArray readBuiltInFile(const QString &path, const char *function, int line)
 }
 
 void parseJson(const QByteArray &bytes, const QString &path,
-               const std::function<void(const rapidjson::Value &)> &read)
+               const std::function<void(const rapidjson::Value &)> &read, utils::JsonSource source)
 {
     const std::string name = path.toStdString();
-    const auto source = path.startsWith(QLatin1String(":/")) ? utils::JsonSource::Build
-                                                             : utils::JsonSource::Outside;
     const auto document = utils::jsonDocument(
         {bytes.constData(), static_cast<std::size_t>(bytes.size())}, name, source);
     try {
@@ -48,13 +45,17 @@ void parseJson(const QByteArray &bytes, const QString &path,
 void readCatalogue(const QString &path, const char *member,
                    const std::function<void(const rapidjson::Value &)> &read)
 {
-    parseJson(readBuiltInFile(path, here, 173), path, [&](const rapidjson::Value &root) {
+    const auto readMember = [&](const rapidjson::Value &root) {
         const utils::JsonMembers members(root, here);
         const auto *const value = members.find(member);
         if (value == nullptr)
             members.raise(std::string("member \"") + member + "\" is missing");
         read(*value);
-    });
+    };
+    // A file on the disk, in the place of a resource, was not checked by the build.
+    const auto source = path.startsWith(QLatin1String(":/")) ? utils::JsonSource::Build
+                                                             : utils::JsonSource::Outside;
+    parseJson(readBuiltInFile(path, here, 173), path, readMember, source);
 }
 
 } // namespace zarn

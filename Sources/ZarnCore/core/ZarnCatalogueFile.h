@@ -2,11 +2,10 @@
 #pragma once
 
 #include <ZarnCore/ZarnExport.h>
+#include <ZarnCore/utils/JsonDocument.h>
 
 #include <QByteArray>
 #include <QString>
-
-#include <rapidjson/fwd.h>
 
 #include <functional>
 
@@ -21,7 +20,8 @@ QByteArray readBuiltInFile(const QString &path, const char *function, int line);
 /// Parses JSON in UTF-8 and hands it to a reader. Raises `CoreException` that begins with the path:
 /// with line and column for what is no JSON, with what the reader says otherwise.
 void parseJson(const QByteArray &bytes, const QString &path,
-               const std::function<void(const rapidjson::Value &)> &read);
+               const std::function<void(const rapidjson::Value &)> &read,
+               utils::JsonSource source = utils::JsonSource::Outside);
 
 /// Reads a catalogue, a JSON object in UTF-8, and hands one member of it to a reader. Raises as
 /// the two above, and for a document without that member.
