@@ -3,8 +3,8 @@
 // looked up.
 #include "RatioReport.h"
 
-#include <ZarnCore/instruments/ZarnAutomationContainer.h>
-#include <ZarnCore/instruments/ZarnTempoAutomation.h>
+#include <ZarnCore/instruments/automations/ZarnAutomationContainer.h>
+#include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
 
 #include <algorithm>
 #include <memory>

@@ -4,9 +4,9 @@
 #include "RatioReport.h"
 
 #include <ZarnCore/ZarnCore.h>
-#include <ZarnCore/core/ZarnCatalogueFile.h>
-#include <ZarnCore/instruments/ZarnGuitarTuningLibrary.h>
-#include <ZarnCore/instruments/ZarnInstrumentSetLibrary.h>
+#include <ZarnCore/core/CatalogueFile.h>
+#include <ZarnCore/instruments/sets/ZarnInstrumentSetLibrary.h>
+#include <ZarnCore/instruments/tunings/ZarnGuitarTuningLibrary.h>
 #include <filesystem/DiskFileSystem.h>
 
 #include <QFile>

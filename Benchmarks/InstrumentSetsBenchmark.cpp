@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "RatioReport.h"
 
-#include <ZarnCore/instruments/ZarnInstrumentSetLibrary.h>
+#include <ZarnCore/instruments/sets/ZarnInstrumentSetLibrary.h>
 
 #include <QFile>
 

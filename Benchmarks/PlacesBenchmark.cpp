@@ -4,7 +4,7 @@
 #include "RatioReport.h"
 
 #include <ZarnCore/model/ZarnScoreModel.h>
-#include <ZarnCore/model/ZarnScoreModelRange.h>
+#include <ZarnCore/model/places/ZarnScoreModelRange.h>
 
 #include <algorithm>
 #include <memory>

@@ -3,7 +3,7 @@
 // the whole document built and written for every tuning.
 #include "RatioReport.h"
 
-#include <ZarnCore/instruments/ZarnGuitarTuningLibrary.h>
+#include <ZarnCore/instruments/tunings/ZarnGuitarTuningLibrary.h>
 
 #include <QDir>
 #include <QDomDocument>

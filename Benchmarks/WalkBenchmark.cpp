@@ -4,9 +4,9 @@
 #include "CountedAllocations.h"
 #include "RatioReport.h"
 
-#include <ZarnCore/model/ZarnFlatten.h>
-#include <ZarnCore/model/ZarnRangeNoteIterator.h>
-#include <ZarnCore/model/ZarnScoreModelRange.h>
+#include <ZarnCore/model/places/ZarnFlatten.h>
+#include <ZarnCore/model/places/ZarnRangeNoteIterator.h>
+#include <ZarnCore/model/places/ZarnScoreModelRange.h>
 
 #include <malloc.h>
 

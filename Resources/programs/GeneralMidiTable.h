@@ -2,7 +2,7 @@
 #pragma once
 
 #include <ZarnCore/ZarnTypesDocument.h>
-#include <ZarnCore/instruments/ZarnInstrumentSet.h>
+#include <ZarnCore/instruments/sets/ZarnInstrumentSet.h>
 
 #include <QString>
 

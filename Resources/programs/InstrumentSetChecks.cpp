@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "CatalogueReading.h"
 
-#include <ZarnCore/instruments/InstrumentTypeTable.h>
-#include <ZarnCore/instruments/ZarnInstrumentSetLibrary.h>
+#include <ZarnCore/instruments/sets/InstrumentTypeTable.h>
+#include <ZarnCore/instruments/sets/ZarnInstrumentSetLibrary.h>
 
 #include <map>
 #include <set>

@@ -9,8 +9,8 @@
 #include "TemplateSounds.h"
 
 #include <ZarnCore/ZarnAssert.h>
-#include <ZarnCore/instruments/ZarnGuitarTuningLibrary.h>
-#include <ZarnCore/instruments/ZarnSound.h>
+#include <ZarnCore/instruments/sounds/ZarnSound.h>
+#include <ZarnCore/instruments/tunings/ZarnGuitarTuningLibrary.h>
 #include <ZarnCore/io/ZarnNativeExporter.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "CatalogueReading.h"
 
-#include <ZarnCore/instruments/ZarnInstrumentSetLibrary.h>
-#include <ZarnCore/instruments/ZarnNotationPatch.h>
+#include <ZarnCore/instruments/sets/ZarnInstrumentSetLibrary.h>
+#include <ZarnCore/instruments/sets/ZarnNotationPatch.h>
 #include <ZarnCore/instruments/soundbanks/ZarnHVSoundFont.h>
 #include <ZarnCore/instruments/soundbanks/ZarnSoundbankPatch.h>
 #include <ZarnCore/instruments/soundbanks/ZarnSoundbankPatchReplacement.h>

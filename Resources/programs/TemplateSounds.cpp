@@ -4,7 +4,7 @@
 #include "CatalogueReading.h"
 
 #include <ZarnCore/ZarnAssert.h>
-#include <ZarnCore/instruments/ZarnInstrumentSetLibrary.h>
+#include <ZarnCore/instruments/sets/ZarnInstrumentSetLibrary.h>
 #include <ZarnCore/instruments/soundbanks/ZarnSoundbankPatch.h>
 
 #include <QFile>

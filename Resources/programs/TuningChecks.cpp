@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "CatalogueReading.h"
 
-#include <ZarnCore/instruments/InstrumentTypeTable.h>
-#include <ZarnCore/instruments/ZarnGuitarTuningLibrary.h>
+#include <ZarnCore/instruments/sets/InstrumentTypeTable.h>
+#include <ZarnCore/instruments/tunings/ZarnGuitarTuningLibrary.h>
 #include <ZarnCore/model/ZarnTrack.h>
 
 #include <map>

@@ -2,9 +2,9 @@
 #include <ZarnCore/ZarnCore.h>
 
 #include <ZarnCore/ZarnLog.h>
-#include <ZarnCore/core/ZarnBuiltInFormats.h>
-#include <ZarnCore/core/ZarnCoreImpl.h>
-#include <ZarnCore/instruments/ZarnNotationPatch.h>
+#include <ZarnCore/core/BuiltInFormats.h>
+#include <ZarnCore/core/CoreImpl.h>
+#include <ZarnCore/instruments/sets/ZarnNotationPatch.h>
 #include <ZarnCore/io/ZarnExporter.h>
 #include <ZarnCore/io/ZarnImporter.h>
 

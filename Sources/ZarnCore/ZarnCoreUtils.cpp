@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/ZarnCoreUtils.h>
 
-#include <ZarnCore/instruments/HVVolumePan.h>
-#include <ZarnCore/instruments/ZarnVolumePan.h>
+#include <ZarnCore/instruments/effects/HVVolumePan.h>
+#include <ZarnCore/instruments/effects/ZarnVolumePan.h>
 #include <ZarnCore/io/ZarnScoreText.h>
 #include <ZarnCore/model/ZarnBar.h>
 #include <ZarnCore/model/ZarnMasterBar.h>

@@ -3,8 +3,8 @@
 #include <ZarnCore/ZarnCoreUtils.h>
 
 #include <ZarnCore/model/ZarnStaff.h>
-#include <ZarnCore/model/ZarnTies.h>
 #include <ZarnCore/model/ZarnVoice.h>
+#include <ZarnCore/model/notes/ZarnTies.h>
 
 namespace zarn {
 

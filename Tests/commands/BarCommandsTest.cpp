@@ -6,7 +6,7 @@
 #include <ZarnCore/commands/Bar/ZarnRemoveBars.h>
 #include <ZarnCore/commands/ZarnMacroCommandRecorder.h>
 #include <ZarnCore/events/ZarnBarEvents.h>
-#include <ZarnCore/instruments/ZarnTempoAutomation.h>
+#include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
 
 #include <stdexcept>
 #include <vector>

@@ -2,11 +2,11 @@
 #include "support/EventLog.h"
 #include "support/SmallScore.h"
 
-#include <ZarnCore/instruments/ZarnGuitarTuning.h>
-#include <ZarnCore/instruments/ZarnMastering.h>
-#include <ZarnCore/instruments/ZarnSound.h>
-#include <ZarnCore/instruments/ZarnSoundAutomation.h>
-#include <ZarnCore/instruments/ZarnTempoAutomation.h>
+#include <ZarnCore/instruments/automations/ZarnSoundAutomation.h>
+#include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
+#include <ZarnCore/instruments/effects/ZarnMastering.h>
+#include <ZarnCore/instruments/sounds/ZarnSound.h>
+#include <ZarnCore/instruments/tunings/ZarnGuitarTuning.h>
 #include <ZarnCore/io/ZarnNativeExporter.h>
 #include <ZarnCore/model/ZarnModelCheck.h>
 

@@ -2,7 +2,7 @@
 #include <ZarnCore/ZarnCoreUtils.h>
 #include <ZarnCore/commands/ZarnMacroCommandRecorder.h>
 #include <ZarnCore/events/ZarnEvents.h>
-#include <ZarnCore/instruments/ZarnGuitarTuning.h>
+#include <ZarnCore/instruments/tunings/ZarnGuitarTuning.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/score/ZarnScore.h>
 

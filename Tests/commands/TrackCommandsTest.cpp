@@ -4,8 +4,8 @@
 
 #include <ZarnCore/ZarnException.h>
 #include <ZarnCore/commands/Track/ZarnSetTrackName.h>
-#include <ZarnCore/instruments/ZarnGuitarTuning.h>
-#include <ZarnCore/instruments/ZarnTempoAutomation.h>
+#include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
+#include <ZarnCore/instruments/tunings/ZarnGuitarTuning.h>
 
 #include <gtest/gtest.h>
 

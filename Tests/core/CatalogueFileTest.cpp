@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <ZarnCore/core/ZarnCatalogueFile.h>
+#include <ZarnCore/core/CatalogueFile.h>
 
 #include "support/CapturedLog.h"
 

@@ -5,10 +5,10 @@
 
 #include <ZarnCore/ZarnException.h>
 #include <ZarnCore/ZarnLog.h>
-#include <ZarnCore/instruments/ZarnGuitarTuningLibrary.h>
-#include <ZarnCore/instruments/ZarnInstrumentSetLibrary.h>
+#include <ZarnCore/instruments/sets/ZarnInstrumentSetLibrary.h>
 #include <ZarnCore/instruments/soundbanks/ZarnSoundbank.h>
 #include <ZarnCore/instruments/soundbanks/ZarnSoundbankPatch.h>
+#include <ZarnCore/instruments/tunings/ZarnGuitarTuningLibrary.h>
 #include <ZarnCore/model/ZarnTrack.h>
 #include <ZarnCore/utils/SignalContainer.h>
 #include <filesystem/RAMFileSystem.h>

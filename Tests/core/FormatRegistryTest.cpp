@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include <ZarnCore/core/ZarnFormatRegistry.h>
+#include <ZarnCore/core/FormatRegistry.h>
 
 #include <ZarnCore/ZarnException.h>
-#include <ZarnCore/core/ZarnBuiltInFormats.h>
+#include <ZarnCore/core/BuiltInFormats.h>
 #include <ZarnCore/io/ZarnExporter.h>
 #include <ZarnCore/io/ZarnImporter.h>
 #include <filesystem/RAMFileSystem.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <ZarnCore/core/ZarnGeneralMidiTable.h>
+#include <ZarnCore/core/GeneralMidiTable.h>
 
 #include "support/CapturedLog.h"
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include <ZarnCore/core/ZarnInstalledSounds.h>
+#include <ZarnCore/core/InstalledSounds.h>
 
 #include "support/CapturedLog.h"
 
 #include <ZarnCore/ZarnCore.h>
 #include <ZarnCore/ZarnException.h>
-#include <ZarnCore/instruments/ZarnNotationPatch.h>
+#include <ZarnCore/instruments/sets/ZarnNotationPatch.h>
 #include <ZarnCore/instruments/soundbanks/ZarnHVSoundFont.h>
 #include <ZarnCore/instruments/soundbanks/ZarnSoundbank.h>
 #include <ZarnCore/instruments/soundbanks/ZarnSoundbankPatch.h>

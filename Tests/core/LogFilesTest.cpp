@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <ZarnCore/core/ZarnLogFiles.h>
+#include <ZarnCore/core/LogFiles.h>
 
 #include "support/CapturedLog.h"
 

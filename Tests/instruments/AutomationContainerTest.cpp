@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/ZarnException.h>
-#include <ZarnCore/instruments/ZarnAutomationContainer.h>
-#include <ZarnCore/instruments/ZarnTempoAutomation.h>
+#include <ZarnCore/instruments/automations/ZarnAutomationContainer.h>
+#include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/ZarnException.h>
-#include <ZarnCore/instruments/ZarnAutomation.h>
-#include <ZarnCore/instruments/ZarnDSPParamAutomation.h>
-#include <ZarnCore/instruments/ZarnPickupKnobAutomation.h>
-#include <ZarnCore/instruments/ZarnSound.h>
-#include <ZarnCore/instruments/ZarnSoundAutomation.h>
-#include <ZarnCore/instruments/ZarnTempoAutomation.h>
+#include <ZarnCore/instruments/automations/ZarnAutomation.h>
+#include <ZarnCore/instruments/automations/ZarnDSPParamAutomation.h>
+#include <ZarnCore/instruments/automations/ZarnPickupKnobAutomation.h>
+#include <ZarnCore/instruments/automations/ZarnSoundAutomation.h>
+#include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
+#include <ZarnCore/instruments/sounds/ZarnSound.h>
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/ZarnException.h>
-#include <ZarnCore/instruments/ZarnGuitarTuningLibrary.h>
+#include <ZarnCore/instruments/tunings/ZarnGuitarTuningLibrary.h>
 
 #include <QTemporaryDir>
 

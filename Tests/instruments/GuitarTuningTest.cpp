@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/ZarnException.h>
-#include <ZarnCore/instruments/ZarnGuitarTuning.h>
+#include <ZarnCore/instruments/tunings/ZarnGuitarTuning.h>
 #include <ZarnCore/music/ZarnTone.h>
 
 #include <QMetaEnum>

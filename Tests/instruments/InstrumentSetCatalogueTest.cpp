@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include <ZarnCore/instruments/InstrumentTypeTable.h>
-#include <ZarnCore/instruments/ZarnInstrumentSetLibrary.h>
+#include <ZarnCore/instruments/sets/InstrumentTypeTable.h>
+#include <ZarnCore/instruments/sets/ZarnInstrumentSetLibrary.h>
 #include <ZarnCore/model/ZarnBeat.h>
 #include <ZarnCore/model/ZarnNote.h>
 

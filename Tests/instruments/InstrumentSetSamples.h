@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ZarnCore/instruments/ZarnInstrumentSet.h>
+#include <ZarnCore/instruments/sets/ZarnInstrumentSet.h>
 
 #include <rapidjson/document.h>
 

@@ -2,7 +2,7 @@
 #include "InstrumentSetSamples.h"
 
 #include <ZarnCore/ZarnException.h>
-#include <ZarnCore/instruments/ZarnInstrumentSetLibrary.h>
+#include <ZarnCore/instruments/sets/ZarnInstrumentSetLibrary.h>
 #include <ZarnCore/model/ZarnBeat.h>
 #include <ZarnCore/model/ZarnTrack.h>
 #include <ZarnCore/model/ZarnTrackDefaults.h>

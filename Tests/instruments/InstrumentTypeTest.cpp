@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include <ZarnCore/instruments/ZarnInstrument.h>
-#include <ZarnCore/instruments/ZarnInstrumentSet.h>
+#include <ZarnCore/instruments/sets/ZarnInstrumentSet.h>
+#include <ZarnCore/instruments/sounds/ZarnInstrument.h>
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/ZarnException.h>
-#include <ZarnCore/instruments/ZarnNotationPatch.h>
+#include <ZarnCore/instruments/sets/ZarnNotationPatch.h>
 #include <ZarnCore/utils/JsonDocument.h>
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The banks and patches that the library brings along.
-#include <ZarnCore/instruments/ZarnInstrumentSet.h>
-#include <ZarnCore/instruments/ZarnInstrumentSetLibrary.h>
-#include <ZarnCore/instruments/ZarnNotationPatch.h>
+#include <ZarnCore/instruments/sets/ZarnInstrumentSet.h>
+#include <ZarnCore/instruments/sets/ZarnInstrumentSetLibrary.h>
+#include <ZarnCore/instruments/sets/ZarnNotationPatch.h>
 #include <ZarnCore/instruments/soundbanks/ZarnGuitarPickupSet.h>
 #include <ZarnCore/instruments/soundbanks/ZarnHVSoundFont.h>
 #include <ZarnCore/instruments/soundbanks/ZarnHVSoundFontManager.h>

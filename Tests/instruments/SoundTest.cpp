@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/ZarnException.h>
-#include <ZarnCore/instruments/ZarnMastering.h>
-#include <ZarnCore/instruments/ZarnSound.h>
+#include <ZarnCore/instruments/effects/ZarnMastering.h>
+#include <ZarnCore/instruments/sounds/ZarnSound.h>
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/ZarnException.h>
-#include <ZarnCore/instruments/ZarnInstrumentSet.h>
-#include <ZarnCore/instruments/ZarnSound.h>
+#include <ZarnCore/instruments/sets/ZarnInstrumentSet.h>
 #include <ZarnCore/instruments/soundbanks/ZarnGuitarPickupSet.h>
 #include <ZarnCore/instruments/soundbanks/ZarnHVSoundFont.h>
 #include <ZarnCore/instruments/soundbanks/ZarnHVSoundFontManager.h>
@@ -9,6 +8,7 @@
 #include <ZarnCore/instruments/soundbanks/ZarnSoundbank.h>
 #include <ZarnCore/instruments/soundbanks/ZarnSoundbankPatch.h>
 #include <ZarnCore/instruments/soundbanks/ZarnSoundbankPatchReplacement.h>
+#include <ZarnCore/instruments/sounds/ZarnSound.h>
 #include <ZarnCore/utils/JsonDocument.h>
 
 #include <QFile>

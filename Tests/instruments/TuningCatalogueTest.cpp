@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The built-in tunings: their names promise pitches, so each name is held against them.
-#include <ZarnCore/instruments/ZarnGuitarTuningLibrary.h>
+#include <ZarnCore/instruments/tunings/ZarnGuitarTuningLibrary.h>
 
 #include <QFile>
 #include <QRegularExpression>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The user's tunings, and what may happen to their file.
-#include <ZarnCore/instruments/ZarnGuitarTuningLibrary.h>
+#include <ZarnCore/instruments/tunings/ZarnGuitarTuningLibrary.h>
 
 #include "support/CapturedLog.h"
 #include "support/FileSizeLimit.h"

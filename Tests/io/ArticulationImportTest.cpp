@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Scores.h"
 
-#include <ZarnCore/instruments/ZarnInstrumentSetLibrary.h>
+#include <ZarnCore/instruments/sets/ZarnInstrumentSetLibrary.h>
 #include <ZarnCore/model/ZarnTrack.h>
 
 #include <gtest/gtest.h>

@@ -2,7 +2,7 @@
 // What stands around the notes: signatures, clefs, repeats, jumps, tempos, chords, tablature.
 #include "MusicXmlText.h"
 
-#include <ZarnCore/instruments/ZarnTempoAutomation.h>
+#include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/ZarnCoreUtils.h>
-#include <ZarnCore/instruments/HVVolumePan.h>
-#include <ZarnCore/instruments/ZarnVolumePan.h>
+#include <ZarnCore/instruments/effects/HVVolumePan.h>
+#include <ZarnCore/instruments/effects/ZarnVolumePan.h>
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ModelSamples.h"
 
-#include <ZarnCore/instruments/ZarnTempoAutomation.h>
+#include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
 
 #include <random>
 

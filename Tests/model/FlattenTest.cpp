@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "ModelSamples.h"
 
-#include <ZarnCore/instruments/ZarnGuitarTuningLibrary.h>
-#include <ZarnCore/model/ZarnFlatten.h>
-#include <ZarnCore/model/ZarnGroupBarIndex.h>
+#include <ZarnCore/instruments/tunings/ZarnGuitarTuningLibrary.h>
+#include <ZarnCore/model/layout/ZarnGroupBarIndex.h>
+#include <ZarnCore/model/places/ZarnFlatten.h>
 
 #include <limits>
 

@@ -3,8 +3,8 @@
 #include "ModelSamples.h"
 #include "support/ScoreFiles.h"
 
-#include <ZarnCore/instruments/ZarnInstrumentSetLibrary.h>
-#include <ZarnCore/model/ZarnScoreModelIndex.h>
+#include <ZarnCore/instruments/sets/ZarnInstrumentSetLibrary.h>
+#include <ZarnCore/model/places/ZarnScoreModelIndex.h>
 #include <ZarnCore/music/ZarnMusic.h>
 
 #include <QtGlobal>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include <ZarnCore/instruments/ZarnMastering.h>
+#include <ZarnCore/instruments/effects/ZarnMastering.h>
 #include <ZarnCore/model/ZarnMasterTrack.h>
-#include <ZarnCore/model/ZarnPlayList.h>
-#include <ZarnCore/model/ZarnScoreModelRange.h>
+#include <ZarnCore/model/form/ZarnPlayList.h>
+#include <ZarnCore/model/places/ZarnScoreModelRange.h>
 
 #include <gtest/gtest.h>
 

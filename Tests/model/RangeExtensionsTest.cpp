@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ModelSamples.h"
 
-#include <ZarnCore/model/ZarnScoreModelRange.h>
+#include <ZarnCore/model/places/ZarnScoreModelRange.h>
 
 #include <functional>
 #include <limits>

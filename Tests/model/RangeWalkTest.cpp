@@ -6,7 +6,7 @@
 #include "support/RandomScore.h"
 
 #include <ZarnCore/commands/ZarnRangeNodes.h>
-#include <ZarnCore/model/ZarnFlatten.h>
+#include <ZarnCore/model/places/ZarnFlatten.h>
 
 using namespace zarn;
 

@@ -2,7 +2,7 @@
 #include "ModelSamples.h"
 
 #include <ZarnCore/ZarnException.h>
-#include <ZarnCore/model/ZarnScoreModelRange.h>
+#include <ZarnCore/model/places/ZarnScoreModelRange.h>
 
 #include <filesystem/RAMFileSystem.h>
 

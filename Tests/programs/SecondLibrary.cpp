@@ -4,7 +4,7 @@
 
 #include <ZarnCore/ZarnCore.h>
 #include <ZarnCore/ZarnLog.h>
-#include <ZarnCore/instruments/ZarnInstrumentSetLibrary.h>
+#include <ZarnCore/instruments/sets/ZarnInstrumentSetLibrary.h>
 #include <ZarnCore/utils/SignalContainer.h>
 
 std::vector<const void *> addressesSeenByTheSecondLibrary()

@@ -3,7 +3,7 @@
 
 #include "PlainWalk.h"
 
-#include <ZarnCore/model/ZarnRangeNoteIterator.h>
+#include <ZarnCore/model/places/ZarnRangeNoteIterator.h>
 #include <ZarnCore/score/ZarnScore.h>
 
 #include <algorithm>

@@ -3,7 +3,7 @@
 
 #include "Random.h"
 
-#include <ZarnCore/model/ZarnScoreModelIndex.h>
+#include <ZarnCore/model/places/ZarnScoreModelIndex.h>
 #include <ZarnCore/utils/SignalContainer.h>
 
 #include <cstdint>

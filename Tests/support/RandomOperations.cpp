@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "RandomOperations.h"
 
-#include <ZarnCore/instruments/ZarnDSPParamAutomation.h>
-#include <ZarnCore/instruments/ZarnGuitarTuning.h>
-#include <ZarnCore/instruments/ZarnSound.h>
-#include <ZarnCore/instruments/ZarnSoundAutomation.h>
-#include <ZarnCore/instruments/ZarnTempoAutomation.h>
+#include <ZarnCore/instruments/automations/ZarnDSPParamAutomation.h>
+#include <ZarnCore/instruments/automations/ZarnSoundAutomation.h>
+#include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
+#include <ZarnCore/instruments/sounds/ZarnSound.h>
+#include <ZarnCore/instruments/tunings/ZarnGuitarTuning.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/score/ZarnScore.h>
 

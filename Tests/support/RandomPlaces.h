@@ -3,7 +3,7 @@
 
 #include "Random.h"
 
-#include <ZarnCore/model/ZarnScoreModelRange.h>
+#include <ZarnCore/model/places/ZarnScoreModelRange.h>
 
 #include <utility>
 

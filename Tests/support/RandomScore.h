@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ZarnCore/instruments/ZarnDSPParamAutomation.h>
-#include <ZarnCore/instruments/ZarnMastering.h>
-#include <ZarnCore/instruments/ZarnPickupKnobAutomation.h>
-#include <ZarnCore/instruments/ZarnSoundAutomation.h>
-#include <ZarnCore/instruments/ZarnTempoAutomation.h>
+#include <ZarnCore/instruments/automations/ZarnDSPParamAutomation.h>
+#include <ZarnCore/instruments/automations/ZarnPickupKnobAutomation.h>
+#include <ZarnCore/instruments/automations/ZarnSoundAutomation.h>
+#include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
+#include <ZarnCore/instruments/effects/ZarnMastering.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
 #include <cmath>

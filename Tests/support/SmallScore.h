@@ -2,7 +2,7 @@
 #pragma once
 
 #include <ZarnCore/model/ZarnScoreModel.h>
-#include <ZarnCore/model/ZarnScoreModelRange.h>
+#include <ZarnCore/model/places/ZarnScoreModelRange.h>
 #include <ZarnCore/score/ZarnScore.h>
 
 #include <initializer_list>

@@ -5,8 +5,8 @@
 #include "common/Terminal.h"
 #include "edit/Choices.h"
 
-#include <ZarnCore/instruments/ZarnSound.h>
-#include <ZarnCore/instruments/ZarnTempoAutomation.h>
+#include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
+#include <ZarnCore/instruments/sounds/ZarnSound.h>
 #include <ZarnCore/model/ZarnModelCheck.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 

@@ -5,7 +5,7 @@
 #include "common/Texts.h"
 #include "show/ScoreTitle.h"
 
-#include <ZarnCore/instruments/ZarnInstrumentSetLibrary.h>
+#include <ZarnCore/instruments/sets/ZarnInstrumentSetLibrary.h>
 #include <ZarnCore/model/ZarnTrack.h>
 
 #include <QJsonArray>

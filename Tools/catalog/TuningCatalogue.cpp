@@ -5,8 +5,8 @@
 #include "common/Terminal.h"
 #include "common/Texts.h"
 
-#include <ZarnCore/instruments/ZarnGuitarTuning.h>
-#include <ZarnCore/instruments/ZarnGuitarTuningLibrary.h>
+#include <ZarnCore/instruments/tunings/ZarnGuitarTuning.h>
+#include <ZarnCore/instruments/tunings/ZarnGuitarTuningLibrary.h>
 #include <ZarnCore/music/ZarnPitchClass.h>
 
 #include <QJsonArray>

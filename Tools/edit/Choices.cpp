@@ -4,11 +4,11 @@
 #include "common/Texts.h"
 
 #include <ZarnCore/ZarnTypes.h>
-#include <ZarnCore/instruments/ZarnInstrumentSet.h>
-#include <ZarnCore/model/ZarnDirectionMark.h>
-#include <ZarnCore/model/ZarnHeaderAndFooter.h>
-#include <ZarnCore/model/ZarnRetuning.h>
-#include <ZarnCore/model/ZarnTripletFeel.h>
+#include <ZarnCore/instruments/sets/ZarnInstrumentSet.h>
+#include <ZarnCore/model/form/ZarnDirectionMark.h>
+#include <ZarnCore/model/form/ZarnTripletFeel.h>
+#include <ZarnCore/model/layout/ZarnHeaderAndFooter.h>
+#include <ZarnCore/model/notes/ZarnRetuning.h>
 #include <ZarnCore/music/ZarnNoteDynamic.h>
 #include <ZarnCore/score/ZarnScoreCursor.h>
 

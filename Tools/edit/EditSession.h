@@ -3,7 +3,7 @@
 
 #include "edit/Values.h"
 
-#include <ZarnCore/model/ZarnScoreModelRange.h>
+#include <ZarnCore/model/places/ZarnScoreModelRange.h>
 #include <ZarnCore/score/ZarnScore.h>
 
 #include <iosfwd>

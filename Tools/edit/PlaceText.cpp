@@ -6,9 +6,9 @@
 #include "edit/MusicReader.h"
 #include "show/WrittenKey.h"
 
-#include <ZarnCore/model/ZarnRangeBeatIterator.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
-#include <ZarnCore/model/ZarnScoreModelRange.h>
+#include <ZarnCore/model/places/ZarnRangeBeatIterator.h>
+#include <ZarnCore/model/places/ZarnScoreModelRange.h>
 #include <ZarnCore/score/ZarnScoreCursor.h>
 
 #include <QStringList>

@@ -5,8 +5,8 @@
 #include "edit/EditSession.h"
 #include "edit/Targets.h"
 
-#include <ZarnCore/instruments/ZarnDSPParamAutomation.h>
-#include <ZarnCore/instruments/ZarnTempoAutomation.h>
+#include <ZarnCore/instruments/automations/ZarnDSPParamAutomation.h>
+#include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
 namespace zarn::tool {

@@ -4,8 +4,8 @@
 #include "edit/Commands.h"
 #include "edit/EditSession.h"
 
-#include <ZarnCore/instruments/ZarnGuitarTuning.h>
-#include <ZarnCore/instruments/ZarnSound.h>
+#include <ZarnCore/instruments/sounds/ZarnSound.h>
+#include <ZarnCore/instruments/tunings/ZarnGuitarTuning.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
 namespace zarn::tool {

@@ -5,9 +5,9 @@
 #include "common/Texts.h"
 #include "show/ScoreTitle.h"
 
-#include <ZarnCore/instruments/ZarnTempoAutomation.h>
-#include <ZarnCore/model/ZarnPlayList.h>
+#include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/form/ZarnPlayList.h>
 
 #include <QStringList>
 

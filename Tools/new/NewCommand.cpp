@@ -10,7 +10,7 @@
 #include "show/SheetBuilder.h"
 #include "show/ShowCommand.h"
 
-#include <ZarnCore/instruments/ZarnTempoAutomation.h>
+#include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/score/ZarnScore.h>
 

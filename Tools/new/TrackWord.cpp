@@ -6,7 +6,7 @@
 #include "edit/Choices.h"
 #include "edit/NearestWord.h"
 
-#include <ZarnCore/instruments/ZarnSound.h>
+#include <ZarnCore/instruments/sounds/ZarnSound.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
 #include <algorithm>

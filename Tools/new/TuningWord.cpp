@@ -6,7 +6,7 @@
 #include "edit/MusicReader.h"
 #include "edit/NearestWord.h"
 
-#include <ZarnCore/instruments/ZarnGuitarTuningLibrary.h>
+#include <ZarnCore/instruments/tunings/ZarnGuitarTuningLibrary.h>
 #include <ZarnCore/model/ZarnTrack.h>
 
 #include <optional>

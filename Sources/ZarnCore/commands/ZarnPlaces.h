@@ -6,7 +6,7 @@
 #include <ZarnCore/events/ZarnMasterBarEvents.h>
 #include <ZarnCore/events/ZarnTrackEvents.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
-#include <ZarnCore/model/ZarnScoreModelRange.h>
+#include <ZarnCore/model/places/ZarnScoreModelRange.h>
 #include <ZarnCore/score/ZarnScore.h>
 
 #include <algorithm>

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ZarnCore/model/ZarnBeatSpan.h>
-#include <ZarnCore/model/ZarnRangeBarIterator.h>
-#include <ZarnCore/model/ZarnRangeBeatIterator.h>
-#include <ZarnCore/model/ZarnRangeNoteIterator.h>
-#include <ZarnCore/model/ZarnScoreModelRange.h>
+#include <ZarnCore/model/places/ZarnBeatSpan.h>
+#include <ZarnCore/model/places/ZarnRangeBarIterator.h>
+#include <ZarnCore/model/places/ZarnRangeBeatIterator.h>
+#include <ZarnCore/model/places/ZarnRangeNoteIterator.h>
+#include <ZarnCore/model/places/ZarnScoreModelRange.h>
 
 #include <algorithm>
 #include <memory>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <ZarnCore/events/ZarnEventShapes.h>
-#include <ZarnCore/instruments/ZarnAutomation.h>
+#include <ZarnCore/instruments/automations/ZarnAutomation.h>
 
 /// Events of playback automations; the number of an automation's type says what it drives.
 namespace zarn::evt {

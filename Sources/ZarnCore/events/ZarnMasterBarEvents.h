@@ -2,7 +2,7 @@
 #pragma once
 
 #include <ZarnCore/events/ZarnEventShapes.h>
-#include <ZarnCore/model/ZarnDirectionMark.h>
+#include <ZarnCore/model/form/ZarnDirectionMark.h>
 
 /// Events of what one bar column shares in all tracks. Bars are counted from 0; ranges include
 /// both ends.

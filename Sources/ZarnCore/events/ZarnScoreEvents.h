@@ -3,8 +3,8 @@
 
 #include <ZarnCore/ZarnTypes.h>
 #include <ZarnCore/events/ZarnEventShapes.h>
-#include <ZarnCore/model/ZarnHeaderAndFooter.h>
-#include <ZarnCore/model/ZarnScoreModelIndex.h>
+#include <ZarnCore/model/layout/ZarnHeaderAndFooter.h>
+#include <ZarnCore/model/places/ZarnScoreModelIndex.h>
 
 /// Events of the score as a whole.
 namespace zarn::evt {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <ZarnCore/events/ZarnEventShapes.h>
-#include <ZarnCore/model/ZarnScoreModelIndex.h>
+#include <ZarnCore/model/places/ZarnScoreModelIndex.h>
 
 #include <utility>
 

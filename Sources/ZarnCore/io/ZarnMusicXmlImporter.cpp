@@ -3,10 +3,10 @@
 
 #include <ZarnCore/io/ZarnFileContent.h>
 #include <ZarnCore/io/ZarnImportException.h>
-#include <ZarnCore/io/musicxml/ZarnMxlArchive.h>
-#include <ZarnCore/io/musicxml/ZarnScoreReader.h>
-#include <ZarnCore/io/musicxml/ZarnXmlDocument.h>
-#include <ZarnCore/io/musicxml/ZarnXmlText.h>
+#include <ZarnCore/io/musicxml/MxlArchive.h>
+#include <ZarnCore/io/musicxml/ScoreReader.h>
+#include <ZarnCore/io/musicxml/XmlDocument.h>
+#include <ZarnCore/io/musicxml/XmlText.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <filesystem/FileHandle.h>
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <ZarnCore/ZarnTypes.h>
-#include <ZarnCore/instruments/ZarnAutomationContainer.h>
+#include <ZarnCore/instruments/automations/ZarnAutomationContainer.h>
 #include <ZarnCore/model/ZarnMasterTrack.h>
 #include <ZarnCore/model/ZarnTrack.h>
 

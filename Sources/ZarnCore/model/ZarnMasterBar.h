@@ -3,7 +3,7 @@
 
 #include <ZarnCore/ZarnExport.h>
 #include <ZarnCore/model/ZarnChildList.h>
-#include <ZarnCore/model/ZarnTripletFeel.h>
+#include <ZarnCore/model/form/ZarnTripletFeel.h>
 #include <ZarnCore/music/ZarnKeySignature.h>
 #include <ZarnCore/music/ZarnTimeSignature.h>
 #include <ZarnCore/utils/rational.h>

@@ -2,9 +2,9 @@
 #include <ZarnCore/model/ZarnMasterTrack.h>
 
 #include <ZarnCore/model/ZarnMasterTrackPrivate.h>
-#include <ZarnCore/model/ZarnPlayList.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
-#include <ZarnCore/model/ZarnScoreModelRange.h>
+#include <ZarnCore/model/form/ZarnPlayList.h>
+#include <ZarnCore/model/places/ZarnScoreModelRange.h>
 
 #include <algorithm>
 

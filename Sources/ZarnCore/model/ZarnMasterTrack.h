@@ -2,12 +2,12 @@
 #pragma once
 
 #include <ZarnCore/ZarnExport.h>
-#include <ZarnCore/instruments/ZarnAutomationContainer.h>
-#include <ZarnCore/instruments/ZarnMastering.h>
+#include <ZarnCore/instruments/automations/ZarnAutomationContainer.h>
+#include <ZarnCore/instruments/effects/ZarnMastering.h>
 #include <ZarnCore/model/ZarnChildList.h>
-#include <ZarnCore/model/ZarnDirectionAccessors.h>
 #include <ZarnCore/model/ZarnMasterBar.h>
-#include <ZarnCore/model/ZarnTempoSettings.h>
+#include <ZarnCore/model/form/ZarnDirectionAccessors.h>
+#include <ZarnCore/model/form/ZarnTempoSettings.h>
 
 #include <array>
 #include <memory>

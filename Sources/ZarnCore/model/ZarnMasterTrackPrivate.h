@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ZarnCore/instruments/ZarnMastering.h>
+#include <ZarnCore/instruments/effects/ZarnMastering.h>
 #include <ZarnCore/model/ZarnMasterTrack.h>
 
 namespace zarn {

@@ -3,7 +3,7 @@
 #include <ZarnCore/model/ZarnMasterTrack.h>
 
 #include <ZarnCore/model/ZarnMasterTrackPrivate.h>
-#include <ZarnCore/model/ZarnPlayList.h>
+#include <ZarnCore/model/form/ZarnPlayList.h>
 
 #include <algorithm>
 

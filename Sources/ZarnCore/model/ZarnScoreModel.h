@@ -6,10 +6,10 @@
 #include <ZarnCore/model/ZarnAudioTrack.h>
 #include <ZarnCore/model/ZarnBarColumns.h>
 #include <ZarnCore/model/ZarnChildList.h>
-#include <ZarnCore/model/ZarnHeaderAndFooter.h>
 #include <ZarnCore/model/ZarnMasterTrack.h>
-#include <ZarnCore/model/ZarnPageSetup.h>
 #include <ZarnCore/model/ZarnTrack.h>
+#include <ZarnCore/model/layout/ZarnHeaderAndFooter.h>
+#include <ZarnCore/model/layout/ZarnPageSetup.h>
 
 #include <array>
 #include <memory>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/model/ZarnStaff.h>
 
-#include <ZarnCore/model/ZarnTies.h>
 #include <ZarnCore/model/ZarnTrack.h>
 #include <ZarnCore/model/ZarnTrackDefaults.h>
+#include <ZarnCore/model/notes/ZarnTies.h>
 
 #include <algorithm>
 

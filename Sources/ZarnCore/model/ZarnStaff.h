@@ -3,11 +3,11 @@
 
 #include <ZarnCore/ZarnExport.h>
 #include <ZarnCore/ZarnTypes.h>
-#include <ZarnCore/instruments/ZarnGuitarTuning.h>
+#include <ZarnCore/instruments/tunings/ZarnGuitarTuning.h>
 #include <ZarnCore/model/ZarnBar.h>
 #include <ZarnCore/model/ZarnChildList.h>
-#include <ZarnCore/model/ZarnChordDiagram.h>
 #include <ZarnCore/model/ZarnLinkMode.h>
+#include <ZarnCore/model/notes/ZarnChordDiagram.h>
 
 #include <cstdint>
 #include <memory>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/model/ZarnTrack.h>
 
-#include <ZarnCore/instruments/ZarnInstrumentSetLibrary.h>
+#include <ZarnCore/instruments/sets/ZarnInstrumentSetLibrary.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/ZarnTrackDefaults.h>
 

@@ -3,9 +3,9 @@
 
 #include <ZarnCore/ZarnExport.h>
 #include <ZarnCore/ZarnTypes.h>
-#include <ZarnCore/instruments/ZarnAutomationContainer.h>
-#include <ZarnCore/instruments/ZarnInstrumentSet.h>
-#include <ZarnCore/instruments/ZarnSound.h>
+#include <ZarnCore/instruments/automations/ZarnAutomationContainer.h>
+#include <ZarnCore/instruments/sets/ZarnInstrumentSet.h>
+#include <ZarnCore/instruments/sounds/ZarnSound.h>
 #include <ZarnCore/model/ZarnChildList.h>
 #include <ZarnCore/model/ZarnLinkMode.h>
 #include <ZarnCore/model/ZarnStaff.h>

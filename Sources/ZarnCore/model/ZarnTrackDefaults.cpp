@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/model/ZarnTrackDefaults.h>
 
-#include <ZarnCore/instruments/InstrumentTypeTable.h>
+#include <ZarnCore/instruments/sets/InstrumentTypeTable.h>
 
 namespace zarn {
 namespace {

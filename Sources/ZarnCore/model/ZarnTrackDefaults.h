@@ -3,8 +3,8 @@
 
 #include <ZarnCore/ZarnExport.h>
 #include <ZarnCore/ZarnTypes.h>
-#include <ZarnCore/instruments/ZarnGuitarTuning.h>
-#include <ZarnCore/instruments/ZarnInstrumentSet.h>
+#include <ZarnCore/instruments/sets/ZarnInstrumentSet.h>
+#include <ZarnCore/instruments/tunings/ZarnGuitarTuning.h>
 
 #include <array>
 #include <cstdint>

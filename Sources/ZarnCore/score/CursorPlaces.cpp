@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/score/CursorPlaces.h>
 
-#include <ZarnCore/model/ZarnBeatSpan.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/places/ZarnBeatSpan.h>
 #include <ZarnCore/score/ZarnScoreCursor.h>
 
 #include <algorithm>

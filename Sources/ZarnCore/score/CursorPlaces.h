@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ZarnCore/model/ZarnScoreModelIndex.h>
+#include <ZarnCore/model/places/ZarnScoreModelIndex.h>
 
 #include <cstdint>
 #include <optional>

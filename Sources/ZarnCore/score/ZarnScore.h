@@ -5,11 +5,11 @@
 #include <ZarnCore/ZarnTypes.h>
 #include <ZarnCore/commands/ZarnCommandStack.h>
 #include <ZarnCore/events/ZarnEventNumber.h>
-#include <ZarnCore/instruments/ZarnAutomation.h>
-#include <ZarnCore/instruments/ZarnInstrumentSet.h>
-#include <ZarnCore/model/ZarnRetuning.h>
+#include <ZarnCore/instruments/automations/ZarnAutomation.h>
+#include <ZarnCore/instruments/sets/ZarnInstrumentSet.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
-#include <ZarnCore/model/ZarnScoreModelRange.h>
+#include <ZarnCore/model/notes/ZarnRetuning.h>
+#include <ZarnCore/model/places/ZarnScoreModelRange.h>
 #include <ZarnCore/score/ZarnScoreCursor.h>
 #include <ZarnCore/utils/SignalContainer.h>
 

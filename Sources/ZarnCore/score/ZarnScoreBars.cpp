@@ -4,7 +4,7 @@
 #include <ZarnCore/commands/Bar/ZarnCreateBars.h>
 #include <ZarnCore/commands/Bar/ZarnRemoveBars.h>
 #include <ZarnCore/commands/Bar/ZarnSetClef.h>
-#include <ZarnCore/commands/ZarnExecute.h>
+#include <ZarnCore/commands/Execute.h>
 
 namespace zarn {
 

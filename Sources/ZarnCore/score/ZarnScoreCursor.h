@@ -2,7 +2,7 @@
 #pragma once
 
 #include <ZarnCore/ZarnExport.h>
-#include <ZarnCore/model/ZarnScoreModelIndex.h>
+#include <ZarnCore/model/places/ZarnScoreModelIndex.h>
 
 #include <cstdint>
 #include <memory>

@@ -12,7 +12,7 @@
 #include <ZarnCore/commands/MasterBar/ZarnSetMasterTripletFeel.h>
 #include <ZarnCore/commands/MasterTrack/ZarnSetBarDirection.h>
 #include <ZarnCore/commands/MasterTrack/ZarnSetBarDirections.h>
-#include <ZarnCore/commands/ZarnExecute.h>
+#include <ZarnCore/commands/Execute.h>
 
 namespace zarn {
 

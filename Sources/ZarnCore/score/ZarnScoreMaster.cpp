@@ -10,8 +10,8 @@
 #include <ZarnCore/commands/Score/ZarnChangeProperties.h>
 #include <ZarnCore/commands/Score/ZarnChangeProperty.h>
 #include <ZarnCore/commands/Score/ZarnSetConcertTone.h>
-#include <ZarnCore/commands/ZarnExecute.h>
-#include <ZarnCore/instruments/ZarnMastering.h>
+#include <ZarnCore/commands/Execute.h>
+#include <ZarnCore/instruments/effects/ZarnMastering.h>
 
 namespace zarn {
 

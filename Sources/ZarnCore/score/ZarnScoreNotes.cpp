@@ -8,7 +8,7 @@
 #include <ZarnCore/commands/Note/ZarnSetMIDINote.h>
 #include <ZarnCore/commands/Note/ZarnSetNoteRest.h>
 #include <ZarnCore/commands/Note/ZarnSetStringedNote.h>
-#include <ZarnCore/commands/ZarnExecute.h>
+#include <ZarnCore/commands/Execute.h>
 
 namespace zarn {
 

@@ -12,8 +12,8 @@
 #include <ZarnCore/commands/Track/ZarnSetTrackIcon.h>
 #include <ZarnCore/commands/Track/ZarnSetTrackName.h>
 #include <ZarnCore/commands/Track/ZarnSetTrackShortName.h>
-#include <ZarnCore/commands/ZarnExecute.h>
-#include <ZarnCore/instruments/ZarnSound.h>
+#include <ZarnCore/commands/Execute.h>
+#include <ZarnCore/instruments/sounds/ZarnSound.h>
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/commands/Automations/ZarnModifyAutomations.h>
 
-#include <ZarnCore/instruments/ZarnAutomationContainer.h>
+#include <ZarnCore/instruments/automations/ZarnAutomationContainer.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <ZarnCore/commands/ZarnScoreCommand.h>
-#include <ZarnCore/instruments/ZarnAutomation.h>
+#include <ZarnCore/instruments/automations/ZarnAutomation.h>
 
 #include <memory>
 #include <set>

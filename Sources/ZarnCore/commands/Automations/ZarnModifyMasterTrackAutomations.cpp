@@ -4,7 +4,7 @@
 #include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/events/ZarnAutomationEvents.h>
 #include <ZarnCore/events/ZarnScoreEvents.h>
-#include <ZarnCore/instruments/ZarnTempoAutomation.h>
+#include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/score/ZarnScore.h>
 

@@ -3,7 +3,7 @@
 
 #include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/events/ZarnAutomationEvents.h>
-#include <ZarnCore/instruments/ZarnAutomationContainer.h>
+#include <ZarnCore/instruments/automations/ZarnAutomationContainer.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/score/ZarnScore.h>
 

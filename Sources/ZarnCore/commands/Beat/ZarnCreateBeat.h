@@ -3,7 +3,7 @@
 
 #include <ZarnCore/commands/Beat/ZarnKeptTies.h>
 #include <ZarnCore/commands/ZarnPlacingCommand.h>
-#include <ZarnCore/model/ZarnBeatSpan.h>
+#include <ZarnCore/model/places/ZarnBeatSpan.h>
 
 #include <memory>
 #include <optional>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/commands/Beat/ZarnKeptTies.h>
 
-#include <ZarnCore/model/ZarnTies.h>
 #include <ZarnCore/model/ZarnVoice.h>
+#include <ZarnCore/model/notes/ZarnTies.h>
 
 #include <algorithm>
 

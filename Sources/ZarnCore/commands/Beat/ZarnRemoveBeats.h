@@ -3,8 +3,8 @@
 
 #include <ZarnCore/commands/Beat/ZarnKeptTies.h>
 #include <ZarnCore/commands/ZarnPlacingCommand.h>
-#include <ZarnCore/model/ZarnBeatSpan.h>
-#include <ZarnCore/model/ZarnScoreModelRange.h>
+#include <ZarnCore/model/places/ZarnBeatSpan.h>
+#include <ZarnCore/model/places/ZarnScoreModelRange.h>
 
 #include <memory>
 #include <vector>

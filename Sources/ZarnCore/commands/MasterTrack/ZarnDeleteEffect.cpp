@@ -4,7 +4,7 @@
 #include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/events/ZarnEffectEvents.h>
 #include <ZarnCore/events/ZarnScoreEvents.h>
-#include <ZarnCore/instruments/ZarnMastering.h>
+#include <ZarnCore/instruments/effects/ZarnMastering.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/score/ZarnScore.h>
 

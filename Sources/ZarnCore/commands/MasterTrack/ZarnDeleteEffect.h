@@ -2,7 +2,7 @@
 #pragma once
 
 #include <ZarnCore/commands/ZarnScoreCommand.h>
-#include <ZarnCore/instruments/ZarnEffect.h>
+#include <ZarnCore/instruments/effects/ZarnEffect.h>
 
 namespace zarn::cmd {
 

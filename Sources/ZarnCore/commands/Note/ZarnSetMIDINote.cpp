@@ -3,8 +3,8 @@
 
 #include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/model/ZarnBeat.h>
-#include <ZarnCore/model/ZarnFretting.h>
 #include <ZarnCore/model/ZarnStaff.h>
+#include <ZarnCore/model/notes/ZarnFretting.h>
 
 namespace zarn::cmd {
 

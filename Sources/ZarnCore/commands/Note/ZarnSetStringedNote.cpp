@@ -3,7 +3,7 @@
 
 #include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/model/ZarnBeat.h>
-#include <ZarnCore/model/ZarnFretting.h>
+#include <ZarnCore/model/notes/ZarnFretting.h>
 
 namespace zarn::cmd {
 

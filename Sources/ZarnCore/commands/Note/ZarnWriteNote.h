@@ -3,8 +3,8 @@
 
 #include <ZarnCore/commands/Beat/ZarnKeptTies.h>
 #include <ZarnCore/commands/ZarnScoreCommand.h>
-#include <ZarnCore/model/ZarnBeatSpan.h>
-#include <ZarnCore/model/ZarnScoreModelIndex.h>
+#include <ZarnCore/model/places/ZarnBeatSpan.h>
+#include <ZarnCore/model/places/ZarnScoreModelIndex.h>
 
 #include <memory>
 #include <optional>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <ZarnCore/commands/ZarnScoreCommand.h>
-#include <ZarnCore/model/ZarnHeaderAndFooter.h>
+#include <ZarnCore/model/layout/ZarnHeaderAndFooter.h>
 
 #include <string>
 

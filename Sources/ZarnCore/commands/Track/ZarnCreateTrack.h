@@ -2,7 +2,7 @@
 #pragma once
 
 #include <ZarnCore/commands/Track/ZarnTrackPlacing.h>
-#include <ZarnCore/instruments/ZarnInstrumentSet.h>
+#include <ZarnCore/instruments/sets/ZarnInstrumentSet.h>
 
 namespace zarn::cmd {
 

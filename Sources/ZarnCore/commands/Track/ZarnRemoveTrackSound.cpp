@@ -3,7 +3,7 @@
 
 #include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/events/ZarnSoundEvents.h>
-#include <ZarnCore/instruments/ZarnSound.h>
+#include <ZarnCore/instruments/sounds/ZarnSound.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/score/ZarnScore.h>
 

@@ -3,8 +3,8 @@
 
 #include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/events/ZarnTrackEvents.h>
-#include <ZarnCore/model/ZarnFretting.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/notes/ZarnFretting.h>
 #include <ZarnCore/score/ZarnScore.h>
 
 namespace zarn::cmd {

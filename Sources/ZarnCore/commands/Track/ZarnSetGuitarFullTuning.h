@@ -2,9 +2,9 @@
 #pragma once
 
 #include <ZarnCore/commands/ZarnScoreCommand.h>
-#include <ZarnCore/instruments/ZarnGuitarTuning.h>
+#include <ZarnCore/instruments/tunings/ZarnGuitarTuning.h>
 #include <ZarnCore/model/ZarnNote.h>
-#include <ZarnCore/model/ZarnRetuning.h>
+#include <ZarnCore/model/notes/ZarnRetuning.h>
 
 #include <optional>
 #include <vector>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <ZarnCore/ZarnExport.h>
-#include <ZarnCore/instruments/ZarnInstrument.h>
+#include <ZarnCore/instruments/sounds/ZarnInstrument.h>
 
 #include <rapidjson/fwd.h>
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <ZarnCore/ZarnExport.h>
-#include <ZarnCore/instruments/ZarnInstrumentSet.h>
+#include <ZarnCore/instruments/sets/ZarnInstrumentSet.h>
 
 #include <rapidjson/fwd.h>
 

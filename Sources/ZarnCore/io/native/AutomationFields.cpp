@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include <ZarnCore/instruments/ZarnPickupKnobAutomation.h>
-#include <ZarnCore/instruments/ZarnSoundAutomation.h>
-#include <ZarnCore/instruments/ZarnTempoAutomation.h>
+#include <ZarnCore/instruments/automations/ZarnPickupKnobAutomation.h>
+#include <ZarnCore/instruments/automations/ZarnSoundAutomation.h>
+#include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
 #include <ZarnCore/io/native/Fields.h>
 #include <ZarnCore/io/native/SoundFields.h>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ZarnCore/instruments/ZarnAutomationContainer.h>
-#include <ZarnCore/instruments/ZarnMastering.h>
-#include <ZarnCore/instruments/ZarnSound.h>
+#include <ZarnCore/instruments/automations/ZarnAutomationContainer.h>
+#include <ZarnCore/instruments/effects/ZarnMastering.h>
+#include <ZarnCore/instruments/sounds/ZarnSound.h>
 #include <ZarnCore/io/native/Codec.h>
 
 namespace zarn::io::native {

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/core/BuiltInFormats.h>
+
+#include <ZarnCore/core/FormatRegistry.h>
+#include <ZarnCore/io/ZarnMusicXmlImporter.h>
+#include <ZarnCore/io/ZarnNativeExporter.h>
+#include <ZarnCore/io/ZarnNativeImporter.h>
+
+namespace zarn {
+
+void addBuiltInFormats(FormatRegistry &formats)
+{
+    static io::NativeImporter nativeImporter;
+    static io::MusicXmlImporter musicXmlImporter;
+    static io::NativeExporter nativeExporter;
+    formats.add(&nativeImporter);
+    formats.add(&musicXmlImporter);
+    formats.add(&nativeExporter);
+}
+
+} // namespace zarn

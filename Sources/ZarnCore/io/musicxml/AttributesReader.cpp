@@ -1,0 +1,304 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/musicxml/AttributesReader.h>
+
+#include <ZarnCore/io/ZarnSourceTally.h>
+#include <ZarnCore/io/musicxml/ImportContext.h>
+#include <ZarnCore/io/musicxml/MeasureTimeline.h>
+
+#include <algorithm>
+#include <cstring>
+#include <string_view>
+
+namespace zarn::io {
+
+namespace {
+
+/// More staves and strings than any instrument has; what is past them is no score.
+constexpr int mostStaves = 64;
+constexpr int mostStrings = 12;
+
+std::string_view textOf(pugi::xml_node node, const char *child)
+{
+    return node.child_value(child);
+}
+
+/// Number of the staff that an element is for, from 0; -1 when it is for all.
+int staffOf(pugi::xml_node node)
+{
+    const auto number = node.attribute("number");
+    return number ? std::clamp(number.as_int(1), 1, mostStaves) - 1 : -1;
+}
+
+WrittenStaff &staffAt(PartFacts &facts, int staff)
+{
+    const auto needed = static_cast<std::size_t>(std::max(staff, 0)) + 1;
+    if (facts.staves.size() < needed)
+        facts.staves.resize(needed);
+    return facts.staves[needed - 1];
+}
+
+/// "3+2" is 5; nothing for what is no sum of positive numbers.
+std::optional<unsigned> sumOf(std::string_view text)
+{
+    int sum = 0;
+    for (std::size_t at = 0; at <= text.size();) {
+        const auto end = std::min(text.find('+', at), text.size());
+        const auto term = parseInteger(std::string(text.substr(at, end - at)).c_str());
+        if (!term || *term < 1 || *term > 1000)
+            return std::nullopt;
+        sum += *term;
+        at = end + 1;
+    }
+    return sum <= 1000 ? std::optional<unsigned>(static_cast<unsigned>(sum)) : std::nullopt;
+}
+
+} // namespace
+
+AttributesReader::AttributesReader(ImportContext &context, SourceTally &tally)
+    : _context(context), _tally(tally)
+{
+}
+
+void AttributesReader::read(pugi::xml_node node, PartFacts &facts, MeasureTimeline &timeline)
+{
+    for (auto child = node.first_child(); child; child = child.next_sibling()) {
+        switch (const auto tag = tagOf(child.name()); tag) {
+        case Tag::Divisions:
+            readDivisions(child, timeline);
+            break;
+        case Tag::Key:
+            readKey(child, facts);
+            break;
+        case Tag::Time:
+            readTime(child, facts);
+            break;
+        case Tag::Staves:
+            staffAt(facts, std::clamp(_context.integer(child, 1), 1, mostStaves) - 1);
+            break;
+        case Tag::Clef:
+            readClef(child, facts, timeline.exact());
+            break;
+        case Tag::StaffDetails:
+            readStaffDetails(child, facts);
+            break;
+        case Tag::Transpose:
+            readTranspose(child, facts);
+            break;
+        case Tag::MeasureStyle:
+            readMeasureStyle(child, facts);
+            break;
+        default:
+            _context.addUnheld(child, tag);
+        }
+    }
+}
+
+void AttributesReader::readDivisions(pugi::xml_node node, MeasureTimeline &timeline)
+{
+    const auto value = _context.decimal(node, timeline.divisions());
+    if (value > utils::rational(0))
+        timeline.setDivisions(value);
+    else
+        _context.addProblem(
+            node, "divisions are not above 0; " + timeline.divisions().toString() + " was kept");
+}
+
+void AttributesReader::readKey(pugi::xml_node node, PartFacts &facts)
+{
+    const auto fifthsNode = node.child("fifths");
+    if (!fifthsNode) {
+        ++_tally.keys["non-traditional"];
+        _context.addProblem(node, "a key that is not counted in fifths was left out");
+        return;
+    }
+    const auto mode = textOf(node, "mode");
+    ++_tally.keys[std::string(fifthsNode.child_value()) + " "
+                  + (mode.empty() ? "-" : std::string(mode))];
+    const int fifths = std::clamp(_context.integer(fifthsNode, 0), -100, 100);
+    if (fifths < -7 || fifths > 7)
+        _context.addProblem(
+            node, "a key of " + std::to_string(fifths) + " fifths was respelled within seven");
+    if (!mode.empty() && mode != "major" && mode != "minor" && mode != "none")
+        _context.addProblem(node,
+                            "the mode \"" + std::string(mode) + "\" was read as major or minor");
+    const bool minor = mode == "minor" || mode == "dorian" || mode == "phrygian"
+        || mode == "aeolian" || mode == "locrian";
+    if (const int staff = staffOf(node); staff > 0) {
+        _context.addProblem(node,
+                            "a key of staff " + std::to_string(staff + 1) + " alone was left out");
+        return;
+    }
+    facts.keys.push_back({_context.bar(), fifths, minor, node});
+}
+
+void AttributesReader::readTime(pugi::xml_node node, PartFacts &facts)
+{
+    if (node.child("senza-misura")) {
+        ++_tally.times["senza-misura"];
+        facts.times.push_back({_context.bar(), 0, 0, true, node});
+        return;
+    }
+    std::string text;
+    unsigned beats = 0;
+    unsigned unit = 1;
+    bool valid = true;
+    int pairs = 0;
+    for (auto child = node.child("beats"); child; child = child.next_sibling("beats")) {
+        const auto type = child.next_sibling("beat-type");
+        text +=
+            (text.empty() ? "" : " ") + std::string(child.child_value()) + "/" + type.child_value();
+        const auto sum = sumOf(child.child_value());
+        const auto denominator = parseInteger(type.child_value());
+        const bool isUnit = denominator && *denominator >= 1 && *denominator <= 256
+            && (*denominator & (*denominator - 1)) == 0;
+        if (!sum || !isUnit) {
+            valid = false;
+            continue;
+        }
+        const auto common = std::max(unit, static_cast<unsigned>(*denominator));
+        beats = beats * (common / unit) + *sum * (common / static_cast<unsigned>(*denominator));
+        unit = common;
+        ++pairs;
+    }
+    ++_tally.times[text];
+    if (!valid || beats == 0 || beats > 1000) {
+        _context.addProblem(node, "the time signature \"" + text + "\" was left out");
+        return;
+    }
+    if (pairs > 1 || text.find('+') != text.npos)
+        _context.addProblem(node,
+                            "the time signature " + text + " was summed to " + std::to_string(beats)
+                                + "/" + std::to_string(unit));
+    if (const int staff = staffOf(node); staff > 0) {
+        _context.addProblem(
+            node, "a time signature of staff " + std::to_string(staff + 1) + " alone was left out");
+        return;
+    }
+    facts.times.push_back({_context.bar(), beats, unit, false, node});
+}
+
+void AttributesReader::readClef(pugi::xml_node node, PartFacts &facts,
+                                const utils::rational &position)
+{
+    const auto sign = textOf(node, "sign");
+    const auto line = textOf(node, "line");
+    const auto shift = node.child("clef-octave-change");
+    auto name = std::string(sign) + std::string(line);
+    ++_tally.clefs[name + (shift ? "/" + std::string(shift.child_value()) : "")];
+
+    const int staff = std::max(staffOf(node), 0);
+    WrittenClef clef = {_context.bar(), staff, position, ClefType::G2, Ottavia::None, false};
+    if (sign == "TAB") {
+        clef.tablature = true;
+        staffAt(facts, staff).tablature = true;
+    } else if (sign == "percussion" || sign == "none") {
+        clef.clef = ClefType::Neutral;
+    } else if (line.empty() && (sign == "G" || sign == "F" || sign == "C")) {
+        clef.clef = sign == "G" ? ClefType::G2 : sign == "F" ? ClefType::F4 : ClefType::C3;
+    } else if (name == "G2" || name == "F4" || name == "C3" || name == "C4") {
+        clef.clef = clefFromString(name);
+    } else {
+        clef.clef = sign == "F" ? ClefType::F4 : sign == "C" ? ClefType::C3 : ClefType::G2;
+        _context.addProblem(node,
+                            "the clef " + name + " was replaced by " + clefToString(clef.clef));
+    }
+    if (shift) {
+        const int octaves = _context.integer(shift, 0);
+        constexpr Ottavia signs[] = {Ottavia::_15mb, Ottavia::_8vb, Ottavia::None, Ottavia::_8va,
+                                     Ottavia::_15ma};
+        clef.ottavia = signs[std::clamp(octaves, -2, 2) + 2];
+    }
+    staffAt(facts, staff);
+    facts.clefs.push_back(clef);
+}
+
+void AttributesReader::readStaffDetails(pugi::xml_node node, PartFacts &facts)
+{
+    auto &staff = staffAt(facts, staffOf(node));
+    const bool known = !staff.tuning.empty();
+    std::vector<std::optional<int>> strings;
+    for (auto child = node.first_child(); child; child = child.next_sibling()) {
+        switch (const auto tag = tagOf(child.name()); tag) {
+        case Tag::StaffLines:
+            staff.lines = std::clamp(_context.integer(child, 5), 0, mostStrings);
+            break;
+        case Tag::Capo:
+            staff.capo = std::clamp(_context.integer(child, 0), 0, 255);
+            break;
+        case Tag::StaffTuning: {
+            constexpr int semitones[] = {9, 11, 0, 2, 4, 5, 7}; // A to G
+            const auto step = textOf(child, "tuning-step");
+            const auto octave = parseInteger(child.child_value("tuning-octave"));
+            const int line = child.attribute("line").as_int();
+            const auto alter = parseDecimal(child.child_value("tuning-alter"));
+            if (step.size() != 1 || step[0] < 'A' || step[0] > 'G' || !octave || line < 1
+                || line > mostStrings) {
+                _context.addProblem(child, "a string's tuning cannot be read and was left out");
+                break;
+            }
+            if (strings.size() < static_cast<std::size_t>(line))
+                strings.resize(static_cast<std::size_t>(line));
+            strings[static_cast<std::size_t>(line) - 1] = 12 * (std::clamp(*octave, -1, 10) + 1)
+                + semitones[step[0] - 'A'] + static_cast<int>(alter ? alter->round() : 0);
+            break;
+        }
+        default:
+            _context.addUnheld(child, tag);
+        }
+    }
+    if (strings.empty())
+        return;
+    std::vector<int> tuning;
+    for (const auto &string : strings) {
+        if (!string) {
+            _context.addProblem(node, "the tuning leaves out a string; it was not used");
+            return;
+        }
+        tuning.push_back(*string);
+    }
+    if (known && tuning != staff.tuning)
+        _context.addProblem(node, "the tuning changes; the first one was kept");
+    else
+        staff.tuning = std::move(tuning);
+}
+
+void AttributesReader::readMeasureStyle(pugi::xml_node node, PartFacts &facts)
+{
+    for (auto child = node.first_child(); child; child = child.next_sibling()) {
+        if (const auto tag = tagOf(child.name()); tag != Tag::MeasureRepeat) {
+            _context.addUnheld(child, tag);
+            continue;
+        }
+        const bool ends = std::strcmp(child.attribute("type").value(), "stop") == 0;
+        const int count = ends ? 0 : _context.integer(child, 1);
+        if (!ends && count != 1 && count != 2)
+            _context.addUnheld(child);
+        else if (_context.bar() < count)
+            _context.addProblem(child,
+                                "a sign that repeats bars has none before it and was left out");
+        else
+            facts.measureRepeats.push_back({_context.bar(), staffOf(node), count, child});
+    }
+}
+
+void AttributesReader::readTranspose(pugi::xml_node node, PartFacts &facts)
+{
+    const auto number = [&](const char *name) {
+        const auto child = node.child(name);
+        return child ? static_cast<int>(_context.decimal(child, 0).round()) : 0;
+    };
+    const int octaves = std::clamp(number("octave-change"), -10, 10);
+    const int chromatic = std::clamp(number("chromatic"), -60, 60) + 12 * octaves;
+    const int diatonic = number("diatonic") + 7 * octaves;
+    if (const auto twice = node.child("double"))
+        _context.addUnheld(twice);
+    if (facts.transposes && chromatic != facts.chromatic) {
+        _context.addProblem(node, "the transposition changes; the first one was kept");
+        return;
+    }
+    facts.transposes = true;
+    facts.chromatic = chromatic;
+    facts.diatonic = diatonic;
+}
+
+} // namespace zarn::io

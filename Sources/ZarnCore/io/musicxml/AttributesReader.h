@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/io/musicxml/PartFacts.h>
+
+namespace zarn::io {
+
+class ImportContext;
+class MeasureTimeline;
+struct SourceTally;
+
+/// Reads <attributes>: divisions, keys, times, clefs, staves, tunings, transpositions and
+/// signs that repeat bars.
+class AttributesReader {
+public:
+    AttributesReader(ImportContext &context, SourceTally &tally);
+
+    /// `timeline` gives the position and takes new divisions.
+    void read(pugi::xml_node node, PartFacts &facts, MeasureTimeline &timeline);
+
+private:
+    void readDivisions(pugi::xml_node node, MeasureTimeline &timeline);
+    void readKey(pugi::xml_node node, PartFacts &facts);
+    void readTime(pugi::xml_node node, PartFacts &facts);
+    void readClef(pugi::xml_node node, PartFacts &facts, const utils::rational &position);
+    void readStaffDetails(pugi::xml_node node, PartFacts &facts);
+    void readMeasureStyle(pugi::xml_node node, PartFacts &facts);
+    void readTranspose(pugi::xml_node node, PartFacts &facts);
+
+    ImportContext &_context;
+    SourceTally &_tally;
+};
+
+} // namespace zarn::io

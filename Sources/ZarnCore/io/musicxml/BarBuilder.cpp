@@ -1,0 +1,241 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/musicxml/BarBuilder.h>
+
+#include <ZarnCore/io/musicxml/ImportContext.h>
+#include <ZarnCore/io/musicxml/NoteMaker.h>
+
+#include <algorithm>
+
+namespace zarn::io {
+
+using utils::rational;
+
+namespace {
+
+/// How far `beatNear` looks around in each voice.
+constexpr std::ptrdiff_t nearBeats = 16;
+
+} // namespace
+
+BarBuilder::BarBuilder(ImportContext &context, NoteMaker &notes) : _context(context), _notes(notes)
+{
+}
+
+void BarBuilder::startPart()
+{
+    _staves.clear();
+    _rests.clear();
+}
+
+void BarBuilder::build(const WrittenMeasure &measure,
+                       std::vector<std::vector<std::shared_ptr<Bar>>> &staves)
+{
+    _staves.resize(std::max(staves.size(), _staves.size()));
+    _chordBeats.assign(_staves.size(), nullptr);
+    for (const auto &note : measure.notes)
+        if (!note.chord || !joinChord(note))
+            place(note);
+    for (auto &staff : _staves)
+        for (auto &slot : staff.slots)
+            if (!slot.beats.empty())
+                fill(slot, measure.length, measure.node);
+    attachMarks(measure);
+    attachOttavas(measure);
+
+    for (std::size_t i = 0; i < staves.size(); ++i) {
+        auto bar = std::make_shared<Bar>();
+        for (unsigned number = 0; number < Bar::MaxVoices; ++number) {
+            auto &slot = _staves[i].slots[number];
+            if (!slot.beats.empty()) {
+                Voice::Beats beats;
+                beats.reserve(slot.beats.size());
+                for (auto &placed : slot.beats)
+                    beats.push_back(std::move(placed.beat));
+                auto voice = std::make_shared<Voice>();
+                voice->insertBeats(0, std::move(beats));
+                bar->setVoice(number, voice);
+            }
+            slot.beats.clear();
+            slot.voice = Nobody;
+            slot.end = 0;
+        }
+        staves[i].push_back(std::move(bar));
+    }
+}
+
+/// A further note of a chord: grows on the chord's beat of its staff. False when that staff has
+/// none yet.
+bool BarBuilder::joinChord(const WrittenNote &note)
+{
+    auto *beat = _chordBeats[static_cast<std::size_t>(note.staff)];
+    if (!beat)
+        return false;
+    if (note.kind == NoteKind::Rest || note.kind == NoteKind::Unknown)
+        _context.addUnheld(note.node);
+    else
+        beat->addNote(_notes.make(note));
+    return true;
+}
+
+void BarBuilder::place(const WrittenNote &note)
+{
+    if (!note.chord)
+        std::fill(_chordBeats.begin(), _chordBeats.end(), nullptr);
+    if (auto *slot = slotFor(note))
+        append(*slot, note);
+    else
+        squeezeIn(note);
+}
+
+BarBuilder::Slot *BarBuilder::slotFor(const WrittenNote &note)
+{
+    auto &staff = _staves[static_cast<std::size_t>(note.staff)];
+    if (auto *own = ownSlot(staff, note.voice)) {
+        if (!(note.onset + note.tolerance < own->end))
+            return own;
+        auto *other = freeSlot(staff, note.voice);
+        _context.addProblem(note.node,
+                            other
+                                ? "notes of one voice overlap; the later one went to another voice"
+                                : "notes of one voice overlap");
+        return other ? other : roomySlot(staff, note);
+    }
+    if (auto *slot = freeSlot(staff, note.voice))
+        return slot;
+    _context.addProblem(note.node, "a fifth voice stands on the staff; it joined the others");
+    return roomySlot(staff, note);
+}
+
+BarBuilder::Slot *BarBuilder::ownSlot(StaffSlots &staff, int voice)
+{
+    for (auto &slot : staff.slots)
+        if (slot.voice == voice)
+            return &slot;
+    return nullptr;
+}
+
+/// A slot that is empty in this bar, the voice's usual one if it can be had.
+BarBuilder::Slot *BarBuilder::freeSlot(StaffSlots &staff, int voice)
+{
+    const auto index = static_cast<std::size_t>(voice);
+    if (staff.preferred.size() <= index)
+        staff.preferred.resize(index + 1, Nobody);
+    auto &preferred = staff.preferred[index];
+    if (preferred == Nobody) {
+        const auto open = std::find(staff.claimed.begin(), staff.claimed.end(), false);
+        if (open != staff.claimed.end()) {
+            *open = true;
+            preferred = static_cast<int>(open - staff.claimed.begin());
+        }
+    }
+    const auto take = [&](Slot &slot) {
+        if (slot.voice != Nobody)
+            return false;
+        slot.voice = voice;
+        return true;
+    };
+    if (preferred != Nobody && take(staff.slots[static_cast<std::size_t>(preferred)]))
+        return &staff.slots[static_cast<std::size_t>(preferred)];
+    for (auto slot = staff.slots.rbegin(); slot != staff.slots.rend(); ++slot)
+        if (take(*slot))
+            return &*slot;
+    return nullptr;
+}
+
+/// A slot of another voice that has ended when the note begins.
+BarBuilder::Slot *BarBuilder::roomySlot(StaffSlots &staff, const WrittenNote &note)
+{
+    for (auto &slot : staff.slots)
+        if (!(note.onset + note.tolerance < slot.end))
+            return &slot;
+    return nullptr;
+}
+
+void BarBuilder::append(Slot &slot, const WrittenNote &note)
+{
+    if (slot.end + note.tolerance < note.onset)
+        fill(slot, note.onset, note.node);
+    auto beat = std::make_shared<Beat>(note.rhythm);
+    if (note.grace) {
+        beat->setGraceType(note.slashed ? GraceType::BeforeBeat : GraceType::OnBeat);
+        beat->setSlashedGrace(note.slashed);
+    }
+    if (note.kind == NoteKind::Unknown) {
+        beat->setPlaceHolder(true);
+        _context.addProblem(note.node,
+                            "a note that is neither pitched, unpitched nor a rest was "
+                            "left out");
+    } else if (note.kind != NoteKind::Rest) {
+        beat->addNote(_notes.make(note));
+    } else if (note.wholeMeasure) {
+        _rests.push_back({static_cast<unsigned>(_context.bar()), note.length, beat});
+    }
+    _chordBeats[static_cast<std::size_t>(note.staff)] = beat.get();
+    const auto onset = slot.end;
+    if (!note.grace)
+        slot.end += note.rhythm.getLength();
+    slot.beats.push_back({onset, std::move(beat)});
+}
+
+/// Fills a slot up to `end` with place holders.
+void BarBuilder::fill(Slot &slot, const rational &end, pugi::xml_node node)
+{
+    if (!(slot.end < end))
+        return;
+    _fillers.clear();
+    try {
+        RhythmValue::rhythms(end - slot.end, _fillers);
+    } catch (const CoreException &) {
+        _context.addProblem(node,
+                            "a gap of " + (end - slot.end).toString()
+                                + " quarters fits no note values and was closed");
+        return;
+    }
+    for (const auto &rhythm : _fillers) {
+        auto beat = std::make_shared<Beat>(rhythm);
+        beat->setPlaceHolder(true);
+        slot.beats.push_back({slot.end, std::move(beat)});
+        slot.end += rhythm.getLength();
+    }
+}
+
+/// The last resort: the note joins the beat that begins nearest to it.
+void BarBuilder::squeezeIn(const WrittenNote &note)
+{
+    auto &staff = _staves[static_cast<std::size_t>(note.staff)];
+    auto *near = beatNear(staff, note.onset);
+    if (!near || note.kind == NoteKind::Rest || note.kind == NoteKind::Unknown) {
+        _context.addUnheld(note.node);
+        _context.addProblem(note.node, "a rest that fits in no voice was left out");
+        return;
+    }
+    _context.addProblem(note.node,
+                        "a note that fits in no voice joined the beat at " + near->onset.toString()
+                            + " quarters");
+    near->beat->addNote(_notes.make(note));
+    _chordBeats[static_cast<std::size_t>(note.staff)] = near->beat.get();
+}
+
+/// The beat with notes whose onset is nearest, or else one without; never a grace beat.
+BarBuilder::PlacedBeat *BarBuilder::beatNear(StaffSlots &staff, const rational &onset)
+{
+    PlacedBeat *best = nullptr;
+    const auto isBetter = [&](const PlacedBeat &candidate) {
+        if (!best || candidate.beat->hasNotes() != best->beat->hasNotes())
+            return !best || candidate.beat->hasNotes();
+        return utils::abs(candidate.onset - onset) < utils::abs(best->onset - onset);
+    };
+    for (auto &slot : staff.slots) {
+        const auto middle =
+            std::partition_point(slot.beats.begin(), slot.beats.end(),
+                                 [&](const PlacedBeat &placed) { return placed.onset < onset; });
+        auto placed = middle - std::min(nearBeats, middle - slot.beats.begin());
+        const auto end = middle + std::min(nearBeats, slot.beats.end() - middle);
+        for (; placed != end; ++placed)
+            if (!placed->beat->isGrace() && isBetter(*placed))
+                best = &*placed;
+    }
+    return best;
+}
+
+} // namespace zarn::io

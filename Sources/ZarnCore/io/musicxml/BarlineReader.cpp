@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/musicxml/BarlineReader.h>
+
+#include <ZarnCore/io/musicxml/ImportContext.h>
+
+#include <algorithm>
+#include <string_view>
+
+namespace zarn::io {
+
+namespace {
+
+constexpr int mostPasses = 32;
+constexpr int mostTimes = 255;
+
+} // namespace
+
+void BarlineReader::read(pugi::xml_node node, PartFacts &facts)
+{
+    const std::string_view location = node.attribute("location").value();
+    const bool left = location == "left";
+    const auto repeat = node.child("repeat");
+    if (location == "middle" && repeat) {
+        _context.addProblem(repeat, "a repeat in the middle of a bar was left out");
+        return;
+    }
+    const auto addSign = [&](WrittenJump::Kind kind, const char *name, pugi::xml_node sign) {
+        facts.jumps.push_back({_context.bar(), kind, WrittenJump::Until::End, name, sign});
+    };
+    for (auto child = node.first_child(); child; child = child.next_sibling()) {
+        switch (const auto tag = tagOf(child.name()); tag) {
+        case Tag::BarStyle:
+            readStyle(child, left, static_cast<bool>(repeat), facts);
+            break;
+        case Tag::Repeat:
+            readRepeat(child, facts);
+            break;
+        case Tag::Ending:
+            readEnding(child, left, facts);
+            break;
+        case Tag::Segno:
+            addSign(WrittenJump::Kind::Segno, node.attribute("segno").value(), child);
+            break;
+        case Tag::Coda:
+            addSign(WrittenJump::Kind::Coda, node.attribute("coda").value(), child);
+            break;
+        default:
+            _context.addUnheld(child, tag);
+        }
+    }
+}
+
+void BarlineReader::readStyle(pugi::xml_node style, bool left, bool repeats, PartFacts &facts)
+{
+    const std::string_view name = style.child_value();
+    if (name == "light-light" && _context.bar() - left >= 0)
+        facts.doubleBars.push_back(_context.bar() - left);
+    else if (name != "regular" && name != "light-heavy" && !repeats)
+        _context.addUnheld(style, Tag::BarStyle);
+}
+
+void BarlineReader::readRepeat(pugi::xml_node repeat, PartFacts &facts)
+{
+    const std::string_view direction = repeat.attribute("direction").value();
+    const auto timesAttribute = repeat.attribute("times");
+    const int times = timesAttribute ? timesAttribute.as_int() : 2;
+    if (direction == "forward") {
+        facts.repeats.push_back({_context.bar(), true, 0});
+    } else if (direction == "backward") {
+        const int playable = std::clamp(times, 2, mostTimes);
+        if (playable != times)
+            _context.addProblem(repeat,
+                                "a repeat cannot be played " + std::to_string(times) + " times; "
+                                    + std::to_string(playable) + " was taken");
+        facts.repeats.push_back({_context.bar(), false, static_cast<unsigned>(playable)});
+    } else {
+        _context.addProblem(repeat, "a repeat that goes neither forward nor backward was left out");
+    }
+}
+
+void BarlineReader::readEnding(pugi::xml_node ending, bool left, PartFacts &facts)
+{
+    const std::string_view type = ending.attribute("type").value();
+    const int bar = _context.bar();
+    if (type == "start") {
+        if (_open) {
+            _context.addProblem(ending, "the ending before has no end; it ends here");
+            _open->last = std::max(_open->first, bar - 1);
+            facts.endings.push_back(*_open);
+        }
+        _open = WrittenEnding{bar, bar, passesOf(ending)};
+        return;
+    }
+    if (!_open) {
+        _context.addProblem(ending, "an ending ends that was not begun; it covers this bar");
+        _open = WrittenEnding{bar, bar, passesOf(ending)};
+    }
+    _open->last = std::max(_open->first, left ? bar - 1 : bar);
+    facts.endings.push_back(*_open);
+    _open.reset();
+}
+
+void BarlineReader::finishPart(PartFacts &facts)
+{
+    if (_open) {
+        _open->last = std::max(_open->first, static_cast<int>(facts.bars.size()) - 1);
+        facts.endings.push_back(*_open);
+    }
+    _open.reset();
+}
+
+std::uint32_t BarlineReader::passesOf(pugi::xml_node ending)
+{
+    std::uint32_t passes = 0;
+    bool valid = true;
+    const std::string numbers = ending.attribute("number").value();
+    for (std::size_t at = 0; at < numbers.size();) {
+        const auto end = std::min(numbers.find_first_of(", ", at), numbers.size());
+        if (end > at) {
+            const auto pass = parseInteger(numbers.substr(at, end - at).c_str());
+            if (pass && *pass >= 1 && *pass <= mostPasses)
+                passes |= std::uint32_t(1) << (*pass - 1);
+            else
+                valid = false;
+        }
+        at = end + 1;
+    }
+    if (!valid || passes == 0)
+        _context.addProblem(
+            ending, "the numbers of an ending, \"" + numbers + "\", are not all from 1 to 32");
+    return passes;
+}
+
+} // namespace zarn::io

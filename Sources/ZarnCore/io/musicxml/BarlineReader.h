@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/io/musicxml/PartFacts.h>
+
+#include <optional>
+
+namespace zarn::io {
+
+class ImportContext;
+
+/// Reads <barline>: repeats, endings, double bars, and the signs on bar lines.
+class BarlineReader {
+public:
+    explicit BarlineReader(ImportContext &context) : _context(context) { }
+
+    void read(pugi::xml_node node, PartFacts &facts);
+
+    /// Closes an ending that the part left open.
+    void finishPart(PartFacts &facts);
+
+private:
+    void readStyle(pugi::xml_node style, bool left, bool repeats, PartFacts &facts);
+    void readRepeat(pugi::xml_node repeat, PartFacts &facts);
+    void readEnding(pugi::xml_node ending, bool left, PartFacts &facts);
+    std::uint32_t passesOf(pugi::xml_node ending);
+
+    ImportContext &_context;
+    std::optional<WrittenEnding> _open;
+};
+
+} // namespace zarn::io

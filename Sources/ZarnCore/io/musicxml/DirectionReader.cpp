@@ -1,0 +1,230 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/musicxml/DirectionReader.h>
+
+#include <ZarnCore/ZarnTypes.h>
+#include <ZarnCore/io/musicxml/HarmonyText.h>
+#include <ZarnCore/io/musicxml/ImportContext.h>
+#include <ZarnCore/io/musicxml/JumpWords.h>
+#include <ZarnCore/io/musicxml/MeasureTimeline.h>
+#include <ZarnCore/io/musicxml/Metronome.h>
+#include <ZarnCore/music/ZarnNoteDynamic.h>
+
+#include <algorithm>
+#include <cmath>
+#include <string_view>
+
+namespace zarn::io {
+
+using utils::rational;
+
+namespace {
+
+rational positionOf(pugi::xml_node node, const MeasureTimeline &timeline, ImportContext &context)
+{
+    const auto offset = node.child("offset");
+    if (!offset)
+        return timeline.exact();
+    return std::max(rational(0),
+                    timeline.exact() + context.decimal(offset, 0) / timeline.divisions());
+}
+
+int staffOf(pugi::xml_node node, ImportContext &context)
+{
+    const auto staff = node.child("staff");
+    return staff ? std::max(context.integer(staff, 1), 1) - 1 : 0;
+}
+
+std::string joined(const std::vector<pugi::xml_node> &words)
+{
+    std::string text;
+    for (const auto word : words) {
+        const std::string part = word.child_value();
+        text += (text.empty() || part.empty() ? "" : " ") + part;
+    }
+    return text;
+}
+
+} // namespace
+
+void DirectionReader::readDirection(pugi::xml_node node, const MeasureTimeline &timeline,
+                                    PartFacts &facts, WrittenMeasure &measure)
+{
+    const auto position = positionOf(node, timeline, _context);
+    const int staff = staffOf(node, _context);
+    Gathered gathered;
+    for (auto child = node.first_child(); child; child = child.next_sibling()) {
+        switch (const auto tag = tagOf(child.name()); tag) {
+        case Tag::DirectionType:
+            gather(child, gathered, facts, position, staff, measure);
+            break;
+        case Tag::Sound:
+            gathered.sound = child;
+            _context.addUnheldChildren(child);
+            break;
+        case Tag::Offset:
+        case Tag::Staff:
+        case Tag::Voice:
+            break;
+        default:
+            _context.addUnheld(child, tag);
+        }
+    }
+    const auto words = joined(gathered.words);
+    const bool isTempo = readTempo(gathered, words, position, facts);
+    const bool isJump = readJumps(gathered, words, facts);
+    if (!words.empty() && !isTempo && !isJump)
+        measure.marks.push_back({node, WrittenMark::Kind::Text, position, staff, 0, words});
+}
+
+void DirectionReader::gather(pugi::xml_node type, Gathered &gathered, PartFacts &facts,
+                             const rational &position, int staff, WrittenMeasure &measure)
+{
+    for (auto child = type.first_child(); child; child = child.next_sibling()) {
+        switch (const auto tag = tagOf(child.name()); tag) {
+        case Tag::Words:
+            gathered.words.push_back(child);
+            break;
+        case Tag::Rehearsal:
+            facts.sections.push_back({_context.bar(), child.child_value()});
+            break;
+        case Tag::Segno:
+        case Tag::Coda:
+            gathered.signs.push_back(child);
+            break;
+        case Tag::Metronome:
+            gathered.metronome = child;
+            break;
+        case Tag::Dynamics:
+            readDynamics(child, position, staff, measure);
+            break;
+        case Tag::OctaveShift:
+            readOctaveShift(child, position, staff, measure);
+            break;
+        default:
+            _context.addUnheld(child, tag);
+        }
+    }
+}
+
+void DirectionReader::readSound(pugi::xml_node node, const MeasureTimeline &timeline,
+                                PartFacts &facts)
+{
+    Gathered gathered;
+    gathered.sound = node;
+    readTempo(gathered, {}, positionOf(node, timeline, _context), facts);
+    readJumps(gathered, {}, facts);
+    _context.addUnheldChildren(node);
+}
+
+void DirectionReader::readHarmony(pugi::xml_node node, const MeasureTimeline &timeline,
+                                  WrittenMeasure &measure)
+{
+    const auto position = positionOf(node, timeline, _context);
+    auto text = harmonyText(node, _context);
+    if (!text.empty())
+        measure.marks.push_back({node, WrittenMark::Kind::ChordSymbol, position,
+                                 staffOf(node, _context), 0, std::move(text)});
+}
+
+void DirectionReader::readDynamics(pugi::xml_node node, const rational &position, int staff,
+                                   WrittenMeasure &measure)
+{
+    for (auto child = node.first_child(); child; child = child.next_sibling()) {
+        std::string name = child.name();
+        for (auto &letter : name)
+            letter =
+                letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
+        const int value = name == "NONE" ? -1 : NoteDynamic::stringToInt(name);
+        if (value > 0)
+            measure.marks.push_back({node, WrittenMark::Kind::Dynamic, position, staff, value, {}});
+        else
+            _context.addUnheld(child);
+    }
+}
+
+void DirectionReader::readOctaveShift(pugi::xml_node node, const rational &position, int staff,
+                                      WrittenMeasure &measure)
+{
+    const std::string_view type = node.attribute("type").value();
+    const int size = node.attribute("size").as_int(8);
+    // "down" means that the notes stand lower than they sound.
+    const bool down = type == "down";
+    auto sign = Ottavia::None;
+    if (type == "continue")
+        return;
+    if ((down || type == "up") && (size == 8 || size == 15)) {
+        sign = size == 8 ? (down ? Ottavia::_8va : Ottavia::_8vb)
+                         : (down ? Ottavia::_15ma : Ottavia::_15mb);
+    } else if (type != "stop") {
+        _context.addUnheld(node, Tag::OctaveShift);
+        return;
+    }
+    measure.marks.push_back(
+        {node, WrittenMark::Kind::Ottava, position, staff, static_cast<int>(sign), {}});
+}
+
+bool DirectionReader::readTempo(const Gathered &gathered, const std::string &words,
+                                const rational &position, PartFacts &facts)
+{
+    auto tempo = metronomeTempo(gathered.metronome);
+    const auto sounding = parseDecimal(gathered.sound.attribute("tempo").value());
+    if (!tempo && gathered.metronome)
+        _context.addUnheld(gathered.metronome);
+    if (sounding && *sounding > rational(0)) {
+        const double quarters = sounding->toDouble();
+        if (!tempo)
+            tempo = Tempo{quarters, TempoUnit::Quarter};
+        else if (std::abs(quartersOf(*tempo) - quarters) > 0.5)
+            tempo->value *= quarters / quartersOf(*tempo);
+    }
+    if (!tempo)
+        return false;
+    const bool visible = gathered.metronome || !words.empty();
+    facts.tempos.push_back({_context.bar(), position, tempo->value, tempo->unit, words, visible});
+    return true;
+}
+
+bool DirectionReader::readJumps(const Gathered &gathered, const std::string &words,
+                                PartFacts &facts)
+{
+    using Kind = WrittenJump::Kind;
+    const auto add = [&](Kind kind, WrittenJump::Until until, const char *name,
+                         pugi::xml_node node) {
+        facts.jumps.push_back({_context.bar(), kind, until, name, node});
+    };
+    const auto sound = gathered.sound;
+    const bool toCoda = static_cast<bool>(sound.attribute("tocoda"));
+    for (const auto sign : gathered.signs) {
+        const bool isSegno = tagOf(sign.name()) == Tag::Segno;
+        if (isSegno)
+            add(Kind::Segno, {}, sound.attribute("segno").value(), sign);
+        else if (!toCoda)
+            add(Kind::Coda, {}, sound.attribute("coda").value(), sign);
+    }
+    if (gathered.signs.empty()) {
+        if (const auto segno = sound.attribute("segno"))
+            add(Kind::Segno, {}, segno.value(), sound);
+        if (const auto coda = sound.attribute("coda"))
+            add(Kind::Coda, {}, coda.value(), sound);
+    }
+    const auto spoken = jumpOfWords(words);
+    const auto until = spoken ? spoken->until : WrittenJump::Until::End;
+    bool sounds = false;
+    const auto addSound = [&](const char *attribute, Kind kind) {
+        if (const auto name = sound.attribute(attribute)) {
+            add(kind, until, kind == Kind::DaCapo || kind == Kind::Fine ? "" : name.value(), sound);
+            sounds = true;
+        }
+    };
+    addSound("dacapo", Kind::DaCapo);
+    addSound("dalsegno", Kind::DalSegno);
+    addSound("tocoda", Kind::ToCoda);
+    addSound("fine", Kind::Fine);
+    if (!sounds && spoken && gathered.signs.empty()) {
+        add(spoken->kind, spoken->until, "", gathered.words.front());
+        return true;
+    }
+    return sounds && spoken;
+}
+
+} // namespace zarn::io

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/musicxml/ImportContext.h>
+
+#include <ZarnCore/io/ZarnImportReport.h>
+#include <ZarnCore/io/musicxml/XmlDocument.h>
+
+namespace zarn::io {
+
+ImportContext::ImportContext(const XmlDocument &document, ImportReport &report)
+    : _document(document), _report(report)
+{
+}
+
+void ImportContext::setPlace(int part, int bar) noexcept
+{
+    _part = part;
+    _bar = bar;
+}
+
+void ImportContext::addProblem(pugi::xml_node node, const std::string &text)
+{
+    addProblemInBar(_bar, node, text);
+}
+
+void ImportContext::addProblemInBar(int bar, pugi::xml_node node, const std::string &text)
+{
+    _report.addProblem({text, _part, bar, node ? _document.line(node) : 0});
+}
+
+void ImportContext::addUnheld(pugi::xml_node node, Tag tag)
+{
+    if (tag != Tag::Unknown)
+        ++_unheld[static_cast<std::size_t>(tag)];
+    else if (node.type() == pugi::node_element)
+        ++_unheldUnknown[node.name()];
+}
+
+void ImportContext::addUnheldChildren(pugi::xml_node node)
+{
+    for (const auto child : node.children())
+        addUnheld(child);
+}
+
+int ImportContext::integer(pugi::xml_node node, int fallback)
+{
+    const auto value = parseInteger(node.child_value());
+    if (!value)
+        addNoNumber(node);
+    return value.value_or(fallback);
+}
+
+utils::rational ImportContext::decimal(pugi::xml_node node, const utils::rational &fallback)
+{
+    const auto value = parseDecimal(node.child_value());
+    if (!value)
+        addNoNumber(node);
+    return value.value_or(fallback);
+}
+
+void ImportContext::addNoNumber(pugi::xml_node node)
+{
+    addProblem(node,
+               std::string("<") + node.name() + "> holds no number that can be used: \""
+                   + std::string(node.child_value()).substr(0, 40) + "\"");
+}
+
+void ImportContext::refuse(pugi::xml_node node, const std::string &reason) const
+{
+    _document.refuse(node, reason);
+}
+
+void ImportContext::finish()
+{
+    for (std::size_t tag = 1; tag < tagCount; ++tag)
+        _report.addUnheld(tagName(static_cast<Tag>(tag)), _unheld[tag]);
+    for (const auto &[name, count] : _unheldUnknown)
+        _report.addUnheld(name, count);
+    _unheld = {};
+    _unheldUnknown.clear();
+}
+
+} // namespace zarn::io

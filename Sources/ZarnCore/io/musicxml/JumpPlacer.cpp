@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/musicxml/JumpPlacer.h>
+
+#include <ZarnCore/io/musicxml/ImportContext.h>
+#include <ZarnCore/model/ZarnMasterTrack.h>
+
+#include <algorithm>
+
+namespace zarn::io {
+
+namespace {
+
+using Kind = WrittenJump::Kind;
+using Until = WrittenJump::Until;
+
+/// The jumps of all parts in the order of the bars; a sign that several parts repeat stands once.
+std::vector<WrittenJump> merged(const std::vector<PartFacts> &parts)
+{
+    std::vector<WrittenJump> jumps;
+    for (const auto &part : parts)
+        jumps.insert(jumps.end(), part.jumps.begin(), part.jumps.end());
+    std::stable_sort(jumps.begin(), jumps.end(), [](const WrittenJump &a, const WrittenJump &b) {
+        return a.bar != b.bar ? a.bar < b.bar : a.kind < b.kind;
+    });
+    const auto same = [](const WrittenJump &a, const WrittenJump &b) {
+        return a.bar == b.bar && a.kind == b.kind;
+    };
+    jumps.erase(std::unique(jumps.begin(), jumps.end(), same), jumps.end());
+    return jumps;
+}
+
+DirectionMark daCapo(Until until)
+{
+    return until == Until::Fine ? DirectionMark::DaCapoAlFine
+        : until == Until::Coda  ? DirectionMark::DaCapoAlCoda
+                                : DirectionMark::DaCapo;
+}
+
+DirectionMark dalSegno(Until until, bool second)
+{
+    if (until == Until::Fine)
+        return second ? DirectionMark::DaSegnoSegnoAlFine : DirectionMark::DaSegnoAlFine;
+    if (until == Until::Coda)
+        return second ? DirectionMark::DaSegnoSegnoAlCoda : DirectionMark::DaSegnoAlCoda;
+    return second ? DirectionMark::DaSegnoSegno : DirectionMark::DaSegno;
+}
+
+} // namespace
+
+JumpPlacer::JumpPlacer(ImportContext &context, MasterTrack &master)
+    : _context(context), _master(master)
+{
+}
+
+void JumpPlacer::place(const std::vector<PartFacts> &parts)
+{
+    const auto jumps = merged(parts);
+    placeTargets(jumps, Kind::Segno, _segnos);
+    placeTargets(jumps, Kind::Coda, _codas);
+    for (const auto &jump : jumps)
+        placeJump(jump);
+}
+
+void JumpPlacer::placeTargets(const std::vector<WrittenJump> &jumps, Kind kind,
+                              std::vector<Target> &targets)
+{
+    const bool segno = kind == Kind::Segno;
+    for (const auto &jump : jumps) {
+        if (jump.kind != kind)
+            continue;
+        const bool second = !targets.empty();
+        if (targets.size() < 2)
+            targets.push_back({jump.bar, jump.name});
+        if (segno)
+            set(second ? DirectionMark::SegnoSegno : DirectionMark::Segno, jump);
+        else
+            set(second ? DirectionMark::DoubleCoda : DirectionMark::Coda, jump);
+    }
+}
+
+/// 0 for the first target, 1 for the second; by name, when the jump gives one that is known.
+int JumpPlacer::targetNumber(const std::vector<Target> &targets, const std::string &name) const
+{
+    const auto found = std::find_if(targets.begin(), targets.end(),
+                                    [&](const Target &target) { return target.name == name; });
+    const bool named = !name.empty() && found != targets.end();
+    return named && found != targets.begin() ? 1 : 0;
+}
+
+void JumpPlacer::placeJump(const WrittenJump &jump)
+{
+    switch (jump.kind) {
+    case Kind::Segno:
+    case Kind::Coda:
+        break;
+    case Kind::Fine:
+        set(DirectionMark::Fine, jump);
+        break;
+    case Kind::DaCapo:
+        set(daCapo(jump.until), jump);
+        break;
+    case Kind::DalSegno:
+        set(dalSegno(jump.until, targetNumber(_segnos, jump.name) == 1), jump);
+        break;
+    case Kind::ToCoda:
+        set(targetNumber(_codas, jump.name) == 1 ? DirectionMark::DaDoubleCoda
+                                                 : DirectionMark::DaCoda,
+            jump);
+        break;
+    }
+}
+
+void JumpPlacer::set(DirectionMark mark, const WrittenJump &jump)
+{
+    if (_master.directionIndex(mark) < 0) {
+        _master.setDirection(static_cast<int>(mark), jump.bar);
+        return;
+    }
+    _context.addProblemInBar(jump.bar, jump.node,
+                             "a further " + directionMarkToQString(mark).toStdString()
+                                 + " was left out; a score has one of each kind");
+}
+
+} // namespace zarn::io

@@ -1,0 +1,235 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/musicxml/MasterBarBuilder.h>
+
+#include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
+#include <ZarnCore/io/musicxml/ImportContext.h>
+#include <ZarnCore/model/ZarnMasterTrack.h>
+
+#include <algorithm>
+#include <map>
+#include <memory>
+
+namespace zarn::io {
+
+using utils::rational;
+
+namespace {
+
+/// A rehearsal mark of so many letters is a letter, a longer one is a title.
+constexpr std::size_t mostLetters = 3;
+
+/// Bytes that the titles of one bar have at most.
+constexpr std::size_t mostTitle = 4096;
+
+} // namespace
+
+MasterBarBuilder::MasterBarBuilder(ImportContext &context, const std::vector<PartFacts> &parts,
+                                   const std::vector<PartTally> &tallies)
+    : _context(context), _parts(parts), _tallies(tallies)
+{
+}
+
+void MasterBarBuilder::build(MasterTrack &master, unsigned barCount)
+{
+    MasterTrack::MasterBars bars(barCount);
+    for (auto &bar : bars)
+        bar = std::make_shared<MasterBar>();
+    master.insertMasterBarBlock(0, std::move(bars));
+    setTimes(master);
+    setKeys(master);
+    setLengths(master);
+    setRepeats(master);
+    setSections(master);
+    setTempos(master);
+}
+
+void MasterBarBuilder::setTimes(MasterTrack &master)
+{
+    struct Stated {
+        WrittenTime time;
+        std::size_t part;
+    };
+    std::map<int, Stated> stated;
+    for (std::size_t part = 0; part < _parts.size(); ++part) {
+        for (const auto &time : _parts[part].times) {
+            const auto [found, isNew] = stated.insert({time.bar, {time, part}});
+            const auto &taken = found->second.time;
+            if (isNew || (taken.beats == time.beats && taken.unit == time.unit))
+                continue;
+            _context.setPlace(static_cast<int>(part), time.bar);
+            _context.addProblem(time.node,
+                                "another time signature than in part "
+                                    + std::to_string(found->second.part + 1) + " was left out");
+        }
+    }
+    TimeSignature current;
+    bool free = false;
+    auto next = stated.begin();
+    for (unsigned bar = 0; bar < master.masterBarCount(); ++bar) {
+        for (; next != stated.end() && next->first <= static_cast<int>(bar); ++next) {
+            const auto &time = next->second.time;
+            free = time.free;
+            if (!free)
+                current = TimeSignature(time.beats, time.unit);
+        }
+        master.masterBars()[bar]->setTimeSignature(current);
+        master.masterBars()[bar]->setFreeTime(free);
+    }
+}
+
+int MasterBarBuilder::concertFifths(std::size_t part, int fifths) const
+{
+    const auto &facts = _parts[part];
+    if (!facts.transposes || facts.chromatic % 12 == 0)
+        return fifths;
+    int shift = 7 * facts.chromatic - 12 * facts.diatonic;
+    if (facts.diatonic == 0) {
+        // The steps are not said: take the nearest key.
+        shift = ((7 * facts.chromatic) % 12 + 12) % 12;
+        shift = shift > 6 ? shift - 12 : shift;
+    }
+    return fifths + shift;
+}
+
+/// The key of most parts; parts without pitches hardly count, earlier parts win.
+MasterBarBuilder::ConcertKey MasterBarBuilder::choose(const std::vector<ConcertKey> &keys) const
+{
+    const auto votes = [&](const ConcertKey &wanted) {
+        std::size_t sum = 0;
+        for (const auto &key : keys)
+            if (key.fifths == wanted.fifths)
+                sum += _tallies[key.part].notes.pitched > 0 ? keys.size() : 1;
+        return sum;
+    };
+    const ConcertKey *best = &keys.front();
+    for (const auto &key : keys)
+        if (key.fifths != best->fifths && votes(key) > votes(*best))
+            best = &key;
+    return *best;
+}
+
+void MasterBarBuilder::setKeys(MasterTrack &master)
+{
+    std::map<int, std::vector<ConcertKey>> stated;
+    for (std::size_t part = 0; part < _parts.size(); ++part)
+        for (const auto &key : _parts[part].keys) {
+            auto &keys = stated[key.bar];
+            if (keys.empty() || keys.back().part != part)
+                keys.push_back({part, concertFifths(part, key.fifths), key.minor, key.node});
+        }
+    KeySignature current(0, true, true);
+    auto next = stated.begin();
+    for (unsigned bar = 0; bar < master.masterBarCount(); ++bar) {
+        for (; next != stated.end() && next->first <= static_cast<int>(bar); ++next) {
+            const auto chosen = choose(next->second);
+            current = KeySignature(chosen.fifths, !chosen.minor, chosen.fifths >= 0);
+            for (const auto &key : next->second)
+                if (key.fifths != chosen.fifths && _tallies[key.part].notes.pitched > 0) {
+                    _context.setPlace(static_cast<int>(key.part), next->first);
+                    _context.addProblem(key.node,
+                                        "the key of this part alone was left out; the score has "
+                                            + std::to_string(chosen.fifths)
+                                            + " fifths at concert pitch");
+                }
+        }
+        master.masterBars()[bar]->setConcertKeySignature(current);
+    }
+}
+
+void MasterBarBuilder::setLengths(MasterTrack &master)
+{
+    for (unsigned bar = 0; bar < master.masterBarCount(); ++bar) {
+        auto &column = *master.masterBars()[bar];
+        rational longest = 0;
+        bool implicit = false;
+        for (const auto &part : _parts)
+            if (bar < part.bars.size()) {
+                longest = std::max(longest, part.bars[bar].length);
+                implicit = implicit || part.bars[bar].implicit;
+            }
+        if (longest == rational(0))
+            continue;
+        const auto nominal = column.timeSignature().barLength();
+        if (longest != nominal)
+            column.setOwnLength(longest);
+        if (bar == 0 && longest < nominal)
+            master.setAnacrusis(true);
+        const bool expected = column.isFreeTime() || implicit || (bar == 0 && longest < nominal);
+        for (std::size_t part = 0; part < _parts.size(); ++part) {
+            if (bar >= _parts[part].bars.size())
+                continue;
+            const auto &written = _parts[part].bars[bar];
+            const auto &meant = expected ? longest : nominal;
+            if (written.length == meant || written.length == rational(0))
+                continue;
+            _context.setPlace(static_cast<int>(part), static_cast<int>(bar));
+            _context.addProblem(written.node,
+                                std::string(written.length < meant ? "underfull" : "overfull")
+                                    + ": " + written.length.toString() + " quarters instead of "
+                                    + meant.toString());
+        }
+    }
+}
+
+void MasterBarBuilder::setRepeats(MasterTrack &master)
+{
+    const auto &bars = master.masterBars();
+    for (const auto &part : _parts) {
+        for (const auto &repeat : part.repeats) {
+            auto &bar = *bars[static_cast<std::size_t>(repeat.bar)];
+            if (repeat.forward)
+                bar.setRepeatStart(true);
+            else
+                bar.setRepeatCount(std::max(bar.repeatCount(), repeat.times));
+        }
+        for (const auto &ending : part.endings)
+            for (int bar = ending.first; bar <= ending.last; ++bar) {
+                auto &column = *bars[static_cast<std::size_t>(bar)];
+                column.setAlternateEndings(column.alternateEndings() | ending.passes);
+            }
+        for (const int bar : part.doubleBars)
+            bars[static_cast<std::size_t>(bar)]->setDoubleBar(true);
+    }
+}
+
+void MasterBarBuilder::setSections(MasterTrack &master)
+{
+    for (const auto &part : _parts)
+        for (const auto &written : part.sections) {
+            auto &bar = *master.masterBars()[static_cast<std::size_t>(written.bar)];
+            Section section = bar.section();
+            if (written.text.empty() || section.letter == written.text
+                || section.text == written.text
+                || section.text.size() + written.text.size() > mostTitle)
+                continue;
+            auto &text = written.text.size() <= mostLetters && section.letter.empty()
+                ? section.letter
+                : section.text;
+            text += (text.empty() ? "" : " ") + written.text;
+            bar.setSection(section);
+        }
+}
+
+void MasterBarBuilder::setTempos(MasterTrack &master)
+{
+    for (const auto &part : _parts)
+        for (const auto &tempo : part.tempos) {
+            const auto bar = static_cast<std::uint32_t>(tempo.bar);
+            const auto position = static_cast<float>(tempo.position.toDouble());
+            if (auto *there = master.automation(Automation::Tempo, bar, position)) {
+                if (there->text().empty())
+                    there->setText(tempo.text);
+                continue;
+            }
+            auto automation = std::make_unique<TempoAutomation>();
+            automation->setIndex(bar);
+            automation->setPosition(position);
+            automation->setValue(static_cast<float>(tempo.value));
+            automation->setUnit(static_cast<std::int32_t>(tempo.unit));
+            automation->setText(tempo.text);
+            automation->setVisible(tempo.visible);
+            master.insertAutomation(std::move(automation));
+        }
+}
+
+} // namespace zarn::io

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/musicxml/MeasureTimeline.h>
+
+#include <algorithm>
+
+namespace zarn::io {
+
+using utils::rational;
+
+namespace {
+
+/// Bounds the work of a jump in a measure that is no music.
+constexpr std::size_t mostPassed = 1024;
+
+} // namespace
+
+void MeasureTimeline::startMeasure()
+{
+    _now = {};
+    _reach = {};
+    _roundedLengths = 0;
+    _passed.clear();
+}
+
+void MeasureTimeline::setDivisions(const rational &divisions)
+{
+    _divisions = divisions;
+}
+
+bool MeasureTimeline::isRounding(const rational &exact, const rational &written) const
+{
+    return utils::abs(exact - written) * _divisions < rational(1);
+}
+
+void MeasureTimeline::advance(const rational &exact, const rational &written)
+{
+    if (_passed.size() < mostPassed)
+        _passed.push_back(_now);
+    if (exact == written && _now.exact == _now.written) {
+        _now.exact += exact;
+        _now.written = _now.exact;
+    } else {
+        _now.exact += exact;
+        _now.written += written;
+        _roundedLengths += exact != written;
+    }
+    _reach.exact = std::max(_reach.exact, _now.exact);
+    _reach.written = std::max(_reach.written, _now.written);
+}
+
+bool MeasureTimeline::jump(const rational &written)
+{
+    _now.written += written;
+    const bool inside = !(_now.written < rational(0));
+    if (!inside)
+        _now.written = 0;
+    _now.exact = _now.written;
+
+    // Either position of a passed place may be what the exporter counted from.
+    auto nearest = tolerance();
+    bool found = false;
+    const auto consider = [&](const Position &place) {
+        const auto distance = std::min(utils::abs(_now.written - place.written),
+                                       utils::abs(_now.written - place.exact));
+        if (distance < nearest || (distance == nearest && !found)) {
+            nearest = distance;
+            _now.exact = place.exact;
+            found = true;
+        }
+    };
+    if (_roundedLengths > 0)
+        std::for_each(_passed.begin(), _passed.end(), consider);
+    _reach.exact = std::max(_reach.exact, _now.exact);
+    _reach.written = std::max(_reach.written, _now.written);
+    return inside;
+}
+
+rational MeasureTimeline::tolerance() const
+{
+    return rational(_roundedLengths, 2) / _divisions;
+}
+
+} // namespace zarn::io

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/musicxml/NoteMaker.h>
+
+#include <ZarnCore/io/musicxml/ImportContext.h>
+#include <ZarnCore/model/ZarnNote.h>
+
+#include <algorithm>
+#include <string_view>
+
+namespace zarn::io {
+
+namespace {
+
+constexpr int guitarStrings = 6;
+constexpr int mostFrets = 127;
+
+/// Steps from C of octave -1 to the bottom line of the treble clef, which percussion is written
+/// in (MusicXML 4.0, display-step).
+constexpr int bottomLineStep = 7 * 5 + 2;
+constexpr int middleLine = 4;
+
+/// Heads that MusicXML and the tree call by other names.
+bool isCrossHead(std::string_view head)
+{
+    return head == "x" || head == "cross";
+}
+
+} // namespace
+
+int stringCount(const WrittenStaff &staff) noexcept
+{
+    if (!staff.tuning.empty())
+        return static_cast<int>(staff.tuning.size());
+    return staff.tablature && staff.lines > 0 ? staff.lines : guitarStrings;
+}
+
+NoteMaker::NoteMaker(ImportContext &context, const PercussionKeys &keys)
+    : _context(context), _keys(keys)
+{
+}
+
+std::shared_ptr<Note> NoteMaker::make(const WrittenNote &written)
+{
+    auto note = std::make_shared<Note>();
+    if (written.kind == NoteKind::Pitched) {
+        note->setMidi(written.midi);
+        if (written.alter >= -2 && written.alter <= 2)
+            note->setSpelling(PitchClass(static_cast<NoteName::Value>(written.step),
+                                         static_cast<NoteAccidental::Value>(written.alter + 2)));
+        if (written.string != WrittenNote::Unset || written.fret != WrittenNote::Unset)
+            setFingering(written, *note);
+    } else {
+        setUnpitched(written, *note);
+    }
+    note->setTied(written.tieStop);
+    note->setTieOrigin(written.tieStart);
+    note->setGhost(written.ghost);
+    if (*written.head != '\0')
+        setHead(written, *note);
+    return note;
+}
+
+void NoteMaker::setFingering(const WrittenNote &written, Note &note)
+{
+    const auto &staff = _facts->staves[static_cast<std::size_t>(written.staff)];
+    const int strings = stringCount(staff);
+    if (written.fret == WrittenNote::Unset) {
+        // A string number over plain notation: the tree places a note by string and fret.
+        _context.addUnheld(written.node, Tag::String);
+    } else if (written.string < 1 || written.string > strings || written.fret < 0
+               || written.fret > mostFrets) {
+        _context.addUnheld(written.node, Tag::Fret);
+        _context.addProblem(written.node,
+                            "string " + std::to_string(written.string) + ", fret "
+                                + std::to_string(written.fret) + " is not on the instrument, which "
+                                + "has " + std::to_string(strings) + " strings");
+    } else {
+        note.setString(strings - written.string);
+        note.setFret(written.fret);
+    }
+}
+
+void NoteMaker::setUnpitched(const WrittenNote &written, Note &note)
+{
+    const auto key = _keys.find(std::string_view(written.instrument));
+    if (key != _keys.end())
+        note.setMidi(key->second);
+    const int line = written.step == WrittenNote::Unset
+        ? middleLine
+        : 7 * (written.octave + 1) + written.step - bottomLineStep;
+    note.setStaffLine(std::clamp(line, -127, 127));
+}
+
+void NoteMaker::setHead(const WrittenNote &written, Note &note)
+{
+    const std::string_view head = written.head;
+    if (head == "normal")
+        return;
+    if (isCrossHead(head)) {
+        note.setDead(written.fret != WrittenNote::Unset);
+        note.setNoteHead(NoteHead::Cross);
+        return;
+    }
+    const auto value = noteHeadFromString(std::string(head));
+    if (noteHeadToString(value) == head)
+        note.setNoteHead(value);
+    else
+        _context.addUnheld(written.node, Tag::Notehead);
+}
+
+} // namespace zarn::io

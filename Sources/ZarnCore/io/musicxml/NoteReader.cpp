@@ -1,0 +1,263 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/musicxml/NoteReader.h>
+
+#include <ZarnCore/io/musicxml/ImportContext.h>
+
+#include <algorithm>
+#include <cstring>
+#include <string_view>
+
+namespace zarn::io {
+
+namespace {
+
+/// MusicXML 4.0, note-type-value, from the longest to the shortest.
+constexpr std::string_view typeNames[] = {"maxima",  "long",   "breve", "whole", "half",
+                                          "quarter", "eighth", "16th",  "32nd",  "64th",
+                                          "128th",   "256th",  "512th", "1024th"};
+
+/// Names of voices past this number share the last: no part has so many, and each is looked for.
+constexpr int mostVoices = 256;
+
+constexpr int semitoneOfStep[] = {0, 2, 4, 5, 7, 9, 11};
+
+/// 0 for C to 6 for B; -1 for anything else.
+int stepOf(const char *text)
+{
+    constexpr std::string_view letters = "CDEFGAB";
+    if (text[0] == '\0' || text[1] != '\0')
+        return WrittenNote::Unset;
+    const auto at = letters.find(text[0]);
+    return at == letters.npos ? WrittenNote::Unset : static_cast<int>(at);
+}
+
+bool isYes(const char *text)
+{
+    return std::strcmp(text, "yes") == 0;
+}
+
+bool isNo(const char *text)
+{
+    return std::strcmp(text, "no") == 0;
+}
+
+} // namespace
+
+void NoteReader::startPart(PartTally &tally, SourceTally &whole)
+{
+    _tally = &tally;
+    _whole = &whole;
+    _tuplets = {};
+}
+
+WrittenNote NoteReader::read(pugi::xml_node node)
+{
+    _duration.reset();
+    _rhythm = {};
+    _modification = {};
+    _hasModification = false;
+    _tupletMarks.clear();
+    _dynamics.clear();
+
+    WrittenNote note;
+    note.node = node;
+    const char *voice = "1";
+    for (auto child = node.first_child(); child; child = child.next_sibling()) {
+        switch (const auto tag = tagOf(child.name()); tag) {
+        case Tag::Grace:
+            note.grace = true;
+            note.slashed = isYes(child.attribute("slash").value());
+            break;
+        case Tag::Cue:
+            note.cue = true;
+            _context.addUnheld(child, tag);
+            break;
+        case Tag::Chord:
+            note.chord = true;
+            break;
+        case Tag::Pitch:
+            readPitch(child, note);
+            break;
+        case Tag::Unpitched:
+            readUnpitched(child, note);
+            break;
+        case Tag::Rest:
+            note.kind = NoteKind::Rest;
+            note.wholeMeasure = isYes(child.attribute("measure").value());
+            break;
+        case Tag::Duration:
+            _duration = _context.decimal(child, 0);
+            break;
+        case Tag::Tie:
+            readTie(child, note);
+            break;
+        case Tag::Instrument:
+            note.instrument = child.attribute("id").value();
+            break;
+        case Tag::Voice:
+            voice = child.child_value();
+            break;
+        case Tag::Type:
+            readType(child);
+            break;
+        case Tag::Dot:
+            ++_rhythm.dots;
+            break;
+        case Tag::TimeModification:
+            _modification = readModification(child);
+            _hasModification = true;
+            break;
+        case Tag::Staff:
+            note.staff = std::max(_context.integer(child, 1), 1) - 1;
+            break;
+        case Tag::Notehead:
+            readHead(child, note);
+            break;
+        case Tag::Notations:
+            readNotations(child, note);
+            break;
+        case Tag::Accidental:
+            // The spelling brings the plain ones; what is added to them has no place.
+            if (child.first_attribute())
+                _context.addUnheld(child, tag);
+            break;
+        default:
+            _context.addUnheld(child, tag);
+        }
+    }
+    note.voice = voiceNumber(voice);
+    for (const auto &mark : _tupletMarks)
+        if (mark.starts)
+            _tuplets.start(note.voice, mark.number, mark.ratio);
+    if (_hasModification)
+        _tuplets.split(note.voice, _modification, _rhythm);
+    for (const auto &mark : _tupletMarks)
+        if (!mark.starts)
+            _tuplets.stop(note.voice, mark.number);
+    count(note);
+    return note;
+}
+
+void NoteReader::readPitch(pugi::xml_node pitch, WrittenNote &note)
+{
+    note.kind = NoteKind::Pitched;
+    utils::rational alter = 0;
+    for (auto child = pitch.first_child(); child; child = child.next_sibling()) {
+        switch (const auto tag = tagOf(child.name()); tag) {
+        case Tag::Step:
+            note.step = stepOf(child.child_value());
+            break;
+        case Tag::Alter:
+            alter = _context.decimal(child, 0);
+            break;
+        case Tag::Octave:
+            note.octave = std::clamp(_context.integer(child, 4), -1, 10);
+            break;
+        default:
+            _context.addUnheld(child, tag);
+        }
+    }
+    if (note.step == WrittenNote::Unset) {
+        _context.addProblem(pitch, "a pitch without a step from A to G was read as C");
+        note.step = 0;
+    }
+    note.alter = static_cast<int>(std::clamp<std::int64_t>(alter.round(), -12, 12));
+    if (!alter.isInteger()) {
+        ++_tally->notes.microtone;
+        _context.addProblem(pitch,
+                            "a microtone (alter " + alter.toString()
+                                + ") was moved to the nearest semitone");
+    }
+    const int midi = 12 * (note.octave + 1) + semitoneOfStep[note.step] + note.alter;
+    note.midi = std::clamp(midi, 0, 127);
+    if (note.midi != midi)
+        _context.addProblem(pitch, "a pitch outside of the MIDI keys was moved to the nearest key");
+}
+
+void NoteReader::readUnpitched(pugi::xml_node unpitched, WrittenNote &note)
+{
+    note.kind = NoteKind::Unpitched;
+    for (auto child = unpitched.first_child(); child; child = child.next_sibling()) {
+        switch (const auto tag = tagOf(child.name()); tag) {
+        case Tag::DisplayStep:
+            note.step = stepOf(child.child_value());
+            break;
+        case Tag::DisplayOctave:
+            note.octave = std::clamp(_context.integer(child, 4), -1, 10);
+            break;
+        default:
+            _context.addUnheld(child, tag);
+        }
+    }
+}
+
+void NoteReader::readHead(pugi::xml_node head, WrittenNote &note)
+{
+    note.head = head.child_value();
+    note.crossHead = std::strcmp(note.head, "x") == 0;
+    note.ghost = isYes(head.attribute("parentheses").value());
+}
+
+void NoteReader::readType(pugi::xml_node type)
+{
+    const auto *found =
+        std::find(std::begin(typeNames), std::end(typeNames), std::string_view(type.child_value()));
+    if (found != std::end(typeNames))
+        _rhythm.type = static_cast<int>(found - std::begin(typeNames));
+    else
+        _context.addProblem(type,
+                            std::string("there is no note type \"") + type.child_value() + "\"");
+}
+
+TupletRatio NoteReader::readModification(pugi::xml_node node)
+{
+    TupletRatio ratio;
+    for (auto child = node.first_child(); child; child = child.next_sibling()) {
+        const auto tag = tagOf(child.name());
+        if (tag == Tag::ActualNotes)
+            ratio.actual = _context.integer(child, 1);
+        else if (tag == Tag::NormalNotes)
+            ratio.normal = _context.integer(child, 1);
+    }
+    constexpr int mostTerm = 10'000;
+    if (ratio.actual >= 1 && ratio.normal >= 1 && ratio.actual <= mostTerm
+        && ratio.normal <= mostTerm)
+        return ratio;
+    _context.addProblem(node,
+                        "a time modification of " + std::to_string(ratio.actual) + " in "
+                            + std::to_string(ratio.normal) + " was left out");
+    return {};
+}
+
+int NoteReader::voiceNumber(const char *name)
+{
+    auto &voices = _tally->voices;
+    const auto found = std::find(voices.begin(), voices.end(), name);
+    const auto number = static_cast<int>(found - voices.begin());
+    if (found != voices.end())
+        return number;
+    if (number == mostVoices)
+        return mostVoices - 1;
+    voices.emplace_back(name);
+    return number;
+}
+
+void NoteReader::count(const WrittenNote &note)
+{
+    auto &tally = _tally->notes;
+    ++tally.total;
+    tally.pitched += note.kind == NoteKind::Pitched;
+    tally.rests += note.kind == NoteKind::Rest;
+    tally.unpitched += note.kind == NoteKind::Unpitched;
+    tally.withoutPitch += note.kind == NoteKind::Unknown;
+    tally.grace += note.grace;
+    tally.graceSlashed += note.slashed;
+    tally.chord += note.chord;
+    tally.cue += note.cue;
+    tally.measureRests += note.kind == NoteKind::Rest && note.wholeMeasure;
+    tally.dotted += _rhythm.dots > 0;
+    tally.inTuplet += _hasModification;
+    tally.hidden += isNo(note.node.attribute("print-object").value());
+}
+
+} // namespace zarn::io

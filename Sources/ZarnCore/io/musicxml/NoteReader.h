@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/io/ZarnSourceTally.h>
+#include <ZarnCore/io/musicxml/TupletTracker.h>
+#include <ZarnCore/io/musicxml/WrittenMusic.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace zarn::io {
+
+class ImportContext;
+
+/// Reads what stands inside of one <note>, in one pass over its children. Times are left to the
+/// measure's reader.
+class NoteReader {
+public:
+    explicit NoteReader(ImportContext &context) : _context(context) { }
+
+    /// The note, with everything but onset, length and rhythm.
+    WrittenNote read(pugi::xml_node node);
+
+    /// Of the note read last: its written length in divisions, when there is one, and its type,
+    /// dots and tuplets.
+    const std::optional<utils::rational> &duration() const noexcept { return _duration; }
+    const WrittenRhythm &rhythm() const noexcept { return _rhythm; }
+
+    /// Dynamics that stand at the note itself.
+    const std::vector<pugi::xml_node> &dynamics() const noexcept { return _dynamics; }
+
+    /// Starts another part, whose counts go here.
+    void startPart(PartTally &tally, SourceTally &whole);
+
+private:
+    struct TupletMark {
+        bool starts;
+        int number;
+        TupletRatio ratio;
+    };
+
+    void readPitch(pugi::xml_node pitch, WrittenNote &note);
+    void readUnpitched(pugi::xml_node unpitched, WrittenNote &note);
+    void readHead(pugi::xml_node head, WrittenNote &note);
+    void readNotations(pugi::xml_node notations, WrittenNote &note);
+    void readTechnical(pugi::xml_node technical, WrittenNote &note);
+    void readTie(pugi::xml_node tie, WrittenNote &note);
+    void readTuplet(pugi::xml_node tuplet);
+    void readType(pugi::xml_node type);
+    TupletRatio readModification(pugi::xml_node node);
+    int voiceNumber(const char *name);
+    void count(const WrittenNote &note);
+
+    ImportContext &_context;
+    PartTally *_tally = nullptr;
+    SourceTally *_whole = nullptr;
+    TupletTracker _tuplets;
+    std::optional<utils::rational> _duration;
+    WrittenRhythm _rhythm;
+    TupletRatio _modification;
+    bool _hasModification = false;
+    std::vector<TupletMark> _tupletMarks;
+    std::vector<pugi::xml_node> _dynamics;
+};
+
+} // namespace zarn::io

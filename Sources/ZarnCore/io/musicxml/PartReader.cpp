@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/musicxml/PartReader.h>
+
+#include <ZarnCore/io/musicxml/ImportContext.h>
+
+#include <algorithm>
+#include <cstring>
+
+namespace zarn::io {
+
+using utils::rational;
+
+namespace {
+
+/// So many ties are never open at once.
+constexpr std::size_t mostOpenTies = 256;
+
+/// No measure is longer, in quarters; a duration past it is a typing error.
+constexpr std::int64_t longest = 100'000;
+
+} // namespace
+
+PartReader::PartReader(ImportContext &context, SourceTally &tally)
+    : _context(context), _whole(tally), _notes(context), _attributes(context, tally),
+      _directions(context), _barlines(context)
+{
+}
+
+void PartReader::startPart(PartFacts &facts, PartTally &tally)
+{
+    _facts = &facts;
+    _tally = &tally;
+    _length = 0;
+    _timeline.setDivisions(1);
+    _openTies.clear();
+    _notes.startPart(tally, _whole);
+}
+
+void PartReader::readMeasure(pugi::xml_node frame, pugi::xml_node content, WrittenMeasure &measure)
+{
+    measure.node = content;
+    measure.notes.clear();
+    measure.marks.clear();
+    _timeline.startMeasure();
+    _hasChordNote = false;
+    for (auto child = content.first_child(); child; child = child.next_sibling()) {
+        switch (const auto tag = tagOf(child.name()); tag) {
+        case Tag::Note:
+            readNote(child, measure);
+            break;
+        case Tag::Backup:
+            jump(child, -1);
+            break;
+        case Tag::Forward:
+            jump(child, 1);
+            break;
+        case Tag::Attributes:
+            _attributes.read(child, *_facts, _timeline);
+            break;
+        case Tag::Direction:
+            _directions.readDirection(child, _timeline, *_facts, measure);
+            break;
+        case Tag::Sound:
+            _directions.readSound(child, _timeline, *_facts);
+            break;
+        case Tag::Harmony:
+            _directions.readHarmony(child, _timeline, measure);
+            break;
+        case Tag::Barline:
+            _barlines.read(child, *_facts);
+            break;
+        default:
+            _context.addUnheld(child, tag);
+        }
+    }
+    measure.length = _timeline.exactReach();
+    _length += _timeline.writtenReach();
+    ++_tally->measures;
+    const bool implicit = std::strcmp(frame.attribute("implicit").value(), "yes") == 0;
+    _facts->bars.push_back({measure.length, implicit, content});
+}
+
+void PartReader::finishPart()
+{
+    _barlines.finishPart(*_facts);
+    for (const auto &tie : _openTies)
+        _context.addProblemInBar(tie.bar, tie.node, "a tie is begun here that nothing ends");
+    if (const auto hidden = _tally->notes.hidden; hidden > 0)
+        _context.addProblem({},
+                            std::to_string(hidden) + " notes that the document hides are shown");
+    _tally->length = _length.toString();
+    _tally->staves = static_cast<std::uint32_t>(std::max<std::size_t>(_facts->staves.size(), 1));
+    std::sort(_tally->voices.begin(), _tally->voices.end());
+}
+
+void PartReader::readNote(pugi::xml_node node, WrittenMeasure &measure)
+{
+    measure.notes.push_back(_notes.read(node));
+    auto &note = measure.notes.back();
+    const auto staves = _facts->staves.size();
+    if (static_cast<std::size_t>(note.staff) >= staves) {
+        constexpr int mostStaves = 64;
+        note.staff = std::min(note.staff, mostStaves - 1);
+        _facts->staves.resize(std::max(staves, static_cast<std::size_t>(note.staff) + 1));
+    }
+    if (note.chord && _hasChordNote)
+        joinChord(note);
+    else
+        placeNote(note);
+    if (note.tieStart || note.tieStop)
+        followTies(note);
+    for (const auto dynamics : _notes.dynamics())
+        _directions.readDynamics(dynamics, note.onset, note.staff, measure);
+}
+
+void PartReader::joinChord(WrittenNote &note)
+{
+    note.onset = _chordNote.onset;
+    note.tolerance = _chordNote.tolerance;
+    note.length = _chordNote.length;
+    note.rhythm = _chordNote.rhythm;
+    note.grace = _chordNote.grace;
+    const auto &rhythm = _notes.rhythm();
+    if (rhythm.type != WrittenRhythm::NoType && !(rhythm == _chordRhythm))
+        _context.addProblem(note.node, "a chord note of another length took the chord's");
+}
+
+void PartReader::placeNote(WrittenNote &note)
+{
+    if (note.chord)
+        _context.addProblem(note.node, "a chord note that follows no note was read as a note");
+    note.chord = false;
+    note.onset = _timeline.exact();
+    note.tolerance = _timeline.tolerance();
+
+    const auto &rhythm = _notes.rhythm();
+    const auto *nominal = rhythm.type != WrittenRhythm::NoType ? &_fitter.written(rhythm) : nullptr;
+    const bool held = nominal && nominal->has_value();
+    if (held)
+        note.rhythm = (*nominal)->value;
+    if (!note.grace) {
+        const auto written = _notes.duration().value_or(0) / _timeline.divisions();
+        const bool timed = written > rational(0) && written < rational(longest);
+        if (held && timed && !note.wholeMeasure
+            && ((*nominal)->length == written
+                || _timeline.isRounding((*nominal)->length, written))) {
+            note.length = (*nominal)->length;
+            _timeline.advance(note.length, written);
+        } else if (timed) {
+            if (held && !note.wholeMeasure)
+                _context.addProblem(note.node,
+                                    "the duration, " + written.toString()
+                                        + " quarters, contradicts the note type; it was taken");
+            fitLength(note, written);
+            _timeline.advance(written, written);
+        } else {
+            _context.addProblem(note.node, "a note without a duration got that of its type");
+            note.length = note.rhythm.getLength();
+            _timeline.advance(note.length, note.length);
+        }
+    }
+    _chordNote = note;
+    _chordRhythm = rhythm;
+    _hasChordNote = true;
+}
+
+void PartReader::fitLength(WrittenNote &note, const rational &length)
+{
+    note.length = length;
+    if (const auto fit = _fitter.ofLength(length, _notes.rhythm()))
+        note.rhythm = fit->value;
+    else
+        _context.addProblem(note.node,
+                            "a length of " + length.toString() + " quarters fits no note value");
+}
+
+void PartReader::jump(pugi::xml_node node, int sign)
+{
+    const auto duration = node.child("duration");
+    const auto length = duration ? _context.decimal(duration, 0) : rational(0);
+    if (!duration || length < rational(0) || length > rational(longest) * _timeline.divisions()) {
+        _context.addProblem(
+            node, std::string("a <") + node.name() + "> without a usable duration was left out");
+        return;
+    }
+    if (!_timeline.jump(rational(sign) * length / _timeline.divisions()))
+        _context.addProblem(node, "a <backup> goes back past the start of the bar; it stops there");
+}
+
+void PartReader::followTies(const WrittenNote &note)
+{
+    if (note.tieStop) {
+        const auto found = std::find_if(_openTies.begin(), _openTies.end(),
+                                        [&](const OpenTie &tie) { return tie.midi == note.midi; });
+        if (found != _openTies.end())
+            _openTies.erase(found);
+        else
+            _context.addProblem(note.node, "a tie ends here that nothing begins");
+    }
+    if (note.tieStart && _openTies.size() < mostOpenTies)
+        _openTies.push_back({note.midi, _context.bar(), note.node});
+}
+
+} // namespace zarn::io

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/io/musicxml/AttributesReader.h>
+#include <ZarnCore/io/musicxml/BarlineReader.h>
+#include <ZarnCore/io/musicxml/DirectionReader.h>
+#include <ZarnCore/io/musicxml/MeasureTimeline.h>
+#include <ZarnCore/io/musicxml/NoteReader.h>
+#include <ZarnCore/io/musicxml/RhythmFitter.h>
+
+namespace zarn::io {
+
+/// Reads the measures of one part after another, and puts every note at its exact place.
+///
+/// A note's length is what its type, dots and tuplets say, as long as rounding explains how the
+/// written duration differs from it; otherwise the duration holds.
+class PartReader {
+public:
+    PartReader(ImportContext &context, SourceTally &tally);
+
+    void startPart(PartFacts &facts, PartTally &tally);
+
+    /// Reads a measure into `measure`, whose memory is used again. `content` holds the elements;
+    /// `frame` is the <measure>, which is the same in the partwise layout.
+    void readMeasure(pugi::xml_node frame, pugi::xml_node content, WrittenMeasure &measure);
+
+    /// Reports what the part left open.
+    void finishPart();
+
+private:
+    struct OpenTie {
+        int midi;
+        int bar;
+        pugi::xml_node node;
+    };
+
+    void readNote(pugi::xml_node node, WrittenMeasure &measure);
+    void joinChord(WrittenNote &note);
+    void placeNote(WrittenNote &note);
+    void fitLength(WrittenNote &note, const utils::rational &length);
+    void jump(pugi::xml_node node, int sign);
+    void followTies(const WrittenNote &note);
+
+    ImportContext &_context;
+    SourceTally &_whole;
+    PartFacts *_facts = nullptr;
+    PartTally *_tally = nullptr;
+    utils::rational _length; ///< of the part, as the written durations say
+
+    MeasureTimeline _timeline;
+    RhythmFitter _fitter;
+    NoteReader _notes;
+    AttributesReader _attributes;
+    DirectionReader _directions;
+    BarlineReader _barlines;
+
+    /// The note that further notes of a chord join.
+    WrittenNote _chordNote;
+    bool _hasChordNote = false;
+    WrittenRhythm _chordRhythm;
+    std::vector<OpenTie> _openTies;
+};
+
+} // namespace zarn::io

@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/musicxml/ScoreReader.h>
+
+#include <ZarnCore/io/ZarnImportReport.h>
+#include <ZarnCore/io/musicxml/BarBuilder.h>
+#include <ZarnCore/io/musicxml/ImportContext.h>
+#include <ZarnCore/io/musicxml/JumpPlacer.h>
+#include <ZarnCore/io/musicxml/MasterBarBuilder.h>
+#include <ZarnCore/io/musicxml/PartList.h>
+#include <ZarnCore/io/musicxml/PartReader.h>
+#include <ZarnCore/io/musicxml/PartSources.h>
+#include <ZarnCore/io/musicxml/ScoreHeader.h>
+#include <ZarnCore/io/musicxml/TrackBuilder.h>
+#include <ZarnCore/io/musicxml/XmlDocument.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
+
+#include <algorithm>
+
+namespace zarn::io {
+
+namespace {
+
+/// Reads one document: the parts one after another, then what they share.
+class ScoreReader {
+public:
+    ScoreReader(const XmlDocument &document, ImportReport &report)
+        : _document(document), _context(document, report),
+          _list(document.root().child("part-list"), _context),
+          _notes(_context, _list.percussionKeys()), _builder(_context, _notes),
+          _reader(_context, _tally), _model(std::make_shared<ScoreModel>())
+    {
+    }
+
+    std::shared_ptr<ScoreModel> read(ImportReport &report);
+
+private:
+    void readPart(std::size_t part, const PartSource &source);
+    void checkSize(std::size_t barCount) const;
+    void padBars();
+    void fillBarsWithRests();
+
+    const XmlDocument &_document;
+    ImportContext _context;
+    PartList _list;
+    SourceTally _tally;
+    NoteMaker _notes;
+    BarBuilder _builder;
+    PartReader _reader;
+    std::shared_ptr<ScoreModel> _model;
+    std::size_t _barCount = 0;
+    std::size_t _barsMade = 0;
+    std::vector<PartFacts> _facts;
+    std::vector<StaffBars> _bars; ///< by part
+    std::vector<WholeMeasureRest> _rests;
+    WrittenMeasure _measure;
+};
+
+std::shared_ptr<ScoreModel> ScoreReader::read(ImportReport &report)
+{
+    readScoreHeader(_document.root(), *_model, _context);
+    const auto sources = partSources(_document.root(), _list, _context);
+    for (const auto &source : sources)
+        _barCount = std::max(_barCount, source.measures.size());
+
+    _tally.parts.resize(sources.size());
+    _facts.resize(sources.size());
+    _bars.resize(sources.size());
+    for (std::size_t part = 0; part < sources.size(); ++part)
+        readPart(part, sources[part]);
+    std::size_t staves = 0;
+    for (const auto &part : _bars)
+        staves += part.size();
+    checkSize(staves * _barCount);
+    padBars();
+
+    auto &master = *_model->masterTrack();
+    MasterBarBuilder(_context, _facts, _tally.parts)
+        .build(master, static_cast<unsigned>(_barCount));
+    _context.setPlace(-1, -1);
+    JumpPlacer(_context, master).place(_facts);
+    fillBarsWithRests();
+    for (std::size_t part = 0; part < sources.size(); ++part) {
+        _context.setPlace(static_cast<int>(part), -1);
+        setClefs(_facts[part], _bars[part], _context);
+        setSimileMarks(_facts[part], _bars[part], _context);
+        _model->addTrack(makeTrack(sources[part].listed, _facts[part], _tally.parts[part].notes,
+                                   std::move(_bars[part])));
+    }
+    master.updatePlayList();
+    _context.finish();
+    report.setTally(std::move(_tally));
+    return std::move(_model);
+}
+
+void ScoreReader::readPart(std::size_t part, const PartSource &source)
+{
+    auto &facts = _facts[part];
+    auto &bars = _bars[part];
+    auto &tally = _tally.parts[part];
+    tally.id = source.listed.id;
+    tally.name = source.listed.name;
+    facts.staves.resize(1);
+    _notes.startPart(facts);
+    _builder.startPart();
+    _reader.startPart(facts, tally);
+    bars.emplace_back();
+    bars.front().reserve(_barCount);
+    for (std::size_t bar = 0; bar < source.measures.size(); ++bar) {
+        _context.setPlace(static_cast<int>(part), static_cast<int>(bar));
+        const auto &measure = source.measures[bar];
+        _reader.readMeasure(measure.frame, measure.content, _measure);
+        while (bars.size() < facts.staves.size()) {
+            // A staff that turns up late was empty before.
+            bars.emplace_back();
+            bars.back().reserve(_barCount);
+            for (std::size_t i = 0; i < bar; ++i)
+                bars.back().push_back(std::make_shared<Bar>());
+            checkSize(_barsMade += bar);
+        }
+        _builder.build(_measure, bars);
+        checkSize(_barsMade += bars.size());
+    }
+    _context.setPlace(static_cast<int>(part), -1);
+    _reader.finishPart();
+    const auto &rests = _builder.wholeMeasureRests();
+    _rests.insert(_rests.end(), rests.begin(), rests.end());
+}
+
+/// Refuses what would fill the memory with empty bars: a bar takes some text when it is music.
+void ScoreReader::checkSize(std::size_t barCount) const
+{
+    constexpr std::size_t alwaysAllowed = 1'000'000;
+    constexpr std::size_t textOfBar = 16;
+    if (barCount > std::max(alwaysAllowed, _document.size() / textOfBar))
+        _context.refuse(_document.root(),
+                        "the score would consist of " + std::to_string(barCount)
+                            + " bars, nearly all of them empty");
+}
+
+void ScoreReader::padBars()
+{
+    for (std::size_t part = 0; part < _bars.size(); ++part) {
+        auto &staves = _bars[part];
+        const auto written = staves.front().size();
+        if (written < _barCount) {
+            _context.setPlace(static_cast<int>(part), static_cast<int>(written));
+            _context.addProblem({},
+                                "the part ends " + std::to_string(_barCount - written)
+                                    + " bars before the longest one; empty bars were added");
+        }
+        for (auto &staff : staves)
+            while (staff.size() < _barCount)
+                staff.push_back(std::make_shared<Bar>());
+    }
+}
+
+/// A rest over the measure becomes a whole-bar rest where it is as long as the bar.
+void ScoreReader::fillBarsWithRests()
+{
+    const auto &bars = _model->masterTrack()->masterBars();
+    for (const auto &rest : _rests)
+        if (bars[rest.bar]->length() == rest.length) {
+            rest.beat->setRhythmValue(RhythmValue(RhythmValue::NoteValue::Whole));
+            rest.beat->setWholeBarRest(true);
+        }
+}
+
+} // namespace
+
+std::shared_ptr<ScoreModel> readScore(const XmlDocument &document, ImportReport &report)
+{
+    const auto layout = tagOf(document.root().name());
+    if (layout != Tag::ScorePartwise && layout != Tag::ScoreTimewise)
+        document.refuse(document.root(),
+                        std::string("the root element is <") + document.root().name()
+                            + ">, not <score-partwise> or <score-timewise>");
+    return ScoreReader(document, report).read(report);
+}
+
+} // namespace zarn::io

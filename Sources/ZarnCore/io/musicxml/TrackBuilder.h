@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/io/ZarnSourceTally.h>
+#include <ZarnCore/io/musicxml/PartFacts.h>
+#include <ZarnCore/model/ZarnStaff.h>
+
+#include <memory>
+#include <vector>
+
+namespace zarn {
+class Track;
+}
+
+namespace zarn::io {
+
+class ImportContext;
+struct ListedPart;
+
+/// Bars of one part, by staff.
+using StaffBars = std::vector<Staff::Bars>;
+
+/// Gives every bar the clef and ottava that hold at its start, and the changes inside of it.
+void setClefs(const PartFacts &facts, StaffBars &staves, ImportContext &context);
+
+/// Marks the bars that are written as signs which repeat the bar, or the two bars, before. They
+/// keep their notes.
+void setSimileMarks(const PartFacts &facts, StaffBars &staves, ImportContext &context);
+
+/// Makes the track of a part around its bars.
+std::shared_ptr<Track> makeTrack(const ListedPart &part, const PartFacts &facts,
+                                 const NoteTally &notes, StaffBars staves);
+
+} // namespace zarn::io

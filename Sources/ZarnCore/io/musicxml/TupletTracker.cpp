@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/musicxml/TupletTracker.h>
+
+#include <algorithm>
+
+namespace zarn::io {
+
+namespace {
+
+/// Deeper nesting is no music; it would only make the search for a voice's tuplets long.
+constexpr std::size_t mostOpen = 64;
+
+} // namespace
+
+void TupletTracker::start(int voice, int number, const TupletRatio &ratio)
+{
+    stop(voice, number);
+    if (_open.size() < mostOpen)
+        _open.push_back({voice, number, ratio});
+}
+
+void TupletTracker::stop(int voice, int number)
+{
+    const auto found = std::find_if(_open.begin(), _open.end(), [&](const Open &open) {
+        return open.voice == voice && open.number == number;
+    });
+    if (found != _open.end())
+        _open.erase(found);
+}
+
+void TupletTracker::split(int voice, const TupletRatio &modification, WrittenRhythm &rhythm) const
+{
+    rhythm.outer = modification;
+    rhythm.inner = {};
+    const auto outer = std::find_if(_open.begin(), _open.end(),
+                                    [&](const Open &open) { return open.voice == voice; });
+    if (outer == _open.end() || outer->ratio.isPlain() || outer->ratio == modification)
+        return;
+    const auto rest = utils::rational(modification.actual, modification.normal)
+        / utils::rational(outer->ratio.actual, outer->ratio.normal);
+    if (rest.numerator() > 255 || rest.denominator() > 255)
+        return;
+    rhythm.outer = outer->ratio;
+    rhythm.inner = {static_cast<int>(rest.numerator()), static_cast<int>(rest.denominator())};
+}
+
+} // namespace zarn::io

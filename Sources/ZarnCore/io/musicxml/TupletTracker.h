@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/io/musicxml/WrittenMusic.h>
+
+#include <vector>
+
+namespace zarn::io {
+
+/// The tuplets that are open in the voices of a part. A note's time modification is the product of
+/// all tuplets around it; the tracker tells the outermost from the rest.
+class TupletTracker {
+public:
+    /// A tuplet begins; a plain ratio when its numbers are not written.
+    void start(int voice, int number, const TupletRatio &ratio);
+    void stop(int voice, int number);
+
+    /// Splits the time modification of a note into the outermost tuplet and what is inside of it.
+    void split(int voice, const TupletRatio &modification, WrittenRhythm &rhythm) const;
+
+private:
+    struct Open {
+        int voice;
+        int number;
+        TupletRatio ratio;
+    };
+
+    std::vector<Open> _open;
+};
+
+} // namespace zarn::io

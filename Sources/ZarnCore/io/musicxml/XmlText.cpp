@@ -1,0 +1,215 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/musicxml/XmlText.h>
+
+#include <ZarnCore/io/ZarnImportException.h>
+#include <ZarnCore/io/ZarnImportReport.h>
+
+#include <QTextCodec>
+
+#include <algorithm>
+#include <cstring>
+#include <string_view>
+
+namespace zarn::io {
+
+namespace {
+
+/// What the first bytes of a file say about its encoding (XML 1.0, appendix F).
+struct Signature {
+    std::string_view bytes;
+    std::string_view encoding;
+    std::size_t markLength;
+};
+
+using namespace std::string_view_literals;
+constexpr Signature signatures[] = {
+    {"\x00\x00\xFE\xFF"sv, "UTF-32BE", 4},
+    {"\xFF\xFE\x00\x00"sv, "UTF-32LE", 4},
+    {"\xEF\xBB\xBF"sv, "UTF-8", 3},
+    {"\xFE\xFF"sv, "UTF-16BE", 2},
+    {"\xFF\xFE"sv, "UTF-16LE", 2},
+    {"\x00\x00\x00<"sv, "UTF-32BE", 0},
+    {"<\x00\x00\x00"sv, "UTF-32LE", 0},
+    {"\x00<"sv, "UTF-16BE", 0},
+    {"<\x00"sv, "UTF-16LE", 0},
+};
+
+Signature signatureOf(std::string_view bytes)
+{
+    for (const auto &signature : signatures)
+        if (bytes.substr(0, signature.bytes.size()) == signature.bytes)
+            return signature;
+    return {{}, {}, 0};
+}
+
+std::string upper(std::string_view text)
+{
+    std::string result(text);
+    for (auto &letter : result)
+        if (letter >= 'a' && letter <= 'z')
+            letter = static_cast<char>(letter - 'a' + 'A');
+    return result;
+}
+
+/// The encoding that an XML declaration names, in upper case; nothing without one.
+std::string declaredEncoding(std::string_view text)
+{
+    if (text.substr(0, 5) != "<?xml")
+        return {};
+    const auto declaration = text.substr(0, text.find("?>"));
+    auto at = declaration.find("encoding");
+    if (at == declaration.npos)
+        return {};
+    at = declaration.find_first_of("\"'", at);
+    if (at == declaration.npos)
+        return {};
+    const auto end = declaration.find(declaration[at], at + 1);
+    return end == declaration.npos ? std::string()
+                                   : upper(declaration.substr(at + 1, end - at - 1));
+}
+
+std::string place(std::string_view text, std::size_t at)
+{
+    const auto line = std::count(text.begin(), text.begin() + static_cast<long>(at), '\n') + 1;
+    return "line " + std::to_string(line);
+}
+
+std::string hexByte(char byte)
+{
+    constexpr char digits[] = "0123456789ABCDEF";
+    const auto value = static_cast<unsigned char>(byte);
+    return std::string("0x") + digits[value >> 4] + digits[value & 15];
+}
+
+/// Length of the well-formed UTF-8 sequence that starts at a byte above 0x7F (Unicode 15,
+/// table 3-7); 0 when there is none.
+std::size_t sequenceLength(std::string_view text, std::size_t at)
+{
+    const auto byte = [&](std::size_t i) {
+        return i < text.size() ? static_cast<unsigned char>(text[i]) : 0u;
+    };
+    const auto continues = [&](std::size_t i) { return (byte(i) & 0xC0) == 0x80; };
+    const auto first = byte(at);
+    const auto second = byte(at + 1);
+    if (first < 0xC2 || first > 0xF4 || !continues(at + 1))
+        return 0;
+    if (first < 0xE0)
+        return 2;
+    if (!continues(at + 2))
+        return 0;
+    if (first < 0xF0) {
+        const bool overlong = first == 0xE0 && second < 0xA0;
+        const bool surrogate = first == 0xED && second > 0x9F;
+        return overlong || surrogate ? 0 : 3;
+    }
+    const bool outside = (first == 0xF0 && second < 0x90) || (first == 0xF4 && second > 0x8F);
+    return outside || !continues(at + 3) ? 0 : 4;
+}
+
+/// Position of the first byte that is not well-formed UTF-8, or `npos`.
+std::size_t firstInvalidByte(std::string_view text)
+{
+    constexpr std::uint64_t highBits = 0x8080808080808080u;
+    std::size_t at = 0;
+    while (at < text.size()) {
+        std::uint64_t block = 0;
+        if (at + sizeof block <= text.size()) {
+            std::memcpy(&block, text.data() + at, sizeof block);
+            if ((block & highBits) == 0) {
+                at += sizeof block;
+                continue;
+            }
+        }
+        if (static_cast<unsigned char>(text[at]) < 0x80) {
+            ++at;
+            continue;
+        }
+        const auto length = sequenceLength(text, at);
+        if (length == 0)
+            return at;
+        at += length;
+    }
+    return text.npos;
+}
+
+std::string converted(const std::string &document, std::string_view bytes,
+                      const std::string &encoding)
+{
+    auto *codec = QTextCodec::codecForName(QByteArray::fromStdString(encoding));
+    if (!codec)
+        ZARN_REFUSE_IN("zarn::io::decodeXml", document, "line 1",
+                       "the encoding \"" + encoding + "\" is not known");
+    QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
+    const auto text = codec->toUnicode(bytes.data(), static_cast<int>(bytes.size()), &state);
+    if (state.invalidChars > 0 || state.remainingChars > 0)
+        ZARN_REFUSE_IN("zarn::io::decodeXml", document, "",
+                       "the text is not " + encoding + ", or it is cut off in a character");
+    return text.toStdString();
+}
+
+} // namespace
+
+std::string decodeXml(const std::string &document, std::string bytes, ImportReport &report)
+{
+    const auto signature = signatureOf(bytes);
+    std::string encoding(signature.encoding);
+    if (signature.markLength > 0)
+        bytes.erase(0, signature.markLength);
+    const bool wide = !encoding.empty() && encoding != "UTF-8";
+    if (wide)
+        bytes = converted(document, bytes, encoding);
+
+    const auto declared = declaredEncoding(bytes);
+    const bool declaredWide = declared.compare(0, 5, "UTF-1") == 0
+        || declared.compare(0, 5, "UTF-3") == 0 || declared.compare(0, 4, "UCS-") == 0;
+    const bool contradicted = !declared.empty()
+        && (encoding.empty() ? declaredWide : encoding.compare(0, declared.size(), declared) != 0);
+    if (contradicted)
+        report.addProblem({"the declaration says " + declared + ", but the text is "
+                               + (encoding.empty() ? "UTF-8" : encoding) + "; read as such",
+                           -1, -1, 1});
+
+    const bool plain = declared.empty() || declared == "UTF-8" || declared == "US-ASCII"
+        || declared == "ASCII" || contradicted;
+    if (!wide && encoding.empty() && !plain)
+        bytes = converted(document, bytes, declared);
+    else if (const auto bad = firstInvalidByte(bytes); bad != bytes.npos)
+        ZARN_REFUSE_IN("zarn::io::decodeXml", document, place(bytes, bad),
+                       "the text is not UTF-8 (byte " + hexByte(bytes[bad])
+                           + "); the declaration should name its encoding");
+    if (const auto zero = bytes.find('\0'); zero != bytes.npos)
+        ZARN_REFUSE_IN("zarn::io::decodeXml", document, place(bytes, zero),
+                       "a zero byte stands in the text");
+    return bytes;
+}
+
+std::string rootElementName(const std::string &start)
+{
+    // Names of interest are ASCII: dropping the zero bytes reads the wide encodings, too.
+    const auto signature = signatureOf(start);
+    std::string text = start.substr(signature.markLength);
+    text.erase(std::remove(text.begin(), text.end(), '\0'), text.end());
+    std::size_t at = 0;
+    while ((at = text.find_first_not_of(" \t\r\n", at)) != text.npos && text[at] == '<') {
+        const std::string_view rest = std::string_view(text).substr(at);
+        if (rest.substr(0, 4) == "<!--") {
+            at = text.find("-->", at);
+        } else if (rest.substr(0, 2) == "<?") {
+            at = text.find("?>", at);
+        } else if (rest.substr(0, 2) == "<!") {
+            const auto subset = text.find('[', at);
+            at = text.find('>', at);
+            if (subset < at)
+                at = text.find("]>", subset);
+        } else {
+            const auto end = text.find_first_of(" \t\r\n/>", at + 1);
+            return end == text.npos ? std::string() : text.substr(at + 1, end - at - 1);
+        }
+        if (at == text.npos)
+            break;
+        at = text.find('>', at) + 1;
+    }
+    return {};
+}
+
+} // namespace zarn::io

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/model/notes/StaffLineOfNote.h>
+
+#include <ZarnCore/model/ZarnBar.h>
+#include <ZarnCore/model/ZarnStaff.h>
+#include <ZarnCore/model/ZarnTrack.h>
+#include <ZarnCore/music/ZarnMusic.h>
+
+namespace zarn {
+namespace {
+
+ClefType clefOver(const Beat &beat, const Bar &bar)
+{
+    if (bar.clefChanges().empty())
+        return bar.clef();
+    const auto voice = beat.parentVoice();
+    return bar.clefAt(voice ? voice->beatDrawingOffset(beat) : utils::rational());
+}
+
+std::optional<int> lineOfArticulation(const Note &note, const Track &track)
+{
+    const auto set = note.percussionArticulation() != Note::Unset ? track.instrumentSet() : nullptr;
+    const auto number = static_cast<std::size_t>(note.percussionArticulation());
+    if (!set || number >= set->articulations().size())
+        return std::nullopt;
+    return set->articulations()[number].staffLine();
+}
+
+} // namespace
+
+std::optional<int> staffLineOf(const Note &note, const Beat &beat, const Bar &bar)
+{
+    if (note.staffLine() != Note::NoStaffLine)
+        return note.staffLine();
+    const auto staff = bar.parentStaff();
+    const auto track = staff ? staff->track() : nullptr;
+    if (const auto line = track ? lineOfArticulation(note, *track) : std::nullopt)
+        return line;
+    const int midi = Music::midi(note);
+    if (midi == Note::Unset || (track && InstrumentSet::isUnpitched(track->type())))
+        return std::nullopt;
+    const int accidentals = Music::drawingKeySignatureForBar(bar).accidentalCount();
+    const core::Pitch pitch = Music::computePitchAccordingToMidi(note, midi, accidentals);
+    const Ottavia ottavia = beat.ottavia() != Ottavia::None ? beat.ottavia() : bar.ottavia();
+    return Music::staffLineOfNote(PitchClass::fromPitch(pitch).note(), clefOver(beat, bar),
+                                  pitch.octave())
+        - 7 * Music::ottaviaOctaves(ottavia);
+}
+
+} // namespace zarn

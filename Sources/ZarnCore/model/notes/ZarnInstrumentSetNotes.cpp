@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/instruments/sets/ZarnInstrumentSet.h>
+#include <ZarnCore/model/ZarnBeat.h>
+#include <ZarnCore/model/ZarnNote.h>
+
+#include <algorithm>
+
+namespace zarn {
+namespace {
+
+constexpr int highestMidi = 127;
+
+bool fitsNote(const InstrumentArticulation &articulation, int index) noexcept
+{
+    return index <= Note::MaxArticulation && articulation.outputMidiNumber() >= 0
+        && articulation.outputMidiNumber() <= highestMidi
+        && articulation.staffLine() > Note::NoStaffLine && articulation.staffLine() <= 127;
+}
+
+std::shared_ptr<Note> noteWithArticulation(const Beat &beat, int index)
+{
+    const auto &notes = beat.notes();
+    const auto found = std::find_if(notes.begin(), notes.end(), [index](const auto &note) {
+        return note->percussionArticulation() == index;
+    });
+    return found == notes.end() ? nullptr : *found;
+}
+
+} // namespace
+
+std::shared_ptr<Note> InstrumentSet::addNoteFromMidi(Beat &beat, std::int32_t midi) const
+{
+    if (midi < 0 || midi > highestMidi)
+        return nullptr;
+    std::shared_ptr<Note> note;
+    if (_articulations.empty()) {
+        if (auto held = beat.noteWithMidi(midi))
+            return held;
+        note = std::make_shared<Note>(midi);
+    } else {
+        const int index = indexOfArticulationWithMidi(midi);
+        if (index < 0)
+            return nullptr;
+        const auto &articulation = _articulations[static_cast<std::size_t>(index)];
+        if (!fitsNote(articulation, index))
+            return nullptr;
+        if (auto held = noteWithArticulation(beat, index))
+            return held;
+        note = std::make_shared<Note>(articulation.outputMidiNumber());
+        note->setPercussionArticulation(index);
+        note->setStaffLine(articulation.staffLine());
+        note->setNoteHead(articulation.notehead(0).noteHead());
+    }
+    beat.addNote(note);
+    return note;
+}
+
+} // namespace zarn

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+// From the numbers of an index to the nodes of its model, for those who only look at them: null
+// for what does not exist.
+#pragma once
+
+#include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/places/ZarnScoreModelIndex.h>
+
+#include <cstdint>
+#include <memory>
+
+namespace zarn {
+
+/// The child with a number; null for a number that stands for none.
+template <class Children, class Number>
+const typename Children::value_type *childAt(const Children &children, Number number) noexcept
+{
+    return static_cast<std::int64_t>(number) >= 0
+            && static_cast<std::uint64_t>(number) < children.size()
+        ? &children[static_cast<std::size_t>(number)]
+        : nullptr;
+}
+
+inline const std::shared_ptr<Track> *findTrack(const ScoreModelIndex &index) noexcept
+{
+    const ScoreModel *model = index.model();
+    return model ? childAt(model->tracks(), index.trackIndex()) : nullptr;
+}
+
+inline const std::shared_ptr<Staff> *findStaff(const ScoreModelIndex &index) noexcept
+{
+    const auto *track = findTrack(index);
+    return track ? childAt((*track)->staves(), index.staffIndex()) : nullptr;
+}
+
+inline const std::shared_ptr<Bar> *findBar(const ScoreModelIndex &index) noexcept
+{
+    const auto *staff = findStaff(index);
+    return staff ? childAt((*staff)->bars(), index.barIndex()) : nullptr;
+}
+
+/// Null also for a slot without a voice.
+inline const std::shared_ptr<Voice> *findVoice(const ScoreModelIndex &index) noexcept
+{
+    const auto *bar = findBar(index);
+    const auto *voice = bar ? childAt((*bar)->voices(), index.voiceIndex()) : nullptr;
+    return voice && *voice ? voice : nullptr;
+}
+
+inline const std::shared_ptr<Beat> *findBeat(const ScoreModelIndex &index) noexcept
+{
+    const auto *voice = findVoice(index);
+    return voice ? childAt((*voice)->beats(), index.beatIndex()) : nullptr;
+}
+
+/// The note that the index names, if `beat` were its beat.
+const std::shared_ptr<Note> *findNote(const Beat &beat, const ScoreModelIndex &index) noexcept;
+
+/// The node itself, empty for null.
+template <class Node>
+std::shared_ptr<Node> shared(const std::shared_ptr<Node> *node) noexcept
+{
+    return node ? *node : nullptr;
+}
+
+} // namespace zarn
