@@ -69,7 +69,7 @@ def check(root):
     for base in (root / "Sources", root):
         for folder in ("ZarnCore", "filesystem", "Tools"):
             for file in sorted((base / folder).rglob("*")) if (base / folder).is_dir() else []:
-                if file.suffix in (".h", ".cpp") and file.name != "ZarnPrecompiled.h":
+                if file.suffix in (".h", ".cpp") and file.name != "Precompiled.h":
                     name = file.relative_to(base).as_posix()
                     found.extend(problems(name, file.read_text(encoding="utf-8")))
     return found

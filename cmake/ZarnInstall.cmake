@@ -10,7 +10,7 @@ install(TARGETS ZarnCore zarnfilesystem EXPORT ZarnCoreTargets
 install(EXPORT ZarnCoreTargets NAMESPACE Zarn:: DESTINATION ${zarn_cmake_dir})
 foreach(folder ZarnCore filesystem)
     install(DIRECTORY Sources/${folder} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zarncore
-        FILES_MATCHING PATTERN "*.h" PATTERN "ZarnPrecompiled.h" EXCLUDE
+        FILES_MATCHING PATTERN "*.h" PATTERN "Precompiled.h" EXCLUDE
         REGEX "/(io/(musicxml|native|text)|core)/" EXCLUDE)
 endforeach()
 

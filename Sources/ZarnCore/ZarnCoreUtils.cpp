@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/ZarnCoreUtils.h>
 
-#include <ZarnCore/instruments/effects/HVVolumePan.h>
+#include <ZarnCore/instruments/effects/ZarnHVVolumePan.h>
 #include <ZarnCore/instruments/effects/ZarnVolumePan.h>
 #include <ZarnCore/io/ZarnScoreText.h>
 #include <ZarnCore/model/ZarnBar.h>

@@ -5,7 +5,7 @@
 #include <ZarnCore/model/ZarnMasterBar.h>
 #include <ZarnCore/model/ZarnMasterTrack.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
-#include <ZarnCore/model/notes/ZarnTies.h>
+#include <ZarnCore/model/notes/Ties.h>
 #include <ZarnCore/score/ZarnScore.h>
 
 #include <algorithm>

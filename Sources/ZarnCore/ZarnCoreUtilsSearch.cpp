@@ -4,7 +4,7 @@
 
 #include <ZarnCore/model/ZarnStaff.h>
 #include <ZarnCore/model/ZarnVoice.h>
-#include <ZarnCore/model/notes/ZarnTies.h>
+#include <ZarnCore/model/notes/Ties.h>
 
 namespace zarn {
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/ZarnCoreUtils.h>
-#include <ZarnCore/instruments/effects/HVVolumePan.h>
+#include <ZarnCore/instruments/effects/ZarnHVVolumePan.h>
 #include <ZarnCore/instruments/effects/ZarnVolumePan.h>
 
 #include <gtest/gtest.h>

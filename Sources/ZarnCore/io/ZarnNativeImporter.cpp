@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/io/ZarnNativeImporter.h>
 
-#include <ZarnCore/io/ZarnFileContent.h>
+#include <ZarnCore/io/FileContent.h>
 #include <ZarnCore/io/ZarnImportException.h>
 #include <ZarnCore/io/native/BarFields.h>
 #include <ZarnCore/io/native/ScoreFields.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/model/ZarnMasterTrack.h>
 
-#include <ZarnCore/model/ZarnMasterTrackPrivate.h>
+#include <ZarnCore/model/MasterTrackPrivate.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/form/ZarnPlayList.h>
 #include <ZarnCore/model/places/ZarnScoreModelRange.h>

@@ -2,7 +2,7 @@
 // Directions, tempo and the other settings of the master track.
 #include <ZarnCore/model/ZarnMasterTrack.h>
 
-#include <ZarnCore/model/ZarnMasterTrackPrivate.h>
+#include <ZarnCore/model/MasterTrackPrivate.h>
 #include <ZarnCore/model/form/ZarnPlayList.h>
 
 #include <algorithm>

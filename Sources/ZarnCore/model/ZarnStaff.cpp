@@ -3,7 +3,7 @@
 
 #include <ZarnCore/model/ZarnTrack.h>
 #include <ZarnCore/model/ZarnTrackDefaults.h>
-#include <ZarnCore/model/notes/ZarnTies.h>
+#include <ZarnCore/model/notes/Ties.h>
 
 #include <algorithm>
 

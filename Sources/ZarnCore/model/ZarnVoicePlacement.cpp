@@ -2,7 +2,7 @@
 // Notes are placed in a voice by time, cutting the beats that are in the way.
 #include <ZarnCore/model/ZarnVoice.h>
 
-#include <ZarnCore/model/notes/ZarnTies.h>
+#include <ZarnCore/model/notes/Ties.h>
 
 #include <algorithm>
 

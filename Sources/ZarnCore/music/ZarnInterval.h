@@ -2,7 +2,7 @@
 #pragma once
 
 #include <ZarnCore/ZarnExport.h>
-#include <ZarnCore/music/SpellingTables.h>
+#include <ZarnCore/music/ZarnSpellingTables.h>
 
 #include <QString>
 

@@ -2,8 +2,8 @@
 #include <ZarnCore/music/ZarnKeySignature.h>
 
 #include <ZarnCore/ZarnAssert.h>
-#include <ZarnCore/music/SpellingTables.h>
 #include <ZarnCore/music/ZarnInterval.h>
+#include <ZarnCore/music/ZarnSpellingTables.h>
 
 #include <array>
 

@@ -2,7 +2,7 @@
 #include <ZarnCore/music/ZarnMusic.h>
 
 #include <ZarnCore/ZarnAssert.h>
-#include <ZarnCore/music/SpellingTables.h>
+#include <ZarnCore/music/ZarnSpellingTables.h>
 #include <ZarnCore/music/ZarnTone.h>
 
 #include <array>

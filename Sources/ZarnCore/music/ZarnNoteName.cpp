@@ -2,7 +2,7 @@
 #include <ZarnCore/music/ZarnNoteName.h>
 
 #include <ZarnCore/ZarnAssert.h>
-#include <ZarnCore/music/SpellingTables.h>
+#include <ZarnCore/music/ZarnSpellingTables.h>
 #include <ZarnCore/utils/EnumTable.h>
 
 namespace zarn {

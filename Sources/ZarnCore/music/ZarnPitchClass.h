@@ -2,11 +2,11 @@
 #pragma once
 
 #include <ZarnCore/ZarnExport.h>
-#include <ZarnCore/music/SpellingTables.h>
 #include <ZarnCore/music/ZarnInterval.h>
 #include <ZarnCore/music/ZarnNoteAccidental.h>
 #include <ZarnCore/music/ZarnNoteName.h>
 #include <ZarnCore/music/ZarnPitch.h>
+#include <ZarnCore/music/ZarnSpellingTables.h>
 #include <ZarnCore/music/ZarnTone.h>
 
 #include <QSet>

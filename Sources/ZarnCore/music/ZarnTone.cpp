@@ -2,8 +2,8 @@
 #include <ZarnCore/music/ZarnTone.h>
 
 #include <ZarnCore/ZarnAssert.h>
-#include <ZarnCore/music/SpellingTables.h>
 #include <ZarnCore/music/ZarnPitchClass.h>
+#include <ZarnCore/music/ZarnSpellingTables.h>
 #include <filesystem/FileHandle.h>
 
 #include <array>

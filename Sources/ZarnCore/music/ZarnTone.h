@@ -2,9 +2,9 @@
 #pragma once
 
 #include <ZarnCore/ZarnExport.h>
-#include <ZarnCore/music/SpellingTables.h>
 #include <ZarnCore/music/ZarnNoteAccidental.h>
 #include <ZarnCore/music/ZarnNoteName.h>
+#include <ZarnCore/music/ZarnSpellingTables.h>
 
 #include <QString>
 

@@ -2,7 +2,7 @@
 #include <ZarnCore/commands/Beat/ZarnKeptTies.h>
 
 #include <ZarnCore/model/ZarnVoice.h>
-#include <ZarnCore/model/notes/ZarnTies.h>
+#include <ZarnCore/model/notes/Ties.h>
 
 #include <algorithm>
 

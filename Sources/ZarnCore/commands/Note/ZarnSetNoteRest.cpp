@@ -4,7 +4,7 @@
 #include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/commands/ZarnPlaces.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
-#include <ZarnCore/model/notes/ZarnTies.h>
+#include <ZarnCore/model/notes/Ties.h>
 #include <ZarnCore/score/ZarnScore.h>
 
 namespace zarn::cmd {

@@ -3,7 +3,7 @@
 
 #include <ZarnCore/events/ZarnBarEvents.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
-#include <ZarnCore/model/notes/ZarnTies.h>
+#include <ZarnCore/model/notes/Ties.h>
 #include <ZarnCore/score/ZarnScore.h>
 
 namespace zarn {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/io/musicxml/MxlArchive.h>
 
-#include <ZarnCore/io/ZarnFileContent.h>
+#include <ZarnCore/io/FileContent.h>
 #include <ZarnCore/io/ZarnImportException.h>
 #include <ZarnCore/io/ZarnImportReport.h>
 #include <ZarnCore/io/musicxml/XmlDocument.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <ZarnCore/io/ZarnFileContent.h>
+#include <ZarnCore/io/FileContent.h>
 
 #include <ZarnCore/io/ZarnImportException.h>
 #include <filesystem/FileHandle.h>

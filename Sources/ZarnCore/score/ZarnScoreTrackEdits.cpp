@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/score/ZarnScore.h>
 
+#include <ZarnCore/commands/Execute.h>
 #include <ZarnCore/commands/Track/ZarnAddTrackSound.h>
 #include <ZarnCore/commands/Track/ZarnCreateAudioTrack.h>
 #include <ZarnCore/commands/Track/ZarnCreateTrack.h>
@@ -12,7 +13,6 @@
 #include <ZarnCore/commands/Track/ZarnSetTrackIcon.h>
 #include <ZarnCore/commands/Track/ZarnSetTrackName.h>
 #include <ZarnCore/commands/Track/ZarnSetTrackShortName.h>
-#include <ZarnCore/commands/Execute.h>
 #include <ZarnCore/instruments/sounds/ZarnSound.h>
 
 #include <utility>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <ZarnCore/instruments/effects/HVVolumePan.h>
+#include <ZarnCore/instruments/effects/ZarnHVVolumePan.h>
 
 #include <cmath>
 

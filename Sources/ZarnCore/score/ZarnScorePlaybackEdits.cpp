@@ -5,12 +5,8 @@
 #include <ZarnCore/commands/Automations/ZarnModifyMasterTrackAutomations.h>
 #include <ZarnCore/commands/Automations/ZarnModifyTrackAutomationBypass.h>
 #include <ZarnCore/commands/Automations/ZarnModifyTrackAutomations.h>
-#include <ZarnCore/commands/MasterTrack/ZarnDeleteEffect.h>
-#include <ZarnCore/commands/Score/ZarnChangeHeaderAndFooter.h>
-#include <ZarnCore/commands/Score/ZarnChangeProperties.h>
-#include <ZarnCore/commands/Score/ZarnChangeProperty.h>
-#include <ZarnCore/commands/Score/ZarnSetConcertTone.h>
 #include <ZarnCore/commands/Execute.h>
+#include <ZarnCore/commands/MasterTrack/ZarnDeleteEffect.h>
 #include <ZarnCore/instruments/effects/ZarnMastering.h>
 
 namespace zarn {
@@ -40,26 +36,6 @@ bool Score::modifyTrackAutomationBypass(unsigned track, Automation::Type type, b
 bool Score::removeMasterReverb()
 {
     return execute<cmd::DeleteEffect>(*this, Mastering::reverbSlot);
-}
-
-bool Score::changeProperty(ScoreProperty property, const QString &text)
-{
-    return execute<cmd::ChangeProperty>(*this, property, text);
-}
-
-bool Score::changeProperties(const std::map<ScoreProperty, QString> &texts)
-{
-    return execute<cmd::ChangeProperties>(*this, texts);
-}
-
-bool Score::changeHeaderAndFooter(HeaderAndFooter part, const QString &text)
-{
-    return execute<cmd::ChangeHeaderAndFooter>(*this, part, text);
-}
-
-bool Score::setConcertTone(double hertz)
-{
-    return execute<cmd::SetConcertTone>(*this, hertz);
 }
 
 } // namespace zarn

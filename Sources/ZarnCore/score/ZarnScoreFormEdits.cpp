@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/score/ZarnScore.h>
 
+#include <ZarnCore/commands/Execute.h>
 #include <ZarnCore/commands/MasterBar/ZarnSetBarAlternateEndings.h>
 #include <ZarnCore/commands/MasterBar/ZarnSetBarRepeatEnd.h>
 #include <ZarnCore/commands/MasterBar/ZarnSetBarRepeatStart.h>
@@ -12,7 +13,6 @@
 #include <ZarnCore/commands/MasterBar/ZarnSetMasterTripletFeel.h>
 #include <ZarnCore/commands/MasterTrack/ZarnSetBarDirection.h>
 #include <ZarnCore/commands/MasterTrack/ZarnSetBarDirections.h>
-#include <ZarnCore/commands/Execute.h>
 
 namespace zarn {
 

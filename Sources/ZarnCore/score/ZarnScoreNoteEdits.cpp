@@ -5,10 +5,10 @@
 #include <ZarnCore/commands/Beat/ZarnRemoveBeats.h>
 #include <ZarnCore/commands/Beat/ZarnSetBeatDynamic.h>
 #include <ZarnCore/commands/Beat/ZarnSetBeatRhythm.h>
+#include <ZarnCore/commands/Execute.h>
 #include <ZarnCore/commands/Note/ZarnSetMIDINote.h>
 #include <ZarnCore/commands/Note/ZarnSetNoteRest.h>
 #include <ZarnCore/commands/Note/ZarnSetStringedNote.h>
-#include <ZarnCore/commands/Execute.h>
 
 namespace zarn {
 

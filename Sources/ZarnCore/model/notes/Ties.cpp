@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <ZarnCore/model/notes/ZarnTies.h>
+#include <ZarnCore/model/notes/Ties.h>
 
 #include <ZarnCore/model/ZarnStaff.h>
 #include <ZarnCore/model/ZarnVoice.h>

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/score/ZarnScore.h>
+
+#include <ZarnCore/commands/Execute.h>
+#include <ZarnCore/commands/Score/ZarnChangeHeaderAndFooter.h>
+#include <ZarnCore/commands/Score/ZarnChangeProperties.h>
+#include <ZarnCore/commands/Score/ZarnChangeProperty.h>
+#include <ZarnCore/commands/Score/ZarnSetConcertTone.h>
+
+namespace zarn {
+
+bool Score::changeProperty(ScoreProperty property, const QString &text)
+{
+    return execute<cmd::ChangeProperty>(*this, property, text);
+}
+
+bool Score::changeProperties(const std::map<ScoreProperty, QString> &texts)
+{
+    return execute<cmd::ChangeProperties>(*this, texts);
+}
+
+bool Score::changeHeaderAndFooter(HeaderAndFooter part, const QString &text)
+{
+    return execute<cmd::ChangeHeaderAndFooter>(*this, part, text);
+}
+
+bool Score::setConcertTone(double hertz)
+{
+    return execute<cmd::SetConcertTone>(*this, hertz);
+}
+
+} // namespace zarn
