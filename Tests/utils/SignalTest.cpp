@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -19,6 +20,10 @@ struct Ping {
 
 struct Twin {
     static constexpr std::uint32_t TypeNumber = 3;
+};
+
+struct Pong {
+    static constexpr std::uint32_t TypeNumber = 5;
 };
 
 using utils::ScopedConnection;
@@ -207,6 +212,69 @@ TEST_F(SignalTest, callableThatDisconnectsOthersWhileItDiesIsSafe)
     tail.reset();
     EXPECT_EQ(signal.connectionCount(), 1u);
     EXPECT_EQ(emission(), "b");
+}
+
+/// What a callable owns dies with the signal, and may ask for things then.
+struct Owner {
+    explicit Owner(std::function<void()> end) : atEnd(std::move(end)) { }
+    ~Owner() { atEnd(); }
+    std::function<void()> atEnd;
+};
+
+TEST(SignalLifeTest, aScopeThatIsDisconnectedByItsObjectKnowsThatTheSignalIsGone)
+{
+    ScopedConnection emitted;
+    ScopedConnection kept;
+    ScopedConnection reused;
+    int object = 0;
+    int other = 0;
+    {
+        Signal<Ping> signal;
+        kept = signal.connectScoped(&object, [](const Ping &) {});
+        reused = signal.connectScoped(&other, [](const Ping &) {});
+        emitted = signal.connectScoped(&other, [&](const Ping &) { signal.disconnect(&other); });
+        signal.disconnect(&object);
+        EXPECT_FALSE(kept.isConnected());
+        EXPECT_TRUE(reused.isConnected());
+        signal.notify(nullptr, Ping());
+        EXPECT_FALSE(emitted.isConnected());
+        EXPECT_FALSE(reused.isConnected());
+        reused = signal.connectScoped(&object, [](const Ping &) {});
+        EXPECT_EQ(signal.connectionCount(), 1u);
+    }
+    EXPECT_FALSE(reused.isConnected());
+}
+
+TEST(SignalLifeTest, callablesThatDieWithTheSignalMayAskItForAnything)
+{
+    int object = 0;
+    int listeners[20] = {};
+    int deaths = 0;
+    ScopedConnection late;
+    ScopedConnection later;
+    {
+        utils::SignalContainer<8> container;
+        auto &signal = container.signal<Ping>();
+        auto self = std::make_shared<ScopedConnection>();
+        const auto other = std::make_shared<ScopedConnection>();
+        const auto owner = std::make_shared<Owner>([&, other] {
+            ++deaths;
+            container.signal<Ping>().disconnect(&object);
+            other->reset();
+            container.signal<Pong>().disconnect(&object);
+            late = container.signal<Ping>().connectScoped(&object, [](const Ping &) {});
+            later = container.signal<Pong>().connectScoped(&object, [](const Pong &) {});
+            container.notify(nullptr, Ping());
+        });
+        *other = signal.connectScoped(other.get(), [](const Ping &) {});
+        signal.connect(owner.get(), [owner](const Ping &) {});
+        *self = signal.connectScoped(self.get(), [self](const Ping &) {});
+        for (int &listener : listeners)
+            signal.connect(&listener, [](const Ping &) {});
+    }
+    EXPECT_EQ(deaths, 1);
+    EXPECT_FALSE(late.isConnected());
+    EXPECT_FALSE(later.isConnected());
 }
 
 TEST(SignalContainer, createsSignalsLazilyAndRefusesASharedNumber)

@@ -58,9 +58,9 @@ public:
     [[nodiscard]] ScopedConnection connectScoped(Object *object, Callable &&callable,
                                                  int priority = 0)
     {
-        auto scope = std::make_shared<Scope>(this);
+        const auto scope = std::make_shared<Scope>(this);
         request(object, std::forward<Callable>(callable), priority, scope);
-        return ScopedConnection(std::move(scope));
+        return ScopedConnection(scope);
     }
 
     /// Removes every connection of the object.
@@ -86,9 +86,9 @@ public:
 
 private:
     struct Connection {
-        std::unique_ptr<AbstractSlot> slot;
+        std::unique_ptr<AbstractSlot> slot; ///< dies after the tie: it may own the other end
         const void *object = nullptr;
-        std::shared_ptr<Scope> scope;
+        Tie tie;
         int priority = 0;
         bool isSilenced = false;
     };
@@ -120,9 +120,11 @@ private:
     void request(Object *object, Callable &&callable, int priority, std::shared_ptr<Scope> scope);
     void emitEvent(const void *sender, const E &event);
     void silence(const Scope &scope) noexcept override;
+    void close() noexcept override;
     void settle() noexcept;
     void sweep() noexcept;
     void insert(Connection &&connection) noexcept;
+    static void destroyFrom(std::size_t first, std::vector<Connection> &store) noexcept;
 
     std::vector<Connection> _connections; ///< sorted by priority
     std::vector<Connection> _pendingConnections;
@@ -131,6 +133,7 @@ private:
     unsigned _depth = 0;
     bool _hasRequests = false;
     bool _isBlocked = false;
+    bool _isClosed = false;
 };
 
 template <class E>
@@ -160,13 +163,17 @@ private:
 template <class E>
 Signal<E>::~Signal()
 {
-    ++_depth; // a callable that is destroyed may still disconnect its own
-    for (auto *store : {&_connections, &_pendingConnections}) {
-        for (Connection &connection : *store) {
-            if (connection.scope != nullptr)
-                connection.scope->signal = nullptr;
-        }
-    }
+    close();
+}
+
+/// Requests of the callables that die have the stores to go to, and nobody to take them up.
+template <class E>
+void Signal<E>::close() noexcept
+{
+    _isClosed = true;
+    ++_depth;
+    destroyFrom(0, _connections);
+    destroyFrom(0, _pendingConnections);
 }
 
 template <class E>
@@ -184,10 +191,13 @@ void Signal<E>::request(Object *object, Callable &&callable, int priority,
                         std::shared_ptr<Scope> scope)
 {
     using SlotType = Slot<Object, std::decay_t<Callable>>;
+    Tie tie(std::move(scope));
+    if (_isClosed)
+        return;
     Connection connection;
     connection.slot = std::make_unique<SlotType>(object, std::forward<Callable>(callable));
     connection.object = object;
-    connection.scope = std::move(scope);
+    connection.tie = std::move(tie);
     connection.priority = priority;
     // Room is made here, where a failure can still be raised; settling needs none.
     const std::size_t needed = _connections.size() + _pendingConnections.size() + 1;
@@ -219,7 +229,7 @@ void Signal<E>::silence(const Scope &scope) noexcept
 {
     for (auto *store : {&_connections, &_pendingConnections}) {
         for (Connection &connection : *store) {
-            if (connection.scope.get() == &scope)
+            if (connection.tie.isTo(scope))
                 connection.isSilenced = true;
         }
     }
@@ -247,7 +257,7 @@ void Signal<E>::settle() noexcept
     }
 }
 
-/// Destroys what is silenced, one by one, with the store in order each time.
+/// Destroys what is silenced.
 template <class E>
 void Signal<E>::sweep() noexcept
 {
@@ -259,9 +269,16 @@ void Signal<E>::sweep() noexcept
             std::swap(_connections[kept], _connections[i]);
         ++kept;
     }
-    while (_connections.size() > kept) {
-        const Connection dead = std::move(_connections.back());
-        _connections.pop_back();
+    destroyFrom(kept, _connections);
+}
+
+/// Last one first, one by one, with the store in order each time a callable dies.
+template <class E>
+void Signal<E>::destroyFrom(std::size_t first, std::vector<Connection> &store) noexcept
+{
+    while (store.size() > first) {
+        const Connection dead = std::move(store.back());
+        store.pop_back();
     }
 }
 

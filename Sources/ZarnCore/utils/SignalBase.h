@@ -5,16 +5,17 @@
 
 #include <memory>
 #include <typeinfo>
+#include <utility>
 
 namespace utils {
 
 /// What signals of all event types have in common.
 class ZARNCORE_EXPORT SignalBase {
 public:
-    /// Ties a `ScopedConnection` to the connection that it keeps; knows when the signal is gone.
+    /// What a `ScopedConnection` and the connection that it keeps have in common.
     struct Scope {
         explicit Scope(SignalBase *owner) noexcept : signal(owner) { }
-        SignalBase *signal;
+        SignalBase *signal; ///< null when the connection is gone
     };
 
     virtual ~SignalBase();
@@ -27,7 +28,33 @@ public:
     /// running.
     virtual void silence(const Scope &scope) noexcept = 0;
 
+    /// Ends all connections, and makes none any more. A callable that dies of it may disconnect
+    /// and connect: the first finds nothing left to do, the second is dropped.
+    virtual void close() noexcept = 0;
+
 protected:
+    /// The connection's end of a scope; most connections have none.
+    class Tie {
+    public:
+        Tie() noexcept = default;
+        explicit Tie(std::shared_ptr<Scope> scope) noexcept : _scope(std::move(scope)) { }
+        Tie(Tie &&other) noexcept = default;
+        Tie &operator=(Tie &&other) noexcept
+        {
+            _scope.swap(other._scope);
+            return *this;
+        }
+        ~Tie()
+        {
+            if (_scope != nullptr)
+                _scope->signal = nullptr;
+        }
+        bool isTo(const Scope &scope) const noexcept { return _scope.get() == &scope; }
+
+    private:
+        std::shared_ptr<Scope> _scope;
+    };
+
     SignalBase() = default;
     static void warnOfSecondConnection() noexcept;
 };

@@ -34,6 +34,21 @@ class SignalContainer : public SignalContainerBase {
 public:
     static constexpr std::size_t size() noexcept { return Count; }
 
+    SignalContainer() = default;
+    ~SignalContainer() { close(); }
+    SignalContainer(const SignalContainer &) = delete;
+    SignalContainer &operator=(const SignalContainer &) = delete;
+
+    /// Ends all connections, and makes none any more; see `SignalBase::close`.
+    void close() noexcept
+    {
+        _isClosed = true;
+        for (const auto &signal : _signals) {
+            if (signal != nullptr)
+                signal->close();
+        }
+    }
+
     /// The signal of an event type, created now if there is none yet. Raises when another event
     /// type has the same number.
     template <class E>
@@ -41,10 +56,13 @@ public:
     {
         static_assert(E::TypeNumber < Count, "the event's number is too large for the table");
         auto &entry = _signals[E::TypeNumber];
-        if (entry == nullptr)
+        if (entry == nullptr) {
             entry = std::make_unique<Signal<E>>();
-        else if (entry->eventType() != typeid(E))
+            if (_isClosed)
+                entry->close();
+        } else if (entry->eventType() != typeid(E)) {
             raiseSharedNumber(E::TypeNumber);
+        }
         return static_cast<Signal<E> &>(*entry);
     }
 
@@ -65,6 +83,7 @@ public:
 
 private:
     std::array<std::unique_ptr<SignalBase>, Count> _signals;
+    bool _isClosed = false;
 };
 
 } // namespace utils
