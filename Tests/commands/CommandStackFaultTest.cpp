@@ -73,6 +73,9 @@ TEST_F(StackTest, stepsInsideAStepRaise)
         [&] { stack.clearUndoStack(); },
         [&] { stack.clearRedoStack(); },
         [&] { stack.setMaximumUndo(5); },
+        [&] { stack.beginMacroCommand(); },
+        [&] { stack.setClean(); },
+        [&] { score.setScoreModel(std::make_shared<zarn::ScoreModel>()); },
         [&] {
             zarn::MacroCommandRecorder recorder(&score);
             push("X");
@@ -98,7 +101,8 @@ TEST_F(StackTest, stepsInsideAStepRaise)
     stack.pushCommand(command.release());
     stack.undo();
     stack.redo();
-    EXPECT_EQ(raised, 8 * 8);
+    EXPECT_EQ(raised, 11 * 8);
+    EXPECT_FALSE(stack.isMacroOpen());
     EXPECT_EQ(stack.undoCount(), 1u);
     EXPECT_TRUE(journal.alive.empty());
     EXPECT_TRUE(isFree());

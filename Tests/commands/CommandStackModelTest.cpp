@@ -2,6 +2,7 @@
 #include "StackFixture.h"
 
 #include <deque>
+#include <functional>
 #include <random>
 #include <set>
 #include <vector>
@@ -15,10 +16,13 @@ struct Reference {
     int top = -1;
     std::deque<std::string> undo;
     std::vector<std::string> redo;
-    std::set<int> ghosts; ///< slots left occupied without a command
+    std::set<int> ghosts;  ///< slots left occupied without a command
+    std::size_t state = 0; ///< stands for the commands that are done, whatever their order
+    std::size_t saved = 0; ///< the state that was saved
 
     bool undoAvailable() const { return top >= 0 && !undo.empty(); }
 
+    void toggle(const std::string &name) { state ^= std::hash<std::string>()(name); }
     void store(const std::string &name)
     {
         if (size == 0)
@@ -33,12 +37,14 @@ struct Reference {
     {
         redo.clear();
         store(name);
+        toggle(name);
     }
     void stepBack()
     {
         if (!undoAvailable() || static_cast<int>(redo.size()) >= size)
             return;
         redo.push_back(undo.back());
+        toggle(undo.back());
         undo.pop_back();
         top = top > 0 ? top - 1 : size - 1;
     }
@@ -47,6 +53,7 @@ struct Reference {
         if (redo.empty())
             return;
         store(redo.back());
+        toggle(redo.back());
         redo.pop_back();
     }
     void clearUndo()
@@ -131,6 +138,13 @@ TEST_F(StackTest, randomStepsAgreeWithAStackWithoutARing)
             } else if (chance(2)) {
                 stack.clearUndoStack();
                 reference.clearUndo();
+            } else if (chance(2)) {
+                stack.clearRedoStack();
+                reference.redo.clear();
+            }
+            if (chance(2)) {
+                stack.setClean();
+                reference.saved = reference.state;
             }
             break;
         default:
@@ -148,6 +162,7 @@ TEST_F(StackTest, randomStepsAgreeWithAStackWithoutARing)
         ASSERT_EQ(stack.undoCount(), reference.undo.size() + reference.ghosts.size())
             << "round " << round;
         ASSERT_EQ(stack.redoCount(), reference.redo.size()) << "round " << round;
+        ASSERT_EQ(stack.isClean(), reference.state == reference.saved) << "round " << round;
         ASSERT_TRUE(isFree());
         journal.take();
     }

@@ -175,6 +175,51 @@ TEST(CommandStack, diesWithEverythingItHolds)
     EXPECT_TRUE(journal.alive.empty());
 }
 
+TEST_F(StackTest, aReplacedDocumentStartsWithAStackAsGoodAsNew)
+{
+    stack.setMaximumUndo(4);
+    for (const char *name : {"A", "B", "C", "D", "E", "F"})
+        push(name);
+    stack.setMaximumUndo(3);
+    for (const char *name : {"G", "H", "I", "J"})
+        push(name);
+    stack.undo();
+    const auto replaceAndExpectNew = [&](const auto &replace) {
+        stack.beginMacroCommand();
+        push("K");
+        stack.beginMacroCommand();
+        EXPECT_FALSE(stack.isClean());
+        replace();
+        EXPECT_EQ(stack.undoCount() + stack.redoCount(), 0u);
+        EXPECT_EQ(stack.maximumUndo(), 3u);
+        EXPECT_FALSE(stack.isMacroOpen());
+        EXPECT_TRUE(stack.isClean());
+        EXPECT_TRUE(journal.alive.empty());
+        push("L");
+        EXPECT_EQ(undoNames(), "L");
+    };
+    replaceAndExpectNew([&] { score.setScoreModel(std::make_shared<zarn::ScoreModel>()); });
+    const zarn::Score other;
+    replaceAndExpectNew([&] { score = other; });
+}
+
+TEST_F(StackTest, aMacroIsNothingUntilItEndsAndOneStepFromTheSavedState)
+{
+    stack.beginMacroCommand();
+    push("A");
+    push("B");
+    EXPECT_TRUE(stack.isClean());
+    stack.endMacroCommand(true);
+    EXPECT_FALSE(stack.isClean());
+    stack.undo();
+    EXPECT_TRUE(stack.isClean());
+    stack.setMaximumUndo(5);
+    EXPECT_TRUE(stack.isClean()) << "dropping steps changes no score";
+    push("C");
+    stack.setMaximumUndo(5);
+    EXPECT_FALSE(stack.isClean());
+}
+
 TEST_F(StackTest, listingStopsAtTheWantedPosition)
 {
     for (const char *name : {"A", "B", "C"})

@@ -267,6 +267,41 @@ TEST_P(EveryCommandTest, twiceInAMacroItRestoresWhatEachRunFound)
     expectSound();
 }
 
+/// What a command works on may be made by those in front of it in the same macro.
+TEST_P(EveryCommandTest, aMacroMayMakeThePlaceFirst)
+{
+    Score &score = rich.score;
+    std::vector<std::shared_ptr<Track>> tracks;
+    for (const auto &track : rich.model.tracks())
+        tracks.push_back(std::make_shared<Track>(*track));
+    for (unsigned i = 2; i > 0; --i) {
+        ASSERT_TRUE(score.removeAudioTrack(i - 1));
+        ASSERT_TRUE(score.removeTrack(i - 1));
+    }
+    ASSERT_TRUE(score.removeBarRange(0, 5));
+    const std::string bare = rich.document();
+    const auto first = tempo(0, 100);
+    const auto marked = tempo(2, 120);
+
+    stack.beginMacroCommand();
+    ASSERT_TRUE(score.createBars(0, 6));
+    for (unsigned i = 0; i < 2; ++i) {
+        ASSERT_TRUE(score.insertTrack(i, tracks[i]));
+        ASSERT_TRUE(score.createAudioTrack(i, std::make_shared<AudioTrack>("Take")));
+    }
+    ASSERT_TRUE(score.modifyMasterTrackAutomations({}, {&first, &marked}));
+    EXPECT_TRUE(operation.act(rich));
+    EXPECT_EQ(rich.document(), bare);
+    EXPECT_NO_THROW(stack.endMacroCommand(true));
+    const std::string after = rich.document();
+    EXPECT_NE(after, bare);
+    expectSound();
+    stack.undo();
+    EXPECT_EQ(rich.document(), bare);
+    stack.redo();
+    EXPECT_EQ(rich.document(), after);
+}
+
 TEST_P(EveryCommandTest, aListenerThatThrowsFindsTheScoreAsItWas)
 {
     EventLog log(rich.score);

@@ -35,7 +35,6 @@ EditSession::EditSession(const OpenedDocument &document, const std::string &outp
     *_score.scoreModel() = *document.model;
     _score.commandStack().setMaximumUndo(MaximumUndo);
     _opened = nativeText(model());
-    _saved = _opened;
 }
 
 EditSession::~EditSession() = default;
@@ -114,13 +113,8 @@ void EditSession::save(const std::string &path)
         throw Failure(_document.path + ": " + _document.format
                       + " cannot be written; name a file, such as save score.zarn");
     saveDocument(model(), to, _terminal);
-    _saved = nativeText(model());
+    _score.commandStack().setClean();
     _out << "Saved to " << to << ".\n";
-}
-
-bool EditSession::hasUnsavedChanges() const
-{
-    return nativeText(model()) != _saved;
 }
 
 } // namespace zarn::tool

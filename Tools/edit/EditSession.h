@@ -71,8 +71,8 @@ public:
     /// Where `save("")` would write; empty when the opened format cannot be written.
     std::string defaultPath() const;
 
-    /// Whether the score differs from what is in its file.
-    bool hasUnsavedChanges() const;
+    /// Whether the score was edited since it was saved, and the edits were not undone.
+    bool hasUnsavedChanges() const noexcept { return !_score.commandStack().isClean(); }
 
     bool isOver() const noexcept { return _isOver; }
     void quit() noexcept { _isOver = true; }
@@ -85,7 +85,6 @@ private:
     std::ostream &_out;
     Score _score;
     std::string _opened; ///< native text of the score as it was opened
-    std::string _saved;  ///< native text of what was saved last
     std::unique_ptr<EventPrinter> _events;
     Where _where; ///< while the cursor is nowhere
     std::optional<ScoreModelRange> _selection;

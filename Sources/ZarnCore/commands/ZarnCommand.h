@@ -10,7 +10,8 @@ namespace zarn {
 
 /// An undoable change of a score. A concrete command has an `init` of its own, which checks and
 /// records what it is to do and changes nothing; it names places by coordinates and resolves them
-/// each time it runs. A `redo` or `undo` that throws leaves the score as it was.
+/// each time it runs. While a macro is open, `init` checks values alone, and `redo` raises when the
+/// place is not there. A `redo` or `undo` that throws leaves the score as it was.
 class ZARNCORE_EXPORT Command {
 public:
     Command();

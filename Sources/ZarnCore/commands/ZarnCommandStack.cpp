@@ -148,6 +148,8 @@ void CommandStack::execute(std::unique_ptr<Command> &command, Executed executed)
         _redoTop = redoTop;
         dropRedo();
     }
+    if (_stepsSinceClean.has_value())
+        ++*_stepsSinceClean;
     if (_score != nullptr)
         _score->scoreCursor().settle();
     announce(evt::CommandExecuted());
@@ -177,6 +179,8 @@ void CommandStack::undo()
     }
     // Stored before the cursor moves: a listener of that may throw.
     _redo[static_cast<std::size_t>(++_redoTop)] = std::move(command);
+    if (_stepsSinceClean.has_value())
+        --*_stepsSinceClean;
     if (_score != nullptr) {
         if (slot.cursor.has_value())
             _score->scoreCursor().moveToCursor(*slot.cursor);
@@ -231,6 +235,8 @@ void CommandStack::setMaximumUndo(std::uint32_t count)
     _undoTop = -1;
     _redo.swap(redo);
     _undo.swap(undo);
+    if (!isClean())
+        _stepsSinceClean.reset();
 }
 
 QStringList CommandStack::undoCommandList() const
@@ -263,6 +269,7 @@ QStringList CommandStack::redoArgList() const
 
 void CommandStack::beginMacroCommand()
 {
+    checkOutsideStep("zarn::CommandStack::beginMacroCommand");
     _openMacros.push_back(std::make_unique<MacroCommand>(_score));
 }
 
@@ -274,6 +281,34 @@ void CommandStack::endMacroCommand(bool commit)
     _openMacros.pop_back();
     if (commit)
         pushCommand(macro.release());
+}
+
+void CommandStack::setClean()
+{
+    checkOutsideStep("zarn::CommandStack::setClean");
+    _stepsSinceClean = 0;
+}
+
+/// Forgets everything and has the document exchanged where no reader is at work.
+void CommandStack::replaceDocument(const std::function<void()> &exchange)
+{
+    checkOutsideStep("zarn::CommandStack::replaceDocument");
+    reset();
+    const Lock lock(*this);
+    exchange();
+}
+
+/// As good as new, with as much room as before.
+void CommandStack::reset() noexcept
+{
+    _openMacros.clear();
+    for (Slot &slot : _undo)
+        slot = Slot();
+    for (auto &command : _redo)
+        command.reset();
+    _undoTop = -1;
+    _redoTop = -1;
+    _stepsSinceClean = 0;
 }
 
 void CommandStack::clear()
@@ -331,6 +366,8 @@ void CommandStack::dropCursors() noexcept
 
 void CommandStack::dropRedo() noexcept
 {
+    if (_redoTop >= 0 && _stepsSinceClean < 0)
+        _stepsSinceClean.reset();
     for (; _redoTop >= 0; --_redoTop)
         _redo[static_cast<std::size_t>(_redoTop)].reset();
 }
@@ -339,6 +376,8 @@ void CommandStack::dropUndo() noexcept
 {
     if (!undoAvailable())
         return;
+    if (_stepsSinceClean > 0)
+        _stepsSinceClean.reset();
     for (std::int32_t i = 0; i <= _undoTop; ++i)
         _undo[static_cast<std::size_t>(i)] = Slot();
     _undoTop = -1;

@@ -9,6 +9,7 @@
 #include <atomic>
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -31,6 +32,9 @@ class Score;
 /// Editing belongs to one thread. Other threads read the score between `tryLock` and `unlock`.
 /// Whatever changes the stack raises when it is called from inside a step: from a command, or from
 /// a listener of `CommandWillUndo`, `CommandWillRedo`, `CommandExecuted` or of the events between.
+///
+/// A score that was replaced (`Score::setScoreModel`, assignment) has a stack as good as new: it
+/// counts 0, no macro is open, and the state is clean.
 class ZARNCORE_EXPORT CommandStack {
 public:
     /// Without a score (null) no events are sent and no cursor is kept. The score is not owned.
@@ -76,12 +80,24 @@ public:
     QStringList undoArgList() const;
     QStringList redoArgList() const;
 
-    /// Opens a macro inside those that are open already.
+    /// Opens a macro inside those that are open already. While one is open, a command's `init`
+    /// checks values alone: whether its place exists shows when the outermost macro ends.
     void beginMacroCommand();
 
     /// Closes the innermost macro: pushes it, or destroys it with its commands, none of which was
-    /// executed. Does nothing when no macro is open.
+    /// executed. When one of them raises, those before it are undone, the macro is gone, and the
+    /// exception reaches the caller. Does nothing when no macro is open.
     void endMacroCommand(bool commit);
+
+    /// Whether what is pushed now joins a macro and waits for its end.
+    bool isMacroOpen() const noexcept { return !_openMacros.empty(); }
+
+    /// Marks the state of the score as the one that is saved; a new stack is clean.
+    void setClean();
+
+    /// Whether undo and redo have led to the saved state: never again once the steps between are
+    /// dropped. Commands that wait in an open macro have changed nothing yet.
+    bool isClean() const noexcept { return _stepsSinceClean == 0; }
 
     /// Forgets the saved cursors and calls `clearRedoStack` and `clearUndoStack`.
     void clear();
@@ -104,6 +120,8 @@ public:
     void printTop(std::uint32_t last) const;
 
 private:
+    friend class Score;
+
     /// One place of the undo ring.
     struct Slot {
         std::unique_ptr<Command> command;
@@ -119,6 +137,8 @@ private:
     void execute(std::unique_ptr<Command> &command, Executed executed);
     void checkOutsideStep(const char *function) const;
     void checkNotLockedHere(const char *function) const;
+    void replaceDocument(const std::function<void()> &exchange);
+    void reset() noexcept;
     void dropCursors() noexcept;
     void dropRedo() noexcept;
     void dropUndo() noexcept;
@@ -137,6 +157,9 @@ private:
     std::vector<std::unique_ptr<Command>> _redo;
     std::vector<Slot> _undo;
     std::deque<std::unique_ptr<MacroCommand>> _openMacros;
+
+    /// Steps from the saved state to this one, negative back to it; none when no steps lead there.
+    std::optional<std::int64_t> _stepsSinceClean = 0;
 };
 
 } // namespace zarn

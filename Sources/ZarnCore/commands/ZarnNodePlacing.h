@@ -14,20 +14,20 @@ class NodePlacing : public PlacingCommand {
 protected:
     using PlacingCommand::PlacingCommand;
 
-    /// Remember a node that is out, or the place of one that is in, as what to place; false when
-    /// it cannot be.
+    /// Remember a node that is out, or the place of one that is in, as what to place; false
+    /// without a node, and when it cannot be there.
     bool prepareInsertion(Score *score, unsigned index, std::shared_ptr<Node> node)
     {
         setScore(score);
         _index = index;
         _node = std::move(node);
-        return canGoIn(_index, _node);
+        return _node != nullptr && expectPlace([this] { return canGoIn(_index, _node); });
     }
     bool prepareRemoval(Score *score, unsigned index)
     {
         setScore(score);
         _index = index;
-        return canGoOut(_index);
+        return expectPlace([this] { return canGoOut(_index); });
     }
 
     int index() const noexcept { return static_cast<int>(_index); }

@@ -14,7 +14,8 @@
 #include <vector>
 
 /// Where a command does its work: coordinates that are resolved against the model each time it
-/// runs, and the event that tells of the place. `nodes` is empty when the place does not exist.
+/// runs, and the event that tells of the place. `nodes` is empty when the place does not exist;
+/// `canExist` says whether some score has such a place.
 namespace zarn {
 
 /// The bars, beats or notes of a range. A range over several tracks is announced by
@@ -25,6 +26,7 @@ struct RangePlaces {
     using Node = NodeType;
     ScoreModelRange range;
 
+    bool canExist() const noexcept { return zarn::canExist(range); }
     std::vector<std::shared_ptr<Node>> nodes(ScoreModel &model) const
     {
         return nodesInRange<Node>(model, range);
@@ -51,6 +53,7 @@ struct MasterBarPlaces {
     unsigned first = 0;
     unsigned last = 0;
 
+    bool canExist() const noexcept { return first <= last; }
     std::vector<std::shared_ptr<Node>> nodes(ScoreModel &model) const
     {
         const auto &bars = model.masterTrack()->masterBars();
@@ -73,6 +76,7 @@ struct StaffBarPlaces {
     unsigned first = 0;
     unsigned last = 0;
 
+    bool canExist() const noexcept { return first <= last; }
     std::vector<std::shared_ptr<Node>> nodes(ScoreModel &model) const
     {
         if (!model.hasTrackIndex(track) || staff >= model.track(track)->staffCount())
@@ -96,6 +100,7 @@ struct TrackPlace {
     using Node = Track;
     unsigned track = 0;
 
+    bool canExist() const noexcept { return true; }
     std::vector<std::shared_ptr<Node>> nodes(ScoreModel &model) const
     {
         if (!model.hasTrackIndex(track))
@@ -115,6 +120,7 @@ struct StaffPlace {
     unsigned track = 0;
     unsigned staff = 0;
 
+    bool canExist() const noexcept { return true; }
     std::vector<std::shared_ptr<Node>> nodes(ScoreModel &model) const
     {
         if (!model.hasTrackIndex(track) || staff >= model.track(track)->staffCount())

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ZarnCore/model/ZarnBar.h>
 #include <ZarnCore/model/places/ZarnBeatSpan.h>
 #include <ZarnCore/model/places/ZarnRangeBarIterator.h>
 #include <ZarnCore/model/places/ZarnRangeBeatIterator.h>
@@ -42,6 +43,18 @@ std::vector<std::shared_ptr<Node>> nodesInRange(ScoreModel &model, const ScoreMo
     for (typename RangeWalk<Node>::Iterator it(rangeIn(model, range)); it.oneStep();)
         nodes.push_back((it.*RangeWalk<Node>::node)());
     return nodes;
+}
+
+/// Whether some score has such a place: no number of it is unset, but for the beat, or too large.
+inline bool canExist(const ScoreModelIndex &place) noexcept
+{
+    return place.trackIndex() >= 0 && place.barIndex() >= 0 && place.beatIndex() >= -1
+        && place.voiceIndex() < Bar::MaxVoices;
+}
+
+inline bool canExist(const ScoreModelRange &range) noexcept
+{
+    return canExist(range.first()) && canExist(range.second());
 }
 
 /// The staves, first and last, that a range over one track reaches: from end to end in multi-voice

@@ -39,9 +39,14 @@ ScoreModel &ScoreCommand::model() const noexcept
 void ScoreCommand::requirePlace(bool exists) const
 {
     if (!exists) {
-        const QString text = QStringLiteral("%0: the score has no such place any more");
-        ZARN_RAISE_IN("zarn::ScoreCommand::requirePlace", text.arg(name() + args()).toStdString());
+        const QString text = name() + args() + QStringLiteral(": the score has no such place");
+        ZARN_RAISE_IN("zarn::ScoreCommand::requirePlace", text.toStdString());
     }
+}
+
+bool ScoreCommand::isCollected() const noexcept
+{
+    return _score->commandStack().isMacroOpen();
 }
 
 void ScoreCommand::redo()

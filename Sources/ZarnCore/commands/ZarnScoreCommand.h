@@ -24,11 +24,22 @@ protected:
     Score &score() const noexcept { return *_score; }
     ScoreModel &model() const noexcept;
 
-    /// Raises, with name and arguments, when the command's place does not exist any more: inside a
-    /// macro, earlier commands run after this one's `init`.
+    /// What `init` answers about the command's place: whether it is there, as `exists()` says.
+    /// While a macro is open that is for `apply` to find out: the commands in front of this one
+    /// have not run yet, and may be what makes the place.
+    template <class Exists>
+    bool expectPlace(Exists exists) const
+    {
+        return isCollected() || exists();
+    }
+
+    /// Raises, with name and arguments, when the command's place does not exist when it runs.
     void requirePlace(bool exists) const;
 
 private:
+    /// Whether the command will join a macro.
+    bool isCollected() const noexcept;
+
     /// Changes the model, or throws and leaves it as it was. What undo needs is read here, not in
     /// `init`: commands of the same macro may have run since.
     virtual void apply() = 0;

@@ -27,13 +27,14 @@ public:
 protected:
     using ScoreCommand::ScoreCommand;
 
-    /// Remembers what is to be done; false when the places name no node.
+    /// Remembers what is to be done; false when the places name no node, or cannot name one.
     bool prepare(Score *score, Places places, Value value)
     {
         setScore(score);
         _places = std::move(places);
         _value = std::move(value);
-        return !_places.nodes(model()).empty();
+        return _places.canExist()
+            && expectPlace([this] { return !_places.nodes(model()).empty(); });
     }
 
     const Places &places() const noexcept { return _places; }

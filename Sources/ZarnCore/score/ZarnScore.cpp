@@ -23,7 +23,8 @@ Score::Score(std::shared_ptr<IZarnRendererStyleSheet> styleSheet)
 
 Score::Score(const Score &other) : Score(other._styleSheet)
 {
-    adoptModel(other._model->clone());
+    auto model = other._model->clone();
+    exchangeModel(model);
     _cursor.moveToCursor(other._cursor);
 }
 
@@ -31,12 +32,7 @@ Score &Score::operator=(const Score &other)
 {
     if (this == &other)
         return *this;
-    std::shared_ptr<ScoreModel> model = other._model->clone();
-    _commands.setMaximumUndo(_commands.maximumUndo());
-    adoptModel(std::move(model));
-    _styleSheet = other._styleSheet;
-    notify(this, evt::ScoreChanged());
-    _cursor.moveToCursor(other._cursor);
+    replaceDocument(other._model->clone(), other._styleSheet, other._cursor);
     return *this;
 }
 
@@ -44,8 +40,9 @@ Score::~Score()
 {
     // Commands may own nodes of the tree: all of them go first, those too that a wrapped ring
     // keeps out of reach of clear().
-    _commands.setMaximumUndo(0);
-    _commands.clear();
+    _commands.reset();
+    // Callables that die may own listeners, which still find a whole score to disconnect from.
+    _signals.close();
     _model->setParentScore(nullptr);
 }
 
@@ -53,18 +50,35 @@ void Score::setScoreModel(std::shared_ptr<ScoreModel> model)
 {
     ZARN_ASSERT_IN("zarn::Score::setScoreModel", model != nullptr);
     ZARN_ASSERT_IN("zarn::Score::setScoreModel", model->parentScore() == nullptr);
-    _commands.setMaximumUndo(_commands.maximumUndo());
-    _commands.clear();
-    adoptModel(std::move(model));
+    replaceDocument(std::move(model), _styleSheet, _cursor);
+}
+
+/// Puts the cursor at the same place as another, or the nearest one, in the new model.
+void Score::replaceDocument(std::shared_ptr<ScoreModel> model,
+                            std::shared_ptr<IZarnRendererStyleSheet> styleSheet,
+                            const ScoreCursor &cursor)
+{
+    _commands.replaceDocument([&] {
+        exchangeModel(model);
+        _styleSheet.swap(styleSheet);
+    });
+    try {
+        _cursor.moveToCursor(cursor);
+    } catch (...) {
+        // A listener of the cursor's move failed: the others must hear of the document all the
+        // same.
+        notify(this, evt::ScoreChanged());
+        throw;
+    }
     notify(this, evt::ScoreChanged());
 }
 
-void Score::adoptModel(std::shared_ptr<ScoreModel> model)
+/// Leaves the old model in `model`.
+void Score::exchangeModel(std::shared_ptr<ScoreModel> &model) noexcept
 {
     _model->setParentScore(nullptr);
-    _model = std::move(model);
+    _model.swap(model);
     _model->setParentScore(this);
-    _cursor.moveToCursor(_cursor); // the same place, or the nearest one, in the new model
 }
 
 std::shared_ptr<MasterTrack> Score::masterTrack() const

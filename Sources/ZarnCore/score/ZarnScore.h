@@ -57,8 +57,8 @@ public:
     /// with the original.
     Score(const Score &other);
 
-    /// Replaces the music by a deep copy, forgets all commands and sends `ScoreChanged`. The
-    /// listeners stay. The old model lives on for those who hold it, without a score.
+    /// Replaces the music by a deep copy and moves the cursor, as `setScoreModel` does. The
+    /// listeners stay.
     Score &operator=(const Score &other);
 
     ~Score();
@@ -66,9 +66,10 @@ public:
     /// The tree; never empty. Changing it other than by commands is for importers.
     const std::shared_ptr<ScoreModel> &scoreModel() const noexcept { return _model; }
 
-    /// Takes over a model that no score has, as importers make them, forgets all commands and
-    /// sends `ScoreChanged`. The old model lives on for those who hold it, without a score.
-    /// Raises for none and for the model of a score.
+    /// Takes over a model that no score has, as importers make them, forgets all commands, those
+    /// of open macros too, and sends `ScoreChanged`. The old model lives on for those who hold it,
+    /// without a score. Waits for a reader who holds the command stack's lock to end.
+    /// Raises for none and for the model of a score, and from inside a step of the stack.
     void setScoreModel(std::shared_ptr<ScoreModel> model);
 
     CommandStack &commandStack() noexcept { return _commands; }
@@ -260,7 +261,10 @@ public:
 
 private:
     static void logNotify(const evt::Event &event);
-    void adoptModel(std::shared_ptr<ScoreModel> model);
+    void replaceDocument(std::shared_ptr<ScoreModel> model,
+                         std::shared_ptr<IZarnRendererStyleSheet> styleSheet,
+                         const ScoreCursor &cursor);
+    void exchangeModel(std::shared_ptr<ScoreModel> &model) noexcept;
 
     std::shared_ptr<ScoreModel> _model;
     std::shared_ptr<IZarnRendererStyleSheet> _styleSheet;

@@ -29,7 +29,8 @@ bool ModifyAutomations::prepare(Score *score, const Automations &removed,
             return false;
         _insertions.push_back({automation->cloneAutomation(), nullptr, false});
     }
-    return (!_removals.empty() || !_insertions.empty()) && areApart() && isPossible();
+    return (!_removals.empty() || !_insertions.empty()) && areApart()
+        && expectPlace([this] { return isPossible(); });
 }
 
 /// What is removed first, then what is put in, numbered through.

@@ -26,7 +26,7 @@ bool ModifyTrackAutomationBypass::init(Score *score, unsigned track, Automation:
     _track = track;
     _type = type;
     _isBypassed = isBypassed;
-    return Automation::typeId(type) != 0 && container() != nullptr;
+    return Automation::typeId(type) != 0 && expectPlace([this] { return container() != nullptr; });
 }
 
 AutomationContainer *ModifyTrackAutomationBypass::container() const

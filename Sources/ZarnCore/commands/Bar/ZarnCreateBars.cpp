@@ -21,14 +21,19 @@ bool CreateBars::init(Score *score, unsigned index, unsigned count)
     _count = count;
     addArg(QStringLiteral("Index"), QString::number(index));
     addArg(QStringLiteral("Count"), QString::number(count));
+    return count > 0 && expectPlace([this] { return isPossible(); });
+}
+
+bool CreateBars::isPossible() const
+{
     const unsigned present = model().masterTrack()->masterBarCount();
     const unsigned largest = std::numeric_limits<int>::max();
-    return index <= present && count > 0 && count <= largest - present;
+    return _index <= present && _count <= largest - present;
 }
 
 void CreateBars::apply()
 {
-    requirePlace(_index <= model().masterTrack()->masterBarCount());
+    requirePlace(isPossible());
     if (_undone.has_value()) {
         model().putBackBarColumns(std::move(*_undone));
         _undone.reset();

@@ -23,6 +23,7 @@ private:
     void revert() override;
     void announceApplied() override;
     void announceReverted() override;
+    bool isPossible() const;
 
     unsigned _index = 0;
     unsigned _count = 0;

@@ -19,12 +19,12 @@ bool RemoveBars::init(Score *score, unsigned first, unsigned last)
     _last = last;
     addArg(QStringLiteral("First"), QString::number(first));
     addArg(QStringLiteral("Last"), QString::number(last));
-    return isPossible();
+    return first <= last && expectPlace([this] { return isPossible(); });
 }
 
 bool RemoveBars::isPossible() const
 {
-    return _first <= _last && _last < model().masterTrack()->masterBarCount();
+    return _last < model().masterTrack()->masterBarCount();
 }
 
 void RemoveBars::apply()

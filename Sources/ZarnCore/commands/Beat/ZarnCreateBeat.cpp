@@ -28,12 +28,13 @@ bool CreateBeat::init(Score *score, const ScoreModelIndex &index, const RhythmVa
     _place.firstBeat = _place.lastBeat = static_cast<unsigned>(index.beatIndex());
     _beat = std::make_shared<Beat>(rhythm);
     _voice = std::make_shared<Voice>();
-    return SetBeatRhythm::isWritable(rhythm) && isPossible();
+    return _place.voice < Bar::MaxVoices && SetBeatRhythm::isWritable(rhythm)
+        && expectPlace([this] { return isPossible(); });
 }
 
 bool CreateBeat::isPossible() const
 {
-    if (_place.voice >= Bar::MaxVoices || barOf(model(), _place) == nullptr)
+    if (barOf(model(), _place) == nullptr)
         return false;
     const Voice *const voice = voiceOf(model(), _place);
     return _place.firstBeat <= (voice != nullptr ? voice->beatCount() : 0);

@@ -17,7 +17,7 @@ bool RemoveBeats::init(Score *score, const ScoreModelRange &range)
     addArg(QStringLiteral("Range"), range.toQString());
     setScore(score);
     _range = range;
-    return !beatSpans(model(), range).empty();
+    return canExist(range) && expectPlace([&] { return !beatSpans(model(), range).empty(); });
 }
 
 void RemoveBeats::takeOut()

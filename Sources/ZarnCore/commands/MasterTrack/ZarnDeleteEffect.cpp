@@ -26,7 +26,7 @@ bool DeleteEffect::init(Score *score, unsigned slot)
     addArg(QStringLiteral("Index"), QString::number(slot));
     setScore(score);
     _slot = slot;
-    return isPossible();
+    return slot < EffectChain::maximumSlotCount && expectPlace([this] { return isPossible(); });
 }
 
 bool DeleteEffect::isPossible() const

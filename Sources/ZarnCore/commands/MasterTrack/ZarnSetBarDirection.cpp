@@ -16,7 +16,8 @@ bool SetBarDirection::init(Score *score, DirectionMark mark, int bar)
     setScore(score);
     _mark = mark;
     _bar = bar;
-    return mark < DirectionMark::NoDirection && isPossible();
+    return mark < DirectionMark::NoDirection && bar >= -1
+        && expectPlace([this] { return isPossible(); });
 }
 
 bool SetBarDirection::isPossible() const

@@ -17,7 +17,7 @@ bool SetBarDirections::init(Score *score, int bar, const std::set<DirectionMark>
     _bar = bar;
     _marks = marks;
     const bool areKnown = marks.empty() || *marks.rbegin() < DirectionMark::NoDirection;
-    return areKnown && hasBar(bar);
+    return areKnown && bar >= 0 && expectPlace([&] { return hasBar(bar); });
 }
 
 void SetBarDirections::place(MasterTrack::DirectionSlots &directions) const

@@ -17,13 +17,13 @@ bool SetMIDINote::init(Score *score, const ScoreModelIndex &index, int midi)
     addArg(QStringLiteral("StageIndex"), index.toQString());
     addArg(QStringLiteral("Type"), QString::number(midi));
     _midi = midi;
-    return prepare(score, index);
+    return midi >= 0 && midi <= highestKey && prepare(score, index);
 }
 
 std::optional<WriteNote::Placement> SetMIDINote::placement(const Staff &staff,
                                                            const Beat &beat) const
 {
-    if (_midi < 0 || _midi > highestKey || beat.noteWithMidi(_midi) != nullptr)
+    if (beat.noteWithMidi(_midi) != nullptr)
         return std::nullopt;
     Placement placement;
     placement.midi = _midi;

@@ -18,7 +18,7 @@ bool SetNoteRest::init(Score *score, const ScoreModelRange &range)
     addArg(QStringLiteral("Range"), range.toQString());
     setScore(score);
     _range = range;
-    return !beatSpans(model(), range).empty();
+    return canExist(range) && expectPlace([&] { return !beatSpans(model(), range).empty(); });
 }
 
 void SetNoteRest::apply()

@@ -18,7 +18,7 @@ bool SetStringedNote::init(Score *score, const ScoreModelIndex &index, int strin
     addArg(QStringLiteral("Fret"), QString::number(fret));
     _string = string;
     _fret = fret;
-    return prepare(score, index);
+    return string >= 0 && fret >= 0 && prepare(score, index);
 }
 
 std::optional<WriteNote::Placement> SetStringedNote::placement(const Staff &staff,

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/commands/Note/ZarnWriteNote.h>
 
+#include <ZarnCore/commands/ZarnRangeNodes.h>
 #include <ZarnCore/events/ZarnBarEvents.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/notes/Ties.h>
@@ -15,7 +16,8 @@ bool WriteNote::prepare(Score *score, const ScoreModelIndex &index)
     setScore(score);
     _index = index;
     _index.setModel(&model());
-    return find().has_value();
+    return canExist(index) && index.beatIndex() >= 0
+        && expectPlace([this] { return find().has_value(); });
 }
 
 std::optional<WriteNote::Placement> WriteNote::find() const

@@ -23,7 +23,7 @@ bool AddTrackSound::init(Score *score, unsigned track, std::shared_ptr<const Sou
     setScore(score);
     _track = track;
     _sound = std::move(sound);
-    return _sound != nullptr && model().hasTrackIndex(track);
+    return _sound != nullptr && expectPlace([&] { return model().hasTrackIndex(track); });
 }
 
 void AddTrackSound::putIn()

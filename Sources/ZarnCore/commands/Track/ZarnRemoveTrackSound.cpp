@@ -23,7 +23,7 @@ bool RemoveTrackSound::init(Score *score, unsigned track, unsigned index)
     setScore(score);
     _track = track;
     _index = index;
-    return isPossible();
+    return expectPlace([this] { return isPossible(); });
 }
 
 bool RemoveTrackSound::isPossible() const

@@ -81,7 +81,7 @@ bool SetGuitarFullTuning::init(Score *score, unsigned track, unsigned staff,
     _setting.tuning = tuning;
     _setting.capoFret = capoFret;
     _retuning = retuning;
-    return isPossible();
+    return tuning.stringCount() <= MostStrings && expectPlace([this] { return isPossible(); });
 }
 
 Staff *SetGuitarFullTuning::findStaff() const
@@ -94,8 +94,7 @@ Staff *SetGuitarFullTuning::findStaff() const
 bool SetGuitarFullTuning::isPossible() const
 {
     const Staff *const staff = findStaff();
-    return staff != nullptr && _setting.tuning.stringCount() <= MostStrings
-        && _setting.capoFret <= staff->fretCount();
+    return staff != nullptr && _setting.capoFret <= staff->fretCount();
 }
 
 SetGuitarFullTuning::Setting SetGuitarFullTuning::settingOf(const Staff &staff)
