@@ -83,7 +83,7 @@ void add(NoteTally &sum, const NoteTally &part)
         &NoteTally::graceSlashed, &NoteTally::chord,        &NoteTally::cue,
         &NoteTally::measureRests, &NoteTally::hidden,       &NoteTally::dotted,
         &NoteTally::inTuplet,     &NoteTally::tieStart,     &NoteTally::tieStop,
-        &NoteTally::withFret,     &NoteTally::microtone};
+        &NoteTally::withFret,     &NoteTally::microtone,    &NoteTally::lyrics};
     for (const auto field : fields)
         sum.*field += part.*field;
 }

@@ -30,6 +30,7 @@ struct NoteTally {
     std::uint32_t tieStop = 0;
     std::uint32_t withFret = 0;
     std::uint32_t microtone = 0;
+    std::uint32_t lyrics = 0;
 };
 
 /// One part of a document as it was written.

@@ -4,90 +4,16 @@
 #include <ZarnCore/io/ZarnSourceTally.h>
 #include <ZarnCore/io/musicxml/PartFacts.h>
 #include <ZarnCore/io/musicxml/PartList.h>
+#include <ZarnCore/io/musicxml/StandardSound.h>
 
 #include <algorithm>
-#include <iterator>
-#include <string_view>
 
 namespace zarn::io {
 
 namespace {
 
 using Set = InstrumentSet;
-
-struct ProgramRow {
-    int last; ///< last program, counted from 0, of a run that starts behind the row before
-    Set::Type type;
-};
-
-/// General MIDI level 1 programs and the category that comes nearest to each.
-// clang-format off
-constexpr ProgramRow programs[] = {
-    {1, Set::acousticPiano}, {2, Set::electricPiano}, {3, Set::acousticPiano},
-    {5, Set::electricPiano}, {6, Set::harpsichord}, {7, Set::electricPiano}, {8, Set::celesta},
-    {9, Set::xylophone}, {10, Set::celesta}, {11, Set::vibraphone}, {14, Set::xylophone},
-    {15, Set::harp}, {18, Set::electricOrgan}, {19, Set::pipeOrgan}, {21, Set::accordion},
-    {22, Set::harmonica}, {23, Set::bandoneon}, {24, Set::nylonGuitar}, {25, Set::steelGuitar},
-    {31, Set::electricGuitar}, {32, Set::acousticBass}, {34, Set::electricBass},
-    {35, Set::fretlessBass}, {37, Set::electricBass}, {39, Set::synthBass}, {40, Set::violin},
-    {41, Set::viola}, {42, Set::cello}, {43, Set::contrabass}, {45, Set::violin}, {46, Set::harp},
-    {47, Set::timpani}, {49, Set::violin}, {51, Set::padSynthesizer}, {52, Set::choir},
-    {53, Set::voice}, {54, Set::padSynthesizer}, {55, Set::keySynthesizer}, {56, Set::trumpet},
-    {57, Set::trombone}, {58, Set::tuba}, {59, Set::trumpet}, {60, Set::frenchHorn},
-    {61, Set::trumpet}, {63, Set::brassSynthesizer}, {67, Set::saxophone}, {68, Set::oboe},
-    {69, Set::englishHorn}, {70, Set::bassoon}, {71, Set::clarinet}, {72, Set::piccolo},
-    {73, Set::flute}, {74, Set::recorder}, {75, Set::flute}, {76, Set::bottleBow}, {79, Set::flute},
-    {87, Set::leadSynthesizer}, {95, Set::padSynthesizer}, {96, Set::seqSynthesizer},
-    {103, Set::padSynthesizer}, {104, Set::electricSitar}, {107, Set::banjo}, {108, Set::xylophone},
-    {109, Set::bagpipe}, {110, Set::violin}, {111, Set::oboe}, {112, Set::tinkleBell},
-    {113, Set::agogos}, {114, Set::vibraphone}, {115, Set::woodblocks}, {116, Set::taikoDrum},
-    {117, Set::melodicTom}, {118, Set::synthDrum}, {119, Set::reverseCymbal},
-    {120, Set::electricGuitar}, {127, Set::padSynthesizer},
-};
-
-struct NameRow {
-    std::string_view word; ///< in lower case
-    Set::Type type;
-};
-
-/// Words in names of parts and instruments; the first that is found counts.
-constexpr NameRow names[] = {
-    {"drum", Set::drumKit}, {"percussion", Set::percussionKit}, {"timpani", Set::timpani},
-    {"ukulele", Set::ukulele}, {"banjo", Set::banjo}, {"mandolin", Set::mandolin},
-    {"lute", Set::nylonGuitar}, {"double bass", Set::contrabass}, {"contrabass", Set::contrabass},
-    {"bass guitar", Set::electricBass}, {"electric bass", Set::electricBass},
-    {"electric guitar", Set::electricGuitar}, {"classical guitar", Set::nylonGuitar},
-    {"nylon", Set::nylonGuitar}, {"guitar", Set::steelGuitar}, {"guitare", Set::nylonGuitar},
-    {"gitarre", Set::nylonGuitar}, {"violoncello", Set::cello}, {"cello", Set::cello},
-    {"viola", Set::viola}, {"violin", Set::violin}, {"trumpet", Set::trumpet},
-    {"trombone", Set::trombone}, {"tuba", Set::tuba}, {"horn", Set::frenchHorn},
-    {"bassoon", Set::bassoon}, {"oboe", Set::oboe}, {"clarinet", Set::clarinet},
-    {"saxophone", Set::saxophone}, {"piccolo", Set::piccolo}, {"recorder", Set::recorder},
-    {"flute", Set::flute}, {"harpsichord", Set::harpsichord}, {"harp", Set::harp},
-    {"accordion", Set::accordion}, {"organ", Set::pipeOrgan}, {"celesta", Set::celesta},
-    {"vibraphone", Set::vibraphone}, {"xylophone", Set::xylophone}, {"piano", Set::acousticPiano},
-    {"soprano", Set::voice}, {"alto", Set::voice}, {"tenor", Set::voice}, {"baritone", Set::voice},
-    {"voice", Set::voice}, {"singer", Set::voice}, {"choir", Set::choir}, {"vocal", Set::voice},
-};
-// clang-format on
-
-Set::Type typeOfName(const std::string &name)
-{
-    std::string lower = name;
-    for (auto &letter : lower)
-        letter = letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-    const auto *found = std::find_if(std::begin(names), std::end(names), [&](const NameRow &row) {
-        return lower.find(row.word) != lower.npos;
-    });
-    return found == std::end(names) ? Set::unknown : found->type;
-}
-
-Set::Type typeOfProgram(int program)
-{
-    const auto *found = std::find_if(std::begin(programs), std::end(programs),
-                                     [&](const ProgramRow &row) { return program <= row.last; });
-    return found == std::end(programs) ? Set::unknown : found->type;
-}
+using Range = NamedInstrument::Range;
 
 bool hasTablature(const PartFacts &facts)
 {
@@ -95,25 +21,176 @@ bool hasTablature(const PartFacts &facts)
                        [](const WrittenStaff &staff) { return staff.tablature; });
 }
 
+bool isKeyboard(Set::Type type)
+{
+    return type == Set::acousticPiano || type == Set::electricPiano || type == Set::harpsichord
+        || type == Set::pipeOrgan || Set::isElectrophone(type);
+}
+
+/// Whether `exact` is one of the instruments that an open name such as "Guitar" may mean.
+bool isOfKind(Set::Type open, Set::Type exact)
+{
+    if (Set::isGuitar(open))
+        return Set::isGuitar(exact);
+    switch (open) {
+    case Set::acousticPiano:
+        return exact == Set::acousticPiano || exact == Set::electricPiano;
+    case Set::pipeOrgan:
+        return exact == Set::pipeOrgan || exact == Set::electricOrgan;
+    case Set::electricBass:
+        return Set::isBass(exact) || exact == Set::contrabass;
+    case Set::keySynthesizer:
+        return isKeyboard(exact);
+    default:
+        return false;
+    }
+}
+
+/// The instrument for notes with pitches of what was found; percussion without pitch is none.
+Set::Type pitched(Set::Type type)
+{
+    // In the Romance languages the kettledrums have the name of the Latin drums.
+    return type == Set::timbales ? Set::timpani : Set::isUnpitched(type) ? Set::unknown : type;
+}
+
+Set::Type typeOfProgram(const ListedPart &part)
+{
+    return part.program == ListedPart::NoProgram ? Set::unknown : instrumentOfProgram(part.program);
+}
+
+/// Readings of the names of a part, the part's own first.
+std::vector<NamedInstrument> namesOf(const ListedPart &part)
+{
+    std::vector<NamedInstrument> names = {readInstrumentName(part.name)};
+    if (!part.instruments.empty())
+        names.push_back(readInstrumentName(part.instruments.front().name));
+    names.push_back(readInstrumentName(part.abbreviation));
+    for (auto &named : names)
+        named.type = pitched(named.type);
+    return names;
+}
+
+/// Closes what is left open by the names, then by the program.
+Set::Type closed(const NamedInstrument &open, const std::vector<NamedInstrument> &names,
+                 Set::Type program)
+{
+    if (!open.isOpen)
+        return open.type;
+    for (const auto &named : names)
+        if (named.isExact() && isOfKind(open.type, named.type))
+            return named.type;
+    if (isOfKind(open.type, program))
+        return program;
+    for (const auto &named : names)
+        if (named.isOpen && isOfKind(open.type, named.type))
+            return named.type;
+    return open.type;
+}
+
 } // namespace
 
-Set::Type guessInstrument(const ListedPart &part, const PartFacts &facts, const NoteTally &notes)
+void InstrumentGuesser::Ensemble::count(const NamedInstrument &named, int sign)
 {
-    const bool unpitched = notes.unpitched > 0 && notes.pitched == 0;
-    if (unpitched || (part.hasPercussion && notes.pitched == 0))
-        return Set::drumKit;
-    auto type = typeOfName(part.name);
-    for (const auto &instrument : part.instruments)
-        if (type == Set::unknown)
-            type = typeOfName(instrument);
-    // A name of percussion with pitched notes says nothing: the program or the notes do.
-    if (Set::isUnpitched(type))
-        type = Set::unknown;
-    if (type == Set::unknown && part.program != ListedPart::NoProgram)
-        type = typeOfProgram(part.program);
-    if (type == Set::unknown || (hasTablature(facts) && !Set::isStringed(type)))
-        type = hasTablature(facts) ? Set::steelGuitar : Set::acousticPiano;
-    return type;
+    ranges += named.range != Range::None ? sign : 0;
+    voices += Set::isVocal(named.type) ? sign : 0;
+    bowed += Set::isBowed(named.type) ? sign : 0;
+    rhythm += Set::isGuitar(named.type) || Set::isUnpitched(named.type) ? sign : 0;
+    brass += Set::isBrass(named.type) ? sign : 0;
+    saxophones += named.type == Set::saxophone ? sign : 0;
+    recorders += named.type == Set::recorder ? sign : 0;
+}
+
+InstrumentGuesser::InstrumentGuesser(const PartList &list)
+{
+    for (const auto &part : list.parts())
+        _ensemble.count(readInstrumentName(part.name), 1);
+}
+
+/// The percussion that a part without pitches is written for: a kit, unless one instrument alone
+/// is named.
+Set::Type InstrumentGuesser::kitOf(const ListedPart &part)
+{
+    auto type = Set::unknown;
+    const auto take = [&](const NamedInstrument &named) {
+        if (type == Set::unknown && named.isWhole && Set::isUnpitched(named.type))
+            type = named.type;
+    };
+    take(readInstrumentName(part.name));
+    for (const auto &instrument : part.instruments) {
+        take(instrumentOfStandardSound(instrument.sound));
+        take(readInstrumentName(instrument.name));
+    }
+    const bool isOne = part.instruments.size() <= 1;
+    return type != Set::unknown && (isOne || Set::isPercussionKit(type)) ? type : Set::drumKit;
+}
+
+Set::Type InstrumentGuesser::typeOfRange(const NamedInstrument &named, const ListedPart &part,
+                                         bool isOnFrets, const NoteTally &notes) const
+{
+    if (notes.lyrics > 0)
+        return Set::voice;
+    // Choirs are played on the piano or the organ for want of better.
+    if (const auto program = typeOfProgram(part); program != Set::unknown && !isKeyboard(program))
+        return program == Set::choir ? Set::voice : program;
+    auto others = _ensemble;
+    others.count(readInstrumentName(part.name), -1);
+    const bool isBass = named.range == Range::Bass;
+    if (isOnFrets)
+        return isBass ? Set::electricBass : Set::steelGuitar;
+    if (others.saxophones > 0 && others.saxophones >= others.ranges)
+        return isBass && others.rhythm > 0 ? Set::electricBass : Set::saxophone;
+    if (others.ranges > 1)
+        return Set::voice;
+    if (others.recorders > 1)
+        return Set::recorder;
+    if (isBass && others.rhythm > 0)
+        return Set::electricBass;
+    if (others.bowed > 1 && (isBass || named.range == Range::Alto))
+        return isBass ? Set::contrabass : Set::viola;
+    if (others.brass > 1 && named.range == Range::Baritone)
+        return Set::tuba;
+    return isBass && others.ranges + others.voices == 0 ? Set::electricBass : Set::voice;
+}
+
+Set::Type InstrumentGuesser::pitchedTypeOf(const ListedPart &part, const PartFacts &facts,
+                                           const NoteTally &notes) const
+{
+    const auto names = namesOf(part);
+    const auto program = typeOfProgram(part);
+    if (!part.instruments.empty()) {
+        auto sound = instrumentOfStandardSound(part.instruments.front().sound);
+        sound.type = pitched(sound.type);
+        if (sound.type == Set::voice && names.front().type == Set::choir)
+            return Set::choir;
+        if (sound.type != Set::unknown)
+            return closed(sound, names, program);
+    }
+    const auto typeOf = [&](const NamedInstrument &named) {
+        return named.range != Range::None ? typeOfRange(named, part, hasTablature(facts), notes)
+                                          : closed(named, names, program);
+    };
+    for (const auto &named : names)
+        if (named.isWhole && named.isKnown())
+            return typeOf(named);
+    if (program != Set::unknown)
+        return program;
+    for (const auto &named : names)
+        if (named.isKnown())
+            return typeOf(named);
+    return Set::unknown;
+}
+
+Set::Type InstrumentGuesser::guess(const ListedPart &part, const PartFacts &facts,
+                                   const NoteTally &notes) const
+{
+    if (notes.pitched == 0 && (notes.unpitched > 0 || part.hasPercussion))
+        return kitOf(part);
+    const auto type = pitchedTypeOf(part, facts, notes);
+    if (!hasTablature(facts))
+        return type == Set::unknown ? Set::acousticPiano : type;
+    if (type == Set::contrabass)
+        return Set::uprightBass;
+    return Set::isStringed(type) ? type : Set::steelGuitar;
 }
 
 } // namespace zarn::io

@@ -116,6 +116,10 @@ WrittenNote NoteReader::read(pugi::xml_node node)
         case Tag::Notations:
             readNotations(child, note);
             break;
+        case Tag::Lyric:
+            ++_tally->notes.lyrics;
+            _context.addUnheld(child, tag);
+            break;
         case Tag::Accidental:
             // The spelling brings the plain ones; what is added to them has no place.
             if (child.first_attribute())

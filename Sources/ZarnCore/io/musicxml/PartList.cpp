@@ -44,7 +44,9 @@ void PartList::readPart(pugi::xml_node node, ImportContext &context)
             part.abbreviation = child.child_value();
             break;
         case Tag::ScoreInstrument:
-            part.instruments.emplace_back(child.child_value("instrument-name"));
+            part.instruments.push_back({child.attribute("id").value(),
+                                        child.child_value("instrument-name"),
+                                        child.child_value("instrument-sound")});
             break;
         case Tag::MidiInstrument:
             readMidi(child, part, context);

@@ -12,6 +12,13 @@ namespace zarn::io {
 
 class ImportContext;
 
+/// One <score-instrument>.
+struct ListedInstrument {
+    std::string id;
+    std::string name;
+    std::string sound; ///< a standard sound of MusicXML; may be empty
+};
+
 /// What <part-list> says about one part.
 struct ListedPart {
     static constexpr int NoProgram = -1;
@@ -19,9 +26,9 @@ struct ListedPart {
     std::string id;
     std::string name;
     std::string abbreviation;
-    std::vector<std::string> instruments; ///< their names
-    int program = NoProgram;              ///< General MIDI, from 0
-    bool hasPercussion = false;           ///< plays on channel 10, or names percussion keys
+    std::vector<ListedInstrument> instruments;
+    int program = NoProgram;    ///< General MIDI, from 0
+    bool hasPercussion = false; ///< plays on channel 10, or names percussion keys
     pugi::xml_node node;
 };
 

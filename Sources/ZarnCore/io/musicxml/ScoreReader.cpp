@@ -4,6 +4,7 @@
 #include <ZarnCore/io/ZarnImportReport.h>
 #include <ZarnCore/io/musicxml/BarBuilder.h>
 #include <ZarnCore/io/musicxml/ImportContext.h>
+#include <ZarnCore/io/musicxml/InstrumentGuess.h>
 #include <ZarnCore/io/musicxml/JumpPlacer.h>
 #include <ZarnCore/io/musicxml/MasterBarBuilder.h>
 #include <ZarnCore/io/musicxml/PartList.h>
@@ -79,12 +80,14 @@ std::shared_ptr<ScoreModel> ScoreReader::read(ImportReport &report)
     _context.setPlace(-1, -1);
     JumpPlacer(_context, master).place(_facts);
     fillBarsWithRests();
+    const InstrumentGuesser guesser(_list);
     for (std::size_t part = 0; part < sources.size(); ++part) {
         _context.setPlace(static_cast<int>(part), -1);
         setClefs(_facts[part], _bars[part], _context);
         setSimileMarks(_facts[part], _bars[part], _context);
-        _model->addTrack(makeTrack(sources[part].listed, _facts[part], _tally.parts[part].notes,
-                                   std::move(_bars[part])));
+        const auto &listed = sources[part].listed;
+        const auto type = guesser.guess(listed, _facts[part], _tally.parts[part].notes);
+        _model->addTrack(makeTrack(type, listed, _facts[part], std::move(_bars[part])));
     }
     master.updatePlayList();
     _context.finish();

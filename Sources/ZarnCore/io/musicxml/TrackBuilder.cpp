@@ -3,7 +3,6 @@
 
 #include <ZarnCore/instruments/sounds/ZarnSound.h>
 #include <ZarnCore/io/musicxml/ImportContext.h>
-#include <ZarnCore/io/musicxml/InstrumentGuess.h>
 #include <ZarnCore/io/musicxml/NoteMaker.h>
 #include <ZarnCore/io/musicxml/PartList.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
@@ -173,10 +172,10 @@ void setSimileMarks(const PartFacts &facts, StaffBars &staves, ImportContext &co
     }
 }
 
-std::shared_ptr<Track> makeTrack(const ListedPart &part, const PartFacts &facts,
-                                 const NoteTally &notes, StaffBars staves)
+std::shared_ptr<Track> makeTrack(InstrumentSet::Type type, const ListedPart &part,
+                                 const PartFacts &facts, StaffBars staves)
 {
-    auto track = ScoreModel::createTrack(guessInstrument(part, facts, notes));
+    auto track = ScoreModel::createTrack(type);
     track->setName(part.name);
     track->setShortName(part.abbreviation);
     track->setTranspositionOffset(facts.chromatic);
@@ -190,9 +189,9 @@ std::shared_ptr<Track> makeTrack(const ListedPart &part, const PartFacts &facts,
         staff.insertBars(0, std::move(staves[i]));
     }
     if (part.program != ListedPart::NoProgram)
-        track->addSound(
-            std::make_shared<Sound>(part.instruments.empty() ? part.name : part.instruments.front(),
-                                    MIDISound(part.program)));
+        track->addSound(std::make_shared<Sound>(
+            part.instruments.empty() ? part.name : part.instruments.front().name,
+            MIDISound(part.program)));
     return track;
 }
 

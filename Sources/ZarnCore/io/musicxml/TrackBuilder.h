@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ZarnCore/io/ZarnSourceTally.h>
+#include <ZarnCore/instruments/sets/ZarnInstrumentSet.h>
 #include <ZarnCore/io/musicxml/PartFacts.h>
 #include <ZarnCore/model/ZarnStaff.h>
 
@@ -28,7 +28,7 @@ void setClefs(const PartFacts &facts, StaffBars &staves, ImportContext &context)
 void setSimileMarks(const PartFacts &facts, StaffBars &staves, ImportContext &context);
 
 /// Makes the track of a part around its bars.
-std::shared_ptr<Track> makeTrack(const ListedPart &part, const PartFacts &facts,
-                                 const NoteTally &notes, StaffBars staves);
+std::shared_ptr<Track> makeTrack(InstrumentSet::Type type, const ListedPart &part,
+                                 const PartFacts &facts, StaffBars staves);
 
 } // namespace zarn::io
