@@ -44,6 +44,13 @@ std::string printed(const QJsonValue &value)
 /// Part, bar and pitch of a note, and where it begins.
 using Place = std::tuple<unsigned, unsigned, int, rational>;
 
+/// The notes that an import has to give, and those of tablatures that repeat a staff: each of these
+/// has to be one of the others and is not expected a second time.
+struct ExpectedNotes {
+    std::vector<Place> notes;
+    std::vector<Place> twins;
+};
+
 /// What the independent program lists, by file: one run for all, because it is slow to start.
 std::map<QString, QStringList> expectedLists(const QStringList &names)
 {
@@ -72,22 +79,27 @@ std::map<QString, QStringList> expectedLists(const QStringList &names)
     return lists;
 }
 
-std::vector<Place> expectedNotes(const QStringList &lines,
-                                 const std::vector<zarn::io::PartTally> &parts)
+ExpectedNotes expectedNotes(const QStringList &lines, const std::vector<zarn::io::PartTally> &parts)
 {
     std::map<QString, unsigned> numbers;
     for (unsigned i = 0; i < parts.size(); ++i)
         numbers[QString::fromStdString(parts[i].id)] = i;
-    std::vector<Place> notes;
+    ExpectedNotes expected;
     for (int i = 1; i < lines.size(); ++i) {
         const auto columns = lines[i].split(QLatin1Char('\t'));
         if (columns.size() < 9 || columns[7] == QStringLiteral("-"))
             continue;
-        notes.emplace_back(numbers[columns[0]], columns[1].toUInt(), columns[7].toInt(),
-                           *rational::fromString(columns[4].toStdString()));
+        const auto part = numbers[columns[0]];
+        const auto &merged = parts[part].mergedStaves;
+        const bool isTwin =
+            std::find(merged.begin(), merged.end(), columns[2].toUInt() - 1) != merged.end();
+        (isTwin ? expected.twins : expected.notes)
+            .emplace_back(part, columns[1].toUInt(), columns[7].toInt(),
+                          *rational::fromString(columns[4].toStdString()));
     }
-    std::sort(notes.begin(), notes.end());
-    return notes;
+    std::sort(expected.notes.begin(), expected.notes.end());
+    std::sort(expected.twins.begin(), expected.twins.end());
+    return expected;
 }
 
 std::vector<Place> importedNotes(const zarn::ScoreModel &model)
@@ -137,10 +149,21 @@ TEST(RealScores, countsOfTheTreeAloneAgreeWhereItCanTell)
         ASSERT_TRUE(model);
         const auto notes = ScoreStatistics(*model).toJson()[QStringLiteral("notes")].toObject();
         const auto wanted = row.value().toObject()[QStringLiteral("notes")].toObject();
-        for (const char *name :
-             {"total", "pitched", "unpitched", "rests", "grace", "grace_slashed", "with_fret"})
-            EXPECT_EQ(notes[QLatin1String(name)].toInt(), wanted[QLatin1String(name)].toInt())
-                << name;
+        // Notes that a tablature repeats are counted twice in the document and stand once here.
+        zarn::io::NoteTally merged;
+        for (const auto &part : report.tally().parts) {
+            merged.total += part.merged.total;
+            merged.pitched += part.merged.pitched;
+            merged.rests += part.merged.rests;
+        }
+        const auto wantedOf = [&](const char *name, std::uint32_t elsewhere) {
+            return wanted[QLatin1String(name)].toInt() - static_cast<int>(elsewhere);
+        };
+        EXPECT_EQ(notes[QLatin1String("total")].toInt(), wantedOf("total", merged.total));
+        EXPECT_EQ(notes[QLatin1String("pitched")].toInt(), wantedOf("pitched", merged.pitched));
+        EXPECT_EQ(notes[QLatin1String("rests")].toInt(), wantedOf("rests", merged.rests));
+        for (const char *name : {"unpitched", "grace", "grace_slashed", "with_fret"})
+            EXPECT_EQ(notes[QLatin1String(name)].toInt(), wantedOf(name, 0)) << name;
     }
 }
 
@@ -156,7 +179,9 @@ TEST(RealScores, notesAgreeOneByOneInPartBarOnsetAndPitch)
         ImportReport report;
         const auto model = scores::importFile(pathOf(row.key()), report);
         ASSERT_TRUE(model);
-        const auto wanted = expectedNotes(lists[row.key()], report.tally().parts);
+        const auto [wanted, twins] = expectedNotes(lists[row.key()], report.tally().parts);
+        EXPECT_TRUE(std::includes(wanted.begin(), wanted.end(), twins.begin(), twins.end()))
+            << "a tablature was taken for a twin that is none";
         const auto notes = importedNotes(*model);
         ASSERT_EQ(notes.size(), wanted.size());
         // Written onsets add up rounded durations; those of the tree are exact.

@@ -241,10 +241,12 @@ ScoreStatistics::ScoreStatistics(const ScoreModel &model, const SourceTally &sou
         part.id = "T" + std::to_string(i + 1);
         part.length = length.toString();
         if (hasSource) {
-            const auto counted = part.notes;
+            auto counted = part.notes;
             const auto treeStaves = part.staves;
             part = source.parts[i];
-            part.staves = treeStaves;
+            part.staves = treeStaves + static_cast<std::uint32_t>(part.mergedStaves.size());
+            add(counted, part.merged);
+            midiSum += part.mergedMidiSum;
             part.notes = counted;
             takeSource(part.notes, source.parts[i].notes);
         }

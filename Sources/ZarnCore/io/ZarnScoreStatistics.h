@@ -22,7 +22,8 @@ ZARNCORE_EXPORT bool isUnpitchedNote(const Note &note, const Track &track) noexc
 /// Counts of what is written in a score: nothing is unfolded or merged, a tied pair is two notes.
 struct ZARNCORE_EXPORT ScoreStatistics {
     /// Counts a model. What the document of an import said in its own terms, signatures of each
-    /// part for one, comes from its tally when there is one.
+    /// part for one, comes from its tally when there is one; a tablature that was made one with
+    /// its notes counts as it stood there.
     explicit ScoreStatistics(const ScoreModel &model, const SourceTally &source = {});
 
     std::uint32_t staves = 0;

@@ -42,6 +42,12 @@ struct PartTally {
     std::string length;              ///< quarters reached by the written durations, such as "169/4"
     std::vector<std::string> voices; ///< names of the voices, sorted
     NoteTally notes;
+
+    /// Tablatures that repeated the notes of another staff and were made one with it, by their
+    /// numbers from 0, and what stood on them and stands there no longer.
+    std::vector<std::uint32_t> mergedStaves;
+    NoteTally merged;
+    std::uint64_t mergedMidiSum = 0;
 };
 
 /// What a document says in its own terms and the tree cannot tell afterwards: a signature that

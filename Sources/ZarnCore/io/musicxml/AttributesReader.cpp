@@ -4,6 +4,7 @@
 #include <ZarnCore/io/ZarnSourceTally.h>
 #include <ZarnCore/io/musicxml/ImportContext.h>
 #include <ZarnCore/io/musicxml/MeasureTimeline.h>
+#include <ZarnCore/io/musicxml/StaffTranspositions.h>
 
 #include <algorithm>
 #include <cstring>
@@ -54,8 +55,9 @@ std::optional<unsigned> sumOf(std::string_view text)
 
 } // namespace
 
-AttributesReader::AttributesReader(ImportContext &context, SourceTally &tally)
-    : _context(context), _tally(tally)
+AttributesReader::AttributesReader(ImportContext &context, SourceTally &tally,
+                                   StaffTranspositions &transpositions)
+    : _context(context), _tally(tally), _transpositions(transpositions)
 {
 }
 
@@ -73,7 +75,7 @@ void AttributesReader::read(pugi::xml_node node, PartFacts &facts, MeasureTimeli
             readTime(child, facts);
             break;
         case Tag::Staves:
-            staffAt(facts, std::clamp(_context.integer(child, 1), 1, mostStaves) - 1);
+            readStaves(child, facts);
             break;
         case Tag::Clef:
             readClef(child, facts, timeline.exact());
@@ -82,7 +84,7 @@ void AttributesReader::read(pugi::xml_node node, PartFacts &facts, MeasureTimeli
             readStaffDetails(child, facts);
             break;
         case Tag::Transpose:
-            readTranspose(child, facts);
+            readTranspose(child);
             break;
         case Tag::MeasureStyle:
             readMeasureStyle(child, facts);
@@ -91,6 +93,16 @@ void AttributesReader::read(pugi::xml_node node, PartFacts &facts, MeasureTimeli
             _context.addUnheld(child, tag);
         }
     }
+}
+
+void AttributesReader::readStaves(pugi::xml_node node, PartFacts &facts)
+{
+    const int staves = _context.integer(node, 1);
+    if (staves < 1 || staves > mostStaves)
+        _context.addProblem(node,
+                            "a part cannot have " + std::to_string(staves) + " staves; it has 1 to "
+                                + std::to_string(mostStaves));
+    staffAt(facts, std::clamp(staves, 1, mostStaves) - 1);
 }
 
 void AttributesReader::readDivisions(pugi::xml_node node, MeasureTimeline &timeline)
@@ -243,7 +255,11 @@ void AttributesReader::readStaffDetails(pugi::xml_node node, PartFacts &facts)
             break;
         }
         default:
-            _context.addUnheld(child, tag);
+            if (std::strcmp(child.name(), "staff-type") == 0
+                && std::strcmp(child.child_value(), "alternate") == 0)
+                staff.alternate = true;
+            else
+                _context.addUnheld(child, tag);
         }
     }
     if (strings.empty())
@@ -281,7 +297,7 @@ void AttributesReader::readMeasureStyle(pugi::xml_node node, PartFacts &facts)
     }
 }
 
-void AttributesReader::readTranspose(pugi::xml_node node, PartFacts &facts)
+void AttributesReader::readTranspose(pugi::xml_node node)
 {
     const auto number = [&](const char *name) {
         const auto child = node.child(name);
@@ -292,13 +308,7 @@ void AttributesReader::readTranspose(pugi::xml_node node, PartFacts &facts)
     const int diatonic = number("diatonic") + 7 * octaves;
     if (const auto twice = node.child("double"))
         _context.addUnheld(twice);
-    if (facts.transposes && chromatic != facts.chromatic) {
-        _context.addProblem(node, "the transposition changes; the first one was kept");
-        return;
-    }
-    facts.transposes = true;
-    facts.chromatic = chromatic;
-    facts.diatonic = diatonic;
+    _transpositions.set(staffOf(node), chromatic, diatonic);
 }
 
 } // namespace zarn::io

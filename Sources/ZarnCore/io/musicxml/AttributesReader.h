@@ -7,13 +7,15 @@ namespace zarn::io {
 
 class ImportContext;
 class MeasureTimeline;
+class StaffTranspositions;
 struct SourceTally;
 
 /// Reads <attributes>: divisions, keys, times, clefs, staves, tunings, transpositions and
 /// signs that repeat bars.
 class AttributesReader {
 public:
-    AttributesReader(ImportContext &context, SourceTally &tally);
+    AttributesReader(ImportContext &context, SourceTally &tally,
+                     StaffTranspositions &transpositions);
 
     /// `timeline` gives the position and takes new divisions.
     void read(pugi::xml_node node, PartFacts &facts, MeasureTimeline &timeline);
@@ -25,10 +27,12 @@ private:
     void readClef(pugi::xml_node node, PartFacts &facts, const utils::rational &position);
     void readStaffDetails(pugi::xml_node node, PartFacts &facts);
     void readMeasureStyle(pugi::xml_node node, PartFacts &facts);
-    void readTranspose(pugi::xml_node node, PartFacts &facts);
+    void readTranspose(pugi::xml_node node);
+    void readStaves(pugi::xml_node node, PartFacts &facts);
 
     ImportContext &_context;
     SourceTally &_tally;
+    StaffTranspositions &_transpositions;
 };
 
 } // namespace zarn::io

@@ -180,7 +180,8 @@ bool DirectionReader::readTempo(const Gathered &gathered, const std::string &wor
     if (!tempo)
         return false;
     const bool visible = gathered.metronome || !words.empty();
-    facts.tempos.push_back({_context.bar(), position, tempo->value, tempo->unit, words, visible});
+    facts.tempos.push_back({_context.bar(), position, tempo->value, tempo->unit, words, visible,
+                            gathered.metronome ? gathered.metronome : gathered.sound});
     return true;
 }
 

@@ -3,9 +3,13 @@
 
 #include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
 #include <ZarnCore/io/musicxml/ImportContext.h>
+#include <ZarnCore/io/musicxml/Metronome.h>
 #include <ZarnCore/model/ZarnMasterTrack.h>
 
+#include <QString>
+
 #include <algorithm>
+#include <cmath>
 #include <map>
 #include <memory>
 
@@ -77,18 +81,22 @@ void MasterBarBuilder::setTimes(MasterTrack &master)
     }
 }
 
-int MasterBarBuilder::concertFifths(std::size_t part, int fifths) const
+int MasterBarBuilder::concertFifths(std::size_t part, const WrittenKey &key) const
 {
-    const auto &facts = _parts[part];
-    if (!facts.transposes || facts.chromatic % 12 == 0)
-        return fifths;
-    int shift = 7 * facts.chromatic - 12 * facts.diatonic;
-    if (facts.diatonic == 0) {
+    const auto &all = _parts[part].transpositions;
+    const auto after = std::upper_bound(
+        all.begin(), all.end(), key.bar,
+        [](int bar, const WrittenTransposition &transposition) { return bar < transposition.bar; });
+    if (after == all.begin() || after[-1].chromatic % 12 == 0)
+        return key.fifths;
+    const auto [bar, chromatic, diatonic] = after[-1];
+    int shift = 7 * chromatic - 12 * diatonic;
+    if (diatonic == 0) {
         // The steps are not said: take the nearest key.
-        shift = ((7 * facts.chromatic) % 12 + 12) % 12;
+        shift = ((7 * chromatic) % 12 + 12) % 12;
         shift = shift > 6 ? shift - 12 : shift;
     }
-    return fifths + shift;
+    return key.fifths + shift;
 }
 
 /// The key of most parts; parts without pitches hardly count, earlier parts win.
@@ -115,7 +123,7 @@ void MasterBarBuilder::setKeys(MasterTrack &master)
         for (const auto &key : _parts[part].keys) {
             auto &keys = stated[key.bar];
             if (keys.empty() || keys.back().part != part)
-                keys.push_back({part, concertFifths(part, key.fifths), key.minor, key.node});
+                keys.push_back({part, concertFifths(part, key), key.minor, key.node});
         }
     KeySignature current(0, true, true);
     auto next = stated.begin();
@@ -210,15 +218,36 @@ void MasterBarBuilder::setSections(MasterTrack &master)
         }
 }
 
+/// Of two tempos at one place the later one holds.
+void MasterBarBuilder::joinTempo(TempoAutomation &there, const WrittenTempo &tempo)
+{
+    if (there.text().empty())
+        there.setText(tempo.text);
+    there.setVisible(there.isVisible() || tempo.visible);
+    const auto before = quartersOf({there.value(), static_cast<TempoUnit>(there.unit())});
+    const auto now = quartersOf({tempo.value, tempo.unit});
+    // Metronome marks are rounded.
+    if (std::abs(before - now) < 0.5)
+        return;
+    there.setValue(static_cast<float>(tempo.value));
+    there.setUnit(static_cast<std::int32_t>(tempo.unit));
+    const auto text = [](double quarters) {
+        return QString::number(quarters, 'g', 6).toStdString();
+    };
+    _context.addProblem(tempo.node,
+                        "a second tempo at the same place: " + text(now)
+                            + " quarters a minute hold instead of " + text(before));
+}
+
 void MasterBarBuilder::setTempos(MasterTrack &master)
 {
-    for (const auto &part : _parts)
-        for (const auto &tempo : part.tempos) {
+    for (std::size_t part = 0; part < _parts.size(); ++part)
+        for (const auto &tempo : _parts[part].tempos) {
             const auto bar = static_cast<std::uint32_t>(tempo.bar);
             const auto position = static_cast<float>(tempo.position.toDouble());
             if (auto *there = master.automation(Automation::Tempo, bar, position)) {
-                if (there->text().empty())
-                    there->setText(tempo.text);
+                _context.setPlace(static_cast<int>(part), tempo.bar);
+                joinTempo(static_cast<TempoAutomation &>(*there), tempo);
                 continue;
             }
             auto automation = std::make_unique<TempoAutomation>();

@@ -8,7 +8,8 @@
 
 namespace zarn {
 class MasterTrack;
-}
+class TempoAutomation;
+} // namespace zarn
 
 namespace zarn::io {
 
@@ -39,8 +40,9 @@ private:
     void setRepeats(MasterTrack &master);
     void setSections(MasterTrack &master);
     void setTempos(MasterTrack &master);
+    void joinTempo(TempoAutomation &there, const WrittenTempo &tempo);
     ConcertKey choose(const std::vector<ConcertKey> &keys) const;
-    int concertFifths(std::size_t part, int fifths) const;
+    int concertFifths(std::size_t part, const WrittenKey &key) const;
 
     ImportContext &_context;
     const std::vector<PartFacts> &_parts;

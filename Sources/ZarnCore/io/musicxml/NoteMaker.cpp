@@ -2,6 +2,7 @@
 #include <ZarnCore/io/musicxml/NoteMaker.h>
 
 #include <ZarnCore/io/musicxml/ImportContext.h>
+#include <ZarnCore/io/musicxml/PartList.h>
 #include <ZarnCore/model/ZarnNote.h>
 
 #include <algorithm>
@@ -34,9 +35,26 @@ int stringCount(const WrittenStaff &staff) noexcept
     return staff.tablature && staff.lines > 0 ? staff.lines : guitarStrings;
 }
 
-NoteMaker::NoteMaker(ImportContext &context, const PercussionKeys &keys)
-    : _context(context), _keys(keys)
+NoteMaker::NoteMaker(ImportContext &context, const PartList &list) : _context(context), _list(list)
 {
+}
+
+void NoteMaker::startPart(const PartFacts &facts, const ListedPart &part)
+{
+    _facts = &facts;
+    _onlyInstrument = part.instruments.size() == 1 ? part.instruments.front().id : std::string();
+    _guesses.clear();
+}
+
+void NoteMaker::finishPart()
+{
+    for (const auto &[name, guess] : _guesses) {
+        const auto [key, count] = guess;
+        _context.addProblem({},
+                            std::to_string(count) + (count == 1 ? " note" : " notes") + " of \""
+                                + name + "\", which names no key, got the usual one, "
+                                + std::to_string(key));
+    }
 }
 
 std::shared_ptr<Note> NoteMaker::make(const WrittenNote &written)
@@ -47,6 +65,10 @@ std::shared_ptr<Note> NoteMaker::make(const WrittenNote &written)
         if (written.alter >= -2 && written.alter <= 2)
             note->setSpelling(PitchClass(static_cast<NoteName::Value>(written.step),
                                          static_cast<NoteAccidental::Value>(written.alter + 2)));
+        else
+            _context.addProblem(written.node,
+                                "a note altered by " + std::to_string(written.alter)
+                                    + " semitones is spelled anew as the key has it");
         if (written.string != WrittenNote::Unset || written.fret != WrittenNote::Unset)
             setFingering(written, *note);
     } else {
@@ -67,6 +89,11 @@ void NoteMaker::setFingering(const WrittenNote &written, Note &note)
     if (written.fret == WrittenNote::Unset) {
         // A string number over plain notation: the tree places a note by string and fret.
         _context.addUnheld(written.node, Tag::String);
+    } else if (written.string == WrittenNote::Unset) {
+        _context.addUnheld(written.node, Tag::Fret);
+        _context.addProblem(written.node,
+                            "a fret without a string, " + std::to_string(written.fret)
+                                + ", was left out");
     } else if (written.string < 1 || written.string > strings || written.fret < 0
                || written.fret > mostFrets) {
         _context.addUnheld(written.node, Tag::Fret);
@@ -82,9 +109,12 @@ void NoteMaker::setFingering(const WrittenNote &written, Note &note)
 
 void NoteMaker::setUnpitched(const WrittenNote &written, Note &note)
 {
-    const auto key = _keys.find(std::string_view(written.instrument));
-    if (key != _keys.end())
-        note.setMidi(key->second);
+    const std::string_view named = written.instrument;
+    if (const auto *const use = _list.percussion(named.empty() ? _onlyInstrument : named)) {
+        note.setMidi(use->key);
+        if (!use->guess.empty())
+            ++_guesses.insert({use->guess, {use->key, 0}}).first->second.second;
+    }
     const int line = written.step == WrittenNote::Unset
         ? middleLine
         : 7 * (written.octave + 1) + written.step - bottomLineStep;

@@ -15,17 +15,20 @@ class Note;
 namespace zarn::io {
 
 class ImportContext;
+class PartList;
+struct ListedPart;
+struct PercussionUse;
 
 /// Makes the notes of the tree from written ones.
 class NoteMaker {
 public:
-    /// General MIDI percussion keys by the ids of the document's instruments.
-    using PercussionKeys = std::map<std::string, int, std::less<>>;
-
-    NoteMaker(ImportContext &context, const PercussionKeys &keys);
+    NoteMaker(ImportContext &context, const PartList &list);
 
     /// `facts` says how many strings a staff has; it is read while the part is.
-    void startPart(const PartFacts &facts) noexcept { _facts = &facts; }
+    void startPart(const PartFacts &facts, const ListedPart &part);
+
+    /// Reports the keys of percussion that were guessed.
+    void finishPart();
 
     std::shared_ptr<Note> make(const WrittenNote &written);
 
@@ -35,8 +38,10 @@ private:
     void setHead(const WrittenNote &written, Note &note);
 
     ImportContext &_context;
-    const PercussionKeys &_keys;
+    const PartList &_list;
     const PartFacts *_facts = nullptr;
+    std::string _onlyInstrument; ///< id of the instrument of notes that name none
+    std::map<std::string, std::pair<int, std::size_t>> _guesses; ///< key and notes by the name
 };
 
 /// Number of strings that a staff has, as far as it is said: by its tuning, else by its lines.

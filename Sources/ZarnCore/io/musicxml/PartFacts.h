@@ -46,6 +46,7 @@ struct WrittenTempo {
     TempoUnit unit;
     std::string text;
     bool visible;
+    pugi::xml_node node;
 };
 
 struct WrittenRepeat {
@@ -90,6 +91,15 @@ struct WrittenStaff {
     std::vector<int> tuning; ///< MIDI keys, the lowest string first
     int capo = 0;
     bool tablature = false;
+    bool alternate = false; ///< repeats another staff in another notation
+    bool hasTwin = false;   ///< was made one with its tablature
+};
+
+/// A transposition of the first staff, from a bar on.
+struct WrittenTransposition {
+    int bar;
+    int chromatic; ///< to what sounds, in semitones
+    int diatonic;  ///< and in steps; 0 when not said
 };
 
 struct WrittenBar {
@@ -111,9 +121,8 @@ struct PartFacts {
     std::vector<int> doubleBars;
     std::vector<WrittenBar> bars;
     std::vector<WrittenStaff> staves;
-    int diatonic = 0;  ///< transposition to what sounds, in steps
-    int chromatic = 0; ///< and in semitones
-    bool transposes = false;
+    std::vector<WrittenTransposition> transpositions;
+    int chromatic = 0; ///< transposition of the track to what sounds, in semitones
 };
 
 } // namespace zarn::io

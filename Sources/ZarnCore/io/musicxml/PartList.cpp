@@ -2,6 +2,7 @@
 #include <ZarnCore/io/musicxml/PartList.h>
 
 #include <ZarnCore/io/musicxml/ImportContext.h>
+#include <ZarnCore/io/musicxml/PercussionKeys.h>
 
 #include <algorithm>
 
@@ -30,6 +31,12 @@ const ListedPart *PartList::find(const std::string &id) const
     return found == _parts.end() ? nullptr : &*found;
 }
 
+const PercussionUse *PartList::percussion(std::string_view instrument) const
+{
+    const auto found = _percussion.find(instrument);
+    return found == _percussion.end() ? nullptr : &found->second;
+}
+
 void PartList::readPart(pugi::xml_node node, ImportContext &context)
 {
     ListedPart part;
@@ -55,9 +62,21 @@ void PartList::readPart(pugi::xml_node node, ImportContext &context)
             context.addUnheld(child, tag);
         }
     }
+    setUsualKeys(part);
+    if (find(part.id))
+        context.addProblem(
+            node, "the part list names \"" + part.id + "\" more than once; the first entry holds");
     _parts.push_back(std::move(part));
     if (_parts.size() > mostParts)
         context.refuse(node, "a score has no more than " + std::to_string(mostParts) + " parts");
+}
+
+/// Instruments of percussion that say no key have that of their sound or their name.
+void PartList::setUsualKeys(const ListedPart &part)
+{
+    for (const auto &instrument : part.instruments)
+        if (const auto key = usualPercussionKey(instrument))
+            _percussion.insert({instrument.id, {*key, instrument.name}});
 }
 
 void PartList::readMidi(pugi::xml_node node, ListedPart &part, ImportContext &context)
@@ -74,7 +93,8 @@ void PartList::readMidi(pugi::xml_node node, ListedPart &part, ImportContext &co
             break;
         case Tag::MidiUnpitched:
             // Counted from 1, as MIDI programs are (MusicXML 4.0, midi-unpitched).
-            _keys[node.attribute("id").value()] = std::clamp(context.integer(child, 1), 1, 128) - 1;
+            _percussion[node.attribute("id").value()] = {
+                std::clamp(context.integer(child, 1), 1, 128) - 1, {}};
             part.hasPercussion = true;
             break;
         default:

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ZarnCore/io/musicxml/NoteMaker.h>
-
 #include <pugixml.hpp>
 
+#include <functional>
+#include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace zarn::io {
@@ -17,6 +18,12 @@ struct ListedInstrument {
     std::string id;
     std::string name;
     std::string sound; ///< a standard sound of MusicXML; may be empty
+};
+
+/// How an instrument is struck.
+struct PercussionUse {
+    int key;           ///< General MIDI
+    std::string guess; ///< the name that the key was taken from; empty where it is written
 };
 
 /// What <part-list> says about one part.
@@ -45,14 +52,17 @@ public:
     /// Null when the list does not name the part.
     const ListedPart *find(const std::string &id) const;
 
-    const NoteMaker::PercussionKeys &percussionKeys() const noexcept { return _keys; }
+    /// Null for an unknown instrument.
+    const PercussionUse *percussion(std::string_view instrument) const;
 
 private:
     void readPart(pugi::xml_node node, ImportContext &context);
     void readMidi(pugi::xml_node node, ListedPart &part, ImportContext &context);
 
     std::vector<ListedPart> _parts;
-    NoteMaker::PercussionKeys _keys;
+    void setUsualKeys(const ListedPart &part);
+
+    std::map<std::string, PercussionUse, std::less<>> _percussion;
 };
 
 } // namespace zarn::io

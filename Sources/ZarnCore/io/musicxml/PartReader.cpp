@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 namespace zarn::io {
 
@@ -12,17 +13,14 @@ using utils::rational;
 
 namespace {
 
-/// So many ties are never open at once.
-constexpr std::size_t mostOpenTies = 256;
-
 /// No measure is longer, in quarters; a duration past it is a typing error.
 constexpr std::int64_t longest = 100'000;
 
 } // namespace
 
 PartReader::PartReader(ImportContext &context, SourceTally &tally)
-    : _context(context), _whole(tally), _notes(context), _attributes(context, tally),
-      _directions(context), _barlines(context)
+    : _context(context), _whole(tally), _notes(context), _transpositions(context), _ties(context),
+      _attributes(context, tally, _transpositions), _directions(context), _barlines(context)
 {
 }
 
@@ -32,7 +30,9 @@ void PartReader::startPart(PartFacts &facts, PartTally &tally)
     _tally = &tally;
     _length = 0;
     _timeline.setDivisions(1);
-    _openTies.clear();
+    _transpositions.startPart(facts);
+    _ties.startPart();
+    _hasStrayStaff = false;
     _notes.startPart(tally, _whole);
 }
 
@@ -41,6 +41,7 @@ void PartReader::readMeasure(pugi::xml_node frame, pugi::xml_node content, Writt
     measure.node = content;
     measure.notes.clear();
     measure.marks.clear();
+    _ties.startMeasure(_timeline.exactReach());
     _timeline.startMeasure();
     _hasChordNote = false;
     for (auto child = content.first_child(); child; child = child.next_sibling()) {
@@ -83,8 +84,8 @@ void PartReader::readMeasure(pugi::xml_node frame, pugi::xml_node content, Writt
 void PartReader::finishPart()
 {
     _barlines.finishPart(*_facts);
-    for (const auto &tie : _openTies)
-        _context.addProblemInBar(tie.bar, tie.node, "a tie is begun here that nothing ends");
+    _ties.finishPart();
+    _transpositions.finishPart();
     if (const auto hidden = _tally->notes.hidden; hidden > 0)
         _context.addProblem({},
                             std::to_string(hidden) + " notes that the document hides are shown");
@@ -100,6 +101,11 @@ void PartReader::readNote(pugi::xml_node node, WrittenMeasure &measure)
     const auto staves = _facts->staves.size();
     if (static_cast<std::size_t>(note.staff) >= staves) {
         constexpr int mostStaves = 64;
+        if (note.staff >= mostStaves && !std::exchange(_hasStrayStaff, true))
+            _context.addProblem(node,
+                                "a note stands on staff " + std::to_string(note.staff + 1)
+                                    + "; this and what else is past staff "
+                                    + std::to_string(mostStaves) + " went there");
         note.staff = std::min(note.staff, mostStaves - 1);
         _facts->staves.resize(std::max(staves, static_cast<std::size_t>(note.staff) + 1));
     }
@@ -107,8 +113,9 @@ void PartReader::readNote(pugi::xml_node node, WrittenMeasure &measure)
         joinChord(note);
     else
         placeNote(note);
-    if (note.tieStart || note.tieStop)
-        followTies(note);
+    if (note.kind == NoteKind::Pitched)
+        _transpositions.adjust(note);
+    _ties.follow(note);
     for (const auto dynamics : _notes.dynamics())
         _directions.readDynamics(dynamics, note.onset, note.staff, measure);
 }
@@ -121,7 +128,9 @@ void PartReader::joinChord(WrittenNote &note)
     note.rhythm = _chordNote.rhythm;
     note.grace = _chordNote.grace;
     const auto &rhythm = _notes.rhythm();
-    if (rhythm.type != WrittenRhythm::NoType && !(rhythm == _chordRhythm))
+    const bool otherRhythm = rhythm.type != WrittenRhythm::NoType && !(rhythm == _chordRhythm);
+    const bool otherDuration = _notes.duration() && _notes.duration() != _chordDuration;
+    if (otherRhythm || otherDuration)
         _context.addProblem(note.node, "a chord note of another length took the chord's");
 }
 
@@ -161,6 +170,7 @@ void PartReader::placeNote(WrittenNote &note)
     }
     _chordNote = note;
     _chordRhythm = rhythm;
+    _chordDuration = _notes.duration();
     _hasChordNote = true;
 }
 
@@ -185,20 +195,6 @@ void PartReader::jump(pugi::xml_node node, int sign)
     }
     if (!_timeline.jump(rational(sign) * length / _timeline.divisions()))
         _context.addProblem(node, "a <backup> goes back past the start of the bar; it stops there");
-}
-
-void PartReader::followTies(const WrittenNote &note)
-{
-    if (note.tieStop) {
-        const auto found = std::find_if(_openTies.begin(), _openTies.end(),
-                                        [&](const OpenTie &tie) { return tie.midi == note.midi; });
-        if (found != _openTies.end())
-            _openTies.erase(found);
-        else
-            _context.addProblem(note.node, "a tie ends here that nothing begins");
-    }
-    if (note.tieStart && _openTies.size() < mostOpenTies)
-        _openTies.push_back({note.midi, _context.bar(), note.node});
 }
 
 } // namespace zarn::io

@@ -6,7 +6,9 @@
 #include <ZarnCore/io/musicxml/DirectionReader.h>
 #include <ZarnCore/io/musicxml/MeasureTimeline.h>
 #include <ZarnCore/io/musicxml/NoteReader.h>
+#include <ZarnCore/io/musicxml/OpenTies.h>
 #include <ZarnCore/io/musicxml/RhythmFitter.h>
+#include <ZarnCore/io/musicxml/StaffTranspositions.h>
 
 namespace zarn::io {
 
@@ -28,18 +30,11 @@ public:
     void finishPart();
 
 private:
-    struct OpenTie {
-        int midi;
-        int bar;
-        pugi::xml_node node;
-    };
-
     void readNote(pugi::xml_node node, WrittenMeasure &measure);
     void joinChord(WrittenNote &note);
     void placeNote(WrittenNote &note);
     void fitLength(WrittenNote &note, const utils::rational &length);
     void jump(pugi::xml_node node, int sign);
-    void followTies(const WrittenNote &note);
 
     ImportContext &_context;
     SourceTally &_whole;
@@ -50,6 +45,8 @@ private:
     MeasureTimeline _timeline;
     RhythmFitter _fitter;
     NoteReader _notes;
+    StaffTranspositions _transpositions;
+    OpenTies _ties;
     AttributesReader _attributes;
     DirectionReader _directions;
     BarlineReader _barlines;
@@ -58,7 +55,8 @@ private:
     WrittenNote _chordNote;
     bool _hasChordNote = false;
     WrittenRhythm _chordRhythm;
-    std::vector<OpenTie> _openTies;
+    std::optional<utils::rational> _chordDuration; ///< as written, in divisions
+    bool _hasStrayStaff = false; ///< a note stood on a staff past the last that can be
 };
 
 } // namespace zarn::io

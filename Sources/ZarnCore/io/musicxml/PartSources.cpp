@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <unordered_map>
+#include <unordered_set>
 
 namespace zarn::io {
 
@@ -31,7 +32,12 @@ std::vector<PartSource> partwiseSources(pugi::xml_node root, const PartList &lis
                                         ImportContext &context)
 {
     std::vector<PartSource> sources;
+    std::unordered_set<std::string> ids;
     for (auto part = root.child("part"); part; part = part.next_sibling("part")) {
+        if (const std::string id = part.attribute("id").value(); !ids.insert(id).second)
+            context.addProblem(part,
+                               "there is music for part \"" + id
+                                   + "\" before; this became a track of its own");
         sources.push_back({listedPart(part, sources.size(), list, context), {}});
         auto &measures = sources.back().measures;
         for (const auto child : part.children()) {

@@ -7,11 +7,13 @@
 #include <ZarnCore/io/musicxml/InstrumentGuess.h>
 #include <ZarnCore/io/musicxml/JumpPlacer.h>
 #include <ZarnCore/io/musicxml/MasterBarBuilder.h>
+#include <ZarnCore/io/musicxml/NoteMaker.h>
 #include <ZarnCore/io/musicxml/PartList.h>
 #include <ZarnCore/io/musicxml/PartReader.h>
 #include <ZarnCore/io/musicxml/PartSources.h>
 #include <ZarnCore/io/musicxml/ScoreHeader.h>
 #include <ZarnCore/io/musicxml/TrackBuilder.h>
+#include <ZarnCore/io/musicxml/TwinStaves.h>
 #include <ZarnCore/io/musicxml/XmlDocument.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
@@ -26,9 +28,9 @@ class ScoreReader {
 public:
     ScoreReader(const XmlDocument &document, ImportReport &report)
         : _document(document), _context(document, report),
-          _list(document.root().child("part-list"), _context),
-          _notes(_context, _list.percussionKeys()), _builder(_context, _notes),
-          _reader(_context, _tally), _model(std::make_shared<ScoreModel>())
+          _list(document.root().child("part-list"), _context), _notes(_context, _list),
+          _builder(_context, _notes), _reader(_context, _tally),
+          _model(std::make_shared<ScoreModel>())
     {
     }
 
@@ -87,7 +89,7 @@ std::shared_ptr<ScoreModel> ScoreReader::read(ImportReport &report)
         setSimileMarks(_facts[part], _bars[part], _context);
         const auto &listed = sources[part].listed;
         const auto type = guesser.guess(listed, _facts[part], _tally.parts[part].notes);
-        _model->addTrack(makeTrack(type, listed, _facts[part], std::move(_bars[part])));
+        _model->addTrack(makeTrack(type, listed, _facts[part], std::move(_bars[part]), _context));
     }
     master.updatePlayList();
     _context.finish();
@@ -103,7 +105,7 @@ void ScoreReader::readPart(std::size_t part, const PartSource &source)
     tally.id = source.listed.id;
     tally.name = source.listed.name;
     facts.staves.resize(1);
-    _notes.startPart(facts);
+    _notes.startPart(facts, source.listed);
     _builder.startPart();
     _reader.startPart(facts, tally);
     bars.emplace_back();
@@ -125,6 +127,8 @@ void ScoreReader::readPart(std::size_t part, const PartSource &source)
     }
     _context.setPlace(static_cast<int>(part), -1);
     _reader.finishPart();
+    _notes.finishPart();
+    TwinStaves(_context, facts, bars, tally).merge();
     const auto &rests = _builder.wholeMeasureRests();
     _rests.insert(_rests.end(), rests.begin(), rests.end());
 }

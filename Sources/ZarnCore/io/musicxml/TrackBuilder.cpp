@@ -5,6 +5,7 @@
 #include <ZarnCore/io/musicxml/ImportContext.h>
 #include <ZarnCore/io/musicxml/NoteMaker.h>
 #include <ZarnCore/io/musicxml/PartList.h>
+#include <ZarnCore/io/musicxml/PercussionKeys.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
 #include <algorithm>
@@ -106,6 +107,8 @@ bool hasFrets(const Staff::Bars &bars)
 void setArticulations(const InstrumentSet &set, const Staff::Bars &bars)
 {
     anyNote(bars, [&set](Note &note) {
+        if (note.staffLine() == Note::NoStaffLine)
+            return false;
         const int index = set.indexOfArticulationWithStaffLineAndKey(note.staffLine(), note.midi());
         const auto &articulations = set.articulations();
         if (index >= 0 && index <= Note::MaxArticulation
@@ -173,7 +176,7 @@ void setSimileMarks(const PartFacts &facts, StaffBars &staves, ImportContext &co
 }
 
 std::shared_ptr<Track> makeTrack(InstrumentSet::Type type, const ListedPart &part,
-                                 const PartFacts &facts, StaffBars staves)
+                                 const PartFacts &facts, StaffBars staves, ImportContext &context)
 {
     auto track = ScoreModel::createTrack(type);
     track->setName(part.name);
@@ -184,8 +187,12 @@ std::shared_ptr<Track> makeTrack(InstrumentSet::Type type, const ListedPart &par
         auto &staff = *track->staves()[i];
         const auto written = i < facts.staves.size() ? facts.staves[i] : WrittenStaff();
         setTuning(written, hasFrets(staves[i]), staff);
-        if (const auto set = track->instrumentSet(); set && set->isUnpitched())
+        if (const auto set = track->instrumentSet(); set && set->isUnpitched()) {
+            setUsualKeys(*set, staves[i], context);
             setArticulations(*set, staves[i]);
+        }
+        if (written.hasTwin)
+            track->setChosenNotations(TrackNotations{true, true, false});
         staff.insertBars(0, std::move(staves[i]));
     }
     if (part.program != ListedPart::NoProgram)

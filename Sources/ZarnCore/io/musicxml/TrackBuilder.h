@@ -29,6 +29,6 @@ void setSimileMarks(const PartFacts &facts, StaffBars &staves, ImportContext &co
 
 /// Makes the track of a part around its bars.
 std::shared_ptr<Track> makeTrack(InstrumentSet::Type type, const ListedPart &part,
-                                 const PartFacts &facts, StaffBars staves);
+                                 const PartFacts &facts, StaffBars staves, ImportContext &context);
 
 } // namespace zarn::io
