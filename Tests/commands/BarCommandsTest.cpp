@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "CommandLaw.h"
+#include "support/CommandLaw.h"
+#include "support/SmallScore.h"
 
 #include <ZarnCore/ZarnException.h>
 #include <ZarnCore/commands/Bar/ZarnCreateBars.h>
@@ -8,6 +9,8 @@
 #include <ZarnCore/events/ZarnBarEvents.h>
 #include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
 
+#include <gtest/gtest.h>
+
 #include <stdexcept>
 #include <vector>
 
@@ -15,17 +18,10 @@ namespace {
 
 using namespace zarn;
 
-/// Two tracks, one with two staves, six bars; each bar of the first staff has a clef of its own.
-struct BarCommandsTest : testing::Test {
-    Score score;
-    ScoreModel &model = *score.scoreModel();
-
+/// Each bar of the guitar has a clef of its own.
+struct BarCommandsTest : testing::Test, SmallScore {
     BarCommandsTest()
     {
-        model.createAndInsertTrack(0, InstrumentSet::unknown);
-        model.createAndInsertTrack(1, InstrumentSet::unknown);
-        model.track(1)->setStaffCount(2);
-        model.insertEmptyBarColumns(0, 6);
         for (unsigned i = 0; i < 6; ++i)
             bar(i)->setClef(i % 2 == 0 ? ClefType::F4 : ClefType::C3);
     }

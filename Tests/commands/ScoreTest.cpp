@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "CommandLaw.h"
 #include "StackFixture.h"
+#include "support/CommandLaw.h"
 
 #include <ZarnCore/events/ZarnScoreEvents.h>
 
@@ -9,6 +9,8 @@ namespace zarn {
 class IZarnRendererStyleSheet { };
 
 } // namespace zarn
+
+#include <gtest/gtest.h>
 
 namespace {
 

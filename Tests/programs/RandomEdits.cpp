@@ -17,7 +17,7 @@ namespace {
 
 /// Prints what came of one score; true when it came back.
 bool runOn(const std::string &path, unsigned edits, std::uint64_t seed,
-           std::map<std::string, unsigned> &accepted)
+           std::map<std::string, unsigned> &accepted, std::uint64_t &comparedSteps)
 {
     const std::string name = QFileInfo(QString::fromStdString(path)).fileName().toStdString();
     QElapsedTimer timer;
@@ -36,10 +36,12 @@ bool runOn(const std::string &path, unsigned edits, std::uint64_t seed,
     for (const auto &[operation, count] : result.tally.accepted)
         accepted[operation] += count;
     std::printf("%s (%u tracks, %u bars): %u edits in %zu steps, undone and redone byte for byte; "
-                "%u macros, %u abandoned, %u taken back, %u refused; %.1f s\n",
+                "%u macros, %u abandoned, %u taken back, %u refused; the events told all of "
+                "%u steps; %.1f s\n",
                 name.c_str(), model->trackCount(), model->masterTrack()->masterBarCount(),
                 result.tally.edits, result.steps, result.tally.macros, result.tally.abandoned,
-                result.tally.takenBack, result.tally.refused, seconds);
+                result.tally.takenBack, result.tally.refused, result.comparedSteps, seconds);
+    comparedSteps += result.comparedSteps;
     std::fflush(stdout);
     return true;
 }
@@ -82,10 +84,11 @@ int main(int argc, char *argv[])
         paths = scoreFiles();
 
     std::map<std::string, unsigned> accepted;
+    std::uint64_t comparedSteps = 0;
     unsigned good = 0;
     for (const std::string &path : paths) {
         try {
-            good += runOn(path, count, start, accepted) ? 1 : 0;
+            good += runOn(path, count, start, accepted, comparedSteps) ? 1 : 0;
         } catch (const std::exception &error) {
             std::printf("%s: %s\n", path.c_str(), error.what());
         }
@@ -93,6 +96,7 @@ int main(int argc, char *argv[])
     std::printf("Edits of each kind:");
     for (const RandomOperation &operation : randomOperations())
         std::printf(" %s %u", operation.name, accepted[operation.name]);
-    std::printf("\n%u of %zu scores came back as they were.\n", good, paths.size());
+    std::printf("\n%u of %zu scores came back as they were; the events told all of %llu steps.\n",
+                good, paths.size(), static_cast<unsigned long long>(comparedSteps));
     return good == paths.size() && !paths.empty() ? 0 : 1;
 }

@@ -3,6 +3,7 @@
 
 #include "RandomPlaces.h"
 
+#include <ZarnCore/events/ZarnCommandEvents.h>
 #include <ZarnCore/events/ZarnScoreEvents.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/score/ZarnScore.h>
@@ -12,13 +13,39 @@ using namespace zarn;
 RandomCursor::RandomCursor(Score &score, std::uint64_t seed)
     : _score(score), _random(seed), _announced(score.scoreCursor().index())
 {
-    _connection = score.connectScoped<evt::ScoreCursorMoved>(
+    _connections.push_back(score.connectScoped<evt::ScoreCursorMoved>(
         this, [this](const evt::ScoreCursorMoved &moved) {
             if (moved.oldValue() != _announced)
                 _fault =
                     "the cursor moved unheard to " + moved.oldValue().toQString().toStdString();
             _announced = moved.newValue();
-        });
+        }));
+    _connections.push_back(score.connectScoped<evt::CommandPushed>(
+        this, [this](const evt::CommandPushed &) { startStep(); }));
+    _connections.push_back(score.connectScoped<evt::CommandWillRedo>(
+        this, [this](const evt::CommandWillRedo &) { startStep(); }));
+    _connections.push_back(score.connectScoped<evt::CommandWillUndo>(
+        this, [this](const evt::CommandWillUndo &) { _isUndo = true; }));
+    _connections.push_back(score.connectScoped<evt::CommandExecuted>(
+        this, [this](const evt::CommandExecuted &) { endStep(); }));
+}
+
+void RandomCursor::startStep()
+{
+    _isUndo = false;
+    _before = _score.scoreCursor().index();
+}
+
+// A step that raised has not got here: it left no trace in the ring either.
+void RandomCursor::endStep()
+{
+    if (!_isUndo) {
+        _saved.push_back(_before);
+        return;
+    }
+    if (_score.scoreCursor().index() != _saved.back() && _fault.empty())
+        _fault = "undone, the cursor is not back at " + _saved.back().toQString().toStdString();
+    _saved.pop_back();
 }
 
 // A place that never existed is nobody's to keep.

@@ -8,12 +8,14 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace zarn {
 class Score;
 }
 
-/// Moves the cursor of a score that is being edited, and sees that no edit leaves it in the air.
+/// Moves the cursor of a score that is being edited, and sees that no edit leaves it in the air and
+/// that it comes back with what is undone.
 class RandomCursor {
 public:
     RandomCursor(zarn::Score &score, std::uint64_t seed);
@@ -26,9 +28,16 @@ public:
     std::string fault() const;
 
 private:
+    void startStep();
+    void endStep();
+
     zarn::Score &_score;
     Random _random;
     zarn::ScoreModelIndex _announced;
     std::string _fault;
-    utils::ScopedConnection _connection;
+    std::vector<zarn::ScoreModelIndex>
+        _saved;                    ///< where it stood before each step that can be undone
+    zarn::ScoreModelIndex _before; ///< where it stood before the step under way
+    bool _isUndo = false;
+    std::vector<utils::ScopedConnection> _connections;
 };

@@ -3,9 +3,12 @@
 
 #include "RandomOperations.h"
 
+#include <ZarnCore/utils/SignalContainer.h>
+
 #include <cstdint>
 #include <map>
 #include <string>
+#include <vector>
 
 /// Edits a score at random: operations one by one and in macros, nested ones and abandoned ones
 /// too; steps back and forth between them; and listeners that throw in the middle.
@@ -24,7 +27,6 @@ public:
 
     /// Keeps the score editable for ever: makes its undo ring hold `maximumUndo` steps.
     RandomEditor(zarn::Score &score, std::uint64_t seed, unsigned maximumUndo);
-    ~RandomEditor();
     RandomEditor(const RandomEditor &) = delete;
     RandomEditor &operator=(const RandomEditor &) = delete;
 
@@ -40,8 +42,7 @@ private:
     bool operate();
     void macro(unsigned depth);
     void stepBackAndForth();
-    template <class Event>
-    void failAt();
+    void fail();
 
     zarn::Score &_score;
     Random _random;
@@ -49,5 +50,6 @@ private:
     Tally _tally;
     std::string _lastStep;
     unsigned _weights = 0;
-    bool _isFailing = false;
+    unsigned _failIn = 0; ///< events until a listener throws; 0 for never
+    std::vector<utils::ScopedConnection> _connections;
 };

@@ -4,8 +4,9 @@
 #include "EventMirror.h"
 #include "KeptPlaces.h"
 #include "RandomCursor.h"
+#include "ScoreDump.h"
+#include "TextDifference.h"
 
-#include <ZarnCore/io/ZarnNativeExporter.h>
 #include <ZarnCore/model/ZarnModelCheck.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/score/ZarnScore.h>
@@ -17,20 +18,10 @@ using namespace zarn;
 
 namespace {
 
-std::string document(const Score &score)
+/// What undo and redo must give back; the cursor has been moved between the edits.
+std::string music(const Score &score)
 {
-    return io::NativeExporter().toText(*score.scoreModel());
-}
-
-/// The first place where two documents differ, with what stands there.
-std::string difference(const std::string &expected, const std::string &found)
-{
-    const auto at = static_cast<std::size_t>(
-        std::mismatch(expected.begin(), expected.end(), found.begin(), found.end()).first
-        - expected.begin());
-    const std::size_t from = at < 60 ? 0 : at - 60;
-    return "at byte " + std::to_string(at) + " there should be\n  " + expected.substr(from, 120)
-        + "\nand there is\n  " + found.substr(from, 120);
+    return dump(*score.scoreModel());
 }
 
 std::string firstProblem(const Score &score)
@@ -39,16 +30,47 @@ std::string firstProblem(const Score &score)
     return problems.empty() ? std::string() : "the tree is broken: " + problems.front();
 }
 
-/// What an editor holds of a score while it changes: selections and the cursor.
+/// What edits must not lose although none of them makes it: simile marks and partial capos.
+void scatterMarks(ScoreModel &model, std::uint64_t seed)
+{
+    Random random(seed);
+    for (const auto &track : model.tracks()) {
+        for (const auto &staff : track->staves()) {
+            const auto &bars = staff->bars();
+            for (std::size_t i = 1; i < bars.size(); ++i) {
+                if (random.percent(15)) {
+                    bars[i]->setSimileMark(SimileMark::Simple);
+                } else if (i + 1 < bars.size() && random.percent(10)) {
+                    bars[i++]->setSimileMark(SimileMark::FirstOfDouble);
+                    bars[i]->setSimileMark(SimileMark::SecondOfDouble);
+                }
+            }
+            if (staff->isFretted() && random.coin()) {
+                std::vector<bool> strings(staff->tuning().stringCount());
+                strings[random.below(strings.size())] = true;
+                staff->setPartialCapoFret(2);
+                staff->setPartialCapoStringFlags(strings);
+            }
+        }
+    }
+}
+
+/// What an editor holds of a score while it changes: a view, selections and the cursor.
 struct Watch {
+    EventMirror mirror;
     KeptPlaces kept;
     RandomCursor cursor;
 
-    Watch(Score &score, std::uint64_t seed) : kept(score, seed), cursor(score, seed) { }
+    Watch(Score &score, std::uint64_t seed, unsigned wholeLookEvery)
+        : mirror(score, wholeLookEvery), kept(score, seed), cursor(score, seed)
+    {
+    }
 
     std::string fault()
     {
-        std::string fault = kept.fault();
+        std::string fault = mirror.firstFault();
+        if (fault.empty())
+            fault = kept.fault();
         return fault.empty() ? cursor.fault() : fault;
     }
 };
@@ -76,9 +98,9 @@ std::string redoAll(Score &score, Watch &watch, std::size_t steps)
 
 std::string compareAfter(const char *what, const std::string &expected, const Score &score)
 {
-    const std::string found = document(score);
+    const std::string found = music(score);
     return found == expected ? firstProblem(score)
-                             : std::string(what) + " " + difference(expected, found);
+                             : std::string(what) + " " + textDifference(expected, found);
 }
 
 /// Some steps back and forth in the middle of a run.
@@ -86,7 +108,7 @@ std::string checkSomeSteps(Score &score, unsigned steps)
 {
     if (std::string problem = firstProblem(score); !problem.empty())
         return problem;
-    const std::string here = document(score);
+    const std::string here = music(score);
     const unsigned redoable = score.commandStack().redoCount();
     for (unsigned i = 0; i < steps; ++i)
         score.commandStack().undo();
@@ -132,18 +154,16 @@ void RandomRun::runAll(Result &result) const
 {
     Score score;
     *score.scoreModel() = model;
-    const EventMirror mirror(score);
-    Watch watch(score, seed);
+    scatterMarks(*score.scoreModel(), seed);
+    Watch watch(score, seed, EventMirror::wholeLookInterval(model));
     RandomEditor editor(score, seed, 2 * edits + 64);
-    const std::string before = document(score);
+    const std::string before = music(score);
     const unsigned interval = std::max(1U, edits / std::max(1U, checks));
     unsigned nextCheck = interval;
     while (editor.tally().edits < edits && result.fault.empty()) {
         watch.cursor.move();
         editor.step();
-        result.fault = mirror.fault();
-        if (result.fault.empty())
-            result.fault = watch.fault();
+        result.fault = watch.fault();
         if (result.fault.empty() && editor.tally().edits >= nextCheck) {
             nextCheck += interval;
             result.fault = checkSomeSteps(score, interval / 2);
@@ -152,44 +172,45 @@ void RandomRun::runAll(Result &result) const
     result.tally = editor.tally();
     if (!result.fault.empty())
         return;
-    const std::string after = document(score);
+    const std::string after = music(score);
     for (int round = 0; round < 2 && result.fault.empty(); ++round) {
         result.fault = undoAll(score, watch, result.steps);
         if (result.fault.empty())
             result.fault = compareAfter("undone,", before, score);
         if (result.fault.empty())
-            result.fault = mirror.fault();
+            result.fault = watch.mirror.fault();
         if (!result.fault.empty())
             break;
         result.fault = redoAll(score, watch, result.steps);
         if (result.fault.empty())
             result.fault = compareAfter("redone,", after, score);
+        if (result.fault.empty())
+            result.fault = watch.mirror.fault();
     }
+    result.comparedSteps = watch.mirror.steps();
 }
 
 std::string RandomRun::findCulprit() const
 {
     Score score;
     *score.scoreModel() = model;
-    const EventMirror mirror(score);
-    Watch watch(score, seed);
+    scatterMarks(*score.scoreModel(), seed);
+    Watch watch(score, seed, 1);
     RandomEditor editor(score, seed, 2 * edits + 64);
-    std::string before = document(score);
+    std::string before = music(score);
     for (unsigned number = 1; editor.tally().edits < edits; ++number) {
         const RandomEditor::Tally tally = editor.tally();
         watch.cursor.move();
         editor.step();
-        const std::string after = document(score);
+        const std::string after = music(score);
         const std::string name = "step " + std::to_string(number) + " (" + editor.lastStep() + ") ";
         std::string fault = firstProblem(score);
-        if (fault.empty())
-            fault = mirror.fault();
         if (fault.empty())
             fault = watch.fault();
         const bool isStepped = editor.lastStep().compare(0, 4, "undo") == 0;
         if (fault.empty() && !isStepped && editor.tally().takenBack != tally.takenBack
             && after != before)
-            fault = "left a trace: " + difference(before, after);
+            fault = "left a trace: " + textDifference(before, after);
         if (fault.empty() && editor.tally().edits != tally.edits)
             fault = undoAndRedo(score, before, after);
         if (!fault.empty())

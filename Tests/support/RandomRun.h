@@ -12,9 +12,10 @@ namespace zarn {
 class ScoreModel;
 }
 
-/// A long run of random edits on one score, with the proof that nothing is lost: undone, the
-/// document is what it was, to the byte; redone, what it became; the tree is sound on the way, and
-/// places and selections that are kept meanwhile name what is there.
+/// A long run of random edits on one score, with the proof that nothing is lost: undone, all of it
+/// is what it was, to the byte; redone, what it became; the tree is sound on the way, the events
+/// tell a listener all that changes, the cursor comes back with what is undone, and places and
+/// selections that are kept meanwhile name what is there.
 struct RandomRun {
     /// The score is copied.
     const zarn::ScoreModel &model;
@@ -26,8 +27,9 @@ struct RandomRun {
 
     struct Result {
         RandomEditor::Tally tally;
-        std::size_t steps = 0; ///< in the undo ring at the end
-        std::string fault;     ///< what went wrong, empty when all is well
+        std::size_t steps = 0;      ///< in the undo ring at the end
+        unsigned comparedSteps = 0; ///< done, undone and redone, each compared with what was heard
+        std::string fault;          ///< what went wrong, empty when all is well
     };
     Result run() const;
 

@@ -142,9 +142,11 @@ TEST(Edit, eventsArePrintedAsTheyAreDeliveredWhileAskedFor)
     EXPECT_EQ(run.out,
               "  event CommandPushed: command \"CreateBars\"\n"
               "  event AddBars: bar 5, count 2\n"
+              "  event RequestMasterBarPlaylistUpdate\n"
               "  event CommandExecuted\n"
               "  event CommandWillUndo: command \"CreateBars\"\n"
               "  event RemoveBars: bar 5, count 2\n"
+              "  event RequestMasterBarPlaylistUpdate\n"
               "  event CommandExecuted\n"
               "Undid 1 step.\n"
               "  event CommandPushed: command \"\"\n"

@@ -2,7 +2,6 @@
 #include "edit/EventPrinter.h"
 
 #include "common/Terminal.h"
-#include "edit/AllEvents.h"
 #include "edit/EventWords.h"
 
 #include <ZarnCore/score/ZarnScore.h>
@@ -11,20 +10,10 @@
 
 namespace zarn::tool {
 
-namespace {
-
-template <class Visit, class... Events>
-void forEachType(TypeList<Events...>, Visit visit)
-{
-    (visit(static_cast<const Events *>(nullptr)), ...);
-}
-
-} // namespace
-
 EventPrinter::EventPrinter(Score &score, std::ostream &out) : _out(out)
 {
-    forEachType(AllEvents(), [this, &score](auto *type) {
-        using E = std::remove_const_t<std::remove_pointer_t<decltype(type)>>;
+    evt::forEachEvent(evt::eventTable, [this, &score](const auto &row) {
+        using E = typename std::decay_t<decltype(row)>::Event;
         _connections.push_back(score.connectScoped<E>(this, [this](const E &event) {
             print(event.typeName(), eventWords(event).toStdString());
         }));

@@ -6,12 +6,15 @@
 #include <QString>
 #include <utility>
 
-/// Events of the command stack: each step is announced, then executed.
+/// Events of the command stack. Each step is announced, by `CommandPushed` when a command is done
+/// for the first time, by `CommandWillUndo` or by `CommandWillRedo`; then come the events of what
+/// it changes, and `CommandExecuted` when all of it is done. A step that raises ends without
+/// `CommandExecuted`: its events have been followed by those that take them back.
 namespace zarn::evt {
 
 /// Carries the name of a command.
-template <Number N>
-class CommandNameEvent : public EventOf<N> {
+template <class Self>
+class CommandNameEvent : public EventOf<Self> {
 public:
     explicit CommandNameEvent(QString name) : _name(std::move(name)) { }
 
@@ -22,27 +25,28 @@ private:
 };
 
 /// The sender, a `MacroCommand`, is about to run its commands, forwards or backwards.
-class BeginMacro final : public EventOf<Number::BeginMacro> { };
+class BeginMacro final : public EventOf<BeginMacro> { };
 
 /// The sender, a `MacroCommand`, has run its commands, or given up after undoing those that ran.
-class EndMacro final : public EventOf<Number::EndMacro> { };
+class EndMacro final : public EventOf<EndMacro> { };
 
 /// A command is about to be stored and executed; sent outside the lock.
-class CommandPushed final : public CommandNameEvent<Number::CommandPushed> {
+class CommandPushed final : public CommandNameEvent<CommandPushed> {
     using CommandNameEvent::CommandNameEvent;
 };
 
-/// A command was executed, undone or redone; sent last, under the lock. A listener that pushes,
-/// undoes or redoes gets an exception.
-class CommandExecuted final : public EventOf<Number::CommandExecuted> { };
+/// A command was executed, undone or redone; sent last, under the lock. Which of them it was tells
+/// the announcement in front: the last of `CommandPushed`, `CommandWillUndo` and `CommandWillRedo`
+/// that came. A listener that pushes, undoes or redoes gets an exception.
+class CommandExecuted final : public EventOf<CommandExecuted> { };
 
 /// A command is about to be undone; sent outside the lock.
-class CommandWillUndo final : public CommandNameEvent<Number::CommandWillUndo> {
+class CommandWillUndo final : public CommandNameEvent<CommandWillUndo> {
     using CommandNameEvent::CommandNameEvent;
 };
 
 /// A command is about to be redone; sent outside the lock.
-class CommandWillRedo final : public CommandNameEvent<Number::CommandWillRedo> {
+class CommandWillRedo final : public CommandNameEvent<CommandWillRedo> {
     using CommandNameEvent::CommandNameEvent;
 };
 

@@ -8,8 +8,8 @@
 namespace zarn::evt {
 
 /// Names an effect.
-template <Number N>
-class EffectEvent : public EventOf<N> {
+template <class Self>
+class EffectEvent : public EventOf<Self> {
 public:
     EffectEvent(int trackIndex, int slot) : _trackIndex(trackIndex), _slot(slot) { }
 
@@ -22,8 +22,8 @@ private:
 };
 
 /// Names an effect and whether it is bypassed now.
-template <Number N>
-class EffectToggleEvent : public EventOf<N> {
+template <class Self>
+class EffectToggleEvent : public EventOf<Self> {
 public:
     EffectToggleEvent(int trackIndex, int slot, bool isBypassed)
         : _trackIndex(trackIndex), _slot(slot), _isBypassed(isBypassed)
@@ -41,8 +41,8 @@ private:
 };
 
 /// Names a parameter of an effect.
-template <Number N>
-class EffectParameterEvent : public EventOf<N> {
+template <class Self>
+class EffectParameterEvent : public EventOf<Self> {
 public:
     EffectParameterEvent(int trackIndex, int slot, int parameter)
         : _trackIndex(trackIndex), _slot(slot), _parameter(parameter)
@@ -59,62 +59,60 @@ private:
     int _parameter;
 };
 
-/// An effect was bypassed, or is heard again.
-class RequestEffectBypassChange final
-    : public EffectToggleEvent<Number::RequestEffectBypassChange> {
+/// An effect was bypassed, or is heard again. Nothing sends it yet.
+class RequestEffectBypassChange final : public EffectToggleEvent<RequestEffectBypassChange> {
     using EffectToggleEvent::EffectToggleEvent;
 };
 
-/// A parameter of an effect changed.
+/// A parameter of an effect changed. Nothing sends it yet.
 class RequestEffectParameterChange final
-    : public EffectParameterEvent<Number::RequestEffectParameterChange> {
+    : public EffectParameterEvent<RequestEffectParameterChange> {
     using EffectParameterEvent::EffectParameterEvent;
 };
 
-/// Several parameters of an effect changed.
-class RequestEffectParametersChange final
-    : public EffectEvent<Number::RequestEffectParametersChange> {
+/// Several parameters of an effect changed. Nothing sends it yet.
+class RequestEffectParametersChange final : public EffectEvent<RequestEffectParametersChange> {
     using EffectEvent::EffectEvent;
 };
 
 /// The effect in a slot was replaced.
-class RequestEffectChange final : public EffectEvent<Number::RequestEffectChange> {
+class RequestEffectChange final : public EffectEvent<RequestEffectChange> {
     using EffectEvent::EffectEvent;
 };
 
-/// All effects of a track were replaced.
-class RequestEffectChainChange final : public TrackEvent<Number::RequestEffectChainChange> {
+/// All effects of a track were replaced. Nothing sends it yet.
+class RequestEffectChainChange final : public TrackEvent<RequestEffectChainChange> {
     using TrackEvent::TrackEvent;
 };
 
 /// The effect in a slot was removed. Undo sends `RequestEffectChange`.
-class RequestEffectDelete final : public EffectEvent<Number::RequestEffectDelete> {
+class RequestEffectDelete final : public EffectEvent<RequestEffectDelete> {
     using EffectEvent::EffectEvent;
 };
 
-/// All effects of a track were removed. Undo sends `RequestEffectChainChange`.
-class RequestEffectChainClear final : public TrackEvent<Number::RequestEffectChainClear> {
+/// All effects of a track were removed. Undo sends `RequestEffectChainChange`. Nothing sends it
+/// yet.
+class RequestEffectChainClear final : public TrackEvent<RequestEffectChainClear> {
     using TrackEvent::TrackEvent;
 };
 
-/// The effects in two slots changed places.
-class RequestEffectsSwap final : public TrackSwapEvent<Number::RequestEffectsSwap> {
+/// The effects in two slots changed places. Nothing sends it yet.
+class RequestEffectsSwap final : public TrackSwapEvent<RequestEffectsSwap> {
     using TrackSwapEvent::TrackSwapEvent;
 };
 
-/// The channel strip of the master track changed.
+/// The channel strip of the master track changed. Nothing sends it yet.
 class RequestMasterTrackChannelStripChange final
-    : public EventOf<Number::RequestMasterTrackChannelStripChange> { };
+    : public EventOf<RequestMasterTrackChannelStripChange> { };
 
-/// One parameter of the master track's channel strip changed.
+/// One parameter of the master track's channel strip changed. Nothing sends it yet.
 class RequestMasterTrackChannelStripParameterChange final
-    : public IndexEvent<Number::RequestMasterTrackChannelStripParameterChange> {
+    : public IndexEvent<RequestMasterTrackChannelStripParameterChange> {
     using IndexEvent::IndexEvent;
 };
 
-/// The channel strip of a track changed.
-class RequestTrackChannelStripChange final
-    : public TrackEvent<Number::RequestTrackChannelStripChange> {
+/// The channel strip of a track changed. Nothing sends it yet.
+class RequestTrackChannelStripChange final : public TrackEvent<RequestTrackChannelStripChange> {
     using TrackEvent::TrackEvent;
 };
 

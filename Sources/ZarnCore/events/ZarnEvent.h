@@ -10,12 +10,12 @@ namespace zarn::evt {
 /// Base of all events: small values that say what changed and where, never owning what they name.
 class ZARNCORE_EXPORT Event {
 public:
-    virtual ~Event() = default;
+    virtual ~Event();
 
     /// The event's number, its place in a score's signal table.
     virtual std::uint32_t type() const noexcept = 0;
 
-    /// The name of the event's class, as the log shows it.
+    /// The name of the event's class, as the log shows it; empty for one that is not in the table.
     virtual const char *typeName() const noexcept;
 
 protected:

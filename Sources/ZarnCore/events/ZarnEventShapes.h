@@ -9,8 +9,8 @@
 namespace zarn::evt {
 
 /// Names one of a list's entries by its index.
-template <Number N>
-class IndexEvent : public EventOf<N> {
+template <class Self>
+class IndexEvent : public EventOf<Self> {
 public:
     explicit IndexEvent(int index) : _index(index) { }
 
@@ -21,8 +21,8 @@ private:
 };
 
 /// Names one of a list's entries and the new state of a switch of it.
-template <Number N>
-class IndexToggleEvent : public EventOf<N> {
+template <class Self>
+class IndexToggleEvent : public EventOf<Self> {
 public:
     IndexToggleEvent(int index, bool isEnabled) : _index(index), _isEnabled(isEnabled) { }
 
@@ -35,8 +35,8 @@ private:
 };
 
 /// Names neighbouring entries of a list: the first one's index, and how many.
-template <Number N>
-class SpanEvent : public EventOf<N> {
+template <class Self>
+class SpanEvent : public EventOf<Self> {
 public:
     SpanEvent(int index, int count) : _index(index), _count(count) { }
 
@@ -49,8 +49,8 @@ private:
 };
 
 /// Names two entries of a list by their indexes.
-template <Number N>
-class SwapEvent : public EventOf<N> {
+template <class Self>
+class SwapEvent : public EventOf<Self> {
 public:
     SwapEvent(int first, int second) : _first(first), _second(second) { }
 
@@ -63,8 +63,8 @@ private:
 };
 
 /// Carries a value before and after the change. Undo exchanges them.
-template <Number N, class Value>
-class ChangeEvent : public EventOf<N> {
+template <class Self, class Value>
+class ChangeEvent : public EventOf<Self> {
 public:
     ChangeEvent(Value oldValue, Value newValue)
         : _oldValue(std::move(oldValue)), _newValue(std::move(newValue))
@@ -80,8 +80,8 @@ private:
 };
 
 /// Names a track.
-template <Number N>
-class TrackEvent : public EventOf<N> {
+template <class Self>
+class TrackEvent : public EventOf<Self> {
 public:
     explicit TrackEvent(int trackIndex) : _trackIndex(trackIndex) { }
 
@@ -92,8 +92,8 @@ private:
 };
 
 /// Names a track and the new state of a switch of it.
-template <Number N>
-class TrackToggleEvent : public EventOf<N> {
+template <class Self>
+class TrackToggleEvent : public EventOf<Self> {
 public:
     TrackToggleEvent(int trackIndex, bool isEnabled)
         : _trackIndex(trackIndex), _isEnabled(isEnabled)
@@ -109,8 +109,8 @@ private:
 };
 
 /// Names a track and an index of it before and after the change. Undo exchanges them.
-template <Number N>
-class TrackChangeEvent : public EventOf<N> {
+template <class Self>
+class TrackChangeEvent : public EventOf<Self> {
 public:
     TrackChangeEvent(int trackIndex, int oldIndex, int newIndex)
         : _trackIndex(trackIndex), _oldIndex(oldIndex), _newIndex(newIndex)
@@ -128,8 +128,8 @@ private:
 };
 
 /// Names two entries of a list of one track by their indexes.
-template <Number N>
-class TrackSwapEvent : public EventOf<N> {
+template <class Self>
+class TrackSwapEvent : public EventOf<Self> {
 public:
     TrackSwapEvent(int trackIndex, int first, int second)
         : _trackIndex(trackIndex), _first(first), _second(second)
@@ -147,8 +147,8 @@ private:
 };
 
 /// Names a staff.
-template <Number N>
-class StaffEvent : public EventOf<N> {
+template <class Self>
+class StaffEvent : public EventOf<Self> {
 public:
     StaffEvent(int trackIndex, int staffIndex)
         : _trackIndex(trackIndex), _staffIndex(staffIndex) { }
@@ -162,8 +162,8 @@ private:
 };
 
 /// Names bar columns; both ends belong to them.
-template <Number N>
-class BarsEvent : public EventOf<N> {
+template <class Self>
+class BarsEvent : public EventOf<Self> {
 public:
     BarsEvent(int firstBar, int lastBar) : _firstBar(firstBar), _lastBar(lastBar) { }
 
@@ -175,25 +175,34 @@ private:
     int _lastBar;
 };
 
-/// Names bars of one staff; both ends belong to them.
-template <Number N>
-class StaffBarsEvent : public EventOf<N> {
+/// Names bars of one track; both ends belong to them.
+template <class Self>
+class TrackBarsEvent : public BarsEvent<Self> {
 public:
-    StaffBarsEvent(int trackIndex, int staffIndex, int firstBar, int lastBar)
-        : _trackIndex(trackIndex), _staffIndex(staffIndex), _firstBar(firstBar), _lastBar(lastBar)
+    TrackBarsEvent(int trackIndex, int firstBar, int lastBar)
+        : BarsEvent<Self>(firstBar, lastBar), _trackIndex(trackIndex)
     {
     }
 
     int trackIndex() const noexcept { return _trackIndex; }
-    int staffIndex() const noexcept { return _staffIndex; }
-    int firstBar() const noexcept { return _firstBar; }
-    int lastBar() const noexcept { return _lastBar; }
 
 private:
     int _trackIndex;
+};
+
+/// Names bars of one staff; both ends belong to them.
+template <class Self>
+class StaffBarsEvent : public TrackBarsEvent<Self> {
+public:
+    StaffBarsEvent(int trackIndex, int staffIndex, int firstBar, int lastBar)
+        : TrackBarsEvent<Self>(trackIndex, firstBar, lastBar), _staffIndex(staffIndex)
+    {
+    }
+
+    int staffIndex() const noexcept { return _staffIndex; }
+
+private:
     int _staffIndex;
-    int _firstBar;
-    int _lastBar;
 };
 
 } // namespace zarn::evt

@@ -8,9 +8,10 @@
 /// both ends.
 namespace zarn::evt {
 
-/// Names a direction mark and its bar before and after the change. Undo exchanges them.
-template <Number N>
-class DirectionEvent : public EventOf<N> {
+/// Names a direction mark and its bar before and after the change, each as it was counted then.
+/// Undo exchanges them.
+template <class Self>
+class DirectionEvent : public EventOf<Self> {
 public:
     DirectionEvent(DirectionMark mark, int oldBar, int newBar)
         : _mark(mark), _oldBar(oldBar), _newBar(newBar)
@@ -28,67 +29,66 @@ private:
 };
 
 /// A section mark was put on the bars or changed. Undo sends it or `UnsetBarSection`.
-class SetBarSection final : public BarsEvent<Number::SetBarSection> {
+class SetBarSection final : public BarsEvent<SetBarSection> {
     using BarsEvent::BarsEvent;
 };
 
 /// The section marks of the bars were removed. Undo sends `SetBarSection`.
-class UnsetBarSection final : public BarsEvent<Number::UnsetBarSection> {
+class UnsetBarSection final : public BarsEvent<UnsetBarSection> {
     using BarsEvent::BarsEvent;
 };
 
-/// An attribute of the bars that has no event of its own changed.
-class MasterBarAttribute final : public BarsEvent<Number::MasterBarAttribute> {
+/// An attribute of the bars that has no event of its own changed. Nothing sends it yet.
+class MasterBarAttribute final : public BarsEvent<MasterBarAttribute> {
     using BarsEvent::BarsEvent;
 };
 
 /// The time signature of the bars changed.
-class MasterBarTimeSignature final : public BarsEvent<Number::MasterBarTimeSignature> {
+class MasterBarTimeSignature final : public BarsEvent<MasterBarTimeSignature> {
     using BarsEvent::BarsEvent;
 };
 
 /// The key signature of the bars changed.
-class MasterBarKeySignature final : public BarsEvent<Number::MasterBarKeySignature> {
+class MasterBarKeySignature final : public BarsEvent<MasterBarKeySignature> {
     using BarsEvent::BarsEvent;
 };
 
 /// The triplet feel of the bars changed.
-class MasterBarTripletFeel final : public BarsEvent<Number::MasterBarTripletFeel> {
+class MasterBarTripletFeel final : public BarsEvent<MasterBarTripletFeel> {
     using BarsEvent::BarsEvent;
 };
 
 /// The bars began or ceased to be in free time.
-class MasterBarFreeTime final : public BarsEvent<Number::MasterBarFreeTime> {
+class MasterBarFreeTime final : public BarsEvent<MasterBarFreeTime> {
     using BarsEvent::BarsEvent;
 };
 
 /// The double bar lines of the bars changed.
-class MasterBarDoubleBar final : public BarsEvent<Number::MasterBarDoubleBar> {
+class MasterBarDoubleBar final : public BarsEvent<MasterBarDoubleBar> {
     using BarsEvent::BarsEvent;
 };
 
 /// A jump or its target (coda, segno...) moved from one bar to another; -1 stands for no bar.
-class MasterBarDirection final : public DirectionEvent<Number::MasterBarDirection> {
+class MasterBarDirection final : public DirectionEvent<MasterBarDirection> {
     using DirectionEvent::DirectionEvent;
 };
 
 /// The repeat signs or the repeat counts of the bars changed.
-class MasterBarRepeat final : public BarsEvent<Number::MasterBarRepeat> {
+class MasterBarRepeat final : public BarsEvent<MasterBarRepeat> {
     using BarsEvent::BarsEvent;
 };
 
 /// The alternate endings of the bars changed.
-class MasterBarAlternateEnding final : public BarsEvent<Number::MasterBarAlternateEnding> {
+class MasterBarAlternateEnding final : public BarsEvent<MasterBarAlternateEnding> {
     using BarsEvent::BarsEvent;
 };
 
-/// How the beams of the bars are grouped changed.
-class MasterBarBeamGroups final : public BarsEvent<Number::MasterBarBeamGroups> {
+/// How the beams of the bars are grouped changed. Nothing sends it yet.
+class MasterBarBeamGroups final : public BarsEvent<MasterBarBeamGroups> {
     using BarsEvent::BarsEvent;
 };
 
-/// The order in which the bars are played changed.
-class RequestMasterBarPlaylistUpdate final
-    : public EventOf<Number::RequestMasterBarPlaylistUpdate> { };
+/// The order in which the bars are played changed, or the bars have other numbers now.
+class RequestMasterBarPlaylistUpdate final : public EventOf<RequestMasterBarPlaylistUpdate> { };
 
 } // namespace zarn::evt

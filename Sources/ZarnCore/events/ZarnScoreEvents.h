@@ -10,8 +10,8 @@
 namespace zarn::evt {
 
 /// Names a property of the score.
-template <Number N>
-class PropertyEvent : public EventOf<N> {
+template <class Self>
+class PropertyEvent : public EventOf<Self> {
 public:
     explicit PropertyEvent(ScoreProperty property) : _property(property) { }
 
@@ -22,8 +22,8 @@ private:
 };
 
 /// Names a header or a footer.
-template <Number N>
-class HeaderEvent : public EventOf<N> {
+template <class Self>
+class HeaderEvent : public EventOf<Self> {
 public:
     explicit HeaderEvent(HeaderAndFooter part) : _part(part) { }
 
@@ -34,68 +34,68 @@ private:
 };
 
 /// The pitch of the reference A changed; in hertz.
-class ConcertToneChanged final : public ChangeEvent<Number::ConcertToneChanged, double> {
+class ConcertToneChanged final : public ChangeEvent<ConcertToneChanged, double> {
     using ChangeEvent::ChangeEvent;
 };
 
-/// The bar counts of the systems of the full score changed; they are read from the model.
-class FullScoreSystemsLayoutChanged final : public EventOf<Number::FullScoreSystemsLayoutChanged> {
-};
+/// The bar counts of the systems of the full score changed; they are read from the model. Nothing
+/// sends it yet.
+class FullScoreSystemsLayoutChanged final : public EventOf<FullScoreSystemsLayoutChanged> { };
 
-/// The score was protected against changes, or set free.
-class ScoreLockTypeChanged final : public ChangeEvent<Number::ScoreLockTypeChanged, bool> {
+/// The score was protected against changes, or set free. Nothing sends it yet.
+class ScoreLockTypeChanged final : public ChangeEvent<ScoreLockTypeChanged, bool> {
     using ChangeEvent::ChangeEvent;
 };
 
-/// Playing times shown at beats of these bars were added, changed or removed.
-class RequestTimerChanged final : public StaffBarsEvent<Number::RequestTimerChanged> {
+/// Playing times shown at beats of these bars were added, changed or removed. Nothing sends it yet.
+class RequestTimerChanged final : public StaffBarsEvent<RequestTimerChanged> {
     using StaffBarsEvent::StaffBarsEvent;
 };
 
 /// The score's cursor moved. Undo moves it back to where it was before the command.
-class ScoreCursorMoved final : public ChangeEvent<Number::ScoreCursorMoved, ScoreModelIndex> {
+class ScoreCursorMoved final : public ChangeEvent<ScoreCursorMoved, ScoreModelIndex> {
     using ChangeEvent::ChangeEvent;
 };
 
-/// What is displayed is to be drawn anew; the music is the same.
-class RequestDisplayUpdate final : public EventOf<Number::RequestDisplayUpdate> { };
+/// What is displayed is to be drawn anew; the music is the same. Nothing sends it yet.
+class RequestDisplayUpdate final : public EventOf<RequestDisplayUpdate> { };
 
 /// A title, an author or another text property of the score changed.
-class PropertyChanged final : public PropertyEvent<Number::PropertyChanged> {
+class PropertyChanged final : public PropertyEvent<PropertyChanged> {
     using PropertyEvent::PropertyEvent;
 };
 
 /// Several properties of the score changed at once.
-class PropertiesChanged final : public EventOf<Number::PropertiesChanged> { };
+class PropertiesChanged final : public EventOf<PropertiesChanged> { };
 
 /// A header or footer text changed.
-class HeaderAndFooterChanged final : public HeaderEvent<Number::HeaderAndFooterChanged> {
+class HeaderAndFooterChanged final : public HeaderEvent<HeaderAndFooterChanged> {
     using HeaderEvent::HeaderEvent;
 };
 
 /// The reverb of the master track was changed, added or removed.
-class MasteringReverbChanged final : public EventOf<Number::MasteringReverbChanged> { };
+class MasteringReverbChanged final : public EventOf<MasteringReverbChanged> { };
 
 /// The tempo that the score starts with changed; in quarter notes per minute.
-class GlobalTempoChanged final : public ChangeEvent<Number::GlobalTempoChanged, double> {
+class GlobalTempoChanged final : public ChangeEvent<GlobalTempoChanged, double> {
     using ChangeEvent::ChangeEvent;
 };
 
-/// The first bar became a pickup bar, or stopped being one.
-class AnacrusisChanged final : public ChangeEvent<Number::AnacrusisChanged, bool> {
+/// The first bar became a pickup bar, or stopped being one. Nothing sends it yet.
+class AnacrusisChanged final : public ChangeEvent<AnacrusisChanged, bool> {
     using ChangeEvent::ChangeEvent;
 };
 
-/// The chords or chord diagrams of a staff changed.
-class ChordsChanged final : public StaffEvent<Number::ChordsChanged> {
+/// The chords or chord diagrams of a staff changed. Nothing sends it yet.
+class ChordsChanged final : public StaffEvent<ChordsChanged> {
     using StaffEvent::StaffEvent;
 };
 
-/// A setting shared by all scores changed, such as a catalogue; everything taken from it is
-/// stale.
-class CoreAttributeChanged final : public EventOf<Number::CoreAttributeChanged> { };
+/// A setting shared by all scores changed, such as a catalogue; everything taken from it is stale.
+/// Nothing sends it yet.
+class CoreAttributeChanged final : public EventOf<CoreAttributeChanged> { };
 
 /// The whole content of the score was replaced; nothing known about it holds.
-class ScoreChanged final : public EventOf<Number::ScoreChanged> { };
+class ScoreChanged final : public EventOf<ScoreChanged> { };
 
 } // namespace zarn::evt

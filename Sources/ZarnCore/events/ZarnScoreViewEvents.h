@@ -3,12 +3,13 @@
 
 #include <ZarnCore/events/ZarnEventShapes.h>
 
-/// Events of the score's views. Views are counted from 0.
+/// Events of the score's views. Views are counted from 0. Views belong to applications: nothing in
+/// the library sends these events yet.
 namespace zarn::evt {
 
 /// Names a view and its zoom before and after the change.
-template <Number N>
-class ViewZoomEvent : public EventOf<N> {
+template <class Self>
+class ViewZoomEvent : public EventOf<Self> {
 public:
     ViewZoomEvent(int index, double oldZoom, double newZoom)
         : _index(index), _oldZoom(oldZoom), _newZoom(newZoom)
@@ -26,8 +27,8 @@ private:
 };
 
 /// Names a view and a track in it.
-template <Number N>
-class TrackViewEvent : public EventOf<N> {
+template <class Self>
+class TrackViewEvent : public EventOf<Self> {
 public:
     TrackViewEvent(int index, int trackIndex) : _index(index), _trackIndex(trackIndex) { }
 
@@ -40,60 +41,60 @@ private:
 };
 
 /// The layout of a view changed.
-class ScoreViewLayoutChanged final : public IndexEvent<Number::ScoreViewLayoutChanged> {
+class ScoreViewLayoutChanged final : public IndexEvent<ScoreViewLayoutChanged> {
     using IndexEvent::IndexEvent;
 };
 
 /// The zoom factor of a view changed; 1 is the natural size.
-class ScoreViewZoomChanged final : public ViewZoomEvent<Number::ScoreViewZoomChanged> {
+class ScoreViewZoomChanged final : public ViewZoomEvent<ScoreViewZoomChanged> {
     using ViewZoomEvent::ViewZoomEvent;
 };
 
 /// How a view chooses its zoom changed.
-class ScoreViewZoomPolicyChanged final : public IndexEvent<Number::ScoreViewZoomPolicyChanged> {
+class ScoreViewZoomPolicyChanged final : public IndexEvent<ScoreViewZoomPolicyChanged> {
     using IndexEvent::IndexEvent;
 };
 
 /// How a view breaks the music into systems changed.
-class ScoreViewSystemLayoutChanged final : public IndexEvent<Number::ScoreViewSystemLayoutChanged> {
+class ScoreViewSystemLayoutChanged final : public IndexEvent<ScoreViewSystemLayoutChanged> {
     using IndexEvent::IndexEvent;
 };
 
 /// Another track became the current one; -1 stands for none.
-class CurrentTrackChanged final : public ChangeEvent<Number::CurrentTrackChanged, int> {
+class CurrentTrackChanged final : public ChangeEvent<CurrentTrackChanged, int> {
     using ChangeEvent::ChangeEvent;
 };
 
 /// A view was added at this index; later views move up.
-class ScoreViewAdded final : public IndexEvent<Number::ScoreViewAdded> {
+class ScoreViewAdded final : public IndexEvent<ScoreViewAdded> {
     using IndexEvent::IndexEvent;
 };
 
 /// The view at this index was removed; later views move down.
-class ScoreViewRemoved final : public IndexEvent<Number::ScoreViewRemoved> {
+class ScoreViewRemoved final : public IndexEvent<ScoreViewRemoved> {
     using IndexEvent::IndexEvent;
 };
 
 /// Two views changed places.
-class ScoreViewSwapped final : public SwapEvent<Number::ScoreViewSwapped> {
+class ScoreViewSwapped final : public SwapEvent<ScoreViewSwapped> {
     using SwapEvent::SwapEvent;
 };
 
 /// All views were removed.
-class ScoreViewCleared final : public EventOf<Number::ScoreViewCleared> { };
+class ScoreViewCleared final : public EventOf<ScoreViewCleared> { };
 
 /// Another view became the active one; -1 stands for none.
-class ScoreViewActivated final : public ChangeEvent<Number::ScoreViewActivated, int> {
+class ScoreViewActivated final : public ChangeEvent<ScoreViewActivated, int> {
     using ChangeEvent::ChangeEvent;
 };
 
 /// A view began or ceased to draw runs of empty bars as one.
-class ScoreViewMultiRest final : public IndexToggleEvent<Number::ScoreViewMultiRest> {
+class ScoreViewMultiRest final : public IndexToggleEvent<ScoreViewMultiRest> {
     using IndexToggleEvent::IndexToggleEvent;
 };
 
 /// The notations that a view shows for a track changed.
-class TrackViewNotationsChanged final : public TrackViewEvent<Number::TrackViewNotationsChanged> {
+class TrackViewNotationsChanged final : public TrackViewEvent<TrackViewNotationsChanged> {
     using TrackViewEvent::TrackViewEvent;
 };
 

@@ -10,8 +10,8 @@
 namespace zarn::evt {
 
 /// Names a place in the score.
-template <Number N>
-class PlaceEvent : public EventOf<N> {
+template <class Self>
+class PlaceEvent : public EventOf<Self> {
 public:
     explicit PlaceEvent(ScoreModelIndex place) : _place(std::move(place)) { }
 
@@ -22,8 +22,8 @@ private:
 };
 
 /// Names a sound of a track.
-template <Number N>
-class TrackSoundEvent : public EventOf<N> {
+template <class Self>
+class TrackSoundEvent : public EventOf<Self> {
 public:
     TrackSoundEvent(int trackIndex, int soundIndex)
         : _trackIndex(trackIndex), _soundIndex(soundIndex)
@@ -38,61 +38,61 @@ private:
     int _soundIndex;
 };
 
-/// The beat at this place should be heard.
-class RequestPlayBeat final : public PlaceEvent<Number::RequestPlayBeat> {
+/// The beat at this place should be heard. Nothing sends it yet.
+class RequestPlayBeat final : public PlaceEvent<RequestPlayBeat> {
     using PlaceEvent::PlaceEvent;
 };
 
 /// An audio track was inserted at this index. Undo sends `RemoveAudioTrack`.
-class AddAudioTrack final : public IndexEvent<Number::AddAudioTrack> {
+class AddAudioTrack final : public IndexEvent<AddAudioTrack> {
     using IndexEvent::IndexEvent;
 };
 
 /// The audio track at this index was removed. Undo sends `AddAudioTrack`.
-class RemoveAudioTrack final : public IndexEvent<Number::RemoveAudioTrack> {
+class RemoveAudioTrack final : public IndexEvent<RemoveAudioTrack> {
     using IndexEvent::IndexEvent;
 };
 
-/// The audio track at this index changed.
-class AudioTrackChanged final : public IndexEvent<Number::AudioTrackChanged> {
+/// The audio track at this index changed. Nothing sends it yet.
+class AudioTrackChanged final : public IndexEvent<AudioTrackChanged> {
     using IndexEvent::IndexEvent;
 };
 
-/// A track is played with one sound throughout, or no longer so: the old and the new forced
-/// sound, -1 for none.
-class RequestForcedSoundIndexChange final
-    : public TrackChangeEvent<Number::RequestForcedSoundIndexChange> {
+/// A track is played with one sound throughout, or no longer so: the old and the new forced sound,
+/// -1 for none. Nothing sends it yet.
+class RequestForcedSoundIndexChange final : public TrackChangeEvent<RequestForcedSoundIndexChange> {
     using TrackChangeEvent::TrackChangeEvent;
 };
 
-/// A sound of a track was replaced.
-class RequestSoundChange final : public TrackSoundEvent<Number::RequestSoundChange> {
+/// A sound of a track was replaced. Nothing sends it yet.
+class RequestSoundChange final : public TrackSoundEvent<RequestSoundChange> {
     using TrackSoundEvent::TrackSoundEvent;
 };
 
 /// A sound was added behind the sounds of a track, at this index. Undo sends
 /// `RequestRemoveSound`.
-class RequestAddSound final : public TrackSoundEvent<Number::RequestAddSound> {
+class RequestAddSound final : public TrackSoundEvent<RequestAddSound> {
     using TrackSoundEvent::TrackSoundEvent;
 };
 
 /// A sound was inserted at this index. Undo sends `RequestRemoveSound`.
-class RequestInsertSound final : public TrackSoundEvent<Number::RequestInsertSound> {
+class RequestInsertSound final : public TrackSoundEvent<RequestInsertSound> {
     using TrackSoundEvent::TrackSoundEvent;
 };
 
 /// The sound at this index was removed. Undo sends `RequestInsertSound`.
-class RequestRemoveSound final : public TrackSoundEvent<Number::RequestRemoveSound> {
+class RequestRemoveSound final : public TrackSoundEvent<RequestRemoveSound> {
     using TrackSoundEvent::TrackSoundEvent;
 };
 
-/// Two sounds of a track changed places.
-class RequestSwapSounds final : public TrackSwapEvent<Number::RequestSwapSounds> {
+/// Two sounds of a track changed places. Nothing sends it yet.
+class RequestSwapSounds final : public TrackSwapEvent<RequestSwapSounds> {
     using TrackSwapEvent::TrackSwapEvent;
 };
 
-/// Another sound of a track is being edited: the old and the new one, -1 for none.
-class EditingSoundIndexChanged final : public TrackChangeEvent<Number::EditingSoundIndexChanged> {
+/// Another sound of a track is being edited: the old and the new one, -1 for none. Nothing sends it
+/// yet.
+class EditingSoundIndexChanged final : public TrackChangeEvent<EditingSoundIndexChanged> {
     using TrackChangeEvent::TrackChangeEvent;
 };
 

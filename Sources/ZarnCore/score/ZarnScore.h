@@ -4,7 +4,7 @@
 #include <ZarnCore/ZarnExport.h>
 #include <ZarnCore/ZarnTypes.h>
 #include <ZarnCore/commands/ZarnCommandStack.h>
-#include <ZarnCore/events/ZarnEventNumber.h>
+#include <ZarnCore/events/ZarnEventTable.h>
 #include <ZarnCore/instruments/automations/ZarnAutomation.h>
 #include <ZarnCore/instruments/sets/ZarnInstrumentSet.h>
 #include <ZarnCore/model/ZarnScoreModel.h>

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/commands/Automations/ZarnModifyAutomations.h>
 
+#include <ZarnCore/commands/Automations/AnnounceAutomations.h>
 #include <ZarnCore/instruments/automations/ZarnAutomationContainer.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
 #include <algorithm>
 #include <cmath>
+#include <map>
+#include <set>
 #include <tuple>
 #include <utility>
 
@@ -66,14 +69,21 @@ bool ModifyAutomations::isEffectParameter(Automation::Type type) noexcept
     return type >= Automation::DSPParam_00 && type <= Automation::DSPParam_31;
 }
 
-std::set<Automation::Type> ModifyAutomations::types() const
+void ModifyAutomations::announceBars(int track)
 {
-    std::set<Automation::Type> types;
+    std::map<Automation::Type, std::pair<int, int>> bars;
+    const auto add = [&bars](Automation::Type type, std::uint32_t index) {
+        const int bar = static_cast<int>(index);
+        auto &[first, last] = bars.try_emplace(type, bar, bar).first->second;
+        first = std::min(first, bar);
+        last = std::max(last, bar);
+    };
     for (const Place &place : _removals)
-        types.insert(place.type);
+        add(place.type, place.index);
     for (const Insertion &insertion : _insertions)
-        types.insert(insertion.model->type());
-    return types;
+        add(insertion.model->type(), insertion.model->index());
+    for (const auto &[type, span] : bars)
+        announceAutomations(score(), this, track, type, span.first, span.second);
 }
 
 /// No place is named twice, neither to be cleared nor to be filled.

@@ -5,7 +5,6 @@
 #include <ZarnCore/instruments/automations/ZarnAutomation.h>
 
 #include <memory>
-#include <set>
 #include <vector>
 
 namespace zarn {
@@ -39,8 +38,8 @@ protected:
 
     void apply() override;
 
-    /// The types that the command deals with.
-    std::set<Automation::Type> types() const;
+    /// Sends the event of each type that the command deals with, with the bars where it does.
+    void announceBars(int track);
 
 private:
     struct Place {

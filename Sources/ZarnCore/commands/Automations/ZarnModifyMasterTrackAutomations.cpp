@@ -2,25 +2,12 @@
 #include <ZarnCore/commands/Automations/ZarnModifyMasterTrackAutomations.h>
 
 #include <ZarnCore/ZarnAssert.h>
+#include <ZarnCore/commands/Automations/AnnounceAutomations.h>
 #include <ZarnCore/events/ZarnAutomationEvents.h>
-#include <ZarnCore/events/ZarnScoreEvents.h>
-#include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/score/ZarnScore.h>
 
 namespace zarn::cmd {
-
-namespace {
-
-double startTempo(const MasterTrack &master)
-{
-    const auto *const tempo =
-        dynamic_cast<const TempoAutomation *>(master.automation(Automation::Tempo, 0, 0));
-    return tempo != nullptr ? static_cast<double>(tempo->quarterValue())
-                            : master.quarterTempoValue();
-}
-
-} // namespace
 
 ModifyMasterTrackAutomations::ModifyMasterTrackAutomations()
     : ModifyAutomations(QStringLiteral("ModifyMasterTrackAutomations"))
@@ -66,10 +53,8 @@ void ModifyMasterTrackAutomations::announceReverted()
 
 void ModifyMasterTrackAutomations::announce(double tempoBefore, double tempoAfter)
 {
-    for (const Automation::Type type : types())
-        score().notify(this, evt::MasterTrackAutomationChanged(type));
-    if (tempoBefore != tempoAfter)
-        score().notify(this, evt::GlobalTempoChanged(tempoBefore, tempoAfter));
+    announceBars(masterTrackIndex);
+    announceStartTempo(score(), this, tempoBefore, tempoAfter);
     score().notify(this, evt::AutomationChanged());
 }
 

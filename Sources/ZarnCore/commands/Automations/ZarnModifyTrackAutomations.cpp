@@ -36,12 +36,7 @@ bool ModifyTrackAutomations::canHold(Automation::Type type) const noexcept
 
 void ModifyTrackAutomations::announceApplied()
 {
-    const int track = static_cast<int>(_track);
-    for (const Automation::Type type : types()) {
-        score().notify(this, evt::TrackAutomationChanged(track, type));
-        if (type == Automation::Sound)
-            score().notify(this, evt::SoundAutomationChanged(track));
-    }
+    announceBars(static_cast<int>(_track));
     score().notify(this, evt::AutomationChanged());
 }
 

@@ -39,6 +39,8 @@ void CreateBars::apply()
         _undone.reset();
     } else {
         _surroundings = model().insertEmptyBarColumns(_index, _count);
+        _changes.start(_index, _count);
+        _changes.addSurroundings(model(), _surroundings, ColumnChanges::Columns::Out);
     }
 }
 
@@ -46,16 +48,19 @@ void CreateBars::revert()
 {
     _undone = model().takeBarColumns(_index, _index + _count - 1);
     model().restoreSurroundings(_surroundings);
+    _changes.addAutomations(*_undone);
 }
 
 void CreateBars::announceApplied()
 {
     score().notify(this, evt::AddBars(static_cast<int>(_index), static_cast<int>(_count)));
+    _changes.announceIn(score(), this);
 }
 
 void CreateBars::announceReverted()
 {
     score().notify(this, evt::RemoveBars(static_cast<int>(_index), static_cast<int>(_count)));
+    _changes.announceOut(score(), this);
 }
 
 } // namespace zarn::cmd

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ZarnCore/commands/Bar/ZarnColumnChanges.h>
 #include <ZarnCore/commands/ZarnScoreCommand.h>
 #include <ZarnCore/model/ZarnBarColumns.h>
 
@@ -8,7 +9,8 @@
 
 namespace zarn::cmd {
 
-/// Inserts empty bars, in every staff of every track. Sends `AddBars`; undo sends `RemoveBars`.
+/// Inserts empty bars, in every staff of every track. Sends `AddBars`; undo sends `RemoveBars`;
+/// both are followed by what `ColumnChanges` tells.
 class ZARNCORE_EXPORT CreateBars final : public ScoreCommand {
 public:
     CreateBars();
@@ -29,6 +31,7 @@ private:
     unsigned _count = 0;
     BarColumnSurroundings _surroundings; ///< what the insertion changed beside the new bars
     std::optional<BarColumns> _undone;   ///< the bars, while they are out of the model
+    ColumnChanges _changes;
 };
 
 } // namespace zarn::cmd

@@ -2,6 +2,7 @@
 #include <ZarnCore/commands/Bar/ZarnRemoveBars.h>
 
 #include <ZarnCore/ZarnAssert.h>
+#include <ZarnCore/commands/Automations/AnnounceAutomations.h>
 #include <ZarnCore/events/ZarnBarEvents.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/score/ZarnScore.h>
@@ -30,7 +31,14 @@ bool RemoveBars::isPossible() const
 void RemoveBars::apply()
 {
     requirePlace(isPossible());
+    const MasterTrack &master = *model().masterTrack();
+    const double tempo = startTempo(master);
     _removed = model().takeBarColumns(_first, _last);
+    _changes.start(_first, _last - _first + 1);
+    _changes.addSurroundings(model(), _removed->surroundings, ColumnChanges::Columns::In);
+    _changes.addDirections(_removed->surroundings.directions);
+    _changes.addAutomations(*_removed);
+    _changes.setStartTempos(tempo, startTempo(master));
 }
 
 void RemoveBars::revert()
@@ -45,6 +53,7 @@ void RemoveBars::announceApplied()
     score().notify(this, evt::RemoveBars(static_cast<int>(_first), count()));
     score().notify(this,
                    evt::ModifyBarRangeAllTracks(static_cast<int>(_first), static_cast<int>(_last)));
+    _changes.announceOut(score(), this);
 }
 
 void RemoveBars::announceReverted()
@@ -52,6 +61,7 @@ void RemoveBars::announceReverted()
     score().notify(this, evt::AddBars(static_cast<int>(_first), count()));
     score().notify(this,
                    evt::ModifyBarRangeAllTracks(static_cast<int>(_first), static_cast<int>(_last)));
+    _changes.announceIn(score(), this);
 }
 
 } // namespace zarn::cmd

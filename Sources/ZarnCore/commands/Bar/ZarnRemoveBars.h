@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ZarnCore/commands/Bar/ZarnColumnChanges.h>
 #include <ZarnCore/commands/ZarnScoreCommand.h>
 #include <ZarnCore/model/ZarnBarColumns.h>
 
@@ -9,7 +10,8 @@
 namespace zarn::cmd {
 
 /// Removes bars from every staff of every track, and keeps them for undo. Sends `RemoveBars` and
-/// `ModifyBarRangeAllTracks`; undo sends `AddBars` and `ModifyBarRangeAllTracks`.
+/// `ModifyBarRangeAllTracks`; undo sends `AddBars` and `ModifyBarRangeAllTracks`; both are
+/// followed by what `ColumnChanges` tells.
 class ZARNCORE_EXPORT RemoveBars final : public ScoreCommand {
 public:
     RemoveBars();
@@ -29,6 +31,7 @@ private:
     unsigned _first = 0;
     unsigned _last = 0;
     std::optional<BarColumns> _removed;
+    ColumnChanges _changes;
 };
 
 } // namespace zarn::cmd

@@ -3,7 +3,6 @@
 
 #include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/commands/Beat/ZarnSetBeatRhythm.h>
-#include <ZarnCore/events/ZarnBarEvents.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/places/ZarnScoreModelIndex.h>
 #include <ZarnCore/score/ZarnScore.h>
@@ -52,6 +51,9 @@ void CreateBeat::putIn()
     _ties.emplace(voice, _place.firstBeat, _place.firstBeat);
     voice.insertBeat(_place.firstBeat, _beat, LinkMode::Mend);
     _beat.reset();
+    _touched.clear();
+    _touched.add(_place.track, _place.staff, _place.bar, _place.bar);
+    _ties->addChanged(voice, _place.firstBeat + 1, _place, _touched);
 }
 
 void CreateBeat::takeOut()
@@ -67,10 +69,7 @@ void CreateBeat::takeOut()
 
 void CreateBeat::announceIn()
 {
-    score().notify(this,
-                   evt::ModifyBarRange(static_cast<int>(_place.track),
-                                       static_cast<int>(_place.staff), static_cast<int>(_place.bar),
-                                       static_cast<int>(_place.bar)));
+    _touched.announce(score(), this);
 }
 
 void CreateBeat::announceOut()

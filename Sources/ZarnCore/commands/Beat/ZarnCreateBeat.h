@@ -3,6 +3,7 @@
 
 #include <ZarnCore/commands/Beat/ZarnKeptTies.h>
 #include <ZarnCore/commands/ZarnPlacingCommand.h>
+#include <ZarnCore/commands/ZarnTouchedBars.h>
 #include <ZarnCore/model/places/ZarnBeatSpan.h>
 
 #include <memory>
@@ -16,7 +17,7 @@ class ScoreModelIndex;
 namespace zarn::cmd {
 
 /// Inserts a rest into a voice, which is made when the bar has none. Ties that it parts are undone.
-/// Sends `ModifyBarRange` for the bar.
+/// Sends `ModifyBarRange` for the bar, and for a neighbour that a tie led to.
 class ZARNCORE_EXPORT CreateBeat final : public PlacingCommand {
 public:
     CreateBeat();
@@ -38,6 +39,7 @@ private:
     std::shared_ptr<Voice> _voice; ///< for a bar that needs it, while it is out of the bar
     bool _needsVoice = false;
     std::optional<KeptTies> _ties;
+    TouchedBars _touched;
 };
 
 } // namespace zarn::cmd

@@ -2,7 +2,7 @@
 #include <ZarnCore/commands/Beat/ZarnRemoveBeats.h>
 
 #include <ZarnCore/ZarnAssert.h>
-#include <ZarnCore/commands/ZarnPlaces.h>
+#include <ZarnCore/commands/ZarnRangeNodes.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/score/ZarnScore.h>
 
@@ -24,12 +24,15 @@ void RemoveBeats::takeOut()
 {
     const auto spans = beatSpans(model(), _range);
     requirePlace(!spans.empty());
+    _touched.clear();
+    _touched.add(_range);
     std::vector<Removed> removed;
     removed.reserve(spans.size());
     for (const BeatSpan &span : spans) {
         Voice &voice = *voiceOf(model(), span);
         removed.push_back({span, {}, KeptTies(voice, span.firstBeat, span.lastBeat + 1)});
         removed.back().beats = voice.takeBeats(span.firstBeat, span.lastBeat, LinkMode::Mend);
+        removed.back().ties.addChanged(voice, span.firstBeat, span, _touched);
     }
     _removed = std::move(removed);
 }
@@ -47,7 +50,7 @@ void RemoveBeats::putIn()
 
 void RemoveBeats::announceIn()
 {
-    RangePlaces<Beat, evt::ModifyBarRange>{_range}.announce(score(), this);
+    _touched.announce(score(), this);
 }
 
 void RemoveBeats::announceOut()

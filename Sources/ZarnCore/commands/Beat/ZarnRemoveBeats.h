@@ -3,6 +3,7 @@
 
 #include <ZarnCore/commands/Beat/ZarnKeptTies.h>
 #include <ZarnCore/commands/ZarnPlacingCommand.h>
+#include <ZarnCore/commands/ZarnTouchedBars.h>
 #include <ZarnCore/model/places/ZarnBeatSpan.h>
 #include <ZarnCore/model/places/ZarnScoreModelRange.h>
 
@@ -13,7 +14,8 @@ namespace zarn::cmd {
 
 /// Removes beats, and keeps them for undo. The beats behind them move up; nothing fills the bar,
 /// and a voice may be left without beats. Ties that led to them are undone. Sends `ModifyBarRange`,
-/// or `ModifyBarRangeAllTracks` for a range over all tracks.
+/// or `ModifyBarRangeAllTracks` for a range over all tracks; `ModifyBarRange` for a neighbour that
+/// a tie led to as well.
 class ZARNCORE_EXPORT RemoveBeats final : public PlacingCommand {
 public:
     RemoveBeats();
@@ -37,6 +39,7 @@ private:
 
     ScoreModelRange _range;
     std::vector<Removed> _removed;
+    TouchedBars _touched;
 };
 
 } // namespace zarn::cmd

@@ -2,6 +2,7 @@
 #include <ZarnCore/commands/MasterTrack/ZarnDeleteEffect.h>
 
 #include <ZarnCore/ZarnAssert.h>
+#include <ZarnCore/commands/Automations/AnnounceAutomations.h>
 #include <ZarnCore/events/ZarnEffectEvents.h>
 #include <ZarnCore/events/ZarnScoreEvents.h>
 #include <ZarnCore/instruments/effects/ZarnMastering.h>
@@ -9,13 +10,6 @@
 #include <ZarnCore/score/ZarnScore.h>
 
 namespace zarn::cmd {
-
-namespace {
-
-/// How effect events name the master track.
-constexpr int masterTrackIndex = -1;
-
-} // namespace
 
 DeleteEffect::DeleteEffect() : ScoreCommand(QStringLiteral("DeleteEffect")) { }
 DeleteEffect::~DeleteEffect() = default;

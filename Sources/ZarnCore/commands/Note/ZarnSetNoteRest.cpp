@@ -2,7 +2,7 @@
 #include <ZarnCore/commands/Note/ZarnSetNoteRest.h>
 
 #include <ZarnCore/ZarnAssert.h>
-#include <ZarnCore/commands/ZarnPlaces.h>
+#include <ZarnCore/commands/ZarnRangeNodes.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/notes/Ties.h>
 #include <ZarnCore/score/ZarnScore.h>
@@ -25,6 +25,8 @@ void SetNoteRest::apply()
 {
     const auto spans = beatSpans(model(), _range);
     requirePlace(!spans.empty());
+    _touched.clear();
+    _touched.add(_range);
     std::vector<Stretch> stretches;
     stretches.reserve(spans.size());
     for (const BeatSpan &span : spans) {
@@ -39,6 +41,7 @@ void SetNoteRest::apply()
             beat.setWholeBarRest(isWholeBarRest);
         }
         mendTies(voice, span.firstBeat, span.lastBeat + 1);
+        stretches.back().ties.addChanged(voice, span.lastBeat + 1, span, _touched);
     }
     _stretches = std::move(stretches);
 }
@@ -63,7 +66,7 @@ void SetNoteRest::revert()
 
 void SetNoteRest::announceApplied()
 {
-    RangePlaces<Beat, evt::ModifyBarRange>{_range}.announce(score(), this);
+    _touched.announce(score(), this);
 }
 
 void SetNoteRest::announceReverted()

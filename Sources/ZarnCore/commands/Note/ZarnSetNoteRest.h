@@ -3,6 +3,7 @@
 
 #include <ZarnCore/commands/Beat/ZarnKeptTies.h>
 #include <ZarnCore/commands/ZarnScoreCommand.h>
+#include <ZarnCore/commands/ZarnTouchedBars.h>
 #include <ZarnCore/model/places/ZarnBeatSpan.h>
 #include <ZarnCore/model/places/ZarnScoreModelRange.h>
 
@@ -13,7 +14,8 @@ namespace zarn::cmd {
 
 /// Makes rests of beats, which keep their length; their notes are kept for undo. Place holders
 /// become rests too. Ties that led to the notes are undone. Sends `ModifyBarRange`, or
-/// `ModifyBarRangeAllTracks` for a range over all tracks.
+/// `ModifyBarRangeAllTracks` for a range over all tracks; `ModifyBarRange` for a neighbour that a
+/// tie led to as well.
 class ZARNCORE_EXPORT SetNoteRest final : public ScoreCommand {
 public:
     SetNoteRest();
@@ -41,6 +43,7 @@ private:
 
     ScoreModelRange _range;
     std::vector<Stretch> _stretches;
+    TouchedBars _touched;
 };
 
 } // namespace zarn::cmd

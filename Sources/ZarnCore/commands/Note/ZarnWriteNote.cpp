@@ -2,7 +2,6 @@
 #include <ZarnCore/commands/Note/ZarnWriteNote.h>
 
 #include <ZarnCore/commands/ZarnRangeNodes.h>
-#include <ZarnCore/events/ZarnBarEvents.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/notes/Ties.h>
 #include <ZarnCore/score/ZarnScore.h>
@@ -62,6 +61,11 @@ void WriteNote::apply()
     // The same note again after an undo.
     beat->insertNote(_noteIndex, _written != nullptr ? _written : makeNote(*place));
     _written.reset();
+    const BeatSpan bar{static_cast<unsigned>(_index.trackIndex()), _index.staffIndex(),
+                       static_cast<unsigned>(_index.barIndex())};
+    _touched.clear();
+    _touched.add(bar.track, bar.staff, bar.bar, bar.bar);
+    _ties->addChanged(*voice, beat->index() + 1, bar, _touched);
 }
 
 void WriteNote::revert()
@@ -78,10 +82,7 @@ void WriteNote::revert()
 
 void WriteNote::announceApplied()
 {
-    const int bar = _index.barIndex();
-    score().notify(
-        this,
-        evt::ModifyBarRange(_index.trackIndex(), static_cast<int>(_index.staffIndex()), bar, bar));
+    _touched.announce(score(), this);
 }
 
 void WriteNote::announceReverted()

@@ -3,6 +3,7 @@
 
 #include <ZarnCore/commands/Beat/ZarnKeptTies.h>
 #include <ZarnCore/commands/ZarnScoreCommand.h>
+#include <ZarnCore/commands/ZarnTouchedBars.h>
 #include <ZarnCore/model/places/ZarnBeatSpan.h>
 #include <ZarnCore/model/places/ZarnScoreModelIndex.h>
 
@@ -16,7 +17,8 @@ class Staff;
 
 /// Base of commands that write one note on a beat, in place of another note or beside those that
 /// are there. The beat is no rest afterwards. A note that takes the place of another keeps all of
-/// it but the pitch; a tie goes when the pitch changes. Sends `ModifyBarRange` for the bar.
+/// it but the pitch; a tie goes when the pitch changes. Sends `ModifyBarRange`
+/// for the bar, and for a neighbour that a tie led to.
 class ZARNCORE_EXPORT WriteNote : public ScoreCommand {
 protected:
     using ScoreCommand::ScoreCommand;
@@ -57,6 +59,7 @@ private:
     unsigned _noteIndex = 0;
     BeatState _before;
     std::optional<KeptTies> _ties;
+    TouchedBars _touched;
 };
 
 } // namespace zarn

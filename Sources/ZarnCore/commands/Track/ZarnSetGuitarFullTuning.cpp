@@ -13,7 +13,7 @@ namespace {
 
 constexpr int highestKey = 127;
 
-/// Calls `visit` with each note of a staff and its beat, in the order of the tree.
+/// Calls `visit` with each note of a staff, its beat and its bar, in the order of the tree.
 template <class Visit>
 void forEachNote(const Staff &staff, Visit visit)
 {
@@ -23,7 +23,7 @@ void forEachNote(const Staff &staff, Visit visit)
                 continue;
             for (const auto &beat : voice->beats()) {
                 for (const auto &note : beat->notes())
-                    visit(*beat, *note);
+                    visit(*bar, *beat, *note);
             }
         }
     }
@@ -117,7 +117,7 @@ void SetGuitarFullTuning::apply()
     Staff &staff = *findStaff();
     _before = settingOf(staff);
     std::vector<int> pitches;
-    forEachNote(staff, [&](const Beat &, const Note &note) {
+    forEachNote(staff, [&](const Bar &, const Beat &, const Note &note) {
         pitches.push_back(writtenPitch(staff, note.string(), note.fret()));
     });
     Setting setting = _setting;
@@ -133,11 +133,17 @@ void SetGuitarFullTuning::apply()
 void SetGuitarFullTuning::refinger(const Staff &staff, const std::vector<int> &pitchesBefore)
 {
     _notesBefore.clear();
+    _touched.clear();
+    const Bar *lastTouched = nullptr;
     std::size_t number = 0;
-    forEachNote(staff, [&](const Beat &beat, Note &note) {
+    forEachNote(staff, [&](const Bar &bar, const Beat &beat, Note &note) {
         const NoteBefore before{number, note.midi(), note.string(), note.fret(), note.spelling()};
-        if (moveNote(staff, beat, note, pitchesBefore[number++]))
-            _notesBefore.push_back(before);
+        if (!moveNote(staff, beat, note, pitchesBefore[number++]))
+            return;
+        _notesBefore.push_back(before);
+        if (lastTouched != &bar)
+            _touched.add(_track, _staff, bar.index(), bar.index());
+        lastTouched = &bar;
     });
 }
 
@@ -175,7 +181,7 @@ void SetGuitarFullTuning::revert()
     write(staff, _before);
     std::size_t number = 0;
     auto next = _notesBefore.begin();
-    forEachNote(staff, [&](const Beat &, Note &note) {
+    forEachNote(staff, [&](const Bar &, const Beat &, Note &note) {
         const std::size_t here = number++;
         if (next == _notesBefore.end() || next->number != here)
             return;
@@ -192,6 +198,7 @@ void SetGuitarFullTuning::announceApplied()
 {
     score().notify(
         this, evt::GuitarFullTuningChanged(static_cast<int>(_track), static_cast<int>(_staff)));
+    _touched.announce(score(), this);
 }
 
 void SetGuitarFullTuning::announceReverted()

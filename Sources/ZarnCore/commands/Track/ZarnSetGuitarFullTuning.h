@@ -2,6 +2,7 @@
 #pragma once
 
 #include <ZarnCore/commands/ZarnScoreCommand.h>
+#include <ZarnCore/commands/ZarnTouchedBars.h>
 #include <ZarnCore/instruments/tunings/ZarnGuitarTuning.h>
 #include <ZarnCore/model/ZarnNote.h>
 #include <ZarnCore/model/notes/ZarnRetuning.h>
@@ -21,7 +22,7 @@ namespace zarn::cmd {
 ///
 /// A note that cannot stay where it was (its string or its fret is gone) moves to the free string
 /// of its beat that plays its pitch at the lowest fret, or loses string and fret when there is
-/// none. Sends `GuitarFullTuningChanged`.
+/// none. Sends `GuitarFullTuningChanged`, then `ModifyBarRange` for the bars whose notes changed.
 class ZARNCORE_EXPORT SetGuitarFullTuning final : public ScoreCommand {
 public:
     static constexpr unsigned MostStrings = 12;
@@ -69,6 +70,7 @@ private:
     Retuning _retuning = Retuning::KeepFrets;
     Setting _before;
     std::vector<NoteBefore> _notesBefore;
+    TouchedBars _touched;
 };
 
 } // namespace zarn::cmd
