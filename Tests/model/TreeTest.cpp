@@ -3,6 +3,9 @@
 
 #include <ZarnCore/ZarnException.h>
 
+#include <atomic>
+#include <thread>
+
 using namespace zarn;
 using NoteValue = RhythmValue::NoteValue;
 
@@ -106,6 +109,58 @@ TEST(Tree, copiesAreDeepAndLinkedOnceTheyAreAttached)
     EXPECT_EQ(*other, *model);
     other->masterTrack()->masterBar(1)->setDoubleBar(true);
     EXPECT_NE(*other, *model);
+}
+
+TEST(Tree, childrenOfMadeAndCopiedNodesKnowTheirParentWhateverIsAskedFirst)
+{
+    const auto contrabass = std::make_shared<Track>(InstrumentSet::contrabass);
+    contrabass->staves()[0]->addEmptyBars(1);
+    EXPECT_EQ(contrabass->bar(0)->clef(), ClefType::F4);
+
+    // Each level copied by itself, its children reached by every way.
+    const auto model = makeBand(3);
+    const auto copy = std::make_shared<const ScoreModel>(*model);
+    EXPECT_EQ(copy->tracks()[1]->parentScoreModel(), copy);
+    EXPECT_EQ(copy->masterTrack()->parentScoreModel(), copy);
+    EXPECT_TRUE(isSound(*copy));
+    const auto master = std::make_shared<const MasterTrack>(*model->masterTrack());
+    EXPECT_EQ(master->masterBar(2)->parentMasterTrack(), master);
+    const auto track = std::make_shared<const Track>(*model->track(0));
+    EXPECT_EQ(track->bar(1)->parentStaff()->track(), track);
+    const auto staff = std::make_shared<const Staff>(*model->track(0)->staff(0));
+    EXPECT_EQ(staff->bars()[1]->parentStaff(), staff);
+    const auto bar = std::make_shared<const Bar>(*model->track(0)->bar(0));
+    EXPECT_EQ(bar->voices()[0]->parentBar(), bar);
+    const auto voice = std::make_shared<const Voice>(*bar->voice(0));
+    EXPECT_EQ(voice->beatAt(0)->parentVoice(), voice);
+    const auto beat = std::make_shared<const Beat>(*voice->beat(1));
+    EXPECT_EQ(beat->notes()[0]->parentBeat(), beat);
+
+    // A node that is filled before a shared pointer holds it, and one that is overwritten.
+    auto unshared = std::make_unique<Staff>();
+    unshared->addEmptyBars(2);
+    const std::shared_ptr<Staff> shared = std::move(unshared);
+    EXPECT_EQ(shared->bar(1)->parentStaff(), shared);
+    *shared = *staff;
+    EXPECT_EQ(shared->bars().front()->parentStaff(), shared);
+}
+
+TEST(Tree, severalThreadsMayBeTheFirstToAskACopy)
+{
+    const auto model = makeBand(40);
+    for (int run = 0; run < 20; ++run) {
+        const auto copy = std::make_shared<const Track>(*model->track(0));
+        std::atomic<int> strangers = 0;
+        std::vector<std::thread> readers;
+        for (int i = 0; i < 4; ++i)
+            readers.emplace_back([&] {
+                for (const auto &staff : copy->staves())
+                    strangers += staff->track() == copy ? 0 : 1;
+            });
+        for (auto &reader : readers)
+            reader.join();
+        EXPECT_EQ(strangers, 0);
+    }
 }
 
 TEST(Tree, fourVoiceSlots)

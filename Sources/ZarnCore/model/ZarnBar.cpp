@@ -10,8 +10,9 @@
 namespace zarn {
 
 Bar::Bar(const Bar &other)
-    : std::enable_shared_from_this<Bar>(), IndexedChildLink<Staff>(), _clef(other._clef),
-      _ottavia(other._ottavia), _simileMark(other._simileMark), _clefChanges(other._clefChanges)
+    : std::enable_shared_from_this<Bar>(), IndexedChildLink<Staff>(), ParentNode<Bar>(other),
+      _clef(other._clef), _ottavia(other._ottavia), _simileMark(other._simileMark),
+      _clefChanges(other._clefChanges)
 {
     copyVoices(other);
 }
@@ -28,7 +29,7 @@ Bar &Bar::operator=(const Bar &other)
         if (voice)
             ChildLinkAccess::detach<Bar>(*voice);
     copyVoices(other);
-    linkChildren();
+    markOrphans();
     return *this;
 }
 
@@ -44,17 +45,13 @@ void Bar::copyVoices(const Bar &other)
         if (_voices[i])
             ChildLinkAccess::setPlace(*_voices[i], i);
     }
-    _hasUnlinkedVoices = true;
 }
 
-void Bar::linkChildren()
+void Bar::linkOrphans(const std::weak_ptr<Bar> &self)
 {
-    if (!_hasUnlinkedVoices)
-        return;
-    _hasUnlinkedVoices = false;
     for (const auto &voice : _voices)
         if (voice)
-            ChildLinkAccess::attach(*voice, weak_from_this());
+            ChildLinkAccess::attach(*voice, self);
 }
 
 unsigned Bar::staffIndex() const noexcept
@@ -86,11 +83,6 @@ std::shared_ptr<MasterBar> Bar::masterBar() const
 
 std::shared_ptr<Voice> Bar::voice(unsigned index) const
 {
-    return index < MaxVoices ? _voices[index] : nullptr;
-}
-
-std::shared_ptr<Voice> Bar::voice(unsigned index)
-{
     linkChildren();
     return index < MaxVoices ? _voices[index] : nullptr;
 }
@@ -113,7 +105,7 @@ void Bar::setVoice(unsigned index, const std::shared_ptr<Voice> &voice)
     _voices[index] = voice;
     if (!voice)
         return;
-    ChildLinkAccess::attach(*voice, weak_from_this());
+    ChildLinkAccess::attach(*voice, asParent());
     ChildLinkAccess::setPlace(*voice, index);
 }
 

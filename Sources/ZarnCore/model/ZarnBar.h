@@ -5,6 +5,7 @@
 #include <ZarnCore/ZarnTypes.h>
 #include <ZarnCore/model/ZarnChildList.h>
 #include <ZarnCore/model/ZarnOnDemand.h>
+#include <ZarnCore/model/ZarnParentNode.h>
 #include <ZarnCore/model/ZarnVoice.h>
 #include <ZarnCore/utils/rational.h>
 
@@ -31,7 +32,8 @@ struct ClefChange {
 
 /// One bar of one staff: up to four voices, under a clef.
 class ZARNCORE_EXPORT Bar final : public std::enable_shared_from_this<Bar>,
-                                  public IndexedChildLink<Staff> {
+                                  public IndexedChildLink<Staff>,
+                                  public ParentNode<Bar> {
 public:
     static constexpr unsigned MaxVoices = 4;
     using Voices = std::array<std::shared_ptr<Voice>, MaxVoices>;
@@ -59,11 +61,14 @@ public:
     std::shared_ptr<MasterTrack> masterTrack() const;
 
     /// The four slots; empty ones hold no voice.
-    const Voices &voices() const noexcept { return _voices; }
+    const Voices &voices() const
+    {
+        linkChildren();
+        return _voices;
+    }
 
     /// Empty for an empty slot and past the last one.
     std::shared_ptr<Voice> voice(unsigned index) const;
-    std::shared_ptr<Voice> voice(unsigned index);
 
     /// Number of slots that hold a voice.
     unsigned voiceCount() const noexcept;
@@ -108,16 +113,15 @@ public:
 
 private:
     friend struct ChildLinkAccess;
+    friend struct ParentNodeAccess;
+    friend class ParentNode<Bar>;
 
     void copyVoices(const Bar &other);
-    void linkChildren();
+    void linkOrphans(const std::weak_ptr<Bar> &self);
 
     ClefType _clef = ClefType::G2;
     Ottavia _ottavia = Ottavia::None;
     SimileMark _simileMark = SimileMark::None;
-
-    /// A copy cannot name itself as parent before it is held by a shared pointer.
-    bool _hasUnlinkedVoices = false;
     Voices _voices;
     OnDemand<std::vector<ClefChange>> _clefChanges;
 };

@@ -26,7 +26,7 @@ Beat &Beat::operator=(const Beat &other)
     _rhythm = other._rhythm;
     _notes = other._notes;
     _words = other._words;
-    linkChildren();
+    markOrphans();
     lengthChanged();
     return *this;
 }
@@ -34,12 +34,6 @@ Beat &Beat::operator=(const Beat &other)
 std::shared_ptr<Beat> Beat::clone() const
 {
     return ChildLinkAccess::clone(*this);
-}
-
-std::shared_ptr<Note> Beat::note(unsigned index)
-{
-    linkChildren();
-    return _notes.at(index);
 }
 
 std::shared_ptr<Note> Beat::noteOnString(int string) const
@@ -65,15 +59,13 @@ void Beat::addNote(const std::shared_ptr<Note> &note)
 
 void Beat::insertNote(unsigned index, const std::shared_ptr<Note> &note)
 {
-    linkChildren();
-    _notes.insert(index, note, weak_from_this());
+    _notes.insert(index, note, asParent());
     notesChanged();
 }
 
 void Beat::insertNotes(unsigned index, Notes notes)
 {
-    linkChildren();
-    _notes.insert(index, std::move(notes), weak_from_this());
+    _notes.insert(index, std::move(notes), asParent());
     notesChanged();
 }
 

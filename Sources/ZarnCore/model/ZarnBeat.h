@@ -6,6 +6,8 @@
 #include <ZarnCore/model/ZarnChildList.h>
 #include <ZarnCore/model/ZarnNote.h>
 #include <ZarnCore/model/ZarnOnDemand.h>
+#include <ZarnCore/model/ZarnParentNode.h>
+#include <ZarnCore/model/notes/ZarnInstrumentNotes.h>
 #include <ZarnCore/music/ZarnNoteDynamic.h>
 #include <ZarnCore/music/ZarnRhythmValue.h>
 #include <ZarnCore/utils/rational.h>
@@ -24,7 +26,8 @@ class Voice;
 /// Without notes a beat is a rest, unless it is marked as a place holder: a stretch of time that
 /// is kept free and not written.
 class ZARNCORE_EXPORT Beat final : public std::enable_shared_from_this<Beat>,
-                                   public IndexedChildLink<Voice> {
+                                   public IndexedChildLink<Voice>,
+                                   public ParentNode<Beat> {
 public:
     using Notes = std::vector<std::shared_ptr<Note>>;
 
@@ -44,13 +47,20 @@ public:
     unsigned index() const noexcept { return place(); }
 
     /// The notes, in the order in which they were added.
-    const Notes &notes() const noexcept { return _notes.items(); }
+    const Notes &notes() const
+    {
+        linkChildren();
+        return _notes.items();
+    }
     unsigned noteCount() const noexcept { return _notes.size(); }
     bool hasNotes() const noexcept { return _notes.size() != 0; }
 
     /// Empty past the end.
-    std::shared_ptr<Note> note(unsigned index) const { return _notes.at(index); }
-    std::shared_ptr<Note> note(unsigned index);
+    std::shared_ptr<Note> note(unsigned index) const
+    {
+        linkChildren();
+        return _notes.at(index);
+    }
 
     /// The first note on a string, or of a MIDI key; empty when there is none.
     std::shared_ptr<Note> noteOnString(int string) const;
@@ -120,6 +130,8 @@ public:
 
 private:
     friend struct ChildLinkAccess;
+    friend struct ParentNodeAccess;
+    friend class ParentNode<Beat>;
 
     struct Words {
         std::string text;
@@ -130,11 +142,7 @@ private:
         }
     };
 
-    void linkChildren()
-    {
-        if (!_notes.isLinked())
-            _notes.link(weak_from_this());
-    }
+    void linkOrphans(const std::weak_ptr<Beat> &self) { _notes.link(self); }
 
     void lengthChanged() const noexcept;
     void notesChanged() const noexcept

@@ -2,10 +2,12 @@
 #pragma once
 
 #include <ZarnCore/ZarnAssert.h>
+#include <ZarnCore/model/ZarnParentNode.h>
 
 #include <algorithm>
 #include <cstddef>
 #include <memory>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -24,9 +26,6 @@ protected:
 
     std::shared_ptr<Parent> lockParent() const noexcept { return _parent.lock(); }
     bool hasParent() const noexcept { return !_parent.expired(); }
-
-    /// Nodes with children hide this by their own.
-    void linkChildren() noexcept { }
 
 private:
     friend struct ChildLinkAccess;
@@ -56,7 +55,6 @@ struct ChildLinkAccess {
     static void attach(Child &child, std::weak_ptr<Parent> parent)
     {
         static_cast<ChildLink<Parent> &>(child)._parent = std::move(parent);
-        child.linkChildren();
     }
 
     /// Sets the parent alone, without making the node a child of it.
@@ -79,12 +77,6 @@ struct ChildLinkAccess {
         child.setPlace(place);
     }
 
-    template <class Child>
-    static bool hasParent(const Child &child) noexcept
-    {
-        return child.hasParent();
-    }
-
     /// Raises for no child, and for one that still has a parent.
     template <class Child>
     static void requireDetached(const std::shared_ptr<Child> &child)
@@ -98,7 +90,12 @@ struct ChildLinkAccess {
     static std::shared_ptr<Node> clone(const Node &node)
     {
         auto copy = std::make_shared<Node>(node);
-        copy->linkChildren();
+        if constexpr (std::is_base_of_v<ParentNode<Node>, Node>) {
+            // Nobody else sees the copy yet, so this takes no lock.
+            ParentNodeAccess::linkOrphans(*copy);
+            static_cast<ParentNode<Node> &>(*copy)._hasOrphans.store(false,
+                                                                     std::memory_order_relaxed);
+        }
         return copy;
     }
 };
@@ -208,10 +205,6 @@ public:
     {
         for (const auto &child : _items)
             ChildLinkAccess::attach(*child, parent);
-    }
-    bool isLinked() const noexcept
-    {
-        return _items.empty() || ChildLinkAccess::hasParent(*_items.front());
     }
 
     friend bool operator==(const ChildList &left, const ChildList &right)

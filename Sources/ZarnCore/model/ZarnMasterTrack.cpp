@@ -14,8 +14,8 @@ MasterTrack::MasterTrack() : _d(std::make_unique<Private>()) { }
 
 MasterTrack::MasterTrack(const MasterTrack &other)
     : AutomationContainer(other), std::enable_shared_from_this<MasterTrack>(),
-      ChildLink<ScoreModel>(), DirectionAccessors<MasterTrack>(), _masterBars(other._masterBars),
-      _d(std::make_unique<Private>(*other._d))
+      ChildLink<ScoreModel>(), ParentNode<MasterTrack>(other), DirectionAccessors<MasterTrack>(),
+      _masterBars(other._masterBars), _d(std::make_unique<Private>(*other._d))
 {
 }
 
@@ -26,7 +26,7 @@ MasterTrack &MasterTrack::operator=(const MasterTrack &other)
     AutomationContainer::operator=(other);
     _masterBars = other._masterBars;
     *_d = *other._d;
-    linkChildren();
+    markOrphans();
     return *this;
 }
 
@@ -58,13 +58,6 @@ void MasterTrack::copyFrom(const MasterTrack &other, const ScoreModelRange *rang
 void MasterTrack::setParentScoreModel(const std::shared_ptr<ScoreModel> &model)
 {
     ChildLinkAccess::setParent(*this, model);
-    linkChildren();
-}
-
-std::shared_ptr<MasterBar> MasterTrack::masterBar(unsigned index)
-{
-    linkChildren();
-    return _masterBars.at(index);
 }
 
 void MasterTrack::addMasterBar(const std::shared_ptr<MasterBar> &bar)
@@ -128,8 +121,7 @@ void MasterTrack::clear()
 
 void MasterTrack::insertMasterBarBlock(unsigned index, MasterBars bars)
 {
-    linkChildren();
-    _masterBars.insert(index, std::move(bars), weak_from_this());
+    _masterBars.insert(index, std::move(bars), asParent());
     _d->isPlayListStale = true;
 }
 

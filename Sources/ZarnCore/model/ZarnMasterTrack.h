@@ -6,6 +6,7 @@
 #include <ZarnCore/instruments/effects/ZarnMastering.h>
 #include <ZarnCore/model/ZarnChildList.h>
 #include <ZarnCore/model/ZarnMasterBar.h>
+#include <ZarnCore/model/ZarnParentNode.h>
 #include <ZarnCore/model/form/ZarnDirectionAccessors.h>
 #include <ZarnCore/model/form/ZarnTempoSettings.h>
 
@@ -28,6 +29,7 @@ class ScoreModelRange;
 class ZARNCORE_EXPORT MasterTrack final : public AutomationContainer,
                                           public std::enable_shared_from_this<MasterTrack>,
                                           public ChildLink<ScoreModel>,
+                                          public ParentNode<MasterTrack>,
                                           public DirectionAccessors<MasterTrack> {
 public:
     using MasterBars = std::vector<std::shared_ptr<MasterBar>>;
@@ -53,14 +55,21 @@ public:
 
     // Master bars.
 
-    const MasterBars &masterBars() const noexcept { return _masterBars.items(); }
+    const MasterBars &masterBars() const
+    {
+        linkChildren();
+        return _masterBars.items();
+    }
     unsigned masterBarCount() const noexcept { return _masterBars.size(); }
     bool hasMasterBars() const noexcept { return masterBarCount() != 0; }
     bool hasMasterBarIndex(unsigned index) const noexcept { return index < masterBarCount(); }
 
     /// Empty past the end.
-    std::shared_ptr<MasterBar> masterBar(unsigned index) const { return _masterBars.at(index); }
-    std::shared_ptr<MasterBar> masterBar(unsigned index);
+    std::shared_ptr<MasterBar> masterBar(unsigned index) const
+    {
+        linkChildren();
+        return _masterBars.at(index);
+    }
 
     /// Puts a detached master bar in front of `index`; past the end it is appended.
     void addMasterBar(const std::shared_ptr<MasterBar> &bar);
@@ -90,7 +99,7 @@ public:
     /// 18.
     void setDirection(int kind, int barIndex) noexcept;
     const DirectionSlots &directionSlots() const noexcept;
-    void setDirectionSlots(const DirectionSlots &slots) noexcept;
+    void setDirectionSlots(const DirectionSlots &bars) noexcept;
 
     std::set<DirectionMark> directionsAtBarIndex(int barIndex) const;
     bool hasAnyDirectionAtBarIndex(int barIndex) const noexcept;
@@ -145,14 +154,12 @@ public:
 
 private:
     friend struct ChildLinkAccess;
+    friend struct ParentNodeAccess;
+    friend class ParentNode<MasterTrack>;
     friend class ScoreModel;
     struct Private;
 
-    void linkChildren()
-    {
-        if (!_masterBars.isLinked())
-            _masterBars.link(weak_from_this());
-    }
+    void linkOrphans(const std::weak_ptr<MasterTrack> &self) { _masterBars.link(self); }
     void moveMarks(unsigned index, unsigned count);
     void removeDirections(unsigned first, unsigned last) noexcept;
 

@@ -5,10 +5,13 @@
 
 namespace zarn {
 
-ScoreModel::ScoreModel() : _masterTrack(std::make_shared<MasterTrack>()) { }
+ScoreModel::ScoreModel() : _masterTrack(std::make_shared<MasterTrack>())
+{
+    markOrphans();
+}
 
 ScoreModel::ScoreModel(const ScoreModel &other)
-    : std::enable_shared_from_this<ScoreModel>(),
+    : std::enable_shared_from_this<ScoreModel>(), ParentNode<ScoreModel>(other),
       _masterTrack(other._masterTrack->cloneMasterTrack()), _tracks(other._tracks),
       _properties(other._properties), _headersAndFooters(other._headersAndFooters),
       _pageSetup(other._pageSetup), _systemsLayout(other._systemsLayout),
@@ -37,7 +40,7 @@ ScoreModel &ScoreModel::operator=(const ScoreModel &other)
     _ignoreCapo = other._ignoreCapo;
     _printable = other._printable;
     _protected = other._protected;
-    linkChildren();
+    markOrphans();
     return *this;
 }
 
@@ -48,31 +51,15 @@ std::shared_ptr<ScoreModel> ScoreModel::clone() const
     return ChildLinkAccess::clone(*this);
 }
 
-void ScoreModel::linkChildren()
-{
-    if (!_masterTrack->parentScoreModel())
-        if (const auto self = weak_from_this().lock())
-            _masterTrack->setParentScoreModel(self);
-    if (!_tracks.isLinked())
-        _tracks.link(weak_from_this());
-}
-
 void ScoreModel::setParentScore(Score *score) noexcept
 {
     _score = score;
-    linkChildren();
 }
 
-const std::shared_ptr<MasterTrack> &ScoreModel::masterTrack()
+void ScoreModel::linkOrphans(const std::weak_ptr<ScoreModel> &self)
 {
-    linkChildren();
-    return _masterTrack;
-}
-
-std::shared_ptr<Track> ScoreModel::track(unsigned index)
-{
-    linkChildren();
-    return _tracks.at(index);
+    _masterTrack->setParentScoreModel(self.lock());
+    _tracks.link(self);
 }
 
 std::shared_ptr<Track> ScoreModel::lastTrack() const
@@ -99,8 +86,7 @@ void ScoreModel::addTrack(const std::shared_ptr<Track> &track)
 
 void ScoreModel::insertTrack(unsigned index, const std::shared_ptr<Track> &track, bool alignBars)
 {
-    linkChildren();
-    _tracks.insert(index, track, weak_from_this());
+    _tracks.insert(index, track, asParent());
     if (!alignBars)
         return;
     const unsigned count = _masterTrack->masterBarCount();

@@ -7,6 +7,7 @@
 #include <ZarnCore/model/ZarnBarColumns.h>
 #include <ZarnCore/model/ZarnChildList.h>
 #include <ZarnCore/model/ZarnMasterTrack.h>
+#include <ZarnCore/model/ZarnParentNode.h>
 #include <ZarnCore/model/ZarnTrack.h>
 #include <ZarnCore/model/layout/ZarnHeaderAndFooter.h>
 #include <ZarnCore/model/layout/ZarnPageSetup.h>
@@ -23,7 +24,8 @@ class Score;
 /// The document: the master track, the tracks, the audio tracks, and what belongs to the whole.
 ///
 /// Only commands change the model of a score. Texts are UTF-8.
-class ZARNCORE_EXPORT ScoreModel final : public std::enable_shared_from_this<ScoreModel> {
+class ZARNCORE_EXPORT ScoreModel final : public std::enable_shared_from_this<ScoreModel>,
+                                         public ParentNode<ScoreModel> {
 public:
     using Tracks = std::vector<std::shared_ptr<Track>>;
     using AudioTracks = std::vector<std::shared_ptr<AudioTrack>>;
@@ -41,20 +43,30 @@ public:
     Score *parentScore() const noexcept { return _score; }
     void setParentScore(Score *score) noexcept;
 
-    const std::shared_ptr<MasterTrack> &masterTrack() const noexcept { return _masterTrack; }
-    const std::shared_ptr<MasterTrack> &masterTrack();
+    const std::shared_ptr<MasterTrack> &masterTrack() const
+    {
+        linkChildren();
+        return _masterTrack;
+    }
 
     // Tracks.
 
-    const Tracks &tracks() const noexcept { return _tracks.items(); }
+    const Tracks &tracks() const
+    {
+        linkChildren();
+        return _tracks.items();
+    }
     unsigned trackCount() const noexcept { return _tracks.size(); }
     bool hasTracks() const noexcept { return trackCount() != 0; }
     bool hasTrackIndex(unsigned index) const noexcept { return index < trackCount(); }
 
     /// Empty past the end, and for first and last without tracks.
-    std::shared_ptr<Track> track(unsigned index) const { return _tracks.at(index); }
-    std::shared_ptr<Track> track(unsigned index);
-    std::shared_ptr<Track> firstTrack() const { return _tracks.at(0); }
+    std::shared_ptr<Track> track(unsigned index) const
+    {
+        linkChildren();
+        return _tracks.at(index);
+    }
+    std::shared_ptr<Track> firstTrack() const { return track(0); }
     std::shared_ptr<Track> lastTrack() const;
 
     /// A detached track as its instrument needs it, with no bars.
@@ -168,10 +180,12 @@ public:
 
 private:
     friend struct ChildLinkAccess;
+    friend struct ParentNodeAccess;
+    friend class ParentNode<ScoreModel>;
 
     static constexpr unsigned PropertyCount = static_cast<unsigned>(ScoreProperty::Notice) + 1;
 
-    void linkChildren();
+    void linkOrphans(const std::weak_ptr<ScoreModel> &self);
 
     Score *_score = nullptr;
     std::shared_ptr<MasterTrack> _masterTrack;

@@ -71,7 +71,6 @@ void restoreAutomations(AutomationContainer &container, AutomationContainer::Era
 
 BarColumnSurroundings ScoreModel::insertEmptyBarColumns(unsigned index, unsigned count)
 {
-    linkChildren();
     index = std::min(index, _masterTrack->masterBarCount());
     BarColumnSurroundings before;
     before.directions = _masterTrack->directionSlots();
@@ -90,7 +89,6 @@ BarColumns ScoreModel::takeBarColumns(unsigned first, unsigned last)
     taken.first = first;
     if (first > last || first >= _masterTrack->masterBarCount())
         return taken;
-    linkChildren();
     last = std::min(last, _masterTrack->masterBarCount() - 1);
 
     taken.surroundings.directions = _masterTrack->directionSlots();
@@ -124,7 +122,6 @@ void ScoreModel::putBackBarColumns(BarColumns columns)
     for (unsigned i = 0; i < trackCount(); ++i)
         ZARN_ASSERT_IN("zarn::ScoreModel::putBackBarColumns",
                        columns.bars[i].size() == tracks()[i]->staffCount());
-    linkChildren();
 
     _masterTrack->insertMasterBarBlock(columns.first, std::move(columns.masterBars));
     _masterTrack->restoreBlocks(std::move(columns.automations[0]));

@@ -15,7 +15,7 @@ Staff &Staff::operator=(const Staff &other)
         return *this;
     _bars = other._bars;
     copySettings(other);
-    linkChildren();
+    markOrphans();
     return *this;
 }
 
@@ -49,12 +49,6 @@ void Staff::setParentTrack(const std::shared_ptr<Track> &track)
     ChildLinkAccess::setParent(*this, track);
 }
 
-std::shared_ptr<Bar> Staff::bar(unsigned index)
-{
-    linkChildren();
-    return _bars.at(index);
-}
-
 void Staff::addBar(const std::shared_ptr<Bar> &bar, LinkMode mode)
 {
     insertBar(barCount(), bar, mode);
@@ -63,12 +57,11 @@ void Staff::addBar(const std::shared_ptr<Bar> &bar, LinkMode mode)
 void Staff::insertBar(unsigned index, const std::shared_ptr<Bar> &bar, LinkMode mode)
 {
     ChildLinkAccess::requireDetached(bar);
-    linkChildren();
     unmarkSimile(index);
     const ClefAndOttavia start = deduceBarClefAndOttavia(index);
     bar->setClef(start.clef);
     bar->setOttavia(start.ottavia);
-    _bars.insert(index, bar, weak_from_this());
+    _bars.insert(index, bar, asParent());
     if (mode == LinkMode::Mend)
         mendAround(bar->index(), 1);
 }
@@ -107,8 +100,7 @@ void Staff::mendAround(unsigned index, unsigned count)
 
 void Staff::insertBars(unsigned index, Bars bars)
 {
-    linkChildren();
-    _bars.insert(index, std::move(bars), weak_from_this());
+    _bars.insert(index, std::move(bars), asParent());
 }
 
 std::shared_ptr<Bar> Staff::removeBar(unsigned index, LinkMode mode)
@@ -137,8 +129,7 @@ void Staff::removeAllBars()
 std::shared_ptr<Bar> Staff::replaceBar(unsigned index, const std::shared_ptr<Bar> &bar)
 {
     ZARN_ASSERT_IN("zarn::Staff::replaceBar", index < barCount());
-    linkChildren();
-    return _bars.replace(index, bar, weak_from_this());
+    return _bars.replace(index, bar, asParent());
 }
 
 ClefAndOttavia Staff::deduceBarClefAndOttavia(unsigned index) const

@@ -7,6 +7,7 @@
 #include <ZarnCore/model/ZarnBar.h>
 #include <ZarnCore/model/ZarnChildList.h>
 #include <ZarnCore/model/ZarnLinkMode.h>
+#include <ZarnCore/model/ZarnParentNode.h>
 #include <ZarnCore/model/notes/ZarnChordDiagram.h>
 
 #include <cstdint>
@@ -27,7 +28,8 @@ struct ClefAndOttavia {
 /// One staff of a track. Its operations touch this staff alone: whoever uses them keeps the bar
 /// columns of the model aligned (`ScoreModel::insertEmptyBarColumns` does).
 class ZARNCORE_EXPORT Staff final : public std::enable_shared_from_this<Staff>,
-                                    public IndexedChildLink<Track> {
+                                    public IndexedChildLink<Track>,
+                                    public ParentNode<Staff> {
 public:
     using Bars = std::vector<std::shared_ptr<Bar>>;
 
@@ -49,12 +51,19 @@ public:
     /// Place in the track; 0 while detached.
     unsigned index() const noexcept { return place(); }
 
-    const Bars &bars() const noexcept { return _bars.items(); }
+    const Bars &bars() const
+    {
+        linkChildren();
+        return _bars.items();
+    }
     unsigned barCount() const noexcept { return _bars.size(); }
 
     /// Empty past the end.
-    std::shared_ptr<Bar> bar(unsigned index) const { return _bars.at(index); }
-    std::shared_ptr<Bar> bar(unsigned index);
+    std::shared_ptr<Bar> bar(unsigned index) const
+    {
+        linkChildren();
+        return _bars.at(index);
+    }
 
     /// Puts a detached bar in front of `index`; past the end it is appended. The bar gets the
     /// clef and ottava of its new place, and a simile bar that it pushes on is unmarked, because
@@ -132,12 +141,10 @@ public:
 
 private:
     friend struct ChildLinkAccess;
+    friend struct ParentNodeAccess;
+    friend class ParentNode<Staff>;
 
-    void linkChildren()
-    {
-        if (!_bars.isLinked())
-            _bars.link(weak_from_this());
-    }
+    void linkOrphans(const std::weak_ptr<Staff> &self) { _bars.link(self); }
     void copySettings(const Staff &other);
     void mendSimilesAround(unsigned index);
 

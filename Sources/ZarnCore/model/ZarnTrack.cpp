@@ -20,6 +20,7 @@ Track::Track(InstrumentSet::Type type) : _type(type)
         _name = InstrumentSet::typeName(type);
     for (unsigned i = 0; i < defaults.staffCount; ++i)
         _staves.insert(i, makeStaff(0), {});
+    markOrphans();
 }
 
 Track &Track::operator=(const Track &other)
@@ -29,7 +30,7 @@ Track &Track::operator=(const Track &other)
     copySettings(other);
     _staves = other._staves;
     _automations = other._automations;
-    linkChildren();
+    markOrphans();
     return *this;
 }
 
@@ -65,12 +66,6 @@ std::shared_ptr<Track> Track::cloneWithoutBars() const
 void Track::setParentScoreModel(const std::shared_ptr<ScoreModel> &model)
 {
     ChildLinkAccess::setParent(*this, model);
-}
-
-std::shared_ptr<Staff> Track::staff(unsigned index)
-{
-    linkChildren();
-    return _staves.at(index);
 }
 
 std::shared_ptr<Staff> Track::makeStaff(unsigned barCount) const
@@ -115,14 +110,12 @@ void Track::setStaff(unsigned index, const std::shared_ptr<Staff> &staff)
     ZARN_ASSERT_IN("zarn::Track::setStaff", index < staffCount());
     if (_staves.items()[index] == staff)
         return;
-    linkChildren();
-    _staves.replace(index, staff, weak_from_this());
+    _staves.replace(index, staff, asParent());
 }
 
 void Track::addStaves(Staves staves)
 {
-    linkChildren();
-    _staves.insert(staffCount(), std::move(staves), weak_from_this());
+    _staves.insert(staffCount(), std::move(staves), asParent());
 }
 
 Track::Staves Track::takeStavesFrom(unsigned index)
@@ -143,7 +136,7 @@ const Staff::Bars &Track::bars(unsigned staffIndex) const
 
 std::shared_ptr<Bar> Track::bar(unsigned barIndex, unsigned staffIndex) const
 {
-    return staffIndex < staffCount() ? std::as_const(*staves()[staffIndex]).bar(barIndex) : nullptr;
+    return staffIndex < staffCount() ? staves()[staffIndex]->bar(barIndex) : nullptr;
 }
 
 void Track::addBar(const std::shared_ptr<Bar> &bar, unsigned staffIndex, LinkMode mode)
@@ -161,7 +154,6 @@ void Track::insertBar(unsigned index, const std::shared_ptr<Bar> &bar, unsigned 
 
 void Track::addEmptyBars(unsigned count, LinkMode mode)
 {
-    linkChildren();
     for (const auto &staff : staves())
         staff->addEmptyBars(count, mode);
 }
@@ -170,7 +162,6 @@ void Track::insertEmptyBars(unsigned index, unsigned count, LinkMode mode)
 {
     if (index < barCount() && _automations.hasAutomations())
         _automations.insertBlocks(index, count);
-    linkChildren();
     for (const auto &staff : staves())
         staff->insertEmptyBars(index, count, mode);
 }

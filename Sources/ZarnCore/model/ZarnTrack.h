@@ -8,6 +8,7 @@
 #include <ZarnCore/instruments/sounds/ZarnSound.h>
 #include <ZarnCore/model/ZarnChildList.h>
 #include <ZarnCore/model/ZarnLinkMode.h>
+#include <ZarnCore/model/ZarnParentNode.h>
 #include <ZarnCore/model/ZarnStaff.h>
 #include <ZarnCore/model/ZarnTrackNotations.h>
 
@@ -26,7 +27,8 @@ class ScoreModel;
 /// Operations on bars touch this track alone; `ScoreModel` has those that keep the bar columns of
 /// all tracks aligned. A track attached to a model gives new staves a bar per master bar.
 class ZARNCORE_EXPORT Track final : public std::enable_shared_from_this<Track>,
-                                    public IndexedChildLink<ScoreModel> {
+                                    public IndexedChildLink<ScoreModel>,
+                                    public ParentNode<Track> {
 public:
     using Staves = std::vector<std::shared_ptr<Staff>>;
     using Sounds = std::vector<std::shared_ptr<const Sound>>;
@@ -60,12 +62,19 @@ public:
 
     // Staves.
 
-    const Staves &staves() const noexcept { return _staves.items(); }
+    const Staves &staves() const
+    {
+        linkChildren();
+        return _staves.items();
+    }
     unsigned staffCount() const noexcept { return _staves.size(); }
 
     /// Empty past the end.
-    std::shared_ptr<Staff> staff(unsigned index) const { return _staves.at(index); }
-    std::shared_ptr<Staff> staff(unsigned index);
+    std::shared_ptr<Staff> staff(unsigned index) const
+    {
+        linkChildren();
+        return _staves.at(index);
+    }
 
     /// Adds staves behind or removes the last ones; a new staff has as many bars as the others,
     /// or as the model. Raises for 0.
@@ -159,12 +168,10 @@ public:
 
 private:
     friend struct ChildLinkAccess;
+    friend struct ParentNodeAccess;
+    friend class ParentNode<Track>;
 
-    void linkChildren()
-    {
-        if (!_staves.isLinked())
-            _staves.link(weak_from_this());
-    }
+    void linkOrphans(const std::weak_ptr<Track> &self) { _staves.link(self); }
     void copySettings(const Track &other);
     std::shared_ptr<Staff> makeStaff(unsigned barCount) const;
 

@@ -10,7 +10,7 @@ namespace zarn {
 Voice &Voice::operator=(const Voice &other)
 {
     _beats = other._beats;
-    linkChildren();
+    markOrphans();
     forgetOffsets();
     return *this;
 }
@@ -18,12 +18,6 @@ Voice &Voice::operator=(const Voice &other)
 std::shared_ptr<Voice> Voice::clone() const
 {
     return ChildLinkAccess::clone(*this);
-}
-
-std::shared_ptr<Beat> Voice::beat(unsigned index)
-{
-    linkChildren();
-    return _beats.at(index);
 }
 
 void Voice::addBeat(const std::shared_ptr<Beat> &beat, LinkMode mode)
@@ -34,8 +28,7 @@ void Voice::addBeat(const std::shared_ptr<Beat> &beat, LinkMode mode)
 void Voice::insertBeat(unsigned index, const std::shared_ptr<Beat> &beat, LinkMode mode)
 {
     const unsigned at = std::min(index, beatCount());
-    linkChildren();
-    _beats.insert(at, beat, weak_from_this());
+    _beats.insert(at, beat, asParent());
     forgetOffsets();
     if (mode == LinkMode::Mend)
         mendTies(*this, at, at + 1);
@@ -45,8 +38,7 @@ void Voice::insertBeats(unsigned index, Beats beats, LinkMode mode)
 {
     const unsigned at = std::min(index, beatCount());
     const auto count = static_cast<unsigned>(beats.size());
-    linkChildren();
-    _beats.insert(at, std::move(beats), weak_from_this());
+    _beats.insert(at, std::move(beats), asParent());
     forgetOffsets();
     if (mode == LinkMode::Mend && count != 0)
         mendTies(*this, at, at + count);

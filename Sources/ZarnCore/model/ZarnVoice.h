@@ -6,6 +6,7 @@
 #include <ZarnCore/model/ZarnChildList.h>
 #include <ZarnCore/model/ZarnLazy.h>
 #include <ZarnCore/model/ZarnLinkMode.h>
+#include <ZarnCore/model/ZarnParentNode.h>
 #include <ZarnCore/utils/rational.h>
 
 #include <memory>
@@ -21,7 +22,8 @@ class Bar;
 /// Where the beats start is worked out when it is asked for first, and kept until a beat comes,
 /// goes or gets another length. Between changes any number of threads may ask at once.
 class ZARNCORE_EXPORT Voice final : public std::enable_shared_from_this<Voice>,
-                                    public IndexedChildLink<Bar> {
+                                    public IndexedChildLink<Bar>,
+                                    public ParentNode<Voice> {
 public:
     using Beats = std::vector<std::shared_ptr<Beat>>;
     using Notes = Beat::Notes;
@@ -40,13 +42,20 @@ public:
     /// Voice slot of the bar, 0 to 3; 0 while detached.
     unsigned index() const noexcept { return place(); }
 
-    const Beats &beats() const noexcept { return _beats.items(); }
+    const Beats &beats() const
+    {
+        linkChildren();
+        return _beats.items();
+    }
     unsigned beatCount() const noexcept { return _beats.size(); }
     bool isEmpty() const noexcept { return _beats.size() == 0; }
 
     /// Empty past the end.
-    std::shared_ptr<Beat> beat(unsigned index) const { return _beats.at(index); }
-    std::shared_ptr<Beat> beat(unsigned index);
+    std::shared_ptr<Beat> beat(unsigned index) const
+    {
+        linkChildren();
+        return _beats.at(index);
+    }
 
     /// Puts detached beats in front of `index`; past the end they are appended.
     void addBeat(const std::shared_ptr<Beat> &beat, LinkMode mode = LinkMode::None);
@@ -109,17 +118,17 @@ public:
 
 private:
     friend struct ChildLinkAccess;
+    friend struct ParentNodeAccess;
+    friend class ParentNode<Voice>;
 
     friend class Beat;
 
     /// Where each beat starts, and behind the last the length of the voice.
     using Offsets = std::vector<utils::rational>;
 
-    void linkChildren()
+    void linkOrphans(const std::weak_ptr<Voice> &self)
     {
-        if (_beats.isLinked())
-            return;
-        _beats.link(weak_from_this());
+        _beats.link(self);
         forgetOffsets();
     }
     Offsets sumUp() const;

@@ -77,8 +77,9 @@ Voice::Offsets Voice::sumUp() const
 
 const Voice::Offsets &Voice::offsets(Offsets &scratch) const
 {
+    linkChildren();
     const Offsets &kept = _offsets.get([this] {
-        const bool hearsOfChanges = _beats.isLinked()
+        const bool hearsOfChanges = !hasOrphans()
             && std::none_of(beats().begin(), beats().end(),
                             [](const auto &beat) { return beat->isWholeBarRest(); });
         return hearsOfChanges ? sumUp() : Offsets();
