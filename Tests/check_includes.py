@@ -1,11 +1,14 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Checks that includes between the folders of the library never point upwards.
+"""Checks how the folders and files of the library depend on each other.
 
-    check_includes.py SOURCE_DIR     exit 1 and a line for every include that points upwards
+    check_includes.py SOURCE_DIR     exit 1 and a line for every fault
     check_includes.py --self-test    checks the checker
 
-The order, lowest first, is the one that ARCHITECTURE.md draws.
+- Includes never point upwards; the order, lowest first, is the one that ARCHITECTURE.md draws.
+- A published header includes published headers alone.
+- What a class declares is defined in the folder of its header, so that no layer promises what only
+  a higher one keeps.
 """
 import pathlib
 import re
@@ -31,6 +34,11 @@ RANK = {name: rank for rank, row in enumerate(ROWS) for name in row}
 # and those that stand on top of everything.
 TOP = {"ZarnCoreUtils", "ZarnCoreUtilsPreview", "ZarnCoreUtilsSearch", "ZarnCore"}
 INCLUDE = re.compile(r'^\s*#\s*include\s*[<"]((?:ZarnCore|filesystem)/[^>"]+)[>"]')
+CLASS = re.compile(r"^(?:class|struct) (?:[A-Z_]+_EXPORT )?([\w:]+)(?: final)?(?: :[^;]*)?(?: \{.*)?$",
+                   re.MULTILINE)
+# "Type Class::member(", at the start of a line as the formatting puts it.
+DEFINITION = re.compile(r"^(?=\S)(?:[\w:<>,&*\[\] ]+[ &*])?((?:\w+::)+)~?(?:\w+|operator\W+)\(",
+                        re.MULTILINE)
 
 
 def area(path):
@@ -47,6 +55,37 @@ def area(path):
     return parts[1] if parts[1] in RANK else None
 
 
+def is_published(path):
+    """Whether a header is installed."""
+    folder, name = pathlib.PurePosixPath(path).parts[:-1], pathlib.PurePosixPath(path).name
+    if folder[0] == "filesystem":
+        return True
+    if folder[-1] == "utils":
+        return not name.startswith("Json")
+    return name.startswith("Zarn")
+
+
+def misplaced(files):
+    """Definitions of members outside of the folder of their class's header; `files` are texts by
+    path."""
+    folders = {}
+    for path, text in files.items():
+        if path.endswith(".h"):
+            for name in CLASS.findall(text):
+                folders.setdefault(name, set()).add(pathlib.PurePosixPath(path).parent)
+    for path, text in files.items():
+        if not path.endswith(".cpp"):
+            continue
+        for match in DEFINITION.finditer(text):
+            owner = match.group(1)[:-2]
+            while owner and owner not in folders:
+                owner = owner.rpartition("::")[0]
+            if owner and pathlib.PurePosixPath(path).parent not in folders[owner]:
+                line = text.count("\n", 0, match.start()) + 1
+                yield "%s:%d: defines a member of %s, which is declared in %s" % (
+                    path, line, owner, ", ".join(sorted(map(str, folders[owner]))))
+
+
 def problems(path, text):
     here = area(path)
     if here is None:
@@ -61,18 +100,20 @@ def problems(path, text):
             yield "%s:%d: includes %s from no known folder" % (path, number, match.group(1))
         elif RANK[there] > RANK[here]:
             yield "%s:%d: %s must not include %s (%s)" % (path, number, here, there, match.group(1))
+        if path.endswith(".h") and is_published(path) and not is_published(match.group(1)):
+            yield "%s:%d: a published header must not include %s" % (path, number, match.group(1))
 
 
 def check(root):
     root = pathlib.Path(root)
-    found = []
+    files = {}
     for base in (root / "Sources", root):
         for folder in ("ZarnCore", "filesystem", "Tools"):
             for file in sorted((base / folder).rglob("*")) if (base / folder).is_dir() else []:
                 if file.suffix in (".h", ".cpp") and file.name != "Precompiled.h":
-                    name = file.relative_to(base).as_posix()
-                    found.extend(problems(name, file.read_text(encoding="utf-8")))
-    return found
+                    files[file.relative_to(base).as_posix()] = file.read_text(encoding="utf-8")
+    found = [problem for name, text in files.items() for problem in problems(name, text)]
+    return found + list(misplaced(files))
 
 
 def self_test():
@@ -83,6 +124,18 @@ def self_test():
     assert len(bad) == 1 and "model must not include score" in bad[0], bad
     assert good == [] and len(lost) == 1, (good, lost)
 
+    inner = "#include <ZarnCore/model/ChildOrder.h>\n"
+    assert len(list(problems("ZarnCore/model/ZarnBar.h", inner))) == 1
+    assert not list(problems("ZarnCore/model/ZarnBar.cpp", inner))
+
+    header = "class ZARNCORE_EXPORT Scale final : public Base {\n    int tone();\n};\n"
+    files = {"ZarnCore/music/ZarnScale.h": header,
+             "ZarnCore/music/ZarnScale.cpp": "int Scale::tone()\n{\n}\n",
+             "ZarnCore/model/ZarnBar.cpp": "const std::vector<int> &Scale::tones(int a)\n{\n"
+                                           "    return Scale::other(a);\n}\n"}
+    faults = list(misplaced(files))
+    assert len(faults) == 1 and "ZarnBar.cpp:1: defines a member of Scale" in faults[0], faults
+
 
 def main(arguments):
     if arguments == ["--self-test"]:
@@ -90,7 +143,7 @@ def main(arguments):
         print("the include checker finds what it should")
         return 0
     found = check(arguments[0])
-    print("\n".join(found) if found else "no include points upwards")
+    print("\n".join(found) if found else "all folders depend on each other as they should")
     return 1 if found else 0
 
 

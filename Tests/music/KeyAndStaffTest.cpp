@@ -128,9 +128,13 @@ TEST(Music, keysTransposedBySemitonesTakeTheFewestAccidentals)
                 const KeySignature to = Music::transposedKeySignature(from, semitones);
                 EXPECT_EQ(PitchClass::fromPitch(to.rootNote()).tone(),
                           PitchClass::fromPitch(from.rootNote()).tone() + semitones);
+                EXPECT_FALSE(to.isMajor());
+                if (semitones % 12 == 0) {
+                    EXPECT_EQ(to, from) << "it stays as it is written";
+                    continue;
+                }
                 EXPECT_LE(std::abs(to.accidentalCount()), 6);
                 EXPECT_NE(to.accidentalCount(), asSharps ? -6 : 6);
-                EXPECT_FALSE(to.isMajor());
             }
     EXPECT_EQ(Music::transposedKeySignature(KeySignature(0), 1).accidentalCount(), -5);
     EXPECT_EQ(Music::transposedKeySignature(KeySignature(0), INT32_MIN).accidentalCount(), 4);

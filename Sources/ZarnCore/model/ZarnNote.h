@@ -4,6 +4,7 @@
 #include <ZarnCore/ZarnExport.h>
 #include <ZarnCore/ZarnTypes.h>
 #include <ZarnCore/model/ZarnChildList.h>
+#include <ZarnCore/model/notes/ZarnWrittenPitch.h>
 #include <ZarnCore/music/ZarnPitchClass.h>
 
 #include <cstdint>

@@ -59,6 +59,8 @@ int Music::getNumberOfBeamsByValue(RhythmValue::NoteValue noteValue)
 
 KeySignature Music::transposedKeySignature(const KeySignature &key, int semitones) noexcept
 {
+    if (semitones % 12 == 0)
+        return key;
     // A semitone is seven fifths; twelve fifths lead to the same key.
     int count = spelling::wrapped(key.accidentalCount() + 7 * (semitones % 12), 12);
     if (count > 6 || (count == 6 && !key.transposeAsSharps()))

@@ -16,9 +16,6 @@
 
 namespace zarn {
 
-class Bar;
-class Note;
-
 /// A letter with its accidental, as in a list of chord tones.
 struct NoteAndAccidental {
     NoteName note;
@@ -33,6 +30,9 @@ struct NoteAndAccidental {
 /// octaves that an ottava sign adds to what is written, 2 for 15ma to -2 for 15mb; see
 /// `ottaviaOctaves`. The clefs None and Neutral have the lines of G2. A number that is no clef
 /// raises.
+///
+/// What asks for a note or a bar of a score is a template: the tree stands above this layer and
+/// answers with the functions of `model/notes/ZarnWrittenPitch.h`.
 class ZARNCORE_EXPORT Music {
 public:
     Music() = delete;
@@ -64,19 +64,35 @@ public:
 
     /// The written pitch of a note: its own, or what its string and fret sound on its staff, the
     /// capo and the track's transposition counted in. -1 when there is neither.
-    static int midi(const Note &note);
+    template <class Note>
+    static int midi(const Note &note)
+    {
+        return writtenMidi(note);
+    }
 
     /// The letter on which a note is written; invalid for a note without a pitch.
-    static NoteName noteName(const Note &note);
+    template <class Note>
+    static NoteName noteName(const Note &note)
+    {
+        return writtenNoteName(note);
+    }
 
     /// How a note is written when its pitch is `midi`: with its own accidental if some letter has
     /// it there, otherwise as in a key signature with that many sharps (negative: flats).
+    template <class Note>
     static core::Pitch computePitchAccordingToMidi(const Note &note, int midi,
-                                                   int keyAccidentalCount);
+                                                   int keyAccidentalCount)
+    {
+        return writtenPitch(note, midi, keyAccidentalCount);
+    }
 
     /// The key signature to draw: the key of the bar's column, transposed as its track is
     /// written. C major for a bar outside of a model.
-    static KeySignature drawingKeySignatureForBar(const Bar &bar);
+    template <class Bar>
+    static KeySignature drawingKeySignatureForBar(const Bar &bar)
+    {
+        return writtenKeySignature(bar);
+    }
 
     /// 2 for 15ma, 1 for 8va, 0, -1 and -2; a number outside the enumeration counts as none.
     static int ottaviaOctaves(Ottavia ottavia) noexcept;

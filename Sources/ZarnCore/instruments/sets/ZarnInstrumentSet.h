@@ -19,9 +19,6 @@
 
 namespace zarn {
 
-class Beat;
-class Note;
-
 /// What a track plays: an instrument category, and for percussion the elements (snare, hi-hat)
 /// with the articulations that can be written, entered and played.
 ///
@@ -143,7 +140,11 @@ public:
     /// the staff and the kind of its head; for other sets a note of this pitch as written. A note
     /// that the beat holds already is returned as it is. Empty, and nothing is added, when no
     /// articulation has the key or when a note cannot hold its numbers.
-    std::shared_ptr<Note> addNoteFromMidi(Beat &beat, std::int32_t midi) const;
+    template <class Beat>
+    auto addNoteFromMidi(Beat &beat, std::int32_t midi) const
+    {
+        return addNoteOfSet(*this, beat, midi);
+    }
 
     /// Takes an element over from another set, for music that is brought here. An element of the
     /// same name and type is kept and gets the other's sound bank if it has none; a new one joins

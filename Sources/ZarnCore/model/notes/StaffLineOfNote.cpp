@@ -36,11 +36,11 @@ std::optional<int> staffLineOf(const Note &note, const Beat &beat, const Bar &ba
     const auto track = staff ? staff->track() : nullptr;
     if (const auto line = track ? lineOfArticulation(note, *track) : std::nullopt)
         return line;
-    const int midi = Music::midi(note);
+    const int midi = writtenMidi(note);
     if (midi == Note::Unset || (track && InstrumentSet::isUnpitched(track->type())))
         return std::nullopt;
-    const int accidentals = Music::drawingKeySignatureForBar(bar).accidentalCount();
-    const core::Pitch pitch = Music::computePitchAccordingToMidi(note, midi, accidentals);
+    const int accidentals = writtenKeySignature(bar).accidentalCount();
+    const core::Pitch pitch = writtenPitch(note, midi, accidentals);
     const Ottavia ottavia = beat.ottavia() != Ottavia::None ? beat.ottavia() : bar.ottavia();
     return Music::staffLineOfNote(PitchClass::fromPitch(pitch).note(), clefOver(beat, bar),
                                   pitch.octave())

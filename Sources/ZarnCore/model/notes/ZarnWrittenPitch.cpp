@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <ZarnCore/model/notes/ZarnWrittenPitch.h>
+
 #include <ZarnCore/model/ZarnBar.h>
 #include <ZarnCore/model/ZarnBeat.h>
 #include <ZarnCore/model/ZarnMasterBar.h>
@@ -38,7 +40,7 @@ unsigned capoOf(const Staff &staff, unsigned string)
 
 } // namespace
 
-int Music::midi(const Note &note)
+int writtenMidi(const Note &note)
 {
     if (note.midi() != Note::Unset || note.string() == Note::Unset || note.fret() == Note::Unset)
         return note.midi();
@@ -53,28 +55,28 @@ int Music::midi(const Note &note)
     return sounding - (track ? track->transpositionOffset() : 0);
 }
 
-NoteName Music::noteName(const Note &note)
+NoteName writtenNoteName(const Note &note)
 {
-    const int midi = Music::midi(note);
+    const int midi = writtenMidi(note);
     if (midi == Note::Unset)
         return {};
     const auto bar = barOf(note);
-    const int accidentals = bar ? drawingKeySignatureForBar(*bar).accidentalCount() : 0;
-    return PitchClass::fromPitch(computePitchAccordingToMidi(note, midi, accidentals)).note();
+    const int accidentals = bar ? writtenKeySignature(*bar).accidentalCount() : 0;
+    return PitchClass::fromPitch(writtenPitch(note, midi, accidentals)).note();
 }
 
-core::Pitch Music::computePitchAccordingToMidi(const Note &note, int midi, int keyAccidentalCount)
+core::Pitch writtenPitch(const Note &note, int midi, int keyAccidentalCount)
 {
     const auto spelling = note.spelling();
     const Accidental wish = spelling ? spelling->accidental().accidentalValue() : Accidental::None;
-    const NoteAccidental accidental(
-        validateForcedAccidentalForMidi(midi, wish, keyAccidentalCount >= 0, keyAccidentalCount));
+    const NoteAccidental accidental(Music::validateForcedAccidentalForMidi(
+        midi, wish, keyAccidentalCount >= 0, keyAccidentalCount));
     const int natural = midi - accidental.alteration();
     const int step = Tone(natural).value();
     return core::Pitch(step, accidental.alteration(), (natural - step) / 12);
 }
 
-KeySignature Music::drawingKeySignatureForBar(const Bar &bar)
+KeySignature writtenKeySignature(const Bar &bar)
 {
     const auto masterBar = bar.masterBar();
     if (!masterBar)
@@ -82,8 +84,7 @@ KeySignature Music::drawingKeySignatureForBar(const Bar &bar)
     const auto staff = bar.parentStaff();
     const auto track = staff ? staff->track() : nullptr;
     const int offset = track ? track->transpositionOffset() : 0;
-    const KeySignature &key = masterBar->concertKeySignature();
-    return offset % 12 == 0 ? key : transposedKeySignature(key, -(offset % 12));
+    return Music::transposedKeySignature(masterBar->concertKeySignature(), -(offset % 12));
 }
 
 } // namespace zarn

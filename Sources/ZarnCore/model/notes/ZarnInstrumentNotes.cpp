@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <ZarnCore/model/notes/ZarnInstrumentNotes.h>
+
 #include <ZarnCore/instruments/sets/ZarnInstrumentSet.h>
 #include <ZarnCore/model/ZarnBeat.h>
 #include <ZarnCore/model/ZarnNote.h>
@@ -28,20 +30,20 @@ std::shared_ptr<Note> noteWithArticulation(const Beat &beat, int index)
 
 } // namespace
 
-std::shared_ptr<Note> InstrumentSet::addNoteFromMidi(Beat &beat, std::int32_t midi) const
+std::shared_ptr<Note> addNoteOfSet(const InstrumentSet &set, Beat &beat, std::int32_t midi)
 {
     if (midi < 0 || midi > highestMidi)
         return nullptr;
     std::shared_ptr<Note> note;
-    if (_articulations.empty()) {
+    if (set.articulations().empty()) {
         if (auto held = beat.noteWithMidi(midi))
             return held;
         note = std::make_shared<Note>(midi);
     } else {
-        const int index = indexOfArticulationWithMidi(midi);
+        const int index = set.indexOfArticulationWithMidi(midi);
         if (index < 0)
             return nullptr;
-        const auto &articulation = _articulations[static_cast<std::size_t>(index)];
+        const auto &articulation = set.articulations()[static_cast<std::size_t>(index)];
         if (!fitsNote(articulation, index))
             return nullptr;
         if (auto held = noteWithArticulation(beat, index))
