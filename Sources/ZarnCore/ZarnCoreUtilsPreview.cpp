@@ -84,12 +84,12 @@ void PartCopy::copyMasterTrack() const
 
 void PartCopy::copyDirections() const
 {
-    auto slots = _from.masterTrack()->directionSlots();
-    for (int &bar : slots) {
+    auto directions = _from.masterTrack()->directionSlots();
+    for (int &bar : directions) {
         const auto place = std::find(_columns.begin(), _columns.end(), static_cast<unsigned>(bar));
         bar = bar >= 0 && place != _columns.end() ? static_cast<int>(place - _columns.begin()) : -1;
     }
-    _to.masterTrack()->setDirectionSlots(slots);
+    _to.masterTrack()->setDirectionSlots(directions);
 }
 
 void PartCopy::copyAutomations(const AutomationContainer &from, AutomationContainer &to) const

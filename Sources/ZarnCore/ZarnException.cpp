@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/ZarnException.h>
 
-#include <sstream>
-
 namespace zarn {
 
 CoreException::CoreException(const std::string &message, const char *file, const char *function,
@@ -18,9 +16,9 @@ CoreException::~CoreException() = default;
 
 std::string CoreException::getMessage() const
 {
-    std::ostringstream text;
-    text << _message << " (file: " << _file << " line: " << _line << " func: " << _function << ")";
-    return text.str();
+    // Unlike streams, to_string knows no locale.
+    return _message + " (file: " + _file + " line: " + std::to_string(_line) + " func: " + _function
+        + ")";
 }
 
 const char *CoreException::what() const noexcept

@@ -110,12 +110,12 @@ QString scorePropertyToQString(ScoreProperty property)
     return QStringLiteral("Unknown (%0)").arg(static_cast<int>(property));
 }
 
-std::string ScoreViewCollection::zoomPolicyToString(ZoomPolicy value)
+std::string zoomPolicyToString(ScoreViewCollection::ZoomPolicy value)
 {
     return std::string(zoomPolicyTexts.textOrFirst(value));
 }
 
-ScoreViewCollection::ZoomPolicy ScoreViewCollection::zoomPolicyFromString(const std::string &text)
+ScoreViewCollection::ZoomPolicy zoomPolicyFromString(const std::string &text)
 {
     return zoomPolicyTexts.valueOrFirst(text);
 }

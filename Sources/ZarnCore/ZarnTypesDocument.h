@@ -78,16 +78,16 @@ ZARNCORE_EXPORT ZarnScoreError scoreErrorFromString(const std::string &text);
 ZARNCORE_EXPORT QString scorePropertyToQString(ScoreProperty property);
 
 /// The views of a score: how far they are zoomed.
-struct ZARNCORE_EXPORT ScoreViewCollection {
+struct ScoreViewCollection {
     enum class ZoomPolicy : std::uint8_t {
         Value,
         FitWidth,
         FitHeight,
         FitPage,
     };
-
-    static std::string zoomPolicyToString(ZoomPolicy value);
-    static ZoomPolicy zoomPolicyFromString(const std::string &text);
 };
+
+ZARNCORE_EXPORT std::string zoomPolicyToString(ScoreViewCollection::ZoomPolicy value);
+ZARNCORE_EXPORT ScoreViewCollection::ZoomPolicy zoomPolicyFromString(const std::string &text);
 
 } // namespace zarn

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <locale>
 #include <memory>
 #include <string>
 
@@ -17,6 +18,21 @@ TEST(CoreException, textNamesFileLineAndFunction)
     const CoreException error("M", "F", "N", 7);
     EXPECT_EQ(error.getMessage(), "M (file: F line: 7 func: N)");
     EXPECT_STREQ(error.what(), "M (file: F line: 7 func: N)");
+}
+
+struct GroupedDigits final : std::numpunct<char> {
+    GroupedDigits() : std::numpunct<char>(1) { } // owned here, not by the locales
+    char do_thousands_sep() const override { return '.'; }
+    std::string do_grouping() const override { return "\3"; }
+};
+
+TEST(CoreException, lineIsWrittenAlikeInEveryLocale)
+{
+    GroupedDigits digits;
+    const auto before = std::locale::global(std::locale(std::locale::classic(), &digits));
+    const CoreException error("M", "F", "N", 12345);
+    std::locale::global(before);
+    EXPECT_EQ(error.getMessage(), "M (file: F line: 12345 func: N)");
 }
 
 TEST(CoreException, textOfACopyOutlivesTheOriginal)

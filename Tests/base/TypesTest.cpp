@@ -131,10 +131,8 @@ TEST(Types, everyTextStandsInItsPlaceAndIsReadAgain)
     expectForgivingRoundTrips<WhammyBarType>(
         whammyBarTypeToString, whammyBarTypeFromString,
         {"NoWhammyBar", "Dive", "Dip", "HoldWhammyBar", "PreDive", "PreDiveNDive"});
-    using Views = ScoreViewCollection;
-    expectForgivingRoundTrips<Views::ZoomPolicy>(Views::zoomPolicyToString,
-                                                 Views::zoomPolicyFromString,
-                                                 {"Value", "FitWidth", "FitHeight", "FitPage"});
+    expectForgivingRoundTrips<ScoreViewCollection::ZoomPolicy>(
+        zoomPolicyToString, zoomPolicyFromString, {"Value", "FitWidth", "FitHeight", "FitPage"});
     expectForgivingRoundTrips<ZarnIconID>(iconIDToString, iconIDFromString,
                                           {"steelGuitar",
                                            "acousticGuitar",
@@ -199,8 +197,7 @@ TEST(Types, oddSpellingsAreKept)
     EXPECT_EQ(playingStyleFromString("DRUMKITHOTROD"), PlayingStyle::DrumKitHotRod);
     EXPECT_EQ(playingStyleToString(PlayingStyle::DrumKitHotRod), "Default");
     EXPECT_EQ(rasgueadoFromString("none"), RasgueadoType::None);
-    EXPECT_EQ(ScoreViewCollection::zoomPolicyFromString("fitpage"),
-              ScoreViewCollection::ZoomPolicy::FitPage);
+    EXPECT_EQ(zoomPolicyFromString("fitpage"), ScoreViewCollection::ZoomPolicy::FitPage);
     EXPECT_EQ(golpeFromString("FINGER"), ZarnGolpeType::Thumb) << "exact words only";
 }
 

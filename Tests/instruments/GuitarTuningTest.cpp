@@ -49,6 +49,10 @@ TEST(GuitarTuning, pitchesThatEnterAreClampedAndWidenTheRange)
     EXPECT_EQ(given.lowestMidi(), -3);
     EXPECT_EQ(given.highestMidi(), 140);
     EXPECT_EQ(GuitarTuning(given), given);
+    for (const auto &pitches : {std::vector<int>{5, 7}, {0, 0}, {125, 140}, {-4, -2}}) {
+        given.setMidiNumbers(pitches);
+        EXPECT_EQ(GuitarTuning(given), given);
+    }
     given.setMidiNumbers({});
     EXPECT_EQ(given.highestMidi(), 12);
     EXPECT_EQ(given.lowestMidi(), 119);

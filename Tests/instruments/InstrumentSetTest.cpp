@@ -87,7 +87,7 @@ TEST(InstrumentArticulation, splitsTheSoundPathAtEveryDot)
     using Path = std::vector<std::string>;
     EXPECT_EQ(path("hit"), Path{"hit"});
     EXPECT_EQ(path("kick..hit."), (Path{"kick", "", "hit", ""}));
-    EXPECT_EQ(path(""), Path{});
+    EXPECT_EQ(path(""), Path{""});
 }
 
 TEST(InstrumentArticulation, placementsHaveFourTexts)

@@ -19,9 +19,9 @@ struct MasterTrack::Private {
 
     static DirectionSlots unsetDirections() noexcept
     {
-        DirectionSlots slots;
-        slots.fill(-1);
-        return slots;
+        DirectionSlots unset;
+        unset.fill(-1);
+        return unset;
     }
 };
 

@@ -27,9 +27,9 @@ const MasterTrack::DirectionSlots &MasterTrack::directionSlots() const noexcept
     return _d->directions;
 }
 
-void MasterTrack::setDirectionSlots(const DirectionSlots &slots) noexcept
+void MasterTrack::setDirectionSlots(const DirectionSlots &bars) noexcept
 {
-    _d->directions = slots;
+    _d->directions = bars;
     _d->isPlayListStale = true;
 }
 

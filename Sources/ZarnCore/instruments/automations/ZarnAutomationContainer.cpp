@@ -180,20 +180,20 @@ void AutomationContainer::copyAutomations(const AutomationContainer &other)
     // The copies are complete before anything of this container goes.
     std::vector<std::unique_ptr<Automation>> copies;
     copies.reserve(other._owned.size());
-    std::array<Slot, Automation::automationTypeCount> slots;
-    for (std::size_t i = 0; i < slots.size(); ++i) {
-        slots[i].keys = other._slots[i].keys;
-        slots[i].isBypassed = _slots[i].isBypassed;
-        slots[i].automations.reserve(other._slots[i].automations.size());
+    std::array<Slot, Automation::automationTypeCount> lists;
+    for (std::size_t i = 0; i < lists.size(); ++i) {
+        lists[i].keys = other._slots[i].keys;
+        lists[i].isBypassed = _slots[i].isBypassed;
+        lists[i].automations.reserve(other._slots[i].automations.size());
         for (const auto *original : other._slots[i].automations) {
             auto copy = original->cloneAutomation();
             copy->_parent = this;
             copy->_ownedAt = copies.size();
-            slots[i].automations.push_back(copy.get());
+            lists[i].automations.push_back(copy.get());
             copies.push_back(std::move(copy));
         }
     }
-    _slots.swap(slots);
+    _slots.swap(lists);
     _owned.swap(copies);
 }
 

@@ -34,7 +34,7 @@ MusicGlyph glyphNamed(std::string_view name, MusicGlyph fallback)
     return glyph.value_or(fallback);
 }
 
-/// "kick.center.hit" in its components; none for an empty text.
+/// "kick.center.hit" in its components; one, an empty one, for an empty text.
 std::vector<std::string> componentsOf(std::string_view path)
 {
     std::vector<std::string> components;
@@ -43,8 +43,7 @@ std::vector<std::string> componentsOf(std::string_view path)
         components.emplace_back(path.substr(0, dot));
         path.remove_prefix(dot + 1);
     }
-    if (!path.empty() || !components.empty())
-        components.emplace_back(path);
+    components.emplace_back(path);
     return components;
 }
 

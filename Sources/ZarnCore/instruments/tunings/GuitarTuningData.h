@@ -9,6 +9,9 @@ namespace zarn {
 struct GuitarTuning::Data {
     Data();
 
+    /// Takes the highest and the lowest pitch anew; without pitches they are as at the start.
+    void setRangeOf(const std::vector<int> &pitches) noexcept;
+
     std::uint32_t id;
     Instrument instrument = Undefined;
     bool isFlat = false;

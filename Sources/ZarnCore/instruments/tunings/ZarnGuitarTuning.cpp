@@ -46,6 +46,13 @@ GuitarTuning::Data::Data()
     id = nextId++;
 }
 
+void GuitarTuning::Data::setRangeOf(const std::vector<int> &pitches) noexcept
+{
+    const auto range = std::minmax_element(pitches.begin(), pitches.end());
+    lowestMidi = pitches.empty() ? maximumMidi : *range.first;
+    highestMidi = pitches.empty() ? minimumMidi : *range.second;
+}
+
 GuitarTuning::GuitarTuning() : _data(std::make_unique<Data>()) { }
 
 GuitarTuning::GuitarTuning(unsigned stringCount) : GuitarTuning()
@@ -91,14 +98,11 @@ GuitarTuning &GuitarTuning::operator=(const GuitarTuning &other)
     const auto &source = *other._data;
     *_data = source;
     _data->id = id;
-    _data->highestMidi = minimumMidi;
-    _data->lowestMidi = maximumMidi;
     // Strings that were never set have pitch 0 and no part in the range.
-    const bool hasZeroInRange = source.lowestMidi <= 0;
-    for (const int midi : _data->midiNumbers) {
-        if (midi != 0 || hasZeroInRange)
-            widenRange(midi);
-    }
+    auto counted = source.midiNumbers;
+    if (source.lowestMidi > 0)
+        counted.erase(std::remove(counted.begin(), counted.end(), 0), counted.end());
+    _data->setRangeOf(counted);
     return *this;
 }
 
@@ -191,10 +195,7 @@ const std::vector<int> &GuitarTuning::midiNumbers() const noexcept
 void GuitarTuning::setMidiNumbers(const std::vector<int> &midiNumbers)
 {
     _data->midiNumbers = midiNumbers;
-    const auto &stored = _data->midiNumbers;
-    const auto range = std::minmax_element(stored.begin(), stored.end());
-    _data->lowestMidi = stored.empty() ? maximumMidi : *range.first;
-    _data->highestMidi = stored.empty() ? minimumMidi : *range.second;
+    _data->setRangeOf(midiNumbers);
 }
 
 bool GuitarTuning::hasShortDroneString() const noexcept

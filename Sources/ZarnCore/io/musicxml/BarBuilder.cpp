@@ -36,7 +36,7 @@ void BarBuilder::build(const WrittenMeasure &measure,
         if (!note.chord || !joinChord(note))
             place(note);
     for (auto &staff : _staves)
-        for (auto &slot : staff.slots)
+        for (auto &slot : staff.voiceSlots)
             if (!slot.beats.empty())
                 fill(slot, measure.length, measure.node);
     attachMarks(measure);
@@ -45,7 +45,7 @@ void BarBuilder::build(const WrittenMeasure &measure,
     for (std::size_t i = 0; i < staves.size(); ++i) {
         auto bar = std::make_shared<Bar>();
         for (unsigned number = 0; number < Bar::MaxVoices; ++number) {
-            auto &slot = _staves[i].slots[number];
+            auto &slot = _staves[i].voiceSlots[number];
             if (!slot.beats.empty()) {
                 Voice::Beats beats;
                 beats.reserve(slot.beats.size());
@@ -108,7 +108,7 @@ BarBuilder::Slot *BarBuilder::slotFor(const WrittenNote &note)
 
 BarBuilder::Slot *BarBuilder::ownSlot(StaffSlots &staff, int voice)
 {
-    for (auto &slot : staff.slots)
+    for (auto &slot : staff.voiceSlots)
         if (slot.voice == voice)
             return &slot;
     return nullptr;
@@ -134,9 +134,9 @@ BarBuilder::Slot *BarBuilder::freeSlot(StaffSlots &staff, int voice)
         slot.voice = voice;
         return true;
     };
-    if (preferred != Nobody && take(staff.slots[static_cast<std::size_t>(preferred)]))
-        return &staff.slots[static_cast<std::size_t>(preferred)];
-    for (auto slot = staff.slots.rbegin(); slot != staff.slots.rend(); ++slot)
+    if (preferred != Nobody && take(staff.voiceSlots[static_cast<std::size_t>(preferred)]))
+        return &staff.voiceSlots[static_cast<std::size_t>(preferred)];
+    for (auto slot = staff.voiceSlots.rbegin(); slot != staff.voiceSlots.rend(); ++slot)
         if (take(*slot))
             return &*slot;
     return nullptr;
@@ -145,7 +145,7 @@ BarBuilder::Slot *BarBuilder::freeSlot(StaffSlots &staff, int voice)
 /// A slot of another voice that has ended when the note begins.
 BarBuilder::Slot *BarBuilder::roomySlot(StaffSlots &staff, const WrittenNote &note)
 {
-    for (auto &slot : staff.slots)
+    for (auto &slot : staff.voiceSlots)
         if (!(note.onset + note.tolerance < slot.end))
             return &slot;
     return nullptr;
@@ -225,7 +225,7 @@ BarBuilder::PlacedBeat *BarBuilder::beatNear(StaffSlots &staff, const rational &
             return !best || candidate.beat->hasNotes();
         return utils::abs(candidate.onset - onset) < utils::abs(best->onset - onset);
     };
-    for (auto &slot : staff.slots) {
+    for (auto &slot : staff.voiceSlots) {
         const auto middle =
             std::partition_point(slot.beats.begin(), slot.beats.end(),
                                  [&](const PlacedBeat &placed) { return placed.onset < onset; });

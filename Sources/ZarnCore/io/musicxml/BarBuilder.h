@@ -54,7 +54,7 @@ private:
     };
 
     struct StaffSlots {
-        std::array<Slot, Bar::MaxVoices> slots;
+        std::array<Slot, Bar::MaxVoices> voiceSlots;
         std::vector<int> preferred; ///< slot of each voice of the part; `Nobody` for none yet
         std::array<bool, Bar::MaxVoices> claimed = {};
         Ottavia ottavia = Ottavia::None; ///< that is open at the start of the bar

@@ -65,7 +65,7 @@ void BarBuilder::attachOttavas(const WrittenMeasure &measure)
             continue;
         std::stable_sort(_ottavas.begin(), _ottavas.end(),
                          [](const auto &a, const auto &b) { return a.first < b.first; });
-        for (auto &slot : staff.slots) {
+        for (auto &slot : staff.voiceSlots) {
             auto current = staff.ottavia;
             auto next = _ottavas.begin();
             for (auto &placed : slot.beats) {
@@ -88,7 +88,7 @@ Beat *BarBuilder::beatForMark(const WrittenMark &mark, const rational &length)
         auto &staff = _staves[(own + i) % _staves.size()];
         const PlacedBeat *after = nullptr;
         const PlacedBeat *before = nullptr;
-        for (auto &slot : staff.slots) {
+        for (auto &slot : staff.voiceSlots) {
             const auto found =
                 std::partition_point(slot.beats.begin(), slot.beats.end(),
                                      [&](const PlacedBeat &p) { return p.onset < mark.position; });
@@ -100,7 +100,7 @@ Beat *BarBuilder::beatForMark(const WrittenMark &mark, const rational &length)
         if (after || before)
             return (after ? after : before)->beat.get();
     }
-    auto &slot = _staves[own].slots[0];
+    auto &slot = _staves[own].voiceSlots[0];
     slot.voice = 0;
     fill(slot, length > rational(0) ? length : rational(4), mark.node);
     return slot.beats.empty() ? nullptr : slot.beats.front().beat.get();

@@ -80,13 +80,13 @@ constexpr std::array voiceFields = {
 void writeVoices(DocumentWriter &writer, std::string_view key, const Bar &bar)
 {
     const auto isFilled = [](const auto &voice) { return voice && !voice->isEmpty(); };
-    const auto &slots = bar.voices();
-    const auto end = std::find_if(slots.rbegin(), slots.rend(), isFilled).base();
-    if (end == slots.begin())
+    const auto &voices = bar.voices();
+    const auto end = std::find_if(voices.rbegin(), voices.rend(), isFilled).base();
+    if (end == voices.begin())
         return;
     writer.key(key);
     writer.StartArray();
-    for (auto slot = slots.begin(); slot != end; ++slot) {
+    for (auto slot = voices.begin(); slot != end; ++slot) {
         writer.StartObject();
         if (isFilled(*slot))
             writeFields(writer, **slot, voiceFields);
