@@ -6,13 +6,9 @@ set(zarn_cmake_dir ${CMAKE_INSTALL_LIBDIR}/cmake/ZarnCore)
 install(TARGETS ZarnCore zarnfilesystem EXPORT ZarnCoreTargets
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
     RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
-    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
+    FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zarncore)
 install(EXPORT ZarnCoreTargets NAMESPACE Zarn:: DESTINATION ${zarn_cmake_dir})
-foreach(folder ZarnCore filesystem)
-    install(DIRECTORY Sources/${folder} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zarncore
-        FILES_MATCHING PATTERN "*.h" PATTERN "Precompiled.h" EXCLUDE
-        REGEX "/(io/(musicxml|native|text)|core)/" EXCLUDE)
-endforeach()
 
 configure_package_config_file(cmake/ZarnCoreConfig.cmake.in ZarnCoreConfig.cmake
     INSTALL_DESTINATION ${zarn_cmake_dir})

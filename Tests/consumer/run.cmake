@@ -1,7 +1,9 @@
 # SPDX-License-Identifier: MIT
-# Installs the library into an empty prefix, then builds and runs a consumer from outside the tree,
-# once through the CMake package and once through pkg-config.
-#   cmake -DBUILD_DIR=... -DSOURCE_DIR=... -DWORK_DIR=... -DCXX=... -DFLAGS=... -P run.cmake
+# Installs the library into an empty prefix and uses it from there as others do: builds and runs the
+# example of an editor through the CMake package, and the programs of the README through pkg-config,
+# with no flags but those that it gives.
+#   cmake -DBUILD_DIR=... -DSOURCE_DIR=... -DWORK_DIR=... -DCXX=... -DFLAGS=... -DPYTHON=... -P run.cmake
+# FLAGS are what the build of the library itself asks for beyond its package, such as sanitizers.
 function(step what)
     execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE out ERROR_VARIABLE out)
     if(NOT result EQUAL 0)
@@ -11,26 +13,30 @@ function(step what)
 endfunction()
 
 file(REMOVE_RECURSE ${WORK_DIR})
-file(MAKE_DIRECTORY ${WORK_DIR})
-file(COPY ${SOURCE_DIR}/main.cpp ${SOURCE_DIR}/CMakeLists.txt DESTINATION ${WORK_DIR}/consumer)
+file(COPY ${SOURCE_DIR}/Examples DESTINATION ${WORK_DIR})
 set(prefix ${WORK_DIR}/prefix)
+set(sample ${SOURCE_DIR}/Samples/romance-guitar-study.musicxml)
+# The programs keep out of the user's own data.
+set(ENV{HOME} ${WORK_DIR}/home)
+set(ENV{XDG_DATA_HOME} ${WORK_DIR}/home/data)
 
 step("install" ${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${prefix})
-step("configure" ${CMAKE_COMMAND} -S ${WORK_DIR}/consumer -B ${WORK_DIR}/build -G Ninja
-    -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_CXX_COMPILER=${CXX} -DCMAKE_CXX_FLAGS=${FLAGS})
-step("build" ${CMAKE_COMMAND} --build ${WORK_DIR}/build)
-step("run" ${WORK_DIR}/build/consumer)
+step("configure the example" ${CMAKE_COMMAND} -S ${WORK_DIR}/Examples -B ${WORK_DIR}/build -G Ninja
+    -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_CXX_COMPILER=${CXX} "-DCMAKE_CXX_FLAGS=${FLAGS}")
+step("build the example" ${CMAKE_COMMAND} --build ${WORK_DIR}/build)
+step("run the example" ${WORK_DIR}/build/score-view ${sample} ${WORK_DIR}/viewed.zarn)
 
-file(GLOB pc ${prefix}/*/pkgconfig/zarncore.pc ${prefix}/*/*/pkgconfig/zarncore.pc)
+file(GLOB_RECURSE pc ${prefix}/zarncore.pc)
 get_filename_component(pcdir ${pc} DIRECTORY)
-get_filename_component(libdir ${pcdir} DIRECTORY)
 set(ENV{PKG_CONFIG_PATH} ${pcdir})
 execute_process(COMMAND pkg-config --cflags --libs zarncore
-    OUTPUT_VARIABLE flags OUTPUT_STRIP_TRAILING_WHITESPACE RESULT_VARIABLE result)
-if(NOT result EQUAL 0)
-    message(FATAL_ERROR "pkg-config does not know zarncore")
-endif()
+    OUTPUT_VARIABLE flags OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
 separate_arguments(flags UNIX_COMMAND "${flags} ${FLAGS}")
-step("build with pkg-config" ${CXX} -std=c++17 -fPIC ${WORK_DIR}/consumer/main.cpp
-    -o ${WORK_DIR}/plain ${flags} -Wl,-rpath,${libdir})
-step("run with pkg-config" ${WORK_DIR}/plain)
+step("take the programs out of the README"
+    ${PYTHON} ${SOURCE_DIR}/Tests/consumer/readme_programs.py ${SOURCE_DIR}/README.md ${WORK_DIR}/readme)
+file(GLOB programs ${WORK_DIR}/readme/*.cpp)
+foreach(program ${programs})
+    get_filename_component(name ${program} NAME_WE)
+    step("build ${name}" ${CXX} ${program} -o ${WORK_DIR}/readme/${name} ${flags})
+    step("run ${name}" ${WORK_DIR}/readme/${name} ${sample} ${WORK_DIR}/${name}.zarn)
+endforeach()

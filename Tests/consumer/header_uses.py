@@ -1,0 +1,77 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
+"""Writes sources that use installed headers.
+
+    header_uses.py INCLUDE_FOLDER FOLDER
+
+FOLDER/alone gets a source for each header that includes it alone (twice, to see its guard), and
+every_header.cpp is a program that includes them all and uses every exported class: its destructor
+and its run-time type must be there when it is linked.
+"""
+import pathlib
+import re
+import sys
+
+NAMESPACE = re.compile(r"^namespace ([\w:]+) \{")
+END_OF_NAMESPACE = re.compile(r"^\} // namespace")
+CLASS = re.compile(r"^(?:class|struct) (?:ZARNCORE_EXPORT|FILESYSTEM_EXPORT) (\w+)\b[^;]*$")
+
+
+def exported_classes(text):
+    """Qualified names of the classes that a header exports, in order."""
+    scope = []
+    for line in text.splitlines():
+        if match := NAMESPACE.match(line):
+            scope.append(match.group(1))
+        elif END_OF_NAMESPACE.match(line):
+            scope.pop()
+        elif match := CLASS.match(line):
+            yield "::".join(scope + [match.group(1)])
+
+
+def write(path, text):
+    """Leaves a file alone that is as it should be, so that nothing is compiled again for it."""
+    if not path.exists() or path.read_text(encoding="utf-8") != text:
+        path.write_text(text, encoding="utf-8")
+
+
+def main(include, folder):
+    include, folder = pathlib.Path(include), pathlib.Path(folder)
+    (folder / "alone").mkdir(parents=True, exist_ok=True)
+    includes, uses = "", ""
+    for header in sorted(include.rglob("*.h")):
+        name = header.relative_to(include).as_posix()
+        line = "#include <%s>\n" % name
+        write(folder / "alone" / (name.replace("/", "_") + ".cpp"), line + line)
+        includes += line
+        for cls in exported_classes(header.read_text(encoding="utf-8")):
+            uses += "    use<%s>();\n" % cls
+    if not uses:
+        sys.exit("no exported class in %s" % include)
+    write(folder / "every_header.cpp", includes + """
+#include <type_traits>
+#include <typeinfo>
+
+namespace {
+
+const void *volatile used = nullptr;
+
+template <class T>
+void use()
+{
+    used = &typeid(T);
+    if constexpr (std::is_destructible_v<T>) {
+        void (*const destroy)(T &) = [](T &object) { object.~T(); };
+        used = reinterpret_cast<const void *>(destroy);
+    }
+}
+
+} // namespace
+
+int main()
+{
+""" + uses + "    return used == nullptr;\n}\n")
+
+
+if __name__ == "__main__":
+    main(*sys.argv[1:])
