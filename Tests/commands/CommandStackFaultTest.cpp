@@ -140,6 +140,45 @@ TEST_F(StackTest, threadThatReadsCannotEdit)
     EXPECT_EQ(undoNames(), "A");
 }
 
+TEST_F(StackTest, readersSeeWholeDocumentsWhileTheyAreReplaced)
+{
+    const auto makeModel = [](unsigned bars) {
+        auto model = std::make_shared<zarn::ScoreModel>();
+        model->insertEmptyBarColumns(0, bars);
+        model->createAndInsertTrack(0, zarn::InstrumentSet::flute);
+        return model;
+    };
+    const auto expectWhole = [&] {
+        const zarn::ScoreModel &model = *score.scoreModel();
+        EXPECT_EQ(model.parentScore(), &score);
+        EXPECT_EQ(model.masterTrack()->playlist().size(), model.masterTrack()->masterBarCount());
+    };
+    zarn::Score other;
+    other.setScoreModel(makeModel(3));
+    std::atomic<bool> isOver{false};
+    std::atomic<int> reads{0};
+    std::thread reader([&] {
+        while (!isOver) {
+            if (!stack.tryLock()) {
+                std::this_thread::yield();
+                continue;
+            }
+            expectWhole();
+            ++reads;
+            stack.unlock();
+        }
+    });
+    for (unsigned i = 0; i < 200 || reads < 10; ++i) {
+        score.setScoreModel(makeModel(i % 5));
+        expectWhole();
+        score.createBars(0, 2);
+        expectWhole();
+        score = other;
+    }
+    isOver = true;
+    reader.join();
+}
+
 TEST_F(StackTest, readersSeeTheScoreBetweenCommandsOnly)
 {
     // Two numbers that a command changes one after the other: equal whenever the lock is free.

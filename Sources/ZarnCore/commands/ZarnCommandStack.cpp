@@ -2,12 +2,14 @@
 #include <ZarnCore/commands/ZarnCommandStack.h>
 
 #include <ZarnCore/ZarnAssert.h>
+#include <ZarnCore/commands/OpenGroups.h>
 #include <ZarnCore/events/ZarnCommandEvents.h>
 #include <ZarnCore/score/ZarnScore.h>
 
 #include <algorithm>
 #include <iostream>
 #include <limits>
+#include <optional>
 #include <utility>
 
 namespace zarn {
@@ -18,74 +20,40 @@ constexpr std::size_t defaultMaximumUndo = 69;
 
 } // namespace
 
-/// Marks that a step is under way, on every way out no longer.
-class CommandStack::Step {
-public:
-    explicit Step(CommandStack &stack) noexcept : _stack(stack) { _stack._isInsideStep = true; }
-    ~Step() { _stack._isInsideStep = false; }
-    Step(const Step &) = delete;
-    Step &operator=(const Step &) = delete;
-
-private:
-    CommandStack &_stack;
-};
-
-/// Holds the stack's mutex, and says which thread does.
-class CommandStack::Lock {
-public:
-    explicit Lock(CommandStack &stack) : _stack(stack)
-    {
-        _stack.checkNotLockedHere("zarn::CommandStack::lock");
-        _stack._mutex.lock();
-        _stack._lockOwner.store(std::this_thread::get_id(), std::memory_order_relaxed);
-    }
-    ~Lock()
-    {
-        _stack._lockOwner.store(std::thread::id(), std::memory_order_relaxed);
-        _stack._mutex.unlock();
-    }
-    Lock(const Lock &) = delete;
-    Lock &operator=(const Lock &) = delete;
-
-private:
-    CommandStack &_stack;
-};
-
 CommandStack::CommandStack(Score *score)
-    : _score(score), _redo(defaultMaximumUndo), _undo(defaultMaximumUndo)
+    : _score(score), _history(defaultMaximumUndo), _open(std::make_unique<OpenGroups>())
 {
 }
 
-CommandStack::~CommandStack()
-{
-    dropCursors();
-    dropRedo();
-    dropUndo();
-}
+CommandStack::~CommandStack() = default;
 
+// What is announced carries a name, which nobody need be given when nobody listens.
 template <class E>
-void CommandStack::announce(const E &event)
+void CommandStack::announce(const Command &command)
+{
+    if (_score != nullptr && _score->isHeard<E>())
+        _score->notify(this, E(command.name()));
+}
+
+void CommandStack::announceExecuted()
 {
     if (_score != nullptr)
-        _score->notify(this, event);
+        _score->notify(this, evt::CommandExecuted());
 }
 
-void CommandStack::checkOutsideStep(const char *function) const
+void CommandStack::prepareChange(const char *function)
 {
-    if (_isInsideStep)
-        ZARN_RAISE_IN(function,
-                      "The command stack is in the middle of a step: a command, or a "
-                      "listener of its events, must not change the stack");
-    checkNotLockedHere(function);
+    _lock.requireOutsideStep(function);
+    if (!_open->isEmpty())
+        takeBackOrphans();
 }
 
-void CommandStack::checkNotLockedHere(const char *function) const
+void CommandStack::prepareHistoryChange(const char *function)
 {
-    const std::thread::id owner = _lockOwner.load(std::memory_order_relaxed);
-    if (owner != std::thread::id() && owner == std::this_thread::get_id())
+    prepareChange(function);
+    if (isTransactionOpen())
         ZARN_RAISE_IN(function,
-                      "The command stack is locked by this very thread: call unlock() "
-                      "before editing");
+                      "A transaction is open: its step must end before the steps can change");
 }
 
 // A listener of CommandPushed finds the stack untouched and unlocked, and may still push a command
@@ -94,320 +62,327 @@ void CommandStack::pushCommand(Command *command)
 {
     std::unique_ptr<Command> owned(command);
     ZARN_ASSERT_IN("zarn::CommandStack::pushCommand", command != NULL);
-    checkOutsideStep("zarn::CommandStack::pushCommand");
-    if (!_openMacros.empty()) {
-        _openMacros.back()->pushCommand(owned.release());
+    prepareChange("zarn::CommandStack::pushCommand");
+    if (_open->isEmpty())
+        announce<evt::CommandPushed>(*owned);
+    if (!_open->isEmpty()) {
+        join(std::move(owned));
         return;
     }
-    announce(evt::CommandPushed(owned->name()));
-    const Step step(*this);
-    execute(owned, Executed::FirstTime);
+    const EditLock::Step step(_lock);
+    execute(owned, UndoHistory::Run::First);
 }
 
 /// Stores the command in the ring and runs it. What it displaces dies only when it has run: when it
 /// throws, the stack is as it was and the command is the caller's again.
-void CommandStack::execute(std::unique_ptr<Command> &command, Executed executed)
+void CommandStack::execute(std::unique_ptr<Command> &command, UndoHistory::Run run)
 {
     // Before the lock: what is displaced dies when the lock is free again.
     std::unique_ptr<Command> displaced = std::move(command);
-    const Lock lock(*this);
+    const EditLock::Hold hold(_lock);
     std::optional<ScoreCursor> cursor;
     if (_score != nullptr)
         cursor.emplace(_score->scoreCursor());
     Command &running = *displaced;
-    const std::int32_t undoTop = _undoTop;
-    const std::int32_t redoTop = _redoTop;
-    const std::size_t place = placeAfter(undoTop);
-    Slot *const slot = _undo.empty() ? nullptr : &_undo[place];
-    const bool wasOccupied = slot != nullptr && slot->isOccupied;
-    if (slot != nullptr) {
-        slot->command.swap(displaced);
-        slot->isOccupied = true;
-        _undoTop = static_cast<std::int32_t>(place);
-    }
-    if (executed == Executed::FirstTime)
-        _redoTop = -1;
+    const UndoHistory::Trial trial = _history.store(displaced, run);
     try {
         running.redo();
     } catch (...) {
-        if (slot != nullptr) {
-            slot->command.swap(displaced);
-            slot->isOccupied = wasOccupied;
-        }
-        _undoTop = undoTop;
-        _redoTop = redoTop;
+        _history.takeOut(trial, displaced);
         command = std::move(displaced);
         throw;
     }
-    if (slot != nullptr) {
-        slot->cursor.reset();
-        if (cursor.has_value())
-            slot->cursor.emplace(*cursor);
-    }
-    if (executed == Executed::FirstTime) {
-        _redoTop = redoTop;
-        dropRedo();
-    }
-    if (_stepsSinceClean.has_value())
-        ++*_stepsSinceClean;
-    if (_score != nullptr)
-        _score->scoreCursor().settle();
-    announce(evt::CommandExecuted());
+    _history.keep(trial, cursor.has_value() ? &*cursor : nullptr);
+    settleCursor();
+    announceExecuted();
 }
 
 void CommandStack::undo()
 {
-    checkOutsideStep("zarn::CommandStack::undo");
-    if (!undoAvailable() || _redoTop + 1 >= static_cast<std::int32_t>(_redo.size()))
+    prepareHistoryChange("zarn::CommandStack::undo");
+    if (!_history.undoAvailable() || !_history.hasRoomForRedo())
         return;
-    const Step step(*this);
-    const std::int32_t place = _undoTop;
-    Slot &slot = _undo[static_cast<std::size_t>(place)];
-    std::unique_ptr<Command> command = std::move(slot.command);
-    slot.isOccupied = false;
-    _undoTop = place > 0 ? place - 1 : static_cast<std::int32_t>(_undo.size()) - 1;
-    std::optional<Lock> lock;
+    const EditLock::Step step(_lock);
+    std::unique_ptr<Command> command = _history.takeUndo();
+    std::optional<EditLock::Hold> hold;
     try {
-        announce(evt::CommandWillUndo(command->name()));
-        lock.emplace(*this);
+        announce<evt::CommandWillUndo>(*command);
+        hold.emplace(_lock);
         command->undo();
     } catch (...) {
-        slot.command = std::move(command);
-        slot.isOccupied = true;
-        _undoTop = place;
+        _history.putBackUndo(std::move(command));
         throw;
     }
     // Stored before the cursor moves: a listener of that may throw.
-    _redo[static_cast<std::size_t>(++_redoTop)] = std::move(command);
-    if (_stepsSinceClean.has_value())
-        --*_stepsSinceClean;
-    if (_score != nullptr) {
-        if (slot.cursor.has_value())
-            _score->scoreCursor().moveToCursor(*slot.cursor);
-        else
-            _score->scoreCursor().settle();
-    }
-    slot.cursor.reset();
-    announce(evt::CommandExecuted());
+    moveCursorBack(_history.keepUndone(std::move(command)));
+    announceExecuted();
 }
 
 void CommandStack::redo()
 {
-    checkOutsideStep("zarn::CommandStack::redo");
-    if (!redoAvailable())
+    prepareHistoryChange("zarn::CommandStack::redo");
+    if (!_history.redoAvailable())
         return;
-    const Step step(*this);
-    const std::int32_t place = _redoTop--;
-    std::unique_ptr<Command> command = std::move(_redo[static_cast<std::size_t>(place)]);
+    const EditLock::Step step(_lock);
+    std::unique_ptr<Command> command = _history.takeRedo();
     try {
-        announce(evt::CommandWillRedo(command->name()));
-        execute(command, Executed::Again);
+        announce<evt::CommandWillRedo>(*command);
+        execute(command, UndoHistory::Run::Again);
     } catch (...) {
-        if (command != nullptr) {
-            _redo[static_cast<std::size_t>(place)] = std::move(command);
-            _redoTop = place;
-        }
+        if (command != nullptr)
+            _history.putBackRedo(std::move(command));
         throw;
     }
 }
 
-bool CommandStack::undoAvailable() const noexcept
+void CommandStack::settleCursor()
 {
-    return _undoTop >= 0 && _undo[static_cast<std::size_t>(_undoTop)].command != nullptr;
+    if (_score != nullptr)
+        _score->scoreCursor().settle();
 }
 
-std::uint32_t CommandStack::undoCount() const noexcept
+/// To where it was, when that is known.
+void CommandStack::moveCursorBack(const ScoreCursor *cursor)
 {
-    return static_cast<std::uint32_t>(std::count_if(
-        _undo.begin(), _undo.end(), [](const Slot &slot) { return slot.isOccupied; }));
+    if (_score != nullptr && cursor != nullptr)
+        _score->scoreCursor().moveToCursor(*cursor);
+    else
+        settleCursor();
 }
 
 void CommandStack::setMaximumUndo(std::uint32_t count)
 {
-    checkOutsideStep("zarn::CommandStack::setMaximumUndo");
+    prepareHistoryChange("zarn::CommandStack::setMaximumUndo");
     ZARN_ASSERT_IN("zarn::CommandStack::setMaximumUndo",
                    count <= static_cast<std::uint32_t>(std::numeric_limits<std::int32_t>::max()));
-    std::vector<std::unique_ptr<Command>> redo(count);
-    std::vector<Slot> undo(count);
-    for (std::size_t i = 0; i < std::min(undo.size(), _undo.size()); ++i)
-        undo[i].isOccupied = _undo[i].isOccupied;
-    _redoTop = -1;
-    _undoTop = -1;
-    _redo.swap(redo);
-    _undo.swap(undo);
-    if (!isClean())
-        _stepsSinceClean.reset();
+    _history.resize(count);
 }
 
 QStringList CommandStack::undoCommandList() const
 {
-    QStringList names;
-    visitUndo(_undo.size(), [&](const Command &command) { names.append(command.name()); });
-    return names;
+    return _history.undoTexts(&Command::name, _history.size());
 }
 
 QStringList CommandStack::undoArgList() const
 {
-    QStringList args;
-    visitUndo(_undo.size(), [&](const Command &command) { args.append(command.args()); });
-    return args;
+    return _history.undoTexts(&Command::args, _history.size());
 }
 
 QStringList CommandStack::redoCommandList() const
 {
-    QStringList names;
-    visitRedo([&](const Command &command) { names.append(command.name()); });
-    return names;
+    return _history.redoTexts(&Command::name);
 }
 
 QStringList CommandStack::redoArgList() const
 {
-    QStringList args;
-    visitRedo([&](const Command &command) { args.append(command.args()); });
-    return args;
+    return _history.redoTexts(&Command::args);
+}
+
+bool CommandStack::isMacroOpen() const noexcept
+{
+    return _open->isCollecting();
+}
+
+bool CommandStack::isTransactionOpen() const noexcept
+{
+    return _open->isRunning();
 }
 
 void CommandStack::beginMacroCommand()
 {
-    checkOutsideStep("zarn::CommandStack::beginMacroCommand");
-    _openMacros.push_back(std::make_unique<MacroCommand>(_score));
+    prepareChange("zarn::CommandStack::beginMacroCommand");
+    _open->openMacro(_score);
 }
 
 void CommandStack::endMacroCommand(bool commit)
 {
-    if (_openMacros.empty())
-        return;
-    std::unique_ptr<MacroCommand> macro = std::move(_openMacros.back());
-    _openMacros.pop_back();
-    if (commit)
+    std::unique_ptr<MacroCommand> macro = _open->takeMacro();
+    if (commit && macro != nullptr)
         pushCommand(macro.release());
+}
+
+/// Takes over a command while a macro or a transaction is open.
+void CommandStack::join(std::unique_ptr<Command> command)
+{
+    if (_open->isCollecting())
+        _open->innermost().commands->pushCommand(command.release());
+    else
+        runInTransaction(std::move(command));
+}
+
+void CommandStack::runInTransaction(std::unique_ptr<Command> command)
+{
+    OpenGroup &outermost = _open->outermost();
+    if (!outermost.isAnnounced) {
+        const std::uint64_t number = outermost.transaction;
+        outermost.isAnnounced = true;
+        try {
+            announce<evt::CommandPushed>(*outermost.commands);
+        } catch (...) {
+            OpenGroup *const still = _open->findTransaction(number);
+            if (still != nullptr)
+                still->isAnnounced = still->isBegun;
+            throw;
+        }
+        // Anew: a listener may have opened or ended something.
+        pushCommand(command.release());
+        return;
+    }
+    const EditLock::Step step(_lock);
+    const EditLock::Hold hold(_lock);
+    for (OpenGroup &group : _open->all()) {
+        if (group.isBegun)
+            continue;
+        if (_score != nullptr)
+            group.cursor.emplace(_score->scoreCursor());
+        group.commands->begin();
+        group.isBegun = true;
+    }
+    _open->innermost().commands->run(std::move(command));
+    settleCursor();
+}
+
+std::uint64_t CommandStack::openTransaction(const QString &name)
+{
+    prepareChange("zarn::Transaction::Transaction");
+    return _open->openTransaction(_score, name);
+}
+
+void CommandStack::commitTransaction(std::uint64_t number)
+{
+    constexpr auto function = "zarn::Transaction::commit";
+    prepareChange(function);
+    const OpenGroup *const group = _open->findTransaction(number);
+    if (group == nullptr)
+        ZARN_RAISE_IN(function, "The transaction has ended with what was around it");
+    if (group != &_open->innermost())
+        ZARN_RAISE_IN(function, "What was opened inside of the transaction must end first");
+    OpenGroup ended = _open->takeInnermost();
+    if (!ended.isCollecting)
+        keepTransaction(std::move(ended));
+    else if (ended.commands->commandCount() != 0)
+        _open->innermost().commands->pushCommand(ended.commands.release());
+}
+
+/// Makes a step of what has run, or a part of the transaction around it.
+void CommandStack::keepTransaction(OpenGroup group)
+{
+    if (!group.isBegun)
+        return;
+    const EditLock::Step step(_lock);
+    std::unique_ptr<Command> kept; // before the lock: what is displaced dies when it is free again
+    const EditLock::Hold hold(_lock);
+    const ScoreCursor *const cursor = group.cursor.has_value() ? &*group.cursor : nullptr;
+    try {
+        group.commands->end();
+    } catch (...) {
+        const Score::TakingBack unstoppable(_score);
+        moveCursorBack(cursor);
+        throw;
+    }
+    if (group.commands->commandCount() == 0)
+        return;
+    if (!_open->isEmpty()) {
+        _open->innermost().commands->pushCommand(group.commands.release());
+        return;
+    }
+    kept = std::move(group.commands);
+    _history.keep(_history.store(kept, UndoHistory::Run::First), cursor);
+    announceExecuted();
+}
+
+/// Marks the transaction where nothing can be changed: it is taken back before the next change.
+void CommandStack::abandonTransaction(std::uint64_t number)
+{
+    if (OpenGroup *const group = _open->findTransaction(number))
+        group->isOrphan = true;
+    _lock.requireOutsideStep("zarn::Transaction::~Transaction");
+    while (_open->findTransaction(number) != nullptr)
+        takeBack(_open->takeInnermost());
+}
+
+void CommandStack::takeBackOrphans()
+{
+    const auto findOrphan = [this] {
+        auto &all = _open->all();
+        const auto found = std::find_if(all.begin(), all.end(),
+                                        [](const OpenGroup &group) { return group.isOrphan; });
+        return found != all.end() ? found->transaction : 0;
+    };
+    while (const std::uint64_t orphan = findOrphan())
+        abandonTransaction(orphan);
+}
+
+/// Undoes what has run of a group that was taken out.
+void CommandStack::takeBack(OpenGroup group)
+{
+    if (!group.isBegun)
+        return;
+    const EditLock::Step step(_lock);
+    const EditLock::Hold hold(_lock);
+    {
+        const Score::TakingBack unstoppable(_score);
+        group.commands->takeBack();
+        moveCursorBack(group.cursor.has_value() ? &*group.cursor : nullptr);
+    }
+    if (_open->isEmpty() && group.commands->commandCount() != 0)
+        announceExecuted();
 }
 
 void CommandStack::setClean()
 {
-    checkOutsideStep("zarn::CommandStack::setClean");
-    _stepsSinceClean = 0;
+    prepareHistoryChange("zarn::CommandStack::setClean");
+    _history.setClean();
+}
+
+bool CommandStack::isClean() const noexcept
+{
+    return _history.isClean() && !_open->hasRun();
 }
 
 /// Forgets everything and has the document exchanged where no reader is at work.
 void CommandStack::replaceDocument(const std::function<void()> &exchange)
 {
-    checkOutsideStep("zarn::CommandStack::replaceDocument");
+    prepareHistoryChange("zarn::CommandStack::replaceDocument");
     reset();
-    const Lock lock(*this);
+    const EditLock::Hold hold(_lock);
     exchange();
 }
 
 /// As good as new, with as much room as before.
 void CommandStack::reset() noexcept
 {
-    _openMacros.clear();
-    for (Slot &slot : _undo)
-        slot = Slot();
-    for (auto &command : _redo)
-        command.reset();
-    _undoTop = -1;
-    _redoTop = -1;
-    _stepsSinceClean = 0;
+    _open->clear();
+    _history.reset();
 }
 
 void CommandStack::clear()
 {
-    checkOutsideStep("zarn::CommandStack::clear");
-    dropCursors();
-    dropRedo();
-    dropUndo();
+    prepareHistoryChange("zarn::CommandStack::clear");
+    _history.dropCursors();
+    _history.dropRedo();
+    _history.dropUndo();
 }
 
 void CommandStack::clearRedoStack()
 {
-    checkOutsideStep("zarn::CommandStack::clearRedoStack");
-    dropRedo();
+    prepareHistoryChange("zarn::CommandStack::clearRedoStack");
+    _history.dropRedo();
 }
 
 void CommandStack::clearUndoStack()
 {
-    checkOutsideStep("zarn::CommandStack::clearUndoStack");
-    dropUndo();
-}
-
-bool CommandStack::tryLock()
-{
-    const auto self = std::this_thread::get_id();
-    if (_lockOwner.load(std::memory_order_relaxed) == self || !_mutex.try_lock())
-        return false;
-    _lockOwner.store(self, std::memory_order_relaxed);
-    return true;
-}
-
-void CommandStack::unlock()
-{
-    ZARN_ASSERT_IN("zarn::CommandStack::unlock",
-                   _lockOwner.load(std::memory_order_relaxed) == std::this_thread::get_id());
-    _lockOwner.store(std::thread::id(), std::memory_order_relaxed);
-    _mutex.unlock();
+    prepareHistoryChange("zarn::CommandStack::clearUndoStack");
+    _history.dropUndo();
 }
 
 void CommandStack::printTop(std::uint32_t last) const
 {
+    const QStringList names = _history.undoTexts(&Command::name, std::size_t(last) + 1);
     std::cout << "***** STACK TOP " << last << " *****\n";
-    std::size_t position = 0;
-    visitUndo(std::size_t(last) + 1, [&](const Command &command) {
-        std::cout << position++ << " " << command.name().toStdString() << "\n";
-    });
+    for (int position = 0; position < names.size(); ++position)
+        std::cout << position << " " << names[position].toStdString() << "\n";
     std::cout << "***********************" << std::endl;
-}
-
-void CommandStack::dropCursors() noexcept
-{
-    for (Slot &slot : _undo)
-        slot.cursor.reset();
-}
-
-void CommandStack::dropRedo() noexcept
-{
-    if (_redoTop >= 0 && _stepsSinceClean < 0)
-        _stepsSinceClean.reset();
-    for (; _redoTop >= 0; --_redoTop)
-        _redo[static_cast<std::size_t>(_redoTop)].reset();
-}
-
-void CommandStack::dropUndo() noexcept
-{
-    if (!undoAvailable())
-        return;
-    if (_stepsSinceClean > 0)
-        _stepsSinceClean.reset();
-    for (std::int32_t i = 0; i <= _undoTop; ++i)
-        _undo[static_cast<std::size_t>(i)] = Slot();
-    _undoTop = -1;
-}
-
-/// The place in the ring that comes behind a top.
-std::size_t CommandStack::placeAfter(std::int32_t top) const noexcept
-{
-    const auto next = static_cast<std::size_t>(top + 1);
-    return next < _undo.size() ? next : 0;
-}
-
-/// Visits at most `limit` commands of the ring, newest first.
-template <class Visit>
-void CommandStack::visitUndo(std::size_t limit, Visit visit) const
-{
-    if (_undoTop < 0)
-        return;
-    auto place = static_cast<std::size_t>(_undoTop);
-    for (limit = std::min(limit, _undo.size()); limit > 0 && _undo[place].command; --limit) {
-        visit(*_undo[place].command);
-        place = place > 0 ? place - 1 : _undo.size() - 1;
-    }
-}
-
-template <class Visit>
-void CommandStack::visitRedo(Visit visit) const
-{
-    for (std::int32_t i = _redoTop; i >= 0; --i)
-        visit(*_redo[static_cast<std::size_t>(i)]);
 }
 
 } // namespace zarn

@@ -2,23 +2,19 @@
 #pragma once
 
 #include <ZarnCore/ZarnExport.h>
-#include <ZarnCore/commands/ZarnMacroCommand.h>
-#include <ZarnCore/score/ZarnScoreCursor.h>
+#include <ZarnCore/commands/ZarnEditLock.h>
+#include <ZarnCore/commands/ZarnUndoHistory.h>
 
 #include <QStringList>
-#include <atomic>
 #include <cstdint>
-#include <deque>
 #include <functional>
 #include <memory>
-#include <mutex>
-#include <optional>
-#include <thread>
-#include <vector>
 
 namespace zarn {
 
+class OpenGroups;
 class Score;
+struct OpenGroup;
 
 /// Executes the commands of a score and keeps them for undo and redo, a bounded number of them.
 ///
@@ -29,9 +25,13 @@ class Score;
 /// change and `CommandExecuted` the score's cursor leaves a place that is gone, or moves back on
 /// undo; see `ScoreCursor::settle`.
 ///
+/// Commands are made one step by macros, which wait and run together, and by transactions, which
+/// run at once; see `MacroCommandRecorder` and `Transaction`. Each may be opened inside the other.
+///
 /// Editing belongs to one thread. Other threads read the score between `tryLock` and `unlock`.
 /// Whatever changes the stack raises when it is called from inside a step: from a command, or from
 /// a listener of `CommandWillUndo`, `CommandWillRedo`, `CommandExecuted` or of the events between.
+/// While a transaction is open, a step is half done: what goes back in history or drops it raises.
 ///
 /// A score that was replaced (`Score::setScoreModel`, assignment) has a stack as good as new: it
 /// counts 0, no macro is open, and the state is clean.
@@ -49,8 +49,8 @@ public:
     void _setScore(Score *score) noexcept { _score = score; }
 
     /// Takes over the command and executes it; while a macro is open, appends it to the innermost
-    /// one instead. Drops what could be redone, and the oldest command when the ring is full.
-    /// Raises for a null command.
+    /// one instead. Drops what could be redone, and the oldest command when the ring is full; in a
+    /// transaction that happens at its end. Raises for a null command.
     void pushCommand(Command *command);
 
     /// Reverts the newest command, and moves the score's cursor back to where it was before the
@@ -60,14 +60,17 @@ public:
     /// Executes the command that was undone last; does nothing when there is none.
     void redo();
 
-    bool undoAvailable() const noexcept;
-    bool redoAvailable() const noexcept { return _redoTop >= 0; }
+    bool undoAvailable() const noexcept { return _history.undoAvailable(); }
+    bool redoAvailable() const noexcept { return _history.redoAvailable(); }
 
     /// Number of occupied slots, those included that `setMaximumUndo` left without a command.
-    std::uint32_t undoCount() const noexcept;
-    std::uint32_t redoCount() const noexcept { return static_cast<std::uint32_t>(_redoTop + 1); }
+    std::uint32_t undoCount() const noexcept { return _history.undoCount(); }
+    std::uint32_t redoCount() const noexcept { return _history.redoCount(); }
 
-    std::uint32_t maximumUndo() const noexcept { return static_cast<std::uint32_t>(_redo.size()); }
+    std::uint32_t maximumUndo() const noexcept
+    {
+        return static_cast<std::uint32_t>(_history.size());
+    }
 
     /// Destroys all commands and makes room for `count`. Of the first slots, those that held a
     /// command stay marked as occupied: they count in `undoCount` until pushes overwrite them and
@@ -90,14 +93,19 @@ public:
     void endMacroCommand(bool commit);
 
     /// Whether what is pushed now joins a macro and waits for its end.
-    bool isMacroOpen() const noexcept { return !_openMacros.empty(); }
+    bool isMacroOpen() const noexcept;
 
-    /// Marks the state of the score as the one that is saved; a new stack is clean.
+    /// Whether a transaction is open that runs what is pushed at once, so that a step is half done.
+    /// One inside of a macro waits as the macro does.
+    bool isTransactionOpen() const noexcept;
+
+    /// Marks the state of the score as the one that is saved; a new stack is clean. Raises in the
+    /// middle of a transaction.
     void setClean();
 
     /// Whether undo and redo have led to the saved state: never again once the steps between are
     /// dropped. Commands that wait in an open macro have changed nothing yet.
-    bool isClean() const noexcept { return _stepsSinceClean == 0; }
+    bool isClean() const noexcept;
 
     /// Forgets the saved cursors and calls `clearRedoStack` and `clearUndoStack`.
     void clear();
@@ -111,55 +119,43 @@ public:
 
     /// Keeps commands from running, so that the caller may read the score. False when a command is
     /// running or another reader is at work, on this thread too.
-    bool tryLock();
+    bool tryLock() { return _lock.tryLock(); }
 
     /// Ends what `tryLock` began, on the same thread; raises on a thread that does not hold it.
-    void unlock();
+    void unlock() { _lock.unlock(); }
 
     /// Writes the names of the newest commands, positions 0 to `last`, to the standard output.
     void printTop(std::uint32_t last) const;
 
 private:
     friend class Score;
-
-    /// One place of the undo ring.
-    struct Slot {
-        std::unique_ptr<Command> command;
-        std::optional<ScoreCursor> cursor; ///< where the score's cursor was before the command
-        bool isOccupied = false;
-    };
-    class Step;
-    class Lock;
-    enum class Executed { FirstTime, Again };
+    friend class Transaction;
 
     template <class E>
-    void announce(const E &event);
-    void execute(std::unique_ptr<Command> &command, Executed executed);
-    void checkOutsideStep(const char *function) const;
-    void checkNotLockedHere(const char *function) const;
+    void announce(const Command &command);
+    void announceExecuted();
+    void execute(std::unique_ptr<Command> &command, UndoHistory::Run run);
+    void settleCursor();
+    void moveCursorBack(const ScoreCursor *cursor);
+
+    std::uint64_t openTransaction(const QString &name);
+    void commitTransaction(std::uint64_t number);
+    void abandonTransaction(std::uint64_t number);
+    void join(std::unique_ptr<Command> command);
+    void runInTransaction(std::unique_ptr<Command> command);
+    void keepTransaction(OpenGroup group);
+    void takeBack(OpenGroup group);
+    void takeBackOrphans();
+
+    void prepareChange(const char *function);
+    void prepareHistoryChange(const char *function);
     void replaceDocument(const std::function<void()> &exchange);
     void reset() noexcept;
-    void dropCursors() noexcept;
-    void dropRedo() noexcept;
-    void dropUndo() noexcept;
-    std::size_t placeAfter(std::int32_t top) const noexcept;
-    template <class Visit>
-    void visitUndo(std::size_t limit, Visit visit) const;
-    template <class Visit>
-    void visitRedo(Visit visit) const;
 
-    std::mutex _mutex;
-    std::atomic<std::thread::id> _lockOwner{std::thread::id()};
+    EditLock _lock;
     Score *_score;
-    bool _isInsideStep = false;
-    std::int32_t _redoTop = -1;
-    std::int32_t _undoTop = -1;
-    std::vector<std::unique_ptr<Command>> _redo;
-    std::vector<Slot> _undo;
-    std::deque<std::unique_ptr<MacroCommand>> _openMacros;
-
-    /// Steps from the saved state to this one, negative back to it; none when no steps lead there.
-    std::optional<std::int64_t> _stepsSinceClean = 0;
+    UndoHistory _history;
+    std::unique_ptr<OpenGroups> _open;
 };
 
 } // namespace zarn

@@ -32,33 +32,61 @@ std::uint32_t MacroCommand::commandCount() const noexcept
 
 void MacroCommand::redo()
 {
-    run(Way::Forwards);
+    go(Way::Forwards);
 }
 
 void MacroCommand::undo()
 {
-    run(Way::Backwards);
+    go(Way::Backwards);
 }
 
-void MacroCommand::run(Way way)
+void MacroCommand::go(Way way)
+{
+    begin();
+    try {
+        runAll(way);
+    } catch (...) {
+        tellEndOfFailure();
+        throw;
+    }
+    tellEnd(way);
+}
+
+void MacroCommand::begin()
 {
     try {
         if (_score != nullptr)
             _score->notify(this, evt::BeginMacro());
-        runAll(way);
     } catch (...) {
-        // The listeners that saw the beginning must see the end; the first exception is the one
-        // that counts.
-        try {
-            if (_score != nullptr)
-                _score->notify(this, evt::EndMacro());
-        } catch (const std::exception &error) {
-            qCWarning(log::commands) << "EndMacro after a failure:" << error.what();
-        } catch (...) {
-            qCWarning(log::commands) << "EndMacro after a failure";
-        }
+        tellEndOfFailure();
         throw;
     }
+}
+
+void MacroCommand::run(std::unique_ptr<Command> command)
+{
+    _commands.push_back(std::move(command));
+    try {
+        _commands.back()->redo();
+    } catch (...) {
+        _commands.pop_back();
+        throw;
+    }
+}
+
+void MacroCommand::end()
+{
+    tellEnd(Way::Forwards);
+}
+
+void MacroCommand::takeBack() noexcept
+{
+    revert(Way::Forwards, _commands.size());
+    tellEndOfFailure();
+}
+
+void MacroCommand::tellEnd(Way way)
+{
     try {
         if (_score != nullptr)
             _score->notify(this, evt::EndMacro());
@@ -66,6 +94,14 @@ void MacroCommand::run(Way way)
         revert(way, _commands.size());
         throw;
     }
+}
+
+/// The listeners that saw the beginning must see the end.
+void MacroCommand::tellEndOfFailure() noexcept
+{
+    const Score::TakingBack unstoppable(_score);
+    if (_score != nullptr)
+        _score->notify(this, evt::EndMacro());
 }
 
 void MacroCommand::runAll(Way way)
@@ -92,6 +128,7 @@ void MacroCommand::step(Way way, std::size_t place)
 /// Takes back the first `count` steps of a run, last one first.
 void MacroCommand::revert(Way way, std::size_t count) noexcept
 {
+    const Score::TakingBack unstoppable(_score);
     const Way back = way == Way::Forwards ? Way::Backwards : Way::Forwards;
     for (std::size_t left = count; left > 0; --left) {
         try {

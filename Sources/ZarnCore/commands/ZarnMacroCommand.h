@@ -11,11 +11,13 @@ namespace zarn {
 
 class Score;
 
-/// Commands that are executed, undone and redone as one. Its name is empty. Each run is bracketed
-/// by the events `BeginMacro` and `EndMacro`, forwards and backwards.
+/// Commands that are executed, undone and redone as one; what a `Transaction` leaves, too. Its name
+/// is empty, or that of the transaction. Each run is bracketed by the events `BeginMacro` and
+/// `EndMacro`, forwards and backwards.
 ///
 /// When a command throws, those that ran before it are reverted (or run again, when undoing),
-/// `EndMacro` is sent, and the exception goes on.
+/// `EndMacro` is sent, and the exception goes on. No listener can stop that: what it throws
+/// meanwhile is logged.
 class ZARNCORE_EXPORT MacroCommand final : public Command {
 public:
     /// The score delivers the events; it is not owned.
@@ -32,14 +34,30 @@ public:
     void redo() override;
     void undo() override;
 
+    // Running the commands one by one, as they come: a transaction.
+
+    /// Tells that commands follow; when a listener throws, it tells that they are over.
+    void begin();
+
+    /// Takes over a command and runs it behind those that are here; one that throws does not stay.
+    void run(std::unique_ptr<Command> command);
+
+    /// Tells that the commands have run; when a listener throws, they are reverted.
+    void end();
+
+    /// Reverts the commands and tells that they are over.
+    void takeBack() noexcept;
+
 private:
     using Commands = std::vector<std::unique_ptr<Command>>;
     enum class Way { Forwards, Backwards };
 
-    void run(Way way);
+    void go(Way way);
     void runAll(Way way);
     void step(Way way, std::size_t place);
     void revert(Way way, std::size_t count) noexcept;
+    void tellEnd(Way way);
+    void tellEndOfFailure() noexcept;
 
     Commands _commands;
     Score *_score;

@@ -24,20 +24,23 @@ private:
     QString _name;
 };
 
-/// The sender, a `MacroCommand`, is about to run its commands, forwards or backwards.
+/// The sender, a `MacroCommand`, is about to run its commands, forwards or backwards; or a
+/// `Transaction` has begun, the commands of which run as they are called, up to `EndMacro`.
 class BeginMacro final : public EventOf<BeginMacro> { };
 
-/// The sender, a `MacroCommand`, has run its commands, or given up after undoing those that ran.
+/// The sender of `BeginMacro` has run its commands, or given up after undoing those that ran.
 class EndMacro final : public EventOf<EndMacro> { };
 
-/// A command is about to be stored and executed; sent outside the lock.
+/// A command is about to be stored and executed; sent outside the lock. Commands of a macro or a
+/// transaction are announced once, as a whole, a transaction before the first of them runs.
 class CommandPushed final : public CommandNameEvent<CommandPushed> {
     using CommandNameEvent::CommandNameEvent;
 };
 
-/// A command was executed, undone or redone; sent last, under the lock. Which of them it was tells
-/// the announcement in front: the last of `CommandPushed`, `CommandWillUndo` and `CommandWillRedo`
-/// that came. A listener that pushes, undoes or redoes gets an exception.
+/// A step is over: a command, a macro or a transaction was executed, undone or redone, or a
+/// transaction was taken back; sent last, under the lock. Which of them it was tells the
+/// announcement in front: the last of `CommandPushed`, `CommandWillUndo` and `CommandWillRedo` that
+/// came. A listener that pushes, undoes or redoes gets an exception.
 class CommandExecuted final : public EventOf<CommandExecuted> { };
 
 /// A command is about to be undone; sent outside the lock.

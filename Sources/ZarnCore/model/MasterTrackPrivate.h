@@ -2,6 +2,7 @@
 #pragma once
 
 #include <ZarnCore/instruments/effects/ZarnMastering.h>
+#include <ZarnCore/model/ZarnLazy.h>
 #include <ZarnCore/model/ZarnMasterTrack.h>
 
 namespace zarn {
@@ -11,11 +12,8 @@ struct MasterTrack::Private {
     Mastering mastering = Mastering::makeDefault();
     TempoSettings tempo;
     DirectionSlots directions = unsetDirections();
-    PlayList playList;
-    bool isPlayListStale = false;
+    Lazy<PlayList> playList;
     bool anacrusis = false;
-
-    void refreshPlayList(const MasterTrack &track);
 
     static DirectionSlots unsetDirections() noexcept
     {

@@ -122,12 +122,12 @@ void MasterTrack::clear()
 void MasterTrack::insertMasterBarBlock(unsigned index, MasterBars bars)
 {
     _masterBars.insert(index, std::move(bars), asParent());
-    _d->isPlayListStale = true;
+    _d->playList.forget();
 }
 
 MasterTrack::MasterBars MasterTrack::takeMasterBarBlock(unsigned first, unsigned last)
 {
-    _d->isPlayListStale = true;
+    _d->playList.forget();
     return _masterBars.take(first, last);
 }
 

@@ -114,12 +114,12 @@ public:
         return directionMarksToQString(marks);
     }
 
-    /// The bars in the order in which they are played. It follows master bars that come and go
-    /// and directions by itself; after a change of repeats or endings, call `updatePlayList()`.
+    /// The bars in the order in which they are played: repeats, alternate endings and directions
+    /// unfolded when somebody asks; see `unfoldPlayList`. Any number of threads may ask at once.
+    /// The list lives until it changes: with master bars that come and go, with directions, and
+    /// with `updatePlayList()`, to be called after a change of repeats or endings.
     const PlayList &playlist() const;
-
-    /// Unfolds repeats, alternate endings and directions; see `unfoldPlayList`.
-    void updatePlayList();
+    void updatePlayList() noexcept;
 
     // Tempo at the start.
 

@@ -19,7 +19,7 @@ void MasterTrack::setDirection(int kind, int barIndex) noexcept
     if (kind < 0 || kind >= DirectionMarkCount)
         return;
     _d->directions[static_cast<std::size_t>(kind)] = barIndex;
-    _d->isPlayListStale = true;
+    _d->playList.forget();
 }
 
 const MasterTrack::DirectionSlots &MasterTrack::directionSlots() const noexcept
@@ -30,7 +30,7 @@ const MasterTrack::DirectionSlots &MasterTrack::directionSlots() const noexcept
 void MasterTrack::setDirectionSlots(const DirectionSlots &bars) noexcept
 {
     _d->directions = bars;
-    _d->isPlayListStale = true;
+    _d->playList.forget();
 }
 
 std::set<DirectionMark> MasterTrack::directionsAtBarIndex(int barIndex) const
@@ -59,22 +59,14 @@ int MasterTrack::jumpIndexForDirection(int kind) const noexcept
     return target == DirectionMark::NoDirection ? 0 : directionIndex(target);
 }
 
-void MasterTrack::Private::refreshPlayList(const MasterTrack &track)
-{
-    playList = unfoldPlayList(track);
-    isPlayListStale = false;
-}
-
 const MasterTrack::PlayList &MasterTrack::playlist() const
 {
-    if (_d->isPlayListStale)
-        _d->refreshPlayList(*this);
-    return _d->playList;
+    return _d->playList.get([this] { return unfoldPlayList(*this); });
 }
 
-void MasterTrack::updatePlayList()
+void MasterTrack::updatePlayList() noexcept
 {
-    _d->refreshPlayList(*this);
+    _d->playList.forget();
 }
 
 const TempoSettings &MasterTrack::tempoSettings() const noexcept

@@ -8,6 +8,7 @@
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/ZarnTrack.h>
 
+#include <exception>
 #include <utility>
 
 namespace zarn {
@@ -122,6 +123,17 @@ QStringList Score::tracksName() const
     for (const auto &track : _model->tracks())
         names.append(QString::fromStdString(track->name()));
     return names;
+}
+
+void Score::notifyUnstopped(const std::function<void()> &notify) noexcept
+{
+    try {
+        notify();
+    } catch (const std::exception &error) {
+        qCWarning(log::events) << "A listener fails while a change is taken back:" << error.what();
+    } catch (...) {
+        qCWarning(log::events) << "A listener fails while a change is taken back";
+    }
 }
 
 void Score::logNotify(const evt::Event &event)

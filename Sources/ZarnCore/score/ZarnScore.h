@@ -16,6 +16,7 @@
 #include <QLoggingCategory>
 #include <QStringList>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <set>
@@ -127,8 +128,40 @@ public:
     {
         if (_eventsLog.isDebugEnabled())
             logNotify(event);
-        _signals.notify(sender, event);
+        if (_takingBack == 0)
+            _signals.notify(sender, event);
+        else
+            notifyUnstopped([&] { _signals.notify(sender, event); });
     }
+
+    /// Whether an event of the type would reach anybody, the log included.
+    template <class E>
+    bool isHeard() const noexcept
+    {
+        const auto *const signal = _signals.find<E>();
+        return (signal != nullptr && signal->connectionCount() != 0) || _eventsLog.isDebugEnabled();
+    }
+
+    /// While one lives, a change that failed is taken back: what a listener of its events throws is
+    /// logged and stops nothing. Without a score (null) it means nothing.
+    class TakingBack {
+    public:
+        explicit TakingBack(Score *score) noexcept : _score(score)
+        {
+            if (_score != nullptr)
+                ++_score->_takingBack;
+        }
+        ~TakingBack()
+        {
+            if (_score != nullptr)
+                --_score->_takingBack;
+        }
+        TakingBack(const TakingBack &) = delete;
+        TakingBack &operator=(const TakingBack &) = delete;
+
+    private:
+        Score *_score;
+    };
 
     /// Who sent the event of the type `E` that is being delivered; null when none is.
     template <class E>
@@ -261,6 +294,7 @@ public:
 
 private:
     static void logNotify(const evt::Event &event);
+    static void notifyUnstopped(const std::function<void()> &notify) noexcept;
     void replaceDocument(std::shared_ptr<ScoreModel> model,
                          std::shared_ptr<IZarnRendererStyleSheet> styleSheet,
                          const ScoreCursor &cursor);
@@ -270,6 +304,7 @@ private:
     std::shared_ptr<IZarnRendererStyleSheet> _styleSheet;
     const QLoggingCategory &_eventsLog;
     utils::SignalContainer<evt::NumberCount> _signals;
+    unsigned _takingBack = 0;
     ScoreCursor _cursor;
     CommandStack _commands;
 };

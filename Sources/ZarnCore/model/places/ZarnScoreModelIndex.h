@@ -67,6 +67,17 @@ public:
     /// and element. A string that is 0 counts only when the beat has notes with strings.
     std::shared_ptr<Note> note() const;
 
+    // The same nodes without a share of them, which costs more than the way there: null for what
+    // does not exist, and valid until the tree is changed.
+
+    Track *findTrack() const noexcept;
+    Staff *findStaff() const noexcept;
+    MasterBar *findMasterBar() const noexcept;
+    Bar *findBar() const noexcept;
+    Voice *findVoice() const noexcept;
+    Beat *findBeat() const noexcept;
+    Note *findNote() const noexcept;
+
     /// Instrument category of the track; 0 when there is no track.
     InstrumentSet::Type type() const;
 

@@ -251,7 +251,7 @@ ScoreModelIndex ScoreModelIndex::mapOnVoice(unsigned voice, bool nearest) const
         return mapped;
     mapped._voiceIndex = voice;
     mapped._beatIndex = -1;
-    const auto *target = findVoice(mapped);
+    const auto *target = zarn::findVoice(mapped);
     if (!isBeatValid() || !target || (*target)->isEmpty())
         return mapped;
     const auto beat = (*target)->beatAt(beatDrawingOffset());

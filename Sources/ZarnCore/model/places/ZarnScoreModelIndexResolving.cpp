@@ -4,6 +4,8 @@
 
 #include <ZarnCore/model/places/NodesOfIndex.h>
 
+#include <utility>
+
 namespace zarn {
 namespace {
 
@@ -15,17 +17,22 @@ struct NoteLocator {
 
     static bool isSet(std::uint32_t value) noexcept { return value != ScoreModelIndex::Unset; }
 
+    // Which note it is cannot be foreseen: one branch on all of it is faster than one on each part.
     bool matches(const Note &note) const noexcept
     {
-        bool located = false;
-        const auto agrees = [&located](bool set, std::uint32_t wanted, int found) {
-            located |= set;
-            return !set || wanted == static_cast<std::uint32_t>(found);
+        bool isLocated = false;
+        bool differs = false;
+        const auto compare = [&](bool counts, std::uint32_t wanted, int found) {
+            isLocated |= counts;
+            differs |= counts & (wanted != static_cast<std::uint32_t>(found));
         };
-        return agrees(isSet(midi), midi, note.midi())
-            && agrees(isSet(string) && note.string() != Note::Unset, string, note.string())
-            && agrees(isSet(element) && element != 0, element, note.percussionArticulation())
-            && located;
+        const bool hasString = note.string() != Note::Unset;
+        const bool namesString = isSet(string);
+        const bool namesElement = isSet(element);
+        compare(isSet(midi), midi, note.midi());
+        compare(namesString & hasString, string, note.string());
+        compare(namesElement & (element != 0), element, note.percussionArticulation());
+        return isLocated & !differs;
     }
 };
 
@@ -35,10 +42,13 @@ const std::shared_ptr<Note> *findNote(const Beat &beat, const ScoreModelIndex &i
 {
     NoteLocator locator{index.noteMidi(), index.noteString(), index.noteInstrumentArticulation()};
     const auto search = [&]() -> const std::shared_ptr<Note> * {
-        for (const auto &note : beat.notes())
-            if (locator.matches(*note))
-                return &note;
-        return nullptr;
+        // Backwards through all of them: chords are short, and a branch on the first would be
+        // guessed wrong every other time.
+        const auto &notes = beat.notes();
+        std::size_t first = notes.size();
+        for (std::size_t i = notes.size(); i-- > 0;)
+            first = locator.matches(*notes[i]) ? i : first;
+        return first < notes.size() ? &notes[first] : nullptr;
     };
     const auto *found = search();
     if (!found && locator.string == 0) {
@@ -51,12 +61,12 @@ const std::shared_ptr<Note> *findNote(const Beat &beat, const ScoreModelIndex &i
 
 std::shared_ptr<Track> ScoreModelIndex::track() const
 {
-    return shared(findTrack(*this));
+    return shared(zarn::findTrack(*this));
 }
 
 std::shared_ptr<Staff> ScoreModelIndex::staff() const
 {
-    return shared(findStaff(*this));
+    return shared(zarn::findStaff(*this));
 }
 
 std::shared_ptr<MasterTrack> ScoreModelIndex::masterTrack() const
@@ -71,74 +81,122 @@ std::shared_ptr<MasterBar> ScoreModelIndex::masterBar() const
 
 std::shared_ptr<Bar> ScoreModelIndex::bar() const
 {
-    return shared(findBar(*this));
+    return shared(zarn::findBar(*this));
 }
 
 std::shared_ptr<Voice> ScoreModelIndex::voice() const
 {
-    return shared(findVoice(*this));
+    return shared(zarn::findVoice(*this));
 }
 
 std::shared_ptr<Beat> ScoreModelIndex::beat() const
 {
-    return shared(findBeat(*this));
+    return shared(zarn::findBeat(*this));
 }
 
 std::shared_ptr<Note> ScoreModelIndex::note() const
 {
-    const auto *beat = findBeat(*this);
-    return beat ? shared(findNote(**beat, *this)) : nullptr;
+    const auto *beat = zarn::findBeat(*this);
+    return beat ? shared(zarn::findNote(**beat, *this)) : nullptr;
+}
+
+namespace {
+
+/// The node alone, null for null.
+template <class Node>
+Node *plain(const std::shared_ptr<Node> *node) noexcept
+{
+    return node ? node->get() : nullptr;
+}
+
+} // namespace
+
+Track *ScoreModelIndex::findTrack() const noexcept
+{
+    return plain(zarn::findTrack(*this));
+}
+
+Staff *ScoreModelIndex::findStaff() const noexcept
+{
+    return plain(zarn::findStaff(*this));
+}
+
+MasterBar *ScoreModelIndex::findMasterBar() const noexcept
+{
+    return _model ? plain(childAt(std::as_const(*_model).masterTrack()->masterBars(), _barIndex))
+                  : nullptr;
+}
+
+Bar *ScoreModelIndex::findBar() const noexcept
+{
+    return plain(zarn::findBar(*this));
+}
+
+Voice *ScoreModelIndex::findVoice() const noexcept
+{
+    return plain(zarn::findVoice(*this));
+}
+
+Beat *ScoreModelIndex::findBeat() const noexcept
+{
+    return plain(zarn::findBeat(*this));
+}
+
+Note *ScoreModelIndex::findNote() const noexcept
+{
+    const auto *beat = zarn::findBeat(*this);
+    return beat ? plain(zarn::findNote(**beat, *this)) : nullptr;
 }
 
 InstrumentSet::Type ScoreModelIndex::type() const
 {
-    const auto *track = findTrack(*this);
+    const auto *track = zarn::findTrack(*this);
     return track ? (*track)->type() : InstrumentSet::unknown;
 }
 
 bool ScoreModelIndex::isTrackValid() const
 {
-    return findTrack(*this) != nullptr;
+    return zarn::findTrack(*this) != nullptr;
 }
 
 bool ScoreModelIndex::isBarValid() const
 {
-    return findBar(*this) != nullptr;
+    return zarn::findBar(*this) != nullptr;
 }
 
 bool ScoreModelIndex::isBeatValid() const
 {
-    return findBeat(*this) != nullptr;
+    return zarn::findBeat(*this) != nullptr;
 }
 
 bool ScoreModelIndex::isNoteValid() const
 {
-    const auto *beat = findBeat(*this);
-    return beat && findNote(**beat, *this);
+    const auto *beat = zarn::findBeat(*this);
+    return beat && zarn::findNote(**beat, *this);
 }
 
 utils::rational ScoreModelIndex::beatDrawingOffset() const
 {
-    const auto *beat = findBeat(*this);
-    return beat ? (*findVoice(*this))->beatDrawingOffset(**beat) : utils::rational();
+    const auto *beat = zarn::findBeat(*this);
+    return beat ? (*zarn::findVoice(*this))->beatDrawingOffset(**beat) : utils::rational();
 }
 
 utils::rational ScoreModelIndex::beatDrawingLength() const
 {
-    const auto *beat = findBeat(*this);
+    const auto *beat = zarn::findBeat(*this);
     return beat ? (*beat)->length() : utils::rational();
 }
 
 utils::rational ScoreModelIndex::beatSoundingOffset() const
 {
-    const auto *beat = findBeat(*this);
-    return beat ? (*findVoice(*this))->beatSoundingOffset(**beat) : utils::rational();
+    const auto *beat = zarn::findBeat(*this);
+    return beat ? (*zarn::findVoice(*this))->beatSoundingOffset(**beat) : utils::rational();
 }
 
 utils::rational ScoreModelIndex::beatSoundingLength() const
 {
-    const auto *beat = findBeat(*this);
-    return beat ? (*findVoice(*this))->beatSoundingLength(**beat) : utils::rational();
+    const auto *beat = zarn::findBeat(*this);
+    return beat ? (*zarn::findVoice(*this))->beatSoundingLength(**beat) : utils::rational();
 }
 
 } // namespace zarn
