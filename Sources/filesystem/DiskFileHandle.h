@@ -1,20 +1,23 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <filesystem/AtomicSave.h>
 #include <filesystem/FileHandle.h>
 
-#include <QFileDevice>
+#include <QFile>
 
 #include <memory>
 #include <string>
 
 namespace filesystem {
 
-/// An open file of the disk, over a Qt device: a QFile, or a QSaveFile where saving is atomic.
+/// An open file of the disk: read or written directly, or saved atomically.
 class DiskFileHandle final : public FileHandle {
 public:
-    /// The device is open.
-    DiskFileHandle(std::string path, std::unique_ptr<QFileDevice> device);
+    // What is handed over is open.
+
+    DiskFileHandle(std::string path, std::unique_ptr<QFile> file);
+    DiskFileHandle(std::string path, std::unique_ptr<AtomicSave> save);
     ~DiskFileHandle() override;
 
     std::string path() const override { return _path; }
@@ -28,10 +31,10 @@ protected:
     bool doClose() override;
 
 private:
-    void failFromDevice();
-
     std::string _path;
-    std::unique_ptr<QFileDevice> _device;
+    std::unique_ptr<QFile> _file;
+    std::unique_ptr<AtomicSave> _save;
+    QFileDevice *_device; ///< the one of these that there is
 };
 
 } // namespace filesystem

@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include <filesystem/DiskFileSystem.h>
 
+#include <filesystem/AtomicSave.h>
 #include <filesystem/DiskFileHandle.h>
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <filesystem>
+#include <utility>
 
 namespace filesystem {
 
@@ -38,18 +39,13 @@ bool attempt(std::string *error, const std::string &path, Operation operation)
     return !code;
 }
 
-std::unique_ptr<QFileDevice> makeDevice(const QString &path, OpenMode mode)
-{
-    const QFileInfo info(path);
-    const bool isSpecial = info.exists() && !info.isFile();
-    if (mode == OpenMode::Read || isSpecial)
-        return std::make_unique<QFile>(path);
-    return std::make_unique<QSaveFile>(path);
-}
-
 } // namespace
 
-DiskFileSystem::DiskFileSystem() = default;
+DiskFileSystem::DiskFileSystem() : DiskFileSystem(std::make_shared<DiskOperations>()) { }
+DiskFileSystem::DiskFileSystem(std::shared_ptr<DiskOperations> operations)
+    : _operations(std::move(operations))
+{
+}
 DiskFileSystem::~DiskFileSystem() = default;
 
 std::unique_ptr<FileHandle> DiskFileSystem::open(const std::string &path, OpenMode mode,
@@ -59,10 +55,22 @@ std::unique_ptr<FileHandle> DiskFileSystem::open(const std::string &path, OpenMo
         return refuse(error, path, "has no name");
     if (isFolder(path))
         return refuse(error, path, "is a folder");
-    auto device = makeDevice(toQt(path), mode);
-    if (!device->open(mode == OpenMode::Read ? QIODevice::ReadOnly : QIODevice::WriteOnly))
-        return refuse(error, path, device->errorString().toStdString());
-    return std::make_unique<DiskFileHandle>(path, std::move(device));
+    const QFileInfo info(toQt(path));
+    const bool isSpecial = info.exists() && !info.isFile();
+    if (mode == OpenMode::Write && !isSpecial)
+        return save(path, error);
+    auto file = std::make_unique<QFile>(toQt(path));
+    if (!file->open(mode == OpenMode::Read ? QIODevice::ReadOnly : QIODevice::WriteOnly))
+        return refuse(error, path, file->errorString().toStdString());
+    return std::make_unique<DiskFileHandle>(path, std::move(file));
+}
+
+std::unique_ptr<FileHandle> DiskFileSystem::save(const std::string &path, std::string *error)
+{
+    auto save = std::make_unique<AtomicSave>(toQt(path), _operations);
+    if (const std::string reason = save->open(); !reason.empty())
+        return refuse(error, path, reason);
+    return std::make_unique<DiskFileHandle>(path, std::move(save));
 }
 
 bool DiskFileSystem::exists(const std::string &path) const

@@ -52,7 +52,7 @@ TEST(DiskFileSystem, aFullDiskLeavesTheOldFileWhole)
             EXPECT_FALSE(save(files, path, std::string(size, 'x'), &error));
         }
         EXPECT_TRUE(contentOf(path) == "old") << size;
-        EXPECT_EQ(error.find(path + ": "), 0u) << error;
+        EXPECT_EQ(error, path + ": File too large") << "which is the reason here";
         EXPECT_EQ(files.list(folder.path().toStdString()), std::vector<std::string>{"doc"});
     }
     EXPECT_TRUE(save(files, path, "new"));
