@@ -213,6 +213,15 @@ TEST(LogFiles, packingAndUnpackingAnswerForWhatIsNoLog)
     EXPECT_FALSE(LogFiles::unpack(packed, target));
     EXPECT_EQ(contentOf(target), "to be replaced");
     EXPECT_TRUE(log.hasWarning(category, {packed.toStdString(), "no compressed log"}));
+    // The size at the front decides how much memory is taken.
+    write(packed, std::string("\x7f\xff\xff\x00", 4) + qCompress("log").mid(4).toStdString());
+    EXPECT_FALSE(LogFiles::unpack(packed, target));
+    EXPECT_TRUE(log.hasWarning(category, {packed.toStdString(), "too short for what it claims"}));
+    const std::string longLog(1'000'000, ' ');
+    write(target, longLog);
+    EXPECT_TRUE(LogFiles::pack(target, packed));
+    EXPECT_TRUE(unpacked(packed, folder) == longLog) << "as dense as it can be";
+
     EXPECT_TRUE(LogFiles::pack(target, packed + QStringLiteral("/below")));
     EXPECT_TRUE(log.hasWarning(category, {"/below", "cannot be written"}));
 }

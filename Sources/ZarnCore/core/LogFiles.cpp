@@ -7,6 +7,7 @@
 #include <QByteArray>
 #include <QDir>
 #include <QFile>
+#include <QtEndian>
 
 #include <optional>
 
@@ -37,6 +38,16 @@ std::optional<QByteArray> contentOf(const QString &path)
     if (file.error() != QFileDevice::NoError)
         warn(path, QStringLiteral("was read only in part: ") + file.errorString());
     return bytes;
+}
+
+/// Whether that many bytes can come out of these: `qUncompress` takes the memory for the size that
+/// stands at their front before it looks at anything else.
+bool canHoldItsSize(const QByteArray &packed)
+{
+    constexpr qint64 sizeBytes = 4;
+    constexpr qint64 mostPerByte = 1032; // a match of 258 bytes takes two bits
+    return packed.size() < sizeBytes
+        || qFromBigEndian<quint32>(packed.constData()) <= (packed.size() - sizeBytes) * mostPerByte;
 }
 
 void replaceContent(const QString &path, const QByteArray &bytes)
@@ -164,6 +175,10 @@ bool LogFiles::unpack(const QString &from, const QString &to)
     const auto packed = contentOf(from);
     if (!packed.has_value())
         return true;
+    if (!canHoldItsSize(*packed)) {
+        warn(from, QStringLiteral("is no compressed log: it is too short for what it claims"));
+        return false;
+    }
     const QByteArray bytes = qUncompress(*packed);
     const QByteArray packedNothing(4, '\0');
     if (bytes.isNull() && *packed != packedNothing) {
