@@ -4,6 +4,7 @@
 
 #include "support/CapturedLog.h"
 #include "support/FileSizeLimit.h"
+#include "support/FolderWatch.h"
 
 #include <QDir>
 #include <QDomDocument>
@@ -14,7 +15,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
-#include <sys/stat.h>
+#include <set>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -57,12 +58,7 @@ protected:
             .toStdString();
     }
 
-    /// Another one once the file was replaced.
-    static ino_t fileNumber()
-    {
-        struct stat status = {};
-        return stat(path().toUtf8().constData(), &status) == 0 ? status.st_ino : 0;
-    }
+    static std::string folder() { return QFileInfo(path()).path().toStdString(); }
 
     static QByteArray kept(const QString &counter = QString())
     {
@@ -161,19 +157,22 @@ TEST_F(UserTunings, loadingBringsTheFileIntoItsUsualForm)
     library.loadUserTunings();
     EXPECT_EQ(library.getTunings(user).size(), 20u);
     const auto saved = read();
-    const auto number = fileNumber();
-    library.saveUserTunings();
-    EXPECT_EQ(read(), saved);
+    zarn::test::FolderWatch watch(folder());
+    for (int start = 0; start < 3; ++start)
+        GuitarTuningLibrary().loadUserTunings();
     library.loadUserTunings();
-    EXPECT_EQ(read(), saved);
-    EXPECT_EQ(fileNumber(), number) << "what is there already is not written again";
+    EXPECT_EQ(watch.written(), std::vector<std::string>{}) << "it is in its usual form";
     EXPECT_EQ(library.getTunings(user).size(), 20u) << "in place of those before";
+    library.saveUserTunings();
+    for (const auto &name : watch.written())
+        EXPECT_EQ(name, "userTuningLibrary.xml.lock") << "what is there already is not written";
+    EXPECT_EQ(read(), saved);
     EXPECT_EQ(files(), "xml");
 }
 
 TEST_F(UserTunings, whatIsNoListOfTuningsLoadsNothingAndIsKeptBeforeItIsReplaced)
 {
-    const QByteArray deep = QByteArray("<UserTunings>") + QByteArray("<a>").repeated(1000000);
+    const QByteArray deep = QByteArray("<UserTunings>") + QByteArray("<a>").repeated(100000);
     const QByteArray bomb = "<!DOCTYPE U [<!ENTITY a '0123456789'>"
                             "<!ENTITY b '&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;'>"
                             "<!ENTITY c '&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;'>"
@@ -225,17 +224,65 @@ TEST_F(UserTunings, whatCannotBeIsLeftOutAndKeptBeside)
     EXPECT_EQ(files(), "kept.xml xml") << "kept once";
 }
 
-TEST_F(UserTunings, aFileThatOthersWroteIsKept)
+TEST_F(UserTunings, whatOthersAddedIsTakenOver)
 {
     write(foreignForm(1));
     library.addTuning(tuning("not loaded before", {40}), user);
-    EXPECT_EQ(files(), "kept.xml xml");
+    EXPECT_EQ(names(library), (std::vector<std::string>{"not loaded before", "0"}));
     GuitarTuningLibrary second;
     second.loadUserTunings();
     second.addTuning(tuning("second", {40}), user);
+    second.removeTuning(second.getTunings(user)[0]->id(), user);
+    EXPECT_EQ(stored(), (std::vector<std::string>{"0", "second"}));
+
+    const auto mine = library.getTunings(user);
+    mine[1]->setName("renamed");
     library.addTuning(tuning("first", {40}), user);
-    EXPECT_EQ(files(), "kept-2.xml kept.xml xml");
-    EXPECT_TRUE(kept(QStringLiteral("-2")).contains("second"));
+    const std::vector<std::string> all = {"not loaded before", "renamed", "first", "second"};
+    EXPECT_EQ(names(library), all) << "what one of two removes stays";
+    EXPECT_EQ(stored(), all);
+    for (const auto &tuning : library.getTunings(user))
+        library.removeTuning(tuning->id(), user);
+    EXPECT_EQ(stored(), std::vector<std::string>{}) << "what was taken over can be removed";
+    EXPECT_EQ(files(), "xml");
+}
+
+TEST_F(UserTunings, twoProgramsThatSaveAtTheSameTimeLoseNothing)
+{
+    constexpr int count = 60;
+    std::vector<pid_t> children;
+    for (const char *program : {"a", "b"}) {
+        children.push_back(fork());
+        ASSERT_GE(children.back(), 0);
+        if (children.back() != 0)
+            continue;
+        GuitarTuningLibrary own;
+        own.loadUserTunings();
+        for (int i = 0; i < count; ++i)
+            own.addTuning(tuning(program + std::to_string(i), {40, 45}), user);
+        _exit(0);
+    }
+    for (const pid_t child : children)
+        waitpid(child, nullptr, 0);
+    const auto all = stored();
+    EXPECT_EQ(all.size(), std::size_t{2 * count});
+    EXPECT_EQ(std::set<std::string>(all.begin(), all.end()).size(), std::size_t{2 * count});
+    EXPECT_EQ(files(), "xml");
+}
+
+TEST_F(UserTunings, aTuningWithTooManyStringsIsLeftOutAndKept)
+{
+    QByteArray text = "<UserTunings>\n<Tuning Name='harp'>";
+    text += QByteArray("<MidiNumber Number='40'/>").repeated(300'000);
+    text += "</Tuning><Tuning Name='x' MidiOffset='4000'/></UserTunings>";
+    write(text);
+    const CapturedLog log;
+    library.loadUserTunings();
+    EXPECT_EQ(names(library), std::vector<std::string>{"x"});
+    EXPECT_EQ(library.getTunings(user)[0]->storedMidiOffset(), 0);
+    EXPECT_TRUE(log.hasWarning("zarn.core",
+                               {"read in part: line 2: a tuning has 300000 strings, and at most"}));
+    EXPECT_TRUE(kept() == text);
 }
 
 TEST_F(UserTunings, aFullDiskLeavesEveryTuningThatWasThere)

@@ -3,8 +3,10 @@
 
 #include <ZarnCore/ZarnLog.h>
 
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QThread>
 
 #include <filesystem/DiskFileSystem.h>
 
@@ -26,7 +28,7 @@ std::optional<QByteArray> contentOf(const QString &path, QString *error = nullpt
 }
 
 /// Puts the content in the place of what the file held, at once, when it is on the disk.
-bool replace(const QString &path, const QByteArray &content, std::string *error)
+bool write(const QString &path, const QByteArray &content, std::string *error)
 {
     filesystem::DiskFileSystem disk;
     const auto file = disk.open(path.toStdString(), filesystem::OpenMode::Write, error);
@@ -39,6 +41,11 @@ bool replace(const QString &path, const QByteArray &content, std::string *error)
     return false;
 }
 
+constexpr QLatin1String lockSuffix(".lock", 5);
+
+/// A lock that is older was left behind.
+constexpr int mostMillisecondsOfAChange = 10000;
+
 /// "library.kept.xml", "library.kept-2.xml" and so on for "library.xml".
 QString keptPath(const QString &path, int number)
 {
@@ -50,9 +57,31 @@ QString keptPath(const QString &path, int number)
 
 } // namespace
 
+UserTuningFile::Lock::Lock(const UserTuningFile &file) : _lock(file.path() + lockSuffix)
+{
+    if (!file.makeFolder())
+        return;
+    _lock.setStaleLockTime(mostMillisecondsOfAChange);
+    QElapsedTimer timer;
+    timer.start();
+    // A lock that is asked for with a time to wait looks only every few tenths of a second.
+    while (!_lock.tryLock(0)) {
+        if (_lock.error() != QLockFile::LockFailedError) {
+            _isHeld = true; // no lock is possible here: what is written next says why
+            return;
+        }
+        if (timer.elapsed() > 2 * mostMillisecondsOfAChange) {
+            file.warn(QStringLiteral("is not saved: another program does not let go of it"));
+            return;
+        }
+        QThread::msleep(2);
+    }
+    _isHeld = true;
+}
+
 std::optional<QByteArray> UserTuningFile::read() const
 {
-    if (!QFileInfo::exists(path()))
+    if (!exists())
         return std::nullopt;
     QString error;
     auto content = contentOf(path(), &error);
@@ -61,30 +90,18 @@ std::optional<QByteArray> UserTuningFile::read() const
     return content;
 }
 
-bool UserTuningFile::save(const QByteArray &content)
+bool UserTuningFile::exists() const
 {
-    if (!makeFolder())
-        return false;
-    if (QFileInfo::exists(path())) {
-        const auto old = contentOf(path());
-        if (!old) {
-            warn(QStringLiteral("is not replaced, as it cannot be read"));
-            return false;
-        }
-        const bool isKnown = old->isEmpty() || *old == _known || *old == content;
-        if (!isKnown && !keep(*old))
-            return false;
-        if (*old == content) {
-            _known = content;
-            return true;
-        }
-    }
+    return QFileInfo::exists(path());
+}
+
+bool UserTuningFile::replace(const QByteArray &content) const
+{
     std::string error;
-    if (!replace(path(), content, &error)) {
+    if (!write(path(), content, &error)) {
         warn(QStringLiteral("is not saved: ") + QString::fromStdString(error));
         return false;
     }
-    _known = content;
     _lastWarning.clear();
     return true;
 }
@@ -110,7 +127,7 @@ bool UserTuningFile::keep(const QByteArray &content) const
             return true;
     }
     std::string error;
-    if (!replace(place, content, &error)) {
+    if (!write(place, content, &error)) {
         warn(QStringLiteral("is not replaced, as what it holds cannot be kept: ")
              + QString::fromStdString(error));
         return false;

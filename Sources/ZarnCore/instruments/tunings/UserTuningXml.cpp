@@ -1,12 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/instruments/tunings/UserTuningXml.h>
 
-#include <QDomDocument>
-#include <QTextStream>
-#include <QXmlStreamReader>
-
-#include <set>
-
 namespace zarn {
 
 namespace {
@@ -25,8 +19,8 @@ constexpr QLatin1String indexAttribute("Index", 5);
 
 constexpr int indentation = 2;
 
-/// The document is three levels deep; the DOM would follow any depth by recursion.
-constexpr int maximumDepth = 64;
+/// No pitches lie further apart.
+constexpr int largestOffset = 127;
 
 /// A text without the characters that no XML document may hold.
 QString writableText(const std::string &text)
@@ -50,38 +44,6 @@ QString flagText(bool flag)
     return flag ? QStringLiteral("1") : QStringLiteral("0");
 }
 
-/// Why the text cannot become a document; empty when it can.
-QString faultOf(const QByteArray &text)
-{
-    QXmlStreamReader reader(text);
-    for (int depth = 0; !reader.atEnd();) {
-        const auto token = reader.readNext();
-        if (token == QXmlStreamReader::StartElement)
-            ++depth;
-        else if (token == QXmlStreamReader::EndElement)
-            --depth;
-        if (depth > maximumDepth)
-            return QStringLiteral("line %1: elements are nested too deeply")
-                .arg(reader.lineNumber());
-    }
-    if (!reader.hasError())
-        return QString();
-    return QStringLiteral("line %1, column %2: %3")
-        .arg(reader.lineNumber())
-        .arg(reader.columnNumber())
-        .arg(reader.errorString());
-}
-
-void collectMidiNumbers(const QDomElement &parent, std::vector<QDomElement> &found)
-{
-    for (auto child = parent.firstChildElement(); !child.isNull();
-         child = child.nextSiblingElement()) {
-        if (child.tagName() == midiNumberName)
-            found.push_back(child);
-        collectMidiNumbers(child, found);
-    }
-}
-
 } // namespace
 
 UserTuningText::Part::Part() : writer(&text)
@@ -91,9 +53,8 @@ UserTuningText::Part::Part() : writer(&text)
     writer.writeStartElement(rootName);
 }
 
-void UserTuningText::append(const GuitarTuning &tuning)
+void UserTuningText::Part::append(const GuitarTuning &tuning)
 {
-    auto &writer = _parts[tuning.stringCount()].writer;
     writer.writeStartElement(tuningName);
     writer.writeAttribute(instrumentAttribute,
                           QString::number(static_cast<unsigned>(tuning.instrument())));
@@ -109,98 +70,168 @@ void UserTuningText::append(const GuitarTuning &tuning)
     writer.writeEndElement();
 }
 
-QByteArray UserTuningText::document(const char *tail, int tailSize) const
+void UserTuningText::append(const GuitarTuning &tuning)
+{
+    _parts[tuning.stringCount()].append(tuning);
+}
+
+QByteArray UserTuningText::of(const GuitarTuning &tuning)
+{
+    UserTuningText text;
+    text.append(tuning);
+    return text.document();
+}
+
+void UserTuningText::setTail(Tunings::const_iterator first, Tunings::const_iterator last)
+{
+    _tail.reset();
+    if (first != last)
+        _tail = std::make_unique<Part>();
+    for (; first != last; ++first)
+        _tail->append(**first);
+}
+
+void UserTuningText::appendElements(QByteArray &text, const Part &part)
+{
+    const int start = part.text.indexOf('>') + 1;
+    text.append(part.text.constData() + start, part.text.size() - start);
+}
+
+QByteArray UserTuningText::document() const
 {
     QByteArray text = "<UserTunings>";
-    for (const auto &[stringCount, part] : _parts) {
-        const int start = part.text.indexOf('>') + 1;
-        text.append(part.text.constData() + start, part.text.size() - start);
-    }
-    text.append('\n').append(tail, tailSize).append("</UserTunings>\n");
-    return text;
+    for (const auto &[stringCount, part] : _parts)
+        appendElements(text, part);
+    if (_tail != nullptr)
+        appendElements(text, *_tail);
+    return text.append("\n</UserTunings>\n");
 }
 
-UserTuningDocument::UserTuningDocument(const QByteArray &text)
+UserTuningDocument::UserTuningDocument(const QByteArray &text) : _reader(text)
 {
-    _fault = faultOf(text);
-    QDomDocument document;
-    if (!_fault.isEmpty() || !document.setContent(text, &_fault))
+    _reader.setNamespaceProcessing(false);
+    if (_reader.readNextStartElement())
+        readRoot();
+    while (!_reader.atEnd())
+        _reader.readNext();
+    if (!_reader.hasError())
         return;
-    const auto root = document.documentElement();
-    _isList = root.tagName() == rootName;
-    if (_isList)
-        read(root);
-    else
-        report(root,
-               QStringLiteral("the root is \"%1\", not \"%2\"").arg(root.tagName(), rootName));
+    _tunings.clear();
+    _isList = false;
+    _fault = QStringLiteral("line %1, column %2: %3")
+                 .arg(_reader.lineNumber())
+                 .arg(_reader.columnNumber())
+                 .arg(_reader.errorString());
 }
 
-void UserTuningDocument::read(const QDomElement &root)
+void UserTuningDocument::readRoot()
 {
-    QTextStream stream(&_text);
-    stream.setCodec("UTF-8");
-    for (auto node = root.firstChild(); !node.isNull(); node = node.nextSibling()) {
-        if (node.isText() && node.nodeValue().trimmed().isEmpty())
-            continue;
-        node.save(stream, indentation);
-        stream.flush();
-        const auto element = node.toElement();
-        if (element.tagName() == tuningName)
-            _elements.push_back({readTuning(element), _text.size()});
-        else if (!node.isComment())
-            report(node, QStringLiteral("\"%1\" is no tuning").arg(node.nodeName()));
+    _isList = _reader.qualifiedName() == rootName;
+    if (!_isList) {
+        report(_reader.lineNumber(),
+               QStringLiteral("the root is \"%1\", not \"%2\"")
+                   .arg(_reader.qualifiedName().toString(), rootName));
+        return;
     }
-    if (!_elements.empty())
-        _elements.back().tail = _text.size();
+    while (_reader.readNext() != QXmlStreamReader::EndElement && !_reader.hasError()) {
+        if (_reader.isStartElement() && _reader.qualifiedName() == tuningName) {
+            readTuning();
+        } else if (_reader.isStartElement()) {
+            report(_reader.lineNumber(),
+                   QStringLiteral("\"%1\" is no tuning").arg(_reader.qualifiedName().toString()));
+            _reader.skipCurrentElement();
+        } else if (!_reader.isComment() && !_reader.isWhitespace()) {
+            report(_reader.lineNumber(),
+                   QStringLiteral("%1 is no tuning").arg(_reader.tokenString()));
+        }
+    }
 }
 
-std::shared_ptr<GuitarTuning> UserTuningDocument::readTuning(const QDomElement &element)
+void UserTuningDocument::readTuning()
 {
-    std::vector<QDomElement> midiNumbers;
-    collectMidiNumbers(element, midiNumbers);
-    auto tuning = std::make_shared<GuitarTuning>(static_cast<unsigned>(midiNumbers.size()));
-    std::set<int> strings;
-    for (const auto &midiNumber : midiNumbers) {
-        bool isRight = true;
-        const int string = number(midiNumber, indexAttribute, isRight);
-        const int midi = number(midiNumber, numberAttribute, isRight);
-        if (!isRight)
-            continue;
-        if (string < 0 || static_cast<unsigned>(string) >= tuning->stringCount()
-            || !strings.insert(string).second)
-            report(midiNumber, QStringLiteral("no string for the index %1").arg(string));
-        if (string >= 0)
-            tuning->setTuning(static_cast<unsigned>(string), midi);
+    const Start start{_reader.attributes(), _reader.lineNumber()};
+    const std::vector<Pitch> pitches = readPitches();
+    if (pitches.size() > GuitarTuning::maximumStringCount) {
+        report(start.line,
+               QStringLiteral("a tuning has %1 strings, and at most %2 are possible")
+                   .arg(pitches.size())
+                   .arg(GuitarTuning::maximumStringCount));
+        return;
     }
-    bool isRight = true;
-    const int instrument = number(element, instrumentAttribute, isRight);
+    auto tuning = std::make_shared<GuitarTuning>(static_cast<unsigned>(pitches.size()));
+    setPitches(*tuning, pitches);
+    const int instrument = number(start, instrumentAttribute);
     if (instrument >= 0 && instrument <= static_cast<int>(GuitarTuning::Contrabass))
         tuning->setInstrument(static_cast<GuitarTuning::Instrument>(instrument));
     else
-        report(element, QStringLiteral("no instrument has the number %1").arg(instrument));
-    tuning->setName(element.attribute(nameAttribute).toStdString());
-    tuning->setFlat(number(element, isFlatAttribute, isRight) != 0);
-    tuning->setShortDroneString(number(element, droneAttribute, isRight) != 0);
-    tuning->setMidiOffset(number(element, offsetAttribute, isRight));
-    return tuning;
+        report(start.line, QStringLiteral("no instrument has the number %1").arg(instrument));
+    tuning->setName(start.attributes.value(nameAttribute).toUtf8().toStdString());
+    tuning->setFlat(number(start, isFlatAttribute) != 0);
+    tuning->setShortDroneString(number(start, droneAttribute) != 0);
+    const int offset = number(start, offsetAttribute);
+    if (offset >= -largestOffset && offset <= largestOffset)
+        tuning->setMidiOffset(offset);
+    else
+        report(start.line, QStringLiteral("no tuning is %1 semitones too low").arg(offset));
+    _tunings.push_back(std::move(tuning));
 }
 
-int UserTuningDocument::number(const QDomElement &element, const QString &attribute, bool &isRight)
+/// Those of all elements up to the end of the tuning, however deep they stand.
+std::vector<UserTuningDocument::Pitch> UserTuningDocument::readPitches()
 {
-    const auto text = element.attribute(attribute);
-    bool isNumber = true;
-    const int number = text.isEmpty() ? 0 : text.toInt(&isNumber, 10);
-    if (!isNumber) {
-        report(element, QStringLiteral("%1 \"%2\" is no number").arg(attribute, text));
-        isRight = false;
+    std::vector<Pitch> pitches;
+    for (int depth = 1; depth > 0 && !_reader.hasError();) {
+        const auto token = _reader.readNext();
+        if (token == QXmlStreamReader::EndElement)
+            --depth;
+        if (token != QXmlStreamReader::StartElement)
+            continue;
+        ++depth;
+        if (_reader.qualifiedName() != midiNumberName)
+            continue;
+        const Start start{_reader.attributes(), _reader.lineNumber()};
+        Pitch pitch{0, 0, start.line, true};
+        pitch.string = number(start, indexAttribute, &pitch.isNumber);
+        pitch.midi = number(start, numberAttribute, &pitch.isNumber);
+        pitches.push_back(pitch);
+    }
+    return pitches;
+}
+
+void UserTuningDocument::setPitches(GuitarTuning &tuning, const std::vector<Pitch> &pitches)
+{
+    std::vector<bool> isSet(pitches.size());
+    for (const Pitch &pitch : pitches) {
+        if (!pitch.isNumber)
+            continue;
+        const auto string = static_cast<std::size_t>(pitch.string); // huge when negative
+        if (string >= isSet.size() || isSet[string])
+            report(pitch.line, QStringLiteral("no string for the index %1").arg(pitch.string));
+        if (string >= isSet.size())
+            continue;
+        tuning.setTuning(static_cast<unsigned>(string), pitch.midi);
+        isSet[string] = true;
+    }
+}
+
+int UserTuningDocument::number(const Start &start, QLatin1String attribute, bool *isNumber)
+{
+    const auto text = start.attributes.value(attribute);
+    bool isRight = true;
+    const int number = text.isEmpty() ? 0 : text.toInt(&isRight, 10);
+    if (!isRight) {
+        report(start.line,
+               QStringLiteral("%1 \"%2\" is no number").arg(attribute, text.toString()));
+        if (isNumber != nullptr)
+            *isNumber = false;
     }
     return number;
 }
 
-void UserTuningDocument::report(const QDomNode &node, const QString &fault)
+void UserTuningDocument::report(qint64 line, const QString &fault)
 {
     if (_fault.isEmpty())
-        _fault = QStringLiteral("line %1: %2").arg(node.lineNumber()).arg(fault);
+        _fault = QStringLiteral("line %1: %2").arg(line).arg(fault);
 }
 
 } // namespace zarn

@@ -4,7 +4,7 @@
 #include <ZarnCore/instruments/tunings/ZarnGuitarTuning.h>
 
 #include <QByteArray>
-#include <QDomElement>
+#include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
 #include <map>
@@ -13,44 +13,46 @@
 
 namespace zarn {
 
-/// The text of the user's tunings. Tunings join it one by one, so that the text can be had after
-/// each of them without building it anew.
+/// The text of the user's tunings, always the same for the same tunings.
 class UserTuningText {
 public:
+    using Tunings = std::vector<std::shared_ptr<GuitarTuning>>;
+
     /// Puts a tuning behind those with as many strings; those with fewer strings come first.
     void append(const GuitarTuning &tuning);
 
-    /// The whole document, with the `tail` of it, elements as text, behind the tunings.
-    QByteArray document(const char *tail, int tailSize) const;
-    QByteArray document() const { return document("", 0); }
+    /// The text of one tuning alone.
+    static QByteArray of(const GuitarTuning &tuning);
+
+    /// What stands at the end whatever its strings are: tunings that are not read yet.
+    void setTail(Tunings::const_iterator first, Tunings::const_iterator last);
+
+    /// The whole document.
+    QByteArray document() const;
 
 private:
     struct Part {
         Part();
+        void append(const GuitarTuning &tuning);
 
         /// The document with the tunings of one string count, its end left open.
         QByteArray text;
         QXmlStreamWriter writer;
     };
 
+    static void appendElements(QByteArray &text, const Part &part);
+
     std::map<unsigned, Part> _parts;
+    std::unique_ptr<Part> _tail;
 };
 
 /// The user's tunings as they were read from a text.
 class UserTuningDocument {
 public:
-    struct Element {
-        std::shared_ptr<GuitarTuning> tuning;
-        /// Where in the text what is not read yet begins: the elements behind this one; the end
-        /// for the last tuning.
-        int tail;
-    };
-
     /// Empty, with a fault, when the text is no list of tunings.
     explicit UserTuningDocument(const QByteArray &text);
 
-    const std::vector<Element> &elements() const noexcept { return _elements; }
-    const QByteArray &elementsText() const noexcept { return _text; }
+    const std::vector<std::shared_ptr<GuitarTuning>> &tunings() const noexcept { return _tunings; }
 
     bool isList() const noexcept { return _isList; }
 
@@ -58,13 +60,29 @@ public:
     const QString &fault() const noexcept { return _fault; }
 
 private:
-    void read(const QDomElement &root);
-    std::shared_ptr<GuitarTuning> readTuning(const QDomElement &element);
-    int number(const QDomElement &element, const QString &attribute, bool &isRight);
-    void report(const QDomNode &node, const QString &fault);
+    /// Where a string's pitch is to go.
+    struct Pitch {
+        int string;
+        int midi;
+        qint64 line;
+        bool isNumber;
+    };
 
-    std::vector<Element> _elements;
-    QByteArray _text;
+    /// The start of an element.
+    struct Start {
+        QXmlStreamAttributes attributes;
+        qint64 line;
+    };
+
+    void readRoot();
+    void readTuning();
+    std::vector<Pitch> readPitches();
+    void setPitches(GuitarTuning &tuning, const std::vector<Pitch> &pitches);
+    int number(const Start &start, QLatin1String attribute, bool *isNumber = nullptr);
+    void report(qint64 line, const QString &fault);
+
+    QXmlStreamReader _reader;
+    std::vector<std::shared_ptr<GuitarTuning>> _tunings;
     QString _fault;
     bool _isList = false;
 };

@@ -73,6 +73,9 @@ public:
     static constexpr int minimumMidi = 12;
     static constexpr int maximumMidi = 119;
 
+    /// Documents and the user's file hold no tuning with more strings.
+    static constexpr unsigned maximumStringCount = 128;
+
     /// Fret of the long neck at which a short drone string begins.
     static constexpr int droneFret = 5;
 

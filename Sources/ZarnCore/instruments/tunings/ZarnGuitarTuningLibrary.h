@@ -4,12 +4,14 @@
 #include <ZarnCore/ZarnExport.h>
 #include <ZarnCore/instruments/tunings/ZarnGuitarTuning.h>
 
+#include <QByteArray>
 #include <QString>
 
 #include <rapidjson/fwd.h>
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -63,17 +65,20 @@ public:
     static QString userTuningsPath();
 
     /// Fills the user store from the file, in place of what it held; empty when the file is
-    /// missing or is no list of tunings. Strings that do not exist and numbers that are none are
-    /// left out, an unknown instrument is `Undefined`.
+    /// missing or is no list of tunings. Strings that do not exist, numbers that are none and
+    /// tunings with more than `GuitarTuning::maximumStringCount` strings are left out, an unknown
+    /// instrument is `Undefined`.
     ///
-    /// The file is saved after every tuning that was read, which brings it into its usual form.
-    /// What was not read yet stands behind the others meanwhile, so that a crash loses nothing.
+    /// The file is saved after every tuning that was read, which brings it into its usual form; a
+    /// file that has it is not written. What was not read yet stands behind the others meanwhile,
+    /// so that a crash loses nothing.
     void loadUserTunings();
 
     /// Writes all user tunings, with the computed `midiOffset()`. The new file takes the place of
-    /// the old one when it is complete on the disk. A file with anything in it that this library
-    /// neither read nor wrote is kept beside it first, as "userTuningLibrary.kept.xml"; when that
-    /// fails, it is not replaced.
+    /// the old one when it is complete on the disk. Tunings that another program has put into the
+    /// file since it was read or written here join the user store first. A file with anything in
+    /// it that is no tuning is kept beside it, as "userTuningLibrary.kept.xml"; when that fails,
+    /// it is not replaced.
     void saveUserTunings();
 
     // Searches; the first match in the order of the stores, or null.
@@ -133,12 +138,23 @@ private:
     template <typename Predicate>
     Tunings allOf(unsigned roles, unsigned stringCount, Predicate accepts) const;
 
+    void storeUserTuning(const std::shared_ptr<GuitarTuning> &tuning);
+    bool loadUsualForm(const QByteArray &content);
+    void loadAndRewrite(const QByteArray &content, bool rewrites);
+    bool takeOver(const QByteArray &content);
+    QByteArray userText() const;
+    bool replaceUserText(const std::optional<QByteArray> &old, const QByteArray &text);
+
     const Store *storeOf(unsigned role) const noexcept;
     Store *storeOf(unsigned role) noexcept;
 
     Store _coreTunings;
     Store _userTunings;
     std::unique_ptr<UserTuningFile> _userFile;
+    /// What the file held when it was last read or written here.
+    QByteArray _knownUserText;
+    /// Whether all of that was understood or is kept beside.
+    bool _isUserTextWhole = true;
 };
 
 } // namespace zarn

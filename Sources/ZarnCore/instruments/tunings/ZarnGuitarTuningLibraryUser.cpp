@@ -7,6 +7,10 @@
 
 #include <QStandardPaths>
 
+#include <algorithm>
+#include <iterator>
+#include <set>
+
 namespace zarn {
 
 QString GuitarTuningLibrary::userTuningsPath()
@@ -15,40 +19,125 @@ QString GuitarTuningLibrary::userTuningsPath()
         + QLatin1String("/userTuningLibrary.xml");
 }
 
+void GuitarTuningLibrary::loadUserTunings()
+{
+    _userTunings.clear();
+    _knownUserText.clear();
+    _isUserTextWhole = true;
+    auto content = _userFile->read();
+    if (!content || loadUsualForm(*content))
+        return;
+    const UserTuningFile::Lock lock(*_userFile);
+    content = _userFile->read(); // another program may have changed it
+    if (content)
+        loadAndRewrite(*content, lock.isHeld());
+}
+
+/// Loads a file that saving would not change; nothing is written and no other program waits.
+bool GuitarTuningLibrary::loadUsualForm(const QByteArray &content)
+{
+    const UserTuningDocument document(content);
+    UserTuningText text;
+    for (const auto &tuning : document.tunings())
+        text.append(*tuning);
+    if (!document.fault().isEmpty() || text.document() != content)
+        return false;
+    for (const auto &tuning : document.tunings())
+        storeUserTuning(tuning);
+    _knownUserText = content;
+    return true;
+}
+
+/// Saves after each tuning as `addTuning` would, where that changes anything.
+void GuitarTuningLibrary::loadAndRewrite(const QByteArray &content, bool rewrites)
+{
+    const UserTuningDocument document(content);
+    _knownUserText = content;
+    _isUserTextWhole = document.fault().isEmpty();
+    if (!_isUserTextWhole)
+        _userFile->warn((document.isList() ? QStringLiteral("is read in part: ")
+                                           : QStringLiteral("is not read: "))
+                        + document.fault());
+    UserTuningText text;
+    const auto &tunings = document.tunings();
+    unsigned mostStrings = 0;
+    for (auto tuning = tunings.begin(); tuning != tunings.end(); ++tuning) {
+        const unsigned stringCount = (*tuning)->stringCount();
+        const bool moves = tuning == tunings.begin() || stringCount < mostStrings;
+        mostStrings = std::max(mostStrings, stringCount);
+        storeUserTuning(*tuning);
+        text.append(**tuning);
+        if (!rewrites || !moves)
+            continue;
+        text.setTail(std::next(tuning), tunings.end());
+        rewrites = (_isUserTextWhole || _userFile->keep(content))
+            && replaceUserText(_knownUserText, text.document());
+    }
+}
+
 void GuitarTuningLibrary::saveUserTunings()
+{
+    const UserTuningFile::Lock lock(*_userFile);
+    if (!lock.isHeld())
+        return;
+    const auto content = _userFile->read();
+    if (!content && _userFile->exists()) {
+        _userFile->warn(QStringLiteral("is not replaced, as it cannot be read"));
+        return;
+    }
+    const bool isKnown = content == _knownUserText && _isUserTextWhole;
+    if (content && !isKnown && !takeOver(*content))
+        return;
+    replaceUserText(content, userText());
+}
+
+/// Adds what the file holds by now and did not hold when it was last read or written here. What of
+/// it is no tuning is kept in a file beside; false when that failed.
+bool GuitarTuningLibrary::takeOver(const QByteArray &content)
+{
+    const UserTuningDocument document(content);
+    if (!document.fault().isEmpty() && !content.isEmpty() && !_userFile->keep(content))
+        return false;
+    const UserTuningDocument before(_knownUserText);
+    std::multiset<QByteArray> known;
+    for (const auto &tuning : before.tunings())
+        known.insert(UserTuningText::of(*tuning));
+    for (const auto &tuning : document.tunings()) {
+        const auto found = known.find(UserTuningText::of(*tuning));
+        if (found != known.end())
+            known.erase(found);
+        else
+            storeUserTuning(tuning);
+    }
+    _knownUserText = content;
+    _isUserTextWhole = true;
+    return true;
+}
+
+void GuitarTuningLibrary::storeUserTuning(const std::shared_ptr<GuitarTuning> &tuning)
+{
+    tuning->setRole(GuitarTuning::UserRole);
+    _userTunings[tuning->stringCount()][tuning->id()] = tuning;
+}
+
+QByteArray GuitarTuningLibrary::userText() const
 {
     UserTuningText text;
     for (const auto &strings : _userTunings) {
         for (const auto &entry : strings.second)
             text.append(*entry.second);
     }
-    _userFile->save(text.document());
+    return text.document();
 }
 
-void GuitarTuningLibrary::loadUserTunings()
+bool GuitarTuningLibrary::replaceUserText(const std::optional<QByteArray> &old,
+                                          const QByteArray &text)
 {
-    _userTunings.clear();
-    const auto content = _userFile->read();
-    if (!content)
-        return;
-    const UserTuningDocument document(*content);
-    if (!document.fault().isEmpty())
-        _userFile->warn((document.isList() ? QStringLiteral("is read in part: ")
-                                           : QStringLiteral("is not read: "))
-                        + document.fault());
-    else
-        _userFile->setKnown(*content);
-    // Each is saved as `addTuning` would, but what was written before is not written anew.
-    UserTuningText text;
-    const auto &elements = document.elementsText();
-    for (const auto &element : document.elements()) {
-        const auto &tuning = element.tuning;
-        tuning->setRole(GuitarTuning::UserRole);
-        _userTunings[tuning->stringCount()][tuning->id()] = tuning;
-        text.append(*tuning);
-        _userFile->save(
-            text.document(elements.constData() + element.tail, elements.size() - element.tail));
-    }
+    if (old != text && !_userFile->replace(text))
+        return false;
+    _knownUserText = text;
+    _isUserTextWhole = true;
+    return true;
 }
 
 } // namespace zarn
