@@ -48,7 +48,8 @@ TEST_F(BarCommandsTest, placesThatAreNotThereAreRefused)
 {
     expectRefused(score, [&] { return score.createBars(7, 1); });
     expectRefused(score, [&] { return score.createBars(2, 0); });
-    expectRefused(score, [&] { return score.createBars(0, 4294967295u); });
+    for (const unsigned count : {4294967295u, 1u << 31, MasterTrack::MaxBars - 5})
+        expectRefused(score, [&] { return score.createBars(0, count); });
     expectRefused(score, [&] { return score.removeBarRange(3, 2); });
     expectRefused(score, [&] { return score.removeBarRange(5, 6); });
     expectRefused(score, [&] { return score.removeBarRange(0, 4294967295u); });

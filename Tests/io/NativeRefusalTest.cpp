@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 using namespace zarn;
 
 namespace {
@@ -87,7 +89,7 @@ TEST(NativeRefusal, namesThePlaceAndWhatIsWrong)
         {score(R"("tracks":[{"name":false}])"), "/tracks/0/name", "expected text, found false"},
         {score(R"("concertTone":"440")"), "/concertTone", "expected a number, found the text"},
         {note(R"("tied":1)"), noteAt + "/tied", "expected true or false, found 1"},
-        {note(R"("midi":60.5)"), noteAt + "/midi", "a number with a fraction"},
+        {note(R"("midi":60.5)"), noteAt + "/midi", "found 60.5"},
         // ranges
         {note(R"("midi":128)"), noteAt + "/midi", ""},
         {note(R"("string":-2)"), noteAt + "/string", ""},
@@ -96,7 +98,7 @@ TEST(NativeRefusal, namesThePlaceAndWhatIsWrong)
         {note(R"("staffLine":1000000)"), noteAt + "/staffLine", ""},
         {note(R"("midi":-99999999999999999999)"), noteAt + "/midi", "found"},
         {master(R"("mastering":{"volumePan":{"volume":1e300}})"),
-         "/master/mastering/volumePan/volume", "too large"},
+         "/master/mastering/volumePan/volume", "a number from 0 to 1, found 1e300"},
         {master(R"("bars":[{"repeatCount":4000000000}])"), "/master/bars/0/repeatCount",
          "expected a whole number"},
         {master(R"("bars":[{},{"repeatCount":1}])"), "/master/bars/1/repeatCount", ""},
@@ -111,6 +113,7 @@ TEST(NativeRefusal, namesThePlaceAndWhatIsWrong)
         {note(R"("head":5)"), noteAt + "/head", "one of"},
         {note(R"("head":"")"), noteAt + "/head", "one of"},
         {master(R"("bars":[{"time":"3/0"}])"), "/master/bars/0/time", "a time signature"},
+        {master(R"("bars":[{"time":"65536/4"}])"), "/master/bars/0/time", "up to 65535"},
         {master(R"("bars":[{"time":"4294967296/4"}])"), "/master/bars/0/time", ""},
         {master(R"("bars":[{"length":"1/0"}])"), "/master/bars/0/length", "a fraction"},
         {master(R"("bars":[{"length":"-1"}])"), "/master/bars/0/length", ""},
@@ -144,6 +147,127 @@ TEST(NativeRefusal, namesThePlaceAndWhatIsWrong)
     }
 }
 
+TEST(NativeRefusal, everyNumberHasARange)
+{
+    struct Number {
+        std::string place;
+        std::string before; ///< the document up to the number
+        std::string lowest;
+        std::string highest;
+    };
+    const std::string tune = R"("tracks":[{"staves":[{"tuning":{)";
+    const std::string staff = R"("tracks":[{"staves":[{)";
+    const std::string orka = R"("tracks":[{"sounds":[{"orka":{)";
+    const std::string sound = R"("tracks":[{"sounds":[{)";
+    const std::string turn = R"("master":{"bars":[{}],"automations":[{"type":"Tempo",)";
+    const std::string knob = R"("tracks":[{"automations":[{"type":"PickupKnob",)";
+    const std::string audio = R"("audioTracks":[{)";
+    const std::vector<Number> table = {
+        {"/concertTone", R"("concertTone":)", "220", "880"},
+        {"/page/width", R"("page":{"width":)", "0", "10000000"},
+        {"/page/staffSpace", R"("page":{"staffSpace":)", "0", "10000000"},
+        {"/systemsLayout/1", R"("systemsLayout":[1,)", "0", "100000"},
+        {"/barsPerSystem", R"("barsPerSystem":)", "0", "100000"},
+        {"/master/tempo", R"("master":{"tempo":)", "0", "1000000"},
+        {"/master/bars/0/repeatCount", R"("master":{"bars":[{"repeatCount":)", "2", "255"},
+        {"/master/automations/0/position", turn + R"("position":)", "0", "1000000"},
+        {"/master/automations/0/value", turn + R"("value":)", "-3.4028235e38", "3.4028235e38"},
+        {"/master/automations/0/unit", turn + R"("unit":)", "0", "5"},
+        {"/tracks/0/automations/0/pickup", knob + R"("pickup":)", "-1", "255"},
+        {"/tracks/0/color", R"("tracks":[{"color":)", "0", "4294967295"},
+        {"/tracks/0/transposition", R"("tracks":[{"transposition":)", "-127", "127"},
+        {"/tracks/0/sounds/0/program", sound + R"("program":)", "0", "127"},
+        {"/tracks/0/sounds/0/lsbBank", sound + R"("lsbBank":)", "0", "127"},
+        {"/tracks/0/sounds/0/orka/switch", orka + R"("switch":)", "0", "32767"},
+        {"/tracks/0/sounds/0/orka/overloudPosition", orka + R"("overloudPosition":)", "-1",
+         "32767"},
+        {"/tracks/0/sounds/0/orka/knobVolumes/0", orka + R"("knobVolumes":[)", "0", "1"},
+        {"/tracks/0/staves/0/tuning/strings/0", tune + R"("strings":[)", "0", "127"},
+        {"/tracks/0/staves/0/tuning/offset", tune + R"("offset":)", "-127", "127"},
+        {"/tracks/0/staves/0/capo", staff + R"("capo":)", "0", "255"},
+        {"/tracks/0/staves/0/frets", staff + R"("frets":)", "0", "255"},
+        {"/tracks/0/staves/0/diagrams/0/firstFret", staff + R"("diagrams":[{"firstFret":)", "0",
+         "255"},
+        {"/tracks/0/staves/0/diagrams/0/frets/0", staff + R"("diagrams":[{"frets":[)", "-1", "127"},
+        {"/tracks/0/staves/0/diagrams/0/fingers/0", staff + R"("diagrams":[{"fingers":[)", "0",
+         "5"},
+        {"/audioTracks/0/startOffset", audio + R"("startOffset":)", "-9007199254740992",
+         "9007199254740992"},
+        {"/audioTracks/0/volume", audio + R"("volume":)", "0", "100"},
+        {"/audioTracks/0/pan", audio + R"("pan":)", "-1", "1"},
+    };
+    for (const Number &row : table) {
+        const auto with = [&row](const std::string &number) {
+            std::string document = R"({"zarn":"1.0",)" + row.before + number;
+            std::string closing;
+            for (const char letter : document)
+                if (letter == '{' || letter == '[')
+                    closing.insert(0, 1, letter == '{' ? '}' : ']');
+                else if (letter == '}' || letter == ']')
+                    closing.erase(0, 1);
+            return refusal(document + closing);
+        };
+        EXPECT_EQ(with(row.lowest), "read") << row.place;
+        EXPECT_EQ(with(row.highest), "read") << row.place;
+        std::vector<std::string> hostile = {"1e39", "-1e39", "99999999999999999999999e299"};
+        if (row.highest.find('e') == std::string::npos) // not the whole range of a float
+            hostile.insert(hostile.end(), {"184467440737095516155", "-9007199254740993"});
+        for (const std::string &number : hostile)
+            EXPECT_EQ(with(number).find("score.zarn: " + row.place + ": expected a "), 0u)
+                << number << ": " << with(number);
+    }
+}
+
+TEST(NativeRefusal, numbersAreReadExactlyHoweverManyDigitsTheyHave)
+{
+    const std::string zeros(350, '0');
+    for (const auto &[text, tone] : std::vector<std::pair<std::string, double>>{
+             {"440." + zeros + "1", 440},
+             {"0." + std::string(27, '0') + "441e30", 441},
+             {"4.4e2", 440},
+             {"440.00000000000005684341886080801486968994140625", 440.00000000000006},
+             {"440.0000000000000284217094304040074348449707031250" + zeros, 440},
+             {"44" + std::string(300, '0') + "e-299", 440}})
+        EXPECT_EQ(test::readNative(score("\"concertTone\":" + text))->concertTone(), tone) << text;
+    const auto pan = [](const std::string &text) {
+        return test::readNative(score(R"("audioTracks":[{"pan":)" + text + "}]"))
+            ->audioTracks()[0]
+            ->pan();
+    };
+    for (const std::string &nothing :
+         {std::string("0e308"), "0." + std::string(27, '0'), "0." + zeros + "1",
+          "1e-" + std::string(350, '9'), std::string("-0")})
+        EXPECT_EQ(pan(nothing), 0.0f) << nothing;
+    EXPECT_EQ(pan("0." + std::string(9, '9') + zeros), 1.0f);
+}
+
+TEST(NativeRefusal, whatADocumentCannotHoldIsNotWritten)
+{
+    const auto refusalOf = [](const ScoreModel &model) {
+        try {
+            test::writeNative(model);
+        } catch (const CoreException &error) {
+            return error.message();
+        }
+        return std::string("written");
+    };
+    ScoreModel model;
+    io::readScoreText("guitar: r; guitar: r", model);
+    EXPECT_EQ(refusalOf(model), "written");
+    model.track(1)->staves()[0]->setTuning(GuitarTuning(129));
+    EXPECT_EQ(refusalOf(model),
+              "/tracks/1/staves/0/tuning/strings: cannot be saved: there are 129 of at most 128");
+    GuitarTuning tuning(2);
+    tuning.setMidiNumbers({40, -4});
+    model.track(1)->staves()[0]->setTuning(tuning);
+    EXPECT_EQ(refusalOf(model),
+              "/tracks/1/staves/0/tuning/strings/1: cannot be saved: -4 is not a whole number "
+              "from 0 to 127");
+    model.setConcertTone(std::numeric_limits<double>::quiet_NaN());
+    EXPECT_EQ(refusalOf(model),
+              "/concertTone: cannot be saved: nan is not a number from 220 to 880");
+}
+
 TEST(NativeRefusal, rhythmsAreReadAsTheyAreWritten)
 {
     const auto beat = [](const std::string &rhythm) {
@@ -155,8 +279,8 @@ TEST(NativeRefusal, rhythmsAreReadAsTheyAreWritten)
                               R"("8/3:2/5:4")", R"("8/0:0/255:1")"})
         EXPECT_EQ(refusal(beat(right)), "read") << right;
     for (const char *wrong : {"4", R"("")", R"("3")", R"("4 ")", R"("04")", R"("8x")", R"("4....")",
-                              R"("4.*3")", R"("4.*99999999999")", R"("8/3")", R"("8/3:256")",
-                              R"("8/3:2/")", R"("8/3:2/5:4/7:4")", R"("-4")"})
+                              R"("4.*3")", R"("4.*256")", R"("4.*99999999999")", R"("8/3")",
+                              R"("8/3:256")", R"("8/3:2/")", R"("8/3:2/5:4/7:4")", R"("-4")"})
         EXPECT_NE(refusal(beat(wrong)).find("beats/0/rhythm: expected a rhythm"), std::string::npos)
             << wrong;
 }
@@ -212,6 +336,38 @@ TEST(NativeRefusal, notesOnStringsThatAreNotThereAreReadAndReported)
     EXPECT_EQ(model->track(0)->bar(0, 0)->voice(0)->beat(0)->note(0)->string(), 6);
     ASSERT_EQ(report.problems().size(), 1u);
     EXPECT_TRUE(report.hasProblem("/tracks/0/staves/0: a note stands on string index 6"));
+}
+
+TEST(NativeRefusal, automationsThatNothingCouldHaveMadeAreLeftOutAndReported)
+{
+    io::ImportReport report;
+    const auto model = test::readNative(
+        score(R"("master":{"automations":[{"type":"Tempo","bar":2,"value":90},)"
+              R"({"type":"Tempo","bar":1,"value":70},{"type":"DSPParam_03","bar":1},)"
+              R"({"type":"Tempo","bar":1,"value":80}],"bars":[{},{}]},)"
+              R"("tracks":[{"automations":[{"type":"Sound","bar":99999}],)"
+              R"("staves":[{"bars":[{},{}]}]}])"),
+        report);
+    const auto tempos = model->masterTrack()->automations(Automation::Tempo);
+    ASSERT_EQ(tempos.size(), 1U);
+    EXPECT_EQ(tempos.front()->value(), 80.0f);
+    EXPECT_EQ(report.problems().size(), 3U);
+    EXPECT_TRUE(report.hasProblem("/master/automations: 1 of them stand where a later one"));
+    EXPECT_TRUE(report.hasProblem("/master/automations: 1 automation behind the last bar"));
+    EXPECT_TRUE(report.hasProblem("/tracks/0/automations: 1 automation behind the last bar"));
+    EXPECT_EQ(test::writeNative(*test::readNative(test::writeNative(*model))),
+              test::writeNative(*model));
+}
+
+TEST(NativeRefusal, beatsThatDoNotAddUpAreRefusedAtTheFirst)
+{
+    std::string beats;
+    for (const char *tuplet : {"251", "241", "239", "233", "229", "227", "223", "211", "199"})
+        beats += std::string(beats.empty() ? "" : ",") + R"({"rhythm":"256/)" + tuplet + ":2\"}";
+    EXPECT_NE(refusal(score(R"("tracks":[{"staves":[{"bars":[{"voices":[{"beats":[)" + beats
+                            + "]}]}]}]}]"))
+                  .find("/tracks/0/staves/0/bars/0/voices/0/beats/7: the beats do not add up"),
+              std::string::npos);
 }
 
 TEST(NativeRefusal, everyTruncationIsRefused)

@@ -152,7 +152,7 @@ private:
             *length = static_cast<int>(below(400000));
         page.orientation = pick<zarn::PageSetup::Orientation>(2);
         model.setPageSetup(page);
-        model.setConcertTone(static_cast<double>(real()) + 1.0 / 3.0);
+        model.setConcertTone(220 + static_cast<double>(level()) * 440 + 1.0 / 3.0);
         model.setIgnoreCapo(maybe());
         model.setPrintable(maybe());
         model.setProtected(maybe());

@@ -10,7 +10,7 @@ namespace zarn::tool {
 
 namespace {
 
-constexpr double MostBars = 100000;
+constexpr double MostBars = zarn::MasterTrack::MaxBars;
 constexpr double MostRepeats = 255;
 
 bool addBars(EditSession &session, const Values &values)

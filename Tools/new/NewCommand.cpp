@@ -23,7 +23,7 @@ namespace zarn::tool {
 namespace {
 
 constexpr int UsualBars = 16;
-constexpr int MostBars = 100000;
+constexpr int MostBars = zarn::MasterTrack::MaxBars;
 constexpr int LowestTempo = 1;
 constexpr int HighestTempo = 1000;
 

@@ -12,13 +12,16 @@ namespace {
 
 void fill(rapidjson::StringBuffer &buffer, const ScoreModel &model)
 {
-    const native::Misfit misfit = native::findMisfit(model);
-    if (!misfit.reason.empty())
+    try {
+        if (auto misfit = native::findMisfit(model); !misfit.reason.empty())
+            throw misfit;
+        native::DocumentWriter writer(buffer);
+        native::writeScore(writer, model);
+        buffer.Put('\n');
+    } catch (const native::Misfit &misfit) {
         ZARN_RAISE_IN("zarn::io::NativeExporter::write",
                       misfit.pointer + ": cannot be saved: " + misfit.reason);
-    native::DocumentWriter writer(buffer);
-    native::writeScore(writer, model);
-    buffer.Put('\n');
+    }
 }
 
 } // namespace

@@ -36,6 +36,9 @@ public:
     using PlayList = std::vector<int>;
     using DirectionSlots = std::array<int, DirectionMarkCount>;
 
+    /// Neither commands nor documents make more bars than this: two days of music in 4/4.
+    static constexpr unsigned MaxBars = 100'000;
+
     MasterTrack();
     MasterTrack(const MasterTrack &other);
     MasterTrack &operator=(const MasterTrack &other);

@@ -30,6 +30,10 @@ public:
     using Tracks = std::vector<std::shared_ptr<Track>>;
     using AudioTracks = std::vector<std::shared_ptr<AudioTrack>>;
 
+    /// Concert tones of documents and commands, in hertz: an octave around the usual 440.
+    static constexpr double LowestConcertTone = 220;
+    static constexpr double HighestConcertTone = 880;
+
     /// A master track, no tracks, no bars.
     ScoreModel();
     ScoreModel(const ScoreModel &other);

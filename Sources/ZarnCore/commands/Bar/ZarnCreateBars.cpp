@@ -6,8 +6,6 @@
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/score/ZarnScore.h>
 
-#include <limits>
-
 namespace zarn::cmd {
 
 CreateBars::CreateBars() : ScoreCommand(QStringLiteral("CreateBars")) { }
@@ -21,14 +19,15 @@ bool CreateBars::init(Score *score, unsigned index, unsigned count)
     _count = count;
     addArg(QStringLiteral("Index"), QString::number(index));
     addArg(QStringLiteral("Count"), QString::number(count));
-    return count > 0 && expectPlace([this] { return isPossible(); });
+    return count > 0 && count <= MasterTrack::MaxBars
+        && expectPlace([this] { return isPossible(); });
 }
 
 bool CreateBars::isPossible() const
 {
     const unsigned present = model().masterTrack()->masterBarCount();
-    const unsigned largest = std::numeric_limits<int>::max();
-    return _index <= present && _count <= largest - present;
+    return _index <= present && present <= MasterTrack::MaxBars
+        && _count <= MasterTrack::MaxBars - present;
 }
 
 void CreateBars::apply()

@@ -16,8 +16,8 @@ public:
     CreateBars();
     ~CreateBars() override;
 
-    /// `count` bars in front of the bar `index`, or at the end. False for an index past the end
-    /// and for no bars.
+    /// `count` bars in front of the bar `index`, or at the end. False for an index past the end,
+    /// for no bars, and for more than `MasterTrack::MaxBars` in all.
     bool init(Score *score, unsigned index, unsigned count);
 
 private:

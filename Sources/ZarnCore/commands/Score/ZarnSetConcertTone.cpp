@@ -17,7 +17,7 @@ bool SetConcertTone::init(Score *score, double hertz)
     addArg(QStringLiteral("Value"), QString::number(hertz));
     setScore(score);
     _tone = hertz;
-    return hertz >= lowestTone && hertz <= highestTone;
+    return hertz >= ScoreModel::LowestConcertTone && hertz <= ScoreModel::HighestConcertTone;
 }
 
 void SetConcertTone::apply()

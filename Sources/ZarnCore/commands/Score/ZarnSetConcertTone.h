@@ -11,13 +11,10 @@ public:
     SetConcertTone();
     ~SetConcertTone() override;
 
-    /// In hertz; false outside 220 to 880, an octave around the usual 440.
+    /// In hertz; false outside `ScoreModel::LowestConcertTone` to `HighestConcertTone`.
     bool init(Score *score, double hertz);
 
 private:
-    static constexpr double lowestTone = 220;
-    static constexpr double highestTone = 880;
-
     void apply() override;
     void revert() override;
     void announceApplied() override;

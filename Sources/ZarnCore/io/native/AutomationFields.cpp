@@ -4,6 +4,7 @@
 #include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
 #include <ZarnCore/io/native/Fields.h>
 #include <ZarnCore/io/native/SoundFields.h>
+#include <ZarnCore/model/ZarnMasterTrack.h>
 
 #include <algorithm>
 #include <memory>
@@ -22,6 +23,9 @@ namespace {
 /// The type that stands for the class of knob turns, which has no type of its own.
 constexpr std::string_view pickupKnob = "PickupKnob";
 
+/// Types that have no text, by their number.
+using TypeNumber = Within<std::uint32_t, 0, std::numeric_limits<std::uint32_t>::max()>;
+
 void writeType(DocumentWriter &writer, std::string_view key, const Automation &automation)
 {
     writer.key(key);
@@ -30,7 +34,7 @@ void writeType(DocumentWriter &writer, std::string_view key, const Automation &a
     else if (Automation::typeId(automation.type()) != 0)
         writer.text(Automation::typeToString(automation.type()));
     else
-        writer.Uint64(automation.type());
+        TypeNumber::write(writer, automation.type());
 }
 
 /// The type is read before the rest, because it decides on the class.
@@ -46,7 +50,7 @@ std::unique_ptr<Automation> makeAutomation(DocumentReader &reader, const Json &j
             if (Automation::typeToString(Automation::idType(slot)) == json.text())
                 return Automation::create(Automation::idType(slot));
     if (json.isWhole()) {
-        const auto type = static_cast<Automation::Type>(Codec<std::uint32_t>::read(reader, json));
+        const auto type = static_cast<Automation::Type>(TypeNumber::read(reader, json));
         if (Automation::typeId(type) == 0)
             return Automation::create(type);
     }
@@ -54,24 +58,22 @@ std::unique_ptr<Automation> makeAutomation(DocumentReader &reader, const Json &j
 }
 
 /// A member that only one class of automations has.
-template <typename Class, auto Get, auto Set>
+template <typename Class, auto Get, auto Set, typename As = Codec<ValueOf<Get, Class>>>
 constexpr Field<Automation> classField(std::string_view key)
 {
     return {key,
             [](DocumentWriter &writer, std::string_view name, const Automation &automation) {
-                using Value = ValueOf<Get, Class>;
                 const auto *own = dynamic_cast<const Class *>(&automation);
                 if (own == nullptr || std::invoke(Get, *own) == std::invoke(Get, Class()))
                     return;
                 writer.key(name);
-                Codec<Value>::write(writer, std::invoke(Get, *own));
+                As::write(writer, std::invoke(Get, *own));
             },
             [](DocumentReader &reader, const Json &json, Automation &automation) {
-                using Value = ValueOf<Get, Class>;
                 auto *own = dynamic_cast<Class *>(&automation);
                 if (own == nullptr)
                     reader.refuse("automations of this type have no such member");
-                std::invoke(Set, *own, Codec<Value>::read(reader, json));
+                std::invoke(Set, *own, As::read(reader, json));
             }};
 }
 
@@ -91,14 +93,26 @@ struct Codec<std::shared_ptr<const Sound>> {
 
 namespace {
 
+/// Quarters from the start of a bar.
+struct Positions {
+    static constexpr double lowest = 0;
+    static constexpr double highest = 1e6;
+};
+
+using TempoUnitNumber = Within<std::int32_t, 0, 5>;
+using Pickup = Within<std::int32_t, -1, 255>;
+
 constexpr std::array automationFields = {
     Field<Automation>{"type", writeType, skipType},
-    field<Automation, &Automation::index, &Automation::setIndex>("bar"),
-    field<Automation, &Automation::position, &Automation::setPosition>("position"),
-    field<Automation, &Automation::value, &Automation::setValue>("value"),
-    classField<TempoAutomation, &TempoAutomation::unit, &TempoAutomation::setUnit>("unit"),
+    field<Automation, &Automation::index, &Automation::setIndex,
+          Within<std::uint32_t, 0, MasterTrack::MaxBars - 1>>("bar"),
+    field<Automation, &Automation::position, &Automation::setPosition, Between<float, Positions>>(
+        "position"),
+    field<Automation, &Automation::value, &Automation::setValue, Between<float, AnyFloat>>("value"),
+    classField<TempoAutomation, &TempoAutomation::unit, &TempoAutomation::setUnit, TempoUnitNumber>(
+        "unit"),
     classField<PickupKnobAutomation, &PickupKnobAutomation::pickup,
-               &PickupKnobAutomation::setPickup>("pickup"),
+               &PickupKnobAutomation::setPickup, Pickup>("pickup"),
     classField<SoundAutomation, &SoundAutomation::sound, &SoundAutomation::setSound>("sound"),
     field<Automation, &Automation::isLinear, &Automation::setLinear>("linear"),
     field<Automation, &Automation::text, &Automation::setText>("text"),
@@ -144,10 +158,38 @@ void readAutomations(DocumentReader &reader, const Json &json, AutomationContain
         automations.push_back(readAutomation(reader, element));
     }
     // In order, so that each goes to the end of its slot.
-    std::stable_sort(automations.begin(), automations.end(),
-                     [](const auto &a, const auto &b) { return *a < *b; });
-    for (auto &automation : automations)
-        container.restoreAutomation(std::move(automation));
+    std::stable_sort(automations.begin(), automations.end(), [](const auto &a, const auto &b) {
+        return a->idType() != b->idType() ? a->idType() < b->idType() : *a < *b;
+    });
+    std::size_t replaced = 0;
+    for (std::size_t i = 0; i < automations.size(); ++i) {
+        const bool isLastOfItsPlace = i + 1 == automations.size()
+            || automations[i]->idType() != automations[i + 1]->idType()
+            || *automations[i] < *automations[i + 1];
+        if (isLastOfItsPlace)
+            container.restoreAutomation(std::move(automations[i]));
+        else
+            ++replaced;
+    }
+    if (replaced > 0)
+        reader.reportOddity(std::to_string(replaced)
+                            + " of them stand where a later one of their type does, which holds");
+}
+
+void leaveOutStrayAutomations(DocumentReader &reader, const std::string &owner,
+                              AutomationContainer &container, unsigned barCount)
+{
+    const unsigned firstBehind = std::max(barCount, 1U); // without bars all stand at the first
+    const std::size_t all = container.automationCount();
+    container.clearAutomationsIf(
+        [firstBehind](const Automation &automation) { return automation.index() >= firstBehind; });
+    const std::size_t count = all - container.automationCount();
+    if (count > 0)
+        reader.report().addProblem(
+            {owner + "/automations: " + std::to_string(count)
+                 + (count == 1 ? " automation behind the last bar was left out"
+                               : " automations behind the last bar were left out"),
+             -1, -1, 0});
 }
 
 void writeBypassed(DocumentWriter &writer, std::string_view key,

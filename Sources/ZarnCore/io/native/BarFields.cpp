@@ -67,9 +67,29 @@ void writeBeats(DocumentWriter &writer, std::string_view key, const Voice &voice
     writeChildren(writer, key, voice.beats(), beatFields);
 }
 
+/// Refuses the beat whose end no fraction can hold. Plain lengths always add up; unlike tuplets may
+/// not.
+void checkLengths(DocumentReader &reader, const std::vector<std::shared_ptr<Beat>> &beats)
+{
+    const auto isInTuplet = [](const auto &beat) { return beat->rhythmValue().hasPrimaryTuplet(); };
+    if (std::none_of(beats.begin(), beats.end(), isInTuplet))
+        return;
+    utils::rational end;
+    for (std::size_t i = 0; i < beats.size(); ++i) {
+        const DocumentReader::Step step(reader, static_cast<std::uint32_t>(i));
+        try {
+            end += beats[i]->rhythmValue().getLength();
+        } catch (const CoreException &error) {
+            reader.refuse("the beats do not add up: " + error.message());
+        }
+    }
+}
+
 void readBeats(DocumentReader &reader, const Json &json, Voice &voice)
 {
-    voice.insertBeats(voice.beatCount(), readChildren<Beat>(reader, json, beatFields));
+    auto beats = readChildren<Beat>(reader, json, beatFields);
+    checkLengths(reader, beats);
+    voice.insertBeats(voice.beatCount(), std::move(beats));
 }
 
 constexpr std::array voiceFields = {
@@ -109,7 +129,7 @@ void readVoices(DocumentReader &reader, const Json &json, Bar &bar)
 }
 
 constexpr std::array clefChangeFields = {
-    member<ClefChange, &ClefChange::position>("position"),
+    member<ClefChange, &ClefChange::position, PlaceInBar>("position"),
     member<ClefChange, &ClefChange::clef, Clefs>("clef"),
 };
 

@@ -20,13 +20,15 @@ void writeChildren(DocumentWriter &writer, std::string_view key,
         return;
     writer.key(key);
     writer.StartArray();
+    std::size_t index = 0;
     for (const auto &node : nodes) {
         if (layout == Layout::Lines)
             writer.startLine();
         else
             writer.StartObject();
-        writeFields(writer, *node, fields);
+        atPlace([&] { return std::to_string(index); }, [&] { writeFields(writer, *node, fields); });
         writer.EndObject();
+        ++index;
     }
     writer.EndArray();
 }

@@ -3,15 +3,14 @@
 
 #include <ZarnCore/io/native/DocumentReader.h>
 #include <ZarnCore/io/native/DocumentWriter.h>
+#include <ZarnCore/io/native/Misfit.h>
 
 #include <QString>
 
 #include <algorithm>
-#include <cmath>
 #include <cstdint>
 #include <limits>
 #include <string>
-#include <type_traits>
 #include <vector>
 
 namespace zarn::io::native {
@@ -34,44 +33,80 @@ struct Codec<bool> {
     }
 };
 
-/// Whole numbers between two bounds, both included.
+/// Whole numbers between two bounds, both included. A number has no codec without bounds: each
+/// field says what it may hold. What writing could not read back is refused before it is written.
 template <typename T, std::int64_t Lowest, std::int64_t Highest>
 struct Within {
     static void write(DocumentWriter &writer, T value)
     {
-        writer.Int64(static_cast<std::int64_t>(value));
+        const auto number = static_cast<std::int64_t>(value);
+        if (number < Lowest || number > Highest)
+            throw Misfit{{}, std::to_string(number) + " is not " + expected()};
+        writer.Int64(number);
     }
     static T read(DocumentReader &reader, const Json &json)
     {
         if (!json.isWhole() || json.whole() < Lowest || json.whole() > Highest)
-            reader.refuseKind("a whole number from " + std::to_string(Lowest) + " to "
-                                  + std::to_string(Highest),
-                              json);
+            reader.refuseKind(expected(), json);
         return static_cast<T>(json.whole());
+    }
+
+private:
+    static std::string expected()
+    {
+        return "a whole number from " + std::to_string(Lowest) + " to " + std::to_string(Highest);
     }
 };
 
-template <typename T>
-struct Codec<T, std::enable_if_t<std::is_integral_v<T> && !std::is_same_v<T, bool>>>
-    : Within<T, static_cast<std::int64_t>(std::numeric_limits<T>::min()),
-             static_cast<std::int64_t>(std::numeric_limits<T>::max())> {
-    static_assert(sizeof(T) <= 4 || std::is_signed_v<T>, "bounds are signed");
-};
-
-template <typename T>
-struct Codec<T, std::enable_if_t<std::is_floating_point_v<T>>> {
-    static void write(DocumentWriter &writer, T value) { writer.real(value); }
+/// The same for numbers with fractions; `Range` has a `lowest` and a `highest` as double.
+template <typename T, typename Range>
+struct Between {
+    static void write(DocumentWriter &writer, T value)
+    {
+        if (!isInside(static_cast<double>(value)))
+            throw Misfit{{}, numberText(static_cast<double>(value)) + " is not " + expected()};
+        writer.real(value);
+    }
     static T read(DocumentReader &reader, const Json &json)
     {
         if (!json.isNumber())
             reader.refuseKind("a number", json);
-        // The shortest text of the largest float lies above it, by less than half a step.
-        constexpr double largest = static_cast<double>(std::numeric_limits<T>::max());
         const double number = json.number();
-        if (std::abs(number) > largest * (1.0 + std::numeric_limits<T>::epsilon() / 4.0))
-            reader.refuse("the number is too large");
+        if (!isInside(number))
+            reader.refuseKind(expected(), json);
+        constexpr double largest = static_cast<double>(std::numeric_limits<T>::max());
         return static_cast<T>(std::clamp(number, -largest, largest));
     }
+
+private:
+    static bool isInside(double number) noexcept
+    {
+        return number >= Range::lowest && number <= Range::highest;
+    }
+    static std::string expected()
+    {
+        return "a number from " + numberText(Range::lowest) + " to " + numberText(Range::highest);
+    }
+};
+
+/// Any number that is finite in single precision.
+struct AnyFloat {
+    /// The shortest text of the largest float lies above it, by less than half a step.
+    static constexpr double highest = static_cast<double>(std::numeric_limits<float>::max())
+        * (1.0 + static_cast<double>(std::numeric_limits<float>::epsilon()) / 4.0);
+    static constexpr double lowest = -highest;
+};
+
+/// Settings of knobs, gains that only attenuate.
+struct Levels {
+    static constexpr double lowest = 0;
+    static constexpr double highest = 1;
+};
+
+/// From left to right.
+struct Pans {
+    static constexpr double lowest = -1;
+    static constexpr double highest = 1;
 };
 
 template <>
@@ -97,19 +132,30 @@ struct Codec<QString> {
     }
 };
 
-/// Arrays of values; `Item` is the codec of an element.
-template <typename T, typename Item = Codec<T>>
+/// Arrays of values; `Item` is the codec of an element. At most `MostItems` where the number is
+/// bounded by what the array stands for.
+template <typename T, typename Item = Codec<T>,
+          std::uint32_t MostItems = std::numeric_limits<std::uint32_t>::max()>
 struct ArrayOf {
     static void write(DocumentWriter &writer, const std::vector<T> &values)
     {
+        if (values.size() > MostItems)
+            throw Misfit{{}, tooMany(values.size())};
         writer.StartArray();
+        std::size_t index = 0;
         for (const auto &value : values)
-            Item::write(writer, value);
+            atPlace([&] { return std::to_string(index); },
+                    [&] {
+                        Item::write(writer, value);
+                        ++index;
+                    });
         writer.EndArray();
     }
     static std::vector<T> read(DocumentReader &reader, const Json &json)
     {
         reader.expectArray(json);
+        if (json.size() > MostItems)
+            reader.refuse(tooMany(json.size()));
         std::vector<T> values;
         values.reserve(json.size());
         for (const auto &element : json.elements()) {
@@ -117,6 +163,12 @@ struct ArrayOf {
             values.push_back(Item::read(reader, element));
         }
         return values;
+    }
+
+private:
+    static std::string tooMany(std::size_t count)
+    {
+        return "there are " + std::to_string(count) + " of at most " + std::to_string(MostItems);
     }
 };
 

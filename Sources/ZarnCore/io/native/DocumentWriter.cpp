@@ -8,8 +8,6 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
 
 namespace zarn::io::native {
 
@@ -51,12 +49,13 @@ void DocumentWriter::writeReal(Real number)
         ZARN_RAISE_IN("zarn::io::native::DocumentWriter::real",
                       "a number that is not finite cannot be written");
     std::array<char, 40> text;
-    char *end = std::to_chars(text.data(), text.data() + text.size() - 1, number).ptr;
-    *end = '\0';
+    char *const limit = text.data() + text.size();
+    char *end = std::to_chars(text.data(), limit, number).ptr;
     // Readers go through a double; where that rounds twice, more digits say what was meant.
-    if (static_cast<Real>(std::strtod(text.data(), nullptr)) != number)
-        end = text.data()
-            + std::snprintf(text.data(), text.size(), "%.17g", static_cast<double>(number));
+    double read = 0;
+    std::from_chars(text.data(), end, read);
+    if (static_cast<Real>(read) != number)
+        end = std::to_chars(text.data(), limit, static_cast<double>(number)).ptr;
     RawValue(text.data(), static_cast<std::size_t>(end - text.data()), rapidjson::kNumberType);
 }
 

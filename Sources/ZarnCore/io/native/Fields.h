@@ -68,7 +68,7 @@ void writeFields(DocumentWriter &writer, const Node &node,
                  const std::array<Field<Node>, Count> &fields)
 {
     for (const Field<Node> &field : fields)
-        field.write(writer, field.key, node);
+        atPlace([&] { return field.key; }, [&] { field.write(writer, field.key, node); });
 }
 
 /// Writes a node as an object.

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/io/native/Json.h>
 
+#include <ZarnCore/utils/JsonNumber.h>
+
 #include <rapidjson/error/en.h>
 #include <rapidjson/reader.h>
-
-#include <limits>
 
 namespace zarn::io::native {
 
@@ -15,33 +15,24 @@ public:
         : _values(values), _stream(stream) { }
 
     bool Null() { return add(Json::Kind::Null); }
-    bool Bool(bool value) { return Int64(value ? 1 : 0, Json::Kind::Bool); }
-    bool Int(int number) { return Int64(number); }
-    bool Uint(unsigned number) { return Int64(number); }
-    bool Int64(std::int64_t number, Json::Kind kind = Json::Kind::Whole)
+    bool Bool(bool value)
     {
-        Json value;
-        value._whole = number;
-        return add(kind, value);
+        Json json;
+        json._whole = value ? 1 : 0;
+        return add(Json::Kind::Bool, json);
     }
-    bool Uint64(std::uint64_t number)
+    bool RawNumber(const char *text, rapidjson::SizeType size, bool)
     {
-        if (number <= static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max()))
-            return Int64(static_cast<std::int64_t>(number));
-        return Double(static_cast<double>(number));
-    }
-    bool Double(double number)
-    {
-        Json value;
-        value._real = number;
-        return add(Json::Kind::Real, value);
+        const auto whole = utils::jsonWhole({text, size});
+        if (!whole)
+            return addText(Json::Kind::Real, text, size);
+        Json json;
+        json._whole = *whole;
+        return add(Json::Kind::Whole, json);
     }
     bool String(const char *text, rapidjson::SizeType size, bool)
     {
-        Json value;
-        value._text = text;
-        value._size = size;
-        return add(Json::Kind::Text, value);
+        return addText(Json::Kind::Text, text, size);
     }
     bool StartObject() { return open(Json::Kind::Object); }
     bool StartArray() { return open(Json::Kind::Array); }
@@ -61,6 +52,14 @@ private:
         value._kind = kind;
         _values.push_back(value);
         return deliver(_values.size() - 1);
+    }
+
+    bool addText(Json::Kind kind, const char *text, rapidjson::SizeType size)
+    {
+        Json json;
+        json._text = text;
+        json._size = size;
+        return add(kind, json);
     }
 
     bool open(Json::Kind kind)
@@ -133,12 +132,33 @@ std::string JsonBuilder::path() const
     return text;
 }
 
+namespace {
+
+/// The start of a long text, for messages.
+std::string shortened(std::string_view text)
+{
+    constexpr std::size_t longest = 40;
+    if (text.size() <= longest)
+        return std::string(text);
+    std::size_t end = longest;
+    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80)
+        --end; // not inside a character
+    return std::string(text.substr(0, end)) + "...";
+}
+
+} // namespace
+
 const Json *Json::find(std::string_view key) const noexcept
 {
     for (const Member member : members())
         if (member.key == key)
             return &member.value;
     return nullptr;
+}
+
+double Json::number() const noexcept
+{
+    return isWhole() ? static_cast<double>(_whole) : utils::jsonReal(text());
 }
 
 std::string Json::description() const
@@ -151,7 +171,7 @@ std::string Json::description() const
     case Kind::Whole:
         return std::to_string(_whole);
     case Kind::Real:
-        return "a number with a fraction or too many digits";
+        return shortened(text());
     case Kind::Text:
         return "the text " + quoted(text());
     case Kind::Array:
@@ -180,8 +200,9 @@ rapidjson::ParseResult parse(char *text, JsonBuilder &builder)
 {
     rapidjson::Reader reader;
     rapidjson::InsituStringStream input(text);
-    return reader.Parse<Flags | rapidjson::kParseInsituFlag | rapidjson::kParseFullPrecisionFlag>(
-        input, builder);
+    return reader
+        .Parse<Flags | rapidjson::kParseInsituFlag | rapidjson::kParseNumbersAsStringsFlag>(
+            input, builder);
 }
 
 } // namespace
@@ -209,13 +230,7 @@ JsonError parseJson(std::string &text, std::size_t start, std::vector<Json> &val
 
 std::string quoted(std::string_view text)
 {
-    constexpr std::size_t longest = 40;
-    if (text.size() <= longest)
-        return '"' + std::string(text) + '"';
-    std::size_t end = longest;
-    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80)
-        --end; // not inside a character
-    return '"' + std::string(text.substr(0, end)) + "...\"";
+    return '"' + shortened(text) + '"';
 }
 
 } // namespace zarn::io::native

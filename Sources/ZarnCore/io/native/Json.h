@@ -63,7 +63,7 @@ public:
     bool isNull() const noexcept { return _kind == Kind::Null; }
     bool isBool() const noexcept { return _kind == Kind::Bool; }
 
-    /// A number without fraction that fits in 64 bits with sign.
+    /// A number without fraction and exponent that fits in 64 bits with sign.
     bool isWhole() const noexcept { return _kind == Kind::Whole; }
     bool isNumber() const noexcept { return isWhole() || _kind == Kind::Real; }
     bool isText() const noexcept { return _kind == Kind::Text; }
@@ -80,7 +80,9 @@ public:
 
     bool boolean() const noexcept { return _whole != 0; }
     std::int64_t whole() const noexcept { return _whole; }
-    double number() const noexcept { return isWhole() ? static_cast<double>(_whole) : _real; }
+
+    /// The nearest double; infinite when that is too large.
+    double number() const noexcept;
 
     /// UTF-8; lives as long as the parsed bytes.
     std::string_view text() const noexcept { return {_text, _size}; }
@@ -102,7 +104,7 @@ public:
     /// The first member of a name; null when there is none.
     const Json *find(std::string_view key) const noexcept;
 
-    /// What the value is, for messages: "an array", "the text "abc"", "17".
+    /// What the value is, for messages: "an array", "the text "abc"", "17", "0.5".
     std::string description() const;
 
 private:
@@ -119,8 +121,7 @@ private:
     std::uint32_t _size = 0;
     union {
         std::int64_t _whole = 0;
-        double _real;
-        const char *_text;
+        const char *_text;  ///< of a text, and of a number that is not whole
         std::int64_t _span; ///< number of values from this one to the last that it holds
     };
 };

@@ -94,6 +94,8 @@ void setSectionText(MasterBar &bar, const std::string &text)
     bar.setSection({bar.section().letter, text});
 }
 
+using RepeatCounts = Within<unsigned, 0, 255>;
+
 constexpr std::array masterBarFields = {
     field<MasterBar, &MasterBar::timeSignature, &MasterBar::setTimeSignature>("time"),
     field<MasterBar, &MasterBar::concertKeySignature, &MasterBar::setConcertKeySignature, Keys>(
@@ -104,7 +106,7 @@ constexpr std::array masterBarFields = {
     field<MasterBar, &MasterBar::isFreeTime, &MasterBar::setFreeTime>("freeTime"),
     field<MasterBar, &MasterBar::hasDoubleBar, &MasterBar::setDoubleBar>("doubleBar"),
     field<MasterBar, &MasterBar::isRepeatStart, &MasterBar::setRepeatStart>("repeatStart"),
-    field<MasterBar, &MasterBar::repeatCount, &MasterBar::setRepeatCount, Within<unsigned, 0, 255>>(
+    field<MasterBar, &MasterBar::repeatCount, &MasterBar::setRepeatCount, RepeatCounts>(
         "repeatCount"),
     field<MasterBar, &MasterBar::alternateEndings, &MasterBar::setAlternateEndings, Passes>(
         "endings"),
@@ -126,6 +128,7 @@ void readMasterBars(DocumentReader &reader, const Json &json, MasterTrack &track
 struct Directions {
     using Node = MasterTrack;
     using Value = int;
+    using As = Within<int, -1, MasterTrack::MaxBars - 1>;
     static constexpr unsigned count = DirectionMarkCount;
     static std::string name(unsigned place)
     {
@@ -161,8 +164,15 @@ void readOwnBypassed(DocumentReader &reader, const Json &json, MasterTrack &trac
 
 using TempoUnits = EnumCodec<tempoUnitToString, tempoUnitFromString, 5>;
 
+/// Beats per minute.
+struct Tempos {
+    static constexpr double lowest = 0;
+    static constexpr double highest = 1e6;
+};
+
 constexpr std::array masterTrackFields = {
-    field<MasterTrack, &MasterTrack::tempoValue, &MasterTrack::setTempoValue>("tempo"),
+    field<MasterTrack, &MasterTrack::tempoValue, &MasterTrack::setTempoValue,
+          Between<double, Tempos>>("tempo"),
     field<MasterTrack, &MasterTrack::tempoUnit, &MasterTrack::setTempoUnit, TempoUnits>(
         "tempoUnit"),
     field<MasterTrack, &MasterTrack::tempoLabel, &MasterTrack::setTempoLabel>("tempoLabel"),

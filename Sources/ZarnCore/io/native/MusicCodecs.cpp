@@ -60,6 +60,9 @@ int indexOf(const std::array<std::string_view, Count> &texts, std::string_view t
     return -1;
 }
 
+/// As in the streams of rhythms.
+constexpr unsigned mostDots = 255;
+
 bool takeNoteValue(Scanner &scanner, RhythmValue &rhythm)
 {
     unsigned parts = 0;
@@ -78,7 +81,8 @@ bool takeDots(Scanner &scanner, RhythmValue &rhythm)
     unsigned dots = 0;
     while (dots < 3 && scanner.take("."))
         ++dots;
-    if (dots == 1 && scanner.take("*") && (!scanner.takeNumber(dots) || dots < 4))
+    if (dots == 1 && scanner.take("*")
+        && (!scanner.takeNumber(dots) || dots < 4 || dots > mostDots))
         return false;
     rhythm.setAugmentationDot(dots);
     return true;
@@ -104,6 +108,13 @@ bool takeTuplets(Scanner &scanner, RhythmValue &rhythm)
     return true;
 }
 
+/// As in the streams of time signatures.
+bool isWritable(unsigned numerator, unsigned denominator) noexcept
+{
+    constexpr unsigned most = 65535;
+    return numerator <= most && denominator >= 1 && denominator <= most;
+}
+
 std::string ratioText(const Ratio &ratio)
 {
     return "/" + std::to_string(ratio.first) + ":" + std::to_string(ratio.second);
@@ -117,6 +128,8 @@ void Codec<RhythmValue>::write(DocumentWriter &writer, const RhythmValue &rhythm
     ZARN_ASSERT_IN("zarn::io::native::Codec<RhythmValue>::write", value < noteValueTexts.size());
     std::string text(noteValueTexts[value]);
     const unsigned dots = rhythm.getAugmentationDot();
+    if (dots > mostDots)
+        throw Misfit{{}, std::to_string(dots) + " dots"};
     text += dots <= 3 ? std::string(dots, '.') : ".*" + std::to_string(dots);
     const Ratio primary = rhythm.getPrimaryTupletRatio();
     const Ratio secondary = rhythm.getSecondaryTupletRatio();
@@ -161,6 +174,21 @@ utils::rational Codec<utils::rational>::read(DocumentReader &reader, const Json 
     reader.refuseKind("a fraction such as \"3/4\" or \"2\"", json);
 }
 
+void PlaceInBar::write(DocumentWriter &writer, const utils::rational &value)
+{
+    if (value.sign() < 0)
+        throw Misfit{{}, value.toString() + " is in front of the bar"};
+    Codec<utils::rational>::write(writer, value);
+}
+
+utils::rational PlaceInBar::read(DocumentReader &reader, const Json &json)
+{
+    const auto value = Codec<utils::rational>::read(reader, json);
+    if (value.sign() < 0)
+        reader.refuse(value.toString() + " is in front of the bar");
+    return value;
+}
+
 void Codec<PitchClass>::write(DocumentWriter &writer, const PitchClass &pitch)
 {
     const auto letter = static_cast<std::size_t>(pitch.note().value());
@@ -201,6 +229,8 @@ NoteDynamic Codec<NoteDynamic>::read(DocumentReader &reader, const Json &json)
 
 void Codec<TimeSignature>::write(DocumentWriter &writer, const TimeSignature &signature)
 {
+    if (!isWritable(signature.getNumerator(), signature.getDenominator()))
+        throw Misfit{{}, "a time signature has numbers up to 65535"};
     writer.text(std::to_string(signature.getNumerator()) + "/"
                 + std::to_string(signature.getDenominator()));
 }
@@ -212,10 +242,10 @@ TimeSignature Codec<TimeSignature>::read(DocumentReader &reader, const Json &jso
         unsigned numerator = 0;
         unsigned denominator = 0;
         if (scanner.takeNumber(numerator) && scanner.take("/") && scanner.takeNumber(denominator)
-            && denominator != 0 && scanner.isAtEnd())
+            && scanner.isAtEnd() && isWritable(numerator, denominator))
             return {numerator, denominator};
     }
-    reader.refuseKind("a time signature such as \"3/4\"", json);
+    reader.refuseKind("a time signature such as \"3/4\", with numbers up to 65535", json);
 }
 
 } // namespace zarn::io::native

@@ -30,6 +30,12 @@ struct Codec<utils::rational> {
     static utils::rational read(DocumentReader &reader, const Json &json);
 };
 
+/// A fraction of 0 or more.
+struct PlaceInBar {
+    static void write(DocumentWriter &writer, const utils::rational &value);
+    static utils::rational read(DocumentReader &reader, const Json &json);
+};
+
 /// A spelling as letter and accidental: "C", "F#", "Ebb".
 template <>
 struct Codec<PitchClass> {

@@ -5,7 +5,9 @@
 #include <ZarnCore/io/native/EnumCodec.h>
 #include <ZarnCore/io/native/MasterFields.h>
 #include <ZarnCore/io/native/Slots.h>
+#include <ZarnCore/io/native/SoundFields.h>
 #include <ZarnCore/io/native/TrackFields.h>
+#include <ZarnCore/model/ZarnMasterTrack.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
 #include <charconv>
@@ -26,6 +28,7 @@ void skipVersion(DocumentReader &, const Json &, ScoreModel &) { }
 struct Properties {
     using Node = ScoreModel;
     using Value = std::string;
+    using As = Codec<std::string>;
     static constexpr unsigned count = static_cast<unsigned>(ScoreProperty::Notice) + 1;
     static std::string name(unsigned place)
     {
@@ -44,6 +47,7 @@ struct Properties {
 struct HeadersAndFooters {
     using Node = ScoreModel;
     using Value = std::string;
+    using As = Codec<std::string>;
     static constexpr unsigned count = HeaderAndFooterCount;
     static std::string name(unsigned place)
     {
@@ -72,16 +76,29 @@ PageSetup::Orientation orientationFromText(const std::string &text)
 
 using Orientations = EnumCodec<orientationToText, orientationFromText, 1>;
 
+/// In micrometres, up to ten metres.
+using Length = Within<int, 0, 10'000'000>;
+
 constexpr std::array pageFields = {
-    member<PageSetup, &PageSetup::width>("width"),
-    member<PageSetup, &PageSetup::height>("height"),
+    member<PageSetup, &PageSetup::width, Length>("width"),
+    member<PageSetup, &PageSetup::height, Length>("height"),
     member<PageSetup, &PageSetup::orientation, Orientations>("orientation"),
-    member<PageSetup, &PageSetup::leftMargin>("left"),
-    member<PageSetup, &PageSetup::topMargin>("top"),
-    member<PageSetup, &PageSetup::rightMargin>("right"),
-    member<PageSetup, &PageSetup::bottomMargin>("bottom"),
-    member<PageSetup, &PageSetup::staffSpace>("staffSpace"),
+    member<PageSetup, &PageSetup::leftMargin, Length>("left"),
+    member<PageSetup, &PageSetup::topMargin, Length>("top"),
+    member<PageSetup, &PageSetup::rightMargin, Length>("right"),
+    member<PageSetup, &PageSetup::bottomMargin, Length>("bottom"),
+    member<PageSetup, &PageSetup::staffSpace, Length>("staffSpace"),
 };
+
+/// Frequencies of the a' in hertz.
+struct ConcertTones {
+    static constexpr double lowest = ScoreModel::LowestConcertTone;
+    static constexpr double highest = ScoreModel::HighestConcertTone;
+};
+
+/// Bars of a system.
+template <typename T>
+using BarsOfSystem = Within<T, 0, MasterTrack::MaxBars>;
 
 void writeMaster(DocumentWriter &writer, std::string_view key, const ScoreModel &model)
 {
@@ -101,14 +118,16 @@ constexpr std::array scoreFields = {
                       Slots<HeadersAndFooters>::read},
     field<ScoreModel, &ScoreModel::pageSetup, &ScoreModel::setPageSetup,
           Struct<PageSetup, pageFields>>("page"),
-    field<ScoreModel, &ScoreModel::concertTone, &ScoreModel::setConcertTone>("concertTone"),
+    field<ScoreModel, &ScoreModel::concertTone, &ScoreModel::setConcertTone,
+          Between<double, ConcertTones>>("concertTone"),
     field<ScoreModel, &ScoreModel::ignoreCapo, &ScoreModel::setIgnoreCapo>("ignoreCapo"),
     field<ScoreModel, &ScoreModel::isPrintable, &ScoreModel::setPrintable>("printable"),
     field<ScoreModel, &ScoreModel::isProtected, &ScoreModel::setProtected>("protected"),
-    field<ScoreModel, &ScoreModel::fullScoreSystemsLayout, &ScoreModel::setFullScoreSystemsLayout>(
-        "systemsLayout"),
+    field<ScoreModel, &ScoreModel::fullScoreSystemsLayout, &ScoreModel::setFullScoreSystemsLayout,
+          ArrayOf<int, BarsOfSystem<int>>>("systemsLayout"),
     field<ScoreModel, &ScoreModel::fullScoreDefaultBarCountBySystem,
-          &ScoreModel::setFullScoreDefaultBarCountBySystem>("barsPerSystem"),
+          &ScoreModel::setFullScoreDefaultBarCountBySystem, BarsOfSystem<unsigned>>(
+        "barsPerSystem"),
     Field<ScoreModel>{"master", writeMaster, readMaster},
     Field<ScoreModel>{"tracks", writeTracks, readTracks},
     Field<ScoreModel>{"audioTracks", writeAudioTracks, readAudioTracks},
@@ -151,12 +170,21 @@ void readScore(DocumentReader &reader, const Json &json, ScoreModel &model)
     const Misfit misfit = findMisfit(model);
     if (!misfit.reason.empty())
         reader.refuseAt(misfit.pointer, misfit.reason);
-    model.masterTrack()->updatePlayList();
+    MasterTrack &master = *model.masterTrack();
+    leaveOutStrayAutomations(reader, "/master", master, master.masterBarCount());
+    for (const auto &track : model.tracks())
+        leaveOutStrayAutomations(reader, "/tracks/" + std::to_string(track->index()),
+                                 track->mutableAutomations(), master.masterBarCount());
+    master.updatePlayList();
 }
 
 Misfit findMisfit(const ScoreModel &model)
 {
     const unsigned barCount = model.masterTrack()->masterBarCount();
+    if (barCount > MasterTrack::MaxBars)
+        return {"/master/bars",
+                "there are " + std::to_string(barCount) + " of at most "
+                    + std::to_string(MasterTrack::MaxBars)};
     for (unsigned kind = 0; kind < DirectionMarkCount; ++kind) {
         const auto mark = static_cast<DirectionMark>(kind);
         const int bar = model.masterTrack()->directionIndex(mark);

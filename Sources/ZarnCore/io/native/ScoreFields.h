@@ -3,6 +3,7 @@
 
 #include <ZarnCore/io/native/DocumentReader.h>
 #include <ZarnCore/io/native/DocumentWriter.h>
+#include <ZarnCore/io/native/Misfit.h>
 
 namespace zarn {
 class ScoreModel;
@@ -25,12 +26,7 @@ void readScore(DocumentReader &reader, const Json &json, ScoreModel &model);
 /// Refuses a version that cannot be read.
 void readVersion(DocumentReader &reader, const Json &version);
 
-/// What keeps a model from being a document: a JSON pointer and the reason; both empty when
-/// nothing does. Every staff has a bar per master bar, and directions stand at bars.
-struct Misfit {
-    std::string pointer;
-    std::string reason;
-};
+/// Nothing when every staff has a bar per master bar and directions stand at bars.
 Misfit findMisfit(const ScoreModel &model);
 
 } // namespace zarn::io::native

@@ -7,7 +7,7 @@ namespace zarn::io::native {
 
 /// A fixed list of places, written as an object with a member for each place whose value is not
 /// at its default. `Places` tells
-///     using Node, Value
+///     using Node, Value, and the codec `As` of a value
 ///     static constexpr unsigned count
 ///     static std::string name(unsigned place)
 ///     static Value get(const Node &node, unsigned place)
@@ -31,7 +31,7 @@ struct Slots {
                 isOpen = true;
             }
             writer.key(Places::name(place));
-            Codec<Value>::write(writer, value);
+            atPlace([&] { return Places::name(place); }, [&] { Places::As::write(writer, value); });
         }
         if (isOpen)
             writer.EndObject();
@@ -53,7 +53,7 @@ struct Slots {
             if ((seen >> place & 1) != 0)
                 reader.refuse("stands twice");
             seen |= std::uint64_t(1) << place;
-            Places::set(node, place, Codec<Value>::read(reader, member.value));
+            Places::set(node, place, Places::As::read(reader, member.value));
         }
     }
 };

@@ -31,21 +31,25 @@ void setMidi(Sound &sound, std::int32_t number)
     sound.setMidiSound(midi);
 }
 
+/// Programs and the bytes of banks.
+using MidiByte = Within<std::int32_t, 0, 127>;
+
 constexpr std::array soundFields = {
     field<Sound, &Sound::name, &Sound::setName>("name"),
     field<Sound, &Sound::storedPath, &Sound::setPath>("path"),
     field<Sound, &Sound::label, &Sound::setLabel>("label"),
     field<Sound, &Sound::role, &Sound::setRole, Roles>("role"),
-    field<Sound, programOf, setMidi<&MIDISound::setProgram>>("program"),
-    field<Sound, msbBankOf, setMidi<&MIDISound::setMsbBank>>("msbBank"),
-    field<Sound, lsbBankOf, setMidi<&MIDISound::setLsbBank>>("lsbBank"),
+    field<Sound, programOf, setMidi<&MIDISound::setProgram>, MidiByte>("program"),
+    field<Sound, msbBankOf, setMidi<&MIDISound::setMsbBank>, MidiByte>("msbBank"),
+    field<Sound, lsbBankOf, setMidi<&MIDISound::setLsbBank>, MidiByte>("lsbBank"),
     field<Sound, &Sound::orkaSound, &Sound::setOrkaSound>("orka"),
     field<Sound, &Sound::isGuiExpanded, &Sound::setGuiExpanded>("expanded"),
 };
 
 constexpr std::array volumePanFields = {
-    field<ZarnVolumePan, &ZarnVolumePan::volume, &ZarnVolumePan::setVolume>("volume"),
-    field<ZarnVolumePan, &ZarnVolumePan::pan, &ZarnVolumePan::setPan>("pan"),
+    field<ZarnVolumePan, &ZarnVolumePan::volume, &ZarnVolumePan::setVolume, Between<float, Levels>>(
+        "volume"),
+    field<ZarnVolumePan, &ZarnVolumePan::pan, &ZarnVolumePan::setPan, Between<float, Pans>>("pan"),
 };
 
 /// An effect as it is read: its parts make the effect at the end.
@@ -59,21 +63,27 @@ struct EffectParts {
 constexpr std::array effectFields = {
     member<EffectParts, &EffectParts::identifier>("effect"),
     member<EffectParts, &EffectParts::name>("name"),
-    member<EffectParts, &EffectParts::parameters>("parameters"),
+    member<EffectParts, &EffectParts::parameters, ArrayOf<float, Between<float, AnyFloat>>>(
+        "parameters"),
     member<EffectParts, &EffectParts::isBypassed>("bypassed"),
 };
 
 using Reproductions =
     EnumCodec<&OrkaSound::soundReproductionToString, &OrkaSound::soundReproductionFromString, 1>;
 
+using LevelList = ArrayOf<float, Between<float, Levels>>;
+
+/// Places of switches; -1 where none is chosen.
+using Position = Within<std::int32_t, -1, 32767>;
+
 constexpr std::array orkaSoundFields = {
     field<OrkaSound, &OrkaSound::soundbankPatchId, &OrkaSound::setSoundbankPatchId>("patch"),
     field<OrkaSound, &OrkaSound::soundReproduction, &OrkaSound::setSoundReproduction,
           Reproductions>("reproduction"),
-    field<OrkaSound, &OrkaSound::pickupTones, &OrkaSound::setPickupTones>("pickupTones"),
-    field<OrkaSound, &OrkaSound::knobVolumes, &OrkaSound::setKnobVolumes>("knobVolumes"),
-    field<OrkaSound, &OrkaSound::switchPosition, &OrkaSound::setSwitchPosition>("switch"),
-    field<OrkaSound, &OrkaSound::overloudPosition, &OrkaSound::setOverloudPosition>(
+    field<OrkaSound, &OrkaSound::pickupTones, &OrkaSound::setPickupTones, LevelList>("pickupTones"),
+    field<OrkaSound, &OrkaSound::knobVolumes, &OrkaSound::setKnobVolumes, LevelList>("knobVolumes"),
+    field<OrkaSound, &OrkaSound::switchPosition, &OrkaSound::setSwitchPosition, Position>("switch"),
+    field<OrkaSound, &OrkaSound::overloudPosition, &OrkaSound::setOverloudPosition, Position>(
         "overloudPosition"),
     field<OrkaSound, &OrkaSound::overloudPickupIds, &OrkaSound::setOverloudPickupIds>(
         "overloudPickups"),

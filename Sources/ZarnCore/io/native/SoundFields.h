@@ -45,6 +45,11 @@ void writeAutomations(DocumentWriter &writer, std::string_view key,
                       const AutomationContainer &container);
 void readAutomations(DocumentReader &reader, const Json &json, AutomationContainer &container);
 
+/// Takes out what stands behind the last bar and reports it; `owner` is the pointer to what has the
+/// automations.
+void leaveOutStrayAutomations(DocumentReader &reader, const std::string &owner,
+                              AutomationContainer &container, unsigned barCount);
+
 /// "bypassed": the types that playback leaves out.
 void writeBypassed(DocumentWriter &writer, std::string_view key,
                    const AutomationContainer &container);

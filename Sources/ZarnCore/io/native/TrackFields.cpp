@@ -14,13 +14,15 @@ namespace {
 
 /// Instrument categories by their texts, codes without one by their number.
 struct InstrumentTypes {
+    using Code = Within<std::uint32_t, 0, std::numeric_limits<std::uint32_t>::max()>;
+
     static void write(DocumentWriter &writer, InstrumentSet::Type type)
     {
         const std::string text = InstrumentSet::typeToString(type);
         if (InstrumentSet::typeFromString(text) == type)
             writer.text(text);
         else
-            writer.Uint64(type);
+            Code::write(writer, type);
     }
 
     static InstrumentSet::Type read(DocumentReader &reader, const Json &json)
@@ -31,7 +33,7 @@ struct InstrumentTypes {
                 return type;
         }
         if (json.isWhole())
-            return static_cast<InstrumentSet::Type>(Codec<std::uint32_t>::read(reader, json));
+            return static_cast<InstrumentSet::Type>(Code::read(reader, json));
         reader.refuseKind("an instrument such as \"steelGuitar\"", json);
     }
 };
@@ -95,15 +97,24 @@ GuitarTuning::Role roleFromText(const std::string &text)
 
 using TuningRoles = EnumCodec<roleToText, roleFromText, 4>;
 
+/// What is counted by strings.
+template <typename T, typename Item>
+using PerString = ArrayOf<T, Item, GuitarTuning::maximumStringCount>;
+
+using Pitch = Within<int, 0, 127>;
+using Semitones = Within<int, -127, 127>;
+
 constexpr std::array tuningFields = {
     field<GuitarTuning, &GuitarTuning::name, &GuitarTuning::setName>("name"),
     field<GuitarTuning, &GuitarTuning::instrument, &GuitarTuning::setInstrument, TuningInstruments>(
         "instrument"),
-    field<GuitarTuning, &GuitarTuning::midiNumbers, &GuitarTuning::setMidiNumbers>("strings"),
+    field<GuitarTuning, &GuitarTuning::midiNumbers, &GuitarTuning::setMidiNumbers,
+          PerString<int, Pitch>>("strings"),
     field<GuitarTuning, &GuitarTuning::hasShortDroneString, &GuitarTuning::setShortDroneString>(
         "shortDrone"),
     field<GuitarTuning, &GuitarTuning::isFlat, &GuitarTuning::setFlat>("flat"),
-    field<GuitarTuning, &GuitarTuning::storedMidiOffset, &GuitarTuning::setMidiOffset>("offset"),
+    field<GuitarTuning, &GuitarTuning::storedMidiOffset, &GuitarTuning::setMidiOffset, Semitones>(
+        "offset"),
     field<GuitarTuning, &GuitarTuning::role, &GuitarTuning::setRole, TuningRoles>("role"),
     field<GuitarTuning, &GuitarTuning::label, &GuitarTuning::setLabel>("label"),
     field<GuitarTuning, &GuitarTuning::labelVisible, &GuitarTuning::setLabelVisible>(
@@ -112,9 +123,11 @@ constexpr std::array tuningFields = {
 
 constexpr std::array diagramFields = {
     member<ChordDiagram, &ChordDiagram::name>("name"),
-    member<ChordDiagram, &ChordDiagram::firstFret>("firstFret"),
-    member<ChordDiagram, &ChordDiagram::frets>("frets"),
-    member<ChordDiagram, &ChordDiagram::fingers>("fingers"),
+    member<ChordDiagram, &ChordDiagram::firstFret, Within<std::uint8_t, 0, 255>>("firstFret"),
+    member<ChordDiagram, &ChordDiagram::frets,
+           PerString<std::int8_t, Within<std::int8_t, -1, 127>>>("frets"),
+    member<ChordDiagram, &ChordDiagram::fingers,
+           PerString<std::uint8_t, Within<std::uint8_t, 0, 5>>>("fingers"),
 };
 
 using Diagrams = ArrayOf<ChordDiagram, Struct<ChordDiagram, diagramFields>>;
@@ -124,9 +137,9 @@ constexpr std::array staffFields = {
     field<Staff, &Staff::capoFret, &Staff::setCapoFret, Within<unsigned, 0, 255>>("capo"),
     field<Staff, &Staff::partialCapoFret, &Staff::setPartialCapoFret, Within<unsigned, 0, 255>>(
         "partialCapo"),
-    field<Staff, &Staff::partialCapoStringFlags, &Staff::setPartialCapoStringFlags>(
-        "partialCapoStrings"),
-    field<Staff, &Staff::fretCount, &Staff::setFretCount>("frets"),
+    field<Staff, &Staff::partialCapoStringFlags, &Staff::setPartialCapoStringFlags,
+          PerString<bool, Codec<bool>>>("partialCapoStrings"),
+    field<Staff, &Staff::fretCount, &Staff::setFretCount, Within<unsigned, 0, 255>>("frets"),
     field<Staff, &Staff::chordCollection, &Staff::setChordCollection>("chords"),
     field<Staff, &Staff::chordWorkingSet, &Staff::setChordWorkingSet>("workingChords"),
     field<Staff, &Staff::diagramCollection, &Staff::setDiagramCollection, Diagrams>("diagrams"),
@@ -191,13 +204,17 @@ void readTrackBypassed(DocumentReader &reader, const Json &json, Track &track)
     readBypassed(reader, json, track.mutableAutomations());
 }
 
+/// Red, green and blue, a byte each; the byte above them is free.
+using Color = Within<std::uint32_t, 0, std::numeric_limits<std::uint32_t>::max()>;
+
 constexpr std::array trackFields = {
     field<Track, &Track::type, &Track::setType, InstrumentTypes>("type"),
     field<Track, &Track::name, &Track::setName>("name"),
     field<Track, &Track::shortName, &Track::setShortName>("shortName"),
     field<Track, &Track::iconID, &Track::setIconID, Icons>("icon"),
-    field<Track, &Track::color, &Track::setColor>("color"),
-    field<Track, &Track::transpositionOffset, &Track::setTranspositionOffset>("transposition"),
+    field<Track, &Track::color, &Track::setColor, Color>("color"),
+    field<Track, &Track::transpositionOffset, &Track::setTranspositionOffset, Semitones>(
+        "transposition"),
     field<Track, &Track::chosenNotations, &Track::setChosenNotations, Notations>("notations"),
     Field<Track>{"sounds", writeSounds, readSounds},
     Field<Track>{"automations", writeTrackAutomations, readTrackAutomations},
@@ -205,12 +222,22 @@ constexpr std::array trackFields = {
     Field<Track>{"staves", writeStaves, readStaves},
 };
 
+/// Milliseconds, as exact as a JSON number is everywhere.
+using Milliseconds = Within<std::int64_t, -(std::int64_t(1) << 53), std::int64_t(1) << 53>;
+
+/// Linear, 1 unchanged: up to 40 dB more.
+struct Gains {
+    static constexpr double lowest = 0;
+    static constexpr double highest = 100;
+};
+
 constexpr std::array audioTrackFields = {
     field<AudioTrack, &AudioTrack::name, &AudioTrack::setName>("name"),
     field<AudioTrack, &AudioTrack::filePath, &AudioTrack::setFilePath>("file"),
-    field<AudioTrack, &AudioTrack::startOffset, &AudioTrack::setStartOffset>("startOffset"),
-    field<AudioTrack, &AudioTrack::volume, &AudioTrack::setVolume>("volume"),
-    field<AudioTrack, &AudioTrack::pan, &AudioTrack::setPan>("pan"),
+    field<AudioTrack, &AudioTrack::startOffset, &AudioTrack::setStartOffset, Milliseconds>(
+        "startOffset"),
+    field<AudioTrack, &AudioTrack::volume, &AudioTrack::setVolume, Between<float, Gains>>("volume"),
+    field<AudioTrack, &AudioTrack::pan, &AudioTrack::setPan, Between<float, Pans>>("pan"),
     field<AudioTrack, &AudioTrack::isMuted, &AudioTrack::setMuted>("muted"),
 };
 
