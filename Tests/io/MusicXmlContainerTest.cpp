@@ -69,6 +69,17 @@ bool accepts(const QByteArray &bytes)
 
 } // namespace
 
+TEST(MusicXmlContainer, aFractionThatNothingCanHoldIsRefusedWithItsMeasure)
+{
+    std::string music;
+    for (const int divisions : {16381, 16369, 16363, 16361, 16349, 16339})
+        music += musicxml::attributes("<divisions>" + std::to_string(divisions) + "</divisions>")
+            + musicxml::forward(1) + "<note><rest/><duration>5000</duration></note>";
+    const auto measures = musicxml::measure("") + "\n\n" + musicxml::measure(music);
+    expectRefusal(QByteArray::fromStdString(musicxml::score(measures)),
+                  "line 9: The fraction does not fit");
+}
+
 TEST(MusicXmlContainer, everyEncodingGivesTheSameName)
 {
     const QByteArray marked("\xEF\xBB\xBF");

@@ -12,6 +12,9 @@
 #include <cmath>
 #include <map>
 #include <memory>
+#include <tuple>
+#include <utility>
+#include <vector>
 
 namespace zarn::io {
 
@@ -241,24 +244,33 @@ void MasterBarBuilder::joinTempo(TempoAutomation &there, const WrittenTempo &tem
 
 void MasterBarBuilder::setTempos(MasterTrack &master)
 {
+    std::vector<std::pair<int, const WrittenTempo *>> tempos; // with their parts
     for (std::size_t part = 0; part < _parts.size(); ++part)
-        for (const auto &tempo : _parts[part].tempos) {
-            const auto bar = static_cast<std::uint32_t>(tempo.bar);
-            const auto position = static_cast<float>(tempo.position.toDouble());
-            if (auto *there = master.automation(Automation::Tempo, bar, position)) {
-                _context.setPlace(static_cast<int>(part), tempo.bar);
-                joinTempo(static_cast<TempoAutomation &>(*there), tempo);
-                continue;
-            }
-            auto automation = std::make_unique<TempoAutomation>();
-            automation->setIndex(bar);
-            automation->setPosition(position);
-            automation->setValue(static_cast<float>(tempo.value));
-            automation->setUnit(static_cast<std::int32_t>(tempo.unit));
-            automation->setText(tempo.text);
-            automation->setVisible(tempo.visible);
-            master.insertAutomation(std::move(automation));
+        for (const auto &tempo : _parts[part].tempos)
+            tempos.emplace_back(static_cast<int>(part), &tempo);
+    // In order, so that each goes to the end of the others.
+    std::stable_sort(tempos.begin(), tempos.end(), [](const auto &a, const auto &b) {
+        return std::tie(a.second->bar, a.second->position)
+            < std::tie(b.second->bar, b.second->position);
+    });
+    for (const auto &[part, written] : tempos) {
+        const auto &tempo = *written;
+        const auto bar = static_cast<std::uint32_t>(tempo.bar);
+        const auto position = static_cast<float>(tempo.position.toDouble());
+        if (auto *there = master.automation(Automation::Tempo, bar, position)) {
+            _context.setPlace(part, tempo.bar);
+            joinTempo(static_cast<TempoAutomation &>(*there), tempo);
+            continue;
         }
+        auto automation = std::make_unique<TempoAutomation>();
+        automation->setIndex(bar);
+        automation->setPosition(position);
+        automation->setValue(static_cast<float>(tempo.value));
+        automation->setUnit(static_cast<std::int32_t>(tempo.unit));
+        automation->setText(tempo.text);
+        automation->setVisible(tempo.visible);
+        master.insertAutomation(std::move(automation));
+    }
 }
 
 } // namespace zarn::io

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/io/musicxml/ScoreReader.h>
 
+#include <ZarnCore/io/ZarnImportException.h>
 #include <ZarnCore/io/ZarnImportReport.h>
 #include <ZarnCore/io/musicxml/BarBuilder.h>
 #include <ZarnCore/io/musicxml/ImportContext.h>
@@ -38,6 +39,8 @@ public:
 
 private:
     void readPart(std::size_t part, const PartSource &source);
+    void readMeasure(std::size_t part, std::size_t bar, pugi::xml_node frame,
+                     pugi::xml_node content);
     void checkSize(std::size_t barCount) const;
     void padBars();
     void fillBarsWithRests();
@@ -64,6 +67,11 @@ std::shared_ptr<ScoreModel> ScoreReader::read(ImportReport &report)
     const auto sources = partSources(_document.root(), _list, _context);
     for (const auto &source : sources)
         _barCount = std::max(_barCount, source.measures.size());
+
+    if (_barCount > MasterTrack::MaxBars)
+        _context.refuse(_document.root(),
+                        "there are " + std::to_string(_barCount) + " measures, and at most "
+                            + std::to_string(MasterTrack::MaxBars) + " can be read");
 
     _tally.parts.resize(sources.size());
     _facts.resize(sources.size());
@@ -113,17 +121,13 @@ void ScoreReader::readPart(std::size_t part, const PartSource &source)
     for (std::size_t bar = 0; bar < source.measures.size(); ++bar) {
         _context.setPlace(static_cast<int>(part), static_cast<int>(bar));
         const auto &measure = source.measures[bar];
-        _reader.readMeasure(measure.frame, measure.content, _measure);
-        while (bars.size() < facts.staves.size()) {
-            // A staff that turns up late was empty before.
-            bars.emplace_back();
-            bars.back().reserve(_barCount);
-            for (std::size_t i = 0; i < bar; ++i)
-                bars.back().push_back(std::make_shared<Bar>());
-            checkSize(_barsMade += bar);
+        try {
+            readMeasure(part, bar, measure.frame, measure.content);
+        } catch (const ImportException &) {
+            throw;
+        } catch (const CoreException &error) { // such as a fraction that nothing can hold
+            _context.refuse(measure.content, error.message());
         }
-        _builder.build(_measure, bars);
-        checkSize(_barsMade += bars.size());
     }
     _context.setPlace(static_cast<int>(part), -1);
     _reader.finishPart();
@@ -131,6 +135,23 @@ void ScoreReader::readPart(std::size_t part, const PartSource &source)
     TwinStaves(_context, facts, bars, tally).merge();
     const auto &rests = _builder.wholeMeasureRests();
     _rests.insert(_rests.end(), rests.begin(), rests.end());
+}
+
+void ScoreReader::readMeasure(std::size_t part, std::size_t bar, pugi::xml_node frame,
+                              pugi::xml_node content)
+{
+    auto &bars = _bars[part];
+    _reader.readMeasure(frame, content, _measure);
+    while (bars.size() < _facts[part].staves.size()) {
+        // A staff that turns up late was empty before.
+        bars.emplace_back();
+        bars.back().reserve(_barCount);
+        for (std::size_t i = 0; i < bar; ++i)
+            bars.back().push_back(std::make_shared<Bar>());
+        checkSize(_barsMade += bar);
+    }
+    _builder.build(_measure, bars);
+    checkSize(_barsMade += bars.size());
 }
 
 /// Refuses what would fill the memory with empty bars: a bar takes some text when it is music.
