@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The tunings library against bare containers, and the repeated save of the user's file against
-// the whole document built and written for every tuning.
+// The tunings library against bare containers, the repeated save of the user's file against the
+// whole document built and written for every tuning, and opening it against reading its XML.
 #include "RatioReport.h"
 
 #include <ZarnCore/instruments/tunings/ZarnGuitarTuningLibrary.h>
@@ -11,6 +11,7 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <QTextStream>
+#include <QXmlStreamReader>
 
 #include <rapidjson/document.h>
 
@@ -27,10 +28,10 @@ constexpr auto core = GuitarTuning::CoreRole;
 constexpr int userTuningCount = 200;
 
 /// A user's file as another program may have written it.
-QByteArray userFile()
+QByteArray userFile(int count = userTuningCount)
 {
     QByteArray text = "<UserTunings>";
-    for (int i = 0; i < userTuningCount; ++i) {
+    for (int i = 0; i < count; ++i) {
         text += "<Tuning Instrument='1' Name='Tuning " + QByteArray::number(i) + "'>";
         for (int string = 0; string < 4 + i % 5; ++string)
             text += "<MidiNumber Number='" + QByteArray::number(30 + 5 * string + i % 7)
@@ -125,6 +126,44 @@ void addLoading(RatioReport &report, const QString &path)
                    bench::Timing::Manual);
 }
 
+/// What any reader does: all elements, with their attributes.
+void readXml(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw std::runtime_error("cannot read");
+    QXmlStreamReader reader(file.readAll());
+    while (!reader.atEnd())
+        if (reader.readNext() == QXmlStreamReader::StartElement)
+            benchmark::DoNotOptimize(reader.attributes().size());
+}
+
+/// The start of a program whose tunings are as it left them.
+void addOpening(RatioReport &report, const QString &path)
+{
+    constexpr int count = 1000;
+    const auto prepare = [path] {
+        writeFile(path, userFile(count));
+        GuitarTuningLibrary().loadUserTunings();
+    };
+    report.compare(
+        "tunings: 1,000 of the user, opened", 2,
+        [path, prepare](benchmark::State &state) {
+            prepare();
+            for (auto _ : state)
+                readXml(path);
+        },
+        [prepare](benchmark::State &state) {
+            prepare();
+            for (auto _ : state) {
+                GuitarTuningLibrary library;
+                library.loadUserTunings();
+                if (library.getTunings(GuitarTuning::UserRole).size() != count)
+                    throw std::runtime_error("not loaded");
+            }
+        });
+}
+
 void parseCatalogue(GuitarTuningLibrary &library)
 {
     QFile file(QStringLiteral(":/instrumentSet/ZarnTunings.json"));
@@ -216,6 +255,7 @@ int main(int argc, char **argv)
 
     RatioReport report;
     addLoading(report, path);
+    addOpening(report, path);
     addLookUps(report, library, bare, tunings);
     return report.run(argc, argv);
 }
