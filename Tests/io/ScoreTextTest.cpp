@@ -147,6 +147,7 @@ TEST(ScoreText, errorsNameLineAndColumnAndWhatWouldBeRight)
         {"voice: r & r & r & r & r", "line 1, column 23: a bar has at most four voices"},
         {"drums: kick bang", "line 1, column 13: expected a drum such as kick"},
         {"voice: \"Am c4", "expected a \" behind the chord symbol"},
+        {"voice: c4 \"A\xFF\"d4", "line 1, column 11: the chord symbol is not in UTF-8"},
         {"voice key=G##: r", "line 1, column 11: the key has more than seven"},
         {"voice 4/4: r; bass 3/4: r", "line 1, column 20: another track says something else"},
         {"voice: r :| r; bass: r :|x3 r", "another track says something else of bar 1"},

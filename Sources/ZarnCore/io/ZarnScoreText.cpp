@@ -5,6 +5,8 @@
 #include <ZarnCore/io/text/NoteText.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
+#include <QString>
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -202,6 +204,8 @@ void ScoreTextReader::readBeat(Line &line)
                 _scanner.failExpecting("a \" behind the chord symbol");
             symbol += _scanner.peek();
         }
+        if (QString::fromStdString(symbol).toStdString() != symbol)
+            _scanner.failAt(place, "the chord symbol is not in UTF-8");
         _scanner.take('"');
         beat->setChordSymbol(symbol);
     }
