@@ -2,6 +2,7 @@
 #include "StackFixture.h"
 
 #include <ZarnCore/ZarnException.h>
+#include <ZarnCore/commands/ZarnMacroCommand.h>
 #include <ZarnCore/commands/ZarnMacroCommandRecorder.h>
 
 namespace {

@@ -13,20 +13,21 @@ import re
 import sys
 
 NAMESPACE = re.compile(r"^namespace ([\w:]+) \{")
-END_OF_NAMESPACE = re.compile(r"^\} // namespace")
 CLASS = re.compile(r"^(?:class|struct) (?:ZARNCORE_EXPORT|FILESYSTEM_EXPORT) (\w+)\b[^;]*$")
 
 
 def exported_classes(text):
     """Qualified names of the classes that a header exports, in order."""
-    scope = []
+    scope = []  # (name, how many braces were open in front of it)
+    depth = 0
     for line in text.splitlines():
         if match := NAMESPACE.match(line):
-            scope.append(match.group(1))
-        elif END_OF_NAMESPACE.match(line):
-            scope.pop()
+            scope.append((match.group(1), depth))
         elif match := CLASS.match(line):
-            yield "::".join(scope + [match.group(1)])
+            yield "::".join([name for name, _ in scope] + [match.group(1)])
+        depth += line.count("{") - line.count("}")
+        if scope and depth == scope[-1][1]:
+            scope.pop()
 
 
 def write(path, text):
