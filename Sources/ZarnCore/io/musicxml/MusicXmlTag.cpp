@@ -163,42 +163,56 @@ static_assert(std::size(names) == tagCount);
 
 constexpr std::size_t slotCount = 1024;
 
-/// Places nearly all names in slots of their own; only the length and three letters are read.
-constexpr std::size_t slotOf(std::string_view name) noexcept
+/// The names are found by a number that is made in one pass over their letters; the table is
+/// spacious, so that most names have a slot of their own.
+constexpr std::uint32_t hashOf(const char *name) noexcept
 {
-    const auto letter = [name](std::size_t at) {
-        return static_cast<std::uint32_t>(static_cast<unsigned char>(name[at]));
-    };
-    const auto length = name.size();
-    const auto mixed = letter(0) * 0x9E3779B1u ^ letter(length - 1) * 0x85EBCA6Bu
-        ^ letter(length / 2) * 0xC2B2AE35u ^ static_cast<std::uint32_t>(length) * 0x27D4EB2Fu;
-    return (mixed ^ (mixed >> 15)) % slotCount;
+    std::uint32_t hash = 0;
+    for (; *name != '\0'; ++name)
+        hash = hash * 0x01000193u ^ static_cast<unsigned char>(*name);
+    return hash ^ hash >> 10 ^ hash >> 20;
 }
 
-constexpr std::array<Tag, slotCount> makeTable() noexcept
+struct Slot {
+    std::uint32_t hash = 0;
+    Tag tag = Tag::Unknown;
+};
+
+constexpr std::array<Slot, slotCount> makeTable() noexcept
 {
-    std::array<Tag, slotCount> table = {};
+    std::array<Slot, slotCount> table = {};
     for (std::size_t tag = 1; tag < tagCount; ++tag) {
-        auto slot = slotOf(names[tag]);
-        while (table[slot] != Tag::Unknown)
+        const auto hash = hashOf(names[tag].data());
+        auto slot = hash % slotCount;
+        while (table[slot].tag != Tag::Unknown)
             slot = (slot + 1) % slotCount;
-        table[slot] = static_cast<Tag>(tag);
+        table[slot] = {hash, static_cast<Tag>(tag)};
     }
     return table;
 }
 
 constexpr auto table = makeTable();
 
+/// As `strcmp`, without the call: the names are short.
+bool isSame(const char *left, const char *right) noexcept
+{
+    for (; *left == *right; ++left, ++right)
+        if (*left == '\0')
+            return true;
+    return false;
+}
+
 } // namespace
 
 Tag tagOf(const char *name) noexcept
 {
-    const std::string_view word(name);
-    if (word.empty())
-        return Tag::Unknown;
-    for (auto slot = slotOf(word); table[slot] != Tag::Unknown; slot = (slot + 1) % slotCount)
-        if (names[static_cast<std::size_t>(table[slot])] == word)
-            return table[slot];
+    const auto hash = hashOf(name);
+    for (auto slot = hash % slotCount; table[slot].tag != Tag::Unknown;
+         slot = (slot + 1) % slotCount) {
+        const auto &[known, tag] = table[slot];
+        if (known == hash && isSame(tagName(tag), name))
+            return tag;
+    }
     return Tag::Unknown;
 }
 

@@ -42,10 +42,25 @@ int takeSign(std::string_view &word) noexcept
     return sign;
 }
 
+/// A plain number of up to nine digits and nothing else, which most texts are.
+std::optional<int> parsePlain(const char *text) noexcept
+{
+    int value = 0;
+    int digits = 0;
+    for (; text[digits] >= '0' && text[digits] <= '9'; ++digits) {
+        if (digits == 9)
+            return std::nullopt;
+        value = 10 * value + (text[digits] - '0');
+    }
+    return digits > 0 && text[digits] == '\0' ? std::optional<int>(value) : std::nullopt;
+}
+
 } // namespace
 
 std::optional<int> parseInteger(const char *text) noexcept
 {
+    if (const auto plain = parsePlain(text))
+        return plain;
     auto word = trimmed(text);
     const int sign = takeSign(word);
     const auto value = parseDigits(word);
@@ -54,6 +69,8 @@ std::optional<int> parseInteger(const char *text) noexcept
 
 std::optional<utils::rational> parseDecimal(const char *text) noexcept
 {
+    if (const auto plain = parsePlain(text))
+        return utils::rational(*plain);
     auto word = trimmed(text);
     const int sign = takeSign(word);
     const auto point = word.find('.');
