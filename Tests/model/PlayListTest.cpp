@@ -14,7 +14,8 @@ using namespace zarn;
 namespace {
 
 /// A form in one line, a bar per character pair: a letter for the bar, behind it "(" for a repeat
-/// start, ")" or a number of times for a repeat end, "[12]" for its endings.
+/// start, ")" or a number of times for a repeat end, "[12]" for its endings, "|" for the start of a
+/// movement.
 MasterTrack makeForm(const std::string &text)
 {
     MasterTrack track;
@@ -28,6 +29,8 @@ MasterTrack makeForm(const std::string &text)
             inEnding = sign == '[';
         } else if (inEnding) {
             bar->setAlternateEndings(bar->alternateEndings() | 1u << (sign - '1'));
+        } else if (sign == '|') {
+            bar->setMovementStart(true);
         } else if (sign == '(') {
             bar->setRepeatStart(true);
         } else if (sign == ')') {
@@ -79,6 +82,37 @@ TEST(PlayList, endings)
     EXPECT_EQ(played("a(b[1]c[1])d[2]e[2]f"), "abcadef") << "brackets over several bars";
     EXPECT_EQ(played("a(b[1])c[2]d(e)f"), "abacdedef");
     EXPECT_EQ(played("a[2]b"), "b") << "an ending that no pass reaches";
+}
+
+TEST(PlayList, endingsWhoseRepeatsStandElsewhere)
+{
+    EXPECT_EQ(played("ab(cd[1]ef)g[2]h"), "abcdefbcgh") << "a bracket closed before its repeat";
+    EXPECT_EQ(played("ab(c[1]d)e"), "abcdbde") << "no other ending follows the repeat";
+    EXPECT_EQ(played("ab(c[1]d[2]ef)g"), "abcefbdefg") << "two endings on the way to a repeat";
+    EXPECT_EQ(played("ab(c[1]d[2]e[3]fg[1])h[2])i"), "abcfgbdfhbefi")
+        << "each pass has an ending on the way and one at the end";
+    EXPECT_EQ(played("a(b[1])c[2]de)f"), "abacdedef") << "the endings had their repeat";
+}
+
+TEST(PlayList, movements)
+{
+    EXPECT_EQ(played("abc|d)e"), "abcdcde");
+    MasterTrack track = makeForm("abcd|efg|h");
+    track.setFine(4);
+    track.setDaCapoAlFine(5);
+    EXPECT_EQ(played(track), "abcdefdegh") << "a minuet ends, the finale follows";
+    EXPECT_EQ(track.jumpIndexForDirection(static_cast<int>(DirectionMark::DaCapoAlFine)), 3);
+    track.setSegno(1);
+    track.setDaSegno(6);
+    EXPECT_EQ(played(track), "abcdefdegh") << "a segno of another movement";
+
+    track = makeForm("ab(cd|ef)g");
+    EXPECT_EQ(played(track), "abcdefdefg") << "a repeat goes back to its movement alone";
+    track.removeMasterBars(3, 4);
+    EXPECT_EQ(track.movementStart(4), 3u) << "what is left of the movement is one";
+    EXPECT_EQ(played(track), "abcdde");
+    track.insertEmptyMasterBars(1, 1);
+    EXPECT_EQ(played(track), "abcdeef");
 }
 
 TEST(PlayList, jumps)
@@ -137,6 +171,7 @@ TEST(PlayList, contradictoryDirectionsEnd)
         for (unsigned i = 0; i < count; ++i) {
             const auto bar = std::make_shared<MasterBar>();
             bar->setRepeatStart(random() % 3 == 0);
+            bar->setMovementStart(random() % 5 == 0);
             if (random() % 3 == 0)
                 bar->setRepeatCount(2 + static_cast<unsigned>(random() % 3));
             if (random() % 3 == 0)

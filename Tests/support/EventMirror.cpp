@@ -359,6 +359,12 @@ void EventMirror::hear(const evt::UnsetBarSection &event)
         &MasterBar::setSection);
 }
 
+void EventMirror::hear(const evt::MasterBarAttribute &event)
+{
+    readMasterBars(event.firstBar(), event.lastBar(), &MasterBar::isMovementStart,
+                   &MasterBar::setMovementStart);
+}
+
 void EventMirror::hear(const evt::MasterBarTimeSignature &event)
 {
     readMasterBars(event.firstBar(), event.lastBar(), &MasterBar::timeSignature,

@@ -70,6 +70,7 @@ private:
     void hear(const zarn::evt::TrackClefChanged &);
     void hear(const zarn::evt::SetBarSection &);
     void hear(const zarn::evt::UnsetBarSection &);
+    void hear(const zarn::evt::MasterBarAttribute &);
     void hear(const zarn::evt::MasterBarTimeSignature &);
     void hear(const zarn::evt::MasterBarKeySignature &);
     void hear(const zarn::evt::MasterBarTripletFeel &);

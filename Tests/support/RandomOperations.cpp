@@ -243,6 +243,10 @@ const std::vector<RandomOperation> operations = {
      [](EditedScore &e) { return e.score.setMasterBarDoubleBar(e.places.bar(), e.random.coin()); }},
     {"setBarRepeatStart", 2,
      [](EditedScore &e) { return e.score.setBarRepeatStart(e.places.bar(), e.random.coin()); }},
+    {"setMasterBarMovementStart", 2,
+     [](EditedScore &e) {
+         return e.score.setMasterBarMovementStart(e.places.bar(), e.random.percent(70));
+     }},
     {"setBarRepeatEnd", 2,
      [](EditedScore &e) { return e.score.setBarRepeatEnd(e.places.bar(), e.random.below(4)); }},
     {"setBarAlternateEndings", 2,

@@ -192,6 +192,7 @@ private:
         bar.setFreeTime(oneIn(4));
         bar.setDoubleBar(oneIn(4));
         bar.setRepeatStart(oneIn(4));
+        bar.setMovementStart(oneIn(6));
         if (oneIn(4))
             bar.setRepeatCount(2 + below(254));
         if (oneIn(4))

@@ -31,6 +31,7 @@ key 9-12 Em
 feel all triplet-8th
 free-time 6 on
 double-bar 4 on
+movement 3 on
 repeat-start 4 on
 repeat-end 6 3
 endings 5-6 1,3

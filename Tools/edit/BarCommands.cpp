@@ -75,6 +75,12 @@ bool setEndings(EditSession &session, const Values &values)
                                                   static_cast<std::uint32_t>(values.get<int>(1)));
 }
 
+bool setMovementStart(EditSession &session, const Values &values)
+{
+    return session.score().setMasterBarMovementStart(targetBar(session, values),
+                                                     values.get<bool>(1));
+}
+
 bool setDirection(EditSession &session, const Values &values)
 {
     return session.score().setBarDirection(static_cast<DirectionMark>(values.get<int>(0)),
@@ -168,6 +174,11 @@ const std::vector<Command> &barCommands()
          QStringLiteral("Put a jump or its target at a bar; without a bar, take it away."),
          QStringLiteral("Score::setBarDirection"),
          setDirection},
+        {QStringLiteral("movement"),
+         {oneBar, onOff},
+         QStringLiteral("Begin a movement at a bar: repeats and jumps stay inside of it."),
+         QStringLiteral("Score::setMasterBarMovementStart"),
+         setMovementStart},
         {QStringLiteral("section"),
          {oneBar,
           {QStringLiteral("LETTER"), Kind::Text},

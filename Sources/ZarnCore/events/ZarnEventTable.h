@@ -91,7 +91,7 @@ inline constexpr EventTable eventTable = {
     EventRow<class MasteringReverbChanged>{75, "MasteringReverbChanged"},
     EventRow<class SetBarSection>{76, "SetBarSection"},
     EventRow<class UnsetBarSection>{77, "UnsetBarSection"},
-    EventRow<class MasterBarAttribute>{78, "MasterBarAttribute", notSentYet},
+    EventRow<class MasterBarAttribute>{78, "MasterBarAttribute"},
     EventRow<class MasterBarTimeSignature>{79, "MasterBarTimeSignature"},
     EventRow<class MasterBarKeySignature>{80, "MasterBarKeySignature"},
     EventRow<class MasterBarTripletFeel>{81, "MasterBarTripletFeel"},

@@ -38,7 +38,7 @@ class UnsetBarSection final : public BarsEvent<UnsetBarSection> {
     using BarsEvent::BarsEvent;
 };
 
-/// An attribute of the bars that has no event of its own changed. Nothing sends it yet.
+/// An attribute of the bars that has no event of its own changed: whether they begin a movement.
 class MasterBarAttribute final : public BarsEvent<MasterBarAttribute> {
     using BarsEvent::BarsEvent;
 };

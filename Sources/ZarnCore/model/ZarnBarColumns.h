@@ -35,6 +35,9 @@ struct BarColumnSurroundings {
     MasterTrack::DirectionSlots directions = {};
     std::vector<SimileMarkPlace> simileMarks;
     std::vector<TiePlace> ties;
+
+    /// The bar behind removed columns that came to begin their movement; -1 for none.
+    int newMovementStart = -1;
 };
 
 /// Bar columns that were taken out of a model, owned while they are out, with all that is needed

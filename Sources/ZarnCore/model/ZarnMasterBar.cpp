@@ -53,7 +53,7 @@ bool operator==(const MasterBar &left, const MasterBar &right)
         && left._section == right._section && left._alternateEndings == right._alternateEndings
         && left._repeatCount == right._repeatCount && left._tripletFeel == right._tripletFeel
         && left._freeTime == right._freeTime && left._doubleBar == right._doubleBar
-        && left._repeatStart == right._repeatStart;
+        && left._repeatStart == right._repeatStart && left._movementStart == right._movementStart;
 }
 
 } // namespace zarn

@@ -101,6 +101,11 @@ public:
     void setAlternateEndings(std::uint32_t passes) noexcept { _alternateEndings = passes; }
     bool isPlayedInPass(unsigned pass) const noexcept;
 
+    /// Begins a movement: no repeat and no jump leads from behind this bar to one before it, and
+    /// none ahead past it. The first bar of a score begins one without saying so.
+    bool isMovementStart() const noexcept { return _movementStart; }
+    void setMovementStart(bool start) noexcept { _movementStart = start; }
+
     const Section &section() const noexcept { return _section; }
     void setSection(const Section &section) { _section = section; }
     bool hasSection() const noexcept { return !_section.isEmpty(); }
@@ -125,6 +130,7 @@ private:
     bool _freeTime = false;
     bool _doubleBar = false;
     bool _repeatStart = false;
+    bool _movementStart = false;
 };
 
 } // namespace zarn

@@ -108,6 +108,7 @@ void MasterTrack::removeMasterBars(unsigned first, unsigned last)
     last = std::min(last, masterBarCount() - 1);
     eraseBlocks(first, last);
     removeDirections(first, last);
+    handOnMovementStart(first, last);
     takeMasterBarBlock(first, last);
 }
 
@@ -151,6 +152,19 @@ void MasterTrack::removeDirections(unsigned first, unsigned last) noexcept
         else if (bar >= from)
             bar = -1;
     }
+}
+
+/// Makes the bar behind `last` begin the movement of which bars from `first` on go away, when its
+/// first bar is among them; whether that changed the bar.
+bool MasterTrack::handOnMovementStart(unsigned first, unsigned last) noexcept
+{
+    const auto &bars = masterBars();
+    if (last + 1 >= bars.size() || bars[last + 1]->isMovementStart())
+        return false;
+    const bool losesStart = std::any_of(bars.begin() + first, bars.begin() + last + 1,
+                                        [](const auto &bar) { return bar->isMovementStart(); });
+    bars[last + 1]->setMovementStart(losesStart);
+    return losesStart;
 }
 
 bool operator==(const MasterTrack &left, const MasterTrack &right)

@@ -84,7 +84,7 @@ public:
     void insertEmptyMasterBars(unsigned index, unsigned count);
 
     /// Removes the bars `first` to `last` inclusive; nothing happens past the end. A direction on
-    /// a removed bar is unset.
+    /// a removed bar is unset; a movement that loses its first bars begins with those it keeps.
     void removeMasterBar(unsigned index);
     void removeMasterBars(unsigned first, unsigned last);
     void clear();
@@ -92,6 +92,9 @@ public:
     /// The bare lists, for those who keep automations and directions themselves.
     void insertMasterBarBlock(unsigned index, MasterBars bars);
     MasterBars takeMasterBarBlock(unsigned first, unsigned last);
+
+    /// First bar of the movement that a bar belongs to; 0 past the end.
+    unsigned movementStart(unsigned bar) const noexcept;
 
     // Order of playing; see `DirectionAccessors` for each direction by its name.
 
@@ -108,7 +111,7 @@ public:
     bool hasAnyDirectionAtBarIndex(int barIndex) const noexcept;
 
     /// Bar index to which a direction of this kind sends the player; -1 when it is no jump or
-    /// what it leads to is not set.
+    /// what it leads to is not set. A da capo leads to the first bar of its movement.
     int jumpIndexForDirection(int kind) const noexcept;
 
     static QString directionToQString(DirectionMark mark) { return directionMarkToQString(mark); }
@@ -165,6 +168,7 @@ private:
     void linkOrphans(const std::weak_ptr<MasterTrack> &self) { _masterBars.link(self); }
     void moveMarks(unsigned index, unsigned count);
     void removeDirections(unsigned first, unsigned last) noexcept;
+    bool handOnMovementStart(unsigned first, unsigned last) noexcept;
 
     ChildList<MasterTrack, MasterBar> _masterBars;
     std::unique_ptr<Private> _d;

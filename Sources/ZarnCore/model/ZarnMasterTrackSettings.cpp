@@ -56,7 +56,19 @@ int MasterTrack::jumpIndexForDirection(int kind) const noexcept
     if (kind < 0 || kind >= DirectionMarkCount || !isJump(static_cast<DirectionMark>(kind)))
         return -1;
     const DirectionMark target = targetOfDirection(static_cast<DirectionMark>(kind));
-    return target == DirectionMark::NoDirection ? 0 : directionIndex(target);
+    if (target != DirectionMark::NoDirection)
+        return directionIndex(target);
+    const int bar = directionIndex(static_cast<DirectionMark>(kind));
+    return bar < 0 ? 0 : static_cast<int>(movementStart(static_cast<unsigned>(bar)));
+}
+
+unsigned MasterTrack::movementStart(unsigned bar) const noexcept
+{
+    if (!hasMasterBarIndex(bar))
+        return 0;
+    while (bar > 0 && !masterBars()[bar]->isMovementStart())
+        --bar;
+    return bar;
 }
 
 const MasterTrack::PlayList &MasterTrack::playlist() const

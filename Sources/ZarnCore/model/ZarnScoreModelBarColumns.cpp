@@ -99,6 +99,8 @@ BarColumns ScoreModel::takeBarColumns(unsigned first, unsigned last)
     taken.automations.reserve(1 + trackCount());
     taken.automations.push_back(_masterTrack->eraseBlocks(first, last));
     _masterTrack->removeDirections(first, last);
+    if (_masterTrack->handOnMovementStart(first, last))
+        taken.surroundings.newMovementStart = static_cast<int>(last) + 1;
     taken.masterBars = _masterTrack->takeMasterBarBlock(first, last);
     taken.bars.reserve(trackCount());
     for (const auto &track : tracks()) {
@@ -137,6 +139,9 @@ void ScoreModel::putBackBarColumns(BarColumns columns)
 void ScoreModel::restoreSurroundings(const BarColumnSurroundings &surroundings)
 {
     _masterTrack->setDirectionSlots(surroundings.directions);
+    if (surroundings.newMovementStart >= 0)
+        _masterTrack->masterBars()[static_cast<unsigned>(surroundings.newMovementStart)]
+            ->setMovementStart(false);
     for (const SimileMarkPlace &place : surroundings.simileMarks)
         if (const auto track = _tracks.at(place.track))
             if (const auto bar = track->bar(place.bar, place.staff))

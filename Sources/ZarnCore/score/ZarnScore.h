@@ -205,6 +205,10 @@ public:
     /// Plays bars only in some passes of a repeat, bit 0 for the first; 0 for every pass.
     bool setBarAlternateEndings(unsigned first, unsigned last, std::uint32_t passes);
 
+    /// Begins a movement at a bar, or joins it to the movement before: repeats and jumps stay
+    /// inside of a movement.
+    bool setMasterBarMovementStart(unsigned bar, bool isMovementStart);
+
     /// Moves a direction to a bar, or takes it away with -1. A score has one of each.
     bool setBarDirection(DirectionMark mark, int bar);
 

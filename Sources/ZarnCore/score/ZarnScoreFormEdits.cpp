@@ -7,6 +7,7 @@
 #include <ZarnCore/commands/MasterBar/ZarnSetBarRepeatStart.h>
 #include <ZarnCore/commands/MasterBar/ZarnSetMasterBarDoubleBar.h>
 #include <ZarnCore/commands/MasterBar/ZarnSetMasterBarFreeTime.h>
+#include <ZarnCore/commands/MasterBar/ZarnSetMasterBarMovementStart.h>
 #include <ZarnCore/commands/MasterBar/ZarnSetMasterBarSection.h>
 #include <ZarnCore/commands/MasterBar/ZarnSetMasterKeySignature.h>
 #include <ZarnCore/commands/MasterBar/ZarnSetMasterTimeSignature.h>
@@ -54,6 +55,11 @@ bool Score::setBarRepeatEnd(unsigned bar, unsigned count)
 bool Score::setBarAlternateEndings(unsigned first, unsigned last, std::uint32_t passes)
 {
     return execute<cmd::SetBarAlternateEndings>(*this, first, last, passes);
+}
+
+bool Score::setMasterBarMovementStart(unsigned bar, bool isMovementStart)
+{
+    return execute<cmd::SetMasterBarMovementStart>(*this, bar, isMovementStart);
 }
 
 bool Score::setBarDirection(DirectionMark mark, int bar)

@@ -62,6 +62,11 @@ void ColumnChanges::addSurroundings(const ScoreModel &model, const BarColumnSurr
     }
 }
 
+void ColumnChanges::setMovementStart(const BarColumns &taken) noexcept
+{
+    _movesMovementStart = taken.surroundings.newMovementStart >= 0;
+}
+
 void ColumnChanges::addDirections(const MasterTrack::DirectionSlots &before)
 {
     for (std::size_t i = 0; i < before.size(); ++i) {
@@ -111,6 +116,7 @@ void ColumnChanges::announceIn(Score &score, const void *sender) const
 {
     const ScoreModel &model = *score.scoreModel();
     _touched.announce(score, sender, _first, _count);
+    announceMovementStart(score, sender, _first + _count);
     announceDirections(score, sender, Columns::In);
     Containers automations = automationsAtStart(model);
     automations.insert(automations.end(), _automations.begin(), _automations.end());
@@ -124,11 +130,18 @@ void ColumnChanges::announceIn(Score &score, const void *sender) const
 void ColumnChanges::announceOut(Score &score, const void *sender) const
 {
     _touched.announce(score, sender);
+    announceMovementStart(score, sender, _first);
     announceDirections(score, sender, Columns::Out);
     const unsigned barCount = score.scoreModel()->masterTrack()->masterBarCount();
     const unsigned joint = std::min(_first, barCount == 0 ? 0 : barCount - 1);
     announceAutomations(_automations, score, sender, joint, joint);
     announceStartTempo(score, sender, _tempoIn, _tempoOut);
+}
+
+void ColumnChanges::announceMovementStart(Score &score, const void *sender, unsigned bar) const
+{
+    if (_movesMovementStart)
+        score.notify(sender, evt::MasterBarAttribute(static_cast<int>(bar), static_cast<int>(bar)));
 }
 
 void ColumnChanges::announceDirections(Score &score, const void *sender, Columns now) const

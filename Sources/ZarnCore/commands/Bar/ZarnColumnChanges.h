@@ -29,6 +29,9 @@ public:
     void addSurroundings(const ScoreModel &model, const BarColumnSurroundings &before,
                          Columns kept);
 
+    /// Whether the bar behind columns that are out came to begin their movement.
+    void setMovementStart(const BarColumns &taken) noexcept;
+
     /// The directions that stand at columns which are out.
     void addDirections(const MasterTrack::DirectionSlots &before);
 
@@ -39,8 +42,8 @@ public:
     void setStartTempos(double in, double out) noexcept;
 
     /// Sends what is beside `AddBars` and `RemoveBars`: the events of the touched bars,
-    /// `MasterBarDirection`, `RequestMasterBarPlaylistUpdate`, those of the automations, and
-    /// `GlobalTempoChanged`.
+    /// `MasterBarAttribute` for the bar that begins a movement or no more, `MasterBarDirection`,
+    /// `RequestMasterBarPlaylistUpdate`, those of the automations, and `GlobalTempoChanged`.
     void announceIn(Score &score, const void *sender) const;
     void announceOut(Score &score, const void *sender) const;
 
@@ -49,6 +52,7 @@ private:
     using Container = std::pair<int, Automation::Type>;
     using Containers = std::vector<Container>;
 
+    void announceMovementStart(Score &score, const void *sender, unsigned bar) const;
     void announceDirections(Score &score, const void *sender, Columns now) const;
     Containers automationsAtStart(const ScoreModel &model) const;
     static void announceAutomations(Containers containers, Score &score, const void *sender,
@@ -57,6 +61,7 @@ private:
     unsigned _first = 0;
     unsigned _count = 0;
     TouchedBars _touched; ///< numbered as while the columns are out
+    bool _movesMovementStart = false;
     std::vector<std::pair<DirectionMark, int>> _directions;
     Containers _automations;
     double _tempoIn = 0;

@@ -36,6 +36,7 @@ void RemoveBars::apply()
     _removed = model().takeBarColumns(_first, _last);
     _changes.start(_first, _last - _first + 1);
     _changes.addSurroundings(model(), _removed->surroundings, ColumnChanges::Columns::In);
+    _changes.setMovementStart(*_removed);
     _changes.addDirections(_removed->surroundings.directions);
     _changes.addAutomations(*_removed);
     _changes.setStartTempos(tempo, startTempo(master));

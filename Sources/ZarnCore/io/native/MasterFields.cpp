@@ -112,6 +112,7 @@ constexpr std::array masterBarFields = {
         "endings"),
     field<MasterBar, letterOf, setLetter>("sectionLetter"),
     field<MasterBar, sectionTextOf, setSectionText>("section"),
+    field<MasterBar, &MasterBar::isMovementStart, &MasterBar::setMovementStart>("movementStart"),
 };
 
 void writeMasterBars(DocumentWriter &writer, std::string_view key, const MasterTrack &track)
