@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <new>
 #include <random>
 
 using zarn::io::ImportException;
@@ -180,18 +181,67 @@ TEST(MusicXmlContainer, floodsAreRefusedBeforeTheyFillTheMemory)
     std::string measures = "<measure><attributes><staves>64</staves></attributes></measure>";
     for (int i = 0; i < 20'000; ++i)
         measures += "<measure/>";
-    expectRefusal(QByteArray::fromStdString(musicxml::score(measures)), "nearly all of them empty");
+    expectRefusal(QByteArray::fromStdString(musicxml::score(measures)), "empty bars");
+
+    // Time that a few bytes pass over becomes place holders.
+    std::string gaps;
+    for (int bar = 0; bar < 60; ++bar)
+        gaps += musicxml::measure(musicxml::forward(60'000) + musicxml::note("C", 4, 1, "quarter"));
+    expectRefusal(QByteArray::fromStdString(musicxml::score(gaps)),
+                  "test.musicxml: line 23: the score would hold more than");
+
+    const QByteArray start = "<score-partwise><part-list/><part id=\"P1\"><measure>";
+    QByteArray tags = start;
+    for (int i = 0; i < 1'200'000; ++i)
+        tags += "<a/>";
+    expectRefusal(tags, "elements, and a document of this size may have no more than 1");
+}
+
+TEST(MusicXmlContainer, anEntryThatSaysThatItIsHugeIsRefusedBeforeItIsUnpacked)
+{
+    ZipWriter zip;
+    zip.add("META-INF/container.xml", container("<rootfile full-path=\"s.xml\"/>"));
+    zip.add("s.xml", named("UTF-8"));
+    auto archive = zip.archive();
+    // The last entry of the directory states its size behind its check sum and packed size.
+    const int entry = archive.lastIndexOf("PK\x01\x02");
+    archive.replace(entry + 24, 4, QByteArray("\xF0\xFF\xFF\xFF", 4));
+    expectRefusal(archive, "s.xml: unpacks to more than a score can be");
+}
+
+TEST(MusicXmlContainer, memoryThatIsNotThereIsARefusalToo)
+{
+    class NoMemory final : public filesystem::FileHandle {
+    public:
+        std::string path() const override { return "big.musicxml"; }
+        std::int64_t size() const override { return 1; }
+        std::int64_t position() const override { return 0; }
+
+    protected:
+        bool doSeek(std::int64_t) override { return true; }
+        std::int64_t doRead(void *, std::int64_t) override { throw std::bad_alloc(); }
+        std::int64_t doWrite(const void *, std::int64_t) override { return -1; }
+        bool doClose() override { return true; }
+    };
+    NoMemory handle;
+    ImportReport report;
+    try {
+        MusicXmlImporter().read(handle, report);
+        FAIL() << "read without memory";
+    } catch (const ImportException &error) {
+        EXPECT_EQ(error.message(), "big.musicxml: there is not enough memory for the document");
+    }
 }
 
 TEST(MusicXmlContainer, badDocumentsAreRefusedOrRepairedWithAClearMessage)
 {
     SKIP_WITHOUT_SCORES();
     const std::map<std::string, std::string> refused = {
-        {"truncated.musicxml", "line 2: a closing tag"},
+        {"truncated.musicxml", "line 2: the file is cut off"},
         {"empty.musicxml", "the file is empty"},
         {"not-xml.musicxml", "there is no XML element"},
         {"wrong-root.musicxml", "line 1: the root element is <opus>"},
-        {"mismatched-tags.musicxml", "line 2: a closing tag"},
+        {"mismatched-tags.musicxml", "line 2: the closing tag </mesure> does not match"},
         {"bad-crc.mxl", "s.xml: cannot be unpacked: CRC error"},
         {"outside-path.mxl", "names a file outside of the archive"},
         {"missing-rootfile.mxl", "names \"other.xml\", which the archive does not hold"}};

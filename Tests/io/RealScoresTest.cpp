@@ -155,6 +155,9 @@ TEST(RealScores, countsOfTheTreeAloneAgreeWhereItCanTell)
             merged.total += part.merged.total;
             merged.pitched += part.merged.pitched;
             merged.rests += part.merged.rests;
+            // Rests that are not printed are none in the tree.
+            merged.total += part.notes.hiddenRests;
+            merged.rests += part.notes.hiddenRests;
         }
         const auto wantedOf = [&](const char *name, std::uint32_t elsewhere) {
             return wanted[QLatin1String(name)].toInt() - static_cast<int>(elsewhere);

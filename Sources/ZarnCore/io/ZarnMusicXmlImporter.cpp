@@ -10,6 +10,9 @@
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <filesystem/FileHandle.h>
 
+#include <new>
+#include <optional>
+
 namespace zarn::io {
 
 MusicXmlImporter::~MusicXmlImporter() = default;
@@ -38,17 +41,23 @@ std::shared_ptr<ScoreModel> MusicXmlImporter::read(filesystem::FileHandle &handl
                                                    ImportReport &report) const
 {
     const auto name = handle.path();
-    auto bytes = readWhole(handle);
     try {
-        if (isZipArchive(bytes))
+        auto bytes = readWhole(handle);
+        std::optional<std::size_t> packedSize;
+        if (isZipArchive(bytes)) {
+            packedSize = bytes.size();
             bytes = unpackMxl(name, bytes, report);
-        const XmlDocument document(name, std::move(bytes), report);
+        }
+        const XmlDocument document(name, std::move(bytes), report, packedSize);
         return readScore(document, report);
     } catch (const ImportException &) {
         throw;
     } catch (const CoreException &error) {
         // A number that the tree refuses; the readers answer for those that they know of.
         ZARN_REFUSE_IN("zarn::io::MusicXmlImporter::read", name, "", error.message());
+    } catch (const std::bad_alloc &) {
+        ZARN_REFUSE_IN("zarn::io::MusicXmlImporter::read", name, "",
+                       "there is not enough memory for the document");
     }
 }
 

@@ -81,9 +81,10 @@ void add(NoteTally &sum, const NoteTally &part)
         &NoteTally::total,        &NoteTally::pitched,      &NoteTally::rests,
         &NoteTally::unpitched,    &NoteTally::withoutPitch, &NoteTally::grace,
         &NoteTally::graceSlashed, &NoteTally::chord,        &NoteTally::cue,
-        &NoteTally::measureRests, &NoteTally::hidden,       &NoteTally::dotted,
-        &NoteTally::inTuplet,     &NoteTally::tieStart,     &NoteTally::tieStop,
-        &NoteTally::withFret,     &NoteTally::microtone,    &NoteTally::lyrics};
+        &NoteTally::measureRests, &NoteTally::hidden,       &NoteTally::hiddenRests,
+        &NoteTally::dotted,       &NoteTally::inTuplet,     &NoteTally::tieStart,
+        &NoteTally::tieStop,      &NoteTally::withFret,     &NoteTally::microtone,
+        &NoteTally::lyrics};
     for (const auto field : fields)
         sum.*field += part.*field;
 }
@@ -95,9 +96,9 @@ void takeSource(NoteTally &notes, const NoteTally &source)
     notes = source;
     notes.pitched = tree.pitched;
     notes.unpitched = tree.unpitched;
-    notes.rests = tree.rests;
+    notes.rests = tree.rests + source.hiddenRests;
     notes.grace = tree.grace;
-    notes.total = tree.pitched + tree.unpitched + tree.rests + source.withoutPitch;
+    notes.total = notes.pitched + notes.unpitched + notes.rests + source.withoutPitch;
 }
 
 QJsonObject jsonOf(const std::map<std::string, std::uint32_t> &counts)

@@ -23,7 +23,8 @@ struct NoteTally {
     std::uint32_t chord = 0; ///< second and further notes of chords
     std::uint32_t cue = 0;
     std::uint32_t measureRests = 0;
-    std::uint32_t hidden = 0;
+    std::uint32_t hidden = 0;      ///< notes and rests that are not printed
+    std::uint32_t hiddenRests = 0; ///< these are place holders in the tree
     std::uint32_t dotted = 0;
     std::uint32_t inTuplet = 0; ///< with a time modification
     std::uint32_t tieStart = 0;

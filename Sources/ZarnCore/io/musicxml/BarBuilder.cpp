@@ -3,6 +3,7 @@
 
 #include <ZarnCore/io/musicxml/ImportContext.h>
 #include <ZarnCore/io/musicxml/NoteMaker.h>
+#include <ZarnCore/io/musicxml/Wording.h>
 
 #include <algorithm>
 
@@ -44,9 +45,11 @@ void BarBuilder::build(const WrittenMeasure &measure,
 
     for (std::size_t i = 0; i < staves.size(); ++i) {
         auto bar = std::make_shared<Bar>();
+        bool isEmpty = true;
         for (unsigned number = 0; number < Bar::MaxVoices; ++number) {
             auto &slot = _staves[i].voiceSlots[number];
             if (!slot.beats.empty()) {
+                isEmpty = false;
                 Voice::Beats beats;
                 beats.reserve(slot.beats.size());
                 for (auto &placed : slot.beats)
@@ -59,6 +62,8 @@ void BarBuilder::build(const WrittenMeasure &measure,
             slot.voice = Nobody;
             slot.end = 0;
         }
+        if (isEmpty)
+            _context.addEmptyNodes(measure.node, 1);
         staves[i].push_back(std::move(bar));
     }
 }
@@ -167,8 +172,11 @@ void BarBuilder::append(Slot &slot, const WrittenNote &note)
                             "left out");
     } else if (note.kind != NoteKind::Rest) {
         beat->addNote(_notes.make(note));
-    } else if (note.wholeMeasure) {
-        _rests.push_back({static_cast<unsigned>(_context.bar()), note.length, beat});
+    } else {
+        // A rest that is not printed takes time and is not there to be seen.
+        beat->setPlaceHolder(note.hidden);
+        if (note.wholeMeasure)
+            _rests.push_back({static_cast<unsigned>(_context.bar()), note.length, beat});
     }
     _chordBeats[static_cast<std::size_t>(note.staff)] = beat.get();
     const auto onset = slot.end;
@@ -186,11 +194,11 @@ void BarBuilder::fill(Slot &slot, const rational &end, pugi::xml_node node)
     try {
         RhythmValue::rhythms(end - slot.end, _fillers);
     } catch (const CoreException &) {
-        _context.addProblem(node,
-                            "a gap of " + (end - slot.end).toString()
-                                + " quarters fits no note values and was closed");
+        _context.addProblem(
+            node, "a gap of " + inQuarters(end - slot.end) + " fits no note values and was closed");
         return;
     }
+    _context.addEmptyNodes(node, _fillers.size());
     for (const auto &rhythm : _fillers) {
         auto beat = std::make_shared<Beat>(rhythm);
         beat->setPlaceHolder(true);
@@ -209,9 +217,8 @@ void BarBuilder::squeezeIn(const WrittenNote &note)
         _context.addProblem(note.node, "a rest that fits in no voice was left out");
         return;
     }
-    _context.addProblem(note.node,
-                        "a note that fits in no voice joined the beat at " + near->onset.toString()
-                            + " quarters");
+    _context.addProblem(
+        note.node, "a note that fits in no voice joined the beat at " + inQuarters(near->onset));
     near->beat->addNote(_notes.make(note));
     _chordBeats[static_cast<std::size_t>(note.staff)] = near->beat.get();
 }

@@ -53,6 +53,8 @@ void BarlineReader::read(pugi::xml_node node, PartFacts &facts)
 void BarlineReader::readStyle(pugi::xml_node style, bool left, bool repeats, PartFacts &facts)
 {
     const std::string_view name = style.child_value();
+    if (!left && (name == "light-heavy" || name == "heavy-heavy" || name == "heavy"))
+        facts.finalBars.push_back(_context.bar());
     if (name == "light-light" && _context.bar() - left >= 0)
         facts.doubleBars.push_back(_context.bar() - left);
     else if (name != "regular" && name != "light-heavy" && !repeats)

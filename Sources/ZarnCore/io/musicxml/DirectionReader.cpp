@@ -7,6 +7,7 @@
 #include <ZarnCore/io/musicxml/JumpWords.h>
 #include <ZarnCore/io/musicxml/MeasureTimeline.h>
 #include <ZarnCore/io/musicxml/Metronome.h>
+#include <ZarnCore/io/musicxml/Movements.h>
 #include <ZarnCore/music/ZarnNoteDynamic.h>
 
 #include <algorithm>
@@ -72,6 +73,8 @@ void DirectionReader::readDirection(pugi::xml_node node, const MeasureTimeline &
     const auto words = joined(gathered.words);
     const bool isTempo = readTempo(gathered, words, position, facts);
     const bool isJump = readJumps(gathered, words, facts);
+    if (isMovementTitle(words))
+        facts.movementTitles.push_back(_context.bar());
     if (!words.empty() && !isTempo && !isJump)
         measure.marks.push_back({node, WrittenMark::Kind::Text, position, staff, 0, words});
 }

@@ -2,6 +2,7 @@
 #include <ZarnCore/io/musicxml/ImportContext.h>
 
 #include <ZarnCore/io/ZarnImportReport.h>
+#include <ZarnCore/io/musicxml/ImportLimits.h>
 #include <ZarnCore/io/musicxml/XmlDocument.h>
 
 namespace zarn::io {
@@ -62,6 +63,16 @@ void ImportContext::addNoNumber(pugi::xml_node node)
     addProblem(node,
                std::string("<") + node.name() + "> holds no number that can be used: \""
                    + std::string(node.child_value()).substr(0, 40) + "\"");
+}
+
+void ImportContext::addEmptyNodes(pugi::xml_node node, std::size_t count)
+{
+    _emptyNodes += count;
+    const auto most = mostEmptyNodes(_document.size());
+    if (_emptyNodes > most)
+        refuse(node,
+               "the score would hold more than " + std::to_string(most)
+                   + " empty bars and place holders, more than a document of this size may");
 }
 
 void ImportContext::refuse(pugi::xml_node node, const std::string &reason) const

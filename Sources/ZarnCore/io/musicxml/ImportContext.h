@@ -41,6 +41,10 @@ public:
     int integer(pugi::xml_node node, int fallback);
     utils::rational decimal(pugi::xml_node node, const utils::rational &fallback);
 
+    /// Counts nodes that the tree gets and no note or rest of the text stands for; refuses the
+    /// document when they are more than it may have (see ImportLimits.h).
+    void addEmptyNodes(pugi::xml_node node, std::size_t count);
+
     [[noreturn]] void refuse(pugi::xml_node node, const std::string &reason) const;
 
     /// Hands the counts of the elements to the report.
@@ -53,6 +57,7 @@ private:
     ImportReport &_report;
     int _part = -1;
     int _bar = -1;
+    std::size_t _emptyNodes = 0;
     std::array<std::uint32_t, tagCount> _unheld = {};
     std::map<std::string, std::uint32_t> _unheldUnknown;
 };

@@ -78,13 +78,21 @@ void JumpPlacer::placeTargets(const std::vector<WrittenJump> &jumps, Kind kind,
     }
 }
 
-/// 0 for the first target, 1 for the second; by name, when the jump gives one that is known.
-int JumpPlacer::targetNumber(const std::vector<Target> &targets, const std::string &name) const
+/// 0 for the first target, 1 for the second: the one that the jump names, else the first one in
+/// the movement of the jump.
+int JumpPlacer::targetNumber(const std::vector<Target> &targets, const WrittenJump &jump) const
 {
-    const auto found = std::find_if(targets.begin(), targets.end(),
-                                    [&](const Target &target) { return target.name == name; });
-    const bool named = !name.empty() && found != targets.end();
-    return named && found != targets.begin() ? 1 : 0;
+    const auto movementOf = [&](int bar) {
+        return _master.movementStart(static_cast<unsigned>(bar));
+    };
+    auto found = std::find_if(targets.begin(), targets.end(), [&](const Target &target) {
+        return !jump.name.empty() && target.name == jump.name;
+    });
+    if (found == targets.end())
+        found = std::find_if(targets.begin(), targets.end(), [&](const Target &target) {
+            return movementOf(target.bar) == movementOf(jump.bar);
+        });
+    return found != targets.end() && found != targets.begin() ? 1 : 0;
 }
 
 void JumpPlacer::placeJump(const WrittenJump &jump)
@@ -100,11 +108,10 @@ void JumpPlacer::placeJump(const WrittenJump &jump)
         set(daCapo(jump.until), jump);
         break;
     case Kind::DalSegno:
-        set(dalSegno(jump.until, targetNumber(_segnos, jump.name) == 1), jump);
+        set(dalSegno(jump.until, targetNumber(_segnos, jump) == 1), jump);
         break;
     case Kind::ToCoda:
-        set(targetNumber(_codas, jump.name) == 1 ? DirectionMark::DaDoubleCoda
-                                                 : DirectionMark::DaCoda,
+        set(targetNumber(_codas, jump) == 1 ? DirectionMark::DaDoubleCoda : DirectionMark::DaCoda,
             jump);
         break;
     }

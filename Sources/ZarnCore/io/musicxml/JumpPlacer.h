@@ -21,6 +21,7 @@ class JumpPlacer {
 public:
     JumpPlacer(ImportContext &context, MasterTrack &master);
 
+    /// The movements are known by then.
     void place(const std::vector<PartFacts> &parts);
 
 private:
@@ -32,7 +33,7 @@ private:
     void placeTargets(const std::vector<WrittenJump> &jumps, WrittenJump::Kind kind,
                       std::vector<Target> &targets);
     void placeJump(const WrittenJump &jump);
-    int targetNumber(const std::vector<Target> &targets, const std::string &name) const;
+    int targetNumber(const std::vector<Target> &targets, const WrittenJump &jump) const;
     void set(DirectionMark mark, const WrittenJump &jump);
 
     ImportContext &_context;

@@ -2,8 +2,10 @@
 #include <ZarnCore/io/musicxml/MasterBarBuilder.h>
 
 #include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
+#include <ZarnCore/io/musicxml/BarLengths.h>
 #include <ZarnCore/io/musicxml/ImportContext.h>
 #include <ZarnCore/io/musicxml/Metronome.h>
+#include <ZarnCore/io/musicxml/Movements.h>
 #include <ZarnCore/model/ZarnMasterTrack.h>
 
 #include <QString>
@@ -44,10 +46,10 @@ void MasterBarBuilder::build(MasterTrack &master, unsigned barCount)
     master.insertMasterBarBlock(0, std::move(bars));
     setTimes(master);
     setKeys(master);
-    setLengths(master);
     setRepeats(master);
     setSections(master);
     setTempos(master);
+    setBarLengths(_parts, master, _context);
 }
 
 void MasterBarBuilder::setTimes(MasterTrack &master)
@@ -147,41 +149,6 @@ void MasterBarBuilder::setKeys(MasterTrack &master)
     }
 }
 
-void MasterBarBuilder::setLengths(MasterTrack &master)
-{
-    for (unsigned bar = 0; bar < master.masterBarCount(); ++bar) {
-        auto &column = *master.masterBars()[bar];
-        rational longest = 0;
-        bool implicit = false;
-        for (const auto &part : _parts)
-            if (bar < part.bars.size()) {
-                longest = std::max(longest, part.bars[bar].length);
-                implicit = implicit || part.bars[bar].implicit;
-            }
-        if (longest == rational(0))
-            continue;
-        const auto nominal = column.timeSignature().barLength();
-        if (longest != nominal)
-            column.setOwnLength(longest);
-        if (bar == 0 && longest < nominal)
-            master.setAnacrusis(true);
-        const bool expected = column.isFreeTime() || implicit || (bar == 0 && longest < nominal);
-        for (std::size_t part = 0; part < _parts.size(); ++part) {
-            if (bar >= _parts[part].bars.size())
-                continue;
-            const auto &written = _parts[part].bars[bar];
-            const auto &meant = expected ? longest : nominal;
-            if (written.length == meant || written.length == rational(0))
-                continue;
-            _context.setPlace(static_cast<int>(part), static_cast<int>(bar));
-            _context.addProblem(written.node,
-                                std::string(written.length < meant ? "underfull" : "overfull")
-                                    + ": " + written.length.toString() + " quarters instead of "
-                                    + meant.toString());
-        }
-    }
-}
-
 void MasterBarBuilder::setRepeats(MasterTrack &master)
 {
     const auto &bars = master.masterBars();
@@ -201,6 +168,8 @@ void MasterBarBuilder::setRepeats(MasterTrack &master)
         for (const int bar : part.doubleBars)
             bars[static_cast<std::size_t>(bar)]->setDoubleBar(true);
     }
+    for (const int bar : movementStarts(_parts))
+        bars[static_cast<std::size_t>(bar)]->setMovementStart(true);
 }
 
 void MasterBarBuilder::setSections(MasterTrack &master)

@@ -36,7 +36,6 @@ private:
 
     void setTimes(MasterTrack &master);
     void setKeys(MasterTrack &master);
-    void setLengths(MasterTrack &master);
     void setRepeats(MasterTrack &master);
     void setSections(MasterTrack &master);
     void setTempos(MasterTrack &master);

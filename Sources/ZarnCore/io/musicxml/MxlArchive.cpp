@@ -4,6 +4,7 @@
 #include <ZarnCore/io/FileContent.h>
 #include <ZarnCore/io/ZarnImportException.h>
 #include <ZarnCore/io/ZarnImportReport.h>
+#include <ZarnCore/io/musicxml/ImportLimits.h>
 #include <ZarnCore/io/musicxml/XmlDocument.h>
 
 #include <zip.h>
@@ -20,14 +21,13 @@ namespace {
 
 constexpr const char *containerName = "META-INF/container.xml";
 
-/// Text that unpacks to more than this is refused when it also unpacks to more than
-/// `maximumRatio` times its packed size: scores reach about 60.
-constexpr zip_uint64_t trustedSize = zip_uint64_t(16) << 20;
-constexpr zip_uint64_t maximumRatio = 250;
+/// A container names a few files.
+constexpr std::size_t longestContainer = std::size_t(1) << 20;
 
 class Archive {
 public:
-    Archive(const std::string &document, const std::string &bytes) : _document(document)
+    Archive(const std::string &document, const std::string &bytes)
+        : _document(document), _size(bytes.size())
     {
         zip_error_t error;
         zip_error_init(&error);
@@ -46,7 +46,9 @@ public:
         return zip_name_locate(_zip.get(), name.c_str(), 0) >= 0;
     }
 
-    std::string read(const std::string &name) const;
+    /// The text of an entry; refuses one of more than `limit` bytes, and of more than its packed
+    /// size explains.
+    std::string read(const std::string &name, std::size_t limit = maximumDocumentSize) const;
 
     /// Names of the scores, judging by suffix, outside of META-INF.
     std::vector<std::string> scores() const;
@@ -63,10 +65,11 @@ private:
     };
 
     const std::string &_document;
+    std::size_t _size;
     std::unique_ptr<zip_t, Discard> _zip;
 };
 
-std::string Archive::read(const std::string &name) const
+std::string Archive::read(const std::string &name, std::size_t limit) const
 {
     zip_stat_t stat;
     if (zip_stat(_zip.get(), name.c_str(), 0, &stat) != 0)
@@ -74,12 +77,22 @@ std::string Archive::read(const std::string &name) const
     const std::unique_ptr<zip_file_t, Discard> file(zip_fopen(_zip.get(), name.c_str(), 0));
     if (!file)
         refuse(name, std::string("cannot be unpacked: ") + zip_strerror(_zip.get()));
-    const zip_uint64_t packed = stat.valid & ZIP_STAT_COMP_SIZE ? stat.comp_size : 0;
-    const auto limit = std::min<zip_uint64_t>(
-        maximumDocumentSize, std::max<zip_uint64_t>(trustedSize, packed * maximumRatio));
+    // The packed size may be a lie, too; it is never more than the archive.
+    const auto packed =
+        std::min<zip_uint64_t>(stat.valid & ZIP_STAT_COMP_SIZE ? stat.comp_size : _size, _size);
+    limit = std::min(limit, mostUnpacked(static_cast<std::size_t>(packed)));
+    const auto refuseSize = [&](zip_uint64_t size) {
+        if (size > limit)
+            refuse(name,
+                   "unpacks to more than a score can be (" + std::to_string(packed)
+                       + " bytes to more than " + std::to_string(limit) + ")");
+    };
+    // What the archive states is believed when it is too much, and watched otherwise.
+    const auto stated = stat.valid & ZIP_STAT_SIZE ? stat.size : 0;
+    refuseSize(stated);
 
-    // The sizes that the archive states are not trusted: the text grows as it arrives.
     std::string text;
+    text.reserve(static_cast<std::size_t>(stated));
     char block[1 << 16];
     for (;;) {
         const auto count = zip_fread(file.get(), block, sizeof block);
@@ -87,9 +100,8 @@ std::string Archive::read(const std::string &name) const
             refuse(name, std::string("cannot be unpacked: ") + zip_file_strerror(file.get()));
         if (count == 0)
             return text;
+        refuseSize(text.size() + static_cast<std::size_t>(count));
         text.append(block, static_cast<std::size_t>(count));
-        if (text.size() > limit)
-            refuse(name, "unpacks to more than a score can be; this looks like an attack");
     }
 }
 
@@ -166,8 +178,8 @@ std::string unpackMxl(const std::string &document, const std::string &bytes, Imp
                            + scores.front() + ", was read"});
         return archive.read(scores.front());
     }
-    const XmlDocument container(document + ": " + containerName, archive.read(containerName),
-                                report);
+    const XmlDocument container(document + ": " + containerName,
+                                archive.read(containerName, longestContainer), report);
     const auto path = rootFilePath(container.root());
     if (!path)
         archive.refuse(containerName, "names no MusicXML file");

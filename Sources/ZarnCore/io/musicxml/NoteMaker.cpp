@@ -3,6 +3,7 @@
 
 #include <ZarnCore/io/musicxml/ImportContext.h>
 #include <ZarnCore/io/musicxml/PartList.h>
+#include <ZarnCore/io/musicxml/Wording.h>
 #include <ZarnCore/model/ZarnNote.h>
 
 #include <algorithm>
@@ -100,7 +101,7 @@ void NoteMaker::setFingering(const WrittenNote &written, Note &note)
         _context.addProblem(written.node,
                             "string " + std::to_string(written.string) + ", fret "
                                 + std::to_string(written.fret) + " is not on the instrument, which "
-                                + "has " + std::to_string(strings) + " strings");
+                                + "has " + counted(static_cast<std::size_t>(strings), "string"));
     } else {
         note.setString(strings - written.string);
         note.setFret(written.fret);

@@ -129,6 +129,7 @@ WrittenNote NoteReader::read(pugi::xml_node node)
             _context.addUnheld(child, tag);
         }
     }
+    note.hidden = isNo(node.attribute("print-object").value());
     note.voice = voiceNumber(voice);
     for (const auto &mark : _tupletMarks)
         if (mark.starts)
@@ -204,13 +205,15 @@ void NoteReader::readHead(pugi::xml_node head, WrittenNote &note)
 
 void NoteReader::readType(pugi::xml_node type)
 {
+    const std::string_view name = type.child_value();
     const auto *found =
-        std::find(std::begin(typeNames), std::end(typeNames), std::string_view(type.child_value()));
+        std::find_if(std::begin(typeNames), std::end(typeNames), [name](std::string_view known) {
+            return known.size() == name.size() && known[0] == name[0] && known == name;
+        });
     if (found != std::end(typeNames))
         _rhythm.type = static_cast<int>(found - std::begin(typeNames));
     else
-        _context.addProblem(type,
-                            std::string("there is no note type \"") + type.child_value() + "\"");
+        _context.addProblem(type, "there is no note type \"" + std::string(name) + "\"");
 }
 
 TupletRatio NoteReader::readModification(pugi::xml_node node)
@@ -261,7 +264,8 @@ void NoteReader::count(const WrittenNote &note)
     tally.measureRests += note.kind == NoteKind::Rest && note.wholeMeasure;
     tally.dotted += _rhythm.dots > 0;
     tally.inTuplet += _hasModification;
-    tally.hidden += isNo(note.node.attribute("print-object").value());
+    tally.hidden += note.hidden;
+    tally.hiddenRests += note.hidden && note.kind == NoteKind::Rest;
 }
 
 } // namespace zarn::io

@@ -105,6 +105,7 @@ struct WrittenTransposition {
 struct WrittenBar {
     utils::rational length; ///< what the notes of the part reach
     bool implicit = false;
+    std::optional<int> number; ///< as written; nothing for what is no number, such as "X1"
     pugi::xml_node node;
 };
 
@@ -119,6 +120,8 @@ struct PartFacts {
     std::vector<WrittenJump> jumps;
     std::vector<WrittenMeasureRepeat> measureRepeats;
     std::vector<int> doubleBars;
+    std::vector<int> finalBars; ///< bars that end with a final bar line, with a repeat or without
+    std::vector<int> movementTitles; ///< bars over which such a title stands
     std::vector<WrittenBar> bars;
     std::vector<WrittenStaff> staves;
     std::vector<WrittenTransposition> transpositions;

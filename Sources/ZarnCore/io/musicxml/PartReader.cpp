@@ -2,6 +2,7 @@
 #include <ZarnCore/io/musicxml/PartReader.h>
 
 #include <ZarnCore/io/musicxml/ImportContext.h>
+#include <ZarnCore/io/musicxml/Wording.h>
 
 #include <algorithm>
 #include <cstring>
@@ -78,7 +79,8 @@ void PartReader::readMeasure(pugi::xml_node frame, pugi::xml_node content, Writt
     _length += _timeline.writtenReach();
     ++_tally->measures;
     const bool implicit = std::strcmp(frame.attribute("implicit").value(), "yes") == 0;
-    _facts->bars.push_back({measure.length, implicit, content});
+    const auto number = parseInteger(frame.attribute("number").value());
+    _facts->bars.push_back({measure.length, implicit, number, content});
 }
 
 void PartReader::finishPart()
@@ -86,9 +88,10 @@ void PartReader::finishPart()
     _barlines.finishPart(*_facts);
     _ties.finishPart();
     _transpositions.finishPart();
-    if (const auto hidden = _tally->notes.hidden; hidden > 0)
+    if (const auto hidden = _tally->notes.hidden - _tally->notes.hiddenRests; hidden > 0)
         _context.addProblem({},
-                            std::to_string(hidden) + " notes that the document hides are shown");
+                            counted(hidden, "note") + " that the document hides "
+                                + (hidden == 1 ? "is shown" : "are shown"));
     _tally->length = _length.toString();
     _tally->staves = static_cast<std::uint32_t>(std::max<std::size_t>(_facts->staves.size(), 1));
     std::sort(_tally->voices.begin(), _tally->voices.end());
@@ -158,8 +161,8 @@ void PartReader::placeNote(WrittenNote &note)
         } else if (timed) {
             if (held && !note.wholeMeasure)
                 _context.addProblem(note.node,
-                                    "the duration, " + written.toString()
-                                        + " quarters, contradicts the note type; it was taken");
+                                    "the duration, " + inQuarters(written)
+                                        + ", contradicts the note type; it was taken");
             fitLength(note, written);
             _timeline.advance(written, written);
         } else {
@@ -180,8 +183,7 @@ void PartReader::fitLength(WrittenNote &note, const rational &length)
     if (const auto fit = _fitter.ofLength(length, _notes.rhythm()))
         note.rhythm = fit->value;
     else
-        _context.addProblem(note.node,
-                            "a length of " + length.toString() + " quarters fits no note value");
+        _context.addProblem(note.node, "a length of " + inQuarters(length) + " fits no note value");
 }
 
 void PartReader::jump(pugi::xml_node node, int sign)

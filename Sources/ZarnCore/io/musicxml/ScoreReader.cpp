@@ -8,6 +8,7 @@
 #include <ZarnCore/io/musicxml/InstrumentGuess.h>
 #include <ZarnCore/io/musicxml/JumpPlacer.h>
 #include <ZarnCore/io/musicxml/MasterBarBuilder.h>
+#include <ZarnCore/io/musicxml/Movements.h>
 #include <ZarnCore/io/musicxml/NoteMaker.h>
 #include <ZarnCore/io/musicxml/PartList.h>
 #include <ZarnCore/io/musicxml/PartReader.h>
@@ -15,6 +16,7 @@
 #include <ZarnCore/io/musicxml/ScoreHeader.h>
 #include <ZarnCore/io/musicxml/TrackBuilder.h>
 #include <ZarnCore/io/musicxml/TwinStaves.h>
+#include <ZarnCore/io/musicxml/Wording.h>
 #include <ZarnCore/io/musicxml/XmlDocument.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
@@ -41,7 +43,6 @@ private:
     void readPart(std::size_t part, const PartSource &source);
     void readMeasure(std::size_t part, std::size_t bar, pugi::xml_node frame,
                      pugi::xml_node content);
-    void checkSize(std::size_t barCount) const;
     void padBars();
     void fillBarsWithRests();
 
@@ -54,7 +55,6 @@ private:
     PartReader _reader;
     std::shared_ptr<ScoreModel> _model;
     std::size_t _barCount = 0;
-    std::size_t _barsMade = 0;
     std::vector<PartFacts> _facts;
     std::vector<StaffBars> _bars; ///< by part
     std::vector<WholeMeasureRest> _rests;
@@ -78,10 +78,6 @@ std::shared_ptr<ScoreModel> ScoreReader::read(ImportReport &report)
     _bars.resize(sources.size());
     for (std::size_t part = 0; part < sources.size(); ++part)
         readPart(part, sources[part]);
-    std::size_t staves = 0;
-    for (const auto &part : _bars)
-        staves += part.size();
-    checkSize(staves * _barCount);
     padBars();
 
     auto &master = *_model->masterTrack();
@@ -89,6 +85,8 @@ std::shared_ptr<ScoreModel> ScoreReader::read(ImportReport &report)
         .build(master, static_cast<unsigned>(_barCount));
     _context.setPlace(-1, -1);
     JumpPlacer(_context, master).place(_facts);
+    master.updatePlayList();
+    reportUnplayedBars(master, _context);
     fillBarsWithRests();
     const InstrumentGuesser guesser(_list);
     for (std::size_t part = 0; part < sources.size(); ++part) {
@@ -99,7 +97,6 @@ std::shared_ptr<ScoreModel> ScoreReader::read(ImportReport &report)
         const auto type = guesser.guess(listed, _facts[part], _tally.parts[part].notes);
         _model->addTrack(makeTrack(type, listed, _facts[part], std::move(_bars[part]), _context));
     }
-    master.updatePlayList();
     _context.finish();
     report.setTally(std::move(_tally));
     return std::move(_model);
@@ -144,25 +141,13 @@ void ScoreReader::readMeasure(std::size_t part, std::size_t bar, pugi::xml_node 
     _reader.readMeasure(frame, content, _measure);
     while (bars.size() < _facts[part].staves.size()) {
         // A staff that turns up late was empty before.
+        _context.addEmptyNodes(content, bar);
         bars.emplace_back();
         bars.back().reserve(_barCount);
         for (std::size_t i = 0; i < bar; ++i)
             bars.back().push_back(std::make_shared<Bar>());
-        checkSize(_barsMade += bar);
     }
     _builder.build(_measure, bars);
-    checkSize(_barsMade += bars.size());
-}
-
-/// Refuses what would fill the memory with empty bars: a bar takes some text when it is music.
-void ScoreReader::checkSize(std::size_t barCount) const
-{
-    constexpr std::size_t alwaysAllowed = 1'000'000;
-    constexpr std::size_t textOfBar = 16;
-    if (barCount > std::max(alwaysAllowed, _document.size() / textOfBar))
-        _context.refuse(_document.root(),
-                        "the score would consist of " + std::to_string(barCount)
-                            + " bars, nearly all of them empty");
 }
 
 void ScoreReader::padBars()
@@ -173,8 +158,9 @@ void ScoreReader::padBars()
         if (written < _barCount) {
             _context.setPlace(static_cast<int>(part), static_cast<int>(written));
             _context.addProblem({},
-                                "the part ends " + std::to_string(_barCount - written)
-                                    + " bars before the longest one; empty bars were added");
+                                "the part ends " + counted(_barCount - written, "bar")
+                                    + " before the longest one; empty bars were added");
+            _context.addEmptyNodes({}, (_barCount - written) * staves.size());
         }
         for (auto &staff : staves)
             while (staff.size() < _barCount)

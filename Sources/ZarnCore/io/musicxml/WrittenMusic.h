@@ -62,6 +62,7 @@ struct WrittenNote {
     bool chord = false;
     bool cue = false;
     bool wholeMeasure = false;
+    bool hidden = false; ///< is not printed
     bool tieStart = false;
     bool tieStop = false;
     bool ghost = false;

@@ -3,44 +3,79 @@
 
 #include <ZarnCore/io/ZarnImportException.h>
 #include <ZarnCore/io/ZarnImportReport.h>
+#include <ZarnCore/io/musicxml/ImportLimits.h>
 #include <ZarnCore/io/musicxml/XmlText.h>
 
 #include <algorithm>
+#include <string_view>
 
 namespace zarn::io {
 
 namespace {
 
-std::string reasonOf(const pugi::xml_parse_result &result)
+/// The tag that stands, or begins, at a place: from the last "<" on.
+std::string tagAt(const std::string &text, std::size_t offset)
+{
+    constexpr std::size_t longest = 60;
+    const auto begin = std::min(text.rfind('<', offset), text.size());
+    const auto end = std::min(text.find('>', begin), text.size() - 1);
+    return text.substr(begin, std::min(end + 1 - begin, longest));
+}
+
+std::string reasonOf(const pugi::xml_parse_result &result, const std::string &text)
 {
     switch (result.status) {
-    case pugi::status_end_element_mismatch:
-        return "a closing tag does not match the open element, or the file ends inside of it";
     case pugi::status_no_document_element:
         return "there is no XML element in the file";
     case pugi::status_out_of_memory:
         return "there is not enough memory for the document";
     default:
-        return std::string("this is no well-formed XML (") + result.description() + ")";
+        break;
     }
+    const auto offset = static_cast<std::size_t>(std::max<std::ptrdiff_t>(result.offset, 0));
+    const bool isAtEnd = offset + 1 >= text.size() || text.find('>', offset) == text.npos;
+    if (isAtEnd)
+        return "the file is cut off: it ends inside of an element";
+    if (result.status == pugi::status_end_element_mismatch)
+        return "the closing tag " + tagAt(text, offset) + " does not match the open element";
+    return std::string("this is not well-formed XML (") + result.description() + ")";
+}
+
+/// Refuses a text with more elements than music has, before they take memory.
+void checkElements(const std::string &document, const std::string &text, std::size_t fileSize)
+{
+    const auto most = mostElements(text.size(), fileSize);
+    // Closing tags count, too, in this first and quick look.
+    if (static_cast<std::size_t>(std::count(text.begin(), text.end(), '<')) <= most)
+        return;
+    std::size_t elements = 0;
+    for (auto at = text.find('<'); at != text.npos; at = text.find('<', at + 1))
+        elements += at + 1 < text.size() && text[at + 1] != '/';
+    if (elements > most)
+        ZARN_REFUSE_IN("zarn::io::XmlDocument::XmlDocument", document, "",
+                       "the text has " + std::to_string(elements) + " elements, and a document of "
+                           + "this size may have no more than " + std::to_string(most));
 }
 
 } // namespace
 
-XmlDocument::XmlDocument(std::string document, std::string bytes, ImportReport &report)
+XmlDocument::XmlDocument(std::string document, std::string bytes, ImportReport &report,
+                         std::optional<std::size_t> packedSize)
     : _name(std::move(document)), _text(decodeXml(_name, std::move(bytes), report))
 {
     if (_text.find_first_not_of(" \t\r\n") == _text.npos)
         ZARN_REFUSE_IN("zarn::io::XmlDocument::XmlDocument", _name, "", "the file is empty");
+    checkElements(_name, _text, packedSize.value_or(_text.size()));
     constexpr auto flags = pugi::parse_escapes | pugi::parse_cdata | pugi::parse_wconv_attribute
         | pugi::parse_trim_pcdata | pugi::parse_embed_pcdata;
     const auto result = _xml.load_buffer(_text.data(), _text.size(), flags, pugi::encoding_utf8);
     if (!result)
         ZARN_REFUSE_IN("zarn::io::XmlDocument::XmlDocument", _name,
-                       "line " + std::to_string(lineAt(result.offset)), reasonOf(result));
+                       "line " + std::to_string(lineAt(result.offset)), reasonOf(result, _text));
     const auto prolog =
         static_cast<std::size_t>(std::max<std::ptrdiff_t>(root().offset_debug(), 0));
-    if (const auto entity = _text.find("<!ENTITY"); entity < prolog)
+    if (const auto entity = std::string_view(_text).substr(0, prolog).find("<!ENTITY");
+        entity != std::string_view::npos)
         report.addProblem({"the document defines entities; they are not expanded", -1, -1,
                            lineAt(static_cast<std::ptrdiff_t>(entity))});
 }

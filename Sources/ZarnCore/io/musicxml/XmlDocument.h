@@ -4,6 +4,7 @@
 #include <pugixml.hpp>
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,8 +18,11 @@ class ImportReport;
 /// is trimmed; comments and processing instructions are dropped.
 class XmlDocument {
 public:
-    /// Decodes and parses. Raises `ImportException` with the line for anything that is no XML.
-    XmlDocument(std::string document, std::string bytes, ImportReport &report);
+    /// Decodes and parses. Raises `ImportException` with the line for anything that is no XML, and
+    /// for more elements than the size of the text, or of the packed file that it comes from,
+    /// explains (see ImportLimits.h).
+    XmlDocument(std::string document, std::string bytes, ImportReport &report,
+                std::optional<std::size_t> packedSize = std::nullopt);
 
     const std::string &name() const noexcept { return _name; }
     pugi::xml_node root() const noexcept { return _xml.document_element(); }
