@@ -4,6 +4,7 @@
 #include "support/ScoreDump.h"
 #include "support/SmallScore.h"
 
+#include <ZarnCore/commands/Beat/ZarnWriteBeats.h>
 #include <ZarnCore/instruments/automations/ZarnSoundAutomation.h>
 #include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
 #include <ZarnCore/instruments/effects/ZarnMastering.h>
@@ -59,6 +60,13 @@ std::shared_ptr<Track> shortTrack()
 }
 
 const RhythmValue eighth(RhythmValue::NoteValue::Eighth, 1);
+
+WrittenStretch writtenStretch(unsigned bar, unsigned voice, unsigned firstBeat, unsigned replaced)
+{
+    const auto beat = std::make_shared<Beat>(eighth);
+    beat->addNote(std::make_shared<Note>(60));
+    return {bar, voice, firstBeat, replaced, {beat, std::make_shared<Beat>(eighth)}};
+}
 
 const Operation operations[] = {
     {"CreateBars", [](SmallScore &s) { return s.score.createBars(2, 3); },
@@ -241,6 +249,11 @@ const Operation operations[] = {
     {"CreateBeatInEmptyBar",
      [](SmallScore &s) { return s.score.createBeat(s.at(5, 0, 0, 3), eighth); },
      "ModifyBarRange(0,0,5,5) ", nullptr},
+    {"WriteBeats",
+     [](SmallScore &s) {
+         return s.score.writeBeats(0, 0, {writtenStretch(1, 0, 0, 2), writtenStretch(5, 3, 0, 0)});
+     },
+     "ModifyBarRange(0,0,0,1) ModifyBarRange(0,0,5,5) ", nullptr},
     {"RemoveBeats", [](SmallScore &s) { return s.score.removeBeats(s.from(0, 2, 2, 0)); },
      "ModifyBarRange(0,0,0,2) ", nullptr},
     {"RemoveBeatsOfAllTracks",
@@ -443,6 +456,14 @@ TEST(RefusedCommandTest, leavesNoTrace)
         [&] { return score.changeHeaderAndFooter(static_cast<HeaderAndFooter>(12), QString()); },
         [&] { return score.setConcertTone(0); },
         [&] { return score.setConcertTone(std::numeric_limits<double>::quiet_NaN()); },
+        [&] { return score.writeBeats(0, 0, {}); },
+        [&] { return score.writeBeats(0, 9, {writtenStretch(0, 0, 0, 0)}); },
+        [&] { return score.writeBeats(0, 0, {writtenStretch(99, 0, 0, 0)}); },
+        [&] { return score.writeBeats(0, 0, {writtenStretch(0, 4, 0, 0)}); },
+        [&] { return score.writeBeats(0, 0, {writtenStretch(0, 0, 0, 99)}); },
+        [&] {
+            return score.writeBeats(0, 0, {writtenStretch(0, 0, 0, 0), writtenStretch(0, 0, 1, 0)});
+        },
         [&] { return score.createBeat(rich.at(0, 5), eighth); },
         [&] { return score.createBeat(rich.at(0, -1), eighth); },
         [&] { return score.createBeat(rich.at(6, 0), eighth); },

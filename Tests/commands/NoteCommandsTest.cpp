@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/SmallScore.h"
 
+#include <ZarnCore/commands/Beat/ZarnWriteBeats.h>
 #include <ZarnCore/events/ZarnBarEvents.h>
 
 #include <gtest/gtest.h>
@@ -78,6 +79,37 @@ TEST_F(NoteCommandsTest, aChangedOrRemovedNoteLetsGoOfItsTies)
     EXPECT_FALSE(note(1, 0).isTied());
     score.commandStack().undo();
     EXPECT_TRUE(isWhole());
+}
+
+TEST_F(NoteCommandsTest, writtenMusicKeepsItsOwnTiesAndReleasesThoseThatItParts)
+{
+    // The last note of bar 1 is held into bar 2.
+    ASSERT_TRUE(note(0, 3).isTieOrigin() && note(1, 0).isTied());
+    const auto before = model.track(0)->clone();
+    const auto tied = [](bool isTied, bool isOrigin) {
+        auto beat = std::make_shared<Beat>();
+        auto held = std::make_shared<Note>(60);
+        held->setTied(isTied);
+        held->setTieOrigin(isOrigin);
+        beat->addNote(held);
+        return beat;
+    };
+    std::vector<WrittenStretch> stretches(2);
+    stretches[0].bar = 0;
+    stretches[0].firstBeat = 3;
+    stretches[0].replacedCount = 1;
+    stretches[0].beats = {tied(false, true)};
+    stretches[1].bar = 1;
+    stretches[1].beats = {tied(true, false)};
+    ASSERT_TRUE(score.writeBeats(0, 0, stretches));
+    EXPECT_TRUE(note(0, 3).isTieOrigin());
+    EXPECT_TRUE(note(1, 0).isTied()) << "over the bar line";
+    EXPECT_EQ(note(1, 0).midi(), 60);
+    EXPECT_FALSE(note(1, 1).isTied()) << "what it was tied to is gone";
+    score.commandStack().undo();
+    EXPECT_EQ(*model.track(0), *before);
+    score.commandStack().redo();
+    EXPECT_TRUE(note(0, 3).isTieOrigin() && note(1, 0).isTied());
 }
 
 TEST_F(NoteCommandsTest, theTiesOfOtherNotesAreNoneOfItsBusiness)

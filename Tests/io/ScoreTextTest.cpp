@@ -156,3 +156,28 @@ TEST(ScoreText, errorsNameLineAndColumnAndWhatWouldBeRight)
         EXPECT_NE(failure(text).find(message), std::string::npos)
             << text << "\n  expected: " << message << "\n  message: " << failure(text);
 }
+
+TEST(ScoreText, barsForAStaffTakeItsStringsAndKnowNoSettings)
+{
+    const auto model = parse("guitar(D2 A2 D3 G3 B3 E4) capo=2: r ; drums: r");
+    const Staff &guitar = *model->track(0)->staff(0);
+    const auto bars = io::readBarsText("6:0e [5:2 4:x]q. | c4h~ & 1:3w | c4q", guitar);
+    ASSERT_EQ(bars.size(), 3u);
+    EXPECT_EQ(bars[0]->voice(0)->beat(0)->note(0)->midi() + model->track(0)->transpositionOffset(),
+              40);
+    EXPECT_EQ(bars[1]->voice(1)->beat(0)->note(0)->string(), 5);
+    EXPECT_TRUE(bars[2]->voice(0)->beat(0)->note(0)->isTied());
+    EXPECT_EQ(bars[0]->parentStaff(), nullptr);
+    EXPECT_EQ(guitar.barCount(), 1u) << "the staff is not touched";
+    EXPECT_TRUE(io::readBarsText("  ", guitar).empty());
+
+    const auto drums =
+        io::readBarsText("kicke [hihat snare2] openhihat rideq r bell", *model->track(1)->staff(0));
+    std::vector<int> keys;
+    for (const auto &beat : drums.at(0)->voice(0)->beats())
+        for (const auto &note : beat->notes())
+            keys.push_back(note->midi());
+    EXPECT_EQ(keys, (std::vector<int>{36, 42, 40, 46, 51, 53}));
+    for (const char *const wrong : {"3/4 6:0", "|: 6:0 :|", "6:0 ; drums: r", "6:0 + 6:0", "snare"})
+        EXPECT_THROW(io::readBarsText(wrong, guitar), CoreException) << wrong;
+}

@@ -4,6 +4,7 @@
 #include <ZarnCore/io/text/BarColumnsText.h>
 #include <ZarnCore/io/text/NoteText.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/music/ZarnDrumKeys.h>
 
 #include <QString>
 
@@ -60,6 +61,19 @@ public:
         _columns.fill(_model);
     }
 
+    /// Bars of music alone, for a staff without bars.
+    void readBars(const std::shared_ptr<Track> &track, const std::shared_ptr<Staff> &staff)
+    {
+        Line line;
+        line.track = track;
+        line.staff = staff;
+        _hasSettings = false;
+        _scanner.skipBlanks();
+        readStaff(line);
+        if (!_scanner.isAtEnd())
+            _scanner.failExpecting("a bar line |, or the end: this is the music of one staff");
+    }
+
 private:
     /// The place in the track that is being read.
     struct Line {
@@ -81,6 +95,10 @@ private:
     std::shared_ptr<Note> readNote(const Line &line);
     std::shared_ptr<Note> readStringedNote(const Line &line);
     void endTie(Line &line, const Beat &beat, std::size_t place);
+    static bool isUnpitched(const Line &line)
+    {
+        return InstrumentSet::isUnpitched(line.track->type());
+    }
 
     bool isStaffEnd() const noexcept
     {
@@ -95,6 +113,7 @@ private:
     TextScanner _scanner;
     ScoreModel &_model;
     text::BarColumnsText _columns;
+    bool _hasSettings = true; ///< whether meter, key and repeats may stand among the music
 };
 
 void ScoreTextReader::readTrack()
@@ -164,11 +183,12 @@ void ScoreTextReader::readStaff(Line &line)
     line.bar = 0;
     line.tied = {};
     line.rhythm = {};
-    _columns.readFrontLine(_scanner);
+    if (_hasSettings)
+        _columns.readFrontLine(_scanner);
     for (_scanner.skipBlanks(); !isStaffEnd(); _scanner.skipBlanks(), ++line.bar) {
         line.staff->addEmptyBars(1);
         readVoices(line);
-        if (!_columns.readLineBehind(_scanner, line.bar))
+        if (!(_hasSettings ? _columns.readLineBehind(_scanner, line.bar) : _scanner.take('|')))
             break;
     }
     if (!isStaffEnd())
@@ -181,7 +201,7 @@ void ScoreTextReader::readStaff(Line &line)
 
 void ScoreTextReader::readVoices(Line &line)
 {
-    for (_scanner.skipBlanks(); _columns.readSetting(_scanner, line.bar);)
+    for (_scanner.skipBlanks(); _hasSettings && _columns.readSetting(_scanner, line.bar);)
         _scanner.skipBlanks();
     for (line.voice = 0;; ++line.voice) {
         if (line.voice == Bar::MaxVoices)
@@ -212,8 +232,7 @@ void ScoreTextReader::readBeat(Line &line)
     if (_scanner.take('[')) {
         for (_scanner.skipBlanks(); !_scanner.take(']'); _scanner.skipBlanks())
             beat->addNote(readNote(line));
-    } else if (_scanner.peek() != 'r' || _scanner.startsWith("rim")
-               || _scanner.startsWith("ride")) {
+    } else if (_scanner.peek() != 'r' || (isUnpitched(line) && drumWordAt(_scanner.rest()))) {
         beat->addNote(readNote(line));
     } else {
         _scanner.take('r');
@@ -254,7 +273,7 @@ std::shared_ptr<Note> ScoreTextReader::readNote(const Line &line)
 {
     if (_scanner.isDigit())
         return readStringedNote(line);
-    if (InstrumentSet::isUnpitched(line.track->type())) {
+    if (isUnpitched(line)) {
         const int key = text::takeDrum(_scanner);
         if (key < 0)
             _scanner.failExpecting("a drum such as kick, snare, hat, ride or tom1, or r");
@@ -299,6 +318,16 @@ std::shared_ptr<Note> ScoreTextReader::readStringedNote(const Line &line)
 void readScoreText(const std::string &text, ScoreModel &model)
 {
     ScoreTextReader(text, model).readScore();
+}
+
+std::vector<std::shared_ptr<Bar>> readBarsText(const std::string &text, const Staff &like)
+{
+    ScoreModel scratch;
+    const auto original = like.track();
+    const auto track = original ? original->cloneWithoutBars() : std::make_shared<Track>();
+    const auto staff = original ? track->staff(like.index()) : like.cloneWithoutBars();
+    ScoreTextReader(text, scratch).readBars(track, staff);
+    return staff->barCount() == 0 ? Staff::Bars() : staff->takeBars(0, staff->barCount() - 1);
 }
 
 } // namespace zarn::io

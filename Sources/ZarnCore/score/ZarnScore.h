@@ -32,6 +32,7 @@ class NoteDynamic;
 class RhythmValue;
 class Sound;
 class TimeSignature;
+struct WrittenStretch;
 enum class DirectionMark : std::uint8_t;
 enum class HeaderAndFooter : std::uint8_t;
 enum class TripletFeel : std::uint8_t;
@@ -276,6 +277,10 @@ public:
 
     /// Inserts a rest in front of the beat that the index names, or behind the last one.
     bool createBeat(const ScoreModelIndex &index, const RhythmValue &rhythm);
+
+    /// Writes beats with their notes over stretches of a staff's voices, or between them; see
+    /// `cmd::WriteBeats`. Takes the beats over.
+    bool writeBeats(unsigned track, unsigned staff, std::vector<WrittenStretch> stretches);
 
     /// Removes beats; those behind them move up, and nothing fills the bar.
     bool removeBeats(const ScoreModelRange &range);

@@ -5,6 +5,7 @@
 #include <ZarnCore/commands/Beat/ZarnRemoveBeats.h>
 #include <ZarnCore/commands/Beat/ZarnSetBeatDynamic.h>
 #include <ZarnCore/commands/Beat/ZarnSetBeatRhythm.h>
+#include <ZarnCore/commands/Beat/ZarnWriteBeats.h>
 #include <ZarnCore/commands/Execute.h>
 #include <ZarnCore/commands/Note/ZarnSetMIDINote.h>
 #include <ZarnCore/commands/Note/ZarnSetNoteRest.h>
@@ -15,6 +16,11 @@ namespace zarn {
 bool Score::createBeat(const ScoreModelIndex &index, const RhythmValue &rhythm)
 {
     return execute<cmd::CreateBeat>(*this, index, rhythm);
+}
+
+bool Score::writeBeats(unsigned track, unsigned staff, std::vector<WrittenStretch> stretches)
+{
+    return execute<cmd::WriteBeats>(*this, track, staff, std::move(stretches));
 }
 
 bool Score::removeBeats(const ScoreModelRange &range)

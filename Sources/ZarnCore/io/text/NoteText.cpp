@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/io/text/NoteText.h>
 
+#include <ZarnCore/music/ZarnDrumKeys.h>
+
 #include <array>
 #include <cctype>
 #include <cstdlib>
@@ -28,19 +30,6 @@ constexpr std::array<LengthLetter, 7> lengthLetters = {{
     {'s', RhythmValue::NoteValue::Sixteenth},
     {'t', RhythmValue::NoteValue::ThirtySecond},
     {'x', RhythmValue::NoteValue::SixtyFourth},
-}};
-
-struct Drum {
-    std::string_view word;
-    int key;
-};
-
-/// General MIDI percussion keys; a word that begins another stands behind it.
-constexpr std::array<Drum, 20> drums = {{
-    {"kick", 36},     {"snare", 38}, {"rim", 37},   {"clap", 39},    {"openhat", 46},
-    {"pedalhat", 44}, {"hat", 42},   {"crash", 49}, {"china", 52},   {"splash", 55},
-    {"ride", 51},     {"bell", 53},  {"tom1", 50},  {"tom2", 48},    {"tom3", 47},
-    {"tom4", 45},     {"tom5", 43},  {"tom6", 41},  {"cowbell", 56}, {"tambourine", 54},
 }};
 
 int letterIndex(char letter) noexcept
@@ -118,10 +107,10 @@ void takeLength(TextScanner &scanner, RhythmValue &rhythm)
 
 int takeDrum(TextScanner &scanner) noexcept
 {
-    for (const Drum &drum : drums)
-        if (scanner.take(drum.word))
-            return drum.key;
-    return -1;
+    const auto word = drumWordAt(scanner.rest());
+    for (std::size_t i = 0; word && i < word->length; ++i)
+        scanner.take(scanner.peek());
+    return word ? word->key : -1;
 }
 
 NamedKey takeKey(TextScanner &scanner)

@@ -25,6 +25,9 @@ public:
         return _text.substr(_at, word.size()) == word;
     }
 
+    /// What has not been read yet.
+    std::string_view rest() const noexcept { return _text.substr(_at); }
+
     /// Steps over a letter or word when it is at hand; answers whether it was.
     bool take(char letter) noexcept;
     bool take(std::string_view word) noexcept;

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/commands/Beat/ZarnKeptTies.h>
+#include <ZarnCore/commands/ZarnScoreCommand.h>
+#include <ZarnCore/commands/ZarnTouchedBars.h>
+#include <ZarnCore/model/places/ZarnBeatSpan.h>
+
+#include <memory>
+#include <vector>
+
+namespace zarn {
+
+/// A stretch of a voice, and the beats that are to stand there instead; they are detached.
+struct WrittenStretch {
+    unsigned bar = 0;
+    unsigned voice = 0;
+    unsigned firstBeat = 0;
+    unsigned replacedCount = 0; ///< 0 to insert in front of `firstBeat`, or behind the last beat
+    std::vector<std::shared_ptr<Beat>> beats;
+};
+
+namespace cmd {
+
+/// Writes music into a staff, over what is there or between it, in any number of bars and voices at
+/// once. Voices that are missing are made. Ties between what is replaced or parted and its
+/// surroundings are undone; the new beats keep their own, over bar lines too. Sends
+/// `ModifyBarRange` for the bars, and for those around them where ties end.
+class ZARNCORE_EXPORT WriteBeats final : public ScoreCommand {
+public:
+    WriteBeats();
+    ~WriteBeats() override;
+
+    /// Takes the beats over. False for a staff, a bar or beats that are not there, for two
+    /// stretches of one voice, for none, for a beat that is null or belongs to a voice, and for a
+    /// rhythm that is not written.
+    bool init(Score *score, unsigned track, unsigned staff, std::vector<WrittenStretch> stretches);
+
+private:
+    struct Place {
+        BeatSpan span; ///< of what is replaced; `lastBeat` counts only when there is any
+        unsigned replacedCount = 0;
+        unsigned writtenCount = 0;
+        std::vector<std::shared_ptr<Beat>> written;  ///< while they are out of the voice
+        std::vector<std::shared_ptr<Beat>> replaced; ///< while they are out of the voice
+        std::shared_ptr<Voice> voice; ///< for a bar that needs it, while it is out of the bar
+        bool needsVoice = false;
+    };
+
+    void apply() override;
+    void revert() override;
+    void announceApplied() override;
+    void announceReverted() override;
+    bool isPossible(const Place &place) const;
+    bool arePossible() const;
+    Voice &voiceAt(Place &place) const;
+    void touch(const Place &place, const Voice &voice, unsigned end);
+
+    std::vector<Place> _places;
+    std::vector<KeptTies> _ties;
+    TouchedBars _touched;
+};
+
+} // namespace cmd
+} // namespace zarn
