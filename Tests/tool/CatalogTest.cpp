@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ToolRun.h"
 
-#include "edit/Choices.h"
+#include "common/Choices.h"
 
 #include <QDir>
 #include <QJsonArray>

@@ -9,9 +9,13 @@ namespace {
 
 using namespace zarn::test;
 
+/// Without a file, begins with an empty score.
 ToolRun edit(const QString &file, const std::string &lines, const QStringList &options = {})
 {
-    return runTool(QStringList({QStringLiteral("edit"), file}) + options, lines);
+    QStringList words(QStringLiteral("edit"));
+    if (!file.isEmpty())
+        words.append(file);
+    return runTool(words + options, lines);
 }
 
 /// Every command that changes a score, once, on the band; macros among them.
@@ -44,6 +48,9 @@ clef all bass t1
 add-track electricBass 2
 copy-track 1
 remove-track 1
+strings 5 t1
+write 2:1 "[1:2 2:2]e~ 1:2 2:xq" 2 t1
+append "6:0e 6:3 6:5q" t2
 name 1 "Low one"
 short-name 1 Low
 icon 1 electricBass
@@ -67,6 +74,7 @@ select 2:1 - 3:1 t2
 cursor 2:1 t2
 next
 previous
+free-time 7
 )";
 
 TEST(Edit, everyCommandIsUndoneToTheByteAndRedone)
@@ -85,7 +93,7 @@ TEST(Edit, everyCommandIsUndoneToTheByteAndRedone)
     const std::string once = std::string(EveryCommand) + "save "
         + folder.file("once.zarn").toStdString() + "\nundo all\ncompare\nredo all\nsave "
         + folder.file("twice.zarn").toStdString() + "\nundo all\ncompare\n";
-    const ToolRun run = edit(saints(), once);
+    const ToolRun run = edit(saints(), once, {QStringLiteral("-o"), folder.file("end.zarn")});
     EXPECT_EQ(run.code, 0) << run.err << run.out;
     EXPECT_EQ(contentOf(folder.file("once.zarn")), contentOf(folder.file("twice.zarn")));
 
@@ -94,6 +102,152 @@ TEST(Edit, everyCommandIsUndoneToTheByteAndRedone)
              "begin\nname 1 A\nbegin\nproperty title B\ncommit\nadd-bars 1\ncommit\n"
              "undo\ncompare\n");
     EXPECT_EQ(macro.code, 0) << macro.err;
+}
+
+/// In the golden file as a reader would copy it from the README.
+TEST(Edit, fourBarsOfARiffInDropDWithDrumsTakeLessThanTenLines)
+{
+    const Folder folder;
+    const QString readme =
+        QString::fromStdString(contentOf(QStringLiteral(ZARN_SOURCE_DIR "/README.md")));
+    const QString golden = QString::fromStdString(
+        contentOf(QStringLiteral(ZARN_SOURCE_DIR "/Tests/tool/golden/riff.txt")));
+    QStringList typed;
+    for (const QString &line : golden.split(QLatin1Char('\n')))
+        if (line.startsWith(QStringLiteral("zarn> ")))
+            typed.append(line.mid(6));
+    EXPECT_LT(typed.size(), 10);
+    const QString out = folder.file("riff.zarn");
+    const ToolRun run = runTool({QStringLiteral("edit"), QStringLiteral("-o"), out},
+                                "echo on\n" + typed.join(QLatin1Char('\n')).toStdString() + '\n');
+    EXPECT_EQ(run.code, 0) << run.err;
+    QString said = QString::fromStdString(run.out);
+    said.replace(out, QStringLiteral("riff.zarn"));
+    expectGolden("riff.txt", said.toStdString());
+    EXPECT_TRUE(readme.contains(said)) << "the README shows this session";
+    const ToolRun shown = runTool({QStringLiteral("info"), out});
+    EXPECT_TRUE(contains(shown.out, "tuning D2 A2 D3 G3 B3 E4")) << shown.out;
+    EXPECT_TRUE(contains(shown.out, "Bars: 4\n")) << shown.out;
+}
+
+TEST(Edit, musicIsWrittenOverTheBarLinesAndOverWhatIsThere)
+{
+    const Folder folder;
+    const QString out = folder.file("out.zarn");
+    const ToolRun run = edit(romance(), "write 1:4 \"1:1q~ 1:1e 2:x & 6:0h\"\n");
+    EXPECT_TRUE(contains(run.err, "several voices")) << run.err;
+
+    // Nine triplet eighths: the music covers the fourth to the ninth and begins the next bar.
+    const ToolRun written = edit(romance(),
+                                 "write 1:4 \"[1:1 2:1]h~ [1:1 2:1]e 3:xe\"\nshow 1-2\nundo\n"
+                                 "compare\nredo\nuse v3\nappend \"E3q\" 4\nshow 1-2 1\n",
+                                 {QStringLiteral("-o"), out});
+    EXPECT_EQ(written.code, 0) << written.err;
+    expectGolden("written.txt", written.out.substr(0, written.out.rfind("Saved to")));
+}
+
+TEST(Edit, refusalsSayTheReasonAtTheWordThatIsWrong)
+{
+    struct Refused {
+        const char *lines;
+        const char *reason;
+    };
+    const Refused all[] = {
+        {"fret 2:9 1 1 t2", "column 6: voice 1 of bar 2 has no beat 9; it has 4"},
+        {"fret 2:1 1 1 v3 t2", "voice 3 of bar 2 has no beat 1; it is empty"},
+        {"fret 2:1 1 30 t2", "column 12: string 1 of track 2 has no fret 30"},
+        {"pitch 2:1 C9 t2", "column 11: no free string of 2:1 can play this"},
+        {"pitch 2:1 Bb2 t2", "2:1 has this note already"},
+        {"tuning Chicago t2", "column 8: \"Chicago\" is for 4 strings"},
+        {"tuning E2 A2 t2", "these are 2 notes, but there are 6 strings"},
+        {"tuning \"Dro D\" t2", "did you mean \"Drop D\"?"},
+        {"strings 11 t2", "no tuning with 11 strings is known"},
+        {"add-track gitar", "did you mean \"guitar\"?"},
+        {"repeat-end 3 1", "a repeat is played at least twice"},
+        {"no-reverb\nno-reverb", "no reverb any more"},
+        {"capo 3 t1", "no strings to put a capo on"},
+        {"remove-sound 1 9", "column 16: track 1 has only 1 sound"},
+        {"write 2:1 \"6:0e 7:1\" t2", "column 17: expected a string from 1 to 6"},
+        {"write 2:1 \"6:0h. 6:0h\" t2", "bar 2 has only a quarter left"},
+        {"write 2:1 6:0e t2", "in \"quotes\""},
+        {"time 3/4", "BARS is missing: nothing is selected and the cursor is nowhere"},
+        {"time x 3/4", "\"x\" is not a bar number"},
+        {"begin\nremove-bars 20-21\nadd-bars 19\ncommit", "line 4, column 1: nothing was done"},
+        {"begin\nadd-bars 20\nremove-beats 20:7 t2\ncommit", "nothing was done"},
+    };
+    for (const Refused &refused : all) {
+        const ToolRun run = edit(saints(), refused.lines);
+        EXPECT_EQ(run.code, 1) << refused.lines;
+        EXPECT_TRUE(contains(run.err, refused.reason)) << refused.lines << '\n' << run.err;
+        EXPECT_FALSE(contains(run.err, "Cannot execute")) << run.err;
+        EXPECT_FALSE(hasSourcePlace(run.err)) << run.err;
+    }
+}
+
+TEST(Edit, changesThatNobodySavesAreToldAsLost)
+{
+    const Folder folder;
+    const ToolRun lost = edit(romance(), "name 1 X\n");
+    EXPECT_EQ(lost.code, 1);
+    EXPECT_TRUE(contains(lost.err, "the changes are lost")) << lost.err;
+    EXPECT_EQ(edit(romance(), "name 1 X\nundo\n").code, 0);
+    EXPECT_EQ(edit(romance(), "show 1\n").code, 0);
+    const std::string save = "name 1 X\nsave " + folder.file("kept.zarn").toStdString() + '\n';
+    EXPECT_EQ(edit(romance(), save).code, 0);
+    EXPECT_EQ(edit(romance(), save + "name 1 Y\n").code, 1);
+}
+
+TEST(Edit, commandsOfTheCommandLineAndStandardStreams)
+{
+    const Folder folder;
+    const QString out = folder.file("fives.zarn");
+    const ToolRun fives = runTool({QStringLiteral("edit"), romance(), QStringLiteral("-c"),
+                                   QStringLiteral("select all"), QStringLiteral("-c"),
+                                   QStringLiteral("fret 5"), QStringLiteral("-o"), out});
+    EXPECT_EQ(fives.code, 0) << fives.err;
+    const std::string shown =
+        runTool({QStringLiteral("show"), out, QStringLiteral("--bars"), QStringLiteral("1-4")}).out;
+    EXPECT_TRUE(contains(shown, "5────────5────────5")) << shown;
+    EXPECT_FALSE(contains(shown, "7───")) << shown;
+
+    const ToolRun piped =
+        runTool({QStringLiteral("edit"), QStringLiteral("-"), QStringLiteral("-c"),
+                 QStringLiteral("name 1 Piped"), QStringLiteral("-c"), QStringLiteral("cursor 1:1"),
+                 QStringLiteral("-o"), QStringLiteral("-")},
+                contentOf(romance()));
+    EXPECT_EQ(piped.code, 0) << piped.err;
+    EXPECT_TRUE(contains(piped.err, "Cursor: 1:1"));
+    const ToolRun info = runTool({QStringLiteral("info"), QStringLiteral("-")}, piped.out);
+    EXPECT_TRUE(contains(info.out, "1 Piped")) << info.err;
+    EXPECT_TRUE(contains(info.out, "File: standard input"));
+    EXPECT_EQ(runTool({QStringLiteral("edit"), QStringLiteral("-")}, piped.out).code, 2);
+    const ToolRun converted =
+        runTool({QStringLiteral("convert"), QStringLiteral("-"), QStringLiteral("-")}, piped.out);
+    EXPECT_EQ(converted.out, piped.out);
+    const ToolRun wrong =
+        runTool({QStringLiteral("edit"), romance(), QStringLiteral("-c"),
+                 QStringLiteral("name 1 A"), QStringLiteral("-c"), QStringLiteral("nam 1 B")});
+    EXPECT_TRUE(contains(wrong.err, "command 2, column 1")) << wrong.err;
+    const ToolRun garbage = runTool({QStringLiteral("info"), QStringLiteral("-")}, "not a score");
+    EXPECT_TRUE(contains(garbage.err, "standard input: ")) << garbage.err;
+}
+
+TEST(Edit, pitchesAreTheSameWordsEverywhere)
+{
+    // What "show" calls the open string, "pitch" takes and "cursor" says, also where the player
+    // reads another note; drums have names.
+    const ToolRun guitar = edit(QString(),
+                                "add-track guitar\nadd-beat 1:1 8th\n"
+                                "pitch 1:1 E2\ncursor 1:1\nshow\nexit\nnonsense\n");
+    EXPECT_TRUE(contains(guitar.out, "E2 on string 6 fret 0")) << guitar.out << guitar.err;
+    EXPECT_TRUE(contains(guitar.out, "E2      │─────0")) << guitar.out;
+    const ToolRun trumpet = edit(saints(),
+                                 "pitch 2:1 Bb4 F5 t1\ncursor 2:1 t1\npitch 2:1 hihat t4\nuse t4\n"
+                                 "cursor 2:1\nselect 3\nselect 1-4 all\n");
+    EXPECT_TRUE(contains(trumpet.out, "whole, Bb4.")) << trumpet.out << trumpet.err;
+    EXPECT_TRUE(contains(trumpet.out, "in track 4 (Drums)")) << trumpet.out;
+    EXPECT_TRUE(contains(trumpet.out, "bar 3 in track 4 (Drums)")) << trumpet.out;
+    EXPECT_TRUE(contains(trumpet.out, "bars 1 to 4 in all tracks")) << trumpet.out;
 }
 
 TEST(Edit, aWrongLineStopsAScriptWithItsPlaceAndSavesNothing)
@@ -137,8 +291,9 @@ TEST(Edit, aWrongLineStopsAScriptWithItsPlaceAndSavesNothing)
 TEST(Edit, eventsArePrintedAsTheyAreDeliveredWhileAskedFor)
 {
     const ToolRun run = edit(romance(),
-                             "name 1 Silent\nevents on\nadd-bars 5 2\nundo\nbegin\ntime 1-2 4/4\n"
-                             "direction coda 3\ncommit\nevents off\nname 1 Quiet\n");
+                             "name 1 Silent\nevents all\nadd-bars 5 2\nundo\nbegin\ntime 1-2 4/4\n"
+                             "direction coda 3\ncommit\nevents on\nadd-bars 1\nevents off\n"
+                             "name 1 Quiet\nundo all\n");
     EXPECT_EQ(run.code, 0) << run.err;
     EXPECT_EQ(run.out,
               "  event CommandPushed: command \"CreateBars\"\n"
@@ -156,13 +311,17 @@ TEST(Edit, eventsArePrintedAsTheyAreDeliveredWhileAskedFor)
               "  event MasterBarDirection: direction Coda, from bar none, to bar 3\n"
               "  event RequestMasterBarPlaylistUpdate\n"
               "  event EndMacro\n"
-              "  event CommandExecuted\n");
+              "  event CommandExecuted\n"
+              "  events: AddBars (bar 1, count 1); RequestMasterBarPlaylistUpdate; "
+              "MasterTrackAutomationChanged (first bar 1, last bar 2, automation Tempo) and 1 "
+              "more\n"
+              "Undid 4 steps.\n");
 }
 
 TEST(Edit, anAbandonedMacroLeavesNoTraceAndACommittedOneIsOneStep)
 {
     const ToolRun run = edit(romance(),
-                             "events on\nbegin\nremove-bars 1-8\nname 1 X\nabandon\n"
+                             "events all\nbegin\nremove-bars 1-8\nname 1 X\nabandon\n"
                              "compare\nbegin\nname 1 X\nname 1 Y\ncommit\nhistory\n"
                              "undo 2\n");
     EXPECT_EQ(run.code, 1);

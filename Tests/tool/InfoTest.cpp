@@ -35,9 +35,27 @@ TEST(Info, tellsWhatAPlayerAsksFirst)
     for (const char *const part :
          {"Title: Romance", "tuning E2 A2 D3 G3 B3 E4", "Time: 3/4 from bar 1", "Key: E minor",
           "quarter = 88", "Bars: 16", "156 notes", "Played: 1-16 1-16", "Tracks: 4",
-          "sounds 2 semitones lower", "Drum Kit", "A at bar 2, B at bar 10",
+          "written 2 semitones higher", "Drum Kit", "A at bar 2, B at bar 10",
           "Played: 1-17 2-15 18-19"})
         EXPECT_TRUE(contains(run.out, part)) << part << "\n" << run.out;
+}
+
+TEST(Info, temposFreeTimeAndBarsThatAreTooLongAreToldInLinesThatFit)
+{
+    std::string lines = "free-time 5-6\nfree-time 9\nadd-beat 12:1 half\ntempo 3 60 half Lento\n";
+    for (int bar = 4; bar <= 16; ++bar)
+        lines += "tempo " + std::to_string(bar) + ' ' + std::to_string(60 + bar) + '\n';
+    const ToolRun run = runTool({QStringLiteral("edit"), romance()}, lines + "info\nundo all\n");
+    EXPECT_EQ(run.code, 0) << run.err;
+    for (const char *const part :
+         {"Tempo: quarter = 88 (Andante) from bar 1, half = 60 (Lento) from bar 3", "... 15 in all",
+          "Free time: bars 5-6, bar 9\n",
+          "Too long: bar 12 of track 1, voice 1 (5 quarters instead of 3 quarters)"})
+        EXPECT_TRUE(contains(run.out, part)) << part << '\n' << run.out;
+    const QString out = QString::fromStdString(run.out);
+    for (const QString &line :
+         out.mid(out.indexOf(QStringLiteral("Tempo"))).split(QLatin1Char('\n')))
+        EXPECT_LE(line.size(), 100) << line.toStdString();
 }
 
 TEST(Info, goesOnAfterADocumentThatCannotBeRead)

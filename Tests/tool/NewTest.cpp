@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "ToolRun.h"
 
+#include "common/Choices.h"
 #include "common/Documents.h"
 #include "common/Terminal.h"
-#include "edit/Choices.h"
 
 #include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
 #include <ZarnCore/instruments/sounds/ZarnSound.h>
@@ -102,6 +102,17 @@ TEST_F(New, tracksAreNamedByProgramCategoryOrNameWhateverTheCase)
               (std::vector<int>{60, 55, 64, 69}));
 }
 
+TEST_F(New, stringsAreCountedBeforeTheyAreTuned)
+{
+    const ToolRun run = make(words(
+        {"-t", "electricGuitar", "--strings", "7", "--tuning", "drop a", "-t", "bass", "-s", "5"}));
+    ASSERT_EQ(run.code, 0) << run.err;
+    const auto model = made();
+    EXPECT_EQ(model->track(0)->staff(0)->tuning().midiNumbers(),
+              (std::vector<int>{33, 40, 45, 50, 55, 59, 64}));
+    EXPECT_EQ(model->track(1)->staff(0)->tuning().stringCount(), 5U);
+}
+
 TEST_F(New, everyCategoryMakesATrack)
 {
     QStringList options;
@@ -133,16 +144,18 @@ TEST_F(New, whatIsWrongIsNamedAndNothingIsWritten)
     const std::pair<QStringList, const char *> all[] = {
         {{}, "--track is missing"},
         {words({"-t", "steelGuitarr"}), "did you mean \"steelGuitar\"?"},
-        {words({"-t", "0"}), "\"0\" is no instrument"},
-        {words({"-t", "129"}), "\"129\" is no instrument"},
+        {words({"-t", "0"}), "\"0\" is not an instrument"},
+        {words({"-t", "129"}), "\"129\" is not an instrument"},
         {words({"--tuning", "Drop D", "-t", "guitar"}), "behind the --track"},
         {words({"-t", "guitar", "--tuning", "Drop G sharp of all things"}),
          "zarn catalog tunings --instrument Guitar"},
         {words({"-t", "guitar", "--tuning", "Dorp D"}), "did you mean \"Drop D\"?"},
-        {words({"-t", "guitar", "--tuning", "E2 A2 H2"}), "neither a tuning"},
+        {words({"-t", "guitar", "--tuning", "E2 A2 H2"}), "neither the name of a tuning"},
         {words({"-t", "guitar", "--tuning", "E2 E2 E2 E2 E2 E2 E2 E2 E2 E2 E2 E2 E2"}),
-         "up to 12 strings"},
-        {words({"-t", "piano", "--tuning", "Drop D"}), "has no strings to tune"},
+         "these are 13 notes, but there are 6 strings"},
+        {words({"-t", "guitar", "--tuning", "Chicago"}), "\"Chicago\" is for 4 strings"},
+        {words({"-t", "guitar", "--strings", "77"}), "no tuning with 77 strings"},
+        {words({"-t", "piano", "--tuning", "Drop D"}), "--tuning: there are no strings to tune"},
         {words({"-t", "guitar", "--time", "3/5"}), "a time such as 3/4"},
         {words({"-t", "guitar", "--key", "H"}), "a key such as"},
         {words({"-t", "guitar", "--bars", "0"}), "--bars takes a number from 1"},

@@ -45,7 +45,7 @@ TEST(Places, theCursorIsToldInPlayersWordsAndMovesAsAsked)
                   + "1, string 1: half., E4 on string 1 fret 0, B3 on string 2 fret 0, G3 on "
                     "string 3 fret 0, E3 on string 4 fret 2, B2 on string 5 fret 2, E2 on string "
                     "6 fret 0.\n"
-                    "Notes are edited in track 1, staff 1, voice 3.\n");
+                    "From now on in track 1, staff 1, voice 3.\n");
     // Without strings the notes of a beat are walked; the lines of a band keep the time.
     const ToolRun band = edit(saints(), "cursor 3:2\nnext track\nnext staff\n");
     EXPECT_TRUE(contains(band.out, "Cursor: 3:2 in track 1 (Trumpet in Bb), voice 1: "))
@@ -124,25 +124,26 @@ TEST(Places, whatIsLeftOutIsTheSelectionOrTheCursor)
 TEST(Places, wrongPlacesAreNamedAndMoveNothing)
 {
     const std::pair<const char *, const char *> wrong[] = {
-        {"select trakc 1", "column 8: \"trakc\" is no place; did you mean \"track\"?"},
-        {"select 3:99", "column 8: there is no beat 3:99; voice 1 of bar 3 has 3:1 to 3:9"},
+        {"select trakc 1", "column 8: \"trakc\" is not a place; did you mean \"track\"?"},
+        {"select 3:99", "column 8: voice 1 of bar 3 has no beat 99; it has 9"},
         {"select 99", "column 8: there is no bar 99; they go from 1 to 16"},
-        {"select 3-1", "column 8: the bars 3-1 end before they begin"},
+        {"select 3-1", "column 8: bars 3-1 end before they begin"},
         {"select staff", "column 13: the number of the staff is missing"},
         {"select string 2", "column 8: a selection has no string"},
         {"select track all voice 2", "column 24: all tracks are selected with all their voices"},
         {"select 3:1 v9", "column 12: there is no voice 9"},
         {"cursor 3:99", "column 8: there is no beat 99 here; they go from 1 to 9"},
-        {"cursor strng 2", "column 8: \"strng\" is no place; did you mean \"string\"?"},
+        {"cursor strng 2", "column 8: \"strng\" is not a place; did you mean \"string\"?"},
         {"cursor string 9", "column 15: there is no string 9 here; they go from 1 to 6"},
         {"cursor first", "column 13: say what: first bar"},
-        {"next baer", "column 6: \"baer\" is not right for UNIT; did you mean \"bar\"?"},
+        {"next baer", "column 6: \"baer\" is not what UNIT takes; did you mean \"bar\"?"},
         {"next bar 100", "column 1: there is no next bar after 16 of the 100 steps"},
         {"rest", "column 5: BEATS is missing: nothing is selected and the cursor is nowhere"},
         {"fret 1:1 3", "column 11: FRET is missing"},
         {"select 3:1\nrest t1", "leave t2 and the like out"},
-        {"select 3:2 - 3:9\nremove-beats\nrest", "what was selected up to 3:2 is not there"},
-        {"cursor 3:9\nremove-beats 3:9\nrest", "there is no beat 3:9"},
+        {"select 3:2 - 3:9\nremove-beats\nrest",
+         "what was selected is not all there any more: 3:2 is gone"},
+        {"cursor 3:9\nremove-beats 3:9\nrest", "voice 1 of bar 3 has no beat 9"},
     };
     for (const auto &[lines, message] : wrong) {
         const ToolRun run = edit(romance(), std::string(lines) + "\n");
@@ -154,7 +155,7 @@ TEST(Places, wrongPlacesAreNamedAndMoveNothing)
 TEST(Places, theCursorIsHeardAndComesBackWithUndo)
 {
     const ToolRun run = edit(romance(),
-                             "cursor 16:1\nevents on\nremove-bars 10-16\nundo\nevents off\n"
+                             "cursor 16:1\nevents all\nremove-bars 10-16\nundo\nevents off\n"
                              "cursor\n");
     EXPECT_EQ(run.code, 0) << run.err;
     const std::string voice = " in track 1, voice 1, string 1";

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ToolRun.h"
 
+#include "common/Program.h"
+
 namespace {
 
 using namespace zarn::test;
@@ -28,9 +30,17 @@ TEST(Program, helpIsThereForEveryCommandAndGoesToStandardOutput)
 
 TEST(Program, wrongUsageIsToldApartFromWrongDocuments)
 {
-    const char *const misuses[] = {
-        "",         "dance",           "help dance",  "info", "show", "notes", "convert a.zarn",
-        "show a b", "show --colour a", "show --bars", "edit"};
+    const char *const misuses[] = {"",
+                                   "dance",
+                                   "help dance",
+                                   "info",
+                                   "show",
+                                   "notes",
+                                   "convert a.zarn",
+                                   "show a b",
+                                   "show --colour a",
+                                   "show --bars",
+                                   "edit a -c x -s y"};
     for (const char *const line : misuses) {
         const ToolRun run = runTool(words(line));
         EXPECT_EQ(run.code, 2) << line;
@@ -38,7 +48,7 @@ TEST(Program, wrongUsageIsToldApartFromWrongDocuments)
         EXPECT_NE(run.err, "") << line;
         EXPECT_FALSE(hasSourcePlace(run.err)) << run.err;
     }
-    for (const char *const bars : {"0", "3-2", "x", "1-2-3", "1-99"})
+    for (const char *const bars : {"0", "3-2", "x", "1-2-3", "17-99"})
         EXPECT_EQ(runTool({QStringLiteral("show"), romance(), QStringLiteral("--bars"),
                            QLatin1String(bars)})
                       .code,
@@ -98,6 +108,52 @@ TEST(Program, convertingLeavesWhatItMustNotTouch)
     EXPECT_EQ(unknown.code, 1);
     EXPECT_TRUE(contains(unknown.err, ".zarn")) << unknown.err;
     EXPECT_EQ(runTool({QStringLiteral("convert"), score, folder.file("no/such.zarn")}).code, 1);
+}
+
+TEST(Program, theManualNamesEveryCommandAndOptionOfTheHelp)
+{
+    const ToolRun manual = runTool({QStringLiteral("--man-page")});
+    EXPECT_EQ(manual.code, 0);
+    std::string plain = manual.out;
+    for (std::size_t at = 0; (at = plain.find("\\-", at)) != std::string::npos;)
+        plain.erase(at, 1);
+    for (const zarn::tool::Subcommand &command : zarn::tool::subcommands()) {
+        EXPECT_TRUE(contains(plain, ".SS zarn " + command.name.toStdString() + '\n'));
+        EXPECT_TRUE(contains(plain, command.summary.toStdString()));
+        for (const zarn::tool::Option &option : command.options)
+            EXPECT_TRUE(contains(plain, "\\fB--" + option.name.toStdString() + "\\fR"))
+                << option.name.toStdString();
+    }
+    // No line of a text is taken for a request.
+    for (const QString &line : QString::fromStdString(manual.out).split(QLatin1Char('\n')))
+        EXPECT_TRUE(!line.startsWith(QLatin1Char('.')) || line.at(1).isUpper()
+                    || line == QStringLiteral(".nf") || line == QStringLiteral(".fi")
+                    || line == QStringLiteral(".br"))
+            << line.toStdString();
+}
+
+TEST(Program, bashCompletesCommandsOptionsAndWords)
+{
+    const Folder folder;
+    const QString script = folder.file("zarn.bash");
+    writeFile(script, runTool({QStringLiteral("--bash-completion")}).out);
+    const auto complete = [&script](const char *line) {
+        QProcess bash;
+        bash.start(
+            QStringLiteral("bash"),
+            {QStringLiteral("-c"),
+             QStringLiteral(". '%1'; COMP_WORDS=(%2); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); "
+                            "_zarn; printf '%s ' \"${COMPREPLY[@]}\"")
+                 .arg(script, QString::fromUtf8(line))});
+        EXPECT_TRUE(bash.waitForFinished());
+        EXPECT_EQ(bash.readAllStandardError().toStdString(), "");
+        return bash.readAllStandardOutput().toStdString();
+    };
+    EXPECT_EQ(complete("zarn sh"), "show ");
+    EXPECT_EQ(complete("zarn show --b"), "--bars ");
+    EXPECT_EQ(complete("zarn new --track stee"), "steelGuitar ");
+    EXPECT_EQ(complete("zarn edit -c remove-be"), "remove-beats ");
+    EXPECT_TRUE(contains(complete("zarn help ''"), "catalog"));
 }
 
 } // namespace

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "ToolRun.h"
 
+#include "common/MusicReader.h"
 #include "edit/CommandReader.h"
 #include "edit/Commands.h"
-#include "edit/MusicReader.h"
 #include "edit/Parameter.h"
 #include "edit/ScriptLine.h"
 
@@ -70,8 +70,10 @@ TEST(ScriptLine, wrongLinesAreNamedByColumnAndWhatWouldBeRight)
         {"dynamic 1:1 loud", 13, "one of none, pppp"},
         {"tempo 1 fast", 9, "a number from 1 to 1000"},
         {"tempo 1 nan", 9, "a number from 1 to 1000"},
-        {"events maybe", 8, "on or off"},
-        {"add-track guitar", 11, "did you mean"},
+        {"events maybe", 8, "one of on, off, all"},
+        {"echo maybe", 6, "on or off"},
+        {"write 1:1 6:0e", 11, "in \"quotes\""},
+        {"write 5:1 \"6:0e\"", 7, "no bar 5; they go from 1 to 4"},
         {"name 1 \"open", 8, "not closed"},
         {"name 1 \"a\"b", 11, "space behind the closing quote"},
         {"endings 1 2-1", 11, "passes such as"},
@@ -93,8 +95,8 @@ TEST(ScriptLine, placesAreCountedAsPeopleCount)
     const auto score = ZarnCoreUtils::make_from_string("guitar: 1:0 | 1:0 ; piano: c4 + c3");
     const ReadingContext context = {score->scoreModel().get(), Where(), true};
     const auto fret = readLine(line("fret 2:1 1 3"), context);
-    EXPECT_EQ(fret->values.get<BeatPlace>(0).bar, 1u);
-    EXPECT_EQ(fret->values.get<BeatPlace>(0).beat, 0u);
+    EXPECT_EQ(fret->values.get<BeatRange>(0).first.bar, 1u);
+    EXPECT_EQ(fret->values.get<BeatRange>(0).first.beat, 0u);
     EXPECT_EQ(fret->values.get<int>(1), 5) << "string 1 is the highest";
     const auto rest = readLine(line("rest 1:2-2:3 v2 s2 t2"), context);
     EXPECT_EQ(rest->values.get<BeatRange>(0).last.bar, 1u);
@@ -113,6 +115,11 @@ TEST(ScriptLine, musicIsReadInTheNotationOfMusicians)
     EXPECT_EQ(parseRhythm(line("eighth/3:2/5:4"))->getLength(), utils::rational(4, 15));
     EXPECT_EQ(parseRhythm(line("half.."))->getLength(), utils::rational(7, 2));
     EXPECT_EQ(parseRhythm(line("128th"))->getLength(), utils::rational(1, 32));
+    for (const char *const eighth : {"8th", "1/8", "e", "eighth"})
+        EXPECT_EQ(parseRhythm(line(eighth))->getLength(), utils::rational(1, 2)) << eighth;
+    EXPECT_EQ(parseRhythm(line("1/8./3"))->getLength(), utils::rational(1, 2));
+    EXPECT_EQ(parseRhythm(line("32nd"))->getLength(), utils::rational(1, 8));
+    EXPECT_FALSE(parseRhythm(line("1/7")));
     EXPECT_FALSE(parseRhythm(line("q....")));
     EXPECT_FALSE(parseRhythm(line("")));
 

@@ -99,6 +99,38 @@ TEST(Show, oneTrackAndSomeBarsAloneAreShownOnRequest)
         EXPECT_FALSE(contains(run.out, other)) << other;
 }
 
+TEST(Show, oneVoiceAndBarsPastTheEndAreShownOnRequest)
+{
+    const ToolRun run =
+        runTool({QStringLiteral("show"), romance(), QStringLiteral("--voice"), QStringLiteral("2"),
+                 QStringLiteral("--bars"), QStringLiteral("15-40")});
+    EXPECT_EQ(run.code, 0);
+    EXPECT_TRUE(contains(run.err, "the score ends with bar 16")) << run.err;
+    EXPECT_TRUE(contains(run.out, "voice 2")) << run.out;
+    EXPECT_FALSE(contains(run.out, "e  e  e")) << run.out;
+}
+
+TEST(Show, freeTimeBeginsAndEndsAndAChordStandsOnce)
+{
+    const auto score = scoreOf("piano: \"Am\"c4w & \"Am\"a4w | c4w + \"Am\"c3w | c3w");
+    ASSERT_TRUE(score->setMasterBarFreeTime(0, 0, true));
+    const std::string drawn = picture(*score->scoreModel(), 80);
+    EXPECT_TRUE(contains(drawn, "free time")) << drawn;
+    EXPECT_TRUE(contains(drawn, "in time")) << drawn;
+    EXPECT_EQ(drawn.find("Am"), drawn.rfind("Am")) << drawn;
+}
+
+TEST(Show, bracketsOfTupletsAreWholeHoweverShortAndOpenWhereTheLineBreaks)
+{
+    const std::string drawn =
+        picture(*scoreOf("piano: c4q/7:3 d4 e4h d4q/5:3 c4 c4 c4 c4")->scoreModel(), 80);
+    EXPECT_TRUE(contains(drawn, "\u250c7:3\u2500") || contains(drawn, "\u250c7:3\u2510")) << drawn;
+    const std::string broken =
+        picture(*scoreOf("piano 3/4: c4e/9:6 d4 e4 c4 d4 e4 c4 d4 e4")->scoreModel(), 30);
+    EXPECT_TRUE(contains(broken, "9:6\u2500")) << broken;
+    EXPECT_TRUE(contains(broken, "\u25009:6")) << broken;
+}
+
 /// Laws that every picture keeps, whatever the music and the width.
 class ShowLaws : public ::testing::TestWithParam<const char *> {
 protected:
@@ -218,10 +250,10 @@ TEST(Show, barsThatRepeatAreSignsUntilTheyAreChanged)
                               QString::fromStdString(drawn).count(QStringLiteral("%%")));
     };
     const auto whole = frets();
-    EXPECT_EQ(whole.second, 2);
+    EXPECT_EQ(whole.second, 2 + 1) << "and once in the legend";
     track.bar(3)->voice(0)->beat(3)->note(0)->setFret(14);
     EXPECT_EQ(frets().first, whole.first + 1) << "the changed bar is written out";
-    EXPECT_EQ(frets().second, 1);
+    EXPECT_EQ(frets().second, 1 + 1);
 }
 
 } // namespace

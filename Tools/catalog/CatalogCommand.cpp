@@ -3,8 +3,8 @@
 
 #include "catalog/Catalogue.h"
 #include "common/Failure.h"
+#include "common/NearestWord.h"
 #include "common/Terminal.h"
-#include "edit/NearestWord.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -40,7 +40,7 @@ const Kind &kindOf(const QString &name)
         names.append(QLatin1String(kind.name));
     }
     const QString nearest = nearestWord(name, names);
-    throw UsageError{QStringLiteral("\"%1\" is no catalogue; %2")
+    throw UsageError{QStringLiteral("\"%1\" is not a catalogue; %2")
                          .arg(name,
                               nearest.isEmpty()
                                   ? QStringLiteral("there are ") + names.join(QStringLiteral(", "))

@@ -3,7 +3,7 @@
 
 #include "common/Arguments.h"
 #include "common/Failure.h"
-#include "edit/NearestWord.h"
+#include "common/NearestWord.h"
 
 #include <algorithm>
 

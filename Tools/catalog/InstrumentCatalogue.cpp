@@ -3,7 +3,7 @@
 
 #include "common/BuiltIns.h"
 #include "common/Texts.h"
-#include "show/ScoreTitle.h"
+#include "common/TrackText.h"
 
 #include <ZarnCore/instruments/sets/ZarnInstrumentSetLibrary.h>
 #include <ZarnCore/model/ZarnTrack.h>

@@ -2,9 +2,9 @@
 #include "catalog/Catalogue.h"
 
 #include "common/BuiltIns.h"
+#include "common/Choices.h"
 #include "common/Texts.h"
-#include "edit/Choices.h"
-#include "show/ScoreTitle.h"
+#include "common/TrackText.h"
 
 #include <ZarnCore/model/ZarnTrack.h>
 #include <ZarnCore/model/ZarnTrackDefaults.h>

@@ -14,12 +14,17 @@
 #include <QString>
 
 #include <filesystem/DiskFileSystem.h>
+#include <filesystem/RAMFileSystem.h>
 
+#include <iostream>
+#include <iterator>
 #include <vector>
 
 namespace zarn::tool {
 
 namespace {
+
+const char *const StandardStream = "-";
 
 using Importers = std::vector<std::unique_ptr<io::Importer>>;
 using Exporters = std::vector<std::unique_ptr<io::Exporter>>;
@@ -57,6 +62,8 @@ std::string suffixOf(const std::string &path)
 
 const io::Exporter *exporterFor(const std::string &path)
 {
+    if (path == StandardStream)
+        return exporters().front().get();
     const std::string suffix = suffixOf(path);
     for (const auto &exporter : exporters())
         for (const std::string &extension : exporter->extensions())
@@ -84,35 +91,105 @@ const io::Importer *importerFor(filesystem::FileHandle &handle, const std::strin
     return byContent != nullptr ? byContent : bySuffix;
 }
 
+/// Where documents lie: on the disk, or for "-" in memory, as a file that standard input filled or
+/// that goes to standard output.
+class Place {
+public:
+    explicit Place(const std::string &path) : _path(path) { }
+
+    bool isStandardStream() const { return _path == StandardStream; }
+
+    filesystem::FileSystem &files()
+    {
+        if (isStandardStream())
+            return _memory;
+        return _disk;
+    }
+
+    void readInput()
+    {
+        const std::string input((std::istreambuf_iterator<char>(std::cin)),
+                                std::istreambuf_iterator<char>());
+        const auto handle = _memory.open(_path, filesystem::OpenMode::Write);
+        if (std::cin.bad() || !handle
+            || !handle->writeBlock(input.data(), static_cast<std::int64_t>(input.size()))
+            || !handle->close())
+            throw Failure("standard input: cannot be read to its end");
+    }
+
+    void writeOutput()
+    {
+        const auto handle = _memory.open(_path, filesystem::OpenMode::Read);
+        std::string content(static_cast<std::size_t>(handle->size()), '\0');
+        handle->readBlock(content.data(), handle->size());
+        std::cout << content;
+    }
+
+private:
+    std::string _path;
+    filesystem::DiskFileSystem _disk;
+    filesystem::RAMFileSystem _memory;
+};
+
+std::string withoutPath(const std::string &path, const std::string &reason)
+{
+    const std::string start = path + ": ";
+    return reason.compare(0, start.size(), start) == 0 ? reason.substr(start.size()) : reason;
+}
+
 std::string withPath(const std::string &path, const std::string &reason)
 {
-    return reason.compare(0, path.size(), path) == 0 ? reason : path + ": " + reason;
+    return path + ": " + withoutPath(path, reason);
 }
 
 } // namespace
 
 OpenedDocument openDocument(const std::string &path, const Terminal &terminal)
 {
-    filesystem::DiskFileSystem files;
-    if (files.isFolder(path))
+    Place place(path);
+    if (place.isStandardStream())
+        place.readInput();
+    const std::string name = nameOfPath(path, Direction::In);
+    if (place.files().isFolder(path))
         throw Failure(path + ": is a folder");
     std::string error;
-    const auto handle = files.open(path, filesystem::OpenMode::Read, &error);
+    const auto handle = place.files().open(path, filesystem::OpenMode::Read, &error);
     if (!handle)
         throw Failure(withPath(path, error.empty() ? "cannot be opened" : error));
     const io::Importer *const importer = importerFor(*handle, path);
     if (importer == nullptr)
-        throw Failure(path + ": is neither a native document nor MusicXML");
+        throw Failure(name + ": is neither a native document nor MusicXML");
     OpenedDocument document;
     document.path = path;
     document.format = importer->description().toStdString();
-    const Progress progress(terminal, "reading " + path);
+    const Progress progress(terminal, "reading " + name);
     try {
         document.model = importer->read(*handle, document.report);
     } catch (const CoreException &problem) {
-        throw Failure(withPath(path, problem.message()));
+        throw Failure(name + ": " + withoutPath(path, problem.message()));
     }
     return document;
+}
+
+OpenedDocument newDocument()
+{
+    OpenedDocument document;
+    document.format = "a new score";
+    document.model = std::make_shared<ScoreModel>();
+    document.model->masterTrack()->addEmptyMasterBars(1);
+    return document;
+}
+
+bool isStandardStream(const std::string &path)
+{
+    return path == StandardStream;
+}
+
+std::string nameOfPath(const std::string &path, Direction direction)
+{
+    if (!isStandardStream(path))
+        return path;
+    return direction == Direction::In ? "standard input" : "standard output";
 }
 
 bool isWritableFormat(const std::string &path)
@@ -130,17 +207,19 @@ void requireWritableFormat(const std::string &path)
 void saveDocument(const ScoreModel &model, const std::string &path, const Terminal &terminal)
 {
     requireWritableFormat(path);
-    filesystem::DiskFileSystem files;
+    Place place(path);
     std::string error;
-    const auto handle = files.open(path, filesystem::OpenMode::Write, &error);
+    const auto handle = place.files().open(path, filesystem::OpenMode::Write, &error);
     if (!handle)
         throw Failure(withPath(path, error.empty() ? "cannot be written" : error));
-    const Progress progress(terminal, "writing " + path);
+    const Progress progress(terminal, "writing " + nameOfPath(path, Direction::Out));
     try {
         exporterFor(path)->write(model, *handle);
     } catch (const CoreException &problem) {
         throw Failure(withPath(path, problem.message()));
     }
+    if (place.isStandardStream())
+        place.writeOutput();
 }
 
 std::string writableSuffixes()

@@ -22,12 +22,22 @@ struct OpenedDocument {
     io::ImportReport report;
 };
 
+/// "-" as a path stands for standard input or standard output.
+bool isStandardStream(const std::string &path);
+
+/// What to call a path in messages.
+enum class Direction { In, Out };
+std::string nameOfPath(const std::string &path, Direction direction);
+
+/// An empty score with one bar, which belongs to no file.
+OpenedDocument newDocument();
+
 /// Reads a document of any known format; the content decides which it is. Raises `Failure` or the
 /// importer's exception, the message beginning with the path.
 OpenedDocument openDocument(const std::string &path, const Terminal &terminal);
 
-/// Writes a document in the format of the path's suffix; the old file stays whole until the new
-/// one is complete. Raises `Failure`.
+/// Writes a document in the format of the path's suffix, to standard output as a native one; the
+/// old file stays whole until the new one is complete. Raises `Failure`.
 void saveDocument(const ScoreModel &model, const std::string &path, const Terminal &terminal);
 
 /// Whether there is a format to write with the path's suffix.

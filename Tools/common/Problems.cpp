@@ -29,7 +29,8 @@ void warnOfProblems(const OpenedDocument &document)
         text = counted(problems, "problem");
     if (elements != 0)
         text += (text.empty() ? "" : ", ") + counted(elements, "element") + " not held";
-    std::cerr << "zarn: " << document.path << ": " << text << "; \"zarn info\" lists them\n";
+    std::cerr << "zarn: " << nameOfPath(document.path, Direction::In) << ": " << text
+              << "; \"zarn info\" lists them\n";
 }
 
 } // namespace zarn::tool

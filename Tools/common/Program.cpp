@@ -3,6 +3,7 @@
 
 #include "catalog/CatalogCommand.h"
 #include "common/Failure.h"
+#include "common/Manual.h"
 #include "common/Terminal.h"
 #include "convert/ConvertCommand.h"
 #include "edit/EditCommand.h"
@@ -44,7 +45,8 @@ QString generalHelp()
         help += QStringLiteral("  %1  %2\n").arg(command.name.leftJustified(8), command.summary);
     help += QStringLiteral(
         "\nzarn help COMMAND    what a command takes\n"
-        "zarn --version       the version of the program\n\n"
+        "zarn --version       the version of the program\n"
+        "zarn --man-page, zarn --bash-completion    all of this for man and for bash\n\n"
         "Exit codes: 0 done, 1 a document or an edit had an error, 2 wrong usage.\n");
     return help;
 }
@@ -57,7 +59,7 @@ const Subcommand &findCommand(const QString &name)
     QStringList names;
     for (const Subcommand &command : subcommands())
         names.append(command.name);
-    throw UsageError{QStringLiteral("\"%1\" is no command; there are %2")
+    throw UsageError{QStringLiteral("\"%1\" is not a command; there are %2")
                          .arg(name, names.join(QStringLiteral(", ")))};
 }
 
@@ -80,6 +82,14 @@ int run(const QStringList &words)
     const QString &first = words.first();
     if (first == QStringLiteral("--version")) {
         std::cout << "zarn " ZARN_VERSION "\n";
+        return Done;
+    }
+    if (first == QStringLiteral("--man-page")) {
+        say(manualPage());
+        return Done;
+    }
+    if (first == QStringLiteral("--bash-completion")) {
+        say(bashCompletion());
         return Done;
     }
     if (first == QStringLiteral("help") || first == QStringLiteral("--help")
@@ -111,7 +121,8 @@ int runProgram(int argc, char **argv) noexcept
 {
     try {
         qInstallMessageHandler(printLogged);
-        QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false\n*.info=false"));
+        QLoggingCategory::setFilterRules(
+            QStringLiteral("*.debug=false\n*.info=false\nzarn.core.commands.warning=false"));
         QStringList words;
         for (int i = 1; i < argc; ++i)
             words.append(QString::fromUtf8(argv[i]));

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "common/TextTable.h"
 
+#include "common/CharacterRow.h"
 #include "common/Terminal.h"
-#include "show/CharacterRow.h"
 
 #include <algorithm>
 

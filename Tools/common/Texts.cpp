@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "common/Texts.h"
 
-#include <ZarnCore/model/ZarnNote.h>
 #include <ZarnCore/music/ZarnKeySignature.h>
 #include <ZarnCore/music/ZarnNoteDynamic.h>
 #include <ZarnCore/music/ZarnPitchClass.h>
@@ -18,32 +17,6 @@ constexpr RhythmLetter Letters[] = {
     {"q", "quarter"}, {"e", "eighth"}, {"s", "16th"},  {"t", "32nd"},
     {"x", "64th"},    {"y", "128th"},  {"z", "256th"},
 };
-
-/// Places on the line of fifths of the natural letters C D E F G A B.
-constexpr int FifthsOfLetter[] = {0, 2, 4, -1, 1, 3, 5};
-constexpr int SemitonesOfLetter[] = {0, 2, 4, 5, 7, 9, 11};
-constexpr int LetterCount = 7;
-
-/// The spelling of a pitch class that lies nearest to a key on the line of fifths: a key of n
-/// fifths holds the spellings from n - 1 to n + 5; around it sharps up to n + 8, flats from n - 3.
-PitchClass spelledInKey(int pitchClass, int fifths)
-{
-    for (int place = fifths - 3; place <= fifths + 8; ++place) {
-        for (int letter = 0; letter < LetterCount; ++letter) {
-            const int distance = place - FifthsOfLetter[letter];
-            if (distance % LetterCount != 0)
-                continue;
-            const int alteration = distance / LetterCount;
-            if (alteration < -2 || alteration > 2)
-                continue;
-            if ((SemitonesOfLetter[letter] + alteration + 12) % 12 == pitchClass)
-                return PitchClass(
-                    NoteName(static_cast<NoteName::Value>(letter)),
-                    NoteAccidental(static_cast<NoteAccidental::Value>(alteration + 2)));
-        }
-    }
-    return PitchClass::fromPitch(pitchClass, fifths < 0);
-}
 
 QString accidentalText(int alteration, Signs signs)
 {
@@ -69,6 +42,15 @@ QString rhythmText(const RhythmValue &rhythm)
     return letter + QString(static_cast<int>(rhythm.getAugmentationDot()), QLatin1Char('.'));
 }
 
+QString quartersText(const utils::rational &length)
+{
+    if (length == utils::rational(1))
+        return QStringLiteral("a quarter");
+    return length.isInteger()
+        ? QStringLiteral("%1 quarters").arg(length.numerator())
+        : QStringLiteral("%1/%2 quarters").arg(length.numerator()).arg(length.denominator());
+}
+
 QString tupletText(unsigned notes, unsigned inTimeOf)
 {
     unsigned usual = 1;
@@ -79,11 +61,24 @@ QString tupletText(unsigned notes, unsigned inTimeOf)
     return QStringLiteral("%1:%2").arg(notes).arg(inTimeOf);
 }
 
-PitchClass spellingOf(const Note &note, const KeySignature &key)
+PitchClass spelledInKey(Tone tone, int fifths)
 {
-    if (const auto spelling = note.spelling())
-        return *spelling;
-    return spelledInKey(note.midi() % 12, key.accidentalCount());
+    // Places on the line of fifths: of the letters C D E F G A B, and seven further for each sharp.
+    constexpr int letterPlaces[] = {0, 2, 4, -1, 1, 3, 5};
+    for (int place = fifths - 3; place <= fifths + 8; ++place) {
+        for (std::size_t letter = 0; letter < std::size(letterPlaces); ++letter) {
+            const int distance = place - letterPlaces[letter];
+            const int alteration = distance / 7;
+            if (distance % 7 != 0 || alteration < -2 || alteration > 2)
+                continue;
+            const PitchClass spelling(
+                NoteName(static_cast<NoteName::Value>(letter)),
+                NoteAccidental(static_cast<NoteAccidental::Value>(alteration + 2)));
+            if (spelling.tone() == tone)
+                return spelling;
+        }
+    }
+    return PitchClass::fromTone(tone, fifths < 0);
 }
 
 QString pitchClassText(const PitchClass &pitch, Signs signs)
@@ -99,14 +94,7 @@ QString pitchText(const PitchClass &spelling, int midi, Signs signs)
 
 QString keyText(const KeySignature &key, Signs signs)
 {
-    // The tonic of a major key of n fifths lies at n on the line of fifths, of a minor at n + 3.
-    const int place = key.accidentalCount() + (key.isMajor() ? 0 : 3);
-    const int letters[] = {3, 0, 4, 1, 5, 2, 6}; // F C G D A E B from -1 on
-    const int fromF = place + 1;
-    const int letter = letters[((fromF % LetterCount) + LetterCount) % LetterCount];
-    const int alteration = (place - FifthsOfLetter[letter]) / LetterCount;
-    return NoteName(static_cast<NoteName::Value>(letter)).toString()
-        + accidentalText(alteration, signs)
+    return pitchClassText(PitchClass::fromPitch(key.rootNote()), signs)
         + (key.isMajor() ? QStringLiteral(" major") : QStringLiteral(" minor"));
 }
 

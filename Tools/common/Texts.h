@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ZarnCore/utils/rational.h>
+
 #include <QString>
 
 #include <cstdint>
@@ -8,10 +10,10 @@
 namespace zarn {
 
 class KeySignature;
-class Note;
 class NoteDynamic;
 class PitchClass;
 class RhythmValue;
+class Tone;
 
 namespace tool {
 
@@ -29,11 +31,15 @@ const RhythmLetter *rhythmLetters(); ///< 11 entries, by `RhythmValue::NoteValue
 /// "q", "e.", without tuplets.
 QString rhythmText(const RhythmValue &rhythm);
 
+/// "a quarter", "3 quarters", "3/2 quarters".
+QString quartersText(const utils::rational &length);
+
 /// "3" for the usual ratios (3 in the time of 2, 5 of 4...), otherwise "7:3".
 QString tupletText(unsigned notes, unsigned inTimeOf);
 
-/// The spelling that a note carries, else the one that fits a key.
-PitchClass spellingOf(const Note &note, const KeySignature &key);
+/// The spelling of a tone that lies nearest to a key with that many sharps (flats below 0) on the
+/// line of fifths: chromatic notes lead upwards more often than not.
+PitchClass spelledInKey(Tone tone, int fifths);
 
 /// "C#" or "C♯".
 QString pitchClassText(const PitchClass &pitch, Signs signs);

@@ -43,10 +43,12 @@ Subcommand convertCommand()
         2,
         2,
         QStringLiteral("Writes a score in another format, by the suffix of OUT."),
-        QStringLiteral("Reads MusicXML (.musicxml, .xml, .mxl) and native documents (.zarn), by\n"
-                       "their content. Writes %1. A file that is there already is replaced, once\n"
-                       "the new one is complete. What the score cannot hold is named on standard\n"
-                       "error; \"zarn info IN\" tells it in full.")
+        QStringLiteral(
+            "Reads MusicXML (.musicxml, .xml, .mxl) and native documents (.zarn), by\n"
+            "their content. Writes %1. A file that is there already is replaced, once\n"
+            "the new one is complete. What the score cannot hold is named on standard\n"
+            "error; \"zarn info IN\" tells it in full. - stands for standard input and, as a\n"
+            "native document, for standard output.")
             .arg(QString::fromStdString(writableSuffixes())),
         {},
         runConvert,

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "edit/Choices.h"
+#include "common/Choices.h"
 #include "edit/Commands.h"
 #include "edit/EditSession.h"
+#include "edit/ScriptLine.h"
 #include "edit/Targets.h"
 
 #include <ZarnCore/model/ZarnScoreModel.h>
@@ -49,21 +50,24 @@ bool setFeel(EditSession &session, const Values &values)
 bool setFreeTime(EditSession &session, const Values &values)
 {
     const BarRange bars = targetBars(session, values);
-    return session.score().setMasterBarFreeTime(bars.first, bars.last, values.get<bool>(1));
+    return session.score().setMasterBarFreeTime(bars.first, bars.last, values.get(1, true));
 }
 
 bool setDoubleBar(EditSession &session, const Values &values)
 {
-    return session.score().setMasterBarDoubleBar(targetBar(session, values), values.get<bool>(1));
+    return session.score().setMasterBarDoubleBar(targetBar(session, values), values.get(1, true));
 }
 
 bool setRepeatStart(EditSession &session, const Values &values)
 {
-    return session.score().setBarRepeatStart(targetBar(session, values), values.get<bool>(1));
+    return session.score().setBarRepeatStart(targetBar(session, values), values.get(1, true));
 }
 
 bool setRepeatEnd(EditSession &session, const Values &values)
 {
+    if (values.get<int>(1) == 1)
+        throw LineError(values.column(1),
+                        QStringLiteral("a repeat is played at least twice; 0 takes it away"));
     return session.score().setBarRepeatEnd(targetBar(session, values),
                                            static_cast<unsigned>(values.get<int>(1)));
 }
@@ -113,7 +117,7 @@ const std::vector<Command> &barCommands()
     static const Parameter oneBar = {QStringLiteral("BAR"), Kind::Bar, Presence::Assumed};
     static const Parameter barGap = {QStringLiteral("BAR"), Kind::BarGap, Presence::Assumed};
     static const Parameter someBars = {QStringLiteral("BARS"), Kind::Bars, Presence::Assumed};
-    static const Parameter onOff = {QStringLiteral("SWITCH"), Kind::Switch};
+    static const Parameter onOff = {QStringLiteral("SWITCH"), Kind::Switch, Presence::Assumed};
     const auto choice = [](const char *name, const Choices &choices) {
         return Parameter{QLatin1String(name), Kind::Choice, Presence::Required, 0, 0, &choices};
     };
@@ -160,7 +164,7 @@ const std::vector<Command> &barCommands()
          setRepeatStart},
         {QStringLiteral("repeat-end"),
          {oneBar, {QStringLiteral("TIMES"), Kind::Whole, Presence::Required, 0, MostRepeats}},
-         QStringLiteral("End a repeat, played so often in all; 0 for none."),
+         QStringLiteral("End a repeat that is played this many times in all; 0 for none."),
          QStringLiteral("Score::setBarRepeatEnd"),
          setRepeatEnd},
         {QStringLiteral("endings"),

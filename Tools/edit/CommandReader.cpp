@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "edit/CommandReader.h"
 
+#include "common/NearestWord.h"
 #include "edit/Commands.h"
-#include "edit/NearestWord.h"
 #include "edit/ScriptLine.h"
 
 #include <algorithm>
@@ -24,8 +24,8 @@ QString unknownCommand(const QString &name)
 {
     const QString nearest = nearestWord(name, commandNames());
     return nearest.isEmpty()
-        ? QStringLiteral("\"%1\" is no command; \"help\" lists them").arg(name)
-        : QStringLiteral("\"%1\" is no command; did you mean \"%2\"?").arg(name, nearest);
+        ? QStringLiteral("\"%1\" is not a command; \"help\" lists them").arg(name)
+        : QStringLiteral("\"%1\" is not a command; did you mean \"%2\"?").arg(name, nearest);
 }
 
 /// Takes the words that name a track, staff or voice out of a line.
@@ -43,6 +43,19 @@ void takeWhere(std::vector<Word> &words, ReadingContext &context)
     words.erase(std::remove_if(words.begin() + 1, words.end(), isWhere), words.end());
 }
 
+/// How many words the parameters behind one need at least.
+std::size_t wordsNeededBehind(const Command &command, std::size_t parameter,
+                              const ReadingContext &context)
+{
+    std::size_t needed = 0;
+    for (std::size_t i = parameter + 1; i < command.parameters.size(); ++i) {
+        const Parameter &later = command.parameters[i];
+        needed += later.presence == Presence::Required
+            || (later.presence == Presence::Assumed && !isAssumable(later, context));
+    }
+    return needed;
+}
+
 /// Whether the next word, if there is one, is meant for a later parameter: that is so when the
 /// later ones need all the words, or when it looks like nothing for this one and they have room.
 bool isLeftOut(const Command &command, std::size_t parameter, const std::vector<Word> &words,
@@ -51,17 +64,26 @@ bool isLeftOut(const Command &command, std::size_t parameter, const std::vector<
     const Parameter &here = command.parameters[parameter];
     if (here.presence != Presence::Assumed || !isAssumable(here, context))
         return false;
-    std::size_t needed = 0;
-    bool hasRoomForAll = false;
-    for (std::size_t i = parameter + 1; i < command.parameters.size(); ++i) {
-        const Parameter &later = command.parameters[i];
-        needed += later.presence == Presence::Required
-            || (later.presence == Presence::Assumed && !isAssumable(later, context));
-        hasRoomForAll |= takesAllWords(later);
-    }
+    const std::size_t needed = wordsNeededBehind(command, parameter, context);
+    const bool hasRoomForAll =
+        std::any_of(command.parameters.begin() + static_cast<std::ptrdiff_t>(parameter) + 1,
+                    command.parameters.end(), takesAllWords);
     const std::size_t left = words.size() - next;
     const bool hasRoom = hasRoomForAll || left < command.parameters.size() - parameter;
     return hasRoom && (left <= needed || !looksLike(here, words[next]));
+}
+
+/// Whether a word of a line stands for a parameter that nothing else can stand for: it is missing
+/// when the words that are left are needed for others.
+bool isMissing(const Command &command, std::size_t parameter, const std::vector<Word> &words,
+               std::size_t next, const ReadingContext &context)
+{
+    const Parameter &here = command.parameters[parameter];
+    if (next == words.size())
+        return true;
+    return here.presence == Presence::Assumed && !isAssumable(here, context)
+        && words.size() - next <= wordsNeededBehind(command, parameter, context)
+        && !looksLike(here, words[next]);
 }
 
 void readParameters(const Command &command, const std::vector<Word> &words, int endColumn,
@@ -74,11 +96,11 @@ void readParameters(const Command &command, const std::vector<Word> &words, int 
             values.add(std::monostate(), next < words.size() ? words[next].column : endColumn);
             continue;
         }
-        if (next == words.size()) {
+        if (isMissing(command, i, words, next, context)) {
             if (parameter.presence == Presence::Optional)
                 continue;
             const QString why = missingAssumption(parameter);
-            throw LineError(endColumn,
+            throw LineError(next < words.size() ? words[next].column : endColumn,
                             QStringLiteral("%1 is missing: %2%3; usage: %4")
                                 .arg(parameter.name,
                                      why.isEmpty() ? why : why + QStringLiteral("; type "),

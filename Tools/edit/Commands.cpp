@@ -49,14 +49,19 @@ QString usageOf(const Command &command)
 QString helpText()
 {
     QString text = QStringLiteral(
-        "One command per line. Bars, beats, tracks, staves and voices are counted from 1, string "
-        "1\n"
-        "is the highest. 3:2 is the second beat of bar 3. Notes are edited in the track, staff "
-        "and\n"
-        "voice of the cursor (at first all 1), unless t2, s1, v2 at the end of the line say\n"
-        "otherwise. Bars and beats in [brackets] may be left out: then commands act on what is\n"
-        "selected, or where the cursor is.\n"
-        "# begins a comment; \"quotes\" keep words together. \"help COMMAND\" tells more.\n");
+        "One command per line. Bars, beats, tracks, staves and voices are counted from 1, and\n"
+        "string 1 is the highest; 3:2 is the second beat of bar 3. Pitches are named as they\n"
+        "sound, C4 being middle C; drums by name, such as kick, snare or hihat. Notes go into\n"
+        "the track, staff and voice of the cursor or of \"use\", at first all 1, unless t2, s1 or\n"
+        "v2 at the end of the line say otherwise. What stands in [brackets] may be left out:\n"
+        "commands then act on what is selected, else where the cursor is.\n"
+        "\n"
+        "MUSIC is a text in quotes, such as \"6:0e 6:3 [5:2 4:2]q. r & 6:0w | c#3q~ c#3\": string\n"
+        "and fret or a note, then w h q e s t x for its length, with dots and /3 for a triplet,\n"
+        "which holds until another comes; [chords], r for rests, 6:x for dead notes, ~ for ties,\n"
+        "& before another voice, | between bars.\n"
+        "\n"
+        "# begins a comment, \"quotes\" keep words together, \"help COMMAND\" tells more.\n");
     for (const CommandArea &area : commandAreas()) {
         text += QStringLiteral("\n%1\n").arg(QLatin1String(area.title));
         for (const Command &command : area.commands) {

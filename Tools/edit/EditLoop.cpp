@@ -36,8 +36,7 @@ void runLine(EditSession &session, const std::string &text)
         throw LineError(read->column, QString::fromStdString(explain(error)));
     }
     throw LineError(read->column,
-                    QStringLiteral("the score cannot do this here: %1")
-                        .arg(read->command->help.left(1).toLower() + read->command->help.mid(1)));
+                    QStringLiteral("%1 cannot be done here").arg(read->command->name));
 }
 
 void print(const LineError &error, const std::string &place)
@@ -45,6 +44,26 @@ void print(const LineError &error, const std::string &place)
     std::cout.flush();
     std::cerr << "zarn: " << place << "column " << error.column() << ": " << printable(error.what())
               << '\n';
+}
+
+/// Does a line of a script; tells what is wrong with it, and where.
+bool runOrPrint(EditSession &session, const std::string &line, const std::string &place)
+{
+    try {
+        runLine(session, line);
+        return true;
+    } catch (const LineError &error) {
+        print(error, place + ", ");
+        return false;
+    }
+}
+
+LoopEnd endOfLines(const EditSession &session, const std::string &place)
+{
+    if (session.openMacros() == 0)
+        return LoopEnd::AtEnd;
+    std::cerr << "zarn: " << place << ": a macro is still open; end it with commit or abandon\n";
+    return LoopEnd::AtError;
 }
 
 enum class Answer { Save, Discard, Stay };
@@ -102,23 +121,27 @@ LoopEnd runScript(EditSession &session, std::istream &lines, const std::string &
         ++number;
         if (!line.empty() && line.back() == '\r')
             line.pop_back();
-        try {
-            runLine(session, line);
-        } catch (const LineError &error) {
-            print(error, name + ": line " + std::to_string(number) + ", ");
+        if (!runOrPrint(session, line, name + ": line " + std::to_string(number)))
             return LoopEnd::AtError;
-        }
     }
     if (lines.bad()) {
         std::cerr << "zarn: " << name << ": cannot be read to its end\n";
         return LoopEnd::AtError;
     }
-    if (session.openMacros() > 0) {
-        std::cerr << "zarn: " << name << ": line " << number
-                  << ": a macro is still open; end it with commit or abandon\n";
-        return LoopEnd::AtError;
+    return endOfLines(session, name + ": line " + std::to_string(number));
+}
+
+LoopEnd runCommands(EditSession &session, const std::vector<std::string> &commands)
+{
+    unsigned number = 0;
+    for (const std::string &command : commands) {
+        ++number;
+        if (session.isOver())
+            break;
+        if (!runOrPrint(session, command, "command " + std::to_string(number)))
+            return LoopEnd::AtError;
     }
-    return LoopEnd::AtEnd;
+    return endOfLines(session, "command " + std::to_string(number));
 }
 
 LoopEnd runInteractively(EditSession &session)

@@ -3,6 +3,7 @@
 
 #include <iosfwd>
 #include <string>
+#include <vector>
 
 namespace zarn::tool {
 
@@ -16,6 +17,9 @@ enum class LoopEnd {
 
 /// Runs a script, from a file or a pipe. `name` stands for it in messages.
 LoopEnd runScript(EditSession &session, std::istream &lines, const std::string &name);
+
+/// Runs the commands of a command line.
+LoopEnd runCommands(EditSession &session, const std::vector<std::string> &commands);
 
 /// Runs what a person types; a wrong line is explained and the next one awaited. Asks before
 /// changes are lost.

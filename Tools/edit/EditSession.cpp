@@ -6,6 +6,7 @@
 #include "common/Terminal.h"
 #include "edit/EventPrinter.h"
 
+#include <ZarnCore/ZarnException.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
 #include <algorithm>
@@ -70,16 +71,21 @@ void EditSession::beginMacro()
 void EditSession::endMacro(bool commit)
 {
     if (_openMacros == 0)
-        throw Failure("no macro is open; type begin first");
+        throw Failure("no macro is open; begin opens one");
     --_openMacros;
-    _score.commandStack().endMacroCommand(commit);
+    try {
+        _score.commandStack().endMacroCommand(commit);
+    } catch (const CoreException &) {
+        throw Failure("nothing was done: a command of the macro names a place that is not there "
+                      "when its turn comes");
+    }
 }
 
-void EditSession::setPrintsEvents(bool prints)
+void EditSession::printEvents(EventDetail detail)
 {
-    if (prints == printsEvents())
-        return;
-    _events = prints ? std::make_unique<EventPrinter>(_score, _out) : nullptr;
+    _events.reset();
+    if (detail != EventDetail::None)
+        _events = std::make_unique<EventPrinter>(_score, _out, detail);
 }
 
 void EditSession::compare()
@@ -103,18 +109,22 @@ std::string EditSession::defaultPath() const
 {
     if (!_output.empty())
         return _output;
-    return isWritableFormat(_document.path) ? _document.path : std::string();
+    return isWritableFormat(_document.path) && !isStandardStream(_document.path) ? _document.path
+                                                                                 : std::string();
 }
 
 void EditSession::save(const std::string &path)
 {
     const std::string to = path.empty() ? defaultPath() : path;
     if (to.empty())
-        throw Failure(_document.path + ": " + _document.format
-                      + " cannot be written; name a file, such as save score.zarn");
+        throw Failure(_document.path.empty()
+                          ? "the score has no file yet; name one, such as save song.zarn"
+                          : _document.path + ": " + _document.format
+                              + " cannot be written; name a file, such as save song.zarn");
     saveDocument(model(), to, _terminal);
     _score.commandStack().setClean();
-    _out << "Saved to " << to << ".\n";
+    if (!isStandardStream(to))
+        _out << "Saved to " << to << ".\n";
 }
 
 } // namespace zarn::tool

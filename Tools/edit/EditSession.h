@@ -6,6 +6,7 @@
 #include <ZarnCore/model/places/ZarnScoreModelRange.h>
 #include <ZarnCore/score/ZarnScore.h>
 
+#include <cstdint>
 #include <iosfwd>
 #include <memory>
 #include <optional>
@@ -14,6 +15,7 @@
 namespace zarn::tool {
 
 struct OpenedDocument;
+enum class EventDetail : std::uint8_t;
 class EventPrinter;
 class Terminal;
 
@@ -51,8 +53,7 @@ public:
 
     // Events.
 
-    bool printsEvents() const noexcept { return _events != nullptr; }
-    void setPrintsEvents(bool prints);
+    void printEvents(EventDetail detail);
 
     /// Whether each line is printed before it is done.
     bool echoes() const noexcept { return _echoes; }

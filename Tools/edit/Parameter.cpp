@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "edit/Parameter.h"
 
-#include "edit/MusicReader.h"
-#include "edit/NearestWord.h"
+#include "common/MusicReader.h"
+#include "common/NearestWord.h"
+#include "common/TrackWord.h"
 #include "edit/PlaceReader.h"
 #include "edit/ScriptLine.h"
 #include "edit/SelectionReader.h"
 
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/music/ZarnDrumKeys.h>
 
 #include <QRegularExpression>
 
@@ -54,6 +56,22 @@ std::optional<Value> readDecimal(const Parameter &parameter, const Word &word,
     return number;
 }
 
+std::optional<Value> readPitch(const Parameter &, const Word &word, const ReadingContext &context)
+{
+    const auto track = context.model->track(context.where.track);
+    if (track && InstrumentSet::isUnpitched(track->type()))
+        if (const int key = drumKeyOf(word.text.toLower().toStdString()); key >= 0)
+            return PitchValue{key, std::nullopt};
+    if (auto pitch = parsePitch(word.text))
+        return *pitch;
+    return std::nullopt;
+}
+
+std::optional<Value> readMusicText(const Parameter &, const Word &word, const ReadingContext &)
+{
+    return word.isQuoted ? std::optional<Value>(word.text) : std::nullopt;
+}
+
 std::optional<Value> readSwitch(const Parameter &, const Word &word, const ReadingContext &)
 {
     if (word.text == QStringLiteral("on"))
@@ -85,13 +103,12 @@ std::optional<Value> readMusic(const Parameter &, const Word &word, const Readin
     return std::nullopt;
 }
 
-Value readPitches(const Parameter &parameter, const std::vector<Word> &words,
-                  const ReadingContext &context)
+Value readWords(const Parameter &, const std::vector<Word> &words, const ReadingContext &)
 {
-    std::vector<int> keys;
+    QStringList texts;
     for (const Word &word : words)
-        keys.push_back(std::get<PitchValue>(readValue(parameter, word, context)).midi);
-    return keys;
+        texts.append(word.text);
+    return texts.join(QLatin1Char(' '));
 }
 
 std::optional<Value> readNone(const Parameter &, const Word &, const ReadingContext &)
@@ -101,7 +118,7 @@ std::optional<Value> readNone(const Parameter &, const Word &, const ReadingCont
 
 constexpr const char *Number = "[0-9]+";
 
-constexpr std::array<KindRow, 21> Kinds = {{
+constexpr std::array<KindRow, 24> Kinds = {{
     {Kind::Whole, "a whole number", readWhole},
     {Kind::Decimal, "a number", readDecimal},
     {Kind::Switch, "on or off", readSwitch},
@@ -111,6 +128,8 @@ constexpr std::array<KindRow, 21> Kinds = {{
     {Kind::BarGap, "a bar such as 5, or the number behind the last", readBarGap, Number},
     {Kind::Bars, "a bar such as 5, bars such as 5-8, or all", readBars, "[0-9][0-9-]*|all"},
     {Kind::Beat, "bar and beat such as 3:2", readBeat, "[0-9]+:.*"},
+    {Kind::NewBeat, "bar and beat such as 3:2, or the beginning of a bar behind the last",
+     readNewBeat, "[0-9]+:.*"},
     {Kind::Beats, "beats such as 3:2, 3:2-4 or 3:2-4:1", readBeats, "[0-9]+:.*"},
     {Kind::Selection,
      "bars such as 3 or 3-5, beats such as 3:2 - 4:1, all or none, then track, staff and voice, "
@@ -123,14 +142,17 @@ constexpr std::array<KindRow, 21> Kinds = {{
     {Kind::Track, "a track such as 2", readTrack},
     {Kind::TrackGap, "a track such as 2, or the number behind the last", readTrackGap},
     {Kind::String, "a string, 1 being the highest", readString, Number},
-    {Kind::Rhythm, "a rhythm such as quarter, e., h or e/3:2 (a triplet eighth)",
+    {Kind::Rhythm, "a rhythm such as quarter, q., 8th, 1/8 or e/3 (an eighth of a triplet)",
      readMusic<RhythmValue, parseRhythm>},
     {Kind::Time, "a time signature such as 3/4", readMusic<TimeSignature, parseTime>},
     {Kind::Key, "a key such as G, F#m, Ebm or Bb", readMusic<KeySignature, parseKey>},
-    {Kind::Pitch, "a note such as C#4 (C4 is middle C) or a MIDI key",
-     readMusic<PitchValue, parsePitch>},
-    {Kind::Pitches, "notes such as E2 A2 D3, the lowest string first",
-     readMusic<PitchValue, parsePitch>, ".*", readPitches},
+    {Kind::Pitch, "a note as it sounds, such as C#4 (C4 is middle C), a MIDI key, or on drums kick",
+     readPitch},
+    {Kind::Music, "music in \"quotes\", such as \"6:0e [5:2 4:2]q. rh\"", readMusicText},
+    {Kind::Instrument, "an instrument such as guitar, drums or \"Overdriven Guitar\"", readText},
+    {Kind::Tuning,
+     "the name of a tuning such as \"Drop D\", or the notes of the strings, the lowest first",
+     readNone, ".*", readWords},
     {Kind::Passes, "passes such as 1, 1,3 or 1-3, or none", readMusic<int, parsePasses>},
 }};
 
@@ -148,7 +170,7 @@ QString shortExpectation(const Parameter &parameter)
 {
     constexpr std::size_t LongList = 20;
     if (parameter.choices != nullptr && parameter.choices->size() > LongList)
-        return QStringLiteral("one of the %1 words that \"help\" lists for this command")
+        return QStringLiteral("one of the %1 words that \"help\" and the name of the command list")
             .arg(parameter.choices->size());
     return expectation(parameter);
 }
@@ -161,7 +183,7 @@ Value readValue(const Parameter &parameter, const Word &word, const ReadingConte
         return *std::move(value);
     const QString nearest = nearestWord(word.text, suggestions(parameter));
     throw LineError(word.column,
-                    QStringLiteral("\"%1\" is not right for %2; %3")
+                    QStringLiteral("\"%1\" is not what %2 takes; %3")
                         .arg(word.text, parameter.name,
                              nearest.isEmpty()
                                  ? QStringLiteral("type ") + shortExpectation(parameter)
@@ -183,6 +205,8 @@ bool looksLike(const Parameter &parameter, const Word &word)
 {
     const QString shape =
         QStringLiteral("^(?:%1)$").arg(QLatin1String(rowOf(parameter.kind).shape));
+    if (parameter.kind == Kind::Music)
+        return word.isQuoted;
     return !word.isQuoted && QRegularExpression(shape).match(word.text).hasMatch();
 }
 
@@ -191,11 +215,12 @@ bool isAssumable(const Parameter &parameter, const ReadingContext &context)
     switch (parameter.kind) {
     case Kind::Bars:
     case Kind::Beats:
+    case Kind::String:
         return context.hasCursor || context.hasSelection;
     case Kind::Bar:
     case Kind::BarGap:
     case Kind::Beat:
-    case Kind::String:
+    case Kind::NewBeat:
         return context.hasCursor;
     default:
         return true;
@@ -250,7 +275,10 @@ QString assumption(const Parameter &parameter)
     case Kind::Beats:
         return QStringLiteral("what is selected, else where the cursor is");
     case Kind::String:
-        return QStringLiteral("the string that the cursor is on");
+        return QStringLiteral("of what is selected the string of each note, else the string that "
+                              "the cursor is on");
+    case Kind::Switch:
+        return suggestions(parameter).first();
     case Kind::Choice:
         return suggestions(parameter).first();
     default:
@@ -273,6 +301,8 @@ QStringList suggestions(const Parameter &parameter)
         return placeWords(parameter.kind);
     if (parameter.kind == Kind::Switch)
         return {QStringLiteral("on"), QStringLiteral("off")};
+    if (parameter.kind == Kind::Instrument)
+        return trackWords();
     QStringList words;
     if (parameter.choices != nullptr)
         for (const auto &[text, number] : *parameter.choices)

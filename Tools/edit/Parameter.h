@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "common/Choices.h"
 #include "edit/Values.h"
 
 #include <QString>
@@ -28,6 +29,7 @@ enum class Kind {
     BarGap,      ///< int: a bar, or the place behind the last one
     Bars,        ///< BarRange: 5, 5-8, all
     Beat,        ///< BeatPlace: 3:2
+    NewBeat,     ///< BeatPlace: the same, also in the bar that would be the next
     Beats,       ///< BeatRange: 3:2, 3:2-4, 3:2-4:1
     Selection,   ///< SelectionValue: all words that are left
     CursorMoves, ///< vector of CursorMove: all words that are left
@@ -37,13 +39,12 @@ enum class Kind {
     Rhythm,      ///< RhythmValue
     Time,        ///< TimeSignature
     Key,         ///< KeySignature
-    Pitch,       ///< PitchValue
-    Pitches,     ///< vector of MIDI keys: all words that are left
+    Pitch,       ///< PitchValue, as it sounds; on drums also a drum
+    Music,       ///< QString in quotes: the library's short text
+    Instrument,  ///< QString: what `makeTrack` takes
+    Tuning,      ///< QString, what `tuningOf` takes: all words that are left
     Passes,      ///< int, a bit per pass: 1, 1,3, 1-3, none
 };
-
-/// Words that stand for numbers.
-using Choices = std::vector<std::pair<QString, int>>;
 
 /// An assumed parameter may be left out anywhere in the line; the selection or the cursor, as far
 /// as there are any, stand in for it.

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "common/Choices.h"
 #include "common/Failure.h"
-#include "edit/Choices.h"
 #include "edit/Commands.h"
 #include "edit/EditSession.h"
 #include "edit/PlaceText.h"
@@ -78,7 +78,9 @@ void apply(ScoreCursor &cursor, const CursorMove &move)
     const QString thing = wordOf(move.step);
     const int count = countOf(cursor, move.step);
     if (count == 0)
-        throw LineError(move.column, QStringLiteral("there is no %1 here").arg(thing));
+        throw LineError(move.column, QStringLiteral("there are no %1s here").arg(thing));
+    if (count == 1)
+        throw LineError(move.column, QStringLiteral("there is only one %1 here").arg(thing));
     throw LineError(move.column,
                     QStringLiteral("there is no %1 %2 here; they go from 1 to %3")
                         .arg(thing)
@@ -99,7 +101,21 @@ int rankOf(const CursorMove &move)
 void requireBars(EditSession &session)
 {
     if (session.model().trackCount() == 0 || session.model().masterTrack()->masterBarCount() == 0)
-        throw Failure("the score has no bars for the cursor to be in");
+        throw Failure("the score has no bars yet for the cursor to be in");
+}
+
+/// A copy of the cursor; while that is nowhere, one at the first beat of the track, staff and voice
+/// in use.
+std::unique_ptr<ScoreCursor> cursorToMove(EditSession &session)
+{
+    auto cursor = session.score().scoreCursor().cloneScoreCursor();
+    if (cursor->isValid())
+        return cursor;
+    ScoreModelIndex start = indexOf(session, session.where(), {0, 0});
+    if (const auto staff = start.staff(); staff && staff->isFretted())
+        start.setNoteString(staff->tuning().stringCount() - 1);
+    cursor->setIndex(start);
+    return cursor;
 }
 
 bool moveCursor(EditSession &session, const Values &values)
@@ -111,11 +127,10 @@ bool moveCursor(EditSession &session, const Values &values)
     std::stable_sort(moves.begin(), moves.end(), [](const CursorMove &a, const CursorMove &b) {
         return rankOf(a) < rankOf(b);
     });
-    ScoreCursor &cursor = session.score().scoreCursor();
-    const auto there = cursor.cloneScoreCursor();
+    const auto there = cursorToMove(session);
     for (const CursorMove &move : moves)
         apply(*there, move);
-    cursor.moveToCursor(*there);
+    session.score().scoreCursor().moveToCursor(*there);
     return tellCursor(session);
 }
 
@@ -126,8 +141,8 @@ bool step(EditSession &session, const Values &values, bool (ScoreCursor::*stepOn
     const auto over = static_cast<CursorStep>(values.get(0, static_cast<int>(CursorStep::Beat)));
     const int count = values.get(1, 1);
     ScoreCursor &cursor = session.score().scoreCursor();
-    const auto there = cursor.cloneScoreCursor();
-    for (int done = 0; done < count; ++done) {
+    const auto there = cursorToMove(session);
+    for (int done = cursor.isValid() ? 0 : 1; done < count; ++done) {
         if (((*there).*stepOnce)(over))
             continue;
         const std::string which = std::string(name) + " " + wordOf(over).toStdString();
@@ -199,7 +214,7 @@ Reach reachOf(EditSession &session, const SelectionValue &value)
     reach.lastStaff = reach.first.staff;
     const auto track = session.model().track(reach.first.track);
     if (track == nullptr)
-        throw Failure("the score has no tracks to select in");
+        throw Failure("the score has no tracks yet to select in");
     if (isAll(value.staff))
         reach.lastStaff = track->staffCount() - 1;
     if (isMultiVoice)
@@ -270,7 +285,7 @@ const std::vector<Command> &placeCommands()
          moveCursor},
         {QStringLiteral("next"),
          {unit, count},
-         QStringLiteral("Move the cursor forth, or down to the next string, staff and so on."),
+         QStringLiteral("Move the cursor on, or down to the next string, staff and so on."),
          QStringLiteral("ScoreCursor::next"),
          next},
         {QStringLiteral("previous"),

@@ -16,20 +16,21 @@ std::optional<int> wholeNumber(const QString &text)
     return isNumber ? std::optional<int>(number) : std::nullopt;
 }
 
-BeatPlace beatPlace(const QString &text, const Word &word, const ReadingContext &context)
+BeatPlace beatPlace(const QString &text, const Word &word, const ReadingContext &context,
+                    unsigned newBars = 0)
 {
     const QStringList numbers = text.split(QLatin1Char(':'));
     if (numbers.size() != 2)
         throw LineError(
             word.column,
-            QStringLiteral("\"%1\" is no beat; type bar and beat, such as 3:2").arg(text));
+            QStringLiteral("\"%1\" is not a beat; type bar and beat, such as 3:2").arg(text));
     const auto beat = wholeNumber(numbers.last());
     if (!beat || *beat < 1)
         throw LineError(word.column,
-                        QStringLiteral("\"%1\" is no number of a beat; the first beat "
-                                       "of bar 3 is 3:1")
+                        QStringLiteral("\"%1\" is not a beat number; the first beat of bar 3 "
+                                       "is 3:1")
                             .arg(numbers.last()));
-    return {readPlace(numbers.first(), word, "bar", barCount(context), context),
+    return {readPlace(numbers.first(), word, "bar", barCount(context) + newBars, context),
             static_cast<unsigned>(*beat) - 1};
 }
 
@@ -53,10 +54,14 @@ unsigned readPlace(const QString &text, const Word &word, const char *thing, uns
     if (!number)
         throw LineError(
             word.column,
-            QStringLiteral("\"%1\" is no number of a %2").arg(text, QLatin1String(thing)));
+            QStringLiteral("\"%1\" is not a %2 number").arg(text, QLatin1String(thing)));
+    if (context.knowsCounts && count == 0)
+        throw LineError(word.column,
+                        QStringLiteral("the score has no %1s yet").arg(QLatin1String(thing)));
     if (*number < 1 || (context.knowsCounts && static_cast<unsigned>(*number) > count))
         throw LineError(word.column,
-                        QStringLiteral("there is no %1 %2; they go from 1 to %3")
+                        (count == 1 ? QStringLiteral("there is no %1 %2, only %1 1")
+                                    : QStringLiteral("there is no %1 %2; they go from 1 to %3"))
                             .arg(QLatin1String(thing))
                             .arg(*number)
                             .arg(count));
@@ -85,7 +90,7 @@ std::optional<Value> readBars(const Parameter &, const Word &word, const Reading
                            readPlace(ends.last(), word, "bar", count, context)};
     if (bars.last < bars.first)
         throw LineError(word.column,
-                        QStringLiteral("the bars %1 end before they begin; type %2-%3")
+                        QStringLiteral("bars %1 end before they begin; type %2-%3")
                             .arg(word.text, ends.last(), ends.first()));
     return bars;
 }
@@ -93,6 +98,11 @@ std::optional<Value> readBars(const Parameter &, const Word &word, const Reading
 std::optional<Value> readBeat(const Parameter &, const Word &word, const ReadingContext &context)
 {
     return beatPlace(word.text, word, context);
+}
+
+std::optional<Value> readNewBeat(const Parameter &, const Word &word, const ReadingContext &context)
+{
+    return beatPlace(word.text, word, context, 1);
 }
 
 std::optional<Value> readBeats(const Parameter &, const Word &word, const ReadingContext &context)
@@ -113,7 +123,7 @@ std::optional<Value> readBeats(const Parameter &, const Word &word, const Readin
     const auto order = [](const BeatPlace &at) { return std::pair(at.bar, at.beat); };
     if (order(beats.last) < order(beats.first))
         throw LineError(word.column,
-                        QStringLiteral("the beats %1 end before they begin").arg(word.text));
+                        QStringLiteral("beats %1 end before they begin").arg(word.text));
     return beats;
 }
 

@@ -22,6 +22,8 @@ std::optional<Value> readBar(const Parameter &, const Word &word, const ReadingC
 std::optional<Value> readBarGap(const Parameter &, const Word &word, const ReadingContext &context);
 std::optional<Value> readBars(const Parameter &, const Word &word, const ReadingContext &context);
 std::optional<Value> readBeat(const Parameter &, const Word &word, const ReadingContext &context);
+std::optional<Value> readNewBeat(const Parameter &, const Word &word,
+                                 const ReadingContext &context);
 std::optional<Value> readBeats(const Parameter &, const Word &word, const ReadingContext &context);
 std::optional<Value> readTrack(const Parameter &, const Word &word, const ReadingContext &context);
 std::optional<Value> readTrackGap(const Parameter &, const Word &word,

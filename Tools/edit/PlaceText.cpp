@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "edit/PlaceText.h"
 
+#include "common/MusicReader.h"
+#include "common/SoundingPitch.h"
 #include "common/Terminal.h"
 #include "common/Texts.h"
-#include "edit/MusicReader.h"
-#include "show/WrittenKey.h"
 
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/places/ZarnRangeBeatIterator.h>
@@ -58,7 +58,7 @@ QString noteText(const Note &note, const ScoreModelIndex &index)
     const auto bar = index.bar();
     QString text = note.isDead() ? QStringLiteral("dead note") : QString();
     if (text.isEmpty() && note.midi() != Note::Unset)
-        text = pitchText(spellingOf(note, writtenKey(*bar)), note.midi(), Signs::Letters);
+        text = SoundingPitch(*bar).text(note, Signs::Letters);
     const int strings = static_cast<int>(stringCount(index));
     if (note.string() == Note::Unset || note.string() >= strings)
         return text;

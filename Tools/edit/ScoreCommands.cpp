@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "common/Choices.h"
 #include "common/Failure.h"
-#include "edit/Choices.h"
 #include "edit/Commands.h"
 #include "edit/EditSession.h"
 #include "edit/Targets.h"
@@ -80,12 +80,14 @@ bool setMasterEffect(EditSession &session, const Values &values)
 bool bypassTempo(EditSession &session, const Values &values)
 {
     return session.score().modifyMasterTrackAutomationBypass(Automation::Tempo,
-                                                             values.get<bool>(0));
+                                                             values.get(0, true));
 }
 
 bool removeReverb(EditSession &session, const Values &)
 {
-    return session.score().removeMasterReverb();
+    if (session.score().removeMasterReverb())
+        return true;
+    throw Failure("the master has no reverb any more");
 }
 
 } // namespace
@@ -131,7 +133,7 @@ const std::vector<Command> &scoreCommands()
          QStringLiteral("Score::modifyMasterTrackAutomations"),
          removeTempo},
         {QStringLiteral("bypass-tempo"),
-         {{QStringLiteral("SWITCH"), Kind::Switch}},
+         {{QStringLiteral("SWITCH"), Kind::Switch, Presence::Assumed}},
          QStringLiteral("Make playback leave the changes of tempo out."),
          QStringLiteral("Score::modifyMasterTrackAutomationBypass"),
          bypassTempo},

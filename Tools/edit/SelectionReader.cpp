@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "edit/SelectionReader.h"
 
-#include "edit/Choices.h"
-#include "edit/NearestWord.h"
+#include "common/Choices.h"
+#include "common/NearestWord.h"
 #include "edit/PlaceReader.h"
 #include "edit/ScriptLine.h"
 
@@ -37,7 +37,7 @@ std::optional<CursorStep> stepOf(const QString &word)
     const QString nearest = nearestWord(word.text, placeWords(kind));
     throw LineError(
         word.column,
-        QStringLiteral("\"%1\" is no place; %2")
+        QStringLiteral("\"%1\" is not a place; %2")
             .arg(word.text,
                  nearest.isEmpty() ? hint : QStringLiteral("did you mean \"%1\"?").arg(nearest)));
 }
@@ -109,6 +109,7 @@ Value readSelection(const Parameter &, const std::vector<Word> &words, const Rea
     SelectionValue selection;
     Word places = {QString(), words.front().column, false};
     std::vector<Named> names;
+    int allTracks = 0; ///< column of an "all" behind the bars
     for (std::size_t next = 0; next < words.size();) {
         if (auto named = takeNamed(words, next)) {
             names.push_back(*named);
@@ -121,8 +122,14 @@ Value readSelection(const Parameter &, const std::vector<Word> &words, const Rea
                    QStringLiteral("type bars such as 3-5, beats such as 3:2 - 4:1, all or none"));
         if (places.text.isEmpty())
             places.column = word.column;
-        places.text += word.text;
+        else if (word.text == QStringLiteral("all"))
+            allTracks = word.column;
+        if (allTracks == 0)
+            places.text += word.text;
     }
+    if (allTracks != 0)
+        names.push_back({{QStringLiteral("track"), allTracks, false},
+                         {QStringLiteral("all"), allTracks, false}});
     // The track first: staves are counted in it.
     std::stable_partition(names.begin(), names.end(), [](const Named &named) {
         return named.name.text == QStringLiteral("track");
@@ -184,10 +191,9 @@ Value readCursorMoves(const Parameter &, const std::vector<Word> &words,
             // How many there are is known when the moves before it are done.
             const int typed = named->value.text.toInt();
             if (typed < 1)
-                throw LineError(
-                    named->value.column,
-                    QStringLiteral("\"%1\" is no number of a %2; they are counted from 1")
-                        .arg(named->value.text, named->name.text));
+                throw LineError(named->value.column,
+                                QStringLiteral("\"%1\" is not a %2 number; they are counted from 1")
+                                    .arg(named->value.text, named->name.text));
             add(*stepOf(named->name.text), typed, named->value.column);
         } else if (number.match(word.text).hasMatch()) {
             const auto bar = readBar(parameter, word, context);

@@ -3,6 +3,7 @@
 #include "common/Terminal.h"
 #include "edit/Commands.h"
 #include "edit/EditSession.h"
+#include "edit/EventPrinter.h"
 #include "info/ScoreSummary.h"
 #include "show/SheetBuilder.h"
 #include "show/ShowCommand.h"
@@ -30,8 +31,8 @@ std::uint32_t steps(const Values &values, std::uint32_t available, const char *v
     bool isNumber = false;
     const std::uint32_t count = text.toUInt(&isNumber);
     if (!isNumber || count == 0)
-        throw Failure("\"" + text.toStdString() + "\" is no number of steps; type " + verb + " "
-                      + "3 or " + verb + " all");
+        throw Failure("\"" + text.toStdString() + "\" is not a number of steps; type " + verb
+                      + " 3 or " + verb + " all");
     if (available == 0)
         throw Failure(std::string("there is nothing to ") + verb);
     if (count > available)
@@ -103,13 +104,14 @@ bool history(EditSession &session, const Values &)
 
 bool events(EditSession &session, const Values &values)
 {
-    session.setPrintsEvents(values.get<bool>(0));
+    session.printEvents(
+        static_cast<EventDetail>(values.get(0, static_cast<int>(EventDetail::Brief))));
     return true;
 }
 
 bool echo(EditSession &session, const Values &values)
 {
-    session.setEchoes(values.get<bool>(0));
+    session.setEchoes(values.get(0, true));
     return true;
 }
 
@@ -128,7 +130,7 @@ bool show(EditSession &session, const Values &values)
 
 bool info(EditSession &session, const Values &)
 {
-    session.out() << summaryOf(session.model());
+    session.out() << summaryOf(session.model(), session.terminal().width());
     return true;
 }
 
@@ -140,7 +142,7 @@ bool help(EditSession &session, const Values &values)
     }
     const Command *const command = findCommand(values.get<QString>(0));
     if (command == nullptr)
-        throw Failure("\"" + values.text(0) + "\" is no command; \"help\" lists them");
+        throw Failure("\"" + values.text(0) + "\" is not a command; \"help\" lists them");
     session.out() << helpText(*command).toStdString();
     return true;
 }
@@ -149,8 +151,8 @@ bool use(EditSession &session, const Values &values)
 {
     session.setWhere(values.where());
     const Where &where = session.where();
-    session.out() << "Notes are edited in track " << where.track + 1 << ", staff "
-                  << where.staff + 1 << ", voice " << where.voice + 1 << ".\n";
+    session.out() << "From now on in track " << where.track + 1 << ", staff " << where.staff + 1
+                  << ", voice " << where.voice + 1 << ".\n";
     return true;
 }
 
@@ -179,6 +181,11 @@ const std::vector<Command> &sessionCommands()
 {
     const auto optional = [](const char *name, Kind kind) {
         return Parameter{QLatin1String(name), kind, Presence::Optional};
+    };
+    static const Choices eventChoices = {
+        {QStringLiteral("on"), static_cast<int>(EventDetail::Brief)},
+        {QStringLiteral("off"), static_cast<int>(EventDetail::None)},
+        {QStringLiteral("all"), static_cast<int>(EventDetail::All)},
     };
     static const std::vector<Command> commands = {
         {QStringLiteral("undo"),
@@ -212,18 +219,18 @@ const std::vector<Command> &sessionCommands()
          QStringLiteral("CommandStack::undoCommandList"),
          history},
         {QStringLiteral("events"),
-         {{QStringLiteral("SWITCH"), Kind::Switch}},
-         QStringLiteral("Print every event as it is delivered."),
+         {{QStringLiteral("WHICH"), Kind::Choice, Presence::Assumed, 0, 0, &eventChoices}},
+         QStringLiteral("Print what each step announces: in a line, or all events as they come."),
          QStringLiteral("Score::connect"),
          events},
         {QStringLiteral("echo"),
-         {{QStringLiteral("SWITCH"), Kind::Switch}},
+         {{QStringLiteral("SWITCH"), Kind::Switch, Presence::Assumed}},
          QStringLiteral("Print every line before it is done."),
          QString(),
          echo},
         {QStringLiteral("use"),
          {},
-         QStringLiteral("Choose the track, staff and voice that notes are edited in."),
+         QStringLiteral("Work in another track, staff or voice from now on, such as use t2."),
          QString(),
          use,
          true},
@@ -249,6 +256,7 @@ const std::vector<Command> &sessionCommands()
          QString(),
          help},
         {QStringLiteral("quit"), {}, QStringLiteral("Leave."), QString(), quit},
+        {QStringLiteral("exit"), {}, QStringLiteral("The same as quit."), QString(), quit},
     };
     return commands;
 }

@@ -21,14 +21,6 @@ unsigned beatCount(EditSession &session, const Where &where, unsigned bar)
     return voice ? voice->beatCount() : 0;
 }
 
-/// Bar and beat of the cursor; of a bar as such the first beat.
-BeatPlace cursorPlace(EditSession &session)
-{
-    const ScoreModelIndex &index = session.score().scoreCursor().index();
-    return {static_cast<unsigned>(index.barIndex()),
-            static_cast<unsigned>(std::max(index.beatIndex(), 0))};
-}
-
 /// What is selected, when a command may act on it.
 const std::optional<ScoreModelRange> &targetSelection(EditSession &session, const Values &values)
 {
@@ -37,24 +29,32 @@ const std::optional<ScoreModelRange> &targetSelection(EditSession &session, cons
         return selection;
     const int column = values.column(0);
     if (values.namesWhere())
-        throw LineError(column,
-                        QStringLiteral("what is selected has its own track, staff and voice; leave "
-                                       "t2 and the like out, or say which bars or beats"));
+        throw LineError(
+            column,
+            QStringLiteral("what is selected has a track, staff and voice of its own; leave "
+                           "t2 and the like out, or say which bars or beats"));
     for (const ScoreModelIndex &end : {selection->first(), selection->second()}) {
         if (!end.isBarValid() || (end.beatIndex() >= 0 && !end.isBeatValid()))
-            throw LineError(column,
-                            QStringLiteral("what was selected up to %1 is not there any more; "
-                                           "select anew")
-                                .arg(end.beatIndex() < 0
-                                         ? QStringLiteral("bar %1").arg(end.barIndex() + 1)
-                                         : QStringLiteral("%1:%2")
-                                               .arg(end.barIndex() + 1)
-                                               .arg(end.beatIndex() + 1)));
+            throw LineError(
+                column,
+                QStringLiteral("what was selected is not all there any more: %1 is gone; "
+                               "select again")
+                    .arg(end.beatIndex() < 0 ? QStringLiteral("bar %1").arg(end.barIndex() + 1)
+                                             : QStringLiteral("%1:%2")
+                                                   .arg(end.barIndex() + 1)
+                                                   .arg(end.beatIndex() + 1)));
     }
     return selection;
 }
 
 } // namespace
+
+BeatPlace cursorPlace(EditSession &session)
+{
+    const ScoreModelIndex &index = session.score().scoreCursor().index();
+    return {static_cast<unsigned>(index.barIndex()),
+            static_cast<unsigned>(std::max(index.beatIndex(), 0))};
+}
 
 ScoreModelIndex indexOf(EditSession &session, const Where &where, const BeatPlace &place)
 {
@@ -70,17 +70,14 @@ void requireBeat(EditSession &session, const Where &where, const BeatPlace &plac
     const bool isEnd = allowed == Allowed::BeatsAndEnd && place.beat == count;
     if (session.openMacros() > 0 || place.beat < count || isEnd)
         return;
-    const QString bar = QString::number(place.bar + 1);
-    const QString voice = QStringLiteral("there is no beat %1:%2; voice %3 of bar %1 has ")
-                              .arg(bar)
-                              .arg(place.beat + 1)
-                              .arg(where.voice + 1);
+    const QString why = QStringLiteral("voice %1 of bar %2 has no beat %3; it ")
+                            .arg(where.voice + 1)
+                            .arg(place.bar + 1)
+                            .arg(place.beat + 1);
     throw LineError(column,
-                    voice
-                        + (count == 0
-                               ? QStringLiteral("none, add-beat %1:1 quarter makes one").arg(bar)
-                               : count == 1 ? QStringLiteral("only %1:1").arg(bar)
-                                            : QStringLiteral("%1:1 to %1:%2").arg(bar).arg(count)));
+                    why
+                        + (count == 0 ? QStringLiteral("is empty, write or add-beat begins it")
+                                      : QStringLiteral("has %1").arg(count)));
 }
 
 ScoreModelIndex targetBeat(EditSession &session, const Values &values, Allowed allowed)

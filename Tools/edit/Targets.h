@@ -33,6 +33,9 @@ int targetString(EditSession &session, const Values &values, std::size_t paramet
 void requireBeat(EditSession &session, const Where &where, const BeatPlace &place, int column,
                  Allowed allowed = Allowed::Beats);
 
+/// Bar and beat of the cursor; of a bar as such the first beat.
+BeatPlace cursorPlace(EditSession &session);
+
 ScoreModelIndex indexOf(EditSession &session, const Where &where, const BeatPlace &place);
 
 } // namespace zarn::tool

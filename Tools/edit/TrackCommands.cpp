@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
+#include "common/Choices.h"
 #include "common/Failure.h"
-#include "edit/Choices.h"
+#include "common/Terminal.h"
+#include "common/TrackWord.h"
+#include "common/TuningWord.h"
 #include "edit/Commands.h"
 #include "edit/EditSession.h"
+#include "edit/ScriptLine.h"
 
 #include <ZarnCore/instruments/sounds/ZarnSound.h>
 #include <ZarnCore/instruments/tunings/ZarnGuitarTuning.h>
@@ -15,6 +19,7 @@ namespace {
 constexpr int MostSounds = 1000;
 constexpr int HighestProgram = 128;
 constexpr int MostFrets = 36;
+constexpr int MostStrings = 12;
 
 unsigned index(const Values &values, std::size_t parameter)
 {
@@ -27,17 +32,29 @@ unsigned gap(const Values &values, std::size_t parameter, unsigned count)
     return values.has(parameter) ? index(values, parameter) : count;
 }
 
+/// What `read` makes of a word; what is wrong with the word is told at its place.
+template <class Read>
+auto atColumn(const Values &values, std::size_t parameter, Read read)
+{
+    try {
+        return read();
+    } catch (const Failure &failure) {
+        throw LineError(values.column(parameter), QString::fromUtf8(failure.what()));
+    }
+}
+
 bool addTrack(EditSession &session, const Values &values)
 {
-    return session.score().createTrack(gap(values, 1, session.model().trackCount()),
-                                       static_cast<InstrumentSet::Type>(values.get<int>(0)));
+    return session.score().insertTrack(
+        gap(values, 1, session.model().trackCount()),
+        atColumn(values, 0, [&] { return makeTrack(values.get<QString>(0)); }));
 }
 
 bool copyTrack(EditSession &session, const Values &values)
 {
     const auto track = session.model().track(index(values, 0));
     if (!track)
-        throw Failure("there is no such track yet");
+        throw Failure("there is no track yet; add-track makes one");
     return session.score().insertTrack(gap(values, 1, session.model().trackCount()),
                                        track->clone());
 }
@@ -68,32 +85,49 @@ std::shared_ptr<Staff> staffOf(EditSession &session, const Values &values)
     const auto track = session.model().track(values.where().track);
     const auto staff = track ? track->staff(values.where().staff) : nullptr;
     if (!staff)
-        throw Failure("there is no such staff yet");
+        throw Failure("there is no track yet; add-track makes one");
     return staff;
 }
 
-bool retune(EditSession &session, const Values &values, Retuning retuning)
+GuitarTuning askedTuning(EditSession &session, const Values &values)
+{
+    const GuitarTuning present = presentTuning(*staffOf(session, values));
+    return atColumn(values, 0, [&] { return tuningOf(present, values.get<QString>(0)); });
+}
+
+bool retune(EditSession &session, const Values &values, const GuitarTuning &tuning,
+            Retuning retuning)
 {
     const auto staff = staffOf(session, values);
-    GuitarTuning tuning = staff->tuning();
-    tuning.setMidiNumbers(values.get(0, std::vector<int>()));
     return session.score().setGuitarFullTuning(values.where().track, values.where().staff, tuning,
                                                staff->capoFret(), retuning);
 }
 
 bool setTuning(EditSession &session, const Values &values)
 {
-    return retune(session, values, Retuning::KeepFrets);
+    return retune(session, values, askedTuning(session, values), Retuning::KeepFrets);
 }
 
 bool retuneKeepingPitches(EditSession &session, const Values &values)
 {
-    return retune(session, values, Retuning::KeepPitches);
+    return retune(session, values, askedTuning(session, values), Retuning::KeepPitches);
+}
+
+bool setStrings(EditSession &session, const Values &values)
+{
+    const GuitarTuning present = presentTuning(*staffOf(session, values));
+    const GuitarTuning usual =
+        atColumn(values, 0, [&] { return usualTuning(present, index(values, 0)); });
+    return retune(session, values, usual, Retuning::KeepPitches);
 }
 
 bool setCapo(EditSession &session, const Values &values)
 {
     const auto staff = staffOf(session, values);
+    if (!staff->isFretted())
+        throw Failure("there are no strings to put a capo on");
+    if (index(values, 0) > staff->fretCount())
+        throw Failure("this staff has only " + counted(staff->fretCount(), "fret"));
     return session.score().setGuitarFullTuning(values.where().track, values.where().staff,
                                                staff->tuning(), index(values, 0),
                                                Retuning::KeepFrets);
@@ -107,6 +141,12 @@ bool addSound(EditSession &session, const Values &values)
 
 bool removeSound(EditSession &session, const Values &values)
 {
+    const auto track = session.model().track(index(values, 0));
+    if (track && index(values, 1) > track->sounds().size())
+        throw LineError(values.column(1),
+                        QStringLiteral("track %1 has only %2")
+                            .arg(index(values, 0) + 1)
+                            .arg(QString::fromStdString(counted(track->sounds().size(), "sound"))));
     return session.score().removeTrackSound(index(values, 0), index(values, 1) - 1);
 }
 
@@ -119,6 +159,11 @@ bool addAudioTrack(EditSession &session, const Values &values)
 
 bool removeAudioTrack(EditSession &session, const Values &values)
 {
+    const unsigned count = session.model().audioTrackCount();
+    if (index(values, 0) > count)
+        throw LineError(values.column(0),
+                        QStringLiteral("the score has only %1")
+                            .arg(QString::fromStdString(counted(count, "recording"))));
     return session.score().removeAudioTrack(index(values, 0) - 1);
 }
 
@@ -130,6 +175,7 @@ const std::vector<Command> &trackCommands()
     static const Parameter trackGap = {QStringLiteral("AT"), Kind::TrackGap, Presence::Optional};
     static const Parameter number = {QStringLiteral("NUMBER"), Kind::Whole, Presence::Required, 1,
                                      MostSounds};
+    static const Parameter tuningWords = {QStringLiteral("TUNING"), Kind::Tuning};
     const auto choice = [](const char *name, const Choices &choices) {
         return Parameter{QLatin1String(name), Kind::Choice, Presence::Required, 0, 0, &choices};
     };
@@ -138,9 +184,9 @@ const std::vector<Command> &trackCommands()
     };
     static const std::vector<Command> commands = {
         {QStringLiteral("add-track"),
-         {choice("INSTRUMENT", instrumentChoices()), trackGap},
+         {{QStringLiteral("INSTRUMENT"), Kind::Instrument}, trackGap},
          QStringLiteral("Add a track for an instrument, in front of a track or at the end."),
-         QStringLiteral("Score::createTrack"),
+         QStringLiteral("Score::insertTrack"),
          addTrack},
         {QStringLiteral("copy-track"),
          {track, trackGap},
@@ -168,16 +214,22 @@ const std::vector<Command> &trackCommands()
          QStringLiteral("Score::setTrackIcon"),
          setIcon},
         {QStringLiteral("tuning"),
-         {{QStringLiteral("NOTE"), Kind::Pitches, Presence::Optional}},
-         QStringLiteral("Tune a staff, the lowest string first; the frets stay."),
+         {tuningWords},
+         QStringLiteral("Tune a staff; the frets stay."),
          QStringLiteral("Score::setGuitarFullTuning"),
          setTuning,
          true},
         {QStringLiteral("retune"),
-         {{QStringLiteral("NOTE"), Kind::Pitches, Presence::Optional}},
-         QStringLiteral("Tune a staff; the pitches stay and are fingered anew."),
+         {tuningWords},
+         QStringLiteral("Tune a staff; the pitches stay and get new frets."),
          QStringLiteral("Score::setGuitarFullTuning"),
          retuneKeepingPitches,
+         true},
+        {QStringLiteral("strings"),
+         {{QStringLiteral("COUNT"), Kind::Whole, Presence::Required, 1, MostStrings}},
+         QStringLiteral("Give a staff this many strings in their usual tuning; the pitches stay."),
+         QStringLiteral("Score::setGuitarFullTuning"),
+         setStrings,
          true},
         {QStringLiteral("capo"),
          {{QStringLiteral("FRET"), Kind::Whole, Presence::Required, 0, MostFrets}},

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ZarnCore/music/ZarnKeySignature.h>
-#include <ZarnCore/music/ZarnPitchClass.h>
-#include <ZarnCore/music/ZarnRhythmValue.h>
-#include <ZarnCore/music/ZarnTimeSignature.h>
+#include "common/MusicReader.h"
+
 #include <ZarnCore/score/ZarnScoreCursor.h>
 
 #include <QString>
@@ -55,12 +53,6 @@ struct CursorMove {
     To to = To::Number;
     int number = 1; ///< as players count, from 1
     int column = 1;
-};
-
-/// A MIDI key, with its spelling when it was given as a note name.
-struct PitchValue {
-    int midi = 0;
-    std::optional<PitchClass> spelling;
 };
 
 /// Track, staff and voice that a command works in, counted from 0.

@@ -3,6 +3,7 @@
 
 #include "common/Documents.h"
 #include "common/Failure.h"
+#include "common/ListText.h"
 #include "common/Problems.h"
 #include "common/Terminal.h"
 #include "info/ScoreSummary.h"
@@ -34,20 +35,22 @@ QJsonObject jsonOf(const OpenedDocument &document)
     return object;
 }
 
-void print(const OpenedDocument &document)
+void print(const OpenedDocument &document, int width)
 {
-    std::cout << "File: " << document.path << " (" << document.format << ")\n"
-              << summaryOf(*document.model);
+    std::cout << "File: " << nameOfPath(document.path, Direction::In) << " (" << document.format
+              << ")\n"
+              << summaryOf(*document.model, width);
     const std::vector<std::string> problems = problemLines(document);
     std::cout << (problems.empty() ? "Problems: none\n" : "Problems:\n");
     for (const std::string &line : problems)
         std::cout << "  " << line << '\n';
     if (document.report.unheld().empty())
         return;
-    std::cout << "Not held, by element:";
+    QStringList elements;
     for (const auto &[element, count] : document.report.unheld())
-        std::cout << ' ' << printable(element) << ' ' << count;
-    std::cout << '\n';
+        elements.append(
+            QStringLiteral("%1 %2").arg(QString::fromStdString(printable(element))).arg(count));
+    std::cout << listText("Not held, by element", elements, width);
 }
 
 int runInfo(const Arguments &arguments, const Terminal &terminal)
@@ -62,7 +65,7 @@ int runInfo(const Arguments &arguments, const Terminal &terminal)
                 all.insert(arguments.operands().at(i), jsonOf(document));
             } else {
                 std::cout << (i > 0 ? "\n" : "");
-                print(document);
+                print(document, terminal.width());
             }
         } catch (const std::exception &error) {
             std::cerr << "zarn: " << explain(error) << '\n';

@@ -9,9 +9,9 @@ class ScoreModel;
 
 namespace tool {
 
-/// What a score holds, in lines for a person: title, tracks, counts, and where time, key and
-/// tempo change.
-std::string summaryOf(const ScoreModel &model);
+/// What a score holds, in lines for a person, at most `width` wide as far as words can be broken:
+/// title, tracks, counts, where time, key and tempo change, and which bars are too long.
+std::string summaryOf(const ScoreModel &model, int width);
 
 } // namespace tool
 } // namespace zarn

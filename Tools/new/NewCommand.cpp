@@ -3,10 +3,10 @@
 
 #include "common/Documents.h"
 #include "common/Failure.h"
+#include "common/MusicReader.h"
 #include "common/Terminal.h"
-#include "edit/MusicReader.h"
-#include "new/TrackWord.h"
-#include "new/TuningWord.h"
+#include "common/TrackWord.h"
+#include "common/TuningWord.h"
 #include "show/SheetBuilder.h"
 #include "show/ShowCommand.h"
 
@@ -27,18 +27,42 @@ constexpr int MostBars = zarn::MasterTrack::MaxBars;
 constexpr int LowestTempo = 1;
 constexpr int HighestTempo = 1000;
 
-/// The tracks in the order of the options; a tuning is for the track in front of it.
+/// Tells what is wrong with the value of an option, and which.
+template <class Do>
+auto forOption(const QString &option, Do work)
+{
+    try {
+        return work();
+    } catch (const Failure &failure) {
+        throw UsageError{
+            QStringLiteral("--%1: %2").arg(option, QString::fromStdString(failure.what()))};
+    }
+}
+
+void tune(const Track &track, const GuitarTuning &tuning)
+{
+    for (const auto &staff : track.staves())
+        staff->setTuning(tuning);
+}
+
+/// In the order of the options; strings and a tuning are for the track in front of them.
 std::vector<std::shared_ptr<Track>> makeTracks(const Arguments &arguments)
 {
     std::vector<std::shared_ptr<Track>> tracks;
     for (const auto &[option, value] : arguments.given()) {
         if (option == QStringLiteral("track"))
-            tracks.push_back(makeTrack(value));
-        if (option != QStringLiteral("tuning"))
+            tracks.push_back(forOption(option, [&] { return makeTrack(value); }));
+        if (option != QStringLiteral("tuning") && option != QStringLiteral("strings"))
             continue;
         if (tracks.empty())
-            throw UsageError{QStringLiteral("--tuning belongs behind the --track that it tunes")};
-        tune(*tracks.back(), value);
+            throw UsageError{
+                QStringLiteral("--%1 belongs behind the --track that it is for").arg(option)};
+        const Track &track = *tracks.back();
+        const GuitarTuning present = presentTuning(*track.staff(0));
+        tune(track, forOption(option, [&] {
+                 return option == QStringLiteral("tuning") ? tuningOf(present, value)
+                                                           : usualTuning(present, value.toUInt());
+             }));
     }
     if (tracks.empty())
         throw UsageError{QStringLiteral(
@@ -82,7 +106,8 @@ int runNew(const Arguments &arguments, const Terminal &terminal)
 {
     const std::string path = arguments.operand(0);
     requireWritableFormat(path);
-    if (QFileInfo::exists(arguments.operands().first()) && !arguments.has(QStringLiteral("force")))
+    if (!isStandardStream(path) && QFileInfo::exists(arguments.operands().first())
+        && !arguments.has(QStringLiteral("force")))
         throw Failure(path + ": is there already; --force replaces it");
     const auto tracks = makeTracks(arguments);
     Score score;
@@ -92,6 +117,8 @@ int runNew(const Arguments &arguments, const Terminal &terminal)
             throw Failure(path + ": the track \"" + track->name() + "\" cannot be added");
     const ScoreModel &model = *score.scoreModel();
     saveDocument(model, path, terminal);
+    if (isStandardStream(path))
+        return Done;
     ShownPart part;
     part.lastBar = model.masterTrack()->masterBarCount() - 1;
     std::cout << pictureOf(model, part, terminal);
@@ -111,15 +138,19 @@ Subcommand newCommand()
         QStringLiteral(
             "Give --track once for each track: guitar, bass, piano or drums; a category of\n"
             "\"zarn catalog instruments\"; or a name or number, counted from 1, of\n"
-            "\"zarn catalog gm\". --tuning tunes the track in front of it: a name of\n"
-            "\"zarn catalog tunings\", or the notes of the strings from the lowest on. Then the\n"
-            "new score is shown.\n\n"
+            "\"zarn catalog gm\". --strings and --tuning are for the track in front of them. A\n"
+            "tuning is a name of \"zarn catalog tunings\" or the notes of the strings, the lowest\n"
+            "first, one for each string. Then the new score is shown. With - for OUT, the score\n"
+            "goes to standard output instead.\n\n"
             "    zarn new -t steelGuitar --tuning \"Drop D\" -t bass -t drums --bars 12 song.zarn\n"
+            "    zarn new -t electricGuitar --strings 7 --tuning \"Drop A\" heavy.zarn\n"
             "    zarn new -t 41 -t 42 -t 43 --time 3/4 --key Eb --tempo 84 trio.zarn\n"
             "    zarn new -t guitar --tuning \"C2 G2 D3 G3 B3 E4\" idea.zarn"),
         {{QStringLiteral("track"), QStringLiteral("t"), QStringLiteral("T"),
           QStringLiteral("Add a track for the instrument T.")},
-         {QStringLiteral("tuning"), QString(), QStringLiteral("U"),
+         {QStringLiteral("strings"), QStringLiteral("s"), QStringLiteral("N"),
+          QStringLiteral("Give that track N strings.")},
+         {QStringLiteral("tuning"), QStringLiteral("u"), QStringLiteral("U"),
           QStringLiteral("Tune that track.")},
          {QStringLiteral("bars"), QStringLiteral("b"), QStringLiteral("N"),
           QStringLiteral("Make N bars instead of 16.")},

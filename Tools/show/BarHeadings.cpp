@@ -4,9 +4,9 @@
 #include "common/Texts.h"
 #include "show/Glyphs.h"
 
-#include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
 #include <ZarnCore/model/ZarnMasterBar.h>
 #include <ZarnCore/model/ZarnMasterTrack.h>
+#include <ZarnCore/model/form/ZarnInForce.h>
 
 #include <array>
 #include <cmath>
@@ -40,55 +40,48 @@ utils::rational exactPosition(float position)
     return utils::rational(std::llround(double(position) * double(PositionSteps)), PositionSteps);
 }
 
-QString unitText(int unit, const Glyphs &glyphs)
+QString unitText(TempoUnit unit, const Glyphs &glyphs)
 {
     switch (unit) {
-    case 1:
+    case TempoUnit::Eighth:
         return glyphs.eighthNote;
-    case 3:
+    case TempoUnit::QuarterDotted:
         return glyphs.quarterNote + QLatin1Char('.');
-    case 4:
+    case TempoUnit::Half:
         return glyphs.halfNote;
-    case 5:
+    case TempoUnit::HalfDotted:
         return glyphs.halfNote + QLatin1Char('.');
     default:
         return glyphs.quarterNote;
     }
 }
 
-QString tempoText(const std::string &words, int unit, double value, const Glyphs &glyphs)
+QString tempoText(const TempoMark &tempo, const Glyphs &glyphs)
 {
-    QString text = QString::fromStdString(words);
+    QString text = QString::fromStdString(tempo.text);
     if (!text.isEmpty())
         text += QLatin1Char(' ');
-    return text + unitText(unit, glyphs) + QStringLiteral(" = ")
-        + QString::number(std::round(value * 100) / 100);
+    text += unitText(tempo.unit, glyphs) + QStringLiteral(" = ")
+        + QString::number(std::round(tempo.value * 100) / 100);
+    return tempo.isLinear ? text + QStringLiteral(" (changing gradually)") : text;
 }
 
 void addTempos(const MasterTrack &master, unsigned bar, bool isFirstShown, const Glyphs &glyphs,
                SheetBar &into)
 {
-    bool startsWithTempo = false;
-    for (const Automation *const automation : master.automations(Automation::Tempo, bar, bar)) {
-        const auto *const tempo = dynamic_cast<const TempoAutomation *>(automation);
-        if (tempo == nullptr)
-            continue;
-        startsWithTempo = startsWithTempo || tempo->position() == 0;
-        QString text = tempoText(tempo->text(), tempo->unit(), double(tempo->value()), glyphs);
-        if (tempo->isLinear())
-            text += QStringLiteral(" (changing gradually)");
-        if (tempo->isVisible() || isFirstShown)
-            into.headings.push_back({{exactPosition(tempo->position())}, text, Ink::Heading});
+    const auto add = [&](const TempoMark &tempo, float position) {
+        into.headings.push_back(
+            {{exactPosition(position)}, tempoText(tempo, glyphs), Ink::Heading});
+    };
+    const auto changes = master.automations(Automation::Tempo, bar, bar);
+    // The first bar that is shown tells the tempo with which it starts.
+    if (isFirstShown && (changes.empty() || changes.front()->position() > 0)) {
+        const TempoMark tempo = tempoInForce(master, bar);
+        into.headings.push_back({BarStart, tempoText(tempo, glyphs), Ink::Heading});
     }
-    if (startsWithTempo || !isFirstShown)
-        return;
-    const auto *const before =
-        dynamic_cast<const TempoAutomation *>(master.previousAutomation(Automation::Tempo, bar, 0));
-    const TempoSettings &start = master.tempoSettings();
-    const QString text = before != nullptr
-        ? tempoText(std::string(), before->unit(), double(before->value()), glyphs)
-        : tempoText(start.label, static_cast<int>(start.unit), start.value, glyphs);
-    into.headings.push_back({BarStart, text, Ink::Heading});
+    for (const Automation *const change : changes)
+        if (change->isVisible() || isFirstShown)
+            add(tempoInForce(master, bar, change->position()), change->position());
 }
 
 void addDirections(const MasterTrack &master, unsigned bar, SheetBar &into)
@@ -159,7 +152,7 @@ void addBarHeadings(const MasterTrack &master, unsigned index, bool isFirstShown
     if (bar.hasSection())
         add(sectionText(bar.section()));
     addTempos(master, index, isFirst, glyphs, into);
-    const KeySignature &key = bar.concertKeySignature();
+    const KeySignature key = inForce(master, index).key;
     if (isFirst || key.accidentalCount() != before->concertKeySignature().accidentalCount()
         || key.isMajor() != before->concertKeySignature().isMajor())
         add(keyText(key, glyphs.isUtf8 ? Signs::Symbols : Signs::Letters));
@@ -168,6 +161,8 @@ void addBarHeadings(const MasterTrack &master, unsigned index, bool isFirstShown
         add(QLatin1String(FeelTexts.at(static_cast<std::size_t>(feel))));
     if (bar.isFreeTime() && (isFirst || !before->isFreeTime()))
         add(QStringLiteral("free time"));
+    if (!bar.isFreeTime() && !isFirst && before->isFreeTime())
+        add(QStringLiteral("in time"));
     addDirections(master, index, into);
     addEnding(bar, before, after, into);
     addBarLines(bar, after == nullptr, into);

@@ -63,6 +63,9 @@ void DrumWriter::writeNotes(const Beat &beat, const ColumnKey &column, unsigned 
     for (const auto &note : beat.notes()) {
         const DrumSound sound = drumSoundOf(*note);
         QString text = sound.letter;
+        legend().use(text == QStringLiteral("o")       ? Legend::Sign::Drum
+                         : text == QStringLiteral("x") ? Legend::Sign::CrossHead
+                                                       : Legend::Sign::Bell);
         if (note->isGhost()) {
             legend().use(Legend::Sign::Ghost);
             text = QStringLiteral("[%1]").arg(text);

@@ -9,8 +9,23 @@ namespace {
 
 /// By `Legend::Sign`.
 constexpr const char *SignTexts[] = {
-    ". dotted",       "r rest",      "rest whole bar",          "g grace note",        "(7) tied",
-    "[7] ghost note", "x dead note", "7' voice 2, 7'' voice 3", "% as the bar before",
+    ". dotted",
+    "bracket 3 triplet",
+    "r rest",
+    "rest whole bar",
+    "g grace note",
+    "(7) tied",
+    "[7] ghost note",
+    "x dead note",
+    "7' 7'' voices 2, 3",
+    "7/5 two voices",
+    "o drum",
+    "x cross head",
+    "b bell of a cymbal",
+    "? no pitch",
+    "% as the bar before",
+    "%% as 2 bars before",
+    "x3 three times",
 };
 
 } // namespace

@@ -14,6 +14,7 @@ class Legend {
 public:
     enum class Sign {
         Dot,
+        Tuplet,
         Rest,
         WholeBarRest,
         Grace,
@@ -21,7 +22,14 @@ public:
         Ghost,
         Dead,
         OtherVoice,
+        SharedString,
+        Drum,
+        CrossHead,
+        Bell,
+        NoPitch,
         Simile,
+        DoubleSimile,
+        PlayedTimes,
     };
 
     void use(Sign sign) { _signs.insert(sign); }

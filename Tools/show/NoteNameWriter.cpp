@@ -4,7 +4,6 @@
 #include "common/Texts.h"
 #include "show/Glyphs.h"
 #include "show/Legend.h"
-#include "show/WrittenKey.h"
 
 #include <ZarnCore/model/ZarnStaff.h>
 
@@ -30,7 +29,7 @@ std::array<std::size_t, Bar::MaxVoices> chordSizes(const Staff &staff)
 
 NoteNameWriter::NoteNameWriter(Sheet &sheet, const Staff &staff, const QString &name,
                                const Glyphs &glyphs, Legend &legend)
-    : StaffWriter(sheet, name, glyphs, legend), _key(0, true, true)
+    : StaffWriter(sheet, name, glyphs, legend)
 {
     const auto sizes = chordSizes(staff);
     for (unsigned voice = 0; voice < Bar::MaxVoices; ++voice) {
@@ -48,7 +47,7 @@ NoteNameWriter::NoteNameWriter(Sheet &sheet, const Staff &staff, const QString &
 
 void NoteNameWriter::beginBar(const Bar &bar)
 {
-    _key = writtenKey(bar);
+    _pitch = SoundingPitch(bar);
 }
 
 void NoteNameWriter::writeNotes(const Beat &beat, const ColumnKey &column, unsigned voice,
@@ -67,7 +66,7 @@ void NoteNameWriter::writeNotes(const Beat &beat, const ColumnKey &column, unsig
             legend().use(Legend::Sign::Dead);
             text = QStringLiteral("x");
         } else if (note->midi() >= 0) {
-            text = pitchText(spellingOf(*note, _key), note->midi(), signs);
+            text = _pitch.text(*note, signs);
         }
         if (note->isGhost()) {
             legend().use(Legend::Sign::Ghost);
@@ -77,6 +76,8 @@ void NoteNameWriter::writeNotes(const Beat &beat, const ColumnKey &column, unsig
             legend().use(Legend::Sign::Tied);
             text = QStringLiteral("(%1)").arg(text);
         }
+        if (text == QStringLiteral("?"))
+            legend().use(Legend::Sign::NoPitch);
         into.put(column, row++, text, voice == 0 ? Ink::Note : Ink::SecondNote);
     }
 }

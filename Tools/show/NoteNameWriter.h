@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "common/SoundingPitch.h"
 #include "show/StaffWriter.h"
-
-#include <ZarnCore/music/ZarnKeySignature.h>
 
 #include <vector>
 
@@ -26,7 +25,7 @@ private:
     void beginBar(const Bar &bar) override;
 
     std::array<int, Bar::MaxVoices> _topLanes = {};
-    KeySignature _key;
+    SoundingPitch _pitch;
 };
 
 } // namespace tool

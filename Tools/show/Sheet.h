@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "show/Ink.h"
+#include "common/Ink.h"
 
 #include <ZarnCore/utils/rational.h>
 

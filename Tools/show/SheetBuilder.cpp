@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "show/SheetBuilder.h"
 
+#include "common/CharacterRow.h"
 #include "show/BarHeadings.h"
-#include "show/CharacterRow.h"
 #include "show/DrumWriter.h"
 #include "show/Glyphs.h"
+#include "show/Legend.h"
 #include "show/NoteNameWriter.h"
 #include "show/TabWriter.h"
 
@@ -65,8 +66,15 @@ Sheet buildSheet(const ScoreModel &model, const ShownPart &part, const Glyphs &g
     for (const auto &track : model.tracks()) {
         if (part.track && *part.track != track->index())
             continue;
-        for (const auto &staff : track->staves())
+        const std::size_t first = staves.size();
+        for (const auto &staff : track->staves()) {
             staves.push_back({staff.get(), writerFor(*track, *staff, sheet, glyphs, legend)});
+            StaffWriter &writer = *staves.back().writer;
+            if (staves.size() > first + 1)
+                writer.shareChordSymbols(*staves[first].writer);
+            if (part.voice)
+                writer.showOnlyVoice(*part.voice);
+        }
     }
     const MasterTrack &master = *model.masterTrack();
     const unsigned end = std::min(master.masterBarCount(), part.lastBar + 1);
@@ -76,6 +84,8 @@ Sheet buildSheet(const ScoreModel &model, const ShownPart &part, const Glyphs &g
         bar.number = static_cast<int>(index) + 1;
         bar.length = master.masterBars()[index]->length();
         addBarHeadings(master, index, isFirst, glyphs, bar);
+        if (master.masterBars()[index]->repeatCount() > 2)
+            legend.use(Legend::Sign::PlayedTimes);
         for (const ShownStaff &shown : staves) {
             if (showsTimeSignature(master, index, isFirst))
                 shown.writer->writeTimeSignature(master.masterBars()[index]->timeSignature(), bar);

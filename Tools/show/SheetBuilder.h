@@ -17,6 +17,7 @@ class Legend;
 /// Which part of a score is shown; bars and tracks are counted from 0.
 struct ShownPart {
     std::optional<unsigned> track; ///< all tracks when unset
+    std::optional<unsigned> voice; ///< all voices when unset
     unsigned firstBar = 0;
     unsigned lastBar = 0; ///< included; cut at the end of the score
 };

@@ -122,25 +122,30 @@ void SystemPainter::paintWords(std::vector<CharacterRow> &rows, int lane) const
     std::move(stack.rbegin(), stack.rend(), std::back_inserter(rows));
 }
 
+/// A bracket that another system begins or goes on with is open at that end.
 void SystemPainter::paintSpan(CharacterRow &row, const Segment &segment, const Span &span) const
 {
     int from = -1;
     int to = -1;
+    bool begins = false;
+    bool ends = false;
     for (const PlacedColumn &column : segment.columns) {
         if (*column.key < span.first || span.last < *column.key)
             continue;
+        begins = begins || *column.key == span.first;
+        ends = ends || *column.key == span.last;
         from = from < 0 ? column.x : from;
         to = column.x + 1;
     }
     if (from < 0)
         return;
-    const int textWidth = displayWidth(span.text);
-    if (to - from < textWidth + 2)
-        return row.write(from, span.text, Ink::Rhythm);
+    to = std::max(to, from + bracketWidth(span));
     row.fill(from, to, _glyphs.spanLine, Ink::Rhythm);
-    row.write(from, _glyphs.spanLeft, Ink::Rhythm);
-    row.write(to - 1, _glyphs.spanRight, Ink::Rhythm);
-    row.write(from + (to - from - textWidth) / 2, span.text, Ink::Rhythm);
+    if (begins)
+        row.write(from, _glyphs.spanLeft, Ink::Rhythm);
+    if (ends)
+        row.write(to - 1, _glyphs.spanRight, Ink::Rhythm);
+    row.write(from + (to - from - displayWidth(span.text)) / 2, span.text, Ink::Rhythm);
 }
 
 void SystemPainter::paintBarLine(CharacterRow &row, int x, BarLine line, const Lane &lane) const

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "show/CharacterRow.h"
+#include "common/CharacterRow.h"
 #include "show/Sheet.h"
 
 #include <vector>

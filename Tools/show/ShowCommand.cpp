@@ -5,9 +5,9 @@
 #include "common/Failure.h"
 #include "common/Terminal.h"
 #include "common/Texts.h"
+#include "common/TrackText.h"
 #include "show/Glyphs.h"
 #include "show/Legend.h"
-#include "show/ScoreTitle.h"
 #include "show/SheetBuilder.h"
 #include "show/SheetPainter.h"
 
@@ -72,11 +72,14 @@ void readBars(const Arguments &arguments, unsigned barCount, ShownPart &part)
     if (ends.size() > 2 || !isFirst || !isLast || first < 1 || last < first)
         throw UsageError{
             QStringLiteral("--bars takes one bar or a range such as 5-8, not \"%1\"").arg(text)};
-    if (last > barCount)
-        throw UsageError{
-            QStringLiteral("--bars %1: there are only %2 bars").arg(text).arg(barCount)};
+    if (first > barCount)
+        throw UsageError{QStringLiteral("--bars %1: the score has %2")
+                             .arg(text, QString::fromStdString(counted(barCount, "bar")))};
     part.firstBar = first - 1;
-    part.lastBar = last - 1;
+    part.lastBar = std::min(last, barCount) - 1;
+    if (last > barCount)
+        std::cerr << "zarn: --bars " << text.toStdString() << ": the score ends with bar "
+                  << barCount << '\n';
 }
 
 int runShow(const Arguments &arguments, const Terminal &terminal)
@@ -89,6 +92,9 @@ int runShow(const Arguments &arguments, const Terminal &terminal)
             arguments.number(QStringLiteral("track"), 1,
                              std::max(1, static_cast<int>(model.trackCount())), 1)
             - 1);
+    if (arguments.has(QStringLiteral("voice")))
+        part.voice = static_cast<unsigned>(
+            arguments.number(QStringLiteral("voice"), 1, Bar::MaxVoices, 1) - 1);
     readBars(arguments, model.masterTrack()->masterBarCount(), part);
     const int width = arguments.number(QStringLiteral("width"), 20, 10000, terminal.width());
     const bool usesUtf8 = terminal.showsUtf8() && !arguments.has(QStringLiteral("ascii"));
@@ -132,12 +138,15 @@ Subcommand showCommand()
         QStringLiteral("Shows the music: tablature, note names, drum grids."),
         QStringLiteral(
             "Fretted tracks are shown as tablature, drums as a grid, all others as note names\n"
-            "(C4 is middle C, notes as written for a transposing instrument) under letters for\n"
-            "their rhythm. Bars are counted from 1 and stand under each other in all tracks."),
+            "under letters for their rhythm. Pitches and keys are named as they sound, C4 being\n"
+            "middle C: open strings, notes and what \"zarn edit\" takes agree. Bars are counted\n"
+            "from 1 and stand under each other in all tracks. - as FILE is standard input."),
         {{QStringLiteral("track"), QStringLiteral("t"), QStringLiteral("N"),
           QStringLiteral("Show one track, counted from 1.")},
+         {QStringLiteral("voice"), QStringLiteral("v"), QStringLiteral("N"),
+          QStringLiteral("Show one voice of each staff, counted from 1.")},
          {QStringLiteral("bars"), QStringLiteral("b"), QStringLiteral("A-B"),
-          QStringLiteral("Show the bars A to B, or one bar.")},
+          QStringLiteral("Show the bars A to B, or one bar; the end of the score cuts them.")},
          {QStringLiteral("width"), QStringLiteral("w"), QStringLiteral("N"),
           QStringLiteral("Break lines at N columns instead of the terminal's width.")},
          {QStringLiteral("ascii"), QString(), QString(),

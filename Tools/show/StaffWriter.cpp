@@ -97,10 +97,11 @@ void StaffWriter::writeBar(const Bar &bar, SheetBar &into)
         const bool isSimple = bar.simileMark() == SimileMark::Simple;
         into.put({0, ColumnKey::Beat}, rhythmLane(0),
                  isSimple ? QStringLiteral("%") : QStringLiteral("%%"), Ink::Rhythm);
-        _legend.use(Legend::Sign::Simile);
+        _legend.use(isSimple ? Legend::Sign::Simile : Legend::Sign::DoubleSimile);
     } else {
         for (unsigned voice = 0; voice < Bar::MaxVoices; ++voice)
-            if (const auto &held = bar.voices()[voice])
+            if (const auto &held = bar.voices()[voice];
+                held && (!_onlyVoice || *_onlyVoice == voice))
                 writeVoice(*held, voice, into);
     }
     endBar(into);
@@ -118,7 +119,10 @@ void StaffWriter::writeVoice(const Voice &voice, unsigned index, SheetBar &into)
         if (!beat.isGrace())
             timed.push_back({columns[i], &beat.rhythmValue()});
     }
+    const std::size_t spanCount = into.spans.size();
     addTupletSpans(timed, TupletLevel::Outer, _voices.at(index).tuplet, into.spans);
+    if (into.spans.size() != spanCount)
+        _legend.use(Legend::Sign::Tuplet);
     addTupletSpans(timed, TupletLevel::Inner, _voices.at(index).innerTuplet, into.spans);
 }
 
@@ -129,6 +133,19 @@ void StaffWriter::writeBeat(const Beat &beat, const ColumnKey &column, unsigned 
     writeWords(beat, column, voice, into);
     if (beat.hasNotes())
         writeNotes(beat, column, voice, into);
+}
+
+/// A track has one line of chord symbols, over its first staff.
+void StaffWriter::writeChordSymbol(const QString &symbol, const ColumnKey &column, SheetBar &into)
+{
+    if (symbol.isEmpty())
+        return;
+    const auto &cells = into.columns[column];
+    const auto written = cells.find(_chordLane);
+    if (written == cells.end())
+        into.put(column, _chordLane, symbol, Ink::Chord);
+    else if (!written->second.text.split(QLatin1Char(' ')).contains(symbol))
+        into.put(column, _chordLane, QLatin1Char(' ') + symbol, Ink::Chord);
 }
 
 QString StaffWriter::rhythmOf(const Beat &beat) const
@@ -152,8 +169,7 @@ QString StaffWriter::rhythmOf(const Beat &beat) const
 void StaffWriter::writeWords(const Beat &beat, const ColumnKey &column, unsigned voice,
                              SheetBar &into)
 {
-    if (!beat.chordSymbol().empty())
-        into.put(column, _chordLane, QString::fromStdString(beat.chordSymbol()), Ink::Chord);
+    writeChordSymbol(QString::fromStdString(beat.chordSymbol()), column, into);
     const QString text = QString::fromStdString(beat.text()).simplified();
     if (!text.isEmpty())
         into.put(column, _textLane, text, Ink::Plain);
@@ -161,7 +177,7 @@ void StaffWriter::writeWords(const Beat &beat, const ColumnKey &column, unsigned
     if (_dynamicsLane < 0 || dynamic.isEmpty() || dynamic == _dynamics[voice])
         return;
     _dynamics[voice] = dynamic;
-    if (voice == 0 || dynamic != _dynamics[0])
+    if (voice == 0 || _onlyVoice || dynamic != _dynamics[0])
         into.put(column, _dynamicsLane, dynamic, Ink::Plain);
 }
 

@@ -7,6 +7,7 @@
 #include <ZarnCore/model/ZarnBar.h>
 
 #include <array>
+#include <optional>
 
 namespace zarn {
 
@@ -26,6 +27,12 @@ public:
     virtual ~StaffWriter();
     StaffWriter(const StaffWriter &) = delete;
     StaffWriter &operator=(const StaffWriter &) = delete;
+
+    /// Leaves the other voices out.
+    void showOnlyVoice(unsigned voice) noexcept { _onlyVoice = voice; }
+
+    /// Puts the chord symbols of this staff where those of another staff of its track stand.
+    void shareChordSymbols(const StaffWriter &other) noexcept { _chordLane = other._chordLane; }
 
     /// Bars are written in their order.
     void writeBar(const Bar &bar, SheetBar &into);
@@ -67,6 +74,7 @@ private:
     void writeVoice(const Voice &voice, unsigned index, SheetBar &into);
     void writeBeat(const Beat &beat, const ColumnKey &column, unsigned voice, SheetBar &into);
     void writeWords(const Beat &beat, const ColumnKey &column, unsigned voice, SheetBar &into);
+    void writeChordSymbol(const QString &symbol, const ColumnKey &column, SheetBar &into);
     QString rhythmOf(const Beat &beat) const;
 
     Sheet &_sheet;
@@ -76,6 +84,7 @@ private:
     int _textLane;
     int _chordLane;
     int _dynamicsLane = -1;
+    std::optional<unsigned> _onlyVoice;
     std::array<VoiceLanes, Bar::MaxVoices> _voices;
     std::array<QString, Bar::MaxVoices> _dynamics; ///< in force, by voice
 };

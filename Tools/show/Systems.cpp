@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "show/Systems.h"
 
-#include "show/CharacterRow.h"
+#include "common/CharacterRow.h"
 #include "show/Glyphs.h"
 
 #include <algorithm>
@@ -53,6 +53,7 @@ public:
 
 private:
     int cellWidth(const std::map<int, Cell> &cells) const;
+    int endOfSpans(const SheetBar &bar, const ColumnKey &last) const;
 
     const Sheet &_sheet;
     MeasuredBar _result;
@@ -69,11 +70,25 @@ Measure::Measure(const Sheet &sheet, const SheetBar &bar, Setting setting) : _sh
         _result.columns.push_back({&it->first, &it->second, x, width});
         const bool isGrace = it->first.order != ColumnKey::Beat;
         const int room = isGrace ? 1 : roomFor(end - it->first.onset, setting);
-        x += std::max(width + 1, room + 1);
+        x = std::max({x + width + 1, x + room + 1, endOfSpans(bar, it->first) + 1});
     }
     const int numberWidth = QString::number(bar.number).size();
     const int leastWidth = setting == Setting::Tight ? 3 : 6;
     _result.width = std::max({x, numberWidth + 1, leastWidth});
+}
+
+/// Where the widest bracket ends whose last column is this one.
+int Measure::endOfSpans(const SheetBar &bar, const ColumnKey &last) const
+{
+    int end = 0;
+    for (const Span &span : bar.spans) {
+        if (!(span.last == last))
+            continue;
+        for (const PlacedColumn &column : _result.columns)
+            if (*column.key == span.first)
+                end = std::max(end, column.x + bracketWidth(span));
+    }
+    return end;
 }
 
 int Measure::cellWidth(const std::map<int, Cell> &cells) const
@@ -196,6 +211,11 @@ void Breaker::endSystem()
 }
 
 } // namespace
+
+int bracketWidth(const Span &span)
+{
+    return displayWidth(span.text) + 2;
+}
 
 int barLineWidth(BarLine line, const Glyphs &glyphs)
 {

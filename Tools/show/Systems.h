@@ -34,6 +34,9 @@ struct System {
     std::vector<Segment> segments;
 };
 
+/// The least width of a bracket with its text.
+int bracketWidth(const Span &span);
+
 /// Width of a bar line in columns, its repeat dots included.
 int barLineWidth(BarLine line, const Glyphs &glyphs);
 

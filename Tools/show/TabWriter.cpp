@@ -2,9 +2,9 @@
 #include "show/TabWriter.h"
 
 #include "common/Texts.h"
+#include "common/TuningWord.h"
 #include "show/Glyphs.h"
 #include "show/Legend.h"
-#include "show/WrittenKey.h"
 
 #include <ZarnCore/model/ZarnStaff.h>
 
@@ -35,14 +35,13 @@ bool voicesCross(const Frets &frets)
 TabWriter::TabWriter(Sheet &sheet, const Staff &staff, const QString &name, const Glyphs &glyphs,
                      Legend &legend)
     : StaffWriter(sheet, name, glyphs, legend),
-      _stringCount(static_cast<int>(staff.tuning().stringCount())), _key(0, true, true)
+      _stringCount(static_cast<int>(staff.tuning().stringCount()))
 {
     addRhythmLanes(0, RhythmSide::Above);
     const Signs signs = glyphs.isUtf8 ? Signs::Symbols : Signs::Letters;
+    const QStringList names = openStrings(staff.tuning(), signs);
     for (int string = _stringCount - 1; string >= 0; --string) {
-        const int midi = staff.tuning().tuning(static_cast<unsigned>(string));
-        const PitchClass open = PitchClass::fromPitch(midi, true);
-        const int added = addLane(Lane::Kind::String, pitchText(open, midi, signs));
+        const int added = addLane(Lane::Kind::String, names.at(string));
         lane(added).isOptional = false;
         const bool isMiddle = string == _stringCount / 2 || string == (_stringCount - 1) / 2;
         lane(added).hasRepeatDots = _stringCount > 2 ? isMiddle : true;
@@ -57,7 +56,7 @@ TabWriter::TabWriter(Sheet &sheet, const Staff &staff, const QString &name, cons
 
 void TabWriter::beginBar(const Bar &bar)
 {
-    _key = writtenKey(bar);
+    _pitch = SoundingPitch(bar);
     _frets.clear();
 }
 
@@ -87,7 +86,7 @@ void TabWriter::writeNotes(const Beat &beat, const ColumnKey &column, unsigned v
             _frets[column].push_back({note->string(), voice, fretText(*note)});
         } else if (note->midi() >= 0) {
             const Signs signs = glyphs().isUtf8 ? Signs::Symbols : Signs::Letters;
-            const QString name = pitchText(spellingOf(*note, _key), note->midi(), signs);
+            const QString name = _pitch.text(*note, signs);
             const bool isFirst = into.columns[column].count(_strayLane) == 0;
             into.put(column, _strayLane, isFirst ? name : QLatin1Char(' ') + name, Ink::Note);
         }
@@ -105,6 +104,8 @@ void TabWriter::endBar(SheetBar &into)
             const bool sharesString = i > 0 && frets[i - 1].string == fret.string;
             if (sharesString && frets[i - 1].text == fret.text)
                 continue;
+            if (sharesString)
+                legend().use(Legend::Sign::SharedString);
             QString text = fret.text;
             if (fret.voice > 0 && (isCrossed || sharesString)) {
                 legend().use(Legend::Sign::OtherVoice);

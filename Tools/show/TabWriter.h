@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "common/SoundingPitch.h"
 #include "show/StaffWriter.h"
-
-#include <ZarnCore/music/ZarnKeySignature.h>
 
 #include <map>
 #include <vector>
@@ -40,7 +39,7 @@ private:
     int _stringCount;
     int _topLane = 0;
     int _strayLane = 0; ///< notes without a string, by their names
-    KeySignature _key;
+    SoundingPitch _pitch;
     std::map<ColumnKey, std::vector<Fret>> _frets;
 };
 

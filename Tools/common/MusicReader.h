@@ -1,14 +1,27 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "edit/Values.h"
+#include <ZarnCore/music/ZarnKeySignature.h>
+#include <ZarnCore/music/ZarnPitchClass.h>
+#include <ZarnCore/music/ZarnRhythmValue.h>
+#include <ZarnCore/music/ZarnTimeSignature.h>
+
+#include <QString>
+
+#include <optional>
 
 namespace zarn::tool {
 
+/// A MIDI key, with its spelling when it was given as a note name.
+struct PitchValue {
+    int midi = 0;
+    std::optional<PitchClass> spelling;
+};
+
 // Musical values as people type them. Each answers nothing for a text that is no such value.
 
-/// "quarter", "q", "q.", "eighth/3:2", "e/3" (a triplet), "s/3:2/5:4": a letter or name of
-/// `rhythmLetters`, up to three dots, up to two tuplets.
+/// "quarter", "q", "q.", "8th", "1/8", "eighth/3:2", "e/3" (a triplet), "s/3:2/5:4": a letter or
+/// name of `rhythmLetters` or a part of a whole note, up to three dots, up to two tuplets.
 std::optional<RhythmValue> parseRhythm(const QString &text);
 
 /// A text that `parseRhythm` reads: "eighth/3".

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "show/ScoreTitle.h"
+#include "common/TrackText.h"
 
 #include "common/Texts.h"
+#include "common/TuningWord.h"
 
 #include <ZarnCore/model/ZarnScoreModel.h>
 
@@ -29,11 +30,11 @@ QString transpositionText(int semitones)
 {
     if (semitones == 0)
         return QString();
-    const QString direction = semitones < 0 ? QStringLiteral("lower") : QStringLiteral("higher");
+    const QString direction = semitones < 0 ? QStringLiteral("higher") : QStringLiteral("lower");
     const int size = semitones < 0 ? -semitones : semitones;
     if (size == 12)
-        return QStringLiteral("sounds an octave %1").arg(direction);
-    return QStringLiteral("sounds %1 semitone%2 %3")
+        return QStringLiteral("written an octave %1").arg(direction);
+    return QStringLiteral("written %1 semitone%2 %3")
         .arg(size)
         .arg(size == 1 ? QString() : QStringLiteral("s"), direction);
 }
@@ -41,12 +42,7 @@ QString transpositionText(int semitones)
 QString tuningText(const Track &track, unsigned staffIndex, Signs signs)
 {
     const auto staff = track.staff(staffIndex);
-    QStringList names;
-    for (unsigned string = 0; staff && string < staff->tuning().stringCount(); ++string) {
-        const int midi = staff->tuning().tuning(string);
-        names.append(pitchText(PitchClass::fromPitch(midi, true), midi, signs));
-    }
-    return names.join(QLatin1Char(' '));
+    return staff ? openStrings(staff->tuning(), signs).join(QLatin1Char(' ')) : QString();
 }
 
 QString trackText(const Track &track, Signs signs)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "edit/NearestWord.h"
+#include "common/NearestWord.h"
 
 #include <algorithm>
 #include <numeric>

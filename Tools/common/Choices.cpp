@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "edit/Choices.h"
+#include "common/Choices.h"
 
 #include "common/Texts.h"
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "new/TrackWord.h"
+#include "common/TrackWord.h"
 
-#include "common/Arguments.h"
 #include "common/BuiltIns.h"
-#include "edit/Choices.h"
-#include "edit/NearestWord.h"
+#include "common/Choices.h"
+#include "common/Failure.h"
+#include "common/NearestWord.h"
 
 #include <ZarnCore/instruments/sounds/ZarnSound.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
@@ -108,23 +108,31 @@ std::shared_ptr<Track> trackOfCategory(InstrumentSet::Type type)
 /// Raises; names categories and programs that are spelled much like the word.
 [[noreturn]] void failUnknown(const QString &word)
 {
+    QStringList words = trackWords();
+    for (const auto &[category, type] : instrumentChoices())
+        words << nameOf(static_cast<InstrumentSet::Type>(type));
+    for (const TrackTemplate &made : trackTemplates())
+        words << made.name;
+    const QString nearest = nearestWord(word, words);
+    throw Failure(QStringLiteral("\"%1\" is not an instrument; %2")
+                      .arg(word,
+                           nearest.isEmpty() ? QStringLiteral(
+                               "see \"zarn catalog gm\" and \"zarn catalog instruments\"")
+                                             : QStringLiteral("did you mean \"%1\"?").arg(nearest))
+                      .toStdString());
+}
+
+} // namespace
+
+QStringList trackWords()
+{
     QStringList words;
     for (const ShortWord &known : ShortWords)
         words << QLatin1String(known.word);
     for (const auto &[category, type] : instrumentChoices())
-        words << category << nameOf(static_cast<InstrumentSet::Type>(type));
-    for (const TrackTemplate &made : trackTemplates())
-        words << made.name;
-    const QString nearest = nearestWord(word, words);
-    throw UsageError{
-        QStringLiteral("--track: \"%1\" is no instrument; %2")
-            .arg(word,
-                 nearest.isEmpty()
-                     ? QStringLiteral("see \"zarn catalog gm\" and \"zarn catalog instruments\"")
-                     : QStringLiteral("did you mean \"%1\"?").arg(nearest))};
+        words << category;
+    return words;
 }
-
-} // namespace
 
 std::shared_ptr<Track> makeTrack(const QString &word)
 {

@@ -1,9 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "edit/Parameter.h"
+#include <QString>
+
+#include <utility>
+#include <vector>
 
 namespace zarn::tool {
+
+/// Words that stand for numbers.
+using Choices = std::vector<std::pair<QString, int>>;
 
 /// Words that stand for the values of the library's enumerations, as people type them.
 const Choices &clefChoices();

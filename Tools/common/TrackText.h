@@ -17,7 +17,8 @@ enum class Signs : int;
 /// "E2 A2 D3 G3 B3 E4" from the lowest string up; empty without strings.
 QString tuningText(const Track &track, unsigned staff, Signs signs);
 
-/// "sounds 2 semitones lower", "sounds an octave higher"; empty for none.
+/// What a player reads: "written 2 semitones higher" for the -2 that it sounds lower, "written an
+/// octave higher"; empty for none.
 QString transpositionText(int semitones);
 
 /// One line about a track: its number, name, instrument, tuning, capo and transposition.

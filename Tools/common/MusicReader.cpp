@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "edit/MusicReader.h"
+#include "common/MusicReader.h"
 
 #include "common/Texts.h"
 
@@ -35,6 +35,15 @@ std::optional<RhythmValue::TupletRatio> parseRatio(const QString &text)
 
 std::optional<RhythmValue::NoteValue> parseNoteValue(const QString &text)
 {
+    static const QRegularExpression fraction(
+        QStringLiteral("^(?:1/([0-9]+)|([0-9]+)(?:st|nd|rd|th))$"));
+    const auto parts = fraction.match(text);
+    const unsigned part = (parts.captured(1) + parts.captured(2)).toUInt();
+    if (part != 0) {
+        const auto value =
+            RhythmValue::noteValueFromTimeUnit(utils::rational(4, static_cast<int>(part)));
+        return value == RhythmValue::NoteValue::Invalid ? std::nullopt : std::optional(value);
+    }
     for (int value = 0; value < NoteValueCount; ++value)
         if (text == QLatin1String(rhythmLetters()[value].letter)
             || text == QLatin1String(rhythmLetters()[value].name))
@@ -54,7 +63,7 @@ std::optional<PitchClass> parsePitchClass(const QString &text)
 
 std::optional<RhythmValue> parseRhythm(const QString &text)
 {
-    const auto parts = match("([0-9]*[a-z]+)(\\.{0,3})((?:/[0-9:]+){0,2})", text);
+    const auto parts = match("(1/[0-9]{1,3}|[0-9]*[a-z]+)(\\.{0,3})((?:/[0-9:]+){0,2})", text);
     const auto noteValue = parseNoteValue(parts.captured(1));
     if (!parts.hasMatch() || !noteValue)
         return std::nullopt;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "show/CharacterRow.h"
+#include "common/CharacterRow.h"
 
 #include <QVector>
 

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/instruments/tunings/ZarnGuitarTuning.h>
+
+#include <QString>
+#include <QStringList>
+
+namespace zarn {
+
+class Staff;
+
+namespace tool {
+
+enum class Signs : int;
+
+/// The tuning of a staff, with the instrument that its track is when it does not say: imported ones
+/// often do not.
+GuitarTuning presentTuning(const Staff &staff);
+
+/// The tuning that a person asks for in place of another: by its name in the library ("Drop D"),
+/// or by the notes of the strings from the lowest on ("D2 A2 D3 G3 B3 E4"). It is of the same
+/// instrument and has as many strings; raises `Failure` otherwise, and offers what may have been
+/// meant.
+GuitarTuning tuningOf(const GuitarTuning &present, const QString &words);
+
+/// The usual tuning of the same instrument with another number of strings. Raises `Failure` when
+/// the library has none.
+GuitarTuning usualTuning(const GuitarTuning &present, unsigned stringCount);
+
+/// "E2", "A2" and so on from the lowest string up; black keys as the tuning's name has them.
+QStringList openStrings(const GuitarTuning &tuning, Signs signs);
+
+} // namespace tool
+} // namespace zarn
