@@ -88,10 +88,10 @@ TEST(MusicXmlPercussion, notesWithoutAKeyGetThatOfTheirInstrumentOrTheirPlace)
 {
     const QByteArray text =
         scores::bytesOf(QStringLiteral(":/instrumentSet/ZarnInstrumentSets.json"));
-    rapidjson::Document document;
-    document.Parse(text.constData(), static_cast<std::size_t>(text.size()));
+    rapidjson::Document sets;
+    sets.Parse(text.constData(), static_cast<std::size_t>(text.size()));
     zarn::InstrumentSetLibrary library;
-    library.parse(document["instrumentSets"]);
+    library.parse(sets["instrumentSets"]);
     zarn::InstrumentSetLibrary::install(&library);
     const auto keysOf = [](const std::string &notes, const std::string &listed,
                            ImportReport &report) {
@@ -137,6 +137,15 @@ TEST(MusicXmlPercussion, notesWithoutAKeyGetThatOfTheirInstrumentOrTheirPlace)
               "56");
     EXPECT_TRUE(alone.problems().empty());
     zarn::InstrumentSetLibrary::install(nullptr);
+
+    // The name of a part without instruments tells as much.
+    ImportReport named;
+    auto document = QByteArray::fromStdString(score(measure(divisions + unpitched(top))));
+    const auto model = scores::import(document.replace("Music<", "Triangle<"), named);
+    EXPECT_EQ(
+        model->tracks()[0]->staves()[0]->bars()[0]->voices()[0]->beats()[0]->notes()[0]->midi(),
+        81);
+    EXPECT_TRUE(named.hasProblem("1 note of \"Triangle\""));
 }
 
 TEST(MusicXmlReport, tellsWhatCannotBeHeldAsWritten)

@@ -3,6 +3,7 @@
 
 #include <ZarnCore/io/musicxml/ImportContext.h>
 #include <ZarnCore/io/musicxml/PartList.h>
+#include <ZarnCore/io/musicxml/PercussionKeys.h>
 #include <ZarnCore/io/musicxml/Wording.h>
 #include <ZarnCore/model/ZarnNote.h>
 
@@ -44,6 +45,10 @@ void NoteMaker::startPart(const PartFacts &facts, const ListedPart &part)
 {
     _facts = &facts;
     _onlyInstrument = part.instruments.size() == 1 ? part.instruments.front().id : std::string();
+    _usual.reset();
+    if (part.instruments.empty())
+        if (const auto key = usualPercussionKey({part.id, part.name, {}}))
+            _usual = PercussionUse{*key, part.name};
     _guesses.clear();
 }
 
@@ -111,7 +116,10 @@ void NoteMaker::setFingering(const WrittenNote &written, Note &note)
 void NoteMaker::setUnpitched(const WrittenNote &written, Note &note)
 {
     const std::string_view named = written.instrument;
-    if (const auto *const use = _list.percussion(named.empty() ? _onlyInstrument : named)) {
+    const auto *use = _list.percussion(named.empty() ? _onlyInstrument : named);
+    if (!use && _usual)
+        use = &*_usual;
+    if (use) {
         note.setMidi(use->key);
         if (!use->guess.empty())
             ++_guesses.insert({use->guess, {use->key, 0}}).first->second.second;

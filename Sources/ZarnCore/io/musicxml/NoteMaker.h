@@ -2,10 +2,12 @@
 #pragma once
 
 #include <ZarnCore/io/musicxml/PartFacts.h>
+#include <ZarnCore/io/musicxml/PartList.h>
 #include <ZarnCore/io/musicxml/WrittenMusic.h>
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace zarn {
@@ -15,9 +17,6 @@ class Note;
 namespace zarn::io {
 
 class ImportContext;
-class PartList;
-struct ListedPart;
-struct PercussionUse;
 
 /// Makes the notes of the tree from written ones.
 class NoteMaker {
@@ -40,7 +39,8 @@ private:
     ImportContext &_context;
     const PartList &_list;
     const PartFacts *_facts = nullptr;
-    std::string _onlyInstrument; ///< id of the instrument of notes that name none
+    std::string _onlyInstrument;         ///< id of the instrument of notes that name none
+    std::optional<PercussionUse> _usual; ///< of a part without instruments, by its name
     std::map<std::string, std::pair<int, std::size_t>> _guesses; ///< key and notes by the name
 };
 

@@ -105,14 +105,19 @@ void StaffTranspositions::tell(int staff, const Run &run)
 {
     const bool isOneBar = run.first == run.last;
     const auto numberOf = [](int bar) { return std::to_string(bar + 1); };
+    const auto soundOf = [](int semitones) {
+        const int count = std::abs(semitones);
+        return count == 0 ? std::string("as written")
+                          : std::to_string(count) + (count == 1 ? " semitone " : " semitones ")
+                + (semitones < 0 ? "lower" : "higher") + " than written";
+    };
     _context.addProblemInBar(
         run.first, run.node,
-        "staff " + numberOf(staff) + " sounds " + std::to_string(run.shift.chromatic)
-            + " semitones from what is written "
-            + (isOneBar ? "in bar " + numberOf(run.first)
-                        : "from bar " + numberOf(run.first) + " to " + numberOf(run.last))
-            + ", the part " + std::to_string(_ofTrack->chromatic)
-            + "; these notes are written with the transposition of the part and sound the same");
+        "staff " + numberOf(staff) + " sounds " + soundOf(run.shift.chromatic)
+            + (isOneBar ? " in bar " + numberOf(run.first)
+                        : " from bar " + numberOf(run.first) + " to " + numberOf(run.last))
+            + ", the part " + soundOf(_ofTrack->chromatic)
+            + "; these notes are written as the part is and sound the same");
 }
 
 void StaffTranspositions::finishPart()

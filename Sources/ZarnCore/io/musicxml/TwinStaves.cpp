@@ -223,10 +223,9 @@ void TwinStaves::mergeBar(int number, Bar &bar, Bar &twin)
     takeMarks(number, twin, own);
     if (!alone.empty() || (ownAlone > 0 && !others.empty()))
         _context.addProblemInBar(number, {},
-                                 "a staff and its tablature differ: of the notes, "
-                                     + std::to_string(ownAlone) + " stand on the staff alone and "
-                                     + std::to_string(alone.size())
-                                     + " in the tablature alone; all were kept");
+                                 "a staff and its tablature differ; notes on the staff alone: "
+                                     + std::to_string(ownAlone) + ", in the tablature alone: "
+                                     + std::to_string(alone.size()) + "; all were kept");
     if (!alone.empty())
         keepAlone(bar, twin, own, alone);
 }
