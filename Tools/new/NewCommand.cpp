@@ -49,7 +49,9 @@ void tune(const Track &track, const GuitarTuning &tuning)
 std::vector<std::shared_ptr<Track>> makeTracks(const Arguments &arguments)
 {
     std::vector<std::shared_ptr<Track>> tracks;
-    for (const auto &[option, value] : arguments.given()) {
+    for (const auto &given : arguments.given()) {
+        const QString &option = given.first;
+        const QString &value = given.second;
         if (option == QStringLiteral("track"))
             tracks.push_back(forOption(option, [&] { return makeTrack(value); }));
         if (option != QStringLiteral("tuning") && option != QStringLiteral("strings"))
