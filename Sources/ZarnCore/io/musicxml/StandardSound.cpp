@@ -18,8 +18,8 @@ struct SoundRow {
     bool isOpen = false; ///< of several kinds
 };
 
-// A row is for all sounds that its text and a point begin; longer rows come before. The order is
-// that of the texts, which the look-up needs.
+// A row is for all sounds that its text and a point begin; of several such rows the longest holds.
+// The order is that of the texts, which the look-up needs.
 // clang-format off
 constexpr std::array sounds = {
     SoundRow{"brass", Set::trumpet},
