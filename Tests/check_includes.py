@@ -22,6 +22,8 @@ ROWS = [
     ["types"],
     ["music"],
     ["instruments"],
+    ["chords"],
+    ["scales"],
     ["model"],
     ["events"],
     ["score", "commands"],
