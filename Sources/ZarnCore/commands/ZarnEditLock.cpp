@@ -3,22 +3,30 @@
 
 #include <ZarnCore/ZarnAssert.h>
 
+#include <chrono>
+
 namespace zarn {
 
 bool EditLock::tryLock()
 {
-    const auto self = std::this_thread::get_id();
-    if (_owner.load(std::memory_order_relaxed) == self || !_mutex.try_lock())
-        return false;
-    _owner.store(self, std::memory_order_relaxed);
-    return true;
+    return take();
 }
 
 void EditLock::unlock()
 {
     ZARN_ASSERT_IN("zarn::CommandStack::unlock",
                    _owner.load(std::memory_order_relaxed) == std::this_thread::get_id());
+    const std::lock_guard<std::mutex> lock(_waiting);
     release();
+    _released.notify_all();
+}
+
+void EditLock::waitAndTake()
+{
+    // Only readers wake the one who waits, so the end of a step elsewhere must be looked for.
+    std::unique_lock<std::mutex> lock(_waiting);
+    while (!_released.wait_for(lock, std::chrono::milliseconds(1), [this] { return take(); }))
+        continue;
 }
 
 void EditLock::raiseInsideStep(const char *function)

@@ -4,12 +4,16 @@
 #include <ZarnCore/ZarnExport.h>
 
 #include <atomic>
+#include <condition_variable>
 #include <mutex>
 #include <thread>
 
 namespace zarn {
 
 /// Keeps the commands of a score apart from its readers on other threads, and steps out of steps.
+///
+/// Readers never wait, so a step that ends has nobody to wake: it costs one exchange to begin and a
+/// store to end.
 class ZARNCORE_EXPORT EditLock {
 public:
     /// Marks that a step is under way, on every way out no longer.
@@ -30,8 +34,8 @@ public:
         explicit Hold(EditLock &lock) : _lock(lock)
         {
             _lock.requireNotLockedHere("zarn::CommandStack::lock");
-            _lock._mutex.lock();
-            _lock._owner.store(std::this_thread::get_id(), std::memory_order_relaxed);
+            if (!_lock.take())
+                _lock.waitAndTake();
         }
         ~Hold() { _lock.release(); }
         Hold(const Hold &) = delete;
@@ -60,16 +64,21 @@ private:
         if (owner != std::thread::id() && owner == std::this_thread::get_id())
             raiseLockedHere(function);
     }
-    void release() noexcept
+    /// False while anyone has it, this thread too.
+    bool take() noexcept
     {
-        _owner.store(std::thread::id(), std::memory_order_relaxed);
-        _mutex.unlock();
+        std::thread::id nobody;
+        return _owner.compare_exchange_strong(nobody, std::this_thread::get_id(),
+                                              std::memory_order_acquire, std::memory_order_relaxed);
     }
+    void release() noexcept { _owner.store(std::thread::id(), std::memory_order_release); }
+    void waitAndTake();
     [[noreturn]] static void raiseInsideStep(const char *function);
     [[noreturn]] static void raiseLockedHere(const char *function);
 
-    std::mutex _mutex;
     std::atomic<std::thread::id> _owner{std::thread::id()}; ///< who has it; nobody by default
+    std::mutex _waiting;                                    ///< of the step that waits for a reader
+    std::condition_variable _released;
     bool _isInsideStep = false;
 };
 

@@ -157,8 +157,8 @@ private:
     bool _placeHolder = false;
     bool _wholeBarRest = false;
     bool _slashedGrace = false;
+    ChildList<Beat, Note> _notes; ///< close to the links, which are read with it
     RhythmValue _rhythm;
-    ChildList<Beat, Note> _notes;
     OnDemand<Words> _words;
 };
 

@@ -62,7 +62,8 @@ protected:
 private:
     friend struct ChildLinkAccess;
 
-    void linkNow() const
+    /// Out of the way of those who walk through the tree.
+    [[gnu::cold, gnu::noinline]] void linkNow() const
     {
         // The children are part of the node, and theirs is a change that nobody can see.
         auto &node = const_cast<Node &>(static_cast<const Node &>(*this));

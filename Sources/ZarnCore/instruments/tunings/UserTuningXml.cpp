@@ -1,21 +1,23 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/instruments/tunings/UserTuningXml.h>
 
+#include <array>
+
 namespace zarn {
 
 namespace {
 
-constexpr QLatin1String rootName("UserTunings", 11);
-constexpr QLatin1String tuningName("Tuning", 6);
-constexpr QLatin1String midiNumberName("MidiNumber", 10);
+const QString rootName = QStringLiteral("UserTunings");
+const QString tuningName = QStringLiteral("Tuning");
+const QString midiNumberName = QStringLiteral("MidiNumber");
 
-constexpr QLatin1String instrumentAttribute("Instrument", 10);
-constexpr QLatin1String nameAttribute("Name", 4);
-constexpr QLatin1String isFlatAttribute("IsFlat", 6);
-constexpr QLatin1String droneAttribute("HasShortDroneString", 19);
-constexpr QLatin1String offsetAttribute("MidiOffset", 10);
-constexpr QLatin1String numberAttribute("Number", 6);
-constexpr QLatin1String indexAttribute("Index", 5);
+const QString instrumentAttribute = QStringLiteral("Instrument");
+const QString nameAttribute = QStringLiteral("Name");
+const QString isFlatAttribute = QStringLiteral("IsFlat");
+const QString droneAttribute = QStringLiteral("HasShortDroneString");
+const QString offsetAttribute = QStringLiteral("MidiOffset");
+const QString numberAttribute = QStringLiteral("Number");
+const QString indexAttribute = QStringLiteral("Index");
 
 constexpr int indentation = 2;
 
@@ -39,14 +41,22 @@ QString writableText(const std::string &text)
     return written;
 }
 
-QString flagText(bool flag)
+/// A number as text; those of pitches and strings are made once.
+QString numberText(int number)
 {
-    return flag ? QStringLiteral("1") : QStringLiteral("0");
+    static const auto usual = [] {
+        std::array<QString, 128> texts;
+        for (std::size_t i = 0; i < texts.size(); ++i)
+            texts[i] = QString::number(i);
+        return texts;
+    }();
+    const auto place = static_cast<std::size_t>(number); // huge when negative
+    return place < usual.size() ? usual[place] : QString::number(number);
 }
 
 } // namespace
 
-UserTuningText::Part::Part() : writer(&text)
+UserTuningText::Part::Part() : writer(&written)
 {
     writer.setAutoFormatting(true);
     writer.setAutoFormattingIndent(indentation);
@@ -56,18 +66,19 @@ UserTuningText::Part::Part() : writer(&text)
 void UserTuningText::Part::append(const GuitarTuning &tuning)
 {
     writer.writeStartElement(tuningName);
-    writer.writeAttribute(instrumentAttribute,
-                          QString::number(static_cast<unsigned>(tuning.instrument())));
+    writer.writeAttribute(instrumentAttribute, numberText(static_cast<int>(tuning.instrument())));
     writer.writeAttribute(nameAttribute, writableText(tuning.name()));
-    writer.writeAttribute(isFlatAttribute, flagText(tuning.isFlat()));
-    writer.writeAttribute(droneAttribute, flagText(tuning.hasShortDroneString()));
-    writer.writeAttribute(offsetAttribute, QString::number(tuning.midiOffset()));
+    writer.writeAttribute(isFlatAttribute, numberText(tuning.isFlat() ? 1 : 0));
+    writer.writeAttribute(droneAttribute, numberText(tuning.hasShortDroneString() ? 1 : 0));
+    writer.writeAttribute(offsetAttribute, numberText(tuning.midiOffset()));
     for (unsigned string = 0; string < tuning.stringCount(); ++string) {
         writer.writeEmptyElement(midiNumberName);
-        writer.writeAttribute(numberAttribute, QString::number(tuning.tuning(string)));
-        writer.writeAttribute(indexAttribute, QString::number(string));
+        writer.writeAttribute(numberAttribute, numberText(tuning.tuning(string)));
+        writer.writeAttribute(indexAttribute, numberText(static_cast<int>(string)));
     }
     writer.writeEndElement();
+    text.append(written.toUtf8());
+    written.resize(0);
 }
 
 void UserTuningText::append(const GuitarTuning &tuning)
@@ -180,6 +191,7 @@ void UserTuningDocument::readTuning()
 std::vector<UserTuningDocument::Pitch> UserTuningDocument::readPitches()
 {
     std::vector<Pitch> pitches;
+    pitches.reserve(GuitarTuning::maximumStringCount);
     for (int depth = 1; depth > 0 && !_reader.hasError();) {
         const auto token = _reader.readNext();
         if (token == QXmlStreamReader::EndElement)
@@ -214,7 +226,7 @@ void UserTuningDocument::setPitches(GuitarTuning &tuning, const std::vector<Pitc
     }
 }
 
-int UserTuningDocument::number(const Start &start, QLatin1String attribute, bool *isNumber)
+int UserTuningDocument::number(const Start &start, const QString &attribute, bool *isNumber)
 {
     const auto text = start.attributes.value(attribute);
     bool isRight = true;

@@ -37,6 +37,10 @@ private:
 
         /// The document with the tunings of one string count, its end left open.
         QByteArray text;
+
+        /// What is not yet in the text; a writer to a string does not go through a device for each
+        /// word.
+        QString written;
         QXmlStreamWriter writer;
     };
 
@@ -78,7 +82,7 @@ private:
     void readTuning();
     std::vector<Pitch> readPitches();
     void setPitches(GuitarTuning &tuning, const std::vector<Pitch> &pitches);
-    int number(const Start &start, QLatin1String attribute, bool *isNumber = nullptr);
+    int number(const Start &start, const QString &attribute, bool *isNumber = nullptr);
     void report(qint64 line, const QString &fault);
 
     QXmlStreamReader _reader;

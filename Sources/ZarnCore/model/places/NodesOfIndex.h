@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // From the numbers of an index to the nodes of its model, for those who only look at them: null
-// for what does not exist.
+// for what does not exist. The whole way is one piece of code wherever it is asked for: calls
+// between its steps would cost more than the steps.
 #pragma once
 
 #include <ZarnCore/model/ZarnScoreModel.h>
@@ -21,33 +22,38 @@ const typename Children::value_type *childAt(const Children &children, Number nu
         : nullptr;
 }
 
-inline const std::shared_ptr<Track> *findTrack(const ScoreModelIndex &index) noexcept
+[[gnu::always_inline]] inline const std::shared_ptr<Track> *
+findTrack(const ScoreModelIndex &index) noexcept
 {
     const ScoreModel *model = index.model();
     return model ? childAt(model->tracks(), index.trackIndex()) : nullptr;
 }
 
-inline const std::shared_ptr<Staff> *findStaff(const ScoreModelIndex &index) noexcept
+[[gnu::always_inline]] inline const std::shared_ptr<Staff> *
+findStaff(const ScoreModelIndex &index) noexcept
 {
     const auto *track = findTrack(index);
     return track ? childAt((*track)->staves(), index.staffIndex()) : nullptr;
 }
 
-inline const std::shared_ptr<Bar> *findBar(const ScoreModelIndex &index) noexcept
+[[gnu::always_inline]] inline const std::shared_ptr<Bar> *
+findBar(const ScoreModelIndex &index) noexcept
 {
     const auto *staff = findStaff(index);
     return staff ? childAt((*staff)->bars(), index.barIndex()) : nullptr;
 }
 
 /// Null also for a slot without a voice.
-inline const std::shared_ptr<Voice> *findVoice(const ScoreModelIndex &index) noexcept
+[[gnu::always_inline]] inline const std::shared_ptr<Voice> *
+findVoice(const ScoreModelIndex &index) noexcept
 {
     const auto *bar = findBar(index);
     const auto *voice = bar ? childAt((*bar)->voices(), index.voiceIndex()) : nullptr;
     return voice && *voice ? voice : nullptr;
 }
 
-inline const std::shared_ptr<Beat> *findBeat(const ScoreModelIndex &index) noexcept
+[[gnu::always_inline]] inline const std::shared_ptr<Beat> *
+findBeat(const ScoreModelIndex &index) noexcept
 {
     const auto *voice = findVoice(index);
     return voice ? childAt((*voice)->beats(), index.beatIndex()) : nullptr;

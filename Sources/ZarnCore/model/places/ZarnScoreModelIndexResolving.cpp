@@ -36,25 +36,37 @@ struct NoteLocator {
     }
 };
 
+/// The first note that fits. Backwards through all of them: chords are short, and a branch on the
+/// first would be guessed wrong every other time.
+template <class Fits>
+const std::shared_ptr<Note> *firstNote(const Beat &beat, const Fits &fits) noexcept
+{
+    const std::shared_ptr<Note> *first = nullptr;
+    const auto &notes = beat.notes();
+    for (auto note = notes.end(); note != notes.begin();) {
+        --note;
+        first = fits(**note) ? &*note : first;
+    }
+    return first;
+}
+
 } // namespace
 
 const std::shared_ptr<Note> *findNote(const Beat &beat, const ScoreModelIndex &index) noexcept
 {
     NoteLocator locator{index.noteMidi(), index.noteString(), index.noteInstrumentArticulation()};
-    const auto search = [&]() -> const std::shared_ptr<Note> * {
-        // Backwards through all of them: chords are short, and a branch on the first would be
-        // guessed wrong every other time.
-        const auto &notes = beat.notes();
-        std::size_t first = notes.size();
-        for (std::size_t i = notes.size(); i-- > 0;)
-            first = locator.matches(*notes[i]) ? i : first;
-        return first < notes.size() ? &notes[first] : nullptr;
-    };
-    const auto *found = search();
+    const bool namesOnlyString = !NoteLocator::isSet(locator.midi)
+        && (!NoteLocator::isSet(locator.element) || locator.element == 0);
+    const auto *found = namesOnlyString && NoteLocator::isSet(locator.string)
+        ? firstNote(beat,
+                    [string = static_cast<int>(locator.string)](const Note &note) {
+                        return note.string() == string;
+                    })
+        : firstNote(beat, [&locator](const Note &note) { return locator.matches(note); });
     if (!found && locator.string == 0) {
         // String 0 is also what an index holds that never was given a string.
         locator.string = ScoreModelIndex::Unset;
-        found = search();
+        found = firstNote(beat, [&locator](const Note &note) { return locator.matches(note); });
     }
     return found;
 }
