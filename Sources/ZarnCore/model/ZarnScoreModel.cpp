@@ -1,9 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/model/ZarnScoreModel.h>
 
+#include <ZarnCore/model/layout/PageText.h>
+
 #include <algorithm>
 
 namespace zarn {
+namespace {
+
+const std::string noText;
+
+} // namespace
 
 ScoreModel::ScoreModel() : _masterTrack(std::make_shared<MasterTrack>())
 {
@@ -160,6 +167,62 @@ void ScoreModel::swapAudioTrack(unsigned first, unsigned second)
 {
     if (first < audioTrackCount() && second < audioTrackCount())
         _audioTracks[first].swap(_audioTracks[second]);
+}
+
+const std::string &ScoreModel::property(ScoreProperty property) const noexcept
+{
+    const auto index = static_cast<unsigned>(property);
+    return index < PropertyCount ? _properties[index] : noText;
+}
+
+void ScoreModel::setScoreProperty(ScoreProperty property, const std::string &value)
+{
+    const auto index = static_cast<unsigned>(property);
+    ZARN_ASSERT_IN("zarn::ScoreModel::setScoreProperty", index < PropertyCount);
+    _properties[index] = value;
+}
+
+const std::string &ScoreModel::headerAndFooter(HeaderAndFooter place) const noexcept
+{
+    const auto index = static_cast<unsigned>(place);
+    return index < HeaderAndFooterCount ? _headersAndFooters[index] : noText;
+}
+
+void ScoreModel::setHeaderAndFooter(HeaderAndFooter place, const std::string &text)
+{
+    const auto index = static_cast<unsigned>(place);
+    ZARN_ASSERT_IN("zarn::ScoreModel::setHeaderAndFooter", index < HeaderAndFooterCount);
+    _headersAndFooters[index] = text;
+}
+
+std::string ScoreModel::formatHeaderAndFooter(const std::string &text, unsigned page,
+                                              unsigned pageCount) const
+{
+    return filledPageText(text, [&](const std::string &word) -> std::optional<std::string> {
+        if (word == "Page")
+            return std::to_string(page);
+        if (word == "Pages")
+            return std::to_string(pageCount);
+        for (unsigned i = 0; i < PropertyCount; ++i)
+            if (scorePropertyToQString(static_cast<ScoreProperty>(i)).toStdString() == word)
+                return _properties[i];
+        return std::nullopt;
+    });
+}
+
+std::string ScoreModel::formatedHeaderAndFooter(HeaderAndFooter place, unsigned page,
+                                                unsigned pageCount) const
+{
+    return formatHeaderAndFooter(headerAndFooter(place), page, pageCount);
+}
+
+int ScoreModel::popInFullScoreSystemsLayout()
+{
+    if (_systemsLayout.empty())
+        return 0;
+    const int last = _systemsLayout.back();
+    _systemsLayout.pop_back();
+    return last;
 }
 
 bool operator==(const ScoreModel &left, const ScoreModel &right)

@@ -4,6 +4,7 @@
 #include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/instruments/soundbanks/ZarnSoundCatalogue.h>
 #include <ZarnCore/instruments/soundbanks/ZarnSoundbankPatch.h>
+#include <ZarnCore/instruments/sounds/OrkaSoundText.h>
 #include <ZarnCore/utils/EnumTable.h>
 
 #include <algorithm>
@@ -67,6 +68,16 @@ void OrkaSound::setSwitchPosition(std::int32_t position)
 {
     ZARN_ASSERT_IN("zarn::OrkaSound::setSwitchPosition", position >= 0);
     _switchPosition = position;
+}
+
+std::string OrkaSound::toString() const
+{
+    return textOfSound(*this);
+}
+
+std::optional<OrkaSound> OrkaSound::fromString(const std::string &text)
+{
+    return soundFromText(text);
 }
 
 std::string OrkaSound::soundReproductionToString(SoundReproduction value)

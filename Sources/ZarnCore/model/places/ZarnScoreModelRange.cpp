@@ -3,7 +3,10 @@
 
 #include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/model/ZarnBar.h>
+#include <ZarnCore/model/places/BarSelection.h>
+#include <ZarnCore/model/places/NodesOfIndex.h>
 #include <ZarnCore/model/places/VoiceLine.h>
+#include <ZarnCore/model/places/ZarnRangeBarIterator.h>
 #include <ZarnCore/model/places/ZarnRangeSpanIterator.h>
 
 #include <filesystem/FileHandle.h>
@@ -206,6 +209,135 @@ bool ScoreModelRange::readFromStream(filesystem::FileHandle &file, int version)
     read._mode = static_cast<SelectionMode>(mode);
     *this = read;
     return true;
+}
+
+ScoreModelRange ScoreModelRange::overBars(int firstBar, int lastBar) const
+{
+    const bool ordered = _first.barIndex() <= _second.barIndex();
+    ScoreModelRange range(*this);
+    range._first = ordered ? _first : _second;
+    range._second = ordered ? _second : _first;
+    const auto place = [](ScoreModelIndex &end, int bar, bool atEnd) {
+        end.invalidateBar();
+        end.setBarIndex(bar);
+        const auto *voice = findVoice(end);
+        if (voice && !(*voice)->isEmpty())
+            end.setBeatIndex(atEnd ? static_cast<int>((*voice)->beatCount()) - 1 : 0);
+    };
+    place(range._first, firstBar, false);
+    place(range._second, lastBar, true);
+    range.setMultiSelection(true);
+    return range;
+}
+
+bool ScoreModelRange::hasAnySimile() const
+{
+    for (RangeBarIterator it(*this); it.oneStep();)
+        if (it.bar()->isSimile())
+            return true;
+    return false;
+}
+
+ScoreModelRange ScoreModelRange::extendedBarRange() const
+{
+    return extendedBorderBarRange(0);
+}
+
+ScoreModelRange ScoreModelRange::extendedBorderBarRange(int count) const
+{
+    const BarSelection selection = BarSelection::of(*this);
+    if (selection.staves.empty())
+        return *this;
+    const int lastBar = static_cast<int>(selection.staves.front()->barCount()) - 1;
+    const int border = std::clamp(count, 0, lastBar);
+    return overBars(std::max(selection.first - border, 0),
+                    std::min(selection.last + border, lastBar));
+}
+
+ScoreModelRange ScoreModelRange::extendedTiedBarRange(int limit) const
+{
+    const BarSelection selection = BarSelection::of(*this);
+    if (selection.staves.empty())
+        return *this;
+    const unsigned firstVoice = isMultiVoice() ? 0 : _first.voiceIndex();
+    const unsigned lastVoice = isMultiVoice() ? Bar::MaxVoices - 1 : firstVoice;
+    const auto isCrossed = [&](int bar) {
+        return selection.isCrossedByTie(bar, firstVoice, lastVoice);
+    };
+    BarSelection reached = selection;
+    const int most = limit < 0 ? std::numeric_limits<int>::max() : limit;
+    for (int left = most; left > 0 && isCrossed(reached.first); --left)
+        --reached.first;
+    for (int left = most; left > 0 && isCrossed(reached.last + 1); --left)
+        ++reached.last;
+    return overBars(reached.first, reached.last);
+}
+
+ScoreModelRange ScoreModelRange::extendedSoundingSimileRange() const
+{
+    const BarSelection selection = BarSelection::of(*this);
+    if (selection.staves.empty())
+        return *this;
+    BarSelection reached = selection;
+    int barCount = 0;
+    while (barCount != reached.barCount()) {
+        barCount = reached.barCount();
+        for (const Staff *const staff : selection.staves)
+            reached.reachSimiles(*staff);
+    }
+    return overBars(reached.first, reached.last);
+}
+
+ScoreModelRange ScoreModelRange::soundingBarRange() const
+{
+    const BarSelection selection = BarSelection::of(*this);
+    if (selection.staves.empty())
+        return *this;
+    const BarSelection reached = selection.sounding();
+    return overBars(reached.first, reached.last);
+}
+
+ScoreModelRange ScoreModelRange::extendedBarRange(const ScoreModelRange &range)
+{
+    return range.extendedBarRange();
+}
+
+ScoreModelRange ScoreModelRange::extendedBorderBarRange(const ScoreModelRange &range, int count)
+{
+    return range.extendedBorderBarRange(count);
+}
+
+ScoreModelRange ScoreModelRange::extendedTiedBarRange(const ScoreModelRange &range, int limit)
+{
+    return range.extendedTiedBarRange(limit);
+}
+
+ScoreModelRange ScoreModelRange::extendedSoundingSimileRange(const ScoreModelRange &range)
+{
+    return range.extendedSoundingSimileRange();
+}
+
+ScoreModelRange ScoreModelRange::soundingBarRange(const ScoreModelRange &range)
+{
+    return range.soundingBarRange();
+}
+
+ScoreModelIndex ScoreModelRange::mapFirst(unsigned voice) const
+{
+    return _first.mapOnVoice(voice, true);
+}
+
+ScoreModelIndex ScoreModelRange::mapSecond(unsigned voice) const
+{
+    return _second.mapOnVoice(voice, true);
+}
+
+ScoreModelRange ScoreModelRange::mapRange(unsigned voice) const
+{
+    ScoreModelRange range(*this);
+    range._first = mapFirst(voice);
+    range._second = mapSecond(voice);
+    return range;
 }
 
 } // namespace zarn

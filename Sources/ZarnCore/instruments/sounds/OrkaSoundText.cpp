@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// The line of text that holds a sampled sound.
+#include <ZarnCore/instruments/sounds/OrkaSoundText.h>
+
 #include <ZarnCore/ZarnException.h>
 #include <ZarnCore/instruments/TextFields.h>
-#include <ZarnCore/instruments/sounds/ZarnOrkaSound.h>
 
 #include <algorithm>
 
@@ -87,19 +87,21 @@ std::optional<EffectChain> chainFromText(const std::string &text)
 
 } // namespace
 
-std::string OrkaSound::toString() const
+std::string textOfSound(const OrkaSound &sound)
 {
-    if (*this == OrkaSound())
+    if (sound == OrkaSound())
         return {};
     return detail::joinedFields(
-        {_patchId, soundReproductionToString(_soundReproduction),
-         textOfFloats(_pickupTones, itemSeparator), textOfFloats(_knobVolumes, itemSeparator),
-         std::to_string(_switchPosition), std::to_string(_overloudPosition),
-         detail::joinedList(_overloudPickupIds, itemSeparator), textOfChain(_effectChain)},
+        {sound.soundbankPatchId(), OrkaSound::soundReproductionToString(sound.soundReproduction()),
+         textOfFloats(sound.pickupTones(), itemSeparator),
+         textOfFloats(sound.knobVolumes(), itemSeparator), std::to_string(sound.switchPosition()),
+         std::to_string(sound.overloudPosition()),
+         detail::joinedList(sound.overloudPickupIds(), itemSeparator),
+         textOfChain(sound.effectChain())},
         fieldSeparator);
 }
 
-std::optional<OrkaSound> OrkaSound::fromString(const std::string &text)
+std::optional<OrkaSound> soundFromText(const std::string &text)
 {
     if (text.empty())
         return OrkaSound();
@@ -115,7 +117,7 @@ std::optional<OrkaSound> OrkaSound::fromString(const std::string &text)
     if (!tones || !volumes || !switchPosition || !overloudPosition || !pickupIds || !chain)
         return std::nullopt;
     OrkaSound sound(fields[0]);
-    sound.setSoundReproduction(soundReproductionFromString(fields[1]));
+    sound.setSoundReproduction(OrkaSound::soundReproductionFromString(fields[1]));
     sound.setOverloudPosition(*overloudPosition);
     sound.setOverloudPickupIds(*pickupIds);
     sound.setEffectChain(*chain);

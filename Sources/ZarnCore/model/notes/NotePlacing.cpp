@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Notes are placed in a voice by time, cutting the beats that are in the way.
-#include <ZarnCore/model/ZarnVoice.h>
+#include <ZarnCore/model/notes/NotePlacing.h>
 
 #include <ZarnCore/model/notes/Ties.h>
 
@@ -116,8 +115,8 @@ Voice::Beats beatsBetween(const Voice &voice, const rational &start, const ratio
 
 } // namespace
 
-Voice::Beats Voice::insertNotesInBeatsBetween(const Notes &notes, const rational &start,
-                                              const rational &end)
+Voice::Beats placeNotes(Voice &voice, const Voice::Notes &notes, const rational &start,
+                        const rational &end)
 {
     if (notes.empty() || start < rational() || !(start < end))
         return {};
@@ -125,8 +124,8 @@ Voice::Beats Voice::insertNotesInBeatsBetween(const Notes &notes, const rational
         ChildLinkAccess::requireDetached(note);
 
     // Everything that may fail comes before the first change.
-    const std::vector<Cut> cuts = planCuts(*this, start, end);
-    const rational length = this->length();
+    const std::vector<Cut> cuts = planCuts(voice, start, end);
+    const rational length = voice.length();
     Rhythms gap;
     Rhythms tail;
     if (length < start)
@@ -135,13 +134,13 @@ Voice::Beats Voice::insertNotesInBeatsBetween(const Notes &notes, const rational
         split(end - std::max(length, start), tail);
 
     for (auto cut = cuts.rbegin(); cut != cuts.rend(); ++cut)
-        applyCut(*this, *cut);
-    Beats added;
+        applyCut(voice, *cut);
+    Voice::Beats added;
     appendPlaceHolders(added, gap);
     appendPlaceHolders(added, tail);
-    insertBeats(beatCount(), std::move(added));
+    voice.insertBeats(voice.beatCount(), std::move(added));
 
-    const Beats beats = beatsBetween(*this, start, end);
+    const Voice::Beats beats = beatsBetween(voice, start, end);
     for (std::size_t i = 0; i < beats.size(); ++i) {
         beats[i]->setPlaceHolder(false);
         for (const auto &note : notes) {
@@ -160,14 +159,8 @@ Voice::Beats Voice::insertNotesInBeatsBetween(const Notes &notes, const rational
             if (i + 1 < beats.size())
                 note->setTieOrigin(true);
         }
-    mendTies(*this, beats.front()->index(), beats.back()->index() + 1);
+    mendTies(voice, beats.front()->index(), beats.back()->index() + 1);
     return beats;
-}
-
-Voice::Beats Voice::insertNoteWithCut(const std::shared_ptr<Note> &note, const rational &start,
-                                      const rational &length)
-{
-    return insertNotesInBeatsBetween({note}, start, start + length);
 }
 
 } // namespace zarn
