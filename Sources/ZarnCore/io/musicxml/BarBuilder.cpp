@@ -18,7 +18,8 @@ constexpr std::ptrdiff_t nearBeats = 16;
 
 } // namespace
 
-BarBuilder::BarBuilder(ImportContext &context, NoteMaker &notes) : _context(context), _notes(notes)
+BarBuilder::BarBuilder(ImportContext &context, NoteMaker &notes)
+    : _context(context), _notes(notes), _gaps(context), _marks(context, _gaps)
 {
 }
 
@@ -26,6 +27,7 @@ void BarBuilder::startPart()
 {
     _staves.clear();
     _rests.clear();
+    _marks.startPart();
 }
 
 void BarBuilder::build(const WrittenMeasure &measure,
@@ -39,9 +41,8 @@ void BarBuilder::build(const WrittenMeasure &measure,
     for (auto &staff : _staves)
         for (auto &slot : staff.voiceSlots)
             if (!slot.beats.empty())
-                fill(slot, measure.length, measure.node);
-    attachMarks(measure);
-    attachOttavas(measure);
+                _gaps.fill(slot, measure.length, measure.node);
+    _marks.place(measure, _staves);
 
     for (std::size_t i = 0; i < staves.size(); ++i) {
         auto bar = std::make_shared<Bar>();
@@ -59,7 +60,7 @@ void BarBuilder::build(const WrittenMeasure &measure,
                 bar->setVoice(number, voice);
             }
             slot.beats.clear();
-            slot.voice = Nobody;
+            slot.voice = VoiceSlot::Nobody;
             slot.end = 0;
         }
         if (isEmpty)
@@ -92,7 +93,7 @@ void BarBuilder::place(const WrittenNote &note)
         squeezeIn(note);
 }
 
-BarBuilder::Slot *BarBuilder::slotFor(const WrittenNote &note)
+VoiceSlot *BarBuilder::slotFor(const WrittenNote &note)
 {
     auto &staff = _staves[static_cast<std::size_t>(note.staff)];
     if (auto *own = ownSlot(staff, note.voice)) {
@@ -111,7 +112,7 @@ BarBuilder::Slot *BarBuilder::slotFor(const WrittenNote &note)
     return roomySlot(staff, note);
 }
 
-BarBuilder::Slot *BarBuilder::ownSlot(StaffSlots &staff, int voice)
+VoiceSlot *BarBuilder::ownSlot(StaffSlots &staff, int voice)
 {
     for (auto &slot : staff.voiceSlots)
         if (slot.voice == voice)
@@ -120,26 +121,27 @@ BarBuilder::Slot *BarBuilder::ownSlot(StaffSlots &staff, int voice)
 }
 
 /// A slot that is empty in this bar, the voice's usual one if it can be had.
-BarBuilder::Slot *BarBuilder::freeSlot(StaffSlots &staff, int voice)
+VoiceSlot *BarBuilder::freeSlot(StaffSlots &staff, int voice)
 {
     const auto index = static_cast<std::size_t>(voice);
     if (staff.preferred.size() <= index)
-        staff.preferred.resize(index + 1, Nobody);
+        staff.preferred.resize(index + 1, VoiceSlot::Nobody);
     auto &preferred = staff.preferred[index];
-    if (preferred == Nobody) {
+    if (preferred == VoiceSlot::Nobody) {
         const auto open = std::find(staff.claimed.begin(), staff.claimed.end(), false);
         if (open != staff.claimed.end()) {
             *open = true;
             preferred = static_cast<int>(open - staff.claimed.begin());
         }
     }
-    const auto take = [&](Slot &slot) {
-        if (slot.voice != Nobody)
+    const auto take = [&](VoiceSlot &slot) {
+        if (slot.voice != VoiceSlot::Nobody)
             return false;
         slot.voice = voice;
         return true;
     };
-    if (preferred != Nobody && take(staff.voiceSlots[static_cast<std::size_t>(preferred)]))
+    if (preferred != VoiceSlot::Nobody
+        && take(staff.voiceSlots[static_cast<std::size_t>(preferred)]))
         return &staff.voiceSlots[static_cast<std::size_t>(preferred)];
     for (auto slot = staff.voiceSlots.rbegin(); slot != staff.voiceSlots.rend(); ++slot)
         if (take(*slot))
@@ -148,7 +150,7 @@ BarBuilder::Slot *BarBuilder::freeSlot(StaffSlots &staff, int voice)
 }
 
 /// A slot of another voice that has ended when the note begins.
-BarBuilder::Slot *BarBuilder::roomySlot(StaffSlots &staff, const WrittenNote &note)
+VoiceSlot *BarBuilder::roomySlot(StaffSlots &staff, const WrittenNote &note)
 {
     for (auto &slot : staff.voiceSlots)
         if (!(note.onset + note.tolerance < slot.end))
@@ -156,10 +158,10 @@ BarBuilder::Slot *BarBuilder::roomySlot(StaffSlots &staff, const WrittenNote &no
     return nullptr;
 }
 
-void BarBuilder::append(Slot &slot, const WrittenNote &note)
+void BarBuilder::append(VoiceSlot &slot, const WrittenNote &note)
 {
     if (slot.end + note.tolerance < note.onset)
-        fill(slot, note.onset, note.node);
+        _gaps.fill(slot, note.onset, note.node);
     auto beat = std::make_shared<Beat>(note.rhythm);
     if (note.grace) {
         beat->setGraceType(note.slashed ? GraceType::BeforeBeat : GraceType::OnBeat);
@@ -185,28 +187,6 @@ void BarBuilder::append(Slot &slot, const WrittenNote &note)
     slot.beats.push_back({onset, std::move(beat)});
 }
 
-/// Fills a slot up to `end` with place holders.
-void BarBuilder::fill(Slot &slot, const rational &end, pugi::xml_node node)
-{
-    if (!(slot.end < end))
-        return;
-    _fillers.clear();
-    try {
-        RhythmValue::rhythms(end - slot.end, _fillers);
-    } catch (const CoreException &) {
-        _context.addProblem(
-            node, "a gap of " + inQuarters(end - slot.end) + " fits no note values and was closed");
-        return;
-    }
-    _context.addEmptyNodes(node, _fillers.size());
-    for (const auto &rhythm : _fillers) {
-        auto beat = std::make_shared<Beat>(rhythm);
-        beat->setPlaceHolder(true);
-        slot.beats.push_back({slot.end, std::move(beat)});
-        slot.end += rhythm.getLength();
-    }
-}
-
 /// The last resort: the note joins the beat that begins nearest to it.
 void BarBuilder::squeezeIn(const WrittenNote &note)
 {
@@ -224,7 +204,7 @@ void BarBuilder::squeezeIn(const WrittenNote &note)
 }
 
 /// The beat with notes whose onset is nearest, or else one without; never a grace beat.
-BarBuilder::PlacedBeat *BarBuilder::beatNear(StaffSlots &staff, const rational &onset)
+PlacedBeat *BarBuilder::beatNear(StaffSlots &staff, const rational &onset)
 {
     PlacedBeat *best = nullptr;
     const auto isBetter = [&](const PlacedBeat &candidate) {

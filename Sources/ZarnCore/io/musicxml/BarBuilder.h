@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ZarnCore/io/musicxml/PartFacts.h>
+#include <ZarnCore/io/musicxml/GapFiller.h>
+#include <ZarnCore/io/musicxml/MarkPlacer.h>
+#include <ZarnCore/io/musicxml/StaffSlots.h>
 #include <ZarnCore/io/musicxml/WrittenMusic.h>
-#include <ZarnCore/model/ZarnBar.h>
 
-#include <array>
 #include <memory>
-#include <utility>
 #include <vector>
 
 namespace zarn::io {
@@ -40,47 +39,22 @@ public:
     const std::vector<WholeMeasureRest> &wholeMeasureRests() const noexcept { return _rests; }
 
 private:
-    static constexpr int Nobody = -1;
-
-    struct PlacedBeat {
-        utils::rational onset;
-        std::shared_ptr<Beat> beat;
-    };
-
-    struct Slot {
-        int voice = Nobody;
-        utils::rational end;
-        std::vector<PlacedBeat> beats;
-    };
-
-    struct StaffSlots {
-        std::array<Slot, Bar::MaxVoices> voiceSlots;
-        std::vector<int> preferred; ///< slot of each voice of the part; `Nobody` for none yet
-        std::array<bool, Bar::MaxVoices> claimed = {};
-        Ottavia ottavia = Ottavia::None; ///< that is open at the start of the bar
-    };
-
     void place(const WrittenNote &note);
     bool joinChord(const WrittenNote &note);
-    Slot *slotFor(const WrittenNote &note);
-    Slot *ownSlot(StaffSlots &staff, int voice);
-    Slot *freeSlot(StaffSlots &staff, int voice);
-    Slot *roomySlot(StaffSlots &staff, const WrittenNote &note);
-    void append(Slot &slot, const WrittenNote &note);
-    void fill(Slot &slot, const utils::rational &end, pugi::xml_node node);
+    VoiceSlot *slotFor(const WrittenNote &note);
+    VoiceSlot *ownSlot(StaffSlots &staff, int voice);
+    VoiceSlot *freeSlot(StaffSlots &staff, int voice);
+    VoiceSlot *roomySlot(StaffSlots &staff, const WrittenNote &note);
+    void append(VoiceSlot &slot, const WrittenNote &note);
     void squeezeIn(const WrittenNote &note);
     PlacedBeat *beatNear(StaffSlots &staff, const utils::rational &onset);
-    void attachMarks(const WrittenMeasure &measure);
-    void attach(const WrittenMark &mark, Beat &beat);
-    void attachOttavas(const WrittenMeasure &measure);
-    Beat *beatForMark(const WrittenMark &mark, const utils::rational &length);
 
     ImportContext &_context;
     NoteMaker &_notes;
+    GapFiller _gaps;
+    MarkPlacer _marks;
     std::vector<StaffSlots> _staves;
     std::vector<WholeMeasureRest> _rests;
-    std::vector<RhythmValue> _fillers;
-    std::vector<std::pair<utils::rational, Ottavia>> _ottavas;
 
     /// The beat that a chord grows on, by staff: a chord may stand on several.
     std::vector<Beat *> _chordBeats;

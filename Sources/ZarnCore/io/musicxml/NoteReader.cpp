@@ -46,7 +46,7 @@ bool isNo(const char *text)
 void NoteReader::startPart(PartTally &tally, SourceTally &whole)
 {
     _tally = &tally;
-    _whole = &whole;
+    _notations.startPart(tally, whole);
     _tuplets = {};
 }
 
@@ -56,8 +56,7 @@ WrittenNote NoteReader::read(pugi::xml_node node)
     _rhythm = {};
     _modification = {};
     _hasModification = false;
-    _tupletMarks.clear();
-    _dynamics.clear();
+    _notations.startNote();
 
     WrittenNote note;
     note.node = node;
@@ -89,7 +88,7 @@ WrittenNote NoteReader::read(pugi::xml_node node)
             _duration = _context.decimal(child, 0);
             break;
         case Tag::Tie:
-            readTie(child, note);
+            _notations.readTie(child, note);
             break;
         case Tag::Instrument:
             note.instrument = child.attribute("id").value();
@@ -114,7 +113,7 @@ WrittenNote NoteReader::read(pugi::xml_node node)
             readHead(child, note);
             break;
         case Tag::Notations:
-            readNotations(child, note);
+            _notations.read(child, note);
             break;
         case Tag::Lyric:
             ++_tally->notes.lyrics;
@@ -131,12 +130,12 @@ WrittenNote NoteReader::read(pugi::xml_node node)
     }
     note.hidden = isNo(node.attribute("print-object").value());
     note.voice = voiceNumber(voice);
-    for (const auto &mark : _tupletMarks)
+    for (const auto &mark : _notations.tupletMarks())
         if (mark.starts)
             _tuplets.start(note.voice, mark.number, mark.ratio);
     if (_hasModification)
         _tuplets.split(note.voice, _modification, _rhythm);
-    for (const auto &mark : _tupletMarks)
+    for (const auto &mark : _notations.tupletMarks())
         if (!mark.starts)
             _tuplets.stop(note.voice, mark.number);
     count(note);

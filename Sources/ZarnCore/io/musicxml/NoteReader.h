@@ -2,6 +2,7 @@
 #pragma once
 
 #include <ZarnCore/io/ZarnSourceTally.h>
+#include <ZarnCore/io/musicxml/NotationsReader.h>
 #include <ZarnCore/io/musicxml/TupletTracker.h>
 #include <ZarnCore/io/musicxml/WrittenMusic.h>
 
@@ -17,7 +18,7 @@ class ImportContext;
 /// measure's reader.
 class NoteReader {
 public:
-    explicit NoteReader(ImportContext &context) : _context(context) { }
+    explicit NoteReader(ImportContext &context) : _context(context), _notations(context) { }
 
     /// The note, with everything but onset, length and rhythm.
     WrittenNote read(pugi::xml_node node);
@@ -28,25 +29,15 @@ public:
     const WrittenRhythm &rhythm() const noexcept { return _rhythm; }
 
     /// Dynamics that stand at the note itself.
-    const std::vector<pugi::xml_node> &dynamics() const noexcept { return _dynamics; }
+    const std::vector<pugi::xml_node> &dynamics() const noexcept { return _notations.dynamics(); }
 
     /// Starts another part, whose counts go here.
     void startPart(PartTally &tally, SourceTally &whole);
 
 private:
-    struct TupletMark {
-        bool starts;
-        int number;
-        TupletRatio ratio;
-    };
-
     void readPitch(pugi::xml_node pitch, WrittenNote &note);
     void readUnpitched(pugi::xml_node unpitched, WrittenNote &note);
     void readHead(pugi::xml_node head, WrittenNote &note);
-    void readNotations(pugi::xml_node notations, WrittenNote &note);
-    void readTechnical(pugi::xml_node technical, WrittenNote &note);
-    void readTie(pugi::xml_node tie, WrittenNote &note);
-    void readTuplet(pugi::xml_node tuplet);
     void readType(pugi::xml_node type);
     TupletRatio readModification(pugi::xml_node node);
     int voiceNumber(const char *name);
@@ -54,14 +45,12 @@ private:
 
     ImportContext &_context;
     PartTally *_tally = nullptr;
-    SourceTally *_whole = nullptr;
+    NotationsReader _notations;
     TupletTracker _tuplets;
     std::optional<utils::rational> _duration;
     WrittenRhythm _rhythm;
     TupletRatio _modification;
     bool _hasModification = false;
-    std::vector<TupletMark> _tupletMarks;
-    std::vector<pugi::xml_node> _dynamics;
 };
 
 } // namespace zarn::io

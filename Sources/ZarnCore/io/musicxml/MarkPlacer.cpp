@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// What stands over the beats of a bar: dynamics, texts, chord symbols, ottavas.
-#include <ZarnCore/io/musicxml/BarBuilder.h>
+#include <ZarnCore/io/musicxml/MarkPlacer.h>
+
+#include <ZarnCore/io/musicxml/GapFiller.h>
 #include <ZarnCore/io/musicxml/ImportContext.h>
 
 #include <algorithm>
@@ -16,19 +17,20 @@ constexpr std::size_t mostText = 4096;
 
 } // namespace
 
-void BarBuilder::attachMarks(const WrittenMeasure &measure)
+void MarkPlacer::place(const WrittenMeasure &measure, std::vector<StaffSlots> &staves)
 {
     for (const auto &mark : measure.marks) {
         if (mark.kind == WrittenMark::Kind::Ottava)
             continue;
-        if (auto *beat = beatForMark(mark, measure.length))
+        if (auto *beat = beatFor(mark, measure.length, staves))
             attach(mark, *beat);
         else
             _context.addProblem(mark.node, "this stands in a bar without beats and was left out");
     }
+    placeOttavas(measure, staves);
 }
 
-void BarBuilder::attach(const WrittenMark &mark, Beat &beat)
+void MarkPlacer::attach(const WrittenMark &mark, Beat &beat)
 {
     const auto joined = [&](const std::string &before) {
         if (before.size() + mark.text.size() > mostText) {
@@ -53,39 +55,41 @@ void BarBuilder::attach(const WrittenMark &mark, Beat &beat)
 }
 
 /// Puts the ottava signs over the beats of their staff, from where they begin to where they end.
-void BarBuilder::attachOttavas(const WrittenMeasure &measure)
+void MarkPlacer::placeOttavas(const WrittenMeasure &measure, std::vector<StaffSlots> &staves)
 {
-    for (std::size_t i = 0; i < _staves.size(); ++i) {
-        auto &staff = _staves[i];
-        _ottavas.clear();
+    _ottavias.resize(std::max(staves.size(), _ottavias.size()), Ottavia::None);
+    for (std::size_t i = 0; i < staves.size(); ++i) {
+        auto &open = _ottavias[i];
+        _changes.clear();
         for (const auto &mark : measure.marks)
             if (mark.kind == WrittenMark::Kind::Ottava && static_cast<std::size_t>(mark.staff) == i)
-                _ottavas.emplace_back(mark.position, static_cast<Ottavia>(mark.value));
-        if (_ottavas.empty() && staff.ottavia == Ottavia::None)
+                _changes.emplace_back(mark.position, static_cast<Ottavia>(mark.value));
+        if (_changes.empty() && open == Ottavia::None)
             continue;
-        std::stable_sort(_ottavas.begin(), _ottavas.end(),
+        std::stable_sort(_changes.begin(), _changes.end(),
                          [](const auto &a, const auto &b) { return a.first < b.first; });
-        for (auto &slot : staff.voiceSlots) {
-            auto current = staff.ottavia;
-            auto next = _ottavas.begin();
+        for (auto &slot : staves[i].voiceSlots) {
+            auto current = open;
+            auto next = _changes.begin();
             for (auto &placed : slot.beats) {
-                for (; next != _ottavas.end() && !(placed.onset < next->first); ++next)
+                for (; next != _changes.end() && !(placed.onset < next->first); ++next)
                     current = next->second;
                 placed.beat->setOttavia(current);
             }
         }
-        if (!_ottavas.empty())
-            staff.ottavia = _ottavas.back().second;
+        if (!_changes.empty())
+            open = _changes.back().second;
     }
 }
 
 /// The first beat at or after the mark on its staff, or the last one before; on another staff, or
 /// on a place holder, when the staff is empty.
-Beat *BarBuilder::beatForMark(const WrittenMark &mark, const rational &length)
+Beat *MarkPlacer::beatFor(const WrittenMark &mark, const rational &length,
+                          std::vector<StaffSlots> &staves)
 {
-    const auto own = std::min(static_cast<std::size_t>(mark.staff), _staves.size() - 1);
-    for (std::size_t i = 0; i < _staves.size(); ++i) {
-        auto &staff = _staves[(own + i) % _staves.size()];
+    const auto own = std::min(static_cast<std::size_t>(mark.staff), staves.size() - 1);
+    for (std::size_t i = 0; i < staves.size(); ++i) {
+        auto &staff = staves[(own + i) % staves.size()];
         const PlacedBeat *after = nullptr;
         const PlacedBeat *before = nullptr;
         for (auto &slot : staff.voiceSlots) {
@@ -100,9 +104,9 @@ Beat *BarBuilder::beatForMark(const WrittenMark &mark, const rational &length)
         if (after || before)
             return (after ? after : before)->beat.get();
     }
-    auto &slot = _staves[own].voiceSlots[0];
+    auto &slot = staves[own].voiceSlots[0];
     slot.voice = 0;
-    fill(slot, length > rational(0) ? length : rational(4), mark.node);
+    _gaps.fill(slot, length > rational(0) ? length : rational(4), mark.node);
     return slot.beats.empty() ? nullptr : slot.beats.front().beat.get();
 }
 

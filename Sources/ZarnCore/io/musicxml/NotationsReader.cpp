@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// What stands in the <notations> of a note: ties, tuplets, strings and frets.
+#include <ZarnCore/io/musicxml/NotationsReader.h>
+
 #include <ZarnCore/io/musicxml/ImportContext.h>
-#include <ZarnCore/io/musicxml/NoteReader.h>
 
 #include <algorithm>
 #include <cstring>
@@ -9,7 +9,19 @@
 
 namespace zarn::io {
 
-void NoteReader::readTie(pugi::xml_node tie, WrittenNote &note)
+void NotationsReader::startPart(PartTally &tally, SourceTally &whole)
+{
+    _tally = &tally;
+    _whole = &whole;
+}
+
+void NotationsReader::startNote()
+{
+    _tupletMarks.clear();
+    _dynamics.clear();
+}
+
+void NotationsReader::readTie(pugi::xml_node tie, WrittenNote &note)
 {
     const std::string_view type = tie.attribute("type").value();
     const bool both = type == "continue";
@@ -23,7 +35,7 @@ void NoteReader::readTie(pugi::xml_node tie, WrittenNote &note)
     }
 }
 
-void NoteReader::readNotations(pugi::xml_node notations, WrittenNote &note)
+void NotationsReader::read(pugi::xml_node notations, WrittenNote &note)
 {
     for (auto child = notations.first_child(); child; child = child.next_sibling()) {
         switch (const auto tag = tagOf(child.name()); tag) {
@@ -49,7 +61,7 @@ void NoteReader::readNotations(pugi::xml_node notations, WrittenNote &note)
     }
 }
 
-void NoteReader::readTechnical(pugi::xml_node technical, WrittenNote &note)
+void NotationsReader::readTechnical(pugi::xml_node technical, WrittenNote &note)
 {
     for (auto child = technical.first_child(); child; child = child.next_sibling()) {
         switch (const auto tag = tagOf(child.name()); tag) {
@@ -66,7 +78,7 @@ void NoteReader::readTechnical(pugi::xml_node technical, WrittenNote &note)
     }
 }
 
-void NoteReader::readTuplet(pugi::xml_node tuplet)
+void NotationsReader::readTuplet(pugi::xml_node tuplet)
 {
     const bool starts = std::strcmp(tuplet.attribute("type").value(), "start") == 0;
     TupletMark mark = {starts, tuplet.attribute("number").as_int(1), {}};

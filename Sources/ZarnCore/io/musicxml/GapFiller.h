@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/io/musicxml/StaffSlots.h>
+#include <ZarnCore/music/ZarnRhythmValue.h>
+
+#include <pugixml.hpp>
+
+#include <vector>
+
+namespace zarn::io {
+
+class ImportContext;
+
+/// Fills time in which nothing is written with place holders.
+class GapFiller {
+public:
+    explicit GapFiller(ImportContext &context) : _context(context) { }
+
+    /// Fills a slot up to `end`. The node is where the report says that this did not work.
+    void fill(VoiceSlot &slot, const utils::rational &end, pugi::xml_node node);
+
+private:
+    ImportContext &_context;
+    std::vector<RhythmValue> _rhythms;
+};
+
+} // namespace zarn::io
