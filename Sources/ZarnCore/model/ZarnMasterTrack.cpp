@@ -1,14 +1,24 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/model/ZarnMasterTrack.h>
 
-#include <ZarnCore/model/MasterTrackPrivate.h>
+#include <ZarnCore/model/ZarnLazy.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/form/Directions.h>
 #include <ZarnCore/model/form/ZarnPlayList.h>
 #include <ZarnCore/model/places/ZarnScoreModelRange.h>
 
 #include <algorithm>
 
 namespace zarn {
+
+/// State of a master track beside its master bars and automations.
+struct MasterTrack::Private {
+    Mastering mastering = Mastering::makeDefault();
+    TempoSettings tempo;
+    Directions directions;
+    Lazy<PlayList> playList;
+    bool anacrusis = false;
+};
 
 MasterTrack::MasterTrack() : _d(std::make_unique<Private>()) { }
 
@@ -115,7 +125,7 @@ void MasterTrack::removeMasterBars(unsigned first, unsigned last)
 void MasterTrack::clear()
 {
     clearAutomations();
-    _d->directions = Private::unsetDirections();
+    _d->directions = Directions();
     if (hasMasterBars())
         takeMasterBarBlock(0, masterBarCount() - 1);
 }
@@ -137,21 +147,12 @@ void MasterTrack::moveMarks(unsigned index, unsigned count)
     if (index >= masterBarCount())
         return;
     insertBlocks(index, count);
-    for (int &bar : _d->directions)
-        if (bar >= static_cast<int>(index))
-            bar += static_cast<int>(count);
+    _d->directions.insertBars(index, count);
 }
 
 void MasterTrack::removeDirections(unsigned first, unsigned last) noexcept
 {
-    const auto from = static_cast<int>(first);
-    const auto to = static_cast<int>(last);
-    for (int &bar : _d->directions) {
-        if (bar > to)
-            bar -= to - from + 1;
-        else if (bar >= from)
-            bar = -1;
-    }
+    _d->directions.eraseBars(first, last);
 }
 
 /// Makes the bar behind `last` begin the movement of which bars from `first` on go away, when its
@@ -165,6 +166,131 @@ bool MasterTrack::handOnMovementStart(unsigned first, unsigned last) noexcept
                                         [](const auto &bar) { return bar->isMovementStart(); });
     bars[last + 1]->setMovementStart(losesStart);
     return losesStart;
+}
+
+int MasterTrack::directionIndex(DirectionMark mark) const noexcept
+{
+    return _d->directions.barOf(mark);
+}
+
+void MasterTrack::setDirection(int kind, int barIndex) noexcept
+{
+    if (_d->directions.set(kind, barIndex))
+        _d->playList.forget();
+}
+
+const MasterTrack::DirectionSlots &MasterTrack::directionSlots() const noexcept
+{
+    return _d->directions.bars();
+}
+
+void MasterTrack::setDirectionSlots(const DirectionSlots &bars) noexcept
+{
+    _d->directions = Directions(bars);
+    _d->playList.forget();
+}
+
+std::set<DirectionMark> MasterTrack::directionsAtBarIndex(int barIndex) const
+{
+    return _d->directions.marksAt(barIndex);
+}
+
+bool MasterTrack::hasAnyDirectionAtBarIndex(int barIndex) const noexcept
+{
+    return _d->directions.hasAnyAt(barIndex);
+}
+
+int MasterTrack::jumpIndexForDirection(int kind) const noexcept
+{
+    if (kind < 0 || kind >= DirectionMarkCount || !isJump(static_cast<DirectionMark>(kind)))
+        return -1;
+    const DirectionMark target = targetOfDirection(static_cast<DirectionMark>(kind));
+    if (target != DirectionMark::NoDirection)
+        return directionIndex(target);
+    const int bar = directionIndex(static_cast<DirectionMark>(kind));
+    return bar < 0 ? 0 : static_cast<int>(movementStart(static_cast<unsigned>(bar)));
+}
+
+unsigned MasterTrack::movementStart(unsigned bar) const noexcept
+{
+    if (!hasMasterBarIndex(bar))
+        return 0;
+    while (bar > 0 && !masterBars()[bar]->isMovementStart())
+        --bar;
+    return bar;
+}
+
+const MasterTrack::PlayList &MasterTrack::playlist() const
+{
+    return _d->playList.get([this] { return unfoldPlayList(*this); });
+}
+
+void MasterTrack::updatePlayList() noexcept
+{
+    _d->playList.forget();
+}
+
+const TempoSettings &MasterTrack::tempoSettings() const noexcept
+{
+    return _d->tempo;
+}
+
+void MasterTrack::setTempoSettings(const TempoSettings &settings)
+{
+    _d->tempo = settings;
+}
+
+void MasterTrack::setTempoValue(double value)
+{
+    _d->tempo.value = value;
+}
+
+void MasterTrack::setTempoUnit(TempoUnit unit)
+{
+    _d->tempo.unit = unit;
+}
+
+void MasterTrack::setTempoLabel(const std::string &label)
+{
+    _d->tempo.label = label;
+}
+
+void MasterTrack::setTempoVisible(bool visible)
+{
+    _d->tempo.visible = visible;
+}
+
+double MasterTrack::quarterTempoValue() const noexcept
+{
+    // Quarters per unit; no unit counts as quarters.
+    constexpr double quarters[] = {1, 0.5, 1, 1.5, 2, 3};
+    const auto unit = static_cast<std::size_t>(tempoUnit());
+    return tempoValue() * (unit < std::size(quarters) ? quarters[unit] : 1);
+}
+
+bool MasterTrack::hasAnacrusis() const noexcept
+{
+    return _d->anacrusis;
+}
+
+void MasterTrack::setAnacrusis(bool anacrusis) noexcept
+{
+    _d->anacrusis = anacrusis;
+}
+
+const Mastering &MasterTrack::mastering() const noexcept
+{
+    return _d->mastering;
+}
+
+Mastering &MasterTrack::mutableMastering() noexcept
+{
+    return _d->mastering;
+}
+
+void MasterTrack::setMastering(const Mastering &mastering)
+{
+    _d->mastering = mastering;
 }
 
 bool operator==(const MasterTrack &left, const MasterTrack &right)

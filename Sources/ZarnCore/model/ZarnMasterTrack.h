@@ -162,7 +162,7 @@ private:
     friend struct ChildLinkAccess;
     friend struct ParentNodeAccess;
     friend class ParentNode<MasterTrack>;
-    friend class ScoreModel;
+    friend class BarColumnEdit;
     struct Private;
 
     void linkOrphans(const std::weak_ptr<MasterTrack> &self) { _masterBars.link(self); }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/model/ZarnScoreModel.h>
 
+#include <ZarnCore/model/BarColumnEdit.h>
 #include <ZarnCore/model/layout/PageText.h>
 
 #include <algorithm>
@@ -167,6 +168,35 @@ void ScoreModel::swapAudioTrack(unsigned first, unsigned second)
 {
     if (first < audioTrackCount() && second < audioTrackCount())
         _audioTracks[first].swap(_audioTracks[second]);
+}
+
+BarColumnSurroundings ScoreModel::insertEmptyBarColumns(unsigned index, unsigned count)
+{
+    return BarColumnEdit(*this).insertEmpty(index, count);
+}
+
+BarColumns ScoreModel::takeBarColumns(unsigned first, unsigned last)
+{
+    return BarColumnEdit(*this).take(first, last);
+}
+
+void ScoreModel::putBackBarColumns(BarColumns columns)
+{
+    if (columns.masterBars.empty())
+        return;
+    ZARN_ASSERT_IN("zarn::ScoreModel::putBackBarColumns",
+                   columns.bars.size() == trackCount()
+                       && columns.automations.size() == trackCount() + 1u
+                       && columns.first <= _masterTrack->masterBarCount());
+    for (unsigned i = 0; i < trackCount(); ++i)
+        ZARN_ASSERT_IN("zarn::ScoreModel::putBackBarColumns",
+                       columns.bars[i].size() == tracks()[i]->staffCount());
+    BarColumnEdit(*this).putBack(std::move(columns));
+}
+
+void ScoreModel::restoreSurroundings(const BarColumnSurroundings &surroundings)
+{
+    BarColumnEdit(*this).restore(surroundings);
 }
 
 const std::string &ScoreModel::property(ScoreProperty property) const noexcept

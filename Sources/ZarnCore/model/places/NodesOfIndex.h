@@ -59,9 +59,6 @@ findBeat(const ScoreModelIndex &index) noexcept
     return voice ? childAt((*voice)->beats(), index.beatIndex()) : nullptr;
 }
 
-/// The note that the index names, if `beat` were its beat.
-const std::shared_ptr<Note> *findNote(const Beat &beat, const ScoreModelIndex &index) noexcept;
-
 /// The node itself, empty for null.
 template <class Node>
 std::shared_ptr<Node> shared(const std::shared_ptr<Node> *node) noexcept

@@ -46,6 +46,12 @@ void visitVoices(const ScoreModel &model, const Visit &visit)
 }
 
 template <class Visit>
+void visitVoices(const Level &level, const Visit &visit)
+{
+    std::visit([&visit](const auto *node) { visitVoices(*node, visit); }, level.node());
+}
+
+template <class Visit>
 void visitTracks(const ScoreModel &model, unsigned typeMask, const Visit &visit)
 {
     for (const auto &track : model.tracks())
@@ -57,34 +63,6 @@ template <class Nodes>
 void append(Nodes &nodes, const Nodes &more)
 {
     nodes.insert(nodes.end(), more.begin(), more.end());
-}
-
-template <class Level>
-unsigned beatCountBelow(const Level &level)
-{
-    unsigned count = 0;
-    visitVoices(level, [&count](const Voice &voice) { count += voice.beatCount(); });
-    return count;
-}
-
-template <class Level>
-Beats beatsBelow(const Level &level)
-{
-    Beats found;
-    found.reserve(beatCountBelow(level));
-    visitVoices(level, [&found](const Voice &voice) { append(found, voice.beats()); });
-    return found;
-}
-
-template <class Level>
-unsigned noteCountBelow(const Level &level)
-{
-    unsigned count = 0;
-    visitVoices(level, [&count](const Voice &voice) {
-        for (const auto &beat : voice.beats())
-            count += beat->noteCount();
-    });
-    return count;
 }
 
 bool comesBefore(const std::shared_ptr<Note> &left, const std::shared_ptr<Note> &right)
@@ -102,18 +80,6 @@ void appendNotes(Notes &notes, const Beat &beat, bool sorted)
     const auto block = notes.end() - static_cast<std::ptrdiff_t>(beat.noteCount());
     if (sorted && !std::is_sorted(block, notes.end(), comesBefore))
         std::stable_sort(block, notes.end(), comesBefore);
-}
-
-template <class Level>
-Notes notesBelow(const Level &level, bool sorted)
-{
-    Notes found;
-    found.reserve(noteCountBelow(level));
-    visitVoices(level, [&found, sorted](const Voice &voice) {
-        for (const auto &beat : voice.beats())
-            appendNotes(found, *beat, sorted);
-    });
-    return found;
 }
 
 } // namespace
@@ -156,54 +122,19 @@ unsigned staffCount(const Track &track)
     return track.staffCount();
 }
 
-Beats beats(const ScoreModel &model)
+Beats beats(const Level &level)
 {
-    return beatsBelow(model);
+    Beats found;
+    found.reserve(beatCount(level));
+    visitVoices(level, [&found](const Voice &voice) { append(found, voice.beats()); });
+    return found;
 }
 
-Beats beats(const Track &track)
+unsigned beatCount(const Level &level)
 {
-    return beatsBelow(track);
-}
-
-Beats beats(const Staff &staff)
-{
-    return beatsBelow(staff);
-}
-
-Beats beats(const Bar &bar)
-{
-    return beatsBelow(bar);
-}
-
-Beats beats(const Voice &voice)
-{
-    return beatsBelow(voice);
-}
-
-unsigned beatCount(const ScoreModel &model)
-{
-    return beatCountBelow(model);
-}
-
-unsigned beatCount(const Track &track)
-{
-    return beatCountBelow(track);
-}
-
-unsigned beatCount(const Staff &staff)
-{
-    return beatCountBelow(staff);
-}
-
-unsigned beatCount(const Bar &bar)
-{
-    return beatCountBelow(bar);
-}
-
-unsigned beatCount(const Voice &voice)
-{
-    return beatCountBelow(voice);
+    unsigned count = 0;
+    visitVoices(level, [&count](const Voice &voice) { count += voice.beatCount(); });
+    return count;
 }
 
 Beats beats(const Bar &bar, const utils::rational &drawingOffset)
@@ -211,29 +142,15 @@ Beats beats(const Bar &bar, const utils::rational &drawingOffset)
     return bar.findBeatAtDrawingOffset(drawingOffset);
 }
 
-Notes notes(const ScoreModel &model, bool sorted)
+Notes notes(const Level &level, bool sorted)
 {
-    return notesBelow(model, sorted);
-}
-
-Notes notes(const Track &track, bool sorted)
-{
-    return notesBelow(track, sorted);
-}
-
-Notes notes(const Staff &staff, bool sorted)
-{
-    return notesBelow(staff, sorted);
-}
-
-Notes notes(const Bar &bar, bool sorted)
-{
-    return notesBelow(bar, sorted);
-}
-
-Notes notes(const Voice &voice, bool sorted)
-{
-    return notesBelow(voice, sorted);
+    Notes found;
+    found.reserve(noteCount(level));
+    visitVoices(level, [&found, sorted](const Voice &voice) {
+        for (const auto &beat : voice.beats())
+            appendNotes(found, *beat, sorted);
+    });
+    return found;
 }
 
 Notes notes(const Beat &beat)
@@ -241,29 +158,14 @@ Notes notes(const Beat &beat)
     return beat.notes();
 }
 
-unsigned noteCount(const ScoreModel &model)
+unsigned noteCount(const Level &level)
 {
-    return noteCountBelow(model);
-}
-
-unsigned noteCount(const Track &track)
-{
-    return noteCountBelow(track);
-}
-
-unsigned noteCount(const Staff &staff)
-{
-    return noteCountBelow(staff);
-}
-
-unsigned noteCount(const Bar &bar)
-{
-    return noteCountBelow(bar);
-}
-
-unsigned noteCount(const Voice &voice)
-{
-    return noteCountBelow(voice);
+    unsigned count = 0;
+    visitVoices(level, [&count](const Voice &voice) {
+        for (const auto &beat : voice.beats())
+            count += beat->noteCount();
+    });
+    return count;
 }
 
 unsigned noteCount(const Beat &beat)

@@ -5,6 +5,7 @@
 #include <ZarnCore/utils/rational.h>
 
 #include <memory>
+#include <variant>
 #include <vector>
 
 namespace zarn {
@@ -30,6 +31,25 @@ using Beats = std::vector<std::shared_ptr<Beat>>;
 using Notes = std::vector<std::shared_ptr<Note>>;
 using Tunings = std::vector<std::shared_ptr<GuitarTuning>>;
 
+/// What stands for a level of the tree when its beats or notes are listed: a score, a track, a
+/// staff, a bar or a voice. Made where it is needed and not kept: it only looks at the node.
+class Level {
+public:
+    using Node =
+        std::variant<const ScoreModel *, const Track *, const Staff *, const Bar *, const Voice *>;
+
+    Level(const ScoreModel &model) noexcept : _node(&model) { }
+    Level(const Track &track) noexcept : _node(&track) { }
+    Level(const Staff &staff) noexcept : _node(&staff) { }
+    Level(const Bar &bar) noexcept : _node(&bar) { }
+    Level(const Voice &voice) noexcept : _node(&voice) { }
+
+    const Node &node() const noexcept { return _node; }
+
+private:
+    Node _node;
+};
+
 /// The tracks whose instrument category has a bit in common with a mask, such as
 /// `InstrumentSet::pitched | InstrumentSet::unpitched` for all but those of an unknown instrument.
 /// The codes of members also have bits in their last byte, which they share with strangers: masks
@@ -44,16 +64,8 @@ ZARNCORE_EXPORT Staves staves(const Track &track);
 ZARNCORE_EXPORT unsigned staffCount(const Track &track);
 
 /// The beats of all voices.
-ZARNCORE_EXPORT Beats beats(const ScoreModel &model);
-ZARNCORE_EXPORT Beats beats(const Track &track);
-ZARNCORE_EXPORT Beats beats(const Staff &staff);
-ZARNCORE_EXPORT Beats beats(const Bar &bar);
-ZARNCORE_EXPORT Beats beats(const Voice &voice);
-ZARNCORE_EXPORT unsigned beatCount(const ScoreModel &model);
-ZARNCORE_EXPORT unsigned beatCount(const Track &track);
-ZARNCORE_EXPORT unsigned beatCount(const Staff &staff);
-ZARNCORE_EXPORT unsigned beatCount(const Bar &bar);
-ZARNCORE_EXPORT unsigned beatCount(const Voice &voice);
+ZARNCORE_EXPORT Beats beats(const Level &level);
+ZARNCORE_EXPORT unsigned beatCount(const Level &level);
 
 /// The beats that start at an offset, in quarters from the start of the bar: at most one per voice,
 /// no grace beats.
@@ -63,17 +75,9 @@ ZARNCORE_EXPORT Beats beats(const Bar &bar, const utils::rational &drawingOffset
 /// without a string first, then from the lowest string up; on one string, or without one, from the
 /// lowest MIDI key up; unpitched notes of one key by staff line and element. Equal notes stay in
 /// the order in which the beat holds them.
-ZARNCORE_EXPORT Notes notes(const ScoreModel &model, bool sorted = false);
-ZARNCORE_EXPORT Notes notes(const Track &track, bool sorted = false);
-ZARNCORE_EXPORT Notes notes(const Staff &staff, bool sorted = false);
-ZARNCORE_EXPORT Notes notes(const Bar &bar, bool sorted = false);
-ZARNCORE_EXPORT Notes notes(const Voice &voice, bool sorted = false);
+ZARNCORE_EXPORT Notes notes(const Level &level, bool sorted = false);
 ZARNCORE_EXPORT Notes notes(const Beat &beat);
-ZARNCORE_EXPORT unsigned noteCount(const ScoreModel &model);
-ZARNCORE_EXPORT unsigned noteCount(const Track &track);
-ZARNCORE_EXPORT unsigned noteCount(const Staff &staff);
-ZARNCORE_EXPORT unsigned noteCount(const Bar &bar);
-ZARNCORE_EXPORT unsigned noteCount(const Voice &voice);
+ZARNCORE_EXPORT unsigned noteCount(const Level &level);
 ZARNCORE_EXPORT unsigned noteCount(const Beat &beat);
 
 /// The notes of the beats that start at an offset.

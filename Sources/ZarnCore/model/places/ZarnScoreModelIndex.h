@@ -81,10 +81,10 @@ public:
     /// Instrument category of the track; 0 when there is no track.
     InstrumentSet::Type type() const;
 
-    bool isTrackValid() const;
-    bool isBarValid() const;
-    bool isBeatValid() const;
-    bool isNoteValid() const;
+    bool isTrackValid() const { return findTrack() != nullptr; }
+    bool isBarValid() const { return findBar() != nullptr; }
+    bool isBeatValid() const { return findBeat() != nullptr; }
+    bool isNoteValid() const { return findNote() != nullptr; }
 
     // Changing. The setters store what they are given and leave the other numbers alone; those
     // that answer do so with whether the new place resolves.

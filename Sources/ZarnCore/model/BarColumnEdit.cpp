@@ -1,22 +1,32 @@
 // SPDX-License-Identifier: MIT
-// Bar columns go in and out of all staves at once.
-#include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/BarColumnEdit.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace zarn {
 namespace {
 
-/// Marks of the bars beside a joint that a change may take away: a double simile reaches two bars
-/// to either side. Bars without a mark are noted too: columns that are put back may find one there.
-void collectSimileMarks(const ScoreModel &model, unsigned from, unsigned to,
-                        std::vector<SimileMarkPlace> &marks)
+/// How many bars to either side of a joint a double simile reaches.
+constexpr unsigned simileReach = 2;
+
+template <class Visit>
+void visitStaves(const ScoreModel &model, const Visit &visit)
 {
     for (const auto &track : model.tracks())
         for (const auto &staff : track->staves())
-            for (unsigned i = from; i < std::min(to, staff->barCount()); ++i)
-                marks.push_back(
-                    {track->index(), staff->index(), i, staff->bars()[i]->simileMark()});
+            visit(*staff, track->index());
+}
+
+/// Marks of bars beside a joint that a change may take away. Bars without a mark are noted too:
+/// columns that are put back may find one there.
+void collectSimileMarks(const ScoreModel &model, unsigned from, unsigned to,
+                        std::vector<SimileMarkPlace> &marks)
+{
+    visitStaves(model, [&](const Staff &staff, unsigned track) {
+        for (unsigned i = from; i < std::min(to, staff.barCount()); ++i)
+            marks.push_back({track, staff.index(), i, staff.bars()[i]->simileMark()});
+    });
 }
 
 enum class TiesToNote { Tied, All };
@@ -44,13 +54,12 @@ void collectTies(const ScoreModel &model, unsigned end, unsigned begin, std::vec
 {
     const bool isBetween = end > 0 && begin < model.masterTrack()->masterBarCount();
     const auto which = isBetween ? TiesToNote::All : TiesToNote::Tied;
-    for (const auto &track : model.tracks())
-        for (const auto &staff : track->staves()) {
-            if (end > 0 && end <= staff->barCount())
-                collectTies(*staff->bars()[end - 1], *staff, track->index(), true, which, ties);
-            if (begin < staff->barCount())
-                collectTies(*staff->bars()[begin], *staff, track->index(), false, which, ties);
-        }
+    visitStaves(model, [&](const Staff &staff, unsigned track) {
+        if (end > 0 && end <= staff.barCount())
+            collectTies(*staff.bars()[end - 1], staff, track, true, which, ties);
+        if (begin < staff.barCount())
+            collectTies(*staff.bars()[begin], staff, track, false, which, ties);
+    });
 }
 
 // Most tracks have no automations: their many slots need not be looked at.
@@ -69,41 +78,45 @@ void restoreAutomations(AutomationContainer &container, AutomationContainer::Era
 
 } // namespace
 
-BarColumnSurroundings ScoreModel::insertEmptyBarColumns(unsigned index, unsigned count)
+/// What columns that go in or out between those up to `end`, not included, and those from `begin`
+/// on may change in these.
+BarColumnSurroundings BarColumnEdit::surroundingsOf(unsigned end, unsigned begin) const
 {
-    index = std::min(index, _masterTrack->masterBarCount());
-    BarColumnSurroundings before;
-    before.directions = _masterTrack->directionSlots();
-    collectSimileMarks(*this, index < 2 ? 0 : index - 2, index + 2, before.simileMarks);
-    collectTies(*this, index, index, before.ties);
+    BarColumnSurroundings surroundings;
+    surroundings.directions = _master.directionSlots();
+    collectSimileMarks(_model, end - std::min(end, simileReach), end, surroundings.simileMarks);
+    collectSimileMarks(_model, begin, begin + simileReach, surroundings.simileMarks);
+    collectTies(_model, end, begin, surroundings.ties);
+    return surroundings;
+}
 
-    _masterTrack->insertEmptyMasterBars(index, count);
-    for (const auto &track : tracks())
+BarColumnSurroundings BarColumnEdit::insertEmpty(unsigned index, unsigned count)
+{
+    index = std::min(index, _master.masterBarCount());
+    BarColumnSurroundings before = surroundingsOf(index, index);
+    _master.insertEmptyMasterBars(index, count);
+    for (const auto &track : _model.tracks())
         track->insertEmptyBars(index, count, LinkMode::Mend);
     return before;
 }
 
-BarColumns ScoreModel::takeBarColumns(unsigned first, unsigned last)
+BarColumns BarColumnEdit::take(unsigned first, unsigned last)
 {
     BarColumns taken;
     taken.first = first;
-    if (first > last || first >= _masterTrack->masterBarCount())
+    if (first > last || first >= _master.masterBarCount())
         return taken;
-    last = std::min(last, _masterTrack->masterBarCount() - 1);
+    last = std::min(last, _master.masterBarCount() - 1);
+    taken.surroundings = surroundingsOf(first, last + 1);
 
-    taken.surroundings.directions = _masterTrack->directionSlots();
-    collectSimileMarks(*this, first < 2 ? 0 : first - 2, first, taken.surroundings.simileMarks);
-    collectSimileMarks(*this, last + 1, last + 3, taken.surroundings.simileMarks);
-    collectTies(*this, first, last + 1, taken.surroundings.ties);
-
-    taken.automations.reserve(1 + trackCount());
-    taken.automations.push_back(_masterTrack->eraseBlocks(first, last));
-    _masterTrack->removeDirections(first, last);
-    if (_masterTrack->handOnMovementStart(first, last))
+    taken.automations.reserve(1 + _model.trackCount());
+    taken.automations.push_back(_master.eraseBlocks(first, last));
+    _master.removeDirections(first, last);
+    if (_master.handOnMovementStart(first, last))
         taken.surroundings.newMovementStart = static_cast<int>(last) + 1;
-    taken.masterBars = _masterTrack->takeMasterBarBlock(first, last);
-    taken.bars.reserve(trackCount());
-    for (const auto &track : tracks()) {
+    taken.masterBars = _master.takeMasterBarBlock(first, last);
+    taken.bars.reserve(_model.trackCount());
+    for (const auto &track : _model.tracks()) {
         taken.automations.push_back(eraseAutomations(track->mutableAutomations(), first, last));
         Track::BarBlocks blocks;
         for (const auto &staff : track->staves())
@@ -113,41 +126,31 @@ BarColumns ScoreModel::takeBarColumns(unsigned first, unsigned last)
     return taken;
 }
 
-void ScoreModel::putBackBarColumns(BarColumns columns)
+void BarColumnEdit::putBack(BarColumns columns)
 {
-    if (columns.masterBars.empty())
-        return;
-    ZARN_ASSERT_IN("zarn::ScoreModel::putBackBarColumns",
-                   columns.bars.size() == trackCount()
-                       && columns.automations.size() == trackCount() + 1u
-                       && columns.first <= _masterTrack->masterBarCount());
-    for (unsigned i = 0; i < trackCount(); ++i)
-        ZARN_ASSERT_IN("zarn::ScoreModel::putBackBarColumns",
-                       columns.bars[i].size() == tracks()[i]->staffCount());
-
-    _masterTrack->insertMasterBarBlock(columns.first, std::move(columns.masterBars));
-    _masterTrack->restoreBlocks(std::move(columns.automations[0]));
-    for (unsigned i = 0; i < trackCount(); ++i) {
-        const auto &track = tracks()[i];
+    _master.insertMasterBarBlock(columns.first, std::move(columns.masterBars));
+    _master.restoreBlocks(std::move(columns.automations[0]));
+    for (unsigned i = 0; i < _model.trackCount(); ++i) {
+        const auto &track = _model.tracks()[i];
         restoreAutomations(track->mutableAutomations(), std::move(columns.automations[i + 1]));
         for (unsigned staff = 0; staff < track->staffCount(); ++staff)
             track->staves()[staff]->insertBars(columns.first, std::move(columns.bars[i][staff]));
     }
-    restoreSurroundings(columns.surroundings);
+    restore(columns.surroundings);
 }
 
-void ScoreModel::restoreSurroundings(const BarColumnSurroundings &surroundings)
+void BarColumnEdit::restore(const BarColumnSurroundings &surroundings)
 {
-    _masterTrack->setDirectionSlots(surroundings.directions);
+    _master.setDirectionSlots(surroundings.directions);
     if (surroundings.newMovementStart >= 0)
-        _masterTrack->masterBars()[static_cast<unsigned>(surroundings.newMovementStart)]
+        _master.masterBars()[static_cast<unsigned>(surroundings.newMovementStart)]
             ->setMovementStart(false);
     for (const SimileMarkPlace &place : surroundings.simileMarks)
-        if (const auto track = _tracks.at(place.track))
+        if (const auto track = _model.track(place.track))
             if (const auto bar = track->bar(place.bar, place.staff))
                 bar->setSimileMark(place.mark);
     for (const TiePlace &place : surroundings.ties) {
-        const auto track = _tracks.at(place.track);
+        const auto track = _model.track(place.track);
         const auto bar = track ? track->bar(place.bar, place.staff) : nullptr;
         const auto voice = bar ? bar->voice(place.voice) : nullptr;
         const auto beat = voice ? voice->beat(place.beat) : nullptr;
