@@ -76,6 +76,27 @@ TEST(MusicXmlForm, movementsBeginWhereBarsAreCountedAgainOrTitled)
     EXPECT_EQ(played(bar(8) + bar(9, 3, "", finalBar) + bar(5)), " 1 2 3");
 }
 
+TEST(MusicXmlForm, anOpenEndingThatIsTakenInTurnGoesOnToTheNextBracket)
+{
+    const auto ending = [](int number, int pass, const std::string &type,
+                           const std::string &sign = {}) {
+        const auto sideways = [&](const char *side, const std::string &what) {
+            return std::string("<barline location=\"") + side + "\"><ending number=\""
+                + std::to_string(pass) + "\" type=\"" + what + "\"/>";
+        };
+        return bar(number, 3, sideways("left", "start") + "</barline>",
+                   sideways("right", type) + sign + "</barline>");
+    };
+    const std::string backward = "<repeat direction=\"backward\"/>";
+    const auto song = [&](const std::string &type) {
+        return bar(1, 3, repeatStart) + ending(2, 1, "stop") + ending(3, 2, "stop")
+            + ending(4, 3, type) + bar(5, 3, "", words("Fine")) + ending(6, 1, "stop", backward)
+            + ending(7, 2, "stop", backward);
+    };
+    EXPECT_EQ(played(song("discontinue")), " 1 2 6 1 3 7 1 4 5");
+    EXPECT_EQ(played(song("stop")), " 1 2 5 6 1 3 5 7 1 4 5");
+}
+
 TEST(MusicXmlForm, aFineEndsItsMovementAlone)
 {
     const auto first = bar(1) + bar(2, 3, "", finalBar);

@@ -90,14 +90,15 @@ void BarlineReader::readEnding(pugi::xml_node ending, bool left, PartFacts &fact
             _open->last = std::max(_open->first, bar - 1);
             facts.endings.push_back(*_open);
         }
-        _open = WrittenEnding{bar, bar, passesOf(ending)};
+        _open = WrittenEnding{bar, bar, passesOf(ending), false};
         return;
     }
     if (!_open) {
         _context.addProblem(ending, "an ending ends that was not begun; it covers this bar");
-        _open = WrittenEnding{bar, bar, passesOf(ending)};
+        _open = WrittenEnding{bar, bar, passesOf(ending), false};
     }
     _open->last = std::max(_open->first, left ? bar - 1 : bar);
+    _open->isOpen = type == "discontinue";
     facts.endings.push_back(*_open);
     _open.reset();
 }

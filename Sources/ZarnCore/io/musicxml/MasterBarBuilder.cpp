@@ -149,6 +149,50 @@ void MasterBarBuilder::setKeys(MasterTrack &master)
     }
 }
 
+namespace {
+
+/// The last bar of an ending. Behind endings that no repeat sign ends, and that are taken in turn,
+/// an open one goes on up to the bracket of another pass.
+int lastBarOf(const WrittenEnding &ending, const MasterTrack::MasterBars &bars)
+{
+    const auto at = [&bars](int bar) -> const MasterBar & {
+        return *bars[static_cast<std::size_t>(bar)];
+    };
+    bool isTakenInTurn = false;
+    for (int bar = ending.last; bar >= 0 && at(bar).alternateEndings() != 0; --bar) {
+        if (at(bar).isRepeatEnd())
+            return ending.last;
+        isTakenInTurn = isTakenInTurn || bar < ending.first;
+    }
+    if (!ending.isOpen || !isTakenInTurn)
+        return ending.last;
+    for (int bar = ending.last + 1; bar < static_cast<int>(bars.size()); ++bar) {
+        const auto passes = at(bar).alternateEndings();
+        if (passes != 0)
+            return (passes & ending.passes) == 0 ? bar - 1 : ending.last;
+        if (at(bar).isRepeatStart() || at(bar).isRepeatEnd() || at(bar).isMovementStart())
+            break;
+    }
+    return ending.last;
+}
+
+void setEndings(const std::vector<WrittenEnding> &endings, const MasterTrack::MasterBars &bars)
+{
+    const auto add = [&bars](const WrittenEnding &ending, int last) {
+        for (int bar = ending.first; bar <= last; ++bar) {
+            auto &column = *bars[static_cast<std::size_t>(bar)];
+            column.setAlternateEndings(column.alternateEndings() | ending.passes);
+        }
+    };
+    for (const auto &ending : endings)
+        add(ending, ending.last);
+    // Once all brackets are known.
+    for (const auto &ending : endings)
+        add(ending, lastBarOf(ending, bars));
+}
+
+} // namespace
+
 void MasterBarBuilder::setRepeats(MasterTrack &master)
 {
     const auto &bars = master.masterBars();
@@ -160,16 +204,13 @@ void MasterBarBuilder::setRepeats(MasterTrack &master)
             else
                 bar.setRepeatCount(std::max(bar.repeatCount(), repeat.times));
         }
-        for (const auto &ending : part.endings)
-            for (int bar = ending.first; bar <= ending.last; ++bar) {
-                auto &column = *bars[static_cast<std::size_t>(bar)];
-                column.setAlternateEndings(column.alternateEndings() | ending.passes);
-            }
         for (const int bar : part.doubleBars)
             bars[static_cast<std::size_t>(bar)]->setDoubleBar(true);
     }
     for (const int bar : movementStarts(_parts))
         bars[static_cast<std::size_t>(bar)]->setMovementStart(true);
+    for (const auto &part : _parts)
+        setEndings(part.endings, bars);
 }
 
 void MasterBarBuilder::setSections(MasterTrack &master)

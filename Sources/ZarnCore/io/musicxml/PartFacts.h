@@ -59,6 +59,7 @@ struct WrittenEnding {
     int first;
     int last;
     std::uint32_t passes;
+    bool isOpen = false; ///< the bracket has no end, as of an ending that the music goes on from
 };
 
 struct WrittenSection {
