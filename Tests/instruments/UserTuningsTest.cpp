@@ -202,10 +202,13 @@ TEST_F(UserTunings, whatCannotBeIsLeftOutAndKeptBeside)
     const QByteArray text =
         "<UserTunings><Tuning Name='odd' Instrument='77' IsFlat='yes'>"
         "<MidiNumber Number='50' Index='1'/><x><MidiNumber Number='41'/></x>"
-        "<MidiNumber Number='60' Index='9'/><MidiNumber Number='60' Index='-1'/>"
-        "<MidiNumber Number='high' Index='2'/>"
-        "<MidiNumber Number='999999999999' Index='3'/>"
-        "</Tuning><Song/><Tuning Name='good' Instrument='2'>"
+        "</Tuning>"
+        "<Tuning Name='a'><MidiNumber Number='60' Index='9'/></Tuning>"
+        "<Tuning Name='b'><MidiNumber Number='60' Index='-1'/></Tuning>"
+        "<Tuning Name='c'><MidiNumber Number='high' Index='0'/></Tuning>"
+        "<Tuning Name='d'><MidiNumber Number='999999999999' Index='0'/></Tuning>"
+        "<Tuning Name='e'><MidiNumber Number='60'/><MidiNumber Number='61'/></Tuning>"
+        "<Song/><Tuning Name='good' Instrument='2'>"
         "<MidiNumber Number='200' Index='0'/></Tuning><Song/></UserTunings>";
     write(text);
     library.loadUserTunings();
@@ -213,7 +216,7 @@ TEST_F(UserTunings, whatCannotBeIsLeftOutAndKeptBeside)
     ASSERT_EQ(tunings.size(), 2u);
     EXPECT_EQ(tunings[0]->midiNumbers(), std::vector<int>{119});
     EXPECT_EQ(tunings[0]->instrument(), GuitarTuning::Bass);
-    EXPECT_EQ(tunings[1]->midiNumbers(), (std::vector<int>{41, 50, 0, 0, 0, 0}));
+    EXPECT_EQ(tunings[1]->midiNumbers(), (std::vector<int>{41, 50}));
     EXPECT_EQ(tunings[1]->instrument(), GuitarTuning::Undefined);
     EXPECT_FALSE(tunings[1]->isFlat());
     EXPECT_EQ(kept(), text);

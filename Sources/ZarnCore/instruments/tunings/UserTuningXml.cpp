@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/instruments/tunings/UserTuningXml.h>
 
+#include <algorithm>
 #include <array>
 
 namespace zarn {
@@ -170,7 +171,10 @@ void UserTuningDocument::readTuning()
         return;
     }
     auto tuning = std::make_shared<GuitarTuning>(static_cast<unsigned>(pitches.size()));
-    setPitches(*tuning, pitches);
+    if (!setPitches(*tuning, pitches)) {
+        report(start.line, QStringLiteral("a string of a tuning has no pitch"));
+        return;
+    }
     const int instrument = number(start, instrumentAttribute);
     if (instrument >= 0 && instrument <= static_cast<int>(GuitarTuning::Contrabass))
         tuning->setInstrument(static_cast<GuitarTuning::Instrument>(instrument));
@@ -210,7 +214,7 @@ std::vector<UserTuningDocument::Pitch> UserTuningDocument::readPitches()
     return pitches;
 }
 
-void UserTuningDocument::setPitches(GuitarTuning &tuning, const std::vector<Pitch> &pitches)
+bool UserTuningDocument::setPitches(GuitarTuning &tuning, const std::vector<Pitch> &pitches)
 {
     std::vector<bool> isSet(pitches.size());
     for (const Pitch &pitch : pitches) {
@@ -224,6 +228,7 @@ void UserTuningDocument::setPitches(GuitarTuning &tuning, const std::vector<Pitc
         tuning.setTuning(static_cast<unsigned>(string), pitch.midi);
         isSet[string] = true;
     }
+    return std::find(isSet.begin(), isSet.end(), false) == isSet.end();
 }
 
 int UserTuningDocument::number(const Start &start, const QString &attribute, bool *isNumber)

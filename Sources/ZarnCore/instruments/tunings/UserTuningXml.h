@@ -81,7 +81,9 @@ private:
     void readRoot();
     void readTuning();
     std::vector<Pitch> readPitches();
-    void setPitches(GuitarTuning &tuning, const std::vector<Pitch> &pitches);
+
+    /// False when a string was left without a pitch.
+    bool setPitches(GuitarTuning &tuning, const std::vector<Pitch> &pitches);
     int number(const Start &start, const QString &attribute, bool *isNumber = nullptr);
     void report(qint64 line, const QString &fault);
 
