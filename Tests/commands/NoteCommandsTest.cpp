@@ -81,6 +81,26 @@ TEST_F(NoteCommandsTest, aChangedOrRemovedNoteLetsGoOfItsTies)
     EXPECT_TRUE(isWhole());
 }
 
+TEST_F(NoteCommandsTest, removedBarsOfBeatsLeaveNoTieToWhatWentWithThem)
+{
+    // Bar 3 begins with what the last note of bar 1 is: nothing is held over the bars between.
+    while (model.masterTrack()->masterBarCount() < 4)
+        ASSERT_TRUE(score.createBar(model.masterTrack()->masterBarCount()));
+    const auto voice = model.track(0)->staff(0)->bar(2)->ensureVoice(0);
+    auto held = std::make_shared<Note>(note(1, 0));
+    voice->insertBeat(0, std::make_shared<Beat>());
+    voice->beat(0)->addNote(held);
+    held->setTied(true);
+    ASSERT_TRUE(note(0, 3).isTieOrigin());
+    const auto before = model.track(0)->clone();
+
+    const auto last = voice->beatCount() - 1;
+    ASSERT_TRUE(score.removeBeats(ScoreModelRange(at(1, 0), at(2, last))));
+    EXPECT_FALSE(note(0, 3).isTieOrigin());
+    score.commandStack().undo();
+    EXPECT_EQ(*model.track(0), *before);
+}
+
 TEST_F(NoteCommandsTest, writtenMusicKeepsItsOwnTiesAndReleasesThoseThatItParts)
 {
     // The last note of bar 1 is held into bar 2.

@@ -107,7 +107,8 @@ TEST(MusicXmlContainer, wrongEncodingsAreAnsweredWithTheirLine)
     expectRefusal(encoded("ISO-8859-1", named("UTF-8")),
                   "line 2: the text is not UTF-8 (byte 0xF6)");
     expectRefusal(named("x-klingon"), "the encoding \"X-KLINGON\" is not known");
-    expectRefusal(encoded("UTF-16LE", named("UTF-16"), true).chopped(1), "cut off in a character");
+    expectRefusal(encoded("UTF-16LE", named("UTF-16"), true).chopped(1),
+                  "line 7: the text is not UTF-16LE, or it is cut off in a character");
     expectRefusal(named("UTF-8").replace("whole", QByteArray("wh\0le", 5)), "a zero byte");
     ImportReport report;
     EXPECT_TRUE(scores::import(named("UTF-16"), report));

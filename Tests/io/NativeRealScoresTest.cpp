@@ -25,7 +25,8 @@ TEST(NativeRealScores, everyImportedScoreComesBackEqualAndIsWrittenAlike)
         const auto copy = test::readNative(document, report);
         EXPECT_TRUE(*copy == *score);
         EXPECT_TRUE(test::writeNative(*copy) == document);
-        EXPECT_TRUE(report.problems().empty()) << report.problems().front().text;
+        for (const io::ImportProblem &problem : report.problems())
+            EXPECT_TRUE(imported.hasProblem(problem.text)) << problem.toString();
         ++count;
     }
     EXPECT_GE(count, 41u);

@@ -338,6 +338,29 @@ TEST(NativeRefusal, notesOnStringsThatAreNotThereAreReadAndReported)
     EXPECT_TRUE(report.hasProblem("/tracks/0/staves/0: a note stands on string index 6"));
 }
 
+TEST(NativeRefusal, tiesToNothingAreToldAndASimileMarkOfNothingIsMended)
+{
+    io::ImportReport report;
+    const auto model = test::readNative(
+        score(R"("master":{"bars":[{},{},{}]},"tracks":[{"staves":[{"bars":[{"simile":"Simple",)"
+              R"("voices":[{"beats":[{"notes":[{"midi":60,"tieOrigin":true},)"
+              R"({"midi":64,"tieOrigin":true}]},{"notes":[{"midi":60,"tied":true}]}]},)"
+              R"({"beats":[{"notes":[{"midi":64,"tied":true}]}]}]},)"
+              R"({"voices":[{"beats":[{"notes":[{"midi":60,"tied":true,"tieOrigin":true}]}]}]},)"
+              R"({"voices":[{"beats":[{"notes":[{"midi":61,"tieOrigin":true}]}]}]}]}]}])"),
+        report);
+    ASSERT_EQ(report.problems().size(), 3u) << "none in another voice or out of the last bar";
+    EXPECT_EQ(report.problems()[0].toString(),
+              "part 1, bar 1: a simile mark repeats the bar in front, and there is none: it was "
+              "left out");
+    EXPECT_EQ(report.problems()[1].toString(),
+              "part 1, bar 2: a tie ends here that nothing begins");
+    EXPECT_EQ(report.problems()[2].toString(),
+              "part 1, bar 2: a tie is begun here that nothing ends");
+    EXPECT_EQ(model->track(0)->bar(0)->simileMark(), SimileMark::None);
+    EXPECT_TRUE(model->track(0)->bar(1)->voice(0)->beat(0)->note(0)->isTied()) << "kept";
+}
+
 TEST(NativeRefusal, automationsThatNothingCouldHaveMadeAreLeftOutAndReported)
 {
     io::ImportReport report;

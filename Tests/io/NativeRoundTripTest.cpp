@@ -21,7 +21,9 @@ void expectRoundTrip(const ScoreModel &model)
     const auto copy = test::readNative(document, report);
     EXPECT_TRUE(*copy == model) << document;
     EXPECT_EQ(test::writeNative(*copy), document);
-    EXPECT_TRUE(report.problems().empty()) << report.problems().front().text;
+    for (const io::ImportProblem &problem : report.problems())
+        EXPECT_EQ(problem.text.rfind("a tie ", 0), 0u)
+            << "random notes are tied to anything: " << problem.toString();
     EXPECT_EQ(copy->masterTrack()->playlist(), model.masterTrack()->playlist());
 }
 

@@ -334,6 +334,8 @@ private:
         zarn::Staff::Bars bars;
         for (unsigned i = 0; i < _barCount; ++i)
             bars.push_back(bar(strings));
+        if (!bars.empty())
+            bars[0]->setSimileMark(zarn::SimileMark::None);
         if (_barCount > 3 && maybe()) {
             bars[2]->setSimileMark(zarn::SimileMark::FirstOfDouble);
             bars[3]->setSimileMark(zarn::SimileMark::SecondOfDouble);

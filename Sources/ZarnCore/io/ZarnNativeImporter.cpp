@@ -7,6 +7,7 @@
 #include <ZarnCore/io/native/ScoreFields.h>
 #include <ZarnCore/model/ZarnModelCheck.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/notes/Ties.h>
 
 #include <filesystem/FileHandle.h>
 
@@ -55,6 +56,31 @@ std::vector<native::Json> parse(std::string &bytes, filesystem::FileHandle &hand
     ZARN_REFUSE_IN(here, handle.path(), placeOf(original, start + error.offset), error.reason);
 }
 
+/// Takes away what repeats nothing, and says so.
+void mendSimileMarks(ScoreModel &model, ImportReport &report)
+{
+    for (const auto &track : model.tracks()) {
+        for (const auto &staff : track->staves()) {
+            if (staff->barCount() == 0 || staff->bars()[0]->simileMark() != SimileMark::Simple)
+                continue;
+            staff->bars()[0]->setSimileMark(SimileMark::None);
+            report.addProblem({"a simile mark repeats the bar in front, and there is none: it was "
+                               "left out",
+                               static_cast<int>(track->index()), 0, 0});
+        }
+    }
+}
+
+/// Loose ties stay as they are: they are how a note rings on, or is held into a second ending.
+void tellOfLooseTies(const ScoreModel &model, ImportReport &report)
+{
+    for (const auto &track : model.tracks())
+        for (const LooseTie &tie : looseTies(*track))
+            report.addProblem({tie.isBegun ? "a tie is begun here that nothing ends"
+                                           : "a tie ends here that nothing begins",
+                               static_cast<int>(track->index()), static_cast<int>(tie.bar), 0});
+}
+
 } // namespace
 
 NativeImporter::~NativeImporter() = default;
@@ -89,8 +115,10 @@ std::shared_ptr<ScoreModel> NativeImporter::read(filesystem::FileHandle &handle,
     const std::vector<native::Json> values = parse(bytes, handle, stream);
     auto model = std::make_shared<ScoreModel>();
     native::readScore(reader, values.front(), *model);
+    mendSimileMarks(*model, report);
     for (const std::string &problem : checkModelDownToBars(*model))
         report.addProblem({problem, -1, -1, 0});
+    tellOfLooseTies(*model, report);
     return model;
 }
 

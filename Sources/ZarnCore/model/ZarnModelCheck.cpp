@@ -93,6 +93,8 @@ private:
         const auto markAt = [&](unsigned index) {
             return index < staff.barCount() ? staff.bars()[index]->simileMark() : SimileMark::None;
         };
+        if (bar.simileMark() == SimileMark::Simple && number == 0)
+            expect(false, place(), "simile mark without a bar to repeat");
         if (bar.simileMark() == SimileMark::FirstOfDouble
             && markAt(number + 1) != SimileMark::SecondOfDouble)
             expect(false, place(), "first half of a double simile alone");

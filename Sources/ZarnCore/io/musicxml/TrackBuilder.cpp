@@ -83,6 +83,12 @@ void markSimiles(const WrittenMeasureRepeat &repeat, int end, const Staff::Bars 
     if (repeat.count == 0)
         return;
     int bar = repeat.bar;
+    if (bar < repeat.count) {
+        context.addProblemInBar(bar, repeat.node,
+                                "a sign that repeats the bars in front was left out: there are "
+                                "none");
+        bar += repeat.count;
+    }
     for (; bar + repeat.count <= end; bar += repeat.count) {
         const auto at = static_cast<std::size_t>(bar);
         if (repeat.count == 1) {

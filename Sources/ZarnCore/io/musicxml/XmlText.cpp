@@ -132,6 +132,13 @@ std::size_t firstInvalidByte(std::string_view text)
     return text.npos;
 }
 
+/// Where decoding failed: at the first replacement character, else where the text is cut off.
+std::string lineOfFault(const QString &text)
+{
+    const int bad = text.indexOf(QChar(QChar::ReplacementCharacter));
+    return "line " + std::to_string(text.left(bad).count(QLatin1Char('\n')) + 1);
+}
+
 std::string converted(const std::string &document, std::string_view bytes,
                       const std::string &encoding)
 {
@@ -142,7 +149,7 @@ std::string converted(const std::string &document, std::string_view bytes,
     QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
     const auto text = codec->toUnicode(bytes.data(), static_cast<int>(bytes.size()), &state);
     if (state.invalidChars > 0 || state.remainingChars > 0)
-        ZARN_REFUSE_IN("zarn::io::decodeXml", document, "",
+        ZARN_REFUSE_IN("zarn::io::decodeXml", document, lineOfFault(text),
                        "the text is not " + encoding + ", or it is cut off in a character");
     return text.toStdString();
 }

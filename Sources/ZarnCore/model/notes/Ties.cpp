@@ -2,6 +2,7 @@
 #include <ZarnCore/model/notes/Ties.h>
 
 #include <ZarnCore/model/ZarnStaff.h>
+#include <ZarnCore/model/ZarnTrack.h>
 #include <ZarnCore/model/ZarnVoice.h>
 
 namespace zarn {
@@ -17,7 +18,9 @@ bool sameLocation(const Note &left, const Note &right) noexcept
 
 namespace {
 
-bool hasPartner(const Note &note, const Beat *beat, bool (Note::*linked)() const noexcept)
+using Linked = bool (Note::*)() const noexcept;
+
+bool hasPartner(const Note &note, const Beat *beat, Linked linked)
 {
     if (!beat)
         return false;
@@ -55,7 +58,54 @@ void mendBetween(const Beat *before, const Beat *after)
 
 void mendJoint(const Voice &voice, unsigned index)
 {
+    if (voice.isEmpty()) {
+        mendBetween(beatInFrontOfJoint(voice, 0).get(), nullptr);
+        mendBetween(nullptr, beatBehindJoint(voice, 0).get());
+        return;
+    }
     mendBetween(beatInFrontOfJoint(voice, index).get(), beatBehindJoint(voice, index).get());
+}
+
+/// Whether some note in a bar of a track is the other end of a tie; of its own voice, where it
+/// would be the neighbour, nothing is looked at.
+bool hasPartnerBeside(const Track &track, const Staff &own, unsigned voiceIndex, unsigned bar,
+                      const Note &note, Linked linked)
+{
+    for (const auto &staff : track.staves()) {
+        if (bar >= staff->barCount())
+            continue;
+        for (const auto &voice : staff->bars()[bar]->voices()) {
+            if (!voice || (staff.get() == &own && voice->index() == voiceIndex))
+                continue;
+            for (const auto &beat : voice->beats())
+                if (hasPartner(note, beat.get(), linked))
+                    return true;
+        }
+    }
+    return false;
+}
+
+void addLooseTies(const Track &track, const Staff &staff, const Voice &voice, unsigned bar,
+                  std::vector<LooseTie> &loose)
+{
+    const auto isFound = [&](const Note &note, Linked linked, unsigned otherBar) {
+        return hasPartnerBeside(track, staff, voice.index(), bar, note, linked)
+            || hasPartnerBeside(track, staff, voice.index(), otherBar, note, linked);
+    };
+    for (const auto &beat : voice.beats()) {
+        for (const auto &note : beat->notes()) {
+            const bool isHeldFromBefore = note->isTied()
+                && !hasPartner(*note, beatInFrontOfJoint(voice, beat->index()).get(),
+                               &Note::isTieOrigin);
+            if (isHeldFromBefore && !isFound(*note, &Note::isTieOrigin, bar - 1))
+                loose.push_back({staff.index(), bar, false});
+            const bool isHeldOn = note->isTieOrigin() && bar + 1 < staff.barCount()
+                && !hasPartner(*note, beatBehindJoint(voice, beat->index() + 1).get(),
+                               &Note::isTied);
+            if (isHeldOn && !isFound(*note, &Note::isTied, bar + 1))
+                loose.push_back({staff.index(), bar, true});
+        }
+    }
 }
 
 } // namespace
@@ -100,6 +150,17 @@ void releaseTies(const Voice &voice, unsigned beat, const Note &note)
         for (const auto &other : after->notes())
             if (sameLocation(note, *other))
                 other->setTied(false);
+}
+
+std::vector<LooseTie> looseTies(const Track &track)
+{
+    std::vector<LooseTie> loose;
+    for (const auto &staff : track.staves())
+        for (unsigned bar = 0; bar < staff->barCount(); ++bar)
+            for (const auto &voice : staff->bars()[bar]->voices())
+                if (voice)
+                    addLooseTies(track, *staff, *voice, bar, loose);
+    return loose;
 }
 
 } // namespace zarn

@@ -2,12 +2,14 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 namespace zarn {
 
 class Beat;
 class Note;
 class Staff;
+class Track;
 class Voice;
 
 /// Whether two notes are at one place of their instrument, as the ends of a tie are: on the same
@@ -20,7 +22,8 @@ std::shared_ptr<Beat> beatInFrontOfJoint(const Voice &voice, unsigned index);
 std::shared_ptr<Beat> beatBehindJoint(const Voice &voice, unsigned index);
 
 /// Undoes the ties over the joints in front of the beats `first` and `last` of a voice whose two
-/// ends no longer meet: the note before lets go, the note after starts anew.
+/// ends no longer meet: the note before lets go, the note after starts anew. Nothing is held over
+/// a voice without beats.
 void mendTies(Voice &voice, unsigned first, unsigned last);
 
 /// The same for the bar line in front of a bar, in all voices; at the ends of the staff too.
@@ -29,5 +32,17 @@ void mendTiesOverBarLine(const Staff &staff, unsigned bar);
 /// Undoes the ties of a note that leaves its beat: the note before lets go, the note after starts
 /// anew. `beat` is the number of the beat in its voice.
 void releaseTies(const Voice &voice, unsigned beat, const Note &note);
+
+/// A note that is tied to none: nothing in the same bar of its track, or in the one that the tie
+/// leads to, has the other end, in whatever voice. Players read it as ringing on, or as held into
+/// a further ending.
+struct LooseTie {
+    unsigned staff;
+    unsigned bar;
+    bool isBegun; ///< and never ended; else ended and never begun
+};
+
+/// In the order of the tree. A tie out of the last bar waits for its end and is not loose.
+std::vector<LooseTie> looseTies(const Track &track);
 
 } // namespace zarn

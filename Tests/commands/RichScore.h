@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "support/SmallScore.h"
+
+#include <ZarnCore/commands/Beat/ZarnWriteBeats.h>
+#include <ZarnCore/instruments/automations/ZarnSoundAutomation.h>
+#include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
+#include <ZarnCore/instruments/effects/ZarnMastering.h>
+#include <ZarnCore/instruments/sounds/ZarnSound.h>
+#include <ZarnCore/instruments/tunings/ZarnGuitarTuning.h>
+
+/// What the tests of all commands work on.
+namespace rich {
+
+using namespace zarn;
+
+inline TempoAutomation tempo(unsigned bar, float value)
+{
+    TempoAutomation automation;
+    automation.setIndex(bar);
+    automation.setValue(value);
+    return automation;
+}
+
+inline SoundAutomation soundChange(unsigned bar, const char *sound = "Organ")
+{
+    SoundAutomation automation(std::make_shared<Sound>(sound, MIDISound()));
+    automation.setIndex(bar);
+    return automation;
+}
+
+inline std::shared_ptr<Track> shortTrack()
+{
+    auto track = ScoreModel::createTrack(InstrumentSet::flute);
+    track->addEmptyBars(2);
+    return track;
+}
+
+inline const RhythmValue eighth(RhythmValue::NoteValue::Eighth, 1);
+
+inline WrittenStretch writtenStretch(unsigned bar, unsigned voice, unsigned firstBeat,
+                                     unsigned replaced)
+{
+    const auto beat = std::make_shared<Beat>(eighth);
+    beat->addNote(std::make_shared<Note>(60));
+    return {bar, voice, firstBeat, replaced, {beat, std::make_shared<Beat>(eighth)}};
+}
+
+/// A small score with something for every command to work on.
+struct RichScore : SmallScore {
+    RichScore()
+    {
+        model.insertAudioTrack(0, std::make_shared<AudioTrack>("Click"));
+        model.insertAudioTrack(1, std::make_shared<AudioTrack>("Band"));
+        model.track(1)->addSound(std::make_shared<Sound>("Piano", MIDISound()));
+        model.masterTrack()->insertAutomation(tempo(0, 100).cloneAutomation());
+        model.masterTrack()->insertAutomation(tempo(2, 120).cloneAutomation());
+        model.track(1)->mutableAutomations().insertAutomation(
+            soundChange(1, "Strings").cloneAutomation());
+        model.track(0)->bar(5)->setSimileMark(SimileMark::Simple);
+        model.track(1)->bar(2)->setClefChanges({{utils::rational(2), ClefType::F4}});
+        model.masterTrack()->setDirection(static_cast<int>(DirectionMark::Coda), 3);
+        model.masterTrack()->setDirection(static_cast<int>(DirectionMark::DoubleCoda), 2);
+        model.track(0)->bar(2)->setSimileMark(SimileMark::Simple);
+        model.track(0)->staff(0)->setPartialCapoFret(3);
+        model.track(0)->staff(0)->setPartialCapoStringFlags(
+            {true, false, false, true, false, false});
+        model.masterTrack()->masterBars()[4]->setMovementStart(true);
+        score.scoreCursor().setIndex(at(5, -1, 1));
+    }
+};
+
+} // namespace rich
