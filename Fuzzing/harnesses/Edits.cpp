@@ -5,6 +5,7 @@
 #include "StackOracle.h"
 
 #include <ZarnCore/ZarnException.h>
+#include <ZarnCore/commands/ZarnTransaction.h>
 #include <ZarnCore/io/ZarnNativeExporter.h>
 
 #include <support/EventMirror.h>
@@ -44,7 +45,7 @@ public:
         : _random(input), _oracle(rings[_random.below(std::size(rings))])
     {
         _score.commandStack().setMaximumUndo(static_cast<unsigned>(_oracle.maximum()));
-        _now = look(_score);
+        _now = _saved = look(_score);
     }
 
     void run()
@@ -67,7 +68,7 @@ private:
     void step()
     {
         _failing.failAt(_random.percent(10) ? 1 + _random.below(6) : 0);
-        const unsigned kind = _random.below(24);
+        const unsigned kind = _random.below(27);
         if (kind < 12)
             operate();
         else if (kind < 15)
@@ -82,8 +83,12 @@ private:
             forget();
         else if (kind == 22)
             setMaximum();
-        else
+        else if (kind == 23)
             replaceModel();
+        else if (kind == 24)
+            markSaved();
+        else
+            transaction();
     }
 
     template <class Act>
@@ -158,6 +163,41 @@ private:
         close(outcome);
     }
 
+    /// One step, or none: what is refused or fails in it leaves it as it was.
+    void transaction()
+    {
+        EditedScore edited(_score, _random);
+        const auto &operations = randomOperations();
+        const auto isDoneInside = [&] {
+            const std::string before = look(_score);
+            const Outcome outcome =
+                attempt([&] { return operations[_random.below(operations.size())].act(edited); });
+            if (outcome != Outcome::Done)
+                fuzz::expectEqual(before, look(_score), "what fails in a transaction is undone");
+            return outcome == Outcome::Done;
+        };
+        const Outcome outcome = attempt([&] {
+            Transaction transaction(&_score, QStringLiteral("fuzz"));
+            bool hasRun = false;
+            for (unsigned left = _random.below(5); left > 0; --left)
+                hasRun = isDoneInside() || hasRun;
+            if (_random.percent(30))
+                return false;
+            transaction.commit();
+            return hasRun;
+        });
+        _last = "transaction";
+        close(outcome);
+    }
+
+    void markSaved()
+    {
+        _last = "setClean";
+        _score.commandStack().setClean();
+        _saved = _now;
+        expectNow("marking the saved state changes nothing");
+    }
+
     void forget()
     {
         CommandStack &stack = _score.commandStack();
@@ -206,7 +246,7 @@ private:
         }
         _oracle.setMaximum(_oracle.maximum());
         _mirror.emplace(_score);
-        _now = look(_score);
+        _now = _saved = look(_score);
         expectAllWell();
     }
 
@@ -230,6 +270,7 @@ private:
                "there is something to undo when there is");
         expect(stack.redoAvailable() == (_oracle.redoCount() > 0),
                "there is something to redo when there is");
+        expect(!stack.isClean() || _now == _saved, "the saved state is what was saved");
         expect(stack.redoCount() == _oracle.redoCount(), "the steps to redo are counted");
         expect(static_cast<std::size_t>(stack.undoCommandList().size()) == _oracle.undoCount(),
                "the steps to undo are listed");
@@ -246,6 +287,7 @@ private:
     fuzz::FailingListener _failing{_score};
     unsigned _openMacros = 0;
     std::string _now;
+    std::string _saved; ///< what the score was when that was marked
     const char *_last = "";
 };
 

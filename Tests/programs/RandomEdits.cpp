@@ -36,11 +36,13 @@ bool runOn(const std::string &path, unsigned edits, std::uint64_t seed,
     for (const auto &[operation, count] : result.tally.accepted)
         accepted[operation] += count;
     std::printf("%s (%u tracks, %u bars): %u edits in %zu steps, undone and redone byte for byte; "
-                "%u macros, %u abandoned, %u taken back, %u refused; the events told all of "
+                "%u macros, %u transactions, %u abandoned, %u taken back, %u refused; the events "
+                "told all of "
                 "%u steps; %.1f s\n",
                 name.c_str(), model->trackCount(), model->masterTrack()->masterBarCount(),
-                result.tally.edits, result.steps, result.tally.macros, result.tally.abandoned,
-                result.tally.takenBack, result.tally.refused, result.comparedSteps, seconds);
+                result.tally.edits, result.steps, result.tally.macros, result.tally.transactions,
+                result.tally.abandoned, result.tally.takenBack, result.tally.refused,
+                result.comparedSteps, seconds);
     comparedSteps += result.comparedSteps;
     std::fflush(stdout);
     return true;

@@ -44,6 +44,7 @@ TEST(RandomEditsTest, useEveryOperation)
     for (const RandomOperation &operation : randomOperations())
         EXPECT_GT(result.tally.accepted.count(operation.name), 0U) << operation.name;
     EXPECT_GT(result.tally.macros, 50U);
+    EXPECT_GT(result.tally.transactions, 50U);
     EXPECT_GT(result.tally.abandoned, 10U);
     EXPECT_GT(result.tally.takenBack, 10U);
 }

@@ -34,13 +34,20 @@ void RandomCursor::startStep()
 {
     _isUndo = false;
     _before = _score.scoreCursor().index();
+    _stepsBefore = _score.commandStack().undoCount();
 }
 
-// A step that raised has not got here: it left no trace in the ring either.
+// A step that raised has not got here: it left no trace in the ring either. Nor did a transaction
+// that was taken back, which does end here.
 void RandomCursor::endStep()
 {
-    if (!_isUndo) {
+    if (!_isUndo && _score.commandStack().undoCount() != _stepsBefore) {
         _saved.push_back(_before);
+        return;
+    }
+    if (!_isUndo) {
+        if (_score.scoreCursor().index() != _before && _fault.empty())
+            _fault = "taken back, the cursor is not back at " + _before.toQString().toStdString();
         return;
     }
     if (_score.scoreCursor().index() != _saved.back() && _fault.empty())

@@ -39,5 +39,6 @@ private:
         _saved;                    ///< where it stood before each step that can be undone
     zarn::ScoreModelIndex _before; ///< where it stood before the step under way
     bool _isUndo = false;
+    unsigned _stepsBefore = 0;
     std::vector<utils::ScopedConnection> _connections;
 };

@@ -2,12 +2,14 @@
 #include "RandomEditor.h"
 
 #include <ZarnCore/ZarnException.h>
+#include <ZarnCore/commands/ZarnTransaction.h>
 #include <ZarnCore/events/ZarnEvents.h>
 #include <ZarnCore/score/ZarnScore.h>
 
 #include <exception>
 #include <stdexcept>
 #include <type_traits>
+#include <utility>
 
 using namespace zarn;
 
@@ -26,22 +28,24 @@ RandomEditor::RandomEditor(Score &score, std::uint64_t seed, unsigned maximumUnd
     });
 }
 
-/// A listener that fails while a step that failed is taken back is beyond what is promised.
 void RandomEditor::fail()
 {
-    if (_failIn > 0 && std::current_exception() == nullptr && --_failIn == 0)
-        throw std::runtime_error("a listener fails");
+    if (_failIn == 0 || --_failIn > 0)
+        return;
+    _failIn = std::exchange(_failAgainIn, 0);
+    throw std::runtime_error("a listener fails");
 }
 
 void RandomEditor::step()
 {
     _failIn = _random.percent(2) ? 1 + _random.below(5) : 0;
+    _failAgainIn = _failIn > 0 && _random.coin() ? 1 + _random.below(3) : 0;
     _lastStep.clear();
     const unsigned before = _tally.edits;
     const auto accepted = _tally.accepted;
     try {
-        if (_random.percent(6)) {
-            macro(1);
+        if (_random.percent(9)) {
+            group(1);
         } else if (_random.percent(5)) {
             stepBackAndForth();
         } else if (operate()) {
@@ -58,7 +62,7 @@ void RandomEditor::step()
         _tally.edits = before;
         _tally.accepted = accepted;
     }
-    _failIn = 0;
+    _failIn = _failAgainIn = 0;
 }
 
 bool RandomEditor::operate()
@@ -77,6 +81,24 @@ bool RandomEditor::operate()
     return false;
 }
 
+void RandomEditor::group(unsigned depth)
+{
+    if (_random.percent(60))
+        macro(depth);
+    else
+        transaction(depth);
+}
+
+void RandomEditor::fill(unsigned depth)
+{
+    for (unsigned i = _random.below(7); i > 0; --i) {
+        if (depth < 3 && _random.percent(10))
+            group(depth + 1);
+        else if (operate())
+            ++_tally.edits;
+    }
+}
+
 /// What is in it runs when the outermost macro ends; an inner one may be abandoned alone.
 void RandomEditor::macro(unsigned depth)
 {
@@ -85,12 +107,7 @@ void RandomEditor::macro(unsigned depth)
     const auto accepted = _tally.accepted;
     _lastStep += _lastStep.empty() ? "begin" : ", begin";
     stack.beginMacroCommand();
-    for (unsigned i = _random.below(7); i > 0; --i) {
-        if (depth < 3 && _random.percent(10))
-            macro(depth + 1);
-        else if (operate())
-            ++_tally.edits;
-    }
+    fill(depth);
     const bool isCommitted = _random.percent(80);
     _lastStep += isCommitted ? ", commit" : ", abandon";
     if (isCommitted) {
@@ -101,6 +118,44 @@ void RandomEditor::macro(unsigned depth)
         _tally.accepted = accepted;
     }
     stack.endMacroCommand(isCommitted);
+}
+
+/// What is in it runs at once, unless a macro is open around it.
+void RandomEditor::transaction(unsigned depth)
+{
+    const unsigned before = _tally.edits;
+    const auto accepted = _tally.accepted;
+    _lastStep += _lastStep.empty() ? "open" : ", open";
+    Transaction transaction(&_score, QStringLiteral("random"));
+    fillBearing(depth);
+    if (_random.percent(75)) {
+        _lastStep += ", commit";
+        transaction.commit();
+        ++_tally.transactions;
+        return;
+    }
+    _lastStep += ", take back";
+    ++_tally.abandoned;
+    _tally.edits = before;
+    _tally.accepted = accepted;
+}
+
+/// What raises in a transaction that runs at once leaves it as it was, and it may go on.
+void RandomEditor::fillBearing(unsigned depth)
+{
+    const bool bears = !_score.commandStack().isMacroOpen() && _random.coin();
+    const unsigned before = _tally.edits;
+    const auto accepted = _tally.accepted;
+    try {
+        fill(depth);
+    } catch (const std::exception &error) {
+        if (!bears || _score.commandStack().isMacroOpen())
+            throw;
+        _lastStep += std::string(" raised: ") + error.what() + ", borne";
+        // What ran before it stays, but nobody counts it.
+        _tally.edits = before;
+        _tally.accepted = accepted;
+    }
 }
 
 void RandomEditor::stepBackAndForth()

@@ -10,8 +10,9 @@
 #include <string>
 #include <vector>
 
-/// Edits a score at random: operations one by one and in macros, nested ones and abandoned ones
-/// too; steps back and forth between them; and listeners that throw in the middle.
+/// Edits a score at random: operations one by one, in macros and in transactions, each inside of
+/// the other, abandoned ones too; steps back and forth between them; and listeners that throw in
+/// the middle, and once more while what failed is taken back.
 class RandomEditor {
 public:
     /// What was done. An edit is an operation that was accepted and not thrown away.
@@ -19,7 +20,8 @@ public:
         unsigned edits = 0;
         unsigned refused = 0;
         unsigned macros = 0;
-        unsigned abandoned = 0; ///< macros that were not committed
+        unsigned transactions = 0;
+        unsigned abandoned = 0; ///< macros and transactions that were not committed
         unsigned takenBack = 0; ///< macros and operations that raised
         unsigned undone = 0;
         std::map<std::string, unsigned> accepted; ///< per operation
@@ -40,7 +42,11 @@ public:
 
 private:
     bool operate();
+    void group(unsigned depth);
     void macro(unsigned depth);
+    void transaction(unsigned depth);
+    void fill(unsigned depth);
+    void fillBearing(unsigned depth);
     void stepBackAndForth();
     void fail();
 
@@ -50,6 +56,7 @@ private:
     Tally _tally;
     std::string _lastStep;
     unsigned _weights = 0;
-    unsigned _failIn = 0; ///< events until a listener throws; 0 for never
+    unsigned _failIn = 0;      ///< events until a listener throws; 0 for never
+    unsigned _failAgainIn = 0; ///< events from there until it throws once more; 0 for never
     std::vector<utils::ScopedConnection> _connections;
 };

@@ -75,6 +75,38 @@ struct Watch {
     }
 };
 
+/// The saved state of a score, and that its stack says truly when the score is in it.
+class SavedState {
+public:
+    explicit SavedState(Score &score) : _score(score), _text(music(score)) { }
+
+    void mark()
+    {
+        _score.commandStack().setClean();
+        _text = music(_score);
+    }
+
+    /// What is wrong; empty when the score is not said to be in that state, or is.
+    std::string fault() const
+    {
+        return !isReached() || music(_score) == _text ? std::string()
+                                                      : "this is said to be the saved state";
+    }
+
+    std::string faultUnless(bool isHere) const
+    {
+        return isReached() == isHere ? std::string()
+            : isHere                 ? "back in the saved state, nobody says so"
+                                     : "nothing of what was saved is left, and nobody says so";
+    }
+
+private:
+    bool isReached() const { return _score.commandStack().isClean(); }
+
+    Score &_score;
+    std::string _text;
+};
+
 /// Back to the start, or until a fault.
 std::string undoAll(Score &score, Watch &watch, std::size_t &steps)
 {
@@ -158,27 +190,36 @@ void RandomRun::runAll(Result &result) const
     Watch watch(score, seed, EventMirror::wholeLookInterval(model));
     RandomEditor editor(score, seed, 2 * edits + 64);
     const std::string before = music(score);
+    SavedState saved(score);
     const unsigned interval = std::max(1U, edits / std::max(1U, checks));
     unsigned nextCheck = interval;
     while (editor.tally().edits < edits && result.fault.empty()) {
         watch.cursor.move();
         editor.step();
         result.fault = watch.fault();
+        if (result.fault.empty())
+            result.fault = saved.fault();
         if (result.fault.empty() && editor.tally().edits >= nextCheck) {
             nextCheck += interval;
+            saved.mark();
             result.fault = checkSomeSteps(score, interval / 2);
+            if (result.fault.empty())
+                result.fault = saved.faultUnless(true);
         }
     }
     result.tally = editor.tally();
     if (!result.fault.empty())
         return;
     const std::string after = music(score);
+    saved.mark();
     for (int round = 0; round < 2 && result.fault.empty(); ++round) {
         result.fault = undoAll(score, watch, result.steps);
         if (result.fault.empty())
             result.fault = compareAfter("undone,", before, score);
         if (result.fault.empty())
             result.fault = watch.mirror.fault();
+        if (result.fault.empty())
+            result.fault = saved.faultUnless(result.steps == 0);
         if (!result.fault.empty())
             break;
         result.fault = redoAll(score, watch, result.steps);
@@ -186,6 +227,8 @@ void RandomRun::runAll(Result &result) const
             result.fault = compareAfter("redone,", after, score);
         if (result.fault.empty())
             result.fault = watch.mirror.fault();
+        if (result.fault.empty())
+            result.fault = saved.faultUnless(true);
     }
     result.comparedSteps = watch.mirror.steps();
 }
