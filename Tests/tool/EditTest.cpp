@@ -18,7 +18,7 @@ ToolRun edit(const QString &file, const std::string &lines, const QStringList &o
     return runTool(words + options, lines);
 }
 
-/// Every command that changes a score, once, on the band; macros among them.
+/// Every command that changes a score, once, on the band.
 const char *const EveryCommand = R"(
 add-beat 19:2 quarter t2
 fret 19:2 2 3 t2
@@ -29,6 +29,7 @@ dynamic 19:1-2 mp t2
 rest 19:1 t2
 remove-beats 19:1 t2
 add-bars 20 2
+bars 23
 remove-bars 2-3
 time 5-8 3/4
 key 9-12 Em
@@ -62,6 +63,8 @@ remove-sound 1 1
 add-audio-track take1 take1.wav
 remove-audio-track 1
 property words-and-music Nobody
+title "The Saints"
+artist "The Band"
 page-text header-left "%Title%"
 concert-tone 442
 tempo 3 140 half "Più mosso"
@@ -97,11 +100,10 @@ TEST(Edit, everyCommandIsUndoneToTheByteAndRedone)
     EXPECT_EQ(run.code, 0) << run.err << run.out;
     EXPECT_EQ(contentOf(folder.file("once.zarn")), contentOf(folder.file("twice.zarn")));
 
-    const ToolRun macro =
-        edit(saints(),
-             "begin\nname 1 A\nbegin\nproperty title B\ncommit\nadd-bars 1\ncommit\n"
-             "undo\ncompare\n");
-    EXPECT_EQ(macro.code, 0) << macro.err;
+    const ToolRun group = edit(saints(),
+                               "begin\nname 1 A\nbegin\ntitle B\ncommit\nadd-bars 1\n"
+                               "write 1:1 \"6:0w\" t2\nfret 1:1 6 3 t2\ncommit\nundo\ncompare\n");
+    EXPECT_EQ(group.code, 0) << group.err;
 }
 
 /// In the golden file as a reader would copy it from the README.
@@ -172,8 +174,11 @@ TEST(Edit, refusalsSayTheReasonAtTheWordThatIsWrong)
         {"write 2:1 6:0e t2", "in \"quotes\""},
         {"time 3/4", "BARS is missing: nothing is selected and the cursor is nowhere"},
         {"time x 3/4", "\"x\" is not a bar number"},
-        {"begin\nremove-bars 20-21\nadd-bars 19\ncommit", "line 4, column 1: nothing was done"},
-        {"begin\nadd-bars 20\nremove-beats 20:7 t2\ncommit", "nothing was done"},
+        {"begin\nadd-bars 1\nremove-beats 1:7 t2\ncommit",
+         "line 3, column 14: voice 1 of bar 1 has no beat 7; it is empty"},
+        {"add-track guitar --strings", "STRINGS is missing: type --strings and a whole number"},
+        {"add-track guitar --strings 11", "column 28: no tuning with 11 strings is known"},
+        {"add-track guitar --tuning \"Dro D\"", "column 27: \"Dro D\" is neither"},
     };
     for (const Refused &refused : all) {
         const ToolRun run = edit(saints(), refused.lines);
@@ -250,6 +255,53 @@ TEST(Edit, pitchesAreTheSameWordsEverywhere)
     EXPECT_TRUE(contains(trumpet.out, "bars 1 to 4 in all tracks")) << trumpet.out;
 }
 
+/// One says it to either program as to the other.
+TEST(Edit, theOptionsOfNewAreCommandsAndTheCommandsAnOptionOfNew)
+{
+    const Folder folder;
+    const QString typed = folder.file("typed.zarn");
+    const QString made = folder.file("made.zarn");
+    const ToolRun edited =
+        edit(QString(),
+             "--track guitar --strings 7 --tuning \"Drop A\"\ntrack drums\n--title Heavy\n"
+             "artist Nobody\n--tempo 90\n--bars 4\n--time 3/4\n",
+             {QStringLiteral("-o"), typed});
+    EXPECT_EQ(edited.code, 0) << edited.err;
+    const ToolRun run = runTool({QStringLiteral("new"),
+                                 QStringLiteral("-t"),
+                                 QStringLiteral("guitar"),
+                                 QStringLiteral("--strings"),
+                                 QStringLiteral("7"),
+                                 QStringLiteral("--bars"),
+                                 QStringLiteral("1"),
+                                 QStringLiteral("-c"),
+                                 QStringLiteral("add-track drums"),
+                                 QStringLiteral("-c"),
+                                 QStringLiteral("tuning \"Drop A\""),
+                                 QStringLiteral("-c"),
+                                 QStringLiteral("title Heavy"),
+                                 QStringLiteral("-c"),
+                                 QStringLiteral("artist Nobody"),
+                                 QStringLiteral("-c"),
+                                 QStringLiteral("tempo 1 90"),
+                                 QStringLiteral("-c"),
+                                 QStringLiteral("add-bars 2 3"),
+                                 QStringLiteral("-c"),
+                                 QStringLiteral("time all 3/4"),
+                                 made});
+    EXPECT_EQ(run.code, 0) << run.err;
+    EXPECT_EQ(contentOf(typed), contentOf(made));
+    EXPECT_TRUE(contains(run.out, "A1")) << run.out;
+
+    const QString wrong = folder.file("wrong.zarn");
+    const ToolRun refused =
+        runTool({QStringLiteral("new"), QStringLiteral("-t"), QStringLiteral("bass"),
+                 QStringLiteral("-c"), QStringLiteral("fret 1:1 1 3"), wrong});
+    EXPECT_EQ(refused.code, 1);
+    EXPECT_TRUE(contains(refused.err, "command 1, column 6: voice 1 of bar 1")) << refused.err;
+    EXPECT_FALSE(QFile::exists(wrong));
+}
+
 TEST(Edit, aWrongLineStopsAScriptWithItsPlaceAndSavesNothing)
 {
     const Folder folder;
@@ -285,7 +337,7 @@ TEST(Edit, aWrongLineStopsAScriptWithItsPlaceAndSavesNothing)
         EXPECT_TRUE(contains(wrong.err, "column ")) << wrong.err;
         EXPECT_FALSE(hasSourcePlace(wrong.err)) << wrong.err;
     }
-    EXPECT_TRUE(contains(edit(saints(), "begin\nname 1 X\n").err, "a macro is still open"));
+    EXPECT_TRUE(contains(edit(saints(), "begin\nname 1 X\n").err, "a group is still open"));
 }
 
 TEST(Edit, eventsArePrintedAsTheyAreDeliveredWhileAskedFor)
@@ -305,7 +357,7 @@ TEST(Edit, eventsArePrintedAsTheyAreDeliveredWhileAskedFor)
               "  event RequestMasterBarPlaylistUpdate\n"
               "  event CommandExecuted\n"
               "Undid 1 step.\n"
-              "  event CommandPushed: command \"\"\n"
+              "  event CommandPushed: command \"Group\"\n"
               "  event BeginMacro\n"
               "  event MasterBarTimeSignature: first bar 1, last bar 2\n"
               "  event MasterBarDirection: direction Coda, from bar none, to bar 3\n"
@@ -318,15 +370,15 @@ TEST(Edit, eventsArePrintedAsTheyAreDeliveredWhileAskedFor)
               "Undid 4 steps.\n");
 }
 
-TEST(Edit, anAbandonedMacroLeavesNoTraceAndACommittedOneIsOneStep)
+TEST(Edit, anAbandonedGroupLeavesNoTraceAndACommittedOneIsOneStep)
 {
     const ToolRun run = edit(romance(),
-                             "events all\nbegin\nremove-bars 1-8\nname 1 X\nabandon\n"
-                             "compare\nbegin\nname 1 X\nname 1 Y\ncommit\nhistory\n"
+                             "begin\nremove-bars 1-8\nname 1 X\nabandon\n"
+                             "compare\nbegin Names\nname 1 X\nname 1 Y\ncommit\nhistory\n"
                              "undo 2\n");
     EXPECT_EQ(run.code, 1);
     EXPECT_EQ(run.out.rfind("The score is what it was", 0), 0u) << run.out;
-    EXPECT_TRUE(contains(run.out, "newest first: 1 step\n")) << run.out;
+    EXPECT_TRUE(contains(run.out, "newest first: 1 step\n  1 Names ")) << run.out;
     EXPECT_TRUE(contains(run.err, "only 1 step to undo")) << run.err;
 }
 

@@ -45,7 +45,7 @@ TEST(ScriptLine, wrongLinesAreNamedByColumnAndWhatWouldBeRight)
 {
     const auto score =
         ZarnCoreUtils::make_from_string("guitar: 1:0q 2:0 3:0 4:0 | 1:0w | r ; piano: c4w + c3w");
-    const ReadingContext context = {score->scoreModel().get(), Where(), true};
+    const ReadingContext context = {score->scoreModel().get(), Where()};
     const WrongLine lines[] = {
         {"fret 1:1 1", 11, "FRET is missing"},
         {"fret 1:1 7 3", 10, "no string 7; they go from 1 to 6"},
@@ -93,7 +93,7 @@ TEST(ScriptLine, wrongLinesAreNamedByColumnAndWhatWouldBeRight)
 TEST(ScriptLine, placesAreCountedAsPeopleCount)
 {
     const auto score = ZarnCoreUtils::make_from_string("guitar: 1:0 | 1:0 ; piano: c4 + c3");
-    const ReadingContext context = {score->scoreModel().get(), Where(), true};
+    const ReadingContext context = {score->scoreModel().get(), Where()};
     const auto fret = readLine(line("fret 2:1 1 3"), context);
     EXPECT_EQ(fret->values.get<BeatRange>(0).first.bar, 1u);
     EXPECT_EQ(fret->values.get<BeatRange>(0).first.beat, 0u);

@@ -99,15 +99,15 @@ Subcommand catalogCommand()
         QStringLiteral("Lists the tunings, instruments and sounds that the library knows."),
         QStringLiteral(
             "WHAT is one of\n"
-            "  tunings      of fretted and bowed instruments, your own ones too\n"
+            "  tunings      of fretted and bowed instruments, your own included\n"
             "  instruments  the categories of tracks; with a category, such as drumKit, also\n"
             "               its articulations, each with the note head of a quarter\n"
             "  gm           the General MIDI programs, counted from 1, and percussion keys,\n"
-            "               which \"zarn new\" makes tracks of\n"
+            "               from which \"zarn new\" makes tracks\n"
             "  patches      the sounds; with the id of one also the sound banks that it needs\n"
-            "WORDs and options leave what fits all of them, letters of either case. Strings\n"
-            "are listed from the lowest on, C4 is middle C, and staff lines count half spaces\n"
-            "up from the bottom line. With --json, prints an array of objects."),
+            "WORDs and options narrow the list to what matches them all, in upper or lower case.\n"
+            "Strings are listed from the lowest on, C4 is middle C, and staff lines count half\n"
+            "spaces up from the bottom line. With --json, prints an array of objects."),
         {{QStringLiteral("instrument"), QStringLiteral("i"), QStringLiteral("I"),
           QStringLiteral("Tunings of an instrument; programs and patches of a category.")},
          {QStringLiteral("strings"), QStringLiteral("s"), QStringLiteral("N"),
@@ -115,9 +115,9 @@ Subcommand catalogCommand()
          {QStringLiteral("family"), QStringLiteral("f"), QStringLiteral("F"),
           QStringLiteral("Instruments and programs of a family.")},
          {QStringLiteral("name"), QStringLiteral("n"), QStringLiteral("TEXT"),
-          QStringLiteral("What has TEXT in the first column.")},
+          QStringLiteral("Only what has TEXT in the first column.")},
          {QStringLiteral("json"), QStringLiteral("j"), QString(),
-          QStringLiteral("Print it for programs.")}},
+          QStringLiteral("Print JSON for programs.")}},
         runCatalog,
     };
 }

@@ -63,6 +63,15 @@ QString Arguments::value(const QString &option) const
     return found == _values.end() ? QString() : found->second;
 }
 
+std::vector<std::string> Arguments::values(const QString &option) const
+{
+    std::vector<std::string> values;
+    for (const auto &[given, value] : _given)
+        if (given == option)
+            values.push_back(value.toStdString());
+    return values;
+}
+
 int Arguments::number(const QString &option, int least, int most, int otherwise) const
 {
     if (!has(option))

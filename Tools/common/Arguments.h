@@ -57,6 +57,9 @@ public:
     /// Value of an option, empty when it was not given; the last one of those that were.
     QString value(const QString &option) const;
 
+    /// All values of an option, in the order in which they were given.
+    std::vector<std::string> values(const QString &option) const;
+
     /// Every option with its value, in the order in which they were given.
     const std::vector<std::pair<QString, QString>> &given() const noexcept { return _given; }
 

@@ -60,8 +60,8 @@ QString trackText(const Track &track, Signs signs)
     const QString transposition = transpositionText(track.transpositionOffset());
     if (!transposition.isEmpty())
         details.append(transposition);
-    const QString name =
-        track.name().empty() ? QStringLiteral("(no name)") : QString::fromStdString(track.name());
+    const QString name = track.name().empty() ? QStringLiteral("(no name)")
+                                              : QString::fromStdString(track.name()).simplified();
     const QString number = QStringLiteral("%1 %2").arg(track.index() + 1).arg(name);
     return details.isEmpty() ? number
                              : number + QStringLiteral(": ") + details.join(QStringLiteral(", "));

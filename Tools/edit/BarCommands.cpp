@@ -20,6 +20,16 @@ bool addBars(EditSession &session, const Values &values)
                                       static_cast<unsigned>(values.get(1, 1)));
 }
 
+bool setBarCount(EditSession &session, const Values &values)
+{
+    const unsigned present = session.model().masterTrack()->masterBarCount();
+    const auto count = static_cast<unsigned>(values.get<int>(0));
+    if (count == present)
+        throw LineError(values.column(0), QStringLiteral("the score has this many bars already"));
+    return count > present ? session.score().createBars(present, count - present)
+                           : session.score().removeBarRange(count, present - 1);
+}
+
 bool removeBars(EditSession &session, const Values &values)
 {
     const BarRange bars = targetBars(session, values);
@@ -67,7 +77,7 @@ bool setRepeatEnd(EditSession &session, const Values &values)
 {
     if (values.get<int>(1) == 1)
         throw LineError(values.column(1),
-                        QStringLiteral("a repeat is played at least twice; 0 takes it away"));
+                        QStringLiteral("a repeat is played at least twice; 0 removes it"));
     return session.score().setBarRepeatEnd(targetBar(session, values),
                                            static_cast<unsigned>(values.get<int>(1)));
 }
@@ -127,6 +137,11 @@ const std::vector<Command> &barCommands()
          QStringLiteral("Insert empty bars in front of a bar."),
          QStringLiteral("Score::createBars"),
          addBars},
+        {QStringLiteral("bars"),
+         {{QStringLiteral("COUNT"), Kind::Whole, Presence::Required, 1, MostBars}},
+         QStringLiteral("Make the score this many bars long, by its end."),
+         QStringLiteral("Score::createBars"),
+         setBarCount},
         {QStringLiteral("remove-bars"),
          {someBars},
          QStringLiteral("Remove bars from all tracks."),
@@ -169,13 +184,13 @@ const std::vector<Command> &barCommands()
          setRepeatEnd},
         {QStringLiteral("endings"),
          {someBars, {QStringLiteral("PASSES"), Kind::Passes}},
-         QStringLiteral("Play bars in some passes of a repeat alone."),
+         QStringLiteral("Play bars only in some passes of a repeat."),
          QStringLiteral("Score::setBarAlternateEndings"),
          setEndings},
         {QStringLiteral("direction"),
          {choice("DIRECTION", directionChoices()),
           {QStringLiteral("BAR"), Kind::Bar, Presence::Optional}},
-         QStringLiteral("Put a jump or its target at a bar; without a bar, take it away."),
+         QStringLiteral("Put a jump or its target at a bar; without a bar, remove it."),
          QStringLiteral("Score::setBarDirection"),
          setDirection},
         {QStringLiteral("movement"),
@@ -192,12 +207,12 @@ const std::vector<Command> &barCommands()
          setSection},
         {QStringLiteral("no-section"),
          {oneBar},
-         QStringLiteral("Take the section mark of a bar away."),
+         QStringLiteral("Remove the section mark of a bar."),
          QStringLiteral("Score::unsetMasterBarSection"),
          unsetSection},
         {QStringLiteral("clef"),
          {someBars, choice("CLEF", clefChoices())},
-         QStringLiteral("Put bars of a staff under a clef."),
+         QStringLiteral("Set the clef of bars in a staff."),
          QStringLiteral("Score::setClef"),
          setClef,
          true},

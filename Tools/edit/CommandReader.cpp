@@ -43,6 +43,46 @@ void takeWhere(std::vector<Word> &words, ReadingContext &context)
     words.erase(std::remove_if(words.begin() + 1, words.end(), isWhere), words.end());
 }
 
+/// Written as an option of "zarn new", a command is for the whole score: "--time 3/4".
+void addWholeScore(const Command &command, std::vector<Word> &words)
+{
+    if (!words.front().text.startsWith(QStringLiteral("--")) || words.size() != 2
+        || command.parameters.size() < 2)
+        return;
+    const Parameter &place = command.parameters.front();
+    if (place.presence != Presence::Assumed)
+        return;
+    const int column = words.back().column;
+    if (place.kind == Kind::Bars)
+        words.insert(words.begin() + 1, Word{QStringLiteral("all"), column, false});
+    else if (place.kind == Kind::Bar)
+        words.insert(words.begin() + 1, Word{QStringLiteral("1"), column, false});
+}
+
+/// Takes what is given by name out of a line: "--strings 7".
+void takeOptions(const Command &command, std::vector<Word> &words, const ReadingContext &context,
+                 Values &values)
+{
+    for (const Parameter &option : command.options) {
+        const QString name = option.name.toLower();
+        const auto given = std::find_if(words.begin() + 1, words.end(), [&name](const Word &word) {
+            return !word.isQuoted && word.text == QStringLiteral("--") + name;
+        });
+        if (given == words.end())
+            continue;
+        const auto value = given + 1;
+        if (value == words.end())
+            throw LineError(given->column,
+                            QStringLiteral("%1 is missing: type --%2 and %3")
+                                .arg(option.name, name, expectation(option)));
+        values.addOption(name,
+                         takesAllWords(option) ? readValues(option, {*value}, context)
+                                               : readValue(option, *value, context),
+                         value->column);
+        words.erase(given, value + 1);
+    }
+}
+
 /// How many words the parameters behind one need at least.
 std::size_t wordsNeededBehind(const Command &command, std::size_t parameter,
                               const ReadingContext &context)
@@ -141,6 +181,8 @@ QStringList suggestionsFor(const Command &command, const QStringList &before)
         if (!isAssumed())
             break;
     }
+    for (const Parameter &option : command.options)
+        words.append(QStringLiteral("--") + option.name.toLower());
     return words;
 }
 
@@ -163,6 +205,8 @@ std::optional<ReadLine> readLine(const QString &line, const ReadingContext &cont
         takeWhere(words, here);
     ReadLine read = {command, Values(here.where), name.column};
     read.values.setNamesWhere(words.size() != wordCount);
+    takeOptions(*command, words, here, read.values);
+    addWholeScore(*command, words);
     readParameters(*command, words, endColumn, here, read.values);
     return read;
 }

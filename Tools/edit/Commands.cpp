@@ -5,7 +5,10 @@ namespace zarn::tool {
 
 namespace {
 
-constexpr int UsageWidth = 33;
+constexpr int UsageWidth = 35;
+
+/// The option with which "zarn new" adds a track.
+constexpr const char *TrackOption = "track";
 
 QString usageWithoutWhere(const Command &command)
 {
@@ -31,8 +34,11 @@ const std::vector<CommandArea> &commandAreas()
     return areas;
 }
 
-const Command *findCommand(const QString &name)
+const Command *findCommand(const QString &word)
 {
+    QString name = word.startsWith(QStringLiteral("--")) ? word.mid(2) : word;
+    if (name == QLatin1String(TrackOption))
+        name = QStringLiteral("add-track");
     for (const CommandArea &area : commandAreas())
         for (const Command &command : area.commands)
             if (command.name == name)
@@ -42,8 +48,10 @@ const Command *findCommand(const QString &name)
 
 QString usageOf(const Command &command)
 {
-    return usageWithoutWhere(command)
-        + (command.takesWhere ? QStringLiteral(" [tN] [sN] [vN]") : QString());
+    QString usage = usageWithoutWhere(command);
+    for (const Parameter &option : command.options)
+        usage += QStringLiteral(" [--%1 %2]").arg(option.name.toLower(), option.name);
+    return usage + (command.takesWhere ? QStringLiteral(" [tN] [sN] [vN]") : QString());
 }
 
 QString helpText()
@@ -58,10 +66,11 @@ QString helpText()
         "\n"
         "MUSIC is a text in quotes, such as \"6:0e 6:3 [5:2 4:2]q. r & 6:0w | c#3q~ c#3\": string\n"
         "and fret or a note, then w h q e s t x for its length, with dots and /3 for a triplet,\n"
-        "which holds until another comes; [chords], r for rests, 6:x for dead notes, ~ for ties,\n"
+        "which holds until the next one; [chords], r for rests, 6:x for dead notes, ~ for ties,\n"
         "& before another voice, | between bars.\n"
         "\n"
-        "# begins a comment, \"quotes\" keep words together, \"help COMMAND\" tells more.\n");
+        "# begins a comment, \"quotes\" keep words together, \"help COMMAND\" tells more. The\n"
+        "options of \"zarn new\" are understood too: --track drums, --strings 7, --title Blues.\n");
     for (const CommandArea &area : commandAreas()) {
         text += QStringLiteral("\n%1\n").arg(QLatin1String(area.title));
         for (const Command &command : area.commands) {
@@ -80,6 +89,8 @@ QString helpText(const Command &command)
         if (const QString assumed = assumption(parameter); !assumed.isEmpty())
             text += QStringLiteral("    left out: %1\n").arg(assumed);
     }
+    for (const Parameter &option : command.options)
+        text += QStringLiteral("  --%1: %2\n").arg(option.name.toLower(), expectation(option));
     if (command.takesWhere)
         text += QStringLiteral("  tN, sN, vN: track, staff and voice, such as t2 v1\n");
     if (!command.entryPoint.isEmpty())

@@ -21,6 +21,9 @@ struct Command {
 
     /// Whether t2, s1 and v2 may stand anywhere behind the name.
     bool takesWhere = false;
+
+    /// What may be given by name anywhere behind the command's: "--strings 7".
+    std::vector<Parameter> options = {};
 };
 
 /// The tables, one per area.
@@ -38,7 +41,8 @@ struct CommandArea {
 };
 const std::vector<CommandArea> &commandAreas();
 
-/// The command of a name; null when there is none.
+/// The command of a name, or of the option of "zarn new" that does the same: "--tempo", "track".
+/// Null when there is none.
 const Command *findCommand(const QString &name);
 
 /// "add-bars BAR [COUNT]".

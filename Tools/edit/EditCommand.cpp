@@ -35,9 +35,7 @@ struct CommandSource {
 CommandSource sourceOf(const Arguments &arguments, const Terminal &terminal)
 {
     CommandSource source;
-    for (const auto &[option, value] : arguments.given())
-        if (option == QStringLiteral("command"))
-            source.commands.push_back(value.toStdString());
+    source.commands = arguments.values(QStringLiteral("command"));
     source.script = arguments.value(QStringLiteral("script")).toStdString();
     if (!source.commands.empty() && !source.script.empty())
         throw UsageError{QStringLiteral("--command and --script cannot be given together")};
@@ -116,11 +114,11 @@ Subcommand editCommand()
         QStringLiteral("Edits a score by commands, typed or from a script."),
         QStringLiteral(
             "Without FILE, begins with an empty score of one bar. The commands are typed, or\n"
-            "come from -c, a script, or a pipe. A wrong one in a script changes nothing, is\n"
-            "named with its line and column, and ends the run with exit code 1 and nothing\n"
-            "saved. So does, at the end, a \"compare\" that found a difference. Changes that a\n"
-            "script neither saved nor left to --output are lost: that is told, with exit\n"
-            "code 1.\n\n"
+            "come from -c, a script, or a pipe. A wrong command in a script changes nothing: it "
+            "is\n"
+            "reported with its line and column, and the run ends there with exit code 1 and\n"
+            "nothing saved. Changes that a script neither saved nor gave an --output are lost,\n"
+            "which is reported, with exit code 1. So is a \"compare\" that found a difference.\n\n"
             "    zarn edit song.zarn -c \"select all\" -c \"dynamic mf\" -o louder.zarn\n\n")
             + helpText().trimmed(),
         {{QStringLiteral("command"), QStringLiteral("c"), QStringLiteral("COMMAND"),

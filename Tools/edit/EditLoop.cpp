@@ -19,7 +19,7 @@ namespace {
 void runLine(EditSession &session, const std::string &text)
 {
     const QString line = QString::fromUtf8(text.c_str(), static_cast<int>(text.size()));
-    const ReadingContext context = {&session.model(), session.where(), session.openMacros() == 0,
+    const ReadingContext context = {&session.model(), session.where(),
                                     session.score().scoreCursor().isValid(),
                                     session.selection().has_value()};
     if (session.echoes() && !line.trimmed().isEmpty())
@@ -60,9 +60,9 @@ bool runOrPrint(EditSession &session, const std::string &line, const std::string
 
 LoopEnd endOfLines(const EditSession &session, const std::string &place)
 {
-    if (session.openMacros() == 0)
+    if (session.openGroups() == 0)
         return LoopEnd::AtEnd;
-    std::cerr << "zarn: " << place << ": a macro is still open; end it with commit or abandon\n";
+    std::cerr << "zarn: " << place << ": a group is still open; end it with commit or abandon\n";
     return LoopEnd::AtError;
 }
 
@@ -84,6 +84,10 @@ Answer askAboutChanges(LineEditor &editor)
 /// Whether the session may end now.
 bool mayLeave(EditSession &session, LineEditor &editor)
 {
+    if (session.openGroups() > 0) {
+        std::cerr << "zarn: a group is still open; commit or abandon it first\n";
+        return false;
+    }
     if (!session.hasUnsavedChanges())
         return true;
     switch (askAboutChanges(editor)) {
@@ -108,7 +112,7 @@ bool mayLeave(EditSession &session, LineEditor &editor)
 
 std::string promptOf(const EditSession &session)
 {
-    return std::string(session.openMacros(), '+') + "zarn> ";
+    return std::string(session.openGroups(), '+') + "zarn> ";
 }
 
 } // namespace

@@ -6,7 +6,6 @@
 #include "common/Terminal.h"
 #include "edit/EventPrinter.h"
 
-#include <ZarnCore/ZarnException.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
 #include <algorithm>
@@ -62,23 +61,29 @@ void EditSession::setWhere(const Where &where)
     cursor.moveToCursor(*there);
 }
 
-void EditSession::beginMacro()
+void EditSession::beginGroup(const QString &name)
 {
-    _score.commandStack().beginMacroCommand();
-    ++_openMacros;
+    _groups.push_back(
+        std::make_unique<Transaction>(&_score, name.isEmpty() ? QStringLiteral("Group") : name));
 }
 
-void EditSession::endMacro(bool commit)
+void EditSession::commitGroup()
 {
-    if (_openMacros == 0)
-        throw Failure("no macro is open; begin opens one");
-    --_openMacros;
-    try {
-        _score.commandStack().endMacroCommand(commit);
-    } catch (const CoreException &) {
-        throw Failure("nothing was done: a command of the macro names a place that is not there "
-                      "when its turn comes");
-    }
+    requireGroup();
+    _groups.back()->commit();
+    _groups.pop_back();
+}
+
+void EditSession::abandonGroup()
+{
+    requireGroup();
+    _groups.pop_back();
+}
+
+void EditSession::requireGroup() const
+{
+    if (_groups.empty())
+        throw Failure("no group is open; begin opens one");
 }
 
 void EditSession::printEvents(EventDetail detail)

@@ -3,6 +3,7 @@
 
 #include "edit/Values.h"
 
+#include <ZarnCore/commands/ZarnTransaction.h>
 #include <ZarnCore/model/places/ZarnScoreModelRange.h>
 #include <ZarnCore/score/ZarnScore.h>
 
@@ -11,6 +12,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace zarn::tool {
 
@@ -45,11 +47,16 @@ public:
     const std::optional<ScoreModelRange> &selection() const noexcept { return _selection; }
     void select(const std::optional<ScoreModelRange> &selection) { _selection = selection; }
 
-    // Macros.
+    // Groups: the commands in one run when they are typed, and are one step when it is committed.
 
-    unsigned openMacros() const noexcept { return _openMacros; }
-    void beginMacro();
-    void endMacro(bool commit);
+    std::size_t openGroups() const noexcept { return _groups.size(); }
+
+    /// Opens a group inside those that are open; the name is that of its step, and may be empty.
+    void beginGroup(const QString &name);
+
+    /// End the innermost group: keep what it did, or undo it. Raise `Failure` when none is open.
+    void commitGroup();
+    void abandonGroup();
 
     // Events.
 
@@ -80,16 +87,18 @@ public:
     void stay() noexcept { _isOver = false; }
 
 private:
+    void requireGroup() const;
+
     const OpenedDocument &_document;
     std::string _output;
     const Terminal &_terminal;
     std::ostream &_out;
     Score _score;
     std::string _opened; ///< native text of the score as it was opened
+    std::vector<std::unique_ptr<Transaction>> _groups; ///< innermost last
     std::unique_ptr<EventPrinter> _events;
     Where _where; ///< while the cursor is nowhere
     std::optional<ScoreModelRange> _selection;
-    unsigned _openMacros = 0;
     bool _hasComparedDifferent = false;
     bool _isOver = false;
     bool _echoes = false;

@@ -272,15 +272,11 @@ std::shared_ptr<Staff> staffAt(const EditSession &session, const Where &where, i
 
 } // namespace
 
-void writeMusic(EditSession &session, const Where &where, const BeatPlace &from,
+bool writeMusic(EditSession &session, const Where &where, const BeatPlace &from,
                 const TypedMusic &music)
 {
     const auto staff = staffAt(session, where, music.column);
     const MasterTrack &master = *session.model().masterTrack();
-    if (session.openMacros() > 0)
-        throw LineError(music.column,
-                        QStringLiteral("music is laid out in the bars as they are; commit or "
-                                       "abandon the macro first"));
     if (!master.hasMasterBars())
         throw LineError(music.column,
                         QStringLiteral("the score has no bars yet; \"add-bars 1\" makes one"));
@@ -292,16 +288,17 @@ void writeMusic(EditSession &session, const Where &where, const BeatPlace &from,
         throw LineError(music.column, QStringLiteral("there is no music in this text"));
     auto stretches = layout.take();
     const unsigned present = master.masterBarCount();
-    if (needed <= present) {
-        session.score().writeBeats(where.track, where.staff, std::move(stretches));
-        return;
-    }
-    session.beginMacro();
-    session.score().createBars(present, needed - present);
-    session.score().writeBeats(where.track, where.staff, std::move(stretches));
-    session.endMacro(true);
-    session.out() << counted(needed - present, "bar") << " added: the score has "
-                  << counted(needed, "bar") << " now.\n";
+    const unsigned missing = needed > present ? needed - present : 0;
+    Transaction step(&session.score(), QStringLiteral("WriteMusic"));
+    if (missing > 0 && !session.score().createBars(present, missing))
+        return false;
+    if (!session.score().writeBeats(where.track, where.staff, std::move(stretches)))
+        return false;
+    step.commit();
+    if (missing > 0)
+        session.out() << counted(missing, "bar") << " added: the score has "
+                      << counted(needed, "bar") << " now.\n";
+    return true;
 }
 
 BeatPlace endOfVoice(EditSession &session, const Where &where)

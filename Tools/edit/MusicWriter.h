@@ -21,8 +21,8 @@ struct TypedMusic {
 /// Writes music into a voice, from a beat on and over what is there; further voices of the text go
 /// into the voices behind. Bars that are full lead to the next ones, and those that are missing are
 /// added. A beat that is covered in part leaves rests. Raises `LineError` for music that does not
-/// fit; nothing has happened then.
-void writeMusic(EditSession &session, const Where &where, const BeatPlace &from,
+/// fit, and answers false when the score refuses it; nothing has happened then.
+bool writeMusic(EditSession &session, const Where &where, const BeatPlace &from,
                 const TypedMusic &music);
 
 /// The place behind the last beat of a voice: in the last bar where it has any, unless that is

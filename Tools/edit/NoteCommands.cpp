@@ -39,8 +39,6 @@ struct Fingering {
 std::vector<Fingering> fingerings(EditSession &session, const Values &values)
 {
     const ScoreModelRange range = targetBeats(session, values);
-    if (session.openMacros() > 0 && range.first() == range.second())
-        return {{range.first(), targetString(session, values, 1)}};
     const bool followsNotes = !values.has(1) && !values.has(0) && session.selection().has_value();
     std::vector<Fingering> found;
     for (const BeatSpan &span : beatSpans(*session.score().scoreModel(), range)) {
@@ -91,10 +89,11 @@ bool setFret(EditSession &session, const Values &values)
         requireFret(at, fret, values.column(2));
     if (all.size() == 1)
         return session.score().setStringedNote(all.front().beat, all.front().string, fret);
-    session.beginMacro();
+    Transaction step(&session.score(), QStringLiteral("SetStringedNotes"));
     for (const Fingering &at : all)
-        session.score().setStringedNote(at.beat, at.string, fret);
-    session.endMacro(true);
+        if (!session.score().setStringedNote(at.beat, at.string, fret))
+            return false;
+    step.commit();
     return true;
 }
 
@@ -157,14 +156,13 @@ bool write(EditSession &session, const Values &values)
     const bool isNewBar = from.bar >= session.model().masterTrack()->masterBarCount();
     if (!isNewBar || from.beat != 0)
         requireBeat(session, values.where(), from, values.column(0), Allowed::BeatsAndEnd);
-    writeMusic(session, values.where(), from, typedMusic(values, 1));
-    return true;
+    return writeMusic(session, values.where(), from, typedMusic(values, 1));
 }
 
 bool append(EditSession &session, const Values &values)
 {
-    writeMusic(session, values.where(), endOfVoice(session, values.where()), typedMusic(values, 0));
-    return true;
+    return writeMusic(session, values.where(), endOfVoice(session, values.where()),
+                      typedMusic(values, 0));
 }
 
 bool setRest(EditSession &session, const Values &values)
@@ -236,7 +234,7 @@ const std::vector<Command> &noteCommands()
          true},
         {QStringLiteral("rest"),
          {beats},
-         QStringLiteral("Make rests of beats."),
+         QStringLiteral("Turn beats into rests."),
          QStringLiteral("Score::setNoteRest"),
          setRest,
          true},

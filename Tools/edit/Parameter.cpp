@@ -236,15 +236,13 @@ bool readWhere(const Word &word, const ReadingContext &context, Where &where)
     const QString number = match.captured(2);
     switch (match.captured(1).at(0).toLatin1()) {
     case 't':
-        where.track = readPlace(number, word, "track", context.model->trackCount(), context);
+        where.track = readPlace(number, word, "track", context.model->trackCount());
         break;
     case 's':
-        where.staff =
-            readPlace(number, word, "staff", staffCount({context.model, where, true}), context);
+        where.staff = readPlace(number, word, "staff", staffCount({context.model, where}));
         break;
     default:
-        where.voice =
-            readPlace(number, word, "voice", Bar::MaxVoices, {context.model, where, true});
+        where.voice = readPlace(number, word, "voice", Bar::MaxVoices);
     }
     return true;
 }

@@ -64,10 +64,6 @@ struct Parameter {
 struct ReadingContext {
     const ScoreModel *model;
     Where where;
-
-    /// False while a macro is open: what its commands will find is not there yet.
-    bool knowsCounts;
-
     bool hasCursor = false; ///< whether the cursor is anywhere
     bool hasSelection = false;
 };

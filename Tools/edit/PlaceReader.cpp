@@ -30,7 +30,7 @@ BeatPlace beatPlace(const QString &text, const Word &word, const ReadingContext 
                         QStringLiteral("\"%1\" is not a beat number; the first beat of bar 3 "
                                        "is 3:1")
                             .arg(numbers.last()));
-    return {readPlace(numbers.first(), word, "bar", barCount(context) + newBars, context),
+    return {readPlace(numbers.first(), word, "bar", barCount(context) + newBars),
             static_cast<unsigned>(*beat) - 1};
 }
 
@@ -47,18 +47,17 @@ unsigned staffCount(const ReadingContext &context)
     return track ? track->staffCount() : 1;
 }
 
-unsigned readPlace(const QString &text, const Word &word, const char *thing, unsigned count,
-                   const ReadingContext &context)
+unsigned readPlace(const QString &text, const Word &word, const char *thing, unsigned count)
 {
     const auto number = wholeNumber(text);
     if (!number)
         throw LineError(
             word.column,
             QStringLiteral("\"%1\" is not a %2 number").arg(text, QLatin1String(thing)));
-    if (context.knowsCounts && count == 0)
+    if (count == 0)
         throw LineError(word.column,
                         QStringLiteral("the score has no %1s yet").arg(QLatin1String(thing)));
-    if (*number < 1 || (context.knowsCounts && static_cast<unsigned>(*number) > count))
+    if (*number < 1 || static_cast<unsigned>(*number) > count)
         throw LineError(word.column,
                         (count == 1 ? QStringLiteral("there is no %1 %2, only %1 1")
                                     : QStringLiteral("there is no %1 %2; they go from 1 to %3"))
@@ -70,12 +69,12 @@ unsigned readPlace(const QString &text, const Word &word, const char *thing, uns
 
 std::optional<Value> readBar(const Parameter &, const Word &word, const ReadingContext &context)
 {
-    return static_cast<int>(readPlace(word.text, word, "bar", barCount(context), context));
+    return static_cast<int>(readPlace(word.text, word, "bar", barCount(context)));
 }
 
 std::optional<Value> readBarGap(const Parameter &, const Word &word, const ReadingContext &context)
 {
-    return static_cast<int>(readPlace(word.text, word, "bar", barCount(context) + 1, context));
+    return static_cast<int>(readPlace(word.text, word, "bar", barCount(context) + 1));
 }
 
 std::optional<Value> readBars(const Parameter &, const Word &word, const ReadingContext &context)
@@ -86,8 +85,8 @@ std::optional<Value> readBars(const Parameter &, const Word &word, const Reading
     const QStringList ends = word.text.split(QLatin1Char('-'));
     if (ends.size() > 2)
         return std::nullopt;
-    const BarRange bars = {readPlace(ends.first(), word, "bar", count, context),
-                           readPlace(ends.last(), word, "bar", count, context)};
+    const BarRange bars = {readPlace(ends.first(), word, "bar", count),
+                           readPlace(ends.last(), word, "bar", count)};
     if (bars.last < bars.first)
         throw LineError(word.column,
                         QStringLiteral("bars %1 end before they begin; type %2-%3")
@@ -129,15 +128,13 @@ std::optional<Value> readBeats(const Parameter &, const Word &word, const Readin
 
 std::optional<Value> readTrack(const Parameter &, const Word &word, const ReadingContext &context)
 {
-    return static_cast<int>(
-        readPlace(word.text, word, "track", context.model->trackCount(), context));
+    return static_cast<int>(readPlace(word.text, word, "track", context.model->trackCount()));
 }
 
 std::optional<Value> readTrackGap(const Parameter &, const Word &word,
                                   const ReadingContext &context)
 {
-    return static_cast<int>(
-        readPlace(word.text, word, "track", context.model->trackCount() + 1, context));
+    return static_cast<int>(readPlace(word.text, word, "track", context.model->trackCount() + 1));
 }
 
 std::optional<Value> readString(const Parameter &, const Word &word, const ReadingContext &context)
@@ -150,9 +147,7 @@ std::optional<Value> readString(const Parameter &, const Word &word, const Readi
                         QStringLiteral("track %1 has no strings; name a track that "
                                        "has, such as t2")
                             .arg(context.where.track + 1));
-    ReadingContext exact = context;
-    exact.knowsCounts = true;
-    return static_cast<int>(count - 1 - readPlace(word.text, word, "string", count, exact));
+    return static_cast<int>(count - 1 - readPlace(word.text, word, "string", count));
 }
 
 } // namespace zarn::tool

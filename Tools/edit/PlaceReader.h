@@ -10,9 +10,8 @@ namespace zarn::tool {
 // Readers of places in a score, by `Kind`. Each answers nothing for a word that is no place of its
 // kind, and raises `LineError` for a place that does not exist.
 
-/// A number typed from 1 as an index from 0, checked against a count where that is known.
-unsigned readPlace(const QString &text, const Word &word, const char *thing, unsigned count,
-                   const ReadingContext &context);
+/// A number typed from 1 as an index from 0, checked against a count.
+unsigned readPlace(const QString &text, const Word &word, const char *thing, unsigned count);
 
 /// The number of things that a place in a context can name.
 unsigned barCount(const ReadingContext &context);

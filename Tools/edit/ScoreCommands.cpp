@@ -25,6 +25,12 @@ bool setProperty(EditSession &session, const Values &values)
                                           values.get<QString>(1));
 }
 
+template <ScoreProperty property>
+bool setText(EditSession &session, const Values &values)
+{
+    return session.score().changeProperty(property, values.get<QString>(0));
+}
+
 bool setPageText(EditSession &session, const Values &values)
 {
     return session.score().changeHeaderAndFooter(static_cast<HeaderAndFooter>(values.get<int>(0)),
@@ -107,6 +113,16 @@ const std::vector<Command> &scoreCommands()
          QStringLiteral("Set the title, the artist and so on."),
          QStringLiteral("Score::changeProperty"),
          setProperty},
+        {QStringLiteral("title"),
+         {text},
+         QStringLiteral("Set the title."),
+         QStringLiteral("Score::changeProperty"),
+         setText<ScoreProperty::Title>},
+        {QStringLiteral("artist"),
+         {text},
+         QStringLiteral("Set the artist."),
+         QStringLiteral("Score::changeProperty"),
+         setText<ScoreProperty::Artist>},
         {QStringLiteral("page-text"),
          {{QStringLiteral("PLACE"), Kind::Choice, Presence::Required, 0, 0, &headerChoices()},
           text},
@@ -129,12 +145,12 @@ const std::vector<Command> &scoreCommands()
          setTempo},
         {QStringLiteral("no-tempo"),
          {bar},
-         QStringLiteral("Take the changes of tempo in a bar away."),
+         QStringLiteral("Remove the tempo changes in a bar."),
          QStringLiteral("Score::modifyMasterTrackAutomations"),
          removeTempo},
         {QStringLiteral("bypass-tempo"),
          {{QStringLiteral("SWITCH"), Kind::Switch, Presence::Assumed}},
-         QStringLiteral("Make playback leave the changes of tempo out."),
+         QStringLiteral("Make playback ignore the tempo changes."),
          QStringLiteral("Score::modifyMasterTrackAutomationBypass"),
          bypassTempo},
         {QStringLiteral("effect"),

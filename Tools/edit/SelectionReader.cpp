@@ -72,13 +72,12 @@ std::optional<Named> takeNamed(const std::vector<Word> &words, std::size_t &next
     return Named{word, words[next - 1]};
 }
 
-SelectionValue::Part partOf(const Word &value, const char *thing, unsigned count,
-                            const ReadingContext &context)
+SelectionValue::Part partOf(const Word &value, const char *thing, unsigned count)
 {
     SelectionValue::Part part;
     part.column = value.column;
     if (value.text != QStringLiteral("all"))
-        part.number = readPlace(value.text, value, thing, count, context);
+        part.number = readPlace(value.text, value, thing, count);
     return part;
 }
 
@@ -103,9 +102,7 @@ void readBarsOrBeats(SelectionValue &selection, const Word &places, const Readin
 
 Value readSelection(const Parameter &, const std::vector<Word> &words, const ReadingContext &given)
 {
-    // A selection is of what is there already, also while a macro is open.
     ReadingContext context = given;
-    context.knowsCounts = true;
     SelectionValue selection;
     Word places = {QString(), words.front().column, false};
     std::vector<Named> names;
@@ -137,14 +134,14 @@ Value readSelection(const Parameter &, const std::vector<Word> &words, const Rea
     for (const Named &named : names) {
         switch (*stepOf(named.name.text)) {
         case CursorStep::Track:
-            selection.track = partOf(named.value, "track", context.model->trackCount(), context);
+            selection.track = partOf(named.value, "track", context.model->trackCount());
             context.where.track = selection.track->number.value_or(context.where.track);
             break;
         case CursorStep::Staff:
-            selection.staff = partOf(named.value, "staff", staffCount(context), context);
+            selection.staff = partOf(named.value, "staff", staffCount(context));
             break;
         case CursorStep::Voice:
-            selection.voice = partOf(named.value, "voice", Bar::MaxVoices, context);
+            selection.voice = partOf(named.value, "voice", Bar::MaxVoices);
             break;
         default:
             throw LineError(named.name.column,
@@ -168,7 +165,6 @@ Value readCursorMoves(const Parameter &, const std::vector<Word> &words,
                       const ReadingContext &given)
 {
     ReadingContext context = given;
-    context.knowsCounts = true;
     static const Parameter parameter = {QString(), Kind::CursorMoves};
     static const QRegularExpression number(QStringLiteral("^[0-9]+$"));
     std::vector<CursorMove> moves;

@@ -16,10 +16,10 @@ namespace zarn::tool {
 
 namespace {
 
-void requireNoMacro(const EditSession &session)
+void requireNoGroup(const EditSession &session)
 {
-    if (session.openMacros() > 0)
-        throw Failure("a macro is open; commit or abandon it first");
+    if (session.openGroups() > 0)
+        throw Failure("a group is open; commit or abandon it first");
 }
 
 /// "3" or "all"; 1 when nothing was typed.
@@ -43,7 +43,7 @@ std::uint32_t steps(const Values &values, std::uint32_t available, const char *v
 
 bool undo(EditSession &session, const Values &values)
 {
-    requireNoMacro(session);
+    requireNoGroup(session);
     CommandStack &stack = session.score().commandStack();
     const std::uint32_t count = steps(values, stack.undoCommandList().size(), "undo");
     for (std::uint32_t i = 0; i < count; ++i)
@@ -54,7 +54,7 @@ bool undo(EditSession &session, const Values &values)
 
 bool redo(EditSession &session, const Values &values)
 {
-    requireNoMacro(session);
+    requireNoGroup(session);
     CommandStack &stack = session.score().commandStack();
     const std::uint32_t count = steps(values, stack.redoCount(), "redo");
     for (std::uint32_t i = 0; i < count; ++i)
@@ -63,21 +63,21 @@ bool redo(EditSession &session, const Values &values)
     return true;
 }
 
-bool begin(EditSession &session, const Values &)
+bool begin(EditSession &session, const Values &values)
 {
-    session.beginMacro();
+    session.beginGroup(values.get(0, QString()));
     return true;
 }
 
 bool commit(EditSession &session, const Values &)
 {
-    session.endMacro(true);
+    session.commitGroup();
     return true;
 }
 
 bool abandon(EditSession &session, const Values &)
 {
-    session.endMacro(false);
+    session.abandonGroup();
     return true;
 }
 
@@ -86,9 +86,8 @@ void listSteps(std::ostream &out, const char *title, const QStringList &names,
 {
     out << title << ": " << counted(static_cast<std::size_t>(names.size()), "step") << '\n';
     for (int i = 0; i < names.size(); ++i) {
-        const QString name = names.at(i).isEmpty() ? QStringLiteral("macro") : names.at(i);
         out << "  " << i + 1 << ' '
-            << printable((name + QLatin1Char(' ') + arguments.at(i)).toStdString()) << '\n';
+            << printable((names.at(i) + QLatin1Char(' ') + arguments.at(i)).toStdString()) << '\n';
     }
 }
 
@@ -97,8 +96,8 @@ bool history(EditSession &session, const Values &)
     const CommandStack &stack = session.score().commandStack();
     listSteps(session.out(), "To undo, newest first", stack.undoCommandList(), stack.undoArgList());
     listSteps(session.out(), "To redo, next first", stack.redoCommandList(), stack.redoArgList());
-    if (session.openMacros() > 0)
-        session.out() << "Open macros: " << session.openMacros() << '\n';
+    if (session.openGroups() > 0)
+        session.out() << "Open: " << counted(session.openGroups(), "group") << '\n';
     return true;
 }
 
@@ -158,7 +157,7 @@ bool use(EditSession &session, const Values &values)
 
 bool save(EditSession &session, const Values &values)
 {
-    requireNoMacro(session);
+    requireNoGroup(session);
     session.save(values.text(0));
     return true;
 }
@@ -199,19 +198,19 @@ const std::vector<Command> &sessionCommands()
          QStringLiteral("CommandStack::redo"),
          redo},
         {QStringLiteral("begin"),
-         {},
-         QStringLiteral("Begin a macro: what follows is done at once, at commit, as one step."),
-         QStringLiteral("CommandStack::beginMacroCommand"),
+         {optional("NAME", Kind::Text)},
+         QStringLiteral("Begin a group: all up to its commit is one step to undo."),
+         QStringLiteral("Transaction"),
          begin},
         {QStringLiteral("commit"),
          {},
-         QStringLiteral("Do what the innermost macro collected."),
-         QStringLiteral("CommandStack::endMacroCommand"),
+         QStringLiteral("End the innermost group and keep what it did."),
+         QStringLiteral("Transaction::commit"),
          commit},
         {QStringLiteral("abandon"),
          {},
-         QStringLiteral("Forget the innermost macro."),
-         QStringLiteral("CommandStack::endMacroCommand"),
+         QStringLiteral("End the innermost group and undo what it did."),
+         QStringLiteral("Transaction"),
          abandon},
         {QStringLiteral("history"),
          {},

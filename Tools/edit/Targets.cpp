@@ -68,7 +68,7 @@ void requireBeat(EditSession &session, const Where &where, const BeatPlace &plac
 {
     const unsigned count = beatCount(session, where, place.bar);
     const bool isEnd = allowed == Allowed::BeatsAndEnd && place.beat == count;
-    if (session.openMacros() > 0 || place.beat < count || isEnd)
+    if (place.beat < count || isEnd)
         return;
     const QString why = QStringLiteral("voice %1 of bar %2 has no beat %3; it ")
                             .arg(where.voice + 1)

@@ -11,7 +11,7 @@ class EditSession;
 
 // Where a command acts: the place that its line names (by default as its first parameter), else
 // what is selected, else where the cursor is. Each raises `LineError` for a place that is not
-// there; of what an open macro will have made nobody knows yet.
+// there.
 
 enum class Allowed { Beats, BeatsAndEnd };
 

@@ -34,20 +34,41 @@ unsigned gap(const Values &values, std::size_t parameter, unsigned count)
 
 /// What `read` makes of a word; what is wrong with the word is told at its place.
 template <class Read>
-auto atColumn(const Values &values, std::size_t parameter, Read read)
+auto atColumn(int column, Read read)
 {
     try {
         return read();
     } catch (const Failure &failure) {
-        throw LineError(values.column(parameter), QString::fromUtf8(failure.what()));
+        throw LineError(column, QString::fromUtf8(failure.what()));
     }
+}
+
+/// Gives a new track the strings and the tuning that the line asks for.
+void tuneAsAsked(const Track &track, const Values &values)
+{
+    const auto tune = [&](const QString &option, const auto &tuningFor) {
+        const GuitarTuning present = presentTuning(*track.staff(0));
+        const GuitarTuning tuning =
+            atColumn(values.optionColumn(option), [&] { return tuningFor(present); });
+        for (const auto &staff : track.staves())
+            staff->setTuning(tuning);
+    };
+    const QString strings = QStringLiteral("strings");
+    if (const int *const count = values.option<int>(strings))
+        tune(strings, [&](const GuitarTuning &present) {
+            return usualTuning(present, static_cast<unsigned>(*count));
+        });
+    const QString tuning = QStringLiteral("tuning");
+    if (const QString *const words = values.option<QString>(tuning))
+        tune(tuning, [&](const GuitarTuning &present) { return tuningOf(present, *words); });
 }
 
 bool addTrack(EditSession &session, const Values &values)
 {
-    return session.score().insertTrack(
-        gap(values, 1, session.model().trackCount()),
-        atColumn(values, 0, [&] { return makeTrack(values.get<QString>(0)); }));
+    const auto track =
+        atColumn(values.column(0), [&] { return makeTrack(values.get<QString>(0)); });
+    tuneAsAsked(*track, values);
+    return session.score().insertTrack(gap(values, 1, session.model().trackCount()), track);
 }
 
 bool copyTrack(EditSession &session, const Values &values)
@@ -92,7 +113,7 @@ std::shared_ptr<Staff> staffOf(EditSession &session, const Values &values)
 GuitarTuning askedTuning(EditSession &session, const Values &values)
 {
     const GuitarTuning present = presentTuning(*staffOf(session, values));
-    return atColumn(values, 0, [&] { return tuningOf(present, values.get<QString>(0)); });
+    return atColumn(values.column(0), [&] { return tuningOf(present, values.get<QString>(0)); });
 }
 
 bool retune(EditSession &session, const Values &values, const GuitarTuning &tuning,
@@ -117,7 +138,7 @@ bool setStrings(EditSession &session, const Values &values)
 {
     const GuitarTuning present = presentTuning(*staffOf(session, values));
     const GuitarTuning usual =
-        atColumn(values, 0, [&] { return usualTuning(present, index(values, 0)); });
+        atColumn(values.column(0), [&] { return usualTuning(present, index(values, 0)); });
     return retune(session, values, usual, Retuning::KeepPitches);
 }
 
@@ -176,6 +197,8 @@ const std::vector<Command> &trackCommands()
     static const Parameter number = {QStringLiteral("NUMBER"), Kind::Whole, Presence::Required, 1,
                                      MostSounds};
     static const Parameter tuningWords = {QStringLiteral("TUNING"), Kind::Tuning};
+    static const Parameter stringCount = {QStringLiteral("STRINGS"), Kind::Whole,
+                                          Presence::Required, 1, MostStrings};
     const auto choice = [](const char *name, const Choices &choices) {
         return Parameter{QLatin1String(name), Kind::Choice, Presence::Required, 0, 0, &choices};
     };
@@ -187,7 +210,9 @@ const std::vector<Command> &trackCommands()
          {{QStringLiteral("INSTRUMENT"), Kind::Instrument}, trackGap},
          QStringLiteral("Add a track for an instrument, in front of a track or at the end."),
          QStringLiteral("Score::insertTrack"),
-         addTrack},
+         addTrack,
+         false,
+         {stringCount, tuningWords}},
         {QStringLiteral("copy-track"),
          {track, trackGap},
          QStringLiteral("Add a copy of a track."),
@@ -226,7 +251,7 @@ const std::vector<Command> &trackCommands()
          retuneKeepingPitches,
          true},
         {QStringLiteral("strings"),
-         {{QStringLiteral("COUNT"), Kind::Whole, Presence::Required, 1, MostStrings}},
+         {stringCount},
          QStringLiteral("Give a staff this many strings in their usual tuning; the pitches stay."),
          QStringLiteral("Score::setGuitarFullTuning"),
          setStrings,

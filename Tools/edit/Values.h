@@ -7,7 +7,9 @@
 
 #include <QString>
 
+#include <map>
 #include <optional>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -99,6 +101,21 @@ public:
         return has(parameter) ? std::get<T>(_values[parameter]) : otherwise;
     }
 
+    /// What was given by name, as in "--strings 7"; a null pointer when it was not.
+    template <class T>
+    const T *option(const QString &name) const
+    {
+        const auto found = _options.find(name);
+        return found != _options.end() ? &std::get<T>(found->second.first) : nullptr;
+    }
+
+    int optionColumn(const QString &name) const { return _options.at(name).second; }
+
+    void addOption(const QString &name, Value value, int column)
+    {
+        _options[name] = {std::move(value), column};
+    }
+
     std::string text(std::size_t parameter) const
     {
         return get<QString>(parameter, QString()).toStdString();
@@ -114,6 +131,7 @@ private:
     bool _namesWhere = false;
     std::vector<Value> _values;
     std::vector<int> _columns;
+    std::map<QString, std::pair<Value, int>> _options;
     Where _where;
 };
 

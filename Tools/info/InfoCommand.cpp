@@ -86,14 +86,14 @@ Subcommand infoCommand()
         QStringLiteral("FILE..."),
         1,
         -1,
-        QStringLiteral("Tells what scores hold, and what was wrong with their files."),
+        QStringLiteral("Tells what is in scores, and what was wrong with their files."),
         QStringLiteral(
-            "With --json, prints one object that has, for each file under its name as given, the\n"
-            "counts parts, staves, measures, notes, midi_sum, midi_low, midi_high, keys, times,\n"
-            "clefs, tuplets and per_part, elements that the score cannot hold under unheld, and\n"
-            "problems. A file that cannot be read is left out; the exit code is then 1."),
+            "With --json, prints one object with an entry for each file, under its name as given:\n"
+            "the counts parts, staves, measures, notes, midi_sum, midi_low, midi_high, keys,\n"
+            "times, clefs, tuplets and per_part; under unheld, the elements that the score cannot\n"
+            "hold; and problems. A file that cannot be read is left out, and the exit code is 1."),
         {{QStringLiteral("json"), QStringLiteral("j"), QString(),
-          QStringLiteral("Print counts for programs.")}},
+          QStringLiteral("Print counts as JSON for programs.")}},
         runInfo,
     };
 }

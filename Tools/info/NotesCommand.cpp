@@ -31,13 +31,13 @@ Subcommand notesCommand()
         QStringLiteral("FILE"),
         1,
         1,
-        QStringLiteral("Lists every note, a line of tab-separated values each."),
+        QStringLiteral("Lists every note on a line of tab-separated values."),
         QStringLiteral(
             "The first line names the columns. Tracks, bars, staves, voices and strings are\n"
             "counted from 0, string 0 being the lowest; onset (from the start of the bar) and\n"
             "length are exact fractions of a quarter. midi is the key as written, sounding the\n"
-            "key that is heard; a note of percussion has the latter alone. - stands for nothing.\n"
-            "Flags: g grace note, c further note of a chord, t tied to the note before."),
+            "key that is heard; percussion has only the latter. - means that there is none.\n"
+            "Flags: g grace note, c one more note of a chord, t tied to the note before."),
         {},
         runNotes,
     };

@@ -7,6 +7,8 @@
 #include "common/Terminal.h"
 #include "common/TrackWord.h"
 #include "common/TuningWord.h"
+#include "edit/EditLoop.h"
+#include "edit/EditSession.h"
 #include "show/SheetBuilder.h"
 #include "show/ShowCommand.h"
 
@@ -16,6 +18,7 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
 #include <iostream>
 
 namespace zarn::tool {
@@ -117,12 +120,18 @@ int runNew(const Arguments &arguments, const Terminal &terminal)
     for (const auto &track : tracks)
         if (!score.insertTrack(score.trackCount(), track))
             throw Failure(path + ": the track \"" + track->name() + "\" cannot be added");
-    const ScoreModel &model = *score.scoreModel();
+    const bool isPiped = isStandardStream(path);
+    OpenedDocument document;
+    document.model = score.scoreModel();
+    EditSession session(document, path, terminal, isPiped ? std::cerr : std::cout);
+    if (runCommands(session, arguments.values(QStringLiteral("command"))) == LoopEnd::AtError)
+        return Failed;
+    const ScoreModel &model = session.model();
     saveDocument(model, path, terminal);
-    if (isStandardStream(path))
+    if (isPiped)
         return Done;
     ShownPart part;
-    part.lastBar = model.masterTrack()->masterBarCount() - 1;
+    part.lastBar = std::max(model.masterTrack()->masterBarCount(), 1u) - 1;
     std::cout << pictureOf(model, part, terminal);
     return Done;
 }
@@ -136,17 +145,19 @@ Subcommand newCommand()
         QStringLiteral("OUT"),
         1,
         1,
-        QStringLiteral("Makes an empty score of ready-made tracks."),
+        QStringLiteral("Makes an empty score with ready-made tracks."),
         QStringLiteral(
             "Give --track once for each track: guitar, bass, piano or drums; a category of\n"
             "\"zarn catalog instruments\"; or a name or number, counted from 1, of\n"
-            "\"zarn catalog gm\". --strings and --tuning are for the track in front of them. A\n"
-            "tuning is a name of \"zarn catalog tunings\" or the notes of the strings, the lowest\n"
-            "first, one for each string. Then the new score is shown. With - for OUT, the score\n"
-            "goes to standard output instead.\n\n"
+            "\"zarn catalog gm\". --strings and --tuning apply to the track before them. A tuning\n"
+            "is a name of \"zarn catalog tunings\" or the notes of the strings, the lowest first,\n"
+            "one for each string. --command takes whatever can be typed in \"zarn edit\". Then "
+            "the\n"
+            "new score is shown. With - for OUT, it goes to standard output instead.\n\n"
             "    zarn new -t steelGuitar --tuning \"Drop D\" -t bass -t drums --bars 12 song.zarn\n"
             "    zarn new -t electricGuitar --strings 7 --tuning \"Drop A\" heavy.zarn\n"
             "    zarn new -t 41 -t 42 -t 43 --time 3/4 --key Eb --tempo 84 trio.zarn\n"
+            "    zarn new -t drums -b 2 -c 'write 1:1 \"[kick hihat]e hihat\"' beat.zarn\n"
             "    zarn new -t guitar --tuning \"C2 G2 D3 G3 B3 E4\" idea.zarn"),
         {{QStringLiteral("track"), QStringLiteral("t"), QStringLiteral("T"),
           QStringLiteral("Add a track for the instrument T.")},
@@ -165,7 +176,9 @@ Subcommand newCommand()
          {QStringLiteral("title"), QString(), QStringLiteral("TEXT"),
           QStringLiteral("Give the score a title.")},
          {QStringLiteral("artist"), QString(), QStringLiteral("TEXT"),
-          QStringLiteral("Say whose music it is.")},
+          QStringLiteral("Set the artist.")},
+         {QStringLiteral("command"), QStringLiteral("c"), QStringLiteral("COMMAND"),
+          QStringLiteral("Do COMMAND in the new score; may be given several times.")},
          {QStringLiteral("force"), QString(), QString(),
           QStringLiteral("Replace a file that is there already.")}},
         runNew,

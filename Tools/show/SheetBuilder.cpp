@@ -34,8 +34,10 @@ constexpr int WidestNumberedName = 11;
 
 QString nameOf(const Track &track, const Staff &staff, const Glyphs &glyphs)
 {
+    // A name may stand on two lines.
     QString name =
-        QString::fromStdString(track.shortName().empty() ? track.name() : track.shortName());
+        QString::fromStdString(track.shortName().empty() ? track.name() : track.shortName())
+            .simplified();
     if (name.isEmpty())
         name = QStringLiteral("track %1").arg(track.index() + 1);
     if (track.staffCount() > 1)

@@ -139,14 +139,14 @@ Subcommand showCommand()
         QStringLiteral(
             "Fretted tracks are shown as tablature, drums as a grid, all others as note names\n"
             "under letters for their rhythm. Pitches and keys are named as they sound, C4 being\n"
-            "middle C: open strings, notes and what \"zarn edit\" takes agree. Bars are counted\n"
-            "from 1 and stand under each other in all tracks. - as FILE is standard input."),
+            "middle C; \"zarn edit\" takes them by the same names. Bars are counted from 1 and\n"
+            "line up in all tracks. - as FILE is standard input."),
         {{QStringLiteral("track"), QStringLiteral("t"), QStringLiteral("N"),
           QStringLiteral("Show one track, counted from 1.")},
          {QStringLiteral("voice"), QStringLiteral("v"), QStringLiteral("N"),
           QStringLiteral("Show one voice of each staff, counted from 1.")},
          {QStringLiteral("bars"), QStringLiteral("b"), QStringLiteral("A-B"),
-          QStringLiteral("Show the bars A to B, or one bar; the end of the score cuts them.")},
+          QStringLiteral("Show bars A to B, or one bar, as far as the score goes.")},
          {QStringLiteral("width"), QStringLiteral("w"), QStringLiteral("N"),
           QStringLiteral("Break lines at N columns instead of the terminal's width.")},
          {QStringLiteral("ascii"), QString(), QString(),
