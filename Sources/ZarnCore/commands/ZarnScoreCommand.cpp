@@ -55,7 +55,8 @@ void ScoreCommand::redo()
     try {
         announceApplied();
     } catch (...) {
-        // Listeners that heard of the change hear that it is gone again.
+        // Listeners that heard of the change hear that it is gone again, all of it.
+        const Score::TakingBack unstoppable(_score);
         attempt(*this, [this] { revert(); });
         attempt(*this, [this] { announceReverted(); });
         throw;
@@ -68,6 +69,7 @@ void ScoreCommand::undo()
     try {
         announceReverted();
     } catch (...) {
+        const Score::TakingBack unstoppable(_score);
         attempt(*this, [this] { apply(); });
         attempt(*this, [this] { announceApplied(); });
         throw;
