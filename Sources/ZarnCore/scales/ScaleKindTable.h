@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/scales/ZarnScaleKind.h>
+
+namespace zarn::scale {
+
+/// The scales that the library names, the usual ones first; names as in common practice, aliases
+/// separated by commas. Scales of seven tones are spelled with seven letters, which for those
+/// that are made of other material (the altered scale, the flamenco) takes double flats.
+constexpr ScaleKind scaleKindTable[] = {
+    {"major", "ionian", "1 2 3 4 5 6 7"},
+    {"minor", "aeolian,natural minor", "1 2 b3 4 5 b6 b7"},
+    {"major pentatonic", "pentatonic", "1 2 3 5 6"},
+    {"minor pentatonic", "vietnamese 2", "1 b3 4 5 b7"},
+    {"blues", "minor blues,blues scale", "1 b3 4 b5 5 b7"},
+    {"major blues", "", "1 2 b3 3 5 6"},
+    {"harmonic minor", "", "1 2 b3 4 5 b6 7"},
+    {"melodic minor", "jazz minor", "1 2 b3 4 5 6 7"},
+    {"dorian", "", "1 2 b3 4 5 6 b7"},
+    {"mixolydian", "dominant", "1 2 3 4 5 6 b7"},
+    {"phrygian", "", "1 b2 b3 4 5 b6 b7"},
+    {"lydian", "", "1 2 3 #4 5 6 7"},
+    {"locrian", "", "1 b2 b3 4 b5 b6 b7"},
+    // Modes of the melodic minor
+    {"dorian b2", "phrygian #6,melodic minor second mode,javanese", "1 b2 b3 4 5 6 b7"},
+    {"lydian augmented", "lydian #5", "1 2 3 #4 #5 6 7"},
+    {"lydian dominant", "lydian b7,overtone,acoustic", "1 2 3 #4 5 6 b7"},
+    {"mixolydian b6", "melodic minor fifth mode,hindu,aeolian dominant", "1 2 3 4 5 b6 b7"},
+    {"locrian #2", "half-diminished,aeolian b5", "1 2 b3 4 b5 b6 b7"},
+    {"altered", "super locrian,diminished whole tone,pomeroy", "1 b2 b3 b4 b5 b6 b7"},
+    // Modes of the harmonic minor
+    {"phrygian dominant", "spanish,phrygian major,freygish", "1 b2 3 4 5 b6 b7"},
+    {"locrian 6", "locrian natural 6,locrian sharp 6", "1 b2 b3 4 b5 6 b7"},
+    {"major augmented", "major #5,ionian augmented,ionian #5", "1 2 3 4 #5 6 7"},
+    {"dorian #4", "ukrainian dorian,romanian minor,altered dorian", "1 2 b3 #4 5 6 b7"},
+    {"lydian #9", "lydian #2", "1 #2 3 #4 5 6 7"},
+    {"ultralocrian", "superlocrian bb7,superlocrian diminished", "1 b2 b3 b4 b5 b6 bb7"},
+    // Others of seven tones
+    {"harmonic major", "", "1 2 3 4 5 b6 7"},
+    {"double harmonic major", "gypsy,double harmonic,byzantine", "1 b2 3 4 5 b6 7"},
+    {"hungarian minor", "gypsy minor", "1 2 b3 #4 5 b6 7"},
+    {"hungarian major", "", "1 #2 3 #4 5 6 b7"},
+    {"neapolitan minor", "balinese,neopolitan minor", "1 b2 b3 4 5 b6 7"},
+    {"neapolitan major", "neopolitan major", "1 b2 b3 4 5 6 7"},
+    {"locrian major", "arabian,major locrian", "1 2 3 4 b5 b6 b7"},
+    {"lydian diminished", "", "1 2 b3 #4 5 6 7"},
+    {"lydian minor", "", "1 2 3 #4 5 b6 b7"},
+    {"double harmonic lydian", "", "1 b2 3 #4 5 b6 7"},
+    {"persian", "", "1 b2 3 4 b5 b6 7"},
+    {"oriental", "", "1 b2 3 4 b5 6 b7"},
+    {"flamenco", "", "1 b2 b3 b4 b5 bb6 b7"},
+    {"todi raga", "", "1 b2 b3 #4 5 b6 7"},
+    {"enigmatic", "", "1 b2 3 #4 #5 #6 7"},
+    {"leading whole tone", "", "1 2 3 #4 #5 #6 7"},
+    {"augmented heptatonic", "", "1 #2 3 4 5 b6 7"},
+    // Of equal steps
+    {"whole tone", "messiaen's mode #1,whole-tone", "1 2 3 #4 #5 b7"},
+    {"diminished", "whole-half diminished", "1 2 b3 4 b5 b6 6 7"},
+    {"half-whole diminished", "dominant diminished,messiaen's mode #2,octatonic",
+     "1 b2 b3 3 #4 5 6 b7"},
+    {"augmented", "hexatonic", "1 #2 3 5 #5 7"},
+    {"six tone symmetric", "", "1 b2 3 4 #5 6"},
+    {"chromatic", "", "1 b2 2 b3 3 4 b5 5 b6 6 b7 7"},
+    // Bebop
+    {"bebop", "bebop dominant,dominant bebop", "1 2 3 4 5 6 b7 7"},
+    {"bebop major", "major bebop", "1 2 3 4 5 #5 6 7"},
+    {"bebop minor", "bebop dorian", "1 2 b3 3 4 5 6 b7"},
+    {"minor bebop", "bebop natural minor", "1 2 b3 4 5 b6 b7 7"},
+    {"minor six diminished", "bebop melodic minor", "1 2 b3 4 5 b6 6 7"},
+    {"bebop locrian", "", "1 b2 b3 4 b5 5 b6 b7"},
+    {"composite blues", "", "1 2 b3 3 4 b5 5 6 b7"},
+    // Pentatonics
+    {"hirajoshi", "", "1 2 b3 5 b6"},
+    {"in-sen", "insen", "1 b2 4 5 b7"},
+    {"iwato", "", "1 b2 4 b5 b7"},
+    {"kumoi", "flat three pentatonic", "1 2 b3 5 6"},
+    {"kumoijoshi", "in,sakura", "1 b2 4 5 b6"},
+    {"pelog", "", "1 b2 b3 5 b6"},
+    {"egyptian", "suspended pentatonic", "1 2 4 5 b7"},
+    {"ritusen", "ritsusen,yo", "1 2 4 5 6"},
+    {"malkos raga", "man gong,blues minor pentatonic", "1 b3 4 b6 b7"},
+    {"minor six pentatonic", "", "1 b3 4 5 6"},
+    {"flat six pentatonic", "", "1 2 3 5 b6"},
+    {"ionian pentatonic", "", "1 3 4 5 7"},
+    {"mixolydian pentatonic", "indian", "1 3 4 5 b7"},
+    {"lydian pentatonic", "chinese", "1 3 #4 5 7"},
+    {"lydian dominant pentatonic", "", "1 3 #4 5 b7"},
+    {"lydian #5 pentatonic", "lydian #5p pentatonic", "1 3 #4 #5 7"},
+    {"locrian pentatonic", "minor seven flat five pentatonic", "1 b3 4 b5 b7"},
+    {"super locrian pentatonic", "", "1 b3 b4 b5 b7"},
+    {"minor maj7 pentatonic", "minor #7 pentatonic,minor #7m pentatonic", "1 b3 4 5 7"},
+    {"whole tone pentatonic", "", "1 3 b5 b6 b7"},
+    {"neapolitan major pentatonic", "neopolitan major pentatonic", "1 3 4 b5 b7"},
+    {"scriabin", "", "1 b2 3 5 6"},
+    {"vietnamese 1", "", "1 b3 4 5 b6"},
+    // Of six tones
+    {"minor hexatonic", "", "1 2 b3 4 5 7"},
+    {"prometheus", "mystic", "1 2 3 #4 6 b7"},
+    {"prometheus neapolitan", "prometheus neopolitan", "1 b2 3 #4 6 b7"},
+    {"piongio", "", "1 2 4 5 6 b7"},
+    {"mystery #1", "", "1 b2 3 b5 b6 b7"},
+    {"messiaen's mode #5", "", "1 b2 4 #4 5 7"},
+    // Of eight and more
+    {"spanish heptatonic", "eight-tone spanish,spanish phrygian", "1 b2 b3 3 4 5 b6 b7"},
+    {"purvi raga", "", "1 b2 3 4 #4 5 b6 7"},
+    {"ichikosucho", "", "1 2 3 4 b5 5 6 7"},
+    {"kafi raga", "", "1 b3 3 4 5 6 b7 7"},
+    {"messiaen's mode #4", "", "1 b2 2 4 #4 5 b6 7"},
+    {"messiaen's mode #6", "", "1 2 3 4 #4 #5 #6 7"},
+    {"messiaen's mode #3", "", "1 2 b3 3 #4 5 b6 b7 7"},
+    {"messiaen's mode #7", "", "1 b2 2 b3 4 #4 5 b6 6 7"},
+};
+
+} // namespace zarn::scale
