@@ -2,6 +2,7 @@
 #include "common/Program.h"
 
 #include "catalog/CatalogCommand.h"
+#include "chord/ChordCommand.h"
 #include "common/Failure.h"
 #include "common/Manual.h"
 #include "common/Terminal.h"
@@ -10,6 +11,7 @@
 #include "info/InfoCommand.h"
 #include "info/NotesCommand.h"
 #include "new/NewCommand.h"
+#include "scale/ScaleCommand.h"
 #include "show/ShowCommand.h"
 
 #include <ZarnCore/ZarnException.h>
@@ -37,10 +39,11 @@ void printLogged(QtMsgType type, const QMessageLogContext &, const QString &text
 
 QString generalHelp()
 {
-    QString help =
-        QStringLiteral("Usage: zarn COMMAND [OPTION...] FILE...\n\n"
-                       "Makes scores, looks into them, shows, edits and converts them.\n\n"
-                       "Commands:\n");
+    QString help = QStringLiteral(
+        "Usage: zarn COMMAND [OPTION...] FILE...\n\n"
+        "Makes scores, looks into them, shows, edits and converts them; names chords and "
+        "scales.\n\n"
+        "Commands:\n");
     for (const Subcommand &command : subcommands())
         help += QStringLiteral("  %1  %2\n").arg(command.name.leftJustified(8), command.summary);
     help += QStringLiteral(
@@ -111,9 +114,9 @@ bool flushOutput()
 
 const std::vector<Subcommand> &subcommands()
 {
-    static const std::vector<Subcommand> all = {infoCommand(),   notesCommand(),   showCommand(),
-                                                editCommand(),   convertCommand(), newCommand(),
-                                                catalogCommand()};
+    static const std::vector<Subcommand> all = {infoCommand(),    notesCommand(),   showCommand(),
+                                                editCommand(),    convertCommand(), newCommand(),
+                                                catalogCommand(), chordCommand(),   scaleCommand()};
     return all;
 }
 
