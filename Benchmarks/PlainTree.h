@@ -26,15 +26,17 @@ struct Note {
     std::weak_ptr<Beat> parent;
     std::array<std::int8_t, 4> place{};
     std::uint32_t attributes = 0;
+    std::uint64_t marks = 0;
+    std::unique_ptr<std::string> details;
 };
 
 struct Beat {
     std::weak_ptr<Voice> parent;
     unsigned index = 0;
-    std::array<std::uint8_t, 6> attributes{};
+    std::uint64_t marks = 0;
     zarn::RhythmValue rhythm;
     std::vector<std::shared_ptr<Note>> notes;
-    std::unique_ptr<std::string> words;
+    std::unique_ptr<std::string> details;
 };
 
 struct Voice {
@@ -47,6 +49,7 @@ struct Bar {
     std::weak_ptr<Staff> parent;
     unsigned index = 0;
     std::array<std::uint8_t, 3> attributes{};
+    float width = 1;
     std::array<std::shared_ptr<Voice>, 4> voices;
     std::unique_ptr<std::string> changes;
 };
@@ -112,15 +115,31 @@ inline Bars makeBars(unsigned count)
     return bars;
 }
 
+inline std::unique_ptr<std::string> clone(const std::unique_ptr<std::string> &details)
+{
+    return details ? std::make_unique<std::string>(*details) : nullptr;
+}
+
+inline std::shared_ptr<Note> clone(const Note &note)
+{
+    auto copy = std::make_shared<Note>();
+    copy->place = note.place;
+    copy->attributes = note.attributes;
+    copy->marks = note.marks;
+    copy->details = clone(note.details);
+    return copy;
+}
+
 inline std::shared_ptr<Beat> clone(const Beat &beat)
 {
     auto copy = std::make_shared<Beat>();
     copy->index = beat.index;
-    copy->attributes = beat.attributes;
+    copy->marks = beat.marks;
+    copy->details = clone(beat.details);
     copy->rhythm = beat.rhythm;
     copy->notes.reserve(beat.notes.size());
     for (const auto &note : beat.notes) {
-        copy->notes.push_back(std::make_shared<Note>(*note));
+        copy->notes.push_back(clone(*note));
         copy->notes.back()->parent = copy;
     }
     return copy;
@@ -131,6 +150,7 @@ inline std::shared_ptr<Bar> clone(const Bar &bar)
     auto copy = std::make_shared<Bar>();
     copy->index = bar.index;
     copy->attributes = bar.attributes;
+    copy->width = bar.width;
     for (unsigned i = 0; i < bar.voices.size(); ++i) {
         if (!bar.voices[i])
             continue;

@@ -9,5 +9,8 @@
 /// its enumeration for an unknown text, and a printer gives the text of the first value for a
 /// number that has none.
 #include <ZarnCore/ZarnTypesDocument.h>
+#include <ZarnCore/ZarnTypesEditing.h>
 #include <ZarnCore/ZarnTypesNotation.h>
 #include <ZarnCore/ZarnTypesPlaying.h>
+#include <ZarnCore/ZarnTypesSigns.h>
+#include <ZarnCore/ZarnTypesTechniques.h>

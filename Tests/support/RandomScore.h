@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "RandomAttribute.h"
+
 #include <ZarnCore/instruments/automations/ZarnDSPParamAutomation.h>
 #include <ZarnCore/instruments/automations/ZarnPickupKnobAutomation.h>
 #include <ZarnCore/instruments/automations/ZarnSoundAutomation.h>
 #include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
 #include <ZarnCore/instruments/effects/ZarnMastering.h>
+#include <ZarnCore/model/ZarnBarAttribute.h>
+#include <ZarnCore/model/ZarnMasterBarAttribute.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
 #include <cmath>
@@ -49,7 +53,9 @@ public:
         for (unsigned voice = 0; voice < zarn::Bar::MaxVoices; ++voice)
             if (maybe())
                 for (unsigned i = 1 + below(4); i > 0; --i)
-                    bar->ensureVoice(voice)->addBeat(beat(stringCount));
+                    addBeat(*bar->ensureVoice(voice), beat(stringCount));
+        if (oneIn(4))
+            bar->setLayoutRatio(0.5F + level());
         return bar;
     }
 
@@ -62,13 +68,12 @@ public:
         beat->setOttavia(oneIn(4) ? pick<zarn::Ottavia>(5) : zarn::Ottavia::None);
         if (oneIn(3))
             beat->setText(text());
-        if (oneIn(3))
-            beat->setChordSymbol(text());
         const unsigned kind = below(8);
         beat->setPlaceHolder(kind == 0);
         beat->setWholeBarRest(kind == 1);
         for (unsigned i = kind < 3 ? 0 : 1 + below(4); i > 0; --i)
             beat->addNote(note(stringCount));
+        addMarks(*beat);
         return beat;
     }
 
@@ -88,8 +93,6 @@ public:
             note->setStaffLine(static_cast<int>(below(255)) - 127);
         note->setTied(oneIn(4));
         note->setTieOrigin(oneIn(4));
-        note->setGhost(oneIn(4));
-        note->setDead(oneIn(4));
         if (oneIn(4))
             note->setNoteHead(noteHead());
         return note;
@@ -140,6 +143,37 @@ public:
     }
 
 private:
+    /// Attributes that have no place in the functions above, few of them on each node.
+    void addMarks(zarn::Beat &beat)
+    {
+        if (maybe())
+            return;
+        for (const zarn::BeatAttributeRow &row : zarn::beatAttributes())
+            if (row.id >= zarn::BeatAttribute::Chord && !isSlur(row.id) && oneIn(12))
+                zarn::setAttribute(beat, row.id, _attributes.value(row.range));
+        for (const auto &note : beat.notes())
+            for (const zarn::NoteAttributeRow &row : zarn::noteAttributes())
+                if (row.id > zarn::NoteAttribute::TieOrigin && oneIn(12))
+                    zarn::setAttribute(beat, *note, row.id, _attributes.value(row.range));
+        zarn::mendExclusions(beat);
+    }
+
+    /// Both ends of a joint agree about the slur over it.
+    static bool isSlur(zarn::BeatAttribute id)
+    {
+        return id == zarn::BeatAttribute::SlurredToNext
+            || id == zarn::BeatAttribute::SlurredToPrevious;
+    }
+
+    void addBeat(zarn::Voice &voice, const std::shared_ptr<zarn::Beat> &beat)
+    {
+        if (!voice.isEmpty() && oneIn(4)) {
+            voice.beats().back()->setSlurredToNext(true);
+            beat->setSlurredToPrevious(true);
+        }
+        voice.addBeat(beat);
+    }
+
     void fillSettings(zarn::ScoreModel &model)
     {
         for (unsigned i = 0; i < 11; ++i)
@@ -199,6 +233,12 @@ private:
             bar.setAlternateEndings(static_cast<std::uint32_t>(_engine()));
         if (oneIn(4))
             bar.setSection({text(), text()});
+        for (const zarn::MasterBarAttributeRow &row : zarn::masterBarAttributes())
+            if (row.id >= zarn::MasterBarAttribute::Fermatas && oneIn(4))
+                row.set(bar, _attributes.value(row.range));
+        if (bar.timeSignature().getNumerator() <= 255 && oneIn(4))
+            bar.setBeamGroups(
+                zarn::BeamGroups(std::vector<std::uint8_t>(bar.timeSignature().getNumerator(), 1)));
     }
 
     zarn::OrkaSound orkaSound()
@@ -389,6 +429,7 @@ private:
     }
 
     std::mt19937 _engine;
+    RandomAttribute _attributes{[this](unsigned count) { return below(count); }};
     unsigned _barCount = 0;
 };
 

@@ -29,6 +29,11 @@ EventTable(EventRow<Events>...) -> EventTable<Events...>;
 /// In the table, marks the classes that stand ready for commands to come or for applications.
 constexpr bool notSentYet = false;
 
+// Declared here because enumerations of the model have the same names.
+class BarAttribute;
+class MasterBarAttribute;
+class TrackPlayback;
+
 /// Every event that a score can send: the one list from which numbers, names and the classes
 /// themselves are taken. The numbers are published, so none is ever given away twice; the gaps are
 /// kept for events to come.

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/model/ZarnBar.h>
 
+#include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/ZarnStaff.h>
 #include <ZarnCore/model/ZarnTrack.h>
+#include <ZarnCore/model/attributes/ZarnLayoutRatio.h>
 
 #include <algorithm>
 
@@ -12,7 +14,7 @@ namespace zarn {
 Bar::Bar(const Bar &other)
     : std::enable_shared_from_this<Bar>(), IndexedChildLink<Staff>(), ParentNode<Bar>(other),
       _clef(other._clef), _ottavia(other._ottavia), _simileMark(other._simileMark),
-      _clefChanges(other._clefChanges)
+      _layoutRatio(other._layoutRatio), _clefChanges(other._clefChanges)
 {
     copyVoices(other);
 }
@@ -24,6 +26,7 @@ Bar &Bar::operator=(const Bar &other)
     _clef = other._clef;
     _ottavia = other._ottavia;
     _simileMark = other._simileMark;
+    _layoutRatio = other._layoutRatio;
     _clefChanges = other._clefChanges;
     for (const auto &voice : _voices)
         if (voice)
@@ -147,6 +150,12 @@ void Bar::setClefChanges(std::vector<ClefChange> changes)
     _clefChanges.set(std::move(changes));
 }
 
+void Bar::setLayoutRatio(float ratio)
+{
+    ZARN_ASSERT_IN("zarn::Bar::setLayoutRatio", isLayoutRatio(ratio));
+    _layoutRatio = ratio;
+}
+
 ClefType Bar::clefAt(const utils::rational &position) const
 {
     ClefType clef = _clef;
@@ -161,7 +170,8 @@ ClefType Bar::clefAt(const utils::rational &position) const
 bool operator==(const Bar &left, const Bar &right)
 {
     if (left._clef != right._clef || left._ottavia != right._ottavia
-        || left._simileMark != right._simileMark || !(left._clefChanges == right._clefChanges))
+        || left._simileMark != right._simileMark || left._layoutRatio != right._layoutRatio
+        || !(left._clefChanges == right._clefChanges))
         return false;
     for (unsigned i = 0; i < Bar::MaxVoices; ++i) {
         const Voice *a = left._voices[i].get();

@@ -106,6 +106,11 @@ public:
     void setSimileMark(SimileMark mark) noexcept { _simileMark = mark; }
     bool isSimile() const noexcept { return _simileMark != SimileMark::None; }
 
+    /// Width of the bar among the others of its system, in the layout of its track alone: 0.1 to
+    /// 10, and 1 for what its notes ask for. Raises outside.
+    float layoutRatio() const noexcept { return _layoutRatio; }
+    void setLayoutRatio(float ratio);
+
     /// Compares the voices and what is written, not where. A slot without a voice equals one
     /// whose voice is empty.
     friend ZARNCORE_EXPORT bool operator==(const Bar &left, const Bar &right);
@@ -122,6 +127,7 @@ private:
     ClefType _clef = ClefType::G2;
     Ottavia _ottavia = Ottavia::None;
     SimileMark _simileMark = SimileMark::None;
+    float _layoutRatio = 1;
     Voices _voices;
     OnDemand<std::vector<ClefChange>> _clefChanges;
 };

@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/model/ZarnBeat.h>
 
+#include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/model/ZarnBar.h>
 #include <ZarnCore/model/ZarnVoice.h>
 
 #include <algorithm>
 
 namespace zarn {
+
+static_assert(sizeof(void *) != 8 || sizeof(Beat) == 104,
+              "scores hold beats by the hundred thousand");
 
 Beat::Beat(const RhythmValue &rhythm) : _rhythm(rhythm)
 {
@@ -17,15 +21,10 @@ Beat &Beat::operator=(const Beat &other)
 {
     if (this == &other)
         return *this;
-    _dynamic = other._dynamic;
-    _graceType = other._graceType;
-    _ottavia = other._ottavia;
-    _placeHolder = other._placeHolder;
-    _wholeBarRest = other._wholeBarRest;
-    _slashedGrace = other._slashedGrace;
+    _marks = other._marks;
     _rhythm = other._rhythm;
     _notes = other._notes;
-    _words = other._words;
+    _details = other._details;
     markOrphans();
     lengthChanged();
     return *this;
@@ -111,16 +110,24 @@ void Beat::setRhythmValue(const RhythmValue &rhythm)
     lengthChanged();
 }
 
-void Beat::setWholeBarRest(bool wholeBar) noexcept
+void Beat::setWholeBarRest(bool wholeBar)
 {
-    _wholeBarRest = wholeBar;
+    BeatMarkAccessors::setWholeBarRest(wholeBar);
     lengthChanged();
 }
 
-void Beat::setGraceType(GraceType type) noexcept
+void Beat::setGraceType(GraceType type)
 {
-    _graceType = type;
+    BeatMarkAccessors::setGraceType(type);
     lengthChanged();
+}
+
+void Beat::setMarks(const BeatMarks &marks) noexcept
+{
+    const bool isOfOtherLength = ((_marks ^ marks._marks) & lengthMask) != 0;
+    _marks = marks._marks;
+    if (isOfOtherLength)
+        lengthChanged();
 }
 
 utils::rational Beat::length() const
@@ -134,27 +141,107 @@ utils::rational Beat::length() const
     return _rhythm.getLength();
 }
 
+namespace {
+
+bool areValid(const BeatDetails &details) noexcept
+{
+    return details.whammyBar.isValid() && areValid(details.lyrics) && areValid(details.slurEnds)
+        && details.barre.isValid() && details.strumLength <= Strum::LongestLength
+        && details.strumAnchor <= StrumAnchor::EndsOnBeat && details.textSpan <= TextSpan::End;
+}
+
+} // namespace
+
+void Beat::setDetails(BeatDetails details)
+{
+    ZARN_ASSERT_IN("zarn::Beat::setDetails", areValid(details));
+    _details.set(std::move(details));
+}
+
 void Beat::setText(const std::string &text)
 {
-    Words words = _words.get();
-    words.text = text;
-    _words.set(std::move(words));
+    _details.change([&](BeatDetails &details) { details.text = text; });
+}
+
+void Beat::setTextSpan(TextSpan span)
+{
+    ZARN_ASSERT_IN("zarn::Beat::setTextSpan", span <= TextSpan::End);
+    _details.change([&](BeatDetails &details) { details.textSpan = span; });
+}
+
+void Beat::setChord(const ChordMark &chord)
+{
+    _details.change([&](BeatDetails &details) { details.chord = chord; });
 }
 
 void Beat::setChordSymbol(const std::string &symbol)
 {
-    Words words = _words.get();
-    words.chordSymbol = symbol;
-    _words.set(std::move(words));
+    _details.change([&](BeatDetails &details) { details.chord.symbol = symbol; });
 }
 
+Strum Beat::strum(Direction direction) const noexcept
+{
+    if (direction == Direction::None)
+        return {};
+    return {direction, details().strumLength, details().strumAnchor};
+}
+
+/// Brush and arpeggio share their length; the one that goes leaves it to the other.
+void Beat::setStrum(const Strum &strum, Direction other)
+{
+    if (strum.direction == Direction::None && other != Direction::None)
+        return;
+    _details.change([&](BeatDetails &details) {
+        details.strumLength = strum.length;
+        details.strumAnchor = strum.anchor;
+    });
+}
+
+void Beat::setBrush(const Strum &strum)
+{
+    ZARN_ASSERT_IN("zarn::Beat::setBrush", strum.isValid());
+    setBrushDirection(strum.direction);
+    setStrum(strum, arpeggioDirection());
+}
+
+void Beat::setArpeggio(const Strum &strum)
+{
+    ZARN_ASSERT_IN("zarn::Beat::setArpeggio", strum.isValid());
+    setArpeggioDirection(strum.direction);
+    setStrum(strum, brushDirection());
+}
+
+void Beat::setWhammyBar(const WhammyBar &bar)
+{
+    ZARN_ASSERT_IN("zarn::Beat::setWhammyBar", bar.isValid());
+    _details.change([&](BeatDetails &details) { details.whammyBar = bar; });
+}
+
+void Beat::setBarre(const Barre &barre)
+{
+    ZARN_ASSERT_IN("zarn::Beat::setBarre", barre.isValid());
+    _details.change([&](BeatDetails &details) { details.barre = barre; });
+}
+
+void Beat::setLyrics(const Syllables &syllables)
+{
+    ZARN_ASSERT_IN("zarn::Beat::setLyrics", areValid(syllables));
+    _details.change([&](BeatDetails &details) { details.lyrics = syllables; });
+}
+
+void Beat::setSlurEnds(const SlurEnds &ends)
+{
+    ZARN_ASSERT_IN("zarn::Beat::setSlurEnds", areValid(ends));
+    _details.change([&](BeatDetails &details) { details.slurEnds = ends; });
+}
+
+/// Marks of a beat without notes count only while it has none.
 bool operator==(const Beat &left, const Beat &right)
 {
-    return left._rhythm == right._rhythm && left._dynamic == right._dynamic
-        && left._graceType == right._graceType && left._ottavia == right._ottavia
-        && left._slashedGrace == right._slashedGrace
+    return left._rhythm == right._rhythm
+        && ((left._marks ^ right._marks) & ~Beat::emptyBeatMask) == 0
         && left.isPlaceHolder() == right.isPlaceHolder()
-        && left.isWholeBarRest() == right.isWholeBarRest() && left._words == right._words
+        && left.isWholeBarRest() == right.isWholeBarRest() && left._details == right._details
         && left._notes == right._notes;
 }
 

@@ -3,6 +3,8 @@
 
 #include <ZarnCore/ZarnExport.h>
 #include <ZarnCore/ZarnTypes.h>
+#include <ZarnCore/model/ZarnBeatDetails.h>
+#include <ZarnCore/model/ZarnBeatMarks.h>
 #include <ZarnCore/model/ZarnChildList.h>
 #include <ZarnCore/model/ZarnNote.h>
 #include <ZarnCore/model/ZarnOnDemand.h>
@@ -23,11 +25,12 @@ class Voice;
 
 /// One rhythmic event of a voice: a note, a chord, a rest or a place holder.
 ///
-/// Without notes a beat is a rest, unless it is marked as a place holder: a stretch of time that
-/// is kept free and not written.
+/// Without notes a beat is a rest, unless it is marked as a place holder, a stretch of time that is
+/// kept free and not written, or slaps the dead strings.
 class ZARNCORE_EXPORT Beat final : public std::enable_shared_from_this<Beat>,
                                    public IndexedChildLink<Voice>,
-                                   public ParentNode<Beat> {
+                                   public ParentNode<Beat>,
+                                   public BeatMarkAccessors<Beat> {
 public:
     using Notes = std::vector<std::shared_ptr<Note>>;
 
@@ -89,40 +92,69 @@ public:
     /// the length of the bar for a whole-bar rest.
     utils::rational length() const;
 
-    bool isRest() const noexcept { return !_placeHolder && !hasNotes(); }
-
-    /// Time without notes that is not written as a rest.
-    bool isPlaceHolder() const noexcept { return _placeHolder && !hasNotes(); }
-    void setPlaceHolder(bool placeHolder) noexcept { _placeHolder = placeHolder; }
-
-    /// The rest that fills its bar, whatever the meter.
-    bool isWholeBarRest() const noexcept { return _wholeBarRest && !hasNotes(); }
-    void setWholeBarRest(bool wholeBar) noexcept;
-
-    NoteDynamic dynamic() const { return NoteDynamic(static_cast<NoteDynamic::Value>(_dynamic)); }
-    void setDynamic(const NoteDynamic &dynamic)
+    bool isRest() const noexcept
     {
-        _dynamic = static_cast<std::uint8_t>(dynamic.value());
+        return !hasNotes() && !hasPlaceHolderMark() && !isDeadSlapped();
     }
 
-    GraceType graceType() const noexcept { return _graceType; }
-    void setGraceType(GraceType type) noexcept;
-    bool isGrace() const noexcept { return _graceType != GraceType::None; }
+    /// Time without notes that is not written as a rest.
+    bool isPlaceHolder() const noexcept { return hasPlaceHolderMark() && !hasNotes(); }
 
-    /// Drawn with a stroke through the stem.
-    bool isSlashedGrace() const noexcept { return _slashedGrace; }
-    void setSlashedGrace(bool slashed) noexcept { _slashedGrace = slashed; }
+    /// The rest that fills its bar, whatever the meter.
+    bool isWholeBarRest() const noexcept { return hasWholeBarRestMark() && !hasNotes(); }
 
-    Ottavia ottavia() const noexcept { return _ottavia; }
-    void setOttavia(Ottavia ottavia) noexcept { _ottavia = ottavia; }
+    // These change the length of the beat, which its voice hears of.
+
+    void setWholeBarRest(bool wholeBar);
+    void setGraceType(GraceType type);
+
+    /// All that the accessors of the marks reach, as one value.
+    BeatMarks marks() const noexcept { return BeatMarks(_marks); }
+    void setMarks(const BeatMarks &marks) noexcept;
+
+    // What few beats have. The setters raise for a value that is not valid.
+
+    const BeatDetails &details() const noexcept { return _details.get(); }
+    void setDetails(BeatDetails details);
+    bool hasDetails() const noexcept { return _details.isHeld(); }
+
+    /// Whether it has none of the attributes that most beats of most scores lack.
+    bool isCommon() const noexcept { return (_marks & ~commonMask) == 0 && !hasDetails(); }
 
     /// Free text over the beat, UTF-8.
-    const std::string &text() const noexcept { return _words.get().text; }
+    const std::string &text() const noexcept { return details().text; }
     void setText(const std::string &text);
 
-    /// Chord symbol over the beat as it reads, such as "C#m7/G#"; UTF-8.
-    const std::string &chordSymbol() const noexcept { return _words.get().chordSymbol; }
+    /// Dashes behind the text, or the end of such dashes.
+    TextSpan textSpan() const noexcept { return details().textSpan; }
+    void setTextSpan(TextSpan span);
+
+    const ChordMark &chord() const noexcept { return details().chord; }
+    void setChord(const ChordMark &chord);
+
+    /// The symbol of the chord alone.
+    const std::string &chordSymbol() const noexcept { return chord().symbol; }
     void setChordSymbol(const std::string &symbol);
+
+    // Chords that are struck note by note; a beat has one or the other.
+
+    Strum brush() const noexcept { return strum(brushDirection()); }
+    void setBrush(const Strum &strum);
+    Strum arpeggio() const noexcept { return strum(arpeggioDirection()); }
+    void setArpeggio(const Strum &strum);
+
+    const WhammyBar &whammyBar() const noexcept { return details().whammyBar; }
+    void setWhammyBar(const WhammyBar &bar);
+
+    Barre barre() const noexcept { return details().barre; }
+    void setBarre(const Barre &barre);
+
+    const Syllables &lyrics() const noexcept { return details().lyrics; }
+    void setLyrics(const Syllables &syllables);
+
+    /// Slurs beside the one of the marks.
+    const SlurEnds &slurEnds() const noexcept { return details().slurEnds; }
+    void setSlurEnds(const SlurEnds &ends);
 
     /// Compares the notes and what is written, not where.
     friend ZARNCORE_EXPORT bool operator==(const Beat &left, const Beat &right);
@@ -133,33 +165,24 @@ private:
     friend struct ParentNodeAccess;
     friend class ParentNode<Beat>;
 
-    struct Words {
-        std::string text;
-        std::string chordSymbol;
-        friend bool operator==(const Words &left, const Words &right)
-        {
-            return left.text == right.text && left.chordSymbol == right.chordSymbol;
-        }
-    };
+    friend class BeatMarkAccessors<Beat>;
+
+    Strum strum(Direction direction) const noexcept;
+    void setStrum(const Strum &strum, Direction other);
 
     void linkOrphans(const std::weak_ptr<Beat> &self) { _notes.link(self); }
 
     void lengthChanged() const noexcept;
     void notesChanged() const noexcept
     {
-        if (_wholeBarRest)
+        if (hasWholeBarRestMark())
             lengthChanged();
     }
 
-    std::uint8_t _dynamic = 0;
-    GraceType _graceType = GraceType::None;
-    Ottavia _ottavia = Ottavia::None;
-    bool _placeHolder = false;
-    bool _wholeBarRest = false;
-    bool _slashedGrace = false;
     ChildList<Beat, Note> _notes; ///< close to the links, which are read with it
+    std::uint64_t _marks = 0;
     RhythmValue _rhythm;
-    OnDemand<Words> _words;
+    OnDemand<BeatDetails> _details;
 };
 
 } // namespace zarn

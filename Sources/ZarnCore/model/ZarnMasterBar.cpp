@@ -3,6 +3,7 @@
 
 #include <ZarnCore/model/ZarnMasterTrack.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/attributes/ZarnLayoutRatio.h>
 
 namespace zarn {
 
@@ -25,6 +26,31 @@ utils::rational MasterBar::length() const
         return *_ownLength;
     return utils::rational(4 * std::int64_t(_timeSignature.getNumerator()),
                            std::int64_t(_timeSignature.getDenominator()));
+}
+
+void MasterBar::setTimeSignature(const TimeSignature &signature)
+{
+    _timeSignature = signature;
+    if (!beamGroups().fit(signature))
+        setBeamGroups({});
+}
+
+void MasterBar::setBeamGroups(const BeamGroups &groups)
+{
+    ZARN_ASSERT_IN("zarn::MasterBar::setBeamGroups", groups.fit(_timeSignature));
+    _details.change([&](Details &details) { details.beamGroups = groups; });
+}
+
+void MasterBar::setFermatas(const FermataMarks &marks)
+{
+    ZARN_ASSERT_IN("zarn::MasterBar::setFermatas", areValid(marks));
+    _details.change([&](Details &details) { details.fermatas = marks; });
+}
+
+void MasterBar::setLayoutRatio(float ratio)
+{
+    ZARN_ASSERT_IN("zarn::MasterBar::setLayoutRatio", isLayoutRatio(ratio));
+    _layoutRatio = ratio;
 }
 
 void MasterBar::setOwnLength(const std::optional<utils::rational> &length)
@@ -53,7 +79,9 @@ bool operator==(const MasterBar &left, const MasterBar &right)
         && left._section == right._section && left._alternateEndings == right._alternateEndings
         && left._repeatCount == right._repeatCount && left._tripletFeel == right._tripletFeel
         && left._freeTime == right._freeTime && left._doubleBar == right._doubleBar
-        && left._repeatStart == right._repeatStart && left._movementStart == right._movementStart;
+        && left._repeatStart == right._repeatStart && left._movementStart == right._movementStart
+        && left._barLine == right._barLine && left._layoutRatio == right._layoutRatio
+        && left._details == right._details;
 }
 
 } // namespace zarn

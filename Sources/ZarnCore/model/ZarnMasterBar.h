@@ -2,7 +2,11 @@
 #pragma once
 
 #include <ZarnCore/ZarnExport.h>
+#include <ZarnCore/ZarnTypesSigns.h>
 #include <ZarnCore/model/ZarnChildList.h>
+#include <ZarnCore/model/ZarnOnDemand.h>
+#include <ZarnCore/model/attributes/ZarnBeamGroups.h>
+#include <ZarnCore/model/attributes/ZarnFermataMark.h>
 #include <ZarnCore/model/form/ZarnTripletFeel.h>
 #include <ZarnCore/music/ZarnKeySignature.h>
 #include <ZarnCore/music/ZarnTimeSignature.h>
@@ -56,8 +60,9 @@ public:
     /// The bar of one staff in this column; empty when there is none.
     std::shared_ptr<Bar> barOfTrack(unsigned trackIndex, unsigned staffIndex = 0) const;
 
+    /// Beam groups that do not fill a bar of a new meter are dropped.
     const TimeSignature &timeSignature() const noexcept { return _timeSignature; }
-    void setTimeSignature(const TimeSignature &signature) { _timeSignature = signature; }
+    void setTimeSignature(const TimeSignature &signature);
 
     /// Key at concert pitch.
     const KeySignature &concertKeySignature() const noexcept { return _keySignature; }
@@ -110,6 +115,22 @@ public:
     void setSection(const Section &section) { _section = section; }
     bool hasSection() const noexcept { return !_section.isEmpty(); }
 
+    /// How beams are grouped. Raises for groups that do not fill a bar of the meter.
+    const BeamGroups &beamGroups() const noexcept { return _details.get().beamGroups; }
+    void setBeamGroups(const BeamGroups &groups);
+
+    /// Raises for marks out of order. Those behind the end of the bar are kept, unseen.
+    const FermataMarks &fermatas() const noexcept { return _details.get().fermatas; }
+    void setFermatas(const FermataMarks &marks);
+
+    BarLine barLine() const noexcept { return _barLine; }
+    void setBarLine(BarLine line) noexcept { _barLine = line; }
+
+    /// Width of the column among the others of its system, in the full score: 0.1 to 10, and 1 for
+    /// what its notes ask for. Raises outside.
+    float layoutRatio() const noexcept { return _layoutRatio; }
+    void setLayoutRatio(float ratio);
+
     /// Compares what is written, not where.
     friend ZARNCORE_EXPORT bool operator==(const MasterBar &left, const MasterBar &right);
     friend bool operator!=(const MasterBar &left, const MasterBar &right)
@@ -119,6 +140,17 @@ public:
 
 private:
     friend struct ChildLinkAccess;
+
+    /// What few bars have.
+    struct Details {
+        BeamGroups beamGroups;
+        FermataMarks fermatas;
+
+        friend bool operator==(const Details &left, const Details &right) noexcept
+        {
+            return left.beamGroups == right.beamGroups && left.fermatas == right.fermatas;
+        }
+    };
 
     TimeSignature _timeSignature;
     KeySignature _keySignature{0, true, true};
@@ -131,6 +163,9 @@ private:
     bool _doubleBar = false;
     bool _repeatStart = false;
     bool _movementStart = false;
+    BarLine _barLine = BarLine::Auto;
+    float _layoutRatio = 1;
+    OnDemand<Details> _details;
 };
 
 } // namespace zarn

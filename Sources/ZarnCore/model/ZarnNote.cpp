@@ -5,10 +5,12 @@
 
 namespace zarn {
 
+static_assert(sizeof(void *) != 8 || sizeof(Note) == 56,
+              "scores hold notes by the hundred thousand");
+
 Note::Note() noexcept
     : _articulation(Unset), _spelling(NoSpelling),
-      _head(static_cast<std::uint32_t>(NoteHead::Normal)), _tiedToPrevious(false),
-      _tiedToNext(false), _ghost(false), _dead(false)
+      _head(static_cast<std::uint32_t>(NoteHead::Normal))
 {
 }
 
@@ -69,13 +71,24 @@ void Note::setStaffLine(int line)
     _staffLine = static_cast<std::int8_t>(line);
 }
 
+void Note::setDetails(NoteDetails details)
+{
+    ZARN_ASSERT_IN("zarn::Note::setDetails", details.bend.isValid());
+    _details.set(std::move(details));
+}
+
+void Note::setBend(const Bend &bend)
+{
+    ZARN_ASSERT_IN("zarn::Note::setBend", bend.isValid());
+    _details.change([&](NoteDetails &details) { details.bend = bend; });
+}
+
 bool operator==(const Note &left, const Note &right) noexcept
 {
     return left._midi == right._midi && left._string == right._string && left._fret == right._fret
         && left._spelling == right._spelling && left._articulation == right._articulation
         && left._staffLine == right._staffLine && left._head == right._head
-        && left._tiedToPrevious == right._tiedToPrevious && left._tiedToNext == right._tiedToNext
-        && left._ghost == right._ghost && left._dead == right._dead;
+        && left._marks == right._marks && left._details == right._details;
 }
 
 } // namespace zarn

@@ -4,6 +4,9 @@
 #include <ZarnCore/ZarnExport.h>
 #include <ZarnCore/ZarnTypes.h>
 #include <ZarnCore/model/ZarnChildList.h>
+#include <ZarnCore/model/ZarnNoteDetails.h>
+#include <ZarnCore/model/ZarnNoteMarks.h>
+#include <ZarnCore/model/ZarnOnDemand.h>
 #include <ZarnCore/model/notes/ZarnWrittenPitch.h>
 #include <ZarnCore/music/ZarnPitchClass.h>
 
@@ -19,7 +22,8 @@ class Beat;
 ///
 /// A setter given a number outside its range raises.
 class ZARNCORE_EXPORT Note final : public std::enable_shared_from_this<Note>,
-                                   public ChildLink<Beat> {
+                                   public ChildLink<Beat>,
+                                   public NoteMarkAccessors<Note> {
 public:
     static constexpr int Unset = -1;
     static constexpr int NoStaffLine = -128;
@@ -63,22 +67,24 @@ public:
     int staffLine() const noexcept { return _staffLine; }
     void setStaffLine(int line);
 
-    /// True when the note sounds on from the note before it in its voice.
-    bool isTied() const noexcept { return _tiedToPrevious; }
-    void setTied(bool tied) noexcept { _tiedToPrevious = tied; }
-
-    /// True when the note is held into the next one of its voice.
-    bool isTieOrigin() const noexcept { return _tiedToNext; }
-    void setTieOrigin(bool origin) noexcept { _tiedToNext = origin; }
-
-    bool isGhost() const noexcept { return _ghost; }
-    void setGhost(bool ghost) noexcept { _ghost = ghost; }
-
-    bool isDead() const noexcept { return _dead; }
-    void setDead(bool dead) noexcept { _dead = dead; }
-
     NoteHead noteHead() const noexcept { return static_cast<NoteHead>(_head); }
     void setNoteHead(NoteHead head) noexcept { _head = static_cast<std::uint32_t>(head); }
+
+    /// All that the accessors of the marks reach, as one value.
+    NoteMarks marks() const noexcept { return NoteMarks(_marks); }
+    void setMarks(const NoteMarks &marks) noexcept { _marks = marks._marks; }
+
+    // What few notes have. The setters raise for a value that is not valid.
+
+    const NoteDetails &details() const noexcept { return _details.get(); }
+    void setDetails(NoteDetails details);
+    bool hasDetails() const noexcept { return _details.isHeld(); }
+
+    /// Whether it has none of the attributes that most notes of most scores lack.
+    bool isCommon() const noexcept { return (_marks & ~commonMask) == 0 && !hasDetails(); }
+
+    const Bend &bend() const noexcept { return details().bend; }
+    void setBend(const Bend &bend);
 
     /// Compares what is written, not where.
     friend ZARNCORE_EXPORT bool operator==(const Note &left, const Note &right) noexcept;
@@ -89,21 +95,21 @@ public:
 
 private:
     friend struct ChildLinkAccess;
+    friend class NoteMarkAccessors<Note>;
 
     static constexpr std::uint32_t NoSpelling = 0xFF;
 
-    // Scores hold notes by the hundred thousand: all of this is eight bytes.
+    // Scores hold notes by the hundred thousand: the first part of this is eight bytes, and so are
+    // the marks.
     std::int32_t _articulation : 12;
     std::uint32_t _spelling : 8;
     std::uint32_t _head : 6;
-    std::uint32_t _tiedToPrevious : 1;
-    std::uint32_t _tiedToNext : 1;
-    std::uint32_t _ghost : 1;
-    std::uint32_t _dead : 1;
     std::int8_t _midi = Unset;
     std::int8_t _string = Unset;
     std::int8_t _fret = Unset;
     std::int8_t _staffLine = NoStaffLine;
+    std::uint64_t _marks = 0;
+    OnDemand<NoteDetails> _details;
 };
 
 } // namespace zarn

@@ -25,6 +25,9 @@ public:
 
     const T &get() const noexcept { return _value ? *_value : defaultValue(); }
 
+    /// Whether it has memory of its own: never while it is at its default.
+    bool isHeld() const noexcept { return _value != nullptr; }
+
     void set(T value)
     {
         if (value == defaultValue())
@@ -33,6 +36,21 @@ public:
             *_value = std::move(value);
         else
             _value = std::make_unique<T>(std::move(value));
+    }
+
+    /// Has `change(T &)` change the value in place.
+    template <class Change>
+    void change(Change change)
+    {
+        if (!_value) {
+            T value{};
+            change(value);
+            set(std::move(value));
+            return;
+        }
+        change(*_value);
+        if (*_value == defaultValue())
+            _value.reset();
     }
 
     friend bool operator==(const OnDemand &left, const OnDemand &right)

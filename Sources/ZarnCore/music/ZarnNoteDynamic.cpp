@@ -40,6 +40,15 @@ std::string NoteDynamic::toString() const
                   "Invalid NoteDynamic value: " + std::to_string(static_cast<int>(_value)));
 }
 
+std::string NoteDynamic::textOf(Value value)
+{
+    const auto number = static_cast<std::size_t>(value);
+    if (value == Value::None || number >= levels.rows().size())
+        return "NONE";
+    const auto &row = levels.rows()[number];
+    return std::string(row.text.empty() ? row.key : row.text);
+}
+
 int NoteDynamic::stringToInt(const std::string &text)
 {
     const auto value = levels.value(text);

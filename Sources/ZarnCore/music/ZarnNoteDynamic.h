@@ -46,6 +46,9 @@ public:
     /// The number of a level of the whole scale, read in any case; -1 for another text.
     static int stringToInt(const std::string &text);
 
+    /// The word of each level of the whole scale, as `stringToInt` reads it; "NONE" for none.
+    static std::string textOf(Value value);
+
     friend constexpr bool operator==(NoteDynamic left, NoteDynamic right) noexcept
     {
         return left._value == right._value;

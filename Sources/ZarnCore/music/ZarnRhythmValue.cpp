@@ -14,7 +14,7 @@ namespace {
 
 using NoteValue = RhythmValue::NoteValue;
 
-static_assert(sizeof(RhythmValue) <= 32, "every beat carries one");
+static_assert(sizeof(RhythmValue) == 24, "every beat carries one");
 
 constexpr int noteValueCount = static_cast<int>(NoteValue::Invalid);
 
@@ -37,10 +37,10 @@ void requireNoteValue(NoteValue noteValue, const char *function)
 
 } // namespace
 
-RhythmValue::RhythmValue(NoteValue noteValue, unsigned augmentationDot)
-    : _noteValue(noteValue), _augmentationDot(augmentationDot)
+RhythmValue::RhythmValue(NoteValue noteValue, unsigned augmentationDot) : _noteValue(noteValue)
 {
     requireNoteValue(noteValue, "zarn::RhythmValue::RhythmValue");
+    setAugmentationDot(augmentationDot);
     _calculateLength();
 }
 
@@ -48,6 +48,13 @@ void RhythmValue::setNoteValue(NoteValue noteValue)
 {
     requireNoteValue(noteValue, "zarn::RhythmValue::setNoteValue");
     _noteValue = noteValue;
+    _dirty = true;
+}
+
+void RhythmValue::setAugmentationDot(unsigned dots)
+{
+    ZARN_ASSERT_IN("zarn::RhythmValue::setAugmentationDot", dots <= 255);
+    _augmentationDot = static_cast<std::uint8_t>(dots);
     _dirty = true;
 }
 
@@ -78,7 +85,7 @@ void RhythmValue::_calculateLength() const
 QString RhythmValue::toQString() const
 {
     const QString details = QStringLiteral("Dots=%0;PriTuplet=%1/%2;SecTuplet=%3/%4")
-                                .arg(_augmentationDot)
+                                .arg(getAugmentationDot())
                                 .arg(_primaryTuplet.first)
                                 .arg(_primaryTuplet.second)
                                 .arg(_secondaryTuplet.first)
@@ -123,9 +130,8 @@ bool RhythmValue::readFromStream(filesystem::FileHandle &file, int /*version*/)
 
 bool RhythmValue::writeToStream(filesystem::FileHandle &file, int /*version*/) const
 {
-    ZARN_ASSERT_IN("zarn::RhythmValue::writeToStream", _augmentationDot <= 255);
     const std::array<std::uint8_t, 6> bytes = {static_cast<std::uint8_t>(_noteValue),
-                                               static_cast<std::uint8_t>(_augmentationDot),
+                                               _augmentationDot,
                                                _primaryTuplet.first,
                                                _primaryTuplet.second,
                                                _secondaryTuplet.first,

@@ -40,7 +40,7 @@ public:
     /// A plain quarter.
     RhythmValue() noexcept = default;
 
-    /// A number that is no note value raises, here and in `setNoteValue`.
+    /// A number that is no note value raises, here and in `setNoteValue`; so do more than 255 dots.
     explicit RhythmValue(NoteValue noteValue, unsigned augmentationDot = 0);
 
     NoteValue getNoteValue() const noexcept { return _noteValue; }
@@ -69,11 +69,9 @@ public:
     QString toQString() const;
 
     void setNoteValue(NoteValue noteValue);
-    void setAugmentationDot(unsigned dots) noexcept
-    {
-        _augmentationDot = dots;
-        _dirty = true;
-    }
+
+    /// Raises above 255.
+    void setAugmentationDot(unsigned dots);
     void setPrimaryTupletRatio(TupletRatio ratio) noexcept
     {
         _primaryTuplet = ratio;
@@ -102,7 +100,6 @@ public:
     /// fails; bytes that are no rhythm raise. A value that is not read stays as it was.
     bool readFromStream(filesystem::FileHandle &file, int version);
 
-    /// More than 255 dots do not fit and raise.
     bool writeToStream(filesystem::FileHandle &file, int version) const;
 
     /// Equal as written: a triplet of quarters is no other rhythm of the same length.
@@ -135,7 +132,7 @@ private:
     mutable bool _dirty = false;
     TupletRatio _primaryTuplet = {0, 0};
     TupletRatio _secondaryTuplet = {0, 0};
-    unsigned _augmentationDot = 0;
+    std::uint8_t _augmentationDot = 0;
     mutable utils::rational _length = 1;
 };
 

@@ -1,96 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/io/native/BarFields.h>
 
+#include <ZarnCore/io/native/AttributeFields.h>
+#include <ZarnCore/io/native/BeatFields.h>
 #include <ZarnCore/io/native/Children.h>
 #include <ZarnCore/io/native/MusicCodecs.h>
 #include <ZarnCore/io/native/ScoreFields.h>
 #include <ZarnCore/model/ZarnBar.h>
+#include <ZarnCore/model/ZarnBarAttribute.h>
 #include <ZarnCore/model/ZarnStaff.h>
 
 namespace zarn::io::native {
 
 namespace {
 
-using NoteHeads = EnumCodec<noteHeadToString, noteHeadFromString, 21, NoteHead::Do, NoteHead::Re,
-                            NoteHead::Mi, NoteHead::Fa, NoteHead::So, NoteHead::La, NoteHead::Ti>;
-using GraceTypes = EnumCodec<graceTypeToString, graceTypeFromString, 8>;
 using Ottavias = EnumCodec<ottaviaToString, ottaviaFromString, 8>;
 using Clefs = EnumCodec<clefToString, clefFromString, 8>;
 using SimileMarks = EnumCodec<simileMarkToString, simileMarkFromString, 34>;
-
-/// MIDI keys, strings and frets; -1 is unset.
-using Key = Within<int, -1, 127>;
-
-constexpr std::array noteFields = {
-    field<Note, &Note::midi, &Note::setMidi, Key>("midi"),
-    field<Note, &Note::spelling, &Note::setSpelling>("spelling"),
-    field<Note, &Note::string, &Note::setString, Key>("string"),
-    field<Note, &Note::fret, &Note::setFret, Key>("fret"),
-    field<Note, &Note::percussionArticulation, &Note::setPercussionArticulation,
-          Within<int, -1, 2047>>("articulation"),
-    field<Note, &Note::staffLine, &Note::setStaffLine, Within<int, -128, 127>>("staffLine"),
-    field<Note, &Note::isTied, &Note::setTied>("tied"),
-    field<Note, &Note::isTieOrigin, &Note::setTieOrigin>("tieOrigin"),
-    field<Note, &Note::isGhost, &Note::setGhost>("ghost"),
-    field<Note, &Note::isDead, &Note::setDead>("dead"),
-    field<Note, &Note::noteHead, &Note::setNoteHead, NoteHeads>("head"),
-};
-
-void writeNotes(DocumentWriter &writer, std::string_view key, const Beat &beat)
-{
-    writeChildren(writer, key, beat.notes(), noteFields);
-}
-
-void readNotes(DocumentReader &reader, const Json &json, Beat &beat)
-{
-    auto notes = readChildren<Note>(reader, json, noteFields);
-    for (const auto &note : notes)
-        reader.meetString(note->string());
-    beat.insertNotes(beat.noteCount(), std::move(notes));
-}
-
-constexpr std::array beatFields = {
-    field<Beat, &Beat::rhythmValue, &Beat::setRhythmValue>("rhythm"),
-    field<Beat, &Beat::graceType, &Beat::setGraceType, GraceTypes>("grace"),
-    field<Beat, &Beat::isSlashedGrace, &Beat::setSlashedGrace>("slashed"),
-    field<Beat, &Beat::isPlaceHolder, &Beat::setPlaceHolder>("placeHolder"),
-    field<Beat, &Beat::isWholeBarRest, &Beat::setWholeBarRest>("wholeBar"),
-    field<Beat, &Beat::dynamic, &Beat::setDynamic>("dynamic"),
-    field<Beat, &Beat::ottavia, &Beat::setOttavia, Ottavias>("ottava"),
-    field<Beat, &Beat::text, &Beat::setText>("text"),
-    field<Beat, &Beat::chordSymbol, &Beat::setChordSymbol>("chord"),
-    Field<Beat>{"notes", writeNotes, readNotes},
-};
-
-void writeBeats(DocumentWriter &writer, std::string_view key, const Voice &voice)
-{
-    writeChildren(writer, key, voice.beats(), beatFields);
-}
-
-/// Refuses the beat whose end no fraction can hold. Plain lengths always add up; unlike tuplets may
-/// not.
-void checkLengths(DocumentReader &reader, const std::vector<std::shared_ptr<Beat>> &beats)
-{
-    const auto isInTuplet = [](const auto &beat) { return beat->rhythmValue().hasPrimaryTuplet(); };
-    if (std::none_of(beats.begin(), beats.end(), isInTuplet))
-        return;
-    utils::rational end;
-    for (std::size_t i = 0; i < beats.size(); ++i) {
-        const DocumentReader::Step step(reader, static_cast<std::uint32_t>(i));
-        try {
-            end += beats[i]->rhythmValue().getLength();
-        } catch (const CoreException &error) {
-            reader.refuse("the beats do not add up: " + error.message());
-        }
-    }
-}
-
-void readBeats(DocumentReader &reader, const Json &json, Voice &voice)
-{
-    auto beats = readChildren<Beat>(reader, json, beatFields);
-    checkLengths(reader, beats);
-    voice.insertBeats(voice.beatCount(), std::move(beats));
-}
 
 constexpr std::array voiceFields = {
     Field<Voice>{"beats", writeBeats, readBeats},
@@ -133,20 +59,29 @@ constexpr std::array clefChangeFields = {
     member<ClefChange, &ClefChange::clef, Clefs>("clef"),
 };
 
-constexpr std::array barFields = {
+constexpr std::array ownBarFields = {
     field<Bar, &Bar::clef, &Bar::setClef, Clefs>("clef"),
     field<Bar, &Bar::clefChanges, &Bar::setClefChanges,
           ArrayOf<ClefChange, Struct<ClefChange, clefChangeFields>>>("clefChanges"),
     field<Bar, &Bar::ottavia, &Bar::setOttavia, Ottavias>("ottava"),
     field<Bar, &Bar::simileMark, &Bar::setSimileMark, SimileMarks>("simile"),
+};
+
+constexpr std::array voicesField = {
     Field<Bar>{"voices", writeVoices, readVoices},
 };
+
+const std::vector<Field<Bar>> &barFields()
+{
+    static const auto fields = withAttributes(ownBarFields, voicesField);
+    return fields;
+}
 
 } // namespace
 
 void writeBars(DocumentWriter &writer, std::string_view key, const Staff &staff)
 {
-    writeChildren(writer, key, staff.bars(), barFields, Layout::Lines);
+    writeChildren(writer, key, staff.bars(), barFields(), Layout::Lines);
 }
 
 void readBars(DocumentReader &reader, const Json &json, Staff &staff)
@@ -157,7 +92,7 @@ void readBars(DocumentReader &reader, const Json &json, Staff &staff)
         staff.insertBars(staff.barCount(), std::move(block.bars));
         return;
     }
-    staff.insertBars(staff.barCount(), readChildren<Bar>(reader, json, barFields));
+    staff.insertBars(staff.barCount(), readChildren<Bar>(reader, json, barFields()));
 }
 
 bool BarStream::takesArray(std::string_view key, std::size_t depth, const Pointer &pointer,
@@ -178,7 +113,7 @@ void BarStream::takeElement(const Json &element, const Pointer &pointer)
 {
     const DocumentReader::Base base(_reader, pointer);
     auto bar = std::make_shared<Bar>();
-    readObject(_reader, element, *bar, barFields);
+    readObject(_reader, element, *bar, barFields());
     _block.bars.push_back(std::move(bar));
 }
 

@@ -11,10 +11,10 @@ namespace zarn::io::native {
 enum class Layout { Compact, Lines };
 
 /// Writes an array of nodes; nothing when there are none.
-template <typename Node, std::size_t Count>
+template <typename Node, typename Fields>
 void writeChildren(DocumentWriter &writer, std::string_view key,
-                   const std::vector<std::shared_ptr<Node>> &nodes,
-                   const std::array<Field<Node>, Count> &fields, Layout layout = Layout::Compact)
+                   const std::vector<std::shared_ptr<Node>> &nodes, const Fields &fields,
+                   Layout layout = Layout::Compact)
 {
     if (nodes.empty())
         return;
@@ -34,9 +34,8 @@ void writeChildren(DocumentWriter &writer, std::string_view key,
 }
 
 /// Reads an array of nodes and hands each over when it is complete.
-template <typename Node, std::size_t Count, typename Take>
-void readEach(DocumentReader &reader, const Json &json,
-              const std::array<Field<Node>, Count> &fields, const Take &take)
+template <typename Node, typename Fields, typename Take>
+void readEach(DocumentReader &reader, const Json &json, const Fields &fields, const Take &take)
 {
     reader.expectArray(json);
     std::uint32_t index = 0;
@@ -49,9 +48,9 @@ void readEach(DocumentReader &reader, const Json &json,
 }
 
 /// Reads an array of nodes; there are as many as the array has elements.
-template <typename Node, std::size_t Count>
+template <typename Node, typename Fields>
 std::vector<std::shared_ptr<Node>> readChildren(DocumentReader &reader, const Json &json,
-                                                const std::array<Field<Node>, Count> &fields)
+                                                const Fields &fields)
 {
     std::vector<std::shared_ptr<Node>> nodes;
     if (json.isArray())

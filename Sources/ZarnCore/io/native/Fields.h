@@ -63,18 +63,27 @@ constexpr Field<Node> member(std::string_view key)
             }};
 }
 
-template <typename Node, std::size_t Count>
-void writeFields(DocumentWriter &writer, const Node &node,
-                 const std::array<Field<Node>, Count> &fields)
+/// How many fields, from the first, may have to be written for a node: for nodes with many that are
+/// at their defaults nearly always.
+template <typename Node>
+struct FieldsToWrite {
+    static std::size_t count(const Node &, std::size_t all) { return all; }
+};
+
+// `Fields` is an array or a vector of `Field<Node>`, at most 64 of them.
+
+template <typename Node, typename Fields>
+void writeFields(DocumentWriter &writer, const Node &node, const Fields &fields)
 {
-    for (const Field<Node> &field : fields)
-        atPlace([&] { return field.key; }, [&] { field.write(writer, field.key, node); });
+    const std::size_t count = FieldsToWrite<Node>::count(node, fields.size());
+    for (std::size_t i = 0; i < count; ++i)
+        atPlace([&] { return fields[i].key; },
+                [&] { fields[i].write(writer, fields[i].key, node); });
 }
 
 /// Writes a node as an object.
-template <typename Node, std::size_t Count>
-void writeObject(DocumentWriter &writer, const Node &node,
-                 const std::array<Field<Node>, Count> &fields)
+template <typename Node, typename Fields>
+void writeObject(DocumentWriter &writer, const Node &node, const Fields &fields)
 {
     writer.StartObject();
     writeFields(writer, node, fields);
@@ -82,32 +91,29 @@ void writeObject(DocumentWriter &writer, const Node &node,
 }
 
 /// Finds a key; looks at `start` first, as members usually come in the order of the table.
-template <typename Node, std::size_t Count>
-std::size_t indexOfField(const std::array<Field<Node>, Count> &fields, std::string_view key,
-                         std::size_t start)
+template <typename Fields>
+std::size_t indexOfField(const Fields &fields, std::string_view key, std::size_t start)
 {
-    for (std::size_t i = start; i < Count; ++i)
+    for (std::size_t i = start; i < fields.size(); ++i)
         if (fields[i].key == key)
             return i;
     for (std::size_t i = 0; i < start; ++i)
         if (fields[i].key == key)
             return i;
-    return Count;
+    return fields.size();
 }
 
 /// Reads an object into a node, in whatever order its members come.
-template <typename Node, std::size_t Count>
-void readObject(DocumentReader &reader, const Json &json, Node &node,
-                const std::array<Field<Node>, Count> &fields)
+template <typename Node, typename Fields>
+void readObject(DocumentReader &reader, const Json &json, Node &node, const Fields &fields)
 {
-    static_assert(Count <= 64);
     reader.expectObject(json);
     std::uint64_t seen = 0;
     std::size_t next = 0;
     for (const auto &member : json.members()) {
         const std::string_view key = member.key;
         const std::size_t at = indexOfField(fields, key, next);
-        if (at == Count) {
+        if (at == fields.size()) {
             reader.meetUnknownKey(key);
             continue;
         }

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/io/native/MasterFields.h>
 
+#include <ZarnCore/io/native/AttributeFields.h>
 #include <ZarnCore/io/native/Children.h>
 #include <ZarnCore/io/native/MusicCodecs.h>
 #include <ZarnCore/io/native/Slots.h>
 #include <ZarnCore/io/native/SoundFields.h>
+#include <ZarnCore/model/ZarnMasterBarAttribute.h>
 #include <ZarnCore/model/ZarnMasterTrack.h>
 
 namespace zarn::io::native {
@@ -96,7 +98,7 @@ void setSectionText(MasterBar &bar, const std::string &text)
 
 using RepeatCounts = Within<unsigned, 0, 255>;
 
-constexpr std::array masterBarFields = {
+constexpr std::array ownMasterBarFields = {
     field<MasterBar, &MasterBar::timeSignature, &MasterBar::setTimeSignature>("time"),
     field<MasterBar, &MasterBar::concertKeySignature, &MasterBar::setConcertKeySignature, Keys>(
         "key"),
@@ -115,15 +117,22 @@ constexpr std::array masterBarFields = {
     field<MasterBar, &MasterBar::isMovementStart, &MasterBar::setMovementStart>("movementStart"),
 };
 
+const std::vector<Field<MasterBar>> &masterBarFields()
+{
+    static const auto fields =
+        withAttributes(ownMasterBarFields, std::array<Field<MasterBar>, 0>());
+    return fields;
+}
+
 void writeMasterBars(DocumentWriter &writer, std::string_view key, const MasterTrack &track)
 {
-    writeChildren(writer, key, track.masterBars(), masterBarFields, Layout::Lines);
+    writeChildren(writer, key, track.masterBars(), masterBarFields(), Layout::Lines);
 }
 
 void readMasterBars(DocumentReader &reader, const Json &json, MasterTrack &track)
 {
     track.insertMasterBarBlock(track.masterBarCount(),
-                               readChildren<MasterBar>(reader, json, masterBarFields));
+                               readChildren<MasterBar>(reader, json, masterBarFields()));
 }
 
 struct Directions {

@@ -1,52 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/io/native/MusicCodecs.h>
+#include <ZarnCore/utils/TextScanner.h>
 
 #include <array>
-#include <charconv>
 
 namespace zarn::io::native {
 
 namespace {
 
-/// Reads a short text from its start.
-class Scanner {
-public:
-    explicit Scanner(std::string_view text) noexcept : _rest(text) { }
-
-    bool isAtEnd() const noexcept { return _rest.empty(); }
-
-    bool take(std::string_view word) noexcept
-    {
-        if (_rest.substr(0, word.size()) != word)
-            return false;
-        _rest.remove_prefix(word.size());
-        return true;
-    }
-
-    /// Numbers stand without leading zeros, so that each is written in one way.
-    template <typename T>
-    bool takeNumber(T &number) noexcept
-    {
-        if (_rest.size() > 1 && _rest[0] == '0' && _rest[1] >= '0' && _rest[1] <= '9')
-            return false;
-        const auto result = std::from_chars(_rest.data(), _rest.data() + _rest.size(), number);
-        if (result.ec != std::errc())
-            return false;
-        _rest.remove_prefix(static_cast<std::size_t>(result.ptr - _rest.data()));
-        return true;
-    }
-
-private:
-    std::string_view _rest;
-};
+using Scanner = utils::TextScanner;
 
 constexpr std::array<std::string_view, 11> noteValueTexts = {"4x", "2x", "1",  "2",   "4",  "8",
                                                              "16", "32", "64", "128", "256"};
-
-constexpr std::array<std::string_view, 17> dynamicTexts = {
-    "NONE", "PPPPPPP", "PPPPPP", "PPPPP", "PPPP", "PPP",   "PP",     "P",      "MP",
-    "MF",   "F",       "FF",     "FFF",   "FFFF", "FFFFF", "FFFFFF", "FFFFFFF"};
 
 constexpr std::string_view letters = "CDEFGAB";
 constexpr std::array<std::string_view, 5> accidentalTexts = {"bb", "b", "", "#", "##"};
@@ -214,17 +180,21 @@ PitchClass Codec<PitchClass>::read(DocumentReader &reader, const Json &json)
 
 void Codec<NoteDynamic>::write(DocumentWriter &writer, const NoteDynamic &dynamic)
 {
-    const auto value = static_cast<std::size_t>(dynamic.value());
-    ZARN_ASSERT_IN("zarn::io::native::Codec<NoteDynamic>::write", value < dynamicTexts.size());
-    writer.text(dynamicTexts[value]);
+    writer.text(NoteDynamic::textOf(dynamic.value()));
 }
 
 NoteDynamic Codec<NoteDynamic>::read(DocumentReader &reader, const Json &json)
 {
-    const int value = json.isText() ? indexOf(dynamicTexts, json.text()) : -1;
-    if (value < 0)
-        reader.refuseKind("a dynamic from \"PPPPPPP\" to \"FFFFFFF\"", json);
-    return NoteDynamic(static_cast<NoteDynamic::Value>(value));
+    if (json.isText()) {
+        const std::string text(json.text());
+        const int level = NoteDynamic::stringToInt(text);
+        if (level >= 0) {
+            const NoteDynamic dynamic(static_cast<NoteDynamic::Value>(level));
+            if (NoteDynamic::textOf(dynamic.value()) == text)
+                return dynamic;
+        }
+    }
+    reader.refuseKind("a dynamic from \"PPPPPPP\" to \"FFFFFFF\"", json);
 }
 
 void Codec<TimeSignature>::write(DocumentWriter &writer, const TimeSignature &signature)

@@ -3,6 +3,7 @@
 
 #include <ZarnCore/io/native/BarFields.h>
 #include <ZarnCore/io/native/Children.h>
+#include <ZarnCore/io/native/DiagramFields.h>
 #include <ZarnCore/io/native/EnumCodec.h>
 #include <ZarnCore/io/native/SoundFields.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
@@ -97,10 +98,6 @@ GuitarTuning::Role roleFromText(const std::string &text)
 
 using TuningRoles = EnumCodec<roleToText, roleFromText, 4>;
 
-/// What is counted by strings.
-template <typename T, typename Item>
-using PerString = ArrayOf<T, Item, GuitarTuning::maximumStringCount>;
-
 using Pitch = Within<int, 0, 127>;
 using Semitones = Within<int, -127, 127>;
 
@@ -121,16 +118,7 @@ constexpr std::array tuningFields = {
         "labelVisible"),
 };
 
-constexpr std::array diagramFields = {
-    member<ChordDiagram, &ChordDiagram::name>("name"),
-    member<ChordDiagram, &ChordDiagram::firstFret, Within<std::uint8_t, 0, 255>>("firstFret"),
-    member<ChordDiagram, &ChordDiagram::frets,
-           PerString<std::int8_t, Within<std::int8_t, -1, 127>>>("frets"),
-    member<ChordDiagram, &ChordDiagram::fingers,
-           PerString<std::uint8_t, Within<std::uint8_t, 0, 5>>>("fingers"),
-};
-
-using Diagrams = ArrayOf<ChordDiagram, Struct<ChordDiagram, diagramFields>>;
+using Diagrams = ArrayOf<ChordDiagram, DiagramCodec>;
 
 constexpr std::array staffFields = {
     field<Staff, &Staff::tuning, &Staff::setTuning, Struct<GuitarTuning, tuningFields>>("tuning"),

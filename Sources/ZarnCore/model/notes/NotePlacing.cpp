@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/model/notes/NotePlacing.h>
 
+#include <ZarnCore/model/SplitAttributes.h>
 #include <ZarnCore/model/notes/Ties.h>
 
 #include <algorithm>
@@ -52,30 +53,19 @@ std::vector<Cut> planCuts(const Voice &voice, const rational &start, const ratio
     return cuts;
 }
 
-/// Writes a beat as several, what it held being tied on; texts and dynamic stay with the first.
+/// Writes a beat as several, what it held being tied on.
 void applyCut(Voice &voice, const Cut &cut)
 {
     const auto beat = voice.beats()[cut.beat];
-    Voice::Beats pieces;
+    Voice::Beats pieces = {beat};
     for (std::size_t i = 1; i < cut.rhythms.size(); ++i) {
-        const auto piece = beat->clone();
-        piece->setRhythmValue(cut.rhythms[i]);
-        piece->setWholeBarRest(false);
-        piece->setDynamic(NoteDynamic());
-        piece->setText({});
-        piece->setChordSymbol({});
-        for (const auto &note : piece->notes()) {
-            note->setTied(true);
-            if (i + 1 < cut.rhythms.size())
-                note->setTieOrigin(true);
-        }
-        pieces.push_back(piece);
+        pieces.push_back(beat->clone());
+        pieces.back()->setRhythmValue(cut.rhythms[i]);
     }
-    if (!pieces.empty())
-        for (const auto &note : beat->notes())
-            note->setTieOrigin(true);
     beat->setRhythmValue(cut.rhythms.front());
     beat->setWholeBarRest(false);
+    splitAttributes(pieces);
+    pieces.erase(pieces.begin());
     voice.insertBeats(cut.beat + 1, std::move(pieces));
 }
 
