@@ -2,7 +2,7 @@
 #include <ZarnCore/instruments/tunings/ZarnGuitarTuningLibrary.h>
 
 #include <ZarnCore/ZarnAssert.h>
-#include <ZarnCore/instruments/tunings/UserTuningFile.h>
+#include <ZarnCore/instruments/UserFile.h>
 
 #include <rapidjson/document.h>
 
@@ -30,7 +30,7 @@ bool erase(GuitarTuningLibrary::Store &store, unsigned id)
 } // namespace
 
 GuitarTuningLibrary::GuitarTuningLibrary()
-    : _userFile(std::make_unique<UserTuningFile>(userTuningsPath))
+    : _userFile(std::make_unique<UserFile>("GuitarTuningLibrary", userTuningsPath))
 {
 }
 

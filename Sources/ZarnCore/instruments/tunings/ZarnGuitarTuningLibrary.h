@@ -17,7 +17,7 @@
 
 namespace zarn {
 
-class UserTuningFile;
+class UserFile;
 
 /// The named tunings that are offered to the user: the built-in ones (core store) and the user's
 /// own (user store), which are kept in a file.
@@ -150,7 +150,7 @@ private:
 
     Store _coreTunings;
     Store _userTunings;
-    std::unique_ptr<UserTuningFile> _userFile;
+    std::unique_ptr<UserFile> _userFile;
     /// What the file held when it was last read or written here.
     QByteArray _knownUserText;
     /// Whether all of that was understood or is kept beside.

@@ -2,14 +2,13 @@
 // The user's tunings and their file.
 #include <ZarnCore/instruments/tunings/ZarnGuitarTuningLibrary.h>
 
-#include <ZarnCore/instruments/tunings/UserTuningFile.h>
+#include <ZarnCore/instruments/UserFile.h>
 #include <ZarnCore/instruments/tunings/UserTuningXml.h>
 
 #include <QStandardPaths>
 
 #include <algorithm>
 #include <iterator>
-#include <set>
 
 namespace zarn {
 
@@ -27,7 +26,7 @@ void GuitarTuningLibrary::loadUserTunings()
     auto content = _userFile->read();
     if (!content || loadUsualForm(*content))
         return;
-    const UserTuningFile::Lock lock(*_userFile);
+    const UserFile::Lock lock(*_userFile);
     content = _userFile->read(); // another program may have changed it
     if (content)
         loadAndRewrite(*content, lock.isHeld());
@@ -77,7 +76,7 @@ void GuitarTuningLibrary::loadAndRewrite(const QByteArray &content, bool rewrite
 
 void GuitarTuningLibrary::saveUserTunings()
 {
-    const UserTuningFile::Lock lock(*_userFile);
+    const UserFile::Lock lock(*_userFile);
     if (!lock.isHeld())
         return;
     const auto content = _userFile->read();
@@ -99,16 +98,9 @@ bool GuitarTuningLibrary::takeOver(const QByteArray &content)
     if (!document.fault().isEmpty() && !content.isEmpty() && !_userFile->keep(content))
         return false;
     const UserTuningDocument before(_knownUserText);
-    std::multiset<QByteArray> known;
-    for (const auto &tuning : before.tunings())
-        known.insert(UserTuningText::of(*tuning));
-    for (const auto &tuning : document.tunings()) {
-        const auto found = known.find(UserTuningText::of(*tuning));
-        if (found != known.end())
-            known.erase(found);
-        else
-            storeUserTuning(tuning);
-    }
+    const auto textOf = [](const auto &tuning) { return UserTuningText::of(*tuning); };
+    for (const auto &tuning : addedElements(before.tunings(), document.tunings(), textOf))
+        storeUserTuning(tuning);
     _knownUserText = content;
     _isUserTextWhole = true;
     return true;

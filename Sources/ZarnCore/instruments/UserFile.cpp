@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <ZarnCore/instruments/tunings/UserTuningFile.h>
+#include <ZarnCore/instruments/UserFile.h>
 
 #include <ZarnCore/ZarnLog.h>
 
@@ -57,7 +57,7 @@ QString keptPath(const QString &path, int number)
 
 } // namespace
 
-UserTuningFile::Lock::Lock(const UserTuningFile &file) : _lock(file.path() + lockSuffix)
+UserFile::Lock::Lock(const UserFile &file) : _lock(file.path() + lockSuffix)
 {
     if (!file.makeFolder())
         return;
@@ -79,7 +79,7 @@ UserTuningFile::Lock::Lock(const UserTuningFile &file) : _lock(file.path() + loc
     _isHeld = true;
 }
 
-std::optional<QByteArray> UserTuningFile::read() const
+std::optional<QByteArray> UserFile::read() const
 {
     if (!exists())
         return std::nullopt;
@@ -90,12 +90,12 @@ std::optional<QByteArray> UserTuningFile::read() const
     return content;
 }
 
-bool UserTuningFile::exists() const
+bool UserFile::exists() const
 {
     return QFileInfo::exists(path());
 }
 
-bool UserTuningFile::replace(const QByteArray &content) const
+bool UserFile::replace(const QByteArray &content) const
 {
     std::string error;
     if (!write(path(), content, &error)) {
@@ -106,7 +106,7 @@ bool UserTuningFile::replace(const QByteArray &content) const
     return true;
 }
 
-bool UserTuningFile::makeFolder() const
+bool UserFile::makeFolder() const
 {
     filesystem::DiskFileSystem disk;
     std::string error;
@@ -116,7 +116,7 @@ bool UserTuningFile::makeFolder() const
     return false;
 }
 
-bool UserTuningFile::keep(const QByteArray &content) const
+bool UserFile::keep(const QByteArray &content) const
 {
     QString place;
     for (int number = 1; place.isEmpty(); ++number) {
@@ -133,16 +133,21 @@ bool UserTuningFile::keep(const QByteArray &content) const
         return false;
     }
     qCWarning(log::core).noquote()
-        << "[GuitarTuningLibrary]" << path() << "held what was not read; it is kept as" << place;
+        << tag() << path() << "held what was not read; it is kept as" << place;
     return true;
 }
 
-void UserTuningFile::warn(const QString &reason) const
+QString UserFile::tag() const
+{
+    return QLatin1Char('[') + QLatin1String(_owner) + QLatin1Char(']');
+}
+
+void UserFile::warn(const QString &reason) const
 {
     if (reason == _lastWarning)
         return;
     _lastWarning = reason;
-    qCWarning(log::core).noquote() << "[GuitarTuningLibrary]" << path() << reason;
+    qCWarning(log::core).noquote() << tag() << path() << reason;
 }
 
 } // namespace zarn
