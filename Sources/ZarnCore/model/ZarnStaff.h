@@ -3,12 +3,12 @@
 
 #include <ZarnCore/ZarnExport.h>
 #include <ZarnCore/ZarnTypes.h>
+#include <ZarnCore/chords/ZarnChordDiagram.h>
 #include <ZarnCore/instruments/tunings/ZarnGuitarTuning.h>
 #include <ZarnCore/model/ZarnBar.h>
 #include <ZarnCore/model/ZarnChildList.h>
 #include <ZarnCore/model/ZarnLinkMode.h>
 #include <ZarnCore/model/ZarnParentNode.h>
-#include <ZarnCore/model/notes/ZarnChordDiagram.h>
 
 #include <cstdint>
 #include <memory>

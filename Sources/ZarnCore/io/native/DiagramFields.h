@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ZarnCore/chords/ZarnChordDiagram.h>
 #include <ZarnCore/instruments/tunings/ZarnGuitarTuning.h>
 #include <ZarnCore/io/native/Children.h>
-#include <ZarnCore/model/notes/ZarnChordDiagram.h>
 
 namespace zarn::io::native {
 

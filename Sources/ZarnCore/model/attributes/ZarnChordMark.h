@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ZarnCore/model/notes/ZarnChordDiagram.h>
+#include <ZarnCore/chords/ZarnChordDiagram.h>
 
 #include <memory>
 #include <string>

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ZarnCore/ZarnExport.h>
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -31,5 +33,21 @@ struct ChordDiagram {
         return !(left == right);
     }
 };
+
+/// Lets the drawing begin at the nut when it reaches over all frets, else at the lowest stop.
+ZARNCORE_EXPORT void setFirstFret(ChordDiagram &diagram);
+
+/// A finger that holds several strings down at a fret.
+struct DiagramBarre {
+    std::uint8_t finger;
+    std::int8_t fret;
+    std::uint8_t firstString;
+    std::uint8_t lastString;
+};
+
+/// The barres of a diagram, the lowest fret first. Strings of one course, whose sizes are given
+/// from string 0 on, are no barre; without sizes each string is a course.
+ZARNCORE_EXPORT std::vector<DiagramBarre> barresOf(const ChordDiagram &diagram,
+                                                   const std::vector<unsigned> &courseSizes = {});
 
 } // namespace zarn
