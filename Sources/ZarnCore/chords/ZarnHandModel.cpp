@@ -13,9 +13,6 @@ namespace {
 
 constexpr int fingerCount = HandModel::fingerCount;
 
-/// Strings that another finger than the first can hold down at once.
-constexpr int stringsOfOtherBarre = 4;
-
 /// Highest fret, relative to nut or capo, of what is held in first position.
 constexpr int lastFretOfFirstPosition = 4;
 
@@ -130,7 +127,8 @@ private:
                     return false;
             }
             const int strings = stop.string - press.firstString + 1;
-            if (strings > (press.finger == 1 ? _profile.barredStrings : stringsOfOtherBarre))
+            if (strings
+                > (press.finger == 1 ? _profile.barredStrings : HandModel::stringsOfOtherBarre))
                 return false;
         }
         press.lastString = stop.string;

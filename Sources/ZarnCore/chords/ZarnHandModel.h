@@ -41,6 +41,8 @@ struct HandShape {
 class ZARNCORE_EXPORT HandModel {
 public:
     static constexpr int fingerCount = 4;
+    /// Strings that another finger than the first can hold down at once.
+    static constexpr int stringsOfOtherBarre = 4;
 
     /// The profile is kept by reference.
     explicit HandModel(const HandProfile &profile) noexcept : _profile(&profile) { }
