@@ -116,6 +116,12 @@ GuitarTuningLibrary &Core::tuningLibrary()
     return _impl->tunings;
 }
 
+chord::FingeringLibrary &Core::fingeringLibrary()
+{
+    waitLazyConf();
+    return _impl->fingerings;
+}
+
 const InstrumentSetLibrary &Core::instrumentSetLibrary() const
 {
     waitLazyConf();

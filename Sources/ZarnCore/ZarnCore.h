@@ -29,6 +29,10 @@ class Soundbank;
 class SoundbankPatch;
 class Track;
 
+namespace chord {
+class FingeringLibrary;
+} // namespace chord
+
 namespace io {
 class Exporter;
 class Importer;
@@ -118,6 +122,8 @@ public:
     // The catalogues. Each look-up waits for what is still being loaded.
 
     GuitarTuningLibrary &tuningLibrary();
+    /// Shapes of chords, the user's own too.
+    chord::FingeringLibrary &fingeringLibrary();
     const InstrumentSetLibrary &instrumentSetLibrary() const;
 
     /// The ready-made track of a General MIDI program (0..127) or percussion key (35..81), as it

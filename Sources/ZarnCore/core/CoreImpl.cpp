@@ -42,6 +42,7 @@ void Core::Impl::loadConfiguration()
         readCatalogue(QStringLiteral(":/instrumentSet/ZarnTunings.json"), "tunings",
                       [this](const rapidjson::Value &value) { tunings.parse(value); });
         tunings.loadUserTunings();
+        fingerings.loadUserShapes();
         qCDebug(log::core, "Finished parsing ZarnTuning configuration file (json).");
         _hasTunings = true;
     }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <ZarnCore/ZarnCore.h>
+#include <ZarnCore/chords/ZarnFingeringLibrary.h>
 #include <ZarnCore/core/FormatRegistry.h>
 #include <ZarnCore/core/GeneralMidiTable.h>
 #include <ZarnCore/core/InstalledSounds.h>
@@ -34,6 +35,7 @@ public:
     LogFiles logs;
     InstalledSounds sounds;
     GuitarTuningLibrary tunings;
+    chord::FingeringLibrary fingerings;
     InstrumentSetLibrary instrumentSets;
     QObject *waitingWidget = nullptr;
 

@@ -1,0 +1,255 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/chords/ZarnFingeringLibrary.h>
+
+#include <ZarnCore/chords/FirstShapes.h>
+#include <ZarnCore/chords/UserShapeText.h>
+#include <ZarnCore/instruments/UserFile.h>
+
+#include <QStandardPaths>
+
+#include <algorithm>
+#include <set>
+#include <utility>
+
+namespace zarn::chord {
+
+namespace {
+
+/// A built-in shape with its chord.
+struct KnownShape {
+    const FirstShapes *instrument;
+    const FirstShape *shape;
+    ChordTones tones;
+};
+
+std::vector<KnownShape> readFirstShapes()
+{
+    std::vector<KnownShape> shapes;
+    for (const FirstShapes &instrument : allFirstShapes)
+        for (const FirstShape *shape = instrument.begin; shape != instrument.end; ++shape)
+            if (const auto chord = Chord::fromText(shape->chord))
+                shapes.push_back({&instrument, shape, ChordTones::of(*chord)});
+    return shapes;
+}
+
+const std::vector<KnownShape> &firstShapes()
+{
+    static const auto shapes = readFirstShapes();
+    return shapes;
+}
+
+/// Courses without a short drone string, which shapes leave as it is.
+std::vector<Course> stoppedCourses(const Fretboard &fretboard)
+{
+    auto courses = fretboard.courses();
+    const auto isDrone = [](const Course &course) { return course.isDrone; };
+    courses.erase(std::remove_if(courses.begin(), courses.end(), isDrone), courses.end());
+    return courses;
+}
+
+/// Semitones, round the octave, that the courses sound above those that a shape was written for;
+/// nothing when their intervals are others.
+std::optional<int> offsetFrom(const FirstShapes &instrument, const std::vector<Course> &courses)
+{
+    if (courses.size() != instrument.courseCount)
+        return std::nullopt;
+    std::optional<int> offset;
+    for (std::size_t index = 0; index < courses.size(); ++index) {
+        const int apart = Tone(courses[index].openPitch - instrument.openPitches[index]).value();
+        if (offset.value_or(apart) != apart)
+            return std::nullopt;
+        offset = apart;
+    }
+    return offset;
+}
+
+ChordDiagram diagramOf(const FirstShape &shape, const Fretboard &fretboard,
+                       const std::vector<Course> &courses, const ChordTones &sounding)
+{
+    ChordDiagram diagram;
+    diagram.frets.assign(fretboard.stringCount(), FretRow::notPlayed);
+    diagram.fingers.assign(fretboard.stringCount(), 0);
+    for (const Course &course : fretboard.courses())
+        if (course.isDrone && sounding.tones.contains(Tone(course.openPitch)))
+            diagram.frets[course.firstString] = FretRow::open;
+    for (std::size_t index = 0; index < courses.size(); ++index) {
+        const Course &course = courses[index];
+        for (unsigned string = 0; string < course.stringCount; ++string) {
+            const auto at = course.firstString + string;
+            if (shape.frets[index] != 'x')
+                diagram.frets[at] = static_cast<std::int8_t>(shape.frets[index] - '0');
+            diagram.fingers[at] = static_cast<std::uint8_t>(shape.fingers[index] - '0');
+        }
+    }
+    setFirstFret(diagram);
+    return diagram;
+}
+
+bool hasPartialCapo(const Capos &capos)
+{
+    return capos.partialFret > capos.fret
+        && std::count(capos.partialStrings.begin(), capos.partialStrings.end(), true) > 0;
+}
+
+bool isOnNeck(const ChordDiagram &diagram, const Fretboard &fretboard)
+{
+    for (const Course &course : fretboard.courses()) {
+        const int fret = diagram.frets[course.firstString];
+        if (fret > 0
+            && fret > course.lastStop - (course.isDrone ? fretboard.capo() : course.zeroFret))
+            return false;
+    }
+    return true;
+}
+
+bool isSame(const UserShape &shape, const GuitarTuning &tuning, const ChordDiagram &diagram)
+{
+    return shape.openPitches == tuning.midiNumbers()
+        && shape.hasShortDroneString == tuning.hasShortDroneString() && shape.diagram == diagram;
+}
+
+} // namespace
+
+FingeringLibrary::FingeringLibrary()
+    : _userFile(std::make_unique<UserFile>("FingeringLibrary", userShapesPath))
+{
+}
+
+FingeringLibrary::~FingeringLibrary() = default;
+
+std::vector<ChordDiagram> FingeringLibrary::shapes(const Chord &chord, const GuitarTuning &tuning,
+                                                   const Capos &capos, unsigned fretCount) const
+{
+    std::vector<ChordDiagram> found;
+    const ChordTones tones = ChordTones::of(chord);
+    if (tones.tones.isEmpty())
+        return found;
+    const std::string name = chord.toText();
+    const Fretboard fretboard(tuning, capos, fretCount);
+    const auto offer = [&](ChordDiagram diagram) {
+        const auto isThere = [&](const ChordDiagram &other) {
+            return other.frets == diagram.frets;
+        };
+        if (std::any_of(found.begin(), found.end(), isThere) || !isOnNeck(diagram, fretboard))
+            return;
+        diagram.name = name;
+        found.push_back(std::move(diagram));
+    };
+    for (const UserShape &shape : _userShapes) {
+        if (hasPartialCapo(capos) || shape.openPitches != tuning.midiNumbers()
+            || shape.hasShortDroneString != tuning.hasShortDroneString())
+            continue;
+        const auto named = Chord::fromText(shape.diagram.name);
+        if (named && ChordTones::of(*named).transposed(fretboard.capo()) == tones)
+            offer(shape.diagram);
+    }
+    const auto courses = stoppedCourses(fretboard);
+    for (const KnownShape &shape : firstShapes()) {
+        const auto offset = offsetFrom(*shape.instrument, courses);
+        if (offset && shape.tones.transposed(*offset) == tones)
+            offer(diagramOf(*shape.shape, fretboard, courses, tones));
+    }
+    return found;
+}
+
+std::vector<ChordDiagram> FingeringLibrary::voicings(const Chord &chord, const GuitarTuning &tuning,
+                                                     const Capos &capos, unsigned fretCount,
+                                                     const VoicingLimits &limits) const
+{
+    auto all = shapes(chord, tuning, capos, fretCount);
+    std::set<std::vector<std::int8_t>> known;
+    for (const ChordDiagram &shape : all)
+        known.insert(shape.frets);
+    const std::string name = chord.toText();
+    const VoicingFinder finder(Fretboard(tuning, capos, fretCount), HandModel(handFor(tuning)));
+    for (const Voicing &voicing : finder.find(ChordTones::of(chord), limits)) {
+        auto diagram = finder.diagram(voicing, name);
+        if (known.insert(diagram.frets).second)
+            all.push_back(std::move(diagram));
+    }
+    return all;
+}
+
+bool FingeringLibrary::addUserShape(const GuitarTuning &tuning, const ChordDiagram &diagram)
+{
+    const auto isThere = [&](const UserShape &shape) { return isSame(shape, tuning, diagram); };
+    UserShape shape{tuning.midiNumbers(), tuning.hasShortDroneString(), diagram};
+    if (!isSound(shape) || std::any_of(_userShapes.begin(), _userShapes.end(), isThere))
+        return false;
+    _userShapes.push_back(std::move(shape));
+    saveUserShapes();
+    return true;
+}
+
+bool FingeringLibrary::removeUserShape(const GuitarTuning &tuning, const ChordDiagram &diagram)
+{
+    const auto isIt = [&](const UserShape &shape) { return isSame(shape, tuning, diagram); };
+    const auto found = std::find_if(_userShapes.begin(), _userShapes.end(), isIt);
+    if (found == _userShapes.end())
+        return false;
+    _userShapes.erase(found);
+    saveUserShapes();
+    return true;
+}
+
+QString FingeringLibrary::userShapesPath()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)
+        + QLatin1String("/userChordShapes.json");
+}
+
+void FingeringLibrary::loadUserShapes()
+{
+    _userShapes.clear();
+    _knownText.clear();
+    _isTextWhole = true;
+    const auto content = _userFile->read();
+    if (!content)
+        return;
+    const UserShapeDocument document(*content);
+    _userShapes = document.shapes();
+    _knownText = *content;
+    _isTextWhole = document.fault().isEmpty();
+    if (!_isTextWhole)
+        _userFile->warn((document.isList() ? QStringLiteral("is read in part: ")
+                                           : QStringLiteral("is not read: "))
+                        + document.fault());
+}
+
+void FingeringLibrary::saveUserShapes()
+{
+    const UserFile::Lock lock(*_userFile);
+    if (!lock.isHeld())
+        return;
+    const auto content = _userFile->read();
+    if (!content && _userFile->exists()) {
+        _userFile->warn(QStringLiteral("is not replaced, as it cannot be read"));
+        return;
+    }
+    const bool isKnown = content == _knownText && _isTextWhole;
+    if (content && !isKnown && !takeOver(*content))
+        return;
+    const QByteArray text = userShapeText(_userShapes);
+    if (content != text && !_userFile->replace(text))
+        return;
+    _knownText = text;
+    _isTextWhole = true;
+}
+
+/// Adds what the file holds by now and did not hold when it was last read or written here. What of
+/// it is no shape is kept in a file beside; false when that failed.
+bool FingeringLibrary::takeOver(const QByteArray &content)
+{
+    const UserShapeDocument document(content);
+    if (!document.fault().isEmpty() && !content.isEmpty() && !_userFile->keep(content))
+        return false;
+    const UserShapeDocument before(_knownText);
+    const auto textOf = [](const UserShape &shape) { return userShapeText({shape}); };
+    for (const UserShape &shape : addedElements(before.shapes(), document.shapes(), textOf))
+        _userShapes.push_back(shape);
+    _knownText = content;
+    _isTextWhole = true;
+    return true;
+}
+
+} // namespace zarn::chord
