@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "chord/ChordCommand.h"
 
+#include "chord/ChordVoicings.h"
+#include "chord/DiagramPicture.h"
 #include "common/Failure.h"
 #include "common/PitchSets.h"
 #include "common/Terminal.h"
@@ -124,30 +126,27 @@ void printMeaning(const Chord &chord, const Terminal &terminal)
         std::cout << "Also      " << others << '\n';
 }
 
-QJsonObject meaningOf(const Chord &chord)
-{
-    QJsonArray tones;
-    QJsonArray intervals;
-    for (const chord::ChordTone &tone : chord.tones()) {
-        tones.append(tone.pitch.toString());
-        intervals.append(QString::fromStdString(tone.degree.toText()));
-    }
-    return {{QStringLiteral("name"), QString::fromStdString(chord.toText())},
-            {QStringLiteral("bass"), chord.isNone() ? QString() : chord.bass().toString()},
-            {QStringLiteral("tones"), tones},
-            {QStringLiteral("intervals"), intervals}};
-}
-
 int explainSymbol(const Arguments &arguments, const Terminal &terminal)
 {
     const std::string symbol = arguments.operand(0);
     const auto chord = Chord::fromText(symbol);
     if (!chord)
         throw Failure("\"" + printable(symbol) + "\" is no chord symbol that zarn knows");
-    if (arguments.has(QStringLiteral("json")))
-        std::cout << QJsonDocument(meaningOf(*chord)).toJson().toStdString();
-    else
-        printMeaning(*chord, terminal);
+    const ChordVoicings voicings(*chord, arguments);
+    if (arguments.has(QStringLiteral("json"))) {
+        std::cout << QJsonDocument(voicings.toJson()).toJson().toStdString();
+        return Done;
+    }
+    printMeaning(*chord, terminal);
+    if (voicings.diagrams().empty())
+        return Done;
+    std::cout << '\n'
+              << diagramPicture(voicings.diagrams(), chord::courseSizes(voicings.tuning()),
+                                terminal);
+    if (voicings.furtherCount() > 0)
+        std::cout << '\n'
+                  << counted(voicings.furtherCount(), "further way")
+                  << " to play it; --all draws them.\n";
     return Done;
 }
 
@@ -163,6 +162,18 @@ int runChord(const Arguments &arguments, const Terminal &terminal)
 
 Subcommand chordCommand()
 {
+    std::vector<Option> options = {
+        {QStringLiteral("notes"), QStringLiteral("n"), QStringLiteral("NOTES"),
+         QStringLiteral("Name these: MIDI numbers or names, 64,67,71,74 or \"E4 G4 B4\"; - reads "
+                        "a set a line.")},
+        {QStringLiteral("key"), QStringLiteral("k"), QStringLiteral("KEY"),
+         QStringLiteral("The key, by its tonic; a minor key in lower case.")},
+        {QStringLiteral("reasons"), QStringLiteral("r"), QString(),
+         QStringLiteral("With --notes, also what each name costs and why.")},
+        {QStringLiteral("json"), QStringLiteral("j"), QString(),
+         QStringLiteral("Print it for programs.")}};
+    for (const Option &option : ChordVoicings::options())
+        options.push_back(option);
     return {
         QStringLiteral("chord"),
         QStringLiteral("[NAME]"),
@@ -171,18 +182,15 @@ Subcommand chordCommand()
         QStringLiteral("Tells what a chord symbol means, and what chords some notes are."),
         QStringLiteral(
             "NAME is a chord symbol, such as \"F#m7b5/E\", with the usual signs or in ASCII. Its\n"
-            "tones are printed from the root up, each with its interval against the major scale.\n"
+            "tones are printed from the root up, each with its interval against the major scale,\n"
+            "and the best ways to play it on a guitar or another tuning are drawn with the "
+            "fingers\n"
+            "that hold the strings. --json prints these as an array of objects with the frets and\n"
+            "fingers of the strings, the lowest first, -1 for one that is not played.\n"
             "With --notes, prints the names of the chord that the notes are, the best one first,\n"
-            "the lowest note being the bass. The key decides how they are spelled."),
-        {{QStringLiteral("notes"), QStringLiteral("n"), QStringLiteral("NOTES"),
-          QStringLiteral("Name these: MIDI numbers or names, 64,67,71,74 or \"E4 G4 B4\"; - reads "
-                         "a set a line.")},
-         {QStringLiteral("key"), QStringLiteral("k"), QStringLiteral("KEY"),
-          QStringLiteral("The key, by its tonic; a minor key in lower case.")},
-         {QStringLiteral("reasons"), QStringLiteral("r"), QString(),
-          QStringLiteral("With --notes, also what each name costs and why.")},
-         {QStringLiteral("json"), QStringLiteral("j"), QString(),
-          QStringLiteral("Print it for programs; names as an array, a line for each set.")}},
+            "the lowest note being the bass. The key decides how they are spelled. With --json,\n"
+            "prints them as an array, a line for each set."),
+        options,
         runChord,
     };
 }

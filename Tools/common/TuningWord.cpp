@@ -94,6 +94,20 @@ bool hasFlats(const GuitarTuning &tuning)
     return !name.contains(QLatin1Char('#')) && std::none_of(keys.begin(), keys.end(), isSharp);
 }
 
+unsigned usualStringCount(GuitarTuning::Instrument instrument)
+{
+    switch (instrument) {
+    case GuitarTuning::Guitar:
+        return 6;
+    case GuitarTuning::Banjo:
+        return 5;
+    case GuitarTuning::Shamisen:
+        return 3;
+    default:
+        return 4;
+    }
+}
+
 } // namespace
 
 GuitarTuning presentTuning(const Staff &staff)
@@ -130,6 +144,46 @@ GuitarTuning tuningOf(const GuitarTuning &present, const QString &words)
                             .arg(QString::fromStdString(
                                 GuitarTuning::instrumentToString(present.instrument())))
                       : QStringLiteral("did you mean \"%1\"?").arg(nearest)));
+}
+
+GuitarTuning anyTuning(const QString &words)
+{
+    const auto &library = loadedCore().tuningLibrary();
+    if (const auto notes = notesOf(words)) {
+        if (const auto known = library.findGuitarTuning(
+                *notes, static_cast<unsigned>(notes->size()), GuitarTuningLibrary::allRoles))
+            return *known;
+        GuitarTuning tuning;
+        tuning.setMidiNumbers(*notes);
+        return tuning;
+    }
+    QStringList names;
+    std::shared_ptr<const GuitarTuning> found;
+    const auto isOfGuitar = [](const GuitarTuning &tuning) {
+        return tuning.instrument() == GuitarTuning::Guitar
+            && tuning.stringCount() == usualStringCount(GuitarTuning::Guitar);
+    };
+    for (const auto &tuning : library.getTunings(GuitarTuningLibrary::allRoles)) {
+        const QString name = QString::fromStdString(tuning->name());
+        const QString instrument =
+            QString::fromStdString(GuitarTuning::instrumentToString(tuning->instrument()));
+        names << name << instrument;
+        if (instrument.compare(words, Qt::CaseInsensitive) == 0)
+            return *library.defaultTuning(tuning->instrument(),
+                                          usualStringCount(tuning->instrument()),
+                                          GuitarTuningLibrary::allRoles);
+        if (name.compare(words, Qt::CaseInsensitive) == 0
+            && (!found || (isOfGuitar(*tuning) && !isOfGuitar(*found))))
+            found = tuning;
+    }
+    if (found)
+        return *found;
+    const QString nearest = nearestWord(words, names);
+    fail(QStringLiteral("\"%1\" is neither the name of a tuning or an instrument nor the notes of "
+                        "strings; %2")
+             .arg(words,
+                  nearest.isEmpty() ? QStringLiteral("see \"zarn catalog tunings\"")
+                                    : QStringLiteral("did you mean \"%1\"?").arg(nearest)));
 }
 
 GuitarTuning usualTuning(const GuitarTuning &present, unsigned stringCount)

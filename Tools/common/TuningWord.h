@@ -24,6 +24,11 @@ GuitarTuning presentTuning(const Staff &staff);
 /// meant.
 GuitarTuning tuningOf(const GuitarTuning &present, const QString &words);
 
+/// The tuning that a person asks for when no instrument is given: by the notes of the strings, by
+/// the name of an instrument ("ukulele", in its usual tuning), or by a name in the library, on a
+/// guitar with six strings rather than elsewhere. Raises `Failure` otherwise.
+GuitarTuning anyTuning(const QString &words);
+
 /// The usual tuning of the same instrument with another number of strings. Raises `Failure` when
 /// the library has none.
 GuitarTuning usualTuning(const GuitarTuning &present, unsigned stringCount);

@@ -8,6 +8,7 @@
 #include "common/TrackText.h"
 #include "show/Glyphs.h"
 #include "show/Legend.h"
+#include "show/ScoreDiagrams.h"
 #include "show/SheetBuilder.h"
 #include "show/SheetPainter.h"
 
@@ -98,7 +99,10 @@ int runShow(const Arguments &arguments, const Terminal &terminal)
     readBars(arguments, model.masterTrack()->masterBarCount(), part);
     const int width = arguments.number(QStringLiteral("width"), 20, 10000, terminal.width());
     const bool usesUtf8 = terminal.showsUtf8() && !arguments.has(QStringLiteral("ascii"));
-    std::cout << pictureOf(model, part, Terminal(width, usesUtf8, terminal.showsColour()));
+    const Terminal shown(width, usesUtf8, terminal.showsColour());
+    std::cout << pictureOf(model, part, shown);
+    if (arguments.has(QStringLiteral("diagrams")))
+        std::cout << scoreDiagrams(model, part, shown);
     return Done;
 }
 
@@ -149,6 +153,8 @@ Subcommand showCommand()
           QStringLiteral("Show bars A to B, or one bar, as far as the score goes.")},
          {QStringLiteral("width"), QStringLiteral("w"), QStringLiteral("N"),
           QStringLiteral("Break lines at N columns instead of the terminal's width.")},
+         {QStringLiteral("diagrams"), QStringLiteral("d"), QString(),
+          QStringLiteral("Draw the chords of fretted tracks below the music.")},
          {QStringLiteral("ascii"), QString(), QString(),
           QStringLiteral("Use plain ASCII characters.")}},
         runShow,
