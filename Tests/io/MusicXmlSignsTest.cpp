@@ -162,9 +162,43 @@ TEST(MusicXmlSigns, chordSymbolsReadAsOnLeadSheets)
         report);
     const auto voice = model->track(0)->staff(0)->bar(0)->voice(0);
     EXPECT_EQ(voice->beat(0)->chordSymbol(), "C#m7/G#");
-    EXPECT_EQ(voice->beat(1)->chordSymbol(), "Bb7(b9)");
+    EXPECT_EQ(voice->beat(1)->chordSymbol(), "Bb7b9");
     EXPECT_EQ(voice->beat(2)->chordSymbol(), "A7alt");
     EXPECT_EQ(voice->beat(3)->chordSymbol(), "N.C.");
+}
+
+TEST(MusicXmlSigns, harmoniesAreReadByWhatTheyMeanAndElseAsTheyAreWritten)
+{
+    const auto symbolOf = [](const std::string &content) {
+        ImportReport report;
+        const auto model =
+            import(score(measure("<harmony>" + content + "</harmony>" + note("C", 4, 4, "whole"))),
+                   report);
+        return model->track(0)->staff(0)->bar(0)->voice(0)->beat(0)->chordSymbol();
+    };
+    const auto degree = [](const char *value, const char *alter, const char *type) {
+        return std::string("<degree><degree-value>") + value + "</degree-value><degree-alter>"
+            + alter + "</degree-alter><degree-type>" + type + "</degree-type></degree>";
+    };
+    const std::string c = "<root><root-step>C</root-step></root>";
+    EXPECT_EQ(symbolOf(c + "<kind>minor-seventh</kind>" + degree("5", "-1", "alter")), "Cm7b5");
+    EXPECT_EQ(symbolOf(c + "<kind>major</kind>" + degree("9", "0", "add")), "Cadd9");
+    EXPECT_EQ(symbolOf(c + "<kind>major</kind>" + degree("3", "0", "subtract")), "C5");
+    EXPECT_EQ(symbolOf(c + "<kind>major</kind><inversion>1</inversion>"), "C/E");
+    EXPECT_EQ(symbolOf(c + "<kind>dominant</kind><inversion>3</inversion>"), "C7/Bb");
+    EXPECT_EQ(symbolOf(c + "<kind>German</kind>"), "CGer6");
+    EXPECT_EQ(
+        symbolOf(c + "<kind>other</kind>" + degree("5", "0", "add") + degree("7", "1", "add")),
+        "Cmaj7(no3)");
+    // What makes no chord stays a text.
+    EXPECT_EQ(symbolOf(c + "<kind text=\"Mystic\">scriabin</kind>"), "CMystic");
+    EXPECT_EQ(symbolOf(c + "<kind>dominant</kind>" + degree("99999999999", "0", "add")),
+              "C7(add99999999999)");
+    EXPECT_EQ(symbolOf(c + "<kind>major</kind>" + degree("5", "-50", "alter")), "C(bbbb5)");
+    EXPECT_EQ(symbolOf("<root><root-step>C</root-step><root-alter>3</root-alter></root>"
+                       "<kind>minor</kind>"),
+              "C###m");
+    EXPECT_EQ(symbolOf("<function>V</function><kind>dominant</kind>"), "V7");
 }
 
 TEST(MusicXmlSigns, tablatureCountsStringsFromTheLowest)

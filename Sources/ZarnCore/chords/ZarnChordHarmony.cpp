@@ -47,7 +47,7 @@ std::optional<Chord> Chord::fromHarmony(const Harmony &harmony)
     Chord chord(harmony.root, kind);
     for (const HarmonyDegree &degree : harmony.degrees) {
         if (degree.value < 1 || degree.value > Degree::lastNumber
-            || std::abs(degree.alter) > mostSemitones)
+            || std::abs(degree.alter) > 2 * mostSemitones)
             return std::nullopt;
         const bool isAdded = degree.type == HarmonyDegree::Type::Add;
         const int alteration = degree.alter

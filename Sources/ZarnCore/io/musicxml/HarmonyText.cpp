@@ -1,54 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/io/musicxml/HarmonyText.h>
 
+#include <ZarnCore/chords/ZarnChord.h>
 #include <ZarnCore/io/musicxml/ImportContext.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <cstdlib>
 #include <string_view>
 
 namespace zarn::io {
 
 namespace {
-
-struct KindText {
-    std::string_view kind;
-    std::string_view text;
-};
-
-/// MusicXML 4.0, kind-value, with the suffixes that lead sheets use.
-constexpr KindText kindTexts[] = {
-    {"major", ""},
-    {"minor", "m"},
-    {"augmented", "aug"},
-    {"diminished", "dim"},
-    {"dominant", "7"},
-    {"major-seventh", "maj7"},
-    {"minor-seventh", "m7"},
-    {"diminished-seventh", "dim7"},
-    {"augmented-seventh", "aug7"},
-    {"half-diminished", "m7b5"},
-    {"major-minor", "m(maj7)"},
-    {"major-sixth", "6"},
-    {"minor-sixth", "m6"},
-    {"dominant-ninth", "9"},
-    {"major-ninth", "maj9"},
-    {"minor-ninth", "m9"},
-    {"dominant-11th", "11"},
-    {"major-11th", "maj11"},
-    {"minor-11th", "m11"},
-    {"dominant-13th", "13"},
-    {"major-13th", "maj13"},
-    {"minor-13th", "m13"},
-    {"suspended-second", "sus2"},
-    {"suspended-fourth", "sus4"},
-    {"Neapolitan", "N6"},
-    {"Italian", "It6"},
-    {"French", "Fr6"},
-    {"German", "Ger6"},
-    {"pedal", "ped"},
-    {"power", "5"},
-    {"Tristan", "Tristan"},
-};
 
 std::string alteration(pugi::xml_node node, ImportContext &context)
 {
@@ -67,28 +30,65 @@ std::string degreeText(pugi::xml_node degree, ImportContext &context)
     return (type == "add" && sign.empty() ? "add" : "") + sign + value;
 }
 
-std::string kindText(pugi::xml_node kind)
+/// Far more than any degree or alteration has, and safe to count with.
+constexpr std::int64_t mostCount = 100;
+
+int count(pugi::xml_node node, ImportContext &context)
 {
-    const std::string_view value = kind.child_value();
-    const auto *found = std::find_if(std::begin(kindTexts), std::end(kindTexts),
-                                     [&](const KindText &row) { return row.kind == value; });
-    return found != std::end(kindTexts) ? std::string(found->text) : kind.attribute("text").value();
+    return static_cast<int>(std::clamp(context.decimal(node, 0).round(), -mostCount, mostCount));
 }
 
-/// The parts of one chord symbol, in the order in which they are written.
+chord::HarmonyDegree degreeOf(pugi::xml_node degree, ImportContext &context)
+{
+    using Type = chord::HarmonyDegree::Type;
+    const std::string_view type = degree.child_value("degree-type");
+    chord::HarmonyDegree result;
+    result.value = count(degree.child("degree-value"), context);
+    if (const auto alter = degree.child("degree-alter"))
+        result.alter = count(alter, context);
+    result.type = type == "subtract" ? Type::Subtract : type == "alter" ? Type::Alter : Type::Add;
+    return result;
+}
+
+/// A letter with its semitones; invalid when there is no such spelling.
+PitchClass pitchOf(const char *step, pugi::xml_node alter, ImportContext &context)
+{
+    const QString name = QString::fromUtf8(step);
+    const int semitones = alter ? count(alter, context) : 0;
+    if (!NoteName::isAValidString(name) || semitones < -2 || semitones > 2)
+        return {};
+    return {NoteName::fromString(name), static_cast<NoteAccidental::Value>(semitones + 2)};
+}
+
+/// One chord of the element: what its children say, and as what it reads when they make no chord.
 struct Symbol {
+    chord::Harmony harmony;
+    bool isKindKnown = true;
     std::string root;
     std::string kind;
     std::string degrees;
     std::string bass;
-    bool none = false;
 
     std::string toString() const
     {
-        if (none)
-            return "N.C.";
+        // A kind of its own is written as the document has it.
+        const bool isWritten = harmony.kind == chord::HarmonyKind::Other && !kind.empty();
+        const bool isBassKnown = bass.empty() || harmony.bass;
+        if (isKindKnown && !isWritten && isBassKnown)
+            if (const auto chord = chord::Chord::fromHarmony(harmony))
+                return chord->toText();
         return root + kind + (degrees.empty() ? "" : "(" + degrees + ")")
             + (bass.empty() ? "" : "/" + bass);
+    }
+
+    void readKind(pugi::xml_node node)
+    {
+        const auto known = chord::harmonyKindFromString(node.child_value());
+        isKindKnown = known.has_value();
+        harmony.kind = known.value_or(chord::HarmonyKind::Other);
+        kind = harmony.kind == chord::HarmonyKind::Other
+            ? node.attribute("text").value()
+            : std::string(chord::ChordKind::fromHarmonyKind(harmony.kind).text());
     }
 };
 
@@ -104,16 +104,22 @@ std::string harmonyText(pugi::xml_node harmony, ImportContext &context)
 {
     std::string text;
     Symbol symbol;
+    bool isBegun = false;
     const auto begin = [&](std::string root) {
-        append(text, symbol);
+        if (isBegun)
+            append(text, symbol);
         symbol = {};
         symbol.root = std::move(root);
+        isBegun = true;
     };
     for (const auto child : harmony.children()) {
         switch (const auto tag = tagOf(child.name()); tag) {
-        case Tag::Root:
-            begin(child.child_value("root-step") + alteration(child.child("root-alter"), context));
+        case Tag::Root: {
+            const auto alter = child.child("root-alter");
+            begin(child.child_value("root-step") + alteration(alter, context));
+            symbol.harmony.root = pitchOf(child.child_value("root-step"), alter, context);
             break;
+        }
         case Tag::Numeral:
             begin(child.child_value("numeral-root"));
             break;
@@ -121,16 +127,22 @@ std::string harmonyText(pugi::xml_node harmony, ImportContext &context)
             begin(child.child_value());
             break;
         case Tag::Kind:
-            symbol.none = std::string_view(child.child_value()) == "none";
-            symbol.kind = kindText(child);
+            isBegun = true;
+            symbol.readKind(child);
+            break;
+        case Tag::Inversion:
+            symbol.harmony.inversion = std::max(count(child, context), 0);
             break;
         case Tag::Degree:
+            symbol.harmony.degrees.push_back(degreeOf(child, context));
             symbol.degrees += degreeText(child, context);
             break;
-        case Tag::Bass:
-            symbol.bass =
-                child.child_value("bass-step") + alteration(child.child("bass-alter"), context);
+        case Tag::Bass: {
+            const auto alter = child.child("bass-alter");
+            symbol.bass = child.child_value("bass-step") + alteration(alter, context);
+            symbol.harmony.bass = pitchOf(child.child_value("bass-step"), alter, context);
             break;
+        }
         case Tag::Offset:
         case Tag::Staff:
             break;
@@ -138,7 +150,8 @@ std::string harmonyText(pugi::xml_node harmony, ImportContext &context)
             context.addUnheld(child, tag);
         }
     }
-    append(text, symbol);
+    if (isBegun)
+        append(text, symbol);
     return text;
 }
 
