@@ -100,3 +100,11 @@ TEST(ScaleCommand, namesNotesAndListsAllScales)
     EXPECT_EQ(run({"scale"}).code, 2);
     EXPECT_EQ(run({"scale", "C", "--list"}).code, 2);
 }
+
+TEST(NameChords, listsTheChordsOfThePieceOrOfBars)
+{
+    const ToolRun named = runTool({QStringLiteral("edit"), romance(), QStringLiteral("-c"),
+                                   QStringLiteral("name-chords 5-10 bar")});
+    EXPECT_EQ(named.code, 0);
+    EXPECT_TRUE(contains(named.out, "  5        0  Em\n  7        0  Am\n")) << named.out;
+}
