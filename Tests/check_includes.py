@@ -25,6 +25,7 @@ ROWS = [
     ["chords"],
     ["scales"],
     ["model"],
+    ["fingering"],
     ["events"],
     ["score", "commands"],
     ["io"],

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/fingering/ZarnFretboard.h>
+#include <ZarnCore/fingering/ZarnHandProfile.h>
+
+#include <array>
+#include <cstdint>
+
+namespace zarn::fingering {
+
+/// One way to hold all that sounds at an event: the notes that begin with it and those that last
+/// from before.
+struct Grip {
+    static constexpr int Strings = Fretboard::MostStrings;
+    static constexpr int Fingers = HandProfile::FingerCount;
+    static constexpr float Anywhere = -100;
+
+    /// By string: place on the neck, 0 for open, and the finger from 1 to 4, 0 for none.
+    std::array<std::int8_t, Strings> fret{};
+    std::array<std::int8_t, Strings> finger{};
+
+    /// By string: its note in `Passage::notes`.
+    std::array<std::uint32_t, Strings> note{};
+
+    /// Bits by string: that sound at all, that are stopped, that sound from before.
+    std::uint16_t sounding = 0;
+    std::uint16_t stopped = 0;
+    std::uint16_t held = 0;
+
+    /// By finger: where it lies.
+    std::array<std::int8_t, Fingers> fretOfFinger{};
+    std::array<std::int8_t, Fingers> stringOfFinger{};
+
+    /// Bits by finger: that lies over several strings.
+    std::uint8_t barred = 0;
+
+    /// Place of the hand: the fret of an index finger at ease. `Anywhere` before the first stopped
+    /// note.
+    float position = Anywhere;
+
+    /// Effort of holding it.
+    float cost = 0;
+
+    /// Wider than a hand is, or with more notes than fingers.
+    bool isTooWide = false;
+
+    /// Bits by string: that begin to sound.
+    unsigned fresh() const noexcept { return sounding & ~static_cast<unsigned>(held); }
+
+    bool sounds(int string) const noexcept { return (sounding >> string & 1) != 0; }
+    bool isHeld(int string) const noexcept { return (held >> string & 1) != 0; }
+    bool isStopped(int string) const noexcept { return (stopped >> string & 1) != 0; }
+};
+
+} // namespace zarn::fingering

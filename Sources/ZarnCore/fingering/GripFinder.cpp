@@ -1,0 +1,323 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/fingering/GripFinder.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <utility>
+
+namespace zarn::fingering {
+
+namespace {
+
+constexpr int unlimited = 127;
+
+/// Looks at so many places of notes, and takes so many ways to lay an event.
+constexpr int mostSteps = 4000;
+constexpr std::size_t mostLayouts = 160;
+
+/// States of what lasts that are told apart.
+constexpr std::size_t mostHeld = 12;
+
+/// Efforts that no playable grip comes near.
+constexpr float effortOfWidth = 20;
+constexpr float effortOfLoss = 60;
+
+/// An open string where they are to be avoided.
+constexpr float effortOfAvoided = 8;
+
+/// What comes first when notes must go: inner voices before the bass, the bass before the melody.
+constexpr float effortOfBass = 5;
+constexpr float effortOfMelody = 10;
+constexpr float effortOfLock = 500;
+
+bool holdsTheSame(const Grip &left, const Grip &right)
+{
+    if (left.sounding != right.sounding)
+        return false;
+    for (std::size_t at = 0; at < Grip::Strings; ++at)
+        if ((left.sounding >> at & 1) != 0
+            && (left.note[at] != right.note[at] || left.fret[at] != right.fret[at]
+                || left.finger[at] != right.finger[at]))
+            return false;
+    return true;
+}
+
+} // namespace
+
+GripFinder::GripFinder(const Passage &passage, const Ringing &ringing,
+                       const FingeringWeights &weights)
+    : _passage(passage), _ringing(ringing), _weights(weights), _fingers(_passage.hand, _weights)
+{
+}
+
+const std::vector<Grip> &GripFinder::find(std::size_t event, const std::vector<Grip> &previous)
+{
+    const PassageEvent &at = _passage.events[event];
+    collectHeld(at, previous);
+    collectPositions(previous);
+    collectStrings(at);
+    _grips.clear();
+    for (const Strings &strings : _strings)
+        addGrips(gripOf(at, strings), at.onset);
+    if (_grips.empty())
+        for (const Strings &strings : _strings)
+            addUnfingered(gripOf(at, strings));
+    keepEasiest();
+    return _grips;
+}
+
+/// What the grips in front hold beyond the onset of an event: each state once.
+void GripFinder::collectHeld(const PassageEvent &event, const std::vector<Grip> &previous)
+{
+    _held.clear();
+    for (const Grip &grip : previous) {
+        Grip held;
+        for (int string = 0; string < Grip::Strings; ++string) {
+            const auto at = static_cast<std::size_t>(string);
+            if (!grip.sounds(string))
+                continue;
+            const auto bit = static_cast<std::uint16_t>(1U << at);
+            if (!_ringing.rings(grip.note[at], event.onset))
+                continue;
+            held.sounding |= bit;
+            held.stopped |= grip.isStopped(string) ? bit : 0;
+            held.fret[at] = grip.fret[at];
+            held.finger[at] = grip.finger[at];
+            held.note[at] = grip.note[at];
+        }
+        held.held = held.sounding;
+        const auto same = [&held](const Grip &other) { return holdsTheSame(held, other); };
+        if (std::none_of(_held.begin(), _held.end(), same))
+            _held.push_back(held);
+        if (_held.size() == mostHeld)
+            break;
+    }
+    if (_held.empty())
+        _held.emplace_back();
+}
+
+void GripFinder::collectPositions(const std::vector<Grip> &previous)
+{
+    constexpr float samePosition = 0.3F;
+    _positions.clear();
+    for (const Grip &grip : previous) {
+        const auto isNear = [&grip](float other) {
+            return std::abs(grip.position - other) < samePosition;
+        };
+        if (std::none_of(_positions.begin(), _positions.end(), isNear))
+            _positions.push_back(grip.position);
+    }
+    if (_positions.empty())
+        _positions.push_back(Grip::Anywhere);
+}
+
+/// The ways to lay all notes of an event within reach of a hand; where there are none, all notes in
+/// any reach; else with as few left out as possible.
+void GripFinder::collectStrings(const PassageEvent &event)
+{
+    _strings.clear();
+    const auto count = static_cast<int>(event.noteCount);
+    for (int left = std::max(0, count - _passage.fretboard.stringCount()); left <= count; ++left) {
+        for (const int span : {_passage.hand.widestSpan, unlimited}) {
+            _current.assign(event.noteCount, -1);
+            _budget = mostSteps;
+            Search search;
+            search.left = left;
+            searchStrings(event, 0, search, span);
+            if (!_strings.empty())
+                return;
+        }
+    }
+}
+
+bool GripFinder::isOnInstrument(const PassageNote &note) const
+{
+    for (int string = 0; string < _passage.fretboard.stringCount(); ++string)
+        if (fretOn(note, string) >= 0)
+            return true;
+    return false;
+}
+
+int GripFinder::fretOn(const PassageNote &note, int string) const
+{
+    if (note.string != PassageNote::Free) {
+        if (note.string != string)
+            return -1;
+        return note.fret != PassageNote::Free ? note.fret
+                                              : _passage.fretboard.fret(string, note.pitch);
+    }
+    const int fret = _passage.fretboard.fret(string, note.pitch);
+    const bool isAllowed = fret == 0
+        || (fret >= _passage.lowestFret && fret <= _passage.highestFret
+            && !_passage.fretboard.isDrone(string));
+    return isAllowed ? fret : -1;
+}
+
+void GripFinder::searchStrings(const PassageEvent &event, std::uint32_t number, Search search,
+                               int span)
+{
+    if (number == event.noteCount) {
+        _strings.push_back(_current);
+        return;
+    }
+    const PassageNote &note = _passage.notes[event.firstNote + number];
+    for (int string = _passage.fretboard.stringCount() - 1; string >= 0; --string) {
+        if (--_budget < 0 || _strings.size() >= mostLayouts)
+            return;
+        const int fret = (search.taken >> string & 1) != 0 ? -1 : fretOn(note, string);
+        if (fret < 0)
+            continue;
+        Search next = search;
+        next.taken |= static_cast<std::uint16_t>(1U << string);
+        if (fret > 0) {
+            const int place = _passage.fretboard.neckFret(string, fret);
+            next.lowest = std::min(search.lowest, place);
+            next.highest = std::max(search.highest, place);
+            if (next.highest - next.lowest > span)
+                continue;
+        }
+        _current[number] = static_cast<std::int8_t>(string);
+        searchStrings(event, number + 1, next, span);
+    }
+    _current[number] = -1;
+    if (search.left > 0) {
+        --search.left;
+        searchStrings(event, number + 1, search, span);
+    }
+}
+
+/// The new notes alone, without fingers; `cost` is what is lost.
+Grip GripFinder::gripOf(const PassageEvent &event, const Strings &strings) const
+{
+    Grip grip;
+    for (std::size_t number = 0; number < strings.size(); ++number) {
+        const PassageNote &note = _passage.notes[event.firstNote + number];
+        if (strings[number] < 0) {
+            grip.cost += effortOfLoss + (number == 0 ? effortOfMelody : 0)
+                + (number + 1 == strings.size() ? effortOfBass : 0)
+                + (note.string != PassageNote::Free ? effortOfLock : 0);
+            continue;
+        }
+        const auto at = static_cast<std::size_t>(strings[number]);
+        const int fret = fretOn(note, strings[number]);
+        const auto bit = static_cast<std::uint16_t>(1U << at);
+        grip.sounding |= bit;
+        grip.stopped |= fret > 0 ? bit : 0;
+        if (fret == 0 && _passage.avoidsOpenStrings)
+            grip.cost += effortOfAvoided;
+        grip.fret[at] = static_cast<std::int8_t>(
+            std::min(_passage.fretboard.neckFret(strings[number], fret), unlimited));
+        grip.note[at] = event.firstNote + static_cast<std::uint32_t>(number);
+    }
+    return grip;
+}
+
+bool GripFinder::isSamePitch(std::uint32_t left, std::uint32_t right) const
+{
+    return _passage.notes[left].pitch == _passage.notes[right].pitch;
+}
+
+/// A layout with all that may last from before; where it cannot, without it.
+void GripFinder::addGrips(const Grip &grip, double onset)
+{
+    for (const Grip &held : _held) {
+        const std::size_t before = _grips.size();
+        const unsigned stopped = held.stopped & ~static_cast<unsigned>(grip.sounding);
+        unsigned lasting = 0;
+        for (std::size_t at = 0; at < Grip::Strings; ++at)
+            if ((stopped >> at & 1) != 0 && _ringing.lasts(held.note[at], onset))
+                lasting |= 1U << at;
+        addHolding(grip, held, stopped, onset);
+        if (lasting != stopped)
+            addHolding(grip, held, lasting, onset);
+        if (lasting != 0 || _grips.size() == before)
+            addHolding(grip, held, 0, onset);
+    }
+}
+
+/// Holds a layout on top of what lasts; without the stopped strings of that where it need not. A
+/// note that is tied into this event keeps its string: one that wants it too is left out.
+void GripFinder::addHolding(const Grip &grip, const Grip &held, unsigned heldStopped, double onset)
+{
+    Grip whole = grip;
+    for (std::size_t at = 0; at < Grip::Strings; ++at) {
+        const auto bit = static_cast<std::uint16_t>(1U << at);
+        const bool isTaken = (grip.sounding & bit) != 0;
+        const bool isTied = (held.sounding & bit) != 0 && _ringing.isTiedOn(held.note[at], onset)
+            && !(isTaken && isSamePitch(held.note[at], grip.note[at]));
+        const bool isKept = (held.sounding & bit) != 0 && (!isTaken || isTied)
+            && ((heldStopped & bit) != 0 || isTied || (held.stopped & bit) == 0);
+        if (!isKept)
+            continue;
+        if (isTaken)
+            whole.cost += effortOfLoss;
+        whole.sounding |= bit;
+        whole.stopped &= static_cast<std::uint16_t>(~bit);
+        whole.stopped |= held.stopped & bit;
+        whole.held |= bit;
+        whole.fret[at] = held.fret[at];
+        whole.finger[at] = held.finger[at];
+        whole.note[at] = held.note[at];
+    }
+    if (whole.stopped != 0) {
+        addFingered(whole);
+        return;
+    }
+    for (const float position : _positions) {
+        whole.position = position;
+        addFingered(whole);
+    }
+}
+
+void GripFinder::addFingered(const Grip &grip)
+{
+    const float lost = grip.cost;
+    _fingers.forEach(grip, [&](const Grip &found) {
+        _grips.push_back(found);
+        _grips.back().cost += lost;
+    });
+}
+
+/// A layout that no hand can hold.
+void GripFinder::addUnfingered(Grip grip)
+{
+    int lowest = unlimited;
+    int highest = 0;
+    for (std::size_t at = 0; at < Grip::Strings; ++at) {
+        if ((grip.stopped >> at & 1) == 0)
+            continue;
+        lowest = std::min<int>(lowest, grip.fret[at]);
+        highest = std::max<int>(highest, grip.fret[at]);
+    }
+    grip.fretOfFinger.fill(-1);
+    grip.position = static_cast<float>(lowest);
+    grip.cost += effortOfWidth + static_cast<float>(highest - lowest);
+    grip.isTooWide = true;
+    _grips.push_back(grip);
+}
+
+/// Drops all but the easiest grips; an easy one is also near to where the hand was.
+void GripFinder::keepEasiest()
+{
+    if (_grips.size() <= MostGrips)
+        return;
+    _order.clear();
+    for (std::size_t i = 0; i < _grips.size(); ++i) {
+        float nearest = std::numeric_limits<float>::max();
+        for (const float position : _positions)
+            nearest = std::min(
+                nearest, position == Grip::Anywhere ? 0 : std::abs(position - _grips[i].position));
+        const auto move = static_cast<float>(_weights.shift) / 2 * nearest;
+        _order.emplace_back(_grips[i].cost + move, i);
+    }
+    const auto last = _order.begin() + static_cast<std::ptrdiff_t>(MostGrips);
+    std::nth_element(_order.begin(), last, _order.end());
+    std::sort(_order.begin(), last,
+              [](const auto &left, const auto &right) { return left.second < right.second; });
+    for (std::size_t i = 0; i < MostGrips; ++i)
+        _grips[i] = _grips[_order[i].second];
+    _grips.resize(MostGrips);
+}
+
+} // namespace zarn::fingering

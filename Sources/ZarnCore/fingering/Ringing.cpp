@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/fingering/Ringing.h>
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace zarn::fingering {
+
+namespace {
+
+/// Two notes as near as this do not ring together.
+constexpr int clash = 2;
+
+/// Events that are looked at for one that clashes.
+constexpr std::size_t mostEvents = 16;
+
+bool clashes(const Passage &passage, const PassageEvent &event, int pitch)
+{
+    const auto first = passage.notes.begin() + event.firstNote;
+    return std::any_of(first, first + event.noteCount, [pitch](const PassageNote &other) {
+        return std::abs(other.pitch - pitch) <= clash;
+    });
+}
+
+} // namespace
+
+Ringing::Ringing(const Passage &passage, double longest) : _passage(passage)
+{
+    _ends.reserve(passage.notes.size());
+    for (std::size_t at = 0; at < passage.events.size(); ++at) {
+        const PassageEvent &event = passage.events[at];
+        const std::size_t last = std::min(passage.events.size(), at + mostEvents);
+        for (std::size_t i = event.firstNote; i < event.firstNote + event.noteCount; ++i) {
+            double end = event.onset + longest;
+            for (std::size_t next = at + 1; next < last && passage.events[next].onset < end; ++next)
+                if (clashes(passage, passage.events[next], passage.notes[i].pitch))
+                    end = passage.events[next].onset;
+            _ends.push_back(std::max(end, passage.notes[i].end));
+        }
+    }
+}
+
+} // namespace zarn::fingering

@@ -1,0 +1,318 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/fingering/ZarnFingeringSolver.h>
+
+#include <ZarnCore/ZarnAssert.h>
+#include <ZarnCore/fingering/FingeringGraph.h>
+#include <ZarnCore/fingering/GripChange.h>
+#include <ZarnCore/fingering/GripFinder.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <utility>
+
+namespace zarn::fingering {
+
+namespace {
+
+constexpr double infinity = std::numeric_limits<double>::infinity();
+
+/// Events that are searched at once.
+constexpr std::size_t windowLength = 32;
+
+/// Events that may wait for what comes behind them to decide how they are played.
+constexpr std::size_t mostUndecided = 1024;
+
+/// Events on either side that the alternatives for one are judged with.
+constexpr std::size_t surroundings = 8;
+
+} // namespace
+
+class FingeringSolver::Search {
+public:
+    Search(const Passage &passage, const FingeringWeights &weights)
+        : _passage(passage), _weights(weights), _ringing(_passage, _weights.longestRing),
+          _change(_passage, _ringing, _weights), _finder(_passage, _ringing, _weights)
+    {
+    }
+
+    FingeringSolution solve();
+    std::vector<FingeringAlternative> alternatives(std::size_t event, std::size_t most);
+
+private:
+    /// The grips of one event, with the easiest way to each.
+    struct Layer {
+        std::size_t event = 0;
+        std::vector<Grip> grips;
+        std::vector<double> costs; ///< from the start of the passage
+        std::vector<int> before;   ///< numbers in the layer in front
+        int firstNode = 0;         ///< in the graph
+    };
+
+    void addLayer(std::size_t event);
+    void connect(const Layer &from, const Layer &to);
+    void searchFrom(std::size_t firstNew);
+    void decide(bool isLast);
+    void commit(std::size_t count, int grip);
+    void commitGrip(std::size_t event, const Grip &grip);
+    FingeringAlternative alternativeOf(const PassageEvent &event, const Grip &grip) const;
+    Placement placementOf(const PassageNote &note, int string, const Grip &grip) const;
+    void reportLost();
+
+    const Passage &_passage;
+    FingeringWeights _weights;
+    Ringing _ringing;
+    GripChange _change;
+    GripFinder _finder;
+    FingeringGraph _graph;
+    std::vector<Layer> _layers; ///< those that are not decided
+    FingeringSolution _result;
+};
+
+void FingeringSolver::Search::addLayer(std::size_t event)
+{
+    static const std::vector<Grip> nothing;
+    Layer layer;
+    layer.event = event;
+    layer.grips = _finder.find(event, _layers.empty() ? nothing : _layers.back().grips);
+    _layers.push_back(std::move(layer));
+}
+
+/// Adds a layer's grips to the graph, with the ways to them.
+void FingeringSolver::Search::connect(const Layer &from, const Layer &to)
+{
+    const double onset = _passage.events[from.event].onset;
+    const double next = _passage.events[to.event].onset;
+    for (std::size_t i = 0; i < from.grips.size(); ++i) {
+        _change.leave(from.grips[i], onset, next);
+        for (std::size_t k = 0; k < to.grips.size(); ++k) {
+            const auto cost = _change.cost(to.grips[k]);
+            if (cost.has_value())
+                _graph.addArc(from.firstNode + static_cast<int>(i),
+                              to.firstNode + static_cast<int>(k),
+                              *cost + static_cast<double>(to.grips[k].cost));
+        }
+    }
+}
+
+/// Finds the easiest ways through the layers from `firstNew` on, from those of the layer in front.
+void FingeringSolver::Search::searchFrom(std::size_t firstNew)
+{
+    _graph.clear();
+    for (std::size_t at = firstNew == 0 ? 0 : firstNew - 1; at < _layers.size(); ++at) {
+        Layer &layer = _layers[at];
+        layer.firstNode = -1;
+        for (std::size_t i = 0; i < layer.grips.size(); ++i) {
+            const int node = _graph.addNode();
+            layer.firstNode = layer.firstNode < 0 ? node : layer.firstNode;
+            if (at >= firstNew && at > 0)
+                continue;
+            const double cost =
+                at < firstNew ? layer.costs[i] : static_cast<double>(layer.grips[i].cost);
+            if (cost < infinity)
+                _graph.addStart(node, cost);
+        }
+        if (at >= firstNew && at > 0)
+            connect(_layers[at - 1], layer);
+    }
+    _graph.searchFromStarts();
+    for (std::size_t at = firstNew; at < _layers.size(); ++at) {
+        Layer &layer = _layers[at];
+        for (std::size_t i = 0; i < layer.grips.size(); ++i) {
+            const int node = layer.firstNode + static_cast<int>(i);
+            layer.costs.push_back(_graph.costFromStart(node));
+            const int before =
+                at > 0 && layer.costs.back() < infinity ? _graph.nodeBefore(node) : -1;
+            layer.before.push_back(before < 0 ? -1 : before - _layers[at - 1].firstNode);
+        }
+    }
+}
+
+FingeringSolution FingeringSolver::Search::solve()
+{
+    _result = {};
+    _result.notes.resize(_passage.notes.size());
+    _layers.clear();
+    const std::size_t count = _passage.events.size();
+    for (std::size_t event = 0; event < count;) {
+        const std::size_t firstNew = _layers.size();
+        const std::size_t end = std::min(count, event + windowLength);
+        for (; event < end; ++event)
+            addLayer(event);
+        searchFrom(firstNew);
+        decide(event == count);
+    }
+    reportLost();
+    return std::move(_result);
+}
+
+/// Commits the layers on which all easiest ways agree; at the end, or when too many wait, all but
+/// the last one by the easiest way of all.
+void FingeringSolver::Search::decide(bool isLast)
+{
+    Layer &last = _layers.back();
+    const auto easiest = std::min_element(last.costs.begin(), last.costs.end());
+    const auto best = static_cast<int>(easiest - last.costs.begin());
+    ZARN_ASSERT_IN("zarn::fingering::FingeringSolver::decide", *easiest < infinity);
+    if (isLast) {
+        _result.effort += *easiest;
+        commit(_layers.size(), best);
+        return;
+    }
+    std::vector<char> isAlive(last.costs.size());
+    for (std::size_t i = 0; i < isAlive.size(); ++i)
+        isAlive[i] = last.costs[i] < infinity ? 1 : 0;
+    for (std::size_t at = _layers.size() - 1; at > 0; --at) {
+        std::vector<char> isAliveBefore(_layers[at - 1].grips.size());
+        for (std::size_t i = 0; i < isAlive.size(); ++i)
+            if (isAlive[i] != 0)
+                isAliveBefore[static_cast<std::size_t>(_layers[at].before[i])] = 1;
+        isAlive = std::move(isAliveBefore);
+        if (std::count(isAlive.begin(), isAlive.end(), 1) == 1) {
+            const auto only = std::find(isAlive.begin(), isAlive.end(), 1) - isAlive.begin();
+            commit(at, static_cast<int>(only));
+            break;
+        }
+    }
+    if (_layers.size() > mostUndecided) {
+        const int before = _layers.back().before[static_cast<std::size_t>(best)];
+        commit(_layers.size() - 1, before);
+        Layer &rest = _layers.back();
+        rest.grips = {rest.grips[static_cast<std::size_t>(best)]};
+        rest.costs = {rest.costs[static_cast<std::size_t>(best)]};
+    }
+    // Costs count from the front of what is left, so that they stay exact in long pieces.
+    const auto least = *std::min_element(_layers.back().costs.begin(), _layers.back().costs.end());
+    for (double &cost : _layers.back().costs)
+        cost -= least;
+    _result.effort += least;
+}
+
+/// Commits the first `count` layers: `grip` of the last of them and what leads to it.
+void FingeringSolver::Search::commit(std::size_t count, int grip)
+{
+    for (std::size_t at = count; at-- > 0;) {
+        const auto number = static_cast<std::size_t>(grip);
+        commitGrip(_layers[at].event, _layers[at].grips[number]);
+        grip = at > 0 ? _layers[at].before[number] : 0;
+    }
+    _layers.erase(_layers.begin(), _layers.begin() + static_cast<std::ptrdiff_t>(count));
+}
+
+Placement FingeringSolver::Search::placementOf(const PassageNote &note, int string,
+                                               const Grip &grip) const
+{
+    const bool isGiven = note.string == string && note.fret != PassageNote::Free;
+    return {string, isGiven ? note.fret : _passage.fretboard.fret(string, note.pitch),
+            grip.finger[static_cast<std::size_t>(string)]};
+}
+
+void FingeringSolver::Search::commitGrip(std::size_t event, const Grip &grip)
+{
+    for (int string = 0; string < Grip::Strings; ++string) {
+        if (!grip.sounds(string) || grip.isHeld(string))
+            continue;
+        const std::size_t number = grip.note[static_cast<std::size_t>(string)];
+        _result.notes[number] = placementOf(_passage.notes[number], string, grip);
+    }
+    if (!grip.isTooWide)
+        return;
+    std::size_t note = _passage.events[event].firstNote;
+    const std::size_t end = note + _passage.events[event].noteCount;
+    const auto isFixed = [this](std::size_t at) {
+        return _passage.notes[at].string != PassageNote::Free;
+    };
+    while (note + 1 < end && isFixed(note))
+        ++note;
+    _result.problems.push_back({FingeringProblem::Kind::TooWide, note});
+}
+
+/// Adds the notes that found no place, and puts all problems in order.
+void FingeringSolver::Search::reportLost()
+{
+    using Kind = FingeringProblem::Kind;
+    for (std::size_t i = 0; i < _result.notes.size(); ++i) {
+        if (_result.notes[i].string != Placement::None)
+            continue;
+        const bool isThere = _finder.isOnInstrument(_passage.notes[i]);
+        _result.problems.push_back({isThere ? Kind::NoStringLeft : Kind::NotOnInstrument, i});
+    }
+    std::stable_sort(_result.problems.begin(), _result.problems.end(),
+                     [](const auto &left, const auto &right) { return left.note < right.note; });
+}
+
+FingeringAlternative FingeringSolver::Search::alternativeOf(const PassageEvent &event,
+                                                            const Grip &grip) const
+{
+    FingeringAlternative alternative;
+    alternative.notes.resize(event.noteCount);
+    for (int string = 0; string < Grip::Strings; ++string) {
+        if (!grip.sounds(string) || grip.isHeld(string))
+            continue;
+        const std::size_t number = grip.note[static_cast<std::size_t>(string)];
+        alternative.notes[number - event.firstNote] =
+            placementOf(_passage.notes[number], string, grip);
+    }
+    return alternative;
+}
+
+std::vector<FingeringAlternative> FingeringSolver::Search::alternatives(std::size_t event,
+                                                                        std::size_t most)
+{
+    ZARN_ASSERT_IN("zarn::fingering::FingeringSolver::alternatives",
+                   event < _passage.events.size());
+    _layers.clear();
+    const std::size_t first = event - std::min(event, surroundings);
+    const std::size_t end = std::min(_passage.events.size(), event + surroundings + 1);
+    for (std::size_t at = first; at < end; ++at)
+        addLayer(at);
+    searchFrom(0);
+    for (std::size_t i = 0; i < _layers.back().grips.size(); ++i)
+        _graph.addEnd(_layers.back().firstNode + static_cast<int>(i));
+    _graph.searchToEnds();
+
+    const Layer &layer = _layers[event - first];
+    std::vector<std::pair<double, std::size_t>> order;
+    for (std::size_t i = 0; i < layer.grips.size(); ++i) {
+        const double cost =
+            layer.costs[i] + _graph.costToEnd(layer.firstNode + static_cast<int>(i));
+        if (cost < infinity && !layer.grips[i].isTooWide)
+            order.emplace_back(cost, i);
+    }
+    std::sort(order.begin(), order.end());
+    std::vector<FingeringAlternative> found;
+    for (const auto &[cost, number] : order) {
+        if (found.size() == most)
+            break;
+        FingeringAlternative alternative =
+            alternativeOf(_passage.events[event], layer.grips[number]);
+        alternative.effort = cost - order.front().first;
+        const auto isSame = [&alternative](const FingeringAlternative &other) {
+            return std::equal(other.notes.begin(), other.notes.end(), alternative.notes.begin(),
+                              [](const Placement &left, const Placement &right) {
+                                  return left.string == right.string;
+                              });
+        };
+        if (std::none_of(found.begin(), found.end(), isSame))
+            found.push_back(std::move(alternative));
+    }
+    return found;
+}
+
+FingeringSolver::FingeringSolver(const Passage &passage, const FingeringWeights &weights)
+    : _search(std::make_unique<Search>(passage, weights))
+{
+}
+FingeringSolver::~FingeringSolver() = default;
+
+FingeringSolution FingeringSolver::solve()
+{
+    return _search->solve();
+}
+
+std::vector<FingeringAlternative> FingeringSolver::alternatives(std::size_t event, std::size_t most)
+{
+    return _search->alternatives(event, most);
+}
+
+} // namespace zarn::fingering

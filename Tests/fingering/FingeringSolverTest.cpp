@@ -1,0 +1,262 @@
+// SPDX-License-Identifier: MIT
+#include "support/FingeredPieces.h"
+#include "support/Random.h"
+
+#include <ZarnCore/fingering/ZarnFingeringSolver.h>
+#include <ZarnCore/model/ZarnStaff.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+
+namespace {
+
+using namespace zarn;
+using namespace zarn::fingering;
+
+const std::string dataFolder = ZARN_SOURCE_DIR "/Tests/fingering/data/";
+const std::vector<unsigned> guitar = {40, 45, 50, 55, 59, 64};
+
+Passage passageOn(const std::vector<unsigned> &tuning, unsigned fretCount = 24)
+{
+    Staff staff;
+    staff.setTuning(GuitarTuning(tuning));
+    staff.setFretCount(fretCount);
+    return Passage(staff);
+}
+
+/// Quarters; the notes of an event from the highest down.
+void addEvent(Passage &passage, const std::vector<int> &pitches)
+{
+    const auto onset = static_cast<double>(passage.events.size());
+    passage.addEvent(onset);
+    for (const int pitch : pitches)
+        passage.addNote({pitch, onset + 1});
+}
+
+std::string shape(const Passage &passage, const FingeringSolution &fingering, std::size_t event)
+{
+    std::vector<std::string> frets(static_cast<std::size_t>(passage.fretboard.stringCount()), "x");
+    const PassageEvent &at = passage.events[event];
+    for (std::size_t i = at.firstNote; i < at.firstNote + at.noteCount; ++i)
+        if (fingering.notes[i].string >= 0)
+            frets[static_cast<std::size_t>(fingering.notes[i].string)] =
+                std::to_string(fingering.notes[i].fret);
+    std::string text;
+    for (const std::string &fret : frets)
+        text += (text.empty() ? "" : " ") + fret;
+    return text;
+}
+
+/// What no fingering may break: pitches, one note to a string, locks, and a word for each note that
+/// has no place.
+void expectSound(const Passage &passage, const FingeringSolution &fingering)
+{
+    ASSERT_EQ(fingering.notes.size(), passage.notes.size());
+    std::set<std::size_t> reported;
+    for (const FingeringProblem &problem : fingering.problems)
+        if (problem.kind != FingeringProblem::Kind::TooWide)
+            reported.insert(problem.note);
+    for (const PassageEvent &event : passage.events) {
+        std::set<int> strings;
+        for (std::size_t i = event.firstNote; i < event.firstNote + event.noteCount; ++i) {
+            const Placement &place = fingering.notes[i];
+            const PassageNote &note = passage.notes[i];
+            EXPECT_EQ(place.string == Placement::None, reported.count(i) == 1) << "note " << i;
+            if (place.string == Placement::None)
+                continue;
+            EXPECT_TRUE(strings.insert(place.string).second) << "two notes on one string";
+            EXPECT_TRUE(note.string == PassageNote::Free || place.string == note.string);
+            EXPECT_TRUE(note.fret != PassageNote::Free
+                        || passage.fretboard.pitch(place.string, place.fret) == note.pitch);
+            EXPECT_TRUE(place.fret == 0 || place.finger > 0
+                        || std::any_of(fingering.problems.begin(), fingering.problems.end(),
+                                       [](const FingeringProblem &problem) {
+                                           return problem.kind == FingeringProblem::Kind::TooWide;
+                                       }));
+        }
+    }
+}
+
+TEST(FingeringSolverTest, playsTheCasesAsPlayersDo)
+{
+    for (const FingeringCase &task : readFingeringCases(dataFolder + "cases.tsv"))
+        EXPECT_EQ(faultOf(task), "") << task.name;
+}
+
+/// Editors mark what surprises; a model that is right about half of that knows nothing.
+TEST(FingeringSolverTest, agreesWithEditorsMoreOftenThanNot)
+{
+    int right = 0;
+    int known = 0;
+    std::size_t problems = 0;
+    for (const FingeredPiece &piece : readFingeredPieces(dataFolder + "marks.tsv")) {
+        std::vector<std::size_t> noteOf;
+        const Passage passage = passageOf(piece, noteOf);
+        const FingeringSolution fingering = FingeringSolver(passage).solve();
+        expectSound(passage, fingering);
+        problems += fingering.problems.size();
+        for (std::size_t i = 0; i < piece.notes.size(); ++i) {
+            if (piece.notes[i].string < 0)
+                continue;
+            ++known;
+            right += fingering.notes[noteOf[i]].string == piece.notes[i].string ? 1 : 0;
+        }
+    }
+    EXPECT_GT(right, known * 6 / 10);
+    EXPECT_EQ(problems, 1U) << "ten frets from bass to treble; all else is music for one hand";
+}
+
+TEST(FingeringSolverTest, staysPlayableOnEveryTuning)
+{
+    Random random(7);
+    const std::vector<std::vector<unsigned>> tunings = {
+        guitar,
+        {38, 45, 50, 55, 59, 64},
+        {67, 60, 64, 69},
+        {55, 62, 69, 76},
+        {40},
+        {28, 33, 38, 43},
+        {40, 52, 45, 57, 50, 62, 55, 67, 59, 59, 64, 64},
+        {43, 48, 53, 57, 62, 67},
+    };
+    for (int round = 0; round < 60; ++round) {
+        SCOPED_TRACE(round);
+        Passage passage =
+            passageOn(tunings[random.below(tunings.size())], random.percent(10) ? 0 : 19);
+        double onset = 0;
+        for (unsigned i = 0; i < 40; ++i) {
+            std::set<int, std::greater<>> pitches;
+            for (unsigned k = 1 + (random.percent(30) ? random.below(9) : 0); k > 0; --k)
+                pitches.insert(random.between(36, 84));
+            passage.addEvent(onset);
+            for (const int pitch : pitches) {
+                PassageNote note{pitch, onset + random.between(1, 8) / 4.};
+                if (random.percent(15))
+                    note.string = random.between(0, 6);
+                if (random.percent(10))
+                    note.tiedUntil = onset + 0.5;
+                passage.addNote(note);
+            }
+            onset += random.between(0, 4) / 4.;
+        }
+        const FingeringSolution fingering = FingeringSolver(passage).solve();
+        expectSound(passage, fingering);
+        const FingeringSolution again = FingeringSolver(passage).solve();
+        EXPECT_EQ(again.notes, fingering.notes);
+        // What was found is found again around what it says itself.
+        for (std::size_t i = 0; i < passage.notes.size(); ++i) {
+            if (fingering.notes[i].string >= 0) {
+                passage.notes[i].string = fingering.notes[i].string;
+                passage.notes[i].fret = fingering.notes[i].fret;
+            }
+        }
+        const FingeringSolution kept = FingeringSolver(passage).solve();
+        for (std::size_t i = 0; i < passage.notes.size(); ++i) {
+            const bool isPlaced = fingering.notes[i].string >= 0 && kept.notes[i].string >= 0;
+            EXPECT_TRUE(!isPlaced || kept.notes[i].string == fingering.notes[i].string);
+        }
+    }
+}
+
+/// A chord is only as wide as it has to be.
+TEST(FingeringSolverTest, isTooWideOnlyWhereNoHandReaches)
+{
+    Passage passage = passageOn(guitar);
+    addEvent(passage, {64, 59, 41}); // f below open b and e'
+    addEvent(passage, {74, 41});     // frets 10 and 1 at the least
+    addEvent(passage, {70, 65, 60, 56, 51, 46});
+    const FingeringSolution fingering = FingeringSolver(passage).solve();
+    ASSERT_EQ(fingering.problems.size(), 1U);
+    EXPECT_EQ(fingering.problems[0].kind, FingeringProblem::Kind::TooWide);
+    EXPECT_EQ(fingering.problems[0].note, 3U);
+    EXPECT_EQ(shape(passage, fingering, 0), "1 x x x 0 0");
+    EXPECT_EQ(shape(passage, fingering, 1), "1 x x x x 10");
+}
+
+TEST(FingeringSolverTest, saysWhatItLeavesOut)
+{
+    using Kind = FingeringProblem::Kind;
+    Passage passage = passageOn(guitar, 12);
+    addEvent(passage, {64, 39});
+    addEvent(passage, {41, 40});
+    addEvent(passage, {77});
+    addEvent(passage, {67, 64, 60, 59, 55, 50, 45, 40});
+    const FingeringSolution fingering = FingeringSolver(passage).solve();
+    expectSound(passage, fingering);
+    std::vector<Kind> kinds;
+    for (const FingeringProblem &problem : fingering.problems)
+        kinds.push_back(problem.kind);
+    const std::vector<Kind> expected = {Kind::NotOnInstrument, Kind::NoStringLeft,
+                                        Kind::NotOnInstrument, Kind::NoStringLeft,
+                                        Kind::NoStringLeft};
+    EXPECT_EQ(kinds, expected);
+    EXPECT_EQ(fingering.notes[3].string, Placement::None) << "the melody stays";
+
+    Passage nothing = passageOn(guitar);
+    EXPECT_TRUE(FingeringSolver(nothing).solve().notes.empty());
+    Passage silent = passageOn({});
+    addEvent(silent, {60});
+    EXPECT_EQ(FingeringSolver(silent).solve().problems.size(), 1U);
+}
+
+TEST(FingeringSolverTest, movesAPowerChordAsOneShape)
+{
+    Passage passage = passageOn({38, 45, 50, 55, 59, 64});
+    for (const int root : {43, 45, 44, 41})
+        addEvent(passage, {root + 12, root + 7, root});
+    const FingeringSolution fingering = FingeringSolver(passage).solve();
+    const char *const shapes[] = {"5 5 5 x x x", "7 7 7 x x x", "6 6 6 x x x", "3 3 3 x x x"};
+    for (std::size_t i = 0; i < 4; ++i)
+        EXPECT_EQ(shape(passage, fingering, i), shapes[i]);
+}
+
+TEST(FingeringSolverTest, aTiedNoteKeepsItsStringAgainstOthers)
+{
+    Passage passage = passageOn({40, 45});
+    addEvent(passage, {46, 40});
+    passage.notes[0].end = 3; // on the upper string
+    passage.notes[0].tiedUntil = 1;
+    addEvent(passage, {52, 45});
+    const FingeringSolution fingering = FingeringSolver(passage).solve();
+    EXPECT_EQ(fingering.notes[0].string, 1);
+    for (std::size_t i = 2; i < 4; ++i)
+        EXPECT_NE(fingering.notes[i].string, 1);
+    EXPECT_EQ(fingering.problems.size(), 1U);
+}
+
+TEST(FingeringSolverTest, listsOtherWaysInOrderOfEffort)
+{
+    Passage passage = passageOn(guitar);
+    addEvent(passage, {64, 60, 55, 52, 48});
+    addEvent(passage, {64});
+    addEvent(passage, {67, 64, 60});
+    FingeringSolver solver(passage);
+    const auto chord = solver.alternatives(0, 3);
+    ASSERT_EQ(chord.size(), 3U);
+    EXPECT_EQ(chord[0].effort, 0);
+    EXPECT_LE(chord[1].effort, chord[2].effort);
+    const FingeringSolution best = solver.solve();
+    EXPECT_TRUE(std::equal(chord[0].notes.begin(), chord[0].notes.end(), best.notes.begin()));
+    const auto single = solver.alternatives(1, 10);
+    std::set<int> strings;
+    for (const FingeringAlternative &way : single)
+        EXPECT_TRUE(strings.insert(way.notes[0].string).second);
+    EXPECT_GE(strings.size(), 4U) << "one e' on each string that has it";
+}
+
+/// Whatever waits for later to be decided must not grow with the passage.
+TEST(FingeringSolverTest, goesThroughLongPassages)
+{
+    Passage passage = passageOn(guitar);
+    for (int i = 0; i < 3000; ++i)
+        addEvent(passage, {i % 2 == 0 ? 64 : 59});
+    addEvent(passage, {76});
+    const FingeringSolution fingering = FingeringSolver(passage).solve();
+    EXPECT_TRUE(fingering.problems.empty());
+    for (std::size_t i = 0; i < 3000; ++i)
+        EXPECT_EQ(fingering.notes[i].fret, 0);
+}
+
+} // namespace
