@@ -4,6 +4,9 @@
 #include "support/EventMirror.h"
 #include "support/ScoreDump.h"
 
+#include <ZarnCore/fingering/ZarnFingeringReport.h>
+#include <ZarnCore/fingering/ZarnPassageReader.h>
+
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -240,6 +243,13 @@ const Operation operations[] = {
      "ModifyBarRange(0,0,0,0) ", nullptr},
     {"SetMIDINote", [](SmallScore &s) { return s.score.setMIDINote(s.at(2, 0, 1, 2), 64); },
      "ModifyBarRange(1,0,2,2) ", nullptr},
+    {"AutomaticFingerPositioning",
+     [](SmallScore &s) {
+         fingering::FingeringOptions options;
+         options.openStrings = fingering::OpenStrings::Avoided;
+         return s.score.automaticFingerPositioning(s.everything(0, 5), options);
+     },
+     "ModifyBarRange(0,0,0,4) ", nullptr},
     {"SetNoteRest", [](SmallScore &s) { return s.score.setNoteRest(s.from(0, 3, 1, 1)); },
      "ModifyBarRange(0,0,0,1) ", nullptr},
 };

@@ -2,6 +2,9 @@
 #include "RichScore.h"
 #include "support/CommandLaw.h"
 
+#include <ZarnCore/fingering/ZarnFingeringReport.h>
+#include <ZarnCore/fingering/ZarnPassageReader.h>
+
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -109,6 +112,14 @@ TEST(RefusedCommandTest, leavesNoTrace)
         [&] { return score.setMIDINote(rich.at(0, 0), 40); },
         [&] { return score.setMIDINote(named, 64); },
         [&] { return score.setNoteRest(ScoreModelRange(rich.at(0, 0, 1, 1))); },
+        [&] { return score.automaticFingerPositioning(rich.everything(5, 5), {}); },
+        [&] { return score.automaticFingerPositioning(ScoreModelRange(rich.at(0, 0, 1)), {}); },
+        [&] {
+            fingering::FingeringOptions options;
+            options.lowestFret = 5;
+            options.highestFret = 4;
+            return score.automaticFingerPositioning(rich.everything(0, 5), options);
+        },
     };
     for (std::size_t i = 0; i < std::size(refused); ++i) {
         SCOPED_TRACE("row " + std::to_string(i));

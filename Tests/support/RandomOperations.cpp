@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "RandomOperations.h"
 
+#include <ZarnCore/fingering/ZarnPassageReader.h>
 #include <ZarnCore/instruments/automations/ZarnDSPParamAutomation.h>
 #include <ZarnCore/instruments/automations/ZarnSoundAutomation.h>
 #include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
@@ -193,6 +194,18 @@ bool setStringedNote(EditedScore &e)
                                    e.random.between(e.random.percent(5) ? -2 : 0, 26));
 }
 
+bool automaticFingerPositioning(EditedScore &e)
+{
+    fingering::FingeringOptions options;
+    options.given = static_cast<fingering::GivenStrings>(e.random.below(3));
+    options.openStrings = static_cast<fingering::OpenStrings>(e.random.below(2));
+    if (e.random.percent(30)) {
+        options.lowestFret = e.random.between(-1, 9);
+        options.highestFret = e.random.between(0, 20);
+    }
+    return e.score.automaticFingerPositioning(e.places.range(), options);
+}
+
 template <class Operation>
 bool onBars(EditedScore &e, Operation operation)
 {
@@ -351,6 +364,7 @@ const std::vector<RandomOperation> operations = {
      }},
     {"setStringedNote", 10, setStringedNote},
     {"setMIDINote", 12, setMIDINote},
+    {"automaticFingerPositioning", 3, automaticFingerPositioning},
     {"setNoteRest", 3, [](EditedScore &e) { return e.score.setNoteRest(e.places.range()); }},
 };
 

@@ -33,6 +33,11 @@ class RhythmValue;
 class Sound;
 class TimeSignature;
 struct WrittenStretch;
+
+namespace fingering {
+struct FingeringOptions;
+struct FingeringReport;
+} // namespace fingering
 enum class DirectionMark : std::uint8_t;
 enum class HeaderAndFooter : std::uint8_t;
 enum class TripletFeel : std::uint8_t;
@@ -300,6 +305,12 @@ public:
 
     /// Makes rests of the beats of a range.
     bool setNoteRest(const ScoreModelRange &range);
+
+    /// Finds strings and frets for the notes of a range as a player would, and reports what no hand
+    /// can play; see `cmd::AutomaticFingerPositioning`.
+    bool automaticFingerPositioning(const ScoreModelRange &range,
+                                    const fingering::FingeringOptions &options,
+                                    std::shared_ptr<fingering::FingeringReport> report = nullptr);
 
 private:
     static void logNotify(const evt::Event &event);

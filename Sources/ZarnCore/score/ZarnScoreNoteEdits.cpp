@@ -7,6 +7,7 @@
 #include <ZarnCore/commands/Beat/ZarnSetBeatRhythm.h>
 #include <ZarnCore/commands/Beat/ZarnWriteBeats.h>
 #include <ZarnCore/commands/Execute.h>
+#include <ZarnCore/commands/Note/ZarnAutomaticFingerPositioning.h>
 #include <ZarnCore/commands/Note/ZarnSetMIDINote.h>
 #include <ZarnCore/commands/Note/ZarnSetNoteRest.h>
 #include <ZarnCore/commands/Note/ZarnSetStringedNote.h>
@@ -51,6 +52,13 @@ bool Score::setMIDINote(const ScoreModelIndex &index, int midi)
 bool Score::setNoteRest(const ScoreModelRange &range)
 {
     return execute<cmd::SetNoteRest>(*this, range);
+}
+
+bool Score::automaticFingerPositioning(const ScoreModelRange &range,
+                                       const fingering::FingeringOptions &options,
+                                       std::shared_ptr<fingering::FingeringReport> report)
+{
+    return execute<cmd::AutomaticFingerPositioning>(*this, range, options, std::move(report));
 }
 
 } // namespace zarn
