@@ -73,6 +73,8 @@ bypass-tempo on
 effect 2 3 0.5 t1
 master-effect 2 1 0.25
 no-reverb
+finger 2:1-3:1 t2
+alternatives 2:1 t2
 select 2:1 - 3:1 t2
 cursor 2:1 t2
 next

@@ -27,9 +27,10 @@ QString usageWithoutWhere(const Command &command)
 const std::vector<CommandArea> &commandAreas()
 {
     static const std::vector<CommandArea> areas = {
-        {"Places", placeCommands()},    {"Notes and beats", noteCommands()},
-        {"Bars", barCommands()},        {"Tracks", trackCommands()},
-        {"The score", scoreCommands()}, {"The session", sessionCommands()},
+        {"Places", placeCommands()},        {"Notes and beats", noteCommands()},
+        {"Fingering", fingeringCommands()}, {"Bars", barCommands()},
+        {"Tracks", trackCommands()},        {"The score", scoreCommands()},
+        {"The session", sessionCommands()},
     };
     return areas;
 }

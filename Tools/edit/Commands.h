@@ -32,6 +32,7 @@ const std::vector<Command> &barCommands();
 const std::vector<Command> &trackCommands();
 const std::vector<Command> &scoreCommands();
 const std::vector<Command> &noteCommands();
+const std::vector<Command> &fingeringCommands();
 const std::vector<Command> &sessionCommands();
 
 /// The areas with their titles, in the order of the help.
