@@ -4,6 +4,9 @@
 #include <ZarnCore/io/musicxml/ImportContext.h>
 #include <ZarnCore/io/musicxml/NoteMaker.h>
 #include <ZarnCore/io/musicxml/Wording.h>
+#include <ZarnCore/io/musicxml/signs/Beams.h>
+#include <ZarnCore/io/musicxml/signs/PartSigns.h>
+#include <ZarnCore/model/ZarnBeatAttribute.h>
 
 #include <algorithm>
 
@@ -18,8 +21,8 @@ constexpr std::ptrdiff_t nearBeats = 16;
 
 } // namespace
 
-BarBuilder::BarBuilder(ImportContext &context, NoteMaker &notes)
-    : _context(context), _notes(notes), _gaps(context), _marks(context, _gaps)
+BarBuilder::BarBuilder(ImportContext &context, NoteMaker &notes, PartSigns &signs)
+    : _context(context), _notes(notes), _signs(signs), _gaps(context), _marks(context, _gaps)
 {
 }
 
@@ -28,13 +31,16 @@ void BarBuilder::startPart()
     _staves.clear();
     _rests.clear();
     _marks.startPart();
+    _hasBeams = false;
 }
 
 void BarBuilder::build(const WrittenMeasure &measure,
                        std::vector<std::vector<std::shared_ptr<Bar>>> &staves)
 {
     _staves.resize(std::max(staves.size(), _staves.size()));
-    _chordBeats.assign(_staves.size(), nullptr);
+    _chordBeats.assign(_staves.size(), {});
+    _measure = &measure;
+    _nextSign = 0;
     for (const auto &note : measure.notes)
         if (!note.chord || !joinChord(note))
             place(note);
@@ -42,7 +48,10 @@ void BarBuilder::build(const WrittenMeasure &measure,
         for (auto &slot : staff.voiceSlots)
             if (!slot.beats.empty())
                 _gaps.fill(slot, measure.length, measure.node);
+    finishBeats(measure);
     _marks.place(measure, _staves);
+    if (!measure.spans.empty())
+        _signs.addSpans(measure, staves.size());
 
     for (std::size_t i = 0; i < staves.size(); ++i) {
         auto bar = std::make_shared<Bar>();
@@ -73,20 +82,82 @@ void BarBuilder::build(const WrittenMeasure &measure,
 /// none yet.
 bool BarBuilder::joinChord(const WrittenNote &note)
 {
-    auto *beat = _chordBeats[static_cast<std::size_t>(note.staff)];
-    if (!beat)
+    const auto [slot, index, isOwn] = _chordBeats[static_cast<std::size_t>(note.staff)];
+    if (!slot)
         return false;
-    if (note.kind == NoteKind::Rest || note.kind == NoteKind::Unknown)
+    if (note.kind == NoteKind::Rest || note.kind == NoteKind::Unknown) {
         _context.addUnheld(note.node);
-    else
-        beat->addNote(_notes.make(note));
+        return true;
+    }
+    const auto &placed = slot->beats[index];
+    if (isOwn)
+        setMarks(note, *placed.beat);
+    placed.beat->addNote(_notes.make(note));
+    noteAdded(note, *slot, placed);
     return true;
+}
+
+/// Gives a beat what its notes say of it so far.
+void BarBuilder::setMarks(const WrittenNote &note, Beat &beat)
+{
+    beat.setMarks(note.beatMarks);
+    if (note.grace) {
+        beat.setGraceType(note.slashed ? GraceType::BeforeBeat : GraceType::OnBeat);
+        beat.setSlashedGrace(note.slashed);
+    }
+}
+
+/// A note, or a rest, has found its beat.
+void BarBuilder::noteAdded(const WrittenNote &note, const VoiceSlot &slot, const PlacedBeat &placed)
+{
+    if (note.mayExclude && (_excluding.empty() || _excluding.back() != placed.beat.get()))
+        _excluding.push_back(placed.beat.get());
+    if (!note.hasSigns)
+        return;
+    auto &staff = _staves[static_cast<std::size_t>(note.staff)];
+    NotePlace place;
+    place.bar = _context.bar();
+    place.staff = note.staff;
+    place.slot = static_cast<unsigned>(&slot - staff.voiceSlots.data());
+    place.index = static_cast<unsigned>(&placed - slot.beats.data());
+    place.onset = placed.onset;
+    place.voice = note.voice;
+    place.beat = placed.beat.get();
+    place.note = place.beat->hasNotes() && note.kind != NoteKind::Rest
+        ? place.beat->notes().back().get()
+        : nullptr;
+    const auto &signs = _measure->signs;
+    const auto index = static_cast<std::size_t>(&note - _measure->notes.data());
+    for (; _nextSign < signs.size() && signs[_nextSign].note <= index; ++_nextSign)
+        if (signs[_nextSign].note == index)
+            _signs.add(signs[_nextSign], place);
+}
+
+/// When all beats are there: what may not stand together goes, and beams are as they are written.
+void BarBuilder::finishBeats(const WrittenMeasure &measure)
+{
+    for (auto *beat : _excluding)
+        for (const auto name : mendExclusions(*beat))
+            _context.addProblem(measure.node,
+                                std::string(name)
+                                    + " was left out: it cannot stand beside another sign");
+    _excluding.clear();
+    for (auto &staff : _staves)
+        for (auto &slot : staff.voiceSlots)
+            _hasBeams = _hasBeams
+                || std::any_of(slot.beats.begin(), slot.beats.end(),
+                               [](const PlacedBeat &placed) { return placed.isBeamedOn; });
+    if (!_hasBeams)
+        return;
+    for (auto &staff : _staves)
+        for (auto &slot : staff.voiceSlots)
+            setBeams(slot.beats, measure.meter);
 }
 
 void BarBuilder::place(const WrittenNote &note)
 {
     if (!note.chord)
-        std::fill(_chordBeats.begin(), _chordBeats.end(), nullptr);
+        std::fill(_chordBeats.begin(), _chordBeats.end(), ChordBeat());
     if (auto *slot = slotFor(note))
         append(*slot, note);
     else
@@ -163,10 +234,7 @@ void BarBuilder::append(VoiceSlot &slot, const WrittenNote &note)
     if (slot.end + note.tolerance < note.onset)
         _gaps.fill(slot, note.onset, note.node);
     auto beat = std::make_shared<Beat>(note.rhythm);
-    if (note.grace) {
-        beat->setGraceType(note.slashed ? GraceType::BeforeBeat : GraceType::OnBeat);
-        beat->setSlashedGrace(note.slashed);
-    }
+    setMarks(note, *beat);
     if (note.kind == NoteKind::Unknown) {
         beat->setPlaceHolder(true);
         _context.addProblem(note.node,
@@ -180,11 +248,12 @@ void BarBuilder::append(VoiceSlot &slot, const WrittenNote &note)
         if (note.wholeMeasure)
             _rests.push_back({static_cast<unsigned>(_context.bar()), note.length, beat});
     }
-    _chordBeats[static_cast<std::size_t>(note.staff)] = beat.get();
     const auto onset = slot.end;
     if (!note.grace)
         slot.end += note.rhythm.getLength();
-    slot.beats.push_back({onset, std::move(beat)});
+    _chordBeats[static_cast<std::size_t>(note.staff)] = {&slot, slot.beats.size(), true};
+    slot.beats.push_back({onset, std::move(beat), note.beamedOn});
+    noteAdded(note, slot, slot.beats.back());
 }
 
 /// The last resort: the note joins the beat that begins nearest to it.
@@ -200,7 +269,13 @@ void BarBuilder::squeezeIn(const WrittenNote &note)
     _context.addProblem(
         note.node, "a note that fits in no voice joined the beat at " + inQuarters(near->onset));
     near->beat->addNote(_notes.make(note));
-    _chordBeats[static_cast<std::size_t>(note.staff)] = near->beat.get();
+    for (auto &slot : staff.voiceSlots)
+        if (!slot.beats.empty() && near >= slot.beats.data()
+            && near < slot.beats.data() + slot.beats.size()) {
+            const auto index = static_cast<std::size_t>(near - slot.beats.data());
+            _chordBeats[static_cast<std::size_t>(note.staff)] = {&slot, index, false};
+            noteAdded(note, slot, *near);
+        }
 }
 
 /// The beat with notes whose onset is nearest, or else one without; never a grace beat.

@@ -13,6 +13,7 @@ namespace zarn::io {
 
 class ImportContext;
 class NoteMaker;
+class PartSigns;
 
 /// A rest that filled its measure; whether it fills the bar is known when all parts are read.
 struct WholeMeasureRest {
@@ -28,7 +29,7 @@ struct WholeMeasureRest {
 /// the report says so.
 class BarBuilder {
 public:
-    BarBuilder(ImportContext &context, NoteMaker &notes);
+    BarBuilder(ImportContext &context, NoteMaker &notes, PartSigns &signs);
 
     void startPart();
 
@@ -47,17 +48,31 @@ private:
     VoiceSlot *roomySlot(StaffSlots &staff, const WrittenNote &note);
     void append(VoiceSlot &slot, const WrittenNote &note);
     void squeezeIn(const WrittenNote &note);
+    static void setMarks(const WrittenNote &note, Beat &beat);
+    void noteAdded(const WrittenNote &note, const VoiceSlot &slot, const PlacedBeat &placed);
+    void finishBeats(const WrittenMeasure &measure);
     PlacedBeat *beatNear(StaffSlots &staff, const utils::rational &onset);
 
     ImportContext &_context;
     NoteMaker &_notes;
+    PartSigns &_signs;
     GapFiller _gaps;
     MarkPlacer _marks;
     std::vector<StaffSlots> _staves;
     std::vector<WholeMeasureRest> _rests;
 
     /// The beat that a chord grows on, by staff: a chord may stand on several.
-    std::vector<Beat *> _chordBeats;
+    struct ChordBeat {
+        VoiceSlot *slot = nullptr; ///< null for none
+        std::size_t index = 0;
+        bool isOwn = false; ///< no other voice has it
+    };
+    std::vector<ChordBeat> _chordBeats;
+
+    const WrittenMeasure *_measure = nullptr;
+    std::size_t _nextSign = 0;      ///< of the measure
+    bool _hasBeams = false;         ///< the part says what beams join
+    std::vector<Beat *> _excluding; ///< beats that marks on them may not stand on together
 };
 
 } // namespace zarn::io

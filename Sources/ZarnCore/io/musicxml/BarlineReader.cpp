@@ -2,8 +2,10 @@
 #include <ZarnCore/io/musicxml/BarlineReader.h>
 
 #include <ZarnCore/io/musicxml/ImportContext.h>
+#include <ZarnCore/io/musicxml/signs/Fermatas.h>
 
 #include <algorithm>
+#include <optional>
 #include <string_view>
 
 namespace zarn::io {
@@ -12,6 +14,25 @@ namespace {
 
 constexpr int mostPasses = 32;
 constexpr int mostTimes = 255;
+
+/// Bar lines without a meaning of their own (bar-style of MusicXML 4.0).
+struct BarStyle {
+    BarLine line;
+    std::string_view name;
+};
+
+constexpr BarStyle barStyles[] = {
+    {BarLine::Dashed, "dashed"}, {BarLine::Dotted, "dotted"}, {BarLine::Heavy, "heavy"},
+    {BarLine::Short, "short"},   {BarLine::Tick, "tick"},     {BarLine::None, "none"},
+};
+
+std::optional<BarLine> barLineOf(std::string_view name)
+{
+    for (const auto &style : barStyles)
+        if (style.name == name)
+            return style.line;
+    return std::nullopt;
+}
 
 } // namespace
 
@@ -38,6 +59,9 @@ void BarlineReader::read(pugi::xml_node node, PartFacts &facts)
         case Tag::Ending:
             readEnding(child, left, facts);
             break;
+        case Tag::Fermata:
+            readFermata(child, left, facts);
+            break;
         case Tag::Segno:
             addSign(WrittenJump::Kind::Segno, node.attribute("segno").value(), child);
             break;
@@ -57,8 +81,16 @@ void BarlineReader::readStyle(pugi::xml_node style, bool left, bool repeats, Par
         facts.finalBars.push_back(_context.bar());
     if (name == "light-light" && _context.bar() - left >= 0)
         facts.doubleBars.push_back(_context.bar() - left);
+    else if (const auto line = barLineOf(name); line && _context.bar() - left >= 0)
+        facts.barLines.push_back({_context.bar() - left, *line});
     else if (name != "regular" && name != "light-heavy" && !repeats)
         _context.addUnheld(style, Tag::BarStyle);
+}
+
+void BarlineReader::readFermata(pugi::xml_node fermata, bool left, PartFacts &facts)
+{
+    WrittenFermata written = {_context.bar(), 0, fermataOf(fermata), !left};
+    facts.fermatas.push_back(written);
 }
 
 void BarlineReader::readRepeat(pugi::xml_node repeat, PartFacts &facts)

@@ -21,6 +21,7 @@ public:
 
 private:
     void readStyle(pugi::xml_node style, bool left, bool repeats, PartFacts &facts);
+    void readFermata(pugi::xml_node fermata, bool left, PartFacts &facts);
     void readRepeat(pugi::xml_node repeat, PartFacts &facts);
     void readEnding(pugi::xml_node ending, bool left, PartFacts &facts);
     std::uint32_t passesOf(pugi::xml_node ending);

@@ -103,6 +103,12 @@ void DirectionReader::gather(pugi::xml_node type, Gathered &gathered, PartFacts 
         case Tag::OctaveShift:
             readOctaveShift(child, position, staff, measure);
             break;
+        case Tag::Wedge:
+        case Tag::Pedal:
+        case Tag::Dashes:
+        case Tag::Bracket:
+            measure.spans.push_back({child, tag, position, staff});
+            break;
         default:
             _context.addUnheld(child, tag);
         }
@@ -138,11 +144,33 @@ void DirectionReader::readDynamics(pugi::xml_node node, const rational &position
             letter =
                 letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
         const int value = name == "NONE" ? -1 : NoteDynamic::stringToInt(name);
-        if (value > 0)
+        const auto attack = value > 0 ? AttackDynamic::None : attackDynamicFromString(name);
+        const std::string_view words = child.child_value();
+        if (attack != AttackDynamic::None)
+            measure.marks.push_back(
+                {node, WrittenMark::Kind::Attack, position, staff, static_cast<int>(attack), {}});
+        else if (value <= 0 && !words.empty() && tagOf(child.name()) == Tag::OtherDynamics)
+            readOtherDynamics(node, words, position, staff, measure);
+        else if (value > 0)
             measure.marks.push_back({node, WrittenMark::Kind::Dynamic, position, staff, value, {}});
         else
             _context.addUnheld(child);
     }
+}
+
+/// What is no level, such as "subito", is words over the beat.
+void DirectionReader::readOtherDynamics(pugi::xml_node node, std::string_view words,
+                                        const rational &position, int staff,
+                                        WrittenMeasure &measure)
+{
+    constexpr std::string_view space = " \t\n\r";
+    const auto first = std::min(words.find_first_not_of(space), words.size());
+    const std::string text(words.substr(first, words.find_last_not_of(space) + 1 - first));
+    const int value = NoteDynamic::stringToInt(text);
+    if (value > 0)
+        measure.marks.push_back({node, WrittenMark::Kind::Dynamic, position, staff, value, {}});
+    else if (!text.empty())
+        measure.marks.push_back({node, WrittenMark::Kind::Text, position, staff, 0, text});
 }
 
 void DirectionReader::readOctaveShift(pugi::xml_node node, const rational &position, int staff,

@@ -5,6 +5,7 @@
 #include <ZarnCore/io/musicxml/WrittenMusic.h>
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace zarn::io {
@@ -27,6 +28,9 @@ public:
                       WrittenMeasure &measure);
 
 private:
+    void readOtherDynamics(pugi::xml_node node, std::string_view words,
+                           const utils::rational &position, int staff, WrittenMeasure &measure);
+
     /// What one direction says, gathered from its children.
     struct Gathered {
         std::vector<pugi::xml_node> words;

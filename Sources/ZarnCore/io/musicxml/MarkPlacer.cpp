@@ -43,6 +43,9 @@ void MarkPlacer::attach(const WrittenMark &mark, Beat &beat)
     case WrittenMark::Kind::Dynamic:
         beat.setDynamic(NoteDynamic(static_cast<NoteDynamic::Value>(mark.value)));
         break;
+    case WrittenMark::Kind::Attack:
+        beat.setAttackDynamic(static_cast<AttackDynamic>(mark.value));
+        break;
     case WrittenMark::Kind::Text:
         beat.setText(joined(beat.text()));
         break;

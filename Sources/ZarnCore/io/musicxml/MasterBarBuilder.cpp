@@ -50,6 +50,8 @@ void MasterBarBuilder::build(MasterTrack &master, unsigned barCount)
     setSections(master);
     setTempos(master);
     setBarLengths(_parts, master, _context);
+    setBarLines(master);
+    setFermatas(master); // Some stand at the ends of bars.
 }
 
 void MasterBarBuilder::setTimes(MasterTrack &master)
@@ -211,6 +213,36 @@ void MasterBarBuilder::setRepeats(MasterTrack &master)
         bars[static_cast<std::size_t>(bar)]->setMovementStart(true);
     for (const auto &part : _parts)
         setEndings(part.endings, bars);
+}
+
+void MasterBarBuilder::setBarLines(MasterTrack &master)
+{
+    for (const auto &part : _parts)
+        for (const auto &written : part.barLines)
+            master.masterBars()[static_cast<std::size_t>(written.bar)]->setBarLine(written.line);
+}
+
+/// Of several parts at one time the longest one holds.
+void MasterBarBuilder::setFermatas(MasterTrack &master)
+{
+    for (const auto &part : _parts)
+        for (const auto &written : part.fermatas) {
+            auto &bar = *master.masterBars()[static_cast<std::size_t>(written.bar)];
+            const auto mark =
+                FermataMark::at(written.isAtEnd ? bar.length() : written.position, written.kind);
+            auto marks = bar.fermatas();
+            const auto at = std::lower_bound(marks.begin(), marks.end(), mark,
+                                             [](const FermataMark &left, const FermataMark &right) {
+                                                 return left.position < right.position;
+                                             });
+            if (at == marks.end() || at->position != mark.position)
+                marks.insert(at, mark);
+            else if (at->stretch < mark.stretch)
+                *at = mark;
+            else
+                continue;
+            bar.setFermatas(marks);
+        }
 }
 
 void MasterBarBuilder::setSections(MasterTrack &master)

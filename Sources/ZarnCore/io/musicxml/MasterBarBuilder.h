@@ -37,6 +37,8 @@ private:
     void setTimes(MasterTrack &master);
     void setKeys(MasterTrack &master);
     void setRepeats(MasterTrack &master);
+    void setBarLines(MasterTrack &master);
+    void setFermatas(MasterTrack &master);
     void setSections(MasterTrack &master);
     void setTempos(MasterTrack &master);
     void joinTempo(TempoAutomation &there, const WrittenTempo &tempo);

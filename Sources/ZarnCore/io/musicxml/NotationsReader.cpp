@@ -2,6 +2,7 @@
 #include <ZarnCore/io/musicxml/NotationsReader.h>
 
 #include <ZarnCore/io/musicxml/ImportContext.h>
+#include <ZarnCore/io/musicxml/signs/Articulations.h>
 
 #include <algorithm>
 #include <cstring>
@@ -19,14 +20,21 @@ void NotationsReader::startNote()
 {
     _tupletMarks.clear();
     _dynamics.clear();
+    _signs.clear();
+    _ornaments.startNote();
+    _technical.startNote();
 }
 
 void NotationsReader::readTie(pugi::xml_node tie, WrittenNote &note)
 {
     const std::string_view type = tie.attribute("type").value();
     const bool both = type == "continue";
-    if (type != "start" && type != "stop" && !both)
+    if (type == "let-ring") {
+        note.marks.setLetRing(true);
+        note.mayExclude = true;
+    } else if (type != "start" && type != "stop" && !both) {
         _context.addUnheld(tie);
+    }
     note.tieStart = note.tieStart || both || type == "start";
     note.tieStop = note.tieStop || both || type == "stop";
     if (tagOf(tie.name()) == Tag::Tie) {
@@ -52,8 +60,20 @@ void NotationsReader::read(pugi::xml_node notations, WrittenNote &note)
             _dynamics.push_back(child);
             break;
         case Tag::Articulations:
+            readArticulations(child, note);
+            break;
         case Tag::Ornaments:
-            _context.addUnheldChildren(child);
+            readOrnaments(child, note);
+            break;
+        case Tag::Arpeggiate:
+        case Tag::NonArpeggiate:
+            readArpeggio(child, tag, note);
+            break;
+        case Tag::Slur:
+        case Tag::Slide:
+        case Tag::Glissando:
+        case Tag::Fermata:
+            addSign(child, tag);
             break;
         default:
             _context.addUnheld(child, tag);
@@ -61,8 +81,44 @@ void NotationsReader::read(pugi::xml_node notations, WrittenNote &note)
     }
 }
 
+void NotationsReader::readArticulations(pugi::xml_node articulations, WrittenNote &note)
+{
+    for (auto child = articulations.first_child(); child; child = child.next_sibling()) {
+        const auto tag = tagOf(child.name());
+        if (readArticulation(tag, note))
+            note.mayExclude = true;
+        else
+            _context.addUnheld(child, tag);
+    }
+}
+
+void NotationsReader::readOrnaments(pugi::xml_node ornaments, WrittenNote &note)
+{
+    for (auto child = ornaments.first_child(); child; child = child.next_sibling()) {
+        const auto tag = tagOf(child.name());
+        const std::string_view type = child.attribute("type").value();
+        if (tag == Tag::WavyLine || (tag == Tag::Tremolo && (type == "start" || type == "stop")))
+            addSign(child, tag);
+        else if (!_ornaments.read(tag, child, note))
+            _context.addUnheld(child, tag);
+    }
+}
+
+/// Without a direction an arpeggio goes upwards.
+void NotationsReader::readArpeggio(pugi::xml_node arpeggio, Tag tag, WrittenNote &note)
+{
+    if (tag == Tag::NonArpeggiate) {
+        note.beatMarks.setNonArpeggio(true);
+    } else {
+        const bool isDown = std::strcmp(arpeggio.attribute("direction").value(), "down") == 0;
+        note.beatMarks.setArpeggioDirection(isDown ? Direction::Down : Direction::Up);
+    }
+    note.mayExclude = true;
+}
+
 void NotationsReader::readTechnical(pugi::xml_node technical, WrittenNote &note)
 {
+    bool isBent = false;
     for (auto child = technical.first_child(); child; child = child.next_sibling()) {
         switch (const auto tag = tagOf(child.name()); tag) {
         case Tag::String:
@@ -72,8 +128,19 @@ void NotationsReader::readTechnical(pugi::xml_node technical, WrittenNote &note)
             note.fret = _context.integer(child, WrittenNote::Unset);
             ++_tally->notes.withFret;
             break;
+        case Tag::HammerOn:
+        case Tag::PullOff:
+        case Tag::Fingering:
+            addSign(child, tag);
+            break;
+        case Tag::Bend:
+            if (!isBent)
+                addSign(technical, Tag::Technical);
+            isBent = true;
+            break;
         default:
-            _context.addUnheld(child, tag);
+            if (!_technical.read(tag, child, note))
+                _context.addUnheld(child, tag);
         }
     }
 }

@@ -66,6 +66,7 @@ void NoteMaker::finishPart()
 std::shared_ptr<Note> NoteMaker::make(const WrittenNote &written)
 {
     auto note = std::make_shared<Note>();
+    note->setMarks(written.marks);
     if (written.kind == NoteKind::Pitched) {
         note->setMidi(written.midi);
         if (written.alter >= -2 && written.alter <= 2)
@@ -82,7 +83,8 @@ std::shared_ptr<Note> NoteMaker::make(const WrittenNote &written)
     }
     note->setTied(written.tieStop);
     note->setTieOrigin(written.tieStart);
-    note->setGhost(written.ghost);
+    if (written.ghost)
+        note->setGhost(true);
     if (*written.head != '\0')
         setHead(written, *note);
     return note;

@@ -43,8 +43,10 @@ bool isNo(const char *text)
 
 } // namespace
 
-void NoteReader::startPart(PartTally &tally, SourceTally &whole)
+void NoteReader::startPart(const PartFacts &facts, PartTally &tally, SourceTally &whole)
 {
+    _facts = &facts;
+    _chordMarks = {};
     _tally = &tally;
     _notations.startPart(tally, whole);
     _tuplets = {};
@@ -69,10 +71,11 @@ WrittenNote NoteReader::read(pugi::xml_node node)
             break;
         case Tag::Cue:
             note.cue = true;
-            _context.addUnheld(child, tag);
+            note.beatMarks.setCue(true);
             break;
         case Tag::Chord:
             note.chord = true;
+            note.beatMarks = _chordMarks;
             break;
         case Tag::Pitch:
             readPitch(child, note);
@@ -97,7 +100,7 @@ WrittenNote NoteReader::read(pugi::xml_node node)
             voice = child.child_value();
             break;
         case Tag::Type:
-            readType(child);
+            readType(child, note);
             break;
         case Tag::Dot:
             ++_rhythm.dots;
@@ -117,17 +120,29 @@ WrittenNote NoteReader::read(pugi::xml_node node)
             break;
         case Tag::Lyric:
             ++_tally->notes.lyrics;
-            _context.addUnheld(child, tag);
+            _notations.addSign(child, tag);
             break;
         case Tag::Accidental:
-            // The spelling brings the plain ones; what is added to them has no place.
             if (child.first_attribute())
-                _context.addUnheld(child, tag);
+                readAccidental(child, note);
+            break;
+        case Tag::Stem:
+            readStem(child, note);
+            break;
+        case Tag::Beam:
+            // The inner beams follow from the values; the outer one tells what is joined.
+            if (child.attribute("number").as_int(1) == 1) {
+                const char first = *child.child_value();
+                note.beamedOn = first == 'b' || first == 'c'; // begin, continue
+            }
             break;
         default:
             _context.addUnheld(child, tag);
         }
     }
+    _notations.finish(note, _rhythm.type, _facts->keys.empty() ? 0 : _facts->keys.back().fifths);
+    note.hasSigns = !_notations.signs().empty();
+    _chordMarks = note.beatMarks;
     note.hidden = isNo(node.attribute("print-object").value());
     note.voice = voiceNumber(voice);
     for (const auto &mark : _notations.tupletMarks())
@@ -200,10 +215,38 @@ void NoteReader::readHead(pugi::xml_node head, WrittenNote &note)
     note.head = head.child_value();
     note.crossHead = std::strcmp(note.head, "x") == 0;
     note.ghost = isYes(head.attribute("parentheses").value());
+    const bool isSlash = std::strcmp(note.head, "slash") == 0;
+    note.beatMarks.setSlashed(isSlash && (!note.chord || note.beatMarks.isSlashed()));
 }
 
-void NoteReader::readType(pugi::xml_node type)
+void NoteReader::readStem(pugi::xml_node stem, WrittenNote &note)
 {
+    const std::string_view direction = stem.child_value();
+    if (direction == "up")
+        note.beatMarks.setStemOrientation(ZarnStemOrientation::Upward);
+    else if (direction == "down")
+        note.beatMarks.setStemOrientation(ZarnStemOrientation::Downward);
+    else if (direction != "none" || _rhythm.type >= WrittenRhythm::Quarter - 1)
+        _context.addUnheld(stem, Tag::Stem); // Notes longer than a half have none anyway.
+}
+
+void NoteReader::readAccidental(pugi::xml_node accidental, WrittenNote &note)
+{
+    const auto says = [&](const char *attribute) {
+        return isYes(accidental.attribute(attribute).value());
+    };
+    if (says("parentheses"))
+        note.marks.setAccidentalDisplay(AccidentalDisplay::Parentheses);
+    else if (says("bracket") || says("editorial"))
+        note.marks.setAccidentalDisplay(AccidentalDisplay::Brackets);
+    else if (says("cautionary"))
+        note.marks.setAccidentalDisplay(AccidentalDisplay::Shown);
+}
+
+void NoteReader::readType(pugi::xml_node type, WrittenNote &note)
+{
+    if (std::strcmp(type.attribute("size").value(), "cue") == 0)
+        note.beatMarks.setCue(true);
     const std::string_view name = type.child_value();
     const auto *found =
         std::find_if(std::begin(typeNames), std::end(typeNames), [name](std::string_view known) {

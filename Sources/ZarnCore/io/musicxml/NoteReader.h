@@ -3,6 +3,7 @@
 
 #include <ZarnCore/io/ZarnSourceTally.h>
 #include <ZarnCore/io/musicxml/NotationsReader.h>
+#include <ZarnCore/io/musicxml/PartFacts.h>
 #include <ZarnCore/io/musicxml/TupletTracker.h>
 #include <ZarnCore/io/musicxml/WrittenMusic.h>
 
@@ -20,6 +21,8 @@ class NoteReader {
 public:
     explicit NoteReader(ImportContext &context) : _context(context), _notations(context) { }
 
+    void startMeasure() noexcept { _chordMarks = {}; }
+
     /// The note, with everything but onset, length and rhythm.
     WrittenNote read(pugi::xml_node node);
 
@@ -28,25 +31,32 @@ public:
     const std::optional<utils::rational> &duration() const noexcept { return _duration; }
     const WrittenRhythm &rhythm() const noexcept { return _rhythm; }
 
+    /// Its signs that its marks do not hold.
+    const std::vector<WrittenSign> &signs() const noexcept { return _notations.signs(); }
+
     /// Dynamics that stand at the note itself.
     const std::vector<pugi::xml_node> &dynamics() const noexcept { return _notations.dynamics(); }
 
-    /// Starts another part, whose counts go here.
-    void startPart(PartTally &tally, SourceTally &whole);
+    /// Starts another part, whose counts go here; its key is looked up as it is read.
+    void startPart(const PartFacts &facts, PartTally &tally, SourceTally &whole);
 
 private:
     void readPitch(pugi::xml_node pitch, WrittenNote &note);
     void readUnpitched(pugi::xml_node unpitched, WrittenNote &note);
+    void readStem(pugi::xml_node stem, WrittenNote &note);
+    void readAccidental(pugi::xml_node accidental, WrittenNote &note);
     void readHead(pugi::xml_node head, WrittenNote &note);
-    void readType(pugi::xml_node type);
+    void readType(pugi::xml_node type, WrittenNote &note);
     TupletRatio readModification(pugi::xml_node node);
     int voiceNumber(const char *name);
     void count(const WrittenNote &note);
 
     ImportContext &_context;
+    const PartFacts *_facts = nullptr;
     PartTally *_tally = nullptr;
     NotationsReader _notations;
     TupletTracker _tuplets;
+    BeatMarks _chordMarks; ///< of the chord that the notes read last belong to
     std::optional<utils::rational> _duration;
     WrittenRhythm _rhythm;
     TupletRatio _modification;

@@ -79,6 +79,19 @@ struct WrittenJump {
     pugi::xml_node node;
 };
 
+struct WrittenFermata {
+    int bar;
+    utils::rational position;
+    Fermata kind;
+    bool isAtEnd = false; ///< over the bar line, whatever the length of the bar
+};
+
+/// A bar line of its own kind at the end of a bar.
+struct WrittenBarLine {
+    int bar;
+    BarLine line;
+};
+
 /// Bars that repeat those before begin to be written as signs, or cease to be.
 struct WrittenMeasureRepeat {
     int bar;
@@ -120,6 +133,9 @@ struct PartFacts {
     std::vector<WrittenSection> sections;
     std::vector<WrittenJump> jumps;
     std::vector<WrittenMeasureRepeat> measureRepeats;
+    std::vector<WrittenFermata> fermatas;
+    std::vector<WrittenBarLine> barLines;
+    std::vector<int> systemStarts; ///< bars that the document begins a system with
     std::vector<int> doubleBars;
     std::vector<int> finalBars; ///< bars that end with a final bar line, with a repeat or without
     std::vector<int> movementTitles; ///< bars over which such a title stands

@@ -3,6 +3,7 @@
 
 #include <ZarnCore/io/musicxml/ImportContext.h>
 #include <ZarnCore/io/musicxml/Wording.h>
+#include <ZarnCore/io/musicxml/signs/Fermatas.h>
 
 #include <algorithm>
 #include <cstring>
@@ -34,7 +35,7 @@ void PartReader::startPart(PartFacts &facts, PartTally &tally)
     _transpositions.startPart(facts);
     _ties.startPart();
     _hasStrayStaff = false;
-    _notes.startPart(tally, _whole);
+    _notes.startPart(facts, tally, _whole);
 }
 
 void PartReader::readMeasure(pugi::xml_node frame, pugi::xml_node content, WrittenMeasure &measure)
@@ -42,8 +43,11 @@ void PartReader::readMeasure(pugi::xml_node frame, pugi::xml_node content, Writt
     measure.node = content;
     measure.notes.clear();
     measure.marks.clear();
+    measure.signs.clear();
+    measure.spans.clear();
     _ties.startMeasure(_timeline.exactReach());
     _timeline.startMeasure();
+    _notes.startMeasure();
     _hasChordNote = false;
     for (auto child = content.first_child(); child; child = child.next_sibling()) {
         switch (const auto tag = tagOf(child.name()); tag) {
@@ -68,6 +72,9 @@ void PartReader::readMeasure(pugi::xml_node frame, pugi::xml_node content, Writt
         case Tag::Harmony:
             _directions.readHarmony(child, _timeline, measure);
             break;
+        case Tag::Print:
+            readPrint(child);
+            break;
         case Tag::Barline:
             _barlines.read(child, *_facts);
             break;
@@ -75,6 +82,8 @@ void PartReader::readMeasure(pugi::xml_node frame, pugi::xml_node content, Writt
             _context.addUnheld(child, tag);
         }
     }
+    if (!_facts->times.empty() && !_facts->times.back().free)
+        measure.meter = TimeSignature(_facts->times.back().beats, _facts->times.back().unit);
     measure.length = _timeline.exactReach();
     _length += _timeline.writtenReach();
     ++_tally->measures;
@@ -121,6 +130,30 @@ void PartReader::readNote(pugi::xml_node node, WrittenMeasure &measure)
     _ties.follow(note);
     for (const auto dynamics : _notes.dynamics())
         _directions.readDynamics(dynamics, note.onset, note.staff, measure);
+    if (note.hasSigns)
+        addSigns(measure);
+}
+
+/// Takes over the signs of the note read last. A fermata is over all staves, at its time.
+void PartReader::addSigns(WrittenMeasure &measure)
+{
+    const auto index = measure.notes.size() - 1;
+    const auto onset = measure.notes.back().onset;
+    for (const auto &sign : _notes.signs())
+        if (sign.tag == Tag::Fermata)
+            _facts->fermatas.push_back({_context.bar(), onset, fermataOf(sign.node)});
+        else
+            measure.signs.push_back({sign.node, sign.tag, index});
+}
+
+/// A new page begins a new system too.
+void PartReader::readPrint(pugi::xml_node print)
+{
+    const auto says = [&](const char *attribute) {
+        return std::strcmp(print.attribute(attribute).value(), "yes") == 0;
+    };
+    if (says("new-system") || says("new-page"))
+        _facts->systemStarts.push_back(_context.bar());
 }
 
 void PartReader::joinChord(WrittenNote &note)

@@ -31,6 +31,8 @@ public:
 
 private:
     void readNote(pugi::xml_node node, WrittenMeasure &measure);
+    void addSigns(WrittenMeasure &measure);
+    void readPrint(pugi::xml_node print);
     void joinChord(WrittenNote &note);
     void placeNote(WrittenNote &note);
     void fitLength(WrittenNote &note, const utils::rational &length);

@@ -18,6 +18,7 @@
 #include <ZarnCore/io/musicxml/TwinStaves.h>
 #include <ZarnCore/io/musicxml/Wording.h>
 #include <ZarnCore/io/musicxml/XmlDocument.h>
+#include <ZarnCore/io/musicxml/signs/PartSigns.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
 #include <algorithm>
@@ -32,7 +33,7 @@ public:
     ScoreReader(const XmlDocument &document, ImportReport &report)
         : _document(document), _context(document, report),
           _list(document.root().child("part-list"), _context), _notes(_context, _list),
-          _builder(_context, _notes), _reader(_context, _tally),
+          _signs(_context), _builder(_context, _notes, _signs), _reader(_context, _tally),
           _model(std::make_shared<ScoreModel>())
     {
     }
@@ -45,12 +46,14 @@ private:
                      pugi::xml_node content);
     void padBars();
     void fillBarsWithRests();
+    void setSystems();
 
     const XmlDocument &_document;
     ImportContext _context;
     PartList _list;
     SourceTally _tally;
     NoteMaker _notes;
+    PartSigns _signs;
     BarBuilder _builder;
     PartReader _reader;
     std::shared_ptr<ScoreModel> _model;
@@ -88,6 +91,7 @@ std::shared_ptr<ScoreModel> ScoreReader::read(ImportReport &report)
     master.updatePlayList();
     reportUnplayedBars(master, _context);
     fillBarsWithRests();
+    setSystems();
     const InstrumentGuesser guesser(_list);
     for (std::size_t part = 0; part < sources.size(); ++part) {
         _context.setPlace(static_cast<int>(part), -1);
@@ -112,6 +116,7 @@ void ScoreReader::readPart(std::size_t part, const PartSource &source)
     facts.staves.resize(1);
     _notes.startPart(facts, source.listed);
     _builder.startPart();
+    _signs.startPart();
     _reader.startPart(facts, tally);
     bars.emplace_back();
     bars.front().reserve(_barCount);
@@ -129,6 +134,7 @@ void ScoreReader::readPart(std::size_t part, const PartSource &source)
     _context.setPlace(static_cast<int>(part), -1);
     _reader.finishPart();
     _notes.finishPart();
+    _signs.finishPart(bars);
     TwinStaves(_context, facts, bars, tally).merge();
     const auto &rests = _builder.wholeMeasureRests();
     _rests.insert(_rests.end(), rests.begin(), rests.end());
@@ -177,6 +183,23 @@ void ScoreReader::fillBarsWithRests()
             rest.beat->setRhythmValue(RhythmValue(RhythmValue::NoteValue::Whole));
             rest.beat->setWholeBarRest(true);
         }
+}
+
+/// Systems of the full score begin where some part of the document says so.
+void ScoreReader::setSystems()
+{
+    std::vector<int> starts = {0};
+    for (const auto &facts : _facts)
+        starts.insert(starts.end(), facts.systemStarts.begin(), facts.systemStarts.end());
+    std::sort(starts.begin(), starts.end());
+    starts.erase(std::unique(starts.begin(), starts.end()), starts.end());
+    if (starts.size() == 1)
+        return;
+    starts.push_back(static_cast<int>(_barCount));
+    std::vector<int> systems;
+    for (std::size_t i = 0; i + 1 < starts.size(); ++i)
+        systems.push_back(starts[i + 1] - starts[i]);
+    _model->setFullScoreSystemsLayout(systems);
 }
 
 } // namespace

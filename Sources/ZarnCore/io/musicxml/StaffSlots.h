@@ -14,6 +14,7 @@ namespace zarn::io {
 struct PlacedBeat {
     utils::rational onset;
     std::shared_ptr<Beat> beat;
+    bool isBeamedOn = false; ///< the document leads a beam on to the next one
 };
 
 /// What gathers in one voice slot of a bar.

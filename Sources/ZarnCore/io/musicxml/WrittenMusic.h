@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ZarnCore/io/musicxml/MusicXmlTag.h>
+#include <ZarnCore/model/ZarnBeatMarks.h>
+#include <ZarnCore/model/ZarnNoteMarks.h>
 #include <ZarnCore/music/ZarnRhythmValue.h>
+#include <ZarnCore/music/ZarnTimeSignature.h>
 #include <ZarnCore/utils/rational.h>
 
 #include <pugixml.hpp>
@@ -67,6 +71,9 @@ struct WrittenNote {
     bool tieStop = false;
     bool ghost = false;
     bool crossHead = false;
+    bool beamedOn = false;   ///< its beam leads on
+    bool mayExclude = false; ///< has a mark that takes others off
+    bool hasSigns = false;   ///< `WrittenMeasure::signs` has some of its
 
     int step = Unset; ///< 0 for C to 6 for B; for unpitched notes where they stand on the staff
     int octave = 4;
@@ -76,17 +83,36 @@ struct WrittenNote {
     int fret = Unset;
     const char *head = "";       ///< note head, as written
     const char *instrument = ""; ///< id of the score instrument
+
+    NoteMarks marks;
+    BeatMarks beatMarks; ///< of the whole chord, as far as it has been read
+};
+
+/// A sign at a note that its marks do not hold: it leads to another note, or few notes have it.
+struct WrittenSign {
+    pugi::xml_node node;
+    Tag tag = Tag::Unknown; ///< `Technical` for all bends in it
+    std::size_t note = 0;   ///< index in the measure
+};
+
+/// One end of a sign that stands between the notes.
+struct WrittenSpan {
+    pugi::xml_node node;
+    Tag tag = Tag::Unknown;
+    utils::rational position; ///< exact, in quarters
+    int staff = 0;
 };
 
 /// What stands at a position over the beats.
 struct WrittenMark {
-    enum class Kind : std::uint8_t { Dynamic, Text, ChordSymbol, Ottava };
+    enum class Kind : std::uint8_t { Dynamic, Attack, Text, ChordSymbol, Ottava };
 
     pugi::xml_node node;
     Kind kind = Kind::Text;
     utils::rational position; ///< exact, in quarters
     int staff = 0;
-    int value = 0; ///< a `NoteDynamic::Value`, or the `Ottavia` that begins or, with None, ends
+    int value = 0; ///< of `NoteDynamic` or `AttackDynamic`, or the `Ottavia` that begins or, with
+                   ///< None, ends
     std::string text;
 };
 
@@ -95,6 +121,9 @@ struct WrittenMeasure {
     pugi::xml_node node;
     std::vector<WrittenNote> notes;
     std::vector<WrittenMark> marks;
+    std::vector<WrittenSign> signs; ///< in the order of their notes
+    std::vector<WrittenSpan> spans;
+    TimeSignature meter;
     utils::rational length; ///< the position that the notes reach, exactly
 };
 

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/musicxml/signs/Articulations.h>
+
+#include <ZarnCore/io/musicxml/WrittenMusic.h>
+
+#include <algorithm>
+#include <iterator>
+
+namespace zarn::io {
+
+namespace {
+
+/// An element of <articulations> and the one value that it stands for (MusicXML 4.0). Of several
+/// elements with the same value the first is its name.
+struct Articulation {
+    Tag tag;
+    AccentFlags accents = {};
+    AntiAccent antiAccent = AntiAccent::None;
+    SlideIn slideIn = SlideIn::None;
+    SlideOut slideOut = SlideOut::None;
+    BreathSign breath = BreathSign::None;
+};
+
+constexpr Articulation accented(Tag tag, AccentFlags accents)
+{
+    Articulation articulation = {};
+    articulation.tag = tag;
+    articulation.accents = accents;
+    return articulation;
+}
+constexpr Articulation softened(Tag tag, AntiAccent antiAccent)
+{
+    Articulation articulation = {};
+    articulation.tag = tag;
+    articulation.antiAccent = antiAccent;
+    return articulation;
+}
+constexpr Articulation slidInto(Tag tag, SlideIn slide)
+{
+    Articulation articulation = {};
+    articulation.tag = tag;
+    articulation.slideIn = slide;
+    return articulation;
+}
+constexpr Articulation slidOutOf(Tag tag, SlideOut slide)
+{
+    Articulation articulation = {};
+    articulation.tag = tag;
+    articulation.slideOut = slide;
+    return articulation;
+}
+constexpr Articulation broken(Tag tag, BreathSign sign)
+{
+    Articulation articulation = {};
+    articulation.tag = tag;
+    articulation.breath = sign;
+    return articulation;
+}
+
+constexpr AccentFlags detachedLegato = AccentFlags(AccentFlag::Staccato).with(AccentFlag::Tenuto);
+
+constexpr Articulation articulations[] = {
+    accented(Tag::Accent, AccentFlag::Accent),
+    accented(Tag::StrongAccent, AccentFlag::HeavyAccent),
+    accented(Tag::SoftAccent, AccentFlag::SoftAccent),
+    accented(Tag::DetachedLegato, detachedLegato),
+    accented(Tag::Staccato, AccentFlag::Staccato),
+    accented(Tag::Staccatissimo, AccentFlag::Staccatissimo),
+    accented(Tag::Tenuto, AccentFlag::Tenuto),
+    accented(Tag::Spiccato, AccentFlag::Staccatissimo),
+    accented(Tag::Stress, AccentFlag::Accent),
+    softened(Tag::Unstress, AntiAccent::Soft),
+    slidInto(Tag::Scoop, SlideIn::FromBelow),
+    slidInto(Tag::Plop, SlideIn::FromAbove),
+    slidOutOf(Tag::Doit, SlideOut::Upwards),
+    slidOutOf(Tag::Falloff, SlideOut::Downwards),
+    broken(Tag::BreathMark, BreathSign::Breath),
+    broken(Tag::Caesura, BreathSign::Caesura),
+};
+
+} // namespace
+
+bool readArticulation(Tag tag, WrittenNote &note)
+{
+    const auto *const row =
+        std::find_if(std::begin(articulations), std::end(articulations),
+                     [tag](const Articulation &articulation) { return articulation.tag == tag; });
+    if (row == std::end(articulations))
+        return false;
+    auto accents = note.marks.accents();
+    for (unsigned bit = 1; bit <= AccentFlags::AllBits; bit <<= 1)
+        if (row->accents.has(static_cast<AccentFlag>(bit)))
+            accents = accents.with(static_cast<AccentFlag>(bit));
+    note.marks.setAccents(accents);
+    if (row->antiAccent != AntiAccent::None)
+        note.marks.setAntiAccent(row->antiAccent);
+    if (row->slideIn != SlideIn::None)
+        note.marks.setSlideIn(row->slideIn);
+    if (row->slideOut != SlideOut::None)
+        note.marks.setSlideOut(row->slideOut);
+    if (row->breath != BreathSign::None)
+        note.beatMarks.setBreath(row->breath);
+    return true;
+}
+
+} // namespace zarn::io

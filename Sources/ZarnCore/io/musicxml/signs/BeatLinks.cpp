@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/musicxml/signs/BeatLinks.h>
+
+#include <ZarnCore/io/musicxml/ImportContext.h>
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+namespace zarn::io {
+
+namespace {
+
+/// Glyphs of SMuFL that say what a wavy line is; one of a trill says nothing.
+struct Wave {
+    std::string_view glyph;
+    Vibrato vibrato;
+    bool isOfBar; ///< of the whammy bar, not of the finger
+};
+
+constexpr Wave waves[] = {
+    {"wiggleVibrato", Vibrato::Slight, false},
+    {"wiggleVibratoWide", Vibrato::Wide, false},
+    {"guitarVibratoStroke", Vibrato::Slight, true},
+    {"guitarWideVibratoStroke", Vibrato::Wide, true},
+};
+
+Wave waveOf(std::string_view glyph)
+{
+    for (const auto &wave : waves)
+        if (wave.glyph == glyph)
+            return wave;
+    const bool isWide = glyph.find("Wide") != glyph.npos || glyph.find("Large") != glyph.npos;
+    return {glyph, isWide ? Vibrato::Wide : Vibrato::Slight, false};
+}
+
+} // namespace
+
+bool BeatLinks::add(Tag tag, pugi::xml_node node, const NotePlace &place)
+{
+    if (tag != Tag::Tremolo && tag != Tag::WavyLine)
+        return false;
+    auto &matcher = tag == Tag::Tremolo ? _tremolos : _waves;
+    if (!place.note || !matcher.add({tag, node.attribute("number").as_int(1), place, node}))
+        _context.addUnheld(node, tag);
+    return true;
+}
+
+void BeatLinks::finishPart(const StaffBars &staves)
+{
+    const auto set = [&](SpanMatcher &matcher, auto setOne) {
+        if (matcher.isEmpty())
+            return;
+        for (const auto &span : matcher.finish()) {
+            const auto &begin = span.begin.place;
+            if (begin.isInLineOf(span.end.place))
+                (this->*setOne)(span, staves[static_cast<std::size_t>(begin.staff)]);
+            else
+                leaveOut(span, " to another voice was left out");
+        }
+    };
+    set(_tremolos, &BeatLinks::setTremolo);
+    set(_waves, &BeatLinks::setWave);
+}
+
+void BeatLinks::setTremolo(const SpanMatcher::Span &span, const Staff::Bars &bars)
+{
+    constexpr int mostStrokes = 4;
+    const auto &begin = span.begin.place;
+    const int strokes = _context.integer(span.begin.node, mostStrokes);
+    int bar = begin.bar;
+    unsigned index = begin.index;
+    const auto *next = VoiceSlotLine(bars, begin.slot).next(bar, index);
+    if (next != span.end.place.beat || strokes < 1)
+        return leaveOut(span, " that does not lead to the next note was left out");
+    if (!(next->rhythmValue() == begin.beat->rhythmValue()))
+        return leaveOut(span, " between notes of different values was left out");
+    if (strokes > mostStrokes)
+        _context.addProblemInBar(begin.bar, span.begin.node,
+                                 "a tremolo of more than 4 strokes got 4");
+    begin.beat->setTremoloToNext(static_cast<unsigned>(std::min(strokes, mostStrokes)));
+    begin.beat->setTremolo(0);
+}
+
+/// The line of a trill goes as far as the note is held; behind it are notes that are not trilled.
+void BeatLinks::setWave(const SpanMatcher::Span &span, const Staff::Bars &bars)
+{
+    const auto &begin = span.begin.place;
+    const auto trill = begin.note->trill();
+    if (trill.interval != 0 || span.begin.node.parent().child(tagName(Tag::TrillMark))) {
+        VoiceSlotLine(bars, begin.slot).visit(begin, span.end.place, [&](Beat &beat) {
+            for (const auto &note : beat.notes())
+                if (note->isTied() && note->midi() == begin.note->midi())
+                    note->setTrill(trill);
+        });
+        return;
+    }
+    const auto wave = waveOf(span.begin.node.attribute("smufl").value());
+    const bool isHeld =
+        VoiceSlotLine(bars, begin.slot).visit(begin, span.end.place, [&](Beat &beat) {
+            if (wave.isOfBar)
+                beat.setBarVibrato(wave.vibrato);
+            else
+                for (const auto &note : beat.notes())
+                    note->setVibrato(wave.vibrato);
+        });
+    if (!isHeld)
+        leaveOut(span, " over bars without notes was left out");
+}
+
+void BeatLinks::leaveOut(const SpanMatcher::Span &span, const char *what)
+{
+    _context.addUnheld(span.begin.node, span.begin.tag);
+    _context.addUnheld(span.end.node, span.end.tag);
+    _context.addProblemInBar(span.begin.place.bar, span.begin.node,
+                             std::string("a ") + tagName(span.begin.tag) + what);
+}
+
+} // namespace zarn::io

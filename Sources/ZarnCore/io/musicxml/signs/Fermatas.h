@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/ZarnTypesNotation.h>
+
+#include <pugixml.hpp>
+
+namespace zarn::io {
+
+/// What a <fermata> says by its shape.
+Fermata fermataOf(pugi::xml_node fermata);
+
+} // namespace zarn::io

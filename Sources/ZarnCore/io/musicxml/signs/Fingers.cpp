@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/musicxml/signs/Fingers.h>
+
+#include <ZarnCore/io/musicxml/ImportContext.h>
+
+#include <algorithm>
+#include <iterator>
+#include <string>
+
+namespace zarn::io {
+
+namespace {
+
+constexpr int fingers = 5;
+
+/// By the number that is written, on strings and on keys.
+constexpr Fingering onStrings[] = {Fingering::Open, Fingering::Index, Fingering::Middle,
+                                   Fingering::Annular, Fingering::Little};
+constexpr Fingering onKeys[] = {Fingering::None,   Fingering::Thumb,   Fingering::Index,
+                                Fingering::Middle, Fingering::Annular, Fingering::Little};
+
+constexpr const char *thumb = "T";
+
+} // namespace
+
+void Fingers::add(pugi::xml_node fingering, const NotePlace &place)
+{
+    const std::string text = fingering.child_value();
+    const auto finger = parseInteger(text.c_str());
+    if (!place.note || (text != thumb && !(finger && *finger >= 0 && *finger <= fingers))) {
+        _context.addUnheld(fingering, Tag::Fingering);
+        return;
+    }
+    if (!_numbered.empty() && _numbered.back().note == place.note) {
+        _context.addUnheld(fingering, Tag::Fingering);
+        _context.addProblemInBar(place.bar, fingering, "a second fingering of a note was left out");
+        return;
+    }
+    if (text == thumb)
+        place.note->setLeftFingering(Fingering::Thumb);
+    else
+        _numbered.push_back({place.note, *finger});
+}
+
+void Fingers::finishPart(const StaffBars &staves)
+{
+    const bool hasFrets =
+        std::any_of(_numbered.begin(), _numbered.end(),
+                    [](const Numbered &numbered) { return numbered.note->fret() != Note::Unset; });
+    const bool hasFifth =
+        std::any_of(_numbered.begin(), _numbered.end(),
+                    [](const Numbered &numbered) { return numbered.finger == fingers; });
+    const bool areKeys = !hasFrets && (hasFifth || staves.size() > 1);
+    for (const auto &[note, finger] : _numbered) {
+        const auto at = static_cast<std::size_t>(finger);
+        note->setLeftFingering(areKeys || at >= std::size(onStrings) ? onKeys[at] : onStrings[at]);
+    }
+    _numbered.clear();
+}
+
+} // namespace zarn::io

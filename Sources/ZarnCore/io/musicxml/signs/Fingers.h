@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/io/musicxml/signs/NotePlace.h>
+
+#include <pugixml.hpp>
+
+#include <vector>
+
+namespace zarn::io {
+
+class ImportContext;
+
+/// Gives notes the fingers that <fingering> numbers. On strings 1 is the index finger, on keys the
+/// thumb: what is played is known when the part has been read.
+class Fingers {
+public:
+    explicit Fingers(ImportContext &context) : _context(context) { }
+
+    void add(pugi::xml_node fingering, const NotePlace &place);
+
+    /// Strings have no fifth finger: where one is written, or music on two staves, there are keys.
+    void finishPart(const StaffBars &staves);
+
+private:
+    struct Numbered {
+        Note *note;
+        int finger;
+    };
+
+    ImportContext &_context;
+    std::vector<Numbered> _numbered;
+};
+
+} // namespace zarn::io

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/io/musicxml/signs/SpanMatcher.h>
+
+namespace zarn::io {
+
+/// Puts the hairpins of a part over its beats: one is a run of beats of a voice.
+class Hairpins {
+public:
+    explicit Hairpins(ImportContext &context) : _context(context), _matcher(context) { }
+
+    /// A <wedge> at a time; the place has no beat.
+    void add(pugi::xml_node wedge, const NotePlace &place);
+
+    void finishPart(const StaffBars &staves);
+
+private:
+    void set(const SpanMatcher::Span &span, const Staff::Bars &bars);
+
+    ImportContext &_context;
+    SpanMatcher _matcher;
+};
+
+} // namespace zarn::io

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/musicxml/signs/NoteLinks.h>
+
+#include <ZarnCore/io/musicxml/ImportContext.h>
+
+#include <string>
+
+namespace zarn::io {
+
+namespace {
+
+bool isLegato(Tag tag)
+{
+    return tag == Tag::HammerOn || tag == Tag::PullOff;
+}
+
+/// The note of the string where it is known, else of the place in the chord.
+const Note *partnerOf(const Note &note, const Beat &beat)
+{
+    if (note.string() != Note::Unset)
+        return beat.noteOnString(note.string()).get();
+    return beat.notes().empty() ? nullptr : beat.notes().front().get();
+}
+
+/// The note of the next beat that has one on the string; null when there is none.
+const Note *nextOf(const NotePlace &place, const Staff::Bars &bars)
+{
+    const VoiceSlotLine line(bars, place.slot);
+    int bar = place.bar;
+    unsigned index = place.index;
+    while (const auto *beat = line.next(bar, index)) {
+        if (const auto *note = partnerOf(*place.note, *beat))
+            return note;
+        if (bar > place.bar + 1)
+            break;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+bool NoteLinks::add(Tag tag, pugi::xml_node node, const NotePlace &place)
+{
+    if (!isLegato(tag) && tag != Tag::Slide && tag != Tag::Glissando)
+        return false;
+    auto &matcher = isLegato(tag) ? _legato : _slides;
+    if (!place.note || !matcher.add({tag, node.attribute("number").as_int(1), place, node}))
+        _context.addUnheld(node, tag);
+    return true;
+}
+
+void NoteLinks::finishPart(const StaffBars &staves)
+{
+    if (!_slides.isEmpty()) {
+        for (const auto &end : _slides.takeEnds()) {
+            end.place.note->setSlideIn(SlideIn::FromBelow);
+            _context.addProblemInBar(end.place.bar, end.node,
+                                     "a slide that begins at no note was read as one from below");
+        }
+        for (const auto &span : _slides.finish())
+            link(span, staves);
+    }
+    if (!_legato.isEmpty())
+        for (const auto &span : _legato.finish())
+            link(span, staves);
+}
+
+void NoteLinks::link(const SpanMatcher::Span &span, const StaffBars &staves)
+{
+    const auto &begin = span.begin.place;
+    const auto &end = span.end.place;
+    if (!begin.isInLineOf(end)) {
+        leaveOut(span, " to another voice was left out");
+        return;
+    }
+    auto &note = *begin.note;
+    if (!isLegato(span.begin.tag)) {
+        note.setSlideOut(begin.beat->isSlurredToNext() ? SlideOut::Legato : SlideOut::Shift);
+        if (span.begin.tag == Tag::Glissando)
+            _context.addProblemInBar(begin.bar, span.begin.node, "a glissando was read as a slide");
+        return;
+    }
+    const auto *next = nextOf(begin, staves[static_cast<std::size_t>(begin.staff)]);
+    if (!next || next->midi() == note.midi())
+        leaveOut(span, " without another fret of its string to lead to was left out");
+    else
+        note.setHopo(true);
+}
+
+void NoteLinks::leaveOut(const SpanMatcher::Span &span, const char *why)
+{
+    _context.addUnheld(span.begin.node, span.begin.tag);
+    _context.addUnheld(span.end.node, span.end.tag);
+    _context.addProblemInBar(span.begin.place.bar, span.begin.node,
+                             std::string("a ") + tagName(span.begin.tag) + why);
+}
+
+} // namespace zarn::io

@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/musicxml/signs/Slurs.h>
+
+#include <ZarnCore/io/musicxml/ImportContext.h>
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <tuple>
+#include <utility>
+
+namespace zarn::io {
+
+namespace {
+
+auto lineOf(const NotePlace &place)
+{
+    return std::make_tuple(place.staff, place.slot);
+}
+
+/// Adds an end to those of a beat, which has ends before beginnings.
+void addEnd(Beat &beat, unsigned number, bool isBegin)
+{
+    auto ends = beat.slurEnds();
+    const SlurEnd end = {static_cast<std::uint8_t>(number), isBegin};
+    const auto at = isBegin ? ends.end()
+                            : std::find_if(ends.begin(), ends.end(),
+                                           [](const SlurEnd &other) { return other.isBegin; });
+    ends.insert(at, end);
+    beat.setSlurEnds(ends);
+}
+
+} // namespace
+
+void Slurs::add(pugi::xml_node slur, const NotePlace &place)
+{
+    if (!_matcher.add({Tag::Slur, slur.attribute("number").as_int(1), place, slur}))
+        _context.addUnheld(slur, Tag::Slur);
+}
+
+void Slurs::finishPart(const StaffBars &staves)
+{
+    if (_matcher.isEmpty())
+        return;
+    auto spans = _matcher.finish();
+    // The longest of those that begin together comes first, and so does what is around others.
+    std::stable_sort(spans.begin(), spans.end(), [](const Span &left, const Span &right) {
+        const auto &a = left.begin.place;
+        const auto &b = right.begin.place;
+        return std::make_tuple(lineOf(a), a.inLine(), right.end.place.inLine())
+            < std::make_tuple(lineOf(b), b.inLine(), left.end.place.inLine());
+    });
+    std::vector<Span> left;
+    const Span *last = nullptr; // of the outermost ones
+    for (const auto &span : spans) {
+        const auto &begin = span.begin.place;
+        const bool isBehind = !last || !last->end.place.isInLineOf(begin)
+            || last->end.place.inLine() <= begin.inLine();
+        if (begin.isInLineOf(span.end.place) && isBehind
+            && markOutermost(span, staves[static_cast<std::size_t>(begin.staff)]))
+            last = &span;
+        else
+            left.push_back(span);
+    }
+    number(left);
+}
+
+/// Marks the joints between the beats under a slur; false when beats in between are missing.
+bool Slurs::markOutermost(const Span &span, const Staff::Bars &bars)
+{
+    const auto &begin = span.begin.place;
+    const auto &end = span.end.place;
+    const bool isHeld = VoiceSlotLine(bars, begin.slot).visit(begin, end, [&](Beat &beat) {
+        if (&beat != begin.beat)
+            beat.setSlurredToPrevious(true);
+        if (&beat != end.beat)
+            beat.setSlurredToNext(true);
+    });
+    if (isHeld && begin.beat->isSlurredToPrevious())
+        begin.beat->setSlurBegins(true);
+    return isHeld;
+}
+
+/// Gives each slur the lowest number that is free while it lasts. A number is taken again from the
+/// bar behind its last end on, or behind it in the same voice, so that it means the same in
+/// whatever order voices and staves are read.
+void Slurs::number(std::vector<Span> &spans)
+{
+    std::stable_sort(spans.begin(), spans.end(), [](const Span &left, const Span &right) {
+        return left.begin.place.inTime() < right.begin.place.inTime();
+    });
+    std::array<const NotePlace *, SlurEnd::HighestNumber> ends = {};
+    for (const auto &span : spans) {
+        const auto &begin = span.begin.place;
+        const auto isFree = [&](const NotePlace *end) {
+            return !end || end->bar < begin.bar
+                || (end->isInLineOf(begin) && end->inLine() <= begin.inLine());
+        };
+        const auto found = std::find_if(ends.begin(), ends.end(), isFree);
+        if (found == ends.end()) {
+            _context.addUnheld(span.begin.node, Tag::Slur);
+            _context.addUnheld(span.end.node, Tag::Slur);
+            _context.addProblemInBar(begin.bar, span.begin.node,
+                                     "more slurs than can be told apart begin before others end; "
+                                     "this one was left out");
+            continue;
+        }
+        *found = &span.end.place;
+        const auto number = static_cast<unsigned>(found - ends.begin()) + 1;
+        addEnd(*begin.beat, number, true);
+        addEnd(*span.end.place.beat, number, false);
+    }
+}
+
+} // namespace zarn::io
