@@ -139,7 +139,7 @@ TEST(MusicXmlSigns, temposKeepTheirUnitAndWordsStandAtTheirBeats)
     EXPECT_EQ(voice->beat(0)->dynamic(), zarn::NoteDynamic::Value::MP);
     EXPECT_EQ(voice->beat(0)->text(), "");
     EXPECT_EQ(voice->beat(1)->text(), "dolce");
-    EXPECT_EQ(report.unheld().at("sfz"), 1u);
+    EXPECT_EQ(voice->beat(1)->attackDynamic(), zarn::AttackDynamic::Sfz);
     EXPECT_EQ(model->masterTrack()->masterBar(0)->section().letter, "A");
 }
 
@@ -261,8 +261,8 @@ TEST(MusicXmlSigns, notesKeepTiesGracesDrumsAndWhatElseTheTreeHolds)
     EXPECT_TRUE(report.hasProblem("microtone"));
     EXPECT_EQ(voice->beat(4)->note(0)->midi(), 38);
     EXPECT_EQ(voice->beat(4)->note(0)->staffLine(), 5);
-    for (const char *name : {"slur", "staccato", "accent", "lyric"})
-        EXPECT_EQ(report.unheld().count(name), 1u) << name;
+    EXPECT_EQ(report.unheld(), (std::map<std::string, std::uint32_t>{{"slur", 1}}))
+        << "which nothing ends";
 }
 
 TEST(MusicXmlSigns, ottavasStandOverTheBeatsBetweenTheirEnds)

@@ -144,7 +144,7 @@ void DirectionReader::readDynamics(pugi::xml_node node, const rational &position
             letter =
                 letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
         const int value = name == "NONE" ? -1 : NoteDynamic::stringToInt(name);
-        const auto attack = value > 0 ? AttackDynamic::None : attackDynamicFromString(name);
+        const auto attack = value > 0 ? AttackDynamic::None : attackDynamicFromString(child.name());
         const std::string_view words = child.child_value();
         if (attack != AttackDynamic::None)
             measure.marks.push_back(

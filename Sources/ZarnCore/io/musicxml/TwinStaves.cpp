@@ -3,6 +3,7 @@
 
 #include <ZarnCore/io/ZarnSourceTally.h>
 #include <ZarnCore/io/musicxml/ImportContext.h>
+#include <ZarnCore/model/ZarnBeatAttribute.h>
 
 #include <algorithm>
 #include <functional>
@@ -21,6 +22,29 @@ constexpr int octaves[] = {0, 12, -12};
 bool isFingered(const Note &note)
 {
     return note.string() != Note::Unset && note.fret() != Note::Unset;
+}
+
+/// What a staff of notes has of its own: how its beats are drawn, and where they are.
+constexpr BeatAttributeSet ofTheNotes = {
+    BeatAttribute::Rhythm,          BeatAttribute::GraceType, BeatAttribute::SlashedGrace,
+    BeatAttribute::PlaceHolder,     BeatAttribute::Ottavia,   BeatAttribute::WholeBarRest,
+    BeatAttribute::Dynamic,         BeatAttribute::Text,      BeatAttribute::Chord,
+    BeatAttribute::StemOrientation, BeatAttribute::BeamMode,
+};
+
+constexpr BeatAttributeSet ofSlurs = {BeatAttribute::SlurredToNext,
+                                      BeatAttribute::SlurredToPrevious, BeatAttribute::SlurBegins,
+                                      BeatAttribute::SlurEnds};
+
+bool hasSlurs(const Staff::Bars &bars)
+{
+    for (const auto &bar : bars)
+        for (const auto &voice : bar->voices())
+            if (voice)
+                for (const auto &beat : voice->beats())
+                    if (beat->isSlurredToNext() || !beat->slurEnds().empty())
+                        return true;
+    return false;
 }
 
 /// Takes all other notes out of a beat, which becomes a place holder without any.
@@ -178,6 +202,7 @@ bool TwinStaves::isTwin(std::size_t notes, std::size_t tablature)
 
 void TwinStaves::mergeStaff(std::size_t notes, std::size_t tablature)
 {
+    _hasSlurs = hasSlurs(_bars[notes]);
     for (std::size_t bar = 0; bar < _bars[notes].size(); ++bar)
         mergeBar(static_cast<int>(bar), *_bars[notes][bar], *_bars[tablature][bar]);
     auto &staff = _facts.staves[notes];
@@ -255,6 +280,12 @@ void TwinStaves::takeFrom(int number, const PlacedNote &own, const PlacedNote &t
     note.setTieOrigin(note.isTieOrigin() || other.isTieOrigin());
     note.setGhost(note.isGhost() || other.isGhost());
     note.setDead(note.isDead() || other.isDead());
+    if (!other.isCommon()) {
+        for (const auto &row : noteAttributes())
+            if (row.isDefault(note) && !row.isDefault(other))
+                row.set(note, row.get(other));
+        mendExclusions(*own.beat);
+    }
     if (own.beat->length() != twin.beat->length())
         tellOnce(number, "a note is longer or shorter than in its tablature; its own length holds");
     auto &merged = _tally.merged;
@@ -333,7 +364,8 @@ void TwinStaves::takeMarks(int number, const Bar &twin, const PlacedNotes &own)
             const auto at = onset;
             onset += beat->length();
             const bool hasDynamic = beat->dynamic() != NoteDynamic();
-            if (!hasDynamic && beat->text().empty() && beat->chordSymbol().empty())
+            if (!hasDynamic && beat->text().empty() && beat->chordSymbol().empty()
+                && beat->isCommon())
                 continue;
             auto &target = *nearest(own, {at, beat->isGrace(), 0, nullptr, beat})->beat;
             if (hasDynamic && target.dynamic() == NoteDynamic())
@@ -344,8 +376,23 @@ void TwinStaves::takeMarks(int number, const Bar &twin, const PlacedNotes &own)
                 target.setText(target.text() + (target.text().empty() ? "" : " ") + beat->text());
             if (target.chordSymbol().empty())
                 target.setChordSymbol(beat->chordSymbol());
+            takeAttributes(*beat, target);
         }
     }
+}
+
+/// Takes over what a beat of the tablature has and that of the notes has not. Slurs come from one
+/// of the two staves alone.
+void TwinStaves::takeAttributes(const Beat &twin, Beat &beat) const
+{
+    if (twin.isCommon())
+        return;
+    for (const auto &row : beatAttributes()) {
+        const bool isTaken = !ofTheNotes.has(row.id) && !(_hasSlurs && ofSlurs.has(row.id));
+        if (isTaken && row.isDefault(beat) && !row.isDefault(twin))
+            row.set(beat, row.get(twin));
+    }
+    mendExclusions(beat);
 }
 
 /// Rests of a tablature are those of its notes.

@@ -40,6 +40,7 @@ private:
     void takeFrom(int number, const PlacedNote &own, const PlacedNote &twin);
     void keepAlone(Bar &bar, Bar &twin, const PlacedNotes &own, const PlacedNotes &alone);
     void takeMarks(int number, const Bar &twin, const PlacedNotes &own);
+    void takeAttributes(const Beat &twin, Beat &beat) const;
     void countDropped(const Bar &twin);
     void dropStaff(std::size_t staff);
 
@@ -48,6 +49,7 @@ private:
     StaffBars &_bars;
     PartTally &_tally;
     std::vector<bool> _hasTwin; ///< by staff
+    bool _hasSlurs = false;     ///< the staff of the notes that is merged has slurs of its own
     int _octave = 0;            ///< semitones from the tablature's pitches to those of the notes
     std::map<std::string, int> _told; ///< the last bar of each text, counted from 1
 };

@@ -41,7 +41,7 @@ bool BeatLinks::add(Tag tag, pugi::xml_node node, const NotePlace &place)
     if (tag != Tag::Tremolo && tag != Tag::WavyLine)
         return false;
     auto &matcher = tag == Tag::Tremolo ? _tremolos : _waves;
-    if (!place.note || !matcher.add({tag, node.attribute("number").as_int(1), place, node}))
+    if (!matcher.add({tag, node.attribute("number").as_int(1), place, node}))
         _context.addUnheld(node, tag);
     return true;
 }
@@ -53,10 +53,10 @@ void BeatLinks::finishPart(const StaffBars &staves)
             return;
         for (const auto &span : matcher.finish()) {
             const auto &begin = span.begin.place;
-            if (begin.isInLineOf(span.end.place))
+            if (begin.note)
                 (this->*setOne)(span, staves[static_cast<std::size_t>(begin.staff)]);
             else
-                leaveOut(span, " to another voice was left out");
+                leaveOut(span, " that begins at a rest was left out");
         }
     };
     set(_tremolos, &BeatLinks::setTremolo);
@@ -83,29 +83,32 @@ void BeatLinks::setTremolo(const SpanMatcher::Span &span, const Staff::Bars &bar
 }
 
 /// The line of a trill goes as far as the note is held; behind it are notes that are not trilled.
+/// It may end in another voice, or at a rest.
 void BeatLinks::setWave(const SpanMatcher::Span &span, const Staff::Bars &bars)
 {
     const auto &begin = span.begin.place;
+    const VoiceSlotLine line(bars, begin.slot);
+    const bool isInLine = begin.isInLineOf(span.end.place);
     const auto trill = begin.note->trill();
     if (trill.interval != 0 || span.begin.node.parent().child(tagName(Tag::TrillMark))) {
-        VoiceSlotLine(bars, begin.slot).visit(begin, span.end.place, [&](Beat &beat) {
-            for (const auto &note : beat.notes())
-                if (note->isTied() && note->midi() == begin.note->midi())
-                    note->setTrill(trill);
-        });
+        if (isInLine)
+            line.visit(begin, span.end.place, [&](Beat &beat) {
+                for (const auto &note : beat.notes())
+                    if (note->isTied() && note->midi() == begin.note->midi())
+                        note->setTrill(trill);
+            });
         return;
     }
     const auto wave = waveOf(span.begin.node.attribute("smufl").value());
-    const bool isHeld =
-        VoiceSlotLine(bars, begin.slot).visit(begin, span.end.place, [&](Beat &beat) {
-            if (wave.isOfBar)
-                beat.setBarVibrato(wave.vibrato);
-            else
-                for (const auto &note : beat.notes())
-                    note->setVibrato(wave.vibrato);
-        });
+    const bool isHeld = isInLine && line.visit(begin, span.end.place, [&](Beat &beat) {
+        if (wave.isOfBar)
+            beat.setBarVibrato(wave.vibrato);
+        else
+            for (const auto &note : beat.notes())
+                note->setVibrato(wave.vibrato);
+    });
     if (!isHeld)
-        leaveOut(span, " over bars without notes was left out");
+        leaveOut(span, " to another voice was left out");
 }
 
 void BeatLinks::leaveOut(const SpanMatcher::Span &span, const char *what)

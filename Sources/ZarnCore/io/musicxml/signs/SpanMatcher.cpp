@@ -43,7 +43,8 @@ bool SpanMatcher::mayBelong(const SpanEnd &begin, const SpanEnd &end) const
 {
     if (begin.number != end.number || (_names == Names::Apart && begin.tag != end.tag))
         return false;
-    if (begin.place.beat && begin.place.isInLineOf(end.place))
+    // A wavy line may lie over a single note.
+    if (begin.place.beat && begin.place.isInLineOf(end.place) && begin.tag != Tag::WavyLine)
         return begin.place.inLine() < end.place.inLine();
     return begin.place.inTime() <= end.place.inTime();
 }
