@@ -30,6 +30,12 @@ constexpr std::array<const char *, 7> FeelTexts = {
     "dotted 16ths (3:1)", "Scottish 8ths (1:3)", "Scottish 16ths (1:3)",
 };
 
+/// By `zarn::BarLine`.
+constexpr std::array<BarLine, 7> barLineStyles = {
+    BarLine::Single, BarLine::Dashed, BarLine::Dotted, BarLine::Heavy,
+    BarLine::Short,  BarLine::Short,  BarLine::None,
+};
+
 const ColumnKey BarStart{0, ColumnKey::Signature};
 
 /// Positions of automations are floating-point quarters; columns are exact.
@@ -129,6 +135,8 @@ void addBarLines(const MasterBar &bar, bool isLast, SheetBar &into)
         into.right = BarLine::Final;
     else if (bar.hasDoubleBar())
         into.right = BarLine::Double;
+    else
+        into.right = barLineStyles.at(static_cast<std::size_t>(bar.barLine()));
     if (bar.repeatCount() > 2)
         into.headings.push_back({{into.length, ColumnKey::Beat},
                                  QStringLiteral("x%1").arg(bar.repeatCount()),

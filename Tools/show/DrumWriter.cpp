@@ -54,30 +54,22 @@ DrumWriter::DrumWriter(Sheet &sheet, const Staff &staff, const QString &name, co
         lane(addLane(Lane::Kind::String, QStringLiteral("-"))).isOptional = false;
     for (unsigned voice = 1; voice < Bar::MaxVoices; ++voice)
         addRhythmLanes(voice, RhythmSide::Below);
-    addDynamicsLane();
+    addLanesBelow();
 }
 
-void DrumWriter::writeNotes(const Beat &beat, const ColumnKey &column, unsigned voice,
-                            SheetBar &into)
+void DrumWriter::writeNotes(const BeatPlace &place, SheetBar &into)
 {
-    for (const auto &note : beat.notes()) {
+    for (const auto &note : place.beat.notes()) {
         const DrumSound sound = drumSoundOf(*note);
         QString text = sound.letter;
         legend().use(text == QStringLiteral("o")       ? Legend::Sign::Drum
                          : text == QStringLiteral("x") ? Legend::Sign::CrossHead
                                                        : Legend::Sign::Bell);
-        if (note->isGhost()) {
-            legend().use(Legend::Sign::Ghost);
-            text = QStringLiteral("[%1]").arg(text);
-        }
-        if (note->isTied()) {
-            legend().use(Legend::Sign::Tied);
-            text = QStringLiteral("(%1)").arg(text);
-        }
+        text = signedText(text, *note, place);
         const int row = _lanes.at(sound.row);
-        const auto &cells = into.columns[column];
+        const auto &cells = into.columns[place.column];
         if (cells.count(row) == 0 || cells.at(row).text != text)
-            into.put(column, row, text, voice == 0 ? Ink::Note : Ink::SecondNote);
+            into.put(place.column, row, text, place.voice == 0 ? Ink::Note : Ink::SecondNote);
     }
 }
 

@@ -18,8 +18,7 @@ public:
                Legend &legend);
 
 private:
-    void writeNotes(const Beat &beat, const ColumnKey &column, unsigned voice,
-                    SheetBar &into) override;
+    void writeNotes(const BeatPlace &place, SheetBar &into) override;
 
     std::map<QString, int> _lanes; ///< by the name of the instrument
 };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "show/Glyphs.h"
 
+#include <cstdlib>
+
 namespace zarn::tool {
 
 const Glyphs &Glyphs::utf8()
@@ -22,6 +24,7 @@ const Glyphs &Glyphs::utf8()
         QStringLiteral("\u2669"),
         QStringLiteral("half"),
         QStringLiteral("\u266a"),
+        {QString(), QStringLiteral("\u00bc"), QStringLiteral("\u00bd"), QStringLiteral("\u00be")},
     };
     return glyphs;
 }
@@ -45,8 +48,17 @@ const Glyphs &Glyphs::ascii()
         QStringLiteral("q"),
         QStringLiteral("h"),
         QStringLiteral("e"),
+        {QString(), QStringLiteral(".25"), QStringLiteral(".5"), QStringLiteral(".75")},
     };
     return glyphs;
+}
+
+QString Glyphs::tones(int quarterTones) const
+{
+    const int size = std::abs(quarterTones);
+    const QString sign = quarterTones < 0 ? QStringLiteral("-") : QString();
+    const QString whole = size >= 4 || size == 0 ? QString::number(size / 4) : QString();
+    return sign + whole + quarters.at(static_cast<std::size_t>(size % 4));
 }
 
 } // namespace zarn::tool

@@ -3,7 +3,15 @@
 
 #include <QString>
 
+#include <array>
+
 namespace zarn::tool {
+
+/// One sign in both sets of characters.
+struct Glyph {
+    const char *utf8;
+    const char *ascii;
+};
 
 /// The characters that a picture is drawn with.
 struct Glyphs {
@@ -24,8 +32,19 @@ struct Glyphs {
     QString halfNote;
     QString eighthNote;
 
+    std::array<QString, 4> quarters; ///< behind a whole number: nothing, 1/4, 1/2, 3/4
+
     static const Glyphs &utf8();
     static const Glyphs &ascii();
+
+    QString of(const Glyph &glyph) const
+    {
+        return QString::fromUtf8(isUtf8 ? glyph.utf8 : glyph.ascii);
+    }
+
+    /// Quarter-tones as whole tones: "1", "1\u00bd", "\u00bd", with a sign in front where it is
+    /// below 0.
+    QString tones(int quarterTones) const;
 };
 
 } // namespace zarn::tool

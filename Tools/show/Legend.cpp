@@ -14,8 +14,6 @@ constexpr const char *SignTexts[] = {
     "r rest",
     "rest whole bar",
     "g grace note",
-    "(7) tied",
-    "[7] ghost note",
     "x dead note",
     "7' 7'' voices 2, 3",
     "7/5 two voices",
@@ -37,6 +35,12 @@ void Legend::use(const RhythmValue &rhythm)
         use(Sign::Dot);
 }
 
+void Legend::use(const QString &explanation)
+{
+    if (!_explanations.contains(explanation))
+        _explanations.append(explanation);
+}
+
 QStringList Legend::texts() const
 {
     QStringList texts;
@@ -45,7 +49,7 @@ QStringList Legend::texts() const
                                                  QLatin1String(rhythmLetters()[value].name)));
     for (const Sign sign : _signs)
         texts.append(QLatin1String(SignTexts[static_cast<std::size_t>(sign)]));
-    return texts;
+    return texts + _explanations;
 }
 
 } // namespace zarn::tool

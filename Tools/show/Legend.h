@@ -18,8 +18,6 @@ public:
         Rest,
         WholeBarRest,
         Grace,
-        Tied,
-        Ghost,
         Dead,
         OtherVoice,
         SharedString,
@@ -35,12 +33,16 @@ public:
     void use(Sign sign) { _signs.insert(sign); }
     void use(const RhythmValue &rhythm);
 
+    /// A sign with its meaning, such as "T tapped".
+    void use(const QString &explanation);
+
     /// "q quarter", ". dotted" and so on.
     QStringList texts() const;
 
 private:
     std::set<int> _noteValues;
     std::set<Sign> _signs;
+    QStringList _explanations; ///< in the order in which the music needs them
 };
 
 } // namespace zarn::tool

@@ -42,7 +42,7 @@ NoteNameWriter::NoteNameWriter(Sheet &sheet, const Staff &staff, const QString &
             lane(added).hasRepeatDots = voice == 0 && i == 0;
         }
     }
-    addDynamicsLane();
+    addLanesBelow();
 }
 
 void NoteNameWriter::beginBar(const Bar &bar)
@@ -50,16 +50,15 @@ void NoteNameWriter::beginBar(const Bar &bar)
     _pitch = SoundingPitch(bar);
 }
 
-void NoteNameWriter::writeNotes(const Beat &beat, const ColumnKey &column, unsigned voice,
-                                SheetBar &into)
+void NoteNameWriter::writeNotes(const BeatPlace &place, SheetBar &into)
 {
     std::vector<const Note *> notes;
-    for (const auto &note : beat.notes())
+    for (const auto &note : place.beat.notes())
         notes.push_back(note.get());
     std::stable_sort(notes.begin(), notes.end(),
                      [](const Note *a, const Note *b) { return a->midi() > b->midi(); });
     const Signs signs = glyphs().isUtf8 ? Signs::Symbols : Signs::Letters;
-    int row = _topLanes[voice];
+    int row = _topLanes.at(place.voice);
     for (const Note *const note : notes) {
         QString text = QStringLiteral("?");
         if (note->isDead()) {
@@ -67,19 +66,18 @@ void NoteNameWriter::writeNotes(const Beat &beat, const ColumnKey &column, unsig
             text = QStringLiteral("x");
         } else if (note->midi() >= 0) {
             text = _pitch.text(*note, signs);
-        }
-        if (note->isGhost()) {
-            legend().use(Legend::Sign::Ghost);
-            text = QStringLiteral("[%1]").arg(text);
-        }
-        if (note->isTied()) {
-            legend().use(Legend::Sign::Tied);
-            text = QStringLiteral("(%1)").arg(text);
-        }
-        if (text == QStringLiteral("?"))
+        } else {
             legend().use(Legend::Sign::NoPitch);
-        into.put(column, row++, text, voice == 0 ? Ink::Note : Ink::SecondNote);
+        }
+        text = signedText(text, *note, place);
+        into.put(place.column, row++, text, place.voice == 0 ? Ink::Note : Ink::SecondNote);
     }
+}
+
+void NoteNameWriter::writeDeadSlap(const BeatPlace &place, SheetBar &into)
+{
+    legend().use(Legend::Sign::Dead);
+    into.put(place.column, _topLanes.at(place.voice), QStringLiteral("x"), Ink::Note);
 }
 
 } // namespace zarn::tool

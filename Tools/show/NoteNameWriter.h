@@ -20,8 +20,8 @@ public:
                    Legend &legend);
 
 private:
-    void writeNotes(const Beat &beat, const ColumnKey &column, unsigned voice,
-                    SheetBar &into) override;
+    void writeNotes(const BeatPlace &place, SheetBar &into) override;
+    void writeDeadSlap(const BeatPlace &place, SheetBar &into) override;
     void beginBar(const Bar &bar) override;
 
     std::array<int, Bar::MaxVoices> _topLanes = {};

@@ -19,6 +19,7 @@ namespace zarn::tool {
 /// from the start of the bar, and the order of what shares the moment.
 struct ColumnKey {
     static constexpr int Signature = INT_MIN; ///< in front of everything
+    static constexpr int BarEnd = INT_MAX;    ///< behind everything
     static constexpr int Beat = 0;            ///< grace notes before it count from -1 downwards
 
     utils::rational onset;
@@ -47,7 +48,11 @@ struct Lane {
     int staff = 0;          ///< index in `Sheet::staves`
     bool isOptional = true; ///< left out of systems where nothing stands on it
     bool hasRepeatDots = false;
-    bool isFloating = false; ///< words that take no room and stand above each other
+
+    /// Holds stretches, in as many rows as they need to pass each other; the first one is next to
+    /// the notes.
+    enum class Stacking : std::uint8_t { None, Upwards, Downwards };
+    Stacking stacking = Stacking::None;
 };
 
 struct Cell {
@@ -63,6 +68,34 @@ struct Span {
     QString text;
 };
 
+/// Words in a stacked lane, or a line over some time: a slur, a hairpin, "let ring" with its
+/// dashes. They take no room between the columns. What goes on over a bar line has a piece in each
+/// bar.
+struct Stretch {
+    enum class Style : std::uint8_t {
+        Words,   ///< no line
+        Dashes,  ///< from the words to a stroke at the last column
+        Wave,    ///< from the words up to the next column
+        Slur,    ///< from column to column
+        Opening, ///< a crescendo, up to the next column
+        Closing, ///< a decrescendo, the same
+        Pedal,   ///< until it is lifted at the last column
+        PedalToChange,
+    };
+
+    int lane = 0;
+    Style style = Style::Words;
+    QString words;
+    ColumnKey first;
+    ColumnKey last; ///< included
+    Ink ink = Ink::Plain;
+    int inset = 0; ///< columns that are left free at its beginning
+
+    int run = 0; ///< the same number for all pieces
+    bool begins = true;
+    bool ends = true;
+};
+
 /// A text over a column that may reach over what follows it, and moves up when there is no room.
 struct Heading {
     ColumnKey at;
@@ -70,7 +103,19 @@ struct Heading {
     Ink ink = Ink::Heading;
 };
 
-enum class BarLine : std::uint8_t { Single, Double, RepeatStart, RepeatEnd, RepeatBoth, Final };
+enum class BarLine : std::uint8_t {
+    Single,
+    Double,
+    RepeatStart,
+    RepeatEnd,
+    RepeatBoth,
+    Final,
+    Dashed,
+    Dotted,
+    Heavy,
+    Short,
+    None,
+};
 
 /// An alternate ending drawn over its bars.
 struct EndingMark {
@@ -85,6 +130,7 @@ struct SheetBar {
     utils::rational length; ///< in quarters, for the room behind the last column
     std::map<ColumnKey, std::map<int, Cell>> columns;
     std::vector<Span> spans;
+    std::vector<Stretch> stretches;
     std::vector<Heading> headings;
     EndingMark ending;
     BarLine left = BarLine::Single; ///< joined with the bar line before by the layout
@@ -108,6 +154,7 @@ struct Sheet {
     std::vector<SheetStaff> staves;
     std::vector<Lane> lanes; ///< from top to bottom, the lanes of a staff together
     std::vector<SheetBar> bars;
+    int runCount = 0; ///< of stretches
 };
 
 } // namespace zarn::tool

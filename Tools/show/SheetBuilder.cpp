@@ -73,7 +73,7 @@ Sheet buildSheet(const ScoreModel &model, const ShownPart &part, const Glyphs &g
             staves.push_back({staff.get(), writerFor(*track, *staff, sheet, glyphs, legend)});
             StaffWriter &writer = *staves.back().writer;
             if (staves.size() > first + 1)
-                writer.shareChordSymbols(*staves[first].writer);
+                writer.joinTrackOf(*staves[first].writer);
             if (part.voice)
                 writer.showOnlyVoice(*part.voice);
         }
@@ -92,10 +92,13 @@ Sheet buildSheet(const ScoreModel &model, const ShownPart &part, const Glyphs &g
             if (showsTimeSignature(master, index, isFirst))
                 shown.writer->writeTimeSignature(master.masterBars()[index]->timeSignature(), bar);
             if (index < shown.staff->barCount())
-                shown.writer->writeBar(*shown.staff->bars()[index], bar);
+                shown.writer->writeBar(*shown.staff->bars()[index], *master.masterBars()[index],
+                                       bar);
         }
         sheet.bars.push_back(std::move(bar));
     }
+    for (const ShownStaff &shown : staves)
+        shown.writer->finish();
     return sheet;
 }
 

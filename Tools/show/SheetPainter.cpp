@@ -3,6 +3,7 @@
 
 #include "show/Glyphs.h"
 #include "show/HeadingRows.h"
+#include "show/StretchRows.h"
 #include "show/Systems.h"
 
 #include <algorithm>
@@ -30,7 +31,7 @@ private:
     void paintSegment(CharacterRow &row, const Segment &segment, int lane) const;
     void paintSpan(CharacterRow &row, const Segment &segment, const Span &span) const;
     void paintBarLine(CharacterRow &row, int x, BarLine line, const Lane &lane) const;
-    void paintWords(std::vector<CharacterRow> &rows, int lane) const;
+    void paintStack(std::vector<CharacterRow> &rows, int lane) const;
 
     const Sheet &_sheet;
     const Glyphs &_glyphs;
@@ -48,6 +49,9 @@ bool SystemPainter::isShown(int lane) const
                 return true;
         for (const Span &span : segment.bar->spans)
             if (span.lane == lane)
+                return true;
+        for (const Stretch &stretch : segment.bar->stretches)
+            if (stretch.lane == lane)
                 return true;
     }
     return false;
@@ -67,8 +71,8 @@ void SystemPainter::paint(std::vector<CharacterRow> &rows) const
             staff = shown.staff;
             name = _sheet.staves[static_cast<std::size_t>(staff)].name;
         }
-        if (shown.isFloating) {
-            paintWords(rows, lane);
+        if (shown.stacking != Lane::Stacking::None) {
+            paintStack(rows, lane);
         } else if (shown.label.isEmpty()) {
             rows.push_back(paintLane(lane, name));
             name.clear();
@@ -96,7 +100,8 @@ void SystemPainter::paintSegment(CharacterRow &row, const Segment &segment, int 
     for (const PlacedColumn &column : segment.columns) {
         const auto cell = column.cells->find(laneIndex);
         if (cell != column.cells->end())
-            row.write(column.x, cell->second.text, cell->second.ink);
+            row.write(column.x, shortened(cell->second.text, column.width, _glyphs.isUtf8),
+                      cell->second.ink);
     }
     for (const Span &span : segment.bar->spans)
         if (span.lane == laneIndex)
@@ -109,17 +114,13 @@ void SystemPainter::paintSegment(CharacterRow &row, const Segment &segment, int 
         paintBarLine(row, segment.right, segment.after, lane);
 }
 
-/// Words over the staff: as many rows as they need.
-void SystemPainter::paintWords(std::vector<CharacterRow> &rows, int lane) const
+/// Words and lines over or under the staff: as many rows as they need.
+void SystemPainter::paintStack(std::vector<CharacterRow> &rows, int lane) const
 {
-    std::vector<CharacterRow> stack;
-    for (const Segment &segment : _system.segments)
-        for (const PlacedColumn &column : segment.columns) {
-            const auto cell = column.cells->find(lane);
-            if (cell != column.cells->end())
-                placeText(stack, column.x, cell->second.text, cell->second.ink, _width, _glyphs);
-        }
-    std::move(stack.rbegin(), stack.rend(), std::back_inserter(rows));
+    std::vector<CharacterRow> stack = paintStretches(_system, lane, _glyphs, _width);
+    if (_sheet.lanes[static_cast<std::size_t>(lane)].stacking == Lane::Stacking::Upwards)
+        std::reverse(stack.begin(), stack.end());
+    std::move(stack.begin(), stack.end(), std::back_inserter(rows));
 }
 
 /// A bracket that another system begins or goes on with is open at that end.
@@ -152,29 +153,7 @@ void SystemPainter::paintBarLine(CharacterRow &row, int x, BarLine line, const L
 {
     const QString gap = lane.kind == Lane::Kind::String ? _glyphs.string : QStringLiteral(" ");
     const QString dot = lane.hasRepeatDots ? _glyphs.repeatDot : gap;
-    const QString &heavy = _glyphs.heavyBarLine;
-    QString text;
-    switch (line) {
-    case BarLine::Single:
-        text = _glyphs.barLine;
-        break;
-    case BarLine::Double:
-        text = _glyphs.doubleBarLine;
-        break;
-    case BarLine::RepeatStart:
-        text = heavy + dot;
-        break;
-    case BarLine::RepeatEnd:
-        text = dot + heavy;
-        break;
-    case BarLine::RepeatBoth:
-        text = dot + heavy + dot;
-        break;
-    case BarLine::Final:
-        text = (_glyphs.isUtf8 ? _glyphs.barLine : QString()) + heavy;
-        break;
-    }
-    row.write(x, text, Ink::Line);
+    row.write(x, barLineText(line, _glyphs, gap, dot), Ink::Line);
 }
 
 int labelWidth(const Sheet &sheet)

@@ -143,8 +143,10 @@ Subcommand showCommand()
         QStringLiteral(
             "Fretted tracks are shown as tablature, drums as a grid, all others as note names\n"
             "under letters for their rhythm. Pitches and keys are named as they sound, C4 being\n"
-            "middle C; \"zarn edit\" takes them by the same names. Bars are counted from 1 and\n"
-            "line up in all tracks. - as FILE is standard input."),
+            "middle C; \"zarn edit\" takes them by the same names. How notes are played and\n"
+            "what is sung to them stands around, over and under them, and the signs in use are\n"
+            "explained below the music. Bars are counted from 1 and line up in all tracks. - as\n"
+            "FILE is standard input."),
         {{QStringLiteral("track"), QStringLiteral("t"), QStringLiteral("N"),
           QStringLiteral("Show one track, counted from 1.")},
          {QStringLiteral("voice"), QStringLiteral("v"), QStringLiteral("N"),

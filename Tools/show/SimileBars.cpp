@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "show/SimileBars.h"
 
+#include <ZarnCore/model/ZarnBeatAttribute.h>
 #include <ZarnCore/model/ZarnStaff.h>
 
 #include <algorithm>
@@ -8,18 +9,28 @@
 namespace zarn::tool {
 namespace {
 
+/// Whether all that is marked on a beat or note of the bar can be read in the one that it repeats.
+template <class Node>
+bool hasNoMarkOfItsOwn(const Node &node, const Node &repeated)
+{
+    const auto &rows = attributesOf<Node>();
+    return std::all_of(rows.begin(), rows.end(), [&](const auto &row) {
+        return row.isDefault(node) || row.get(node) == row.get(repeated);
+    });
+}
+
 bool playsTheSame(const Note &left, const Note &right)
 {
     return left.midi() == right.midi() && left.string() == right.string()
         && left.fret() == right.fret() && left.staffLine() == right.staffLine()
         && left.percussionArticulation() == right.percussionArticulation()
-        && left.isDead() == right.isDead();
+        && left.isDead() == right.isDead() && hasNoMarkOfItsOwn(left, right);
 }
 
 bool playsTheSame(const Beat &left, const Beat &right)
 {
     return left.rhythmValue() == right.rhythmValue() && left.graceType() == right.graceType()
-        && left.isPlaceHolder() == right.isPlaceHolder()
+        && left.isPlaceHolder() == right.isPlaceHolder() && hasNoMarkOfItsOwn(left, right)
         && std::equal(left.notes().begin(), left.notes().end(), right.notes().begin(),
                       right.notes().end(),
                       [](const auto &a, const auto &b) { return playsTheSame(*a, *b); });

@@ -2,10 +2,14 @@
 #include "show/StaffWriter.h"
 
 #include "common/Texts.h"
+#include "show/BeatSigns.h"
 #include "show/Glyphs.h"
 #include "show/Legend.h"
+#include "show/NoteSigns.h"
 #include "show/SimileBars.h"
 
+#include <ZarnCore/model/ZarnMasterBar.h>
+#include <ZarnCore/model/ZarnStaff.h>
 #include <ZarnCore/music/ZarnTimeSignature.h>
 
 namespace zarn::tool {
@@ -31,6 +35,16 @@ std::vector<ColumnKey> columnsOf(const Voice &voice)
     return columns;
 }
 
+/// The first beat of a voice in the next bar; null when there is none.
+const Beat *firstBeatBehind(const Bar &bar, unsigned voice)
+{
+    const auto staff = bar.parentStaff();
+    if (!staff || bar.index() + 1 >= staff->barCount())
+        return nullptr;
+    const auto &next = staff->bars()[bar.index() + 1]->voices()[voice];
+    return next && !next->beats().empty() ? next->beats().front().get() : nullptr;
+}
+
 } // namespace
 
 StaffWriter::~StaffWriter() = default;
@@ -39,9 +53,24 @@ StaffWriter::StaffWriter(Sheet &sheet, const QString &name, const Glyphs &glyphs
     : _sheet(sheet), _glyphs(glyphs), _legend(legend), _staff(static_cast<int>(sheet.staves.size()))
 {
     sheet.staves.push_back({name});
-    _textLane = addLane(Lane::Kind::Text);
-    lane(_textLane).isFloating = true;
+    OverStaff::Lanes lanes;
+    lanes.texts = addStack(Lane::Stacking::Upwards);
     _chordLane = addLane(Lane::Kind::Text);
+    lanes.techniques = addStack(Lane::Stacking::Upwards);
+    lanes.slurs = addStack(Lane::Stacking::Upwards);
+    _over.emplace(sheet, lanes, glyphs, legend);
+}
+
+void StaffWriter::showOnlyVoice(unsigned voice)
+{
+    _onlyVoice = voice;
+    _under->showOnlyVoice(voice);
+}
+
+void StaffWriter::joinTrackOf(const StaffWriter &other)
+{
+    _chordLane = other._chordLane;
+    _over->joinTrackOf(*other._over);
 }
 
 int StaffWriter::addLane(Lane::Kind kind, const QString &label)
@@ -52,6 +81,13 @@ int StaffWriter::addLane(Lane::Kind kind, const QString &label)
     added.staff = _staff;
     _sheet.lanes.push_back(added);
     return static_cast<int>(_sheet.lanes.size()) - 1;
+}
+
+int StaffWriter::addStack(Lane::Stacking stacking)
+{
+    const int added = addLane(Lane::Kind::Text);
+    lane(added).stacking = stacking;
+    return added;
 }
 
 Lane &StaffWriter::lane(int index) const
@@ -68,19 +104,32 @@ void StaffWriter::addRhythmLanes(unsigned voice, RhythmSide side)
         lanes.rhythm = addLane(Lane::Kind::Text, label);
         lane(lanes.rhythm).isOptional = voice != 0;
     };
-    if (side == RhythmSide::Below)
+    if (side == RhythmSide::Below) {
+        lanes.signs = addLane(Lane::Kind::Text);
         addRhythm();
+    }
     lanes.tuplet = addLane(Lane::Kind::Text);
     lanes.innerTuplet = addLane(Lane::Kind::Text);
     if (side == RhythmSide::Below)
         std::swap(lanes.tuplet, lanes.innerTuplet);
-    else
+    if (side == RhythmSide::Above) {
         addRhythm();
+        lanes.signs = addLane(Lane::Kind::Text);
+    }
 }
 
-void StaffWriter::addDynamicsLane()
+void StaffWriter::addLanesBelow()
 {
-    _dynamicsLane = addLane(Lane::Kind::Text);
+    UnderStaff::Lanes lanes;
+    lanes.rightHand = addLane(Lane::Kind::Text, QStringLiteral("r. hand"));
+    lanes.leftHand = addLane(Lane::Kind::Text, QStringLiteral("l. hand"));
+    for (unsigned line = 0; line < UnderStaff::lyricLines; ++line)
+        lanes.lyrics.at(line) = addLane(Lane::Kind::Text,
+                                        line == 0 ? QStringLiteral("lyrics")
+                                                  : QStringLiteral("verse %1").arg(line + 1));
+    lanes.dynamics = addStack(Lane::Stacking::Downwards);
+    lanes.pedal = addStack(Lane::Stacking::Downwards);
+    _under.emplace(_sheet, lanes, _glyphs, _legend);
 }
 
 void StaffWriter::writeTimeSignature(const TimeSignature &signature, SheetBar &into)
@@ -90,9 +139,10 @@ void StaffWriter::writeTimeSignature(const TimeSignature &signature, SheetBar &i
              Ink::Heading);
 }
 
-void StaffWriter::writeBar(const Bar &bar, SheetBar &into)
+void StaffWriter::writeBar(const Bar &bar, const MasterBar &column, SheetBar &into)
 {
     beginBar(bar);
+    _over->writeFermatas(column, into);
     if (isDrawnAsSimile(bar)) {
         const bool isSimple = bar.simileMark() == SimileMark::Simple;
         into.put({0, ColumnKey::Beat}, rhythmLane(0),
@@ -105,6 +155,8 @@ void StaffWriter::writeBar(const Bar &bar, SheetBar &into)
                 writeVoice(*held, voice, into);
     }
     endBar(into);
+    _over->endBar(into);
+    _under->endBar(into);
 }
 
 void StaffWriter::writeVoice(const Voice &voice, unsigned index, SheetBar &into)
@@ -115,7 +167,11 @@ void StaffWriter::writeVoice(const Voice &voice, unsigned index, SheetBar &into)
         const Beat &beat = *voice.beats()[i];
         if (beat.isPlaceHolder())
             continue;
-        writeBeat(beat, columns[i], index, into);
+        const auto bar = i + 1 < columns.size() ? nullptr : voice.parentBar();
+        const Beat *const next = i + 1 < columns.size() ? voice.beats()[i + 1].get()
+            : bar                                       ? firstBeatBehind(*bar, index)
+                                                        : nullptr;
+        writeBeat({beat, next, columns[i], index}, into);
         if (!beat.isGrace())
             timed.push_back({columns[i], &beat.rhythmValue()});
     }
@@ -126,13 +182,25 @@ void StaffWriter::writeVoice(const Voice &voice, unsigned index, SheetBar &into)
     addTupletSpans(timed, TupletLevel::Inner, _voices.at(index).innerTuplet, into.spans);
 }
 
-void StaffWriter::writeBeat(const Beat &beat, const ColumnKey &column, unsigned voice,
-                            SheetBar &into)
+void StaffWriter::writeBeat(const BeatPlace &place, SheetBar &into)
 {
-    into.put(column, rhythmLane(voice), rhythmOf(beat), Ink::Rhythm);
-    writeWords(beat, column, voice, into);
+    const Beat &beat = place.beat;
+    into.put(place.column, rhythmLane(place.voice), rhythmOf(beat), Ink::Rhythm);
+    const QString signs = signsOf(beat, _glyphs, _legend);
+    if (!signs.isEmpty())
+        into.put(place.column, _voices.at(place.voice).signs, signs, Ink::Rhythm);
+    writeChordSymbol(QString::fromStdString(beat.chordSymbol()), place.column, into);
+    _over->write(place, into);
+    _under->write(place, into);
     if (beat.hasNotes())
-        writeNotes(beat, column, voice, into);
+        writeNotes(place, into);
+    else if (beat.isDeadSlapped())
+        writeDeadSlap(place, into);
+}
+
+QString StaffWriter::signedText(const QString &text, const Note &note, const BeatPlace &place) const
+{
+    return withSigns(text, note, place.next, _glyphs, _legend);
 }
 
 /// A track has one line of chord symbols, over its first staff.
@@ -164,21 +232,6 @@ QString StaffWriter::rhythmOf(const Beat &beat) const
         return rhythm;
     _legend.use(Legend::Sign::Rest);
     return QLatin1Char('r') + rhythm;
-}
-
-void StaffWriter::writeWords(const Beat &beat, const ColumnKey &column, unsigned voice,
-                             SheetBar &into)
-{
-    writeChordSymbol(QString::fromStdString(beat.chordSymbol()), column, into);
-    const QString text = QString::fromStdString(beat.text()).simplified();
-    if (!text.isEmpty())
-        into.put(column, _textLane, text, Ink::Plain);
-    const QString dynamic = dynamicText(beat.dynamic());
-    if (_dynamicsLane < 0 || dynamic.isEmpty() || dynamic == _dynamics[voice])
-        return;
-    _dynamics[voice] = dynamic;
-    if (voice == 0 || _onlyVoice || dynamic != _dynamics[0])
-        into.put(column, _dynamicsLane, dynamic, Ink::Plain);
 }
 
 } // namespace zarn::tool

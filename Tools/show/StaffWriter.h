@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "show/Sheet.h"
+#include "show/BeatPlace.h"
+#include "show/OverStaff.h"
 #include "show/TupletSpans.h"
+#include "show/UnderStaff.h"
 
 #include <ZarnCore/model/ZarnBar.h>
 
@@ -11,7 +13,7 @@
 
 namespace zarn {
 
-class Beat;
+class MasterBar;
 class TimeSignature;
 class Voice;
 
@@ -21,7 +23,8 @@ struct Glyphs;
 class Legend;
 
 /// Writes the bars of one staff into the lanes that it adds to a sheet: rhythms, tuplets, chord
-/// symbols, texts and dynamics here, the notes themselves in the classes for each kind of staff.
+/// symbols and signs here, what stands over and under the staff by `OverStaff` and `UnderStaff`,
+/// the notes themselves in the classes for each kind of staff.
 class StaffWriter {
 public:
     virtual ~StaffWriter();
@@ -29,13 +32,17 @@ public:
     StaffWriter &operator=(const StaffWriter &) = delete;
 
     /// Leaves the other voices out.
-    void showOnlyVoice(unsigned voice) noexcept { _onlyVoice = voice; }
+    void showOnlyVoice(unsigned voice);
 
-    /// Puts the chord symbols of this staff where those of another staff of its track stand.
-    void shareChordSymbols(const StaffWriter &other) noexcept { _chordLane = other._chordLane; }
+    /// Puts the chord symbols of this staff where those of another staff of its track stand, and
+    /// matches slurs between the two.
+    void joinTrackOf(const StaffWriter &other);
 
     /// Bars are written in their order.
-    void writeBar(const Bar &bar, SheetBar &into);
+    void writeBar(const Bar &bar, const MasterBar &column, SheetBar &into);
+
+    /// When all bars are in the sheet.
+    void finish() { _over->finish(); }
 
     /// In front of the first beat, among the rhythms: on the strings it would look like frets.
     void writeTimeSignature(const TimeSignature &signature, SheetBar &into);
@@ -49,31 +56,37 @@ protected:
 
     /// Adds a lane below those that are there and returns its number.
     int addLane(Lane::Kind kind, const QString &label = QString());
+    int addStack(Lane::Stacking stacking);
     Lane &lane(int index) const;
 
     enum class RhythmSide { Above, Below };
 
-    /// Adds the rhythm and tuplet lanes of a voice, the tuplets on the outer side.
+    /// Adds the lanes of a voice: signs next to the notes, then its rhythm, then its tuplets.
     void addRhythmLanes(unsigned voice, RhythmSide side);
-    void addDynamicsLane();
+    void addLanesBelow();
     int rhythmLane(unsigned voice) const { return _voices.at(voice).rhythm; }
 
     /// One beat with notes.
-    virtual void writeNotes(const Beat &beat, const ColumnKey &column, unsigned voice,
-                            SheetBar &into) = 0;
+    virtual void writeNotes(const BeatPlace &place, SheetBar &into) = 0;
+
+    /// One beat on which all strings are slapped dead.
+    virtual void writeDeadSlap(const BeatPlace &, SheetBar &) { }
+
+    /// The text of a note with what stands around it.
+    QString signedText(const QString &text, const Note &note, const BeatPlace &place) const;
     virtual void beginBar(const Bar &) { }
     virtual void endBar(SheetBar &) { }
 
 private:
     struct VoiceLanes {
+        int signs = -1;
         int rhythm = -1;
         int tuplet = -1;
         int innerTuplet = -1;
     };
 
     void writeVoice(const Voice &voice, unsigned index, SheetBar &into);
-    void writeBeat(const Beat &beat, const ColumnKey &column, unsigned voice, SheetBar &into);
-    void writeWords(const Beat &beat, const ColumnKey &column, unsigned voice, SheetBar &into);
+    void writeBeat(const BeatPlace &place, SheetBar &into);
     void writeChordSymbol(const QString &symbol, const ColumnKey &column, SheetBar &into);
     QString rhythmOf(const Beat &beat) const;
 
@@ -81,12 +94,11 @@ private:
     const Glyphs &_glyphs;
     Legend &_legend;
     int _staff;
-    int _textLane;
-    int _chordLane;
-    int _dynamicsLane = -1;
+    int _chordLane = -1;
+    std::optional<OverStaff> _over;
+    std::optional<UnderStaff> _under;
     std::optional<unsigned> _onlyVoice;
     std::array<VoiceLanes, Bar::MaxVoices> _voices;
-    std::array<QString, Bar::MaxVoices> _dynamics; ///< in force, by voice
 };
 
 } // namespace tool

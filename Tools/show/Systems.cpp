@@ -47,19 +47,18 @@ struct MeasuredBar {
 
 class Measure {
 public:
-    Measure(const Sheet &sheet, const SheetBar &bar, Setting setting);
+    Measure(const SheetBar &bar, Setting setting);
 
     MeasuredBar result() && { return std::move(_result); }
 
 private:
-    int cellWidth(const std::map<int, Cell> &cells) const;
+    static int cellWidth(const std::map<int, Cell> &cells);
     int endOfSpans(const SheetBar &bar, const ColumnKey &last) const;
 
-    const Sheet &_sheet;
     MeasuredBar _result;
 };
 
-Measure::Measure(const Sheet &sheet, const SheetBar &bar, Setting setting) : _sheet(sheet)
+Measure::Measure(const SheetBar &bar, Setting setting)
 {
     int x = 1;
     for (auto it = bar.columns.begin(); it != bar.columns.end(); ++it) {
@@ -91,12 +90,11 @@ int Measure::endOfSpans(const SheetBar &bar, const ColumnKey &last) const
     return end;
 }
 
-int Measure::cellWidth(const std::map<int, Cell> &cells) const
+int Measure::cellWidth(const std::map<int, Cell> &cells)
 {
     int width = 0;
     for (const auto &[lane, cell] : cells)
-        if (!_sheet.lanes[static_cast<std::size_t>(lane)].isFloating)
-            width = std::max(width, displayWidth(cell.text));
+        width = std::max(width, displayWidth(cell.text));
     return width;
 }
 
@@ -148,12 +146,12 @@ bool Breaker::fits(int pen, const SheetBar &bar, const MeasuredBar &measured, Ba
 
 void Breaker::addBar(const SheetBar &bar)
 {
-    MeasuredBar natural = Measure(_sheet, bar, Setting::Natural).result();
+    MeasuredBar natural = Measure(bar, Setting::Natural).result();
     if (!isEmpty() && !fits(pen(), bar, natural, lineBefore(bar)))
         endSystem();
     if (fits(pen(), bar, natural, lineBefore(bar)))
         return addWhole(bar, std::move(natural), lineBefore(bar));
-    MeasuredBar tight = Measure(_sheet, bar, Setting::Tight).result();
+    MeasuredBar tight = Measure(bar, Setting::Tight).result();
     if (fits(pen(), bar, tight, lineBefore(bar)))
         return addWhole(bar, std::move(tight), lineBefore(bar));
     addInPieces(bar, tight);
@@ -195,6 +193,7 @@ void Breaker::addInPieces(const SheetBar &bar, const MeasuredBar &measured)
             endSystem();
             begin(BarLine::Single, false);
         }
+        column.width = std::min(column.width, std::max(1, end - segment.right - 1));
         column.x = segment.right;
         segment.right += column.width + 1;
         segment.columns.push_back(column);
@@ -217,23 +216,40 @@ int bracketWidth(const Span &span)
     return displayWidth(span.text) + 2;
 }
 
-int barLineWidth(BarLine line, const Glyphs &glyphs)
+QString barLineText(BarLine line, const Glyphs &glyphs, const QString &gap, const QString &dot)
 {
-    const int heavy = glyphs.heavyBarLine.size();
+    const QString &heavy = glyphs.heavyBarLine;
     switch (line) {
     case BarLine::Single:
-        return glyphs.barLine.size();
+        return glyphs.barLine;
     case BarLine::Double:
-        return glyphs.doubleBarLine.size();
+        return glyphs.doubleBarLine;
     case BarLine::RepeatStart:
+        return heavy + dot;
     case BarLine::RepeatEnd:
-        return heavy + 1;
+        return dot + heavy;
     case BarLine::RepeatBoth:
-        return heavy + 2;
+        return dot + heavy + dot;
     case BarLine::Final:
-        return heavy + (glyphs.isUtf8 ? 1 : 0);
+        return (glyphs.isUtf8 ? glyphs.barLine : QString()) + heavy;
+    case BarLine::Dashed:
+        return glyphs.of({"\u2506", ":"});
+    case BarLine::Dotted:
+        return glyphs.of({"\u250a", ":"});
+    case BarLine::Heavy:
+        return heavy;
+    case BarLine::Short:
+        return glyphs.of({"\u2575", "'"});
+    case BarLine::None:
+        return gap;
     }
-    return 1;
+    return glyphs.barLine;
+}
+
+int barLineWidth(BarLine line, const Glyphs &glyphs)
+{
+    const QString space = QStringLiteral(" ");
+    return displayWidth(barLineText(line, glyphs, space, space));
 }
 
 std::vector<System> breakIntoSystems(const Sheet &sheet, const Glyphs &glyphs, int left, int width)

@@ -14,7 +14,7 @@ struct PlacedColumn {
     const ColumnKey *key = nullptr;
     const std::map<int, Cell> *cells = nullptr;
     int x = 0;
-    int width = 0;
+    int width = 0; ///< what is wider is cut, when it does not fit the page
 };
 
 /// The part of a bar that stands on one system: all of it, unless it is wider than the page.
@@ -36,6 +36,10 @@ struct System {
 
 /// The least width of a bracket with its text.
 int bracketWidth(const Span &span);
+
+/// A bar line in one lane: `gap` is what the lane has beside it, `dot` what stands for the dots of
+/// a repeat.
+QString barLineText(BarLine line, const Glyphs &glyphs, const QString &gap, const QString &dot);
 
 /// Width of a bar line in columns, its repeat dots included.
 int barLineWidth(BarLine line, const Glyphs &glyphs);

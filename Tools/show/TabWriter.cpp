@@ -51,7 +51,7 @@ TabWriter::TabWriter(Sheet &sheet, const Staff &staff, const QString &name, cons
     _strayLane = addLane(Lane::Kind::Text, QStringLiteral("no fret"));
     for (unsigned voice = 1; voice < Bar::MaxVoices; ++voice)
         addRhythmLanes(voice, RhythmSide::Below);
-    addDynamicsLane();
+    addLanesBelow();
 }
 
 void TabWriter::beginBar(const Bar &bar)
@@ -60,35 +60,31 @@ void TabWriter::beginBar(const Bar &bar)
     _frets.clear();
 }
 
-QString TabWriter::fretText(const Note &note) const
+QString TabWriter::fretText(const Note &note, const BeatPlace &place) const
 {
-    QString text = QString::number(note.fret());
-    if (note.isDead()) {
+    if (note.isDead())
         legend().use(Legend::Sign::Dead);
-        text = QStringLiteral("x");
-    }
-    if (note.isGhost()) {
-        legend().use(Legend::Sign::Ghost);
-        text = QStringLiteral("[%1]").arg(text);
-    }
-    if (note.isTied()) {
-        legend().use(Legend::Sign::Tied);
-        text = QStringLiteral("(%1)").arg(text);
-    }
-    return text;
+    return signedText(note.isDead() ? QStringLiteral("x") : QString::number(note.fret()), note,
+                      place);
 }
 
-void TabWriter::writeNotes(const Beat &beat, const ColumnKey &column, unsigned voice,
-                           SheetBar &into)
+void TabWriter::writeDeadSlap(const BeatPlace &place, SheetBar &into)
 {
-    for (const auto &note : beat.notes()) {
+    legend().use(Legend::Sign::Dead);
+    for (int string = 0; string < _stringCount; ++string)
+        into.put(place.column, laneOf(string), QStringLiteral("x"), Ink::Note);
+}
+
+void TabWriter::writeNotes(const BeatPlace &place, SheetBar &into)
+{
+    for (const auto &note : place.beat.notes()) {
         if (hasPlace(*note, _stringCount)) {
-            _frets[column].push_back({note->string(), voice, fretText(*note)});
+            _frets[place.column].push_back({note->string(), place.voice, fretText(*note, place)});
         } else if (note->midi() >= 0) {
             const Signs signs = glyphs().isUtf8 ? Signs::Symbols : Signs::Letters;
-            const QString name = _pitch.text(*note, signs);
-            const bool isFirst = into.columns[column].count(_strayLane) == 0;
-            into.put(column, _strayLane, isFirst ? name : QLatin1Char(' ') + name, Ink::Note);
+            const QString name = signedText(_pitch.text(*note, signs), *note, place);
+            const bool isFirst = into.columns[place.column].count(_strayLane) == 0;
+            into.put(place.column, _strayLane, isFirst ? name : QLatin1Char(' ') + name, Ink::Note);
         }
     }
 }

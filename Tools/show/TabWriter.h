@@ -29,11 +29,11 @@ private:
         QString text;
     };
 
-    void writeNotes(const Beat &beat, const ColumnKey &column, unsigned voice,
-                    SheetBar &into) override;
+    void writeNotes(const BeatPlace &place, SheetBar &into) override;
+    void writeDeadSlap(const BeatPlace &place, SheetBar &into) override;
     void beginBar(const Bar &bar) override;
     void endBar(SheetBar &into) override;
-    QString fretText(const Note &note) const;
+    QString fretText(const Note &note, const BeatPlace &place) const;
     int laneOf(int string) const { return _topLane + _stringCount - 1 - string; }
 
     int _stringCount;
