@@ -54,7 +54,7 @@ void decorate(ScoreModel &model, std::mt19937 &random)
                 staff->unmarkSimile(at + 1);
                 staff->bar(at)->setSimileMark(SimileMark::FirstOfDouble);
                 staff->bar(at + 1)->setSimileMark(SimileMark::SecondOfDouble);
-            } else {
+            } else if (at > 0) {
                 staff->bar(at)->setSimileMark(SimileMark::Simple);
             }
         }

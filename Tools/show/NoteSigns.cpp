@@ -222,7 +222,7 @@ constexpr std::array rowSigns = {
     RowSign{is<&Note::isHopo>, hammered, same("5h 7p hammer-on, pull-off to the next note")},
     RowSign{is<&Note::slideOut, SlideOut::Shift>, slid, same("5/ 7\\ slide to the next note")},
     RowSign{is<&Note::slideOut, SlideOut::Legato>, slid,
-            same("5/ 7\\ under a slur: the next note is not struck")},
+            same("5/ 7\\ under a slur: next note not struck")},
     RowSign{is<&Note::slideOut, SlideOut::Downwards>,
             behind<fallingOff>,
             {"7\u2198 slide off downwards", "7\\. slide off downwards"}},

@@ -140,6 +140,8 @@ void SystemPainter::paintSpan(CharacterRow &row, const Segment &segment, const S
     }
     if (from < 0)
         return;
+    // The words of a bracket stand whole; at the end of the page they reach back.
+    from = std::clamp(_width - bracketWidth(span), 0, from);
     to = std::max(to, from + bracketWidth(span));
     row.fill(from, to, _glyphs.spanLine, Ink::Rhythm);
     if (begins)

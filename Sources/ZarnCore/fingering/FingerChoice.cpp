@@ -117,7 +117,8 @@ void FingerChoice::judge(const Hand &hand, Grip &grip) const
         for (int string = 0; string < Grip::Strings; ++string) {
             if (!grip.sounds(string))
                 continue;
-            open += !grip.isStopped(string) && !grip.isHeld(string);
+            // A drone is there to ring open, wherever the hand is.
+            open += !grip.isStopped(string) && !grip.isHeld(string) && !_fretboard.isDrone(string);
             lowest = lowest < 0 ? string : lowest;
             highest = string;
         }

@@ -12,8 +12,9 @@ namespace zarn::fingering {
 /// Which fingers stop the strings of a grip.
 class FingerChoice {
 public:
-    FingerChoice(const HandProfile &hand, const FingeringWeights &weights)
-        : _hand(hand), _weights(weights)
+    FingerChoice(const Fretboard &fretboard, const HandProfile &hand,
+                 const FingeringWeights &weights)
+        : _fretboard(fretboard), _hand(hand), _weights(weights)
     {
     }
 
@@ -44,6 +45,7 @@ private:
     template <class Visit>
     void place(Grip &grip, Hand &hand, int number, int lowest, Visit &visit);
 
+    const Fretboard &_fretboard;
     const HandProfile &_hand;
     const FingeringWeights &_weights;
     std::array<Stop, Grip::Strings> _stops{};

@@ -8,8 +8,6 @@ namespace zarn::fingering {
 
 namespace {
 
-constexpr double sameTime = 1e-6;
-
 /// Calls `visit` with the number of every bit that is set.
 template <class Visit>
 void forEachBit(unsigned bits, Visit visit)

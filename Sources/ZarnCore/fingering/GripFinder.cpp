@@ -47,7 +47,8 @@ bool holdsTheSame(const Grip &left, const Grip &right)
 
 GripFinder::GripFinder(const Passage &passage, const Ringing &ringing,
                        const FingeringWeights &weights)
-    : _passage(passage), _ringing(ringing), _weights(weights), _fingers(_passage.hand, _weights)
+    : _passage(passage), _ringing(ringing), _weights(weights),
+      _fingers(passage.fretboard, _passage.hand, _weights)
 {
 }
 

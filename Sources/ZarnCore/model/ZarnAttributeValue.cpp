@@ -19,14 +19,21 @@ bool isValidPart(const FermataMarks &marks) noexcept
 {
     return areValid(marks);
 }
+template <class T, class = void>
+struct CanBeInvalid : std::false_type {
+};
 template <class T>
-auto isValidPart(const T &value) noexcept -> decltype(value.isValid())
+struct CanBeInvalid<T, std::void_t<decltype(std::declval<const T &>().isValid())>>
+    : std::true_type {
+};
+
+template <class T>
+bool isValidPart([[maybe_unused]] const T &value) noexcept
 {
-    return value.isValid();
-}
-bool isValidPart(...) noexcept
-{
-    return true;
+    if constexpr (CanBeInvalid<T>::value)
+        return value.isValid();
+    else
+        return true;
 }
 
 } // namespace
