@@ -108,6 +108,15 @@ Parsed parsed(const std::optional<T> &value)
     return value ? Parsed(AttributeValue(*value)) : Parsed();
 }
 
+/// Whether values of a kind are read back from their texts.
+template <class T, class = void>
+struct HasText : std::false_type {
+};
+template <class T>
+struct HasText<T, std::void_t<decltype(AttributeValue(*T::fromString(std::string_view())))>>
+    : std::true_type {
+};
+
 /// How each kind is read from its text.
 struct Parser {
     const AttributeRange &range;
@@ -174,11 +183,13 @@ struct Parser {
         return AttributeValue(marks);
     }
     template <class T>
-    auto operator()(const T &) const -> decltype(Parsed(AttributeValue(*T::fromString(text))))
+    Parsed operator()(const T &) const
     {
-        return parsed(T::fromString(text));
+        if constexpr (HasText<T>::value)
+            return parsed(T::fromString(text));
+        else
+            return std::nullopt;
     }
-    Parsed operator()(...) const { return std::nullopt; }
 };
 
 /// A value of each kind, to choose by its number.
