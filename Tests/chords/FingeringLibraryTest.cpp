@@ -4,11 +4,10 @@
 
 #include "support/CapturedLog.h"
 #include "support/FileSizeLimit.h"
+#include "support/UserFileTest.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -52,41 +51,8 @@ std::string first(const std::vector<ChordDiagram> &diagrams)
     return diagrams.empty() ? "none" : fretsText(diagrams.front());
 }
 
-class UserShapes : public testing::Test {
+class UserShapes : public zarn::test::UserFileTest<&FingeringLibrary::userShapesPath> {
 protected:
-    UserShapes() { qputenv("XDG_DATA_HOME", _folder.path().toUtf8()); }
-    ~UserShapes() override { qunsetenv("XDG_DATA_HOME"); }
-
-    static QString path() { return FingeringLibrary::userShapesPath(); }
-
-    static QByteArray read(const QString &path = UserShapes::path())
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(none)");
-    }
-
-    static void write(const QByteArray &text)
-    {
-        QDir().mkpath(QFileInfo(path()).path());
-        QFile file(path());
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        ASSERT_EQ(file.write(text), text.size());
-    }
-
-    static std::string files()
-    {
-        return QDir(QFileInfo(path()).path())
-            .entryList(QDir::Files, QDir::Name)
-            .replaceInStrings(QStringLiteral("userChordShapes."), QString())
-            .join(QLatin1Char(' '))
-            .toStdString();
-    }
-
-    static QByteArray kept()
-    {
-        return read(QFileInfo(path()).path() + QStringLiteral("/userChordShapes.kept.json"));
-    }
-
     /// Names of the shapes that the file has now.
     static std::multiset<std::string> stored()
     {
@@ -99,9 +65,6 @@ protected:
     }
 
     FingeringLibrary library;
-
-private:
-    QTemporaryDir _folder;
 };
 
 TEST_F(UserShapes, builtInShapesAreChordsOfTheirNamesThatAHandHolds)

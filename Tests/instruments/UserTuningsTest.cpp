@@ -5,12 +5,10 @@
 #include "support/CapturedLog.h"
 #include "support/FileSizeLimit.h"
 #include "support/FolderWatch.h"
+#include "support/UserFileTest.h"
 
-#include <QDir>
 #include <QDomDocument>
 #include <QFile>
-#include <QFileInfo>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -28,44 +26,8 @@ using zarn::test::FileSizeLimit;
 
 constexpr auto user = GuitarTuning::UserRole;
 
-class UserTunings : public testing::Test {
+class UserTunings : public zarn::test::UserFileTest<&GuitarTuningLibrary::userTuningsPath> {
 protected:
-    UserTunings() { qputenv("XDG_DATA_HOME", _folder.path().toUtf8()); }
-    ~UserTunings() override { qunsetenv("XDG_DATA_HOME"); }
-
-    static QString path() { return GuitarTuningLibrary::userTuningsPath(); }
-
-    static QByteArray read(const QString &path = UserTunings::path())
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(none)");
-    }
-
-    static void write(const QByteArray &text)
-    {
-        QDir().mkpath(QFileInfo(path()).path());
-        QFile file(path());
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        ASSERT_EQ(file.write(text), text.size());
-    }
-
-    static std::string files()
-    {
-        return QDir(QFileInfo(path()).path())
-            .entryList(QDir::Files, QDir::Name)
-            .replaceInStrings(QStringLiteral("userTuningLibrary."), QString())
-            .join(QLatin1Char(' '))
-            .toStdString();
-    }
-
-    static std::string folder() { return QFileInfo(path()).path().toStdString(); }
-
-    static QByteArray kept(const QString &counter = QString())
-    {
-        return read(QFileInfo(path()).path()
-                    + QStringLiteral("/userTuningLibrary.kept%1.xml").arg(counter));
-    }
-
     static std::shared_ptr<GuitarTuning> tuning(const std::string &name,
                                                 std::initializer_list<unsigned> pitches)
     {
@@ -105,9 +67,6 @@ protected:
     }
 
     GuitarTuningLibrary library;
-
-private:
-    QTemporaryDir _folder;
 };
 
 TEST_F(UserTunings, areReadBackAsTheyWereSaved)
