@@ -147,7 +147,7 @@ TEST(ShowSigns, anythingThatScoresCarryIsDrawnInsideThePage)
         const auto model = ::test::RandomScore(seed).make();
         tool::ShownPart part;
         part.lastBar = model->masterTrack()->masterBarCount();
-        for (const int width : {45, 80, 300})
+        for (const int width : {24, 45, 80, 300})
             for (const bool asUtf8 : {true, false}) {
                 const std::string drawn =
                     tool::pictureOf(*model, part, tool::Terminal(width, asUtf8, false));

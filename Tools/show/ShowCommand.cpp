@@ -21,26 +21,7 @@ namespace zarn::tool {
 
 namespace {
 
-/// Lines of words, "  " between them, each at most `width` columns long.
-void addWrapped(std::vector<CharacterRow> &rows, const QStringList &words, int width)
-{
-    QString line;
-    for (const QString &word : words) {
-        const QString longer = line.isEmpty() ? word : line + QStringLiteral(", ") + word;
-        if (!line.isEmpty() && displayWidth(longer) > width) {
-            rows.emplace_back();
-            rows.back().write(0, line + QLatin1Char(','), Ink::Plain);
-            line = word;
-        } else {
-            line = longer;
-        }
-    }
-    if (!line.isEmpty()) {
-        rows.emplace_back();
-        rows.back().write(0, line, Ink::Plain);
-    }
-}
-
+/// A text in lines at most `width` columns long, cut between words; all but the first are indented.
 void addWrapped(std::vector<CharacterRow> &rows, const QString &text, int width, Ink ink)
 {
     QString line;
@@ -56,6 +37,24 @@ void addWrapped(std::vector<CharacterRow> &rows, const QString &text, int width,
     }
     rows.emplace_back();
     rows.back().write(0, line, ink);
+}
+
+/// Entries with commas between them, in lines of whole entries; only one that is longer than a line
+/// is cut.
+void addWrapped(std::vector<CharacterRow> &rows, const QStringList &entries, int width)
+{
+    QString line;
+    for (const QString &entry : entries) {
+        const QString longer = line.isEmpty() ? entry : line + QStringLiteral(", ") + entry;
+        if (!line.isEmpty() && displayWidth(longer) >= width) {
+            addWrapped(rows, line + QLatin1Char(','), width, Ink::Plain);
+            line = entry;
+        } else {
+            line = longer;
+        }
+    }
+    if (!line.isEmpty())
+        addWrapped(rows, line, width, Ink::Plain);
 }
 
 /// Bars "5" or "5-8", counted from 1.
@@ -125,7 +124,7 @@ std::string pictureOf(const ScoreModel &model, const ShownPart &part, const Term
         rows.emplace_back();
         legendTexts.first().prepend(QStringLiteral("Signs: "));
     }
-    addWrapped(rows, legendTexts, terminal.width() - 1);
+    addWrapped(rows, legendTexts, terminal.width());
     std::string text;
     for (const CharacterRow &row : rows)
         text += row.toText(terminal.showsColour()) + '\n';
