@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "MarkCommands.h"
 #include "RichScore.h"
 #include "support/CommandLaw.h"
 #include "support/EventMirror.h"
@@ -6,6 +7,8 @@
 
 #include <ZarnCore/fingering/ZarnFingeringReport.h>
 #include <ZarnCore/fingering/ZarnPassageReader.h>
+#include <ZarnCore/model/ZarnBarAttribute.h>
+#include <ZarnCore/model/ZarnMasterBarAttribute.h>
 
 #include <gtest/gtest.h>
 
@@ -13,6 +16,8 @@
 #include <ostream>
 #include <set>
 #include <sstream>
+#include <string>
+#include <vector>
 
 /// The laws of all commands, checked on a table of them: what undo and redo give back, to the byte;
 /// what they announce; and what a listener that throws leaves behind.
@@ -21,7 +26,7 @@ namespace {
 using namespace rich;
 
 struct Operation {
-    const char *name;
+    std::string name;
     std::function<bool(SmallScore &)> act;
     const char *events;
     const char *undoEvents; ///< null when they are the same
@@ -32,7 +37,7 @@ void PrintTo(const Operation &operation, std::ostream *out)
     *out << operation.name;
 }
 
-const Operation operations[] = {
+const std::vector<Operation> structuralOperations = {
     {"CreateBars", [](SmallScore &s) { return s.score.createBars(2, 3); },
      "AddBars(2,3) ModifyBarRange(0,0,1,1) ModifyBarRange(0,0,5,5) "
      "SimileMarkBarChanged(0,0,5,5) RequestMasterBarPlaylistUpdate ",
@@ -254,6 +259,131 @@ const Operation operations[] = {
      "ModifyBarRange(0,0,0,1) ", nullptr},
 };
 
+const std::vector<Operation> generalMarkOperations = {
+    {"SetBeatAttributes",
+     [](SmallScore &s) {
+         return s.score.setBeatAttributes(s.everything(0, 1),
+                                          {{BeatAttribute::Cue, true},
+                                           {BeatAttribute::Timer, true},
+                                           {BeatAttribute::Rhythm, eighth},
+                                           {BeatAttribute::Tremolo, 4}});
+     },
+     "ModifyBarRangeAllTracks(0,1) RequestTimerChanged(0,0,0,1) RequestTimerChanged(1,0,0,1) "
+     "RequestTimerChanged(1,1,0,1) ",
+     nullptr},
+    {"SwitchBeatAttribute",
+     [](SmallScore &s) {
+         return s.score.switchBeatAttribute(s.from(1, 0, 2, 1), BeatAttribute::Slashed);
+     },
+     "ModifyBarRange(0,0,1,2) ", nullptr},
+    {"UnsetBeatAttribute",
+     [](SmallScore &s) {
+         return s.score.unsetBeatAttribute(s.from(0, 0, 1, 3), BeatAttribute::Dynamic);
+     },
+     "ModifyBarRange(0,0,0,1) ", nullptr},
+    {"IncrementBeatSecondaryAttribute",
+     [](SmallScore &s) {
+         return s.score.incrementBeatSecondaryAttribute(s.from(0, 0, 1, 3), BeatAttribute::Dynamic,
+                                                        -2);
+     },
+     "ModifyBarRange(0,0,0,1) ", nullptr},
+    {"SetBeatFreeText",
+     [](SmallScore &s) {
+         return s.score.setBeatFreeText(s.from(0, 1, 1, 3), QStringLiteral("dolce"));
+     },
+     "ModifyBarRange(0,0,0,1) ", nullptr},
+    {"SetMasterBarAttribute",
+     [](SmallScore &s) {
+         return s.score.setMasterBarAttribute(0, 2, MasterBarAttribute::Fermatas,
+                                              FermataMarks{FermataMark::at(1, Fermata::Long)});
+     },
+     "MasterBarFermata(0,2) ", nullptr},
+    {"SetMasterBarAttributes",
+     [](SmallScore &s) {
+         return s.score.setMasterBarAttributes(
+             0, 3,
+             {{MasterBarAttribute::TimeSignature, TimeSignature(5, 8)},
+              {MasterBarAttribute::OwnLength, std::optional<utils::rational>(2)},
+              {MasterBarAttribute::RepeatStart, true},
+              {MasterBarAttribute::RepeatCount, 3},
+              {MasterBarAttribute::MovementStart, true},
+              {MasterBarAttribute::BeamGroups, BeamGroups({2, 3})},
+              {MasterBarAttribute::Section, Section{"A", ""}},
+              {MasterBarAttribute::BarLine, BarLine::Dashed},
+              {MasterBarAttribute::LayoutRatio, 2.0}});
+     },
+     "MasterBarTimeSignature(0,3) MasterBarAttribute(0,3) MasterBarRepeat(0,3) SetBarSection(0,3) "
+     "MasterBarBeamGroups(0,3) BarLayoutRatiosChanged(0,3) RequestMasterBarPlaylistUpdate ",
+     "MasterBarTimeSignature(0,3) MasterBarAttribute(0,3) MasterBarRepeat(0,3) "
+     "UnsetBarSection(0,3) MasterBarBeamGroups(0,3) BarLayoutRatiosChanged(0,3) "
+     "RequestMasterBarPlaylistUpdate "},
+    {"SetMasterTimeSignatureThatGroupsDoNotFit",
+     [](SmallScore &s) {
+         return s.score.setMasterTimeSignature(4, 5, {3, 4});
+     },
+     "MasterBarTimeSignature(4,5) MasterBarBeamGroups(4,5) ", nullptr},
+    {"SetAnacrusis",
+     [](SmallScore &s) {
+         return s.score.setMasterBarAttribute(0, 0, MasterBarAttribute::Anacrusis, true);
+     },
+     "AnacrusisChanged(0,1) ", "AnacrusisChanged(1,0) "},
+    {"UnsetMasterBarAttributes",
+     [](SmallScore &s) {
+         return s.score.unsetMasterBarAttributes(
+             3, 5, {MasterBarAttribute::FreeTime, MasterBarAttribute::MovementStart});
+     },
+     "MasterBarFreeTime(3,5) MasterBarAttribute(3,5) RequestMasterBarPlaylistUpdate ", nullptr},
+    {"SetBarAttribute",
+     [](SmallScore &s) {
+         return s.score.setBarAttribute(1, 0, 1, 3, BarAttribute::LayoutRatio, 0.5);
+     },
+     "BarLayoutRatiosChanged(1,3) ", nullptr},
+    {"SetBarAttributes",
+     [](SmallScore &s) {
+         return s.score.setBarAttributes(
+             1, 0, 1, 2,
+             {{BarAttribute::Clef, ClefType::C4}, {BarAttribute::Ottavia, Ottavia::_8vb}});
+     },
+     "TrackClefChanged(1,0,1,2) ModifyBarRange(1,0,1,2) ", nullptr},
+    {"UnsetBarAttributes",
+     [](SmallScore &s) {
+         return s.score.unsetBarAttributes(1, 0, 3, 5,
+                                           {BarAttribute::Clef, BarAttribute::SimileMark});
+     },
+     "TrackClefChanged(1,0,3,5) SimileMarkBarChanged(1,0,3,5) ModifyBarRange(1,0,3,5) ", nullptr},
+    {"SetBarSimileMark",
+     [](SmallScore &s) { return s.score.setBarSimileMark(0, 0, 2, 5, SimileMark::Double); },
+     "SimileMarkBarChanged(0,0,2,5) ModifyBarRange(0,0,2,5) ", nullptr},
+    {"SetNoteAttributeOfAllTracks",
+     [](SmallScore &s) {
+         return s.score.setNoteAttribute(s.everything(0, 5), NoteAttribute::Velocity, 99);
+     },
+     "ModifyBarRangeAllTracks(0,5) ", nullptr},
+};
+
+/// All of them: the commands of single attributes once by their names and once by the table.
+std::vector<Operation> allOperations()
+{
+    std::vector<Operation> all = structuralOperations;
+    all.insert(all.end(), generalMarkOperations.begin(), generalMarkOperations.end());
+    for (const MarkCommand &command : markCommands()) {
+        const bool isTimer = command.name == std::string("SetBeatTimer");
+        const char *const events =
+            isTimer ? "RequestTimerChanged(0,0,0,1) " : "ModifyBarRange(0,0,0,1) ";
+        all.push_back(
+            {command.name + std::string("OnGuitar"),
+             [&command](SmallScore &s) { return command.act(s.score, s.from(0, 0, 1, 3)); }, events,
+             nullptr});
+        all.push_back(
+            {command.name + std::string("ByTable"),
+             [&command](SmallScore &s) { return command.actByTable(s.score, s.from(0, 0, 1, 3)); },
+             events, nullptr});
+    }
+    return all;
+}
+
+const std::vector<Operation> operations = allOperations();
+
 struct EveryCommandTest : testing::TestWithParam<Operation> {
     RichScore rich;
     CommandStack &stack = rich.score.commandStack();
@@ -317,7 +447,7 @@ TEST_P(EveryCommandTest, aListenerThatThrowsFindsTheScoreAsItWas)
 }
 
 INSTANTIATE_TEST_SUITE_P(All, EveryCommandTest, testing::ValuesIn(operations),
-                         [](const auto &info) { return std::string(info.param.name); });
+                         [](const auto &info) { return info.param.name; });
 
 /// The table of the events says of each class whether anything sends it.
 TEST(EventTableTest, saysWhatIsSent)
@@ -361,7 +491,7 @@ TEST(GonePlaceTest, takesTheWholeMacroBack)
         } catch (const CoreException &) {
             isRaised = true;
         }
-        const std::string name = operation.name;
+        const std::string &name = operation.name;
         const bool needsNoPlace = name == "CreateBarsAtTheStart" || name == "CreateAudioTrack"
             || name == "ChangeProperty" || name == "ChangeProperties"
             || name == "ChangeHeaderAndFooter" || name == "SetConcertTone"

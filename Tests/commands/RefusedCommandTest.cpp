@@ -4,6 +4,9 @@
 
 #include <ZarnCore/fingering/ZarnFingeringReport.h>
 #include <ZarnCore/fingering/ZarnPassageReader.h>
+#include <ZarnCore/model/ZarnBarAttribute.h>
+#include <ZarnCore/model/ZarnBeatAttribute.h>
+#include <ZarnCore/model/ZarnMasterBarAttribute.h>
 
 #include <gtest/gtest.h>
 
@@ -119,6 +122,87 @@ TEST(RefusedCommandTest, leavesNoTrace)
             options.lowestFret = 5;
             options.highestFret = 4;
             return score.automaticFingerPositioning(rich.everything(0, 5), options);
+        },
+        [&] { return score.setMasterBarAttributes(0, 0, {}); },
+        [&] {
+            return score.setMasterBarAttribute(0, 0, MasterBarAttribute::OwnLength,
+                                               std::optional<utils::rational>(0));
+        },
+        [&] {
+            return score.setMasterBarAttribute(0, 0, MasterBarAttribute::BeamGroups,
+                                               BeamGroups({3, 2}));
+        },
+        [&] {
+            return score.setMasterBarAttribute(0, 0, MasterBarAttribute::Fermatas,
+                                               FermataMarks{FermataMark::at(5, Fermata::Short)});
+        },
+        [&] { return score.setMasterBarAttribute(0, 1, MasterBarAttribute::Anacrusis, true); },
+        [&] { return score.setMasterBarAttribute(0, 0, MasterBarAttribute::LayoutRatio, 11.0); },
+        [&] { return score.unsetMasterBarAttributes(0, 0, {MasterBarAttribute::KeySignature}); },
+        [&] { return score.setBarSimileMark(0, 0, 0, 0, SimileMark::Simple); },
+        [&] { return score.setBarSimileMark(0, 0, 1, 2, SimileMark::Double); },
+        [&] { return score.setBarSimileMark(0, 0, 2, 4, SimileMark::Double); },
+        [&] { return score.setBarSimileMark(0, 0, 2, 2, SimileMark::FirstOfDouble); },
+        [&] { return score.setBarAttribute(0, 0, 5, 6, BarAttribute::LayoutRatio, 2.0); },
+        [&] { return score.unsetBarAttributes(0, 0, 0, 2, {BarAttribute::Clef}); },
+        // What no node of the range takes, and what is out of range.
+        [&] { return score.setBeatTremolo(rich.from(0, 0, 0, 3), 5); },
+        [&] { return score.setBeatTremolo(ScoreModelRange(rich.at(0, 2)), 3); },
+        [&] { return score.setBeatPickStroke(rich.from(0, 0, 0, 3), static_cast<Direction>(3)); },
+        [&] { return score.setBeatRasgueado(rich.everythingOf(1, 0, 4), RasgueadoType::mi_1); },
+        [&] {
+            return score.setBeatBarre(rich.from(0, 0, 0, 3), {25, 0});
+        },
+        [&] {
+            return score.setBeatBarre(rich.from(0, 0, 0, 3), {3, 64});
+        },
+        [&] { return score.setBrush(ScoreModelRange(rich.at(0, 0)), Direction::Up); },
+        [&] { return score.setBeatArpeggio(rich.from(0, 0, 0, 3), Direction::Up, 4000); },
+        [&] {
+            return score.setBeatFreeText(ScoreModelRange(rich.at(0, 0)),
+                                         QString(1001, QLatin1Char('a')));
+        },
+        [&] { return score.setBeatAttributes(rich.from(0, 0, 0, 3), {}); },
+        [&] {
+            return score.setBeatAttributes(rich.from(0, 0, 0, 3),
+                                           {{BeatAttribute::PickStroke, Direction::Up},
+                                            {BeatAttribute::Rasgueado, RasgueadoType::mi_1}});
+        },
+        [&] { return score.setBeatAttribute(rich.from(0, 0, 0, 3), BeatAttribute::Cue, 1); },
+        [&] {
+            return score.setBeatAttribute(rich.from(0, 0, 0, 3), BeatAttribute(BeatAttributeCount),
+                                          1);
+        },
+        [&] { return score.switchBeatAttribute(rich.from(0, 0, 0, 3), BeatAttribute::Dynamic); },
+        [&] { return score.unsetBeatAttribute(rich.from(0, 0, 0, 3), BeatAttribute::Rhythm); },
+        [&] {
+            return score.incrementBeatSecondaryAttribute(rich.from(0, 0, 0, 3), BeatAttribute::Cue,
+                                                         1);
+        },
+        [&] {
+            return score.incrementBeatSecondaryAttribute(rich.from(0, 0, 0, 3), BeatAttribute::Wah,
+                                                         1);
+        },
+        [&] { return score.setNoteVelocity(rich.from(0, 0, 0, 3), 128); },
+        [&] { return score.setNoteVelocity(ScoreModelRange(rich.at(0, 2)), 64); },
+        [&] { return score.setNoteVelocity(ScoreModelRange(rich.onString(0, 0, 5)), 64); },
+        [&] { return score.setStringedNoteVibrato(rich.everythingOf(1, 0, 4), Vibrato::Wide); },
+        [&] { return score.setNoteAccentFlag(rich.from(0, 0, 0, 3), AccentFlag(3), true); },
+        [&] { return score.setNoteAccentFlag(rich.from(0, 0, 0, 3), AccentFlag(64), true); },
+        [&] { return score.setNoteOrnament(rich.from(0, 0, 0, 3), Ornament::NoOrnament, true); },
+        [&] { return score.setNoteTrill(rich.from(0, 0, 0, 3), 52); },
+        [&] { return score.setNoteTrill(rich.from(0, 0, 0, 3), 70); },
+        [&] { return score.setNoteFingering(rich.from(0, 0, 0, 3), Hand::Right, Fingering::Open); },
+        [&] {
+            return score.setStringedNoteBend(rich.from(0, 0, 0, 3), Bend::of(BendType::HoldBend));
+        },
+        [&] {
+            return score.setStringedNoteBend(rich.from(0, 0, 0, 3), {BendType::Bend, {}});
+        },
+        [&] { return score.setStringedNoteNaturalHarmonic(rich.from(0, 0, 0, 3), true); },
+        [&] {
+            return score.setStringedNoteArtificialHarmonic(rich.from(0, 0, 0, 3),
+                                                           HarmonicType::Natural);
         },
     };
     for (std::size_t i = 0; i < std::size(refused); ++i) {

@@ -67,6 +67,8 @@ struct RichScore : SmallScore {
         model.track(0)->staff(0)->setPartialCapoStringFlags(
             {true, false, false, true, false, false});
         model.masterTrack()->masterBars()[4]->setMovementStart(true);
+        model.masterTrack()->masterBars()[5]->setBeamGroups(BeamGroups({1, 3}));
+        beat(0, 1).setDynamic(NoteDynamic::Value::P);
         score.scoreCursor().setIndex(at(5, -1, 1));
     }
 };

@@ -57,6 +57,8 @@ void expectKept()
         EXPECT_TRUE(names.insert(row.name).second);
         EXPECT_TRUE(row.range.contains(defaultOf(row)));
         EXPECT_TRUE(row.isDefault(Node()));
+        if (row.name == "Anacrusis")
+            continue; // is the master track's
         for (int i = 0; i < 30; ++i) {
             OneNote score;
             Node &node = score.node(static_cast<const Node *>(nullptr));

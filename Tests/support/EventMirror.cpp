@@ -4,6 +4,7 @@
 #include "EventText.h"
 
 #include <ZarnCore/instruments/effects/ZarnMastering.h>
+#include <ZarnCore/model/ZarnMasterBarAttribute.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/score/ZarnScore.h>
 
@@ -338,6 +339,20 @@ void EventMirror::hear(const evt::SimileMarkBarChanged &event)
              [](Bar &copy, const Bar &bar) { copy.setSimileMark(bar.simileMark()); });
 }
 
+/// Timers alone: whatever else is different at the beats has an event of its own.
+void EventMirror::hear(const evt::RequestTimerChanged &event)
+{
+    readBars(event.trackIndex(), event.staffIndex(), event.firstBar(), event.lastBar(),
+             [](Bar &copy, const Bar &bar) {
+                 for (unsigned v = 0; v < Bar::MaxVoices; ++v) {
+                     const auto &voice = bar.voices()[v];
+                     for (unsigned i = 0; voice != nullptr && i < voice->beatCount(); ++i)
+                         if (const auto known = copy.voice(v) ? copy.voice(v)->beat(i) : nullptr)
+                             known->setTimer(voice->beats()[i]->hasTimer());
+                 }
+             });
+}
+
 void EventMirror::hear(const evt::TrackClefChanged &event)
 {
     readBars(event.trackIndex(), event.staffIndex(), event.firstBar(), event.lastBar(),
@@ -361,8 +376,37 @@ void EventMirror::hear(const evt::UnsetBarSection &event)
 
 void EventMirror::hear(const evt::MasterBarAttribute &event)
 {
-    readMasterBars(event.firstBar(), event.lastBar(), &MasterBar::isMovementStart,
-                   &MasterBar::setMovementStart);
+    for (const MasterBarAttributeRow &row : masterBarAttributes())
+        if (row.event == evt::MasterBarAttribute::TypeNumber)
+            readMasterBars(event.firstBar(), event.lastBar(), row.get, row.set);
+}
+
+void EventMirror::hear(const evt::MasterBarBeamGroups &event)
+{
+    readMasterBars(event.firstBar(), event.lastBar(), &MasterBar::beamGroups,
+                   &MasterBar::setBeamGroups);
+}
+
+void EventMirror::hear(const evt::MasterBarFermata &event)
+{
+    readMasterBars(event.firstBar(), event.lastBar(), &MasterBar::fermatas,
+                   &MasterBar::setFermatas);
+}
+
+void EventMirror::hear(const evt::BarLayoutRatiosChanged &event)
+{
+    readMasterBars(event.firstBar(), event.lastBar(), &MasterBar::layoutRatio,
+                   &MasterBar::setLayoutRatio);
+    for (std::size_t i = 0; i < _known.tracks.size(); ++i)
+        for (std::size_t j = 0; j < _known.tracks[i].staves.size(); ++j)
+            readBars(static_cast<int>(i), static_cast<int>(j), event.firstBar(), event.lastBar(),
+                     [](Bar &copy, const Bar &bar) { copy.setLayoutRatio(bar.layoutRatio()); });
+}
+
+void EventMirror::hear(const evt::AnacrusisChanged &event)
+{
+    expectOld(event.oldValue(), _known.head->masterTrack()->hasAnacrusis());
+    _known.head->masterTrack()->setAnacrusis(event.newValue());
 }
 
 void EventMirror::hear(const evt::MasterBarTimeSignature &event)

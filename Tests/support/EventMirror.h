@@ -67,6 +67,11 @@ private:
     void hear(const zarn::evt::ModifyBarRange &);
     void hear(const zarn::evt::ModifyBarRangeAllTracks &);
     void hear(const zarn::evt::SimileMarkBarChanged &);
+    void hear(const zarn::evt::RequestTimerChanged &);
+    void hear(const zarn::evt::BarLayoutRatiosChanged &);
+    void hear(const zarn::evt::MasterBarBeamGroups &);
+    void hear(const zarn::evt::MasterBarFermata &);
+    void hear(const zarn::evt::AnacrusisChanged &);
     void hear(const zarn::evt::TrackClefChanged &);
     void hear(const zarn::evt::SetBarSection &);
     void hear(const zarn::evt::UnsetBarSection &);

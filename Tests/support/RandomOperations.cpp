@@ -372,5 +372,11 @@ const std::vector<RandomOperation> operations = {
 
 const std::vector<RandomOperation> &randomOperations()
 {
-    return operations;
+    static const std::vector<RandomOperation> all = [] {
+        std::vector<RandomOperation> list = operations;
+        const auto &marks = randomMarkOperations();
+        list.insert(list.end(), marks.begin(), marks.end());
+        return list;
+    }();
+    return all;
 }

@@ -28,5 +28,8 @@ struct RandomOperation {
     bool (*act)(EditedScore &edited);
 };
 
+/// Those that mark beats and notes.
+const std::vector<RandomOperation> &randomMarkOperations();
+
 /// Every operation that changes a score.
 const std::vector<RandomOperation> &randomOperations();

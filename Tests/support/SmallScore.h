@@ -68,6 +68,21 @@ struct SmallScore {
                 SelectionMode::MultiSelection | SelectionMode::MultiVoice
                     | SelectionMode::MultiTrack};
     }
+    /// Whole bars of the staves of a track.
+    zarn::ScoreModelRange everythingOf(int track, int bar, int lastBar) const
+    {
+        using zarn::SelectionMode;
+        return {at(bar, -1, track), at(lastBar, -1, track),
+                SelectionMode::MultiSelection | SelectionMode::MultiVoice};
+    }
+
+    /// A place on a string of the guitar.
+    zarn::ScoreModelIndex onString(int bar, int beat, unsigned string) const
+    {
+        auto place = at(bar, beat);
+        place.setNoteString(string);
+        return place;
+    }
     zarn::Beat &beat(unsigned bar, unsigned beat) const
     {
         return *model.track(0)->bar(bar)->voice(0)->beats()[beat];

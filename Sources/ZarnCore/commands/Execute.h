@@ -18,9 +18,12 @@ void logCannotExecute(const Command &command);
 
 /// What every operation of a score does: builds the command `C`, initialises it with the arguments
 /// and has the command stack execute it. False when `init` refuses: nothing has happened then.
-template <class C, class... Arguments>
-bool execute(Score &score, Arguments &&...arguments)
+///
+/// `Operations` is the part of the score that has the operation.
+template <class C, class Operations, class... Arguments>
+bool execute(Operations &operations, Arguments &&...arguments)
 {
+    Score &score = static_cast<Score &>(operations);
     auto command = std::make_unique<C>();
     logExecute(*command);
     if (command->init(&score, std::forward<Arguments>(arguments)...)) {

@@ -7,7 +7,7 @@
 #include <ZarnCore/events/ZarnTrackEvents.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/places/ZarnScoreModelRange.h>
-#include <ZarnCore/score/ZarnScore.h>
+#include <ZarnCore/score/ZarnScoreBase.h>
 
 #include <algorithm>
 #include <memory>
@@ -31,7 +31,7 @@ struct RangePlaces {
     {
         return nodesInRange<Node>(model, range);
     }
-    void announce(Score &score, const void *sender) const
+    void announce(ScoreBase &score, const void *sender) const
     {
         const auto bars = std::minmax({range.first().barIndex(), range.second().barIndex()});
         if (range.isMultiTrack()) {
@@ -61,7 +61,7 @@ struct MasterBarPlaces {
             return {};
         return {bars.begin() + first, bars.begin() + last + 1};
     }
-    void announce(Score &score, const void *sender) const
+    void announce(ScoreBase &score, const void *sender) const
     {
         score.notify(sender, Event(static_cast<int>(first), static_cast<int>(last)));
     }
@@ -86,7 +86,7 @@ struct StaffBarPlaces {
             return {};
         return {bars.begin() + first, bars.begin() + last + 1};
     }
-    void announce(Score &score, const void *sender) const
+    void announce(ScoreBase &score, const void *sender) const
     {
         score.notify(sender,
                      Event(static_cast<int>(track), static_cast<int>(staff),
@@ -107,7 +107,7 @@ struct TrackPlace {
             return {};
         return {model.track(track)};
     }
-    void announce(Score &score, const void *sender) const
+    void announce(ScoreBase &score, const void *sender) const
     {
         score.notify(sender, Event(static_cast<int>(track)));
     }
@@ -127,7 +127,7 @@ struct StaffPlace {
             return {};
         return {model.track(track)->staff(staff)};
     }
-    void announce(Score &score, const void *sender) const
+    void announce(ScoreBase &score, const void *sender) const
     {
         score.notify(sender, Event(static_cast<int>(track), static_cast<int>(staff)));
     }

@@ -31,6 +31,12 @@ ScoreCommand::ScoreCommand(const QString &name)
     setName(name);
 }
 
+void ScoreCommand::setScore(Score *score) noexcept
+{
+    _score = score;
+    _base = score;
+}
+
 ScoreModel &ScoreCommand::model() const noexcept
 {
     return *_score->scoreModel();

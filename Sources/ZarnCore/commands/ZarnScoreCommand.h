@@ -6,6 +6,7 @@
 namespace zarn {
 
 class Score;
+class ScoreBase;
 class ScoreModel;
 
 /// Base of commands that change a score and announce it: keeps change and announcement apart, so
@@ -20,8 +21,8 @@ public:
 protected:
     explicit ScoreCommand(const QString &name);
 
-    void setScore(Score *score) noexcept { _score = score; }
-    Score &score() const noexcept { return *_score; }
+    void setScore(Score *score) noexcept;
+    ScoreBase &score() const noexcept { return *_base; }
     ScoreModel &model() const noexcept;
 
     /// What `init` answers about the command's place: whether it is there, as `exists()` says.
@@ -52,6 +53,7 @@ private:
     virtual void announceReverted() = 0;
 
     Score *_score = nullptr;
+    ScoreBase *_base = nullptr; ///< the same
 };
 
 } // namespace zarn

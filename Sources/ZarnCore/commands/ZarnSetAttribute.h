@@ -4,7 +4,7 @@
 #include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/commands/ZarnPlaces.h>
 #include <ZarnCore/commands/ZarnScoreCommand.h>
-#include <ZarnCore/score/ZarnScore.h>
+#include <ZarnCore/score/ZarnScoreBase.h>
 
 #include <functional>
 #include <memory>

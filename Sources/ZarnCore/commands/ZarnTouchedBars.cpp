@@ -3,7 +3,7 @@
 
 #include <ZarnCore/commands/ZarnRangeNodes.h>
 #include <ZarnCore/events/ZarnBarEvents.h>
-#include <ZarnCore/score/ZarnScore.h>
+#include <ZarnCore/score/ZarnScoreBase.h>
 
 #include <algorithm>
 #include <tuple>
@@ -43,7 +43,8 @@ void TouchedBars::addSimile(unsigned track, unsigned staff, unsigned bar)
     _similes.push_back({track, staff, bar, bar});
 }
 
-void TouchedBars::announce(Score &score, const void *sender, unsigned from, unsigned count) const
+void TouchedBars::announce(ScoreBase &score, const void *sender, unsigned from,
+                           unsigned count) const
 {
     if (_allTracks)
         score.notify(sender,
@@ -54,7 +55,7 @@ void TouchedBars::announce(Score &score, const void *sender, unsigned from, unsi
 }
 
 template <class Event>
-void TouchedBars::announceRuns(Runs runs, Score &score, const void *sender, unsigned from,
+void TouchedBars::announceRuns(Runs runs, ScoreBase &score, const void *sender, unsigned from,
                                unsigned count)
 {
     for (Run &run : runs) {

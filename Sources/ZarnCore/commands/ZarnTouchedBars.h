@@ -9,7 +9,7 @@
 
 namespace zarn {
 
-class Score;
+class ScoreBase;
 class ScoreModelRange;
 
 /// The bars that a command changed, its neighbours' too, collected while it does its work and
@@ -30,7 +30,8 @@ public:
     /// Sends `ModifyBarRangeAllTracks` for a range over all tracks, `ModifyBarRange` for all other
     /// bars, then `SimileMarkBarChanged`. Bars from `from` on are announced `count` further up:
     /// where they stand while that many columns are in front of them.
-    void announce(Score &score, const void *sender, unsigned from = 0, unsigned count = 0) const;
+    void announce(ScoreBase &score, const void *sender, unsigned from = 0,
+                  unsigned count = 0) const;
 
 private:
     /// Neighbouring bars of one staff, both ends included.
@@ -43,7 +44,7 @@ private:
     using Runs = std::vector<Run>;
 
     template <class Event>
-    static void announceRuns(Runs runs, Score &score, const void *sender, unsigned from,
+    static void announceRuns(Runs runs, ScoreBase &score, const void *sender, unsigned from,
                              unsigned count);
 
     Runs _content;

@@ -52,7 +52,7 @@ class SimileMarkBarChanged final : public StaffBarsEvent<SimileMarkBarChanged> {
     using StaffBarsEvent::StaffBarsEvent;
 };
 
-/// The widths of bar columns within their systems changed. Nothing sends it yet.
+/// The widths of bar columns within their systems changed.
 class BarLayoutRatiosChanged final : public BarsEvent<BarLayoutRatiosChanged> {
     using BarsEvent::BarsEvent;
 };

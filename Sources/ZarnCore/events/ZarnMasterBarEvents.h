@@ -83,8 +83,14 @@ class MasterBarAlternateEnding final : public BarsEvent<MasterBarAlternateEnding
     using BarsEvent::BarsEvent;
 };
 
-/// How the beams of the bars are grouped changed. Nothing sends it yet.
+/// How the beams of the bars are grouped changed.
 class MasterBarBeamGroups final : public BarsEvent<MasterBarBeamGroups> {
+    using BarsEvent::BarsEvent;
+};
+
+/// Fermatas of bars were added, changed or removed: they are over all staves, and the time under
+/// them lasts longer.
+class MasterBarFermata final : public BarsEvent<MasterBarFermata> {
     using BarsEvent::BarsEvent;
 };
 

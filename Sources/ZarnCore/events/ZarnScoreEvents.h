@@ -47,7 +47,7 @@ class ScoreLockTypeChanged final : public ChangeEvent<ScoreLockTypeChanged, bool
     using ChangeEvent::ChangeEvent;
 };
 
-/// Playing times shown at beats of these bars were added, changed or removed. Nothing sends it yet.
+/// Playing times shown at beats of these bars were added or removed.
 class RequestTimerChanged final : public StaffBarsEvent<RequestTimerChanged> {
     using StaffBarsEvent::StaffBarsEvent;
 };
@@ -81,7 +81,7 @@ class GlobalTempoChanged final : public ChangeEvent<GlobalTempoChanged, double> 
     using ChangeEvent::ChangeEvent;
 };
 
-/// The first bar became a pickup bar, or stopped being one. Nothing sends it yet.
+/// The first bar became a pickup bar, or stopped being one.
 class AnacrusisChanged final : public ChangeEvent<AnacrusisChanged, bool> {
     using ChangeEvent::ChangeEvent;
 };

@@ -2,6 +2,7 @@
 #include <ZarnCore/model/ZarnMasterBarAttribute.h>
 
 #include <ZarnCore/model/AttributeRows.h>
+#include <ZarnCore/model/ZarnMasterTrack.h>
 #include <ZarnCore/model/attributes/ZarnLayoutRatio.h>
 
 #include <limits>
@@ -26,6 +27,7 @@ enum : unsigned {
     endingsChanged,
     beamGroupsChanged,
     fermatasChanged = 89,
+    anacrusisChanged = 91,
     ratiosChanged = 108,
 };
 
@@ -58,6 +60,19 @@ int endings(const MasterBar &bar)
 void setEndings(MasterBar &bar, int passes)
 {
     bar.setAlternateEndings(static_cast<std::uint32_t>(passes));
+}
+
+/// The flag is the master track's; a detached bar has none.
+bool isAnacrusis(const MasterBar &bar)
+{
+    const auto track = bar.index() == 0 ? bar.parentMasterTrack() : nullptr;
+    return track && track->hasAnacrusis();
+}
+void setAnacrusis(MasterBar &bar, bool isAnacrusis)
+{
+    const auto track = bar.index() == 0 ? bar.parentMasterTrack() : nullptr;
+    if (track)
+        track->setAnacrusis(isAnacrusis);
 }
 
 constexpr auto anyBits = numbers(std::numeric_limits<int>::min(), std::numeric_limits<int>::max());
@@ -100,6 +115,7 @@ constexpr std::array<Row, MasterBarAttributeCount> rows = {{
         Id::LayoutRatio, "LayoutRatio", "layoutRatio",
         reals(static_cast<double>(lowestLayoutRatio), static_cast<double>(highestLayoutRatio)),
         ratiosChanged, Split::All),
+    row<isAnacrusis, setAnacrusis>(Id::Anacrusis, "Anacrusis", "", anyOf<bool>(), anacrusisChanged),
 }};
 static_assert(areInOrder(rows));
 

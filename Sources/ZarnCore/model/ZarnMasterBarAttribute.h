@@ -26,9 +26,10 @@ enum class MasterBarAttribute : std::uint8_t {
     Fermatas,   ///< `FermataMarks`
     BarLine,
     LayoutRatio,
+    Anacrusis, ///< of the first bar alone: the master track's
 };
 
-constexpr unsigned MasterBarAttributeCount = 15;
+constexpr unsigned MasterBarAttributeCount = 16;
 
 struct MasterBarAttributeRow : Attribute<MasterBar, MasterBarAttribute> {
     /// Whether the order of playing depends on it.

@@ -2,13 +2,9 @@
 #include <ZarnCore/score/ZarnScore.h>
 
 #include <ZarnCore/ZarnAssert.h>
-#include <ZarnCore/ZarnLog.h>
 #include <ZarnCore/events/ZarnScoreEvents.h>
-#include <ZarnCore/model/ZarnMasterTrack.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
-#include <ZarnCore/model/ZarnTrack.h>
 
-#include <exception>
 #include <utility>
 
 namespace zarn {
@@ -16,8 +12,7 @@ namespace zarn {
 Score::Score() : Score(std::shared_ptr<IZarnRendererStyleSheet>()) { }
 
 Score::Score(std::shared_ptr<IZarnRendererStyleSheet> styleSheet)
-    : _model(std::make_shared<ScoreModel>()), _styleSheet(std::move(styleSheet)),
-      _eventsLog(log::events()), _cursor(this), _commands(this)
+    : _styleSheet(std::move(styleSheet)), _cursor(this), _commands(this)
 {
     _model->setParentScore(this);
 }
@@ -80,65 +75,6 @@ void Score::exchangeModel(std::shared_ptr<ScoreModel> &model) noexcept
     _model->setParentScore(nullptr);
     _model.swap(model);
     _model->setParentScore(this);
-}
-
-std::shared_ptr<MasterTrack> Score::masterTrack() const
-{
-    return _model->masterTrack();
-}
-
-std::shared_ptr<Track> Score::track(unsigned index) const
-{
-    return _model->track(index);
-}
-
-std::vector<std::shared_ptr<Track>> Score::tracks() const
-{
-    return _model->tracks();
-}
-
-unsigned Score::trackCount() const
-{
-    return _model->trackCount();
-}
-
-bool Score::hasSlash(unsigned track) const
-{
-    return _model->hasTrackIndex(track) && _model->tracks()[track]->notations().slash;
-}
-
-bool Score::hasStdNotation(unsigned track) const
-{
-    return _model->hasTrackIndex(track) && _model->tracks()[track]->notations().standard;
-}
-
-bool Score::hasTablature(unsigned track) const
-{
-    return _model->hasTrackIndex(track) && _model->tracks()[track]->notations().tablature;
-}
-
-QStringList Score::tracksName() const
-{
-    QStringList names;
-    for (const auto &track : _model->tracks())
-        names.append(QString::fromStdString(track->name()));
-    return names;
-}
-
-void Score::notifyUnstopped(const std::function<void()> &notify) noexcept
-{
-    try {
-        notify();
-    } catch (const std::exception &error) {
-        qCWarning(log::events) << "A listener fails while a change is taken back:" << error.what();
-    } catch (...) {
-        qCWarning(log::events) << "A listener fails while a change is taken back";
-    }
-}
-
-void Score::logNotify(const evt::Event &event)
-{
-    qCDebug(log::events) << "Notify" << event.typeName();
 }
 
 } // namespace zarn

@@ -5,11 +5,11 @@
 #include <ZarnCore/events/ZarnScoreEvents.h>
 #include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
 #include <ZarnCore/model/ZarnMasterTrack.h>
-#include <ZarnCore/score/ZarnScore.h>
+#include <ZarnCore/score/ZarnScoreBase.h>
 
 namespace zarn {
 
-void announceAutomations(Score &score, const void *sender, int track, Automation::Type type,
+void announceAutomations(ScoreBase &score, const void *sender, int track, Automation::Type type,
                          int firstBar, int lastBar)
 {
     if (track == masterTrackIndex) {
@@ -29,7 +29,7 @@ double startTempo(const MasterTrack &master)
                             : master.quarterTempoValue();
 }
 
-void announceStartTempo(Score &score, const void *sender, double before, double after)
+void announceStartTempo(ScoreBase &score, const void *sender, double before, double after)
 {
     if (before != after)
         score.notify(sender, evt::GlobalTempoChanged(before, after));

@@ -6,7 +6,7 @@
 namespace zarn {
 
 class MasterTrack;
-class Score;
+class ScoreBase;
 
 /// How events of automations and effects name the master track.
 constexpr int masterTrackIndex = -1;
@@ -14,13 +14,13 @@ constexpr int masterTrackIndex = -1;
 /// Sends the events of automations of one type that came, went or changed between two bars, both
 /// included: `MasterTrackAutomationChanged`, or for a track `TrackAutomationChanged` and, when they
 /// switch sounds, `SoundAutomationChanged`.
-void announceAutomations(Score &score, const void *sender, int track, Automation::Type type,
+void announceAutomations(ScoreBase &score, const void *sender, int track, Automation::Type type,
                          int firstBar, int lastBar);
 
 /// The tempo at which the score starts, in quarters per minute.
 double startTempo(const MasterTrack &master);
 
 /// Sends `GlobalTempoChanged` when the two tempos differ.
-void announceStartTempo(Score &score, const void *sender, double before, double after);
+void announceStartTempo(ScoreBase &score, const void *sender, double before, double after);
 
 } // namespace zarn

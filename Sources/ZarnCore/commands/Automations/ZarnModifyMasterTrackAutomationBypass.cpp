@@ -5,7 +5,7 @@
 #include <ZarnCore/events/ZarnAutomationEvents.h>
 #include <ZarnCore/instruments/automations/ZarnAutomationContainer.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
-#include <ZarnCore/score/ZarnScore.h>
+#include <ZarnCore/score/ZarnScoreBase.h>
 
 namespace zarn::cmd {
 

@@ -5,7 +5,7 @@
 #include <ZarnCore/events/ZarnAutomationEvents.h>
 #include <ZarnCore/events/ZarnMasterBarEvents.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
-#include <ZarnCore/score/ZarnScore.h>
+#include <ZarnCore/score/ZarnScoreBase.h>
 
 #include <algorithm>
 
@@ -112,7 +112,7 @@ ColumnChanges::Containers ColumnChanges::automationsAtStart(const ScoreModel &mo
     return found;
 }
 
-void ColumnChanges::announceIn(Score &score, const void *sender) const
+void ColumnChanges::announceIn(ScoreBase &score, const void *sender) const
 {
     const ScoreModel &model = *score.scoreModel();
     _touched.announce(score, sender, _first, _count);
@@ -127,7 +127,7 @@ void ColumnChanges::announceIn(Score &score, const void *sender) const
     announceStartTempo(score, sender, _tempoOut, _tempoIn);
 }
 
-void ColumnChanges::announceOut(Score &score, const void *sender) const
+void ColumnChanges::announceOut(ScoreBase &score, const void *sender) const
 {
     _touched.announce(score, sender);
     announceMovementStart(score, sender, _first);
@@ -138,13 +138,13 @@ void ColumnChanges::announceOut(Score &score, const void *sender) const
     announceStartTempo(score, sender, _tempoIn, _tempoOut);
 }
 
-void ColumnChanges::announceMovementStart(Score &score, const void *sender, unsigned bar) const
+void ColumnChanges::announceMovementStart(ScoreBase &score, const void *sender, unsigned bar) const
 {
     if (_movesMovementStart)
         score.notify(sender, evt::MasterBarAttribute(static_cast<int>(bar), static_cast<int>(bar)));
 }
 
-void ColumnChanges::announceDirections(Score &score, const void *sender, Columns now) const
+void ColumnChanges::announceDirections(ScoreBase &score, const void *sender, Columns now) const
 {
     for (const auto &[mark, bar] : _directions)
         score.notify(sender,
@@ -153,7 +153,7 @@ void ColumnChanges::announceDirections(Score &score, const void *sender, Columns
     score.notify(sender, evt::RequestMasterBarPlaylistUpdate());
 }
 
-void ColumnChanges::announceAutomations(Containers containers, Score &score, const void *sender,
+void ColumnChanges::announceAutomations(Containers containers, ScoreBase &score, const void *sender,
                                         unsigned firstBar, unsigned lastBar)
 {
     if (containers.empty())

@@ -10,7 +10,7 @@
 
 namespace zarn {
 
-class Score;
+class ScoreBase;
 class ScoreModel;
 
 /// What changes beside bar columns that go in or out: the ties and simile marks of the bars next to
@@ -44,18 +44,18 @@ public:
     /// Sends what is beside `AddBars` and `RemoveBars`: the events of the touched bars,
     /// `MasterBarAttribute` for the bar that begins a movement or no more, `MasterBarDirection`,
     /// `RequestMasterBarPlaylistUpdate`, those of the automations, and `GlobalTempoChanged`.
-    void announceIn(Score &score, const void *sender) const;
-    void announceOut(Score &score, const void *sender) const;
+    void announceIn(ScoreBase &score, const void *sender) const;
+    void announceOut(ScoreBase &score, const void *sender) const;
 
 private:
     /// A track, or the master track, and a type of automations in it.
     using Container = std::pair<int, Automation::Type>;
     using Containers = std::vector<Container>;
 
-    void announceMovementStart(Score &score, const void *sender, unsigned bar) const;
-    void announceDirections(Score &score, const void *sender, Columns now) const;
+    void announceMovementStart(ScoreBase &score, const void *sender, unsigned bar) const;
+    void announceDirections(ScoreBase &score, const void *sender, Columns now) const;
     Containers automationsAtStart(const ScoreModel &model) const;
-    static void announceAutomations(Containers containers, Score &score, const void *sender,
+    static void announceAutomations(Containers containers, ScoreBase &score, const void *sender,
                                     unsigned firstBar, unsigned lastBar);
 
     unsigned _first = 0;

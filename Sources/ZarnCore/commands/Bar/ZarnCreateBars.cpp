@@ -4,7 +4,7 @@
 #include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/events/ZarnBarEvents.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
-#include <ZarnCore/score/ZarnScore.h>
+#include <ZarnCore/score/ZarnScoreBase.h>
 
 namespace zarn::cmd {
 

@@ -5,7 +5,7 @@
 #include <ZarnCore/commands/Automations/AnnounceAutomations.h>
 #include <ZarnCore/events/ZarnBarEvents.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
-#include <ZarnCore/score/ZarnScore.h>
+#include <ZarnCore/score/ZarnScoreBase.h>
 
 namespace zarn::cmd {
 

@@ -3,15 +3,10 @@
 
 namespace zarn::cmd {
 
-SetBeatDynamic::SetBeatDynamic() : SetAttribute(QStringLiteral("SetBeatDynamic")) { }
-SetBeatDynamic::~SetBeatDynamic() = default;
-
-bool SetBeatDynamic::init(Score *score, const ScoreModelRange &range, NoteDynamic dynamic)
+SetBeatDynamic::SetBeatDynamic()
+    : SetMark("zarn::cmd::SetBeatDynamic::init", QStringLiteral("SetBeatDynamic"))
 {
-    ZARN_ASSERT_IN("zarn::cmd::SetBeatDynamic::init", score != NULL);
-    addArg(QStringLiteral("Range"), range.toQString());
-    addArg(QStringLiteral("Type"), QString::number(static_cast<int>(dynamic.value())));
-    return dynamic.value() <= NoteDynamic::Value::FFFFFFF && prepare(score, {range}, dynamic);
 }
+SetBeatDynamic::~SetBeatDynamic() = default;
 
 } // namespace zarn::cmd

@@ -1,19 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ZarnCore/commands/ZarnSetAttribute.h>
+#include <ZarnCore/commands/ZarnSetByTable.h>
 
 namespace zarn::cmd {
 
-/// Sets how loud beats are played.
-class ZARNCORE_EXPORT SetBeatDynamic final
-    : public SetOnRange<Beat, &Beat::dynamic, &Beat::setDynamic> {
+/// Sets how loud beats are played from here on; none is as before.
+class ZARNCORE_EXPORT SetBeatDynamic final : public SetMark<BeatAttribute::Dynamic, NoteDynamic> {
 public:
     SetBeatDynamic();
     ~SetBeatDynamic() override;
-
-    /// Every beat of the range. False when the range holds no beat, and for an unknown dynamic.
-    bool init(Score *score, const ScoreModelRange &range, NoteDynamic dynamic);
 };
 
 } // namespace zarn::cmd

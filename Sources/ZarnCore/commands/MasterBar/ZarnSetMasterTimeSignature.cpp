@@ -11,7 +11,7 @@ bool SetMasterTimeSignature::isWritable(const TimeSignature &signature) noexcept
 }
 
 SetMasterTimeSignature::SetMasterTimeSignature()
-    : SetAttribute(QStringLiteral("SetMasterTimeSignature"))
+    : SetMasterBarsByTable(QStringLiteral("SetMasterTimeSignature"))
 {
 }
 SetMasterTimeSignature::~SetMasterTimeSignature() = default;
@@ -20,11 +20,7 @@ bool SetMasterTimeSignature::init(Score *score, unsigned first, unsigned last,
                                   const TimeSignature &signature)
 {
     ZARN_ASSERT_IN("zarn::cmd::SetMasterTimeSignature::init", score != NULL);
-    addArg(QStringLiteral("First"), QString::number(first));
-    addArg(QStringLiteral("Last"), QString::number(last));
-    addArg(QStringLiteral("Type"),
-           QStringLiteral("%1/%2").arg(signature.getNumerator()).arg(signature.getDenominator()));
-    return isWritable(signature) && prepare(score, {first, last}, signature);
+    return prepare(score, first, last, {{MasterBarAttribute::TimeSignature, signature}});
 }
 
 } // namespace zarn::cmd

@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ZarnCore/commands/ZarnSetAttribute.h>
+#include <ZarnCore/commands/ZarnSetMasterBarsByTable.h>
 #include <ZarnCore/music/ZarnTimeSignature.h>
 
 namespace zarn::cmd {
 
-/// Sets the time signature of bars. What stands in them is not moved.
-class ZARNCORE_EXPORT SetMasterTimeSignature final
-    : public SetOnMasterBars<&MasterBar::timeSignature, &MasterBar::setTimeSignature,
-                             evt::MasterBarTimeSignature> {
+/// Sets the time signature of bars. What stands in them is not moved; beam groups that do not fill
+/// a bar of it go.
+class ZARNCORE_EXPORT SetMasterTimeSignature final : public SetMasterBarsByTable {
 public:
     SetMasterTimeSignature();
     ~SetMasterTimeSignature() override;

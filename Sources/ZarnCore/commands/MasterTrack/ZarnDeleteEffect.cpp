@@ -7,7 +7,7 @@
 #include <ZarnCore/events/ZarnScoreEvents.h>
 #include <ZarnCore/instruments/effects/ZarnMastering.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
-#include <ZarnCore/score/ZarnScore.h>
+#include <ZarnCore/score/ZarnScoreBase.h>
 
 namespace zarn::cmd {
 

@@ -3,7 +3,7 @@
 
 #include <ZarnCore/events/ZarnMasterBarEvents.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
-#include <ZarnCore/score/ZarnScore.h>
+#include <ZarnCore/score/ZarnScoreBase.h>
 
 namespace zarn {
 

@@ -4,7 +4,7 @@
 #include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/commands/ZarnRangeNodes.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
-#include <ZarnCore/score/ZarnScore.h>
+#include <ZarnCore/score/ZarnScoreBase.h>
 
 #include <algorithm>
 #include <iterator>

@@ -5,7 +5,7 @@
 #include <ZarnCore/events/ZarnSoundEvents.h>
 #include <ZarnCore/instruments/sounds/ZarnSound.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
-#include <ZarnCore/score/ZarnScore.h>
+#include <ZarnCore/score/ZarnScoreBase.h>
 
 #include <utility>
 

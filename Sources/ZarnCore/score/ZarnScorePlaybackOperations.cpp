@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <ZarnCore/score/ZarnScore.h>
+#include <ZarnCore/score/ZarnScorePlaybackOperations.h>
 
 #include <ZarnCore/commands/Automations/ZarnModifyMasterTrackAutomationBypass.h>
 #include <ZarnCore/commands/Automations/ZarnModifyMasterTrackAutomations.h>
@@ -11,29 +11,32 @@
 
 namespace zarn {
 
-bool Score::modifyMasterTrackAutomations(const std::vector<const Automation *> &removed,
-                                         const std::vector<const Automation *> &inserted)
+bool ScorePlaybackOperations::modifyMasterTrackAutomations(
+    const std::vector<const Automation *> &removed, const std::vector<const Automation *> &inserted)
 {
     return execute<cmd::ModifyMasterTrackAutomations>(*this, removed, inserted);
 }
 
-bool Score::modifyTrackAutomations(unsigned track, const std::vector<const Automation *> &removed,
-                                   const std::vector<const Automation *> &inserted)
+bool ScorePlaybackOperations::modifyTrackAutomations(
+    unsigned track, const std::vector<const Automation *> &removed,
+    const std::vector<const Automation *> &inserted)
 {
     return execute<cmd::ModifyTrackAutomations>(*this, track, removed, inserted);
 }
 
-bool Score::modifyMasterTrackAutomationBypass(Automation::Type type, bool isBypassed)
+bool ScorePlaybackOperations::modifyMasterTrackAutomationBypass(Automation::Type type,
+                                                                bool isBypassed)
 {
     return execute<cmd::ModifyMasterTrackAutomationBypass>(*this, type, isBypassed);
 }
 
-bool Score::modifyTrackAutomationBypass(unsigned track, Automation::Type type, bool isBypassed)
+bool ScorePlaybackOperations::modifyTrackAutomationBypass(unsigned track, Automation::Type type,
+                                                          bool isBypassed)
 {
     return execute<cmd::ModifyTrackAutomationBypass>(*this, track, type, isBypassed);
 }
 
-bool Score::removeMasterReverb()
+bool ScorePlaybackOperations::removeMasterReverb()
 {
     return execute<cmd::DeleteEffect>(*this, Mastering::reverbSlot);
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <ZarnCore/score/ZarnScore.h>
+#include <ZarnCore/score/ZarnScoreTrackOperations.h>
 
 #include <ZarnCore/commands/Execute.h>
 #include <ZarnCore/commands/Track/ZarnAddTrackSound.h>
@@ -19,63 +19,64 @@
 
 namespace zarn {
 
-bool Score::createTrack(unsigned index, InstrumentSet::Type type)
+bool ScoreTrackOperations::createTrack(unsigned index, InstrumentSet::Type type)
 {
     return execute<cmd::CreateTrack>(*this, index, type);
 }
 
-bool Score::insertTrack(unsigned index, std::shared_ptr<Track> track)
+bool ScoreTrackOperations::insertTrack(unsigned index, std::shared_ptr<Track> track)
 {
     return execute<cmd::InsertTrack>(*this, index, std::move(track));
 }
 
-bool Score::removeTrack(unsigned index)
+bool ScoreTrackOperations::removeTrack(unsigned index)
 {
     return execute<cmd::RemoveTrack>(*this, index);
 }
 
-bool Score::setTrackName(unsigned track, const QString &name)
+bool ScoreTrackOperations::setTrackName(unsigned track, const QString &name)
 {
     return execute<cmd::SetTrackName>(*this, track, name);
 }
 
-bool Score::setTrackShortName(unsigned track, const QString &name)
+bool ScoreTrackOperations::setTrackShortName(unsigned track, const QString &name)
 {
     return execute<cmd::SetTrackShortName>(*this, track, name);
 }
 
-bool Score::setTrackIcon(unsigned track, ZarnIconID icon)
+bool ScoreTrackOperations::setTrackIcon(unsigned track, ZarnIconID icon)
 {
     return execute<cmd::SetTrackIcon>(*this, track, icon);
 }
 
-bool Score::setGuitarFullTuning(unsigned track, unsigned staff, const GuitarTuning &tuning,
-                                unsigned capoFret, Retuning retuning)
+bool ScoreTrackOperations::setGuitarFullTuning(unsigned track, unsigned staff,
+                                               const GuitarTuning &tuning, unsigned capoFret,
+                                               Retuning retuning)
 {
     return execute<cmd::SetGuitarFullTuning>(*this, track, staff, tuning, capoFret, retuning);
 }
 
-bool Score::addTrackSound(unsigned track, const Sound &sound)
+bool ScoreTrackOperations::addTrackSound(unsigned track, const Sound &sound)
 {
     return addTrackSound(track, std::make_shared<const Sound>(sound));
 }
 
-bool Score::addTrackSound(unsigned track, std::shared_ptr<const Sound> sound)
+bool ScoreTrackOperations::addTrackSound(unsigned track, std::shared_ptr<const Sound> sound)
 {
     return execute<cmd::AddTrackSound>(*this, track, std::move(sound));
 }
 
-bool Score::removeTrackSound(unsigned track, unsigned index)
+bool ScoreTrackOperations::removeTrackSound(unsigned track, unsigned index)
 {
     return execute<cmd::RemoveTrackSound>(*this, track, index);
 }
 
-bool Score::createAudioTrack(unsigned index, std::shared_ptr<AudioTrack> track)
+bool ScoreTrackOperations::createAudioTrack(unsigned index, std::shared_ptr<AudioTrack> track)
 {
     return execute<cmd::CreateAudioTrack>(*this, index, std::move(track));
 }
 
-bool Score::removeAudioTrack(unsigned index)
+bool ScoreTrackOperations::removeAudioTrack(unsigned index)
 {
     return execute<cmd::RemoveAudioTrack>(*this, index);
 }

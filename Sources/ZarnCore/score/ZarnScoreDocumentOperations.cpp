@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <ZarnCore/score/ZarnScore.h>
+#include <ZarnCore/score/ZarnScoreDocumentOperations.h>
 
 #include <ZarnCore/commands/Execute.h>
 #include <ZarnCore/commands/Score/ZarnChangeHeaderAndFooter.h>
@@ -9,22 +9,22 @@
 
 namespace zarn {
 
-bool Score::changeProperty(ScoreProperty property, const QString &text)
+bool ScoreDocumentOperations::changeProperty(ScoreProperty property, const QString &text)
 {
     return execute<cmd::ChangeProperty>(*this, property, text);
 }
 
-bool Score::changeProperties(const std::map<ScoreProperty, QString> &texts)
+bool ScoreDocumentOperations::changeProperties(const std::map<ScoreProperty, QString> &texts)
 {
     return execute<cmd::ChangeProperties>(*this, texts);
 }
 
-bool Score::changeHeaderAndFooter(HeaderAndFooter part, const QString &text)
+bool ScoreDocumentOperations::changeHeaderAndFooter(HeaderAndFooter part, const QString &text)
 {
     return execute<cmd::ChangeHeaderAndFooter>(*this, part, text);
 }
 
-bool Score::setConcertTone(double hertz)
+bool ScoreDocumentOperations::setConcertTone(double hertz)
 {
     return execute<cmd::SetConcertTone>(*this, hertz);
 }

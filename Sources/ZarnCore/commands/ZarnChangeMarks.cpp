@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/commands/ZarnChangeMarks.h>
+
+#include <ZarnCore/commands/NotePlaces.h>
+#include <ZarnCore/commands/ZarnRangeNodes.h>
+
+namespace zarn {
+
+template <class Node>
+bool ChangeMarks<Node>::prepare(Score *score, const ScoreModelRange &range, AlsoKept also)
+{
+    setScore(score);
+    _range = range;
+    _also = also;
+    return canExist(range) && expectPlace([this] {
+               begin(model());
+               bool isAnyTaken = false;
+               visitNodes(model(), _range, static_cast<const Node *>(nullptr),
+                          [&](const MarkedPlace &place, Beat &beat, Node &node) {
+                              isAnyTaken = takes(place, beat, node);
+                              return !isAnyTaken;
+                          });
+               return isAnyTaken;
+           });
+}
+
+template <class Node>
+void ChangeMarks<Node>::apply()
+{
+    _isTaken.clear();
+    _beats.clear();
+    _notes.clear();
+    _rhythms.clear();
+    begin(model());
+    constexpr bool areNotes = std::is_same_v<Node, Note>;
+    const Beat *lastBeat = nullptr;
+    try {
+        visitNodes(model(), _range, static_cast<const Node *>(nullptr),
+                   [&](const MarkedPlace &place, Beat &beat, Node &node) {
+                       _isTaken.push_back(takes(place, beat, node));
+                       if (!_isTaken.back())
+                           return true;
+                       if constexpr (areNotes) {
+                           _notes.keep(node);
+                           if (_also.otherMarks && &beat != lastBeat)
+                               _beats.keep(beat);
+                       } else {
+                           _beats.keep(beat);
+                           if (_also.rhythms)
+                               _rhythms.push_back(beat.rhythmValue());
+                           if (_also.otherMarks)
+                               for (const auto &note : beat.notes())
+                                   _notes.keep(*note);
+                       }
+                       lastBeat = &beat;
+                       change(place, beat, node);
+                       _notes.settle();
+                       _beats.settle();
+                       return !isForFirstOnly();
+                   });
+    } catch (...) {
+        _notes.settle();
+        _beats.settle();
+        putBack();
+        throw;
+    }
+    requirePlace(lastBeat != nullptr);
+}
+
+template <class Node>
+void ChangeMarks<Node>::revert()
+{
+    putBack();
+}
+
+/// Walks as `apply` did: what it changed decides about no place.
+template <class Node>
+void ChangeMarks<Node>::putBack()
+{
+    typename KeptMarks<Beat>::Return giveToBeat(_beats);
+    typename KeptMarks<Note>::Return giveToNote(_notes);
+    const Beat *lastBeat = nullptr;
+    std::size_t number = 0;
+    std::size_t rhythm = 0;
+    visitNodes(model(), _range, static_cast<const Node *>(nullptr),
+               [&](const MarkedPlace &, Beat &beat, Node &node) {
+                   if (number == _isTaken.size())
+                       return false;
+                   if (!_isTaken[number++])
+                       return true;
+                   if constexpr (std::is_same_v<Node, Note>) {
+                       giveToNote.to(node);
+                       if (_also.otherMarks && &beat != lastBeat)
+                           giveToBeat.to(beat);
+                   } else {
+                       giveToBeat.to(beat);
+                       if (_also.rhythms)
+                           beat.setRhythmValue(_rhythms[rhythm++]);
+                       if (_also.otherMarks)
+                           for (const auto &note : beat.notes())
+                               giveToNote.to(*note);
+                   }
+                   lastBeat = &beat;
+                   return true;
+               });
+}
+
+template <class Node>
+void ChangeMarks<Node>::announce()
+{
+    TouchedBars touched;
+    touched.add(_range);
+    touched.announce(score(), this);
+}
+
+template class ChangeMarks<Beat>;
+template class ChangeMarks<Note>;
+
+} // namespace zarn

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+namespace zarn {
+
+/// How nodes were marked before a change, in the order in which they were kept: eight bytes for
+/// each, and the details of those whose details changed.
+template <class Node>
+class KeptMarks {
+public:
+    using Marks = std::decay_t<decltype(std::declval<const Node &>().marks())>;
+    using Details = std::decay_t<decltype(std::declval<const Node &>().details())>;
+
+    void clear() noexcept
+    {
+        _pending.clear();
+        _marks.clear();
+        _details.clear();
+    }
+    bool isEmpty() const noexcept { return _marks.empty(); }
+
+    /// Keeps a node that is about to be changed; `settle` follows the change.
+    void keep(const Node &node)
+    {
+        _pending.push_back({&node, _marks.size(), {}});
+        if (node.hasDetails())
+            _pending.back().details = node.details();
+        _marks.push_back(node.marks());
+    }
+
+    /// Keeps the details that changed since the last call, and no others.
+    void settle()
+    {
+        for (Pending &pending : _pending) {
+            if (!pending.details && !pending.node->hasDetails())
+                continue;
+            Details details = pending.details ? *std::move(pending.details) : Details();
+            if (details != pending.node->details())
+                _details.emplace_back(pending.number, std::move(details));
+        }
+        _pending.clear();
+    }
+
+    /// Gives back what the nodes had, one after the other in the order in which they were kept.
+    class Return {
+    public:
+        explicit Return(const KeptMarks &kept) noexcept : _kept(kept) { }
+
+        void to(Node &node)
+        {
+            node.setMarks(_kept._marks[_number]);
+            const auto &details = _kept._details;
+            if (_detailsNumber < details.size() && details[_detailsNumber].first == _number)
+                node.setDetails(details[_detailsNumber++].second);
+            ++_number;
+        }
+
+    private:
+        const KeptMarks &_kept;
+        std::size_t _number = 0;
+        std::size_t _detailsNumber = 0;
+    };
+
+private:
+    struct Pending {
+        const Node *node;
+        std::size_t number;
+        std::optional<Details> details;
+    };
+
+    std::vector<Pending> _pending;
+    std::vector<Marks> _marks;
+    std::vector<std::pair<std::size_t, Details>> _details; ///< with the number of the node
+};
+
+} // namespace zarn

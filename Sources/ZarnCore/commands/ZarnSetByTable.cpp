@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/commands/ZarnSetByTable.h>
+
+#include <ZarnCore/commands/Beat/ZarnSetBeatRhythm.h>
+#include <ZarnCore/commands/ZarnRangeNodes.h>
+#include <ZarnCore/events/ZarnScoreEvents.h>
+#include <ZarnCore/score/ZarnScoreBase.h>
+
+#include <algorithm>
+
+namespace zarn {
+
+namespace {
+
+/// Number of the published event.
+constexpr unsigned timerChanged = 64;
+
+bool reachesOthers(const BeatAttributeRow &row)
+{
+    return !row.excludesOnNotes.isEmpty();
+}
+bool reachesOthers(const NoteAttributeRow &row)
+{
+    return !row.excludesOnBeat.isEmpty();
+}
+
+bool hasEnoughNotes(const BeatAttributeRow &row, const Beat &beat)
+{
+    return beat.noteCount() >= row.leastNotes;
+}
+bool hasEnoughNotes(const NoteAttributeRow &, const Beat &)
+{
+    return true;
+}
+
+bool accepts(const BeatAttributeRow &row, const MarkedPlace &place, const Beat &beat, const Beat &,
+             const AttributeValue &value)
+{
+    return row.accepts == nullptr || row.accepts(place.staff, beat, value);
+}
+bool accepts(const NoteAttributeRow &row, const MarkedPlace &place, const Beat &beat,
+             const Note &note, const AttributeValue &value)
+{
+    return row.accepts == nullptr || row.accepts(place.staff, beat, note, value);
+}
+
+void give(Beat &beat, Beat &, BeatAttribute id, const AttributeValue &value)
+{
+    if (id == BeatAttribute::Rhythm)
+        setBeatRhythm(beat, {value.to<RhythmValue>(), false});
+    else
+        setAttribute(beat, id, value);
+}
+void give(Beat &beat, Note &note, NoteAttribute id, const AttributeValue &value)
+{
+    setAttribute(beat, note, id, value);
+}
+
+bool isWritable(const AttributeValue &value)
+{
+    const auto *const rhythm = std::get_if<RhythmValue>(&value.held());
+    return rhythm == nullptr || cmd::SetBeatRhythm::isWritable(*rhythm);
+}
+
+/// Tells of every staff that the range reaches.
+void announceTimers(ScoreBase &score, const ScoreModelRange &range, const void *sender)
+{
+    const auto bars = std::minmax({range.first().barIndex(), range.second().barIndex()});
+    const auto tell = [&](unsigned track, unsigned staff) {
+        score.notify(sender,
+                     evt::RequestTimerChanged(static_cast<int>(track), static_cast<int>(staff),
+                                              bars.first, bars.second));
+    };
+    if (!range.isMultiTrack()) {
+        const auto staves = stavesOf(range);
+        for (unsigned staff = staves.first; staff <= staves.second; ++staff)
+            tell(static_cast<unsigned>(range.first().trackIndex()), staff);
+        return;
+    }
+    for (const auto &track : score.scoreModel()->tracks())
+        for (unsigned staff = 0; staff < track->staffCount(); ++staff)
+            tell(track->index(), staff);
+}
+
+/// The key under which the value of a kind is recorded.
+QString keyOf(const AttributeRange &range, const AttributeValue &value)
+{
+    if (std::holds_alternative<bool>(value.held()))
+        return QStringLiteral("Checked");
+    return range.texts != nullptr ? QStringLiteral("Type") : QStringLiteral("Value");
+}
+
+} // namespace
+
+template <class Node>
+bool SetByTable<Node>::prepare(Score *score, const ScoreModelRange &range, Values values,
+                               Recorded recorded)
+{
+    std::sort(values.begin(), values.end(),
+              [](const auto &left, const auto &right) { return left.first < right.first; });
+    this->addArg(QStringLiteral("Range"), range.toQString());
+    bool areValid = !values.empty();
+    AlsoKept also;
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        if (!isAttribute(values[i].first))
+            return false;
+        const Row &row = rowOf(values[i].first);
+        const AttributeValue &value = values[i].second;
+        const bool isFit = row.range.contains(value) && isWritable(value);
+        const bool isNamed = recorded == Recorded::NamesAndValues;
+        if (isNamed)
+            this->addArg(QStringLiteral("Type"), QString::fromStdString(std::string(row.name)));
+        this->addArg(isNamed ? QStringLiteral("Value") : keyOf(row.range, value),
+                     isFit ? QString::fromStdString(row.range.toText(value)) : QStringLiteral("?"));
+        areValid = areValid && isFit && (i == 0 || values[i - 1].first != row.id);
+        for (const auto &other : values)
+            areValid = areValid && !row.excludes.has(other.first);
+        also.otherMarks = also.otherMarks || reachesOthers(row);
+        also.rhythms = also.rhythms || std::holds_alternative<RhythmValue>(value.held());
+        _given.push_back({&row, value, value == defaultOf(row)});
+    }
+    return areValid && ChangeMarks<Node>::prepare(score, range, also);
+}
+
+template <class Node>
+void SetByTable<Node>::setGiven(std::size_t number, const AttributeValue &value)
+{
+    Given &given = _given[number];
+    given.value = value;
+    given.isDefault = value == defaultOf(*given.row);
+}
+
+template <class Node>
+bool SetByTable<Node>::takes(const Given &given, const MarkedPlace &place, const Beat &beat,
+                             const Node &node)
+{
+    return place.isOn(given.row->staves) && hasEnoughNotes(*given.row, beat)
+        && (given.isDefault || accepts(*given.row, place, beat, node, given.value));
+}
+
+template <class Node>
+bool SetByTable<Node>::takes(const MarkedPlace &place, const Beat &beat, const Node &node) const
+{
+    return std::any_of(_given.begin(), _given.end(),
+                       [&](const Given &given) { return takes(given, place, beat, node); });
+}
+
+template <class Node>
+void SetByTable<Node>::change(const MarkedPlace &place, Beat &beat, Node &node)
+{
+    for (const Given &given : _given)
+        if (takes(given, place, beat, node))
+            give(beat, node, given.row->id, given.value);
+}
+
+/// The content first, the labels of playing times behind it.
+template <class Node>
+void SetByTable<Node>::announce()
+{
+    const auto isTimer = [](const Given &given) { return given.row->event == timerChanged; };
+    if (!std::all_of(_given.begin(), _given.end(), isTimer))
+        ChangeMarks<Node>::announce();
+    if (std::any_of(_given.begin(), _given.end(), isTimer))
+        announceTimers(this->score(), this->range(), this);
+}
+
+template class SetByTable<Beat>;
+template class SetByTable<Note>;
+
+} // namespace zarn

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/ZarnExport.h>
+#include <ZarnCore/ZarnTypes.h>
+
+#include <QString>
+
+#include <cstdint>
+#include <map>
+#include <vector>
+
+namespace zarn {
+
+class AttributeValue;
+class NoteDynamic;
+class RhythmValue;
+class ScoreModelIndex;
+class ScoreModelRange;
+struct Barre;
+struct WhammyBar;
+struct WrittenStretch;
+enum class BeatAttribute : std::uint8_t;
+
+/// What can be done to the beats of a score. Indexes and ranges are taken as places of this score,
+/// whatever their model. The commands of the same names, in `cmd`, say more. Each answers whether
+/// it was done: what cannot be done is logged and changes nothing.
+class ZARNCORE_EXPORT ScoreBeatOperations {
+public:
+    /// Inserts a rest in front of the beat that the index names, or behind the last one.
+    bool createBeat(const ScoreModelIndex &index, const RhythmValue &rhythm);
+
+    /// Writes beats with their notes over stretches of a staff's voices, or between them; see
+    /// `cmd::WriteBeats`. Takes the beats over.
+    bool writeBeats(unsigned track, unsigned staff, std::vector<WrittenStretch> stretches);
+
+    /// Removes beats; those behind them move up, and nothing fills the bar.
+    bool removeBeats(const ScoreModelRange &range);
+
+    /// Gives every beat of a range a note value; nothing fills or cuts the bar.
+    bool setBeatRhythm(const ScoreModelRange &range, const RhythmValue &rhythm);
+
+    /// Sets how loud every beat of a range is played.
+    bool setBeatDynamic(const ScoreModelRange &range, NoteDynamic dynamic);
+
+    // Attributes, by their ids in the table of beats; beats that do not take one are passed over.
+
+    bool setBeatAttribute(const ScoreModelRange &range, BeatAttribute id,
+                          const AttributeValue &value);
+    bool setBeatAttributes(const ScoreModelRange &range,
+                           const std::map<BeatAttribute, AttributeValue> &values);
+    bool switchBeatAttribute(const ScoreModelRange &range, BeatAttribute id);
+    bool unsetBeatAttribute(const ScoreModelRange &range, BeatAttribute id);
+    bool incrementBeatSecondaryAttribute(const ScoreModelRange &range, BeatAttribute id, int steps);
+
+    // The same by names of their own.
+
+    bool setBeatFreeText(const ScoreModelRange &range, const QString &text);
+    bool setBeatArpeggio(const ScoreModelRange &range, Direction direction, unsigned length = 0,
+                         StrumAnchor anchor = StrumAnchor::StartsOnBeat);
+    bool setBrush(const ScoreModelRange &range, Direction direction, unsigned length = 0,
+                  StrumAnchor anchor = StrumAnchor::StartsOnBeat);
+    bool setBeatFadding(const ScoreModelRange &range, Fadding fadding);
+    bool setBeatOttavia(const ScoreModelRange &range, Ottavia ottavia);
+    bool setBeatTimer(const ScoreModelRange &range, bool checked);
+    bool setBeatSlashed(const ScoreModelRange &range, bool checked);
+    bool setBeatPickStroke(const ScoreModelRange &range, Direction direction);
+    bool setBeatRasgueado(const ScoreModelRange &range, RasgueadoType type);
+    bool setBeatGolpe(const ScoreModelRange &range, ZarnGolpeType type);
+    bool setBeatTremolo(const ScoreModelRange &range, unsigned speed);
+    bool setBeatBarre(const ScoreModelRange &range, const Barre &barre);
+    bool setStringedBeatBassAttack(const ScoreModelRange &range, BassAttack attack);
+    bool setStringedBeatVibrato(const ScoreModelRange &range, Vibrato vibrato);
+    bool setStringedBeatWhammyBar(const ScoreModelRange &range, const WhammyBar &bar);
+    bool setWah(const ScoreModelRange &range, WahWah wah);
+    bool setStemOrientations(const ScoreModelRange &range, ZarnStemOrientation orientation);
+
+protected:
+    ScoreBeatOperations() = default;
+    ~ScoreBeatOperations() = default;
+};
+
+} // namespace zarn

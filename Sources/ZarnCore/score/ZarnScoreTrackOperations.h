@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/ZarnExport.h>
+#include <ZarnCore/ZarnTypes.h>
+#include <ZarnCore/instruments/sets/ZarnInstrumentSet.h>
+#include <ZarnCore/model/notes/ZarnRetuning.h>
+
+#include <QString>
+
+#include <memory>
+
+namespace zarn {
+
+class AudioTrack;
+class GuitarTuning;
+class Sound;
+class Track;
+
+/// What can be done to the tracks of a score. Each answers whether it was done: what cannot be done
+/// is logged and changes nothing.
+class ZARNCORE_EXPORT ScoreTrackOperations {
+public:
+    /// Inserts a track as its instrument needs it, in front of a track or at the end.
+    bool createTrack(unsigned index, InstrumentSet::Type type);
+
+    /// The same with a detached track, which gets the bars that it lacks; none may be too many.
+    bool insertTrack(unsigned index, std::shared_ptr<Track> track);
+    bool removeTrack(unsigned index);
+
+    bool setTrackName(unsigned track, const QString &name);
+    bool setTrackShortName(unsigned track, const QString &name);
+    bool setTrackIcon(unsigned track, ZarnIconID icon);
+
+    /// Tunes a staff anew; see `cmd::SetGuitarFullTuning` for what becomes of the notes.
+    bool setGuitarFullTuning(unsigned track, unsigned staff, const GuitarTuning &tuning,
+                             unsigned capoFret = 0, Retuning retuning = Retuning::KeepFrets);
+
+    /// Adds a sound behind those that a track can switch between.
+    bool addTrackSound(unsigned track, const Sound &sound);
+    bool addTrackSound(unsigned track, std::shared_ptr<const Sound> sound);
+    bool removeTrackSound(unsigned track, unsigned index);
+
+    /// Inserts a recording that plays along, in front of another or at the end.
+    bool createAudioTrack(unsigned index, std::shared_ptr<AudioTrack> track);
+    bool removeAudioTrack(unsigned index);
+
+protected:
+    ScoreTrackOperations() = default;
+    ~ScoreTrackOperations() = default;
+};
+
+} // namespace zarn
