@@ -138,6 +138,22 @@ TEST(Attributes, whatTheyDoNotTakeIsRefused)
     EXPECT_TRUE(bar.beamGroups().isEmpty());
 }
 
+TEST(Attributes, settingsOfTracksAndViewsThatCannotBeAreRefused)
+{
+    Track track(InstrumentSet::steelGuitar);
+    EXPECT_THROW(track.setPalmMuteStrength(1.5F), CoreException);
+    EXPECT_THROW(track.setSystemsLayout({4, 0}), CoreException);
+    EXPECT_THROW(track.setForcedSoundIndex(-2), CoreException);
+    EXPECT_THROW(track.setMidiConnection(MidiConnection{0, 16, 0}), CoreException);
+    EXPECT_EQ(track.settings(), TrackSettings());
+    EXPECT_EQ(track.midiConnection().channel, 0U);
+    EXPECT_EQ(Track(InstrumentSet::drumKit).midiConnection().channel, 9U);
+    ScoreModel model;
+    EXPECT_THROW(model.setViews({}), CoreException);
+    EXPECT_THROW(model.setTrackGroups({{2, 1, "", GroupSymbol::Brace, false}}), CoreException);
+    EXPECT_EQ(model.views().size(), 1U);
+}
+
 TEST(Attributes, whatExcludesAnotherTakesItOff)
 {
     OneNote score;

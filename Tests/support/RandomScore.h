@@ -193,6 +193,14 @@ private:
         for (unsigned i = below(4); i > 0; --i)
             model.pushInFullScoreSystemsLayout(static_cast<int>(1 + below(6)));
         model.setFullScoreDefaultBarCountBySystem(1 + below(8));
+        std::vector<zarn::ScoreView> views;
+        for (unsigned i = 1 + below(3); i > 0; --i)
+            views.push_back({pick<zarn::ViewLayout>(3), maybe()});
+        model.setViews(views);
+        std::vector<zarn::TrackGroup> groups;
+        for (unsigned i = below(3); i > 0; --i)
+            groups.push_back({i, i + below(3), text(), pick<zarn::GroupSymbol>(4), maybe()});
+        model.setTrackGroups(groups);
     }
 
     void fillMaster(zarn::MasterTrack &master)
@@ -347,12 +355,37 @@ private:
         track->setTranspositionOffset(static_cast<int>(below(49)) - 24);
         if (zarn::TrackNotations notations{maybe(), maybe(), maybe()}; notations.any())
             track->setChosenNotations(notations);
+        if (maybe())
+            track->setSettings(settings());
         for (unsigned i = below(3); i > 0; --i)
             track->addSound(std::make_shared<const zarn::Sound>(sound()));
         fillAutomations(track->mutableAutomations());
         for (const auto &staff : track->staves())
             fillStaff(*staff);
         return track;
+    }
+
+    zarn::TrackSettings settings()
+    {
+        zarn::TrackSettings settings;
+        settings.playingStyle = pick<zarn::PlayingStyle>(8);
+        settings.palmMuteStrength = level();
+        settings.letRingThroughout = maybe();
+        settings.autoAccentuation = maybe();
+        settings.autoBrush = maybe();
+        settings.oneChannelPerString = maybe();
+        settings.volumePan = {level(), level() * 2 - 1};
+        settings.playback = pick<zarn::TrackPlayback>(3);
+        settings.forcedSoundIndex = static_cast<int>(below(4)) - 1;
+        if (maybe())
+            settings.midiConnection = {static_cast<std::uint8_t>(below(16)),
+                                       static_cast<std::uint8_t>(below(16)),
+                                       static_cast<std::uint8_t>(below(16))};
+        for (unsigned i = below(4); i > 0; --i)
+            settings.systemsLayout.push_back(static_cast<int>(1 + below(6)));
+        settings.defaultBarCountBySystem = below(5);
+        settings.lyricsVisible = static_cast<std::uint8_t>(below(32));
+        return settings;
     }
 
     void fillStaff(zarn::Staff &staff)

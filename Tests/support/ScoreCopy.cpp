@@ -35,6 +35,8 @@ std::shared_ptr<ScoreModel> headOf(const ScoreModel &model)
     head->setProtected(model.isProtected());
     head->setFullScoreSystemsLayout(model.fullScoreSystemsLayout());
     head->setFullScoreDefaultBarCountBySystem(model.fullScoreDefaultBarCountBySystem());
+    head->setViews(model.views());
+    head->setTrackGroups(model.trackGroups());
     for (const auto &track : model.audioTracks())
         head->addAudioTrack(std::make_shared<AudioTrack>(*track));
     MasterTrack &master = *head->masterTrack();

@@ -24,7 +24,8 @@ ScoreModel::ScoreModel(const ScoreModel &other)
       _properties(other._properties), _headersAndFooters(other._headersAndFooters),
       _pageSetup(other._pageSetup), _systemsLayout(other._systemsLayout),
       _concertTone(other._concertTone), _defaultBarsPerSystem(other._defaultBarsPerSystem),
-      _ignoreCapo(other._ignoreCapo), _printable(other._printable), _protected(other._protected)
+      _ignoreCapo(other._ignoreCapo), _printable(other._printable), _protected(other._protected),
+      _views(other._views), _trackGroups(other._trackGroups)
 {
     for (const auto &track : other._audioTracks)
         _audioTracks.push_back(std::make_shared<AudioTrack>(*track));
@@ -48,6 +49,8 @@ ScoreModel &ScoreModel::operator=(const ScoreModel &other)
     _ignoreCapo = other._ignoreCapo;
     _printable = other._printable;
     _protected = other._protected;
+    _views = other._views;
+    _trackGroups = other._trackGroups;
     markOrphans();
     return *this;
 }
@@ -255,6 +258,23 @@ int ScoreModel::popInFullScoreSystemsLayout()
     return last;
 }
 
+void ScoreModel::setViews(std::vector<ScoreView> views)
+{
+    ZARN_ASSERT_IN("zarn::ScoreModel::setViews", !views.empty());
+    for (const ScoreView &view : views)
+        ZARN_ASSERT_IN("zarn::ScoreModel::setViews", view.layout <= ViewLayout::SingleLine);
+    _views = std::move(views);
+}
+
+void ScoreModel::setTrackGroups(std::vector<TrackGroup> groups)
+{
+    for (const TrackGroup &group : groups) {
+        ZARN_ASSERT_IN("zarn::ScoreModel::setTrackGroups", group.first <= group.last);
+        ZARN_ASSERT_IN("zarn::ScoreModel::setTrackGroups", group.symbol <= GroupSymbol::Line);
+    }
+    _trackGroups = std::move(groups);
+}
+
 bool operator==(const ScoreModel &left, const ScoreModel &right)
 {
     return left._properties == right._properties
@@ -263,7 +283,8 @@ bool operator==(const ScoreModel &left, const ScoreModel &right)
         && left._concertTone == right._concertTone
         && left._defaultBarsPerSystem == right._defaultBarsPerSystem
         && left._ignoreCapo == right._ignoreCapo && left._printable == right._printable
-        && left._protected == right._protected
+        && left._protected == right._protected && left._views == right._views
+        && left._trackGroups == right._trackGroups
         && std::equal(left._audioTracks.begin(), left._audioTracks.end(),
                       right._audioTracks.begin(), right._audioTracks.end(),
                       [](const auto &a, const auto &b) { return *a == *b; })

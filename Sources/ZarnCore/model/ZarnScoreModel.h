@@ -11,6 +11,8 @@
 #include <ZarnCore/model/ZarnTrack.h>
 #include <ZarnCore/model/layout/ZarnHeaderAndFooter.h>
 #include <ZarnCore/model/layout/ZarnPageSetup.h>
+#include <ZarnCore/model/layout/ZarnScoreView.h>
+#include <ZarnCore/model/layout/ZarnTrackGroup.h>
 
 #include <array>
 #include <memory>
@@ -175,6 +177,16 @@ public:
         _defaultBarsPerSystem = count;
     }
 
+    /// How the views show the score; the first one is the full score and always there. Raises for
+    /// no view and for an unknown layout.
+    const std::vector<ScoreView> &views() const noexcept { return _views; }
+    void setViews(std::vector<ScoreView> views);
+
+    /// Groups of tracks, outer ones in front of those inside. Raises for a group whose last track
+    /// is in front of its first.
+    const std::vector<TrackGroup> &trackGroups() const noexcept { return _trackGroups; }
+    void setTrackGroups(std::vector<TrackGroup> groups);
+
     /// Compares the documents, not the scores that own them.
     friend ZARNCORE_EXPORT bool operator==(const ScoreModel &left, const ScoreModel &right);
     friend bool operator!=(const ScoreModel &left, const ScoreModel &right)
@@ -204,6 +216,8 @@ private:
     bool _ignoreCapo = false;
     bool _printable = true;
     bool _protected = false;
+    std::vector<ScoreView> _views = {ScoreView()};
+    std::vector<TrackGroup> _trackGroups;
 };
 
 } // namespace zarn

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/model/ZarnTrack.h>
 
+#include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/instruments/sets/ZarnInstrumentSetLibrary.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/ZarnTrackDefaults.h>
@@ -44,6 +45,22 @@ void Track::copySettings(const Track &other)
     _color = other._color;
     _transpositionOffset = other._transpositionOffset;
     _notations = other._notations;
+    _settings = other._settings;
+}
+
+MidiConnection Track::midiConnection() const noexcept
+{
+    if (_settings.midiConnection)
+        return *_settings.midiConnection;
+    constexpr std::uint8_t percussion = MidiConnection::PercussionChannel;
+    return InstrumentSet::isUnpitched(_type) ? MidiConnection{0, percussion, percussion}
+                                             : MidiConnection();
+}
+
+void Track::setSettings(const TrackSettings &settings)
+{
+    ZARN_ASSERT_IN("zarn::Track::setSettings", settings.isValid());
+    _settings = settings;
 }
 
 std::shared_ptr<Track> Track::clone() const
@@ -238,7 +255,7 @@ bool operator==(const Track &left, const Track &right)
     return left._type == right._type && left._name == right._name
         && left._shortName == right._shortName && left._icon == right._icon
         && left._color == right._color && left._transpositionOffset == right._transpositionOffset
-        && left._notations == right._notations
+        && left._notations == right._notations && left._settings == right._settings
         && std::equal(left._sounds.begin(), left._sounds.end(), right._sounds.begin(),
                       right._sounds.end(), [](const auto &a, const auto &b) { return *a == *b; })
         && left._automations == right._automations && left._staves == right._staves;

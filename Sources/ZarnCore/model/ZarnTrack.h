@@ -11,6 +11,7 @@
 #include <ZarnCore/model/ZarnParentNode.h>
 #include <ZarnCore/model/ZarnStaff.h>
 #include <ZarnCore/model/ZarnTrackNotations.h>
+#include <ZarnCore/model/ZarnTrackSettings.h>
 
 #include <cstdint>
 #include <memory>
@@ -162,6 +163,63 @@ public:
     void setChosenNotations(const std::optional<TrackNotations> &notations);
     const std::optional<TrackNotations> &chosenNotations() const noexcept { return _notations; }
 
+    /// How the track is played, heard and laid out; see `TrackSettings` for each. The setters raise
+    /// for what is not valid.
+    const TrackSettings &settings() const noexcept { return _settings; }
+    void setSettings(const TrackSettings &settings);
+
+    PlayingStyle playingStyle() const noexcept { return _settings.playingStyle; }
+    void setPlayingStyle(PlayingStyle style) { change(&TrackSettings::playingStyle, style); }
+    float palmMuteStrength() const noexcept { return _settings.palmMuteStrength; }
+    void setPalmMuteStrength(float strength) { change(&TrackSettings::palmMuteStrength, strength); }
+    bool letsRingThroughout() const noexcept { return _settings.letRingThroughout; }
+    void setLetRingThroughout(bool letRing) { change(&TrackSettings::letRingThroughout, letRing); }
+    bool hasAutoAccentuation() const noexcept { return _settings.autoAccentuation; }
+    void setAutoAccentuation(bool accentuates)
+    {
+        change(&TrackSettings::autoAccentuation, accentuates);
+    }
+    bool hasAutoBrush() const noexcept { return _settings.autoBrush; }
+    void setAutoBrush(bool brushes) { change(&TrackSettings::autoBrush, brushes); }
+    bool hasOneChannelPerString() const noexcept { return _settings.oneChannelPerString; }
+    void setOneChannelPerString(bool oneChannel)
+    {
+        change(&TrackSettings::oneChannelPerString, oneChannel);
+    }
+    const ZarnVolumePan &volumePan() const noexcept { return _settings.volumePan; }
+    void setVolumePan(const ZarnVolumePan &volumePan)
+    {
+        change(&TrackSettings::volumePan, volumePan);
+    }
+    TrackPlayback playback() const noexcept { return _settings.playback; }
+    void setPlayback(TrackPlayback playback) { change(&TrackSettings::playback, playback); }
+    int forcedSoundIndex() const noexcept { return _settings.forcedSoundIndex; }
+    void setForcedSoundIndex(int index) { change(&TrackSettings::forcedSoundIndex, index); }
+
+    /// The one that was chosen, else channel 9 for percussion and the first for all others.
+    MidiConnection midiConnection() const noexcept;
+    const std::optional<MidiConnection> &chosenMidiConnection() const noexcept
+    {
+        return _settings.midiConnection;
+    }
+    void setMidiConnection(const std::optional<MidiConnection> &connection)
+    {
+        change(&TrackSettings::midiConnection, connection);
+    }
+
+    const std::vector<int> &systemsLayout() const noexcept { return _settings.systemsLayout; }
+    void setSystemsLayout(const std::vector<int> &layout)
+    {
+        change(&TrackSettings::systemsLayout, layout);
+    }
+    unsigned defaultBarCountBySystem() const noexcept { return _settings.defaultBarCountBySystem; }
+    void setDefaultBarCountBySystem(unsigned count)
+    {
+        change(&TrackSettings::defaultBarCountBySystem, count);
+    }
+    std::uint8_t lyricsVisible() const noexcept { return _settings.lyricsVisible; }
+    void setLyricsVisible(std::uint8_t lines) { change(&TrackSettings::lyricsVisible, lines); }
+
     /// Compares the staves and what is written, not where.
     friend ZARNCORE_EXPORT bool operator==(const Track &left, const Track &right);
     friend bool operator!=(const Track &left, const Track &right) { return !(left == right); }
@@ -173,6 +231,14 @@ private:
 
     void linkOrphans(const std::weak_ptr<Track> &self) { _staves.link(self); }
     void copySettings(const Track &other);
+
+    template <class Value>
+    void change(Value TrackSettings::*setting, const Value &value)
+    {
+        TrackSettings settings = _settings;
+        settings.*setting = value;
+        setSettings(settings);
+    }
     std::shared_ptr<Staff> makeStaff(unsigned barCount) const;
 
     InstrumentSet::Type _type = InstrumentSet::unknown;
@@ -185,6 +251,7 @@ private:
     std::uint32_t _color = 0xDB5E55;
     int _transpositionOffset = 0;
     std::optional<TrackNotations> _notations;
+    TrackSettings _settings;
 };
 
 } // namespace zarn

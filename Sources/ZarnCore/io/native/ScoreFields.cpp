@@ -100,6 +100,24 @@ struct ConcertTones {
 template <typename T>
 using BarsOfSystem = Within<T, 0, MasterTrack::MaxBars>;
 
+using ViewLayouts = EnumCodec<viewLayoutToString, viewLayoutFromString, 2>;
+using GroupSymbols = EnumCodec<groupSymbolToString, groupSymbolFromString, 3>;
+
+constexpr std::array viewFields = {
+    member<ScoreView, &ScoreView::layout, ViewLayouts>("layout"),
+    member<ScoreView, &ScoreView::multiRest>("multiRest"),
+};
+
+constexpr unsigned mostTracks = 9999;
+
+constexpr std::array trackGroupFields = {
+    member<TrackGroup, &TrackGroup::first, Within<unsigned, 0, mostTracks>>("first"),
+    member<TrackGroup, &TrackGroup::last, Within<unsigned, 0, mostTracks>>("last"),
+    member<TrackGroup, &TrackGroup::name>("name"),
+    member<TrackGroup, &TrackGroup::symbol, GroupSymbols>("symbol"),
+    member<TrackGroup, &TrackGroup::barsThrough>("barsThrough"),
+};
+
 void writeMaster(DocumentWriter &writer, std::string_view key, const ScoreModel &model)
 {
     writer.key(key);
@@ -128,6 +146,10 @@ constexpr std::array scoreFields = {
     field<ScoreModel, &ScoreModel::fullScoreDefaultBarCountBySystem,
           &ScoreModel::setFullScoreDefaultBarCountBySystem, BarsOfSystem<unsigned>>(
         "barsPerSystem"),
+    field<ScoreModel, &ScoreModel::views, &ScoreModel::setViews,
+          ArrayOf<ScoreView, Struct<ScoreView, viewFields>>>("views"),
+    field<ScoreModel, &ScoreModel::trackGroups, &ScoreModel::setTrackGroups,
+          ArrayOf<TrackGroup, Struct<TrackGroup, trackGroupFields>>>("trackGroups"),
     Field<ScoreModel>{"master", writeMaster, readMaster},
     Field<ScoreModel>{"tracks", writeTracks, readTracks},
     Field<ScoreModel>{"audioTracks", writeAudioTracks, readAudioTracks},

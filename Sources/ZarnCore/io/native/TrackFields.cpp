@@ -195,6 +195,33 @@ void readTrackBypassed(DocumentReader &reader, const Json &json, Track &track)
 /// Red, green and blue, a byte each; the byte above them is free.
 using Color = Within<std::uint32_t, 0, std::numeric_limits<std::uint32_t>::max()>;
 
+using PlayingStyles =
+    EnumCodec<playingStyleToString, playingStyleFromString, 7, PlayingStyle::DrumKitHotRod>;
+using Playbacks = EnumCodec<trackPlaybackToString, trackPlaybackFromString, 2>;
+
+constexpr std::array midiConnectionFields = {
+    member<MidiConnection, &MidiConnection::port, Within<std::uint8_t, 0, 15>>("port"),
+    member<MidiConnection, &MidiConnection::channel, Within<std::uint8_t, 0, 15>>("channel"),
+    member<MidiConnection, &MidiConnection::bendChannel, Within<std::uint8_t, 0, 15>>(
+        "bendChannel"),
+};
+
+/// Left out where the instrument decides.
+struct Connections {
+    using Present = Struct<MidiConnection, midiConnectionFields>;
+    static void write(DocumentWriter &writer, const std::optional<MidiConnection> &connection)
+    {
+        Present::write(writer, *connection);
+    }
+    static std::optional<MidiConnection> read(DocumentReader &reader, const Json &json)
+    {
+        return Present::read(reader, json);
+    }
+};
+
+/// Numbers of bars in a system; 0 leaves it to the program.
+using SystemBars = Within<int, 1, MasterTrack::MaxBars>;
+
 constexpr std::array trackFields = {
     field<Track, &Track::type, &Track::setType, InstrumentTypes>("type"),
     field<Track, &Track::name, &Track::setName>("name"),
@@ -204,6 +231,25 @@ constexpr std::array trackFields = {
     field<Track, &Track::transpositionOffset, &Track::setTranspositionOffset, Semitones>(
         "transposition"),
     field<Track, &Track::chosenNotations, &Track::setChosenNotations, Notations>("notations"),
+    field<Track, &Track::playingStyle, &Track::setPlayingStyle, PlayingStyles>("playingStyle"),
+    field<Track, &Track::palmMuteStrength, &Track::setPalmMuteStrength, Between<float, Levels>>(
+        "palmMuteStrength"),
+    field<Track, &Track::letsRingThroughout, &Track::setLetRingThroughout>("letRingThroughout"),
+    field<Track, &Track::hasAutoAccentuation, &Track::setAutoAccentuation>("autoAccentuation"),
+    field<Track, &Track::hasAutoBrush, &Track::setAutoBrush>("autoBrush"),
+    field<Track, &Track::hasOneChannelPerString, &Track::setOneChannelPerString>(
+        "oneChannelPerString"),
+    field<Track, &Track::volumePan, &Track::setVolumePan>("volumePan"),
+    field<Track, &Track::playback, &Track::setPlayback, Playbacks>("playback"),
+    field<Track, &Track::forcedSoundIndex, &Track::setForcedSoundIndex, Within<int, -1, 9999>>(
+        "forcedSound"),
+    field<Track, &Track::chosenMidiConnection, &Track::setMidiConnection, Connections>("midi"),
+    field<Track, &Track::systemsLayout, &Track::setSystemsLayout, ArrayOf<int, SystemBars>>(
+        "systemsLayout"),
+    field<Track, &Track::defaultBarCountBySystem, &Track::setDefaultBarCountBySystem,
+          Within<unsigned, 0, MasterTrack::MaxBars>>("barsPerSystem"),
+    field<Track, &Track::lyricsVisible, &Track::setLyricsVisible,
+          Within<std::uint8_t, 0, TrackSettings::AllLyrics>>("lyricsVisible"),
     Field<Track>{"sounds", writeSounds, readSounds},
     Field<Track>{"automations", writeTrackAutomations, readTrackAutomations},
     Field<Track>{"bypassed", writeTrackBypassed, readTrackBypassed},

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/ZarnTypesEditing.h>
+
+namespace zarn {
+
+/// How one view shows a score.
+struct ScoreView {
+    ViewLayout layout = ViewLayout::Pages;
+    bool multiRest = false; ///< draws runs of empty bars as one
+
+    friend constexpr bool operator==(const ScoreView &left, const ScoreView &right) noexcept
+    {
+        return left.layout == right.layout && left.multiRest == right.multiRest;
+    }
+    friend constexpr bool operator!=(const ScoreView &left, const ScoreView &right) noexcept
+    {
+        return !(left == right);
+    }
+};
+
+} // namespace zarn
