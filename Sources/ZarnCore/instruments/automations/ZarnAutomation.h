@@ -117,6 +117,7 @@ public:
 
 private:
     friend class AutomationContainer;
+    friend class AutomationSlot;
 
     void moveTo(std::uint32_t index, float position);
 

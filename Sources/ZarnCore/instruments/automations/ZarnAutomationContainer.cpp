@@ -1,32 +1,28 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/instruments/automations/ZarnAutomationContainer.h>
 
-#include <ZarnCore/instruments/automations/AutomationKeys.h>
+#include <ZarnCore/ZarnAssert.h>
+#include <ZarnCore/instruments/automations/AutomationSlot.h>
 
 #include <algorithm>
-#include <cstring>
 
 namespace zarn {
-
 namespace {
 
-using detail::countBefore;
-using detail::countUpTo;
-using detail::iteratorAt;
+constexpr std::size_t slotCount = Automation::automationTypeCount;
 
-/// Makes the next insertion one that cannot fail.
-template <typename T>
-void growIfFull(std::vector<T> &values)
+auto keyOf(std::uint32_t index, float position) noexcept
 {
-    if (values.size() == values.capacity())
-        values.reserve(std::max<std::size_t>(8, values.size() * 2));
+    return AutomationSlot::keyOf(index, position);
 }
 
 } // namespace
 
-AutomationContainer::AutomationContainer() = default;
+AutomationContainer::AutomationContainer() : _slots(std::make_unique<AutomationSlot[]>(slotCount))
+{
+}
 
-AutomationContainer::AutomationContainer(const AutomationContainer &other)
+AutomationContainer::AutomationContainer(const AutomationContainer &other) : AutomationContainer()
 {
     copyFrom(other);
 }
@@ -42,15 +38,12 @@ AutomationContainer::~AutomationContainer() = default;
 Automation *AutomationContainer::automation(Automation::Type type, std::uint32_t index,
                                             float position) const
 {
-    const auto &slot = slotOf(type);
-    const auto key = keyOf(index, position);
-    const auto at = countBefore(slot.keys, key);
-    return at < slot.keys.size() && slot.keys[at] == key ? slot.automations[at] : nullptr;
+    return slotOf(type).automationAt(keyOf(index, position));
 }
 
 AutomationContainer::View AutomationContainer::automations(Automation::Type type) const
 {
-    const auto &all = slotOf(type).automations;
+    const auto &all = slotOf(type).automations();
     return {all.data(), all.data() + all.size()};
 }
 
@@ -59,9 +52,9 @@ AutomationContainer::View AutomationContainer::automations(Automation::Type type
                                                            std::uint32_t toIndex) const
 {
     const auto &slot = slotOf(type);
-    const auto *all = slot.automations.data();
-    const auto begin = countBefore(slot.keys, Key{fromIndex} << 32);
-    const auto end = countUpTo(slot.keys, Key{toIndex} << 32 | 0xFFFFFFFF);
+    const auto *all = slot.automations().data();
+    const auto begin = slot.countBeforeBar(fromIndex);
+    const auto end = slot.countUpToBar(toIndex);
     return {all + begin, all + std::max(begin, end)};
 }
 
@@ -72,7 +65,7 @@ std::size_t AutomationContainer::automationCount() const noexcept
 
 std::size_t AutomationContainer::automationCount(Automation::Type type) const noexcept
 {
-    return slotOf(type).automations.size();
+    return slotOf(type).size();
 }
 
 bool AutomationContainer::hasAutomation(Automation::Type type, std::uint32_t index,
@@ -100,16 +93,16 @@ Automation *AutomationContainer::nextAutomation(Automation::Type type, std::uint
                                                 float position) const
 {
     const auto &slot = slotOf(type);
-    const auto at = countUpTo(slot.keys, keyOf(index, position));
-    return at < slot.automations.size() ? slot.automations[at] : nullptr;
+    const auto at = slot.countUpTo(keyOf(index, position));
+    return at < slot.size() ? slot[at] : nullptr;
 }
 
 Automation *AutomationContainer::previousAutomation(Automation::Type type, std::uint32_t index,
                                                     float position) const
 {
     const auto &slot = slotOf(type);
-    const auto at = countBefore(slot.keys, keyOf(index, position));
-    return at > 0 ? slot.automations[at - 1] : nullptr;
+    const auto at = slot.countBefore(keyOf(index, position));
+    return at > 0 ? slot[at - 1] : nullptr;
 }
 
 bool AutomationContainer::insertAutomation(Automation *automation)
@@ -117,7 +110,7 @@ bool AutomationContainer::insertAutomation(Automation *automation)
     if (automation == nullptr)
         return false;
     auto &slot = slotOf(automation->type());
-    if (find(slot, *automation) == nowhere) {
+    if (slot.find(*automation) == AutomationSlot::nowhere) {
         auto *holder = automation->parent();
         auto taken = holder != nullptr ? holder->takeAutomation(automation) : nullptr;
         if (taken == nullptr)
@@ -125,9 +118,9 @@ bool AutomationContainer::insertAutomation(Automation *automation)
         return insertAutomation(std::move(taken));
     }
     // It stands at its place already; others that it was moved onto make way.
-    const auto key = keyOf(*automation);
-    for (auto at = countBefore(slot.keys, key); at < slot.keys.size() && slot.keys[at] == key;) {
-        if (slot.automations[at] == automation)
+    const auto key = AutomationSlot::keyOf(*automation);
+    for (auto at = slot.countBefore(key); slot.isAt(at, key);) {
+        if (slot[at] == automation)
             ++at;
         else
             takeAt(slot, at);
@@ -140,11 +133,11 @@ bool AutomationContainer::insertAutomation(std::unique_ptr<Automation> automatio
     if (automation == nullptr)
         return false;
     auto &slot = slotOf(automation->type());
-    const auto key = keyOf(*automation);
-    auto at = countUpTo(slot.keys, key);
-    while (at > 0 && slot.keys[at - 1] == key)
+    const auto key = AutomationSlot::keyOf(*automation);
+    auto at = slot.countUpTo(key);
+    while (at > 0 && slot.isAt(at - 1, key))
         takeAt(slot, --at);
-    if (at > 0 && slot.automations[at - 1]->equals(*automation))
+    if (at > 0 && slot[at - 1]->equals(*automation))
         return false;
     insertAt(slot, at, std::move(automation));
     return true;
@@ -155,7 +148,7 @@ void AutomationContainer::restoreAutomation(std::unique_ptr<Automation> automati
     if (automation == nullptr)
         return;
     auto &slot = slotOf(automation->type());
-    const auto at = countUpTo(slot.keys, keyOf(*automation));
+    const auto at = slot.countUpTo(AutomationSlot::keyOf(*automation));
     insertAt(slot, at, std::move(automation));
 }
 
@@ -169,8 +162,8 @@ std::unique_ptr<Automation> AutomationContainer::takeAutomation(Automation *auto
     if (automation == nullptr)
         return nullptr;
     auto &slot = slotOf(automation->type());
-    const auto at = find(slot, *automation);
-    return at != nowhere ? takeAt(slot, at) : nullptr;
+    const auto at = slot.find(*automation);
+    return at != AutomationSlot::nowhere ? takeAt(slot, at) : nullptr;
 }
 
 void AutomationContainer::copyAutomations(const AutomationContainer &other)
@@ -180,82 +173,136 @@ void AutomationContainer::copyAutomations(const AutomationContainer &other)
     // The copies are complete before anything of this container goes.
     std::vector<std::unique_ptr<Automation>> copies;
     copies.reserve(other._owned.size());
-    std::array<Slot, Automation::automationTypeCount> lists;
-    for (std::size_t i = 0; i < lists.size(); ++i) {
-        lists[i].keys = other._slots[i].keys;
-        lists[i].isBypassed = _slots[i].isBypassed;
-        lists[i].automations.reserve(other._slots[i].automations.size());
-        for (const auto *original : other._slots[i].automations) {
-            auto copy = original->cloneAutomation();
-            copy->_parent = this;
-            copy->_ownedAt = copies.size();
-            lists[i].automations.push_back(copy.get());
-            copies.push_back(std::move(copy));
-        }
+    const auto copyOf = [&](const Automation &original) {
+        copies.push_back(original.cloneAutomation());
+        auto &copy = *copies.back();
+        copy._parent = this;
+        copy._ownedAt = copies.size() - 1;
+        return &copy;
+    };
+    auto slots = std::make_unique<AutomationSlot[]>(slotCount);
+    for (std::size_t i = 0; i < slotCount; ++i) {
+        slots[i] = other._slots[i];
+        slots[i].setBypassed(_slots[i].isBypassed());
+        slots[i].replaceAll(copyOf);
     }
-    _slots.swap(lists);
+    _slots.swap(slots);
     _owned.swap(copies);
 }
 
 void AutomationContainer::copyFrom(const AutomationContainer &other)
 {
     copyAutomations(other);
-    for (std::size_t i = 0; i < _slots.size(); ++i)
-        _slots[i].isBypassed = other._slots[i].isBypassed;
+    for (std::size_t i = 0; i < slotCount; ++i)
+        _slots[i].setBypassed(other._slots[i].isBypassed());
 }
 
 void AutomationContainer::bypassType(Automation::Type type, bool bypassed) noexcept
 {
-    slotOf(type).isBypassed = bypassed;
+    slotOf(type).setBypassed(bypassed);
 }
 
 bool AutomationContainer::isTypeBypassed(Automation::Type type) const noexcept
 {
-    return slotOf(type).isBypassed;
+    return slotOf(type).isBypassed();
 }
 
-AutomationContainer::Key AutomationContainer::keyOf(std::uint32_t index, float position) noexcept
+void AutomationContainer::clearAutomations()
 {
-    // The bits of a float sort as a number does once the sign is turned; adding 0 makes -0 a 0.
-    position += 0.0f;
-    std::uint32_t bits = 0;
-    std::memcpy(&bits, &position, sizeof bits);
-    bits = (bits & 0x80000000) != 0 ? ~bits : bits | 0x80000000;
-    return Key{index} << 32 | bits;
+    std::for_each(_slots.get(), _slots.get() + slotCount, [](auto &slot) { slot.clear(); });
+    _owned.clear();
 }
 
-AutomationContainer::Key AutomationContainer::keyOf(const Automation &automation) noexcept
+void AutomationContainer::clearAutomations(Automation::Type type)
 {
-    return keyOf(automation._index, automation._position);
+    auto &slot = slotOf(type);
+    for (auto *automation : slot.automations())
+        disown(*automation);
+    slot.clear();
 }
 
-std::size_t AutomationContainer::find(const Slot &slot, const Automation &automation) noexcept
+void AutomationContainer::clearAutomationsIf(
+    const std::function<bool(const Automation &)> &predicate)
 {
-    const auto key = keyOf(automation);
-    for (auto at = countBefore(slot.keys, key); at < slot.keys.size() && slot.keys[at] == key;
-         ++at) {
-        if (slot.automations[at] == &automation)
-            return at;
+    for (std::size_t i = 0; i < slotCount; ++i)
+        for (auto *automation : _slots[i].takeIf(predicate))
+            disown(*automation);
+}
+
+void AutomationContainer::insertBlocks(std::uint32_t at, std::uint32_t count)
+{
+    for (std::size_t i = 0; i < slotCount; ++i) {
+        const bool fits = _slots[i].hasRoomFor(at, count);
+        ZARN_ASSERT_IN("zarn::AutomationContainer::insertBlocks", fits);
     }
-    return nowhere;
+    for (std::size_t i = 0; i < slotCount; ++i)
+        _slots[i].insertBars(at, count);
 }
 
-void AutomationContainer::insertAt(Slot &slot, std::size_t at,
+AutomationContainer::ErasedBlocks AutomationContainer::eraseBlocks(std::uint32_t from,
+                                                                   std::uint32_t to)
+{
+    ZARN_ASSERT_IN("zarn::AutomationContainer::eraseBlocks", from <= to);
+    ErasedBlocks erased;
+    erased.from = from;
+    erased.to = to;
+    for (std::size_t i = 0; i < slotCount; ++i) {
+        if (!_slots[i].reachesBar(from))
+            continue;
+        const auto gone = _slots[i].eraseBars(from, to);
+        erased.removed.reserve(erased.removed.size() + gone.removed.size());
+        for (auto *automation : gone.removed)
+            erased.removed.push_back(disown(*automation));
+        if (gone.kept != nullptr)
+            erased.kept.emplace_back(gone.kept, gone.barOfKept);
+    }
+    return erased;
+}
+
+void AutomationContainer::restoreBlocks(ErasedBlocks erased)
+{
+    for (auto &[automation, index] : erased.kept) {
+        auto &slot = slotOf(automation->type());
+        const auto at = slot.find(*automation);
+        constexpr auto nowhere = AutomationSlot::nowhere;
+        ZARN_ASSERT_IN("zarn::AutomationContainer::restoreBlocks", at != nowhere);
+        erased.removed.push_back(takeAt(slot, at));
+        automation->_index = index;
+    }
+    for (std::size_t i = 0; i < slotCount; ++i)
+        _slots[i].shiftFrom(_slots[i].countBeforeBar(erased.from),
+                            std::int64_t{erased.to} - erased.from + 1);
+    for (auto &automation : erased.removed) {
+        slotOf(automation->type()).append(*automation);
+        own(std::move(automation));
+    }
+    for (std::size_t i = 0; i < slotCount; ++i)
+        _slots[i].sortAppended();
+}
+
+AutomationSlot &AutomationContainer::slotOf(Automation::Type type) noexcept
+{
+    return _slots[Automation::typeId(type)];
+}
+
+const AutomationSlot &AutomationContainer::slotOf(Automation::Type type) const noexcept
+{
+    return _slots[Automation::typeId(type)];
+}
+
+void AutomationContainer::insertAt(AutomationSlot &slot, std::size_t at,
                                    std::unique_ptr<Automation> automation)
 {
-    growIfFull(slot.keys);
-    growIfFull(slot.automations);
-    auto *inserted = automation.get();
+    slot.growIfFull();
+    auto &inserted = *automation;
     own(std::move(automation));
-    slot.automations.insert(iteratorAt(slot.automations, at), inserted);
-    slot.keys.insert(iteratorAt(slot.keys, at), keyOf(*inserted));
+    slot.insert(at, inserted);
 }
 
-std::unique_ptr<Automation> AutomationContainer::takeAt(Slot &slot, std::size_t at)
+std::unique_ptr<Automation> AutomationContainer::takeAt(AutomationSlot &slot, std::size_t at)
 {
-    auto &automation = *slot.automations[at];
-    slot.automations.erase(iteratorAt(slot.automations, at));
-    slot.keys.erase(iteratorAt(slot.keys, at));
+    auto &automation = *slot[at];
+    slot.erase(at);
     return disown(automation);
 }
 
@@ -280,30 +327,18 @@ std::unique_ptr<Automation> AutomationContainer::disown(Automation &automation) 
 void AutomationContainer::move(Automation &automation, std::uint32_t index, float position)
 {
     auto &slot = slotOf(automation.type());
-    const auto from = find(slot, automation);
+    const auto from = slot.find(automation);
     automation._index = index;
     automation._position = position;
-    if (from == nowhere)
+    if (from == AutomationSlot::nowhere)
         return;
-    slot.keys.erase(iteratorAt(slot.keys, from));
-    slot.automations.erase(iteratorAt(slot.automations, from));
-    const auto key = keyOf(automation);
-    const auto to = countUpTo(slot.keys, key);
-    slot.keys.insert(iteratorAt(slot.keys, to), key);
-    slot.automations.insert(iteratorAt(slot.automations, to), &automation);
+    slot.erase(from);
+    slot.insert(automation);
 }
 
 bool operator==(const AutomationContainer &a, const AutomationContainer &b)
 {
-    const auto areEqual = [](const Automation *one, const Automation *other) {
-        return one->equals(*other);
-    };
-    return std::equal(a._slots.begin(), a._slots.end(), b._slots.begin(),
-                      [areEqual](const auto &one, const auto &other) {
-                          return one.isBypassed == other.isBypassed && one.keys == other.keys
-                              && std::equal(one.automations.begin(), one.automations.end(),
-                                            other.automations.begin(), areEqual);
-                      });
+    return std::equal(a._slots.get(), a._slots.get() + slotCount, b._slots.get());
 }
 
 } // namespace zarn

@@ -4,7 +4,6 @@
 #include <ZarnCore/ZarnExport.h>
 #include <ZarnCore/instruments/automations/ZarnAutomation.h>
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -13,6 +12,8 @@
 #include <vector>
 
 namespace zarn {
+
+class AutomationSlot;
 
 /// The automations of a track or of the master track: for each type, its automations in the
 /// order of their places, and whether playback bypasses them.
@@ -123,35 +124,15 @@ public:
 private:
     friend class Automation;
 
-    /// A place as a number that sorts in the same way.
-    using Key = std::uint64_t;
-
-    /// Automations of a type with their places beside them, so that a search touches only these.
-    struct Slot {
-        std::vector<Key> keys;
-        std::vector<Automation *> automations;
-        bool isBypassed = false;
-    };
-
-    static Key keyOf(std::uint32_t index, float position) noexcept;
-    static Key keyOf(const Automation &automation) noexcept;
-    static constexpr std::size_t nowhere = static_cast<std::size_t>(-1);
-
-    Slot &slotOf(Automation::Type type) noexcept { return _slots[Automation::typeId(type)]; }
-    const Slot &slotOf(Automation::Type type) const noexcept
-    {
-        return _slots[Automation::typeId(type)];
-    }
-    static std::size_t find(const Slot &slot, const Automation &automation) noexcept;
-    void insertAt(Slot &slot, std::size_t at, std::unique_ptr<Automation> automation);
-    std::unique_ptr<Automation> takeAt(Slot &slot, std::size_t at);
+    AutomationSlot &slotOf(Automation::Type type) noexcept;
+    const AutomationSlot &slotOf(Automation::Type type) const noexcept;
+    void insertAt(AutomationSlot &slot, std::size_t at, std::unique_ptr<Automation> automation);
+    std::unique_ptr<Automation> takeAt(AutomationSlot &slot, std::size_t at);
     void own(std::unique_ptr<Automation> automation);
     std::unique_ptr<Automation> disown(Automation &automation) noexcept;
-    static void shiftFrom(Slot &slot, std::size_t at, std::int64_t barCount) noexcept;
-    void eraseBlocks(Slot &slot, ErasedBlocks &erased);
     void move(Automation &automation, std::uint32_t index, float position);
 
-    std::array<Slot, Automation::automationTypeCount> _slots;
+    std::unique_ptr<AutomationSlot[]> _slots; ///< by `Automation::typeId`
     std::vector<std::unique_ptr<Automation>> _owned;
 };
 
