@@ -12,12 +12,11 @@
 #include <cstdint>
 #include <memory>
 #include <string>
-#include <string_view>
-#include <unordered_map>
-#include <utility>
 #include <vector>
 
 namespace zarn {
+
+class ArticulationIndex;
 
 /// What a track plays: an instrument category, and for percussion the elements (snare, hi-hat)
 /// with the articulations that can be written, entered and played.
@@ -68,7 +67,7 @@ public:
 
     InstrumentSet() = default;
     explicit InstrumentSet(Type type) : _type(type) { }
-    InstrumentSet(const InstrumentSet &other);
+    InstrumentSet(const InstrumentSet &other) = default;
     InstrumentSet(InstrumentSet &&other) noexcept = default;
     InstrumentSet &operator=(const InstrumentSet &other);
     InstrumentSet &operator=(InstrumentSet &&other) noexcept = default;
@@ -172,44 +171,63 @@ public:
     /// English name for people: "Nylon Guitar", "Hi-Hat"; "Unknown" for a code without a text.
     static std::string typeName(Type type);
 
-    static bool isPitched(Type type) noexcept;
-    static bool isUnpitched(Type type) noexcept;
+    static bool isPitched(Type type) noexcept { return isIn(type, 0xFF000000, pitched); }
+    static bool isUnpitched(Type type) noexcept { return isIn(type, 0xFF000000, unpitched); }
 
     // Families.
-    static bool isElectrophone(Type type) noexcept;
-    static bool isPercussionKit(Type type) noexcept;
-    static bool isPitchedIdiophone(Type type) noexcept;
-    static bool isIdiophone(Type type) noexcept;
-    static bool isMembraphone(Type type) noexcept;
+    static bool isElectrophone(Type type) noexcept { return isInFamily(type, electrophone); }
+    static bool isPercussionKit(Type type) noexcept { return isInFamily(type, percussionKit); }
+    static bool isPitchedIdiophone(Type type) noexcept
+    {
+        return isInFamily(type, pitchedIdiophone);
+    }
+    static bool isIdiophone(Type type) noexcept { return isInFamily(type, idiophone); }
+    static bool isMembraphone(Type type) noexcept { return isInFamily(type, membraphone); }
 
     // Sub-families.
-    static bool isBowed(Type type) noexcept;
-    static bool isStringed(Type type) noexcept;
-    static bool isBrass(Type type) noexcept;
-    static bool isReed(Type type) noexcept;
-    static bool isVocal(Type type) noexcept;
-    static bool isWoodwind(Type type) noexcept;
-    static bool isStringedOrBowed(Type type) noexcept;
+    static bool isBowed(Type type) noexcept { return isInSubFamily(type, bowed); }
+    static bool isStringed(Type type) noexcept { return isInSubFamily(type, stringed); }
+    static bool isBrass(Type type) noexcept { return isInSubFamily(type, brass); }
+    static bool isReed(Type type) noexcept { return isInSubFamily(type, reed); }
+    static bool isVocal(Type type) noexcept { return isInSubFamily(type, vocal); }
+    static bool isWoodwind(Type type) noexcept { return isInSubFamily(type, woodwind); }
+    static bool isStringedOrBowed(Type type) noexcept { return isStringed(type) || isBowed(type); }
     /// Chordophones without a sub-family: the pianos, harp and harpsichord.
-    static bool isOrchestralChordophone(Type type) noexcept;
+    static bool isOrchestralChordophone(Type type) noexcept
+    {
+        return isInSubFamily(type, chordophone);
+    }
 
     // Groups of members.
-    static bool isGuitar(Type type) noexcept;
-    static bool isAcousticGuitar(Type type) noexcept;
-    static bool isBass(Type type) noexcept;
+    static bool isGuitar(Type type) noexcept
+    {
+        return type == electricGuitar || isAcousticGuitar(type);
+    }
+    static bool isAcousticGuitar(Type type) noexcept
+    {
+        return type == steelGuitar || type == nylonGuitar || type == resonatorGuitar;
+    }
+    static bool isBass(Type type) noexcept
+    {
+        return isElectricBass(type) || type == acousticBass || type == uprightBass
+            || type == synthBass;
+    }
     /// Electric bass, with or without frets.
-    static bool isElectricBass(Type type) noexcept;
+    static bool isElectricBass(Type type) noexcept
+    {
+        return type == electricBass || type == fretlessBass;
+    }
 
     // Single members.
-    static bool isSteelGuitar(Type type) noexcept;
-    static bool isNylonGuitar(Type type) noexcept;
-    static bool isElectricGuitar(Type type) noexcept;
-    static bool isAcousticBass(Type type) noexcept;
-    static bool isUprightBass(Type type) noexcept;
-    static bool isSynthBass(Type type) noexcept;
-    static bool isBanjo(Type type) noexcept;
-    static bool isMandolin(Type type) noexcept;
-    static bool isUkulele(Type type) noexcept;
+    static bool isSteelGuitar(Type type) noexcept { return type == steelGuitar; }
+    static bool isNylonGuitar(Type type) noexcept { return type == nylonGuitar; }
+    static bool isElectricGuitar(Type type) noexcept { return type == electricGuitar; }
+    static bool isAcousticBass(Type type) noexcept { return type == acousticBass; }
+    static bool isUprightBass(Type type) noexcept { return type == uprightBass; }
+    static bool isSynthBass(Type type) noexcept { return type == synthBass; }
+    static bool isBanjo(Type type) noexcept { return type == banjo; }
+    static bool isMandolin(Type type) noexcept { return type == mandolin; }
+    static bool isUkulele(Type type) noexcept { return type == ukulele; }
 
     // The same of this set's category.
     bool isPitched() const noexcept { return isPitched(_type); }
@@ -268,15 +286,21 @@ public:
     }
 
 private:
-    /// The number of an articulation under a key that it is looked up by.
-    template <typename Key>
-    struct Entry {
-        Key key;
-        int index;
-    };
-    using LineAndKey = std::pair<std::int32_t, std::int32_t>;
+    static constexpr bool isIn(Type type, std::uint32_t mask, Type group) noexcept
+    {
+        return (type & mask) == group;
+    }
+    static constexpr bool isInFamily(Type type, Type family) noexcept
+    {
+        return isIn(type, 0xFFFF0000, family);
+    }
+    static constexpr bool isInSubFamily(Type type, Type subFamily) noexcept
+    {
+        return isIn(type, 0xFFFFFF00, subFamily);
+    }
 
     void indexArticulations();
+    const ArticulationIndex &articulationIndex() const noexcept;
     int stepInElement(int index, int step) const noexcept;
 
     std::string _name;
@@ -285,12 +309,8 @@ private:
     std::vector<InstrumentSetElement> _elements;
     std::vector<InstrumentArticulation> _articulations;
 
-    // The first articulation of each name, input, place with key, and place. The names are those
-    // of the articulations; the lists are sorted.
-    std::unordered_map<std::string_view, int> _ofName;
-    std::unordered_map<std::int32_t, int> _ofMidi;
-    std::vector<Entry<LineAndKey>> _ofLineAndKey;
-    std::vector<Entry<std::int32_t>> _ofLine;
+    /// Copies share it, as it does not change; null while there are no articulations.
+    std::shared_ptr<const ArticulationIndex> _index;
 };
 
 } // namespace zarn

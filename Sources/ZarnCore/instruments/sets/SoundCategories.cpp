@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include <ZarnCore/instruments/sets/ZarnInstrumentSet.h>
+#include <ZarnCore/instruments/sets/SoundCategories.h>
 
+#include <ZarnCore/instruments/sets/InstrumentTypeNames.h>
 #include <ZarnCore/instruments/sets/InstrumentTypeTable.h>
 
-#include <algorithm>
 #include <map>
 #include <string_view>
 
@@ -76,48 +76,24 @@ IconsByPath iconsByPath()
     IconsByPath icons;
     for (const auto &row : detail::instrumentSetTypes) {
         const auto type = static_cast<Set::Type>(row.code);
-        icons.emplace(Set::soundCategoryFallback(type), detail::rowOfType(categories, type).icon);
+        icons.emplace(soundCategoryOf(type), detail::rowOfType(categories, type).icon);
     }
     for (const CategoryRow &row : categories)
         icons.emplace(row.path, row.icon);
     return icons;
 }
 
-struct PlaceInMix {
-    Instrument::Type type;
-    float volume;
-    float pan;
-};
-
-/// A usual mix of a kit; groups stand behind their members. Toms are spread.
-constexpr PlaceInMix mix[] = {
-    {Instrument::hiHat, 0.8F, 0.35F},       {Instrument::crash, 0.85F, 0.4F},
-    {Instrument::splash, 0.8F, 0.2F},       {Instrument::ride, 0.8F, -0.4F},
-    {Instrument::china, 0.8F, -0.5F},       {Instrument::cymbal, 0.8F, 0.0F},
-    {Instrument::kickDrum, 1.0F, 0.0F},     {Instrument::snare, 1.0F, 0.0F},
-    {Instrument::drum, 0.9F, 0.0F},         {Instrument::membraphone, 0.9F, 0.25F},
-    {Instrument::idiophone, 0.75F, -0.25F}, {Instrument::unknown, 1.0F, 0.0F},
-};
-static_assert(detail::membersStandBeforeGroups(mix));
-
-constexpr float widestTom = 0.5F;
-
 } // namespace
 
-unsigned InstrumentSet::compatibilityLevel(Type a, Type b) noexcept
-{
-    return detail::compatibilityOfTypes(a, b);
-}
-
-std::string InstrumentSet::soundCategoryFallback(Type type)
+std::string soundCategoryOf(Set::Type type)
 {
     const CategoryRow &row = detail::rowOfType(categories, type);
     const bool isGroup = (type & 0xFF) == 0;
     std::string path(row.path);
-    return path.empty() || isGroup ? path : path + '/' + typeName(type);
+    return path.empty() || isGroup ? path : path + '/' + nameOfInstrumentType(type);
 }
 
-ZarnIconID InstrumentSet::soundCategoryToIconID(const std::string &path)
+ZarnIconID iconOfSoundCategory(const std::string &path)
 {
     static const IconsByPath icons = iconsByPath();
     std::string_view rest = path;
@@ -128,25 +104,7 @@ ZarnIconID InstrumentSet::soundCategoryToIconID(const std::string &path)
         const auto slash = rest.rfind('/');
         rest = rest.substr(0, slash == rest.npos ? 0 : slash);
     }
-    return detail::rowOfType(categories, unknown).icon;
-}
-
-ZarnVolumePan InstrumentSet::volumePanFromElement(const InstrumentSetElement &element) const
-{
-    const auto isElement = [&](const auto &own) {
-        return own.name() == element.name() && own.type() == element.type();
-    };
-    const auto isTom = [](const auto &own) { return own.type() == Instrument::tom; };
-    const auto own = std::find_if(_elements.begin(), _elements.end(), isElement);
-    if (own == _elements.end() || !isPercussionKit())
-        return {};
-    const PlaceInMix &place = detail::rowOfType(mix, element.type());
-    if (!isTom(element))
-        return {place.volume, place.pan};
-    const auto toms = std::count_if(_elements.begin(), _elements.end(), isTom);
-    const auto before = std::count_if(_elements.begin(), own, isTom);
-    const float step = toms > 1 ? 2 * widestTom / static_cast<float>(toms - 1) : 0;
-    return {place.volume, toms > 1 ? widestTom - step * static_cast<float>(before) : 0};
+    return detail::rowOfType(categories, Set::unknown).icon;
 }
 
 } // namespace zarn
