@@ -1,59 +1,34 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/instruments/tunings/ZarnGuitarTuning.h>
 
-#include <ZarnCore/instruments/tunings/GuitarTuningData.h>
+#include <ZarnCore/instruments/tunings/FrettedString.h>
+#include <ZarnCore/instruments/tunings/ReferenceTunings.h>
+#include <ZarnCore/instruments/tunings/TuningData.h>
+#include <ZarnCore/instruments/tunings/TuningJson.h>
+#include <ZarnCore/instruments/tunings/TuningText.h>
+#include <ZarnCore/music/ZarnTone.h>
 
 #include <QMetaEnum>
+#include <QStringList>
 
 #include <algorithm>
-#include <array>
-#include <atomic>
+#include <istream>
+#include <ostream>
 
 namespace zarn {
-
 namespace {
 
-struct ReferenceTuning {
-    std::size_t stringCount;
-    std::array<int, 8> pitches;
-};
-
-/// The usual tunings of guitars and basses. No two of one length have the same intervals.
-constexpr std::array<ReferenceTuning, 10> referenceTunings{{
-    {8, {30, 35, 40, 45, 50, 55, 59, 64}},
-    {7, {33, 38, 45, 50, 55, 59, 64}},
-    {7, {35, 40, 45, 50, 55, 59, 64}},
-    {6, {38, 45, 50, 55, 59, 64}},
-    {6, {40, 45, 50, 55, 59, 64}},
-    {7, {18, 23, 28, 33, 38, 43, 48}},
-    {6, {23, 28, 33, 38, 43, 48}},
-    {5, {23, 28, 33, 38, 43}},
-    {4, {26, 33, 38, 43}},
-    {4, {28, 33, 38, 43}},
-}};
-
-constexpr int clampedPitch(std::int64_t midi)
+QStringList toneNames(const GuitarTuning &tuning, bool preferSharp)
 {
-    return static_cast<int>(
-        std::clamp<std::int64_t>(midi, GuitarTuning::minimumMidi, GuitarTuning::maximumMidi));
+    QStringList names;
+    for (const int midi : tuning.midiNumbers())
+        names.append(Tone(midi).toString(preferSharp));
+    return names;
 }
 
 } // namespace
 
-GuitarTuning::Data::Data()
-{
-    static std::atomic<std::uint32_t> nextId{0};
-    id = nextId++;
-}
-
-void GuitarTuning::Data::setRangeOf(const std::vector<int> &pitches) noexcept
-{
-    const auto range = std::minmax_element(pitches.begin(), pitches.end());
-    lowestMidi = pitches.empty() ? maximumMidi : *range.first;
-    highestMidi = pitches.empty() ? minimumMidi : *range.second;
-}
-
-GuitarTuning::GuitarTuning() : _data(std::make_unique<Data>()) { }
+GuitarTuning::GuitarTuning() : _data(std::make_unique<TuningData>()) { }
 
 GuitarTuning::GuitarTuning(unsigned stringCount) : GuitarTuning()
 {
@@ -64,8 +39,8 @@ GuitarTuning::GuitarTuning(const std::vector<unsigned> &pitches)
     : GuitarTuning(static_cast<unsigned>(pitches.size()))
 {
     for (std::size_t i = 0; i < pitches.size(); ++i) {
-        _data->midiNumbers[i] = clampedPitch(pitches[i]);
-        widenRange(_data->midiNumbers[i]);
+        _data->midiNumbers[i] = TuningData::clampedPitch(pitches[i]);
+        _data->widenRange(_data->midiNumbers[i]);
     }
 }
 
@@ -155,16 +130,7 @@ void GuitarTuning::setName(const std::string &name)
 
 int GuitarTuning::midiOffset() const noexcept
 {
-    const auto &pitches = _data->midiNumbers;
-    for (const auto &reference : referenceTunings) {
-        if (reference.stringCount != pitches.size())
-            continue;
-        const auto offset = std::int64_t{reference.pitches[0]} - pitches[0];
-        if (std::equal(pitches.begin(), pitches.end(), reference.pitches.begin(),
-                       [offset](int pitch, int usual) { return pitch + offset == usual; }))
-            return static_cast<int>(offset);
-    }
-    return 0;
+    return offsetFromReferenceTuning(_data->midiNumbers);
 }
 
 int GuitarTuning::storedMidiOffset() const noexcept
@@ -249,8 +215,74 @@ void GuitarTuning::setTuning(unsigned string, int midi) noexcept
 {
     if (string >= stringCount())
         return;
-    _data->midiNumbers[string] = clampedPitch(midi);
-    widenRange(_data->midiNumbers[string]);
+    _data->midiNumbers[string] = TuningData::clampedPitch(midi);
+    _data->widenRange(_data->midiNumbers[string]);
+}
+
+FrettedString GuitarTuning::stringAt(unsigned string) const noexcept
+{
+    const bool isDrone = _data->hasShortDroneString && string == 0;
+    return {tuning(string), isDrone ? droneFret : 0};
+}
+
+int GuitarTuning::midi(unsigned string, int fret) const noexcept
+{
+    return stringAt(string).midi(fret);
+}
+
+Tone GuitarTuning::tone(unsigned string, int fret) const noexcept
+{
+    return Tone(midi(string, fret));
+}
+
+int GuitarTuning::fret(unsigned string, int midi, int lastFret) const noexcept
+{
+    return string < stringCount() ? stringAt(string).fret(midi, lastFret) : -1;
+}
+
+int GuitarTuning::fret(unsigned string, const Tone &tone, unsigned firstFret,
+                       int lastFret) const noexcept
+{
+    return string < stringCount() ? stringAt(string).fret(tone, firstFret, lastFret) : -1;
+}
+
+void GuitarTuning::frets(unsigned string, const Tone &tone, int lastFret,
+                         std::list<int> &frets) const
+{
+    frets = string < stringCount() ? stringAt(string).frets(tone, lastFret) : std::list<int>();
+}
+
+bool GuitarTuning::firstStringAndFret(int midi, unsigned lowestString, int lastFret,
+                                      unsigned &string, int &fret) const noexcept
+{
+    for (auto candidate = stringCount(); candidate > lowestString; --candidate) {
+        const int found = this->fret(candidate - 1, midi, lastFret);
+        if (found < 0)
+            continue;
+        string = candidate - 1;
+        fret = found;
+        return true;
+    }
+    return false;
+}
+
+QString GuitarTuning::toString(bool preferSharp) const
+{
+    return toneNames(*this, preferSharp).join(QString());
+}
+
+QString GuitarTuning::defaultNameFromTuning(bool preferSharp, bool hasDrone) const
+{
+    auto names = toneNames(*this, preferSharp);
+    if (hasDrone && !names.isEmpty())
+        names[0] = tone(0, droneFret).toString(preferSharp);
+    return names.join(QLatin1Char(' '));
+}
+
+QString GuitarTuning::nameWithNotes(bool preferSharp, bool hasDrone) const
+{
+    return QString::fromStdString(name()) + QLatin1Char(' ')
+        + defaultNameFromTuning(preferSharp, hasDrone);
 }
 
 bool GuitarTuning::differentTunings(const GuitarTuning &a, const GuitarTuning &b, unsigned options)
@@ -300,10 +332,29 @@ GuitarTuning::Instrument GuitarTuning::instrumentFromString(const std::string &t
     return Undefined;
 }
 
-void GuitarTuning::widenRange(int midi) noexcept
+void GuitarTuning::parse(const rapidjson::Value &value)
 {
-    _data->lowestMidi = std::min(_data->lowestMidi, midi);
-    _data->highestMidi = std::max(_data->highestMidi, midi);
+    TuningData read = tuningFromJson(value);
+    read.id = _data->id;
+    read.role = _data->role;
+    *_data = std::move(read);
+}
+
+std::ostream &operator<<(std::ostream &stream, const GuitarTuning &tuning)
+{
+    writeTuning(stream, *tuning._data);
+    return stream;
+}
+
+std::istream &operator>>(std::istream &stream, GuitarTuning &tuning)
+{
+    TuningData read;
+    readTuning(stream, read);
+    if (!stream)
+        return stream;
+    read.id = tuning.id();
+    *tuning._data = std::move(read);
+    return stream;
 }
 
 } // namespace zarn

@@ -18,7 +18,9 @@
 
 namespace zarn {
 
+class FrettedString;
 class Tone;
+struct TuningData;
 
 /// Which pitch each open string of a fretted or bowed instrument sounds, as MIDI numbers.
 ///
@@ -205,12 +207,9 @@ public:
     void parse(const rapidjson::Value &value);
 
 private:
-    struct Data;
+    FrettedString stringAt(unsigned string) const noexcept;
 
-    void widenRange(int midi) noexcept;
-    int lowestFret(unsigned string) const noexcept;
-
-    std::unique_ptr<Data> _data;
+    std::unique_ptr<TuningData> _data;
 
     friend ZARNCORE_EXPORT std::ostream &operator<<(std::ostream &stream,
                                                     const GuitarTuning &tuning);

@@ -4,20 +4,19 @@
 #include <ZarnCore/ZarnExport.h>
 #include <ZarnCore/instruments/tunings/ZarnGuitarTuning.h>
 
-#include <QByteArray>
 #include <QString>
 
 #include <rapidjson/fwd.h>
 
 #include <map>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
 namespace zarn {
 
-class UserFile;
+class UserTunings;
+struct TuningStores;
 
 /// The named tunings that are offered to the user: the built-in ones (core store) and the user's
 /// own (user store), which are kept in a file.
@@ -128,33 +127,8 @@ public:
     QString tuningDisplayName(const GuitarTuning &tuning) const;
 
 private:
-    static constexpr unsigned anyStringCount = 0xFFFFFFFF;
-
-    template <typename Visitor>
-    void visit(unsigned roles, unsigned firstStringCount, Visitor wantsMore) const;
-    template <typename Predicate>
-    std::shared_ptr<GuitarTuning> firstOf(unsigned roles, unsigned stringCount,
-                                          Predicate accepts) const;
-    template <typename Predicate>
-    Tunings allOf(unsigned roles, unsigned stringCount, Predicate accepts) const;
-
-    void storeUserTuning(const std::shared_ptr<GuitarTuning> &tuning);
-    bool loadUsualForm(const QByteArray &content);
-    void loadAndRewrite(const QByteArray &content, bool rewrites);
-    bool takeOver(const QByteArray &content);
-    QByteArray userText() const;
-    bool replaceUserText(const std::optional<QByteArray> &old, const QByteArray &text);
-
-    const Store *storeOf(unsigned role) const noexcept;
-    Store *storeOf(unsigned role) noexcept;
-
-    Store _coreTunings;
-    Store _userTunings;
-    std::unique_ptr<UserFile> _userFile;
-    /// What the file held when it was last read or written here.
-    QByteArray _knownUserText;
-    /// Whether all of that was understood or is kept beside.
-    bool _isUserTextWhole = true;
+    std::unique_ptr<TuningStores> _stores;
+    std::unique_ptr<UserTunings> _userTunings;
 };
 
 } // namespace zarn

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/instruments/UserFile.h>
+#include <ZarnCore/instruments/tunings/TuningStore.h>
+
+#include <QByteArray>
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+namespace zarn {
+
+/// The store of the user's tunings and its file; `GuitarTuningLibrary` says what happens to it.
+class UserTunings {
+public:
+    /// The store must outlive it. For the path see `UserFile`.
+    UserTunings(TuningStore &store, QString (*path)())
+        : _store(store), _file("GuitarTuningLibrary", path)
+    {
+    }
+
+    void load();
+    void save();
+
+private:
+    void add(const std::shared_ptr<GuitarTuning> &tuning);
+    bool loadUsualForm(const QByteArray &content);
+    void loadAndRewrite(const QByteArray &content, bool rewrites);
+    bool takeOver(const QByteArray &content);
+    QByteArray text() const;
+    bool replaceText(const std::optional<QByteArray> &old, const QByteArray &text);
+
+    TuningStore &_store;
+    UserFile _file;
+
+    /// What the file held when it was last read or written here.
+    QByteArray _knownText;
+
+    /// Whether all of that was understood or is kept beside.
+    bool _isTextWhole = true;
+};
+
+} // namespace zarn
