@@ -30,6 +30,10 @@ public:
     /// Appends a track with those of its bars; the columns of the others stay empty.
     void copyTrack(unsigned track, const std::set<unsigned> &bars) const;
 
+    /// Keeps the groups whose tracks, as far as they were copied, still stand side by side; the
+    /// copies are of these tracks.
+    void copyTrackGroups(const std::vector<unsigned> &tracks) const;
+
 private:
     bool isWhole() const { return _columns.size() == _from.masterTrack()->masterBarCount(); }
     void copyDirections() const;
@@ -61,6 +65,7 @@ void PartCopy::copySettings() const
     _to.setPrintable(_from.isPrintable());
     _to.setProtected(_from.isProtected());
     _to.setFullScoreDefaultBarCountBySystem(_from.fullScoreDefaultBarCountBySystem());
+    _to.setViews(_from.views());
     if (isWhole())
         _to.setFullScoreSystemsLayout(_from.fullScoreSystemsLayout());
 }
@@ -150,6 +155,24 @@ void PartCopy::copyTrack(unsigned track, const std::set<unsigned> &bars) const
     }
 }
 
+void PartCopy::copyTrackGroups(const std::vector<unsigned> &tracks) const
+{
+    std::vector<TrackGroup> groups;
+    for (TrackGroup group : _from.trackGroups()) {
+        const auto isIn = [first = group.first, last = group.last](unsigned track) {
+            return first <= track && track <= last;
+        };
+        const auto begin = std::find_if(tracks.begin(), tracks.end(), isIn);
+        const auto end = std::find_if_not(begin, tracks.end(), isIn);
+        if (begin == end || std::any_of(end, tracks.end(), isIn))
+            continue;
+        group.first = static_cast<unsigned>(begin - tracks.begin());
+        group.last = static_cast<unsigned>(end - tracks.begin()) - 1;
+        groups.push_back(std::move(group));
+    }
+    _to.setTrackGroups(std::move(groups));
+}
+
 std::shared_ptr<Bar> PartCopy::copyBar(const Staff &staff, std::size_t column,
                                        const std::set<unsigned> &bars) const
 {
@@ -169,6 +192,7 @@ std::shared_ptr<Bar> PartCopy::copyBar(const Staff &staff, std::size_t column,
     copy->setSimileMark(SimileMark::None);
     copy->setClef(bar.clef());
     copy->setOttavia(bar.ottavia());
+    copy->setLayoutRatio(bar.layoutRatio());
     if (!isListed)
         copy->setClefChanges(bar.clefChanges());
     return copy;
@@ -205,8 +229,12 @@ std::unique_ptr<Score> copyParts(const Score &score, const Parts &parts,
     const PartCopy copy(*score.scoreModel(), *preview->scoreModel(), std::move(columns));
     copy.copySettings();
     copy.copyMasterTrack();
-    for (const auto &[track, bars] : parts)
+    std::vector<unsigned> tracks;
+    for (const auto &[track, bars] : parts) {
         copy.copyTrack(track, bars);
+        tracks.push_back(track);
+    }
+    copy.copyTrackGroups(tracks);
     return preview;
 }
 

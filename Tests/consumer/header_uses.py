@@ -14,16 +14,19 @@ import sys
 
 NAMESPACE = re.compile(r"^namespace ([\w:]+) \{")
 CLASS = re.compile(r"^(?:class|struct) (?:ZARNCORE_EXPORT|FILESYSTEM_EXPORT) (\w+)\b[^;]*$")
+INSTANCE = re.compile(r"^extern template class (\w+<[^;]*>);$")
 
 
 def exported_classes(text):
-    """Qualified names of the classes that a header exports, in order."""
+    """Qualified names of the classes that a header exports, in order; of a template its instances."""
     scope = []  # (name, how many braces were open in front of it)
     depth = 0
-    for line in text.splitlines():
+    lines = text.splitlines()
+    for before, line in zip([""] + lines, lines):
         if match := NAMESPACE.match(line):
             scope.append((match.group(1), depth))
-        elif match := CLASS.match(line):
+        elif match := INSTANCE.match(line) or (
+                not before.startswith("template <") and CLASS.match(line)):
             yield "::".join([name for name, _ in scope] + [match.group(1)])
         depth += line.count("{") - line.count("}")
         if scope and depth == scope[-1][1]:
@@ -71,6 +74,7 @@ void use()
 
 int main()
 {
+    using namespace zarn; // for the arguments of templates
 """ + uses + "    return used == nullptr;\n}\n")
 
 

@@ -31,7 +31,7 @@ public:
     {
         _barCount = barCount;
         auto model = std::make_shared<zarn::ScoreModel>();
-        fillSettings(*model);
+        fillSettings(*model, trackCount);
         fillMaster(*model->masterTrack());
         for (unsigned i = 0; i < trackCount; ++i)
             model->addTrack(track());
@@ -174,7 +174,7 @@ private:
         voice.addBeat(beat);
     }
 
-    void fillSettings(zarn::ScoreModel &model)
+    void fillSettings(zarn::ScoreModel &model, unsigned trackCount)
     {
         for (unsigned i = 0; i < 11; ++i)
             model.setScoreProperty(static_cast<zarn::ScoreProperty>(i), text());
@@ -198,8 +198,11 @@ private:
             views.push_back({pick<zarn::ViewLayout>(3), maybe()});
         model.setViews(views);
         std::vector<zarn::TrackGroup> groups;
-        for (unsigned i = below(3); i > 0; --i)
-            groups.push_back({i, i + below(3), text(), pick<zarn::GroupSymbol>(4), maybe()});
+        for (unsigned i = trackCount > 0 ? below(3) : 0; i > 0; --i) {
+            const unsigned first = below(trackCount);
+            groups.push_back({first, first + below(trackCount - first), text(),
+                              pick<zarn::GroupSymbol>(4), maybe()});
+        }
         model.setTrackGroups(groups);
     }
 
