@@ -39,7 +39,7 @@ TEST(RandomEditsTest, comeBackOnAnEmptyScore)
 TEST(RandomEditsTest, useEveryOperation)
 {
     const SmallScore small;
-    const auto result = RandomRun{small.model, 6000, 7, 4}.run();
+    const auto result = RandomRun{small.model, 24000, 7, 4}.run();
     EXPECT_EQ(result.fault, "");
     for (const RandomOperation &operation : randomOperations())
         EXPECT_GT(result.tally.accepted.count(operation.name), 0U) << operation.name;

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#include "CommandRows.h"
+
+#include "support/CommandLaw.h"
+
+std::vector<CommandRow> formRows();
+void expectFormCommandsRefused(rich::RichScore &);
+std::vector<CommandRow> trackRows();
+void expectTrackCommandsRefused(rich::RichScore &);
+std::vector<CommandRow> documentRows();
+void expectDocumentCommandsRefused(rich::RichScore &);
+std::vector<CommandRow> beatRows();
+void expectBeatCommandsRefused(rich::RichScore &);
+std::vector<CommandRow> markRows();
+void expectMarkCommandsRefused(rich::RichScore &);
+
+const std::vector<CommandRowsOfArea> &commandAreas()
+{
+    static const std::vector<CommandRowsOfArea> areas = {
+        {formRows, expectFormCommandsRefused},         {trackRows, expectTrackCommandsRefused},
+        {documentRows, expectDocumentCommandsRefused}, {beatRows, expectBeatCommandsRefused},
+        {markRows, expectMarkCommandsRefused},
+    };
+    return areas;
+}
+
+void expectAllRefused(zarn::Score &score, const std::vector<std::function<bool()>> &refused)
+{
+    for (std::size_t i = 0; i < refused.size(); ++i) {
+        SCOPED_TRACE("row " + std::to_string(i));
+        expectRefused(score, refused[i]);
+    }
+}

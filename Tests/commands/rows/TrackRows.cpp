@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#include "../CommandRows.h"
+
+using namespace rich;
+
+std::vector<CommandRow> trackRows()
+{
+    return {
+        {"CreateTrack", [](SmallScore &s) { return s.score.createTrack(1, InstrumentSet::violin); },
+         "RequestAddTracks(1,1) ", "WillRemoveTrack(1) RemoveTrack(1) "},
+        {"InsertTrack", [](SmallScore &s) { return s.score.insertTrack(2, shortTrack()); },
+         "RequestAddTracks(2,1) ", "WillRemoveTrack(2) RemoveTrack(2) "},
+        {"RemoveTrack", [](SmallScore &s) { return s.score.removeTrack(1); },
+         "WillRemoveTrack(1) RemoveTrack(1) ", "RequestAddTracks(1,1) "},
+        {"SetTrackName",
+         [](SmallScore &s) { return s.score.setTrackName(0, QStringLiteral("Lead %0")); },
+         "TrackNameChanged(0) ", nullptr},
+        {"SetTrackShortName",
+         [](SmallScore &s) { return s.score.setTrackShortName(1, QStringLiteral("pn.")); },
+         "TrackShortNameChanged(1) ", nullptr},
+        {"SetTrackIcon", [](SmallScore &s) { return s.score.setTrackIcon(0, ZarnIconID::Banjo); },
+         "TrackIconChanged(0) ", nullptr},
+        {"SetGuitarFullTuning",
+         [](SmallScore &s) {
+             return s.score.setGuitarFullTuning(0, 0, {38, 45, 50, 55, 59, 64}, 2);
+         },
+         "GuitarFullTuningChanged(0,0) ModifyBarRange(0,0,0,4) ", nullptr},
+        {"SetGuitarFullTuningWithoutPartialCapo",
+         [](SmallScore &s) {
+             return s.score.setGuitarFullTuning(0, 0, {40, 45, 50, 55}, 0, Retuning::KeepPitches);
+         },
+         "GuitarFullTuningChanged(0,0) ModifyBarRange(0,0,0,4) ", nullptr},
+        {"AddTrackSound",
+         [](SmallScore &s) { return s.score.addTrackSound(0, Sound("Nylon", MIDISound())); },
+         "RequestAddSound(0,0) ", "RequestRemoveSound(0,0) "},
+        {"RemoveTrackSound", [](SmallScore &s) { return s.score.removeTrackSound(1, 0); },
+         "RequestRemoveSound(1,0) ", "RequestInsertSound(1,0) "},
+        {"CreateAudioTrack",
+         [](SmallScore &s) {
+             return s.score.createAudioTrack(0, std::make_shared<AudioTrack>("Demo"));
+         },
+         "AddAudioTrack(0) ", "RemoveAudioTrack(0) ", true},
+        {"RemoveAudioTrack", [](SmallScore &s) { return s.score.removeAudioTrack(1); },
+         "RemoveAudioTrack(1) ", "AddAudioTrack(1) "},
+    };
+}
+
+void expectTrackCommandsRefused(RichScore &rich)
+{
+    Score &score = rich.score;
+    auto longTrack = ScoreModel::createTrack(InstrumentSet::flute);
+    longTrack->addEmptyBars(7);
+    expectAllRefused(score,
+                     {
+                         [&] { return score.createTrack(3, InstrumentSet::flute); },
+                         [&] { return score.insertTrack(0, nullptr); },
+                         [&] { return score.insertTrack(0, rich.model.track(1)); },
+                         [&] { return score.insertTrack(0, longTrack); },
+                         [&] { return score.removeTrack(2); },
+                         [&] { return score.setTrackName(2, QStringLiteral("x")); },
+                         [&] { return score.setTrackIcon(0, static_cast<ZarnIconID>(0)); },
+                         [&] { return score.setGuitarFullTuning(1, 2, {40}); },
+                         [&] { return score.setGuitarFullTuning(0, 0, {40}, 99); },
+                         [&] { return score.addTrackSound(0, std::shared_ptr<const Sound>()); },
+                         [&] { return score.addTrackSound(2, Sound()); },
+                         [&] { return score.removeTrackSound(1, 1); },
+                         [&] { return score.createAudioTrack(3, std::make_shared<AudioTrack>()); },
+                         [&] { return score.createAudioTrack(0, rich.model.audioTracks()[1]); },
+                         [&] { return score.removeAudioTrack(2); },
+                     });
+}
