@@ -19,10 +19,13 @@ namespace {
 
 constexpr int partCount = 8;
 
+/// Whether notes carry a slur, an articulation, a fingering and a syllable each.
+enum class Notes { Plain, Marked };
+
 /// Writes a score as notation programs do: one element per line, indented.
 class Generator {
 public:
-    explicit Generator(int bars) : _bars(bars) { }
+    explicit Generator(int bars, Notes notes = Notes::Plain) : _bars(bars), _notes(notes) { }
 
     std::string document()
     {
@@ -92,7 +95,26 @@ private:
         _text += "    <stem>up</stem>\n";
         if (beam)
             _text += std::string("    <beam number=\"1\">") + beam + "</beam>\n";
+        if (_notes == Notes::Marked)
+            mark(chord);
         _text += "   </note>\n";
+    }
+
+    /// Slurs join the beats in pairs; a chord has one slur and one syllable.
+    void mark(bool chord)
+    {
+        _text += "    <notations>\n";
+        if (!chord) {
+            _isSlurred = !_isSlurred;
+            _text += std::string("     <slur number=\"1\" type=\"")
+                + (_isSlurred ? "start" : "stop") + "\"/>\n";
+        }
+        _text += "     <articulations>\n      <accent/>\n     </articulations>\n"
+                 "     <technical>\n      <fingering>2</fingering>\n     </technical>\n"
+                 "    </notations>\n";
+        if (!chord)
+            _text += "    <lyric number=\"1\">\n     <syllabic>single</syllabic>\n"
+                     "     <text>la</text>\n    </lyric>\n";
     }
 
     void rest(int duration, const char *type)
@@ -109,6 +131,8 @@ private:
     }
 
     int _bars;
+    Notes _notes;
+    bool _isSlurred = false;
     int _pitch = 0;
     std::string _text;
 };
@@ -184,6 +208,7 @@ int main(int argc, char **argv)
     Document small(Generator(200).document());
     Document large(Generator(2000).document());
     Document dense(withoutIndent(Generator(2000).document()));
+    Document marked(Generator(2000, Notes::Marked).document());
     bench::RatioReport report;
     report.compare(
         "2,000 bars x 8 parts imported, against bare tokens", 0.3,
@@ -197,6 +222,10 @@ int main(int argc, char **argv)
         "200 bars x 8 parts imported, against bare tokens", 0.3,
         [&](benchmark::State &state) { passTokens(state, small); },
         [&](benchmark::State &state) { import(state, small); }, bench::Timing::Manual);
+    report.compare(
+        "2,000 bars with marks on every note, against bare tokens", 0.4,
+        [&](benchmark::State &state) { passTokens(state, marked); },
+        [&](benchmark::State &state) { import(state, marked); }, bench::Timing::Manual);
     report.compare(
         "2,000 bars against 200 bars (10 is linear)", 11,
         [&](benchmark::State &state) { import(state, small); },

