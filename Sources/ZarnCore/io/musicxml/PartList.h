@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ZarnCore/model/layout/ZarnTrackGroup.h>
+
 #include <pugixml.hpp>
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,9 +37,17 @@ struct ListedPart {
     std::string name;
     std::string abbreviation;
     std::vector<ListedInstrument> instruments;
-    int program = NoProgram;    ///< General MIDI, from 0
-    bool hasPercussion = false; ///< plays on channel 10, or names percussion keys
+    int program = NoProgram;     ///< General MIDI, from 0
+    std::optional<float> volume; ///< as a linear gain
+    std::optional<float> pan;    ///< -1 left to 1 right
+    bool hasPercussion = false;  ///< plays on channel 10, or names percussion keys
     pugi::xml_node node;
+};
+
+/// What <part-group> says about parts of the list, by their indexes in it.
+struct ListedGroup {
+    TrackGroup group;
+    std::string number; ///< tells groups that lie in one another apart
 };
 
 /// More parts than any score has; a document with more is refused.
@@ -49,6 +60,10 @@ public:
 
     const std::vector<ListedPart> &parts() const noexcept { return _parts; }
 
+    /// The groups of tracks, where a track plays each part: `tracks` holds the ids of the parts
+    /// that they play, in the order of the tracks. Outer groups stand in front of those inside.
+    std::vector<TrackGroup> groups(const std::vector<std::string> &tracks) const;
+
     /// Null when the list does not name the part.
     const ListedPart *find(const std::string &id) const;
 
@@ -57,9 +72,13 @@ public:
 
 private:
     void readPart(pugi::xml_node node, ImportContext &context);
+    void readGroup(pugi::xml_node node, ImportContext &context);
+    void endGroup(std::size_t open, pugi::xml_node node, ImportContext &context);
     void readMidi(pugi::xml_node node, ListedPart &part, ImportContext &context);
 
     std::vector<ListedPart> _parts;
+    std::vector<ListedGroup> _openGroups;
+    std::vector<TrackGroup> _groups; ///< of parts
     void setUsualKeys(const ListedPart &part);
 
     std::map<std::string, PercussionUse, std::less<>> _percussion;

@@ -93,6 +93,7 @@ std::shared_ptr<ScoreModel> ScoreReader::read(ImportReport &report)
     fillBarsWithRests();
     setSystems();
     const InstrumentGuesser guesser(_list);
+    std::vector<std::string> parts;
     for (std::size_t part = 0; part < sources.size(); ++part) {
         _context.setPlace(static_cast<int>(part), -1);
         setClefs(_facts[part], _bars[part], _context);
@@ -100,7 +101,9 @@ std::shared_ptr<ScoreModel> ScoreReader::read(ImportReport &report)
         const auto &listed = sources[part].listed;
         const auto type = guesser.guess(listed, _facts[part], _tally.parts[part].notes);
         _model->addTrack(makeTrack(type, listed, _facts[part], std::move(_bars[part]), _context));
+        parts.push_back(listed.id);
     }
+    _model->setTrackGroups(_list.groups(parts));
     _context.finish();
     report.setTally(std::move(_tally));
     return std::move(_model);

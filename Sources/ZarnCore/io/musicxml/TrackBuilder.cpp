@@ -201,6 +201,7 @@ std::shared_ptr<Track> makeTrack(InstrumentSet::Type type, const ListedPart &par
             track->setChosenNotations(TrackNotations{true, true, false});
         staff.insertBars(0, std::move(staves[i]));
     }
+    track->setVolumePan({part.volume.value_or(1.0F), part.pan.value_or(0.0F)});
     if (part.program != ListedPart::NoProgram)
         track->addSound(std::make_shared<Sound>(
             part.instruments.empty() ? part.name : part.instruments.front().name,
