@@ -5,7 +5,7 @@
 #include <ZarnCore/model/ZarnMasterBar.h>
 #include <ZarnCore/model/ZarnMasterTrack.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
-#include <ZarnCore/model/notes/Ties.h>
+#include <ZarnCore/model/notes/Links.h>
 #include <ZarnCore/score/ZarnScore.h>
 
 #include <algorithm>
@@ -149,7 +149,7 @@ void PartCopy::copyTrack(unsigned track, const std::set<unsigned> &bars) const
         for (const auto &bar : staff->bars()) {
             for (const auto &voice : bar->voices()) {
                 if (voice != nullptr)
-                    mendTies(*voice, 0, voice->beatCount());
+                    mendLinks(*voice, 0, voice->beatCount());
             }
         }
     }

@@ -209,11 +209,17 @@ TEST(Attributes, aCutDealsThemOut)
     note.setVibrato(Vibrato::Wide);
     note.setVelocity(90);
     note.setBend({BendType::BendNRelease, {{0, 0}, {30, 4}, {60, 0}}});
+    const auto next = std::make_shared<Beat>();
+    next->setSlurredToPrevious(true);
+    next->addNote(note.clone());
+    next->notes()[0]->setMidi(note.midi() + 1);
+    next->notes()[0]->setFret(note.fret() + 1);
+    score.model.track(0)->bar(0)->voice(0)->addBeat(next);
     const auto struck = std::make_shared<zarn::Note>(72);
     const auto placed = score.model.track(0)->bar(0)->voice(0)->insertNoteWithCut(struck, 1, 2);
     ASSERT_EQ(placed.size(), 1u);
     const auto &beats = score.model.track(0)->bar(0)->voice(0)->beats();
-    ASSERT_EQ(beats.size(), 3u);
+    ASSERT_EQ(beats.size(), 4u);
     const auto noteOf = [&](unsigned piece) -> const zarn::Note & {
         return *beats[piece]->notes()[0];
     };

@@ -11,6 +11,7 @@
 #include <ZarnCore/model/ZarnBarAttribute.h>
 #include <ZarnCore/model/ZarnMasterBarAttribute.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/notes/LinkFaults.h>
 
 #include <cmath>
 #include <cstdint>
@@ -417,6 +418,7 @@ private:
             bars[3]->setSimileMark(zarn::SimileMark::SecondOfDouble);
         }
         staff.insertBars(0, bars);
+        zarn::takeBrokenLinksOff(staff);
     }
 
     zarn::GuitarTuning tuning()

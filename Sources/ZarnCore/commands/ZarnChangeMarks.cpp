@@ -31,7 +31,10 @@ void ChangeMarks<Node>::apply()
     _beats.clear();
     _notes.clear();
     _rhythms.clear();
+    _links.clear();
     begin(model());
+    if (_also.links)
+        _links.keep(model(), beatSpans(model(), _range));
     constexpr bool areNotes = std::is_same_v<Node, Note>;
     const Beat *lastBeat = nullptr;
     try {
@@ -61,8 +64,13 @@ void ChangeMarks<Node>::apply()
     } catch (...) {
         _notes.settle();
         _beats.settle();
+        _links.settle();
         putBack();
         throw;
+    }
+    if (_also.links) {
+        _links.mend(model());
+        _links.settle();
     }
     requirePlace(lastBeat != nullptr);
 }
@@ -103,6 +111,7 @@ void ChangeMarks<Node>::putBack()
                    lastBeat = &beat;
                    return true;
                });
+    _links.putBack(model());
 }
 
 template <class Node>
@@ -110,6 +119,7 @@ void ChangeMarks<Node>::announce()
 {
     TouchedBars touched;
     touched.add(_range);
+    _links.addChanged(touched);
     touched.announce(score(), this);
 }
 

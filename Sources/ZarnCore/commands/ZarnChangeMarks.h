@@ -2,11 +2,12 @@
 #pragma once
 
 #include <ZarnCore/ZarnExport.h>
-#include <ZarnCore/commands/ZarnKeptMarks.h>
+#include <ZarnCore/commands/ZarnKeptRange.h>
 #include <ZarnCore/commands/ZarnMarkedPlace.h>
 #include <ZarnCore/commands/ZarnScoreCommand.h>
 #include <ZarnCore/commands/ZarnTouchedBars.h>
 #include <ZarnCore/model/ZarnBeat.h>
+#include <ZarnCore/model/ZarnKeptMarks.h>
 #include <ZarnCore/model/places/ZarnScoreModelRange.h>
 
 #include <vector>
@@ -17,6 +18,7 @@ namespace zarn {
 struct AlsoKept {
     bool otherMarks = false; ///< of notes those of their beats, of beats those of their notes
     bool rhythms = false;    ///< of beats
+    bool links = false;      ///< what the nodes are linked with, which is mended then
 };
 
 /// Base of commands that change how the beats or notes of a range are marked. Keeps what was there
@@ -51,7 +53,7 @@ protected:
     virtual bool isForFirstOnly() const { return false; }
 
     /// Sends the events of a change, forwards and backwards: `ModifyBarRange`, or for a range over
-    /// several tracks `ModifyBarRangeAllTracks`.
+    /// several tracks `ModifyBarRangeAllTracks`; `ModifyBarRange` for other bars with links, too.
     virtual void announce();
 
 private:
@@ -64,6 +66,7 @@ private:
     ScoreModelRange _range;
     AlsoKept _also;
     std::vector<bool> _isTaken; ///< per node of the range, in order
+    KeptRange _links;
     KeptMarks<Beat> _beats;
     KeptMarks<Note> _notes;
     std::vector<RhythmValue> _rhythms;

@@ -4,6 +4,7 @@
 #include <ZarnCore/commands/Beat/ZarnSetBeatRhythm.h>
 #include <ZarnCore/commands/ZarnRangeNodes.h>
 #include <ZarnCore/events/ZarnScoreEvents.h>
+#include <ZarnCore/model/notes/Links.h>
 #include <ZarnCore/score/ZarnScoreBase.h>
 
 #include <algorithm>
@@ -50,10 +51,14 @@ void give(Beat &beat, Beat &, BeatAttribute id, const AttributeValue &value)
         setBeatRhythm(beat, {value.to<RhythmValue>(), false});
     else
         setAttribute(beat, id, value);
+    if (rowOf(id).isLink)
+        tellNeighbour(beat, id);
 }
 void give(Beat &beat, Note &note, NoteAttribute id, const AttributeValue &value)
 {
     setAttribute(beat, note, id, value);
+    if (rowOf(id).isLink)
+        tellNeighbour(beat, note, id);
 }
 
 bool isWritable(const AttributeValue &value)
@@ -116,6 +121,7 @@ bool SetByTable<Node>::prepare(Score *score, const ScoreModelRange &range, Value
         for (const auto &other : values)
             areValid = areValid && !row.excludes.has(other.first);
         also.otherMarks = also.otherMarks || reachesOthers(row);
+        also.links = also.links || row.isLink;
         also.rhythms = also.rhythms || std::holds_alternative<RhythmValue>(value.held());
         _given.push_back({&row, value, value == defaultOf(row)});
     }

@@ -7,6 +7,7 @@
 #include <ZarnCore/io/native/ScoreFields.h>
 #include <ZarnCore/model/ZarnModelCheck.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/notes/LinkFaults.h>
 #include <ZarnCore/model/notes/Ties.h>
 
 #include <filesystem/FileHandle.h>
@@ -71,6 +72,17 @@ void mendSimileMarks(ScoreModel &model, ImportReport &report)
     }
 }
 
+/// Takes away what leads to nothing, and says so.
+void mendLinks(const ScoreModel &model, ImportReport &report)
+{
+    for (const auto &track : model.tracks())
+        for (const auto &staff : track->staves())
+            for (const BrokenLink &link : takeBrokenLinksOff(*staff))
+                report.addProblem({textOf(link.kind) + std::string(" was left out"),
+                                   static_cast<int>(track->index()), static_cast<int>(link.bar),
+                                   0});
+}
+
 /// Loose ties stay as they are: they are how a note rings on, or is held into a second ending.
 void tellOfLooseTies(const ScoreModel &model, ImportReport &report)
 {
@@ -116,6 +128,7 @@ std::shared_ptr<ScoreModel> NativeImporter::read(filesystem::FileHandle &handle,
     auto model = std::make_shared<ScoreModel>();
     native::readScore(reader, values.front(), *model);
     mendSimileMarks(*model, report);
+    mendLinks(*model, report);
     for (const std::string &problem : checkModelDownToBars(*model))
         report.addProblem({problem, -1, -1, 0});
     tellOfLooseTies(*model, report);

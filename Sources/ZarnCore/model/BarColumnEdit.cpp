@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/model/BarColumnEdit.h>
 
+#include <ZarnCore/model/notes/StringLinks.h>
+
 #include <algorithm>
 #include <utility>
 
@@ -29,36 +31,33 @@ void collectSimileMarks(const ScoreModel &model, unsigned from, unsigned to,
     });
 }
 
-enum class TiesToNote { Tied, All };
-
-void collectTies(const Bar &bar, const Staff &staff, unsigned track, bool atEnd, TiesToNote which,
-                 std::vector<TiePlace> &ties)
+/// Beats of a bar that face the bars beside it, and those from which a hammer-on or a slide may
+/// lead there.
+void keepLinks(const Bar &bar, unsigned staff, unsigned track, bool atEnd, KeptBeats &links)
 {
     for (const auto &voice : bar.voices()) {
         if (!voice || voice->isEmpty())
             continue;
-        const Beat &beat = atEnd ? *voice->beats().back() : *voice->beats().front();
-        for (unsigned i = 0; i < beat.noteCount(); ++i) {
-            const Note &note = *beat.notes()[i];
-            if (which == TiesToNote::All || note.isTied() || note.isTieOrigin())
-                ties.push_back({track, staff.index(), bar.index(), voice->index(), beat.index(), i,
-                                note.isTied(), note.isTieOrigin()});
-        }
+        const auto keep = [&](unsigned beat) {
+            links.keep({track, staff, bar.index(), voice->index(), beat}, *voice->beats()[beat]);
+        };
+        keep(atEnd ? voice->beatCount() - 1 : 0);
+        if (atEnd)
+            for (const LeadingNote &leading : leadingNotes(*voice, voice->beatCount()))
+                if (leading.voice == voice.get())
+                    keep(leading.beat);
     }
 }
 
-/// Ties of the beats that face a joint: those that end the columns up to `end`, not included, and
-/// those that begin the columns from `begin` on. Between bars untied notes are noted too, as are
-/// simile marks; at an end of the score no tie comes back with columns that are put back.
-void collectTies(const ScoreModel &model, unsigned end, unsigned begin, std::vector<TiePlace> &ties)
+/// Of the columns up to `end`, not included, and of those from `begin` on. What is not linked is
+/// noted too, as are bars without simile marks: columns that are put back may find it otherwise.
+void keepLinks(const ScoreModel &model, unsigned end, unsigned begin, KeptBeats &links)
 {
-    const bool isBetween = end > 0 && begin < model.masterTrack()->masterBarCount();
-    const auto which = isBetween ? TiesToNote::All : TiesToNote::Tied;
     visitStaves(model, [&](const Staff &staff, unsigned track) {
         if (end > 0 && end <= staff.barCount())
-            collectTies(*staff.bars()[end - 1], staff, track, true, which, ties);
+            keepLinks(*staff.bars()[end - 1], staff.index(), track, true, links);
         if (begin < staff.barCount())
-            collectTies(*staff.bars()[begin], staff, track, false, which, ties);
+            keepLinks(*staff.bars()[begin], staff.index(), track, false, links);
     });
 }
 
@@ -86,7 +85,7 @@ BarColumnSurroundings BarColumnEdit::surroundingsOf(unsigned end, unsigned begin
     surroundings.directions = _master.directionSlots();
     collectSimileMarks(_model, end - std::min(end, simileReach), end, surroundings.simileMarks);
     collectSimileMarks(_model, begin, begin + simileReach, surroundings.simileMarks);
-    collectTies(_model, end, begin, surroundings.ties);
+    keepLinks(_model, end, begin, surroundings.links);
     return surroundings;
 }
 
@@ -97,6 +96,7 @@ BarColumnSurroundings BarColumnEdit::insertEmpty(unsigned index, unsigned count)
     _master.insertEmptyMasterBars(index, count);
     for (const auto &track : _model.tracks())
         track->insertEmptyBars(index, count, LinkMode::Mend);
+    before.links.settle();
     return before;
 }
 
@@ -123,6 +123,7 @@ BarColumns BarColumnEdit::take(unsigned first, unsigned last)
             blocks.push_back(staff->takeBars(first, last, LinkMode::Mend));
         taken.bars.push_back(std::move(blocks));
     }
+    taken.surroundings.links.settle();
     return taken;
 }
 
@@ -149,16 +150,12 @@ void BarColumnEdit::restore(const BarColumnSurroundings &surroundings)
         if (const auto track = _model.track(place.track))
             if (const auto bar = track->bar(place.bar, place.staff))
                 bar->setSimileMark(place.mark);
-    for (const TiePlace &place : surroundings.ties) {
+    surroundings.links.putBack([this](const KeptBeats::Place &place) {
         const auto track = _model.track(place.track);
         const auto bar = track ? track->bar(place.bar, place.staff) : nullptr;
         const auto voice = bar ? bar->voice(place.voice) : nullptr;
-        const auto beat = voice ? voice->beat(place.beat) : nullptr;
-        if (!beat || place.note >= beat->noteCount())
-            continue;
-        beat->notes()[place.note]->setTied(place.isTied);
-        beat->notes()[place.note]->setTieOrigin(place.isTieOrigin);
-    }
+        return voice ? voice->beat(place.beat).get() : nullptr;
+    });
 }
 
 } // namespace zarn

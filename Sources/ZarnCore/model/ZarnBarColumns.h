@@ -5,6 +5,7 @@
 #include <ZarnCore/instruments/automations/ZarnAutomationContainer.h>
 #include <ZarnCore/model/ZarnMasterTrack.h>
 #include <ZarnCore/model/ZarnTrack.h>
+#include <ZarnCore/model/notes/ZarnKeptBeats.h>
 
 #include <vector>
 
@@ -18,23 +19,11 @@ struct SimileMarkPlace {
     SimileMark mark = SimileMark::None;
 };
 
-/// The ties of a note beside inserted or removed columns, as they were before.
-struct TiePlace {
-    unsigned track = 0;
-    unsigned staff = 0;
-    unsigned bar = 0;
-    unsigned voice = 0;
-    unsigned beat = 0;
-    unsigned note = 0;
-    bool isTied = false;
-    bool isTieOrigin = false;
-};
-
 /// What inserting or removing bar columns changes in the columns that stay.
 struct BarColumnSurroundings {
     MasterTrack::DirectionSlots directions = {};
     std::vector<SimileMarkPlace> simileMarks;
-    std::vector<TiePlace> ties;
+    KeptBeats links; ///< beats that face the columns
 
     /// The bar behind removed columns that came to begin their movement; -1 for none.
     int newMovementStart = -1;

@@ -3,6 +3,7 @@
 
 #include <ZarnCore/model/AttributeRows.h>
 #include <ZarnCore/model/ZarnStaff.h>
+#include <ZarnCore/model/notes/Ties.h>
 
 namespace zarn {
 
@@ -49,6 +50,11 @@ constexpr Row withNotes(unsigned least, Row row)
     row.leastNotes = least;
     return row;
 }
+constexpr Row linking(Row row)
+{
+    row.isLink = true;
+    return row;
+}
 constexpr Row where(bool (*accepts)(const Staff &, const Beat &, const AttributeValue &), Row row)
 {
     row.accepts = accepts;
@@ -73,6 +79,35 @@ bool hasStringsOfDiagram(const Staff &staff, const Beat &, const AttributeValue 
 {
     const auto chord = value.to<ChordMark>();
     return !chord.diagram || chord.diagram->frets.size() == staff.tuning().stringCount();
+}
+
+std::shared_ptr<Beat> nextOf(const Beat &beat)
+{
+    const auto voice = beat.parentVoice();
+    return voice ? beatBehindJoint(*voice, beat.index() + 1) : nullptr;
+}
+
+bool hasNext(const Staff &, const Beat &beat, const AttributeValue &)
+{
+    return nextOf(beat) != nullptr;
+}
+bool hasPrevious(const Staff &, const Beat &beat, const AttributeValue &)
+{
+    const auto voice = beat.parentVoice();
+    return voice && beatInFrontOfJoint(*voice, beat.index());
+}
+bool canBeginSlur(const Staff &, const Beat &beat, const AttributeValue &)
+{
+    return beat.isSlurredToNext();
+}
+bool canBeginHairpin(const Staff &, const Beat &beat, const AttributeValue &)
+{
+    return beat.hairpin() != Hairpin::NoHairpin;
+}
+bool hasTremoloPartner(const Staff &, const Beat &beat, const AttributeValue &)
+{
+    const auto next = nextOf(beat);
+    return next && next->hasNotes();
 }
 
 bool isNoGrace(const Staff &, const Beat &beat, const AttributeValue &)
@@ -101,10 +136,11 @@ constexpr std::array<Row, BeatAttributeCount> rows = {{
     row<&Beat::text, &Beat::setText>(Id::Text, "Text", "", textsUpTo(longestText)),
     where(hasStringsOfDiagram,
           row<&Beat::chord, &Beat::setChord>(Id::Chord, "Chord", "", anyOf<ChordMark>())),
-    row<&Beat::hairpin, &Beat::setHairpin>(Id::Hairpin, "Hairpin", "hairpin",
-                                           enumerators<hairpinToString, 3>(), Split::Cut),
-    row<&Beat::beginsHairpin, &Beat::setHairpinBegins>(Id::HairpinBegins, "HairpinBegins",
-                                                       "hairpinBegins", anyOf<bool>()),
+    linking(row<&Beat::hairpin, &Beat::setHairpin>(Id::Hairpin, "Hairpin", "hairpin",
+                                                   enumerators<hairpinToString, 3>(), Split::Cut)),
+    where(canBeginHairpin,
+          linking(row<&Beat::beginsHairpin, &Beat::setHairpinBegins>(
+              Id::HairpinBegins, "HairpinBegins", "hairpinBegins", anyOf<bool>()))),
     row<&Beat::fadding, &Beat::setFadding>(Id::Fadding, "Fadding", "fadding",
                                            enumerators<faddingToString, 3>(), Split::Cut),
     excluding({Id::Brush, Id::Arpeggio, Id::Rasgueado},
@@ -150,12 +186,16 @@ constexpr std::array<Row, BeatAttributeCount> rows = {{
         Split::All),
     row<&Beat::beamMode, &Beat::setBeamMode>(Id::BeamMode, "BeamMode", "beam",
                                              enumerators<beamModeToString, 2>(), Split::Last),
-    row<&Beat::isSlurredToNext, &Beat::setSlurredToNext>(Id::SlurredToNext, "SlurredToNext",
-                                                         "slurToNext", anyOf<bool>(), Split::Cut),
-    row<&Beat::isSlurredToPrevious, &Beat::setSlurredToPrevious>(
-        Id::SlurredToPrevious, "SlurredToPrevious", "slurToPrevious", anyOf<bool>(), Split::Cut),
-    row<&Beat::beginsSlur, &Beat::setSlurBegins>(Id::SlurBegins, "SlurBegins", "slurBegins",
-                                                 anyOf<bool>()),
+    where(hasNext,
+          linking(row<&Beat::isSlurredToNext, &Beat::setSlurredToNext>(
+              Id::SlurredToNext, "SlurredToNext", "slurToNext", anyOf<bool>(), Split::Cut))),
+    where(hasPrevious,
+          linking(row<&Beat::isSlurredToPrevious, &Beat::setSlurredToPrevious>(
+              Id::SlurredToPrevious, "SlurredToPrevious", "slurToPrevious", anyOf<bool>(),
+              Split::Cut))),
+    where(canBeginSlur,
+          linking(row<&Beat::beginsSlur, &Beat::setSlurBegins>(Id::SlurBegins, "SlurBegins",
+                                                               "slurBegins", anyOf<bool>()))),
     fretted(row<&Beat::whammyBar, &Beat::setWhammyBar>(Id::WhammyBar, "WhammyBar", "whammyBar",
                                                        anyOf<WhammyBar>(), Split::Cut)),
     where(hasStringsOfBarre,
@@ -171,12 +211,14 @@ constexpr std::array<Row, BeatAttributeCount> rows = {{
                                          enumerators<breathSignToString, 2>(), Split::Last),
     row<&Beat::attackDynamic, &Beat::setAttackDynamic>(Id::AttackDynamic, "AttackDynamic", "attack",
                                                        enumerators<attackDynamicToString, 10>()),
-    excluding({Id::Tremolo},
+    where(hasTremoloPartner,
+          excluding(
+              {Id::Tremolo},
               excludingOnNotes({NoteAttribute::Trill},
                                withNotes(1,
-                                         row<&Beat::tremoloToNext, &Beat::setTremoloToNext>(
+                                         linking(row<&Beat::tremoloToNext, &Beat::setTremoloToNext>(
                                              Id::TremoloToNext, "TremoloToNext", "tremoloToNext",
-                                             numbers(0, 4), Split::Cut)))),
+                                             numbers(0, 4), Split::Cut)))))),
     excluding({Id::Arpeggio},
               withNotes(2,
                         row<&Beat::isNonArpeggio, &Beat::setNonArpeggio>(

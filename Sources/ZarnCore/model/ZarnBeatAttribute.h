@@ -70,6 +70,9 @@ struct BeatAttributeRow : Attribute<Beat, BeatAttribute> {
     OnStaves staves = OnStaves::All;
     unsigned leastNotes = 0;
 
+    /// Whether it joins the beat to a neighbour, which agrees then.
+    bool isLink = false;
+
     /// What else a beat must be like to take a value other than the default; null for nothing.
     bool (*accepts)(const Staff &staff, const Beat &beat, const AttributeValue &value) = nullptr;
 };

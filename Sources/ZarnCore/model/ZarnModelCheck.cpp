@@ -2,6 +2,7 @@
 #include <ZarnCore/model/ZarnModelCheck.h>
 
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/notes/LinkFaults.h>
 
 namespace zarn {
 namespace {
@@ -80,6 +81,13 @@ private:
         expect(staff.barCount() == _barCount, place, "not one bar per master bar");
         for (unsigned i = 0; i < staff.barCount(); ++i)
             checkBar(staff, i, place);
+        if (_depth == Depth::Bars)
+            return;
+        for (const BrokenLink &link : brokenLinks(staff))
+            expect(false,
+                   place + " bar " + std::to_string(link.bar) + " voice "
+                       + std::to_string(link.voice) + " beat " + std::to_string(link.beat),
+                   textOf(link.kind));
     }
 
     void checkBar(const Staff &staff, unsigned number, const std::string &staffPlace)

@@ -3,6 +3,8 @@
 
 #include <ZarnCore/model/AttributeRows.h>
 #include <ZarnCore/model/ZarnBeatAttribute.h>
+#include <ZarnCore/model/ZarnVoice.h>
+#include <ZarnCore/model/notes/StringLinks.h>
 
 namespace zarn {
 
@@ -36,6 +38,11 @@ constexpr Row excludingOnBeat(BeatAttributeSet others, Row row)
     row.excludesOnBeat = others;
     return row;
 }
+constexpr Row linking(Row row)
+{
+    row.isLink = true;
+    return row;
+}
 constexpr Row on(OnStaves staves, Row row)
 {
     row.staves = staves;
@@ -56,6 +63,22 @@ where(bool (*accepts)(const Staff &, const Beat &, const Note &, const Attribute
     return row;
 }
 
+bool leadsToNext(const Beat &beat, const Note &note, StringLink link)
+{
+    const auto voice = beat.parentVoice();
+    return voice && canLeadToNext(*voice, beat.index(), note, link);
+}
+bool canHopo(const Staff &, const Beat &beat, const Note &note, const AttributeValue &)
+{
+    return leadsToNext(beat, note, StringLink::Hopo);
+}
+bool canSlide(const Staff &, const Beat &beat, const Note &note, const AttributeValue &value)
+{
+    const auto slide = value.to<SlideOut>();
+    return (slide != SlideOut::Shift && slide != SlideOut::Legato)
+        || leadsToNext(beat, note, StringLink::Slide);
+}
+
 bool isAlive(const Staff &, const Beat &, const Note &note, const AttributeValue &)
 {
     return !note.isDead();
@@ -70,9 +93,9 @@ bool isNotOpen(const Staff &, const Beat &, const Note &, const AttributeValue &
 }
 
 constexpr std::array<Row, NoteAttributeCount> rows = {{
-    row<&Note::isTied, &Note::setTied>(Id::Tied, "Tied", "", anyOf<bool>(), Split::Cut),
-    row<&Note::isTieOrigin, &Note::setTieOrigin>(Id::TieOrigin, "TieOrigin", "", anyOf<bool>(),
-                                                 Split::Cut),
+    linking(row<&Note::isTied, &Note::setTied>(Id::Tied, "Tied", "", anyOf<bool>(), Split::Cut)),
+    linking(row<&Note::isTieOrigin, &Note::setTieOrigin>(Id::TieOrigin, "TieOrigin", "",
+                                                         anyOf<bool>(), Split::Cut)),
     excluding({Id::Bend, Id::Harmonic, Id::Trill, Id::LetRing},
               fretted(row<&Note::isDead, &Note::setDead>(Id::Dead, "Dead", "", anyOf<bool>(),
                                                          Split::All))),
@@ -89,8 +112,9 @@ constexpr std::array<Row, NoteAttributeCount> rows = {{
     excluding({Id::LetRing},
               fretted(row<&Note::isPalmMuted, &Note::setPalmMute>(
                   Id::PalmMute, "PalmMute", "palmMute", anyOf<bool>(), Split::All))),
-    fretted(
-        row<&Note::isHopo, &Note::setHopo>(Id::Hopo, "Hopo", "hopo", anyOf<bool>(), Split::Last)),
+    where(canHopo,
+          fretted(linking(row<&Note::isHopo, &Note::setHopo>(Id::Hopo, "Hopo", "hopo",
+                                                             anyOf<bool>(), Split::Last)))),
     excluding({Id::RightTap},
               excludingOnBeat({BeatAttribute::PickStroke},
                               fretted(row<&Note::isLeftHandTapped, &Note::setLeftHandTapped>(
@@ -100,8 +124,10 @@ constexpr std::array<Row, NoteAttributeCount> rows = {{
                   Id::RightTap, "RightTap", "rightTap", anyOf<bool>()))),
     row<&Note::slideIn, &Note::setSlideIn>(Id::SlideIn, "SlideIn", "slideIn",
                                            enumerators<slideInToString, 2>()),
-    row<&Note::slideOut, &Note::setSlideOut>(Id::SlideOut, "SlideOut", "slideOut",
-                                             enumerators<slideOutToString, 6>(), Split::Last),
+    where(canSlide,
+          linking(row<&Note::slideOut, &Note::setSlideOut>(Id::SlideOut, "SlideOut", "slideOut",
+                                                           enumerators<slideOutToString, 6>(),
+                                                           Split::Last))),
     fretted(row<&Note::vibrato, &Note::setVibrato>(Id::Vibrato, "Vibrato", "vibrato",
                                                    enumerators<vibratoToString, 2>(), Split::All)),
     where(

@@ -52,6 +52,9 @@ struct NoteAttributeRow : Attribute<Note, NoteAttribute> {
     /// The notes that take it; commands pass the others over.
     OnStaves staves = OnStaves::All;
 
+    /// Whether it joins the note to one of a neighbour, which agrees then.
+    bool isLink = false;
+
     /// What else a note must be like to take a value other than the default; null for nothing.
     bool (*accepts)(const Staff &staff, const Beat &beat, const Note &note,
                     const AttributeValue &value) = nullptr;

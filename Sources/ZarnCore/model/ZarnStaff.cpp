@@ -3,7 +3,7 @@
 
 #include <ZarnCore/model/ZarnTrack.h>
 #include <ZarnCore/model/ZarnTrackDefaults.h>
-#include <ZarnCore/model/notes/Ties.h>
+#include <ZarnCore/model/notes/Links.h>
 
 #include <algorithm>
 
@@ -93,8 +93,8 @@ void Staff::mendAround(unsigned index, unsigned count)
     mendSimilesAround(index);
     // At the ends of the staff nothing was parted: a tie out of the last bar waits for its end.
     if (index > 0 && index + count < barCount()) {
-        mendTiesOverBarLine(*this, index);
-        mendTiesOverBarLine(*this, index + count);
+        mendLinksOverBarLine(*this, index);
+        mendLinksOverBarLine(*this, index + count);
     }
 }
 
@@ -115,7 +115,8 @@ Staff::Bars Staff::takeBars(unsigned first, unsigned last, LinkMode mode)
     if (mode == LinkMode::Mend && !taken.empty()) {
         unmarkSimile(first);
         mendSimilesAround(first);
-        mendTiesOverBarLine(*this, first);
+        keepApartAtBarLine(*this, first, taken);
+        mendLinksOverBarLine(*this, first);
     }
     return taken;
 }

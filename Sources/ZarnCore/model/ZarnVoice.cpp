@@ -4,8 +4,8 @@
 #include <ZarnCore/model/ZarnBar.h>
 #include <ZarnCore/model/ZarnMasterBar.h>
 #include <ZarnCore/model/form/Swing.h>
+#include <ZarnCore/model/notes/Links.h>
 #include <ZarnCore/model/notes/NotePlacing.h>
-#include <ZarnCore/model/notes/Ties.h>
 
 #include <algorithm>
 
@@ -35,7 +35,7 @@ void Voice::insertBeat(unsigned index, const std::shared_ptr<Beat> &beat, LinkMo
     _beats.insert(at, beat, asParent());
     forgetOffsets();
     if (mode == LinkMode::Mend)
-        mendTies(*this, at, at + 1);
+        joinInserted(at, 1);
 }
 
 void Voice::insertBeats(unsigned index, Beats beats, LinkMode mode)
@@ -45,7 +45,13 @@ void Voice::insertBeats(unsigned index, Beats beats, LinkMode mode)
     _beats.insert(at, std::move(beats), asParent());
     forgetOffsets();
     if (mode == LinkMode::Mend && count != 0)
-        mendTies(*this, at, at + count);
+        joinInserted(at, count);
+}
+
+void Voice::joinInserted(unsigned index, unsigned count)
+{
+    carryOver(*this, index, index + count);
+    mendLinks(*this, index, index + count);
 }
 
 std::shared_ptr<Beat> Voice::removeBeat(unsigned index, LinkMode mode)
@@ -58,8 +64,10 @@ Voice::Beats Voice::takeBeats(unsigned first, unsigned last, LinkMode mode)
 {
     auto taken = _beats.take(first, last);
     forgetOffsets();
-    if (mode == LinkMode::Mend && !taken.empty())
-        mendTies(*this, first, first);
+    if (mode == LinkMode::Mend && !taken.empty()) {
+        keepApart(*this, first, taken);
+        mendLinks(*this, first, first);
+    }
     return taken;
 }
 

@@ -17,7 +17,7 @@ namespace zarn {
 class Bar;
 
 /// One line of beats in a bar. Its operations touch this voice alone (with `LinkMode::Mend` also
-/// the ties into it and out of it).
+/// what leads into it and out of it).
 ///
 /// Where the beats start is worked out when it is asked for first, and kept until a beat comes,
 /// goes or gets another length. Between changes any number of threads may ask at once.
@@ -131,6 +131,7 @@ private:
         _beats.link(self);
         forgetOffsets();
     }
+    void joinInserted(unsigned index, unsigned count);
     Offsets sumUp() const;
     const Offsets &offsets(Offsets &scratch) const;
     utils::rational offsetOf(const Beat &beat, const char *function) const;

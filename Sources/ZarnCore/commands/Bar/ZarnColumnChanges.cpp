@@ -34,7 +34,7 @@ void ColumnChanges::start(unsigned first, unsigned count)
     _count = count;
 }
 
-// Marks and ties are only ever taken away when columns go: what was not there needs no look.
+// Simile marks are only ever taken away when columns go: what was not there needs no look.
 void ColumnChanges::addSurroundings(const ScoreModel &model, const BarColumnSurroundings &before,
                                     Columns kept)
 {
@@ -50,13 +50,7 @@ void ColumnChanges::addSurroundings(const ScoreModel &model, const BarColumnSurr
             && barNow(place.track, place.staff, place.bar).simileMark() != place.mark)
             _touched.addSimile(place.track, place.staff, numberOut(place.bar));
     }
-    for (const TiePlace &place : before.ties) {
-        if (!place.isTied && !place.isTieOrigin)
-            continue;
-        const Bar &bar = barNow(place.track, place.staff, place.bar);
-        const Note &note = *bar.voices()[place.voice]->beats()[place.beat]->notes()[place.note];
-        if (note.isTied() == place.isTied && note.isTieOrigin() == place.isTieOrigin)
-            continue;
+    for (const KeptBeats::Place &place : before.links.changed()) {
         const unsigned number = numberOut(place.bar);
         _touched.add(place.track, place.staff, number, number);
     }

@@ -13,9 +13,9 @@ namespace zarn {
 class ScoreBase;
 class ScoreModel;
 
-/// What changes beside bar columns that go in or out: the ties and simile marks of the bars next to
-/// them, the directions and automations at them, the tempo of the start. Collected when the columns
-/// go one way, announced both ways.
+/// What changes beside bar columns that go in or out: the links and simile marks of the bars next
+/// to them, the directions and automations at them, the tempo of the start. Collected when the
+/// columns go one way, announced both ways.
 class ZARNCORE_EXPORT ColumnChanges {
 public:
     /// Whether the columns are in the model.

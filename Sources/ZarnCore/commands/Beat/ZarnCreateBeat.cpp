@@ -48,19 +48,19 @@ void CreateBeat::putIn()
         _voice.reset();
     }
     Voice &voice = *voiceOf(model(), _place);
-    _ties.emplace(voice, _place.firstBeat, _place.firstBeat);
+    _links.emplace(voice, _place.firstBeat, _place.firstBeat);
     voice.insertBeat(_place.firstBeat, _beat, LinkMode::Mend);
     _beat.reset();
     _touched.clear();
     _touched.add(_place.track, _place.staff, _place.bar, _place.bar);
-    _ties->addChanged(voice, _place.firstBeat + 1, _place, _touched);
+    _links->settle(_place, _touched);
 }
 
 void CreateBeat::takeOut()
 {
     Voice &voice = *voiceOf(model(), _place);
     _beat = voice.removeBeat(_place.firstBeat);
-    _ties->putBack(voice);
+    _links->putBack(voice);
     if (_needsVoice) {
         _voice = barOf(model(), _place)->voice(_place.voice);
         barOf(model(), _place)->setVoice(_place.voice, nullptr);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ZarnCore/commands/Beat/ZarnKeptTies.h>
+#include <ZarnCore/commands/Beat/ZarnKeptLinks.h>
 #include <ZarnCore/commands/ZarnPlacingCommand.h>
 #include <ZarnCore/commands/ZarnTouchedBars.h>
 #include <ZarnCore/model/places/ZarnBeatSpan.h>
@@ -16,8 +16,9 @@ class ScoreModelIndex;
 
 namespace zarn::cmd {
 
-/// Inserts a rest into a voice, which is made when the bar has none. Ties that it parts are undone.
-/// Sends `ModifyBarRange` for the bar, and for a neighbour that a tie led to.
+/// Inserts a rest into a voice, which is made when the bar has none. Ties, hammer-ons and slides
+/// that it parts are undone; slurs and hairpins go on over it. Sends `ModifyBarRange` for the bar,
+/// and for a neighbour that a tie or the like led to.
 class ZARNCORE_EXPORT CreateBeat final : public PlacingCommand {
 public:
     CreateBeat();
@@ -38,7 +39,7 @@ private:
     std::shared_ptr<Beat> _beat;   ///< while it is out of the voice
     std::shared_ptr<Voice> _voice; ///< for a bar that needs it, while it is out of the bar
     bool _needsVoice = false;
-    std::optional<KeptTies> _ties;
+    std::optional<KeptLinks> _links;
     TouchedBars _touched;
 };
 

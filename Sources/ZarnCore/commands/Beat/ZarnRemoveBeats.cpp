@@ -30,9 +30,9 @@ void RemoveBeats::takeOut()
     removed.reserve(spans.size());
     for (const BeatSpan &span : spans) {
         Voice &voice = *voiceOf(model(), span);
-        removed.push_back({span, {}, KeptTies(voice, span.firstBeat, span.lastBeat + 1)});
+        removed.push_back({span, {}, KeptLinks(voice, span.firstBeat, span.lastBeat + 1)});
         removed.back().beats = voice.takeBeats(span.firstBeat, span.lastBeat, LinkMode::Mend);
-        removed.back().ties.addChanged(voice, span.firstBeat, span, _touched);
+        removed.back().links.settle(span, _touched);
     }
     _removed = std::move(removed);
 }
@@ -43,7 +43,7 @@ void RemoveBeats::putIn()
     for (auto removed = _removed.rbegin(); removed != _removed.rend(); ++removed) {
         Voice &voice = *voiceOf(model(), removed->span);
         voice.insertBeats(removed->span.firstBeat, std::move(removed->beats));
-        removed->ties.putBack(voice);
+        removed->links.putBack(voice);
     }
     _removed.clear();
 }

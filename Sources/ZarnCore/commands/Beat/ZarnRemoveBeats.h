@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ZarnCore/commands/Beat/ZarnKeptTies.h>
+#include <ZarnCore/commands/Beat/ZarnKeptLinks.h>
 #include <ZarnCore/commands/ZarnPlacingCommand.h>
 #include <ZarnCore/commands/ZarnTouchedBars.h>
 #include <ZarnCore/model/places/ZarnBeatSpan.h>
@@ -13,9 +13,9 @@
 namespace zarn::cmd {
 
 /// Removes beats, and keeps them for undo. The beats behind them move up; nothing fills the bar,
-/// and a voice may be left without beats. Ties that led to them are undone. Sends `ModifyBarRange`,
-/// or `ModifyBarRangeAllTracks` for a range over all tracks; `ModifyBarRange` for a neighbour that
-/// a tie led to as well.
+/// and a voice may be left without beats. Ties, hammer-ons and slides that led to them are undone;
+/// slurs and hairpins go on over the gap. Sends `ModifyBarRange`, or `ModifyBarRangeAllTracks` for
+/// a range over all tracks; `ModifyBarRange` for a neighbour that a tie or the like led to as well.
 class ZARNCORE_EXPORT RemoveBeats final : public PlacingCommand {
 public:
     RemoveBeats();
@@ -29,7 +29,7 @@ private:
     struct Removed {
         BeatSpan span;
         std::vector<std::shared_ptr<Beat>> beats; ///< while they are out of the voice
-        KeptTies ties;
+        KeptLinks links;
     };
 
     void putIn() override;

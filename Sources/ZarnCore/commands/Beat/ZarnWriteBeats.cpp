@@ -4,6 +4,7 @@
 #include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/commands/Beat/ZarnSetBeatRhythm.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/notes/Links.h>
 #include <ZarnCore/model/notes/Ties.h>
 #include <ZarnCore/score/ZarnScoreBase.h>
 
@@ -21,13 +22,6 @@ bool isWritable(const std::vector<std::shared_ptr<Beat>> &beats)
                return beat != nullptr && beat->parentVoice() == nullptr
                    && SetBeatRhythm::isWritable(beat->rhythmValue());
            });
-}
-
-bool hasTies(const std::shared_ptr<Beat> &beat)
-{
-    return beat != nullptr
-        && std::any_of(beat->notes().begin(), beat->notes().end(),
-                       [](const auto &note) { return note->isTied() || note->isTieOrigin(); });
 }
 
 } // namespace
@@ -87,28 +81,16 @@ Voice &WriteBeats::voiceAt(Place &place) const
     return *voiceOf(model(), place.span);
 }
 
-/// The bar of a stretch, and the neighbours from which a tie leads to its edges.
-void WriteBeats::touch(const Place &place, const Voice &voice, unsigned end)
-{
-    const BeatSpan &span = place.span;
-    const auto add = [&](unsigned bar) { _touched.add(span.track, span.staff, bar, bar); };
-    add(span.bar);
-    if (span.firstBeat == 0 && hasTies(beatInFrontOfJoint(voice, 0)))
-        add(span.bar - 1);
-    if (end == voice.beatCount() && hasTies(beatBehindJoint(voice, end)))
-        add(span.bar + 1);
-}
-
 void WriteBeats::apply()
 {
     requirePlace(arePossible());
-    _ties.clear();
+    _links.clear();
     _touched.clear();
     for (Place &place : _places) {
         const Voice &voice = voiceAt(place);
-        const unsigned end = place.span.firstBeat + place.replacedCount;
-        _ties.emplace_back(voice, place.span.firstBeat, end);
-        touch(place, voice, end);
+        const unsigned first = place.span.firstBeat;
+        _links.emplace_back(voice, first, first + place.replacedCount);
+        _touched.add(place.span.track, place.span.staff, place.span.bar, place.span.bar);
     }
     for (Place &place : _places) {
         Voice &voice = *voiceOf(model(), place.span);
@@ -121,6 +103,14 @@ void WriteBeats::apply()
     // Only now: mending a neighbouring bar would undo ties of what was written already.
     for (Place &place : _places)
         voiceOf(model(), place.span)->insertBeats(place.span.firstBeat, std::move(place.written));
+    for (const Place &place : _places) {
+        Voice &voice = *voiceOf(model(), place.span);
+        const unsigned first = place.span.firstBeat;
+        carryOver(voice, first, first + place.writtenCount);
+        mendThroughout(voice, first, first + place.writtenCount);
+    }
+    for (std::size_t i = 0; i < _places.size(); ++i)
+        _links[i].settle(_places[i].span, _touched);
 }
 
 void WriteBeats::revert()
@@ -133,7 +123,7 @@ void WriteBeats::revert()
             voice.insertBeats(first, std::move(place->replaced));
     }
     for (std::size_t i = _places.size(); i-- > 0;)
-        _ties[i].putBack(*voiceOf(model(), _places[i].span));
+        _links[i].putBack(*voiceOf(model(), _places[i].span));
     for (Place &place : _places) {
         if (!place.needsVoice)
             continue;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ZarnCore/commands/Beat/ZarnKeptTies.h>
+#include <ZarnCore/commands/Beat/ZarnKeptLinks.h>
 #include <ZarnCore/commands/ZarnScoreCommand.h>
 #include <ZarnCore/commands/ZarnTouchedBars.h>
 #include <ZarnCore/model/places/ZarnBeatSpan.h>
@@ -24,8 +24,9 @@ namespace cmd {
 
 /// Writes music into a staff, over what is there or between it, in any number of bars and voices at
 /// once. Voices that are missing are made. Ties between what is replaced or parted and its
-/// surroundings are undone; the new beats keep their own, over bar lines too. Sends
-/// `ModifyBarRange` for the bars, and for those around them where ties end.
+/// surroundings are undone, and so are hammer-ons and slides; the new beats keep their own, over
+/// bar lines too. Slurs and hairpins go on over new beats that have none. Sends `ModifyBarRange`
+/// for the bars, and for those around them where ties and the like end.
 class ZARNCORE_EXPORT WriteBeats final : public ScoreCommand {
 public:
     WriteBeats();
@@ -54,10 +55,9 @@ private:
     bool isPossible(const Place &place) const;
     bool arePossible() const;
     Voice &voiceAt(Place &place) const;
-    void touch(const Place &place, const Voice &voice, unsigned end);
 
     std::vector<Place> _places;
-    std::vector<KeptTies> _ties;
+    std::vector<KeptLinks> _links;
     TouchedBars _touched;
 };
 

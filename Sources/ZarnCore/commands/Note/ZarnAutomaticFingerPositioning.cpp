@@ -4,6 +4,7 @@
 #include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/commands/ZarnRangeNodes.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/notes/Links.h>
 #include <ZarnCore/score/ZarnScoreBase.h>
 
 #include <algorithm>
@@ -102,11 +103,42 @@ void AutomaticFingerPositioning::apply()
         finger(std::vector<BeatSpan>(first, next));
         first = next;
     }
+    moveNotes();
+}
+
+void AutomaticFingerPositioning::moveNotes()
+{
+    const auto forEachStaff = [this](auto act) {
+        for (auto first = _moves.begin(); first != _moves.end();) {
+            unsigned firstBar = first->place.bar;
+            unsigned lastBar = firstBar;
+            auto next = first;
+            for (;
+                 next != _moves.end() && next->track == first->track && next->staff == first->staff;
+                 ++next) {
+                firstBar = std::min(firstBar, next->place.bar);
+                lastBar = std::max(lastBar, next->place.bar);
+            }
+            const BeatSpan span = {first->track, first->staff};
+            act(staffOf(model(), span), firstBar, lastBar, first->track);
+            first = next;
+        }
+    };
+    _links = {};
+    forEachStaff([this](const Staff &staff, unsigned first, unsigned last, unsigned track) {
+        keepStringLinks(staff, first, last, track, _links);
+    });
     for (const Move &move : _moves) {
         Note &note = noteAt(move);
         note.setString(move.string);
         note.setFret(move.fret);
     }
+    forEachStaff([](const Staff &staff, unsigned first, unsigned last, unsigned) {
+        mendStringLinks(staff, first, last);
+    });
+    _links.settle();
+    for (const KeptBeats::Place &changed : _links.changed())
+        _touched.add(changed.track, changed.staff, changed.bar, changed.bar);
 }
 
 /// Works out where the notes of one staff go; changes nothing.
@@ -165,6 +197,10 @@ void AutomaticFingerPositioning::revert()
         note.setString(move.stringBefore);
         note.setFret(move.fretBefore);
     }
+    _links.putBack([this](const KeptBeats::Place &at) {
+        const auto &bar = model().tracks()[at.track]->staves()[at.staff]->bars()[at.bar];
+        return bar->voices()[at.voice]->beats()[at.beat].get();
+    });
 }
 
 void AutomaticFingerPositioning::announceApplied()

@@ -5,6 +5,7 @@
 #include <ZarnCore/commands/ZarnTouchedBars.h>
 #include <ZarnCore/fingering/ZarnFingeringReport.h>
 #include <ZarnCore/fingering/ZarnPassageReader.h>
+#include <ZarnCore/model/notes/ZarnKeptBeats.h>
 #include <ZarnCore/model/places/ZarnBeatSpan.h>
 #include <ZarnCore/model/places/ZarnScoreModelRange.h>
 
@@ -23,7 +24,8 @@ namespace zarn::cmd {
 /// Finds strings and frets for the notes of a range as a player would, staff by staff; see
 /// `fingering::FingeringSolver`. Pitches stay, and so do notes around the range, which the hand
 /// comes from and goes to. A note that no string can take loses string and fret, and is reported;
-/// the rest is fingered all the same. Staves without strings are passed over.
+/// the rest is fingered all the same. Hammer-ons, pull-offs and slides that lead to no other fret
+/// any more go. Staves without strings are passed over.
 ///
 /// Sends `ModifyBarRange` for the bars whose notes moved.
 class ZARNCORE_EXPORT AutomaticFingerPositioning final : public ScoreCommand {
@@ -53,6 +55,7 @@ private:
     std::vector<BeatSpan> findSpans() const;
     Note &noteAt(const Move &move) const;
     void finger(const std::vector<BeatSpan> &spans);
+    void moveNotes();
     void addMoves(const BeatSpan &staff, const fingering::ReadPassage &read,
                   const fingering::FingeringSolution &fingering);
     void addProblems(const BeatSpan &staff, const fingering::ReadPassage &read,
@@ -67,6 +70,7 @@ private:
     fingering::FingeringOptions _options;
     std::shared_ptr<fingering::FingeringReport> _report;
     std::vector<Move> _moves;
+    KeptBeats _links;
     TouchedBars _touched;
 };
 

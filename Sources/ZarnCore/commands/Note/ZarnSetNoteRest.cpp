@@ -4,7 +4,7 @@
 #include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/commands/ZarnRangeNodes.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
-#include <ZarnCore/model/notes/Ties.h>
+#include <ZarnCore/model/notes/Links.h>
 #include <ZarnCore/score/ZarnScoreBase.h>
 
 namespace zarn::cmd {
@@ -31,17 +31,18 @@ void SetNoteRest::apply()
     stretches.reserve(spans.size());
     for (const BeatSpan &span : spans) {
         Voice &voice = *voiceOf(model(), span);
-        stretches.push_back({span, {}, KeptTies(voice, span.firstBeat, span.lastBeat + 1)});
+        stretches.push_back({span, {}, KeptLinks(voice, span.firstBeat, span.lastBeat + 1)});
         for (unsigned i = span.firstBeat; i <= span.lastBeat; ++i) {
             Beat &beat = *voice.beats()[i];
             const bool isWholeBarRest = beat.isWholeBarRest();
-            const bool isPlaceHolder = beat.isPlaceHolder();
-            stretches.back().beats.push_back({beat.takeNotes(), isPlaceHolder, isWholeBarRest});
+            const BeatMarks marks = beat.marks();
+            stretches.back().beats.push_back({beat.takeNotes(), marks});
             beat.setPlaceHolder(false);
             beat.setWholeBarRest(isWholeBarRest);
         }
-        mendTies(voice, span.firstBeat, span.lastBeat + 1);
-        stretches.back().ties.addChanged(voice, span.lastBeat + 1, span, _touched);
+        mendLinks(voice, span.firstBeat, span.lastBeat + 1);
+        mendThroughout(voice, span.firstBeat, span.lastBeat + 1);
+        stretches.back().links.settle(span, _touched);
     }
     _stretches = std::move(stretches);
 }
@@ -56,10 +57,9 @@ void SetNoteRest::revert()
             Beat &beat = *voice.beats()[index++];
             for (const auto &note : emptied.notes)
                 beat.addNote(note);
-            beat.setPlaceHolder(emptied.isPlaceHolder);
-            beat.setWholeBarRest(emptied.isWholeBarRest);
+            beat.setMarks(emptied.marks);
         }
-        stretch->ties.putBack(voice);
+        stretch->links.putBack(voice);
     }
     _stretches.clear();
 }

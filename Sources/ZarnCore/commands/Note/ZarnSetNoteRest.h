@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ZarnCore/commands/Beat/ZarnKeptTies.h>
+#include <ZarnCore/commands/Beat/ZarnKeptLinks.h>
 #include <ZarnCore/commands/ZarnScoreCommand.h>
 #include <ZarnCore/commands/ZarnTouchedBars.h>
 #include <ZarnCore/model/places/ZarnBeatSpan.h>
@@ -27,13 +27,12 @@ public:
 private:
     struct Emptied {
         std::vector<std::shared_ptr<Note>> notes; ///< while they are out of the beat
-        bool isPlaceHolder;
-        bool isWholeBarRest;
+        BeatMarks marks;
     };
     struct Stretch {
         BeatSpan span;
         std::vector<Emptied> beats;
-        KeptTies ties;
+        KeptLinks links;
     };
 
     void apply() override;

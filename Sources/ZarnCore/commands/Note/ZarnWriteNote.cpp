@@ -3,6 +3,7 @@
 
 #include <ZarnCore/commands/ZarnRangeNodes.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/notes/StringLinks.h>
 #include <ZarnCore/model/notes/Ties.h>
 #include <ZarnCore/score/ZarnScoreBase.h>
 
@@ -31,7 +32,7 @@ std::shared_ptr<Note> WriteNote::makeNote(const Placement &placement)
     auto note = old != nullptr ? std::make_shared<Note>(*old) : std::make_shared<Note>();
     if (note->midi() != placement.midi) {
         note->clearSpelling();
-        note->setTied(false);
+        strikeAnew(*note);
         note->setTieOrigin(false);
     }
     note->setMidi(placement.midi);
@@ -47,7 +48,7 @@ void WriteNote::apply()
     const auto voice = _index.voice();
     const auto beat = _index.beat();
     const Note *const old = place->replaced.get();
-    _ties.emplace(*voice, beat->index(), beat->index() + 1);
+    _links.emplace(*voice, beat->index(), beat->index() + 1);
     _before = {beat->isPlaceHolder(), beat->isWholeBarRest()};
     _noteIndex =
         old != nullptr ? static_cast<unsigned>(beat->indexOfNote(*old)) : beat->noteCount();
@@ -61,11 +62,12 @@ void WriteNote::apply()
     // The same note again after an undo.
     beat->insertNote(_noteIndex, _written != nullptr ? _written : makeNote(*place));
     _written.reset();
+    mendStringLinks(*voice, beat->index(), beat->index() + 1);
     const BeatSpan bar{static_cast<unsigned>(_index.trackIndex()), _index.staffIndex(),
                        static_cast<unsigned>(_index.barIndex())};
     _touched.clear();
     _touched.add(bar.track, bar.staff, bar.bar, bar.bar);
-    _ties->addChanged(*voice, beat->index() + 1, bar, _touched);
+    _links->settle(bar, _touched);
 }
 
 void WriteNote::revert()
@@ -77,7 +79,7 @@ void WriteNote::revert()
     _replaced.reset();
     beat->setPlaceHolder(_before.isPlaceHolder);
     beat->setWholeBarRest(_before.isWholeBarRest);
-    _ties->putBack(*_index.voice());
+    _links->putBack(*_index.voice());
 }
 
 void WriteNote::announceApplied()

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ZarnCore/commands/Beat/ZarnKeptTies.h>
+#include <ZarnCore/commands/Beat/ZarnKeptLinks.h>
 #include <ZarnCore/commands/ZarnScoreCommand.h>
 #include <ZarnCore/commands/ZarnTouchedBars.h>
 #include <ZarnCore/model/places/ZarnBeatSpan.h>
@@ -58,7 +58,7 @@ private:
     std::shared_ptr<Note> _replaced; ///< while it is out of the beat
     unsigned _noteIndex = 0;
     BeatState _before;
-    std::optional<KeptTies> _ties;
+    std::optional<KeptLinks> _links;
     TouchedBars _touched;
 };
 

@@ -4,6 +4,7 @@
 #include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/events/ZarnTrackEvents.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/notes/Links.h>
 #include <ZarnCore/model/notes/ZarnFretting.h>
 #include <ZarnCore/score/ZarnScoreBase.h>
 
@@ -126,7 +127,14 @@ void SetGuitarFullTuning::apply()
         setting.partialCapoStrings = _before.partialCapoStrings;
     }
     write(staff, setting);
+    _links = {};
+    const unsigned end = staff.barCount();
+    keepStringLinks(staff, 0, end, _track, _links);
     refinger(staff, pitches);
+    mendStringLinks(staff, 0, end);
+    _links.settle();
+    for (const KeptBeats::Place &changed : _links.changed())
+        _touched.add(_track, _staff, changed.bar, changed.bar);
 }
 
 /// Adapts the notes; keeps those that change as they were.
@@ -191,6 +199,9 @@ void SetGuitarFullTuning::revert()
         if (next->spelling.has_value())
             note.setSpelling(*next->spelling);
         ++next;
+    });
+    _links.putBack([&](const KeptBeats::Place &at) {
+        return staff.bars()[at.bar]->voices()[at.voice]->beats()[at.beat].get();
     });
 }
 

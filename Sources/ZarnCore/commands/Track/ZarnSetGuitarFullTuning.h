@@ -5,6 +5,7 @@
 #include <ZarnCore/commands/ZarnTouchedBars.h>
 #include <ZarnCore/instruments/tunings/ZarnGuitarTuning.h>
 #include <ZarnCore/model/ZarnNote.h>
+#include <ZarnCore/model/notes/ZarnKeptBeats.h>
 #include <ZarnCore/model/notes/ZarnRetuning.h>
 
 #include <optional>
@@ -22,7 +23,8 @@ namespace zarn::cmd {
 ///
 /// A note that cannot stay where it was (its string or its fret is gone) moves to the free string
 /// of its beat that plays its pitch at the lowest fret, or loses string and fret when there is
-/// none. Sends `GuitarFullTuningChanged`, then `ModifyBarRange` for the bars whose notes changed.
+/// none. Hammer-ons, pull-offs and slides go that lead to no other fret any more. Sends
+/// `GuitarFullTuningChanged`, then `ModifyBarRange` for the bars whose notes changed.
 class ZARNCORE_EXPORT SetGuitarFullTuning final : public ScoreCommand {
 public:
     static constexpr unsigned MostStrings = 12;
@@ -70,6 +72,7 @@ private:
     Retuning _retuning = Retuning::KeepFrets;
     Setting _before;
     std::vector<NoteBefore> _notesBefore;
+    KeptBeats _links;
     TouchedBars _touched;
 };
 

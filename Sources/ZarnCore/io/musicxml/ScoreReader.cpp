@@ -20,12 +20,22 @@
 #include <ZarnCore/io/musicxml/XmlDocument.h>
 #include <ZarnCore/io/musicxml/signs/PartSigns.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/notes/LinkFaults.h>
 
 #include <algorithm>
 
 namespace zarn::io {
 
 namespace {
+
+/// Takes away what leads to nothing, and says so.
+void mendLinks(const Track &track, ImportContext &context)
+{
+    for (const auto &staff : track.staves())
+        for (const BrokenLink &link : takeBrokenLinksOff(*staff))
+            context.addProblemInBar(static_cast<int>(link.bar), {},
+                                    textOf(link.kind) + std::string(" was left out"));
+}
 
 /// Reads one document: the parts one after another, then what they share.
 class ScoreReader {
@@ -102,6 +112,7 @@ std::shared_ptr<ScoreModel> ScoreReader::read(ImportReport &report)
         const auto type = guesser.guess(listed, _facts[part], _tally.parts[part].notes);
         _model->addTrack(makeTrack(type, listed, _facts[part], std::move(_bars[part]), _context));
         parts.push_back(listed.id);
+        mendLinks(*_model->tracks().back(), _context);
     }
     _model->setTrackGroups(_list.groups(parts));
     _context.finish();

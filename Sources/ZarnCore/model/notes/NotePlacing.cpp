@@ -2,7 +2,7 @@
 #include <ZarnCore/model/notes/NotePlacing.h>
 
 #include <ZarnCore/model/SplitAttributes.h>
-#include <ZarnCore/model/notes/Ties.h>
+#include <ZarnCore/model/notes/Links.h>
 
 #include <algorithm>
 
@@ -149,7 +149,8 @@ Voice::Beats placeNotes(Voice &voice, const Voice::Notes &notes, const rational 
             if (i + 1 < beats.size())
                 note->setTieOrigin(true);
         }
-    mendTies(voice, beats.front()->index(), beats.back()->index() + 1);
+    mendLinks(voice, beats.front()->index(), beats.back()->index() + 1);
+    mendThroughout(voice, 0, voice.beatCount());
     return beats;
 }
 

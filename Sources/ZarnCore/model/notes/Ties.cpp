@@ -4,6 +4,7 @@
 #include <ZarnCore/model/ZarnStaff.h>
 #include <ZarnCore/model/ZarnTrack.h>
 #include <ZarnCore/model/ZarnVoice.h>
+#include <ZarnCore/model/notes/StringLinks.h>
 
 namespace zarn {
 
@@ -33,13 +34,8 @@ bool hasPartner(const Note &note, const Beat *beat, Linked linked)
 /// Beat at the end or at the start of the same voice in a neighbouring bar.
 std::shared_ptr<Beat> neighbourBeat(const Voice &voice, int step)
 {
-    const auto bar = voice.parentBar();
-    const auto staff = bar ? bar->parentStaff() : nullptr;
-    if (!staff || (step < 0 && bar->index() == 0))
-        return {};
-    const auto next = staff->bar(step < 0 ? bar->index() - 1 : bar->index() + 1);
-    const auto other = next ? next->voice(voice.index()) : nullptr;
-    if (!other || other->isEmpty())
+    const Voice *const other = voiceBeside(voice, step);
+    if (!other)
         return {};
     return step < 0 ? other->beats().back() : other->beats().front();
 }
@@ -49,7 +45,7 @@ void mendBetween(const Beat *before, const Beat *after)
     if (after)
         for (const auto &note : after->notes())
             if (note->isTied() && !hasPartner(*note, before, &Note::isTieOrigin))
-                note->setTied(false);
+                strikeAnew(*note);
     if (before)
         for (const auto &note : before->notes())
             if (note->isTieOrigin() && !hasPartner(*note, after, &Note::isTied))
@@ -110,6 +106,19 @@ void addLooseTies(const Track &track, const Staff &staff, const Voice &voice, un
 
 } // namespace
 
+void strikeAnew(Note &note)
+{
+    note.setTied(false);
+    if (!note.hasDetails())
+        return;
+    Bend bend = note.bend();
+    if (bend.type == BendType::HoldBend)
+        bend.type = BendType::PreBend;
+    else if (bend.type == BendType::Release)
+        bend.type = BendType::PreBendNRelease;
+    note.setBend(bend);
+}
+
 std::shared_ptr<Beat> beatInFrontOfJoint(const Voice &voice, unsigned index)
 {
     return index != 0 ? voice.beat(index - 1) : neighbourBeat(voice, -1);
@@ -149,7 +158,7 @@ void releaseTies(const Voice &voice, unsigned beat, const Note &note)
     if (const auto after = note.isTieOrigin() ? beatBehindJoint(voice, beat + 1) : nullptr)
         for (const auto &other : after->notes())
             if (sameLocation(note, *other))
-                other->setTied(false);
+                strikeAnew(*other);
 }
 
 std::vector<LooseTie> looseTies(const Track &track)

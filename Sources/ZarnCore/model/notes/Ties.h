@@ -29,6 +29,10 @@ void mendTies(Voice &voice, unsigned first, unsigned last);
 /// The same for the bar line in front of a bar, in all voices; at the ends of the staff too.
 void mendTiesOverBarLine(const Staff &staff, unsigned bar);
 
+/// Lets a note be struck that was held from the one before; a bend that went on from there begins
+/// bent.
+void strikeAnew(Note &note);
+
 /// Undoes the ties of a note that leaves its beat: the note before lets go, the note after starts
 /// anew. `beat` is the number of the beat in its voice.
 void releaseTies(const Voice &voice, unsigned beat, const Note &note);

@@ -37,12 +37,24 @@ public:
     /// Keeps the details that changed since the last call, and no others.
     void settle()
     {
+        settle([](std::size_t) {});
+    }
+
+    /// The same; calls `visitChanged` with the number of each node that changed since then.
+    template <class Visit>
+    void settle(Visit visitChanged)
+    {
         for (Pending &pending : _pending) {
-            if (!pending.details && !pending.node->hasDetails())
-                continue;
-            Details details = pending.details ? *std::move(pending.details) : Details();
-            if (details != pending.node->details())
-                _details.emplace_back(pending.number, std::move(details));
+            bool isChanged = pending.node->marks() != _marks[pending.number];
+            if (pending.details || pending.node->hasDetails()) {
+                Details details = pending.details ? *std::move(pending.details) : Details();
+                if (details != pending.node->details()) {
+                    isChanged = true;
+                    _details.emplace_back(pending.number, std::move(details));
+                }
+            }
+            if (isChanged)
+                visitChanged(pending.number);
         }
         _pending.clear();
     }
@@ -58,6 +70,15 @@ public:
             const auto &details = _kept._details;
             if (_detailsNumber < details.size() && details[_detailsNumber].first == _number)
                 node.setDetails(details[_detailsNumber++].second);
+            ++_number;
+        }
+
+        /// Leaves one out.
+        void pass()
+        {
+            const auto &details = _kept._details;
+            if (_detailsNumber < details.size() && details[_detailsNumber].first == _number)
+                ++_detailsNumber;
             ++_number;
         }
 
