@@ -66,6 +66,8 @@ struct RichScore : SmallScore {
         model.track(0)->staff(0)->setPartialCapoFret(3);
         model.track(0)->staff(0)->setPartialCapoStringFlags(
             {true, false, false, true, false, false});
+        model.track(0)->staff(0)->setChordWorkingSet({"Fmaj7"});
+        model.track(0)->staff(0)->setDiagramWorkingSet({{"F", 1, {1, 3, 3, 2, 1, 1}, {}}});
         model.masterTrack()->masterBars()[4]->setMovementStart(true);
         model.masterTrack()->masterBars()[5]->setBeamGroups(BeamGroups({1, 3}));
         beat(0, 1).setDynamic(NoteDynamic::Value::P);

@@ -493,6 +493,27 @@ void EventMirror::hear(const evt::GuitarFullTuningChanged &event)
     copy.setFretCount(staff.fretCount());
 }
 
+// What is written in all bars goes along.
+void EventMirror::hear(const evt::TranspositionOffsetChanged &event)
+{
+    head(event.trackIndex())
+        .setTranspositionOffset(track(event.trackIndex()).transpositionOffset());
+    const int last = static_cast<int>(_known.masterBars.size()) - 1;
+    for (unsigned i = 0; last >= 0 && i < track(event.trackIndex()).staffCount(); ++i)
+        readBars(event.trackIndex(), static_cast<int>(i), 0, last, readContent);
+}
+
+void EventMirror::hear(const evt::ChordsChanged &event)
+{
+    const auto number = static_cast<std::size_t>(event.staffIndex());
+    Staff &copy = *head(event.trackIndex()).staves().at(number);
+    const Staff &staff = *track(event.trackIndex()).staves().at(number);
+    copy.setChordCollection(staff.chordCollection());
+    copy.setChordWorkingSet(staff.chordWorkingSet());
+    copy.setDiagramCollection(staff.diagramCollection());
+    copy.setDiagramWorkingSet(staff.diagramWorkingSet());
+}
+
 void EventMirror::insertSound(int track, int index)
 {
     const auto number = static_cast<unsigned>(index);

@@ -89,6 +89,8 @@ private:
     void hear(const zarn::evt::TrackShortNameChanged &);
     void hear(const zarn::evt::TrackIconChanged &);
     void hear(const zarn::evt::GuitarFullTuningChanged &);
+    void hear(const zarn::evt::TranspositionOffsetChanged &);
+    void hear(const zarn::evt::ChordsChanged &);
     void hear(const zarn::evt::RequestAddSound &);
     void hear(const zarn::evt::RequestInsertSound &);
     void hear(const zarn::evt::RequestRemoveSound &);

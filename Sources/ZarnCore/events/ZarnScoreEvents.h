@@ -86,7 +86,7 @@ class AnacrusisChanged final : public ChangeEvent<AnacrusisChanged, bool> {
     using ChangeEvent::ChangeEvent;
 };
 
-/// The chords or chord diagrams of a staff changed. Nothing sends it yet.
+/// The chords or chord diagrams that a staff has at hand changed.
 class ChordsChanged final : public StaffEvent<ChordsChanged> {
     using StaffEvent::StaffEvent;
 };

@@ -110,7 +110,7 @@ class UseOneChannelOrkaPerStringChanged final
     using TrackToggleEvent::TrackToggleEvent;
 };
 
-/// The transposition of a track changed. Nothing sends it yet.
+/// The transposition of a track changed, and with it what is written in all of its bars.
 class TranspositionOffsetChanged final : public TrackEvent<TranspositionOffsetChanged> {
     using TrackEvent::TrackEvent;
 };

@@ -29,7 +29,7 @@ std::vector<CommandRow> trackRows()
          [](SmallScore &s) {
              return s.score.setGuitarFullTuning(0, 0, {40, 45, 50, 55}, 0, Retuning::KeepPitches);
          },
-         "GuitarFullTuningChanged(0,0) ModifyBarRange(0,0,0,4) ", nullptr},
+         "GuitarFullTuningChanged(0,0) ModifyBarRange(0,0,0,4) ChordsChanged(0,0) ", nullptr},
         {"AddTrackSound",
          [](SmallScore &s) { return s.score.addTrackSound(0, Sound("Nylon", MIDISound())); },
          "RequestAddSound(0,0) ", "RequestRemoveSound(0,0) "},

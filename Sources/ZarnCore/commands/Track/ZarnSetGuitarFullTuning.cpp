@@ -2,11 +2,12 @@
 #include <ZarnCore/commands/Track/ZarnSetGuitarFullTuning.h>
 
 #include <ZarnCore/ZarnAssert.h>
+#include <ZarnCore/events/ZarnScoreEvents.h>
 #include <ZarnCore/events/ZarnTrackEvents.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
-#include <ZarnCore/model/notes/Links.h>
-#include <ZarnCore/model/notes/ZarnFretting.h>
 #include <ZarnCore/score/ZarnScoreBase.h>
+
+#include <utility>
 
 namespace zarn::cmd {
 
@@ -14,52 +15,27 @@ namespace {
 
 constexpr int highestKey = 127;
 
-/// Calls `visit` with each note of a staff, its beat and its bar, in the order of the tree.
-template <class Visit>
-void forEachNote(const Staff &staff, Visit visit)
+bool isOnStaff(const ChordDiagram &diagram, const Staff &staff)
 {
-    for (const auto &bar : staff.bars()) {
-        for (const auto &voice : bar->voices()) {
-            if (voice == nullptr)
-                continue;
-            for (const auto &beat : voice->beats()) {
-                for (const auto &note : beat->notes())
-                    visit(*bar, *beat, *note);
-            }
-        }
-    }
+    return diagram.frets.size() == staff.tuning().stringCount();
 }
 
-void place(Note &note, int midi, int string, int fret)
+/// The diagrams that fit the strings of a staff.
+std::vector<ChordDiagram> fitting(const std::vector<ChordDiagram> &diagrams, const Staff &staff)
 {
-    if (note.midi() != midi)
-        note.clearSpelling();
-    note.setMidi(midi);
-    note.setString(string);
-    note.setFret(fret);
-}
-
-/// Puts a note on the free string that plays a pitch at the lowest fret, or on none.
-void placeFreely(const Staff &staff, const Beat &beat, Note &note, int pitch)
-{
-    int bestString = Note::Unset;
-    int bestFret = Note::Unset;
-    for (int string = 0; string < static_cast<int>(staff.tuning().stringCount()); ++string) {
-        const auto other = beat.noteOnString(string);
-        const int fret = fretOfPitch(staff, string, pitch);
-        if (fret < 0 || (other != nullptr && other.get() != &note))
-            continue;
-        if (bestFret < 0 || fret < bestFret) {
-            bestString = string;
-            bestFret = fret;
-        }
-    }
-    place(note, note.midi(), bestString, bestFret);
+    std::vector<ChordDiagram> found;
+    for (const ChordDiagram &diagram : diagrams)
+        if (isOnStaff(diagram, staff))
+            found.push_back(diagram);
+    return found;
 }
 
 } // namespace
 
-SetGuitarFullTuning::SetGuitarFullTuning() : ScoreCommand(QStringLiteral("SetGuitarFullTuning")) { }
+SetGuitarFullTuning::SetGuitarFullTuning()
+    : MoveNotes(QStringLiteral("SetGuitarFullTuning"), {Homeless::WithoutPlace, Announced::Changes})
+{
+}
 SetGuitarFullTuning::~SetGuitarFullTuning() = default;
 
 bool SetGuitarFullTuning::init(Score *score, unsigned track, unsigned staff,
@@ -76,26 +52,23 @@ bool SetGuitarFullTuning::init(Score *score, unsigned track, unsigned staff,
     addArg(QStringLiteral("Type"),
            retuning == Retuning::KeepFrets ? QStringLiteral("KeepFrets")
                                            : QStringLiteral("KeepPitches"));
-    setScore(score);
     _track = track;
     _staff = staff;
     _setting.tuning = tuning;
     _setting.capoFret = capoFret;
     _retuning = retuning;
-    return tuning.stringCount() <= MostStrings && expectPlace([this] { return isPossible(); });
+    return tuning.stringCount() <= MostStrings
+        && prepare(score, static_cast<int>(track), static_cast<int>(staff));
 }
 
 Staff *SetGuitarFullTuning::findStaff() const
 {
-    if (!model().hasTrackIndex(_track) || _staff >= model().tracks()[_track]->staffCount())
-        return nullptr;
     return model().tracks()[_track]->staves()[_staff].get();
 }
 
 bool SetGuitarFullTuning::isPossible() const
 {
-    const Staff *const staff = findStaff();
-    return staff != nullptr && _setting.capoFret <= staff->fretCount();
+    return _setting.capoFret <= findStaff()->fretCount();
 }
 
 SetGuitarFullTuning::Setting SetGuitarFullTuning::settingOf(const Staff &staff)
@@ -112,109 +85,86 @@ void SetGuitarFullTuning::write(Staff &staff, const Setting &setting)
     staff.setPartialCapoStringFlags(setting.partialCapoStrings);
 }
 
-void SetGuitarFullTuning::apply()
+void SetGuitarFullTuning::begin()
 {
-    requirePlace(isPossible());
+    _fretboardBefore.emplace(*findStaff());
+}
+
+void SetGuitarFullTuning::changeOthers()
+{
     Staff &staff = *findStaff();
     _before = settingOf(staff);
-    std::vector<int> pitches;
-    forEachNote(staff, [&](const Bar &, const Beat &, const Note &note) {
-        pitches.push_back(writtenPitch(staff, note.string(), note.fret()));
-    });
     Setting setting = _setting;
     if (setting.tuning.stringCount() == _before.tuning.stringCount()) {
         setting.partialCapoFret = _before.partialCapoFret;
         setting.partialCapoStrings = _before.partialCapoStrings;
     }
     write(staff, setting);
-    _links = {};
-    const unsigned end = staff.barCount();
-    keepStringLinks(staff, 0, end, _track, _links);
-    refinger(staff, pitches);
-    mendStringLinks(staff, 0, end);
-    _links.settle();
-    for (const KeptBeats::Place &changed : _links.changed())
-        _touched.add(_track, _staff, changed.bar, changed.bar);
+    dropDiagrams(staff);
 }
 
-/// Adapts the notes; keeps those that change as they were.
-void SetGuitarFullTuning::refinger(const Staff &staff, const std::vector<int> &pitchesBefore)
+void SetGuitarFullTuning::dropDiagrams(Staff &staff)
 {
-    _notesBefore.clear();
-    _touched.clear();
-    const Bar *lastTouched = nullptr;
-    std::size_t number = 0;
-    forEachNote(staff, [&](const Bar &bar, const Beat &beat, Note &note) {
-        const NoteBefore before{number, note.midi(), note.string(), note.fret(), note.spelling()};
-        if (!moveNote(staff, beat, note, pitchesBefore[number++]))
-            return;
-        _notesBefore.push_back(before);
-        if (lastTouched != &bar)
-            _touched.add(_track, _staff, bar.index(), bar.index());
-        lastTouched = &bar;
-    });
+    _diagramsBefore.reset();
+    DiagramSets sets = {fitting(staff.diagramCollection(), staff),
+                        fitting(staff.diagramWorkingSet(), staff)};
+    if (sets.collection.size() == staff.diagramCollection().size()
+        && sets.workingSet.size() == staff.diagramWorkingSet().size())
+        return;
+    _diagramsBefore = {staff.diagramCollection(), staff.diagramWorkingSet()};
+    staff.setDiagramCollection(std::move(sets.collection));
+    staff.setDiagramWorkingSet(std::move(sets.workingSet));
 }
 
-/// Gives a note its place and pitch on the new strings; false when it has no place to change. The
-/// pitch of a note may differ from that of its fret, by an octave in many editions: it moves along.
-bool SetGuitarFullTuning::moveNote(const Staff &staff, const Beat &beat, Note &note,
-                                   int pitchBefore) const
-{
-    if (note.string() == Note::Unset)
-        return false;
-    if (_retuning == Retuning::KeepFrets) {
-        const int pitch = writtenPitch(staff, note.string(), note.fret());
-        const int midi = note.midi() + pitch - pitchBefore;
-        if (pitch >= 0 && pitchBefore >= 0 && midi >= 0 && midi <= highestKey) {
-            if (midi == note.midi())
-                return false;
-            place(note, midi, note.string(), note.fret());
-            return true;
-        }
-    }
-    const int pitch = pitchBefore >= 0 ? pitchBefore : note.midi();
-    const int fret = fretOfPitch(staff, note.string(), pitch);
-    if (fret >= 0 && fret == note.fret())
-        return false;
-    if (fret >= 0)
-        place(note, note.midi(), note.string(), fret);
-    else
-        placeFreely(staff, beat, note, pitch);
-    return true;
-}
-
-void SetGuitarFullTuning::revert()
+void SetGuitarFullTuning::restoreOthers()
 {
     Staff &staff = *findStaff();
     write(staff, _before);
-    std::size_t number = 0;
-    auto next = _notesBefore.begin();
-    forEachNote(staff, [&](const Bar &, const Beat &, Note &note) {
-        const std::size_t here = number++;
-        if (next == _notesBefore.end() || next->number != here)
-            return;
-        note.setMidi(next->midi);
-        note.setString(next->string);
-        note.setFret(next->fret);
-        if (next->spelling.has_value())
-            note.setSpelling(*next->spelling);
-        ++next;
-    });
-    _links.putBack([&](const KeptBeats::Place &at) {
-        return staff.bars()[at.bar]->voices()[at.voice]->beats()[at.beat].get();
-    });
+    if (_diagramsBefore) {
+        staff.setDiagramCollection(_diagramsBefore->collection);
+        staff.setDiagramWorkingSet(_diagramsBefore->workingSet);
+    }
 }
 
-void SetGuitarFullTuning::announceApplied()
+bool SetGuitarFullTuning::takes(const MarkedPlace &, const Note &note) const
 {
-    score().notify(
-        this, evt::GuitarFullTuningChanged(static_cast<int>(_track), static_cast<int>(_staff)));
-    _touched.announce(score(), this);
+    return note.string() != Note::Unset;
 }
 
-void SetGuitarFullTuning::announceReverted()
+/// The place and pitch of a note on the new strings. The pitch of a note may differ from that of
+/// its fret, by an octave in many editions: it moves along.
+std::optional<NoteMove> SetGuitarFullTuning::moved(const MarkedPlace &place, const Note &note) const
 {
-    announceApplied();
+    NoteMove move = {NotePosition(note), std::nullopt};
+    NotePosition &to = move.to;
+    const int pitchBefore = _fretboardBefore->pitch(note.string(), note.fret());
+    if (_retuning == Retuning::KeepFrets && place.isFretted && note.midi() != Note::Unset) {
+        const int pitch = fretboard().pitch(note.string(), note.fret());
+        const int midi = note.midi() + pitch - pitchBefore;
+        if (pitch >= 0 && pitchBefore >= 0 && midi >= 0 && midi <= highestKey) {
+            if (midi != note.midi())
+                to.spelling = NotePosition::NoSpelling;
+            to.midi = static_cast<std::int8_t>(midi);
+            return move;
+        }
+    }
+    const int pitch = pitchBefore >= 0 ? pitchBefore : note.midi();
+    const int fret = place.isFretted ? fretboard().fret(note.string(), pitch) : -1;
+    if (fret >= 0)
+        to.fret = static_cast<std::int8_t>(fret);
+    else
+        move.soughtPitch = pitch;
+    return move;
+}
+
+void SetGuitarFullTuning::announce()
+{
+    const auto track = static_cast<int>(_track);
+    const auto staff = static_cast<int>(_staff);
+    score().notify(this, evt::GuitarFullTuningChanged(track, staff));
+    MoveNotes::announce();
+    if (_diagramsBefore)
+        score().notify(this, evt::ChordsChanged(track, staff));
 }
 
 } // namespace zarn::cmd

@@ -1,21 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ZarnCore/commands/ZarnScoreCommand.h>
-#include <ZarnCore/commands/ZarnTouchedBars.h>
+#include <ZarnCore/chords/ZarnChordDiagram.h>
+#include <ZarnCore/commands/ZarnMoveNotes.h>
 #include <ZarnCore/instruments/tunings/ZarnGuitarTuning.h>
-#include <ZarnCore/model/ZarnNote.h>
-#include <ZarnCore/model/notes/ZarnKeptBeats.h>
 #include <ZarnCore/model/notes/ZarnRetuning.h>
 
 #include <optional>
 #include <vector>
-
-namespace zarn {
-
-class Staff;
-
-} // namespace zarn
 
 namespace zarn::cmd {
 
@@ -23,9 +15,10 @@ namespace zarn::cmd {
 ///
 /// A note that cannot stay where it was (its string or its fret is gone) moves to the free string
 /// of its beat that plays its pitch at the lowest fret, or loses string and fret when there is
-/// none. Hammer-ons, pull-offs and slides go that lead to no other fret any more. Sends
-/// `GuitarFullTuningChanged`, then `ModifyBarRange` for the bars whose notes changed.
-class ZARNCORE_EXPORT SetGuitarFullTuning final : public ScoreCommand {
+/// none. Chord diagrams for another number of strings leave the sets of the staff. Sends
+/// `GuitarFullTuningChanged`, `ModifyBarRange` for the bars whose notes changed, and when diagrams
+/// left `ChordsChanged`.
+class ZARNCORE_EXPORT SetGuitarFullTuning final : public MoveNotes {
 public:
     static constexpr unsigned MostStrings = 12;
 
@@ -45,35 +38,32 @@ private:
         unsigned partialCapoFret = 0;
         std::vector<bool> partialCapoStrings;
     };
-    /// What a change of tuning changes in a note; the number counts the notes of the staff.
-    struct NoteBefore {
-        std::size_t number = 0;
-        int midi = Note::Unset;
-        int string = Note::Unset;
-        int fret = Note::Unset;
-        std::optional<PitchClass> spelling;
+    /// The chord diagrams that a staff has at hand.
+    struct DiagramSets {
+        std::vector<ChordDiagram> collection;
+        std::vector<ChordDiagram> workingSet;
     };
 
-    void apply() override;
-    void revert() override;
-    void announceApplied() override;
-    void announceReverted() override;
+    bool isPossible() const override;
+    void begin() override;
+    bool takes(const MarkedPlace &place, const Note &note) const override;
+    std::optional<NoteMove> moved(const MarkedPlace &place, const Note &note) const override;
+    void changeOthers() override;
+    void restoreOthers() override;
+    void announce() override;
 
     Staff *findStaff() const;
-    bool isPossible() const;
     static Setting settingOf(const Staff &staff);
     static void write(Staff &staff, const Setting &setting);
-    void refinger(const Staff &staff, const std::vector<int> &pitchesBefore);
-    bool moveNote(const Staff &staff, const Beat &beat, Note &note, int pitchBefore) const;
+    void dropDiagrams(Staff &staff);
 
     unsigned _track = 0;
     unsigned _staff = 0;
     Setting _setting;
     Retuning _retuning = Retuning::KeepFrets;
     Setting _before;
-    std::vector<NoteBefore> _notesBefore;
-    KeptBeats _links;
-    TouchedBars _touched;
+    std::optional<fingering::Fretboard> _fretboardBefore;
+    std::optional<DiagramSets> _diagramsBefore; ///< when they changed
 };
 
 } // namespace zarn::cmd

@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/commands/ZarnMoveNotes.h>
+
+#include <ZarnCore/commands/NoteMover.h>
+#include <ZarnCore/commands/ZarnRangeNodes.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
+
+namespace zarn {
+
+namespace {
+
+constexpr int highestKey = 127;
+
+} // namespace
+
+MoveNotes::MoveNotes(const QString &name, const Options &options)
+    : ScoreCommand(name), _options(options), _kept(options.kept), _keptTied(options.kept)
+{
+}
+MoveNotes::~MoveNotes() = default;
+
+bool MoveNotes::prepare(Score *score, const ScoreModelRange &range)
+{
+    setScore(score);
+    _range = range;
+    return canExist(range) && expectPlace([this] { return exists() && canMove(); });
+}
+
+bool MoveNotes::prepare(Score *score, int track, int staff)
+{
+    setScore(score);
+    _track = track;
+    _staff = staff;
+    return expectPlace([this] { return exists() && canMove(); });
+}
+
+bool MoveNotes::exists() const
+{
+    const auto &tracks = model().tracks();
+    const bool isTrack = _track < static_cast<int>(tracks.size());
+    const bool isStaff = _track == AllTracks || _staff == WholeTrack
+        || (isTrack
+            && _staff < static_cast<int>(tracks[static_cast<std::size_t>(_track)]->staffCount()));
+    const bool isThere = _range || (!tracks.empty() && isTrack && isStaff);
+    return isThere && isPossible();
+}
+
+std::optional<ScoreModelRange> MoveNotes::places() const
+{
+    if (_range)
+        return _range;
+    ScoreModel &score = model();
+    const auto barCount = static_cast<int>(score.masterTrack()->masterBarCount());
+    if (barCount == 0)
+        return std::nullopt;
+    const int track = _track == AllTracks ? 0 : _track;
+    const bool isOneStaff = _track != AllTracks && _staff != WholeTrack;
+    const unsigned first = isOneStaff ? static_cast<unsigned>(_staff) : 0;
+    const unsigned last =
+        isOneStaff ? first : score.tracks()[static_cast<std::size_t>(track)]->staffCount() - 1;
+    auto mode = SelectionMode::MultiSelection | SelectionMode::MultiVoice;
+    if (_track == AllTracks)
+        mode = mode | SelectionMode::MultiTrack;
+    return ScoreModelRange({&score, track, 0, -1, 0, first},
+                           {&score, track, barCount - 1, -1, 0, last}, mode);
+}
+
+bool MoveNotes::isOf(const Track &track) const noexcept
+{
+    return !_range && (_track == AllTracks || _track == static_cast<int>(track.index()));
+}
+
+bool MoveNotes::canMove()
+{
+    begin();
+    const auto range = places();
+    if (!range)
+        return true;
+    NoteMover mover(*this, NoteMover::Mode::Check, *range);
+    return mover.run() && (mover.isAnyTaken() || !_range);
+}
+
+void MoveNotes::apply()
+{
+    requirePlace(exists());
+    begin();
+    _kept.clear();
+    _tied.clear();
+    _keptTied.clear();
+    _touched.clear();
+    changeOthers();
+    try {
+        if (const auto range = places()) {
+            if (_options.announced == Announced::Range)
+                _touched.add(*range);
+            NoteMover mover(*this, NoteMover::Mode::Change, *range);
+            const bool isDone = mover.run();
+            requirePlace(isDone && (mover.isAnyTaken() || !_range));
+        }
+        finish();
+    } catch (...) {
+        putBack();
+        restoreOthers();
+        throw;
+    }
+}
+
+void MoveNotes::revert()
+{
+    putBack();
+    restoreOthers();
+}
+
+Note &MoveNotes::noteAt(const Tied &place) const
+{
+    const auto &bar = model().tracks()[place.track]->staves()[place.staff]->bars()[place.bar];
+    return *bar->voices()[place.voice]->beats()[place.beat]->notes()[place.note];
+}
+
+/// Walks as the change did, which moved no beat: as far as it came.
+void MoveNotes::putBack()
+{
+    for (std::size_t i = _tied.size(); i > 0; --i)
+        _keptTied.giveTo(i - 1, noteAt(_tied[i - 1]));
+    const auto range = places();
+    if (!range)
+        return;
+    std::size_t number = 0;
+    visitBeats(model(), *range, [&](const MarkedPlace &, const Beat &beat) {
+        for (const auto &note : beat.notes()) {
+            if (number == _kept.count())
+                return false;
+            _kept.giveTo(number++, *note);
+        }
+        return true;
+    });
+}
+
+void MoveNotes::announce()
+{
+    _touched.announce(score(), this);
+}
+
+std::optional<NoteMove> MoveNotes::repitched(const NotePosition &from, int semitones,
+                                             std::uint8_t spelling) const
+{
+    NoteMove move = {from, std::nullopt};
+    if (from.midi != Note::Unset) {
+        const int midi = from.midi + semitones;
+        if (midi < 0 || midi > highestKey)
+            return std::nullopt;
+        move.to.midi = static_cast<std::int8_t>(midi);
+    }
+    move.to.spelling = spelling;
+    if (from.string == Note::Unset || !_fretboard)
+        return move;
+    const int pitch = _fretboard->pitch(from.string, from.fret);
+    const int sounding = (pitch >= 0 ? pitch : from.midi) + semitones;
+    const int fret = _fretboard->fret(from.string, sounding);
+    if (fret >= 0)
+        move.to.fret = static_cast<std::int8_t>(fret);
+    else
+        move.soughtPitch = sounding;
+    return move;
+}
+
+std::optional<NoteMove> MoveNotes::refretted(const NotePosition &from, int string, int fret) const
+{
+    const int pitch = _fretboard->pitch(string, fret);
+    const int pitchBefore = _fretboard->pitch(from.string, from.fret);
+    // Editions may write a pitch an octave above what the fret sounds.
+    const bool isOffset = pitchBefore >= 0 && from.midi != Note::Unset;
+    const int midi = isOffset ? from.midi + pitch - pitchBefore : pitch;
+    if (pitch < 0 || midi < 0 || midi > highestKey)
+        return std::nullopt;
+    NoteMove move = {from, std::nullopt};
+    if (midi != from.midi)
+        move.to.spelling = NotePosition::NoSpelling;
+    move.to.midi = static_cast<std::int8_t>(midi);
+    move.to.string = static_cast<std::int8_t>(string);
+    move.to.fret = static_cast<std::int8_t>(fret);
+    return move;
+}
+
+} // namespace zarn
