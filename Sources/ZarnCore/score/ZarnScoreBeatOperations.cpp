@@ -2,6 +2,7 @@
 #include <ZarnCore/score/ZarnScoreBeatOperations.h>
 
 #include <ZarnCore/commands/Beat/ZarnCreateBeat.h>
+#include <ZarnCore/commands/Beat/ZarnIncrementBeatDuration.h>
 #include <ZarnCore/commands/Beat/ZarnIncrementBeatSecondaryAttribute.h>
 #include <ZarnCore/commands/Beat/ZarnRemoveBeats.h>
 #include <ZarnCore/commands/Beat/ZarnSetBeatArpeggio.h>
@@ -19,7 +20,11 @@
 #include <ZarnCore/commands/Beat/ZarnSetBeatSlashed.h>
 #include <ZarnCore/commands/Beat/ZarnSetBeatTimer.h>
 #include <ZarnCore/commands/Beat/ZarnSetBeatTremolo.h>
+#include <ZarnCore/commands/Beat/ZarnSetBeatTuplet.h>
 #include <ZarnCore/commands/Beat/ZarnSetBrush.h>
+#include <ZarnCore/commands/Beat/ZarnSetNoteAugmentationDot.h>
+#include <ZarnCore/commands/Beat/ZarnSetNoteDuration.h>
+#include <ZarnCore/commands/Beat/ZarnSetNoteDurationAndVelocity.h>
 #include <ZarnCore/commands/Beat/ZarnSetStemOrientations.h>
 #include <ZarnCore/commands/Beat/ZarnSetStringedBeatBassAttack.h>
 #include <ZarnCore/commands/Beat/ZarnSetStringedBeatVibrato.h>
@@ -51,6 +56,35 @@ bool ScoreBeatOperations::removeBeats(const ScoreModelRange &range)
 bool ScoreBeatOperations::setBeatRhythm(const ScoreModelRange &range, const RhythmValue &rhythm)
 {
     return execute<cmd::SetBeatRhythm>(*this, range, rhythm);
+}
+
+bool ScoreBeatOperations::setBeatTuplet(const ScoreModelRange &range,
+                                        RhythmValue::TupletRatio outer,
+                                        RhythmValue::TupletRatio inner)
+{
+    return execute<cmd::SetBeatTuplet>(*this, range, outer, inner);
+}
+
+bool ScoreBeatOperations::incrementBeatDuration(const ScoreModelRange &range, int steps)
+{
+    return execute<cmd::IncrementBeatDuration>(*this, range, steps);
+}
+
+bool ScoreBeatOperations::setNoteDuration(const ScoreModelRange &range,
+                                          RhythmValue::NoteValue noteValue)
+{
+    return execute<cmd::SetNoteDuration>(*this, range, noteValue);
+}
+
+bool ScoreBeatOperations::setNoteAugmentationDot(const ScoreModelRange &range, unsigned dots)
+{
+    return execute<cmd::SetNoteAugmentationDot>(*this, range, dots);
+}
+
+bool ScoreBeatOperations::setNoteDurationAndVelocity(const ScoreModelIndex &index,
+                                                     const RhythmValue &rhythm, unsigned velocity)
+{
+    return execute<cmd::SetNoteDurationAndVelocity>(*this, index, rhythm, velocity);
 }
 
 bool ScoreBeatOperations::setBeatDynamic(const ScoreModelRange &range, NoteDynamic dynamic)

@@ -3,6 +3,7 @@
 
 #include <ZarnCore/ZarnExport.h>
 #include <ZarnCore/ZarnTypes.h>
+#include <ZarnCore/music/ZarnRhythmValue.h>
 
 #include <QString>
 
@@ -14,7 +15,6 @@ namespace zarn {
 
 class AttributeValue;
 class NoteDynamic;
-class RhythmValue;
 class ScoreModelIndex;
 class ScoreModelRange;
 struct Barre;
@@ -39,6 +39,23 @@ public:
 
     /// Gives every beat of a range a note value; nothing fills or cuts the bar.
     bool setBeatRhythm(const ScoreModelRange &range, const RhythmValue &rhythm);
+
+    // Parts of the note value alone; each beat by itself.
+
+    /// (3, 2) is three in the time of two, (0, 0) none; the inner one stands in the outer one.
+    bool setBeatTuplet(const ScoreModelRange &range, RhythmValue::TupletRatio outer,
+                       RhythmValue::TupletRatio inner = {0, 0});
+
+    /// Steps longer or, negative, shorter: an eighth, a quarter, a half.
+    bool incrementBeatDuration(const ScoreModelRange &range, int steps);
+    bool setNoteDuration(const ScoreModelRange &range, RhythmValue::NoteValue noteValue);
+
+    /// 0 to 3 dots.
+    bool setNoteAugmentationDot(const ScoreModelRange &range, unsigned dots);
+
+    /// Note value of a beat and velocity of its note, or notes, in one step.
+    bool setNoteDurationAndVelocity(const ScoreModelIndex &index, const RhythmValue &rhythm,
+                                    unsigned velocity);
 
     /// Sets how loud every beat of a range is played.
     bool setBeatDynamic(const ScoreModelRange &range, NoteDynamic dynamic);

@@ -28,7 +28,7 @@ bool SetBeatRhythm::isWritable(const RhythmValue &rhythm) noexcept
     };
     const auto primary = rhythm.getPrimaryTupletRatio();
     const auto secondary = rhythm.getSecondaryTupletRatio();
-    return rhythm.getAugmentationDot() <= mostDots && isRatio(primary) && isRatio(secondary)
+    return rhythm.getAugmentationDot() <= MostDots && isRatio(primary) && isRatio(secondary)
         && (primary.first != 0 || secondary.first == 0);
 }
 

@@ -20,6 +20,8 @@ namespace zarn::cmd {
 /// Gives beats a note value. The beats behind them move; nothing fills or cuts the bar.
 class ZARNCORE_EXPORT SetBeatRhythm final : public SetOnRange<Beat, &beatRhythm, &setBeatRhythm> {
 public:
+    static constexpr unsigned MostDots = 3;
+
     SetBeatRhythm();
     ~SetBeatRhythm() override;
 
@@ -29,9 +31,6 @@ public:
 
     /// At most three dots, and tuplets of two numbers each, the inner one in an outer one.
     static bool isWritable(const RhythmValue &rhythm) noexcept;
-
-private:
-    static constexpr unsigned mostDots = 3;
 };
 
 } // namespace zarn::cmd
