@@ -13,13 +13,15 @@ std::vector<CommandRow> beatRows();
 void expectBeatCommandsRefused(rich::RichScore &);
 std::vector<CommandRow> markRows();
 void expectMarkCommandsRefused(rich::RichScore &);
+std::vector<CommandRow> pitchRows();
+void expectPitchCommandsRefused(rich::RichScore &);
 
 const std::vector<CommandRowsOfArea> &commandAreas()
 {
     static const std::vector<CommandRowsOfArea> areas = {
         {formRows, expectFormCommandsRefused},         {trackRows, expectTrackCommandsRefused},
         {documentRows, expectDocumentCommandsRefused}, {beatRows, expectBeatCommandsRefused},
-        {markRows, expectMarkCommandsRefused},
+        {markRows, expectMarkCommandsRefused},         {pitchRows, expectPitchCommandsRefused},
     };
     return areas;
 }

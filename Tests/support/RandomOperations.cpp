@@ -376,6 +376,8 @@ const std::vector<RandomOperation> &randomOperations()
         std::vector<RandomOperation> list = operations;
         const auto &marks = randomMarkOperations();
         list.insert(list.end(), marks.begin(), marks.end());
+        const auto &pitches = randomPitchOperations();
+        list.insert(list.end(), pitches.begin(), pitches.end());
         return list;
     }();
     return all;

@@ -31,5 +31,8 @@ struct RandomOperation {
 /// Those that mark beats and notes.
 const std::vector<RandomOperation> &randomMarkOperations();
 
+/// Those that move notes and change note values.
+const std::vector<RandomOperation> &randomPitchOperations();
+
 /// Every operation that changes a score.
 const std::vector<RandomOperation> &randomOperations();

@@ -3,27 +3,39 @@
 
 #include <ZarnCore/commands/Execute.h>
 #include <ZarnCore/commands/Note/ZarnAutomaticFingerPositioning.h>
+#include <ZarnCore/commands/Note/ZarnCreateNonPitchedNote.h>
+#include <ZarnCore/commands/Note/ZarnCreateNonPitchedNoteFromMidiAndString.h>
+#include <ZarnCore/commands/Note/ZarnLetRingAssistant.h>
+#include <ZarnCore/commands/Note/ZarnPalmMuteAssistant.h>
+#include <ZarnCore/commands/Note/ZarnRemoveNonPitchedNoteFromMidiAndString.h>
 #include <ZarnCore/commands/Note/ZarnSetMIDINote.h>
 #include <ZarnCore/commands/Note/ZarnSetNoteAccentFlag.h>
 #include <ZarnCore/commands/Note/ZarnSetNoteAntiAccent.h>
 #include <ZarnCore/commands/Note/ZarnSetNoteAttribute.h>
 #include <ZarnCore/commands/Note/ZarnSetNoteFingering.h>
 #include <ZarnCore/commands/Note/ZarnSetNoteLetring.h>
+#include <ZarnCore/commands/Note/ZarnSetNoteMidiForString.h>
 #include <ZarnCore/commands/Note/ZarnSetNoteOrnament.h>
 #include <ZarnCore/commands/Note/ZarnSetNoteOrnement.h>
 #include <ZarnCore/commands/Note/ZarnSetNoteRest.h>
+#include <ZarnCore/commands/Note/ZarnSetNoteSoundingAccidental.h>
 #include <ZarnCore/commands/Note/ZarnSetNoteTrill.h>
 #include <ZarnCore/commands/Note/ZarnSetNoteVelocity.h>
 #include <ZarnCore/commands/Note/ZarnSetStringedNote.h>
 #include <ZarnCore/commands/Note/ZarnSetStringedNoteArtificialHarmonic.h>
 #include <ZarnCore/commands/Note/ZarnSetStringedNoteBend.h>
 #include <ZarnCore/commands/Note/ZarnSetStringedNoteDead.h>
+#include <ZarnCore/commands/Note/ZarnSetStringedNoteFret.h>
 #include <ZarnCore/commands/Note/ZarnSetStringedNoteLeftHandTapping.h>
 #include <ZarnCore/commands/Note/ZarnSetStringedNoteNaturalHarmonic.h>
 #include <ZarnCore/commands/Note/ZarnSetStringedNotePalmMute.h>
 #include <ZarnCore/commands/Note/ZarnSetStringedNoteRightHandTapping.h>
 #include <ZarnCore/commands/Note/ZarnSetStringedNoteShowStringNumber.h>
 #include <ZarnCore/commands/Note/ZarnSetStringedNoteVibrato.h>
+#include <ZarnCore/commands/Note/ZarnShiftOneElement.h>
+#include <ZarnCore/commands/Note/ZarnShiftOneString.h>
+#include <ZarnCore/commands/Note/ZarnShiftSemitone.h>
+#include <ZarnCore/commands/Note/ZarnSwitchNoteAccidental.h>
 
 namespace zarn {
 
@@ -35,6 +47,77 @@ bool ScoreNoteOperations::setStringedNote(const ScoreModelIndex &index, int stri
 bool ScoreNoteOperations::setMIDINote(const ScoreModelIndex &index, int midi)
 {
     return execute<cmd::SetMIDINote>(*this, index, midi);
+}
+
+bool ScoreNoteOperations::setMIDINote(const ScoreModelIndex &index, int midi,
+                                      const PitchClass &spelling)
+{
+    return execute<cmd::SetMIDINote>(*this, index, midi, std::optional<PitchClass>(spelling));
+}
+
+bool ScoreNoteOperations::setNoteMidiForString(const ScoreModelIndex &index, int string, int midi)
+{
+    return execute<cmd::SetNoteMidiForString>(*this, index, string, midi);
+}
+
+bool ScoreNoteOperations::createNonPitchedNote(const ScoreModelIndex &index, int articulation)
+{
+    return execute<cmd::CreateNonPitchedNote>(*this, index, articulation);
+}
+
+bool ScoreNoteOperations::createNonPitchedNote(const ScoreModelIndex &index, int midi, int string)
+{
+    return execute<cmd::CreateNonPitchedNoteFromMidiAndString>(*this, index, midi, string);
+}
+
+bool ScoreNoteOperations::removeNonPitchedNote(const ScoreModelIndex &index, int midi, int string)
+{
+    return execute<cmd::RemoveNonPitchedNoteFromMidiAndString>(*this, index, midi, string);
+}
+
+bool ScoreNoteOperations::setStringedNoteFret(const ScoreModelRange &range, int fret)
+{
+    return execute<cmd::SetStringedNoteFret>(*this, range, fret);
+}
+
+bool ScoreNoteOperations::shiftOneString(const ScoreModelRange &range, Shift shift)
+{
+    return shift == Shift::Down ? execute<cmd::ShiftOneString<0>>(*this, range)
+                                : execute<cmd::ShiftOneString<1>>(*this, range);
+}
+
+bool ScoreNoteOperations::shiftOneElement(const ScoreModelRange &range, Shift shift)
+{
+    return shift == Shift::Down ? execute<cmd::ShiftOneElement<0>>(*this, range)
+                                : execute<cmd::ShiftOneElement<1>>(*this, range);
+}
+
+bool ScoreNoteOperations::shiftSemitone(const ScoreModelRange &range, int semitones)
+{
+    return execute<cmd::ShiftSemitone>(*this, range, semitones);
+}
+
+bool ScoreNoteOperations::setNoteSoundingAccidental(const ScoreModelRange &range,
+                                                    NoteAccidental accidental)
+{
+    return execute<cmd::SetNoteSoundingAccidental>(*this, range, accidental);
+}
+
+bool ScoreNoteOperations::switchNoteAccidental(const ScoreModelRange &range)
+{
+    return execute<cmd::SwitchNoteAccidental>(*this, range);
+}
+
+bool ScoreNoteOperations::letRingAssistant(const ScoreModelRange &range, std::uint32_t strings,
+                                           bool checked)
+{
+    return execute<cmd::LetRingAssistant>(*this, range, strings, checked);
+}
+
+bool ScoreNoteOperations::palmMuteAssistant(const ScoreModelRange &range, std::uint32_t strings,
+                                            bool checked)
+{
+    return execute<cmd::PalmMuteAssistant>(*this, range, strings, checked);
 }
 
 bool ScoreNoteOperations::setNoteRest(const ScoreModelRange &range)

@@ -16,6 +16,8 @@ struct FingeringReport;
 } // namespace fingering
 
 class AttributeValue;
+class NoteAccidental;
+class PitchClass;
 class ScoreModelIndex;
 class ScoreModelRange;
 struct Bend;
@@ -33,6 +35,20 @@ public:
     /// beside those that are there.
     bool setMIDINote(const ScoreModelIndex &index, int midi);
 
+    /// The same, spelled in a way of its own.
+    bool setMIDINote(const ScoreModelIndex &index, int midi, const PitchClass &spelling);
+
+    /// Writes a pitch on a string of a beat, in place of what the string has there.
+    bool setNoteMidiForString(const ScoreModelIndex &index, int string, int midi);
+
+    /// Writes a percussion note by the number of its articulation in the instrument set.
+    bool createNonPitchedNote(const ScoreModelIndex &index, int articulation);
+
+    /// Writes the percussion note that a key enters on a line of a drum tablature (0 the lowest),
+    /// or takes it off.
+    bool createNonPitchedNote(const ScoreModelIndex &index, int midi, int string);
+    bool removeNonPitchedNote(const ScoreModelIndex &index, int midi, int string);
+
     /// Makes rests of the beats of a range.
     bool setNoteRest(const ScoreModelRange &range);
 
@@ -41,6 +57,32 @@ public:
     bool automaticFingerPositioning(const ScoreModelRange &range,
                                     const fingering::FingeringOptions &options,
                                     std::shared_ptr<fingering::FingeringReport> report = nullptr);
+
+    // Moving notes. Which notes a range means is said below; what they are tied to goes along, and
+    // when one of them cannot move, none does.
+
+    /// Another fret of the string that each note has.
+    bool setStringedNoteFret(const ScoreModelRange &range, int fret);
+
+    /// The next string, at the same pitch.
+    bool shiftOneString(const ScoreModelRange &range, Shift shift);
+
+    /// Percussion: the next place of the staff that plays something.
+    bool shiftOneElement(const ScoreModelRange &range, Shift shift);
+
+    /// Up or, negative, down, by at most 12 semitones.
+    bool shiftSemitone(const ScoreModelRange &range, int semitones);
+
+    /// Another accidental on the same letter: another pitch.
+    bool setNoteSoundingAccidental(const ScoreModelRange &range, NoteAccidental accidental);
+
+    /// The next spelling of the same pitch.
+    bool switchNoteAccidental(const ScoreModelRange &range);
+
+    /// Lets the notes on some strings (bit 0 the lowest) ring, or mutes them with the palm, where
+    /// the passage asks for it; see the commands.
+    bool letRingAssistant(const ScoreModelRange &range, std::uint32_t strings, bool checked);
+    bool palmMuteAssistant(const ScoreModelRange &range, std::uint32_t strings, bool checked);
 
     // Attributes. A range that is one place means the note that it names, any other all notes of
     // its beats.

@@ -13,6 +13,9 @@
 #include <ZarnCore/commands/Track/ZarnSetTrackIcon.h>
 #include <ZarnCore/commands/Track/ZarnSetTrackName.h>
 #include <ZarnCore/commands/Track/ZarnSetTrackShortName.h>
+#include <ZarnCore/commands/Track/ZarnSetTrackTranspositionOffset.h>
+#include <ZarnCore/commands/Track/ZarnTransposeAllTracks.h>
+#include <ZarnCore/commands/Track/ZarnTransposeTrack.h>
 #include <ZarnCore/instruments/sounds/ZarnSound.h>
 
 #include <utility>
@@ -54,6 +57,21 @@ bool ScoreTrackOperations::setGuitarFullTuning(unsigned track, unsigned staff,
                                                Retuning retuning)
 {
     return execute<cmd::SetGuitarFullTuning>(*this, track, staff, tuning, capoFret, retuning);
+}
+
+bool ScoreTrackOperations::setTrackTranspositionOffset(unsigned track, int semitones)
+{
+    return execute<cmd::SetTrackTranspositionOffset>(*this, track, semitones);
+}
+
+bool ScoreTrackOperations::transposeTrack(unsigned track, int semitones, Refingering refingering)
+{
+    return execute<cmd::TransposeTrack>(*this, track, semitones, refingering);
+}
+
+bool ScoreTrackOperations::transposeAllTracks(int semitones, bool areKeysMoved)
+{
+    return execute<cmd::TransposeAllTracks>(*this, semitones, areKeysMoved);
 }
 
 bool ScoreTrackOperations::addTrackSound(unsigned track, const Sound &sound)

@@ -4,6 +4,7 @@
 #include <ZarnCore/ZarnExport.h>
 #include <ZarnCore/ZarnTypes.h>
 #include <ZarnCore/instruments/sets/ZarnInstrumentSet.h>
+#include <ZarnCore/model/notes/ZarnRefingering.h>
 #include <ZarnCore/model/notes/ZarnRetuning.h>
 
 #include <QString>
@@ -35,6 +36,16 @@ public:
     /// Tunes a staff anew; see `cmd::SetGuitarFullTuning` for what becomes of the notes.
     bool setGuitarFullTuning(unsigned track, unsigned staff, const GuitarTuning &tuning,
                              unsigned capoFret = 0, Retuning retuning = Retuning::KeepFrets);
+
+    /// Semitones from what is written to what sounds, -36 to 36; the written notes move, and what
+    /// sounds stays.
+    bool setTrackTranspositionOffset(unsigned track, int semitones);
+
+    /// Makes a track, or the piece, sound up to 24 semitones higher or, negative, lower; the piece
+    /// with its key signatures on request.
+    bool transposeTrack(unsigned track, int semitones,
+                        Refingering refingering = Refingering::KeepStrings);
+    bool transposeAllTracks(int semitones, bool areKeysMoved);
 
     /// Adds a sound behind those that a track can switch between.
     bool addTrackSound(unsigned track, const Sound &sound);

@@ -13,17 +13,21 @@ public:
     SetMIDINote();
     ~SetMIDINote() override;
 
-    /// The MIDI key of the pitch as written, 0 to 127. False for a beat, or a named note, that is
-    /// not there, for a pitch that the beat has already, and for one that no free string can play.
-    bool init(Score *score, const ScoreModelIndex &index, int midi);
+    /// The MIDI key of the pitch as written, 0 to 127, and how it is spelled; without a spelling
+    /// the key signature decides. False for a beat, or a named note, that is not there, for a pitch
+    /// that the beat has already, for one that no free string can play, and for a spelling of
+    /// another pitch.
+    bool init(Score *score, const ScoreModelIndex &index, int midi,
+              const std::optional<PitchClass> &spelling = std::nullopt);
 
 private:
     std::optional<Placement> placement(const Staff &staff, const Beat &beat) const override;
-    bool findString(const Staff &staff, const Beat &beat, Placement &placement) const;
+    static bool findString(const Staff &staff, const Beat &beat, Placement &placement);
 
     static constexpr int highestKey = 127;
 
     int _midi = 0;
+    std::optional<PitchClass> _spelling;
 };
 
 } // namespace zarn::cmd

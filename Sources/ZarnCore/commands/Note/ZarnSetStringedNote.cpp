@@ -27,7 +27,10 @@ std::optional<WriteNote::Placement> SetStringedNote::placement(const Staff &staf
     const int midi = writtenPitch(staff, _string, _fret);
     if (midi < 0)
         return std::nullopt;
-    return Placement{beat.noteOnString(_string), midi, _string, _fret};
+    Placement placement = placementOf(beat.noteOnString(_string), midi);
+    placement.to->string = static_cast<std::int8_t>(_string);
+    placement.to->fret = static_cast<std::int8_t>(_fret);
+    return placement;
 }
 
 } // namespace zarn::cmd

@@ -3,6 +3,7 @@
 
 #include <ZarnCore/commands/ZarnRangeNodes.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/notes/Links.h>
 #include <ZarnCore/model/notes/StringLinks.h>
 #include <ZarnCore/model/notes/Ties.h>
 #include <ZarnCore/score/ZarnScoreBase.h>
@@ -26,18 +27,26 @@ std::optional<WriteNote::Placement> WriteNote::find() const
     return beat != nullptr ? placement(*_index.staff(), *beat) : std::nullopt;
 }
 
-std::shared_ptr<Note> WriteNote::makeNote(const Placement &placement)
+WriteNote::Placement WriteNote::placementOf(std::shared_ptr<Note> replaced, int midi)
 {
-    const Note *const old = placement.replaced.get();
+    Placement placement = {std::move(replaced), NotePosition()};
+    NotePosition &to = *placement.to;
+    if (placement.replaced != nullptr)
+        to = NotePosition(*placement.replaced);
+    if (to.midi != midi)
+        to.spelling = NotePosition::NoSpelling;
+    to.midi = static_cast<std::int8_t>(midi);
+    return placement;
+}
+
+std::shared_ptr<Note> WriteNote::makeNote(const Note *old, const NotePosition &position)
+{
     auto note = old != nullptr ? std::make_shared<Note>(*old) : std::make_shared<Note>();
-    if (note->midi() != placement.midi) {
-        note->clearSpelling();
+    if (note->midi() != position.midi) {
         strikeAnew(*note);
         note->setTieOrigin(false);
     }
-    note->setMidi(placement.midi);
-    note->setString(placement.string);
-    note->setFret(placement.fret);
+    position.giveTo(*note);
     return note;
 }
 
@@ -49,20 +58,25 @@ void WriteNote::apply()
     const auto beat = _index.beat();
     const Note *const old = place->replaced.get();
     _links.emplace(*voice, beat->index(), beat->index() + 1);
-    _before = {beat->isPlaceHolder(), beat->isWholeBarRest()};
+    _before = beat->marks();
+    _isWritten = place->to.has_value();
     _noteIndex =
         old != nullptr ? static_cast<unsigned>(beat->indexOfNote(*old)) : beat->noteCount();
     if (old != nullptr) {
         _replaced = beat->removeNote(_noteIndex);
-        if (_replaced->midi() != place->midi)
+        if (!_isWritten || _replaced->midi() != place->to->midi)
             releaseTies(*voice, beat->index(), *_replaced);
     }
-    beat->setPlaceHolder(false);
-    beat->setWholeBarRest(false);
-    // The same note again after an undo.
-    beat->insertNote(_noteIndex, _written != nullptr ? _written : makeNote(*place));
-    _written.reset();
-    mendStringLinks(*voice, beat->index(), beat->index() + 1);
+    if (_isWritten) {
+        beat->setPlaceHolder(false);
+        beat->setWholeBarRest(false);
+        // The same note again after an undo.
+        beat->insertNote(_noteIndex, _written != nullptr ? _written : makeNote(old, *place->to));
+        _written.reset();
+        mendStringLinks(*voice, beat->index(), beat->index() + 1);
+    } else {
+        mendThroughout(*voice, beat->index(), beat->index() + 1);
+    }
     const BeatSpan bar{static_cast<unsigned>(_index.trackIndex()), _index.staffIndex(),
                        static_cast<unsigned>(_index.barIndex())};
     _touched.clear();
@@ -73,12 +87,12 @@ void WriteNote::apply()
 void WriteNote::revert()
 {
     const auto beat = _index.beat();
-    _written = beat->removeNote(_noteIndex);
+    if (_isWritten)
+        _written = beat->removeNote(_noteIndex);
     if (_replaced != nullptr)
         beat->insertNote(_noteIndex, std::move(_replaced));
     _replaced.reset();
-    beat->setPlaceHolder(_before.isPlaceHolder);
-    beat->setWholeBarRest(_before.isWholeBarRest);
+    beat->setMarks(_before);
     _links->putBack(*_index.voice());
 }
 

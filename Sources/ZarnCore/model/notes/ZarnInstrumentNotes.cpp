@@ -4,6 +4,7 @@
 #include <ZarnCore/instruments/sets/ZarnInstrumentSet.h>
 #include <ZarnCore/model/ZarnBeat.h>
 #include <ZarnCore/model/ZarnNote.h>
+#include <ZarnCore/model/notes/ZarnNotePosition.h>
 
 #include <algorithm>
 
@@ -19,6 +20,8 @@ bool fitsNote(const InstrumentArticulation &articulation, int index) noexcept
         && articulation.staffLine() > Note::NoStaffLine && articulation.staffLine() <= 127;
 }
 
+} // namespace
+
 std::shared_ptr<Note> noteWithArticulation(const Beat &beat, int index)
 {
     const auto &notes = beat.notes();
@@ -28,7 +31,20 @@ std::shared_ptr<Note> noteWithArticulation(const Beat &beat, int index)
     return found == notes.end() ? nullptr : *found;
 }
 
-} // namespace
+std::optional<NotePosition> positionOfArticulation(const InstrumentSet &set, int index) noexcept
+{
+    const auto number = static_cast<std::size_t>(index);
+    if (index < 0 || number >= set.articulations().size()
+        || !fitsNote(set.articulations()[number], index))
+        return std::nullopt;
+    const InstrumentArticulation &articulation = set.articulations()[number];
+    NotePosition position;
+    position.midi = static_cast<std::int8_t>(articulation.outputMidiNumber());
+    position.articulation = static_cast<std::int16_t>(index);
+    position.staffLine = static_cast<std::int8_t>(articulation.staffLine());
+    position.head = articulation.notehead(0).noteHead();
+    return position;
+}
 
 std::shared_ptr<Note> addNoteOfSet(const InstrumentSet &set, Beat &beat, std::int32_t midi)
 {
@@ -43,15 +59,13 @@ std::shared_ptr<Note> addNoteOfSet(const InstrumentSet &set, Beat &beat, std::in
         const int index = set.indexOfArticulationWithMidi(midi);
         if (index < 0)
             return nullptr;
-        const auto &articulation = set.articulations()[static_cast<std::size_t>(index)];
-        if (!fitsNote(articulation, index))
+        const auto position = positionOfArticulation(set, index);
+        if (!position)
             return nullptr;
         if (auto held = noteWithArticulation(beat, index))
             return held;
-        note = std::make_shared<Note>(articulation.outputMidiNumber());
-        note->setPercussionArticulation(index);
-        note->setStaffLine(articulation.staffLine());
-        note->setNoteHead(articulation.notehead(0).noteHead());
+        note = std::make_shared<Note>();
+        position->giveTo(*note);
     }
     beat.addNote(note);
     return note;
