@@ -56,6 +56,7 @@ bool NoteMover::run()
         }
         if (isOtherStaff || _bar != span.bar) {
             _bar = span.bar;
+            enterStretch(_bar, false);
             _command.enterBar(*staff.bars()[_bar]);
         }
         if (!moveSpan(it.voice(), span))
@@ -100,6 +101,20 @@ bool NoteMover::moveSpan(const Voice &voice, const BeatSpan &span)
     line.bar = span.bar;
     line.endBeat = span.lastBeat + 1;
     return true;
+}
+
+/// Widens the stretch of the staff at hand to a bar.
+void NoteMover::enterStretch(unsigned bar, bool areStringsChanged)
+{
+    if (_mode == Mode::Check)
+        return;
+    auto &all = _command._stretches;
+    if (all.empty() || all.back().track != _trackIndex || all.back().staff != _staffIndex)
+        all.push_back({_trackIndex, _staffIndex, bar, bar, false});
+    MoveNotes::Stretch &stretch = all.back();
+    stretch.firstBar = std::min(stretch.firstBar, bar);
+    stretch.lastBar = std::max(stretch.lastBar, bar);
+    stretch.areStringsChanged = stretch.areStringsChanged || areStringsChanged;
 }
 
 void NoteMover::read(const Beat &beat)
@@ -276,6 +291,8 @@ void NoteMover::write()
             continue;
         mover.to.giveTo(*mover.note);
         isAnyChanged = true;
+        if (mover.to.string != mover.from.string)
+            enterStretch(_bar, true);
     }
     if (isAnyChanged && _command._options.announced == MoveNotes::Announced::Changes)
         _command._touched.add(_trackIndex, _staffIndex, _bar, _bar);
@@ -321,6 +338,7 @@ bool NoteMover::moveTied(const Beat &beat, const std::vector<Held> &held, Direct
         _command._keptTied.keep(mover.from);
         mover.to.giveTo(*mover.note);
         _command._touched.add(_trackIndex, _staffIndex, bar, bar);
+        enterStretch(bar, mover.to.string != mover.from.string);
     }
     return true;
 }

@@ -57,6 +57,7 @@ private:
 
     bool moveSpan(const Voice &voice, const BeatSpan &span);
     bool finishStaff();
+    void enterStretch(unsigned bar, bool areStringsChanged);
     void read(const Beat &beat);
     bool moveBeat(const Beat &beat, const std::vector<Held> &held);
     bool areApart() const;

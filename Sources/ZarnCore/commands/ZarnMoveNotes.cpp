@@ -4,6 +4,7 @@
 #include <ZarnCore/commands/NoteMover.h>
 #include <ZarnCore/commands/ZarnRangeNodes.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/notes/Links.h>
 
 namespace zarn {
 
@@ -87,6 +88,8 @@ void MoveNotes::apply()
     _kept.clear();
     _tied.clear();
     _keptTied.clear();
+    _stretches.clear();
+    _links = {};
     _touched.clear();
     changeOthers();
     try {
@@ -97,12 +100,34 @@ void MoveNotes::apply()
             const bool isDone = mover.run();
             requirePlace(isDone && (mover.isAnyTaken() || !_range));
         }
-        finish();
+        if (finish())
+            for (Stretch &stretch : _stretches)
+                stretch.areStringsChanged = true;
+        mendStringLinks();
     } catch (...) {
         putBack();
         restoreOthers();
         throw;
     }
+}
+
+/// Where all notes of a track moved by the same and kept their strings, all links hold.
+void MoveNotes::mendStringLinks()
+{
+    const auto mayBreak = [this](const Stretch &stretch) {
+        return _range || stretch.areStringsChanged;
+    };
+    for (const Stretch &stretch : _stretches)
+        if (mayBreak(stretch))
+            keepStringLinks(*model().tracks()[stretch.track]->staves()[stretch.staff],
+                            stretch.firstBar, stretch.lastBar, stretch.track, _links);
+    for (const Stretch &stretch : _stretches)
+        if (mayBreak(stretch))
+            zarn::mendStringLinks(*model().tracks()[stretch.track]->staves()[stretch.staff],
+                                  stretch.firstBar, stretch.lastBar);
+    _links.settle();
+    for (const KeptBeats::Place &place : _links.changed())
+        _touched.add(place.track, place.staff, place.bar, place.bar);
 }
 
 void MoveNotes::revert()
@@ -120,6 +145,10 @@ Note &MoveNotes::noteAt(const Tied &place) const
 /// Walks as the change did, which moved no beat: as far as it came.
 void MoveNotes::putBack()
 {
+    _links.putBack([this](const KeptBeats::Place &place) {
+        const BeatSpan span = {place.track, place.staff, place.bar, place.voice};
+        return voiceOf(model(), span)->beats()[place.beat].get();
+    });
     for (std::size_t i = _tied.size(); i > 0; --i)
         _keptTied.giveTo(i - 1, noteAt(_tied[i - 1]));
     const auto range = places();

@@ -7,6 +7,7 @@
 #include <ZarnCore/commands/ZarnScoreCommand.h>
 #include <ZarnCore/commands/ZarnTouchedBars.h>
 #include <ZarnCore/fingering/ZarnFretboard.h>
+#include <ZarnCore/model/notes/ZarnKeptBeats.h>
 #include <ZarnCore/model/places/ZarnScoreModelRange.h>
 
 #include <cstddef>
@@ -35,7 +36,8 @@ struct NoteMove {
 ///
 /// A note is moved with all that it is tied to, as one: what is chosen for its first piece holds
 /// for the others, also outside of the range. Which notes a range means is said at `ChangeMarks`.
-/// A string is given to one note of a beat. Keeps four bytes a note for undo.
+/// A string is given to one note of a beat. Hammer-ons, pull-offs and slides that lead to nothing
+/// any more go. Keeps four bytes a note for undo.
 ///
 /// A concrete command implements `takes` and `moved`; its `init` ends with one of the `prepare`s.
 class ZARNCORE_EXPORT MoveNotes : public ScoreCommand {
@@ -94,8 +96,8 @@ protected:
     virtual void changeOthers() { }
     virtual void restoreOthers() { }
 
-    /// Called when all notes have moved.
-    virtual void finish() { }
+    /// Called when all notes have moved. Answers whether it put notes on other strings.
+    virtual bool finish() { return false; }
 
     /// Sends the events of a change, forwards and backwards: the bars.
     virtual void announce();
@@ -132,8 +134,18 @@ private:
         unsigned note;
     };
 
+    /// A staff whose notes moved, and how far.
+    struct Stretch {
+        unsigned track;
+        unsigned staff;
+        unsigned firstBar;
+        unsigned lastBar;
+        bool areStringsChanged;
+    };
+
     bool exists() const;
     bool canMove();
+    void mendStringLinks();
     void apply() override;
     void revert() override;
     void announceApplied() override { announce(); }
@@ -150,6 +162,8 @@ private:
     KeptPositions _kept; ///< of all notes of the beats of the range, in order
     std::vector<Tied> _tied;
     KeptPositions _keptTied;
+    std::vector<Stretch> _stretches;
+    KeptBeats _links; ///< beats with links that went
     TouchedBars _touched;
 };
 

@@ -15,9 +15,9 @@ namespace zarn::cmd {
 ///
 /// A note that cannot stay where it was (its string or its fret is gone) moves to the free string
 /// of its beat that plays its pitch at the lowest fret, or loses string and fret when there is
-/// none. Chord diagrams for another number of strings leave the sets of the staff. Sends
-/// `GuitarFullTuningChanged`, `ModifyBarRange` for the bars whose notes changed, and when diagrams
-/// left `ChordsChanged`.
+/// none. Hammer-ons, pull-offs and slides go that lead to no other fret any more. Chord diagrams
+/// for another number of strings leave the sets of the staff. Sends `GuitarFullTuningChanged`,
+/// `ModifyBarRange` for the bars whose notes changed, and when diagrams left `ChordsChanged`.
 class ZARNCORE_EXPORT SetGuitarFullTuning final : public MoveNotes {
 public:
     static constexpr unsigned MostStrings = 12;
@@ -50,6 +50,7 @@ private:
     std::optional<NoteMove> moved(const MarkedPlace &place, const Note &note) const override;
     void changeOthers() override;
     void restoreOthers() override;
+    bool finish() override { return true; }
     void announce() override;
 
     Staff *findStaff() const;

@@ -37,17 +37,18 @@ bool TransposeAllTracks::isPossible() const
 }
 
 /// Behind the notes, which go by the keys that are left.
-void TransposeAllTracks::finish()
+bool TransposeAllTracks::finish()
 {
     TransposeNotes::finish();
     _keysBefore.clear();
     if (!_areKeysMoved)
-        return;
+        return false;
     for (const auto &bar : model().masterTrack()->masterBars()) {
         _keysBefore.push_back(bar->concertKeySignature());
         bar->setConcertKeySignature(
             Music::transposedKeySignature(bar->concertKeySignature(), semitones()));
     }
+    return false;
 }
 
 void TransposeAllTracks::restoreOthers()

@@ -26,7 +26,7 @@ public:
 
 private:
     bool isPossible() const override;
-    void finish() override;
+    bool finish() override;
     void restoreOthers() override;
     void announce() override;
 

@@ -73,7 +73,7 @@ TransposedChords::Diagrams TransposeNotes::diagrams() const noexcept
 }
 
 /// Working sets stand at no bar: they go as the first one does.
-void TransposeNotes::finish()
+bool TransposeNotes::finish()
 {
     const auto bar = model().masterTrack()->masterBar(0);
     setKey(bar != nullptr ? bar->concertKeySignature() : KeySignature());
@@ -82,6 +82,7 @@ void TransposeNotes::finish()
             for (const auto &staff : track->staves())
                 _chords.transposeSets(*staff, track->index(), _transposition.interval(),
                                       semitones(), diagrams());
+    return false;
 }
 
 bool TransposeNotes::takes(const MarkedPlace &place, const Note &) const

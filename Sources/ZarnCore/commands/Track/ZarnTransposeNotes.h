@@ -36,7 +36,7 @@ protected:
     void restoreOthers() override;
 
     /// The chords that the staves have at hand.
-    void finish() override;
+    bool finish() override;
 
 private:
     void changeOthers() final;

@@ -35,13 +35,15 @@ bool TransposeTrack::isPossible() const
     return isPitched(*model().tracks()[_track]);
 }
 
-void TransposeTrack::finish()
+bool TransposeTrack::finish()
 {
     TransposeNotes::finish();
-    if (_refingering == Refingering::FindAnew)
-        for (const auto &staff : model().tracks()[_track]->staves())
-            if (fingering::canBeFingered(*staff))
-                refinger(*staff);
+    if (_refingering == Refingering::KeepStrings)
+        return false;
+    for (const auto &staff : model().tracks()[_track]->staves())
+        if (fingering::canBeFingered(*staff))
+            refinger(*staff);
+    return true;
 }
 
 void TransposeTrack::refinger(const Staff &staff)

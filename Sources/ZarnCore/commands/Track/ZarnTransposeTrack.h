@@ -24,7 +24,7 @@ public:
 
 private:
     bool isPossible() const override;
-    void finish() override;
+    bool finish() override;
     void refinger(const Staff &staff);
 
     unsigned _track = 0;
