@@ -89,12 +89,12 @@ bool NoteMover::moveSpan(const Voice &voice, const BeatSpan &span)
     for (unsigned i = span.firstBeat; i <= span.lastBeat; ++i) {
         if (_mode == Mode::Change)
             _command.enterBeat(span, *voice.beats()[i]);
+        _isBeginning = isBeginning && i == span.firstBeat;
         if (!moveBeat(*voice.beats()[i], line.held))
             return false;
         line.held = heldOn(Direction::Forwards);
         write();
-        if (isBeginning && i == span.firstBeat
-            && !moveTied(voice, i, heldOn(Direction::Backwards), Direction::Backwards))
+        if (_isBeginning && !moveTied(voice, i, heldOn(Direction::Backwards), Direction::Backwards))
             return false;
     }
     line.voice = &voice;
@@ -207,7 +207,7 @@ bool NoteMover::findHome(const Beat &beat, Mover &mover) const
 bool NoteMover::isFreeAlongTies(const Beat &beat, const Mover &mover, int string) const
 {
     return isFreeAlongTies(beat, mover, string, Direction::Forwards)
-        && isFreeAlongTies(beat, mover, string, Direction::Backwards);
+        && (!_isBeginning || isFreeAlongTies(beat, mover, string, Direction::Backwards));
 }
 
 /// Whether no beat that the note is tied to has another note on a string.

@@ -84,6 +84,7 @@ private:
     unsigned _bar = 0;
     std::array<Line, Bar::MaxVoices> _lines;
     std::vector<Mover> _movers; ///< of the beat at hand
+    bool _isBeginning = false;  ///< whether no beat in front of it in its voice has been walked
     bool _isAnyTaken = false;
 };
 

@@ -31,6 +31,13 @@ public:
             _percussion.push_back({position.articulation, position.staffLine, position.head});
     }
 
+    /// Takes no more memory than what is kept needs.
+    void shrink()
+    {
+        _pitches.shrink_to_fit();
+        _percussion.shrink_to_fit();
+    }
+
     /// Gives a note back what was kept of it.
     void giveTo(std::size_t number, Note &note) const
     {

@@ -100,6 +100,7 @@ void MoveNotes::apply()
             const bool isDone = mover.run();
             requirePlace(isDone && (mover.isAnyTaken() || !_range));
         }
+        _kept.shrink();
         if (finish())
             for (Stretch &stretch : _stretches)
                 stretch.areStringsChanged = true;
