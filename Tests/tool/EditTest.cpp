@@ -80,6 +80,44 @@ cursor 2:1 t2
 next
 previous
 free-time 7
+write 2:1 "6:5q 5:7 [4:2 3:2] 2:8" t2
+set-fret 2:1 7 t2
+string-pitch 2:1 6 A2 t2
+trill 2:1 B2 16th --string 6 t2
+no-trill 2:1 t2
+shift-string 2:2 down t2
+shift-pitch 2:1-4 1 t2
+accidental 2:1 flat t2
+respell 2:1 t2
+tuplet 2:3 3/2 t2
+dots 2:3 1 t2
+note-value 2:3 eighth t2
+longer 2:3 t2
+shorter 2:3 2 t2
+rhythm-velocity 2:3 q 90 t2
+bend 2:1 1/2 release --string 6 t2
+vibrato 2:1 wide t2
+harmonic 2:2 pinch 4 t2
+let-ring 2:1-2 t2
+palm-mute 2:1 t2
+let-ring-passage 2:1-4 5,6 t2
+palm-mute-passage 2:1-4 5,6 off t2
+dead 2:4 t2
+ghost 2:2 normal t2
+accent 2:2 heavy t2
+velocity 2:2 99 t2
+tap 2:1 left t2
+ornament 2:1 mordent t2
+left-finger 2:1 1 t2
+right-finger 2:1 p t2
+show-string 2:1 t2
+add-drum 2:1 20 t4
+drum-line 2:1 49 3 t4
+remove-drum 2:1 49 3 t4
+shift-drum 2:3 up t4
+transpose 2 refinger t2
+transposition 0 t5
+transpose-score -2
 )";
 
 TEST(Edit, everyCommandIsUndoneToTheByteAndRedone)
@@ -325,6 +363,12 @@ TEST(Edit, aWrongLineStopsAScriptWithItsPlaceAndSavesNothing)
         "abandon",
         "undo 5",
         "fret 2:9 1 1 t2",
+        "bend 2:1 sideways t2",
+        "bend 2:1 full hold t2",
+        "vibrato 2:1 wide --string 6 t2",
+        "shift-string 2:1 down t1",
+        "tuplet 2:1 3 t2",
+        "transpose 2 t4",
         "no-tempo 5",
         "remove-sound 1 9",
         "save nowhere/at/all.zarn",

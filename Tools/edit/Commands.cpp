@@ -27,9 +27,14 @@ QString usageWithoutWhere(const Command &command)
 const std::vector<CommandArea> &commandAreas()
 {
     static const std::vector<CommandArea> areas = {
-        {"Places", placeCommands()},        {"Notes and beats", noteCommands()},
-        {"Fingering", fingeringCommands()}, {"Bars", barCommands()},
-        {"Tracks", trackCommands()},        {"The score", scoreCommands()},
+        {"Places", placeCommands()},
+        {"Notes and beats", noteCommands()},
+        {"Pitches and lengths", pitchCommands()},
+        {"How notes are played", noteMarkCommands()},
+        {"Fingering", fingeringCommands()},
+        {"Bars", barCommands()},
+        {"Tracks", trackCommands()},
+        {"The score", scoreCommands()},
         {"The session", sessionCommands()},
     };
     return areas;

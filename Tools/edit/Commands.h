@@ -32,6 +32,8 @@ const std::vector<Command> &barCommands();
 const std::vector<Command> &trackCommands();
 const std::vector<Command> &scoreCommands();
 const std::vector<Command> &noteCommands();
+const std::vector<Command> &pitchCommands();
+const std::vector<Command> &noteMarkCommands();
 const std::vector<Command> &fingeringCommands();
 const std::vector<Command> &sessionCommands();
 

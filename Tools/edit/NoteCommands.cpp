@@ -133,7 +133,11 @@ bool setPitch(EditSession &session, const Values &values)
             writtenKey(index, values.get<PitchValue>(2), values.column(2))));
     const int written = writtenKey(index, values.get<PitchValue>(1), values.column(1));
     requirePitch(index, written, values);
-    if (session.score().setMIDINote(index, written))
+    // A spelling is that of the sounding note: it holds where the written one is its octave.
+    const auto &spelling = values.get<PitchValue>(1).spelling;
+    const bool isSpelled = spelling && (values.get<PitchValue>(1).midi - written) % 12 == 0;
+    if (isSpelled ? session.score().setMIDINote(index, written, *spelling)
+                  : session.score().setMIDINote(index, written))
         return true;
     throw LineError(values.column(1),
                     QStringLiteral("no free string of %1:%2 can play this")

@@ -105,6 +105,35 @@ ScoreModelRange targetBeats(EditSession &session, const Values &values)
                          : ScoreModelRange(first, last, SelectionMode::MultiSelection);
 }
 
+ScoreModelRange targetNotes(EditSession &session, const Values &values)
+{
+    ScoreModelRange range = targetBeats(session, values);
+    const bool isOnePlace = !range.isMultiSelection() && !range.isMultiVoice();
+    const QString option = QStringLiteral("string");
+    if (const int *const string = values.option<int>(option)) {
+        if (range.first() != range.second() || range.isMultiVoice())
+            throw LineError(values.optionColumn(option),
+                            QStringLiteral("a string is named for one beat"));
+        range.mutableFirst().setNoteString(static_cast<std::uint32_t>(*string));
+        if (range.first().note() == nullptr)
+            throw LineError(values.optionColumn(option),
+                            QStringLiteral("there is no note on this string"));
+        return ScoreModelRange(range.first());
+    }
+    if (isOnePlace && !values.has(0)) {
+        const ScoreModelIndex &cursor = session.score().scoreCursor().index();
+        const auto beat = range.first().beat();
+        const auto string = cursor.noteString();
+        if (string < GuitarTuning::maximumStringCount && beat != nullptr
+            && beat->noteOnString(static_cast<int>(string)) != nullptr) {
+            range.mutableFirst().setNoteString(string);
+            return ScoreModelRange(range.first());
+        }
+    }
+    range.setMultiSelection(true);
+    return range;
+}
+
 unsigned targetBar(EditSession &session, const Values &values)
 {
     return values.has(0) ? static_cast<unsigned>(values.get<int>(0)) : cursorPlace(session).bar;

@@ -20,6 +20,11 @@ ScoreModelIndex targetBeat(EditSession &session, const Values &values,
                            Allowed allowed = Allowed::Beats);
 ScoreModelRange targetBeats(EditSession &session, const Values &values);
 
+/// The notes that a command means: all of the beats that `targetBeats` finds; with the option
+/// "string" those on that string, and with no place in the line and nothing selected the one on the
+/// string of the cursor, where there is one.
+ScoreModelRange targetNotes(EditSession &session, const Values &values);
+
 unsigned targetBar(EditSession &session, const Values &values);
 BarRange targetBars(EditSession &session, const Values &values);
 
