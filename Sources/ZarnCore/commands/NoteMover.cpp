@@ -138,7 +138,7 @@ bool NoteMover::moveBeat(const Beat &beat, const std::vector<Held> &held)
         if (mover.isMoved || !_named.has(*_place, *mover.note)
             || !_command.takes(*_place, *mover.note))
             continue;
-        const auto move = _command.moved(*_place, *mover.note);
+        const auto move = _command.moved(*_place, *mover.note, mover.from);
         if (!move)
             return false;
         mover.to = move->to;
@@ -289,7 +289,7 @@ void NoteMover::write()
         _command._kept.keep(mover.from);
         if (mover.to == mover.from)
             continue;
-        mover.to.giveTo(*mover.note);
+        mover.to.giveTo(*mover.note, mover.from);
         isAnyChanged = true;
         if (mover.to.string != mover.from.string)
             enterStretch(_bar, true);
@@ -336,7 +336,7 @@ bool NoteMover::moveTied(const Beat &beat, const std::vector<Held> &held, Direct
         _command._tied.push_back({_trackIndex, _staffIndex, bar, voice->index(), beat.index(),
                                   static_cast<unsigned>(i)});
         _command._keptTied.keep(mover.from);
-        mover.to.giveTo(*mover.note);
+        mover.to.giveTo(*mover.note, mover.from);
         _command._touched.add(_trackIndex, _staffIndex, bar, bar);
         enterStretch(bar, mover.to.string != mover.from.string);
     }

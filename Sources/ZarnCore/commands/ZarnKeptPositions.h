@@ -41,7 +41,8 @@ public:
     /// Gives a note back what was kept of it.
     void giveTo(std::size_t number, Note &note) const
     {
-        NotePosition position(note);
+        const NotePosition before(note);
+        NotePosition position = before;
         position.midi = _pitches[number].midi;
         position.string = _pitches[number].string;
         position.fret = _pitches[number].fret;
@@ -51,7 +52,7 @@ public:
             position.staffLine = _percussion[number].staffLine;
             position.head = _percussion[number].head;
         }
-        position.giveTo(note);
+        position.giveTo(note, before);
     }
 
 private:

@@ -88,8 +88,9 @@ protected:
     /// Whether a note takes the change; those that do not stay where they are.
     virtual bool takes(const MarkedPlace &place, const Note &note) const = 0;
 
-    /// Where a note goes; nothing when it cannot.
-    virtual std::optional<NoteMove> moved(const MarkedPlace &place, const Note &note) const = 0;
+    /// Where a note goes that is at a position; nothing when it cannot.
+    virtual std::optional<NoteMove> moved(const MarkedPlace &place, const Note &note,
+                                          const NotePosition &from) const = 0;
 
     /// What changes beside the notes: in front of them, and backwards behind them. `changeOthers`
     /// throws only before it changes anything.

@@ -22,12 +22,12 @@ bool SetNoteSoundingAccidental::init(Score *score, const ScoreModelRange &range,
     return accidental.isValid() && prepare(score, range);
 }
 
-std::optional<NoteMove> SetNoteSoundingAccidental::moved(const MarkedPlace &,
-                                                         const Note &note) const
+std::optional<NoteMove> SetNoteSoundingAccidental::moved(const MarkedPlace &, const Note &note,
+                                                         const NotePosition &from) const
 {
     const core::Pitch before = written(note);
     const core::Pitch after(before.naturalStep(), _accidental.alteration(), before.octave());
-    return repitched(NotePosition(note), after.midi() - note.midi(),
+    return repitched(from, after.midi() - note.midi(),
                      spellingNumber(PitchClass::fromPitch(after)));
 }
 

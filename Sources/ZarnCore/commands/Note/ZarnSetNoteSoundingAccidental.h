@@ -19,7 +19,8 @@ public:
     bool init(Score *score, const ScoreModelRange &range, NoteAccidental accidental);
 
 private:
-    std::optional<NoteMove> moved(const MarkedPlace &place, const Note &note) const override;
+    std::optional<NoteMove> moved(const MarkedPlace &place, const Note &note,
+                                  const NotePosition &from) const override;
 
     NoteAccidental _accidental;
 };

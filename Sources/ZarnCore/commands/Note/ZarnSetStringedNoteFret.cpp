@@ -23,9 +23,10 @@ bool SetStringedNoteFret::takes(const MarkedPlace &place, const Note &note) cons
     return place.isFretted && note.string() != Note::Unset;
 }
 
-std::optional<NoteMove> SetStringedNoteFret::moved(const MarkedPlace &, const Note &note) const
+std::optional<NoteMove> SetStringedNoteFret::moved(const MarkedPlace &, const Note &,
+                                                   const NotePosition &from) const
 {
-    return refretted(NotePosition(note), note.string(), _fret);
+    return refretted(from, from.string, _fret);
 }
 
 } // namespace zarn::cmd

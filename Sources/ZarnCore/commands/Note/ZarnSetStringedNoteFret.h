@@ -18,7 +18,8 @@ public:
 
 private:
     bool takes(const MarkedPlace &place, const Note &note) const override;
-    std::optional<NoteMove> moved(const MarkedPlace &place, const Note &note) const override;
+    std::optional<NoteMove> moved(const MarkedPlace &place, const Note &note,
+                                  const NotePosition &from) const override;
 
     int _fret = 0;
 };

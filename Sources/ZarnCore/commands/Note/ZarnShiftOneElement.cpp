@@ -53,8 +53,8 @@ bool ShiftOneElement<Direction>::takes(const MarkedPlace &, const Note &note) co
 }
 
 template <unsigned Direction>
-std::optional<NoteMove> ShiftOneElement<Direction>::moved(const MarkedPlace &,
-                                                          const Note &note) const
+std::optional<NoteMove> ShiftOneElement<Direction>::moved(const MarkedPlace &, const Note &note,
+                                                          const NotePosition &) const
 {
     const int line = lineOf(note);
     const bool isUp = Direction == static_cast<unsigned>(Shift::Up);

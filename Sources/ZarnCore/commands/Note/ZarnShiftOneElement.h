@@ -24,7 +24,8 @@ public:
 private:
     void enterStaff(const Staff &staff) override;
     bool takes(const MarkedPlace &place, const Note &note) const override;
-    std::optional<NoteMove> moved(const MarkedPlace &place, const Note &note) const override;
+    std::optional<NoteMove> moved(const MarkedPlace &place, const Note &note,
+                                  const NotePosition &from) const override;
     int lineOf(const Note &note) const;
 
     std::shared_ptr<const InstrumentSet> _set; ///< of the staff at hand

@@ -31,10 +31,9 @@ bool ShiftOneString<Direction>::takes(const MarkedPlace &place, const Note &note
 }
 
 template <unsigned Direction>
-std::optional<NoteMove> ShiftOneString<Direction>::moved(const MarkedPlace &,
-                                                         const Note &note) const
+std::optional<NoteMove> ShiftOneString<Direction>::moved(const MarkedPlace &, const Note &,
+                                                         const NotePosition &from) const
 {
-    const NotePosition from(note);
     const int string = from.string + (Direction == static_cast<unsigned>(Shift::Up) ? 1 : -1);
     const int pitch = fretboard().pitch(from.string, from.fret);
     return refretted(from, string, fretboard().fret(string, pitch >= 0 ? pitch : from.midi));

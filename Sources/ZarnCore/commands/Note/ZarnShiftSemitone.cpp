@@ -24,9 +24,10 @@ bool ShiftSemitone::takes(const MarkedPlace &place, const Note &) const
     return place.isPitched;
 }
 
-std::optional<NoteMove> ShiftSemitone::moved(const MarkedPlace &, const Note &note) const
+std::optional<NoteMove> ShiftSemitone::moved(const MarkedPlace &, const Note &,
+                                             const NotePosition &from) const
 {
-    return repitched(NotePosition(note), _semitones, NotePosition::NoSpelling);
+    return repitched(from, _semitones, NotePosition::NoSpelling);
 }
 
 } // namespace zarn::cmd

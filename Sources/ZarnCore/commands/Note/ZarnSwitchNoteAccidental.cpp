@@ -40,9 +40,10 @@ bool SwitchNoteAccidental::init(Score *score, const ScoreModelRange &range)
     return prepare(score, range);
 }
 
-std::optional<NoteMove> SwitchNoteAccidental::moved(const MarkedPlace &, const Note &note) const
+std::optional<NoteMove> SwitchNoteAccidental::moved(const MarkedPlace &, const Note &note,
+                                                    const NotePosition &from) const
 {
-    NoteMove move = {NotePosition(note), std::nullopt};
+    NoteMove move = {from, std::nullopt};
     const auto circle = spellingsOf(note.midi());
     const auto own = spellingNumber(PitchClass::fromPitch(written(note)));
     const auto at = std::find(circle.begin(), circle.end(), own);

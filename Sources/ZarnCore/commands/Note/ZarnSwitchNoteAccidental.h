@@ -16,7 +16,8 @@ public:
     bool init(Score *score, const ScoreModelRange &range);
 
 private:
-    std::optional<NoteMove> moved(const MarkedPlace &place, const Note &note) const override;
+    std::optional<NoteMove> moved(const MarkedPlace &place, const Note &note,
+                                  const NotePosition &from) const override;
 };
 
 } // namespace zarn::cmd

@@ -133,23 +133,24 @@ bool SetGuitarFullTuning::takes(const MarkedPlace &, const Note &note) const
 
 /// The place and pitch of a note on the new strings. The pitch of a note may differ from that of
 /// its fret, by an octave in many editions: it moves along.
-std::optional<NoteMove> SetGuitarFullTuning::moved(const MarkedPlace &place, const Note &note) const
+std::optional<NoteMove> SetGuitarFullTuning::moved(const MarkedPlace &place, const Note &,
+                                                   const NotePosition &from) const
 {
-    NoteMove move = {NotePosition(note), std::nullopt};
+    NoteMove move = {from, std::nullopt};
     NotePosition &to = move.to;
-    const int pitchBefore = _fretboardBefore->pitch(note.string(), note.fret());
-    if (_retuning == Retuning::KeepFrets && place.isFretted && note.midi() != Note::Unset) {
-        const int pitch = fretboard().pitch(note.string(), note.fret());
-        const int midi = note.midi() + pitch - pitchBefore;
+    const int pitchBefore = _fretboardBefore->pitch(from.string, from.fret);
+    if (_retuning == Retuning::KeepFrets && place.isFretted && from.midi != Note::Unset) {
+        const int pitch = fretboard().pitch(from.string, from.fret);
+        const int midi = from.midi + pitch - pitchBefore;
         if (pitch >= 0 && pitchBefore >= 0 && midi >= 0 && midi <= highestKey) {
-            if (midi != note.midi())
+            if (midi != from.midi)
                 to.spelling = NotePosition::NoSpelling;
             to.midi = static_cast<std::int8_t>(midi);
             return move;
         }
     }
-    const int pitch = pitchBefore >= 0 ? pitchBefore : note.midi();
-    const int fret = place.isFretted ? fretboard().fret(note.string(), pitch) : -1;
+    const int pitch = pitchBefore >= 0 ? pitchBefore : from.midi;
+    const int fret = place.isFretted ? fretboard().fret(from.string, pitch) : -1;
     if (fret >= 0)
         to.fret = static_cast<std::int8_t>(fret);
     else

@@ -47,7 +47,8 @@ private:
     bool isPossible() const override;
     void begin() override;
     bool takes(const MarkedPlace &place, const Note &note) const override;
-    std::optional<NoteMove> moved(const MarkedPlace &place, const Note &note) const override;
+    std::optional<NoteMove> moved(const MarkedPlace &place, const Note &note,
+                                  const NotePosition &from) const override;
     void changeOthers() override;
     void restoreOthers() override;
     bool finish() override { return true; }

@@ -57,7 +57,7 @@ void TransposeNotes::enterStaff(const Staff &staff)
 
 void TransposeNotes::enterBar(const Bar &bar)
 {
-    setKey(bar.masterBar()->concertKeySignature());
+    setKey(model().masterTrack()->masterBars()[bar.index()]->concertKeySignature());
 }
 
 void TransposeNotes::enterBeat(const BeatSpan &place, Beat &beat)
@@ -90,9 +90,9 @@ bool TransposeNotes::takes(const MarkedPlace &place, const Note &) const
     return place.isPitched;
 }
 
-std::optional<NoteMove> TransposeNotes::moved(const MarkedPlace &, const Note &note) const
+std::optional<NoteMove> TransposeNotes::moved(const MarkedPlace &, const Note &,
+                                              const NotePosition &from) const
 {
-    const NotePosition from(note);
     const std::uint8_t spelling = _transposition.spelling(from.spelling);
     if (_frets == Frets::Follow)
         return repitched(from, semitones(), spelling);

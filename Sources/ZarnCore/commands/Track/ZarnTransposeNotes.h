@@ -48,7 +48,8 @@ private:
     void enterBar(const Bar &bar) final;
     void enterBeat(const BeatSpan &place, Beat &beat) final;
     bool takes(const MarkedPlace &place, const Note &note) const final;
-    std::optional<NoteMove> moved(const MarkedPlace &place, const Note &note) const final;
+    std::optional<NoteMove> moved(const MarkedPlace &place, const Note &note,
+                                  const NotePosition &from) const final;
     void setKey(const KeySignature &key);
     TransposedChords::Diagrams diagrams() const noexcept;
 

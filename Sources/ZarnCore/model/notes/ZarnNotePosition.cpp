@@ -13,9 +13,8 @@ NotePosition::NotePosition(const Note &note)
 {
 }
 
-void NotePosition::giveTo(Note &note) const
+void NotePosition::giveTo(Note &note, const NotePosition &before) const
 {
-    const NotePosition before(note);
     if (midi != before.midi)
         note.setMidi(midi);
     if (string != before.string)

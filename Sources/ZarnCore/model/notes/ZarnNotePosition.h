@@ -25,8 +25,9 @@ struct ZARNCORE_EXPORT NotePosition {
     NotePosition() = default;
     explicit NotePosition(const Note &note);
 
-    /// Changes what is different in the note.
-    void giveTo(Note &note) const;
+    /// Changes what is different in a note; `before` is where it is.
+    void giveTo(Note &note, const NotePosition &before) const;
+    void giveTo(Note &note) const { giveTo(note, NotePosition(note)); }
 
     friend bool operator==(const NotePosition &left, const NotePosition &right) noexcept
     {
