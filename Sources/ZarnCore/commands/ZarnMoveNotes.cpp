@@ -94,11 +94,11 @@ void MoveNotes::apply()
     changeOthers();
     try {
         if (const auto range = places()) {
-            if (_options.announced == Announced::Range)
-                _touched.add(*range);
             NoteMover mover(*this, NoteMover::Mode::Change, *range);
             const bool isDone = mover.run();
             requirePlace(isDone && (mover.isAnyTaken() || !_range));
+            if (_options.announced == Announced::Range)
+                _touched.add(*range);
         }
         _kept.shrink();
         if (finish())
