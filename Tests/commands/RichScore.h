@@ -54,6 +54,8 @@ struct RichScore : SmallScore {
         model.insertAudioTrack(0, std::make_shared<AudioTrack>("Click"));
         model.insertAudioTrack(1, std::make_shared<AudioTrack>("Band"));
         model.track(1)->addSound(std::make_shared<Sound>("Piano", MIDISound()));
+        model.setTrackGroups({{0, 1, "Band", GroupSymbol::Bracket, true},
+                              {1, 1, "Keys", GroupSymbol::Brace, false}});
         model.masterTrack()->insertAutomation(tempo(0, 100).cloneAutomation());
         model.masterTrack()->insertAutomation(tempo(2, 120).cloneAutomation());
         model.track(1)->mutableAutomations().insertAutomation(

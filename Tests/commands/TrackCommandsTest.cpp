@@ -9,6 +9,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <string>
+
 namespace {
 
 using namespace zarn;
@@ -169,6 +172,48 @@ TEST_F(TrackCommandsTest, aMissingScoreIsNamedWithTheFunction)
     } catch (const CoreException &error) {
         EXPECT_EQ(error.message(), "Assertion failed: score != NULL");
         EXPECT_EQ(error.function(), "zarn::cmd::SetTrackName::init");
+    }
+}
+
+std::string groupsOf(const ScoreModel &model)
+{
+    std::string text;
+    for (const TrackGroup &group : model.trackGroups())
+        text += group.name + std::to_string(group.first) + "-" + std::to_string(group.last) + " ";
+    return text;
+}
+
+/// Groups hold their tracks, whatever comes and goes.
+TEST_F(TrackCommandsTest, groupsFollowTheirTracks)
+{
+    for (unsigned i = 2; i < 6; ++i)
+        model.createAndInsertTrack(i, InstrumentSet::violin);
+    model.setTrackGroups({{1, 4, "all", GroupSymbol::Bracket, true},
+                          {2, 3, "pair", GroupSymbol::Brace, false},
+                          {4, 4, "solo", GroupSymbol::None, false}});
+    const std::string before = groupsOf(model);
+    struct Case {
+        std::function<bool()> act;
+        const char *groups;
+    };
+    const Case cases[] = {
+        {[this] { return score.createTrack(1, InstrumentSet::flute); }, "all2-5 pair3-4 solo5-5 "},
+        {[this] { return score.createTrack(3, InstrumentSet::flute); }, "all1-5 pair2-4 solo5-5 "},
+        {[this] { return score.createTrack(5, InstrumentSet::flute); }, "all1-4 pair2-3 solo4-4 "},
+        {[this] { return score.createTrack(6, InstrumentSet::flute); }, "all1-4 pair2-3 solo4-4 "},
+        {[this] { return score.removeTrack(0); }, "all0-3 pair1-2 solo3-3 "},
+        {[this] { return score.removeTrack(4); }, "all1-3 pair2-3 "},
+        {[this] { return score.removeTrack(2); }, "all1-3 pair2-2 solo3-3 "},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.groups);
+        ASSERT_TRUE(c.act());
+        EXPECT_EQ(groupsOf(model), c.groups);
+        score.commandStack().undo();
+        EXPECT_EQ(groupsOf(model), before);
+        score.commandStack().redo();
+        EXPECT_EQ(groupsOf(model), c.groups);
+        score.commandStack().undo();
     }
 }
 

@@ -455,15 +455,22 @@ void EventMirror::hear(const evt::MasterBarAlternateEnding &event)
 
 // Events of tracks.
 
+void EventMirror::readTrackGroups()
+{
+    _known.head->setTrackGroups(model().trackGroups());
+}
+
 void EventMirror::hear(const evt::RequestAddTracks &event)
 {
     for (int i = event.index(); i < event.index() + event.count(); ++i)
         _known.tracks.insert(_known.tracks.begin() + i, ScoreCopy::TrackCopy(track(i)));
+    readTrackGroups();
 }
 
 void EventMirror::hear(const evt::RemoveTrack &event)
 {
     _known.tracks.erase(_known.tracks.begin() + event.trackIndex());
+    readTrackGroups();
 }
 
 void EventMirror::hear(const evt::TrackNameChanged &event)

@@ -97,6 +97,7 @@ private:
 
     void startStep();
     void readEffect(int slot);
+    void readTrackGroups();
     zarn::Track &head(int track) { return *_known.tracks.at(static_cast<std::size_t>(track)).head; }
     const zarn::Track &track(int index) const;
     void insertSound(int track, int index);

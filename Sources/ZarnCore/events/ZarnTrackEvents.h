@@ -6,8 +6,8 @@
 /// Events of tracks. Tracks and staves are counted from 0.
 namespace zarn::evt {
 
-/// Tracks were inserted: this many, the first at this index. Undoing the removal of a track sends
-/// it too.
+/// Tracks were inserted: this many, the first at this index. The groups of tracks follow, as with
+/// `RemoveTrack`. Undoing the removal of a track sends it too.
 class RequestAddTracks final : public SpanEvent<RequestAddTracks> {
     using SpanEvent::SpanEvent;
 };

@@ -200,6 +200,19 @@ public:
         ChildLinkAccess::setPlace(*_items[second], second);
     }
 
+    /// Gives a child another index; those that it passes make room.
+    void move(std::size_t from, std::size_t to)
+    {
+        const auto at = [this](std::size_t index) {
+            return _items.begin() + static_cast<std::ptrdiff_t>(index);
+        };
+        if (from < to)
+            std::rotate(at(from), at(from + 1), at(to + 1));
+        else
+            std::rotate(at(to), at(from), at(from + 1));
+        renumberFrom(std::min(from, to));
+    }
+
     /// Finishes the links of a copy, once its owner is held by a shared pointer.
     void link(const std::weak_ptr<Parent> &parent)
     {

@@ -97,7 +97,10 @@ void ScoreModel::addTrack(const std::shared_ptr<Track> &track)
 
 void ScoreModel::insertTrack(unsigned index, const std::shared_ptr<Track> &track, bool alignBars)
 {
+    const bool isBetween = index < trackCount();
     _tracks.insert(index, track, asParent());
+    if (isBetween)
+        _trackGroups = groupsAfterInsertion(std::move(_trackGroups), index);
     if (!alignBars)
         return;
     const unsigned count = _masterTrack->masterBarCount();
@@ -112,19 +115,31 @@ void ScoreModel::insertTrack(unsigned index, const std::shared_ptr<Track> &track
 std::shared_ptr<Track> ScoreModel::removeTrack(unsigned index)
 {
     auto taken = _tracks.take(index, index);
-    return taken.empty() ? nullptr : std::move(taken.front());
+    if (taken.empty())
+        return nullptr;
+    _trackGroups = groupsAfterRemoval(std::move(_trackGroups), index);
+    return std::move(taken.front());
 }
 
 void ScoreModel::clearTracks()
 {
     if (hasTracks())
         _tracks.take(0, trackCount() - 1);
+    _trackGroups.clear();
 }
 
 void ScoreModel::swapTrack(unsigned first, unsigned second)
 {
     if (hasTrackIndex(first) && hasTrackIndex(second))
         _tracks.swap(first, second);
+}
+
+void ScoreModel::moveTrack(unsigned from, unsigned to)
+{
+    if (!hasTrackIndex(from) || !hasTrackIndex(to) || from == to)
+        return;
+    _tracks.move(from, to);
+    _trackGroups = groupsAfterMove(std::move(_trackGroups), from, to);
 }
 
 void ScoreModel::clear()

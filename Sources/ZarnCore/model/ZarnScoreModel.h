@@ -83,7 +83,8 @@ public:
 
     /// Puts a detached track in front of `index`; past the end it is appended. With `alignBars`
     /// its staves get bars at their end, or lose them there, until there is one per master bar;
-    /// without, the bars stay as they are.
+    /// without, the bars stay as they are. The groups of tracks follow here, when a track is taken
+    /// out and when one moves; see `groupsAfterInsertion` and its neighbours.
     void addTrack(const std::shared_ptr<Track> &track);
     void insertTrack(unsigned index, const std::shared_ptr<Track> &track, bool alignBars = false);
 
@@ -91,8 +92,10 @@ public:
     std::shared_ptr<Track> removeTrack(unsigned index);
     void clearTracks();
 
-    /// Nothing happens unless both are there.
+    /// Exchange two tracks, which then belong to each other's groups, or give a track another
+    /// index. Nothing happens unless both places are there.
     void swapTrack(unsigned first, unsigned second);
+    void moveTrack(unsigned from, unsigned to);
 
     // Audio tracks, shared with their users.
 

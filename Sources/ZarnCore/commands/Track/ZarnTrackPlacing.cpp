@@ -6,6 +6,7 @@
 #include <ZarnCore/score/ZarnScoreBase.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace zarn {
 
@@ -45,13 +46,29 @@ bool TrackPlacing::canGoOut(unsigned index) const
 
 void TrackPlacing::insert(unsigned index, const std::shared_ptr<Track> &track)
 {
+    auto groups = model().trackGroups();
     model().insertTrack(index, track, true);
+    settleGroups(std::move(groups));
 }
 
 std::shared_ptr<Track> TrackPlacing::remove(unsigned index)
 {
     score().notify(this, evt::WillRemoveTrack(static_cast<int>(index)));
-    return model().removeTrack(index);
+    auto groups = model().trackGroups();
+    auto track = model().removeTrack(index);
+    settleGroups(std::move(groups));
+    return track;
+}
+
+/// Keeps the groups that the command found; undo gives them back.
+void TrackPlacing::settleGroups(TrackGroups found)
+{
+    if (_groupsBefore) {
+        model().setTrackGroups(*std::move(_groupsBefore));
+        _groupsBefore.reset();
+    } else {
+        _groupsBefore = std::move(found);
+    }
 }
 
 void TrackPlacing::announceIn()
