@@ -11,6 +11,12 @@ class ScoreBase;
 /// How events of automations and effects name the master track.
 constexpr int masterTrackIndex = -1;
 
+/// Whether automations of a type drive one of the 32 parameters of channel strips and effects.
+constexpr bool isParameterType(Automation::Type type) noexcept
+{
+    return type >= Automation::DSPParam_00 && type <= Automation::DSPParam_31;
+}
+
 /// Sends the events of automations of one type that came, went or changed between two bars, both
 /// included: `MasterTrackAutomationChanged`, or for a track `TrackAutomationChanged` and, when they
 /// switch sounds, `SoundAutomationChanged`.

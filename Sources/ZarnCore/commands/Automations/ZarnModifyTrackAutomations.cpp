@@ -2,14 +2,11 @@
 #include <ZarnCore/commands/Automations/ZarnModifyTrackAutomations.h>
 
 #include <ZarnCore/ZarnAssert.h>
-#include <ZarnCore/events/ZarnAutomationEvents.h>
-#include <ZarnCore/model/ZarnScoreModel.h>
-#include <ZarnCore/score/ZarnScoreBase.h>
 
 namespace zarn::cmd {
 
 ModifyTrackAutomations::ModifyTrackAutomations()
-    : ModifyAutomations(QStringLiteral("ModifyTrackAutomations"))
+    : AutomationsCommand(QStringLiteral("ModifyTrackAutomations"))
 {
 }
 ModifyTrackAutomations::~ModifyTrackAutomations() = default;
@@ -18,31 +15,7 @@ bool ModifyTrackAutomations::init(Score *score, unsigned track, const Automation
                                   const Automations &inserted)
 {
     ZARN_ASSERT_IN("zarn::cmd::ModifyTrackAutomations::init", score != NULL);
-    addArg(QStringLiteral("TrackIndex"), QString::number(track));
-    _track = track;
-    return prepare(score, removed, inserted);
-}
-
-AutomationContainer *ModifyTrackAutomations::container() const
-{
-    return model().hasTrackIndex(_track) ? &model().tracks()[_track]->mutableAutomations()
-                                         : nullptr;
-}
-
-bool ModifyTrackAutomations::canHold(Automation::Type type) const noexcept
-{
-    return type == Automation::Sound || isEffectParameter(type);
-}
-
-void ModifyTrackAutomations::announceApplied()
-{
-    announceBars(static_cast<int>(_track));
-    score().notify(this, evt::AutomationChanged());
-}
-
-void ModifyTrackAutomations::announceReverted()
-{
-    announceApplied();
+    return prepare(score, {{trackNumber(track), removed, inserted}});
 }
 
 } // namespace zarn::cmd
