@@ -11,6 +11,10 @@ std::vector<CommandRow> documentRows();
 void expectDocumentCommandsRefused(rich::RichScore &);
 std::vector<CommandRow> beatRows();
 void expectBeatCommandsRefused(rich::RichScore &);
+std::vector<CommandRow> soundRows();
+void expectSoundCommandsRefused(rich::RichScore &);
+std::vector<CommandRow> playingRows();
+void expectPlayingCommandsRefused(rich::RichScore &);
 std::vector<CommandRow> markRows();
 void expectMarkCommandsRefused(rich::RichScore &);
 std::vector<CommandRow> pitchRows();
@@ -22,6 +26,8 @@ const std::vector<CommandRowsOfArea> &commandAreas()
         {formRows, expectFormCommandsRefused},         {trackRows, expectTrackCommandsRefused},
         {documentRows, expectDocumentCommandsRefused}, {beatRows, expectBeatCommandsRefused},
         {markRows, expectMarkCommandsRefused},         {pitchRows, expectPitchCommandsRefused},
+        {soundRows, expectSoundCommandsRefused},       {playingRows, expectPlayingCommandsRefused},
+        {markRows, expectMarkCommandsRefused},
     };
     return areas;
 }

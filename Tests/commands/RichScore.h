@@ -53,7 +53,7 @@ struct RichScore : SmallScore {
     {
         model.insertAudioTrack(0, std::make_shared<AudioTrack>("Click"));
         model.insertAudioTrack(1, std::make_shared<AudioTrack>("Band"));
-        model.track(1)->addSound(std::make_shared<Sound>("Piano", MIDISound()));
+        addSounds(*model.track(1));
         model.setTrackGroups({{0, 1, "Band", GroupSymbol::Bracket, true},
                               {1, 1, "Keys", GroupSymbol::Brace, false}});
         model.masterTrack()->insertAutomation(tempo(0, 100).cloneAutomation());
@@ -74,6 +74,23 @@ struct RichScore : SmallScore {
         model.masterTrack()->masterBars()[5]->setBeamGroups(BeamGroups({1, 3}));
         beat(0, 1).setDynamic(NoteDynamic::Value::P);
         score.scoreCursor().setIndex(at(5, -1, 1));
+    }
+
+    /// A piano and an organ with effects; the track switches to the piano, and yet plays the organ.
+    static void addSounds(Track &track)
+    {
+        const auto piano = std::make_shared<Sound>("Piano", MIDISound());
+        piano->mutableOrkaSound().mutableEffectChain().setEffect(0, Effect("eq", "EQ", {0.5F}));
+        piano->mutableOrkaSound().mutableEffectChain().setEffect(2, Effect("echo", "Echo", {}));
+        const auto organ = std::make_shared<Sound>("Organ", MIDISound());
+        organ->mutableOrkaSound().mutableEffectChain().setEffect(0, Effect("drive", "Drive", {1}));
+        track.addSound(piano);
+        track.addSound(organ);
+        track.setForcedSoundIndex(1);
+        auto change = std::make_unique<SoundAutomation>(piano);
+        change->setIndex(1);
+        change->setPosition(2);
+        track.mutableAutomations().insertAutomation(std::move(change));
     }
 };
 

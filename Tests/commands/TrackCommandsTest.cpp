@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "support/CommandLaw.h"
 #include "support/EventLog.h"
 #include "support/SmallScore.h"
 
@@ -183,7 +184,7 @@ std::string groupsOf(const ScoreModel &model)
     return text;
 }
 
-/// Groups hold their tracks, whatever comes and goes.
+/// Groups hold their tracks, whatever comes, goes and moves.
 TEST_F(TrackCommandsTest, groupsFollowTheirTracks)
 {
     for (unsigned i = 2; i < 6; ++i)
@@ -204,6 +205,12 @@ TEST_F(TrackCommandsTest, groupsFollowTheirTracks)
         {[this] { return score.removeTrack(0); }, "all0-3 pair1-2 solo3-3 "},
         {[this] { return score.removeTrack(4); }, "all1-3 pair2-3 "},
         {[this] { return score.removeTrack(2); }, "all1-3 pair2-2 solo3-3 "},
+        {[this] { return score.moveTrack(2, 3); }, "all1-4 pair2-3 solo4-4 "},
+        {[this] { return score.moveTrack(1, 4); }, "all1-4 pair1-2 solo3-3 "},
+        {[this] { return score.moveTrack(4, 0); }, "all2-4 pair3-4 solo0-0 "},
+        {[this] { return score.moveTrack(0, 2); }, "all0-4 pair1-3 solo4-4 "},
+        {[this] { return score.moveTrack(5, 3); }, "all1-5 pair2-4 solo5-5 "},
+        {[this] { return score.moveTrack(0, 5); }, "all0-3 pair1-2 solo3-3 "},
     };
     for (const Case &c : cases) {
         SCOPED_TRACE(c.groups);
@@ -215,6 +222,18 @@ TEST_F(TrackCommandsTest, groupsFollowTheirTracks)
         EXPECT_EQ(groupsOf(model), c.groups);
         score.commandStack().undo();
     }
+}
+
+/// A listener that throws between the events of a move leaves the others where the track is.
+TEST_F(TrackCommandsTest, aMovePastSeveralTracksIsKnownEverywhere)
+{
+    for (unsigned i = 2; i < 5; ++i)
+        model.createAndInsertTrack(i, InstrumentSet::violin);
+    const auto move = [this] { return score.moveTrack(0, 3); };
+    expectUndoable(score, move,
+                   Announcement{"SwapTrack(0,1) SwapTrack(1,2) SwapTrack(2,3) ",
+                                "SwapTrack(3,2) SwapTrack(2,1) SwapTrack(1,0) "});
+    expectTakenBackWhenAListenerThrows(score, move);
 }
 
 } // namespace

@@ -3,7 +3,6 @@
 
 #include "EventText.h"
 
-#include <ZarnCore/instruments/effects/ZarnMastering.h>
 #include <ZarnCore/model/ZarnMasterBarAttribute.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/score/ZarnScore.h>
@@ -101,13 +100,6 @@ bool EventMirror::meetBars(int first, int last)
     return true;
 }
 
-template <class Value>
-void EventMirror::expectOld(const Value &told, const Value &known)
-{
-    if (!(told == known) && _doubt.empty())
-        _doubt = "an event tells of an old value that nobody heard of";
-}
-
 void EventMirror::blame(const std::string &fault)
 {
     if (_fault.empty())
@@ -158,13 +150,13 @@ void EventMirror::hear(const evt::CommandExecuted &)
 
 void EventMirror::hear(const evt::ScoreCursorMoved &event)
 {
-    expectOld(event.oldValue(), _known.cursor);
+    expectOld(event.oldValue(), event.newValue(), _known.cursor);
     _known.cursor = event.newValue();
 }
 
 void EventMirror::hear(const evt::ConcertToneChanged &event)
 {
-    expectOld(event.oldValue(), _known.head->concertTone());
+    expectOld(event.oldValue(), event.newValue(), _known.head->concertTone());
     _known.head->setConcertTone(event.newValue());
 }
 
@@ -186,7 +178,7 @@ void EventMirror::hear(const evt::HeaderAndFooterChanged &event)
 
 void EventMirror::hear(const evt::GlobalTempoChanged &event)
 {
-    expectOld(event.oldValue(), _known.startTempo);
+    expectOld(event.oldValue(), event.newValue(), _known.startTempo);
     _known.startTempo = event.newValue();
 }
 
@@ -198,26 +190,9 @@ void EventMirror::hear(const evt::RequestMasterBarPlaylistUpdate &)
 void EventMirror::hear(const evt::MasterBarDirection &event)
 {
     const auto slot = static_cast<std::size_t>(event.mark());
-    expectOld(event.oldBar(),
+    expectOld(event.oldBar(), event.newBar(),
               _known.directions[slot] == gone ? _goneDirections[slot] : _known.directions[slot]);
     _known.directions[slot] = event.newBar();
-}
-
-void EventMirror::readEffect(int slot)
-{
-    const auto number = static_cast<unsigned>(slot);
-    _known.head->masterTrack()->mutableMastering().mutableEffectChain().setEffect(
-        number, model().masterTrack()->mastering().effectChain().effect(number));
-}
-
-void EventMirror::hear(const evt::RequestEffectDelete &event)
-{
-    readEffect(event.slot());
-}
-
-void EventMirror::hear(const evt::RequestEffectChange &event)
-{
-    readEffect(event.slot());
 }
 
 void EventMirror::hear(const evt::AddAudioTrack &event)
@@ -405,7 +380,7 @@ void EventMirror::hear(const evt::BarLayoutRatiosChanged &event)
 
 void EventMirror::hear(const evt::AnacrusisChanged &event)
 {
-    expectOld(event.oldValue(), _known.head->masterTrack()->hasAnacrusis());
+    expectOld(event.oldValue(), event.newValue(), _known.head->masterTrack()->hasAnacrusis());
     _known.head->masterTrack()->setAnacrusis(event.newValue());
 }
 
@@ -454,11 +429,6 @@ void EventMirror::hear(const evt::MasterBarAlternateEnding &event)
 }
 
 // Events of tracks.
-
-void EventMirror::readTrackGroups()
-{
-    _known.head->setTrackGroups(model().trackGroups());
-}
 
 void EventMirror::hear(const evt::RequestAddTracks &event)
 {
@@ -519,25 +489,4 @@ void EventMirror::hear(const evt::ChordsChanged &event)
     copy.setChordWorkingSet(staff.chordWorkingSet());
     copy.setDiagramCollection(staff.diagramCollection());
     copy.setDiagramWorkingSet(staff.diagramWorkingSet());
-}
-
-void EventMirror::insertSound(int track, int index)
-{
-    const auto number = static_cast<unsigned>(index);
-    head(track).insertSound(number, this->track(track).sounds().at(number));
-}
-
-void EventMirror::hear(const evt::RequestAddSound &event)
-{
-    insertSound(event.trackIndex(), event.soundIndex());
-}
-
-void EventMirror::hear(const evt::RequestInsertSound &event)
-{
-    insertSound(event.trackIndex(), event.soundIndex());
-}
-
-void EventMirror::hear(const evt::RequestRemoveSound &event)
-{
-    head(event.trackIndex()).removeSoundAtIndex(static_cast<unsigned>(event.soundIndex()));
 }

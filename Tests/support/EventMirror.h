@@ -56,6 +56,14 @@ private:
     void hear(const zarn::evt::MasterBarDirection &);
     void hear(const zarn::evt::RequestEffectDelete &);
     void hear(const zarn::evt::RequestEffectChange &);
+    void hear(const zarn::evt::RequestEffectBypassChange &);
+    void hear(const zarn::evt::RequestEffectParametersChange &);
+    void hear(const zarn::evt::RequestEffectChainChange &);
+    void hear(const zarn::evt::RequestEffectChainClear &);
+    void hear(const zarn::evt::RequestEffectsSwap &);
+    void hear(const zarn::evt::RequestMasterTrackChannelStripChange &);
+    void hear(const zarn::evt::RequestMasterTrackChannelStripParameterChange &);
+    void hear(const zarn::evt::RequestTrackChannelStripChange &);
     void hear(const zarn::evt::AddAudioTrack &);
     void hear(const zarn::evt::RemoveAudioTrack &);
     void hear(const zarn::evt::MasterTrackAutomationChanged &);
@@ -94,10 +102,26 @@ private:
     void hear(const zarn::evt::RequestAddSound &);
     void hear(const zarn::evt::RequestInsertSound &);
     void hear(const zarn::evt::RequestRemoveSound &);
+    void hear(const zarn::evt::RequestSoundChange &);
+    void hear(const zarn::evt::RequestSwapSounds &);
+    void hear(const zarn::evt::RequestForcedSoundIndexChange &);
+    void hear(const zarn::evt::TrackSoundEffectsChanged &);
+    void hear(const zarn::evt::SwapTrack &);
+    void hear(const zarn::evt::TrackColorChanged &);
+    void hear(const zarn::evt::LetRingThroughoutChanged &);
+    void hear(const zarn::evt::AutoAccentuationChanged &);
+    void hear(const zarn::evt::PalmMuteChanged &);
+    void hear(const zarn::evt::AutoBrushChanged &);
+    void hear(const zarn::evt::PlayingStyleChanged &);
+    void hear(const zarn::evt::UseOneChannelOrkaPerStringChanged &);
+    void hear(const zarn::evt::RequestTrackStaffChanged &);
+    void hear(const zarn::evt::MIDIConnectionChanged &);
 
     void startStep();
-    void readEffect(int slot);
+    void readMasterEffect(int track, int slot);
+    void readMasterEffects(int track);
     void readTrackGroups();
+    void readSound(int track, int index);
     zarn::Track &head(int track) { return *_known.tracks.at(static_cast<std::size_t>(track)).head; }
     const zarn::Track &track(int index) const;
     void insertSound(int track, int index);
@@ -111,10 +135,14 @@ private:
 
     /// Bars that an event named; they must be there.
     bool meetBars(int first, int last);
-    /// What cannot be as it was told is a fault when the step is done: events that take a failed
-    /// step back may speak of what was not told before.
+    /// An old value that is not the known one is a fault when the step is done, unless the new one
+    /// is: events that take a failure back may speak of what was not told before it.
     template <class Value>
-    void expectOld(const Value &told, const Value &known);
+    void expectOld(const Value &old, const Value &now, const Value &known)
+    {
+        if (!(old == known) && !(now == known) && _doubt.empty())
+            _doubt = "an event tells of an old value that nobody heard of";
+    }
     void blame(const std::string &fault);
 
     void look(int from, int to);

@@ -19,6 +19,11 @@ public:
         text.add(event, [](const auto &e) -> decltype(e.staffIndex()) { return e.staffIndex(); });
         text.add(event, [](const auto &e) -> decltype(e.soundIndex()) { return e.soundIndex(); });
         text.add(event, [](const auto &e) -> decltype(e.slot()) { return e.slot(); });
+        text.add(event, [](const auto &e) -> decltype(e.first()) { return e.first(); });
+        text.add(event, [](const auto &e) -> decltype(e.second()) { return e.second(); });
+        text.add(event, [](const auto &e) -> decltype(e.oldIndex()) { return e.oldIndex(); });
+        text.add(event, [](const auto &e) -> decltype(e.newIndex()) { return e.newIndex(); });
+        text.add(event, [](const auto &e) -> decltype(e.isEnabled()) { return e.isEnabled(); });
         text.add(event, [](const auto &e) -> decltype(e.property()) { return e.property(); });
         text.add(event, [](const auto &e) -> decltype(e.part()) { return e.part(); });
         text.add(event, [](const auto &e) -> decltype(e.mark()) { return e.mark(); });

@@ -299,18 +299,6 @@ const std::vector<RandomOperation> operations = {
          return e.score.setTrackIcon(e.places.track(), static_cast<ZarnIconID>(e.random.below(28)));
      }},
     {"setGuitarFullTuning", 1, setGuitarFullTuning},
-    {"addTrackSound", 2,
-     [](EditedScore &e) {
-         return e.score.addTrackSound(e.places.track(),
-                                      Sound(text(e.random).toStdString(), MIDISound()));
-     }},
-    {"removeTrackSound", 2,
-     [](EditedScore &e) {
-         const unsigned track = e.places.track();
-         const auto node = e.score.track(track);
-         return e.score.removeTrackSound(
-             track, e.places.index(node ? static_cast<unsigned>(node->sounds().size()) : 0));
-     }},
     {"createAudioTrack", 1,
      [](EditedScore &e) {
          const unsigned count = e.score.scoreModel()->audioTrackCount();
@@ -332,7 +320,6 @@ const std::vector<RandomOperation> operations = {
          return e.score.modifyTrackAutomationBypass(e.places.track(), parameter(e.random),
                                                     e.random.coin());
      }},
-    {"removeMasterReverb", 1, [](EditedScore &e) { return e.score.removeMasterReverb(); }},
     {"changeProperty", 1,
      [](EditedScore &e) {
          return e.score.changeProperty(static_cast<ScoreProperty>(e.random.below(12)),
@@ -374,10 +361,9 @@ const std::vector<RandomOperation> &randomOperations()
 {
     static const std::vector<RandomOperation> all = [] {
         std::vector<RandomOperation> list = operations;
-        const auto &marks = randomMarkOperations();
-        list.insert(list.end(), marks.begin(), marks.end());
-        const auto &pitches = randomPitchOperations();
-        list.insert(list.end(), pitches.begin(), pitches.end());
+        for (const auto *more :
+             {&randomMarkOperations(), &randomPitchOperations(), &randomSoundOperations()})
+            list.insert(list.end(), more->begin(), more->end());
         return list;
     }();
     return all;

@@ -33,6 +33,8 @@ const std::vector<RandomOperation> &randomMarkOperations();
 
 /// Those that move notes and change note values.
 const std::vector<RandomOperation> &randomPitchOperations();
+/// Those of sounds, effects and the mixer, and of how tracks are arranged and played.
+const std::vector<RandomOperation> &randomSoundOperations();
 
 /// Every operation that changes a score.
 const std::vector<RandomOperation> &randomOperations();

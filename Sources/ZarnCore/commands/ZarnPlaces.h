@@ -113,6 +113,42 @@ struct TrackPlace {
     }
 };
 
+/// One track, if any of its staves has strings and frets.
+template <class Event>
+struct FrettedTrackPlace : TrackPlace<Event> {
+    std::vector<std::shared_ptr<Track>> nodes(ScoreModel &model) const
+    {
+        auto nodes = TrackPlace<Event>::nodes(model);
+        if (!nodes.empty() && !nodes.front()->isFretted())
+            nodes.clear();
+        return nodes;
+    }
+};
+
+/// One track; the event tells how a switch of it stands, as `IsOn` has it.
+template <class Event, auto IsOn>
+struct TrackSwitchPlace : TrackPlace<Event> {
+    void announce(ScoreBase &score, const void *sender) const
+    {
+        const unsigned index = TrackPlace<Event>::track;
+        const Track &node = *score.scoreModel()->tracks()[index];
+        score.notify(sender, Event(static_cast<int>(index), (node.*IsOn)()));
+    }
+};
+
+/// The master track, which is always there.
+template <class Event>
+struct MasterTrackPlace {
+    using Node = MasterTrack;
+
+    bool canExist() const noexcept { return true; }
+    std::vector<std::shared_ptr<Node>> nodes(ScoreModel &model) const
+    {
+        return {model.masterTrack()};
+    }
+    void announce(ScoreBase &score, const void *sender) const { score.notify(sender, Event()); }
+};
+
 /// One staff of one track.
 template <class Event>
 struct StaffPlace {

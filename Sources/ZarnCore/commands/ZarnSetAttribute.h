@@ -51,6 +51,30 @@ using SetOnMasterBars = SetAttribute<MasterBarPlaces<Event>, Get, Set>;
 template <auto Get, auto Set, class Event>
 using SetOnTrack = SetAttribute<TrackPlace<Event>, Get, Set>;
 
+/// Turns a switch of one track on or off.
+template <auto Get, auto Set, class Event>
+class SetTrackSwitch : public SetAttribute<TrackSwitchPlace<Event, Get>, Get, Set> {
+protected:
+    using SetAttribute<TrackSwitchPlace<Event, Get>, Get, Set>::SetAttribute;
+
+    /// Records the arguments too.
+    bool prepareSwitch(Score *score, unsigned track, bool isOn)
+    {
+        this->addArg(QStringLiteral("TrackIndex"), QString::number(track));
+        this->addArg(QStringLiteral("Checked"),
+                     isOn ? QStringLiteral("true") : QStringLiteral("false"));
+        return this->prepare(score, {{track}}, isOn);
+    }
+};
+
+/// Sets an attribute of one track with frets.
+template <auto Get, auto Set, class Event>
+using SetOnFrettedTrack = SetAttribute<FrettedTrackPlace<Event>, Get, Set>;
+
+/// Sets an attribute of the master track.
+template <auto Get, auto Set, class Event>
+using SetOnMasterTrack = SetAttribute<MasterTrackPlace<Event>, Get, Set>;
+
 /// Sets an attribute of neighbouring bars of one staff.
 template <auto Get, auto Set, class Event>
 using SetOnStaffBars = SetAttribute<StaffBarPlaces<Event>, Get, Set>;

@@ -101,13 +101,15 @@ class MasterTrackAutomationChanged final : public AutomationEvent<MasterTrackAut
     using AutomationEvent::AutomationEvent;
 };
 
-/// Automations of the volume or the panning of a track changed. Nothing sends it yet.
+/// Automations of the volume or the panning of a track changed; see `channelStripType`. Sent in
+/// front of `TrackAutomationChanged`.
 class ChannelStripAutomationChanged final
     : public TrackAutomationEvent<ChannelStripAutomationChanged> {
     using TrackAutomationEvent::TrackAutomationEvent;
 };
 
-/// Automations of the mastering effects changed. Nothing sends it yet.
+/// Automations of the volume, the panning or the effects of the mastering changed. Sent in front of
+/// `MasterTrackAutomationChanged`.
 class MasteringAutomationChanged final : public AutomationEvent<MasteringAutomationChanged> {
     using AutomationEvent::AutomationEvent;
 };

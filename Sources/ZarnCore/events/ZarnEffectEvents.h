@@ -4,7 +4,8 @@
 #include <ZarnCore/events/ZarnEventShapes.h>
 
 /// Events of effects and channel strips. The track -1 is the master track; slots and parameters
-/// are counted from 0.
+/// are counted from 0. The effects of a track are those of one of its sounds, which
+/// `TrackSoundEffectsChanged` names in front of the event that says what happened to them.
 namespace zarn::evt {
 
 /// Names an effect.
@@ -59,7 +60,12 @@ private:
     int _parameter;
 };
 
-/// An effect was bypassed, or is heard again. Nothing sends it yet.
+/// The effects of a sound of a track changed; the next event says what about them.
+class TrackSoundEffectsChanged final : public TrackSoundEvent<TrackSoundEffectsChanged> {
+    using TrackSoundEvent::TrackSoundEvent;
+};
+
+/// An effect was bypassed, or is heard again.
 class RequestEffectBypassChange final : public EffectToggleEvent<RequestEffectBypassChange> {
     using EffectToggleEvent::EffectToggleEvent;
 };
@@ -70,17 +76,17 @@ class RequestEffectParameterChange final
     using EffectParameterEvent::EffectParameterEvent;
 };
 
-/// Several parameters of an effect changed. Nothing sends it yet.
+/// Several parameters of an effect changed.
 class RequestEffectParametersChange final : public EffectEvent<RequestEffectParametersChange> {
     using EffectEvent::EffectEvent;
 };
 
-/// The effect in a slot was replaced.
+/// The effect in a slot was replaced, or the slot was filled or emptied.
 class RequestEffectChange final : public EffectEvent<RequestEffectChange> {
     using EffectEvent::EffectEvent;
 };
 
-/// All effects of a track were replaced. Nothing sends it yet.
+/// All effects of a track were replaced.
 class RequestEffectChainChange final : public TrackEvent<RequestEffectChainChange> {
     using TrackEvent::TrackEvent;
 };
@@ -90,28 +96,28 @@ class RequestEffectDelete final : public EffectEvent<RequestEffectDelete> {
     using EffectEvent::EffectEvent;
 };
 
-/// All effects of a track were removed. Undo sends `RequestEffectChainChange`. Nothing sends it
-/// yet.
+/// All effects of a track were removed. Undo sends `RequestEffectChainChange`.
 class RequestEffectChainClear final : public TrackEvent<RequestEffectChainClear> {
     using TrackEvent::TrackEvent;
 };
 
-/// The effects in two slots changed places. Nothing sends it yet.
+/// The effects in two slots changed places.
 class RequestEffectsSwap final : public TrackSwapEvent<RequestEffectsSwap> {
     using TrackSwapEvent::TrackSwapEvent;
 };
 
-/// The channel strip of the master track changed. Nothing sends it yet.
+/// Volume and panning of the master track changed.
 class RequestMasterTrackChannelStripChange final
     : public EventOf<RequestMasterTrackChannelStripChange> { };
 
-/// One parameter of the master track's channel strip changed. Nothing sends it yet.
+/// One parameter of the master track's channel strip changed: the `ChannelStripParameter` of this
+/// number.
 class RequestMasterTrackChannelStripParameterChange final
     : public IndexEvent<RequestMasterTrackChannelStripParameterChange> {
     using IndexEvent::IndexEvent;
 };
 
-/// The channel strip of a track changed. Nothing sends it yet.
+/// The volume or the panning of a track changed.
 class RequestTrackChannelStripChange final : public TrackEvent<RequestTrackChannelStripChange> {
     using TrackEvent::TrackEvent;
 };

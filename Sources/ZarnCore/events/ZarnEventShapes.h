@@ -146,6 +146,23 @@ private:
     int _second;
 };
 
+/// Names a sound of a track.
+template <class Self>
+class TrackSoundEvent : public EventOf<Self> {
+public:
+    TrackSoundEvent(int trackIndex, int soundIndex)
+        : _trackIndex(trackIndex), _soundIndex(soundIndex)
+    {
+    }
+
+    int trackIndex() const noexcept { return _trackIndex; }
+    int soundIndex() const noexcept { return _soundIndex; }
+
+private:
+    int _trackIndex;
+    int _soundIndex;
+};
+
 /// Names a staff.
 template <class Self>
 class StaffEvent : public EventOf<Self> {

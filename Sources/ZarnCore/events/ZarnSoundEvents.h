@@ -21,23 +21,6 @@ private:
     ScoreModelIndex _place;
 };
 
-/// Names a sound of a track.
-template <class Self>
-class TrackSoundEvent : public EventOf<Self> {
-public:
-    TrackSoundEvent(int trackIndex, int soundIndex)
-        : _trackIndex(trackIndex), _soundIndex(soundIndex)
-    {
-    }
-
-    int trackIndex() const noexcept { return _trackIndex; }
-    int soundIndex() const noexcept { return _soundIndex; }
-
-private:
-    int _trackIndex;
-    int _soundIndex;
-};
-
 /// The beat at this place should be heard. Nothing sends it yet.
 class RequestPlayBeat final : public PlaceEvent<RequestPlayBeat> {
     using PlaceEvent::PlaceEvent;
@@ -59,12 +42,12 @@ class AudioTrackChanged final : public IndexEvent<AudioTrackChanged> {
 };
 
 /// A track is played with one sound throughout, or no longer so: the old and the new forced sound,
-/// -1 for none. Nothing sends it yet.
+/// -1 for none.
 class RequestForcedSoundIndexChange final : public TrackChangeEvent<RequestForcedSoundIndexChange> {
     using TrackChangeEvent::TrackChangeEvent;
 };
 
-/// A sound of a track was replaced. Nothing sends it yet.
+/// A sound of a track was replaced; automations that switch to it have an event of their own.
 class RequestSoundChange final : public TrackSoundEvent<RequestSoundChange> {
     using TrackSoundEvent::TrackSoundEvent;
 };
@@ -85,7 +68,7 @@ class RequestRemoveSound final : public TrackSoundEvent<RequestRemoveSound> {
     using TrackSoundEvent::TrackSoundEvent;
 };
 
-/// Two sounds of a track changed places. Nothing sends it yet.
+/// Two sounds of a track changed places.
 class RequestSwapSounds final : public TrackSwapEvent<RequestSwapSounds> {
     using TrackSwapEvent::TrackSwapEvent;
 };

@@ -7,7 +7,7 @@
 namespace zarn::evt {
 
 /// Tracks were inserted: this many, the first at this index. The groups of tracks follow, as with
-/// `RemoveTrack`. Undoing the removal of a track sends it too.
+/// `RemoveTrack` and `SwapTrack`. Undoing the removal of a track sends it too.
 class RequestAddTracks final : public SpanEvent<RequestAddTracks> {
     using SpanEvent::SpanEvent;
 };
@@ -22,7 +22,8 @@ class RemoveTrack final : public TrackEvent<RemoveTrack> {
     using TrackEvent::TrackEvent;
 };
 
-/// Two tracks changed places. Nothing sends it yet.
+/// Two tracks changed places. A track that moves further sends one event for each track that it
+/// passes; the tracks can be read where they come to be in the end.
 class SwapTrack final : public SwapEvent<SwapTrack> {
     using SwapEvent::SwapEvent;
 };
@@ -37,7 +38,7 @@ class TrackShortNameChanged final : public TrackEvent<TrackShortNameChanged> {
     using TrackEvent::TrackEvent;
 };
 
-/// The colour of a track changed. Nothing sends it yet.
+/// The colour of a track changed.
 class TrackColorChanged final : public TrackEvent<TrackColorChanged> {
     using TrackEvent::TrackEvent;
 };
@@ -62,17 +63,17 @@ class TrackPlayback final : public TrackEvent<TrackPlayback> {
     using TrackEvent::TrackEvent;
 };
 
-/// A track began or ceased to let all its notes ring. Nothing sends it yet.
+/// A track began or ceased to let all its notes ring.
 class LetRingThroughoutChanged final : public TrackToggleEvent<LetRingThroughoutChanged> {
     using TrackToggleEvent::TrackToggleEvent;
 };
 
-/// A track began or ceased to accent its beats by itself. Nothing sends it yet.
+/// A track began or ceased to accent its beats by itself.
 class AutoAccentuationChanged final : public TrackToggleEvent<AutoAccentuationChanged> {
     using TrackToggleEvent::TrackToggleEvent;
 };
 
-/// The strength of palm muting of a track changed. Nothing sends it yet.
+/// The strength of palm muting of a track changed.
 class PalmMuteChanged final : public TrackEvent<PalmMuteChanged> {
     using TrackEvent::TrackEvent;
 };
@@ -83,12 +84,12 @@ class RequestPalmMuteChange final : public TrackEvent<RequestPalmMuteChange> {
     using TrackEvent::TrackEvent;
 };
 
-/// A track began or ceased to brush its chords by itself. Nothing sends it yet.
+/// A track began or ceased to brush its chords by itself.
 class AutoBrushChanged final : public TrackToggleEvent<AutoBrushChanged> {
     using TrackToggleEvent::TrackToggleEvent;
 };
 
-/// How a track is played (with a pick, with the fingers...) changed. Nothing sends it yet.
+/// How a track is played (with a pick, with the fingers...) changed.
 class PlayingStyleChanged final : public TrackEvent<PlayingStyleChanged> {
     using TrackEvent::TrackEvent;
 };
@@ -104,7 +105,7 @@ class LyricsChanged final : public TrackEvent<LyricsChanged> {
     using TrackEvent::TrackEvent;
 };
 
-/// A track began or ceased to play each string on a channel of its own. Nothing sends it yet.
+/// A track began or ceased to play each string on a channel of its own.
 class UseOneChannelOrkaPerStringChanged final
     : public TrackToggleEvent<UseOneChannelOrkaPerStringChanged> {
     using TrackToggleEvent::TrackToggleEvent;
@@ -115,12 +116,12 @@ class TranspositionOffsetChanged final : public TrackEvent<TranspositionOffsetCh
     using TrackEvent::TrackEvent;
 };
 
-/// The staves of a track changed in number or were replaced. Nothing sends it yet.
+/// The staves of a track changed in number or were replaced.
 class RequestTrackStaffChanged final : public TrackEvent<RequestTrackStaffChanged> {
     using TrackEvent::TrackEvent;
 };
 
-/// The MIDI port or channels of a track changed. Nothing sends it yet.
+/// The MIDI port or channels of a track changed.
 class MIDIConnectionChanged final : public TrackEvent<MIDIConnectionChanged> {
     using TrackEvent::TrackEvent;
 };

@@ -150,6 +150,11 @@ public:
     const Mastering &mastering() const noexcept;
     Mastering &mutableMastering() noexcept;
     void setMastering(const Mastering &mastering);
+    const ZarnVolumePan &volumePan() const noexcept { return mastering().volumePan(); }
+    void setVolumePan(const ZarnVolumePan &volumePan)
+    {
+        mutableMastering().setVolumePan(volumePan);
+    }
 
     /// Compares all but the play list, which follows from the rest.
     friend ZARNCORE_EXPORT bool operator==(const MasterTrack &left, const MasterTrack &right);

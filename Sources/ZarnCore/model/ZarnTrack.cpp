@@ -211,6 +211,20 @@ void Track::insertSound(unsigned index, std::shared_ptr<const Sound> sound)
     _sounds.insert(_sounds.begin() + static_cast<std::ptrdiff_t>(at), std::move(sound));
 }
 
+std::shared_ptr<const Sound> Track::replaceSound(unsigned index, std::shared_ptr<const Sound> sound)
+{
+    ZARN_ASSERT_IN("zarn::Track::replaceSound", index < _sounds.size());
+    ZARN_ASSERT_IN("zarn::Track::replaceSound", sound != nullptr);
+    _sounds[index].swap(sound);
+    return sound;
+}
+
+void Track::swapSounds(unsigned first, unsigned second)
+{
+    ZARN_ASSERT_IN("zarn::Track::swapSounds", std::max(first, second) < _sounds.size());
+    _sounds[first].swap(_sounds[second]);
+}
+
 std::shared_ptr<const Sound> Track::removeSoundAtIndex(unsigned index)
 {
     if (index >= _sounds.size())
@@ -233,14 +247,18 @@ std::shared_ptr<const InstrumentSet> Track::instrumentSet() const noexcept
     return library == nullptr ? nullptr : library->findInstrumentSetWithType(_type);
 }
 
+bool Track::isFretted() const
+{
+    return std::any_of(staves().begin(), staves().end(),
+                       [](const auto &staff) { return staff->isFretted(); });
+}
+
 TrackNotations Track::notations() const
 {
     if (_notations)
         return *_notations;
     TrackNotations notations;
-    notations.tablature = InstrumentSet::isStringed(_type)
-        && std::any_of(staves().begin(), staves().end(),
-                       [](const auto &staff) { return staff->isFretted(); });
+    notations.tablature = InstrumentSet::isStringed(_type) && isFretted();
     return notations;
 }
 

@@ -121,6 +121,12 @@ public:
     /// In front of `index`; past the end it is appended. Raises for none.
     void insertSound(unsigned index, std::shared_ptr<const Sound> sound);
 
+    /// Puts a sound in the place of another, which it returns. Raises past the end and for none.
+    std::shared_ptr<const Sound> replaceSound(unsigned index, std::shared_ptr<const Sound> sound);
+
+    /// Raises unless both are there.
+    void swapSounds(unsigned first, unsigned second);
+
     /// Returns the sound; empty past the end.
     std::shared_ptr<const Sound> removeSoundAtIndex(unsigned index);
 
@@ -134,6 +140,9 @@ public:
 
     InstrumentSet::Type type() const noexcept { return _type; }
     void setType(InstrumentSet::Type type) noexcept { _type = type; }
+
+    /// Whether any staff has strings and frets.
+    bool isFretted() const;
 
     /// The set of the type in the installed library (`InstrumentSetLibrary::install`); empty when
     /// there is none.

@@ -12,6 +12,7 @@
 #include <ZarnCore/score/ZarnScoreFormOperations.h>
 #include <ZarnCore/score/ZarnScoreNoteOperations.h>
 #include <ZarnCore/score/ZarnScorePlaybackOperations.h>
+#include <ZarnCore/score/ZarnScoreSoundOperations.h>
 #include <ZarnCore/score/ZarnScoreTrackOperations.h>
 
 #include <memory>
@@ -30,6 +31,7 @@ class ZARNCORE_EXPORT Score : public ScoreBase,
                               public ScoreBarOperations,
                               public ScoreFormOperations,
                               public ScoreTrackOperations,
+                              public ScoreSoundOperations,
                               public ScorePlaybackOperations,
                               public ScoreDocumentOperations,
                               public ScoreBeatOperations,

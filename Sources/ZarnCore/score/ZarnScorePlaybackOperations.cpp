@@ -1,15 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/score/ZarnScorePlaybackOperations.h>
 
+#include <ZarnCore/commands/Automations/ZarnModifyAutomations.h>
+#include <ZarnCore/commands/Automations/ZarnModifyChannelStripAutomations.h>
 #include <ZarnCore/commands/Automations/ZarnModifyMasterTrackAutomationBypass.h>
 #include <ZarnCore/commands/Automations/ZarnModifyMasterTrackAutomations.h>
+#include <ZarnCore/commands/Automations/ZarnModifyMasteringAutomations.h>
 #include <ZarnCore/commands/Automations/ZarnModifyTrackAutomationBypass.h>
 #include <ZarnCore/commands/Automations/ZarnModifyTrackAutomations.h>
 #include <ZarnCore/commands/Execute.h>
-#include <ZarnCore/commands/MasterTrack/ZarnDeleteEffect.h>
-#include <ZarnCore/instruments/effects/ZarnMastering.h>
 
 namespace zarn {
+
+bool ScorePlaybackOperations::modifyAutomations(const std::vector<AutomationChanges> &changes)
+{
+    return execute<cmd::ModifyAutomations>(*this, changes);
+}
 
 bool ScorePlaybackOperations::modifyMasterTrackAutomations(
     const std::vector<const Automation *> &removed, const std::vector<const Automation *> &inserted)
@@ -24,6 +30,19 @@ bool ScorePlaybackOperations::modifyTrackAutomations(
     return execute<cmd::ModifyTrackAutomations>(*this, track, removed, inserted);
 }
 
+bool ScorePlaybackOperations::modifyChannelStripAutomations(
+    unsigned track, const std::vector<const Automation *> &removed,
+    const std::vector<const Automation *> &inserted)
+{
+    return execute<cmd::ModifyChannelStripAutomations>(*this, track, removed, inserted);
+}
+
+bool ScorePlaybackOperations::modifyMasteringAutomations(
+    const std::vector<const Automation *> &removed, const std::vector<const Automation *> &inserted)
+{
+    return execute<cmd::ModifyMasteringAutomations>(*this, removed, inserted);
+}
+
 bool ScorePlaybackOperations::modifyMasterTrackAutomationBypass(Automation::Type type,
                                                                 bool isBypassed)
 {
@@ -34,11 +53,6 @@ bool ScorePlaybackOperations::modifyTrackAutomationBypass(unsigned track, Automa
                                                           bool isBypassed)
 {
     return execute<cmd::ModifyTrackAutomationBypass>(*this, track, type, isBypassed);
-}
-
-bool ScorePlaybackOperations::removeMasterReverb()
-{
-    return execute<cmd::DeleteEffect>(*this, Mastering::reverbSlot);
 }
 
 } // namespace zarn

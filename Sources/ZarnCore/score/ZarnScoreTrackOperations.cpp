@@ -2,21 +2,28 @@
 #include <ZarnCore/score/ZarnScoreTrackOperations.h>
 
 #include <ZarnCore/commands/Execute.h>
-#include <ZarnCore/commands/Track/ZarnAddTrackSound.h>
 #include <ZarnCore/commands/Track/ZarnCreateAudioTrack.h>
 #include <ZarnCore/commands/Track/ZarnCreateTrack.h>
 #include <ZarnCore/commands/Track/ZarnInsertTrack.h>
+#include <ZarnCore/commands/Track/ZarnMoveTrack.h>
 #include <ZarnCore/commands/Track/ZarnRemoveAudioTrack.h>
 #include <ZarnCore/commands/Track/ZarnRemoveTrack.h>
-#include <ZarnCore/commands/Track/ZarnRemoveTrackSound.h>
+#include <ZarnCore/commands/Track/ZarnSetAutoAccentuation.h>
+#include <ZarnCore/commands/Track/ZarnSetAutoBrush.h>
 #include <ZarnCore/commands/Track/ZarnSetGuitarFullTuning.h>
+#include <ZarnCore/commands/Track/ZarnSetLetRingThroughout.h>
+#include <ZarnCore/commands/Track/ZarnSetOneChannelPerString.h>
+#include <ZarnCore/commands/Track/ZarnSetPalmMute.h>
+#include <ZarnCore/commands/Track/ZarnSetPlayingStyle.h>
+#include <ZarnCore/commands/Track/ZarnSetStaffCount.h>
+#include <ZarnCore/commands/Track/ZarnSetTrackColor.h>
 #include <ZarnCore/commands/Track/ZarnSetTrackIcon.h>
+#include <ZarnCore/commands/Track/ZarnSetTrackMidiConnection.h>
 #include <ZarnCore/commands/Track/ZarnSetTrackName.h>
 #include <ZarnCore/commands/Track/ZarnSetTrackShortName.h>
 #include <ZarnCore/commands/Track/ZarnSetTrackTranspositionOffset.h>
 #include <ZarnCore/commands/Track/ZarnTransposeAllTracks.h>
 #include <ZarnCore/commands/Track/ZarnTransposeTrack.h>
-#include <ZarnCore/instruments/sounds/ZarnSound.h>
 
 #include <utility>
 
@@ -37,6 +44,11 @@ bool ScoreTrackOperations::removeTrack(unsigned index)
     return execute<cmd::RemoveTrack>(*this, index);
 }
 
+bool ScoreTrackOperations::moveTrack(unsigned from, unsigned to)
+{
+    return execute<cmd::MoveTrack>(*this, from, to);
+}
+
 bool ScoreTrackOperations::setTrackName(unsigned track, const QString &name)
 {
     return execute<cmd::SetTrackName>(*this, track, name);
@@ -50,6 +62,52 @@ bool ScoreTrackOperations::setTrackShortName(unsigned track, const QString &name
 bool ScoreTrackOperations::setTrackIcon(unsigned track, ZarnIconID icon)
 {
     return execute<cmd::SetTrackIcon>(*this, track, icon);
+}
+
+bool ScoreTrackOperations::setTrackColor(unsigned track, std::uint32_t color)
+{
+    return execute<cmd::SetTrackColor>(*this, track, color);
+}
+
+bool ScoreTrackOperations::setStaffCount(unsigned track, unsigned count)
+{
+    return execute<cmd::SetStaffCount>(*this, track, count);
+}
+
+bool ScoreTrackOperations::setTrackMidiConnection(unsigned track,
+                                                  const std::optional<MidiConnection> &connection)
+{
+    return execute<cmd::SetTrackMidiConnection>(*this, track, connection);
+}
+
+bool ScoreTrackOperations::setOneChannelPerString(unsigned track, bool isOn)
+{
+    return execute<cmd::SetOneChannelPerString>(*this, track, isOn);
+}
+
+bool ScoreTrackOperations::setPlayingStyle(unsigned track, PlayingStyle style)
+{
+    return execute<cmd::SetPlayingStyle>(*this, track, style);
+}
+
+bool ScoreTrackOperations::setAutoAccentuation(unsigned track, bool isOn)
+{
+    return execute<cmd::SetAutoAccentuation>(*this, track, isOn);
+}
+
+bool ScoreTrackOperations::setAutoBrush(unsigned track, bool isOn)
+{
+    return execute<cmd::SetAutoBrush>(*this, track, isOn);
+}
+
+bool ScoreTrackOperations::setLetRingThroughout(unsigned track, bool isOn)
+{
+    return execute<cmd::SetLetRingThroughout>(*this, track, isOn);
+}
+
+bool ScoreTrackOperations::setPalmMute(unsigned track, float strength)
+{
+    return execute<cmd::SetPalmMute>(*this, track, strength);
 }
 
 bool ScoreTrackOperations::setGuitarFullTuning(unsigned track, unsigned staff,
@@ -72,21 +130,6 @@ bool ScoreTrackOperations::transposeTrack(unsigned track, int semitones, Refinge
 bool ScoreTrackOperations::transposeAllTracks(int semitones, bool areKeysMoved)
 {
     return execute<cmd::TransposeAllTracks>(*this, semitones, areKeysMoved);
-}
-
-bool ScoreTrackOperations::addTrackSound(unsigned track, const Sound &sound)
-{
-    return addTrackSound(track, std::make_shared<const Sound>(sound));
-}
-
-bool ScoreTrackOperations::addTrackSound(unsigned track, std::shared_ptr<const Sound> sound)
-{
-    return execute<cmd::AddTrackSound>(*this, track, std::move(sound));
-}
-
-bool ScoreTrackOperations::removeTrackSound(unsigned track, unsigned index)
-{
-    return execute<cmd::RemoveTrackSound>(*this, track, index);
 }
 
 bool ScoreTrackOperations::createAudioTrack(unsigned index, std::shared_ptr<AudioTrack> track)

@@ -4,18 +4,20 @@
 #include <ZarnCore/ZarnExport.h>
 #include <ZarnCore/ZarnTypes.h>
 #include <ZarnCore/instruments/sets/ZarnInstrumentSet.h>
+#include <ZarnCore/model/ZarnTrackSettings.h>
 #include <ZarnCore/model/notes/ZarnRefingering.h>
 #include <ZarnCore/model/notes/ZarnRetuning.h>
 
 #include <QString>
 
+#include <cstdint>
 #include <memory>
+#include <optional>
 
 namespace zarn {
 
 class AudioTrack;
 class GuitarTuning;
-class Sound;
 class Track;
 
 /// What can be done to the tracks of a score. Each answers whether it was done: what cannot be done
@@ -29,9 +31,32 @@ public:
     bool insertTrack(unsigned index, std::shared_ptr<Track> track);
     bool removeTrack(unsigned index);
 
+    /// Gives a track another index among the tracks.
+    bool moveTrack(unsigned from, unsigned to);
+
     bool setTrackName(unsigned track, const QString &name);
     bool setTrackShortName(unsigned track, const QString &name);
     bool setTrackIcon(unsigned track, ZarnIconID icon);
+
+    /// 0xRRGGBB.
+    bool setTrackColor(unsigned track, std::uint32_t color);
+
+    /// Staves that go take their music along; staves that come are empty.
+    bool setStaffCount(unsigned track, unsigned count);
+
+    // How a track is played; see `TrackSettings`.
+
+    /// Nothing leaves port and channels to the instrument.
+    bool setTrackMidiConnection(unsigned track, const std::optional<MidiConnection> &connection);
+    bool setOneChannelPerString(unsigned track, bool isOn);
+    bool setPlayingStyle(unsigned track, PlayingStyle style);
+    bool setAutoAccentuation(unsigned track, bool isOn);
+    bool setAutoBrush(unsigned track, bool isOn);
+    bool setLetRingThroughout(unsigned track, bool isOn);
+
+    /// How much palm muting dampens in a track with frets, from 0 to 1. Notes are palm muted by
+    /// `setStringedNotePalmMute`.
+    bool setPalmMute(unsigned track, float strength);
 
     /// Tunes a staff anew; see `cmd::SetGuitarFullTuning` for what becomes of the notes.
     bool setGuitarFullTuning(unsigned track, unsigned staff, const GuitarTuning &tuning,
@@ -46,11 +71,6 @@ public:
     bool transposeTrack(unsigned track, int semitones,
                         Refingering refingering = Refingering::KeepStrings);
     bool transposeAllTracks(int semitones, bool areKeysMoved);
-
-    /// Adds a sound behind those that a track can switch between.
-    bool addTrackSound(unsigned track, const Sound &sound);
-    bool addTrackSound(unsigned track, std::shared_ptr<const Sound> sound);
-    bool removeTrackSound(unsigned track, unsigned index);
 
     /// Inserts a recording that plays along, in front of another or at the end.
     bool createAudioTrack(unsigned index, std::shared_ptr<AudioTrack> track);

@@ -39,9 +39,6 @@ std::vector<CommandRow> documentRows()
          },
          "TrackAutomationBypassChanged(0,DSPParam_07,1) ",
          "TrackAutomationBypassChanged(0,DSPParam_07,0) "},
-        {"DeleteEffect", [](SmallScore &s) { return s.score.removeMasterReverb(); },
-         "RequestEffectDelete(-1,3) MasteringReverbChanged ",
-         "RequestEffectChange(-1,3) MasteringReverbChanged "},
         {"ChangeProperty",
          [](SmallScore &s) {
              return s.score.changeProperty(ScoreProperty::Artist, QStringLiteral("Trad."));

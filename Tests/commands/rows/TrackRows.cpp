@@ -30,11 +30,6 @@ std::vector<CommandRow> trackRows()
              return s.score.setGuitarFullTuning(0, 0, {40, 45, 50, 55}, 0, Retuning::KeepPitches);
          },
          "GuitarFullTuningChanged(0,0) ModifyBarRange(0,0,0,4) ChordsChanged(0,0) ", nullptr},
-        {"AddTrackSound",
-         [](SmallScore &s) { return s.score.addTrackSound(0, Sound("Nylon", MIDISound())); },
-         "RequestAddSound(0,0) ", "RequestRemoveSound(0,0) "},
-        {"RemoveTrackSound", [](SmallScore &s) { return s.score.removeTrackSound(1, 0); },
-         "RequestRemoveSound(1,0) ", "RequestInsertSound(1,0) "},
         {"CreateAudioTrack",
          [](SmallScore &s) {
              return s.score.createAudioTrack(0, std::make_shared<AudioTrack>("Demo"));
@@ -61,9 +56,6 @@ void expectTrackCommandsRefused(RichScore &rich)
                          [&] { return score.setTrackIcon(0, static_cast<ZarnIconID>(0)); },
                          [&] { return score.setGuitarFullTuning(1, 2, {40}); },
                          [&] { return score.setGuitarFullTuning(0, 0, {40}, 99); },
-                         [&] { return score.addTrackSound(0, std::shared_ptr<const Sound>()); },
-                         [&] { return score.addTrackSound(2, Sound()); },
-                         [&] { return score.removeTrackSound(1, 1); },
                          [&] { return score.createAudioTrack(3, std::make_shared<AudioTrack>()); },
                          [&] { return score.createAudioTrack(0, rich.model.audioTracks()[1]); },
                          [&] { return score.removeAudioTrack(2); },

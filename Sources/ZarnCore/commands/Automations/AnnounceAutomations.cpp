@@ -3,6 +3,7 @@
 
 #include <ZarnCore/events/ZarnAutomationEvents.h>
 #include <ZarnCore/events/ZarnScoreEvents.h>
+#include <ZarnCore/instruments/automations/ZarnChannelStrip.h>
 #include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
 #include <ZarnCore/model/ZarnMasterTrack.h>
 #include <ZarnCore/score/ZarnScoreBase.h>
@@ -13,9 +14,13 @@ void announceAutomations(ScoreBase &score, const void *sender, int track, Automa
                          int firstBar, int lastBar)
 {
     if (track == masterTrackIndex) {
+        if (isParameterType(type))
+            score.notify(sender, evt::MasteringAutomationChanged(type, firstBar, lastBar));
         score.notify(sender, evt::MasterTrackAutomationChanged(type, firstBar, lastBar));
         return;
     }
+    if (isChannelStripType(type))
+        score.notify(sender, evt::ChannelStripAutomationChanged(track, type, firstBar, lastBar));
     score.notify(sender, evt::TrackAutomationChanged(track, type, firstBar, lastBar));
     if (type == Automation::Sound)
         score.notify(sender, evt::SoundAutomationChanged(track, firstBar, lastBar));

@@ -18,8 +18,9 @@ constexpr bool isParameterType(Automation::Type type) noexcept
 }
 
 /// Sends the events of automations of one type that came, went or changed between two bars, both
-/// included: `MasterTrackAutomationChanged`, or for a track `TrackAutomationChanged` and, when they
-/// switch sounds, `SoundAutomationChanged`.
+/// included: `MasterTrackAutomationChanged`, behind `MasteringAutomationChanged` for parameters of
+/// the mastering; or for a track `TrackAutomationChanged`, behind `ChannelStripAutomationChanged`
+/// for volume and panning, in front of `SoundAutomationChanged` for sounds.
 void announceAutomations(ScoreBase &score, const void *sender, int track, Automation::Type type,
                          int firstBar, int lastBar);
 

@@ -33,6 +33,12 @@ public:
     /// Raises a `CoreException` when there is no such knob or the value is no finite number.
     void setParameter(unsigned index, float value);
 
+    /// Turns all knobs; raises for another number of them and for what is no finite number.
+    void setParameters(const std::vector<float> &values);
+
+    /// Whether the settings of all knobs are finite numbers, as documents need them.
+    bool isFinite() const noexcept;
+
     /// A bypassed effect keeps its settings and lets the sound through.
     bool isBypassed() const noexcept { return _bypassed; }
     void setBypassed(bool bypassed) noexcept { _bypassed = bypassed; }

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include <ZarnCore/commands/Track/ZarnRemoveTrackSound.h>
+#include <ZarnCore/commands/Sounds/ZarnRemoveTrackSound.h>
 
 #include <ZarnCore/ZarnAssert.h>
+#include <ZarnCore/commands/Sounds/ForcedSound.h>
 #include <ZarnCore/events/ZarnSoundEvents.h>
 #include <ZarnCore/instruments/sounds/ZarnSound.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
@@ -33,25 +34,38 @@ bool RemoveTrackSound::isPossible() const
 
 void RemoveTrackSound::putIn()
 {
-    model().tracks()[_track]->insertSound(_index, _sound);
+    Track &track = *model().tracks()[_track];
+    track.insertSound(_index, _sound);
+    track.setForcedSoundIndex(_forcedBefore);
 }
 
 void RemoveTrackSound::takeOut()
 {
     requirePlace(isPossible());
-    _sound = model().tracks()[_track]->removeSoundAtIndex(_index);
+    Track &track = *model().tracks()[_track];
+    const int index = static_cast<int>(_index);
+    _forcedBefore = track.forcedSoundIndex();
+    _forcedAfter = _forcedBefore;
+    if (_forcedBefore == index)
+        _forcedAfter = TrackSettings::NoForcedSound;
+    else if (_forcedBefore > index)
+        --_forcedAfter;
+    _sound = track.removeSoundAtIndex(_index);
+    track.setForcedSoundIndex(_forcedAfter);
 }
 
 void RemoveTrackSound::announceIn()
 {
     score().notify(this,
                    evt::RequestInsertSound(static_cast<int>(_track), static_cast<int>(_index)));
+    announceForcedSound(score(), this, _track, _forcedAfter, _forcedBefore);
 }
 
 void RemoveTrackSound::announceOut()
 {
     score().notify(this,
                    evt::RequestRemoveSound(static_cast<int>(_track), static_cast<int>(_index)));
+    announceForcedSound(score(), this, _track, _forcedBefore, _forcedAfter);
 }
 
 } // namespace zarn::cmd

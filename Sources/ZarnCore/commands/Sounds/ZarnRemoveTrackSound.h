@@ -12,7 +12,9 @@ class Sound;
 namespace zarn::cmd {
 
 /// Removes a sound from those that a track can switch between; automations that switch to it keep
-/// it. Sends `RequestRemoveSound`; undo sends `RequestInsertSound`.
+/// it. A track that is forced to play with it is left to its automations; one that is forced to
+/// play with a later sound stays with that. Sends `RequestRemoveSound`, undo `RequestInsertSound`,
+/// and both `RequestForcedSoundIndexChange` for such a track.
 class ZARNCORE_EXPORT RemoveTrackSound final : public PlacingCommand {
 public:
     RemoveTrackSound();
@@ -31,6 +33,8 @@ private:
     unsigned _track = 0;
     unsigned _index = 0; ///< of the sound in its track
     std::shared_ptr<const Sound> _sound;
+    int _forcedBefore = -1; ///< the forced sound with this one there, and without it
+    int _forcedAfter = -1;
 };
 
 } // namespace zarn::cmd

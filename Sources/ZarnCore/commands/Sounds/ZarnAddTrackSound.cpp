@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <ZarnCore/commands/Track/ZarnAddTrackSound.h>
+#include <ZarnCore/commands/Sounds/ZarnAddTrackSound.h>
 
 #include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/events/ZarnSoundEvents.h>
