@@ -60,6 +60,36 @@ retune E2 A2 D3 G3 B3 E4 t2
 capo 3 t2
 add-sound 1 Fretless 36
 remove-sound 1 1
+add-sound 1 Fretless 36
+add-sound 1 Slapped 37
+set-sound 1 1 Muted
+swap-sounds 1 1 2
+force-sound 1 2
+volume 1 0.75
+pan master -0.5
+master 0.9 0.25
+set-effect 1 1 eq "0.5 0.2" --sound 2
+knobs 1 1 "0.1 0.3" --sound 2
+bypass 1 1
+copy-effects 1 master
+swap-effects 1 1 4
+remove-effect 1 4
+clear-effects master
+set-effect master 4 masterReverb "0.5 0.5"
+automate-volume 2 0.5 t1
+automate-pan 3 -1 t1
+move-automations 2 4
+move-track 1 2
+move-track 2 1
+color 1 E0A030
+staves 2 2
+midi 1 4 5 2
+channel-per-string 2
+playing-style 2 fingers
+auto-accents 1
+auto-brush 2 on
+ring-throughout 2
+mute-strength 2 0.75
 add-audio-track take1 take1.wav
 remove-audio-track 1
 property words-and-music Nobody
@@ -209,6 +239,12 @@ TEST(Edit, refusalsSayTheReasonAtTheWordThatIsWrong)
         {"no-reverb\nno-reverb", "no reverb any more"},
         {"capo 3 t1", "no strings to put a capo on"},
         {"remove-sound 1 9", "column 16: track 1 has only 1 sound"},
+        {"volume first 1", "\"first\" is not"},
+        {"bypass master 3", "column 15: slot 3 is empty"},
+        {"knobs master 4 0.5", "this effect has 2 knobs"},
+        {"set-effect 1 1 eq \"0.5 x\"", "column 19: \"x\" is no number"},
+        {"color 1 red", "six digits"},
+        {"move-automations 17 2", "nothing changes in this bar"},
         {"write 2:1 \"6:0e 7:1\" t2", "column 17: expected a string from 1 to 6"},
         {"write 2:1 \"6:0h. 6:0h\" t2", "bar 2 has only a quarter left"},
         {"write 2:1 6:0e t2", "in \"quotes\""},

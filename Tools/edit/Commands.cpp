@@ -34,6 +34,8 @@ const std::vector<CommandArea> &commandAreas()
         {"Fingering", fingeringCommands()},
         {"Bars", barCommands()},
         {"Tracks", trackCommands()},
+        {"How tracks play", playingCommands()},
+        {"Sounds and mixer", soundCommands()},
         {"The score", scoreCommands()},
         {"The session", sessionCommands()},
     };

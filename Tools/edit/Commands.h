@@ -30,6 +30,8 @@ struct Command {
 const std::vector<Command> &placeCommands();
 const std::vector<Command> &barCommands();
 const std::vector<Command> &trackCommands();
+const std::vector<Command> &playingCommands();
+const std::vector<Command> &soundCommands();
 const std::vector<Command> &scoreCommands();
 const std::vector<Command> &noteCommands();
 const std::vector<Command> &pitchCommands();

@@ -32,6 +32,13 @@ template <>
 inline constexpr const char *countedThing<evt::RemoveAudioTrack> = "audio track";
 template <>
 inline constexpr const char *countedThing<evt::AudioTrackChanged> = "audio track";
+template <>
+inline constexpr const char *countedThing<evt::RequestMasterTrackChannelStripParameterChange> =
+    "parameter";
+template <>
+inline constexpr const char *countedThing<evt::RequestSwapSounds> = "sound";
+template <>
+inline constexpr const char *countedThing<evt::RequestEffectsSwap> = "slot";
 
 /// Collects the words of one event.
 class EventWords {

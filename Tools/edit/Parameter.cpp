@@ -118,7 +118,7 @@ std::optional<Value> readNone(const Parameter &, const Word &, const ReadingCont
 
 constexpr const char *Number = "[0-9]+";
 
-constexpr std::array<KindRow, 24> Kinds = {{
+constexpr std::array<KindRow, 25> Kinds = {{
     {Kind::Whole, "a whole number", readWhole},
     {Kind::Decimal, "a number", readDecimal},
     {Kind::Switch, "on or off", readSwitch},
@@ -154,6 +154,7 @@ constexpr std::array<KindRow, 24> Kinds = {{
      "the name of a tuning such as \"Drop D\", or the notes of the strings, the lowest first",
      readNone, ".*", readWords},
     {Kind::Passes, "passes such as 1, 1,3 or 1-3, or none", readMusic<int, parsePasses>},
+    {Kind::Strip, "a track such as 2, or master", readStrip},
 }};
 
 const KindRow &rowOf(Kind kind)

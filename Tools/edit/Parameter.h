@@ -44,6 +44,7 @@ enum class Kind {
     Instrument,  ///< QString: what `makeTrack` takes
     Tuning,      ///< QString, what `tuningOf` takes: all words that are left
     Passes,      ///< int, a bit per pass: 1, 1,3, 1-3, none
+    Strip,       ///< int: a track, or -1 for "master"
 };
 
 /// An assumed parameter may be left out anywhere in the line; the selection or the cursor, as far

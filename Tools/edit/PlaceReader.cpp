@@ -137,6 +137,15 @@ std::optional<Value> readTrackGap(const Parameter &, const Word &word,
     return static_cast<int>(readPlace(word.text, word, "track", context.model->trackCount() + 1));
 }
 
+std::optional<Value> readStrip(const Parameter &parameter, const Word &word,
+                               const ReadingContext &context)
+{
+    constexpr int master = -1;
+    if (word.text == QLatin1String("master"))
+        return master;
+    return readTrack(parameter, word, context);
+}
+
 std::optional<Value> readString(const Parameter &, const Word &word, const ReadingContext &context)
 {
     const auto track = context.model->track(context.where.track);

@@ -27,6 +27,7 @@ std::optional<Value> readBeats(const Parameter &, const Word &word, const Readin
 std::optional<Value> readTrack(const Parameter &, const Word &word, const ReadingContext &context);
 std::optional<Value> readTrackGap(const Parameter &, const Word &word,
                                   const ReadingContext &context);
+std::optional<Value> readStrip(const Parameter &, const Word &word, const ReadingContext &context);
 std::optional<Value> readString(const Parameter &, const Word &word, const ReadingContext &context);
 
 } // namespace zarn::tool

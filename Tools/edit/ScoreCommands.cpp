@@ -5,7 +5,6 @@
 #include "edit/EditSession.h"
 #include "edit/Targets.h"
 
-#include <ZarnCore/instruments/automations/ZarnDSPParamAutomation.h>
 #include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
@@ -17,7 +16,6 @@ constexpr double LowestConcertTone = 220;
 constexpr double HighestConcertTone = 880;
 constexpr double LowestTempo = 1;
 constexpr double HighestTempo = 1000;
-constexpr double ParameterCount = 32;
 
 bool setProperty(EditSession &session, const Values &values)
 {
@@ -61,39 +59,10 @@ bool removeTempo(EditSession &session, const Values &values)
     return session.score().modifyMasterTrackAutomations({found.begin(), found.end()}, {});
 }
 
-DSPParamAutomation effectChange(EditSession &session, const Values &values)
-{
-    const auto parameter = static_cast<unsigned>(values.get<int>(1) - 1);
-    DSPParamAutomation change(
-        static_cast<Automation::Type>(static_cast<unsigned>(Automation::DSPParam_00) + parameter));
-    change.setIndex(targetBar(session, values));
-    change.setValue(static_cast<float>(values.get<double>(2)));
-    return change;
-}
-
-bool setEffect(EditSession &session, const Values &values)
-{
-    const DSPParamAutomation change = effectChange(session, values);
-    return session.score().modifyTrackAutomations(values.where().track, {}, {&change});
-}
-
-bool setMasterEffect(EditSession &session, const Values &values)
-{
-    const DSPParamAutomation change = effectChange(session, values);
-    return session.score().modifyMasterTrackAutomations({}, {&change});
-}
-
 bool bypassTempo(EditSession &session, const Values &values)
 {
     return session.score().modifyMasterTrackAutomationBypass(Automation::Tempo,
                                                              values.get(0, true));
-}
-
-bool removeReverb(EditSession &session, const Values &)
-{
-    if (session.score().removeMasterReverb())
-        return true;
-    throw Failure("the master has no reverb any more");
 }
 
 } // namespace
@@ -102,10 +71,6 @@ const std::vector<Command> &scoreCommands()
 {
     static const Parameter bar = {QStringLiteral("BAR"), Kind::Bar, Presence::Assumed};
     static const Parameter text = {QStringLiteral("TEXT"), Kind::Text};
-    static const Parameter parameter = {QStringLiteral("PARAMETER"), Kind::Whole,
-                                        Presence::Required, 1, ParameterCount};
-    static const Parameter level = {QStringLiteral("LEVEL"), Kind::Decimal, Presence::Required, 0,
-                                    1};
     static const std::vector<Command> commands = {
         {QStringLiteral("property"),
          {{QStringLiteral("PROPERTY"), Kind::Choice, Presence::Required, 0, 0, &propertyChoices()},
@@ -153,22 +118,6 @@ const std::vector<Command> &scoreCommands()
          QStringLiteral("Make playback ignore the tempo changes."),
          QStringLiteral("Score::modifyMasterTrackAutomationBypass"),
          bypassTempo},
-        {QStringLiteral("effect"),
-         {bar, parameter, level},
-         QStringLiteral("Change an effect parameter of a track from a bar on."),
-         QStringLiteral("Score::modifyTrackAutomations"),
-         setEffect,
-         true},
-        {QStringLiteral("master-effect"),
-         {bar, parameter, level},
-         QStringLiteral("Change an effect parameter of the master from a bar on."),
-         QStringLiteral("Score::modifyMasterTrackAutomations"),
-         setMasterEffect},
-        {QStringLiteral("no-reverb"),
-         {},
-         QStringLiteral("Remove the reverb of the master."),
-         QStringLiteral("Score::removeMasterReverb"),
-         removeReverb},
     };
     return commands;
 }

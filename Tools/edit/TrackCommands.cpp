@@ -8,7 +8,6 @@
 #include "edit/EditSession.h"
 #include "edit/ScriptLine.h"
 
-#include <ZarnCore/instruments/sounds/ZarnSound.h>
 #include <ZarnCore/instruments/tunings/ZarnGuitarTuning.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
@@ -16,8 +15,7 @@ namespace zarn::tool {
 
 namespace {
 
-constexpr int MostSounds = 1000;
-constexpr int HighestProgram = 128;
+constexpr int MostRecordings = 1000;
 constexpr int MostFrets = 36;
 constexpr int MostStrings = 12;
 
@@ -154,23 +152,6 @@ bool setCapo(EditSession &session, const Values &values)
                                                Retuning::KeepFrets);
 }
 
-bool addSound(EditSession &session, const Values &values)
-{
-    return session.score().addTrackSound(index(values, 0),
-                                         Sound(values.text(1), MIDISound(values.get(2, 1) - 1)));
-}
-
-bool removeSound(EditSession &session, const Values &values)
-{
-    const auto track = session.model().track(index(values, 0));
-    if (track && index(values, 1) > track->sounds().size())
-        throw LineError(values.column(1),
-                        QStringLiteral("track %1 has only %2")
-                            .arg(index(values, 0) + 1)
-                            .arg(QString::fromStdString(counted(track->sounds().size(), "sound"))));
-    return session.score().removeTrackSound(index(values, 0), index(values, 1) - 1);
-}
-
 bool addAudioTrack(EditSession &session, const Values &values)
 {
     const auto track = std::make_shared<AudioTrack>(values.text(0));
@@ -195,7 +176,7 @@ const std::vector<Command> &trackCommands()
     static const Parameter track = {QStringLiteral("TRACK"), Kind::Track};
     static const Parameter trackGap = {QStringLiteral("AT"), Kind::TrackGap, Presence::Optional};
     static const Parameter number = {QStringLiteral("NUMBER"), Kind::Whole, Presence::Required, 1,
-                                     MostSounds};
+                                     MostRecordings};
     static const Parameter tuningWords = {QStringLiteral("TUNING"), Kind::Tuning};
     static const Parameter stringCount = {QStringLiteral("STRINGS"), Kind::Whole,
                                           Presence::Required, 1, MostStrings};
@@ -262,18 +243,6 @@ const std::vector<Command> &trackCommands()
          QStringLiteral("Score::setGuitarFullTuning"),
          setCapo,
          true},
-        {QStringLiteral("add-sound"),
-         {track,
-          text("NAME"),
-          {QStringLiteral("PROGRAM"), Kind::Whole, Presence::Optional, 1, HighestProgram}},
-         QStringLiteral("Add a sound with a General MIDI program to a track."),
-         QStringLiteral("Score::addTrackSound"),
-         addSound},
-        {QStringLiteral("remove-sound"),
-         {track, number},
-         QStringLiteral("Remove a sound of a track, counted from 1."),
-         QStringLiteral("Score::removeTrackSound"),
-         removeSound},
         {QStringLiteral("add-audio-track"),
          {text("NAME"), text("FILE", Presence::Optional)},
          QStringLiteral("Add a recording that plays along."),
