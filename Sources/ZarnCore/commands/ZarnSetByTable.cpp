@@ -5,6 +5,7 @@
 #include <ZarnCore/commands/ZarnRangeNodes.h>
 #include <ZarnCore/events/ZarnScoreEvents.h>
 #include <ZarnCore/model/notes/Links.h>
+#include <ZarnCore/model/notes/Ties.h>
 #include <ZarnCore/score/ZarnScoreBase.h>
 
 #include <algorithm>
@@ -57,6 +58,8 @@ void give(Beat &beat, Beat &, BeatAttribute id, const AttributeValue &value)
 void give(Beat &beat, Note &note, NoteAttribute id, const AttributeValue &value)
 {
     setAttribute(beat, note, id, value);
+    if (id == NoteAttribute::Tied && !note.isTied())
+        strikeAnew(note);
     if (rowOf(id).isLink)
         tellNeighbour(beat, note, id);
 }

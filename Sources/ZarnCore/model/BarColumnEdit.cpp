@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/model/BarColumnEdit.h>
 
+#include <ZarnCore/model/notes/SlurPartners.h>
 #include <ZarnCore/model/notes/StringLinks.h>
 
 #include <algorithm>
@@ -61,6 +62,30 @@ void keepLinks(const ScoreModel &model, unsigned end, unsigned begin, KeptBeats 
     });
 }
 
+/// Keeps the ends in other columns of the numbered slurs of some, then takes them off.
+void cutSlurs(const ScoreModel &model, unsigned first, unsigned last, KeptBeats &links)
+{
+    std::vector<SlurPartner> partners;
+    visitStaves(model, [&](const Staff &staff, unsigned track) {
+        for (unsigned bar = first; bar <= last && bar < staff.barCount(); ++bar)
+            for (const auto &voice : staff.bars()[bar]->voices())
+                for (unsigned beat = 0; voice && beat < voice->beatCount(); ++beat)
+                    if (voice->beats()[beat]->hasDetails())
+                        for (SlurPartner &partner :
+                             slurPartners(*model.tracks()[track],
+                                          {track, staff.index(), bar, voice->index(), beat})) {
+                            partner.place.track = track;
+                            partners.push_back(partner);
+                        }
+    });
+    for (const SlurPartner &partner : partners)
+        if (partner.place.bar < first || partner.place.bar > last)
+            links.keep(partner.place, *partner.beat);
+    for (const SlurPartner &partner : partners)
+        if (partner.place.bar < first || partner.place.bar > last)
+            takeOff(partner);
+}
+
 // Most tracks have no automations: their many slots need not be looked at.
 AutomationContainer::ErasedBlocks eraseAutomations(AutomationContainer &container, unsigned first,
                                                    unsigned last)
@@ -108,6 +133,7 @@ BarColumns BarColumnEdit::take(unsigned first, unsigned last)
         return taken;
     last = std::min(last, _master.masterBarCount() - 1);
     taken.surroundings = surroundingsOf(first, last + 1);
+    cutSlurs(_model, first, last, taken.surroundings.links);
 
     taken.automations.reserve(1 + _model.trackCount());
     taken.automations.push_back(_master.eraseBlocks(first, last));

@@ -104,6 +104,10 @@ bool canBeginHairpin(const Staff &, const Beat &beat, const AttributeValue &)
 {
     return beat.hairpin() != Hairpin::NoHairpin;
 }
+bool hasNoNotes(const Staff &, const Beat &beat, const AttributeValue &)
+{
+    return !beat.hasNotes();
+}
 bool hasTremoloPartner(const Staff &, const Beat &beat, const AttributeValue &)
 {
     const auto next = nextOf(beat);
@@ -169,8 +173,9 @@ constexpr std::array<Row, BeatAttributeCount> rows = {{
     row<&Beat::wah, &Beat::setWah>(Id::Wah, "Wah", "wah", enumerators<wahWahToString, 2>()),
     fretted(row<&Beat::golpe, &Beat::setGolpe>(Id::Golpe, "Golpe", "golpe",
                                                enumerators<golpeToString, 2>())),
-    fretted(row<&Beat::isDeadSlapped, &Beat::setDeadSlapped>(Id::DeadSlapped, "DeadSlapped",
-                                                             "deadSlapped", anyOf<bool>())),
+    where(hasNoNotes,
+          fretted(row<&Beat::isDeadSlapped, &Beat::setDeadSlapped>(Id::DeadSlapped, "DeadSlapped",
+                                                                   "deadSlapped", anyOf<bool>()))),
     row<&Beat::isSlashed, &Beat::setSlashed>(Id::Slashed, "Slashed", "slashes", anyOf<bool>(),
                                              Split::All),
     where(isSlowerThanTremolo,

@@ -32,6 +32,7 @@ void RemoveBeats::takeOut()
         Voice &voice = *voiceOf(model(), span);
         removed.push_back({span, {}, KeptLinks(voice, span.firstBeat, span.lastBeat + 1)});
         removed.back().beats = voice.takeBeats(span.firstBeat, span.lastBeat, LinkMode::Mend);
+        removed.back().links.cutSlurs(voice, span.firstBeat);
         removed.back().links.settle(span, _touched);
     }
     _removed = std::move(removed);

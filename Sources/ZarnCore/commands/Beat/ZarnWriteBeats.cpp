@@ -109,8 +109,12 @@ void WriteBeats::apply()
         carryOver(voice, first, first + place.writtenCount);
         mendThroughout(voice, first, first + place.writtenCount);
     }
-    for (std::size_t i = 0; i < _places.size(); ++i)
-        _links[i].settle(_places[i].span, _touched);
+    for (std::size_t i = 0; i < _places.size(); ++i) {
+        const Place &place = _places[i];
+        _links[i].cutSlurs(*voiceOf(model(), place.span),
+                           place.span.firstBeat + place.writtenCount);
+        _links[i].settle(place.span, _touched);
+    }
 }
 
 void WriteBeats::revert()

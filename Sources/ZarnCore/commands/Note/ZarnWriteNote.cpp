@@ -70,6 +70,7 @@ void WriteNote::apply()
     if (_isWritten) {
         beat->setPlaceHolder(false);
         beat->setWholeBarRest(false);
+        beat->setDeadSlapped(false);
         // The same note again after an undo.
         beat->insertNote(_noteIndex, _written != nullptr ? _written : makeNote(old, *place->to));
         _written.reset();

@@ -43,8 +43,9 @@ void visitVoice(const Voice &voice, unsigned bar, std::vector<BrokenLink> &broke
                 broken.push_back({bar, voice.index(), i, nullptr, kind});
             });
         for (const auto &note : beat.notes())
+            // Whether the next note is of another pitch is up to those who change pitches.
             for (const StringLink link : {StringLink::Hopo, StringLink::Slide})
-                if (hasLink(*note, link) && !canLeadToNext(voice, i, *note, link))
+                if (hasLink(*note, link) && !canLeadToNext(voice, i, *note, StringLink::Slide))
                     broken.push_back({bar, voice.index(), i, note.get(),
                                       link == StringLink::Hopo ? Kind::Hopo : Kind::Slide});
     }
@@ -121,9 +122,9 @@ const char *textOf(BrokenLink::Kind kind) noexcept
     case Kind::Tremolo:
         return "a tremolo between two beats that lacks the second";
     case Kind::Hopo:
-        return "a hammer-on or pull-off that leads to no other note";
+        return "a hammer-on or pull-off that leads to no note";
     case Kind::Slide:
-        return "a slide that leads to no other note";
+        return "a slide that leads to no note";
     }
     return "";
 }

@@ -47,6 +47,9 @@ void mendBetween(Beat *before, Beat *after)
     }
     if (after && takesSlurFromNothing(*after, before))
         after->setSlurredToPrevious(false);
+    for (Beat *const beat : {before, after})
+        if (beat && beginsNoHairpin(*beat))
+            beat->setHairpinBegins(false);
 }
 
 /// What went from between two beats, beat by beat: whether one slur and one hairpin went through.

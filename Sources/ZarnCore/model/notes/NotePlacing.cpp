@@ -133,6 +133,7 @@ Voice::Beats placeNotes(Voice &voice, const Voice::Notes &notes, const rational 
     const Voice::Beats beats = beatsBetween(voice, start, end);
     for (std::size_t i = 0; i < beats.size(); ++i) {
         beats[i]->setPlaceHolder(false);
+        beats[i]->setDeadSlapped(false);
         for (const auto &note : notes) {
             const auto placed = i == 0 ? note : note->clone();
             removeNotesAtPlaceOf(*beats[i], *placed);
