@@ -11,23 +11,25 @@ std::vector<CommandRow> documentRows();
 void expectDocumentCommandsRefused(rich::RichScore &);
 std::vector<CommandRow> beatRows();
 void expectBeatCommandsRefused(rich::RichScore &);
-std::vector<CommandRow> soundRows();
-void expectSoundCommandsRefused(rich::RichScore &);
-std::vector<CommandRow> playingRows();
-void expectPlayingCommandsRefused(rich::RichScore &);
+std::vector<CommandRow> linkRows();
+void expectLinkCommandsRefused(rich::RichScore &);
 std::vector<CommandRow> markRows();
 void expectMarkCommandsRefused(rich::RichScore &);
 std::vector<CommandRow> pitchRows();
 void expectPitchCommandsRefused(rich::RichScore &);
+std::vector<CommandRow> soundRows();
+void expectSoundCommandsRefused(rich::RichScore &);
+std::vector<CommandRow> playingRows();
+void expectPlayingCommandsRefused(rich::RichScore &);
 
 const std::vector<CommandRowsOfArea> &commandAreas()
 {
     static const std::vector<CommandRowsOfArea> areas = {
         {formRows, expectFormCommandsRefused},         {trackRows, expectTrackCommandsRefused},
         {documentRows, expectDocumentCommandsRefused}, {beatRows, expectBeatCommandsRefused},
-        {markRows, expectMarkCommandsRefused},         {pitchRows, expectPitchCommandsRefused},
-        {soundRows, expectSoundCommandsRefused},       {playingRows, expectPlayingCommandsRefused},
-        {markRows, expectMarkCommandsRefused},
+        {linkRows, expectLinkCommandsRefused},         {markRows, expectMarkCommandsRefused},
+        {pitchRows, expectPitchCommandsRefused},       {soundRows, expectSoundCommandsRefused},
+        {playingRows, expectPlayingCommandsRefused},
     };
     return areas;
 }

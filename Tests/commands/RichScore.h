@@ -73,6 +73,7 @@ struct RichScore : SmallScore {
         model.masterTrack()->masterBars()[4]->setMovementStart(true);
         model.masterTrack()->masterBars()[5]->setBeamGroups(BeamGroups({1, 3}));
         beat(0, 1).setDynamic(NoteDynamic::Value::P);
+        addLinks();
         score.scoreCursor().setIndex(at(5, -1, 1));
     }
 
@@ -91,6 +92,24 @@ struct RichScore : SmallScore {
         change->setIndex(1);
         change->setPosition(2);
         track.mutableAutomations().insertAutomation(std::move(change));
+    }
+
+    /// A slur from bar 0 to bar 2, a crescendo under it, and in another voice of bar 3 two notes of
+    /// one string.
+    void addLinks()
+    {
+        for (unsigned i = 3; i < 8; ++i) {
+            beat(i / 4, i % 4).setSlurredToNext(true);
+            beat((i + 1) / 4, (i + 1) % 4).setSlurredToPrevious(true);
+        }
+        for (unsigned i = 5; i < 10; ++i)
+            beat(i / 4, i % 4).setHairpin(Hairpin::Crescendo);
+        Voice &second = *model.track(0)->bar(3)->ensureVoice(2);
+        for (const int fret : {5, 7}) {
+            addBeat(second, {3});
+            second.beats().back()->notes()[0]->setFret(fret);
+            second.beats().back()->notes()[0]->setMidi(67 + fret);
+        }
     }
 };
 

@@ -361,8 +361,8 @@ const std::vector<RandomOperation> &randomOperations()
 {
     static const std::vector<RandomOperation> all = [] {
         std::vector<RandomOperation> list = operations;
-        for (const auto *more :
-             {&randomMarkOperations(), &randomPitchOperations(), &randomSoundOperations()})
+        for (const auto *more : {&randomMarkOperations(), &randomLinkOperations(),
+                                 &randomPitchOperations(), &randomSoundOperations()})
             list.insert(list.end(), more->begin(), more->end());
         return list;
     }();

@@ -36,5 +36,8 @@ const std::vector<RandomOperation> &randomPitchOperations();
 /// Those of sounds, effects and the mixer, and of how tracks are arranged and played.
 const std::vector<RandomOperation> &randomSoundOperations();
 
+/// Those that join beats and notes to their neighbours, or put others in the place of beats.
+const std::vector<RandomOperation> &randomLinkOperations();
+
 /// Every operation that changes a score.
 const std::vector<RandomOperation> &randomOperations();

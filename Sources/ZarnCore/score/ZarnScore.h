@@ -10,6 +10,7 @@
 #include <ZarnCore/score/ZarnScoreCursor.h>
 #include <ZarnCore/score/ZarnScoreDocumentOperations.h>
 #include <ZarnCore/score/ZarnScoreFormOperations.h>
+#include <ZarnCore/score/ZarnScoreLinkOperations.h>
 #include <ZarnCore/score/ZarnScoreNoteOperations.h>
 #include <ZarnCore/score/ZarnScorePlaybackOperations.h>
 #include <ZarnCore/score/ZarnScoreSoundOperations.h>
@@ -35,6 +36,7 @@ class ZARNCORE_EXPORT Score : public ScoreBase,
                               public ScorePlaybackOperations,
                               public ScoreDocumentOperations,
                               public ScoreBeatOperations,
+                              public ScoreLinkOperations,
                               public ScoreNoteOperations {
 public:
     /// A score with a master track, no tracks and no bars.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/score/ZarnScoreBeatOperations.h>
 
+#include <ZarnCore/commands/Beat/ZarnClearBeats.h>
+#include <ZarnCore/commands/Beat/ZarnCopyBeatToEOB.h>
 #include <ZarnCore/commands/Beat/ZarnCreateBeat.h>
 #include <ZarnCore/commands/Beat/ZarnIncrementBeatDuration.h>
 #include <ZarnCore/commands/Beat/ZarnIncrementBeatSecondaryAttribute.h>
@@ -9,10 +11,12 @@
 #include <ZarnCore/commands/Beat/ZarnSetBeatAttribute.h>
 #include <ZarnCore/commands/Beat/ZarnSetBeatAttributes.h>
 #include <ZarnCore/commands/Beat/ZarnSetBeatBarre.h>
+#include <ZarnCore/commands/Beat/ZarnSetBeatDeadSlapped.h>
 #include <ZarnCore/commands/Beat/ZarnSetBeatDynamic.h>
 #include <ZarnCore/commands/Beat/ZarnSetBeatFadding.h>
 #include <ZarnCore/commands/Beat/ZarnSetBeatFreeText.h>
 #include <ZarnCore/commands/Beat/ZarnSetBeatGolpe.h>
+#include <ZarnCore/commands/Beat/ZarnSetBeatGraceNotes.h>
 #include <ZarnCore/commands/Beat/ZarnSetBeatOttavia.h>
 #include <ZarnCore/commands/Beat/ZarnSetBeatPickStroke.h>
 #include <ZarnCore/commands/Beat/ZarnSetBeatRasgueado.h>
@@ -51,6 +55,26 @@ bool ScoreBeatOperations::writeBeats(unsigned track, unsigned staff,
 bool ScoreBeatOperations::removeBeats(const ScoreModelRange &range)
 {
     return execute<cmd::RemoveBeats>(*this, range);
+}
+
+bool ScoreBeatOperations::clearBeats(const ScoreModelRange &range)
+{
+    return execute<cmd::ClearBeats>(*this, range);
+}
+
+bool ScoreBeatOperations::copyBeatToEOB(const ScoreModelIndex &index)
+{
+    return execute<cmd::CopyBeatToEOB>(*this, index);
+}
+
+bool ScoreBeatOperations::setBeatDeadSlapped(const ScoreModelRange &range, bool checked)
+{
+    return execute<cmd::SetBeatDeadSlapped>(*this, range, checked);
+}
+
+bool ScoreBeatOperations::setBeatGraceNotes(const ScoreModelRange &range, GraceType type)
+{
+    return execute<cmd::SetBeatGraceNotes>(*this, range, type);
 }
 
 bool ScoreBeatOperations::setBeatRhythm(const ScoreModelRange &range, const RhythmValue &rhythm)

@@ -37,6 +37,18 @@ public:
     /// Removes beats; those behind them move up, and nothing fills the bar.
     bool removeBeats(const ScoreModelRange &range);
 
+    /// Makes plain rests of beats, with nothing left of what they had; grace beats go.
+    bool clearBeats(const ScoreModelRange &range);
+
+    /// Repeats a beat up to the end of its bar, over what is behind it.
+    bool copyBeatToEOB(const ScoreModelIndex &index);
+
+    /// Slaps the dead strings in place of notes or rests, or makes rests of such slaps.
+    bool setBeatDeadSlapped(const ScoreModelRange &range, bool checked);
+
+    /// Makes grace notes of beats, or beats of grace notes; nothing fills the bar.
+    bool setBeatGraceNotes(const ScoreModelRange &range, GraceType type);
+
     /// Gives every beat of a range a note value; nothing fills or cuts the bar.
     bool setBeatRhythm(const ScoreModelRange &range, const RhythmValue &rhythm);
 

@@ -42,11 +42,13 @@ std::vector<CommandRow> formRows()
          "MasterTrackAutomationChanged(Tempo,0,5) TrackAutomationChanged(1,Sound,0,5) "
          "SoundAutomationChanged(1,0,5) AutomationChanged "},
         {"RemoveBars", [](SmallScore &s) { return s.score.removeBarRange(1, 2); },
-         "RemoveBars(1,2) ModifyBarRangeAllTracks(1,2) MasterBarDirection(1,2,-1) "
+         "RemoveBars(1,2) ModifyBarRangeAllTracks(1,2) ModifyBarRange(0,0,0,0) "
+         "MasterBarDirection(1,2,-1) "
          "RequestMasterBarPlaylistUpdate MasterTrackAutomationChanged(Tempo,1,1) "
          "TrackAutomationChanged(1,Sound,1,1) SoundAutomationChanged(1,1,1) "
          "AutomationChanged ",
-         "AddBars(1,2) ModifyBarRangeAllTracks(1,2) MasterBarDirection(1,-1,2) "
+         "AddBars(1,2) ModifyBarRangeAllTracks(1,2) ModifyBarRange(0,0,0,0) "
+         "MasterBarDirection(1,-1,2) "
          "RequestMasterBarPlaylistUpdate MasterTrackAutomationChanged(Tempo,1,2) "
          "TrackAutomationChanged(1,Sound,1,2) SoundAutomationChanged(1,1,2) "
          "AutomationChanged "},
