@@ -29,6 +29,7 @@ const std::vector<CommandArea> &commandAreas()
     static const std::vector<CommandArea> areas = {
         {"Places", placeCommands()},
         {"Notes and beats", noteCommands()},
+        {"Ties and slurs", linkCommands()},
         {"Pitches and lengths", pitchCommands()},
         {"How notes are played", noteMarkCommands()},
         {"Fingering", fingeringCommands()},

@@ -28,15 +28,16 @@ struct Command {
 
 /// The tables, one per area.
 const std::vector<Command> &placeCommands();
+const std::vector<Command> &noteCommands();
+const std::vector<Command> &linkCommands();
+const std::vector<Command> &pitchCommands();
+const std::vector<Command> &noteMarkCommands();
+const std::vector<Command> &fingeringCommands();
 const std::vector<Command> &barCommands();
 const std::vector<Command> &trackCommands();
 const std::vector<Command> &playingCommands();
 const std::vector<Command> &soundCommands();
 const std::vector<Command> &scoreCommands();
-const std::vector<Command> &noteCommands();
-const std::vector<Command> &pitchCommands();
-const std::vector<Command> &noteMarkCommands();
-const std::vector<Command> &fingeringCommands();
 const std::vector<Command> &sessionCommands();
 
 /// The areas with their titles, in the order of the help.

@@ -1,0 +1,202 @@
+// SPDX-License-Identifier: MIT
+#include "common/Choices.h"
+#include "edit/Commands.h"
+#include "edit/EditSession.h"
+#include "edit/Targets.h"
+
+namespace zarn::tool {
+
+namespace {
+
+const Choices &hairpinChoices()
+{
+    static const Choices choices = {
+        {QStringLiteral("cresc"), static_cast<int>(Hairpin::Crescendo)},
+        {QStringLiteral("dim"), static_cast<int>(Hairpin::Decrescendo)},
+        {QStringLiteral("swell"), static_cast<int>(Hairpin::Swell)},
+        {QStringLiteral("off"), static_cast<int>(Hairpin::NoHairpin)},
+    };
+    return choices;
+}
+
+/// Slides out of a note, then into it, numbered behind them.
+constexpr int slidesIn = 16;
+constexpr int noSlide = 32;
+
+const Choices &slideChoices()
+{
+    static const Choices choices = {
+        {QStringLiteral("shift"), static_cast<int>(SlideOut::Shift)},
+        {QStringLiteral("legato"), static_cast<int>(SlideOut::Legato)},
+        {QStringLiteral("out-down"), static_cast<int>(SlideOut::Downwards)},
+        {QStringLiteral("out-up"), static_cast<int>(SlideOut::Upwards)},
+        {QStringLiteral("scrape-down"), static_cast<int>(SlideOut::PickScrapeDown)},
+        {QStringLiteral("scrape-up"), static_cast<int>(SlideOut::PickScrapeUp)},
+        {QStringLiteral("from-below"), slidesIn + static_cast<int>(SlideIn::FromBelow)},
+        {QStringLiteral("from-above"), slidesIn + static_cast<int>(SlideIn::FromAbove)},
+        {QStringLiteral("off"), noSlide},
+    };
+    return choices;
+}
+
+const Choices &graceChoices()
+{
+    static const Choices choices = {
+        {QStringLiteral("before"), static_cast<int>(GraceType::BeforeBeat)},
+        {QStringLiteral("on-beat"), static_cast<int>(GraceType::OnBeat)},
+        {QStringLiteral("off"), static_cast<int>(GraceType::None)},
+    };
+    return choices;
+}
+
+const QString &stringOption()
+{
+    static const QString name = QStringLiteral("string");
+    return name;
+}
+
+/// The beats, or the note that is named by its string.
+ScoreModelRange targetNotes(EditSession &session, const Values &values)
+{
+    const ScoreModelRange beats = targetBeats(session, values);
+    const int *const string = values.option<int>(stringOption());
+    if (!string) {
+        ScoreModelRange all = beats;
+        all.setMultiSelection(true);
+        return all;
+    }
+    ScoreModelIndex place = beats.first();
+    place.setNoteString(static_cast<std::uint32_t>(*string));
+    return ScoreModelRange(place);
+}
+
+bool tie(EditSession &session, const Values &values)
+{
+    const bool checked = values.get(1, true);
+    return values.option<int>(stringOption())
+        ? session.score().setNoteTied(targetNotes(session, values), checked)
+        : session.score().setBeatTied(targetBeats(session, values), checked);
+}
+
+bool slur(EditSession &session, const Values &values)
+{
+    return session.score().setBeatLegato(targetBeats(session, values), values.get(1, true));
+}
+
+bool hairpin(EditSession &session, const Values &values)
+{
+    return session.score().setBeatHairpin(targetBeats(session, values),
+                                          static_cast<Hairpin>(values.get<int>(1)));
+}
+
+bool hammer(EditSession &session, const Values &values)
+{
+    return session.score().setStringedNoteHopo(targetNotes(session, values), values.get(1, true));
+}
+
+bool slide(EditSession &session, const Values &values)
+{
+    const ScoreModelRange notes = targetNotes(session, values);
+    const int kind = values.get<int>(1);
+    if (kind == noSlide)
+        return session.score().setStringedNoteSlide(notes, SlideIn::None, SlideOut::None);
+    if (kind > slidesIn)
+        return session.score().setStringedNoteSlide(notes, static_cast<SlideIn>(kind - slidesIn),
+                                                    std::nullopt);
+    return session.score().setStringedNoteSlide(notes, std::nullopt, static_cast<SlideOut>(kind));
+}
+
+bool grace(EditSession &session, const Values &values)
+{
+    return session.score().setBeatGraceNotes(targetBeats(session, values),
+                                             static_cast<GraceType>(values.get<int>(1)));
+}
+
+bool deadSlap(EditSession &session, const Values &values)
+{
+    return session.score().setBeatDeadSlapped(targetBeats(session, values), values.get(1, true));
+}
+
+bool clear(EditSession &session, const Values &values)
+{
+    return session.score().clearBeats(targetBeats(session, values));
+}
+
+bool repeatBeat(EditSession &session, const Values &values)
+{
+    return session.score().copyBeatToEOB(targetBeat(session, values));
+}
+
+} // namespace
+
+const std::vector<Command> &linkCommands()
+{
+    static const Parameter beats = {QStringLiteral("BEATS"), Kind::Beats, Presence::Assumed};
+    static const Parameter onOff = {QStringLiteral("SWITCH"), Kind::Switch, Presence::Assumed};
+    static const Parameter string = {QStringLiteral("STRING"), Kind::String};
+    const auto choice = [](const char *name, const Choices &choices) {
+        return Parameter{QLatin1String(name), Kind::Choice, Presence::Required, 0, 0, &choices};
+    };
+    static const std::vector<Command> commands = {
+        {QStringLiteral("tie"),
+         {beats, onOff},
+         QStringLiteral("Tie beats, or one string, to the beat in front; rests are filled."),
+         QStringLiteral("Score::setBeatTied"),
+         tie,
+         true,
+         {string}},
+        {QStringLiteral("slur"),
+         {beats, onOff},
+         QStringLiteral("Draw a slur over beats, from one beat to the next."),
+         QStringLiteral("Score::setBeatLegato"),
+         slur,
+         true},
+        {QStringLiteral("hairpin"),
+         {beats, choice("KIND", hairpinChoices())},
+         QStringLiteral("Draw a crescendo, diminuendo or swell over beats, or none."),
+         QStringLiteral("Score::setBeatHairpin"),
+         hairpin,
+         true},
+        {QStringLiteral("hammer"),
+         {beats, onOff},
+         QStringLiteral("Hammer on or pull off from note to note of a string."),
+         QStringLiteral("Score::setStringedNoteHopo"),
+         hammer,
+         true,
+         {string}},
+        {QStringLiteral("slide"),
+         {beats, choice("KIND", slideChoices())},
+         QStringLiteral("Slide into notes, out of them, or to the next of the string."),
+         QStringLiteral("Score::setStringedNoteSlide"),
+         slide,
+         true,
+         {string}},
+        {QStringLiteral("grace"),
+         {beats, choice("KIND", graceChoices())},
+         QStringLiteral("Make grace notes of beats, or beats of grace notes."),
+         QStringLiteral("Score::setBeatGraceNotes"),
+         grace,
+         true},
+        {QStringLiteral("dead-slap"),
+         {beats, onOff},
+         QStringLiteral("Slap the dead strings in place of notes."),
+         QStringLiteral("Score::setBeatDeadSlapped"),
+         deadSlap,
+         true},
+        {QStringLiteral("clear"),
+         {beats},
+         QStringLiteral("Make plain rests of beats, with nothing left of what they had."),
+         QStringLiteral("Score::clearBeats"),
+         clear,
+         true},
+        {QStringLiteral("repeat-beat"),
+         {{QStringLiteral("BEAT"), Kind::Beat, Presence::Assumed}},
+         QStringLiteral("Repeat a beat up to the end of its bar, over what is there."),
+         QStringLiteral("Score::copyBeatToEOB"),
+         repeatBeat,
+         true},
+    };
+    return commands;
+}
+
+} // namespace zarn::tool
