@@ -6,6 +6,7 @@
 #include <ZarnCore/model/ZarnBarAttribute.h>
 #include <ZarnCore/model/ZarnMasterBarAttribute.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/notes/LinkFaults.h>
 
 #include <gtest/gtest.h>
 
@@ -74,8 +75,10 @@ void expectKept()
             for (const auto &other : attributesOf<Node>())
                 EXPECT_TRUE(other.id == row.id || other.isDefault(node)) << other.name;
 
+            // Of a link, readers leave out what has one end: there is no other beat.
             const std::string document = test::writeNative(score.model);
-            EXPECT_TRUE(*test::readNative(document) == score.model) << document;
+            const bool isWhole = brokenLinks(*score.model.track(0)->staff(0)).empty();
+            EXPECT_EQ(*test::readNative(document) == score.model, isWhole) << document;
 
             const auto copy = row.range.fromText(row.range.toText(value));
             EXPECT_TRUE(!copy || row.range.toText(*copy) == row.range.toText(value));

@@ -52,6 +52,17 @@ remove-track 1
 strings 5 t1
 write 2:1 "[1:2 2:2]e~ 1:2 2:xq" 2 t1
 append "6:0e 6:3 6:5q" t2
+write 4:1 "6:0q 6:3 6:5" t2
+slur 4:1-3 t2
+hairpin 4:1-3 cresc t2
+hammer 4:1-3 t2
+slide 4:2 shift --string 6 t2
+tie 4:3 --string 6 t2
+grace 4:1 before t2
+dead-slap 4:2 t2
+clear 4:3 t2
+write 5:1 "6:3q 6:5 6:7" t2
+repeat-beat 5:1 t2
 name 1 "Low one"
 short-name 1 Low
 icon 1 electricBass

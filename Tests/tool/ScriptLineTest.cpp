@@ -142,7 +142,8 @@ TEST(ScriptLine, musicIsReadInTheNotationOfMusicians)
 
 TEST(ScriptLine, completionOffersWhatFitsTheParameter)
 {
-    EXPECT_EQ(completions("rep"), (std::vector<std::string>{"repeat-end", "repeat-start"}));
+    EXPECT_EQ(completions("rep"),
+              (std::vector<std::string>{"repeat-beat", "repeat-end", "repeat-start"}));
     EXPECT_EQ(completions("clef 1 t"), (std::vector<std::string>{"tenor", "treble"}));
     EXPECT_EQ(completions("events o"), (std::vector<std::string>{"off", "on"}));
     EXPECT_EQ(completions("help und"), (std::vector<std::string>{"undo"}));
