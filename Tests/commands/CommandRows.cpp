@@ -5,6 +5,8 @@
 
 std::vector<CommandRow> formRows();
 void expectFormCommandsRefused(rich::RichScore &);
+std::vector<CommandRow> structureRows();
+void expectStructureCommandsRefused(rich::RichScore &);
 std::vector<CommandRow> trackRows();
 void expectTrackCommandsRefused(rich::RichScore &);
 std::vector<CommandRow> documentRows();
@@ -25,11 +27,11 @@ void expectPlayingCommandsRefused(rich::RichScore &);
 const std::vector<CommandRowsOfArea> &commandAreas()
 {
     static const std::vector<CommandRowsOfArea> areas = {
-        {formRows, expectFormCommandsRefused},         {trackRows, expectTrackCommandsRefused},
-        {documentRows, expectDocumentCommandsRefused}, {beatRows, expectBeatCommandsRefused},
-        {linkRows, expectLinkCommandsRefused},         {markRows, expectMarkCommandsRefused},
-        {pitchRows, expectPitchCommandsRefused},       {soundRows, expectSoundCommandsRefused},
-        {playingRows, expectPlayingCommandsRefused},
+        {formRows, expectFormCommandsRefused},   {structureRows, expectStructureCommandsRefused},
+        {trackRows, expectTrackCommandsRefused}, {documentRows, expectDocumentCommandsRefused},
+        {beatRows, expectBeatCommandsRefused},   {linkRows, expectLinkCommandsRefused},
+        {markRows, expectMarkCommandsRefused},   {pitchRows, expectPitchCommandsRefused},
+        {soundRows, expectSoundCommandsRefused}, {playingRows, expectPlayingCommandsRefused},
     };
     return areas;
 }

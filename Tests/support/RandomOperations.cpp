@@ -361,8 +361,9 @@ const std::vector<RandomOperation> &randomOperations()
 {
     static const std::vector<RandomOperation> all = [] {
         std::vector<RandomOperation> list = operations;
-        for (const auto *more : {&randomMarkOperations(), &randomLinkOperations(),
-                                 &randomPitchOperations(), &randomSoundOperations()})
+        for (const auto *more :
+             {&randomMarkOperations(), &randomPitchOperations(), &randomSoundOperations(),
+              &randomLinkOperations(), &randomStructureOperations()})
             list.insert(list.end(), more->begin(), more->end());
         return list;
     }();

@@ -39,5 +39,8 @@ const std::vector<RandomOperation> &randomSoundOperations();
 /// Those that join beats and notes to their neighbours, or put others in the place of beats.
 const std::vector<RandomOperation> &randomLinkOperations();
 
+/// Those that put bars and voices in the place of others.
+const std::vector<RandomOperation> &randomStructureOperations();
+
 /// Every operation that changes a score.
 const std::vector<RandomOperation> &randomOperations();

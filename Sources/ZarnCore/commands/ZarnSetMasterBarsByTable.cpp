@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/commands/ZarnSetMasterBarsByTable.h>
 
+#include <ZarnCore/commands/MasterBar/AnnounceMasterBars.h>
 #include <ZarnCore/commands/MasterBar/ZarnSetMasterTimeSignature.h>
-#include <ZarnCore/events/ZarnBarEvents.h>
 #include <ZarnCore/events/ZarnMasterBarEvents.h>
 #include <ZarnCore/events/ZarnScoreEvents.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
@@ -131,63 +131,16 @@ void SetMasterBarsByTable::revert()
         model().masterTrack()->updatePlayList();
 }
 
-/// Runs of bars that have a section now, and of bars that have none.
-void SetMasterBarsByTable::announceSections()
-{
-    const Bars bars = this->bars();
-    for (std::size_t i = 0; i < bars.size();) {
-        const bool hasSection = bars[i]->hasSection();
-        const int from = static_cast<int>(_first + i);
-        while (i < bars.size() && bars[i]->hasSection() == hasSection)
-            ++i;
-        const int to = static_cast<int>(_first + i) - 1;
-        if (hasSection)
-            score().notify(this, evt::SetBarSection(from, to));
-        else
-            score().notify(this, evt::UnsetBarSection(from, to));
-    }
-}
-
 void SetMasterBarsByTable::announce()
 {
-    const int first = static_cast<int>(_first);
-    const int last = static_cast<int>(_last);
-    const auto tell = [&](auto event) { score().notify(this, event); };
     const auto tellOf = [&](unsigned number) {
-        switch (number) {
-        case evt::SetBarSection::TypeNumber:
-            return announceSections();
-        case evt::MasterBarTimeSignature::TypeNumber:
-            return tell(evt::MasterBarTimeSignature(first, last));
-        case evt::MasterBarKeySignature::TypeNumber:
-            return tell(evt::MasterBarKeySignature(first, last));
-        case evt::MasterBarTripletFeel::TypeNumber:
-            return tell(evt::MasterBarTripletFeel(first, last));
-        case evt::MasterBarFreeTime::TypeNumber:
-            return tell(evt::MasterBarFreeTime(first, last));
-        case evt::MasterBarDoubleBar::TypeNumber:
-            return tell(evt::MasterBarDoubleBar(first, last));
-        case evt::MasterBarRepeat::TypeNumber:
-            return tell(evt::MasterBarRepeat(first, last));
-        case evt::MasterBarAlternateEnding::TypeNumber:
-            return tell(evt::MasterBarAlternateEnding(first, last));
-        case evt::MasterBarBeamGroups::TypeNumber:
-            return tell(evt::MasterBarBeamGroups(first, last));
-        case evt::MasterBarFermata::TypeNumber:
-            return tell(evt::MasterBarFermata(first, last));
-        case evt::BarLayoutRatiosChanged::TypeNumber:
-            return tell(evt::BarLayoutRatiosChanged(first, last));
-        case evt::AnacrusisChanged::TypeNumber: {
-            const bool now = model().masterTrack()->hasAnacrusis();
-            const auto place = std::find(_kept.begin(), _kept.end(), Id::Anacrusis);
-            const bool before =
-                _before[0][static_cast<std::size_t>(place - _kept.begin())].to<bool>();
-            const bool given = _values.back().second.to<bool>();
-            return tell(evt::AnacrusisChanged(now == given ? before : given, now));
-        }
-        default:
-            return tell(evt::MasterBarAttribute(first, last));
-        }
+        if (number != evt::AnacrusisChanged::TypeNumber)
+            return announceMasterBars(score(), this, number, _first, _last);
+        const bool now = model().masterTrack()->hasAnacrusis();
+        const auto place = std::find(_kept.begin(), _kept.end(), Id::Anacrusis);
+        const bool before = _before[0][static_cast<std::size_t>(place - _kept.begin())].to<bool>();
+        const bool given = _values.back().second.to<bool>();
+        score().notify(this, evt::AnacrusisChanged(now == given ? before : given, now));
     };
     std::vector<unsigned> told;
     for (const auto &value : _values) {
@@ -201,7 +154,7 @@ void SetMasterBarsByTable::announce()
     if (_haveGroupsGone && std::find(told.begin(), told.end(), groups) == told.end())
         tellOf(groups);
     if (setsForm())
-        tell(evt::RequestMasterBarPlaylistUpdate());
+        score().notify(this, evt::RequestMasterBarPlaylistUpdate());
 }
 
 } // namespace zarn

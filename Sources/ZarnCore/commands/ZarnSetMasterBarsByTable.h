@@ -37,7 +37,6 @@ private:
     Bars bars() const;
     bool fit(const Bars &bars) const;
     bool setsForm() const noexcept;
-    void announceSections();
     void announce();
 
     void apply() override;

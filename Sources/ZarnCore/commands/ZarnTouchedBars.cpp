@@ -24,6 +24,11 @@ void TouchedBars::add(unsigned track, unsigned staff, unsigned first, unsigned l
         _content.push_back({track, staff, first, last});
 }
 
+void TouchedBars::addAllTracks(unsigned first, unsigned last)
+{
+    _allTracks = std::make_pair(first, last);
+}
+
 void TouchedBars::add(const ScoreModelRange &range)
 {
     const std::pair<unsigned, unsigned> bars =

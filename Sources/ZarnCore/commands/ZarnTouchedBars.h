@@ -21,6 +21,9 @@ public:
     /// Bars of one staff whose beats or notes changed.
     void add(unsigned track, unsigned staff, unsigned first, unsigned last);
 
+    /// Bars of all staves of all tracks.
+    void addAllTracks(unsigned first, unsigned last);
+
     /// The bars that a range spans, whatever of them it selects.
     void add(const ScoreModelRange &range);
 

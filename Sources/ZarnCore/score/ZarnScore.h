@@ -14,6 +14,7 @@
 #include <ZarnCore/score/ZarnScoreNoteOperations.h>
 #include <ZarnCore/score/ZarnScorePlaybackOperations.h>
 #include <ZarnCore/score/ZarnScoreSoundOperations.h>
+#include <ZarnCore/score/ZarnScoreStructureOperations.h>
 #include <ZarnCore/score/ZarnScoreTrackOperations.h>
 
 #include <memory>
@@ -37,7 +38,8 @@ class ZARNCORE_EXPORT Score : public ScoreBase,
                               public ScoreDocumentOperations,
                               public ScoreBeatOperations,
                               public ScoreLinkOperations,
-                              public ScoreNoteOperations {
+                              public ScoreNoteOperations,
+                              public ScoreStructureOperations {
 public:
     /// A score with a master track, no tracks and no bars.
     Score();

@@ -34,8 +34,8 @@ bool isCrossedByTie(const Staff &staff, int bar, unsigned firstVoice, unsigned l
     return false;
 }
 
-/// How many bars before it the bar lies that a simile bar repeats; 0 for any other, and at the
-/// front, where there is none.
+} // namespace
+
 int simileStep(const Staff &staff, int bar) noexcept
 {
     const Bar *const node = barAt(staff, bar);
@@ -45,15 +45,12 @@ int simileStep(const Staff &staff, int bar) noexcept
     return step <= bar ? step : 0;
 }
 
-/// The bar that is heard when a bar is played.
 int soundingBar(const Staff &staff, int bar) noexcept
 {
     while (const int step = simileStep(staff, bar))
         bar -= step;
     return bar;
 }
-
-} // namespace
 
 BarSelection BarSelection::of(const ScoreModelRange &range)
 {

@@ -9,6 +9,13 @@
 
 namespace zarn {
 
+/// How many bars before it the bar lies that a simile bar repeats; 0 for any other, and at the
+/// front, where there is none.
+int simileStep(const Staff &staff, int bar) noexcept;
+
+/// The bar that is heard when a bar is played, through chains of simile marks.
+int soundingBar(const Staff &staff, int bar) noexcept;
+
 /// The bars from one number to another in some staves, and what is tied to them or repeated by
 /// them.
 struct BarSelection {

@@ -1,0 +1,332 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/commands/Bar/BarArrangement.h>
+
+#include <ZarnCore/commands/Bar/ContentSwap.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/notes/Ties.h>
+#include <ZarnCore/model/places/BarSelection.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace zarn {
+
+namespace {
+
+using utils::rational;
+
+/// The voice that is heard when a bar is played; null for none.
+const Voice *soundingVoice(const Staff &staff, unsigned bar, unsigned voice)
+{
+    const int sounding = soundingBar(staff, static_cast<int>(bar));
+    return staff.bars()[static_cast<unsigned>(sounding)]->voices()[voice].get();
+}
+
+/// What a voice holds besides rests that are as long as their bar.
+std::optional<rational> ownLengthOf(const Voice &voice)
+{
+    std::optional<rational> length;
+    for (const auto &beat : voice.beats())
+        if (!beat->isWholeBarRest())
+            length = length.value_or(rational()) + beat->length();
+    return length;
+}
+
+/// Whether something would be missed if the beat were not there.
+bool isWritten(const Beat &beat)
+{
+    BeatMarks marks = beat.marks();
+    marks.setPlaceHolder(false);
+    marks.setWholeBarRest(false);
+    return beat.hasNotes() || !marks.isPlain() || beat.hasDetails();
+}
+
+/// Bars up to the last one with something written.
+unsigned writtenBarCount(const std::vector<Voice::Beats> &bars)
+{
+    auto count = static_cast<unsigned>(bars.size());
+    const auto isSilent = [](const Voice::Beats &beats) {
+        return std::none_of(beats.begin(), beats.end(),
+                            [](const auto &beat) { return isWritten(*beat); });
+    };
+    while (count > 0 && isSilent(bars[count - 1]))
+        --count;
+    return count;
+}
+
+double toDouble(const rational &value)
+{
+    return static_cast<double>(value.numerator()) / static_cast<double>(value.denominator());
+}
+
+/// Puts into a simile bar what it stands for.
+void writeOut(ContentSwap &swap, unsigned track, const Staff &staff, unsigned bar, unsigned shift)
+{
+    swap.setSimileMark(track, staff.index(), bar + shift, SimileMark::None);
+    for (unsigned slot = 0; slot < Bar::MaxVoices; ++slot) {
+        const Voice *const voice = soundingVoice(staff, bar, slot);
+        const VoicePlace place{track, staff.index(), bar + shift, slot};
+        if (voice == nullptr) {
+            if (staff.bars()[bar]->voices()[slot] != nullptr)
+                swap.dropVoice(place);
+            continue;
+        }
+        Voice::Beats copies;
+        for (const auto &beat : voice->beats())
+            copies.push_back(beat->clone());
+        swap.setBeats(place, std::move(copies));
+    }
+    swap.addBarLine(track, staff.index(), bar + shift);
+    swap.addBarLine(track, staff.index(), bar + shift + 1);
+}
+
+} // namespace
+
+BarArrangement::BarArrangement(const ScoreModel &model, unsigned first, unsigned last,
+                               unsigned shift)
+    : _model(model), _first(first), _last(last), _shift(shift)
+{
+    const auto &masterBars = model.masterTrack()->masterBars();
+    for (unsigned bar = first; bar <= last; ++bar)
+        _lengths.push_back(masterBars[bar]->length());
+    _further = masterBars[last]->timeSignature().barLength();
+    measureColumns();
+    for (const auto &track : model.tracks())
+        for (const auto &staff : track->staves())
+            for (unsigned voice = 0; voice < Bar::MaxVoices; ++voice)
+                pour(track->index(), *staff, voice);
+    const unsigned present = last - first + 1;
+    for (PouredVoice &voice : _voices) {
+        const unsigned needed = writtenBarCount(voice.poured.bars());
+        _newBarCount = std::max(_newBarCount, needed - std::min(needed, present));
+    }
+}
+
+/// The longest voice says how long the music of a bar is. Where nothing but rests of whole bars
+/// stands, it is a bar like its neighbours: their meter may have been another one.
+void BarArrangement::measureColumns()
+{
+    std::vector<std::optional<Length>> found(_last - _first + 1);
+    for (const auto &track : _model.tracks())
+        for (const auto &staff : track->staves())
+            for (unsigned bar = _first; bar <= _last; ++bar)
+                for (unsigned slot = 0; slot < Bar::MaxVoices; ++slot) {
+                    const Voice *const voice = soundingVoice(*staff, bar, slot);
+                    const auto length = voice != nullptr ? ownLengthOf(*voice) : std::nullopt;
+                    auto &longest = found[bar - _first];
+                    if (length && length->sign() > 0 && (!longest || *longest < *length))
+                        longest = length;
+                }
+    const auto &masterBars = _model.masterTrack()->masterBars();
+    const auto isUsual = [&](unsigned i) { return !masterBars[_first + i]->ownLength(); };
+    std::optional<Length> usual;
+    for (unsigned i = 0; i < found.size() && !usual; ++i)
+        if (isUsual(i))
+            usual = found[i];
+    for (unsigned i = 0; i < found.size(); ++i) {
+        if (isUsual(i) && found[i])
+            usual = found[i];
+        const Length like = isUsual(i) && usual ? *usual : _lengths[i];
+        _columns.push_back(found[i].value_or(like));
+    }
+}
+
+void BarArrangement::pour(unsigned track, const Staff &staff, unsigned slot)
+{
+    BeatPour poured(_lengths, _further);
+    Length gap;
+    bool hasBeats = false;
+    for (unsigned bar = _first; bar <= _last; ++bar) {
+        const Length column = _columns[bar - _first];
+        const Voice *const voice = soundingVoice(staff, bar, slot);
+        if (voice == nullptr || voice->isEmpty()) {
+            gap += column;
+            continue;
+        }
+        poured.addGap(gap, BeatPour::Filler::PlaceHolders);
+        hasBeats = true;
+        // What a simile mark stands for is in its own bar as well.
+        const bool isCopied = staff.bars()[bar]->isSimile();
+        Length used;
+        for (const auto &beat : voice->beats()) {
+            const Length length = beat->isWholeBarRest() ? column : beat->length();
+            poured.add(isCopied ? beat->clone() : beat, length);
+            used += length;
+        }
+        gap = used < column ? column - used : Length();
+    }
+    poured.end();
+    if (hasBeats)
+        _voices.push_back({track, staff.index(), slot, std::move(poured)});
+}
+
+BarArrangement::Length BarArrangement::lengthOf(unsigned bar) const
+{
+    return bar < _lengths.size() ? _lengths[bar] : _further;
+}
+
+void BarArrangement::addTo(ContentSwap &swap)
+{
+    for (const auto &track : _model.tracks()) {
+        for (const auto &staff : track->staves()) {
+            for (unsigned bar = _first; bar <= _last; ++bar)
+                for (unsigned voice = 0; voice < Bar::MaxVoices; ++voice)
+                    if (staff->bars()[bar]->voices()[voice] != nullptr)
+                        swap.dropVoice({track->index(), staff->index(), bar + _shift, voice});
+            addSimiles(swap, track->index(), *staff);
+            addClefs(swap, track->index(), *staff);
+            addHeldOver(swap, track->index(), *staff);
+            swap.addBarLine(track->index(), staff->index(), _first + _shift);
+            swap.addBarLine(track->index(), staff->index(), _first + _shift + barCount());
+        }
+    }
+    for (PouredVoice &voice : _voices)
+        addVoice(swap, voice);
+    addFermatas(swap);
+}
+
+void BarArrangement::addVoice(ContentSwap &swap, PouredVoice &voice) const
+{
+    auto &bars = voice.poured.bars();
+    const auto placeOf = [&](unsigned bar) {
+        return VoicePlace{voice.track, voice.staff, _first + _shift + bar, voice.voice};
+    };
+    for (unsigned bar = 0; bar < bars.size() && bar < barCount(); ++bar)
+        if (!bars[bar].empty())
+            swap.setBeats(placeOf(bar), std::move(bars[bar]));
+    for (const auto &[bar, beat] : voice.poured.partedJoints())
+        if (bar < barCount())
+            swap.addJoint(placeOf(bar), beat);
+}
+
+/// Marks in the bars go, and so do those behind that repeat something in them: what they stand for
+/// is written out.
+void BarArrangement::addSimiles(ContentSwap &swap, unsigned track, const Staff &staff) const
+{
+    for (unsigned bar = _first; bar <= _last; ++bar)
+        if (staff.bars()[bar]->isSimile())
+            swap.setSimileMark(track, staff.index(), bar + _shift, SimileMark::None);
+    if (_first > 0 && staff.bars()[_first - 1]->simileMark() == SimileMark::FirstOfDouble)
+        writeOut(swap, track, staff, _first - 1, _shift);
+    for (unsigned bar = _last + 1; bar < staff.barCount(); ++bar) {
+        const int step = simileStep(staff, static_cast<int>(bar));
+        if (step == 0 || bar - static_cast<unsigned>(step) > _last)
+            break;
+        writeOut(swap, track, staff, bar, _shift + _newBarCount);
+    }
+}
+
+/// Clefs hold from a time on, wherever the bar lines are.
+void BarArrangement::addClefs(ContentSwap &swap, unsigned track, const Staff &staff) const
+{
+    std::vector<ClefChange> changes;
+    const auto add = [&changes](const Length &time, ClefType clef) {
+        if (changes.empty() || changes.back().clef != clef)
+            changes.push_back({time, clef});
+    };
+    Length start;
+    for (unsigned bar = _first; bar <= _last; ++bar) {
+        add(start, staff.bars()[bar]->clef());
+        for (const ClefChange &change : staff.bars()[bar]->clefChanges())
+            add(start + change.position, change.clef);
+        start += _columns[bar - _first];
+    }
+    if (changes.size() < 2)
+        return;
+    std::size_t next = 0;
+    ClefType clef = changes.front().clef;
+    start = Length();
+    for (unsigned bar = 0; bar < barCount(); ++bar) {
+        const Length end = start + lengthOf(bar);
+        const bool isLast = bar + 1 == barCount();
+        while (next < changes.size() && changes[next].position <= start)
+            clef = changes[next++].clef;
+        const ClefType first = clef;
+        std::vector<ClefChange> inside;
+        while (next < changes.size() && (changes[next].position < end || isLast)) {
+            inside.push_back({changes[next].position - start, changes[next].clef});
+            clef = changes[next++].clef;
+        }
+        swap.setClefs(track, staff.index(), _first + _shift + bar, first, std::move(inside));
+        start = end;
+    }
+}
+
+std::optional<BarArrangement::NewPlace> BarArrangement::newPlaceOf(unsigned bar,
+                                                                   float position) const
+{
+    const unsigned first = _first + _shift;
+    if (bar < first || bar - first >= _columns.size())
+        return std::nullopt;
+    Length start;
+    for (unsigned i = 0; i < bar - first; ++i)
+        start += _columns[i];
+    // Positions are no fractions: what is nearly at a bar line is there.
+    constexpr double nearly = 1e-4;
+    double time = toDouble(start) + static_cast<double>(position);
+    unsigned place = 0;
+    while (place + 1 < barCount() && time > toDouble(lengthOf(place)) - nearly)
+        time -= toDouble(lengthOf(place++));
+    time = std::max(time, 0.0);
+    if (first + place == bar && std::abs(time - static_cast<double>(position)) < nearly)
+        return std::nullopt;
+    return NewPlace{first + place, static_cast<float>(time)};
+}
+
+/// New columns part the last bar from the one behind it; notes that are held over stay so.
+void BarArrangement::addHeldOver(ContentSwap &swap, unsigned track, const Staff &staff) const
+{
+    if (_newBarCount == 0 || _last + 1 >= staff.barCount() || staff.bars()[_last + 1]->isSimile())
+        return;
+    for (const auto &voice : staff.bars()[_last + 1]->voices()) {
+        const auto front =
+            voice != nullptr && !voice->isEmpty() ? beatInFrontOfJoint(*voice, 0) : nullptr;
+        if (front == nullptr)
+            continue;
+        const auto isHeld = [&front](const Note &note) {
+            const auto &notes = front->notes();
+            return note.isTied()
+                && std::any_of(notes.begin(), notes.end(), [&note](const auto &other) {
+                       return other->isTieOrigin() && sameLocation(*other, note);
+                   });
+        };
+        std::vector<unsigned> held;
+        const auto &notes = voice->beats().front()->notes();
+        for (unsigned i = 0; i < notes.size(); ++i)
+            if (isHeld(*notes[i]))
+                held.push_back(i);
+        if (!held.empty())
+            swap.holdOver({track, staff.index(), _first + _shift + barCount(), voice->index()},
+                          std::move(held));
+    }
+}
+
+void BarArrangement::addFermatas(ContentSwap &swap) const
+{
+    const auto &masterBars = _model.masterTrack()->masterBars();
+    std::vector<FermataMarks> found(barCount());
+    bool hasAny = false;
+    Length start;
+    for (unsigned bar = _first; bar <= _last; ++bar) {
+        const Length column = _columns[bar - _first];
+        for (FermataMark mark : masterBars[bar]->fermatas()) {
+            hasAny = true;
+            // One over the end of its bar stays over an end.
+            const bool isAtEnd = !(mark.position < column);
+            Length time = start + std::min(mark.position, column);
+            unsigned place = 0;
+            while (place + 1 < barCount()
+                   && (isAtEnd ? lengthOf(place) < time : lengthOf(place) <= time))
+                time -= lengthOf(place++);
+            mark.position = time;
+            FermataMarks &marks = found[place];
+            if (marks.empty() || marks.back().position < time)
+                marks.push_back(mark);
+        }
+        start += column;
+    }
+    for (unsigned bar = 0; hasAny && bar < barCount(); ++bar)
+        swap.setFermatas(_first + _shift + bar, std::move(found[bar]));
+}
+
+} // namespace zarn

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/model/ZarnMasterBar.h>
+#include <ZarnCore/model/ZarnVoice.h>
+#include <ZarnCore/model/barring/BeatPour.h>
+
+#include <optional>
+#include <vector>
+
+namespace zarn {
+
+class Bar;
+class ContentSwap;
+class ScoreModel;
+class Staff;
+
+/// The music of some bars of all tracks, poured into the same bars as long as they are now, and
+/// into as many more behind them as it needs. Works out what stands where and leaves the score as
+/// it is.
+class BarArrangement {
+public:
+    /// The bars `first` to `last` of a model, none of them in free time; they will have moved up by
+    /// `shift` when their new content comes.
+    BarArrangement(const ScoreModel &model, unsigned first, unsigned last, unsigned shift);
+
+    unsigned first() const noexcept { return _first; }
+    unsigned last() const noexcept { return _last; }
+
+    /// How many columns it takes behind the last one.
+    unsigned newBarCount() const noexcept { return _newBarCount; }
+
+    /// Adds the new content; once.
+    void addTo(ContentSwap &swap);
+
+    /// Where what stood in a bar of the arrangement at a position in quarters stands afterwards;
+    /// nothing for other bars and for what stays. The bars are numbered as they will be.
+    struct NewPlace {
+        unsigned bar;
+        float position;
+    };
+    std::optional<NewPlace> newPlaceOf(unsigned bar, float position) const;
+
+private:
+    using Length = utils::rational;
+    struct PouredVoice {
+        unsigned track;
+        unsigned staff;
+        unsigned voice;
+        BeatPour poured;
+    };
+
+    void measureColumns();
+    void pour(unsigned track, const Staff &staff, unsigned voice);
+    void addVoice(ContentSwap &swap, PouredVoice &poured) const;
+    void addSimiles(ContentSwap &swap, unsigned track, const Staff &staff) const;
+    void addClefs(ContentSwap &swap, unsigned track, const Staff &staff) const;
+    void addFermatas(ContentSwap &swap) const;
+    void addHeldOver(ContentSwap &swap, unsigned track, const Staff &staff) const;
+    unsigned barCount() const noexcept { return _last - _first + 1 + _newBarCount; }
+    Length lengthOf(unsigned bar) const;
+
+    const ScoreModel &_model;
+    unsigned _first;
+    unsigned _last;
+    unsigned _shift;
+    unsigned _newBarCount = 0;
+    std::vector<Length> _columns; ///< how long the music of each old bar is
+    std::vector<Length> _lengths; ///< of the bars as they are now
+    Length _further;
+    std::vector<PouredVoice> _voices;
+};
+
+} // namespace zarn

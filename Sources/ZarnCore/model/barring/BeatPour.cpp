@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/model/barring/BeatPour.h>
+
+#include <ZarnCore/model/barring/BeatCut.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace zarn {
+
+namespace {
+
+bool isBare(const Beat &beat)
+{
+    return beat.isRest() && beat.marks().isPlain() && !beat.hasDetails();
+}
+
+Voice::Beats fillersOf(const utils::rational &length, BeatPour::Filler filler)
+{
+    std::vector<RhythmValue> rhythms;
+    RhythmValue::rhythms(length, rhythms);
+    Voice::Beats beats;
+    for (const RhythmValue &rhythm : rhythms) {
+        beats.push_back(std::make_shared<Beat>(rhythm));
+        beats.back()->setPlaceHolder(filler == BeatPour::Filler::PlaceHolders);
+    }
+    return beats;
+}
+
+} // namespace
+
+BeatPour::BeatPour(std::vector<Length> lengths, const Length &further, const Length &start)
+    : _lengths(std::move(lengths)), _further(further), _offset(start)
+{
+}
+
+/// The beats of the bar where the next one goes.
+Voice::Beats &BeatPour::here()
+{
+    if (_bars.size() <= _bar)
+        _bars.resize(_bar + 1);
+    return _bars[_bar];
+}
+
+void BeatPour::leaveFullBar()
+{
+    while (!(_offset < lengthOf(_bar))) {
+        _offset -= lengthOf(_bar);
+        ++_bar;
+    }
+}
+
+void BeatPour::addGraces()
+{
+    if (_graces.empty())
+        return;
+    Voice::Beats &beats = here();
+    beats.insert(beats.end(), _graces.begin(), _graces.end());
+    _graces.clear();
+}
+
+/// What a time from here on is in each of the bars that it touches.
+std::vector<BeatPour::Length> BeatPour::segments(Length length) const
+{
+    std::vector<Length> found;
+    Length offset = _offset;
+    for (unsigned bar = _bar; length.sign() > 0; ++bar) {
+        found.push_back(std::min(length, lengthOf(bar) - offset));
+        length -= found.back();
+        offset = Length();
+    }
+    return found;
+}
+
+void BeatPour::advance(const Length &length)
+{
+    _offset += length;
+}
+
+/// The joint in front of the next beat.
+void BeatPour::part()
+{
+    _parted.emplace_back(_bar, static_cast<unsigned>(here().size()));
+}
+
+void BeatPour::add(const std::shared_ptr<Beat> &beat, const Length &length)
+{
+    if (beat->isGrace() || length.sign() == 0) {
+        _graces.push_back(beat);
+        return;
+    }
+    leaveFullBar();
+    addGraces();
+    const bool isWhole = beat->isWholeBarRest();
+    const bool fillsBar = _offset.sign() == 0 && length == lengthOf(_bar);
+    const bool fits = !(lengthOf(_bar) < _offset + length);
+    if (isWhole ? fillsBar : fits) {
+        here().push_back(beat);
+        _before = beat;
+        advance(length);
+        return;
+    }
+    // A tremolo that leads here has lost a beat of its own length.
+    if (_before != nullptr && _before->tremoloToNext() != 0)
+        part();
+    const std::vector<Length> parts = segments(length);
+    const std::vector<Voice::Beats> pieces = cutBeat(*beat, parts);
+    _before = pieces.back().back();
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        leaveFullBar();
+        Voice::Beats &beats = here();
+        beats.insert(beats.end(), pieces[i].begin(), pieces[i].end());
+        advance(parts[i]);
+    }
+}
+
+void BeatPour::addGap(const Length &length, Filler filler)
+{
+    if (length.sign() <= 0)
+        return;
+    leaveFullBar();
+    part();
+    for (const Length &segment : segments(length)) {
+        leaveFullBar();
+        const bool isWholeBar = _offset.sign() == 0 && segment == lengthOf(_bar);
+        if (!isWholeBar || filler == Filler::Rests) {
+            const Voice::Beats fillers = fillersOf(segment, filler);
+            Voice::Beats &beats = here();
+            beats.insert(beats.end(), fillers.begin(), fillers.end());
+        }
+        advance(segment);
+    }
+    leaveFullBar();
+    part();
+}
+
+void BeatPour::end()
+{
+    addGraces();
+    joinRests();
+}
+
+/// Bars in which nothing but plain rests came together.
+void BeatPour::joinRests()
+{
+    for (unsigned bar = 0; bar < _bars.size(); ++bar) {
+        Voice::Beats &beats = _bars[bar];
+        Length length;
+        for (const auto &beat : beats)
+            length += beat->rhythmValue().getLength();
+        const bool isSilent = !beats.empty() && length == lengthOf(bar)
+            && std::all_of(beats.begin(), beats.end(),
+                           [](const auto &beat) { return isBare(*beat); });
+        if (!isSilent)
+            continue;
+        beats = {std::make_shared<Beat>(beats.front()->rhythmValue())};
+        beats.front()->setWholeBarRest(true);
+    }
+}
+
+} // namespace zarn

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/model/ZarnVoice.h>
+
+#include <utility>
+#include <vector>
+
+namespace zarn {
+
+/// Pours the beats of a voice into bars, in their order and with their lengths. A beat that fits is
+/// taken as it is; one that lies over a bar line is cut there exactly, into tied copies.
+///
+/// Grace beats stay with the beat that they lead to. Rests that fill their bar are as long as one
+/// says; a bar where nothing but plain rests come together gets one again.
+class BeatPour {
+public:
+    using Length = utils::rational;
+
+    enum class Filler { Rests, PlaceHolders };
+
+    /// The lengths of the bars, in quarters; those behind them all have the length `further`. The
+    /// first beat goes to `start` in the first bar.
+    BeatPour(std::vector<Length> lengths, const Length &further, const Length &start = {});
+
+    /// A beat, and the time that it takes.
+    void add(const std::shared_ptr<Beat> &beat, const Length &length);
+
+    /// Time without beats. Bars that lie in it wholly stay empty of place holders.
+    void addGap(const Length &length, Filler filler);
+
+    /// To be called behind the last beat: grace beats that lead on stay in the last bar.
+    void end();
+
+    /// The beats of each bar that any came to.
+    std::vector<Voice::Beats> &bars() noexcept { return _bars; }
+
+    /// Joints where beats meet that did not before: the bar, and the number of the beat behind.
+    const std::vector<std::pair<unsigned, unsigned>> &partedJoints() const noexcept
+    {
+        return _parted;
+    }
+
+    unsigned bar() const noexcept { return _bar; }
+    const Length &offset() const noexcept { return _offset; }
+    Length lengthOf(unsigned bar) const { return bar < _lengths.size() ? _lengths[bar] : _further; }
+
+private:
+    void leaveFullBar();
+    void addGraces();
+    Voice::Beats &here();
+    std::vector<Length> segments(Length length) const;
+    void advance(const Length &length);
+    void part();
+    void joinRests();
+
+    std::vector<Length> _lengths;
+    Length _further;
+    unsigned _bar = 0;
+    Length _offset;
+    Voice::Beats _graces;
+    std::shared_ptr<Beat> _before; ///< the last one that takes time
+    std::vector<Voice::Beats> _bars;
+    std::vector<std::pair<unsigned, unsigned>> _parted;
+};
+
+} // namespace zarn

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "RandomOperations.h"
+
+#include <ZarnCore/model/ZarnBarColumns.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/score/ZarnScore.h>
+
+#include <algorithm>
+
+using namespace zarn;
+
+namespace {
+
+/// Copies of bars of the score, from anywhere, as somebody prepares them.
+Staff::Bars copiedBars(EditedScore &e, unsigned track, unsigned staff, unsigned count)
+{
+    Staff::Bars bars;
+    const auto node = e.score.track(track);
+    const auto source = node ? node->staff(staff) : nullptr;
+    for (unsigned i = 0; i < count; ++i) {
+        const auto bar = source ? source->bar(e.places.bar()) : nullptr;
+        bars.push_back(bar ? bar->clone() : std::make_shared<Bar>());
+    }
+    return bars;
+}
+
+bool modifyBarRange(EditedScore &e)
+{
+    const unsigned track = e.places.track();
+    const unsigned staff = e.places.staffOf(track);
+    const unsigned first = e.places.bar();
+    return e.score.modifyBarRange(track, staff, first,
+                                  copiedBars(e, track, staff, 1 + e.random.below(3)));
+}
+
+bool modifyBarRangeAllTracks(EditedScore &e)
+{
+    const auto bars = e.places.bars(3);
+    const bool mayGrow = e.places.barCount() < e.firstBarCount + 40;
+    const unsigned count = 1 + e.random.below(mayGrow ? 4 : 1);
+    BarColumns columns;
+    for (unsigned i = 0; i < count; ++i) {
+        const auto master = e.score.masterTrack()->masterBar(e.places.bar());
+        columns.masterBars.push_back(master ? master->clone() : std::make_shared<MasterBar>());
+    }
+    for (const auto &track : e.score.tracks()) {
+        columns.bars.emplace_back();
+        for (const auto &staff : track->staves())
+            columns.bars.back().push_back(copiedBars(e, track->index(), staff->index(), count));
+    }
+    return e.score.modifyBarRangeAllTracks(bars.first, bars.second, std::move(columns));
+}
+
+const std::vector<RandomOperation> operations = {
+    {"modifyBarRange", 3, modifyBarRange},
+    {"modifyBarRangeAllTracks", 2, modifyBarRangeAllTracks},
+    {"swapVoices", 3,
+     [](EditedScore &e) {
+         return e.score.swapVoices(e.places.range(), e.random.below(4), e.random.below(5));
+     }},
+    {"moveVoice", 4,
+     [](EditedScore &e) { return e.score.moveVoice(e.places.range(), e.random.below(4)); }},
+    {"completeReduceBarsWithRests", 3,
+     [](EditedScore &e) { return e.score.completeReduceBarsWithRests(e.places.range()); }},
+    {"arrangeBars", 2,
+     [](EditedScore &e) {
+         const auto bars = e.places.bars(5);
+         return e.score.arrangeBars(bars.first, bars.second);
+     }},
+};
+
+} // namespace
+
+const std::vector<RandomOperation> &randomStructureOperations()
+{
+    return operations;
+}
