@@ -3,6 +3,7 @@
 
 #include <ZarnCore/model/ZarnBarColumns.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/clip/ZarnClip.h>
 #include <ZarnCore/score/ZarnScore.h>
 
 #include <algorithm>
@@ -51,6 +52,31 @@ bool modifyBarRangeAllTracks(EditedScore &e)
     return e.score.modifyBarRangeAllTracks(bars.first, bars.second, std::move(columns));
 }
 
+PasteMode pasteMode(Random &random)
+{
+    return static_cast<PasteMode>(random.below(3));
+}
+
+/// Once the score has become long, over what is there.
+bool pasteBarRange(EditedScore &e)
+{
+    const Clip clip = copyOfBars(*e.score.scoreModel(), e.places.range());
+    const bool mayGrow = e.places.barCount() < e.firstBarCount + 40;
+    const unsigned track = clip.hasColumns ? 0 : e.places.track();
+    return e.score.pasteBarRange(clip, e.places.index(e.places.barCount() + 1), track,
+                                 e.random.percent(3) ? 0 : 1 + e.random.below(2),
+                                 mayGrow ? pasteMode(e.random) : PasteMode::Replace);
+}
+
+bool pasteBeatRange(EditedScore &e)
+{
+    const Clip clip = copyOfBeats(*e.score.scoreModel(), e.places.range());
+    const bool mayGrow = e.places.barCount() < e.firstBarCount + 40;
+    return e.score.pasteBeatRange(clip, mayGrow ? e.places.gap() : e.places.beat(),
+                                  e.random.percent(3) ? 0 : 1 + e.random.below(2),
+                                  pasteMode(e.random));
+}
+
 const std::vector<RandomOperation> operations = {
     {"modifyBarRange", 3, modifyBarRange},
     {"modifyBarRangeAllTracks", 2, modifyBarRangeAllTracks},
@@ -67,6 +93,8 @@ const std::vector<RandomOperation> operations = {
          const auto bars = e.places.bars(5);
          return e.score.arrangeBars(bars.first, bars.second);
      }},
+    {"pasteBarRange", 3, pasteBarRange},
+    {"pasteBeatRange", 5, pasteBeatRange},
 };
 
 } // namespace

@@ -3,6 +3,10 @@
 
 #include <ZarnCore/io/ZarnExporter.h>
 
+namespace zarn {
+struct Clip;
+}
+
 namespace zarn::io {
 
 /// Writes native documents, suffix "zarn", that `NativeImporter` reads back as equal models; equal
@@ -20,6 +24,11 @@ public:
 
     /// The document as a text in UTF-8.
     std::string toText(const ScoreModel &model) const;
+
+    /// The same for music that was copied; raises for a clip without a model. What reads scores
+    /// alone reads it as a score of the copied bars.
+    void write(const Clip &clip, filesystem::FileHandle &handle) const;
+    std::string toText(const Clip &clip) const;
 };
 
 } // namespace zarn::io

@@ -7,6 +7,7 @@
 #include <ZarnCore/io/native/ScoreFields.h>
 #include <ZarnCore/model/ZarnModelCheck.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/clip/ZarnClip.h>
 #include <ZarnCore/model/notes/LinkFaults.h>
 #include <ZarnCore/model/notes/Ties.h>
 
@@ -93,6 +94,25 @@ void tellOfLooseTies(const ScoreModel &model, ImportReport &report)
                                static_cast<int>(track->index()), static_cast<int>(tie.bar), 0});
 }
 
+/// Reads a document, and into `clip` what it says of a clip.
+std::shared_ptr<ScoreModel> readDocument(filesystem::FileHandle &handle, ImportReport &report,
+                                         Clip &clip)
+{
+    std::string bytes = readWhole(handle);
+    native::DocumentReader reader(handle.path(), report);
+    native::BarStream stream(reader);
+    const std::vector<native::Json> values = parse(bytes, handle, stream);
+    auto model = std::make_shared<ScoreModel>();
+    native::readScore(reader, values.front(), *model);
+    native::readClip(reader, values.front(), clip);
+    mendSimileMarks(*model, report);
+    mendLinks(*model, report);
+    for (const std::string &problem : checkModelDownToBars(*model))
+        report.addProblem({problem, -1, -1, 0});
+    tellOfLooseTies(*model, report);
+    return model;
+}
+
 } // namespace
 
 NativeImporter::~NativeImporter() = default;
@@ -121,18 +141,15 @@ bool NativeImporter::acceptsHandle(filesystem::FileHandle &handle) const
 std::shared_ptr<ScoreModel> NativeImporter::read(filesystem::FileHandle &handle,
                                                  ImportReport &report) const
 {
-    std::string bytes = readWhole(handle);
-    native::DocumentReader reader(handle.path(), report);
-    native::BarStream stream(reader);
-    const std::vector<native::Json> values = parse(bytes, handle, stream);
-    auto model = std::make_shared<ScoreModel>();
-    native::readScore(reader, values.front(), *model);
-    mendSimileMarks(*model, report);
-    mendLinks(*model, report);
-    for (const std::string &problem : checkModelDownToBars(*model))
-        report.addProblem({problem, -1, -1, 0});
-    tellOfLooseTies(*model, report);
-    return model;
+    Clip whole;
+    return readDocument(handle, report, whole);
+}
+
+Clip NativeImporter::readClip(filesystem::FileHandle &handle, ImportReport &report) const
+{
+    Clip clip;
+    clip.model = readDocument(handle, report, clip);
+    return clip;
 }
 
 } // namespace zarn::io

@@ -3,6 +3,10 @@
 
 #include <ZarnCore/io/ZarnImporter.h>
 
+namespace zarn {
+struct Clip;
+}
+
 namespace zarn::io {
 
 /// Reads native documents, suffix "zarn"; `Documents/native-format.md` describes them.
@@ -20,6 +24,9 @@ public:
     bool acceptsHandle(filesystem::FileHandle &handle) const override;
     std::shared_ptr<ScoreModel> read(filesystem::FileHandle &handle,
                                      ImportReport &report) const override;
+
+    /// The same for music that was copied; any other native document is a clip of all its bars.
+    Clip readClip(filesystem::FileHandle &handle, ImportReport &report) const;
 };
 
 } // namespace zarn::io

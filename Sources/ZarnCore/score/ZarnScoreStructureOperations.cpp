@@ -6,7 +6,9 @@
 #include <ZarnCore/commands/Bar/ZarnModifyBarRange.h>
 #include <ZarnCore/commands/Bar/ZarnModifyBarRangeAllTracks.h>
 #include <ZarnCore/commands/Bar/ZarnMoveVoice.h>
+#include <ZarnCore/commands/Bar/ZarnPasteBarRange.h>
 #include <ZarnCore/commands/Bar/ZarnSwapVoices.h>
+#include <ZarnCore/commands/Beat/ZarnPasteBeatRange.h>
 #include <ZarnCore/commands/Execute.h>
 
 #include <utility>
@@ -44,6 +46,18 @@ bool ScoreStructureOperations::completeReduceBarsWithRests(const ScoreModelRange
 bool ScoreStructureOperations::arrangeBars(unsigned first, unsigned last)
 {
     return execute<cmd::ArrangeBars>(*this, first, last);
+}
+
+bool ScoreStructureOperations::pasteBarRange(const Clip &clip, unsigned bar, unsigned firstTrack,
+                                             unsigned times, PasteMode mode)
+{
+    return execute<cmd::PasteBarRange>(*this, clip, bar, firstTrack, times, mode);
+}
+
+bool ScoreStructureOperations::pasteBeatRange(const Clip &clip, const ScoreModelIndex &place,
+                                              unsigned times, PasteMode mode)
+{
+    return execute<cmd::PasteBeatRange>(*this, clip, place, times, mode);
 }
 
 } // namespace zarn

@@ -4,10 +4,15 @@
 #include <ZarnCore/ZarnExport.h>
 #include <ZarnCore/model/ZarnStaff.h>
 
+#include <cstdint>
+
 namespace zarn {
 
+class ScoreModelIndex;
 class ScoreModelRange;
 struct BarColumns;
+struct Clip;
+enum class PasteMode : std::uint8_t;
 
 /// What can be done to the order of the music in bars and voices. Indexes are counted from 0,
 /// ranges of bars include both ends. The commands of the same names, in `cmd`, say more. Each
@@ -33,6 +38,16 @@ public:
     /// Pours the music of bars anew into bars of the length that they have now; columns are
     /// inserted where it does not fit.
     bool arrangeBars(unsigned first, unsigned last);
+
+    /// Pastes copied bars (`copyOfBars`) in front of a bar or over the music from it on, the first
+    /// track of the clip into `firstTrack`, so many times in a row.
+    bool pasteBarRange(const Clip &clip, unsigned bar, unsigned firstTrack, unsigned times,
+                       PasteMode mode);
+
+    /// Pastes copied beats (`copyOfBeats`) in front of a beat, over the music from it on, or into
+    /// it.
+    bool pasteBeatRange(const Clip &clip, const ScoreModelIndex &place, unsigned times,
+                        PasteMode mode);
 
 protected:
     ScoreStructureOperations() = default;

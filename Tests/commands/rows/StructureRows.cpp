@@ -2,6 +2,7 @@
 #include "../CommandRows.h"
 
 #include <ZarnCore/model/ZarnBarColumns.h>
+#include <ZarnCore/model/clip/ZarnClip.h>
 
 using namespace rich;
 
@@ -33,6 +34,13 @@ BarColumns columns(unsigned count)
     }
     made.bars = {{bars[0]}, {bars[1], bars[2]}};
     return made;
+}
+
+/// What is pasted comes from a score of its own.
+RichScore &source()
+{
+    static RichScore score;
+    return score;
 }
 
 } // namespace
@@ -92,12 +100,66 @@ std::vector<CommandRow> structureRows()
          "ModifyBarRangeAllTracks(1,5) SimileMarkBarChanged(0,0,2,2) "
          "SimileMarkBarChanged(0,0,5,5) ",
          nullptr},
+        {"PasteBarRangeOfAllTracks",
+         [](SmallScore &s) {
+             const Clip clip = copyOfBars(source().model, source().everything(2, 3));
+             return s.score.pasteBarRange(clip, 0, 0, 2, PasteMode::Insert);
+         },
+         "AddBars(0,4) RequestMasterBarPlaylistUpdate MasterTrackAutomationChanged(Tempo,0,4) "
+         "AutomationChanged ModifyBarRangeAllTracks(0,3) TrackClefChanged(1,0,0,0) "
+         "TrackClefChanged(1,0,2,2) MasterTrackAutomationChanged(Tempo,0,4) "
+         "GlobalTempoChanged(100,120) AutomationChanged ",
+         "MasterTrackAutomationChanged(Tempo,0,4) GlobalTempoChanged(120,100) AutomationChanged "
+         "ModifyBarRangeAllTracks(0,3) TrackClefChanged(1,0,0,0) TrackClefChanged(1,0,2,2) "
+         "RemoveBars(0,4) RequestMasterBarPlaylistUpdate MasterTrackAutomationChanged(Tempo,0,0) "
+         "AutomationChanged "},
+        {"PasteBarRangeOfOneTrack",
+         [](SmallScore &s) {
+             const Clip clip = copyOfBars(source().model, source().from(0, -1, 1, -1));
+             return s.score.pasteBarRange(clip, 4, 1, 1, PasteMode::Insert);
+         },
+         "AddBars(4,2) ModifyBarRange(0,0,3,3) ModifyBarRange(0,0,6,6) "
+         "RequestMasterBarPlaylistUpdate ModifyBarRange(1,0,4,5) ",
+         "ModifyBarRange(1,0,4,5) RemoveBars(4,2) ModifyBarRange(0,0,3,4) "
+         "RequestMasterBarPlaylistUpdate "},
+        {"PasteBarRangeOverTheEnd",
+         [](SmallScore &s) {
+             const Clip clip = copyOfBars(source().model, source().everythingOf(0, 0, 1));
+             return s.score.pasteBarRange(clip, 4, 0, 2, PasteMode::Replace);
+         },
+         "AddBars(6,2) RequestMasterBarPlaylistUpdate ModifyBarRange(0,0,3,7) "
+         "SimileMarkBarChanged(0,0,5,5) ",
+         "ModifyBarRange(0,0,3,7) SimileMarkBarChanged(0,0,5,5) RemoveBars(6,2) "
+         "RequestMasterBarPlaylistUpdate "},
+        {"PasteBeatRangeInserted",
+         [](SmallScore &s) {
+             const Clip clip = copyOfBeats(source().model, source().from(0, 1, 1, 0));
+             return s.score.pasteBeatRange(clip, s.at(3, 1), 2, PasteMode::Insert);
+         },
+         "ModifyBarRange(0,0,3,3) ", nullptr},
+        {"PasteBeatRangeReplacing",
+         [](SmallScore &s) {
+             const Clip clip = copyOfBeats(source().model, source().from(0, 1, 1, 0));
+             return s.score.pasteBeatRange(clip, s.at(4, 2), 3, PasteMode::Replace);
+         },
+         "AddBars(6,2) RequestMasterBarPlaylistUpdate ModifyBarRange(0,0,4,7) "
+         "SimileMarkBarChanged(0,0,5,5) ",
+         "ModifyBarRange(0,0,4,7) SimileMarkBarChanged(0,0,5,5) RemoveBars(6,2) "
+         "RequestMasterBarPlaylistUpdate "},
+        {"PasteBeatRangeMerged",
+         [](SmallScore &s) {
+             const Clip clip = copyOfBeats(source().model, source().from(0, 0, 0, 3));
+             return s.score.pasteBeatRange(clip, s.at(3, 1), 1, PasteMode::Merge);
+         },
+         "ModifyBarRange(0,0,3,4) ", nullptr},
     };
 }
 
 void expectStructureCommandsRefused(RichScore &rich)
 {
     Score &score = rich.score;
+    const Clip bars = copyOfBars(rich.model, rich.everything(0, 1));
+    const Clip beats = copyOfBeats(rich.model, rich.from(0, 1, 1, 0));
     expectAllRefused(
         score,
         {
@@ -131,5 +193,20 @@ void expectStructureCommandsRefused(RichScore &rich)
             [&] { return score.arrangeBars(5, 5); },
             [&] { return score.arrangeBars(0, 6); },
             [&] { return score.arrangeBars(2, 1); },
+            [&] { return score.pasteBarRange({}, 0, 0, 1, PasteMode::Insert); },
+            [&] { return score.pasteBarRange(bars, 7, 0, 1, PasteMode::Insert); },
+            [&] { return score.pasteBarRange(bars, 6, 0, 1, PasteMode::Replace); },
+            [&] { return score.pasteBarRange(bars, 0, 1, 1, PasteMode::Insert); },
+            [&] { return score.pasteBarRange(bars, 0, 0, 0, PasteMode::Insert); },
+            [&] { return score.pasteBarRange(bars, 0, 0, 100, PasteMode::Insert); },
+            [&] { return score.pasteBarRange(bars, 0, 0, 1, PasteMode::Merge); },
+            [&] { return score.pasteBarRange(beats, 0, 0, 1, PasteMode::Insert); },
+            [&] { return score.pasteBeatRange({}, rich.at(0, 0), 1, PasteMode::Insert); },
+            [&] { return score.pasteBeatRange(bars, rich.at(0, 0), 1, PasteMode::Insert); },
+            [&] { return score.pasteBeatRange(beats, rich.at(0, 5), 1, PasteMode::Insert); },
+            [&] { return score.pasteBeatRange(beats, rich.at(6, 0), 1, PasteMode::Replace); },
+            [&] { return score.pasteBeatRange(beats, rich.at(0, 0), 0, PasteMode::Replace); },
+            // A simile bar is in the way.
+            [&] { return score.pasteBeatRange(beats, rich.at(1, 3), 1, PasteMode::Merge); },
         });
 }

@@ -9,6 +9,7 @@
 #include <ZarnCore/io/native/TrackFields.h>
 #include <ZarnCore/model/ZarnMasterTrack.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/clip/ZarnClip.h>
 
 #include <charconv>
 
@@ -24,6 +25,12 @@ void writeVersion(DocumentWriter &writer, std::string_view key, const ScoreModel
 
 /// The version is read before the rest.
 void skipVersion(DocumentReader &, const Json &, ScoreModel &) { }
+
+constexpr std::string_view clipKey = "clip";
+
+/// Clips write and read it by themselves.
+void writeNoClip(DocumentWriter &, std::string_view, const ScoreModel &) { }
+void skipClip(DocumentReader &, const Json &, ScoreModel &) { }
 
 struct Properties {
     using Node = ScoreModel;
@@ -153,6 +160,27 @@ constexpr std::array scoreFields = {
     Field<ScoreModel>{"master", writeMaster, readMaster},
     Field<ScoreModel>{"tracks", writeTracks, readTracks},
     Field<ScoreModel>{"audioTracks", writeAudioTracks, readAudioTracks},
+    Field<ScoreModel>{clipKey, writeNoClip, skipClip},
+};
+
+std::string clipKindToText(Clip::Kind kind)
+{
+    return kind == Clip::Kind::Beats ? "Beats" : "Bars";
+}
+
+Clip::Kind clipKindFromText(const std::string &text)
+{
+    return text == "Beats" ? Clip::Kind::Beats : Clip::Kind::Bars;
+}
+
+using ClipKinds = EnumCodec<clipKindToText, clipKindFromText, 1>;
+
+constexpr unsigned mostStaves = 9999;
+
+constexpr std::array clipFields = {
+    member<Clip, &Clip::kind, ClipKinds>("kind"),
+    member<Clip, &Clip::hasColumns>("columns"),
+    member<Clip, &Clip::firstStaff, Within<unsigned, 0, mostStaves>>("firstStaff"),
 };
 
 } // namespace
@@ -198,6 +226,25 @@ void readScore(DocumentReader &reader, const Json &json, ScoreModel &model)
         leaveOutStrayAutomations(reader, "/tracks/" + std::to_string(track->index()),
                                  track->mutableAutomations(), master.masterBarCount());
     master.updatePlayList();
+}
+
+void writeClip(DocumentWriter &writer, const Clip &clip)
+{
+    writer.StartObject();
+    writeFields(writer, *clip.model, scoreFields);
+    writer.key(clipKey);
+    writeObject(writer, clip, clipFields);
+    writer.EndObject();
+}
+
+void readClip(DocumentReader &reader, const Json &json, Clip &clip)
+{
+    const Json *const member = json.isObject() ? json.find(clipKey) : nullptr;
+    clip.hasColumns = member == nullptr;
+    if (member == nullptr)
+        return;
+    const DocumentReader::Step step(reader, clipKey);
+    readObject(reader, *member, clip, clipFields);
 }
 
 Misfit findMisfit(const ScoreModel &model)

@@ -7,6 +7,7 @@
 
 namespace zarn {
 class ScoreModel;
+struct Clip;
 } // namespace zarn
 
 namespace zarn::io::native {
@@ -22,6 +23,11 @@ constexpr std::string_view formatKey = "zarn";
 /// The whole document.
 void writeScore(DocumentWriter &writer, const ScoreModel &model);
 void readScore(DocumentReader &reader, const Json &json, ScoreModel &model);
+
+/// Music that was copied: a document of its own, with a member that says what it was copied from.
+/// Any other document is a clip of all its bars. The model of the clip is not touched.
+void writeClip(DocumentWriter &writer, const Clip &clip);
+void readClip(DocumentReader &reader, const Json &json, Clip &clip);
 
 /// Refuses a version that cannot be read.
 void readVersion(DocumentReader &reader, const Json &version);

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <vector>
+
+namespace zarn {
+
+class ScoreModel;
+class Staff;
+struct Clip;
+
+/// A staff of a clip, and the one of the score where it goes.
+struct PastedStaff {
+    const Staff *from;
+    const Staff *to;
+    unsigned track; ///< of the score
+    unsigned staff;
+};
+
+/// Where the staves of a clip go when its first one goes to a staff of a track; nothing when the
+/// score has not as many.
+std::optional<std::vector<PastedStaff>> pastedStaves(const ScoreModel &model, const Clip &clip,
+                                                     unsigned track, unsigned staff);
+
+/// The staff of a track where the first staff of a clip goes: the one with its number, if the
+/// others fit then, else the first.
+unsigned pastedStaffNumber(const ScoreModel &model, const Clip &clip, unsigned track);
+
+} // namespace zarn

@@ -1,0 +1,286 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/commands/Beat/BeatPasting.h>
+
+#include <ZarnCore/commands/Bar/ContentSwap.h>
+#include <ZarnCore/commands/Bar/PastePlace.h>
+#include <ZarnCore/commands/Beat/TimedBeats.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/barring/BeatPour.h>
+#include <ZarnCore/model/clip/NoteAdaptation.h>
+#include <ZarnCore/model/places/BarSelection.h>
+#include <ZarnCore/model/places/ZarnBeatSpan.h>
+
+#include <algorithm>
+
+namespace zarn {
+
+BeatPasting::BeatPasting(const ScoreModel &model, const Clip &clip, const ScoreModelIndex &place,
+                         unsigned times, PasteMode mode)
+    : _model(model), _clip(clip), _place(place), _bar(static_cast<unsigned>(place.barIndex())),
+      _times(times), _mode(mode)
+{
+    if (isThere())
+        _start = startTime();
+}
+
+/// Whether the place is a beat, or the one behind the last of a voice.
+bool BeatPasting::isThere() const
+{
+    const BeatSpan span{static_cast<unsigned>(_place.trackIndex()),
+                        _place.staffIndex(),
+                        _bar,
+                        _place.voiceIndex(),
+                        0,
+                        0};
+    if (barOf(_model, span) == nullptr)
+        return false;
+    const Voice *const voice = voiceOf(_model, span);
+    return static_cast<unsigned>(_place.beatIndex()) <= (voice ? voice->beatCount() : 0);
+}
+
+bool BeatPasting::isPossible() const
+{
+    if (!isThere())
+        return false;
+    const auto staves = pastedStaves(_model, _clip, static_cast<unsigned>(_place.trackIndex()),
+                                     _place.staffIndex());
+    if (!staves || lengthOfClip().sign() <= 0)
+        return false;
+    if (_mode == PasteMode::Insert)
+        return true;
+    const auto lengths = barLengths(_start + lengthOfClip() * Length(_times));
+    const unsigned end = _bar + static_cast<unsigned>(lengths.size());
+    if (end > MasterTrack::MaxBars)
+        return false;
+    const unsigned present = _model.masterTrack()->masterBarCount();
+    for (const PastedStaff &pasted : *staves)
+        for (unsigned bar = _bar; bar < std::min(end, present) && _mode == PasteMode::Merge; ++bar)
+            if (pasted.to->bars()[bar]->isSimile())
+                return false;
+    return true;
+}
+
+BeatPasting::Length BeatPasting::lengthOfClip() const
+{
+    Length longest;
+    for (const auto &track : _clip.model->tracks())
+        for (const auto &staff : track->staves())
+            for (const auto &voice : staff->bars()[0]->voices())
+                if (voice != nullptr)
+                    longest = std::max(longest, voice->length());
+    return longest;
+}
+
+BeatPasting::Length BeatPasting::startTime() const
+{
+    const Voice *const voice = voiceAt({static_cast<unsigned>(_place.trackIndex()),
+                                        _place.staffIndex(), _bar, _place.voiceIndex()});
+    Length start;
+    for (unsigned i = 0; i < static_cast<unsigned>(_place.beatIndex()); ++i)
+        start += voice->beats()[i]->length();
+    return start;
+}
+
+/// How long the bars from the place on are, until their time is filled. In free time they are as
+/// long as their longest voice.
+std::vector<BeatPasting::Length> BeatPasting::barLengths(const Length &until) const
+{
+    const auto &masterBars = _model.masterTrack()->masterBars();
+    std::vector<Length> lengths;
+    Length sum;
+    for (unsigned bar = _bar; sum < until && bar < MasterTrack::MaxBars; ++bar) {
+        Length length = masterBars.back()->timeSignature().barLength();
+        if (bar < masterBars.size()) {
+            length = masterBars[bar]->length();
+            for (const auto &track : _model.tracks())
+                for (const auto &staff : track->staves())
+                    for (const auto &voice : staff->bars()[bar]->voices())
+                        if (voice != nullptr && masterBars[bar]->isFreeTime())
+                            length = std::max(length, voice->length());
+        }
+        // A voice may be longer than its bar: then the place is behind the bar's end.
+        if (bar == _bar)
+            length = std::max(length, _start);
+        lengths.push_back(length);
+        sum += length;
+    }
+    return lengths;
+}
+
+const Voice *BeatPasting::voiceAt(const VoicePlace &place) const
+{
+    return voiceOf(_model, {place.track, place.staff, place.bar, place.voice, 0, 0});
+}
+
+/// What a voice has once what was planned already is there.
+BeatPasting::Beats BeatPasting::beatsAt(const ContentSwap &swap, const VoicePlace &place) const
+{
+    if (const Beats *const planned = swap.beatsAt(place))
+        return *planned;
+    const Voice *const voice = voiceAt(place);
+    return voice != nullptr ? voice->beats() : Beats();
+}
+
+/// The beats of a voice, written for another staff, again and again; pauses fill up what is shorter
+/// than the clip.
+BeatPasting::Beats BeatPasting::copiesOf(const Voice &voice, const PastedStaff &pasted) const
+{
+    Beats beats;
+    for (const auto &beat : voice.beats())
+        beats.push_back(beat->clone());
+    NoteAdaptation(*pasted.from, *pasted.to).adapt(beats);
+    std::vector<RhythmValue> pause;
+    RhythmValue::rhythms(lengthOfClip() - voice.length(), pause);
+    const std::size_t count = beats.size();
+    beats.reserve((count + pause.size()) * _times);
+    for (unsigned i = 1; i < _times; ++i) {
+        for (const RhythmValue &rhythm : pause)
+            beats.push_back(std::make_shared<Beat>(rhythm));
+        for (std::size_t k = 0; k < count; ++k)
+            beats.push_back(beats[k]->clone());
+    }
+    return beats;
+}
+
+std::vector<BeatPasting::Stream> BeatPasting::streams() const
+{
+    const auto staves = pastedStaves(_model, _clip, static_cast<unsigned>(_place.trackIndex()),
+                                     _place.staffIndex());
+    std::vector<Stream> found;
+    unsigned voiceCount = 0;
+    for (const PastedStaff &pasted : *staves)
+        for (const auto &voice : pasted.from->bars()[0]->voices())
+            if (voice != nullptr && !voice->isEmpty()) {
+                found.push_back(
+                    {pasted.track, pasted.staff, voice->index(), copiesOf(*voice, pasted)});
+                ++voiceCount;
+            }
+    if (voiceCount == 1)
+        found.front().voice = _place.voiceIndex();
+    return found;
+}
+
+unsigned BeatPasting::addTo(ContentSwap &swap)
+{
+    auto all = streams();
+    if (_mode == PasteMode::Insert) {
+        for (Stream &stream : all)
+            insert(swap, std::move(stream));
+        return _bar + 1;
+    }
+    const auto lengths = barLengths(_start + lengthOfClip() * Length(_times));
+    unsigned barCount = _bar + 1;
+    for (const Stream &stream : all) {
+        writeOutSimiles(swap, stream, static_cast<unsigned>(lengths.size()));
+        barCount = std::max(barCount, pour(swap, stream, lengths));
+    }
+    return barCount;
+}
+
+void BeatPasting::insert(ContentSwap &swap, Stream stream) const
+{
+    const VoicePlace place{stream.track, stream.staff, _bar, stream.voice};
+    const Beats present = beatsAt(swap, place);
+    const Length barLength = _model.masterTrack()->masterBars()[_bar]->length();
+    const bool isNamed = stream.track == static_cast<unsigned>(_place.trackIndex())
+        && stream.staff == _place.staffIndex() && stream.voice == _place.voiceIndex();
+    Beats beats;
+    std::size_t next = 0;
+    Length time;
+    while (next < present.size()
+           && (isNamed ? next < static_cast<std::size_t>(_place.beatIndex()) : time < _start)) {
+        time += timeOf(*present[next], barLength);
+        beats.push_back(present[next++]);
+    }
+    if (time < _start)
+        append(beats, placeHolders(_start - time));
+    const auto first = static_cast<unsigned>(beats.size());
+    append(beats, stream.beats);
+    const auto behind = static_cast<unsigned>(beats.size());
+    beats.insert(beats.end(), present.begin() + static_cast<std::ptrdiff_t>(next), present.end());
+    swap.setBeats(place, std::move(beats));
+    swap.addJoint(place, first);
+    swap.addJoint(place, behind);
+    swap.addNewBeats(place, first, behind);
+}
+
+void BeatPasting::writeOutSimiles(ContentSwap &swap, const Stream &stream, unsigned barCount) const
+{
+    const Staff &staff = *_model.tracks()[stream.track]->staves()[stream.staff];
+    const unsigned end = std::min(_bar + barCount, staff.barCount());
+    const auto writeOut = [&](unsigned bar) {
+        const int sounding = soundingBar(staff, static_cast<int>(bar));
+        swap.setSimileMark(stream.track, stream.staff, bar, SimileMark::None);
+        for (unsigned slot = 0; slot < Bar::MaxVoices; ++slot) {
+            const VoicePlace place{stream.track, stream.staff, bar, slot};
+            const auto &voice = staff.bars()[static_cast<unsigned>(sounding)]->voices()[slot];
+            if (swap.beatsAt(place) != nullptr)
+                continue;
+            Beats copies;
+            for (unsigned i = 0; voice != nullptr && i < voice->beatCount(); ++i)
+                copies.push_back(voice->beats()[i]->clone());
+            if (!copies.empty())
+                swap.setBeats(place, std::move(copies));
+            else if (staff.bars()[bar]->voices()[slot] != nullptr)
+                swap.dropVoice(place);
+        }
+        swap.addBarLine(stream.track, stream.staff, bar);
+        swap.addBarLine(stream.track, stream.staff, bar + 1);
+    };
+    for (unsigned bar = _bar; bar < end; ++bar) {
+        const SimileMark mark = staff.bars()[bar]->simileMark();
+        if (mark == SimileMark::None)
+            continue;
+        writeOut(bar);
+        if (mark == SimileMark::SecondOfDouble && bar == _bar && bar > 0)
+            writeOut(bar - 1);
+        if (mark == SimileMark::FirstOfDouble && bar + 1 == end && end < staff.barCount())
+            writeOut(end);
+    }
+}
+
+/// Answers how many bars the score needs.
+unsigned BeatPasting::pour(ContentSwap &swap, const Stream &stream,
+                           const std::vector<Length> &lengths) const
+{
+    BeatPour poured(lengths, lengths.back(), _start);
+    for (const auto &beat : stream.beats)
+        poured.add(beat, beat->length());
+    poured.end();
+    const unsigned present = _model.masterTrack()->masterBarCount();
+    auto &bars = poured.bars();
+    for (unsigned i = 0; i < bars.size(); ++i) {
+        const unsigned bar = _bar + i;
+        const VoicePlace place{stream.track, stream.staff, bar, stream.voice};
+        const Length barLength = poured.lengthOf(i);
+        const Length from = i == 0 ? _start : Length();
+        const Length to = i + 1 == bars.size() ? poured.offset() : barLength;
+        if (bars[i].empty())
+            continue;
+        const Beats old = bar < present ? beatsAt(swap, place) : Beats();
+        const Length restLength =
+            bar < present ? _model.masterTrack()->masterBars()[bar]->length() : barLength;
+        if (_mode == PasteMode::Merge) {
+            Beats merged = mergeBeats(old, restLength, bars[i], from);
+            for (unsigned k = 0; k <= merged.size(); ++k)
+                swap.addJoint(place, k);
+            swap.setBeats(place, std::move(merged));
+            continue;
+        }
+        Beats beats = beatsUntil(old, restLength, from);
+        const auto first = static_cast<unsigned>(beats.size());
+        append(beats, bars[i]);
+        const auto behind = static_cast<unsigned>(beats.size());
+        append(beats, beatsFrom(old, restLength, to));
+        swap.addNewBeats(place, first, behind);
+        swap.setBeats(place, std::move(beats));
+        // Inner bar lines lead from one pasted beat to the next.
+        if (i == 0 || first != 0)
+            swap.addJoint(place, first);
+        if (i + 1 == bars.size() || behind != beats.size())
+            swap.addJoint(place, behind);
+    }
+    return _bar + static_cast<unsigned>(bars.size());
+}
+
+} // namespace zarn

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/model/ZarnAttribute.h>
+#include <ZarnCore/model/ZarnVoice.h>
+
+#include <vector>
+
+namespace zarn {
+
+class Staff;
+
+/// Rewrites detached beats of a voice, which follow each other, for another staff, so that they
+/// sound the same there: written pitches move by the difference of the transpositions, strings and
+/// frets are found anew where the tuning differs, and what the staff cannot have goes. Drums and
+/// pitches become rests in each other's staves. Keys that do not exist move by octaves.
+class NoteAdaptation {
+public:
+    NoteAdaptation(const Staff &from, const Staff &to);
+
+    void adapt(const Voice::Beats &beats);
+
+private:
+    void adaptNotes(Beat &beat);
+    bool adaptPitch(Note &note) const;
+    void placeOnStrings(Beat &beat);
+    void dropStrings(Beat &beat) const;
+    void dropMarks(Beat &beat) const;
+    bool hasOn(OnStaves staves) const noexcept;
+
+    const Staff &_to;
+    bool _isSamePercussion;
+    bool _isSilent; ///< drums into pitches, or the other way round
+    bool _keepsFrets;
+    bool _isFretted;
+    bool _isUnpitched;
+    int _shift;
+    std::shared_ptr<Beat> _before; ///< the one in front, adapted
+};
+
+} // namespace zarn
