@@ -140,4 +140,23 @@ TEST_F(PastingTest, clipsComeBackFromTexts)
     }
 }
 
+TEST_F(PastingTest, anOlderCommandFindsItsDocumentAgain)
+{
+    ASSERT_TRUE(score.createBeat(rich.at(0, 0), eighth));
+    const std::string before = test::writeNative(*score.scoreModel());
+    const auto other = std::make_shared<ScoreModel>();
+    ASSERT_TRUE(score.replaceScore(other));
+    EXPECT_EQ(score.scoreModel(), other);
+    EXPECT_EQ(score.scoreCursor().index().model(), other.get());
+    ASSERT_TRUE(score.createBars(0, 2));
+    score.commandStack().undo();
+    score.commandStack().undo();
+    EXPECT_EQ(test::writeNative(*score.scoreModel()), before);
+    score.commandStack().undo();
+    score.commandStack().redo();
+    score.commandStack().redo();
+    score.commandStack().redo();
+    EXPECT_EQ(score.masterTrack()->masterBarCount(), 2U);
+}
+
 } // namespace

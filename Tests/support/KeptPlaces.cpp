@@ -54,7 +54,7 @@ bool agrees(Iterator it, const Nodes &nodes, Get get)
 } // namespace
 
 KeptPlaces::KeptPlaces(Score &score, std::uint64_t seed)
-    : _model(*score.scoreModel()), _random(seed), _drawn(_model, _random)
+    : _model(score.scoreModel()), _random(seed), _drawn(_model, _random)
 {
     std::generate(_places.begin(), _places.end(), [this] { return drawPlace(); });
     std::generate(_ranges.begin(), _ranges.end(), [this] { return drawRange(); });
@@ -86,8 +86,20 @@ ScoreModelRange KeptPlaces::drawRange()
     return range;
 }
 
+/// A score that was replaced as a whole has the same places in another model.
+void KeptPlaces::enterModel()
+{
+    for (ScoreModelIndex &place : _places)
+        place.setModel(_model.get());
+    for (ScoreModelRange &range : _ranges) {
+        range.mutableFirst().setModel(_model.get());
+        range.mutableSecond().setModel(_model.get());
+    }
+}
+
 std::string KeptPlaces::fault()
 {
+    enterModel();
     for (const ScoreModelIndex &place : _places) {
         const std::string fault = faultOf(place);
         if (!fault.empty())
@@ -107,7 +119,7 @@ std::string KeptPlaces::fault()
 
 std::string KeptPlaces::faultOf(const ScoreModelIndex &place) const
 {
-    const Named named(_model, place);
+    const Named named(*_model, place);
     const bool isRight = place.track() == named.track && place.staff() == named.staff
         && place.bar() == named.bar && place.voice() == named.voice && place.beat() == named.beat
         && place.isTrackValid() == (named.track != nullptr)

@@ -5,6 +5,7 @@
 #include "RandomPlaces.h"
 
 #include <array>
+#include <memory>
 #include <string>
 
 namespace zarn {
@@ -22,6 +23,7 @@ public:
     std::string fault();
 
 private:
+    void enterModel();
     zarn::ScoreModelIndex drawPlace();
     zarn::ScoreModelRange drawRange();
     std::string faultOf(const zarn::ScoreModelIndex &place) const;
@@ -30,7 +32,7 @@ private:
     static constexpr unsigned Count = 100;
     static constexpr unsigned RangesAtOnce = 10;
 
-    zarn::ScoreModel &_model;
+    const std::shared_ptr<zarn::ScoreModel> &_model; ///< of the score, which may get another
     Random _random;
     RandomPlaces _drawn;
     std::array<zarn::ScoreModelIndex, Count> _places;

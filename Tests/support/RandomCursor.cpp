@@ -62,7 +62,7 @@ void RandomCursor::move()
     const auto step = static_cast<CursorStep>(_random.below(6));
     switch (_random.below(6)) {
     case 0:
-        cursor.setIndex(RandomPlaces(*_score.scoreModel(), _random).gap());
+        cursor.setIndex(RandomPlaces(_score.scoreModel(), _random).gap());
         break;
     case 1:
         cursor.toLast(_random.coin() ? CursorStep::Bar : CursorStep::Track);

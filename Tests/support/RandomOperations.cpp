@@ -15,7 +15,7 @@
 using namespace zarn;
 
 EditedScore::EditedScore(Score &edited, Random &numbers)
-    : score(edited), random(numbers), places(*edited.scoreModel(), numbers),
+    : score(edited), random(numbers), places(edited.scoreModel(), numbers),
       firstBarCount(edited.scoreModel()->masterTrack()->masterBarCount()),
       firstTrackCount(edited.trackCount())
 {

@@ -7,7 +7,7 @@ using namespace zarn;
 
 unsigned RandomPlaces::barCount() const
 {
-    return _model.masterTrack()->masterBarCount();
+    return _model->masterTrack()->masterBarCount();
 }
 
 unsigned RandomPlaces::index(unsigned count)
@@ -29,19 +29,19 @@ std::pair<unsigned, unsigned> RandomPlaces::bars(unsigned most)
 
 unsigned RandomPlaces::track()
 {
-    return index(_model.trackCount());
+    return index(_model->trackCount());
 }
 
 unsigned RandomPlaces::staffOf(unsigned track)
 {
-    return index(_model.hasTrackIndex(track) ? _model.track(track)->staffCount() : 1);
+    return index(_model->hasTrackIndex(track) ? _model->track(track)->staffCount() : 1);
 }
 
 ScoreModelIndex RandomPlaces::barPlace()
 {
     const unsigned track = this->track();
     const unsigned staff = staffOf(track);
-    return {&_model, static_cast<int>(track), static_cast<int>(bar()), -1, 0, staff};
+    return {_model.get(), static_cast<int>(track), static_cast<int>(bar()), -1, 0, staff};
 }
 
 /// Looks for a voice with beats a few times: most voices of most bars have none.

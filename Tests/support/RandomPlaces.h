@@ -5,6 +5,7 @@
 
 #include <ZarnCore/model/places/ZarnScoreModelRange.h>
 
+#include <memory>
 #include <utility>
 
 namespace zarn {
@@ -15,7 +16,10 @@ class Track;
 /// Draws places of a score as it is now; now and then one that is not there.
 class RandomPlaces {
 public:
-    RandomPlaces(zarn::ScoreModel &model, Random &random) : _model(model), _random(random) { }
+    RandomPlaces(const std::shared_ptr<zarn::ScoreModel> &model, Random &random)
+        : _model(model), _random(random)
+    {
+    }
 
     unsigned barCount() const;
 
@@ -40,6 +44,6 @@ public:
 private:
     zarn::ScoreModelIndex barPlace();
 
-    zarn::ScoreModel &_model;
+    const std::shared_ptr<zarn::ScoreModel> &_model; ///< of a score, which may get another
     Random &_random;
 };

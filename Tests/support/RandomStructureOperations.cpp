@@ -77,6 +77,14 @@ bool pasteBeatRange(EditedScore &e)
                                   pasteMode(e.random));
 }
 
+bool replaceScore(EditedScore &e)
+{
+    // What was changed in the copy comes and goes with it.
+    const auto copy = e.score.scoreModel()->clone();
+    copy->setScoreProperty(ScoreProperty::Title, "copy");
+    return e.score.replaceScore(e.random.percent(5) ? e.score.scoreModel() : copy);
+}
+
 const std::vector<RandomOperation> operations = {
     {"modifyBarRange", 3, modifyBarRange},
     {"modifyBarRangeAllTracks", 2, modifyBarRangeAllTracks},
@@ -95,6 +103,7 @@ const std::vector<RandomOperation> operations = {
      }},
     {"pasteBarRange", 3, pasteBarRange},
     {"pasteBeatRange", 5, pasteBeatRange},
+    {"replaceScore", 1, replaceScore},
 };
 
 } // namespace

@@ -21,6 +21,10 @@
 
 namespace zarn {
 
+namespace cmd {
+class ReplaceScore;
+}
+
 class IZarnRendererStyleSheet;
 
 /// A document: the tree of the music, the commands that change it, the cursor, and the events that
@@ -75,6 +79,8 @@ public:
     }
 
 private:
+    friend class cmd::ReplaceScore;
+
     void replaceDocument(std::shared_ptr<ScoreModel> model,
                          std::shared_ptr<IZarnRendererStyleSheet> styleSheet,
                          const ScoreCursor &cursor);

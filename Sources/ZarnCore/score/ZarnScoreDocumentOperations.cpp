@@ -5,7 +5,10 @@
 #include <ZarnCore/commands/Score/ZarnChangeHeaderAndFooter.h>
 #include <ZarnCore/commands/Score/ZarnChangeProperties.h>
 #include <ZarnCore/commands/Score/ZarnChangeProperty.h>
+#include <ZarnCore/commands/Score/ZarnReplaceScore.h>
 #include <ZarnCore/commands/Score/ZarnSetConcertTone.h>
+
+#include <utility>
 
 namespace zarn {
 
@@ -27,6 +30,11 @@ bool ScoreDocumentOperations::changeHeaderAndFooter(HeaderAndFooter part, const 
 bool ScoreDocumentOperations::setConcertTone(double hertz)
 {
     return execute<cmd::SetConcertTone>(*this, hertz);
+}
+
+bool ScoreDocumentOperations::replaceScore(std::shared_ptr<ScoreModel> model)
+{
+    return execute<cmd::ReplaceScore>(*this, std::move(model));
 }
 
 } // namespace zarn

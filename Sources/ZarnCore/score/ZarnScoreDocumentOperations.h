@@ -8,9 +8,11 @@
 
 #include <cstdint>
 #include <map>
+#include <memory>
 
 namespace zarn {
 
+class ScoreModel;
 enum class HeaderAndFooter : std::uint8_t;
 
 /// What can be done to the texts and settings of a score as a whole. Each answers whether it was
@@ -25,6 +27,9 @@ public:
 
     /// Frequency of the a' in hertz, 220 to 880.
     bool setConcertTone(double hertz);
+
+    /// Puts another document into the score, which can be undone; takes the model over.
+    bool replaceScore(std::shared_ptr<ScoreModel> model);
 
 protected:
     ScoreDocumentOperations() = default;

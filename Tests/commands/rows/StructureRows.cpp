@@ -100,6 +100,14 @@ std::vector<CommandRow> structureRows()
          "ModifyBarRangeAllTracks(1,5) SimileMarkBarChanged(0,0,2,2) "
          "SimileMarkBarChanged(0,0,5,5) ",
          nullptr},
+        {"ReplaceScore",
+         [](SmallScore &s) {
+             const auto model = s.score.scoreModel()->clone();
+             model->setScoreProperty(ScoreProperty::Title, "Another");
+             model->takeBarColumns(1, 5);
+             return s.score.replaceScore(model);
+         },
+         "ScoreChanged ", nullptr, true},
         {"PasteBarRangeOfAllTracks",
          [](SmallScore &s) {
              const Clip clip = copyOfBars(source().model, source().everything(2, 3));
@@ -193,6 +201,13 @@ void expectStructureCommandsRefused(RichScore &rich)
             [&] { return score.arrangeBars(5, 5); },
             [&] { return score.arrangeBars(0, 6); },
             [&] { return score.arrangeBars(2, 1); },
+            [&] { return score.replaceScore(nullptr); },
+            [&] { return score.replaceScore(score.scoreModel()); },
+            [&] {
+                const auto broken = score.scoreModel()->clone();
+                broken->track(0)->staff(0)->removeBar(0);
+                return score.replaceScore(broken);
+            },
             [&] { return score.pasteBarRange({}, 0, 0, 1, PasteMode::Insert); },
             [&] { return score.pasteBarRange(bars, 7, 0, 1, PasteMode::Insert); },
             [&] { return score.pasteBarRange(bars, 6, 0, 1, PasteMode::Replace); },
