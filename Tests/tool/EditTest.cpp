@@ -159,6 +159,23 @@ shift-drum 2:3 up t4
 transpose 2 refinger t2
 transposition 0 t5
 transpose-score -2
+select none
+copy 8:1-9:1 t2
+paste 10:1 t2
+paste 12:1 --merge t2
+paste 11:1 --insert --times 2 t2
+copy-bars 3-4
+paste 1 --times 2
+copy-bars 3 t2
+paste 6 --replace t2
+cut 9:1 t2
+move-voice 14:1 2 t2
+swap-voices 14-15 1 2 t2
+rest 16:1 t2
+rhythm 16:1 32nd t2
+complete-bars 16 t2
+time 9-12 2/4
+arrange 9-12
 )";
 
 TEST(Edit, everyCommandIsUndoneToTheByteAndRedone)

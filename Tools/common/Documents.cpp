@@ -10,6 +10,7 @@
 #include <ZarnCore/io/ZarnNativeExporter.h>
 #include <ZarnCore/io/ZarnNativeImporter.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/clip/ZarnClip.h>
 
 #include <QString>
 
@@ -204,9 +205,12 @@ void requireWritableFormat(const std::string &path)
                       + writableSuffixes());
 }
 
-void saveDocument(const ScoreModel &model, const std::string &path, const Terminal &terminal)
+namespace {
+
+/// Writes a file by `write(handle)`.
+template <class Write>
+void saveTo(const std::string &path, const Terminal &terminal, Write write)
 {
-    requireWritableFormat(path);
     Place place(path);
     std::string error;
     const auto handle = place.files().open(path, filesystem::OpenMode::Write, &error);
@@ -214,12 +218,49 @@ void saveDocument(const ScoreModel &model, const std::string &path, const Termin
         throw Failure(withPath(path, error.empty() ? "cannot be written" : error));
     const Progress progress(terminal, "writing " + nameOfPath(path, Direction::Out));
     try {
-        exporterFor(path)->write(model, *handle);
+        write(*handle);
     } catch (const CoreException &problem) {
         throw Failure(withPath(path, problem.message()));
     }
     if (place.isStandardStream())
         place.writeOutput();
+}
+
+} // namespace
+
+void saveDocument(const ScoreModel &model, const std::string &path, const Terminal &terminal)
+{
+    requireWritableFormat(path);
+    saveTo(path, terminal,
+           [&](filesystem::FileHandle &handle) { exporterFor(path)->write(model, handle); });
+}
+
+void saveClip(const Clip &clip, const std::string &path, const Terminal &terminal)
+{
+    const io::NativeExporter exporter;
+    if (exporterFor(path) == nullptr || exporterFor(path)->description() != exporter.description())
+        throw Failure(path + ": copied music is written as ." + exporter.extensions().front());
+    saveTo(path, terminal, [&](filesystem::FileHandle &handle) { exporter.write(clip, handle); });
+}
+
+Clip openClip(const std::string &path, const Terminal &terminal)
+{
+    Place place(path);
+    std::string error;
+    const auto handle = place.files().open(path, filesystem::OpenMode::Read, &error);
+    const io::NativeImporter importer;
+    if (!handle || !importer.acceptsHandle(*handle)) {
+        Clip clip;
+        clip.model = openDocument(path, terminal).model;
+        clip.hasColumns = true;
+        return clip;
+    }
+    try {
+        io::ImportReport report;
+        return importer.readClip(*handle, report);
+    } catch (const CoreException &problem) {
+        throw Failure(path + ": " + withoutPath(path, problem.message()));
+    }
 }
 
 std::string writableSuffixes()

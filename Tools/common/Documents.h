@@ -9,6 +9,7 @@
 namespace zarn {
 
 class ScoreModel;
+struct Clip;
 
 namespace tool {
 
@@ -39,6 +40,11 @@ OpenedDocument openDocument(const std::string &path, const Terminal &terminal);
 /// Writes a document in the format of the path's suffix, to standard output as a native one; the
 /// old file stays whole until the new one is complete. Raises `Failure`.
 void saveDocument(const ScoreModel &model, const std::string &path, const Terminal &terminal);
+
+/// The same for music that was copied: a native document. What is read may be any score; it is a
+/// clip of all its bars then.
+Clip openClip(const std::string &path, const Terminal &terminal);
+void saveClip(const Clip &clip, const std::string &path, const Terminal &terminal);
 
 /// Whether there is a format to write with the path's suffix.
 bool isWritableFormat(const std::string &path);

@@ -34,6 +34,7 @@ const std::vector<CommandArea> &commandAreas()
         {"How notes are played", noteMarkCommands()},
         {"Fingering", fingeringCommands()},
         {"Bars", barCommands()},
+        {"Copying and arranging", structureCommands()},
         {"Tracks", trackCommands()},
         {"How tracks play", playingCommands()},
         {"Sounds and mixer", soundCommands()},

@@ -34,6 +34,7 @@ const std::vector<Command> &pitchCommands();
 const std::vector<Command> &noteMarkCommands();
 const std::vector<Command> &fingeringCommands();
 const std::vector<Command> &barCommands();
+const std::vector<Command> &structureCommands();
 const std::vector<Command> &trackCommands();
 const std::vector<Command> &playingCommands();
 const std::vector<Command> &soundCommands();

@@ -4,6 +4,7 @@
 #include "edit/Values.h"
 
 #include <ZarnCore/commands/ZarnTransaction.h>
+#include <ZarnCore/model/clip/ZarnClip.h>
 #include <ZarnCore/model/places/ZarnScoreModelRange.h>
 #include <ZarnCore/score/ZarnScore.h>
 
@@ -46,6 +47,10 @@ public:
     /// What is selected, if anything; it may have been edited away since.
     const std::optional<ScoreModelRange> &selection() const noexcept { return _selection; }
     void select(const std::optional<ScoreModelRange> &selection) { _selection = selection; }
+
+    /// What was copied last; empty at first.
+    const Clip &clipboard() const noexcept { return _clipboard; }
+    void setClipboard(const Clip &clip) { _clipboard = clip; }
 
     // Groups: the commands in one run when they are typed, and are one step when it is committed.
 
@@ -99,6 +104,7 @@ private:
     std::unique_ptr<EventPrinter> _events;
     Where _where; ///< while the cursor is nowhere
     std::optional<ScoreModelRange> _selection;
+    Clip _clipboard;
     bool _hasComparedDifferent = false;
     bool _isOver = false;
     bool _echoes = false;

@@ -1,0 +1,248 @@
+// SPDX-License-Identifier: MIT
+#include "common/Choices.h"
+#include "common/Documents.h"
+#include "common/Failure.h"
+#include "common/Terminal.h"
+#include "common/Texts.h"
+#include "edit/Commands.h"
+#include "edit/EditSession.h"
+#include "edit/PlaceReader.h"
+#include "edit/ScriptLine.h"
+#include "edit/Targets.h"
+
+#include <ZarnCore/commands/Bar/ZarnPasteBarRange.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/places/ZarnBeatSpan.h>
+
+#include <algorithm>
+#include <ostream>
+
+namespace zarn::tool {
+
+namespace {
+
+constexpr double MostTimes = cmd::PasteBarRange::MostTimes;
+constexpr double MostVoices = Bar::MaxVoices;
+
+QString toOption()
+{
+    return QStringLiteral("TO");
+}
+QString fromOption()
+{
+    return QStringLiteral("FROM");
+}
+QString timesOption()
+{
+    return QStringLiteral("TIMES");
+}
+
+const Choices &modeChoices()
+{
+    static const Choices choices = {
+        {QStringLiteral("--replace"), static_cast<int>(PasteMode::Replace)},
+        {QStringLiteral("--merge"), static_cast<int>(PasteMode::Merge)},
+        {QStringLiteral("--insert"), static_cast<int>(PasteMode::Insert)},
+    };
+    return choices;
+}
+
+/// Whole bars are selected, with all that is in them.
+bool areBars(const ScoreModelRange &range)
+{
+    return range.isMultiVoice() || range.isMultiTrack();
+}
+
+/// The bars of a line, or of the selection: of one staff, of those that are selected, or with
+/// nothing said of all tracks.
+ScoreModelRange barsOf(EditSession &session, const Values &values)
+{
+    if (!values.has(0) && session.selection())
+        return *session.selection();
+    const BarRange bars = targetBars(session, values);
+    const Where &where = values.where();
+    const SelectionMode mode = SelectionMode::MultiSelection | SelectionMode::MultiVoice
+        | (values.namesWhere() ? SelectionMode::None : SelectionMode::MultiTrack);
+    const auto end = [&](unsigned bar) {
+        return ScoreModelIndex(session.score().scoreModel().get(), static_cast<int>(where.track),
+                               static_cast<int>(bar), -1, 0, where.staff);
+    };
+    return {end(bars.first), end(bars.last), mode};
+}
+
+Clip take(EditSession &session, const ScoreModelRange &range, const Values &values)
+{
+    ScoreModel &model = *session.score().scoreModel();
+    Clip clip = areBars(range) ? copyOfBars(model, range) : copyOfBeats(model, range);
+    if (clip.isEmpty())
+        throw LineError(values.column(0), QStringLiteral("there is nothing here to copy"));
+    if (const QString *const path = values.option<QString>(toOption()))
+        saveClip(clip, path->toStdString(), session.terminal());
+    session.setClipboard(clip);
+    const bool isBars = clip.kind == Clip::Kind::Bars;
+    const unsigned count = isBars ? clip.model->masterTrack()->masterBarCount() : range.beatCount();
+    session.out() << counted(count, isBars ? "bar" : "beat") << " copied.\n";
+    return clip;
+}
+
+bool copy(EditSession &session, const Values &values)
+{
+    take(session, targetBeats(session, values), values);
+    return true;
+}
+
+bool copyBars(EditSession &session, const Values &values)
+{
+    take(session, barsOf(session, values), values);
+    return true;
+}
+
+/// Bars of all tracks go; whatever else is cut leaves rests.
+bool cut(EditSession &session, const Values &values)
+{
+    const ScoreModelRange range = targetBeats(session, values);
+    const Clip clip = take(session, range, values);
+    if (!clip.hasColumns)
+        return session.score().setNoteRest(range);
+    const auto bars = std::minmax({range.first().barIndex(), range.second().barIndex()});
+    return session.score().removeBarRange(static_cast<unsigned>(bars.first),
+                                          static_cast<unsigned>(bars.second));
+}
+
+/// A bar such as 5 or a beat such as 5:2, else the place of the cursor.
+BeatPlace pastePlace(EditSession &session, const Values &values)
+{
+    if (!values.has(0))
+        return cursorPlace(session);
+    const ReadingContext context{&session.model(), values.where()};
+    const Word word{values.get<QString>(0), values.column(0)};
+    if (word.text.contains(QLatin1Char(':')))
+        return std::get<BeatPlace>(*readNewBeat({}, word, context));
+    return {static_cast<unsigned>(std::get<int>(*readBarGap({}, word, context))), 0};
+}
+
+bool paste(EditSession &session, const Values &values)
+{
+    const QString *const path = values.option<QString>(fromOption());
+    const Clip clip =
+        path != nullptr ? openClip(path->toStdString(), session.terminal()) : session.clipboard();
+    if (clip.isEmpty())
+        throw Failure(path != nullptr ? path->toStdString() + ": there is no music to paste"
+                                      : "nothing has been copied yet");
+    const BeatPlace place = pastePlace(session, values);
+    const int *const given = values.option<int>(timesOption());
+    const auto times = static_cast<unsigned>(given != nullptr ? *given : 1);
+    const bool isBars = clip.kind == Clip::Kind::Bars;
+    // What is usual: bars go between others, beats over what is there.
+    const auto mode = static_cast<PasteMode>(
+        values.get(1, static_cast<int>(isBars ? PasteMode::Insert : PasteMode::Replace)));
+    if (isBars && mode == PasteMode::Merge)
+        throw LineError(values.column(1),
+                        QStringLiteral("bars can be inserted or replace others; "
+                                       "beats can be merged"));
+    const Where &where = values.where();
+    const unsigned before = session.model().masterTrack()->masterBarCount();
+    const bool isDone = isBars
+        ? session.score().pasteBarRange(clip, place.bar, clip.hasColumns ? 0 : where.track, times,
+                                        mode)
+        : session.score().pasteBeatRange(clip, indexOf(session, where, place), times, mode);
+    const unsigned now = session.model().masterTrack()->masterBarCount();
+    if (isDone && now > before)
+        session.out() << counted(now - before, "bar") << " added: the score has "
+                      << counted(now, "bar") << " now.\n";
+    return isDone;
+}
+
+bool arrange(EditSession &session, const Values &values)
+{
+    const BarRange bars = targetBars(session, values);
+    return session.score().arrangeBars(bars.first, bars.last);
+}
+
+bool completeBars(EditSession &session, const Values &values)
+{
+    return session.score().completeReduceBarsWithRests(barsOf(session, values));
+}
+
+bool moveVoice(EditSession &session, const Values &values)
+{
+    return session.score().moveVoice(targetBeats(session, values),
+                                     static_cast<unsigned>(values.get<int>(1) - 1));
+}
+
+bool swapVoices(EditSession &session, const Values &values)
+{
+    return session.score().swapVoices(barsOf(session, values),
+                                      static_cast<unsigned>(values.get<int>(1) - 1),
+                                      static_cast<unsigned>(values.get<int>(2) - 1));
+}
+
+} // namespace
+
+const std::vector<Command> &structureCommands()
+{
+    static const Parameter beats = {QStringLiteral("BEATS"), Kind::Beats, Presence::Assumed};
+    static const Parameter bars = {QStringLiteral("BARS"), Kind::Bars, Presence::Assumed};
+    static const Parameter to = {toOption(), Kind::Text, Presence::Optional};
+    const auto voice = [](const char *name) {
+        return Parameter{QLatin1String(name), Kind::Whole, Presence::Required, 1, MostVoices};
+    };
+    static const std::vector<Command> commands = {
+        {QStringLiteral("copy"),
+         {beats},
+         QStringLiteral("Copy beats, or the bars that are selected whole."),
+         QString(),
+         copy,
+         true,
+         {to}},
+        {QStringLiteral("copy-bars"),
+         {bars},
+         QStringLiteral("Copy bars of all tracks, or with t2 of one."),
+         QString(),
+         copyBars,
+         true,
+         {to}},
+        {QStringLiteral("cut"),
+         {beats},
+         QStringLiteral("Copy and leave rests; bars of all tracks are removed."),
+         QStringLiteral("Score::setNoteRest"),
+         cut,
+         true,
+         {to}},
+        {QStringLiteral("paste"),
+         {{QStringLiteral("PLACE"), Kind::Text, Presence::Optional},
+          {QStringLiteral("MODE"), Kind::Choice, Presence::Optional, 0, 0, &modeChoices()}},
+         QStringLiteral("Paste at a bar such as 5 or a beat such as 5:2."),
+         QStringLiteral("Score::pasteBarRange, Score::pasteBeatRange"),
+         paste,
+         true,
+         {{timesOption(), Kind::Whole, Presence::Optional, 1, MostTimes},
+          {fromOption(), Kind::Text, Presence::Optional}}},
+        {QStringLiteral("arrange"),
+         {bars},
+         QStringLiteral("Bar the music anew, after a change of meter."),
+         QStringLiteral("Score::arrangeBars"),
+         arrange},
+        {QStringLiteral("complete-bars"),
+         {bars},
+         QStringLiteral("Fill bars up with rests, or take rests off those that are too long."),
+         QStringLiteral("Score::completeReduceBarsWithRests"),
+         completeBars,
+         true},
+        {QStringLiteral("move-voice"),
+         {beats, voice("VOICE")},
+         QStringLiteral("Move beats to another voice, at the same time."),
+         QStringLiteral("Score::moveVoice"),
+         moveVoice,
+         true},
+        {QStringLiteral("swap-voices"),
+         {bars, voice("VOICE"), voice("OTHER")},
+         QStringLiteral("Exchange two voices of bars."),
+         QStringLiteral("Score::swapVoices"),
+         swapVoices,
+         true},
+    };
+    return commands;
+}
+
+} // namespace zarn::tool
