@@ -19,6 +19,8 @@ std::vector<CommandRow> markRows();
 void expectMarkCommandsRefused(rich::RichScore &);
 std::vector<CommandRow> pitchRows();
 void expectPitchCommandsRefused(rich::RichScore &);
+std::vector<CommandRow> layoutRows();
+void expectLayoutCommandsRefused(rich::RichScore &);
 std::vector<CommandRow> soundRows();
 void expectSoundCommandsRefused(rich::RichScore &);
 std::vector<CommandRow> playingRows();
@@ -27,11 +29,17 @@ void expectPlayingCommandsRefused(rich::RichScore &);
 const std::vector<CommandRowsOfArea> &commandAreas()
 {
     static const std::vector<CommandRowsOfArea> areas = {
-        {formRows, expectFormCommandsRefused},   {structureRows, expectStructureCommandsRefused},
-        {trackRows, expectTrackCommandsRefused}, {documentRows, expectDocumentCommandsRefused},
-        {beatRows, expectBeatCommandsRefused},   {linkRows, expectLinkCommandsRefused},
-        {markRows, expectMarkCommandsRefused},   {pitchRows, expectPitchCommandsRefused},
-        {soundRows, expectSoundCommandsRefused}, {playingRows, expectPlayingCommandsRefused},
+        {formRows, expectFormCommandsRefused},
+        {structureRows, expectStructureCommandsRefused},
+        {trackRows, expectTrackCommandsRefused},
+        {documentRows, expectDocumentCommandsRefused},
+        {beatRows, expectBeatCommandsRefused},
+        {linkRows, expectLinkCommandsRefused},
+        {markRows, expectMarkCommandsRefused},
+        {pitchRows, expectPitchCommandsRefused},
+        {layoutRows, expectLayoutCommandsRefused},
+        {soundRows, expectSoundCommandsRefused},
+        {playingRows, expectPlayingCommandsRefused},
     };
     return areas;
 }

@@ -470,6 +470,34 @@ void EventMirror::hear(const evt::GuitarFullTuningChanged &event)
     copy.setFretCount(staff.fretCount());
 }
 
+void EventMirror::hear(const evt::FullScoreSystemsLayoutChanged &)
+{
+    _known.head->setFullScoreSystemsLayout(model().fullScoreSystemsLayout());
+    _known.head->setFullScoreDefaultBarCountBySystem(model().fullScoreDefaultBarCountBySystem());
+}
+
+void EventMirror::hear(const evt::TrackSystemsLayoutChanged &event)
+{
+    head(event.trackIndex()).setSystemsLayout(track(event.trackIndex()).systemsLayout());
+    head(event.trackIndex())
+        .setDefaultBarCountBySystem(track(event.trackIndex()).defaultBarCountBySystem());
+}
+
+void EventMirror::hear(const evt::ScoreViewLayoutChanged &event)
+{
+    auto views = _known.head->views();
+    const auto number = static_cast<std::size_t>(event.index());
+    views.at(number).layout = model().views().at(number).layout;
+    _known.head->setViews(views);
+}
+
+void EventMirror::hear(const evt::ScoreViewMultiRest &event)
+{
+    auto views = _known.head->views();
+    views.at(static_cast<std::size_t>(event.index())).multiRest = event.isEnabled();
+    _known.head->setViews(views);
+}
+
 // What is written in all bars goes along.
 void EventMirror::hear(const evt::TranspositionOffsetChanged &event)
 {

@@ -99,6 +99,10 @@ private:
     void hear(const zarn::evt::GuitarFullTuningChanged &);
     void hear(const zarn::evt::TranspositionOffsetChanged &);
     void hear(const zarn::evt::ChordsChanged &);
+    void hear(const zarn::evt::FullScoreSystemsLayoutChanged &);
+    void hear(const zarn::evt::TrackSystemsLayoutChanged &);
+    void hear(const zarn::evt::ScoreViewLayoutChanged &);
+    void hear(const zarn::evt::ScoreViewMultiRest &);
     void hear(const zarn::evt::RequestAddSound &);
     void hear(const zarn::evt::RequestInsertSound &);
     void hear(const zarn::evt::RequestRemoveSound &);

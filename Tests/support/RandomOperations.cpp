@@ -363,7 +363,7 @@ const std::vector<RandomOperation> &randomOperations()
         std::vector<RandomOperation> list = operations;
         for (const auto *more :
              {&randomMarkOperations(), &randomPitchOperations(), &randomSoundOperations(),
-              &randomLinkOperations(), &randomStructureOperations()})
+              &randomLinkOperations(), &randomStructureOperations(), &randomLayoutOperations()})
             list.insert(list.end(), more->begin(), more->end());
         return list;
     }();

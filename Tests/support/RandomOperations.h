@@ -42,5 +42,8 @@ const std::vector<RandomOperation> &randomLinkOperations();
 /// Those that put bars and voices in the place of others.
 const std::vector<RandomOperation> &randomStructureOperations();
 
+/// Those of layout, beams and fermatas.
+const std::vector<RandomOperation> &randomLayoutOperations();
+
 /// Every operation that changes a score.
 const std::vector<RandomOperation> &randomOperations();

@@ -38,8 +38,8 @@ class ConcertToneChanged final : public ChangeEvent<ConcertToneChanged, double> 
     using ChangeEvent::ChangeEvent;
 };
 
-/// The bar counts of the systems of the full score changed; they are read from the model. Nothing
-/// sends it yet.
+/// The bar counts of the systems of the full score changed; they are read from the model. Bars that
+/// come or go in the middle of a system change its count: the event follows theirs.
 class FullScoreSystemsLayoutChanged final : public EventOf<FullScoreSystemsLayoutChanged> { };
 
 /// The score was protected against changes, or set free. Nothing sends it yet.

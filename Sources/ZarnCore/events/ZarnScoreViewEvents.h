@@ -3,8 +3,9 @@
 
 #include <ZarnCore/events/ZarnEventShapes.h>
 
-/// Events of the score's views. Views are counted from 0. Views belong to applications: nothing in
-/// the library sends these events yet.
+/// Events of the score's views. Views are counted from 0, the first one being the full score. How
+/// they lay the music out is part of the score; the events of all else are for applications to
+/// send.
 namespace zarn::evt {
 
 /// Names a view and its zoom before and after the change.
@@ -55,7 +56,7 @@ class ScoreViewZoomPolicyChanged final : public IndexEvent<ScoreViewZoomPolicyCh
     using IndexEvent::IndexEvent;
 };
 
-/// How a view breaks the music into systems changed.
+/// How a view breaks the music into systems changed: bars per system, or what is automatic.
 class ScoreViewSystemLayoutChanged final : public IndexEvent<ScoreViewSystemLayoutChanged> {
     using IndexEvent::IndexEvent;
 };

@@ -94,8 +94,8 @@ class PlayingStyleChanged final : public TrackEvent<PlayingStyleChanged> {
     using TrackEvent::TrackEvent;
 };
 
-/// The bar counts of the systems of a track changed; they are read from the track. Nothing sends it
-/// yet.
+/// The bar counts of the systems of a track changed; they are read from the track. Bars that come
+/// or go in the middle of a system change its count: the event follows theirs.
 class TrackSystemsLayoutChanged final : public TrackEvent<TrackSystemsLayoutChanged> {
     using TrackEvent::TrackEvent;
 };

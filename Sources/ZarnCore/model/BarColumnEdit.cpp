@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/model/BarColumnEdit.h>
 
+#include <ZarnCore/model/layout/BarsOfSystems.h>
 #include <ZarnCore/model/notes/SlurPartners.h>
 #include <ZarnCore/model/notes/StringLinks.h>
 
@@ -102,6 +103,21 @@ void restoreAutomations(AutomationContainer &container, AutomationContainer::Era
 
 } // namespace
 
+/// Calls `change` with the systems of the full score and of each track that has any listed.
+template <class Change>
+void BarColumnEdit::changeSystems(const Change &change)
+{
+    const auto changed = [&change](std::vector<int> systems) {
+        change(systems);
+        return systems;
+    };
+    if (!_model.fullScoreSystemsLayout().empty())
+        _model.setFullScoreSystemsLayout(changed(_model.fullScoreSystemsLayout()));
+    for (const auto &track : _model.tracks())
+        if (!track->systemsLayout().empty())
+            track->setSystemsLayout(changed(track->systemsLayout()));
+}
+
 /// What columns that go in or out between those up to `end`, not included, and those from `begin`
 /// on may change in these.
 BarColumnSurroundings BarColumnEdit::surroundingsOf(unsigned end, unsigned begin) const
@@ -111,13 +127,20 @@ BarColumnSurroundings BarColumnEdit::surroundingsOf(unsigned end, unsigned begin
     collectSimileMarks(_model, end - std::min(end, simileReach), end, surroundings.simileMarks);
     collectSimileMarks(_model, begin, begin + simileReach, surroundings.simileMarks);
     keepLinks(_model, end, begin, surroundings.links);
+    surroundings.systems.push_back(_model.fullScoreSystemsLayout());
+    for (const auto &track : _model.tracks())
+        surroundings.systems.push_back(track->systemsLayout());
     return surroundings;
 }
 
 BarColumnSurroundings BarColumnEdit::insertEmpty(unsigned index, unsigned count)
 {
+    const bool isAtEnd = index >= _master.masterBarCount();
     index = std::min(index, _master.masterBarCount());
     BarColumnSurroundings before = surroundingsOf(index, index);
+    // Music that goes on is broken as the default says, and does not swell the last system.
+    if (!isAtEnd)
+        changeSystems([&](auto &systems) { insertBarsInSystems(systems, index, count); });
     _master.insertEmptyMasterBars(index, count);
     for (const auto &track : _model.tracks())
         track->insertEmptyBars(index, count, LinkMode::Mend);
@@ -141,6 +164,7 @@ BarColumns BarColumnEdit::take(unsigned first, unsigned last)
     if (_master.handOnMovementStart(first, last))
         taken.surroundings.newMovementStart = static_cast<int>(last) + 1;
     taken.masterBars = _master.takeMasterBarBlock(first, last);
+    changeSystems([&](auto &systems) { removeBarsFromSystems(systems, first, last); });
     taken.bars.reserve(_model.trackCount());
     for (const auto &track : _model.tracks()) {
         taken.automations.push_back(eraseAutomations(track->mutableAutomations(), first, last));
@@ -172,6 +196,11 @@ void BarColumnEdit::restore(const BarColumnSurroundings &surroundings)
     if (surroundings.newMovementStart >= 0)
         _master.masterBars()[static_cast<unsigned>(surroundings.newMovementStart)]
             ->setMovementStart(false);
+    if (!surroundings.systems.empty()) {
+        _model.setFullScoreSystemsLayout(surroundings.systems.front());
+        for (std::size_t i = 1; i < surroundings.systems.size(); ++i)
+            _model.tracks()[i - 1]->setSystemsLayout(surroundings.systems[i]);
+    }
     for (const SimileMarkPlace &place : surroundings.simileMarks)
         if (const auto track = _model.track(place.track))
             if (const auto bar = track->bar(place.bar, place.staff))

@@ -21,6 +21,9 @@ public:
 private:
     BarColumnSurroundings surroundingsOf(unsigned end, unsigned begin) const;
 
+    template <class Change>
+    void changeSystems(const Change &change);
+
     ScoreModel &_model;
     MasterTrack &_master;
 };

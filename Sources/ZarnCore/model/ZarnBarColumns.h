@@ -25,6 +25,9 @@ struct BarColumnSurroundings {
     std::vector<SimileMarkPlace> simileMarks;
     KeptBeats links; ///< beats that face the columns
 
+    /// Bars per system, of the full score first, then of each track.
+    std::vector<std::vector<int>> systems;
+
     /// The bar behind removed columns that came to begin their movement; -1 for none.
     int newMovementStart = -1;
 };

@@ -167,7 +167,8 @@ public:
     void setProtected(bool isProtected) noexcept { _protected = isProtected; }
 
     /// Bars per system of the full score, from the first system on; systems after the list hold
-    /// the default number.
+    /// the default number, or as many as find room when that is 0. Columns that come or go change
+    /// their system.
     const std::vector<int> &fullScoreSystemsLayout() const noexcept { return _systemsLayout; }
     void setFullScoreSystemsLayout(const std::vector<int> &layout) { _systemsLayout = layout; }
     void pushInFullScoreSystemsLayout(int barCount) { _systemsLayout.push_back(barCount); }

@@ -10,6 +10,7 @@
 #include <ZarnCore/score/ZarnScoreCursor.h>
 #include <ZarnCore/score/ZarnScoreDocumentOperations.h>
 #include <ZarnCore/score/ZarnScoreFormOperations.h>
+#include <ZarnCore/score/ZarnScoreLayoutOperations.h>
 #include <ZarnCore/score/ZarnScoreLinkOperations.h>
 #include <ZarnCore/score/ZarnScoreNoteOperations.h>
 #include <ZarnCore/score/ZarnScorePlaybackOperations.h>
@@ -40,6 +41,7 @@ class ZARNCORE_EXPORT Score : public ScoreBase,
                               public ScoreSoundOperations,
                               public ScorePlaybackOperations,
                               public ScoreDocumentOperations,
+                              public ScoreLayoutOperations,
                               public ScoreBeatOperations,
                               public ScoreLinkOperations,
                               public ScoreNoteOperations,

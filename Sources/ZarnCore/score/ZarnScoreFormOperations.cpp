@@ -2,11 +2,14 @@
 #include <ZarnCore/score/ZarnScoreFormOperations.h>
 
 #include <ZarnCore/commands/Execute.h>
+#include <ZarnCore/commands/MasterBar/ZarnEditFermata.h>
 #include <ZarnCore/commands/MasterBar/ZarnSetBarAlternateEndings.h>
 #include <ZarnCore/commands/MasterBar/ZarnSetBarRepeatEnd.h>
 #include <ZarnCore/commands/MasterBar/ZarnSetBarRepeatStart.h>
+#include <ZarnCore/commands/MasterBar/ZarnSetFermata.h>
 #include <ZarnCore/commands/MasterBar/ZarnSetMasterBarAttribute.h>
 #include <ZarnCore/commands/MasterBar/ZarnSetMasterBarAttributes.h>
+#include <ZarnCore/commands/MasterBar/ZarnSetMasterBarBeamGroups.h>
 #include <ZarnCore/commands/MasterBar/ZarnSetMasterBarDoubleBar.h>
 #include <ZarnCore/commands/MasterBar/ZarnSetMasterBarFreeTime.h>
 #include <ZarnCore/commands/MasterBar/ZarnSetMasterBarMovementStart.h>
@@ -66,6 +69,23 @@ bool ScoreFormOperations::setBarAlternateEndings(unsigned first, unsigned last,
 bool ScoreFormOperations::setMasterBarMovementStart(unsigned bar, bool isMovementStart)
 {
     return execute<cmd::SetMasterBarMovementStart>(*this, bar, isMovementStart);
+}
+
+bool ScoreFormOperations::setMasterBarBeamGroups(unsigned first, unsigned last,
+                                                 const BeamGroups &groups)
+{
+    return execute<cmd::SetMasterBarBeamGroups>(*this, first, last, groups);
+}
+
+bool ScoreFormOperations::setFermata(const ScoreModelIndex &beat, Fermata kind)
+{
+    return execute<cmd::SetFermata>(*this, beat, kind);
+}
+
+bool ScoreFormOperations::editFermata(unsigned bar, const utils::rational &position,
+                                      const FermataMark &mark)
+{
+    return execute<cmd::EditFermata>(*this, bar, position, mark);
 }
 
 bool ScoreFormOperations::setBarDirection(DirectionMark mark, int bar)

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <ZarnCore/ZarnExport.h>
+#include <ZarnCore/ZarnTypesNotation.h>
+#include <ZarnCore/utils/rational.h>
 
 #include <QString>
 
@@ -12,9 +14,12 @@
 namespace zarn {
 
 class AttributeValue;
+class BeamGroups;
 class KeySignature;
+class ScoreModelIndex;
 class TimeSignature;
 enum class DirectionMark : std::uint8_t;
+struct FermataMark;
 enum class MasterBarAttribute : std::uint8_t;
 enum class TripletFeel : std::uint8_t;
 
@@ -41,6 +46,15 @@ public:
     /// Begins a movement at a bar, or joins it to the movement before: repeats and jumps stay
     /// inside of a movement.
     bool setMasterBarMovementStart(unsigned bar, bool isMovementStart);
+
+    /// Groups beams, or with no groups leaves that to the meter.
+    bool setMasterBarBeamGroups(unsigned first, unsigned last, const BeamGroups &groups);
+
+    /// Puts a fermata over the time at which a beat starts, or takes it away with `Fermata::None`.
+    bool setFermata(const ScoreModelIndex &beat, Fermata kind);
+
+    /// Makes the fermata at a position of a bar, in quarters, another one or moves it.
+    bool editFermata(unsigned bar, const utils::rational &position, const FermataMark &mark);
 
     /// Moves a direction to a bar, or takes it away with -1. A score has one of each.
     bool setBarDirection(DirectionMark mark, int bar);

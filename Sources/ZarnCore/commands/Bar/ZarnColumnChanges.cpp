@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/commands/Bar/ZarnColumnChanges.h>
 
+#include <ZarnCore/commands/AnnounceSystems.h>
 #include <ZarnCore/commands/Automations/AnnounceAutomations.h>
 #include <ZarnCore/events/ZarnAutomationEvents.h>
 #include <ZarnCore/events/ZarnMasterBarEvents.h>
@@ -53,6 +54,12 @@ void ColumnChanges::addSurroundings(const ScoreModel &model, const BarColumnSurr
     for (const KeptBeats::Place &place : before.links.changed()) {
         const unsigned number = numberOut(place.bar);
         _touched.add(place.track, place.staff, number, number);
+    }
+    for (std::size_t i = 0; i < before.systems.size(); ++i) {
+        const auto &now =
+            i == 0 ? model.fullScoreSystemsLayout() : model.tracks()[i - 1]->systemsLayout();
+        if (now != before.systems[i])
+            _systems.push_back(static_cast<int>(i) - 1);
     }
 }
 
@@ -119,6 +126,7 @@ void ColumnChanges::announceIn(ScoreBase &score, const void *sender) const
                                    model.masterTrack()->masterBarCount() - 1);
     announceAutomations(std::move(automations), score, sender, _first, last);
     announceStartTempo(score, sender, _tempoOut, _tempoIn);
+    announceSystems(score, sender);
 }
 
 void ColumnChanges::announceOut(ScoreBase &score, const void *sender) const
@@ -130,6 +138,7 @@ void ColumnChanges::announceOut(ScoreBase &score, const void *sender) const
     const unsigned joint = std::min(_first, barCount == 0 ? 0 : barCount - 1);
     announceAutomations(_automations, score, sender, joint, joint);
     announceStartTempo(score, sender, _tempoIn, _tempoOut);
+    announceSystems(score, sender);
 }
 
 void ColumnChanges::announceMovementStart(ScoreBase &score, const void *sender, unsigned bar) const
@@ -145,6 +154,12 @@ void ColumnChanges::announceDirections(ScoreBase &score, const void *sender, Col
                      now == Columns::In ? evt::MasterBarDirection(mark, -1, bar)
                                         : evt::MasterBarDirection(mark, bar, -1));
     score.notify(sender, evt::RequestMasterBarPlaylistUpdate());
+}
+
+void ColumnChanges::announceSystems(ScoreBase &score, const void *sender) const
+{
+    for (const int track : _systems)
+        zarn::announceSystems(score, sender, track);
 }
 
 void ColumnChanges::announceAutomations(Containers containers, ScoreBase &score, const void *sender,

@@ -14,8 +14,8 @@ class ScoreBase;
 class ScoreModel;
 
 /// What changes beside bar columns that go in or out: the links and simile marks of the bars next
-/// to them, the directions and automations at them, the tempo of the start. Collected when the
-/// columns go one way, announced both ways.
+/// to them, the directions and automations at them, the tempo of the start, the systems that they
+/// are in. Collected when the columns go one way, announced both ways.
 class ZARNCORE_EXPORT ColumnChanges {
 public:
     /// Whether the columns are in the model.
@@ -43,7 +43,9 @@ public:
 
     /// Sends what is beside `AddBars` and `RemoveBars`: the events of the touched bars,
     /// `MasterBarAttribute` for the bar that begins a movement or no more, `MasterBarDirection`,
-    /// `RequestMasterBarPlaylistUpdate`, those of the automations, and `GlobalTempoChanged`.
+    /// `RequestMasterBarPlaylistUpdate`, those of the automations, `GlobalTempoChanged`, and those
+    /// of the systems, `FullScoreSystemsLayoutChanged` with `ScoreViewSystemLayoutChanged` and
+    /// `TrackSystemsLayoutChanged`.
     void announceIn(ScoreBase &score, const void *sender) const;
     void announceOut(ScoreBase &score, const void *sender) const;
 
@@ -54,6 +56,7 @@ private:
 
     void announceMovementStart(ScoreBase &score, const void *sender, unsigned bar) const;
     void announceDirections(ScoreBase &score, const void *sender, Columns now) const;
+    void announceSystems(ScoreBase &score, const void *sender) const;
     Containers automationsAtStart(const ScoreModel &model) const;
     static void announceAutomations(Containers containers, ScoreBase &score, const void *sender,
                                     unsigned firstBar, unsigned lastBar);
@@ -66,6 +69,7 @@ private:
     Containers _automations;
     double _tempoIn = 0;
     double _tempoOut = 0;
+    std::vector<int> _systems; ///< whose changed: tracks, and -1 for the full score
 };
 
 } // namespace zarn

@@ -8,7 +8,10 @@ namespace zarn {
 /// How one view shows a score.
 struct ScoreView {
     ViewLayout layout = ViewLayout::Pages;
-    bool multiRest = false; ///< draws runs of empty bars as one
+
+    /// Draws runs of empty bars as one. A run ends at double bars, repeats, sections, changes of
+    /// meter, key and tempo, fermatas and directions.
+    bool multiRest = false;
 
     friend constexpr bool operator==(const ScoreView &left, const ScoreView &right) noexcept
     {
