@@ -19,6 +19,8 @@ std::vector<CommandRow> markRows();
 void expectMarkCommandsRefused(rich::RichScore &);
 std::vector<CommandRow> pitchRows();
 void expectPitchCommandsRefused(rich::RichScore &);
+std::vector<CommandRow> wordRows();
+void expectWordCommandsRefused(rich::RichScore &);
 std::vector<CommandRow> layoutRows();
 void expectLayoutCommandsRefused(rich::RichScore &);
 std::vector<CommandRow> soundRows();
@@ -29,17 +31,12 @@ void expectPlayingCommandsRefused(rich::RichScore &);
 const std::vector<CommandRowsOfArea> &commandAreas()
 {
     static const std::vector<CommandRowsOfArea> areas = {
-        {formRows, expectFormCommandsRefused},
-        {structureRows, expectStructureCommandsRefused},
-        {trackRows, expectTrackCommandsRefused},
-        {documentRows, expectDocumentCommandsRefused},
-        {beatRows, expectBeatCommandsRefused},
-        {linkRows, expectLinkCommandsRefused},
-        {markRows, expectMarkCommandsRefused},
-        {pitchRows, expectPitchCommandsRefused},
-        {layoutRows, expectLayoutCommandsRefused},
-        {soundRows, expectSoundCommandsRefused},
-        {playingRows, expectPlayingCommandsRefused},
+        {formRows, expectFormCommandsRefused},   {structureRows, expectStructureCommandsRefused},
+        {trackRows, expectTrackCommandsRefused}, {documentRows, expectDocumentCommandsRefused},
+        {beatRows, expectBeatCommandsRefused},   {linkRows, expectLinkCommandsRefused},
+        {markRows, expectMarkCommandsRefused},   {pitchRows, expectPitchCommandsRefused},
+        {wordRows, expectWordCommandsRefused},   {layoutRows, expectLayoutCommandsRefused},
+        {soundRows, expectSoundCommandsRefused}, {playingRows, expectPlayingCommandsRefused},
     };
     return areas;
 }

@@ -74,6 +74,8 @@ struct RichScore : SmallScore {
         model.masterTrack()->masterBars()[5]->setBeamGroups(BeamGroups({1, 3}));
         beat(0, 1).setDynamic(NoteDynamic::Value::P);
         addLinks();
+        beat(0, 3).setChord({"Em7", nullptr});
+        beat(1, 1).setLyrics({{0, Syllabic::Begin, false, "la"}});
         score.scoreCursor().setIndex(at(5, -1, 1));
     }
 

@@ -498,6 +498,12 @@ void EventMirror::hear(const evt::ScoreViewMultiRest &event)
     _known.head->setViews(views);
 }
 
+void EventMirror::hear(const evt::LyricsChanged &event)
+{
+    head(event.trackIndex()).setLyricsVisible(track(event.trackIndex()).lyricsVisible());
+    head(event.trackIndex()).setLyricsLeftOver(track(event.trackIndex()).lyricsLeftOver());
+}
+
 // What is written in all bars goes along.
 void EventMirror::hear(const evt::TranspositionOffsetChanged &event)
 {

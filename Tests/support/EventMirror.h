@@ -103,6 +103,7 @@ private:
     void hear(const zarn::evt::TrackSystemsLayoutChanged &);
     void hear(const zarn::evt::ScoreViewLayoutChanged &);
     void hear(const zarn::evt::ScoreViewMultiRest &);
+    void hear(const zarn::evt::LyricsChanged &);
     void hear(const zarn::evt::RequestAddSound &);
     void hear(const zarn::evt::RequestInsertSound &);
     void hear(const zarn::evt::RequestRemoveSound &);

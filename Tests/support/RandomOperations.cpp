@@ -363,7 +363,8 @@ const std::vector<RandomOperation> &randomOperations()
         std::vector<RandomOperation> list = operations;
         for (const auto *more :
              {&randomMarkOperations(), &randomPitchOperations(), &randomSoundOperations(),
-              &randomLinkOperations(), &randomStructureOperations(), &randomLayoutOperations()})
+              &randomLinkOperations(), &randomStructureOperations(), &randomLayoutOperations(),
+              &randomWordOperations()})
             list.insert(list.end(), more->begin(), more->end());
         return list;
     }();

@@ -45,5 +45,8 @@ const std::vector<RandomOperation> &randomStructureOperations();
 /// Those of layout, beams and fermatas.
 const std::vector<RandomOperation> &randomLayoutOperations();
 
+/// Those of chords and lyrics.
+const std::vector<RandomOperation> &randomWordOperations();
+
 /// Every operation that changes a score.
 const std::vector<RandomOperation> &randomOperations();

@@ -389,6 +389,9 @@ private:
             settings.systemsLayout.push_back(static_cast<int>(1 + below(6)));
         settings.defaultBarCountBySystem = below(5);
         settings.lyricsVisible = static_cast<std::uint8_t>(below(32));
+        for (std::string &words : settings.lyricsLeftOver)
+            if (oneIn(3))
+                words = text();
         return settings;
     }
 

@@ -61,11 +61,13 @@ void ChangeMarks<Node>::apply()
                        _beats.settle();
                        return !isForFirstOnly();
                    });
+        followChange(model());
     } catch (...) {
         _notes.settle();
         _beats.settle();
         _links.settle();
         putBack();
+        followReturn(model());
         throw;
     }
     if (_also.links) {
@@ -79,6 +81,7 @@ template <class Node>
 void ChangeMarks<Node>::revert()
 {
     putBack();
+    followReturn(model());
 }
 
 /// Walks as `apply` did: what it changed decides about no place.

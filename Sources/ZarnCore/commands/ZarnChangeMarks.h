@@ -49,6 +49,11 @@ protected:
     /// Called before the nodes are looked at, for what depends on several of them.
     virtual void begin(ScoreModel &) { }
 
+    /// Called when all nodes are changed, and when all have back what they had, for what follows
+    /// from that elsewhere. The first may throw; the second is called then.
+    virtual void followChange(ScoreModel &) { }
+    virtual void followReturn(ScoreModel &) { }
+
     /// Whether the first node that takes the change is the only one to be changed.
     virtual bool isForFirstOnly() const { return false; }
 

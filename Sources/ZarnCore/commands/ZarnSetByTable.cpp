@@ -2,6 +2,7 @@
 #include <ZarnCore/commands/ZarnSetByTable.h>
 
 #include <ZarnCore/commands/Beat/ZarnSetBeatRhythm.h>
+#include <ZarnCore/commands/NotePlaces.h>
 #include <ZarnCore/commands/ZarnRangeNodes.h>
 #include <ZarnCore/events/ZarnScoreEvents.h>
 #include <ZarnCore/model/notes/Links.h>
@@ -70,24 +71,28 @@ bool isWritable(const AttributeValue &value)
     return rhythm == nullptr || cmd::SetBeatRhythm::isWritable(*rhythm);
 }
 
-/// Tells of every staff that the range reaches.
-void announceTimers(ScoreBase &score, const ScoreModelRange &range, const void *sender)
+/// Calls `tell` with the numbers of every track and staff that the range reaches.
+template <class Tell>
+void forEachStaff(const ScoreModel &model, const ScoreModelRange &range, Tell tell)
 {
-    const auto bars = std::minmax({range.first().barIndex(), range.second().barIndex()});
-    const auto tell = [&](unsigned track, unsigned staff) {
-        score.notify(sender,
-                     evt::RequestTimerChanged(static_cast<int>(track), static_cast<int>(staff),
-                                              bars.first, bars.second));
-    };
     if (!range.isMultiTrack()) {
         const auto staves = stavesOf(range);
         for (unsigned staff = staves.first; staff <= staves.second; ++staff)
-            tell(static_cast<unsigned>(range.first().trackIndex()), staff);
+            tell(range.first().trackIndex(), static_cast<int>(staff));
         return;
     }
-    for (const auto &track : score.scoreModel()->tracks())
+    for (const auto &track : model.tracks())
         for (unsigned staff = 0; staff < track->staffCount(); ++staff)
-            tell(track->index(), staff);
+            tell(static_cast<int>(track->index()), static_cast<int>(staff));
+}
+
+bool isChord(const BeatAttributeRow &row)
+{
+    return row.id == BeatAttribute::Chord;
+}
+bool isChord(const NoteAttributeRow &)
+{
+    return false;
 }
 
 /// The key under which the value of a kind is recorded.
@@ -162,15 +167,52 @@ void SetByTable<Node>::change(const MarkedPlace &place, Beat &beat, Node &node)
             give(beat, node, given.row->id, given.value);
 }
 
-/// The content first, the labels of playing times behind it.
+template <class Node>
+void SetByTable<Node>::followChange(ScoreModel &model)
+{
+    _chordSets.clear();
+    for (const Given &given : _given) {
+        if (!isChord(*given.row) || given.isDefault)
+            continue;
+        const auto chord = given.value.template to<ChordMark>();
+        const Staff *last = nullptr;
+        visitBeats(model, this->range(), [&](const MarkedPlace &place, const Beat &beat) {
+            if (&place.staff != last && beat.chord() == chord) {
+                last = &place.staff;
+                const unsigned track = last->track()->index();
+                _chordSets.add(*model.tracks()[track]->staves()[last->index()], chord);
+            }
+            return true;
+        });
+    }
+}
+
+template <class Node>
+void SetByTable<Node>::followReturn(ScoreModel &model)
+{
+    _chordSets.takeBack(model);
+}
+
+/// The content first, the sets of chords and the labels of playing times behind it.
 template <class Node>
 void SetByTable<Node>::announce()
 {
     const auto isTimer = [](const Given &given) { return given.row->event == timerChanged; };
     if (!std::all_of(_given.begin(), _given.end(), isTimer))
         ChangeMarks<Node>::announce();
-    if (std::any_of(_given.begin(), _given.end(), isTimer))
-        announceTimers(this->score(), this->range(), this);
+    const ScoreModel &model = *this->score().scoreModel();
+    if (std::any_of(_given.begin(), _given.end(),
+                    [](const Given &given) { return isChord(*given.row); }))
+        forEachStaff(model, this->range(), [this](int track, int staff) {
+            this->score().notify(this, evt::ChordsChanged(track, staff));
+        });
+    if (!std::any_of(_given.begin(), _given.end(), isTimer))
+        return;
+    const auto bars =
+        std::minmax({this->range().first().barIndex(), this->range().second().barIndex()});
+    forEachStaff(model, this->range(), [&](int track, int staff) {
+        this->score().notify(this, evt::RequestTimerChanged(track, staff, bars.first, bars.second));
+    });
 }
 
 template class SetByTable<Beat>;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <ZarnCore/ZarnAssert.h>
+#include <ZarnCore/commands/Beat/ZarnChordSets.h>
 #include <ZarnCore/commands/ZarnChangeMarks.h>
 #include <ZarnCore/model/ZarnBeatAttribute.h>
 
@@ -12,7 +13,8 @@
 namespace zarn {
 
 /// Base of commands that give the beats or notes of a range attributes of the table, by their ids.
-/// The rows say which nodes take an attribute, what it excludes, and which event tells of it.
+/// The rows say which nodes take an attribute, what it excludes, and which event tells of it. A
+/// chord joins the working sets of its staff; `ChordsChanged` tells of every staff then.
 ///
 /// A concrete command is a name and an `init` that ends with `prepare`.
 template <class Node>
@@ -59,8 +61,11 @@ protected:
 
 private:
     void announce() final;
+    void followChange(ScoreModel &model) final;
+    void followReturn(ScoreModel &model) final;
 
     std::vector<Given> _given;
+    ChordSets _chordSets;
 };
 
 extern template class SetByTable<Beat>;

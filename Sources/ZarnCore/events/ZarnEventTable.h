@@ -69,7 +69,7 @@ inline constexpr EventTable eventTable = {
     EventRow<class AutoBrushChanged>{35, "AutoBrushChanged"},
     EventRow<class PlayingStyleChanged>{36, "PlayingStyleChanged"},
     EventRow<class TrackSystemsLayoutChanged>{37, "TrackSystemsLayoutChanged"},
-    EventRow<class LyricsChanged>{38, "LyricsChanged", notSentYet},
+    EventRow<class LyricsChanged>{38, "LyricsChanged"},
     EventRow<class UseOneChannelOrkaPerStringChanged>{39, "UseOneChannelOrkaPerStringChanged"},
     EventRow<class TranspositionOffsetChanged>{40, "TranspositionOffsetChanged"},
     EventRow<class CurrentTrackChanged>{41, "CurrentTrackChanged", notSentYet},

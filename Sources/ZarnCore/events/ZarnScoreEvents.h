@@ -86,7 +86,8 @@ class AnacrusisChanged final : public ChangeEvent<AnacrusisChanged, bool> {
     using ChangeEvent::ChangeEvent;
 };
 
-/// The chords or chord diagrams that a staff has at hand changed.
+/// Chords over the beats of a staff changed, whose bars `ModifyBarRange` has named, or the working
+/// sets of its chords and diagrams.
 class ChordsChanged final : public StaffEvent<ChordsChanged> {
     using StaffEvent::StaffEvent;
 };

@@ -100,7 +100,8 @@ class TrackSystemsLayoutChanged final : public TrackEvent<TrackSystemsLayoutChan
     using TrackEvent::TrackEvent;
 };
 
-/// The lyrics of a track changed. Nothing sends it yet.
+/// The lyrics of a track changed: which lines are shown, or the text that waits for notes. The
+/// syllables stand in the beats, whose bars `ModifyBarRange` names behind this.
 class LyricsChanged final : public TrackEvent<LyricsChanged> {
     using TrackEvent::TrackEvent;
 };

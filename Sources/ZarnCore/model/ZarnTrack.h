@@ -228,6 +228,14 @@ public:
     }
     std::uint8_t lyricsVisible() const noexcept { return _settings.lyricsVisible; }
     void setLyricsVisible(std::uint8_t lines) { change(&TrackSettings::lyricsVisible, lines); }
+    const std::array<std::string, Syllable::LineCount> &lyricsLeftOver() const noexcept
+    {
+        return _settings.lyricsLeftOver;
+    }
+    void setLyricsLeftOver(const std::array<std::string, Syllable::LineCount> &texts)
+    {
+        change(&TrackSettings::lyricsLeftOver, texts);
+    }
 
     /// Compares the staves and what is written, not where.
     friend ZARNCORE_EXPORT bool operator==(const Track &left, const Track &right);

@@ -26,7 +26,7 @@ bool operator==(const TrackSettings &left, const TrackSettings &right)
         && left.forcedSoundIndex == right.forcedSoundIndex
         && left.midiConnection == right.midiConnection && left.systemsLayout == right.systemsLayout
         && left.defaultBarCountBySystem == right.defaultBarCountBySystem
-        && left.lyricsVisible == right.lyricsVisible;
+        && left.lyricsVisible == right.lyricsVisible && left.lyricsLeftOver == right.lyricsLeftOver;
 }
 
 } // namespace zarn

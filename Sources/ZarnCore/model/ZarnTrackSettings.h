@@ -4,9 +4,12 @@
 #include <ZarnCore/ZarnExport.h>
 #include <ZarnCore/ZarnTypes.h>
 #include <ZarnCore/instruments/effects/ZarnVolumePan.h>
+#include <ZarnCore/model/attributes/ZarnSyllable.h>
 
+#include <array>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace zarn {
@@ -67,6 +70,10 @@ struct ZARNCORE_EXPORT TrackSettings {
 
     /// The lines of lyrics that are shown, bit 0 the first.
     std::uint8_t lyricsVisible = AllLyrics;
+
+    /// Lyrics for which no notes are left, by line, as `lyricsToText` writes them. They go to notes
+    /// that come later, when their line is laid out again.
+    std::array<std::string, Syllable::LineCount> lyricsLeftOver;
 
     bool isValid() const noexcept;
 

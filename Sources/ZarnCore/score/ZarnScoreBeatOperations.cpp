@@ -26,6 +26,7 @@
 #include <ZarnCore/commands/Beat/ZarnSetBeatTremolo.h>
 #include <ZarnCore/commands/Beat/ZarnSetBeatTuplet.h>
 #include <ZarnCore/commands/Beat/ZarnSetBrush.h>
+#include <ZarnCore/commands/Beat/ZarnSetChord.h>
 #include <ZarnCore/commands/Beat/ZarnSetNoteAugmentationDot.h>
 #include <ZarnCore/commands/Beat/ZarnSetNoteDuration.h>
 #include <ZarnCore/commands/Beat/ZarnSetNoteDurationAndVelocity.h>
@@ -36,6 +37,7 @@
 #include <ZarnCore/commands/Beat/ZarnSetWah.h>
 #include <ZarnCore/commands/Beat/ZarnSwitchBeatAttribute.h>
 #include <ZarnCore/commands/Beat/ZarnUnsetBeatAttribute.h>
+#include <ZarnCore/commands/Beat/ZarnUnsetChord.h>
 #include <ZarnCore/commands/Beat/ZarnWriteBeats.h>
 #include <ZarnCore/commands/Execute.h>
 
@@ -109,6 +111,16 @@ bool ScoreBeatOperations::setNoteDurationAndVelocity(const ScoreModelIndex &inde
                                                      const RhythmValue &rhythm, unsigned velocity)
 {
     return execute<cmd::SetNoteDurationAndVelocity>(*this, index, rhythm, velocity);
+}
+
+bool ScoreBeatOperations::setChord(const ScoreModelIndex &beat, const ChordMark &chord)
+{
+    return execute<cmd::SetChord>(*this, beat, chord);
+}
+
+bool ScoreBeatOperations::unsetChord(const ScoreModelRange &range)
+{
+    return execute<cmd::UnsetChord>(*this, range);
 }
 
 bool ScoreBeatOperations::setBeatDynamic(const ScoreModelRange &range, NoteDynamic dynamic)

@@ -18,6 +18,7 @@ class NoteDynamic;
 class ScoreModelIndex;
 class ScoreModelRange;
 struct Barre;
+struct ChordMark;
 struct WhammyBar;
 struct WrittenStretch;
 enum class BeatAttribute : std::uint8_t;
@@ -71,6 +72,11 @@ public:
 
     /// Sets how loud every beat of a range is played.
     bool setBeatDynamic(const ScoreModelRange &range, NoteDynamic dynamic);
+
+    /// Writes a chord over a beat, or takes those of a range away; the working sets of the staff
+    /// keep what was written.
+    bool setChord(const ScoreModelIndex &beat, const ChordMark &chord);
+    bool unsetChord(const ScoreModelRange &range);
 
     // Attributes, by their ids in the table of beats; beats that do not take one are passed over.
 

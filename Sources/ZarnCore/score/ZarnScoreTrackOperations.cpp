@@ -12,6 +12,9 @@
 #include <ZarnCore/commands/Track/ZarnSetAutoBrush.h>
 #include <ZarnCore/commands/Track/ZarnSetGuitarFullTuning.h>
 #include <ZarnCore/commands/Track/ZarnSetLetRingThroughout.h>
+#include <ZarnCore/commands/Track/ZarnSetLyrics.h>
+#include <ZarnCore/commands/Track/ZarnSetLyricsOffset.h>
+#include <ZarnCore/commands/Track/ZarnSetLyricsVisible.h>
 #include <ZarnCore/commands/Track/ZarnSetOneChannelPerString.h>
 #include <ZarnCore/commands/Track/ZarnSetPalmMute.h>
 #include <ZarnCore/commands/Track/ZarnSetPlayingStyle.h>
@@ -115,6 +118,22 @@ bool ScoreTrackOperations::setGuitarFullTuning(unsigned track, unsigned staff,
                                                Retuning retuning)
 {
     return execute<cmd::SetGuitarFullTuning>(*this, track, staff, tuning, capoFret, retuning);
+}
+
+bool ScoreTrackOperations::setLyrics(unsigned track, unsigned line, const QString &text,
+                                     unsigned firstBar)
+{
+    return execute<cmd::SetLyrics>(*this, track, line, text, firstBar);
+}
+
+bool ScoreTrackOperations::setLyricsOffset(unsigned track, unsigned line, unsigned firstBar)
+{
+    return execute<cmd::SetLyricsOffset>(*this, track, line, firstBar);
+}
+
+bool ScoreTrackOperations::setLyricsVisible(unsigned track, unsigned lines)
+{
+    return execute<cmd::SetLyricsVisible>(*this, track, lines);
 }
 
 bool ScoreTrackOperations::setTrackTranspositionOffset(unsigned track, int semitones)

@@ -72,6 +72,18 @@ public:
                         Refingering refingering = Refingering::KeepStrings);
     bool transposeAllTracks(int semitones, bool areKeysMoved);
 
+    // Lyrics, in lines from 0 to 4 under the first staff of a track.
+
+    /// Writes a line from a bar on; see `lyricsFromText` for what is typed. What finds no notes
+    /// waits in the track for those that come.
+    bool setLyrics(unsigned track, unsigned line, const QString &text, unsigned firstBar);
+
+    /// Starts a line at another bar, and lays out what has been waiting for notes.
+    bool setLyricsOffset(unsigned track, unsigned line, unsigned firstBar);
+
+    /// Shows these lines and no others, bit 0 the first.
+    bool setLyricsVisible(unsigned track, unsigned lines);
+
     /// Inserts a recording that plays along, in front of another or at the end.
     bool createAudioTrack(unsigned index, std::shared_ptr<AudioTrack> track);
     bool removeAudioTrack(unsigned index);

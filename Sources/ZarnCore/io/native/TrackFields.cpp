@@ -5,6 +5,7 @@
 #include <ZarnCore/io/native/Children.h>
 #include <ZarnCore/io/native/DiagramFields.h>
 #include <ZarnCore/io/native/EnumCodec.h>
+#include <ZarnCore/io/native/Slots.h>
 #include <ZarnCore/io/native/SoundFields.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/ZarnTrack.h>
@@ -219,6 +220,25 @@ struct Connections {
     }
 };
 
+/// Lines of lyrics by their numbers.
+struct LeftOverLyrics {
+    using Node = Track;
+    using Value = std::string;
+    using As = Codec<std::string>;
+    static constexpr unsigned count = Syllable::LineCount;
+    static std::string name(unsigned line) { return std::to_string(line); }
+    static std::string get(const Track &track, unsigned line)
+    {
+        return track.lyricsLeftOver()[line];
+    }
+    static void set(Track &track, unsigned line, const std::string &text)
+    {
+        auto texts = track.lyricsLeftOver();
+        texts[line] = text;
+        track.setLyricsLeftOver(texts);
+    }
+};
+
 /// Numbers of bars in a system; 0 leaves it to the program.
 using SystemBars = Within<int, 1, MasterTrack::MaxBars>;
 
@@ -250,6 +270,7 @@ constexpr std::array trackFields = {
           Within<unsigned, 0, MasterTrack::MaxBars>>("barsPerSystem"),
     field<Track, &Track::lyricsVisible, &Track::setLyricsVisible,
           Within<std::uint8_t, 0, TrackSettings::AllLyrics>>("lyricsVisible"),
+    Field<Track>{"lyricsLeftOver", Slots<LeftOverLyrics>::write, Slots<LeftOverLyrics>::read},
     Field<Track>{"sounds", writeSounds, readSounds},
     Field<Track>{"automations", writeTrackAutomations, readTrackAutomations},
     Field<Track>{"bypassed", writeTrackBypassed, readTrackBypassed},
