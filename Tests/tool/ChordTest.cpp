@@ -104,7 +104,7 @@ TEST(ScaleCommand, namesNotesAndListsAllScales)
 TEST(NameChords, listsTheChordsOfThePieceOrOfBars)
 {
     const ToolRun named = runTool({QStringLiteral("edit"), romance(), QStringLiteral("-c"),
-                                   QStringLiteral("name-chords 5-10 bar")});
+                                   QStringLiteral("suggest-chords 5-10 bar")});
     EXPECT_EQ(named.code, 0);
     EXPECT_TRUE(contains(named.out, "  5        0  Em\n  7        0  Am\n")) << named.out;
 }

@@ -114,6 +114,50 @@ bypass-tempo on
 effect 2 3 0.5 t1
 master-effect 2 1 0.25
 no-reverb
+text 2:1 dolce t2
+chord 2:1 C --shape best t2
+chord 3:1 G7 --shape 320001 t2
+no-chord 3:1 t2
+lyrics 2 "when the saints__ go mar-ching in" t2
+lyrics-start 3 t2
+show-lyrics 1-2 t2
+list-lyrics t2
+write 20:1 "[1:0 2:1 3:0]q r [1:0 2:1 3:0]h" t2
+brush 20:1 down 120 t2
+arpeggio 20:3 up t2
+pick 20:1 up t2
+rasgueado 20:3 ami_1 t2
+golpe 20:1 thumb t2
+tremolo 20:3 32nd t2
+barre 20:1-3 5 1-3 t2
+bass-attack 20:1 pop t2
+bar-vibrato 20:1 wide t2
+whammy 20:1 dive -2 t2
+wah 20:1 open t2
+fade 20:1 in t2
+ottava 20:1-3 8va t2
+slashed 20:1 t2
+timer 20:1 on t2
+stem 20:1 down t2
+set 20:1 pedal start t2
+set 20:1 vibrato wide t2
+unset 20:1 vibrato t2
+toggle 20:1 cue t2
+step 20:1 dynamic 1 t2
+set-bars 20 bar-line dashed
+unset-bars 20 bar-line
+simile 10 simple t2
+layout continuous
+multi-rest on
+systems 4,4,3
+even-systems 3 t2
+auto-systems t2
+bar-widths 2 1,0.5
+beams 2 1+3
+fermata 20:1 long t2
+stretch-fermata 20:1 40 t2
+name-chords 2-4 bar t1
+suggest-chords 2-4 bar
 finger 2:1-3:1 t2
 alternatives 2:1 t2
 select 2:1 - 3:1 t2

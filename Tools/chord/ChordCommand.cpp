@@ -3,6 +3,7 @@
 
 #include "chord/ChordVoicings.h"
 #include "chord/DiagramPicture.h"
+#include "chord/UserShapes.h"
 #include "common/Failure.h"
 #include "common/PitchSets.h"
 #include "common/Terminal.h"
@@ -152,6 +153,10 @@ int explainSymbol(const Arguments &arguments, const Terminal &terminal)
 
 int runChord(const Arguments &arguments, const Terminal &terminal)
 {
+    if (UserShapes::isAskedFor(arguments))
+        return UserShapes(arguments).run(terminal);
+    if (arguments.operands().size() > 1)
+        throw UsageError{QStringLiteral("a shape goes with --add or --remove")};
     const bool hasNotes = arguments.has(QStringLiteral("notes"));
     if (hasNotes == !arguments.operands().isEmpty())
         throw UsageError{QStringLiteral("\"zarn chord\" takes a chord symbol or --notes")};
@@ -174,11 +179,13 @@ Subcommand chordCommand()
          QStringLiteral("Print it for programs.")}};
     for (const Option &option : ChordVoicings::options())
         options.push_back(option);
+    for (const Option &option : UserShapes::options())
+        options.push_back(option);
     return {
         QStringLiteral("chord"),
-        QStringLiteral("[NAME]"),
+        QStringLiteral("[NAME [SHAPE]]"),
         0,
-        1,
+        2,
         QStringLiteral("Tells what a chord symbol means, and what chords some notes are."),
         QStringLiteral(
             "NAME is a chord symbol, such as \"F#m7b5/E\", with the usual signs or in ASCII. Its\n"
@@ -189,7 +196,11 @@ Subcommand chordCommand()
             "fingers of the strings, the lowest first, -1 for one that is not played.\n"
             "With --notes, prints the names of the chord that the notes are, the best one first,\n"
             "the lowest note being the bass. The key decides how they are spelled. With --json,\n"
-            "prints them as an array, a line for each set."),
+            "prints them as an array, a line for each set.\n"
+            "With --add, keeps a SHAPE of your own for a chord, such as x32010: a fret for each\n"
+            "string from the lowest on, x for one that is not played; x-12-14-14-13-12 from fret\n"
+            "10 on. It comes first wherever the chord is played on these strings. --remove takes\n"
+            "it away again, and without a shape all of the chord; --shapes lists them."),
         options,
         runChord,
     };

@@ -2,7 +2,6 @@
 #include "common/Choices.h"
 #include "common/Failure.h"
 #include "common/Terminal.h"
-#include "common/TextTable.h"
 #include "edit/Commands.h"
 #include "edit/EditSession.h"
 #include "edit/EventPrinter.h"
@@ -12,7 +11,6 @@
 #include "show/ShowCommand.h"
 
 #include <ZarnCore/model/ZarnScoreModel.h>
-#include <ZarnCore/model/notes/ZarnChordNaming.h>
 
 #include <ostream>
 
@@ -159,28 +157,6 @@ bool use(EditSession &session, const Values &values)
     return true;
 }
 
-/// Lists what may be written over the music; nothing is changed.
-bool nameChords(EditSession &session, const Values &values)
-{
-    const ScoreModel &model = session.model();
-    const unsigned barCount = model.masterTrack()->masterBarCount();
-    if (barCount == 0)
-        throw Failure("there are no bars");
-    const BarRange bars = values.has(0) ? values.get<BarRange>(0)
-        : session.selection()           ? targetBars(session, values)
-                                        : BarRange{0, barCount - 1};
-    const auto step = static_cast<NamingStep>(values.get(1, static_cast<int>(NamingStep::HalfBar)));
-    TextTable table({{QStringLiteral("Bar"), TextTable::Side::Right},
-                     {QStringLiteral("Quarter"), TextTable::Side::Right},
-                     {QStringLiteral("Chord")}});
-    for (const NamedPlace &place : zarn::nameChords(model, bars.first, bars.last, step))
-        table.addRow({QString::number(place.bar + 1),
-                      QString::fromStdString(place.offset.toString()),
-                      QString::fromStdString(place.chord.toText())});
-    session.out() << table.text(session.terminal());
-    return true;
-}
-
 bool save(EditSession &session, const Values &values)
 {
     requireNoGroup(session);
@@ -211,11 +187,6 @@ const std::vector<Command> &sessionCommands()
         {QStringLiteral("on"), static_cast<int>(EventDetail::Brief)},
         {QStringLiteral("off"), static_cast<int>(EventDetail::None)},
         {QStringLiteral("all"), static_cast<int>(EventDetail::All)},
-    };
-    static const Choices namingChoices = {
-        {QStringLiteral("beat"), static_cast<int>(NamingStep::Beat)},
-        {QStringLiteral("half"), static_cast<int>(NamingStep::HalfBar)},
-        {QStringLiteral("bar"), static_cast<int>(NamingStep::Bar)},
     };
     static const std::vector<Command> commands = {
         {QStringLiteral("undo"),
@@ -269,13 +240,6 @@ const std::vector<Command> &sessionCommands()
          QStringLiteral("Show the music."),
          QString(),
          show},
-        {QStringLiteral("name-chords"),
-         {optional("BARS", Kind::Bars),
-          {QStringLiteral("STEP"), Kind::Choice, Presence::Optional, 0, 0, &namingChoices}},
-         QStringLiteral(
-             "List the chords of the music, a new one at each beat, half or bar at most."),
-         QString(),
-         nameChords},
         {QStringLiteral("info"), {}, QStringLiteral("Tell what the score holds."), QString(), info},
         {QStringLiteral("compare"),
          {},

@@ -6,7 +6,11 @@
 #include "common/PitchSets.h"
 #include "common/Terminal.h"
 #include "common/TextTable.h"
+#include "common/TuningWord.h"
+#include "scale/PositionPicture.h"
 
+#include <ZarnCore/instruments/tunings/ZarnGuitarTuning.h>
+#include <ZarnCore/scales/ZarnScalePositions.h>
 #include <ZarnCore/scales/ZarnScaleRecognizer.h>
 
 #include <QJsonArray>
@@ -22,6 +26,11 @@ namespace {
 using scale::Mode;
 using scale::Scale;
 using scale::ScaleKind;
+
+QString positionsOption()
+{
+    return QStringLiteral("positions");
+}
 
 QString text(std::string_view words)
 {
@@ -125,7 +134,32 @@ QJsonObject jsonOf(const ScaleKind &kind)
             {QStringLiteral("intervals"), QJsonArray::fromStringList(degreeNames(kind))}};
 }
 
-void printJson(const Scale &scale, bool withChords)
+QJsonArray jsonOf(const std::vector<scale::ScalePosition> &positions)
+{
+    QJsonArray all;
+    for (const scale::ScalePosition &position : positions) {
+        QJsonArray strings;
+        for (const std::vector<int> &frets : position.frets) {
+            QJsonArray numbers;
+            for (const int fret : frets)
+                numbers.append(fret);
+            strings.append(numbers);
+        }
+        all.append(QJsonObject{{QStringLiteral("firstFret"), position.firstFret},
+                               {QStringLiteral("lastFret"), position.lastFret},
+                               {QStringLiteral("frets"), strings}});
+    }
+    return all;
+}
+
+/// The neck that a person asks for; a guitar when he does not.
+GuitarTuning tuningOf(const Arguments &arguments)
+{
+    const QString tuning = QStringLiteral("tuning");
+    return anyTuning(arguments.has(tuning) ? arguments.value(tuning) : QStringLiteral("Guitar"));
+}
+
+void printJson(const Scale &scale, const Arguments &arguments, bool withChords)
 {
     QJsonObject object = jsonOf(scale.kind());
     object.insert(QStringLiteral("name"), QString::fromStdString(scale.toText()));
@@ -136,6 +170,8 @@ void printJson(const Scale &scale, bool withChords)
         object.insert(QStringLiteral("triads"), QJsonArray::fromStringList(chordNames(scale, 3)));
         object.insert(QStringLiteral("chords"), QJsonArray::fromStringList(chordNames(scale, 4)));
     }
+    if (arguments.has(positionsOption()))
+        object.insert(positionsOption(), jsonOf(scale::positions(scale, tuningOf(arguments))));
     std::cout << QJsonDocument(object).toJson().toStdString();
 }
 
@@ -181,10 +217,15 @@ int runScale(const Arguments &arguments, const Terminal &terminal)
     }
     const Scale scale = scaleOf(arguments.operands().join(QLatin1Char(' ')));
     const bool withChords = arguments.has(QStringLiteral("chords"));
-    if (asJson)
-        printJson(scale, withChords);
-    else
-        printScale(scale, withChords, terminal);
+    if (asJson) {
+        printJson(scale, arguments, withChords);
+        return Done;
+    }
+    printScale(scale, withChords, terminal);
+    if (arguments.has(positionsOption())) {
+        const GuitarTuning tuning = tuningOf(arguments);
+        std::cout << positionPicture(scale, scale::positions(scale, tuning), tuning, terminal);
+    }
     return Done;
 }
 
@@ -209,6 +250,10 @@ Subcommand scaleCommand()
           QStringLiteral("The key, by its tonic; a minor key in lower case.")},
          {QStringLiteral("chords"), QStringLiteral("c"), QString(),
           QStringLiteral("Also the chords on each tone of the scale.")},
+         {positionsOption(), QStringLiteral("p"), QString(),
+          QStringLiteral("Draw where it lies on the neck of a guitar, tonic in brackets.")},
+         {QStringLiteral("tuning"), QStringLiteral("t"), QStringLiteral("TUNING"),
+          QStringLiteral("For --positions: notes of the strings, a tuning, or an instrument.")},
          {QStringLiteral("list"), QStringLiteral("l"), QString(),
           QStringLiteral("List all kinds of scales.")},
          {QStringLiteral("json"), QStringLiteral("j"), QString(),

@@ -74,6 +74,7 @@ Sheet buildSheet(const ScoreModel &model, const ShownPart &part, const Glyphs &g
             StaffWriter &writer = *staves.back().writer;
             if (staves.size() > first + 1)
                 writer.joinTrackOf(*staves[first].writer);
+            writer.showOnlyLyrics(track->lyricsVisible());
             if (part.voice)
                 writer.showOnlyVoice(*part.voice);
         }

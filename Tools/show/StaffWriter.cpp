@@ -67,6 +67,11 @@ void StaffWriter::showOnlyVoice(unsigned voice)
     _under->showOnlyVoice(voice);
 }
 
+void StaffWriter::showOnlyLyrics(unsigned lines)
+{
+    _under->showOnlyLyrics(lines);
+}
+
 void StaffWriter::joinTrackOf(const StaffWriter &other)
 {
     _chordLane = other._chordLane;

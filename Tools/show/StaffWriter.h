@@ -34,6 +34,9 @@ public:
     /// Leaves the other voices out.
     void showOnlyVoice(unsigned voice);
 
+    /// Leaves the other lines of lyrics out; bit 0 is the first.
+    void showOnlyLyrics(unsigned lines);
+
     /// Puts the chord symbols of this staff where those of another staff of its track stand, and
     /// matches slurs between the two.
     void joinTrackOf(const StaffWriter &other);

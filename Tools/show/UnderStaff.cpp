@@ -64,7 +64,7 @@ void UnderStaff::writeLyrics(const BeatPlace &place, SheetBar &into)
         texts.at(syllable.line) = QString::fromStdString(syllable.text).simplified() + line;
     }
     for (unsigned line = 0; line < lyricLines; ++line) {
-        if (texts[line].isEmpty())
+        if (texts[line].isEmpty() || (_shownLyrics >> line & 1U) == 0)
             continue;
         const auto &cells = into.columns[place.column];
         const auto written = cells.find(_lanes.lyrics[line]);

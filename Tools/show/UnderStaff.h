@@ -40,6 +40,9 @@ public:
     /// Takes the dynamics of this voice for those of the staff.
     void showOnlyVoice(unsigned voice) noexcept { _mainVoice = voice; }
 
+    /// Leaves the other lines of lyrics out; bit 0 is the first.
+    void showOnlyLyrics(unsigned lines) noexcept { _shownLyrics = lines; }
+
 private:
     void writeFingers(const BeatPlace &place, SheetBar &into);
     void writeLyrics(const BeatPlace &place, SheetBar &into);
@@ -63,6 +66,7 @@ private:
     const Glyphs &_glyphs;
     Legend &_legend;
     unsigned _mainVoice = 0;
+    unsigned _shownLyrics = (1U << lyricLines) - 1;
     std::vector<VoiceState> _voices;
     StretchRun _pedal;
     std::map<ColumnKey, PedalChange> _pedalChanges; ///< of the bar that is written

@@ -28,7 +28,7 @@ protected:
     virtual std::optional<LyricLine::Layout> layout(const LyricLine &line) const = 0;
 
 private:
-    /// The line's syllable of a beat; nothing when it has none.
+    /// A beat that changed, and what it sang.
     struct Place {
         unsigned bar;
         unsigned beat;

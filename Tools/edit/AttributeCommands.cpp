@@ -1,0 +1,273 @@
+// SPDX-License-Identifier: MIT
+#include "common/Choices.h"
+#include "edit/Commands.h"
+#include "edit/EditSession.h"
+#include "edit/ScriptLine.h"
+#include "edit/Targets.h"
+
+#include <ZarnCore/model/ZarnBarAttribute.h>
+#include <ZarnCore/model/ZarnBeatAttribute.h>
+#include <ZarnCore/model/ZarnMasterBarAttribute.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
+
+#include <algorithm>
+
+namespace zarn::tool {
+
+namespace {
+
+constexpr double MostSteps = 16;
+
+/// The second of two tables whose attributes are in one list: from this number on.
+constexpr int SecondTable = 1000;
+
+/// "AttackDynamic" as "attack-dynamic".
+QString dashed(std::string_view name)
+{
+    QString result;
+    for (const char letter : name) {
+        const QChar sign = QLatin1Char(letter);
+        if (sign.isUpper() && !result.isEmpty())
+            result += QLatin1Char('-');
+        result += sign.toLower();
+    }
+    return result;
+}
+
+/// Whether values of a kind can be typed: some are read by commands of their own alone.
+bool isTyped(const AttributeRange &range)
+{
+    const auto &held = range.sample().held();
+    return !std::holds_alternative<RhythmValue>(held) && !std::holds_alternative<Syllables>(held)
+        && !std::holds_alternative<SlurEnds>(held) && !std::holds_alternative<KeySignature>(held)
+        && !std::holds_alternative<Section>(held)
+        && !std::holds_alternative<std::vector<ClefChange>>(held);
+}
+
+template <class Node>
+void addNames(Choices &choices, int firstNumber)
+{
+    for (const auto &row : attributesOf<Node>()) {
+        const QString name = dashed(row.name);
+        const auto isPresent = [&name](const auto &choice) { return choice.first == name; };
+        if (isTyped(row.range) && std::none_of(choices.begin(), choices.end(), isPresent))
+            choices.emplace_back(name, firstNumber + static_cast<int>(row.id));
+    }
+}
+
+/// What beats and notes have.
+const Choices &beatAndNoteNames()
+{
+    static const Choices choices = [] {
+        Choices list;
+        addNames<Beat>(list, 0);
+        addNames<Note>(list, SecondTable);
+        return list;
+    }();
+    return choices;
+}
+
+const Choices &beatNames()
+{
+    static const Choices choices = [] {
+        Choices list;
+        addNames<Beat>(list, 0);
+        return list;
+    }();
+    return choices;
+}
+
+/// What columns and bars of one staff have.
+const Choices &barNames()
+{
+    static const Choices choices = [] {
+        Choices list;
+        addNames<MasterBar>(list, 0);
+        addNames<Bar>(list, SecondTable);
+        return list;
+    }();
+    return choices;
+}
+
+/// The enumerator that a person means: by its text, whatever its case and without its dashes.
+std::optional<AttributeValue> enumerator(const AttributeRange &range, const QString &word)
+{
+    const QString meant = QString(word).remove(QLatin1Char('-'));
+    const auto &texts = range.texts();
+    for (std::size_t i = 0; i < texts.size(); ++i)
+        if (meant.compare(QString::fromStdString(texts[i]), Qt::CaseInsensitive) == 0)
+            return AttributeValue(static_cast<int>(i));
+    return std::nullopt;
+}
+
+/// The value of a parameter for an attribute; raises with what would be right.
+AttributeValue valueOf(const Values &values, std::size_t parameter, const AttributeRange &range)
+{
+    const QString word = values.get<QString>(parameter);
+    auto value = range.fromText(word.toStdString());
+    if (!value && range.texts != nullptr)
+        value = enumerator(range, word);
+    if (!value && std::holds_alternative<bool>(range.sample().held())
+        && (word == QLatin1String("on") || word == QLatin1String("off")))
+        value = AttributeValue(word == QLatin1String("on"));
+    if (value)
+        return *value;
+    throw LineError(values.column(parameter),
+                    QStringLiteral("\"%1\" is not right here; type %2")
+                        .arg(word, QString::fromStdString(range.description())));
+}
+
+/// Beats as `targetBeats` finds them; as notes, all of the beats that the line names.
+ScoreModelRange meantNotes(EditSession &session, const Values &values)
+{
+    ScoreModelRange range = targetBeats(session, values);
+    if (values.has(0))
+        range.setMultiSelection(true);
+    return range;
+}
+
+bool refuse(const Values &values, const QString &attribute)
+{
+    throw LineError(values.column(0), QStringLiteral("nothing here takes \"%1\"").arg(attribute));
+}
+
+QString nameIn(const Choices &choices, int number)
+{
+    for (const auto &choice : choices)
+        if (choice.second == number)
+            return choice.first;
+    return {};
+}
+
+bool set(EditSession &session, const Values &values)
+{
+    const int number = values.get<int>(1);
+    if (number >= SecondTable) {
+        const auto id = static_cast<NoteAttribute>(number - SecondTable);
+        const AttributeValue value = valueOf(values, 2, rowOf(id).range);
+        return session.score().setNoteAttribute(meantNotes(session, values), id, value)
+            || refuse(values, nameIn(beatAndNoteNames(), number));
+    }
+    const auto id = static_cast<BeatAttribute>(number);
+    const AttributeValue value = valueOf(values, 2, rowOf(id).range);
+    return session.score().setBeatAttribute(targetBeats(session, values), id, value)
+        || refuse(values, nameIn(beatAndNoteNames(), number));
+}
+
+bool unset(EditSession &session, const Values &values)
+{
+    const int number = values.get<int>(1);
+    if (number < SecondTable)
+        return session.score().unsetBeatAttribute(targetBeats(session, values),
+                                                  static_cast<BeatAttribute>(number))
+            || refuse(values, nameIn(beatAndNoteNames(), number));
+    const auto id = static_cast<NoteAttribute>(number - SecondTable);
+    return session.score().setNoteAttribute(meantNotes(session, values), id, defaultOf(rowOf(id)))
+        || refuse(values, nameIn(beatAndNoteNames(), number));
+}
+
+bool toggle(EditSession &session, const Values &values)
+{
+    const auto id = static_cast<BeatAttribute>(values.get<int>(1));
+    if (!std::holds_alternative<bool>(rowOf(id).range.sample().held()))
+        throw LineError(values.column(1),
+                        QStringLiteral("this is not on or off; \"set\" gives it a value"));
+    return session.score().switchBeatAttribute(targetBeats(session, values), id)
+        || refuse(values, nameIn(beatNames(), values.get<int>(1)));
+}
+
+bool step(EditSession &session, const Values &values)
+{
+    const auto id = static_cast<BeatAttribute>(values.get<int>(1));
+    if (session.score().incrementBeatSecondaryAttribute(targetBeats(session, values), id,
+                                                        values.get<int>(2)))
+        return true;
+    throw LineError(values.column(0), QStringLiteral("no beat here can be stepped that way"));
+}
+
+bool setBars(EditSession &session, const Values &values)
+{
+    const BarRange bars = targetBars(session, values);
+    const int number = values.get<int>(1);
+    if (number < SecondTable) {
+        const auto id = static_cast<MasterBarAttribute>(number);
+        return session.score().setMasterBarAttribute(bars.first, bars.last, id,
+                                                     valueOf(values, 2, rowOf(id).range))
+            || refuse(values, nameIn(barNames(), number));
+    }
+    const Where staff = targetStaff(session, values);
+    const auto id = static_cast<BarAttribute>(number - SecondTable);
+    return session.score().setBarAttribute(staff.track, staff.staff, bars.first, bars.last, id,
+                                           valueOf(values, 2, rowOf(id).range))
+        || refuse(values, nameIn(barNames(), number));
+}
+
+bool unsetBars(EditSession &session, const Values &values)
+{
+    const BarRange bars = targetBars(session, values);
+    const int number = values.get<int>(1);
+    if (number < SecondTable)
+        return session.score().unsetMasterBarAttributes(bars.first, bars.last,
+                                                        {static_cast<MasterBarAttribute>(number)})
+            || refuse(values, nameIn(barNames(), number));
+    const Where staff = targetStaff(session, values);
+    return session.score().unsetBarAttributes(staff.track, staff.staff, bars.first, bars.last,
+                                              {static_cast<BarAttribute>(number - SecondTable)})
+        || refuse(values, nameIn(barNames(), number));
+}
+
+} // namespace
+
+const std::vector<Command> &attributeCommands()
+{
+    static const Parameter beats = {QStringLiteral("BEATS"), Kind::Beats, Presence::Assumed};
+    static const Parameter bars = {QStringLiteral("BARS"), Kind::Bars, Presence::Assumed};
+    static const Parameter value = {QStringLiteral("VALUE"), Kind::Text};
+    const auto attribute = [](const Choices &names) {
+        return Parameter{
+            QStringLiteral("ATTRIBUTE"), Kind::Choice, Presence::Required, 0, 0, &names};
+    };
+    static const std::vector<Command> commands = {
+        {QStringLiteral("set"),
+         {beats, attribute(beatAndNoteNames()), value},
+         QStringLiteral("Give beats or notes any attribute; VALUE ? tells what it takes."),
+         QStringLiteral("Score::setBeatAttribute"),
+         set,
+         true},
+        {QStringLiteral("unset"),
+         {beats, attribute(beatAndNoteNames())},
+         QStringLiteral("Take an attribute of beats or notes away."),
+         QStringLiteral("Score::unsetBeatAttribute"),
+         unset,
+         true},
+        {QStringLiteral("toggle"),
+         {beats, attribute(beatNames())},
+         QStringLiteral("Turn an attribute of beats on, or off when all have it."),
+         QStringLiteral("Score::switchBeatAttribute"),
+         toggle,
+         true},
+        {QStringLiteral("step"),
+         {beats,
+          attribute(beatNames()),
+          {QStringLiteral("STEPS"), Kind::Whole, Presence::Required, -MostSteps, MostSteps}},
+         QStringLiteral("Move an attribute of beats that has an order up or down."),
+         QStringLiteral("Score::incrementBeatSecondaryAttribute"),
+         step,
+         true},
+        {QStringLiteral("set-bars"),
+         {bars, attribute(barNames()), value},
+         QStringLiteral("Give bars any attribute; VALUE ? tells what it takes."),
+         QStringLiteral("Score::setMasterBarAttribute"),
+         setBars,
+         true},
+        {QStringLiteral("unset-bars"),
+         {bars, attribute(barNames())},
+         QStringLiteral("Take an attribute of bars away."),
+         QStringLiteral("Score::unsetMasterBarAttributes"),
+         unsetBars,
+         true},
+    };
+    return commands;
+}
+
+} // namespace zarn::tool
