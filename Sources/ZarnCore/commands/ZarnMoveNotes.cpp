@@ -27,7 +27,8 @@ bool MoveNotes::prepare(Score *score, const ScoreModelRange &range)
     return canExist(range) && expectPlace([this] { return exists() && canMove(); });
 }
 
-bool MoveNotes::prepare(Score *score, int track, int staff)
+bool MoveNotes::prepareAll(Score *score, std::optional<unsigned> track,
+                           std::optional<unsigned> staff)
 {
     setScore(score);
     _track = track;
@@ -38,11 +39,9 @@ bool MoveNotes::prepare(Score *score, int track, int staff)
 bool MoveNotes::exists() const
 {
     const auto &tracks = model().tracks();
-    const bool isTrack = _track < static_cast<int>(tracks.size());
-    const bool isStaff = _track == AllTracks || _staff == WholeTrack
-        || (isTrack
-            && _staff < static_cast<int>(tracks[static_cast<std::size_t>(_track)]->staffCount()));
-    const bool isThere = _range || (!tracks.empty() && isTrack && isStaff);
+    const bool isTrack = _track ? *_track < tracks.size() : !tracks.empty();
+    const bool isThere =
+        _range || (isTrack && (!_staff || *_staff < tracks[*_track]->staffCount()));
     return isThere && isPossible();
 }
 
@@ -54,13 +53,12 @@ std::optional<ScoreModelRange> MoveNotes::places() const
     const auto barCount = static_cast<int>(score.masterTrack()->masterBarCount());
     if (barCount == 0)
         return std::nullopt;
-    const int track = _track == AllTracks ? 0 : _track;
-    const bool isOneStaff = _track != AllTracks && _staff != WholeTrack;
-    const unsigned first = isOneStaff ? static_cast<unsigned>(_staff) : 0;
-    const unsigned last =
-        isOneStaff ? first : score.tracks()[static_cast<std::size_t>(track)]->staffCount() - 1;
+    const unsigned number = _track.value_or(0);
+    const unsigned first = _staff.value_or(0);
+    const unsigned last = _staff ? first : score.tracks()[number]->staffCount() - 1;
+    const int track = static_cast<int>(number);
     auto mode = SelectionMode::MultiSelection | SelectionMode::MultiVoice;
-    if (_track == AllTracks)
+    if (!_track)
         mode = mode | SelectionMode::MultiTrack;
     return ScoreModelRange({&score, track, 0, -1, 0, first},
                            {&score, track, barCount - 1, -1, 0, last}, mode);
@@ -68,7 +66,7 @@ std::optional<ScoreModelRange> MoveNotes::places() const
 
 bool MoveNotes::isOf(const Track &track) const noexcept
 {
-    return !_range && (_track == AllTracks || _track == static_cast<int>(track.index()));
+    return !_range && (!_track || *_track == track.index());
 }
 
 bool MoveNotes::canMove()

@@ -39,7 +39,8 @@ struct NoteMove {
 /// A string is given to one note of a beat. Hammer-ons, pull-offs and slides that lead to nothing
 /// any more go. Keeps four bytes a note for undo.
 ///
-/// A concrete command implements `takes` and `moved`; its `init` ends with one of the `prepare`s.
+/// A concrete command implements `takes` and `moved`; its `init` ends with `prepare` or
+/// `prepareAll`.
 class ZARNCORE_EXPORT MoveNotes : public ScoreCommand {
 protected:
     /// What becomes of a note that cannot have a place of its own.
@@ -64,12 +65,10 @@ protected:
     /// one of them cannot be moved.
     bool prepare(Score *score, const ScoreModelRange &range);
 
-    /// Remembers to move all notes of a track or of one staff of it, or with `AllTracks` of the
-    /// score; false when there is no such place, or when a note cannot be moved. There need be no
-    /// notes.
-    bool prepare(Score *score, int track, int staff = WholeTrack);
-    static constexpr int AllTracks = -1;
-    static constexpr int WholeTrack = -1;
+    /// Remembers to move all notes of the score, of one track, or of one staff of a track; false
+    /// when there is no such place, or when a note cannot be moved. There need be no notes.
+    bool prepareAll(Score *score, std::optional<unsigned> track = {},
+                    std::optional<unsigned> staff = {});
 
     /// Whether the command can work on the score as it is, notes aside.
     virtual bool isPossible() const { return true; }
@@ -156,8 +155,8 @@ private:
 
     Options _options;
     std::optional<ScoreModelRange> _range; ///< else the track and staff count
-    int _track = AllTracks;
-    int _staff = WholeTrack;
+    std::optional<unsigned> _track;        ///< else all
+    std::optional<unsigned> _staff;        ///< else all of the track
     std::optional<fingering::Fretboard> _fretboard;
 
     KeptPositions _kept; ///< of all notes of the beats of the range, in order

@@ -172,6 +172,7 @@ void expectPitchCommandsRefused(RichScore &rich)
             [&] { return score.transposeTrack(0, 0); },
             [&] { return score.transposeTrack(0, 25); },
             [&] { return score.transposeTrack(2, 1); },
+            [&] { return score.transposeTrack(static_cast<unsigned>(-2), 1); },
             [&] { return score.transposeAllTracks(-25, true); },
         });
 }

@@ -57,8 +57,7 @@ bool SetGuitarFullTuning::init(Score *score, unsigned track, unsigned staff,
     _setting.tuning = tuning;
     _setting.capoFret = capoFret;
     _retuning = retuning;
-    return tuning.stringCount() <= MostStrings
-        && prepare(score, static_cast<int>(track), static_cast<int>(staff));
+    return tuning.stringCount() <= MostStrings && prepareAll(score, track, staff);
 }
 
 Staff *SetGuitarFullTuning::findStaff() const

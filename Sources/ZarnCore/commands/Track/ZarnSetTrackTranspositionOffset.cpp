@@ -23,7 +23,7 @@ bool SetTrackTranspositionOffset::init(Score *score, unsigned track, int semiton
     addArg(QStringLiteral("Value"), QString::number(semitones));
     _track = track;
     _offset = semitones;
-    return std::abs(semitones) <= MostSemitones && prepare(score, static_cast<int>(track));
+    return std::abs(semitones) <= MostSemitones && prepareAll(score, track);
 }
 
 void SetTrackTranspositionOffset::begin()

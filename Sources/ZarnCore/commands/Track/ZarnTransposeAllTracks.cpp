@@ -26,7 +26,7 @@ bool TransposeAllTracks::init(Score *score, int semitones, bool areKeysMoved)
            areKeysMoved ? QStringLiteral("true") : QStringLiteral("false"));
     _areKeysMoved = areKeysMoved;
     setKeys(0, semitones);
-    return semitones != 0 && std::abs(semitones) <= MostSemitones && prepare(score, AllTracks);
+    return semitones != 0 && std::abs(semitones) <= MostSemitones && prepareAll(score);
 }
 
 bool TransposeAllTracks::isPossible() const

@@ -26,8 +26,7 @@ bool TransposeTrack::init(Score *score, unsigned track, int semitones, Refingeri
     _track = track;
     _refingering = refingering;
     setKeys(0, semitones);
-    return semitones != 0 && std::abs(semitones) <= MostSemitones
-        && prepare(score, static_cast<int>(track));
+    return semitones != 0 && std::abs(semitones) <= MostSemitones && prepareAll(score, track);
 }
 
 bool TransposeTrack::isPossible() const
