@@ -178,9 +178,7 @@ template <class Act>
 std::pair<double, double> bytesKept(Act act)
 {
     BigScore &big = bigScore();
-    act(big);
-    big.score.commandStack().undo();
-    malloc_trim(0);
+    big.score.setConcertTone(440); // what could be redone goes
     const auto before = mallinfo2();
     act(big);
     const auto after = mallinfo2();

@@ -73,6 +73,9 @@ protected:
     /// Whether the command can work on the score as it is, notes aside.
     virtual bool isPossible() const { return true; }
 
+    /// Whether all notes can be moved; tries it out. A command that knows it sooner says so.
+    virtual bool canMove();
+
     /// Called before the notes are looked at, in front of each change and of each check.
     virtual void begin() { }
 
@@ -144,7 +147,6 @@ private:
     };
 
     bool exists() const;
-    bool canMove();
     void mendStringLinks();
     void apply() override;
     void revert() override;

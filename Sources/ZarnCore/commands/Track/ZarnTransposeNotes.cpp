@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/commands/Track/ZarnTransposeNotes.h>
 
+#include <ZarnCore/commands/NotePlaces.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/music/ZarnMusic.h>
 
@@ -37,6 +38,24 @@ void TransposeNotes::setKey(const KeySignature &key)
     _key = key;
     _transposition = KeyTransposition(Music::transposedKeySignature(key, _before % 12),
                                       Music::transposedKeySignature(key, _after % 12));
+}
+
+/// Nothing but the ends of the keys is in the way.
+bool TransposeNotes::canMove()
+{
+    begin();
+    const auto range = places();
+    bool isInside = true;
+    if (range)
+        visitBeats(model(), *range, [&](const MarkedPlace &place, const Beat &beat) {
+            for (const auto &note : beat.notes()) {
+                const int key = note->midi() + semitones();
+                if (place.isPitched && note->midi() != Note::Unset)
+                    isInside = isInside && key >= 0 && key <= highestWrittenKey;
+            }
+            return isInside;
+        });
+    return isInside;
 }
 
 void TransposeNotes::changeOthers()

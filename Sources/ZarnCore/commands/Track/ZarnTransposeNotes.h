@@ -39,6 +39,7 @@ protected:
     bool finish() override;
 
 private:
+    bool canMove() final;
     void changeOthers() final;
 
     /// What changes before notes and chords.
