@@ -120,6 +120,48 @@ TEST_F(PassageReaderTest, whatStandsAroundIsFixedAndWhatIsGivenAsAsked)
     EXPECT_EQ(strings(GivenStrings::Ignored), (std::vector<int>{3, -1, 4})) << "dead notes stay";
 }
 
+TEST_F(PassageReaderTest, marksSayWhatStaysOnAStringAndHowLong)
+{
+    Note &hammered = *add(0, 0, {64}).notes()[0];
+    hammered.setHopo(true);
+    Beat &chord = add(0, 0, {67, 48});
+    chord.notes()[0]->setSlideOut(SlideOut::Legato);
+    Note &reached = *add(0, 0, {69}).notes()[0];
+    reached.setLetRing(true);
+    reached.setSlideOut(SlideOut::Downwards); // leads nowhere
+    add(0, 0, {60});
+    add(0, 1, {45});
+    const auto all = {span(0, 0, 0, 3), span(0, 1, 0, 0)};
+    const Passage passage = readPassage(*staff, all, {}).passage;
+    ASSERT_EQ(passage.notes.size(), 6U); // 64 45, 67 48, 69, 60
+    EXPECT_EQ(passage.notes[2].leadsFrom, 0U);
+    EXPECT_EQ(passage.notes[3].leadsFrom, PassageNote::NoNote);
+    EXPECT_EQ(passage.notes[4].leadsFrom, 2U);
+    EXPECT_EQ(passage.notes[5].leadsFrom, PassageNote::NoNote);
+    EXPECT_EQ(passage.notes[4].ringsUntil, 4);
+    EXPECT_EQ(passage.notes[5].ringsUntil, -1);
+}
+
+TEST_F(PassageReaderTest, naturalHarmonicsAndGivenFingersStay)
+{
+    Note &harmonic = *add(0, 0, {76}).notes()[0];
+    place(harmonic, 5, 12);
+    harmonic.setHarmonic({HarmonicType::Natural, 2});
+    Note &fingered = *add(0, 0, {67}).notes()[0];
+    fingered.setLeftFingering(Fingering::Little);
+    const auto free = readPassage(*staff, {span(0, 0, 0, 1)}, {});
+    EXPECT_EQ(free.passage.notes[0].string, 5);
+    EXPECT_EQ(free.passage.notes[1].finger, PassageNote::Free);
+    FingeringOptions options;
+    options.given = GivenStrings::Kept;
+    EXPECT_EQ(readPassage(*staff, {span(0, 0, 0, 1)}, options).passage.notes[1].finger, 4);
+    fingered.setLeftFingering(Fingering::Open);
+    EXPECT_EQ(readPassage(*staff, {span(0, 0, 0, 1)}, options).passage.notes[1].finger, 0);
+    fingered.setLeftFingering(Fingering::Thumb);
+    EXPECT_EQ(readPassage(*staff, {span(0, 0, 0, 1)}, options).passage.notes[1].finger,
+              PassageNote::Free);
+}
+
 TEST_F(PassageReaderTest, thePitchIsWhatTheStringSounds)
 {
     Note &octaveHigher = *add(0, 0, {76}).notes()[0];

@@ -249,15 +249,22 @@ std::vector<HandShape> HandModel::shapes(const FretRow &frets, int capo,
                                          const FingerRow &wanted) const
 {
     std::vector<HandShape> all;
-    const auto keep = [&all](const HandShape &shape) {
-        all.push_back(shape);
-        return std::numeric_limits<float>::infinity();
-    };
-    FingerSearch<decltype(keep)>(*_profile, frets, capo, wanted, keep).run();
+    findShapes(frets, capo, wanted, all);
     std::stable_sort(all.begin(), all.end(), [](const HandShape &left, const HandShape &right) {
         return left.cost < right.cost;
     });
     return all;
+}
+
+void HandModel::findShapes(const FretRow &frets, int capo, const FingerRow &wanted,
+                           std::vector<HandShape> &found) const
+{
+    found.clear();
+    const auto keep = [&found](const HandShape &shape) {
+        found.push_back(shape);
+        return std::numeric_limits<float>::infinity();
+    };
+    FingerSearch<decltype(keep)>(*_profile, frets, capo, wanted, keep).run();
 }
 
 } // namespace zarn::chord

@@ -61,6 +61,10 @@ public:
     std::vector<HandShape> shapes(const FretRow &frets, int capo = 0,
                                   const FingerRow &wanted = {}) const;
 
+    /// The same in no order, put in place of what `found` holds: to ask often.
+    void findShapes(const FretRow &frets, int capo, const FingerRow &wanted,
+                    std::vector<HandShape> &found) const;
+
 private:
     const HandProfile *_profile;
 };

@@ -17,14 +17,14 @@ constexpr HandWeights chordWeights = {
     .6F,                             // first position
 };
 
-constexpr HandProfile guitar{650, 104, 4, 1, 6, false, chordWeights};
-constexpr HandProfile bass{864, 131, 4, 1, 4, false, chordWeights};
-constexpr HandProfile ukulele{380, 100, 5, 1, 4, false, chordWeights};
-constexpr HandProfile mandolin{350, 90, 6, 1.5F, 4, false, chordWeights};
-constexpr HandProfile banjo{670, 103, 4, 1, 4, false, chordWeights};
-constexpr HandProfile violin{328, 80, 6, 1.5F, 2, true, chordWeights};
-constexpr HandProfile cello{690, 134, 4, 1, 2, true, chordWeights};
-constexpr HandProfile contrabass{1050, 125, 3, .67F, 2, true, chordWeights};
+constexpr HandProfile guitar{650, 104, 4, 1, 0, 6, false, chordWeights};
+constexpr HandProfile bass{864, 131, 4, 1, 0, 4, false, chordWeights};
+constexpr HandProfile ukulele{380, 100, 5, 1, 0, 4, false, chordWeights};
+constexpr HandProfile mandolin{350, 90, 6, 1.5F, .75F, 4, false, chordWeights};
+constexpr HandProfile banjo{670, 103, 4, 1, 0, 4, false, chordWeights};
+constexpr HandProfile violin{328, 80, 6, 1.5F, .75F, 2, true, chordWeights};
+constexpr HandProfile cello{690, 134, 4, 1, 0, 2, true, chordWeights};
+constexpr HandProfile contrabass{1050, 125, 3, .67F, 0, 2, true, chordWeights};
 
 } // namespace
 
@@ -59,6 +59,16 @@ const HandProfile &celloHand() noexcept
 const HandProfile &contrabassHand() noexcept
 {
     return contrabass;
+}
+
+HandProfile handOfSpan(HandProfile hand, int mostFrets) noexcept
+{
+    constexpr int widest = 24;
+    const int frets = std::clamp(mostFrets, 0, widest);
+    if (frets > hand.mostFrets)
+        hand.reach *= static_cast<float>(frets) / static_cast<float>(hand.mostFrets);
+    hand.mostFrets = static_cast<std::int8_t>(frets);
+    return hand;
 }
 
 const HandProfile &handFor(const GuitarTuning &tuning) noexcept

@@ -40,6 +40,7 @@ struct HandProfile {
     float reach;               ///< from the first finger to the fourth, millimetres
     std::int8_t mostFrets;     ///< from the lowest stopped fret to the highest, however near
     float spacing;             ///< frets between neighbouring fingers of a hand at ease
+    float ease;                ///< frets that a finger bends from there without effort
     std::int8_t barredStrings; ///< that the first finger can hold down at once
     bool isBowed;              ///< strings sound with their neighbours or alone
     HandWeights weights;
@@ -59,6 +60,9 @@ ZARNCORE_EXPORT const HandProfile &banjoHand() noexcept;
 ZARNCORE_EXPORT const HandProfile &violinHand() noexcept;
 ZARNCORE_EXPORT const HandProfile &celloHand() noexcept;
 ZARNCORE_EXPORT const HandProfile &contrabassHand() noexcept;
+
+/// A hand that holds so many frets, and reaches as far for them as it takes.
+ZARNCORE_EXPORT HandProfile handOfSpan(HandProfile hand, int mostFrets) noexcept;
 
 /// The hand for a tuning: by its instrument, or by its strings when it does not say.
 ZARNCORE_EXPORT const HandProfile &handFor(const GuitarTuning &tuning) noexcept;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ZarnCore/chords/ZarnHandModel.h>
 #include <ZarnCore/fingering/ZarnFretboard.h>
-#include <ZarnCore/fingering/ZarnHandProfile.h>
 
 #include <array>
 #include <cstdint>
@@ -13,7 +13,7 @@ namespace zarn::fingering {
 /// from before.
 struct Grip {
     static constexpr int Strings = Fretboard::MostStrings;
-    static constexpr int Fingers = HandProfile::FingerCount;
+    static constexpr int Fingers = chord::HandModel::fingerCount;
     static constexpr float Anywhere = -100;
 
     /// By string: place on the neck, 0 for open, and the finger from 1 to 4, 0 for none.
@@ -28,19 +28,24 @@ struct Grip {
     std::uint16_t stopped = 0;
     std::uint16_t held = 0;
 
-    /// By finger: where it lies.
+    /// By finger: where it lies, if it does.
     std::array<std::int8_t, Fingers> fretOfFinger{};
     std::array<std::int8_t, Fingers> stringOfFinger{};
 
-    /// Bits by finger: that lies over several strings.
+    /// Bits by finger: that lies on a string at all, and over several strings.
+    std::uint8_t fingers = 0;
     std::uint8_t barred = 0;
+
+    /// Of `stopped`.
+    std::int8_t stopCount = 0;
 
     /// Place of the hand: the fret of an index finger at ease. `Anywhere` before the first stopped
     /// note.
     float position = Anywhere;
 
-    /// Effort of holding it.
+    /// Effort of holding it, and that of the shape of the hand, which counts where it is new.
     float cost = 0;
+    float shape = 0;
 
     /// Wider than a hand is, or with more notes than fingers.
     bool isTooWide = false;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/fingering/GripFinder.h>
 
+#include <ZarnCore/fingering/GripEffort.h>
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -26,6 +28,9 @@ constexpr float effortOfLoss = 60;
 /// An open string where they are to be avoided.
 constexpr float effortOfAvoided = 8;
 
+/// An open string for a finger that is given, or the other way round.
+constexpr float effortOfOtherFinger = 12;
+
 /// What comes first when notes must go: inner voices before the bass, the bass before the melody.
 constexpr float effortOfBass = 5;
 constexpr float effortOfMelody = 10;
@@ -47,8 +52,8 @@ bool holdsTheSame(const Grip &left, const Grip &right)
 
 GripFinder::GripFinder(const Passage &passage, const Ringing &ringing,
                        const FingeringWeights &weights)
-    : _passage(passage), _ringing(ringing), _weights(weights),
-      _fingers(passage.fretboard, _passage.hand, _weights)
+    : _passage(passage), _ringing(ringing), _weights(weights), _hand(_passage.hand),
+      _known(_passage), _pedals(_passage)
 {
 }
 
@@ -59,13 +64,28 @@ const std::vector<Grip> &GripFinder::find(std::size_t event, const std::vector<G
     collectPositions(previous);
     collectStrings(at);
     _grips.clear();
-    for (const Strings &strings : _strings)
-        addGrips(gripOf(at, strings), at.onset);
-    if (_grips.empty())
+    for (const bool keepsFingers : {true, false}) {
+        _keepsFingers = keepsFingers;
         for (const Strings &strings : _strings)
-            addUnfingered(gripOf(at, strings));
+            addGrips(gripOf(at, strings), at.onset);
+        if (!_grips.empty() || !hasFingers(at))
+            break;
+    }
+    if (_grips.empty()) {
+        _isTooWide = true;
+        for (const Strings &strings : _strings)
+            addGrips(gripOf(at, strings), at.onset);
+        _isTooWide = false;
+    }
     keepEasiest();
     return _grips;
+}
+
+bool GripFinder::hasFingers(const PassageEvent &event) const
+{
+    const auto first = _passage.notes.begin() + event.firstNote;
+    return std::any_of(first, first + event.noteCount,
+                       [](const PassageNote &note) { return note.finger > 0; });
 }
 
 /// What the grips in front hold beyond the onset of an event: each state once.
@@ -120,7 +140,7 @@ void GripFinder::collectStrings(const PassageEvent &event)
     _strings.clear();
     const auto count = static_cast<int>(event.noteCount);
     for (int left = std::max(0, count - _passage.fretboard.stringCount()); left <= count; ++left) {
-        for (const int span : {_passage.hand.widestSpan, unlimited}) {
+        for (const int span : {static_cast<int>(_passage.hand.mostFrets), unlimited}) {
             _current.assign(event.noteCount, -1);
             _budget = mostSteps;
             Search search;
@@ -203,10 +223,19 @@ Grip GripFinder::gripOf(const PassageEvent &event, const Strings &strings) const
         const auto at = static_cast<std::size_t>(strings[number]);
         const int fret = fretOn(note, strings[number]);
         const auto bit = static_cast<std::uint16_t>(1U << at);
+        const auto number32 = event.firstNote + static_cast<std::uint32_t>(number);
+        if (const unsigned known = _known.ofFigure(number32); known != 0 && (known & bit) == 0)
+            grip.cost += static_cast<float>(_weights.otherFigure);
+        if (const unsigned known = _known.ofPitch(number32); known != 0 && (known & bit) == 0)
+            grip.cost += static_cast<float>(_weights.otherString);
         grip.sounding |= bit;
         grip.stopped |= fret > 0 ? bit : 0;
         if (fret == 0 && _passage.avoidsOpenStrings)
             grip.cost += effortOfAvoided;
+        if (note.finger != PassageNote::Free && (note.finger == 0) != (fret == 0))
+            grip.cost += effortOfOtherFinger;
+        if (_keepsFingers && note.finger > 0 && fret > 0)
+            grip.finger[at] = static_cast<std::int8_t>(note.finger);
         grip.fret[at] = static_cast<std::int8_t>(
             std::min(_passage.fretboard.neckFret(strings[number], fret), unlimited));
         grip.note[at] = event.firstNote + static_cast<std::uint32_t>(number);
@@ -261,6 +290,10 @@ void GripFinder::addHolding(const Grip &grip, const Grip &held, unsigned heldSto
         whole.finger[at] = held.finger[at];
         whole.note[at] = held.note[at];
     }
+    if (_isTooWide) {
+        addUnfingered(whole);
+        return;
+    }
     if (whole.stopped != 0) {
         addFingered(whole);
         return;
@@ -271,13 +304,62 @@ void GripFinder::addHolding(const Grip &grip, const Grip &held, unsigned heldSto
     }
 }
 
+/// Lays the fingers of a shape on the strings; of the stopped ones, where the hand is.
+void GripFinder::layFingers(const chord::HandShape &shape, Grip &grip) const
+{
+    grip.fingers = 0;
+    grip.barred = 0;
+    grip.stopCount = 0;
+    float sum = 0;
+    int count = 0;
+    for (std::size_t at = 0; at < Grip::Strings; ++at) {
+        if ((grip.stopped >> at & 1) == 0)
+            continue;
+        const auto finger = static_cast<std::size_t>(shape.fingers[at]) - 1;
+        const auto bit = static_cast<std::uint8_t>(1U << finger);
+        grip.finger[at] = static_cast<std::int8_t>(shape.fingers[at]);
+        ++grip.stopCount;
+        if ((grip.fingers & bit) != 0) {
+            grip.barred |= bit;
+            continue;
+        }
+        grip.fingers |= bit;
+        grip.fretOfFinger[finger] = grip.fret[at];
+        grip.stringOfFinger[finger] = static_cast<std::int8_t>(at);
+        sum +=
+            static_cast<float>(grip.fret[at]) - _passage.hand.spacing * static_cast<float>(finger);
+        ++count;
+    }
+    if (count > 0)
+        grip.position = std::max(sum / static_cast<float>(count), 1.F);
+}
+
+/// All ways to stop the strings of a layout; those that have a finger keep it.
 void GripFinder::addFingered(const Grip &grip)
 {
-    const float lost = grip.cost;
-    _fingers.forEach(grip, [&](const Grip &found) {
-        _grips.push_back(found);
-        _grips.back().cost += lost;
-    });
+    const int stringCount = _passage.fretboard.stringCount();
+    chord::FretRow frets(static_cast<std::size_t>(stringCount));
+    chord::FingerRow wanted{};
+    for (int string = 0; string < stringCount; ++string) {
+        const auto at = static_cast<std::size_t>(string);
+        if (!grip.sounds(string))
+            continue;
+        frets.set(at, grip.fret[at]);
+        wanted[at] = static_cast<std::uint8_t>(grip.finger[at]);
+    }
+    _hand.findShapes(frets, 0, wanted, _shapes);
+    for (const chord::HandShape &shape : _shapes) {
+        _grips.push_back(grip);
+        Grip &found = _grips.back();
+        layFingers(shape, found);
+        found.shape = shape.cost;
+        double cost = 0;
+        addEffort(found, _passage.fretboard, _pedals,
+                  [&](double FingeringWeights::*weight, float amount) {
+                      cost += _weights.*weight * static_cast<double>(amount);
+                  });
+        found.cost += static_cast<float>(cost);
+    }
 }
 
 /// A layout that no hand can hold.
@@ -291,7 +373,7 @@ void GripFinder::addUnfingered(Grip grip)
         lowest = std::min<int>(lowest, grip.fret[at]);
         highest = std::max<int>(highest, grip.fret[at]);
     }
-    grip.fretOfFinger.fill(-1);
+    grip.fingers = 0;
     grip.position = static_cast<float>(lowest);
     grip.cost += effortOfWidth + static_cast<float>(highest - lowest);
     grip.isTooWide = true;
@@ -310,7 +392,12 @@ void GripFinder::keepEasiest()
             nearest = std::min(
                 nearest, position == Grip::Anywhere ? 0 : std::abs(position - _grips[i].position));
         const auto move = static_cast<float>(_weights.shift) / 2 * nearest;
-        _order.emplace_back(_grips[i].cost + move, i);
+        float pressing = 0;
+        addPresses(_grips[i], __builtin_popcount(_grips[i].stopped & _grips[i].fresh()),
+                   [&](double FingeringWeights::*weight, float amount) {
+                       pressing += static_cast<float>(_weights.*weight) * amount;
+                   });
+        _order.emplace_back(_grips[i].cost + pressing + move, i);
     }
     const auto last = _order.begin() + static_cast<std::ptrdiff_t>(MostGrips);
     std::nth_element(_order.begin(), last, _order.end());

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ZarnCore/fingering/FingerChoice.h>
+#include <ZarnCore/chords/ZarnHandModel.h>
 #include <ZarnCore/fingering/Grip.h>
+#include <ZarnCore/fingering/KnownStrings.h>
+#include <ZarnCore/fingering/Pedals.h>
 #include <ZarnCore/fingering/Ringing.h>
 #include <ZarnCore/fingering/ZarnFingeringWeights.h>
 #include <ZarnCore/fingering/ZarnPassage.h>
@@ -42,6 +44,8 @@ private:
     void collectStrings(const PassageEvent &event);
     void searchStrings(const PassageEvent &event, std::uint32_t number, Search search, int span);
 
+    bool hasFingers(const PassageEvent &event) const;
+
     /// The written fret at which a note may lie on a string; -1 when it may not.
     int fretOn(const PassageNote &note, int string) const;
 
@@ -49,6 +53,7 @@ private:
     bool isSamePitch(std::uint32_t left, std::uint32_t right) const;
     void addGrips(const Grip &grip, double onset);
     void addHolding(const Grip &grip, const Grip &held, unsigned heldStopped, double onset);
+    void layFingers(const chord::HandShape &shape, Grip &grip) const;
     void addFingered(const Grip &grip);
     void addUnfingered(Grip grip);
     void keepEasiest();
@@ -56,13 +61,18 @@ private:
     const Passage &_passage;
     const Ringing &_ringing;
     const FingeringWeights &_weights;
-    FingerChoice _fingers;
+    chord::HandModel _hand;
+    KnownStrings _known;
+    Pedals _pedals;
 
     std::vector<Grip> _held;       ///< what may last from before, without the new notes
     std::vector<float> _positions; ///< where the hand may be
     std::vector<Strings> _strings; ///< the ways to lay the new notes
     Strings _current;
     int _budget = 0;
+    bool _keepsFingers = true; ///< those that are given
+    bool _isTooWide = false;   ///< no hand holds the event
+    std::vector<chord::HandShape> _shapes;
     std::vector<Grip> _grips;
     std::vector<std::pair<float, std::size_t>> _order;
 };

@@ -26,16 +26,19 @@ bool clashes(const Passage &passage, const PassageEvent &event, int pitch)
 
 Ringing::Ringing(const Passage &passage, double longest) : _passage(passage)
 {
+    _lasts.reserve(passage.notes.size());
     _ends.reserve(passage.notes.size());
     for (std::size_t at = 0; at < passage.events.size(); ++at) {
         const PassageEvent &event = passage.events[at];
         const std::size_t last = std::min(passage.events.size(), at + mostEvents);
         for (std::size_t i = event.firstNote; i < event.firstNote + event.noteCount; ++i) {
-            double end = event.onset + longest;
+            const PassageNote &note = passage.notes[i];
+            double end = std::max(event.onset + longest, note.ringsUntil);
             for (std::size_t next = at + 1; next < last && passage.events[next].onset < end; ++next)
-                if (clashes(passage, passage.events[next], passage.notes[i].pitch))
+                if (clashes(passage, passage.events[next], note.pitch))
                     end = passage.events[next].onset;
-            _ends.push_back(std::max(end, passage.notes[i].end));
+            _lasts.push_back(std::max(note.end, std::min(end, note.ringsUntil)));
+            _ends.push_back(std::max(end, note.end));
         }
     }
 }

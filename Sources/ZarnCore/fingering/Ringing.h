@@ -15,13 +15,10 @@ public:
     /// `longest`: quarters that a note rings at most, from its onset. The passage outlives this.
     Ringing(const Passage &passage, double longest);
 
-    /// Whether a note sounds, as it is written, when another begins.
-    bool lasts(std::uint32_t note, double onset) const
-    {
-        return _passage.notes[note].end > onset + sameTime;
-    }
+    /// Whether a note sounds, as it is written or left to ring, when another begins.
+    bool lasts(std::uint32_t note, double onset) const { return _lasts[note] > onset + sameTime; }
 
-    /// The same for the time that it is left to ring.
+    /// The same for the time that it would ring on by itself.
     bool rings(std::uint32_t note, double onset) const { return _ends[note] > onset + sameTime; }
 
     /// Whether something is tied to a note at that time or later.
@@ -34,6 +31,7 @@ private:
     static constexpr double sameTime = 1e-6;
 
     const Passage &_passage;
+    std::vector<double> _lasts;
     std::vector<double> _ends;
 };
 

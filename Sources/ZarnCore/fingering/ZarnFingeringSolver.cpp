@@ -50,6 +50,7 @@ private:
     };
 
     void addLayer(std::size_t event);
+    double costOfStart(const Grip &grip) const;
     void connect(const Layer &from, const Layer &to);
     void searchFrom(std::size_t firstNew);
     void decide(bool isLast);
@@ -76,6 +77,16 @@ void FingeringSolver::Search::addLayer(std::size_t event)
     layer.event = event;
     layer.grips = _finder.find(event, _layers.empty() ? nothing : _layers.back().grips);
     _layers.push_back(std::move(layer));
+}
+
+/// The effort of a grip that nothing leads to.
+double FingeringSolver::Search::costOfStart(const Grip &grip) const
+{
+    double cost = static_cast<double>(grip.cost);
+    addPresses(grip, grip.stopCount, [&](double FingeringWeights::*weight, float amount) {
+        cost += _weights.*weight * static_cast<double>(amount);
+    });
+    return cost;
 }
 
 /// Adds a layer's grips to the graph, with the ways to them.
@@ -107,8 +118,7 @@ void FingeringSolver::Search::searchFrom(std::size_t firstNew)
             layer.firstNode = layer.firstNode < 0 ? node : layer.firstNode;
             if (at >= firstNew && at > 0)
                 continue;
-            const double cost =
-                at < firstNew ? layer.costs[i] : static_cast<double>(layer.grips[i].cost);
+            const double cost = at < firstNew ? layer.costs[i] : costOfStart(layer.grips[i]);
             if (cost < infinity)
                 _graph.addStart(node, cost);
         }

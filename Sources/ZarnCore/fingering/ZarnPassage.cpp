@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/fingering/ZarnPassage.h>
 
+#include <ZarnCore/model/ZarnStaff.h>
+
 namespace zarn::fingering {
+
+Passage::Passage(const Staff &staff) : fretboard(staff), hand(chord::handFor(staff.tuning())) { }
 
 void Passage::addEvent(double onset)
 {

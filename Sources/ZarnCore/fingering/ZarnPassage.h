@@ -2,8 +2,8 @@
 #pragma once
 
 #include <ZarnCore/ZarnExport.h>
+#include <ZarnCore/chords/ZarnHandProfile.h>
 #include <ZarnCore/fingering/ZarnFretboard.h>
-#include <ZarnCore/fingering/ZarnHandProfile.h>
 
 #include <cstdint>
 #include <vector>
@@ -27,6 +27,19 @@ struct PassageNote {
     /// String that it stays on, and the fret there (`Free`: where the pitch lies).
     int string = Free;
     int fret = Free;
+
+    /// Finger that the player has given, 1 to 4 from the index finger, 0 for an open string. Kept
+    /// wherever a hand can.
+    int finger = Free;
+
+    /// Quarters from the start of the passage until which it is left to ring, unless what is struck
+    /// meanwhile clashes with it.
+    double ringsUntil = -1;
+
+    /// The note in front, by its number, that leads to this one on its string: by a hammer-on, a
+    /// pull-off or a slide.
+    static constexpr std::uint32_t NoNote = UINT32_MAX;
+    std::uint32_t leadsFrom = NoNote;
 };
 
 /// All notes that begin together.
@@ -41,10 +54,11 @@ struct PassageEvent {
 
 /// Music that is to be fingered: what sounds when, on which instrument, and what is fixed.
 struct ZARNCORE_EXPORT Passage {
-    explicit Passage(const Staff &staff) : fretboard(staff), hand(handProfile(staff)) { }
+    /// With the neck and the hand of a staff.
+    explicit Passage(const Staff &staff);
 
     Fretboard fretboard;
-    HandProfile hand;
+    chord::HandProfile hand;
 
     /// Written frets that stopped notes may have.
     int lowestFret = 1;

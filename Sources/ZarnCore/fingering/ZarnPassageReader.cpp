@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <cstdlib>
 #include <map>
 #include <utility>
 
@@ -39,7 +41,16 @@ struct Strike {
     unsigned voice = 0;
     bool isChosen = false; ///< some part of it was asked for
     const Note *last = nullptr;
+    std::size_t leadsFrom = noStrike;
+    static constexpr std::size_t noStrike = SIZE_MAX;
 };
+
+/// Whether a note leads to the next one on its string.
+bool leadsOn(const Note &note)
+{
+    return note.isHopo() || note.slideOut() == SlideOut::Shift
+        || note.slideOut() == SlideOut::Legato;
+}
 
 class Reader {
 public:
@@ -53,15 +64,18 @@ private:
         unsigned voice;
         unsigned beat;
         bool isChosen;
+        double barEnd; ///< in quarters
     };
     using Sounding = std::vector<std::size_t>; ///< strikes of the beat in front
 
     bool isChosen(unsigned bar, unsigned voice, unsigned beat) const;
-    void readVoice(const Voice &voice, unsigned bar, unsigned number, double start);
+    void readVoice(const Bar &bar, unsigned slot, double start);
     void readBeat(const Beat &beat, const BeatPlace &place, Strike strike);
     int pitchOf(const Note &note) const;
     bool mayMove(const Note &note) const;
     void fix(PassageNote &strike, const Note &note) const;
+    void readMarks(Strike &strike, const Note &note, const BeatPlace &place) const;
+    void lead(const Sounding &before, const Sounding &here);
     std::size_t strikeTiedTo(const Note &note, const Sounding &before) const;
     void makeEvents();
     void addEvent(std::size_t first, std::size_t last);
@@ -90,7 +104,7 @@ Reader::Reader(const Staff &staff, const std::vector<BeatSpan> &spans,
         passage.highestFret = options.highestFret;
     passage.avoidsOpenStrings = options.openStrings == OpenStrings::Avoided;
     if (options.widestSpan >= 0)
-        passage.hand.widestSpan = options.widestSpan;
+        passage.hand = chord::handOfSpan(passage.hand, options.widestSpan);
     if (spans.empty())
         return;
     for (const BeatSpan &span : spans)
@@ -118,7 +132,7 @@ void Reader::read()
                 _before[slot].clear();
                 continue;
             }
-            readVoice(*voice, number, slot, start);
+            readVoice(bar, slot, start);
             length = std::max(length, voice->length());
         }
         start += (length.isZero() ? bar.length() : length).toDouble();
@@ -126,10 +140,12 @@ void Reader::read()
     makeEvents();
 }
 
-void Reader::readVoice(const Voice &voice, unsigned bar, unsigned number, double start)
+void Reader::readVoice(const Bar &bar, unsigned slot, double start)
 {
     utils::rational offset;
-    const auto &beats = voice.beats();
+    const auto &beats = bar.voices()[slot]->beats();
+    const unsigned number = bar.index();
+    const double barEnd = start + bar.length().toDouble();
     for (unsigned i = 0; i < beats.size(); ++i) {
         const Beat &beat = *beats[i];
         int graces = 0;
@@ -137,12 +153,12 @@ void Reader::readVoice(const Voice &voice, unsigned bar, unsigned number, double
                && beats[i + static_cast<unsigned>(graces)]->isGrace())
             ++graces;
         Strike strike;
-        strike.moment = {bar, offset, graces};
+        strike.moment = {number, offset, graces};
         strike.onset = start + offset.toDouble() - graces * graceLength;
         const utils::rational length = beat.length();
         strike.note.end = strike.onset + (graces > 0 ? graceLength : length.toDouble());
-        strike.voice = number;
-        readBeat(beat, {bar, number, i, isChosen(bar, number, i)}, strike);
+        strike.voice = slot;
+        readBeat(beat, {number, slot, i, isChosen(number, slot, i), barEnd}, strike);
         offset += length;
     }
 }
@@ -158,7 +174,8 @@ bool Reader::mayMove(const Note &note) const
 {
     if (note.string() == Note::Unset)
         return true;
-    return !note.isDead() && _options.given != GivenStrings::Kept
+    const bool isTouched = note.harmonic().type == HarmonicType::Natural;
+    return !note.isDead() && !isTouched && _options.given != GivenStrings::Kept
         && !(_options.given == GivenStrings::KeptOpen && note.fret() == 0);
 }
 
@@ -166,6 +183,54 @@ void Reader::fix(PassageNote &strike, const Note &note) const
 {
     strike.string = note.string();
     strike.fret = note.fret() != Note::Unset ? note.fret() : PassageNote::Free;
+}
+
+/// How a note sounds on, and the finger that the player has given it.
+void Reader::readMarks(Strike &strike, const Note &note, const BeatPlace &place) const
+{
+    if (note.letsRing())
+        strike.note.ringsUntil = std::max(strike.note.ringsUntil, place.barEnd);
+    const bool isGiven = !place.isChosen || _options.given == GivenStrings::Kept;
+    const Fingering finger = note.leftFingering();
+    if (!isGiven || finger == Fingering::None || finger == Fingering::Thumb)
+        return;
+    strike.note.finger = finger == Fingering::Open
+        ? 0
+        : static_cast<int>(finger) - static_cast<int>(Fingering::Index) + 1;
+}
+
+/// Finds the notes that hammer-ons, pull-offs and slides of the beat in front lead to: those on the
+/// same strings, else the nearest.
+void Reader::lead(const Sounding &before, const Sounding &here)
+{
+    for (const std::size_t from : before) {
+        if (!leadsOn(*_strikes[from].last))
+            continue;
+        const Note &leading = *_strikes[from].last;
+        std::size_t nearest = Strike::noStrike;
+        int least = 0;
+        for (const std::size_t to : here) {
+            const Strike &strike = _strikes[to];
+            if (to == from || strike.leadsFrom != Strike::noStrike)
+                continue;
+            const bool isSameString =
+                leading.string() != Note::Unset && leading.string() == strike.last->string();
+            const int distance =
+                isSameString ? -1 : std::abs(strike.note.pitch - _strikes[from].note.pitch);
+            if (nearest != Strike::noStrike && distance >= least)
+                continue;
+            nearest = to;
+            least = distance;
+        }
+        if (nearest == Strike::noStrike)
+            continue;
+        constexpr double shortly = 1e-3;
+        Strike &reached = _strikes[nearest];
+        PassageNote &held = _strikes[from].note;
+        reached.leadsFrom = from;
+        held.end = std::max(held.end, reached.onset);
+        held.tiedUntil = std::max(held.tiedUntil, reached.onset - shortly);
+    }
 }
 
 std::size_t Reader::strikeTiedTo(const Note &note, const Sounding &before) const
@@ -199,6 +264,7 @@ void Reader::readBeat(const Beat &beat, const BeatPlace &place, Strike strike)
         }
         Strike &struck = _strikes[at];
         struck.last = &note;
+        readMarks(struck, note, place);
         here.push_back(at);
         if (note.string() != Note::Unset && (!place.isChosen || !mayMove(note)))
             fix(struck.note, note);
@@ -208,6 +274,7 @@ void Reader::readBeat(const Beat &beat, const BeatPlace &place, Strike strike)
         result.sources.push_back({place.bar, place.beat, i, static_cast<std::uint32_t>(at),
                                   static_cast<std::uint8_t>(place.voice)});
     }
+    lead(before, here);
     _before[place.voice] = std::move(here);
 }
 
@@ -225,7 +292,7 @@ void Reader::makeEvents()
             return a.moment.isBefore(b.moment);
         return a.note.pitch > b.note.pitch;
     });
-    _noteOfStrike.assign(_strikes.size(), 0);
+    _noteOfStrike.assign(_strikes.size(), PassageNote::NoNote);
     for (std::size_t first = 0; first < _order.size();) {
         std::size_t last = first + 1;
         while (last < _order.size()
@@ -234,6 +301,9 @@ void Reader::makeEvents()
         addEvent(first, last);
         first = last;
     }
+    for (const std::size_t at : _order)
+        if (const std::size_t from = _strikes[at].leadsFrom; from != Strike::noStrike)
+            result.passage.notes[_noteOfStrike[at]].leadsFrom = _noteOfStrike[from];
     for (PassageSource &source : result.sources)
         source.passageNote = _noteOfStrike[source.passageNote];
 }
@@ -257,6 +327,9 @@ void Reader::addEvent(std::size_t first, std::size_t last)
             if (isFree || whole.string == PassageNote::Free || whole.string == strike.note.string) {
                 whole.end = std::max(whole.end, strike.note.end);
                 whole.tiedUntil = std::max(whole.tiedUntil, strike.note.tiedUntil);
+                whole.ringsUntil = std::max(whole.ringsUntil, strike.note.ringsUntil);
+                whole.finger =
+                    whole.finger != PassageNote::Free ? whole.finger : strike.note.finger;
                 if (!isFree) {
                     whole.string = strike.note.string;
                     whole.fret = strike.note.fret;

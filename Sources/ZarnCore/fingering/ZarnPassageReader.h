@@ -23,6 +23,12 @@ enum class GivenStrings : std::uint8_t {
     Kept,     ///< notes that have a string stay on it
 };
 
+/// What becomes of the fingers of the left hand.
+enum class LeftFingers : std::uint8_t {
+    Untouched,
+    Written, ///< found with the strings; those of notes that are kept stay
+};
+
 enum class OpenStrings : std::uint8_t {
     AsTheyFit,
     Avoided, ///< played only where a pitch is nowhere else
@@ -32,6 +38,7 @@ enum class OpenStrings : std::uint8_t {
 struct FingeringOptions {
     GivenStrings given = GivenStrings::Ignored;
     OpenStrings openStrings = OpenStrings::AsTheyFit;
+    LeftFingers fingers = LeftFingers::Untouched;
 
     /// Frets that stopped notes may have, both included; all that the staff has when `highestFret`
     /// is -1.
@@ -44,8 +51,8 @@ struct FingeringOptions {
     friend bool operator==(const FingeringOptions &left, const FingeringOptions &right) noexcept
     {
         return left.given == right.given && left.openStrings == right.openStrings
-            && left.lowestFret == right.lowestFret && left.highestFret == right.highestFret
-            && left.widestSpan == right.widestSpan;
+            && left.fingers == right.fingers && left.lowestFret == right.lowestFret
+            && left.highestFret == right.highestFret && left.widestSpan == right.widestSpan;
     }
 };
 
@@ -72,8 +79,10 @@ ZARNCORE_EXPORT bool canBeFingered(const Staff &staff);
 
 /// Reads beats of a staff, given by spans in the order of the tree. Notes around them, of the bars
 /// beside them too, that have a string are part of the passage and fixed. So are notes that are
-/// tied to such ones, and dead notes on a string. The pitch of a note on a string is what the
-/// string sounds there: editions may write it an octave higher. Notes without a pitch are left out.
+/// tied to such ones, and dead notes and natural harmonics on a string. Fingers count as given
+/// where strings do. Hammer-ons, pull-offs and slides lead to a note on the same string; what is
+/// let ring does so to the end of its bar. The pitch of a note on a string is what the string
+/// sounds there: editions may write it an octave higher. Notes without a pitch are left out.
 ZARNCORE_EXPORT ReadPassage readPassage(const Staff &staff, const std::vector<BeatSpan> &spans,
                                         const FingeringOptions &options);
 
