@@ -199,6 +199,7 @@ bool automaticFingerPositioning(EditedScore &e)
     fingering::FingeringOptions options;
     options.given = static_cast<fingering::GivenStrings>(e.random.below(3));
     options.openStrings = static_cast<fingering::OpenStrings>(e.random.below(2));
+    options.fingers = static_cast<fingering::LeftFingers>(e.random.below(2));
     if (e.random.percent(30)) {
         options.lowestFret = e.random.between(-1, 9);
         options.highestFret = e.random.between(0, 20);

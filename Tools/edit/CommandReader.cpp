@@ -126,13 +126,31 @@ bool isMissing(const Command &command, std::size_t parameter, const std::vector<
         && !looksLike(here, words[next]);
 }
 
+/// Whether a word is none of the choices of a parameter that may be missing, but one of the next.
+bool isPassedOver(const Command &command, std::size_t parameter, const Word &word)
+{
+    const auto takes = [&command, &word](std::size_t number) {
+        const Choices &choices = *command.parameters[number].choices;
+        return std::any_of(choices.begin(), choices.end(), [&word](const auto &choice) {
+            return choice.first.compare(word.text, Qt::CaseInsensitive) == 0;
+        });
+    };
+    const auto isChoice = [&command](std::size_t number) {
+        return number < command.parameters.size() && command.parameters[number].kind == Kind::Choice
+            && command.parameters[number].presence == Presence::Optional;
+    };
+    return isChoice(parameter) && isChoice(parameter + 1) && !takes(parameter)
+        && takes(parameter + 1);
+}
+
 void readParameters(const Command &command, const std::vector<Word> &words, int endColumn,
                     const ReadingContext &context, Values &values)
 {
     std::size_t next = 1;
     for (std::size_t i = 0; i < command.parameters.size(); ++i) {
         const Parameter &parameter = command.parameters[i];
-        if (isLeftOut(command, i, words, next, context)) {
+        if (isLeftOut(command, i, words, next, context)
+            || (next < words.size() && isPassedOver(command, i, words[next]))) {
             values.add(std::monostate(), next < words.size() ? words[next].column : endColumn);
             continue;
         }

@@ -32,6 +32,14 @@ const Choices &givenChoices()
     return choices;
 }
 
+const Choices &fingerChoices()
+{
+    static const Choices choices = {
+        {QStringLiteral("--fingers"), static_cast<int>(fingering::LeftFingers::Written)},
+    };
+    return choices;
+}
+
 const char *reason(FingeringProblem::Kind kind)
 {
     switch (kind) {
@@ -83,6 +91,8 @@ bool finger(EditSession &session, const Values &values)
     fingering::FingeringOptions options;
     if (values.has(1))
         options.given = static_cast<fingering::GivenStrings>(values.get<int>(1));
+    if (values.has(2))
+        options.fingers = static_cast<fingering::LeftFingers>(values.get<int>(2));
     const auto report = std::make_shared<fingering::FingeringReport>();
     if (!session.score().automaticFingerPositioning(range, options, report))
         return false;
@@ -142,8 +152,10 @@ const std::vector<Command> &fingeringCommands()
     static const std::vector<Command> commands = {
         {QStringLiteral("finger"),
          {{QStringLiteral("BEATS"), Kind::Beats, Presence::Assumed},
-          {QStringLiteral("GIVEN"), Kind::Choice, Presence::Optional, 0, 0, &givenChoices()}},
-         QStringLiteral("Find strings and frets, anew or around those that are given."),
+          {QStringLiteral("GIVEN"), Kind::Choice, Presence::Optional, 0, 0, &givenChoices()},
+          {QStringLiteral("FINGERS"), Kind::Choice, Presence::Optional, 0, 0, &fingerChoices()}},
+         QStringLiteral("Find strings and frets, and fingers on request, anew or around those that "
+                        "are given."),
          QStringLiteral("Score::automaticFingerPositioning"),
          finger,
          true},

@@ -44,6 +44,7 @@ std::vector<CommandRow> beatRows()
          [](SmallScore &s) {
              fingering::FingeringOptions options;
              options.openStrings = fingering::OpenStrings::Avoided;
+             options.fingers = fingering::LeftFingers::Written;
              return s.score.automaticFingerPositioning(s.everything(0, 5), options);
          },
          "ModifyBarRange(0,0,0,4) ", nullptr},

@@ -54,6 +54,9 @@ bool AutomaticFingerPositioning::init(Score *score, const ScoreModelRange &range
     addArg(QStringLiteral("OpenStrings"),
            options.openStrings == fingering::OpenStrings::Avoided ? QStringLiteral("Avoided")
                                                                   : QStringLiteral("AsTheyFit"));
+    addArg(QStringLiteral("Fingers"),
+           options.fingers == fingering::LeftFingers::Written ? QStringLiteral("Written")
+                                                              : QStringLiteral("Untouched"));
     addArg(QStringLiteral("LowestFret"), QString::number(options.lowestFret));
     addArg(QStringLiteral("HighestFret"), QString::number(options.highestFret));
     addArg(QStringLiteral("WidestSpan"), QString::number(options.widestSpan));
@@ -132,6 +135,7 @@ void AutomaticFingerPositioning::moveNotes()
         Note &note = noteAt(move);
         note.setString(move.string);
         note.setFret(move.fret);
+        note.setLeftFingering(move.finger);
     }
     forEachStaff([](const Staff &staff, unsigned first, unsigned last, unsigned) {
         mendStringLinks(staff, first, last);
@@ -152,21 +156,41 @@ void AutomaticFingerPositioning::finger(const std::vector<BeatSpan> &spans)
         addProblems(staff, read, found);
 }
 
+/// The finger that is written for a note; where none is asked for, the one that it has.
+Fingering AutomaticFingerPositioning::fingerOf(const Note &note,
+                                               const fingering::Placement &place) const
+{
+    const bool isKept =
+        _options.given == fingering::GivenStrings::Kept && note.leftFingering() != Fingering::None;
+    if (_options.fingers == fingering::LeftFingers::Untouched || isKept)
+        return note.leftFingering();
+    if (place.string == fingering::Placement::None)
+        return Fingering::None;
+    if (place.finger != 0)
+        return static_cast<Fingering>(static_cast<int>(Fingering::Index) + place.finger - 1);
+    return place.fret == 0 ? Fingering::Open : Fingering::None;
+}
+
 void AutomaticFingerPositioning::addMoves(const BeatSpan &staff, const fingering::ReadPassage &read,
                                           const fingering::FingeringSolution &fingering)
 {
     for (const fingering::PassageSource &source : read.sources) {
-        Move move = {staff.track, staff.staff, source, 0, 0, 0, 0};
+        Move move = {staff.track, staff.staff, source, 0, 0, {}, 0, 0, {}};
         const Note &note = noteAt(move);
         const fingering::Placement &place = fingering.notes[source.passageNote];
         const bool isFixed = read.passage.notes[source.passageNote].string == note.string()
             && note.string() != Note::Unset && note.fret() != Note::Unset;
-        if (isFixed || (note.string() == place.string && note.fret() == place.fret))
+        const Fingering finger = fingerOf(note, place);
+        const bool isThere =
+            isFixed || (note.string() == place.string && note.fret() == place.fret);
+        if (isThere && finger == note.leftFingering())
             continue;
         move.stringBefore = static_cast<std::int8_t>(note.string());
         move.fretBefore = static_cast<std::int8_t>(note.fret());
-        move.string = static_cast<std::int8_t>(place.string);
-        move.fret = static_cast<std::int8_t>(place.fret);
+        move.fingerBefore = note.leftFingering();
+        move.string = isFixed ? move.stringBefore : static_cast<std::int8_t>(place.string);
+        move.fret = isFixed ? move.fretBefore : static_cast<std::int8_t>(place.fret);
+        move.finger = finger;
         _moves.push_back(move);
         _touched.add(staff.track, staff.staff, source.bar, source.bar);
     }
@@ -196,6 +220,7 @@ void AutomaticFingerPositioning::revert()
         Note &note = noteAt(move);
         note.setString(move.stringBefore);
         note.setFret(move.fretBefore);
+        note.setLeftFingering(move.fingerBefore);
     }
     _links.putBack([this](const KeptBeats::Place &at) {
         const auto &bar = model().tracks()[at.track]->staves()[at.staff]->bars()[at.bar];

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ZarnCore/ZarnTypesPlaying.h>
 #include <ZarnCore/commands/ZarnScoreCommand.h>
 #include <ZarnCore/commands/ZarnTouchedBars.h>
 #include <ZarnCore/fingering/ZarnFingeringReport.h>
@@ -25,7 +26,8 @@ namespace zarn::cmd {
 /// `fingering::FingeringSolver`. Pitches stay, and so do notes around the range, which the hand
 /// comes from and goes to. A note that no string can take loses string and fret, and is reported;
 /// the rest is fingered all the same. Hammer-ons, pull-offs and slides that lead to no other fret
-/// any more go. Staves without strings are passed over.
+/// any more go. Fingers of the left hand are written on request. Staves without strings are passed
+/// over.
 ///
 /// Sends `ModifyBarRange` for the bars whose notes moved.
 class ZARNCORE_EXPORT AutomaticFingerPositioning final : public ScoreCommand {
@@ -41,18 +43,21 @@ public:
               std::shared_ptr<fingering::FingeringReport> report = nullptr);
 
 private:
-    /// A note with another string or fret, and what they were and become.
+    /// A note with another string, fret or finger, and what they were and become.
     struct Move {
         unsigned track;
         unsigned staff;
         fingering::PassageSource place;
         std::int8_t stringBefore;
         std::int8_t fretBefore;
+        Fingering fingerBefore;
         std::int8_t string;
         std::int8_t fret;
+        Fingering finger;
     };
 
     std::vector<BeatSpan> findSpans() const;
+    Fingering fingerOf(const Note &note, const fingering::Placement &place) const;
     Note &noteAt(const Move &move) const;
     void finger(const std::vector<BeatSpan> &spans);
     void moveNotes();
