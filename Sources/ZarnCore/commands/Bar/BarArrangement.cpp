@@ -209,8 +209,11 @@ void BarArrangement::addSimiles(ContentSwap &swap, unsigned track, const Staff &
     if (_first > 0 && staff.bars()[_first - 1]->simileMark() == SimileMark::FirstOfDouble)
         writeOut(swap, track, staff, _first - 1, _shift);
     for (unsigned bar = _last + 1; bar < staff.barCount(); ++bar) {
+        // What repeats something in the bars, and the other half of a pair that does.
         const int step = simileStep(staff, static_cast<int>(bar));
-        if (step == 0 || bar - static_cast<unsigned>(step) > _last)
+        const bool isOtherHalf =
+            bar > _last + 1 && staff.bars()[bar]->simileMark() == SimileMark::SecondOfDouble;
+        if (step == 0 || (bar - static_cast<unsigned>(step) > _last && !isOtherHalf))
             break;
         writeOut(swap, track, staff, bar, _shift + _newBarCount);
     }

@@ -10,6 +10,7 @@
 #include <ZarnCore/score/ZarnScoreBase.h>
 
 #include <algorithm>
+#include <unordered_map>
 
 namespace zarn {
 
@@ -195,11 +196,40 @@ void ContentSwap::collectTouched(const ScoreModel &model)
     }
 }
 
+/// Joints where beats meet that were not neighbours, and those at ends that are others now.
+void ContentSwap::addChangedJoints(const ScoreModel &model)
+{
+    for (const auto &[place, content] : _voices) {
+        const Voice *const voice =
+            voiceOf(model, BeatSpan{place.track, place.staff, place.bar, place.voice, 0, 0});
+        std::unordered_map<const Beat *, std::size_t> before;
+        for (const auto &beat : content.beats)
+            before.emplace(beat.get(), before.size() + 1);
+        // Numbers from 1; 0 in front of them, and one more behind.
+        const auto numberOf = [&before](const Beat &beat) {
+            const auto found = before.find(&beat);
+            return found != before.end() ? found->second : before.size() + 2;
+        };
+        const unsigned count = voice != nullptr ? voice->beatCount() : 0;
+        std::size_t left = 0;
+        for (unsigned i = 0; i <= count; ++i) {
+            const std::size_t right = i < count ? numberOf(*voice->beats()[i]) : before.size() + 1;
+            const bool areNeighbours = right == left + 1 && right <= before.size() + 1;
+            if (!areNeighbours)
+                _joints.add(model, place.track, place.staff, place.bar, place.voice, i);
+            left = right;
+        }
+        if (voice == nullptr)
+            _joints.add(model, place.track, place.staff, place.bar + 1, place.voice, 0);
+    }
+}
+
 void ContentSwap::apply(ScoreModel &model)
 {
     exchange(model);
     collectTouched(model);
     _joints = {};
+    addChangedJoints(model);
     for (const auto &[place, beat] : _jointPlaces)
         _joints.add(model, place.track, place.staff, place.bar, place.voice, beat);
     for (const auto &[place, stretch] : _newBeats)

@@ -55,7 +55,8 @@ public:
                   std::vector<ClefChange> changes);
     void setFermatas(unsigned bar, FermataMarks marks);
 
-    /// See `KeptJoints`; by the numbers that hold after the exchange.
+    /// See `KeptJoints`; by the numbers that hold after the exchange. Joints of beats that were not
+    /// neighbours in their voice before need not be named.
     void addJoint(const VoicePlace &place, unsigned beat);
     void addNewBeats(const VoicePlace &place, unsigned first, unsigned end);
     void addBarLine(unsigned track, unsigned staff, unsigned bar);
@@ -95,6 +96,7 @@ private:
 
     void exchange(ScoreModel &model);
     void tieOver(const ScoreModel &model) const;
+    void addChangedJoints(const ScoreModel &model);
     void collectTouched(const ScoreModel &model);
 
     std::map<VoicePlace, Content> _voices;
