@@ -3,6 +3,8 @@
 
 #include "support/CommandLaw.h"
 
+#include <gtest/gtest.h>
+
 std::vector<CommandRow> formRows();
 void expectFormCommandsRefused(rich::RichScore &);
 std::vector<CommandRow> structureRows();

@@ -42,14 +42,19 @@ def write(path, text):
 def main(include, folder):
     include, folder = pathlib.Path(include), pathlib.Path(folder)
     (folder / "alone").mkdir(parents=True, exist_ok=True)
+    stale = set((folder / "alone").iterdir())
     includes, uses = "", ""
     for header in sorted(include.rglob("*.h")):
         name = header.relative_to(include).as_posix()
         line = "#include <%s>\n" % name
-        write(folder / "alone" / (name.replace("/", "_") + ".cpp"), line + line)
+        alone = folder / "alone" / (name.replace("/", "_") + ".cpp")
+        write(alone, line + line)
+        stale.discard(alone)
         includes += line
         for cls in exported_classes(header.read_text(encoding="utf-8")):
             uses += "    use<%s>();\n" % cls
+    for source in stale:  # of headers that are gone
+        source.unlink()
     if not uses:
         sys.exit("no exported class in %s" % include)
     write(folder / "every_header.cpp", includes + """

@@ -41,8 +41,9 @@ TEST(RandomEditsTest, comeBackOnAnEmptyScore)
 TEST(RandomEditsTest, useEveryOperation)
 {
     const SmallScore small;
-    const auto result = RandomRun{small.model, 24000, 7, 4}.run();
-    EXPECT_EQ(result.fault, "");
+    const RandomRun run{small.model, 24000, 7, 4};
+    const auto result = run.run();
+    ASSERT_EQ(result.fault, "") << run.findCulprit();
     for (const RandomOperation &operation : randomOperations())
         EXPECT_GT(result.tally.accepted.count(operation.name), 0U) << operation.name;
     EXPECT_GT(result.tally.macros, 50U);

@@ -191,7 +191,7 @@ const std::vector<RandomOperation> operations = {
          const auto text = drawn<std::string>(e, BeatAttribute::Text);
          return e.score.setBeatFreeText(e.places.range(), QString::fromStdString(text));
      }},
-    {"setBeatArpeggio", 2,
+    {"setBeatArpeggio", 6,
      [](EditedScore &e) {
          return e.score.setBeatArpeggio(e.places.range(), static_cast<Direction>(e.random.below(4)),
                                         e.random.below(4000));
@@ -282,7 +282,7 @@ const std::vector<RandomOperation> operations = {
      [](EditedScore &e) {
          return e.score.setStringedNoteBend(notes(e), drawn<Bend>(e, NoteAttribute::Bend));
      }},
-    {"setStringedNoteNaturalHarmonic", 2,
+    {"setStringedNoteNaturalHarmonic", 8,
      [](EditedScore &e) {
          return e.score.setStringedNoteNaturalHarmonic(notes(e), e.random.percent(80),
                                                        e.random.below(14));

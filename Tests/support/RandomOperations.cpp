@@ -340,7 +340,7 @@ const std::vector<RandomOperation> operations = {
      }},
     {"setConcertTone", 1,
      [](EditedScore &e) { return e.score.setConcertTone(e.random.between(210, 500)); }},
-    {"createBeat", 14,
+    {"createBeat", 24,
      [](EditedScore &e) { return e.score.createBeat(e.places.gap(), rhythm(e.random)); }},
     {"removeBeats", 4, [](EditedScore &e) { return e.score.removeBeats(e.places.range()); }},
     {"setBeatRhythm", 7,
@@ -350,8 +350,8 @@ const std::vector<RandomOperation> operations = {
          const auto value = static_cast<NoteDynamic::Value>(e.random.below(18));
          return e.score.setBeatDynamic(e.places.range(), value);
      }},
-    {"setStringedNote", 10, setStringedNote},
-    {"setMIDINote", 12, setMIDINote},
+    {"setStringedNote", 30, setStringedNote},
+    {"setMIDINote", 30, setMIDINote},
     {"automaticFingerPositioning", 3, automaticFingerPositioning},
     {"setNoteRest", 3, [](EditedScore &e) { return e.score.setNoteRest(e.places.range()); }},
 };

@@ -43,12 +43,12 @@ ChordMark chord(EditedScore &e, const ScoreModelIndex &place)
 }
 
 const std::vector<RandomOperation> operations = {
-    {"setChord", 2,
+    {"setChord", 6,
      [](EditedScore &e) {
          const auto place = e.places.beat();
          return e.score.setChord(place, chord(e, place));
      }},
-    {"unsetChord", 1, [](EditedScore &e) { return e.score.unsetChord(e.places.range()); }},
+    {"unsetChord", 5, [](EditedScore &e) { return e.score.unsetChord(e.places.range()); }},
     {"setLyrics", 2,
      [](EditedScore &e) {
          return e.score.setLyrics(e.places.track(), line(e.random), lyrics(e.random),

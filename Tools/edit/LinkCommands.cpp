@@ -49,33 +49,17 @@ const Choices &graceChoices()
     return choices;
 }
 
-const QString &stringOption()
-{
-    static const QString name = QStringLiteral("string");
-    return name;
-}
-
-/// The beats, or the note that is named by its string.
-ScoreModelRange targetNotes(EditSession &session, const Values &values)
-{
-    const ScoreModelRange beats = targetBeats(session, values);
-    const int *const string = values.option<int>(stringOption());
-    if (!string) {
-        ScoreModelRange all = beats;
-        all.setMultiSelection(true);
-        return all;
-    }
-    ScoreModelIndex place = beats.first();
-    place.setNoteString(static_cast<std::uint32_t>(*string));
-    return ScoreModelRange(place);
-}
-
 bool tie(EditSession &session, const Values &values)
 {
+    const ScoreModelRange beats = targetBeats(session, values);
     const bool checked = values.get(1, true);
-    return values.option<int>(stringOption())
-        ? session.score().setNoteTied(targetNotes(session, values), checked)
-        : session.score().setBeatTied(targetBeats(session, values), checked);
+    const int *const string = values.option<int>(QStringLiteral("string"));
+    if (!string)
+        return session.score().setBeatTied(beats, checked);
+    // There need be no note yet: the one that is held is written.
+    ScoreModelIndex place = beats.first();
+    place.setNoteString(static_cast<std::uint32_t>(*string));
+    return session.score().setNoteTied(ScoreModelRange(place), checked);
 }
 
 bool slur(EditSession &session, const Values &values)

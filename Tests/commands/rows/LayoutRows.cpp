@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "../CommandRows.h"
+
 #include "support/CommandLaw.h"
+#include <ZarnCore/commands/ZarnTransaction.h>
 
 #include <limits>
 
@@ -12,7 +14,7 @@ std::vector<CommandRow> layoutRows()
         {"SetLayout", [](SmallScore &s) { return s.score.setLayout(0, ViewLayout::SingleLine); },
          "ScoreViewLayoutChanged(0) ", nullptr, true},
         {"SetMultiRest", [](SmallScore &s) { return s.score.setMultiRest(0, true); },
-         "ScoreViewMultiRest(0) ", nullptr, true},
+         "ScoreViewMultiRest(1,0) ", "ScoreViewMultiRest(0,0) ", true},
         {"SetAutoLayout", [](SmallScore &s) { return s.score.setAutoLayout(-1); },
          "FullScoreSystemsLayoutChanged ScoreViewSystemLayoutChanged(0) ", nullptr, true},
         {"SetFixedLayout", [](SmallScore &s) { return s.score.setFixedLayout(-1, 3); },
@@ -46,6 +48,16 @@ std::vector<CommandRow> layoutRows()
          "BarLayoutRatiosChanged(4,5) ", nullptr},
         {"SetFermata", [](SmallScore &s) { return s.score.setFermata(s.at(1, 1), Fermata::Long); },
          "MasterBarFermata(1,1) ", nullptr},
+        {"EditFermata",
+         [](SmallScore &s) {
+             Transaction step(&s.score, QStringLiteral("EditFermata"));
+             if (!s.score.setFermata(s.at(1, 1), Fermata::Long)
+                 || !s.score.editFermata(1, 1, FermataMark::at(2, Fermata::Short)))
+                 return false;
+             step.commit();
+             return true;
+         },
+         "MasterBarFermata(1,1) MasterBarFermata(1,1) ", nullptr},
     };
 }
 

@@ -59,6 +59,12 @@ std::vector<CommandRow> noteRows()
                  ScoreModelRange(s.at(0, 1), SelectionMode::MultiSelection), Shift::Down);
          },
          "ModifyBarRange(0,0,0,0) ", nullptr},
+        {"ShiftOneStringUp",
+         [](SmallScore &s) {
+             return s.score.shiftOneString(
+                 ScoreModelRange(s.at(3, 0, 0, 2), SelectionMode::MultiSelection), Shift::Up);
+         },
+         "ModifyBarRange(0,0,3,3) ", nullptr},
         {"ShiftSemitone",
          [](SmallScore &s) { return s.score.shiftSemitone(s.from(0, 1, 0, 3), 2); },
          "ModifyBarRange(0,0,0,1) ", nullptr},

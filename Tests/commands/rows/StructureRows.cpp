@@ -48,6 +48,9 @@ RichScore &source()
 std::vector<CommandRow> structureRows()
 {
     return {
+        {"CompleteReduceBarsWithRests",
+         [](SmallScore &s) { return s.score.completeReduceBarsWithRests(s.everything(3, 3)); },
+         "ModifyBarRange(0,0,3,3) ", nullptr},
         {"ModifyBarRange",
          [](SmallScore &s) {
              auto first = barWithNote(60);
@@ -197,7 +200,7 @@ void expectStructureCommandsRefused(RichScore &rich)
             [&] { return score.moveVoice(rich.from(0, 0, 0, 1), 4); },
             // Notes in the way.
             [&] { return score.moveVoice(ScoreModelRange(rich.at(0, 0, 1, 0)), 2); },
-            [&] { return score.completeReduceBarsWithRests(rich.everything(0, 5)); },
+            [&] { return score.completeReduceBarsWithRests(rich.everything(0, 2)); },
             [&] { return score.arrangeBars(5, 5); },
             [&] { return score.arrangeBars(0, 6); },
             [&] { return score.arrangeBars(2, 1); },

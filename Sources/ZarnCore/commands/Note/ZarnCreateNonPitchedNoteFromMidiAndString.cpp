@@ -4,6 +4,7 @@
 #include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/commands/Note/NonPitchedNotes.h>
 #include <ZarnCore/model/ZarnBeat.h>
+#include <ZarnCore/model/ZarnStaff.h>
 
 #include <utility>
 
@@ -31,7 +32,9 @@ std::optional<WriteNote::Placement>
 CreateNonPitchedNoteFromMidiAndString::placement(const Staff &staff, const Beat &beat) const
 {
     const auto set = nonPitchedSetOf(staff);
-    if (set == nullptr)
+    const bool hasLine =
+        !staff.isFretted() || _string < static_cast<int>(staff.tuning().stringCount());
+    if (set == nullptr || !hasLine)
         return std::nullopt;
     auto position = positionOfArticulation(*set, set->indexOfArticulationWithMidi(_midi));
     auto replaced = beat.noteOnString(_string);

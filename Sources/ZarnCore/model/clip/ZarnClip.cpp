@@ -3,6 +3,7 @@
 
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/barring/BeatPour.h>
+#include <ZarnCore/model/notes/LinkFaults.h>
 #include <ZarnCore/model/places/BarSelection.h>
 #include <ZarnCore/model/places/ZarnBeatSpan.h>
 #include <ZarnCore/model/places/ZarnRangeBarIterator.h>
@@ -113,6 +114,15 @@ void appendRests(Stream &stream, const rational &until)
     stream.end = until;
 }
 
+/// What led out of the copied music leads to nothing in the clip.
+std::shared_ptr<ScoreModel> withoutBrokenLinks(std::shared_ptr<ScoreModel> model)
+{
+    for (const auto &track : model->tracks())
+        for (const auto &staff : track->staves())
+            takeBrokenLinksOff(*staff);
+    return model;
+}
+
 } // namespace
 
 bool Clip::isEmpty() const
@@ -156,7 +166,7 @@ Clip copyOfBars(ScoreModel &model, const ScoreModelRange &range)
             copyAutomations(source.automations(), track->mutableAutomations(), first, last);
         copy->addTrack(track);
     }
-    clip.model = std::move(copy);
+    clip.model = withoutBrokenLinks(std::move(copy));
     return clip;
 }
 
@@ -239,7 +249,7 @@ Clip copyOfBeats(ScoreModel &model, const ScoreModelRange &range)
         track->bar(0, staff)->ensureVoice(place[2])->insertBeats(0, std::move(stream.beats));
     }
     clip.firstStaff = tracks.size() == 1 ? tracks.begin()->second.first : 0;
-    clip.model = std::move(copy);
+    clip.model = withoutBrokenLinks(std::move(copy));
     return clip;
 }
 
