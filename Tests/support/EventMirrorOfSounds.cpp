@@ -44,8 +44,8 @@ void EventMirror::hear(const evt::RequestSoundChange &event)
 
 void EventMirror::hear(const evt::RequestSwapSounds &event)
 {
-    head(event.trackIndex())
-        .swapSounds(static_cast<unsigned>(event.first()), static_cast<unsigned>(event.second()));
+    readSound(event.trackIndex(), event.first());
+    readSound(event.trackIndex(), event.second());
 }
 
 void EventMirror::hear(const evt::RequestForcedSoundIndexChange &event)
@@ -112,9 +112,9 @@ void EventMirror::hear(const evt::RequestEffectChainClear &event)
 
 void EventMirror::hear(const evt::RequestEffectsSwap &event)
 {
-    if (event.trackIndex() < 0)
-        _known.head->masterTrack()->mutableMastering().mutableEffectChain().swapEffects(
-            static_cast<unsigned>(event.first()), static_cast<unsigned>(event.second()));
+    // Read, not swapped: taking back may tell of what was never told.
+    readMasterEffect(event.trackIndex(), event.first());
+    readMasterEffect(event.trackIndex(), event.second());
 }
 
 // Events of the mixer.

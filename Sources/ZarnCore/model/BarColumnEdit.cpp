@@ -173,7 +173,6 @@ BarColumns BarColumnEdit::take(unsigned first, unsigned last)
             blocks.push_back(staff->takeBars(first, last, LinkMode::Mend));
         taken.bars.push_back(std::move(blocks));
     }
-    taken.surroundings.links.settle();
     return taken;
 }
 

@@ -12,6 +12,8 @@ public:
     explicit BarColumnEdit(ScoreModel &model) : _model(model), _master(*model.masterTrack()) { }
 
     BarColumnSurroundings insertEmpty(unsigned index, unsigned count);
+    /// Leaves the links of the surroundings to be settled, when all is as it is without the
+    /// columns.
     BarColumns take(unsigned first, unsigned last);
 
     /// For columns that fit the model.

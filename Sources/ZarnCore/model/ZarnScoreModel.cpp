@@ -195,7 +195,9 @@ BarColumnSurroundings ScoreModel::insertEmptyBarColumns(unsigned index, unsigned
 
 BarColumns ScoreModel::takeBarColumns(unsigned first, unsigned last)
 {
-    return BarColumnEdit(*this).take(first, last);
+    BarColumns taken = BarColumnEdit(*this).take(first, last);
+    taken.surroundings.links.settle();
+    return taken;
 }
 
 void ScoreModel::putBackBarColumns(BarColumns columns)

@@ -224,6 +224,8 @@ void BarArrangement::addClefs(ContentSwap &swap, unsigned track, const Staff &st
 {
     std::vector<ClefChange> changes;
     const auto add = [&changes](const Length &time, ClefType clef) {
+        if (!changes.empty() && changes.back().position == time)
+            changes.pop_back();
         if (changes.empty() || changes.back().clef != clef)
             changes.push_back({time, clef});
     };
@@ -231,7 +233,7 @@ void BarArrangement::addClefs(ContentSwap &swap, unsigned track, const Staff &st
     for (unsigned bar = _first; bar <= _last; ++bar) {
         add(start, staff.bars()[bar]->clef());
         for (const ClefChange &change : staff.bars()[bar]->clefChanges())
-            add(start + change.position, change.clef);
+            add(start + std::min(change.position, _columns[bar - _first]), change.clef);
         start += _columns[bar - _first];
     }
     if (changes.size() < 2)

@@ -3,6 +3,7 @@
 
 #include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/events/ZarnBarEvents.h>
+#include <ZarnCore/model/BarColumnEdit.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/score/ZarnScoreBase.h>
 
@@ -45,8 +46,10 @@ void CreateBars::apply()
 
 void CreateBars::revert()
 {
-    _undone = model().takeBarColumns(_index, _index + _count - 1);
+    _undone = BarColumnEdit(model()).take(_index, _index + _count - 1);
     model().restoreSurroundings(_surroundings);
+    // Now the links are as they were without the columns, which a redo takes away again.
+    _undone->surroundings.links.settle();
     _changes.addAutomations(*_undone);
 }
 
