@@ -82,6 +82,20 @@ TEST_F(BarCommandsTest, undoneRemovalBringsTheVeryNodesBack)
     EXPECT_EQ(bar(5), created);
 }
 
+/// What a note holds on to is gone with the tie: it is bent by itself, each time that it is cut
+/// off.
+TEST_F(BarCommandsTest, insertedBarsCutOffBendsThatAreHeldOver)
+{
+    Note &held = *bar(1)->voice(0)->beat(0)->notes()[0];
+    held.setBend(Bend::of(BendType::HoldBend));
+    expectUndoable(score, [this] { return score.createBars(1, 1); });
+    score.createBars(1, 1);
+    score.commandStack().undo();
+    EXPECT_EQ(held.bend().type, BendType::HoldBend);
+    score.commandStack().redo();
+    EXPECT_EQ(held.bend().type, BendType::PreBend);
+}
+
 TEST_F(BarCommandsTest, similesDirectionsAndAutomationsComeBack)
 {
     bar(1)->setSimileMark(SimileMark::Simple);

@@ -72,11 +72,12 @@ void NoteAdaptation::adaptNotes(Beat &beat)
     if (_isUnpitched) {
         const auto track = _to.track();
         const auto set = track ? track->instrumentSet() : nullptr;
-        if (_isSamePercussion || set == nullptr)
-            return;
-        for (const auto &note : beat.takeNotes())
-            if (const auto added = addNoteOfSet(*set, beat, note->midi()))
-                added->setMarks(note->marks());
+        if (!_isSamePercussion && set != nullptr)
+            for (const auto &note : beat.takeNotes())
+                if (const auto added = addNoteOfSet(*set, beat, note->midi()))
+                    added->setMarks(note->marks());
+        if (_isFretted)
+            dropMissingLines(beat);
         return;
     }
     for (unsigned i = beat.noteCount(); i-- > 0;)
@@ -86,6 +87,14 @@ void NoteAdaptation::adaptNotes(Beat &beat)
         dropStrings(beat);
     else if (!_keepsFrets)
         placeOnStrings(beat);
+}
+
+/// Drums that are shown on lines as on strings lose those that the staff lacks.
+void NoteAdaptation::dropMissingLines(Beat &beat) const
+{
+    for (const auto &note : beat.notes())
+        if (note->string() >= static_cast<int>(_to.tuning().stringCount()))
+            note->setString(Note::Unset);
 }
 
 /// False for what has no pitch to write.

@@ -22,6 +22,7 @@ public:
 
 private:
     void adaptNotes(Beat &beat);
+    void dropMissingLines(Beat &beat) const;
     bool adaptPitch(Note &note) const;
     void placeOnStrings(Beat &beat);
     void dropStrings(Beat &beat) const;
