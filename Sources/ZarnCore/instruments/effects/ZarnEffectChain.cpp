@@ -14,8 +14,9 @@ const Effect &EffectChain::effect(unsigned slot) const noexcept
 void EffectChain::setEffect(unsigned slot, const Effect &effect)
 {
     ZARN_ASSERT_IN("zarn::EffectChain::setEffect", slot < maximumSlotCount);
-    // A copy first: the effect may be one of this chain's own.
-    Effect copy = effect;
+    // A copy first: the effect may be one of this chain's own. An empty slot keeps nothing, not
+    // even a name: documents do not say what stood there.
+    Effect copy = effect.isEmpty() ? Effect() : effect;
     if (slot >= _slots.size())
         _slots.resize(slot + 1);
     _slots[slot] = std::move(copy);
