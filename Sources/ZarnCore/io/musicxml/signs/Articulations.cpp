@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <type_traits>
 
 namespace zarn::io {
 
@@ -21,40 +22,19 @@ struct Articulation {
     BreathSign breath = BreathSign::None;
 };
 
+/// An element that means one thing.
+template <class Value>
+constexpr Articulation meaning(Tag tag, Value Articulation::*member,
+                               std::common_type_t<Value> value)
+{
+    Articulation articulation = {};
+    articulation.tag = tag;
+    articulation.*member = value;
+    return articulation;
+}
 constexpr Articulation accented(Tag tag, AccentFlags accents)
 {
-    Articulation articulation = {};
-    articulation.tag = tag;
-    articulation.accents = accents;
-    return articulation;
-}
-constexpr Articulation softened(Tag tag, AntiAccent antiAccent)
-{
-    Articulation articulation = {};
-    articulation.tag = tag;
-    articulation.antiAccent = antiAccent;
-    return articulation;
-}
-constexpr Articulation slidInto(Tag tag, SlideIn slide)
-{
-    Articulation articulation = {};
-    articulation.tag = tag;
-    articulation.slideIn = slide;
-    return articulation;
-}
-constexpr Articulation slidOutOf(Tag tag, SlideOut slide)
-{
-    Articulation articulation = {};
-    articulation.tag = tag;
-    articulation.slideOut = slide;
-    return articulation;
-}
-constexpr Articulation broken(Tag tag, BreathSign sign)
-{
-    Articulation articulation = {};
-    articulation.tag = tag;
-    articulation.breath = sign;
-    return articulation;
+    return meaning(tag, &Articulation::accents, accents);
 }
 
 constexpr AccentFlags detachedLegato = AccentFlags(AccentFlag::Staccato).with(AccentFlag::Tenuto);
@@ -69,13 +49,13 @@ constexpr Articulation articulations[] = {
     accented(Tag::Tenuto, AccentFlag::Tenuto),
     accented(Tag::Spiccato, AccentFlag::Staccatissimo),
     accented(Tag::Stress, AccentFlag::Accent),
-    softened(Tag::Unstress, AntiAccent::Soft),
-    slidInto(Tag::Scoop, SlideIn::FromBelow),
-    slidInto(Tag::Plop, SlideIn::FromAbove),
-    slidOutOf(Tag::Doit, SlideOut::Upwards),
-    slidOutOf(Tag::Falloff, SlideOut::Downwards),
-    broken(Tag::BreathMark, BreathSign::Breath),
-    broken(Tag::Caesura, BreathSign::Caesura),
+    meaning(Tag::Unstress, &Articulation::antiAccent, AntiAccent::Soft),
+    meaning(Tag::Scoop, &Articulation::slideIn, SlideIn::FromBelow),
+    meaning(Tag::Plop, &Articulation::slideIn, SlideIn::FromAbove),
+    meaning(Tag::Doit, &Articulation::slideOut, SlideOut::Upwards),
+    meaning(Tag::Falloff, &Articulation::slideOut, SlideOut::Downwards),
+    meaning(Tag::BreathMark, &Articulation::breath, BreathSign::Breath),
+    meaning(Tag::Caesura, &Articulation::breath, BreathSign::Caesura),
 };
 
 } // namespace
