@@ -28,12 +28,6 @@ QString dashed(const QString &text)
     return result;
 }
 
-template <class E>
-std::pair<QString, int> choice(const char *text, E value)
-{
-    return {QLatin1String(text), static_cast<int>(value)};
-}
-
 /// The values 0 to `count` - 1 of an enumeration by their printed texts.
 template <class E, class Print>
 Choices numbered(int count, Print print)

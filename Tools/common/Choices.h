@@ -11,6 +11,13 @@ namespace zarn::tool {
 /// Words that stand for numbers.
 using Choices = std::vector<std::pair<QString, int>>;
 
+/// A word for a value of an enumeration.
+template <class E>
+Choices::value_type choice(const char *word, E value)
+{
+    return {QLatin1String(word), static_cast<int>(value)};
+}
+
 /// Words that stand for the values of the library's enumerations, as people type them.
 const Choices &clefChoices();
 const Choices &dynamicChoices(); ///< "none", "pppp" to "ffff"

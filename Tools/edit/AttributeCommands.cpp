@@ -117,15 +117,6 @@ AttributeValue valueOf(const Values &values, std::size_t parameter, const Attrib
                         .arg(word, QString::fromStdString(range.description())));
 }
 
-/// Beats as `targetBeats` finds them; as notes, all of the beats that the line names.
-ScoreModelRange meantNotes(EditSession &session, const Values &values)
-{
-    ScoreModelRange range = targetBeats(session, values);
-    if (values.has(0))
-        range.setMultiSelection(true);
-    return range;
-}
-
 bool refuse(const Values &values, const QString &attribute)
 {
     throw LineError(values.column(0), QStringLiteral("nothing here takes \"%1\"").arg(attribute));
@@ -145,7 +136,7 @@ bool set(EditSession &session, const Values &values)
     if (number >= SecondTable) {
         const auto id = static_cast<NoteAttribute>(number - SecondTable);
         const AttributeValue value = valueOf(values, 2, rowOf(id).range);
-        return session.score().setNoteAttribute(meantNotes(session, values), id, value)
+        return session.score().setNoteAttribute(targetNotes(session, values), id, value)
             || refuse(values, nameIn(beatAndNoteNames(), number));
     }
     const auto id = static_cast<BeatAttribute>(number);
@@ -162,7 +153,7 @@ bool unset(EditSession &session, const Values &values)
                                                   static_cast<BeatAttribute>(number))
             || refuse(values, nameIn(beatAndNoteNames(), number));
     const auto id = static_cast<NoteAttribute>(number - SecondTable);
-    return session.score().setNoteAttribute(meantNotes(session, values), id, defaultOf(rowOf(id)))
+    return session.score().setNoteAttribute(targetNotes(session, values), id, defaultOf(rowOf(id)))
         || refuse(values, nameIn(beatAndNoteNames(), number));
 }
 

@@ -20,12 +20,6 @@ namespace {
 constexpr int HighestFret = 36;
 constexpr double QuarterTones = 2; ///< in a semitone
 
-template <class E>
-std::pair<QString, int> choice(const char *text, E value)
-{
-    return {QLatin1String(text), static_cast<int>(value)};
-}
-
 const Choices &strokeChoices()
 {
     static const Choices choices = {choice("down", Direction::Down), choice("up", Direction::Up),

@@ -24,12 +24,6 @@ constexpr int HighestPartial = 12;
 constexpr double QuarterTones = 4; ///< in a whole tone
 constexpr int Off = 0;             ///< of choices that have no enumerator for it
 
-template <class E>
-std::pair<QString, int> choice(const char *text, E value)
-{
-    return {QLatin1String(text), static_cast<int>(value)};
-}
-
 const Choices &bendChoices()
 {
     static const Choices choices = {

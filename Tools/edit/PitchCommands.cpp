@@ -20,12 +20,6 @@ constexpr int HighestKey = 127;
 constexpr int MostDots = 3;
 constexpr int MostLines = 16;
 
-template <class E>
-std::pair<QString, int> choice(const char *text, E value)
-{
-    return {QLatin1String(text), static_cast<int>(value)};
-}
-
 const Choices &shiftChoices()
 {
     static const Choices choices = {choice("down", Shift::Down), choice("up", Shift::Up)};

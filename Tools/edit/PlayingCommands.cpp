@@ -19,9 +19,6 @@ unsigned index(const Values &values, std::size_t parameter)
 
 const Choices &playingStyleChoices()
 {
-    const auto choice = [](const char *word, PlayingStyle style) {
-        return std::pair(QString(QLatin1String(word)), static_cast<int>(style));
-    };
     static const Choices choices = {
         choice("default", PlayingStyle::Default),
         choice("pick", PlayingStyle::StringedPick),
