@@ -121,8 +121,8 @@ int main(int argc, char **argv)
     constexpr double mostOfBuilding = 3;
     bench::RatioReport report;
     report.compare(
-        "bars: arrange 8 voices of 2,000 bars over 200 bars", mostTimes,
-        [](State &state) { arrange(state, 200); }, [](State &state) { arrange(state, 2000); },
+        "bars: arrange 8 voices of 20,000 bars over 2,000 bars", mostTimes,
+        [](State &state) { arrange(state, 2000); }, [](State &state) { arrange(state, 20'000); },
         Timing::Manual);
     report.compare(
         "bars: arrange 8 voices of 2,000 bars over building them", mostOfBuilding,

@@ -93,7 +93,8 @@ bool NoteMover::moveSpan(const Voice &voice, const BeatSpan &span)
         if (!moveBeat(*voice.beats()[i], line.held))
             return false;
         line.held = heldOn(Direction::Forwards);
-        write();
+        if (_mode == Mode::Change)
+            write();
         if (_isBeginning && !moveTied(voice, i, heldOn(Direction::Backwards), Direction::Backwards))
             return false;
     }
@@ -120,11 +121,11 @@ void NoteMover::enterStretch(unsigned bar, bool areStringsChanged)
 void NoteMover::read(const Beat &beat)
 {
     _movers.clear();
+    _areAnyTied = false;
     for (const auto &note : beat.notes()) {
-        _movers.emplace_back();
-        _movers.back().note = note.get();
-        _movers.back().from = NotePosition(*note);
-        _movers.back().to = _movers.back().from;
+        const NotePosition position(*note);
+        _movers.push_back({note.get(), position, position, std::nullopt, false});
+        _areAnyTied = _areAnyTied || note->isTied() || note->isTieOrigin();
     }
 }
 
@@ -271,6 +272,8 @@ void NoteMover::takeFrom(const std::vector<Held> &held, Direction direction)
 std::vector<NoteMover::Held> NoteMover::heldOn(Direction direction) const
 {
     std::vector<Held> held;
+    if (!_areAnyTied)
+        return held;
     for (const Mover &mover : _movers) {
         const bool isHeld =
             direction == Direction::Forwards ? mover.note->isTieOrigin() : mover.note->isTied();
@@ -282,8 +285,6 @@ std::vector<NoteMover::Held> NoteMover::heldOn(Direction direction) const
 
 void NoteMover::write()
 {
-    if (_mode == Mode::Check)
-        return;
     bool isAnyChanged = false;
     for (const Mover &mover : _movers) {
         _command._kept.keep(mover.from);

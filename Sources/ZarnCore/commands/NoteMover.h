@@ -36,11 +36,11 @@ private:
 
     /// A note of the beat at hand.
     struct Mover {
-        Note *note = nullptr;
+        Note *note;
         NotePosition from;
         NotePosition to;
         std::optional<int> soughtPitch;
-        bool isMoved = false;
+        bool isMoved;
     };
 
     /// A voice of the staff at hand, as far as it has been walked.
@@ -84,6 +84,7 @@ private:
     unsigned _bar = 0;
     std::array<Line, Bar::MaxVoices> _lines;
     std::vector<Mover> _movers; ///< of the beat at hand
+    bool _areAnyTied = false;   ///< of its notes
     bool _isBeginning = false;  ///< whether no beat in front of it in its voice has been walked
     bool _isAnyTaken = false;
 };

@@ -36,15 +36,15 @@ std::vector<ChangeLinks::Line> ChangeLinks::lines(const std::vector<BeatSpan> &s
         const auto number =
             lineOfVoice.emplace(std::make_tuple(span.track, span.staff, span.voice), lines.size());
         const bool goesOn = !number.second && before != nullptr
-            && lines[number.first->second].beats.back() == before.get();
+            && lines[number.first->second].beats.back() == before;
         if (!goesOn) {
             number.first->second = lines.size();
-            lines.push_back({before.get(), {}, nullptr});
+            lines.push_back({before, {}, nullptr});
         }
         Line &line = lines[number.first->second];
         for (unsigned i = span.firstBeat; i <= span.lastBeat; ++i)
             line.beats.push_back(voice.beats()[i].get());
-        line.behind = behind.get();
+        line.behind = behind;
     }
     return lines;
 }

@@ -145,14 +145,14 @@ void TieBeats::addSpan(const BeatSpan &span, Made &made, Replacements &all) cons
     bool goesOn = false;
     for (unsigned i = span.firstBeat; i <= span.lastBeat; ++i) {
         const Beat &beat = *voice.beats()[i];
-        auto before = beatInFrontOfJoint(voice, i);
-        const auto found = before ? made.find(before.get()) : made.end();
+        Beat *before = beatInFrontOfJoint(voice, i);
+        const auto found = before ? made.find(before) : made.end();
         const bool isNew = found != made.end();
         if (isNew)
-            before = found->second;
+            before = found->second.get();
         Beats beats;
         if (!_checked)
-            beats = untied(place, beat, before.get(), isNew);
+            beats = untied(place, beat, before, isNew);
         else if (before)
             beats = tied(place, beat, *before, isNew);
         if (beats.empty()) {

@@ -81,7 +81,7 @@ bool hasStringsOfDiagram(const Staff &staff, const Beat &, const AttributeValue 
     return !chord.diagram || chord.diagram->frets.size() == staff.tuning().stringCount();
 }
 
-std::shared_ptr<Beat> nextOf(const Beat &beat)
+const Beat *nextOf(const Beat &beat)
 {
     const auto voice = beat.parentVoice();
     return voice ? beatBehindJoint(*voice, beat.index() + 1) : nullptr;

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstddef>
-#include <optional>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -20,6 +19,7 @@ public:
     void clear() noexcept
     {
         _pending.clear();
+        _pendingDetails.clear();
         _marks.clear();
         _details.clear();
     }
@@ -28,9 +28,9 @@ public:
     /// Keeps a node that is about to be changed; `settle` follows the change.
     void keep(const Node &node)
     {
-        _pending.push_back({&node, _marks.size(), {}});
         if (node.hasDetails())
-            _pending.back().details = node.details();
+            _pendingDetails.emplace_back(_marks.size(), node.details());
+        _pending.push_back(&node);
         _marks.push_back(node.marks());
     }
 
@@ -44,19 +44,24 @@ public:
     template <class Visit>
     void settle(Visit visitChanged)
     {
-        for (Pending &pending : _pending) {
-            bool isChanged = pending.node->marks() != _marks[pending.number];
-            if (pending.details || pending.node->hasDetails()) {
-                Details details = pending.details ? *std::move(pending.details) : Details();
-                if (details != pending.node->details()) {
+        std::size_t number = _marks.size() - _pending.size();
+        auto before = _pendingDetails.begin();
+        for (const Node *const node : _pending) {
+            bool isChanged = node->marks() != _marks[number];
+            const bool hadDetails = before != _pendingDetails.end() && before->first == number;
+            if (hadDetails || node->hasDetails()) {
+                Details details = hadDetails ? std::move(before++->second) : Details();
+                if (details != node->details()) {
                     isChanged = true;
-                    _details.emplace_back(pending.number, std::move(details));
+                    _details.emplace_back(number, std::move(details));
                 }
             }
             if (isChanged)
-                visitChanged(pending.number);
+                visitChanged(number);
+            ++number;
         }
         _pending.clear();
+        _pendingDetails.clear();
     }
 
     /// Gives back what the nodes had, one after the other in the order in which they were kept.
@@ -89,15 +94,12 @@ public:
     };
 
 private:
-    struct Pending {
-        const Node *node;
-        std::size_t number;
-        std::optional<Details> details;
-    };
+    using NumberedDetails = std::vector<std::pair<std::size_t, Details>>; ///< by number of the node
 
-    std::vector<Pending> _pending;
+    std::vector<const Node *> _pending; ///< the last ones that are kept, until `settle`
+    NumberedDetails _pendingDetails;
     std::vector<Marks> _marks;
-    std::vector<std::pair<std::size_t, Details>> _details; ///< with the number of the node
+    NumberedDetails _details;
 };
 
 } // namespace zarn

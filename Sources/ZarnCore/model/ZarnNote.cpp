@@ -34,16 +34,23 @@ std::optional<PitchClass> Note::spelling() const
 {
     if (_spelling == NoSpelling)
         return std::nullopt;
-    return PitchClass(NoteName(static_cast<NoteName::Value>(_spelling % 8)),
-                      NoteAccidental(static_cast<NoteAccidental::Value>(_spelling / 8)));
+    return PitchClass(static_cast<NoteName::Value>(_spelling / spelling::accidentalCount),
+                      static_cast<NoteAccidental::Value>(_spelling % spelling::accidentalCount));
 }
 
-void Note::setSpelling(const PitchClass &spelling)
+void Note::setSpelling(const PitchClass &pitchClass)
 {
-    const auto name = static_cast<std::uint32_t>(spelling.note().value());
-    const auto accidental = static_cast<std::uint32_t>(spelling.accidental().value());
-    ZARN_ASSERT_IN("zarn::Note::setSpelling", name < 7 && accidental < 31);
-    _spelling = accidental * 8 + name;
+    ZARN_ASSERT_IN("zarn::Note::setSpelling", static_cast<bool>(pitchClass));
+    const auto letter = static_cast<unsigned>(pitchClass.note().value());
+    const auto accidental = static_cast<unsigned>(pitchClass.accidental().value());
+    _spelling = letter * spelling::accidentalCount + accidental;
+}
+
+void Note::setSpellingNumber(std::uint8_t number)
+{
+    ZARN_ASSERT_IN("zarn::Note::setSpellingNumber",
+                   number < spelling::spellingCount || number == NoSpelling);
+    _spelling = number;
 }
 
 void Note::setString(int string)

@@ -47,8 +47,14 @@ public:
 
     /// How the written pitch is spelled; nothing when the key signature decides.
     std::optional<PitchClass> spelling() const;
-    void setSpelling(const PitchClass &spelling);
+    void setSpelling(const PitchClass &pitchClass);
     void clearSpelling() noexcept { _spelling = NoSpelling; }
+
+    /// The same as a number: letter (C = 0) times 5 plus accidental (double flat = 0);
+    /// `NoSpelling` for none.
+    std::uint8_t spellingNumber() const noexcept { return static_cast<std::uint8_t>(_spelling); }
+    void setSpellingNumber(std::uint8_t number);
+    static constexpr std::uint8_t NoSpelling = 0xFF;
 
     /// String of the staff's tuning, 0 the lowest; -1 when unset.
     int string() const noexcept { return _string; }
@@ -96,8 +102,6 @@ public:
 private:
     friend struct ChildLinkAccess;
     friend class NoteMarkAccessors<Note>;
-
-    static constexpr std::uint32_t NoSpelling = 0xFF;
 
     // Scores hold notes by the hundred thousand: the first part of this is eight bytes, and so are
     // the marks.

@@ -3,6 +3,7 @@
 
 #include <ZarnCore/commands/Bar/ContentSwap.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/notes/StringLinks.h>
 #include <ZarnCore/model/notes/Ties.h>
 #include <ZarnCore/model/places/BarSelection.h>
 
@@ -52,6 +53,14 @@ unsigned writtenBarCount(const std::vector<Voice::Beats> &bars)
     while (count > 0 && isSilent(bars[count - 1]))
         --count;
     return count;
+}
+
+/// Whether a hammer-on or a slide starts there: its aim has to be in the next bar at the latest.
+bool leadsOverStrings(const Beat &beat)
+{
+    const auto &notes = beat.notes();
+    return std::any_of(notes.begin(), notes.end(),
+                       [](const auto &note) { return isLinkedToNext(*note); });
 }
 
 double toDouble(const rational &value)
@@ -147,12 +156,16 @@ void BarArrangement::pour(unsigned track, const Staff &staff, unsigned slot)
         hasBeats = true;
         // What a simile mark stands for is in its own bar as well.
         const bool isCopied = staff.bars()[bar]->isSimile();
+        if (isCopied)
+            poured.part();
         Length used;
         for (const auto &beat : voice->beats()) {
             const Length length = beat->isWholeBarRest() ? column : beat->length();
             poured.add(isCopied ? beat->clone() : beat, length);
             used += length;
         }
+        if (isCopied)
+            poured.part();
         gap = used < column ? column - used : Length();
     }
     poured.end();
@@ -191,9 +204,15 @@ void BarArrangement::addVoice(ContentSwap &swap, PouredVoice &voice) const
     const auto placeOf = [&](unsigned bar) {
         return VoicePlace{voice.track, voice.staff, _first + _shift + bar, voice.voice};
     };
-    for (unsigned bar = 0; bar < bars.size() && bar < barCount(); ++bar)
-        if (!bars[bar].empty())
-            swap.setBeats(placeOf(bar), std::move(bars[bar]));
+    for (unsigned bar = 0; bar < bars.size() && bar < barCount(); ++bar) {
+        if (bars[bar].empty())
+            continue;
+        const bool mayBeTooFar =
+            std::any_of(bars[bar].begin(), bars[bar].end(),
+                        [](const auto &beat) { return leadsOverStrings(*beat); });
+        swap.setBeats(placeOf(bar), std::move(bars[bar]),
+                      mayBeTooFar ? ContentSwap::Joints::Found : ContentSwap::Joints::Named);
+    }
     for (const auto &[bar, beat] : voice.poured.partedJoints())
         if (bar < barCount())
             swap.addJoint(placeOf(bar), beat);

@@ -29,11 +29,12 @@ Bar &barAt(const ScoreModel &model, const std::tuple<unsigned, unsigned, unsigne
 
 } // namespace
 
-void ContentSwap::setBeats(const VoicePlace &place, Beats beats)
+void ContentSwap::setBeats(const VoicePlace &place, Beats beats, Joints joints)
 {
     Content &content = _voices[place];
     content.beats = std::move(beats);
     content.hasSlot = true;
+    content.joints = joints;
 }
 
 void ContentSwap::dropVoice(const VoicePlace &place)
@@ -41,6 +42,7 @@ void ContentSwap::dropVoice(const VoicePlace &place)
     Content &content = _voices[place];
     content.beats.clear();
     content.hasSlot = false;
+    content.joints = Joints::Found;
 }
 
 const ContentSwap::Beats *ContentSwap::beatsAt(const VoicePlace &place) const
@@ -200,6 +202,8 @@ void ContentSwap::collectTouched(const ScoreModel &model)
 void ContentSwap::addChangedJoints(const ScoreModel &model)
 {
     for (const auto &[place, content] : _voices) {
+        if (content.joints == Joints::Named)
+            continue;
         const Voice *const voice =
             voiceOf(model, BeatSpan{place.track, place.staff, place.bar, place.voice, 0, 0});
         std::unordered_map<const Beat *, std::size_t> before;

@@ -40,9 +40,13 @@ class ContentSwap {
 public:
     using Beats = Voice::Beats;
 
+    /// Who finds the joints of beats that were not neighbours in their voice before: this one, or
+    /// the caller, who names them with `addJoint` and `addNewBeats`.
+    enum class Joints { Found, Named };
+
     /// All beats that a voice is to have; one that is missing is made. Named again, a place takes
     /// the newer list.
-    void setBeats(const VoicePlace &place, Beats beats);
+    void setBeats(const VoicePlace &place, Beats beats, Joints joints = Joints::Found);
 
     /// Takes the voice out of its bar.
     void dropVoice(const VoicePlace &place);
@@ -55,8 +59,7 @@ public:
                   std::vector<ClefChange> changes);
     void setFermatas(unsigned bar, FermataMarks marks);
 
-    /// See `KeptJoints`; by the numbers that hold after the exchange. Joints of beats that were not
-    /// neighbours in their voice before need not be named.
+    /// See `KeptJoints`; by the numbers that hold after the exchange.
     void addJoint(const VoicePlace &place, unsigned beat);
     void addNewBeats(const VoicePlace &place, unsigned first, unsigned end);
     void addBarLine(unsigned track, unsigned staff, unsigned bar);
@@ -84,6 +87,7 @@ private:
     struct Content {
         Beats beats;
         bool hasSlot = true;
+        Joints joints = Joints::Found;
         std::shared_ptr<Voice> voice; ///< while it is out of the bar
     };
     struct Clefs {

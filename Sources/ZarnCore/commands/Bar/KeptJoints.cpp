@@ -4,6 +4,7 @@
 #include <ZarnCore/commands/ZarnTouchedBars.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/notes/Links.h>
+#include <ZarnCore/model/notes/Ties.h>
 #include <ZarnCore/model/places/ZarnBeatSpan.h>
 
 #include <algorithm>
@@ -59,8 +60,11 @@ void KeptJoints::mend(const ScoreModel &model, TouchedBars &touched)
 {
     for (const Place &joint : _joints)
         mendLinks(*voiceAt(model, joint), joint.beat, joint.beat);
-    for (const auto &[first, end] : _new)
-        mendThroughout(*voiceAt(model, first), first.beat, end);
+    for (const auto &[first, end] : _new) {
+        Voice &voice = *voiceAt(model, first);
+        mendTiesThroughout(voice, first.beat, end);
+        mendThroughout(voice, first.beat, end);
+    }
     _kept.settle();
     for (const Place &place : _kept.changed())
         touched.add(place.track, place.staff, place.bar, place.bar);

@@ -12,6 +12,7 @@
 #include <ZarnCore/score/ZarnScoreBase.h>
 
 #include <algorithm>
+#include <functional>
 
 namespace zarn {
 
@@ -28,6 +29,13 @@ void addToRuns(std::vector<std::pair<unsigned, unsigned>> &runs, unsigned bar)
         runs.back().second = bar;
     else
         runs.emplace_back(bar, bar);
+}
+
+template <class Node>
+bool areDifferent(std::vector<const Node *> nodes)
+{
+    std::sort(nodes.begin(), nodes.end(), std::less<>());
+    return std::adjacent_find(nodes.begin(), nodes.end()) == nodes.end();
 }
 
 /// Half of a double simile without the other one, or a mark that has nothing in front to repeat.
@@ -61,15 +69,17 @@ bool SwapBars::prepare(Score *score, std::vector<BarStretch> stretches)
 {
     setScore(score);
     _stretches = std::move(stretches);
-    std::set<const Bar *> seen;
+    std::vector<const Bar *> seen;
     for (const BarStretch &stretch : _stretches) {
         if (stretch.bars.empty())
             return false;
-        for (const auto &bar : stretch.bars)
-            if (bar == nullptr || bar->parentStaff() != nullptr || !seen.insert(bar.get()).second)
+        for (const auto &bar : stretch.bars) {
+            if (bar == nullptr || bar->parentStaff() != nullptr)
                 return false;
+            seen.push_back(bar.get());
+        }
     }
-    return !_stretches.empty();
+    return !_stretches.empty() && areDifferent(std::move(seen));
 }
 
 bool SwapBars::prepareColumns(Score *score, std::vector<BarStretch> stretches, unsigned first,
@@ -78,11 +88,13 @@ bool SwapBars::prepareColumns(Score *score, std::vector<BarStretch> stretches, u
     _areColumns = true;
     _firstMasterBar = first;
     _masterBars = std::move(masterBars);
-    std::set<const MasterBar *> seen;
-    for (const auto &bar : _masterBars)
-        if (bar == nullptr || bar->parentMasterTrack() != nullptr || !seen.insert(bar.get()).second)
+    std::vector<const MasterBar *> seen;
+    for (const auto &bar : _masterBars) {
+        if (bar == nullptr || bar->parentMasterTrack() != nullptr)
             return false;
-    if (_masterBars.empty())
+        seen.push_back(bar.get());
+    }
+    if (_masterBars.empty() || !areDifferent(std::move(seen)))
         return false;
     setScore(score);
     return stretches.empty() || prepare(score, std::move(stretches));

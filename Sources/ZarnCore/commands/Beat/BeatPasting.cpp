@@ -14,10 +14,25 @@
 
 namespace zarn {
 
+namespace {
+
+utils::rational lengthOf(const Clip &clip)
+{
+    utils::rational longest;
+    for (const auto &track : clip.model->tracks())
+        for (const auto &staff : track->staves())
+            for (const auto &voice : staff->bars()[0]->voices())
+                if (voice != nullptr)
+                    longest = std::max(longest, voice->length());
+    return longest;
+}
+
+} // namespace
+
 BeatPasting::BeatPasting(const ScoreModel &model, const Clip &clip, const ScoreModelIndex &place,
                          unsigned times, PasteMode mode)
     : _model(model), _clip(clip), _place(place), _bar(static_cast<unsigned>(place.barIndex())),
-      _times(times), _mode(mode)
+      _times(times), _mode(mode), _clipLength(lengthOf(clip))
 {
     if (isThere())
         _start = startTime();
@@ -44,11 +59,11 @@ bool BeatPasting::isPossible() const
         return false;
     const auto staves = pastedStaves(_model, _clip, static_cast<unsigned>(_place.trackIndex()),
                                      _place.staffIndex());
-    if (!staves || lengthOfClip().sign() <= 0)
+    if (!staves || _clipLength.sign() <= 0)
         return false;
     if (_mode == PasteMode::Insert)
         return true;
-    const auto lengths = barLengths(_start + lengthOfClip() * Length(_times));
+    const auto lengths = barLengths(_start + _clipLength * Length(_times));
     const unsigned end = _bar + static_cast<unsigned>(lengths.size());
     if (end > MasterTrack::MaxBars)
         return false;
@@ -58,17 +73,6 @@ bool BeatPasting::isPossible() const
             if (pasted.to->bars()[bar]->isSimile())
                 return false;
     return true;
-}
-
-BeatPasting::Length BeatPasting::lengthOfClip() const
-{
-    Length longest;
-    for (const auto &track : _clip.model->tracks())
-        for (const auto &staff : track->staves())
-            for (const auto &voice : staff->bars()[0]->voices())
-                if (voice != nullptr)
-                    longest = std::max(longest, voice->length());
-    return longest;
 }
 
 BeatPasting::Length BeatPasting::startTime() const
@@ -130,7 +134,7 @@ BeatPasting::Beats BeatPasting::copiesOf(const Voice &voice, const PastedStaff &
         beats.push_back(beat->clone());
     NoteAdaptation(*pasted.from, *pasted.to).adapt(beats);
     std::vector<RhythmValue> pause;
-    RhythmValue::rhythms(lengthOfClip() - voice.length(), pause);
+    RhythmValue::rhythms(_clipLength - voice.length(), pause);
     const std::size_t count = beats.size();
     beats.reserve((count + pause.size()) * _times);
     for (unsigned i = 1; i < _times; ++i) {
@@ -168,7 +172,7 @@ unsigned BeatPasting::addTo(ContentSwap &swap)
             insert(swap, std::move(stream));
         return _bar + 1;
     }
-    const auto lengths = barLengths(_start + lengthOfClip() * Length(_times));
+    const auto lengths = barLengths(_start + _clipLength * Length(_times));
     unsigned barCount = _bar + 1;
     for (const Stream &stream : all) {
         writeOutSimiles(swap, stream, static_cast<unsigned>(lengths.size()));
@@ -273,11 +277,13 @@ unsigned BeatPasting::pour(ContentSwap &swap, const Stream &stream,
         const auto behind = static_cast<unsigned>(beats.size());
         append(beats, beatsFrom(old, restLength, to));
         swap.addNewBeats(place, first, behind);
-        swap.setBeats(place, std::move(beats));
+        const bool isAllNew = first == 0 && behind == beats.size();
+        swap.setBeats(place, std::move(beats),
+                      isAllNew ? ContentSwap::Joints::Named : ContentSwap::Joints::Found);
         // Inner bar lines lead from one pasted beat to the next.
         if (i == 0 || first != 0)
             swap.addJoint(place, first);
-        if (i + 1 == bars.size() || behind != beats.size())
+        if (i + 1 == bars.size() || !isAllNew)
             swap.addJoint(place, behind);
     }
     return _bar + static_cast<unsigned>(bars.size());

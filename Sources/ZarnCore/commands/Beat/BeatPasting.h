@@ -38,7 +38,6 @@ private:
     };
 
     bool isThere() const;
-    Length lengthOfClip() const;
     Length startTime() const;
     std::vector<Length> barLengths(const Length &until) const;
     std::vector<Stream> streams() const;
@@ -56,7 +55,8 @@ private:
     unsigned _bar;
     unsigned _times;
     PasteMode _mode;
-    Length _start; ///< time of the place in its bar
+    Length _start;      ///< time of the place in its bar
+    Length _clipLength; ///< of its longest voice
 };
 
 } // namespace zarn

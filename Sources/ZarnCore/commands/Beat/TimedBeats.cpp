@@ -109,14 +109,13 @@ Beats beatsUntil(const Beats &beats, const rational &barLength, const rational &
 {
     Beats front;
     rational end;
-    for (const TimedBeat &beat : timed(beats, barLength, rational())) {
-        if (!(beat.from < time))
-            break;
-        end = beat.to;
-        if (beat.to <= time)
-            front.push_back(beat.beat);
+    for (auto beat = beats.begin(); beat != beats.end() && end < time; ++beat) {
+        const rational from = end;
+        end += timeOf(**beat, barLength);
+        if (end <= time)
+            front.push_back(*beat);
         else
-            append(front, cutBeat(*beat.beat, {time - beat.from, beat.to - time}).front());
+            append(front, cutBeat(**beat, {time - from, end - time}).front());
     }
     if (end < time)
         append(front, placeHolders(time - end));
@@ -126,18 +125,21 @@ Beats beatsUntil(const Beats &beats, const rational &barLength, const rational &
 Beats beatsFrom(const Beats &beats, const rational &barLength, const rational &time)
 {
     Beats back;
-    for (const TimedBeat &beat : timed(beats, barLength, rational())) {
-        if (beat.to < time || (beat.to == time && beat.from < time))
-            continue;
-        if (!(beat.from < time)) {
-            back.push_back(beat.beat);
+    rational end;
+    for (const auto &beat : beats) {
+        const rational from = end;
+        end += timeOf(*beat, barLength);
+        if (!(from < time)) {
+            back.push_back(beat);
             continue;
         }
+        if (end <= time)
+            continue;
         std::vector<RhythmValue> rhythms;
-        RhythmValue::rhythms(beat.to - time, rhythms);
+        RhythmValue::rhythms(end - time, rhythms);
         for (const RhythmValue &rhythm : rhythms) {
             back.push_back(std::make_shared<Beat>(rhythm));
-            back.back()->setPlaceHolder(beat.beat->isPlaceHolder());
+            back.back()->setPlaceHolder(beat->isPlaceHolder());
         }
     }
     return back;

@@ -77,9 +77,9 @@ void BeatPour::advance(const Length &length)
     _offset += length;
 }
 
-/// The joint in front of the next beat.
 void BeatPour::part()
 {
+    leaveFullBar();
     _parted.emplace_back(_bar, static_cast<unsigned>(here().size()));
 }
 
@@ -91,13 +91,13 @@ void BeatPour::add(const std::shared_ptr<Beat> &beat, const Length &length)
     }
     leaveFullBar();
     addGraces();
-    const bool isWhole = beat->isWholeBarRest();
-    const bool fillsBar = _offset.sign() == 0 && length == lengthOf(_bar);
-    const bool fits = !(lengthOf(_bar) < _offset + length);
-    if (isWhole ? fillsBar : fits) {
+    const Length end = _offset + length;
+    const bool fits = beat->isWholeBarRest() ? _offset.sign() == 0 && length == lengthOf(_bar)
+                                             : !(lengthOf(_bar) < end);
+    if (fits) {
         here().push_back(beat);
-        _before = beat;
-        advance(length);
+        _before = beat.get();
+        _offset = end;
         return;
     }
     // A tremolo that leads here has lost a beat of its own length.
@@ -105,7 +105,7 @@ void BeatPour::add(const std::shared_ptr<Beat> &beat, const Length &length)
         part();
     const std::vector<Length> parts = segments(length);
     const std::vector<Voice::Beats> pieces = cutBeat(*beat, parts);
-    _before = pieces.back().back();
+    _before = pieces.back().back().get();
     for (std::size_t i = 0; i < parts.size(); ++i) {
         leaveFullBar();
         Voice::Beats &beats = here();

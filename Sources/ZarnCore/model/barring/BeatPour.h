@@ -29,6 +29,9 @@ public:
     /// Time without beats. Bars that lie in it wholly stay empty of place holders.
     void addGap(const Length &length, Filler filler);
 
+    /// Notes that the next beat does not follow the one in front of it as it did before.
+    void part();
+
     /// To be called behind the last beat: grace beats that lead on stay in the last bar.
     void end();
 
@@ -51,7 +54,6 @@ private:
     Voice::Beats &here();
     std::vector<Length> segments(Length length) const;
     void advance(const Length &length);
-    void part();
     void joinRests();
 
     std::vector<Length> _lengths;
@@ -59,7 +61,7 @@ private:
     unsigned _bar = 0;
     Length _offset;
     Voice::Beats _graces;
-    std::shared_ptr<Beat> _before; ///< the last one that takes time
+    const Beat *_before = nullptr; ///< the last one that takes time
     std::vector<Voice::Beats> _bars;
     std::vector<std::pair<unsigned, unsigned>> _parted;
 };

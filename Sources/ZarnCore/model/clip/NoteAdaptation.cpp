@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/model/clip/NoteAdaptation.h>
 
-#include <ZarnCore/model/ZarnBeatAttribute.h>
-#include <ZarnCore/model/ZarnNoteAttribute.h>
 #include <ZarnCore/model/ZarnStaff.h>
 #include <ZarnCore/model/ZarnTrack.h>
 #include <ZarnCore/model/notes/Ties.h>
@@ -47,6 +45,12 @@ NoteAdaptation::NoteAdaptation(const Staff &from, const Staff &to)
       _shift(transpositionOf(from) - transpositionOf(to))
 {
     _keepsFrets = areSameStrings(from, to) && _shift == 0;
+    for (const BeatAttributeRow &row : beatAttributes())
+        if (!hasOn(row.staves))
+            _alienToBeats.push_back(&row);
+    for (const NoteAttributeRow &row : noteAttributes())
+        if (!hasOn(row.staves))
+            _alienToNotes.push_back(&row);
 }
 
 void NoteAdaptation::adapt(const Voice::Beats &beats)
@@ -188,15 +192,24 @@ bool NoteAdaptation::hasOn(OnStaves staves) const noexcept
     return true;
 }
 
+namespace {
+
+template <class Node, class Row>
+void resetAll(Node &node, const std::vector<const Row *> &rows)
+{
+    if (node.marks().isPlain() && !node.hasDetails())
+        return;
+    for (const Row *const row : rows)
+        reset(node, *row);
+}
+
+} // namespace
+
 void NoteAdaptation::dropMarks(Beat &beat) const
 {
-    for (const BeatAttributeRow &row : beatAttributes())
-        if (!hasOn(row.staves))
-            reset(beat, row);
+    resetAll(beat, _alienToBeats);
     for (const auto &note : beat.notes())
-        for (const NoteAttributeRow &row : noteAttributes())
-            if (!hasOn(row.staves))
-                reset(*note, row);
+        resetAll(*note, _alienToNotes);
 }
 
 } // namespace zarn

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ZarnCore/model/ZarnAttribute.h>
+#include <ZarnCore/model/ZarnBeatAttribute.h>
+#include <ZarnCore/model/ZarnNoteAttribute.h>
 #include <ZarnCore/model/ZarnVoice.h>
 
 #include <vector>
@@ -36,6 +37,8 @@ private:
     bool _isFretted;
     bool _isUnpitched;
     int _shift;
+    std::vector<const BeatAttributeRow *> _alienToBeats; ///< what the staff cannot have
+    std::vector<const NoteAttributeRow *> _alienToNotes;
     std::shared_ptr<Beat> _before; ///< the one in front, adapted
 };
 

@@ -22,15 +22,15 @@ void visitBeatFaults(const Voice &voice, const Beat &beat, Visit visit)
 {
     const auto previous = beatInFrontOfJoint(voice, beat.index());
     const auto next = beatBehindJoint(voice, beat.index() + 1);
-    if (leadsSlurToNothing(beat, next.get()))
+    if (leadsSlurToNothing(beat, next))
         visit(Kind::SlurToNothing);
-    if (takesSlurFromNothing(beat, previous.get()))
+    if (takesSlurFromNothing(beat, previous))
         visit(Kind::SlurFromNothing);
     if (beginsNoSlur(beat))
         visit(Kind::SlurBegin);
     if (beginsNoHairpin(beat))
         visit(Kind::HairpinBegin);
-    if (lacksTremoloPartner(beat, next.get()))
+    if (lacksTremoloPartner(beat, next))
         visit(Kind::Tremolo);
 }
 

@@ -126,11 +126,10 @@ void mendAllButTies(Voice &voice, unsigned first, unsigned last)
 {
     const auto mendJoint = [&voice](unsigned index) {
         if (voice.isEmpty()) {
-            mendBetween(beatInFrontOfJoint(voice, 0).get(), nullptr);
-            mendBetween(nullptr, beatBehindJoint(voice, 0).get());
+            mendBetween(beatInFrontOfJoint(voice, 0), nullptr);
+            mendBetween(nullptr, beatBehindJoint(voice, 0));
         } else {
-            mendBetween(beatInFrontOfJoint(voice, index).get(),
-                        beatBehindJoint(voice, index).get());
+            mendBetween(beatInFrontOfJoint(voice, index), beatBehindJoint(voice, index));
         }
         mendStringLinks(voice, index, index);
     };
@@ -147,8 +146,12 @@ void mendLinks(Voice &voice, unsigned first, unsigned last)
 
 void mendThroughout(Voice &voice, unsigned first, unsigned end)
 {
-    for (unsigned i = first; i <= end; ++i)
-        mendBetween(beatInFrontOfJoint(voice, i).get(), beatBehindJoint(voice, i).get());
+    Beat *before = beatInFrontOfJoint(voice, first);
+    for (unsigned i = first; i <= end; ++i) {
+        Beat *const after = beatBehindJoint(voice, i);
+        mendBetween(before, after);
+        before = after;
+    }
     mendStringLinks(voice, first, end);
 }
 
@@ -291,9 +294,8 @@ void keepAround(const Voice &voice, unsigned first, unsigned end, KeptBeats &kep
         keepBeat(voice, first - 1, track, kept);
     else if (const Voice *const before = voiceBeside(voice, -1))
         keepBeat(*before, before->beatCount() - 1, track, kept);
-    for (const LeadingNote &leading : leadingNotes(voice, first))
-        if (isLinkedToNext(*leading.note))
-            keepBeat(*leading.voice, leading.beat, track, kept);
+    for (const LeadingNote &leading : leadingLinks(voice, first))
+        keepBeat(*leading.voice, leading.beat, track, kept);
 }
 
 } // namespace zarn

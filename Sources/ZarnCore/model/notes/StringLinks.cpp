@@ -41,6 +41,10 @@ std::optional<bool> answerOf(const Beat &beat, const Note &from, StringLink link
 /// Collects the notes of beats, from the last one back, that none of their string follows.
 class LeadingNotes {
 public:
+    using Choice = bool (*)(const Note &) noexcept;
+
+    explicit LeadingNotes(Choice isWanted) : _isWanted(isWanted) { }
+
     std::vector<LeadingNote> collect(const Voice &voice, unsigned end)
     {
         const Voice *const before = walk(voice, end) ? voiceBeside(voice, -1) : nullptr;
@@ -68,16 +72,17 @@ private:
     {
         const int string = leading.note->string();
         if (string == Note::Unset || string >= static_cast<int>(mostStrings)) {
-            if (_isNearest)
+            if (_isNearest && _isWanted(*leading.note))
                 _found.push_back(leading);
             return;
         }
         const auto bit = std::uint64_t(1) << string;
-        if ((_strings & bit) == 0)
+        if ((_strings & bit) == 0 && _isWanted(*leading.note))
             _found.push_back(leading);
         _strings |= bit;
     }
 
+    Choice _isWanted;
     std::vector<LeadingNote> _found;
     std::uint64_t _strings = 0;
     bool _isNearest = true;
@@ -141,12 +146,18 @@ void mendStringLinks(const Voice &voice, unsigned beat, Note &note)
 
 std::vector<LeadingNote> leadingNotes(const Voice &voice, unsigned index)
 {
-    return LeadingNotes().collect(voice, std::min(index, voice.beatCount()));
+    return LeadingNotes([](const Note &) noexcept { return true; })
+        .collect(voice, std::min(index, voice.beatCount()));
+}
+
+std::vector<LeadingNote> leadingLinks(const Voice &voice, unsigned index)
+{
+    return LeadingNotes(isLinkedToNext).collect(voice, std::min(index, voice.beatCount()));
 }
 
 void mendStringLinks(const Voice &voice, unsigned first, unsigned end)
 {
-    for (const LeadingNote &leading : leadingNotes(voice, first))
+    for (const LeadingNote &leading : leadingLinks(voice, first))
         mendStringLinks(*leading.voice, leading.beat, *leading.note);
     for (unsigned i = first; i < std::min(end, voice.beatCount()); ++i)
         for (const auto &note : voice.beats()[i]->notes())

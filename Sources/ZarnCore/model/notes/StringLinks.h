@@ -44,6 +44,9 @@ struct LeadingNote {
 /// beat `index`.
 std::vector<LeadingNote> leadingNotes(const Voice &voice, unsigned index);
 
+/// Those of them that have a link.
+std::vector<LeadingNote> leadingLinks(const Voice &voice, unsigned index);
+
 /// Takes the hammer-ons, pull-offs and slides off that lead to nothing any more: those of the beats
 /// `first` up to, not including, `end`, and those from in front of them.
 void mendStringLinks(const Voice &voice, unsigned first, unsigned end);

@@ -32,12 +32,12 @@ bool hasPartner(const Note &note, const Beat *beat, Linked linked)
 }
 
 /// Beat at the end or at the start of the same voice in a neighbouring bar.
-std::shared_ptr<Beat> neighbourBeat(const Voice &voice, int step)
+Beat *neighbourBeat(const Voice &voice, int step)
 {
     const Voice *const other = voiceBeside(voice, step);
     if (!other)
-        return {};
-    return step < 0 ? other->beats().back() : other->beats().front();
+        return nullptr;
+    return (step < 0 ? other->beats().back() : other->beats().front()).get();
 }
 
 void mendBetween(const Beat *before, const Beat *after)
@@ -55,11 +55,11 @@ void mendBetween(const Beat *before, const Beat *after)
 void mendJoint(const Voice &voice, unsigned index)
 {
     if (voice.isEmpty()) {
-        mendBetween(beatInFrontOfJoint(voice, 0).get(), nullptr);
-        mendBetween(nullptr, beatBehindJoint(voice, 0).get());
+        mendBetween(beatInFrontOfJoint(voice, 0), nullptr);
+        mendBetween(nullptr, beatBehindJoint(voice, 0));
         return;
     }
-    mendBetween(beatInFrontOfJoint(voice, index).get(), beatBehindJoint(voice, index).get());
+    mendBetween(beatInFrontOfJoint(voice, index), beatBehindJoint(voice, index));
 }
 
 /// Whether some note in a bar of a track is the other end of a tie; of its own voice, where it
@@ -91,13 +91,11 @@ void addLooseTies(const Track &track, const Staff &staff, const Voice &voice, un
     for (const auto &beat : voice.beats()) {
         for (const auto &note : beat->notes()) {
             const bool isHeldFromBefore = note->isTied()
-                && !hasPartner(*note, beatInFrontOfJoint(voice, beat->index()).get(),
-                               &Note::isTieOrigin);
+                && !hasPartner(*note, beatInFrontOfJoint(voice, beat->index()), &Note::isTieOrigin);
             if (isHeldFromBefore && !isFound(*note, &Note::isTieOrigin, bar - 1))
                 loose.push_back({staff.index(), bar, false});
             const bool isHeldOn = note->isTieOrigin() && bar + 1 < staff.barCount()
-                && !hasPartner(*note, beatBehindJoint(voice, beat->index() + 1).get(),
-                               &Note::isTied);
+                && !hasPartner(*note, beatBehindJoint(voice, beat->index() + 1), &Note::isTied);
             if (isHeldOn && !isFound(*note, &Note::isTied, bar + 1))
                 loose.push_back({staff.index(), bar, true});
         }
@@ -119,14 +117,14 @@ void strikeAnew(Note &note)
     note.setBend(bend);
 }
 
-std::shared_ptr<Beat> beatInFrontOfJoint(const Voice &voice, unsigned index)
+Beat *beatInFrontOfJoint(const Voice &voice, unsigned index)
 {
-    return index != 0 ? voice.beat(index - 1) : neighbourBeat(voice, -1);
+    return index != 0 ? voice.beats()[index - 1].get() : neighbourBeat(voice, -1);
 }
 
-std::shared_ptr<Beat> beatBehindJoint(const Voice &voice, unsigned index)
+Beat *beatBehindJoint(const Voice &voice, unsigned index)
 {
-    return index < voice.beatCount() ? voice.beat(index) : neighbourBeat(voice, 1);
+    return index < voice.beatCount() ? voice.beats()[index].get() : neighbourBeat(voice, 1);
 }
 
 void mendTies(Voice &voice, unsigned first, unsigned last)
@@ -134,6 +132,18 @@ void mendTies(Voice &voice, unsigned first, unsigned last)
     mendJoint(voice, first);
     if (last != first)
         mendJoint(voice, last);
+}
+
+void mendTiesThroughout(Voice &voice, unsigned first, unsigned last)
+{
+    if (voice.isEmpty())
+        mendJoint(voice, 0);
+    const Beat *before = voice.isEmpty() ? nullptr : beatInFrontOfJoint(voice, first);
+    for (unsigned i = first; !voice.isEmpty() && i <= last; ++i) {
+        const Beat *const after = beatBehindJoint(voice, i);
+        mendBetween(before, after);
+        before = after;
+    }
 }
 
 void mendTiesOverBarLine(const Staff &staff, unsigned bar)

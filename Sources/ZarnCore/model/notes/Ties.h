@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <memory>
 #include <vector>
 
 namespace zarn {
@@ -17,14 +16,17 @@ class Voice;
 bool sameLocation(const Note &left, const Note &right) noexcept;
 
 /// The beats that meet at the joint in front of a beat of a voice. At the ends of the voice the
-/// joint is the one with the same voice of the neighbouring bar. Either may be empty.
-std::shared_ptr<Beat> beatInFrontOfJoint(const Voice &voice, unsigned index);
-std::shared_ptr<Beat> beatBehindJoint(const Voice &voice, unsigned index);
+/// joint is the one with the same voice of the neighbouring bar. Either may be missing.
+Beat *beatInFrontOfJoint(const Voice &voice, unsigned index);
+Beat *beatBehindJoint(const Voice &voice, unsigned index);
 
 /// Undoes the ties over the joints in front of the beats `first` and `last` of a voice whose two
 /// ends no longer meet: the note before lets go, the note after starts anew. Nothing is held over
 /// a voice without beats.
 void mendTies(Voice &voice, unsigned first, unsigned last);
+
+/// The same for all joints from the one in front of `first` to the one in front of `last`.
+void mendTiesThroughout(Voice &voice, unsigned first, unsigned last);
 
 /// The same for the bar line in front of a bar, in all voices; at the ends of the staff too.
 void mendTiesOverBarLine(const Staff &staff, unsigned bar);

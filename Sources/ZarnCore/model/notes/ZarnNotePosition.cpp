@@ -7,7 +7,7 @@ namespace zarn {
 
 NotePosition::NotePosition(const Note &note)
     : midi(static_cast<std::int8_t>(note.midi())), string(static_cast<std::int8_t>(note.string())),
-      fret(static_cast<std::int8_t>(note.fret())), spelling(spellingNumber(note.spelling())),
+      fret(static_cast<std::int8_t>(note.fret())), spelling(note.spellingNumber()),
       articulation(static_cast<std::int16_t>(note.percussionArticulation())),
       staffLine(static_cast<std::int8_t>(note.staffLine())), head(note.noteHead())
 {
@@ -21,12 +21,8 @@ void NotePosition::giveTo(Note &note, const NotePosition &before) const
         note.setString(string);
     if (fret != before.fret)
         note.setFret(fret);
-    if (spelling != before.spelling) {
-        if (const auto spelled = spellingOf(spelling))
-            note.setSpelling(*spelled);
-        else
-            note.clearSpelling();
-    }
+    if (spelling != before.spelling)
+        note.setSpellingNumber(spelling);
     if (articulation != before.articulation)
         note.setPercussionArticulation(articulation);
     if (staffLine != before.staffLine)

@@ -11,7 +11,7 @@ namespace zarn {
 
 /// What is sounded and where: all of a note that changes when it is moved, in eight bytes.
 struct ZARNCORE_EXPORT NotePosition {
-    static constexpr std::uint8_t NoSpelling = 0xFF;
+    static constexpr std::uint8_t NoSpelling = Note::NoSpelling;
 
     // As of the note; see there.
     std::int8_t midi = Note::Unset;
