@@ -81,6 +81,23 @@ TEST_F(TrackCommandsTest, retuningKeepsTheFretsOrTheMusic)
     EXPECT_EQ(beat(0, 3).notes()[0]->midi(), 76);
 }
 
+TEST_F(TrackCommandsTest, retuningFingersAnewOnlyWhatItsStringSoundsNoLonger)
+{
+    const GuitarTuning lowered{40, 45, 50, 55, 59, 62};
+    ASSERT_TRUE(score.setGuitarFullTuning(0, 0, lowered, 0, Retuning::KeepPitches));
+    const Note &high = *beat(0, 3).notes()[0];
+    EXPECT_EQ(high.midi(), 76);
+    ASSERT_GE(high.string(), 0);
+    EXPECT_EQ(lowered.midiNumbers()[static_cast<std::size_t>(high.string())] + high.fret(), 64);
+    EXPECT_EQ(beat(1, 0).notes()[0]->string(), high.string()) << "it is held";
+    EXPECT_EQ(beat(0, 0).notes()[0]->fret(), 0);
+    EXPECT_EQ(beat(0, 1).notes()[1]->string(), 2);
+    EXPECT_EQ(beat(0, 1).notes()[1]->fret(), 0);
+    score.commandStack().undo();
+    EXPECT_EQ(high.string(), 5);
+    EXPECT_EQ(high.fret(), 0);
+}
+
 /// An edition may give pitches an octave away from string and fret: they keep that distance.
 TEST_F(TrackCommandsTest, retuningMovesAPitchThatLiesAnOctaveFromItsFret)
 {

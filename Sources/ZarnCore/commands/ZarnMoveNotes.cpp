@@ -3,6 +3,7 @@
 
 #include <ZarnCore/commands/NoteMover.h>
 #include <ZarnCore/commands/ZarnRangeNodes.h>
+#include <ZarnCore/fingering/ZarnFingeringSolver.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/notes/Links.h>
 
@@ -208,6 +209,32 @@ std::optional<NoteMove> MoveNotes::refretted(const NotePosition &from, int strin
     move.to.string = static_cast<std::int8_t>(string);
     move.to.fret = static_cast<std::int8_t>(fret);
     return move;
+}
+
+void MoveNotes::refinger(const Staff &staff, const fingering::FingeringOptions &options)
+{
+    std::vector<BeatSpan> spans;
+    if (const auto range = places())
+        for (const BeatSpan &span : beatSpans(model(), *range))
+            if (model().tracks()[span.track]->staves()[span.staff].get() == &staff)
+                spans.push_back(span);
+    if (spans.empty() || !fingering::canBeFingered(staff))
+        return;
+    const auto read = fingering::readPassage(staff, spans, options);
+    const auto found = fingering::FingeringSolver(read.passage).solve();
+    for (const fingering::PassageSource &source : read.sources) {
+        const auto &voice = staff.bars()[source.bar]->voices()[source.voice];
+        Note &note = *voice->beats()[source.beat]->notes()[source.note];
+        const auto &given = read.passage.notes[source.passageNote];
+        const bool isFixed = given.string == note.string() && note.string() != Note::Unset
+            && note.fret() != Note::Unset;
+        const fingering::Placement &place = found.notes[source.passageNote];
+        if (isFixed || (note.string() == place.string && note.fret() == place.fret))
+            continue;
+        note.setString(place.string);
+        note.setFret(place.fret);
+        _touched.add(spans.front().track, spans.front().staff, source.bar, source.bar);
+    }
 }
 
 } // namespace zarn

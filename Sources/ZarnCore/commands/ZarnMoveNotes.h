@@ -7,6 +7,7 @@
 #include <ZarnCore/commands/ZarnScoreCommand.h>
 #include <ZarnCore/commands/ZarnTouchedBars.h>
 #include <ZarnCore/fingering/ZarnFretboard.h>
+#include <ZarnCore/fingering/ZarnPassageReader.h>
 #include <ZarnCore/model/notes/ZarnKeptBeats.h>
 #include <ZarnCore/model/places/ZarnScoreModelRange.h>
 
@@ -117,6 +118,10 @@ protected:
     /// by as much as that of the place. Nothing where there is no such place, and outside of the
     /// keys.
     std::optional<NoteMove> refretted(const NotePosition &from, int string, int fret) const;
+
+    /// Finds strings and frets for the notes of a staff that the command moves, as a player would
+    /// finger them; for `finish`. A staff that no hand plays stays as it is.
+    void refinger(const Staff &staff, const fingering::FingeringOptions &options);
 
     /// Whether the notes of a track are to be moved.
     bool isOf(const Track &track) const noexcept;

@@ -5,6 +5,8 @@
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/music/ZarnPitchClass.h>
 
+#include <string_view>
+
 namespace zarn::io {
 
 namespace {
@@ -23,6 +25,8 @@ void describe(const Note &note, const Track &track, const KeySignature &key, Lis
     listed.string = note.string();
     listed.fret = note.fret();
     listed.isTied = note.isTied();
+    listed.leftFinger = note.leftFingering();
+    listed.rightFinger = note.rightFingering();
     if (note.midi() == Note::Unset)
         return;
     if (isUnpitchedNote(note, track)) {
@@ -49,6 +53,12 @@ void listVoice(const Voice &voice, const Track &track, const KeySignature &key, 
         }
         place.onset += place.length;
     }
+}
+
+/// `letters` are those of the enumerators.
+std::string fingerText(Fingering finger, std::string_view letters)
+{
+    return std::string(1, letters[static_cast<std::size_t>(finger)]);
 }
 
 std::string numberText(const std::optional<int> &number)
@@ -82,7 +92,8 @@ std::vector<ListedNote> listNotes(const ScoreModel &model)
 
 std::string noteListHeading()
 {
-    return "track\tbar\tstaff\tvoice\tonset\tlength\tmidi\tsounding\tspelling\tstring\tfret\tflags";
+    return "track\tbar\tstaff\tvoice\tonset\tlength\tmidi\tsounding\tspelling\tstring\tfret\tflags"
+           "\tfinger\tpluck";
 }
 
 std::string ListedNote::toString() const
@@ -104,6 +115,8 @@ std::string ListedNote::toString() const
     line += isGrace ? "g" : "";
     line += isFurtherOfChord ? "c" : "";
     line += isTied ? "t" : "";
+    add(fingerText(leftFinger, "-T12340"));
+    add(fingerText(rightFinger, "-pimac0"));
     return line;
 }
 

@@ -99,6 +99,7 @@ void SetGuitarFullTuning::changeOthers()
         setting.partialCapoStrings = _before.partialCapoStrings;
     }
     write(staff, setting);
+    _isFingeredAnew = _retuning == Retuning::KeepPitches && fingering::canBeFingered(staff);
     dropDiagrams(staff);
 }
 
@@ -138,6 +139,13 @@ std::optional<NoteMove> SetGuitarFullTuning::moved(const MarkedPlace &place, con
     NoteMove move = {from, std::nullopt};
     NotePosition &to = move.to;
     const int pitchBefore = _fretboardBefore->pitch(from.string, from.fret);
+    if (_isFingeredAnew && from.midi != Note::Unset && from.midi == pitchBefore) {
+        if (fretboard().pitch(from.string, from.fret) != pitchBefore) {
+            to.string = Note::Unset;
+            to.fret = Note::Unset;
+        }
+        return move;
+    }
     if (_retuning == Retuning::KeepFrets && place.isFretted && from.midi != Note::Unset) {
         const int pitch = fretboard().pitch(from.string, from.fret);
         const int midi = from.midi + pitch - pitchBefore;
@@ -155,6 +163,15 @@ std::optional<NoteMove> SetGuitarFullTuning::moved(const MarkedPlace &place, con
     else
         move.soughtPitch = pitch;
     return move;
+}
+
+bool SetGuitarFullTuning::finish()
+{
+    fingering::FingeringOptions options;
+    options.given = fingering::GivenStrings::Kept;
+    if (_isFingeredAnew)
+        refinger(*findStaff(), options);
+    return true;
 }
 
 void SetGuitarFullTuning::announce()

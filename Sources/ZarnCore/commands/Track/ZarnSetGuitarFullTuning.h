@@ -13,11 +13,13 @@ namespace zarn::cmd {
 
 /// Tunes a staff anew, with its capo. When the number of strings changes, a partial capo goes.
 ///
-/// A note that cannot stay where it was (its string or its fret is gone) moves to the free string
-/// of its beat that plays its pitch at the lowest fret, or loses string and fret when there is
-/// none. Hammer-ons, pull-offs and slides go that lead to no other fret any more. Chord diagrams
-/// for another number of strings leave the sets of the staff. Sends `GuitarFullTuningChanged`,
-/// `ModifyBarRange` for the bars whose notes changed, and when diagrams left `ChordsChanged`.
+/// With `Retuning::KeepPitches` the notes whose strings sound as before stay on them; the others
+/// are fingered anew around these. A note that cannot stay where it was (its string or its fret is
+/// gone) and is not fingered moves to the free string of its beat that plays its pitch at the
+/// lowest fret, or loses string and fret when there is none. Hammer-ons, pull-offs and slides go
+/// that lead to no other fret any more. Chord diagrams for another number of strings leave the sets
+/// of the staff. Sends `GuitarFullTuningChanged`, `ModifyBarRange` for the bars whose notes
+/// changed, and when diagrams left `ChordsChanged`.
 class ZARNCORE_EXPORT SetGuitarFullTuning final : public MoveNotes {
 public:
     static constexpr unsigned MostStrings = 12;
@@ -51,7 +53,7 @@ private:
                                   const NotePosition &from) const override;
     void changeOthers() override;
     void restoreOthers() override;
-    bool finish() override { return true; }
+    bool finish() override;
     void announce() override;
 
     Staff *findStaff() const;
@@ -63,6 +65,7 @@ private:
     unsigned _staff = 0;
     Setting _setting;
     Retuning _retuning = Retuning::KeepFrets;
+    bool _isFingeredAnew = false; ///< by the solver, what sounds otherwise on its string
     Setting _before;
     std::optional<fingering::Fretboard> _fretboardBefore;
     std::optional<DiagramSets> _diagramsBefore; ///< when they changed

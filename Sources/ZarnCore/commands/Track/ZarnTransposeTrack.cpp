@@ -2,8 +2,6 @@
 #include <ZarnCore/commands/Track/ZarnTransposeTrack.h>
 
 #include <ZarnCore/ZarnAssert.h>
-#include <ZarnCore/fingering/ZarnFingeringSolver.h>
-#include <ZarnCore/fingering/ZarnPassageReader.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
 #include <cstdlib>
@@ -40,31 +38,8 @@ bool TransposeTrack::finish()
     if (_refingering == Refingering::KeepStrings)
         return false;
     for (const auto &staff : model().tracks()[_track]->staves())
-        if (fingering::canBeFingered(*staff))
-            refinger(*staff);
+        refinger(*staff, {});
     return true;
-}
-
-void TransposeTrack::refinger(const Staff &staff)
-{
-    std::vector<BeatSpan> spans;
-    if (const auto range = places())
-        for (const BeatSpan &span : beatSpans(model(), *range))
-            if (span.staff == staff.index())
-                spans.push_back(span);
-    const auto read = fingering::readPassage(staff, spans, {});
-    const auto found = fingering::FingeringSolver(read.passage).solve();
-    for (const fingering::PassageSource &source : read.sources) {
-        const auto &voice = staff.bars()[source.bar]->voices()[source.voice];
-        Note &note = *voice->beats()[source.beat]->notes()[source.note];
-        const auto &given = read.passage.notes[source.passageNote];
-        const bool isFixed = given.string == note.string() && note.string() != Note::Unset
-            && note.fret() != Note::Unset;
-        if (isFixed)
-            continue;
-        note.setString(found.notes[source.passageNote].string);
-        note.setFret(found.notes[source.passageNote].fret);
-    }
 }
 
 } // namespace zarn::cmd

@@ -25,7 +25,6 @@ public:
 private:
     bool isPossible() const override;
     bool finish() override;
-    void refinger(const Staff &staff);
 
     unsigned _track = 0;
     Refingering _refingering = Refingering::KeepStrings;
