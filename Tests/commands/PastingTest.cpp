@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -66,6 +67,33 @@ TEST_F(PastingTest, keepsWhatSoundsInOtherInstruments)
             if (note->string() >= 0) {
                 EXPECT_EQ(writtenPitch(staff, note->string(), note->fret()), note->midi());
             }
+    EXPECT_EQ(brokenRules(score), "");
+}
+
+TEST_F(PastingTest, fingersWhatOtherStringsPlay)
+{
+    const int bass = track(InstrumentSet::electricBass);
+    const Staff &staff = *model.track(static_cast<unsigned>(bass))->staff(0);
+    const auto expectPlayable = [&](unsigned bar) {
+        for (const auto &beat : staff.bar(bar)->voice(0)->beats()) {
+            std::set<int> strings;
+            for (const auto &note : beat->notes()) {
+                ASSERT_GE(note->string(), 0) << note->midi();
+                EXPECT_EQ(writtenPitch(staff, note->string(), note->fret()), note->midi());
+                EXPECT_TRUE(strings.insert(note->string()).second);
+            }
+        }
+    };
+    const Clip bars = copyOfBars(model, rich.from(0, -1, 0, -1));
+    ASSERT_TRUE(score.pasteBarRange(bars, 3, static_cast<unsigned>(bass), 1, PasteMode::Replace));
+    expectPlayable(3);
+    const Clip beats = copyOfBeats(model, rich.from(0, 0, 0, 3));
+    ASSERT_TRUE(score.pasteBeatRange(beats, rich.at(2, 0, bass), 2, PasteMode::Replace));
+    expectPlayable(2);
+    expectPlayable(3);
+    score.commandStack().undo();
+    score.commandStack().undo();
+    EXPECT_FALSE(staff.bar(3)->hasBeats());
     EXPECT_EQ(brokenRules(score), "");
 }
 

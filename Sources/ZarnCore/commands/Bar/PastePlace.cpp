@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/commands/Bar/PastePlace.h>
 
+#include <ZarnCore/commands/Note/ZarnAutomaticFingerPositioning.h>
+#include <ZarnCore/fingering/ZarnPassageReader.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/clip/ZarnClip.h>
+#include <ZarnCore/model/places/ZarnScoreModelRange.h>
 
 namespace zarn {
 
@@ -33,6 +36,26 @@ unsigned pastedStaffNumber(const ScoreModel &model, const Clip &clip, unsigned t
         return 0;
     const unsigned needed = clip.firstStaff + clip.model->tracks()[0]->staffCount();
     return needed <= model.tracks()[track]->staffCount() ? clip.firstStaff : 0;
+}
+
+NoteAdaptation adaptationOf(const PastedStaff &pasted)
+{
+    using Strings = NoteAdaptation::Strings;
+    return {*pasted.from, *pasted.to,
+            fingering::canBeFingered(*pasted.to) ? Strings::Open : Strings::Lowest};
+}
+
+std::unique_ptr<Command> fingeringOf(Score *score, const ScoreModelIndex &first,
+                                     const ScoreModelIndex &last)
+{
+    const bool areBars = first.beatIndex() < 0;
+    ScoreModelRange range(first, last,
+                          areBars ? SelectionMode::MultiSelection | SelectionMode::MultiVoice
+                                  : SelectionMode::MultiSelection);
+    fingering::FingeringOptions options;
+    options.given = fingering::GivenStrings::Kept;
+    auto step = std::make_unique<cmd::AutomaticFingerPositioning>();
+    return step->init(score, range, options, nullptr) ? std::move(step) : nullptr;
 }
 
 } // namespace zarn

@@ -1,12 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ZarnCore/model/clip/NoteAdaptation.h>
+
+#include <memory>
 #include <optional>
 #include <vector>
 
 namespace zarn {
 
+class Command;
+class Score;
 class ScoreModel;
+class ScoreModelIndex;
 class Staff;
 struct Clip;
 
@@ -26,5 +32,14 @@ std::optional<std::vector<PastedStaff>> pastedStaves(const ScoreModel &model, co
 /// The staff of a track where the first staff of a clip goes: the one with its number, if the
 /// others fit then, else the first.
 unsigned pastedStaffNumber(const ScoreModel &model, const Clip &clip, unsigned track);
+
+/// What writes music for the staff where it goes; a staff that can be fingered gets the strings of
+/// notes that have none from `fingeringOf`.
+NoteAdaptation adaptationOf(const PastedStaff &pasted);
+
+/// A step that finds strings for the notes of whole bars of a staff, or of beats of a voice, that
+/// have none, around those that have.
+std::unique_ptr<Command> fingeringOf(Score *score, const ScoreModelIndex &first,
+                                     const ScoreModelIndex &last);
 
 } // namespace zarn

@@ -11,6 +11,7 @@
 #include <ZarnCore/commands/MasterTrack/ZarnSetBarDirection.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/clip/NoteAdaptation.h>
+#include <ZarnCore/model/places/ZarnScoreModelIndex.h>
 
 #include <set>
 
@@ -18,23 +19,27 @@ namespace zarn::cmd {
 
 namespace {
 
-void adaptVoices(const Staff::Bars &bars, const PastedStaff &pasted)
+/// Answers whether notes are left without a string.
+bool adaptVoices(const Staff::Bars &bars, const PastedStaff &pasted)
 {
+    bool hasOpen = false;
     for (unsigned slot = 0; slot < Bar::MaxVoices; ++slot) {
-        NoteAdaptation adaptation(*pasted.from, *pasted.to);
+        NoteAdaptation adaptation = adaptationOf(pasted);
         for (const auto &bar : bars)
             if (bar->voices()[slot] != nullptr)
                 adaptation.adapt(bar->voices()[slot]->beats());
+        hasOpen = hasOpen || adaptation.hasOpen();
     }
+    return hasOpen;
 }
 
 /// The bars of a staff of a clip, as they are written in another one, again and again.
-Staff::Bars copiesOf(const PastedStaff &pasted, unsigned times)
+Staff::Bars copiesOf(const PastedStaff &pasted, unsigned times, bool &hasOpen)
 {
     Staff::Bars bars;
     for (const auto &bar : pasted.from->bars())
         bars.push_back(bar->clone());
-    adaptVoices(bars, pasted);
+    hasOpen = adaptVoices(bars, pasted);
     const std::size_t count = bars.size();
     bars.reserve(count * times);
     for (std::size_t i = count; i < count * times; ++i)
@@ -91,15 +96,19 @@ bool PasteBarRange::isPossible() const
                .has_value();
 }
 
-std::vector<BarStretch> PasteBarRange::stretches() const
+std::vector<BarStretch> PasteBarRange::stretches()
 {
+    _open.clear();
     const unsigned staff = pastedStaffNumber(model(), _clip, _firstTrack);
     const auto staves = pastedStaves(model(), _clip, _firstTrack, staff);
     std::vector<BarStretch> found;
     for (const PastedStaff &pasted : *staves) {
         const bool isOther = pasted.from->track()->type() != pasted.to->track()->type();
-        found.push_back({pasted.track, pasted.staff, _bar, copiesOf(pasted, _times), isOther,
-                         pasted.from->barCount()});
+        bool hasOpen = false;
+        found.push_back({pasted.track, pasted.staff, _bar, copiesOf(pasted, _times, hasOpen),
+                         isOther, pasted.from->barCount()});
+        if (hasOpen)
+            _open.emplace_back(pasted.track, pasted.staff);
     }
     return found;
 }
@@ -182,6 +191,17 @@ void PasteBarRange::addDirections()
     }
 }
 
+void PasteBarRange::addFingerings()
+{
+    for (const auto &[track, staff] : _open) {
+        const ScoreModelIndex first(nullptr, static_cast<int>(track), static_cast<int>(_bar), -1, 0,
+                                    staff);
+        ScoreModelIndex last = first;
+        last.setBarIndex(static_cast<int>(_bar + pastedCount() - 1));
+        addStep([this, first, last] { return fingeringOf(_target, first, last); });
+    }
+}
+
 void PasteBarRange::plan()
 {
     requirePlace(isPossible());
@@ -198,6 +218,7 @@ void PasteBarRange::plan()
     if (!hasColumns) {
         requirePlace(swap->init(_target, std::move(bars)));
         addStep(std::move(swap));
+        addFingerings();
         return;
     }
     addEmptyStretches(bars);
@@ -207,6 +228,7 @@ void PasteBarRange::plan()
             masterBars.push_back(bar->clone());
     requirePlace(swap->init(_target, std::move(bars), _bar, std::move(masterBars)));
     addStep(std::move(swap));
+    addFingerings();
     addAutomations(masterTrackIndex, *_clip.model->masterTrack());
     for (const auto &track : _clip.model->tracks())
         addAutomations(static_cast<int>(_firstTrack + track->index()), track->automations());

@@ -13,7 +13,8 @@ class AutomationContainer;
 namespace zarn::cmd {
 
 /// Pastes copied bars, in new columns or over the music of bars, any number of times in a row. What
-/// sounds stays the same in another instrument as far as it can. Over music, columns are appended
+/// sounds stays the same in another instrument as far as it can; where strings sound otherwise, it
+/// is fingered anew. Over music, columns are appended
 /// where the score ends too soon.
 ///
 /// A clip of bars of all tracks brings meter, key and form when it is inserted, with automations
@@ -39,10 +40,11 @@ private:
     bool isPossible() const;
     unsigned pastedCount() const noexcept;
     unsigned missingCount() const noexcept;
-    std::vector<BarStretch> stretches() const;
+    std::vector<BarStretch> stretches();
     void addEmptyStretches(std::vector<BarStretch> &stretches) const;
     void addAutomations(int track, const AutomationContainer &from);
     void addDirections();
+    void addFingerings();
 
     Score *_target = nullptr;
     Clip _clip;
@@ -50,6 +52,7 @@ private:
     unsigned _firstTrack = 0;
     unsigned _times = 0;
     PasteMode _mode = PasteMode::Insert;
+    std::vector<std::pair<unsigned, unsigned>> _open; ///< staves with notes that need a string
 };
 
 } // namespace zarn::cmd

@@ -27,6 +27,16 @@ utils::rational lengthOf(const Clip &clip)
     return longest;
 }
 
+ScoreModelIndex indexOf(const VoicePlace &place, unsigned beat)
+{
+    return {nullptr,
+            static_cast<int>(place.track),
+            static_cast<int>(place.bar),
+            static_cast<int>(beat),
+            place.voice,
+            place.staff};
+}
+
 } // namespace
 
 BeatPasting::BeatPasting(const ScoreModel &model, const Clip &clip, const ScoreModelIndex &place,
@@ -126,13 +136,18 @@ BeatPasting::Beats BeatPasting::beatsAt(const ContentSwap &swap, const VoicePlac
 }
 
 /// The beats of a voice, written for another staff, again and again; pauses fill up what is shorter
-/// than the clip.
-BeatPasting::Beats BeatPasting::copiesOf(const Voice &voice, const PastedStaff &pasted) const
+/// than the clip. Merged notes need their strings to meet those that are there.
+BeatPasting::Stream BeatPasting::streamOf(const Voice &voice, const PastedStaff &pasted) const
 {
-    Beats beats;
+    Stream stream{pasted.track, pasted.staff, voice.index(), {}};
+    Beats &beats = stream.beats;
     for (const auto &beat : voice.beats())
         beats.push_back(beat->clone());
-    NoteAdaptation(*pasted.from, *pasted.to).adapt(beats);
+    NoteAdaptation adaptation = _mode == PasteMode::Merge
+        ? NoteAdaptation(*pasted.from, *pasted.to, NoteAdaptation::Strings::Lowest)
+        : adaptationOf(pasted);
+    adaptation.adapt(beats);
+    stream.hasOpen = adaptation.hasOpen();
     std::vector<RhythmValue> pause;
     RhythmValue::rhythms(_clipLength - voice.length(), pause);
     const std::size_t count = beats.size();
@@ -143,7 +158,7 @@ BeatPasting::Beats BeatPasting::copiesOf(const Voice &voice, const PastedStaff &
         for (std::size_t k = 0; k < count; ++k)
             beats.push_back(beats[k]->clone());
     }
-    return beats;
+    return stream;
 }
 
 std::vector<BeatPasting::Stream> BeatPasting::streams() const
@@ -155,8 +170,7 @@ std::vector<BeatPasting::Stream> BeatPasting::streams() const
     for (const PastedStaff &pasted : *staves)
         for (const auto &voice : pasted.from->bars()[0]->voices())
             if (voice != nullptr && !voice->isEmpty()) {
-                found.push_back(
-                    {pasted.track, pasted.staff, voice->index(), copiesOf(*voice, pasted)});
+                found.push_back(streamOf(*voice, pasted));
                 ++voiceCount;
             }
     if (voiceCount == 1)
@@ -168,8 +182,8 @@ unsigned BeatPasting::addTo(ContentSwap &swap)
 {
     auto all = streams();
     if (_mode == PasteMode::Insert) {
-        for (Stream &stream : all)
-            insert(swap, std::move(stream));
+        for (const Stream &stream : all)
+            insert(swap, stream);
         return _bar + 1;
     }
     const auto lengths = barLengths(_start + _clipLength * Length(_times));
@@ -181,7 +195,7 @@ unsigned BeatPasting::addTo(ContentSwap &swap)
     return barCount;
 }
 
-void BeatPasting::insert(ContentSwap &swap, Stream stream) const
+void BeatPasting::insert(ContentSwap &swap, const Stream &stream)
 {
     const VoicePlace place{stream.track, stream.staff, _bar, stream.voice};
     const Beats present = beatsAt(swap, place);
@@ -206,6 +220,8 @@ void BeatPasting::insert(ContentSwap &swap, Stream stream) const
     swap.addJoint(place, first);
     swap.addJoint(place, behind);
     swap.addNewBeats(place, first, behind);
+    if (stream.hasOpen)
+        _open.emplace_back(indexOf(place, first), indexOf(place, behind - 1));
 }
 
 void BeatPasting::writeOutSimiles(ContentSwap &swap, const Stream &stream, unsigned barCount) const
@@ -245,7 +261,7 @@ void BeatPasting::writeOutSimiles(ContentSwap &swap, const Stream &stream, unsig
 
 /// Answers how many bars the score needs.
 unsigned BeatPasting::pour(ContentSwap &swap, const Stream &stream,
-                           const std::vector<Length> &lengths) const
+                           const std::vector<Length> &lengths)
 {
     BeatPour poured(lengths, lengths.back(), _start);
     for (const auto &beat : stream.beats)
@@ -253,6 +269,7 @@ unsigned BeatPasting::pour(ContentSwap &swap, const Stream &stream,
     poured.end();
     const unsigned present = _model.masterTrack()->masterBarCount();
     auto &bars = poured.bars();
+    bool isBegun = false;
     for (unsigned i = 0; i < bars.size(); ++i) {
         const unsigned bar = _bar + i;
         const VoicePlace place{stream.track, stream.staff, bar, stream.voice};
@@ -277,6 +294,10 @@ unsigned BeatPasting::pour(ContentSwap &swap, const Stream &stream,
         const auto behind = static_cast<unsigned>(beats.size());
         append(beats, beatsFrom(old, restLength, to));
         swap.addNewBeats(place, first, behind);
+        if (stream.hasOpen && !std::exchange(isBegun, true))
+            _open.emplace_back(indexOf(place, first), ScoreModelIndex());
+        if (stream.hasOpen)
+            _open.back().second = indexOf(place, behind - 1);
         const bool isAllNew = first == 0 && behind == beats.size();
         swap.setBeats(place, std::move(beats),
                       isAllNew ? ContentSwap::Joints::Named : ContentSwap::Joints::Found);

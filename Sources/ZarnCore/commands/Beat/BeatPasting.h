@@ -6,6 +6,7 @@
 #include <ZarnCore/model/clip/ZarnClip.h>
 #include <ZarnCore/model/places/ZarnScoreModelIndex.h>
 
+#include <utility>
 #include <vector>
 
 namespace zarn {
@@ -25,6 +26,11 @@ public:
     /// Adds the new content; answers how many bars the score needs.
     unsigned addTo(ContentSwap &swap);
 
+    /// The first and the last beat of each stretch of a voice that will have notes without a string
+    /// where they need one.
+    using Stretch = std::pair<ScoreModelIndex, ScoreModelIndex>;
+    const std::vector<Stretch> &openStretches() const noexcept { return _open; }
+
 private:
     using Beats = Voice::Beats;
     using Length = utils::rational;
@@ -35,18 +41,18 @@ private:
         unsigned staff;
         unsigned voice;
         Beats beats; ///< of all the copies
+        bool hasOpen = false;
     };
 
     bool isThere() const;
     Length startTime() const;
     std::vector<Length> barLengths(const Length &until) const;
     std::vector<Stream> streams() const;
-    Beats copiesOf(const Voice &voice, const PastedStaff &pasted) const;
+    Stream streamOf(const Voice &voice, const PastedStaff &pasted) const;
     const Voice *voiceAt(const VoicePlace &place) const;
     Beats beatsAt(const ContentSwap &swap, const VoicePlace &place) const;
-    void insert(ContentSwap &swap, Stream stream) const;
-    unsigned pour(ContentSwap &swap, const Stream &stream,
-                  const std::vector<Length> &lengths) const;
+    void insert(ContentSwap &swap, const Stream &stream);
+    unsigned pour(ContentSwap &swap, const Stream &stream, const std::vector<Length> &lengths);
     void writeOutSimiles(ContentSwap &swap, const Stream &stream, unsigned barCount) const;
 
     const ScoreModel &_model;
@@ -55,6 +61,7 @@ private:
     unsigned _bar;
     unsigned _times;
     PasteMode _mode;
+    std::vector<Stretch> _open;
     Length _start;      ///< time of the place in its bar
     Length _clipLength; ///< of its longest voice
 };

@@ -53,6 +53,8 @@ void PasteBeatRange::plan()
     auto content = std::make_unique<GivenContent>();
     requirePlace(content->init(_target, std::move(swap)));
     addStep(std::move(content));
+    for (const BeatPasting::Stretch &open : pasting.openStretches())
+        addStep([this, open] { return fingeringOf(_target, open.first, open.second); });
 }
 
 } // namespace zarn::cmd

@@ -13,8 +13,9 @@ class ContentSwap;
 namespace zarn::cmd {
 
 /// Pastes copied beats, any number of times in a row. What sounds stays the same in another
-/// instrument as far as it can. A single voice goes to the voice of the place, several go to those
-/// with their numbers, at the same time.
+/// instrument as far as it can; where strings sound otherwise, it is fingered anew, and when it is
+/// merged with other notes, put on the free strings with the lowest frets. A single voice goes to
+/// the voice of the place, several go to those with their numbers, at the same time.
 ///
 /// Inserted, the beats stand in front of the one at the place and the bar grows. Otherwise they go
 /// on over bar lines, where they are cut, and columns are appended at the end: in the place of what

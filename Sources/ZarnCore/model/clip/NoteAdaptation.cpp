@@ -38,8 +38,8 @@ int transpositionOf(const Staff &staff)
 
 } // namespace
 
-NoteAdaptation::NoteAdaptation(const Staff &from, const Staff &to)
-    : _to(to), _isSamePercussion(typeOf(from) == typeOf(to)),
+NoteAdaptation::NoteAdaptation(const Staff &from, const Staff &to, Strings strings)
+    : _to(to), _strings(strings), _isSamePercussion(typeOf(from) == typeOf(to)),
       _isSilent(InstrumentSet::isUnpitched(typeOf(from)) != InstrumentSet::isUnpitched(typeOf(to))),
       _isFretted(to.isFretted()), _isUnpitched(InstrumentSet::isUnpitched(typeOf(to))),
       _shift(transpositionOf(from) - transpositionOf(to))
@@ -89,6 +89,8 @@ void NoteAdaptation::adaptNotes(Beat &beat)
             beat.removeNote(i);
     if (!_isFretted)
         dropStrings(beat);
+    else if (!_keepsFrets && _strings == Strings::Open)
+        leaveOpen(beat);
     else if (!_keepsFrets)
         placeOnStrings(beat);
 }
@@ -156,6 +158,20 @@ void NoteAdaptation::placeOnStrings(Beat &beat)
             }
         }
         put(*note, best, bestFret);
+    }
+}
+
+/// What sounds as before on its string and fret stays there.
+void NoteAdaptation::leaveOpen(Beat &beat)
+{
+    for (const auto &note : beat.notes()) {
+        const bool isThere = note->string() >= 0 && note->fret() >= 0
+            && fretOfPitch(_to, note->string(), note->midi()) == note->fret();
+        if (isThere)
+            continue;
+        note->setString(Note::Unset);
+        note->setFret(Note::Unset);
+        _hasOpen = true;
     }
 }
 

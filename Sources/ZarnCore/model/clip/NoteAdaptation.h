@@ -17,20 +17,30 @@ class Staff;
 /// pitches become rests in each other's staves. Keys that do not exist move by octaves.
 class NoteAdaptation {
 public:
-    NoteAdaptation(const Staff &from, const Staff &to);
+    /// Where notes go whose string sounds otherwise: to the free one with the lowest fret, or to
+    /// none yet.
+    enum class Strings { Lowest, Open };
+
+    NoteAdaptation(const Staff &from, const Staff &to, Strings strings);
 
     void adapt(const Voice::Beats &beats);
+
+    /// Whether a note with a pitch has no string on a staff that has some.
+    bool hasOpen() const noexcept { return _hasOpen; }
 
 private:
     void adaptNotes(Beat &beat);
     void dropMissingLines(Beat &beat) const;
     bool adaptPitch(Note &note) const;
     void placeOnStrings(Beat &beat);
+    void leaveOpen(Beat &beat);
     void dropStrings(Beat &beat) const;
     void dropMarks(Beat &beat) const;
     bool hasOn(OnStaves staves) const noexcept;
 
     const Staff &_to;
+    Strings _strings;
+    bool _hasOpen = false;
     bool _isSamePercussion;
     bool _isSilent; ///< drums into pitches, or the other way round
     bool _keepsFrets;
