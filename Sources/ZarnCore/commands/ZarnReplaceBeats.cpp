@@ -47,6 +47,12 @@ bool ReplaceBeats::prepare(Score *score, const ScoreModelIndex &index)
         && expectPlace([this] { return isPossible(); });
 }
 
+bool ReplaceBeats::prepare(Score *score)
+{
+    setScore(score);
+    return expectPlace([this] { return isPossible(); });
+}
+
 void ReplaceBeats::make()
 {
     for (Replacement &replacement : replacements()) {
@@ -59,27 +65,36 @@ void ReplaceBeats::make()
     }
 }
 
-/// From the last stretch to the first: those in front keep their places. The stretches of a voice
-/// start where the lengths of those in front of them put them.
-void ReplaceBeats::exchange()
+/// From the last stretch to the first: those in front keep their places. `mode` is for those that
+/// bring ties.
+void ReplaceBeats::takeOut(LinkMode mode)
 {
     for (auto it = _exchanges.rbegin(); it != _exchanges.rend(); ++it) {
         Voice &voice = *voiceOf(model(), it->out.place);
-        Beats taken;
+        const LinkMode own = it->out.bringsTies ? mode : LinkMode::None;
         if (it->inCount != 0)
-            taken = voice.takeBeats(it->inFirst, it->inFirst + it->inCount - 1);
-        it->inCount = static_cast<unsigned>(it->out.beats.size());
-        voice.insertBeats(it->inFirst, std::move(it->out.beats));
-        it->out.beats = std::move(taken);
+            it->taken = voice.takeBeats(it->inFirst, it->inFirst + it->inCount - 1, own);
+        else if (own == LinkMode::Mend)
+            mendTies(voice, it->inFirst, it->inFirst);
     }
+}
+
+/// From the first stretch to the last: where one starts is decided by the lengths of those in front
+/// of it in its voice.
+void ReplaceBeats::putIn()
+{
     const Exchange *last = nullptr;
     int shift = 0;
     for (Exchange &it : _exchanges) {
         const BeatSpan &place = it.out.place;
-        if (!last || voiceOf(model(), place) != voiceOf(model(), last->out.place))
+        Voice &voice = *voiceOf(model(), place);
+        if (!last || &voice != voiceOf(model(), last->out.place))
             shift = 0;
         it.inFirst = static_cast<unsigned>(static_cast<int>(it.inFirst) + shift);
-        shift += static_cast<int>(it.inCount) - static_cast<int>(it.out.beats.size());
+        it.inCount = static_cast<unsigned>(it.out.beats.size());
+        shift += static_cast<int>(it.inCount) - static_cast<int>(it.taken.size());
+        voice.insertBeats(it.inFirst, std::move(it.out.beats));
+        it.out.beats = std::exchange(it.taken, {});
         last = &it;
     }
 }
@@ -90,6 +105,11 @@ void ReplaceBeats::link(const Exchange &exchange) const
     Voice &voice = *voiceOf(model(), exchange.out.place);
     const unsigned first = exchange.inFirst;
     const unsigned end = first + exchange.inCount;
+    if (exchange.out.bringsTies) {
+        carryOver(voice, first, end);
+        mendThroughout(voice, first, end);
+        return;
+    }
     if (exchange.out.holdsOn)
         beginTies(voice, first);
     if (first == end)
@@ -116,7 +136,8 @@ void ReplaceBeats::apply()
         _links.emplace_back(*voiceOf(model(), place), it.inFirst, it.inFirst + it.inCount);
         _touched.add(place.track, place.staff, place.bar, place.bar);
     }
-    exchange();
+    takeOut(LinkMode::Mend);
+    putIn();
     for (const Exchange &it : _exchanges)
         link(it);
     for (std::size_t i = 0; i < _exchanges.size(); ++i) {
@@ -128,7 +149,8 @@ void ReplaceBeats::apply()
 
 void ReplaceBeats::revert()
 {
-    exchange();
+    takeOut(LinkMode::None);
+    putIn();
     for (std::size_t i = _exchanges.size(); i-- > 0;)
         _links[i].putBack(*voiceOf(model(), _exchanges[i].out.place));
     for (Exchange &it : _exchanges) {

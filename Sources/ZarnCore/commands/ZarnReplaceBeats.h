@@ -4,6 +4,7 @@
 #include <ZarnCore/commands/Beat/ZarnKeptLinks.h>
 #include <ZarnCore/commands/ZarnScoreCommand.h>
 #include <ZarnCore/commands/ZarnTouchedBars.h>
+#include <ZarnCore/model/ZarnLinkMode.h>
 #include <ZarnCore/model/places/ZarnBeatSpan.h>
 #include <ZarnCore/model/places/ZarnScoreModelRange.h>
 
@@ -30,6 +31,10 @@ protected:
 
         /// Whether ties of the first new beat hold the notes of the beat in front of it.
         bool holdsOn = false;
+
+        /// Whether the new beats come with ties of their own, which stay as they are: what was tied
+        /// to the old ones is let go before. Slurs and hairpins go on over beats that have none.
+        bool bringsTies = false;
     };
     using Replacements = std::vector<Replacement>;
 
@@ -39,6 +44,9 @@ protected:
     /// False when nothing of the range, or at the index, can be replaced.
     bool prepare(Score *score, const ScoreModelRange &range);
     bool prepare(Score *score, const ScoreModelIndex &index);
+
+    /// For a command that knows its places by itself.
+    bool prepare(Score *score);
 
     const ScoreModelRange &range() const noexcept { return _range; }
 
@@ -55,6 +63,7 @@ private:
         Replacement out;
         unsigned inFirst; ///< where the beats start that are in the voice
         unsigned inCount;
+        Beats taken;                  ///< until others are in their place
         std::shared_ptr<Voice> voice; ///< for a bar that needs it, while it is out of the bar
         bool needsVoice = false;
     };
@@ -64,7 +73,8 @@ private:
     void announceApplied() override;
     void announceReverted() override;
     void make();
-    void exchange();
+    void takeOut(LinkMode mode);
+    void putIn();
     void link(const Exchange &exchange) const;
 
     ScoreModelRange _range;

@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ZarnCore/commands/Beat/ZarnKeptLinks.h>
-#include <ZarnCore/commands/ZarnScoreCommand.h>
-#include <ZarnCore/commands/ZarnTouchedBars.h>
-#include <ZarnCore/model/places/ZarnBeatSpan.h>
+#include <ZarnCore/commands/ZarnReplaceBeats.h>
 
 #include <memory>
 #include <vector>
@@ -27,7 +24,7 @@ namespace cmd {
 /// surroundings are undone, and so are hammer-ons and slides; the new beats keep their own, over
 /// bar lines too. Slurs and hairpins go on over new beats that have none. Sends `ModifyBarRange`
 /// for the bars, and for those around them where ties and the like end.
-class ZARNCORE_EXPORT WriteBeats final : public ScoreCommand {
+class ZARNCORE_EXPORT WriteBeats final : public ReplaceBeats {
 public:
     WriteBeats();
     ~WriteBeats() override;
@@ -38,27 +35,11 @@ public:
     bool init(Score *score, unsigned track, unsigned staff, std::vector<WrittenStretch> stretches);
 
 private:
-    struct Place {
-        BeatSpan span; ///< of what is replaced; `lastBeat` counts only when there is any
-        unsigned replacedCount = 0;
-        unsigned writtenCount = 0;
-        std::vector<std::shared_ptr<Beat>> written;  ///< while they are out of the voice
-        std::vector<std::shared_ptr<Beat>> replaced; ///< while they are out of the voice
-        std::shared_ptr<Voice> voice; ///< for a bar that needs it, while it is out of the bar
-        bool needsVoice = false;
-    };
+    bool isPossible() const override;
+    Replacements replacements() const override;
+    bool isPossible(const Replacement &stretch) const;
 
-    void apply() override;
-    void revert() override;
-    void announceApplied() override;
-    void announceReverted() override;
-    bool isPossible(const Place &place) const;
-    bool arePossible() const;
-    Voice &voiceAt(Place &place) const;
-
-    std::vector<Place> _places;
-    std::vector<KeptLinks> _links;
-    TouchedBars _touched;
+    Replacements _stretches;
 };
 
 } // namespace cmd
