@@ -144,6 +144,23 @@ TEST_F(LinkCommandsTest, numberedSlursGoWithTheirEnds)
     EXPECT_EQ(beat(1, 1).slurEnds(), begin);
 }
 
+/// Bars that are emptied at once leave no half of a tie in front of them or behind.
+TEST_F(LinkCommandsTest, tiesAreCutAroundBarsThatAreEmptiedTogether)
+{
+    ASSERT_TRUE(beat(0, 3).notes()[0]->isTieOrigin() && beat(3, 0).notes()[0]->isTied());
+    const auto isAnyLeft = [&] {
+        return beat(0, 3).notes()[0]->isTieOrigin() || beat(3, 0).notes()[0]->isTied();
+    };
+    for (const auto &[what, act] : std::vector<std::pair<const char *, std::function<bool()>>>{
+             {"removed", [&] { return score.removeBeats(small.from(1, 0, 2, 3)); }},
+             {"cleared", [&] { return score.clearBeats(small.from(1, 0, 2, 3)); }},
+             {"rests", [&] { return score.setNoteRest(small.from(1, 0, 2, 3)); }}}) {
+        expectDone(what, act);
+        EXPECT_FALSE(isAnyLeft()) << what;
+        score.commandStack().undo();
+    }
+}
+
 /// Rests are filled, over bar lines too, and what is struck is not struck again.
 TEST_F(LinkCommandsTest, beatsAreTiedInAChain)
 {

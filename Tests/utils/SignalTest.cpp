@@ -146,6 +146,23 @@ TEST_F(SignalTest, throwingSlotLeavesTheSignalUsable)
     EXPECT_EQ(emission(), "ac");
 }
 
+/// A view does not miss what happens because another one fails.
+TEST_F(SignalTest, throwingSlotKeepsTheEventFromNobody)
+{
+    connect(a, 'a');
+    for (const char *reason : {"first", "second"}) {
+        signal.connect(&b, [reason](const Ping &) { throw std::runtime_error(reason); });
+        connect(c, 'c');
+    }
+    try {
+        emission();
+        ADD_FAILURE() << "nothing reached the notifier";
+    } catch (const std::runtime_error &failure) {
+        EXPECT_STREQ(failure.what(), "first");
+    }
+    EXPECT_EQ(calls, "acc");
+}
+
 TEST_F(SignalTest, blockedSignalDeliversNothingAndStillConnects)
 {
     connect(a, 'a');

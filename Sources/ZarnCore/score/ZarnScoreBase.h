@@ -68,7 +68,9 @@ public:
             signal->disconnect(object);
     }
 
-    /// Delivers an event to its listeners. For commands; applications listen.
+    /// Delivers an event to its listeners, to all of them: what one throws reaches the caller when
+    /// the others have heard. A command whose event fails so is taken back, and all listeners hear
+    /// of that too. For commands; applications listen.
     template <class E>
     void notify(const void *sender, const E &event)
     {

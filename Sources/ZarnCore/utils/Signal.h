@@ -4,6 +4,7 @@
 #include <ZarnCore/utils/SignalBase.h>
 
 #include <algorithm>
+#include <exception>
 #include <functional>
 #include <memory>
 #include <type_traits>
@@ -23,8 +24,9 @@ namespace utils {
 /// object that is disconnected in the middle of an emission may still be called by it; a listener
 /// that dies there holds a `ScopedConnection` instead, which silences it at once.
 ///
-/// An exception of a listener ends the emission and reaches the notifier; the listeners after it
-/// are not called. Not thread-safe: one thread at a time.
+/// A listener that throws keeps the event from nobody: those behind it are called, then the
+/// exception reaches the notifier, the first one where several throw. Not thread-safe: one thread
+/// at a time.
 template <class E>
 class Signal final : public SignalBase {
 public:
@@ -217,11 +219,20 @@ void Signal<E>::emitEvent(const void *sender, const E &event)
         return;
     // By index: a request made by a listener may move the store, but never adds to it or removes.
     const std::size_t count = _connections.size();
+    std::exception_ptr failure;
     for (std::size_t i = 0; i < count; ++i) {
         const Connection &connection = _connections[i];
-        if (!connection.isSilenced)
+        if (connection.isSilenced)
+            continue;
+        try {
             connection.slot->call(event);
+        } catch (...) {
+            if (!failure)
+                failure = std::current_exception();
+        }
     }
+    if (failure)
+        std::rethrow_exception(failure);
 }
 
 template <class E>
