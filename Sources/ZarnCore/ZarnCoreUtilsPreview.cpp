@@ -6,6 +6,7 @@
 #include <ZarnCore/model/ZarnMasterTrack.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/notes/Links.h>
+#include <ZarnCore/model/notes/SpanFaults.h>
 #include <ZarnCore/score/ZarnScore.h>
 
 #include <algorithm>
@@ -153,6 +154,7 @@ void PartCopy::copyTrack(unsigned track, const std::set<unsigned> &bars) const
             }
         }
     }
+    mendBrokenSpans(*to);
 }
 
 void PartCopy::copyTrackGroups(const std::vector<unsigned> &tracks) const

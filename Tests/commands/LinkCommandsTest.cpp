@@ -127,6 +127,7 @@ TEST_F(LinkCommandsTest, numberedSlursGoWithTheirEnds)
     const SlurEnds end = {{2, false}, {3, false}};
     beat(1, 1).setSlurEnds(begin);
     beat(3, 1).setSlurEnds(end);
+    beat(0, 1).setSlurEnds({{2, true}});
     for (const auto &cut :
          std::vector<std::function<bool()>>{[&] { return score.removeBeats(one(1, 1)); },
                                             [&] { return score.clearBeats(one(1, 1)); },

@@ -75,7 +75,7 @@ struct RichScore : SmallScore {
         beat(0, 1).setDynamic(NoteDynamic::Value::P);
         addLinks();
         beat(0, 3).setChord({"Em7", nullptr});
-        beat(1, 1).setLyrics({{0, Syllabic::Begin, false, "la"}});
+        beat(1, 1).setLyrics({{0, Syllabic::Single, false, "la"}});
         score.scoreCursor().setIndex(at(5, -1, 1));
     }
 

@@ -34,3 +34,38 @@ TEST(NativeLinks, brokenOnesAreLeftOutAndTold)
     EXPECT_TRUE(report.hasProblem("part 1, bar 3: a slur that comes from no beat was left out"));
     EXPECT_TRUE(report.hasProblem("part 1, bar 5: a hammer-on or pull-off that leads to no note"));
 }
+
+/// Pedals, lines behind words, numbered slurs and words of lyrics are mended the same way.
+TEST(NativeLinks, brokenSpansAreMendedAndTold)
+{
+    const SmallScore small;
+    small.beat(0, 1).setPedal(PedalChange::Stop);
+    small.beat(1, 0).setPedal(PedalChange::Start);
+    small.beat(1, 2).setPedal(PedalChange::Start);
+    small.beat(2, 0).setTextSpan(TextSpan::Begin);
+    small.beat(3, 0).setSlurEnds({{5, false}, {6, true}});
+    small.beat(3, 2).setSlurEnds({{6, false}});
+    small.beat(0, 0).setLyrics({{0, Syllabic::Begin, true, "A"}});
+    small.beat(0, 1).setLyrics({{0, Syllabic::Single, false, "men"}});
+    small.beat(4, 0).setLyrics({{0, Syllabic::Begin, true, "Hal"}});
+    io::ImportReport report;
+    const auto model = test::readNative(test::writeNative(small.model), report);
+    EXPECT_EQ(checkModel(*model), std::vector<std::string>());
+    const auto beat = [&](unsigned bar, unsigned number) -> const Beat & {
+        return *model->track(0)->bar(bar)->voice(0)->beats()[number];
+    };
+    EXPECT_EQ(beat(0, 1).pedal(), PedalChange::None);
+    EXPECT_EQ(beat(1, 0).pedal(), PedalChange::Start) << "held to the end";
+    EXPECT_EQ(beat(1, 2).pedal(), PedalChange::Change);
+    EXPECT_EQ(beat(2, 0).textSpan(), TextSpan::None);
+    EXPECT_EQ(beat(3, 0).slurEnds(), (SlurEnds{{6, true}}));
+    EXPECT_EQ(beat(0, 0).lyrics(), (Syllables{{0, Syllabic::Single, false, "A"}}));
+    EXPECT_EQ(beat(4, 0).lyrics(), small.beat(4, 0).lyrics()) << "waits for notes";
+    for (const char *problem :
+         {"part 1, bar 1: a pedal that is lifted without being down was mended",
+          "part 1, bar 2: a pedal that is pressed while it is down was mended",
+          "part 1, bar 3: a line behind words that nothing ends was mended",
+          "part 1, bar 4: a numbered slur that comes from no beat was mended",
+          "part 1, bar 1: a word that breaks off before its last syllable was mended"})
+        EXPECT_TRUE(report.hasProblem(problem)) << problem;
+}

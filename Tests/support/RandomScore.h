@@ -12,6 +12,7 @@
 #include <ZarnCore/model/ZarnMasterBarAttribute.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/notes/LinkFaults.h>
+#include <ZarnCore/model/notes/SpanFaults.h>
 
 #include <cmath>
 #include <cstdint>
@@ -366,6 +367,7 @@ private:
         fillAutomations(track->mutableAutomations());
         for (const auto &staff : track->staves())
             fillStaff(*staff);
+        zarn::mendBrokenSpans(*track);
         return track;
     }
 

@@ -33,6 +33,10 @@ void ChangeMarks<Node>::apply()
     _rhythms.clear();
     _links.clear();
     begin(model());
+    if (_also.rhythms || _also.spans)
+        keepSpans(_range);
+    for (const SpanKind kind : givenSpans())
+        setGivenSpan(kind);
     if (_also.links)
         _links.keep(model(), beatSpans(model(), _range));
     constexpr bool areNotes = std::is_same_v<Node, Note>;

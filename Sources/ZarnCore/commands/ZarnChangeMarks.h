@@ -18,6 +18,7 @@ namespace zarn {
 struct AlsoKept {
     bool otherMarks = false; ///< of notes those of their beats, of beats those of their notes
     bool rhythms = false;    ///< of beats
+    bool spans = false;      ///< pedals and the like, see `ScoreCommand::keepSpans`
     bool links = false;      ///< what the nodes are linked with, which is mended then
 };
 
@@ -48,6 +49,9 @@ protected:
 
     /// Called before the nodes are looked at, for what depends on several of them.
     virtual void begin(ScoreModel &) { }
+
+    /// The kinds of spans that begin where the nodes change.
+    virtual std::vector<SpanKind> givenSpans() const { return {}; }
 
     /// Called when all nodes are changed, and when all have back what they had, for what follows
     /// from that elsewhere. The first may throw; the second is called then.

@@ -135,15 +135,14 @@ void ReplaceBeats::apply()
             barOf(model(), place)->setVoice(place.voice, std::move(it.voice));
         _links.emplace_back(*voiceOf(model(), place), it.inFirst, it.inFirst + it.inCount);
         _touched.add(place.track, place.staff, place.bar, place.bar);
+        keepSpans(place.track, place.staff, place.bar, place.bar);
     }
     takeOut(LinkMode::Mend);
     putIn();
     for (const Exchange &it : _exchanges)
         link(it);
     for (std::size_t i = 0; i < _exchanges.size(); ++i) {
-        const Exchange &it = _exchanges[i];
-        _links[i].cutSlurs(*voiceOf(model(), it.out.place), it.inFirst + it.inCount);
-        _links[i].settle(it.out.place, _touched);
+        _links[i].settle(_exchanges[i].out.place, _touched);
     }
 }
 

@@ -2,12 +2,16 @@
 #pragma once
 
 #include <ZarnCore/commands/ZarnCommand.h>
+#include <ZarnCore/model/notes/ZarnSpanLine.h>
+
+#include <memory>
 
 namespace zarn {
 
 class Score;
 class ScoreBase;
 class ScoreModel;
+class ScoreModelRange;
 
 /// Base of commands that change a score and announce it: keeps change and announcement apart, so
 /// that a listener that throws finds the change taken back.
@@ -15,6 +19,8 @@ class ScoreModel;
 /// A concrete command takes its score in `init`, and implements the four private operations.
 class ZARNCORE_EXPORT ScoreCommand : public Command {
 public:
+    ~ScoreCommand() override;
+
     void redo() final;
     void undo() final;
 
@@ -37,7 +43,23 @@ protected:
     /// Raises, with name and arguments, when the command's place does not exist when it runs.
     void requirePlace(bool exists) const;
 
+    /// For `apply`, before it puts beats into bars that it announces, takes some out, or changes
+    /// their lengths or what is marked at the ends of a span alone: pedals, lines behind words,
+    /// numbered slurs, words of lyrics. These are mended when it is done, wherever they lead to;
+    /// that is taken back with the rest, and `ModifyBarRange` tells of other bars. See `KeptSpans`.
+    void keepSpans(unsigned track, unsigned staff, unsigned firstBar, unsigned lastBar);
+    void keepSpans(const ScoreModelRange &range);
+
+    /// What begins of a kind is given by the command.
+    void setGivenSpan(SpanKind kind);
+
 private:
+    struct SpanWork;
+
+    void perform();
+    void takeBack();
+    void announceSpans();
+
     /// Whether the command will join a macro.
     bool isCollected() const noexcept;
 
@@ -53,7 +75,8 @@ private:
     virtual void announceReverted() = 0;
 
     Score *_score = nullptr;
-    ScoreBase *_base = nullptr; ///< the same
+    ScoreBase *_base = nullptr;       ///< the same
+    std::unique_ptr<SpanWork> _spans; ///< of commands that may change any
 };
 
 } // namespace zarn

@@ -6,6 +6,7 @@
 #include <ZarnCore/commands/ZarnRangeNodes.h>
 #include <ZarnCore/events/ZarnScoreEvents.h>
 #include <ZarnCore/model/notes/Links.h>
+#include <ZarnCore/model/notes/Spans.h>
 #include <ZarnCore/model/notes/Ties.h>
 #include <ZarnCore/score/ZarnScoreBase.h>
 
@@ -95,6 +96,51 @@ bool isChord(const NoteAttributeRow &)
     return false;
 }
 
+/// What an attribute marks at its ends alone.
+std::optional<SpanKind> spanOf(BeatAttribute id)
+{
+    for (const SpanKind kind :
+         {SpanKind::Pedal, SpanKind::TextSpan, SpanKind::Slur, SpanKind::Word})
+        if (attributeOf(kind) == id)
+            return kind;
+    return std::nullopt;
+}
+std::optional<SpanKind> spanOf(NoteAttribute)
+{
+    return std::nullopt;
+}
+
+bool beginsSpan(SpanKind kind, const AttributeValue &value)
+{
+    switch (kind) {
+    case SpanKind::Pedal:
+        return value.to<PedalChange>() == PedalChange::Start;
+    case SpanKind::TextSpan:
+        return value.to<TextSpan>() == TextSpan::Begin;
+    case SpanKind::Slur: {
+        const auto ends = value.to<SlurEnds>();
+        return std::any_of(ends.begin(), ends.end(),
+                           [](const SlurEnd &end) { return end.isBegin; });
+    }
+    case SpanKind::Word:
+        break;
+    }
+    const auto syllables = value.to<Syllables>();
+    return std::any_of(syllables.begin(), syllables.end(), [](const Syllable &syllable) {
+        return syllable.syllabic == Syllabic::Begin || syllable.syllabic == Syllabic::Middle;
+    });
+}
+
+/// Whether an attribute decides about the time that beats take.
+bool isOfTime(BeatAttribute id)
+{
+    return id == BeatAttribute::Rhythm || id == BeatAttribute::GraceType;
+}
+bool isOfTime(NoteAttribute)
+{
+    return false;
+}
+
 /// The key under which the value of a kind is recorded.
 QString keyOf(const AttributeRange &range, const AttributeValue &value)
 {
@@ -130,10 +176,21 @@ bool SetByTable<Node>::prepare(Score *score, const ScoreModelRange &range, Value
             areValid = areValid && !row.excludes.has(other.first);
         also.otherMarks = also.otherMarks || reachesOthers(row);
         also.links = also.links || row.isLink;
+        also.spans = also.spans || isOfTime(row.id) || spanOf(row.id).has_value();
         also.rhythms = also.rhythms || std::holds_alternative<RhythmValue>(value.held());
         _given.push_back({&row, value, value == defaultOf(row)});
     }
     return areValid && ChangeMarks<Node>::prepare(score, range, also);
+}
+
+template <class Node>
+std::vector<SpanKind> SetByTable<Node>::givenSpans() const
+{
+    std::vector<SpanKind> kinds;
+    for (const Given &given : _given)
+        if (const auto kind = spanOf(given.row->id); kind && beginsSpan(*kind, given.value))
+            kinds.push_back(*kind);
+    return kinds;
 }
 
 template <class Node>

@@ -60,6 +60,7 @@ protected:
     void change(const MarkedPlace &place, Beat &beat, Node &node) override;
 
 private:
+    std::vector<SpanKind> givenSpans() const final;
     void announce() final;
     void followChange(ScoreModel &model) final;
     void followReturn(ScoreModel &model) final;

@@ -47,6 +47,9 @@ protected:
     /// `number` counts the nodes of the places from 0. Changes no node.
     virtual std::optional<Value> next(std::size_t number, const Node &node) const = 0;
 
+    /// Called before any node changes.
+    virtual void begin() { }
+
     /// Brings up to date what follows from the attribute, after each change.
     virtual void settle() { }
 
@@ -67,6 +70,7 @@ private:
     void apply() override
     {
         const Nodes nodes = _places.nodes(model());
+        begin();
         std::vector<Value> before;
         before.reserve(nodes.size());
         bool isAnyChanged = false;

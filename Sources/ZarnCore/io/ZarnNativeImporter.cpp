@@ -9,6 +9,7 @@
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/clip/ZarnClip.h>
 #include <ZarnCore/model/notes/LinkFaults.h>
+#include <ZarnCore/model/notes/SpanFaults.h>
 #include <ZarnCore/model/notes/Ties.h>
 
 #include <filesystem/FileHandle.h>
@@ -76,12 +77,17 @@ void mendSimileMarks(ScoreModel &model, ImportReport &report)
 /// Takes away what leads to nothing, and says so.
 void mendLinks(const ScoreModel &model, ImportReport &report)
 {
-    for (const auto &track : model.tracks())
+    for (const auto &track : model.tracks()) {
         for (const auto &staff : track->staves())
             for (const BrokenLink &link : takeBrokenLinksOff(*staff))
                 report.addProblem({textOf(link.kind) + std::string(" was left out"),
                                    static_cast<int>(track->index()), static_cast<int>(link.bar),
                                    0});
+        for (const BrokenSpan &span : mendBrokenSpans(*track))
+            report.addProblem({span.text + std::string(" was mended"),
+                               static_cast<int>(track->index()), static_cast<int>(span.place.bar),
+                               0});
+    }
 }
 
 /// Loose ties stay as they are: they are how a note rings on, or is held into a second ending.

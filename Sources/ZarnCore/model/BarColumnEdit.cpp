@@ -2,7 +2,6 @@
 #include <ZarnCore/model/BarColumnEdit.h>
 
 #include <ZarnCore/model/layout/BarsOfSystems.h>
-#include <ZarnCore/model/notes/SlurPartners.h>
 #include <ZarnCore/model/notes/StringLinks.h>
 
 #include <algorithm>
@@ -61,30 +60,6 @@ void keepLinks(const ScoreModel &model, unsigned end, unsigned begin, KeptBeats 
         if (begin < staff.barCount())
             keepLinks(*staff.bars()[begin], staff.index(), track, false, links);
     });
-}
-
-/// Keeps the ends in other columns of the numbered slurs of some, then takes them off.
-void cutSlurs(const ScoreModel &model, unsigned first, unsigned last, KeptBeats &links)
-{
-    std::vector<SlurPartner> partners;
-    visitStaves(model, [&](const Staff &staff, unsigned track) {
-        for (unsigned bar = first; bar <= last && bar < staff.barCount(); ++bar)
-            for (const auto &voice : staff.bars()[bar]->voices())
-                for (unsigned beat = 0; voice && beat < voice->beatCount(); ++beat)
-                    if (voice->beats()[beat]->hasDetails())
-                        for (SlurPartner &partner :
-                             slurPartners(*model.tracks()[track],
-                                          {track, staff.index(), bar, voice->index(), beat})) {
-                            partner.place.track = track;
-                            partners.push_back(partner);
-                        }
-    });
-    for (const SlurPartner &partner : partners)
-        if (partner.place.bar < first || partner.place.bar > last)
-            links.keep(partner.place, *partner.beat);
-    for (const SlurPartner &partner : partners)
-        if (partner.place.bar < first || partner.place.bar > last)
-            takeOff(partner);
 }
 
 // Most tracks have no automations: their many slots need not be looked at.
@@ -156,7 +131,8 @@ BarColumns BarColumnEdit::take(unsigned first, unsigned last)
         return taken;
     last = std::min(last, _master.masterBarCount() - 1);
     taken.surroundings = surroundingsOf(first, last + 1);
-    cutSlurs(_model, first, last, taken.surroundings.links);
+    for (const auto &track : _model.tracks())
+        taken.surroundings.spans.keep(*track, first, last);
 
     taken.automations.reserve(1 + _model.trackCount());
     taken.automations.push_back(_master.eraseBlocks(first, last));
@@ -173,11 +149,13 @@ BarColumns BarColumnEdit::take(unsigned first, unsigned last)
             blocks.push_back(staff->takeBars(first, last, LinkMode::Mend));
         taken.bars.push_back(std::move(blocks));
     }
+    taken.surroundings.spans.mend(_model, taken.count());
     return taken;
 }
 
 void BarColumnEdit::putBack(BarColumns columns)
 {
+    columns.surroundings.spans.putBack(_model);
     _master.insertMasterBarBlock(columns.first, std::move(columns.masterBars));
     _master.restoreBlocks(std::move(columns.automations[0]));
     for (unsigned i = 0; i < _model.trackCount(); ++i) {

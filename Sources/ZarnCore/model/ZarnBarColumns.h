@@ -6,6 +6,7 @@
 #include <ZarnCore/model/ZarnMasterTrack.h>
 #include <ZarnCore/model/ZarnTrack.h>
 #include <ZarnCore/model/notes/ZarnKeptBeats.h>
+#include <ZarnCore/model/notes/ZarnKeptSpans.h>
 
 #include <vector>
 
@@ -24,6 +25,7 @@ struct BarColumnSurroundings {
     MasterTrack::DirectionSlots directions = {};
     std::vector<SimileMarkPlace> simileMarks;
     KeptBeats links; ///< beats that face the columns
+    KeptSpans spans; ///< of columns that were taken out
 
     /// Bars per system, of the full score first, then of each track.
     std::vector<std::vector<int>> systems;

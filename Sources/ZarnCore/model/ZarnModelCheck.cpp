@@ -3,6 +3,7 @@
 
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/notes/LinkFaults.h>
+#include <ZarnCore/model/notes/SpanFaults.h>
 
 namespace zarn {
 namespace {
@@ -28,6 +29,8 @@ public:
             checkAutomations(track->automations(), place);
             for (unsigned s = 0; s < track->staffCount(); ++s)
                 checkStaff(*track, s, place + " staff " + std::to_string(s));
+            if (_depth == Depth::Notes)
+                checkSpans(*track, place);
         }
         return std::move(_problems);
     }
@@ -88,6 +91,17 @@ private:
                    place + " bar " + std::to_string(link.bar) + " voice "
                        + std::to_string(link.voice) + " beat " + std::to_string(link.beat),
                    textOf(link.kind));
+    }
+
+    void checkSpans(const Track &track, const std::string &trackPlace)
+    {
+        for (const BrokenSpan &span : brokenSpans(track))
+            expect(false,
+                   trackPlace + " staff " + std::to_string(span.place.staff) + " bar "
+                       + std::to_string(span.place.bar) + " voice "
+                       + std::to_string(span.place.voice) + " beat "
+                       + std::to_string(span.place.beat),
+                   span.text);
     }
 
     void checkBar(const Staff &staff, unsigned number, const std::string &staffPlace)

@@ -3,6 +3,7 @@
 
 #include <ZarnCore/model/BarColumnEdit.h>
 #include <ZarnCore/model/layout/PageText.h>
+#include <ZarnCore/model/notes/SpanFaults.h>
 
 #include <algorithm>
 
@@ -104,12 +105,16 @@ void ScoreModel::insertTrack(unsigned index, const std::shared_ptr<Track> &track
     if (!alignBars)
         return;
     const unsigned count = _masterTrack->masterBarCount();
+    bool isCut = false;
     for (const auto &staff : track->staves()) {
+        isCut = isCut || staff->barCount() > count;
         if (staff->barCount() < count)
             staff->addEmptyBars(count - staff->barCount());
         else if (staff->barCount() > count)
             staff->takeBars(count, staff->barCount() - 1, LinkMode::Mend);
     }
+    if (isCut)
+        mendBrokenSpans(*track);
 }
 
 std::shared_ptr<Track> ScoreModel::removeTrack(unsigned index)

@@ -127,6 +127,15 @@ bool ContentSwap::fits(const ScoreModel &model) const
         && (_fermatas.empty() || model.masterTrack()->hasMasterBarIndex(_fermatas.rbegin()->first));
 }
 
+std::vector<VoicePlace> ContentSwap::places() const
+{
+    std::vector<VoicePlace> places;
+    places.reserve(_voices.size());
+    for (const auto &entry : _voices)
+        places.push_back(entry.first);
+    return places;
+}
+
 // All of the old beats go out before any goes in: one may only have changed its place.
 void ContentSwap::exchange(ScoreModel &model)
 {

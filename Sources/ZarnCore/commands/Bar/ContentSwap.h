@@ -76,6 +76,9 @@ public:
     /// Whether all the bars are there.
     bool fits(const ScoreModel &model) const;
 
+    /// The voices that are exchanged.
+    std::vector<VoicePlace> places() const;
+
     void apply(ScoreModel &model);
     void revert(ScoreModel &model);
 

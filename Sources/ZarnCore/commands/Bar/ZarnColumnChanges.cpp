@@ -55,6 +55,8 @@ void ColumnChanges::addSurroundings(const ScoreModel &model, const BarColumnSurr
         const unsigned number = numberOut(place.bar);
         _touched.add(place.track, place.staff, number, number);
     }
+    for (const KeptBeats::Place &place : before.spans.changed())
+        _touched.add(place.track, place.staff, place.bar, place.bar);
     for (std::size_t i = 0; i < before.systems.size(); ++i) {
         const auto &now =
             i == 0 ? model.fullScoreSystemsLayout() : model.tracks()[i - 1]->systemsLayout();

@@ -226,6 +226,8 @@ void SwapBars::apply()
     *_joints = {};
     _lostHalves.clear();
     for (BarStretch &stretch : _stretches) {
+        keepSpans(stretch.track, stretch.staff, stretch.first,
+                  stretch.first + countOf(stretch) - 1);
         if (!stretch.keepsClefs)
             continue;
         const Staff &staff = staffOf(stretch);

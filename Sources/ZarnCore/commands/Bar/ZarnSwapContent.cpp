@@ -33,6 +33,8 @@ void SwapContent::apply()
         _swap = std::move(swap);
     }
     requirePlace(_swap->fits(model()));
+    for (const VoicePlace &place : _swap->places())
+        keepSpans(place.track, place.staff, place.bar, place.bar);
     _swap->apply(model());
 }
 

@@ -5,6 +5,11 @@ namespace zarn {
 
 ChangeRhythm::~ChangeRhythm() = default;
 
+void ChangeRhythm::begin()
+{
+    keepSpans(places().range);
+}
+
 std::optional<BeatRhythm> ChangeRhythm::next(std::size_t, const Beat &beat) const
 {
     const auto rhythm = changed(beat.rhythmValue());

@@ -21,6 +21,7 @@ protected:
     virtual std::optional<RhythmValue> changed(const RhythmValue &rhythm) const = 0;
 
 private:
+    void begin() final;
     std::optional<BeatRhythm> next(std::size_t number, const Beat &beat) const final;
 };
 

@@ -48,6 +48,7 @@ void CreateBeat::putIn()
         _voice.reset();
     }
     Voice &voice = *voiceOf(model(), _place);
+    keepSpans(_place.track, _place.staff, _place.bar, _place.bar);
     _links.emplace(voice, _place.firstBeat, _place.firstBeat);
     voice.insertBeat(_place.firstBeat, _beat, LinkMode::Mend);
     _beat.reset();

@@ -17,27 +17,13 @@ public:
     /// The stretch is the beats from `first` up to, not including, `end`.
     KeptLinks(const Voice &voice, unsigned first, unsigned end);
 
-    /// After the change, with the stretch up to `end`: a numbered slur that lost one of its ends in
-    /// it goes.
-    void cutSlurs(const Voice &voice, unsigned end) const;
-
     /// After the change: adds the bars of the staff of `place` whose beats were marked otherwise.
     void settle(const BeatSpan &place, TouchedBars &touched);
 
     void putBack(const Voice &voice) const;
 
 private:
-    /// What a numbered slur leads to or comes from outside of the stretch.
-    struct OtherEnd {
-        Beat *beat;
-        SlurEnd end;
-    };
-
-    void keepSlurs(const Voice &voice, unsigned end);
-
-    unsigned _first;
     KeptBeats _beats;
-    std::vector<OtherEnd> _otherEnds; ///< until the change is settled
 };
 
 } // namespace zarn

@@ -28,11 +28,12 @@ void RemoveBeats::takeOut()
     _touched.add(_range);
     std::vector<Removed> removed;
     removed.reserve(spans.size());
+    for (const BeatSpan &span : spans)
+        keepSpans(span.track, span.staff, span.bar, span.bar);
     for (const BeatSpan &span : spans) {
         Voice &voice = *voiceOf(model(), span);
         removed.push_back({span, {}, KeptLinks(voice, span.firstBeat, span.lastBeat + 1)});
         removed.back().beats = voice.takeBeats(span.firstBeat, span.lastBeat, LinkMode::Mend);
-        removed.back().links.cutSlurs(voice, span.firstBeat);
         removed.back().links.settle(span, _touched);
     }
     _removed = std::move(removed);

@@ -21,6 +21,11 @@ namespace zarn::cmd {
 SetBeatRhythm::SetBeatRhythm() : SetAttribute(QStringLiteral("SetBeatRhythm")) { }
 SetBeatRhythm::~SetBeatRhythm() = default;
 
+void SetBeatRhythm::begin()
+{
+    keepSpans(places().range);
+}
+
 bool SetBeatRhythm::isWritable(const RhythmValue &rhythm) noexcept
 {
     const auto isRatio = [](const RhythmValue::TupletRatio &ratio) {

@@ -31,6 +31,9 @@ public:
 
     /// At most three dots, and tuplets of two numbers each, the inner one in an outer one.
     static bool isWritable(const RhythmValue &rhythm) noexcept;
+
+private:
+    void begin() override;
 };
 
 } // namespace zarn::cmd

@@ -60,6 +60,10 @@ void WriteNote::apply()
     _links.emplace(*voice, beat->index(), beat->index() + 1);
     _before = beat->marks();
     _isWritten = place->to.has_value();
+    if (beat->isWholeBarRest()) // which beats beside it came in time
+        keepSpans(static_cast<unsigned>(_index.trackIndex()), _index.staffIndex(),
+                  static_cast<unsigned>(_index.barIndex()),
+                  static_cast<unsigned>(_index.barIndex()));
     _noteIndex =
         old != nullptr ? static_cast<unsigned>(beat->indexOfNote(*old)) : beat->noteCount();
     if (old != nullptr) {

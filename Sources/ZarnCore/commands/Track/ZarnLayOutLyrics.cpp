@@ -71,6 +71,8 @@ void LayOutLyrics::apply()
     requirePlace(layout.has_value());
     _voice = line.voice();
     _leftOver = track->lyricsLeftOver()[_line];
+    if (!layout->changes.empty())
+        keepSpans(_track, 0, layout->changes.front().bar, layout->changes.back().bar);
     std::vector<Place> changed;
     changed.reserve(layout->changes.size());
     try {

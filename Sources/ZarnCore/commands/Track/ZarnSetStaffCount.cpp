@@ -34,6 +34,8 @@ void SetStaffCount::apply()
 {
     requirePlace(model().hasTrackIndex(_track));
     _countBefore = track().staffCount();
+    for (unsigned staff = _count; staff < _countBefore; ++staff)
+        keepSpans(_track, staff, 0, track().barCount());
     if (_count <= _countBefore)
         _staves = track().takeStavesFrom(_count);
     else if (_staves.empty())

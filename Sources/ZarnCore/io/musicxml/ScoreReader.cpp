@@ -21,6 +21,7 @@
 #include <ZarnCore/io/musicxml/signs/PartSigns.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/notes/LinkFaults.h>
+#include <ZarnCore/model/notes/SpanFaults.h>
 
 #include <algorithm>
 
@@ -35,6 +36,9 @@ void mendLinks(const Track &track, ImportContext &context)
         for (const BrokenLink &link : takeBrokenLinksOff(*staff))
             context.addProblemInBar(static_cast<int>(link.bar), {},
                                     textOf(link.kind) + std::string(" was left out"));
+    for (const BrokenSpan &span : mendBrokenSpans(track))
+        context.addProblemInBar(static_cast<int>(span.place.bar), {},
+                                span.text + std::string(" was mended"));
 }
 
 /// Reads one document: the parts one after another, then what they share.

@@ -10,8 +10,8 @@ namespace zarn {
 /// An end of a slur beside the outermost one of its voice: one that is nested, overlaps, or leads
 /// to another voice or staff of the track.
 ///
-/// A beginning and the first end of its number that follows in the track, not counting those in
-/// between that belong together, are one slur.
+/// A beginning and the next end of its number in the track are one slur: no two of one number run
+/// at a time.
 struct SlurEnd {
     static constexpr unsigned HighestNumber = 16;
 

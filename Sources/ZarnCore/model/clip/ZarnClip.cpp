@@ -4,6 +4,7 @@
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/barring/BeatPour.h>
 #include <ZarnCore/model/notes/LinkFaults.h>
+#include <ZarnCore/model/notes/SpanFaults.h>
 #include <ZarnCore/model/places/BarSelection.h>
 #include <ZarnCore/model/places/ZarnBeatSpan.h>
 #include <ZarnCore/model/places/ZarnRangeBarIterator.h>
@@ -117,9 +118,11 @@ void appendRests(Stream &stream, const rational &until)
 /// What led out of the copied music leads to nothing in the clip.
 std::shared_ptr<ScoreModel> withoutBrokenLinks(std::shared_ptr<ScoreModel> model)
 {
-    for (const auto &track : model->tracks())
+    for (const auto &track : model->tracks()) {
         for (const auto &staff : track->staves())
             takeBrokenLinksOff(*staff);
+        mendBrokenSpans(*track);
+    }
     return model;
 }
 
