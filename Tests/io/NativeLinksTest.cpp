@@ -69,3 +69,23 @@ TEST(NativeLinks, brokenSpansAreMendedAndTold)
           "part 1, bar 1: a word that breaks off before its last syllable was mended"})
         EXPECT_TRUE(report.hasProblem(problem)) << problem;
 }
+
+/// Groups and sounds that a document names and does not have.
+TEST(NativeLinks, groupsAndForcedSoundsBeyondTheEndAreMendedAndTold)
+{
+    const auto read = [](const std::string &members, io::ImportReport &report) {
+        return test::readNative("{\"zarn\":\"1.2\"," + members + "}", report);
+    };
+    io::ImportReport report;
+    const auto model = read(R"("trackGroups":[{"first":0,"last":7},{"first":1,"last":1},)"
+                            R"({"first":2,"last":2}],"tracks":[{"forcedSound":3},{}])",
+                            report);
+    ASSERT_EQ(model->trackGroups().size(), 2U);
+    EXPECT_EQ(model->trackGroups()[0].last, 1U);
+    EXPECT_EQ(model->track(0)->forcedSoundIndex(), TrackSettings::NoForcedSound);
+    EXPECT_EQ(checkModel(*model), std::vector<std::string>());
+    EXPECT_TRUE(report.hasProblem("/trackGroups/0: the group reaches to track 8 of 2; it ends"));
+    EXPECT_TRUE(
+        report.hasProblem("/trackGroups/2: the group reaches to track 3 of 2; it was left"));
+    EXPECT_TRUE(report.hasProblem("part 1: sound 4 of 0 is to be played throughout"));
+}

@@ -364,6 +364,8 @@ private:
             track->setSettings(settings());
         for (unsigned i = below(3); i > 0; --i)
             track->addSound(std::make_shared<const zarn::Sound>(sound()));
+        if (track->forcedSoundIndex() >= static_cast<int>(track->sounds().size()))
+            track->setForcedSoundIndex(zarn::TrackSettings::NoForcedSound);
         fillAutomations(track->mutableAutomations());
         for (const auto &staff : track->staves())
             fillStaff(*staff);

@@ -74,6 +74,43 @@ void mendSimileMarks(ScoreModel &model, ImportReport &report)
     }
 }
 
+/// Groups hold tracks that are there.
+void mendTrackGroups(ScoreModel &model, ImportReport &report)
+{
+    TrackGroups kept;
+    const unsigned count = model.trackCount();
+    for (std::size_t i = 0; i < model.trackGroups().size(); ++i) {
+        TrackGroup group = model.trackGroups()[i];
+        if (group.last >= count) {
+            const bool isAnyThere = group.first < count;
+            report.addProblem(
+                {"/trackGroups/" + std::to_string(i) + ": the group reaches to track "
+                     + std::to_string(group.last + 1) + " of " + std::to_string(count)
+                     + (isAnyThere ? "; it ends with the last one" : "; it was left out"),
+                 -1, -1, 0});
+            if (!isAnyThere)
+                continue;
+            group.last = count - 1;
+        }
+        kept.push_back(std::move(group));
+    }
+    model.setTrackGroups(std::move(kept));
+}
+
+/// A track plays with a sound that it has.
+void mendForcedSounds(ScoreModel &model, ImportReport &report)
+{
+    for (const auto &track : model.tracks()) {
+        if (track->forcedSoundIndex() < static_cast<int>(track->sounds().size()))
+            continue;
+        report.addProblem({"sound " + std::to_string(track->forcedSoundIndex() + 1) + " of "
+                               + std::to_string(track->sounds().size())
+                               + " is to be played throughout; the sounds change as written",
+                           static_cast<int>(track->index()), -1, 0});
+        track->setForcedSoundIndex(TrackSettings::NoForcedSound);
+    }
+}
+
 /// Takes away what leads to nothing, and says so.
 void mendLinks(const ScoreModel &model, ImportReport &report)
 {
@@ -111,6 +148,8 @@ std::shared_ptr<ScoreModel> readDocument(filesystem::FileHandle &handle, ImportR
     auto model = std::make_shared<ScoreModel>();
     native::readScore(reader, values.front(), *model);
     native::readClip(reader, values.front(), clip);
+    mendTrackGroups(*model, report);
+    mendForcedSounds(*model, report);
     mendSimileMarks(*model, report);
     mendLinks(*model, report);
     for (const std::string &problem : checkModelDownToBars(*model))

@@ -21,11 +21,15 @@ public:
         _barCount = master->masterBarCount();
         expect(master->parentScoreModel().get() == &model, "master track", "wrong parent");
         checkMasterTrack(*master);
+        for (const TrackGroup &group : model.trackGroups())
+            expect(group.last < model.trackCount(), "group " + group.name, "of no track");
         for (unsigned t = 0; t < model.trackCount(); ++t) {
             const auto &track = model.tracks()[t];
             const std::string place = "track " + std::to_string(t);
             expect(track->index() == t, place, "wrong index");
             expect(track->parentScoreModel().get() == &model, place, "wrong parent");
+            expect(track->forcedSoundIndex() < static_cast<int>(track->sounds().size()), place,
+                   "plays with a sound that it does not have");
             checkAutomations(track->automations(), place);
             for (unsigned s = 0; s < track->staffCount(); ++s)
                 checkStaff(*track, s, place + " staff " + std::to_string(s));
