@@ -6,6 +6,7 @@
 #include "common/Terminal.h"
 #include "edit/EventPrinter.h"
 
+#include <ZarnCore/events/ZarnScoreEvents.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
 #include <algorithm>
@@ -35,6 +36,9 @@ EditSession::EditSession(const OpenedDocument &document, const std::string &outp
     *_score.scoreModel() = *document.model;
     _score.commandStack().setMaximumUndo(MaximumUndo);
     _opened = nativeText(model());
+    // Places of a document mean nothing in another one.
+    _score.connect<evt::ScoreChanged>(this,
+                                      [this](const evt::ScoreChanged &) { _selection.reset(); });
 }
 
 EditSession::~EditSession() = default;

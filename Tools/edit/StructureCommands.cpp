@@ -2,6 +2,7 @@
 #include "common/Choices.h"
 #include "common/Documents.h"
 #include "common/Failure.h"
+#include "common/Problems.h"
 #include "common/Terminal.h"
 #include "common/Texts.h"
 #include "edit/Commands.h"
@@ -153,6 +154,19 @@ bool paste(EditSession &session, const Values &values)
     return isDone;
 }
 
+/// The whole score gives way to a document, which can be undone as anything else.
+bool replaceScore(EditSession &session, const Values &values)
+{
+    const std::string path = values.get<QString>(0).toStdString();
+    if (isStandardStream(path))
+        throw LineError(values.column(0),
+                        QStringLiteral("the lines of this session may come from standard input; "
+                                       "name a file"));
+    const OpenedDocument document = openDocument(path, session.terminal());
+    warnOfProblems(document);
+    return session.score().replaceScore(document.model);
+}
+
 bool arrange(EditSession &session, const Values &values)
 {
     const BarRange bars = targetBars(session, values);
@@ -218,6 +232,11 @@ const std::vector<Command> &structureCommands()
          true,
          {{timesOption(), Kind::Whole, Presence::Optional, 1, MostTimes},
           {fromOption(), Kind::Text, Presence::Optional}}},
+        {QStringLiteral("replace"),
+         {{QStringLiteral("FILE"), Kind::Text}},
+         QStringLiteral("Put another document in the place of the whole score."),
+         QStringLiteral("Score::replaceScore"),
+         replaceScore},
         {QStringLiteral("arrange"),
          {bars},
          QStringLiteral("Bar the music anew, after a change of meter."),
