@@ -177,7 +177,7 @@ TEST_F(PassageReaderTest, countsFretsFromTheCapoAndLeavesTheDroneOpen)
     staff->setCapoFret(3);
     staff->setPartialCapoFret(5);
     staff->setPartialCapoStringFlags({true, false, false, false, false, false});
-    const Fretboard board(*staff);
+    const StaffFrets board(*staff);
     EXPECT_EQ(board.fret(1, 48), 0);
     EXPECT_EQ(board.fret(0, 45), 0);
     EXPECT_EQ(board.fret(0, 43), -1) << "below the partial capo";

@@ -193,7 +193,7 @@ bool NoteMover::findHome(const Beat &beat, Mover &mover) const
             return !other.soughtPitch && other.to.string == string;
         });
     };
-    const fingering::Fretboard &fretboard = _command.fretboard();
+    const fingering::StaffFrets &fretboard = _command.fretboard();
     for (int string = 0; string < fretboard.stringCount(); ++string) {
         const int fret = fretboard.fret(string, *mover.soughtPitch);
         const bool isBetter = mover.to.fret == Note::Unset || fret < mover.to.fret;

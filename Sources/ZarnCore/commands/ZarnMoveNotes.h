@@ -6,8 +6,8 @@
 #include <ZarnCore/commands/ZarnMarkedPlace.h>
 #include <ZarnCore/commands/ZarnScoreCommand.h>
 #include <ZarnCore/commands/ZarnTouchedBars.h>
-#include <ZarnCore/fingering/ZarnFretboard.h>
 #include <ZarnCore/fingering/ZarnPassageReader.h>
+#include <ZarnCore/fingering/ZarnStaffFrets.h>
 #include <ZarnCore/model/notes/ZarnKeptBeats.h>
 #include <ZarnCore/model/places/ZarnScoreModelRange.h>
 
@@ -107,7 +107,7 @@ protected:
     virtual void announce();
 
     /// Frets and pitches of the staff that the walk is on, as it is tuned now.
-    const fingering::Fretboard &fretboard() const noexcept { return *_fretboard; }
+    const fingering::StaffFrets &fretboard() const noexcept { return *_fretboard; }
 
     /// Where a note of a pitch goes when it sounds some semitones higher: on a string to another
     /// fret or, where there is none, to another string. Nothing outside of the keys.
@@ -164,7 +164,7 @@ private:
     std::optional<ScoreModelRange> _range; ///< else the track and staff count
     std::optional<unsigned> _track;        ///< else all
     std::optional<unsigned> _staff;        ///< else all of the track
-    std::optional<fingering::Fretboard> _fretboard;
+    std::optional<fingering::StaffFrets> _fretboard;
 
     KeptPositions _kept; ///< of all notes of the beats of the range, in order
     std::vector<Tied> _tied;

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <ZarnCore/chords/ZarnHandModel.h>
-#include <ZarnCore/fingering/ZarnFretboard.h>
+#include <ZarnCore/fingering/ZarnStaffFrets.h>
 
 #include <array>
 #include <cstdint>
@@ -12,7 +12,7 @@ namespace zarn::fingering {
 /// One way to hold all that sounds at an event: the notes that begin with it and those that last
 /// from before.
 struct Grip {
-    static constexpr int Strings = Fretboard::MostStrings;
+    static constexpr int Strings = StaffFrets::MostStrings;
     static constexpr int Fingers = chord::HandModel::fingerCount;
     static constexpr float Anywhere = -100;
 

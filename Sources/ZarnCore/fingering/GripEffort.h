@@ -4,7 +4,7 @@
 #include <ZarnCore/fingering/Grip.h>
 #include <ZarnCore/fingering/Pedals.h>
 #include <ZarnCore/fingering/ZarnFingeringWeights.h>
-#include <ZarnCore/fingering/ZarnFretboard.h>
+#include <ZarnCore/fingering/ZarnStaffFrets.h>
 
 #include <algorithm>
 
@@ -33,7 +33,7 @@ void addPresses(const Grip &grip, int pressed, Add &&add)
 /// The effort of holding a grip where it is, beside that of the shape of the hand: calls `add` with
 /// a weight and an amount for all that there is.
 template <class Add>
-void addEffort(const Grip &grip, const Fretboard &fretboard, const Pedals &pedals, Add &&add)
+void addEffort(const Grip &grip, const StaffFrets &fretboard, const Pedals &pedals, Add &&add)
 {
     using W = FingeringWeights;
     int open = 0;

@@ -22,7 +22,7 @@ bool isGiven(const PassageNote &note)
 
 std::uint16_t bitOf(const PassageNote &note)
 {
-    const bool isString = note.string >= 0 && note.string < Fretboard::MostStrings;
+    const bool isString = note.string >= 0 && note.string < StaffFrets::MostStrings;
     return static_cast<std::uint16_t>(isString ? 1U << note.string : 0U);
 }
 

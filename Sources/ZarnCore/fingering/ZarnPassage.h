@@ -3,7 +3,7 @@
 
 #include <ZarnCore/ZarnExport.h>
 #include <ZarnCore/chords/ZarnHandProfile.h>
-#include <ZarnCore/fingering/ZarnFretboard.h>
+#include <ZarnCore/fingering/ZarnStaffFrets.h>
 
 #include <cstdint>
 #include <vector>
@@ -57,7 +57,7 @@ struct ZARNCORE_EXPORT Passage {
     /// With the neck and the hand of a staff.
     explicit Passage(const Staff &staff);
 
-    Fretboard fretboard;
+    StaffFrets fretboard;
     chord::HandProfile hand;
 
     /// Written frets that stopped notes may have.

@@ -348,7 +348,7 @@ void Reader::addEvent(std::size_t first, std::size_t last)
 bool canBeFingered(const Staff &staff)
 {
     return staff.isFretted()
-        && staff.tuning().stringCount() <= static_cast<unsigned>(Fretboard::MostStrings);
+        && staff.tuning().stringCount() <= static_cast<unsigned>(StaffFrets::MostStrings);
 }
 
 ReadPassage readPassage(const Staff &staff, const std::vector<BeatSpan> &spans,

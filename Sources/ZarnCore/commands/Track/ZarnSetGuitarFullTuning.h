@@ -67,7 +67,7 @@ private:
     Retuning _retuning = Retuning::KeepFrets;
     bool _isFingeredAnew = false; ///< by the solver, what sounds otherwise on its string
     Setting _before;
-    std::optional<fingering::Fretboard> _fretboardBefore;
+    std::optional<fingering::StaffFrets> _fretboardBefore;
     std::optional<DiagramSets> _diagramsBefore; ///< when they changed
 };
 

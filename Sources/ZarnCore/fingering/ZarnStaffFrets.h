@@ -16,13 +16,13 @@ namespace fingering {
 /// Where the pitches of a fretted or bowed staff lie: its tuning, capos, drone and transposition,
 /// as they were when this was made. Strings count from 0 as in the tuning; pitches are MIDI keys as
 /// written.
-class ZARNCORE_EXPORT Fretboard {
+class ZARNCORE_EXPORT StaffFrets {
 public:
     /// More strings than this no hand is asked to play.
     static constexpr int MostStrings = 12;
 
     /// Of a staff with more strings, the first `MostStrings`.
-    explicit Fretboard(const Staff &staff);
+    explicit StaffFrets(const Staff &staff);
 
     int stringCount() const noexcept { return static_cast<int>(_strings.size()); }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <ZarnCore/fingering/ZarnFretboard.h>
+#include <ZarnCore/fingering/ZarnStaffFrets.h>
 
 #include <ZarnCore/model/ZarnStaff.h>
 #include <ZarnCore/model/notes/ZarnFretting.h>
@@ -8,7 +8,7 @@
 
 namespace zarn::fingering {
 
-Fretboard::Fretboard(const Staff &staff)
+StaffFrets::StaffFrets(const Staff &staff)
     : _strings(std::min<std::size_t>(staff.tuning().stringCount(), MostStrings)),
       _hasDrone(staff.hasShortDroneString())
 {
@@ -33,21 +33,21 @@ Fretboard::Fretboard(const Staff &staff)
     }
 }
 
-int Fretboard::fret(int string, int midi) const noexcept
+int StaffFrets::fret(int string, int midi) const noexcept
 {
     if (string < 0 || string >= stringCount() || midi < 0 || midi >= KeyCount)
         return -1;
     return _strings[static_cast<std::size_t>(string)].frets[static_cast<std::size_t>(midi)];
 }
 
-int Fretboard::pitch(int string, int fret) const noexcept
+int StaffFrets::pitch(int string, int fret) const noexcept
 {
     if (string < 0 || string >= stringCount() || fret < 0 || fret >= KeyCount)
         return -1;
     return _strings[static_cast<std::size_t>(string)].pitches[static_cast<std::size_t>(fret)];
 }
 
-int Fretboard::neckFret(int string, int fret) const noexcept
+int StaffFrets::neckFret(int string, int fret) const noexcept
 {
     return fret <= 0 ? 0 : fret + _strings[static_cast<std::size_t>(string)].capo;
 }
