@@ -7,10 +7,13 @@
 #include <ZarnCore/model/ZarnBar.h>
 #include <ZarnCore/model/ZarnMasterBar.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/clip/PartCopy.h>
 #include <ZarnCore/score/ZarnScore.h>
 
 #include <algorithm>
 #include <cmath>
+#include <set>
+#include <utility>
 
 namespace zarn {
 
@@ -22,6 +25,33 @@ bool askScore(const Track *track, bool (Score::*question)(unsigned) const)
     const auto model = track != nullptr ? track->parentScoreModel() : nullptr;
     const Score *const score = model != nullptr ? model->parentScore() : nullptr;
     return score != nullptr && (score->*question)(track->index());
+}
+
+/// Tracks in the order in which they come, with their bars.
+using Parts = std::vector<std::pair<unsigned, std::set<unsigned>>>;
+
+std::unique_ptr<Score> copyParts(const Score &score, const Parts &parts,
+                                 std::vector<unsigned> columns)
+{
+    auto preview = std::make_unique<Score>(score.rendererStyleSheet());
+    const PartCopy copy(*score.scoreModel(), *preview->scoreModel(), std::move(columns));
+    copy.copySettings();
+    copy.copyMasterTrack();
+    std::vector<unsigned> tracks;
+    for (const auto &[track, bars] : parts) {
+        copy.copyTrack(track, bars);
+        tracks.push_back(track);
+    }
+    copy.copyTrackGroups(tracks);
+    return preview;
+}
+
+std::set<unsigned> &barsOf(Parts &parts, unsigned track)
+{
+    const auto found = std::find_if(parts.begin(), parts.end(),
+                                    [track](const auto &part) { return part.first == track; });
+    return found != parts.end() ? found->second
+                                : parts.emplace_back(track, std::set<unsigned>()).second;
 }
 
 } // namespace
@@ -81,6 +111,51 @@ std::unique_ptr<Score> ZarnCoreUtils::make_from_string(const std::string &text)
     auto score = std::make_unique<Score>();
     io::readScoreText(text, *score->scoreModel());
     return score;
+}
+
+std::unique_ptr<Score> ZarnCoreUtils::make_score_preview(const Score &score,
+                                                         const std::vector<unsigned> &tracks)
+{
+    const unsigned barCount = score.masterTrack()->masterBarCount();
+    std::set<unsigned> bars;
+    for (unsigned bar = 0; bar < barCount; ++bar)
+        bars.insert(bars.end(), bar);
+    Parts parts;
+    for (const unsigned track : tracks) {
+        if (track < score.trackCount())
+            barsOf(parts, track) = bars;
+    }
+    return copyParts(score, parts, {bars.begin(), bars.end()});
+}
+
+std::unique_ptr<Score> ZarnCoreUtils::make_score_preview(const Score &score, const BarPlaces &bars)
+{
+    Parts parts;
+    std::set<unsigned> columns;
+    for (const auto &[track, bar] : bars) {
+        if (track >= score.trackCount() || bar >= score.masterTrack()->masterBarCount())
+            continue;
+        barsOf(parts, track).insert(bar);
+        columns.insert(bar);
+    }
+    return copyParts(score, parts, {columns.begin(), columns.end()});
+}
+
+std::unique_ptr<Score> ZarnCoreUtils::make_score_preview(const Score &score, const BarPlaces &bars,
+                                                         const GuitarTuning &tuning)
+{
+    auto preview = make_score_preview(score, bars);
+    if (tuning.stringCount() == 0)
+        return preview;
+    for (const auto &track : preview->tracks()) {
+        for (const auto &staff : track->staves()) {
+            if (staff->isFretted())
+                preview->setGuitarFullTuning(track->index(), staff->index(), tuning,
+                                             staff->capoFret(), Retuning::KeepPitches);
+        }
+    }
+    preview->commandStack().clear();
+    return preview;
 }
 
 } // namespace zarn

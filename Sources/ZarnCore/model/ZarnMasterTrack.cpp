@@ -5,6 +5,7 @@
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/form/Directions.h>
 #include <ZarnCore/model/form/ZarnPlayList.h>
+#include <ZarnCore/model/form/ZarnTempoUnitLength.h>
 #include <ZarnCore/model/places/ZarnScoreModelRange.h>
 
 #include <algorithm>
@@ -262,10 +263,7 @@ void MasterTrack::setTempoVisible(bool visible)
 
 double MasterTrack::quarterTempoValue() const noexcept
 {
-    // Quarters per unit; no unit counts as quarters.
-    constexpr double quarters[] = {1, 0.5, 1, 1.5, 2, 3};
-    const auto unit = static_cast<std::size_t>(tempoUnit());
-    return tempoValue() * (unit < std::size(quarters) ? quarters[unit] : 1);
+    return tempoValue() * quartersOf(tempoUnit());
 }
 
 bool MasterTrack::hasAnacrusis() const noexcept

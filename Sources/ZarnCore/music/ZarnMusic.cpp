@@ -2,12 +2,15 @@
 #include <ZarnCore/music/ZarnMusic.h>
 
 #include <ZarnCore/ZarnAssert.h>
+#include <ZarnCore/music/StaffPlaces.h>
 #include <ZarnCore/music/ZarnSpellingTables.h>
 #include <ZarnCore/music/ZarnTone.h>
 
 #include <QStringList>
 
 namespace zarn {
+
+using namespace staffPlaces;
 
 NoteName Music::noteNameFromMidi(int midi, bool preferSharp, NoteAccidental *accidental) noexcept
 {
@@ -85,6 +88,55 @@ Accidental Music::validateForcedAccidentalForMidi(int midi, Accidental forced, b
             return key.accidentalWithStep(name).accidentalValue();
     }
     return accidentalFromMidi(midi, preferSharp).accidentalValue();
+}
+
+int Music::ottaviaOctaves(Ottavia ottavia) noexcept
+{
+    return ottavia <= Ottavia::_15mb ? static_cast<int>(Ottavia::None) - static_cast<int>(ottavia)
+                                     : 0;
+}
+
+int Music::lineOffsetFromClefAndOttavia(ClefType clef, int ottavia)
+{
+    ZARN_ASSERT_IN("zarn::Music::lineOffsetFromClefAndOttavia", clef <= ClefType::Neutral);
+    return bottomLines[static_cast<std::size_t>(clef)] + spelling::letterCount * ottavia;
+}
+
+NoteName Music::noteNameFromStaffLine(int staffLine, ClefType clef)
+{
+    return static_cast<NoteName::Value>(
+        letterOf(staffLine + lineOffsetFromClefAndOttavia(clef, 0)));
+}
+
+int Music::octaveFromStaffLine(int staffLine, ClefType clef, int ottavia)
+{
+    return octaveOf(staffLine + lineOffsetFromClefAndOttavia(clef, ottavia));
+}
+
+int Music::midiFromStaffLine(int staffLine, ClefType clef, int ottavia)
+{
+    return midiOf(staffLine + lineOffsetFromClefAndOttavia(clef, ottavia));
+}
+
+int Music::staffLineOfNote(NoteName name, ClefType clef, int octave)
+{
+    ZARN_ASSERT_IN("zarn::Music::staffLineOfNote", name.isValid());
+    return placeOf(static_cast<int>(name.value()), octave) - lineOffsetFromClefAndOttavia(clef, 0);
+}
+
+int Music::computeStaffLineWithMidi(int midi, ClefType clef, int ottavia)
+{
+    const int alteration = accidentalFromMidi(midi, true).alteration();
+    return placeOfMidi(midi, alteration).value() - lineOffsetFromClefAndOttavia(clef, ottavia);
+}
+
+int Music::staffLineFromMidiAndAccidental(int midi, ClefType clef, int ottavia,
+                                          Accidental accidental)
+{
+    if (accidental != Accidental::None)
+        if (const auto place = placeOfMidi(midi, NoteAccidental(accidental).alteration()))
+            return *place - lineOffsetFromClefAndOttavia(clef, ottavia);
+    return computeStaffLineWithMidi(midi, clef, ottavia);
 }
 
 } // namespace zarn

@@ -2,6 +2,7 @@
 #include <ZarnCore/music/ZarnRhythmValue.h>
 
 #include <ZarnCore/ZarnAssert.h>
+#include <ZarnCore/music/NextRhythm.h>
 #include <filesystem/FileHandle.h>
 
 #include <array>
@@ -15,6 +16,8 @@ namespace {
 using NoteValue = RhythmValue::NoteValue;
 
 static_assert(sizeof(RhythmValue) == 24, "every beat carries one");
+
+constexpr std::int64_t longestLength = 65536;
 
 constexpr int noteValueCount = static_cast<int>(NoteValue::Invalid);
 
@@ -137,6 +140,17 @@ bool RhythmValue::writeToStream(filesystem::FileHandle &file, int /*version*/) c
                                                _secondaryTuplet.first,
                                                _secondaryTuplet.second};
     return file.writeBlock(bytes.data(), static_cast<std::int64_t>(bytes.size()));
+}
+
+void RhythmValue::rhythms(const rational &length, std::vector<RhythmValue> &out)
+{
+    if (length < 0 || length > longestLength)
+        ZARN_RAISE_IN("zarn::RhythmValue::rhythms",
+                      "A length of " + length.toString() + " quarters cannot be written.");
+    std::vector<RhythmValue> result;
+    for (rational rest = length; !rest.isZero(); rest -= result.back().getLength())
+        result.push_back(nextRhythm(rest));
+    out.insert(out.end(), result.begin(), result.end());
 }
 
 } // namespace zarn

@@ -2,6 +2,7 @@
 #include <ZarnCore/io/musicxml/Metronome.h>
 
 #include <ZarnCore/io/musicxml/XmlNumber.h>
+#include <ZarnCore/model/form/ZarnTempoUnitLength.h>
 
 #include <algorithm>
 #include <iterator>
@@ -67,8 +68,7 @@ std::optional<Tempo> metronomeTempo(pugi::xml_node metronome)
 
 double quartersOf(const Tempo &tempo)
 {
-    constexpr double factors[] = {1, 0.5, 1, 1.5, 2, 3};
-    return tempo.value * factors[static_cast<std::size_t>(tempo.unit)];
+    return tempo.value * zarn::quartersOf(tempo.unit);
 }
 
 } // namespace zarn::io

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <ZarnCore/music/ZarnRhythmValue.h>
+#include <ZarnCore/music/NextRhythm.h>
 
 #include <ZarnCore/ZarnAssert.h>
 
@@ -12,8 +12,6 @@ using utils::rational;
 namespace {
 
 using NoteValue = RhythmValue::NoteValue;
-
-constexpr std::int64_t longestLength = 65536;
 
 constexpr NoteValue next(NoteValue noteValue) noexcept
 {
@@ -86,6 +84,8 @@ RhythmValue stretchedNote(const rational &length)
                   "No tuplet completes a length of " + length.toString() + " quarters.");
 }
 
+} // namespace
+
 RhythmValue nextRhythm(const rational &length)
 {
     if (const auto rhythm = plainNote(length))
@@ -97,19 +97,6 @@ RhythmValue nextRhythm(const rational &length)
     if (const auto rhythm = longestNote(length))
         return *rhythm;
     return stretchedNote(length);
-}
-
-} // namespace
-
-void RhythmValue::rhythms(const rational &length, std::vector<RhythmValue> &out)
-{
-    if (length < 0 || length > longestLength)
-        ZARN_RAISE_IN("zarn::RhythmValue::rhythms",
-                      "A length of " + length.toString() + " quarters cannot be written.");
-    std::vector<RhythmValue> result;
-    for (rational rest = length; !rest.isZero(); rest -= result.back().getLength())
-        result.push_back(nextRhythm(rest));
-    out.insert(out.end(), result.begin(), result.end());
 }
 
 } // namespace zarn

@@ -1,54 +1,15 @@
 // SPDX-License-Identifier: MIT
-// Scores that show a part of another.
-#include <ZarnCore/ZarnCoreUtils.h>
+#include <ZarnCore/model/clip/PartCopy.h>
 
 #include <ZarnCore/model/ZarnMasterBar.h>
 #include <ZarnCore/model/ZarnMasterTrack.h>
-#include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/notes/Links.h>
 #include <ZarnCore/model/notes/SpanFaults.h>
-#include <ZarnCore/score/ZarnScore.h>
 
 #include <algorithm>
-#include <set>
+#include <utility>
 
 namespace zarn {
-
-namespace {
-
-/// Copies tracks and bars of a model into a model without any.
-class PartCopy {
-public:
-    /// The columns ascend.
-    PartCopy(const ScoreModel &from, ScoreModel &to, std::vector<unsigned> columns)
-        : _from(from), _to(to), _columns(std::move(columns))
-    {
-    }
-
-    void copySettings() const;
-    void copyMasterTrack() const;
-
-    /// Appends a track with those of its bars; the columns of the others stay empty.
-    void copyTrack(unsigned track, const std::set<unsigned> &bars) const;
-
-    /// Keeps the groups whose tracks, as far as they were copied, still stand side by side; the
-    /// copies are of these tracks.
-    void copyTrackGroups(const std::vector<unsigned> &tracks) const;
-
-private:
-    bool isWhole() const { return _columns.size() == _from.masterTrack()->masterBarCount(); }
-    void copyDirections() const;
-    void copyAutomations(const AutomationContainer &from, AutomationContainer &to) const;
-    void copyAutomations(Automation::Type type, const AutomationContainer &from,
-                         AutomationContainer &to) const;
-    std::shared_ptr<Bar> copyBar(const Staff &staff, std::size_t column,
-                                 const std::set<unsigned> &bars) const;
-    bool hasSimileBars(SimileMark mark, std::size_t column, const std::set<unsigned> &bars) const;
-
-    const ScoreModel &_from;
-    ScoreModel &_to;
-    std::vector<unsigned> _columns;
-};
 
 void PartCopy::copySettings() const
 {
@@ -219,80 +180,6 @@ bool PartCopy::hasSimileBars(SimileMark mark, std::size_t column,
             return false;
     }
     return true;
-}
-
-/// Tracks in the order in which they come, with their bars.
-using Parts = std::vector<std::pair<unsigned, std::set<unsigned>>>;
-
-std::unique_ptr<Score> copyParts(const Score &score, const Parts &parts,
-                                 std::vector<unsigned> columns)
-{
-    auto preview = std::make_unique<Score>(score.rendererStyleSheet());
-    const PartCopy copy(*score.scoreModel(), *preview->scoreModel(), std::move(columns));
-    copy.copySettings();
-    copy.copyMasterTrack();
-    std::vector<unsigned> tracks;
-    for (const auto &[track, bars] : parts) {
-        copy.copyTrack(track, bars);
-        tracks.push_back(track);
-    }
-    copy.copyTrackGroups(tracks);
-    return preview;
-}
-
-std::set<unsigned> &barsOf(Parts &parts, unsigned track)
-{
-    const auto found = std::find_if(parts.begin(), parts.end(),
-                                    [track](const auto &part) { return part.first == track; });
-    return found != parts.end() ? found->second
-                                : parts.emplace_back(track, std::set<unsigned>()).second;
-}
-
-} // namespace
-
-std::unique_ptr<Score> ZarnCoreUtils::make_score_preview(const Score &score,
-                                                         const std::vector<unsigned> &tracks)
-{
-    const unsigned barCount = score.masterTrack()->masterBarCount();
-    std::set<unsigned> bars;
-    for (unsigned bar = 0; bar < barCount; ++bar)
-        bars.insert(bars.end(), bar);
-    Parts parts;
-    for (const unsigned track : tracks) {
-        if (track < score.trackCount())
-            barsOf(parts, track) = bars;
-    }
-    return copyParts(score, parts, {bars.begin(), bars.end()});
-}
-
-std::unique_ptr<Score> ZarnCoreUtils::make_score_preview(const Score &score, const BarPlaces &bars)
-{
-    Parts parts;
-    std::set<unsigned> columns;
-    for (const auto &[track, bar] : bars) {
-        if (track >= score.trackCount() || bar >= score.masterTrack()->masterBarCount())
-            continue;
-        barsOf(parts, track).insert(bar);
-        columns.insert(bar);
-    }
-    return copyParts(score, parts, {columns.begin(), columns.end()});
-}
-
-std::unique_ptr<Score> ZarnCoreUtils::make_score_preview(const Score &score, const BarPlaces &bars,
-                                                         const GuitarTuning &tuning)
-{
-    auto preview = make_score_preview(score, bars);
-    if (tuning.stringCount() == 0)
-        return preview;
-    for (const auto &track : preview->tracks()) {
-        for (const auto &staff : track->staves()) {
-            if (staff->isFretted())
-                preview->setGuitarFullTuning(track->index(), staff->index(), tuning,
-                                             staff->capoFret(), Retuning::KeepPitches);
-        }
-    }
-    preview->commandStack().clear();
-    return preview;
 }
 
 } // namespace zarn
