@@ -111,7 +111,8 @@ bool isSame(const UserShape &shape, const GuitarTuning &tuning, const ChordDiagr
 } // namespace
 
 FingeringLibrary::FingeringLibrary()
-    : _userFile(std::make_unique<UserFile>("FingeringLibrary", userShapesPath))
+    : _userFile(std::make_unique<UserFile>("FingeringLibrary", userShapesPath)),
+      _known(std::make_unique<KnownUserText>())
 {
 }
 
@@ -201,16 +202,14 @@ QString FingeringLibrary::userShapesPath()
 void FingeringLibrary::loadUserShapes()
 {
     _userShapes.clear();
-    _knownText.clear();
-    _isTextWhole = true;
+    _known->set({}, true);
     const auto content = _userFile->read();
     if (!content)
         return;
     const UserShapeDocument document(*content);
     _userShapes = document.shapes();
-    _knownText = *content;
-    _isTextWhole = document.fault().isEmpty();
-    if (!_isTextWhole)
+    _known->set(*content, document.fault().isEmpty());
+    if (!document.fault().isEmpty())
         _userFile->warn((document.isList() ? QStringLiteral("is read in part: ")
                                            : QStringLiteral("is not read: "))
                         + document.fault());
@@ -218,38 +217,17 @@ void FingeringLibrary::loadUserShapes()
 
 void FingeringLibrary::saveUserShapes()
 {
-    const UserFile::Lock lock(*_userFile);
-    if (!lock.isHeld())
-        return;
-    const auto content = _userFile->read();
-    if (!content && _userFile->exists()) {
-        _userFile->warn(QStringLiteral("is not replaced, as it cannot be read"));
-        return;
-    }
-    const bool isKnown = content == _knownText && _isTextWhole;
-    if (content && !isKnown && !takeOver(*content))
-        return;
-    const QByteArray text = userShapeText(_userShapes);
-    if (content != text && !_userFile->replace(text))
-        return;
-    _knownText = text;
-    _isTextWhole = true;
+    _known->save(
+        *_userFile, [this](const QByteArray &content) { return takeOver(content); },
+        [this] { return userShapeText(_userShapes); });
 }
 
-/// Adds what the file holds by now and did not hold when it was last read or written here. What of
-/// it is no shape is kept in a file beside; false when that failed.
 bool FingeringLibrary::takeOver(const QByteArray &content)
 {
-    const UserShapeDocument document(content);
-    if (!document.fault().isEmpty() && !content.isEmpty() && !_userFile->keep(content))
-        return false;
-    const UserShapeDocument before(_knownText);
-    const auto textOf = [](const UserShape &shape) { return userShapeText({shape}); };
-    for (const UserShape &shape : addedElements(before.shapes(), document.shapes(), textOf))
-        _userShapes.push_back(shape);
-    _knownText = content;
-    _isTextWhole = true;
-    return true;
+    return _known->takeOver<UserShapeDocument>(
+        *_userFile, content, &UserShapeDocument::shapes,
+        [](const UserShape &shape) { return userShapeText({shape}); },
+        [this](const UserShape &shape) { _userShapes.push_back(shape); });
 }
 
 } // namespace zarn::chord

@@ -12,11 +12,11 @@
 #include <QString>
 
 #include <memory>
-#include <optional>
 #include <vector>
 
 namespace zarn {
 
+class KnownUserText;
 class UserFile;
 
 namespace chord {
@@ -82,10 +82,7 @@ private:
 
     std::vector<UserShape> _userShapes;
     std::unique_ptr<UserFile> _userFile;
-    /// What the file held when it was last read or written here.
-    QByteArray _knownText;
-    /// Whether all of that was understood or is kept beside.
-    bool _isTextWhole = true;
+    std::unique_ptr<KnownUserText> _known;
 };
 
 } // namespace chord

@@ -150,4 +150,13 @@ void UserFile::warn(const QString &reason) const
     qCWarning(log::core).noquote() << tag() << path() << reason;
 }
 
+bool KnownUserText::replace(const UserFile &file, const std::optional<QByteArray> &old,
+                            const QByteArray &text)
+{
+    if (old != text && !file.replace(text))
+        return false;
+    set(text, true);
+    return true;
+}
+
 } // namespace zarn

@@ -5,6 +5,7 @@
 #include <QLockFile>
 #include <QString>
 
+#include <functional>
 #include <optional>
 #include <set>
 #include <vector>
@@ -79,5 +80,61 @@ std::vector<Element> addedElements(const std::vector<Element> &before,
     }
     return added;
 }
+
+/// What a program knows of a file of the user's: the text that it held when it was last read or
+/// written here. What other programs put into it since is taken over before it is written.
+class KnownUserText {
+public:
+    const QByteArray &text() const noexcept { return _text; }
+
+    /// `isWhole` says whether all of it was understood or is kept beside.
+    void set(const QByteArray &text, bool isWhole)
+    {
+        _text = text;
+        _isWhole = isWhole;
+    }
+
+    /// Writes `text()` into the file, after `takeOver(content)` for a content that is not known;
+    /// that answers false to leave the file alone.
+    template <typename TakeOver, typename Text>
+    void save(const UserFile &file, TakeOver takeOver, Text text)
+    {
+        const UserFile::Lock lock(file);
+        if (!lock.isHeld())
+            return;
+        const auto content = file.read();
+        if (!content && file.exists())
+            return file.warn(QStringLiteral("is not replaced, as it cannot be read"));
+        const bool isKnown = content == _text && _isWhole;
+        if (!content || isKnown || takeOver(*content))
+            replace(file, content, text());
+    }
+
+    /// Calls `add` for what the file holds by now and did not hold when it was known. What of it
+    /// cannot be read is kept in a file beside; false when that failed. `elementsOf(document)`
+    /// answers the elements of a `Document`, which is made of a content.
+    template <typename Document, typename ElementsOf, typename TextOf, typename Add>
+    bool takeOver(const UserFile &file, const QByteArray &content, ElementsOf elementsOf,
+                  TextOf textOf, Add add)
+    {
+        const Document document(content);
+        if (!document.fault().isEmpty() && !content.isEmpty() && !file.keep(content))
+            return false;
+        const Document before(_text);
+        for (const auto &element : addedElements(std::invoke(elementsOf, before),
+                                                 std::invoke(elementsOf, document), textOf))
+            add(element);
+        set(content, true);
+        return true;
+    }
+
+    /// Writes a text in the place of another one; false when that failed.
+    bool replace(const UserFile &file, const std::optional<QByteArray> &old,
+                 const QByteArray &text);
+
+private:
+    QByteArray _text;
+    bool _isWhole = true;
+};
 
 } // namespace zarn

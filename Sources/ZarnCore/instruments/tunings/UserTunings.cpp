@@ -11,8 +11,7 @@ namespace zarn {
 void UserTunings::load()
 {
     _store.clear();
-    _knownText.clear();
-    _isTextWhole = true;
+    _known.set({}, true);
     auto content = _file.read();
     if (!content || loadUsualForm(*content))
         return;
@@ -33,7 +32,7 @@ bool UserTunings::loadUsualForm(const QByteArray &content)
         return false;
     for (const auto &tuning : document.tunings())
         add(tuning);
-    _knownText = content;
+    _known.set(content, true);
     return true;
 }
 
@@ -41,9 +40,9 @@ bool UserTunings::loadUsualForm(const QByteArray &content)
 void UserTunings::loadAndRewrite(const QByteArray &content, bool rewrites)
 {
     const UserTuningDocument document(content);
-    _knownText = content;
-    _isTextWhole = document.fault().isEmpty();
-    if (!_isTextWhole)
+    bool isWhole = document.fault().isEmpty();
+    _known.set(content, isWhole);
+    if (!isWhole)
         _file.warn((document.isList() ? QStringLiteral("is read in part: ")
                                       : QStringLiteral("is not read: "))
                    + document.fault());
@@ -59,41 +58,25 @@ void UserTunings::loadAndRewrite(const QByteArray &content, bool rewrites)
         if (!rewrites || !moves)
             continue;
         text.setTail(std::next(tuning), tunings.end());
-        rewrites =
-            (_isTextWhole || _file.keep(content)) && replaceText(_knownText, text.document());
+        rewrites = (isWhole || _file.keep(content))
+            && _known.replace(_file, _known.text(), text.document());
+        isWhole = isWhole || rewrites;
     }
 }
 
 void UserTunings::save()
 {
-    const UserFile::Lock lock(_file);
-    if (!lock.isHeld())
-        return;
-    const auto content = _file.read();
-    if (!content && _file.exists()) {
-        _file.warn(QStringLiteral("is not replaced, as it cannot be read"));
-        return;
-    }
-    const bool isKnown = content == _knownText && _isTextWhole;
-    if (content && !isKnown && !takeOver(*content))
-        return;
-    replaceText(content, text());
+    _known.save(
+        _file, [this](const QByteArray &content) { return takeOver(content); },
+        [this] { return text(); });
 }
 
-/// Adds what the file holds by now and did not hold when it was last read or written here. What of
-/// it is no tuning is kept in a file beside; false when that failed.
 bool UserTunings::takeOver(const QByteArray &content)
 {
-    const UserTuningDocument document(content);
-    if (!document.fault().isEmpty() && !content.isEmpty() && !_file.keep(content))
-        return false;
-    const UserTuningDocument before(_knownText);
-    const auto textOf = [](const auto &tuning) { return UserTuningText::of(*tuning); };
-    for (const auto &tuning : addedElements(before.tunings(), document.tunings(), textOf))
-        add(tuning);
-    _knownText = content;
-    _isTextWhole = true;
-    return true;
+    return _known.takeOver<UserTuningDocument>(
+        _file, content, &UserTuningDocument::tunings,
+        [](const auto &tuning) { return UserTuningText::of(*tuning); },
+        [this](const auto &tuning) { add(tuning); });
 }
 
 void UserTunings::add(const std::shared_ptr<GuitarTuning> &tuning)
@@ -111,15 +94,6 @@ QByteArray UserTunings::text() const
     };
     _store.visit(TuningStore::anyStringCount, append);
     return text.document();
-}
-
-bool UserTunings::replaceText(const std::optional<QByteArray> &old, const QByteArray &text)
-{
-    if (old != text && !_file.replace(text))
-        return false;
-    _knownText = text;
-    _isTextWhole = true;
-    return true;
 }
 
 } // namespace zarn

@@ -8,7 +8,6 @@
 #include <QString>
 
 #include <memory>
-#include <optional>
 
 namespace zarn {
 
@@ -30,16 +29,10 @@ private:
     void loadAndRewrite(const QByteArray &content, bool rewrites);
     bool takeOver(const QByteArray &content);
     QByteArray text() const;
-    bool replaceText(const std::optional<QByteArray> &old, const QByteArray &text);
 
     TuningStore &_store;
     UserFile _file;
-
-    /// What the file held when it was last read or written here.
-    QByteArray _knownText;
-
-    /// Whether all of that was understood or is kept beside.
-    bool _isTextWhole = true;
+    KnownUserText _known;
 };
 
 } // namespace zarn
