@@ -63,10 +63,11 @@ void OverStaff::writeText(const BeatPlace &place, SheetBar &into)
         run.end();
     }
     const QString text = QString::fromStdString(place.beat.text()).simplified();
-    if (text.isEmpty())
+    if (span != TextSpan::Begin) {
+        if (!text.isEmpty())
+            putWords(_sheet, into, _lanes.texts, place.column, text);
         return;
-    if (span != TextSpan::Begin)
-        return putWords(_sheet, into, _lanes.texts, place.column, text);
+    }
     Stretch dashes = stretch(_lanes.texts, Stretch::Style::Dashes, place);
     dashes.words = text;
     dashes.ink = Ink::Plain;
