@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <ZarnCore/io/ZarnExportReport.h>
 #include <ZarnCore/io/ZarnImportException.h>
 #include <ZarnCore/io/ZarnImportReport.h>
 
@@ -23,6 +24,17 @@ TEST(ImportReport, unheldElementsAddUpAndZeroLeavesNoTrace)
     report.addUnheld("lyric", 0);
     EXPECT_EQ(report.unheld().size(), 1u);
     EXPECT_EQ(report.unheld().at("slur"), 3u);
+}
+
+TEST(ExportReport, firstOfAKindKeepsItsPlace)
+{
+    zarn::io::ExportReport report;
+    report.addUnheld("wah pedal", zarn::io::FormatPlace{1, 4});
+    report.addUnheld("wah pedal", zarn::io::FormatPlace{0, 0});
+    report.addUnheld("effect");
+    EXPECT_EQ(report.unheld().at("wah pedal"), 2u);
+    EXPECT_EQ(report.firstUnheld("wah pedal").toString("track"), "track 2, bar 5");
+    EXPECT_EQ(report.firstUnheld("effect").toString(), "");
 }
 
 TEST(ImportException, isCaughtAsCoreExceptionWithDocumentPlaceAndReason)

@@ -228,11 +228,15 @@ void saveTo(const std::string &path, const Terminal &terminal, Write write)
 
 } // namespace
 
-void saveDocument(const ScoreModel &model, const std::string &path, const Terminal &terminal)
+io::ExportReport saveDocument(const ScoreModel &model, const std::string &path,
+                              const Terminal &terminal)
 {
     requireWritableFormat(path);
-    saveTo(path, terminal,
-           [&](filesystem::FileHandle &handle) { exporterFor(path)->write(model, handle); });
+    io::ExportReport report;
+    saveTo(path, terminal, [&](filesystem::FileHandle &handle) {
+        exporterFor(path)->write(model, handle, report);
+    });
+    return report;
 }
 
 void saveClip(const Clip &clip, const std::string &path, const Terminal &terminal)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ZarnCore/io/ZarnExportReport.h>
 #include <ZarnCore/io/ZarnImportReport.h>
 
 #include <memory>
@@ -38,8 +39,10 @@ OpenedDocument newDocument();
 OpenedDocument openDocument(const std::string &path, const Terminal &terminal);
 
 /// Writes a document in the format of the path's suffix, to standard output as a native one; the
-/// old file stays whole until the new one is complete. Raises `Failure`.
-void saveDocument(const ScoreModel &model, const std::string &path, const Terminal &terminal);
+/// old file stays whole until the new one is complete. Returns what the format could not hold.
+/// Raises `Failure`.
+io::ExportReport saveDocument(const ScoreModel &model, const std::string &path,
+                              const Terminal &terminal);
 
 /// The same for music that was copied: a native document. What is read may be any score; it is a
 /// clip of all its bars then.

@@ -4,6 +4,8 @@
 #include "common/Documents.h"
 #include "common/Terminal.h"
 
+#include <ZarnCore/io/ZarnExportReport.h>
+
 #include <iostream>
 
 namespace zarn::tool {
@@ -31,6 +33,23 @@ void warnOfProblems(const OpenedDocument &document)
         text += (text.empty() ? "" : ", ") + counted(elements, "element") + " not held";
     std::cerr << "zarn: " << nameOfPath(document.path, Direction::In) << ": " << text
               << "; \"zarn info\" lists them\n";
+}
+
+void warnOfLosses(const io::ExportReport &report, const std::string &path)
+{
+    const std::string name = "zarn: " + nameOfPath(path, Direction::Out) + ": ";
+    for (const io::ExportProblem &problem : report.problems())
+        std::cerr << name << printable(problem.toString("track")) << '\n';
+    if (report.unheld().empty())
+        return;
+    std::cerr << name << "the format has no word for what follows; the file lacks it\n";
+    for (const auto &[kind, count] : report.unheld()) {
+        const std::string first = report.firstUnheld(kind).toString("track");
+        std::cerr << "  " << printable(kind) << ": " << count;
+        if (!first.empty())
+            std::cerr << (count == 1 ? ", in " : ", the first in ") << first;
+        std::cerr << '\n';
+    }
 }
 
 } // namespace zarn::tool

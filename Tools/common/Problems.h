@@ -4,7 +4,13 @@
 #include <string>
 #include <vector>
 
-namespace zarn::tool {
+namespace zarn {
+
+namespace io {
+class ExportReport;
+}
+
+namespace tool {
 
 struct OpenedDocument;
 
@@ -14,4 +20,9 @@ std::vector<std::string> problemLines(const OpenedDocument &document);
 /// Says on standard error, in one line, that there is something to look at, if there is.
 void warnOfProblems(const OpenedDocument &document);
 
-} // namespace zarn::tool
+/// Says on standard error what was written otherwise, and what the format of the file could not
+/// hold: each kind with the count of it and the place of the first.
+void warnOfLosses(const io::ExportReport &report, const std::string &path);
+
+} // namespace tool
+} // namespace zarn

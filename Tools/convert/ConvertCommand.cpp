@@ -28,8 +28,9 @@ int runConvert(const Arguments &arguments, const Terminal &terminal)
     if (isSameFile(arguments.operands().at(0), arguments.operands().at(1)))
         throw Failure(to + ": is the file to read; give the new one another name");
     const OpenedDocument document = openDocument(from, terminal);
-    saveDocument(*document.model, to, terminal);
+    const io::ExportReport losses = saveDocument(*document.model, to, terminal);
     warnOfProblems(document);
+    warnOfLosses(losses, to);
     return Done;
 }
 
@@ -46,9 +47,9 @@ Subcommand convertCommand()
         QStringLiteral(
             "Reads MusicXML (.musicxml, .xml, .mxl) and native documents (.zarn), by\n"
             "their content. Writes %1. A file that is there already is replaced, once\n"
-            "the new one is complete. What the score cannot hold is named on standard\n"
-            "error; \"zarn info IN\" tells it in full. - stands for standard input and, as a\n"
-            "native document, for standard output.")
+            "the new one is complete. What the score or the format of OUT cannot hold is\n"
+            "named on standard error; \"zarn info IN\" lists what the score lacks. - stands\n"
+            "for standard input and, as a native document, for standard output.")
             .arg(QString::fromStdString(writableSuffixes())),
         {},
         runConvert,

@@ -3,6 +3,7 @@
 
 #include "common/Documents.h"
 #include "common/Failure.h"
+#include "common/Problems.h"
 #include "common/Terminal.h"
 #include "edit/EventPrinter.h"
 
@@ -130,7 +131,7 @@ void EditSession::save(const std::string &path)
                           ? "the score has no file yet; name one, such as save song.zarn"
                           : _document.path + ": " + _document.format
                               + " cannot be written; name a file, such as save song.zarn");
-    saveDocument(model(), to, _terminal);
+    warnOfLosses(saveDocument(model(), to, _terminal), to);
     _score.commandStack().setClean();
     if (!isStandardStream(to))
         _out << "Saved to " << to << ".\n";

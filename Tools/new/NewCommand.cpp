@@ -4,6 +4,7 @@
 #include "common/Documents.h"
 #include "common/Failure.h"
 #include "common/MusicReader.h"
+#include "common/Problems.h"
 #include "common/Terminal.h"
 #include "common/TrackWord.h"
 #include "common/TuningWord.h"
@@ -127,7 +128,7 @@ int runNew(const Arguments &arguments, const Terminal &terminal)
     if (runCommands(session, arguments.values(QStringLiteral("command"))) == LoopEnd::AtError)
         return Failed;
     const ScoreModel &model = session.model();
-    saveDocument(model, path, terminal);
+    warnOfLosses(saveDocument(model, path, terminal), path);
     if (isPiped)
         return Done;
     ShownPart part;

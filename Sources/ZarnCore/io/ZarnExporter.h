@@ -16,6 +16,8 @@ class ScoreModel;
 
 namespace zarn::io {
 
+class ExportReport;
+
 /// Writes documents of one format. Has no state of its own, so one exporter serves all threads.
 class ZARNCORE_EXPORT Exporter {
 public:
@@ -31,8 +33,13 @@ public:
     virtual std::list<std::string> extensions() const = 0;
 
     /// Writes the model and closes the handle, which makes the new file take the old one's place.
+    /// What the format cannot hold stands in the report.
     /// Raises `CoreException` when that fails; the old file is then whole.
-    virtual void write(const ScoreModel &model, filesystem::FileHandle &handle) const = 0;
+    virtual void write(const ScoreModel &model, filesystem::FileHandle &handle,
+                       ExportReport &report) const = 0;
+
+    /// The same, for those who do not ask what was lost.
+    void write(const ScoreModel &model, filesystem::FileHandle &handle) const;
 };
 
 } // namespace zarn::io

@@ -62,7 +62,8 @@ std::list<std::string> NativeExporter::extensions() const
     return {"zarn"};
 }
 
-void NativeExporter::write(const ScoreModel &model, filesystem::FileHandle &handle) const
+void NativeExporter::write(const ScoreModel &model, filesystem::FileHandle &handle,
+                           ExportReport &) const
 {
     rapidjson::StringBuffer buffer;
     fill(buffer, model);

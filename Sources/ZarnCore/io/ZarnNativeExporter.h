@@ -20,7 +20,11 @@ public:
 
     std::string description() const override;
     std::list<std::string> extensions() const override;
-    void write(const ScoreModel &model, filesystem::FileHandle &handle) const override;
+
+    using Exporter::write;
+    /// Nothing is lost: the report stays as it is.
+    void write(const ScoreModel &model, filesystem::FileHandle &handle,
+               ExportReport &report) const override;
 
     /// The document as a text in UTF-8.
     std::string toText(const ScoreModel &model) const;
