@@ -2,7 +2,6 @@
 #pragma once
 
 #include "common/Terminal.h"
-#include "show/SheetBuilder.h"
 #include "show/ShowCommand.h"
 
 #include <ZarnCore/ZarnCoreUtils.h>
@@ -55,7 +54,7 @@ public:
 
     std::string picture(int width, bool asUtf8 = true)
     {
-        tool::ShownPart part;
+        sheet::ShownPart part;
         part.lastBar = model().masterTrack()->masterBarCount();
         return tool::pictureOf(model(), part, tool::Terminal(width, asUtf8, false));
     }

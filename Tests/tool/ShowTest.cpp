@@ -3,13 +3,13 @@
 
 #include "common/Documents.h"
 #include "common/Terminal.h"
-#include "show/Glyphs.h"
-#include "show/Legend.h"
-#include "show/SheetBuilder.h"
 #include "show/ShowCommand.h"
-#include "show/Systems.h"
 
 #include <ZarnCore/ZarnCoreUtils.h>
+#include <ZarnCore/io/sheet/Glyphs.h>
+#include <ZarnCore/io/sheet/Legend.h>
+#include <ZarnCore/io/sheet/SheetPainter.h>
+#include <ZarnCore/io/sheet/Systems.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/score/ZarnScore.h>
 
@@ -23,7 +23,7 @@ using namespace zarn::test;
 /// The whole of a score written in the short notation, drawn at a width.
 std::string picture(const ScoreModel &model, int width, bool asUtf8 = true)
 {
-    tool::ShownPart part;
+    sheet::ShownPart part;
     part.lastBar = model.masterTrack()->masterBarCount();
     return tool::pictureOf(model, part, tool::Terminal(width, asUtf8, false));
 }
@@ -153,22 +153,22 @@ TEST_P(ShowLaws, everyColumnStandsOnceAndInsideThePageAtEveryWidth)
 {
     const tool::Terminal terminal(80, true, false);
     const auto document = tool::openDocument(sample(GetParam()).toStdString(), terminal);
-    const tool::Glyphs &glyphs = tool::Glyphs::utf8();
-    tool::ShownPart part;
+    const sheet::Glyphs &glyphs = sheet::Glyphs::utf8();
+    sheet::ShownPart part;
     part.lastBar = 100;
-    tool::Legend legend;
-    const tool::Sheet sheet = tool::buildSheet(*document.model, part, glyphs, legend);
-    std::vector<const tool::ColumnKey *> expected;
-    for (const tool::SheetBar &bar : sheet.bars)
+    sheet::Legend legend;
+    const sheet::Sheet sheet = sheet::buildSheet(*document.model, part, glyphs, legend);
+    std::vector<const sheet::ColumnKey *> expected;
+    for (const sheet::SheetBar &bar : sheet.bars)
         for (const auto &[key, cells] : bar.columns)
             expected.push_back(&key);
     for (const int width : {24, 31, 40, 80, 160, 1000}) {
-        std::vector<const tool::ColumnKey *> placed;
-        for (const tool::System &system : tool::breakIntoSystems(sheet, glyphs, 9, width)) {
+        std::vector<const sheet::ColumnKey *> placed;
+        for (const sheet::System &system : sheet::breakIntoSystems(sheet, glyphs, 9, width)) {
             int pen = 9;
-            for (const tool::Segment &segment : system.segments) {
+            for (const sheet::Segment &segment : system.segments) {
                 EXPECT_GE(segment.left, pen);
-                for (const tool::PlacedColumn &column : segment.columns) {
+                for (const sheet::PlacedColumn &column : segment.columns) {
                     placed.push_back(column.key);
                     EXPECT_GE(column.x, pen);
                     pen = column.x + column.width;

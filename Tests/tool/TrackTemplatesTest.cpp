@@ -4,7 +4,6 @@
 #include "io/Scores.h"
 
 #include "common/Terminal.h"
-#include "show/SheetBuilder.h"
 #include "show/ShowCommand.h"
 #include "support/NativeDocument.h"
 
@@ -103,7 +102,7 @@ TEST_P(EveryTrackTemplate, makesScoresThatAreSavedReadAndShown)
         EXPECT_TRUE(*::test::readNative(saved) == model);
         EXPECT_EQ(::test::writeNative(*::test::readNative(saved)), saved);
 
-        tool::ShownPart part;
+        sheet::ShownPart part;
         part.lastBar = 1;
         const std::string picture = tool::pictureOf(model, part, tool::Terminal(100, true, false));
         const Track &track = *score.track(0);

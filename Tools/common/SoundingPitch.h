@@ -1,44 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ZarnCore/music/ZarnInterval.h>
-#include <ZarnCore/music/ZarnKeySignature.h>
-#include <ZarnCore/music/ZarnPitchClass.h>
+#include <ZarnCore/io/sheet/SoundingPitch.h>
 
-#include <QString>
+namespace zarn::tool {
 
-#include <optional>
+// Pitches are named as on the pages.
+using sheet::SoundingPitch;
 
-namespace zarn {
-
-class Bar;
-class Note;
-
-namespace tool {
-
-enum class Signs : int;
-
-/// Pitches of a bar as the program names them everywhere: as they sound, C4 being middle C, spelled
-/// in the key at concert pitch. The tree holds them as they are written for the player.
-class SoundingPitch {
-public:
-    /// Of C major without transposition.
-    SoundingPitch() = default;
-    explicit SoundingPitch(const Bar &bar);
-
-    /// "C#4", "C♯4"; empty for a note without a pitch.
-    QString text(const Note &note, Signs signs) const;
-
-    /// The MIDI key that is heard; -1 for none.
-    int midi(const Note &note) const;
-
-private:
-    PitchClass spelling(const Note &note) const;
-
-    int _transposition = 0;
-    KeySignature _key{0, true, true};
-    std::optional<Interval> _fromWritten; ///< from the written spelling to the sounding one
-};
-
-} // namespace tool
-} // namespace zarn
+} // namespace zarn::tool

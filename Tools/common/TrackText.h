@@ -1,31 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QStringList>
+#include <ZarnCore/io/sheet/TrackText.h>
 
-#include <optional>
+namespace zarn::tool {
 
-namespace zarn {
+// Tracks are named as over the pages.
+using sheet::titleLines;
+using sheet::trackText;
+using sheet::transpositionText;
+using sheet::tuningText;
 
-class ScoreModel;
-class Track;
-
-namespace tool {
-
-enum class Signs : int;
-
-/// "E2 A2 D3 G3 B3 E4" from the lowest string up; empty without strings.
-QString tuningText(const Track &track, unsigned staff, Signs signs);
-
-/// What a player reads: "written 2 semitones higher" for the -2 that it sounds lower, "written an
-/// octave higher"; empty for none.
-QString transpositionText(int semitones);
-
-/// One line about a track: its number, name, instrument, tuning, capo and transposition.
-QString trackText(const Track &track, Signs signs);
-
-/// The lines over a picture: title and authors, then the tracks shown.
-QStringList titleLines(const ScoreModel &model, std::optional<unsigned> track, Signs signs);
-
-} // namespace tool
-} // namespace zarn
+} // namespace zarn::tool

@@ -81,19 +81,6 @@ void requireStrings(const GuitarTuning &present)
         fail(QStringLiteral("there are no strings to tune"));
 }
 
-/// Whether the black keys of a tuning are flats: as in its name, "Eb Standard" or "F# Standard";
-/// else unless there is a C# or F# among them, as in "Drop A".
-bool hasFlats(const GuitarTuning &tuning)
-{
-    static const QRegularExpression flatLetter(QStringLiteral("\\b[A-G]b"));
-    const QString name = QString::fromStdString(tuning.name());
-    if (name.contains(flatLetter))
-        return true;
-    const auto isSharp = [](int midi) { return midi % 12 == 1 || midi % 12 == 6; };
-    const auto &keys = tuning.midiNumbers();
-    return !name.contains(QLatin1Char('#')) && std::none_of(keys.begin(), keys.end(), isSharp);
-}
-
 unsigned usualStringCount(GuitarTuning::Instrument instrument)
 {
     switch (instrument) {
@@ -200,14 +187,6 @@ GuitarTuning usualTuning(const GuitarTuning &present, unsigned stringCount)
     fail(QStringLiteral("no tuning with %1 is known for this instrument; see \"zarn catalog "
                         "tunings --instrument %2\"")
              .arg(stringsText(stringCount), instrument));
-}
-
-QStringList openStrings(const GuitarTuning &tuning, Signs signs)
-{
-    QStringList names;
-    for (const int midi : tuning.midiNumbers())
-        names.append(pitchText(PitchClass::fromPitch(midi, hasFlats(tuning)), midi, signs));
-    return names;
 }
 
 } // namespace zarn::tool

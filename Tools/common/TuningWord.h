@@ -2,17 +2,15 @@
 #pragma once
 
 #include <ZarnCore/instruments/tunings/ZarnGuitarTuning.h>
+#include <ZarnCore/io/sheet/OpenStrings.h>
 
 #include <QString>
-#include <QStringList>
 
 namespace zarn {
 
 class Staff;
 
 namespace tool {
-
-enum class Signs : int;
 
 /// The tuning of a staff, with the instrument that its track is when it does not say: imported ones
 /// often do not.
@@ -33,8 +31,7 @@ GuitarTuning anyTuning(const QString &words);
 /// the library has none.
 GuitarTuning usualTuning(const GuitarTuning &present, unsigned stringCount);
 
-/// "E2", "A2" and so on from the lowest string up; black keys as the tuning's name has them.
-QStringList openStrings(const GuitarTuning &tuning, Signs signs);
+using sheet::openStrings;
 
 } // namespace tool
 } // namespace zarn

@@ -7,7 +7,6 @@
 #include "edit/EventPrinter.h"
 #include "edit/Targets.h"
 #include "info/ScoreSummary.h"
-#include "show/SheetBuilder.h"
 #include "show/ShowCommand.h"
 
 #include <ZarnCore/model/ZarnScoreModel.h>

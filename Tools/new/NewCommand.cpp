@@ -10,7 +10,6 @@
 #include "common/TuningWord.h"
 #include "edit/EditLoop.h"
 #include "edit/EditSession.h"
-#include "show/SheetBuilder.h"
 #include "show/ShowCommand.h"
 
 #include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>

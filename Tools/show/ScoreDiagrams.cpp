@@ -7,10 +7,9 @@
 #include "common/Texts.h"
 #include "common/TrackText.h"
 #include "common/TuningWord.h"
-#include "show/SheetBuilder.h"
-#include "show/TabWriter.h"
 
 #include <ZarnCore/chords/ZarnFingeringLibrary.h>
+#include <ZarnCore/io/sheet/TabWriter.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
 #include <algorithm>
@@ -70,7 +69,7 @@ std::string scoreDiagrams(const ScoreModel &model, const ShownPart &part, const 
         if (part.track && *part.track != track->index())
             continue;
         for (const auto &staff : track->staves()) {
-            if (!isShownAsTab(*staff))
+            if (!sheet::isShownAsTab(*staff))
                 continue;
             const GuitarTuning tuning = presentTuning(*staff);
             std::vector<ChordDiagram> diagrams;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ZarnCore/io/sheet/SheetBuilder.h>
+
 #include <string>
 
 namespace zarn {
@@ -9,8 +11,8 @@ class ScoreModel;
 
 namespace tool {
 
-struct ShownPart;
 class Terminal;
+using sheet::ShownPart;
 
 /// Diagrams of the chords that stand over the fretted staves of a part, each once per staff and in
 /// the order in which they come: as the score has them, else as they are played first. Empty

@@ -4,14 +4,9 @@
 #include "common/Documents.h"
 #include "common/Failure.h"
 #include "common/Terminal.h"
-#include "common/Texts.h"
-#include "common/TrackText.h"
-#include "show/Glyphs.h"
-#include "show/Legend.h"
 #include "show/ScoreDiagrams.h"
-#include "show/SheetBuilder.h"
-#include "show/SheetPainter.h"
 
+#include <ZarnCore/io/sheet/Page.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
 #include <iostream>
@@ -20,42 +15,6 @@
 namespace zarn::tool {
 
 namespace {
-
-/// A text in lines at most `width` columns long, cut between words; all but the first are indented.
-void addWrapped(std::vector<CharacterRow> &rows, const QString &text, int width, Ink ink)
-{
-    QString line;
-    for (const QString &word : text.split(QLatin1Char(' '))) {
-        const QString longer = line.isEmpty() ? word : line + QLatin1Char(' ') + word;
-        if (!line.isEmpty() && displayWidth(longer) > width) {
-            rows.emplace_back();
-            rows.back().write(0, line, ink);
-            line = QStringLiteral("    ") + word;
-        } else {
-            line = longer;
-        }
-    }
-    rows.emplace_back();
-    rows.back().write(0, line, ink);
-}
-
-/// Entries with commas between them, in lines of whole entries; only one that is longer than a line
-/// is cut.
-void addWrapped(std::vector<CharacterRow> &rows, const QStringList &entries, int width)
-{
-    QString line;
-    for (const QString &entry : entries) {
-        const QString longer = line.isEmpty() ? entry : line + QStringLiteral(", ") + entry;
-        if (!line.isEmpty() && displayWidth(longer) >= width) {
-            addWrapped(rows, line + QLatin1Char(','), width, Ink::Plain);
-            line = entry;
-        } else {
-            line = longer;
-        }
-    }
-    if (!line.isEmpty())
-        addWrapped(rows, line, width, Ink::Plain);
-}
 
 /// Bars "5" or "5-8", counted from 1.
 void readBars(const Arguments &arguments, unsigned barCount, ShownPart &part)
@@ -109,26 +68,8 @@ int runShow(const Arguments &arguments, const Terminal &terminal)
 
 std::string pictureOf(const ScoreModel &model, const ShownPart &part, const Terminal &terminal)
 {
-    const Glyphs &glyphs = terminal.showsUtf8() ? Glyphs::utf8() : Glyphs::ascii();
-    const Signs signs = terminal.showsUtf8() ? Signs::Symbols : Signs::Letters;
-    Legend legend;
-    const Sheet sheet = buildSheet(model, part, glyphs, legend);
-    std::vector<CharacterRow> rows;
-    for (const QString &line : titleLines(model, part.track, signs))
-        addWrapped(rows, line, terminal.width(), Ink::Plain);
-    rows.emplace_back();
-    for (CharacterRow &row : paintSheet(sheet, glyphs, terminal.width()))
-        rows.push_back(std::move(row));
-    QStringList legendTexts = legend.texts();
-    if (!legendTexts.isEmpty()) {
-        rows.emplace_back();
-        legendTexts.first().prepend(QStringLiteral("Signs: "));
-    }
-    addWrapped(rows, legendTexts, terminal.width());
-    std::string text;
-    for (const CharacterRow &row : rows)
-        text += row.toText(terminal.showsColour()) + '\n';
-    return text;
+    return sheet::pageOf(model, part,
+                         {terminal.width(), terminal.showsUtf8(), terminal.showsColour()});
 }
 
 Subcommand showCommand()

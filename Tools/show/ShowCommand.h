@@ -3,6 +3,8 @@
 
 #include "common/Arguments.h"
 
+#include <ZarnCore/io/sheet/SheetBuilder.h>
+
 #include <string>
 
 namespace zarn {
@@ -11,7 +13,7 @@ class ScoreModel;
 
 namespace tool {
 
-struct ShownPart;
+using sheet::ShownPart;
 
 /// `zarn show`.
 Subcommand showCommand();
