@@ -9,6 +9,7 @@
 #include <ZarnCore/io/ZarnMusicXmlImporter.h>
 #include <ZarnCore/io/ZarnNativeExporter.h>
 #include <ZarnCore/io/ZarnNativeImporter.h>
+#include <ZarnCore/io/ZarnTextExporter.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/clip/ZarnClip.h>
 
@@ -17,6 +18,7 @@
 #include <filesystem/DiskFileSystem.h>
 #include <filesystem/RAMFileSystem.h>
 
+#include <algorithm>
 #include <iostream>
 #include <iterator>
 #include <vector>
@@ -46,6 +48,7 @@ const Exporters &exporters()
     static const Exporters all = [] {
         Exporters list;
         list.push_back(std::make_unique<io::NativeExporter>());
+        list.push_back(std::make_unique<io::TextExporter>());
         return list;
     }();
     return all;
@@ -193,6 +196,12 @@ std::string nameOfPath(const std::string &path, Direction direction)
     return direction == Direction::In ? "standard input" : "standard output";
 }
 
+bool isSuffixOf(const io::Exporter &exporter, const std::string &path)
+{
+    const auto extensions = exporter.extensions();
+    return std::find(extensions.begin(), extensions.end(), suffixOf(path)) != extensions.end();
+}
+
 bool isWritableFormat(const std::string &path)
 {
     return exporterFor(path) != nullptr;
@@ -232,10 +241,15 @@ io::ExportReport saveDocument(const ScoreModel &model, const std::string &path,
                               const Terminal &terminal)
 {
     requireWritableFormat(path);
+    return saveDocument(model, path, terminal, *exporterFor(path));
+}
+
+io::ExportReport saveDocument(const ScoreModel &model, const std::string &path,
+                              const Terminal &terminal, const io::Exporter &exporter)
+{
     io::ExportReport report;
-    saveTo(path, terminal, [&](filesystem::FileHandle &handle) {
-        exporterFor(path)->write(model, handle, report);
-    });
+    saveTo(path, terminal,
+           [&](filesystem::FileHandle &handle) { exporter.write(model, handle, report); });
     return report;
 }
 

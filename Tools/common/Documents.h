@@ -12,6 +12,10 @@ namespace zarn {
 class ScoreModel;
 struct Clip;
 
+namespace io {
+class Exporter;
+}
+
 namespace tool {
 
 class Terminal;
@@ -43,6 +47,13 @@ OpenedDocument openDocument(const std::string &path, const Terminal &terminal);
 /// Raises `Failure`.
 io::ExportReport saveDocument(const ScoreModel &model, const std::string &path,
                               const Terminal &terminal);
+
+/// The same in a format of one's choice, whatever the suffix.
+io::ExportReport saveDocument(const ScoreModel &model, const std::string &path,
+                              const Terminal &terminal, const io::Exporter &exporter);
+
+/// Whether the suffix of the path is one of the exporter's.
+bool isSuffixOf(const io::Exporter &exporter, const std::string &path);
 
 /// The same for music that was copied: a native document. What is read may be any score; it is a
 /// clip of all its bars then.

@@ -6,6 +6,7 @@
 #include "common/Problems.h"
 #include "common/Terminal.h"
 
+#include <ZarnCore/io/ZarnTextExporter.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
 #include <QFileInfo>
@@ -25,10 +26,16 @@ int runConvert(const Arguments &arguments, const Terminal &terminal)
     const std::string from = arguments.operand(0);
     const std::string to = arguments.operand(1);
     requireWritableFormat(to);
+    const bool hasRhythm = arguments.has(QStringLiteral("rhythm"));
+    const io::TextExporter withRhythm(io::TextExporter::TabRhythm::Shown);
+    if (hasRhythm && !isSuffixOf(withRhythm, to))
+        throw UsageError{QStringLiteral("--rhythm is for texts, .tab and .txt")};
     if (isSameFile(arguments.operands().at(0), arguments.operands().at(1)))
         throw Failure(to + ": is the file to read; give the new one another name");
     const OpenedDocument document = openDocument(from, terminal);
-    const io::ExportReport losses = saveDocument(*document.model, to, terminal);
+    const io::ExportReport losses = hasRhythm
+        ? saveDocument(*document.model, to, terminal, withRhythm)
+        : saveDocument(*document.model, to, terminal);
     warnOfProblems(document);
     warnOfLosses(losses, to);
     return Done;
@@ -51,7 +58,8 @@ Subcommand convertCommand()
             "named on standard error; \"zarn info IN\" lists what the score lacks. - stands\n"
             "for standard input and, as a native document, for standard output.")
             .arg(QString::fromStdString(writableSuffixes())),
-        {},
+        {{QStringLiteral("rhythm"), QStringLiteral("r"), QString(),
+          QStringLiteral("Write the rhythm over the strings of .tab and .txt, too.")}},
         runConvert,
     };
 }

@@ -5,6 +5,7 @@
 #include <ZarnCore/io/ZarnMusicXmlImporter.h>
 #include <ZarnCore/io/ZarnNativeExporter.h>
 #include <ZarnCore/io/ZarnNativeImporter.h>
+#include <ZarnCore/io/ZarnTextExporter.h>
 
 namespace zarn {
 
@@ -13,9 +14,11 @@ void addBuiltInFormats(FormatRegistry &formats)
     static io::NativeImporter nativeImporter;
     static io::MusicXmlImporter musicXmlImporter;
     static io::NativeExporter nativeExporter;
+    static io::TextExporter textExporter;
     formats.add(&nativeImporter);
     formats.add(&musicXmlImporter);
     formats.add(&nativeExporter);
+    formats.add(&textExporter);
 }
 
 } // namespace zarn

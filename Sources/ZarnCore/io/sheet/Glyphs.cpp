@@ -9,6 +9,7 @@ const Glyphs &Glyphs::utf8()
 {
     static const Glyphs glyphs = {
         true,
+        false,
         QStringLiteral("\u2500"),
         QStringLiteral("\u2502"),
         QStringLiteral("\u2551"),
@@ -33,6 +34,7 @@ const Glyphs &Glyphs::ascii()
 {
     static const Glyphs glyphs = {
         false,
+        false,
         QStringLiteral("-"),
         QStringLiteral("|"),
         QStringLiteral("||"),
@@ -50,6 +52,16 @@ const Glyphs &Glyphs::ascii()
         QStringLiteral("e"),
         {QString(), QStringLiteral(".25"), QStringLiteral(".5"), QStringLiteral(".75")},
     };
+    return glyphs;
+}
+
+const Glyphs &Glyphs::posted()
+{
+    static const Glyphs glyphs = [] {
+        Glyphs made = ascii();
+        made.isPosted = true;
+        return made;
+    }();
     return glyphs;
 }
 

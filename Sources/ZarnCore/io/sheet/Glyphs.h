@@ -9,15 +9,21 @@
 
 namespace zarn::sheet {
 
-/// One sign in both sets of characters.
+/// One sign in all sets of characters.
 struct Glyph {
     const char *utf8;
     const char *ascii;
+    const char *posted = nullptr; ///< where it differs from `ascii`
 };
 
 /// The characters that a picture is drawn with.
 struct ZARNCORE_EXPORT Glyphs {
     bool isUtf8;
+
+    /// Tablature stands as players post it: strings have letters alone, what is bent names the fret
+    /// that it comes to sound like, and hammer-ons stand without slurs.
+    bool isPosted;
+
     QString string; ///< a string between two frets
     QString barLine;
     QString doubleBarLine;
@@ -38,9 +44,12 @@ struct ZARNCORE_EXPORT Glyphs {
 
     static const Glyphs &utf8();
     static const Glyphs &ascii();
+    static const Glyphs &posted(); ///< in ASCII
 
     QString of(const Glyph &glyph) const
     {
+        if (isPosted && glyph.posted != nullptr)
+            return QString::fromUtf8(glyph.posted);
         return QString::fromUtf8(isUtf8 ? glyph.utf8 : glyph.ascii);
     }
 

@@ -169,12 +169,20 @@ QString bent(const QString &text, const Place &place)
     const auto highest = std::max_element(
         points.begin(), points.end(),
         [](const CurvePoint &left, const CurvePoint &right) { return left.value < right.value; });
-    const auto tones = [&](int value) { return place.glyphs.tones(value); };
+    // Posted tablature names the fret that sounds like it: two quarter-tones each.
+    const auto tones = [&](int value) {
+        return place.glyphs.isPosted && value % 2 == 0 && place.note.fret() >= 0
+            ? QString::number(place.note.fret() + value / 2)
+            : place.glyphs.tones(value);
+    };
     const int end = points.back().value;
+    if (place.glyphs.isPosted && bend.type == BendType::Release)
+        return QStringLiteral("(%1)r%2").arg(tones(points.front().value),
+                                             tones(points.back().value));
     QString form = QLatin1String(bendForms.at(static_cast<std::size_t>(bend.type)));
     form.replace(QLatin1String("%1"), tones(points.front().value));
     form.replace(QLatin1String("%2"), tones(highest->value));
-    form.replace(QLatin1String("%3"), end == 0 ? QString() : tones(end));
+    form.replace(QLatin1String("%3"), end == 0 && !place.glyphs.isPosted ? QString() : tones(end));
     return text + form;
 }
 
@@ -210,12 +218,16 @@ constexpr std::array rowSigns = {
     RowSign{isBent, bent, same("")},
     RowSign{isBentAs<BendType::Bend, BendType::BendNRelease, BendType::PreBendNBend>,
             unchanged,
-            {"b1 bent up a tone (\u00bd a semitone)", "b1 bent up a tone (.5 a semitone)"}},
+            {"b1 bent up a tone (\u00bd a semitone)", "b1 bent up a tone (.5 a semitone)",
+             "7b9 bent until it sounds like fret 9"}},
     RowSign{isBentAs<BendType::PreBend, BendType::PreBendNBend, BendType::PreBendNRelease>,
-            unchanged, same("pb1 bent before it is struck")},
+            unchanged,
+            {"pb1 bent before it is struck", "pb1 bent before it is struck",
+             "7pb9 bent before it is struck"}},
     RowSign{isBentAs<BendType::HoldBend>, unchanged, same("b= bend held")},
     RowSign{isBentAs<BendType::Release, BendType::BendNRelease, BendType::PreBendNRelease>,
-            unchanged, same("r bend released")},
+            unchanged,
+            {"r bend released", "r bend released", "(9)r7 bend released"}},
     RowSign{is<&Note::vibrato, Vibrato::Slight>, behind<wave>, same("7~ vibrato")},
     RowSign{is<&Note::vibrato, Vibrato::Wide>, behind<wideWave>, same("7~~ wide vibrato")},
     RowSign{is<&Note::isHopo>, hammered, same("5h 7p hammer-on, pull-off to the next note")},

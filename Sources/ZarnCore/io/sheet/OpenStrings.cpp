@@ -36,4 +36,14 @@ QStringList openStrings(const GuitarTuning &tuning, Signs signs)
     return names;
 }
 
+QStringList postedStrings(const GuitarTuning &tuning)
+{
+    QStringList names;
+    for (const int midi : tuning.midiNumbers())
+        names.append(pitchClassText(PitchClass::fromPitch(midi, hasFlats(tuning)), Signs::Letters));
+    if (names.size() > 1 && names.first() == names.last())
+        names.last() = names.last().toLower();
+    return names;
+}
+
 } // namespace zarn::sheet

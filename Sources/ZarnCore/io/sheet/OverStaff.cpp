@@ -15,9 +15,17 @@ namespace zarn::sheet {
 
 namespace {
 
-/// Slides that are not struck again are under a slur, as are the beats that say so.
-bool isJoinedToNext(const Beat &beat)
+/// Slides that are not struck again are under a slur, as are the beats that say so. In posted
+/// tablature the signs of slides, hammer-ons and pull-offs say it by themselves.
+bool isJoinedToNext(const Beat &beat, const Glyphs &glyphs)
 {
+    const auto leadsOn = [](const auto &note) {
+        return note->isHopo() || note->slideOut() == SlideOut::Legato
+            || note->slideOut() == SlideOut::Shift;
+    };
+    if (glyphs.isPosted)
+        return beat.isSlurredToNext()
+            && std::none_of(beat.notes().begin(), beat.notes().end(), leadsOn);
     return beat.isSlurredToNext()
         || std::any_of(beat.notes().begin(), beat.notes().end(),
                        [](const auto &note) { return note->slideOut() == SlideOut::Legato; });
@@ -112,7 +120,7 @@ void OverStaff::writeSlur(const BeatPlace &place, SheetBar &into)
         open.begins = false;
         run.begin(open, into);
     }
-    const bool goesOn = isJoinedToNext(place.beat);
+    const bool goesOn = isJoinedToNext(place.beat, _glyphs);
     const bool wasOpen = run.isOpen();
     if (wasOpen)
         run.extendTo(place.column, into);

@@ -154,6 +154,7 @@ struct Sheet {
     std::vector<Lane> lanes; ///< from top to bottom, the lanes of a staff together
     std::vector<SheetBar> bars;
     int runCount = 0; ///< of stretches
+    int labelGap = 1; ///< columns between the names at the left and the music
 };
 
 } // namespace zarn::sheet

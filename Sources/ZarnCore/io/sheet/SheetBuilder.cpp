@@ -46,14 +46,20 @@ QString nameOf(const Track &track, const Staff &staff, const Glyphs &glyphs)
     return name;
 }
 
-std::unique_ptr<StaffWriter> writerFor(const Track &track, const Staff &staff, Sheet &sheet,
-                                       const Glyphs &glyphs, Legend &legend)
+std::unique_ptr<StaffWriter> writerFor(const Track &track, const Staff &staff,
+                                       const ShownPart &part, Sheet &sheet, const Glyphs &glyphs,
+                                       Legend &legend)
 {
     const QString name = nameOf(track, staff, glyphs);
     if (isDrumStaff(track, staff))
         return std::make_unique<DrumWriter>(sheet, staff, name, glyphs, legend);
-    if (isShownAsTab(staff))
-        return std::make_unique<TabWriter>(sheet, staff, name, glyphs, legend);
+    if (isShownAsTab(staff)) {
+        const QString shown = glyphs.isPosted ? QString() : name;
+        auto writer = std::make_unique<TabWriter>(sheet, staff, shown, glyphs, legend);
+        if (!part.hasTabRhythm)
+            writer->hideRhythm();
+        return writer;
+    }
     return std::make_unique<NoteNameWriter>(sheet, staff, name, glyphs, legend);
 }
 
@@ -63,13 +69,14 @@ Sheet buildSheet(const ScoreModel &model, const ShownPart &part, const Glyphs &g
                  Legend &legend)
 {
     Sheet sheet;
+    sheet.labelGap = glyphs.isPosted ? 0 : 1;
     std::vector<ShownStaff> staves;
     for (const auto &track : model.tracks()) {
         if (part.track && *part.track != track->index())
             continue;
         const std::size_t first = staves.size();
         for (const auto &staff : track->staves()) {
-            staves.push_back({staff.get(), writerFor(*track, *staff, sheet, glyphs, legend)});
+            staves.push_back({staff.get(), writerFor(*track, *staff, part, sheet, glyphs, legend)});
             StaffWriter &writer = *staves.back().writer;
             if (staves.size() > first + 1)
                 writer.joinTrackOf(*staves[first].writer);

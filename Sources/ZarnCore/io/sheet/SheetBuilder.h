@@ -21,6 +21,10 @@ struct ShownPart {
     std::optional<unsigned> voice; ///< all voices when unset
     unsigned firstBar = 0;
     unsigned lastBar = 0; ///< included; cut at the end of the score
+
+    /// Whether letters for the rhythm stand over the strings of tablature; all other staves have
+    /// them always.
+    bool hasTabRhythm = true;
 };
 
 /// Turns the music into lanes and columns.

@@ -173,7 +173,8 @@ int labelWidth(const Sheet &sheet)
 std::vector<CharacterRow> paintSheet(const Sheet &sheet, const Glyphs &glyphs, int width)
 {
     std::vector<CharacterRow> rows;
-    for (const System &system : breakIntoSystems(sheet, glyphs, labelWidth(sheet) + 1, width)) {
+    for (const System &system :
+         breakIntoSystems(sheet, glyphs, labelWidth(sheet) + sheet.labelGap, width)) {
         if (!rows.empty())
             rows.emplace_back();
         paintHeadings(system, glyphs, width, rows);

@@ -66,6 +66,12 @@ void StaffWriter::showOnlyVoice(unsigned voice)
     _under->showOnlyVoice(voice);
 }
 
+void StaffWriter::hideRhythm()
+{
+    _hasRhythm = false;
+    lane(rhythmLane(0)).isOptional = true;
+}
+
 void StaffWriter::showOnlyLyrics(unsigned lines)
 {
     _under->showOnlyLyrics(lines);
@@ -81,7 +87,8 @@ int StaffWriter::addLane(Lane::Kind kind, const QString &label)
 {
     Lane added;
     added.kind = kind;
-    added.label = label;
+    if (!_glyphs.isPosted || kind == Lane::Kind::String)
+        added.label = label;
     added.staff = _staff;
     _sheet.lanes.push_back(added);
     return static_cast<int>(_sheet.lanes.size()) - 1;
@@ -138,9 +145,13 @@ void StaffWriter::addLanesBelow()
 
 void StaffWriter::writeTimeSignature(const TimeSignature &signature, SheetBar &into)
 {
-    into.put({0, ColumnKey::Signature}, rhythmLane(0),
-             QStringLiteral("%1/%2").arg(signature.getNumerator()).arg(signature.getDenominator()),
-             Ink::Heading);
+    const QString text =
+        QStringLiteral("%1/%2").arg(signature.getNumerator()).arg(signature.getDenominator());
+    const ColumnKey start{0, ColumnKey::Signature};
+    if (_hasRhythm)
+        into.put(start, rhythmLane(0), text, Ink::Heading);
+    else
+        into.headings.push_back({start, text});
 }
 
 void StaffWriter::writeBar(const Bar &bar, const MasterBar &column, SheetBar &into)
@@ -149,7 +160,7 @@ void StaffWriter::writeBar(const Bar &bar, const MasterBar &column, SheetBar &in
     _over->writeFermatas(column, into);
     if (isDrawnAsSimile(bar)) {
         const bool isSimple = bar.simileMark() == SimileMark::Simple;
-        into.put({0, ColumnKey::Beat}, rhythmLane(0),
+        into.put({0, ColumnKey::Beat}, _hasRhythm ? rhythmLane(0) : _voices[0].signs,
                  isSimple ? QStringLiteral("%") : QStringLiteral("%%"), Ink::Rhythm);
         _legend.use(isSimple ? Legend::Sign::Simile : Legend::Sign::DoubleSimile);
     } else {
@@ -179,6 +190,8 @@ void StaffWriter::writeVoice(const Voice &voice, unsigned index, SheetBar &into)
         if (!beat.isGrace())
             timed.push_back({columns[i], &beat.rhythmValue()});
     }
+    if (!_hasRhythm)
+        return;
     const std::size_t spanCount = into.spans.size();
     addTupletSpans(timed, TupletLevel::Outer, _voices.at(index).tuplet, into.spans);
     if (into.spans.size() != spanCount)
@@ -189,7 +202,7 @@ void StaffWriter::writeVoice(const Voice &voice, unsigned index, SheetBar &into)
 void StaffWriter::writeBeat(const BeatPlace &place, SheetBar &into)
 {
     const Beat &beat = place.beat;
-    into.put(place.column, rhythmLane(place.voice), rhythmOf(beat), Ink::Rhythm);
+    writeRhythm(place, into);
     const QString signs = signsOf(beat, _glyphs, _legend);
     if (!signs.isEmpty())
         into.put(place.column, _voices.at(place.voice).signs, signs, Ink::Rhythm);
@@ -200,6 +213,15 @@ void StaffWriter::writeBeat(const BeatPlace &place, SheetBar &into)
         writeNotes(place, into);
     else if (beat.isDeadSlapped())
         writeDeadSlap(place, into);
+}
+
+void StaffWriter::writeRhythm(const BeatPlace &place, SheetBar &into)
+{
+    into.columns[place.column];
+    if (_hasRhythm)
+        into.put(place.column, rhythmLane(place.voice), rhythmOf(place.beat), Ink::Rhythm);
+    else if (place.beat.isGrace())
+        into.put(place.column, _voices.at(place.voice).signs, rhythmOf(place.beat), Ink::Rhythm);
 }
 
 QString StaffWriter::signedText(const QString &text, const Note &note, const BeatPlace &place) const

@@ -33,6 +33,10 @@ public:
     /// Leaves the other voices out.
     void showOnlyVoice(unsigned voice);
 
+    /// Leaves the letters for the rhythm out, and the brackets of tuplets. Grace notes are told by
+    /// a sign instead, meters among the headings.
+    void hideRhythm();
+
     /// Leaves the other lines of lyrics out; bit 0 is the first.
     void showOnlyLyrics(unsigned lines);
 
@@ -56,7 +60,8 @@ protected:
     const Glyphs &glyphs() const noexcept { return _glyphs; }
     Legend &legend() const noexcept { return _legend; }
 
-    /// Adds a lane below those that are there and returns its number.
+    /// Adds a lane below those that are there and returns its number. Only strings have labels
+    /// where tablature stands as it is posted.
     int addLane(Lane::Kind kind, const QString &label = QString());
     int addStack(Lane::Stacking stacking);
     Lane &lane(int index) const;
@@ -90,6 +95,7 @@ private:
     void writeVoice(const Voice &voice, unsigned index, SheetBar &into);
     void writeBeat(const BeatPlace &place, SheetBar &into);
     void writeChordSymbol(const QString &symbol, const ColumnKey &column, SheetBar &into);
+    void writeRhythm(const BeatPlace &place, SheetBar &into);
     QString rhythmOf(const Beat &beat) const;
 
     Sheet &_sheet;
@@ -100,6 +106,7 @@ private:
     std::optional<OverStaff> _over;
     std::optional<UnderStaff> _under;
     std::optional<unsigned> _onlyVoice;
+    bool _hasRhythm = true;
     std::array<VoiceLanes, Bar::MaxVoices> _voices;
 };
 

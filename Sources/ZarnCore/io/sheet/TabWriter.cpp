@@ -38,7 +38,8 @@ TabWriter::TabWriter(Sheet &sheet, const Staff &staff, const QString &name, cons
 {
     addRhythmLanes(0, RhythmSide::Above);
     const Signs signs = glyphs.isUtf8 ? Signs::Symbols : Signs::Letters;
-    const QStringList names = openStrings(staff.tuning(), signs);
+    const QStringList names =
+        glyphs.isPosted ? postedStrings(staff.tuning()) : openStrings(staff.tuning(), signs);
     for (int string = _stringCount - 1; string >= 0; --string) {
         const int added = addLane(Lane::Kind::String, names.at(string));
         lane(added).isOptional = false;
