@@ -6,6 +6,7 @@
 
 #include <ZarnCore/ZarnException.h>
 #include <ZarnCore/io/ZarnImportException.h>
+#include <ZarnCore/io/ZarnLilyPondExporter.h>
 #include <ZarnCore/io/ZarnMusicXmlImporter.h>
 #include <ZarnCore/io/ZarnNativeExporter.h>
 #include <ZarnCore/io/ZarnNativeImporter.h>
@@ -49,6 +50,7 @@ const Exporters &exporters()
         Exporters list;
         list.push_back(std::make_unique<io::NativeExporter>());
         list.push_back(std::make_unique<io::TextExporter>());
+        list.push_back(std::make_unique<io::LilyPondExporter>());
         return list;
     }();
     return all;

@@ -2,6 +2,7 @@
 #include <ZarnCore/core/BuiltInFormats.h>
 
 #include <ZarnCore/core/FormatRegistry.h>
+#include <ZarnCore/io/ZarnLilyPondExporter.h>
 #include <ZarnCore/io/ZarnMusicXmlImporter.h>
 #include <ZarnCore/io/ZarnNativeExporter.h>
 #include <ZarnCore/io/ZarnNativeImporter.h>
@@ -15,10 +16,12 @@ void addBuiltInFormats(FormatRegistry &formats)
     static io::MusicXmlImporter musicXmlImporter;
     static io::NativeExporter nativeExporter;
     static io::TextExporter textExporter;
+    static io::LilyPondExporter lilyPondExporter;
     formats.add(&nativeImporter);
     formats.add(&musicXmlImporter);
     formats.add(&nativeExporter);
     formats.add(&textExporter);
+    formats.add(&lilyPondExporter);
 }
 
 } // namespace zarn

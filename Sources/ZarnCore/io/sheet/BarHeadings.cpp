@@ -14,21 +14,6 @@ namespace zarn::sheet {
 
 namespace {
 
-/// By `DirectionMark`, as they are printed in scores; jumps stand at the end of their bar.
-constexpr std::array<const char *, DirectionMarkCount> DirectionTexts = {
-    "Coda",           "Double Coda", "Segno",          "Segno Segno",
-    "Fine",           "D.C.",        "D.C. al Coda",   "D.C. al Double Coda",
-    "D.C. al Fine",   "D.S.",        "D.S. al Coda",   "D.S. al Double Coda",
-    "D.S. al Fine",   "D.S.S.",      "D.S.S. al Coda", "D.S.S. al Double Coda",
-    "D.S.S. al Fine", "To Coda",     "To Double Coda",
-};
-
-/// By `TripletFeel`.
-constexpr std::array<const char *, 7> FeelTexts = {
-    "straight",           "swing 8ths (2:1)",    "swing 16ths (2:1)",    "dotted 8ths (3:1)",
-    "dotted 16ths (3:1)", "Scottish 8ths (1:3)", "Scottish 16ths (1:3)",
-};
-
 /// By `zarn::BarLine`.
 constexpr std::array<BarLine, 7> barLineStyles = {
     BarLine::Single, BarLine::Dashed, BarLine::Dotted, BarLine::Heavy,
@@ -94,9 +79,7 @@ void addDirections(const MasterTrack &master, unsigned bar, SheetBar &into)
     const ColumnKey barEnd{into.length, ColumnKey::Beat};
     for (const DirectionMark mark : master.directionsAtBarIndex(static_cast<int>(bar))) {
         const bool isAtEnd = isJump(mark) || mark == DirectionMark::Fine;
-        into.headings.push_back({isAtEnd ? barEnd : BarStart,
-                                 QLatin1String(DirectionTexts[static_cast<std::size_t>(mark)]),
-                                 Ink::Heading});
+        into.headings.push_back({isAtEnd ? barEnd : BarStart, directionText(mark), Ink::Heading});
     }
 }
 
@@ -165,7 +148,7 @@ void addBarHeadings(const MasterTrack &master, unsigned index, bool isFirstShown
         add(keyText(key, glyphs.isUtf8 ? Signs::Symbols : Signs::Letters));
     const TripletFeel feel = bar.tripletFeel();
     if (isFirst ? feel != TripletFeel::NoTripletFeel : feel != before->tripletFeel())
-        add(QLatin1String(FeelTexts.at(static_cast<std::size_t>(feel))));
+        add(feelText(feel));
     if (bar.isFreeTime() && (isFirst || !before->isFreeTime()))
         add(QStringLiteral("free time"));
     if (!bar.isFreeTime() && !isFirst && before->isFreeTime())

@@ -4,7 +4,7 @@
 #include <ZarnCore/io/sheet/DrumNames.h>
 #include <ZarnCore/io/sheet/Glyphs.h>
 #include <ZarnCore/io/sheet/Legend.h>
-#include <ZarnCore/model/ZarnStaff.h>
+#include <ZarnCore/model/ZarnTrack.h>
 
 #include <algorithm>
 #include <set>
@@ -70,6 +70,13 @@ void DrumWriter::writeNotes(const BeatPlace &place, SheetBar &into)
         if (cells.count(row) == 0 || cells.at(row).text != text)
             into.put(place.column, row, text, place.voice == 0 ? Ink::Note : Ink::SecondNote);
     }
+}
+
+bool isShownAsDrums(const Track &track, const Staff &staff)
+{
+    if (InstrumentSet::isUnpitched(track.type()))
+        return true;
+    return !staff.bars().empty() && staff.bars().front()->clef() == ClefType::Neutral;
 }
 
 } // namespace zarn::sheet

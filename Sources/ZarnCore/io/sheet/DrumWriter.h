@@ -8,6 +8,7 @@
 namespace zarn {
 
 class Staff;
+class Track;
 
 namespace sheet {
 
@@ -22,6 +23,9 @@ private:
 
     std::map<QString, int> _lanes; ///< by the name of the instrument
 };
+
+/// Whether a staff is shown as a grid of drums: its instrument has no pitches, or its clef none.
+bool isShownAsDrums(const Track &track, const Staff &staff);
 
 } // namespace sheet
 } // namespace zarn

@@ -22,13 +22,6 @@ struct ShownStaff {
     std::unique_ptr<StaffWriter> writer;
 };
 
-bool isDrumStaff(const Track &track, const Staff &staff)
-{
-    if (InstrumentSet::isUnpitched(track.type()))
-        return true;
-    return !staff.bars().empty() && staff.bars().front()->clef() == ClefType::Neutral;
-}
-
 constexpr int WidestNumberedName = 11;
 
 QString nameOf(const Track &track, const Staff &staff, const Glyphs &glyphs)
@@ -51,7 +44,7 @@ std::unique_ptr<StaffWriter> writerFor(const Track &track, const Staff &staff,
                                        Legend &legend)
 {
     const QString name = nameOf(track, staff, glyphs);
-    if (isDrumStaff(track, staff))
+    if (isShownAsDrums(track, staff))
         return std::make_unique<DrumWriter>(sheet, staff, name, glyphs, legend);
     if (isShownAsTab(staff)) {
         const QString shown = glyphs.isPosted ? QString() : name;

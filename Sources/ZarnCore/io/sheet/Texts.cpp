@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/io/sheet/Texts.h>
 
+#include <ZarnCore/model/form/ZarnDirectionMark.h>
+#include <ZarnCore/model/form/ZarnTripletFeel.h>
 #include <ZarnCore/music/ZarnKeySignature.h>
 #include <ZarnCore/music/ZarnNoteDynamic.h>
 #include <ZarnCore/music/ZarnPitchClass.h>
 #include <ZarnCore/music/ZarnRhythmValue.h>
 
 #include <QStringList>
+
+#include <array>
 
 namespace zarn::sheet {
 
@@ -16,6 +20,21 @@ constexpr RhythmLetter Letters[] = {
     {"l", "long"},    {"b", "breve"},  {"w", "whole"}, {"h", "half"},
     {"q", "quarter"}, {"e", "eighth"}, {"s", "16th"},  {"t", "32nd"},
     {"x", "64th"},    {"y", "128th"},  {"z", "256th"},
+};
+
+/// By `DirectionMark`, as they are printed in scores.
+constexpr std::array<const char *, DirectionMarkCount> DirectionTexts = {
+    "Coda",           "Double Coda", "Segno",          "Segno Segno",
+    "Fine",           "D.C.",        "D.C. al Coda",   "D.C. al Double Coda",
+    "D.C. al Fine",   "D.S.",        "D.S. al Coda",   "D.S. al Double Coda",
+    "D.S. al Fine",   "D.S.S.",      "D.S.S. al Coda", "D.S.S. al Double Coda",
+    "D.S.S. al Fine", "To Coda",     "To Double Coda",
+};
+
+/// By `TripletFeel`.
+constexpr std::array<const char *, 7> FeelTexts = {
+    "straight",           "swing 8ths (2:1)",    "swing 16ths (2:1)",    "dotted 8ths (3:1)",
+    "dotted 16ths (3:1)", "Scottish 8ths (1:3)", "Scottish 16ths (1:3)",
 };
 
 QString accidentalText(int alteration, Signs signs)
@@ -120,6 +139,16 @@ QString endingText(std::uint32_t passes)
         if ((passes >> pass & 1u) != 0)
             numbers.append(QStringLiteral("%1.").arg(pass + 1));
     return numbers.join(QLatin1Char(' '));
+}
+
+QString directionText(DirectionMark mark)
+{
+    return QLatin1String(DirectionTexts.at(static_cast<std::size_t>(mark)));
+}
+
+QString feelText(TripletFeel feel)
+{
+    return QLatin1String(FeelTexts.at(static_cast<std::size_t>(feel)));
 }
 
 } // namespace zarn::sheet

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/lilypond/VoiceBeats.h>
+
+#include <ZarnCore/model/ZarnStaff.h>
+
+namespace zarn::lilypond {
+
+VoiceBeats::VoiceBeats(const Staff &staff, unsigned voice)
+{
+    for (const auto &bar : staff.bars()) {
+        _starts.push_back(_beats.size());
+        const auto &held = bar->voices().at(voice);
+        if (!held)
+            continue;
+        utils::rational onset;
+        for (const auto &beat : held->beats()) {
+            _beats.push_back({beat.get(), bar.get(), onset});
+            onset += beat->length();
+        }
+    }
+    _starts.push_back(_beats.size());
+}
+
+const VoiceBeat *VoiceBeats::behind(std::size_t index) const
+{
+    if (index + 1 >= _beats.size())
+        return nullptr;
+    const VoiceBeat &next = _beats[index + 1];
+    return next.bar->index() > _beats[index].bar->index() + 1 ? nullptr : &next;
+}
+
+const VoiceBeat *VoiceBeats::mainBehind(std::size_t index) const
+{
+    const VoiceBeat *next = behind(index);
+    while (next != nullptr && next->beat->isGrace())
+        next = behind(static_cast<std::size_t>(next - _beats.data()));
+    return next;
+}
+
+} // namespace zarn::lilypond

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/utils/rational.h>
+
+#include <cstddef>
+#include <vector>
+
+namespace zarn {
+
+class Bar;
+class Beat;
+class Note;
+class Staff;
+
+namespace lilypond {
+
+/// The beats of one voice slot through all bars of a staff, with their places.
+struct VoiceBeat {
+    const Beat *beat;
+    const Bar *bar;
+    utils::rational onset; ///< in quarters from the start of the bar
+};
+
+class VoiceBeats {
+public:
+    VoiceBeats(const Staff &staff, unsigned voice);
+
+    const std::vector<VoiceBeat> &all() const noexcept { return _beats; }
+    const VoiceBeat &operator[](std::size_t index) const { return _beats[index]; }
+    std::size_t size() const noexcept { return _beats.size(); }
+
+    /// The first beat of a bar, and the one behind its last.
+    std::size_t begin(unsigned bar) const { return _starts[bar]; }
+    std::size_t end(unsigned bar) const { return _starts[bar + 1]; }
+
+    /// The beat behind another one, where no bar without this voice parts them; null otherwise.
+    const VoiceBeat *behind(std::size_t index) const;
+
+    /// The same without grace beats.
+    const VoiceBeat *mainBehind(std::size_t index) const;
+
+private:
+    std::vector<VoiceBeat> _beats;
+    std::vector<std::size_t> _starts; ///< by bar; one more at the end
+};
+
+} // namespace lilypond
+} // namespace zarn

@@ -1,0 +1,264 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/lilypond/VoiceMarks.h>
+
+#include <ZarnCore/io/ZarnExportReport.h>
+#include <ZarnCore/io/lilypond/BeatWords.h>
+#include <ZarnCore/io/lilypond/StaffContext.h>
+#include <ZarnCore/io/lilypond/VoiceBeats.h>
+#include <ZarnCore/io/lilypond/Words.h>
+#include <ZarnCore/io/sheet/TupletSpans.h>
+#include <ZarnCore/model/ZarnTrack.h>
+
+#include <algorithm>
+#include <map>
+
+namespace zarn::lilypond {
+
+namespace {
+
+using sheet::ColumnKey;
+using sheet::TupletLevel;
+
+class Marker {
+public:
+    Marker(const VoiceBeats &beats, const StaffContext &context)
+        : _beats(beats), _context(context), _words(beats.size())
+    {
+    }
+
+    std::vector<PlacedWords> run()
+    {
+        for (unsigned bar = 0; bar < _context.staff.barCount(); ++bar) {
+            markTuplets(_beats.begin(bar), _beats.end(bar), TupletLevel::Outer);
+            markBeams(_beats.begin(bar), _beats.end(bar));
+        }
+        markSlurs();
+        markNumberedSlurs();
+        markHammerOns();
+        markLines();
+        return std::move(_words);
+    }
+
+private:
+    void markTuplets(std::size_t begin, std::size_t end, TupletLevel level);
+    void markBeams(std::size_t begin, std::size_t end);
+    void beam(std::size_t first, std::size_t last);
+    void markSlurs();
+    void markNumberedSlurs();
+    void markHammerOns();
+    void markLines();
+    const Beat &beat(std::size_t index) const { return *_beats[index].beat; }
+
+    const VoiceBeats &_beats;
+    const StaffContext &_context;
+    std::vector<PlacedWords> _words;
+};
+
+void Marker::markTuplets(std::size_t begin, std::size_t end, TupletLevel level)
+{
+    std::vector<sheet::TimedBeat> timed;
+    std::map<ColumnKey, std::size_t> places;
+    for (std::size_t i = begin; i < end; ++i)
+        if (!beat(i).isGrace() && !beat(i).isWholeBarRest()) {
+            const ColumnKey column{_beats[i].onset};
+            timed.push_back({column, &beat(i).rhythmValue()});
+            places.emplace(column, i);
+        }
+    std::vector<sheet::Span> spans;
+    sheet::addTupletSpans(timed, level, 0, spans);
+    for (const sheet::Span &span : spans) {
+        const std::size_t first = places.at(span.first);
+        const std::size_t last = places.at(span.last);
+        const RhythmValue &rhythm = beat(first).rhythmValue();
+        const auto ratio = level == TupletLevel::Outer ? rhythm.getPrimaryTupletRatio()
+                                                       : rhythm.getSecondaryTupletRatio();
+        _words[first].before +=
+            "\\tuplet " + std::to_string(ratio.first) + '/' + std::to_string(ratio.second) + " { ";
+        if (level == TupletLevel::Outer)
+            markTuplets(first, last + 1, TupletLevel::Inner);
+        _words[last].after += "} ";
+    }
+}
+
+bool isFlagged(const Beat &beat)
+{
+    return beat.rhythmValue().getNoteValue() >= RhythmValue::NoteValue::Eighth;
+}
+
+void Marker::beam(std::size_t first, std::size_t last)
+{
+    if (first == last)
+        return;
+    _words[first].events += '[';
+    _words[last].events += ']';
+}
+
+/// Beams that were asked for; grace notes have none by themselves.
+void Marker::markBeams(std::size_t begin, std::size_t end)
+{
+    const auto behind = [&](std::size_t index) { // the next beat of the same kind
+        std::size_t next = index + 1;
+        while (next < end && beat(next).isGrace() != beat(index).isGrace()
+               && !beat(index).isGrace())
+            ++next;
+        return next < end && beat(next).isGrace() == beat(index).isGrace() ? next : end;
+    };
+    const auto joins = [&](std::size_t index) {
+        const std::size_t next = behind(index);
+        return next != end && isFlagged(beat(index)) && isFlagged(beat(next))
+            && beat(index).hasNotes() && beat(next).hasNotes()
+            && (beat(index).isGrace() ? beat(index).beamMode() != BeamMode::Break
+                                      : beat(index).beamMode() == BeamMode::Join);
+    };
+    std::vector<bool> isDone(end - begin, false);
+    for (std::size_t i = begin; i < end; ++i) {
+        if (isDone[i - begin])
+            continue;
+        std::size_t last = i;
+        while (joins(last)) {
+            last = behind(last);
+            isDone[last - begin] = true;
+        }
+        beam(i, last);
+    }
+}
+
+void Marker::markSlurs()
+{
+    bool isOpen = false;
+    for (std::size_t i = 0; i < _beats.size(); ++i) {
+        const bool goesOn = beat(i).isSlurredToNext() && _beats.behind(i) != nullptr;
+        if (isOpen && (!goesOn || beat(i).beginsSlur())) {
+            _words[i].events += ')';
+            isOpen = false;
+        }
+        if (goesOn && !isOpen) {
+            _words[i].events += '(';
+            isOpen = true;
+        }
+    }
+}
+
+/// Slurs inside of others, by number; the language joins notes of one voice alone.
+void Marker::markNumberedSlurs()
+{
+    std::map<unsigned, std::vector<std::size_t>> open;
+    const auto lose = [&](std::size_t index) {
+        _context.report.addUnheld("slur between two voices",
+                                  {static_cast<int>(_context.track.index()),
+                                   static_cast<int>(_beats[index].bar->index())});
+    };
+    for (std::size_t i = 0; i < _beats.size(); ++i)
+        for (const SlurEnd &end : beat(i).slurEnds()) {
+            auto &begins = open[end.number];
+            if (end.isBegin) {
+                begins.push_back(i);
+            } else if (begins.empty()) {
+                lose(i);
+            } else {
+                const auto depth = static_cast<unsigned>(begins.size()) - 1;
+                const std::string id =
+                    "\\=" + std::to_string(end.number + depth * SlurEnd::HighestNumber);
+                if (begins.back() != i) {
+                    _words[begins.back()].events += id + '(';
+                    _words[i].events += id + ')';
+                }
+                begins.pop_back();
+            }
+        }
+    for (const auto &[number, begins] : open)
+        for (const std::size_t begin : begins)
+            lose(begin);
+}
+
+/// Hammer-ons, pull-offs and slides that are not struck again stand under slurs, unless there is
+/// one, the first two with their letters.
+void Marker::markHammerOns()
+{
+    constexpr const char *id = "\\=90";
+    bool isOpen = false;
+    for (std::size_t i = 0; i < _beats.size(); ++i) {
+        const VoiceBeat *const next = _beats.behind(i);
+        bool isJoined = false;
+        if (next != nullptr)
+            for (const auto &note : beat(i).notes()) {
+                const bool isLegato = note->slideOut() == SlideOut::Legato;
+                isJoined = isJoined || note->isHopo() || isLegato;
+                const auto aim =
+                    note->isHopo() ? next->beat->noteOnString(note->string()) : nullptr;
+                if (aim)
+                    _words[i].events += aim->fret() >= note->fret() ? "^\"H\"" : "^\"P\"";
+            }
+        const bool goesOn = isJoined && !beat(i).isSlurredToNext();
+        if (isOpen && !goesOn)
+            _words[i].events += std::string(id) + ')';
+        if (goesOn && !isOpen)
+            _words[i].events += std::string(id) + '(';
+        isOpen = goesOn;
+    }
+}
+
+struct Line {
+    std::size_t first;
+    std::size_t last;
+    std::string words;
+};
+
+/// The language draws one line at a time over a voice; a second one stands as words alone.
+void Marker::markLines()
+{
+    std::vector<Line> lines;
+    std::map<std::size_t, std::size_t> open; // by kind: number of the line
+    std::size_t textLine = 0;
+    bool isTextOpen = false;
+    for (std::size_t i = 0; i < _beats.size(); ++i) {
+        const bool isParted = i > 0 && _beats.behind(i - 1) == nullptr;
+        if (isParted)
+            open.clear();
+        const auto words = lineWordsOf(beat(i));
+        for (std::size_t kind = 0; kind < words.size(); ++kind) {
+            const auto known = open.find(kind);
+            if (words[kind].empty()) {
+                if (known != open.end() && !beat(i).isRest())
+                    open.erase(known);
+            } else if (known != open.end() && lines[known->second].words == words[kind]) {
+                lines[known->second].last = i;
+            } else {
+                open[kind] = lines.size();
+                lines.push_back({i, i, words[kind]});
+            }
+        }
+        if (beat(i).textSpan() == TextSpan::End && isTextOpen)
+            lines[textLine].last = i;
+        if (beat(i).textSpan() == TextSpan::End)
+            isTextOpen = false;
+        if (beat(i).textSpan() == TextSpan::Begin && !beat(i).text().empty()) {
+            isTextOpen = true;
+            textLine = lines.size();
+            lines.push_back({i, i, beat(i).text()});
+        }
+    }
+    std::stable_sort(lines.begin(), lines.end(),
+                     [](const Line &left, const Line &right) { return left.first < right.first; });
+    std::size_t busyUntil = 0;
+    for (const Line &line : lines) {
+        if (line.first == line.last || line.first < busyUntil) {
+            _words[line.first].events += '^' + quoted(line.words);
+            continue;
+        }
+        busyUntil = line.last;
+        _words[line.first].commands += "\\once \\override TextSpanner.bound-details.left.text = "
+            + quoted(line.words + ' ') + ' ';
+        _words[line.first].events += "\\startTextSpan";
+        _words[line.last].events += "\\stopTextSpan";
+    }
+}
+
+} // namespace
+
+std::vector<PlacedWords> voiceMarksOf(const VoiceBeats &beats, const StaffContext &context)
+{
+    return Marker(beats, context).run();
+}
+
+} // namespace zarn::lilypond

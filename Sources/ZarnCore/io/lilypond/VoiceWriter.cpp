@@ -1,0 +1,540 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/lilypond/VoiceWriter.h>
+
+#include <ZarnCore/io/ZarnExportReport.h>
+#include <ZarnCore/io/lilypond/BeatWords.h>
+#include <ZarnCore/io/lilypond/DrumTable.h>
+#include <ZarnCore/io/lilypond/Frame.h>
+#include <ZarnCore/io/lilypond/VoiceMarks.h>
+#include <ZarnCore/io/lilypond/Words.h>
+#include <ZarnCore/io/sheet/SimileBars.h>
+#include <ZarnCore/model/ZarnMasterBar.h>
+#include <ZarnCore/model/ZarnTrack.h>
+#include <ZarnCore/music/ZarnMusic.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+
+namespace zarn::lilypond {
+
+namespace {
+
+constexpr int octave = 12;
+
+constexpr std::array<const char *, Bar::MaxVoices> voiceCommands = {"\\voiceOne", "\\voiceTwo",
+                                                                    "\\voiceThree", "\\voiceFour"};
+
+/// By `Fermata`.
+constexpr std::array<const char *, 3> fermataTexts = {"\\shortfermata", "\\fermata",
+                                                      "\\longfermata"};
+
+/// Whether a slot holds more than time that is kept free.
+bool isSeen(const Bar &bar, unsigned voice)
+{
+    const auto &held = bar.voices().at(voice);
+    return held && std::any_of(held->beats().begin(), held->beats().end(), [](const auto &beat) {
+               return !beat->isPlaceHolder();
+           });
+}
+
+/// What the usual dynamics of the language are; the rest is made where it is used.
+bool isKnownDynamic(const std::string &text)
+{
+    constexpr std::array known = {"ppppp", "pppp", "ppp",  "pp",    "p",  "mp", "mf",  "f",
+                                  "ff",    "fff",  "ffff", "fffff", "fp", "sf", "sfz", "rfz"};
+    return std::find(known.begin(), known.end(), text) != known.end();
+}
+
+std::string dynamicName(NoteDynamic dynamic)
+{
+    return dynamic.value() == NoteDynamic::Value::None
+        ? std::string()
+        : QString::fromStdString(NoteDynamic::textOf(dynamic.value())).toLower().toStdString();
+}
+
+/// 8 for eighths.
+constexpr int valueOf(unsigned doublings)
+{
+    return 4 << doublings;
+}
+
+} // namespace
+
+VoiceWriter::VoiceWriter(const StaffContext &context, unsigned voice)
+    : _context(context), _voice(voice), _beats(context.staff, voice),
+      _marks(voiceMarksOf(_beats, context))
+{
+}
+
+void VoiceWriter::lose(const std::string &kind, const VoiceBeat &place) const
+{
+    _context.report.addUnheld(
+        kind, {static_cast<int>(_context.track.index()), static_cast<int>(place.bar->index())});
+}
+
+std::string VoiceWriter::write()
+{
+    std::vector<std::string> texts;
+    for (unsigned bar = 0; bar < _context.frame.bars.size(); ++bar)
+        texts.push_back(barText(bar));
+    foldSimiles(texts);
+    std::string text;
+    for (unsigned bar = 0; bar < texts.size(); ++bar) {
+        const auto &words = _context.frame.repeats.bars[bar];
+        const bool isLast = bar + 1 == texts.size();
+        text += "  " + words.before + texts[bar] + '|';
+        if (isLast && !_pending.empty())
+            text += " <>" + takePending();
+        text += words.after + " % " + std::to_string(bar + 1) + '\n';
+    }
+    return text;
+}
+
+/// Bars that repeat the one before become its percent signs, unless the form parts them.
+void VoiceWriter::foldSimiles(std::vector<std::string> &texts) const
+{
+    const auto &frame = _context.frame;
+    for (unsigned bar = 0; bar + 1 < texts.size(); ++bar) {
+        unsigned count = 1;
+        while (bar + count < texts.size()) {
+            const unsigned next = bar + count;
+            const Bar &repeated = *_context.staff.bars()[next];
+            if (repeated.simileMark() != SimileMark::Simple || !sheet::isDrawnAsSimile(repeated)
+                || !frame.repeats.bars[next].before.empty()
+                || !frame.repeats.bars[next - 1].after.empty()
+                || frame.bars[next].length != frame.bars[bar].length
+                || !frame.bars[next].grace.isZero())
+                break;
+            texts[next].clear();
+            ++count;
+        }
+        if (count == 1)
+            continue;
+        const bool isEmpty = _beats.begin(bar) == _beats.end(bar);
+        if (isEmpty)
+            for (unsigned i = 1; i < count; ++i)
+                texts[bar + i] = gapText(Gap::Skip, frame.bars[bar].length) + ' ';
+        else
+            texts[bar] = "\\repeat percent " + std::to_string(count) + " { " + texts[bar] + "} ";
+        bar += count - 1;
+    }
+}
+
+std::string VoiceWriter::voiceCommand(const Bar &bar) const
+{
+    unsigned seen = 0;
+    for (unsigned voice = 0; voice < Bar::MaxVoices; ++voice)
+        seen += isSeen(bar, voice) ? 1 : 0;
+    return seen > 1 ? voiceCommands.at(_voice) : "\\oneVoice";
+}
+
+std::string VoiceWriter::barText(unsigned bar)
+{
+    const FrameBar &frame = _context.frame.bars[bar];
+    const std::size_t begin = bar < _context.staff.barCount() ? _beats.begin(bar) : 0;
+    const std::size_t end = bar < _context.staff.barCount() ? _beats.end(bar) : 0;
+    utils::rational length;
+    utils::rational grace;
+    std::string text;
+    if (begin != end) {
+        const Bar &held = *_beats[begin].bar;
+        if (isSeen(held, _voice))
+            if (const std::string command = voiceCommand(held); command != _command) {
+                text += command + ' ';
+                _command = command;
+                _stem.clear();
+            }
+        const Voice &voice = *held.voices().at(_voice);
+        grace = leadingGrace(voice);
+        length = voice.length();
+    }
+    const bool hasMain = length.sign() > 0;
+    if (grace < frame.grace)
+        text += graceGap(frame.grace - grace);
+    for (std::size_t i = begin; i < end;) {
+        std::size_t behind = i;
+        while (behind < end && _beats[behind].beat->isGrace())
+            ++behind;
+        if (behind != i && (behind < end || !hasMain)) {
+            text += graceText(i, behind);
+            i = behind;
+            continue;
+        }
+        std::size_t after = i + 1;
+        while (after < end && _beats[after].beat->isGrace())
+            ++after;
+        if (after == end && after != i + 1) {
+            const PlacedWords &brackets = _marks[i];
+            text += brackets.before + "\\afterGrace " + beatText(i) + "{ ";
+            for (std::size_t j = i + 1; j < end; ++j)
+                text += beatText(j);
+            text += "} " + brackets.after;
+            i = end;
+            continue;
+        }
+        text += _marks[i].before;
+        if (isTremoloPair(i)) {
+            text += tremoloText(i);
+            text += _marks[i].after + _marks[i + 1].after;
+            i += 2;
+            continue;
+        }
+        text += beatText(i) + _marks[i].after;
+        ++i;
+    }
+    if (length < frame.length)
+        text += gapText(Gap::Skip, frame.length - length) + takePending() + ' ';
+    return text;
+}
+
+std::string VoiceWriter::graceText(std::size_t first, std::size_t end)
+{
+    const bool isSlashed = _beats[first].beat->isSlashedGrace() && end == first + 1;
+    std::string text = isSlashed ? "\\slashedGrace { " : "\\grace { ";
+    for (std::size_t i = first; i < end; ++i)
+        text += beatText(i);
+    return text + "} ";
+}
+
+/// What changes from a beat on: stems, sizes.
+std::string VoiceWriter::commands(const VoiceBeat &place)
+{
+    std::string text;
+    const auto orientation = place.beat->stemOrientation();
+    std::string stem;
+    if (place.beat->hasNotes() && !place.beat->isGrace())
+        stem = orientation == ZarnStemOrientation::Upward  ? "\\stemUp "
+            : orientation == ZarnStemOrientation::Downward ? "\\stemDown "
+                                                           : "";
+    else
+        stem = _stem;
+    // The usual direction comes with the command of the voice.
+    if (stem != _stem)
+        text += stem.empty() ? (_command.empty() ? "\\stemNeutral " : _command + ' ') : stem;
+    _stem = stem;
+    const std::string size = place.beat->isCue() ? "\\tiny " : "\\normalsize ";
+    if (size != (_size.empty() ? "\\normalsize " : _size))
+        text += size;
+    _size = size;
+    return text;
+}
+
+std::string VoiceWriter::toneText(const Note &note, const VoiceBeat &place) const
+{
+    if (_context.drums != nullptr)
+        return _context.drums->nameOf(note, *place.beat, *place.bar);
+    const int midi = Music::midi(note);
+    if (midi < 0)
+        return {};
+    const int fifths = Music::drawingKeySignatureForBar(*place.bar).accidentalCount();
+    const core::Pitch written = Music::computePitchAccordingToMidi(note, midi, fifths);
+    const std::string text = pitchText(
+        {written.naturalStep(), written.alteration(), written.octave() + _context.shift / octave});
+    switch (note.accidentalDisplay()) {
+    case AccidentalDisplay::Shown:
+        return text + '!';
+    case AccidentalDisplay::Parentheses:
+    case AccidentalDisplay::Brackets:
+        return text + '?';
+    default:
+        return text;
+    }
+}
+
+std::vector<VoiceWriter::Tone> VoiceWriter::tonesOf(const VoiceBeat &place) const
+{
+    std::vector<Tone> tones;
+    for (const auto &note : place.beat->notes()) {
+        const std::string text = toneText(*note, place);
+        const bool isTwice = std::any_of(tones.begin(), tones.end(), [&](const Tone &other) {
+            return other.text == text
+                && (note->string() < 0 || other.note->string() == note->string());
+        });
+        if (text.empty())
+            lose("note without a pitch", place);
+        else if (!isTwice)
+            tones.push_back({note.get(), text});
+    }
+    return tones;
+}
+
+/// A tie to the same pitch behind, or an open one.
+std::string VoiceWriter::tieText(std::size_t index, const Tone &tone)
+{
+    const auto plain = [](std::string text) {
+        while (!text.empty() && (text.back() == '!' || text.back() == '?'))
+            text.pop_back();
+        return text;
+    };
+    const auto leadsTo = [&](const VoiceBeat *to) {
+        if (to == nullptr)
+            return false;
+        const auto tones = tonesOf(*to);
+        return std::any_of(tones.begin(), tones.end(), [&](const Tone &other) {
+            return other.note->isTied() && plain(other.text) == plain(tone.text);
+        });
+    };
+    std::string text;
+    if (tone.note->isTieOrigin())
+        text = leadsTo(_beats.behind(index)) ? "~" : "\\laissezVibrer";
+    if (!tone.note->isTied())
+        return text;
+    const VoiceBeat *const before = index > 0 ? &_beats[index - 1] : nullptr;
+    const bool hasOrigin = before != nullptr && _beats.behind(index - 1) != nullptr
+        && std::any_of(before->beat->notes().begin(), before->beat->notes().end(),
+                       [&](const auto &other) {
+                           return other->isTieOrigin()
+                               && plain(toneText(*other, *before)) == plain(tone.text);
+                       });
+    return hasOrigin ? text : text + "\\repeatTie";
+}
+
+/// A slide to the next note on the string; of a chord only the notes that slide.
+std::string VoiceWriter::slideText(std::size_t index, std::string &command)
+{
+    const VoiceBeat &place = _beats[index];
+    const auto slides = [](const Note &note) {
+        return note.slideOut() == SlideOut::Shift || note.slideOut() == SlideOut::Legato;
+    };
+    const auto &notes = place.beat->notes();
+    if (std::none_of(notes.begin(), notes.end(), [&](const auto &note) { return slides(*note); }))
+        return {};
+    const VoiceBeat *const next = _beats.behind(index);
+    if (next == nullptr || !next->beat->hasNotes()) {
+        lose("slide to a note behind a rest", place);
+        return {};
+    }
+    const auto from = tonesOf(place);
+    const auto to = tonesOf(*next);
+    std::string map;
+    for (std::size_t i = 0; i < from.size(); ++i) {
+        if (!slides(*from[i].note))
+            continue;
+        std::size_t aim = std::min(i, to.size() - 1);
+        for (std::size_t j = 0; j < to.size(); ++j)
+            if (from[i].note->string() >= 0 && to[j].note->string() == from[i].note->string())
+                aim = j;
+        map += '(' + std::to_string(i) + " . " + std::to_string(aim) + ')';
+    }
+    if (map.empty() || to.empty())
+        return {};
+    if (from.size() > 1 || to.size() > 1)
+        command += "\\once \\set glissandoMap = #'(" + map + ") ";
+    return "\\glissando";
+}
+
+std::string VoiceWriter::strumText(const VoiceBeat &place, std::string &command)
+{
+    const Beat &beat = *place.beat;
+    std::string kind;
+    if (beat.isNonArpeggio())
+        kind = "\\arpeggioBracket ";
+    else if (beat.arpeggioDirection() != Direction::None)
+        kind = beat.arpeggioDirection() == Direction::Up ? "\\arpeggioNormal "
+                                                         : "\\arpeggioArrowDown ";
+    else if (beat.brushDirection() != Direction::None)
+        kind = beat.brushDirection() == Direction::Down ? "\\arpeggioArrowUp "
+                                                        : "\\arpeggioArrowDown ";
+    if (kind.empty() || !beat.hasNotes())
+        return {};
+    if (kind != (_strum.empty() ? "\\arpeggioNormal " : _strum))
+        command += kind;
+    _strum = kind;
+    return "\\arpeggio";
+}
+
+/// The notes or the rest of a beat with all that hangs on it.
+std::string VoiceWriter::coreText(std::size_t index, const std::string &duration)
+{
+    const VoiceBeat &place = _beats[index];
+    const auto tones = tonesOf(place);
+    if (tones.empty())
+        return restText(index) + takePending();
+    std::string text;
+    std::string behind;
+    bool isChord = tones.size() > 1;
+    std::string inside;
+    const int strings = static_cast<int>(_context.staff.tuning().stringCount());
+    for (const Tone &tone : tones) {
+        const bool hasString =
+            _context.drums == nullptr && tone.note->string() >= 0 && tone.note->string() < strings;
+        const NoteWords words = _context.drums != nullptr
+            ? NoteWords{tone.note->isGhost() ? "\\parenthesize " : "", "", false}
+            : wordsOf(*tone.note, _context.track, hasString ? strings - tone.note->string() : 0);
+        std::string before = words.before;
+        if (place.beat->isSlashed())
+            before += "\\tweak NoteHead.style #'slash ";
+        if (tone.note->accidentalDisplay() == AccidentalDisplay::Hidden)
+            before += "\\tweak Accidental.stencil ##f ";
+        isChord = isChord || words.needsChord;
+        inside += (inside.empty() ? "" : " ") + before + tone.text;
+        behind = words.after + tieText(index, tone);
+        if (tones.size() > 1)
+            inside += behind;
+    }
+    if (isChord && tones.size() == 1)
+        inside += behind;
+    text = isChord ? '<' + inside + '>' : inside;
+    text += duration;
+    if (!isChord)
+        text += behind;
+    return text + takePending();
+}
+
+std::string VoiceWriter::restText(std::size_t index) const
+{
+    const VoiceBeat &place = _beats[index];
+    const Beat &beat = *place.beat;
+    if (beat.isWholeBarRest() && !beat.isGrace()) {
+        const auto &frame = _context.frame.bars[place.bar->index()];
+        return gapText(Gap::BarRest, frame.length);
+    }
+    const bool isSeen = !beat.isPlaceHolder();
+    return (isSeen ? "r" : "s") + valueText(beat.rhythmValue());
+}
+
+std::vector<std::string> VoiceWriter::fermatasOf(const VoiceBeat &place) const
+{
+    std::vector<std::string> texts;
+    const auto master = place.bar->masterBar();
+    if (!master || place.beat->isGrace() || place.beat->isPlaceHolder())
+        return texts;
+    const utils::rational end = place.onset + place.beat->length();
+    for (const FermataMark &mark : master->fermatas())
+        if (!(mark.position < place.onset) && mark.position < end)
+            texts.emplace_back(fermataTexts.at(static_cast<std::size_t>(mark.kind)));
+    return texts;
+}
+
+std::string VoiceWriter::dynamicEvents(std::size_t index)
+{
+    const VoiceBeat &place = _beats[index];
+    const Beat &beat = *place.beat;
+    std::string dynamic = dynamicName(beat.dynamic());
+    if (dynamic == _dynamic)
+        dynamic.clear();
+    if (!dynamic.empty())
+        _dynamic = dynamic;
+    if (!dynamic.empty() && _voice != 0) {
+        // The first voice speaks for the staff where it says the same.
+        const auto &first = place.bar->voices().front();
+        const auto other = first ? first->beatStartingAt(place.onset) : nullptr;
+        if (other && dynamicName(other->dynamic()) == dynamic)
+            dynamic.clear();
+    }
+    std::string attack;
+    if (beat.attackDynamic() != AttackDynamic::None)
+        attack = QString::fromStdString(attackDynamicToString(beat.attackDynamic()))
+                     .toLower()
+                     .toStdString();
+    std::string text;
+    if (!attack.empty()) {
+        text = '\\' + attack;
+        if (!dynamic.empty())
+            text += "_\\markup \\dynamic " + quoted(dynamic);
+    } else if (!dynamic.empty()) {
+        text = '\\' + dynamic;
+    }
+    for (const std::string &used : {attack, dynamic})
+        if (!used.empty() && !isKnownDynamic(used))
+            _context.dynamics.insert(used);
+
+    const Hairpin kind = beat.hairpin() == Hairpin::Swell ? Hairpin::NoHairpin : beat.hairpin();
+    if (_hairpin != Hairpin::NoHairpin && (kind != _hairpin || beat.beginsHairpin())) {
+        if (text.empty() || text.front() != '\\')
+            text += "\\!";
+        _hairpin = Hairpin::NoHairpin;
+    }
+    if (kind != Hairpin::NoHairpin && _hairpin == Hairpin::NoHairpin) {
+        text += kind == Hairpin::Crescendo ? "\\<" : "\\>";
+        _hairpin = kind;
+        _dynamic.clear();
+    }
+    const VoiceBeat *const next = _beats.behind(index);
+    if (_hairpin != Hairpin::NoHairpin && next == nullptr) {
+        _pending += "\\!";
+        _hairpin = Hairpin::NoHairpin;
+    }
+    return text;
+}
+
+std::string VoiceWriter::beatText(std::size_t index, const std::string &value)
+{
+    const VoiceBeat &place = _beats[index];
+    const Beat &beat = *place.beat;
+    std::string command = commands(place);
+    std::string behind = _marks[index].events;
+    command += _marks[index].commands;
+    std::string pending = takePending();
+    behind += dynamicEvents(index);
+    behind += strumText(place, command);
+    behind += slideText(index, command);
+    behind += signsOf(beat);
+    for (const std::string &fermata : fermatasOf(place))
+        behind += fermata;
+    if (std::any_of(beat.notes().begin(), beat.notes().end(),
+                    [](const auto &note) { return note->slideIn() != SlideIn::None; }))
+        lose("slide into a note from nowhere", place);
+    if (beat.hasTimer())
+        lose("timer", place);
+    std::swap(pending, _pending); // what comes of this beat waits for the next one
+    _pending += behind;
+    std::string duration = value.empty() ? valueText(beat.rhythmValue()) : value;
+    if (beat.tremolo() != 0) {
+        const int speed = valueOf(beat.tremolo());
+        const auto note = static_cast<int>(beat.rhythmValue().getNoteValue());
+        const int flags = note - static_cast<int>(RhythmValue::NoteValue::Quarter);
+        if (flags <= 0 || speed > valueOf(static_cast<unsigned>(flags)))
+            duration += ':' + std::to_string(speed);
+        else
+            lose("tremolo as slow as its note", place);
+    }
+    std::string text;
+    if (beat.isWholeBarRest() && !_pending.empty())
+        text = command + "<>" + takePending() + ' ' + coreText(index, duration);
+    else
+        text = command + coreText(index, duration);
+    _pending = pending;
+    if (beat.breath() == BreathSign::Breath)
+        text += " \\breathe";
+    else if (beat.breath() == BreathSign::Caesura)
+        text += " \\caesura";
+    return text + ' ';
+}
+
+/// Two beats of one value that are repeated in turn.
+bool VoiceWriter::isTremoloPair(std::size_t index) const
+{
+    const Beat &beat = *_beats[index].beat;
+    if (beat.tremoloToNext() == 0 || index + 1 >= _beats.size())
+        return false;
+    const VoiceBeat &next = _beats[index + 1];
+    return next.bar == _beats[index].bar && !beat.isGrace() && !next.beat->isGrace()
+        && beat.hasNotes() && next.beat->hasNotes()
+        && beat.rhythmValue() == next.beat->rhythmValue() && _marks[index].after.empty()
+        && _marks[index + 1].before.empty();
+}
+
+std::string VoiceWriter::tremoloText(std::size_t index)
+{
+    using NoteValue = RhythmValue::NoteValue;
+    const Beat &beat = *_beats[index].beat;
+    const RhythmValue &rhythm = beat.rhythmValue();
+    const int flags =
+        std::max(0, static_cast<int>(rhythm.getNoteValue()) - static_cast<int>(NoteValue::Quarter));
+    const unsigned strokes = static_cast<unsigned>(flags) + beat.tremoloToNext();
+    RhythmValue written = rhythm;
+    written.unsetPrimaryTupletRatio();
+    const utils::rational single(1, 1 << strokes);
+    const utils::rational count = written.getLength() / single;
+    const std::string value = std::to_string(valueOf(strokes));
+    if (!count.isInteger()) {
+        lose("tremolo between two notes", _beats[index]);
+        return beatText(index) + beatText(index + 1);
+    }
+    const std::string parts = beatText(index, value) + beatText(index + 1, value);
+    return "\\repeat tremolo " + std::to_string(count.numerator()) + " { " + parts + "} ";
+}
+
+} // namespace zarn::lilypond
