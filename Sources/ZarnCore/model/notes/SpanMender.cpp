@@ -13,7 +13,7 @@ bool areNeighbours(const SpanMark &left, const SpanMark &right)
     if (left.place.bar == right.place.bar)
         return left.place.beat + 1 == right.place.beat;
     const auto voice = left.beat->parentVoice();
-    return voice && beatBehindJoint(*voice, left.place.beat + 1).get() == right.beat;
+    return voice && beatBehindJoint(*voice, left.place.beat + 1) == right.beat;
 }
 
 } // namespace
