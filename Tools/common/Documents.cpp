@@ -7,6 +7,7 @@
 #include <ZarnCore/ZarnException.h>
 #include <ZarnCore/io/ZarnImportException.h>
 #include <ZarnCore/io/ZarnLilyPondExporter.h>
+#include <ZarnCore/io/ZarnMidiImporter.h>
 #include <ZarnCore/io/ZarnMusicXmlImporter.h>
 #include <ZarnCore/io/ZarnNativeExporter.h>
 #include <ZarnCore/io/ZarnNativeImporter.h>
@@ -39,6 +40,7 @@ const Importers &importers()
         Importers list;
         list.push_back(std::make_unique<io::NativeImporter>());
         list.push_back(std::make_unique<io::MusicXmlImporter>());
+        list.push_back(std::make_unique<io::MidiImporter>());
         return list;
     }();
     return all;
@@ -164,7 +166,7 @@ OpenedDocument openDocument(const std::string &path, const Terminal &terminal)
         throw Failure(withPath(path, error.empty() ? "cannot be opened" : error));
     const io::Importer *const importer = importerFor(*handle, path);
     if (importer == nullptr)
-        throw Failure(name + ": is neither a native document nor MusicXML");
+        throw Failure(name + ": is neither a native document nor MusicXML nor MIDI");
     OpenedDocument document;
     document.path = path;
     document.format = importer->description().toStdString();

@@ -3,6 +3,7 @@
 
 #include <ZarnCore/core/FormatRegistry.h>
 #include <ZarnCore/io/ZarnLilyPondExporter.h>
+#include <ZarnCore/io/ZarnMidiImporter.h>
 #include <ZarnCore/io/ZarnMusicXmlImporter.h>
 #include <ZarnCore/io/ZarnNativeExporter.h>
 #include <ZarnCore/io/ZarnNativeImporter.h>
@@ -14,11 +15,13 @@ void addBuiltInFormats(FormatRegistry &formats)
 {
     static io::NativeImporter nativeImporter;
     static io::MusicXmlImporter musicXmlImporter;
+    static io::MidiImporter midiImporter;
     static io::NativeExporter nativeExporter;
     static io::TextExporter textExporter;
     static io::LilyPondExporter lilyPondExporter;
     formats.add(&nativeImporter);
     formats.add(&musicXmlImporter);
+    formats.add(&midiImporter);
     formats.add(&nativeExporter);
     formats.add(&textExporter);
     formats.add(&lilyPondExporter);

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/instruments/sets/ZarnInstrumentSet.h>
+#include <ZarnCore/io/midi/MeterLine.h>
+#include <ZarnCore/io/midi/PitchSpeller.h>
+#include <ZarnCore/io/midi/TempoLine.h>
+
+#include <string>
+#include <vector>
+
+namespace zarn::io {
+
+/// A text of a MIDI file and when it stands.
+struct MidiText {
+    MidiTime time = 0;
+    std::string text; ///< UTF-8
+};
+
+/// What a MIDI file has for one track of the score.
+struct MidiPart {
+    static constexpr int Unset = -1;
+
+    int midiTrack = 0; ///< counted from 0
+    int channel = 0;   ///< counted from 0
+    std::string name;
+    InstrumentSet::Type type = InstrumentSet::unknown;
+    int program = Unset; ///< and what stands for banks, volume and pan: the first of each
+    int bank = Unset;
+    int fineBank = Unset;
+    int volume = Unset;
+    int pan = Unset;
+    bool isDrums = false;
+
+    /// The open strings, the lowest first, when the channels of the file are those of strings.
+    std::vector<unsigned> strings;
+
+    /// Notes in the order in which they were played, by staff, the upper one first.
+    std::vector<PlayedNotes> staves;
+
+    std::vector<MidiText> lyrics;
+};
+
+/// The music of a MIDI file, before it is known how it is written.
+struct MidiMusic {
+    double tick = 1;  ///< length of a tick, in the parts of a quarter
+    MidiTime end = 0; ///< of the last note
+    std::string title;
+    std::string copyright;
+    std::vector<TempoChange> tempos;
+    std::vector<MeterChange> meters;
+    std::vector<KeyChange> keys;
+    std::vector<MidiText> sections;
+    std::vector<MidiPart> parts;
+};
+
+} // namespace zarn::io

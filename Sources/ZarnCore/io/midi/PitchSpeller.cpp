@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/midi/PitchSpeller.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+
+namespace zarn::io {
+
+namespace {
+
+// The line of fifths that double accidentals reach: F double flat to B double sharp.
+constexpr int lowestFifth = -15;
+constexpr int highestFifth = 19;
+
+/// Notes on either side that are listened to.
+constexpr std::ptrdiff_t context = 12;
+
+/// What a step of the line of fifths between two notes costs, near and far.
+constexpr double perFifthOfNeighbour = 0.12;
+constexpr double perFifthOfKey = 0.6;
+
+/// Leading on by a semitone on the same letter, or by more than an augmented step.
+constexpr double chromaticStep = 3;
+
+constexpr int keysPerOctave = 12;
+
+/// The fifth of a key among the twelve from `first` on.
+int fifthFrom(int key, int first)
+{
+    const int fifth = key * 7;
+    return first + ((fifth - first) % keysPerOctave + keysPerOctave) % keysPerOctave;
+}
+
+/// The key's own seven fifths are first to first + 6.
+int firstOfKey(const KeyChange &key)
+{
+    return key.fifths - 1;
+}
+
+/// What the mode adds: the raised sixth and seventh of minor.
+bool isOfMinor(const KeyChange &key, int fifth)
+{
+    const int tonic = key.fifths + 3;
+    return key.isMinor && (fifth == tonic + 5 || fifth == tonic + 3);
+}
+
+class Speller {
+public:
+    explicit Speller(PlayedNotes &notes) : _notes(notes) { }
+
+    void spellByKey(std::size_t index, const KeyChange &key)
+    {
+        // Seven of the key, then the usual ones: three sharps and two flats.
+        constexpr int flats = 2;
+        _notes[index].fifth =
+            static_cast<std::int8_t>(fifthFrom(_notes[index].key, firstOfKey(key) - flats));
+        if (key.isMinor && isOfMinor(key, _notes[index].fifth + keysPerOctave))
+            _notes[index].fifth = static_cast<std::int8_t>(_notes[index].fifth + keysPerOctave);
+    }
+
+    void spellByContext(std::size_t index, const KeyChange &key)
+    {
+        PlayedNote &note = _notes[index];
+        const int own = fifthFrom(note.key, firstOfKey(key));
+        if (own <= firstOfKey(key) + 6)
+            return;
+        const int flat = own - keysPerOctave;
+        note.fifth = static_cast<std::int8_t>(
+            costOf(index, own, key) <= costOf(index, flat, key) ? own : flat);
+    }
+
+private:
+    double costOf(std::size_t index, int fifth, const KeyChange &key) const
+    {
+        if (fifth < lowestFifth || fifth > highestFifth)
+            return 1e9;
+        const PlayedNote &note = _notes[index];
+        const int middle = firstOfKey(key) + 3;
+        double cost = perFifthOfKey * std::abs(fifth - middle);
+        if (isOfMinor(key, fifth))
+            cost -= 2 * perFifthOfKey;
+        const auto size = static_cast<std::ptrdiff_t>(_notes.size());
+        const auto at = static_cast<std::ptrdiff_t>(index);
+        for (std::ptrdiff_t i = std::max<std::ptrdiff_t>(0, at - context);
+             i < std::min(size, at + context + 1); ++i) {
+            const PlayedNote &other = _notes[static_cast<std::size_t>(i)];
+            if ((other.key - note.key) % keysPerOctave != 0)
+                cost += perFifthOfNeighbour * std::abs(fifth - other.fifth);
+        }
+        if (const PlayedNote *next = nextOfVoice(index); next != nullptr) {
+            const int semitones = std::abs(next->key - note.key);
+            // A step of a semitone has five fifths, the alteration of a letter seven.
+            if (semitones == 1 && std::abs(next->fifth - fifth) == 7)
+                cost += chromaticStep;
+            if (semitones == 2 && std::abs(next->fifth - fifth) > 2)
+                cost += chromaticStep / 2;
+        }
+        return cost;
+    }
+
+    const PlayedNote *nextOfVoice(std::size_t index) const
+    {
+        const PlayedNote &note = _notes[index];
+        const std::size_t end = std::min(_notes.size(), index + 2 * context);
+        const PlayedNote *nearest = nullptr;
+        for (std::size_t i = index + 1; i < end; ++i) {
+            const PlayedNote &next = _notes[i];
+            if (next.start <= note.start || next.voice != note.voice)
+                continue;
+            if (nearest != nullptr && next.start > nearest->start)
+                break;
+            if (nearest == nullptr
+                || std::abs(next.key - note.key) < std::abs(nearest->key - note.key))
+                nearest = &next;
+        }
+        return nearest;
+    }
+
+    PlayedNotes &_notes;
+};
+
+} // namespace
+
+void spell(PlayedNotes &notes, const std::vector<KeyChange> &keys)
+{
+    Speller speller(notes);
+    const auto forEach = [&](auto act) {
+        KeyChange key;
+        auto next = keys.begin();
+        for (std::size_t i = 0; i < notes.size(); ++i) {
+            for (; next != keys.end() && next->time <= notes[i].start; ++next)
+                key = *next;
+            act(i, key);
+        }
+    };
+    forEach([&](std::size_t i, const KeyChange &key) { speller.spellByKey(i, key); });
+    for (int pass = 0; pass < 2; ++pass)
+        forEach([&](std::size_t i, const KeyChange &key) { speller.spellByContext(i, key); });
+}
+
+PitchClass spellingOfFifth(int fifth) noexcept
+{
+    // F C G D A E B by their steps above C.
+    constexpr std::array<int, 7> letters = {3, 0, 4, 1, 5, 2, 6};
+    const int place = std::clamp(fifth, lowestFifth, highestFifth) - lowestFifth;
+    return PitchClass(static_cast<NoteName::Value>(letters[static_cast<std::size_t>(place % 7)]),
+                      static_cast<NoteAccidental::Value>(place / 7));
+}
+
+} // namespace zarn::io

@@ -1,0 +1,356 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/midi/RhythmQuantizer.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace zarn::io {
+
+namespace {
+
+/// What changing the family of divisions from one beat to the next costs.
+constexpr double priceOfChange = 0.8;
+
+/// The median of a normal distribution's distances is this part of its deviation.
+constexpr double medianOfNormal = 0.6745;
+
+/// Deviation of times that were written, in ticks: they are rounded.
+constexpr double deviationOfTicks = 0.7;
+
+double median(std::vector<double> &values)
+{
+    if (values.empty())
+        return 0;
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+/// Distance of a time to the nearest 16th or triplet.
+double distanceToGrid(MidiTime time)
+{
+    MidiTime nearest = midiQuarter;
+    for (const MidiTime step : {midiQuarter / 4, midiQuarter / 3, midiQuarter / 6}) {
+        const MidiTime rest = time % step;
+        nearest = std::min({nearest, rest, step - rest});
+    }
+    return static_cast<double>(nearest);
+}
+
+} // namespace
+
+PlayingAccuracy measureAccuracy(const std::vector<PlayedNotes *> &parts,
+                                const std::vector<TempoChange> &tempos, double tick)
+{
+    constexpr std::size_t enough = 20000;
+    constexpr double leastDeviation = 0.004;
+    constexpr double mostDeviation = 0.04;
+    std::size_t total = 0;
+    for (const PlayedNotes *notes : parts)
+        total += notes->size();
+    const std::size_t each = total / enough + 1;
+    std::vector<double> distances;
+    std::vector<double> seconds;
+    for (const PlayedNotes *notes : parts) {
+        TempoLine tempo(tempos);
+        for (std::size_t i = 0; i < notes->size(); i += each) {
+            const MidiTime time = (*notes)[i].playedStart;
+            distances.push_back(distanceToGrid(time));
+            seconds.push_back(distances.back() / midiQuarter * tempo.quarterSecondsAt(time));
+        }
+    }
+    PlayingAccuracy accuracy;
+    accuracy.tick = tick;
+    accuracy.isPlayed = median(distances) > tick;
+    accuracy.deviationSeconds =
+        std::clamp(median(seconds) / medianOfNormal * 1.1, leastDeviation, mostDeviation);
+    return accuracy;
+}
+
+RhythmQuantizer::RhythmQuantizer(const MeterLine &bars, const std::vector<TempoChange> &tempos,
+                                 const PlayingAccuracy &accuracy, const GridChoice &choice)
+    : _accuracy(accuracy)
+{
+    TempoLine tempo(tempos);
+    for (const MeterBar &bar : bars.bars()) {
+        MidiTime at = bar.start;
+        for (const MidiTime length : beatsOf(bar)) {
+            auto &grids = _grids[length];
+            if (grids.empty())
+                grids = beatGrids(length, choice);
+            const double still = deviationOfTicks * std::max(accuracy.tick, 1.0);
+            const double played =
+                accuracy.deviationSeconds / tempo.quarterSecondsAt(at) * midiQuarter;
+            _beats.push_back({at, length, &grids, accuracy.isPlayed ? played : still});
+            at += length;
+        }
+    }
+    _chosen.assign(_beats.size(), nullptr);
+}
+
+std::size_t RhythmQuantizer::beatAt(MidiTime time) const noexcept
+{
+    const auto next =
+        std::upper_bound(_beats.begin(), _beats.end(), time,
+                         [](MidiTime at, const BeatPlace &beat) { return at < beat.start; });
+    return next == _beats.begin() ? 0 : static_cast<std::size_t>(next - _beats.begin()) - 1;
+}
+
+/// What hands strike together gets one onset.
+void RhythmQuantizer::joinChords(PlayedNotes &notes) const
+{
+    constexpr double widestGap = 1.5;
+    constexpr double widestChord = 4.5;
+    for (std::size_t first = 0; first < notes.size();) {
+        const double deviation =
+            _accuracy.isPlayed ? _beats[beatAt(notes[first].playedStart)].deviation : 0;
+        std::array<bool, 128> keys = {};
+        keys[notes[first].key] = true;
+        MidiTime sum = notes[first].playedStart;
+        std::size_t last = first + 1;
+        for (; last < notes.size(); ++last) {
+            const MidiTime time = notes[last].playedStart;
+            const auto gap = static_cast<double>(time - notes[last - 1].playedStart);
+            const auto width = static_cast<double>(time - notes[first].playedStart);
+            if (gap > widestGap * deviation || width > widestChord * deviation
+                || keys[notes[last].key])
+                break;
+            keys[notes[last].key] = true;
+            sum += time;
+        }
+        const MidiTime mean = sum / static_cast<MidiTime>(last - first);
+        for (; first < last; ++first)
+            notes[first].start = mean;
+    }
+}
+
+void RhythmQuantizer::setStarts(PlayedNotes &notes)
+{
+    // The best way so far to reach each family, with the grids chosen on it.
+    struct Step {
+        std::size_t beat;
+        std::array<const BeatGrid *, BeatGrid::familyCount> grids;
+        std::array<std::uint8_t, BeatGrid::familyCount> before;
+    };
+    constexpr double never = 1e18;
+    std::vector<Step> steps;
+    std::array<double, BeatGrid::familyCount> costs;
+    costs.fill(never);
+    costs[BeatGrid::Plain] = 0;
+
+    std::size_t beat = 0;
+    for (std::size_t first = 0; first < notes.size();) {
+        while (beat + 1 < _beats.size() && _beats[beat + 1].start <= notes[first].start)
+            ++beat;
+        const BeatPlace &place = _beats[beat];
+        std::size_t last = first;
+        while (last < notes.size()
+               && (notes[last].start < place.start + place.length || beat + 1 == _beats.size()))
+            ++last;
+
+        // Where the music pauses, nothing of the division before is left.
+        if (!steps.empty() && steps.back().beat + 1 < beat) {
+            const auto best = *std::min_element(costs.begin(), costs.end());
+            for (double &cost : costs)
+                cost = std::min(cost, best + priceOfChange);
+        }
+
+        Step step = {beat, {}, {}};
+        std::array<double, BeatGrid::familyCount> fits;
+        fits.fill(never);
+        double best = never;
+        for (const BeatGrid &grid : *place.grids) {
+            if (grid.price > best + priceOfChange)
+                break;
+            double cost = grid.price;
+            for (std::size_t i = first; i < last; ++i)
+                cost += grid.fit(notes[i].start - place.start, place.deviation).cost;
+            best = std::min(best, cost);
+            if (cost < fits[grid.family]) {
+                fits[grid.family] = cost;
+                step.grids[grid.family] = &grid;
+            }
+        }
+        std::array<double, BeatGrid::familyCount> next;
+        for (std::size_t family = 0; family < BeatGrid::familyCount; ++family) {
+            next[family] = never;
+            for (std::size_t before = 0; before < BeatGrid::familyCount; ++before) {
+                const double change =
+                    before == family || family == BeatGrid::Plain ? 0 : priceOfChange;
+                const double cost = costs[before] + fits[family] + change;
+                if (cost < next[family]) {
+                    next[family] = cost;
+                    step.before[family] = static_cast<std::uint8_t>(before);
+                }
+            }
+        }
+        costs = next;
+        steps.push_back(step);
+        first = last;
+    }
+
+    auto family =
+        static_cast<std::size_t>(std::min_element(costs.begin(), costs.end()) - costs.begin());
+    std::fill(_chosen.begin(), _chosen.end(), nullptr);
+    for (auto step = steps.rbegin(); step != steps.rend(); ++step) {
+        _chosen[step->beat] = step->grids[family];
+        family = step->before[family];
+    }
+    beat = 0;
+    for (PlayedNote &note : notes) {
+        while (beat + 1 < _beats.size() && _beats[beat + 1].start <= note.start)
+            ++beat;
+        const BeatPlace &place = _beats[beat];
+        note.start = place.start + _chosen[beat]->fit(note.start - place.start, place.deviation).at;
+    }
+}
+
+/// How far ends usually are from the next onset and from the simple places.
+double RhythmQuantizer::looseness(const PlayedNotes &notes) const
+{
+    constexpr std::size_t enough = 5000;
+    const std::size_t each = notes.size() / enough + 1;
+    std::vector<double> distances;
+    for (std::size_t i = 0; i < notes.size(); i += each) {
+        const MidiTime end = notes[i].playedEnd;
+        double nearest = distanceToGrid(end);
+        const auto next = std::lower_bound(_heard.begin(), _heard.end(), end);
+        if (next != _heard.end())
+            nearest = std::min(nearest, static_cast<double>(*next - end));
+        if (next != _heard.begin())
+            nearest = std::min(nearest, static_cast<double>(end - next[-1]));
+        distances.push_back(nearest);
+    }
+    return median(distances);
+}
+
+MidiTime RhythmQuantizer::endFor(MidiTime start, MidiTime playedEnd, const PlayedNotes &notes,
+                                 double looseness) const
+{
+    // Ends that are cut a little short are usual, also in files that are written.
+    const std::size_t beat = beatAt(playedEnd);
+    const BeatPlace &place = _beats[beat];
+    const double deviation =
+        std::max(place.deviation, _accuracy.isPlayed ? looseness : 2 * _accuracy.tick);
+    MidiTime best = 0;
+    double bestCost = 1e18;
+    const auto take = [&](MidiTime end, double cost) {
+        if (end > start && cost < bestCost) {
+            best = end;
+            bestCost = cost;
+        }
+    };
+    const auto costOf = [&](MidiTime end) {
+        const double off = static_cast<double>(end - playedEnd) / deviation;
+        return std::min(off * off / 2, BeatGrid::mostForTime);
+    };
+
+    // The onsets around it, by when they were played.
+    const auto next = std::lower_bound(_heard.begin(), _heard.end(), playedEnd);
+    const auto startOf = [&](std::vector<MidiTime>::const_iterator heard) {
+        const auto index = static_cast<std::size_t>(heard - _heard.begin());
+        return notes[index].start;
+    };
+    if (next != _heard.end())
+        take(startOf(next), costOf(startOf(next)));
+    if (next != _heard.begin())
+        take(startOf(next - 1), costOf(startOf(next - 1)));
+    if (bestCost < 1)
+        return best;
+
+    constexpr double priceOfOtherFamily = 3;
+    const BeatGrid *const chosen = _chosen[beat];
+    for (const BeatGrid &grid : *place.grids) {
+        const double price = 0.5 + grid.price / 2
+            + (chosen != nullptr && chosen->places.size() > 2 && grid.family != chosen->family
+                       && chosen->family != BeatGrid::Mixed
+                   ? priceOfOtherFamily
+                   : 0);
+        if (price > bestCost)
+            continue;
+        const auto fit = grid.fit(playedEnd - place.start, deviation);
+        take(place.start + fit.at, fit.cost + price);
+    }
+    if (best > start)
+        return best;
+    // Too short to be seen on any grid: up to the next place in the beat where it begins.
+    const BeatPlace &own = _beats[beatAt(start)];
+    const BeatGrid *const grid = _chosen[beatAt(start)];
+    if (grid != nullptr)
+        for (const auto &candidate : grid->places)
+            if (own.start + candidate.at > start)
+                return std::min(own.start + candidate.at, start + midiQuarter / 4);
+    return start + midiQuarter / 4;
+}
+
+void RhythmQuantizer::setEnds(PlayedNotes &notes) const
+{
+    const double loose = looseness(notes);
+    constexpr double sameEnd = 2;
+    for (std::size_t first = 0; first < notes.size();) {
+        std::size_t last = first + 1;
+        while (last < notes.size() && notes[last].start == notes[first].start)
+            ++last;
+        // Notes of a chord that end together, but for how exactly it was played.
+        std::sort(notes.begin() + static_cast<std::ptrdiff_t>(first),
+                  notes.begin() + static_cast<std::ptrdiff_t>(last),
+                  [](const PlayedNote &left, const PlayedNote &right) {
+                      return left.playedEnd != right.playedEnd ? left.playedEnd < right.playedEnd
+                                                               : left.key < right.key;
+                  });
+        while (first < last) {
+            const double deviation =
+                std::max(_beats[beatAt(notes[first].playedEnd)].deviation, loose);
+            MidiTime sum = notes[first].playedEnd;
+            std::size_t next = first + 1;
+            for (; next < last && _accuracy.isPlayed
+                 && static_cast<double>(notes[next].playedEnd - notes[next - 1].playedEnd)
+                     < sameEnd * deviation;
+                 ++next)
+                sum += notes[next].playedEnd;
+            const MidiTime end =
+                endFor(notes[first].start, sum / static_cast<MidiTime>(next - first), notes, loose);
+            for (; first < next; ++first)
+                notes[first].end = end;
+        }
+    }
+}
+
+void RhythmQuantizer::quantize(PlayedNotes &notes)
+{
+    if (notes.empty())
+        return;
+    joinChords(notes);
+    _heard.clear();
+    for (const PlayedNote &note : notes)
+        _heard.push_back(note.start);
+    setStarts(notes);
+    setEnds(notes);
+    std::stable_sort(
+        notes.begin(), notes.end(),
+        [](const PlayedNote &left, const PlayedNote &right) { return left.start < right.start; });
+}
+
+void RhythmQuantizer::quantizeDrums(PlayedNotes &notes)
+{
+    if (notes.empty())
+        return;
+    joinChords(notes);
+    setStarts(notes);
+    std::stable_sort(
+        notes.begin(), notes.end(),
+        [](const PlayedNote &left, const PlayedNote &right) { return left.start < right.start; });
+    MidiTime next = 0;
+    for (std::size_t i = notes.size(); i-- > 0;) {
+        if (i + 1 < notes.size() && notes[i + 1].start > notes[i].start)
+            next = notes[i + 1].start;
+        const BeatPlace &beat = _beats[beatAt(notes[i].start)];
+        const MidiTime endOfBeat = beat.start + beat.length;
+        notes[i].end = next > notes[i].start ? std::min(next, endOfBeat) : endOfBeat;
+        if (notes[i].end <= notes[i].start)
+            notes[i].end = notes[i].start + midiQuarter;
+    }
+}
+
+} // namespace zarn::io

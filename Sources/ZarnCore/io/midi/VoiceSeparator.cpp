@@ -1,0 +1,246 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/midi/VoiceSeparator.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdlib>
+#include <vector>
+
+namespace zarn::io {
+
+namespace {
+
+constexpr std::size_t voiceCount = 4;
+
+// What continuations cost.
+constexpr double perSemitone = 0.1;
+constexpr double perGap = 1.5; ///< a voice that paused goes on
+constexpr double perQuarterOfGap = 0.4;
+constexpr double perNewVoice = 6;
+constexpr double perCrossing = 8;
+constexpr double perVoiceNumber = 0.4; ///< lines alone are the first voice
+constexpr double longestGap = 8;       ///< quarters after which a voice is forgotten
+
+/// Notes that begin and end together.
+struct Chord {
+    MidiTime start;
+    MidiTime end;
+    std::size_t first; ///< in the notes
+    std::size_t last;  ///< behind them
+    double pitch;      ///< in the middle
+    std::uint8_t voice = 0;
+};
+
+/// What a voice did last.
+struct Line {
+    bool isUsed = false;
+    MidiTime end = 0;
+    double pitch = 0;
+    std::size_t chord = 0;
+};
+
+class Separation {
+public:
+    explicit Separation(PlayedNotes &notes) : _notes(notes) { }
+
+    VoiceLosses separate(const MeterLine &bars)
+    {
+        findChords();
+        for (std::size_t first = 0; first < _chords.size();) {
+            std::size_t last = first + 1;
+            while (last < _chords.size() && _chords[last].start == _chords[first].start)
+                ++last;
+            place(first, last);
+            first = last;
+        }
+        unifyBars(bars);
+        for (const Chord &chord : _chords)
+            for (std::size_t i = chord.first; i < chord.last; ++i) {
+                _notes[i].voice = chord.voice;
+                _notes[i].end = chord.end;
+            }
+        return _losses;
+    }
+
+private:
+    /// Notes that begin together end at four different times at most: of more, those nearest to
+    /// each other become one.
+    void joinEnds(std::size_t first, std::size_t last)
+    {
+        std::vector<MidiTime> ends;
+        for (std::size_t i = first; i < last; ++i)
+            if (ends.empty() || ends.back() != _notes[i].end)
+                ends.push_back(_notes[i].end);
+        while (ends.size() > voiceCount) {
+            std::size_t nearest = 1;
+            for (std::size_t i = 1; i < ends.size(); ++i)
+                if (ends[i] - ends[i - 1] < ends[nearest] - ends[nearest - 1])
+                    nearest = i;
+            for (std::size_t i = first; i < last; ++i)
+                if (_notes[i].end == ends[nearest]) {
+                    _notes[i].end = ends[nearest - 1];
+                    count(_notes[i].start);
+                }
+            ends.erase(ends.begin() + static_cast<std::ptrdiff_t>(nearest));
+        }
+    }
+
+    void findChords()
+    {
+        std::stable_sort(
+            _notes.begin(), _notes.end(), [](const PlayedNote &left, const PlayedNote &right) {
+                if (left.start != right.start)
+                    return left.start < right.start;
+                return left.end != right.end ? left.end < right.end : left.key > right.key;
+            });
+        for (std::size_t first = 0; first < _notes.size();) {
+            std::size_t last = first + 1;
+            while (last < _notes.size() && _notes[last].start == _notes[first].start)
+                ++last;
+            joinEnds(first, last);
+            first = last;
+        }
+        for (std::size_t first = 0; first < _notes.size();) {
+            std::size_t last = first;
+            double sum = 0;
+            for (; last < _notes.size() && _notes[last].start == _notes[first].start
+                 && _notes[last].end == _notes[first].end;
+                 ++last)
+                sum += _notes[last].key;
+            _chords.push_back({_notes[first].start, _notes[first].end, first, last,
+                               sum / static_cast<double>(last - first)});
+            first = last;
+        }
+    }
+
+    /// Chords that begin together, at most as many as there are voices.
+    void place(std::size_t first, std::size_t last)
+    {
+        std::sort(_chords.begin() + static_cast<std::ptrdiff_t>(first),
+                  _chords.begin() + static_cast<std::ptrdiff_t>(last),
+                  [](const Chord &left, const Chord &right) { return left.pitch > right.pitch; });
+        makeRoom(_chords[first].start, last - first);
+
+        _best = 1e18;
+        _order.fill(0);
+        choose(first, last, first, 0, 0);
+        for (std::size_t i = first; i < last; ++i) {
+            Chord &chord = _chords[i];
+            chord.voice = static_cast<std::uint8_t>(_bestOrder[i - first]);
+            _lines[chord.voice] = {true, chord.end, chord.pitch, i};
+        }
+    }
+
+    void count(MidiTime time)
+    {
+        if (_losses.shortened++ == 0)
+            _losses.first = time;
+    }
+
+    /// Ends as many lines as are needed for new ones, those that would end first.
+    void makeRoom(MidiTime time, std::size_t needed)
+    {
+        for (;;) {
+            std::size_t free = 0;
+            Line *soonest = nullptr;
+            for (Line &line : _lines) {
+                if (!line.isUsed || line.end <= time)
+                    ++free;
+                else if (soonest == nullptr || line.end < soonest->end)
+                    soonest = &line;
+            }
+            if (free >= needed)
+                return;
+            count(time);
+            soonest->end = time;
+            _chords[soonest->chord].end = time;
+        }
+    }
+
+    double costOf(const Chord &chord, std::size_t voice) const
+    {
+        const Line &line = _lines[voice];
+        const double gap = static_cast<double>(chord.start - line.end) / midiQuarter;
+        double cost = perVoiceNumber * static_cast<double>(voice);
+        if (!line.isUsed || gap > longestGap)
+            return cost + (voice == 0 ? 0 : perNewVoice);
+        if (gap > 0)
+            cost += perGap + perQuarterOfGap * gap;
+        return cost + perSemitone * std::abs(chord.pitch - line.pitch);
+    }
+
+    /// Lines that sound on lie above or below.
+    double crossingsOf(const Chord &chord, std::size_t voice) const
+    {
+        double cost = 0;
+        for (std::size_t other = 0; other < voiceCount; ++other) {
+            const Line &line = _lines[other];
+            if (!line.isUsed || line.end <= chord.start || other == voice)
+                continue;
+            if ((other < voice) != (line.pitch >= chord.pitch))
+                cost += perCrossing;
+        }
+        return cost;
+    }
+
+    /// All ways to give the chords from `chord` on to free voices, in the order of their pitch.
+    void choose(std::size_t first, std::size_t last, std::size_t chord, std::size_t from,
+                double cost)
+    {
+        if (cost >= _best)
+            return;
+        if (chord == last) {
+            _best = cost;
+            _bestOrder = _order;
+            return;
+        }
+        const Chord &next = _chords[chord];
+        for (std::size_t voice = from; voice < voiceCount; ++voice) {
+            if (_lines[voice].isUsed && _lines[voice].end > next.start)
+                continue;
+            _order[chord - first] = voice;
+            choose(first, last, chord + 1, voice + 1,
+                   cost + costOf(next, voice) + crossingsOf(next, voice));
+        }
+    }
+
+    /// Bars in which nothing sounds at once are one voice.
+    void unifyBars(const MeterLine &bars)
+    {
+        std::size_t first = 0;
+        MidiTime heldUntil = 0;
+        for (const MeterBar &bar : bars.bars()) {
+            std::size_t last = first;
+            MidiTime end = heldUntil;
+            bool isOneLine = heldUntil <= bar.start;
+            for (; last < _chords.size() && _chords[last].start < bar.end(); ++last) {
+                isOneLine =
+                    isOneLine && _chords[last].start >= end && _chords[last].end <= bar.end();
+                end = std::max(end, _chords[last].end);
+            }
+            if (isOneLine)
+                for (std::size_t i = first; i < last; ++i)
+                    _chords[i].voice = 0;
+            first = last;
+            heldUntil = end;
+        }
+    }
+
+    PlayedNotes &_notes;
+    std::vector<Chord> _chords;
+    std::array<Line, voiceCount> _lines;
+    std::array<std::size_t, voiceCount> _order = {};
+    std::array<std::size_t, voiceCount> _bestOrder = {};
+    double _best = 0;
+    VoiceLosses _losses;
+};
+
+} // namespace
+
+VoiceLosses separateVoices(PlayedNotes &notes, const MeterLine &bars)
+{
+    return Separation(notes).separate(bars);
+}
+
+} // namespace zarn::io
