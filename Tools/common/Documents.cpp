@@ -152,7 +152,8 @@ std::string withPath(const std::string &path, const std::string &reason)
 
 } // namespace
 
-OpenedDocument openDocument(const std::string &path, const Terminal &terminal)
+OpenedDocument openDocument(const std::string &path, const Terminal &terminal,
+                            const io::MidiImportOptions &midiOptions)
 {
     Place place(path);
     if (place.isStandardStream())
@@ -172,7 +173,9 @@ OpenedDocument openDocument(const std::string &path, const Terminal &terminal)
     document.format = importer->description().toStdString();
     const Progress progress(terminal, "reading " + name);
     try {
-        document.model = importer->read(*handle, document.report);
+        const io::MidiImporter midiImporter(midiOptions);
+        const bool isMidi = importer->description() == midiImporter.description();
+        document.model = (isMidi ? &midiImporter : importer)->read(*handle, document.report);
     } catch (const CoreException &problem) {
         throw Failure(name + ": " + withoutPath(path, problem.message()));
     }

@@ -3,6 +3,7 @@
 
 #include <ZarnCore/io/ZarnExportReport.h>
 #include <ZarnCore/io/ZarnImportReport.h>
+#include <ZarnCore/io/ZarnMidiImporter.h>
 
 #include <memory>
 #include <string>
@@ -39,8 +40,9 @@ std::string nameOfPath(const std::string &path, Direction direction);
 OpenedDocument newDocument();
 
 /// Reads a document of any known format; the content decides which it is. Raises `Failure` or the
-/// importer's exception, the message beginning with the path.
-OpenedDocument openDocument(const std::string &path, const Terminal &terminal);
+/// importer's exception, the message beginning with the path. The options are for MIDI files.
+OpenedDocument openDocument(const std::string &path, const Terminal &terminal,
+                            const io::MidiImportOptions &midiOptions = {});
 
 /// Writes a document in the format of the path's suffix, to standard output as a native one; the
 /// old file stays whole until the new one is complete. Returns what the format could not hold.

@@ -3,6 +3,7 @@
 
 #include "common/Documents.h"
 #include "common/Failure.h"
+#include "common/MidiOptions.h"
 #include "common/Problems.h"
 #include "common/Terminal.h"
 
@@ -32,13 +33,21 @@ int runConvert(const Arguments &arguments, const Terminal &terminal)
         throw UsageError{QStringLiteral("--rhythm is for texts, .tab and .txt")};
     if (isSameFile(arguments.operands().at(0), arguments.operands().at(1)))
         throw Failure(to + ": is the file to read; give the new one another name");
-    const OpenedDocument document = openDocument(from, terminal);
+    const OpenedDocument document = openDocument(from, terminal, chosenMidiOptions(arguments));
     const io::ExportReport losses = hasRhythm
         ? saveDocument(*document.model, to, terminal, withRhythm)
         : saveDocument(*document.model, to, terminal);
     warnOfProblems(document);
     warnOfLosses(losses, to);
     return Done;
+}
+
+std::vector<Option> optionsOfConvert()
+{
+    std::vector<Option> all = midiOptions();
+    all.push_back({QStringLiteral("rhythm"), QStringLiteral("r"), QString(),
+                   QStringLiteral("Write the rhythm over the strings of .tab and .txt, too.")});
+    return all;
 }
 
 } // namespace
@@ -52,14 +61,14 @@ Subcommand convertCommand()
         2,
         QStringLiteral("Writes a score in another format, by the suffix of OUT."),
         QStringLiteral(
-            "Reads MusicXML (.musicxml, .xml, .mxl) and native documents (.zarn), by\n"
-            "their content. Writes %1. A file that is there already is replaced, once\n"
-            "the new one is complete. What the score or the format of OUT cannot hold is\n"
-            "named on standard error; \"zarn info IN\" lists what the score lacks. - stands\n"
-            "for standard input and, as a native document, for standard output.")
+            "Reads MusicXML (.musicxml, .xml, .mxl), MIDI files (.mid, .midi, .kar) and native\n"
+            "documents (.zarn), by their content. Writes %1. A file that is there already is "
+            "replaced, once\n"
+            "the new one is complete. What the score cannot hold is named on standard\n"
+            "error; \"zarn info IN\" tells it in full. - stands for standard input and, as a\n"
+            "native document, for standard output.")
             .arg(QString::fromStdString(writableSuffixes())),
-        {{QStringLiteral("rhythm"), QStringLiteral("r"), QString(),
-          QStringLiteral("Write the rhythm over the strings of .tab and .txt, too.")}},
+        optionsOfConvert(),
         runConvert,
     };
 }

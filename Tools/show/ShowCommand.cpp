@@ -3,6 +3,7 @@
 
 #include "common/Documents.h"
 #include "common/Failure.h"
+#include "common/MidiOptions.h"
 #include "common/Terminal.h"
 #include "show/ScoreDiagrams.h"
 
@@ -43,7 +44,8 @@ void readBars(const Arguments &arguments, unsigned barCount, ShownPart &part)
 
 int runShow(const Arguments &arguments, const Terminal &terminal)
 {
-    const OpenedDocument document = openDocument(arguments.operand(0), terminal);
+    const OpenedDocument document =
+        openDocument(arguments.operand(0), terminal, chosenMidiOptions(arguments));
     const ScoreModel &model = *document.model;
     ShownPart part;
     if (arguments.has(QStringLiteral("track")))
@@ -87,18 +89,19 @@ Subcommand showCommand()
             "what is sung to them stands around, over and under them, and the signs in use are\n"
             "explained below the music. Bars are counted from 1 and line up in all tracks. - as\n"
             "FILE is standard input."),
-        {{QStringLiteral("track"), QStringLiteral("t"), QStringLiteral("N"),
-          QStringLiteral("Show one track, counted from 1.")},
-         {QStringLiteral("voice"), QStringLiteral("v"), QStringLiteral("N"),
-          QStringLiteral("Show one voice of each staff, counted from 1.")},
-         {QStringLiteral("bars"), QStringLiteral("b"), QStringLiteral("A-B"),
-          QStringLiteral("Show bars A to B, or one bar, as far as the score goes.")},
-         {QStringLiteral("width"), QStringLiteral("w"), QStringLiteral("N"),
-          QStringLiteral("Break lines at N columns instead of the terminal's width.")},
-         {QStringLiteral("diagrams"), QStringLiteral("d"), QString(),
-          QStringLiteral("Draw the chords of fretted tracks below the music.")},
-         {QStringLiteral("ascii"), QString(), QString(),
-          QStringLiteral("Use plain ASCII characters.")}},
+        withMidiOptions(
+            {{QStringLiteral("track"), QStringLiteral("t"), QStringLiteral("N"),
+              QStringLiteral("Show one track, counted from 1.")},
+             {QStringLiteral("voice"), QStringLiteral("v"), QStringLiteral("N"),
+              QStringLiteral("Show one voice of each staff, counted from 1.")},
+             {QStringLiteral("bars"), QStringLiteral("b"), QStringLiteral("A-B"),
+              QStringLiteral("Show bars A to B, or one bar, as far as the score goes.")},
+             {QStringLiteral("width"), QStringLiteral("w"), QStringLiteral("N"),
+              QStringLiteral("Break lines at N columns instead of the terminal's width.")},
+             {QStringLiteral("diagrams"), QStringLiteral("d"), QString(),
+              QStringLiteral("Draw the chords of fretted tracks below the music.")},
+             {QStringLiteral("ascii"), QString(), QString(),
+              QStringLiteral("Use plain ASCII characters.")}}),
         runShow,
     };
 }

@@ -6,6 +6,7 @@
 #include <ZarnCore/io/midi/MasterBarWriter.h>
 #include <ZarnCore/io/midi/MidiMusicReader.h>
 #include <ZarnCore/io/midi/MidiOddities.h>
+#include <ZarnCore/io/midi/OrnamentFinder.h>
 #include <ZarnCore/io/midi/PickupFinder.h>
 #include <ZarnCore/io/midi/RhythmQuantizer.h>
 #include <ZarnCore/io/midi/TrackWriter.h>
@@ -61,6 +62,7 @@ private:
     MidiTime pickup() const;
     void dropNotesBehind(const MeterLine &bars);
     void quantize(const MeterLine &bars);
+    static void addGraces(const PlayedNotes &graces, PlayedNotes &notes);
     void tellMoved(const MidiPart &part, const PlayedNotes &notes);
     void dropDoubles(MidiPart &part, PlayedNotes &notes);
 
@@ -148,6 +150,11 @@ void ScoreReader::quantize(const MeterLine &bars)
     choice.hasTuplets = _options.hasTuplets;
     if (_options.shortestNote)
         choice.shortest = (*_options.shortestNote * utils::rational(midiQuarter)).round();
+    if (!accuracy.isPlayed)
+        for (MidiPart &part : _music.parts)
+            for (PlayedNotes &notes : part.staves)
+                if (!part.isDrums)
+                    findOrnaments(notes, _music.tempos, _music.tick);
     RhythmQuantizer quantizer(bars, _music.tempos, accuracy, choice);
     const MidiTime end = bars.bars().back().end();
     for (MidiPart &part : _music.parts)
@@ -161,11 +168,39 @@ void ScoreReader::quantize(const MeterLine &bars)
                 note.end = std::min(note.end, end);
             }
             tellMoved(part, notes);
+            // Grace notes take no time and go with the notes that they lead to.
+            PlayedNotes graces;
+            const auto firstGrace = std::stable_partition(
+                notes.begin(), notes.end(), [](const PlayedNote &note) { return !note.isGrace; });
+            graces.assign(firstGrace, notes.end());
+            notes.erase(firstGrace, notes.end());
             dropDoubles(part, notes);
             const auto losses = separateVoices(notes, bars);
             for (std::size_t i = 0; i < losses.shortened; ++i)
                 _oddities.add("a note was made shorter: a staff has four voices", part.midiTrack);
+            addGraces(graces, notes);
         }
+}
+
+/// Puts grace notes in front of the nearest notes that begin with them, in their voice.
+void ScoreReader::addGraces(const PlayedNotes &graces, PlayedNotes &notes)
+{
+    PlayedNotes all;
+    all.reserve(graces.size() + notes.size());
+    auto grace = graces.begin();
+    for (std::size_t i = 0; i < notes.size(); ++i) {
+        for (; grace != graces.end() && grace->start <= notes[i].start; ++grace) {
+            const PlayedNote *main = &notes[i];
+            for (std::size_t k = i; k < notes.size() && notes[k].start == notes[i].start; ++k)
+                if (std::abs(notes[k].key - grace->key) < std::abs(main->key - grace->key))
+                    main = &notes[k];
+            all.push_back(*grace);
+            all.back().start = all.back().end = main->start;
+            all.back().voice = main->voice;
+        }
+        all.push_back(notes[i]);
+    }
+    notes = std::move(all);
 }
 
 void ScoreReader::tellMoved(const MidiPart &part, const PlayedNotes &notes)

@@ -18,6 +18,9 @@ inline utils::rational inQuarterNotes(MidiTime time)
     return {time, midiQuarter};
 }
 
+/// How the notes of a chord follow each other.
+enum class Roll : std::uint8_t { None, Up, Down };
+
 /// A note of a MIDI file: when it was played, and where it is to be written.
 struct PlayedNote {
     MidiTime playedStart = 0;
@@ -29,7 +32,9 @@ struct PlayedNote {
     std::uint8_t channel = 0;
     std::uint8_t voice = 0;
     std::int8_t string = -1; ///< 0 the lowest
-    std::int8_t fifth = 0;   ///< how it is spelled, on the line of fifths from C
+    Roll roll = Roll::None;
+    bool isGrace = false;  ///< is written in front of the note that begins at its time
+    std::int8_t fifth = 0; ///< how it is spelled, on the line of fifths from C
 };
 
 using PlayedNotes = std::vector<PlayedNote>;

@@ -18,6 +18,9 @@ constexpr double medianOfNormal = 0.6745;
 /// Deviation of times that were written, in ticks: they are rounded.
 constexpr double deviationOfTicks = 0.7;
 
+/// What a gap behind a note costs at most that is short against the note.
+constexpr double mostForGap = 4.9;
+
 double median(std::vector<double> &values)
 {
     if (values.empty())
@@ -134,6 +137,7 @@ void RhythmQuantizer::setStarts(PlayedNotes &notes)
         std::array<std::uint8_t, BeatGrid::familyCount> before;
     };
     constexpr double never = 1e18;
+    constexpr auto noBeat = static_cast<std::size_t>(-1);
     std::vector<Step> steps;
     std::array<double, BeatGrid::familyCount> costs;
     costs.fill(never);
@@ -149,11 +153,18 @@ void RhythmQuantizer::setStarts(PlayedNotes &notes)
                && (notes[last].start < place.start + place.length || beat + 1 == _beats.size()))
             ++last;
 
-        // Where the music pauses, nothing of the division before is left.
+        // Where the music pauses, little is left of the division before.
         if (!steps.empty() && steps.back().beat + 1 < beat) {
-            const auto best = *std::min_element(costs.begin(), costs.end());
-            for (double &cost : costs)
-                cost = std::min(cost, best + priceOfChange);
+            const auto best = static_cast<std::size_t>(std::min_element(costs.begin(), costs.end())
+                                                       - costs.begin());
+            Step pause = {noBeat, {}, {}};
+            for (std::size_t family = 0; family < BeatGrid::familyCount; ++family) {
+                const bool isNew = costs[best] + priceOfChange < costs[family];
+                pause.before[family] = static_cast<std::uint8_t>(isNew ? best : family);
+                if (isNew)
+                    costs[family] = costs[best] + priceOfChange;
+            }
+            steps.push_back(pause);
         }
 
         Step step = {beat, {}, {}};
@@ -194,7 +205,8 @@ void RhythmQuantizer::setStarts(PlayedNotes &notes)
         static_cast<std::size_t>(std::min_element(costs.begin(), costs.end()) - costs.begin());
     std::fill(_chosen.begin(), _chosen.end(), nullptr);
     for (auto step = steps.rbegin(); step != steps.rend(); ++step) {
-        _chosen[step->beat] = step->grids[family];
+        if (step->beat != noBeat)
+            _chosen[step->beat] = step->grids[family];
         family = step->before[family];
     }
     beat = 0;
@@ -243,8 +255,13 @@ MidiTime RhythmQuantizer::endFor(MidiTime start, MidiTime playedEnd, const Playe
     };
     const auto costOf = [&](MidiTime end) {
         const double off = static_cast<double>(end - playedEnd) / deviation;
-        return std::min(off * off / 2, BeatGrid::mostForTime);
+        // A note that stops a little before the next one, or before the beat, is held up to it
+        // sooner than that a tuplet or a 32nd would tell how much.
+        const bool isLittle = end > playedEnd && (end - playedEnd) * 3 < end - start;
+        return std::min(off * off / 2, isLittle ? mostForGap : BeatGrid::mostForTime);
     };
+
+    constexpr double priceOfBeat = 0.2;
 
     // The onsets around it, by when they were played.
     const auto next = std::lower_bound(_heard.begin(), _heard.end(), playedEnd);
@@ -258,6 +275,7 @@ MidiTime RhythmQuantizer::endFor(MidiTime start, MidiTime playedEnd, const Playe
         take(startOf(next - 1), costOf(startOf(next - 1)));
     if (bestCost < 1)
         return best;
+    take(place.start + place.length, costOf(place.start + place.length) + priceOfBeat);
 
     constexpr double priceOfOtherFamily = 3;
     const BeatGrid *const chosen = _chosen[beat];

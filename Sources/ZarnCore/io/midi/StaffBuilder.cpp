@@ -27,9 +27,12 @@ Staff::Bars StaffBuilder::build(const PlayedNotes &notes)
             if (chords.empty() || chords.back().start != note.start) {
                 if (!chords.empty())
                     chords.back().end = std::min(chords.back().end, note.start);
-                chords.push_back({note.start, note.end, {}});
+                chords.push_back({note.start, note.end, {}, {}});
             }
-            chords.back().notes.push_back(&note);
+            Chord &chord = chords.back();
+            (note.isGrace ? chord.graces : chord.notes).push_back(&note);
+            if (!note.isGrace)
+                chord.end = note.end;
         }
         auto bar = std::make_shared<Bar>();
         const auto number = static_cast<unsigned>(bars.size());
@@ -87,10 +90,14 @@ std::shared_ptr<Voice> StaffBuilder::writeVoice(const MeterBar &bar, unsigned nu
             beat->setPlaceHolder(voice != 0);
         } else {
             const Chord &chord = chords[stretch.chord];
-            const bool isFirst = i == 0 || values[i - 1].stretch != values[i].stretch;
+            const bool begins =
+                (i == 0 || values[i - 1].stretch != values[i].stretch) && chord.start >= bar.start;
+            if (begins)
+                for (const PlayedNote *grace : chord.graces)
+                    beats.push_back(makeGrace(*grace));
             const bool isLast =
                 i + 1 == values.size() || values[i + 1].stretch != values[i].stretch;
-            const bool isHeldHere = !isFirst || chord.start < bar.start;
+            const bool isHeldHere = !begins;
             addNotes(chord, *beat, isHeldHere, !isLast || chord.end > bar.end());
             if (!isHeldHere && voice == 0)
                 _onsets.push_back({chord.start, number, beat, chord.notes.front()});
@@ -102,11 +109,22 @@ std::shared_ptr<Voice> StaffBuilder::writeVoice(const MeterBar &bar, unsigned nu
     return written;
 }
 
+std::shared_ptr<Beat> StaffBuilder::makeGrace(const PlayedNote &note) const
+{
+    auto beat = std::make_shared<Beat>(RhythmValue(RhythmValue::NoteValue::Eighth));
+    beat->setGraceType(GraceType::BeforeBeat);
+    beat->setSlashedGrace(true);
+    beat->addNote(_makeNote(note));
+    return beat;
+}
+
 void StaffBuilder::addNotes(const Chord &chord, Beat &beat, bool isHeldHere, bool isHeldOn) const
 {
     Beat::Notes notes;
     notes.reserve(chord.notes.size());
     for (const PlayedNote *played : chord.notes) {
+        if (played->roll != Roll::None && !isHeldHere)
+            beat.setArpeggioDirection(played->roll == Roll::Up ? Direction::Up : Direction::Down);
         auto note = _makeNote(*played);
         note->setTied(isHeldHere);
         note->setTieOrigin(isHeldOn);

@@ -41,9 +41,11 @@ private:
         MidiTime start;
         MidiTime end;
         std::vector<const PlayedNote *> notes;
+        std::vector<const PlayedNote *> graces; ///< in front of it
     };
 
     std::shared_ptr<Voice> writeVoice(const MeterBar &bar, unsigned number, unsigned voice);
+    std::shared_ptr<Beat> makeGrace(const PlayedNote &note) const;
     void addNotes(const Chord &chord, Beat &beat, bool isHeldHere, bool isHeldOn) const;
 
     const MeterLine &_line;

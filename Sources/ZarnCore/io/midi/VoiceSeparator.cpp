@@ -17,9 +17,9 @@ constexpr std::size_t voiceCount = 4;
 constexpr double perSemitone = 0.1;
 constexpr double perGap = 1.5; ///< a voice that paused goes on
 constexpr double perQuarterOfGap = 0.4;
-constexpr double perNewVoice = 6;
-constexpr double perCrossing = 8;
-constexpr double perVoiceNumber = 0.4; ///< lines alone are the first voice
+constexpr double perNewVoice = 10;
+constexpr double perCrossing = 3;
+constexpr double perVoiceNumber = 0.8; ///< lines alone are the first voice
 constexpr double longestGap = 8;       ///< quarters after which a voice is forgotten
 
 /// Notes that begin and end together.

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+// Making a score of a MIDI file against a bare parse of its bytes, which keeps an event list and
+// nothing else; and how the time grows with the notes.
+#include "RatioReport.h"
+
+#include <ZarnCore/io/ZarnImportReport.h>
+#include <ZarnCore/io/ZarnMidiImporter.h>
+#include <ZarnCore/io/midi/ZarnMidiFile.h>
+#include <ZarnCore/io/midi/ZarnMidiFileReader.h>
+#include <ZarnCore/io/midi/ZarnMidiFileWriter.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
+#include <filesystem/RAMFileSystem.h>
+
+#include <memory>
+#include <string>
+
+namespace {
+
+constexpr int trackCount = 16;
+constexpr int notesPerBar = 8;
+
+/// Eighths, with a chord of three on each first beat and triplets in every fourth bar.
+std::string song(int notes)
+{
+    zarn::io::MidiFile file;
+    file.tracks.resize(trackCount);
+    for (int number = 0; number < trackCount; ++number) {
+        auto &track = file.tracks[static_cast<std::size_t>(number)];
+        const int channel = number == 9 ? 0 : number;
+        track.addProgram(0, channel, 48 + number);
+        std::uint64_t bar = 0;
+        for (int count = 0; count < notes / trackCount; count += notesPerBar, bar += 1920) {
+            const auto add = [&](std::uint64_t at, std::uint64_t length, int step) {
+                const int key = 48 + (number * 3 + count / notesPerBar * 2 + step * 5) % 30;
+                track.addNoteOn(bar + at, channel, key, 80);
+                track.addNoteOff(bar + at + length - 1, channel, key);
+            };
+            const bool isTriplets = count / notesPerBar % 4 == 3;
+            for (int third = 0; third < 3; ++third)
+                add(isTriplets ? static_cast<std::uint64_t>(third) * 160 : 0,
+                    isTriplets ? 160 : 480, third * 2);
+            for (int eighth = 2; eighth < 7; ++eighth)
+                add(static_cast<std::uint64_t>(eighth) * 240, 240, eighth);
+        }
+        track.sortByTime();
+    }
+    return zarn::io::MidiFileWriter().toBytes(file);
+}
+
+class Song {
+public:
+    explicit Song(int notes) : _bytes(song(notes))
+    {
+        const auto handle = _files.open("song.mid", filesystem::OpenMode::Write);
+        handle->writeBlock(_bytes.data(), static_cast<std::int64_t>(_bytes.size()));
+        handle->close();
+    }
+
+    zarn::io::MidiFile parse() const
+    {
+        zarn::io::ImportReport report;
+        return zarn::io::MidiFileReader().read("song.mid", _bytes, report);
+    }
+
+    std::shared_ptr<zarn::ScoreModel> import()
+    {
+        const auto handle = _files.open("song.mid", filesystem::OpenMode::Read);
+        zarn::io::ImportReport report;
+        return zarn::io::MidiImporter().read(*handle, report);
+    }
+
+private:
+    std::string _bytes;
+    filesystem::RAMFileSystem _files;
+};
+
+void parse(benchmark::State &state, const Song &song)
+{
+    for (auto _ : state) {
+        const bench::IterationTimer timer(state);
+        benchmark::DoNotOptimize(song.parse());
+    }
+}
+
+void import(benchmark::State &state, Song &song)
+{
+    for (auto _ : state) {
+        std::shared_ptr<zarn::ScoreModel> model; // destroyed outside of the time
+        const bench::IterationTimer timer(state);
+        model = song.import();
+        benchmark::DoNotOptimize(model);
+    }
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    Song small(51200);
+    Song large(512000);
+    bench::RatioReport report;
+    report.compare(
+        "512,000 notes imported, against a bare parse", 10,
+        [&](benchmark::State &state) { parse(state, large); },
+        [&](benchmark::State &state) { import(state, large); }, bench::Timing::Manual);
+    report.compare(
+        "512,000 notes against 51,200 (10 is linear)", 11,
+        [&](benchmark::State &state) { import(state, small); },
+        [&](benchmark::State &state) { import(state, large); }, bench::Timing::Manual);
+    return report.run(argc, argv);
+}
