@@ -28,6 +28,7 @@ ROWS = [
     ["fingering"],
     ["events"],
     ["score", "commands"],
+    ["playback"],
     ["io"],
     ["core"],
     ["Tools"],

@@ -216,12 +216,6 @@ private:
 
 } // namespace
 
-bool isUnpitchedNote(const Note &note, const Track &track) noexcept
-{
-    return note.staffLine() != Note::NoStaffLine || note.percussionArticulation() != Note::Unset
-        || (!note.spelling() && InstrumentSet::isUnpitched(track.type()));
-}
-
 ScoreStatistics::ScoreStatistics(const ScoreModel &model, const SourceTally &source)
 {
     const auto &bars = model.masterTrack()->masterBars();

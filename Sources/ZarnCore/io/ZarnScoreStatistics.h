@@ -2,22 +2,19 @@
 #pragma once
 
 #include <ZarnCore/io/ZarnSourceTally.h>
+#include <ZarnCore/model/notes/ZarnUnpitched.h>
 
 #include <QJsonObject>
 
 #include <optional>
 
 namespace zarn {
-class Note;
 class ScoreModel;
-class Track;
 } // namespace zarn
 
 namespace zarn::io {
 
-/// Whether a note is one of percussion: it has a place on the staff instead of a pitch, or no
-/// spelling on a track of unpitched instruments.
-ZARNCORE_EXPORT bool isUnpitchedNote(const Note &note, const Track &track) noexcept;
+using zarn::isUnpitchedNote;
 
 /// Counts of what is written in a score: nothing is unfolded or merged, a tied pair is two notes.
 struct ZARNCORE_EXPORT ScoreStatistics {

@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/playback/PlayedVoice.h>
+
+#include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/form/Swing.h>
+
+#include <numeric>
+
+namespace zarn::playback {
+
+namespace {
+
+/// Where the beats of a bar start that is played with a feel; behind the last, where it ends.
+class SwungOffsets {
+public:
+    explicit SwungOffsets(TripletFeel feel) noexcept : _feel(feel) { }
+
+    void read(const Voice &voice)
+    {
+        _written.assign(1, utils::rational());
+        for (const auto &beat : voice.beats())
+            _written.push_back(_written.back() + beat->length());
+    }
+
+    utils::rational at(std::size_t joint) const
+    {
+        const utils::rational offset = _written[joint];
+        std::size_t before = joint;
+        while (before > 0 && _written[before] == offset)
+            --before;
+        std::size_t behind = joint;
+        while (behind + 1 < _written.size() && _written[behind] == offset)
+            ++behind;
+        return swungJoint(offset, offset - _written[before], _written[behind] - offset, _feel);
+    }
+
+private:
+    TripletFeel _feel;
+    std::vector<utils::rational> _written;
+};
+
+class VoicePlayer {
+public:
+    VoicePlayer(const ScoreModel &model, const Staff &staff, unsigned slot)
+        : _masterBars(model.masterTrack()->masterBars()), _staff(staff), _slot(slot)
+    {
+    }
+
+    void play(const PlayedBar &played, std::uint32_t number, unsigned source)
+    {
+        const Voice *const voice = _staff.bars()[source]->voices()[_slot].get();
+        if (!voice || voice->isEmpty())
+            return;
+        const MasterBar &master = *_masterBars[played.bar];
+        const auto feel = master.isFreeTime() ? TripletFeel::NoTripletFeel : master.tripletFeel();
+        PlayedBeat next;
+        next.playedBar = number;
+        next.bar = source;
+        next.start = played.start;
+        next.isJoined = !_beats.empty() && _beats.back().end() == played.start;
+        SwungOffsets offsets(feel);
+        if (feel != TripletFeel::NoTripletFeel)
+            offsets.read(*voice);
+        for (const auto &beat : voice->beats()) {
+            next.beat = beat.get();
+            if (feel == TripletFeel::NoTripletFeel) {
+                next.length = beat->length();
+            } else {
+                next.start = played.start + offsets.at(next.index);
+                next.length = beat->isGrace()
+                    ? utils::rational()
+                    : played.start + offsets.at(next.index + 1) - next.start;
+            }
+            _beats.push_back(next);
+            next.start += next.length;
+            next.offset += beat->length();
+            next.isJoined = true;
+            ++next.index;
+        }
+    }
+
+    PlayedBeats take() { return std::move(_beats); }
+
+private:
+    const MasterTrack::MasterBars &_masterBars;
+    const Staff &_staff;
+    unsigned _slot;
+    PlayedBeats _beats;
+};
+
+} // namespace
+
+std::vector<unsigned> sourceBars(const Staff &staff)
+{
+    std::vector<unsigned> sources(staff.barCount());
+    std::iota(sources.begin(), sources.end(), 0U);
+    for (unsigned bar = 1; bar < sources.size(); ++bar) {
+        const SimileMark mark = staff.bars()[bar]->simileMark();
+        const unsigned back = mark == SimileMark::None ? 0 : mark == SimileMark::Simple ? 1 : 2;
+        if (back != 0 && back <= bar)
+            sources[bar] = sources[bar - back];
+    }
+    return sources;
+}
+
+PlayedBeats playVoice(const ScoreModel &model, const Staff &staff, unsigned slot,
+                      const PlayedBars &bars, const std::vector<unsigned> &sources)
+{
+    VoicePlayer player(model, staff, slot);
+    std::uint32_t number = 0;
+    for (const PlayedBar &played : bars.bars()) {
+        if (played.bar < sources.size())
+            player.play(played, number, sources[played.bar]);
+        ++number;
+    }
+    return player.take();
+}
+
+} // namespace zarn::playback

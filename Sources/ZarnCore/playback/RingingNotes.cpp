@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/playback/RingingNotes.h>
+
+#include <algorithm>
+#include <map>
+
+namespace zarn::playback {
+
+namespace {
+
+/// What a note sounds on: a string, or else its key.
+int placeOf(const PlannedNote &note)
+{
+    constexpr int firstKey = 128; // behind all strings
+    return note.string >= 0 ? note.string : firstKey + note.key;
+}
+
+} // namespace
+
+void letRing(std::vector<PlannedNote> &notes, const std::vector<RingingNote> &ringing)
+{
+    if (ringing.empty())
+        return;
+    std::map<int, std::vector<utils::rational>> attacks;
+    for (const PlannedNote &note : notes)
+        attacks[placeOf(note)].push_back(note.start);
+    for (auto &[place, times] : attacks)
+        std::sort(times.begin(), times.end());
+    for (const RingingNote &each : ringing) {
+        PlannedNote &note = notes[each.note];
+        const auto &times = attacks[placeOf(note)];
+        const auto next = std::upper_bound(times.begin(), times.end(), note.start);
+        const utils::rational latest =
+            next == times.end() ? each.latest : std::min(each.latest, *next);
+        note.end = std::max(note.end, latest);
+        if (next != times.end())
+            note.end = std::min(note.end, std::max(*next, note.start));
+    }
+}
+
+} // namespace zarn::playback

@@ -1,0 +1,370 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/playback/VoicePerformance.h>
+
+#include <ZarnCore/playback/BeatSounds.h>
+#include <ZarnCore/playback/BendCurve.h>
+#include <ZarnCore/playback/MeterAccents.h>
+#include <ZarnCore/playback/NoteLength.h>
+#include <ZarnCore/playback/Ornaments.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace zarn::playback {
+
+namespace {
+
+constexpr unsigned barsOfRinging = 4;
+
+/// The least that signs leave of an attack.
+const utils::rational shortestShare(1, 8);
+
+bool movesPitch(const Beat &beat, const Note &note)
+{
+    return note.bend().type != BendType::NoBend || note.vibrato() != Vibrato::None
+        || note.slideIn() != SlideIn::None || note.slideOut() != SlideOut::None
+        || beat.whammyBar().type != WhammyBarType::NoWhammyBar
+        || beat.barVibrato() != Vibrato::None;
+}
+
+} // namespace
+
+VoicePerformance::VoicePerformance(const VoicePlace &place, const PlayedBeats &beats,
+                                   TrackPerformance &result, std::vector<RingingNote> &ringing,
+                                   std::vector<LooseEnd> &looseStarts,
+                                   std::vector<LooseEnd> &looseEnds)
+    : _place(place), _beats(beats), _result(result), _ringing(ringing), _looseStarts(looseStarts),
+      _looseEnds(looseEnds)
+{
+}
+
+void VoicePerformance::play()
+{
+    _chains = NoteChains::of(_beats);
+    for (const NoteChain &chain : _chains.chains)
+        playChain(chain);
+    BeatSounds(_place, _beats, _result).play();
+}
+
+void VoicePerformance::playChain(const NoteChain &chain)
+{
+    const NotePiece &first = _chains.pieces[chain.first];
+    const auto sounding = soundingKey(*first.note, _place.track);
+    if (!sounding)
+        return;
+    if (sounding->isGuessed)
+        _result.unknown.push_back({_place.track.index(), _beats[first.beat].bar});
+    _attacks.clear();
+    bool isMoved = false;
+    for (std::uint32_t i = chain.first; i != NotePiece::None; i = _chains.pieces[i].next) {
+        const NotePiece &piece = _chains.pieces[i];
+        strikePiece(piece, i == chain.first);
+        isMoved = isMoved || piece.shift != 0
+            || ((!piece.note->isCommon() || !beatOf(piece).isCommon())
+                && movesPitch(beatOf(piece), *piece.note));
+    }
+    endAttacks(chain);
+    PlannedNote note = plan(first, *sounding);
+    note.technique = techniqueOf(first, chain.approach);
+    if (isMoved && !note.isPercussion)
+        note.motion = addMotion(chain);
+    const int velocity = velocityOfPiece(first, chain.approach);
+    const HarmonicType harmonic = first.note->harmonic().type;
+    const int high = keyOfHarmonic(*first.note, _place.staff, _place.track, note.key);
+    const auto begin = _result.notes.size();
+    for (const Attack &attack : _attacks) {
+        note.start = attack.start;
+        note.end = attack.end;
+        note.velocity =
+            static_cast<std::uint8_t>(std::clamp(velocity + attack.velocityChange, 1, 127));
+        const bool hasFundamental =
+            harmonic == HarmonicType::Semi || harmonic == HarmonicType::Feedback;
+        note.key = static_cast<std::uint8_t>(
+            withinMidi((hasFundamental ? sounding->key : high) + attack.semitones));
+        _result.notes.push_back(note);
+        if (hasFundamental && high != sounding->key) {
+            PlannedNote upper = note;
+            upper.key = static_cast<std::uint8_t>(high);
+            if (harmonic == HarmonicType::Feedback)
+                upper.start += (note.end - note.start) / 2;
+            _result.notes.push_back(upper);
+        }
+    }
+    if (chain.isLooseAtStart)
+        _looseStarts.push_back({begin, _beats[first.beat].start});
+    const NotePiece &last = _chains.pieces[chain.last];
+    if (chain.isLooseAtEnd)
+        _looseEnds.push_back({_result.notes.size() - 1, _beats[last.beat].end()});
+    if (rings(*last.note))
+        for (auto i = begin; i < _result.notes.size(); ++i)
+            _ringing.push_back({i, latestRinging(_beats[last.beat])});
+}
+
+PlannedNote VoicePerformance::plan(const NotePiece &piece, const SoundingKey &key) const
+{
+    const PlayedBeat &played = _beats[piece.beat];
+    PlannedNote note;
+    note.key = static_cast<std::uint8_t>(key.key);
+    note.isPercussion = key.isPercussion;
+    note.string = static_cast<std::int8_t>(piece.note->string());
+    note.track = static_cast<std::uint16_t>(_place.track.index());
+    note.staff = static_cast<std::uint8_t>(_place.staff.index());
+    note.voice = static_cast<std::uint8_t>(_place.slot);
+    note.note = piece.number;
+    note.beat = played.index;
+    note.bar = played.bar;
+    note.playedBar = played.playedBar;
+    return note;
+}
+
+// How a chain is struck.
+
+const std::vector<Stroke> &VoicePerformance::strokesOfBeat(std::uint32_t index)
+{
+    if (_strokesBeat == index)
+        return _strokes;
+    _strokesBeat = index;
+    const PlayedBeat &played = _beats[index];
+    const Beat &beat = *played.beat;
+    const auto leadsToNext = [&](std::uint32_t i) {
+        return _beats[i].beat->tremoloToNext() != 0 && i + 1 < _beats.size()
+            && _beats[i + 1].isJoined;
+    };
+    if (index > 0 && leadsToNext(index - 1))
+        _strokes = strokesOfPair(*_beats[index - 1].beat, TremoloSide::Second,
+                                 _beats[index - 1].length, played.length);
+    else if (leadsToNext(index))
+        _strokes = strokesOfPair(beat, TremoloSide::First, played.length, _beats[index + 1].length);
+    else
+        _strokes = strokesOf(beat, played.length);
+    Strum &strum = _strokes.front().strum;
+    if (_place.track.hasAutoBrush() && strum.direction == Direction::None && _strokes.size() == 1)
+        strum = autoBrush(beat, played.offset);
+    return _strokes;
+}
+
+utils::rational VoicePerformance::delayOf(const NotePiece &piece, const Stroke &stroke)
+{
+    if (stroke.strum.direction == Direction::None)
+        return {};
+    const Beat &beat = beatOf(piece);
+    return strumDelays(stroke.strum, beat.noteCount(),
+                       stroke.length)[orderFromLowest(beat)[piece.number]];
+}
+
+void VoicePerformance::strikePiece(const NotePiece &piece, bool isFirst)
+{
+    const PlayedBeat &played = _beats[piece.beat];
+    const bool isPlain = beatOf(piece).isCommon() && piece.note->isCommon()
+        && !_place.track.hasAutoBrush()
+        && (piece.beat == 0 || _beats[piece.beat - 1].beat->isCommon());
+    if (isPlain) {
+        if (isFirst)
+            _attacks.push_back({played.start, played.end(), 0, 0});
+        else
+            hold(played.start, played.end(), 0);
+        return;
+    }
+    const auto &strokes = strokesOfBeat(piece.beat);
+    if (strokes.size() == 1) {
+        strikeOnce(piece, strokes.front(),
+                   isFirst ? delayOf(piece, strokes.front()) : utils::rational(), isFirst);
+        return;
+    }
+    for (const Stroke &stroke : strokes) {
+        const utils::rational start = played.start + stroke.offset;
+        _attacks.push_back(
+            {start + delayOf(piece, stroke), start + stroke.length, 0, stroke.velocityChange});
+    }
+}
+
+void VoicePerformance::strikeOnce(const NotePiece &piece, const Stroke &stroke,
+                                  const utils::rational &delay, bool isFirst)
+{
+    const utils::rational start = _beats[piece.beat].start + stroke.offset;
+    const auto notes = ornamentNotes(beatOf(piece), *piece.note, stroke.length);
+    if (notes.empty()) {
+        if (isFirst)
+            _attacks.push_back({start + delay, start + stroke.length, 0, 0});
+        else
+            hold(start, start + stroke.length, 0);
+        return;
+    }
+    for (const OrnamentNote &note : notes) {
+        const utils::rational from = start + note.offset;
+        if (&note == &notes.front() && isFirst)
+            _attacks.push_back({from + delay, from + note.length, note.semitones, 0});
+        else if (&note == &notes.front())
+            hold(from, from + note.length, note.semitones);
+        else
+            _attacks.push_back({from, from + note.length, note.semitones, 0});
+    }
+}
+
+/// Goes on with the attack before where that is of the same key.
+void VoicePerformance::hold(const utils::rational &start, const utils::rational &end, int semitones)
+{
+    if (_attacks.back().semitones == semitones)
+        _attacks.back().end = end;
+    else
+        _attacks.push_back({start, end, semitones, 0});
+}
+
+/// Signs shorten what is left of the last piece.
+void VoicePerformance::endAttacks(const NoteChain &chain)
+{
+    const NotePiece &last = _chains.pieces[chain.last];
+    const PlayedBeat &lastBeat = _beats[last.beat];
+    const utils::rational start = _beats[_chains.pieces[chain.first].beat].start;
+    const utils::rational whole = lastBeat.end() - start;
+    const bool takesTurns = beatOf(last).tremoloToNext() != 0
+        || (last.beat > 0 && _beats[last.beat - 1].beat->tremoloToNext() != 0);
+    if (takesTurns)
+        return;
+    const utils::rational end =
+        start + soundingLength(beatOf(last), *last.note, whole, lastBeat.length);
+    while (_attacks.size() > 1 && _attacks.back().start >= end)
+        _attacks.pop_back();
+    Attack &attack = _attacks.back();
+    attack.end = std::max(end, attack.start + (attack.end - attack.start) * shortestShare);
+}
+
+// Loudness.
+
+double VoicePerformance::beatVelocity(std::uint32_t index)
+{
+    if (_velocityBeat == index)
+        return _velocity;
+    _velocityBeat = index;
+    const PlayedBeat &played = _beats[index];
+    _velocity = attackVelocity(
+        played.beat->attackDynamic(),
+        _place.dynamics.velocityAt(_place.bars.writtenStart(played.bar), played.offset));
+    if (_place.track.hasAutoAccentuation() && !played.beat->isGrace())
+        _velocity +=
+            meterAccent(*_place.model.masterTrack()->masterBars()[played.bar], played.offset);
+    return _velocity;
+}
+
+int VoicePerformance::velocityOfPiece(const NotePiece &piece, Approach approach)
+{
+    const Beat &beat = beatOf(piece);
+    const Note &note = *piece.note;
+    const double base =
+        note.velocity() != 0 ? static_cast<double>(note.velocity()) : beatVelocity(piece.beat);
+    const bool isPlain = beat.isCommon() && note.isCommon() && !note.isGhost();
+    const int change = isPlain && approach == Approach::Struck
+        ? 0
+        : velocityChange(beat, note, approach, _place.track.palmMuteStrength());
+    return std::clamp(static_cast<int>(std::lround(base)) + change, 1, 127);
+}
+
+Technique VoicePerformance::techniqueOf(const NotePiece &piece, Approach approach) const
+{
+    const Note &note = *piece.note;
+    const Beat &beat = beatOf(piece);
+    if (note.isDead())
+        return Technique::Dead;
+    if (note.harmonic().type != HarmonicType::NoHarmonic)
+        return Technique::Harmonic;
+    if (note.isPalmMuted())
+        return Technique::PalmMuted;
+    if (beat.bassAttack() != BassAttack::None)
+        return beat.bassAttack() == BassAttack::Slap ? Technique::Slapped : Technique::Popped;
+    if (note.isLeftHandTapped() || note.isRightHandTapped())
+        return Technique::Tapped;
+    if (approach != Approach::Struck)
+        return approach == Approach::HammeredOn ? Technique::HammeredOn : Technique::PulledOff;
+    return Technique::Plucked;
+}
+
+// Ringing on.
+
+bool VoicePerformance::rings(const Note &note) const
+{
+    return note.letsRing()
+        || (_place.track.letsRingThroughout() && !note.isPalmMuted() && !note.isDead());
+}
+
+utils::rational VoicePerformance::latestRinging(const PlayedBeat &played) const
+{
+    const auto &bars = _place.bars.bars();
+    std::size_t last = std::min<std::size_t>(played.playedBar + barsOfRinging, bars.size() - 1);
+    utils::rational latest = bars[last].start;
+    if (played.playedBar + barsOfRinging >= bars.size())
+        latest = _place.bars.length();
+    // A bar of the voice that is all rests ends it.
+    const auto from = std::upper_bound(
+        _beats.begin(), _beats.end(), played.playedBar,
+        [](std::uint32_t bar, const PlayedBeat &beat) { return bar < beat.playedBar; });
+    for (auto beat = from; beat != _beats.end() && beat->start < latest;) {
+        const auto bar = beat->playedBar;
+        const utils::rational start = bars[bar].start;
+        bool isSilent = true;
+        for (; beat != _beats.end() && beat->playedBar == bar; ++beat)
+            isSilent = isSilent && !beat->beat->hasNotes();
+        if (isSilent)
+            return std::min(latest, start);
+    }
+    return latest;
+}
+
+// Pitch.
+
+/// The notes of a chord under the whammy bar share a motion.
+std::int32_t VoicePerformance::numberOf(PitchMotion motion)
+{
+    constexpr std::size_t mostStrings = 16;
+    auto &motions = _result.motions;
+    const auto recent = motions.end()
+        - static_cast<std::ptrdiff_t>(std::min<std::size_t>(motions.size(), mostStrings));
+    const auto same = std::find(recent, motions.end(), motion);
+    if (same != motions.end())
+        return static_cast<std::int32_t>(same - motions.begin());
+    motions.push_back(std::move(motion));
+    return static_cast<std::int32_t>(motions.size() - 1);
+}
+
+std::int32_t VoicePerformance::addMotion(const NoteChain &chain)
+{
+    const utils::rational start = _attacks.front().start;
+    const utils::rational end = std::max(_attacks.back().end, start);
+    const utils::rational wholeEnd = _beats[_chains.pieces[chain.last].beat].end();
+    BendCurve curve(start, end, _place.tempo);
+    utils::rational bendFrom;
+    const Bend *bend = nullptr;
+    const auto addBend = [&](const utils::rational &to) {
+        if (bend && to > bendFrom)
+            curve.addCurve(bend->curve, bendFrom, to);
+    };
+    for (std::uint32_t i = chain.first; i != NotePiece::None; i = _chains.pieces[i].next) {
+        const NotePiece &piece = _chains.pieces[i];
+        const PlayedBeat &played = _beats[piece.beat];
+        const Note &note = *piece.note;
+        const utils::rational from = std::max(played.start, start);
+        const utils::rational to = played.end();
+        if (to <= from)
+            continue;
+        // A bend spans the notes that are tied to it, up to the next bend.
+        if (note.bend().type != BendType::NoBend) {
+            addBend(from);
+            bend = &note.bend();
+            bendFrom = from;
+        }
+        if (played.beat->whammyBar().type != WhammyBarType::NoWhammyBar)
+            curve.addCurve(played.beat->whammyBar().curve, from, to);
+        curve.addVibrato(note.vibrato(), from, to);
+        curve.addVibrato(played.beat->barVibrato(), from, to);
+        curve.addSlideIn(note.slideIn(), from, to);
+        if (piece.slideTo != 0)
+            curve.addSlideTo(piece.slideTo, from, std::min(to, end));
+        else
+            curve.addSlideOut(note.slideOut(), from, std::min(to, end));
+    }
+    addBend(std::max(end, wholeEnd));
+    if (curve.isEmpty())
+        return PlannedNote::NoMotion;
+    return numberOf(curve.motion());
+}
+
+} // namespace zarn::playback
