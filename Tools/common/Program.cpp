@@ -8,6 +8,7 @@
 #include "common/Terminal.h"
 #include "convert/ConvertCommand.h"
 #include "edit/EditCommand.h"
+#include "events/EventsCommand.h"
 #include "info/InfoCommand.h"
 #include "info/NotesCommand.h"
 #include "new/NewCommand.h"
@@ -114,9 +115,9 @@ bool flushOutput()
 
 const std::vector<Subcommand> &subcommands()
 {
-    static const std::vector<Subcommand> all = {infoCommand(),    notesCommand(),   showCommand(),
-                                                editCommand(),    convertCommand(), newCommand(),
-                                                catalogCommand(), chordCommand(),   scaleCommand()};
+    static const std::vector<Subcommand> all = {
+        infoCommand(),    notesCommand(), eventsCommand(),  showCommand(),  editCommand(),
+        convertCommand(), newCommand(),   catalogCommand(), chordCommand(), scaleCommand()};
     return all;
 }
 

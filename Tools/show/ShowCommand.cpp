@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "show/ShowCommand.h"
 
+#include "common/BarRange.h"
 #include "common/Documents.h"
 #include "common/Failure.h"
 #include "common/MidiOptions.h"
@@ -12,34 +13,17 @@
 
 #include <iostream>
 #include <limits>
+#include <tuple>
 
 namespace zarn::tool {
 
 namespace {
 
-/// Bars "5" or "5-8", counted from 1.
 void readBars(const Arguments &arguments, unsigned barCount, ShownPart &part)
 {
     part.lastBar = barCount == 0 ? 0 : barCount - 1;
-    if (!arguments.has(QStringLiteral("bars")))
-        return;
-    const QString text = arguments.value(QStringLiteral("bars"));
-    const QStringList ends = text.split(QLatin1Char('-'));
-    bool isFirst = false;
-    bool isLast = false;
-    const unsigned first = ends.first().toUInt(&isFirst);
-    const unsigned last = ends.last().toUInt(&isLast);
-    if (ends.size() > 2 || !isFirst || !isLast || first < 1 || last < first)
-        throw UsageError{
-            QStringLiteral("--bars takes one bar or a range such as 5-8, not \"%1\"").arg(text)};
-    if (first > barCount)
-        throw UsageError{QStringLiteral("--bars %1: the score has %2")
-                             .arg(text, QString::fromStdString(counted(barCount, "bar")))};
-    part.firstBar = first - 1;
-    part.lastBar = std::min(last, barCount) - 1;
-    if (last > barCount)
-        std::cerr << "zarn: --bars " << text.toStdString() << ": the score ends with bar "
-                  << barCount << '\n';
+    if (const auto range = barRange(arguments, barCount))
+        std::tie(part.firstBar, part.lastBar) = *range;
 }
 
 int runShow(const Arguments &arguments, const Terminal &terminal)

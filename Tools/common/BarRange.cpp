@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#include "common/BarRange.h"
+
+#include "common/Arguments.h"
+#include "common/Terminal.h"
+
+#include <algorithm>
+#include <iostream>
+
+namespace zarn::tool {
+
+std::optional<std::pair<unsigned, unsigned>> barRange(const Arguments &arguments, unsigned barCount)
+{
+    if (!arguments.has(QStringLiteral("bars")))
+        return std::nullopt;
+    const QString text = arguments.value(QStringLiteral("bars"));
+    const QStringList ends = text.split(QLatin1Char('-'));
+    bool isFirst = false;
+    bool isLast = false;
+    const unsigned first = ends.first().toUInt(&isFirst);
+    const unsigned last = ends.last().toUInt(&isLast);
+    if (ends.size() > 2 || !isFirst || !isLast || first < 1 || last < first)
+        throw UsageError{
+            QStringLiteral("--bars takes one bar or a range such as 5-8, not \"%1\"").arg(text)};
+    if (first > barCount)
+        throw UsageError{QStringLiteral("--bars %1: the score has %2")
+                             .arg(text, QString::fromStdString(counted(barCount, "bar")))};
+    if (last > barCount)
+        std::cerr << "zarn: --bars " << text.toStdString() << ": the score ends with bar "
+                  << barCount << '\n';
+    return std::pair(first - 1, std::min(last, barCount) - 1);
+}
+
+} // namespace zarn::tool
