@@ -7,6 +7,7 @@
 #include <ZarnCore/ZarnException.h>
 #include <ZarnCore/io/ZarnImportException.h>
 #include <ZarnCore/io/ZarnLilyPondExporter.h>
+#include <ZarnCore/io/ZarnMidiExporter.h>
 #include <ZarnCore/io/ZarnMidiImporter.h>
 #include <ZarnCore/io/ZarnMusicXmlImporter.h>
 #include <ZarnCore/io/ZarnNativeExporter.h>
@@ -53,6 +54,7 @@ const Exporters &exporters()
         list.push_back(std::make_unique<io::NativeExporter>());
         list.push_back(std::make_unique<io::TextExporter>());
         list.push_back(std::make_unique<io::LilyPondExporter>());
+        list.push_back(std::make_unique<io::MidiExporter>());
         return list;
     }();
     return all;

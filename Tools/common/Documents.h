@@ -10,6 +10,10 @@
 
 namespace zarn {
 
+namespace io {
+class Exporter;
+}
+
 class ScoreModel;
 struct Clip;
 

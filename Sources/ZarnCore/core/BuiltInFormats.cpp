@@ -3,6 +3,7 @@
 
 #include <ZarnCore/core/FormatRegistry.h>
 #include <ZarnCore/io/ZarnLilyPondExporter.h>
+#include <ZarnCore/io/ZarnMidiExporter.h>
 #include <ZarnCore/io/ZarnMidiImporter.h>
 #include <ZarnCore/io/ZarnMusicXmlImporter.h>
 #include <ZarnCore/io/ZarnNativeExporter.h>
@@ -19,12 +20,14 @@ void addBuiltInFormats(FormatRegistry &formats)
     static io::NativeExporter nativeExporter;
     static io::TextExporter textExporter;
     static io::LilyPondExporter lilyPondExporter;
+    static io::MidiExporter midiExporter;
     formats.add(&nativeImporter);
     formats.add(&musicXmlImporter);
     formats.add(&midiImporter);
     formats.add(&nativeExporter);
     formats.add(&textExporter);
     formats.add(&lilyPondExporter);
+    formats.add(&midiExporter);
 }
 
 } // namespace zarn
