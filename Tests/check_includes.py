@@ -17,6 +17,7 @@ import sys
 # Folders of one row may include each other and everything in the rows above.
 ROWS = [
     ["filesystem"],
+    ["streams"],
     ["base"],
     ["utils"],
     ["types"],
@@ -31,13 +32,14 @@ ROWS = [
     ["playback"],
     ["io"],
     ["core"],
+    ["ZarnAudio"],
     ["Tools"],
 ]
 RANK = {name: rank for rank, row in enumerate(ROWS) for name in row}
 # Files beside ZarnCore.h: the shared ground, except the shared types, whose tables come from utils,
 # and those that stand on top of everything.
 TOP = {"ZarnCoreUtils", "ZarnCoreUtilsPreview", "ZarnCoreUtilsSearch", "ZarnCore"}
-INCLUDE = re.compile(r'^\s*#\s*include\s*[<"]((?:ZarnCore|filesystem)/[^>"]+)[>"]')
+INCLUDE = re.compile(r'^\s*#\s*include\s*[<"]((?:ZarnCore|ZarnAudio|filesystem|streams)/[^>"]+)[>"]')
 CLASS = re.compile(r"^(?:class|struct) (?:[A-Z_]+_EXPORT )?([\w:]+)(?: final)?(?: :[^;]*)?(?: \{.*)?$",
                    re.MULTILINE)
 # "Type Class::member(", at the start of a line as the formatting puts it.
@@ -48,7 +50,7 @@ DEFINITION = re.compile(r"^(?=\S)(?:[\w:<>,&*\[\] ]+[ &*])?((?:\w+::)+)~?(?:\w+|
 def area(path):
     """Folder that a path below Sources/ or Tools/ belongs to, or None for a stranger."""
     parts = pathlib.PurePosixPath(path).parts
-    if parts[0] in ("filesystem", "Tools"):
+    if parts[0] in ("filesystem", "streams", "ZarnAudio", "Tools"):
         return parts[0]
     if parts[0] != "ZarnCore":
         return None
@@ -62,8 +64,8 @@ def area(path):
 def is_published(path):
     """Whether a header is installed."""
     folder, name = pathlib.PurePosixPath(path).parts[:-1], pathlib.PurePosixPath(path).name
-    if folder[0] == "filesystem":
-        return True
+    if folder[0] in ("filesystem", "streams"):
+        return name != "ZipSource.h"
     if folder[-1] == "utils":
         return not name.startswith("Json")
     return name.startswith("Zarn")
@@ -112,7 +114,7 @@ def check(root):
     root = pathlib.Path(root)
     files = {}
     for base in (root / "Sources", root):
-        for folder in ("ZarnCore", "filesystem", "Tools"):
+        for folder in ("ZarnCore", "ZarnAudio", "filesystem", "streams", "Tools"):
             for file in sorted((base / folder).rglob("*")) if (base / folder).is_dir() else []:
                 if file.suffix in (".h", ".cpp") and file.name != "Precompiled.h":
                     files[file.relative_to(base).as_posix()] = file.read_text(encoding="utf-8")

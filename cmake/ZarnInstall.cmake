@@ -3,7 +3,7 @@
 # projects (find_package(ZarnCore)) and others (pkg-config zarncore) find them.
 set(zarn_cmake_dir ${CMAKE_INSTALL_LIBDIR}/cmake/ZarnCore)
 
-install(TARGETS ZarnCore zarnfilesystem EXPORT ZarnCoreTargets
+install(TARGETS ZarnCore zarnfilesystem zarnstreams EXPORT ZarnCoreTargets
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
     RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}

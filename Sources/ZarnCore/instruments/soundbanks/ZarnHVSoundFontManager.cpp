@@ -6,50 +6,45 @@
 #include <ZarnCore/instruments/soundbanks/ZarnHVSoundFont.h>
 #include <ZarnCore/instruments/soundbanks/ZarnSoundbank.h>
 #include <ZarnCore/utils/JsonDocument.h>
-
-#include <QFile>
+#include <filesystem/DiskFileSystem.h>
+#include <streams/BankArchive.h>
 
 namespace zarn {
 
 namespace {
 
-/// A description is a page of text; what is far longer is something else.
-constexpr qint64 maximumFileSize = 4 << 20;
-
-void warn(const QString &path, const QString &reason)
+void warn(const std::string &problem)
 {
     qCWarning(log::soundfonts).noquote()
-        << QStringLiteral("Sound bank skipped: %1: %2").arg(path, reason);
+        << QStringLiteral("Sound bank skipped: %1").arg(QString::fromStdString(problem));
 }
 
 } // namespace
 
 std::shared_ptr<Soundbank> HVSoundFontManager::soundbank(const std::string &path) const
 {
-    const QString name = QString::fromStdString(path);
-    QFile file(name);
-    if (!file.open(QIODevice::ReadOnly)) {
-        warn(name, file.errorString());
-        return nullptr;
-    }
-    const QByteArray text = file.read(maximumFileSize + 1);
-    if (file.error() != QFile::NoError) {
-        warn(name, file.errorString());
-        return nullptr;
-    }
-    if (text.size() > maximumFileSize) {
-        warn(name, QStringLiteral("it is longer than a description of a bank may be"));
+    filesystem::DiskFileSystem files;
+    std::string error;
+    const auto archive = streams::BankArchive::open(files, path, &error);
+    if (archive == nullptr) {
+        warn(error);
         return nullptr;
     }
     try {
-        const std::string_view bytes(text.constData(), static_cast<std::size_t>(text.size()));
-        const auto document = utils::jsonDocument(bytes, "JSON");
-        return std::make_shared<Soundbank>(
-            std::make_shared<const HVSoundFont>(HVSoundFont::parse(document, path)));
+        return std::make_shared<Soundbank>(readSoundFont(*archive));
     } catch (const CoreException &problem) {
-        warn(name, QString::fromStdString(problem.message()));
+        warn(archive->path() + ": " + problem.message());
         return nullptr;
     }
+}
+
+std::shared_ptr<const HVSoundFont>
+HVSoundFontManager::readSoundFont(const streams::BankArchive &archive)
+{
+    const auto document = utils::jsonDocument(archive.description(), "JSON");
+    return std::make_shared<const HVSoundFont>(
+        HVSoundFont::parse(document, archive.path(),
+                           [&archive](const std::string &sample) { return archive.has(sample); }));
 }
 
 } // namespace zarn
