@@ -3,7 +3,11 @@
 # projects (find_package(ZarnCore)) and others (pkg-config zarncore) find them.
 set(zarn_cmake_dir ${CMAKE_INSTALL_LIBDIR}/cmake/ZarnCore)
 
-install(TARGETS ZarnCore zarnfilesystem zarnstreams EXPORT ZarnCoreTargets
+set(zarn_libraries ZarnCore zarnfilesystem zarnstreams)
+if(TARGET ZarnAudio)
+    list(APPEND zarn_libraries ZarnAudio)
+endif()
+install(TARGETS ${zarn_libraries} EXPORT ZarnCoreTargets
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
     RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
