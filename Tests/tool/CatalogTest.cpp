@@ -116,7 +116,7 @@ TEST(Catalog, whatIsNotThereIsAnsweredWithWhatIsNear)
     const Wrong all[] = {
         {{}, 2, "WHAT is missing"},
         {{"tuning"}, 2, "did you mean \"tunings\"?"},
-        {{"sounds"}, 2, "there are tunings, instruments, gm, patches"},
+        {{"sounds"}, 2, "there are tunings, instruments, gm, patches, banks, fonts"},
         {{"tunings", "--instrument", "giutar"}, 2, "did you mean \"Guitar\"?"},
         {{"tunings", "--strings", "77"}, 2, "there are"},
         {{"instruments", "--strings", "6"}, 2, "says nothing about instruments"},

@@ -23,10 +23,9 @@ struct Kind {
 };
 
 constexpr Kind Kinds[] = {
-    {"tunings", tuningCatalogue, nullptr},
-    {"instruments", instrumentCatalogue, instrumentDetails},
-    {"gm", programCatalogue, nullptr},
-    {"patches", patchCatalogue, patchDetails},
+    {"tunings", tuningCatalogue, nullptr}, {"instruments", instrumentCatalogue, instrumentDetails},
+    {"gm", programCatalogue, nullptr},     {"patches", patchCatalogue, patchDetails},
+    {"banks", bankCatalogue, bankDetails}, {"fonts", fontCatalogue, nullptr},
 };
 
 const char *const PropertyOptions[] = {"instrument", "strings", "family"};
@@ -105,11 +104,15 @@ Subcommand catalogCommand()
             "  gm           the General MIDI programs, counted from 1, and percussion keys,\n"
             "               from which \"zarn new\" makes tracks\n"
             "  patches      the sounds; with the id of one also the sound banks that it needs\n"
+            "  banks        the sound banks, your own included; with the id of one also its\n"
+            "               regions: which notes play which samples\n"
+            "  fonts        the sound fonts (SF2, SF3) of the usual folders and of the variable\n"
+            "               ZARN_SOUNDFONT\n"
             "WORDs and options narrow the list to what matches them all, in upper or lower case.\n"
             "Strings are listed from the lowest on, C4 is middle C, and staff lines count half\n"
             "spaces up from the bottom line. With --json, prints an array of objects."),
         {{QStringLiteral("instrument"), QStringLiteral("i"), QStringLiteral("I"),
-          QStringLiteral("Tunings of an instrument; programs and patches of a category.")},
+          QStringLiteral("Tunings of an instrument; sounds of a category.")},
          {QStringLiteral("strings"), QStringLiteral("s"), QStringLiteral("N"),
           QStringLiteral("Tunings of N strings.")},
          {QStringLiteral("family"), QStringLiteral("f"), QStringLiteral("F"),

@@ -44,9 +44,12 @@ Catalogue tuningCatalogue();
 Catalogue instrumentCatalogue();
 Catalogue programCatalogue();
 Catalogue patchCatalogue();
+Catalogue bankCatalogue();
+Catalogue fontCatalogue();
 
 /// What there is to say of one entry beside its row, as a further table; empty for nothing.
 TextTable instrumentDetails(const QString &category);
 TextTable patchDetails(const QString &id);
+TextTable bankDetails(const QString &id);
 
 } // namespace zarn::tool

@@ -11,6 +11,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QStandardPaths>
 
 namespace zarn::tool {
 
@@ -42,9 +43,13 @@ Core &loadedCore()
 {
     static filesystem::DiskFileSystem disk;
     static Core &core = [&]() -> Core & {
-        // The user's tunings lie in a folder of this name.
+        // The user's tunings and sound banks lie in a folder of this name.
         QCoreApplication::setApplicationName(QStringLiteral("zarn"));
         Core::initialize(&disk);
+        const QString banks = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)
+            + QStringLiteral("/soundbanks");
+        if (QFileInfo(banks).isDir()) // or else what is built in is not waited for
+            Core::instance().loadSoundBankDirectory(banks);
         return Core::instance();
     }();
     return core;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "common/Program.h"
 
+#include "bank/BankCommand.h"
 #include "catalog/CatalogCommand.h"
 #include "chord/ChordCommand.h"
 #include "common/Failure.h"
@@ -118,7 +119,10 @@ const std::vector<Subcommand> &subcommands()
     static const std::vector<Subcommand> all = {
         infoCommand(),    notesCommand(), eventsCommand(),  showCommand(),  editCommand(),
         convertCommand(), newCommand(),   catalogCommand(), chordCommand(), scaleCommand()};
-    return all;
+    infoCommand(), notesCommand(), showCommand(), editCommand(), convertCommand(), newCommand(),
+        catalogCommand(), chordCommand(), scaleCommand(), bankCommand()
+};
+return all;
 }
 
 int runProgram(int argc, char **argv) noexcept
