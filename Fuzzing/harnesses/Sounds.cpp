@@ -71,7 +71,8 @@ void fuzz::check(std::string_view input)
     const auto frames = readAll(*first, 4096);
     const auto again = readAll(*second, 777);
     expect(frames.size() == again.size()
-               && std::memcmp(frames.data(), again.data(), frames.size() * sizeof(float)) == 0,
+               && (frames.empty()
+                   || std::memcmp(frames.data(), again.data(), frames.size() * sizeof(float)) == 0),
            "the frames do not depend on how many are read at a time");
     expectEqual(first->errorText(), second->errorText(), "nor does the error");
     const auto third = open(input);

@@ -109,6 +109,7 @@ bool SndfileDecoder::openFile(SF_INFO info)
         fail("is encoded in a way that is not read; PCM, floats, A-law and mu-law are");
         return false;
     }
+    _isShort = encoding == SF_FORMAT_PCM_16;
     return setFormat(info.channels, info.samplerate, info.frames);
 }
 
@@ -146,9 +147,22 @@ bool SndfileDecoder::doSeek(std::int64_t frame)
     return sf_seek(_file.get(), frame, SEEK_SET) == frame;
 }
 
+/// The usual 16 bits in large blocks, where libsndfile takes small ones.
+std::int64_t SndfileDecoder::readShorts(float *frames, std::int64_t count)
+{
+    constexpr std::int64_t blockValues = 1 << 15;
+    const auto part = std::min(count, std::max<std::int64_t>(1, blockValues / channels()));
+    _shorts.resize(static_cast<std::size_t>(part * channels()));
+    const auto read = sf_readf_short(_file.get(), _shorts.data(), part);
+    std::transform(_shorts.begin(), _shorts.begin() + std::max<std::int64_t>(read, 0) * channels(),
+                   frames, [](short value) { return static_cast<float>(value) / 32768.0F; });
+    return read;
+}
+
 std::int64_t SndfileDecoder::doRead(float *frames, std::int64_t count)
 {
-    const auto read = sf_readf_float(_file.get(), frames, count);
+    const auto read =
+        _isShort ? readShorts(frames, count) : sf_readf_float(_file.get(), frames, count);
     if (_stream->hasError())
         fail("cannot be read at frame " + std::to_string(position()));
     return read;

@@ -4,6 +4,9 @@
 #include <ZarnAudio/SndfileIo.h>
 #include <ZarnAudio/ZarnAudioDecoder.h>
 
+#include <memory>
+#include <vector>
+
 namespace Halvec::audio {
 
 /// WAV files and samples without a header, by libsndfile.
@@ -24,9 +27,12 @@ protected:
 
 private:
     bool openFile(SF_INFO info);
+    std::int64_t readShorts(float *frames, std::int64_t count);
 
     std::unique_ptr<streams::Stream> _stream;
     Sndfile _file;
+    bool _isShort = false;
+    std::vector<short> _shorts;
 };
 
 } // namespace Halvec::audio

@@ -66,7 +66,7 @@ bool audioFileOfName(std::string_view name, AudioFormat::File &file) noexcept
 
 /// Whole numbers are rounded and cut here: libsndfile rounds down when it is to cut.
 struct AudioWriter::File {
-    static constexpr std::int64_t blockValues = 4096;
+    static constexpr std::int64_t blockValues = 1 << 15;
 
     Sndfile file;
     std::vector<float> floats;
@@ -107,7 +107,7 @@ private:
     {
         to.resize(count);
         std::transform(frames, frames + count, to.begin(), [&convert](float value) {
-            return convert(std::isfinite(value) ? value : 0.0F);
+            return convert(value - value == 0 ? value : 0.0F); // neither infinite nor no number
         });
     }
 };

@@ -17,6 +17,15 @@ thread_local std::size_t heapCalls = 0;
 
 } // namespace
 
+// The sanitizers replace these themselves.
+#if defined(__has_feature)
+#define ZARN_HAS_FEATURE(feature) __has_feature(feature)
+#else
+#define ZARN_HAS_FEATURE(feature) 0
+#endif
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)                                \
+    && !ZARN_HAS_FEATURE(address_sanitizer) && !ZARN_HAS_FEATURE(thread_sanitizer)
+
 void *operator new(std::size_t size)
 {
     ++heapCalls;
@@ -36,6 +45,8 @@ void operator delete(void *memory, std::size_t) noexcept
     ++heapCalls;
     std::free(memory);
 }
+
+#endif
 
 namespace {
 
