@@ -13,7 +13,7 @@ import re
 import sys
 
 NAMESPACE = re.compile(r"^namespace ([\w:]+) \{")
-CLASS = re.compile(r"^(?:class|struct) (?:ZARNCORE_EXPORT|ZARNAUDIO_EXPORT|FILESYSTEM_EXPORT|STREAMS_EXPORT) (\w+)\b[^;]*$")
+CLASS = re.compile(r"^(?:class|struct) (?:ZARNCORE|ZARNAUDIO|ZARNLAYOUT|ZARNVIEWS|FILESYSTEM|STREAMS)_EXPORT (\w+)\b[^;]*$")
 INSTANCE = re.compile(r"^extern template class (\w+<[^;]*>);$")
 
 

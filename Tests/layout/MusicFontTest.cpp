@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/ZarnException.h>
+#include <ZarnLayout/font/ZarnFontFace.h>
+#include <ZarnLayout/font/ZarnMusicFont.h>
+
+#include <gtest/gtest.h>
+
+#include <QCryptographicHash>
+#include <QFile>
+#include <QRegularExpression>
+
+#include <fstream>
+#include <string>
+
+namespace zarn::layout { namespace {
+
+TEST(MusicFontTest, theBuiltInFontHasWhatEngraversKnowOfIt)
+{
+    const MusicFont &font = *MusicFont::builtIn();
+    EXPECT_EQ(font.fontName(), "Bravura");
+    EXPECT_EQ(font.version(), "1.392");
+    EXPECT_EQ(font.defaults().staffLineThickness, fromSpaces(0.13));
+
+    const GlyphId head = font.glyph("noteheadBlack");
+    EXPECT_EQ(font.codePoint(head), U'\uE0A4');
+    EXPECT_EQ(font.find(U'\uE0A4'), head);
+    EXPECT_EQ(font.advance(head), fromSpaces(1.18));
+    EXPECT_EQ(font.box(head), (Box{0, -fromSpaces(0.5), fromSpaces(1.18), fromSpaces(0.5)}));
+    EXPECT_EQ(font.anchor(head, GlyphAnchor::StemUpSE),
+              (Point{fromSpaces(1.18), -fromSpaces(0.168)}));
+    EXPECT_FALSE(font.anchor(head, GlyphAnchor::RepeatOffset));
+
+    // A clef stands on its line: most of it above.
+    const Box &clef = font.box(font.glyph("gClef"));
+    EXPECT_LT(clef.top, -4 * staffSpace);
+    EXPECT_GT(clef.bottom, 2 * staffSpace);
+    // Stylistic alternates come from the font's own list.
+    EXPECT_TRUE(font.find("6stringTabClefTall"));
+    EXPECT_FALSE(font.find("noteheadUnheardOf"));
+    EXPECT_THROW(font.glyph("noteheadUnheardOf"), CoreException);
+}
+
+std::string refusal(const std::string &metadata,
+                    const std::string &names = R"({"a": {"codepoint": "U+E000"}})")
+{
+    try {
+        MusicFont::parse(metadata, names, "x.json");
+    } catch (const CoreException &problem) {
+        return problem.message();
+    }
+    return "accepted";
+}
+
+TEST(MusicFontTest, brokenMetadataAreRefusedWithTheirPlace)
+{
+    const std::string corners = R"({"bBoxNE": [1, 1], "bBoxSW": [0, 0]})";
+    const std::string head = R"({"fontName": "X", )";
+    EXPECT_EQ(refusal(head + R"("glyphBBoxes": {"a": )" + corners + "}}"), "accepted");
+    for (const auto &[text, expected] : std::vector<std::pair<std::string, std::string>>{
+             {"{", "x.json:1:2: "},
+             {"[]", "x.json: "},
+             {R"({"glyphBBoxes": {}})", "fontName"},
+             {head + R"("a": 1})", "glyphBBoxes"},
+             {head + R"("glyphBBoxes": []})", "x.json.glyphBBoxes"},
+             {head + R"("glyphBBoxes": {"a": {"bBoxNE": [1, 1]}}})",
+              "glyphBBoxes.a: lacks a corner"},
+             {head + R"("glyphBBoxes": {"a": {"bBoxNE": [1], "bBoxSW": [0, 0]}}})", "a.bBoxNE"},
+             {head + R"("glyphBBoxes": {"a": {"bBoxNE": [1e99, 1], "bBoxSW": [0, 0]}}})",
+              "a.bBoxNE: is no length"},
+             {head + R"("glyphBBoxes": {"a": )" + corners + R"(, "a": )" + corners + "}}",
+              "glyphBBoxes.a: stands there twice"},
+             {head + R"("engravingDefaults": {"stemThickness": "thin"}})",
+              "engravingDefaults.stemThickness: is no number"},
+             {head + R"("optionalGlyphs": {"b": {"codepoint": "E000"}}})",
+              "optionalGlyphs.b.codepoint: is no code point"},
+             {head + R"("glyphBBoxes": {"a": )" + corners
+                  + R"(}, "glyphsWithAnchors": {"a": {"stemUpSE": 3}}})",
+              "glyphsWithAnchors.a.stemUpSE: is no pair"},
+         })
+        EXPECT_NE(refusal(text).find(expected), std::string::npos)
+            << text << " said: " << refusal(text);
+}
+
+TEST(FontFilesTest, theCarriedFilesAreThoseOfTheirMakers)
+{
+    QFile readme(QStringLiteral(ZARN_SOURCE_DIR "/Resources/fonts/README.md"));
+    ASSERT_TRUE(readme.open(QIODevice::ReadOnly));
+    const QRegularExpression row(QStringLiteral("^([0-9a-f]{64})  (\\S+)$"),
+                                 QRegularExpression::MultilineOption);
+    auto rows = row.globalMatch(QString::fromUtf8(readme.readAll()));
+    int count = 0;
+    while (rows.hasNext()) {
+        const auto match = rows.next();
+        const QString path = match.captured(2);
+        QByteArray content;
+        if (path.endsWith(QStringLiteral(".txt"))) {
+            QFile file(QStringLiteral(ZARN_SOURCE_DIR "/Resources/fonts/") + path);
+            ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+            content = file.readAll();
+        } else {
+            content = builtInFontFile(path.toStdString());
+        }
+        EXPECT_EQ(QCryptographicHash::hash(content, QCryptographicHash::Sha256).toHex(),
+                  match.captured(1).toLatin1())
+            << path.toStdString();
+        ++count;
+    }
+    EXPECT_EQ(count, 8);
+    EXPECT_THROW(builtInFontFile("bravura/none.otf"), CoreException);
+}
+
+}} // namespace zarn::layout
