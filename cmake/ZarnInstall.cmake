@@ -13,6 +13,17 @@ install(TARGETS ${zarn_libraries} EXPORT ZarnCoreTargets
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
     FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zarncore)
 install(EXPORT ZarnCoreTargets NAMESPACE Zarn:: DESTINATION ${zarn_cmake_dir})
+# The libraries above it are export sets of their own: who uses the core alone needs no QtGui.
+foreach(library ZarnLayout ZarnViews)
+    if(TARGET ${library})
+        install(TARGETS ${library} EXPORT ${library}Targets
+            LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+            RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
+            ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
+            FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zarncore)
+        install(EXPORT ${library}Targets NAMESPACE Zarn:: DESTINATION ${zarn_cmake_dir})
+    endif()
+endforeach()
 
 configure_package_config_file(cmake/ZarnCoreConfig.cmake.in ZarnCoreConfig.cmake
     INSTALL_DESTINATION ${zarn_cmake_dir})
@@ -35,3 +46,9 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/ZarnCoreConfig.cmake
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/zarncore.pc
     DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 install(FILES LICENSE README.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+if(TARGET ZarnLayout) # carries fonts, which come with licences of their own
+    foreach(font bravura edwin)
+        install(FILES Resources/fonts/${font}/LICENSE.txt
+            DESTINATION ${CMAKE_INSTALL_DOCDIR}/fonts/${font})
+    endforeach()
+endif()

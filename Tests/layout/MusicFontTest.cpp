@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/ZarnException.h>
+#include <ZarnLayout/draw/ZarnPolygons.h>
 #include <ZarnLayout/font/ZarnFontFace.h>
 #include <ZarnLayout/font/ZarnMusicFont.h>
 
@@ -9,8 +10,11 @@
 #include <QFile>
 #include <QRegularExpression>
 
-#include <fstream>
+#include <algorithm>
+#include <cstdlib>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace zarn::layout { namespace {
 
@@ -79,6 +83,30 @@ TEST(MusicFontTest, brokenMetadataAreRefusedWithTheirPlace)
          })
         EXPECT_NE(refusal(text).find(expected), std::string::npos)
             << text << " said: " << refusal(text);
+}
+
+TEST(MusicFontTest, metadataAndOutlinesAreOfOneFont)
+{
+    // A wrong code point would draw another glyph than the one that was measured.
+    const MusicFont &font = *MusicFont::builtIn();
+    EXPECT_GT(font.glyphCount(), 2500u);
+    for (std::size_t i = 0; i < font.glyphCount(); ++i) {
+        const auto glyph = static_cast<GlyphId>(i);
+        constexpr Unit far = 1 << 20;
+        Box ink{far, far, -far, -far};
+        for (const Polygon &polygon : polygonsOf(font, glyph, 24)) {
+            for (const Point &point : polygon) {
+                ink = {std::min(ink.left, point.x), std::min(ink.top, point.y),
+                       std::max(ink.right, point.x), std::max(ink.bottom, point.y)};
+            }
+        }
+        const Box &box = font.box(glyph);
+        const bool isEqual = std::abs(ink.left - box.left) < 16 && std::abs(ink.top - box.top) < 16
+            && std::abs(ink.right - box.right) < 16 && std::abs(ink.bottom - box.bottom) < 16;
+        EXPECT_TRUE(isEqual) << font.name(glyph) << ": " << box.left << ' ' << box.top << ' '
+                             << box.right << ' ' << box.bottom << ", drawn " << ink.left << ' '
+                             << ink.top << ' ' << ink.right << ' ' << ink.bottom;
+    }
 }
 
 TEST(FontFilesTest, theCarriedFilesAreThoseOfTheirMakers)

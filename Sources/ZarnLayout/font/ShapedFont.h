@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ZarnLayout/font/ZarnFontFace.h>
+#include <ZarnLayout/font/ZarnFontOutlines.h>
 
 #include <QByteArray>
 
 #include <hb.h>
 
 #include <memory>
+#include <optional>
 #include <string_view>
+#include <vector>
 
 namespace zarn::layout {
 
@@ -31,6 +33,12 @@ public:
     /// A line of text as the font sets it: kerned, with ligatures.
     Extent measure(std::string_view text) const;
 
+    /// The glyphs of the same; nothing when the font lacks a character.
+    std::optional<std::vector<SetGlyph>> set(std::string_view text) const;
+
+    std::optional<std::uint32_t> glyphOf(char32_t character) const;
+    GlyphOutline outline(std::uint32_t glyph) const;
+
     /// Units of an em.
     int unitsPerEm() const noexcept { return _unitsPerEm; }
     hb_position_t ascent() const noexcept { return _ascent; }
@@ -44,6 +52,10 @@ private:
         void operator()(hb_font_t *font) const noexcept { hb_font_destroy(font); }
         void operator()(hb_buffer_t *buffer) const noexcept { hb_buffer_destroy(buffer); }
     };
+
+    using Buffer = std::unique_ptr<hb_buffer_t, Free>;
+    /// The glyphs of a text with their positions.
+    Buffer shaped(std::string_view text) const;
 
     QByteArray _data;
     std::unique_ptr<hb_face_t, Free> _face;

@@ -1,0 +1,317 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnLayout/export/SvgPage.h>
+
+#include <ZarnLayout/draw/ZarnDrawListBuilder.h>
+#include <ZarnLayout/export/SvgPathData.h>
+#include <ZarnLayout/font/ZarnFontOutlines.h>
+
+#include <algorithm>
+#include <array>
+
+namespace zarn::layout {
+namespace {
+
+QString latin(std::string_view text)
+{
+    return QString::fromLatin1(text.data(), static_cast<int>(text.size()));
+}
+
+/// UTF-8 without the characters that XML 1.0 cannot hold.
+QString xmlText(std::string_view text)
+{
+    QString result = QString::fromUtf8(text.data(), static_cast<int>(text.size()));
+    for (QChar &character : result)
+        if (character.unicode() < 0x20 || character.unicode() == 0xFFFE
+            || character.unicode() == 0xFFFF)
+            character = character == QLatin1Char('\t') ? QLatin1Char(' ')
+                                                       : QChar(QChar::ReplacementCharacter);
+    return result;
+}
+
+/// At most four digits behind the point, as few as will do.
+QString decimal(double value)
+{
+    QString text = QString::number(value, 'f', 4);
+    while (text.endsWith(QLatin1Char('0')))
+        text.chop(1);
+    if (text.endsWith(QLatin1Char('.')))
+        text.chop(1);
+    return text;
+}
+
+QString translated(Point by)
+{
+    return QStringLiteral("translate(%1 %2)").arg(by.x).arg(by.y);
+}
+
+/// "0,3,0,0,2": what stands behind the last number that applies is left out.
+QString placeText(const DrawPlace &place)
+{
+    const std::array<int, 6> numbers{place.track, place.bar,  place.staff,
+                                     place.voice, place.beat, place.note};
+    const auto last =
+        std::find_if(numbers.rbegin(), numbers.rend(), [](int number) { return number >= 0; });
+    QString text;
+    for (auto number = numbers.begin(); number != last.base(); ++number) {
+        if (number != numbers.begin())
+            text += QLatin1Char(',');
+        if (*number >= 0)
+            text += QString::number(*number);
+    }
+    return text;
+}
+
+/// Font units to units of the layout; SMuFL's em is four staff spaces, and fonts grow upwards.
+QString musicSymbolTransform()
+{
+    const double scale = 4.0 * staffSpace / FontOutlines::music().unitsPerEm();
+    return QStringLiteral("scale(%1 -%1)").arg(decimal(scale));
+}
+
+} // namespace
+
+SvgPage::SvgPage(const Layout &layout, const LayoutPage &page, SvgText text)
+    : _layout(layout), _page(page), _text(text), _xml(&_bytes)
+{
+}
+
+QByteArray SvgPage::write()
+{
+    if (_page.marks != nullptr)
+        collectSymbols(*_page.marks);
+    for (const PlacedSystem &system : _page.systems)
+        collectSymbols(system.drawing->marks);
+
+    _xml.writeStartDocument();
+    _xml.writeStartElement(QStringLiteral("svg"));
+    _xml.writeDefaultNamespace(QStringLiteral("http://www.w3.org/2000/svg"));
+    _xml.writeNamespace(QStringLiteral("http://www.w3.org/1999/xlink"), QStringLiteral("xlink"));
+    _xml.writeAttribute(QStringLiteral("version"), QStringLiteral("1.1"));
+    _xml.writeAttribute(QStringLiteral("width"),
+                        decimal(_page.width / 1000.0) + QStringLiteral("mm"));
+    _xml.writeAttribute(QStringLiteral("height"),
+                        decimal(_page.height / 1000.0) + QStringLiteral("mm"));
+    _xml.writeAttribute(QStringLiteral("viewBox"),
+                        QStringLiteral("0 0 %1 %2")
+                            .arg(_layout.fromMicrometres(_page.width))
+                            .arg(_layout.fromMicrometres(_page.height)));
+    if (!_layout.title().empty())
+        _xml.writeTextElement(QStringLiteral("title"), xmlText(_layout.title()));
+    writeSymbols();
+    if (_page.marks != nullptr) {
+        _xml.writeStartElement(QStringLiteral("g"));
+        writeList(*_page.marks);
+        _xml.writeEndElement();
+    }
+    for (const PlacedSystem &system : _page.systems) {
+        _xml.writeCharacters(QStringLiteral("\n"));
+        _xml.writeStartElement(QStringLiteral("g"));
+        _xml.writeAttribute(QStringLiteral("class"), QStringLiteral("system"));
+        _xml.writeAttribute(QStringLiteral("transform"), translated(system.at));
+        writeList(system.drawing->marks);
+        _xml.writeEndElement();
+    }
+    _xml.writeCharacters(QStringLiteral("\n"));
+    _xml.writeEndElement();
+    _xml.writeEndDocument();
+    return _bytes;
+}
+
+void SvgPage::collectSymbols(const DrawList &list)
+{
+    for (const DrawMark &mark : list.marks()) {
+        if (mark.shape == MarkShape::Glyph)
+            _glyphs.insert(mark.glyph);
+        if (mark.shape != MarkShape::Text || _text != SvgText::Outlines)
+            continue;
+        const TextFace face = list.textOf(mark).style.face;
+        const auto set = FontOutlines::text(face).set(list.characters(mark));
+        if (!set)
+            continue;
+        for (const SetGlyph &glyph : *set)
+            _textGlyphs.emplace(TextGlyph(face, glyph.glyph), QString());
+    }
+}
+
+void SvgPage::writeSymbols()
+{
+    _xml.writeCharacters(QStringLiteral("\n"));
+    _xml.writeStartElement(QStringLiteral("defs"));
+    const FontOutlines &music = FontOutlines::music();
+    for (const GlyphId glyph : _glyphs) {
+        const auto number = music.glyphOf(_layout.font().codePoint(glyph));
+        writeSymbol(latin(_layout.font().name(glyph)),
+                    number ? svgPathData(music.outline(*number)) : QString());
+    }
+    static constexpr std::array<char, 4> faceLetters{'r', 'i', 'b', 'z'};
+    for (auto &[glyph, id] : _textGlyphs) {
+        const QString outline = svgPathData(FontOutlines::text(glyph.first).outline(glyph.second));
+        if (outline.isEmpty())
+            continue; // a blank
+        id = QLatin1Char(faceLetters[static_cast<std::size_t>(glyph.first)])
+            + QString::number(glyph.second);
+        _xml.writeStartElement(QStringLiteral("path"));
+        _xml.writeAttribute(QStringLiteral("id"), id);
+        _xml.writeAttribute(QStringLiteral("d"), outline);
+        _xml.writeEndElement();
+    }
+    _xml.writeEndElement();
+}
+
+void SvgPage::writeSymbol(const QString &id, const QString &outline)
+{
+    _xml.writeStartElement(QStringLiteral("symbol"));
+    _xml.writeAttribute(QStringLiteral("id"), id);
+    _xml.writeAttribute(QStringLiteral("overflow"), QStringLiteral("visible"));
+    _xml.writeEmptyElement(QStringLiteral("path"));
+    _xml.writeAttribute(QStringLiteral("transform"), musicSymbolTransform());
+    _xml.writeAttribute(QStringLiteral("d"), outline);
+    _xml.writeEndElement();
+}
+
+void SvgPage::writeList(const DrawList &list)
+{
+    for (const DrawMark &mark : list.marks()) {
+        _xml.writeCharacters(QStringLiteral("\n"));
+        switch (mark.shape) {
+        case MarkShape::Glyph:
+            writeGlyph(mark);
+            break;
+        case MarkShape::Line:
+            writeLine(mark);
+            break;
+        case MarkShape::Path:
+            writePath(list, mark);
+            break;
+        case MarkShape::Text:
+            writeText(list, mark);
+            break;
+        }
+    }
+}
+
+void SvgPage::writeGlyph(const DrawMark &mark)
+{
+    QString transform;
+    if (mark.to != GlyphForm().scale || mark.detail != 0) {
+        transform = translated(mark.at);
+        if (mark.detail != 0)
+            transform += QStringLiteral(" rotate(%1)").arg(-90 * static_cast<int>(mark.detail));
+        transform += QStringLiteral(" scale(%1 %2)")
+                         .arg(decimal(mark.to.x / 1024.0), decimal(mark.to.y / 1024.0));
+    }
+    writeUse(latin(_layout.font().name(mark.glyph)), mark.at, transform);
+    writeMeaning(mark);
+}
+
+void SvgPage::writeUse(const QString &id, Point at, const QString &transform)
+{
+    _xml.writeEmptyElement(QStringLiteral("use"));
+    _xml.writeAttribute(QStringLiteral("xlink:href"), QLatin1Char('#') + id);
+    if (transform.isEmpty()) {
+        _xml.writeAttribute(QStringLiteral("x"), QString::number(at.x));
+        _xml.writeAttribute(QStringLiteral("y"), QString::number(at.y));
+    } else {
+        _xml.writeAttribute(QStringLiteral("transform"), transform);
+    }
+}
+
+void SvgPage::writeLine(const DrawMark &mark)
+{
+    _xml.writeEmptyElement(QStringLiteral("path"));
+    const bool isPlain = mark.detail == 0 && mark.cap == LineCap::Flat;
+    if (isPlain) {
+        _xml.writeAttribute(QStringLiteral("d"), svgLineData(mark));
+    } else {
+        _xml.writeAttribute(QStringLiteral("d"),
+                            QStringLiteral("M%1 %2L%3 %4")
+                                .arg(mark.at.x)
+                                .arg(mark.at.y)
+                                .arg(mark.to.x)
+                                .arg(mark.to.y));
+        _xml.writeAttribute(QStringLiteral("stroke"), QStringLiteral("#000"));
+        _xml.writeAttribute(QStringLiteral("stroke-width"), QString::number(mark.thickness));
+        if (mark.detail != 0)
+            _xml.writeAttribute(QStringLiteral("stroke-dasharray"),
+                                QStringLiteral("%1 %2").arg(mark.detail).arg(mark.gap));
+        if (mark.cap == LineCap::Round)
+            _xml.writeAttribute(QStringLiteral("stroke-linecap"), QStringLiteral("round"));
+    }
+    writeMeaning(mark);
+}
+
+void SvgPage::writePath(const DrawList &list, const DrawMark &mark)
+{
+    _xml.writeEmptyElement(QStringLiteral("path"));
+    _xml.writeAttribute(QStringLiteral("d"), svgPathData(list, mark));
+    if (mark.thickness != 0) {
+        _xml.writeAttribute(QStringLiteral("fill"), QStringLiteral("none"));
+        _xml.writeAttribute(QStringLiteral("stroke"), QStringLiteral("#000"));
+        _xml.writeAttribute(QStringLiteral("stroke-width"), QString::number(mark.thickness));
+    }
+    writeMeaning(mark);
+}
+
+void SvgPage::writeText(const DrawList &list, const DrawMark &mark)
+{
+    const DrawList::Text &text = list.textOf(mark);
+    const QString characters = xmlText(list.characters(mark));
+    const FontOutlines &font = FontOutlines::text(text.style.face);
+    const auto set = _text == SvgText::Outlines ? font.set(list.characters(mark)) : std::nullopt;
+    if (!set) {
+        _xml.writeStartElement(QStringLiteral("text"));
+        writeMeaning(mark);
+        _xml.writeAttribute(QStringLiteral("data-text"), characters);
+        writeCharacters(text, characters, mark.at);
+        _xml.writeEndElement();
+        return;
+    }
+    _xml.writeStartElement(QStringLiteral("g"));
+    const double scale = static_cast<double>(text.style.size) / font.unitsPerEm();
+    _xml.writeAttribute(QStringLiteral("transform"),
+                        translated(mark.at) + QStringLiteral("scale(%1 -%1)").arg(decimal(scale)));
+    writeMeaning(mark);
+    _xml.writeAttribute(QStringLiteral("data-text"), characters);
+    for (const SetGlyph &glyph : *set) {
+        const QString &id = _textGlyphs.at(TextGlyph(text.style.face, glyph.glyph));
+        if (id.isEmpty())
+            continue;
+        _xml.writeEmptyElement(QStringLiteral("use"));
+        _xml.writeAttribute(QStringLiteral("xlink:href"), QLatin1Char('#') + id);
+        if (glyph.x != 0)
+            _xml.writeAttribute(QStringLiteral("x"), QString::number(glyph.x));
+        if (glyph.y != 0)
+            _xml.writeAttribute(QStringLiteral("y"), QString::number(glyph.y));
+    }
+    _xml.writeEndElement();
+}
+
+/// What the font lacks comes from another font of the reader's; it is drawn as long as the layout
+/// thinks it is.
+void SvgPage::writeCharacters(const DrawList::Text &text, const QString &characters, Point at)
+{
+    _xml.writeAttribute(QStringLiteral("x"), QString::number(at.x));
+    _xml.writeAttribute(QStringLiteral("y"), QString::number(at.y));
+    _xml.writeAttribute(QStringLiteral("font-family"), QStringLiteral("Edwin, serif"));
+    _xml.writeAttribute(QStringLiteral("font-size"), QString::number(text.style.size));
+    if (text.style.face == TextFace::Italic || text.style.face == TextFace::BoldItalic)
+        _xml.writeAttribute(QStringLiteral("font-style"), QStringLiteral("italic"));
+    if (text.style.face == TextFace::Bold || text.style.face == TextFace::BoldItalic)
+        _xml.writeAttribute(QStringLiteral("font-weight"), QStringLiteral("bold"));
+    if (text.advance > 0) {
+        _xml.writeAttribute(QStringLiteral("textLength"), QString::number(text.advance));
+        _xml.writeAttribute(QStringLiteral("lengthAdjust"), QStringLiteral("spacingAndGlyphs"));
+    }
+    _xml.writeAttribute(QStringLiteral("xml:space"), QStringLiteral("preserve"));
+    _xml.writeCharacters(characters);
+}
+
+void SvgPage::writeMeaning(const DrawMark &mark)
+{
+    _xml.writeAttribute(QStringLiteral("data-kind"), latin(markKindText(mark.kind)));
+    const QString place = placeText(mark.place);
+    if (!place.isEmpty())
+        _xml.writeAttribute(QStringLiteral("data-place"), place);
+}
+
+} // namespace zarn::layout

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnLayout/export/ZarnSvgWriter.h>
+
+#include <QByteArray>
+#include <QXmlStreamWriter>
+
+#include <map>
+#include <set>
+#include <utility>
+
+namespace zarn::layout {
+
+/// Writes one sheet.
+class SvgPage {
+public:
+    SvgPage(const Layout &layout, const LayoutPage &page, SvgText text);
+
+    QByteArray write();
+
+private:
+    /// A face of the text font and a glyph's number in it.
+    using TextGlyph = std::pair<TextFace, std::uint32_t>;
+
+    void collectSymbols(const DrawList &list);
+    void writeSymbols();
+    void writeSymbol(const QString &id, const QString &outline);
+    void writeList(const DrawList &list);
+    void writeGlyph(const DrawMark &mark);
+    void writeLine(const DrawMark &mark);
+    void writePath(const DrawList &list, const DrawMark &mark);
+    void writeText(const DrawList &list, const DrawMark &mark);
+    void writeCharacters(const DrawList::Text &text, const QString &characters, Point at);
+    void writeUse(const QString &id, Point at, const QString &transform);
+    void writeMeaning(const DrawMark &mark);
+
+    const Layout &_layout;
+    const LayoutPage &_page;
+    SvgText _text;
+    QByteArray _bytes;
+    QXmlStreamWriter _xml;
+    std::set<GlyphId> _glyphs;
+    std::map<TextGlyph, QString> _textGlyphs;
+};
+
+} // namespace zarn::layout

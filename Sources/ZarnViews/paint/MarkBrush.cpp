@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnViews/paint/MarkBrush.h>
+
+#include <ZarnLayout/draw/ZarnDrawListBuilder.h>
+#include <ZarnViews/paint/ViewFonts.h>
+
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QPen>
+
+namespace zarn::views {
+
+using layout::Box;
+using layout::DrawList;
+using layout::DrawMark;
+using layout::MarkShape;
+
+MarkBrush::MarkBrush(QPainter &painter, const layout::MusicFont &font, GlyphPaths &paths,
+                     GlyphDrawing glyphs, const QColor &ink)
+    : _painter(painter), _font(font), _paths(paths), _glyphs(glyphs), _ink(ink)
+{
+    _painter.setBrush(_ink);
+    _painter.setPen(Qt::NoPen);
+}
+
+void MarkBrush::paint(const DrawList &list, const Box &exposed)
+{
+    for (const DrawMark &mark : list.marks()) {
+        if (!exposed.isEmpty() && !list.box(mark, _font).overlaps(exposed))
+            continue;
+        switch (mark.shape) {
+        case MarkShape::Glyph:
+            paintGlyph(mark);
+            break;
+        case MarkShape::Line:
+            paintLine(mark);
+            break;
+        case MarkShape::Path:
+            paintPath(list, mark);
+            break;
+        case MarkShape::Text:
+            paintText(list, mark);
+            break;
+        }
+    }
+}
+
+void MarkBrush::paintGlyph(const DrawMark &mark)
+{
+    const bool isUpright = mark.detail == 0 && mark.to.x == mark.to.y;
+    if (_glyphs == GlyphDrawing::Fonts && isUpright) {
+        // SMuFL: an em is four staff spaces, so scales in 1/1024 are a fourth of the em in units.
+        _painter.setFont(ViewFonts::instance().music(4 * mark.to.x));
+        _painter.setPen(_ink.color());
+        const char32_t codePoint = _font.codePoint(mark.glyph);
+        _painter.drawText(QPointF(mark.at.x, mark.at.y), QString::fromUcs4(&codePoint, 1));
+        _painter.setPen(Qt::NoPen);
+        return;
+    }
+    const QPainterPath &path = _paths.music(_font, mark.glyph);
+    const QTransform before = _painter.transform();
+    _painter.translate(mark.at.x, mark.at.y);
+    if (mark.detail != 0)
+        _painter.rotate(-90.0 * mark.detail);
+    if (mark.to != layout::GlyphForm().scale)
+        _painter.scale(mark.to.x / 1024.0, mark.to.y / 1024.0);
+    _painter.drawPath(path);
+    _painter.setTransform(before);
+}
+
+void MarkBrush::paintLine(const DrawMark &mark)
+{
+    QPen pen(_ink, mark.thickness, Qt::SolidLine,
+             mark.cap == layout::LineCap::Round ? Qt::RoundCap : Qt::FlatCap);
+    if (mark.detail != 0 && mark.thickness > 0) // patterns count in thicknesses
+        pen.setDashPattern({static_cast<qreal>(mark.detail) / mark.thickness,
+                            std::max(0.01, static_cast<qreal>(mark.gap) / mark.thickness)});
+    _painter.setPen(pen);
+    _painter.drawLine(QPointF(mark.at.x, mark.at.y), QPointF(mark.to.x, mark.to.y));
+    _painter.setPen(Qt::NoPen);
+}
+
+void MarkBrush::paintPath(const DrawList &list, const DrawMark &mark)
+{
+    const QPainterPath path = painterPath(list, mark);
+    if (mark.thickness == 0) {
+        _painter.drawPath(path);
+        return;
+    }
+    _painter.strokePath(path,
+                        QPen(_ink, mark.thickness, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+}
+
+void MarkBrush::paintText(const DrawList &list, const DrawMark &mark)
+{
+    const DrawList::Text &text = list.textOf(mark);
+    const auto characters = list.characters(mark);
+    const auto set = layout::FontOutlines::text(text.style.face).set(characters);
+    if (!set || _glyphs == GlyphDrawing::Fonts) {
+        paintCharacters(text,
+                        QString::fromUtf8(characters.data(), static_cast<int>(characters.size())),
+                        mark.at);
+        return;
+    }
+    const QTransform before = _painter.transform();
+    _painter.translate(mark.at.x, mark.at.y);
+    const double scale = text.style.size / 1000.0;
+    _painter.scale(scale, scale);
+    const double perUnit = 1000.0 / layout::FontOutlines::text(text.style.face).unitsPerEm();
+    const QTransform origin = _painter.transform();
+    for (const layout::SetGlyph &glyph : *set) {
+        _painter.setTransform(origin);
+        _painter.translate(glyph.x * perUnit, -glyph.y * perUnit);
+        _painter.drawPath(_paths.text(text.style.face, glyph.glyph));
+    }
+    _painter.setTransform(before);
+}
+
+/// Fonts of the system may be wider than the layout thinks: the text keeps its room.
+void MarkBrush::paintCharacters(const DrawList::Text &text, const QString &characters,
+                                layout::Point at)
+{
+    const QFont font = ViewFonts::instance().text(text.style.face, text.style.size);
+    const double width = QFontMetricsF(font).horizontalAdvance(characters);
+    const QTransform before = _painter.transform();
+    _painter.translate(at.x, at.y);
+    if (width > text.advance + 2 && text.advance > 0)
+        _painter.scale(text.advance / width, 1);
+    if (_glyphs == GlyphDrawing::Fonts) {
+        _painter.setFont(font);
+        _painter.setPen(_ink.color());
+        _painter.drawText(QPointF(0, 0), characters);
+        _painter.setPen(Qt::NoPen);
+    } else {
+        QPainterPath path;
+        path.setFillRule(Qt::WindingFill);
+        path.addText(QPointF(0, 0), font, characters);
+        _painter.drawPath(path);
+    }
+    _painter.setTransform(before);
+}
+
+} // namespace zarn::views

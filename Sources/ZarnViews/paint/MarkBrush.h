@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnViews/paint/GlyphPaths.h>
+#include <ZarnViews/paint/ZarnScorePainter.h>
+
+#include <QBrush>
+
+class QPainter;
+
+namespace zarn::views {
+
+/// Paints the marks of draw lists.
+class MarkBrush {
+public:
+    MarkBrush(QPainter &painter, const layout::MusicFont &font, GlyphPaths &paths,
+              GlyphDrawing glyphs, const QColor &ink);
+
+    /// Those that meet the box, or all for an empty one.
+    void paint(const layout::DrawList &list, const layout::Box &exposed);
+
+private:
+    void paintGlyph(const layout::DrawMark &mark);
+    void paintLine(const layout::DrawMark &mark);
+    void paintPath(const layout::DrawList &list, const layout::DrawMark &mark);
+    void paintText(const layout::DrawList &list, const layout::DrawMark &mark);
+    void paintCharacters(const layout::DrawList::Text &text, const QString &characters,
+                         layout::Point at);
+
+    QPainter &_painter;
+    const layout::MusicFont &_font;
+    GlyphPaths &_paths;
+    GlyphDrawing _glyphs;
+    QBrush _ink;
+};
+
+} // namespace zarn::views

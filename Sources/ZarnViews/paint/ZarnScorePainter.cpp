@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnViews/paint/ZarnScorePainter.h>
+
+#include <ZarnCore/ZarnAssert.h>
+#include <ZarnViews/paint/GlyphPaths.h>
+#include <ZarnViews/paint/MarkBrush.h>
+
+#include <QPainter>
+
+namespace zarn::views {
+
+struct ScorePainter::Caches {
+    GlyphPaths paths;
+};
+
+ScorePainter::ScorePainter(GlyphDrawing glyphs)
+    : _glyphs(glyphs), _caches(std::make_unique<Caches>())
+{
+}
+
+ScorePainter::~ScorePainter() = default;
+
+void ScorePainter::paintPage(QPainter &painter, const layout::Layout &layout, std::size_t page,
+                             const layout::Box &exposed)
+{
+    ZARN_ASSERT_IN("zarn::views::ScorePainter::paintPage", page < layout.pages().size());
+    const layout::LayoutPage &sheet = layout.pages()[page];
+    painter.save();
+    MarkBrush brush(painter, layout.font(), _caches->paths, _glyphs, _ink);
+    if (sheet.marks != nullptr)
+        brush.paint(*sheet.marks, exposed);
+    for (const layout::PlacedSystem &system : sheet.systems) {
+        painter.save();
+        painter.translate(system.at.x, system.at.y);
+        brush.paint(system.drawing->marks,
+                    exposed.isEmpty() ? exposed : exposed.movedBy({-system.at.x, -system.at.y}));
+        painter.restore();
+    }
+    painter.restore();
+}
+
+} // namespace zarn::views
