@@ -1,0 +1,410 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnLayout/engrave/BarEngraver.h>
+
+#include <ZarnLayout/engrave/ChordInks.h>
+#include <ZarnLayout/engrave/HeadGlyph.h>
+#include <ZarnLayout/engrave/TabFret.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace zarn::engraving {
+
+using NoteValue = RhythmValue::NoteValue;
+
+namespace {
+
+bool isWritten(const BeatSource &beat)
+{
+    return !beat.isPlaceHolder;
+}
+
+double scaleOf(const BeatSource &beat)
+{
+    return beat.isGrace() ? graceScale : beat.marks.isCue() ? cueScale : 1;
+}
+
+/// Whether two chords of different voices may share their heads.
+bool shareHeads(const Chord &left, const Chord &right)
+{
+    if (left.heads.size() != 1 || right.heads.size() != 1)
+        return false;
+    const Head &a = left.heads.front();
+    const Head &b = right.heads.front();
+    return a.line == b.line && a.glyph == b.glyph && left.scale == right.scale
+        && left.beat->rhythm.getAugmentationDot() == right.beat->rhythm.getAugmentationDot()
+        && left.hasStem && right.hasStem && left.isStemUp != right.isStemUp;
+}
+
+} // namespace
+
+bool isDrawn(const VoiceSource &voice)
+{
+    return std::any_of(voice.beats.begin(), voice.beats.end(), isWritten);
+}
+
+EngravedBar BarEngraver::engrave(const BarSource &source, const ColumnSource &column,
+                                 const Onsets &onsets, unsigned barIndex)
+{
+    _result = {};
+    _source = &source;
+    _shared = &column;
+    _onsets = &onsets;
+    _bar = barIndex;
+    _result.columns.resize(onsets.size());
+    if (source.simile != SimileMark::None) {
+        addSimile();
+        return std::move(_result);
+    }
+    _hasVoices = std::count_if(source.voices.begin(), source.voices.end(), isDrawn) > 1;
+    for (const VoiceSource &voice : source.voices)
+        addChords(voice);
+    chooseStems();
+    for (Chord &chord : _result.chords) {
+        placeHeads(chord);
+        placeStem(chord);
+    }
+    placeVoices();
+    addInks();
+    addSpaces();
+    return std::move(_result);
+}
+
+MarkPlace BarEngraver::placeOf(const Chord &chord, int note) const
+{
+    MarkPlace place;
+    place.track = static_cast<int>(_row.track);
+    place.bar = static_cast<int>(_bar);
+    place.staff = static_cast<int>(_row.staff);
+    place.voice = static_cast<int>(chord.voice);
+    place.beat = chord.beat->index;
+    place.note = note;
+    return place;
+}
+
+void BarEngraver::addChords(const VoiceSource &voice)
+{
+    for (const BeatSource &beat : voice.beats) {
+        if (!isWritten(beat))
+            continue;
+        if (beat.isWholeBarRest && _source->voices.size() >= 1) {
+            addCentred(&beat);
+            continue;
+        }
+        Chord chord;
+        chord.beat = &beat;
+        chord.voice = voice.number;
+        chord.scale = scaleOf(beat);
+        chord.column = static_cast<unsigned>(
+            std::lower_bound(_onsets->begin(), _onsets->end(), beat.onset) - _onsets->begin());
+        chord.hasStem = beat.hasStem() && (_row.notation != Notation::Tablature || _row.hasRhythm);
+        if (!beat.isRest)
+            addHeads(chord);
+        _result.chords.push_back(std::move(chord));
+    }
+}
+
+void BarEngraver::addHeads(Chord &chord)
+{
+    const BeatSource &beat = *chord.beat;
+    const Fonts &fonts = _pen.fonts();
+    const int middle = static_cast<int>(_row.lineCount) - 1;
+    if (_row.notation == Notation::Slash || beat.noteCount == 0) {
+        // A slash for the whole beat; strings that are slapped dead are a cross on the staff.
+        Head head;
+        head.note = beat.firstNote;
+        head.line = static_cast<std::int16_t>(_row.notation == Notation::Tablature ? middle / 2
+                                                                                   : middle);
+        head.glyph = fonts.glyph(_row.notation == Notation::Slash ? slashHead(beat.rhythm)
+                                                                  : Sign::NoteheadXBlack);
+        chord.heads.push_back(head);
+    } else {
+        for (unsigned i = 0; i < beat.noteCount; ++i) {
+            const auto number = static_cast<std::uint16_t>(beat.firstNote + i);
+            const NoteSource &note = _source->notes[number];
+            Head head;
+            head.note = number;
+            if (_row.notation == Notation::Tablature) {
+                head.line = static_cast<std::int16_t>(note.string);
+                if (note.string < 0 || note.string >= static_cast<int>(_row.lineCount))
+                    _problems.add(placeOf(chord, static_cast<int>(i)),
+                                  note.string < 0 ? "The note has no string."
+                                                  : "The tuning lacks the string of the note.");
+                if (note.string < 0)
+                    head.line = static_cast<std::int16_t>(i % std::max(1U, _row.lineCount));
+            } else {
+                head.line = note.line == NoteSource::NoLine ? static_cast<std::int16_t>(middle)
+                                                            : note.line;
+                if (note.line == NoteSource::NoLine)
+                    _problems.add(placeOf(chord, static_cast<int>(i)),
+                                  "The note has no place on the staff.");
+                head.glyph = headGlyph(note, beat, fonts);
+            }
+            chord.heads.push_back(head);
+        }
+    }
+    std::stable_sort(chord.heads.begin(), chord.heads.end(),
+                     [](const Head &left, const Head &right) { return left.line < right.line; });
+}
+
+void BarEngraver::chooseStems()
+{
+    auto &chords = _result.chords;
+    for (std::size_t first = 0; first < chords.size();) {
+        std::size_t end = first + 1;
+        while (end < chords.size() && chords[end - 1].beat->isBeamedOn
+               && chords[end].voice == chords[first].voice
+               && chords[end].beat->isGrace() == chords[first].beat->isGrace())
+            ++end;
+        chooseStem(first, end);
+        first = end;
+    }
+}
+
+void BarEngraver::chooseStem(std::size_t first, std::size_t end)
+{
+    auto &chords = _result.chords;
+    const bool isUpperVoice = chords[first].voice % 2 == 0;
+    const int middle = static_cast<int>(_row.lineCount) - 1;
+    bool isUp = _row.notation == Notation::Slash;
+    bool isForced = _row.notation == Notation::Slash;
+    bool isSaid = false;
+    if (_row.notation != Notation::Slash) {
+        int highest = -1000;
+        int lowest = 1000;
+        for (std::size_t i = first; i < end; ++i)
+            for (const Head &head : chords[i].heads) {
+                highest = std::max<int>(highest, head.line);
+                lowest = std::min<int>(lowest, head.line);
+            }
+        isUp = middle - lowest > highest - middle;
+        if (_row.notation == Notation::Tablature)
+            isUp = false;
+        if (chords[first].beat->isGrace())
+            isUp = true;
+    }
+    if (_hasVoices) {
+        isUp = isUpperVoice;
+        isForced = true;
+    }
+    for (std::size_t i = first; i < end; ++i) {
+        const ZarnStemOrientation said = chords[i].beat->marks.stemOrientation();
+        if (said != ZarnStemOrientation::Undefined && !isSaid
+            && _row.notation != Notation::Tablature) {
+            isUp = said == ZarnStemOrientation::Upward;
+            isForced = isSaid = true;
+        }
+    }
+    for (std::size_t i = first; i < end; ++i) {
+        chords[i].isStemUp = isUp;
+        chords[i].isForced = isForced;
+        chords[i].isBeamed = end - first > 1 && chords[i].beat->flagCount() > 0;
+    }
+}
+
+void BarEngraver::placeHeads(Chord &chord)
+{
+    if (chord.isRest())
+        return;
+    const Fonts &fonts = _pen.fonts();
+    if (_row.notation == Notation::Tablature) {
+        // Numbers stand around the middle of a head, so that they are below the notes.
+        chord.width = fonts.box(Sign::NoteheadBlack).right * chord.scale;
+        for (Head &head : chord.heads) {
+            head.y = _row.yOfString(head.line);
+            head.glyph = fonts.glyph(Sign::NoteheadBlack);
+            head.width = fretWidth(_source->notes, head, *chord.beat, _pen) * chord.scale;
+            head.x = chord.width / 2 - head.width / 2;
+        }
+        return;
+    }
+    for (Head &head : chord.heads) {
+        head.y = _row.yOfLine(head.line);
+        head.width = fonts.box(head.glyph).right * chord.scale;
+        chord.width = std::max(chord.width, head.width);
+    }
+    // From the end of the stem that is at a head, every other note of a cluster goes to the far
+    // side.
+    const auto count = chord.heads.size();
+    bool wasDisplaced = false;
+    for (std::size_t step = 0; step < count; ++step) {
+        const std::size_t i = chord.isStemUp ? step : count - 1 - step;
+        Head &head = chord.heads[i];
+        bool isDisplaced = false;
+        if (step > 0) {
+            const Head &before = chord.heads[chord.isStemUp ? i - 1 : i + 1];
+            isDisplaced = std::abs(head.line - before.line) <= 1 && !wasDisplaced;
+        }
+        if (isDisplaced)
+            head.x = chord.isStemUp ? chord.width - fonts.stem() : fonts.stem() - head.width;
+        else
+            head.x = chord.isStemUp ? chord.width - head.width : 0;
+        head.isDisplaced = wasDisplaced = isDisplaced;
+    }
+}
+
+void BarEngraver::placeStem(Chord &chord)
+{
+    if (chord.isRest() || !chord.hasStem)
+        return;
+    const Fonts &fonts = _pen.fonts();
+    const double scale = chord.scale;
+    const int flags = chord.beat->flagCount();
+    const int direction = chord.isStemUp ? -1 : 1;
+    if (_row.notation == Notation::Tablature) {
+        const bool isShort = chord.beat->rhythm.getNoteValue() == NoteValue::Half;
+        const double edge = chord.isStemUp ? -1.0 : _row.height() + 1.0;
+        chord.stemX = chord.width / 2;
+        chord.stemRoot = edge + direction * (isShort ? 1.5 : 0);
+        chord.stemTip = edge + direction * (2.75 + 0.5 * std::max(0, flags - 2));
+        return;
+    }
+    const double half = fonts.stem() / 2;
+    const Head &nearTip = chord.isStemUp ? chord.heads.back() : chord.heads.front();
+    const Head &root = chord.isStemUp ? chord.heads.front() : chord.heads.back();
+    const Point anchor = chord.isStemUp ? fonts.stemUp(root.glyph) : fonts.stemDown(root.glyph);
+    chord.stemX = chord.isStemUp ? chord.width - half : half;
+    chord.stemRoot = root.y + anchor.y * scale;
+    double length = (3.5 + 0.75 * std::max(0, flags - 2)) * (scale < 1 ? 0.75 : 1);
+    const unsigned strokes = chord.beat->marks.tremolo();
+    if (strokes > 0)
+        length = std::max(length, 3.0 + 0.8 * strokes);
+    double tip = nearTip.y + direction * length;
+    const double middle = _row.height() / 2;
+    const bool isOutward = chord.isStemUp ? nearTip.y < 0 : nearTip.y > _row.height();
+    if (isOutward && flags == 0 && strokes == 0 && scale == 1)
+        tip = nearTip.y + direction * 3.0;
+    // A stem from far outside reaches the middle line.
+    if (scale == 1 && _row.notation == Notation::Standard && !chord.beat->isGrace())
+        tip = chord.isStemUp ? std::min(tip, std::max(middle, nearTip.y - 40.0))
+                             : std::max(tip, std::min(middle, nearTip.y + 40.0));
+    chord.stemTip = tip;
+}
+
+void BarEngraver::placeVoices()
+{
+    if (!_hasVoices || _row.notation == Notation::Tablature)
+        return;
+    auto &chords = _result.chords;
+    std::vector<std::vector<std::size_t>> byColumn(_onsets->size());
+    for (std::size_t i = 0; i < chords.size(); ++i)
+        if (!chords[i].beat->isGrace())
+            byColumn[chords[i].column].push_back(i);
+    const Fonts &fonts = _pen.fonts();
+    for (const auto &members : byColumn) {
+        // Stems upwards first: what stands in their way goes to the right.
+        std::vector<std::size_t> order(members);
+        std::stable_sort(order.begin(), order.end(), [&](std::size_t left, std::size_t right) {
+            return chords[left].isStemUp && !chords[right].isStemUp;
+        });
+        std::vector<Box> taken;
+        std::vector<std::size_t> done;
+        for (const std::size_t index : order) {
+            Chord &chord = chords[index];
+            if (chord.isRest())
+                continue;
+            const bool isShared =
+                std::any_of(done.begin(), done.end(), [&](std::size_t other) {
+                    return chords[other].x == 0 && shareHeads(chords[other], chord);
+                });
+            if (!isShared) {
+                const std::vector<Box> shape = chordShape(chord, fonts);
+                double x = 0;
+                for (int tries = 0; tries < 8; ++tries) {
+                    bool isClear = true;
+                    double next = x;
+                    for (const Box &part : shape)
+                        for (const Box &box : taken)
+                            if (part.movedBy(x, 0).meets(box, -0.02)) {
+                                isClear = false;
+                                next = std::max(next, box.right - part.left);
+                            }
+                    if (isClear)
+                        break;
+                    x = next + (next == x ? 0.2 : 0);
+                }
+                chord.x = x;
+            }
+            for (const Box &part : chordShape(chord, fonts))
+                taken.push_back(part.movedBy(chord.x, 0));
+            done.push_back(index);
+        }
+    }
+}
+
+void BarEngraver::addCentred(const BeatSource *rest)
+{
+    if (!_result.centred.empty())
+        return;
+    const double y = _row.lineCount >= 4 ? _row.yOfLine(static_cast<int>(_row.lineCount) * 2 - 4)
+                                         : _row.height() / 2;
+    Chord chord;
+    chord.beat = rest;
+    for (const VoiceSource &voice : _source->voices)
+        if (!voice.beats.empty() && &voice.beats.front() <= rest && rest <= &voice.beats.back())
+            chord.voice = voice.number;
+    double shift = 0;
+    if (_hasVoices)
+        shift = chord.voice % 2 == 0 ? -2 : 2;
+    Ink ink = _pen.glyph(MarkKind::Rest, Sign::RestWhole, 0, y + shift);
+    const double width = ink.box.width();
+    ink.move(-width / 2, 0);
+    ink.place = placeOf(chord);
+    _result.centred.push_back(std::move(ink));
+    _result.centredWidth = width;
+}
+
+void BarEngraver::addSimile()
+{
+    if (_source->simile == SimileMark::SecondOfDouble)
+        return; // the sign of the two stands on the line between them
+    const bool isDouble = _source->simile == SimileMark::FirstOfDouble;
+    Ink ink = _pen.glyph(MarkKind::Simile, isDouble ? Sign::Repeat2Bars : Sign::Repeat1Bar, 0,
+                         _row.height() / 2);
+    const double width = ink.box.width();
+    ink.move(-width / 2, 0);
+    ink.place.track = static_cast<int>(_row.track);
+    ink.place.staff = static_cast<int>(_row.staff);
+    ink.place.bar = static_cast<int>(_bar);
+    _result.centred.push_back(std::move(ink));
+    _result.centredWidth = width;
+}
+
+void BarEngraver::addInks()
+{
+    ChordInks inks(_row, _pen, *_source, _bar, _hasVoices);
+    inks.add(_result);
+}
+
+void BarEngraver::addSpaces()
+{
+    for (const Chord &chord : _result.chords) {
+        if (chord.beat->isGrace())
+            continue;
+        auto &boxes = _result.columns[chord.column].boxes;
+        for (std::uint32_t i = chord.firstInk; i < chord.inkEnd; ++i) {
+            const Ink &ink = _result.inks[i];
+            SpaceBox::Kind kind = SpaceBox::Kind::Sign;
+            switch (ink.kind) {
+            case MarkKind::NoteHead:
+            case MarkKind::Slash:
+            case MarkKind::Fret: kind = SpaceBox::Kind::Head; break;
+            case MarkKind::Accidental: kind = SpaceBox::Kind::Accidental; break;
+            case MarkKind::AugmentationDot: kind = SpaceBox::Kind::Dot; break;
+            case MarkKind::Stem:
+            case MarkKind::Flag: kind = SpaceBox::Kind::Stem; break;
+            case MarkKind::LedgerLine: kind = SpaceBox::Kind::Ledger; break;
+            case MarkKind::Rest: kind = SpaceBox::Kind::Rest; break;
+            default: break;
+            }
+            boxes.push_back({ink.box.movedBy(chord.x, 0), kind});
+        }
+        if (chord.isBeamed && chord.hasStem)
+            boxes.push_back(
+                {{chord.x + chord.stemX - 0.06, std::min(chord.stemTip, chord.stemRoot),
+                  chord.x + chord.stemX + 0.06, std::max(chord.stemTip, chord.stemRoot)},
+                 SpaceBox::Kind::Stem});
+    }
+}
+
+} // namespace zarn::engraving

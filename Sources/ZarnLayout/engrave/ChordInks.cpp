@@ -1,0 +1,364 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnLayout/engrave/ChordInks.h>
+
+#include <ZarnLayout/engrave/TabFret.h>
+
+#include <algorithm>
+#include <cmath>
+#include <set>
+
+namespace zarn::engraving {
+
+using NoteValue = RhythmValue::NoteValue;
+
+namespace {
+
+constexpr double dotGap = 0.35;
+
+Sign restOf(NoteValue value)
+{
+    return Sign::RestLonga + (static_cast<int>(value) - static_cast<int>(NoteValue::Long));
+}
+
+} // namespace
+
+Sign flagOf(int count, bool isUp)
+{
+    return (isUp ? Sign::Flag8thUp : Sign::Flag8thDown) + (std::clamp(count, 1, 6) - 1);
+}
+
+std::vector<Box> chordShape(const Chord &chord, const Fonts &fonts)
+{
+    std::vector<Box> boxes;
+    for (const Head &head : chord.heads) {
+        // The corners of a head are round: neighbours on lines and spaces do not touch.
+        const double half = 0.5 * chord.scale;
+        boxes.push_back({head.x, head.y - half, head.x + head.width, head.y + half});
+    }
+    if (!chord.hasStem)
+        return boxes;
+    const double half = fonts.stem() / 2;
+    const double top = std::min(chord.stemRoot, chord.stemTip);
+    const double bottom = std::max(chord.stemRoot, chord.stemTip);
+    boxes.push_back({chord.stemX - half, top, chord.stemX + half, bottom});
+    if (!chord.isBeamed && chord.beat->flagCount() > 0) {
+        const Box &flag = fonts.box(flagOf(chord.beat->flagCount(), chord.isStemUp));
+        boxes.push_back(Box{flag.left * chord.scale, flag.top * chord.scale,
+                            flag.right * chord.scale, flag.bottom * chord.scale}
+                            .movedBy(chord.stemX - half, chord.stemTip));
+    }
+    return boxes;
+}
+
+MarkPlace ChordInks::placeOf(const Chord &chord, int note) const
+{
+    MarkPlace place;
+    place.track = static_cast<std::int16_t>(_row.track);
+    place.bar = static_cast<std::int32_t>(_bar);
+    place.staff = static_cast<std::int8_t>(_row.staff);
+    place.voice = static_cast<std::int8_t>(chord.voice);
+    place.beat = static_cast<std::int16_t>(chord.beat->index);
+    place.note = static_cast<std::int16_t>(note);
+    return place;
+}
+
+void ChordInks::add(EngravedBar &bar)
+{
+    std::vector<std::vector<Chord *>> mains(bar.columns.size());
+    for (Chord &chord : bar.chords)
+        if (!chord.beat->isGrace())
+            mains[chord.column].push_back(&chord);
+
+    // Accidentals of all voices of a column stand together; those of a grace note by themselves.
+    std::vector<std::vector<PackedAccidental>> byChord(bar.chords.size());
+    const auto packColumn = [&](const std::vector<Chord *> &column) {
+        if (_row.notation != Notation::Standard)
+            return;
+        std::vector<Box> taken;
+        std::vector<PackedAccidental> all;
+        std::set<std::pair<int, int>> seen;
+        for (const Chord *chord : column) {
+            for (const Box &box : chordShape(*chord, _pen.fonts()))
+                taken.push_back(box.movedBy(chord->x, 0));
+            if (chord->isRest() || chord->beat->noteCount == 0)
+                continue;
+            for (const Head &head : chord->heads) {
+                const NoteSource &note = _source.notes[head.note];
+                if (!note.accidental.isShown())
+                    continue;
+                // Voices that share a head share its accidental.
+                if (!seen.insert({head.line, static_cast<int>(note.accidental.sign)}).second)
+                    continue;
+                PackedAccidental accidental;
+                accidental.inks = accidentalInks(note.accidental, _pen, chord->scale);
+                for (Ink &ink : accidental.inks)
+                    ink.place = placeOf(*chord, head.note - chord->beat->firstNote);
+                accidental.y = head.y;
+                all.push_back(std::move(accidental));
+            }
+        }
+        if (all.empty())
+            return;
+        // The packer sorts: whose they are, their places say.
+        packAccidentals(all, taken, _pen.fonts());
+        for (PackedAccidental &accidental : all) {
+            const MarkPlace &place = accidental.inks.front().place;
+            for (const Chord *chord : column)
+                if (static_cast<int>(chord->voice) == place.voice
+                    && static_cast<int>(chord->beat->index) == place.beat)
+                    byChord[static_cast<std::size_t>(chord - bar.chords.data())].push_back(
+                        std::move(accidental));
+        }
+    };
+    for (const auto &column : mains)
+        packColumn(column);
+    for (Chord &chord : bar.chords)
+        if (chord.beat->isGrace())
+            packColumn({&chord});
+
+    for (std::size_t i = 0; i < bar.chords.size(); ++i) {
+        Chord &chord = bar.chords[i];
+        chord.firstInk = static_cast<std::uint32_t>(bar.inks.size());
+        addChord(chord, bar.inks);
+        double left = chord.heads.empty() ? 0 : 1e9;
+        for (const Head &head : chord.heads)
+            left = std::min(left, head.x);
+        for (PackedAccidental &accidental : byChord[i]) {
+            move(accidental.inks, accidental.x - chord.x, accidental.y);
+            for (Ink &ink : accidental.inks) {
+                left = std::min(left, ink.box.left);
+                bar.inks.push_back(std::move(ink));
+            }
+        }
+        if (chord.beat->rhythm.getAugmentationDot() > 0
+            && (_row.notation != Notation::Tablature || _row.hasRhythm)) {
+            std::vector<Chord *> single = {&chord};
+            addDots(chord,
+                    dotStart(chord, chord.beat->isGrace() ? single : mains[chord.column]),
+                    bar.inks);
+        }
+        addArpeggio(chord, left, bar.inks);
+        chord.inkEnd = static_cast<std::uint32_t>(bar.inks.size());
+    }
+}
+
+void ChordInks::addChord(const Chord &chord, Inks &inks) const
+{
+    if (chord.isRest()) {
+        addRest(chord, inks);
+        return;
+    }
+    addLedgers(chord, inks);
+    addStem(chord, inks);
+    addHeads(chord, inks);
+}
+
+void ChordInks::addHeads(const Chord &chord, Inks &inks) const
+{
+    for (const Head &head : chord.heads) {
+        const bool isNote = chord.beat->noteCount > 0 && _row.notation != Notation::Slash;
+        const MarkPlace place =
+            placeOf(chord, isNote ? head.note - chord.beat->firstNote : -1);
+        if (isNote && _row.notation == Notation::Tablature) {
+            addFret(inks, _source.notes[head.note], head, chord.scale, place, _pen);
+            continue;
+        }
+        Ink ink = _pen.glyph(_row.notation == Notation::Slash ? MarkKind::Slash
+                                 : isNote                    ? MarkKind::NoteHead
+                                                             : MarkKind::Technique,
+                             head.glyph, head.x, head.y, chord.scale);
+        ink.place = place;
+        inks.push_back(std::move(ink));
+        if (!isNote || !_source.notes[head.note].marks.isGhost())
+            continue;
+        for (const bool isLeft : {true, false}) {
+            const Sign sign =
+                isLeft ? Sign::NoteheadParenthesisLeft : Sign::NoteheadParenthesisRight;
+            const Box &box = _pen.fonts().box(sign);
+            Ink paren = _pen.glyph(MarkKind::Enclosure, sign,
+                                   isLeft ? head.x - 0.1 - box.right * chord.scale
+                                          : head.x + head.width + 0.1 - box.left * chord.scale,
+                                   head.y, chord.scale);
+            paren.place = place;
+            inks.push_back(std::move(paren));
+        }
+    }
+}
+
+void ChordInks::addLedgers(const Chord &chord, Inks &inks) const
+{
+    if (_row.notation != Notation::Standard || chord.beat->noteCount == 0)
+        return;
+    const int topLine = (static_cast<int>(_row.lineCount) - 1) * 2;
+    const double extension = 0.4 * chord.scale;
+    const auto addLine = [&](int line, double left, double right) {
+        Ink ink = _pen.line(MarkKind::LedgerLine, {left, _row.yOfLine(line)},
+                            {right, _row.yOfLine(line)}, _pen.fonts().ledger());
+        ink.place = placeOf(chord);
+        inks.push_back(std::move(ink));
+    };
+    // Each line is as long as the heads at it or outside of it need, counting a head on the far
+    // side only where it is.
+    int lowest = -1;
+    int highest = topLine + 1;
+    for (const Head &head : chord.heads) {
+        lowest = std::min<int>(lowest, head.line);
+        highest = std::max<int>(highest, head.line);
+    }
+    const auto extent = [&](int line, bool isAbove) {
+        std::pair<double, double> sides = {1e9, -1e9};
+        for (const Head &head : chord.heads)
+            if (isAbove ? head.line >= line : head.line <= line)
+                if (!head.isDisplaced || std::abs(head.line - line) <= 1) {
+                    sides.first = std::min(sides.first, head.x);
+                    sides.second = std::max(sides.second, head.x + head.width);
+                }
+        return sides;
+    };
+    for (int line = -2; line >= lowest; line -= 2) {
+        const auto [left, right] = extent(line, false);
+        if (right > left)
+            addLine(line, left - extension, right + extension);
+    }
+    for (int line = topLine + 2; line <= highest; line += 2) {
+        const auto [left, right] = extent(line, true);
+        if (right > left)
+            addLine(line, left - extension, right + extension);
+    }
+}
+
+void ChordInks::addStem(const Chord &chord, Inks &inks) const
+{
+    if (!chord.hasStem || chord.isBeamed)
+        return;
+    Ink stem = _pen.line(MarkKind::Stem, {chord.stemX, chord.stemRoot},
+                         {chord.stemX, chord.stemTip}, _pen.fonts().stem());
+    stem.place = placeOf(chord);
+    inks.push_back(std::move(stem));
+    const int flags = chord.beat->flagCount();
+    if (flags > 0) {
+        Ink flag = _pen.glyph(MarkKind::Flag, flagOf(flags, chord.isStemUp),
+                              chord.stemX - _pen.fonts().stem() / 2, chord.stemTip, chord.scale);
+        flag.place = placeOf(chord);
+        inks.push_back(std::move(flag));
+    }
+}
+
+void ChordInks::addRest(const Chord &chord, Inks &inks) const
+{
+    if (_row.notation == Notation::Tablature && !_row.hasRhythm)
+        return;
+    const NoteValue value = chord.beat->rhythm.getNoteValue();
+    double y = _row.height() / 2;
+    if (value == NoteValue::Whole && _row.lineCount > 2)
+        y -= _row.lineDistance;
+    if (_hasVoices)
+        y += chord.voice % 2 == 0 ? -2 : 2;
+    Ink ink = _pen.glyph(MarkKind::Rest, restOf(value), 0, y, chord.scale);
+    ink.place = placeOf(chord);
+    inks.push_back(std::move(ink));
+}
+
+double ChordInks::dotStart(const Chord &chord, const std::vector<Chord *> &column) const
+{
+    double right = 0;
+    for (const Chord *other : column) {
+        for (const Head &head : other->heads)
+            right = std::max(right, other->x - chord.x + head.x + head.width);
+        if (other->isRest())
+            right = std::max(
+                right, other->x - chord.x
+                           + _pen.fonts().box(restOf(other->beat->rhythm.getNoteValue())).right);
+    }
+    // A flag that comes down as far as the dot.
+    const int flags = chord.beat->flagCount();
+    if (chord.hasStem && !chord.isBeamed && flags > 0 && chord.isStemUp && !chord.isRest()
+        && _row.notation != Notation::Tablature) {
+        const Box &flag = _pen.fonts().box(flagOf(flags, true));
+        const double lowest = chord.stemTip + flag.bottom * chord.scale;
+        if (lowest > chord.heads.back().y - 1)
+            right = std::max(right, chord.stemX + flag.right * chord.scale - 0.2);
+    }
+    return right + dotGap;
+}
+
+void ChordInks::addDots(const Chord &chord, double right, Inks &inks) const
+{
+    const unsigned count = chord.beat->rhythm.getAugmentationDot();
+    std::vector<double> places;
+    if (chord.isRest()) {
+        double y = _row.height() / 2 - 0.5 * _row.lineDistance;
+        if (_hasVoices)
+            y += chord.voice % 2 == 0 ? -2 : 2;
+        places.push_back(y);
+    } else if (_row.notation == Notation::Tablature) {
+        places.push_back(chord.stemTip - (chord.isStemUp ? -0.5 : 0.5));
+        right = chord.stemX + 0.35;
+    } else {
+        // In spaces, one in each: from the highest head down, those of lower voices from below.
+        std::set<int> taken;
+        const bool isLower = _hasVoices && chord.voice % 2 == 1;
+        for (auto head = chord.heads.rbegin(); head != chord.heads.rend(); ++head) {
+            int line = head->line;
+            if (line % 2 == 0)
+                line += isLower ? -1 : 1;
+            while (!taken.insert(line).second)
+                line -= 2;
+            places.push_back(_row.yOfLine(line));
+        }
+    }
+    const double width = _pen.fonts().box(Sign::AugmentationDot).right;
+    for (const double y : places)
+        for (unsigned i = 0; i < count; ++i) {
+            Ink dot = _pen.glyph(MarkKind::AugmentationDot, Sign::AugmentationDot,
+                                 right + i * (width + 0.25), y, chord.scale);
+            dot.place = placeOf(chord);
+            inks.push_back(std::move(dot));
+        }
+}
+
+void ChordInks::addArpeggio(const Chord &chord, double left, Inks &inks) const
+{
+    const Direction arpeggio = chord.beat->marks.arpeggioDirection();
+    const Direction brush = chord.beat->marks.brushDirection();
+    const bool hasBracket = chord.beat->marks.isNonArpeggio();
+    if (chord.isRest()
+        || (arpeggio == Direction::None && brush == Direction::None && !hasBracket))
+        return;
+    const double top = chord.top() - 0.75;
+    const double bottom = chord.bottom() + 0.75;
+    const double x = left - 0.55;
+    const auto add = [&](Ink ink) {
+        ink.place = placeOf(chord);
+        inks.push_back(std::move(ink));
+    };
+    if (hasBracket) {
+        add(_pen.polyline(MarkKind::Arpeggio,
+                          {{x + 0.3, top}, {x - 0.1, top}, {x - 0.1, bottom}, {x + 0.3, bottom}},
+                          0.16));
+        return;
+    }
+    // Down is the way of the hand, from the lowest string: on the sheet its arrow leads upwards.
+    const bool isBrush = brush != Direction::None;
+    const bool leadsUp = isBrush ? brush == Direction::Down : arpeggio == Direction::Up;
+    std::vector<Point> points;
+    if (isBrush) {
+        points = {{x, top}, {x, bottom}};
+    } else {
+        constexpr double wave = 1.0;
+        const int steps = std::max(8, static_cast<int>((bottom - top) / wave * 8));
+        for (int i = 0; i <= steps; ++i) {
+            const double y = top + (bottom - top) * i / steps;
+            points.push_back({x + 0.22 * std::sin((y - top) / wave * 6.283185307), y});
+        }
+    }
+    add(_pen.polyline(MarkKind::Arpeggio, points, isBrush ? 0.14 : 0.2));
+    if (isBrush || arpeggio == Direction::Down) {
+        const double tip = leadsUp ? top - 0.3 : bottom + 0.3;
+        const double back = leadsUp ? 0.8 : -0.8;
+        add(_pen.polygon(MarkKind::Arpeggio,
+                         {{x, tip}, {x - 0.32, tip + back}, {x + 0.32, tip + back}}));
+    }
+}
+
+} // namespace zarn::engraving

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnLayout/engrave/AccidentalPacker.h>
+#include <ZarnLayout/engrave/EngravedBar.h>
+#include <ZarnLayout/engrave/Pen.h>
+#include <ZarnLayout/source/Rows.h>
+
+namespace zarn::engraving {
+
+/// Makes the marks of the chords and rests of a bar whose heads and stems have their places:
+/// heads, ledger lines, stems and flags of what is not beamed, dots, accidentals, arpeggios.
+class ChordInks {
+public:
+    ChordInks(const Row &row, const Pen &pen, const BarSource &source, unsigned bar,
+              bool hasVoices)
+        : _row(row), _pen(pen), _source(source), _bar(bar), _hasVoices(hasVoices)
+    {
+    }
+
+    void add(EngravedBar &bar);
+
+private:
+    void addChord(const Chord &chord, Inks &inks) const;
+    void addHeads(const Chord &chord, Inks &inks) const;
+    void addLedgers(const Chord &chord, Inks &inks) const;
+    void addStem(const Chord &chord, Inks &inks) const;
+    void addRest(const Chord &chord, Inks &inks) const;
+    void addDots(const Chord &chord, double right, Inks &inks) const;
+    void addArpeggio(const Chord &chord, double left, Inks &inks) const;
+    double dotStart(const Chord &chord, const std::vector<Chord *> &column) const;
+    MarkPlace placeOf(const Chord &chord, int note = -1) const;
+
+    const Row &_row;
+    const Pen &_pen;
+    const BarSource &_source;
+    unsigned _bar;
+    bool _hasVoices;
+};
+
+/// Heads, stem and flag of a chord as boxes around its origin, to see what stands in whose way.
+std::vector<Box> chordShape(const Chord &chord, const Fonts &fonts);
+
+/// The flags of a stem.
+Sign flagOf(int count, bool isUp);
+
+} // namespace zarn::engraving

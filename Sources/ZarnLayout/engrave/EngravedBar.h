@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnLayout/engrave/Ink.h>
+#include <ZarnLayout/source/BarSource.h>
+
+#include <cstdint>
+#include <vector>
+
+namespace zarn::engraving {
+
+/// A head, or the number of a fret, of a chord.
+struct Head {
+    std::uint16_t note = 0; ///< number in the bar's notes
+    std::int16_t line = 0;  ///< half spaces above the bottom line; in tablature the string
+    double x = 0;           ///< its left edge, from the origin of the chord
+    double y = 0;
+    double width = 0;
+    std::uint32_t glyph = 0;
+    bool isDisplaced = false; ///< on the other side of the stem
+};
+
+/// A beat of one row as it is engraved: a chord, a rest, or a sign in their place. Its marks lie
+/// around its origin, the left edge of the heads on the usual side of the stem.
+struct Chord {
+    const BeatSource *beat = nullptr;
+    unsigned voice = 0;    ///< number
+    unsigned column = 0;   ///< of its bar
+    double x = 0;          ///< from the column
+    double scale = 1;      ///< of small notes
+    std::vector<Head> heads; ///< from the lowest up; none for rests
+    double width = 0;      ///< of the heads on the usual side
+    bool hasStem = false;
+    bool isStemUp = true;
+    bool isForced = false; ///< the stem's direction is not free: said, or there are other voices
+    bool isBeamed = false;
+    double stemX = 0;      ///< middle of the stem, from the origin
+    double stemRoot = 0;   ///< y where the stem leaves the head that is farthest from its tip
+    double stemTip = 0;    ///< y
+    std::uint32_t firstInk = 0;
+    std::uint32_t inkEnd = 0;
+
+    bool isRest() const noexcept { return heads.empty(); }
+    double top() const noexcept { return heads.empty() ? 0 : heads.back().y; }
+    double bottom() const noexcept { return heads.empty() ? 0 : heads.front().y; }
+};
+
+/// What keeps columns apart: the ink of a row around a column.
+struct SpaceBox {
+    enum class Kind : std::uint8_t { Head, Accidental, Dot, Stem, Ledger, Rest, Sign, Text };
+
+    Box box;
+    Kind kind;
+};
+
+/// A row of a bar, engraved before the places of its columns are known.
+struct EngravedBar {
+    std::vector<Chord> chords; ///< voice by voice, in time
+    Inks inks;                 ///< of the chords, around their origins
+
+    /// Around the columns: the boxes of a column follow one another.
+    struct ColumnSpace {
+        std::vector<SpaceBox> boxes;
+    };
+    std::vector<ColumnSpace> columns;
+
+    /// Clefs that change inside the bar, each in front of a column; the one behind the last column
+    /// is in front of the bar line.
+    struct ColumnSign {
+        unsigned column;
+        Ink ink;
+    };
+    std::vector<ColumnSign> clefs;
+
+    /// A rest for the whole bar, or a simile sign: in the middle of the bar.
+    Inks centred;
+    double centredWidth = 0;
+};
+
+} // namespace zarn::engraving

@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnLayout/engrave/Pen.h>
+
+#include <cmath>
+
+namespace zarn::engraving {
+
+namespace {
+
+Box boxOf(const std::vector<Point> &points, double margin)
+{
+    Box box = {1e9, 1e9, -1e9, -1e9};
+    for (const Point &point : points)
+        box.add({point.x - margin, point.y - margin, point.x + margin, point.y + margin});
+    return box;
+}
+
+} // namespace
+
+Ink Pen::glyph(MarkKind kind, std::uint32_t glyph, double x, double y, double scale) const
+{
+    Ink ink;
+    ink.shape = Ink::Shape::Glyph;
+    ink.kind = kind;
+    ink.glyph = glyph;
+    ink.at = {x, y};
+    ink.scale = scale;
+    const Box box = _fonts.box(glyph);
+    ink.box = {x + box.left * scale, y + box.top * scale, x + box.right * scale,
+               y + box.bottom * scale};
+    return ink;
+}
+
+Ink Pen::line(MarkKind kind, Point from, Point to, double thickness) const
+{
+    return polyline(kind, {from, to}, thickness);
+}
+
+Ink Pen::polyline(MarkKind kind, std::vector<Point> points, double thickness) const
+{
+    Ink ink;
+    ink.shape = Ink::Shape::Line;
+    ink.kind = kind;
+    ink.thickness = thickness;
+    ink.points = std::move(points);
+    const Point &from = ink.points.front();
+    const Point &to = ink.points.back();
+    ink.box = boxOf(ink.points, 0);
+    // A line is as long as its ends say: only its sides are half a thickness away.
+    if (ink.points.size() > 2 || from.x != to.x) {
+        ink.box.top -= thickness / 2;
+        ink.box.bottom += thickness / 2;
+    }
+    if (ink.points.size() > 2 || from.y != to.y) {
+        ink.box.left -= thickness / 2;
+        ink.box.right += thickness / 2;
+    }
+    return ink;
+}
+
+Ink Pen::polygon(MarkKind kind, std::vector<Point> points) const
+{
+    Ink ink;
+    ink.shape = Ink::Shape::Polygon;
+    ink.kind = kind;
+    ink.points = std::move(points);
+    ink.box = boxOf(ink.points, 0);
+    return ink;
+}
+
+Ink Pen::curve(MarkKind kind, Point from, Point to, double height) const
+{
+    constexpr double bow = 4.0 / 3; // the curve reaches three quarters of its handles
+    Ink ink;
+    ink.shape = Ink::Shape::Curve;
+    ink.kind = kind;
+    ink.thickness = _fonts.slurThickness();
+    const double width = to.x - from.x;
+    const double inset = std::min(width * 0.28, 4.0);
+    const double slope = width > 0 ? (to.y - from.y) / width : 0;
+    ink.points = {from,
+                  {from.x + inset, from.y + slope * inset - bow * height},
+                  {to.x - inset, to.y - slope * inset - bow * height},
+                  to};
+    // The middle of the curve, and what is thick of it.
+    const double middle =
+        (from.y + to.y) / 8 + 3 * (ink.points[1].y + ink.points[2].y) / 8;
+    ink.box = boxOf({from, to}, 0);
+    ink.box.top = std::min(ink.box.top, middle - ink.thickness / 2);
+    ink.box.bottom = std::max(ink.box.bottom, middle + ink.thickness / 2);
+    return ink;
+}
+
+Ink Pen::text(MarkKind kind, TextRole style, const std::string &text, double x, double y,
+              Align align, double scale) const
+{
+    Ink ink;
+    ink.shape = Ink::Shape::Text;
+    ink.kind = kind;
+    ink.style = style;
+    ink.text = text;
+    ink.scale = scale;
+    const Box box = _fonts.textBox(text, style);
+    const double width = box.right * scale;
+    ink.at = {align == Align::Begin        ? x
+                  : align == Align::Centre ? x - width / 2
+                                           : x - width,
+              y};
+    ink.box = {ink.at.x + std::min(box.left, 0.0) * scale, y + box.top * scale, ink.at.x + width,
+               y + box.bottom * scale};
+    return ink;
+}
+
+Inks Pen::glyphs(MarkKind kind, const std::vector<Sign> &signs, double x, double y, Align align,
+                 double scale) const
+{
+    double width = 0;
+    for (const Sign sign : signs)
+        width += _fonts.advance(_fonts.glyph(sign)) * scale;
+    double place = align == Align::Begin ? x : align == Align::Centre ? x - width / 2 : x - width;
+    Inks inks;
+    for (const Sign sign : signs) {
+        inks.push_back(glyph(kind, sign, place, y, scale));
+        place += _fonts.advance(_fonts.glyph(sign)) * scale;
+    }
+    return inks;
+}
+
+std::vector<Sign> digitsOf(unsigned number, Sign zero)
+{
+    std::vector<Sign> signs;
+    for (const char digit : std::to_string(number))
+        signs.push_back(zero + (digit - '0'));
+    return signs;
+}
+
+} // namespace zarn::engraving

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnLayout/engrave/Fonts.h>
+#include <ZarnLayout/engrave/Ink.h>
+
+namespace zarn::engraving {
+
+/// Makes marks with their boxes, as the fonts have them.
+class Pen {
+public:
+    explicit Pen(const Fonts &fonts) : _fonts(fonts) { }
+
+    const Fonts &fonts() const noexcept { return _fonts; }
+
+    Ink glyph(MarkKind kind, std::uint32_t glyph, double x, double y, double scale = 1) const;
+    Ink glyph(MarkKind kind, Sign sign, double x, double y, double scale = 1) const
+    {
+        return glyph(kind, _fonts.glyph(sign), x, y, scale);
+    }
+    Ink line(MarkKind kind, Point from, Point to, double thickness) const;
+    Ink polyline(MarkKind kind, std::vector<Point> points, double thickness) const;
+    Ink polygon(MarkKind kind, std::vector<Point> points) const;
+
+    /// A curve between two ends that bows by a height, upwards above 0.
+    Ink curve(MarkKind kind, Point from, Point to, double height) const;
+
+    /// Text that begins, is centred or ends at x; y is its base line.
+    enum class Align { Begin, Centre, End };
+    Ink text(MarkKind kind, TextRole style, const std::string &text, double x, double y,
+             Align align = Align::Begin, double scale = 1) const;
+
+    /// Glyphs one behind the other, centred at x: digits, dynamics.
+    Inks glyphs(MarkKind kind, const std::vector<Sign> &signs, double x, double y,
+                Align align = Align::Centre, double scale = 1) const;
+
+private:
+    const Fonts &_fonts;
+};
+
+/// The digits of a number as signs that follow on the sign of 0.
+std::vector<Sign> digitsOf(unsigned number, Sign zero);
+
+} // namespace zarn::engraving

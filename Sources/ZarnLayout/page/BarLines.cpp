@@ -1,0 +1,216 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnLayout/page/BarLines.h>
+
+#include <ZarnLayout/engrave/StaffSigns.h>
+
+#include <algorithm>
+
+namespace zarn::engraving {
+
+namespace {
+
+constexpr double thin = 0.16;
+constexpr double thick = 0.5;
+constexpr double separation = 0.4;
+constexpr double dotGap = 0.3;
+constexpr double dotWidth = 0.4;
+constexpr double changedClef = 0.75;
+
+LineStyle styleAtEnd(const ColumnSource &column)
+{
+    if (column.repeatCount > 0)
+        return LineStyle::RepeatEnd;
+    if (column.isLast && column.barLine == BarLine::Auto)
+        return LineStyle::Final;
+    if (column.doubleBar)
+        return LineStyle::Double;
+    switch (column.barLine) {
+    case BarLine::Dashed: return LineStyle::Dashed;
+    case BarLine::Dotted: return LineStyle::Dotted;
+    case BarLine::Heavy: return LineStyle::Heavy;
+    case BarLine::Short: return LineStyle::Short;
+    case BarLine::Tick: return LineStyle::Tick;
+    case BarLine::None: return LineStyle::None;
+    case BarLine::Auto: break;
+    }
+    return column.freeTime ? LineStyle::Dashed : LineStyle::Single;
+}
+
+double widest(const std::vector<Inks> &rows)
+{
+    double width = 0;
+    for (const Inks &inks : rows)
+        if (!inks.empty())
+            width = std::max(width, boxOf(inks).right);
+    return width;
+}
+
+} // namespace
+
+double widthOf(LineStyle style) noexcept
+{
+    switch (style) {
+    case LineStyle::None: return 0;
+    case LineStyle::Double: return thin + separation + thin;
+    case LineStyle::Final: return thin + separation + thick;
+    case LineStyle::RepeatEnd:
+    case LineStyle::RepeatStart: return dotWidth + dotGap + thin + separation + thick;
+    case LineStyle::RepeatBoth:
+        return 2 * (dotWidth + dotGap + thin + separation) + thick;
+    case LineStyle::Heavy: return thick;
+    default: return thin;
+    }
+}
+
+Joint jointBefore(const EngravedScore &score, unsigned shownBar, JointPlace place,
+                  const Pen &pen)
+{
+    const auto rowCount = static_cast<unsigned>(score.rows.size());
+    const bool hasNext = shownBar < score.shown.size();
+    const ColumnSource *next = hasNext ? &score.column(shownBar) : nullptr;
+    const ColumnSource *before =
+        place != JointPlace::Head && shownBar > 0 ? &score.lastColumn(shownBar - 1) : nullptr;
+    const StaffSigns signs(pen);
+    Joint joint;
+    joint.clefs.resize(rowCount);
+    joint.keys.resize(rowCount);
+    joint.meters.resize(rowCount);
+    bool hasKey = false;
+    const bool hasMeter =
+        next && next->showsMeter && !(place == JointPlace::Tail && next->movementStart);
+    for (unsigned i = 0; i < rowCount && hasNext; ++i) {
+        const Row &row = score.rows[i];
+        const BarSource &bar = score.source(i, shownBar);
+        if (place == JointPlace::Head)
+            joint.clefs[i] = signs.clef(row, bar.clef, bar.ottavia, 1);
+        else if (row.notation == Notation::Standard && !row.isPercussion
+                 && bar.clefBefore != ClefType::None && bar.clef != bar.clefBefore)
+            joint.clefs[i] = signs.clef(row, bar.clef, bar.ottavia, changedClef);
+        const bool keyChanges = shownBar > 0 && bar.key != bar.keyBefore;
+        if (place == JointPlace::Head)
+            joint.keys[i] = signs.key(row, bar.clef, bar.key, 0);
+        else if (keyChanges)
+            joint.keys[i] = signs.key(row, bar.clef, bar.key, bar.keyBefore);
+        hasKey = hasKey || !joint.keys[i].empty();
+        if (hasMeter)
+            joint.meters[i] = signs.meter(row, next->meter);
+    }
+
+    LineStyle atEnd = before ? styleAtEnd(*before) : LineStyle::None;
+    const bool startsRepeat = next && next->repeatStart && place != JointPlace::Tail;
+    if (startsRepeat) {
+        if (place == JointPlace::Head || hasKey || hasMeter)
+            joint.lateLine = LineStyle::RepeatStart;
+        else
+            atEnd = atEnd == LineStyle::RepeatEnd ? LineStyle::RepeatBoth : LineStyle::RepeatStart;
+    }
+    joint.line = atEnd;
+
+    double x = place == JointPlace::Head ? 0.7 : 0;
+    joint.clefX = x;
+    if (const double width = widest(joint.clefs); width > 0)
+        x += width + (place == JointPlace::Head ? 0.75 : 0.45);
+    joint.lineX = x;
+    x += widthOf(joint.line);
+    const bool isHead = place == JointPlace::Head;
+    joint.keyX = x + (isHead ? 0 : 0.7);
+    if (const double width = widest(joint.keys); width > 0)
+        x = joint.keyX + width + (isHead ? 0.75 : 0.3);
+    joint.meterX = x + (isHead ? 0 : 0.5);
+    if (const double width = widest(joint.meters); width > 0)
+        x = joint.meterX + width + (isHead ? 0.3 : 0.2);
+    if (joint.lateLine != LineStyle::None) {
+        joint.lateLineX = x + 0.3;
+        x = joint.lateLineX + widthOf(joint.lateLine);
+    }
+    joint.width = x;
+    return joint;
+}
+
+void addBarLine(SystemDraft &draft, LineStyle style, double x,
+                const std::vector<bool> &isJoined, unsigned bar)
+{
+    const auto count = static_cast<unsigned>(draft.rows.size());
+    MarkPlace place;
+    place.bar = static_cast<std::int32_t>(bar);
+    const auto addLine = [&](double left, double width, bool isDashed = false,
+                             double dash = 0.5) {
+        for (unsigned i = 0; i < count;) {
+            unsigned last = i;
+            while (last + 1 < count && isJoined[last])
+                ++last;
+            const RowDraft &upper = draft.rows[i];
+            const RowDraft &lower = draft.rows[last];
+            double top = upper.y;
+            double bottom = lower.y + lower.row->height();
+            if (upper.row->lineCount == 1)
+                top -= 1;
+            if (lower.row->lineCount == 1)
+                bottom += 1;
+            if (style == LineStyle::Short || style == LineStyle::Tick) {
+                last = i;
+                top = upper.y + (style == LineStyle::Short ? 1 : -0.5);
+                bottom = upper.y + (style == LineStyle::Short ? upper.row->height() - 1 : 0.5);
+            }
+            Ink ink = draft.pen.line(MarkKind::BarLine, {left + width / 2, top},
+                                     {left + width / 2, bottom}, width);
+            if (isDashed) {
+                ink.dash = dash;
+                ink.gap = dash == 0.5 ? 0.25 : 0.35;
+            }
+            ink.place = place;
+            draft.inks.push_back(std::move(ink));
+            i = last + 1;
+        }
+    };
+    const auto addDots = [&](double left) {
+        for (const RowDraft &row : draft.rows) {
+            const double middle = row.y + row.row->height() / 2;
+            const double off = row.row->lineCount % 2 == 1 ? 0.5 * row.row->lineDistance
+                                                           : row.row->lineDistance;
+            for (const double y : {middle - off, middle + off}) {
+                Ink dot = draft.pen.glyph(MarkKind::RepeatDots, Sign::RepeatDot, left, y);
+                dot.place = place;
+                draft.inks.push_back(std::move(dot));
+            }
+        }
+    };
+    switch (style) {
+    case LineStyle::None: break;
+    case LineStyle::Double:
+        addLine(x, thin);
+        addLine(x + thin + separation, thin);
+        break;
+    case LineStyle::Final:
+        addLine(x, thin);
+        addLine(x + thin + separation, thick);
+        break;
+    case LineStyle::RepeatEnd:
+        addDots(x);
+        x += dotWidth + dotGap;
+        addLine(x, thin);
+        addLine(x + thin + separation, thick);
+        break;
+    case LineStyle::RepeatStart:
+        addLine(x, thick);
+        addLine(x + thick + separation, thin);
+        addDots(x + thick + separation + thin + dotGap);
+        break;
+    case LineStyle::RepeatBoth:
+        addDots(x);
+        x += dotWidth + dotGap;
+        addLine(x, thin);
+        x += thin + separation;
+        addLine(x, thick);
+        x += thick + separation;
+        addLine(x, thin);
+        addDots(x + thin + dotGap);
+        break;
+    case LineStyle::Heavy: addLine(x, thick); break;
+    case LineStyle::Dashed: addLine(x, thin, true); break;
+    case LineStyle::Dotted: addLine(x, thin, true, 0.16); break;
+    default: addLine(x, thin); break;
+    }
+}
+
+} // namespace zarn::engraving

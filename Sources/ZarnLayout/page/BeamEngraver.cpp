@@ -1,0 +1,274 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnLayout/page/BeamEngraver.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace zarn::engraving {
+
+namespace {
+
+/// A straight line through which stems end: the outer edge of the first beam.
+struct BeamLine {
+    double x = 0;
+    double y = 0;
+    double slope = 0;
+
+    double at(double place) const noexcept { return y + slope * (place - x); }
+};
+
+class BeamGroup {
+public:
+    BeamGroup(RowDraft &row, std::size_t first, std::size_t end, const Pen &pen)
+        : _row(row), _pen(pen)
+    {
+        for (std::size_t i = first; i < end; ++i)
+            if (!row.chords[i].chord->isRest() && row.chords[i].chord->hasStem)
+                _members.push_back(&row.chords[i]);
+    }
+
+    void draw()
+    {
+        if (_members.empty())
+            return;
+        _isUp = _members.front()->chord->isStemUp;
+        _scale = _members.front()->chord->scale;
+        _line = bestLine();
+        addStems();
+        if (_members.size() > 1)
+            addBeams();
+    }
+
+private:
+    double step() const { return 0.75 * _scale; } // thickness of a beam and the gap behind it
+    double inward() const { return _isUp ? 1 : -1; }
+
+    static double headAtTip(const PlacedChord &member)
+    {
+        return member.chord->isStemUp ? member.chord->top() : member.chord->bottom();
+    }
+
+    /// How long a stem is from its nearest head to the line, and how long it wants to be.
+    double lengthAt(const PlacedChord &member, const BeamLine &line) const
+    {
+        return inward() * (headAtTip(member) - line.at(member.stemX()));
+    }
+    double wishOf(const PlacedChord &member) const
+    {
+        const int beams = member.beat().flagCount();
+        const double tremolo = 0.6 * member.beat().marks.tremolo();
+        return (3.25 + 0.6 * std::max(0, beams - 2) + tremolo) * (_scale < 1 ? 0.75 : 1);
+    }
+    double leastOf(const PlacedChord &member) const
+    {
+        const int beams = member.beat().flagCount();
+        return (2.5 + step() / _scale * std::max(0, beams - 1) * 0.8
+                + 0.5 * member.beat().marks.tremolo())
+            * (_scale < 1 ? 0.75 : 1);
+    }
+
+    /// Whether an inner head is nearer to the beam than both ends.
+    bool isConcave() const
+    {
+        const double first = headAtTip(*_members.front()) * inward();
+        const double last = headAtTip(*_members.back()) * inward();
+        for (std::size_t i = 1; i + 1 < _members.size(); ++i)
+            if (headAtTip(*_members[i]) * inward() < std::min(first, last))
+                return true;
+        return false;
+    }
+
+    BeamLine bestLine() const
+    {
+        const PlacedChord &first = *_members.front();
+        const PlacedChord &last = *_members.back();
+        if (_row.row->notation != Notation::Standard)
+            return {first.stemX(), outermostTip(), 0};
+        const double width = std::max(last.stemX() - first.stemX(), 0.1);
+        const double rise = headAtTip(last) - headAtTip(first);
+        const double most = std::min({0.1 + width * 0.12, 1.5, std::abs(rise) * 0.5});
+        const double wish = isConcave() ? 0 : std::copysign(most, rise);
+        // The nearest head says where the line may be at most.
+        double innermost = _isUp ? 1e9 : -1e9;
+        for (const PlacedChord *member : _members) {
+            const double part = (member->stemX() - first.stemX()) / width;
+            const double tip =
+                headAtTip(*member) - inward() * wishOf(*member) - wish * part;
+            innermost = _isUp ? std::min(innermost, tip) : std::max(innermost, tip);
+        }
+        const double middle = _row.row->height() / 2;
+        if (_scale == 1)
+            innermost = _isUp ? std::min({innermost, middle, middle - wish})
+                              : std::max({innermost, middle, middle - wish});
+        // Of the ends nearby, those whose beam hangs from, sits on or straddles a staff line.
+        BeamLine best = {first.stemX(), innermost, wish / width};
+        double least = 1e9;
+        const double grid = 0.25;
+        const double base = std::floor(innermost / grid) * grid;
+        for (int left = -3; left <= 3; ++left)
+            for (int right = -3; right <= 3; ++right) {
+                const double start = base + left * grid;
+                const double end = std::floor((innermost + wish) / grid) * grid + right * grid;
+                const BeamLine line = {first.stemX(), start, (end - start) / width};
+                const double cost = costOf(line, start, end, wish, end - start);
+                if (cost < least - 1e-9) {
+                    least = cost;
+                    best = line;
+                }
+            }
+        return best;
+    }
+
+    double outermostTip() const
+    {
+        double tip = _isUp ? 1e9 : -1e9;
+        for (const PlacedChord *member : _members)
+            tip = _isUp ? std::min(tip, member->chord->stemTip)
+                        : std::max(tip, member->chord->stemTip);
+        return tip;
+    }
+
+    double costOf(const BeamLine &line, double start, double end, double wish, double rise) const
+    {
+        double cost = 0;
+        for (const PlacedChord *member : _members) {
+            const double length = lengthAt(*member, line);
+            const double off = length - wishOf(*member);
+            cost += off < 0 ? 3 * off * off : 0.15 * off * off;
+            if (length < leastOf(*member))
+                cost += 100 * (leastOf(*member) - length);
+        }
+        cost += 6 * std::abs(rise - wish);
+        if (rise * wish < 0 || (wish == 0 && rise != 0))
+            cost += 20;
+        for (const double y : {start, end}) {
+            // Where the middle of the beam is between two staff lines: a quarter off at most.
+            const double middle = y + inward() * 0.25 * _scale;
+            const bool isInside = middle > -0.6 && middle < _row.row->height() + 0.6;
+            const double part = middle - std::floor(middle);
+            if (isInside && part > 0.3 && part < 0.7)
+                cost += 4;
+        }
+        return cost;
+    }
+
+    void addStems()
+    {
+        for (PlacedChord *member : _members) {
+            const Chord &chord = *member->chord;
+            member->stemTip = _line.at(member->stemX());
+            member->beamCount = static_cast<unsigned>(chord.beat->flagCount());
+            const double tip = member->stemTip + inward() * 0.05;
+            Ink stem = _pen.line(MarkKind::Stem, {member->stemX(), chord.stemRoot},
+                                 {member->stemX(), tip}, _pen.fonts().stem());
+            stem.place = placeIn(*member);
+            _row.add(std::move(stem));
+        }
+    }
+
+    MarkPlace placeIn(const PlacedChord &member) const
+    {
+        MarkPlace place;
+        place.track = static_cast<std::int16_t>(_row.row->track);
+        place.staff = static_cast<std::int8_t>(_row.row->staff);
+        place.voice = static_cast<std::int8_t>(member.chord->voice);
+        place.bar = static_cast<std::int32_t>(member.bar);
+        place.beat = static_cast<std::int16_t>(member.chord->beat->index);
+        return place;
+    }
+
+    void addBeams()
+    {
+        int most = 0;
+        for (const PlacedChord *member : _members)
+            most = std::max(most, member->beat().flagCount());
+        for (int level = 0; level < most; ++level)
+            for (std::size_t i = 0; i < _members.size();) {
+                if (_members[i]->beat().flagCount() <= level) {
+                    ++i;
+                    continue;
+                }
+                std::size_t end = i + 1;
+                while (end < _members.size() && _members[end]->beat().flagCount() > level)
+                    ++end;
+                addBeam(level, i, end);
+                i = end;
+            }
+    }
+
+    /// A short beam points into the beat that its note belongs to.
+    bool pointsLeft(std::size_t member) const
+    {
+        if (member == 0)
+            return false;
+        if (member + 1 == _members.size())
+            return true;
+        const BeatSource &beat = _members[member]->beat();
+        const utils::rational pair = beat.length * utils::rational(2);
+        return pair.sign() > 0 && !utils::modulo(beat.onset, pair).isZero();
+    }
+
+    void addBeam(int level, std::size_t first, std::size_t end)
+    {
+        const double half = _pen.fonts().stem() / 2;
+        double left = _members[first]->stemX() - half;
+        double right = _members[end - 1]->stemX() + half;
+        if (end - first == 1) {
+            constexpr double stub = 1.1;
+            if (pointsLeft(first))
+                left = std::max(right - stub * _scale - 0.1,
+                                _members[first - 1]->stemX() + 0.3);
+            else
+                right = std::min(left + stub * _scale + 0.1,
+                                 _members[first + 1]->stemX() - 0.3);
+        }
+        const double shift = inward() * step() * level;
+        const double thickness = inward() * _pen.fonts().beam() * _scale;
+        const double y0 = _line.at(left) + shift;
+        const double y1 = _line.at(right) + shift;
+        Ink beam = _pen.polygon(MarkKind::Beam, {{left, y0},
+                                                 {right, y1},
+                                                 {right, y1 + thickness},
+                                                 {left, y0 + thickness}});
+        beam.place = placeIn(*_members[first]);
+        // A slanted beam covers less than its box.
+        constexpr int pieces = 8;
+        for (int i = 0; i < pieces; ++i) {
+            const double from = left + (right - left) * i / pieces;
+            const double to = left + (right - left) * (i + 1) / pieces;
+            const double a = _line.at(from) + shift;
+            const double b = _line.at(to) + shift;
+            _row.cover({from, std::min({a, b, a + thickness, b + thickness}), to,
+                        std::max({a, b, a + thickness, b + thickness})});
+        }
+        _row.inks.push_back(std::move(beam));
+    }
+
+    RowDraft &_row;
+    const Pen &_pen;
+    std::vector<PlacedChord *> _members;
+    BeamLine _line;
+    bool _isUp = true;
+    double _scale = 1;
+};
+
+} // namespace
+
+void addBeams(RowDraft &row, const Pen &pen)
+{
+    auto &chords = row.chords;
+    for (std::size_t first = 0; first < chords.size();) {
+        std::size_t end = first + 1;
+        if (chords[first].chord->isBeamed) {
+            while (end < chords.size() && chords[end - 1].beat().isBeamedOn
+                   && chords[end].chord->voice == chords[first].chord->voice
+                   && chords[end].shownBar == chords[first].shownBar
+                   && chords[end].beat().isGrace() == chords[first].beat().isGrace())
+                ++end;
+            BeamGroup(row, first, end, pen).draw();
+        }
+        first = end;
+    }
+}
+
+} // namespace zarn::engraving

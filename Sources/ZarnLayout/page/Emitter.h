@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnLayout/draw/ZarnDrawListBuilder.h>
+#include <ZarnLayout/engrave/Fonts.h>
+#include <ZarnLayout/engrave/Ink.h>
+
+namespace zarn::engraving {
+
+/// Writes marks into a draw list.
+class Emitter {
+public:
+    Emitter(layout::DrawListBuilder &builder, const Fonts &fonts)
+        : _builder(builder), _fonts(fonts)
+    {
+    }
+
+    void emit(const Inks &inks, double x, double y) const
+    {
+        for (const Ink &ink : inks)
+            emit(ink, x, y);
+    }
+    void emit(const Ink &ink, double x, double y) const;
+
+private:
+    void emitCurve(const Ink &ink, double x, double y) const;
+
+    layout::DrawListBuilder &_builder;
+    const Fonts &_fonts;
+};
+
+} // namespace zarn::engraving

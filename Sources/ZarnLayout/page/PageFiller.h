@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vector>
+
+namespace zarn::engraving {
+
+/// A system as pages see it, in staff spaces.
+struct SystemHeight {
+    double top = 0;    ///< from the top line of its first row up
+    double bottom = 0; ///< and down
+    bool breaksBefore = false;
+
+    double height() const noexcept { return top + bottom; }
+};
+
+struct FilledPage {
+    unsigned first = 0; ///< systems
+    unsigned end = 0;
+    std::vector<double> places; ///< of the top lines, from the top of the room
+    bool isTooTall = false;     ///< one system that is taller than the page
+};
+
+/// Room of a page: what titles take of the first one is gone already.
+struct PageRoom {
+    double first = 0;
+    double others = 0;
+};
+
+/// Fills pages with systems, so that the room left over is shared as evenly as can be and as few
+/// pages as can be are used.
+std::vector<FilledPage> fillPages(const std::vector<SystemHeight> &systems, const PageRoom &room);
+
+/// Least distance of the ink of two systems.
+constexpr double systemGap = 2.2;
+
+} // namespace zarn::engraving

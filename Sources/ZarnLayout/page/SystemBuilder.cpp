@@ -1,0 +1,420 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnLayout/page/SystemBuilder.h>
+
+#include <ZarnLayout/page/BeamEngraver.h>
+#include <ZarnLayout/page/Emitter.h>
+#include <ZarnLayout/page/RowEngravers.h>
+#include <ZarnLayout/page/TieEngraver.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace zarn::engraving {
+
+namespace {
+
+constexpr double gapInStaff = 4.0;   ///< between notation and tablature of a staff
+constexpr double gapInTrack = 5.5;   ///< between staves of a track
+constexpr double gapInScore = 6.0;   ///< between tracks
+constexpr double inkGap = 0.8;       ///< between ink of neighbouring rows
+constexpr double loosest = 1.35;     ///< factor of a last line that is still drawn out
+
+/// Tracks of the rows that a bracket or brace joins.
+struct Joining {
+    unsigned firstRow;
+    unsigned lastRow;
+    GroupSymbol symbol;
+    std::string name;
+};
+
+std::vector<Joining> joiningsOf(const EngravedScore &score)
+{
+    std::vector<Joining> joinings;
+    const auto &rows = score.rows;
+    for (const TrackGroup &group : score.groups) {
+        int first = -1;
+        int last = -1;
+        for (std::size_t i = 0; i < rows.size(); ++i)
+            if (rows[i].track >= group.first && rows[i].track <= group.last) {
+                first = first < 0 ? static_cast<int>(i) : first;
+                last = static_cast<int>(i);
+            }
+        if (first >= 0)
+            joinings.push_back({static_cast<unsigned>(first), static_cast<unsigned>(last),
+                                group.symbol, group.name});
+    }
+    for (std::size_t i = 0; i < rows.size();) {
+        std::size_t end = i + 1;
+        while (end < rows.size() && rows[end].track == rows[i].track)
+            ++end;
+        if (end - i > 1) {
+            const bool isGrand = rows[i].staff != rows[end - 1].staff;
+            joinings.push_back({static_cast<unsigned>(i), static_cast<unsigned>(end - 1),
+                                isGrand ? GroupSymbol::Brace : GroupSymbol::Bracket, {}});
+        }
+        i = end;
+    }
+    return joinings;
+}
+
+} // namespace
+
+double SystemBuilder::indent(bool isFirst) const
+{
+    double width = 0;
+    for (const Row &row : _score.rows) {
+        const TrackHead &track = _score.tracks[row.track];
+        const std::string &name = isFirst ? track.name : track.shortName;
+        if (!name.empty())
+            width = std::max(width, _pen.fonts().textBox(name, TextRole::TrackName).right + 0.8);
+    }
+    const auto joinings = joiningsOf(_score);
+    if (!joinings.empty())
+        width += 1.4 + (joinings.size() > 1 && !_score.groups.empty() ? 1.2 : 0);
+    return width;
+}
+
+std::vector<bool> SystemBuilder::joinedRows() const
+{
+    const auto &rows = _score.rows;
+    std::vector<bool> joined(rows.size(), false);
+    for (std::size_t i = 0; i + 1 < rows.size(); ++i) {
+        joined[i] = rows[i].track == rows[i + 1].track;
+        for (const TrackGroup &group : _score.groups)
+            if (group.barsThrough && rows[i].track >= group.first
+                && rows[i + 1].track <= group.last)
+                joined[i] = true;
+    }
+    return joined;
+}
+
+BuiltSystem SystemBuilder::build(unsigned first, unsigned end, double width,
+                                 bool isJustified) const
+{
+    _lines.clear();
+    SystemDraft draft(_score, _pen, _problems);
+    draft.first = first;
+    draft.end = end;
+    draft.isFirst = first == 0;
+    draft.staffLeft = indent(draft.isFirst);
+    for (unsigned i = 0; i < _score.rows.size(); ++i)
+        draft.rows.emplace_back(_score.rows[i], i, width);
+    placeBars(draft, width, isJustified);
+    placeRows(draft);
+    separateRows(draft);
+    addHead(draft);
+    const std::vector<bool> joined = joinedRows();
+    for (const LineJob &job : _lines)
+        addBarLine(draft, job.style, job.x, joined, job.bar);
+
+    BuiltSystem system;
+    system.first = first;
+    system.end = end;
+    for (const RowDraft &row : draft.rows) {
+        system.top = std::max(system.top, row.above.outermost() - row.y);
+        system.bottom = std::max(system.bottom, row.below.outermost() + row.y);
+    }
+    for (const Ink &ink : draft.inks) {
+        system.top = std::max(system.top, -ink.box.top);
+        system.bottom = std::max(system.bottom, ink.box.bottom);
+    }
+    system.drawing = draw(draft);
+    return system;
+}
+
+void SystemBuilder::placeBars(SystemDraft &draft, double width, bool isJustified) const
+{
+    const Joint head = jointBefore(_score, draft.first, JointPlace::Head, _pen);
+    const Joint tail = jointBefore(_score, draft.end, JointPlace::Tail, _pen);
+    std::vector<Joint> joints;
+    SpringLine line;
+    line.addColumn(0, 0);
+    line.addColumn(head.width, 0);
+    for (unsigned i = draft.first; i < draft.end; ++i) {
+        if (i > draft.first) {
+            joints.push_back(jointBefore(_score, i, JointPlace::Middle, _pen));
+            line.addColumn(joints.back().width, 0);
+        }
+        _score.spaced[i].addTo(line);
+    }
+    const double room = width - draft.staffLeft - tail.width;
+    double factor = line.factorFor(room);
+    const bool isLastLine = draft.end == _score.shown.size();
+    if (!isJustified)
+        factor = 1;
+    else if (isLastLine && factor > loosest)
+        factor = 1.1;
+    std::vector<double> places = line.places(factor);
+    if (isJustified && places.back() > room + 1e-6) {
+        // More ink than the line holds: everything moves together, and it is said.
+        const double squeeze = std::max(0.0, room - head.width)
+            / std::max(1e-9, places.back() - head.width);
+        for (double &place : places)
+            if (place > head.width)
+                place = head.width + (place - head.width) * squeeze;
+        MarkPlace where;
+        where.bar = static_cast<std::int32_t>(_score.shown[draft.first].bar);
+        _problems.add(where, "The bars of the system are wider than the line.");
+    }
+    for (double &place : places)
+        place += draft.staffLeft;
+    placeJoint(draft, head, draft.staffLeft, draft.first);
+    draft.musicLeft = draft.staffLeft + head.width;
+    std::size_t column = 1;
+    for (unsigned i = draft.first; i < draft.end; ++i) {
+        if (i > draft.first) {
+            placeJoint(draft, joints[i - draft.first - 1], places[column], i);
+            ++column;
+        }
+        BarPlace bar;
+        bar.shownBar = i;
+        bar.left = places[column];
+        const std::size_t count = _score.spaced[i].onsets.size();
+        bar.columns.assign(places.begin() + static_cast<std::ptrdiff_t>(column) + 1,
+                           places.begin() + static_cast<std::ptrdiff_t>(column + 1 + count));
+        column += count + 1;
+        bar.right = places[column];
+        draft.bars.push_back(std::move(bar));
+    }
+    placeJoint(draft, tail, places.back(), draft.end);
+    draft.right = places.back() + tail.width;
+}
+
+void SystemBuilder::placeJoint(SystemDraft &draft, const Joint &joint, double x,
+                               unsigned shownBar) const
+{
+    const unsigned next = std::min(shownBar, static_cast<unsigned>(_score.shown.size()) - 1);
+    for (unsigned i = 0; i < draft.rows.size(); ++i) {
+        MarkPlace place;
+        place.track = static_cast<std::int16_t>(draft.rows[i].row->track);
+        place.staff = static_cast<std::int8_t>(draft.rows[i].row->staff);
+        place.bar = static_cast<std::int32_t>(_score.shown[next].bar);
+        const auto add = [&](const Inks &inks, double offset) {
+            for (Ink ink : inks) {
+                ink.move(x + offset, 0);
+                ink.place = place;
+                draft.rows[i].add(std::move(ink));
+            }
+        };
+        add(joint.clefs[i], joint.clefX);
+        add(joint.keys[i], joint.keyX);
+        add(joint.meters[i], joint.meterX);
+    }
+    const unsigned bar = shownBar > 0 ? _score.shown[shownBar - 1].bar : 0;
+    if (joint.line != LineStyle::None)
+        _lines.push_back({joint.line, x + joint.lineX, bar});
+    if (joint.lateLine != LineStyle::None)
+        _lines.push_back({joint.lateLine, x + joint.lateLineX, _score.shown[next].bar});
+}
+
+void SystemBuilder::placeRow(SystemDraft &draft, RowDraft &row) const
+{
+    // Chords voice by voice, as what joins them wants them.
+    for (unsigned voice = 0; voice < Bar::MaxVoices; ++voice)
+        for (const BarPlace &bar : draft.bars) {
+            const EngravedBar &engraved = _score.bars[row.number][bar.shownBar];
+            for (const Chord &chord : engraved.chords) {
+                if (chord.voice != voice || chord.column >= bar.columns.size())
+                    continue;
+                PlacedChord placed;
+                placed.chord = &chord;
+                placed.source = &_score.source(row.number, bar.shownBar);
+                placed.shownBar = bar.shownBar;
+                placed.bar = _score.shown[bar.shownBar].bar;
+                placed.x = bar.columns[chord.column] + chord.x;
+                placed.stemTip = chord.stemTip;
+                row.chords.push_back(placed);
+                for (std::uint32_t i = chord.firstInk; i < chord.inkEnd; ++i) {
+                    Ink ink = engraved.inks[i];
+                    ink.move(placed.x, 0);
+                    row.add(std::move(ink));
+                }
+            }
+        }
+    for (const BarPlace &bar : draft.bars) {
+        const EngravedBar &engraved = _score.bars[row.number][bar.shownBar];
+        for (const auto &clef : engraved.clefs) {
+            Ink ink = clef.ink;
+            if (clef.column < bar.columns.size())
+                ink.move(bar.columns[clef.column], 0);
+            else
+                ink.move(bar.right - 0.4 - ink.box.right, 0);
+            row.add(std::move(ink));
+        }
+        for (Ink ink : engraved.centred) {
+            const bool isOnLine = ink.kind == MarkKind::Simile && ink.glyph
+                    == _pen.fonts().glyph(Sign::Repeat2Bars);
+            ink.move(isOnLine ? bar.right : (bar.left + bar.right) / 2, 0);
+            row.add(std::move(ink));
+        }
+    }
+    addBeams(row, _pen);
+    addTies(row, draft);
+}
+
+void SystemBuilder::placeRows(SystemDraft &draft) const
+{
+    for (RowDraft &row : draft.rows)
+        placeRow(draft, row);
+    addRowSigns(draft);
+}
+
+void SystemBuilder::separateRows(SystemDraft &draft) const
+{
+    for (std::size_t i = 1; i < draft.rows.size(); ++i) {
+        const RowDraft &upper = draft.rows[i - 1];
+        RowDraft &lower = draft.rows[i];
+        const double gap = upper.row->track != lower.row->track ? gapInScore
+            : upper.row->staff != lower.row->staff              ? gapInTrack
+                                                                : gapInStaff;
+        lower.y = upper.y
+            + std::max(upper.row->height() + gap, upper.below.distance(lower.above) + inkGap);
+    }
+}
+
+void SystemBuilder::addHead(SystemDraft &draft) const
+{
+    const double top = draft.rows.empty() ? 0 : draft.rows.front().y;
+    const double bottom =
+        draft.rows.empty() ? 0 : draft.rows.back().y + draft.rows.back().row->height();
+    if (draft.rows.size() > 1) {
+        const double x = draft.staffLeft + 0.08;
+        draft.inks.push_back(_pen.line(MarkKind::SystemLine, {x, top}, {x, bottom}, 0.16));
+    }
+    double x = draft.staffLeft;
+    const auto joinings = joiningsOf(_score);
+    bool hasInner = false;
+    for (const bool isGroup : {false, true}) {
+        for (std::size_t i = 0; i < joinings.size(); ++i) {
+            if ((i < _score.groups.size()) != isGroup)
+                continue;
+            const Joining &joining = joinings[i];
+            const RowDraft &upper = draft.rows[joining.firstRow];
+            const RowDraft &lower = draft.rows[joining.lastRow];
+            const double from = upper.y;
+            const double to = lower.y + lower.row->height();
+            const double shift = isGroup && hasInner ? 1.1 : 0;
+            if (joining.symbol == GroupSymbol::Brace) {
+                const Box &box = _pen.fonts().box(Sign::Brace);
+                const double scale = (to - from) / box.height();
+                Ink brace = _pen.glyph(MarkKind::Brace, Sign::Brace, 0, to, 1);
+                brace.scale = scale;
+                brace.stretch = std::clamp(scale, 1.0, 3.0) * 1.2;
+                brace.box = {0, from, box.right * brace.stretch, to};
+                brace.move(draft.staffLeft - 0.35 - brace.box.right, 0);
+                x = std::min(x, brace.box.left);
+                draft.inks.push_back(std::move(brace));
+            } else if (joining.symbol != GroupSymbol::None) {
+                const bool isLine = joining.symbol == GroupSymbol::Line;
+                const double width = isLine ? 0.16 : 0.45;
+                const double left = draft.staffLeft - shift - 0.35 - width;
+                draft.inks.push_back(_pen.line(MarkKind::Bracket, {left + width / 2, from - 0.25},
+                                               {left + width / 2, to + 0.25}, width));
+                if (!isLine) {
+                    draft.inks.push_back(
+                        _pen.glyph(MarkKind::Bracket, Sign::BracketTop, left, from - 0.25));
+                    draft.inks.push_back(
+                        _pen.glyph(MarkKind::Bracket, Sign::BracketBottom, left, to + 0.25));
+                }
+                x = std::min(x, left);
+            }
+        }
+        hasInner = x < draft.staffLeft;
+    }
+    addNames(draft, x - 0.6);
+}
+
+void SystemBuilder::addNames(SystemDraft &draft, double x) const
+{
+    for (std::size_t i = 0; i < draft.rows.size();) {
+        std::size_t end = i + 1;
+        while (end < draft.rows.size() && draft.rows[end].row->track == draft.rows[i].row->track)
+            ++end;
+        const TrackHead &track = _score.tracks[draft.rows[i].row->track];
+        const std::string &name = draft.isFirst ? track.name : track.shortName;
+        if (!name.empty()) {
+            const double middle = (draft.rows[i].y + draft.rows[end - 1].y
+                                   + draft.rows[end - 1].row->height())
+                / 2;
+            Ink ink = _pen.text(
+                MarkKind::TrackName, TextRole::TrackName, name, x,
+                middle + _pen.fonts().capHeight(TextRole::TrackName) / 2, Pen::Align::End);
+            ink.place.track = static_cast<std::int16_t>(draft.rows[i].row->track);
+            draft.inks.push_back(std::move(ink));
+        }
+        i = end;
+    }
+}
+
+void SystemBuilder::addStaffLines(const SystemDraft &draft, const RowDraft &row, Inks &inks) const
+{
+    MarkPlace place;
+    place.track = static_cast<std::int16_t>(row.row->track);
+    place.staff = static_cast<std::int8_t>(row.row->staff);
+    for (unsigned line = 0; line < row.row->lineCount; ++line) {
+        const double y = line * row.row->lineDistance;
+        // Numbers interrupt the lines of a tablature, so that nothing needs to be painted over.
+        std::vector<std::pair<double, double>> gaps;
+        if (row.row->notation == Notation::Tablature)
+            for (const Ink &ink : row.inks)
+                if ((ink.kind == MarkKind::Fret
+                     || (ink.kind == MarkKind::Enclosure && ink.shape == Ink::Shape::Text))
+                    && ink.box.top < y && ink.box.bottom > y)
+                    gaps.push_back({ink.box.left - 0.12, ink.box.right + 0.12});
+        std::sort(gaps.begin(), gaps.end());
+        double x = draft.staffLeft;
+        const auto addPiece = [&](double to) {
+            if (to <= x)
+                return;
+            Ink ink = _pen.line(MarkKind::StaffLine, {x, y}, {to, y}, _pen.fonts().staffLine());
+            ink.place = place;
+            inks.push_back(std::move(ink));
+        };
+        for (const auto &[left, right] : gaps) {
+            addPiece(left);
+            x = std::max(x, right);
+        }
+        addPiece(draft.right);
+    }
+}
+
+std::shared_ptr<const layout::SystemDrawing> SystemBuilder::draw(const SystemDraft &draft) const
+{
+    layout::DrawListBuilder builder;
+    const Emitter emitter(builder, _pen.fonts());
+    auto drawing = std::make_shared<layout::SystemDrawing>();
+    for (const RowDraft &row : draft.rows) {
+        Inks lines;
+        addStaffLines(draft, row, lines);
+        emitter.emit(lines, 0, row.y);
+        layout::StaffFrame frame;
+        frame.track = static_cast<std::int32_t>(row.row->track);
+        frame.staff = static_cast<std::int32_t>(row.row->staff);
+        frame.kind = row.row->notation == Notation::Tablature ? layout::StaffKind::Tablature
+            : row.row->notation == Notation::Slash            ? layout::StaffKind::Slash
+            : row.row->isPercussion                           ? layout::StaffKind::Percussion
+                                                              : layout::StaffKind::Notation;
+        frame.lineCount = static_cast<std::int32_t>(row.row->lineCount);
+        frame.top = layout::fromSpaces(row.y);
+        frame.bottom = layout::fromSpaces(row.y + row.row->height());
+        drawing->staves.push_back(frame);
+    }
+    emitter.emit(draft.inks, 0, 0);
+    for (const RowDraft &row : draft.rows)
+        emitter.emit(row.inks, 0, row.y);
+    for (const BarPlace &bar : draft.bars) {
+        layout::BarFrame frame;
+        frame.firstBar = static_cast<std::int32_t>(_score.shown[bar.shownBar].bar);
+        frame.barCount = static_cast<std::int32_t>(_score.shown[bar.shownBar].count);
+        frame.left = layout::fromSpaces(bar.left);
+        frame.right = layout::fromSpaces(bar.right);
+        for (std::size_t i = 0; i < bar.columns.size(); ++i)
+            frame.columns.push_back(
+                {_score.spaced[bar.shownBar].onsets[i], layout::fromSpaces(bar.columns[i])});
+        drawing->bars.push_back(std::move(frame));
+    }
+    drawing->marks = builder.build();
+    return drawing;
+}
+
+} // namespace zarn::engraving

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnLayout/draw/ZarnLayout.h>
+#include <ZarnLayout/page/BarLines.h>
+#include <ZarnLayout/page/SystemDraft.h>
+
+#include <memory>
+
+namespace zarn::engraving {
+
+/// A system that is ready, and how far it reaches from the top line of its first row.
+struct BuiltSystem {
+    std::shared_ptr<const layout::SystemDrawing> drawing;
+    double top = 0;    ///< above, positive
+    double bottom = 0; ///< below
+    unsigned first = 0;
+    unsigned end = 0;
+};
+
+/// Justifies the bars of a system and draws it.
+class SystemBuilder {
+public:
+    SystemBuilder(const EngravedScore &score, const Pen &pen, Problems &problems)
+        : _score(score), _pen(pen), _problems(problems)
+    {
+    }
+
+    /// The shown bars `first` up to `end`, in a width. A system that is not justified is as wide as
+    /// its notes want to be.
+    BuiltSystem build(unsigned first, unsigned end, double width, bool isJustified) const;
+
+    /// Room for names and brackets in front of the staves.
+    double indent(bool isFirst) const;
+
+private:
+    std::vector<bool> joinedRows() const;
+    void placeBars(SystemDraft &draft, double width, bool isJustified) const;
+    void placeJoint(SystemDraft &draft, const Joint &joint, double x, unsigned bar) const;
+    void placeRows(SystemDraft &draft) const;
+    void placeRow(SystemDraft &draft, RowDraft &row) const;
+    void separateRows(SystemDraft &draft) const;
+    void addHead(SystemDraft &draft) const;
+    void addNames(SystemDraft &draft, double x) const;
+    void addStaffLines(const SystemDraft &draft, const RowDraft &row, Inks &inks) const;
+    std::shared_ptr<const layout::SystemDrawing> draw(const SystemDraft &draft) const;
+
+    struct LineJob {
+        LineStyle style;
+        double x;
+        unsigned bar;
+    };
+
+    const EngravedScore &_score;
+    const Pen &_pen;
+    Problems &_problems;
+    mutable std::vector<LineJob> _lines;
+};
+
+} // namespace zarn::engraving

@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnLayout/engrave/Pen.h>
+#include <ZarnLayout/engrave/Problems.h>
+#include <ZarnLayout/page/EngravedScore.h>
+#include <ZarnLayout/space/Skyline.h>
+
+#include <vector>
+
+namespace zarn::engraving {
+
+/// A chord or rest at its place in a system.
+struct PlacedChord {
+    const Chord *chord = nullptr;
+    const BarSource *source = nullptr;
+    unsigned shownBar = 0;
+    unsigned bar = 0; ///< index in the score
+    double x = 0;     ///< of its origin
+    double stemTip = 0;
+    unsigned beamCount = 0; ///< beams at the stem's tip that are drawn
+
+    double headCentre() const noexcept { return x + chord->width / 2; }
+    double stemX() const noexcept { return x + chord->stemX; }
+    const BeatSource &beat() const noexcept { return *chord->beat; }
+    const NoteSource &note(const Head &head) const { return source->notes[head.note]; }
+
+    /// The outermost ink of heads and stem.
+    double top() const noexcept
+    {
+        const double heads = chord->isRest() ? 0 : chord->top() - 0.5 * chord->scale;
+        return chord->hasStem && chord->isStemUp && !chord->isRest() ? std::min(heads, stemTip)
+                                                                     : heads;
+    }
+    double bottom() const noexcept
+    {
+        const double heads = chord->isRest() ? 0 : chord->bottom() + 0.5 * chord->scale;
+        return chord->hasStem && !chord->isStemUp && !chord->isRest() ? std::max(heads, stemTip)
+                                                                      : heads;
+    }
+};
+
+/// A row of a system while it is drawn. y counts from its top line.
+struct RowDraft {
+    const Row *row = nullptr;
+    unsigned number = 0;
+    Inks inks;
+    std::vector<PlacedChord> chords; ///< voice by voice, in time
+    Skyline above;                   ///< reaches upwards: -y
+    Skyline below;                   ///< reaches downwards: y
+    double y = 0;                    ///< of the top line, in the system
+
+    RowDraft(const Row &row, unsigned number, double width)
+        : row(&row), number(number), above(width, 0), below(width, row.height())
+    {
+    }
+
+    void cover(const Box &box)
+    {
+        above.insert(box.left, box.right, -box.top);
+        below.insert(box.left, box.right, box.bottom);
+    }
+
+    /// Adds ink that others must keep away from.
+    void add(Ink ink)
+    {
+        cover(ink.box);
+        inks.push_back(std::move(ink));
+    }
+    void add(Inks more)
+    {
+        for (Ink &ink : more)
+            add(std::move(ink));
+    }
+};
+
+struct BarPlace {
+    unsigned shownBar = 0;
+    double left = 0;  ///< where the notes' room begins, behind the bar line and its signs
+    double right = 0; ///< of the bar line's left edge
+    std::vector<double> columns;
+};
+
+/// One system while it is drawn.
+struct SystemDraft {
+    SystemDraft(const EngravedScore &engraved, const Pen &used, Problems &found)
+        : score(engraved), pen(used), problems(found)
+    {
+    }
+
+    const EngravedScore &score;
+    const Pen &pen;
+    Problems &problems;
+    unsigned first = 0; ///< shown bars
+    unsigned end = 0;
+    double staffLeft = 0; ///< where staff lines begin
+    double musicLeft = 0; ///< behind clefs and keys
+    double right = 0;
+    bool isFirst = false;
+    std::vector<RowDraft> rows;
+    std::vector<BarPlace> bars;
+
+    /// Ink over the whole system: bar lines through staves, brackets.
+    Inks inks;
+};
+
+} // namespace zarn::engraving

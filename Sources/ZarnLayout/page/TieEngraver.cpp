@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnLayout/page/TieEngraver.h>
+
+#include <algorithm>
+
+namespace zarn::engraving {
+
+namespace {
+
+constexpr double shortTie = 2.2;
+
+bool areAtOnePlace(const NoteSource &left, const NoteSource &right)
+{
+    if (left.string >= 0 && right.string >= 0)
+        return left.string == right.string;
+    return left.midi == right.midi && left.line == right.line;
+}
+
+class Ties {
+public:
+    Ties(RowDraft &row, const SystemDraft &draft) : _row(row), _draft(draft) { }
+
+    void add()
+    {
+        auto &chords = _row.chords;
+        for (std::size_t i = 0; i < chords.size(); ++i) {
+            const PlacedChord &chord = chords[i];
+            if (chord.beat().noteCount == 0)
+                continue;
+            const bool isFirst = i == 0 || chords[i - 1].chord->voice != chord.chord->voice;
+            const bool isLast =
+                i + 1 == chords.size() || chords[i + 1].chord->voice != chord.chord->voice;
+            for (const Head &head : chord.chord->heads) {
+                const NoteSource &note = chord.note(head);
+                if (note.marks.isTieOrigin())
+                    addFrom(chord, head, isLast ? nullptr : &chords[i + 1],
+                            isLast && chord.shownBar + 1 == _draft.end);
+                if (note.marks.isTied() && !endsHere(chord, note, isFirst ? nullptr
+                                                                          : &chords[i - 1]))
+                    addTo(chord, head, isFirst && chord.shownBar == _draft.first);
+            }
+        }
+    }
+
+private:
+    static bool endsHere(const PlacedChord &chord, const NoteSource &note,
+                         const PlacedChord *before)
+    {
+        static_cast<void>(chord);
+        if (!before || before->beat().noteCount == 0)
+            return false;
+        const auto &heads = before->chord->heads;
+        return std::any_of(heads.begin(), heads.end(), [&](const Head &head) {
+            const NoteSource &origin = before->note(head);
+            return origin.marks.isTieOrigin() && areAtOnePlace(origin, note);
+        });
+    }
+
+    static const Head *partner(const PlacedChord *next, const NoteSource &note)
+    {
+        if (!next || next->beat().noteCount == 0)
+            return nullptr;
+        for (const Head &head : next->chord->heads)
+            if (next->note(head).marks.isTied() && areAtOnePlace(note, next->note(head)))
+                return &head;
+        return nullptr;
+    }
+
+    /// 1 above the heads, -1 below.
+    static int sideOf(const PlacedChord &chord, const Head &head)
+    {
+        const auto &heads = chord.chord->heads;
+        const bool isUp = chord.chord->isStemUp;
+        if (chord.chord->isForced || heads.size() == 1)
+            return chord.chord->isForced && heads.size() > 1
+                ? (&head == &heads.back() && isUp          ? 1
+                       : &head == &heads.front() && !isUp  ? -1
+                       : isUp ? (&head == &heads.front() ? -1 : 1)
+                              : (&head == &heads.back() ? 1 : -1))
+                : chord.chord->isForced ? (isUp ? 1 : -1)
+                                        : (isUp ? -1 : 1);
+        const auto index = static_cast<std::size_t>(&head - heads.data());
+        return index >= (heads.size() + 1) / 2 ? 1 : -1;
+    }
+
+    /// An end at a head: beside it, or over it where nothing is in the way.
+    Point endAt(const PlacedChord &chord, const Head &head, int side, bool isStart) const
+    {
+        const auto &heads = chord.chord->heads;
+        const bool isOuter = side > 0 ? &head == &heads.back() : &head == &heads.front();
+        const bool meetsStem = chord.chord->hasStem && chord.chord->isStemUp == (side > 0);
+        const double left = chord.x + head.x;
+        const double right = left + head.width;
+        if (isOuter && !meetsStem && heads.size() == 1)
+            return {isStart ? left + head.width * 0.62 : left + head.width * 0.38,
+                    head.y - side * 0.68};
+        double outer = isStart ? right : left;
+        for (std::uint32_t i = chord.chord->firstInk; i < chord.chord->inkEnd && isStart; ++i)
+            if (const Ink &ink = inkOf(chord, i); ink.kind == MarkKind::AugmentationDot)
+                outer = std::max(outer, chord.x + ink.box.right);
+        return {isStart ? outer + 0.15 : outer - 0.15, head.y - side * 0.3};
+    }
+
+    const Ink &inkOf(const PlacedChord &chord, std::uint32_t number) const
+    {
+        return _draft.score.bars[_row.number][chord.shownBar].inks[number];
+    }
+
+    void addFrom(const PlacedChord &chord, const Head &head, const PlacedChord *next,
+                 bool leavesSystem)
+    {
+        const int side = sideOf(chord, head);
+        const Point from = endAt(chord, head, side, true);
+        const Head *end = partner(next, chord.note(head));
+        if (end)
+            addCurve(chord, head, from, endAt(*next, *end, side, false), side);
+        else
+            addCurve(chord, head, from,
+                     {leavesSystem ? std::max(_draft.right - 0.3, from.x + 1)
+                                   : from.x + shortTie,
+                      from.y},
+                     side);
+    }
+
+    void addTo(const PlacedChord &chord, const Head &head, bool entersSystem)
+    {
+        const int side = sideOf(chord, head);
+        const Point to = endAt(chord, head, side, false);
+        const double start = entersSystem ? std::min(_draft.musicLeft - 0.2, to.x - 1.2)
+                                          : to.x - shortTie;
+        addCurve(chord, head, {start, to.y}, to, side);
+    }
+
+    void addCurve(const PlacedChord &chord, const Head &head, Point from, Point to, int side)
+    {
+        const double y = side > 0 ? std::min(from.y, to.y) : std::max(from.y, to.y);
+        from.y = to.y = y;
+        if (to.x < from.x + 0.6)
+            to.x = from.x + 0.6;
+        const double height = std::clamp(0.3 + 0.05 * (to.x - from.x), 0.35, 1.1);
+        Ink curve = _draft.pen.curve(MarkKind::Tie, from, to, side * height);
+        curve.place.track = static_cast<std::int16_t>(_row.row->track);
+        curve.place.staff = static_cast<std::int8_t>(_row.row->staff);
+        curve.place.bar = static_cast<std::int32_t>(chord.bar);
+        curve.place.voice = static_cast<std::int8_t>(chord.chord->voice);
+        curve.place.beat = static_cast<std::int16_t>(chord.beat().index);
+        curve.place.note = static_cast<std::int16_t>(head.note - chord.beat().firstNote);
+        _row.add(std::move(curve));
+    }
+
+    RowDraft &_row;
+    const SystemDraft &_draft;
+};
+
+} // namespace
+
+void addTies(RowDraft &row, const SystemDraft &draft)
+{
+    if (row.row->notation == Notation::Standard)
+        Ties(row, draft).add();
+}
+
+} // namespace zarn::engraving

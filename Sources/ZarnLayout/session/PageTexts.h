@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnLayout/draw/ZarnDrawList.h>
+#include <ZarnLayout/engrave/Pen.h>
+
+#include <memory>
+
+namespace zarn {
+class ScoreModel;
+}
+
+namespace zarn::engraving {
+
+/// The title block of a score, and the texts at the top and bottom of its pages.
+class PageTexts {
+public:
+    /// `width` is that between the margins, in staff spaces.
+    PageTexts(const ScoreModel &model, const Pen &pen, double width);
+
+    /// Heights that are kept free: of the title on the first page, of headers on the others, of
+    /// footers.
+    double titleHeight() const noexcept { return _titleHeight; }
+    double headerHeight() const noexcept { return _headerHeight; }
+    double footerHeight() const noexcept { return _footerHeight; }
+
+    /// The texts of a page, counted from 1. `left` and `top` are the margins, `height` is between
+    /// them.
+    std::shared_ptr<const layout::DrawList> draw(unsigned page, unsigned pageCount, double left,
+                                                 double top, double height) const;
+
+private:
+    void makeTitle();
+    Inks cornerTexts(unsigned page, unsigned pageCount, bool isFooter) const;
+
+    const ScoreModel &_model;
+    const Pen &_pen;
+    double _width;
+    Inks _title;
+    double _titleHeight = 0;
+    double _headerHeight = 0;
+    double _footerHeight = 0;
+};
+
+} // namespace zarn::engraving

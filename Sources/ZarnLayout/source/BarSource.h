@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/model/ZarnBar.h>
+#include <ZarnCore/model/ZarnBeatDetails.h>
+#include <ZarnCore/model/ZarnBeatMarks.h>
+#include <ZarnCore/model/ZarnNoteDetails.h>
+#include <ZarnCore/model/ZarnNoteMarks.h>
+#include <ZarnCore/model/ZarnMasterBar.h>
+#include <ZarnCore/model/ZarnMasterTrack.h>
+#include <ZarnCore/model/form/ZarnInForce.h>
+#include <ZarnCore/music/ZarnRhythmValue.h>
+#include <ZarnCore/utils/rational.h>
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace zarn::engraving {
+
+// What a layout needs of a score, copied: once it is here, the score may change.
+
+/// An accidental in front of a note.
+struct AccidentalSign {
+    Accidental sign = Accidental::None;
+    AccidentalDisplay display = AccidentalDisplay::Auto;
+
+    bool isShown() const noexcept { return sign != Accidental::None; }
+};
+
+struct NoteSource {
+    static constexpr int NoLine = -128;
+
+    NoteMarks marks;
+    std::int8_t midi = -1; ///< as written
+    std::int8_t line = NoLine;
+    std::int8_t string = -1;
+    std::int8_t fret = -1;
+    std::int8_t step = -1; ///< letter, 0 for C
+    std::int8_t alteration = 0;
+    std::int8_t octave = 0;
+    AccidentalSign accidental;
+    NoteHead head = NoteHead::Normal;
+
+    /// Code points of heads and sign that the instrument set asks for; 0 for none.
+    std::array<char16_t, 3> setHeads = {0, 0, 0};
+    char16_t technique = 0;
+
+    std::shared_ptr<const NoteDetails> details; ///< null for none
+};
+
+struct BeatSource {
+    utils::rational onset; ///< quarters from the start of the bar
+    utils::rational length;
+    BeatMarks marks;
+    RhythmValue rhythm;
+    std::uint16_t index = 0; ///< in its voice
+    std::uint16_t firstNote = 0;
+    std::uint16_t noteCount = 0;
+    std::uint16_t graceRank = 0; ///< place in front of the main note, 1 the nearest; 0 for no grace
+    bool isRest = false;
+    bool isWholeBarRest = false;
+    bool isPlaceHolder = false;
+    bool isBeamedOn = false; ///< a beam leads to the next beat of the voice
+
+    std::shared_ptr<const BeatDetails> details; ///< null for none
+
+    bool isGrace() const noexcept { return graceRank != 0; }
+
+    /// Flags or beams; 0 for quarters and longer.
+    int flagCount() const noexcept
+    {
+        const int value = static_cast<int>(rhythm.getNoteValue())
+            - static_cast<int>(RhythmValue::NoteValue::Quarter);
+        return value > 0 ? value : 0;
+    }
+    bool hasStem() const noexcept
+    {
+        return rhythm.getNoteValue() >= RhythmValue::NoteValue::Half;
+    }
+};
+
+struct VoiceSource {
+    unsigned number = 0;
+    std::vector<BeatSource> beats;
+};
+
+/// One bar of one staff, and the context that reaches into it.
+struct BarSource {
+    ClefType clef = ClefType::G2;
+    ClefType clefBefore = ClefType::None; ///< that held up to here; none at the start
+    std::vector<ClefChange> clefChanges;
+    Ottavia ottavia = Ottavia::None;
+    SimileMark simile = SimileMark::None;
+    int key = 0;       ///< as written, flats below 0
+    int keyBefore = 0; ///< of the bar in front
+    float layoutRatio = 1;
+    std::vector<VoiceSource> voices;
+    std::vector<NoteSource> notes;
+
+    /// No sounding and no written beat.
+    bool isEmpty() const noexcept;
+};
+
+/// What all staves share of one bar.
+struct ColumnSource {
+    utils::rational length = 4;
+    TimeSignature meter;
+    bool showsMeter = false;
+    bool repeatStart = false;
+    unsigned repeatCount = 0; ///< 0 for no end of a repeat
+    bool doubleBar = false;
+    bool freeTime = false;
+    bool startsFreeTime = false;
+    BarLine barLine = BarLine::Auto;
+    std::uint32_t endings = 0;
+    bool movementStart = false;
+    Section section;
+    FermataMarks fermatas;
+    std::vector<DirectionMark> directions;
+    std::vector<TempoMark> tempos;
+    std::optional<TripletFeel> newFeel;
+    float layoutRatio = 1;
+
+    /// As people count, from 1; 0 for a pickup bar.
+    unsigned number = 1;
+    bool isLast = false;
+};
+
+/// A staff of a score with its bars.
+struct StaffSource {
+    unsigned track = 0;
+    unsigned staff = 0;
+    std::vector<BarSource> bars;
+};
+
+} // namespace zarn::engraving

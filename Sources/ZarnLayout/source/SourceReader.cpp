@@ -1,0 +1,216 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnLayout/source/SourceReader.h>
+
+#include <ZarnLayout/source/AccidentalMemory.h>
+#include <ZarnLayout/source/Beaming.h>
+
+#include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/notes/ZarnWrittenPitch.h>
+#include <ZarnCore/music/ZarnMusic.h>
+
+#include <algorithm>
+
+namespace zarn::engraving {
+
+using utils::rational;
+
+namespace {
+
+/// Copies beats and notes of one bar.
+class BarReader {
+public:
+    BarReader(const Track &track, const Bar &bar, BarSource &source)
+        : _bar(bar),
+          _source(source),
+          _set(InstrumentSet::isUnpitched(track.type()) ? track.instrumentSet() : nullptr),
+          _isUnpitched(InstrumentSet::isUnpitched(track.type()))
+    {
+    }
+
+    void readVoice(const Voice &voice)
+    {
+        VoiceSource copy;
+        copy.number = voice.index();
+        copy.beats.reserve(voice.beatCount());
+        rational onset;
+        for (const auto &beat : voice.beats()) {
+            copy.beats.push_back(readBeat(*beat, onset));
+            copy.beats.back().index = static_cast<std::uint16_t>(copy.beats.size() - 1);
+            onset += copy.beats.back().length;
+        }
+        unsigned rank = 0;
+        for (auto beat = copy.beats.rbegin(); beat != copy.beats.rend(); ++beat) {
+            rank = beat->marks.isGrace() ? rank + 1 : 0;
+            beat->graceRank = static_cast<std::uint16_t>(rank);
+        }
+        _source.voices.push_back(std::move(copy));
+    }
+
+private:
+    BeatSource readBeat(const Beat &beat, const rational &onset)
+    {
+        BeatSource copy;
+        copy.onset = onset;
+        copy.length = beat.length();
+        copy.marks = beat.marks();
+        copy.rhythm = beat.rhythmValue();
+        copy.isRest = beat.isRest();
+        copy.isWholeBarRest = beat.isWholeBarRest();
+        copy.isPlaceHolder = beat.isPlaceHolder();
+        copy.firstNote = static_cast<std::uint16_t>(_source.notes.size());
+        copy.noteCount = static_cast<std::uint16_t>(beat.noteCount());
+        if (beat.hasDetails())
+            copy.details = std::make_shared<const BeatDetails>(beat.details());
+        const Ottavia ottavia =
+            copy.marks.ottavia() != Ottavia::None ? copy.marks.ottavia() : _bar.ottavia();
+        const ClefType clef = _bar.clefChanges().empty() ? _bar.clef() : _bar.clefAt(onset);
+        for (const auto &note : beat.notes())
+            _source.notes.push_back(readNote(*note, clef, ottavia));
+        return copy;
+    }
+
+    NoteSource readNote(const Note &note, ClefType clef, Ottavia ottavia) const
+    {
+        NoteSource copy;
+        copy.marks = note.marks();
+        copy.midi = static_cast<std::int8_t>(writtenMidi(note));
+        copy.string = static_cast<std::int8_t>(note.string());
+        copy.fret = static_cast<std::int8_t>(note.fret());
+        copy.head = note.noteHead();
+        if (note.hasDetails())
+            copy.details = std::make_shared<const NoteDetails>(note.details());
+        if (_isUnpitched)
+            readArticulation(note, copy);
+        else if (copy.midi >= 0)
+            readPitch(note, clef, ottavia, copy);
+        if (note.staffLine() != Note::NoStaffLine)
+            copy.line = static_cast<std::int8_t>(note.staffLine());
+        return copy;
+    }
+
+    void readArticulation(const Note &note, NoteSource &copy) const
+    {
+        const auto number = static_cast<std::size_t>(note.percussionArticulation());
+        if (!_set || note.percussionArticulation() < 0 || number >= _set->articulations().size())
+            return;
+        const InstrumentArticulation &articulation = _set->articulations()[number];
+        copy.line = static_cast<std::int8_t>(std::clamp(articulation.staffLine(), -100, 100));
+        for (unsigned i = 0; i < InstrumentArticulation::headCount; ++i)
+            copy.setHeads[i] = articulation.notehead(i).codePoint();
+        copy.technique = articulation.techniqueSymbol().codePoint();
+    }
+
+    void readPitch(const Note &note, ClefType clef, Ottavia ottavia, NoteSource &copy) const
+    {
+        const core::Pitch pitch = writtenPitch(note, copy.midi, _source.key);
+        const NoteName name = PitchClass::fromPitch(pitch).note();
+        copy.step = static_cast<std::int8_t>(name.value());
+        copy.alteration = static_cast<std::int8_t>(pitch.alteration());
+        copy.octave = static_cast<std::int8_t>(pitch.octave());
+        copy.line = static_cast<std::int8_t>(Music::staffLineOfNote(name, clef, pitch.octave())
+                                             - 7 * Music::ottaviaOctaves(ottavia));
+    }
+
+    const Bar &_bar;
+    BarSource &_source;
+    std::shared_ptr<const InstrumentSet> _set;
+    bool _isUnpitched;
+};
+
+int keyOf(const Track &track, const MasterBar &master)
+{
+    if (InstrumentSet::isUnpitched(track.type()))
+        return 0;
+    return Music::transposedKeySignature(master.concertKeySignature(),
+                                         -(track.transpositionOffset() % 12))
+        .accidentalCount();
+}
+
+ClefType clefAtEnd(const Bar &bar)
+{
+    return bar.clefChanges().empty() ? bar.clef() : bar.clefChanges().back().clef;
+}
+
+} // namespace
+
+BarSource readBar(const ScoreModel &model, const Track &track, const Staff &staff, unsigned index)
+{
+    BarSource source;
+    const Bar &bar = *staff.bars()[index];
+    const auto &masterBars = model.masterTrack()->masterBars();
+    const MasterBar &master = *masterBars[index];
+    source.clef = bar.clef();
+    source.clefChanges = bar.clefChanges();
+    source.ottavia = bar.ottavia();
+    source.simile = bar.simileMark();
+    source.layoutRatio = bar.layoutRatio();
+    source.key = keyOf(track, master);
+    source.keyBefore = index > 0 ? keyOf(track, *masterBars[index - 1]) : 0;
+    if (index > 0)
+        source.clefBefore = clefAtEnd(*staff.bars()[index - 1]);
+    BarReader reader(track, bar, source);
+    for (const auto &voice : bar.voices())
+        if (voice && !voice->isEmpty())
+            reader.readVoice(*voice);
+    for (VoiceSource &voice : source.voices)
+        setBeams(voice.beats, master.timeSignature(), master.beamGroups());
+    setAccidentals(source);
+    return source;
+}
+
+StaffSource readStaff(const ScoreModel &model, unsigned track, unsigned staff, unsigned first,
+                      unsigned end)
+{
+    StaffSource source;
+    source.track = track;
+    source.staff = staff;
+    source.bars.reserve(end - first);
+    const Track &node = *model.tracks()[track];
+    const Staff &staffNode = *node.staves()[staff];
+    for (unsigned bar = first; bar < end; ++bar)
+        source.bars.push_back(readBar(model, node, staffNode, bar));
+    return source;
+}
+
+std::vector<ColumnSource> readColumns(const ScoreModel &model, unsigned first, unsigned end)
+{
+    const MasterTrack &master = *model.masterTrack();
+    std::vector<ColumnSource> columns(end - first);
+    const unsigned offset = master.hasAnacrusis() ? 0 : 1;
+    for (unsigned i = first; i < end; ++i) {
+        const MasterBar &bar = *master.masterBars()[i];
+        const MasterBar *before = i > 0 ? master.masterBars()[i - 1].get() : nullptr;
+        ColumnSource &column = columns[i - first];
+        column.length = bar.length();
+        column.meter = bar.timeSignature();
+        column.showsMeter = !before || before->timeSignature() != bar.timeSignature();
+        column.repeatStart = bar.isRepeatStart();
+        column.repeatCount = bar.repeatCount();
+        column.doubleBar = bar.hasDoubleBar();
+        column.freeTime = bar.isFreeTime();
+        column.startsFreeTime = bar.isFreeTime() && !(before && before->isFreeTime());
+        column.barLine = bar.barLine();
+        column.endings = bar.alternateEndings();
+        column.movementStart = bar.isMovementStart();
+        column.section = bar.section();
+        column.fermatas = bar.fermatas();
+        column.layoutRatio = bar.layoutRatio();
+        column.number = i + offset;
+        column.isLast = i + 1 == master.masterBarCount();
+        const TripletFeel old = before ? before->tripletFeel() : TripletFeel::NoTripletFeel;
+        if (bar.tripletFeel() != old)
+            column.newFeel = bar.tripletFeel();
+    }
+    for (int mark = 0; mark < DirectionMarkCount; ++mark) {
+        const int bar = master.directionIndex(static_cast<DirectionMark>(mark));
+        if (bar >= static_cast<int>(first) && bar < static_cast<int>(end))
+            columns[static_cast<unsigned>(bar) - first].directions.push_back(
+                static_cast<DirectionMark>(mark));
+    }
+    for (TempoMark &tempo : temposOf(master))
+        if (tempo.bar >= first && tempo.bar < end && tempo.isVisible)
+            columns[tempo.bar - first].tempos.push_back(std::move(tempo));
+    return columns;
+}
+
+} // namespace zarn::engraving

@@ -1,0 +1,263 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnLayout/space/BarSpacer.h>
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+
+namespace zarn::engraving {
+
+using utils::rational;
+
+namespace {
+
+constexpr double quarterWidth = 3.4;
+constexpr double doublingRatio = 1.45;
+constexpr double firstGap = 1.1;
+constexpr double gapBehindBarLine = 0.6;
+constexpr double gapToBarLine = 0.5;
+constexpr double leastStep = 0.55; ///< between columns whatever is in them
+constexpr double emptyBar = 5.0;
+
+double gapBetween(SpaceBox::Kind left, SpaceBox::Kind right)
+{
+    using Kind = SpaceBox::Kind;
+    if (left == Kind::Text || right == Kind::Text)
+        return 0.6;
+    if (left == Kind::Head && right == Kind::Head)
+        return 0.45;
+    if (right == Kind::Accidental)
+        return 0.35;
+    if (left == Kind::Ledger && right == Kind::Ledger)
+        return 0.25;
+    if (left == Kind::Ledger || right == Kind::Ledger)
+        return 0.2;
+    if (left == Kind::Stem && right == Kind::Stem)
+        return 0.3;
+    return 0.3;
+}
+
+/// How close two columns of a row may come; nothing when they do not meet.
+double distance(const std::vector<SpaceBox> &left, const std::vector<SpaceBox> &right)
+{
+    double most = 0;
+    for (const SpaceBox &a : left)
+        for (const SpaceBox &b : right)
+            if (a.box.top < b.box.bottom + 0.15 && b.box.top < a.box.bottom + 0.15)
+                most = std::max(most, a.box.right - b.box.left + gapBetween(a.kind, b.kind));
+    return most;
+}
+
+double leftOf(const std::vector<SpaceBox> &boxes)
+{
+    double left = 0;
+    for (const SpaceBox &box : boxes)
+        if (box.kind != SpaceBox::Kind::Text)
+            left = std::min(left, box.box.left);
+    return left;
+}
+
+double rightOf(const std::vector<SpaceBox> &boxes)
+{
+    double right = 0;
+    for (const SpaceBox &box : boxes)
+        if (box.kind != SpaceBox::Kind::Text)
+            right = std::max(right, box.box.right);
+    return right;
+}
+
+/// Ink of a grace note around its own origin.
+Box boxOfChord(const EngravedBar &bar, const Chord &chord)
+{
+    Box box = {0, 0, chord.width, 0};
+    for (std::uint32_t i = chord.firstInk; i < chord.inkEnd; ++i)
+        box.add(bar.inks[i].box);
+    if (chord.isBeamed)
+        box.add({chord.stemX, std::min(chord.stemRoot, chord.stemTip), chord.stemX,
+                 std::max(chord.stemRoot, chord.stemTip)});
+    return box;
+}
+
+void placeGraceNotes(const std::vector<EngravedBar *> &rows, std::size_t columnCount)
+{
+    struct Grace {
+        EngravedBar *bar;
+        Chord *chord;
+        Box box;
+    };
+    std::map<std::pair<unsigned, unsigned>, std::vector<Grace>> graces;
+    std::map<unsigned, double> leftEdges;
+    for (EngravedBar *row : rows)
+        for (Chord &chord : row->chords)
+            if (chord.beat->isGrace() && chord.column < columnCount) {
+                graces[{chord.column, chord.beat->graceRank}].push_back(
+                    {row, &chord, boxOfChord(*row, chord)});
+                double &edge = leftEdges.emplace(chord.column, 0.0).first->second;
+                edge = std::min(edge, leftOf(row->columns[chord.column].boxes));
+            }
+    for (auto &[key, members] : graces) {
+        double &edge = leftEdges[key.first];
+        double right = 0;
+        double left = 0;
+        for (const Grace &grace : members) {
+            right = std::max(right, grace.box.right);
+            left = std::min(left, grace.box.left);
+        }
+        const double x = edge - 0.35 - right;
+        for (const Grace &grace : members) {
+            grace.chord->x = x;
+            grace.bar->columns[key.first].boxes.push_back(
+                {grace.box.movedBy(x, 0), SpaceBox::Kind::Sign});
+        }
+        edge = x + left;
+    }
+}
+
+void placeClefs(const std::vector<EngravedBar *> &rows)
+{
+    for (EngravedBar *row : rows)
+        for (auto &clef : row->clefs) {
+            if (clef.column >= row->columns.size())
+                continue;
+            auto &boxes = row->columns[clef.column].boxes;
+            clef.ink.move(leftOf(boxes) - 0.4 - clef.ink.box.right, 0);
+            boxes.push_back({clef.ink.box, SpaceBox::Kind::Sign});
+        }
+}
+
+std::vector<double> springsOf(const std::vector<const BarSource *> &staves,
+                              const Onsets &onsets, const rational &barLength)
+{
+    std::vector<rational> shortest(onsets.size());
+    for (const BarSource *staff : staves)
+        for (const VoiceSource &voice : staff->voices)
+            for (const BeatSource &beat : voice.beats) {
+                if (beat.isGrace() || beat.isWholeBarRest || beat.isPlaceHolder)
+                    continue;
+                const rational end = beat.onset + beat.length;
+                auto column = static_cast<std::size_t>(
+                    std::lower_bound(onsets.begin(), onsets.end(), beat.onset) - onsets.begin());
+                for (; column < onsets.size() && onsets[column] < end; ++column)
+                    if (shortest[column].isZero() || beat.length < shortest[column])
+                        shortest[column] = beat.length;
+            }
+    std::vector<double> springs(onsets.size());
+    for (std::size_t i = 0; i < onsets.size(); ++i) {
+        const rational end = i + 1 < onsets.size() ? onsets[i + 1] : barLength;
+        rational gap = end - onsets[i];
+        if (gap.sign() <= 0)
+            gap = i + 1 < onsets.size() || shortest[i].isZero() ? rational(1, 16) : shortest[i];
+        const rational note = shortest[i].isZero() ? gap : shortest[i];
+        springs[i] = naturalWidth(note) * (gap / note).toDouble();
+    }
+    return springs;
+}
+
+} // namespace
+
+double naturalWidth(const rational &length)
+{
+    const double quarters = std::max(length.toDouble(), 1.0 / 64);
+    return quarterWidth * std::pow(doublingRatio, std::log2(quarters));
+}
+
+Onsets onsetsOf(const std::vector<const BarSource *> &staves)
+{
+    Onsets onsets;
+    for (const BarSource *staff : staves) {
+        if (staff->simile != SimileMark::None)
+            continue;
+        for (const VoiceSource &voice : staff->voices)
+            for (const BeatSource &beat : voice.beats)
+                if (!beat.isWholeBarRest && !beat.isPlaceHolder)
+                    onsets.push_back(beat.onset);
+    }
+    std::sort(onsets.begin(), onsets.end());
+    onsets.erase(std::unique(onsets.begin(), onsets.end()), onsets.end());
+    return onsets;
+}
+
+SpacedBar spaceBar(const std::vector<EngravedBar *> &rows,
+                   const std::vector<const BarSource *> &staves, const ColumnSource &column,
+                   Onsets onsets, double ratio, const Fonts &fonts)
+{
+    SpacedBar bar;
+    bar.springs = springsOf(staves, onsets, column.length);
+    bar.onsets = std::move(onsets);
+    const auto count = static_cast<unsigned>(bar.onsets.size());
+    for (double &spring : bar.springs)
+        spring *= ratio;
+    placeGraceNotes(rows, count);
+    placeClefs(rows);
+
+    bar.firstGap = firstGap;
+    for (const EngravedBar *row : rows)
+        if (!row->centred.empty())
+            bar.emptyWidth = std::max(bar.emptyWidth, row->centredWidth + 3);
+    bar.emptyWidth = std::max(bar.emptyWidth, emptyBar) * ratio;
+    const double head = fonts.box(Sign::NoteheadBlack).right;
+    double clefsAtEnd = 0;
+    for (const EngravedBar *row : rows)
+        for (const auto &clef : row->clefs)
+            if (clef.column >= count)
+                clefsAtEnd = std::max(clefsAtEnd, clef.ink.box.width() + 0.5);
+
+    std::vector<std::vector<SpacedBar::Rod>> byTo(count + 2);
+    for (const EngravedBar *row : rows) {
+        constexpr int none = -1;
+        int last = none;
+        int secondLast = none;
+        for (unsigned i = 0; i < count; ++i) {
+            const auto &boxes = row->columns[i].boxes;
+            if (boxes.empty())
+                continue;
+            const unsigned to = i + 1;
+            byTo[to].push_back({0, to, gapBehindBarLine - leftOf(boxes)});
+            for (const int from : {last, secondLast})
+                if (from != none) {
+                    const double least =
+                        distance(row->columns[static_cast<unsigned>(from)].boxes, boxes);
+                    if (least > 0)
+                        byTo[to].push_back({static_cast<unsigned>(from) + 1, to, least});
+                }
+            byTo[count + 1].push_back({to, count + 1, rightOf(boxes) + gapToBarLine + clefsAtEnd});
+            secondLast = last;
+            last = static_cast<int>(i);
+        }
+    }
+    for (unsigned to = 2; to <= count; ++to)
+        byTo[to].push_back({to - 1, to, leastStep});
+    if (count > 0)
+        byTo[count + 1].push_back({count, count + 1, head + gapToBarLine + clefsAtEnd});
+    byTo[count + 1].push_back({0, count + 1, bar.emptyWidth * (count == 0 ? 0.6 : 0.4)});
+    for (auto &rods : byTo)
+        bar.rods.insert(bar.rods.end(), rods.begin(), rods.end());
+
+    SpringLine line;
+    line.addColumn(0, 0);
+    bar.addTo(line);
+    bar.width.least = line.width(0);
+    double springs = count == 0 ? bar.emptyWidth : 0;
+    for (const double spring : bar.springs)
+        springs += spring;
+    bar.width.spring = springs;
+    bar.width.fixed = line.width(1) - springs;
+    return bar;
+}
+
+void SpacedBar::addTo(SpringLine &line) const
+{
+    const unsigned start = line.columnCount() - 1;
+    const auto count = static_cast<unsigned>(onsets.size());
+    auto rod = rods.begin();
+    for (unsigned column = 1; column <= count + 1; ++column) {
+        if (count == 0)
+            line.addColumn(0, emptyWidth);
+        else
+            line.addColumn(column == 1 ? firstGap : 0, column == 1 ? 0 : springs[column - 2]);
+        for (; rod != rods.end() && rod->to == column; ++rod)
+            line.addRod(start + rod->from, rod->length);
+    }
+}
+
+} // namespace zarn::engraving

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnLayout/engrave/BarEngraver.h>
+#include <ZarnLayout/engrave/EngravedBar.h>
+#include <ZarnLayout/space/LineBreaker.h>
+#include <ZarnLayout/space/SpringLine.h>
+
+#include <vector>
+
+namespace zarn::engraving {
+
+/// Springs and rods of one bar over all rows. Column 0 of the rods is the start of the bar, then
+/// come the columns of notes, then the end of the bar.
+struct SpacedBar {
+    struct Rod {
+        unsigned from;
+        unsigned to;
+        double length;
+    };
+
+    Onsets onsets;
+    std::vector<double> springs; ///< behind each column, at factor 1
+    std::vector<Rod> rods;       ///< in the order of `to`
+    double firstGap = 0;         ///< from the start of the bar to the first column
+    double emptyWidth = 0;       ///< of a bar without columns
+    BarWidth width;              ///< without the signs around its bar lines
+
+    /// Adds the bar to a line whose last column is the start of the bar.
+    void addTo(SpringLine &line) const;
+};
+
+/// Times at which something begins in a bar, over all staves.
+Onsets onsetsOf(const std::vector<const BarSource *> &staves);
+
+/// Width that a note value wants, in staff spaces: a fixed one for a quarter, and the same ratio
+/// for each doubling, whatever else is in the score.
+double naturalWidth(const utils::rational &length);
+
+/// Puts grace notes and clefs in front of the columns of a bar, the same in all rows, and finds
+/// how far apart its columns want to be and must be.
+SpacedBar spaceBar(const std::vector<EngravedBar *> &rows,
+                   const std::vector<const BarSource *> &staves, const ColumnSource &column,
+                   Onsets onsets, double ratio, const Fonts &fonts);
+
+} // namespace zarn::engraving

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnLayout/space/SpringLine.h>
+
+#include <algorithm>
+
+namespace zarn::engraving {
+
+unsigned SpringLine::addColumn(double fixed, double spring)
+{
+    const auto rods = static_cast<std::uint32_t>(_rods.size());
+    _columns.push_back({fixed, spring, rods, rods});
+    return columnCount() - 1;
+}
+
+void SpringLine::addRod(unsigned from, double length)
+{
+    _rods.push_back({from, length});
+    _columns.back().rodEnd = static_cast<std::uint32_t>(_rods.size());
+}
+
+double SpringLine::lay(double factor, std::vector<double> &places) const
+{
+    places.resize(_columns.size());
+    double place = 0;
+    for (std::size_t i = 0; i < _columns.size(); ++i) {
+        const Column &column = _columns[i];
+        place += column.fixed + factor * column.spring;
+        for (std::uint32_t rod = column.firstRod; rod < column.rodEnd; ++rod)
+            place = std::max(place, places[_rods[rod].from] + _rods[rod].length);
+        places[i] = place;
+    }
+    return place;
+}
+
+double SpringLine::width(double factor) const
+{
+    return lay(factor, _scratch);
+}
+
+double SpringLine::factorFor(double width) const
+{
+    // The width is convex in the factor and made of straight pieces: halving finds the place to
+    // the last bit that matters.
+    double low = 0;
+    if (this->width(low) >= width)
+        return 0;
+    double high = 1;
+    while (this->width(high) < width && high < 1e6)
+        low = high, high *= 2;
+    for (int i = 0; i < 44; ++i) {
+        const double middle = (low + high) / 2;
+        (this->width(middle) < width ? low : high) = middle;
+    }
+    return low;
+}
+
+std::vector<double> SpringLine::places(double factor) const
+{
+    std::vector<double> places;
+    lay(factor, places);
+    return places;
+}
+
+} // namespace zarn::engraving
