@@ -9,10 +9,12 @@
 
 namespace zarn::tool {
 
-std::optional<std::pair<unsigned, unsigned>> barRange(const Arguments &arguments, unsigned barCount)
+BarRange readBarRange(const Arguments &arguments, unsigned barCount)
 {
+    BarRange range;
+    range.last = barCount == 0 ? 0 : barCount - 1;
     if (!arguments.has(QStringLiteral("bars")))
-        return std::nullopt;
+        return range;
     const QString text = arguments.value(QStringLiteral("bars"));
     const QStringList ends = text.split(QLatin1Char('-'));
     bool isFirst = false;
@@ -25,10 +27,12 @@ std::optional<std::pair<unsigned, unsigned>> barRange(const Arguments &arguments
     if (first > barCount)
         throw UsageError{QStringLiteral("--bars %1: the score has %2")
                              .arg(text, QString::fromStdString(counted(barCount, "bar")))};
+    range.first = first - 1;
+    range.last = std::min(last, barCount) - 1;
     if (last > barCount)
         std::cerr << "zarn: --bars " << text.toStdString() << ": the score ends with bar "
                   << barCount << '\n';
-    return std::pair(first - 1, std::min(last, barCount) - 1);
+    return range;
 }
 
 } // namespace zarn::tool

@@ -8,6 +8,9 @@
 #include "common/Manual.h"
 #include "common/Terminal.h"
 #include "convert/ConvertCommand.h"
+#ifdef ZARN_HAS_LAYOUT
+#include "draw/DrawCommand.h"
+#endif
 #include "edit/EditCommand.h"
 #include "events/EventsCommand.h"
 #include "info/InfoCommand.h"
@@ -116,13 +119,14 @@ bool flushOutput()
 
 const std::vector<Subcommand> &subcommands()
 {
-    static const std::vector<Subcommand> all = {
-        infoCommand(),    notesCommand(), eventsCommand(),  showCommand(),  editCommand(),
-        convertCommand(), newCommand(),   catalogCommand(), chordCommand(), scaleCommand()};
-    infoCommand(), notesCommand(), showCommand(), editCommand(), convertCommand(), newCommand(),
-        catalogCommand(), chordCommand(), scaleCommand(), bankCommand()
-};
-return all;
+    static const std::vector<Subcommand> all = {infoCommand(),  notesCommand(),   eventsCommand(),
+                                                showCommand(),  editCommand(),    convertCommand(),
+#ifdef ZARN_HAS_LAYOUT
+                                                drawCommand(),
+#endif
+                                                newCommand(),   catalogCommand(), chordCommand(),
+                                                scaleCommand(), bankCommand()};
+    return all;
 }
 
 int runProgram(int argc, char **argv) noexcept

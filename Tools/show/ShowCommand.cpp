@@ -13,18 +13,10 @@
 
 #include <iostream>
 #include <limits>
-#include <tuple>
 
 namespace zarn::tool {
 
 namespace {
-
-void readBars(const Arguments &arguments, unsigned barCount, ShownPart &part)
-{
-    part.lastBar = barCount == 0 ? 0 : barCount - 1;
-    if (const auto range = barRange(arguments, barCount))
-        std::tie(part.firstBar, part.lastBar) = *range;
-}
 
 int runShow(const Arguments &arguments, const Terminal &terminal)
 {
@@ -40,7 +32,9 @@ int runShow(const Arguments &arguments, const Terminal &terminal)
     if (arguments.has(QStringLiteral("voice")))
         part.voice = static_cast<unsigned>(
             arguments.number(QStringLiteral("voice"), 1, Bar::MaxVoices, 1) - 1);
-    readBars(arguments, model.masterTrack()->masterBarCount(), part);
+    const BarRange bars = readBarRange(arguments, model.masterTrack()->masterBarCount());
+    part.firstBar = bars.first;
+    part.lastBar = bars.last;
     const int width = arguments.number(QStringLiteral("width"), 20, 10000, terminal.width());
     const bool usesUtf8 = terminal.showsUtf8() && !arguments.has(QStringLiteral("ascii"));
     const Terminal shown(width, usesUtf8, terminal.showsColour());

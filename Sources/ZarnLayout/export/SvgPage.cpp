@@ -23,8 +23,7 @@ QString xmlText(std::string_view text)
     for (QChar &character : result)
         if (character.unicode() < 0x20 || character.unicode() == 0xFFFE
             || character.unicode() == 0xFFFF)
-            character = character == QLatin1Char('\t') ? QLatin1Char(' ')
-                                                       : QChar(QChar::ReplacementCharacter);
+            character = character.isSpace() ? QLatin1Char(' ') : QChar(QChar::ReplacementCharacter);
     return result;
 }
 

@@ -58,7 +58,8 @@ public:
 
     /// Reads a font's metadata and the code points of SMuFL's glyph names (its `glyphnames.json`);
     /// `name` stands in messages. Raises `CoreException` with the place in the document. Glyphs
-    /// whose code point is unknown are left out.
+    /// whose code point is unknown are left out. Layouts are measured by these sizes; painters and
+    /// writers draw the outlines of the built-in font, whatever the metadata are of.
     static std::shared_ptr<const MusicFont>
     parse(std::string_view metadata, std::string_view glyphNames, const std::string &name);
 

@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: MIT
+#include "draw/DrawOptions.h"
+
+#include "common/Arguments.h"
+#include "common/BarRange.h"
+#include "common/Terminal.h"
+
+#include <ZarnCore/model/ZarnScoreModel.h>
+
+#include <QPair>
+
+#include <array>
+#include <cmath>
+
+namespace zarn::tool {
+namespace {
+
+/// Names of sheets with their sizes in millimetres, upright.
+struct SheetSize {
+    const char *name;
+    double width;
+    double height;
+};
+constexpr std::array<SheetSize, 7> sheetSizes{{
+    {"A3", 297, 420},
+    {"A4", 210, 297},
+    {"A5", 148, 210},
+    {"A6", 105, 148},
+    {"B4", 250, 353},
+    {"letter", 215.9, 279.4},
+    {"legal", 215.9, 355.6},
+}};
+
+constexpr double smallestSheet = 10;
+constexpr double largestSheet = 5000;
+constexpr double smallestStaff = 0.4;
+constexpr double largestStaff = 100;
+
+int micrometres(double millimetres)
+{
+    return static_cast<int>(std::lround(millimetres * 1000));
+}
+
+QStringList words(const Arguments &arguments, const QString &option)
+{
+    return arguments.value(option).split(QLatin1Char(','));
+}
+
+/// "2", "1,3" or "1-3,5", counted from 1.
+std::vector<unsigned> readTracks(const Arguments &arguments, unsigned trackCount)
+{
+    std::vector<unsigned> tracks;
+    for (const QString &word : words(arguments, QStringLiteral("tracks"))) {
+        const QStringList ends = word.split(QLatin1Char('-'));
+        bool isFirst = false;
+        bool isLast = false;
+        const unsigned first = ends.first().toUInt(&isFirst);
+        const unsigned last = ends.last().toUInt(&isLast);
+        if (ends.size() > 2 || !isFirst || !isLast || first < 1 || last < first)
+            throw UsageError{
+                QStringLiteral("--tracks takes numbers such as 2 or 1-3,5, not \"%1\"").arg(word)};
+        if (last > trackCount)
+            throw UsageError{QStringLiteral("--tracks %1: the score has %2")
+                                 .arg(word, QString::fromStdString(counted(trackCount, "track")))};
+        for (unsigned track = first; track <= last; ++track)
+            if (std::find(tracks.begin(), tracks.end(), track - 1) == tracks.end())
+                tracks.push_back(track - 1);
+    }
+    return tracks;
+}
+
+TrackNotations readNotations(const Arguments &arguments)
+{
+    TrackNotations notations{false, false, false};
+    for (const QString &word : words(arguments, QStringLiteral("notation"))) {
+        if (word == QStringLiteral("staff"))
+            notations.standard = true;
+        else if (word == QStringLiteral("tab"))
+            notations.tablature = true;
+        else if (word == QStringLiteral("slash"))
+            notations.slash = true;
+        else
+            throw UsageError{
+                QStringLiteral("--notation takes staff, tab and slash, with commas between them, "
+                               "not \"%1\"")
+                    .arg(word)};
+    }
+    return notations;
+}
+
+ViewLayout readView(const QString &word)
+{
+    if (word == QStringLiteral("pages"))
+        return ViewLayout::Pages;
+    if (word == QStringLiteral("scroll"))
+        return ViewLayout::Continuous;
+    if (word == QStringLiteral("line"))
+        return ViewLayout::SingleLine;
+    throw UsageError{QStringLiteral("--view takes pages, scroll or line, not \"%1\"").arg(word)};
+}
+
+void readSheet(const QString &word, PageSetup &setup)
+{
+    setup.orientation = PageSetup::Orientation::Portrait;
+    for (const SheetSize &size : sheetSizes) {
+        if (word.compare(QLatin1String(size.name), Qt::CaseInsensitive) == 0) {
+            setup.width = micrometres(size.width);
+            setup.height = micrometres(size.height);
+            return;
+        }
+    }
+    const QStringList sides = word.split(QLatin1Char('x'));
+    bool isWidth = false;
+    bool isHeight = false;
+    const double width = sides.first().toDouble(&isWidth);
+    const double height = sides.last().toDouble(&isHeight);
+    const auto fits = [](double side) { return side >= smallestSheet && side <= largestSheet; };
+    if (sides.size() != 2 || !isWidth || !isHeight || !fits(width) || !fits(height)) {
+        QStringList names;
+        for (const SheetSize &size : sheetSizes)
+            names.append(QLatin1String(size.name));
+        throw UsageError{QStringLiteral("--page takes %1 or WIDTHxHEIGHT in millimetres from 10 "
+                                        "to 5000, such as 210x297, not \"%2\"")
+                             .arg(names.join(QStringLiteral(", ")), word)};
+    }
+    setup.width = micrometres(width);
+    setup.height = micrometres(height);
+}
+
+void readStaffSize(const QString &word, PageSetup &setup)
+{
+    bool isNumber = false;
+    const double size = word.toDouble(&isNumber);
+    if (!isNumber || !(size >= smallestStaff && size <= largestStaff))
+        throw UsageError{QStringLiteral("--staff-size takes the height of a staff of five lines "
+                                        "in millimetres from 0.4 to 100, not \"%1\"")
+                             .arg(word)};
+    setup.staffSpace = micrometres(size / 4);
+}
+
+} // namespace
+
+layout::LayoutOptions readLayoutOptions(const Arguments &arguments, const ScoreModel &model)
+{
+    layout::LayoutOptions options;
+    if (arguments.has(QStringLiteral("tracks")))
+        options.tracks = readTracks(arguments, model.trackCount());
+    const BarRange bars = readBarRange(arguments, model.masterTrack()->masterBarCount());
+    options.firstBar = bars.first;
+    options.lastBar = bars.last;
+    if (arguments.has(QStringLiteral("notation")))
+        options.notations = readNotations(arguments);
+    if (arguments.has(QStringLiteral("view")))
+        options.view = readView(arguments.value(QStringLiteral("view")));
+    options.multiRest = arguments.has(QStringLiteral("multi-rests"));
+    PageSetup setup = model.pageSetup();
+    if (arguments.has(QStringLiteral("page")))
+        readSheet(arguments.value(QStringLiteral("page")), setup);
+    if (arguments.has(QStringLiteral("staff-size")))
+        readStaffSize(arguments.value(QStringLiteral("staff-size")), setup);
+    options.page = setup;
+    return options;
+}
+
+} // namespace zarn::tool
