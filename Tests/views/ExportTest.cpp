@@ -4,13 +4,18 @@
 #include <ZarnCore/ZarnException.h>
 #include <ZarnViews/export/ZarnPdfWriter.h>
 #include <ZarnViews/export/ZarnPngWriter.h>
+#include <ZarnViews/export/ZarnScorePrinter.h>
 
 #include <gtest/gtest.h>
 
 #include <QBuffer>
+#include <QFile>
 #include <QImage>
+#include <QPrinter>
+#include <QTemporaryDir>
 
 #include <cmath>
+#include <functional>
 
 namespace zarn::views { namespace {
 

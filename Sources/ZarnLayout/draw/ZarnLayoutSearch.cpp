@@ -1,0 +1,199 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnLayout/draw/ZarnLayoutSearch.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <limits>
+#include <map>
+#include <utility>
+
+namespace zarn::layout {
+namespace {
+
+/// What a click most likely means comes first.
+int rank(MarkKind kind) noexcept
+{
+    switch (kind) {
+    case MarkKind::NoteHead:
+    case MarkKind::Fret:
+    case MarkKind::Slash:
+    case MarkKind::Rest:
+        return 0;
+    case MarkKind::StaffLine:
+    case MarkKind::LedgerLine:
+        return 2;
+    default:
+        return 1;
+    }
+}
+
+Unit distance(const Box &box, Point point) noexcept
+{
+    const Unit x = std::max({box.left - point.x, point.x - box.right, 0});
+    const Unit y = std::max({box.top - point.y, point.y - box.bottom, 0});
+    return std::max(x, y);
+}
+
+/// Distance of a number to a stretch, 0 inside.
+Unit distance(Unit from, Unit to, Unit at) noexcept
+{
+    return std::max({from - at, at - to, 0});
+}
+
+bool holds(const SystemDrawing &system, std::int32_t bar) noexcept
+{
+    return !system.bars.empty() && bar >= system.bars.front().firstBar
+        && bar < system.bars.back().firstBar + system.bars.back().barCount;
+}
+
+/// Whether a mark's place is a place or lies in it.
+bool isIn(const DrawPlace &mark, const DrawPlace &place) noexcept
+{
+    const auto fits = [](int number, int wanted) { return wanted < 0 || number == wanted; };
+    return fits(mark.track, place.track) && fits(mark.bar, place.bar)
+        && fits(mark.staff, place.staff) && fits(mark.voice, place.voice)
+        && fits(mark.beat, place.beat) && fits(mark.note, place.note);
+}
+
+const PlacedSystem *systemAt(const LayoutPage &page, Point point)
+{
+    const PlacedSystem *nearest = nullptr;
+    Unit best = std::numeric_limits<Unit>::max();
+    for (const PlacedSystem &system : page.systems) {
+        const auto &staves = system.drawing->staves;
+        if (staves.empty())
+            continue;
+        const Unit away =
+            distance(staves.front().top + system.at.y, staves.back().bottom + system.at.y, point.y);
+        if (away < best) {
+            best = away;
+            nearest = &system;
+        }
+    }
+    return nearest;
+}
+
+} // namespace
+
+std::optional<FoundMark> markAt(const Layout &layout, std::size_t page, Point point, Unit reach)
+{
+    if (page >= layout.pages().size())
+        return std::nullopt;
+    std::optional<FoundMark> found;
+    std::pair<int, Unit> best{2, 0};
+    const auto look = [&](const DrawList &list, Point offset) {
+        for (const DrawMark &mark : list.marks()) {
+            const int order = rank(mark.kind);
+            if (order == 2)
+                continue;
+            const Box box = list.box(mark, layout.font()).movedBy(offset);
+            const std::pair candidate{order, distance(box, point)};
+            if (candidate.second <= reach && candidate < best) {
+                best = candidate;
+                found = FoundMark{mark.place, mark.kind, box};
+            }
+        }
+    };
+    const LayoutPage &sheet = layout.pages()[page];
+    for (const PlacedSystem &system : sheet.systems)
+        look(system.drawing->marks, system.at);
+    if (sheet.marks != nullptr)
+        look(*sheet.marks, {});
+    return found;
+}
+
+std::optional<FoundSpot> spotAt(const Layout &layout, std::size_t page, Point point)
+{
+    if (page >= layout.pages().size())
+        return std::nullopt;
+    const PlacedSystem *system = systemAt(layout.pages()[page], point);
+    if (system == nullptr || system->drawing->bars.empty())
+        return std::nullopt;
+    const Point inside = point - system->at;
+    const auto &staves = system->drawing->staves;
+    const auto staff = std::min_element(
+        staves.begin(), staves.end(), [&](const StaffFrame &a, const StaffFrame &b) {
+            return distance(a.top, a.bottom, inside.y) < distance(b.top, b.bottom, inside.y);
+        });
+    const auto &bars = system->drawing->bars;
+    const auto bar =
+        std::min_element(bars.begin(), bars.end(), [&](const BarFrame &a, const BarFrame &b) {
+            return distance(a.left, a.right, inside.x) < distance(b.left, b.right, inside.x);
+        });
+    FoundSpot spot;
+    spot.staff = *staff;
+    spot.bar = bar->firstBar;
+    const auto column = std::min_element(
+        bar->columns.begin(), bar->columns.end(), [&](const ColumnFrame &a, const ColumnFrame &b) {
+            return std::abs(a.x - inside.x) < std::abs(b.x - inside.x);
+        });
+    if (column != bar->columns.end())
+        spot.offset = column->offset;
+    const double gap = staff->lineCount > 1
+        ? static_cast<double>(staff->bottom - staff->top) / (staff->lineCount - 1)
+        : staffSpace;
+    spot.step = static_cast<std::int32_t>(std::lround((inside.y - staff->top) / gap * 2));
+    return spot;
+}
+
+std::vector<PlacedBox> boxesOf(const Layout &layout, const DrawPlace &place)
+{
+    std::vector<PlacedBox> result;
+    for (std::size_t page = 0; page < layout.pages().size(); ++page) {
+        for (const PlacedSystem &system : layout.pages()[page].systems) {
+            if (place.bar >= 0 && !holds(*system.drawing, place.bar))
+                continue;
+            std::map<std::pair<int, int>, Box> boxes; // by track and staff
+            const DrawList &list = system.drawing->marks;
+            for (const DrawMark &mark : list.marks()) {
+                if (mark.kind == MarkKind::StaffLine || !isIn(mark.place, place))
+                    continue;
+                Box &box = boxes[{mark.place.track, mark.place.staff}];
+                box = box.unitedWith(list.box(mark, layout.font()).movedBy(system.at));
+            }
+            for (const auto &[staff, box] : boxes)
+                result.push_back({page, box});
+        }
+    }
+    return result;
+}
+
+std::optional<PlacedBox> playbackLine(const Layout &layout, std::int32_t bar,
+                                      const utils::rational &offset)
+{
+    for (std::size_t page = 0; page < layout.pages().size(); ++page) {
+        for (const PlacedSystem &system : layout.pages()[page].systems) {
+            const SystemDrawing &drawing = *system.drawing;
+            if (!holds(drawing, bar) || drawing.staves.empty())
+                continue;
+            const auto after =
+                std::find_if(drawing.bars.begin(), drawing.bars.end(), [&](const BarFrame &frame) {
+                    return bar < frame.firstBar + frame.barCount;
+                });
+            const auto &columns = after->columns;
+            const auto next =
+                std::find_if(columns.begin(), columns.end(),
+                             [&](const ColumnFrame &column) { return offset < column.offset; });
+            Unit x = next == columns.end() ? after->right : next->x;
+            if (next != columns.begin()) {
+                const ColumnFrame &before = *std::prev(next);
+                x = before.x;
+                if (next != columns.end()) {
+                    const double part = (offset - before.offset).toDouble()
+                        / (next->offset - before.offset).toDouble();
+                    x += static_cast<Unit>(std::lround(part * (next->x - before.x)));
+                }
+            } else if (columns.empty()) {
+                x = after->left;
+            }
+            const Unit left = x + system.at.x;
+            return PlacedBox{page,
+                             {left, drawing.staves.front().top + system.at.y, left,
+                              drawing.staves.back().bottom + system.at.y}};
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace zarn::layout

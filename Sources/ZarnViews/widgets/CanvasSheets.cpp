@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnViews/widgets/CanvasSheets.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace zarn::views {
+namespace {
+
+/// Whether two sheets show the same; drawings that are equal are shared by layouts that follow each
+/// other.
+bool isShownAlike(const layout::LayoutPage &a, const layout::LayoutPage &b)
+{
+    return a.width == b.width && a.height == b.height && a.marks == b.marks
+        && std::equal(a.systems.begin(), a.systems.end(), b.systems.begin(), b.systems.end(),
+                      [](const layout::PlacedSystem &x, const layout::PlacedSystem &y) {
+                          return x.at == y.at && x.drawing == y.drawing;
+                      });
+}
+
+} // namespace
+
+void ScoreCanvas::Sheets::setLayout(std::shared_ptr<const layout::Layout> layout)
+{
+    const auto before = std::exchange(_layout, std::move(layout));
+    const std::size_t count = _layout == nullptr ? 0 : _layout->pages().size();
+    const bool isComparable = before != nullptr && _layout != nullptr
+        && before->staffSpace() == _layout->staffSpace() && &before->font() == &_layout->font();
+    _numbers.resize(count, 0);
+    for (std::size_t sheet = 0; sheet < count; ++sheet)
+        if (!isComparable || sheet >= before->pages().size()
+            || !isShownAlike(before->pages()[sheet], _layout->pages()[sheet]))
+            _numbers[sheet] = _nextNumber++;
+    place();
+}
+
+void ScoreCanvas::Sheets::setScale(double scale)
+{
+    _scale = scale;
+    place();
+}
+
+double ScoreCanvas::Sheets::pixelsPerUnit() const noexcept
+{
+    return _layout == nullptr ? 1 : _scale * _layout->staffSpace() / (1000.0 * layout::staffSpace);
+}
+
+QSizeF ScoreCanvas::Sheets::largestSheet() const
+{
+    QSizeF largest;
+    if (_layout != nullptr)
+        for (const layout::LayoutPage &page : _layout->pages())
+            largest = largest.expandedTo(QSizeF(page.width / 1000.0, page.height / 1000.0));
+    return largest;
+}
+
+void ScoreCanvas::Sheets::place()
+{
+    _rects.clear();
+    const double widest = largestSheet().width() * _scale;
+    double y = gap;
+    for (std::size_t sheet = 0; sheet < _numbers.size(); ++sheet) {
+        const layout::LayoutPage &page = _layout->pages()[sheet];
+        const double width = page.width / 1000.0 * _scale;
+        const double height = page.height / 1000.0 * _scale;
+        // Whole pixels, so that tiles meet the pixels of the screen.
+        _rects.emplace_back(std::round(gap + (widest - width) / 2), std::round(y), std::ceil(width),
+                            std::ceil(height));
+        y += std::ceil(height) + gap;
+    }
+    _size = _rects.empty() ? QSizeF() : QSizeF(widest + 2 * gap, y);
+}
+
+} // namespace zarn::views

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/utils/rational.h>
+#include <ZarnLayout/draw/ZarnLayout.h>
+#include <ZarnLayout/draw/ZarnLayoutSearch.h>
+#include <ZarnViews/ZarnViewsExport.h>
+
+#include <QAbstractScrollArea>
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace zarn::views {
+
+/// Shows a layout: its sheets below one another, scrolled and zoomed, with a cursor, a selection
+/// and a playback line over them. Sheets are painted into tiles that are kept, so that scrolling
+/// paints nothing anew, and a new layout only those sheets that differ.
+///
+/// It knows nothing of the score: whoever listens to its signals moves the cursor. Belongs to the
+/// thread of the user interface.
+class ZARNVIEWS_EXPORT ScoreCanvas : public QAbstractScrollArea {
+    Q_OBJECT
+public:
+    static constexpr double smallestZoom = 0.1;
+    static constexpr double largestZoom = 8;
+
+    explicit ScoreCanvas(QWidget *parent = nullptr);
+    ~ScoreCanvas() override;
+
+    /// Nothing at first. Where the view stands stays as far as the new layout goes.
+    void setLayout(std::shared_ptr<const layout::Layout> layout);
+    const std::shared_ptr<const layout::Layout> &layout() const noexcept;
+
+    /// 1 is as large as on paper, by what the screen says of itself; held between the limits.
+    double zoom() const noexcept;
+    void setZoom(double zoom);
+    /// So that the widest sheet fills the width, or the first sheet the whole view.
+    void fitWidth();
+    void fitPage();
+
+    /// The place where the next edit happens; nothing hides it.
+    void setCursorPlace(const std::optional<layout::DrawPlace> &place);
+    /// Places that are selected, with all that lies in them.
+    void setSelection(std::vector<layout::DrawPlace> places);
+    /// What sounds now: a bar and the quarters from its begin; nothing hides the line.
+    void setPlayback(const std::optional<std::pair<std::int32_t, utils::rational>> &position);
+
+    /// Scrolls no more than needed to show a place.
+    void reveal(const layout::DrawPlace &place);
+
+    /// The sheet and the point on it, in units of the layout, that a point of the viewport shows.
+    std::optional<std::pair<std::size_t, layout::Point>> sheetPoint(const QPoint &position) const;
+    /// Where the viewport shows a part of a sheet.
+    QRectF viewRect(const layout::PlacedBox &box) const;
+
+Q_SIGNALS:
+    /// A mouse button went down on a mark.
+    void markPressed(const zarn::layout::FoundMark &mark, Qt::KeyboardModifiers modifiers);
+    /// It went down beside all marks.
+    void spotPressed(const zarn::layout::FoundSpot &spot, Qt::KeyboardModifiers modifiers);
+    void zoomChanged(double zoom);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void scrollContentsBy(int dx, int dy) override;
+
+private:
+    class Sheets;
+    class Tiles;
+
+    void updateScrollBars();
+    void zoomAt(double zoom, const QPointF &fixed);
+    QPointF origin() const;
+    void paintOverlays(QPainter &painter, const QRectF &exposed) const;
+
+    std::unique_ptr<Sheets> _sheets;
+    std::unique_ptr<Tiles> _tiles;
+    std::optional<layout::DrawPlace> _cursor;
+    std::vector<layout::DrawPlace> _selection;
+    std::optional<std::pair<std::int32_t, utils::rational>> _playback;
+};
+
+} // namespace zarn::views

@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: MIT
+#include "support/DrawnSample.h"
+
+#include <ZarnViews/widgets/ZarnScoreCanvas.h>
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QWheelEvent>
+
+#include <cmath>
+
+namespace zarn::views { namespace {
+
+constexpr layout::Unit sp = layout::staffSpace;
+
+class ScoreCanvasTest : public testing::Test {
+protected:
+    ScoreCanvasTest()
+    {
+        _canvas.resize(500, 400);
+        _canvas.setLayout(_layout);
+        _canvas.show();
+        QCoreApplication::processEvents();
+    }
+
+    static layout::DrawPlace head()
+    {
+        layout::DrawPlace place;
+        place.track = 0;
+        place.bar = 2;
+        place.staff = 0;
+        place.voice = 0;
+        place.beat = 0;
+        place.note = 0;
+        return place;
+    }
+
+    QPoint middleOf(const layout::DrawPlace &place, std::size_t sheet = 0) const
+    {
+        return _canvas.viewRect(layout::boxesOf(*_layout, place).at(sheet)).center().toPoint();
+    }
+
+    void press(const QPoint &at)
+    {
+        QMouseEvent event(QEvent::MouseButtonPress, at, Qt::LeftButton, Qt::LeftButton,
+                          Qt::ShiftModifier);
+        QCoreApplication::sendEvent(_canvas.viewport(), &event);
+    }
+
+    int darkPixels(const QRect &rect)
+    {
+        const QImage image = _canvas.viewport()->grab(rect).toImage();
+        int count = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                count += qGray(image.pixel(x, y)) < 100 ? 1 : 0;
+        return count;
+    }
+
+    const std::shared_ptr<const layout::Layout> _layout = test::drawnSample();
+    ScoreCanvas _canvas;
+};
+
+TEST_F(ScoreCanvasTest, aPressOnANoteNamesIt)
+{
+    std::vector<layout::FoundMark> marks;
+    std::vector<layout::FoundSpot> spots;
+    Qt::KeyboardModifiers keys;
+    QObject::connect(&_canvas, &ScoreCanvas::markPressed,
+                     [&](const layout::FoundMark &mark, Qt::KeyboardModifiers modifiers) {
+                         marks.push_back(mark);
+                         keys = modifiers;
+                     });
+    QObject::connect(&_canvas, &ScoreCanvas::spotPressed,
+                     [&](const layout::FoundSpot &spot) { spots.push_back(spot); });
+    for (const double zoom : {1.0, 0.5, 2.5}) {
+        _canvas.setZoom(zoom);
+        _canvas.reveal(head());
+        press(middleOf(head()));
+        ASSERT_FALSE(marks.empty()) << zoom;
+        EXPECT_EQ(marks.back().place, head()) << zoom;
+        marks.clear();
+    }
+    EXPECT_EQ(keys, Qt::ShiftModifier);
+
+    _canvas.setZoom(1);
+    press(_canvas.viewRect({0, {45 * sp, 26 * sp, 45 * sp, 26 * sp}}).center().toPoint());
+    EXPECT_TRUE(marks.empty());
+    ASSERT_EQ(spots.size(), 1u);
+    EXPECT_EQ(spots[0].bar, 2);
+    press({1, 1}); // beside all sheets
+    EXPECT_EQ(spots.size(), 1u);
+}
+
+TEST_F(ScoreCanvasTest, theNoteIsPaintedWhereItIsFound)
+{
+    for (const double zoom : {0.8, 1.7}) {
+        _canvas.setZoom(zoom);
+        _canvas.reveal(head());
+        const auto head = layout::boxesOf(*_layout, ScoreCanvasTest::head())[0];
+        const QRect rect = _canvas.viewRect(head).toAlignedRect();
+        EXPECT_GT(darkPixels(rect), rect.width() * rect.height() * 2 / 5) << zoom;
+        // Between two lines of the staff, beside the head, there is nothing.
+        const QRectF beside =
+            _canvas.viewRect({0, {15 * sp, 27 * sp + 200, 17 * sp, 28 * sp - 200}});
+        EXPECT_EQ(darkPixels(beside.toRect().adjusted(0, 1, 0, -1)), 0) << zoom;
+    }
+}
+
+TEST_F(ScoreCanvasTest, zoomKeepsWhatIsUnderThePointerAndItsLimits)
+{
+    double told = 0;
+    QObject::connect(&_canvas, &ScoreCanvas::zoomChanged, [&](double zoom) { told = zoom; });
+    _canvas.setZoom(2);
+    _canvas.reveal(head());
+    const QPoint pointer = middleOf(head());
+    QWheelEvent wheel(pointer, _canvas.viewport()->mapToGlobal(pointer), QPoint(), QPoint(0, 240),
+                      Qt::NoButton, Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(_canvas.viewport(), &wheel);
+    EXPECT_NEAR(_canvas.zoom(), 2 * 1.21, 1e-9);
+    EXPECT_EQ(told, _canvas.zoom());
+    EXPECT_LE((middleOf(head()) - pointer).manhattanLength(), 3);
+
+    _canvas.setZoom(1000);
+    EXPECT_EQ(_canvas.zoom(), ScoreCanvas::largestZoom);
+    _canvas.setZoom(-1);
+    EXPECT_EQ(_canvas.zoom(), ScoreCanvas::smallestZoom);
+    _canvas.setZoom(std::nan(""));
+    EXPECT_EQ(_canvas.zoom(), ScoreCanvas::smallestZoom);
+    _canvas.fitWidth();
+    EXPECT_EQ(_canvas.horizontalScrollBar()->maximum(), 0);
+    _canvas.fitPage();
+    EXPECT_LT(_canvas.viewRect({0, {0, 0, sp, _layout->fromMicrometres(297000)}}).height(), 400);
+}
+
+TEST_F(ScoreCanvasTest, cursorSelectionAndPlaybackLineAreSeenAndGoAgain)
+{
+    _canvas.setZoom(1);
+    _canvas.reveal(head());
+    const QImage before = _canvas.viewport()->grab().toImage();
+    const auto differs = [&] { return _canvas.viewport()->grab().toImage() != before; };
+    _canvas.setSelection({head()});
+    EXPECT_TRUE(differs());
+    _canvas.setSelection({});
+    EXPECT_FALSE(differs());
+    _canvas.setCursorPlace(head());
+    EXPECT_TRUE(differs());
+    _canvas.setCursorPlace(std::nullopt);
+    _canvas.setPlayback(std::pair{2, utils::rational(1, 2)});
+    EXPECT_TRUE(differs());
+    _canvas.setPlayback(std::pair{99, utils::rational(0)});
+    EXPECT_FALSE(differs()) << "a bar that is not drawn has no line";
+    _canvas.setPlayback(std::nullopt);
+    EXPECT_FALSE(differs());
+
+    _canvas.setLayout(nullptr);
+    press({100, 100});
+    _canvas.reveal(head());
+    EXPECT_FALSE(_canvas.sheetPoint({100, 100}));
+}
+
+}} // namespace zarn::views
