@@ -5,6 +5,8 @@
 #include <ZarnLayout/engrave/HeadGlyph.h>
 #include <ZarnLayout/engrave/TabFret.h>
 
+#include <ZarnCore/chords/ZarnChordDiagram.h>
+
 #include <algorithm>
 #include <cmath>
 
@@ -329,6 +331,27 @@ void BarEngraver::placeVoices()
                 taken.push_back(part.movedBy(chord.x, 0));
             done.push_back(index);
         }
+        for (const std::size_t index : members)
+            if (chords[index].isRest())
+                placeRest(chords[index], taken);
+    }
+}
+
+void BarEngraver::placeRest(Chord &chord, std::vector<Box> &taken)
+{
+    const double step = chord.voice % 2 == 0 ? -1 : 1;
+    chord.restShift = 2 * step;
+    const Ink ink = restInk(_row, _pen, chord);
+    // Away from the other voices, line by line.
+    for (int tries = 0; tries < 24; ++tries, chord.restShift += step) {
+        const Box box = ink.box.movedBy(chord.x, chord.restShift - 2 * step);
+        const bool meets = std::any_of(taken.begin(), taken.end(), [&](const Box &other) {
+            return box.meets(other, 0.15);
+        });
+        if (!meets) {
+            taken.push_back(box);
+            return;
+        }
     }
 }
 
@@ -376,6 +399,34 @@ void BarEngraver::addInks()
     inks.add(_result);
 }
 
+void BarEngraver::addWordSpaces(const Chord &chord, std::vector<SpaceBox> &boxes) const
+{
+    // At heights of their own, so that they meet their own kind alone.
+    const BeatDetails &details = *chord.beat->details;
+    const double centre = chord.x + chord.width / 2;
+    for (const Syllable &syllable : details.lyrics) {
+        const double width = _pen.fonts().textBox(syllable.text, TextRole::Lyric).right;
+        const bool wordGoesOn = syllable.syllabic == Syllabic::Begin
+            || syllable.syllabic == Syllabic::Middle;
+        const double y = lyricSpaceY + 10.0 * syllable.line;
+        boxes.push_back({{centre - width / 2, y, centre + width / 2 + (wordGoesOn ? 0.8 : 0),
+                          y + 1},
+                         SpaceBox::Kind::Text});
+    }
+    if (!details.chord.symbol.empty()) {
+        const double width =
+            _pen.fonts().textBox(details.chord.symbol, TextRole::ChordSymbol).right;
+        const double left = details.chord.diagram ? centre - width / 2 : chord.x;
+        boxes.push_back({{left, symbolSpaceY, left + width, symbolSpaceY + 1},
+                         SpaceBox::Kind::Text});
+    }
+    if (details.chord.diagram) {
+        const double half = 0.45 * static_cast<double>(details.chord.diagram->frets.size()) + 0.8;
+        boxes.push_back({{centre - half, symbolSpaceY - 10, centre + half, symbolSpaceY - 9},
+                         SpaceBox::Kind::Text});
+    }
+}
+
 void BarEngraver::addSpaces()
 {
     for (const Chord &chord : _result.chords) {
@@ -399,6 +450,8 @@ void BarEngraver::addSpaces()
             }
             boxes.push_back({ink.box.movedBy(chord.x, 0), kind});
         }
+        if (_row.isFirstOfStaff && chord.beat->details)
+            addWordSpaces(chord, boxes);
         if (chord.isBeamed && chord.hasStem)
             boxes.push_back(
                 {{chord.x + chord.stemX - 0.06, std::min(chord.stemTip, chord.stemRoot),

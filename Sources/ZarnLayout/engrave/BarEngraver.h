@@ -30,10 +30,12 @@ private:
     void placeHeads(Chord &chord);
     void placeStem(Chord &chord);
     void placeVoices();
+    void placeRest(Chord &chord, std::vector<Box> &taken);
     void addCentred(const BeatSource *rest);
     void addSimile();
     void addInks();
     void addSpaces();
+    void addWordSpaces(const Chord &chord, std::vector<SpaceBox> &boxes) const;
     MarkPlace placeOf(const Chord &chord, int note = -1) const;
 
     const Row &_row;

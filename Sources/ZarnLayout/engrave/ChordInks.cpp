@@ -27,6 +27,15 @@ Sign flagOf(int count, bool isUp)
     return (isUp ? Sign::Flag8thUp : Sign::Flag8thDown) + (std::clamp(count, 1, 6) - 1);
 }
 
+Ink restInk(const Row &row, const Pen &pen, const Chord &chord)
+{
+    const NoteValue value = chord.beat->rhythm.getNoteValue();
+    double y = row.height() / 2 + chord.restShift;
+    if (value == NoteValue::Whole && row.lineCount > 2)
+        y -= row.lineDistance;
+    return pen.glyph(MarkKind::Rest, restOf(value), 0, y, chord.scale);
+}
+
 std::vector<Box> chordShape(const Chord &chord, const Fonts &fonts)
 {
     std::vector<Box> boxes;
@@ -248,13 +257,7 @@ void ChordInks::addRest(const Chord &chord, Inks &inks) const
 {
     if (_row.notation == Notation::Tablature && !_row.hasRhythm)
         return;
-    const NoteValue value = chord.beat->rhythm.getNoteValue();
-    double y = _row.height() / 2;
-    if (value == NoteValue::Whole && _row.lineCount > 2)
-        y -= _row.lineDistance;
-    if (_hasVoices)
-        y += chord.voice % 2 == 0 ? -2 : 2;
-    Ink ink = _pen.glyph(MarkKind::Rest, restOf(value), 0, y, chord.scale);
+    Ink ink = restInk(_row, _pen, chord);
     ink.place = placeOf(chord);
     inks.push_back(std::move(ink));
 }
@@ -288,9 +291,7 @@ void ChordInks::addDots(const Chord &chord, double right, Inks &inks) const
     std::vector<double> places;
     if (chord.isRest()) {
         double y = _row.height() / 2 - 0.5 * _row.lineDistance;
-        if (_hasVoices)
-            y += chord.voice % 2 == 0 ? -2 : 2;
-        places.push_back(y);
+        places.push_back(y + chord.restShift);
     } else if (_row.notation == Notation::Tablature) {
         places.push_back(chord.stemTip - (chord.isStemUp ? -0.5 : 0.5));
         right = chord.stemX + 0.35;

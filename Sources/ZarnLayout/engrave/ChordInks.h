@@ -41,6 +41,9 @@ private:
 /// Heads, stem and flag of a chord as boxes around its origin, to see what stands in whose way.
 std::vector<Box> chordShape(const Chord &chord, const Fonts &fonts);
 
+/// The sign of a rest around its origin.
+Ink restInk(const Row &row, const Pen &pen, const Chord &chord);
+
 /// The flags of a stem.
 Sign flagOf(int count, bool isUp);
 

@@ -30,6 +30,7 @@ struct Chord {
     double scale = 1;      ///< of small notes
     std::vector<Head> heads; ///< from the lowest up; none for rests
     double width = 0;      ///< of the heads on the usual side
+    double restShift = 0;  ///< of a rest, down from its usual place
     bool hasStem = false;
     bool isStemUp = true;
     bool isForced = false; ///< the stem's direction is not free: said, or there are other voices
@@ -52,6 +53,11 @@ struct SpaceBox {
     Box box;
     Kind kind;
 };
+
+/// Heights of lyrics and chord symbols in the boxes that keep columns apart: far from all other
+/// ink, so that words meet words alone.
+constexpr double lyricSpaceY = 1000;
+constexpr double symbolSpaceY = -1000;
 
 /// A row of a bar, engraved before the places of its columns are known.
 struct EngravedBar {

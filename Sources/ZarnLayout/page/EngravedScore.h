@@ -23,6 +23,7 @@ struct TrackHead {
     std::string shortName;
     std::string tuning; ///< of the strings, where it is not the usual one; and the capo
     std::uint8_t lyricsVisible = 31;
+    unsigned stringCount = 0;
 };
 
 /// All of a score that systems are made of.

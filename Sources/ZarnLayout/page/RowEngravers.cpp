@@ -1,6 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnLayout/page/RowEngravers.h>
 
+#include <ZarnLayout/page/BeamEngraver.h>
+#include <ZarnLayout/page/BeatSigns.h>
+#include <ZarnLayout/page/FormSigns.h>
+#include <ZarnLayout/page/SlurEngraver.h>
+#include <ZarnLayout/page/Stretches.h>
+#include <ZarnLayout/page/TieEngraver.h>
+#include <ZarnLayout/page/TupletEngraver.h>
+#include <ZarnLayout/page/WordSigns.h>
+
 namespace zarn::engraving {
 
 namespace {
@@ -22,10 +31,23 @@ void addBarNumber(SystemDraft &draft)
     row.add(std::move(ink));
 }
 
+using EngraveRow = void (*)(RowDraft &row, const SystemDraft &draft);
+
+/// What is nearer to the notes comes first.
+constexpr EngraveRow rowEngravers[] = {
+    addTies,      addTremolos, addStringLinks, addBeatSigns,  addSlurs, addTuplets,
+    addBends,     addDynamics, addStretches,   addLyrics,     addChordSymbols,
+};
+
 } // namespace
 
 void addRowSigns(SystemDraft &draft)
 {
+    for (const EngraveRow engrave : rowEngravers)
+        for (RowDraft &row : draft.rows)
+            engrave(row, draft);
+    addFermatas(draft);
+    addFormSigns(draft);
     addBarNumber(draft);
 }
 

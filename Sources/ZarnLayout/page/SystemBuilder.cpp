@@ -4,10 +4,10 @@
 #include <ZarnLayout/page/BeamEngraver.h>
 #include <ZarnLayout/page/Emitter.h>
 #include <ZarnLayout/page/RowEngravers.h>
-#include <ZarnLayout/page/TieEngraver.h>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace zarn::engraving {
 
@@ -97,8 +97,11 @@ BuiltSystem SystemBuilder::build(unsigned first, unsigned end, double width,
     draft.end = end;
     draft.isFirst = first == 0;
     draft.staffLeft = indent(draft.isFirst);
-    for (unsigned i = 0; i < _score.rows.size(); ++i)
+    for (unsigned i = 0; i < _score.rows.size(); ++i) {
         draft.rows.emplace_back(_score.rows[i], i, width);
+        draft.rows.back().stringCount =
+            static_cast<int>(_score.tracks[_score.rows[i].track].stringCount);
+    }
     placeBars(draft, width, isJustified);
     placeRows(draft);
     separateRows(draft);
@@ -122,11 +125,34 @@ BuiltSystem SystemBuilder::build(unsigned first, unsigned end, double width,
     return system;
 }
 
+void SystemBuilder::keepWordsApart(unsigned shownBar, unsigned start, SpringLine &line,
+                                   WordEnds &last) const
+{
+    // Words may reach over bar lines, but not into the words behind them. The end of the bar is the
+    // last column of the line: what binds its neighbours binds it too.
+    for (unsigned row = 0; row < _score.rows.size(); ++row) {
+        const EngravedBar &bar = _score.bars[row][shownBar];
+        for (unsigned column = 0; column < bar.columns.size(); ++column)
+            for (const SpaceBox &box : bar.columns[column].boxes) {
+                if (box.kind != SpaceBox::Kind::Text)
+                    continue;
+                const auto key = std::make_pair(row, static_cast<int>(box.box.top));
+                const unsigned number = start + column;
+                const auto before = last.find(key);
+                if (before != last.end() && before->second.first < start)
+                    line.addRodTo(number, before->second.first,
+                                  before->second.second - box.box.left + 0.6);
+                last[key] = {number, box.box.right};
+            }
+    }
+}
+
 void SystemBuilder::placeBars(SystemDraft &draft, double width, bool isJustified) const
 {
     const Joint head = jointBefore(_score, draft.first, JointPlace::Head, _pen);
     const Joint tail = jointBefore(_score, draft.end, JointPlace::Tail, _pen);
     std::vector<Joint> joints;
+    WordEnds lastWords;
     SpringLine line;
     line.addColumn(0, 0);
     line.addColumn(head.width, 0);
@@ -135,7 +161,9 @@ void SystemBuilder::placeBars(SystemDraft &draft, double width, bool isJustified
             joints.push_back(jointBefore(_score, i, JointPlace::Middle, _pen));
             line.addColumn(joints.back().width, 0);
         }
+        const unsigned start = line.columnCount();
         _score.spaced[i].addTo(line);
+        keepWordsApart(i, start, line, lastWords);
     }
     const double room = width - draft.staffLeft - tail.width;
     double factor = line.factorFor(room);
@@ -249,7 +277,6 @@ void SystemBuilder::placeRow(SystemDraft &draft, RowDraft &row) const
         }
     }
     addBeams(row, _pen);
-    addTies(row, draft);
 }
 
 void SystemBuilder::placeRows(SystemDraft &draft) const

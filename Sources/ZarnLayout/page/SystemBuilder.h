@@ -5,7 +5,10 @@
 #include <ZarnLayout/page/BarLines.h>
 #include <ZarnLayout/page/SystemDraft.h>
 
+#include <map>
 #include <memory>
+#include <utility>
+#include <vector>
 
 namespace zarn::engraving {
 
@@ -35,6 +38,11 @@ public:
 
 private:
     std::vector<bool> joinedRows() const;
+    /// By row and height of the words: their column in the line, and how far they reach from it.
+    using WordEnds = std::map<std::pair<unsigned, int>, std::pair<unsigned, double>>;
+
+    void keepWordsApart(unsigned shownBar, unsigned start, SpringLine &line,
+                        WordEnds &last) const;
     void placeBars(SystemDraft &draft, double width, bool isJustified) const;
     void placeJoint(SystemDraft &draft, const Joint &joint, double x, unsigned bar) const;
     void placeRows(SystemDraft &draft) const;

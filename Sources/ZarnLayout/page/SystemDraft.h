@@ -44,6 +44,7 @@ struct PlacedChord {
 struct RowDraft {
     const Row *row = nullptr;
     unsigned number = 0;
+    int stringCount = 0; ///< of the staff's tuning
     Inks inks;
     std::vector<PlacedChord> chords; ///< voice by voice, in time
     Skyline above;                   ///< reaches upwards: -y

@@ -44,6 +44,8 @@ void readHeads(EngravedScore &score, const ScoreModel &model)
         head.name = track->name();
         head.shortName = track->shortName();
         head.lyricsVisible = track->settings().lyricsVisible;
+        if (const auto staff = track->staff(0))
+            head.stringCount = staff->tuning().stringCount();
         score.tracks.push_back(std::move(head));
     }
     score.groups = model.trackGroups();

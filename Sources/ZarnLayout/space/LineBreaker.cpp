@@ -29,7 +29,7 @@ struct LineSum {
         const double force = spring > 0 ? (width - fixed) / spring - 1 : 0;
         const double cost = force < 0 ? 4 * force * force : force * force;
         if (isLastLine && force > 0)
-            return 0.25 * std::min(force * force, 1.0);
+            return 0.25 * std::min(force * force, 6.0);
         return endsSection ? 0.8 * cost : cost;
     }
 };

@@ -18,15 +18,28 @@ void SpringLine::addRod(unsigned from, double length)
     _columns.back().rodEnd = static_cast<std::uint32_t>(_rods.size());
 }
 
+void SpringLine::addRodTo(unsigned column, unsigned from, double length)
+{
+    const LateRod rod = {column, from, length};
+    _late.insert(std::upper_bound(_late.begin(), _late.end(), rod,
+                                  [](const LateRod &left, const LateRod &right) {
+                                      return left.column < right.column;
+                                  }),
+                 rod);
+}
+
 double SpringLine::lay(double factor, std::vector<double> &places) const
 {
     places.resize(_columns.size());
     double place = 0;
+    auto late = _late.begin();
     for (std::size_t i = 0; i < _columns.size(); ++i) {
         const Column &column = _columns[i];
         place += column.fixed + factor * column.spring;
         for (std::uint32_t rod = column.firstRod; rod < column.rodEnd; ++rod)
             place = std::max(place, places[_rods[rod].from] + _rods[rod].length);
+        for (; late != _late.end() && late->column == i; ++late)
+            place = std::max(place, places[late->from] + late->length);
         places[i] = place;
     }
     return place;

@@ -22,6 +22,9 @@ public:
     /// Keeps the last column from an earlier one.
     void addRod(unsigned from, double length);
 
+    /// The same for any column.
+    void addRodTo(unsigned column, unsigned from, double length);
+
     unsigned columnCount() const noexcept { return static_cast<unsigned>(_columns.size()); }
 
     /// Width at a factor.
@@ -41,10 +44,17 @@ private:
         std::uint32_t rodEnd;
     };
 
+    struct LateRod {
+        unsigned column;
+        unsigned from;
+        double length;
+    };
+
     double lay(double factor, std::vector<double> &places) const;
 
     std::vector<Column> _columns;
     std::vector<Rod> _rods;
+    std::vector<LateRod> _late; ///< by ascending columns
     mutable std::vector<double> _scratch;
 };
 

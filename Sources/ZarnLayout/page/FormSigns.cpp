@@ -1,0 +1,301 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnLayout/page/FormSigns.h>
+
+#include <ZarnLayout/page/SideItem.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace zarn::engraving {
+
+namespace {
+
+/// Place of a time of a bar: between its columns in proportion.
+double placeOfTime(const SystemDraft &draft, const BarPlace &bar, double time)
+{
+    const Onsets &onsets = draft.score.spaced[bar.shownBar].onsets;
+    double x = bar.left + 0.6;
+    for (std::size_t i = 0; i < onsets.size(); ++i) {
+        const double onset = onsets[i].toDouble();
+        if (onset > time + 1e-6)
+            break;
+        x = bar.columns[i];
+        if (onset < time - 1e-6) {
+            const double nextX = i + 1 < onsets.size() ? bar.columns[i + 1] : bar.right;
+            const double next = i + 1 < onsets.size()
+                ? onsets[i + 1].toDouble()
+                : draft.score.column(bar.shownBar).length.toDouble();
+            if (next > onset)
+                x += (nextX - x) * std::min(1.0, (time - onset) / (next - onset));
+        }
+    }
+    return x;
+}
+
+std::string directionText(DirectionMark mark)
+{
+    constexpr std::array<const char *, 19> texts = {
+        "",
+        "",
+        "",
+        "",
+        "Fine",
+        "D.C.",
+        "D.C. al Coda",
+        "D.C. al Double Coda",
+        "D.C. al Fine",
+        "D.S.",
+        "D.S. al Coda",
+        "D.S. al Double Coda",
+        "D.S. al Fine",
+        "D.S.S.",
+        "D.S.S. al Coda",
+        "D.S.S. al Double Coda",
+        "D.S.S. al Fine",
+        "To Coda",
+        "To Double Coda",
+    };
+    const auto index = static_cast<std::size_t>(mark);
+    return index < texts.size() ? texts[index] : "";
+}
+
+MarkPlace placeOfBar(unsigned bar)
+{
+    MarkPlace place;
+    place.bar = static_cast<std::int32_t>(bar);
+    return place;
+}
+
+void putAbove(RowDraft &row, Inks inks, const MarkPlace &where, double gap)
+{
+    SideItem item;
+    item.gap = gap;
+    item.inks = std::move(inks);
+    for (Ink &ink : item.inks)
+        ink.place = where;
+    place(row, {std::move(item)});
+}
+
+/// Numbers of the passes under an ending: "1.", "1. 2.".
+std::string endingText(std::uint32_t passes)
+{
+    std::string text;
+    for (unsigned pass = 0; pass < 32; ++pass)
+        if ((passes >> pass & 1) != 0)
+            text += (text.empty() ? "" : " ") + std::to_string(pass + 1) + ".";
+    return text;
+}
+
+void addEndings(SystemDraft &draft, RowDraft &row)
+{
+    SideItems items;
+    for (std::size_t i = 0; i < draft.bars.size();) {
+        const BarPlace &first = draft.bars[i];
+        const std::uint32_t passes = draft.score.column(first.shownBar).endings;
+        std::size_t end = i + 1;
+        const auto closes = [&](std::size_t number) {
+            return draft.score.lastColumn(draft.bars[number].shownBar).repeatCount > 0;
+        };
+        while (passes != 0 && end < draft.bars.size() && !closes(end - 1)
+               && draft.score.column(draft.bars[end].shownBar).endings == passes)
+            ++end;
+        if (passes != 0) {
+            const unsigned shown = first.shownBar;
+            const bool isStart = shown == 0
+                || draft.score.lastColumn(shown - 1).endings != passes
+                || draft.score.lastColumn(shown - 1).repeatCount > 0;
+            const BarPlace &last = draft.bars[end - 1];
+            const unsigned next = last.shownBar + 1;
+            const bool isEnd = closes(end - 1) || next >= draft.score.shown.size()
+                || draft.score.column(next).endings != passes;
+            const double left = first.left + 0.2;
+            const double right = last.right - 0.1;
+            constexpr double height = 2.4;
+            SideItem item;
+            item.gap = 0.6;
+            item.line = 9;
+            std::vector<Point> line;
+            if (isStart)
+                line.push_back({left, 0});
+            line.push_back({left, -height});
+            line.push_back({right, -height});
+            if (isEnd && closes(end - 1))
+                line.push_back({right, 0});
+            item.inks.push_back(draft.pen.polyline(MarkKind::Ending, std::move(line), 0.16));
+            if (isStart)
+                item.inks.push_back(draft.pen.text(MarkKind::Ending, TextRole::Ending,
+                                                   endingText(passes), left + 0.5, -0.55));
+            for (Ink &ink : item.inks)
+                ink.place = placeOfBar(draft.score.shown[shown].bar);
+            items.push_back(std::move(item));
+        }
+        i = end;
+    }
+    place(row, std::move(items));
+}
+
+Inks tempoInks(const Pen &pen, const TempoMark &tempo, double x)
+{
+    Inks inks;
+    if (!tempo.text.empty()) {
+        inks.push_back(pen.text(MarkKind::Tempo, TextRole::Tempo, tempo.text, x, 0));
+        x = inks.back().box.right + 0.8;
+    }
+    if (tempo.value <= 0 || tempo.unit == TempoUnit::None)
+        return inks;
+    const Sign note = tempo.unit == TempoUnit::Eighth ? Sign::MetNote8thUp
+        : tempo.unit == TempoUnit::Half || tempo.unit == TempoUnit::HalfDotted
+        ? Sign::MetNoteHalfUp
+        : Sign::MetNoteQuarterUp;
+    inks.push_back(pen.glyph(MarkKind::Tempo, note, x, -0.1, 0.75));
+    x = inks.back().box.right + 0.2;
+    if (tempo.unit == TempoUnit::QuarterDotted || tempo.unit == TempoUnit::HalfDotted) {
+        inks.push_back(pen.glyph(MarkKind::Tempo, Sign::MetAugmentationDot, x, -0.1, 0.75));
+        x = inks.back().box.right + 0.2;
+    }
+    const double rounded = std::round(tempo.value * 10) / 10;
+    std::string number = std::to_string(static_cast<int>(rounded));
+    if (rounded != std::floor(rounded))
+        number += "." + std::to_string(static_cast<int>(std::round(rounded * 10)) % 10);
+    inks.push_back(
+        pen.text(MarkKind::Tempo, TextRole::PageText, "= " + number, x + 0.2, 0));
+    return inks;
+}
+
+void addDirections(SystemDraft &draft, RowDraft &row)
+{
+    for (const BarPlace &bar : draft.bars) {
+        const ColumnSource &column = draft.score.column(bar.shownBar);
+        const MarkPlace where = placeOfBar(draft.score.shown[bar.shownBar].bar);
+        for (const DirectionMark mark : column.directions) {
+            const int kind = static_cast<int>(mark);
+            constexpr int firstWord = static_cast<int>(DirectionMark::Fine);
+            if (kind < firstWord) {
+                constexpr std::array<Sign, 4> signs = {Sign::Coda, Sign::CodaSquare, Sign::Segno,
+                                                       Sign::SegnoSerpent1};
+                putAbove(row,
+                         {draft.pen.glyph(MarkKind::Direction,
+                                          signs[static_cast<std::size_t>(kind)], bar.left, 0)},
+                         where, 0.8);
+            } else {
+                Ink text = draft.pen.text(MarkKind::Direction, TextRole::Direction,
+                                          directionText(mark), bar.right, 0, Pen::Align::End);
+                if (text.box.left < draft.staffLeft)
+                    text.move(draft.staffLeft - text.box.left, 0);
+                putAbove(row, {std::move(text)}, where, 0.8);
+            }
+        }
+    }
+}
+
+const char *feelText(TripletFeel feel)
+{
+    switch (feel) {
+    case TripletFeel::Triplet8th: return "Swing 8ths";
+    case TripletFeel::Triplet16th: return "Swing 16ths";
+    case TripletFeel::Dotted8th: return "Dotted 8ths";
+    case TripletFeel::Dotted16th: return "Dotted 16ths";
+    case TripletFeel::Scottish8th: return "Scottish 8ths";
+    case TripletFeel::Scottish16th: return "Scottish 16ths";
+    case TripletFeel::NoTripletFeel: break;
+    }
+    return "Straight";
+}
+
+void addTempos(SystemDraft &draft, RowDraft &row)
+{
+    for (const BarPlace &bar : draft.bars) {
+        const ColumnSource &column = draft.score.column(bar.shownBar);
+        const MarkPlace where = placeOfBar(draft.score.shown[bar.shownBar].bar);
+        const auto keepInside = [&](Inks inks) {
+            if (!inks.empty()) {
+                const double over = boxOf(inks).right - draft.right;
+                if (over > 0)
+                    move(inks, -std::min(over, boxOf(inks).left - draft.staffLeft), 0);
+            }
+            return inks;
+        };
+        for (const TempoMark &tempo : column.tempos) {
+            const double x = tempo.position > 0
+                ? placeOfTime(draft, bar, static_cast<double>(tempo.position))
+                : bar.left - (bar.shownBar == draft.first ? 1.0 : 0.0);
+            Inks inks = keepInside(tempoInks(draft.pen, tempo, x));
+            if (!inks.empty())
+                putAbove(row, std::move(inks), where, 0.9);
+        }
+        if (column.newFeel)
+            putAbove(row,
+                     keepInside({draft.pen.text(MarkKind::TripletFeel, TextRole::Words,
+                                                feelText(*column.newFeel), bar.left, 0)}),
+                     where, 0.8);
+        if (column.startsFreeTime)
+            putAbove(row,
+                     keepInside({draft.pen.text(MarkKind::Tempo, TextRole::Words, "Free time",
+                                                bar.left, 0)}),
+                     where, 0.8);
+        if (!column.section.isEmpty()) {
+            Inks inks;
+            double x = bar.left - (bar.shownBar == draft.first ? 1.0 : 0.0);
+            if (!column.section.letter.empty()) {
+                inks.push_back(draft.pen.text(MarkKind::Section, TextRole::SectionLetter,
+                                              column.section.letter, x + 0.4, 0));
+                const Box box = inks.back().box;
+                const Box frame = {box.left - 0.4, box.top - 0.4, box.right + 0.4, 0.4};
+                inks.push_back(draft.pen.polyline(MarkKind::Enclosure,
+                                                  {{frame.left, frame.top},
+                                                   {frame.right, frame.top},
+                                                   {frame.right, frame.bottom},
+                                                   {frame.left, frame.bottom},
+                                                   {frame.left, frame.top}},
+                                                  0.16));
+                x = frame.right + 0.7;
+            }
+            if (!column.section.text.empty())
+                inks.push_back(draft.pen.text(MarkKind::Section, TextRole::Section,
+                                              column.section.text, x, 0));
+            putAbove(row, keepInside(std::move(inks)), where, 0.9);
+        }
+    }
+}
+
+} // namespace
+
+void addFermatas(SystemDraft &draft)
+{
+    for (RowDraft &row : draft.rows) {
+        if (!row.row->isFirstOfStaff)
+            continue;
+        for (const BarPlace &bar : draft.bars)
+            for (const FermataMark &mark : draft.score.column(bar.shownBar).fermatas) {
+                const double length = draft.score.column(bar.shownBar).length.toDouble();
+                const double time = mark.position.toDouble();
+                const bool isWhole = bar.columns.empty()
+                    || !draft.score.bars[row.number][bar.shownBar].centred.empty();
+                double x = time >= length ? bar.right
+                    : isWhole             ? (bar.left + bar.right) / 2
+                                          : placeOfTime(draft, bar, time) + 0.59;
+                const Sign sign = mark.kind == Fermata::Short ? Sign::FermataShortAbove
+                    : mark.kind == Fermata::Long              ? Sign::FermataLongAbove
+                                                              : Sign::FermataAbove;
+                const Box &box = draft.pen.fonts().box(sign);
+                x -= (box.left + box.right) / 2;
+                MarkPlace where = placeOfBar(draft.score.shown[bar.shownBar].bar);
+                where.track = static_cast<std::int16_t>(row.row->track);
+                where.staff = static_cast<std::int8_t>(row.row->staff);
+                putAbove(row, {draft.pen.glyph(MarkKind::Fermata, sign, x, 0)}, where, 0.4);
+            }
+    }
+}
+
+void addFormSigns(SystemDraft &draft)
+{
+    if (draft.rows.empty())
+        return;
+    RowDraft &row = draft.rows.front();
+    addDirections(draft, row);
+    addEndings(draft, row);
+    addTempos(draft, row);
+}
+
+} // namespace zarn::engraving

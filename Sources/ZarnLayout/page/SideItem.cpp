@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnLayout/page/SideItem.h>
+
+#include <algorithm>
+#include <map>
+
+namespace zarn::engraving {
+
+namespace {
+
+/// The base line of an item that keeps its gap.
+double baseLine(const RowDraft &row, const SideItem &item)
+{
+    double y = item.side == Side::Above ? 1e9 : -1e9;
+    for (const Ink &ink : item.inks) {
+        if (item.side == Side::Above)
+            y = std::min(y, -row.above.reach(ink.box.left - 0.2, ink.box.right + 0.2) - item.gap
+                                - ink.box.bottom);
+        else
+            y = std::max(y, row.below.reach(ink.box.left - 0.2, ink.box.right + 0.2) + item.gap
+                                - ink.box.top);
+    }
+    return y;
+}
+
+} // namespace
+
+void place(RowDraft &row, SideItems items)
+{
+    std::map<std::pair<int, Side>, double> lines;
+    for (const SideItem &item : items) {
+        if (item.line == 0 || item.inks.empty())
+            continue;
+        const double y = baseLine(row, item);
+        const auto [entry, isNew] = lines.emplace(std::make_pair(item.line, item.side), y);
+        if (!isNew)
+            entry->second = item.side == Side::Above ? std::min(entry->second, y)
+                                                     : std::max(entry->second, y);
+    }
+    for (SideItem &item : items) {
+        if (item.inks.empty())
+            continue;
+        double y = item.line == 0 ? baseLine(row, item) : lines[{item.line, item.side}];
+        move(item.inks, 0, y);
+        row.add(std::move(item.inks));
+    }
+}
+
+double rightOf(const PlacedChord &chord)
+{
+    double right = chord.x + chord.chord->width;
+    for (const Head &head : chord.chord->heads)
+        right = std::max(right, chord.x + head.x + head.width);
+    return right;
+}
+
+MarkPlace placeOf(const RowDraft &row, const PlacedChord &chord, int note)
+{
+    MarkPlace place;
+    place.track = static_cast<std::int16_t>(row.row->track);
+    place.staff = static_cast<std::int8_t>(row.row->staff);
+    place.bar = static_cast<std::int32_t>(chord.bar);
+    place.voice = static_cast<std::int8_t>(chord.chord->voice);
+    place.beat = static_cast<std::int16_t>(chord.beat().index);
+    place.note = static_cast<std::int16_t>(note);
+    return place;
+}
+
+const PlacedChord *nextChord(const RowDraft &row, std::size_t number)
+{
+    const bool hasNext = number + 1 < row.chords.size()
+        && row.chords[number + 1].chord->voice == row.chords[number].chord->voice;
+    return hasNext ? &row.chords[number + 1] : nullptr;
+}
+
+} // namespace zarn::engraving

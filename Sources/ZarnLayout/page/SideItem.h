@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnLayout/page/SystemDraft.h>
+
+#include <vector>
+
+namespace zarn::engraving {
+
+enum class Side : std::uint8_t { Above, Below };
+
+/// Marks that stand above or below a row, as near to it as ink lets them. Their y is 0 at their
+/// base line until they are placed.
+struct SideItem {
+    Side side = Side::Above;
+    Inks inks;
+    double gap = 0.4;
+
+    /// Items of one line, but for 0, share their base line.
+    int line = 0;
+};
+
+using SideItems = std::vector<SideItem>;
+
+/// Places items in their order, those of one line together with the first of them.
+void place(RowDraft &row, SideItems items);
+
+/// Chords of one voice that carry the same sign, first and last included.
+struct ChordRun {
+    std::size_t first = 0;
+    std::size_t last = 0;
+    bool comesFromBefore = false; ///< begins in a system before this one
+    bool goesOn = false;          ///< ends in a later one
+};
+
+/// The runs of chords of which `has` says yes; rests between them are part of a run.
+template <class Has>
+std::vector<ChordRun> runsOf(const SystemDraft &draft, const RowDraft &row, Has has)
+{
+    std::vector<ChordRun> runs;
+    bool isOpen = false;
+    for (std::size_t i = 0; i < row.chords.size(); ++i) {
+        const PlacedChord &chord = row.chords[i];
+        if (i > 0 && row.chords[i - 1].chord->voice != chord.chord->voice)
+            isOpen = false;
+        if (has(chord)) {
+            if (isOpen)
+                runs.back().last = i;
+            else
+                runs.push_back({i, i, false, false});
+            isOpen = true;
+        } else if (!chord.chord->isRest()) {
+            isOpen = false;
+        }
+    }
+    static_cast<void>(draft);
+    return runs;
+}
+
+/// Where the ink of a chord ends on the right.
+double rightOf(const PlacedChord &chord);
+
+MarkPlace placeOf(const RowDraft &row, const PlacedChord &chord, int note = -1);
+
+/// The chord of the same voice behind one, whose number is given; null when there is none.
+const PlacedChord *nextChord(const RowDraft &row, std::size_t number);
+
+} // namespace zarn::engraving

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnLayout/page/SideItem.h>
+
+namespace zarn::engraving {
+
+/// Draws the slurs of a row of notes; those that leave the system by halves.
+void addSlurs(RowDraft &row, const SystemDraft &draft);
+
+/// Draws hammer-ons, pull-offs and slides between the numbers or heads of a row.
+void addStringLinks(RowDraft &row, const SystemDraft &draft);
+
+} // namespace zarn::engraving

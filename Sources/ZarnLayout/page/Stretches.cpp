@@ -1,0 +1,449 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnLayout/page/Stretches.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+
+namespace zarn::engraving {
+
+namespace {
+
+bool anyNote(const PlacedChord &chord, bool (*has)(const NoteMarks &))
+{
+    for (unsigned i = 0; i < chord.beat().noteCount; ++i)
+        if (has(chord.source->notes[chord.beat().firstNote + i].marks))
+            return true;
+    return false;
+}
+
+/// Words, dashes to the end of a stretch, and a hook there.
+Inks dashed(const Pen &pen, MarkKind kind, const std::string &words, double left, double right,
+            double hook)
+{
+    Inks inks;
+    double x = left;
+    double middle = 0;
+    if (!words.empty()) {
+        inks.push_back(pen.text(kind, TextRole::Letter, words, left, 0));
+        x = inks.back().box.right + 0.4;
+        middle = -pen.fonts().capHeight(TextRole::Letter) / 2;
+    }
+    if (right > x + 0.6) {
+        Ink line = pen.line(kind, {x, middle}, {right, middle}, 0.13);
+        line.dash = 0.7;
+        line.gap = 0.5;
+        inks.push_back(std::move(line));
+        if (hook != 0)
+            inks.push_back(pen.line(kind, {right, middle}, {right, middle + hook}, 0.13));
+    }
+    return inks;
+}
+
+/// A wavy line of glyphs.
+Inks wiggle(const Pen &pen, MarkKind kind, Sign sign, double left, double right)
+{
+    Inks inks;
+    const double step = std::max(pen.fonts().advance(pen.fonts().glyph(sign)), 0.3);
+    for (double x = left; x + step * 0.5 < std::max(right, left + step * 2); x += step)
+        inks.push_back(pen.glyph(kind, sign, x, 0));
+    return inks;
+}
+
+double startOf(const RowDraft &row, const ChordRun &run)
+{
+    return row.chords[run.first].x;
+}
+
+/// Where a stretch ends: behind its last note, in front of what follows.
+double endOf(const SystemDraft &draft, const RowDraft &row, const ChordRun &run, bool fillsBeat)
+{
+    const PlacedChord &last = row.chords[run.last];
+    if (!fillsBeat)
+        return rightOf(last);
+    const PlacedChord *next = nextChord(row, run.last);
+    double right = next ? next->x - 0.6 : 1e9;
+    for (const BarPlace &bar : draft.bars)
+        if (bar.shownBar == last.shownBar && !(next && next->shownBar == last.shownBar))
+            right = bar.right - 0.5;
+    return std::max(right, rightOf(last));
+}
+
+/// A sign of the notes that is written once for all neighbours that have it.
+struct Stretch {
+    MarkKind kind;
+    bool (*has)(const PlacedChord &chord);
+    Inks (*make)(const Pen &pen, double left, double right);
+    bool fillsBeat;
+};
+
+const std::array<Stretch, 7> stretches = {{
+    {MarkKind::Vibrato,
+     [](const PlacedChord &chord) {
+         return anyNote(chord,
+                        [](const NoteMarks &marks) { return marks.vibrato() == Vibrato::Slight; });
+     },
+     [](const Pen &pen, double left, double right) {
+         return wiggle(pen, MarkKind::Vibrato, Sign::WiggleVibrato, left, right);
+     },
+     true},
+    {MarkKind::Vibrato,
+     [](const PlacedChord &chord) {
+         return anyNote(chord,
+                        [](const NoteMarks &marks) { return marks.vibrato() == Vibrato::Wide; });
+     },
+     [](const Pen &pen, double left, double right) {
+         return wiggle(pen, MarkKind::Vibrato, Sign::WiggleVibratoWide, left, right);
+     },
+     true},
+    {MarkKind::Whammy,
+     [](const PlacedChord &chord) {
+         return chord.beat().marks.barVibrato() != Vibrato::None;
+     },
+     [](const Pen &pen, double left, double right) {
+         Inks inks = {pen.text(MarkKind::Whammy, TextRole::Letter, "w/bar", left, 0)};
+         for (Ink &ink : wiggle(pen, MarkKind::Whammy, Sign::WiggleVibratoWide,
+                                inks[0].box.right + 0.3, right))
+             inks.push_back(std::move(ink));
+         return inks;
+     },
+     true},
+    {MarkKind::PalmMute,
+     [](const PlacedChord &chord) {
+         return anyNote(chord, [](const NoteMarks &marks) { return marks.isPalmMuted(); });
+     },
+     [](const Pen &pen, double left, double right) {
+         return dashed(pen, MarkKind::PalmMute, "P.M.", left, right, 0.6);
+     },
+     false},
+    {MarkKind::LetRing,
+     [](const PlacedChord &chord) {
+         return anyNote(chord, [](const NoteMarks &marks) { return marks.letsRing(); });
+     },
+     [](const Pen &pen, double left, double right) {
+         return dashed(pen, MarkKind::LetRing, "let ring", left, right, 0.6);
+     },
+     false},
+    {MarkKind::Trill,
+     [](const PlacedChord &chord) {
+         return anyNote(chord,
+                        [](const NoteMarks &marks) { return marks.trill().interval > 0; });
+     },
+     [](const Pen &pen, double left, double right) {
+         Inks inks = {pen.glyph(MarkKind::Trill, Sign::OrnamentTrill, left, 0)};
+         if (right > inks[0].box.right + 2)
+             for (Ink &ink : wiggle(pen, MarkKind::Trill, Sign::WiggleTrill,
+                                    inks[0].box.right + 0.2, right)) {
+                 ink.move(0, -0.5);
+                 inks.push_back(std::move(ink));
+             }
+         return inks;
+     },
+     true},
+    {MarkKind::Technique,
+     [](const PlacedChord &chord) { return chord.beat().marks.isDeadSlapped(); },
+     [](const Pen &pen, double left, double right) {
+         return dashed(pen, MarkKind::Technique, "slap", left, right, 0);
+     },
+     false},
+}};
+
+const char *roman(unsigned number)
+{
+    constexpr std::array<const char *, 25> texts = {
+        "",     "I",    "II",    "III",   "IV",  "V",   "VI",    "VII",   "VIII",
+        "IX",   "X",    "XI",    "XII",   "XIII", "XIV", "XV",   "XVI",   "XVII",
+        "XVIII", "XIX", "XX",    "XXI",   "XXII", "XXIII", "XXIV"};
+    return number < texts.size() ? texts[number] : "";
+}
+
+void addBarres(RowDraft &row, const SystemDraft &draft, SideItems &items)
+{
+    const auto barreOf = [](const PlacedChord &chord) {
+        return chord.beat().details ? chord.beat().details->barre : Barre();
+    };
+    const auto &chords = row.chords;
+    for (std::size_t i = 0; i < chords.size();) {
+        const Barre barre = barreOf(chords[i]);
+        std::size_t end = i + 1;
+        while (end < chords.size() && barreOf(chords[end]) == barre
+               && chords[end].chord->voice == chords[i].chord->voice)
+            ++end;
+        if (barre.fret != 0) {
+            SideItem item;
+            const std::string words = (barre.isHalf() ? "\u00BDC " : "C ")
+                + std::string(*roman(barre.fret) ? roman(barre.fret)
+                                                 : std::to_string(barre.fret).c_str());
+            item.inks = dashed(draft.pen, MarkKind::Technique, words, chords[i].x,
+                               rightOf(chords[end - 1]), 0.6);
+            for (Ink &ink : item.inks)
+                ink.place = placeOf(row, chords[i]);
+            items.push_back(std::move(item));
+        }
+        i = end;
+    }
+}
+
+struct OttavaSign {
+    Sign sign;
+    bool isAbove;
+};
+OttavaSign ottavaSign(Ottavia ottavia)
+{
+    switch (ottavia) {
+    case Ottavia::_15ma: return {Sign::QuindicesimaAlta, true};
+    case Ottavia::_8va: return {Sign::OttavaAlta, true};
+    case Ottavia::_8vb: return {Sign::OttavaBassa, false};
+    default: return {Sign::QuindicesimaBassa, false};
+    }
+}
+
+void addOttavas(RowDraft &row, const SystemDraft &draft)
+{
+    if (row.row->notation != Notation::Standard)
+        return;
+    for (const Ottavia ottavia :
+         {Ottavia::_15ma, Ottavia::_8va, Ottavia::_8vb, Ottavia::_15mb}) {
+        const auto runs = runsOf(draft, row, [ottavia](const PlacedChord &chord) {
+            const Ottavia own = chord.beat().marks.ottavia();
+            return (own != Ottavia::None ? own : chord.source->ottavia) == ottavia;
+        });
+        for (const ChordRun &run : runs) {
+            const auto [sign, isAbove] = ottavaSign(ottavia);
+            SideItem item;
+            item.side = isAbove ? Side::Above : Side::Below;
+            item.gap = 0.6;
+            Ink glyph = draft.pen.glyph(MarkKind::Ottava, sign, startOf(row, run), 0);
+            const double x = glyph.box.right + 0.3;
+            const double y = isAbove ? glyph.box.top + 0.1 : glyph.box.bottom - 0.1;
+            const double right = rightOf(row.chords[run.last]) + 0.2;
+            item.inks.push_back(std::move(glyph));
+            if (right > x + 0.5) {
+                Ink line = draft.pen.line(MarkKind::Ottava, {x, y}, {right, y}, 0.16);
+                line.dash = 0.6;
+                line.gap = 0.5;
+                item.inks.push_back(std::move(line));
+                item.inks.push_back(draft.pen.line(MarkKind::Ottava, {right, y},
+                                                   {right, y + (isAbove ? 1.2 : -1.2)}, 0.16));
+            }
+            for (Ink &ink : item.inks)
+                ink.place = placeOf(row, row.chords[run.first]);
+            place(row, {std::move(item)});
+        }
+    }
+}
+
+/// Words over beats, with dashes as far as they hold.
+void addWords(RowDraft &row, const SystemDraft &draft)
+{
+    for (std::size_t i = 0; i < row.chords.size(); ++i) {
+        const PlacedChord &chord = row.chords[i];
+        const auto &details = chord.beat().details;
+        if (!details || details->text.empty())
+            continue;
+        SideItem item;
+        item.gap = 0.6;
+        item.inks.push_back(
+            draft.pen.text(MarkKind::Text, TextRole::Words, details->text, chord.x, 0));
+        // A text at the end of a line stays on the sheet.
+        if (item.inks[0].box.right > draft.right)
+            item.inks[0].move(
+                std::max(draft.staffLeft - chord.x, draft.right - item.inks[0].box.right), 0);
+        if (details->textSpan == TextSpan::Begin) {
+            double right = draft.right;
+            for (std::size_t k = i + 1; k < row.chords.size(); ++k)
+                if (const auto &other = row.chords[k].beat().details;
+                    other && other->textSpan == TextSpan::End) {
+                    right = rightOf(row.chords[k]);
+                    break;
+                }
+            for (Ink &ink : dashed(draft.pen, MarkKind::Text, "",
+                                   item.inks[0].box.right + 0.5, right, 0)) {
+                ink.move(0, -0.5);
+                item.inks.push_back(std::move(ink));
+            }
+        }
+        for (Ink &ink : item.inks)
+            ink.place = placeOf(row, chord);
+        place(row, {std::move(item)});
+    }
+}
+
+void addPedals(RowDraft &row, const SystemDraft &draft)
+{
+    SideItems items;
+    for (const PlacedChord &chord : row.chords) {
+        const PedalChange pedal = chord.beat().marks.pedal();
+        if (pedal == PedalChange::None)
+            continue;
+        constexpr int pedalLine = 3;
+        double x = chord.x;
+        const auto add = [&](Sign sign) {
+            SideItem item;
+            item.side = Side::Below;
+            item.line = pedalLine;
+            item.gap = 0.6;
+            item.inks.push_back(draft.pen.glyph(MarkKind::Pedal, sign, x, 0, 0.8));
+            item.inks[0].place = placeOf(row, chord);
+            x = item.inks[0].box.right + 0.3;
+            items.push_back(std::move(item));
+        };
+        if (pedal != PedalChange::Start)
+            add(Sign::KeyboardPedalUp);
+        if (pedal != PedalChange::Stop)
+            add(Sign::KeyboardPedalPed);
+    }
+    place(row, std::move(items));
+}
+
+std::string amountText(int quarterTones)
+{
+    const int value = std::abs(quarterTones);
+    if (value == 4)
+        return "full";
+    constexpr std::array<const char *, 4> parts = {"", "\u00BC", "\u00BD", "\u00BE"};
+    const int whole = value / 4;
+    const std::string text = (whole > 0 ? std::to_string(whole) : std::string())
+        + parts[static_cast<std::size_t>(value % 4)];
+    return (quarterTones < 0 ? "-" : "") + (text.empty() ? "0" : text);
+}
+
+} // namespace
+
+void addStretches(RowDraft &row, const SystemDraft &draft)
+{
+    if (row.row->isLastOfStaff)
+        for (const Stretch &stretch : stretches) {
+            SideItems items;
+            for (const ChordRun &run : runsOf(draft, row, stretch.has)) {
+                SideItem item;
+                item.inks = stretch.make(draft.pen, startOf(row, run),
+                                         endOf(draft, row, run, stretch.fillsBeat));
+                item.line = 1;
+                for (Ink &ink : item.inks)
+                    ink.place = placeOf(row, row.chords[run.first]);
+                items.push_back(std::move(item));
+            }
+            place(row, std::move(items));
+        }
+    if (!row.row->isFirstOfStaff)
+        return;
+    SideItems barres;
+    addBarres(row, draft, barres);
+    place(row, std::move(barres));
+    addOttavas(row, draft);
+    addPedals(row, draft);
+    addWords(row, draft);
+}
+
+void addBends(RowDraft &row, const SystemDraft &draft)
+{
+    const Pen &pen = draft.pen;
+    if (row.row->isLastOfStaff)
+        for (std::size_t i = 0; i < row.chords.size(); ++i) {
+            const PlacedChord &chord = row.chords[i];
+            for (const Head &head : chord.chord->heads) {
+                if (chord.beat().noteCount == 0)
+                    break;
+                const NoteSource &note = chord.note(head);
+                if (!note.details || note.details->bend.type == BendType::NoBend)
+                    continue;
+                // From the number up to a height over the staff, an arrow at each turn.
+                const PlacedChord *next = nextChord(row, i);
+                const auto &points = note.details->bend.curve.points();
+                const double left = chord.x + head.x + head.width + 0.15;
+                const double room = next ? next->x - 0.5 : draft.right - 0.5;
+                const double right = std::max(std::min(room, left + 6), left + 1.5);
+                const double high =
+                    std::min(-row.above.reach(left - 0.5, right + 0.5) - 0.6, -1.4);
+                const MarkPlace where =
+                    placeOf(row, chord, head.note - chord.beat().firstNote);
+                Inks inks;
+                const auto yOf = [&](int value) { return value == 0 ? head.y : high; };
+                const auto addArrow = [&](double x, double y, bool isUp) {
+                    const double back = isUp ? 0.75 : -0.75;
+                    inks.push_back(pen.polygon(MarkKind::Bend,
+                                               {{x, y}, {x - 0.3, y + back}, {x + 0.3, y + back}}));
+                };
+                const auto addLabel = [&](double x, int value) {
+                    inks.push_back(pen.text(MarkKind::Bend, TextRole::Letter, amountText(value),
+                                            x, high - 0.35, Pen::Align::Centre));
+                };
+                struct Turn {
+                    double x;
+                    int value;
+                };
+                std::vector<Turn> turns;
+                for (const CurvePoint &point : points)
+                    if (turns.empty() || point.value != turns.back().value)
+                        turns.push_back({left + (right - left) * point.position / 60.0,
+                                         point.value});
+                // Turns keep their distance, so that arrows and numbers are apart.
+                for (std::size_t k = 1; k < turns.size(); ++k)
+                    turns[k].x = std::max(turns[k].x, turns[k - 1].x + 1.5);
+                if (!turns.empty() && turns.front().value != 0) {
+                    turns.front().x = left + 0.2;
+                    inks.push_back(pen.line(MarkKind::Bend, {left + 0.2, head.y},
+                                            {left + 0.2, high + 0.6}, 0.14));
+                    addArrow(left + 0.2, high, true);
+                    addLabel(left + 0.2, turns.front().value);
+                }
+                for (std::size_t k = 1; k < turns.size(); ++k) {
+                    const bool isUp = turns[k].value > turns[k - 1].value;
+                    const Point from = {turns[k - 1].x, yOf(turns[k - 1].value)};
+                    const Point to = {turns[k].x, yOf(turns[k].value)};
+                    const double stop = to.y + (isUp ? 0.6 : -0.6);
+                    std::vector<Point> arc;
+                    constexpr int steps = 12;
+                    for (int s = 0; s <= steps; ++s) {
+                        const double t = static_cast<double>(s) / steps;
+                        arc.push_back({from.x + (to.x - from.x) * (1 - (1 - t) * (1 - t)),
+                                       from.y + (stop - from.y) * t * t});
+                    }
+                    inks.push_back(pen.polyline(MarkKind::Bend, std::move(arc), 0.14));
+                    addArrow(to.x, to.y, isUp);
+                    if (isUp)
+                        addLabel(to.x, turns[k].value);
+                }
+                for (Ink &ink : inks) {
+                    ink.place = where;
+                    row.add(std::move(ink));
+                }
+            }
+        }
+    if (!row.row->isLastOfStaff)
+        return;
+    SideItems items;
+    for (std::size_t i = 0; i < row.chords.size(); ++i) {
+        const PlacedChord &chord = row.chords[i];
+        const auto &details = chord.beat().details;
+        if (!details || details->whammyBar.type == WhammyBarType::NoWhammyBar)
+            continue;
+        const PlacedChord *next = nextChord(row, i);
+        const auto &points = details->whammyBar.curve.points();
+        const double left = chord.headCentre();
+        const double right =
+            std::max(std::min(next ? next->x - 0.5 : draft.right - 0.5, left + 8), left + 2);
+        int extreme = 0;
+        for (const CurvePoint &point : points)
+            if (std::abs(point.value) > std::abs(extreme))
+                extreme = point.value;
+        SideItem item;
+        item.gap = 0.6;
+        std::vector<Point> line;
+        for (const CurvePoint &point : points) {
+            const double depth = extreme == 0 ? 0 : 1.4 * point.value / std::abs(extreme);
+            line.push_back({left + (right - left) * point.position / 60.0, -1.4 - depth});
+        }
+        if (line.size() > 1)
+            item.inks.push_back(pen.polyline(MarkKind::Whammy, std::move(line), 0.14));
+        item.inks.push_back(pen.text(MarkKind::Whammy, TextRole::Letter,
+                                     "w/bar " + amountText(extreme), left, -3.2));
+        for (Ink &ink : item.inks)
+            ink.place = placeOf(row, chord);
+        items.push_back(std::move(item));
+    }
+    place(row, std::move(items));
+}
+
+} // namespace zarn::engraving

@@ -1,0 +1,336 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnLayout/page/WordSigns.h>
+
+#include <ZarnCore/chords/ZarnChordDiagram.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <map>
+
+namespace zarn::engraving {
+
+namespace {
+
+constexpr int dynamicLine = 2;
+constexpr int lyricLine = 100;
+constexpr int symbolLine = 4;
+
+std::vector<Sign> signsOf(AttackDynamic attack)
+{
+    std::vector<Sign> signs;
+    const auto letters = [&](const char *text) {
+        for (; *text != '\0'; ++text)
+            signs.push_back(*text == 'p'       ? Sign::DynamicPiano
+                                : *text == 'm' ? Sign::DynamicMezzo
+                                : *text == 'f' ? Sign::DynamicForte
+                                : *text == 'r' ? Sign::DynamicRinforzando
+                                : *text == 's' ? Sign::DynamicSforzando
+                                               : Sign::DynamicZ);
+    };
+    constexpr std::array<const char *, 11> texts = {"",   "sf", "sfz", "sffz", "fz", "rf",
+                                                    "rfz", "fp", "sfp", "sfpp", "pf"};
+    letters(texts[static_cast<std::size_t>(attack)]);
+    return signs;
+}
+
+/// A hairpin between two places; a mouth that is not closed goes on in another system.
+Inks hairpin(const Pen &pen, Hairpin kind, double left, double right, bool comesFromBefore,
+             bool goesOn)
+{
+    constexpr double half = 0.6;
+    const double middle = -0.6;
+    const auto wedge = [&](double from, double to, double start, double end) {
+        Inks inks;
+        for (const double sign : {-1.0, 1.0})
+            inks.push_back(pen.line(MarkKind::Hairpin, {from, middle + sign * start},
+                                    {to, middle + sign * end}, 0.16));
+        return inks;
+    };
+    const double closed = comesFromBefore ? 0.25 : 0;
+    const double open = goesOn ? 0.45 : half;
+    if (kind == Hairpin::Crescendo)
+        return wedge(left, right, closed, open);
+    if (kind == Hairpin::Decrescendo)
+        return wedge(left, right, comesFromBefore ? 0.45 : half, goesOn ? 0.25 : 0);
+    const double centre = (left + right) / 2;
+    Inks inks = wedge(left, centre, 0, half);
+    for (Ink &ink : wedge(centre, right, half, 0))
+        inks.push_back(std::move(ink));
+    return inks;
+}
+
+/// Whether the beat in front of the first one of a system has the same hairpin.
+bool wasOpen(const SystemDraft &draft, const RowDraft &row, const PlacedChord &first,
+             Hairpin kind)
+{
+    const BarSource &before = draft.score.source(row.number, draft.first - 1);
+    for (const VoiceSource &voice : before.voices)
+        if (voice.number == first.chord->voice && !voice.beats.empty())
+            return voice.beats.back().marks.hairpin() == kind;
+    return false;
+}
+
+Inks diagramInks(const Pen &pen, const ChordDiagram &diagram, double centre)
+{
+    constexpr double stringGap = 0.9;
+    constexpr double fretGap = 1.1;
+    const auto strings = static_cast<int>(diagram.frets.size());
+    if (strings == 0)
+        return {};
+    int highest = 0;
+    for (const std::int8_t fret : diagram.frets)
+        highest = std::max<int>(highest, fret);
+    const int first = std::max<int>(1, diagram.firstFret);
+    const int frets = std::max(4, highest - first + 1);
+    const double width = (strings - 1) * stringGap;
+    const double height = frets * fretGap;
+    const double left = centre - width / 2;
+    const double top = -height;
+    Inks inks;
+    const auto add = [&](Ink ink) { inks.push_back(std::move(ink)); };
+    for (int i = 0; i < strings; ++i)
+        add(pen.line(MarkKind::ChordDiagram, {left + i * stringGap, top},
+                     {left + i * stringGap, 0}, 0.1));
+    for (int i = 0; i <= frets; ++i)
+        add(pen.line(MarkKind::ChordDiagram, {left - 0.05, top + i * fretGap},
+                     {left + width + 0.05, top + i * fretGap}, i == 0 && first == 1 ? 0.3 : 0.1));
+    if (first > 1)
+        add(pen.text(MarkKind::ChordDiagram, TextRole::Finger, std::to_string(first),
+                     left + width + 0.6, top + fretGap * 0.5 + 0.4));
+    const auto dots = pen.fonts().box(Sign::FretboardFilledCircle);
+    for (int i = 0; i < strings; ++i) {
+        const int fret = diagram.frets[static_cast<std::size_t>(i)];
+        const double x = left + i * stringGap;
+        if (fret <= 0) {
+            const Sign sign = fret == 0 ? Sign::FretboardO : Sign::FretboardX;
+            const Box &box = pen.fonts().box(sign);
+            const double scale = 0.6 / std::max(box.width(), 0.1);
+            add(pen.glyph(MarkKind::ChordDiagram, sign, x - (box.left + box.right) / 2 * scale,
+                          top - 0.35 - box.bottom * scale, scale));
+            continue;
+        }
+        const double y = top + (fret - first + 0.5) * fretGap;
+        const double scale = 0.65 / std::max(dots.width(), 0.1);
+        add(pen.glyph(MarkKind::ChordDiagram, Sign::FretboardFilledCircle,
+                      x - (dots.left + dots.right) / 2 * scale,
+                      y - (dots.top + dots.bottom) / 2 * scale, scale));
+    }
+    for (const DiagramBarre &barre : barresOf(diagram))
+        add(pen.line(MarkKind::ChordDiagram,
+                     {left + barre.firstString * stringGap,
+                      top + (barre.fret - first + 0.5) * fretGap},
+                     {left + barre.lastString * stringGap,
+                      top + (barre.fret - first + 0.5) * fretGap},
+                     0.3));
+    return inks;
+}
+
+} // namespace
+
+std::vector<Sign> signsOf(NoteDynamic dynamic)
+{
+    const int value = static_cast<int>(dynamic.value());
+    constexpr int piano = static_cast<int>(NoteDynamic::Value::P);
+    constexpr int forte = static_cast<int>(NoteDynamic::Value::F);
+    if (value == 0)
+        return {};
+    if (value <= piano)
+        return std::vector<Sign>(static_cast<std::size_t>(piano - value + 1), Sign::DynamicPiano);
+    if (value >= forte)
+        return std::vector<Sign>(static_cast<std::size_t>(value - forte + 1), Sign::DynamicForte);
+    return {Sign::DynamicMezzo, value == piano + 1 ? Sign::DynamicPiano : Sign::DynamicForte};
+}
+
+void addDynamics(RowDraft &row, const SystemDraft &draft)
+{
+    if (!row.row->isFirstOfStaff)
+        return;
+    SideItems items;
+    std::vector<std::pair<double, double>> taken; // of dynamics, for hairpins to end at
+    for (const PlacedChord &chord : row.chords) {
+        std::vector<Sign> signs = signsOf(chord.beat().marks.dynamic());
+        for (const Sign sign : signsOf(chord.beat().marks.attackDynamic()))
+            signs.push_back(sign);
+        if (signs.empty())
+            continue;
+        SideItem item;
+        item.side = Side::Below;
+        item.line = dynamicLine;
+        item.gap = 0.5;
+        item.inks =
+            draft.pen.glyphs(MarkKind::Dynamic, signs, chord.headCentre(), 0, Pen::Align::Centre);
+        const Box box = boxOf(item.inks);
+        // Several voices that say the same say it once.
+        const bool isTaken =
+            std::any_of(taken.begin(), taken.end(), [&](const std::pair<double, double> &other) {
+                return other.first < box.right && other.second > box.left;
+            });
+        if (isTaken)
+            item.line = 0;
+        taken.push_back({box.left, box.right});
+        for (Ink &ink : item.inks)
+            ink.place = placeOf(row, chord);
+        items.push_back(std::move(item));
+    }
+    for (std::size_t i = 0; i < row.chords.size();) {
+        const Hairpin kind = row.chords[i].beat().marks.hairpin();
+        std::size_t end = i + 1;
+        while (end < row.chords.size() && kind != Hairpin::NoHairpin && kind != Hairpin::Swell
+               && row.chords[end].chord->voice == row.chords[i].chord->voice
+               && row.chords[end].beat().marks.hairpin() == kind
+               && !row.chords[end].beat().marks.beginsHairpin())
+            ++end;
+        if (kind != Hairpin::NoHairpin) {
+            const PlacedChord &first = row.chords[i];
+            const PlacedChord &last = row.chords[end - 1];
+            const PlacedChord *next = nextChord(row, end - 1);
+            double left = first.x;
+            double right = next ? next->x - 0.4 : draft.right - 0.4;
+            for (const BarPlace &bar : draft.bars)
+                if (bar.shownBar == last.shownBar && !(next && next->shownBar == last.shownBar))
+                    right = bar.right - 0.4;
+            for (const auto &[start, stop] : taken) {
+                if (start <= left + 0.5 && stop > left)
+                    left = stop + 0.3;
+                if (start > left + 0.5 && start < right + 0.4)
+                    right = std::min(right, start - 0.3);
+            }
+            const bool isFirstOfVoice =
+                i == 0 || row.chords[i - 1].chord->voice != first.chord->voice;
+            const bool comes = isFirstOfVoice && draft.first > 0 && first.shownBar == draft.first
+                && !first.beat().marks.beginsHairpin() && first.beat().index == 0
+                && wasOpen(draft, row, first, kind);
+            if (right > left + 0.8) {
+                SideItem item;
+                item.side = Side::Below;
+                item.line = dynamicLine;
+                item.gap = 0.5;
+                item.inks = hairpin(draft.pen, kind, left, right, comes, false);
+                for (Ink &ink : item.inks)
+                    ink.place = placeOf(row, first);
+                items.push_back(std::move(item));
+            }
+        }
+        i = end;
+    }
+    place(row, std::move(items));
+}
+
+void addLyrics(RowDraft &row, const SystemDraft &draft)
+{
+    if (!row.row->isFirstOfStaff)
+        return;
+    struct Sung {
+        const PlacedChord *chord;
+        const Syllable *syllable;
+        Box box;
+        std::size_t number;
+    };
+    std::map<unsigned, std::vector<Sung>> lines;
+    const std::uint8_t visible = draft.score.tracks[row.row->track].lyricsVisible;
+    for (std::size_t i = 0; i < row.chords.size(); ++i)
+        if (const auto &details = row.chords[i].beat().details)
+            for (const Syllable &syllable : details->lyrics)
+                if ((visible >> syllable.line & 1) != 0)
+                    lines[syllable.line].push_back({&row.chords[i], &syllable, {}, i});
+    for (auto &[line, sung] : lines) {
+        std::stable_sort(sung.begin(), sung.end(), [](const Sung &left, const Sung &right) {
+            return left.chord->x < right.chord->x;
+        });
+        SideItems items;
+        for (Sung &entry : sung) {
+            SideItem item;
+            item.side = Side::Below;
+            item.line = lyricLine + static_cast<int>(line);
+            item.gap = 0.8;
+            item.inks.push_back(draft.pen.text(MarkKind::Lyric, TextRole::Lyric,
+                                               entry.syllable->text, entry.chord->headCentre(), 0,
+                                               Pen::Align::Centre));
+            item.inks[0].place = placeOf(row, *entry.chord);
+            entry.box = item.inks[0].box;
+            items.push_back(std::move(item));
+        }
+        const auto addExtra = [&](Ink ink, const Sung &entry) {
+            SideItem item;
+            item.side = Side::Below;
+            item.line = lyricLine + static_cast<int>(line);
+            item.gap = 0.2;
+            ink.place = placeOf(row, *entry.chord);
+            item.inks.push_back(std::move(ink));
+            items.push_back(std::move(item));
+        };
+        for (std::size_t i = 0; i < sung.size(); ++i) {
+            const Sung &entry = sung[i];
+            const double next = i + 1 < sung.size() ? sung[i + 1].box.left : draft.right;
+            const bool wordGoesOn = entry.syllable->syllabic == Syllabic::Begin
+                || entry.syllable->syllabic == Syllabic::Middle;
+            if (wordGoesOn) {
+                const double room = next - entry.box.right;
+                const int count = std::max(1, static_cast<int>(room / 12));
+                for (int k = 0; k < count && room > 0.9; ++k) {
+                    const double x = entry.box.right + room * (k + 0.5) / count;
+                    addExtra(draft.pen.line(MarkKind::Lyric, {x - 0.35, -0.5}, {x + 0.35, -0.5},
+                                            0.16),
+                             entry);
+                }
+            } else if (entry.syllable->hasMelisma) {
+                double right = entry.box.right;
+                for (std::size_t k = entry.number + 1; k < row.chords.size(); ++k) {
+                    const PlacedChord &chord = row.chords[k];
+                    if (chord.chord->voice != entry.chord->chord->voice || chord.chord->isRest())
+                        break;
+                    if (chord.headCentre() >= next)
+                        break;
+                    right = rightOf(chord);
+                }
+                right = std::min(right, next - 0.4);
+                if (right > entry.box.right + 0.8)
+                    addExtra(draft.pen.line(MarkKind::Lyric, {entry.box.right + 0.2, 0},
+                                            {right, 0}, 0.16),
+                             entry);
+            }
+        }
+        place(row, std::move(items));
+    }
+}
+
+void addChordSymbols(RowDraft &row, const SystemDraft &draft)
+{
+    if (!row.row->isFirstOfStaff)
+        return;
+    SideItems diagrams;
+    SideItems symbols;
+    for (const PlacedChord &chord : row.chords) {
+        const auto &details = chord.beat().details;
+        if (!details || details->chord.isEmpty())
+            continue;
+        const ChordMark &mark = details->chord;
+        if (mark.diagram) {
+            SideItem item;
+            item.line = symbolLine + 1;
+            item.gap = 0.7;
+            item.inks = diagramInks(draft.pen, *mark.diagram, chord.headCentre());
+            for (Ink &ink : item.inks)
+                ink.place = placeOf(row, chord);
+            diagrams.push_back(std::move(item));
+        }
+        const std::string &symbol =
+            mark.symbol.empty() && mark.diagram ? mark.diagram->name : mark.symbol;
+        if (!symbol.empty()) {
+            SideItem item;
+            item.line = symbolLine;
+            item.gap = 0.7;
+            item.inks.push_back(draft.pen.text(
+                MarkKind::ChordSymbol, TextRole::ChordSymbol, symbol,
+                mark.diagram ? chord.headCentre() : chord.x, 0,
+                mark.diagram ? Pen::Align::Centre : Pen::Align::Begin));
+            item.inks[0].place = placeOf(row, chord);
+            symbols.push_back(std::move(item));
+        }
+    }
+    place(row, std::move(diagrams));
+    place(row, std::move(symbols));
+}
+
+} // namespace zarn::engraving

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnLayout/page/SideItem.h>
+
+namespace zarn::engraving {
+
+/// Dynamics and hairpins on one line below a staff.
+void addDynamics(RowDraft &row, const SystemDraft &draft);
+
+/// Lyrics, line below line, with hyphens and the lines of held syllables.
+void addLyrics(RowDraft &row, const SystemDraft &draft);
+
+/// Chord symbols and diagrams on one line above a staff.
+void addChordSymbols(RowDraft &row, const SystemDraft &draft);
+
+/// The signs of a dynamic; none for none.
+std::vector<Sign> signsOf(NoteDynamic dynamic);
+
+} // namespace zarn::engraving
