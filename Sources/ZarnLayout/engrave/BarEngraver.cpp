@@ -200,6 +200,7 @@ void BarEngraver::chooseStem(std::size_t first, std::size_t end)
     for (std::size_t i = first; i < end; ++i) {
         chords[i].isStemUp = isUp;
         chords[i].isForced = isForced;
+        chords[i].hasRival = _hasVoices;
         chords[i].isBeamed = end - first > 1 && chords[i].beat->flagCount() > 0;
     }
 }
@@ -217,6 +218,12 @@ void BarEngraver::placeHeads(Chord &chord)
             head.glyph = fonts.glyph(Sign::NoteheadBlack);
             head.width = fretWidth(_source->notes, head, *chord.beat, _pen) * chord.scale;
             head.x = chord.width / 2 - head.width / 2;
+            // A string sounds one note: what else is written on it stands beside.
+            if (&head != chord.heads.data() && (&head - 1)->line == head.line) {
+                head.x = (&head - 1)->x + (&head - 1)->width + 0.5;
+                _problems.add(placeOf(chord, head.note - chord.beat->firstNote),
+                              "The string has several notes at once.");
+            }
         }
         return;
     }
@@ -449,6 +456,14 @@ void BarEngraver::addSpaces()
             default: break;
             }
             boxes.push_back({ink.box.movedBy(chord.x, 0), kind});
+        }
+        if (_row.isFirstOfStaff && chord.beat->marks.dynamic() != NoteDynamic()) {
+            constexpr double letter = 1.25;
+            const double half =
+                letter * static_cast<double>(NoteDynamic::textOf(chord.beat->marks.dynamic().value()).size()) / 2;
+            const double centre = chord.x + chord.width / 2;
+            boxes.push_back({{centre - half, dynamicSpaceY, centre + half, dynamicSpaceY + 1},
+                             SpaceBox::Kind::Text});
         }
         if (_row.isFirstOfStaff && chord.beat->details)
             addWordSpaces(chord, boxes);

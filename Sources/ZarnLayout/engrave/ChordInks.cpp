@@ -244,6 +244,14 @@ void ChordInks::addStem(const Chord &chord, Inks &inks) const
                          {chord.stemX, chord.stemTip}, _pen.fonts().stem());
     stem.place = placeOf(chord);
     inks.push_back(std::move(stem));
+    if (chord.beat->marks.isSlashedGrace() && chord.beat->isGrace()) {
+        const double inward = chord.isStemUp ? 1 : -1;
+        Ink slash = _pen.line(MarkKind::GraceSlash,
+                              {chord.stemX - 0.6, chord.stemTip + inward * 1.5},
+                              {chord.stemX + 0.75, chord.stemTip + inward * 0.45}, 0.12);
+        slash.place = placeOf(chord);
+        inks.push_back(std::move(slash));
+    }
     const int flags = chord.beat->flagCount();
     if (flags > 0) {
         Ink flag = _pen.glyph(MarkKind::Flag, flagOf(flags, chord.isStemUp),

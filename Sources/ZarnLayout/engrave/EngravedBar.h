@@ -34,6 +34,7 @@ struct Chord {
     bool hasStem = false;
     bool isStemUp = true;
     bool isForced = false; ///< the stem's direction is not free: said, or there are other voices
+    bool hasRival = false; ///< other voices are in its bar
     bool isBeamed = false;
     double stemX = 0;      ///< middle of the stem, from the origin
     double stemRoot = 0;   ///< y where the stem leaves the head that is farthest from its tip
@@ -58,6 +59,7 @@ struct SpaceBox {
 /// ink, so that words meet words alone.
 constexpr double lyricSpaceY = 1000;
 constexpr double symbolSpaceY = -1000;
+constexpr double dynamicSpaceY = 500;
 
 /// A row of a bar, engraved before the places of its columns are known.
 struct EngravedBar {

@@ -99,8 +99,11 @@ Ink Pen::text(MarkKind kind, TextRole style, const std::string &text, double x, 
     ink.kind = kind;
     ink.style = style;
     ink.text = text;
+    for (char &letter : ink.text)
+        if (static_cast<unsigned char>(letter) < 0x20 || letter == 0x7F)
+            letter = ' ';
     ink.scale = scale;
-    const Box box = _fonts.textBox(text, style);
+    const Box box = _fonts.textBox(ink.text, style);
     const double width = box.right * scale;
     ink.at = {align == Align::Begin        ? x
                   : align == Align::Centre ? x - width / 2
@@ -124,6 +127,17 @@ Inks Pen::glyphs(MarkKind kind, const std::vector<Sign> &signs, double x, double
         place += _fonts.advance(_fonts.glyph(sign)) * scale;
     }
     return inks;
+}
+
+std::vector<std::string> linesOf(const std::string &text)
+{
+    std::vector<std::string> lines(1);
+    for (const char letter : text)
+        if (letter == '\n')
+            lines.emplace_back();
+        else if (letter != '\r')
+            lines.back() += letter;
+    return lines;
 }
 
 std::vector<Sign> digitsOf(unsigned number, Sign zero)

@@ -38,6 +38,9 @@ private:
     const Fonts &_fonts;
 };
 
+/// The lines of a text.
+std::vector<std::string> linesOf(const std::string &text);
+
 /// The digits of a number as signs that follow on the sign of 0.
 std::vector<Sign> digitsOf(unsigned number, Sign zero);
 

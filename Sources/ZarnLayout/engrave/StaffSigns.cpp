@@ -16,6 +16,19 @@ struct ClefSign {
     int line; ///< in half spaces above the bottom line
 };
 
+/// The clef with the number of its octaves.
+Sign withOttava(Sign clef, Ottavia ottavia)
+{
+    if (ottavia == Ottavia::None)
+        return clef;
+    const bool isDown = ottavia == Ottavia::_8vb || ottavia == Ottavia::_15mb;
+    if (clef == Sign::CClef)
+        return isDown ? Sign::CClef8vb : clef;
+    const bool isDouble = ottavia == Ottavia::_15ma || ottavia == Ottavia::_15mb;
+    const Sign first = clef == Sign::GClef ? Sign::GClef8vb : Sign::FClef8vb;
+    return first + (isDouble ? 2 : 0) + (isDown ? 0 : 1);
+}
+
 ClefSign signOf(const Row &row, ClefType clef)
 {
     const int middle = static_cast<int>(row.lineCount) - 1;
@@ -33,7 +46,6 @@ ClefSign signOf(const Row &row, ClefType clef)
 
 Inks StaffSigns::clef(const Row &row, ClefType clef, Ottavia ottavia, double scale) const
 {
-    static_cast<void>(ottavia);
     if (row.notation == Notation::Tablature) {
         const bool isSmall = row.lineCount <= 4;
         const Sign sign = isSmall ? Sign::FourStringTabClef : Sign::SixStringTabClef;
@@ -45,7 +57,9 @@ Inks StaffSigns::clef(const Row &row, ClefType clef, Ottavia ottavia, double sca
         return {_pen.glyph(MarkKind::Clef, sign, -box.left * fit, y, fit)};
     }
     const ClefSign sign = signOf(row, clef);
-    return {_pen.glyph(MarkKind::Clef, sign.sign, 0, row.yOfLine(sign.line), scale)};
+    const bool isPitched = sign.sign != Sign::UnpitchedPercussionClef1;
+    const Sign shown = isPitched ? withOttava(sign.sign, ottavia) : sign.sign;
+    return {_pen.glyph(MarkKind::Clef, shown, 0, row.yOfLine(sign.line), scale)};
 }
 
 Inks StaffSigns::key(const Row &row, ClefType clef, int key, int before) const

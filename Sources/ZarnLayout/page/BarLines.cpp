@@ -84,7 +84,8 @@ Joint jointBefore(const EngravedScore &score, unsigned shownBar, JointPlace plac
         if (place == JointPlace::Head)
             joint.clefs[i] = signs.clef(row, bar.clef, bar.ottavia, 1);
         else if (row.notation == Notation::Standard && !row.isPercussion
-                 && bar.clefBefore != ClefType::None && bar.clef != bar.clefBefore)
+                 && bar.clefBefore != ClefType::None
+                 && (bar.clef != bar.clefBefore || bar.ottavia != bar.ottaviaBefore))
             joint.clefs[i] = signs.clef(row, bar.clef, bar.ottavia, changedClef);
         const bool keyChanges = shownBar > 0 && bar.key != bar.keyBefore;
         if (place == JointPlace::Head)

@@ -57,7 +57,7 @@ private:
     {
         const int beams = member.beat().flagCount();
         const double tremolo = 0.6 * member.beat().marks.tremolo();
-        return (3.25 + 0.6 * std::max(0, beams - 2) + tremolo) * (_scale < 1 ? 0.75 : 1);
+        return (3.25 + 0.75 * std::max(0, beams - 2) + tremolo) * (_scale < 1 ? 0.75 : 1);
     }
     double leastOf(const PlacedChord &member) const
     {
@@ -157,7 +157,6 @@ private:
         for (PlacedChord *member : _members) {
             const Chord &chord = *member->chord;
             member->stemTip = _line.at(member->stemX());
-            member->beamCount = static_cast<unsigned>(chord.beat->flagCount());
             const double tip = member->stemTip + inward() * 0.05;
             Ink stem = _pen.line(MarkKind::Stem, {member->stemX(), chord.stemRoot},
                                  {member->stemX(), tip}, _pen.fonts().stem());

@@ -83,10 +83,10 @@ bool putInside(RowDraft &row, const PlacedChord &chord, const Pen &pen, Sign sig
     return true;
 }
 
-void addArticulations(RowDraft &row, const SystemDraft &draft, SideItems &items)
+void addArticulationsOf(RowDraft &row, const SystemDraft &draft)
 {
     const Pen &pen = draft.pen;
-    for (const PlacedChord &chord : row.chords) {
+    for (PlacedChord &chord : row.chords) {
         const unsigned bits = accentsOf(chord);
         if (bits == 0 || chord.chord->isRest())
             continue;
@@ -112,9 +112,10 @@ void addArticulations(RowDraft &row, const SystemDraft &draft, SideItems &items)
                                 isHeadSide ? chord.headCentre() : chord.stemX(),
                                 chord.chord->scale);
             item.inks[0].place = placeOf(row, chord);
-            items.push_back(std::move(item));
-            place(row, std::move(items));
-            items.clear();
+            place(row, {std::move(item)});
+            const Box &box = row.inks.back().box;
+            chord.signTop = isUpper ? box.top : chord.signTop;
+            chord.signBottom = isUpper ? chord.signBottom : box.bottom;
         }
     }
 }
@@ -346,13 +347,15 @@ void addItem(RowDraft &row, const PlacedChord &chord, Side side, Inks inks, int 
 
 } // namespace
 
+void addArticulations(RowDraft &row, const SystemDraft &draft)
+{
+    if (row.row->isFirstOfStaff)
+        addArticulationsOf(row, draft);
+}
+
 void addBeatSigns(RowDraft &row, const SystemDraft &draft)
 {
     const Pen &pen = draft.pen;
-    if (row.row->isFirstOfStaff) {
-        SideItems items;
-        addArticulations(row, draft, items);
-    }
     for (const NoteSign &sign : noteSigns) {
         if (!carries(*row.row, sign.rows))
             continue;

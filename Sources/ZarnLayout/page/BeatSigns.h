@@ -5,7 +5,10 @@
 
 namespace zarn::engraving {
 
-/// Signs at single beats: articulations, ornaments, fingers, strokes, techniques.
+/// Articulations at the heads or stems; slurs go around them.
+void addArticulations(RowDraft &row, const SystemDraft &draft);
+
+/// Other signs at single beats: ornaments, fingers, strokes, techniques.
 void addBeatSigns(RowDraft &row, const SystemDraft &draft);
 
 /// Strokes of tremolos, through stems and between two beats.

@@ -168,16 +168,17 @@ void addDirections(SystemDraft &draft, RowDraft &row)
     for (const BarPlace &bar : draft.bars) {
         const ColumnSource &column = draft.score.column(bar.shownBar);
         const MarkPlace where = placeOfBar(draft.score.shown[bar.shownBar].bar);
+        double x = bar.left;
         for (const DirectionMark mark : column.directions) {
             const int kind = static_cast<int>(mark);
             constexpr int firstWord = static_cast<int>(DirectionMark::Fine);
             if (kind < firstWord) {
                 constexpr std::array<Sign, 4> signs = {Sign::Coda, Sign::CodaSquare, Sign::Segno,
                                                        Sign::SegnoSerpent1};
-                putAbove(row,
-                         {draft.pen.glyph(MarkKind::Direction,
-                                          signs[static_cast<std::size_t>(kind)], bar.left, 0)},
-                         where, 0.8);
+                Ink sign = draft.pen.glyph(MarkKind::Direction,
+                                           signs[static_cast<std::size_t>(kind)], x, 0);
+                x = sign.box.right + 0.8;
+                putAbove(row, {std::move(sign)}, where, 0.8);
             } else {
                 Ink text = draft.pen.text(MarkKind::Direction, TextRole::Direction,
                                           directionText(mark), bar.right, 0, Pen::Align::End);

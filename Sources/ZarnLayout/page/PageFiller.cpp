@@ -7,7 +7,7 @@ namespace zarn::engraving {
 
 namespace {
 
-constexpr double mostStretch = 6; ///< that a gap takes on, in staff spaces
+constexpr double mostStretch = 9; ///< that a gap takes on, in staff spaces
 constexpr double pageCost = 1000;
 
 double heightOf(const std::vector<SystemHeight> &systems, unsigned first, unsigned end)

@@ -32,6 +32,6 @@ struct PageRoom {
 std::vector<FilledPage> fillPages(const std::vector<SystemHeight> &systems, const PageRoom &room);
 
 /// Least distance of the ink of two systems.
-constexpr double systemGap = 2.2;
+constexpr double systemGap = 1.8;
 
 } // namespace zarn::engraving

@@ -35,7 +35,7 @@ using EngraveRow = void (*)(RowDraft &row, const SystemDraft &draft);
 
 /// What is nearer to the notes comes first.
 constexpr EngraveRow rowEngravers[] = {
-    addTies,      addTremolos, addStringLinks, addBeatSigns,  addSlurs, addTuplets,
+    addTies,      addTremolos, addStringLinks, addArticulations, addSlurs, addTuplets, addBeatSigns,
     addBends,     addDynamics, addStretches,   addLyrics,     addChordSymbols,
 };
 

@@ -109,27 +109,20 @@ private:
             const Chord &chord = *_row.chords[i].chord;
             if (chord.isRest())
                 continue;
-            if (chord.isForced && hasOtherVoice())
+            if (chord.hasRival)
                 return chord.isStemUp;
             areUp = areUp && chord.isStemUp;
         }
         return !areUp || _row.row->notation == Notation::Tablature;
     }
-    bool hasOtherVoice() const
-    {
-        return std::any_of(_row.chords.begin(), _row.chords.end(),
-                           [&](const PlacedChord &chord) {
-                               return chord.chord->voice != _row.chords.front().chord->voice;
-                           });
-    }
-
     Point endAt(const PlacedChord &chord, bool isAbove, bool isStart) const
     {
         const bool isAtStem = chord.chord->hasStem && !chord.chord->isRest()
             && chord.chord->isStemUp == isAbove && _row.row->notation != Notation::Tablature;
         const double edge = isAbove ? chord.top() : chord.bottom();
         const double sign = isAbove ? -1 : 1;
-        if (isAtStem)
+        const bool hasSign = isAbove ? chord.signTop < 1e8 : chord.signBottom > -1e8;
+        if (isAtStem && !hasSign)
             return {chord.stemX() + (isStart ? 0.25 : -0.25), edge + sign * 0.35};
         return {chord.headCentre() + (isStart ? 0.15 : -0.15), edge + sign * 0.35};
     }
@@ -188,7 +181,8 @@ private:
                 continue;
             for (const Head &head : chord.chord->heads)
                 if (x > chord.x + head.x - 0.1 && x < chord.x + head.x + head.width + 0.1)
-                    y = isAbove ? std::min(y, head.y - 0.5) : std::max(y, head.y + 0.5);
+                    y = isAbove ? std::min({y, head.y - 0.5, chord.signTop})
+                                : std::max({y, head.y + 0.5, chord.signBottom});
             if (chord.chord->hasStem && std::abs(x - chord.stemX()) < 0.35) {
                 y = isAbove ? std::min({y, chord.stemTip, chord.chord->stemRoot})
                             : std::max({y, chord.stemTip, chord.chord->stemRoot});

@@ -193,8 +193,8 @@ OttavaSign ottavaSign(Ottavia ottavia)
     switch (ottavia) {
     case Ottavia::_15ma: return {Sign::QuindicesimaAlta, true};
     case Ottavia::_8va: return {Sign::OttavaAlta, true};
-    case Ottavia::_8vb: return {Sign::OttavaBassa, false};
-    default: return {Sign::QuindicesimaBassa, false};
+    case Ottavia::_8vb: return {Sign::OttavaBassaVb, false};
+    default: return {Sign::QuindicesimaBassaMb, false};
     }
 }
 
@@ -205,8 +205,9 @@ void addOttavas(RowDraft &row, const SystemDraft &draft)
     for (const Ottavia ottavia :
          {Ottavia::_15ma, Ottavia::_8va, Ottavia::_8vb, Ottavia::_15mb}) {
         const auto runs = runsOf(draft, row, [ottavia](const PlacedChord &chord) {
-            const Ottavia own = chord.beat().marks.ottavia();
-            return (own != Ottavia::None ? own : chord.source->ottavia) == ottavia;
+            // What holds for the whole bar is in its clef.
+            return chord.beat().marks.ottavia() == ottavia
+                && ottavia != chord.source->ottavia;
         });
         for (const ChordRun &run : runs) {
             const auto [sign, isAbove] = ottavaSign(ottavia);

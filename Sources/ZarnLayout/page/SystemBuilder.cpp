@@ -13,10 +13,10 @@ namespace zarn::engraving {
 
 namespace {
 
-constexpr double gapInStaff = 4.0;   ///< between notation and tablature of a staff
-constexpr double gapInTrack = 5.5;   ///< between staves of a track
-constexpr double gapInScore = 6.0;   ///< between tracks
-constexpr double inkGap = 0.8;       ///< between ink of neighbouring rows
+constexpr double gapInStaff = 3.5;   ///< between notation and tablature of a staff
+constexpr double gapInTrack = 4.8;   ///< between staves of a track
+constexpr double gapInScore = 5.0;   ///< between tracks
+constexpr double inkGap = 0.6;       ///< between ink of neighbouring rows
 constexpr double loosest = 1.35;     ///< factor of a last line that is still drawn out
 
 /// Tracks of the rows that a bracket or brace joins.
@@ -65,12 +65,14 @@ double SystemBuilder::indent(bool isFirst) const
     for (const Row &row : _score.rows) {
         const TrackHead &track = _score.tracks[row.track];
         const std::string &name = isFirst ? track.name : track.shortName;
-        if (!name.empty())
-            width = std::max(width, _pen.fonts().textBox(name, TextRole::TrackName).right + 0.8);
+        for (const std::string &line : linesOf(name))
+            if (!line.empty())
+                width =
+                    std::max(width, _pen.fonts().textBox(line, TextRole::TrackName).right + 0.8);
     }
     const auto joinings = joiningsOf(_score);
     if (!joinings.empty())
-        width += 1.4 + (joinings.size() > 1 && !_score.groups.empty() ? 1.2 : 0);
+        width += 1.7 + (joinings.size() > _score.groups.size() && !_score.groups.empty() ? 1.4 : 0);
     return width;
 }
 
@@ -320,7 +322,7 @@ void SystemBuilder::addHead(SystemDraft &draft) const
             const RowDraft &lower = draft.rows[joining.lastRow];
             const double from = upper.y;
             const double to = lower.y + lower.row->height();
-            const double shift = isGroup && hasInner ? 1.1 : 0;
+            const double shift = isGroup && hasInner ? 1.4 : 0;
             if (joining.symbol == GroupSymbol::Brace) {
                 const Box &box = _pen.fonts().box(Sign::Brace);
                 const double scale = (to - from) / box.height();
@@ -328,7 +330,7 @@ void SystemBuilder::addHead(SystemDraft &draft) const
                 brace.scale = scale;
                 brace.stretch = std::clamp(scale, 1.0, 3.0) * 1.2;
                 brace.box = {0, from, box.right * brace.stretch, to};
-                brace.move(draft.staffLeft - 0.35 - brace.box.right, 0);
+                brace.move(draft.staffLeft - shift - 0.35 - brace.box.right, 0);
                 x = std::min(x, brace.box.left);
                 draft.inks.push_back(std::move(brace));
             } else if (joining.symbol != GroupSymbol::None) {
@@ -363,11 +365,17 @@ void SystemBuilder::addNames(SystemDraft &draft, double x) const
             const double middle = (draft.rows[i].y + draft.rows[end - 1].y
                                    + draft.rows[end - 1].row->height())
                 / 2;
-            Ink ink = _pen.text(
-                MarkKind::TrackName, TextRole::TrackName, name, x,
-                middle + _pen.fonts().capHeight(TextRole::TrackName) / 2, Pen::Align::End);
-            ink.place.track = static_cast<std::int16_t>(draft.rows[i].row->track);
-            draft.inks.push_back(std::move(ink));
+            const auto lines = linesOf(name);
+            const double cap = _pen.fonts().capHeight(TextRole::TrackName);
+            const double lead = cap * 1.9;
+            double y = middle + cap / 2 - lead * static_cast<double>(lines.size() - 1) / 2;
+            for (const std::string &line : lines) {
+                Ink ink = _pen.text(MarkKind::TrackName, TextRole::TrackName, line, x, y,
+                                    Pen::Align::End);
+                ink.place.track = static_cast<std::int16_t>(draft.rows[i].row->track);
+                draft.inks.push_back(std::move(ink));
+                y += lead;
+            }
         }
         i = end;
     }

@@ -18,7 +18,8 @@ struct PlacedChord {
     unsigned bar = 0; ///< index in the score
     double x = 0;     ///< of its origin
     double stemTip = 0;
-    unsigned beamCount = 0; ///< beams at the stem's tip that are drawn
+    double signTop = 1e9; ///< of articulations
+    double signBottom = -1e9;
 
     double headCentre() const noexcept { return x + chord->width / 2; }
     double stemX() const noexcept { return x + chord->stemX; }
@@ -28,13 +29,15 @@ struct PlacedChord {
     /// The outermost ink of heads and stem.
     double top() const noexcept
     {
-        const double heads = chord->isRest() ? 0 : chord->top() - 0.5 * chord->scale;
+        const double heads =
+            chord->isRest() ? 0 : std::min(chord->top() - 0.5 * chord->scale, signTop);
         return chord->hasStem && chord->isStemUp && !chord->isRest() ? std::min(heads, stemTip)
                                                                      : heads;
     }
     double bottom() const noexcept
     {
-        const double heads = chord->isRest() ? 0 : chord->bottom() + 0.5 * chord->scale;
+        const double heads =
+            chord->isRest() ? 0 : std::max(chord->bottom() + 0.5 * chord->scale, signBottom);
         return chord->hasStem && !chord->isStemUp && !chord->isRest() ? std::max(heads, stemTip)
                                                                       : heads;
     }

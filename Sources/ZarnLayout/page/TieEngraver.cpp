@@ -33,7 +33,7 @@ public:
             for (const Head &head : chord.chord->heads) {
                 const NoteSource &note = chord.note(head);
                 if (note.marks.isTieOrigin())
-                    addFrom(chord, head, isLast ? nullptr : &chords[i + 1],
+                    addFrom(chord, head, isLast ? nullptr : nextMain(i),
                             isLast && chord.shownBar + 1 == _draft.end);
                 if (note.marks.isTied() && !endsHere(chord, note, isFirst ? nullptr
                                                                           : &chords[i - 1]))
@@ -43,6 +43,17 @@ public:
     }
 
 private:
+    /// Grace notes in between are no end of a tie.
+    const PlacedChord *nextMain(std::size_t number) const
+    {
+        for (std::size_t i = number + 1; i < _row.chords.size()
+             && _row.chords[i].chord->voice == _row.chords[number].chord->voice;
+             ++i)
+            if (!_row.chords[i].beat().isGrace() || _row.chords[number].beat().isGrace())
+                return &_row.chords[i];
+        return nullptr;
+    }
+
     static bool endsHere(const PlacedChord &chord, const NoteSource &note,
                          const PlacedChord *before)
     {
@@ -71,14 +82,10 @@ private:
     {
         const auto &heads = chord.chord->heads;
         const bool isUp = chord.chord->isStemUp;
-        if (chord.chord->isForced || heads.size() == 1)
-            return chord.chord->isForced && heads.size() > 1
-                ? (&head == &heads.back() && isUp          ? 1
-                       : &head == &heads.front() && !isUp  ? -1
-                       : isUp ? (&head == &heads.front() ? -1 : 1)
-                              : (&head == &heads.back() ? 1 : -1))
-                : chord.chord->isForced ? (isUp ? 1 : -1)
-                                        : (isUp ? -1 : 1);
+        if (chord.chord->hasRival)
+            return isUp ? 1 : -1;
+        if (heads.size() == 1)
+            return isUp ? -1 : 1;
         const auto index = static_cast<std::size_t>(&head - heads.data());
         return index >= (heads.size() + 1) / 2 ? 1 : -1;
     }
@@ -98,6 +105,10 @@ private:
         for (std::uint32_t i = chord.chord->firstInk; i < chord.chord->inkEnd && isStart; ++i)
             if (const Ink &ink = inkOf(chord, i); ink.kind == MarkKind::AugmentationDot)
                 outer = std::max(outer, chord.x + ink.box.right);
+        // A flag comes down beside the stem.
+        if (isStart && meetsStem && !chord.chord->isBeamed && chord.beat().flagCount() > 0
+            && isOuter)
+            outer = std::max(outer, chord.stemX() + 1.1 * chord.chord->scale);
         return {isStart ? outer + 0.15 : outer - 0.15, head.y - side * 0.3};
     }
 

@@ -18,20 +18,27 @@ constexpr int symbolLine = 4;
 
 std::vector<Sign> signsOf(AttackDynamic attack)
 {
-    std::vector<Sign> signs;
-    const auto letters = [&](const char *text) {
-        for (; *text != '\0'; ++text)
-            signs.push_back(*text == 'p'       ? Sign::DynamicPiano
-                                : *text == 'm' ? Sign::DynamicMezzo
-                                : *text == 'f' ? Sign::DynamicForte
-                                : *text == 'r' ? Sign::DynamicRinforzando
-                                : *text == 's' ? Sign::DynamicSforzando
-                                               : Sign::DynamicZ);
-    };
-    constexpr std::array<const char *, 11> texts = {"",   "sf", "sfz", "sffz", "fz", "rf",
-                                                    "rfz", "fp", "sfp", "sfpp", "pf"};
-    letters(texts[static_cast<std::size_t>(attack)]);
-    return signs;
+    if (attack == AttackDynamic::None)
+        return {};
+    if (attack == AttackDynamic::Pf)
+        return {Sign::DynamicPiano, Sign::DynamicForte};
+    // The signs follow one another as the enumerators do.
+    return {Sign::DynamicSforzando1
+            + (static_cast<int>(attack) - static_cast<int>(AttackDynamic::Sf))};
+}
+
+std::vector<Sign> signsOf(NoteDynamic dynamic)
+{
+    switch (dynamic.value()) {
+    case NoteDynamic::Value::None: return {};
+    case NoteDynamic::Value::PPPPPPP: return {Sign::DynamicPPPPPP, Sign::DynamicPiano};
+    case NoteDynamic::Value::FFFFFFF: return {Sign::DynamicFFFFFF, Sign::DynamicForte};
+    default:
+        // The signs follow one another as the levels do.
+        return {Sign::DynamicPPPPPP
+                + (static_cast<int>(dynamic.value())
+                   - static_cast<int>(NoteDynamic::Value::PPPPPP))};
+    }
 }
 
 /// A hairpin between two places; a mouth that is not closed goes on in another system.
@@ -127,20 +134,6 @@ Inks diagramInks(const Pen &pen, const ChordDiagram &diagram, double centre)
 }
 
 } // namespace
-
-std::vector<Sign> signsOf(NoteDynamic dynamic)
-{
-    const int value = static_cast<int>(dynamic.value());
-    constexpr int piano = static_cast<int>(NoteDynamic::Value::P);
-    constexpr int forte = static_cast<int>(NoteDynamic::Value::F);
-    if (value == 0)
-        return {};
-    if (value <= piano)
-        return std::vector<Sign>(static_cast<std::size_t>(piano - value + 1), Sign::DynamicPiano);
-    if (value >= forte)
-        return std::vector<Sign>(static_cast<std::size_t>(value - forte + 1), Sign::DynamicForte);
-    return {Sign::DynamicMezzo, value == piano + 1 ? Sign::DynamicPiano : Sign::DynamicForte};
-}
 
 void addDynamics(RowDraft &row, const SystemDraft &draft)
 {

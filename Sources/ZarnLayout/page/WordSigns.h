@@ -14,7 +14,4 @@ void addLyrics(RowDraft &row, const SystemDraft &draft);
 /// Chord symbols and diagrams on one line above a staff.
 void addChordSymbols(RowDraft &row, const SystemDraft &draft);
 
-/// The signs of a dynamic; none for none.
-std::vector<Sign> signsOf(NoteDynamic dynamic);
-
 } // namespace zarn::engraving

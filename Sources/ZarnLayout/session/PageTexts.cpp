@@ -15,21 +15,6 @@ constexpr double titleLead = 1.25;  ///< distance of base lines, by height of th
 constexpr double gapBelowTitle = 3;
 constexpr double gapBelowHeader = 2;
 
-std::vector<std::string> linesOf(const std::string &text)
-{
-    std::vector<std::string> lines;
-    std::string line;
-    for (const char letter : text)
-        if (letter == '\n') {
-            lines.push_back(std::move(line));
-            line.clear();
-        } else if (letter != '\r') {
-            line += letter;
-        }
-    lines.push_back(std::move(line));
-    return lines;
-}
-
 } // namespace
 
 PageTexts::PageTexts(const ScoreModel &model, const Pen &pen, double width)

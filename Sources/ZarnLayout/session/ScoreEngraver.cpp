@@ -25,7 +25,7 @@ void addClefChanges(EngravedBar &bar, const Row &row, const BarSource &source,
     for (const ClefChange &change : source.clefChanges) {
         const auto column = static_cast<unsigned>(
             std::lower_bound(onsets.begin(), onsets.end(), change.position) - onsets.begin());
-        Inks inks = signs.clef(row, change.clef, Ottavia::None, changedClef);
+        Inks inks = signs.clef(row, change.clef, source.ottavia, changedClef);
         Ink &ink = inks.front();
         ink.place.track = static_cast<std::int16_t>(row.track);
         ink.place.staff = static_cast<std::int8_t>(row.staff);

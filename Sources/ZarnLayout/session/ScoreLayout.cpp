@@ -120,7 +120,9 @@ private:
         const double firstWidth = _sheet.width - builder.indent(true) - 0.2;
         const double width = _sheet.width - builder.indent(false) - 0.2;
         const auto [list, usual] = systemsOfDocument();
-        if (_options.breaks == SystemBreaks::ByThemselves || (list.empty() && usual == 0))
+        const bool hasOwn = list.empty()
+            && (usual == 0 || _options.breaks != SystemBreaks::AsDocument);
+        if (_options.breaks == SystemBreaks::ByThemselves || hasOwn)
             return breakLines(bars, firstWidth, width);
         return fixedLines(bars, list, usual, firstWidth, width);
     }

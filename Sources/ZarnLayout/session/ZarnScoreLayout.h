@@ -24,6 +24,9 @@ enum class SystemBreaks {
     /// As the document says: so many bars per system, in its lists for the full score or, when one
     /// track is shown, in the track's; by themselves where it says 0.
     AsDocument,
+    /// As the lists of the document say, where it has any: the number of bars that holds without a
+    /// list is no wish of anybody.
+    AsListed,
     /// Wherever the music breaks best.
     ByThemselves,
 };
@@ -44,7 +47,7 @@ struct LayoutOptions {
 
     /// Runs of empty bars become one sign with their number.
     bool multiRest = false;
-    SystemBreaks breaks = SystemBreaks::AsDocument;
+    SystemBreaks breaks = SystemBreaks::AsListed;
 
     /// In place of the page setup of the document.
     std::optional<PageSetup> page;

@@ -94,6 +94,7 @@ struct BarSource {
     ClefType clefBefore = ClefType::None; ///< that held up to here; none at the start
     std::vector<ClefChange> clefChanges;
     Ottavia ottavia = Ottavia::None;
+    Ottavia ottaviaBefore = Ottavia::None;
     SimileMark simile = SimileMark::None;
     int key = 0;       ///< as written, flats below 0
     int keyBefore = 0; ///< of the bar in front

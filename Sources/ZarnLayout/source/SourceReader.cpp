@@ -146,8 +146,10 @@ BarSource readBar(const ScoreModel &model, const Track &track, const Staff &staf
     source.layoutRatio = bar.layoutRatio();
     source.key = keyOf(track, master);
     source.keyBefore = index > 0 ? keyOf(track, *masterBars[index - 1]) : 0;
-    if (index > 0)
+    if (index > 0) {
         source.clefBefore = clefAtEnd(*staff.bars()[index - 1]);
+        source.ottaviaBefore = staff.bars()[index - 1]->ottavia();
+    }
     BarReader reader(track, bar, source);
     for (const auto &voice : bar.voices())
         if (voice && !voice->isEmpty())
