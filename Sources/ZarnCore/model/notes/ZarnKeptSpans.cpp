@@ -152,7 +152,7 @@ bool KeptSpans::endAtNextBeat(const Track &track, const SpanLine &line, const Be
     keepValue(track, line, place, *next);
     SpanMark end;
     end.place = place;
-    end.beat = next.get();
+    end.beat = next;
     SpanMark meaning = end;
     meaning.needsOpen = true;
     rewrite(line, end, meaning);
