@@ -8,6 +8,7 @@
 #include <ZarnCore/instruments/sounds/ZarnInstrument.h>
 #include <ZarnCore/instruments/sounds/ZarnSound.h>
 #include <ZarnCore/instruments/tunings/ZarnGuitarTuning.h>
+#include <ZarnCore/model/lyrics/ZarnLyricText.h>
 #include <ZarnCore/music/ZarnInterval.h>
 #include <ZarnCore/music/ZarnPitchClass.h>
 #include <ZarnCore/utils/rational.h>
@@ -39,6 +40,14 @@ template <auto FromString, auto ToString>
 void readWord(const std::string &text)
 {
     isAccepted([&] { ToString(FromString(text)); });
+}
+
+/// Words as a singer types them: any text is one. Where a word breaks off the syllables beside it
+/// decide, so that what is written may say less; it says the same from then on.
+void readLyrics(const std::string &text)
+{
+    const std::string written = lyricsToText(lyricsFromText(text));
+    expectEqual(written, lyricsToText(lyricsFromText(written)), "writing lyrics is stable");
 }
 
 void readAutomation(const std::string &text, Automation::Type type)
@@ -83,6 +92,7 @@ void fuzz::check(std::string_view input)
     readAutomation(text, Automation::Sound);
     readAutomation(text, Automation::DSPParam_00);
     readNames(text);
+    readLyrics(text);
     readWord<InstrumentSet::typeFromString, InstrumentSet::typeToString>(text);
     readWord<Instrument::typeFromString, Instrument::typeToString>(text);
     readWord<Automation::typeFromString, Automation::typeToString>(text);
