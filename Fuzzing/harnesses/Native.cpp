@@ -19,11 +19,15 @@ std::shared_ptr<zarn::ScoreModel> readSoundly(std::string_view input)
 {
     zarn::io::ImportReport report;
     const auto model = fuzz::readDocument(zarn::io::NativeImporter(), "score.zarn", input, report);
-    // A document may break rules of the tree without being unreadable, but each of them is told.
-    if (model != nullptr)
-        for (const std::string &problem : zarn::checkModel(*model))
-            if (!report.hasProblem(problem))
-                fuzz::breakLaw("broken rules of the tree are reported", problem);
+    if (model == nullptr)
+        return model;
+    // A document may break rules of the tree without being unreadable, but each of them is told;
+    // of notes on strings that are not there, once for their staff.
+    for (const std::string &problem : zarn::checkModel(*model)) {
+        const bool isOfString = problem.find("note on a string") != std::string::npos;
+        if (!report.hasProblem(isOfString ? "a note stands on string index" : problem))
+            fuzz::breakLaw("broken rules of the tree are reported", problem);
+    }
     return model;
 }
 
