@@ -168,7 +168,7 @@ TEST_F(New, whatIsWrongIsNamedAndNothingIsWritten)
         EXPECT_FALSE(QFile::exists(path)) << reason;
     }
     const ToolRun unknown = runTool({QStringLiteral("new"), QStringLiteral("-t"),
-                                     QStringLiteral("piano"), folder.file("new.mid")});
+                                     QStringLiteral("piano"), folder.file("new.doc")});
     EXPECT_EQ(unknown.code, 1);
     EXPECT_TRUE(contains(unknown.err, ".zarn")) << unknown.err;
 }

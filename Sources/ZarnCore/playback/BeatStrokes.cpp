@@ -2,6 +2,7 @@
 #include <ZarnCore/playback/BeatStrokes.h>
 
 #include <ZarnCore/playback/DynamicsCurve.h>
+#include <ZarnCore/playback/PlayingTime.h>
 
 #include <algorithm>
 #include <numeric>
@@ -49,16 +50,16 @@ std::vector<Stroke> rasgueado(RasgueadoType type, const utils::rational &length)
     const bool hasLongFirst = end != std::string::npos && name.substr(end) == "_2";
     const auto count = static_cast<std::int64_t>(fingers.size());
     const utils::rational first =
-        hasLongFirst && count > 1 ? length / 2 : length / std::max<std::int64_t>(count, 1);
+        hasLongFirst && count > 1 ? length / 2 : bounded(length / std::max<std::int64_t>(count, 1));
     std::vector<Stroke> strokes;
     utils::rational offset;
     for (std::size_t i = 0; i < fingers.size(); ++i) {
         Stroke stroke;
         stroke.offset = offset;
-        stroke.length = i == 0 ? first : (length - first) / (count - 1);
+        stroke.length = i == 0 ? first : bounded((length - first) / (count - 1));
         stroke.strum.direction = directionOf(fingers, i);
         stroke.strum.length = Strum::BrushLength;
-        offset += stroke.length;
+        advance(offset, stroke.length);
         strokes.push_back(stroke);
     }
     return strokes;
@@ -111,7 +112,7 @@ std::vector<Stroke> strokesOfPair(const Beat &first, TremoloSide side,
     const utils::rational length = firstLength + secondLength;
     const utils::rational each = tremoloStroke(first.tremoloToNext() + flags);
     const auto count = std::max<std::int64_t>((length / each).floor(), 2);
-    const utils::rational share = length / count;
+    const utils::rational share = bounded(length / count);
     std::vector<Stroke> strokes;
     for (std::int64_t i = side == TremoloSide::First ? 0 : 1; i < count; i += 2) {
         Stroke stroke;

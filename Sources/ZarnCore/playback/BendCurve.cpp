@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/playback/BendCurve.h>
 
+#include <ZarnCore/playback/PlayingTime.h>
+
 #include <algorithm>
 #include <cmath>
 
@@ -80,7 +82,7 @@ void BendCurve::addCurve(const PitchCurve &curve, const rational &from, const ra
         part.points.push_back({from, 0});
     for (const CurvePoint &point : curve.points())
         part.points.push_back(
-            {from + (to - from) * point.position / static_cast<int>(PitchCurve::End),
+            {bounded(from + (to - from) * point.position / static_cast<int>(PitchCurve::End)),
              point.value / quarterTonesPerSemitone});
     if (to < _end && part.points.back().semitones != 0)
         part.points.push_back({to, 0});
@@ -92,12 +94,12 @@ void BendCurve::addVibrato(Vibrato vibrato, const rational &from, const rational
     if (vibrato == Vibrato::None)
         return;
     const double width = vibrato == Vibrato::Wide ? wideVibrato : slightVibrato;
-    const rational start = from + (to - from) / 10;
+    const rational start = bounded(from + (to - from) / 10);
     PitchMotion part;
     part.points.push_back({start, 0});
     rational time = start;
     for (int i = 1; time < to; ++i) {
-        time += quartersOf(1 / vibratoHertz / vibratoPointsPerCycle, time);
+        advance(time, quartersOf(1 / vibratoHertz / vibratoPointsPerCycle, time));
         if (time < to)
             part.points.push_back({time, width * std::sin(2 * pi * i / vibratoPointsPerCycle)});
     }
@@ -119,13 +121,13 @@ void BendCurve::addSlideOut(SlideOut slide, const rational &from, const rational
     const double semitones = semitonesOf(slide);
     if (semitones == 0)
         return;
-    const rational start = isScrape(slide) ? from : to - (to - from) / 3;
+    const rational start = isScrape(slide) ? from : bounded(to - (to - from) / 3);
     addPart({{{start, 0}, {to, semitones}}});
 }
 
 void BendCurve::addSlideTo(int semitones, const rational &from, const rational &to)
 {
-    addPart({{{to - (to - from) / 3, 0}, {to, static_cast<double>(semitones)}}});
+    addPart({{{bounded(to - (to - from) / 3), 0}, {to, static_cast<double>(semitones)}}});
 }
 
 PitchMotion BendCurve::motion() const

@@ -55,9 +55,10 @@ void ChannelPlan::assign(std::vector<PlannedNote> &notes, const std::vector<Pitc
     for (unsigned track = 0; track < _model.trackCount(); ++track)
         isSplit[track] =
             _channels == Channels::OnePerString || _model.tracks()[track]->hasOneChannelPerString();
-    for (const PlannedNote &note : notes)
-        if (note.motion != PlannedNote::NoMotion)
-            isSplit[note.track] = true;
+    if (!motions.empty())
+        for (const PlannedNote &note : notes)
+            if (note.motion != PlannedNote::NoMotion)
+                isSplit[note.track] = true;
     std::vector<std::vector<std::uint32_t>> orders(_model.trackCount());
     for (std::uint32_t i = 0; i < notes.size(); ++i) {
         PlannedNote &note = notes[i];
@@ -71,7 +72,8 @@ void ChannelPlan::assign(std::vector<PlannedNote> &notes, const std::vector<Pitc
     }
     for (unsigned track = 0; track < orders.size(); ++track)
         assignTrack(track, notes, orders[track]);
-    findRanges(notes, motions);
+    if (!motions.empty())
+        findRanges(notes, motions);
     findChannels();
 }
 

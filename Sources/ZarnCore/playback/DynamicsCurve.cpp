@@ -1,8 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/playback/DynamicsCurve.h>
 
+#include <ZarnCore/playback/PlayingTime.h>
+
 #include <algorithm>
 #include <array>
+#include <map>
+#include <tuple>
+#include <utility>
 
 namespace zarn::playback {
 
@@ -37,6 +42,7 @@ struct Mark {
     NoteDynamic level;
     Hairpin hairpin = Hairpin::NoHairpin; ///< crescendo or decrescendo
     utils::rational end;                  ///< of the hairpin
+    bool isParted = false;                ///< from a hairpin that ends where it begins
 };
 
 } // namespace
@@ -57,6 +63,7 @@ public:
         std::stable_sort(_marks.begin(), _marks.end(), [](const Mark &left, const Mark &right) {
             return left.time < right.time;
         });
+        joinHairpins();
     }
 
     DynamicsCurve curveOf(unsigned voice) const
@@ -101,10 +108,10 @@ private:
             utils::rational offset;
             for (const auto &beat : voice->beats()) {
                 if (!beat->isCommon() || beat->dynamic() != Value::None)
-                    readBeat(*beat, bars.writtenStart(index) + offset, open);
+                    readBeat(*beat, bounded(bars.writtenStart(index) + offset), open);
                 else
                     close(open);
-                offset += beat->length();
+                advance(offset, beat->length());
             }
         }
         close(open);
@@ -129,8 +136,33 @@ private:
         if (open.hairpin == Hairpin::NoHairpin) {
             open.hairpin = beat.hairpin();
             open.time = time;
+            open.isParted = beat.beginsHairpin();
         }
-        open.end = time + beat.length();
+        open.end = time;
+        advance(open.end, beat.length());
+    }
+
+    /// A hairpin goes on in another voice of its staff where its own has no beats.
+    void joinHairpins()
+    {
+        std::map<std::tuple<utils::rational, unsigned, Hairpin>, std::size_t> ends;
+        Marks joined;
+        for (const Mark &mark : _marks) {
+            const unsigned staff = mark.voice / Bar::MaxVoices;
+            if (mark.hairpin == Hairpin::NoHairpin) {
+                joined.push_back(mark);
+                continue;
+            }
+            const auto before = ends.find({mark.time, staff, mark.hairpin});
+            const bool goesOn = before != ends.end() && !mark.isParted;
+            const std::size_t index = goesOn ? before->second : joined.size();
+            if (goesOn)
+                joined[index].end = mark.end;
+            else
+                joined.push_back(mark);
+            ends[{mark.end, staff, mark.hairpin}] = index;
+        }
+        _marks = std::move(joined);
     }
 
     void close(Mark &open)
@@ -198,11 +230,16 @@ std::vector<DynamicsCurve> DynamicsCurve::ofTrack(const Track &track, const Play
     return curves;
 }
 
+std::vector<DynamicsCurve> DynamicsCurve::ofPlainTrack(const Track &track)
+{
+    return std::vector<DynamicsCurve>(track.staffCount() * Bar::MaxVoices);
+}
+
 double DynamicsCurve::velocityAt(const utils::rational &bar, const utils::rational &offset) const
 {
     if (_points.empty())
         return velocityOf(Value::None);
-    const utils::rational written = bar + offset;
+    const utils::rational written = bounded(bar + offset);
     const auto behind =
         std::upper_bound(_points.begin(), _points.end(), written,
                          [](const auto &time, const Point &point) { return time < point.time; });

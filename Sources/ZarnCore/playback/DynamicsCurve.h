@@ -26,6 +26,9 @@ public:
     /// One for each staff and voice slot of a track, staff by staff.
     static std::vector<DynamicsCurve> ofTrack(const Track &track, const PlayedBars &bars);
 
+    /// The same for a track without any dynamic.
+    static std::vector<DynamicsCurve> ofPlainTrack(const Track &track);
+
     /// Velocity 1 to 127, unrounded for those who add to it, at an offset from the start of a bar.
     double velocityAt(const utils::rational &bar, const utils::rational &offset) const;
 

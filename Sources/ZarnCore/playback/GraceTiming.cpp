@@ -13,7 +13,7 @@ const utils::rational half(1, 2);
 
 utils::rational drawnLength(const PlayedBeat &grace)
 {
-    return grace.beat->rhythmValue().getLength();
+    return bounded(grace.beat->rhythmValue().getLength());
 }
 
 utils::rational lengthBeforeBeat(const PlayedBeat &grace)
@@ -26,8 +26,8 @@ void layOut(Iterator first, Iterator last, utils::rational time, const utils::ra
 {
     for (; first != last; ++first) {
         first->start = time;
-        first->length = first->length * share;
-        time += first->length;
+        first->length = bounded(first->length * share);
+        advance(time, first->length);
     }
 }
 
@@ -35,13 +35,13 @@ utils::rational sumOf(Iterator first, Iterator last)
 {
     utils::rational sum;
     for (; first != last; ++first)
-        sum += first->length;
+        advance(sum, first->length);
     return sum;
 }
 
 utils::rational shareOf(const utils::rational &wanted, const utils::rational &most)
 {
-    return wanted > most ? most / wanted : utils::rational(1);
+    return wanted > most ? bounded(most / wanted) : utils::rational(1);
 }
 
 void placeBeforeBeat(Iterator first, Iterator last, Iterator begin)
@@ -53,9 +53,9 @@ void placeBeforeBeat(Iterator first, Iterator last, Iterator begin)
     const bool takesFromBeat = first != begin && first->isJoined;
     const utils::rational share =
         takesFromBeat ? shareOf(wanted, (first - 1)->length * half) : utils::rational(1);
-    layOut(first, last, beat - wanted * share, share);
+    layOut(first, last, bounded(beat - wanted * share), share);
     if (takesFromBeat)
-        (first - 1)->length -= wanted * share;
+        (first - 1)->length = bounded((first - 1)->length - wanted * share);
 }
 
 void placeOnBeat(Iterator first, Iterator last, Iterator end)
@@ -68,8 +68,8 @@ void placeOnBeat(Iterator first, Iterator last, Iterator end)
         takesFromBeat ? shareOf(wanted, last->length * half) : utils::rational(1);
     layOut(first, last, first->start, share);
     if (takesFromBeat) {
-        last->start += wanted * share;
-        last->length -= wanted * share;
+        advance(last->start, wanted * share);
+        last->length = bounded(last->length - wanted * share);
     }
 }
 

@@ -2,6 +2,7 @@
 #include <ZarnCore/playback/HeldTimes.h>
 
 #include <ZarnCore/playback/NoteLength.h>
+#include <ZarnCore/playback/PlayingTime.h>
 
 #include <algorithm>
 #include <optional>
@@ -34,7 +35,8 @@ void forEachBeat(const ScoreModel &model, unsigned bar, const Use &use)
                     continue;
                 rational offset;
                 for (const auto &beat : voice->beats()) {
-                    const rational end = offset + beat->length();
+                    rational end = offset;
+                    advance(end, beat->length());
                     if (!beat->isGrace())
                         use(*beat, offset, end);
                     offset = end;
@@ -67,7 +69,7 @@ std::vector<HeldPart> heldParts(const ScoreModel &model, unsigned bar, const rat
     std::vector<HeldPart> parts;
     for (const FermataMark &mark : model.masterTrack()->masterBars()[bar]->fermatas()) {
         const double stretch = mark.stretch / 100.0;
-        const rational position = std::min(mark.position, length);
+        const rational position = std::min(bounded(mark.position), length);
         if (const auto end = endUnder(model, bar, position)) {
             parts.push_back({position, *end, 1 + stretch});
         } else if (position.sign() > 0) {
@@ -78,7 +80,7 @@ std::vector<HeldPart> heldParts(const ScoreModel &model, unsigned bar, const rat
     if (hasCaesura)
         forEachBeat(model, bar, [&](const Beat &beat, const rational &start, const rational &end) {
             if (beat.breath() == BreathSign::Caesura && end > start)
-                parts.push_back({end - silenceOfBreath(end - start), end, caesuraFactor});
+                parts.push_back({bounded(end - silenceOfBreath(end - start)), end, caesuraFactor});
         });
     std::stable_sort(parts.begin(), parts.end(), [](const HeldPart &left, const HeldPart &right) {
         return left.start < right.start;
@@ -86,25 +88,11 @@ std::vector<HeldPart> heldParts(const ScoreModel &model, unsigned bar, const rat
     return parts;
 }
 
-std::vector<bool> barsWithCaesura(const ScoreModel &model)
-{
-    std::vector<bool> bars(model.masterTrack()->masterBarCount());
-    for (const auto &track : model.tracks())
-        for (const auto &staff : track->staves())
-            for (unsigned i = 0; i < std::min<std::size_t>(bars.size(), staff->barCount()); ++i)
-                for (const auto &voice : staff->bars()[i]->voices())
-                    if (voice)
-                        for (const auto &beat : voice->beats())
-                            if (beat->breath() == BreathSign::Caesura)
-                                bars[i] = true;
-    return bars;
-}
-
 } // namespace
 
-std::vector<HeldTime> heldTimes(const ScoreModel &model, const PlayedBars &bars)
+std::vector<HeldTime> heldTimes(const ScoreModel &model, const PlayedBars &bars,
+                                const std::vector<bool> &hasCaesura)
 {
-    const auto hasCaesura = barsWithCaesura(model);
     std::vector<HeldTime> held;
     for (const PlayedBar &played : bars.bars()) {
         const MasterBar &master = *model.masterTrack()->masterBars()[played.bar];
@@ -112,7 +100,8 @@ std::vector<HeldTime> heldTimes(const ScoreModel &model, const PlayedBars &bars)
             continue;
         for (const HeldPart &part :
              heldParts(model, played.bar, played.length, hasCaesura[played.bar])) {
-            HeldTime time{played.start + part.start, played.start + part.end, part.factor};
+            HeldTime time{bounded(played.start + part.start), bounded(played.start + part.end),
+                          part.factor};
             if (!held.empty())
                 time.start = std::max(time.start, held.back().end);
             if (time.start < time.end)

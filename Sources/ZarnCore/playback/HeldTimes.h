@@ -20,6 +20,7 @@ struct HeldTime {
 /// A fermata holds the shortest of the beats that begin under it, or else that sound there, by its
 /// stretch. One at the end of a bar is a pause: the last 16th in front of it lasts longer by the
 /// stretch of a quarter. At a caesura the silence behind the beat lasts three times as long.
-std::vector<HeldTime> heldTimes(const ScoreModel &model, const PlayedBars &bars);
+std::vector<HeldTime> heldTimes(const ScoreModel &model, const PlayedBars &bars,
+                                const std::vector<bool> &barsWithCaesura);
 
 } // namespace zarn::playback

@@ -42,6 +42,8 @@ public:
 
     NoteChains build()
     {
+        _result.pieces.reserve(_beats.size());
+        _result.chains.reserve(_beats.size());
         for (std::uint32_t i = 0; i < _beats.size(); ++i)
             readBeat(i);
         letGo(_held);
@@ -49,7 +51,7 @@ public:
     }
 
 private:
-    /// The last piece of a chain that leads on.
+    /// A chain that ends with a note of the beat before.
     struct Held {
         std::uint32_t chain;
         bool isFound = false;
@@ -115,12 +117,21 @@ private:
         const Note &note = *_result.pieces[place].note;
         for (Held &held : _held) {
             const NotePiece &last = _result.pieces[_result.chains[held.chain].last];
-            if (held.isFound || !last.note->isTieOrigin() || !sameLocation(*last.note, note))
+            if (held.isFound || !sameLocation(*last.note, note)
+                || !(last.note->isTieOrigin() || isWrittenBehind(last, place)))
                 continue;
             append(held, place, last.shift);
             return true;
         }
         return false;
+    }
+
+    /// A tie that ends says enough where no jump leads to it.
+    bool isWrittenBehind(const NotePiece &last, std::uint32_t place) const
+    {
+        const std::uint32_t bar = _beats[last.beat].bar;
+        const std::uint32_t here = _beats[_result.pieces[place].beat].bar;
+        return here == bar || here == bar + 1;
     }
 
     void append(Held &held, std::uint32_t place, int shift)
@@ -137,8 +148,7 @@ private:
     void holdOn(std::uint32_t chain, std::uint32_t place)
     {
         const Note &note = *_result.pieces[place].note;
-        if (note.isTieOrigin())
-            _next.push_back({chain});
+        _next.push_back({chain});
         if (note.isHopo() || isSlideToTarget(note))
             _leading.push_back({place, chain, false});
     }
@@ -193,7 +203,11 @@ private:
         _leading.erase(kept, end);
     }
 
-    void letGo(const Held &held) { _result.chains[held.chain].isLooseAtEnd = true; }
+    void letGo(const Held &held)
+    {
+        NoteChain &chain = _result.chains[held.chain];
+        chain.isLooseAtEnd = _result.pieces[chain.last].note->isTieOrigin();
+    }
     void letGo(std::vector<Held> &held)
     {
         for (const Held &each : held)

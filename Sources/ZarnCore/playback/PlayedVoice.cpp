@@ -3,6 +3,8 @@
 
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/form/Swing.h>
+#include <ZarnCore/playback/PlayingTime.h>
+#include <ZarnCore/playback/ScoreSurvey.h>
 
 #include <numeric>
 
@@ -18,8 +20,10 @@ public:
     void read(const Voice &voice)
     {
         _written.assign(1, utils::rational());
-        for (const auto &beat : voice.beats())
-            _written.push_back(_written.back() + beat->length());
+        for (const auto &beat : voice.beats()) {
+            _written.push_back(_written.back());
+            advance(_written.back(), beat->length());
+        }
     }
 
     utils::rational at(std::size_t joint) const
@@ -64,19 +68,29 @@ public:
         for (const auto &beat : voice->beats()) {
             next.beat = beat.get();
             if (feel == TripletFeel::NoTripletFeel) {
-                next.length = beat->length();
+                next.length = bounded(lengthOf(*beat));
             } else {
-                next.start = played.start + offsets.at(next.index);
+                next.start = bounded(played.start + offsets.at(next.index));
                 next.length = beat->isGrace()
                     ? utils::rational()
-                    : played.start + offsets.at(next.index + 1) - next.start;
+                    : bounded(played.start + offsets.at(next.index + 1)) - next.start;
             }
             _beats.push_back(next);
-            next.start += next.length;
-            next.offset += beat->length();
+            advance(next.start, next.length);
+            advance(next.offset, lengthOf(*beat));
             next.isJoined = true;
             ++next.index;
         }
+    }
+
+    void reserve(const PlayedBars &bars, const std::vector<unsigned> &sources)
+    {
+        std::size_t count = 0;
+        for (const PlayedBar &played : bars.bars())
+            if (played.bar < sources.size())
+                if (const auto &voice = _staff.bars()[sources[played.bar]]->voices()[_slot])
+                    count += voice->beatCount();
+        _beats.reserve(count);
     }
 
     PlayedBeats take() { return std::move(_beats); }
@@ -107,6 +121,7 @@ PlayedBeats playVoice(const ScoreModel &model, const Staff &staff, unsigned slot
                       const PlayedBars &bars, const std::vector<unsigned> &sources)
 {
     VoicePlayer player(model, staff, slot);
+    player.reserve(bars, sources);
     std::uint32_t number = 0;
     for (const PlayedBar &played : bars.bars()) {
         if (played.bar < sources.size())

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <ZarnCore/model/ZarnStaff.h>
+#include <ZarnCore/playback/PlayingTime.h>
 #include <ZarnCore/playback/ZarnPlayedBars.h>
 
 #include <cstdint>
@@ -22,7 +23,7 @@ struct PlayedBeat {
     /// The voice goes on here without a gap: the beat before in the list leads to this one.
     bool isJoined = false;
 
-    utils::rational end() const { return start + length; }
+    utils::rational end() const { return bounded(start + length); }
 };
 
 using PlayedBeats = std::vector<PlayedBeat>;

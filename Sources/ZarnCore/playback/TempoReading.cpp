@@ -143,9 +143,11 @@ std::vector<TempoMap::Point> hold(const std::vector<TempoMap::Point> &points,
 
 } // namespace
 
-TempoMap readTempo(const ScoreModel &model, const PlayedBars &bars)
+TempoMap readTempo(const ScoreModel &model, const PlayedBars &bars,
+                   const std::vector<bool> &barsWithCaesura)
 {
-    return TempoMap(hold(TempoReader(model, bars).read(), heldTimes(model, bars), bars.length()));
+    return TempoMap(hold(TempoReader(model, bars).read(), heldTimes(model, bars, barsWithCaesura),
+                         bars.length()));
 }
 
 } // namespace zarn::playback

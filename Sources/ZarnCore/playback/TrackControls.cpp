@@ -3,6 +3,7 @@
 
 #include <ZarnCore/instruments/automations/ZarnChannelStrip.h>
 #include <ZarnCore/instruments/automations/ZarnSoundAutomation.h>
+#include <ZarnCore/playback/PlayingTime.h>
 #include <ZarnCore/playback/WrittenPosition.h>
 
 #include <algorithm>
@@ -46,12 +47,13 @@ class ControlReader {
 public:
     ControlReader(const Track &track, const PlayedBars &bars) : _track(track), _bars(bars) { }
 
-    std::vector<PlannedControl> read()
+    std::vector<PlannedControl> read(bool hasMarkedBeats)
     {
         addSounds();
         addStrip(ChannelStripParameter::Volume);
         addStrip(ChannelStripParameter::Pan);
-        addPedals();
+        if (hasMarkedBeats)
+            addPedals();
         std::stable_sort(_written.begin(), _written.end(),
                          [](const WrittenControl &left, const WrittenControl &right) {
                              return std::tie(left.bar, left.offset)
@@ -167,7 +169,7 @@ private:
         for (const auto &beat : voice.beats()) {
             if (!beat->isCommon())
                 addPedals(*beat, bar, offset);
-            offset += beat->length();
+            advance(offset, beat->length());
         }
     }
 
@@ -262,9 +264,10 @@ int controllerOfPan(float pan)
         static_cast<int>(std::lround(middlePan + middlePan * static_cast<double>(pan))));
 }
 
-std::vector<PlannedControl> controlsOf(const Track &track, const PlayedBars &bars)
+std::vector<PlannedControl> controlsOf(const Track &track, const PlayedBars &bars,
+                                       bool hasMarkedBeats)
 {
-    return ControlReader(track, bars).read();
+    return ControlReader(track, bars).read(hasMarkedBeats);
 }
 
 } // namespace zarn::playback

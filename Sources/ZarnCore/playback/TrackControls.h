@@ -17,7 +17,8 @@ namespace zarn::playback {
 /// 7 (127 times the square root of the gain), the panning controller 10. The sustain pedal is
 /// controller 64; where it changes it is lifted at the beat and down again a 64th later. The
 /// wah-wah pedal is brightness, controller 74: closed 20, open 110.
-std::vector<PlannedControl> controlsOf(const Track &track, const PlayedBars &bars);
+std::vector<PlannedControl> controlsOf(const Track &track, const PlayedBars &bars,
+                                       bool hasMarkedBeats);
 
 /// Of the volume and the panning as the mixer has them.
 int controllerOfVolume(float volume);

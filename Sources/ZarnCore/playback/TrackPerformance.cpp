@@ -66,11 +66,13 @@ bool hasVoice(const Staff &staff, unsigned slot)
 } // namespace
 
 TrackPerformance TrackPerformance::of(const ScoreModel &model, unsigned index,
-                                      const PlayedBars &bars, const TempoMap &tempo)
+                                      const PlayedBars &bars, const TempoMap &tempo,
+                                      const ScoreSurvey::OfTrack &survey)
 {
     TrackPerformance result;
     const Track &track = *model.tracks()[index];
-    const auto dynamics = DynamicsCurve::ofTrack(track, bars);
+    const auto dynamics = survey.hasDynamics ? DynamicsCurve::ofTrack(track, bars)
+                                             : DynamicsCurve::ofPlainTrack(track);
     std::vector<LooseEnd> starts;
     std::vector<LooseEnd> ends;
     std::vector<RingingNote> ringing;
@@ -87,7 +89,8 @@ TrackPerformance TrackPerformance::of(const ScoreModel &model, unsigned index,
                                    slot,
                                    bars,
                                    tempo,
-                                   dynamics[staff->index() * Bar::MaxVoices + slot]};
+                                   dynamics[staff->index() * Bar::MaxVoices + slot],
+                                   survey.hasMarkedBeats};
             VoicePerformance(place, beats, result, ringing, starts, ends).play();
         }
     }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/playback/ScoreSurvey.h>
 #include <ZarnCore/playback/ZarnPitchMotion.h>
 #include <ZarnCore/playback/ZarnPlannedNote.h>
 #include <ZarnCore/playback/ZarnPlayedBars.h>
@@ -26,7 +27,7 @@ struct TrackPerformance {
     std::vector<UnknownPercussion> unknown;
 
     static TrackPerformance of(const ScoreModel &model, unsigned track, const PlayedBars &bars,
-                               const TempoMap &tempo);
+                               const TempoMap &tempo, const ScoreSurvey::OfTrack &survey);
 };
 
 } // namespace zarn::playback

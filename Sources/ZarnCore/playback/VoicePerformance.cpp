@@ -16,8 +16,11 @@ namespace {
 
 constexpr unsigned barsOfRinging = 4;
 
-/// The least that signs leave of an attack.
+/// What is left of an attack that comes later than its note may sound.
 const utils::rational shortestShare(1, 8);
+
+/// Quarters that a note sounds at least.
+const utils::rational shortestSound(1, 3840);
 
 bool movesPitch(const Beat &beat, const Note &note)
 {
@@ -41,9 +44,11 @@ VoicePerformance::VoicePerformance(const VoicePlace &place, const PlayedBeats &b
 void VoicePerformance::play()
 {
     _chains = NoteChains::of(_beats);
+    _result.notes.reserve(_result.notes.size() + _chains.chains.size());
     for (const NoteChain &chain : _chains.chains)
         playChain(chain);
-    BeatSounds(_place, _beats, _result).play();
+    if (_place.hasMarkedBeats || _hasMarkedNotes)
+        BeatSounds(_place, _beats, _result).play();
 }
 
 void VoicePerformance::playChain(const NoteChain &chain)
@@ -73,8 +78,8 @@ void VoicePerformance::playChain(const NoteChain &chain)
     const int high = keyOfHarmonic(*first.note, _place.staff, _place.track, note.key);
     const auto begin = _result.notes.size();
     for (const Attack &attack : _attacks) {
-        note.start = attack.start;
-        note.end = attack.end;
+        note.start = bounded(attack.start);
+        note.end = std::max(bounded(attack.end), note.start + shortestSound);
         note.velocity =
             static_cast<std::uint8_t>(std::clamp(velocity + attack.velocityChange, 1, 127));
         const bool hasFundamental =
@@ -86,7 +91,7 @@ void VoicePerformance::playChain(const NoteChain &chain)
             PlannedNote upper = note;
             upper.key = static_cast<std::uint8_t>(high);
             if (harmonic == HarmonicType::Feedback)
-                upper.start += (note.end - note.start) / 2;
+                upper.start = bounded(note.start + (note.end - note.start) / 2);
             _result.notes.push_back(upper);
         }
     }
@@ -165,6 +170,7 @@ void VoicePerformance::strikePiece(const NotePiece &piece, bool isFirst)
             hold(played.start, played.end(), 0);
         return;
     }
+    _hasMarkedNotes = true;
     const auto &strokes = strokesOfBeat(piece.beat);
     if (strokes.size() == 1) {
         strikeOnce(piece, strokes.front(),
@@ -181,20 +187,19 @@ void VoicePerformance::strikePiece(const NotePiece &piece, bool isFirst)
 void VoicePerformance::strikeOnce(const NotePiece &piece, const Stroke &stroke,
                                   const utils::rational &delay, bool isFirst)
 {
-    const utils::rational start = _beats[piece.beat].start + stroke.offset;
-    const auto notes = ornamentNotes(beatOf(piece), *piece.note, stroke.length);
+    const utils::rational end = _beats[piece.beat].start + stroke.offset + stroke.length;
+    const utils::rational start = end - stroke.length + delay;
+    const auto notes = ornamentNotes(beatOf(piece), *piece.note, end - start);
     if (notes.empty()) {
         if (isFirst)
-            _attacks.push_back({start + delay, start + stroke.length, 0, 0});
+            _attacks.push_back({start, end, 0, 0});
         else
-            hold(start, start + stroke.length, 0);
+            hold(start, end, 0);
         return;
     }
     for (const OrnamentNote &note : notes) {
         const utils::rational from = start + note.offset;
-        if (&note == &notes.front() && isFirst)
-            _attacks.push_back({from + delay, from + note.length, note.semitones, 0});
-        else if (&note == &notes.front())
+        if (&note == &notes.front() && !isFirst)
             hold(from, from + note.length, note.semitones);
         else
             _attacks.push_back({from, from + note.length, note.semitones, 0});
@@ -226,7 +231,8 @@ void VoicePerformance::endAttacks(const NoteChain &chain)
     while (_attacks.size() > 1 && _attacks.back().start >= end)
         _attacks.pop_back();
     Attack &attack = _attacks.back();
-    attack.end = std::max(end, attack.start + (attack.end - attack.start) * shortestShare);
+    attack.end =
+        end > attack.start ? end : attack.start + (attack.end - attack.start) * shortestShare;
 }
 
 // Loudness.

@@ -25,6 +25,7 @@ struct VoicePlace {
     const PlayedBars &bars;
     const TempoMap &tempo;
     const DynamicsCurve &dynamics;
+    bool hasMarkedBeats; ///< the track has some; without any, nobody looks for them
 };
 
 /// Plays the notes of one voice into the performance of its track.
@@ -71,6 +72,7 @@ private:
     std::vector<LooseEnd> &_looseEnds;
 
     NoteChains _chains;
+    bool _hasMarkedNotes = false;
     std::vector<Attack> _attacks;
 
     // What was worked out for the beat asked for last.

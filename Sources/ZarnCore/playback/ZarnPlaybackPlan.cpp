@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <map>
+#include <numeric>
 #include <tuple>
 
 namespace zarn::playback {
@@ -46,33 +47,38 @@ std::size_t occupied(const PlannedNote &note, const std::vector<Lane> &lanes)
 } // namespace
 
 PlaybackPlan::PlaybackPlan(const ScoreModel &model, const PlanOptions &options)
-    : _bars(model), _tempo(readTempo(model, _bars))
+    : PlaybackPlan(model, options, ScoreSurvey(model))
+{
+}
+
+PlaybackPlan::PlaybackPlan(const ScoreModel &model, const PlanOptions &options,
+                           const ScoreSurvey &survey)
+    : _bars(model, survey.barLengths), _tempo(readTempo(model, _bars, survey.barsWithCaesura))
 {
     const auto audible = audibleTracks(model, options);
-    std::vector<UnknownSound> unknown;
+    std::vector<TrackPerformance> performances;
     for (unsigned i = 0; i < model.trackCount(); ++i) {
         if (!audible[i])
             continue;
-        auto performed = TrackPerformance::of(model, i, _bars, _tempo);
+        performances.push_back(TrackPerformance::of(model, i, _bars, _tempo, survey.tracks[i]));
+        TrackPerformance &performed = performances.back();
         const auto firstMotion = static_cast<std::int32_t>(_motions.size());
         if (firstMotion != 0)
             for (PlannedNote &note : performed.notes)
                 if (note.motion != PlannedNote::NoMotion)
                     note.motion += firstMotion;
-        _notes.insert(_notes.end(), performed.notes.begin(), performed.notes.end());
         _motions.insert(_motions.end(), std::make_move_iterator(performed.motions.begin()),
                         std::make_move_iterator(performed.motions.end()));
-        const auto controls = controlsOf(*model.tracks()[i], _bars);
+        const auto controls =
+            controlsOf(*model.tracks()[i], _bars, survey.tracks[i].hasMarkedBeats);
         _controls.insert(_controls.end(), controls.begin(), controls.end());
         _controls.insert(_controls.end(), performed.controls.begin(), performed.controls.end());
         for (const UnknownPercussion &each : performed.unknown)
-            unknown.push_back({each.track, each.bar});
+            if (_unknown.empty() || _unknown.back().track != each.track
+                || _unknown.back().bar != each.bar)
+                _unknown.push_back({each.track, each.bar});
     }
-    for (const UnknownSound &each : unknown)
-        if (_unknown.empty() || _unknown.back().track != each.track
-            || _unknown.back().bar != each.bar)
-            _unknown.push_back(each);
-    sortNotes();
+    addNotes(performances);
     std::stable_sort(_controls.begin(), _controls.end(),
                      [](const PlannedControl &left, const PlannedControl &right) {
                          return left.time < right.time;
@@ -86,28 +92,47 @@ PlaybackPlan::PlaybackPlan(const ScoreModel &model, const PlanOptions &options)
     addSeconds();
 }
 
-/// By numbers of the times that are quicker to compare; two times that differ by less than their
-/// rounding keep the order of the tracks.
-void PlaybackPlan::sortNotes()
+/// Puts the notes of all tracks in order: bar by bar, and in each by numbers that are quicker to
+/// compare. Two times that differ by less than their rounding keep the order of the tracks.
+void PlaybackPlan::addNotes(const std::vector<TrackPerformance> &performances)
 {
     struct Key {
         double time;
+        std::uint32_t performance;
         std::uint32_t index;
-        bool operator<(const Key &other) const
-        {
-            return time < other.time || (time == other.time && index < other.index);
-        }
     };
-    std::vector<Key> keys;
-    keys.reserve(_notes.size());
-    for (const PlannedNote &note : _notes)
-        keys.push_back({note.start.toDouble(), static_cast<std::uint32_t>(keys.size())});
-    std::sort(keys.begin(), keys.end());
-    std::vector<PlannedNote> sorted;
-    sorted.reserve(_notes.size());
+    const auto &bars = _bars.bars();
+    std::vector<std::uint32_t> ends(bars.size() + 1);
+    const auto barOf = [&](const PlannedNote &note) {
+        std::size_t bar = note.playedBar;
+        while (bar > 0 && note.start < bars[bar].start)
+            --bar;
+        while (bar + 1 < bars.size() && note.start >= bars[bar + 1].start)
+            ++bar;
+        return bar;
+    };
+    std::size_t count = 0;
+    for (const TrackPerformance &each : performances) {
+        for (const PlannedNote &note : each.notes)
+            ++ends[barOf(note) + 1];
+        count += each.notes.size();
+    }
+    std::partial_sum(ends.begin(), ends.end(), ends.begin());
+    std::vector<Key> keys(count);
+    for (std::uint32_t p = 0; p < performances.size(); ++p) {
+        std::uint32_t index = 0;
+        for (const PlannedNote &note : performances[p].notes)
+            keys[ends[barOf(note)]++] = {note.start.toDouble(), p, index++};
+    }
+    std::uint32_t begin = 0;
+    for (std::size_t bar = 0; bar < bars.size(); ++bar) {
+        std::stable_sort(keys.begin() + begin, keys.begin() + ends[bar],
+                         [](const Key &left, const Key &right) { return left.time < right.time; });
+        begin = ends[bar];
+    }
+    _notes.reserve(count);
     for (const Key &key : keys)
-        sorted.push_back(_notes[key.index]);
-    _notes = std::move(sorted);
+        _notes.push_back(performances[key.performance].notes[key.index]);
 }
 
 /// A channel sounds each key once: what is struck again ends, and notes of one key that are struck

@@ -19,6 +19,9 @@ class ScoreModel;
 
 namespace zarn::playback {
 
+struct ScoreSurvey;
+struct TrackPerformance;
+
 enum class Channels { OnePerTrack, OnePerString };
 
 /// Whether the mute and solo switches of the tracks count.
@@ -86,8 +89,10 @@ public:
                                    unsigned pass = 0) const;
 
 private:
+    PlaybackPlan(const ScoreModel &model, const PlanOptions &options, const ScoreSurvey &survey);
+
     void cut(const PlayedBars::Stretch &stretch);
-    void sortNotes();
+    void addNotes(const std::vector<TrackPerformance> &performances);
     void endRepeatedKeys();
     void addSeconds();
 

@@ -2,39 +2,23 @@
 #include <ZarnCore/playback/ZarnPlayedBars.h>
 
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/playback/PlayingTime.h>
+#include <ZarnCore/playback/ScoreSurvey.h>
 
 #include <algorithm>
 
 namespace zarn::playback {
 
-namespace {
-
-/// The length of each bar, stretched where a voice holds more than the meter allows.
-std::vector<utils::rational> lengthsOf(const ScoreModel &model)
+PlayedBars::PlayedBars(const ScoreModel &model) : PlayedBars(model, ScoreSurvey(model).barLengths)
 {
-    std::vector<utils::rational> lengths;
-    for (const auto &bar : model.masterTrack()->masterBars())
-        lengths.push_back(bar->length());
-    for (const auto &track : model.tracks())
-        for (const auto &staff : track->staves()) {
-            const auto count = std::min<std::size_t>(lengths.size(), staff->barCount());
-            for (std::size_t i = 0; i < count; ++i)
-                for (const auto &voice : staff->bars()[i]->voices())
-                    if (voice && !voice->isEmpty())
-                        lengths[i] = std::max(lengths[i], voice->length());
-        }
-    return lengths;
 }
 
-} // namespace
-
-PlayedBars::PlayedBars(const ScoreModel &model)
+PlayedBars::PlayedBars(const ScoreModel &model, const std::vector<utils::rational> &lengths)
 {
-    const auto lengths = lengthsOf(model);
     utils::rational written;
     for (const auto &length : lengths) {
         _written.push_back(written);
-        written += length;
+        advance(written, length);
     }
     _written.push_back(written);
     std::vector<unsigned> passes(lengths.size());
@@ -44,7 +28,7 @@ PlayedBars::PlayedBars(const ScoreModel &model)
             continue;
         const bool isJump = !_bars.empty() && _bars.back().bar + 1 != bar;
         _bars.push_back({bar, passes[bar]++, _length, lengths[bar], isJump});
-        _length += lengths[bar];
+        advance(_length, lengths[bar]);
     }
 }
 
@@ -93,7 +77,7 @@ PlayedBars PlayedBars::part(const Stretch &stretch) const
         PlayedBar played = _bars[i];
         played.start = part._length;
         played.isJump = played.isJump && i != stretch.begin;
-        part._length += played.length;
+        advance(part._length, played.length);
         part._bars.push_back(played);
     }
     return part;

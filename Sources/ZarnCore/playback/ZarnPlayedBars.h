@@ -36,6 +36,9 @@ public:
     PlayedBars() = default;
     explicit PlayedBars(const ScoreModel &model);
 
+    /// The same, for bars of which each has the length that is given for it.
+    PlayedBars(const ScoreModel &model, const std::vector<utils::rational> &lengths);
+
     const std::vector<PlayedBar> &bars() const noexcept { return _bars; }
     bool isEmpty() const noexcept { return _bars.empty(); }
     const utils::rational &length() const noexcept { return _length; }

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/playback/ScoreSurvey.h>
+
+#include <ZarnCore/playback/PlayingTime.h>
+
+#include <algorithm>
+
+namespace zarn::playback {
+
+namespace {
+
+/// To a part of a quarter that bars can be added up in.
+utils::rational roundedUp(const utils::rational &length)
+{
+    constexpr int ticksPerQuarter = 960;
+    return {(length * ticksPerQuarter).ceil(), ticksPerQuarter};
+}
+
+/// Adds what a voice has; answers its length.
+utils::rational survey(const Voice &voice, ScoreSurvey::OfTrack &track, bool &hasCaesura)
+{
+    utils::rational length;
+    for (const auto &beat : voice.beats()) {
+        advance(length, lengthOf(*beat));
+        track.hasDynamics = track.hasDynamics || beat->dynamic() != NoteDynamic::Value::None;
+        if (beat->isCommon())
+            continue;
+        track.hasMarkedBeats = true;
+        track.hasDynamics = track.hasDynamics || beat->hairpin() != Hairpin::NoHairpin
+            || beat->attackDynamic() != AttackDynamic::None;
+        hasCaesura = hasCaesura || beat->breath() == BreathSign::Caesura;
+    }
+    return length;
+}
+
+} // namespace
+
+ScoreSurvey::ScoreSurvey(const ScoreModel &model)
+{
+    for (const auto &bar : model.masterTrack()->masterBars())
+        barLengths.push_back(bounded(bar->length()));
+    barsWithCaesura.resize(barLengths.size());
+    tracks.resize(model.trackCount());
+    for (const auto &track : model.tracks())
+        for (const auto &staff : track->staves()) {
+            const auto count = std::min<std::size_t>(barLengths.size(), staff->barCount());
+            for (std::size_t i = 0; i < count; ++i)
+                for (const auto &voice : staff->bars()[i]->voices()) {
+                    if (!voice || voice->isEmpty())
+                        continue;
+                    bool hasCaesura = false;
+                    const auto length = survey(*voice, tracks[track->index()], hasCaesura);
+                    if (length > barLengths[i])
+                        barLengths[i] = roundedUp(length);
+                    if (hasCaesura)
+                        barsWithCaesura[i] = true;
+                }
+        }
+}
+
+} // namespace zarn::playback
