@@ -66,7 +66,7 @@ std::string bytesOf(const ScoreModel &model)
 
 TEST(PlanLaws, randomScoresArePlannedAndWritten)
 {
-    for (std::uint32_t seed = 0; seed < 150; ++seed) {
+    for (std::uint32_t seed = 0; seed < 60; ++seed) {
         SCOPED_TRACE(seed);
         const auto model = test::RandomScore(seed).make();
         // Some repeat their bars hundreds of times, which shows nothing more.
