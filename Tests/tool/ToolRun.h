@@ -38,7 +38,7 @@ inline ToolRun runTool(const QStringList &arguments, const std::string &input = 
     environment.insert(QStringLiteral("XDG_DATA_HOME"), dataHome());
     process.setProcessEnvironment(environment);
     process.start(QStringLiteral(ZARN_BINARY_DIR "/bin/zarn"), arguments);
-    process.write(input.c_str());
+    process.write(QByteArray::fromStdString(input)); // may hold zeros
     process.closeWriteChannel();
     ToolRun run;
     if (process.waitForFinished(Patience) && process.exitStatus() == QProcess::NormalExit)

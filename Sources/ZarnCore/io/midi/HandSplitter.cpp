@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdlib>
 
 namespace zarn::io {
 
@@ -129,19 +130,22 @@ bool needsTwoStaves(const PlayedNotes &notes)
     constexpr int low = 57;
     constexpr int high = 62;
     constexpr int wide = 12;
+    constexpr MidiTime overlap = midiQuarter / 4; // no mere slip of a finger
     std::size_t lowCount = 0;
     std::size_t highCount = 0;
     std::size_t wideCount = 0;
-    MidiTime lowUntil = 0;
-    int lastLow = 0;
+    // The last low and the last high note, which may still sound.
+    const PlayedNote *lastLow = nullptr;
+    const PlayedNote *lastHigh = nullptr;
+    const auto isWide = [](const PlayedNote &note, const PlayedNote *other) {
+        return other != nullptr && other->playedEnd > note.playedStart + overlap
+            && std::abs(other->key - note.key) > wide;
+    };
     for (const PlayedNote &note : notes) {
         lowCount += note.key < low;
         highCount += note.key > high;
-        wideCount += lowUntil > note.playedStart && note.key - lastLow > wide;
-        if (note.key < low) {
-            lowUntil = note.playedEnd;
-            lastLow = note.key;
-        }
+        wideCount += isWide(note, note.key < low ? lastHigh : lastLow);
+        (note.key < low ? lastLow : lastHigh) = &note;
     }
     constexpr std::size_t part = 12;
     return lowCount * part > notes.size() && highCount * part > notes.size()

@@ -52,7 +52,9 @@ void writeTempos(const MidiMusic &music, const MeterLine &bars, MasterTrack &mas
         const bool isVisible = lasts && std::abs(quarters - shown) > visibleChange * shown;
         if (isVisible)
             shown = quarters;
-        const bool dotted = isDotted(bar.meter);
+        const auto isWhole = [](double tempo) { return tempo == std::round(tempo); };
+        const bool dotted =
+            isDotted(bar.meter) && (isWhole(perMinute(90 / quarters)) || !isWhole(quarters));
         const double value = dotted ? perMinute(90 / quarters) : quarters;
         const auto unit = dotted ? TempoUnit::QuarterDotted : TempoUnit::Quarter;
         if (tempos[i].time == 0) {

@@ -25,6 +25,11 @@ constexpr int drumChannel = 9;
 /// More quarters than any score has bars for.
 constexpr double mostQuarters = 1e8;
 
+/// Of very many parts, words from other tracks go to one of the first, and of very many keys that
+/// disagree the first ones are weighed.
+constexpr std::ptrdiff_t mostSingers = 64;
+constexpr int mostWeighed = 200;
+
 /// What a channel is set to, as far as it is said.
 struct ChannelSetting {
     int program = MidiPart::Unset;
@@ -104,11 +109,13 @@ private:
         return std::llround(std::min(time, mostQuarters * midiQuarter));
     }
 
-    /// Where the bar of the meters so far ends.
+    /// Where the bar of the meter that came last ends.
     MidiTime endOfBar(MidiTime time) const
     {
-        const MeterLine bars(_music.meters, 0, time, 100000);
-        return bars.bars().back().end();
+        const MeterChange last = _music.meters.empty() ? MeterChange() : _music.meters.back();
+        const MidiTime length = lengthOf(last.meter);
+        const MidiTime past = std::max(time - last.time, MidiTime(0));
+        return last.time + (past + length - 1) / length * length;
     }
 
     void readTrack(const MidiTrack &track, double offset);
@@ -392,9 +399,10 @@ void MusicReader::giveLyricsToParts()
         MidiPart *best = nullptr;
         std::size_t mostSung = 0;
         for (MidiPart &part : _music.parts) {
-            if (part.isDrums)
+            const bool isOwn = part.midiTrack == static_cast<int>(number);
+            if (part.isDrums || (&part - _music.parts.data() >= mostSingers && !isOwn))
                 continue;
-            std::size_t sung = part.midiTrack == static_cast<int>(number) ? words.size() + 1 : 0;
+            std::size_t sung = isOwn ? words.size() + 1 : 0;
             const auto &notes = part.staves.front();
             for (const MidiText &word : words) {
                 const auto note = std::lower_bound(
@@ -427,6 +435,7 @@ void MusicReader::chooseKeys()
             places.emplace_back();
         places.back().push_back(key);
     }
+    int weighed = 0;
     for (std::size_t i = 0; i < places.size(); ++i) {
         const MidiTime from = places[i].front().time;
         const MidiTime to = i + 1 < places.size() ? places[i + 1].front().time : _music.end + 1;
@@ -435,7 +444,7 @@ void MusicReader::chooseKeys()
             std::all_of(places[i].begin(), places[i].end(), [&](const KeyChange &key) {
                 return key.fifths == places[i].front().fifths;
             });
-        if (!isOne)
+        if (!isOne && weighed++ < mostWeighed)
             for (const MidiPart &part : _music.parts)
                 for (const PlayedNotes &notes : part.staves)
                     for (const PlayedNote &note : notes)

@@ -15,7 +15,8 @@
 #include <ZarnCore/model/ZarnScoreModel.h>
 
 #include <algorithm>
-#include <limits>
+#include <cstdlib>
+#include <iterator>
 
 namespace zarn::io {
 
@@ -23,7 +24,7 @@ namespace {
 
 /// Bars that a file may have in all its staves besides those that its notes deserve: silence costs
 /// a few bytes.
-constexpr std::size_t barsForNothing = 100'000;
+constexpr std::size_t barsForNothing = 60'000;
 constexpr std::size_t barsPerNote = 2;
 
 /// Further than this no note is moved without a word.
@@ -84,18 +85,21 @@ MidiTime ScoreReader::pickup() const
     const bool isSaid = first != _music.meters.end() && first->time <= lengthOf(meter);
     if (isSaid)
         return 0;
+    // The beginning of the piece says it.
+    constexpr MidiTime heardBars = 200;
+    const MidiTime end = std::min(heardBars * lengthOf(meter),
+                                  first == _music.meters.end() ? _music.end + 1 : first->time);
     PlayedNotes notes;
     for (const MidiPart &part : _music.parts)
         if (!part.isDrums)
             for (const PlayedNotes &played : part.staves)
-                notes.insert(notes.end(), played.begin(), played.end());
+                std::copy_if(played.begin(), played.end(), std::back_inserter(notes),
+                             [end](const PlayedNote &note) { return note.playedStart < end; });
     std::stable_sort(notes.begin(), notes.end(),
                      [](const PlayedNote &left, const PlayedNote &right) {
                          return left.playedStart < right.playedStart;
                      });
-    return findPickup(notes, meter,
-                      first == _music.meters.end() ? std::numeric_limits<MidiTime>::max()
-                                                   : first->time);
+    return findPickup(notes, meter, end);
 }
 
 MeterLine ScoreReader::makeBars()
@@ -117,7 +121,10 @@ MeterLine ScoreReader::makeBars()
         for (const PlayedNotes &played : part.staves)
             for (const PlayedNote &note : played)
                 last = std::max(last, note.playedStart + 1);
-    return MeterLine(_music.meters, pickup(), std::max(last, _music.end - late), most);
+    // Long bars cost more: no more time than bars of four quarters have.
+    const auto mostTime = static_cast<MidiTime>(most) * 4 * midiQuarter;
+    return MeterLine(_music.meters, pickup(), std::min(std::max(last, _music.end - late), mostTime),
+                     most);
 }
 
 void ScoreReader::dropNotesBehind(const MeterLine &bars)

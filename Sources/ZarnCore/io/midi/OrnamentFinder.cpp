@@ -19,6 +19,9 @@ constexpr int widestGrace = 5;
 /// A grace note is so much shorter than its main note.
 constexpr MidiTime graceOfMain = 2;
 
+/// Notes behind another that are looked at.
+constexpr std::size_t nearby = 32;
+
 /// What stands on the beat or on half of it.
 bool isPlain(MidiTime time, MidiTime part, double tolerance)
 {
@@ -56,7 +59,7 @@ private:
     {
         for (const int direction : {1, -1}) {
             _roll = {first};
-            for (std::size_t i = first + 1; i < _notes.size(); ++i) {
+            for (std::size_t i = first + 1; i < std::min(_notes.size(), first + nearby); ++i) {
                 const PlayedNote &last = _notes[_roll.back()];
                 const PlayedNote &note = _notes[i];
                 const MidiTime step = note.playedStart - last.playedStart;
@@ -88,7 +91,7 @@ private:
         const MidiTime length = note.playedEnd - note.playedStart;
         if (length <= 0 || seconds(length, quarterSeconds) > longestGrace)
             return;
-        for (std::size_t i = grace + 1; i < _notes.size(); ++i) {
+        for (std::size_t i = grace + 1; i < std::min(_notes.size(), grace + nearby); ++i) {
             PlayedNote &main = _notes[i];
             const auto gap = static_cast<double>(main.playedStart - note.playedEnd);
             if (gap > 2 * _tolerance)

@@ -14,15 +14,12 @@ namespace {
 /// What begins within this time of a place belongs to it.
 constexpr MidiTime nearPlace = midiQuarter / 8;
 
-/// Bars that are listened to, and how many must be heard before a weak difference counts.
-constexpr MidiTime mostBars = 200;
+/// Bars that must be heard.
 constexpr MidiTime enoughBars = 8;
 
-/// How much stronger than the beginning a place must be: one of a beat, one between beats, and any
-/// in a short piece.
+/// How much stronger than the beginning a place must be: one of a beat, and one between beats.
 constexpr double strongerOnBeat = 1.05;
 constexpr double strongerOffBeat = 1.25;
-constexpr double strongerInShortPiece = 1.4;
 
 /// The key under which the lowest quarter of the notes lies.
 int bassKey(const PlayedNotes &notes)
@@ -46,8 +43,8 @@ MidiTime findPickup(const PlayedNotes &notes, const TimeSignature &meter, MidiTi
     const MidiTime bar = lengthOf(meter);
     const MidiTime step = midiQuarter / 2;
     const auto placeCount = static_cast<std::size_t>(bar / step);
-    const MidiTime last = std::min({end, notes.back().playedStart + 1, mostBars * bar});
-    if (placeCount < 2 || bar % step != 0 || last < 2 * bar)
+    const MidiTime last = std::min(end, notes.back().playedStart + 1);
+    if (placeCount < 2 || bar % step != 0 || last < enoughBars * bar)
         return 0;
 
     // The weight of each half quarter of the music, added up by its place in the bar.
@@ -84,14 +81,10 @@ MidiTime findPickup(const PlayedNotes &notes, const TimeSignature &meter, MidiTi
         const auto bars =
             static_cast<double>((last - static_cast<MidiTime>(place) * step) / bar + 1);
         const double strength = strengths[place] / bars;
-        const bool isOnBeat = place % 2 == 0;
-        const double needed = place == 0 ? 1
-            : last < enoughBars * bar    ? strongerInShortPiece
-            : isOnBeat                   ? strongerOnBeat
-                                         : strongerOffBeat;
-        if (place == 0 || strength / needed > bestStrength) {
+        const double needed = place == 0 ? 1 : place % 2 == 0 ? strongerOnBeat : strongerOffBeat;
+        if (strength / needed > bestStrength) {
             best = place;
-            bestStrength = place == 0 ? strength : std::max(bestStrength, strength / needed);
+            bestStrength = strength / needed;
         }
     }
     return static_cast<MidiTime>(best) * step;

@@ -30,6 +30,15 @@ double median(std::vector<double> &values)
     return *middle;
 }
 
+void sortByStart(PlayedNotes &notes)
+{
+    const auto isEarlier = [](const PlayedNote &left, const PlayedNote &right) {
+        return left.start < right.start;
+    };
+    if (!std::is_sorted(notes.begin(), notes.end(), isEarlier))
+        std::stable_sort(notes.begin(), notes.end(), isEarlier);
+}
+
 /// Distance of a time to the nearest 16th or triplet.
 double distanceToGrid(MidiTime time)
 {
@@ -94,10 +103,15 @@ RhythmQuantizer::RhythmQuantizer(const MeterLine &bars, const std::vector<TempoC
 
 std::size_t RhythmQuantizer::beatAt(MidiTime time) const noexcept
 {
+    // Times come nearly in order: the beat asked for last, or the one behind it.
+    for (std::size_t beat = _lastBeat; beat < _lastBeat + 2 && beat < _beats.size(); ++beat)
+        if (_beats[beat].start <= time && time < _beats[beat].start + _beats[beat].length)
+            return _lastBeat = beat;
     const auto next =
         std::upper_bound(_beats.begin(), _beats.end(), time,
                          [](MidiTime at, const BeatPlace &beat) { return at < beat.start; });
-    return next == _beats.begin() ? 0 : static_cast<std::size_t>(next - _beats.begin()) - 1;
+    _lastBeat = next == _beats.begin() ? 0 : static_cast<std::size_t>(next - _beats.begin()) - 1;
+    return _lastBeat;
 }
 
 /// What hands strike together gets one onset.
@@ -345,9 +359,7 @@ void RhythmQuantizer::quantize(PlayedNotes &notes)
         _heard.push_back(note.start);
     setStarts(notes);
     setEnds(notes);
-    std::stable_sort(
-        notes.begin(), notes.end(),
-        [](const PlayedNote &left, const PlayedNote &right) { return left.start < right.start; });
+    sortByStart(notes);
 }
 
 void RhythmQuantizer::quantizeDrums(PlayedNotes &notes)
@@ -356,9 +368,7 @@ void RhythmQuantizer::quantizeDrums(PlayedNotes &notes)
         return;
     joinChords(notes);
     setStarts(notes);
-    std::stable_sort(
-        notes.begin(), notes.end(),
-        [](const PlayedNote &left, const PlayedNote &right) { return left.start < right.start; });
+    sortByStart(notes);
     MidiTime next = 0;
     for (std::size_t i = notes.size(); i-- > 0;) {
         if (i + 1 < notes.size() && notes[i + 1].start > notes[i].start)

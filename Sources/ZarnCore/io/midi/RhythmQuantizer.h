@@ -63,6 +63,7 @@ private:
     PlayingAccuracy _accuracy;
     std::map<MidiTime, std::vector<BeatGrid>> _grids;
     std::vector<BeatPlace> _beats;
+    mutable std::size_t _lastBeat = 0;
     std::vector<const BeatGrid *> _chosen; ///< by beat; null where nothing begins
     std::vector<MidiTime> _heard;          ///< onsets of the notes, chords made one
 };
