@@ -8,11 +8,11 @@ namespace Halvec::audio {
 
 namespace {
 
-/// Values of all channels with their padding.
+/// Values of all channels with the silence around them.
 std::size_t valuesOf(std::int64_t frames, int channels) noexcept
 {
     return static_cast<std::size_t>(channels)
-        * static_cast<std::size_t>(frames + 2 * SampleData::padding);
+        * static_cast<std::size_t>(frames + SampleData::lead + SampleData::tail);
 }
 
 } // namespace

@@ -15,8 +15,10 @@ namespace Halvec::audio {
 /// read from any thread.
 class ZARNAUDIO_EXPORT SampleData {
 public:
-    /// Frames of silence in front of and behind each channel, for interpolation.
-    static constexpr std::int64_t padding = 8;
+    /// Frames of silence in front of each channel, from which a synthesizer that works in blocks
+    /// can start to meet a frame exactly, and behind it, for interpolation.
+    static constexpr std::int64_t lead = 1024;
+    static constexpr std::int64_t tail = 8;
 
     /// Bytes that a sample takes; more than anyone has for one that is too large to count.
     static std::size_t bytesFor(std::int64_t frames, int channels) noexcept;
@@ -31,7 +33,8 @@ public:
     int channels() const noexcept { return _channels; }
     int rate() const noexcept { return _rate; }
 
-    /// The first frame of a channel; `padding` silent ones lie before it and behind the last one.
+    /// The first frame of a channel; `lead` silent ones lie before it and `tail` behind the last
+    /// one.
     const std::int16_t *upper(int channel) const noexcept { return &_upper[start(channel)]; }
     const std::uint8_t *lower(int channel) const noexcept { return &_lower[start(channel)]; }
 
@@ -48,7 +51,7 @@ public:
 private:
     std::size_t start(int channel) const noexcept
     {
-        return static_cast<std::size_t>(channel * (_frames + 2 * padding) + padding);
+        return static_cast<std::size_t>(channel * (_frames + lead + tail) + lead);
     }
 
     std::int64_t _frames;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "HeapCalls.h"
 #include "Sounds.h"
 
 #include <ZarnAudio/ZarnSampleCache.h>
@@ -6,47 +7,7 @@
 #include <streams/MemoryHeap.h>
 
 #include <atomic>
-#include <cstdlib>
-#include <new>
 #include <thread>
-
-namespace {
-
-/// What this thread took from the heap and gave back.
-thread_local std::size_t heapCalls = 0;
-
-} // namespace
-
-// The sanitizers replace these themselves.
-#if defined(__has_feature)
-#define ZARN_HAS_FEATURE(feature) __has_feature(feature)
-#else
-#define ZARN_HAS_FEATURE(feature) 0
-#endif
-#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)                                \
-    && !ZARN_HAS_FEATURE(address_sanitizer) && !ZARN_HAS_FEATURE(thread_sanitizer)
-
-void *operator new(std::size_t size)
-{
-    ++heapCalls;
-    if (void *const memory = std::malloc(size != 0 ? size : 1))
-        return memory;
-    throw std::bad_alloc();
-}
-
-void operator delete(void *memory) noexcept
-{
-    ++heapCalls;
-    std::free(memory);
-}
-
-void operator delete(void *memory, std::size_t) noexcept
-{
-    ++heapCalls;
-    std::free(memory);
-}
-
-#endif
 
 namespace {
 
@@ -56,8 +17,8 @@ using File = AudioFormat::File;
 
 constexpr std::int64_t frameCount = 1000;
 
-/// Bytes of a sample of one channel in the cache: 24 bits a frame, with the padding.
-constexpr std::size_t sampleBytes = (frameCount + 16) * 3;
+/// Bytes of a sample of one channel in the cache: 24 bits a frame, with the silence around it.
+constexpr std::size_t sampleBytes = (frameCount + SampleData::lead + SampleData::tail) * 3;
 
 SampleCache::Opener opening(const std::string &bytes)
 {
@@ -91,10 +52,10 @@ TEST_F(SampleCaches, decodeInTheBackgroundAndShareWhatTheyHave)
     EXPECT_EQ(data->rate(), 44100);
     for (std::int64_t i = 0; i < frameCount; ++i)
         ASSERT_NEAR(data->value(0, i), _frames[static_cast<std::size_t>(i)], 2e-7);
-    for (std::int64_t i = 1; i <= SampleData::padding; ++i) {
+    for (std::int64_t i = 1; i <= SampleData::lead; ++i)
         EXPECT_EQ(data->upper(0)[-i], 0);
-        EXPECT_EQ(data->lower(0)[frameCount - 1 + i], 0);
-    }
+    for (std::int64_t i = 0; i < SampleData::tail; ++i)
+        EXPECT_EQ(data->lower(0)[frameCount + i], 0);
     EXPECT_EQ(heap.used(), sampleBytes);
 }
 
@@ -160,7 +121,7 @@ TEST_F(SampleCaches, anAudioThreadTakesNothingFromTheHeap)
     for (int i = 0; i < 4; ++i)
         handed.push_back(cache.use("sample " + std::to_string(i), opening(_wav)));
     std::thread audio([&] {
-        const auto before = heapCalls;
+        const auto before = sounds::heapCalls();
         float sum = 0;
         do {
             for (const SampleUse &sample : handed) {
@@ -173,7 +134,7 @@ TEST_F(SampleCaches, anAudioThreadTakesNothingFromTheHeap)
         } while (!isDone.load());
         for (SampleUse &sample : handed)
             sample = SampleUse(); // the last use of each goes here
-        heapCallsOfAudio = heapCalls - before + (std::isfinite(sum) ? 0 : 1);
+        heapCallsOfAudio = sounds::heapCalls() - before + (std::isfinite(sum) ? 0 : 1);
     });
     for (int i = 0; i < 300; ++i)
         cache.use("other " + std::to_string(i % 7), opening(_wav));
