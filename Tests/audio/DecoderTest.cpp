@@ -109,15 +109,17 @@ TEST(AudioDecoder, readsWhatWasWritten)
     for (const int channels : {1, 3, 6}) {
         const auto wide = tones(3000, channels);
         const auto flac = decoder(encoded(wide, format(File::Flac, Encoding::Pcm24, channels)));
-        const auto ogg = decoder(encoded(wide, format(File::OggVorbis, Encoding::Pcm16, channels)));
-        ASSERT_TRUE(flac && ogg);
+        ASSERT_TRUE(flac);
         EXPECT_EQ(flac->channels(), channels);
-        EXPECT_EQ(ogg->frames(), 3000);
         const auto found = decoded(*flac);
         ASSERT_EQ(found.size(), wide.size());
         for (std::size_t i = 0; i < wide.size(); ++i)
             ASSERT_NEAR(found[i], wide[i], 1e-6);
     }
+    const auto ogg = decoder(encoded(tones(3000, 1), format(File::OggVorbis, Encoding::Pcm16, 1)));
+    ASSERT_TRUE(ogg);
+    EXPECT_EQ(ogg->channels(), 1);
+    EXPECT_EQ(decoded(*ogg).size(), 3000u);
 }
 
 TEST(AudioDecoder, aFileThatIsCutOffIsReadUpToThere)
