@@ -61,8 +61,8 @@ int openBrackets(const std::string &text)
 
 TEST(LilyPondExporter, writesPitchesAndLengths)
 {
-    const auto score = scoreOf("piano 3/4 key=Bb tempo=96: c4q. bb3e [eb4 f#5]q | r2 & c3h. | "
-                               "c5e/3 d5 e5 f5s/5:4 g5 a5 b5 c6 rq~");
+    const auto score = scoreOf("piano 3/4 key=Bb tempo=96: c4q. bb3e [eb4 f#5]q | rq rh & c3h. | "
+                               "c5e/3 d5 e5 f5s/5:4 g5 a5 b5 c6 rq");
     const std::string text = exported(*score->scoreModel());
     EXPECT_TRUE(has(text, "c'4. bes8 <es' fis''>4 |")) << text;
     EXPECT_TRUE(has(text, "\\tuplet 3/2 { c''8 d''8 e''8 } ")) << text;
@@ -119,7 +119,7 @@ TEST(LilyPondExporter, unfoldsNoRepeat)
     bars[2]->setAlternateEndings(2);
     bars[3]->setRepeatStart(true);
     const std::string text = exported(model);
-    EXPECT_TRUE(has(text, "\\repeat volta 2 { c'1")) << text;
+    EXPECT_TRUE(has(text, "\\repeat volta 2 { \\oneVoice c'1")) << text;
     EXPECT_TRUE(has(text, "\\alternative { \\volta 1 { d'1 | } % 2\n  \\volta 2 { e'1 | } } } % 3"))
         << text;
     EXPECT_TRUE(has(text, "\\repeat volta 3 { f'1 | } % 4")) << text;

@@ -46,7 +46,7 @@ constexpr const char *layout = R"(  \layout {
     \context { \Staff \omit StringNumber }
   }
   % Without the percent sign, LilyPond makes a MIDI file too:
-  % \midi { \context { \Score midiMergeUnisons = ##f } \context { \ChordNames \remove "Note_performer" } }
+  % \midi { \context { \Score midiMergeUnisons = ##f midiChannelMapping = #'instrument } \context { \ChordNames \remove "Note_performer" } }
 )";
 
 class Writer {

@@ -78,7 +78,7 @@ std::string DrumTable::toText() const
     for (const Drum &drum : _drums)
         text += "  (" + drum.name + ' ' + (drum.head.empty() ? "default" : drum.head) + " #f "
             + std::to_string(drum.line) + ")\n";
-    return text + "))\n\n";
+    return text + "))\ndrumKeys = #(alist->hash-table midiDrumPitches)\n\n";
 }
 
 } // namespace zarn::lilypond

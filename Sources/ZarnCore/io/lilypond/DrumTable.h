@@ -21,7 +21,8 @@ public:
 
     bool isEmpty() const noexcept { return _drums.empty(); }
 
-    /// Names of its own, and the table of looks as the variable `drumLooks`.
+    /// Names of its own, and the tables of looks and of keys as the variables `drumLooks`
+    /// and `drumKeys`.
     std::string toText() const;
 
 private:

@@ -28,6 +28,9 @@ struct StaffContext {
     /// fretted staves are written as they sound, under a clef that says so.
     int shift = 0;
 
+    /// Semitones from what the strings sound to the notes of the file, see `shift`.
+    int stringShift = 0;
+
     /// Names of the drums of an unpitched staff; null on others.
     DrumTable *drums = nullptr;
 

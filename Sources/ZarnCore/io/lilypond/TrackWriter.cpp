@@ -14,6 +14,7 @@
 #include <ZarnCore/model/ZarnTrack.h>
 
 #include <algorithm>
+#include <map>
 #include <vector>
 
 namespace zarn::lilypond {
@@ -27,6 +28,38 @@ struct VoiceName {
     unsigned voice;
     std::string variable;
 };
+
+/// Semitones from written pitches to what strings and frets sound: the transposition, but not in
+/// documents that write tablature otherwise. The first notes tell.
+int stringOffset(const Staff &staff)
+{
+    constexpr int enough = 20;
+    const auto track = staff.track();
+    const int usual = track ? track->transpositionOffset() : 0;
+    const auto &keys = staff.tuning().midiNumbers();
+    std::map<int, int> counts;
+    int seen = 0;
+    for (const auto &bar : staff.bars())
+        for (const auto &voice : bar->voices()) {
+            if (!voice || seen > enough)
+                continue;
+            for (const auto &beat : voice->beats())
+                for (const auto &note : beat->notes()) {
+                    const auto string = static_cast<std::size_t>(note->string());
+                    if (note->string() < 0 || string >= keys.size() || note->fret() < 0
+                        || note->midi() < 0)
+                        continue;
+                    ++counts[keys[string] + static_cast<int>(staff.capoFret()) + note->fret()
+                             - note->midi()];
+                    ++seen;
+                }
+        }
+    const auto most =
+        std::max_element(counts.begin(), counts.end(), [](const auto &left, const auto &right) {
+            return left.second < right.second;
+        });
+    return most == counts.end() || counts.count(usual) != 0 ? usual : most->first;
+}
 
 class Writer {
 public:
@@ -58,7 +91,8 @@ private:
     int shiftOf(const Staff &staff) const
     {
         const int offset = _track.transpositionOffset();
-        return staff.isFretted() && offset % octave == 0 ? offset : 0;
+        return staff.isFretted() && offset % octave == 0 && stringOffset(staff) == offset ? offset
+                                                                                          : 0;
     }
 
     const Track &_track;
@@ -115,7 +149,7 @@ std::string Writer::tabOf(const Staff &staff, const std::vector<VoiceName> &voic
                           bool isAlone) const
 {
     std::string strings;
-    const int residual = _track.transpositionOffset() - shiftOf(staff);
+    const int residual = stringOffset(staff) - shiftOf(staff);
     const auto &partial = staff.partialCapoStringFlags();
     const auto &keys = staff.tuning().midiNumbers();
     for (std::size_t i = 0; i < keys.size(); ++i) {
@@ -144,8 +178,14 @@ std::string Writer::tabOf(const Staff &staff, const std::vector<VoiceName> &voic
 Writer::StaffText Writer::writeStaff(const Staff &staff)
 {
     const bool isDrums = sheet::isShownAsDrums(_track, staff);
-    const StaffContext context{
-        _track, staff, _frame, shiftOf(staff), isDrums ? &_drums : nullptr, _dynamics, _report};
+    const StaffContext context{_track,
+                               staff,
+                               _frame,
+                               shiftOf(staff),
+                               stringOffset(staff) - shiftOf(staff),
+                               isDrums ? &_drums : nullptr,
+                               _dynamics,
+                               _report};
     const std::string name = _part + "Staff" + romanNumber(staff.index() + 1);
     define(name, "", staffLineOf(context));
     std::vector<VoiceName> voices;
@@ -170,7 +210,7 @@ Writer::StaffText Writer::writeStaff(const Staff &staff)
         if (isOnlyStaff)
             text.notation += names();
         if (isDrums)
-            text.notation += " drumStyleTable = #drumLooks";
+            text.notation += " drumStyleTable = #drumLooks drumPitchTable = #drumKeys";
         else
             text.notation += " midiInstrument = "
                 + quoted(midiInstrument(

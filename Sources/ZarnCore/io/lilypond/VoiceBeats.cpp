@@ -37,4 +37,18 @@ const VoiceBeat *VoiceBeats::mainBehind(std::size_t index) const
     return next;
 }
 
+bool isTremoloPair(const VoiceBeats &beats, std::size_t index)
+{
+    const Beat &beat = *beats[index].beat;
+    if (beat.tremoloToNext() == 0 || index + 1 >= beats.size())
+        return false;
+    const VoiceBeat &next = beats[index + 1];
+    const auto ratio = beat.rhythmValue().getPrimaryTupletRatio();
+    const bool isPlain = !beat.rhythmValue().hasPrimaryTuplet()
+        || (ratio.first == 2 * ratio.second && !beat.rhythmValue().hasSecondaryTuplet());
+    return isPlain && next.bar == beats[index].bar && !beat.isGrace() && !next.beat->isGrace()
+        && beat.hasNotes() && next.beat->hasNotes()
+        && beat.rhythmValue() == next.beat->rhythmValue();
+}
+
 } // namespace zarn::lilypond

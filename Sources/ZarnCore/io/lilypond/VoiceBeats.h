@@ -45,5 +45,9 @@ private:
     std::vector<std::size_t> _starts; ///< by bar; one more at the end
 };
 
+/// Whether a beat and the one behind it are two of one value that are repeated in turn. Such a pair
+/// is written twice as long as it lasts, which documents say by a tuplet of 2 to 1.
+bool isTremoloPair(const VoiceBeats &beats, std::size_t index);
+
 } // namespace lilypond
 } // namespace zarn

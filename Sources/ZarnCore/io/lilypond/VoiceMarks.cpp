@@ -7,6 +7,7 @@
 #include <ZarnCore/io/lilypond/VoiceBeats.h>
 #include <ZarnCore/io/lilypond/Words.h>
 #include <ZarnCore/io/sheet/TupletSpans.h>
+#include <ZarnCore/model/ZarnMasterBar.h>
 #include <ZarnCore/model/ZarnTrack.h>
 
 #include <algorithm>
@@ -58,12 +59,15 @@ void Marker::markTuplets(std::size_t begin, std::size_t end, TupletLevel level)
 {
     std::vector<sheet::TimedBeat> timed;
     std::map<ColumnKey, std::size_t> places;
-    for (std::size_t i = begin; i < end; ++i)
-        if (!beat(i).isGrace() && !beat(i).isWholeBarRest()) {
+    for (std::size_t i = begin; i < end; ++i) {
+        const bool isOfPair =
+            isTremoloPair(_beats, i) || (i > begin && isTremoloPair(_beats, i - 1));
+        if (!beat(i).isGrace() && !beat(i).isWholeBarRest() && !isOfPair) {
             const ColumnKey column{_beats[i].onset};
             timed.push_back({column, &beat(i).rhythmValue()});
             places.emplace(column, i);
         }
+    }
     std::vector<sheet::Span> spans;
     sheet::addTupletSpans(timed, level, 0, spans);
     for (const sheet::Span &span : spans) {
@@ -72,8 +76,14 @@ void Marker::markTuplets(std::size_t begin, std::size_t end, TupletLevel level)
         const RhythmValue &rhythm = beat(first).rhythmValue();
         const auto ratio = level == TupletLevel::Outer ? rhythm.getPrimaryTupletRatio()
                                                        : rhythm.getSecondaryTupletRatio();
-        _words[first].before +=
-            "\\tuplet " + std::to_string(ratio.first) + '/' + std::to_string(ratio.second) + " { ";
+        bool isSeen = false;
+        for (std::size_t i = first; i <= last; ++i)
+            isSeen = isSeen || !beat(i).isPlaceHolder();
+        // Time that is kept free has no bracket.
+        _words[first].before += isSeen
+            ? "\\tuplet " + std::to_string(ratio.first) + '/' + std::to_string(ratio.second) + " { "
+            : "\\scaleDurations " + std::to_string(ratio.second) + '/' + std::to_string(ratio.first)
+                + " { ";
         if (level == TupletLevel::Outer)
             markTuplets(first, last + 1, TupletLevel::Inner);
         _words[last].after += "} ";
@@ -93,33 +103,68 @@ void Marker::beam(std::size_t first, std::size_t last)
     _words[last].events += ']';
 }
 
-/// Beams that were asked for; grace notes have none by themselves.
+/// The length inside of which the meter beams by itself; 0 where it says nothing.
+utils::rational beamedLength(const Bar &bar)
+{
+    const auto master = bar.masterBar();
+    if (!master)
+        return 0;
+    const TimeSignature &meter = master->timeSignature();
+    const bool isCompound =
+        meter.getNumerator() % 3 == 0 && meter.getNumerator() > 3 && meter.getDenominator() >= 8;
+    if (isCompound)
+        return meter.timeUnit() * utils::rational(3);
+    return meter.getDenominator() <= 4 ? 1 : 0;
+}
+
+/// Whether a beam leads from a note to the next one: as marked, else inside of a beat alone.
+bool isBeamedTo(const VoiceBeat &left, const VoiceBeat &right, const utils::rational &length)
+{
+    if (left.beat->beamMode() != BeamMode::Auto)
+        return left.beat->beamMode() == BeamMode::Join;
+    return !length.isZero()
+        && utils::floorDivide(left.onset, length) == utils::floorDivide(right.onset, length);
+}
+
+bool isBeamable(const Beat &beat)
+{
+    return isFlagged(beat) && beat.hasNotes() && beat.tremoloToNext() == 0;
+}
+
+/// The language beams by the meter; where beams are marked, all of the bar are written. Grace notes
+/// have none by themselves.
 void Marker::markBeams(std::size_t begin, std::size_t end)
 {
-    const auto behind = [&](std::size_t index) { // the next beat of the same kind
-        std::size_t next = index + 1;
-        while (next < end && beat(next).isGrace() != beat(index).isGrace()
-               && !beat(index).isGrace())
-            ++next;
-        return next < end && beat(next).isGrace() == beat(index).isGrace() ? next : end;
-    };
-    const auto joins = [&](std::size_t index) {
-        const std::size_t next = behind(index);
-        return next != end && isFlagged(beat(index)) && isFlagged(beat(next))
-            && beat(index).hasNotes() && beat(next).hasNotes()
-            && (beat(index).isGrace() ? beat(index).beamMode() != BeamMode::Break
-                                      : beat(index).beamMode() == BeamMode::Join);
-    };
-    std::vector<bool> isDone(end - begin, false);
-    for (std::size_t i = begin; i < end; ++i) {
-        if (isDone[i - begin])
+    std::vector<std::size_t> main;
+    bool isMarked = false;
+    for (std::size_t i = begin; i < end;) {
+        if (!beat(i).isGrace()) {
+            main.push_back(i);
+            isMarked = isMarked || (isFlagged(beat(i)) && beat(i).beamMode() != BeamMode::Auto);
+            ++i;
             continue;
-        std::size_t last = i;
-        while (joins(last)) {
-            last = behind(last);
-            isDone[last - begin] = true;
         }
+        std::size_t last = i;
+        while (last + 1 < end && beat(last + 1).isGrace() && isBeamable(beat(last))
+               && isBeamable(beat(last + 1)) && beat(last).beamMode() != BeamMode::Break)
+            ++last;
         beam(i, last);
+        i = last + 1;
+    }
+    if (!isMarked)
+        return;
+    const utils::rational length = beamedLength(*_beats[begin].bar);
+    for (std::size_t i = 0; i < main.size();) {
+        std::size_t last = i;
+        while (last + 1 < main.size() && isBeamable(beat(main[last]))
+               && isBeamable(beat(main[last + 1]))
+               && isBeamedTo(_beats[main[last]], _beats[main[last + 1]], length))
+            ++last;
+        if (last != i)
+            beam(main[i], main[last]);
+        else if (isBeamable(beat(main[i])))
+            _words[main[i]].events += "\\noBeam";
+        i = last + 1;
     }
 }
 

@@ -121,12 +121,16 @@ void VoiceWriter::foldSimiles(std::vector<std::string> &texts) const
     }
 }
 
+/// The voices that are seen in a bar, whatever their slots, have their directions in turn.
 std::string VoiceWriter::voiceCommand(const Bar &bar) const
 {
     unsigned seen = 0;
-    for (unsigned voice = 0; voice < Bar::MaxVoices; ++voice)
+    unsigned rank = 0;
+    for (unsigned voice = 0; voice < Bar::MaxVoices; ++voice) {
+        rank += voice < _voice && isSeen(bar, voice) ? 1 : 0;
         seen += isSeen(bar, voice) ? 1 : 0;
-    return seen > 1 ? voiceCommands.at(_voice) : "\\oneVoice";
+    }
+    return seen > 1 ? voiceCommands.at(rank) : "\\oneVoice";
 }
 
 std::string VoiceWriter::barText(unsigned bar)
@@ -174,7 +178,7 @@ std::string VoiceWriter::barText(unsigned bar)
             continue;
         }
         text += _marks[i].before;
-        if (isTremoloPair(i)) {
+        if (isTremoloPair(_beats, i)) {
             text += tremoloText(i);
             text += _marks[i].after + _marks[i + 1].after;
             i += 2;
@@ -197,13 +201,30 @@ std::string VoiceWriter::graceText(std::size_t first, std::size_t end)
     return text + "} ";
 }
 
+/// Beams of stems that point both ways are drawn well by nobody: notes with flags keep their
+/// direction where all of the bar have the same.
+bool VoiceWriter::hasStemOfItsOwn(const VoiceBeat &place) const
+{
+    const auto isBeamable = [](const Beat &beat) {
+        return !beat.isGrace() && beat.hasNotes()
+            && (beat.tremoloToNext() != 0
+                || beat.rhythmValue().getNoteValue() >= RhythmValue::NoteValue::Eighth);
+    };
+    if (!isBeamable(*place.beat))
+        return true;
+    const auto &beats = place.bar->voices().at(_voice)->beats();
+    return std::all_of(beats.begin(), beats.end(), [&](const auto &other) {
+        return !isBeamable(*other) || other->stemOrientation() == place.beat->stemOrientation();
+    });
+}
+
 /// What changes from a beat on: stems, sizes.
 std::string VoiceWriter::commands(const VoiceBeat &place)
 {
     std::string text;
     const auto orientation = place.beat->stemOrientation();
     std::string stem;
-    if (place.beat->hasNotes() && !place.beat->isGrace())
+    if (place.beat->hasNotes() && !place.beat->isGrace() && hasStemOfItsOwn(place))
         stem = orientation == ZarnStemOrientation::Upward  ? "\\stemUp "
             : orientation == ZarnStemOrientation::Downward ? "\\stemDown "
                                                            : "";
@@ -336,12 +357,31 @@ std::string VoiceWriter::strumText(const VoiceBeat &place, std::string &command)
     else if (beat.brushDirection() != Direction::None)
         kind = beat.brushDirection() == Direction::Down ? "\\arpeggioArrowUp "
                                                         : "\\arpeggioArrowDown ";
-    if (kind.empty() || !beat.hasNotes())
+    if (kind.empty())
         return {};
+    if (tonesOf(place).size() < 2) {
+        lose("arpeggio over several staves or voices", place);
+        return {};
+    }
     if (kind != (_strum.empty() ? "\\arpeggioNormal " : _strum))
         command += kind;
     _strum = kind;
     return "\\arpeggio";
+}
+
+/// Whether the string of a note reaches down to its pitch: tablature works the fret out by itself.
+bool VoiceWriter::hasFittingString(const Note &note, const VoiceBeat &place) const
+{
+    const auto &keys = _context.staff.tuning().midiNumbers();
+    const int midi = Music::midi(note);
+    if (note.string() < 0 || note.string() >= static_cast<int>(keys.size()) || midi < 0)
+        return false;
+    const int open = keys[static_cast<std::size_t>(note.string())]
+        + static_cast<int>(_context.staff.capoFret()) - _context.stringShift;
+    if (midi + _context.shift >= open)
+        return true;
+    lose("string that does not reach down to the pitch", place);
+    return false;
 }
 
 /// The notes or the rest of a beat with all that hangs on it.
@@ -382,16 +422,28 @@ std::string VoiceWriter::coreText(std::size_t index, const std::string &duration
     return text + takePending();
 }
 
+/// Whether two voices above rest there too: there is no room for a third sign.
+bool VoiceWriter::isRestOfOthers(const VoiceBeat &place) const
+{
+    unsigned others = 0;
+    for (unsigned voice = 0; voice < _voice && !place.beat->isGrace(); ++voice) {
+        const auto &held = place.bar->voices().at(voice);
+        const auto other = held ? held->beatAt(place.onset) : nullptr;
+        others += other && other->isRest() ? 1 : 0;
+    }
+    return others > 1;
+}
+
 std::string VoiceWriter::restText(std::size_t index) const
 {
     const VoiceBeat &place = _beats[index];
     const Beat &beat = *place.beat;
     if (beat.isWholeBarRest() && !beat.isGrace()) {
         const auto &frame = _context.frame.bars[place.bar->index()];
-        return gapText(Gap::BarRest, frame.length);
+        return gapText(isRestOfOthers(place) ? Gap::Skip : Gap::BarRest, frame.length);
     }
-    const bool isSeen = !beat.isPlaceHolder();
-    return (isSeen ? "r" : "s") + valueText(beat.rhythmValue());
+    const bool isShown = !beat.isPlaceHolder() && !isRestOfOthers(place);
+    return (isShown ? "r" : "s") + valueText(beat.rhythmValue());
 }
 
 std::vector<std::string> VoiceWriter::fermatasOf(const VoiceBeat &place) const
@@ -503,19 +555,6 @@ std::string VoiceWriter::beatText(std::size_t index, const std::string &value)
     return text + ' ';
 }
 
-/// Two beats of one value that are repeated in turn.
-bool VoiceWriter::isTremoloPair(std::size_t index) const
-{
-    const Beat &beat = *_beats[index].beat;
-    if (beat.tremoloToNext() == 0 || index + 1 >= _beats.size())
-        return false;
-    const VoiceBeat &next = _beats[index + 1];
-    return next.bar == _beats[index].bar && !beat.isGrace() && !next.beat->isGrace()
-        && beat.hasNotes() && next.beat->hasNotes()
-        && beat.rhythmValue() == next.beat->rhythmValue() && _marks[index].after.empty()
-        && _marks[index + 1].before.empty();
-}
-
 std::string VoiceWriter::tremoloText(std::size_t index)
 {
     using NoteValue = RhythmValue::NoteValue;
@@ -524,10 +563,8 @@ std::string VoiceWriter::tremoloText(std::size_t index)
     const int flags =
         std::max(0, static_cast<int>(rhythm.getNoteValue()) - static_cast<int>(NoteValue::Quarter));
     const unsigned strokes = static_cast<unsigned>(flags) + beat.tremoloToNext();
-    RhythmValue written = rhythm;
-    written.unsetPrimaryTupletRatio();
     const utils::rational single(1, 1 << strokes);
-    const utils::rational count = written.getLength() / single;
+    const utils::rational count = rhythm.getLength() / single;
     const std::string value = std::to_string(valueOf(strokes));
     if (!count.isInteger()) {
         lose("tremolo between two notes", _beats[index]);

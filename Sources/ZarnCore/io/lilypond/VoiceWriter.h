@@ -38,7 +38,9 @@ private:
     /// `value` is written in place of the beat's own, if there is one.
     std::string beatText(std::size_t index, const std::string &value = {});
     std::string tremoloText(std::size_t index);
-    bool isTremoloPair(std::size_t index) const;
+    bool hasStemOfItsOwn(const VoiceBeat &place) const;
+    bool isRestOfOthers(const VoiceBeat &place) const;
+    bool hasFittingString(const Note &note, const VoiceBeat &place) const;
     std::string coreText(std::size_t index, const std::string &duration);
     std::string restText(std::size_t index) const;
     std::string dynamicEvents(std::size_t index);

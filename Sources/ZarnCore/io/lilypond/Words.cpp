@@ -52,7 +52,17 @@ std::string quoted(const std::string &utf8)
 {
     constexpr unsigned char firstPrintable = 0x20;
     std::string text = "\"";
-    for (const char character : utf8) {
+    for (std::size_t i = 0; i < utf8.size(); ++i) {
+        // Signs of music fonts, U+E000 to U+F8FF, which fonts for texts lack.
+        const auto lead = static_cast<unsigned char>(utf8[i]);
+        if ((lead == 0xee
+             || (lead == 0xef && i + 1 < utf8.size()
+                 && static_cast<unsigned char>(utf8[i + 1]) < 0xa4))
+            && i + 2 < utf8.size()) {
+            i += 2;
+            continue;
+        }
+        const char character = utf8[i];
         if (character == '"' || character == '\\')
             text += '\\';
         text += static_cast<unsigned char>(character) < firstPrintable ? ' ' : character;

@@ -10,7 +10,8 @@
 // The small words of the language, as LilyPond 2.24 reads them.
 namespace zarn::lilypond {
 
-/// A string in quotation marks. Control characters become spaces.
+/// A string in quotation marks. Control characters become spaces; signs of music fonts (private
+/// use) are left out.
 std::string quoted(const std::string &utf8);
 
 /// "cis'" for the C sharp above middle C; names of notes are the Dutch ones, which need no
