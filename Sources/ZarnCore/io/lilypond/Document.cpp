@@ -7,6 +7,7 @@
 #include <ZarnCore/io/lilypond/Words.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
+#include <algorithm>
 #include <array>
 #include <set>
 #include <vector>
@@ -41,13 +42,49 @@ constexpr const char *chordSymbolFunction = R"(chordSymbol =
 
 )";
 
-constexpr const char *layout = R"(  \layout {
-    \context { \Score \override TextSpanner.bound-details.right.text = \markup \draw-line #'(0 . -1) }
+constexpr const char *layout =
+    R"(    \context { \Score \override TextSpanner.bound-details.right.text = \markup \draw-line #'(0 . -1) }
+    \context { \Score \override Hairpin.minimum-length = #6 }
     \context { \Staff \omit StringNumber }
   }
   % Without the percent sign, LilyPond makes a MIDI file too:
   % \midi { \context { \Score midiMergeUnisons = ##f midiChannelMapping = #'instrument } \context { \ChordNames \remove "Note_performer" } }
 )";
+
+/// Room for the names at the left, by the longest of them: what LilyPond leaves is for short ones.
+std::string indents(const ScoreModel &model)
+{
+    constexpr int widthOfLetter = 2; // millimetres, about
+    constexpr int most = 50;
+    int longest = 6;
+    int longestShort = 2;
+    for (const auto &track : model.tracks()) {
+        longest = std::max(longest, QString::fromStdString(track->name()).size());
+        longestShort = std::max(longestShort, QString::fromStdString(track->shortName()).size());
+    }
+    const auto room = [&](int letters) {
+        return std::to_string(std::min(most, letters * widthOfLetter + 4)) + "\\mm";
+    };
+    return "    indent = " + room(longest) + "\n    short-indent = " + room(longestShort) + '\n';
+}
+
+/// The usual sizes in points: parts for players large, scores of many staves small.
+int staffSize(const ScoreModel &model)
+{
+    struct Size {
+        unsigned staves; ///< at most
+        int points;
+    };
+    constexpr std::array sizes = {Size{2, 20}, Size{4, 17}, Size{8, 15}, Size{12, 13}};
+    constexpr int smallest = 11;
+    unsigned staves = 0;
+    for (const auto &track : model.tracks())
+        staves += track->staffCount() * (track->notations().tablature ? 2 : 1);
+    for (const Size &size : sizes)
+        if (staves <= size.staves)
+            return size.points;
+    return smallest;
+}
 
 class Writer {
 public:
@@ -141,7 +178,8 @@ std::string Writer::write()
         music += _tracks.back().variables;
         hasChords = hasChords || _tracks.back().hasChords;
     }
-    std::string text = "\\version \"2.24.0\"\n\n" + header();
+    std::string text = "\\version \"2.24.0\"\n\n#(set-global-staff-size "
+        + std::to_string(staffSize(_model)) + ")\n\n" + header();
     for (const std::string &dynamic : _dynamics)
         text += dynamic + " = #(make-dynamic-script " + quoted(dynamic) + ")\n";
     if (hasChords)
@@ -151,7 +189,7 @@ std::string Writer::write()
     text += music + "\\score {\n<<\n";
     text += _tracks.empty() ? "\\new Staff \\global\n"
                             : parts(0, 0, static_cast<unsigned>(_tracks.size()));
-    return text + ">>\n" + layout + "}\n";
+    return text + ">>\n  \\layout {\n" + indents(_model) + layout + "}\n";
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 
 #include <set>
 #include <string>
+#include <vector>
 
 namespace zarn {
 
@@ -28,8 +29,9 @@ struct StaffContext {
     /// fretted staves are written as they sound, under a clef that says so.
     int shift = 0;
 
-    /// Semitones from what the strings sound to the notes of the file, see `shift`.
-    int stringShift = 0;
+    /// MIDI keys of the open strings as the file enters them, under their capos; the lowest string
+    /// first.
+    std::vector<int> openStrings;
 
     /// Names of the drums of an unpitched staff; null on others.
     DrumTable *drums = nullptr;

@@ -81,6 +81,7 @@ private:
     StaffText writeStaff(const Staff &staff);
     std::string lyricsOf(const Staff &staff, const std::vector<VoiceName> &voices);
     std::string tabOf(const Staff &staff, const std::vector<VoiceName> &voices, bool isAlone) const;
+    std::vector<int> openStringsOf(const Staff &staff) const;
     std::string names() const;
     void define(const std::string &name, const std::string &mode, const std::string &music)
     {
@@ -145,26 +146,32 @@ std::string Writer::lyricsOf(const Staff &staff, const std::vector<VoiceName> &v
     return score;
 }
 
+std::vector<int> Writer::openStringsOf(const Staff &staff) const
+{
+    std::vector<int> keys = staff.tuning().midiNumbers();
+    const auto &partial = staff.partialCapoStringFlags();
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        const bool isUnderPartial =
+            staff.partialCapoFret() != 0 && i < partial.size() && partial[i];
+        keys[i] += static_cast<int>(isUnderPartial ? staff.partialCapoFret() : staff.capoFret())
+            - (stringOffset(staff) - shiftOf(staff));
+    }
+    return keys;
+}
+
 std::string Writer::tabOf(const Staff &staff, const std::vector<VoiceName> &voices,
                           bool isAlone) const
 {
     std::string strings;
-    const int residual = stringOffset(staff) - shiftOf(staff);
-    const auto &partial = staff.partialCapoStringFlags();
-    const auto &keys = staff.tuning().midiNumbers();
-    for (std::size_t i = 0; i < keys.size(); ++i) {
-        const bool isUnderPartial =
-            staff.partialCapoFret() != 0 && i < partial.size() && partial[i];
-        const unsigned capo = isUnderPartial ? staff.partialCapoFret() : staff.capoFret();
-        strings += (strings.empty() ? "" : " ")
-            + keyText(keys[i] + static_cast<int>(capo) - residual, false);
-    }
+    for (const int key : openStringsOf(staff))
+        strings += (strings.empty() ? "" : " ") + keyText(key, false);
     std::string text = "\\new TabStaff \\with {";
     if (isAlone)
         text += names() + " midiInstrument = "
             + quoted(midiInstrument(
                 _track.sounds().empty() ? 0 : _track.sounds().front()->midiSound().program()));
-    text += " stringTunings = \\stringTuning <" + strings + "> } <<\n";
+    text +=
+        " handleNegativeFrets = #'ignore stringTunings = \\stringTuning <" + strings + "> } <<\n";
     if (isAlone)
         text += std::string("\\tabFullNotation\n") + (_hasGlobal ? "\\global\n" : "");
     for (const VoiceName &voice : voices)
@@ -182,7 +189,7 @@ Writer::StaffText Writer::writeStaff(const Staff &staff)
                                staff,
                                _frame,
                                shiftOf(staff),
-                               stringOffset(staff) - shiftOf(staff),
+                               openStringsOf(staff),
                                isDrums ? &_drums : nullptr,
                                _dynamics,
                                _report};

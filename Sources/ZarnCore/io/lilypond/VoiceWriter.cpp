@@ -38,6 +38,15 @@ bool isSeen(const Bar &bar, unsigned voice)
            });
 }
 
+/// The voices that are seen above a slot.
+unsigned rankOf(const Bar &bar, unsigned slot)
+{
+    unsigned rank = 0;
+    for (unsigned voice = 0; voice < slot; ++voice)
+        rank += isSeen(bar, voice) ? 1 : 0;
+    return rank;
+}
+
 /// What the usual dynamics of the language are; the rest is made where it is used.
 bool isKnownDynamic(const std::string &text)
 {
@@ -125,12 +134,9 @@ void VoiceWriter::foldSimiles(std::vector<std::string> &texts) const
 std::string VoiceWriter::voiceCommand(const Bar &bar) const
 {
     unsigned seen = 0;
-    unsigned rank = 0;
-    for (unsigned voice = 0; voice < Bar::MaxVoices; ++voice) {
-        rank += voice < _voice && isSeen(bar, voice) ? 1 : 0;
+    for (unsigned voice = 0; voice < Bar::MaxVoices; ++voice)
         seen += isSeen(bar, voice) ? 1 : 0;
-    }
-    return seen > 1 ? voiceCommands.at(rank) : "\\oneVoice";
+    return seen > 1 ? voiceCommands.at(rankOf(bar, _voice)) : "\\oneVoice";
 }
 
 std::string VoiceWriter::barText(unsigned bar)
@@ -202,13 +208,15 @@ std::string VoiceWriter::graceText(std::size_t first, std::size_t end)
 }
 
 /// Beams of stems that point both ways are drawn well by nobody: notes with flags keep their
-/// direction where all of the bar have the same.
+/// direction where all of the bar have the same, those of tremolos have none.
 bool VoiceWriter::hasStemOfItsOwn(const VoiceBeat &place) const
 {
+    const auto index = static_cast<std::size_t>(&place - _beats.all().data());
+    if (isTremoloPair(_beats, index) || (index > 0 && isTremoloPair(_beats, index - 1)))
+        return false;
     const auto isBeamable = [](const Beat &beat) {
         return !beat.isGrace() && beat.hasNotes()
-            && (beat.tremoloToNext() != 0
-                || beat.rhythmValue().getNoteValue() >= RhythmValue::NoteValue::Eighth);
+            && beat.rhythmValue().getNoteValue() >= RhythmValue::NoteValue::Eighth;
     };
     if (!isBeamable(*place.beat))
         return true;
@@ -268,13 +276,9 @@ std::vector<VoiceWriter::Tone> VoiceWriter::tonesOf(const VoiceBeat &place) cons
     std::vector<Tone> tones;
     for (const auto &note : place.beat->notes()) {
         const std::string text = toneText(*note, place);
-        const bool isTwice = std::any_of(tones.begin(), tones.end(), [&](const Tone &other) {
-            return other.text == text
-                && (note->string() < 0 || other.note->string() == note->string());
-        });
         if (text.empty())
             lose("note without a pitch", place);
-        else if (!isTwice)
+        else
             tones.push_back({note.get(), text});
     }
     return tones;
@@ -369,19 +373,13 @@ std::string VoiceWriter::strumText(const VoiceBeat &place, std::string &command)
     return "\\arpeggio";
 }
 
-/// Whether the string of a note reaches down to its pitch: tablature works the fret out by itself.
-bool VoiceWriter::hasFittingString(const Note &note, const VoiceBeat &place) const
+/// Tablature works frets out by itself, and leaves out what lies below its string.
+void VoiceWriter::checkString(const Note &note, const VoiceBeat &place) const
 {
-    const auto &keys = _context.staff.tuning().midiNumbers();
+    const int open = _context.openStrings[static_cast<std::size_t>(note.string())];
     const int midi = Music::midi(note);
-    if (note.string() < 0 || note.string() >= static_cast<int>(keys.size()) || midi < 0)
-        return false;
-    const int open = keys[static_cast<std::size_t>(note.string())]
-        + static_cast<int>(_context.staff.capoFret()) - _context.stringShift;
-    if (midi + _context.shift >= open)
-        return true;
-    lose("string that does not reach down to the pitch", place);
-    return false;
+    if (note.fret() >= 0 && midi + _context.shift - open != note.fret() && !note.isDead())
+        lose("fret that does not sound like its note", place);
 }
 
 /// The notes or the rest of a beat with all that hangs on it.
@@ -399,6 +397,8 @@ std::string VoiceWriter::coreText(std::size_t index, const std::string &duration
     for (const Tone &tone : tones) {
         const bool hasString =
             _context.drums == nullptr && tone.note->string() >= 0 && tone.note->string() < strings;
+        if (hasString)
+            checkString(*tone.note, place);
         const NoteWords words = _context.drums != nullptr
             ? NoteWords{tone.note->isGhost() ? "\\parenthesize " : "", "", false}
             : wordsOf(*tone.note, _context.track, hasString ? strings - tone.note->string() : 0);
@@ -422,16 +422,17 @@ std::string VoiceWriter::coreText(std::size_t index, const std::string &duration
     return text + takePending();
 }
 
-/// Whether two voices above rest there too: there is no room for a third sign.
+/// Whether a voice above whose stems point the same way rests there too: there is no room for both.
 bool VoiceWriter::isRestOfOthers(const VoiceBeat &place) const
 {
-    unsigned others = 0;
+    const unsigned rank = rankOf(*place.bar, _voice);
     for (unsigned voice = 0; voice < _voice && !place.beat->isGrace(); ++voice) {
         const auto &held = place.bar->voices().at(voice);
-        const auto other = held ? held->beatAt(place.onset) : nullptr;
-        others += other && other->isRest() ? 1 : 0;
+        const auto other = held && isSeen(*place.bar, voice) ? held->beatAt(place.onset) : nullptr;
+        if (other && other->isRest() && rankOf(*place.bar, voice) % 2 == rank % 2)
+            return true;
     }
-    return others > 1;
+    return false;
 }
 
 std::string VoiceWriter::restText(std::size_t index) const

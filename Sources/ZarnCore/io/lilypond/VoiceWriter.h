@@ -40,7 +40,7 @@ private:
     std::string tremoloText(std::size_t index);
     bool hasStemOfItsOwn(const VoiceBeat &place) const;
     bool isRestOfOthers(const VoiceBeat &place) const;
-    bool hasFittingString(const Note &note, const VoiceBeat &place) const;
+    void checkString(const Note &note, const VoiceBeat &place) const;
     std::string coreText(std::size_t index, const std::string &duration);
     std::string restText(std::size_t index) const;
     std::string dynamicEvents(std::size_t index);
