@@ -406,7 +406,7 @@ void addTremolos(RowDraft &row, const SystemDraft &draft)
             continue;
         const double gap = 0.75;
         const double left = std::max(rightOf(chord), chord.stemX()) + 0.6;
-        const double right = std::min(next->x, next->stemX()) - 0.6;
+        const double right = std::min(leftInkOf(draft, row, *next), next->stemX()) - 0.4;
         const double y0 = chord.chord->hasStem ? chord.stemTip + inward * 0.9
                                                : chord.top() - 1.5;
         const double y1 = next->chord->hasStem ? next->stemTip + inward * 0.9

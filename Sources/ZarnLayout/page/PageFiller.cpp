@@ -14,7 +14,7 @@ double heightOf(const std::vector<SystemHeight> &systems, unsigned first, unsign
 {
     double height = 0;
     for (unsigned i = first; i < end; ++i)
-        height += systems[i].height() + (i > first ? systemGap : 0);
+        height += systems[i].height() + (i > first ? systemGap - systems[i].nesting : 0);
     return height;
 }
 
@@ -34,6 +34,8 @@ FilledPage fill(const std::vector<SystemHeight> &systems, unsigned first, unsign
     }
     double y = 0;
     for (unsigned i = first; i < end; ++i) {
+        if (i > first)
+            y -= systems[i].nesting;
         page.places.push_back(y + systems[i].top);
         y += systems[i].height() + systemGap + stretch;
     }
@@ -54,7 +56,8 @@ std::vector<FilledPage> fillPages(const std::vector<SystemHeight> &systems, cons
         for (unsigned end = first + 1; end <= count; ++end) {
             if (end > first + 1 && systems[end - 1].breaksBefore)
                 break;
-            height += systems[end - 1].height() + (end > first + 1 ? systemGap : 0);
+            height += systems[end - 1].height()
+                + (end > first + 1 ? systemGap - systems[end - 1].nesting : 0);
             if (height > space && end > first + 1)
                 break;
             const double rest = std::max(0.0, space - height) / std::max(space, 1.0);

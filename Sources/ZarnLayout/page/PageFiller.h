@@ -9,6 +9,7 @@ namespace zarn::engraving {
 struct SystemHeight {
     double top = 0;    ///< from the top line of its first row up
     double bottom = 0; ///< and down
+    double nesting = 0; ///< how far it may move up between the ink of the system above
     bool breaksBefore = false;
 
     double height() const noexcept { return top + bottom; }

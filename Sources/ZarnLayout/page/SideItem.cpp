@@ -46,6 +46,20 @@ void place(RowDraft &row, SideItems items)
     }
 }
 
+const Ink &inkOf(const SystemDraft &draft, const RowDraft &row, const PlacedChord &chord,
+                 std::uint32_t number)
+{
+    return draft.score.bars[row.number][chord.shownBar].inks[number];
+}
+
+double leftInkOf(const SystemDraft &draft, const RowDraft &row, const PlacedChord &chord)
+{
+    double left = chord.x;
+    for (std::uint32_t i = chord.chord->firstInk; i < chord.chord->inkEnd; ++i)
+        left = std::min(left, chord.x + inkOf(draft, row, chord, i).box.left);
+    return left;
+}
+
 double rightOf(const PlacedChord &chord)
 {
     double right = chord.x + chord.chord->width;

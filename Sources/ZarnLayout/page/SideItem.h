@@ -57,7 +57,14 @@ std::vector<ChordRun> runsOf(const SystemDraft &draft, const RowDraft &row, Has 
     return runs;
 }
 
-/// Where the ink of a chord ends on the right.
+/// A mark of a chord, around the origin of the chord.
+const Ink &inkOf(const SystemDraft &draft, const RowDraft &row, const PlacedChord &chord,
+                 std::uint32_t number);
+
+/// Where the ink of a chord begins, accidentals included.
+double leftInkOf(const SystemDraft &draft, const RowDraft &row, const PlacedChord &chord);
+
+/// Where the heads of a chord end on the right.
 double rightOf(const PlacedChord &chord);
 
 MarkPlace placeOf(const RowDraft &row, const PlacedChord &chord, int note = -1);

@@ -33,7 +33,7 @@ std::vector<SlurSpan> markedSlurs(const RowDraft &row)
         if (isOpen && marks.isSlurredToPrevious())
             spans.back().last = i;
         const bool begins =
-            marks.isSlurredToNext() && (!marks.isSlurredToPrevious() || marks.beginsSlur());
+            marks.isSlurredToNext() && (!marks.isSlurredToPrevious() || marks.beginsSlur() || !isOpen);
         if (begins)
             spans.push_back({i, i, false, false});
         isOpen = marks.isSlurredToNext();
@@ -86,7 +86,7 @@ public:
         const PlacedChord &last = _row.chords[span.last];
         const bool isAbove = sideOf(span);
         Point from = endAt(first, isAbove, true);
-        Point to = span.goesOn ? Point{_draft.right - 0.2, 0} : endAt(last, isAbove, false);
+        Point to = span.goesOn ? Point{_draft.musicRight() - 0.1, 0} : endAt(last, isAbove, false);
         if (span.comesFromBefore)
             from.x = _draft.musicLeft - 0.3;
         if (span.comesFromBefore && span.goesOn)
@@ -183,6 +183,11 @@ private:
                 if (x > chord.x + head.x - 0.1 && x < chord.x + head.x + head.width + 0.1)
                     y = isAbove ? std::min({y, head.y - 0.5, chord.signTop})
                                 : std::max({y, head.y + 0.5, chord.signBottom});
+            for (std::uint32_t i = chord.chord->firstInk; i < chord.chord->inkEnd; ++i)
+                if (const Ink &ink = inkOf(_draft, _row, chord, i);
+                    ink.kind == MarkKind::Accidental && x > chord.x + ink.box.left - 0.1
+                    && x < chord.x + ink.box.right + 0.1)
+                    y = isAbove ? std::min(y, ink.box.top) : std::max(y, ink.box.bottom);
             if (chord.chord->hasStem && std::abs(x - chord.stemX()) < 0.35) {
                 y = isAbove ? std::min({y, chord.stemTip, chord.chord->stemRoot})
                             : std::max({y, chord.stemTip, chord.chord->stemRoot});
@@ -255,7 +260,7 @@ private:
         const bool isTab = _row.row->notation == Notation::Tablature;
         const double left = headLeft(chord, head) + head.width / 2 + 0.1;
         const double right = end ? headLeft(*target, *end) + end->width / 2 - 0.1
-                                 : _draft.right - 0.3;
+                                 : _draft.musicRight() - 0.2;
         const bool isAbove = isTab || !chord.chord->isStemUp;
         const double sign = isAbove ? -1 : 1;
         const double off = sign * (isTab ? 0.8 : 0.7);
@@ -291,7 +296,8 @@ private:
         if (out == SlideOut::None)
             return;
         if (out == SlideOut::Shift || out == SlideOut::Legato) {
-            const double stop = end ? headLeft(*target, *end) - 0.2 : _draft.right - 0.3;
+            const double stop = end ? leftInkOf(_draft, _row, *target) - 0.2
+                                    : _draft.musicRight() - 0.2;
             if (stop < right + 0.5)
                 return;
             double from = head.y;

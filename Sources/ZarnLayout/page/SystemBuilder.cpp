@@ -118,10 +118,21 @@ BuiltSystem SystemBuilder::build(unsigned first, unsigned end, double width,
     for (const RowDraft &row : draft.rows) {
         system.top = std::max(system.top, row.above.outermost() - row.y);
         system.bottom = std::max(system.bottom, row.below.outermost() + row.y);
+        // With the handles of curves: whoever measures boxes finds them inside too.
+        for (const Ink &ink : row.inks)
+            for (const Point &point : ink.points) {
+                system.top = std::max(system.top, 0.2 - point.y - row.y);
+                system.bottom = std::max(system.bottom, 0.2 + point.y + row.y);
+            }
     }
     for (const Ink &ink : draft.inks) {
         system.top = std::max(system.top, -ink.box.top);
         system.bottom = std::max(system.bottom, ink.box.bottom);
+    }
+    if (!draft.rows.empty()) {
+        system.above = draft.rows.front().above;
+        system.below = draft.rows.back().below;
+        system.lastRow = draft.rows.back().y;
     }
     system.drawing = draw(draft);
     return system;
@@ -167,6 +178,8 @@ void SystemBuilder::placeBars(SystemDraft &draft, double width, bool isJustified
         _score.spaced[i].addTo(line);
         keepWordsApart(i, start, line, lastWords);
     }
+    for (const auto &[key, end] : lastWords)
+        line.addRodTo(line.columnCount() - 1, end.first, end.second - tail.width - 0.2);
     const double room = width - draft.staffLeft - tail.width;
     double factor = line.factorFor(room);
     const bool isLastLine = draft.end == _score.shown.size();

@@ -19,6 +19,9 @@ struct BuiltSystem {
     double bottom = 0; ///< below
     unsigned first = 0;
     unsigned end = 0;
+    Skyline above = Skyline(0, 0); ///< of the first row
+    Skyline below = Skyline(0, 0); ///< of the last row
+    double lastRow = 0;            ///< y of the top line of the last row
 };
 
 /// Justifies the bars of a system and draws it.

@@ -104,6 +104,9 @@ struct SystemDraft {
     std::vector<RowDraft> rows;
     std::vector<BarPlace> bars;
 
+    /// Where the last bar ends: behind it are its line and what warns of the next system.
+    double musicRight() const noexcept { return bars.empty() ? right : bars.back().right; }
+
     /// Ink over the whole system: bar lines through staves, brackets.
     Inks inks;
 };

@@ -127,7 +127,7 @@ private:
             addCurve(chord, head, from, endAt(*next, *end, side, false), side);
         else
             addCurve(chord, head, from,
-                     {leavesSystem ? std::max(_draft.right - 0.3, from.x + 1)
+                     {leavesSystem ? std::max(_draft.musicRight() - 0.1, from.x + 0.8)
                                    : from.x + shortTie,
                       from.y},
                      side);
@@ -137,7 +137,7 @@ private:
     {
         const int side = sideOf(chord, head);
         const Point to = endAt(chord, head, side, false);
-        const double start = entersSystem ? std::min(_draft.musicLeft - 0.2, to.x - 1.2)
+        const double start = entersSystem ? std::min(_draft.musicLeft - 0.45, to.x - 0.7)
                                           : to.x - shortTie;
         addCurve(chord, head, {start, to.y}, to, side);
     }

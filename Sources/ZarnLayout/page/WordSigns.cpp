@@ -179,7 +179,7 @@ void addDynamics(RowDraft &row, const SystemDraft &draft)
             const PlacedChord &last = row.chords[end - 1];
             const PlacedChord *next = nextChord(row, end - 1);
             double left = first.x;
-            double right = next ? next->x - 0.4 : draft.right - 0.4;
+            double right = next ? next->x - 0.4 : draft.musicRight() - 0.4;
             for (const BarPlace &bar : draft.bars)
                 if (bar.shownBar == last.shownBar && !(next && next->shownBar == last.shownBar))
                     right = bar.right - 0.4;
@@ -220,14 +220,33 @@ void addLyrics(RowDraft &row, const SystemDraft &draft)
         Box box;
         std::size_t number;
     };
-    std::map<unsigned, std::vector<Sung>> lines;
+    // Voices that sing at once have lines of their own; others take turns on one.
+    std::map<std::pair<unsigned, unsigned>, std::vector<Sung>> lines;
     const std::uint8_t visible = draft.score.tracks[row.row->track].lyricsVisible;
     for (std::size_t i = 0; i < row.chords.size(); ++i)
         if (const auto &details = row.chords[i].beat().details)
             for (const Syllable &syllable : details->lyrics)
                 if ((visible >> syllable.line & 1) != 0)
-                    lines[syllable.line].push_back({&row.chords[i], &syllable, {}, i});
-    for (auto &[line, sung] : lines) {
+                    lines[{syllable.line, row.chords[i].chord->voice}].push_back(
+                        {&row.chords[i], &syllable, {}, i});
+    for (auto line = lines.begin(); line != lines.end();) {
+        const auto first = lines.find({line->first.first, 0});
+        const bool isSecond = line->first.second > 0 && first != lines.end();
+        const bool isAlone = isSecond
+            && std::none_of(line->second.begin(), line->second.end(), [&](const Sung &sung) {
+                   return std::any_of(first->second.begin(), first->second.end(),
+                                      [&](const Sung &other) {
+                                          return std::abs(other.chord->x - sung.chord->x) < 2;
+                                      });
+               });
+        if (isAlone)
+            first->second.insert(first->second.end(), line->second.begin(), line->second.end());
+        line = isAlone ? lines.erase(line) : std::next(line);
+    }
+    int number = 0;
+    for (auto &entry : lines) {
+        std::vector<Sung> &sung = entry.second;
+        const int line = number++;
         std::stable_sort(sung.begin(), sung.end(), [](const Sung &left, const Sung &right) {
             return left.chord->x < right.chord->x;
         });
@@ -235,7 +254,7 @@ void addLyrics(RowDraft &row, const SystemDraft &draft)
         for (Sung &entry : sung) {
             SideItem item;
             item.side = Side::Below;
-            item.line = lyricLine + static_cast<int>(line);
+            item.line = lyricLine + line;
             item.gap = 0.8;
             item.inks.push_back(draft.pen.text(MarkKind::Lyric, TextRole::Lyric,
                                                entry.syllable->text, entry.chord->headCentre(), 0,
@@ -247,7 +266,7 @@ void addLyrics(RowDraft &row, const SystemDraft &draft)
         const auto addExtra = [&](Ink ink, const Sung &entry) {
             SideItem item;
             item.side = Side::Below;
-            item.line = lyricLine + static_cast<int>(line);
+            item.line = lyricLine + line;
             item.gap = 0.2;
             ink.place = placeOf(row, *entry.chord);
             item.inks.push_back(std::move(ink));

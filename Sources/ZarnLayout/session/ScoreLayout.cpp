@@ -84,7 +84,10 @@ private:
     {
         const SystemBuilder builder(_score, _pen, _problems);
         if (_options.view == ViewLayout::SingleLine) {
-            _systems.push_back(builder.build(0, count(), 1e5, false));
+            double width = builder.indent(true) + 100;
+            for (const BarWidth &bar : barWidths())
+                width += (bar.fixed + bar.spring) * 1.2 + 2;
+            _systems.push_back(builder.build(0, count(), width, false));
             return;
         }
         unsigned first = 0;
@@ -209,8 +212,16 @@ private:
             return;
         }
         std::vector<SystemHeight> heights;
-        for (const BuiltSystem &system : _systems)
-            heights.push_back({system.top, system.bottom, false});
+        for (std::size_t i = 0; i < _systems.size(); ++i) {
+            const BuiltSystem &system = _systems[i];
+            double nesting = 0;
+            if (i > 0) {
+                const BuiltSystem &before = _systems[i - 1];
+                const double least = before.lastRow + before.below.distance(system.above);
+                nesting = std::max(0.0, before.bottom + system.top - least);
+            }
+            heights.push_back({system.top, system.bottom, nesting, false});
+        }
         const double footer = texts.footerHeight();
         const double header = texts.headerHeight();
         const PageRoom room = {std::max(_sheet.height - title - footer, 1.0),
