@@ -27,8 +27,7 @@ public:
         double left, top, right, bottom;
     };
 
-    explicit LaidOut(const zarn::ScoreModel &model,
-                     const zarn::layout::LayoutOptions &options = {})
+    explicit LaidOut(const zarn::ScoreModel &model, const zarn::layout::LayoutOptions &options = {})
         : layout(zarn::layout::layOut(model, options))
     {
         using zarn::layout::toSpaces;

@@ -26,8 +26,8 @@ double clearPlace(const std::vector<Box> &shape, const std::vector<Box> &boxes, 
         moved = false;
         for (const Box &part : shape)
             for (const Box &box : boxes)
-                if (part.movedBy(x, 0).meets({box.left - gap, box.top - 0.05, box.right,
-                                              box.bottom + 0.05})) {
+                if (part.movedBy(x, 0).meets(
+                        {box.left - gap, box.top - 0.05, box.right, box.bottom + 0.05})) {
                     x = box.left - gap - part.right - 1e-6;
                     moved = true;
                 }
@@ -77,10 +77,9 @@ void packAccidentals(std::vector<PackedAccidental> &accidentals, const std::vect
         std::vector<Box> shape;
         for (const Ink &ink : accidental.inks)
             for (const Box &part : fonts.shape(ink.glyph))
-                shape.push_back({ink.at.x + part.left * ink.scale,
-                                 accidental.y + part.top * ink.scale,
-                                 ink.at.x + part.right * ink.scale,
-                                 accidental.y + part.bottom * ink.scale});
+                shape.push_back(
+                    {ink.at.x + part.left * ink.scale, accidental.y + part.top * ink.scale,
+                     ink.at.x + part.right * ink.scale, accidental.y + part.bottom * ink.scale});
         // No accidental stands right of the first heads, even where there is room.
         double width = 0;
         for (const Box &part : shape)

@@ -115,8 +115,8 @@ void BarEngraver::addHeads(Chord &chord)
         // A slash for the whole beat; strings that are slapped dead are a cross on the staff.
         Head head;
         head.note = beat.firstNote;
-        head.line = static_cast<std::int16_t>(_row.notation == Notation::Tablature ? middle / 2
-                                                                                   : middle);
+        head.line =
+            static_cast<std::int16_t>(_row.notation == Notation::Tablature ? middle / 2 : middle);
         head.glyph = fonts.glyph(_row.notation == Notation::Slash ? slashHead(beat.rhythm)
                                                                   : Sign::NoteheadXBlack);
         chord.heads.push_back(head);
@@ -135,8 +135,8 @@ void BarEngraver::addHeads(Chord &chord)
                 if (note.string < 0)
                     head.line = static_cast<std::int16_t>(i % std::max(1U, _row.lineCount));
             } else {
-                head.line = note.line == NoteSource::NoLine ? static_cast<std::int16_t>(middle)
-                                                            : note.line;
+                head.line =
+                    note.line == NoteSource::NoLine ? static_cast<std::int16_t>(middle) : note.line;
                 if (note.line == NoteSource::NoLine)
                     _problems.add(placeOf(chord, static_cast<int>(i)),
                                   "The note has no place on the staff.");
@@ -312,10 +312,9 @@ void BarEngraver::placeVoices()
             Chord &chord = chords[index];
             if (chord.isRest())
                 continue;
-            const bool isShared =
-                std::any_of(done.begin(), done.end(), [&](std::size_t other) {
-                    return chords[other].x == 0 && shareHeads(chords[other], chord);
-                });
+            const bool isShared = std::any_of(done.begin(), done.end(), [&](std::size_t other) {
+                return chords[other].x == 0 && shareHeads(chords[other], chord);
+            });
             if (!isShared) {
                 const std::vector<Box> shape = chordShape(chord, fonts);
                 double x = 0;
@@ -352,9 +351,8 @@ void BarEngraver::placeRest(Chord &chord, std::vector<Box> &taken)
     // Away from the other voices, line by line.
     for (int tries = 0; tries < 24; ++tries, chord.restShift += step) {
         const Box box = ink.box.movedBy(chord.x, chord.restShift - 2 * step);
-        const bool meets = std::any_of(taken.begin(), taken.end(), [&](const Box &other) {
-            return box.meets(other, 0.15);
-        });
+        const bool meets = std::any_of(taken.begin(), taken.end(),
+                                       [&](const Box &other) { return box.meets(other, 0.15); });
         if (!meets) {
             taken.push_back(box);
             return;
@@ -413,19 +411,19 @@ void BarEngraver::addWordSpaces(const Chord &chord, std::vector<SpaceBox> &boxes
     const double centre = chord.x + chord.width / 2;
     for (const Syllable &syllable : details.lyrics) {
         const double width = _pen.fonts().textBox(syllable.text, TextRole::Lyric).right;
-        const bool wordGoesOn = syllable.syllabic == Syllabic::Begin
-            || syllable.syllabic == Syllabic::Middle;
+        const bool wordGoesOn =
+            syllable.syllabic == Syllabic::Begin || syllable.syllabic == Syllabic::Middle;
         const double y = lyricSpaceY + 10.0 * syllable.line;
-        boxes.push_back({{centre - width / 2, y, centre + width / 2 + (wordGoesOn ? 0.8 : 0),
-                          y + 1},
-                         SpaceBox::Kind::Text});
+        boxes.push_back(
+            {{centre - width / 2, y, centre + width / 2 + (wordGoesOn ? 0.8 : 0), y + 1},
+             SpaceBox::Kind::Text});
     }
     if (!details.chord.symbol.empty()) {
         const double width =
             _pen.fonts().textBox(details.chord.symbol, TextRole::ChordSymbol).right;
         const double left = details.chord.diagram ? centre - width / 2 : chord.x;
-        boxes.push_back({{left, symbolSpaceY, left + width, symbolSpaceY + 1},
-                         SpaceBox::Kind::Text});
+        boxes.push_back(
+            {{left, symbolSpaceY, left + width, symbolSpaceY + 1}, SpaceBox::Kind::Text});
     }
     if (details.chord.diagram) {
         const double half = 0.45 * static_cast<double>(details.chord.diagram->frets.size()) + 0.8;
@@ -446,21 +444,36 @@ void BarEngraver::addSpaces()
             switch (ink.kind) {
             case MarkKind::NoteHead:
             case MarkKind::Slash:
-            case MarkKind::Fret: kind = SpaceBox::Kind::Head; break;
-            case MarkKind::Accidental: kind = SpaceBox::Kind::Accidental; break;
-            case MarkKind::AugmentationDot: kind = SpaceBox::Kind::Dot; break;
+            case MarkKind::Fret:
+                kind = SpaceBox::Kind::Head;
+                break;
+            case MarkKind::Accidental:
+                kind = SpaceBox::Kind::Accidental;
+                break;
+            case MarkKind::AugmentationDot:
+                kind = SpaceBox::Kind::Dot;
+                break;
             case MarkKind::Stem:
-            case MarkKind::Flag: kind = SpaceBox::Kind::Stem; break;
-            case MarkKind::LedgerLine: kind = SpaceBox::Kind::Ledger; break;
-            case MarkKind::Rest: kind = SpaceBox::Kind::Rest; break;
-            default: break;
+            case MarkKind::Flag:
+                kind = SpaceBox::Kind::Stem;
+                break;
+            case MarkKind::LedgerLine:
+                kind = SpaceBox::Kind::Ledger;
+                break;
+            case MarkKind::Rest:
+                kind = SpaceBox::Kind::Rest;
+                break;
+            default:
+                break;
             }
             boxes.push_back({ink.box.movedBy(chord.x, 0), kind});
         }
         if (_row.isFirstOfStaff && chord.beat->marks.dynamic() != NoteDynamic()) {
             constexpr double letter = 1.25;
-            const double half =
-                letter * static_cast<double>(NoteDynamic::textOf(chord.beat->marks.dynamic().value()).size()) / 2;
+            const double half = letter
+                * static_cast<double>(
+                                    NoteDynamic::textOf(chord.beat->marks.dynamic().value()).size())
+                / 2;
             const double centre = chord.x + chord.width / 2;
             boxes.push_back({{centre - half, dynamicSpaceY, centre + half, dynamicSpaceY + 1},
                              SpaceBox::Kind::Text});

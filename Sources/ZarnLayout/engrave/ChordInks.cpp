@@ -142,8 +142,7 @@ void ChordInks::add(EngravedBar &bar)
         if (chord.beat->rhythm.getAugmentationDot() > 0
             && (_row.notation != Notation::Tablature || _row.hasRhythm)) {
             std::vector<Chord *> single = {&chord};
-            addDots(chord,
-                    dotStart(chord, chord.beat->isGrace() ? single : mains[chord.column]),
+            addDots(chord, dotStart(chord, chord.beat->isGrace() ? single : mains[chord.column]),
                     bar.inks);
         }
         addArpeggio(chord, left, bar.inks);
@@ -166,15 +165,14 @@ void ChordInks::addHeads(const Chord &chord, Inks &inks) const
 {
     for (const Head &head : chord.heads) {
         const bool isNote = chord.beat->noteCount > 0 && _row.notation != Notation::Slash;
-        const MarkPlace place =
-            placeOf(chord, isNote ? head.note - chord.beat->firstNote : -1);
+        const MarkPlace place = placeOf(chord, isNote ? head.note - chord.beat->firstNote : -1);
         if (isNote && _row.notation == Notation::Tablature) {
             addFret(inks, _source.notes[head.note], head, chord.scale, place, _pen);
             continue;
         }
         Ink ink = _pen.glyph(_row.notation == Notation::Slash ? MarkKind::Slash
-                                 : isNote                    ? MarkKind::NoteHead
-                                                             : MarkKind::Technique,
+                                 : isNote                     ? MarkKind::NoteHead
+                                                              : MarkKind::Technique,
                              head.glyph, head.x, head.y, chord.scale);
         ink.place = place;
         inks.push_back(std::move(ink));
@@ -246,9 +244,9 @@ void ChordInks::addStem(const Chord &chord, Inks &inks) const
     inks.push_back(std::move(stem));
     if (chord.beat->marks.isSlashedGrace() && chord.beat->isGrace()) {
         const double inward = chord.isStemUp ? 1 : -1;
-        Ink slash = _pen.line(MarkKind::GraceSlash,
-                              {chord.stemX - 0.6, chord.stemTip + inward * 1.5},
-                              {chord.stemX + 0.75, chord.stemTip + inward * 0.45}, 0.12);
+        Ink slash =
+            _pen.line(MarkKind::GraceSlash, {chord.stemX - 0.6, chord.stemTip + inward * 1.5},
+                      {chord.stemX + 0.75, chord.stemTip + inward * 0.45}, 0.12);
         slash.place = placeOf(chord);
         inks.push_back(std::move(slash));
     }
@@ -277,9 +275,10 @@ double ChordInks::dotStart(const Chord &chord, const std::vector<Chord *> &colum
         for (const Head &head : other->heads)
             right = std::max(right, other->x - chord.x + head.x + head.width);
         if (other->isRest())
-            right = std::max(
-                right, other->x - chord.x
-                           + _pen.fonts().box(restOf(other->beat->rhythm.getNoteValue())).right);
+            right =
+                std::max(right,
+                         other->x - chord.x
+                             + _pen.fonts().box(restOf(other->beat->rhythm.getNoteValue())).right);
     }
     // A flag that comes down as far as the dot.
     const int flags = chord.beat->flagCount();
@@ -331,8 +330,7 @@ void ChordInks::addArpeggio(const Chord &chord, double left, Inks &inks) const
     const Direction arpeggio = chord.beat->marks.arpeggioDirection();
     const Direction brush = chord.beat->marks.brushDirection();
     const bool hasBracket = chord.beat->marks.isNonArpeggio();
-    if (chord.isRest()
-        || (arpeggio == Direction::None && brush == Direction::None && !hasBracket))
+    if (chord.isRest() || (arpeggio == Direction::None && brush == Direction::None && !hasBracket))
         return;
     const double top = chord.top() - 0.75;
     const double bottom = chord.bottom() + 0.75;

@@ -12,8 +12,7 @@ namespace zarn::engraving {
 /// heads, ledger lines, stems and flags of what is not beamed, dots, accidentals, arpeggios.
 class ChordInks {
 public:
-    ChordInks(const Row &row, const Pen &pen, const BarSource &source, unsigned bar,
-              bool hasVoices)
+    ChordInks(const Row &row, const Pen &pen, const BarSource &source, unsigned bar, bool hasVoices)
         : _row(row), _pen(pen), _source(source), _bar(bar), _hasVoices(hasVoices)
     {
     }

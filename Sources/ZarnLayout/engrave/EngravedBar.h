@@ -24,21 +24,21 @@ struct Head {
 /// around its origin, the left edge of the heads on the usual side of the stem.
 struct Chord {
     const BeatSource *beat = nullptr;
-    unsigned voice = 0;    ///< number
-    unsigned column = 0;   ///< of its bar
-    double x = 0;          ///< from the column
-    double scale = 1;      ///< of small notes
+    unsigned voice = 0;      ///< number
+    unsigned column = 0;     ///< of its bar
+    double x = 0;            ///< from the column
+    double scale = 1;        ///< of small notes
     std::vector<Head> heads; ///< from the lowest up; none for rests
-    double width = 0;      ///< of the heads on the usual side
-    double restShift = 0;  ///< of a rest, down from its usual place
+    double width = 0;        ///< of the heads on the usual side
+    double restShift = 0;    ///< of a rest, down from its usual place
     bool hasStem = false;
     bool isStemUp = true;
     bool isForced = false; ///< the stem's direction is not free: said, or there are other voices
     bool hasRival = false; ///< other voices are in its bar
     bool isBeamed = false;
-    double stemX = 0;      ///< middle of the stem, from the origin
-    double stemRoot = 0;   ///< y where the stem leaves the head that is farthest from its tip
-    double stemTip = 0;    ///< y
+    double stemX = 0;    ///< middle of the stem, from the origin
+    double stemRoot = 0; ///< y where the stem leaves the head that is farthest from its tip
+    double stemTip = 0;  ///< y
     std::uint32_t firstInk = 0;
     std::uint32_t inkEnd = 0;
 

@@ -54,25 +54,44 @@ layout::TextStyle styleOf(TextRole role, double scale)
     };
     const auto style = [role]() -> Style {
         switch (role) {
-        case TextRole::Words: return {TextFace::Italic, 2.0};
-        case TextRole::Fret: return {TextFace::Roman, 1.85};
-        case TextRole::Letter: return {TextFace::Italic, 1.6};
-        case TextRole::Lyric: return {TextFace::Roman, 2.0};
-        case TextRole::ChordSymbol: return {TextFace::Roman, 2.3};
-        case TextRole::Tempo: return {TextFace::Bold, 2.2};
-        case TextRole::Section: return {TextFace::Bold, 2.2};
-        case TextRole::SectionLetter: return {TextFace::Bold, 2.4};
-        case TextRole::Direction: return {TextFace::BoldItalic, 2.1};
-        case TextRole::Ending: return {TextFace::Roman, 1.7};
-        case TextRole::BarNumber: return {TextFace::Roman, 1.5};
-        case TextRole::TrackName: return {TextFace::Roman, 2.1};
-        case TextRole::Tuning: return {TextFace::Roman, 1.5};
-        case TextRole::Tuplet: return {TextFace::BoldItalic, 1.7};
-        case TextRole::Finger: return {TextFace::Roman, 1.2};
-        case TextRole::Title: return {TextFace::Roman, 4.6};
-        case TextRole::Subtitle: return {TextFace::Roman, 2.8};
-        case TextRole::Credit: return {TextFace::Roman, 2.1};
-        case TextRole::PageText: return {TextFace::Roman, 1.8};
+        case TextRole::Words:
+            return {TextFace::Italic, 2.0};
+        case TextRole::Fret:
+            return {TextFace::Roman, 1.85};
+        case TextRole::Letter:
+            return {TextFace::Italic, 1.6};
+        case TextRole::Lyric:
+            return {TextFace::Roman, 2.0};
+        case TextRole::ChordSymbol:
+            return {TextFace::Roman, 2.3};
+        case TextRole::Tempo:
+            return {TextFace::Bold, 2.2};
+        case TextRole::Section:
+            return {TextFace::Bold, 2.2};
+        case TextRole::SectionLetter:
+            return {TextFace::Bold, 2.4};
+        case TextRole::Direction:
+            return {TextFace::BoldItalic, 2.1};
+        case TextRole::Ending:
+            return {TextFace::Roman, 1.7};
+        case TextRole::BarNumber:
+            return {TextFace::Roman, 1.5};
+        case TextRole::TrackName:
+            return {TextFace::Roman, 2.1};
+        case TextRole::Tuning:
+            return {TextFace::Roman, 1.5};
+        case TextRole::Tuplet:
+            return {TextFace::BoldItalic, 1.7};
+        case TextRole::Finger:
+            return {TextFace::Roman, 1.2};
+        case TextRole::Title:
+            return {TextFace::Roman, 4.6};
+        case TextRole::Subtitle:
+            return {TextFace::Roman, 2.8};
+        case TextRole::Credit:
+            return {TextFace::Roman, 2.1};
+        case TextRole::PageText:
+            return {TextFace::Roman, 1.8};
         }
         return {TextFace::Roman, 2.0};
     }();

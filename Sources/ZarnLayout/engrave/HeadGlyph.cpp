@@ -15,27 +15,45 @@ using Heads = std::array<char16_t, 4>; ///< breve, whole, half, quarter and shor
 Heads headsOf(NoteHead head)
 {
     switch (head) {
-    case NoteHead::Slash: return {0xE10A, 0xE102, 0xE103, 0xE101};
-    case NoteHead::Triangle: return {0xE0BA, 0xE0BB, 0xE0BC, 0xE0BE};
-    case NoteHead::Diamond: return {0xE0D7, 0xE0D8, 0xE0D9, 0xE0DB};
-    case NoteHead::Square: return {0xE0A1, 0xE0B8, 0xE0B8, 0xE0B9};
-    case NoteHead::Cross: return {0xE0A6, 0xE0A7, 0xE0A8, 0xE0A9};
-    case NoteHead::CircleX: return {0xE0B0, 0xE0B1, 0xE0B2, 0xE0B3};
-    case NoteHead::InvertedTriangle: return {0xE0C3, 0xE0C4, 0xE0C5, 0xE0C7};
-    case NoteHead::ArrowDown: return {0xE0F1, 0xE0F2, 0xE0F3, 0xE0F4};
-    case NoteHead::ArrowUp: return {0xE0ED, 0xE0EE, 0xE0EF, 0xE0F0};
-    case NoteHead::Slashed: return {0xE0D5, 0xE0D3, 0xE0D1, 0xE0CF};
-    case NoteHead::BackSlashed: return {0xE0D6, 0xE0D4, 0xE0D2, 0xE0D0};
-    case NoteHead::Do: return {0xE0BA, 0xE0BB, 0xE0BC, 0xE0BE};
-    case NoteHead::Re: return {0xE0CB, 0xE0CA, 0xE0CA, 0xE0CB};
-    case NoteHead::Mi: return {0xE0D7, 0xE0D8, 0xE0D9, 0xE0DB};
-    case NoteHead::Fa: return {0xE0C8, 0xE0C8, 0xE0C8, 0xE0C9};
-    case NoteHead::La: return {0xE0A1, 0xE0B8, 0xE0B8, 0xE0B9};
-    case NoteHead::Ti: return {0xE0CD, 0xE0CC, 0xE0CC, 0xE0CD};
+    case NoteHead::Slash:
+        return {0xE10A, 0xE102, 0xE103, 0xE101};
+    case NoteHead::Triangle:
+        return {0xE0BA, 0xE0BB, 0xE0BC, 0xE0BE};
+    case NoteHead::Diamond:
+        return {0xE0D7, 0xE0D8, 0xE0D9, 0xE0DB};
+    case NoteHead::Square:
+        return {0xE0A1, 0xE0B8, 0xE0B8, 0xE0B9};
+    case NoteHead::Cross:
+        return {0xE0A6, 0xE0A7, 0xE0A8, 0xE0A9};
+    case NoteHead::CircleX:
+        return {0xE0B0, 0xE0B1, 0xE0B2, 0xE0B3};
+    case NoteHead::InvertedTriangle:
+        return {0xE0C3, 0xE0C4, 0xE0C5, 0xE0C7};
+    case NoteHead::ArrowDown:
+        return {0xE0F1, 0xE0F2, 0xE0F3, 0xE0F4};
+    case NoteHead::ArrowUp:
+        return {0xE0ED, 0xE0EE, 0xE0EF, 0xE0F0};
+    case NoteHead::Slashed:
+        return {0xE0D5, 0xE0D3, 0xE0D1, 0xE0CF};
+    case NoteHead::BackSlashed:
+        return {0xE0D6, 0xE0D4, 0xE0D2, 0xE0D0};
+    case NoteHead::Do:
+        return {0xE0BA, 0xE0BB, 0xE0BC, 0xE0BE};
+    case NoteHead::Re:
+        return {0xE0CB, 0xE0CA, 0xE0CA, 0xE0CB};
+    case NoteHead::Mi:
+        return {0xE0D7, 0xE0D8, 0xE0D9, 0xE0DB};
+    case NoteHead::Fa:
+        return {0xE0C8, 0xE0C8, 0xE0C8, 0xE0C9};
+    case NoteHead::La:
+        return {0xE0A1, 0xE0B8, 0xE0B8, 0xE0B9};
+    case NoteHead::Ti:
+        return {0xE0CD, 0xE0CC, 0xE0CC, 0xE0CD};
     case NoteHead::So:
     case NoteHead::Normal:
     case NoteHead::Cluster:
-    case NoteHead::None: break;
+    case NoteHead::None:
+        break;
     }
     return {0xE0A0, 0xE0A2, 0xE0A3, 0xE0A4};
 }
@@ -56,8 +74,7 @@ std::uint32_t headGlyph(const NoteSource &note, const BeatSource &beat, const Fo
         return fonts.glyph(Sign::NoteheadBlack);
     const std::size_t length = row == 3 ? 0 : row == 2 ? 1 : 2;
     const char16_t set = note.setHeads[length];
-    if (set != 0
-        && (note.head == NoteHead::Normal || MusicGlyph(set).noteHead() == note.head))
+    if (set != 0 && (note.head == NoteHead::Normal || MusicGlyph(set).noteHead() == note.head))
         if (const auto glyph = fonts.glyph(set))
             return *glyph;
     NoteHead head = note.head;
@@ -65,8 +82,7 @@ std::uint32_t headGlyph(const NoteSource &note, const BeatSource &beat, const Fo
         head = NoteHead::Slash;
     else if (head == NoteHead::Normal && note.marks.isDead())
         head = NoteHead::Cross;
-    else if (head == NoteHead::Normal
-             && note.marks.harmonic().type == HarmonicType::Natural)
+    else if (head == NoteHead::Normal && note.marks.harmonic().type == HarmonicType::Natural)
         head = NoteHead::Diamond;
     return fonts.glyph(headsOf(head)[row]).value_or(fonts.glyph(Sign::NoteheadBlack));
 }

@@ -15,7 +15,7 @@ using MarkPlace = layout::DrawPlace;
 enum class TextRole : std::uint8_t {
     Words, ///< italic, beside the music
     Fret,
-    Letter,     ///< techniques: "P.M.", "H", "full"
+    Letter, ///< techniques: "P.M.", "H", "full"
     Lyric,
     ChordSymbol,
     Tempo,

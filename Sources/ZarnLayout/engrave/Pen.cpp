@@ -83,8 +83,7 @@ Ink Pen::curve(MarkKind kind, Point from, Point to, double height) const
                   {to.x - inset, to.y - slope * inset - bow * height},
                   to};
     // The middle of the curve, and what is thick of it.
-    const double middle =
-        (from.y + to.y) / 8 + 3 * (ink.points[1].y + ink.points[2].y) / 8;
+    const double middle = (from.y + to.y) / 8 + 3 * (ink.points[1].y + ink.points[2].y) / 8;
     ink.box = boxOf({from, to}, 0);
     ink.box.top = std::min(ink.box.top, middle - ink.thickness / 2);
     ink.box.bottom = std::max(ink.box.bottom, middle + ink.thickness / 2);
@@ -105,10 +104,7 @@ Ink Pen::text(MarkKind kind, TextRole style, const std::string &text, double x, 
     ink.scale = scale;
     const Box box = _fonts.textBox(ink.text, style);
     const double width = box.right * scale;
-    ink.at = {align == Align::Begin        ? x
-                  : align == Align::Centre ? x - width / 2
-                                           : x - width,
-              y};
+    ink.at = {align == Align::Begin ? x : align == Align::Centre ? x - width / 2 : x - width, y};
     ink.box = {ink.at.x + std::min(box.left, 0.0) * scale, y + box.top * scale, ink.at.x + width,
                y + box.bottom * scale};
     return ink;

@@ -35,10 +35,14 @@ ClefSign signOf(const Row &row, ClefType clef)
     if (row.isPercussion || clef == ClefType::Neutral || row.notation == Notation::Slash)
         return {Sign::UnpitchedPercussionClef1, middle};
     switch (clef) {
-    case ClefType::F4: return {Sign::FClef, 6};
-    case ClefType::C3: return {Sign::CClef, 4};
-    case ClefType::C4: return {Sign::CClef, 6};
-    default: return {Sign::GClef, 2};
+    case ClefType::F4:
+        return {Sign::FClef, 6};
+    case ClefType::C3:
+        return {Sign::CClef, 4};
+    case ClefType::C4:
+        return {Sign::CClef, 6};
+    default:
+        return {Sign::GClef, 2};
     }
 }
 

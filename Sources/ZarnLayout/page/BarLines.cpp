@@ -25,13 +25,20 @@ LineStyle styleAtEnd(const ColumnSource &column)
     if (column.doubleBar)
         return LineStyle::Double;
     switch (column.barLine) {
-    case BarLine::Dashed: return LineStyle::Dashed;
-    case BarLine::Dotted: return LineStyle::Dotted;
-    case BarLine::Heavy: return LineStyle::Heavy;
-    case BarLine::Short: return LineStyle::Short;
-    case BarLine::Tick: return LineStyle::Tick;
-    case BarLine::None: return LineStyle::None;
-    case BarLine::Auto: break;
+    case BarLine::Dashed:
+        return LineStyle::Dashed;
+    case BarLine::Dotted:
+        return LineStyle::Dotted;
+    case BarLine::Heavy:
+        return LineStyle::Heavy;
+    case BarLine::Short:
+        return LineStyle::Short;
+    case BarLine::Tick:
+        return LineStyle::Tick;
+    case BarLine::None:
+        return LineStyle::None;
+    case BarLine::Auto:
+        break;
     }
     return column.freeTime ? LineStyle::Dashed : LineStyle::Single;
 }
@@ -50,20 +57,25 @@ double widest(const std::vector<Inks> &rows)
 double widthOf(LineStyle style) noexcept
 {
     switch (style) {
-    case LineStyle::None: return 0;
-    case LineStyle::Double: return thin + separation + thin;
-    case LineStyle::Final: return thin + separation + thick;
+    case LineStyle::None:
+        return 0;
+    case LineStyle::Double:
+        return thin + separation + thin;
+    case LineStyle::Final:
+        return thin + separation + thick;
     case LineStyle::RepeatEnd:
-    case LineStyle::RepeatStart: return dotWidth + dotGap + thin + separation + thick;
+    case LineStyle::RepeatStart:
+        return dotWidth + dotGap + thin + separation + thick;
     case LineStyle::RepeatBoth:
         return 2 * (dotWidth + dotGap + thin + separation) + thick;
-    case LineStyle::Heavy: return thick;
-    default: return thin;
+    case LineStyle::Heavy:
+        return thick;
+    default:
+        return thin;
     }
 }
 
-Joint jointBefore(const EngravedScore &score, unsigned shownBar, JointPlace place,
-                  const Pen &pen)
+Joint jointBefore(const EngravedScore &score, unsigned shownBar, JointPlace place, const Pen &pen)
 {
     const auto rowCount = static_cast<unsigned>(score.rows.size());
     const bool hasNext = shownBar < score.shown.size();
@@ -128,14 +140,13 @@ Joint jointBefore(const EngravedScore &score, unsigned shownBar, JointPlace plac
     return joint;
 }
 
-void addBarLine(SystemDraft &draft, LineStyle style, double x,
-                const std::vector<bool> &isJoined, unsigned bar)
+void addBarLine(SystemDraft &draft, LineStyle style, double x, const std::vector<bool> &isJoined,
+                unsigned bar)
 {
     const auto count = static_cast<unsigned>(draft.rows.size());
     MarkPlace place;
     place.bar = static_cast<std::int32_t>(bar);
-    const auto addLine = [&](double left, double width, bool isDashed = false,
-                             double dash = 0.5) {
+    const auto addLine = [&](double left, double width, bool isDashed = false, double dash = 0.5) {
         for (unsigned i = 0; i < count;) {
             unsigned last = i;
             while (last + 1 < count && isJoined[last])
@@ -167,8 +178,8 @@ void addBarLine(SystemDraft &draft, LineStyle style, double x,
     const auto addDots = [&](double left) {
         for (const RowDraft &row : draft.rows) {
             const double middle = row.y + row.row->height() / 2;
-            const double off = row.row->lineCount % 2 == 1 ? 0.5 * row.row->lineDistance
-                                                           : row.row->lineDistance;
+            const double off =
+                row.row->lineCount % 2 == 1 ? 0.5 * row.row->lineDistance : row.row->lineDistance;
             for (const double y : {middle - off, middle + off}) {
                 Ink dot = draft.pen.glyph(MarkKind::RepeatDots, Sign::RepeatDot, left, y);
                 dot.place = place;
@@ -177,7 +188,8 @@ void addBarLine(SystemDraft &draft, LineStyle style, double x,
         }
     };
     switch (style) {
-    case LineStyle::None: break;
+    case LineStyle::None:
+        break;
     case LineStyle::Double:
         addLine(x, thin);
         addLine(x + thin + separation, thin);
@@ -207,10 +219,18 @@ void addBarLine(SystemDraft &draft, LineStyle style, double x,
         addLine(x, thin);
         addDots(x + thin + dotGap);
         break;
-    case LineStyle::Heavy: addLine(x, thick); break;
-    case LineStyle::Dashed: addLine(x, thin, true); break;
-    case LineStyle::Dotted: addLine(x, thin, true, 0.16); break;
-    default: addLine(x, thin); break;
+    case LineStyle::Heavy:
+        addLine(x, thick);
+        break;
+    case LineStyle::Dashed:
+        addLine(x, thin, true);
+        break;
+    case LineStyle::Dotted:
+        addLine(x, thin, true, 0.16);
+        break;
+    default:
+        addLine(x, thin);
+        break;
     }
 }
 

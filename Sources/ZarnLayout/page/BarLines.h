@@ -43,14 +43,13 @@ struct Joint {
 };
 
 /// The joint in front of a shown bar; the number of shown bars for the one behind the last.
-Joint jointBefore(const EngravedScore &score, unsigned shownBar, JointPlace place,
-                  const Pen &pen);
+Joint jointBefore(const EngravedScore &score, unsigned shownBar, JointPlace place, const Pen &pen);
 
 double widthOf(LineStyle style) noexcept;
 
 /// Draws a bar line through rows that are next to each other. With `isJoined`, row by row, it goes
 /// on to the next row.
-void addBarLine(SystemDraft &draft, LineStyle style, double x,
-                const std::vector<bool> &isJoined, unsigned bar);
+void addBarLine(SystemDraft &draft, LineStyle style, double x, const std::vector<bool> &isJoined,
+                unsigned bar);
 
 } // namespace zarn::engraving

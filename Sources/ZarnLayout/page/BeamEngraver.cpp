@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnLayout/page/BeamEngraver.h>
 
+#include <ZarnLayout/engrave/ChordInks.h>
+
 #include <algorithm>
 #include <cmath>
 
@@ -23,7 +25,9 @@ public:
         : _row(row), _pen(pen)
     {
         for (std::size_t i = first; i < end; ++i)
-            if (!row.chords[i].chord->isRest() && row.chords[i].chord->hasStem)
+            if (row.chords[i].chord->isRest())
+                _rests.push_back(&row.chords[i]);
+            else if (row.chords[i].chord->hasStem)
                 _members.push_back(&row.chords[i]);
     }
 
@@ -92,9 +96,14 @@ private:
         double innermost = _isUp ? 1e9 : -1e9;
         for (const PlacedChord *member : _members) {
             const double part = (member->stemX() - first.stemX()) / width;
-            const double tip =
-                headAtTip(*member) - inward() * wishOf(*member) - wish * part;
+            const double tip = headAtTip(*member) - inward() * wishOf(*member) - wish * part;
             innermost = _isUp ? std::min(innermost, tip) : std::max(innermost, tip);
+        }
+        for (const PlacedChord *rest : _rests) {
+            const Box box = restInk(*_row.row, _pen, *rest->chord).box;
+            const double edge = (_isUp ? box.top : box.bottom)
+                - inward() * (0.4 + step() * std::max(1, mostBeams()));
+            innermost = _isUp ? std::min(innermost, edge) : std::max(innermost, edge);
         }
         const double middle = _row.row->height() / 2;
         if (_scale == 1)
@@ -138,6 +147,14 @@ private:
             if (length < leastOf(*member))
                 cost += 100 * (leastOf(*member) - length);
         }
+        for (const PlacedChord *rest : _rests) {
+            const Box box = restInk(*_row.row, _pen, *rest->chord).box;
+            const double room =
+                inward() * ((_isUp ? box.top : box.bottom) - line.at(rest->x + box.right / 2))
+                - step() * std::max(1, mostBeams());
+            if (room < 0.1)
+                cost += 60 * (0.1 - room);
+        }
         cost += 6 * std::abs(rise - wish);
         if (rise * wish < 0 || (wish == 0 && rise != 0))
             cost += 20;
@@ -176,12 +193,17 @@ private:
         return place;
     }
 
-    void addBeams()
+    int mostBeams() const
     {
         int most = 0;
         for (const PlacedChord *member : _members)
             most = std::max(most, member->beat().flagCount());
-        for (int level = 0; level < most; ++level)
+        return most;
+    }
+
+    void addBeams()
+    {
+        for (int level = 0, most = mostBeams(); level < most; ++level)
             for (std::size_t i = 0; i < _members.size();) {
                 if (_members[i]->beat().flagCount() <= level) {
                     ++i;
@@ -215,20 +237,17 @@ private:
         if (end - first == 1) {
             constexpr double stub = 1.1;
             if (pointsLeft(first))
-                left = std::max(right - stub * _scale - 0.1,
-                                _members[first - 1]->stemX() + 0.3);
+                left = std::max(right - stub * _scale - 0.1, _members[first - 1]->stemX() + 0.3);
             else
-                right = std::min(left + stub * _scale + 0.1,
-                                 _members[first + 1]->stemX() - 0.3);
+                right = std::min(left + stub * _scale + 0.1, _members[first + 1]->stemX() - 0.3);
         }
         const double shift = inward() * step() * level;
         const double thickness = inward() * _pen.fonts().beam() * _scale;
         const double y0 = _line.at(left) + shift;
         const double y1 = _line.at(right) + shift;
-        Ink beam = _pen.polygon(MarkKind::Beam, {{left, y0},
-                                                 {right, y1},
-                                                 {right, y1 + thickness},
-                                                 {left, y0 + thickness}});
+        Ink beam = _pen.polygon(
+            MarkKind::Beam,
+            {{left, y0}, {right, y1}, {right, y1 + thickness}, {left, y0 + thickness}});
         beam.place = placeIn(*_members[first]);
         // A slanted beam covers less than its box.
         constexpr int pieces = 8;
@@ -246,6 +265,7 @@ private:
     RowDraft &_row;
     const Pen &_pen;
     std::vector<PlacedChord *> _members;
+    std::vector<const PlacedChord *> _rests; ///< that the beams lead over
     BeamLine _line;
     bool _isUp = true;
     double _scale = 1;

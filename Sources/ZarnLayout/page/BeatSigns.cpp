@@ -108,9 +108,9 @@ void addArticulationsOf(RowDraft &row, const SystemDraft &draft)
             SideItem item;
             item.side = side;
             item.gap = 0.3;
-            item.inks = centred(pen, MarkKind::Articulation, glyph,
-                                isHeadSide ? chord.headCentre() : chord.stemX(),
-                                chord.chord->scale);
+            item.inks =
+                centred(pen, MarkKind::Articulation, glyph,
+                        isHeadSide ? chord.headCentre() : chord.stemX(), chord.chord->scale);
             item.inks[0].place = placeOf(row, chord);
             place(row, {std::move(item)});
             const Box &box = row.inks.back().box;
@@ -131,13 +131,20 @@ const char *fingerLetter(Fingering finger, bool isRight)
 const char *harmonicLetters(HarmonicType type)
 {
     switch (type) {
-    case HarmonicType::Natural: return "N.H.";
-    case HarmonicType::Artificial: return "A.H.";
-    case HarmonicType::Pinch: return "P.H.";
-    case HarmonicType::Tapped: return "T.H.";
-    case HarmonicType::Semi: return "S.H.";
-    case HarmonicType::Feedback: return "Fdbk.";
-    case HarmonicType::NoHarmonic: break;
+    case HarmonicType::Natural:
+        return "N.H.";
+    case HarmonicType::Artificial:
+        return "A.H.";
+    case HarmonicType::Pinch:
+        return "P.H.";
+    case HarmonicType::Tapped:
+        return "T.H.";
+    case HarmonicType::Semi:
+        return "S.H.";
+    case HarmonicType::Feedback:
+        return "Fdbk.";
+    case HarmonicType::NoHarmonic:
+        break;
     }
     return "";
 }
@@ -145,10 +152,14 @@ const char *harmonicLetters(HarmonicType type)
 Sign ornamentSign(Ornament ornament)
 {
     switch (ornament) {
-    case Ornament::InvertedTurn: return Sign::OrnamentTurnInverted;
-    case Ornament::LowerMordent: return Sign::OrnamentMordent;
-    case Ornament::UpperMordent: return Sign::OrnamentShortTrill;
-    default: return Sign::OrnamentTurn;
+    case Ornament::InvertedTurn:
+        return Sign::OrnamentTurnInverted;
+    case Ornament::LowerMordent:
+        return Sign::OrnamentMordent;
+    case Ornament::UpperMordent:
+        return Sign::OrnamentShortTrill;
+    default:
+        return Sign::OrnamentTurn;
     }
 }
 
@@ -197,8 +208,7 @@ const std::array<NoteSign, 8> noteSigns = {{
          const Fingering finger = note.marks.leftFingering();
          return finger == Fingering::None
              ? Inks()
-             : letters(pen, MarkKind::Fingering, fingerLetter(finger, false), x,
-                       TextRole::Finger);
+             : letters(pen, MarkKind::Fingering, fingerLetter(finger, false), x, TextRole::Finger);
      }},
     {Side::Below, Rows::First, true,
      [](const Pen &pen, const NoteSource &note, double x, const RowDraft &) -> Inks {
@@ -254,9 +264,9 @@ const std::array<NoteSign, 8> noteSigns = {{
 
 Sign fadeSign(Fadding fade)
 {
-    return fade == Fadding::FadeIn    ? Sign::GuitarFadeIn
-        : fade == Fadding::FadeOut    ? Sign::GuitarFadeOut
-                                      : Sign::GuitarVolumeSwell;
+    return fade == Fadding::FadeIn ? Sign::GuitarFadeIn
+        : fade == Fadding::FadeOut ? Sign::GuitarFadeOut
+                                   : Sign::GuitarVolumeSwell;
 }
 
 const std::array<BeatSign, 8> beatSigns = {{
@@ -281,12 +291,13 @@ const std::array<BeatSign, 8> beatSigns = {{
      [](const Pen &pen, const PlacedChord &chord, const RowDraft &) -> Inks {
          return chord.beat().marks.rasgueado() == RasgueadoType::None
              ? Inks()
-             : letters(pen, MarkKind::Stroke,
-                       "rasg. "
-                           + [](std::string text) {
-                                 return text.substr(0, text.find('_'));
-                             }(rasgueadoToString(chord.beat().marks.rasgueado())),
-                       chord.headCentre());
+             : letters(
+                 pen, MarkKind::Stroke,
+                 "rasg. " +
+                     [](std::string text) {
+                         return text.substr(0, text.find('_'));
+                     }(rasgueadoToString(chord.beat().marks.rasgueado())),
+                 chord.headCentre());
      }},
     {Side::Above, Rows::Last,
      [](const Pen &pen, const PlacedChord &chord, const RowDraft &) -> Inks {
@@ -298,18 +309,18 @@ const std::array<BeatSign, 8> beatSigns = {{
     {Side::Above, Rows::Last,
      [](const Pen &pen, const PlacedChord &chord, const RowDraft &) -> Inks {
          const WahWah wah = chord.beat().marks.wah();
-         return wah == WahWah::None ? Inks()
-                                    : centred(pen, MarkKind::Technique,
-                                              wah == WahWah::Open ? Sign::GuitarOpenPedal
-                                                                  : Sign::GuitarClosePedal,
-                                              chord.headCentre());
+         return wah == WahWah::None
+             ? Inks()
+             : centred(pen, MarkKind::Technique,
+                       wah == WahWah::Open ? Sign::GuitarOpenPedal : Sign::GuitarClosePedal,
+                       chord.headCentre());
      }},
     {Side::Above, Rows::Last,
      [](const Pen &pen, const PlacedChord &chord, const RowDraft &) -> Inks {
          const Fadding fade = chord.beat().marks.fadding();
-         return fade == Fadding::NoFadding ? Inks()
-                                           : centred(pen, MarkKind::Technique, fadeSign(fade),
-                                                     chord.headCentre());
+         return fade == Fadding::NoFadding
+             ? Inks()
+             : centred(pen, MarkKind::Technique, fadeSign(fade), chord.headCentre());
      }},
     {Side::Above, Rows::First,
      [](const Pen &pen, const PlacedChord &chord, const RowDraft &) -> Inks {
@@ -390,8 +401,8 @@ void addTremolos(RowDraft &row, const SystemDraft &draft)
         if (const unsigned strokes = chord.beat().marks.tremolo(); strokes > 0) {
             const Sign sign = Sign::Tremolo1 + static_cast<int>(std::min(strokes, 5U) - 1);
             double x = chord.stemX();
-            double y = chord.stemTip
-                + inward * (0.7 + 0.75 * chord.beat().flagCount() + 0.4 * strokes);
+            double y =
+                chord.stemTip + inward * (0.7 + 0.75 * chord.beat().flagCount() + 0.4 * strokes);
             if (!chord.chord->hasStem) {
                 x = chord.headCentre();
                 y = chord.top() - 1.2 - 0.4 * strokes;
@@ -407,16 +418,15 @@ void addTremolos(RowDraft &row, const SystemDraft &draft)
         const double gap = 0.75;
         const double left = std::max(rightOf(chord), chord.stemX()) + 0.6;
         const double right = std::min(leftInkOf(draft, row, *next), next->stemX()) - 0.4;
-        const double y0 = chord.chord->hasStem ? chord.stemTip + inward * 0.9
-                                               : chord.top() - 1.5;
-        const double y1 = next->chord->hasStem ? next->stemTip + inward * 0.9
-                                               : next->top() - 1.5;
+        const double y0 = chord.chord->hasStem ? chord.stemTip + inward * 0.9 : chord.top() - 1.5;
+        const double y1 = next->chord->hasStem ? next->stemTip + inward * 0.9 : next->top() - 1.5;
         for (unsigned stroke = 0; stroke < between && right > left; ++stroke) {
             const double shift = inward * gap * stroke;
-            Ink beam = pen.polygon(MarkKind::Tremolo, {{left, y0 + shift},
-                                                       {right, y1 + shift},
-                                                       {right, y1 + shift + inward * 0.5},
-                                                       {left, y0 + shift + inward * 0.5}});
+            Ink beam = pen.polygon(MarkKind::Tremolo,
+                                   {{left, y0 + shift},
+                                    {right, y1 + shift},
+                                    {right, y1 + shift + inward * 0.5},
+                                    {left, y0 + shift + inward * 0.5}});
             beam.place = placeOf(row, chord);
             row.add(std::move(beam));
         }

@@ -49,7 +49,9 @@ void Emitter::emit(const Ink &ink, double x, double y) const
         _builder.fill(ink.kind, ink.place, layout::PathShape::polygon(corners));
         break;
     }
-    case Ink::Shape::Curve: emitCurve(ink, x, y); break;
+    case Ink::Shape::Curve:
+        emitCurve(ink, x, y);
+        break;
     case Ink::Shape::Text: {
         const layout::TextStyle style = styleOf(ink.style, ink.scale);
         _builder.text(ink.kind, ink.place, ink.text, style, pointOf(ink.at, x, y),

@@ -10,8 +10,7 @@ namespace zarn::engraving {
 /// Writes marks into a draw list.
 class Emitter {
 public:
-    Emitter(layout::DrawListBuilder &builder, const Fonts &fonts)
-        : _builder(builder), _fonts(fonts)
+    Emitter(layout::DrawListBuilder &builder, const Fonts &fonts) : _builder(builder), _fonts(fonts)
     {
     }
 

@@ -34,10 +34,10 @@ struct EngravedScore {
     std::vector<TrackHead> tracks; ///< by index of the track
     TrackGroups groups;
     unsigned firstBar = 0;
-    std::vector<ColumnSource> columns;           ///< from the first bar on
+    std::vector<ColumnSource> columns; ///< from the first bar on
     std::vector<ShownBar> shown;
-    std::vector<std::vector<EngravedBar>> bars;  ///< by row, by shown bar
-    std::vector<SpacedBar> spaced;               ///< by shown bar
+    std::vector<std::vector<EngravedBar>> bars; ///< by row, by shown bar
+    std::vector<SpacedBar> spaced;              ///< by shown bar
 
     const BarSource &source(unsigned row, unsigned shownBar) const
     {

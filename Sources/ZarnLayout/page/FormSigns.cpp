@@ -102,8 +102,7 @@ void addEndings(SystemDraft &draft, RowDraft &row)
             ++end;
         if (passes != 0) {
             const unsigned shown = first.shownBar;
-            const bool isStart = shown == 0
-                || draft.score.lastColumn(shown - 1).endings != passes
+            const bool isStart = shown == 0 || draft.score.lastColumn(shown - 1).endings != passes
                 || draft.score.lastColumn(shown - 1).repeatCount > 0;
             const BarPlace &last = draft.bars[end - 1];
             const unsigned next = last.shownBar + 1;
@@ -158,8 +157,7 @@ Inks tempoInks(const Pen &pen, const TempoMark &tempo, double x)
     std::string number = std::to_string(static_cast<int>(rounded));
     if (rounded != std::floor(rounded))
         number += "." + std::to_string(static_cast<int>(std::round(rounded * 10)) % 10);
-    inks.push_back(
-        pen.text(MarkKind::Tempo, TextRole::PageText, "= " + number, x + 0.2, 0));
+    inks.push_back(pen.text(MarkKind::Tempo, TextRole::PageText, "= " + number, x + 0.2, 0));
     return inks;
 }
 
@@ -193,13 +191,20 @@ void addDirections(SystemDraft &draft, RowDraft &row)
 const char *feelText(TripletFeel feel)
 {
     switch (feel) {
-    case TripletFeel::Triplet8th: return "Swing 8ths";
-    case TripletFeel::Triplet16th: return "Swing 16ths";
-    case TripletFeel::Dotted8th: return "Dotted 8ths";
-    case TripletFeel::Dotted16th: return "Dotted 16ths";
-    case TripletFeel::Scottish8th: return "Scottish 8ths";
-    case TripletFeel::Scottish16th: return "Scottish 16ths";
-    case TripletFeel::NoTripletFeel: break;
+    case TripletFeel::Triplet8th:
+        return "Swing 8ths";
+    case TripletFeel::Triplet16th:
+        return "Swing 16ths";
+    case TripletFeel::Dotted8th:
+        return "Dotted 8ths";
+    case TripletFeel::Dotted16th:
+        return "Dotted 16ths";
+    case TripletFeel::Scottish8th:
+        return "Scottish 8ths";
+    case TripletFeel::Scottish16th:
+        return "Scottish 16ths";
+    case TripletFeel::NoTripletFeel:
+        break;
     }
     return "Straight";
 }

@@ -7,7 +7,7 @@ namespace zarn::engraving {
 
 namespace {
 
-constexpr double mostStretch = 9; ///< that a gap takes on, in staff spaces
+constexpr double mostStretch = 16; ///< that a gap takes on, in staff spaces
 constexpr double pageCost = 1000;
 
 double heightOf(const std::vector<SystemHeight> &systems, unsigned first, unsigned end)
@@ -18,8 +18,8 @@ double heightOf(const std::vector<SystemHeight> &systems, unsigned first, unsign
     return height;
 }
 
-FilledPage fill(const std::vector<SystemHeight> &systems, unsigned first, unsigned end,
-                double room, bool isLast)
+FilledPage fill(const std::vector<SystemHeight> &systems, unsigned first, unsigned end, double room,
+                bool isLast)
 {
     FilledPage page;
     page.first = first;
@@ -62,8 +62,7 @@ std::vector<FilledPage> fillPages(const std::vector<SystemHeight> &systems, cons
                 break;
             const double rest = std::max(0.0, space - height) / std::max(space, 1.0);
             const bool isLast = end == count || systems[end].breaksBefore;
-            const double cost =
-                pageCost + (isLast ? 0.1 : 100) * rest * rest + costs[end];
+            const double cost = pageCost + (isLast ? 0.1 : 100) * rest * rest + costs[end];
             if (cost < costs[first]) {
                 costs[first] = cost;
                 next[first] = end;

@@ -7,8 +7,8 @@ namespace zarn::engraving {
 
 /// A system as pages see it, in staff spaces.
 struct SystemHeight {
-    double top = 0;    ///< from the top line of its first row up
-    double bottom = 0; ///< and down
+    double top = 0;     ///< from the top line of its first row up
+    double bottom = 0;  ///< and down
     double nesting = 0; ///< how far it may move up between the ink of the system above
     bool breaksBefore = false;
 

@@ -23,8 +23,7 @@ void addBarNumber(SystemDraft &draft)
         return;
     RowDraft &row = draft.rows.front();
     const std::string text = std::to_string(number);
-    Ink ink =
-        draft.pen.text(MarkKind::BarNumber, TextRole::BarNumber, text, draft.staffLeft, 0);
+    Ink ink = draft.pen.text(MarkKind::BarNumber, TextRole::BarNumber, text, draft.staffLeft, 0);
     const double reach = row.above.reach(ink.box.left, ink.box.right);
     ink.move(0, -reach - 0.4 - ink.box.bottom);
     ink.place.bar = static_cast<std::int32_t>(draft.score.shown[draft.first].bar);
@@ -35,8 +34,8 @@ using EngraveRow = void (*)(RowDraft &row, const SystemDraft &draft);
 
 /// What is nearer to the notes comes first.
 constexpr EngraveRow rowEngravers[] = {
-    addTies,      addTremolos, addStringLinks, addArticulations, addSlurs, addTuplets, addBeatSigns,
-    addBends,     addDynamics, addStretches,   addLyrics,     addChordSymbols,
+    addTies,      addTremolos, addStringLinks, addArticulations, addSlurs,  addTuplets,
+    addBeatSigns, addBends,    addDynamics,    addStretches,     addLyrics, addChordSymbols,
 };
 
 } // namespace

@@ -14,11 +14,13 @@ double baseLine(const RowDraft &row, const SideItem &item)
     double y = item.side == Side::Above ? 1e9 : -1e9;
     for (const Ink &ink : item.inks) {
         if (item.side == Side::Above)
-            y = std::min(y, -row.above.reach(ink.box.left - 0.2, ink.box.right + 0.2) - item.gap
-                                - ink.box.bottom);
+            y = std::min(y,
+                         -row.above.reach(ink.box.left - 0.2, ink.box.right + 0.2) - item.gap
+                             - ink.box.bottom);
         else
-            y = std::max(y, row.below.reach(ink.box.left - 0.2, ink.box.right + 0.2) + item.gap
-                                - ink.box.top);
+            y = std::max(y,
+                         row.below.reach(ink.box.left - 0.2, ink.box.right + 0.2) + item.gap
+                             - ink.box.top);
     }
     return y;
 }
@@ -34,8 +36,8 @@ void place(RowDraft &row, SideItems items)
         const double y = baseLine(row, item);
         const auto [entry, isNew] = lines.emplace(std::make_pair(item.line, item.side), y);
         if (!isNew)
-            entry->second = item.side == Side::Above ? std::min(entry->second, y)
-                                                     : std::max(entry->second, y);
+            entry->second =
+                item.side == Side::Above ? std::min(entry->second, y) : std::max(entry->second, y);
     }
     for (SideItem &item : items) {
         if (item.inks.empty())

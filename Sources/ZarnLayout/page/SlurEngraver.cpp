@@ -32,8 +32,8 @@ std::vector<SlurSpan> markedSlurs(const RowDraft &row)
         }
         if (isOpen && marks.isSlurredToPrevious())
             spans.back().last = i;
-        const bool begins =
-            marks.isSlurredToNext() && (!marks.isSlurredToPrevious() || marks.beginsSlur() || !isOpen);
+        const bool begins = marks.isSlurredToNext()
+            && (!marks.isSlurredToPrevious() || marks.beginsSlur() || !isOpen);
         if (begins)
             spans.push_back({i, i, false, false});
         isOpen = marks.isSlurredToNext();
@@ -166,8 +166,8 @@ private:
         for (int i = 0; i < pieces; ++i) {
             const double t = (i + 0.5) / pieces;
             const double y = from.y + (to.y - from.y) * t - sign * height * 4 * t * (1 - t);
-            _row.cover({from.x + width * i / pieces, y - 0.12,
-                        from.x + width * (i + 1) / pieces, y + 0.12});
+            _row.cover({from.x + width * i / pieces, y - 0.12, from.x + width * (i + 1) / pieces,
+                        y + 0.12});
         }
         _row.inks.push_back(std::move(curve));
     }
@@ -184,9 +184,8 @@ private:
                     y = isAbove ? std::min({y, head.y - 0.5, chord.signTop})
                                 : std::max({y, head.y + 0.5, chord.signBottom});
             for (std::uint32_t i = chord.chord->firstInk; i < chord.chord->inkEnd; ++i)
-                if (const Ink &ink = inkOf(_draft, _row, chord, i);
-                    ink.kind == MarkKind::Accidental && x > chord.x + ink.box.left - 0.1
-                    && x < chord.x + ink.box.right + 0.1)
+                if (const Ink &ink = inkOf(_draft, _row, chord, i); ink.kind == MarkKind::Accidental
+                    && x > chord.x + ink.box.left - 0.1 && x < chord.x + ink.box.right + 0.1)
                     y = isAbove ? std::min(y, ink.box.top) : std::max(y, ink.box.bottom);
             if (chord.chord->hasStem && std::abs(x - chord.stemX()) < 0.35) {
                 y = isAbove ? std::min({y, chord.stemTip, chord.chord->stemRoot})
@@ -249,18 +248,15 @@ private:
         return {nullptr, nullptr};
     }
 
-    double headLeft(const PlacedChord &chord, const Head &head) const
-    {
-        return chord.x + head.x;
-    }
+    double headLeft(const PlacedChord &chord, const Head &head) const { return chord.x + head.x; }
 
     void addHopo(const PlacedChord &chord, const Head &head, const PlacedChord *target,
                  const Head *end)
     {
         const bool isTab = _row.row->notation == Notation::Tablature;
         const double left = headLeft(chord, head) + head.width / 2 + 0.1;
-        const double right = end ? headLeft(*target, *end) + end->width / 2 - 0.1
-                                 : _draft.musicRight() - 0.2;
+        const double right =
+            end ? headLeft(*target, *end) + end->width / 2 - 0.1 : _draft.musicRight() - 0.2;
         const bool isAbove = isTab || !chord.chord->isStemUp;
         const double sign = isAbove ? -1 : 1;
         const double off = sign * (isTab ? 0.8 : 0.7);
@@ -296,8 +292,8 @@ private:
         if (out == SlideOut::None)
             return;
         if (out == SlideOut::Shift || out == SlideOut::Legato) {
-            const double stop = end ? leftInkOf(_draft, _row, *target) - 0.2
-                                    : _draft.musicRight() - 0.2;
+            const double stop =
+                end ? leftInkOf(_draft, _row, *target) - 0.2 : _draft.musicRight() - 0.2;
             if (stop < right + 0.5)
                 return;
             double from = head.y;

@@ -97,9 +97,7 @@ const std::array<Stretch, 7> stretches = {{
      },
      true},
     {MarkKind::Whammy,
-     [](const PlacedChord &chord) {
-         return chord.beat().marks.barVibrato() != Vibrato::None;
-     },
+     [](const PlacedChord &chord) { return chord.beat().marks.barVibrato() != Vibrato::None; },
      [](const Pen &pen, double left, double right) {
          Inks inks = {pen.text(MarkKind::Whammy, TextRole::Letter, "w/bar", left, 0)};
          for (Ink &ink : wiggle(pen, MarkKind::Whammy, Sign::WiggleVibratoWide,
@@ -126,14 +124,13 @@ const std::array<Stretch, 7> stretches = {{
      false},
     {MarkKind::Trill,
      [](const PlacedChord &chord) {
-         return anyNote(chord,
-                        [](const NoteMarks &marks) { return marks.trill().interval > 0; });
+         return anyNote(chord, [](const NoteMarks &marks) { return marks.trill().interval > 0; });
      },
      [](const Pen &pen, double left, double right) {
          Inks inks = {pen.glyph(MarkKind::Trill, Sign::OrnamentTrill, left, 0)};
          if (right > inks[0].box.right + 2)
-             for (Ink &ink : wiggle(pen, MarkKind::Trill, Sign::WiggleTrill,
-                                    inks[0].box.right + 0.2, right)) {
+             for (Ink &ink :
+                  wiggle(pen, MarkKind::Trill, Sign::WiggleTrill, inks[0].box.right + 0.2, right)) {
                  ink.move(0, -0.5);
                  inks.push_back(std::move(ink));
              }
@@ -151,9 +148,9 @@ const std::array<Stretch, 7> stretches = {{
 const char *roman(unsigned number)
 {
     constexpr std::array<const char *, 25> texts = {
-        "",     "I",    "II",    "III",   "IV",  "V",   "VI",    "VII",   "VIII",
-        "IX",   "X",    "XI",    "XII",   "XIII", "XIV", "XV",   "XVI",   "XVII",
-        "XVIII", "XIX", "XX",    "XXI",   "XXII", "XXIII", "XXIV"};
+        "",      "I",   "II", "III", "IV",   "V",     "VI",  "VII", "VIII",
+        "IX",    "X",   "XI", "XII", "XIII", "XIV",   "XV",  "XVI", "XVII",
+        "XVIII", "XIX", "XX", "XXI", "XXII", "XXIII", "XXIV"};
     return number < texts.size() ? texts[number] : "";
 }
 
@@ -191,10 +188,14 @@ struct OttavaSign {
 OttavaSign ottavaSign(Ottavia ottavia)
 {
     switch (ottavia) {
-    case Ottavia::_15ma: return {Sign::QuindicesimaAlta, true};
-    case Ottavia::_8va: return {Sign::OttavaAlta, true};
-    case Ottavia::_8vb: return {Sign::OttavaBassaVb, false};
-    default: return {Sign::QuindicesimaBassaMb, false};
+    case Ottavia::_15ma:
+        return {Sign::QuindicesimaAlta, true};
+    case Ottavia::_8va:
+        return {Sign::OttavaAlta, true};
+    case Ottavia::_8vb:
+        return {Sign::OttavaBassaVb, false};
+    default:
+        return {Sign::QuindicesimaBassaMb, false};
     }
 }
 
@@ -202,12 +203,10 @@ void addOttavas(RowDraft &row, const SystemDraft &draft)
 {
     if (row.row->notation != Notation::Standard)
         return;
-    for (const Ottavia ottavia :
-         {Ottavia::_15ma, Ottavia::_8va, Ottavia::_8vb, Ottavia::_15mb}) {
+    for (const Ottavia ottavia : {Ottavia::_15ma, Ottavia::_8va, Ottavia::_8vb, Ottavia::_15mb}) {
         const auto runs = runsOf(draft, row, [ottavia](const PlacedChord &chord) {
             // What holds for the whole bar is in its clef.
-            return chord.beat().marks.ottavia() == ottavia
-                && ottavia != chord.source->ottavia;
+            return chord.beat().marks.ottavia() == ottavia && ottavia != chord.source->ottavia;
         });
         for (const ChordRun &run : runs) {
             const auto [sign, isAbove] = ottavaSign(ottavia);
@@ -258,8 +257,8 @@ void addWords(RowDraft &row, const SystemDraft &draft)
                     right = rightOf(row.chords[k]);
                     break;
                 }
-            for (Ink &ink : dashed(draft.pen, MarkKind::Text, "",
-                                   item.inks[0].box.right + 0.5, right, 0)) {
+            for (Ink &ink :
+                 dashed(draft.pen, MarkKind::Text, "", item.inks[0].box.right + 0.5, right, 0)) {
                 ink.move(0, -0.5);
                 item.inks.push_back(std::move(ink));
             }
@@ -355,10 +354,8 @@ void addBends(RowDraft &row, const SystemDraft &draft)
                 const double left = chord.x + head.x + head.width + 0.15;
                 const double room = next ? next->x - 0.5 : draft.right - 0.5;
                 const double right = std::max(std::min(room, left + 6), left + 1.5);
-                const double high =
-                    std::min(-row.above.reach(left - 0.5, right + 0.5) - 0.6, -1.4);
-                const MarkPlace where =
-                    placeOf(row, chord, head.note - chord.beat().firstNote);
+                const double high = std::min(-row.above.reach(left - 0.5, right + 0.5) - 0.6, -1.4);
+                const MarkPlace where = placeOf(row, chord, head.note - chord.beat().firstNote);
                 Inks inks;
                 const auto yOf = [&](int value) { return value == 0 ? head.y : high; };
                 const auto addArrow = [&](double x, double y, bool isUp) {
@@ -367,8 +364,8 @@ void addBends(RowDraft &row, const SystemDraft &draft)
                                                {{x, y}, {x - 0.3, y + back}, {x + 0.3, y + back}}));
                 };
                 const auto addLabel = [&](double x, int value) {
-                    inks.push_back(pen.text(MarkKind::Bend, TextRole::Letter, amountText(value),
-                                            x, high - 0.35, Pen::Align::Centre));
+                    inks.push_back(pen.text(MarkKind::Bend, TextRole::Letter, amountText(value), x,
+                                            high - 0.35, Pen::Align::Centre));
                 };
                 struct Turn {
                     double x;
@@ -377,8 +374,8 @@ void addBends(RowDraft &row, const SystemDraft &draft)
                 std::vector<Turn> turns;
                 for (const CurvePoint &point : points)
                     if (turns.empty() || point.value != turns.back().value)
-                        turns.push_back({left + (right - left) * point.position / 60.0,
-                                         point.value});
+                        turns.push_back(
+                            {left + (right - left) * point.position / 60.0, point.value});
                 // Turns keep their distance, so that arrows and numbers are apart.
                 for (std::size_t k = 1; k < turns.size(); ++k)
                     turns[k].x = std::max(turns[k].x, turns[k - 1].x + 1.5);

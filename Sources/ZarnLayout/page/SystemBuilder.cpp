@@ -13,18 +13,19 @@ namespace zarn::engraving {
 
 namespace {
 
-constexpr double gapInStaff = 3.5;   ///< between notation and tablature of a staff
-constexpr double gapInTrack = 4.8;   ///< between staves of a track
-constexpr double gapInScore = 5.0;   ///< between tracks
-constexpr double inkGap = 0.6;       ///< between ink of neighbouring rows
-constexpr double loosest = 1.35;     ///< factor of a last line that is still drawn out
+constexpr double gapInStaff = 3.5;  ///< between notation and tablature of a staff
+constexpr double gapInTrack = 4.8;  ///< between staves of a track
+constexpr double gapInScore = 5.0;  ///< between tracks
+constexpr double levelWidth = 1.35; ///< of brackets around brackets
+constexpr double inkGap = 0.6;      ///< between ink of neighbouring rows
+constexpr double loosest = 1.35;    ///< factor of a last line that is still drawn out
 
 /// Tracks of the rows that a bracket or brace joins.
 struct Joining {
     unsigned firstRow;
     unsigned lastRow;
     GroupSymbol symbol;
-    std::string name;
+    unsigned level = 0; ///< how many others stand between it and the staves
 };
 
 std::vector<Joining> joiningsOf(const EngravedScore &score)
@@ -40,8 +41,8 @@ std::vector<Joining> joiningsOf(const EngravedScore &score)
                 last = static_cast<int>(i);
             }
         if (first >= 0)
-            joinings.push_back({static_cast<unsigned>(first), static_cast<unsigned>(last),
-                                group.symbol, group.name});
+            joinings.push_back(
+                {static_cast<unsigned>(first), static_cast<unsigned>(last), group.symbol, 0});
     }
     for (std::size_t i = 0; i < rows.size();) {
         std::size_t end = i + 1;
@@ -50,10 +51,21 @@ std::vector<Joining> joiningsOf(const EngravedScore &score)
         if (end - i > 1) {
             const bool isGrand = rows[i].staff != rows[end - 1].staff;
             joinings.push_back({static_cast<unsigned>(i), static_cast<unsigned>(end - 1),
-                                isGrand ? GroupSymbol::Brace : GroupSymbol::Bracket, {}});
+                                isGrand ? GroupSymbol::Brace : GroupSymbol::Bracket, 0});
         }
         i = end;
     }
+    // From the inside out: shorter ones are nearer to the staves.
+    std::stable_sort(joinings.begin(), joinings.end(),
+                     [](const Joining &left, const Joining &right) {
+                         return left.lastRow - left.firstRow < right.lastRow - right.firstRow;
+                     });
+    for (std::size_t i = 0; i < joinings.size(); ++i)
+        for (std::size_t k = 0; k < i; ++k)
+            if (joinings[k].firstRow <= joinings[i].lastRow
+                && joinings[i].firstRow <= joinings[k].lastRow
+                && joinings[k].symbol != GroupSymbol::None)
+                joinings[i].level = std::max(joinings[i].level, joinings[k].level + 1);
     return joinings;
 }
 
@@ -71,9 +83,11 @@ double SystemBuilder::indent(bool isFirst) const
                     std::max(width, _pen.fonts().textBox(line, TextRole::TrackName).right + 0.8);
     }
     const auto joinings = joiningsOf(_score);
-    if (!joinings.empty())
-        width += 1.7 + (joinings.size() > _score.groups.size() && !_score.groups.empty() ? 1.4 : 0);
-    return width;
+    double symbols = 0;
+    for (const Joining &joining : joinings)
+        if (joining.symbol != GroupSymbol::None)
+            symbols = std::max(symbols, 1.7 + levelWidth * joining.level);
+    return width + symbols;
 }
 
 std::vector<bool> SystemBuilder::joinedRows() const
@@ -90,8 +104,7 @@ std::vector<bool> SystemBuilder::joinedRows() const
     return joined;
 }
 
-BuiltSystem SystemBuilder::build(unsigned first, unsigned end, double width,
-                                 bool isJustified) const
+BuiltSystem SystemBuilder::build(unsigned first, unsigned end, double width, bool isJustified) const
 {
     _lines.clear();
     SystemDraft draft(_score, _pen, _problems);
@@ -190,8 +203,8 @@ void SystemBuilder::placeBars(SystemDraft &draft, double width, bool isJustified
     std::vector<double> places = line.places(factor);
     if (isJustified && places.back() > room + 1e-6) {
         // More ink than the line holds: everything moves together, and it is said.
-        const double squeeze = std::max(0.0, room - head.width)
-            / std::max(1e-9, places.back() - head.width);
+        const double squeeze =
+            std::max(0.0, room - head.width) / std::max(1e-9, places.back() - head.width);
         for (double &place : places)
             if (place > head.width)
                 place = head.width + (place - head.width) * squeeze;
@@ -285,8 +298,8 @@ void SystemBuilder::placeRow(SystemDraft &draft, RowDraft &row) const
             row.add(std::move(ink));
         }
         for (Ink ink : engraved.centred) {
-            const bool isOnLine = ink.kind == MarkKind::Simile && ink.glyph
-                    == _pen.fonts().glyph(Sign::Repeat2Bars);
+            const bool isOnLine =
+                ink.kind == MarkKind::Simile && ink.glyph == _pen.fonts().glyph(Sign::Repeat2Bars);
             ink.move(isOnLine ? bar.right : (bar.left + bar.right) / 2, 0);
             row.add(std::move(ink));
         }
@@ -325,43 +338,36 @@ void SystemBuilder::addHead(SystemDraft &draft) const
     }
     double x = draft.staffLeft;
     const auto joinings = joiningsOf(_score);
-    bool hasInner = false;
-    for (const bool isGroup : {false, true}) {
-        for (std::size_t i = 0; i < joinings.size(); ++i) {
-            if ((i < _score.groups.size()) != isGroup)
-                continue;
-            const Joining &joining = joinings[i];
-            const RowDraft &upper = draft.rows[joining.firstRow];
-            const RowDraft &lower = draft.rows[joining.lastRow];
-            const double from = upper.y;
-            const double to = lower.y + lower.row->height();
-            const double shift = isGroup && hasInner ? 1.4 : 0;
-            if (joining.symbol == GroupSymbol::Brace) {
-                const Box &box = _pen.fonts().box(Sign::Brace);
-                const double scale = (to - from) / box.height();
-                Ink brace = _pen.glyph(MarkKind::Brace, Sign::Brace, 0, to, 1);
-                brace.scale = scale;
-                brace.stretch = std::clamp(scale, 1.0, 3.0) * 1.2;
-                brace.box = {0, from, box.right * brace.stretch, to};
-                brace.move(draft.staffLeft - shift - 0.35 - brace.box.right, 0);
-                x = std::min(x, brace.box.left);
-                draft.inks.push_back(std::move(brace));
-            } else if (joining.symbol != GroupSymbol::None) {
-                const bool isLine = joining.symbol == GroupSymbol::Line;
-                const double width = isLine ? 0.16 : 0.45;
-                const double left = draft.staffLeft - shift - 0.35 - width;
-                draft.inks.push_back(_pen.line(MarkKind::Bracket, {left + width / 2, from - 0.25},
-                                               {left + width / 2, to + 0.25}, width));
-                if (!isLine) {
-                    draft.inks.push_back(
-                        _pen.glyph(MarkKind::Bracket, Sign::BracketTop, left, from - 0.25));
-                    draft.inks.push_back(
-                        _pen.glyph(MarkKind::Bracket, Sign::BracketBottom, left, to + 0.25));
-                }
-                x = std::min(x, left);
+    for (const Joining &joining : joinings) {
+        const RowDraft &upper = draft.rows[joining.firstRow];
+        const RowDraft &lower = draft.rows[joining.lastRow];
+        const double from = upper.y;
+        const double to = lower.y + lower.row->height();
+        const double shift = levelWidth * joining.level;
+        if (joining.symbol == GroupSymbol::Brace) {
+            const Box &box = _pen.fonts().box(Sign::Brace);
+            const double scale = (to - from) / box.height();
+            Ink brace = _pen.glyph(MarkKind::Brace, Sign::Brace, 0, to, 1);
+            brace.scale = scale;
+            brace.stretch = std::clamp(scale, 1.0, 3.0) * 1.2;
+            brace.box = {0, from, box.right * brace.stretch, to};
+            brace.move(draft.staffLeft - shift - 0.35 - brace.box.right, 0);
+            x = std::min(x, brace.box.left);
+            draft.inks.push_back(std::move(brace));
+        } else if (joining.symbol != GroupSymbol::None) {
+            const bool isLine = joining.symbol == GroupSymbol::Line;
+            const double width = isLine ? 0.16 : 0.45;
+            const double left = draft.staffLeft - shift - 0.35 - width;
+            draft.inks.push_back(_pen.line(MarkKind::Bracket, {left + width / 2, from - 0.25},
+                                           {left + width / 2, to + 0.25}, width));
+            if (!isLine) {
+                draft.inks.push_back(
+                    _pen.glyph(MarkKind::Bracket, Sign::BracketTop, left, from - 0.25));
+                draft.inks.push_back(
+                    _pen.glyph(MarkKind::Bracket, Sign::BracketBottom, left, to + 0.25));
             }
+            x = std::min(x, left);
         }
-        hasInner = x < draft.staffLeft;
     }
     addNames(draft, x - 0.6);
 }
@@ -375,9 +381,8 @@ void SystemBuilder::addNames(SystemDraft &draft, double x) const
         const TrackHead &track = _score.tracks[draft.rows[i].row->track];
         const std::string &name = draft.isFirst ? track.name : track.shortName;
         if (!name.empty()) {
-            const double middle = (draft.rows[i].y + draft.rows[end - 1].y
-                                   + draft.rows[end - 1].row->height())
-                / 2;
+            const double middle =
+                (draft.rows[i].y + draft.rows[end - 1].y + draft.rows[end - 1].row->height()) / 2;
             const auto lines = linesOf(name);
             const double cap = _pen.fonts().capHeight(TextRole::TrackName);
             const double lead = cap * 1.9;

@@ -44,8 +44,7 @@ private:
     /// By row and height of the words: their column in the line, and how far they reach from it.
     using WordEnds = std::map<std::pair<unsigned, int>, std::pair<unsigned, double>>;
 
-    void keepWordsApart(unsigned shownBar, unsigned start, SpringLine &line,
-                        WordEnds &last) const;
+    void keepWordsApart(unsigned shownBar, unsigned start, SpringLine &line, WordEnds &last) const;
     void placeBars(SystemDraft &draft, double width, bool isJustified) const;
     void placeJoint(SystemDraft &draft, const Joint &joint, double x, unsigned bar) const;
     void placeRows(SystemDraft &draft) const;

@@ -35,8 +35,8 @@ public:
                 if (note.marks.isTieOrigin())
                     addFrom(chord, head, isLast ? nullptr : nextMain(i),
                             isLast && chord.shownBar + 1 == _draft.end);
-                if (note.marks.isTied() && !endsHere(chord, note, isFirst ? nullptr
-                                                                          : &chords[i - 1]))
+                if (note.marks.isTied()
+                    && !endsHere(chord, note, isFirst ? nullptr : &chords[i - 1]))
                     addTo(chord, head, isFirst && chord.shownBar == _draft.first);
             }
         }
@@ -106,8 +106,7 @@ private:
             if (const Ink &ink = inkOf(chord, i); ink.kind == MarkKind::AugmentationDot)
                 outer = std::max(outer, chord.x + ink.box.right);
         // A flag comes down beside the stem.
-        if (isStart && meetsStem && !chord.chord->isBeamed && chord.beat().flagCount() > 0
-            && isOuter)
+        if (isStart && meetsStem && !chord.chord->isBeamed && chord.beat().flagCount() > 0)
             outer = std::max(outer, chord.stemX() + 1.1 * chord.chord->scale);
         return {isStart ? outer + 0.15 : outer - 0.15, head.y - side * 0.3};
     }
@@ -137,8 +136,8 @@ private:
     {
         const int side = sideOf(chord, head);
         const Point to = endAt(chord, head, side, false);
-        const double start = entersSystem ? std::min(_draft.musicLeft - 0.45, to.x - 0.7)
-                                          : to.x - shortTie;
+        const double start =
+            entersSystem ? std::min(_draft.musicLeft - 0.45, to.x - 0.7) : to.x - shortTie;
         addCurve(chord, head, {start, to.y}, to, side);
     }
 

@@ -26,8 +26,8 @@ Ratio ratioOf(const RhythmValue &rhythm, Level level)
 {
     if (!rhythm.hasPrimaryTuplet() || (level == Level::Inner && !rhythm.hasSecondaryTuplet()))
         return {};
-    const auto pair = level == Level::Outer ? rhythm.getPrimaryTupletRatio()
-                                            : rhythm.getSecondaryTupletRatio();
+    const auto pair =
+        level == Level::Outer ? rhythm.getPrimaryTupletRatio() : rhythm.getSecondaryTupletRatio();
     return {pair.first, pair.second};
 }
 
@@ -44,7 +44,8 @@ struct TupletGroup {
 
     void add(std::size_t number, const RhythmValue &rhythm)
     {
-        const rational inside = rhythm.getLength() * rational(ratio.notes) / rational(ratio.inTimeOf);
+        const rational inside =
+            rhythm.getLength() * rational(ratio.notes) / rational(ratio.inTimeOf);
         const rational value = RhythmValue::noteValueToTimeUnit(rhythm.getNoteValue());
         isUniform = isUniform && (length.isZero() || inside == lastLength);
         unit = length.isZero() ? value : std::min(unit, value);
@@ -122,7 +123,9 @@ void addTuplets(RowDraft &row, const SystemDraft &draft)
             const double left = std::min(first.x, first.x + first.chord->stemX) - 0.1;
             const double right = std::max(rightOf(last), last.stemX()) + 0.1;
             const bool isPlain = group.ratio.inTimeOf
-                == (group.ratio.notes < 4 ? 2U : group.ratio.notes < 8 ? 4U : 8U);
+                == (group.ratio.notes < 4       ? 2U
+                        : group.ratio.notes < 8 ? 4U
+                                                : 8U);
             const std::string number = isPlain || group.ratio.notes == group.ratio.inTimeOf
                 ? std::to_string(group.ratio.notes)
                 : std::to_string(group.ratio.notes) + ":" + std::to_string(group.ratio.inTimeOf);

@@ -30,14 +30,17 @@ std::vector<Sign> signsOf(AttackDynamic attack)
 std::vector<Sign> signsOf(NoteDynamic dynamic)
 {
     switch (dynamic.value()) {
-    case NoteDynamic::Value::None: return {};
-    case NoteDynamic::Value::PPPPPPP: return {Sign::DynamicPPPPPP, Sign::DynamicPiano};
-    case NoteDynamic::Value::FFFFFFF: return {Sign::DynamicFFFFFF, Sign::DynamicForte};
+    case NoteDynamic::Value::None:
+        return {};
+    case NoteDynamic::Value::PPPPPPP:
+        return {Sign::DynamicPPPPPP, Sign::DynamicPiano};
+    case NoteDynamic::Value::FFFFFFF:
+        return {Sign::DynamicFFFFFF, Sign::DynamicForte};
     default:
         // The signs follow one another as the levels do.
-        return {Sign::DynamicPPPPPP
-                + (static_cast<int>(dynamic.value())
-                   - static_cast<int>(NoteDynamic::Value::PPPPPP))};
+        return {
+            Sign::DynamicPPPPPP
+            + (static_cast<int>(dynamic.value()) - static_cast<int>(NoteDynamic::Value::PPPPPP))};
     }
 }
 
@@ -68,8 +71,7 @@ Inks hairpin(const Pen &pen, Hairpin kind, double left, double right, bool comes
 }
 
 /// Whether the beat in front of the first one of a system has the same hairpin.
-bool wasOpen(const SystemDraft &draft, const RowDraft &row, const PlacedChord &first,
-             Hairpin kind)
+bool wasOpen(const SystemDraft &draft, const RowDraft &row, const PlacedChord &first, Hairpin kind)
 {
     const BarSource &before = draft.score.source(row.number, draft.first - 1);
     for (const VoiceSource &voice : before.voices)
@@ -97,8 +99,8 @@ Inks diagramInks(const Pen &pen, const ChordDiagram &diagram, double centre)
     Inks inks;
     const auto add = [&](Ink ink) { inks.push_back(std::move(ink)); };
     for (int i = 0; i < strings; ++i)
-        add(pen.line(MarkKind::ChordDiagram, {left + i * stringGap, top},
-                     {left + i * stringGap, 0}, 0.1));
+        add(pen.line(MarkKind::ChordDiagram, {left + i * stringGap, top}, {left + i * stringGap, 0},
+                     0.1));
     for (int i = 0; i <= frets; ++i)
         add(pen.line(MarkKind::ChordDiagram, {left - 0.05, top + i * fretGap},
                      {left + width + 0.05, top + i * fretGap}, i == 0 && first == 1 ? 0.3 : 0.1));
@@ -124,12 +126,11 @@ Inks diagramInks(const Pen &pen, const ChordDiagram &diagram, double centre)
                       y - (dots.top + dots.bottom) / 2 * scale, scale));
     }
     for (const DiagramBarre &barre : barresOf(diagram))
-        add(pen.line(MarkKind::ChordDiagram,
-                     {left + barre.firstString * stringGap,
-                      top + (barre.fret - first + 0.5) * fretGap},
-                     {left + barre.lastString * stringGap,
-                      top + (barre.fret - first + 0.5) * fretGap},
-                     0.3));
+        add(pen.line(
+            MarkKind::ChordDiagram,
+            {left + barre.firstString * stringGap, top + (barre.fret - first + 0.5) * fretGap},
+            {left + barre.lastString * stringGap, top + (barre.fret - first + 0.5) * fretGap},
+            0.3));
     return inks;
 }
 
@@ -232,7 +233,8 @@ void addLyrics(RowDraft &row, const SystemDraft &draft)
     for (auto line = lines.begin(); line != lines.end();) {
         const auto first = lines.find({line->first.first, 0});
         const bool isSecond = line->first.second > 0 && first != lines.end();
-        const bool isAlone = isSecond
+        const bool isAlone =
+            isSecond
             && std::none_of(line->second.begin(), line->second.end(), [&](const Sung &sung) {
                    return std::any_of(first->second.begin(), first->second.end(),
                                       [&](const Sung &other) {
@@ -282,9 +284,9 @@ void addLyrics(RowDraft &row, const SystemDraft &draft)
                 const int count = std::max(1, static_cast<int>(room / 12));
                 for (int k = 0; k < count && room > 0.9; ++k) {
                     const double x = entry.box.right + room * (k + 0.5) / count;
-                    addExtra(draft.pen.line(MarkKind::Lyric, {x - 0.35, -0.5}, {x + 0.35, -0.5},
-                                            0.16),
-                             entry);
+                    addExtra(
+                        draft.pen.line(MarkKind::Lyric, {x - 0.35, -0.5}, {x + 0.35, -0.5}, 0.16),
+                        entry);
                 }
             } else if (entry.syllable->hasMelisma) {
                 double right = entry.box.right;
@@ -298,8 +300,8 @@ void addLyrics(RowDraft &row, const SystemDraft &draft)
                 }
                 right = std::min(right, next - 0.4);
                 if (right > entry.box.right + 0.8)
-                    addExtra(draft.pen.line(MarkKind::Lyric, {entry.box.right + 0.2, 0},
-                                            {right, 0}, 0.16),
+                    addExtra(draft.pen.line(MarkKind::Lyric, {entry.box.right + 0.2, 0}, {right, 0},
+                                            0.16),
                              entry);
             }
         }
@@ -333,10 +335,10 @@ void addChordSymbols(RowDraft &row, const SystemDraft &draft)
             SideItem item;
             item.line = symbolLine;
             item.gap = 0.7;
-            item.inks.push_back(draft.pen.text(
-                MarkKind::ChordSymbol, TextRole::ChordSymbol, symbol,
-                mark.diagram ? chord.headCentre() : chord.x, 0,
-                mark.diagram ? Pen::Align::Centre : Pen::Align::Begin));
+            item.inks.push_back(
+                draft.pen.text(MarkKind::ChordSymbol, TextRole::ChordSymbol, symbol,
+                               mark.diagram ? chord.headCentre() : chord.x, 0,
+                               mark.diagram ? Pen::Align::Centre : Pen::Align::Begin));
             item.inks[0].place = placeOf(row, chord);
             symbols.push_back(std::move(item));
         }

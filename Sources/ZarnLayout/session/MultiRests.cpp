@@ -24,8 +24,8 @@ bool goesOn(const EngravedScore &score, std::size_t bar)
         && here.directions.empty() && before.directions.empty() && here.fermatas.empty()
         && before.fermatas.empty() && !here.movementStart && !here.newFeel
         && before.freeTime == here.freeTime && before.length == here.length;
-    const bool keepsKeys = std::all_of(
-        score.staves.begin(), score.staves.end(), [&](const StaffSource &staff) {
+    const bool keepsKeys =
+        std::all_of(score.staves.begin(), score.staves.end(), [&](const StaffSource &staff) {
             const BarSource &source = staff.bars[bar];
             return source.key == source.keyBefore && source.clef == source.clefBefore;
         });
@@ -60,10 +60,11 @@ EngravedBar multiRest(const Row &row, const ShownBar &bars, const Pen &pen)
         pen.glyph(MarkKind::MultiRest, Sign::RestHBarLeft, -width / 2 - left.left, y));
     bar.centred.push_back(
         pen.glyph(MarkKind::MultiRest, Sign::RestHBarRight, width / 2 - right.right, y));
-    bar.centred.push_back(pen.line(MarkKind::MultiRest, {-width / 2 + left.right - left.left - 0.1, y},
+    bar.centred.push_back(pen.line(MarkKind::MultiRest,
+                                   {-width / 2 + left.right - left.left - 0.1, y},
                                    {width / 2 - right.width() + 0.1, y}, 1.0));
-    for (Ink &digit : pen.glyphs(MarkKind::MultiRest, digitsOf(bars.count, Sign::TimeSig0), 0,
-                                 -1.8))
+    for (Ink &digit :
+         pen.glyphs(MarkKind::MultiRest, digitsOf(bars.count, Sign::TimeSig0), 0, -1.8))
         bar.centred.push_back(std::move(digit));
     for (Ink &ink : bar.centred) {
         ink.place.track = static_cast<std::int16_t>(row.track);

@@ -11,7 +11,7 @@ namespace zarn::engraving {
 
 namespace {
 
-constexpr double titleLead = 1.25;  ///< distance of base lines, by height of the letters
+constexpr double titleLead = 1.25; ///< distance of base lines, by height of the letters
 constexpr double gapBelowTitle = 3;
 constexpr double gapBelowHeader = 2;
 
@@ -82,8 +82,8 @@ void PageTexts::makeTitle()
             room -= _title.back().box.width() + 2;
         }
         if (i < right.size()) {
-            Ink ink = _pen.text(MarkKind::Title, TextRole::Credit, right[i], _width, y,
-                                Pen::Align::End);
+            Ink ink =
+                _pen.text(MarkKind::Title, TextRole::Credit, right[i], _width, y, Pen::Align::End);
             if (ink.box.width() > room) {
                 y += lead;
                 ink.move(0, lead);
@@ -124,9 +124,8 @@ Inks PageTexts::cornerTexts(unsigned page, unsigned pageCount, bool isFooter) co
     return inks;
 }
 
-std::shared_ptr<const layout::DrawList> PageTexts::draw(unsigned page, unsigned pageCount,
-                                                        double left, double top,
-                                                        double height) const
+std::shared_ptr<const layout::DrawList>
+PageTexts::draw(unsigned page, unsigned pageCount, double left, double top, double height) const
 {
     layout::DrawListBuilder builder;
     const Emitter emitter(builder, _pen.fonts());

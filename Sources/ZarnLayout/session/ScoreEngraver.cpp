@@ -16,8 +16,8 @@ namespace {
 
 constexpr double changedClef = 0.75;
 
-void addClefChanges(EngravedBar &bar, const Row &row, const BarSource &source,
-                    const Onsets &onsets, unsigned barIndex, const Pen &pen)
+void addClefChanges(EngravedBar &bar, const Row &row, const BarSource &source, const Onsets &onsets,
+                    unsigned barIndex, const Pen &pen)
 {
     if (row.notation != Notation::Standard || row.isPercussion)
         return;
@@ -96,9 +96,8 @@ EngravedScore engraveScore(const ScoreModel &model, const layout::LayoutOptions 
     score.shown = shownBars(score, options.multiRest);
 
     const bool isOneTrack = !score.rows.empty()
-        && std::all_of(score.rows.begin(), score.rows.end(), [&](const Row &row) {
-               return row.track == score.rows.front().track;
-           });
+        && std::all_of(score.rows.begin(), score.rows.end(),
+                       [&](const Row &row) { return row.track == score.rows.front().track; });
     const bool isPart = isOneTrack && model.trackCount() > 1;
     score.bars.resize(score.rows.size());
     for (auto &row : score.bars)
@@ -120,8 +119,8 @@ EngravedScore engraveScore(const ScoreModel &model, const layout::LayoutOptions 
             if (score.shown[shown].count > 1)
                 target = multiRest(score.rows[i], score.shown[shown], pen);
             else
-                target = BarEngraver(score.rows[i], pen, problems)
-                             .engrave(source, column, onsets, bar);
+                target =
+                    BarEngraver(score.rows[i], pen, problems).engrave(source, column, onsets, bar);
             if (score.shown[shown].count == 1)
                 addClefChanges(target, score.rows[i], source, onsets, bar, pen);
             rows[i] = &target;

@@ -52,11 +52,7 @@ class LayoutMaker {
 public:
     LayoutMaker(const ScoreModel &model, const LayoutOptions &options,
                 const std::shared_ptr<const MusicFont> &font, const TextMeasure &texts)
-        : _model(model),
-          _options(options),
-          _font(font),
-          _fonts(*font, texts),
-          _pen(_fonts),
+        : _model(model), _options(options), _font(font), _fonts(*font, texts), _pen(_fonts),
           _sheet(options.page.value_or(model.pageSetup()))
     {
     }
@@ -123,8 +119,8 @@ private:
         const double firstWidth = _sheet.width - builder.indent(true) - 0.2;
         const double width = _sheet.width - builder.indent(false) - 0.2;
         const auto [list, usual] = systemsOfDocument();
-        const bool hasOwn = list.empty()
-            && (usual == 0 || _options.breaks != SystemBreaks::AsDocument);
+        const bool hasOwn =
+            list.empty() && (usual == 0 || _options.breaks != SystemBreaks::AsDocument);
         if (_options.breaks == SystemBreaks::ByThemselves || hasOwn)
             return breakLines(bars, firstWidth, width);
         return fixedLines(bars, list, usual, firstWidth, width);
@@ -151,8 +147,7 @@ private:
         unsigned bar = 0; // shown
         unsigned listed = 0;
         unsigned listedEnd = 0; // in bars of the score
-        const unsigned end =
-            _score.shown.back().bar + _score.shown.back().count;
+        const unsigned end = _score.shown.back().bar + _score.shown.back().count;
         while (bar < count()) {
             while (listedEnd <= _score.shown[bar].bar && listed < list.size())
                 listedEnd += static_cast<unsigned>(std::max(list[listed++], 1));
@@ -235,10 +230,10 @@ private:
             page.marks = texts.draw(i + 1, pageCount, left, top, _sheet.height);
             if (i < filled.size()) {
                 for (unsigned s = filled[i].first; s < filled[i].end; ++s)
-                    page.systems.push_back(
-                        {_systems[s].drawing,
-                         {fromSpaces(left), fromSpaces(top + (i == 0 ? title : header)
-                                                       + filled[i].places[s - filled[i].first])}});
+                    page.systems.push_back({_systems[s].drawing,
+                                            {fromSpaces(left),
+                                             fromSpaces(top + (i == 0 ? title : header)
+                                                        + filled[i].places[s - filled[i].first])}});
                 if (filled[i].isTooTall)
                     reportTall(page, _systems[filled[i].first], i == 0 ? title : header);
             }
@@ -253,9 +248,10 @@ private:
         _problems.add(place, "The system is taller than the page.");
         // The sheet grows, so that nothing is lost beyond its edge.
         const double needed = (above + system.top + system.bottom) * _sheet.space;
-        page.height = std::max(page.height, static_cast<std::int32_t>(std::ceil(needed))
-                                                + page.topMargin + page.bottomMargin
-                                                + static_cast<std::int32_t>(4 * _sheet.space));
+        page.height =
+            std::max(page.height,
+                     static_cast<std::int32_t>(std::ceil(needed)) + page.topMargin
+                         + page.bottomMargin + static_cast<std::int32_t>(4 * _sheet.space));
     }
 
     /// One sheet for all systems, below one another.
@@ -276,8 +272,7 @@ private:
                                   static_cast<std::int32_t>((left + width) * _sheet.space)
                                       + page.rightMargin);
         page.height = static_cast<std::int32_t>(y * _sheet.space) + page.bottomMargin;
-        page.marks = texts.draw(1, 1, left, spaces(page.topMargin),
-                                y - spaces(page.topMargin));
+        page.marks = texts.draw(1, 1, left, spaces(page.topMargin), y - spaces(page.topMargin));
         _pages.push_back(std::move(page));
     }
 

@@ -59,9 +59,10 @@ struct LayoutOptions {
 /// must outlive the call alone.
 ZARNLAYOUT_EXPORT std::shared_ptr<const Layout> layOut(const ScoreModel &model,
                                                        const LayoutOptions &options = {});
-ZARNLAYOUT_EXPORT std::shared_ptr<const Layout>
-layOut(const ScoreModel &model, const LayoutOptions &options,
-       const std::shared_ptr<const MusicFont> &font, const TextMeasure &texts);
+ZARNLAYOUT_EXPORT std::shared_ptr<const Layout> layOut(const ScoreModel &model,
+                                                       const LayoutOptions &options,
+                                                       const std::shared_ptr<const MusicFont> &font,
+                                                       const TextMeasure &texts);
 
 } // namespace layout
 } // namespace zarn

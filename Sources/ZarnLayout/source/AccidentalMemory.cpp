@@ -72,8 +72,8 @@ void setAccidentals(BarSource &bar)
     for (const Read &read : reads)
         for (unsigned i = 0; i < read.beat->noteCount; ++i) {
             NoteSource &note = bar.notes[read.beat->firstNote + i];
-            const bool isTiedOver = note.marks.isTied() && read.beat->index == 0
-                && read.beat->onset.isZero();
+            const bool isTiedOver =
+                note.marks.isTied() && read.beat->index == 0 && read.beat->onset.isZero();
             note.accidental = note.marks.isTied() && !isTiedOver
                     && note.marks.accidentalDisplay() == AccidentalDisplay::Auto
                 ? AccidentalSign()

@@ -4,10 +4,10 @@
 #include <ZarnCore/model/ZarnBar.h>
 #include <ZarnCore/model/ZarnBeatDetails.h>
 #include <ZarnCore/model/ZarnBeatMarks.h>
-#include <ZarnCore/model/ZarnNoteDetails.h>
-#include <ZarnCore/model/ZarnNoteMarks.h>
 #include <ZarnCore/model/ZarnMasterBar.h>
 #include <ZarnCore/model/ZarnMasterTrack.h>
+#include <ZarnCore/model/ZarnNoteDetails.h>
+#include <ZarnCore/model/ZarnNoteMarks.h>
 #include <ZarnCore/model/form/ZarnInForce.h>
 #include <ZarnCore/music/ZarnRhythmValue.h>
 #include <ZarnCore/utils/rational.h>
@@ -77,10 +77,7 @@ struct BeatSource {
             - static_cast<int>(RhythmValue::NoteValue::Quarter);
         return value > 0 ? value : 0;
     }
-    bool hasStem() const noexcept
-    {
-        return rhythm.getNoteValue() >= RhythmValue::NoteValue::Half;
-    }
+    bool hasStem() const noexcept { return rhythm.getNoteValue() >= RhythmValue::NoteValue::Half; }
 };
 
 struct VoiceSource {

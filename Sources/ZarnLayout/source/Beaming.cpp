@@ -57,8 +57,8 @@ private:
 
     std::size_t groupOf(const rational &onset) const
     {
-        return static_cast<std::size_t>(
-            std::upper_bound(_ends.begin(), _ends.end(), onset) - _ends.begin());
+        return static_cast<std::size_t>(std::upper_bound(_ends.begin(), _ends.end(), onset)
+                                        - _ends.begin());
     }
 
     rational _bar;
@@ -99,9 +99,9 @@ void setBeams(std::vector<BeatSource> &beats, const TimeSignature &meter, const 
             const bool isNext = last->index + 1 == beat.index;
             const BeamMode mode = last->marks.beamMode();
             const bool eighths = areEighths && beat.flagCount() == 1;
-            joined = mode == BeamMode::Join ? (isNext || wantsJoin)
-                                            : mode == BeamMode::Auto && isNext
-                                                  && usual.joins(*last, beat, eighths);
+            joined = mode == BeamMode::Join
+                ? (isNext || wantsJoin)
+                : mode == BeamMode::Auto && isNext && usual.joins(*last, beat, eighths);
         }
         if (joined) {
             for (BeatSource *inner = last; inner != &beat; ++inner)

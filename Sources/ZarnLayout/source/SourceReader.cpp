@@ -20,8 +20,7 @@ namespace {
 class BarReader {
 public:
     BarReader(const Track &track, const Bar &bar, BarSource &source)
-        : _bar(bar),
-          _source(source),
+        : _bar(bar), _source(source),
           _set(InstrumentSet::isUnpitched(track.type()) ? track.instrumentSet() : nullptr),
           _isUnpitched(InstrumentSet::isUnpitched(track.type()))
     {

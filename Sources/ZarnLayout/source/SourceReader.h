@@ -7,7 +7,7 @@ namespace zarn {
 class ScoreModel;
 class Staff;
 class Track;
-}
+} // namespace zarn
 
 namespace zarn::engraving {
 

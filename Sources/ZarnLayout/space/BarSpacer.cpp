@@ -125,8 +125,8 @@ void placeClefs(const std::vector<EngravedBar *> &rows)
         }
 }
 
-std::vector<double> springsOf(const std::vector<const BarSource *> &staves,
-                              const Onsets &onsets, const rational &barLength)
+std::vector<double> springsOf(const std::vector<const BarSource *> &staves, const Onsets &onsets,
+                              const rational &barLength)
 {
     std::vector<rational> shortest(onsets.size());
     for (const BarSource *staff : staves)

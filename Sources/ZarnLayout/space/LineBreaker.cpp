@@ -44,8 +44,7 @@ double costOfLine(const std::vector<BarWidth> &bars, unsigned first, unsigned en
     return sum.cost(width, end == bars.size(), bars[end - 1].endsSection);
 }
 
-std::vector<unsigned> breakLines(const std::vector<BarWidth> &bars, double firstWidth,
-                                 double width)
+std::vector<unsigned> breakLines(const std::vector<BarWidth> &bars, double firstWidth, double width)
 {
     const auto count = static_cast<unsigned>(bars.size());
     std::vector<unsigned> lines;

@@ -15,8 +15,7 @@ Skyline::Skyline(double width, double floor)
 std::size_t Skyline::cellAt(double x) const
 {
     const double cell = std::floor(x / cellWidth);
-    return static_cast<std::size_t>(
-        std::clamp(cell, 0.0, static_cast<double>(_cells.size() - 1)));
+    return static_cast<std::size_t>(std::clamp(cell, 0.0, static_cast<double>(_cells.size() - 1)));
 }
 
 void Skyline::insert(double left, double right, double reach)
