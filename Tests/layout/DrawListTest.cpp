@@ -5,7 +5,10 @@
 
 #include <gtest/gtest.h>
 
-namespace zarn::layout { namespace {
+namespace {
+
+using namespace zarn;
+using namespace zarn::layout;
 
 constexpr Unit sp = staffSpace;
 
@@ -82,6 +85,22 @@ TEST(LayoutTest, layoutsAreComparedByValue)
     EXPECT_EQ(blank.fromMicrometres(7000), 4 * sp);
 }
 
+TEST(PathShapeTest, boxesEndWhereCurvesTurn)
+{
+    DrawListBuilder list;
+    list.fill(MarkKind::Slur, {},
+              PathShape().moveTo({0, 0}).curveTo({0, -400}, {800, -400}, {800, 0}).close());
+    list.stroke(MarkKind::Bend, {},
+                PathShape().moveTo({0, 0}).curveTo({-300, 0}, {200, 0}, {100, 90}), 20);
+    const DrawList curves = list.build();
+    const MusicFont &font = *MusicFont::builtIn();
+    EXPECT_EQ(curves.box(curves.marks()[0], font), (Box{0, -300, 800, 0}));
+    const Box bent = curves.box(curves.marks()[1], font);
+    EXPECT_EQ(bent.left, -98 - 10);
+    EXPECT_EQ(bent.right, 114 + 10);
+    EXPECT_EQ(bent.bottom, 100);
+}
+
 TEST(PathShapeTest, aCircleIsRound)
 {
     DrawListBuilder list;
@@ -91,4 +110,4 @@ TEST(PathShapeTest, aCircleIsRound)
     EXPECT_THROW(PathShape().lineTo({0, 0}), CoreException);
 }
 
-}} // namespace zarn::layout
+} // namespace

@@ -5,7 +5,10 @@
 
 #include <gtest/gtest.h>
 
-namespace zarn::layout { namespace {
+namespace {
+
+using namespace zarn;
+using namespace zarn::layout;
 
 constexpr Unit sp = staffSpace;
 
@@ -91,4 +94,4 @@ TEST_F(LayoutSearchTest, thePlaybackLineGoesFromColumnToColumn)
     EXPECT_FALSE(playbackLine(*_layout, 0, 0));
 }
 
-}} // namespace zarn::layout
+} // namespace

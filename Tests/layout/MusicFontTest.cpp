@@ -16,7 +16,10 @@
 #include <utility>
 #include <vector>
 
-namespace zarn::layout { namespace {
+namespace {
+
+using namespace zarn;
+using namespace zarn::layout;
 
 TEST(MusicFontTest, theBuiltInFontHasWhatEngraversKnowOfIt)
 {
@@ -137,4 +140,4 @@ TEST(FontFilesTest, theCarriedFilesAreThoseOfTheirMakers)
     EXPECT_THROW(builtInFontFile("bravura/none.otf"), CoreException);
 }
 
-}} // namespace zarn::layout
+} // namespace

@@ -16,7 +16,10 @@
 #include <set>
 #include <string>
 
-namespace zarn::layout { namespace {
+namespace {
+
+using namespace zarn;
+using namespace zarn::layout;
 
 /// One sheet of the sample, parsed.
 class SvgWriterTest : public testing::Test {
@@ -150,4 +153,4 @@ TEST(LayoutDumpTest, theDumpHasEveryMarkWhereItIsOnItsSheet)
     EXPECT_NEAR(right, fromSpaces(1.18), 4);
 }
 
-}} // namespace zarn::layout
+} // namespace

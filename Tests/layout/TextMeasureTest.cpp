@@ -3,7 +3,10 @@
 
 #include <gtest/gtest.h>
 
-namespace zarn::layout { namespace {
+namespace {
+
+using namespace zarn;
+using namespace zarn::layout;
 
 constexpr TextStyle em{TextFace::Roman, 1000 * staffSpace}; // a font unit is a staff space
 
@@ -41,4 +44,4 @@ TEST(TextMeasureTest, whatTheFontLacksIsEstimated)
     EXPECT_EQ(measure.measure("\xF0\x9F\x98\x80", em).advance, em.size);
 }
 
-}} // namespace zarn::layout
+} // namespace

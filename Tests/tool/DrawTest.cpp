@@ -13,7 +13,10 @@
 #include <set>
 #include <string>
 
-namespace zarn::test { namespace {
+namespace {
+
+using namespace zarn;
+using namespace zarn::test;
 
 class DrawTest : public testing::Test {
 protected:
@@ -107,6 +110,12 @@ TEST_F(DrawTest, optionsChooseWhatIsDrawnOnWhat)
     EXPECT_EQ(dumpWith({QStringLiteral("--page=300x100.5")})["pages"][0]["height"].GetDouble(),
               100.5);
     EXPECT_EQ(dumpWith({QStringLiteral("--view=scroll")})["pages"].Size(), 1u);
+    const auto barsOfFirstSystem = [](const rapidjson::Document &dump) {
+        return dump["pages"][0]["systems"][0]["bars"].Size();
+    };
+    const QStringList wide{QStringLiteral("--page=500x200")};
+    EXPECT_GT(barsOfFirstSystem(dumpWith(wide + QStringList{QStringLiteral("--systems=best")})),
+              barsOfFirstSystem(dumpWith(wide)));
     const auto line = dumpWith({QStringLiteral("--view=line"), QStringLiteral("--bars=1-12")});
     ASSERT_EQ(line["pages"].Size(), 1u);
     ASSERT_EQ(line["pages"][0]["systems"].Size(), 1u);
@@ -167,6 +176,7 @@ TEST_F(DrawTest, whatCannotBeDrawnLeavesOldFilesWhole)
                                               {"g.svg", "--view=tiles"},
                                               {"h.svg", "--format=bmp"},
                                               {"i.svg", "--text=images"},
+                                              {"k.svg", "--systems=2"},
                                               {"j.svg", "--bars=0"}})
         EXPECT_EQ(misuse(out, option), 2) << option;
     EXPECT_EQ(runTool({QStringLiteral("draw"), romance()}).code, 2) << "no output was named";
@@ -183,4 +193,4 @@ TEST_F(DrawTest, aPlatformWithoutFontsIsNamed)
     EXPECT_TRUE(files().isEmpty());
 }
 
-}} // namespace zarn::test
+} // namespace

@@ -17,7 +17,10 @@
 #include <cmath>
 #include <functional>
 
-namespace zarn::views { namespace {
+namespace {
+
+using namespace zarn;
+using namespace zarn::views;
 
 /// How much of a rectangle in staff spaces is ink, 0 to 1.
 double inkIn(const QImage &image, const layout::Layout &layout, double left, double top,
@@ -96,4 +99,37 @@ TEST(PdfWriterTest, aPageForEachSheetWithTheFontsEmbedded)
     EXPECT_THROW(PdfWriter().write(layout::Layout(nothing), buffer), CoreException);
 }
 
-}} // namespace zarn::views
+TEST(ScorePrinterTest, aPageRangeIsPrintedInTheOrderThatWasAskedFor)
+{
+    const auto layout = test::drawnSample();
+    const QTemporaryDir folder;
+    const auto pagesOf = [&](const std::function<void(QPrinter &)> &setUp) {
+        QPrinter printer(QPrinter::HighResolution);
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(folder.filePath(QStringLiteral("printed.pdf")));
+        setUp(printer);
+        if (!printLayout(*layout, printer))
+            return -1;
+        QFile file(printer.outputFileName());
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll().count("/Type /Page\n");
+    };
+    EXPECT_EQ(pagesOf([](QPrinter &) {}), 2);
+    EXPECT_EQ(pagesOf([](QPrinter &printer) {
+                  printer.setPrintRange(QPrinter::PageRange);
+                  printer.setFromTo(2, 5);
+              }),
+              1);
+    EXPECT_EQ(pagesOf([](QPrinter &printer) {
+                  printer.setPrintRange(QPrinter::PageRange);
+                  printer.setFromTo(3, 5);
+              }),
+              -1);
+    EXPECT_EQ(pagesOf([](QPrinter &printer) {
+                  printer.setPageOrder(QPrinter::LastPageFirst);
+                  printer.setCopyCount(3);
+              }),
+              6);
+}
+
+} // namespace

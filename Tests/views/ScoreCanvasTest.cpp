@@ -12,7 +12,10 @@
 
 #include <cmath>
 
-namespace zarn::views { namespace {
+namespace {
+
+using namespace zarn;
+using namespace zarn::views;
 
 constexpr layout::Unit sp = layout::staffSpace;
 
@@ -162,4 +165,4 @@ TEST_F(ScoreCanvasTest, cursorSelectionAndPlaybackLineAreSeenAndGoAgain)
     EXPECT_FALSE(_canvas.sheetPoint({100, 100}));
 }
 
-}} // namespace zarn::views
+} // namespace

@@ -186,6 +186,8 @@ Subcommand drawCommand()
           QStringLiteral("A4, letter and so on, or WIDTHxHEIGHT in millimetres.")},
          {QStringLiteral("staff-size"), QStringLiteral("s"), QStringLiteral("MM"),
           QStringLiteral("Height of a staff of five lines in millimetres.")},
+         {QStringLiteral("systems"), QString(), QStringLiteral("HOW"),
+          QStringLiteral("Break lines as the document says, or best: where the music does.")},
          {QStringLiteral("multi-rests"), QStringLiteral("m"), QString(),
           QStringLiteral("Draw runs of empty bars as one.")},
          {QStringLiteral("text"), QString(), QStringLiteral("HOW"),

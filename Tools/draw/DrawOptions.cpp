@@ -99,6 +99,15 @@ ViewLayout readView(const QString &word)
     throw UsageError{QStringLiteral("--view takes pages, scroll or line, not \"%1\"").arg(word)};
 }
 
+layout::SystemBreaks readSystems(const QString &word)
+{
+    if (word == QStringLiteral("document"))
+        return layout::SystemBreaks::AsDocument;
+    if (word == QStringLiteral("best"))
+        return layout::SystemBreaks::ByThemselves;
+    throw UsageError{QStringLiteral("--systems takes document or best, not \"%1\"").arg(word)};
+}
+
 void readSheet(const QString &word, PageSetup &setup)
 {
     setup.orientation = PageSetup::Orientation::Portrait;
@@ -152,6 +161,8 @@ layout::LayoutOptions readLayoutOptions(const Arguments &arguments, const ScoreM
         options.notations = readNotations(arguments);
     if (arguments.has(QStringLiteral("view")))
         options.view = readView(arguments.value(QStringLiteral("view")));
+    if (arguments.has(QStringLiteral("systems")))
+        options.breaks = readSystems(arguments.value(QStringLiteral("systems")));
     options.multiRest = arguments.has(QStringLiteral("multi-rests"));
     PageSetup setup = model.pageSetup();
     if (arguments.has(QStringLiteral("page")))

@@ -28,6 +28,62 @@ Box lineBox(const DrawMark &line)
             static_cast<Unit>(std::ceil(std::max(line.at.y, line.to.y) + acrossY))};
 }
 
+/// Stretches [low, high] over what a cubic curve reaches in one coordinate.
+void stretchOver(double from, double first, double second, double to, double &low, double &high)
+{
+    const auto at = [&](double t) {
+        const double s = 1 - t;
+        return s * s * s * from + 3 * s * s * t * first + 3 * s * t * t * second + t * t * t * to;
+    };
+    low = std::min({low, from, to});
+    high = std::max({high, from, to});
+    // Where the slope is none: a t^2 + b t + c = 0.
+    const double a = to - 3 * second + 3 * first - from;
+    const double b = 2 * (second - 2 * first + from);
+    const double c = first - from;
+    const double root = b * b - 4 * a * c;
+    if (root < 0)
+        return;
+    const double q = -0.5 * (b + std::copysign(std::sqrt(root), b));
+    for (const double t : {a == 0 ? -1 : q / a, q == 0 ? -1 : c / q}) {
+        if (t > 0 && t < 1) {
+            low = std::min(low, at(t));
+            high = std::max(high, at(t));
+        }
+    }
+}
+
+/// Around the points and curves of a path.
+Box pathBox(const DrawList::Path &path, const std::vector<Point> &points,
+            const std::vector<PathVerb> &verbs)
+{
+    if (path.pointCount == 0)
+        return {};
+    const Point *next = points.data() + path.firstPoint;
+    double left = next->x;
+    double right = left;
+    double top = next->y;
+    double bottom = top;
+    Point last = *next;
+    for (std::uint32_t i = 0; i < path.verbCount; ++i) {
+        const PathVerb verb = verbs[path.firstVerb + i];
+        if (verb == PathVerb::Close)
+            continue;
+        if (verb == PathVerb::Cubic) {
+            stretchOver(last.x, next[0].x, next[1].x, next[2].x, left, right);
+            stretchOver(last.y, next[0].y, next[1].y, next[2].y, top, bottom);
+            next += 2;
+        }
+        last = *next++;
+        left = std::min<double>(left, last.x);
+        right = std::max<double>(right, last.x);
+        top = std::min<double>(top, last.y);
+        bottom = std::max<double>(bottom, last.y);
+    }
+    return {static_cast<Unit>(std::floor(left)), static_cast<Unit>(std::floor(top)),
+            static_cast<Unit>(std::ceil(right)), static_cast<Unit>(std::ceil(bottom))};
+}
+
 } // namespace
 
 DrawList::DrawList() = default;
@@ -68,17 +124,7 @@ Box DrawList::box(const DrawMark &mark, const MusicFont &font) const
     case MarkShape::Path:
         break;
     }
-    const Path &path = this->path(mark);
-    if (path.pointCount == 0)
-        return {};
-    const auto first = _points.begin() + path.firstPoint;
-    const auto last = first + path.pointCount;
-    const auto [left, right] =
-        std::minmax_element(first, last, [](Point a, Point b) { return a.x < b.x; });
-    const auto [top, bottom] =
-        std::minmax_element(first, last, [](Point a, Point b) { return a.y < b.y; });
-    const Box box{left->x, top->y, right->x, bottom->y};
-    return box.grownBy((mark.thickness + 1) / 2);
+    return pathBox(path(mark), _points, _verbs).grownBy((mark.thickness + 1) / 2);
 }
 
 Box DrawList::box(const MusicFont &font) const

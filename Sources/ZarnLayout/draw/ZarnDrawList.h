@@ -102,7 +102,7 @@ public:
     const Text &textOf(const DrawMark &mark) const { return _texts.at(mark.detail); }
     std::string_view characters(const DrawMark &mark) const;
 
-    /// The smallest box around the ink of a mark; curves count with their control points.
+    /// The smallest box around the ink of a mark.
     Box box(const DrawMark &mark, const MusicFont &font) const;
     /// Around the ink of all marks.
     Box box(const MusicFont &font) const;

@@ -10,7 +10,10 @@
 #include <QGuiApplication>
 #include <QLibraryInfo>
 
-namespace zarn::tool { namespace {
+namespace {
+
+using namespace zarn;
+using namespace zarn::tool;
 
 QtMessageHandler wholeHandler = nullptr;
 
@@ -62,10 +65,10 @@ private:
     std::unique_ptr<QGuiApplication> _application;
 };
 
-}} // namespace zarn::tool
+} // namespace
 
 extern "C" __attribute__((visibility("default"))) zarn::tool::GuiExport *zarnGuiExport()
 {
-    static zarn::tool::Module module;
+    static Module module;
     return &module;
 }
