@@ -147,7 +147,8 @@ std::vector<PlacedBox> boxesOf(const Layout &layout, const DrawPlace &place)
             std::map<std::pair<int, int>, Box> boxes; // by track and staff
             const DrawList &list = system.drawing->marks;
             for (const DrawMark &mark : list.marks()) {
-                if (mark.kind == MarkKind::StaffLine || !isIn(mark.place, place))
+                if (mark.kind == MarkKind::StaffLine || mark.kind == MarkKind::BarLine
+                    || !isIn(mark.place, place))
                     continue;
                 Box &box = boxes[{mark.place.track, mark.place.staff}];
                 box = box.unitedWith(list.box(mark, layout.font()).movedBy(system.at));

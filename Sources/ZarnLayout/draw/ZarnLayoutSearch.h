@@ -43,7 +43,7 @@ struct PlacedBox {
 };
 
 /// The marks of a place and of all that lies in it: of a beat its stem and its notes, of a bar all
-/// of it. One box for each system and staff that holds some of them.
+/// of it but its lines. One box for each system and staff that holds some of them.
 ZARNLAYOUT_EXPORT std::vector<PlacedBox> boxesOf(const Layout &layout, const DrawPlace &place);
 
 /// The upright line where a position of the music is played, as high as its system: as far between

@@ -15,12 +15,28 @@ using layout::DrawList;
 using layout::DrawMark;
 using layout::MarkShape;
 
+namespace {
+
+/// Beside the faces of the text font.
+constexpr int musicFace = -2;
+
+} // namespace
+
 MarkBrush::MarkBrush(QPainter &painter, const layout::MusicFont &font, GlyphPaths &paths,
                      GlyphDrawing glyphs, const QColor &ink)
     : _painter(painter), _font(font), _paths(paths), _glyphs(glyphs), _ink(ink)
 {
-    _painter.setBrush(_ink);
-    _painter.setPen(Qt::NoPen);
+    _painter.setBrush(Qt::NoBrush);
+    _pen = QPen(ink);
+    _painter.setPen(_pen);
+}
+
+void MarkBrush::usePen(const QPen &pen)
+{
+    if (pen == _pen)
+        return;
+    _pen = pen;
+    _painter.setPen(pen);
 }
 
 void MarkBrush::paint(const DrawList &list, const Box &exposed)
@@ -50,11 +66,9 @@ void MarkBrush::paintGlyph(const DrawMark &mark)
     const bool isUpright = mark.detail == 0 && mark.to.x == mark.to.y;
     if (_glyphs == GlyphDrawing::Fonts && isUpright) {
         // SMuFL: an em is four staff spaces, so scales in 1/1024 are a fourth of the em in units.
-        _painter.setFont(ViewFonts::instance().music(4 * mark.to.x));
-        _painter.setPen(_ink.color());
+        useFont(musicFace, 4 * mark.to.x);
         const char32_t codePoint = _font.codePoint(mark.glyph);
         _painter.drawText(QPointF(mark.at.x, mark.at.y), QString::fromUcs4(&codePoint, 1));
-        _painter.setPen(Qt::NoPen);
         return;
     }
     const QPainterPath &path = _paths.music(_font, mark.glyph);
@@ -64,7 +78,7 @@ void MarkBrush::paintGlyph(const DrawMark &mark)
         _painter.rotate(-90.0 * mark.detail);
     if (mark.to != layout::GlyphForm().scale)
         _painter.scale(mark.to.x / 1024.0, mark.to.y / 1024.0);
-    _painter.drawPath(path);
+    _painter.fillPath(path, _ink);
     _painter.setTransform(before);
 }
 
@@ -75,16 +89,15 @@ void MarkBrush::paintLine(const DrawMark &mark)
     if (mark.detail != 0 && mark.thickness > 0) // patterns count in thicknesses
         pen.setDashPattern({static_cast<qreal>(mark.detail) / mark.thickness,
                             std::max(0.01, static_cast<qreal>(mark.gap) / mark.thickness)});
-    _painter.setPen(pen);
+    usePen(pen);
     _painter.drawLine(QPointF(mark.at.x, mark.at.y), QPointF(mark.to.x, mark.to.y));
-    _painter.setPen(Qt::NoPen);
 }
 
 void MarkBrush::paintPath(const DrawList &list, const DrawMark &mark)
 {
     const QPainterPath path = painterPath(list, mark);
     if (mark.thickness == 0) {
-        _painter.drawPath(path);
+        _painter.fillPath(path, _ink);
         return;
     }
     _painter.strokePath(path,
@@ -111,7 +124,7 @@ void MarkBrush::paintText(const DrawList &list, const DrawMark &mark)
     for (const layout::SetGlyph &glyph : *set) {
         _painter.setTransform(origin);
         _painter.translate(glyph.x * perUnit, -glyph.y * perUnit);
-        _painter.drawPath(_paths.text(text.style.face, glyph.glyph));
+        _painter.fillPath(_paths.text(text.style.face, glyph.glyph), _ink);
     }
     _painter.setTransform(before);
 }
@@ -127,17 +140,26 @@ void MarkBrush::paintCharacters(const DrawList::Text &text, const QString &chara
     if (width > text.advance + 2 && text.advance > 0)
         _painter.scale(text.advance / width, 1);
     if (_glyphs == GlyphDrawing::Fonts) {
-        _painter.setFont(font);
-        _painter.setPen(_ink.color());
+        useFont(static_cast<int>(text.style.face), text.style.size);
         _painter.drawText(QPointF(0, 0), characters);
-        _painter.setPen(Qt::NoPen);
     } else {
         QPainterPath path;
         path.setFillRule(Qt::WindingFill);
         path.addText(QPointF(0, 0), font, characters);
-        _painter.drawPath(path);
+        _painter.fillPath(path, _ink);
     }
     _painter.setTransform(before);
+}
+
+void MarkBrush::useFont(int face, int pixels)
+{
+    if (face == _fontFace && pixels == _fontPixels)
+        return;
+    _fontFace = face;
+    _fontPixels = pixels;
+    const ViewFonts &fonts = ViewFonts::instance();
+    _painter.setFont(face == musicFace ? fonts.music(pixels)
+                                       : fonts.text(static_cast<layout::TextFace>(face), pixels));
 }
 
 } // namespace zarn::views

@@ -5,6 +5,7 @@
 #include <ZarnViews/paint/ZarnScorePainter.h>
 
 #include <QBrush>
+#include <QPen>
 
 class QPainter;
 
@@ -27,11 +28,19 @@ private:
     void paintCharacters(const layout::DrawList::Text &text, const QString &characters,
                          layout::Point at);
 
+    /// Sets a pen unless it is set: what is written to documents for it would double their size.
+    void usePen(const QPen &pen);
+    /// The same for a face of the text font, or the music font.
+    void useFont(int face, int pixels);
+
     QPainter &_painter;
     const layout::MusicFont &_font;
     GlyphPaths &_paths;
     GlyphDrawing _glyphs;
     QBrush _ink;
+    QPen _pen;
+    int _fontFace = -1; ///< none yet
+    int _fontPixels = 0;
 };
 
 } // namespace zarn::views

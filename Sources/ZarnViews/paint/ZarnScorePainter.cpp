@@ -29,12 +29,12 @@ void ScorePainter::paintPage(QPainter &painter, const layout::Layout &layout, st
     MarkBrush brush(painter, layout.font(), _caches->paths, _glyphs, _ink);
     if (sheet.marks != nullptr)
         brush.paint(*sheet.marks, exposed);
+    // Pens and fonts stay from one system to the next.
+    const QTransform corner = painter.transform();
     for (const layout::PlacedSystem &system : sheet.systems) {
-        painter.save();
-        painter.translate(system.at.x, system.at.y);
+        painter.setTransform(QTransform::fromTranslate(system.at.x, system.at.y) * corner);
         brush.paint(system.drawing->marks,
                     exposed.isEmpty() ? exposed : exposed.movedBy({-system.at.x, -system.at.y}));
-        painter.restore();
     }
     painter.restore();
 }
