@@ -45,35 +45,46 @@ std::vector<SlurSpan> markedSlurs(const RowDraft &row)
     return spans;
 }
 
-/// Slurs by number, from any voice of the staff to any other.
-std::vector<SlurSpan> numberedSlurs(const RowDraft &row)
+/// A slur by number, from any voice and staff of a track to any other.
+struct NumberedSlur {
+    const RowDraft *firstRow = nullptr; ///< null where it comes from a system before
+    const RowDraft *lastRow = nullptr;  ///< null where it goes on
+    std::size_t first = 0;
+    std::size_t last = 0;
+};
+
+std::vector<NumberedSlur> numberedSlurs(const SystemDraft &draft, unsigned track)
 {
-    std::vector<std::size_t> order(row.chords.size());
-    for (std::size_t i = 0; i < order.size(); ++i)
-        order[i] = i;
-    std::stable_sort(order.begin(), order.end(), [&](std::size_t left, std::size_t right) {
-        return row.chords[left].x < row.chords[right].x;
-    });
-    std::vector<SlurSpan> spans;
-    std::map<unsigned, std::size_t> open;
-    for (const std::size_t i : order) {
-        const auto &details = row.chords[i].beat().details;
-        if (!details)
-            continue;
-        for (const SlurEnd &end : details->slurEnds) {
+    struct Place {
+        const RowDraft *row;
+        std::size_t chord;
+        double x;
+    };
+    std::vector<Place> places;
+    for (const RowDraft &row : draft.rows)
+        if (row.row->track == track && row.row->isFirstOfStaff)
+            for (std::size_t i = 0; i < row.chords.size(); ++i)
+                if (const auto &details = row.chords[i].beat().details;
+                    details && !details->slurEnds.empty())
+                    places.push_back({&row, i, row.chords[i].x});
+    std::stable_sort(places.begin(), places.end(),
+                     [](const Place &left, const Place &right) { return left.x < right.x; });
+    std::vector<NumberedSlur> slurs;
+    std::map<unsigned, Place> open;
+    for (const Place &place : places)
+        for (const SlurEnd &end : place.row->chords[place.chord].beat().details->slurEnds) {
             if (end.isBegin) {
-                open[end.number] = i;
+                open[end.number] = place;
             } else if (const auto begin = open.find(end.number); begin != open.end()) {
-                spans.push_back({begin->second, i, false, false});
+                slurs.push_back({begin->second.row, place.row, begin->second.chord, place.chord});
                 open.erase(begin);
             } else {
-                spans.push_back({i, i, true, false});
+                slurs.push_back({nullptr, place.row, place.chord, place.chord});
             }
         }
-    }
     for (const auto &[number, begin] : open)
-        spans.push_back({begin, begin, false, true});
-    return spans;
+        slurs.push_back({begin.row, nullptr, begin.chord, begin.chord});
+    return slurs;
 }
 
 class SlurDrawer {
@@ -329,14 +340,45 @@ void addSlurs(RowDraft &row, const SystemDraft &draft)
         return;
     SlurDrawer drawer(row, draft);
     std::vector<SlurSpan> spans = markedSlurs(row);
-    for (const SlurSpan &span : numberedSlurs(row))
-        spans.push_back(span);
+    for (const NumberedSlur &slur : numberedSlurs(draft, row.row->track)) {
+        const bool isHere = slur.firstRow == &row || (!slur.firstRow && slur.lastRow == &row);
+        const bool staysHere = !slur.firstRow || !slur.lastRow || slur.firstRow == slur.lastRow;
+        if (isHere && staysHere)
+            spans.push_back({slur.first, slur.last, !slur.firstRow, !slur.lastRow});
+    }
     // Short slurs first: long ones go around them.
     std::stable_sort(spans.begin(), spans.end(), [](const SlurSpan &left, const SlurSpan &right) {
         return left.last - left.first < right.last - right.first;
     });
     for (const SlurSpan &span : spans)
         drawer.draw(span);
+}
+
+void addCrossStaffSlurs(SystemDraft &draft)
+{
+    Inks curves;
+    for (std::size_t i = 0; i < draft.rows.size(); ++i) {
+        const unsigned track = draft.rows[i].row->track;
+        if (i > 0 && draft.rows[i - 1].row->track == track)
+            continue;
+        for (const NumberedSlur &slur : numberedSlurs(draft, track)) {
+            if (!slur.firstRow || !slur.lastRow || slur.firstRow == slur.lastRow)
+                continue;
+            // From the side that faces the other staff, past the heads.
+            const bool isDown = slur.lastRow->y > slur.firstRow->y;
+            const PlacedChord &first = slur.firstRow->chords[slur.first];
+            const PlacedChord &last = slur.lastRow->chords[slur.last];
+            const double off = isDown ? 0.4 : -0.4;
+            const Point from = {first.headCentre() + 0.2,
+                                slur.firstRow->y + (isDown ? first.bottom() : first.top()) + off};
+            const Point to = {std::max(last.headCentre() - 0.2, from.x + 1),
+                              slur.lastRow->y + (isDown ? last.top() : last.bottom()) - off};
+            Ink curve = draft.pen.curve(MarkKind::Slur, from, to, isDown ? 1.2 : -1.2);
+            curve.place = placeOf(*slur.firstRow, first);
+            curves.push_back(std::move(curve));
+        }
+    }
+    draft.inks.insert(draft.inks.end(), curves.begin(), curves.end());
 }
 
 void addStringLinks(RowDraft &row, const SystemDraft &draft)

@@ -4,6 +4,7 @@
 #include <ZarnLayout/page/BeamEngraver.h>
 #include <ZarnLayout/page/Emitter.h>
 #include <ZarnLayout/page/RowEngravers.h>
+#include <ZarnLayout/page/SlurEngraver.h>
 
 #include <algorithm>
 #include <cmath>
@@ -120,6 +121,7 @@ BuiltSystem SystemBuilder::build(unsigned first, unsigned end, double width, boo
     placeBars(draft, width, isJustified);
     placeRows(draft);
     separateRows(draft);
+    addCrossStaffSlurs(draft);
     addHead(draft);
     const std::vector<bool> joined = joinedRows();
     for (const LineJob &job : _lines)
