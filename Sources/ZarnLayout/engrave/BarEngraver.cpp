@@ -478,6 +478,14 @@ void BarEngraver::addSpaces()
             boxes.push_back({{centre - half, dynamicSpaceY, centre + half, dynamicSpaceY + 1},
                              SpaceBox::Kind::Text});
         }
+        if (_row.isFirstOfStaff && chord.beat->marks.pedal() != PedalChange::None) {
+            const PedalChange pedal = chord.beat->marks.pedal();
+            const double width = pedal == PedalChange::Start ? 3.3
+                : pedal == PedalChange::Stop                 ? 1.4
+                                                             : 5.0;
+            boxes.push_back(
+                {{chord.x, pedalSpaceY, chord.x + width, pedalSpaceY + 1}, SpaceBox::Kind::Text});
+        }
         if (_row.isFirstOfStaff && chord.beat->details)
             addWordSpaces(chord, boxes);
         if (chord.isBeamed && chord.hasStem)

@@ -60,6 +60,7 @@ struct SpaceBox {
 constexpr double lyricSpaceY = 1000;
 constexpr double symbolSpaceY = -1000;
 constexpr double dynamicSpaceY = 500;
+constexpr double pedalSpaceY = 600;
 
 /// A row of a bar, engraved before the places of its columns are known.
 struct EngravedBar {

@@ -128,27 +128,6 @@ const char *fingerLetter(Fingering finger, bool isRight)
     return isRight ? right[index] : left[index];
 }
 
-const char *harmonicLetters(HarmonicType type)
-{
-    switch (type) {
-    case HarmonicType::Natural:
-        return "N.H.";
-    case HarmonicType::Artificial:
-        return "A.H.";
-    case HarmonicType::Pinch:
-        return "P.H.";
-    case HarmonicType::Tapped:
-        return "T.H.";
-    case HarmonicType::Semi:
-        return "S.H.";
-    case HarmonicType::Feedback:
-        return "Fdbk.";
-    case HarmonicType::NoHarmonic:
-        break;
-    }
-    return "";
-}
-
 Sign ornamentSign(Ornament ornament)
 {
     switch (ornament) {
@@ -202,7 +181,7 @@ struct NoteSign {
     MakeNoteSign make;
 };
 
-const std::array<NoteSign, 8> noteSigns = {{
+const std::array<NoteSign, 7> noteSigns = {{
     {Side::Above, Rows::First, true,
      [](const Pen &pen, const NoteSource &note, double x, const RowDraft &) -> Inks {
          const Fingering finger = note.marks.leftFingering();
@@ -240,13 +219,6 @@ const std::array<NoteSign, 8> noteSigns = {{
          Ink ink = pen.glyph(MarkKind::Technique, *glyph, 0, 0);
          ink.move(x - (ink.box.left + ink.box.right) / 2, 0);
          return {std::move(ink)};
-     }},
-    {Side::Above, Rows::Last, false,
-     [](const Pen &pen, const NoteSource &note, double x, const RowDraft &) -> Inks {
-         const HarmonicType type = note.marks.harmonic().type;
-         return type == HarmonicType::NoHarmonic
-             ? Inks()
-             : letters(pen, MarkKind::Harmonic, harmonicLetters(type), x);
      }},
     {Side::Above, Rows::Last, false,
      [](const Pen &pen, const NoteSource &note, double x, const RowDraft &) -> Inks {

@@ -145,6 +145,51 @@ const std::array<Stretch, 7> stretches = {{
      false},
 }};
 
+const char *harmonicLetters(HarmonicType type)
+{
+    switch (type) {
+    case HarmonicType::Natural:
+        return "N.H.";
+    case HarmonicType::Artificial:
+        return "A.H.";
+    case HarmonicType::Pinch:
+        return "P.H.";
+    case HarmonicType::Tapped:
+        return "T.H.";
+    case HarmonicType::Semi:
+        return "S.H.";
+    case HarmonicType::Feedback:
+        return "Fdbk.";
+    case HarmonicType::NoHarmonic:
+        break;
+    }
+    return "";
+}
+
+/// Natural and other harmonics, each kind with its letters once for neighbours.
+void addHarmonics(RowDraft &row, const SystemDraft &draft, SideItems &items)
+{
+    for (int kind = static_cast<int>(HarmonicType::Natural);
+         kind <= static_cast<int>(HarmonicType::Feedback); ++kind) {
+        const auto type = static_cast<HarmonicType>(kind);
+        const auto has = [type](const PlacedChord &chord) {
+            for (unsigned i = 0; i < chord.beat().noteCount; ++i)
+                if (chord.source->notes[chord.beat().firstNote + i].marks.harmonic().type == type)
+                    return true;
+            return false;
+        };
+        for (const ChordRun &run : runsOf(draft, row, has)) {
+            SideItem item;
+            item.line = 1;
+            item.inks = dashed(draft.pen, MarkKind::Harmonic, harmonicLetters(type),
+                               startOf(row, run), endOf(draft, row, run, false), 0.6);
+            for (Ink &ink : item.inks)
+                ink.place = placeOf(row, row.chords[run.first]);
+            items.push_back(std::move(item));
+        }
+    }
+}
+
 const char *roman(unsigned number)
 {
     constexpr std::array<const char *, 25> texts = {
@@ -312,7 +357,10 @@ std::string amountText(int quarterTones)
 
 void addStretches(RowDraft &row, const SystemDraft &draft)
 {
-    if (row.row->isLastOfStaff)
+    if (row.row->isLastOfStaff) {
+        SideItems harmonics;
+        addHarmonics(row, draft, harmonics);
+        place(row, std::move(harmonics));
         for (const Stretch &stretch : stretches) {
             SideItems items;
             for (const ChordRun &run : runsOf(draft, row, stretch.has)) {
@@ -326,6 +374,7 @@ void addStretches(RowDraft &row, const SystemDraft &draft)
             }
             place(row, std::move(items));
         }
+    }
     if (!row.row->isFirstOfStaff)
         return;
     SideItems barres;
