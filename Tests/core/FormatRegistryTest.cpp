@@ -97,6 +97,8 @@ TEST_F(FormatRegistryTest, builtInFormatsAreRecognisedByTheirContent)
     ASSERT_NE(exporter, nullptr);
     EXPECT_EQ(exporter, &formats.exporter(0));
     EXPECT_EQ(formats.exporterByExtension(".zarn"), nullptr);
+    for (const char *const suffix : {"musicxml", "xml", "mxl"})
+        EXPECT_NE(formats.exporterByExtension(suffix), nullptr) << suffix;
 }
 
 TEST_F(FormatRegistryTest, nullAndPlacesPastTheEndAreRefused)

@@ -9,7 +9,9 @@
 #include <ZarnCore/io/ZarnLilyPondExporter.h>
 #include <ZarnCore/io/ZarnMidiExporter.h>
 #include <ZarnCore/io/ZarnMidiImporter.h>
+#include <ZarnCore/io/ZarnMusicXmlExporter.h>
 #include <ZarnCore/io/ZarnMusicXmlImporter.h>
+#include <ZarnCore/io/ZarnMxlExporter.h>
 #include <ZarnCore/io/ZarnNativeExporter.h>
 #include <ZarnCore/io/ZarnNativeImporter.h>
 #include <ZarnCore/io/ZarnTextExporter.h>
@@ -52,6 +54,8 @@ const Exporters &exporters()
     static const Exporters all = [] {
         Exporters list;
         list.push_back(std::make_unique<io::NativeExporter>());
+        list.push_back(std::make_unique<io::MusicXmlExporter>());
+        list.push_back(std::make_unique<io::MxlExporter>());
         list.push_back(std::make_unique<io::TextExporter>());
         list.push_back(std::make_unique<io::LilyPondExporter>());
         list.push_back(std::make_unique<io::MidiExporter>());
@@ -214,6 +218,11 @@ bool isSuffixOf(const io::Exporter &exporter, const std::string &path)
 bool isWritableFormat(const std::string &path)
 {
     return exporterFor(path) != nullptr;
+}
+
+bool isNativeFormat(const std::string &path)
+{
+    return exporterFor(path) == exporters().front().get();
 }
 
 void requireWritableFormat(const std::string &path)

@@ -69,6 +69,9 @@ void saveClip(const Clip &clip, const std::string &path, const Terminal &termina
 /// Whether there is a format to write with the path's suffix.
 bool isWritableFormat(const std::string &path);
 
+/// Whether that is the native one, which loses nothing.
+bool isNativeFormat(const std::string &path);
+
 /// Raises `Failure` unless there is one.
 void requireWritableFormat(const std::string &path);
 

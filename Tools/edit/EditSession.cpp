@@ -119,8 +119,8 @@ std::string EditSession::defaultPath() const
 {
     if (!_output.empty())
         return _output;
-    return isWritableFormat(_document.path) && !isStandardStream(_document.path) ? _document.path
-                                                                                 : std::string();
+    const bool holdsAll = isNativeFormat(_document.path) && !isStandardStream(_document.path);
+    return holdsAll ? _document.path : std::string();
 }
 
 void EditSession::save(const std::string &path)
@@ -130,7 +130,8 @@ void EditSession::save(const std::string &path)
         throw Failure(_document.path.empty()
                           ? "the score has no file yet; name one, such as save song.zarn"
                           : _document.path + ": " + _document.format
-                              + " cannot be written; name a file, such as save song.zarn");
+                              + " does not hold all of a score; name a file, such as save "
+                                "song.zarn");
     warnOfLosses(saveDocument(model(), to, _terminal), to);
     _score.commandStack().setClean();
     if (!isStandardStream(to))

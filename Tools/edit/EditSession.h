@@ -81,7 +81,7 @@ public:
     /// Saves to a path, or to where the score belongs when it is empty. Raises `Failure`.
     void save(const std::string &path);
 
-    /// Where `save("")` would write; empty when the opened format cannot be written.
+    /// Where `save("")` would write; empty unless that is a native document.
     std::string defaultPath() const;
 
     /// Whether the score was edited since it was saved, and the edits were not undone.

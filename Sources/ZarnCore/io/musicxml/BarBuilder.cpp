@@ -41,17 +41,23 @@ void BarBuilder::build(const WrittenMeasure &measure,
     _chordBeats.assign(_staves.size(), {});
     _measure = &measure;
     _nextSign = 0;
-    for (const auto &note : measure.notes)
+    _noteBeats.assign(measure.notes.size(), {});
+    auto claim = measure.claims.begin();
+    for (const auto &note : measure.notes) {
+        const auto index = static_cast<std::size_t>(&note - measure.notes.data());
+        for (; claim != measure.claims.end() && claim->note <= index; ++claim)
+            preferredSlot(_staves[static_cast<std::size_t>(claim->staff)], claim->voice);
         if (!note.chord || !joinChord(note))
             place(note);
+    }
     for (auto &staff : _staves)
         for (auto &slot : staff.voiceSlots)
             if (!slot.beats.empty())
                 _gaps.fill(slot, measure.length, measure.node);
     finishBeats(measure);
-    _marks.place(measure, _staves);
+    _marks.place(measure, _noteBeats, _staves);
     if (!measure.spans.empty())
-        _signs.addSpans(measure, staves.size());
+        _signs.addSpans(measure, _noteBeats, staves.size());
 
     for (std::size_t i = 0; i < staves.size(); ++i) {
         auto bar = std::make_shared<Bar>();
@@ -102,7 +108,7 @@ void BarBuilder::setMarks(const WrittenNote &note, Beat &beat)
 {
     beat.setMarks(note.beatMarks);
     if (note.grace) {
-        beat.setGraceType(note.slashed ? GraceType::BeforeBeat : GraceType::OnBeat);
+        beat.setGraceType(note.isBefore ? GraceType::BeforeBeat : GraceType::OnBeat);
         beat.setSlashedGrace(note.slashed);
     }
 }
@@ -112,10 +118,11 @@ void BarBuilder::noteAdded(const WrittenNote &note, const VoiceSlot &slot, const
 {
     if (note.mayExclude && (_excluding.empty() || _excluding.back() != placed.beat.get()))
         _excluding.push_back(placed.beat.get());
-    if (!note.hasSigns)
-        return;
+    if (note.beatMarks.isSlashed() && (_slashed.empty() || _slashed.back() != placed.beat.get()))
+        _slashed.push_back(placed.beat.get());
     auto &staff = _staves[static_cast<std::size_t>(note.staff)];
-    NotePlace place;
+    const auto index = static_cast<std::size_t>(&note - _measure->notes.data());
+    auto &place = _noteBeats[index];
     place.bar = _context.bar();
     place.staff = note.staff;
     place.slot = static_cast<unsigned>(&slot - staff.voiceSlots.data());
@@ -123,11 +130,12 @@ void BarBuilder::noteAdded(const WrittenNote &note, const VoiceSlot &slot, const
     place.onset = placed.onset;
     place.voice = note.voice;
     place.beat = placed.beat.get();
+    if (!note.hasSigns)
+        return;
     place.note = place.beat->hasNotes() && note.kind != NoteKind::Rest
         ? place.beat->notes().back().get()
         : nullptr;
     const auto &signs = _measure->signs;
-    const auto index = static_cast<std::size_t>(&note - _measure->notes.data());
     for (; _nextSign < signs.size() && signs[_nextSign].note <= index; ++_nextSign)
         if (signs[_nextSign].note == index)
             _signs.add(signs[_nextSign], place);
@@ -136,6 +144,12 @@ void BarBuilder::noteAdded(const WrittenNote &note, const VoiceSlot &slot, const
 /// When all beats are there: what may not stand together goes, and beams are as they are written.
 void BarBuilder::finishBeats(const WrittenMeasure &measure)
 {
+    // A slash that stands for all heads of a beat is none of their own.
+    for (auto *beat : _slashed)
+        for (const auto &note : beat->notes())
+            if (beat->isSlashed() && note->noteHead() == NoteHead::Slash)
+                note->setNoteHead(NoteHead::Normal);
+    _slashed.clear();
     for (auto *beat : _excluding)
         for (const auto name : mendExclusions(*beat))
             _context.addProblem(measure.node,
@@ -191,8 +205,8 @@ VoiceSlot *BarBuilder::ownSlot(StaffSlots &staff, int voice)
     return nullptr;
 }
 
-/// A slot that is empty in this bar, the voice's usual one if it can be had.
-VoiceSlot *BarBuilder::freeSlot(StaffSlots &staff, int voice)
+/// The usual slot of a voice, which it gets when it turns up; `Nobody` when none is left.
+int BarBuilder::preferredSlot(StaffSlots &staff, int voice)
 {
     const auto index = static_cast<std::size_t>(voice);
     if (staff.preferred.size() <= index)
@@ -205,6 +219,13 @@ VoiceSlot *BarBuilder::freeSlot(StaffSlots &staff, int voice)
             preferred = static_cast<int>(open - staff.claimed.begin());
         }
     }
+    return preferred;
+}
+
+/// A slot that is empty in this bar, the voice's usual one if it can be had.
+VoiceSlot *BarBuilder::freeSlot(StaffSlots &staff, int voice)
+{
+    const int preferred = preferredSlot(staff, voice);
     const auto take = [&](VoiceSlot &slot) {
         if (slot.voice != VoiceSlot::Nobody)
             return false;

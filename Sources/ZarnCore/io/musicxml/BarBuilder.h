@@ -44,6 +44,7 @@ private:
     bool joinChord(const WrittenNote &note);
     VoiceSlot *slotFor(const WrittenNote &note);
     VoiceSlot *ownSlot(StaffSlots &staff, int voice);
+    static int preferredSlot(StaffSlots &staff, int voice);
     VoiceSlot *freeSlot(StaffSlots &staff, int voice);
     VoiceSlot *roomySlot(StaffSlots &staff, const WrittenNote &note);
     void append(VoiceSlot &slot, const WrittenNote &note);
@@ -60,6 +61,7 @@ private:
     MarkPlacer _marks;
     std::vector<StaffSlots> _staves;
     std::vector<WholeMeasureRest> _rests;
+    std::vector<NotePlace> _noteBeats; ///< where the notes of the measure went
 
     /// The beat that a chord grows on, by staff: a chord may stand on several.
     struct ChordBeat {
@@ -72,6 +74,7 @@ private:
     const WrittenMeasure *_measure = nullptr;
     std::size_t _nextSign = 0;      ///< of the measure
     bool _hasBeams = false;         ///< the part says what beams join
+    std::vector<Beat *> _slashed;   ///< beats with slashes for heads
     std::vector<Beat *> _excluding; ///< beats that marks on them may not stand on together
 };
 

@@ -22,7 +22,8 @@ struct Column {
     rational nominal; ///< what the meter says
     bool isFree = false;
     bool isImplicit = false;
-    bool isAgreed = false; ///< several parts have music, and all of them reach as far
+    bool isCounted = false; ///< the document says that it is not implicit
+    bool isAgreed = false;  ///< several parts have music, and all of them reach as far
 
     bool isShort() const { return rational(0) < reach && reach < nominal; }
 };
@@ -62,6 +63,7 @@ BarLengths::BarLengths(const std::vector<PartFacts> &parts, MasterTrack &master)
                 agreeing = column.reach < length ? 1 : agreeing + (length == column.reach);
                 column.reach = std::max(column.reach, part.bars[bar].length);
                 column.isImplicit = column.isImplicit || part.bars[bar].implicit;
+                column.isCounted = column.isCounted || part.bars[bar].isCounted;
             }
         column.isAgreed = sounding > 1 && agreeing == sounding;
     }
@@ -73,7 +75,12 @@ void BarLengths::set()
         if (const auto &column = _columns[bar];
             rational(0) < column.reach && column.reach != column.nominal)
             _bars[bar]->setOwnLength(column.reach);
-    if (!_columns.empty() && _columns.front().isShort())
+    if (_columns.empty() || _columns.front().isCounted)
+        return;
+    const bool isNumberedSo = std::any_of(_parts.begin(), _parts.end(), [](const PartFacts &part) {
+        return !part.bars.empty() && part.bars.front().implicit && part.bars.front().number == 0;
+    });
+    if (_columns.front().isShort() || isNumberedSo)
         _master.setAnacrusis(true);
 }
 

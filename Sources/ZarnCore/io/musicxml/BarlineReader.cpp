@@ -5,6 +5,7 @@
 #include <ZarnCore/io/musicxml/signs/Fermatas.h>
 
 #include <algorithm>
+#include <iterator>
 #include <optional>
 #include <string_view>
 
@@ -35,6 +36,14 @@ std::optional<BarLine> barLineOf(std::string_view name)
 }
 
 } // namespace
+
+const char *barStyleOf(BarLine line)
+{
+    const auto *const style =
+        std::find_if(std::begin(barStyles), std::end(barStyles),
+                     [line](const BarStyle &candidate) { return candidate.line == line; });
+    return style == std::end(barStyles) ? nullptr : style->name.data();
+}
 
 void BarlineReader::read(pugi::xml_node node, PartFacts &facts)
 {

@@ -9,6 +9,9 @@ namespace zarn::io {
 
 class ImportContext;
 
+/// The <bar-style> of a line of its own kind; null for the usual line.
+const char *barStyleOf(BarLine line);
+
 /// Reads <barline>: repeats, endings, double bars, and the signs on bar lines.
 class BarlineReader {
 public:

@@ -8,6 +8,7 @@
 #include <ZarnCore/io/musicxml/MeasureTimeline.h>
 #include <ZarnCore/io/musicxml/Metronome.h>
 #include <ZarnCore/io/musicxml/Movements.h>
+#include <ZarnCore/io/musicxml/signs/Swings.h>
 #include <ZarnCore/music/ZarnNoteDynamic.h>
 
 #include <algorithm>
@@ -35,6 +36,15 @@ int staffOf(pugi::xml_node node, ImportContext &context)
     return staff ? std::max(context.integer(staff, 1), 1) - 1 : 0;
 }
 
+/// What a rehearsal mark is by what encloses it, where that tells.
+WrittenSection::Place placeOf(pugi::xml_node rehearsal)
+{
+    const std::string_view enclosure = rehearsal.attribute("enclosure").value();
+    return enclosure == "none"     ? WrittenSection::Place::Text
+        : enclosure == "rectangle" ? WrittenSection::Place::Letter
+                                   : WrittenSection::Place::ByLength;
+}
+
 std::string joined(const std::vector<pugi::xml_node> &words)
 {
     std::string text;
@@ -60,7 +70,7 @@ void DirectionReader::readDirection(pugi::xml_node node, const MeasureTimeline &
             break;
         case Tag::Sound:
             gathered.sound = child;
-            _context.addUnheldChildren(child);
+            readSwing(child, facts);
             break;
         case Tag::Offset:
         case Tag::Staff:
@@ -76,7 +86,8 @@ void DirectionReader::readDirection(pugi::xml_node node, const MeasureTimeline &
     if (isMovementTitle(words))
         facts.movementTitles.push_back(_context.bar());
     if (!words.empty() && !isTempo && !isJump)
-        measure.marks.push_back({node, WrittenMark::Kind::Text, position, staff, 0, words});
+        measure.marks.push_back({node, WrittenMark::Kind::Text, position, staff, 0, words, nullptr,
+                                 measure.notes.size()});
 }
 
 void DirectionReader::gather(pugi::xml_node type, Gathered &gathered, PartFacts &facts,
@@ -88,7 +99,7 @@ void DirectionReader::gather(pugi::xml_node type, Gathered &gathered, PartFacts 
             gathered.words.push_back(child);
             break;
         case Tag::Rehearsal:
-            facts.sections.push_back({_context.bar(), child.child_value()});
+            facts.sections.push_back({_context.bar(), child.child_value(), placeOf(child)});
             break;
         case Tag::Segno:
         case Tag::Coda:
@@ -107,7 +118,7 @@ void DirectionReader::gather(pugi::xml_node type, Gathered &gathered, PartFacts 
         case Tag::Pedal:
         case Tag::Dashes:
         case Tag::Bracket:
-            measure.spans.push_back({child, tag, position, staff});
+            measure.spans.push_back({child, tag, position, staff, measure.notes.size()});
             break;
         default:
             _context.addUnheld(child, tag);
@@ -122,7 +133,19 @@ void DirectionReader::readSound(pugi::xml_node node, const MeasureTimeline &time
     gathered.sound = node;
     readTempo(gathered, {}, positionOf(node, timeline, _context), facts);
     readJumps(gathered, {}, facts);
-    _context.addUnheldChildren(node);
+    readSwing(node, facts);
+}
+
+void DirectionReader::readSwing(pugi::xml_node sound, PartFacts &facts)
+{
+    for (const auto child : sound.children()) {
+        const auto tag = tagOf(child.name());
+        const auto feel = tag == Tag::Swing ? swingOf(child) : std::nullopt;
+        if (feel)
+            facts.swings.push_back({_context.bar(), *feel});
+        else
+            _context.addUnheld(child, tag);
+    }
 }
 
 void DirectionReader::readHarmony(pugi::xml_node node, const MeasureTimeline &timeline,
@@ -130,9 +153,11 @@ void DirectionReader::readHarmony(pugi::xml_node node, const MeasureTimeline &ti
 {
     const auto position = positionOf(node, timeline, _context);
     auto text = harmonyText(node, _context);
-    if (!text.empty())
+    auto diagram = readFrame(node.child(tagName(Tag::Frame)), text, _context);
+    if (!text.empty() || diagram)
         measure.marks.push_back({node, WrittenMark::Kind::ChordSymbol, position,
-                                 staffOf(node, _context), 0, std::move(text)});
+                                 staffOf(node, _context), 0, std::move(text), std::move(diagram),
+                                 measure.notes.size()});
 }
 
 void DirectionReader::readDynamics(pugi::xml_node node, const rational &position, int staff,
@@ -147,12 +172,25 @@ void DirectionReader::readDynamics(pugi::xml_node node, const rational &position
         const auto attack = value > 0 ? AttackDynamic::None : attackDynamicFromString(child.name());
         const std::string_view words = child.child_value();
         if (attack != AttackDynamic::None)
-            measure.marks.push_back(
-                {node, WrittenMark::Kind::Attack, position, staff, static_cast<int>(attack), {}});
+            measure.marks.push_back({node,
+                                     WrittenMark::Kind::Attack,
+                                     position,
+                                     staff,
+                                     static_cast<int>(attack),
+                                     {},
+                                     nullptr,
+                                     measure.notes.size()});
         else if (value <= 0 && !words.empty() && tagOf(child.name()) == Tag::OtherDynamics)
             readOtherDynamics(node, words, position, staff, measure);
         else if (value > 0)
-            measure.marks.push_back({node, WrittenMark::Kind::Dynamic, position, staff, value, {}});
+            measure.marks.push_back({node,
+                                     WrittenMark::Kind::Dynamic,
+                                     position,
+                                     staff,
+                                     value,
+                                     {},
+                                     nullptr,
+                                     measure.notes.size()});
         else
             _context.addUnheld(child);
     }
@@ -168,9 +206,17 @@ void DirectionReader::readOtherDynamics(pugi::xml_node node, std::string_view wo
     const std::string text(words.substr(first, words.find_last_not_of(space) + 1 - first));
     const int value = NoteDynamic::stringToInt(text);
     if (value > 0)
-        measure.marks.push_back({node, WrittenMark::Kind::Dynamic, position, staff, value, {}});
+        measure.marks.push_back({node,
+                                 WrittenMark::Kind::Dynamic,
+                                 position,
+                                 staff,
+                                 value,
+                                 {},
+                                 nullptr,
+                                 measure.notes.size()});
     else if (!text.empty())
-        measure.marks.push_back({node, WrittenMark::Kind::Text, position, staff, 0, text});
+        measure.marks.push_back({node, WrittenMark::Kind::Text, position, staff, 0, text, nullptr,
+                                 measure.notes.size()});
 }
 
 void DirectionReader::readOctaveShift(pugi::xml_node node, const rational &position, int staff,
@@ -190,8 +236,14 @@ void DirectionReader::readOctaveShift(pugi::xml_node node, const rational &posit
         _context.addUnheld(node, Tag::OctaveShift);
         return;
     }
-    measure.marks.push_back(
-        {node, WrittenMark::Kind::Ottava, position, staff, static_cast<int>(sign), {}});
+    measure.marks.push_back({node,
+                             WrittenMark::Kind::Ottava,
+                             position,
+                             staff,
+                             static_cast<int>(sign),
+                             {},
+                             nullptr,
+                             measure.notes.size()});
 }
 
 bool DirectionReader::readTempo(const Gathered &gathered, const std::string &words,
@@ -210,7 +262,10 @@ bool DirectionReader::readTempo(const Gathered &gathered, const std::string &wor
     }
     if (!tempo)
         return false;
-    const bool visible = gathered.metronome || !words.empty();
+    const bool isHidden =
+        std::string_view(gathered.metronome.attribute("print-object").value()) == "no";
+    const bool visible =
+        (gathered.metronome && !isHidden) || (!gathered.metronome && !words.empty());
     facts.tempos.push_back({_context.bar(), position, tempo->value, tempo->unit, words, visible,
                             gathered.metronome ? gathered.metronome : gathered.sound});
     return true;

@@ -43,6 +43,7 @@ private:
                 const utils::rational &position, int staff, WrittenMeasure &measure);
     void readOctaveShift(pugi::xml_node node, const utils::rational &position, int staff,
                          WrittenMeasure &measure);
+    void readSwing(pugi::xml_node sound, PartFacts &facts);
     bool readTempo(const Gathered &gathered, const std::string &words,
                    const utils::rational &position, PartFacts &facts);
     bool readJumps(const Gathered &gathered, const std::string &words, PartFacts &facts);

@@ -145,6 +145,7 @@ std::string harmonyText(pugi::xml_node harmony, ImportContext &context)
         }
         case Tag::Offset:
         case Tag::Staff:
+        case Tag::Frame:
             break;
         default:
             context.addUnheld(child, tag);
@@ -153,6 +154,42 @@ std::string harmonyText(pugi::xml_node harmony, ImportContext &context)
     if (isBegun)
         append(text, symbol);
     return text;
+}
+
+std::shared_ptr<const ChordDiagram> readFrame(pugi::xml_node frame, const std::string &name,
+                                              ImportContext &context)
+{
+    constexpr int mostStrings = 16;
+    constexpr int mostFrets = 127;
+    constexpr std::uint8_t thumb = 5;
+    const int strings = frame ? context.integer(frame.child("frame-strings"), 0) : 0;
+    if (strings < 1 || strings > mostStrings) {
+        if (frame)
+            context.addUnheld(frame, Tag::Frame);
+        return nullptr;
+    }
+    auto diagram = std::make_shared<ChordDiagram>();
+    diagram->name = name;
+    const auto firstFret = parseInteger(frame.child_value("first-fret"));
+    diagram->firstFret = static_cast<std::uint8_t>(std::clamp(firstFret.value_or(1), 1, mostFrets));
+    diagram->frets.assign(static_cast<std::size_t>(strings), -1);
+    for (const auto note : frame.children("frame-note")) {
+        const auto string = parseInteger(note.child_value("string"));
+        const auto fret = parseInteger(note.child_value("fret"));
+        if (!string || !fret || *string < 1 || *string > strings || *fret < 0
+            || *fret > mostFrets) {
+            context.addUnheld(note);
+            continue;
+        }
+        const auto at = static_cast<std::size_t>(strings - *string);
+        diagram->frets[at] = static_cast<std::int8_t>(*fret);
+        const std::string_view finger = note.child_value("fingering");
+        if (finger.size() != 1 || (finger != "T" && (finger[0] < '1' || finger[0] > '5')))
+            continue;
+        diagram->fingers.resize(diagram->frets.size());
+        diagram->fingers[at] = finger == "T" ? thumb : static_cast<std::uint8_t>(finger[0] - '0');
+    }
+    return diagram;
 }
 
 } // namespace zarn::io

@@ -183,6 +183,8 @@ Set::Type InstrumentGuesser::pitchedTypeOf(const ListedPart &part, const PartFac
 Set::Type InstrumentGuesser::guess(const ListedPart &part, const PartFacts &facts,
                                    const NoteTally &notes) const
 {
+    if (part.ownType)
+        return *part.ownType;
     if (notes.pitched == 0 && (notes.unpitched > 0 || part.hasPercussion))
         return kitOf(part);
     const auto type = pitchedTypeOf(part, facts, notes);

@@ -2,9 +2,13 @@
 #include <ZarnCore/io/musicxml/JumpPlacer.h>
 
 #include <ZarnCore/io/musicxml/ImportContext.h>
+#include <ZarnCore/io/musicxml/JumpWords.h>
 #include <ZarnCore/model/ZarnMasterTrack.h>
 
 #include <algorithm>
+#include <iterator>
+#include <set>
+#include <utility>
 
 namespace zarn::io {
 
@@ -13,17 +17,25 @@ namespace {
 using Kind = WrittenJump::Kind;
 using Until = WrittenJump::Until;
 
-/// The jumps of all parts in the order of the bars; a sign that several parts repeat stands once.
+/// The jumps of all parts in the order of the bars; a sign that several parts repeat stands once,
+/// as the first of them has it.
 std::vector<WrittenJump> merged(const std::vector<PartFacts> &parts)
 {
+    std::set<std::pair<int, Kind>> told;
     std::vector<WrittenJump> jumps;
-    for (const auto &part : parts)
-        jumps.insert(jumps.end(), part.jumps.begin(), part.jumps.end());
+    for (const auto &part : parts) {
+        const auto isNew = [&told](const WrittenJump &jump) {
+            return told.count({jump.bar, jump.kind}) == 0;
+        };
+        std::copy_if(part.jumps.begin(), part.jumps.end(), std::back_inserter(jumps), isNew);
+        for (const auto &jump : part.jumps)
+            told.insert({jump.bar, jump.kind});
+    }
     std::stable_sort(jumps.begin(), jumps.end(), [](const WrittenJump &a, const WrittenJump &b) {
         return a.bar != b.bar ? a.bar < b.bar : a.kind < b.kind;
     });
     const auto same = [](const WrittenJump &a, const WrittenJump &b) {
-        return a.bar == b.bar && a.kind == b.kind;
+        return a.bar == b.bar && a.kind == b.kind && a.until == b.until && a.name == b.name;
     };
     jumps.erase(std::unique(jumps.begin(), jumps.end(), same), jumps.end());
     return jumps;
@@ -31,9 +43,10 @@ std::vector<WrittenJump> merged(const std::vector<PartFacts> &parts)
 
 DirectionMark daCapo(Until until)
 {
-    return until == Until::Fine ? DirectionMark::DaCapoAlFine
-        : until == Until::Coda  ? DirectionMark::DaCapoAlCoda
-                                : DirectionMark::DaCapo;
+    return until == Until::Fine      ? DirectionMark::DaCapoAlFine
+        : until == Until::Coda       ? DirectionMark::DaCapoAlCoda
+        : until == Until::DoubleCoda ? DirectionMark::DaCapoAlDoubleCoda
+                                     : DirectionMark::DaCapo;
 }
 
 DirectionMark dalSegno(Until until, bool second)
@@ -42,6 +55,9 @@ DirectionMark dalSegno(Until until, bool second)
         return second ? DirectionMark::DaSegnoSegnoAlFine : DirectionMark::DaSegnoAlFine;
     if (until == Until::Coda)
         return second ? DirectionMark::DaSegnoSegnoAlCoda : DirectionMark::DaSegnoAlCoda;
+    if (until == Until::DoubleCoda)
+        return second ? DirectionMark::DaSegnoSegnoAlDoubleCoda
+                      : DirectionMark::DaSegnoAlDoubleCoda;
     return second ? DirectionMark::DaSegnoSegno : DirectionMark::DaSegno;
 }
 
@@ -68,8 +84,15 @@ void JumpPlacer::placeTargets(const std::vector<WrittenJump> &jumps, Kind kind,
     for (const auto &jump : jumps) {
         if (jump.kind != kind)
             continue;
-        const bool second = !targets.empty();
-        if (targets.size() < 2)
+        const char *const secondName = segno ? segnoNames[1] : codaNames[1];
+        // A first one that is called the second leaves its own place free.
+        if (jump.name == secondName && targets.empty())
+            targets.push_back({-1, {}});
+        const bool second =
+            !targets.empty() && (targets.front().bar >= 0 || jump.name == secondName);
+        if (!second && !targets.empty())
+            targets.front() = {jump.bar, jump.name};
+        else if (targets.size() < 2)
             targets.push_back({jump.bar, jump.name});
         if (segno)
             set(second ? DirectionMark::SegnoSegno : DirectionMark::Segno, jump);
@@ -90,7 +113,7 @@ int JumpPlacer::targetNumber(const std::vector<Target> &targets, const WrittenJu
     });
     if (found == targets.end())
         found = std::find_if(targets.begin(), targets.end(), [&](const Target &target) {
-            return movementOf(target.bar) == movementOf(jump.bar);
+            return target.bar >= 0 && movementOf(target.bar) == movementOf(jump.bar);
         });
     return found != targets.end() && found != targets.begin() ? 1 : 0;
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/io/musicxml/JumpWords.h>
 
+#include <ZarnCore/io/musicxml/writer/XmlElement.h>
+
 #include <algorithm>
 #include <iterator>
 #include <string_view>
@@ -21,7 +23,7 @@ struct Phrase {
 constexpr Phrase phrases[] = {
     {"dc", Kind::DaCapo},         {"dacapo", Kind::DaCapo},     {"ds", Kind::DalSegno},
     {"dalsegno", Kind::DalSegno}, {"delsegno", Kind::DalSegno}, {"tocoda", Kind::ToCoda},
-    {"alcoda", Kind::ToCoda},     {"fine", Kind::Fine},
+    {"alcoda", Kind::ToCoda},     {"fine", Kind::Fine},         {"todoublecoda", Kind::ToCoda},
 };
 
 /// How they go on: nothing but one of these, or they are about something else.
@@ -31,11 +33,65 @@ struct Ending {
 };
 
 constexpr Ending endings[] = {
-    {"", Until::End},         {"alfine", Until::Fine},   {"alcoda", Until::Coda},
-    {"alafine", Until::Fine}, {"allafine", Until::Fine}, {"allacoda", Until::Coda},
+    {"", Until::End},
+    {"alfine", Until::Fine},
+    {"alcoda", Until::Coda},
+    {"alafine", Until::Fine},
+    {"allafine", Until::Fine},
+    {"allacoda", Until::Coda},
+    {"aldoublecoda", Until::DoubleCoda},
 };
 
+/// What is written of a mark: a sign or words, and an attribute of <sound>.
+struct WrittenMark {
+    DirectionMark mark;
+    const char *words; ///< null for a sign, which has the name of the attribute
+    const char *attribute;
+    const char *value;
+};
+
+using Mark = DirectionMark;
+
+// clang-format off
+constexpr WrittenMark writtenMarks[] = {
+    {Mark::Coda, nullptr, "coda", codaNames[0]},
+    {Mark::DoubleCoda, nullptr, "coda", codaNames[1]},
+    {Mark::Segno, nullptr, "segno", segnoNames[0]},
+    {Mark::SegnoSegno, nullptr, "segno", segnoNames[1]},
+    {Mark::Fine, "Fine", "fine", "yes"},
+    {Mark::DaCapo, "D.C.", "dacapo", "yes"},
+    {Mark::DaCapoAlCoda, "D.C. al Coda", "dacapo", "yes"},
+    {Mark::DaCapoAlDoubleCoda, "D.C. al Double Coda", "dacapo", "yes"},
+    {Mark::DaCapoAlFine, "D.C. al Fine", "dacapo", "yes"},
+    {Mark::DaSegno, "D.S.", "dalsegno", segnoNames[0]},
+    {Mark::DaSegnoAlCoda, "D.S. al Coda", "dalsegno", segnoNames[0]},
+    {Mark::DaSegnoAlDoubleCoda, "D.S. al Double Coda", "dalsegno", segnoNames[0]},
+    {Mark::DaSegnoAlFine, "D.S. al Fine", "dalsegno", segnoNames[0]},
+    {Mark::DaSegnoSegno, "D.S.", "dalsegno", segnoNames[1]},
+    {Mark::DaSegnoSegnoAlCoda, "D.S. al Coda", "dalsegno", segnoNames[1]},
+    {Mark::DaSegnoSegnoAlDoubleCoda, "D.S. al Double Coda", "dalsegno", segnoNames[1]},
+    {Mark::DaSegnoSegnoAlFine, "D.S. al Fine", "dalsegno", segnoNames[1]},
+    {Mark::DaCoda, "To Coda", "tocoda", codaNames[0]},
+    {Mark::DaDoubleCoda, "To Double Coda", "tocoda", codaNames[1]},
+};
+// clang-format on
+
 } // namespace
+
+void writeJump(DirectionMark mark, pugi::xml_node measure)
+{
+    const auto *const row =
+        std::find_if(std::begin(writtenMarks), std::end(writtenMarks),
+                     [mark](const WrittenMark &other) { return other.mark == mark; });
+    auto direction = addElement(measure, "direction");
+    addAttribute(direction, "placement", "above");
+    auto type = addElement(direction, "direction-type");
+    if (row->words)
+        addElement(type, "words", row->words);
+    else
+        addElement(type, row->attribute);
+    addAttribute(addElement(direction, "sound"), row->attribute, row->value);
+}
 
 std::optional<SpokenJump> jumpOfWords(const std::string &words)
 {

@@ -17,12 +17,14 @@ constexpr std::size_t mostText = 4096;
 
 } // namespace
 
-void MarkPlacer::place(const WrittenMeasure &measure, std::vector<StaffSlots> &staves)
+void MarkPlacer::place(const WrittenMeasure &measure, const std::vector<NotePlace> &notes,
+                       std::vector<StaffSlots> &staves)
 {
     for (const auto &mark : measure.marks) {
         if (mark.kind == WrittenMark::Kind::Ottava)
             continue;
-        if (auto *beat = beatFor(mark, measure.length, staves))
+        const auto *const ahead = noteAhead(notes, mark.note, mark.staff, mark.position);
+        if (auto *beat = ahead ? ahead->beat : beatFor(mark, measure.length, staves))
             attach(mark, *beat);
         else
             _context.addProblem(mark.node, "this stands in a bar without beats and was left out");
@@ -51,6 +53,8 @@ void MarkPlacer::attach(const WrittenMark &mark, Beat &beat)
         break;
     case WrittenMark::Kind::ChordSymbol:
         beat.setChordSymbol(joined(beat.chordSymbol()));
+        if (mark.diagram)
+            beat.setChord({beat.chordSymbol(), mark.diagram});
         break;
     case WrittenMark::Kind::Ottava:
         break;

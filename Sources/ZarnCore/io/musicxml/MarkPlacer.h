@@ -3,6 +3,7 @@
 
 #include <ZarnCore/io/musicxml/StaffSlots.h>
 #include <ZarnCore/io/musicxml/WrittenMusic.h>
+#include <ZarnCore/io/musicxml/signs/NotePlace.h>
 
 #include <utility>
 #include <vector>
@@ -20,8 +21,9 @@ public:
     void startPart() { _ottavias.clear(); }
 
     /// Places the marks of a measure at the beats in the slots of its staves, of which there is at
-    /// least one.
-    void place(const WrittenMeasure &measure, std::vector<StaffSlots> &staves);
+    /// least one. `notes` are the places of its notes.
+    void place(const WrittenMeasure &measure, const std::vector<NotePlace> &notes,
+               std::vector<StaffSlots> &staves);
 
 private:
     void attach(const WrittenMark &mark, Beat &beat);

@@ -48,6 +48,7 @@ void MasterBarBuilder::build(MasterTrack &master, unsigned barCount)
     setKeys(master);
     setRepeats(master);
     setSections(master);
+    setFeels(master);
     setTempos(master);
     setBarLengths(_parts, master, _context);
     setBarLines(master);
@@ -137,7 +138,8 @@ void MasterBarBuilder::setKeys(MasterTrack &master)
     for (unsigned bar = 0; bar < master.masterBarCount(); ++bar) {
         for (; next != stated.end() && next->first <= static_cast<int>(bar); ++next) {
             const auto chosen = choose(next->second);
-            current = KeySignature(chosen.fifths, !chosen.minor, chosen.fifths >= 0);
+            const int fifths = KeySignature(chosen.fifths).accidentalCount();
+            current = KeySignature(fifths, !chosen.minor, fifths >= 0);
             for (const auto &key : next->second)
                 if (key.fifths != chosen.fifths && _tallies[key.part].notes.pitched > 0) {
                     _context.setPlace(static_cast<int>(key.part), next->first);
@@ -251,16 +253,33 @@ void MasterBarBuilder::setSections(MasterTrack &master)
         for (const auto &written : part.sections) {
             auto &bar = *master.masterBars()[static_cast<std::size_t>(written.bar)];
             Section section = bar.section();
-            if (written.text.empty() || section.letter == written.text
-                || section.text == written.text
+            const bool isTold = section.letter == written.text || section.text == written.text;
+            if (written.text.empty() || (isTold && written.place == WrittenSection::Place::ByLength)
                 || section.text.size() + written.text.size() > mostTitle)
                 continue;
-            auto &text = written.text.size() <= mostLetters && section.letter.empty()
-                ? section.letter
-                : section.text;
+            const bool isLetter = written.place == WrittenSection::Place::ByLength
+                ? written.text.size() <= mostLetters && section.letter.empty()
+                : written.place == WrittenSection::Place::Letter;
+            auto &text = isLetter ? section.letter : section.text;
             text += (text.empty() ? "" : " ") + written.text;
             bar.setSection(section);
         }
+}
+
+/// Of several parts the last one holds.
+void MasterBarBuilder::setFeels(MasterTrack &master)
+{
+    std::map<int, TripletFeel> feels;
+    for (const auto &part : _parts)
+        for (const auto &swing : part.swings)
+            feels[swing.bar] = swing.feel;
+    for (auto feel = feels.begin(); feel != feels.end(); ++feel) {
+        const auto next = std::next(feel);
+        const auto end =
+            next == feels.end() ? master.masterBarCount() : static_cast<unsigned>(next->first);
+        for (auto bar = static_cast<unsigned>(feel->first); bar < end; ++bar)
+            master.masterBars()[bar]->setTripletFeel(feel->second);
+    }
 }
 
 /// Of two tempos at one place the later one holds.

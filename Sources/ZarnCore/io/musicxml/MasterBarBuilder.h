@@ -40,6 +40,7 @@ private:
     void setBarLines(MasterTrack &master);
     void setFermatas(MasterTrack &master);
     void setSections(MasterTrack &master);
+    void setFeels(MasterTrack &master);
     void setTempos(MasterTrack &master);
     void joinTempo(TempoAutomation &there, const WrittenTempo &tempo);
     ConcertKey choose(const std::vector<ConcertKey> &keys) const;

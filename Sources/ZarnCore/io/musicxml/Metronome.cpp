@@ -2,6 +2,7 @@
 #include <ZarnCore/io/musicxml/Metronome.h>
 
 #include <ZarnCore/io/musicxml/XmlNumber.h>
+#include <ZarnCore/io/musicxml/writer/XmlElement.h>
 #include <ZarnCore/model/form/ZarnTempoUnitLength.h>
 
 #include <algorithm>
@@ -64,6 +65,20 @@ std::optional<Tempo> metronomeTempo(pugi::xml_node metronome)
     if (known != TempoUnit::None)
         return Tempo{*number, known};
     return Tempo{*number * row->quarters * factor, TempoUnit::Quarter};
+}
+
+pugi::xml_node writeMetronome(const Tempo &tempo, pugi::xml_node parent)
+{
+    const auto *const row =
+        std::find_if(std::begin(units), std::end(units), [&](const UnitRow &candidate) {
+            return candidate.plain == tempo.unit || candidate.dotted == tempo.unit;
+        });
+    auto metronome = addElement(parent, "metronome");
+    addElement(metronome, "beat-unit", row->type.data());
+    if (row->dotted == tempo.unit)
+        addElement(metronome, "beat-unit-dot");
+    addElement(metronome, "per-minute", decimalText(tempo.value));
+    return metronome;
 }
 
 double quartersOf(const Tempo &tempo)

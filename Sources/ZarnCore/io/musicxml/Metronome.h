@@ -18,6 +18,9 @@ struct Tempo {
 /// for relations between notes and for what is no number.
 std::optional<Tempo> metronomeTempo(pugi::xml_node metronome);
 
+/// Writes a <metronome>.
+pugi::xml_node writeMetronome(const Tempo &tempo, pugi::xml_node parent);
+
 /// Quarters per minute.
 double quartersOf(const Tempo &tempo);
 

@@ -84,7 +84,8 @@ std::shared_ptr<Note> NoteMaker::make(const WrittenNote &written)
     note->setTied(written.tieStop);
     note->setTieOrigin(written.tieStart);
     if (written.ghost)
-        note->setGhost(true);
+        note->setAntiAccent(note->antiAccent() == AntiAccent::Soft ? AntiAccent::Strong
+                                                                   : AntiAccent::Normal);
     if (*written.head != '\0')
         setHead(written, *note);
     return note;
@@ -138,7 +139,9 @@ void NoteMaker::setHead(const WrittenNote &written, Note &note)
     if (head == "normal")
         return;
     if (isCrossHead(head)) {
-        note.setDead(written.fret != WrittenNote::Unset);
+        if (written.marks.isDead() && head == "x")
+            return; // The cross is its sign, and says nothing of the head.
+        note.setDead(note.isDead() || written.fret != WrittenNote::Unset);
         note.setNoteHead(NoteHead::Cross);
         return;
     }

@@ -43,6 +43,11 @@ bool isNo(const char *text)
 
 } // namespace
 
+const char *noteTypeName(int type)
+{
+    return typeNames[type].data();
+}
+
 void NoteReader::startPart(const PartFacts &facts, PartTally &tally, SourceTally &whole)
 {
     _facts = &facts;
@@ -63,11 +68,17 @@ WrittenNote NoteReader::read(pugi::xml_node node)
     WrittenNote note;
     note.node = node;
     const char *voice = "1";
+    if (const auto dynamics = node.attribute("dynamics"))
+        readVelocity(dynamics.value(), note);
     for (auto child = node.first_child(); child; child = child.next_sibling()) {
         switch (const auto tag = tagOf(child.name()); tag) {
         case Tag::Grace:
             note.grace = true;
             note.slashed = isYes(child.attribute("slash").value());
+            // The stroke tells unless it is said where the time comes from.
+            note.isBefore = child.attribute("steal-time-previous") ? true
+                : child.attribute("steal-time-following")          ? false
+                                                                   : note.slashed;
             break;
         case Tag::Cue:
             note.cue = true;
@@ -117,6 +128,9 @@ WrittenNote NoteReader::read(pugi::xml_node node)
             break;
         case Tag::Notations:
             _notations.read(child, note);
+            break;
+        case Tag::Play:
+            readPlay(child, note);
             break;
         case Tag::Lyric:
             ++_tally->notes.lyrics;
@@ -228,6 +242,27 @@ void NoteReader::readStem(pugi::xml_node stem, WrittenNote &note)
         note.beatMarks.setStemOrientation(ZarnStemOrientation::Downward);
     else if (direction != "none" || _rhythm.type >= WrittenRhythm::Quarter - 1)
         _context.addUnheld(stem, Tag::Stem); // Notes longer than a half have none anyway.
+}
+
+/// In percent of a forte, which is 90 in MIDI (MusicXML 4.0, dynamics of a note).
+void NoteReader::readVelocity(const char *dynamics, WrittenNote &note)
+{
+    const auto percent = parseDecimal(dynamics);
+    if (percent && percent->sign() > 0)
+        note.marks.setVelocity(static_cast<unsigned>(
+            std::clamp<std::int64_t>((*percent * utils::rational(9, 10)).round(), 1, 127)));
+}
+
+void NoteReader::readPlay(pugi::xml_node play, WrittenNote &note)
+{
+    for (const auto child : play.children()) {
+        const bool isMute = std::strcmp(child.name(), "mute") == 0;
+        if (isMute && std::strcmp(child.child_value(), "palm") == 0)
+            note.marks.setPalmMute(true);
+        else
+            _context.addUnheld(child);
+    }
+    note.mayExclude = true;
 }
 
 void NoteReader::readAccidental(pugi::xml_node accidental, WrittenNote &note)

@@ -15,6 +15,9 @@ namespace zarn::io {
 
 class ImportContext;
 
+/// The <type> of a note by its number in `WrittenRhythm`, 0 to 13.
+const char *noteTypeName(int type);
+
 /// Reads what stands inside of one <note>, in one pass over its children. Times are left to the
 /// measure's reader.
 class NoteReader {
@@ -37,6 +40,9 @@ public:
     /// Dynamics that stand at the note itself.
     const std::vector<pugi::xml_node> &dynamics() const noexcept { return _notations.dynamics(); }
 
+    /// The number of a voice of the part by its name.
+    int voiceNumber(const char *name);
+
     /// Starts another part, whose counts go here; its key is looked up as it is read.
     void startPart(const PartFacts &facts, PartTally &tally, SourceTally &whole);
 
@@ -44,11 +50,12 @@ private:
     void readPitch(pugi::xml_node pitch, WrittenNote &note);
     void readUnpitched(pugi::xml_node unpitched, WrittenNote &note);
     void readStem(pugi::xml_node stem, WrittenNote &note);
+    void readPlay(pugi::xml_node play, WrittenNote &note);
+    void readVelocity(const char *dynamics, WrittenNote &note);
     void readAccidental(pugi::xml_node accidental, WrittenNote &note);
     void readHead(pugi::xml_node head, WrittenNote &note);
     void readType(pugi::xml_node type, WrittenNote &note);
     TupletRatio readModification(pugi::xml_node node);
-    int voiceNumber(const char *name);
     void count(const WrittenNote &note);
 
     ImportContext &_context;

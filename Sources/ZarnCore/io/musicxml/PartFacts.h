@@ -2,6 +2,7 @@
 #pragma once
 
 #include <ZarnCore/ZarnTypes.h>
+#include <ZarnCore/model/form/ZarnTripletFeel.h>
 #include <ZarnCore/utils/rational.h>
 
 #include <pugixml.hpp>
@@ -63,14 +64,23 @@ struct WrittenEnding {
 };
 
 struct WrittenSection {
+    enum class Place : std::uint8_t { ByLength, Letter, Text };
+
     int bar;
     std::string text;
+    Place place = Place::ByLength;
+};
+
+/// From here on.
+struct WrittenSwing {
+    int bar;
+    TripletFeel feel;
 };
 
 /// A sign that changes the order of playing, before it is known what the score has to offer.
 struct WrittenJump {
     enum class Kind : std::uint8_t { Segno, Coda, Fine, DaCapo, DalSegno, ToCoda };
-    enum class Until : std::uint8_t { End, Fine, Coda };
+    enum class Until : std::uint8_t { End, Fine, Coda, DoubleCoda };
 
     int bar;
     Kind kind;
@@ -119,6 +129,7 @@ struct WrittenTransposition {
 struct WrittenBar {
     utils::rational length; ///< what the notes of the part reach
     bool implicit = false;
+    bool isCounted = false;    ///< says that it is not implicit
     std::optional<int> number; ///< as written; nothing for what is no number, such as "X1"
     pugi::xml_node node;
 };
@@ -131,6 +142,7 @@ struct PartFacts {
     std::vector<WrittenRepeat> repeats;
     std::vector<WrittenEnding> endings;
     std::vector<WrittenSection> sections;
+    std::vector<WrittenSwing> swings;
     std::vector<WrittenJump> jumps;
     std::vector<WrittenMeasureRepeat> measureRepeats;
     std::vector<WrittenFermata> fermatas;

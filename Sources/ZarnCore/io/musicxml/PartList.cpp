@@ -46,7 +46,29 @@ GroupSymbol groupSymbolOf(const std::string &text)
                                                 : GroupSymbol::None;
 }
 
+/// The instrument set that a <score-instrument> names.
+void readOwnType(pugi::xml_node instrument, ListedPart &part)
+{
+    const auto own = instrument.child("virtual-instrument");
+    if (std::string_view(own.child_value("virtual-library")) != ownLibrary)
+        return;
+    const std::string name = own.child_value("virtual-name");
+    const auto type = InstrumentSet::typeFromString(name);
+    if (InstrumentSet::typeToString(type) == name)
+        part.ownType = type;
+}
+
 } // namespace
+
+double percentOfGain(float gain)
+{
+    return 100 * std::sqrt(static_cast<double>(gain));
+}
+
+double degreesOfPan(float pan)
+{
+    return 90 * static_cast<double>(pan);
+}
 
 PartList::PartList(pugi::xml_node list, ImportContext &context)
 {
@@ -160,6 +182,7 @@ void PartList::readPart(pugi::xml_node node, ImportContext &context)
             part.instruments.push_back({child.attribute("id").value(),
                                         child.child_value("instrument-name"),
                                         child.child_value("instrument-sound")});
+            readOwnType(child, part);
             break;
         case Tag::MidiInstrument:
             readMidi(child, part, context);
@@ -196,6 +219,9 @@ void PartList::readMidi(pugi::xml_node node, ListedPart &part, ImportContext &co
         case Tag::MidiProgram:
             if (part.program == ListedPart::NoProgram)
                 part.program = std::clamp(context.integer(child, 1), 1, 128) - 1;
+            break;
+        case Tag::MidiBank:
+            part.bank = std::clamp(context.integer(child, 1), 1, 16384) - 1;
             break;
         case Tag::MidiUnpitched:
             // Counted from 1, as MIDI programs are (MusicXML 4.0, midi-unpitched).

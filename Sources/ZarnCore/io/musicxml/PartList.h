@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ZarnCore/instruments/sets/ZarnInstrumentSet.h>
 #include <ZarnCore/model/layout/ZarnTrackGroup.h>
 
 #include <pugixml.hpp>
@@ -15,6 +16,14 @@
 namespace zarn::io {
 
 class ImportContext;
+
+/// The library that a <virtual-instrument> belongs to which names the instrument set of a track.
+constexpr const char *ownLibrary = "ZarnCore";
+
+/// The volume in percent of a linear gain, and the degrees of a pan from -1 to 1, as <volume> and
+/// <pan> have them.
+double percentOfGain(float gain);
+double degreesOfPan(float pan);
 
 /// One <score-instrument>.
 struct ListedInstrument {
@@ -37,7 +46,9 @@ struct ListedPart {
     std::string name;
     std::string abbreviation;
     std::vector<ListedInstrument> instruments;
-    int program = NoProgram;     ///< General MIDI, from 0
+    std::optional<InstrumentSet::Type> ownType; ///< the instrument set, where the document names it
+    int program = NoProgram;                    ///< General MIDI, from 0
+    int bank = 0;                ///< of the program, both bytes in one number, from 0
     std::optional<float> volume; ///< as a linear gain
     std::optional<float> pan;    ///< -1 left to 1 right
     bool hasPercussion = false;  ///< plays on channel 10, or names percussion keys

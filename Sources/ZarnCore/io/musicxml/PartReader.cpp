@@ -45,6 +45,7 @@ void PartReader::readMeasure(pugi::xml_node frame, pugi::xml_node content, Writt
     measure.marks.clear();
     measure.signs.clear();
     measure.spans.clear();
+    measure.claims.clear();
     _ties.startMeasure(_timeline.exactReach());
     _timeline.startMeasure();
     _notes.startMeasure();
@@ -59,6 +60,7 @@ void PartReader::readMeasure(pugi::xml_node frame, pugi::xml_node content, Writt
             break;
         case Tag::Forward:
             jump(child, 1);
+            claim(child, measure);
             break;
         case Tag::Attributes:
             _attributes.read(child, *_facts, _timeline);
@@ -89,7 +91,8 @@ void PartReader::readMeasure(pugi::xml_node frame, pugi::xml_node content, Writt
     ++_tally->measures;
     const bool implicit = std::strcmp(frame.attribute("implicit").value(), "yes") == 0;
     const auto number = parseInteger(frame.attribute("number").value());
-    _facts->bars.push_back({measure.length, implicit, number, content});
+    const bool isCounted = std::strcmp(frame.attribute("implicit").value(), "no") == 0;
+    _facts->bars.push_back({measure.length, implicit, isCounted, number, content});
 }
 
 void PartReader::finishPart()
@@ -128,8 +131,11 @@ void PartReader::readNote(pugi::xml_node node, WrittenMeasure &measure)
     if (note.kind == NoteKind::Pitched)
         _transpositions.adjust(note);
     _ties.follow(note);
+    const auto firstMark = measure.marks.size();
     for (const auto dynamics : _notes.dynamics())
         _directions.readDynamics(dynamics, note.onset, note.staff, measure);
+    for (auto mark = firstMark; mark < measure.marks.size(); ++mark)
+        measure.marks[mark].note = measure.notes.size() - 1;
     if (note.hasSigns)
         addSigns(measure);
 }
@@ -217,6 +223,19 @@ void PartReader::fitLength(WrittenNote &note, const rational &length)
         note.rhythm = fit->value;
     else
         _context.addProblem(note.node, "a length of " + inQuarters(length) + " fits no note value");
+}
+
+/// Time that is left to a voice tells that there is one.
+void PartReader::claim(pugi::xml_node forward, WrittenMeasure &measure)
+{
+    const auto voice = forward.child(tagName(Tag::Voice));
+    if (!voice)
+        return;
+    const auto staff = forward.child(tagName(Tag::Staff));
+    const int index = staff ? _context.integer(staff, 1) - 1 : 0;
+    if (index >= 0 && static_cast<std::size_t>(index) < _facts->staves.size())
+        measure.claims.push_back(
+            {measure.notes.size(), index, _notes.voiceNumber(voice.child_value())});
 }
 
 void PartReader::jump(pugi::xml_node node, int sign)

@@ -36,6 +36,7 @@ private:
     void joinChord(WrittenNote &note);
     void placeNote(WrittenNote &note);
     void fitLength(WrittenNote &note, const utils::rational &length);
+    void claim(pugi::xml_node forward, WrittenMeasure &measure);
     void jump(pugi::xml_node node, int sign);
 
     ImportContext &_context;

@@ -1,7 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ZarnCore/ZarnTypesDocument.h>
+
 #include <pugixml.hpp>
+
+#include <string_view>
+#include <vector>
 
 namespace zarn {
 class ScoreModel;
@@ -10,6 +15,16 @@ class ScoreModel;
 namespace zarn::io {
 
 class ImportContext;
+
+/// A property of the score by the name that documents have for it: the type of a <creator>, or the
+/// name of a <miscellaneous-field>. Several types are read as one property; the first is written.
+struct NamedProperty {
+    std::string_view type;
+    ScoreProperty property;
+    bool isWritten = true;
+};
+const std::vector<NamedProperty> &creatorTypes();
+const std::vector<NamedProperty> &miscellaneousFields();
 
 /// Reads what stands before the part list, titles and names, into the score's properties.
 void readScoreHeader(pugi::xml_node root, ScoreModel &model, ImportContext &context);

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <string>
 
 namespace zarn::io {
 
@@ -183,6 +184,31 @@ NamedInstrument instrumentOfStandardSound(std::string_view sound)
         sound = sound.substr(0, point == sound.npos ? 0 : point);
     }
     return {};
+}
+
+std::string_view standardSoundOf(Set::Type type)
+{
+    const std::string name = Set::typeToString(type);
+    // The one that is called as the instrument is, such as "pluck.guitar.steel-string", else the
+    // widest.
+    const auto isNamed = [&name](std::string_view sound) {
+        const auto last = sound.substr(sound.rfind('.') + 1);
+        const auto word = last.substr(0, last.find('-'));
+        return name.compare(0, word.size(), word) == 0;
+    };
+    std::string_view best;
+    bool isBestNamed = false;
+    for (const auto &row : sounds) {
+        if (row.type != type)
+            continue;
+        const bool named = isNamed(row.sound);
+        if (best.empty() || named > isBestNamed
+            || (named == isBestNamed && row.sound.size() < best.size())) {
+            best = row.sound;
+            isBestNamed = named;
+        }
+    }
+    return best;
 }
 
 InstrumentSet::Type instrumentOfProgram(int program)

@@ -12,6 +12,9 @@ namespace zarn::io {
 /// family alone. Sounds without pitch answer what they are struck on; unknown for effects.
 NamedInstrument instrumentOfStandardSound(std::string_view sound);
 
+/// The standard sound that names an instrument best; empty when none does.
+std::string_view standardSoundOf(InstrumentSet::Type type);
+
 /// The category that comes nearest to a General MIDI level 1 program, counted from 0.
 InstrumentSet::Type instrumentOfProgram(int program);
 

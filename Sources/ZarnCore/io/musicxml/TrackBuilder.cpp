@@ -45,6 +45,16 @@ std::vector<unsigned> usualTuning(int strings)
     }
 }
 
+bool haveSamePitches(const GuitarTuning &left, const GuitarTuning &right)
+{
+    if (left.stringCount() != right.stringCount())
+        return false;
+    for (unsigned string = 0; string < left.stringCount(); ++string)
+        if (left.tuning(string) != right.tuning(string))
+            return false;
+    return true;
+}
+
 void setTuning(const WrittenStaff &written, bool hasFrets, Staff &staff)
 {
     staff.setCapoFret(static_cast<std::uint8_t>(written.capo));
@@ -52,7 +62,10 @@ void setTuning(const WrittenStaff &written, bool hasFrets, Staff &staff)
         std::vector<unsigned> pitches;
         for (const int midi : written.tuning)
             pitches.push_back(static_cast<unsigned>(std::max(midi, 0)));
-        staff.setTuning(GuitarTuning(pitches));
+        // The usual one of the instrument has a name.
+        const GuitarTuning tuning(pitches);
+        if (!haveSamePitches(staff.tuning(), tuning))
+            staff.setTuning(tuning);
         return;
     }
     const int strings = stringCount(written);
@@ -197,15 +210,23 @@ std::shared_ptr<Track> makeTrack(InstrumentSet::Type type, const ListedPart &par
             setUsualKeys(*set, staves[i], context);
             setArticulations(*set, staves[i]);
         }
-        if (written.hasTwin)
-            track->setChosenNotations(TrackNotations{true, true, false});
         staff.insertBars(0, std::move(staves[i]));
+    }
+    // What the instrument is read from anyway need not be chosen; a tablature beside other music
+    // decides nothing.
+    const auto isTablature = [](const WrittenStaff &staff) { return staff.tablature; };
+    if (std::all_of(facts.staves.begin(), facts.staves.end(), isTablature)) {
+        const bool hasNotes = std::any_of(facts.staves.begin(), facts.staves.end(),
+                                          [](const WrittenStaff &staff) { return staff.hasTwin; });
+        const TrackNotations notations = {hasNotes, true, false};
+        if (!(track->notations() == notations))
+            track->setChosenNotations(notations);
     }
     track->setVolumePan({part.volume.value_or(1.0F), part.pan.value_or(0.0F)});
     if (part.program != ListedPart::NoProgram)
         track->addSound(std::make_shared<Sound>(
             part.instruments.empty() ? part.name : part.instruments.front().name,
-            MIDISound(part.program)));
+            MIDISound(part.program, part.bank / 128, part.bank % 128)));
     return track;
 }
 

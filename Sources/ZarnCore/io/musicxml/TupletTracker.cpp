@@ -41,6 +41,13 @@ void TupletTracker::split(int voice, const TupletRatio &modification, WrittenRhy
     if (rest.numerator() > 255 || rest.denominator() > 255)
         return;
     rhythm.outer = outer->ratio;
+    // Six in the time of four is more than three in the time of two.
+    for (const auto &open : _open)
+        if (open.voice == voice && &open != &*outer
+            && utils::rational(open.ratio.actual, open.ratio.normal) == rest) {
+            rhythm.inner = open.ratio;
+            return;
+        }
     rhythm.inner = {static_cast<int>(rest.numerator()), static_cast<int>(rest.denominator())};
 }
 

@@ -278,7 +278,8 @@ void TwinStaves::takeFrom(int number, const PlacedNote &own, const PlacedNote &t
     }
     note.setTied(note.isTied() || other.isTied());
     note.setTieOrigin(note.isTieOrigin() || other.isTieOrigin());
-    note.setGhost(note.isGhost() || other.isGhost());
+    if (!note.isGhost())
+        note.setAntiAccent(other.antiAccent());
     note.setDead(note.isDead() || other.isDead());
     if (!other.isCommon()) {
         for (const auto &row : noteAttributes())

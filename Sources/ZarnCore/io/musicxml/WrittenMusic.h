@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ZarnCore/chords/ZarnChordDiagram.h>
 #include <ZarnCore/io/musicxml/MusicXmlTag.h>
 #include <ZarnCore/model/ZarnBeatMarks.h>
 #include <ZarnCore/model/ZarnNoteMarks.h>
@@ -11,6 +12,7 @@
 #include <pugixml.hpp>
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -63,6 +65,7 @@ struct WrittenNote {
     NoteKind kind = NoteKind::Unknown;
     bool grace = false;
     bool slashed = false;
+    bool isBefore = false; ///< of a grace note: its time comes from the note before
     bool chord = false;
     bool cue = false;
     bool wholeMeasure = false;
@@ -101,6 +104,7 @@ struct WrittenSpan {
     Tag tag = Tag::Unknown;
     utils::rational position; ///< exact, in quarters
     int staff = 0;
+    std::size_t note = 0; ///< index of the note in the measure that follows it in the document
 };
 
 /// What stands at a position over the beats.
@@ -114,6 +118,15 @@ struct WrittenMark {
     int value = 0; ///< of `NoteDynamic` or `AttackDynamic`, or the `Ottavia` that begins or, with
                    ///< None, ends
     std::string text;
+    std::shared_ptr<const ChordDiagram> diagram; ///< of a chord symbol
+    std::size_t note = 0; ///< index of the note in the measure that follows it in the document
+};
+
+/// Time that the document leaves to a voice: the voice is of the staff from there on.
+struct WrittenClaim {
+    std::size_t note = 0; ///< index of the note in the measure that follows
+    int staff = 0;
+    int voice = 0;
 };
 
 /// Music of one measure of one part.
@@ -123,6 +136,7 @@ struct WrittenMeasure {
     std::vector<WrittenMark> marks;
     std::vector<WrittenSign> signs; ///< in the order of their notes
     std::vector<WrittenSpan> spans;
+    std::vector<WrittenClaim> claims;
     TimeSignature meter;
     utils::rational length; ///< the position that the notes reach, exactly
 };

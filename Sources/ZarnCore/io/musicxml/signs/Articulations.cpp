@@ -2,6 +2,8 @@
 #include <ZarnCore/io/musicxml/signs/Articulations.h>
 
 #include <ZarnCore/io/musicxml/WrittenMusic.h>
+#include <ZarnCore/io/musicxml/writer/XmlElement.h>
+#include <ZarnCore/model/ZarnBeat.h>
 
 #include <algorithm>
 #include <iterator>
@@ -81,6 +83,40 @@ bool readArticulation(Tag tag, WrittenNote &note)
     if (row->breath != BreathSign::None)
         note.beatMarks.setBreath(row->breath);
     return true;
+}
+
+void writeArticulations(const Beat &beat, const Note *note, bool isFirst, pugi::xml_node notations)
+{
+    auto accents = note ? note->accents() : AccentFlags();
+    const auto antiAccent = note ? note->antiAccent() : AntiAccent::None;
+    const auto slideIn = note ? note->slideIn() : SlideIn::None;
+    const auto slideOut = note ? note->slideOut() : SlideOut::None;
+    const auto breath = isFirst ? beat.breath() : BreathSign::None;
+    bool isUnstressed = antiAccent == AntiAccent::Soft || antiAccent == AntiAccent::Strong;
+    const auto write = [&](const Articulation &row) {
+        addElement(ensureElement(notations, tagName(Tag::Articulations)), tagName(row.tag));
+    };
+    bool hasIn = slideIn != SlideIn::None;
+    bool hasOut = slideOut != SlideOut::None;
+    bool hasBreath = breath != BreathSign::None;
+    for (const auto &row : articulations) {
+        if (!row.accents.isEmpty() && (accents.bits() & row.accents.bits()) == row.accents.bits()) {
+            accents = accents.without(row.accents);
+            write(row);
+        } else if (isUnstressed && row.antiAccent != AntiAccent::None) {
+            isUnstressed = false;
+            write(row);
+        } else if (hasIn && row.slideIn == slideIn) {
+            hasIn = false;
+            write(row);
+        } else if (hasOut && row.slideOut == slideOut) {
+            hasOut = false;
+            write(row);
+        } else if (hasBreath && row.breath == breath) {
+            hasBreath = false;
+            write(row);
+        }
+    }
 }
 
 } // namespace zarn::io

@@ -36,6 +36,15 @@ Wave waveOf(std::string_view glyph)
 
 } // namespace
 
+const char *glyphOfWave(Vibrato vibrato, bool isOfBar)
+{
+    const auto *const wave =
+        std::find_if(std::begin(waves), std::end(waves), [&](const Wave &candidate) {
+            return candidate.vibrato == vibrato && candidate.isOfBar == isOfBar;
+        });
+    return wave->glyph.data();
+}
+
 bool BeatLinks::add(Tag tag, pugi::xml_node node, const NotePlace &place)
 {
     if (tag != Tag::Tremolo && tag != Tag::WavyLine)

@@ -5,6 +5,9 @@
 
 namespace zarn::io {
 
+/// The glyph that tells a wavy line of a vibrato from that of a trill.
+const char *glyphOfWave(Vibrato vibrato, bool isOfBar);
+
 /// Puts what leads over beats, and stands in <ornaments>, into the tree: tremolos between two notes
 /// and wavy lines, which are the line of a trill or a vibrato.
 class BeatLinks {

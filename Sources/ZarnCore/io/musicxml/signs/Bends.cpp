@@ -2,6 +2,7 @@
 #include <ZarnCore/io/musicxml/signs/Bends.h>
 
 #include <ZarnCore/io/musicxml/ImportContext.h>
+#include <ZarnCore/io/musicxml/writer/ExportContext.h>
 
 #include <algorithm>
 #include <cstring>
@@ -148,7 +149,95 @@ WhammyBar whammyBarOf(const std::vector<Leg> &legs, const char *kind)
     return WhammyBar::of(isDip ? WhammyBarType::Dip : WhammyBarType::Dive, leg.amount);
 }
 
+/// The moves of a curve, one leg each. `isBefore` tells that it begins at a pitch to which the
+/// string was bent, or the bar moved, before.
+std::vector<Leg> legsOf(const PitchCurve &curve, bool isBefore)
+{
+    std::vector<Leg> legs;
+    const auto &points = curve.points();
+    if (isBefore && points.front().value != 0) {
+        Leg leg;
+        leg.amount = points.front().value;
+        leg.isBefore = true;
+        legs.push_back(leg);
+    }
+    for (std::size_t i = 1; i < points.size(); ++i) {
+        const int from = points[i - 1].value;
+        const int to = points[i].value;
+        if (from == to)
+            continue;
+        Leg leg;
+        leg.isRelease = to < from;
+        leg.amount = leg.isRelease ? to - from : to;
+        leg.first = points[i - 1].position;
+        leg.last = points[i].position;
+        legs.push_back(leg);
+    }
+    return legs;
+}
+
+std::string percentOf(int position)
+{
+    return decimalText(position * 100.0 / PitchCurve::End);
+}
+
+pugi::xml_node writeLeg(const Leg &leg, pugi::xml_node technical)
+{
+    auto bend = addElement(technical, tagName(Tag::Bend));
+    if (leg.first)
+        addAttribute(bend, "first-beat", percentOf(*leg.first));
+    if (leg.last)
+        addAttribute(bend, "last-beat", percentOf(*leg.last));
+    addElement(bend, tagName(Tag::BendAlter), decimalText(leg.amount / 2.0));
+    if (leg.isBefore)
+        addElement(bend, tagName(Tag::PreBend));
+    else if (leg.isRelease)
+        addElement(bend, tagName(Tag::Release));
+    return bend;
+}
+
 } // namespace
+
+void writeBend(const Bend &bend, pugi::xml_node notations, ExportContext &context)
+{
+    if (bend.type == BendType::NoBend)
+        return;
+    // A string that is let go to its own pitch at once was bent by the note in front.
+    const auto &points = bend.curve.points();
+    const auto moved =
+        std::find_if(points.begin(), points.end(), [&points](const CurvePoint &point) {
+            return point.value != points.front().value;
+        });
+    const bool isBefore =
+        bend.type != BendType::Release || moved == points.end() || moved->value != 0;
+    const auto legs = legsOf(bend.curve, isBefore);
+    if (legs.empty())
+        return context.addUnheld("bend by nothing");
+    for (const auto &leg : legs)
+        writeLeg(leg, ensureElement(notations, tagName(Tag::Technical)));
+    context.addUnheldIf(!(bendOf(legs) == bend), "detail of a bend");
+}
+
+void writeWhammyBar(const WhammyBar &bar, pugi::xml_node notations, ExportContext &context)
+{
+    if (bar.type == WhammyBarType::NoWhammyBar)
+        return;
+    // What a reader makes of it: one leg, the lowest or the last that the bar goes to.
+    const auto &points = bar.curve.points();
+    const auto farthest = std::max_element(points.begin(), points.end(),
+                                           [](const CurvePoint &left, const CurvePoint &right) {
+                                               return std::abs(left.value) < std::abs(right.value);
+                                           });
+    Leg leg;
+    leg.amount = farthest->value;
+    leg.isBefore = bar.type == WhammyBarType::PreDive || bar.type == WhammyBarType::HoldWhammyBar;
+    if (leg.amount == 0)
+        return context.addUnheld("whammy bar that does nothing");
+    const char *const kind = bar.type == WhammyBarType::Dip ? "dip" : "";
+    addElement(writeLeg(leg, ensureElement(notations, tagName(Tag::Technical))),
+               tagName(Tag::WithBar), kind);
+    context.addUnheldIf(!(whammyBarOf({leg}, kind) == bar), "detail of the whammy bar");
+}
 
 void readBends(pugi::xml_node technical, const NotePlace &place, ImportContext &context)
 {

@@ -32,4 +32,12 @@ Fermata fermataOf(pugi::xml_node fermata)
     return Fermata::Medium;
 }
 
+const char *shapeOf(Fermata kind)
+{
+    for (const auto &shape : shapes)
+        if (shape.kind == kind)
+            return shape.name.data();
+    return shapes[0].name.data();
+}
+
 } // namespace zarn::io

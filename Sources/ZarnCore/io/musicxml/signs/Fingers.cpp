@@ -23,6 +23,20 @@ constexpr const char *thumb = "T";
 
 } // namespace
 
+const char *fingeringText(Fingering finger, bool areKeys)
+{
+    static constexpr const char *numbers[] = {"0", "1", "2", "3", "4", "5"};
+    const auto find = [finger](const auto &hand) -> const char * {
+        const auto *const found = std::find(std::begin(hand), std::end(hand), finger);
+        return found == std::end(hand) ? nullptr : numbers[found - std::begin(hand)];
+    };
+    if (finger == Fingering::None || finger == Fingering::Open)
+        return nullptr;
+    if (const auto *const number = areKeys ? find(onKeys) : find(onStrings))
+        return number;
+    return finger == Fingering::Thumb ? thumb : find(onKeys);
+}
+
 void Fingers::add(pugi::xml_node fingering, const NotePlace &place)
 {
     const std::string text = fingering.child_value();
@@ -50,7 +64,7 @@ void Fingers::finishPart(const StaffBars &staves)
     const bool hasFifth =
         std::any_of(_numbered.begin(), _numbered.end(),
                     [](const Numbered &numbered) { return numbered.finger == fingers; });
-    const bool areKeys = !hasFrets && (hasFifth || staves.size() > 1);
+    const bool areKeys = areFingersOfKeys(hasFrets, hasFifth, staves.size());
     for (const auto &[note, finger] : _numbered) {
         const auto at = static_cast<std::size_t>(finger);
         note->setLeftFingering(areKeys || at >= std::size(onStrings) ? onKeys[at] : onStrings[at]);

@@ -11,6 +11,17 @@ namespace zarn::io {
 
 class ImportContext;
 
+/// What <fingering> says of a finger of the left hand; on keys the thumb is 1. Null for none and
+/// for the open string, which has an element of its own.
+const char *fingeringText(Fingering finger, bool areKeys);
+
+/// Whether the fingers of a part are read as those of keys. The part has notes with fingers, on
+/// frets, with the fifth finger or not, on so many staves.
+constexpr bool areFingersOfKeys(bool hasFrets, bool hasFifth, std::size_t staffCount)
+{
+    return !hasFrets && (hasFifth || staffCount > 1);
+}
+
 /// Gives notes the fingers that <fingering> numbers. On strings 1 is the index finger, on keys the
 /// thumb: what is played is known when the part has been read.
 class Fingers {

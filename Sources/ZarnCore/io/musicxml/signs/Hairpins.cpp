@@ -22,6 +22,11 @@ static_assert(wedgeTexts.isConsistent());
 
 } // namespace
 
+const char *wedgeTypeOf(Hairpin hairpin)
+{
+    return wedgeTexts.textOrFirst(hairpin).data();
+}
+
 void Hairpins::add(pugi::xml_node wedge, const NotePlace &place)
 {
     const std::string_view type = wedge.attribute("type").value();
@@ -52,7 +57,7 @@ void Hairpins::set(const SpanMatcher::Span &span, const Staff::Bars &bars)
     const auto &begin = span.begin.place;
     const auto &end = span.end.place;
     const auto kind = *wedgeTexts.value(span.begin.node.attribute("type").value());
-    const auto places = StaffTimes(bars).between(begin.bar, begin.onset, end.bar, end.onset);
+    const auto places = StaffTimes(bars).between(begin, end);
     const bool isSwell = places.size() == 1 && kind == Hairpin::Decrescendo
         && places.front().beat->hairpin() == Hairpin::Crescendo
         && places.front().onset < begin.onset;

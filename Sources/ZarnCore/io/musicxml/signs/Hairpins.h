@@ -5,6 +5,9 @@
 
 namespace zarn::io {
 
+/// The type of the <wedge> that begins a crescendo or decrescendo.
+const char *wedgeTypeOf(Hairpin hairpin);
+
 /// Puts the hairpins of a part over its beats: one is a run of beats of a voice.
 class Hairpins {
 public:

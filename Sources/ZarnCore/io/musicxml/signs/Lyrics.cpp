@@ -2,6 +2,7 @@
 #include <ZarnCore/io/musicxml/signs/Lyrics.h>
 
 #include <ZarnCore/io/musicxml/ImportContext.h>
+#include <ZarnCore/io/musicxml/writer/XmlElement.h>
 #include <ZarnCore/utils/EnumTable.h>
 
 #include <algorithm>
@@ -37,6 +38,22 @@ Syllabic joined(Syllabic first, Syllabic last)
 }
 
 } // namespace
+
+void writeLyrics(const Syllables &syllables, pugi::xml_node note)
+{
+    for (const auto &syllable : syllables) {
+        const auto text = xmlText(syllable.text);
+        if (text.find_first_not_of(" \t\r\n") == text.npos)
+            continue;
+        auto lyric = addElement(note, tagName(Tag::Lyric));
+        addAttribute(lyric, "number", syllable.line + 1);
+        addElement(lyric, tagName(Tag::Syllabic),
+                   syllabicTexts.textOrFirst(syllable.syllabic).data());
+        addElement(lyric, tagName(Tag::Text), text);
+        if (syllable.hasMelisma)
+            addElement(lyric, tagName(Tag::Extend));
+    }
+}
 
 Syllable Lyrics::read(pugi::xml_node lyric)
 {

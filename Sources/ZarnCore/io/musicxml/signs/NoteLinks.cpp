@@ -3,6 +3,7 @@
 
 #include <ZarnCore/io/musicxml/ImportContext.h>
 
+#include <algorithm>
 #include <string>
 
 namespace zarn::io {
@@ -39,6 +40,13 @@ const Note *nextOf(const NotePlace &place, const Staff::Bars &bars)
 
 } // namespace
 
+bool leadsByLegato(const Beat &beat, const Beat &next)
+{
+    return std::any_of(beat.notes().begin(), beat.notes().end(), [&next](const auto &note) {
+        return note->isHopo() && partnerOf(*note, next) != nullptr;
+    });
+}
+
 bool NoteLinks::add(Tag tag, pugi::xml_node node, const NotePlace &place)
 {
     if (!isLegato(tag) && tag != Tag::Slide && tag != Tag::Glissando)
@@ -49,20 +57,24 @@ bool NoteLinks::add(Tag tag, pugi::xml_node node, const NotePlace &place)
     return true;
 }
 
-void NoteLinks::finishPart(const StaffBars &staves)
+void NoteLinks::finishLegato(const StaffBars &staves)
 {
-    if (!_slides.isEmpty()) {
-        for (const auto &end : _slides.takeEnds()) {
-            end.place.note->setSlideIn(SlideIn::FromBelow);
-            _context.addProblemInBar(end.place.bar, end.node,
-                                     "a slide that begins at no note was read as one from below");
-        }
-        for (const auto &span : _slides.finish())
-            link(span, staves);
-    }
     if (!_legato.isEmpty())
         for (const auto &span : _legato.finish())
             link(span, staves);
+}
+
+void NoteLinks::finishSlides(const StaffBars &staves)
+{
+    if (_slides.isEmpty())
+        return;
+    for (const auto &end : _slides.takeEnds()) {
+        end.place.note->setSlideIn(SlideIn::FromBelow);
+        _context.addProblemInBar(end.place.bar, end.node,
+                                 "a slide that begins at no note was read as one from below");
+    }
+    for (const auto &span : _slides.finish())
+        link(span, staves);
 }
 
 void NoteLinks::link(const SpanMatcher::Span &span, const StaffBars &staves)

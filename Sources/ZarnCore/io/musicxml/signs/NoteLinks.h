@@ -5,6 +5,9 @@
 
 namespace zarn::io {
 
+/// Whether a note of a beat is hammered on, or pulled off, to a note of the next one.
+bool leadsByLegato(const Beat &beat, const Beat &next);
+
 /// Puts what leads from a note to the next one into the tree: hammer-ons and pull-offs, slides and
 /// glissandi.
 ///
@@ -20,8 +23,10 @@ public:
     /// An element at a note that stands at a place; false for other elements.
     bool add(Tag tag, pugi::xml_node node, const NotePlace &place);
 
-    /// Slurs are there already.
-    void finishPart(const StaffBars &staves);
+    /// Slides, when the slurs are there, and in front of both the hammer-ons, which have slurs of
+    /// their own.
+    void finishLegato(const StaffBars &staves);
+    void finishSlides(const StaffBars &staves);
 
 private:
     void link(const SpanMatcher::Span &span, const StaffBars &staves);

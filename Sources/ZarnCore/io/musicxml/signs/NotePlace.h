@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <tuple>
+#include <vector>
 
 namespace zarn::io {
 
@@ -20,6 +21,11 @@ struct NotePlace {
     Beat *beat = nullptr;
     Note *note = nullptr; ///< null for a rest
 
+    // Of what stands between the notes: the beat that follows it at its time in the document.
+    Beat *ahead = nullptr;
+    unsigned aheadSlot = 0;
+    unsigned aheadIndex = 0;
+
     bool isInLineOf(const NotePlace &other) const noexcept
     {
         return staff == other.staff && slot == other.slot;
@@ -31,6 +37,17 @@ struct NotePlace {
     /// Order in time; grace beats share it with the beat that they lead to.
     auto inTime() const { return std::make_tuple(bar, onset); }
 };
+
+/// The place of the note that follows something in the document, when it stands at the same time
+/// on the same staff; null else. `notes` are the places of all notes of the measure.
+inline const NotePlace *noteAhead(const std::vector<NotePlace> &notes, std::size_t note, int staff,
+                                  const utils::rational &position)
+{
+    if (note >= notes.size())
+        return nullptr;
+    const auto &place = notes[note];
+    return place.beat && place.staff == staff && place.onset == position ? &place : nullptr;
+}
 
 /// The beats of one voice slot of a staff, over all bars, as they are when a part has been read.
 class VoiceSlotLine {

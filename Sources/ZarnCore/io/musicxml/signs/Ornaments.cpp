@@ -2,6 +2,9 @@
 #include <ZarnCore/io/musicxml/signs/Ornaments.h>
 
 #include <ZarnCore/io/musicxml/ImportContext.h>
+#include <ZarnCore/io/musicxml/writer/ExportContext.h>
+#include <ZarnCore/io/musicxml/writer/SpelledPitch.h>
+#include <ZarnCore/model/ZarnBeat.h>
 
 #include <algorithm>
 #include <cstring>
@@ -43,7 +46,8 @@ constexpr Alteration alterations[] = {
 constexpr int semitoneOfStep[] = {0, 2, 4, 5, 7, 9, 11};
 constexpr int steps = 7;
 
-/// By how much a key alters a step, 0 for C to 6 for B.
+} // namespace
+
 int alterInKey(int step, int fifths)
 {
     constexpr int orderOfSharps[] = {1, 3, 5, 0, 2, 4, 6}; // of C, D, E, F, G, A, B
@@ -53,7 +57,64 @@ int alterInKey(int step, int fifths)
     return -fifths > steps - 1 - order ? -1 : 0;
 }
 
+const char *accidentalName(int semitones)
+{
+    const auto *const named =
+        std::find_if(std::begin(alterations), std::end(alterations),
+                     [semitones](const Alteration &row) { return row.semitones == semitones; });
+    return named->accidental.data();
+}
+
+namespace {
+
+/// What stands beside a trill with a note so many semitones above: the alteration of the next step,
+/// where it is not the one of the key.
+void writeTrill(const Note &note, const SpelledPitch &pitch, int fifths, pugi::xml_node ornaments,
+                ExportContext &context)
+{
+    const auto trill = note.trill();
+    auto mark = addElement(ornaments, tagName(Tag::TrillMark));
+    const int step = pitch.step;
+    const int upper = (step + 1) % steps;
+    const int natural =
+        semitoneOfStep[upper] + (upper == 0 ? 12 : 0) - semitoneOfStep[step] - pitch.alter;
+    const int alter = static_cast<int>(trill.interval) - natural;
+    const auto *const named =
+        std::find_if(std::begin(alterations), std::end(alterations),
+                     [alter](const Alteration &row) { return row.semitones == alter; });
+    if (alter != alterInKey(upper, fifths)) {
+        if (named != std::end(alterations))
+            addElement(ornaments, tagName(Tag::AccidentalMark), named->accidental.data());
+        else if (trill.interval <= 2)
+            addAttribute(mark, "trill-step", trill.interval == 1 ? "half" : "whole");
+        else
+            context.addUnheld("interval of a trill");
+    }
+    context.addUnheldIf(trill.speed != Trill().speed, "speed of a trill");
+}
+
 } // namespace
+
+void writeOrnaments(const Beat &beat, const Note *note, bool isFirst, const SpelledPitch &pitch,
+                    int fifths, pugi::xml_node notations, ExportContext &context)
+{
+    const auto element = [&] { return ensureElement(notations, tagName(Tag::Ornaments)); };
+    if (note && note->trill().interval != 0)
+        writeTrill(*note, pitch, fifths, element(), context);
+    if (note && note->ornament() != Ornament::NoOrnament)
+        for (const auto &row : ornaments)
+            if (row.ornament == note->ornament() && !row.isDelayed)
+                addElement(element(), tagName(row.tag));
+    if (!isFirst || beat.tremolo() == 0)
+        return;
+    const int flags = std::max(static_cast<int>(beat.rhythmValue().getNoteValue())
+                                   - static_cast<int>(RhythmValue::NoteValue::Quarter),
+                               0);
+    const int strokes = static_cast<int>(beat.tremolo()) - flags;
+    if (!note || beat.isGrace() || strokes < 1)
+        return context.addUnheld("tremolo slower than its note");
+    addAttribute(addElement(element(), tagName(Tag::Tremolo), strokes), "type", "single");
+}
 
 bool OrnamentReader::read(Tag tag, pugi::xml_node ornament, WrittenNote &note)
 {

@@ -3,9 +3,28 @@
 
 #include <ZarnCore/io/musicxml/WrittenMusic.h>
 
+namespace zarn {
+class Beat;
+class Note;
+} // namespace zarn
+
 namespace zarn::io {
 
+class ExportContext;
 class ImportContext;
+struct SpelledPitch;
+
+/// What <accidental> calls an alteration of -2 to 2 semitones.
+const char *accidentalName(int semitones);
+
+/// By how much a key of so many fifths alters a step, 0 for C to 6 for B.
+int alterInKey(int step, int fifths);
+
+/// Writes the <ornaments> of a note into its <notations>, but for wavy lines and what leads to
+/// other notes; with the tremolo of the beat when the note is its first. `note` is null for a rest;
+/// `pitch` is as written, in a key of so many fifths.
+void writeOrnaments(const Beat &beat, const Note *note, bool isFirst, const SpelledPitch &pitch,
+                    int fifths, pugi::xml_node notations, ExportContext &context);
 
 /// Reads <ornaments>: turns and mordents, trills, tremolos of one note. Those that lead on to other
 /// notes, such as wavy lines, are left to the caller.

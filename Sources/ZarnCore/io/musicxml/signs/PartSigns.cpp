@@ -37,13 +37,19 @@ void PartSigns::add(const WrittenSign &sign, const NotePlace &place)
     }
 }
 
-void PartSigns::addSpans(const WrittenMeasure &measure, std::size_t staffCount)
+void PartSigns::addSpans(const WrittenMeasure &measure, const std::vector<NotePlace> &notes,
+                         std::size_t staffCount)
 {
     for (const auto &sign : measure.spans) {
         NotePlace place;
         place.bar = _context.bar();
         place.staff = std::min(sign.staff, static_cast<int>(staffCount) - 1);
         place.onset = sign.position;
+        if (const auto *const ahead = noteAhead(notes, sign.note, place.staff, sign.position)) {
+            place.ahead = ahead->beat;
+            place.aheadSlot = ahead->slot;
+            place.aheadIndex = ahead->index;
+        }
         if (sign.tag == Tag::Wedge)
             _hairpins.add(sign.node, place);
         else if (sign.tag == Tag::Pedal)
@@ -55,8 +61,9 @@ void PartSigns::addSpans(const WrittenMeasure &measure, std::size_t staffCount)
 
 void PartSigns::finishPart(const StaffBars &staves)
 {
+    _noteLinks.finishLegato(staves);
     _slurs.finishPart(staves);
-    _noteLinks.finishPart(staves); // A slide under a slur is another one.
+    _noteLinks.finishSlides(staves); // A slide under a slur is another one.
     _beatLinks.finishPart(staves);
     _fingers.finishPart(staves);
     _hairpins.finishPart(staves);

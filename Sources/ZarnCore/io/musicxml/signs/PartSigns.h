@@ -27,7 +27,9 @@ public:
     void add(const WrittenSign &sign, const NotePlace &place);
 
     /// Those of a measure that stand between the notes, when its beats are there.
-    void addSpans(const WrittenMeasure &measure, std::size_t staffCount);
+    /// `notes` are the places of its notes.
+    void addSpans(const WrittenMeasure &measure, const std::vector<NotePlace> &notes,
+                  std::size_t staffCount);
 
     /// When all bars of the part are there.
     void finishPart(const StaffBars &staves);

@@ -22,6 +22,11 @@ static_assert(pedalTexts.isConsistent());
 
 } // namespace
 
+const char *pedalTypeOf(PedalChange change)
+{
+    return pedalTexts.textOrFirst(change).data();
+}
+
 void Pedals::add(pugi::xml_node pedal, const NotePlace &place)
 {
     const std::string_view type = pedal.attribute("type").value();
@@ -40,7 +45,7 @@ void Pedals::finishPart(const StaffBars &staves)
     });
     for (const auto &[place, change, node] : _pedals) {
         const StaffTimes times(staves[static_cast<std::size_t>(place.staff)]);
-        auto *const beat = times.atOrAfter(place.bar, place.onset).beat;
+        auto *const beat = place.ahead ? place.ahead : times.atOrAfter(place.bar, place.onset).beat;
         const auto there = beat ? beat->pedal() : PedalChange::None;
         if (there == PedalChange::None) {
             if (beat)

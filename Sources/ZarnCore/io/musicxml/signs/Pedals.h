@@ -11,6 +11,9 @@ namespace zarn::io {
 
 class ImportContext;
 
+/// The type of the <pedal> of a change.
+const char *pedalTypeOf(PedalChange change);
+
 /// Puts what happens to the sustain pedal on the beats of a part.
 class Pedals {
 public:

@@ -2,10 +2,12 @@
 #include <ZarnCore/io/musicxml/signs/Slurs.h>
 
 #include <ZarnCore/io/musicxml/ImportContext.h>
+#include <ZarnCore/io/musicxml/signs/NoteLinks.h>
 
 #include <algorithm>
 #include <array>
 #include <map>
+#include <set>
 #include <tuple>
 #include <utility>
 
@@ -43,6 +45,7 @@ void Slurs::finishPart(const StaffBars &staves)
     if (_matcher.isEmpty())
         return;
     auto spans = _matcher.finish();
+    leaveLegatoOut(spans, staves);
     // The longest of those that begin together comes first, and so does what is around others.
     std::stable_sort(spans.begin(), spans.end(), [](const Span &left, const Span &right) {
         const auto &a = left.begin.place;
@@ -63,6 +66,34 @@ void Slurs::finishPart(const StaffBars &staves)
             left.push_back(span);
     }
     number(left);
+}
+
+/// A slur over hammer-ons and pull-offs, from the first of them to the last, is their own sign; a
+/// second one of the same length is not.
+void Slurs::leaveLegatoOut(std::vector<Span> &spans, const StaffBars &staves)
+{
+    std::set<const Beat *> begun;
+    const auto isOwn = [&](const Span &span) {
+        const auto &begin = span.begin.place;
+        const auto &end = span.end.place;
+        if (!begin.isInLineOf(end))
+            return false;
+        const VoiceSlotLine line(staves[static_cast<std::size_t>(begin.staff)], begin.slot);
+        bool isLegato = true;
+        const Beat *last = nullptr;
+        line.visit(begin, end, [&](const Beat &beat) {
+            isLegato = isLegato && (!last || leadsByLegato(*last, beat));
+            last = &beat;
+        });
+        const auto *const before = line.previous(begin.bar, begin.index);
+        int bar = end.bar;
+        unsigned index = end.index;
+        const auto *const after = line.next(bar, index);
+        return isLegato && last && last != begin.beat
+            && !(before && leadsByLegato(*before, *begin.beat))
+            && !(after && leadsByLegato(*last, *after)) && begun.insert(begin.beat).second;
+    };
+    spans.erase(std::remove_if(spans.begin(), spans.end(), isOwn), spans.end());
 }
 
 /// Marks the joints between the beats under a slur; false when beats in between are missing.

@@ -20,6 +20,7 @@ public:
 private:
     using Span = SpanMatcher::Span;
 
+    static void leaveLegatoOut(std::vector<Span> &spans, const StaffBars &staves);
     static bool markOutermost(const Span &span, const Staff::Bars &bars);
     void number(std::vector<Span> &spans);
 

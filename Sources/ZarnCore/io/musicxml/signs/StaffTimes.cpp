@@ -58,12 +58,15 @@ NotePlace StaffTimes::atOrAfter(int bar, const rational &position) const
     return best;
 }
 
-std::vector<NotePlace> StaffTimes::between(int firstBar, const rational &first, int lastBar,
-                                           const rational &last) const
+std::vector<NotePlace> StaffTimes::between(const NotePlace &begin, const NotePlace &stop) const
 {
+    const int firstBar = begin.bar;
+    const int lastBar = stop.bar;
+    const auto &first = begin.onset;
+    const auto &last = stop.onset;
     std::vector<NotePlace> places;
-    const auto start = atOrAfter(firstBar, first);
-    const unsigned preferred = start.beat ? start.slot : 0;
+    const auto start = begin.ahead ? NotePlace() : atOrAfter(firstBar, first);
+    const unsigned preferred = begin.ahead ? begin.aheadSlot : start.beat ? start.slot : 0;
     const int end = std::min(lastBar, static_cast<int>(_bars.size()) - 1);
     for (int bar = firstBar; bar <= end; ++bar) {
         const unsigned slot = slotOf(bar, preferred);
@@ -72,7 +75,8 @@ std::vector<NotePlace> StaffTimes::between(int firstBar, const rational &first, 
         forEachBeat(*voiceOf(bar, slot), [&](Beat &beat, unsigned index, const rational &onset) {
             if (bar == lastBar && !(onset < last))
                 return false;
-            if (bar > firstBar || !(onset < first))
+            const bool isInside = begin.ahead ? index >= begin.aheadIndex : !(onset < first);
+            if (bar > firstBar || isInside)
                 places.push_back({bar, 0, slot, index, onset, 0, &beat, nullptr});
             return true;
         });

@@ -20,8 +20,7 @@ public:
     /// The beats of one voice from a time up to another one, which is not included: in the slot of
     /// `atOrAfter`, and in bars where that is empty in the first one that is not. When none begins
     /// in that time, the one that sounds at its start.
-    std::vector<NotePlace> between(int firstBar, const utils::rational &first, int lastBar,
-                                   const utils::rational &last) const;
+    std::vector<NotePlace> between(const NotePlace &begin, const NotePlace &end) const;
 
 private:
     const Voice *voiceOf(int bar, unsigned slot) const;

@@ -2,6 +2,9 @@
 #include <ZarnCore/io/musicxml/signs/Technical.h>
 
 #include <ZarnCore/io/musicxml/ImportContext.h>
+#include <ZarnCore/io/musicxml/signs/Fingers.h>
+#include <ZarnCore/io/musicxml/writer/ExportContext.h>
+#include <ZarnCore/model/ZarnBeat.h>
 #include <ZarnCore/utils/EnumTable.h>
 
 #include <algorithm>
@@ -52,33 +55,47 @@ constexpr auto harmonicTexts =
 struct OtherTechnique {
     std::string_view text;
     std::string_view glyph;
+    bool isOfBeat;
     void (*set)(WrittenNote &note);
+    bool (*isSet)(const BeatMarks &beat, const NoteMarks &note);
 };
 
-template <auto Set, auto Value>
-void setOfBeat(WrittenNote &note)
+template <auto Get, auto Set, auto Value>
+constexpr OtherTechnique ofBeat(std::string_view text, std::string_view glyph)
 {
-    (note.beatMarks.*Set)(Value);
+    return {text, glyph, true, [](WrittenNote &note) { (note.beatMarks.*Set)(Value); },
+            [](const BeatMarks &beat, const NoteMarks &) { return (beat.*Get)() == Value; }};
 }
-template <auto Set, auto Value>
-void setOfNote(WrittenNote &note)
+template <auto Get, auto Set, auto Value>
+constexpr OtherTechnique ofNote(std::string_view text, std::string_view glyph)
 {
-    (note.marks.*Set)(Value);
+    return {text, glyph, false, [](WrittenNote &note) { (note.marks.*Set)(Value); },
+            [](const BeatMarks &, const NoteMarks &note) { return (note.*Get)() == Value; }};
 }
+
+using Beats = BeatMarks;
+using Notes = NoteMarks;
 
 constexpr OtherTechnique others[] = {
-    {"slap", "", setOfBeat<&BeatMarks::setBassAttack, BassAttack::Slap>},
-    {"pop", "", setOfBeat<&BeatMarks::setBassAttack, BassAttack::Pop>},
-    {"pick scrape down", "", setOfNote<&NoteMarks::setSlideOut, SlideOut::PickScrapeDown>},
-    {"pick scrape up", "", setOfNote<&NoteMarks::setSlideOut, SlideOut::PickScrapeUp>},
-    {"", "guitarFadeIn", setOfBeat<&BeatMarks::setFadding, Fadding::FadeIn>},
-    {"", "guitarFadeOut", setOfBeat<&BeatMarks::setFadding, Fadding::FadeOut>},
-    {"", "guitarVolumeSwell", setOfBeat<&BeatMarks::setFadding, Fadding::VolumeSwell>},
-    {"", "guitarStrumDown", setOfBeat<&BeatMarks::setBrushDirection, Direction::Down>},
-    {"", "guitarStrumUp", setOfBeat<&BeatMarks::setBrushDirection, Direction::Up>},
-    {"", "guitarClosePedal", setOfBeat<&BeatMarks::setWah, WahWah::Closed>},
-    {"", "guitarOpenPedal", setOfBeat<&BeatMarks::setWah, WahWah::Open>},
+    ofBeat<&Beats::bassAttack, &Beats::setBassAttack, BassAttack::Slap>("slap", ""),
+    ofBeat<&Beats::bassAttack, &Beats::setBassAttack, BassAttack::Pop>("pop", ""),
+    ofNote<&Notes::slideOut, &Notes::setSlideOut, SlideOut::PickScrapeDown>("pick scrape down", ""),
+    ofNote<&Notes::slideOut, &Notes::setSlideOut, SlideOut::PickScrapeUp>("pick scrape up", ""),
+    ofBeat<&Beats::isDeadSlapped, &Beats::setDeadSlapped, true>("dead slap", ""),
+    ofBeat<&Beats::hasTimer, &Beats::setTimer, true>("timer", ""),
+    ofNote<&Notes::showsString, &Notes::setShowString, true>("string number", ""),
+    ofBeat<&Beats::fadding, &Beats::setFadding, Fadding::FadeIn>("", "guitarFadeIn"),
+    ofBeat<&Beats::fadding, &Beats::setFadding, Fadding::FadeOut>("", "guitarFadeOut"),
+    ofBeat<&Beats::fadding, &Beats::setFadding, Fadding::VolumeSwell>("", "guitarVolumeSwell"),
+    ofBeat<&Beats::brushDirection, &Beats::setBrushDirection, Direction::Down>("",
+                                                                               "guitarStrumDown"),
+    ofBeat<&Beats::brushDirection, &Beats::setBrushDirection, Direction::Up>("", "guitarStrumUp"),
+    ofBeat<&Beats::wah, &Beats::setWah, WahWah::Closed>("", "guitarClosePedal"),
+    ofBeat<&Beats::wah, &Beats::setWah, WahWah::Open>("", "guitarOpenPedal"),
 };
+
+/// Beside a cross that is nothing but the sign of a dead note.
+constexpr std::string_view deadWord = "dead note";
 
 constexpr std::string_view rasgueadoWord = "rasgueado ";
 
@@ -149,6 +166,11 @@ bool TechnicalReader::readOther(pugi::xml_node other, WrittenNote &note)
         note.mayExclude = true;
         return true;
     }
+    if (text == deadWord) {
+        note.marks.setDead(true);
+        note.mayExclude = true;
+        return true;
+    }
     if (text.substr(0, rasgueadoWord.size()) != rasgueadoWord)
         return false;
     const std::string pattern(text.substr(rasgueadoWord.size()));
@@ -180,6 +202,98 @@ void TechnicalReader::setHarmonic(WrittenNote &note)
             harmonic.partial = static_cast<std::uint8_t>(partial);
     }
     note.marks.setHarmonic(harmonic);
+}
+
+namespace {
+
+/// The partial that a reader takes from what is written.
+unsigned readPartial(const Note &note)
+{
+    const bool isAtFret = note.harmonic().type == HarmonicType::Natural && note.fret() > 0;
+    const auto partial = isAtFret ? Harmonic::partialAtFret(note.fret()) : 0;
+    return partial != 0 ? partial : Harmonic::LowestPartial;
+}
+
+class TechnicalElement {
+public:
+    explicit TechnicalElement(pugi::xml_node notations) : _notations(notations) { }
+
+    template <class... Text>
+    pugi::xml_node add(Tag tag, Text... text)
+    {
+        return addElement(ensureElement(_notations, tagName(Tag::Technical)), tagName(tag),
+                          text...);
+    }
+
+private:
+    pugi::xml_node _notations;
+};
+
+void writeHarmonic(const Note &note, TechnicalElement &technical, ExportContext &context)
+{
+    const auto harmonic = note.harmonic();
+    if (harmonic.type == HarmonicType::NoHarmonic)
+        return;
+    const bool isNatural = harmonic.type == HarmonicType::Natural;
+    addElement(technical.add(Tag::Harmonic), isNatural ? "natural" : tagName(Tag::Artificial));
+    if (!isNatural && harmonic.type != HarmonicType::Artificial)
+        technical.add(Tag::OtherTechnical, harmonicTexts.textOrFirst(harmonic.type).data());
+    context.addUnheldIf(harmonic.partial != readPartial(note), "partial of a harmonic");
+}
+
+void writeBeat(const Beat &beat, TechnicalElement &technical)
+{
+    for (const auto &stroke : strokes)
+        if (stroke.direction == beat.pickStroke())
+            technical.add(stroke.tag);
+    if (beat.golpe() != ZarnGolpeType::None)
+        addAttribute(technical.add(Tag::Golpe), "placement",
+                     beat.golpe() == ZarnGolpeType::Thumb ? "below" : "above");
+    if (beat.rasgueado() != RasgueadoType::None)
+        technical.add(Tag::OtherTechnical,
+                      std::string(rasgueadoWord) + rasgueadoToString(beat.rasgueado()));
+}
+
+void writeNote(const Note &note, bool areKeys, TechnicalElement &technical, ExportContext &context)
+{
+    // A thumb on a fret is no first finger of keys.
+    if (const auto *const finger =
+            fingeringText(note.leftFingering(), areKeys && note.fret() == Note::Unset))
+        technical.add(Tag::Fingering, finger);
+    if (note.leftFingering() == Fingering::Open)
+        technical.add(Tag::OpenString);
+    if (const auto letter = pluckTexts.text(note.rightFingering()))
+        technical.add(Tag::Pluck, letter->data());
+    context.addUnheldIf(note.rightFingering() == Fingering::Open, "open string of the right hand");
+    if (note.isDead() && (note.noteHead() != NoteHead::Cross || note.fret() == Note::Unset)) {
+        technical.add(Tag::OtherTechnical, deadWord.data());
+        context.addUnheldIf(note.noteHead() != NoteHead::Normal
+                                && note.noteHead() != NoteHead::Cross,
+                            "head of a dead note");
+    }
+    if (note.isLeftHandTapped() || note.isRightHandTapped())
+        addAttribute(technical.add(Tag::Tap, note.isLeftHandTapped() ? "+" : "T"), "hand",
+                     note.isLeftHandTapped() ? "left" : "right");
+    writeHarmonic(note, technical, context);
+}
+
+} // namespace
+
+void writeTechnical(const Beat &beat, const Note *note, bool isFirst, bool areKeys,
+                    pugi::xml_node notations, ExportContext &context)
+{
+    TechnicalElement technical(notations);
+    if (isFirst && !beat.marks().isPlain())
+        writeBeat(beat, technical);
+    if (note)
+        writeNote(*note, areKeys, technical, context);
+    const auto marks = note ? note->marks() : NoteMarks();
+    for (const auto &row : others)
+        if ((isFirst || !row.isOfBeat) && row.isSet(beat.marks(), marks)) {
+            auto other = technical.add(Tag::OtherTechnical, row.text.data());
+            if (!row.glyph.empty())
+                addAttribute(other, "smufl", row.glyph.data());
+        }
 }
 
 } // namespace zarn::io

@@ -27,6 +27,11 @@ const PlayingWords playingWords[] = {
 
 } // namespace
 
+const char *palmMuteWords()
+{
+    return playingWords[0].words.data();
+}
+
 void TextSpans::add(Tag tag, pugi::xml_node node, const NotePlace &place)
 {
     if (!_matcher.add({tag, node.attribute("number").as_int(1), place, node}))
@@ -46,7 +51,7 @@ void TextSpans::set(const SpanMatcher::Span &span, const Staff::Bars &bars)
     const auto &begin = span.begin.place;
     const auto &end = span.end.place;
     const StaffTimes times(bars);
-    const auto places = times.between(begin.bar, begin.onset, end.bar, end.onset);
+    const auto places = times.between(begin, end);
     if (places.empty())
         return leaveOut(span);
     auto &first = *places.front().beat;

@@ -5,6 +5,9 @@
 
 namespace zarn::io {
 
+/// The words that dashes behind them make a palm mute of all notes under them.
+const char *palmMuteWords();
+
 /// Puts the dashes and brackets of a part behind the words of its beats. Those behind "P.M." and
 /// "let ring" are a way of playing the notes under them.
 class TextSpans {

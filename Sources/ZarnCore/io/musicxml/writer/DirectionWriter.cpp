@@ -1,0 +1,175 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/musicxml/writer/DirectionWriter.h>
+
+#include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
+#include <ZarnCore/io/musicxml/JumpWords.h>
+#include <ZarnCore/io/musicxml/Metronome.h>
+#include <ZarnCore/io/musicxml/MusicXmlTag.h>
+#include <ZarnCore/io/musicxml/signs/Pedals.h>
+#include <ZarnCore/io/musicxml/signs/Swings.h>
+#include <ZarnCore/io/musicxml/writer/ExportContext.h>
+#include <ZarnCore/io/musicxml/writer/HarmonyWriter.h>
+#include <ZarnCore/io/musicxml/writer/MeasureCursor.h>
+#include <ZarnCore/model/form/ZarnInForce.h>
+
+#include <QString>
+
+#include <cmath>
+
+namespace zarn::io {
+
+using utils::rational;
+
+namespace {
+
+pugi::xml_node addDirection(pugi::xml_node measure, const char *placement, int staffNumber)
+{
+    auto direction = addElement(measure, "direction");
+    addAttribute(direction, "placement", placement);
+    auto type = addElement(direction, "direction-type");
+    if (staffNumber > 0)
+        addElement(direction, "staff", staffNumber);
+    return type;
+}
+
+/// Elements of <dynamics> (MusicXML 4.0); other levels are words in <other-dynamics>.
+bool isDynamicsElement(const QString &name)
+{
+    return name.size() <= 6
+        && (name.count(QLatin1Char('p')) == name.size()
+            || name.count(QLatin1Char('f')) == name.size() || name == QLatin1String("mp")
+            || name == QLatin1String("mf"));
+}
+
+void addDynamics(const QString &name, pugi::xml_node measure, int staffNumber)
+{
+    auto dynamics = addElement(addDirection(measure, "below", staffNumber), "dynamics");
+    if (isDynamicsElement(name))
+        addElement(dynamics, name.toStdString().c_str());
+    else
+        addElement(dynamics, "other-dynamics", name.toStdString());
+}
+
+/// A position as the exact fraction that it was rounded from.
+rational exactPosition(float position)
+{
+    constexpr std::int64_t most = 5040;
+    for (const std::int64_t denominator : {std::int64_t(1), std::int64_t(960), most}) {
+        const rational fraction(std::llround(static_cast<double>(position) * denominator),
+                                denominator);
+        if (static_cast<float>(fraction.toDouble()) == position)
+            return fraction;
+    }
+    for (std::int64_t denominator = 2; denominator < most; ++denominator) {
+        const rational fraction(std::llround(static_cast<double>(position) * denominator),
+                                denominator);
+        if (static_cast<float>(fraction.toDouble()) == position)
+            return fraction;
+    }
+    return rational(std::llround(static_cast<double>(position) * most), most);
+}
+
+} // namespace
+
+void DirectionWriter::writeBeat(const Beat &beat, pugi::xml_node measure, int staffNumber)
+{
+    if (beat.dynamic() != NoteDynamic())
+        addDynamics(QString::fromStdString(NoteDynamic::textOf(beat.dynamic().value())).toLower(),
+                    measure, staffNumber);
+    if (beat.attackDynamic() != AttackDynamic::None) {
+        auto dynamics = addElement(addDirection(measure, "below", staffNumber), "dynamics");
+        addElement(dynamics, attackDynamicToString(beat.attackDynamic()).c_str());
+    }
+    if (beat.pedal() != PedalChange::None) {
+        auto pedal = addElement(addDirection(measure, "below", staffNumber), "pedal");
+        addAttribute(pedal, "type", pedalTypeOf(beat.pedal()));
+        addAttribute(pedal, "line", "yes");
+    }
+    if (!beat.hasDetails())
+        return;
+    if (const auto text = _context.text(beat.text()); !text.empty())
+        addElement(addDirection(measure, "above", staffNumber), "words", text);
+    if (!beat.chord().isEmpty()) {
+        auto harmony = addElement(measure, "harmony");
+        writeHarmony(beat.chord(), harmony, _context);
+        addElement(harmony, "staff", staffNumber);
+    }
+}
+
+void DirectionWriter::writeOttavia(Ottavia from, Ottavia to, pugi::xml_node measure,
+                                   int staffNumber)
+{
+    const auto write = [&](Ottavia sign, bool begins) {
+        const bool isHigher = sign == Ottavia::_8va || sign == Ottavia::_15ma;
+        const bool isOne = sign == Ottavia::_8va || sign == Ottavia::_8vb;
+        auto shift = addElement(addDirection(measure, isHigher ? "above" : "below", staffNumber),
+                                "octave-shift");
+        addAttribute(shift, "type", !begins ? "stop" : isHigher ? "down" : "up");
+        addAttribute(shift, "size", isOne ? "8" : "15");
+    };
+    if (from != Ottavia::None)
+        write(from, false);
+    if (to != Ottavia::None)
+        write(to, true);
+}
+
+void DirectionWriter::writeTempos(const MasterTrack &master, unsigned bar, MeasureCursor &cursor)
+{
+    const auto write = [&](const TempoMark &tempo) {
+        auto direction = cursor.addAt(exactPosition(tempo.position), "direction");
+        addAttribute(direction, "placement", "above");
+        const auto text = _context.text(tempo.text);
+        if (!text.empty())
+            addElement(addElement(direction, "direction-type"), "words", text);
+        if (tempo.isVisible || tempo.unit != TempoUnit::Quarter || text.empty()) {
+            const auto metronome =
+                writeMetronome({tempo.value, tempo.unit}, addElement(direction, "direction-type"));
+            if (!tempo.isVisible)
+                addAttribute(metronome, "print-object", "no");
+        }
+        addAttribute(addElement(direction, "sound"), "tempo",
+                     decimalText(quartersOf({tempo.value, tempo.unit})));
+        _context.addUnheldIf(tempo.isLinear, "gradual change of tempo");
+    };
+    if (bar == 0 && !master.hasAutomation(Automation::Tempo, 0, 0)
+        && !(master.tempoSettings() == TempoSettings()))
+        write(tempoInForce(master, 0));
+    for (const auto *const automation : master.automations(Automation::Tempo, bar, bar)) {
+        const auto &tempo = static_cast<const TempoAutomation &>(*automation);
+        auto unit = static_cast<TempoUnit>(tempo.unit());
+        if (tempo.unit() < 1 || tempo.unit() > static_cast<int>(TempoUnit::HalfDotted))
+            unit = TempoUnit::Quarter;
+        write({bar, tempo.position(), static_cast<double>(tempo.value()), unit, tempo.text(),
+               tempo.isLinear(), tempo.isVisible()});
+    }
+}
+
+void DirectionWriter::writeBarStart(const MasterTrack &master, unsigned bar, MeasureCursor &cursor)
+{
+    const auto &column = *master.masterBars()[bar];
+    const auto measure = cursor.measure();
+    const auto writeMark = [&](const std::string &words, const char *enclosure) {
+        if (const auto text = _context.text(words); !text.empty())
+            addAttribute(addElement(addDirection(measure, "above", 0), "rehearsal", text),
+                         "enclosure", enclosure);
+    };
+    writeMark(column.section().letter, "rectangle");
+    writeMark(column.section().text, "none");
+    for (const auto mark : master.directionsAtBarIndex(static_cast<int>(bar)))
+        if (!isJump(mark) && mark != DirectionMark::Fine)
+            writeJump(mark, measure);
+    const auto before =
+        bar == 0 ? TripletFeel::NoTripletFeel : master.masterBars()[bar - 1]->tripletFeel();
+    if (column.tripletFeel() != before)
+        writeSwing(column.tripletFeel(), addElement(measure, "sound"));
+    writeTempos(master, bar, cursor);
+}
+
+void DirectionWriter::writeBarEnd(const MasterTrack &master, unsigned bar, pugi::xml_node measure)
+{
+    for (const auto mark : master.directionsAtBarIndex(static_cast<int>(bar)))
+        if (isJump(mark) || mark == DirectionMark::Fine)
+            writeJump(mark, measure);
+}
+
+} // namespace zarn::io

@@ -1,0 +1,384 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/musicxml/writer/LineSigns.h>
+
+#include <ZarnCore/io/musicxml/MusicXmlTag.h>
+#include <ZarnCore/io/musicxml/signs/BeatLinks.h>
+#include <ZarnCore/io/musicxml/signs/Hairpins.h>
+#include <ZarnCore/io/musicxml/signs/NoteLinks.h>
+#include <ZarnCore/io/musicxml/signs/TextSpans.h>
+#include <ZarnCore/io/musicxml/writer/ExportContext.h>
+#include <ZarnCore/model/notes/StringLinks.h>
+
+#include <algorithm>
+
+namespace zarn::io {
+
+namespace {
+
+pugi::xml_node addSpan(pugi::xml_node parent, const char *name, bool begins, int number)
+{
+    auto node = addElement(parent, name);
+    addAttribute(node, "type", begins ? "start" : "stop");
+    addAttribute(node, "number", number);
+    return node;
+}
+
+/// The vibrato that all notes of a beat have in common.
+Vibrato vibratoOf(const Beat &beat)
+{
+    if (!beat.hasNotes() || beat.notes().front()->trill().interval != 0)
+        return Vibrato::None;
+    const auto vibrato = beat.notes().front()->vibrato();
+    const bool isCommon =
+        std::all_of(beat.notes().begin(), beat.notes().end(),
+                    [vibrato](const auto &note) { return note->vibrato() == vibrato; });
+    return isCommon ? vibrato : Vibrato::None;
+}
+
+} // namespace
+
+const Voice *BeatPlace::voice() const
+{
+    return staff->bars()[bar]->voices()[slot].get();
+}
+
+const Beat *BeatPlace::beat() const
+{
+    return voice()->beats()[index].get();
+}
+
+const Beat *BeatPlace::next() const
+{
+    if (index + 1 < voice()->beatCount())
+        return voice()->beats()[index + 1].get();
+    if (bar + 1 >= staff->barCount())
+        return nullptr;
+    const auto &after = staff->bars()[bar + 1]->voices()[slot];
+    return after && !after->isEmpty() ? after->beats().front().get() : nullptr;
+}
+
+const Beat *BeatPlace::previous() const
+{
+    if (index > 0)
+        return voice()->beats()[index - 1].get();
+    if (bar == 0)
+        return nullptr;
+    const auto &before = staff->bars()[bar - 1]->voices()[slot];
+    return before && !before->isEmpty() ? before->beats().back().get() : nullptr;
+}
+
+void LineSigns::start(const BeatPlace &place)
+{
+    _place = place;
+    _beat = place.beat();
+    _next = place.next();
+    _previous = place.previous();
+}
+
+int LineSigns::take(Numbering &numbering, const char *kind)
+{
+    const int number = numbering.take(_line, static_cast<int>(_place.bar));
+    if (number == 0)
+        _context.addProblem(std::string("more ") + kind
+                            + " are open at once than MusicXML can number; one was left out");
+    return number;
+}
+
+void LineSigns::writeNotations(const Note *note, bool isFirst, pugi::xml_node notations)
+{
+    if (isFirst) {
+        writeSlurs(notations);
+        writeLegatoSlurs(notations);
+        if (!_isTablature) {
+            if (!_beat->slurEnds().empty())
+                writeSlurEnds(notations);
+            writeTremolo(notations);
+        }
+        writeWaves(note, notations);
+    }
+    if (note)
+        writeLinks(*note, isFirst, notations);
+}
+
+void LineSigns::writeSlurs(pugi::xml_node notations)
+{
+    const int bar = static_cast<int>(_place.bar);
+    const bool comes = _beat->isSlurredToPrevious() && _slur != 0;
+    const bool goes = _beat->isSlurredToNext() && _next && _next->isSlurredToPrevious();
+    if (comes && (!goes || _beat->beginsSlur())) {
+        addSpan(notations, tagName(Tag::Slur), false, _slur);
+        _numbers.slurs.free(_slur, _line, bar);
+        _slur = 0;
+    }
+    if (goes && _slur == 0) {
+        _slur = take(_numbers.slurs, "slurs");
+        if (_slur != 0)
+            addSpan(notations, tagName(Tag::Slur), true, _slur);
+    }
+}
+
+/// Hammer-ons and pull-offs in a row have a slur, which is all that some programs read of them.
+void LineSigns::writeLegatoSlurs(pugi::xml_node notations)
+{
+    const bool goes = _next && leadsByLegato(*_beat, *_next);
+    if (_legatoSlur != 0 && !goes) {
+        addSpan(notations, tagName(Tag::Slur), false, _legatoSlur);
+        _numbers.slurs.free(_legatoSlur, _line, static_cast<int>(_place.bar));
+        _legatoSlur = 0;
+    } else if (_legatoSlur == 0 && goes) {
+        _legatoSlur = take(_numbers.slurs, "slurs");
+        if (_legatoSlur != 0)
+            addSpan(notations, tagName(Tag::Slur), true, _legatoSlur);
+    }
+}
+
+/// Whichever end of a slur stands first in the document takes the number, the other frees it.
+void LineSigns::writeSlurEnds(pugi::xml_node notations)
+{
+    const int bar = static_cast<int>(_place.bar);
+    for (const auto &end : _beat->slurEnds()) {
+        const auto open = _numbers.slurEnds.find(end.number);
+        if (open == _numbers.slurEnds.end()) {
+            const int number = take(_numbers.slurs, "slurs");
+            if (number == 0)
+                continue;
+            _numbers.slurEnds.emplace(end.number, number);
+            addSpan(notations, tagName(Tag::Slur), end.isBegin, number);
+        } else {
+            addSpan(notations, tagName(Tag::Slur), end.isBegin, open->second);
+            _numbers.slurs.free(open->second, _line, bar);
+            _numbers.slurEnds.erase(open);
+        }
+    }
+}
+
+void LineSigns::writeTremolo(pugi::xml_node notations)
+{
+    const auto write = [&](bool begins, int strokes) {
+        auto tremolo = addElement(ensureElement(notations, tagName(Tag::Ornaments)),
+                                  tagName(Tag::Tremolo), strokes);
+        addAttribute(tremolo, "type", begins ? "start" : "stop");
+    };
+    if (_tremolo != 0)
+        write(false, std::exchange(_tremolo, 0));
+    if (_beat->tremoloToNext() == 0)
+        return;
+    if (_next && _next->rhythmValue() == _beat->rhythmValue() && _beat->hasNotes()
+        && _next->hasNotes()) {
+        _tremolo = static_cast<int>(_beat->tremoloToNext());
+        write(true, _tremolo);
+    } else {
+        _context.addUnheld("tremolo that leads to no note of its value");
+    }
+}
+
+void LineSigns::writeWave(int &open, bool begins, bool ends, const char *glyph,
+                          pugi::xml_node notations)
+{
+    const auto write = [&](bool isStart) {
+        auto wave = addSpan(ensureElement(notations, tagName(Tag::Ornaments)),
+                            tagName(Tag::WavyLine), isStart, open);
+        if (isStart)
+            addAttribute(wave, "smufl", glyph);
+    };
+    if (begins) {
+        open = take(_numbers.waves, "wavy lines");
+        if (open != 0)
+            write(true);
+    }
+    if (ends && open != 0) {
+        write(false);
+        _numbers.waves.free(open, _line, static_cast<int>(_place.bar));
+        open = 0;
+    }
+}
+
+void LineSigns::writeWaves(const Note *note, pugi::xml_node notations)
+{
+    if (!note)
+        return;
+    if (vibratoOf(*_beat) == Vibrato::None && !_isTablature)
+        for (const auto &other : _beat->notes())
+            _context.addUnheldIf(other->vibrato() != Vibrato::None,
+                                 "vibrato of one note of a chord, or of a trill");
+    const auto wave = [&](auto valueOf, int &open, bool isOfBar) {
+        const Vibrato now = valueOf(*_beat);
+        if (now == Vibrato::None)
+            return;
+        const bool goesOn = _next && _next->hasNotes() && valueOf(*_next) == now;
+        writeWave(open, open == 0, !goesOn, glyphOfWave(now, isOfBar), notations);
+    };
+    wave(vibratoOf, _wave, false);
+    wave([](const Beat &beat) { return beat.barVibrato(); }, _barWave, true);
+}
+
+void LineSigns::beginLink(const Note &note, bool isSlide, pugi::xml_node notations)
+{
+    if (!canLeadToNext(*_place.voice(), _place.index, note,
+                       isSlide ? StringLink::Slide : StringLink::Hopo))
+        return _context.addUnheld(isSlide ? "slide that leads to no note"
+                                          : "hammer-on that leads to no note");
+    OpenLink link = {note.string(), 0, isSlide, true};
+    link.number =
+        take(isSlide ? _numbers.slides : _numbers.legato, isSlide ? "slides" : "hammer-ons");
+    if (link.number == 0)
+        return;
+    if (isSlide) {
+        addAttribute(addSpan(notations, tagName(Tag::Slide), true, link.number), "line-type",
+                     "solid");
+    } else {
+        const auto *const aim = note.string() != Note::Unset && _next
+            ? _next->noteOnString(note.string()).get()
+            : _next && _next->hasNotes() ? _next->notes().front().get()
+                                         : nullptr;
+        link.isHammer = !aim || aim->midi() > note.midi();
+        addSpan(ensureElement(notations, tagName(Tag::Technical)),
+                tagName(link.isHammer ? Tag::HammerOn : Tag::PullOff), true, link.number)
+            .append_child(pugi::node_pcdata)
+            .set_value(link.isHammer ? "H" : "P");
+    }
+    _links.push_back(link);
+}
+
+void LineSigns::writeLinks(const Note &note, bool isFirst, pugi::xml_node notations)
+{
+    const int bar = static_cast<int>(_place.bar);
+    for (auto link = _links.begin(); link != _links.end();) {
+        const bool isAim = link->string != Note::Unset ? link->string == note.string() : isFirst;
+        if (!isAim) {
+            ++link;
+            continue;
+        }
+        if (link->isSlide)
+            addAttribute(addSpan(notations, tagName(Tag::Slide), false, link->number), "line-type",
+                         "solid");
+        else
+            addSpan(ensureElement(notations, tagName(Tag::Technical)),
+                    tagName(link->isHammer ? Tag::HammerOn : Tag::PullOff), false, link->number);
+        (link->isSlide ? _numbers.slides : _numbers.legato).free(link->number, _line, bar);
+        link = _links.erase(link);
+    }
+    if (note.slideOut() == SlideOut::Shift || note.slideOut() == SlideOut::Legato) {
+        if (note.slideOut() == SlideOut::Legato && !_beat->isSlurredToNext())
+            _context.addUnheld("slide without a stroke that no slur shows");
+        if (note.slideOut() == SlideOut::Shift && _beat->isSlurredToNext())
+            _context.addUnheld("slide with a stroke under a slur");
+        beginLink(note, true, notations);
+    }
+    if (note.isHopo())
+        beginLink(note, false, notations);
+}
+
+pugi::xml_node LineSigns::addDirection(pugi::xml_node measure, int staffNumber,
+                                       const char *placement)
+{
+    auto direction = addElement(measure, "direction");
+    addAttribute(direction, "placement", placement);
+    auto type = addElement(direction, "direction-type");
+    addElement(direction, "staff", staffNumber);
+    return type;
+}
+
+bool LineSigns::goesOn(Hairpin hairpin) const
+{
+    return hairpin != Hairpin::Swell && _next && _next->hairpin() == hairpin
+        && !_next->beginsHairpin();
+}
+
+/// Whether the words over the strings say it of all notes of a beat.
+bool LineSigns::isPalmMuted(const Beat &beat) const
+{
+    return beat.hasNotes()
+        && std::all_of(beat.notes().begin(), beat.notes().end(),
+                       [](const auto &note) { return note->isPalmMuted(); });
+}
+
+/// Whether the dashes that begin at the beat end before others begin.
+bool LineSigns::hasEndOfDashes() const
+{
+    const auto &bars = _place.staff->bars();
+    unsigned index = _place.index + 1;
+    for (unsigned bar = _place.bar; bar < _place.staff->barCount(); ++bar, index = 0) {
+        const auto &voice = bars[bar]->voices()[_place.slot];
+        for (; voice && index < voice->beatCount(); ++index)
+            if (const auto span = voice->beats()[index]->textSpan(); span != TextSpan::None)
+                return span == TextSpan::End;
+    }
+    return false;
+}
+
+/// The crescendo ends, and a decrescendo begins, in the middle of the beat.
+void LineSigns::writeSwell(pugi::xml_node measure, int staffNumber, double half)
+{
+    for (const char *const type : {"stop", wedgeTypeOf(Hairpin::Decrescendo)}) {
+        auto directionType = addDirection(measure, staffNumber, "below");
+        auto wedge = addElement(directionType, tagName(Tag::Wedge));
+        addAttribute(wedge, "type", type);
+        addAttribute(wedge, "number", _wedge);
+        auto offset = directionType.parent().insert_child_after("offset", directionType);
+        offset.append_child(pugi::node_pcdata).set_value(decimalText(half).c_str());
+    }
+}
+
+void LineSigns::writeBefore(pugi::xml_node measure, int staffNumber, double half)
+{
+    const auto hairpin = _beat->hairpin();
+    if (_wedge == 0 && hairpin != Hairpin::NoHairpin) {
+        _wedge = take(_numbers.wedges, "hairpins");
+        if (_wedge != 0) {
+            auto wedge =
+                addElement(addDirection(measure, staffNumber, "below"), tagName(Tag::Wedge));
+            addAttribute(wedge, "type",
+                         wedgeTypeOf(hairpin == Hairpin::Swell ? Hairpin::Crescendo : hairpin));
+            addAttribute(wedge, "number", _wedge);
+            if (hairpin == Hairpin::Swell)
+                writeSwell(measure, staffNumber, half);
+        }
+    }
+    const bool beginsDashes =
+        _beat->textSpan() == TextSpan::Begin && _dashes == 0 && hasEndOfDashes();
+    _context.addUnheldIf(_beat->textSpan() == TextSpan::Begin && !beginsDashes,
+                         "dashes without an end");
+    if (beginsDashes) {
+        _dashes = take(_numbers.dashes, "dashes");
+        if (_dashes != 0)
+            addSpan(addDirection(measure, staffNumber, "above"), tagName(Tag::Dashes), true,
+                    _dashes);
+    }
+    // Words of its own over the beat would run into those of the muting.
+    if (_palmMute == 0 && isPalmMuted(*_beat) && _beat->text().empty() && !beginsDashes
+        && _dashes == 0 && _beat->textSpan() == TextSpan::None) {
+        _palmMute = take(_numbers.dashes, "dashes");
+        if (_palmMute != 0) {
+            auto type = addDirection(measure, staffNumber, "above");
+            addElement(type, tagName(Tag::Words), palmMuteWords());
+            auto dashes = type.parent().insert_child_after("direction-type", type);
+            addSpan(dashes, tagName(Tag::Dashes), true, _palmMute);
+        }
+    }
+}
+
+void LineSigns::writeAfter(pugi::xml_node measure, int staffNumber)
+{
+    const int bar = static_cast<int>(_place.bar);
+    if (_wedge != 0 && !goesOn(_beat->hairpin())) {
+        auto wedge = addElement(addDirection(measure, staffNumber, "below"), tagName(Tag::Wedge));
+        addAttribute(wedge, "type", "stop");
+        addAttribute(wedge, "number", _wedge);
+        _numbers.wedges.free(_wedge, _line, bar);
+        _wedge = 0;
+    }
+    const auto endDashes = [&](int &open) {
+        addSpan(addDirection(measure, staffNumber, "above"), tagName(Tag::Dashes), false, open);
+        _numbers.dashes.free(open, _line, bar);
+        open = 0;
+    };
+    if (_dashes != 0 && _beat->textSpan() == TextSpan::End)
+        endDashes(_dashes);
+    if (_palmMute != 0
+        && !(_next && isPalmMuted(*_next) && _next->text().empty()
+             && _next->textSpan() == TextSpan::None))
+        endDashes(_palmMute);
+}
+
+} // namespace zarn::io

@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/io/musicxml/writer/Numbering.h>
+#include <ZarnCore/model/ZarnStaff.h>
+
+#include <pugixml.hpp>
+
+#include <map>
+#include <vector>
+
+namespace zarn::io {
+
+class ExportContext;
+
+/// The numbers that the voices of a part share for each kind of sign.
+struct PartNumbers {
+    Numbering slurs;
+    Numbering wedges;
+    Numbering dashes;
+    Numbering slides;
+    Numbering legato; ///< hammer-ons and pull-offs
+    Numbering waves;
+    Numbering tremolos;
+
+    /// Slurs that lead to other voices: what the score numbers them, and what the document does.
+    std::map<unsigned, int> slurEnds;
+};
+
+/// The place of a beat in its staff.
+struct BeatPlace {
+    const Staff *staff = nullptr;
+    unsigned bar = 0;
+    unsigned slot = 0;
+    unsigned index = 0;
+
+    const Voice *voice() const;
+    const Beat *beat() const;
+
+    /// The neighbours in the same slot; null where the slot ends.
+    const Beat *next() const;
+    const Beat *previous() const;
+};
+
+/// What leads from beat to beat in one voice slot of a staff, through all bars: slurs, slides,
+/// hammer-ons, hairpins, dashes, wavy lines. Each gets a number where it begins, which is free
+/// again where it ends.
+class LineSigns {
+public:
+    LineSigns(PartNumbers &numbers, int line, bool isTablature, ExportContext &context)
+        : _numbers(numbers), _line(line), _isTablature(isTablature), _context(context)
+    {
+    }
+
+    /// Goes on to a beat.
+    void start(const BeatPlace &place);
+
+    /// Whether anything is open that may end at the beat.
+    bool isBusy() const noexcept
+    {
+        return _slur != 0 || _legatoSlur != 0 || _wave != 0 || _barWave != 0 || _tremolo != 0
+            || !_links.empty();
+    }
+
+    /// Signs in the <notations> of a note; `note` is null for a rest.
+    void writeNotations(const Note *note, bool isFirst, pugi::xml_node notations);
+
+    /// Directions in front of the beat and behind it, into the measure.
+    /// `half` is half the length of the beat, in divisions.
+    void writeBefore(pugi::xml_node measure, int staffNumber, double half);
+    void writeAfter(pugi::xml_node measure, int staffNumber);
+
+private:
+    /// A sign that has begun at a note and ends at another.
+    struct OpenLink {
+        int string; ///< of both notes; -1 for the first note of the next beat
+        int number;
+        bool isSlide;
+        bool isHammer;
+    };
+
+    void writeSlurs(pugi::xml_node notations);
+    void writeLegatoSlurs(pugi::xml_node notations);
+    void writeSlurEnds(pugi::xml_node notations);
+    void writeLinks(const Note &note, bool isFirst, pugi::xml_node notations);
+    void beginLink(const Note &note, bool isSlide, pugi::xml_node notations);
+    void writeWaves(const Note *note, pugi::xml_node notations);
+    void writeTremolo(pugi::xml_node notations);
+    void writeWave(int &open, bool begins, bool ends, const char *glyph, pugi::xml_node notations);
+    bool isPalmMuted(const Beat &beat) const;
+    bool goesOn(Hairpin hairpin) const;
+    pugi::xml_node addDirection(pugi::xml_node measure, int staffNumber, const char *placement);
+    bool hasEndOfDashes() const;
+    void writeSwell(pugi::xml_node measure, int staffNumber, double half);
+    int take(Numbering &numbering, const char *kind);
+
+    PartNumbers &_numbers;
+    int _line;
+    bool _isTablature;
+    ExportContext &_context;
+    BeatPlace _place;
+    const Beat *_beat = nullptr;
+    const Beat *_next = nullptr;
+    const Beat *_previous = nullptr;
+    int _slur = 0;
+    int _legatoSlur = 0;
+    int _wedge = 0;
+    int _dashes = 0;
+    int _palmMute = 0;
+    int _wave = 0;
+    int _barWave = 0;
+    int _tremolo = 0;
+    std::vector<OpenLink> _links;
+};
+
+} // namespace zarn::io

@@ -1,0 +1,392 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/musicxml/writer/NoteWriter.h>
+
+#include <ZarnCore/io/musicxml/MusicXmlTag.h>
+#include <ZarnCore/io/musicxml/NoteReader.h>
+#include <ZarnCore/io/musicxml/signs/Articulations.h>
+#include <ZarnCore/io/musicxml/signs/Bends.h>
+#include <ZarnCore/io/musicxml/signs/Fermatas.h>
+#include <ZarnCore/io/musicxml/signs/Lyrics.h>
+#include <ZarnCore/io/musicxml/signs/Ornaments.h>
+#include <ZarnCore/io/musicxml/signs/Technical.h>
+#include <ZarnCore/io/musicxml/writer/ExportContext.h>
+#include <ZarnCore/io/musicxml/writer/LineSigns.h>
+#include <ZarnCore/io/musicxml/writer/MeasureCursor.h>
+#include <ZarnCore/model/notes/StaffLineOfNote.h>
+
+#include <algorithm>
+
+namespace zarn::io {
+
+using utils::rational;
+using NoteValue = RhythmValue::NoteValue;
+
+namespace {
+
+constexpr const char *steps[] = {"C", "D", "E", "F", "G", "A", "B"};
+constexpr int stepsOfOctave = 7;
+
+/// Steps from C of octave 0 to the bottom line of the treble clef, which percussion is written in
+/// (MusicXML 4.0, display-step).
+constexpr int bottomLineStep = stepsOfOctave * 4 + 2;
+constexpr int middleLine = 4;
+constexpr int highestOctave = 9;
+
+/// The number of a value in `WrittenRhythm`, and its tuplets: values past the ends of the scale are
+/// held with a ratio of their own.
+struct WrittenType {
+    int type;
+    bool isBeyond = false;
+};
+
+WrittenType typeOf(const RhythmValue &rhythm)
+{
+    const auto value = rhythm.getNoteValue();
+    const int type = static_cast<int>(value) + 1;
+    const auto ratio = rhythm.getPrimaryTupletRatio();
+    if (rhythm.hasSecondaryTuplet())
+        return {type};
+    if (value == NoteValue::TwoHundredFiftySixth && ratio == RhythmValue::TupletRatio(4, 2))
+        return {type + 1, true};
+    if (value == NoteValue::TwoHundredFiftySixth && ratio == RhythmValue::TupletRatio(8, 2))
+        return {type + 2, true};
+    if (value == NoteValue::Long && ratio == RhythmValue::TupletRatio(2, 4))
+        return {type - 1, true};
+    return {type};
+}
+
+/// Whether nothing but lines and octaves is to be written of time that is kept free.
+bool isBare(const Beat &beat)
+{
+    auto marks = beat.marks();
+    marks.setPlaceHolder(false);
+    marks.setOttavia(Ottavia::None);
+    return marks.isPlain() && !beat.hasDetails();
+}
+
+/// Whether no note of a beat has anything for its <notations> by itself.
+bool isPlain(const RhythmicBeat &placed)
+{
+    const auto &beat = *placed.beat;
+    return beat.isCommon() && placed.tuplets.count == 0
+        && std::all_of(beat.notes().begin(), beat.notes().end(), [](const auto &note) {
+               return note->marks().isPlain() && !note->hasDetails() && note->fret() == Note::Unset;
+           });
+}
+
+void addYes(pugi::xml_node node, const char *name)
+{
+    addAttribute(node, name, "yes");
+}
+
+} // namespace
+
+bool isFreeTime(const Beat &beat)
+{
+    return beat.isPlaceHolder() && !beat.isGrace() && isBare(beat);
+}
+
+void NoteWriter::startBar(const Bar &bar, int fifths)
+{
+    _bar = &bar;
+    _fifths = fifths;
+    constexpr int octaves = 12;
+    for (int step = 0; step < stepsOfOctave; ++step)
+        for (int octave = 0; octave < octaves; ++octave)
+            _accidentals[static_cast<std::size_t>(octave * stepsOfOctave + step)] =
+                static_cast<std::int8_t>(alterInKey(step, fifths));
+}
+
+pugi::xml_node NoteWriter::startNote(const RhythmicBeat &beat, MeasureCursor &cursor)
+{
+    auto node = cursor.add("note");
+    if (beat.beat->isGrace()) {
+        const bool isSlashed = beat.beat->isSlashedGrace();
+        auto grace = addElement(node, "grace");
+        if (isSlashed)
+            addYes(grace, "slash");
+        // A stroke means that the time is taken from before, unless it is said.
+        if (isSlashed != (beat.beat->graceType() == GraceType::BeforeBeat))
+            addAttribute(grace, isSlashed ? "steal-time-following" : "steal-time-previous", "50");
+    }
+    if (beat.beat->isCue())
+        addElement(node, "cue");
+    return node;
+}
+
+void NoteWriter::write(const RhythmicBeat &beat, const VoicePlace &place, MeasureCursor &cursor,
+                       LineSigns &signs)
+{
+    const auto &notes = beat.beat->notes();
+    _context.addUnheldIf(beat.beat->beamMode() != BeamMode::Auto && !beat.isBeamSaid
+                             && !place.staff->isAlternate,
+                         "beam that is as it would be anyway");
+    if (!beat.beat->isGrace())
+        _duration = 0;
+    _hasNotations = signs.isBusy() || (_fermatas && !_fermatas->empty()) || !isPlain(beat);
+    if (notes.empty()) {
+        auto node = startNote(beat, cursor);
+        if (beat.beat->isPlaceHolder())
+            addAttribute(node, "print-object", "no");
+        auto rest = addElement(node, "rest");
+        if (beat.beat->isWholeBarRest())
+            addYes(rest, "measure");
+        if (!beat.beat->isGrace())
+            _duration = cursor.advance(beat.length);
+        writeTime(beat, nullptr, place, node);
+        writeNotations(beat, nullptr, true, place, node, signs);
+        if (!place.staff->isTablature)
+            writeLyrics(beat.beat->lyrics(), node);
+        return;
+    }
+    if (!beat.beat->isGrace())
+        _duration = cursor.advance(beat.length);
+    for (const auto &note : notes) {
+        const bool isFirst = note == notes.front();
+        auto node = startNote(beat, cursor);
+        if (note->velocity() != 0)
+            // In percent of a forte, which is 90 in MIDI (MusicXML 4.0, dynamics of a note).
+            node.prepend_attribute("dynamics")
+                .set_value(decimalText(note->velocity() * 100.0 / 90).c_str());
+        if (!isFirst)
+            addElement(node, "chord");
+        if (_plan.isUnpitched(*note))
+            writeUnpitched(*note, *beat.beat, node);
+        else
+            writePitch(*note, *beat.beat, node);
+        writeTime(beat, note.get(), place, node);
+        if (beat.isBeamedFrom || beat.isBeamedOn)
+            writeBeams(beat, node);
+        writeNotations(beat, note.get(), isFirst, place, node, signs);
+        if (isFirst && beat.beat->hasDetails() && !place.staff->isTablature)
+            writeLyrics(beat.beat->lyrics(), node);
+        if (note->isPalmMuted())
+            addElement(addElement(node, "play"), "mute", "palm");
+    }
+}
+
+void NoteWriter::writePitch(const Note &note, const Beat &beat, pugi::xml_node node)
+{
+    const int midi = note.midi() != Note::Unset ? note.midi() : writtenMidi(note);
+    _isPitched = midi >= 0;
+    if (!_isPitched) {
+        _context.addProblem("a note without a pitch was written without one");
+        return writeUnpitched(note, beat, node);
+    }
+    _pitch = spelledPitch(note, midi, _fifths);
+    if (_pitch.octave < 0) {
+        _context.addProblem(
+            "a note lower than MusicXML can write was written in its lowest octave");
+        _pitch.octave = 0;
+    }
+    auto pitch = addElement(node, "pitch");
+    addElement(pitch, "step", steps[_pitch.step]);
+    if (_pitch.alter != 0)
+        addElement(pitch, "alter", _pitch.alter);
+    addElement(pitch, "octave", _pitch.octave);
+}
+
+void NoteWriter::writeUnpitched(const Note &note, const Beat &beat, pugi::xml_node node)
+{
+    _isPitched = false;
+    const int line = staffLineOf(note, beat, *_bar).value_or(middleLine);
+    const int step = bottomLineStep + line;
+    const int inside = std::clamp(step, 0, stepsOfOctave * (highestOctave + 1) - 1);
+    if (inside != step)
+        _context.addProblem("a note farther from its staff than MusicXML can write was moved");
+    auto unpitched = addElement(node, "unpitched");
+    addElement(unpitched, "display-step", steps[inside % stepsOfOctave]);
+    addElement(unpitched, "display-octave", inside / stepsOfOctave);
+}
+
+/// What stands between the pitch and the beams, in the order of the schema.
+void NoteWriter::writeTime(const RhythmicBeat &beat, const Note *note, const VoicePlace &place,
+                           pugi::xml_node node)
+{
+    if (!beat.beat->isGrace())
+        addElement(node, "duration", static_cast<long long>(_duration));
+    if (note && !beat.beat->isCue()) {
+        if (note->isTied())
+            addAttribute(addElement(node, "tie"), "type", "stop");
+        if (note->isTieOrigin())
+            addAttribute(addElement(node, "tie"), "type", "start");
+    }
+    if (note && !_isPitched && note->midi() != Note::Unset)
+        addAttribute(addElement(node, "instrument"), "id", _plan.percussionId(note->midi()));
+    addElement(node, "voice", place.voiceNumber);
+    if (!beat.beat->isWholeBarRest()) {
+        const auto written = typeOf(beat.beat->rhythmValue());
+        addElement(node, "type", noteTypeName(written.type));
+        for (unsigned dot = 0; dot < beat.beat->rhythmValue().getAugmentationDot(); ++dot)
+            addElement(node, "dot");
+        if (note && _isPitched)
+            writeAccidental(*note, *place.staff, node);
+        if (beat.tuplets.count > 0 && !written.isBeyond) {
+            const auto product = beat.tuplets.product();
+            auto modification = addElement(node, "time-modification");
+            addElement(modification, "actual-notes", product.actual);
+            addElement(modification, "normal-notes", product.normal);
+            addElement(modification, "normal-type", noteTypeName(written.type));
+        }
+    }
+    if (beat.beat->stemOrientation() != ZarnStemOrientation::Undefined && note)
+        addElement(node, "stem",
+                   beat.beat->stemOrientation() == ZarnStemOrientation::Upward ? "up" : "down");
+    if (note)
+        writeHead(*note, *beat.beat, node);
+    if (place.hasSeveralStaves)
+        addElement(node, "staff", place.staffNumber);
+}
+
+/// By the rules of the bar: what the key, or a note before it in the bar, does not say already.
+void NoteWriter::writeAccidental(const Note &note, const PartStaff &staff, pugi::xml_node node)
+{
+    // A tablature shows none; what is wished is kept where it stands alone.
+    if (staff.isAlternate
+        || (staff.isTablature && note.accidentalDisplay() == AccidentalDisplay::Auto))
+        return;
+    auto &inForce =
+        _accidentals[static_cast<std::size_t>(_pitch.octave * stepsOfOctave + _pitch.step)];
+    const auto display = note.accidentalDisplay();
+    const bool isNeeded = inForce != _pitch.alter && !note.isTied();
+    if (isNeeded)
+        inForce = static_cast<std::int8_t>(_pitch.alter);
+    _context.addUnheldIf(display == AccidentalDisplay::Hidden, "hidden accidental");
+    if ((!isNeeded && display == AccidentalDisplay::Auto) || display == AccidentalDisplay::Hidden)
+        return;
+    auto accidental = addElement(node, "accidental", accidentalName(_pitch.alter));
+    if (display == AccidentalDisplay::Shown)
+        addYes(accidental, "cautionary");
+    else if (display == AccidentalDisplay::Parentheses)
+        addYes(accidental, "parentheses");
+    else if (display == AccidentalDisplay::Brackets)
+        addYes(accidental, "bracket");
+}
+
+void NoteWriter::writeHead(const Note &note, const Beat &beat, pugi::xml_node node)
+{
+    const bool isGhost =
+        note.antiAccent() == AntiAccent::Normal || note.antiAccent() == AntiAccent::Strong;
+    const auto head = beat.isSlashed() ? NoteHead::Slash
+        : note.isDead()                ? NoteHead::Cross
+                                       : note.noteHead();
+    if (head == NoteHead::Normal && !isGhost)
+        return;
+    // An x without a fret says nothing but that the note is dead.
+    const bool isPlus =
+        note.isDead() && note.noteHead() == NoteHead::Cross && note.fret() == Note::Unset;
+    auto element = addElement(node, "notehead",
+                              isPlus                        ? "cross"
+                                  : head == NoteHead::Cross ? "x"
+                                                            : noteHeadToString(head).c_str());
+    if (isGhost)
+        addYes(element, "parentheses");
+}
+
+/// All levels: where a neighbour has no beam of a level, a hook stands towards the beam.
+void NoteWriter::writeBeams(const RhythmicBeat &beat, pugi::xml_node node)
+{
+    const int flags = flagsOf(*beat.beat);
+    for (int level = 1; level <= std::min(flags, 8); ++level) {
+        const bool from = beat.isBeamedFrom && level <= beat.beamsFrom;
+        const bool on = beat.isBeamedOn && level <= beat.beamsOn;
+        const char *const text = from ? on ? "continue" : "end"
+            : on                      ? "begin"
+            : beat.isBeamedFrom       ? "backward hook"
+                                      : "forward hook";
+        addAttribute(addElement(node, "beam", text), "number", level);
+    }
+}
+
+void NoteWriter::writeTuplets(const RhythmicBeat &beat, pugi::xml_node notations)
+{
+    if (typeOf(beat.beat->rhythmValue()).isBeyond)
+        return;
+    for (std::size_t level = 0; level < 2; ++level)
+        if (beat.starts[level]) {
+            auto tuplet = addElement(notations, "tuplet");
+            addAttribute(tuplet, "type", "start");
+            addAttribute(tuplet, "number", static_cast<int>(level) + 1);
+            const auto &ratio = beat.tuplets.ratios[level];
+            addElement(addElement(tuplet, "tuplet-actual"), "tuplet-number", ratio.actual);
+            addElement(addElement(tuplet, "tuplet-normal"), "tuplet-number", ratio.normal);
+        }
+    for (std::size_t level = 2; level-- > 0;)
+        if (beat.stops[level]) {
+            auto tuplet = addElement(notations, "tuplet");
+            addAttribute(tuplet, "type", "stop");
+            addAttribute(tuplet, "number", static_cast<int>(level) + 1);
+        }
+}
+
+void NoteWriter::writeStringAndFret(const Note &note, const PartStaff &staff,
+                                    pugi::xml_node notations)
+{
+    const int strings = static_cast<int>(staff.staff->tuning().stringCount());
+    if (!isOnString(note, *staff.staff))
+        return;
+    auto technical = ensureElement(notations, tagName(Tag::Technical));
+    addElement(technical, tagName(Tag::String), strings - note.string());
+    addElement(technical, tagName(Tag::Fret), note.fret());
+}
+
+void NoteWriter::writeArpeggio(const Beat &beat, const Note &note, pugi::xml_node notations)
+{
+    if (beat.arpeggioDirection() != Direction::None)
+        addAttribute(addElement(notations, "arpeggiate"), "direction",
+                     beat.arpeggioDirection() == Direction::Down ? "down" : "up");
+    const auto byPitch = [](const auto &left, const auto &right) {
+        return left->midi() < right->midi();
+    };
+    if (beat.isNonArpeggio()) {
+        const auto ends = std::minmax_element(beat.notes().begin(), beat.notes().end(), byPitch);
+        if (ends.first->get() == &note || ends.second->get() == &note)
+            addAttribute(addElement(notations, "non-arpeggiate"), "type",
+                         ends.first->get() == &note ? "bottom" : "top");
+    }
+}
+
+void NoteWriter::writeNotations(const RhythmicBeat &placed, const Note *note, bool isFirst,
+                                const VoicePlace &place, pugi::xml_node node, LineSigns &signs)
+{
+    if (!_hasNotations)
+        return;
+    const auto &beat = *placed.beat;
+    auto notations = addElement(node, "notations");
+    if (note && note->isTied())
+        addAttribute(addElement(notations, "tied"), "type", "stop");
+    if (note && note->isTieOrigin())
+        addAttribute(addElement(notations, "tied"), "type", "start");
+    if (note && note->letsRing())
+        addAttribute(addElement(notations, "tied"), "type", "let-ring");
+    if (isFirst && placed.tuplets.count > 0)
+        writeTuplets(placed, notations);
+    if (note && note->fret() != Note::Unset)
+        writeStringAndFret(*note, *place.staff, notations);
+    const bool isMarked = (note && !note->marks().isPlain()) || !beat.isCommon();
+    const bool isTablature = place.staff->isTablature;
+    // The signs of notes stand over the notes, those of strings over both.
+    if (isMarked && (!isTablature || !place.staff->isAlternate)) {
+        writeOrnaments(beat, note, isFirst, _pitch, _fifths, notations, _context);
+        writeTechnical(beat, note, isFirst, _plan.areKeys(), notations, _context);
+        writeArticulations(beat, note, isFirst, notations);
+        if (note)
+            writeArpeggio(beat, *note, notations);
+    }
+    if (note && note->hasDetails())
+        writeBend(note->bend(), notations, _context);
+    if (note && isFirst && beat.hasDetails())
+        writeWhammyBar(beat.whammyBar(), notations, _context);
+    signs.writeNotations(note, isFirst, notations);
+    if (isFirst && _fermatas && !_fermatas->empty() && !beat.isGrace() && !isTablature)
+        for (const auto &mark : *_fermatas)
+            if (mark.position == placed.onset) {
+                auto fermata = addElement(notations, "fermata");
+                addAttribute(fermata, "type", "upright");
+                fermata.append_child(pugi::node_pcdata).set_value(shapeOf(mark.kind));
+            }
+    if (!notations.first_child())
+        node.remove_child(notations);
+}
+
+} // namespace zarn::io

@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/musicxml/writer/PartPlan.h>
+
+#include <ZarnCore/io/musicxml/signs/Fingers.h>
+
+#include <algorithm>
+#include <numeric>
+
+namespace zarn::io {
+
+using utils::rational;
+
+namespace {
+
+/// When the divisions of a bar are too many: lengths are rounded, and what a note says of its
+/// value, its dots and its tuplets tells what is meant.
+constexpr std::int64_t roundedDivisions = 725'760;
+
+} // namespace
+
+std::int64_t commonDivisions(std::int64_t divisions, const rational &length)
+{
+    if (divisions == 0 || divisions % length.denominator() == 0)
+        return divisions;
+    const auto factor = length.denominator() / std::gcd(divisions, length.denominator());
+    return factor > PartPlan::MostDivisions / divisions ? 0 : divisions * factor;
+}
+
+PartPlan::PartPlan(const Track &track, unsigned index, std::vector<rational> &reach)
+    : _track(track), _index(index), _isPercussion(InstrumentSet::isUnpitched(track.type())),
+      _reach(reach.size())
+{
+    const auto notations = track.notations();
+    for (unsigned i = 0; i < track.staffCount(); ++i) {
+        const auto &staff = *track.staves()[i];
+        const bool isTablature = notations.tablature && staff.isFretted() && !_isPercussion;
+        const bool hasNotes = notations.standard || !isTablature;
+        if (hasNotes)
+            _staves.push_back({&staff, static_cast<int>(i), false, false});
+        if (isTablature)
+            _staves.push_back({&staff, static_cast<int>(i), true, hasNotes});
+        readStaff(staff, reach);
+    }
+    _areKeys = areFingersOfKeys(_hasFingeredFret, _hasFifthFinger, _staves.size());
+}
+
+std::string PartPlan::id() const
+{
+    return "P" + std::to_string(_index + 1);
+}
+
+std::string PartPlan::percussionId(int key) const
+{
+    return id() + "-I" + std::to_string(key + 1);
+}
+
+bool PartPlan::isUnpitched(const Note &note) const
+{
+    return _isPercussion || note.staffLine() != Note::NoStaffLine
+        || note.percussionArticulation() != Note::Unset;
+}
+
+void PartPlan::readStaff(const Staff &staff, std::vector<rational> &reach)
+{
+    unsigned known = 0; // slots that have turned up, which so far are the first ones
+    bool isLate = false;
+    const auto count = std::min<std::size_t>(staff.bars().size(), _reach.size());
+    for (std::size_t index = 0; index < count; ++index) {
+        const auto &voices = staff.bars()[index]->voices();
+        for (unsigned slot = 0; slot < Bar::MaxVoices; ++slot) {
+            if (!voices[slot] || voices[slot]->isEmpty())
+                continue;
+            isLate = isLate || slot > known;
+            known = std::max(known, slot + 1);
+            rational end;
+            for (const auto &beat : voices[slot]->beats()) {
+                readBeat(*beat, staff);
+                if (beat->isGrace())
+                    continue;
+                const auto length = beat->length();
+                _divisions = commonDivisions(_divisions, length);
+                end += length;
+            }
+            _reach[index] = std::max(_reach[index], end);
+        }
+        reach[index] = std::max(reach[index], _reach[index]);
+    }
+    _lateVoices.push_back(isLate);
+}
+
+bool isOnString(const Note &note, const Staff &staff)
+{
+    return note.string() >= 0 && note.fret() >= 0
+        && note.string() < static_cast<int>(staff.tuning().stringCount());
+}
+
+void PartPlan::readBeat(const Beat &beat, const Staff &staff)
+{
+    for (const auto &note : beat.notes()) {
+        if (isUnpitched(*note))
+            addPercussion(*note);
+        if (note->leftFingering() != Fingering::None && note->leftFingering() != Fingering::Thumb
+            && note->leftFingering() != Fingering::Open) {
+            _hasFingeredFret = _hasFingeredFret || isOnString(*note, staff);
+            _hasFifthFinger = _hasFifthFinger || note->leftFingering() == Fingering::Little;
+        }
+    }
+}
+
+void PartPlan::addPercussion(const Note &note)
+{
+    if (note.midi() == Note::Unset || _percussion.count(note.midi()) != 0)
+        return;
+    std::string name;
+    const auto set = _track.instrumentSet();
+    const auto number = static_cast<std::size_t>(note.percussionArticulation());
+    if (set && note.percussionArticulation() >= 0 && number < set->articulations().size())
+        name = set->articulations()[number].name();
+    _percussion.emplace(note.midi(), name.empty() ? "Key " + std::to_string(note.midi()) : name);
+}
+
+std::int64_t PartPlan::divisionsOfBar(unsigned bar) const
+{
+    if (_divisions != 0)
+        return _divisions;
+    std::int64_t divisions = 1;
+    for (const auto &staff : _track.staves())
+        for (const auto &voice : staff->bars()[bar]->voices())
+            if (voice)
+                for (const auto &beat : voice->beats())
+                    divisions = commonDivisions(divisions, beat->length());
+    return divisions != 0 ? divisions : roundedDivisions;
+}
+
+} // namespace zarn::io

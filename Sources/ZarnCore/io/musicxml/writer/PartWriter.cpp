@@ -1,0 +1,257 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/musicxml/writer/PartWriter.h>
+
+#include <ZarnCore/io/musicxml/writer/BarlineWriter.h>
+#include <ZarnCore/io/musicxml/writer/ExportContext.h>
+#include <ZarnCore/io/musicxml/writer/XmlSink.h>
+
+#include <algorithm>
+
+namespace zarn::io {
+
+using utils::rational;
+
+PartWriter::PartWriter(const PartPlan &plan, int track, const ScorePlan &score,
+                       ExportContext &context, XmlSink &sink)
+    : _plan(plan), _track(track), _score(score), _context(context), _sink(sink),
+      _attributes(plan, *score.model->masterTrack(), context), _directions(context),
+      _notes(plan, context), _ottavias(plan.staves().size(), Ottavia::None)
+{
+    for (std::size_t staff = 0; staff < plan.staves().size(); ++staff)
+        for (unsigned slot = 0; slot < Bar::MaxVoices; ++slot)
+            _signs.emplace_back(_numbers, static_cast<int>(_signs.size()),
+                                plan.staves()[staff].isAlternate, context);
+}
+
+void PartWriter::write()
+{
+    _sink.write(" <part id=\"" + _plan.id() + "\">\n");
+    for (unsigned bar = 0; bar < master().masterBarCount(); ++bar)
+        writeMeasure(bar);
+    _sink.write(" </part>\n");
+}
+
+void PartWriter::writeMeasure(unsigned bar)
+{
+    _context.setPlace(_track, static_cast<int>(bar));
+    _document.reset();
+    auto measure = _document.append_child("measure");
+    addAttribute(measure, "number", _score.numbers[bar]);
+    const auto &column = *master().masterBars()[bar];
+    const bool isShort = column.length() < column.timeSignature().barLength();
+    if (bar == 0 && (master().hasAnacrusis() || isShort))
+        addAttribute(measure, "implicit", master().hasAnacrusis() ? "yes" : "no");
+    _barDivisions = _plan.divisionsOfBar(bar);
+    _cursor.start(measure, _barDivisions);
+    if (_track == 0 && _score.systemStarts[bar])
+        addAttribute(addElement(measure, "print"), "new-system", "yes");
+    writeLeftBarline(master(), bar, measure);
+    _fifths = _attributes.write(bar, _cursor);
+    if (_track == 0)
+        _directions.writeBarStart(master(), bar, _cursor);
+    for (std::size_t staff = 0; staff < _plan.staves().size(); ++staff)
+        writeStaff(staff, bar);
+    _cursor.passAll();
+    if (_cursor.now() < _plan.reach()[bar])
+        _cursor.moveTo(_plan.reach()[bar]);
+    if (_score.padding[bar] == _track || _attributes.reachesBehindNotes())
+        _cursor.moveTo(column.length());
+    if (_track == 0)
+        _directions.writeBarEnd(master(), bar, measure);
+    writeRightBarline(master(), bar, measure);
+    measure.print(_sink, " ", pugi::format_indent, pugi::encoding_utf8, 2);
+}
+
+VoicePlace PartWriter::placeOf(std::size_t staff, unsigned slot) const
+{
+    VoicePlace place;
+    place.staff = &_plan.staves()[staff];
+    place.slot = slot;
+    place.staffNumber = static_cast<int>(staff) + 1;
+    place.voiceNumber = static_cast<int>(staff * Bar::MaxVoices + slot) + 1;
+    place.hasSeveralStaves = _plan.staves().size() > 1;
+    return place;
+}
+
+LineSigns &PartWriter::signsOf(std::size_t staff, unsigned slot)
+{
+    return _signs[staff * Bar::MaxVoices + slot];
+}
+
+/// Tells readers which voice is which slot of the staff, before they turn up in another order.
+void PartWriter::claimVoices(std::size_t staff)
+{
+    _cursor.moveTo(0);
+    for (unsigned slot = 0; slot < Bar::MaxVoices; ++slot) {
+        const auto place = placeOf(staff, slot);
+        auto forward = _cursor.add("forward");
+        addElement(
+            forward, "duration",
+            static_cast<long long>(_cursor.advance(master().masterBars().front()->length())));
+        addElement(forward, "voice", place.voiceNumber);
+        addElement(forward, "staff", place.staffNumber);
+        _cursor.moveTo(0);
+    }
+}
+
+void PartWriter::writeStaff(std::size_t staff, unsigned bar)
+{
+    const auto &written = _plan.staves()[staff];
+    const auto &source = *written.staff->bars()[bar];
+    if (bar == 0 && _plan.hasLateVoices(static_cast<unsigned>(written.index)))
+        claimVoices(staff);
+    _notes.startBar(source, _fifths);
+    _notes.setFermatas(master().masterBars()[bar]->fermatas());
+    if (!written.isAlternate)
+        findOttavias(staff, bar);
+    else
+        _changes.clear();
+    for (unsigned slot = 0; slot < Bar::MaxVoices; ++slot)
+        if (const auto &voice = source.voices()[slot]; voice && !voice->isEmpty()) {
+            _rhythm.read(*voice, *master().masterBars()[bar]);
+            writeVoice(staff, slot, bar);
+        }
+    // A sign that ends with the bar ends behind its last beat.
+    if (written.isAlternate || _ottavias[staff] == Ottavia::None)
+        return;
+    const auto &bars = written.staff->bars();
+    const auto goesOn = [&] {
+        if (bar + 1 >= bars.size())
+            return false;
+        for (const auto &voice : bars[bar + 1]->voices())
+            if (voice && !voice->isEmpty())
+                return voice->beats().front()->ottavia() == _ottavias[staff];
+        return false;
+    };
+    if (goesOn())
+        return;
+    _cursor.moveTo(std::max(_cursor.now(), _plan.reach()[bar]));
+    _directions.writeOttavia(_ottavias[staff], Ottavia::None, _cursor.measure(),
+                             static_cast<int>(staff) + 1);
+    _ottavias[staff] = Ottavia::None;
+}
+
+/// The ottava signs of a staff as they change with the beats of any voice.
+void PartWriter::findOttavias(std::size_t staff, unsigned bar)
+{
+    _changes.clear();
+    auto open = _ottavias[staff];
+    bool isPlain = open == Ottavia::None;
+    const auto &voices = _plan.staves()[staff].staff->bars()[bar]->voices();
+    for (const auto &voice : voices)
+        isPlain = isPlain
+            && (!voice
+                || std::all_of(voice->beats().begin(), voice->beats().end(),
+                               [](const auto &beat) { return beat->ottavia() == Ottavia::None; }));
+    if (isPlain)
+        return;
+    std::vector<OttaviaChange> beats;
+    for (unsigned slot = 0; slot < Bar::MaxVoices; ++slot) {
+        if (!voices[slot])
+            continue;
+        rational onset;
+        for (const auto &beat : voices[slot]->beats()) {
+            beats.push_back({onset, slot, beat->ottavia()});
+            onset += beat->length();
+        }
+    }
+    std::stable_sort(beats.begin(), beats.end(),
+                     [](const auto &left, const auto &right) { return left.onset < right.onset; });
+    const OttaviaChange *last = nullptr;
+    for (const auto &beat : beats) {
+        const bool isSameTime = last && last->onset == beat.onset && last->slot != beat.slot;
+        if (isSameTime) {
+            _context.addUnheldIf(beat.ottavia != open, "ottava sign of one voice alone");
+            continue;
+        }
+        if (beat.ottavia != open)
+            _changes.push_back({beat.onset, beat.slot, beat.ottavia, open});
+        open = beat.ottavia;
+        last = &beat;
+    }
+    _ottavias[staff] = open;
+}
+
+/// Those of one time in the voice that is written: documents need not have them in order.
+void PartWriter::writeOttavias(std::size_t staff, unsigned slot, const rational &onset)
+{
+    auto &changes = _changes;
+    for (auto change = changes.begin(); change != changes.end();) {
+        if (change->slot != slot || change->onset != onset) {
+            ++change;
+            continue;
+        }
+        _directions.writeOttavia(change->before, change->ottavia, _cursor.measure(),
+                                 static_cast<int>(staff) + 1);
+        change = changes.erase(change);
+    }
+}
+
+/// Time without signs in further voices is passed over, where a reader makes the same beats of it;
+/// in the first one, and where it is all that a voice has, it is rests that are not printed.
+void PartWriter::writeFreeTime(const std::vector<RhythmicBeat> &beats, std::size_t &index)
+{
+    auto end = index;
+    rational length;
+    for (; end < beats.size() && isFreeTime(*beats[end].beat); ++end)
+        length += beats[end].length;
+    // What ends before the part does is filled up by readers.
+    const bool isWhole = index == 0 && end == beats.size();
+    if (end == index || isWhole
+        || (end == beats.size()
+            && _rhythm.end() != _plan.reach()[static_cast<unsigned>(_context.bar())]))
+        return;
+    _rhythms.clear();
+    try {
+        RhythmValue::rhythms(length, _rhythms);
+    } catch (const CoreException &) {
+        return; // No values add up to it: it is written beat by beat.
+    }
+    const bool isSame = _rhythms.size() == end - index
+        && std::equal(_rhythms.begin(), _rhythms.end(),
+                      beats.begin() + static_cast<std::ptrdiff_t>(index),
+                      [](const RhythmValue &rhythm, const RhythmicBeat &beat) {
+                          return rhythm == beat.beat->rhythmValue();
+                      });
+    if (!isSame)
+        return;
+    _cursor.moveTo(_cursor.now() + length);
+    index = end;
+}
+
+void PartWriter::writeVoice(std::size_t staff, unsigned slot, unsigned bar)
+{
+    const auto place = placeOf(staff, slot);
+    auto &signs = signsOf(staff, slot);
+    const auto &beats = _rhythm.beats();
+    const bool hasOttavias = !_changes.empty();
+    _cursor.moveTo(0);
+    for (std::size_t index = 0; index < beats.size(); ++index) {
+        const auto &free = beats[index];
+        _cursor.passTo(free.onset);
+        if (isFreeTime(*free.beat) && slot > 0 && !hasOttavias) {
+            writeFreeTime(beats, index);
+            if (index == beats.size())
+                break;
+        }
+        const auto &beat = beats[index];
+        _cursor.passTo(beat.onset);
+        if (!place.staff->isAlternate) {
+            if (!_changes.empty())
+                writeOttavias(staff, slot, beat.onset);
+            if (!beat.beat->isCommon() || beat.beat->dynamic() != NoteDynamic()
+                || !beat.beat->text().empty())
+                _directions.writeBeat(*beat.beat, _cursor.measure(), place.staffNumber);
+        }
+        signs.start({place.staff->staff, bar, slot, static_cast<unsigned>(index)});
+        if (!place.staff->isAlternate) {
+            const double half = beat.length.toDouble() * static_cast<double>(_barDivisions) / 2;
+            signs.writeBefore(_cursor.measure(), place.staffNumber, half);
+        }
+        _notes.write(beat, place, _cursor, signs);
+        if (!place.staff->isAlternate)
+            signs.writeAfter(_cursor.measure(), place.staffNumber);
+    }
+}
+
+} // namespace zarn::io

@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/musicxml/writer/UnheldCounter.h>
+
+#include <ZarnCore/instruments/effects/ZarnMastering.h>
+#include <ZarnCore/io/musicxml/writer/ExportContext.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
+
+#include <algorithm>
+
+namespace zarn::io {
+
+namespace {
+
+void countStaff(const Staff &staff, ExportContext &context)
+{
+    context.addUnheldIf(staff.partialCapoFret() != 0, "partial capo");
+    context.addUnheldIf(staff.fretCount() != Staff().fretCount(), "number of frets");
+    context.addUnheldIf(!staff.chordCollection().empty() || !staff.chordWorkingSet().empty()
+                            || !staff.diagramCollection().empty()
+                            || !staff.diagramWorkingSet().empty(),
+                        "collection of chords");
+    for (const auto &bar : staff.bars()) {
+        context.setPlace(context.track(), static_cast<int>(bar->index()));
+        context.addUnheldIf(bar->layoutRatio() != 1, "width of a bar");
+        for (const auto &voice : bar->voices()) {
+            if (!voice)
+                continue;
+            for (const auto &beat : voice->beats()) {
+                if (beat->isCommon() || !beat->hasDetails())
+                    continue;
+                const auto &details = beat->details();
+                context.addUnheldIf(details.barre.fret != 0, "barre");
+                context.addUnheldIf(details.strumLength != 0
+                                        || details.strumAnchor != StrumAnchor::StartsOnBeat,
+                                    "timing of a strum");
+            }
+        }
+    }
+}
+
+void countTrack(const Track &track, ExportContext &context)
+{
+    const TrackSettings usual;
+    const auto &settings = track.settings();
+    const auto plain = ScoreModel::createTrack(track.type());
+    context.addUnheldIf(track.color() != plain->color(), "colour of a track");
+    context.addUnheldIf(!(track.iconID() == plain->iconID()), "icon of a track");
+    context.addUnheldIf(track.notations().slash, "notation in slashes");
+    if (track.sounds().size() > 1)
+        for (std::size_t i = 1; i < track.sounds().size(); ++i)
+            context.addUnheld("further sound of a track");
+    if (!track.sounds().empty())
+        context.addUnheldIf(
+            !(Sound(track.sounds().front()->name(), track.sounds().front()->midiSound())
+              == *track.sounds().front()),
+            "sampled sound");
+    for (std::size_t i = 0; i < track.automations().automationCount(); ++i)
+        context.addUnheld("automation of a track");
+    context.addUnheldIf(settings.playingStyle != usual.playingStyle, "playing style");
+    context.addUnheldIf(settings.palmMuteStrength != usual.palmMuteStrength,
+                        "strength of palm mutes");
+    context.addUnheldIf(settings.letRingThroughout, "let ring throughout");
+    context.addUnheldIf(settings.autoAccentuation || settings.autoBrush
+                            || settings.oneChannelPerString,
+                        "setting of playback");
+    context.addUnheldIf(settings.playback != usual.playback, "mute or solo");
+    context.addUnheldIf(settings.forcedSoundIndex != usual.forcedSoundIndex, "forced sound");
+    context.addUnheldIf(!settings.systemsLayout.empty() || settings.defaultBarCountBySystem != 0,
+                        "layout of a track alone");
+    context.addUnheldIf(settings.lyricsVisible != usual.lyricsVisible, "hidden line of lyrics");
+    for (const auto &text : settings.lyricsLeftOver)
+        context.addUnheldIf(!text.empty(), "lyrics without notes");
+    for (const auto &staff : track.staves())
+        countStaff(*staff, context);
+}
+
+} // namespace
+
+void countUnheld(const ScoreModel &model, ExportContext &context)
+{
+    const auto &master = *model.masterTrack();
+    const ScoreModel plain;
+    for (int place = 0; place < static_cast<int>(HeaderAndFooterCount); ++place)
+        context.addUnheldIf(model.headerAndFooter(static_cast<HeaderAndFooter>(place))
+                                != plain.headerAndFooter(static_cast<HeaderAndFooter>(place)),
+                            "header or footer");
+    context.addUnheldIf(model.concertTone() != plain.concertTone(), "concert tone");
+    context.addUnheldIf(model.ignoreCapo(), "frets counted from the nut");
+    context.addUnheldIf(!model.isPrintable() || model.isProtected(), "protection");
+    context.addUnheldIf(!(model.views() == plain.views())
+                            || model.fullScoreDefaultBarCountBySystem()
+                                != plain.fullScoreDefaultBarCountBySystem(),
+                        "view");
+    for (std::size_t i = 0; i < model.audioTracks().size(); ++i)
+        context.addUnheld("audio track");
+    context.addUnheldIf(!(master.mastering() == plain.masterTrack()->mastering()), "mastering");
+    const auto automations = master.automationCount() - master.automationCount(Automation::Tempo);
+    for (std::size_t i = 0; i < automations; ++i)
+        context.addUnheld("automation of the master");
+    for (const auto &bar : master.masterBars()) {
+        context.setPlace(-1, static_cast<int>(bar->index()));
+        context.addUnheldIf(bar->layoutRatio() != 1, "width of a bar");
+        for (const auto &mark : bar->fermatas())
+            context.addUnheldIf(!(mark == FermataMark::at(mark.position, mark.kind)),
+                                "length of a fermata");
+    }
+    for (std::size_t track = 0; track < model.tracks().size(); ++track) {
+        context.setPlace(static_cast<int>(track), -1);
+        countTrack(*model.tracks()[track], context);
+    }
+    context.setPlace(-1, -1);
+}
+
+} // namespace zarn::io

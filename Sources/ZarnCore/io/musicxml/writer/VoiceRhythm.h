@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnCore/io/musicxml/WrittenMusic.h>
+#include <ZarnCore/io/musicxml/signs/Beams.h>
+
+#include <array>
+#include <vector>
+
+namespace zarn {
+class MasterBar;
+class Voice;
+} // namespace zarn
+
+namespace zarn::io {
+
+/// The tuplets of a rhythm that shorten it, the outer one first.
+struct TupletRatios {
+    std::array<TupletRatio, 2> ratios;
+    int count = 0;
+
+    TupletRatio product() const;
+};
+TupletRatios tupletRatios(const RhythmValue &rhythm);
+
+/// A beat of a voice with what is to be written of its rhythm.
+struct RhythmicBeat {
+    const Beat *beat = nullptr;
+    utils::rational onset;
+    utils::rational length; ///< 0 for a grace beat
+    TupletRatios tuplets;
+    std::array<bool, 2> starts = {}; ///< the bracket of each tuplet
+    std::array<bool, 2> stops = {};
+    bool isBeamedFrom = false; ///< a beam leads here
+    bool isBeamedOn = false;   ///< and on
+    bool isBeamSaid = false;   ///< what the beat says of its beam shows
+    int beamsFrom = 0;         ///< levels that it shares with the beat before
+    int beamsOn = 0;
+};
+
+/// Works out when the beats of a voice begin, their tuplet brackets and their beams.
+class VoiceRhythm {
+public:
+    void read(const Voice &voice, const MasterBar &bar);
+
+    const std::vector<RhythmicBeat> &beats() const noexcept { return _beats; }
+    const utils::rational &end() const noexcept { return _end; }
+
+private:
+    void setTuplets(std::size_t level);
+    void setBeams(const MasterBar &bar);
+
+    std::vector<RhythmicBeat> _beats;
+    std::vector<BeamedBeat> _beamed;
+    utils::rational _end;
+    bool _hasTuplets = false;
+    bool _hasFlags = false;
+};
+
+} // namespace zarn::io
