@@ -16,6 +16,7 @@
 #include "info/InfoCommand.h"
 #include "info/NotesCommand.h"
 #include "new/NewCommand.h"
+#include "render/RenderCommand.h"
 #include "scale/ScaleCommand.h"
 #include "show/ShowCommand.h"
 
@@ -125,7 +126,7 @@ const std::vector<Subcommand> &subcommands()
                                                 drawCommand(),
 #endif
                                                 newCommand(),   catalogCommand(), chordCommand(),
-                                                scaleCommand(), bankCommand()};
+                                                scaleCommand(), bankCommand(),    renderCommand()};
     return all;
 }
 

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnAudio/ZarnAudioExport.h>
+#include <ZarnAudio/ZarnSynthesizer.h>
+#include <ZarnAudio/ZarnTimedEvent.h>
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace zarn::playback {
+class PlaybackPlan;
+}
+
+namespace Halvec::audio {
+
+class AudioWriter;
+
+/// What a synthesizer does to play a plan: channel n plays lane n, and everything is so much later
+/// that nothing begins in front of frame 0. Lanes from 256 on are not played.
+ZARNAUDIO_EXPORT std::vector<TimedEvent> timedEvents(const zarn::playback::PlaybackPlan &plan,
+                                                     int rate);
+
+/// Renders a plan by a sound font: the same frames every time.
+class ZARNAUDIO_EXPORT ScoreRenderer {
+public:
+    struct Settings {
+        int rate = 44100;      ///< frames per second
+        double gain = 6;       ///< decibels
+        bool hasReverb = true; ///< chorus too
+    };
+
+    ScoreRenderer(const zarn::playback::PlaybackPlan &plan, const Settings &settings);
+    ~ScoreRenderer();
+    ScoreRenderer(const ScoreRenderer &) = delete;
+    ScoreRenderer &operator=(const ScoreRenderer &) = delete;
+
+    /// False and the reason when the font cannot be loaded; without one nothing is heard.
+    bool loadFont(const std::string &path, std::string *error);
+
+    void setGain(double decibels) noexcept { _settings.gain = decibels; }
+
+    /// The highest value of a frame without the gain, 1.0 for full scale; renders everything.
+    float peak();
+
+    /// Renders everything into a file of two channels and the renderer's rate, a limiter keeps it
+    /// below full scale. Stops at the writer's first error; the file is left to be finished.
+    bool write(AudioWriter &writer);
+
+private:
+    using Take = std::function<bool(float *frames, std::int64_t count)>;
+    void render(const Take &take);
+
+    Settings _settings;
+    std::vector<TimedEvent> _events;
+    std::int64_t _end; ///< of the last bar or sound
+    Synthesizer _synthesizer;
+};
+
+} // namespace Halvec::audio

@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+// A score is heard as its plan says: read back from the sound, by a bank of impulses.
+#include "Sounds.h"
+
+#include <ZarnAudio/ZarnEventRenderer.h>
+#include <ZarnAudio/ZarnSampleCache.h>
+#include <ZarnAudio/ZarnScoreRenderer.h>
+#include <ZarnAudio/ZarnSoundFonts.h>
+#include <ZarnCore/io/ZarnImportReport.h>
+#include <ZarnCore/io/ZarnMusicXmlImporter.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/playback/ZarnPlaybackPlan.h>
+#include <filesystem/DiskFileSystem.h>
+#include <streams/BankArchive.h>
+#include <streams/MemoryHeap.h>
+
+#include <map>
+#include <set>
+
+namespace {
+
+using namespace sounds;
+using zarn::playback::PlaybackPlan;
+
+constexpr int rate = 44100;
+
+PlaybackPlan planOf(const char *sample)
+{
+    filesystem::DiskFileSystem files;
+    const auto handle =
+        files.open(std::string(ZARN_SOURCE_DIR "/Samples/") + sample, filesystem::OpenMode::Read);
+    zarn::io::ImportReport report;
+    return PlaybackPlan(*zarn::io::MusicXmlImporter().read(*handle, report));
+}
+
+/// A bank in which every key is one impulse, as it was recorded.
+std::shared_ptr<streams::BankArchive> impulses(filesystem::FileSystem &files)
+{
+    std::vector<float> impulse(400, 0.0F);
+    impulse[0] = 0.25F;
+    put(files, "impulse.wav",
+        encoded(impulse, format(AudioFormat::File::Wav, AudioFormat::Encoding::Pcm24, 1)));
+    std::string regions;
+    for (int key = 0; key < 128; ++key)
+        regions += (key > 0 ? ", " : "")
+            + (R"({"sample": "impulse.wav", "keys": )" + std::to_string(key)) + "}";
+    put(files, "bank.json",
+        R"({"id": "x", "name": "x", "instrument": "snare", "regions": [)" + regions + "]}");
+    return streams::BankArchive::open(files, "bank.json", nullptr);
+}
+
+TEST(ScoreRenderer, everyNoteOfAPlanIsHeardAtItsFrame)
+{
+    for (const char *const sample : {"romance-guitar-study.musicxml", "saints-band.musicxml"}) {
+        SCOPED_TRACE(sample);
+        const auto plan = planOf(sample);
+        ASSERT_GT(plan.notes().size(), 100u);
+        filesystem::RAMFileSystem files;
+        streams::MemoryHeap heap(16 << 20);
+        SampleCache cache(heap);
+        Synthesizer::Settings settings;
+        settings.channels = static_cast<int>(plan.lanes().size());
+        settings.hasReverb = false;
+        settings.hasChorus = false;
+        Synthesizer synthesizer(settings);
+        std::string error;
+        for (int channel = 0; channel < settings.channels; ++channel)
+            ASSERT_TRUE(synthesizer.loadBank(channel, impulses(files), cache, &error)) << error;
+
+        std::set<std::int64_t> expected;
+        const double origin = plan.tempo().secondsAt(plan.start());
+        for (const auto &note : plan.notes())
+            expected.insert(std::llround((note.startSecond - origin) * rate));
+        EventRenderer renderer(synthesizer, timedEvents(plan, rate));
+        std::vector<float> frames(static_cast<std::size_t>(2 * (*expected.rbegin() + 500)));
+        renderer.render(frames.data(), std::int64_t(frames.size()) / 2);
+
+        std::set<std::int64_t> heard;
+        const auto level = [&frames](std::int64_t at) {
+            return std::abs(frames[std::size_t(2 * at)])
+                + std::abs(frames[std::size_t(2 * at + 1)]);
+        };
+        for (std::int64_t at = 2; 2 * (at + 2) < std::int64_t(frames.size()); ++at)
+            if (level(at) > 0.002F && level(at) >= level(at - 1) && level(at) > level(at + 1)
+                && level(at) >= level(at - 2) && level(at) > level(at + 2))
+                heard.insert(at);
+        std::size_t found = 0;
+        for (const auto frame : expected) {
+            const auto near = heard.lower_bound(frame - 1);
+            const bool isHeard = frame < 2 || (near != heard.end() && *near <= frame + 1);
+            EXPECT_TRUE(isHeard) << "at frame " << frame;
+            found += isHeard ? 1 : 0;
+        }
+        EXPECT_EQ(found, expected.size());
+        constexpr std::int64_t ringing = 24; // of the synthesizer's filter, frames
+        for (const auto frame : heard) {
+            const auto near = expected.lower_bound(frame - ringing);
+            EXPECT_TRUE(near != expected.end() && *near <= frame + 1) << "too much at " << frame;
+        }
+    }
+}
+
+TEST(ScoreRenderer, writesTheSameSoundEveryTimeAndNoneThatIsCut)
+{
+    std::string error;
+    const auto font = findSoundFont({}, &error);
+    if (font.empty())
+        GTEST_SKIP() << error;
+    const auto plan = planOf("romance-guitar-study.musicxml");
+    const auto rendered = [&](double gain) {
+        ScoreRenderer::Settings settings;
+        settings.gain = gain;
+        settings.hasReverb = false;
+        ScoreRenderer renderer(plan, settings);
+        EXPECT_TRUE(renderer.loadFont(font, &error)) << error;
+        filesystem::RAMFileSystem files;
+        AudioWriter writer(files.open("x", filesystem::OpenMode::Write), AudioFormat{});
+        EXPECT_TRUE(renderer.write(writer) && writer.finish()) << writer.errorText();
+        return contentOf(files, "x");
+    };
+    const auto first = rendered(6);
+    EXPECT_EQ(first, rendered(6));
+    const auto frames = decoded(*decoder(first));
+    const double seconds = plan.tempo().secondsAt(plan.end());
+    EXPECT_GT(double(frames.size()) / 2 / rate, seconds - 0.1);
+    EXPECT_LT(double(frames.size()) / 2 / rate, seconds + 11);
+    const auto highest = [](const std::vector<float> &values) {
+        float value = 0;
+        for (const float sample : values)
+            value = std::max(value, std::abs(sample));
+        return value;
+    };
+    EXPECT_GT(highest(frames), 0.02F);
+    const auto loud = decoded(*decoder(rendered(50)));
+    EXPECT_LE(highest(loud), 0.9901F);
+    EXPECT_GT(highest(loud), 0.9F);
+}
+
+} // namespace
