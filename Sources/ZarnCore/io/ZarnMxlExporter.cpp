@@ -23,8 +23,7 @@ std::list<std::string> MxlExporter::extensions() const
 void MxlExporter::write(const ScoreModel &model, filesystem::FileHandle &handle,
                         ExportReport &report) const
 {
-    const auto bytes = packMxl(MusicXmlExporter().toText(model, report));
-    handle.writeBlock(bytes.data(), static_cast<std::int64_t>(bytes.size()));
+    packMxl(MusicXmlExporter().toText(model, report), handle);
     if (!handle.close())
         ZARN_RAISE_IN("zarn::io::MxlExporter::write", handle.errorText());
 }

@@ -2,7 +2,6 @@
 #include <ZarnCore/io/musicxml/MxlArchive.h>
 
 #include <ZarnCore/ZarnAssert.h>
-
 #include <ZarnCore/io/FileContent.h>
 #include <ZarnCore/io/ZarnImportException.h>
 #include <ZarnCore/io/ZarnImportReport.h>
@@ -11,6 +10,7 @@
 #include <streams/MemberName.h>
 #include <streams/MemoryStream.h>
 #include <streams/ZipArchive.h>
+#include <streams/ZipArchiveWriter.h>
 
 #include <algorithm>
 #include <memory>
@@ -139,88 +139,22 @@ namespace {
 constexpr const char *scoreName = "score.musicxml";
 constexpr const char *mimeType = "application/vnd.recordare.musicxml";
 
-/// An archive that grows in memory.
-class NewArchive {
-public:
-    NewArchive()
-    {
-        zip_error_t error;
-        zip_error_init(&error);
-        _source = zip_source_buffer_create(nullptr, 0, 0, &error);
-        if (_source) {
-            zip_source_keep(_source); // to be read when the archive is closed
-            _zip = zip_open_from_source(_source, ZIP_TRUNCATE, &error);
-        }
-        const std::string reason = _zip ? std::string() : zip_error_strerror(&error);
-        zip_error_fini(&error);
-        if (!_zip)
-            fail(reason);
-    }
-    NewArchive(const NewArchive &) = delete;
-    NewArchive &operator=(const NewArchive &) = delete;
-    ~NewArchive()
-    {
-        if (_zip)
-            zip_discard(_zip);
-        zip_source_free(_source);
-    }
-
-    /// The content has to stay where it is until `finish`.
-    void add(const char *name, const std::string &content, int method)
-    {
-        auto *const source = zip_source_buffer(_zip, content.data(), content.size(), 0);
-        const auto index = source ? zip_file_add(_zip, name, source, ZIP_FL_ENC_UTF_8) : -1;
-        if (source && index < 0)
-            zip_source_free(source);
-        // The first minute that a zip archive can tell.
-        constexpr std::uint16_t firstDay = 1 << 5 | 1;
-        const auto at = static_cast<zip_uint64_t>(index);
-        if (index < 0 || zip_set_file_compression(_zip, at, method, 0) != 0
-            || zip_file_set_dostime(_zip, at, 0, firstDay, 0) != 0)
-            fail(zip_strerror(_zip));
-    }
-
-    std::string finish()
-    {
-        if (zip_close(_zip) != 0)
-            fail(zip_strerror(_zip));
-        _zip = nullptr;
-        zip_stat_t stat;
-        if (zip_source_stat(_source, &stat) != 0 || zip_source_open(_source) != 0)
-            fail(zip_error_strerror(zip_source_error(_source)));
-        std::string bytes(static_cast<std::size_t>(stat.size), '\0');
-        const auto count = zip_source_read(_source, bytes.data(), bytes.size());
-        zip_source_close(_source);
-        if (count != static_cast<zip_int64_t>(bytes.size()))
-            fail("the archive cannot be read again");
-        return bytes;
-    }
-
-private:
-    [[noreturn]] static void fail(const std::string &reason)
-    {
-        ZARN_RAISE_IN("zarn::io::packMxl", "the archive cannot be made: " + reason);
-    }
-
-    zip_source_t *_source = nullptr;
-    zip_t *_zip = nullptr;
-};
-
 } // namespace
 
-std::string packMxl(const std::string &score)
+void packMxl(const std::string &score, filesystem::FileHandle &handle)
 {
-    const std::string type = mimeType;
+    using Packing = streams::ZipArchiveWriter::Packing;
     const std::string container = std::string("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
                                               "<container>\n <rootfiles>\n"
                                               "  <rootfile full-path=\"")
         + scoreName + "\" media-type=\"application/vnd.recordare.musicxml+xml\"/>\n"
         + " </rootfiles>\n</container>\n";
-    NewArchive archive;
-    archive.add("mimetype", type, ZIP_CM_STORE);
-    archive.add(containerName, container, ZIP_CM_DEFLATE);
-    archive.add(scoreName, score, ZIP_CM_DEFLATE);
-    return archive.finish();
+    streams::ZipArchiveWriter archive(handle);
+    archive.add("mimetype", mimeType, Packing::Stored);
+    archive.add(containerName, container, Packing::Deflated);
+    archive.add(scoreName, score, Packing::Deflated);
+    if (!archive.finish())
+        ZARN_RAISE_IN("zarn::io::packMxl", archive.errorText());
 }
 
 } // namespace zarn::io

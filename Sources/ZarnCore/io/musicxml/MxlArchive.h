@@ -3,6 +3,10 @@
 
 #include <string>
 
+namespace filesystem {
+class FileHandle;
+}
+
 namespace zarn::io {
 
 class ImportReport;
@@ -17,8 +21,9 @@ bool isZipArchive(const std::string &start);
 /// file, a path that leaves the archive, and for content that unpacks to too much.
 std::string unpackMxl(const std::string &document, const std::string &bytes, ImportReport &report);
 
-/// A compressed MusicXML file of one score: "mimetype" first and stored, the container, the score
-/// (MusicXML 4.0). All times in it are the same, so that the same score gives the same bytes.
-std::string packMxl(const std::string &score);
+/// Writes a compressed MusicXML file of one score: "mimetype" first and stored, the container, the
+/// score (MusicXML 4.0). All times in it are the same, so that the same score gives the same bytes.
+/// Leaves the handle open; raises `CoreException`.
+void packMxl(const std::string &score, filesystem::FileHandle &handle);
 
 } // namespace zarn::io
