@@ -109,6 +109,9 @@ TEST(Edit, changesThatNobodySavesAreToldAsLost)
     const ToolRun lost = edit(romance(), "name 1 X\n");
     EXPECT_EQ(lost.code, 1);
     EXPECT_TRUE(contains(lost.err, "the changes are lost")) << lost.err;
+    const ToolRun page =
+        edit(romance(), "name 1 X\nsave " + folder.file("x.tab").toStdString() + "\n");
+    EXPECT_EQ(page.code, 0) << "a script that writes a page has done what it was for: " << page.err;
     EXPECT_EQ(edit(romance(), "name 1 X\nundo\n").code, 0);
     EXPECT_EQ(edit(romance(), "show 1\n").code, 0);
     const std::string save = "name 1 X\nsave " + folder.file("kept.zarn").toStdString() + '\n';

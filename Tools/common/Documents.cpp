@@ -215,6 +215,15 @@ bool isSuffixOf(const io::Exporter &exporter, const std::string &path)
     return std::find(extensions.begin(), extensions.end(), suffixOf(path)) != extensions.end();
 }
 
+bool isReadableFormat(const std::string &path)
+{
+    const QString suffix = QString::fromStdString(suffixOf(path));
+    return isStandardStream(path)
+        || std::any_of(importers().begin(), importers().end(), [&](const auto &importer) {
+               return importer->extensions().contains(suffix);
+           });
+}
+
 bool isWritableFormat(const std::string &path)
 {
     return exporterFor(path) != nullptr;

@@ -66,6 +66,9 @@ bool isSuffixOf(const io::Exporter &exporter, const std::string &path);
 Clip openClip(const std::string &path, const Terminal &terminal);
 void saveClip(const Clip &clip, const std::string &path, const Terminal &terminal);
 
+/// Whether what is written there can be read again: a native document or MusicXML, no page of text.
+bool isReadableFormat(const std::string &path);
+
 /// Whether there is a format to write with the path's suffix.
 bool isWritableFormat(const std::string &path);
 

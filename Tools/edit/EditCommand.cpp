@@ -76,7 +76,7 @@ int finish(EditSession &session, const std::string &output)
 {
     if (!output.empty()) {
         session.save(output);
-    } else if (session.hasUnsavedChanges()) {
+    } else if (session.hasUnsavedChanges() && !session.hasExported()) {
         session.out().flush();
         std::cerr << "zarn: the changes are lost, they were not saved; say where to with "
                      "--output OUT, or end with \"save\"\n";

@@ -133,7 +133,11 @@ void EditSession::save(const std::string &path)
                               + " does not hold all of a score; name a file, such as save "
                                 "song.zarn");
     warnOfLosses(saveDocument(model(), to, _terminal), to);
-    _score.commandStack().setClean();
+    // Pages of text are no place to come back to.
+    if (isReadableFormat(to))
+        _score.commandStack().setClean();
+    else
+        _hasExported = true;
     if (!isStandardStream(to))
         _out << "Saved to " << to << ".\n";
 }

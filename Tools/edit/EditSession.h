@@ -78,6 +78,9 @@ public:
     void compare();
     bool hasComparedDifferent() const noexcept { return _hasComparedDifferent; }
 
+    /// Whether a page was written that cannot be read again.
+    bool hasExported() const noexcept { return _hasExported; }
+
     /// Saves to a path, or to where the score belongs when it is empty. Raises `Failure`.
     void save(const std::string &path);
 
@@ -105,6 +108,7 @@ private:
     Where _where; ///< while the cursor is nowhere
     std::optional<ScoreModelRange> _selection;
     Clip _clipboard;
+    bool _hasExported = false;
     bool _hasComparedDifferent = false;
     bool _isOver = false;
     bool _echoes = false;
