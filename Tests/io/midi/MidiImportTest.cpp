@@ -349,6 +349,30 @@ TEST(MidiImport, ornamentsArePutWhereTheyAreWritten)
               zarn::Direction::Up);
 }
 
+TEST(MidiImport, velocitiesOfNotationProgramsAreDynamics)
+{
+    const auto dynamicsOf = [](const std::vector<int> &velocities) {
+        Song song;
+        auto &track = song.track();
+        track.addProgram(0, 0, 73);
+        for (std::size_t i = 0; i < velocities.size(); ++i) {
+            track.addNoteOn(i * quarter, 0, 72, velocities[i]);
+            track.addNoteOff((i + 1) * quarter - 1, 0, 72);
+        }
+        std::string text;
+        const auto imported = song.import();
+        for (const auto &bar : imported.model->track(0)->bars())
+            for (const auto &beat : bar->voice(0)->beats())
+                if (beat->dynamic().value() != zarn::NoteDynamic::Value::None)
+                    text +=
+                        std::to_string(bar->index() + 1) + ":" + beat->dynamic().toString() + " ";
+        return text;
+    };
+    EXPECT_EQ(dynamicsOf({49, 49, 49, 49, 65, 96, 96, 96, 96, 112, 96, 96, 96, 96}), "1:P 2:F ");
+    EXPECT_EQ(dynamicsOf({80, 80, 80, 80, 80, 80, 80, 80}), "");
+    EXPECT_EQ(dynamicsOf({49, 49, 49, 49, 60, 70, 90, 100, 96, 96, 96, 96}), "");
+}
+
 TEST(MidiImport, wordsStandUnderTheirNotes)
 {
     Song song;

@@ -82,7 +82,7 @@ PlayingAccuracy measureAccuracy(const std::vector<PlayedNotes *> &parts,
 
 RhythmQuantizer::RhythmQuantizer(const MeterLine &bars, const std::vector<TempoChange> &tempos,
                                  const PlayingAccuracy &accuracy, const GridChoice &choice)
-    : _accuracy(accuracy)
+    : _accuracy(accuracy), _shortest(choice.shortest > 0 ? choice.shortest : midiQuarter / 4)
 {
     TempoLine tempo(tempos);
     for (const MeterBar &bar : bars.bars()) {
@@ -312,8 +312,8 @@ MidiTime RhythmQuantizer::endFor(MidiTime start, MidiTime playedEnd, const Playe
     if (grid != nullptr)
         for (const auto &candidate : grid->places)
             if (own.start + candidate.at > start)
-                return std::min(own.start + candidate.at, start + midiQuarter / 4);
-    return start + midiQuarter / 4;
+                return std::min(own.start + candidate.at, start + _shortest);
+    return start + _shortest;
 }
 
 void RhythmQuantizer::setEnds(PlayedNotes &notes) const

@@ -61,6 +61,7 @@ private:
     double looseness(const PlayedNotes &notes) const;
 
     PlayingAccuracy _accuracy;
+    MidiTime _shortest; ///< what notes that are too short for any grid get
     std::map<MidiTime, std::vector<BeatGrid>> _grids;
     std::vector<BeatPlace> _beats;
     mutable std::size_t _lastBeat = 0;

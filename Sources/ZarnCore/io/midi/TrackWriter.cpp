@@ -5,6 +5,7 @@
 #include <ZarnCore/fingering/ZarnPassageReader.h>
 #include <ZarnCore/instruments/sounds/ZarnSound.h>
 #include <ZarnCore/io/midi/DrumStaff.h>
+#include <ZarnCore/io/midi/DynamicPlacer.h>
 #include <ZarnCore/io/midi/LyricPlacer.h>
 #include <ZarnCore/io/midi/MidiOddities.h>
 #include <ZarnCore/io/midi/StaffBuilder.h>
@@ -148,6 +149,7 @@ void writeTrack(const MidiPart &part, const MeterLine &bars, ScoreModel &model,
         for (const auto &bar : built)
             bar->setClef(clef);
         if (i == 0) {
+            placeDynamics(builder.onsets());
             const std::size_t lost = placeLyrics(part.lyrics, builder.onsets());
             for (std::size_t word = 0; word < lost; ++word)
                 oddities.add("words that begin with no note were left out", part.midiTrack);
