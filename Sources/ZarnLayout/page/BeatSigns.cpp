@@ -241,7 +241,7 @@ Sign fadeSign(Fadding fade)
                                    : Sign::GuitarVolumeSwell;
 }
 
-const std::array<BeatSign, 8> beatSigns = {{
+const std::array<BeatSign, 7> beatSigns = {{
     {Side::Above, Rows::Last,
      [](const Pen &pen, const PlacedChord &chord, const RowDraft &) -> Inks {
          const Direction stroke = chord.beat().marks.pickStroke();
@@ -302,12 +302,6 @@ const std::array<BeatSign, 8> beatSigns = {{
              : centred(pen, MarkKind::Breath,
                        breath == BreathSign::Breath ? Sign::BreathMarkComma : Sign::Caesura,
                        rightOf(chord) + 0.9);
-     }},
-    {Side::Above, Rows::First,
-     [](const Pen &pen, const PlacedChord &chord, const RowDraft &) -> Inks {
-         return chord.beat().marks.hasTimer()
-             ? letters(pen, MarkKind::Timer, "[time]", chord.headCentre())
-             : Inks();
      }},
 }};
 

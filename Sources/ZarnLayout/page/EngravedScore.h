@@ -21,7 +21,6 @@ struct ShownBar {
 struct TrackHead {
     std::string name;
     std::string shortName;
-    std::string tuning; ///< of the strings, where it is not the usual one; and the capo
     std::uint8_t lyricsVisible = 31;
     unsigned stringCount = 0;
 };
