@@ -148,26 +148,34 @@ TEST(MusicXmlRoundTrip, attributesOfNotesComeBackOrAreTold)
         });
 }
 
-/// Gives the rhythms of a random score tuplets that fractions of 64 bits can add up, and takes
-/// marks off that contradict each other: a dead note that is bent, a harmonic where none speaks.
+/// Makes music of a random score: rhythms and bars whose lengths note values add up to, and notes
+/// without marks that contradict each other, such as a dead note that is bent.
 void tame(ScoreModel &model)
 {
+    auto &master = *model.masterTrack();
+    for (const auto &bar : master.masterBars())
+        bar->setOwnLength(std::nullopt);
+    while (master.hasAutomations(Automation::Tempo)) // at no beat in particular
+        master.eraseAutomation(master.automations(Automation::Tempo).front());
+    const auto tameBeat = [](Beat &beat, bool isTriplet) {
+        const auto value =
+            std::min(beat.rhythmValue().getNoteValue(), RhythmValue::NoteValue::SixtyFourth);
+        RhythmValue rhythm(value);
+        if (isTriplet)
+            rhythm.setPrimaryTupletRatio({3, 2});
+        beat.setRhythmValue(rhythm);
+        for (const auto &note : beat.notes()) {
+            note->setDetails({});
+            note->setDead(false);
+            note->setHarmonic({});
+        }
+    };
     for (const auto &track : model.tracks())
         for (const auto &staff : track->staves())
             for (const auto &bar : staff->bars())
                 for (const auto &voice : bar->voices())
-                    for (unsigned i = 0; voice && i < voice->beatCount(); ++i) {
-                        auto rhythm = voice->beat(i)->rhythmValue();
-                        if (rhythm.hasPrimaryTuplet())
-                            rhythm.setPrimaryTupletRatio({3, 2});
-                        rhythm.unsetSecondaryTupletRatio();
-                        for (const auto &note : voice->beat(i)->notes()) {
-                            note->setDetails({});
-                            note->setDead(false);
-                            note->setHarmonic({});
-                        }
-                        voice->beat(i)->setRhythmValue(rhythm);
-                    }
+                    for (unsigned i = 0; voice && i < voice->beatCount(); ++i)
+                        tameBeat(*voice->beat(i), i % 3 == 0);
 }
 
 TEST(MusicXmlRoundTrip, randomScoresAreWrittenAndSettle)

@@ -34,7 +34,7 @@ std::string MusicXmlExporter::toText(const ScoreModel &model, ExportReport &repo
 {
     TextSink sink;
     writeScore(model, sink, report);
-    return sink.text();
+    return sink.take();
 }
 
 } // namespace zarn::io

@@ -14,6 +14,7 @@
 
 #include <QString>
 
+#include <algorithm>
 #include <cmath>
 
 namespace zarn::io {
@@ -50,7 +51,8 @@ void addDynamics(const QString &name, pugi::xml_node measure, int staffNumber)
         addElement(dynamics, "other-dynamics", name.toStdString());
 }
 
-/// A position as the exact fraction that it was rounded from.
+} // namespace
+
 rational exactPosition(float position)
 {
     constexpr std::int64_t most = 5040;
@@ -68,8 +70,6 @@ rational exactPosition(float position)
     }
     return rational(std::llround(static_cast<double>(position) * most), most);
 }
-
-} // namespace
 
 void DirectionWriter::writeBeat(const Beat &beat, pugi::xml_node measure, int staffNumber)
 {
@@ -116,7 +116,9 @@ void DirectionWriter::writeOttavia(Ottavia from, Ottavia to, pugi::xml_node meas
 void DirectionWriter::writeTempos(const MasterTrack &master, unsigned bar, MeasureCursor &cursor)
 {
     const auto write = [&](const TempoMark &tempo) {
-        auto direction = cursor.addAt(exactPosition(tempo.position), "direction");
+        auto direction = cursor.addAt(
+            std::min(exactPosition(tempo.position), master.masterBars()[bar]->length()),
+            "direction");
         addAttribute(direction, "placement", "above");
         const auto text = _context.text(tempo.text);
         if (!text.empty())

@@ -3,12 +3,18 @@
 
 #include <ZarnCore/model/ZarnScoreModel.h>
 
+#include <ZarnCore/utils/rational.h>
+
 #include <pugixml.hpp>
 
 namespace zarn::io {
 
 class ExportContext;
 class MeasureCursor;
+
+/// The position of an automation, in quarters from the start of its bar, as the fraction that it
+/// was rounded from.
+utils::rational exactPosition(float position);
 
 /// Writes what stands between the notes and belongs to one place: what a beat says over its notes,
 /// and what the master bars say to all parts.

@@ -57,22 +57,11 @@ const Beat *BeatPlace::next() const
     return after && !after->isEmpty() ? after->beats().front().get() : nullptr;
 }
 
-const Beat *BeatPlace::previous() const
-{
-    if (index > 0)
-        return voice()->beats()[index - 1].get();
-    if (bar == 0)
-        return nullptr;
-    const auto &before = staff->bars()[bar - 1]->voices()[slot];
-    return before && !before->isEmpty() ? before->beats().back().get() : nullptr;
-}
-
 void LineSigns::start(const BeatPlace &place)
 {
     _place = place;
     _beat = place.beat();
     _next = place.next();
-    _previous = place.previous();
 }
 
 int LineSigns::take(Numbering &numbering, const char *kind)

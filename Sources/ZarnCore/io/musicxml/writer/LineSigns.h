@@ -21,7 +21,6 @@ struct PartNumbers {
     Numbering slides;
     Numbering legato; ///< hammer-ons and pull-offs
     Numbering waves;
-    Numbering tremolos;
 
     /// Slurs that lead to other voices: what the score numbers them, and what the document does.
     std::map<unsigned, int> slurEnds;
@@ -37,9 +36,8 @@ struct BeatPlace {
     const Voice *voice() const;
     const Beat *beat() const;
 
-    /// The neighbours in the same slot; null where the slot ends.
+    /// The one behind it in the same slot; null where the slot ends.
     const Beat *next() const;
-    const Beat *previous() const;
 };
 
 /// What leads from beat to beat in one voice slot of a staff, through all bars: slurs, slides,
@@ -101,7 +99,6 @@ private:
     BeatPlace _place;
     const Beat *_beat = nullptr;
     const Beat *_next = nullptr;
-    const Beat *_previous = nullptr;
     int _slur = 0;
     int _legatoSlur = 0;
     int _wedge = 0;

@@ -32,6 +32,9 @@ public:
     /// order.
     pugi::xml_node addAt(const utils::rational &time, const char *name);
 
+    /// The latest time that something waits for; 0 when nothing does.
+    utils::rational latest() const { return _waiting.empty() ? 0 : _waiting.back().time; }
+
     /// Puts in what waits for a time up to this one, each at its own; without a time all of it.
     void passTo(const utils::rational &time);
     void passAll();

@@ -89,12 +89,13 @@ bool isFreeTime(const Beat &beat)
 void NoteWriter::startBar(const Bar &bar, int fifths)
 {
     _bar = &bar;
-    _fifths = fifths;
-    constexpr int octaves = 12;
-    for (int step = 0; step < stepsOfOctave; ++step)
-        for (int octave = 0; octave < octaves; ++octave)
-            _accidentals[static_cast<std::size_t>(octave * stepsOfOctave + step)] =
-                static_cast<std::int8_t>(alterInKey(step, fifths));
+    if (fifths != _fifths) {
+        for (std::size_t i = 0; i < _ofKey.size(); ++i)
+            _ofKey[i] =
+                static_cast<std::int8_t>(alterInKey(static_cast<int>(i % stepsOfOctave), fifths));
+        _fifths = fifths;
+    }
+    _accidentals = _ofKey;
 }
 
 pugi::xml_node NoteWriter::startNote(const RhythmicBeat &beat, MeasureCursor &cursor)

@@ -2,6 +2,8 @@
 #include <ZarnCore/io/musicxml/writer/PartPlan.h>
 
 #include <ZarnCore/io/musicxml/signs/Fingers.h>
+#include <ZarnCore/io/musicxml/writer/DirectionWriter.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
 
 #include <algorithm>
 #include <numeric>
@@ -41,6 +43,7 @@ PartPlan::PartPlan(const Track &track, unsigned index, std::vector<rational> &re
             _staves.push_back({&staff, static_cast<int>(i), true, hasNotes});
         readStaff(staff, reach);
     }
+    readMaster();
     _areKeys = areFingersOfKeys(_hasFingeredFret, _hasFifthFinger, _staves.size());
 }
 
@@ -66,6 +69,8 @@ void PartPlan::readStaff(const Staff &staff, std::vector<rational> &reach)
     bool isLate = false;
     const auto count = std::min<std::size_t>(staff.bars().size(), _reach.size());
     for (std::size_t index = 0; index < count; ++index) {
+        for (const auto &change : staff.bars()[index]->clefChanges())
+            addPosition(change.position);
         const auto &voices = staff.bars()[index]->voices();
         for (unsigned slot = 0; slot < Bar::MaxVoices; ++slot) {
             if (!voices[slot] || voices[slot]->isEmpty())
@@ -105,6 +110,29 @@ void PartPlan::readBeat(const Beat &beat, const Staff &staff)
             _hasFifthFinger = _hasFifthFinger || note->leftFingering() == Fingering::Little;
         }
     }
+}
+
+/// How long the bars are, which one of the parts has to tell, and where tempos stand in the first.
+void PartPlan::readMaster()
+{
+    const auto model = _track.parentScoreModel();
+    if (!model)
+        return;
+    const auto &master = *model->masterTrack();
+    for (const auto &bar : master.masterBars())
+        addPosition(bar->length());
+    if (_index == 0)
+        for (const auto *const tempo : master.automations(Automation::Tempo))
+            addPosition(exactPosition(tempo->position()));
+}
+
+/// What stands between the beats is written exactly unless it stands nowhere in particular.
+void PartPlan::addPosition(const rational &position)
+{
+    constexpr std::int64_t finest = 960;
+    if (position.denominator() <= finest)
+        if (const auto divisions = commonDivisions(_divisions, position); divisions != 0)
+            _divisions = divisions;
 }
 
 void PartPlan::addPercussion(const Note &note)

@@ -59,6 +59,8 @@ public:
 private:
     void readStaff(const Staff &staff, std::vector<utils::rational> &reach);
     void readBeat(const Beat &beat, const Staff &staff);
+    void readMaster();
+    void addPosition(const utils::rational &position);
     void addPercussion(const Note &note);
 
     const Track &_track;

@@ -49,12 +49,14 @@ void PartWriter::writeMeasure(unsigned bar)
     _fifths = _attributes.write(bar, _cursor);
     if (_track == 0)
         _directions.writeBarStart(master(), bar, _cursor);
+    // What stands behind the notes tells that the bar goes on.
+    const bool goesOn = _attributes.reachesBehindNotes() || _plan.reach()[bar] < _cursor.latest();
     for (std::size_t staff = 0; staff < _plan.staves().size(); ++staff)
         writeStaff(staff, bar);
     _cursor.passAll();
     if (_cursor.now() < _plan.reach()[bar])
         _cursor.moveTo(_plan.reach()[bar]);
-    if (_score.padding[bar] == _track || _attributes.reachesBehindNotes())
+    if (_score.padding[bar] == _track || goesOn)
         _cursor.moveTo(column.length());
     if (_track == 0)
         _directions.writeBarEnd(master(), bar, measure);

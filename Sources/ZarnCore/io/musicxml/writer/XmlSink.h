@@ -5,6 +5,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace filesystem {
 class FileHandle;
@@ -44,7 +45,7 @@ public:
     }
     using XmlSink::write;
 
-    const std::string &text() const noexcept { return _text; }
+    std::string take() { return std::move(_text); }
 
 private:
     std::string _text;
