@@ -106,7 +106,7 @@ void VoiceWriter::foldSimiles(std::vector<std::string> &texts) const
     const auto &frame = _context.frame;
     for (unsigned bar = 0; bar + 1 < texts.size(); ++bar) {
         unsigned count = 1;
-        while (bar + count < texts.size()) {
+        while (bar + count < texts.size() && bar + count < _context.staff.barCount()) {
             const unsigned next = bar + count;
             const Bar &repeated = *_context.staff.bars()[next];
             if (repeated.simileMark() != SimileMark::Simple || !sheet::isDrawnAsSimile(repeated)
