@@ -156,7 +156,8 @@ void NoteWriter::write(const RhythmicBeat &beat, const VoicePlace &place, Measur
         else
             writePitch(*note, *beat.beat, node);
         writeTime(beat, note.get(), place, node);
-        if (beat.isBeamedFrom || beat.isBeamedOn)
+        // Some readers take a beam of a further note of a chord for that of another beat.
+        if (isFirst && (beat.isBeamedFrom || beat.isBeamedOn))
             writeBeams(beat, node);
         writeNotations(beat, note.get(), isFirst, place, node, signs);
         if (isFirst && beat.beat->hasDetails() && !place.staff->isTablature)
