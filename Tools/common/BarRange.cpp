@@ -35,4 +35,13 @@ BarRange readBarRange(const Arguments &arguments, unsigned barCount)
     return range;
 }
 
+std::optional<std::pair<unsigned, unsigned>> chosenBars(const Arguments &arguments,
+                                                        unsigned barCount)
+{
+    if (!arguments.has(QStringLiteral("bars")))
+        return std::nullopt;
+    const BarRange bars = readBarRange(arguments, barCount);
+    return std::pair(bars.first, bars.last);
+}
+
 } // namespace zarn::tool

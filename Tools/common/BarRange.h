@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
+#include <utility>
+
 namespace zarn::tool {
 
 class Arguments;
@@ -14,5 +17,9 @@ struct BarRange {
 /// What `--bars` says: "5" or "5-8", counted from 1; all bars of the score without it. Says on
 /// standard error when the score ends before the range does. Raises `UsageError`.
 BarRange readBarRange(const Arguments &arguments, unsigned barCount);
+
+/// The same as first and last bar; nothing without the option.
+std::optional<std::pair<unsigned, unsigned>> chosenBars(const Arguments &arguments,
+                                                        unsigned barCount);
 
 } // namespace zarn::tool

@@ -22,10 +22,7 @@ int runEvents(const Arguments &arguments, const Terminal &terminal)
     const OpenedDocument document = openDocument(arguments.operand(0), terminal);
     const ScoreModel &model = *document.model;
     playback::PlanOptions options;
-    if (arguments.has(QStringLiteral("bars"))) {
-        const BarRange bars = readBarRange(arguments, model.masterTrack()->masterBarCount());
-        options.bars = {bars.first, bars.last};
-    }
+    options.bars = chosenBars(arguments, model.masterTrack()->masterBarCount());
     if (arguments.has(QStringLiteral("track")))
         options.tracks = {static_cast<unsigned>(
             arguments.number(QStringLiteral("track"), 1,

@@ -67,7 +67,7 @@ std::optional<double> gainOf(const Arguments &arguments)
 playback::PlanOptions planOptions(const Arguments &arguments, const ScoreModel &model)
 {
     playback::PlanOptions options;
-    options.bars = barRange(arguments, model.masterTrack()->masterBarCount());
+    options.bars = chosenBars(arguments, model.masterTrack()->masterBarCount());
     const int tracks = std::max(1, static_cast<int>(model.trackCount()));
     if (arguments.has(option("track")))
         options.tracks = {
