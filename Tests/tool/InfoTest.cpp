@@ -112,10 +112,10 @@ TEST(Notes, everyNoteOfTheTreeHasOneLineWithAllColumns)
         ASSERT_EQ(static_cast<std::size_t>(lines.size()), noteCount(*document.model) + 2);
         EXPECT_EQ(lines.last(), QString());
         for (int i = 0; i + 1 < lines.size(); ++i)
-            EXPECT_EQ(lines.at(i).count(QLatin1Char('\t')), 11) << lines.at(i).toStdString();
+            EXPECT_EQ(lines.at(i).count(QLatin1Char('\t')), 13) << lines.at(i).toStdString();
     }
     const ToolRun run = runTool({QStringLiteral("notes"), romance()});
-    EXPECT_TRUE(contains(run.out, "\n0\t0\t0\t0\t1/3\t1/3\t59\t59\tB3\t4\t0\t\n"))
+    EXPECT_TRUE(contains(run.out, "\n0\t0\t0\t0\t1/3\t1/3\t59\t59\tB3\t4\t0\t\t-\t-\n"))
         << run.out.substr(0, 400);
 }
 
