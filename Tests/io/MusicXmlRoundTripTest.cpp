@@ -176,8 +176,12 @@ void tame(ScoreModel &model)
         for (const auto &staff : track->staves())
             for (const auto &bar : staff->bars())
                 for (const auto &voice : bar->voices())
-                    for (unsigned i = 0; voice && i < voice->beatCount(); ++i)
+                    for (unsigned i = 0; voice && i < voice->beatCount(); ++i) {
                         tameBeat(*voice->beat(i), i % 3 == 0);
+                        // A staff has one pedal: two voices would press it at once.
+                        if (voice->index() != 0)
+                            voice->beat(i)->setPedal(PedalChange::None);
+                    }
         mendBrokenSpans(*track);
     }
 }
