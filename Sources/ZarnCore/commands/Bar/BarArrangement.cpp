@@ -168,6 +168,8 @@ void BarArrangement::pour(unsigned track, const Staff &staff, unsigned slot)
             poured.part();
         gap = used < column ? column - used : Length();
     }
+    // A voice may end before its last bar does: what follows it is farther away or nearer then.
+    poured.part();
     poured.end();
     if (hasBeats)
         _voices.push_back({track, staff.index(), slot, std::move(poured)});
