@@ -52,6 +52,12 @@ public:
     /// The mark that was given a begin and still lacks an end.
     std::optional<std::size_t> lacksEnd() const noexcept { return _lacksEnd; }
 
+    /// Whether spans of the kind may lead on to the end.
+    bool mayStayOpen() const noexcept
+    {
+        return _kind == SpanKind::Pedal || _kind == SpanKind::Word;
+    }
+
 private:
     void walk();
     void pass(std::size_t number);
@@ -61,10 +67,6 @@ private:
     bool isPairWithin(std::size_t number) const;
     void finish(std::optional<bool> wasOpen);
     void finishGiven();
-    bool mayStayOpen() const noexcept
-    {
-        return _kind == SpanKind::Pedal || _kind == SpanKind::Word;
-    }
     bool hasNext() const noexcept { return _end < _marks.size(); }
     void change(std::size_t number, bool needsOpen, bool leavesOpen, SpanFault fault);
     void drop(std::size_t number, SpanFault fault) { change(number, false, false, fault); }

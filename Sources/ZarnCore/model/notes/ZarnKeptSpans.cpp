@@ -121,8 +121,13 @@ void KeptSpans::mendLine(const Track &track, const Region &region, const SpanLin
             keepValue(track, line, before[i].place, *before[i].beat);
             rewrite(line, before[i], marks[i]);
         }
-    if (!mender.lacksEnd())
+    if (!mender.lacksEnd()) {
+        // At one moment ends stand in front of begins: what was given to beats of several staves
+        // may have come to stand the other way round.
+        if (isGiven && !mender.mayStayOpen())
+            mendLine(track, region, line, readSpans(track, region.first, region.end)[line], false);
         return;
+    }
     const SpanMark &begin = marks[*mender.lacksEnd()];
     if (!endAtNextBeat(track, line, *begin.beat)) {
         keepValue(track, line, begin.place, *begin.beat);
