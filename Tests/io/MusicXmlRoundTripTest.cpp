@@ -166,6 +166,7 @@ void tame(ScoreModel &model)
         if (isTriplet)
             rhythm.setPrimaryTupletRatio({3, 2});
         beat.setRhythmValue(rhythm);
+        beat.setSlashed(false); // a head of its own besides
         for (const auto &note : beat.notes()) {
             note->setDetails({});
             note->setDead(false);

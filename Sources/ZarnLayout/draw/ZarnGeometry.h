@@ -12,10 +12,17 @@ namespace zarn::layout {
 using Unit = std::int32_t;
 inline constexpr Unit staffSpace = 1024;
 
+/// A length without its fraction; one of kilometres ends at a bound that leaves room for sums.
+constexpr std::int32_t boundedLength(double length) noexcept
+{
+    constexpr double most = 1 << 30;
+    return static_cast<std::int32_t>(length < -most ? -most : length > most ? most : length);
+}
+
 /// The nearest whole number of units for a length in staff spaces.
 constexpr Unit fromSpaces(double spaces) noexcept
 {
-    return static_cast<Unit>(spaces * staffSpace + (spaces < 0 ? -0.5 : 0.5));
+    return boundedLength(spaces * staffSpace + (spaces < 0 ? -0.5 : 0.5));
 }
 
 constexpr double toSpaces(Unit length) noexcept

@@ -3,6 +3,8 @@
 
 #include <ZarnLayout/page/SideItem.h>
 
+#include <QString>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -154,9 +156,8 @@ Inks tempoInks(const Pen &pen, const TempoMark &tempo, double x)
         x = inks.back().box.right + 0.2;
     }
     const double rounded = std::round(tempo.value * 10) / 10;
-    std::string number = std::to_string(static_cast<int>(rounded));
-    if (rounded != std::floor(rounded))
-        number += "." + std::to_string(static_cast<int>(std::round(rounded * 10)) % 10);
+    const int decimals = rounded == std::floor(rounded) ? 0 : 1;
+    const std::string number = QString::number(rounded, 'f', decimals).toStdString();
     inks.push_back(pen.text(MarkKind::Tempo, TextRole::PageText, "= " + number, x + 0.2, 0));
     return inks;
 }

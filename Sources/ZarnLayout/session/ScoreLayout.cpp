@@ -248,10 +248,9 @@ private:
         _problems.add(place, "The system is taller than the page.");
         // The sheet grows, so that nothing is lost beyond its edge.
         const double needed = (above + system.top + system.bottom) * _sheet.space;
-        page.height =
-            std::max(page.height,
-                     static_cast<std::int32_t>(std::ceil(needed)) + page.topMargin
-                         + page.bottomMargin + static_cast<std::int32_t>(4 * _sheet.space));
+        page.height = std::max(page.height,
+                               boundedLength(std::ceil(needed)) + page.topMargin + page.bottomMargin
+                                   + boundedLength(4 * _sheet.space));
     }
 
     /// One sheet for all systems, below one another.
@@ -269,9 +268,8 @@ private:
         }
         if (_options.view == ViewLayout::SingleLine)
             page.width = std::max(page.width,
-                                  static_cast<std::int32_t>((left + width) * _sheet.space)
-                                      + page.rightMargin);
-        page.height = static_cast<std::int32_t>(y * _sheet.space) + page.bottomMargin;
+                                  boundedLength((left + width) * _sheet.space) + page.rightMargin);
+        page.height = boundedLength(y * _sheet.space) + page.bottomMargin;
         page.marks = texts.draw(1, 1, left, spaces(page.topMargin), y - spaces(page.topMargin));
         _pages.push_back(std::move(page));
     }
