@@ -12,7 +12,7 @@ namespace Halvec::audio {
 inline constexpr const char *soundFontVariable = "ZARN_SOUNDFONT";
 
 /// Sound fonts (SF2 and SF3 files) of the usual folders, `sounds/sf2` and `sounds/sf3` below the
-/// folders for data of the XDG base directory specification: the user's first, in each folder the
+/// folders for data (XDG base directories): the user's first, in each folder the
 /// system's default for General MIDI first, then by name. Each file stands there once, under the
 /// first of its names.
 ZARNAUDIO_EXPORT std::vector<std::string> installedSoundFonts();
