@@ -1,12 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QString>
+
 #include <optional>
 #include <utility>
 
 namespace zarn::tool {
 
 class Arguments;
+
+/// "5" or "5-8": both ends, counted from 1 and in order; nothing for another text.
+std::optional<std::pair<unsigned, unsigned>> numberRange(const QString &text);
 
 /// Bars that a user chose, counted from 0; the last one is included.
 struct BarRange {

@@ -51,14 +51,11 @@ std::vector<unsigned> readTracks(const Arguments &arguments, unsigned trackCount
 {
     std::vector<unsigned> tracks;
     for (const QString &word : words(arguments, QStringLiteral("tracks"))) {
-        const QStringList ends = word.split(QLatin1Char('-'));
-        bool isFirst = false;
-        bool isLast = false;
-        const unsigned first = ends.first().toUInt(&isFirst);
-        const unsigned last = ends.last().toUInt(&isLast);
-        if (ends.size() > 2 || !isFirst || !isLast || first < 1 || last < first)
+        const auto ends = numberRange(word);
+        if (!ends)
             throw UsageError{
                 QStringLiteral("--tracks takes numbers such as 2 or 1-3,5, not \"%1\"").arg(word)};
+        const auto [first, last] = *ends;
         if (last > trackCount)
             throw UsageError{QStringLiteral("--tracks %1: the score has %2")
                                  .arg(word, QString::fromStdString(counted(trackCount, "track")))};

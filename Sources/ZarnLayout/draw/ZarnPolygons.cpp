@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnLayout/draw/ZarnPolygons.h>
 
+#include <ZarnLayout/draw/PathWalk.h>
 #include <ZarnLayout/font/ZarnFontOutlines.h>
 
 #include <cmath>
@@ -22,38 +23,18 @@ public:
     template <typename At>
     std::vector<Polygon> make(const PathVerb *verbs, std::size_t count, At at)
     {
-        std::size_t next = 0;
-        for (std::size_t i = 0; i < count; ++i) {
-            switch (verbs[i]) {
-            case PathVerb::Move:
-                finish();
-                add(at(next++));
-                break;
-            case PathVerb::Line:
-                add(at(next++));
-                break;
-            case PathVerb::Cubic:
-                curve(at(next), at(next + 1), at(next + 2));
-                next += 3;
-                break;
-            case PathVerb::Close:
-                finish();
-                break;
-            }
-        }
+        walkPath(verbs, count, at, *this);
         finish();
         return std::move(_polygons);
     }
 
-private:
-    void add(Spot spot)
+    void begin(Spot spot)
     {
-        _last = spot;
-        const Point point{static_cast<Unit>(std::lround(spot.x)),
-                          static_cast<Unit>(std::lround(spot.y))};
-        if (_current.empty() || _current.back() != point)
-            _current.push_back(point);
+        finish();
+        add(spot);
     }
+    void line(Spot spot) { add(spot); }
+    void close() { finish(); }
 
     void curve(Spot first, Spot second, Spot end)
     {
@@ -67,6 +48,16 @@ private:
             add({mixed(begin.x, first.x, second.x, end.x),
                  mixed(begin.y, first.y, second.y, end.y)});
         }
+    }
+
+private:
+    void add(Spot spot)
+    {
+        _last = spot;
+        const Point point{static_cast<Unit>(std::lround(spot.x)),
+                          static_cast<Unit>(std::lround(spot.y))};
+        if (_current.empty() || _current.back() != point)
+            _current.push_back(point);
     }
 
     void finish()

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnLayout/export/SvgPathData.h>
 
+#include <ZarnLayout/draw/PathWalk.h>
+
 #include <cmath>
 
 namespace zarn::layout {
@@ -58,24 +60,7 @@ public:
     template <typename At>
     QString of(const PathVerb *verbs, std::size_t count, At at)
     {
-        std::size_t next = 0;
-        for (std::size_t i = 0; i < count; ++i) {
-            switch (verbs[i]) {
-            case PathVerb::Move:
-                begin(at(next++));
-                break;
-            case PathVerb::Line:
-                line(at(next++));
-                break;
-            case PathVerb::Cubic:
-                curve(at(next), at(next + 1), at(next + 2));
-                next += 3;
-                break;
-            case PathVerb::Close:
-                close();
-                break;
-            }
-        }
+        walkPath(verbs, count, at, *this);
         return _text;
     }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnViews/paint/GlyphPaths.h>
 
+#include <ZarnLayout/draw/PathWalk.h>
+
 namespace zarn::views {
 
 using layout::FontOutlines;
@@ -9,29 +11,25 @@ using layout::PathVerb;
 
 namespace {
 
+struct Pen {
+    QPainterPath &path;
+
+    void begin(const QPointF &point) { path.moveTo(point); }
+    void line(const QPointF &point) { path.lineTo(point); }
+    void curve(const QPointF &first, const QPointF &second, const QPointF &end)
+    {
+        path.cubicTo(first, second, end);
+    }
+    void close() { path.closeSubpath(); }
+};
+
 template <typename At>
 QPainterPath pathOf(const PathVerb *verbs, std::size_t count, At at)
 {
     QPainterPath path;
     path.setFillRule(Qt::WindingFill);
-    std::size_t next = 0;
-    for (std::size_t i = 0; i < count; ++i) {
-        switch (verbs[i]) {
-        case PathVerb::Move:
-            path.moveTo(at(next++));
-            break;
-        case PathVerb::Line:
-            path.lineTo(at(next++));
-            break;
-        case PathVerb::Cubic:
-            path.cubicTo(at(next), at(next + 1), at(next + 2));
-            next += 3;
-            break;
-        case PathVerb::Close:
-            path.closeSubpath();
-            break;
-        }
-    }
+    Pen pen{path};
+    layout::walkPath(verbs, count, at, pen);
     return path;
 }
 

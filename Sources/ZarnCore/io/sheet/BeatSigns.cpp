@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/io/sheet/BeatSigns.h>
 
+#include <ZarnCore/io/sheet/BeatTests.h>
 #include <ZarnCore/io/sheet/Glyphs.h>
 #include <ZarnCore/io/sheet/Legend.h>
 #include <ZarnCore/model/ZarnBeat.h>
@@ -13,39 +14,6 @@
 namespace zarn::sheet {
 
 namespace {
-
-template <bool (*IsOn)(const Note &)>
-bool any(const Beat &beat)
-{
-    return std::any_of(beat.notes().begin(), beat.notes().end(),
-                       [](const auto &note) { return IsOn(*note); });
-}
-
-template <AccentFlag Flag>
-bool hasAccent(const Note &note)
-{
-    return note.accents().has(Flag);
-}
-template <auto Get>
-bool noteHas(const Note &note)
-{
-    return (note.*Get)();
-}
-template <auto Get, auto Value>
-bool noteIs(const Note &note)
-{
-    return (note.*Get)() == Value;
-}
-template <auto Get, auto Value>
-bool is(const Beat &beat)
-{
-    return (beat.*Get)() == Value;
-}
-template <auto Get>
-bool is(const Beat &beat)
-{
-    return (beat.*Get)();
-}
 
 struct BeatSign {
     bool (*isOn)(const Beat &);
