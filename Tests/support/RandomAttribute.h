@@ -54,7 +54,7 @@ private:
     }
     zarn::AttributeValue draw(const zarn::RhythmValue &, const zarn::AttributeRange &) const
     {
-        return zarn::RhythmValue(static_cast<zarn::RhythmValue::NoteValue>(_below(11)), _below(4));
+        return zarn::RhythmValue{static_cast<zarn::RhythmValue::NoteValue>(_below(11)), _below(4)};
     }
     zarn::AttributeValue draw(const zarn::ChordMark &, const zarn::AttributeRange &) const
     {
@@ -153,11 +153,11 @@ private:
     }
     zarn::AttributeValue draw(const zarn::TimeSignature &, const zarn::AttributeRange &) const
     {
-        return zarn::TimeSignature(1 + _below(12), 1U << _below(5));
+        return zarn::TimeSignature{1 + _below(12), 1U << _below(5)};
     }
     zarn::AttributeValue draw(const zarn::KeySignature &, const zarn::AttributeRange &) const
     {
-        return zarn::KeySignature(between(-7, 7), maybe(), maybe());
+        return zarn::KeySignature{between(-7, 7), maybe(), maybe()};
     }
     zarn::AttributeValue draw(const std::optional<utils::rational> &,
                               const zarn::AttributeRange &) const
@@ -165,7 +165,7 @@ private:
         if (maybe())
             return std::optional<utils::rational>();
         return std::optional<utils::rational>(
-            utils::rational(1 + static_cast<int>(_below(20)), 1 + static_cast<int>(_below(30))));
+            utils::rational{1 + static_cast<int>(_below(20)), 1 + static_cast<int>(_below(30))});
     }
     zarn::AttributeValue draw(const zarn::Section &, const zarn::AttributeRange &) const
     {
@@ -180,9 +180,9 @@ private:
         zarn::FermataMarks marks;
         for (unsigned i = _below(3); i > 0; --i) {
             const utils::rational from = marks.empty() ? 0 : marks.back().position;
-            auto mark =
-                zarn::FermataMark::at(from + utils::rational(1 + static_cast<int>(_below(8)), 8),
-                                      static_cast<zarn::Fermata>(_below(3)));
+            const utils::rational position =
+                from + utils::rational(1 + static_cast<int>(_below(8)), 8);
+            auto mark = zarn::FermataMark::at(position, static_cast<zarn::Fermata>(_below(3)));
             if (maybe())
                 mark.stretch = static_cast<std::uint16_t>(_below(1001));
             marks.push_back(mark);

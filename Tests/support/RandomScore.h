@@ -24,7 +24,8 @@
 namespace test {
 
 /// Makes scores that use every attribute of every node: sound ones, in which all rules of the tree
-/// hold. The same seed gives the same score everywhere.
+/// hold. The same seed gives the same score everywhere: where several numbers are drawn for one
+/// thing they stand in braces, which settle their order.
 class RandomScore {
 public:
     explicit RandomScore(std::uint32_t seed) : _engine(seed) { }
@@ -102,7 +103,7 @@ public:
 
     zarn::RhythmValue rhythm()
     {
-        zarn::RhythmValue rhythm(pick<zarn::RhythmValue::NoteValue>(11), below(4));
+        zarn::RhythmValue rhythm{pick<zarn::RhythmValue::NoteValue>(11), below(4)};
         if (oneIn(3))
             rhythm.setPrimaryTupletRatio(
                 {static_cast<std::uint8_t>(below(256)), static_cast<std::uint8_t>(below(256))});
@@ -127,7 +128,8 @@ public:
     /// A float of any size, with all digits that it can have.
     float real()
     {
-        return std::ldexp(static_cast<float>(_engine() % 0xFFFFFF), int(below(60)) - 50);
+        const auto digits = static_cast<float>(_engine() % 0xFFFFFF);
+        return std::ldexp(digits, int(below(60)) - 50);
     }
 
     /// A float from 0 to 1.
@@ -232,9 +234,9 @@ private:
     {
         bar.setTimeSignature({1 + below(300), 1u << below(9)});
         bar.setConcertKeySignature(
-            zarn::KeySignature(static_cast<int>(below(15)) - 7, maybe(), maybe()));
+            zarn::KeySignature{static_cast<int>(below(15)) - 7, maybe(), maybe()});
         if (oneIn(4))
-            bar.setOwnLength(utils::rational(1 + below(20), 1 + below(30)));
+            bar.setOwnLength(utils::rational{1 + below(20), 1 + below(30)});
         bar.setTripletFeel(pick<zarn::TripletFeel>(7));
         bar.setFreeTime(oneIn(4));
         bar.setDoubleBar(oneIn(4));
@@ -272,7 +274,7 @@ private:
     {
         zarn::EffectChain chain;
         for (unsigned i = below(4); i > 0; --i) {
-            zarn::Effect effect("effect" + text(), text(), {level(), level(), level()});
+            zarn::Effect effect{"effect" + text(), text(), {level(), level(), level()}};
             effect.setBypassed(maybe());
             chain.setEffect(below(zarn::EffectChain::maximumSlotCount), effect);
         }
@@ -289,10 +291,10 @@ private:
 
     zarn::Sound sound()
     {
-        zarn::Sound sound(text(),
-                          zarn::MIDISound(static_cast<int>(below(128)),
+        zarn::Sound sound{text(),
+                          zarn::MIDISound{static_cast<int>(below(128)),
                                           static_cast<int>(below(128)),
-                                          static_cast<int>(below(128))));
+                                          static_cast<int>(below(128))}};
         sound.setPath(text());
         sound.setLabel(text());
         if (maybe())
@@ -460,7 +462,8 @@ private:
     {
         auto track = std::make_shared<zarn::AudioTrack>(text());
         track->setFilePath(text());
-        track->setStartOffset(static_cast<std::int64_t>(_engine()) * (maybe() ? -1000003 : 7));
+        const std::int64_t factor = maybe() ? -1000003 : 7;
+        track->setStartOffset(static_cast<std::int64_t>(_engine()) * factor);
         track->setVolume(level());
         track->setPan(level() * 2 - 1);
         track->setMuted(maybe());
