@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnLayout/session/LayoutChanges.h>
+
+#include <algorithm>
+
+namespace zarn::layout {
+
+namespace {
+
+Box boxOfSheet(const Layout &layout, const LayoutPage &page)
+{
+    return {0, 0, layout.fromMicrometres(page.width), layout.fromMicrometres(page.height)};
+}
+
+template <typename T>
+bool haveEqualValue(const std::shared_ptr<const T> &a, const std::shared_ptr<const T> &b)
+{
+    return a == b || (a && b && *a == *b);
+}
+
+bool isIn(const LayoutPage &page, const PlacedSystem &system)
+{
+    return std::any_of(page.systems.begin(), page.systems.end(), [&](const PlacedSystem &other) {
+        return other.at == system.at && haveEqualValue(other.drawing, system.drawing);
+    });
+}
+
+/// Collects the boxes of one page.
+class PageChanges {
+public:
+    PageChanges(std::size_t page, std::vector<PlacedBox> &changes) : _page(page), _changes(changes)
+    {
+    }
+
+    void add(const Box &box)
+    {
+        // One more unit on each side: boxes are rounded, and a painter softens edges.
+        constexpr Unit rim = staffSpace / 4;
+        if (!box.isEmpty())
+            _changes.push_back(
+                {_page, {box.left - rim, box.top - rim, box.right + rim, box.bottom + rim}});
+    }
+
+    /// The systems of a page that another one has not.
+    void addWhatOnlyOneHas(const Layout &layout, const LayoutPage &page, const LayoutPage &other)
+    {
+        for (const PlacedSystem &system : page.systems)
+            if (!isIn(other, system))
+                add(system.drawing->marks.box(layout.font()).movedBy(system.at));
+    }
+
+private:
+    std::size_t _page;
+    std::vector<PlacedBox> &_changes;
+};
+
+} // namespace
+
+std::vector<PlacedBox> changesBetween(const Layout &before, const Layout &after)
+{
+    if (before.staffSpace() != after.staffSpace() || &before.font() != &after.font())
+        return wholeSheets(after);
+    std::vector<PlacedBox> changes;
+    for (std::size_t i = 0; i < after.pages().size(); ++i) {
+        const LayoutPage &page = after.pages()[i];
+        PageChanges boxes(i, changes);
+        if (i >= before.pages().size() || before.pages()[i].width != page.width
+            || before.pages()[i].height != page.height) {
+            boxes.add(boxOfSheet(after, page));
+            continue;
+        }
+        const LayoutPage &old = before.pages()[i];
+        boxes.addWhatOnlyOneHas(before, old, page);
+        boxes.addWhatOnlyOneHas(after, page, old);
+        if (!haveEqualValue(old.marks, page.marks)) {
+            if (old.marks)
+                boxes.add(old.marks->box(before.font()));
+            if (page.marks)
+                boxes.add(page.marks->box(after.font()));
+        }
+    }
+    return changes;
+}
+
+std::vector<PlacedBox> wholeSheets(const Layout &layout)
+{
+    std::vector<PlacedBox> sheets;
+    for (std::size_t i = 0; i < layout.pages().size(); ++i)
+        sheets.push_back({i, boxOfSheet(layout, layout.pages()[i])});
+    return sheets;
+}
+
+} // namespace zarn::layout

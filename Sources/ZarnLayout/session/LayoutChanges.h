@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnLayout/draw/ZarnLayoutSearch.h>
+
+#include <vector>
+
+namespace zarn::layout {
+
+/// Boxes outside of which the sheets of two layouts look the same, as far as both have them: what
+/// is there of both, old and new. Sheets that are new or of another size are named as a whole.
+std::vector<PlacedBox> changesBetween(const Layout &before, const Layout &after);
+
+/// Every sheet as a whole.
+std::vector<PlacedBox> wholeSheets(const Layout &layout);
+
+} // namespace zarn::layout

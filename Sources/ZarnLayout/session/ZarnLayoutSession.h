@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnLayout/ZarnLayoutExport.h>
+#include <ZarnLayout/draw/ZarnLayout.h>
+#include <ZarnLayout/draw/ZarnLayoutSearch.h>
+#include <ZarnLayout/session/ZarnScoreLayout.h>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace zarn {
+
+class Score;
+
+namespace layout {
+
+/// What an update of a layout came to.
+struct LayoutUpdate {
+    /// Never null.
+    std::shared_ptr<const Layout> layout;
+
+    /// What looks otherwise than in the layout before: all else of the sheets that both have may
+    /// stay on the screen as it is. Sheets that are new or of another size are named as a whole,
+    /// those that are gone are not named. The first layout names all of its sheets.
+    std::vector<PlacedBox> changed;
+};
+
+/// Keeps the layout of a score up to date while it is edited. A session listens to the events of
+/// the score and marks what they name; `update` then lays out again what is marked and whatever
+/// that reaches. The layout is equal, value by value, to what `layOut` makes of the score.
+///
+/// It belongs to the thread that edits the score, which must outlive it. The layouts may go
+/// anywhere.
+class ZARNLAYOUT_EXPORT LayoutSession {
+public:
+    explicit LayoutSession(Score &score, LayoutOptions options = {});
+
+    /// `texts` must outlive the session.
+    LayoutSession(Score &score, LayoutOptions options, std::shared_ptr<const MusicFont> font,
+                  const TextMeasure &texts);
+    ~LayoutSession();
+    LayoutSession(const LayoutSession &) = delete;
+    LayoutSession &operator=(const LayoutSession &) = delete;
+
+    const LayoutOptions &options() const noexcept;
+    /// The next update shows the score so.
+    void setOptions(LayoutOptions options);
+
+    /// Whether anything is marked, so that an update might give another layout.
+    bool isOutdated() const noexcept;
+
+    /// Called when the layout becomes outdated, once until it is up to date again. It runs inside
+    /// of the command: all that it may do is to arrange for a later update. Empty for nobody.
+    void setOutdatedHandler(std::function<void()> handler);
+
+    /// Lays out what is marked. Never to be called from a listener of the score, which hears of a
+    /// command while it runs; many commands between two updates cost one layout.
+    LayoutUpdate update();
+
+    /// Of the last update; null before the first one.
+    const std::shared_ptr<const Layout> &layout() const noexcept;
+
+private:
+    class Impl;
+
+    std::unique_ptr<Impl> _impl;
+};
+
+} // namespace layout
+} // namespace zarn
