@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnLayout/engrave/Pen.h>
 
+#include <ZarnLayout/engrave/Bow.h>
+
 #include <cmath>
 
 namespace zarn::engraving {
@@ -70,23 +72,27 @@ Ink Pen::polygon(MarkKind kind, std::vector<Point> points) const
 
 Ink Pen::curve(MarkKind kind, Point from, Point to, double height) const
 {
-    constexpr double bow = 4.0 / 3; // the curve reaches three quarters of its handles
+    return curve(kind, Bow::arched(from, to, height).handles());
+}
+
+Ink Pen::curve(MarkKind kind, const std::array<Point, 4> &handles) const
+{
     Ink ink;
     ink.shape = Ink::Shape::Curve;
     ink.kind = kind;
     ink.thickness = _fonts.slurThickness();
-    const double width = to.x - from.x;
-    const double inset = std::min(width * 0.28, 4.0);
-    const double slope = width > 0 ? (to.y - from.y) / width : 0;
-    ink.points = {from,
-                  {from.x + inset, from.y + slope * inset - bow * height},
-                  {to.x - inset, to.y - slope * inset - bow * height},
-                  to};
-    // The middle of the curve, and what is thick of it.
-    const double middle = (from.y + to.y) / 8 + 3 * (ink.points[1].y + ink.points[2].y) / 8;
-    ink.box = boxOf({from, to}, 0);
-    ink.box.top = std::min(ink.box.top, middle - ink.thickness / 2);
-    ink.box.bottom = std::max(ink.box.bottom, middle + ink.thickness / 2);
+    ink.points.assign(handles.begin(), handles.end());
+    ink.box = boxOf({handles[0], handles[3]}, 0);
+    // What the curve reaches, and what is thick of it.
+    constexpr int pieces = 16;
+    for (int i = 1; i < pieces; ++i) {
+        const double t = static_cast<double>(i) / pieces;
+        const double u = 1 - t;
+        const double y = u * u * u * handles[0].y + 3 * u * u * t * handles[1].y
+            + 3 * u * t * t * handles[2].y + t * t * t * handles[3].y;
+        ink.box.top = std::min(ink.box.top, y - ink.thickness / 2);
+        ink.box.bottom = std::max(ink.box.bottom, y + ink.thickness / 2);
+    }
     return ink;
 }
 

@@ -4,6 +4,8 @@
 #include <ZarnLayout/engrave/Fonts.h>
 #include <ZarnLayout/engrave/Ink.h>
 
+#include <array>
+
 namespace zarn::engraving {
 
 /// Makes marks with their boxes, as the fonts have them.
@@ -22,8 +24,9 @@ public:
     Ink polyline(MarkKind kind, std::vector<Point> points, double thickness) const;
     Ink polygon(MarkKind kind, std::vector<Point> points) const;
 
-    /// A curve between two ends that bows by a height, upwards above 0.
+    /// A curve between two ends that bows by a height, upwards above 0; or by its four handles.
     Ink curve(MarkKind kind, Point from, Point to, double height) const;
+    Ink curve(MarkKind kind, const std::array<Point, 4> &handles) const;
 
     /// Text that begins, is centred or ends at x; y is its base line.
     enum class Align { Begin, Centre, End };

@@ -6,6 +6,7 @@
 #include <ZarnLayout/page/FormSigns.h>
 #include <ZarnLayout/page/SlurEngraver.h>
 #include <ZarnLayout/page/Stretches.h>
+#include <ZarnLayout/page/StringLinks.h>
 #include <ZarnLayout/page/TieEngraver.h>
 #include <ZarnLayout/page/TupletEngraver.h>
 #include <ZarnLayout/page/WordSigns.h>

@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnLayout/page/SlurEngraver.h>
 
+#include <ZarnLayout/page/InkField.h>
+#include <ZarnLayout/page/SideItem.h>
+
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <map>
 
@@ -87,9 +91,66 @@ std::vector<NumberedSlur> numberedSlurs(const SystemDraft &draft, unsigned track
     return slurs;
 }
 
+/// A way to bend a slur: how far its ends go away from where they would like to be, and how much
+/// higher it bows at each.
+struct Bending {
+    double from;
+    double to;
+    double fromRise;
+    double toRise;
+    double cost;
+};
+
+const std::vector<Bending> &bendings()
+{
+    static const std::vector<Bending> all = [] {
+        std::vector<Bending> ways;
+        for (const double from : {0.0, 0.4, 0.9, 1.6, 2.4, 3.4})
+            for (const double to : {0.0, 0.4, 0.9, 1.6, 2.4, 3.4})
+                for (const double fromRise : {0.0, 0.6, 1.3, 2.2, 3.4, -0.4})
+                    for (const double toRise : {0.0, 0.6, 1.3, 2.2, 3.4, -0.4})
+                        ways.push_back({from, to, fromRise, toRise,
+                                        0.5 * (from + to) + 0.25 * std::abs(fromRise + toRise)
+                                            + 0.35 * std::abs(fromRise - toRise)
+                                            + 0.2 * std::abs(from - to)});
+        std::stable_sort(ways.begin(), ways.end(), [](const Bending &left, const Bending &right) {
+            return left.cost < right.cost;
+        });
+        return ways;
+    }();
+    return all;
+}
+
+/// The curve that bends least from the wished one, on the least ink.
+Bow leastInked(const Bow &wish, double sign, const InkField &field)
+{
+    constexpr double margin = 0.08;
+    constexpr double areaCost = 25;
+    Bow best = wish;
+    double least = 1e9;
+    for (const Bending &way : bendings()) {
+        if (way.cost >= least)
+            break;
+        Bow bow = wish;
+        bow.from.y -= sign * way.from;
+        bow.to.y -= sign * way.to;
+        bow.fromRise += sign * way.fromRise;
+        bow.toRise += sign * way.toRise;
+        const double cost = way.cost + areaCost * field.coveredBy(bow, margin);
+        if (cost < least) {
+            least = cost;
+            best = bow;
+        }
+    }
+    return best;
+}
+
 class SlurDrawer {
 public:
-    SlurDrawer(RowDraft &row, const SystemDraft &draft) : _row(row), _draft(draft) { }
+    SlurDrawer(RowDraft &row, const SystemDraft &draft) : _row(row), _draft(draft)
+    {
+        _field.add(row.inks);
+    }
 
     void draw(const SlurSpan &span)
     {
@@ -141,54 +202,62 @@ private:
     void drawBetween(const PlacedChord &first, Point from, Point to, bool isAbove)
     {
         const double sign = isAbove ? 1 : -1; // upwards
-        const double width = to.x - from.x;
-        double height = std::clamp(0.6 + 0.09 * width, 0.7, 2.6);
-        // Notes whose stretch is clear of the ends make the curve rise, then its ends.
-        for (int round = 0; round < 24; ++round) {
-            double worst = 0;
-            double atEnds = 0;
-            const int samples = std::clamp(static_cast<int>(width * 2), 6, 60);
-            for (int i = 1; i < samples; ++i) {
-                const double t = static_cast<double>(i) / samples;
-                const double x = from.x + width * t;
-                const double y = from.y + (to.y - from.y) * t - sign * height * 4 * t * (1 - t);
-                const double ink = coveredAt(x, isAbove);
-                const double need = sign * (y - ink) + 0.3;
-                if (need > 0) {
-                    if (t < 0.12 || t > 0.88)
-                        atEnds = std::max(atEnds, need);
-                    else
-                        worst = std::max(worst, need / (4 * t * (1 - t)));
-                }
-            }
-            if (worst <= 0.01 && atEnds <= 0.01)
-                break;
-            if (worst > 0.01 && height < 4)
-                height = std::min(height + worst * 0.6, 4.0);
-            else {
-                from.y -= sign * 0.35;
-                to.y -= sign * 0.35;
-            }
-        }
-        Ink curve = _draft.pen.curve(MarkKind::Slur, from, to, sign * height);
+        const double height = std::clamp(0.6 + 0.09 * (to.x - from.x), 0.7, 2.6);
+        const Bow bow =
+            leastInked(aroundNotes(Bow::arched(from, to, sign * height), isAbove), sign, _field);
+        Ink curve = _draft.pen.curve(MarkKind::Slur, bow.handles());
         curve.place = placeOf(_row, first);
         // The curve covers what is under it, piece by piece.
-        constexpr int pieces = 16;
-        for (int i = 0; i < pieces; ++i) {
-            const double t = (i + 0.5) / pieces;
-            const double y = from.y + (to.y - from.y) * t - sign * height * 4 * t * (1 - t);
-            _row.cover({from.x + width * i / pieces, y - 0.12, from.x + width * (i + 1) / pieces,
-                        y + 0.12});
-        }
+        const std::vector<Point> points = bow.samples();
+        for (std::size_t i = 1; i < points.size(); ++i)
+            _row.cover({points[i - 1].x, std::min(points[i - 1].y, points[i].y) - 0.12, points[i].x,
+                        std::max(points[i - 1].y, points[i].y) + 0.12});
         _row.inks.push_back(std::move(curve));
     }
 
-    /// Ink of chords at a place; the staff itself is no obstacle.
-    double coveredAt(double x, bool isAbove) const
+    /// Notes whose stretch is clear of the ends make the curve rise, then its ends.
+    Bow aroundNotes(Bow bow, bool isAbove) const
+    {
+        constexpr std::size_t count = 40;
+        constexpr double highest = 4.0 * 4 / 3;
+        const double sign = isAbove ? 1 : -1;
+        std::vector<double> edges;
+        for (const Point &point : bow.samples(count))
+            edges.push_back(edgeAt(point.x, isAbove));
+        for (int round = 0; round < 24; ++round) {
+            double worst = 0;
+            double atEnds = 0;
+            const std::vector<Point> points = bow.samples(count);
+            for (std::size_t i = 1; i < count; ++i) {
+                const double need = sign * (points[i].y - edges[i]) + 0.3;
+                if (need <= 0)
+                    continue;
+                const double t = static_cast<double>(i) / count;
+                if (t < 0.15 || t > 0.85)
+                    atEnds = std::max(atEnds, need);
+                else
+                    worst = std::max(worst, need / (3 * t * (1 - t)));
+            }
+            if (worst <= 0.01 && atEnds <= 0.01)
+                break;
+            if (worst > 0.01 && std::abs(bow.fromRise) < highest) {
+                bow.fromRise = sign * std::min(std::abs(bow.fromRise) + worst * 0.6, highest);
+                bow.toRise = bow.fromRise;
+            } else {
+                bow.from.y -= sign * 0.35;
+                bow.to.y -= sign * 0.35;
+            }
+        }
+        return bow;
+    }
+
+    /// The outermost ink of chords at a place; the staff itself is no obstacle.
+    double edgeAt(double x, bool isAbove) const
     {
         double y = isAbove ? 1e9 : -1e9;
         for (const PlacedChord &chord : _row.chords) {
-            if (chord.chord->isRest() || chord.x > x + 3 || rightOf(chord) < x - 3)
+            if (chord.chord->isRest() || chord.x > x + 3 || chord.x < x - 6
+                || rightOf(chord) < x - 3)
                 continue;
             for (const Head &head : chord.chord->heads)
                 if (x > chord.x + head.x - 0.1 && x < chord.x + head.x + head.width + 0.1)
@@ -208,129 +277,94 @@ private:
 
     RowDraft &_row;
     const SystemDraft &_draft;
+    InkField _field;
 };
 
-const Head *headOnString(const PlacedChord &chord, const NoteSource &note)
+/// The best of the curves between two chords of different staves: from either side of each.
+Bow bestCrossing(const NumberedSlur &slur, const InkField &field)
 {
-    const Head *any = nullptr;
-    for (const Head &head : chord.chord->heads) {
-        if (chord.beat().noteCount == 0)
-            return nullptr;
-        const NoteSource &other = chord.note(head);
-        if (note.string >= 0 && other.string == note.string)
-            return &head;
-        if (note.string < 0)
-            any = any ? any : &head;
-    }
-    return any;
+    const PlacedChord &first = slur.firstRow->chords[slur.first];
+    const PlacedChord &last = slur.lastRow->chords[slur.last];
+    const bool isDown = slur.lastRow->y > slur.firstRow->y;
+    constexpr double off = 0.4;
+    constexpr std::array<double, 14> rises = {-10, -7,  -5,  -3.5, -2.5, -1.6, -0.8,
+                                              0.8, 1.6, 2.5, 3.5,  5,    7,    10};
+    Bow best;
+    double least = 1e9;
+    for (const bool fromBelow : {isDown, !isDown})
+        for (const bool toBelow : {!isDown, isDown}) {
+            // From the sides that face one another, where nothing speaks against it.
+            const double turned =
+                (fromBelow != isDown ? 1.0 : 0.0) + (toBelow == isDown ? 1.0 : 0.0);
+            const Point from = {first.headCentre() + 0.2,
+                                slur.firstRow->y
+                                    + (fromBelow ? first.bottom() + off : first.top() - off)};
+            const Point to = {std::max(last.headCentre() - 0.2, from.x + 1),
+                              slur.lastRow->y + (toBelow ? last.bottom() + off : last.top() - off)};
+            for (const double fromRise : rises)
+                for (const double toRise : rises) {
+                    const double cost = turned
+                        + 0.08 * (std::abs(fromRise + toRise) + std::abs(fromRise - toRise))
+                        + (fromRise * toRise < 0 ? 0.5 : 0);
+                    if (cost >= least)
+                        continue;
+                    const Bow bow = {from, to, fromRise, toRise};
+                    const double whole = cost + 25 * field.coveredBy(bow, 0.1);
+                    if (whole < least) {
+                        least = whole;
+                        best = bow;
+                    }
+                }
+        }
+    return best;
 }
 
-class StringLinkDrawer {
-public:
-    StringLinkDrawer(RowDraft &row, const SystemDraft &draft) : _row(row), _draft(draft) { }
-
-    void draw()
-    {
-        for (std::size_t i = 0; i < _row.chords.size(); ++i) {
-            const PlacedChord &chord = _row.chords[i];
-            if (chord.beat().noteCount == 0 || _row.row->notation == Notation::Slash)
+/// Interrupts a hairpin where a slur between staves crosses it: neither can go around the other.
+void interruptHairpins(RowDraft &row, const std::vector<Point> &curve)
+{
+    constexpr double gap = 0.3;
+    Inks pieces;
+    for (Ink &ink : row.inks) {
+        if (ink.kind != MarkKind::Hairpin || ink.shape != Ink::Shape::Line
+            || ink.points.size() != 2)
+            continue;
+        const Point from = ink.points[0];
+        const Point to = ink.points[1];
+        double left = 1e9;
+        double right = -1e9;
+        for (std::size_t i = 1; i < curve.size(); ++i) {
+            const double x = (curve[i - 1].x + curve[i].x) / 2;
+            if (to.x <= from.x || x < from.x || x > to.x)
                 continue;
-            for (const Head &head : chord.chord->heads) {
-                const NoteSource &note = chord.note(head);
-                const auto [target, end] = targetOf(i, note);
-                if (note.marks.isHopo())
-                    addHopo(chord, head, target, end);
-                addSlides(chord, head, note, target, end);
+            const double y = row.y + from.y + (to.y - from.y) * (x - from.x) / (to.x - from.x);
+            if (y > std::min(curve[i - 1].y, curve[i].y) - gap
+                && y < std::max(curve[i - 1].y, curve[i].y) + gap) {
+                left = std::min(left, curve[i - 1].x - gap);
+                right = std::max(right, curve[i].x + gap);
             }
         }
+        if (right < left)
+            continue;
+        const auto at = [&](double x) {
+            return Point{x, from.y + (to.y - from.y) * (x - from.x) / (to.x - from.x)};
+        };
+        const auto cutTo = [](Ink piece, Point start, Point end) {
+            piece.points = {start, end};
+            piece.box = {start.x, std::min(start.y, end.y) - piece.thickness / 2, end.x,
+                         std::max(start.y, end.y) + piece.thickness / 2};
+            return piece;
+        };
+        const bool hasLeft = left > from.x + 0.2;
+        const bool hasRight = right < to.x - 0.2;
+        if (hasLeft && hasRight)
+            pieces.push_back(cutTo(ink, at(right), to));
+        if (hasLeft)
+            ink = cutTo(std::move(ink), from, at(left));
+        else if (hasRight)
+            ink = cutTo(std::move(ink), at(right), to);
     }
-
-private:
-    std::pair<const PlacedChord *, const Head *> targetOf(std::size_t number,
-                                                          const NoteSource &note) const
-    {
-        for (std::size_t i = number + 1; i < _row.chords.size(); ++i) {
-            const PlacedChord &chord = _row.chords[i];
-            if (chord.chord->voice != _row.chords[number].chord->voice || chord.chord->isRest())
-                break;
-            if (const Head *head = headOnString(chord, note))
-                return {&chord, head};
-        }
-        return {nullptr, nullptr};
-    }
-
-    double headLeft(const PlacedChord &chord, const Head &head) const { return chord.x + head.x; }
-
-    void addHopo(const PlacedChord &chord, const Head &head, const PlacedChord *target,
-                 const Head *end)
-    {
-        const bool isTab = _row.row->notation == Notation::Tablature;
-        const double left = headLeft(chord, head) + head.width / 2 + 0.1;
-        const double right =
-            end ? headLeft(*target, *end) + end->width / 2 - 0.1 : _draft.musicRight() - 0.2;
-        const bool isAbove = isTab || !chord.chord->isStemUp;
-        const double sign = isAbove ? -1 : 1;
-        const double off = sign * (isTab ? 0.8 : 0.7);
-        const double to = end && !isTab ? end->y + off : head.y + off;
-        Ink curve = _draft.pen.curve(MarkKind::HammerOn, {left, head.y + off},
-                                     {std::max(right, left + 0.8), to},
-                                     -sign * std::clamp(0.35 + 0.05 * (right - left), 0.4, 1.2));
-        curve.place = placeOf(_row, chord, head.note - chord.beat().firstNote);
-        _row.add(std::move(curve));
-    }
-
-    void addLine(const PlacedChord &chord, const Head &head, Point from, Point to)
-    {
-        Ink line = _draft.pen.line(MarkKind::Slide, from, to, 0.16);
-        line.place = placeOf(_row, chord, head.note - chord.beat().firstNote);
-        _row.add(std::move(line));
-    }
-
-    void addSlides(const PlacedChord &chord, const Head &head, const NoteSource &note,
-                   const PlacedChord *target, const Head *end)
-    {
-        constexpr double stub = 1.4;
-        const bool isTab = _row.row->notation == Notation::Tablature;
-        const double left = headLeft(chord, head);
-        const double right = left + head.width;
-        const double rise = isTab ? 0.55 : 0.8;
-        if (note.marks.slideIn() != SlideIn::None) {
-            const double sign = note.marks.slideIn() == SlideIn::FromBelow ? 1 : -1;
-            addLine(chord, head, {left - 0.2 - stub, head.y + sign * rise},
-                    {left - 0.2, head.y + sign * 0.1});
-        }
-        const SlideOut out = note.marks.slideOut();
-        if (out == SlideOut::None)
-            return;
-        if (out == SlideOut::Shift || out == SlideOut::Legato) {
-            const double stop =
-                end ? leftInkOf(_draft, _row, *target) - 0.2 : _draft.musicRight() - 0.2;
-            if (stop < right + 0.5)
-                return;
-            double from = head.y;
-            double to = end ? end->y : head.y;
-            if (isTab || to == from) {
-                const int step = end && target->note(*end).fret < note.fret ? -1 : 1;
-                from += step * 0.4;
-                to -= step * 0.4;
-            }
-            addLine(chord, head, {right + 0.2, from}, {stop, to});
-            if (out == SlideOut::Legato && isTab) {
-                Ink curve = _draft.pen.curve(MarkKind::Slide, {right, head.y - 0.8},
-                                             {stop, (end ? end->y : head.y) - 0.8}, 0.6);
-                curve.place = placeOf(_row, chord, head.note - chord.beat().firstNote);
-                _row.add(std::move(curve));
-            }
-            return;
-        }
-        const bool isUp = out == SlideOut::Upwards || out == SlideOut::PickScrapeUp;
-        addLine(chord, head, {right + 0.2, head.y + (isUp ? -0.1 : 0.1)},
-                {right + 0.2 + stub, head.y + (isUp ? -rise : rise)});
-    }
-
-    RowDraft &_row;
-    const SystemDraft &_draft;
-};
+    row.inks.insert(row.inks.end(), pieces.begin(), pieces.end());
+}
 
 } // namespace
 
@@ -338,7 +372,6 @@ void addSlurs(RowDraft &row, const SystemDraft &draft)
 {
     if (!row.row->isFirstOfStaff)
         return;
-    SlurDrawer drawer(row, draft);
     std::vector<SlurSpan> spans = markedSlurs(row);
     for (const NumberedSlur &slur : numberedSlurs(draft, row.row->track)) {
         const bool isHere = slur.firstRow == &row || (!slur.firstRow && slur.lastRow == &row);
@@ -346,6 +379,9 @@ void addSlurs(RowDraft &row, const SystemDraft &draft)
         if (isHere && staysHere)
             spans.push_back({slur.first, slur.last, !slur.firstRow, !slur.lastRow});
     }
+    if (spans.empty())
+        return;
+    SlurDrawer drawer(row, draft);
     // Short slurs first: long ones go around them.
     std::stable_sort(spans.begin(), spans.end(), [](const SlurSpan &left, const SlurSpan &right) {
         return left.last - left.first < right.last - right.first;
@@ -364,26 +400,21 @@ void addCrossStaffSlurs(SystemDraft &draft)
         for (const NumberedSlur &slur : numberedSlurs(draft, track)) {
             if (!slur.firstRow || !slur.lastRow || slur.firstRow == slur.lastRow)
                 continue;
-            // From the side that faces the other staff, past the heads.
-            const bool isDown = slur.lastRow->y > slur.firstRow->y;
-            const PlacedChord &first = slur.firstRow->chords[slur.first];
-            const PlacedChord &last = slur.lastRow->chords[slur.last];
-            const double off = isDown ? 0.4 : -0.4;
-            const Point from = {first.headCentre() + 0.2,
-                                slur.firstRow->y + (isDown ? first.bottom() : first.top()) + off};
-            const Point to = {std::max(last.headCentre() - 0.2, from.x + 1),
-                              slur.lastRow->y + (isDown ? last.top() : last.bottom()) - off};
-            Ink curve = draft.pen.curve(MarkKind::Slur, from, to, isDown ? 1.2 : -1.2);
-            curve.place = placeOf(*slur.firstRow, first);
+            InkField field;
+            for (const RowDraft &row : draft.rows)
+                if (row.row->track == track)
+                    field.add(row.inks, row.y);
+            const Bow bow = bestCrossing(slur, field);
+            Ink curve = draft.pen.curve(MarkKind::Slur, bow.handles());
+            curve.place = placeOf(*slur.firstRow, slur.firstRow->chords[slur.first]);
             curves.push_back(std::move(curve));
+            const std::vector<Point> points = bow.samples(200);
+            for (RowDraft &row : draft.rows)
+                if (row.row->track == track)
+                    interruptHairpins(row, points);
         }
     }
     draft.inks.insert(draft.inks.end(), curves.begin(), curves.end());
-}
-
-void addStringLinks(RowDraft &row, const SystemDraft &draft)
-{
-    StringLinkDrawer(row, draft).draw();
 }
 
 } // namespace zarn::engraving

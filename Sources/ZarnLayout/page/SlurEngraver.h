@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ZarnLayout/page/SideItem.h>
+#include <ZarnLayout/page/SystemDraft.h>
 
 namespace zarn::engraving {
 
@@ -11,8 +11,5 @@ void addSlurs(RowDraft &row, const SystemDraft &draft);
 /// Draws the slurs that lead from one staff of a track to another, once the staves have their
 /// places.
 void addCrossStaffSlurs(SystemDraft &draft);
-
-/// Draws hammer-ons, pull-offs and slides between the numbers or heads of a row.
-void addStringLinks(RowDraft &row, const SystemDraft &draft);
 
 } // namespace zarn::engraving

@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnLayout/page/TieEngraver.h>
 
+#include <ZarnLayout/page/InkField.h>
+#include <ZarnLayout/page/SideItem.h>
+
 #include <algorithm>
+#include <cmath>
 
 namespace zarn::engraving {
 
@@ -16,12 +20,31 @@ bool areAtOnePlace(const NoteSource &left, const NoteSource &right)
     return left.midi == right.midi && left.line == right.line;
 }
 
+/// Where a tie may begin and end, below its heads and above them, and where it would like to lie.
+struct TieEnds {
+    int side; ///< 1 above the heads, -1 below
+    Point from[2];
+    Point to[2];
+};
+
 class Ties {
 public:
     Ties(RowDraft &row, const SystemDraft &draft) : _row(row), _draft(draft) { }
 
     void add()
     {
+        const bool hasTies =
+            std::any_of(_row.chords.begin(), _row.chords.end(), [](const PlacedChord &chord) {
+                return chord.beat().noteCount > 0
+                    && std::any_of(chord.chord->heads.begin(), chord.chord->heads.end(),
+                                   [&](const Head &head) {
+                                       const NoteMarks &marks = chord.note(head).marks;
+                                       return marks.isTieOrigin() || marks.isTied();
+                                   });
+            });
+        if (!hasTies)
+            return;
+        _field.add(_row.inks);
         auto &chords = _row.chords;
         for (std::size_t i = 0; i < chords.size(); ++i) {
             const PlacedChord &chord = chords[i];
@@ -119,45 +142,83 @@ private:
     void addFrom(const PlacedChord &chord, const Head &head, const PlacedChord *next,
                  bool leavesSystem)
     {
-        const int side = sideOf(chord, head);
-        const Point from = endAt(chord, head, side, true);
-        const Head *end = partner(next, chord.note(head));
-        if (end)
-            addCurve(chord, head, from, endAt(*next, *end, side, false), side);
-        else
-            addCurve(chord, head, from,
-                     {leavesSystem ? std::max(_draft.musicRight() - 0.1, from.x + 0.8)
-                                   : from.x + shortTie,
-                      from.y},
-                     side);
+        TieEnds ends = {sideOf(chord, head), {}, {}};
+        const Head *partnerHead = partner(next, chord.note(head));
+        for (const int side : {-1, 1}) {
+            const Point from = endAt(chord, head, side, true);
+            ends.from[side > 0] = from;
+            ends.to[side > 0] = partnerHead ? endAt(*next, *partnerHead, side, false)
+                : leavesSystem ? Point{std::max(_draft.musicRight() - 0.1, from.x + 0.8), from.y}
+                               : Point{from.x + shortTie, from.y};
+        }
+        addCurve(chord, head, ends);
     }
 
     void addTo(const PlacedChord &chord, const Head &head, bool entersSystem)
     {
-        const int side = sideOf(chord, head);
-        const Point to = endAt(chord, head, side, false);
-        const double start =
-            entersSystem ? std::min(_draft.musicLeft - 0.45, to.x - 0.7) : to.x - shortTie;
-        addCurve(chord, head, {start, to.y}, to, side);
+        TieEnds ends = {sideOf(chord, head), {}, {}};
+        for (const int side : {-1, 1}) {
+            const Point to = endAt(chord, head, side, false);
+            ends.to[side > 0] = to;
+            ends.from[side > 0] = {entersSystem ? std::min(_draft.musicLeft - 0.3, to.x - 0.8)
+                                                : to.x - shortTie,
+                                   to.y};
+        }
+        addCurve(chord, head, ends);
     }
 
-    void addCurve(const PlacedChord &chord, const Head &head, Point from, Point to, int side)
+    void addCurve(const PlacedChord &chord, const Head &head, const TieEnds &wish)
     {
-        const double y = side > 0 ? std::min(from.y, to.y) : std::max(from.y, to.y);
-        from.y = to.y = y;
-        if (to.x < from.x + 0.6)
-            to.x = from.x + 0.6;
-        const double height = std::clamp(0.3 + 0.05 * (to.x - from.x), 0.35, 1.1);
-        Ink curve = _draft.pen.curve(MarkKind::Tie, from, to, side * height);
-        curve.place.track = static_cast<std::int16_t>(_row.row->track);
-        curve.place.staff = static_cast<std::int8_t>(_row.row->staff);
-        curve.place.bar = static_cast<std::int32_t>(chord.bar);
-        curve.place.voice = static_cast<std::int8_t>(chord.chord->voice);
-        curve.place.beat = static_cast<std::int16_t>(chord.beat().index);
-        curve.place.note = static_cast<std::int16_t>(head.note - chord.beat().firstNote);
+        const Bow bow = bestBow(wish);
+        Ink curve = _draft.pen.curve(MarkKind::Tie, bow.handles());
+        curve.place = placeOf(_row, chord, head.note - chord.beat().firstNote);
         _row.add(std::move(curve));
     }
 
+    /// The curve that is nearest to the usual one of those that lie on no ink, or on the least.
+    Bow bestBow(const TieEnds &wish) const
+    {
+        struct Try {
+            double shift; ///< of both ends away from the head
+            double height;
+            double cost;
+        };
+        static const std::vector<Try> tries = [] {
+            std::vector<Try> all;
+            for (const double shift : {0.0, -0.15, 0.15, 0.3, 0.5, 0.75, 1.0})
+                for (const double height : {1.0, 0.75, 1.3, 1.7, 2.2, 2.8})
+                    all.push_back(
+                        {shift, height, 1.2 * std::abs(shift) + 0.5 * std::abs(height - 1)});
+            std::stable_sort(all.begin(), all.end(), [](const Try &left, const Try &right) {
+                return left.cost < right.cost;
+            });
+            return all;
+        }();
+        Bow best;
+        double least = 1e9;
+        for (const int side : {wish.side, -wish.side}) {
+            const double turned = side == wish.side ? 0 : 0.4;
+            Point from = wish.from[side > 0];
+            Point to = wish.to[side > 0];
+            from.y = to.y = side > 0 ? std::min(from.y, to.y) : std::max(from.y, to.y);
+            to.x = std::max(to.x, from.x + 0.6);
+            const double height = std::clamp(0.3 + 0.05 * (to.x - from.x), 0.35, 1.1);
+            for (const Try &way : tries) {
+                if (way.cost + turned >= least)
+                    break;
+                const double y = from.y - side * way.shift;
+                const Bow bow = Bow::arched({from.x, y}, {to.x, y}, side * height * way.height);
+                const double cost = way.cost + turned + 60 * _field.coveredBy(bow, 0.06);
+                if (cost < least) {
+                    least = cost;
+                    best = bow;
+                }
+            }
+        }
+        return best;
+    }
+
+    InkField _field;
     RowDraft &_row;
     const SystemDraft &_draft;
 };

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnLayout/engrave/Bow.h>
+
+#include <algorithm>
+
+namespace zarn::engraving {
+
+std::array<Point, 4> Bow::handles() const
+{
+    const double width = to.x - from.x;
+    const double inset = std::min(width * 0.28, 4.0);
+    const double slope = width > 0 ? (to.y - from.y) / width : 0;
+    return {from,
+            {from.x + inset, from.y + slope * inset - fromRise},
+            {to.x - inset, to.y - slope * inset - toRise},
+            to};
+}
+
+std::vector<Point> Bow::samples(std::size_t count) const
+{
+    const std::array<Point, 4> handle = handles();
+    std::vector<Point> points(count + 1);
+    for (std::size_t i = 0; i <= count; ++i) {
+        const double t = static_cast<double>(i) / static_cast<double>(count);
+        const double u = 1 - t;
+        const std::array<double, 4> part = {u * u * u, 3 * u * u * t, 3 * u * t * t, t * t * t};
+        for (std::size_t k = 0; k < 4; ++k) {
+            points[i].x += part[k] * handle[k].x;
+            points[i].y += part[k] * handle[k].y;
+        }
+    }
+    return points;
+}
+
+std::vector<Point> Bow::samples() const
+{
+    return samples(static_cast<std::size_t>(std::clamp((to.x - from.x) * 3, 12.0, 150.0)));
+}
+
+} // namespace zarn::engraving

@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnLayout/page/InkField.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace zarn::engraving {
+
+namespace {
+
+/// What a curve does wrong when it lies on a mark; 0 for what it may lie on.
+float weightOf(MarkKind kind)
+{
+    switch (kind) {
+    case MarkKind::StaffLine:
+    case MarkKind::LedgerLine:
+    case MarkKind::SystemLine:
+    case MarkKind::BarLine:
+    case MarkKind::Brace:
+    case MarkKind::Bracket:
+    case MarkKind::Tie:
+    case MarkKind::Slur:
+    case MarkKind::HammerOn:
+        return 0;
+    case MarkKind::Stem:
+    case MarkKind::GraceSlash:
+        return 0.5F;
+    case MarkKind::Beam:
+    case MarkKind::Tremolo:
+    case MarkKind::Hairpin:
+        return 0.6F;
+    default:
+        return 1;
+    }
+}
+
+} // namespace
+
+void InkField::add(const Inks &inks, double y)
+{
+    for (const Ink &ink : inks) {
+        const float weight = weightOf(ink.kind);
+        if (weight == 0)
+            continue;
+        const auto addEdge = [&](const Point &from, const Point &to, double half) {
+            const bool isForward = from.x <= to.x;
+            const Point &left = isForward ? from : to;
+            const Point &right = isForward ? to : from;
+            // A line that stands is as wide as it is thick.
+            const double side = right.x - left.x < 2 * half ? half : 0;
+            const double top = std::min(left.y, right.y) + y;
+            const double bottom = std::max(left.y, right.y) + y;
+            if (side > 0)
+                add({left.x - side, right.x + side, {top, top}, {bottom, bottom}, weight, false});
+            else
+                add({left.x,
+                     right.x,
+                     {left.y + y - half, right.y + y - half},
+                     {left.y + y + half, right.y + y + half},
+                     weight,
+                     false});
+        };
+        if (ink.shape == Ink::Shape::Line) {
+            for (std::size_t i = 1; i < ink.points.size(); ++i)
+                addEdge(ink.points[i - 1], ink.points[i], ink.thickness / 2);
+        } else if (ink.shape == Ink::Shape::Polygon && ink.points.size() == 4
+                   && ink.points[0].x == ink.points[3].x && ink.points[1].x == ink.points[2].x) {
+            const Point middle[2] = {{ink.points[0].x, (ink.points[0].y + ink.points[3].y) / 2},
+                                     {ink.points[1].x, (ink.points[1].y + ink.points[2].y) / 2}};
+            addEdge(middle[0], middle[1], std::abs(ink.points[3].y - ink.points[0].y) / 2);
+        } else {
+            const Box box = ink.box.movedBy(0, y);
+            const bool isRound =
+                ink.kind == MarkKind::NoteHead || ink.kind == MarkKind::AugmentationDot;
+            add({box.left,
+                 box.right,
+                 {box.top, box.top},
+                 {box.bottom, box.bottom},
+                 weight,
+                 isRound});
+        }
+    }
+}
+
+void InkField::add(const Obstacle &obstacle)
+{
+    const auto binOf = [](double x) {
+        return static_cast<std::size_t>(std::clamp(x / binWidth, 0.0, 1e6));
+    };
+    const std::size_t last = binOf(obstacle.right + 0.5);
+    if (last >= _bins.size())
+        _bins.resize(last + 1);
+    for (std::size_t bin = binOf(obstacle.left - 0.5); bin <= last; ++bin)
+        _bins[bin].push_back(obstacle);
+}
+
+double InkField::coveredBy(const Bow &bow, double margin) const
+{
+    const std::vector<Point> points = bow.samples();
+    double area = 0;
+    for (std::size_t i = 1; i < points.size(); ++i) {
+        const double x = (points[i - 1].x + points[i].x) / 2;
+        const double y = (points[i - 1].y + points[i].y) / 2;
+        const auto bin = static_cast<std::size_t>(std::max(x / binWidth, 0.0));
+        if (bin >= _bins.size())
+            continue;
+        const double part = static_cast<double>(i) / static_cast<double>(points.size());
+        const double half = 0.05 + 0.06 * 4 * part * (1 - part)
+            + std::abs(points[i].y - points[i - 1].y) / 2; // a steep piece covers its height
+        for (const Obstacle &obstacle : _bins[bin]) {
+            if (x < obstacle.left - margin || x > obstacle.right + margin)
+                continue;
+            const double width = std::max(obstacle.right - obstacle.left, 1e-6);
+            const double across = std::clamp((x - obstacle.left) / width, 0.0, 1.0);
+            double top = obstacle.top[0] + (obstacle.top[1] - obstacle.top[0]) * across - margin;
+            double bottom =
+                obstacle.bottom[0] + (obstacle.bottom[1] - obstacle.bottom[0]) * across + margin;
+            if (obstacle.isRound) {
+                const double off = std::abs(2 * across - 1);
+                const double cut =
+                    (bottom - top) / 2 * (1 - std::sqrt(1 - std::min(off * off, 0.99)));
+                top += cut;
+                bottom -= cut;
+            }
+            const double height = std::min(bottom, y + half) - std::max(top, y - half);
+            if (height > 0)
+                area += height * (points[i].x - points[i - 1].x) * obstacle.weight;
+        }
+    }
+    return area;
+}
+
+} // namespace zarn::engraving
