@@ -13,13 +13,8 @@ namespace Halvec::audio {
 
 namespace {
 
-using Kind = TimedEvent::Kind;
-using zarn::playback::Lane;
-using zarn::playback::PlannedControl;
-using zarn::playback::PlannedNote;
 using zarn::playback::PlaybackPlan;
 
-constexpr std::size_t mostChannels = 256;
 constexpr float fullScale = 0.99F;
 
 /// Seconds that reverb goes on for, and that a note may take to fade out.
@@ -31,101 +26,11 @@ double decibels(double value)
     return std::pow(10.0, value / 20);
 }
 
-std::size_t channelsOf(const PlaybackPlan &plan)
-{
-    return std::clamp<std::size_t>(plan.lanes().size(), 1, mostChannels);
-}
-
-/// The events of a plan, one kind after the other.
-class EventMaker {
-public:
-    EventMaker(const PlaybackPlan &plan, int rate)
-        : _plan(plan), _rate(rate), _origin(plan.tempo().secondsAt(plan.start()))
-    {
-    }
-
-    std::vector<TimedEvent> make()
-    {
-        for (const PlannedControl &control : _plan.controls())
-            addControl(control);
-        for (const PlannedNote &note : _plan.notes())
-            if (note.lane < channelsOf(_plan))
-                addNote(note);
-        return std::move(_events);
-    }
-
-    std::int64_t frameOf(double second) const { return std::llround((second - _origin) * _rate); }
-
-private:
-    void add(double second, Kind kind, std::size_t channel, int key, int value, double amount = 0)
-    {
-        _events.push_back({frameOf(second), kind, static_cast<std::uint8_t>(channel),
-                           static_cast<std::uint8_t>(key), static_cast<std::uint8_t>(value),
-                           amount});
-    }
-
-    /// A track sounds the same on all of its lanes, but for percussion, which has its own programs.
-    void addControl(const PlannedControl &control)
-    {
-        for (std::size_t lane = 0; lane < channelsOf(_plan); ++lane) {
-            if (_plan.lanes()[lane].track != control.track)
-                continue;
-            if (control.kind == PlannedControl::Kind::Controller)
-                add(control.second, Kind::Controller, lane, control.number, control.value);
-            else if (_plan.lanes()[lane].role != Lane::Role::Percussion)
-                add(control.second, Kind::Program, lane, control.value >> 7, control.number);
-        }
-    }
-
-    void addNote(const PlannedNote &note)
-    {
-        add(note.startSecond, Kind::NoteOn, note.lane, note.key, note.velocity);
-        add(note.endSecond, Kind::NoteOff, note.lane, note.key, 0);
-        const auto *const motion = _plan.motionOf(note);
-        double semitones = motion == nullptr ? 0 : motion->semitonesAt(note.start);
-        add(note.startSecond, Kind::Bend, note.lane, 0, 0, semitones);
-        if (motion == nullptr)
-            return;
-        // A step for each block, when there is something to hear.
-        constexpr double audible = 0.005;
-        const double step = static_cast<double>(Synthesizer::blockFrames) / _rate;
-        for (double second = note.startSecond + step; second < note.endSecond; second += step) {
-            const double next = semitonesAt(*motion, _plan.tempo().quartersAt(second));
-            if (std::abs(next - semitones) < audible)
-                continue;
-            semitones = next;
-            add(second, Kind::Bend, note.lane, 0, 0, semitones);
-        }
-    }
-
-    /// What the motion has between its points, without fractions, which grow large here.
-    static double semitonesAt(const zarn::playback::PitchMotion &motion, double quarters)
-    {
-        const auto &points = motion.points;
-        const auto next = std::find_if(points.begin(), points.end(), [quarters](const auto &point) {
-            return point.time.toDouble() > quarters;
-        });
-        if (next == points.begin())
-            return points.front().semitones;
-        if (next == points.end())
-            return points.back().semitones;
-        const auto before = std::prev(next);
-        const double start = before->time.toDouble();
-        const double share = (quarters - start) / (next->time.toDouble() - start);
-        return before->semitones + share * (next->semitones - before->semitones);
-    }
-
-    const PlaybackPlan &_plan;
-    int _rate;
-    double _origin;
-    std::vector<TimedEvent> _events;
-};
-
-Synthesizer::Settings settingsOf(const PlaybackPlan &plan, const ScoreRenderer::Settings &settings)
+Synthesizer::Settings settingsOf(const PlanSound &sound, const ScoreRenderer::Settings &settings)
 {
     Synthesizer::Settings made;
     made.rate = settings.rate;
-    made.channels = static_cast<int>(channelsOf(plan));
+    made.channels = static_cast<int>(sound.channels().size());
     made.hasReverb = settings.hasReverb;
     made.hasChorus = settings.hasReverb;
     return made;
@@ -133,20 +38,18 @@ Synthesizer::Settings settingsOf(const PlaybackPlan &plan, const ScoreRenderer::
 
 } // namespace
 
-std::vector<TimedEvent> timedEvents(const PlaybackPlan &plan, int rate)
+ScoreRenderer::ScoreRenderer(const PlaybackPlan &plan, const Settings &settings)
+    : ScoreRenderer(PlanSound(plan), settings)
 {
-    return EventMaker(plan, rate).make();
 }
 
-ScoreRenderer::ScoreRenderer(const PlaybackPlan &plan, const Settings &settings)
-    : _settings(settings), _events(timedEvents(plan, settings.rate)),
-      _end(EventMaker(plan, settings.rate).frameOf(plan.tempo().secondsAt(plan.end()))),
-      _synthesizer(settingsOf(plan, settings))
+ScoreRenderer::ScoreRenderer(const PlanSound &sound, const Settings &settings)
+    : _settings(settings), _events(sound.events(settings.rate)), _end(sound.end(settings.rate)),
+      _synthesizer(settingsOf(sound, settings))
 {
-    for (std::size_t lane = 0; lane < channelsOf(plan); ++lane)
-        _synthesizer.setPercussion(static_cast<int>(lane),
-                                   lane < plan.lanes().size()
-                                       && plan.lanes()[lane].role == Lane::Role::Percussion);
+    for (std::size_t channel = 0; channel < sound.channels().size(); ++channel)
+        _synthesizer.setPercussion(static_cast<int>(channel),
+                                   sound.channels()[channel].isPercussion);
 }
 
 ScoreRenderer::~ScoreRenderer() = default;

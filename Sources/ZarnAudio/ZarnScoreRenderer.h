@@ -2,6 +2,7 @@
 #pragma once
 
 #include <ZarnAudio/ZarnAudioExport.h>
+#include <ZarnAudio/ZarnPlanSound.h>
 #include <ZarnAudio/ZarnSynthesizer.h>
 #include <ZarnAudio/ZarnTimedEvent.h>
 
@@ -17,11 +18,6 @@ class PlaybackPlan;
 namespace Halvec::audio {
 
 class AudioWriter;
-
-/// What a synthesizer does to play a plan: channel n plays lane n, and everything is so much later
-/// that nothing begins in front of frame 0. Lanes from 256 on are not played.
-ZARNAUDIO_EXPORT std::vector<TimedEvent> timedEvents(const zarn::playback::PlaybackPlan &plan,
-                                                     int rate);
 
 /// Renders a plan by a sound font: the same frames every time.
 class ZARNAUDIO_EXPORT ScoreRenderer {
@@ -50,6 +46,8 @@ public:
     bool write(AudioWriter &writer);
 
 private:
+    ScoreRenderer(const PlanSound &sound, const Settings &settings);
+
     using Take = std::function<bool(float *frames, std::int64_t count)>;
     void render(const Take &take);
 

@@ -22,10 +22,12 @@ namespace {
 /// which volumes and regions can take back, and what is rendered is louder by them.
 constexpr double headroom = 36;
 
-constexpr double silence = -144;
+constexpr double inaudible = -144;
 constexpr double loudest = 12;
 
 constexpr double farthestBend = 48; ///< semitones
+
+constexpr int generalMidiDrums = 9; ///< the channel of percussion in General MIDI, from 0
 
 struct DeleteSettings {
     void operator()(fluid_settings_t *settings) const { delete_fluid_settings(settings); }
@@ -57,6 +59,8 @@ public:
         };
         constexpr int channelGroup = 16;
         _channels.resize(static_cast<std::size_t>(settings.channels));
+        if (has(generalMidiDrums))
+            _channels[generalMidiDrums].isPercussion = true;
         set("synth.midi-channels",
             (settings.channels + channelGroup - 1) / channelGroup * channelGroup);
         set("synth.polyphony", settings.polyphony);
@@ -97,11 +101,17 @@ public:
         return true;
     }
 
-    void setPercussion(int channel, bool isPercussion)
+    void setPercussion(int channel, bool isPercussion) noexcept
     {
         fluid_synth_set_channel_type(_synth.get(), channel,
                                      isPercussion ? CHANNEL_TYPE_DRUM : CHANNEL_TYPE_MELODIC);
+        _channels[static_cast<std::size_t>(channel)].isPercussion = isPercussion;
         resetChannel(channel);
+    }
+
+    bool isPercussion(int channel) const noexcept
+    {
+        return has(channel) && _channels[static_cast<std::size_t>(channel)].isPercussion;
     }
 
     bool has(int channel) const noexcept
@@ -128,6 +138,13 @@ public:
 
     void reset() noexcept
     {
+        for (Channel &channel : _channels)
+            channel.volume = channel.pan = 0;
+        silence();
+    }
+
+    void silence() noexcept
+    {
         fluid_synth_system_reset(_synth.get());
         resetChannels();
     }
@@ -137,6 +154,9 @@ private:
         BankFont *bank = nullptr;
         int fontNumber = FLUID_FAILED;
         double bend = 0;
+        double volume = 0; ///< decibels
+        double pan = 0;
+        bool isPercussion = false;
     };
 
     void resetChannels() noexcept
@@ -154,14 +174,15 @@ private:
             fluid_synth_program_change(_synth.get(), channel, 0);
         fluid_synth_cc(_synth.get(), channel, volumeController, 127);
         bend(channel, 0);
-        setVolume(channel, 0);
-        setPan(channel, 0);
+        setVolume(channel, state.volume);
+        setPan(channel, state.pan);
     }
 
     void setVolume(int channel, double decibels) noexcept
     {
         constexpr double centibels = 10;
-        const double volume = std::clamp(decibels, silence, loudest); // no number is silence
+        _channels[static_cast<std::size_t>(channel)].volume = decibels;
+        const double volume = std::clamp(decibels, inaudible, loudest); // no number is silence
         fluid_synth_set_gen(_synth.get(), channel, GEN_ATTENUATION,
                             static_cast<float>((headroom - volume) * centibels));
     }
@@ -169,6 +190,7 @@ private:
     void setPan(int channel, double pan) noexcept
     {
         constexpr double hardPan = 500;
+        _channels[static_cast<std::size_t>(channel)].pan = pan;
         fluid_synth_set_gen(_synth.get(), channel, GEN_PAN,
                             static_cast<float>(hardPan * std::clamp(pan, -1.0, 1.0)));
     }
@@ -236,7 +258,7 @@ void Synthesizer::Fluid::apply(const TimedEvent &event, int phase) noexcept
 Synthesizer::Synthesizer(const Settings &settings) : _settings(settings)
 {
     _settings.rate = std::clamp(_settings.rate, 8000, 96000);
-    _settings.channels = std::clamp(_settings.channels, 1, 256);
+    _settings.channels = std::clamp(_settings.channels, 1, mostChannels);
     _settings.polyphony = std::clamp(_settings.polyphony, 1, 4096);
     _fluid = std::make_unique<Fluid>(_settings);
 }
@@ -269,10 +291,15 @@ bool Synthesizer::hasBank(int channel) const noexcept
     return _fluid->hasBank(channel);
 }
 
-void Synthesizer::setPercussion(int channel, bool isPercussion)
+void Synthesizer::setPercussion(int channel, bool isPercussion) noexcept
 {
     if (_fluid->has(channel))
         _fluid->setPercussion(channel, isPercussion);
+}
+
+bool Synthesizer::isPercussion(int channel) const noexcept
+{
+    return _fluid->isPercussion(channel);
 }
 
 void Synthesizer::apply(const TimedEvent &event, int phase) noexcept
@@ -293,6 +320,11 @@ int Synthesizer::voiceCount() const noexcept
 void Synthesizer::reset() noexcept
 {
     _fluid->reset();
+}
+
+void Synthesizer::silence() noexcept
+{
+    _fluid->silence();
 }
 
 } // namespace Halvec::audio

@@ -21,9 +21,12 @@ class SampleCache;
 /// allocates nor locks, on one thread at a time.
 class ZARNAUDIO_EXPORT Synthesizer {
 public:
+    /// FluidSynth has them in sixteens, and takes the number 255 for none.
+    static constexpr int mostChannels = 240;
+
     struct Settings {
         int rate = 44100;      ///< frames per second, 8000 to 96000
-        int channels = 16;     ///< 1 to 256
+        int channels = 16;     ///< 1 to `mostChannels`
         int polyphony = 256;   ///< voices that sound at once; the least audible one goes first
         bool hasReverb = true; ///< what fonts and controller 91 send to it
         bool hasChorus = true; ///< what fonts and controller 93 send to it
@@ -52,7 +55,8 @@ public:
     bool hasBank(int channel) const noexcept;
 
     /// Whether a channel plays the percussion of General MIDI, as channel 9 does at first.
-    void setPercussion(int channel, bool isPercussion);
+    void setPercussion(int channel, bool isPercussion) noexcept;
+    bool isPercussion(int channel) const noexcept;
 
     /// Does what an event says in the block that is rendered next; its frame does not matter. Notes
     /// of banks begin a block and `phase` frames after the start of that block, 0 to 63; all else
@@ -65,8 +69,10 @@ public:
     /// Voices that sound, those that fade out included.
     int voiceCount() const noexcept;
 
-    /// Ends all notes at once and forgets what events have set.
+    /// Ends all notes and reverb at once and forgets what events have set; `silence` keeps volumes
+    /// and places between the speakers.
     void reset() noexcept;
+    void silence() noexcept;
 
 private:
     class Fluid;

@@ -3,6 +3,7 @@
 #include "Sounds.h"
 
 #include <ZarnAudio/ZarnEventRenderer.h>
+#include <ZarnAudio/ZarnPlanSound.h>
 #include <ZarnAudio/ZarnSampleCache.h>
 #include <ZarnAudio/ZarnScoreRenderer.h>
 #include <ZarnAudio/ZarnSoundFonts.h>
@@ -71,7 +72,7 @@ TEST(ScoreRenderer, everyNoteOfAPlanIsHeardAtItsFrame)
         const double origin = plan.tempo().secondsAt(plan.start());
         for (const auto &note : plan.notes())
             expected.insert(std::llround((note.startSecond - origin) * rate));
-        EventRenderer renderer(synthesizer, timedEvents(plan, rate));
+        EventRenderer renderer(synthesizer, PlanSound(plan).events(rate));
         std::vector<float> frames(static_cast<std::size_t>(2 * (*expected.rbegin() + 500)));
         renderer.render(frames.data(), std::int64_t(frames.size()) / 2);
 

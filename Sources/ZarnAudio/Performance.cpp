@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnAudio/Performance.h>
+
+#include <ZarnAudio/ZarnPlanSound.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace Halvec::audio {
+
+namespace {
+
+zarn::playback::PlanOptions everything()
+{
+    zarn::playback::PlanOptions options;
+    options.audibility = zarn::playback::Audibility::Everything;
+    return options;
+}
+
+} // namespace
+
+Program::Program(const zarn::ScoreModel &model)
+    : plan(model, everything()), beats(beatsOf(model)), master(model.masterTrack()->volumePan())
+{
+    for (const auto &track : model.tracks())
+        switches.push_back(track->playback());
+}
+
+Performance::Performance(std::shared_ptr<const Program> played,
+                         std::shared_ptr<Instrument> playedBy, Mixer &mixer, double speed)
+    : program(std::move(played)), instrument(std::move(playedBy))
+{
+    const auto &plan = program->plan;
+    const int rate = instrument->synthesizer.settings().rate;
+    origin = plan.tempo().secondsAt(plan.start());
+    framesPerSecond = rate / speed;
+    const PlanSound sound(plan);
+    end = sound.end(rate, speed);
+    events = EventSequence(sound.events(rate, speed), instrument->synthesizer);
+    for (auto &strip : mixer.strips())
+        strip.channels.clear();
+    for (std::size_t i = 0; i < sound.channels().size(); ++i) {
+        const auto &channel = sound.channels()[i];
+        isPercussion[i] = channel.isPercussion;
+        if (channel.track < mixer.strips().size())
+            mixer.strips()[channel.track].channels.push_back(static_cast<std::uint8_t>(i));
+    }
+    mix = mixer.events(0);
+    for (const PlannedClick &click : clicksOf(plan, program->beats)) {
+        const auto frame = frameOf(click.second);
+        if (clicks.empty() || clicks.back().frame < frame)
+            clicks.push_back({frame, click.isBarStart});
+    }
+    // A balance: the middle leaves both sides as they are.
+    const float pan = program->master.pan();
+    left = program->master.volume() * std::min(1.0F, 1 - pan);
+    right = program->master.volume() * std::min(1.0F, 1 + pan);
+}
+
+std::int64_t Performance::frameOf(double second) const noexcept
+{
+    constexpr double most = 1e15;
+    const double frame = (second - origin) * framesPerSecond;
+    return std::max<std::int64_t>(0, std::llround(std::clamp(frame, -most, most)));
+}
+
+} // namespace Halvec::audio

@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnAudio/ZarnPlanSound.h>
+
+#include <ZarnAudio/ZarnSynthesizer.h>
+#include <ZarnCore/playback/ZarnPlaybackPlan.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace Halvec::audio {
+
+namespace {
+
+using Kind = TimedEvent::Kind;
+using zarn::playback::Lane;
+using zarn::playback::PitchMotion;
+using zarn::playback::PlannedControl;
+using zarn::playback::PlannedNote;
+using zarn::playback::PlaybackPlan;
+
+/// The events of a plan, one kind after the other.
+class EventMaker {
+public:
+    EventMaker(const PlaybackPlan &plan, const std::vector<PlanSound::Channel> &channels,
+               double framesPerSecond)
+        : _plan(plan), _channels(channels), _framesPerSecond(framesPerSecond),
+          _origin(plan.tempo().secondsAt(plan.start()))
+    {
+    }
+
+    std::vector<TimedEvent> make()
+    {
+        for (const PlannedControl &control : _plan.controls())
+            addControl(control);
+        for (const PlannedNote &note : _plan.notes())
+            if (note.lane < _channels.size())
+                addNote(note);
+        return std::move(_events);
+    }
+
+    std::int64_t frameOf(double second) const
+    {
+        return std::llround((second - _origin) * _framesPerSecond);
+    }
+
+private:
+    void add(double second, Kind kind, std::size_t channel, int key, int value, double amount = 0)
+    {
+        _events.push_back({frameOf(second), kind, static_cast<std::uint8_t>(channel),
+                           static_cast<std::uint8_t>(key), static_cast<std::uint8_t>(value),
+                           amount});
+    }
+
+    /// A track sounds the same on all of its channels, but for percussion, which has its own
+    /// programs.
+    void addControl(const PlannedControl &control)
+    {
+        for (std::size_t channel = 0; channel < _channels.size(); ++channel) {
+            if (_channels[channel].track != control.track)
+                continue;
+            if (control.kind == PlannedControl::Kind::Controller)
+                add(control.second, Kind::Controller, channel, control.number, control.value);
+            else if (!_channels[channel].isPercussion)
+                add(control.second, Kind::Program, channel, control.value >> 7, control.number);
+        }
+    }
+
+    void addNote(const PlannedNote &note)
+    {
+        add(note.startSecond, Kind::NoteOn, note.lane, note.key, note.velocity);
+        add(note.endSecond, Kind::NoteOff, note.lane, note.key, 0);
+        const auto *const motion = _plan.motionOf(note);
+        double semitones = motion == nullptr ? 0 : motion->semitonesAt(note.start);
+        add(note.startSecond, Kind::Bend, note.lane, 0, 0, semitones);
+        if (motion == nullptr)
+            return;
+        // A step for each block, when there is something to hear.
+        constexpr double audible = 0.005;
+        const double step = static_cast<double>(Synthesizer::blockFrames) / _framesPerSecond;
+        for (double second = note.startSecond + step; second < note.endSecond; second += step) {
+            const double next = semitonesAt(*motion, _plan.tempo().quartersAt(second));
+            if (std::abs(next - semitones) < audible)
+                continue;
+            semitones = next;
+            add(second, Kind::Bend, note.lane, 0, 0, semitones);
+        }
+    }
+
+    /// What the motion has between its points, without fractions, which grow large here.
+    static double semitonesAt(const PitchMotion &motion, double quarters)
+    {
+        const auto &points = motion.points;
+        const auto next = std::find_if(points.begin(), points.end(), [quarters](const auto &point) {
+            return point.time.toDouble() > quarters;
+        });
+        if (next == points.begin())
+            return points.front().semitones;
+        if (next == points.end())
+            return points.back().semitones;
+        const auto before = std::prev(next);
+        const double start = before->time.toDouble();
+        const double share = (quarters - start) / (next->time.toDouble() - start);
+        return before->semitones + share * (next->semitones - before->semitones);
+    }
+
+    const PlaybackPlan &_plan;
+    const std::vector<PlanSound::Channel> &_channels;
+    double _framesPerSecond;
+    double _origin;
+    std::vector<TimedEvent> _events;
+};
+
+} // namespace
+
+PlanSound::PlanSound(const PlaybackPlan &plan) : _plan(plan)
+{
+    for (const Lane &lane : plan.lanes()) {
+        if (_channels.size() == Synthesizer::mostChannels)
+            break;
+        const auto number = static_cast<std::uint16_t>(_channels.size());
+        _channels.push_back({lane.track, number, lane.role == Lane::Role::Percussion});
+    }
+}
+
+PlanSound::~PlanSound() = default;
+
+std::vector<TimedEvent> PlanSound::events(int rate, double speed) const
+{
+    return EventMaker(_plan, _channels, rate / speed).make();
+}
+
+std::int64_t PlanSound::end(int rate, double speed) const
+{
+    return EventMaker(_plan, _channels, rate / speed).frameOf(_plan.tempo().secondsAt(_plan.end()));
+}
+
+} // namespace Halvec::audio
