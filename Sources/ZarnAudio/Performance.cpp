@@ -11,20 +11,26 @@ namespace Halvec::audio {
 
 namespace {
 
-zarn::playback::PlanOptions everything()
+using zarn::playback::Audibility;
+using zarn::playback::PlanOptions;
+
+/// All tracks are there, so that each can be switched on while it plays.
+PlanOptions withEverything(PlanOptions options)
 {
-    zarn::playback::PlanOptions options;
-    options.audibility = zarn::playback::Audibility::Everything;
+    options.audibility = Audibility::Everything;
     return options;
 }
 
 } // namespace
 
-Program::Program(const zarn::ScoreModel &model)
-    : plan(model, everything()), beats(beatsOf(model)), master(model.masterTrack()->volumePan())
+Program::Program(const zarn::ScoreModel &model, const PlanOptions &options)
+    : plan(model, withEverything(options)), beats(beatsOf(model)),
+      master(model.masterTrack()->volumePan())
 {
     for (const auto &track : model.tracks())
-        switches.push_back(track->playback());
+        switches.push_back(options.audibility == Audibility::Everything
+                               ? zarn::TrackPlayback::Normal
+                               : track->playback());
 }
 
 Performance::Performance(std::shared_ptr<const Program> played,

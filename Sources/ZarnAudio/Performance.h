@@ -36,7 +36,7 @@ struct Click {
 
 /// What is played of a score, whatever the speed.
 struct Program {
-    explicit Program(const zarn::ScoreModel &model);
+    Program(const zarn::ScoreModel &model, const zarn::playback::PlanOptions &options);
 
     zarn::playback::PlaybackPlan plan;
     std::vector<BarBeats> beats;               ///< of the metronome, by bar
@@ -54,10 +54,10 @@ struct Performance {
     std::shared_ptr<Instrument> instrument;
     EventSequence events;
     std::array<bool, Synthesizer::mostChannels> isPercussion{}; ///< by channel
-    std::vector<Click> clicks;            ///< in order of time
-    std::vector<TimedEvent> mix;          ///< levels and places of the channels, to begin with
-    std::int64_t end = 0;                 ///< of the last bar or sound
-    float left = 1;                       ///< gains of the master's channels
+    std::vector<Click> clicks;                                  ///< in order of time
+    std::vector<TimedEvent> mix; ///< levels and places of the channels, to begin with
+    std::int64_t end = 0;        ///< of the last bar or sound
+    float left = 1;              ///< gains of the master's channels
     float right = 1;
 
     double origin = 0;          ///< second of frame 0 in the plan

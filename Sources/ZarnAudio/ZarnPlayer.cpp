@@ -21,9 +21,9 @@ namespace Halvec::audio {
 namespace {
 
 using Kind = PlayerCommand::Kind;
+using utils::rational;
 using zarn::playback::PlaybackPlan;
 using zarn::playback::PlayPlace;
-using utils::rational;
 
 double gainOf(double decibels)
 {
@@ -96,17 +96,18 @@ public:
 
     bool isOpen() const noexcept { return _isOpen; }
 
-    void setScore(const zarn::ScoreModel &model)
+    void setScore(const zarn::ScoreModel &model, const zarn::playback::PlanOptions &options)
     {
         _connections.clear();
         _followed.reset();
         _hasChanged = false;
+        _options = options;
         program(model);
     }
 
     void follow(zarn::Score &score)
     {
-        setScore(*score.scoreModel());
+        setScore(*score.scoreModel(), {});
         _followed = score.scoreModel();
         using namespace zarn::evt;
         _connections.push_back(score.connectScoped<CommandExecuted>(
@@ -367,6 +368,7 @@ private:
     std::shared_ptr<Instrument> _instrument;
     std::shared_ptr<const Program> _program;
     std::vector<std::unique_ptr<const Performance>> _performances; ///< the engine has some of them
+    zarn::playback::PlanOptions _options;
     Mixer _mixer;
     double _speed = 1;
     double _gain = 6;
@@ -406,7 +408,7 @@ void Player::Impl::keepPlace()
 void Player::Impl::program(const zarn::ScoreModel &model)
 {
     const auto before = _program;
-    auto made = std::make_shared<const Program>(model);
+    auto made = std::make_shared<const Program>(model, _options);
     double shift = 0;
     if (before) {
         keepPlace();
@@ -498,9 +500,9 @@ bool Player::isOpen() const noexcept
     return _impl->isOpen();
 }
 
-void Player::setScore(const zarn::ScoreModel &model)
+void Player::setScore(const zarn::ScoreModel &model, const zarn::playback::PlanOptions &options)
 {
-    _impl->setScore(model);
+    _impl->setScore(model, options);
 }
 
 void Player::follow(zarn::Score &score)

@@ -3,7 +3,7 @@
 
 #include <ZarnAudio/ZarnAudioExport.h>
 #include <ZarnAudio/ZarnAudioOutput.h>
-#include <ZarnCore/playback/ZarnPlayedBars.h>
+#include <ZarnCore/playback/ZarnPlaybackPlan.h>
 #include <ZarnCore/utils/rational.h>
 
 #include <functional>
@@ -15,10 +15,6 @@ namespace zarn {
 class Score;
 class ScoreModel;
 } // namespace zarn
-
-namespace zarn::playback {
-class PlaybackPlan;
-}
 
 namespace Halvec::audio {
 
@@ -55,8 +51,8 @@ public:
     bool isOpen() const noexcept;
 
     /// What is played from now on. While it plays, the music goes on at the place where it is.
-    /// Tracks are muted and solo as the model has them.
-    void setScore(const zarn::ScoreModel &model);
+    /// Tracks are muted and solo as the model has them, unless everything is to be heard.
+    void setScore(const zarn::ScoreModel &model, const zarn::playback::PlanOptions &options = {});
 
     /// The same for a score, with every later edit of it, until it dies or another one is set.
     void follow(zarn::Score &score);

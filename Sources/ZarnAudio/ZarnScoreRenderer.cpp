@@ -47,9 +47,11 @@ ScoreRenderer::ScoreRenderer(const PlanSound &sound, const Settings &settings)
     : _settings(settings), _events(sound.events(settings.rate)), _end(sound.end(settings.rate)),
       _synthesizer(settingsOf(sound, settings))
 {
-    for (std::size_t channel = 0; channel < sound.channels().size(); ++channel)
+    for (std::size_t channel = 0; channel < sound.channels().size(); ++channel) {
         _synthesizer.setPercussion(static_cast<int>(channel),
                                    sound.channels()[channel].isPercussion);
+        _trackOf.push_back(sound.channels()[channel].track);
+    }
 }
 
 ScoreRenderer::~ScoreRenderer() = default;
@@ -59,25 +61,33 @@ bool ScoreRenderer::loadFont(const std::string &path, std::string *error)
     return _synthesizer.loadFont(path, error);
 }
 
-void ScoreRenderer::render(const Take &take)
+bool ScoreRenderer::render(const Take &take)
 {
     constexpr std::int64_t blockFrames = 4096;
     std::vector<float> block(2 * blockFrames);
     _synthesizer.reset();
-    EventRenderer renderer(_synthesizer, _events);
+    auto events = _events;
+    if (_track)
+        events.erase(std::remove_if(events.begin(), events.end(),
+                                    [this](const TimedEvent &event) {
+                                        return _trackOf[event.channel] != *_track;
+                                    }),
+                     events.end());
+    EventRenderer renderer(_synthesizer, std::move(events));
     const auto seconds = [this](double time) { return std::int64_t(time * _settings.rate); };
     const auto last = _end + seconds(longestTail);
     std::int64_t end = last;
     while (renderer.position() < end) {
         const auto count = std::min(blockFrames, end - renderer.position());
         renderer.render(block.data(), count);
-        if (!take(block.data(), count))
-            return;
+        if (!take(block.data(), count) || (_stop && _stop()))
+            return false;
         const bool isOver = renderer.isDone() && renderer.position() >= _end;
         if (isOver && end == last)
             end = std::min(last,
                            renderer.position() + (_settings.hasReverb ? seconds(reverbTail) : 0));
     }
+    return true;
 }
 
 float ScoreRenderer::peak()
@@ -104,7 +114,8 @@ bool ScoreRenderer::write(AudioWriter &writer)
         late -= skipped;
         return writer.write(frames + 2 * skipped, count - skipped);
     };
-    render(process);
+    if (!render(process))
+        return false;
     std::vector<float> rest(static_cast<std::size_t>(2 * limiter.latency()), 0.0F);
     return !writer.hasError() && process(rest.data(), limiter.latency());
 }

@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -38,21 +39,32 @@ public:
 
     void setGain(double decibels) noexcept { _settings.gain = decibels; }
 
+    /// Renders one track from now on, as it is in the whole: the sound of all tracks together, one
+    /// by one, is that of the score, but for the limiter. None means all of them.
+    void setTrack(std::optional<unsigned> track) noexcept { _track = track; }
+
+    /// Asked again and again while it renders: true ends that.
+    void setStop(std::function<bool()> stop) { _stop = std::move(stop); }
+
     /// The highest value of a frame without the gain, 1.0 for full scale; renders everything.
     float peak();
 
     /// Renders everything into a file of two channels and the renderer's rate, a limiter keeps it
-    /// below full scale. Stops at the writer's first error; the file is left to be finished.
+    /// below full scale. False at the writer's first error and when it was stopped; the file is
+    /// left to be finished.
     bool write(AudioWriter &writer);
 
 private:
     ScoreRenderer(const PlanSound &sound, const Settings &settings);
 
     using Take = std::function<bool(float *frames, std::int64_t count)>;
-    void render(const Take &take);
+    bool render(const Take &take);
 
     Settings _settings;
     std::vector<TimedEvent> _events;
+    std::vector<unsigned> _trackOf; ///< by channel
+    std::optional<unsigned> _track;
+    std::function<bool()> _stop;
     std::int64_t _end; ///< of the last bar or sound
     Synthesizer _synthesizer;
 };

@@ -6,17 +6,15 @@
 #include <filesystem/DiskFileSystem.h>
 #include <streams/FileStream.h>
 
+#include <QDir>
+
 #include <cmath>
+#include <csignal>
 #include <vector>
 
 namespace {
 
 using namespace zarn::test;
-
-bool contains(const std::string &text, const char *part)
-{
-    return text.find(part) != std::string::npos;
-}
 
 class Rendering : public ::testing::Test {
 protected:
@@ -70,6 +68,77 @@ TEST_F(Rendering, makesSoundFilesOfScores)
     for (const float value : frames)
         highest = std::max(highest, std::abs(value));
     EXPECT_NEAR(20 * std::log10(highest), -1, 0.05);
+}
+
+TEST_F(Rendering, writesStemsThatAddUpToTheWhole)
+{
+    if (Halvec::audio::findSoundFont({}, nullptr).empty())
+        GTEST_SKIP() << "there is no sound font";
+    const auto saintsTo = [&](const char *name, const QStringList &options) {
+        return runTool(QStringList{QStringLiteral("render"), saints(), path(name),
+                                   QStringLiteral("--bars"), QStringLiteral("1-2"),
+                                   QStringLiteral("--bits"), QStringLiteral("float"),
+                                   QStringLiteral("--gain"), QStringLiteral("0")}
+                       + options);
+    };
+    ASSERT_EQ(saintsTo("whole.wav", {}).code, 0);
+    ASSERT_EQ(saintsTo("stem.wav", {QStringLiteral("--stems")}).code, 0);
+    EXPECT_FALSE(QFile::exists(path("stem.wav")));
+    const auto framesOf = [&](const QString &name) {
+        const auto sound = opened(name.toLatin1().constData());
+        std::vector<float> frames(static_cast<std::size_t>(sound ? 2 * sound->frames() : 0));
+        if (sound)
+            sound->read(frames.data(), sound->frames());
+        return frames;
+    };
+    std::vector<float> difference = framesOf(QStringLiteral("whole.wav"));
+    const QStringList stems = QDir(_folder.path()).entryList({QStringLiteral("stem-*.wav")});
+    EXPECT_EQ(stems.size(), 4);
+    EXPECT_TRUE(stems.first().startsWith(QLatin1String("stem-1-Trumpet")))
+        << stems.first().toStdString();
+    for (const QString &stem : stems) {
+        const auto frames = framesOf(stem);
+        float highest = 0;
+        for (std::size_t i = 0; i < std::min(frames.size(), difference.size()); ++i) {
+            highest = std::max(highest, std::abs(frames[i]));
+            difference[i] -= frames[i];
+        }
+        EXPECT_GT(highest, 0.001F) << stem.toStdString();
+    }
+    float rest = 0;
+    for (const float value : difference)
+        rest = std::max(rest, std::abs(value));
+    EXPECT_LT(rest, 0.001F);
+    ASSERT_EQ(saintsTo("muted.wav", {QStringLiteral("--mute"), QStringLiteral("1")}).code, 0);
+    ASSERT_EQ(saintsTo("solo.wav",
+                       {QStringLiteral("--solo"), QStringLiteral("2"), QStringLiteral("--solo"),
+                        QStringLiteral("3"), QStringLiteral("--solo"), QStringLiteral("4")})
+                  .code,
+              0);
+    EXPECT_EQ(framesOf(QStringLiteral("muted.wav")), framesOf(QStringLiteral("solo.wav")));
+}
+
+TEST_F(Rendering, leavesTheOldFileWhenItIsInterrupted)
+{
+    if (Halvec::audio::findSoundFont({}, nullptr).empty())
+        GTEST_SKIP() << "there is no sound font";
+    writeFile(path("x.wav"), "old");
+    QProcess process;
+    process.start(QStringLiteral(ZARN_BINARY_DIR "/bin/zarn"),
+                  {QStringLiteral("render"), saints(), path("x.wav"), QStringLiteral("--rate"),
+                   QStringLiteral("96000")});
+    ASSERT_TRUE(process.waitForStarted());
+    // As soon as it has begun to write.
+    while (process.state() == QProcess::Running
+           && QDir(_folder.path()).entryList(QDir::Files | QDir::Hidden).size() < 2)
+        process.waitForFinished(5);
+    ::kill(static_cast<pid_t>(process.processId()), SIGINT);
+    ASSERT_TRUE(process.waitForFinished(20'000));
+    EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(process.exitCode(), 1);
+    EXPECT_TRUE(contains(process.readAllStandardError().toStdString(), "interrupted"));
+    EXPECT_EQ(contentOf(path("x.wav")), "old");
+    EXPECT_EQ(QDir(_folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
 }
 
 TEST_F(Rendering, refusesWhatItCannotDoAndWritesNothing)

@@ -16,6 +16,7 @@
 #include "info/InfoCommand.h"
 #include "info/NotesCommand.h"
 #include "new/NewCommand.h"
+#include "play/PlayCommand.h"
 #include "render/RenderCommand.h"
 #include "scale/ScaleCommand.h"
 #include "show/ShowCommand.h"
@@ -126,7 +127,8 @@ const std::vector<Subcommand> &subcommands()
                                                 drawCommand(),
 #endif
                                                 newCommand(),   catalogCommand(), chordCommand(),
-                                                scaleCommand(), bankCommand(),    renderCommand()};
+                                                scaleCommand(), bankCommand(),    renderCommand(),
+                                                playCommand()};
     return all;
 }
 

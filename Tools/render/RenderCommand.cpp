@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "render/RenderCommand.h"
 
-#include "common/BarRange.h"
 #include "common/Documents.h"
 #include "common/Failure.h"
+#include "common/Interrupt.h"
 #include "common/Problems.h"
 #include "common/Progress.h"
+#include "common/SoundOptions.h"
 #include "common/Terminal.h"
 
 #include <ZarnAudio/ZarnAudioWriter.h>
@@ -17,7 +18,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <optional>
+#include <set>
 
 namespace zarn::tool {
 
@@ -50,31 +51,6 @@ AudioFormat formatOf(const Arguments &arguments)
     return format;
 }
 
-/// Decibels, or nothing without the option.
-std::optional<double> gainOf(const Arguments &arguments)
-{
-    if (!arguments.has(option("gain")))
-        return std::nullopt;
-    bool isNumber = false;
-    const double gain = arguments.value(option("gain")).toDouble(&isNumber);
-    constexpr double most = 60;
-    if (!isNumber || !(std::abs(gain) <= most))
-        throw UsageError{QStringLiteral("--gain: \"%1\" is no number of decibels from -60 to 60")
-                             .arg(arguments.value(option("gain")))};
-    return gain;
-}
-
-playback::PlanOptions planOptions(const Arguments &arguments, const ScoreModel &model)
-{
-    playback::PlanOptions options;
-    options.bars = chosenBars(arguments, model.masterTrack()->masterBarCount());
-    const int tracks = std::max(1, static_cast<int>(model.trackCount()));
-    if (arguments.has(option("track")))
-        options.tracks = {
-            static_cast<unsigned>(arguments.number(option("track"), 1, tracks, 1) - 1)};
-    return options;
-}
-
 /// The gain by which the highest value comes to a decibel below full scale.
 double normalizingGain(ScoreRenderer &renderer)
 {
@@ -82,16 +58,59 @@ double normalizingGain(ScoreRenderer &renderer)
     return peak > 0 ? -1 - 20 * std::log10(peak) : 0;
 }
 
+/// "song.flac" becomes "song-2-Bass.flac" for the second track.
+std::string stemPath(const QString &path, const Track &track)
+{
+    QString name;
+    for (const QChar letter : QString::fromStdString(track.name()))
+        name += letter.isLetterOrNumber() ? letter : QLatin1Char('-');
+    const int suffix = path.lastIndexOf(QLatin1Char('.'));
+    return QStringLiteral("%1-%2%3%4%5")
+        .arg(path.left(suffix), QString::number(track.index() + 1),
+             name.isEmpty() ? QString() : QStringLiteral("-"), name, path.mid(suffix))
+        .toStdString();
+}
+
+/// Renders into a file that comes to be when it is whole.
+void renderTo(const std::string &path, ScoreRenderer &renderer, const AudioFormat &format)
+{
+    filesystem::DiskFileSystem files;
+    std::string error;
+    auto handle = files.open(path, filesystem::OpenMode::Write, &error);
+    if (handle == nullptr)
+        throw Failure(error);
+    AudioWriter writer(std::move(handle), format);
+    const bool isDone = renderer.write(writer);
+    if (Interrupt::isAsked())
+        throw Failure(path + ": interrupted, nothing was written");
+    if (!isDone || !writer.finish())
+        throw Failure(writer.errorText());
+}
+
+/// Each track that is heard into a file of its own.
+void renderStems(const QString &path, const ScoreModel &model, const playback::PlaybackPlan &plan,
+                 ScoreRenderer &renderer, const AudioFormat &format)
+{
+    std::set<unsigned> tracks;
+    for (const playback::PlannedNote &note : plan.notes())
+        tracks.insert(note.track);
+    for (const unsigned track : tracks) {
+        renderer.setTrack(track);
+        renderTo(stemPath(path, *model.tracks()[track]), renderer, format);
+    }
+}
+
 int runRender(const Arguments &arguments, const Terminal &terminal)
 {
     const AudioFormat format = formatOf(arguments);
-    const auto gain = gainOf(arguments);
+    const auto gain = gainOption(arguments);
     std::string error;
     const std::string font = findSoundFont(arguments.value(option("font")).toStdString(), &error);
     if (font.empty())
         throw Failure(error);
     const OpenedDocument document = openDocument(arguments.operand(0), terminal);
-    const playback::PlaybackPlan plan(*document.model, planOptions(arguments, *document.model));
+    const auto options = soundPlanOptions(arguments, *document.model);
+    const playback::PlaybackPlan plan(*document.model, options);
 
     ScoreRenderer::Settings settings;
     settings.rate = format.rate;
@@ -100,17 +119,16 @@ int runRender(const Arguments &arguments, const Terminal &terminal)
     ScoreRenderer renderer(plan, settings);
     if (!renderer.loadFont(font, &error))
         throw Failure(error);
-    filesystem::DiskFileSystem files;
-    auto handle = files.open(arguments.operand(1), filesystem::OpenMode::Write, &error);
-    if (handle == nullptr)
-        throw Failure(error);
-    AudioWriter writer(std::move(handle), format);
+    const Interrupt interrupt;
+    renderer.setStop(Interrupt::isAsked);
     {
         const Progress progress(terminal, "rendering " + arguments.operand(1));
         if (arguments.has(option("normalize")))
             renderer.setGain(normalizingGain(renderer) + gain.value_or(0));
-        if (!renderer.write(writer) || !writer.finish())
-            throw Failure(writer.errorText());
+        if (arguments.has(option("stems")))
+            renderStems(arguments.operands().at(1), *document.model, plan, renderer, format);
+        else
+            renderTo(arguments.operand(1), renderer, format);
     }
     warnOfProblems(document);
     return Done;
@@ -138,6 +156,12 @@ Subcommand renderCommand()
           QStringLiteral("Play bars A to B, or one bar, alone.")},
          {option("track"), QStringLiteral("t"), QStringLiteral("N"),
           QStringLiteral("Play track N alone, counted from 1.")},
+         {option("mute"), QString(), QStringLiteral("N"),
+          QStringLiteral("Leave out track N; may be given again.")},
+         {option("solo"), QString(), QStringLiteral("N"),
+          QStringLiteral("Play only track N and others of --solo.")},
+         {option("stems"), QString(), QString(),
+          QStringLiteral("Write each track into a file of its own: OUT-1-Trumpet.wav and so on.")},
          {option("rate"), QStringLiteral("r"), QStringLiteral("N"),
           QStringLiteral("Frames per second, 44100 unless given.")},
          {option("bits"), QStringLiteral("B"), QStringLiteral("N"),
