@@ -69,33 +69,66 @@ protected:
 
 TEST_F(ScoreCanvasTest, aPressOnANoteNamesIt)
 {
-    std::vector<layout::FoundMark> marks;
-    std::vector<layout::FoundSpot> spots;
+    std::vector<PointedAt> points;
     Qt::KeyboardModifiers keys;
-    QObject::connect(&_canvas, &ScoreCanvas::markPressed,
-                     [&](const layout::FoundMark &mark, Qt::KeyboardModifiers modifiers) {
-                         marks.push_back(mark);
+    QObject::connect(&_canvas, &ScoreCanvas::pressed,
+                     [&](const PointedAt &at, Qt::KeyboardModifiers modifiers) {
+                         points.push_back(at);
                          keys = modifiers;
                      });
-    QObject::connect(&_canvas, &ScoreCanvas::spotPressed,
-                     [&](const layout::FoundSpot &spot) { spots.push_back(spot); });
     for (const double zoom : {1.0, 0.5, 2.5}) {
         _canvas.setZoom(zoom);
         _canvas.reveal(head());
         press(middleOf(head()));
-        ASSERT_FALSE(marks.empty()) << zoom;
-        EXPECT_EQ(marks.back().place, head()) << zoom;
-        marks.clear();
+        ASSERT_FALSE(points.empty()) << zoom;
+        ASSERT_TRUE(points.back().mark.has_value()) << zoom;
+        EXPECT_EQ(points.back().mark->place, head()) << zoom;
+        points.clear();
     }
     EXPECT_EQ(keys, Qt::ShiftModifier);
 
     _canvas.setZoom(1);
     press(_canvas.viewRect({0, {45 * sp, 26 * sp, 45 * sp, 26 * sp}}).center().toPoint());
-    EXPECT_TRUE(marks.empty());
-    ASSERT_EQ(spots.size(), 1u);
-    EXPECT_EQ(spots[0].bar, 2);
+    ASSERT_EQ(points.size(), 1u);
+    EXPECT_FALSE(points[0].mark.has_value());
+    ASSERT_TRUE(points[0].spot.has_value());
+    EXPECT_EQ(points[0].spot->bar, 2);
     press({1, 1}); // beside all sheets
-    EXPECT_EQ(spots.size(), 1u);
+    EXPECT_EQ(points.size(), 1u);
+}
+
+TEST_F(ScoreCanvasTest, aDragNamesEverySpotOnItsWay)
+{
+    std::vector<std::int32_t> bars;
+    QObject::connect(&_canvas, &ScoreCanvas::dragged,
+                     [&](const PointedAt &at) { bars.push_back(at.spot ? at.spot->bar : -1); });
+    const auto move = [this](const QPoint &at, Qt::MouseButtons buttons) {
+        QMouseEvent event(QEvent::MouseMove, at, Qt::NoButton, buttons, Qt::NoModifier);
+        QCoreApplication::sendEvent(_canvas.viewport(), &event);
+    };
+    move(middleOf(head()), Qt::LeftButton);
+    EXPECT_EQ(bars, std::vector<std::int32_t>{2});
+    move(middleOf(head()), Qt::NoButton);
+    EXPECT_EQ(bars.size(), 1u);
+}
+
+TEST_F(ScoreCanvasTest, theCursorShowsWhereNoNoteIs)
+{
+    const auto &staff = _layout->pages()[0].systems[0].drawing->staves[0];
+    layout::FoundSpot spot;
+    spot.staff = staff;
+    spot.bar = 2;
+    spot.offset = utils::rational(7, 2);
+    const auto box = layout::boxOfSpot(*_layout, spot);
+    ASSERT_TRUE(box.has_value());
+    const QRect rect = _canvas.viewRect(*box).toAlignedRect().adjusted(-3, -3, 3, 3);
+    const QImage without = _canvas.viewport()->grab(rect).toImage();
+    _canvas.setCursorSpot(spot);
+    EXPECT_NE(_canvas.viewport()->grab(rect).toImage(), without);
+    _canvas.setCursorSpot(std::nullopt);
+    EXPECT_EQ(_canvas.viewport()->grab(rect).toImage(), without);
+    spot.bar = 99;
+    EXPECT_FALSE(layout::boxOfSpot(*_layout, spot).has_value());
 }
 
 TEST_F(ScoreCanvasTest, theNoteIsPaintedWhereItIsFound)

@@ -74,6 +74,46 @@ const PlacedSystem *systemAt(const LayoutPage &page, Point point)
     return nearest;
 }
 
+/// The bar of a system that holds it.
+const BarFrame &frameOf(const SystemDrawing &system, std::int32_t bar)
+{
+    return *std::find_if(system.bars.begin(), system.bars.end(), [bar](const BarFrame &frame) {
+        return bar < frame.firstBar + frame.barCount;
+    });
+}
+
+/// The first column behind a time.
+std::vector<ColumnFrame>::const_iterator columnBehind(const BarFrame &frame,
+                                                      const utils::rational &offset)
+{
+    return std::find_if(frame.columns.begin(), frame.columns.end(),
+                        [&](const ColumnFrame &column) { return offset < column.offset; });
+}
+
+/// Where a time is between two columns.
+Unit between(const ColumnFrame &before, const ColumnFrame &after, const utils::rational &offset)
+{
+    const double part =
+        (offset - before.offset).toDouble() / (after.offset - before.offset).toDouble();
+    return before.x + static_cast<Unit>(std::lround(part * (after.x - before.x)));
+}
+
+/// Where a note would be entered: behind the last column there is room for it.
+Unit entryX(const BarFrame &frame, const utils::rational &offset)
+{
+    constexpr Unit margin = 2 * staffSpace;
+    if (frame.columns.empty())
+        return std::min(frame.left + margin, (frame.left + frame.right) / 2);
+    const auto next = columnBehind(frame, offset);
+    if (next == frame.columns.begin())
+        return next->x;
+    const ColumnFrame &before = *std::prev(next);
+    if (before.offset == offset)
+        return before.x;
+    return next == frame.columns.end() ? (before.x + frame.right) / 2
+                                       : between(before, *next, offset);
+}
+
 } // namespace
 
 std::optional<FoundMark> markAt(const Layout &layout, std::size_t page, Point point, Unit reach)
@@ -168,30 +208,46 @@ std::optional<PlacedBox> playbackLine(const Layout &layout, std::int32_t bar,
             const SystemDrawing &drawing = *system.drawing;
             if (!holds(drawing, bar) || drawing.staves.empty())
                 continue;
-            const auto after =
-                std::find_if(drawing.bars.begin(), drawing.bars.end(), [&](const BarFrame &frame) {
-                    return bar < frame.firstBar + frame.barCount;
-                });
-            const auto &columns = after->columns;
-            const auto next =
-                std::find_if(columns.begin(), columns.end(),
-                             [&](const ColumnFrame &column) { return offset < column.offset; });
-            Unit x = next == columns.end() ? after->right : next->x;
-            if (next != columns.begin()) {
-                const ColumnFrame &before = *std::prev(next);
-                x = before.x;
-                if (next != columns.end()) {
-                    const double part = (offset - before.offset).toDouble()
-                        / (next->offset - before.offset).toDouble();
-                    x += static_cast<Unit>(std::lround(part * (next->x - before.x)));
-                }
-            } else if (columns.empty()) {
-                x = after->left;
-            }
+            const BarFrame &frame = frameOf(drawing, bar);
+            const auto next = columnBehind(frame, offset);
+            Unit x = next == frame.columns.end() ? frame.right : next->x;
+            if (next != frame.columns.begin())
+                x = next != frame.columns.end() ? between(*std::prev(next), *next, offset)
+                                                : std::prev(next)->x;
+            else if (frame.columns.empty())
+                x = frame.left;
             const Unit left = x + system.at.x;
             return PlacedBox{page,
                              {left, drawing.staves.front().top + system.at.y, left,
                               drawing.staves.back().bottom + system.at.y}};
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<PlacedBox> boxOfSpot(const Layout &layout, const FoundSpot &spot)
+{
+    for (std::size_t page = 0; page < layout.pages().size(); ++page) {
+        for (const PlacedSystem &system : layout.pages()[page].systems) {
+            const SystemDrawing &drawing = *system.drawing;
+            if (!holds(drawing, spot.bar))
+                continue;
+            const StaffFrame *staff = nullptr;
+            for (const StaffFrame &frame : drawing.staves)
+                if (frame.track == spot.staff.track && frame.staff == spot.staff.staff
+                    && (staff == nullptr || frame.kind == spot.staff.kind))
+                    staff = &frame;
+            if (staff == nullptr)
+                return std::nullopt;
+            const Unit x = entryX(frameOf(drawing, spot.bar), spot.offset) + system.at.x;
+            const Unit gap =
+                staff->lineCount > 1 ? (staff->bottom - staff->top) / (staff->lineCount - 1) : 0;
+            const bool isLine = staff->kind == StaffKind::Tablature;
+            const Unit line = staff->top + spot.step * gap / 2;
+            const Unit reach = isLine ? gap / 2 : staffSpace / 2;
+            const Unit top = (isLine ? line : staff->top) - reach + system.at.y;
+            const Unit bottom = (isLine ? line : staff->bottom) + reach + system.at.y;
+            return PlacedBox{page, {x - staffSpace * 3 / 4, top, x + staffSpace * 3 / 4, bottom}};
         }
     }
     return std::nullopt;

@@ -51,4 +51,9 @@ ZARNLAYOUT_EXPORT std::vector<PlacedBox> boxesOf(const Layout &layout, const Dra
 ZARNLAYOUT_EXPORT std::optional<PlacedBox> playbackLine(const Layout &layout, std::int32_t bar,
                                                         const utils::rational &offset);
 
+/// Where a spot of a staff is: around its time, between two columns where no note starts, and as
+/// high as a line of a tablature, other staves as a whole. Nothing when the layout lacks bar or
+/// staff.
+ZARNLAYOUT_EXPORT std::optional<PlacedBox> boxOfSpot(const Layout &layout, const FoundSpot &spot);
+
 } // namespace zarn::layout

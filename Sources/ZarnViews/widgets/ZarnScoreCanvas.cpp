@@ -81,6 +81,18 @@ void ScoreCanvas::fitPage()
                 * 25.4 / logicalDpiX());
 }
 
+void ScoreCanvas::fitHeight()
+{
+    const double height = _sheets->largestSheet().height();
+    if (height > 0)
+        setZoom((viewport()->height() - 2 * Sheets::gap) / height * 25.4 / logicalDpiX());
+}
+
+void ScoreCanvas::zoomBy(double factor, const QPointF &fixed)
+{
+    zoomAt(zoom() * factor, fixed);
+}
+
 void ScoreCanvas::zoomAt(double zoom, const QPointF &fixed)
 {
     const double before = this->zoom();
@@ -106,6 +118,12 @@ void ScoreCanvas::zoomAt(double zoom, const QPointF &fixed)
 void ScoreCanvas::setCursorPlace(const std::optional<layout::DrawPlace> &place)
 {
     _cursor = place;
+    viewport()->update();
+}
+
+void ScoreCanvas::setCursorSpot(const std::optional<layout::FoundSpot> &spot)
+{
+    _cursorSpot = spot;
     viewport()->update();
 }
 
@@ -136,10 +154,22 @@ void ScoreCanvas::reveal(const layout::DrawPlace &place)
     if (layout() == nullptr)
         return;
     const auto boxes = layout::boxesOf(*layout(), place);
-    if (boxes.empty())
+    if (!boxes.empty())
+        reveal(boxes.front());
+}
+
+void ScoreCanvas::reveal(const layout::FoundSpot &spot)
+{
+    if (layout() == nullptr)
         return;
+    if (const auto box = layout::boxOfSpot(*layout(), spot))
+        reveal(*box);
+}
+
+void ScoreCanvas::reveal(const layout::PlacedBox &box)
+{
     const QRectF rect =
-        viewRect(boxes.front()).adjusted(-Sheets::gap, -Sheets::gap, Sheets::gap, Sheets::gap);
+        viewRect(box).adjusted(-Sheets::gap, -Sheets::gap, Sheets::gap, Sheets::gap);
     const auto scroll = [](QScrollBar &bar, double from, double to, int length) {
         if (from < 0)
             bar.setValue(bar.value() + static_cast<int>(std::floor(from)));
@@ -164,6 +194,16 @@ ScoreCanvas::sheetPoint(const QPoint &position) const
                                        static_cast<layout::Unit>(std::lround(inside.y()))}};
     }
     return std::nullopt;
+}
+
+std::optional<PointedAt> ScoreCanvas::pointedAt(const QPoint &position) const
+{
+    const auto hit = layout() == nullptr ? std::nullopt : sheetPoint(position);
+    if (!hit)
+        return std::nullopt;
+    const auto reach = static_cast<layout::Unit>(mouseReach / _sheets->pixelsPerUnit());
+    return PointedAt{layout::markAt(*layout(), hit->first, hit->second, reach),
+                     layout::spotAt(*layout(), hit->first, hit->second)};
 }
 
 QRectF ScoreCanvas::viewRect(const layout::PlacedBox &box) const
@@ -209,6 +249,13 @@ void ScoreCanvas::paintOverlays(QPainter &painter, const QRectF &exposed) const
         painter.setPen(QPen(overlayColour(palette(), 220), 1.5));
         paintBoxes(*_cursor);
     }
+    const auto spot = _cursorSpot ? layout::boxOfSpot(*layout(), *_cursorSpot)
+                                  : std::optional<layout::PlacedBox>();
+    if (spot && viewRect(*spot).intersects(exposed)) {
+        painter.setBrush(overlayColour(palette(), 40));
+        painter.setPen(QPen(overlayColour(palette(), 255), 1.5));
+        painter.drawRoundedRect(viewRect(*spot), margin, margin);
+    }
     if (!_playback)
         return;
     if (const auto line = layout::playbackLine(*layout(), _playback->first, _playback->second)) {
@@ -227,17 +274,28 @@ void ScoreCanvas::resizeEvent(QResizeEvent *event)
 
 void ScoreCanvas::mousePressEvent(QMouseEvent *event)
 {
-    const auto hit = layout() == nullptr ? std::nullopt : sheetPoint(event->pos());
-    if (!hit || event->button() != Qt::LeftButton) {
+    const auto at = event->button() == Qt::LeftButton ? pointedAt(event->pos()) : std::nullopt;
+    if (!at) {
         QAbstractScrollArea::mousePressEvent(event);
         return;
     }
-    const auto reach = static_cast<layout::Unit>(mouseReach / _sheets->pixelsPerUnit());
-    if (const auto mark = layout::markAt(*layout(), hit->first, hit->second, reach))
-        Q_EMIT markPressed(*mark, event->modifiers());
-    else if (const auto spot = layout::spotAt(*layout(), hit->first, hit->second))
-        Q_EMIT spotPressed(*spot, event->modifiers());
+    Q_EMIT pressed(*at, event->modifiers());
     event->accept();
+}
+
+void ScoreCanvas::mouseMoveEvent(QMouseEvent *event)
+{
+    if ((event->buttons() & Qt::LeftButton) != 0)
+        if (const auto at = pointedAt(event->pos()))
+            Q_EMIT dragged(*at);
+}
+
+void ScoreCanvas::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    if (const auto at = pointedAt(event->pos()))
+        Q_EMIT doubleClicked(*at);
 }
 
 void ScoreCanvas::wheelEvent(QWheelEvent *event)
@@ -247,7 +305,7 @@ void ScoreCanvas::wheelEvent(QWheelEvent *event)
         return;
     }
     const double notches = event->angleDelta().y() / 120.0;
-    zoomAt(zoom() * std::pow(wheelStep, notches), event->position());
+    zoomBy(std::pow(wheelStep, notches), event->position());
     event->accept();
 }
 

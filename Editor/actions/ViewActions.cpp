@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: MIT
+#include "actions/ActionTable.h"
+#include "actions/Menus.h"
+#include "app/MainWindow.h"
+#include "app/ScoreView.h"
+#include "document/Document.h"
+#include "panels/PanelTable.h"
+
+#include <QCoreApplication>
+#include <QDockWidget>
+
+namespace zarn::editor {
+namespace {
+
+struct Text {
+    Q_DECLARE_TR_FUNCTIONS(ViewActions)
+};
+
+constexpr double zoomStep = 1.25;
+
+template <bool IsIn>
+void zoom(const ActionContext &context)
+{
+    context.view.setZoomPolicy(ZoomPolicy::Free);
+    context.view.zoomBy(IsIn ? zoomStep : 1 / zoomStep,
+                        QRectF(context.view.viewport()->rect()).center());
+}
+
+Action zoomPolicy(const char *id, const QString &text, const char *keys, ZoomPolicy policy)
+{
+    return {QLatin1String(id),
+            text,
+            {QKeySequence(QLatin1String(keys))},
+            [policy](const ActionContext &context) { context.view.setZoomPolicy(policy); },
+            nullptr,
+            KeyScope::Window,
+            [policy](const ActionContext &context) { return context.view.zoomPolicy() == policy; }};
+}
+
+Action layout(const char *id, const QString &text, ViewLayout view)
+{
+    return {QLatin1String(id),
+            text,
+            {},
+            [view](const ActionContext &context) {
+                auto options = context.view.layouts().options();
+                options.view = view;
+                context.view.layouts().setOptions(options);
+            },
+            nullptr,
+            KeyScope::Window,
+            [view](const ActionContext &context) {
+                return context.view.layouts().options().view == view;
+            }};
+}
+
+/// One track alone, or all of them.
+void showTrack(const ActionContext &context)
+{
+    auto options = context.view.layouts().options();
+    if (options.tracks.empty() && context.document.cursor().trackIndex() >= 0)
+        options.tracks = {static_cast<unsigned>(context.document.cursor().trackIndex())};
+    else
+        options.tracks.clear();
+    context.view.layouts().setOptions(options);
+}
+
+std::vector<Action> panelActions()
+{
+    std::vector<Action> actions;
+    for (const PanelRow &row : panelTable()) {
+        const auto dockOf = [id = row.id](const ActionContext &context) {
+            return context.window.findChild<QDockWidget *>(id);
+        };
+        actions.push_back(
+            {QStringLiteral("view.panel.") + row.id,
+             row.title,
+             {},
+             [dockOf](const ActionContext &context) {
+                 QDockWidget *const dock = dockOf(context);
+                 dock->setVisible(dock->isHidden());
+             },
+             nullptr,
+             KeyScope::Window,
+             [dockOf](const ActionContext &context) { return !dockOf(context)->isHidden(); }});
+    }
+    return actions;
+}
+
+} // namespace
+
+std::vector<ActionGroup> viewActions()
+{
+    const std::vector<Action> layouts = {
+        layout("view.pages", Text::tr("&Pages"), ViewLayout::Pages),
+        layout("view.continuous", Text::tr("&One long page"), ViewLayout::Continuous),
+        layout("view.singleLine", Text::tr("One &line"), ViewLayout::SingleLine),
+        {QStringLiteral("view.oneTrack"),
+         Text::tr("This &track alone"),
+         {QKeySequence(QStringLiteral("F8"))},
+         showTrack,
+         nullptr,
+         KeyScope::Window,
+         [](const ActionContext &context) {
+             return !context.view.layouts().options().tracks.empty();
+         }},
+    };
+    const std::vector<Action> zooms = {
+        {QStringLiteral("view.zoomIn"),
+         Text::tr("Zoom &in"),
+         {QKeySequence(QStringLiteral("Ctrl++")), QKeySequence(QStringLiteral("Ctrl+="))},
+         zoom<true>},
+        {QStringLiteral("view.zoomOut"),
+         Text::tr("Zoom &out"),
+         {QKeySequence(QStringLiteral("Ctrl+-"))},
+         zoom<false>},
+        {QStringLiteral("view.zoomActual"),
+         Text::tr("As on pa&per"),
+         {QKeySequence(QStringLiteral("Ctrl+0"))},
+         [](const ActionContext &context) {
+             context.view.setZoomPolicy(ZoomPolicy::Free);
+             context.view.setZoom(1);
+         }},
+        zoomPolicy("view.fitWidth", Text::tr("Fit the &width"), "Ctrl+1", ZoomPolicy::Width),
+        zoomPolicy("view.fitHeight", Text::tr("Fit the &height"), "Ctrl+2", ZoomPolicy::Height),
+        zoomPolicy("view.fitPage", Text::tr("Fit the pa&ge"), "Ctrl+3", ZoomPolicy::Page),
+    };
+    return {{titles(Menu::View), layouts},
+            {titles(Menu::View), zooms},
+            {titles(Menu::View, Text::tr("&Panels")), panelActions()}};
+}
+
+} // namespace zarn::editor

@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: MIT
+#include "app/Editor.h"
+
+#include "app/MainWindow.h"
+#include "document/Document.h"
+#include "document/NewScore.h"
+
+#include <QFileInfo>
+#include <QFutureWatcher>
+#include <QSettings>
+#include <QThreadPool>
+#include <QtConcurrent/QtConcurrentRun>
+
+namespace zarn::editor {
+namespace {
+
+constexpr int mostRecentFiles = 10;
+
+QString recentKey()
+{
+    return QStringLiteral("recentFiles");
+}
+
+} // namespace
+
+Editor::Editor(std::unique_ptr<Questions> questions) : _questions(std::move(questions)) { }
+
+Editor::~Editor()
+{
+    for (const QPointer<MainWindow> &window : _windows)
+        delete window.data();
+    QThreadPool::globalInstance()->waitForDone();
+}
+
+void Editor::open(const QString &path, MainWindow *asker)
+{
+    const QString whole = QFileInfo(path).absoluteFilePath();
+    for (MainWindow *const window : windows()) {
+        if (window->document().path() != whole)
+            continue;
+        window->raise();
+        window->activateWindow();
+        return;
+    }
+    ++_openingCount;
+    auto *const watcher = new QFutureWatcher<LoadedFile>(this);
+    const QPointer<QWidget> over(asker);
+    connect(watcher, &QFutureWatcher<LoadedFile>::finished, this, [this, watcher, over] {
+        watcher->deleteLater();
+        --_openingCount;
+        take(watcher->result(), over);
+        if (_openingCount == 0)
+            Q_EMIT idle();
+    });
+    watcher->setFuture(QtConcurrent::run(loadFile, whole));
+}
+
+void Editor::take(const LoadedFile &file, const QPointer<QWidget> &asker)
+{
+    if (file.model == nullptr) {
+        _questions->tell(asker, tr("\"%1\" cannot be opened.").arg(file.path), {file.error});
+        return;
+    }
+    MainWindow *const window = show(file);
+    const QStringList lines = linesOf(file.report, "part");
+    if (!lines.isEmpty())
+        window->tellOfImport(lines);
+}
+
+MainWindow *Editor::show(LoadedFile file)
+{
+    auto document = std::make_shared<Document>(std::move(file.model));
+    if (!file.path.isEmpty())
+        addRecentFile(file.path);
+    // A file of another format stays as it is: what is saved becomes a document of its own.
+    if (file.isNative)
+        document->setPath(file.path);
+    else
+        document->setImportedFrom(file.path);
+    return add(std::move(document), std::move(file.layout));
+}
+
+MainWindow *Editor::showAgain(const std::shared_ptr<Document> &document)
+{
+    return add(document, nullptr);
+}
+
+MainWindow *Editor::showNew()
+{
+    return show(loadedModel(newScore()));
+}
+
+MainWindow *Editor::add(std::shared_ptr<Document> document,
+                        std::shared_ptr<const layout::Layout> layout)
+{
+    auto *const window = new MainWindow(*this, std::move(document), std::move(layout));
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    _windows.emplace_back(window);
+    window->show();
+    Q_EMIT opened(window);
+    return window;
+}
+
+std::vector<MainWindow *> Editor::windows() const
+{
+    std::vector<MainWindow *> open;
+    for (const QPointer<MainWindow> &window : _windows)
+        if (window != nullptr)
+            open.push_back(window);
+    return open;
+}
+
+bool Editor::isLastWindowOf(const MainWindow &window) const
+{
+    int count = 0;
+    for (const MainWindow *const other : windows())
+        count += &other->document() == &window.document() && other->isVisible() ? 1 : 0;
+    return count <= 1;
+}
+
+QStringList Editor::recentFiles() const
+{
+    return QSettings().value(recentKey()).toStringList();
+}
+
+void Editor::addRecentFile(const QString &path)
+{
+    QStringList files = recentFiles();
+    files.removeAll(path);
+    files.prepend(path);
+    while (files.size() > mostRecentFiles)
+        files.removeLast();
+    QSettings().setValue(recentKey(), files);
+}
+
+} // namespace zarn::editor

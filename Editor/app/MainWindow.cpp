@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: MIT
+#include "app/MainWindow.h"
+
+#include "actions/ActionSet.h"
+#include "app/Editor.h"
+#include "app/PlaceText.h"
+#include "app/ScoreView.h"
+#include "document/Document.h"
+#include "panels/PanelTable.h"
+
+#include <ZarnCore/model/ZarnScoreModel.h>
+
+#include <QCloseEvent>
+#include <QDockWidget>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMenuBar>
+#include <QStatusBar>
+
+namespace zarn::editor {
+namespace {
+
+constexpr int messageMilliseconds = 6000;
+
+} // namespace
+
+MainWindow::MainWindow(Editor &editor, std::shared_ptr<Document> document,
+                       std::shared_ptr<const layout::Layout> layout)
+    : _editor(editor), _document(std::move(document)),
+      _view(new ScoreView(*_document, std::move(layout))), _place(new QLabel)
+{
+    resize(1100, 800);
+    setCentralWidget(_view);
+    statusBar()->addPermanentWidget(_place);
+    addPanels();
+    _actions = std::make_unique<ActionSet>(ActionContext{*this, *_document, *_view}, *menuBar());
+    connect(_document.get(), &Document::pathChanged, this, &MainWindow::showTitle);
+    connect(_document.get(), &Document::modifiedChanged, this, &MainWindow::showTitle);
+    connect(_document.get(), &Document::refused, this, &MainWindow::say);
+    connect(_document.get(), &Document::placeChanged, this, &MainWindow::showPlace);
+    connect(_document.get(), &Document::changed, _actions.get(), &ActionSet::refresh);
+    connect(_document.get(), &Document::placeChanged, _actions.get(), &ActionSet::refresh);
+    showTitle();
+    showPlace();
+    _view->setFocus();
+}
+
+MainWindow::~MainWindow()
+{
+    // The menus name the view's actions: they go first.
+    _actions.reset();
+}
+
+void MainWindow::addPanels()
+{
+    for (const PanelRow &row : panelTable()) {
+        auto *const dock = new QDockWidget(row.title, this);
+        dock->setObjectName(row.id);
+        dock->setWidget(row.make({*this, *_document, *_view}).release());
+        addDockWidget(row.area, dock);
+        dock->setVisible(row.isShownAtFirst);
+    }
+}
+
+void MainWindow::showTitle()
+{
+    setWindowTitle(QStringLiteral("%1[*]").arg(_document->displayName()));
+    setWindowFilePath(_document->path());
+    setWindowModified(_document->isModified());
+}
+
+void MainWindow::showPlace()
+{
+    _place->setText(placeText(*_document));
+}
+
+bool MainWindow::save()
+{
+    return _document->path().isEmpty() ? saveAs() : saveTo(_document->path());
+}
+
+bool MainWindow::saveAs()
+{
+    const QFileInfo source(_document->path().isEmpty() ? _document->importedFrom()
+                                                       : _document->path());
+    const QString name = source.filePath().isEmpty()
+        ? _document->displayName()
+        : source.path() + QLatin1Char('/') + source.completeBaseName();
+    const QString path =
+        _editor.questions().fileToSave(this, name + QLatin1Char('.') + nativeSuffix(),
+                                       {tr("Zarn documents (*.%1)").arg(nativeSuffix())});
+    return !path.isEmpty() && saveTo(path);
+}
+
+bool MainWindow::saveTo(const QString &path)
+{
+    const SavedFile saved = saveFile(_document->model(), path);
+    if (!saved.error.isEmpty()) {
+        _editor.questions().tell(this, tr("\"%1\" cannot be saved.").arg(path), {saved.error});
+        return false;
+    }
+    _document->setPath(QFileInfo(path).absoluteFilePath());
+    _document->setSaved();
+    _editor.addRecentFile(_document->path());
+    say(tr("Saved."));
+    return true;
+}
+
+void MainWindow::exportScore()
+{
+    const QString path = _editor.questions().fileToSave(
+        this, QFileInfo(_document->path()).completeBaseName(), exportFilters());
+    if (path.isEmpty())
+        return;
+    const SavedFile saved = saveFile(_document->model(), path);
+    if (!saved.error.isEmpty()) {
+        _editor.questions().tell(this, tr("\"%1\" cannot be written.").arg(path), {saved.error});
+        return;
+    }
+    const QStringList lines = linesOf(saved.report, "track");
+    if (!lines.isEmpty())
+        _editor.questions().tell(this, tr("The format has no word for all of it."), lines);
+    say(tr("Exported."));
+}
+
+void MainWindow::tellOfImport(const QStringList &lines)
+{
+    _editor.questions().tell(this, tr("Something of the file was changed or left out."), lines);
+}
+
+void MainWindow::say(const QString &message)
+{
+    statusBar()->showMessage(message, messageMilliseconds);
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    event->accept();
+    if (!_document->isModified() || !_editor.isLastWindowOf(*this))
+        return;
+    switch (_editor.questions().askToSave(this, _document->displayName())) {
+    case Questions::Answer::Save:
+        event->setAccepted(save());
+        break;
+    case Questions::Answer::Discard:
+        break;
+    case Questions::Answer::Cancel:
+        event->ignore();
+        break;
+    }
+}
+
+} // namespace zarn::editor

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnLayout/draw/ZarnLayout.h>
+
+#include <QMainWindow>
+
+#include <memory>
+
+class QLabel;
+
+namespace zarn::editor {
+
+class ActionSet;
+class Document;
+class Editor;
+class ScoreView;
+
+/// A window on a document: its pages, menus, panels and a line that says where the cursor is.
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+public:
+    MainWindow(Editor &editor, std::shared_ptr<Document> document,
+               std::shared_ptr<const layout::Layout> layout);
+    ~MainWindow() override;
+
+    Editor &editor() const noexcept { return _editor; }
+    Document &document() const noexcept { return *_document; }
+    const std::shared_ptr<Document> &sharedDocument() const noexcept { return _document; }
+    ScoreView &view() const noexcept { return *_view; }
+    ActionSet &actions() const noexcept { return *_actions; }
+
+    /// Each answers whether the document is saved then. What goes wrong is told.
+    bool save();
+    bool saveAs();
+    void exportScore();
+
+    /// What an import could not hold.
+    void tellOfImport(const QStringList &lines);
+    /// In the status line, for some seconds.
+    void say(const QString &message);
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    bool saveTo(const QString &path);
+    void addPanels();
+    void showTitle();
+    void showPlace();
+
+    Editor &_editor;
+    std::shared_ptr<Document> _document;
+    ScoreView *_view;
+    QLabel *_place;
+    std::unique_ptr<ActionSet> _actions;
+};
+
+} // namespace zarn::editor

@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: MIT
+#include "app/ScoreView.h"
+
+#include "document/Document.h"
+#include "document/Places.h"
+
+#include <ZarnCore/model/ZarnScoreModel.h>
+
+#include <QWheelEvent>
+
+namespace zarn::editor {
+namespace {
+
+/// The staff that shows the track of a place in the kind that is wanted, else in one that it has.
+layout::StaffKind shownKind(const layout::Layout &layout, const ScoreModelIndex &place,
+                            layout::StaffKind wanted)
+{
+    std::optional<layout::StaffKind> found;
+    for (const layout::LayoutPage &page : layout.pages())
+        for (const layout::PlacedSystem &system : page.systems)
+            for (const layout::StaffFrame &staff : system.drawing->staves) {
+                if (staff.track != place.trackIndex()
+                    || staff.staff != static_cast<std::int32_t>(place.staffIndex()))
+                    continue;
+                if (staff.kind == wanted)
+                    return wanted;
+                if (!found)
+                    found = staff.kind;
+            }
+    return found.value_or(wanted);
+}
+
+} // namespace
+
+ScoreView::ScoreView(Document &document, std::shared_ptr<const layout::Layout> layout,
+                     QWidget *parent)
+    : ScoreCanvas(parent), _document(document), _layouts(document, std::move(layout))
+{
+    setAccessibleName(tr("Score"));
+    setAccessibleDescription(tr("The pages of the score. Arrow keys move the cursor."));
+    connect(&_layouts, &LayoutKeeper::layoutChanged, this, &ScoreView::showLayout);
+    connect(&_document, &Document::placeChanged, this, &ScoreView::showPlace);
+    connect(this, &ScoreCanvas::pressed, this, &ScoreView::press);
+    connect(this, &ScoreCanvas::dragged, this, &ScoreView::drag);
+    connect(this, &ScoreCanvas::doubleClicked, this, &ScoreView::selectBar);
+    showLayout();
+}
+
+ScoreView::~ScoreView() = default;
+
+void ScoreView::setZoomPolicy(ZoomPolicy policy)
+{
+    _zoomPolicy = policy;
+    applyZoomPolicy();
+    Q_EMIT zoomPolicyChanged();
+}
+
+void ScoreView::applyZoomPolicy()
+{
+    switch (_zoomPolicy) {
+    case ZoomPolicy::Free:
+        break;
+    case ZoomPolicy::Width:
+        fitWidth();
+        break;
+    case ZoomPolicy::Height:
+        fitHeight();
+        break;
+    case ZoomPolicy::Page:
+        fitPage();
+        break;
+    }
+}
+
+void ScoreView::showLayout()
+{
+    setLayout(_layouts.layout());
+    showPlace();
+}
+
+void ScoreView::showPlace()
+{
+    const ScoreModelIndex &place = _document.cursor();
+    if (layout() == nullptr || !place.isBarValid()) {
+        setCursorSpot(std::nullopt);
+        setSelection({});
+        return;
+    }
+    EntryState entry = _document.entry();
+    entry.staffKind = shownKind(*layout(), place, entry.staffKind);
+    const layout::FoundSpot spot = spotOfPlace(place, entry.staffKind);
+    setCursorSpot(spot);
+    const bool isNotation = entry.staffKind != layout::StaffKind::Tablature;
+    setCursorPlace(isNotation && place.isNoteValid()
+                       ? std::optional<layout::DrawPlace>(drawPlaceOf(place))
+                       : std::nullopt);
+    setSelection(
+        _document.selection().isEmpty()
+            ? std::vector<layout::DrawPlace>()
+            : drawPlacesOf(*place.model(), _document.selection().beats(_document.score())));
+    if (_isRevealing)
+        reveal(spot);
+    _document.setEntry(entry);
+}
+
+void ScoreView::go(const views::PointedAt &at, bool extends)
+{
+    ScoreModel &model = *_document.score().scoreModel();
+    ScoreModelIndex place = _document.cursor();
+    if (at.mark && at.mark->place.beat >= 0 && at.mark->place.track >= 0)
+        place = placeOfMark(model, at.mark->place);
+    else if (at.spot)
+        place = placeOfSpot(model, *at.spot,
+                            at.spot->staff.track == place.trackIndex() ? place.voiceIndex() : 0);
+    else
+        return;
+    EntryState entry = _document.entry();
+    if (at.spot)
+        entry.staffKind = at.spot->staff.kind;
+    _isRevealing = false; // what is pointed at is seen
+    _document.setEntry(entry);
+    _document.moveCursorTo(place, extends);
+    _isRevealing = true;
+}
+
+void ScoreView::press(const views::PointedAt &at, Qt::KeyboardModifiers modifiers)
+{
+    setFocus(Qt::MouseFocusReason);
+    go(at, (modifiers & Qt::ShiftModifier) != 0);
+}
+
+void ScoreView::drag(const views::PointedAt &at)
+{
+    go(at, true);
+}
+
+void ScoreView::selectBar(const views::PointedAt &at)
+{
+    if (!at.spot)
+        return;
+    ScoreModel &model = *_document.score().scoreModel();
+    const ScoreModelIndex place = placeOfSpot(model, *at.spot, _document.cursor().voiceIndex());
+    _document.select(place, place, SelectedPart::Bars);
+}
+
+void ScoreView::resizeEvent(QResizeEvent *event)
+{
+    ScoreCanvas::resizeEvent(event);
+    applyZoomPolicy();
+}
+
+void ScoreView::wheelEvent(QWheelEvent *event)
+{
+    if ((event->modifiers() & Qt::ControlModifier) != 0 && _zoomPolicy != ZoomPolicy::Free) {
+        _zoomPolicy = ZoomPolicy::Free;
+        Q_EMIT zoomPolicyChanged();
+    }
+    ScoreCanvas::wheelEvent(event);
+}
+
+} // namespace zarn::editor

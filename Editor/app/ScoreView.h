@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/LayoutKeeper.h"
+
+#include <ZarnViews/widgets/ZarnScoreCanvas.h>
+
+namespace zarn::editor {
+
+class Document;
+
+/// How a view follows the size of its window.
+enum class ZoomPolicy { Free, Width, Height, Page };
+
+/// The pages of a document in a window: shows cursor and selection, and moves them by the mouse.
+class ScoreView : public views::ScoreCanvas {
+    Q_OBJECT
+public:
+    explicit ScoreView(Document &document, std::shared_ptr<const layout::Layout> layout,
+                       QWidget *parent = nullptr);
+    ~ScoreView() override;
+
+    LayoutKeeper &layouts() noexcept { return _layouts; }
+    const LayoutKeeper &layouts() const noexcept { return _layouts; }
+
+    ZoomPolicy zoomPolicy() const noexcept { return _zoomPolicy; }
+    void setZoomPolicy(ZoomPolicy policy);
+
+Q_SIGNALS:
+    void zoomPolicyChanged();
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+
+private:
+    void showLayout();
+    void showPlace();
+    void press(const views::PointedAt &at, Qt::KeyboardModifiers modifiers);
+    void drag(const views::PointedAt &at);
+    void selectBar(const views::PointedAt &at);
+    void go(const views::PointedAt &at, bool extends);
+    void applyZoomPolicy();
+
+    Document &_document;
+    LayoutKeeper _layouts;
+    ZoomPolicy _zoomPolicy = ZoomPolicy::Width;
+    bool _isRevealing = true;
+};
+
+} // namespace zarn::editor

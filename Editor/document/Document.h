@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "document/Selection.h"
+#include "entry/EntryState.h"
+#include "entry/FretDigits.h"
+
+#include <ZarnCore/score/ZarnScore.h>
+
+#include <QObject>
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+namespace zarn::editor {
+
+/// A score that is open: what is in it, what of it is selected, where it is saved. All changes go
+/// through `edit`, so that each is one step with a name that a user reads. Belongs to the thread of
+/// the user interface.
+class Document : public QObject {
+    Q_OBJECT
+public:
+    Document();
+    explicit Document(std::shared_ptr<ScoreModel> model);
+    ~Document() override;
+
+    /// The music. Change it by `edit`.
+    const Score &score() const noexcept { return _score; }
+    const ScoreModel &model() const noexcept { return *_score.scoreModel(); }
+
+    /// Empty for one that was never saved.
+    const QString &path() const noexcept { return _path; }
+    void setPath(const QString &path);
+    /// The file of another format that it was read from; empty when there is none.
+    const QString &importedFrom() const noexcept { return _importedFrom; }
+    void setImportedFrom(const QString &path);
+    /// The name of its file, else its title, else what a new one is called.
+    QString displayName() const;
+
+    bool isModified() const noexcept;
+    /// What is there now is what the file holds.
+    void setSaved();
+    /// It is worth saving although no edit was made: it was recovered, or imported.
+    void setUnsaved();
+
+    /// Makes one step of all that `change` does, under a title for undo and redo. When it answers
+    /// false or raises, nothing has changed; what was raised goes to `refused`. An edit inside of
+    /// another one joins it.
+    bool edit(const QString &title, const std::function<bool(Score &)> &change);
+
+    bool canUndo() const noexcept { return _score.commandStack().undoAvailable(); }
+    bool canRedo() const noexcept { return _score.commandStack().redoAvailable(); }
+    QString undoTitle() const;
+    QString redoTitle() const;
+    void undo();
+    void redo();
+
+    // The cursor and the selection, of all windows on the document.
+
+    const ScoreModelIndex &cursor() const noexcept { return _score.scoreCursor().index(); }
+    const Selection &selection() const noexcept { return _selection; }
+
+    /// Moves the cursor by `move`, which answers whether it did; with `extends` the selection goes
+    /// from where it was, else there is none afterwards.
+    bool moveCursor(const std::function<bool(ScoreCursor &)> &move, bool extends = false);
+    bool moveCursorTo(const ScoreModelIndex &place, bool extends = false);
+    /// Selects from a place to the cursor, which goes to another one.
+    void select(const ScoreModelIndex &from, const ScoreModelIndex &to, SelectedPart part);
+    void clearSelection();
+
+    /// What is entered next.
+    const EntryState &entry() const noexcept { return _entry; }
+    void setEntry(const EntryState &entry);
+    FretDigits &fretDigits() noexcept { return _fretDigits; }
+
+    /// How many steps were made, undone and redone since it was opened.
+    unsigned stepCount() const noexcept { return _stepCount; }
+
+Q_SIGNALS:
+    /// A step was made, undone or redone; the score is whole.
+    void changed();
+    /// The cursor, the selection or what is entered next is another one.
+    void placeChanged();
+    void modifiedChanged();
+    void pathChanged();
+    /// Something that was asked for is not possible, and why.
+    void refused(const QString &message);
+
+private:
+    void announce();
+    void run(const std::function<void()> &step);
+
+    Score _score;
+    Selection _selection;
+    EntryState _entry;
+    FretDigits _fretDigits;
+    unsigned _stepCount = 0;
+    QString _path;
+    QString _importedFrom;
+    bool _isUnsaved = false;
+    bool _wasModified = false;
+    unsigned _editDepth = 0;
+    utils::ScopedConnection _executed;
+    bool _isChanged = false;
+};
+
+} // namespace zarn::editor

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#include "panels/PanelTable.h"
+
+#include "panels/TracksPanel.h"
+
+#include <QCoreApplication>
+
+namespace zarn::editor {
+namespace {
+
+struct Text {
+    Q_DECLARE_TR_FUNCTIONS(PanelTable)
+};
+
+template <class Kind>
+std::unique_ptr<Panel> make(const ActionContext &context)
+{
+    return std::make_unique<Kind>(context);
+}
+
+} // namespace
+
+const std::vector<PanelRow> &panelTable()
+{
+    static const std::vector<PanelRow> table = {
+        {QStringLiteral("tracks"), Text::tr("Tracks"), Qt::BottomDockWidgetArea, true,
+         make<TracksPanel>},
+    };
+    return table;
+}
+
+} // namespace zarn::editor

@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/Editor.h"
+#include "app/MainWindow.h"
+#include "app/ScoreView.h"
+#include "dialogs/Questions.h"
+#include "document/Document.h"
+
+#include <QStringList>
+#include <QTest>
+
+#include <deque>
+#include <string>
+
+namespace test {
+
+/// Answers in a user's place, and remembers what it was told.
+class GivenAnswers : public zarn::editor::Questions {
+public:
+    Answer answer = Answer::Discard;
+    bool yes = true;
+    QString openPath;
+    QString savePath;
+    QStringList told;
+    QStringList details;
+    std::deque<QString> texts;
+    std::deque<int> numbers;
+    int choice = 0;
+
+    Answer askToSave(QWidget *, const QString &name) override
+    {
+        told << QStringLiteral("save? ") + name;
+        return answer;
+    }
+    bool askYesOrNo(QWidget *, const QString &question) override
+    {
+        told << question;
+        return yes;
+    }
+    QString fileToOpen(QWidget *, const QString &) override { return openPath; }
+    QString fileToSave(QWidget *, const QString &, const QStringList &) override
+    {
+        return savePath;
+    }
+    void tell(QWidget *, const QString &message, const QStringList &more) override
+    {
+        told << message;
+        details << more;
+    }
+    std::optional<QString> askText(QWidget *, const QString &, const QString &present) override
+    {
+        return next(texts, present);
+    }
+    std::optional<int> askNumber(QWidget *, const QString &, int present, int, int) override
+    {
+        return next(numbers, present);
+    }
+    std::optional<int> askChoice(QWidget *, const QString &, const QStringList &, int) override
+    {
+        return choice;
+    }
+
+private:
+    template <class Value>
+    static Value next(std::deque<Value> &given, const Value &otherwise)
+    {
+        if (given.empty())
+            return otherwise;
+        Value value = given.front();
+        given.pop_front();
+        return value;
+    }
+};
+
+/// The editor with one window, driven by keys and the mouse as a user does.
+class EditorDriver {
+public:
+    /// With a new score, or with a file, which must be readable.
+    EditorDriver();
+    explicit EditorDriver(const QString &path);
+    ~EditorDriver();
+
+    zarn::editor::Editor &editor() { return *_editor; }
+    zarn::editor::MainWindow &window() { return *_window; }
+    zarn::editor::ScoreView &view() { return _window->view(); }
+    zarn::editor::Document &document() { return _window->document(); }
+    const zarn::ScoreModel &model() { return document().model(); }
+    GivenAnswers &answers() { return *_answers; }
+
+    /// Keys in the words of shortcuts: "1 2 Right Ctrl+Z".
+    void type(const QString &keys);
+    /// What an action of the menus does; false for one that is not enabled.
+    bool trigger(const QString &id);
+    /// Lets the event loop do what waits.
+    void settle();
+
+    /// The score as a text, byte for byte.
+    std::string text();
+    /// Frets and rhythms of bars of the first track: "5.3q 4.0e" for string from the top, fret and
+    /// length; beats are parted by blanks, notes of a beat by +, bars by |.
+    std::string bars(unsigned first, unsigned last, unsigned track = 0, unsigned voice = 0);
+
+    /// Middle of what draws a place, in the view.
+    QPoint pointOf(const zarn::ScoreModelIndex &place);
+
+private:
+    void begin();
+
+    GivenAnswers *_answers;
+    std::unique_ptr<zarn::editor::Editor> _editor;
+    zarn::editor::MainWindow *_window = nullptr;
+};
+
+} // namespace test
