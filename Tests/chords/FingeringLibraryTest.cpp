@@ -11,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -141,6 +142,20 @@ TEST_F(UserShapes, comeFirstAndAreNotOfferedTwice)
     EXPECT_FALSE(library.removeUserShape(guitar, diagram("Am", {-1, 0, 7, 5, 5, 5})));
     EXPECT_TRUE(stored().empty());
     EXPECT_EQ(files(), "json");
+}
+
+TEST_F(UserShapes, shapesThatAreLearnedForOneRootComeEarlyForAll)
+{
+    const FingeringLibrary library;
+    for (const auto &[name, frets] :
+         {std::pair("D9", "x54555"), std::pair("F#7#9", "x98910x"), std::pair("Ab", "466544"),
+          std::pair("D#m7b5", "x6767x"), std::pair("C5", "x355xx")}) {
+        std::vector<std::string> first;
+        for (const ChordDiagram &voicing : library.voicings(chordOf(name), guitar))
+            if (first.size() < 5)
+                first.push_back(fretsText(voicing));
+        EXPECT_EQ(std::count(first.begin(), first.end(), frets), 1) << name;
+    }
 }
 
 TEST_F(UserShapes, whatIsNoListOfShapesIsKeptBesideAndTold)

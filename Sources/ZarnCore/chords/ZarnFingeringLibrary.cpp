@@ -3,6 +3,7 @@
 
 #include <ZarnCore/chords/FirstShapes.h>
 #include <ZarnCore/chords/UserShapeText.h>
+#include <ZarnCore/chords/VoicingSearch.h>
 #include <ZarnCore/instruments/UserFile.h>
 
 #include <QStandardPaths>
@@ -85,6 +86,61 @@ ChordDiagram diagramOf(const FirstShape &shape, const Fretboard &fretboard,
     return diagram;
 }
 
+/// Frets of a voicing on the courses without a drone, from its lowest one as 0, `x` for muted ones;
+/// empty when open strings sound, which do not move along.
+std::string movedShape(const FretRow &frets, const std::vector<Course> &all)
+{
+    std::string shape;
+    const int lowest = lowestStop(frets);
+    for (std::size_t index = 0; index < all.size(); ++index) {
+        if (all[index].isDrone)
+            continue;
+        if (frets[index] == FretRow::open)
+            return {};
+        shape += frets[index] == FretRow::notPlayed
+            ? 'x'
+            : static_cast<char>('0' + frets[index] - lowest);
+    }
+    return shape;
+}
+
+/// The first shapes of an instrument that move along the neck as they are.
+std::set<std::string> movableShapes(const std::vector<Course> &courses)
+{
+    std::set<std::string> shapes;
+    for (const KnownShape &known : firstShapes()) {
+        std::string frets(known.shape->frets);
+        if (frets.find('0') != std::string::npos || !offsetFrom(*known.instrument, courses))
+            continue;
+        char lowest = '9';
+        for (const char fret : frets)
+            lowest = std::min(lowest, fret);
+        for (char &fret : frets)
+            fret = fret == 'x' ? fret : static_cast<char>(fret - lowest + '0');
+        shapes.insert(frets);
+    }
+    return shapes;
+}
+
+/// What is learned as one shape for all roots comes before what is as easy, but known to nobody.
+void preferMovedShapes(std::vector<Voicing> &voicings, const Fretboard &fretboard)
+{
+    // Of what players wrote down, most comes to the front with this; twice as much drives out what
+    // lies better.
+    constexpr float preference = 1.2F;
+    const auto movable = movableShapes(stoppedCourses(fretboard));
+    if (movable.empty())
+        return;
+    const auto moved =
+        std::stable_partition(voicings.begin(), voicings.end(), [&](const Voicing &voicing) {
+            return movable.count(movedShape(voicing.frets, fretboard.courses())) != 0;
+        });
+    std::for_each(voicings.begin(), moved, [](Voicing &voicing) { voicing.cost -= preference; });
+    std::inplace_merge(
+        voicings.begin(), moved, voicings.end(),
+        [](const Voicing &left, const Voicing &right) { return left.cost < right.cost; });
+}
+
 bool hasPartialCapo(const Capos &capos)
 {
     return capos.partialFret > capos.fret
@@ -163,7 +219,9 @@ std::vector<ChordDiagram> FingeringLibrary::voicings(const Chord &chord, const G
         known.insert(shape.frets);
     const std::string name = chord.toText();
     const VoicingFinder finder(Fretboard(tuning, capos, fretCount), HandModel(handFor(tuning)));
-    for (const Voicing &voicing : finder.find(ChordTones::of(chord), limits)) {
+    auto found = finder.find(ChordTones::of(chord), limits);
+    preferMovedShapes(found, finder.fretboard());
+    for (const Voicing &voicing : found) {
         auto diagram = finder.diagram(voicing, name);
         if (known.insert(diagram.frets).second)
             all.push_back(std::move(diagram));

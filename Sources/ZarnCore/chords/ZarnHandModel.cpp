@@ -27,18 +27,21 @@ constexpr float reachShares[fingerCount + 1][fingerCount + 1] = {
 constexpr int farthestFret = 48;
 
 /// Distance of each fret from the nut in string lengths: twelve equal semitones.
-std::array<float, farthestFret + 1> fretPlaces()
+constexpr std::array<float, farthestFret + 1> fretPlaces()
 {
+    constexpr double semitone = 1.0594630943592953; // the twelfth root of 2
     std::array<float, farthestFret + 1> places{};
-    for (int fret = 0; fret <= farthestFret; ++fret)
-        places[static_cast<std::size_t>(fret)] = 1 - std::exp2(-static_cast<float>(fret) / 12);
+    double left = 1; // from the fret to the bridge
+    for (std::size_t fret = 0; fret < places.size(); ++fret, left /= semitone)
+        places[fret] = static_cast<float>(1 - left);
     return places;
 }
 
+constexpr auto placeOfFret = fretPlaces();
+
 float placeOf(int fret) noexcept
 {
-    static const auto places = fretPlaces();
-    return places[static_cast<std::size_t>(std::clamp(fret, 0, farthestFret))];
+    return placeOfFret[static_cast<std::size_t>(std::clamp(fret, 0, farthestFret))];
 }
 
 struct Stop {
