@@ -2,6 +2,7 @@
 #include "support/DrawnSample.h"
 
 #include <ZarnCore/ZarnException.h>
+#include <ZarnLayout/font/ZarnTextMeasure.h>
 
 #include <gtest/gtest.h>
 
@@ -41,6 +42,33 @@ TEST(DrawListTest, boxesFollowTurnsAndScales)
     EXPECT_EQ(lines.box(lines.marks()[0], font), (Box{-50, 0, 50, 4 * sp}));
     EXPECT_EQ(lines.box(lines.marks()[1], font), (Box{-400, -300, 3 * sp + 400, 4 * sp + 300}));
     EXPECT_EQ(lines.box(lines.marks()[2], font), (Box{-50, -50, 4 * sp + 50, 50}));
+}
+
+/// A list with three texts, of bars, and a mark of no bar.
+DrawList withMiddleText(const std::string &text, Point at, std::int32_t bar)
+{
+    const TextStyle style;
+    DrawPlace place;
+    place.bar = bar;
+    DrawListBuilder list;
+    const auto add = [&](const std::string &words, Point point) {
+        list.text(MarkKind::BarNumber, place, words, style, point,
+                  builtInTextMeasure().measure(words, style));
+    };
+    add("first", {0, 0});
+    list.line(MarkKind::StaffLine, {}, {0, 0}, {9 * sp, 0}, 100);
+    add(text, at);
+    add("last", {0, 3 * sp});
+    return list.build();
+}
+
+TEST(DrawListTest, anotherTextOrBarMakesTheListThatIsDrawnSo)
+{
+    const DrawList list = withMiddleText("99", {sp, 0}, 98);
+    const auto extent = builtInTextMeasure().measure("100", TextStyle());
+    EXPECT_EQ(list.withText(2, "100", {sp, -sp}, extent), withMiddleText("100", {sp, -sp}, 98));
+    EXPECT_EQ(list.movedByBars(3), withMiddleText("99", {sp, 0}, 101));
+    EXPECT_NE(list.movedByBars(3), list);
 }
 
 TEST(DrawListTest, anAppendedListIsTheSameElsewhere)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnLayout/draw/ZarnDrawList.h>
 
+#include <ZarnLayout/font/ZarnTextMeasure.h>
+
 #include <algorithm>
 #include <cmath>
 
@@ -133,6 +135,32 @@ Box DrawList::box(const MusicFont &font) const
     for (const DrawMark &mark : _marks)
         all = all.unitedWith(box(mark, font));
     return all;
+}
+
+DrawList DrawList::movedByBars(std::int32_t bars) const
+{
+    DrawList moved = *this;
+    for (DrawMark &mark : moved._marks)
+        if (mark.place.bar >= 0)
+            mark.place.bar += bars;
+    return moved;
+}
+
+DrawList DrawList::withText(std::size_t mark, std::string_view characters, Point at,
+                            const TextExtent &extent) const
+{
+    DrawList list = *this;
+    list._marks.at(mark).at = at;
+    Text &text = list._texts.at(list._marks[mark].detail);
+    list._characters.replace(text.firstByte, text.byteCount, characters);
+    const auto size = static_cast<std::uint32_t>(characters.size());
+    for (Text &other : list._texts)
+        if (other.firstByte > text.firstByte)
+            other.firstByte += size - text.byteCount;
+    text.byteCount = size;
+    text.advance = extent.advance;
+    text.ink = extent.ink;
+    return list;
 }
 
 std::size_t DrawList::byteCount() const noexcept

@@ -15,6 +15,8 @@
 
 namespace zarn::layout {
 
+struct TextExtent;
+
 enum class MarkShape : std::uint8_t { Glyph, Line, Path, Text };
 
 /// How the ends of a line look.
@@ -106,6 +108,12 @@ public:
     Box box(const DrawMark &mark, const MusicFont &font) const;
     /// Around the ink of all marks.
     Box box(const MusicFont &font) const;
+
+    /// The same marks, of places that are so many bars further on.
+    DrawList movedByBars(std::int32_t bars) const;
+    /// The same with other words in place of those of a mark, which is a text.
+    DrawList withText(std::size_t mark, std::string_view characters, Point at,
+                      const TextExtent &extent) const;
 
     /// What the list holds in memory, in bytes.
     std::size_t byteCount() const noexcept;

@@ -46,6 +46,7 @@ public:
     /// The ink of a glyph in a few boxes that leave the open corners out.
     std::vector<Box> shape(std::uint32_t glyph) const;
 
+    const layout::MusicFont &music() const noexcept { return _music; }
     const layout::TextMeasure &texts() const noexcept { return _texts; }
 
     // Thicknesses.

@@ -2,11 +2,13 @@
 #pragma once
 
 #include <ZarnLayout/engrave/EngravedBar.h>
+#include <ZarnLayout/engrave/Problems.h>
 #include <ZarnLayout/source/Rows.h>
 #include <ZarnLayout/space/BarSpacer.h>
 
 #include <ZarnCore/model/layout/ZarnTrackGroup.h>
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -16,6 +18,11 @@ namespace zarn::engraving {
 struct ShownBar {
     unsigned bar = 0; ///< index in the score
     unsigned count = 1;
+
+    friend bool operator==(const ShownBar &a, const ShownBar &b) noexcept
+    {
+        return a.bar == b.bar && a.count == b.count;
+    }
 };
 
 struct TrackHead {
@@ -23,34 +30,54 @@ struct TrackHead {
     std::string shortName;
     std::uint8_t lyricsVisible = 31;
     unsigned stringCount = 0;
+
+    friend bool operator==(const TrackHead &a, const TrackHead &b)
+    {
+        return a.name == b.name && a.shortName == b.shortName && a.lyricsVisible == b.lyricsVisible
+            && a.stringCount == b.stringCount;
+    }
+};
+
+/// A bar in all rows, or bars of rest under one sign, engraved and spaced. Never changes, and says
+/// nothing of where in the score it stands: the bar of all places in it is 0.
+struct EngravedColumn {
+    std::shared_ptr<const BarColumn> first;
+    std::shared_ptr<const BarColumn> last; ///< of the bars under the sign; else the same
+    unsigned count = 1;                    ///< of bars
+    std::vector<EngravedBar> rows;
+    SpacedBar spaced;
+    Problems problems;
 };
 
 /// All of a score that systems are made of.
 struct EngravedScore {
     std::vector<Row> rows;
-    std::vector<StaffSource> staves;
-    std::vector<unsigned> staffOfRow;
-    std::vector<TrackHead> tracks; ///< by index of the track
+    std::vector<unsigned> staffOfRow; ///< among the staves of the columns
+    std::vector<TrackHead> tracks;    ///< by index of the track
     TrackGroups groups;
-    unsigned firstBar = 0;
-    std::vector<ColumnSource> columns; ///< from the first bar on
+    unsigned firstNumber = 1; ///< of the score's first bar, as people count: 0 for a pickup bar
     std::vector<ShownBar> shown;
-    std::vector<std::vector<EngravedBar>> bars; ///< by row, by shown bar
-    std::vector<SpacedBar> spaced;              ///< by shown bar
+    std::vector<std::shared_ptr<const EngravedColumn>> columns; ///< by shown bar
 
+    const EngravedBar &bar(unsigned row, unsigned shownBar) const
+    {
+        return columns[shownBar]->rows[row];
+    }
+    const SpacedBar &spaced(unsigned shownBar) const { return columns[shownBar]->spaced; }
     const BarSource &source(unsigned row, unsigned shownBar) const
     {
-        return staves[staffOfRow[row]].bars[shown[shownBar].bar - firstBar];
+        return *columns[shownBar]->first->staves[staffOfRow[row]];
     }
     const ColumnSource &column(unsigned shownBar) const
     {
-        return columns[shown[shownBar].bar - firstBar];
+        return *columns[shownBar]->first->shared;
     }
     /// Of the last bar under the sign.
     const ColumnSource &lastColumn(unsigned shownBar) const
     {
-        return columns[shown[shownBar].bar + shown[shownBar].count - 1 - firstBar];
+        return *columns[shownBar]->last->shared;
     }
+    unsigned number(unsigned shownBar) const { return firstNumber + shown[shownBar].bar; }
 };
 
 } // namespace zarn::engraving

@@ -16,7 +16,7 @@ namespace {
 /// Place of a time of a bar: between its columns in proportion.
 double placeOfTime(const SystemDraft &draft, const BarPlace &bar, double time)
 {
-    const Onsets &onsets = draft.score.spaced[bar.shownBar].onsets;
+    const Onsets &onsets = draft.score.spaced(bar.shownBar).onsets;
     double x = bar.left + 0.6;
     for (std::size_t i = 0; i < onsets.size(); ++i) {
         const double onset = onsets[i].toDouble();
@@ -278,7 +278,7 @@ void addFermatas(SystemDraft &draft)
                 const double length = draft.score.column(bar.shownBar).length.toDouble();
                 const double time = mark.position.toDouble();
                 const bool isWhole = bar.columns.empty()
-                    || !draft.score.bars[row.number][bar.shownBar].centred.empty();
+                    || !draft.score.bar(row.number, bar.shownBar).centred.empty();
                 double x = time >= length ? bar.right
                     : isWhole             ? (bar.left + bar.right) / 2
                                           : placeOfTime(draft, bar, time) + 0.59;

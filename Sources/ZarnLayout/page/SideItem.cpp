@@ -51,7 +51,7 @@ void place(RowDraft &row, SideItems items)
 const Ink &inkOf(const SystemDraft &draft, const RowDraft &row, const PlacedChord &chord,
                  std::uint32_t number)
 {
-    return draft.score.bars[row.number][chord.shownBar].inks[number];
+    return draft.score.bar(row.number, chord.shownBar).inks[number];
 }
 
 double leftInkOf(const SystemDraft &draft, const RowDraft &row, const PlacedChord &chord)

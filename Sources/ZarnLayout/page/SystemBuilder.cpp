@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnLayout/page/SystemBuilder.h>
 
+#include <ZarnLayout/page/BarNumber.h>
 #include <ZarnLayout/page/BeamEngraver.h>
 #include <ZarnLayout/page/Emitter.h>
 #include <ZarnLayout/page/RowEngravers.h>
@@ -128,8 +129,6 @@ BuiltSystem SystemBuilder::build(unsigned first, unsigned end, double width, boo
         addBarLine(draft, job.style, job.x, joined, job.bar);
 
     BuiltSystem system;
-    system.first = first;
-    system.end = end;
     for (const RowDraft &row : draft.rows) {
         system.top = std::max(system.top, row.above.outermost() - row.y);
         system.bottom = std::max(system.bottom, row.below.outermost() + row.y);
@@ -149,8 +148,29 @@ BuiltSystem SystemBuilder::build(unsigned first, unsigned end, double width, boo
         system.below = draft.rows.back().below;
         system.lastRow = draft.rows.back().y;
     }
+    system.bare = {draft.staffLeft, system.above, system.top};
+    const BarNumber number(_score.number(first), system.bare, _pen);
+    if (number.isShown() && !draft.rows.empty()) {
+        Ink ink = number.ink();
+        ink.place.bar = static_cast<std::int32_t>(_score.shown[first].bar);
+        system.addNumber(ink);
+        draft.rows.front().inks.push_back(std::move(ink));
+    }
     system.drawing = draw(draft);
+    const auto &marks = system.drawing->marks.marks();
+    const auto mark = std::find_if(marks.begin(), marks.end(), [](const layout::DrawMark &drawn) {
+        return drawn.kind == MarkKind::BarNumber;
+    });
+    if (mark != marks.end())
+        system.numberMark = static_cast<std::uint32_t>(mark - marks.begin());
     return system;
+}
+
+void BuiltSystem::addNumber(const Ink &ink)
+{
+    above = bare.above;
+    above.insert(ink.box.left, ink.box.right, -ink.box.top);
+    top = std::max(bare.top, -ink.box.top);
 }
 
 void SystemBuilder::keepWordsApart(unsigned shownBar, unsigned start, SpringLine &line,
@@ -159,7 +179,7 @@ void SystemBuilder::keepWordsApart(unsigned shownBar, unsigned start, SpringLine
     // Words may reach over bar lines, but not into the words behind them. The end of the bar is the
     // last column of the line: what binds its neighbours binds it too.
     for (unsigned row = 0; row < _score.rows.size(); ++row) {
-        const EngravedBar &bar = _score.bars[row][shownBar];
+        const EngravedBar &bar = _score.bar(row, shownBar);
         for (unsigned column = 0; column < bar.columns.size(); ++column)
             for (const SpaceBox &box : bar.columns[column].boxes) {
                 if (box.kind != SpaceBox::Kind::Text)
@@ -190,7 +210,7 @@ void SystemBuilder::placeBars(SystemDraft &draft, double width, bool isJustified
             line.addColumn(joints.back().width, 0);
         }
         const unsigned start = line.columnCount();
-        _score.spaced[i].addTo(line);
+        _score.spaced(i).addTo(line);
         keepWordsApart(i, start, line, lastWords);
     }
     for (const auto &[key, end] : lastWords)
@@ -227,7 +247,7 @@ void SystemBuilder::placeBars(SystemDraft &draft, double width, bool isJustified
         BarPlace bar;
         bar.shownBar = i;
         bar.left = places[column];
-        const std::size_t count = _score.spaced[i].onsets.size();
+        const std::size_t count = _score.spaced(i).onsets.size();
         bar.columns.assign(places.begin() + static_cast<std::ptrdiff_t>(column) + 1,
                            places.begin() + static_cast<std::ptrdiff_t>(column + 1 + count));
         column += count + 1;
@@ -270,7 +290,7 @@ void SystemBuilder::placeRow(SystemDraft &draft, RowDraft &row) const
     // Chords voice by voice, as what joins them wants them.
     for (unsigned voice = 0; voice < Bar::MaxVoices; ++voice)
         for (const BarPlace &bar : draft.bars) {
-            const EngravedBar &engraved = _score.bars[row.number][bar.shownBar];
+            const EngravedBar &engraved = _score.bar(row.number, bar.shownBar);
             for (const Chord &chord : engraved.chords) {
                 if (chord.voice != voice || chord.column >= bar.columns.size())
                     continue;
@@ -284,15 +304,18 @@ void SystemBuilder::placeRow(SystemDraft &draft, RowDraft &row) const
                 row.chords.push_back(placed);
                 for (std::uint32_t i = chord.firstInk; i < chord.inkEnd; ++i) {
                     Ink ink = engraved.inks[i];
+                    ink.place.bar = static_cast<std::int32_t>(placed.bar);
                     ink.move(placed.x, 0);
                     row.add(std::move(ink));
                 }
             }
         }
     for (const BarPlace &bar : draft.bars) {
-        const EngravedBar &engraved = _score.bars[row.number][bar.shownBar];
+        const EngravedBar &engraved = _score.bar(row.number, bar.shownBar);
+        const auto number = static_cast<std::int32_t>(_score.shown[bar.shownBar].bar);
         for (const auto &clef : engraved.clefs) {
             Ink ink = clef.ink;
+            ink.place.bar = number;
             if (clef.column < bar.columns.size())
                 ink.move(bar.columns[clef.column], 0);
             else
@@ -300,6 +323,7 @@ void SystemBuilder::placeRow(SystemDraft &draft, RowDraft &row) const
             row.add(std::move(ink));
         }
         for (Ink ink : engraved.centred) {
+            ink.place.bar = number;
             const bool isOnLine =
                 ink.kind == MarkKind::Simile && ink.glyph == _pen.fonts().glyph(Sign::Repeat2Bars);
             ink.move(isOnLine ? bar.right : (bar.left + bar.right) / 2, 0);
@@ -465,7 +489,7 @@ std::shared_ptr<const layout::SystemDrawing> SystemBuilder::draw(const SystemDra
         frame.right = layout::fromSpaces(bar.right);
         for (std::size_t i = 0; i < bar.columns.size(); ++i)
             frame.columns.push_back(
-                {_score.spaced[bar.shownBar].onsets[i], layout::fromSpaces(bar.columns[i])});
+                {_score.spaced(bar.shownBar).onsets[i], layout::fromSpaces(bar.columns[i])});
         drawing->bars.push_back(std::move(frame));
     }
     drawing->marks = builder.build();

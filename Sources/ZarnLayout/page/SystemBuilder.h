@@ -12,16 +12,28 @@
 
 namespace zarn::engraving {
 
+/// How a system reaches upwards before it has its bar number.
+struct SystemFrame {
+    double staffLeft = 0;          ///< where its staff lines begin
+    Skyline above = Skyline(0, 0); ///< of the first row
+    double top = 0;
+};
+
 /// A system that is ready, and how far it reaches from the top line of its first row.
 struct BuiltSystem {
     std::shared_ptr<const layout::SystemDrawing> drawing;
-    double top = 0;    ///< above, positive
-    double bottom = 0; ///< below
-    unsigned first = 0;
-    unsigned end = 0;
+    double top = 0;                ///< above, positive
+    double bottom = 0;             ///< below
     Skyline above = Skyline(0, 0); ///< of the first row
     Skyline below = Skyline(0, 0); ///< of the last row
     double lastRow = 0;            ///< y of the top line of the last row
+
+    static constexpr std::uint32_t noMark = 0xffffffff;
+    SystemFrame bare;
+    std::uint32_t numberMark = noMark; ///< of the drawing, the one that is the bar number
+
+    /// Reaches around the bar number too.
+    void addNumber(const Ink &ink);
 };
 
 /// Justifies the bars of a system and draws it.

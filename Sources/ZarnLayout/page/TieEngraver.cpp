@@ -136,7 +136,7 @@ private:
 
     const Ink &inkOf(const PlacedChord &chord, std::uint32_t number) const
     {
-        return _draft.score.bars[_row.number][chord.shownBar].inks[number];
+        return _draft.score.bar(_row.number, chord.shownBar).inks[number];
     }
 
     void addFrom(const PlacedChord &chord, const Head &head, const PlacedChord *next,

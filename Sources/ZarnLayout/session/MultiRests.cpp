@@ -7,39 +7,39 @@ namespace zarn::engraving {
 
 namespace {
 
-bool isEmpty(const EngravedScore &score, std::size_t bar)
+bool isEmpty(const BarColumn &column)
 {
-    return std::all_of(score.staves.begin(), score.staves.end(),
-                       [&](const StaffSource &staff) { return staff.bars[bar].isEmpty(); });
+    return std::all_of(column.staves.begin(), column.staves.end(),
+                       [](const auto &staff) { return staff->isEmpty(); });
 }
 
 /// Whether a run of rests goes on over the line in front of a bar.
-bool goesOn(const EngravedScore &score, std::size_t bar)
+bool goesOn(const ScoreSource &score, std::size_t bar)
 {
-    const ColumnSource &before = score.columns[bar - 1];
-    const ColumnSource &here = score.columns[bar];
+    const ColumnSource &before = *score.columns[bar - 1]->shared;
+    const ColumnSource &here = *score.columns[bar]->shared;
     const bool isPlainLine = !before.doubleBar && before.repeatCount == 0 && !here.repeatStart
         && before.barLine == here.barLine && before.endings == here.endings;
     const bool isPlainBar = here.section.isEmpty() && !here.showsMeter && here.tempos.empty()
         && here.directions.empty() && before.directions.empty() && here.fermatas.empty()
         && before.fermatas.empty() && !here.movementStart && !here.newFeel
         && before.freeTime == here.freeTime && before.length == here.length;
-    const bool keepsKeys =
-        std::all_of(score.staves.begin(), score.staves.end(), [&](const StaffSource &staff) {
-            const BarSource &source = staff.bars[bar];
-            return source.key == source.keyBefore && source.clef == source.clefBefore;
-        });
+    const auto &staves = score.columns[bar]->staves;
+    const bool keepsKeys = std::all_of(staves.begin(), staves.end(), [](const auto &source) {
+        return source->key == source->keyBefore && source->clef == source->clefBefore;
+    });
     return isPlainLine && isPlainBar && keepsKeys;
 }
 
 } // namespace
 
-std::vector<ShownBar> shownBars(const EngravedScore &score, bool joinsRests)
+std::vector<ShownBar> shownBars(const ScoreSource &score)
 {
     std::vector<ShownBar> shown;
+    shown.reserve(score.columns.size());
     bool wasEmpty = false;
     for (std::size_t i = 0; i < score.columns.size(); ++i) {
-        const bool isRest = joinsRests && isEmpty(score, i);
+        const bool isRest = score.multiRest && isEmpty(*score.columns[i]);
         if (isRest && wasEmpty && goesOn(score, i))
             ++shown.back().count;
         else
@@ -49,7 +49,7 @@ std::vector<ShownBar> shownBars(const EngravedScore &score, bool joinsRests)
     return shown;
 }
 
-EngravedBar multiRest(const Row &row, const ShownBar &bars, const Pen &pen)
+EngravedBar multiRest(const Row &row, unsigned count, const Pen &pen)
 {
     EngravedBar bar;
     const double y = row.height() / 2;
@@ -63,13 +63,12 @@ EngravedBar multiRest(const Row &row, const ShownBar &bars, const Pen &pen)
     bar.centred.push_back(pen.line(MarkKind::MultiRest,
                                    {-width / 2 + left.right - left.left - 0.1, y},
                                    {width / 2 - right.width() + 0.1, y}, 1.0));
-    for (Ink &digit :
-         pen.glyphs(MarkKind::MultiRest, digitsOf(bars.count, Sign::TimeSig0), 0, -1.8))
+    for (Ink &digit : pen.glyphs(MarkKind::MultiRest, digitsOf(count, Sign::TimeSig0), 0, -1.8))
         bar.centred.push_back(std::move(digit));
     for (Ink &ink : bar.centred) {
         ink.place.track = static_cast<std::int16_t>(row.track);
         ink.place.staff = static_cast<std::int8_t>(row.staff);
-        ink.place.bar = static_cast<std::int32_t>(bars.bar);
+        ink.place.bar = 0;
     }
     bar.centredWidth = width;
     return bar;

@@ -2,15 +2,16 @@
 #pragma once
 
 #include <ZarnLayout/engrave/Pen.h>
-#include <ZarnLayout/page/EngravedScore.h>
+#include <ZarnLayout/session/ScoreSource.h>
 
 namespace zarn::engraving {
 
-/// The bars as they are shown: one by one, or runs of empty ones as one. A run ends at double bars,
-/// repeats, endings, sections, changes of meter, key, clef and tempo, fermatas and directions.
-std::vector<ShownBar> shownBars(const EngravedScore &score, bool joinsRests);
+/// The bars as they are shown: one by one or, where that is wished, runs of empty ones as one. A
+/// run ends at double bars, repeats, endings, sections, changes of meter, key, clef and tempo,
+/// fermatas and directions.
+std::vector<ShownBar> shownBars(const ScoreSource &score);
 
 /// The sign for bars of rest, with their number above.
-EngravedBar multiRest(const Row &row, const ShownBar &bars, const Pen &pen);
+EngravedBar multiRest(const Row &row, unsigned count, const Pen &pen);
 
 } // namespace zarn::engraving

@@ -1,75 +1,64 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ZarnCore/events/ZarnEventShapes.h>
-#include <ZarnCore/events/ZarnEvents.h>
-#include <ZarnCore/utils/SignalContainer.h>
-
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <vector>
 
-namespace zarn {
-class Score;
-}
-
 namespace zarn::engraving {
 
-/// Listens to a score and marks what a layout has to read again. Marks are all that it makes:
-/// listeners run inside of commands.
+/// What of a score a layout has to read again. All of it, at first.
 class ScoreMarks {
 public:
-    explicit ScoreMarks(Score &score);
-    ScoreMarks(const ScoreMarks &) = delete;
-    ScoreMarks &operator=(const ScoreMarks &) = delete;
+    static constexpr std::uint64_t allTracks = ~std::uint64_t{0};
 
-    /// Whether anything is marked.
-    bool any() const noexcept { return _any; }
-
-    /// Titles, headers and footers.
-    bool texts() const noexcept { return _texts; }
-    /// What all staves share of their bars.
-    bool columns() const noexcept { return _columns; }
-    /// Whether a bar of any staff of a track is marked.
-    bool bar(unsigned bar, unsigned track) const
-    {
-        return _everything || bar >= _bars.size() || (_bars[bar] >> (track % 64) & 1) != 0;
-    }
-    /// Whether a bar of any track is marked.
-    bool anyBar(unsigned bar) const
-    {
-        return _everything || bar >= _bars.size() || _bars[bar] != 0;
-    }
-
-    /// For each bar the index that it had when the marks were cleared, or `isNew`.
-    const std::vector<std::uint32_t> &origins() const noexcept { return _origins; }
-    static constexpr std::uint32_t isNew = 0xffffffff;
-
-    /// Everything is read: the score has so many bars.
-    void clear(unsigned barCount);
-
-    void markEverything();
+    /// Called with the first mark, and then not before all of them were cleared.
     void setHandler(std::function<void()> handler) { _handler = std::move(handler); }
 
-private:
-    template <class Event>
-    void listen(Score &score);
-    template <class Event>
-    void hear(const Event &event);
-
-    void mark();
+    void markEverything();
+    /// What is read at each update, marked or not.
+    void markHeads() { mark(); }
+    /// Titles, headers and footers.
+    void markTexts();
+    /// What all staves share of their bars.
+    void markColumns();
+    /// Bars `first` to `last`, and the one behind them, into which clef, key and octave reach.
     void markBars(std::uint64_t tracks, int first, int last);
+    /// The bit of a track among the marks of a bar; tracks that are 64 apart share one.
+    static std::uint64_t bitOf(unsigned track) noexcept { return std::uint64_t{1} << (track % 64); }
+
+    /// Columns went in or out.
     void addBars(int index, int count);
     void removeBars(int index, int count);
 
-    bool _any = true; ///< all of the score is marked at first
+    bool any() const noexcept { return _any; }
+    bool texts() const noexcept { return _texts; }
+    bool columns() const noexcept { return _columns; }
+    bool bar(unsigned bar, unsigned track) const { return (_bars[bar] & bitOf(track)) != 0; }
+    bool anyBar(unsigned bar) const { return _bars[bar] != 0; }
+
+    /// For each bar of a score of so many the index that it had when this was asked last, or
+    /// `isNew`; from here on bars may be asked for and cleared.
+    std::vector<std::uint32_t> takeOrigins(unsigned barCount);
+    static constexpr std::uint32_t isNew = 0xffffffff;
+
+    /// What was read.
+    void clearTexts() { _texts = false; }
+    void clearColumns() { _columns = false; }
+    void clearBar(unsigned bar) { _bars[bar] = 0; }
+    void clear();
+
+private:
+    void mark();
+
+    bool _any = true;
     bool _everything = true;
     bool _texts = true;
     bool _columns = true;
-    std::vector<std::uint64_t> _bars; ///< a bit for each track, shared by those 64 apart
+    std::vector<std::uint64_t> _bars; ///< a bit for each track
     std::vector<std::uint32_t> _origins;
     std::function<void()> _handler;
-    std::vector<utils::ScopedConnection> _connections;
 };
 
 } // namespace zarn::engraving

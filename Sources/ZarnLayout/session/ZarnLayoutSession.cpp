@@ -3,29 +3,106 @@
 
 #include <ZarnLayout/font/ZarnTextMeasure.h>
 #include <ZarnLayout/session/LayoutChanges.h>
+#include <ZarnLayout/session/LayoutEngine.h>
+#include <ZarnLayout/session/ScoreListener.h>
 #include <ZarnLayout/session/ScoreMarks.h>
+#include <ZarnLayout/session/ScoreReader.h>
 
+#include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/score/ZarnScore.h>
 
+#include <atomic>
+#include <mutex>
 #include <utility>
 
 namespace zarn::layout {
+
+using engraving::LayoutEngine;
+using engraving::ScoreSource;
+
+namespace {
+
+/// One engine for a session and its jobs, one at a time.
+class SharedEngine {
+public:
+    SharedEngine(std::shared_ptr<const MusicFont> font, const TextMeasure &texts)
+        : _engine(std::move(font), texts)
+    {
+    }
+
+    std::shared_ptr<const Layout> layOut(std::shared_ptr<const ScoreSource> source)
+    {
+        const std::lock_guard<std::mutex> lock(_mutex);
+        return _engine.layOut(std::move(source));
+    }
+
+private:
+    std::mutex _mutex;
+    LayoutEngine _engine;
+};
+
+} // namespace
+
+class LayoutJob::Impl {
+public:
+    std::shared_ptr<SharedEngine> engine;
+    std::shared_ptr<const ScoreSource> source;
+    unsigned reading = 0; ///< from which the source is
+    std::once_flag once;
+    std::shared_ptr<const Layout> layout;
+    std::atomic<bool> isDone = false;
+};
+
+LayoutJob::LayoutJob(std::unique_ptr<Impl> impl) : _impl(std::move(impl)) { }
+
+LayoutJob::~LayoutJob() = default;
+
+void LayoutJob::run()
+{
+    std::call_once(_impl->once, [this] {
+        _impl->layout = _impl->engine->layOut(_impl->source);
+        _impl->isDone = true;
+    });
+}
+
+bool LayoutJob::isDone() const noexcept
+{
+    return _impl->isDone;
+}
 
 class LayoutSession::Impl {
 public:
     Impl(Score &score, LayoutOptions options, std::shared_ptr<const MusicFont> font,
          const TextMeasure &texts)
-        : score(score), options(std::move(options)), font(std::move(font)), texts(texts),
-          marks(score)
+        : score(score), options(std::move(options)),
+          engine(std::make_shared<SharedEngine>(std::move(font), texts)), listener(score, marks)
     {
+    }
+
+    bool read(const engraving::ScoreReader::Deadline &deadline = {})
+    {
+        if (!marks.any())
+            return true;
+        ++reading;
+        return reader.read(*score.scoreModel(), options, marks, deadline);
+    }
+
+    LayoutUpdate show(std::shared_ptr<const Layout> next, unsigned ofReading)
+    {
+        const auto before = std::exchange(layout, std::move(next));
+        shown = ofReading;
+        return {layout, before ? changesBetween(*before, *layout) : wholeSheets(*layout)};
     }
 
     Score &score;
     LayoutOptions options;
-    std::shared_ptr<const MusicFont> font;
-    const TextMeasure &texts;
     engraving::ScoreMarks marks;
+    engraving::ScoreReader reader;
+    std::shared_ptr<SharedEngine> engine;
+    engraving::ScoreListener listener;
     std::shared_ptr<const Layout> layout;
+    unsigned reading = 0; ///< how often anything was read
+    unsigned shown = 0;   ///< the reading that the layout shows
 };
 
 LayoutSession::LayoutSession(Score &score, LayoutOptions options)
@@ -54,7 +131,7 @@ void LayoutSession::setOptions(LayoutOptions options)
 
 bool LayoutSession::isOutdated() const noexcept
 {
-    return _impl->marks.any();
+    return _impl->marks.any() || _impl->shown != _impl->reading;
 }
 
 void LayoutSession::setOutdatedHandler(std::function<void()> handler)
@@ -64,20 +141,39 @@ void LayoutSession::setOutdatedHandler(std::function<void()> handler)
 
 LayoutUpdate LayoutSession::update()
 {
-    Impl &impl = *_impl;
-    if (impl.layout && !impl.marks.any())
-        return {impl.layout, {}};
-    const auto before = std::move(impl.layout);
-    const ScoreModel &model = *impl.score.scoreModel();
-    impl.layout = layOut(model, impl.options, impl.font, impl.texts);
-    impl.marks.clear(model.masterTrack()->masterBarCount());
-    return {impl.layout,
-            before ? changesBetween(*before, *impl.layout) : wholeSheets(*impl.layout)};
+    if (!isOutdated())
+        return {_impl->layout, {}};
+    _impl->read();
+    return _impl->show(_impl->engine->layOut(_impl->reader.source()), _impl->reading);
 }
 
 const std::shared_ptr<const Layout> &LayoutSession::layout() const noexcept
 {
     return _impl->layout;
+}
+
+bool LayoutSession::read(std::chrono::microseconds atMost)
+{
+    return _impl->read(std::chrono::steady_clock::now() + atMost);
+}
+
+std::shared_ptr<LayoutJob> LayoutSession::startJob()
+{
+    _impl->read();
+    auto job = std::make_unique<LayoutJob::Impl>();
+    job->engine = _impl->engine;
+    job->source = _impl->reader.source();
+    job->reading = _impl->reading;
+    return std::shared_ptr<LayoutJob>(new LayoutJob(std::move(job)));
+}
+
+LayoutUpdate LayoutSession::finishJob(const LayoutJob &job)
+{
+    ZARN_ASSERT_IN("zarn::layout::LayoutSession::finishJob", job.isDone());
+    ZARN_ASSERT_IN("zarn::layout::LayoutSession::finishJob", job._impl->engine == _impl->engine);
+    if (job._impl->reading <= _impl->shown)
+        return {_impl->layout, {}};
+    return _impl->show(job._impl->layout, job._impl->reading);
 }
 
 } // namespace zarn::layout

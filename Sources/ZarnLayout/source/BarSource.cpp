@@ -16,4 +16,58 @@ bool BarSource::isEmpty() const noexcept
     });
 }
 
+namespace {
+
+template <typename T>
+bool haveEqualValue(const std::shared_ptr<const T> &a, const std::shared_ptr<const T> &b)
+{
+    return a == b || (a && b && *a == *b);
+}
+
+bool isEqual(const TempoMark &a, const TempoMark &b)
+{
+    return a.position == b.position && a.value == b.value && a.unit == b.unit && a.text == b.text
+        && a.isLinear == b.isLinear;
+}
+
+} // namespace
+
+bool operator==(const NoteSource &a, const NoteSource &b)
+{
+    return a.marks == b.marks && a.midi == b.midi && a.line == b.line && a.string == b.string
+        && a.fret == b.fret && a.step == b.step && a.alteration == b.alteration
+        && a.octave == b.octave && a.accidental == b.accidental && a.head == b.head
+        && a.setHeads == b.setHeads && a.technique == b.technique
+        && haveEqualValue(a.details, b.details);
+}
+
+bool operator==(const BeatSource &a, const BeatSource &b)
+{
+    return a.onset == b.onset && a.length == b.length && a.marks == b.marks && a.rhythm == b.rhythm
+        && a.index == b.index && a.firstNote == b.firstNote && a.noteCount == b.noteCount
+        && a.graceRank == b.graceRank && a.isRest == b.isRest
+        && a.isWholeBarRest == b.isWholeBarRest && a.isPlaceHolder == b.isPlaceHolder
+        && a.isBeamedOn == b.isBeamedOn && haveEqualValue(a.details, b.details);
+}
+
+bool operator==(const BarSource &a, const BarSource &b)
+{
+    return a.clef == b.clef && a.clefBefore == b.clefBefore && a.clefChanges == b.clefChanges
+        && a.ottavia == b.ottavia && a.ottaviaBefore == b.ottaviaBefore && a.simile == b.simile
+        && a.key == b.key && a.keyBefore == b.keyBefore && a.layoutRatio == b.layoutRatio
+        && a.voices == b.voices && a.notes == b.notes;
+}
+
+bool operator==(const ColumnSource &a, const ColumnSource &b)
+{
+    return a.length == b.length && a.meter == b.meter && a.showsMeter == b.showsMeter
+        && a.repeatStart == b.repeatStart && a.repeatCount == b.repeatCount
+        && a.doubleBar == b.doubleBar && a.freeTime == b.freeTime
+        && a.startsFreeTime == b.startsFreeTime && a.barLine == b.barLine && a.endings == b.endings
+        && a.movementStart == b.movementStart && a.section == b.section && a.fermatas == b.fermatas
+        && a.directions == b.directions && a.newFeel == b.newFeel && a.layoutRatio == b.layoutRatio
+        && a.isLast == b.isLast
+        && std::equal(a.tempos.begin(), a.tempos.end(), b.tempos.begin(), b.tempos.end(), isEqual);
+}
+
 } // namespace zarn::engraving

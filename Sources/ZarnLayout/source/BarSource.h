@@ -11,6 +11,7 @@
 #include <ZarnCore/model/form/ZarnInForce.h>
 #include <ZarnCore/music/ZarnRhythmValue.h>
 #include <ZarnCore/utils/rational.h>
+#include <ZarnLayout/draw/ZarnDrawPlace.h>
 
 #include <array>
 #include <cstdint>
@@ -29,6 +30,10 @@ struct AccidentalSign {
     AccidentalDisplay display = AccidentalDisplay::Auto;
 
     bool isShown() const noexcept { return sign != Accidental::None; }
+    friend bool operator==(const AccidentalSign &a, const AccidentalSign &b) noexcept
+    {
+        return a.sign == b.sign && a.display == b.display;
+    }
 };
 
 struct NoteSource {
@@ -50,6 +55,8 @@ struct NoteSource {
     char16_t technique = 0;
 
     std::shared_ptr<const NoteDetails> details; ///< null for none
+
+    friend bool operator==(const NoteSource &a, const NoteSource &b);
 };
 
 struct BeatSource {
@@ -78,11 +85,18 @@ struct BeatSource {
         return value > 0 ? value : 0;
     }
     bool hasStem() const noexcept { return rhythm.getNoteValue() >= RhythmValue::NoteValue::Half; }
+
+    friend bool operator==(const BeatSource &a, const BeatSource &b);
 };
 
 struct VoiceSource {
     unsigned number = 0;
     std::vector<BeatSource> beats;
+
+    friend bool operator==(const VoiceSource &a, const VoiceSource &b)
+    {
+        return a.number == b.number && a.beats == b.beats;
+    }
 };
 
 /// One bar of one staff, and the context that reaches into it.
@@ -101,9 +115,11 @@ struct BarSource {
 
     /// No sounding and no written beat.
     bool isEmpty() const noexcept;
+
+    friend bool operator==(const BarSource &a, const BarSource &b);
 };
 
-/// What all staves share of one bar.
+/// What all staves share of one bar. The bars of its tempos are not told.
 struct ColumnSource {
     utils::rational length = 4;
     TimeSignature meter;
@@ -123,16 +139,19 @@ struct ColumnSource {
     std::optional<TripletFeel> newFeel;
     float layoutRatio = 1;
 
-    /// As people count, from 1; 0 for a pickup bar.
-    unsigned number = 1;
     bool isLast = false;
+
+    friend bool operator==(const ColumnSource &a, const ColumnSource &b);
 };
 
-/// A staff of a score with its bars.
-struct StaffSource {
-    unsigned track = 0;
-    unsigned staff = 0;
-    std::vector<BarSource> bars;
+/// One bar of all staves that are laid out. Never changes, and says nothing of where in the score
+/// it stands: who holds two equal pointers knows that nothing is different.
+struct BarColumn {
+    std::shared_ptr<const ColumnSource> shared;
+    std::vector<std::shared_ptr<const BarSource>> staves;
+
+    /// Voices that are longer than the bar. In these places the bar is 0.
+    std::vector<layout::DrawPlace> longVoices;
 };
 
 } // namespace zarn::engraving

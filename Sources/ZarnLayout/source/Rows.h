@@ -37,6 +37,14 @@ struct Row {
 
     double height() const noexcept { return (lineCount - 1) * lineDistance; }
 
+    friend bool operator==(const Row &a, const Row &b) noexcept
+    {
+        return a.track == b.track && a.staff == b.staff && a.notation == b.notation
+            && a.lineCount == b.lineCount && a.lineDistance == b.lineDistance
+            && a.hasRhythm == b.hasRhythm && a.isFirstOfStaff == b.isFirstOfStaff
+            && a.isLastOfStaff == b.isLastOfStaff && a.isPercussion == b.isPercussion;
+    }
+
     /// How far a line or space is below the top line, in staff spaces; counted in half spaces
     /// above the bottom line.
     double yOfLine(int line) const noexcept { return height() - line * 0.5 * lineDistance; }

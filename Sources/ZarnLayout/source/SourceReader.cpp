@@ -159,25 +159,10 @@ BarSource readBar(const ScoreModel &model, const Track &track, const Staff &staf
     return source;
 }
 
-StaffSource readStaff(const ScoreModel &model, unsigned track, unsigned staff, unsigned first,
-                      unsigned end)
-{
-    StaffSource source;
-    source.track = track;
-    source.staff = staff;
-    source.bars.reserve(end - first);
-    const Track &node = *model.tracks()[track];
-    const Staff &staffNode = *node.staves()[staff];
-    for (unsigned bar = first; bar < end; ++bar)
-        source.bars.push_back(readBar(model, node, staffNode, bar));
-    return source;
-}
-
 std::vector<ColumnSource> readColumns(const ScoreModel &model, unsigned first, unsigned end)
 {
     const MasterTrack &master = *model.masterTrack();
     std::vector<ColumnSource> columns(end - first);
-    const unsigned offset = master.hasAnacrusis() ? 0 : 1;
     for (unsigned i = first; i < end; ++i) {
         const MasterBar &bar = *master.masterBars()[i];
         const MasterBar *before = i > 0 ? master.masterBars()[i - 1].get() : nullptr;
@@ -196,7 +181,6 @@ std::vector<ColumnSource> readColumns(const ScoreModel &model, unsigned first, u
         column.section = bar.section();
         column.fermatas = bar.fermatas();
         column.layoutRatio = bar.layoutRatio();
-        column.number = i + offset;
         column.isLast = i + 1 == master.masterBarCount();
         const TripletFeel old = before ? before->tripletFeel() : TripletFeel::NoTripletFeel;
         if (bar.tripletFeel() != old)

@@ -13,6 +13,13 @@ struct BarWidth {
     double headOfLine = 0; ///< more, when the bar begins a line: clefs, key
     bool breaksBefore = false;
     bool endsSection = false; ///< a line that ends here is welcome
+
+    friend bool operator==(const BarWidth &a, const BarWidth &b) noexcept
+    {
+        return a.fixed == b.fixed && a.spring == b.spring && a.least == b.least
+            && a.headOfLine == b.headOfLine && a.breaksBefore == b.breaksBefore
+            && a.endsSection == b.endsSection;
+    }
 };
 
 /// Where systems begin, for a width: the number of bars of each system.

@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnLayout/engrave/Pen.h>
+#include <ZarnLayout/session/ScoreSource.h>
+
+namespace zarn::engraving {
+
+/// Engraves a bar in all rows, or the sign for bars of rest, and finds how wide it wants to be.
+std::shared_ptr<const EngravedColumn> engraveColumn(const ScoreSource &score, const ShownBar &bars,
+                                                    const Pen &pen);
+
+} // namespace zarn::engraving

@@ -1,0 +1,211 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnLayout/session/LayoutEngine.h>
+
+#include <ZarnLayout/page/BarNumber.h>
+#include <ZarnLayout/session/ColumnEngraver.h>
+#include <ZarnLayout/session/MultiRests.h>
+
+#include <ZarnCore/model/ZarnScoreModel.h>
+
+#include <unordered_map>
+#include <utility>
+
+namespace zarn::engraving {
+
+namespace {
+
+constexpr std::uint32_t isNew = SystemBreaks::isNew;
+
+/// Whether bars are engraved in the same way for both.
+bool haveEqualRows(const ScoreSource &a, const ScoreSource &b)
+{
+    return a.rows == b.rows && a.staffOfRow == b.staffOfRow && a.isPart == b.isPart;
+}
+
+bool haveEqualHeads(const ScoreSource &a, const ScoreSource &b)
+{
+    return haveEqualRows(a, b) && a.tracks == b.tracks && a.groups == b.groups
+        && a.firstNumber == b.firstNumber;
+}
+
+} // namespace
+
+LayoutEngine::LayoutEngine(std::shared_ptr<const layout::MusicFont> font,
+                           const layout::TextMeasure &texts)
+    : _font(std::move(font)), _fonts(*_font, texts), _pen(_fonts), _pages(_pen)
+{
+}
+
+std::shared_ptr<const layout::Layout> LayoutEngine::layOut(std::shared_ptr<const ScoreSource> next)
+{
+    const ScoreSource &source = *next;
+    const Sheet sheet(source.page);
+    _oldScore = std::exchange(_score, {});
+    _oldSystems = std::exchange(_systems, {});
+    const auto old = std::exchange(_source, nullptr);
+    _hasOtherHeads = !old || !haveEqualHeads(*old, source);
+
+    _score.rows = source.rows;
+    _score.staffOfRow = source.staffOfRow;
+    _score.tracks = source.tracks;
+    _score.groups = source.groups;
+    _score.firstNumber = source.firstNumber;
+    const Origins origins = engrave(source, old.get());
+    _breaks.measure(_score, origins, _pen);
+    if (!_score.rows.empty() && !_score.shown.empty())
+        buildSystems(source, sheet, origins);
+    Problems problems = collectProblems(source, sheet);
+    layout::Layout::Content content;
+    content.font = _font;
+    content.staffSpace = sheet.setup.staffSpace;
+    content.pages = _pages.make(source, sheet, _systems, problems);
+    content.title = source.texts->property(ScoreProperty::Title);
+    for (const auto &problem : problems.list())
+        content.problems.push_back({problem.place, problem.text});
+    auto layout = std::make_shared<const layout::Layout>(std::move(content));
+
+    _oldScore = {};
+    _oldSystems.clear();
+    _source = std::move(next); // at the end: after a failure everything is made anew
+    return layout;
+}
+
+LayoutEngine::Origins LayoutEngine::engrave(const ScoreSource &source, const ScoreSource *old)
+{
+    _score.shown = shownBars(source);
+    Origins origins(_score.shown.size(), isNew);
+    if (old && haveEqualRows(*old, source))
+        origins = originsOf(source, *old);
+    _score.columns.reserve(_score.shown.size());
+    for (std::size_t i = 0; i < _score.shown.size(); ++i)
+        _score.columns.push_back(origins[i] == isNew ? engraveColumn(source, _score.shown[i], _pen)
+                                                     : _oldScore.columns[origins[i]]);
+    return origins;
+}
+
+LayoutEngine::Origins LayoutEngine::originsOf(const ScoreSource &source,
+                                              const ScoreSource &old) const
+{
+    const auto &shown = _score.shown;
+    Origins origins(shown.size(), isNew);
+    const auto isSameBar = [&](std::size_t i, std::size_t before) {
+        const EngravedColumn &column = *_oldScore.columns[before];
+        const std::size_t number = shown[i].bar - source.firstBar;
+        return column.count == shown[i].count && column.first == source.columns[number]
+            && column.last == source.columns[number + shown[i].count - 1];
+    };
+    if (source.columns.size() == old.columns.size() && shown.size() == _oldScore.shown.size()) {
+        for (std::size_t i = 0; i < shown.size(); ++i)
+            if (isSameBar(i, i))
+                origins[i] = static_cast<std::uint32_t>(i);
+        return origins;
+    }
+    std::unordered_map<const BarColumn *, std::uint32_t> places;
+    for (std::size_t i = 0; i < _oldScore.columns.size(); ++i)
+        places.emplace(_oldScore.columns[i]->first.get(), static_cast<std::uint32_t>(i));
+    for (std::size_t i = 0; i < shown.size(); ++i) {
+        const auto place = places.find(source.columns[shown[i].bar - source.firstBar].get());
+        if (place != places.end() && isSameBar(i, place->second))
+            origins[i] = place->second;
+    }
+    return origins;
+}
+
+void LayoutEngine::buildSystems(const ScoreSource &source, const Sheet &sheet,
+                                const Origins &origins)
+{
+    _oldSystemAt.assign(_oldScore.shown.size(), isNew);
+    for (std::size_t i = 0; i < _oldSystems.size(); ++i)
+        _oldSystemAt[_oldSystems[i].first] = static_cast<std::uint32_t>(i);
+    Problems unheard;
+    const SystemBuilder builder(_score, _pen, unheard);
+    const auto count = static_cast<unsigned>(_score.shown.size());
+    if (source.view == ViewLayout::SingleLine) {
+        double width = builder.indent(true) + 100;
+        for (const BarWidth &bar : _breaks.bars())
+            width += (bar.fixed + bar.spring) * 1.2 + 2;
+        addSystem(0, count, {width, false}, origins);
+        return;
+    }
+    const double first = sheet.width - builder.indent(true) - 0.2;
+    const double others = sheet.width - builder.indent(false) - 0.2;
+    unsigned bar = 0;
+    for (const unsigned bars : _breaks.find(source, _score.shown, {first, others})) {
+        addSystem(bar, bar + bars, {sheet.width, true}, origins);
+        bar += bars;
+    }
+}
+
+void LayoutEngine::addSystem(unsigned first, unsigned end, const SystemWidth &width,
+                             const Origins &origins)
+{
+    ShownSystem system;
+    system.first = first;
+    system.end = end;
+    system.width = width;
+    const std::uint32_t before = origins[first] == isNew ? isNew : _oldSystemAt[origins[first]];
+    if (before != isNew && isSame(_oldSystems[before], system))
+        takeOver(_oldSystems[before], system);
+    if (!system.built) {
+        Problems problems;
+        system.built = std::make_shared<const BuiltSystem>(
+            SystemBuilder(_score, _pen, problems)
+                .build(first, end, width.width, width.isJustified));
+        system.problems = std::make_shared<const Problems>(std::move(problems));
+    }
+    _systems.push_back(std::move(system));
+}
+
+void LayoutEngine::takeOver(const ShownSystem &old, ShownSystem &system) const
+{
+    const auto bars = static_cast<std::int32_t>(_score.shown[system.first].bar)
+        - static_cast<std::int32_t>(_oldScore.shown[old.first].bar);
+    if (bars == 0) {
+        system.built = old.built;
+        system.problems = old.problems;
+        return;
+    }
+    system.built = movedBy(*old.built, bars, _score.number(system.first), _pen);
+    Problems problems;
+    problems.add(*old.problems, bars);
+    system.problems = std::make_shared<const Problems>(std::move(problems));
+}
+
+bool LayoutEngine::isSame(const ShownSystem &old, const ShownSystem &system) const
+{
+    if (_hasOtherHeads || !(old.width == system.width)
+        || old.end - old.first != system.end - system.first)
+        return false;
+    // What is drawn of a system depends on its bars, the one in front, and the one behind.
+    const bool isFirst = system.first == 0;
+    const bool isLast = system.end == _score.shown.size();
+    if (isFirst != (old.first == 0) || isLast != (old.end == _oldScore.shown.size()))
+        return false;
+    unsigned number = system.first - (isFirst ? 0 : 1);
+    const unsigned end = system.end + (isLast ? 0 : 1);
+    for (unsigned before = old.first - (isFirst ? 0 : 1); number < end; ++number, ++before)
+        if (_score.columns[number] != _oldScore.columns[before])
+            return false;
+    return true;
+}
+
+Problems LayoutEngine::collectProblems(const ScoreSource &source, const Sheet &sheet) const
+{
+    Problems problems;
+    for (std::size_t i = 0; i < source.columns.size(); ++i)
+        for (layout::DrawPlace place : source.columns[i]->longVoices) {
+            place.bar += static_cast<std::int32_t>(source.firstBar + i);
+            problems.add(place, "The voice is longer than its bar.");
+        }
+    for (std::size_t i = 0; i < _score.shown.size(); ++i)
+        problems.add(_score.columns[i]->problems, static_cast<std::int32_t>(_score.shown[i].bar));
+    if (sheet.isTooSmall)
+        problems.add({}, "The page is too small for music between its margins.");
+    if (source.view != ViewLayout::SingleLine && !_systems.empty())
+        problems.add(_breaks.problems());
+    for (const ShownSystem &system : _systems)
+        problems.add(*system.problems);
+    return problems;
+}
+
+} // namespace zarn::engraving

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnLayout/draw/ZarnLayout.h>
+#include <ZarnLayout/engrave/Pen.h>
+#include <ZarnLayout/page/SystemBuilder.h>
+#include <ZarnLayout/session/PageMaker.h>
+#include <ZarnLayout/session/SystemBreaks.h>
+
+#include <memory>
+#include <vector>
+
+namespace zarn::layout {
+class TextMeasure;
+}
+
+namespace zarn::engraving {
+
+/// Lays scores out, one behind the other: what a score shares with the one before is not made
+/// again. What comes out depends on the last score alone. Knows no score but what it is given, so
+/// that it may run on any thread; on one at a time.
+class LayoutEngine {
+public:
+    /// `texts` must outlive the engine.
+    LayoutEngine(std::shared_ptr<const layout::MusicFont> font, const layout::TextMeasure &texts);
+    LayoutEngine(const LayoutEngine &) = delete;
+    LayoutEngine &operator=(const LayoutEngine &) = delete;
+
+    std::shared_ptr<const layout::Layout> layOut(std::shared_ptr<const ScoreSource> source);
+
+private:
+    /// Of each shown bar the one that it was before, or `SystemBreaks::isNew`.
+    using Origins = std::vector<std::uint32_t>;
+
+    Origins engrave(const ScoreSource &source, const ScoreSource *old);
+    Origins originsOf(const ScoreSource &source, const ScoreSource &old) const;
+    void buildSystems(const ScoreSource &source, const Sheet &sheet, const Origins &origins);
+    void addSystem(unsigned first, unsigned end, const SystemWidth &width, const Origins &origins);
+    void takeOver(const ShownSystem &old, ShownSystem &system) const;
+    bool isSame(const ShownSystem &old, const ShownSystem &system) const;
+    Problems collectProblems(const ScoreSource &source, const Sheet &sheet) const;
+
+    std::shared_ptr<const layout::MusicFont> _font;
+    Fonts _fonts;
+    Pen _pen;
+    SystemBreaks _breaks;
+    PageMaker _pages;
+
+    std::shared_ptr<const ScoreSource> _source;
+    EngravedScore _score;
+    bool _hasOtherHeads = true; ///< whatever all systems show is different
+    std::vector<ShownSystem> _systems;
+
+    // Of the score before, while the next one is laid out.
+    EngravedScore _oldScore;
+    std::vector<ShownSystem> _oldSystems;
+    std::vector<std::uint32_t> _oldSystemAt; ///< by shown bar, where one begins
+};
+
+} // namespace zarn::engraving

@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnLayout/session/PageMaker.h>
+
+#include <ZarnLayout/page/PageFiller.h>
+
+#include <ZarnCore/model/ZarnScoreModel.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace zarn::engraving {
+
+using layout::boundedLength;
+using layout::fromSpaces;
+using layout::LayoutPage;
+
+namespace {
+
+LayoutPage emptyPage(const Sheet &sheet)
+{
+    LayoutPage page;
+    page.width = sheet.setup.width;
+    page.height = sheet.setup.height;
+    page.leftMargin = sheet.setup.leftMargin;
+    page.topMargin = sheet.setup.topMargin;
+    page.rightMargin = sheet.setup.rightMargin;
+    page.bottomMargin = sheet.setup.bottomMargin;
+    return page;
+}
+
+/// The sheet grows, so that nothing is lost beyond its edge.
+void growFor(LayoutPage &page, const BuiltSystem &system, double above, const Sheet &sheet)
+{
+    const double needed = (above + system.top + system.bottom) * sheet.space;
+    page.height = std::max(page.height,
+                           boundedLength(std::ceil(needed)) + page.topMargin + page.bottomMargin
+                               + boundedLength(4 * sheet.space));
+}
+
+std::vector<SystemHeight> heightsOf(const std::vector<ShownSystem> &systems)
+{
+    std::vector<SystemHeight> heights;
+    heights.reserve(systems.size());
+    for (std::size_t i = 0; i < systems.size(); ++i) {
+        const BuiltSystem &system = *systems[i].built;
+        double nesting = 0;
+        if (i > 0) {
+            const BuiltSystem &before = *systems[i - 1].built;
+            const double least = before.lastRow + before.below.distance(system.above);
+            nesting = std::max(0.0, before.bottom + system.top - least);
+        }
+        heights.push_back({system.top, system.bottom, nesting, false});
+    }
+    return heights;
+}
+
+} // namespace
+
+void PageMaker::setTexts(const ScoreSource &source, const Sheet &sheet)
+{
+    if (_texts && _model == source.texts && _setup == sheet.setup)
+        return;
+    _model = source.texts;
+    _setup = sheet.setup;
+    _texts.emplace(*_model, _pen, sheet.width);
+    _drawn.clear();
+}
+
+std::shared_ptr<const layout::DrawList> PageMaker::textsOf(const Sheet &sheet, unsigned page,
+                                                           unsigned pageCount)
+{
+    if (_pageCount != pageCount)
+        _drawn.clear();
+    _pageCount = pageCount;
+    _drawn.resize(pageCount);
+    auto &drawn = _drawn[page - 1];
+    if (!drawn)
+        drawn = _texts->draw(page, pageCount, sheet.spaces(sheet.setup.leftMargin),
+                             sheet.spaces(sheet.setup.topMargin), sheet.height);
+    return drawn;
+}
+
+std::vector<LayoutPage> PageMaker::make(const ScoreSource &source, const Sheet &sheet,
+                                        const std::vector<ShownSystem> &systems, Problems &problems)
+{
+    setTexts(source, sheet);
+    if (source.view != ViewLayout::Pages)
+        return fillSheet(source, sheet, systems);
+    const double title = _texts->titleHeight();
+    const double footer = _texts->footerHeight();
+    const double header = _texts->headerHeight();
+    const PageRoom room = {std::max(sheet.height - title - footer, 1.0),
+                           std::max(sheet.height - header - footer, 1.0)};
+    const std::vector<FilledPage> filled = fillPages(heightsOf(systems), room);
+    const auto pageCount = std::max<unsigned>(1, static_cast<unsigned>(filled.size()));
+    const double left = sheet.spaces(sheet.setup.leftMargin);
+    const double top = sheet.spaces(sheet.setup.topMargin);
+    std::vector<LayoutPage> pages;
+    pages.reserve(pageCount);
+    for (unsigned i = 0; i < pageCount; ++i) {
+        LayoutPage page = emptyPage(sheet);
+        page.marks = textsOf(sheet, i + 1, pageCount);
+        if (i < filled.size()) {
+            const double above = i == 0 ? title : header;
+            page.systems.reserve(filled[i].places.size());
+            for (unsigned s = filled[i].first; s < filled[i].end; ++s)
+                page.systems.push_back(
+                    {systems[s].built->drawing,
+                     {fromSpaces(left),
+                      fromSpaces(top + above + filled[i].places[s - filled[i].first])}});
+            if (filled[i].isTooTall) {
+                const ShownSystem &system = systems[filled[i].first];
+                MarkPlace place;
+                place.bar = system.built->drawing->bars.front().firstBar;
+                problems.add(place, "The system is taller than the page.");
+                growFor(page, *system.built, above, sheet);
+            }
+        }
+        pages.push_back(std::move(page));
+    }
+    return pages;
+}
+
+std::vector<LayoutPage> PageMaker::fillSheet(const ScoreSource &source, const Sheet &sheet,
+                                             const std::vector<ShownSystem> &systems) const
+{
+    LayoutPage page = emptyPage(sheet);
+    const double left = sheet.spaces(page.leftMargin);
+    const double top = sheet.spaces(page.topMargin);
+    double y = top + _texts->titleHeight();
+    double width = 0;
+    for (const ShownSystem &system : systems) {
+        const BuiltSystem &built = *system.built;
+        page.systems.push_back({built.drawing, {fromSpaces(left), fromSpaces(y + built.top)}});
+        y += built.top + built.bottom + systemGap + 2;
+        if (source.view == ViewLayout::SingleLine)
+            width = std::max(
+                width, layout::toSpaces(built.drawing->marks.box(_pen.fonts().music()).right));
+    }
+    if (source.view == ViewLayout::SingleLine)
+        page.width =
+            std::max(page.width, boundedLength((left + width) * sheet.space) + page.rightMargin);
+    page.height = boundedLength(y * sheet.space) + page.bottomMargin;
+    page.marks = _texts->draw(1, 1, left, top, y - top);
+    return {std::move(page)};
+}
+
+} // namespace zarn::engraving

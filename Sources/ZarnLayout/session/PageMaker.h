@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnLayout/draw/ZarnLayout.h>
+#include <ZarnLayout/engrave/Problems.h>
+#include <ZarnLayout/page/SystemBuilder.h>
+#include <ZarnLayout/session/PageTexts.h>
+#include <ZarnLayout/session/ScoreSource.h>
+#include <ZarnLayout/session/Sheet.h>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace zarn::engraving {
+
+struct SystemWidth {
+    double width = 0;
+    bool isJustified = true;
+
+    friend bool operator==(const SystemWidth &a, const SystemWidth &b) noexcept
+    {
+        return a.width == b.width && a.isJustified == b.isJustified;
+    }
+};
+
+/// A system where it stands in the score.
+struct ShownSystem {
+    unsigned first = 0; ///< shown bars
+    unsigned end = 0;
+    SystemWidth width; ///< for which it was built
+    std::shared_ptr<const BuiltSystem> built;
+    std::shared_ptr<const Problems> problems;
+};
+
+/// Puts systems on pages, or all of them on one sheet, with titles, headers and footers.
+class PageMaker {
+public:
+    explicit PageMaker(const Pen &pen) : _pen(pen) { }
+
+    std::vector<layout::LayoutPage> make(const ScoreSource &source, const Sheet &sheet,
+                                         const std::vector<ShownSystem> &systems,
+                                         Problems &problems);
+
+private:
+    void setTexts(const ScoreSource &source, const Sheet &sheet);
+    std::shared_ptr<const layout::DrawList> textsOf(const Sheet &sheet, unsigned page,
+                                                    unsigned pageCount);
+
+    std::vector<layout::LayoutPage> fillSheet(const ScoreSource &source, const Sheet &sheet,
+                                              const std::vector<ShownSystem> &systems) const;
+
+    const Pen &_pen;
+    std::shared_ptr<const ScoreModel> _model; ///< of the texts
+    std::optional<PageTexts> _texts;
+    PageSetup _setup; ///< for which they were drawn
+    unsigned _pageCount = 0;
+    std::vector<std::shared_ptr<const layout::DrawList>> _drawn; ///< by page
+};
+
+} // namespace zarn::engraving

@@ -1,0 +1,203 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnLayout/session/ScoreReader.h>
+
+#include <ZarnLayout/session/ScoreMarks.h>
+#include <ZarnLayout/source/SourceReader.h>
+
+#include <ZarnCore/model/ZarnScoreModel.h>
+
+#include <algorithm>
+
+namespace zarn::engraving {
+
+namespace {
+
+/// Gives a column its voices that are longer than the bar.
+void findLongVoices(BarColumn &column, const std::vector<std::pair<unsigned, unsigned>> &staves)
+{
+    for (std::size_t i = 0; i < column.staves.size(); ++i)
+        for (const VoiceSource &voice : column.staves[i]->voices) {
+            if (voice.beats.empty())
+                continue;
+            const BeatSource &last = voice.beats.back();
+            if (last.onset + last.length <= column.shared->length)
+                continue;
+            layout::DrawPlace place;
+            place.bar = 0;
+            place.track = static_cast<std::int16_t>(staves[i].first);
+            place.staff = static_cast<std::int8_t>(staves[i].second);
+            place.voice = static_cast<std::int8_t>(voice.number);
+            column.longVoices.push_back(place);
+        }
+}
+
+} // namespace
+
+bool ScoreReader::read(const ScoreModel &model, const layout::LayoutOptions &options,
+                       ScoreMarks &marks, const Deadline &deadline)
+{
+    readHeads(model, options);
+    const unsigned barCount = model.masterTrack()->masterBarCount();
+    const unsigned first = std::min(options.firstBar, barCount);
+    const unsigned end = options.lastBar && *options.lastBar < barCount
+        ? std::max(*options.lastBar + 1, first)
+        : barCount;
+    moveColumns(marks.takeOrigins(barCount), first, end);
+    if (marks.texts() || !_source.texts)
+        readTexts(model);
+    marks.clearTexts();
+    if (marks.columns())
+        readShared(model, end);
+    marks.clearColumns();
+    for (unsigned bar = first; bar < end; ++bar) {
+        const unsigned number = bar - first;
+        if (_source.columns[number] && !marks.anyBar(bar))
+            continue;
+        readColumn(model, number, marks);
+        marks.clearBar(bar);
+        if (deadline && std::chrono::steady_clock::now() >= *deadline)
+            return false;
+    }
+    marks.clear();
+    return true;
+}
+
+std::shared_ptr<const ScoreSource> ScoreReader::source() const
+{
+    return std::make_shared<const ScoreSource>(_source);
+}
+
+void ScoreReader::readHeads(const ScoreModel &model, const layout::LayoutOptions &options)
+{
+    _source.rows = rowsOf(model, options.tracks, options.notations);
+    _source.staffOfRow.clear();
+    std::vector<std::pair<unsigned, unsigned>> staves;
+    for (const Row &row : _source.rows) {
+        const auto staff = std::make_pair(row.track, row.staff);
+        if (staves.empty() || staves.back() != staff)
+            staves.push_back(staff);
+        _source.staffOfRow.push_back(static_cast<unsigned>(staves.size() - 1));
+    }
+    if (staves != _staves) {
+        _staves = std::move(staves);
+        _source.columns.assign(_source.columns.size(), nullptr);
+    }
+    _source.tracks.clear();
+    for (const auto &track : model.tracks()) {
+        TrackHead head;
+        head.name = track->name();
+        head.shortName = track->shortName();
+        head.lyricsVisible = track->settings().lyricsVisible;
+        if (const auto staff = track->staff(0))
+            head.stringCount = staff->tuning().stringCount();
+        _source.tracks.push_back(std::move(head));
+    }
+    _source.groups = model.trackGroups();
+    _source.page = options.page.value_or(model.pageSetup());
+    _source.view = options.view;
+    _source.multiRest = options.multiRest;
+    _source.firstNumber = model.masterTrack()->hasAnacrusis() ? 0 : 1;
+    const auto &rows = _source.rows;
+    _source.isPart = !rows.empty() && model.trackCount() > 1
+        && std::all_of(rows.begin(), rows.end(),
+                       [&](const Row &row) { return row.track == rows.front().track; });
+    readSystems(model, options.breaks);
+}
+
+void ScoreReader::readSystems(const ScoreModel &model, layout::SystemBreaks breaks)
+{
+    _source.systems.clear();
+    _source.usualBars = 0;
+    if (breaks == layout::SystemBreaks::ByThemselves)
+        return;
+    if (_source.isPart) {
+        const Track &track = *model.tracks()[_source.rows.front().track];
+        _source.systems = track.systemsLayout();
+        _source.usualBars = track.defaultBarCountBySystem();
+    } else {
+        _source.systems = model.fullScoreSystemsLayout();
+        _source.usualBars = model.fullScoreDefaultBarCountBySystem();
+    }
+    if (_source.systems.empty() && breaks != layout::SystemBreaks::AsDocument)
+        _source.usualBars = 0;
+}
+
+void ScoreReader::readTexts(const ScoreModel &model)
+{
+    auto texts = std::make_shared<ScoreModel>();
+    for (unsigned i = 0; i <= static_cast<unsigned>(ScoreProperty::Notice); ++i) {
+        const auto property = static_cast<ScoreProperty>(i);
+        texts->setScoreProperty(property, model.property(property));
+    }
+    for (unsigned i = 0; i < HeaderAndFooterCount; ++i) {
+        const auto place = static_cast<HeaderAndFooter>(i);
+        texts->setHeaderAndFooter(place, model.headerAndFooter(place));
+    }
+    _source.texts = std::move(texts);
+}
+
+void ScoreReader::moveColumns(const std::vector<std::uint32_t> &origins, unsigned first,
+                              unsigned end)
+{
+    std::vector<std::shared_ptr<const BarColumn>> columns(end - first);
+    std::vector<std::shared_ptr<const ColumnSource>> shared(end - first);
+    for (unsigned bar = first; bar < end; ++bar) {
+        const std::uint32_t origin = origins[bar];
+        if (origin == ScoreMarks::isNew || origin < _source.firstBar
+            || origin - _source.firstBar >= _source.columns.size())
+            continue;
+        columns[bar - first] = std::move(_source.columns[origin - _source.firstBar]);
+        shared[bar - first] = std::move(_shared[origin - _source.firstBar]);
+    }
+    _source.firstBar = first;
+    _source.columns = std::move(columns);
+    _shared = std::move(shared);
+}
+
+void ScoreReader::readShared(const ScoreModel &model, unsigned end)
+{
+    std::vector<ColumnSource> read = readColumns(model, _source.firstBar, end);
+    for (std::size_t i = 0; i < read.size(); ++i) {
+        if (_shared[i] && *_shared[i] == read[i])
+            continue;
+        _shared[i] = std::make_shared<const ColumnSource>(std::move(read[i]));
+        if (!_source.columns[i])
+            continue;
+        auto column = std::make_shared<BarColumn>();
+        column->shared = _shared[i];
+        column->staves = _source.columns[i]->staves;
+        findLongVoices(*column, _staves);
+        _source.columns[i] = std::move(column);
+    }
+}
+
+void ScoreReader::readColumn(const ScoreModel &model, unsigned number, const ScoreMarks &marks)
+{
+    const auto &known = _source.columns[number];
+    const unsigned bar = _source.firstBar + number;
+    auto column = std::make_shared<BarColumn>();
+    column->shared = _shared[number];
+    column->staves.reserve(_staves.size());
+    bool isOther = !known;
+    for (std::size_t i = 0; i < _staves.size(); ++i) {
+        const auto [trackIndex, staffIndex] = _staves[i];
+        if (known && !marks.bar(bar, trackIndex)) {
+            column->staves.push_back(known->staves[i]);
+            continue;
+        }
+        const Track &track = *model.tracks()[trackIndex];
+        BarSource source = readBar(model, track, *track.staves()[staffIndex], bar);
+        if (known && *known->staves[i] == source) {
+            column->staves.push_back(known->staves[i]);
+            continue;
+        }
+        column->staves.push_back(std::make_shared<const BarSource>(std::move(source)));
+        isOther = true;
+    }
+    if (!isOther)
+        return;
+    findLongVoices(*column, _staves);
+    _source.columns[number] = std::move(column);
+}
+
+} // namespace zarn::engraving

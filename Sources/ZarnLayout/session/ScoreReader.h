@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ZarnLayout/session/ScoreSource.h>
+#include <ZarnLayout/session/ZarnScoreLayout.h>
+
+#include <chrono>
+#include <optional>
+#include <utility>
+
+namespace zarn::engraving {
+
+class ScoreMarks;
+
+/// Copies what a layout needs of a score, again and again: what is not marked it has already, and
+/// what is read and found to be the same stays where it is.
+class ScoreReader {
+public:
+    using Deadline = std::optional<std::chrono::steady_clock::time_point>;
+
+    /// Reads what is marked, bar by bar, until a moment but one bar at least, and clears the marks
+    /// of what is read. Answers whether nothing is left. The score may change between two calls,
+    /// which `marks` must say.
+    bool read(const ScoreModel &model, const layout::LayoutOptions &options, ScoreMarks &marks,
+              const Deadline &deadline = {});
+
+    /// What was read. Not to be asked for before nothing is left.
+    std::shared_ptr<const ScoreSource> source() const;
+
+private:
+    void readHeads(const ScoreModel &model, const layout::LayoutOptions &options);
+    void readSystems(const ScoreModel &model, layout::SystemBreaks breaks);
+    void readTexts(const ScoreModel &model);
+    void moveColumns(const std::vector<std::uint32_t> &origins, unsigned first, unsigned end);
+    void readShared(const ScoreModel &model, unsigned end);
+    void readColumn(const ScoreModel &model, unsigned number, const ScoreMarks &marks);
+
+    ScoreSource _source;
+    std::vector<std::pair<unsigned, unsigned>> _staves; ///< track and staff
+    std::vector<std::shared_ptr<const ColumnSource>> _shared;
+};
+
+} // namespace zarn::engraving

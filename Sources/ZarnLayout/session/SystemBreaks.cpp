@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnLayout/session/SystemBreaks.h>
+
+#include <ZarnLayout/page/BarLines.h>
+
+#include <algorithm>
+
+namespace zarn::engraving {
+
+void SystemBreaks::measure(const EngravedScore &score, const std::vector<std::uint32_t> &origins,
+                           const Pen &pen)
+{
+    const auto count = static_cast<unsigned>(score.shown.size());
+    std::vector<Joint> joints(count);
+    std::vector<BarWidth> bars(count);
+    for (unsigned i = 0; i < count; ++i) {
+        const EngravedColumn *const before = i > 0 ? score.columns[i - 1].get() : nullptr;
+        Joint &joint = joints[i];
+        if (origins[i] != isNew && _joints[origins[i]].before == before) {
+            joint = _joints[origins[i]];
+        } else {
+            joint.before = before;
+            joint.middle = jointBefore(score, i, JointPlace::Middle, pen).width;
+            joint.head = jointBefore(score, i, JointPlace::Head, pen).width - joint.middle;
+        }
+        BarWidth &bar = bars[i];
+        bar = score.columns[i]->spaced.width;
+        bar.fixed += joint.middle;
+        bar.least += joint.middle;
+        bar.headOfLine = joint.head;
+        bar.breaksBefore = i > 0 && score.column(i).movementStart;
+        bar.endsSection = score.lastColumn(i).doubleBar
+            || (i + 1 < count && !score.column(i + 1).section.letter.empty());
+    }
+    _isOther = _isOther || bars != _bars;
+    _joints = std::move(joints);
+    _bars = std::move(bars);
+}
+
+const std::vector<unsigned> &SystemBreaks::find(const ScoreSource &source,
+                                                const std::vector<ShownBar> &shown,
+                                                const Widths &widths)
+{
+    const bool isListed = !source.systems.empty() || source.usualBars > 0;
+    if (!_isOther && _widths == widths && _listed == source.systems && _usual == source.usualBars
+        && (!isListed || _shown == shown))
+        return _lines;
+    _isOther = false;
+    _widths = widths;
+    _listed = source.systems;
+    _usual = source.usualBars;
+    _shown = shown;
+    _problems = {};
+    if (isListed)
+        breakAsListed(source, shown, widths);
+    else
+        _lines = breakLines(_bars, widths.first, widths.others);
+    return _lines;
+}
+
+void SystemBreaks::breakAsListed(const ScoreSource &source, const std::vector<ShownBar> &shown,
+                                 const Widths &widths)
+{
+    _lines.clear();
+    const auto count = static_cast<unsigned>(shown.size());
+    unsigned bar = 0; // shown
+    unsigned listed = 0;
+    unsigned listedEnd = 0; // in bars of the score
+    const unsigned end = shown.back().bar + shown.back().count;
+    const auto breakFreely = [&](unsigned from, unsigned to, double room) {
+        const std::vector<BarWidth> line(_bars.begin() + from, _bars.begin() + to);
+        for (const unsigned size : breakLines(line, room, widths.others))
+            _lines.push_back(size);
+    };
+    while (bar < count) {
+        const double room = bar == 0 ? widths.first : widths.others;
+        while (listedEnd <= shown[bar].bar && listed < source.systems.size())
+            listedEnd += static_cast<unsigned>(std::max(source.systems[listed++], 1));
+        if (listedEnd <= shown[bar].bar) {
+            if (source.usualBars == 0) {
+                breakFreely(bar, count, room);
+                return;
+            }
+            listedEnd = shown[bar].bar + source.usualBars;
+        }
+        listedEnd = std::min(listedEnd, end);
+        unsigned lineEnd = bar;
+        while (lineEnd < count && shown[lineEnd].bar < listedEnd)
+            ++lineEnd;
+        double least = 0;
+        for (unsigned i = bar; i < lineEnd; ++i)
+            least += _bars[i].least + (i == bar ? _bars[i].headOfLine : 0);
+        if (least <= room || lineEnd - bar == 1) {
+            _lines.push_back(lineEnd - bar);
+        } else {
+            MarkPlace place;
+            place.bar = static_cast<std::int32_t>(shown[bar].bar);
+            _problems.add(place, "The bars that the system should hold find no room in it.");
+            breakFreely(bar, lineEnd, room);
+        }
+        bar = lineEnd;
+    }
+}
+
+} // namespace zarn::engraving

@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+#include "support/LayoutLaw.h"
+#include "support/ScoreFiles.h"
+
+#include <ZarnCore/model/ZarnScoreModel.h>
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QLoggingCategory>
+
+#include <cstdio>
+#include <exception>
+#include <string>
+#include <vector>
+
+namespace {
+
+struct Totals {
+    unsigned good = 0;
+    unsigned edits = 0;
+    unsigned layouts = 0;
+};
+
+void runOn(const std::string &path, const zarn::layout::LayoutOptions &options, unsigned edits,
+           std::uint64_t seed, Totals &totals)
+{
+    const std::string name = QFileInfo(QString::fromStdString(path)).fileName().toStdString();
+    QElapsedTimer timer;
+    timer.start();
+    const auto model = readScore(path);
+    const auto result = LayoutLaw{*model, options, edits, seed}.run();
+    const double seconds = static_cast<double>(timer.elapsed()) / 1000;
+    totals.edits += result.edits;
+    totals.layouts += result.layouts;
+    if (result.fault.empty()) {
+        ++totals.good;
+        std::printf("%s: %u edits, %u layouts equal, %zu of %zu systems kept; %.1f s\n",
+                    name.c_str(), result.edits, result.layouts, result.keptSystems, result.systems,
+                    seconds);
+    } else {
+        std::printf("%s: after %u edits (seed %llu), %s\n", name.c_str(), result.edits,
+                    static_cast<unsigned long long>(seed), result.fault.c_str());
+    }
+    std::fflush(stdout);
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const QCoreApplication application(argc, argv);
+    // Commands that are refused are what this is about: they need no warning each.
+    QLoggingCategory::setFilterRules(QStringLiteral("zarn.*=false"));
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Edits scores at random, keeps their layouts up to date, and compares them "
+                       "with layouts that are made from nothing."));
+    parser.addHelpOption();
+    const QCommandLineOption edits(QStringLiteral("edits"), QStringLiteral("Edits on each score."),
+                                   QStringLiteral("N"), QStringLiteral("1000"));
+    const QCommandLineOption seed(QStringLiteral("seed"),
+                                  QStringLiteral("Start of the random numbers."),
+                                  QStringLiteral("S"), QStringLiteral("1"));
+    const QCommandLineOption scroll(QStringLiteral("scroll"),
+                                    QStringLiteral("One sheet, rests joined, in place of pages."));
+    parser.addOptions({edits, seed, scroll});
+    parser.addPositionalArgument(QStringLiteral("FILE"),
+                                 QStringLiteral("MusicXML files or native documents; all samples "
+                                                "and real scores that are there, without one."),
+                                 QStringLiteral("[FILE...]"));
+    parser.process(application);
+    bool isCount = false;
+    bool isSeed = false;
+    const unsigned count = parser.value(edits).toUInt(&isCount);
+    const auto start = static_cast<std::uint64_t>(parser.value(seed).toULongLong(&isSeed));
+    if (!isCount || !isSeed || count > 1000000) {
+        std::fprintf(stderr, "--edits takes a number up to 1000000, --seed a number\n");
+        return 2;
+    }
+    zarn::layout::LayoutOptions options;
+    if (parser.isSet(scroll)) {
+        options.view = zarn::ViewLayout::Continuous;
+        options.multiRest = true;
+    }
+    std::vector<std::string> paths;
+    for (const QString &path : parser.positionalArguments())
+        paths.push_back(path.toStdString());
+    if (paths.empty())
+        paths = scoreFiles();
+
+    Totals totals;
+    for (const std::string &path : paths) {
+        try {
+            runOn(path, options, count, start, totals);
+        } catch (const std::exception &error) {
+            std::printf("%s: %s\n", path.c_str(), error.what());
+        }
+    }
+    std::printf("%u of %zu scores were shown as they are: %u edits, %u layouts compared.\n",
+                totals.good, paths.size(), totals.edits, totals.layouts);
+    return totals.good == paths.size() && !paths.empty() ? 0 : 1;
+}
