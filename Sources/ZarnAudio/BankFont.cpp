@@ -92,8 +92,9 @@ std::unique_ptr<BankFont> BankFont::load(std::shared_ptr<streams::BankArchive> a
                           });
     cache.waitUntilLoaded();
     auto font = std::make_unique<BankFont>(*bank);
-    for (const auto &region : bank->regions()) {
+    for (auto region : bank->regions()) {
         const auto &use = uses[region.sample];
+        region.gain += bank->velocity();
         if (use.data() == nullptr)
             return refuse(use.errorText());
         if (!font->addVoice(region, use, rate))

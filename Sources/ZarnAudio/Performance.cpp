@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnAudio/Performance.h>
 
-#include <ZarnAudio/ZarnPlanSound.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
 #include <algorithm>
@@ -25,15 +24,17 @@ PlanOptions withEverything(PlanOptions options)
 
 Program::Program(const zarn::ScoreModel &model, const PlanOptions &options)
     : plan(model, withEverything(options)), beats(beatsOf(model)),
-      master(model.masterTrack()->volumePan())
+      master(masterSoundOf(model.masterTrack()->mastering()))
 {
+    for (const auto &track : model.audioTracks())
+        audioTracks.push_back(std::make_shared<zarn::AudioTrack>(*track));
     for (const auto &track : model.tracks())
         switches.push_back(options.audibility == Audibility::Everything
                                ? zarn::TrackPlayback::Normal
                                : track->playback());
 }
 
-Performance::Performance(std::shared_ptr<const Program> played,
+Performance::Performance(std::shared_ptr<const Program> played, const PlanSound &sound,
                          std::shared_ptr<Instrument> playedBy, Mixer &mixer, double speed)
     : program(std::move(played)), instrument(std::move(playedBy))
 {
@@ -41,7 +42,6 @@ Performance::Performance(std::shared_ptr<const Program> played,
     const int rate = instrument->synthesizer.settings().rate;
     origin = plan.tempo().secondsAt(plan.start());
     framesPerSecond = rate / speed;
-    const PlanSound sound(plan);
     end = sound.end(rate, speed);
     events = EventSequence(sound.events(rate, speed), instrument->synthesizer);
     for (auto &strip : mixer.strips())
@@ -49,7 +49,7 @@ Performance::Performance(std::shared_ptr<const Program> played,
     for (std::size_t i = 0; i < sound.channels().size(); ++i) {
         const auto &channel = sound.channels()[i];
         isPercussion[i] = channel.isPercussion;
-        if (channel.track < mixer.strips().size())
+        if (channel.isUsed && channel.track < mixer.strips().size())
             mixer.strips()[channel.track].channels.push_back(static_cast<std::uint8_t>(i));
     }
     mix = mixer.events(0);
@@ -58,10 +58,7 @@ Performance::Performance(std::shared_ptr<const Program> played,
         if (clicks.empty() || clicks.back().frame < frame)
             clicks.push_back({frame, click.isBarStart});
     }
-    // A balance: the middle leaves both sides as they are.
-    const float pan = program->master.pan();
-    left = program->master.volume() * std::min(1.0F, 1 - pan);
-    right = program->master.volume() * std::min(1.0F, 1 + pan);
+    master = program->master;
 }
 
 std::int64_t Performance::frameOf(double second) const noexcept

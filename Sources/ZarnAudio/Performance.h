@@ -4,10 +4,12 @@
 #include <ZarnAudio/Metronome.h>
 #include <ZarnAudio/ZarnEventRenderer.h>
 #include <ZarnAudio/ZarnEventSequence.h>
+#include <ZarnAudio/ZarnMasterSound.h>
 #include <ZarnAudio/ZarnMixer.h>
+#include <ZarnAudio/ZarnPlanSound.h>
+#include <ZarnAudio/ZarnRecording.h>
 #include <ZarnAudio/ZarnSynthesizer.h>
 #include <ZarnCore/ZarnTypesEditing.h>
-#include <ZarnCore/instruments/effects/ZarnVolumePan.h>
 #include <ZarnCore/playback/ZarnPlaybackPlan.h>
 
 #include <array>
@@ -17,12 +19,14 @@
 
 namespace Halvec::audio {
 
-/// A synthesizer and what plays on it; performances share it as long as they need the same sounds.
+/// A synthesizer and what plays on it; performances share it as long as they need the same banks.
 struct Instrument {
-    explicit Instrument(const Synthesizer::Settings &settings)
-        : synthesizer(settings), renderer(synthesizer)
+    Instrument(const Synthesizer::Settings &settings, std::vector<std::string> played)
+        : banks(std::move(played)), synthesizer(settings), renderer(synthesizer)
     {
     }
+
+    std::vector<std::string> banks; ///< files, by channel
 
     Synthesizer synthesizer;
     EventRenderer renderer; ///< of the thread that plays alone
@@ -41,14 +45,16 @@ struct Program {
     zarn::playback::PlaybackPlan plan;
     std::vector<BarBeats> beats;               ///< of the metronome, by bar
     std::vector<zarn::TrackPlayback> switches; ///< by track
-    zarn::ZarnVolumePan master;
+    MasterSound master;
+    std::vector<std::shared_ptr<zarn::AudioTrack>> audioTracks; ///< copies
 };
 
 /// A program made ready to be played at a speed. It never changes.
 struct Performance {
-    /// The mixer gets the channels that play its tracks.
-    Performance(std::shared_ptr<const Program> program, std::shared_ptr<Instrument> instrument,
-                Mixer &mixer, double speed);
+    /// The mixer gets the channels that play its tracks. The instrument has the banks of the sound.
+    /// Recordings join later.
+    Performance(std::shared_ptr<const Program> program, const PlanSound &sound,
+                std::shared_ptr<Instrument> instrument, Mixer &mixer, double speed);
 
     std::shared_ptr<const Program> program;
     std::shared_ptr<Instrument> instrument;
@@ -57,8 +63,8 @@ struct Performance {
     std::vector<Click> clicks;                                  ///< in order of time
     std::vector<TimedEvent> mix; ///< levels and places of the channels, to begin with
     std::int64_t end = 0;        ///< of the last bar or sound
-    float left = 1;              ///< gains of the master's channels
-    float right = 1;
+    MasterSound master;
+    std::vector<PlacedRecording> recordings; ///< none at another speed than the usual one
 
     double origin = 0;          ///< second of frame 0 in the plan
     double framesPerSecond = 0; ///< of the plan

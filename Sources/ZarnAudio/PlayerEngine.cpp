@@ -53,7 +53,7 @@ void PlayerEngine::seek(std::int64_t frame) noexcept
 void PlayerEngine::take(const Performance &performance, double shift) noexcept
 {
     const Performance *const before = _performance;
-    const double second = before == nullptr ? performance.origin : this->second() + shift;
+    const double second = this->second() + shift;
     const auto frame = performance.frameOf(second);
     Instrument &instrument = *performance.instrument;
     const bool isOther = before == nullptr || before->instrument.get() != &instrument;
@@ -69,6 +69,9 @@ void PlayerEngine::take(const Performance &performance, double shift) noexcept
             != performance.isPercussion[channel])
             instrument.synthesizer.setPercussion(static_cast<int>(channel),
                                                  performance.isPercussion[channel]);
+    if (isOther || before->master != performance.master)
+        instrument.synthesizer.setReverb(performance.master.roomSize,
+                                         performance.master.reverbLevel);
     for (const TimedEvent &event : performance.mix)
         instrument.synthesizer.apply(event);
     if (_state != State::Playing)
@@ -196,6 +199,8 @@ std::int64_t PlayerEngine::renderMusic(float *frames, std::int64_t count) noexce
     if (_fading > 0)
         part = std::min<std::int64_t>(part, _fading);
     renderer.render(frames, part);
+    for (const PlacedRecording &recording : _performance->recordings)
+        recording.add(frames, from, part);
     _click.add(frames, part);
     if (renderer.position() < from)
         _notLess = _performance->secondOf(renderer.position());
@@ -239,13 +244,12 @@ void PlayerEngine::mixDown(float *frames, std::int64_t count) noexcept
             frames[i] += _leaving[i];
         _isLeaving = false;
     }
-    const float left = _performance == nullptr ? 1 : _performance->left;
-    const float right = _performance == nullptr ? 1 : _performance->right;
+    const MasterSound master = _performance == nullptr ? MasterSound() : _performance->master;
     const float step = (_wantedGain - _gain) / static_cast<float>(std::max<std::int64_t>(count, 1));
     for (std::int64_t i = 0; i < count; ++i) {
         _gain += step;
-        frames[2 * i] *= _gain * left;
-        frames[2 * i + 1] *= _gain * right;
+        frames[2 * i] *= _gain * master.left;
+        frames[2 * i + 1] *= _gain * master.right;
     }
     _gain = _wantedGain;
     _limiter.process(frames, count);

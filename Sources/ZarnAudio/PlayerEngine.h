@@ -18,11 +18,12 @@ namespace Halvec::audio {
 /// Something that the thread of the device is to do between two blocks.
 struct PlayerCommand {
     enum class Kind : std::uint8_t {
-        Take,      ///< `performance` from now on, at `second` later in its plan than in the old one
-        Play,      ///< after `beats` clicks of the metronome, `second` seconds apart
-        Pause,     ///< within a few milliseconds
-        Seek,      ///< to `second`
-        Loop,      ///< from `second` to `end`; none when they are equal
+        Take,  ///< `performance` from now on, `second` later in its plan than in the old one, or at
+               ///< it
+        Play,  ///< after `beats` clicks of the metronome, `second` seconds apart
+        Pause, ///< within a few milliseconds
+        Seek,  ///< to `second`
+        Loop,  ///< from `second` to `end`; none when they are equal
         Metronome, ///< heard when `second` is not 0
         Gain,      ///< of all, linear in `second`
         Change,    ///< a level or place of a channel, by `event`

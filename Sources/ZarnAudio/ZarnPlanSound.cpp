@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 
 namespace Halvec::audio {
 
@@ -28,13 +29,13 @@ public:
     {
     }
 
-    std::vector<TimedEvent> make()
+    std::vector<TimedEvent> make(const std::vector<std::uint8_t> &channelOf)
     {
         for (const PlannedControl &control : _plan.controls())
             addControl(control);
-        for (const PlannedNote &note : _plan.notes())
-            if (note.lane < _channels.size())
-                addNote(note);
+        for (std::size_t i = 0; i < channelOf.size(); ++i)
+            if (channelOf[i] < _channels.size())
+                addNote(_plan.notes()[i], channelOf[i]);
         return std::move(_events);
     }
 
@@ -56,22 +57,22 @@ private:
     void addControl(const PlannedControl &control)
     {
         for (std::size_t channel = 0; channel < _channels.size(); ++channel) {
-            if (_channels[channel].track != control.track)
+            if (!_channels[channel].isUsed || _channels[channel].track != control.track)
                 continue;
             if (control.kind == PlannedControl::Kind::Controller)
                 add(control.second, Kind::Controller, channel, control.number, control.value);
-            else if (!_channels[channel].isPercussion)
+            else if (!_channels[channel].isPercussion && _channels[channel].bank.empty())
                 add(control.second, Kind::Program, channel, control.value >> 7, control.number);
         }
     }
 
-    void addNote(const PlannedNote &note)
+    void addNote(const PlannedNote &note, std::size_t channel)
     {
-        add(note.startSecond, Kind::NoteOn, note.lane, note.key, note.velocity);
-        add(note.endSecond, Kind::NoteOff, note.lane, note.key, 0);
+        add(note.startSecond, Kind::NoteOn, channel, note.key, note.velocity);
+        add(note.endSecond, Kind::NoteOff, channel, note.key, 0);
         const auto *const motion = _plan.motionOf(note);
         double semitones = motion == nullptr ? 0 : motion->semitonesAt(note.start);
-        add(note.startSecond, Kind::Bend, note.lane, 0, 0, semitones);
+        add(note.startSecond, Kind::Bend, channel, 0, 0, semitones);
         if (motion == nullptr)
             return;
         // A step for each block, when there is something to hear.
@@ -82,7 +83,7 @@ private:
             if (std::abs(next - semitones) < audible)
                 continue;
             semitones = next;
-            add(second, Kind::Bend, note.lane, 0, 0, semitones);
+            add(second, Kind::Bend, channel, 0, 0, semitones);
         }
     }
 
@@ -112,13 +113,49 @@ private:
 
 } // namespace
 
-PlanSound::PlanSound(const PlaybackPlan &plan) : _plan(plan)
+PlanSound::PlanSound(const PlaybackPlan &plan, const BankChoice &bankOf) : _plan(plan)
 {
-    for (const Lane &lane : plan.lanes()) {
-        if (_channels.size() == Synthesizer::mostChannels)
-            break;
-        const auto number = static_cast<std::uint16_t>(_channels.size());
-        _channels.push_back({lane.track, number, lane.role == Lane::Role::Percussion});
+    for (const Lane &lane : plan.lanes())
+        if (_channels.size() < static_cast<std::size_t>(Synthesizer::mostChannels))
+            _channels.push_back({true, lane.track, lane.role == Lane::Role::Percussion, {}});
+    for (const PlannedNote &note : plan.notes())
+        _channelOf.push_back(note.lane < _channels.size() ? static_cast<std::uint8_t>(note.lane)
+                                                          : notPlayed);
+    if (bankOf)
+        findBanks(bankOf);
+}
+
+/// Gives the notes that banks play channels of their own.
+void PlanSound::findBanks(const BankChoice &bankOf)
+{
+    const auto lanes = _channels.size();
+    std::size_t firstBank = Synthesizer::mostChannels;
+    std::map<std::pair<int, int>, std::string> banks; ///< by sound and percussion key
+    std::map<std::pair<std::uint16_t, std::string>, std::uint8_t> channels; ///< by lane and bank
+    std::map<std::uint16_t, int> soundOf;                                   ///< by track
+    auto control = _plan.controls().begin();
+    for (std::size_t i = 0; i < _plan.notes().size(); ++i) {
+        const PlannedNote &note = _plan.notes()[i];
+        for (; control != _plan.controls().end() && control->time <= note.start; ++control)
+            if (control->kind == PlannedControl::Kind::Program)
+                soundOf[control->track] = control->sound;
+        const auto sound = soundOf.find(note.track);
+        if (sound == soundOf.end() || sound->second < 0 || note.lane >= lanes)
+            continue;
+        const auto key = std::pair(sound->second, note.isPercussion ? note.key : -1);
+        if (banks.count(key) == 0)
+            banks[key] = bankOf(_plan.sounds()[static_cast<std::size_t>(key.first)],
+                                note.isPercussion, note.key);
+        const std::string &bank = banks[key];
+        if (bank.empty())
+            continue;
+        const auto place = channels.emplace(std::pair(note.lane, bank), notPlayed);
+        if (place.second && firstBank > lanes) {
+            _channels.resize(Synthesizer::mostChannels);
+            _channels[--firstBank] = {true, note.track, note.isPercussion, bank};
+            place.first->second = static_cast<std::uint8_t>(firstBank);
+        }
+        _channelOf[i] = place.first->second;
     }
 }
 
@@ -126,7 +163,7 @@ PlanSound::~PlanSound() = default;
 
 std::vector<TimedEvent> PlanSound::events(int rate, double speed) const
 {
-    return EventMaker(_plan, _channels, rate / speed).make();
+    return EventMaker(_plan, _channels, rate / speed).make(_channelOf);
 }
 
 std::int64_t PlanSound::end(int rate, double speed) const

@@ -5,8 +5,13 @@
 #include <ZarnAudio/ZarnTimedEvent.h>
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
+
+namespace zarn {
+class Sound;
+}
 
 namespace zarn::playback {
 class PlaybackPlan;
@@ -14,24 +19,31 @@ class PlaybackPlan;
 
 namespace Halvec::audio {
 
-class Synthesizer;
-
 /// Which channels of a synthesizer play a plan, and what they do.
 ///
-/// There are no more channels than a synthesizer can have; what finds none is not played. Times are
-/// counted from the first sound of the plan, so that nothing begins in front of frame 0.
-/// The plan lasts as long as this is used.
+/// Each lane of the plan has a channel for General MIDI, and one for each bank that plays some of
+/// its notes: those that begin while a sound with a patch holds, and of a drum kit those of an
+/// element each. There are no more channels than a synthesizer can have; what finds none is not
+/// played. Times are counted from the first sound of the plan, so that nothing begins in front of
+/// frame 0. The plan lasts as long as this is used.
 class ZARNAUDIO_EXPORT PlanSound {
 public:
     struct Channel {
+        bool isUsed = false;
         std::uint16_t track = 0;
-        std::uint16_t lane = 0; ///< of the plan
         bool isPercussion = false;
+        std::string bank; ///< the file of the bank; empty for General MIDI
     };
 
-    explicit PlanSound(const zarn::playback::PlaybackPlan &plan);
+    /// The file of the bank that plays a note, as `bankOfNote` tells it.
+    using BankChoice =
+        std::function<std::string(const zarn::Sound &sound, bool isPercussion, int key)>;
+
+    /// By General MIDI alone without a choice.
+    explicit PlanSound(const zarn::playback::PlaybackPlan &plan, const BankChoice &bankOf = {});
     ~PlanSound();
 
+    /// By number: lanes first, those of banks from the last possible one down.
     const std::vector<Channel> &channels() const noexcept { return _channels; }
 
     /// All that is played, at a speed: 2 is twice as fast, at the same pitch.
@@ -41,8 +53,13 @@ public:
     std::int64_t end(int rate, double speed = 1) const;
 
 private:
+    void findBanks(const BankChoice &bankOf);
+
+    static constexpr std::uint8_t notPlayed = 255;
+
     const zarn::playback::PlaybackPlan &_plan;
     std::vector<Channel> _channels;
+    std::vector<std::uint8_t> _channelOf; ///< by note
 };
 
 } // namespace Halvec::audio

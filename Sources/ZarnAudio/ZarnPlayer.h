@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace zarn {
 class Score;
@@ -17,6 +18,8 @@ class ScoreModel;
 } // namespace zarn
 
 namespace Halvec::audio {
+
+class PlayerControl;
 
 /// Plays a score on a sound device, by a General MIDI sound font.
 ///
@@ -32,6 +35,7 @@ public:
         std::string font;        ///< path; the first one that is found when empty
         int rate = 44100;        ///< frames per second, 8000 to 96000
         bool hasReverb = true;   ///< chorus too
+        std::string folder;      ///< of recordings whose paths are relative
         std::string device;      ///< the system's choice when empty
         int bufferFrames = 1024; ///< that the device asks for at a time, 64 to 16384
     };
@@ -57,6 +61,9 @@ public:
     /// The same for a score, with every later edit of it, until it dies or another one is set.
     void follow(zarn::Score &score);
 
+    /// Why recordings of the score cannot be read, or not to their ends.
+    std::vector<std::string> problems() const;
+
     /// What is played; null without a score.
     std::shared_ptr<const zarn::playback::PlaybackPlan> plan() const;
 
@@ -81,7 +88,8 @@ public:
     bool setLoop(unsigned first, unsigned last);
     void clearLoop();
 
-    /// 1 is the tempo of the score; 0.25 to 2, the pitch stays.
+    /// 1 is the tempo of the score; 0.25 to 2, the pitch stays. Recordings of audio tracks are
+    /// heard at 1 alone.
     void setSpeed(double speed);
     double speed() const noexcept;
 
@@ -121,8 +129,7 @@ public:
     void poll();
 
 private:
-    class Impl;
-    std::unique_ptr<Impl> _impl;
+    std::unique_ptr<PlayerControl> _control;
 };
 
 } // namespace Halvec::audio

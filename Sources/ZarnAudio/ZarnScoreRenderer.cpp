@@ -26,31 +26,28 @@ double decibels(double value)
     return std::pow(10.0, value / 20);
 }
 
-Synthesizer::Settings settingsOf(const PlanSound &sound, const ScoreRenderer::Settings &settings)
-{
-    Synthesizer::Settings made;
-    made.rate = settings.rate;
-    made.channels = static_cast<int>(sound.channels().size());
-    made.hasReverb = settings.hasReverb;
-    made.hasChorus = settings.hasReverb;
-    return made;
-}
-
 } // namespace
 
 ScoreRenderer::ScoreRenderer(const PlaybackPlan &plan, const Settings &settings)
-    : ScoreRenderer(PlanSound(plan), settings)
+    : _settings(settings), _banks(std::make_unique<Soundbanks>())
 {
-}
-
-ScoreRenderer::ScoreRenderer(const PlanSound &sound, const Settings &settings)
-    : _settings(settings), _events(sound.events(settings.rate)), _end(sound.end(settings.rate)),
-      _synthesizer(settingsOf(sound, settings))
-{
-    for (std::size_t channel = 0; channel < sound.channels().size(); ++channel) {
-        _synthesizer.setPercussion(static_cast<int>(channel),
-                                   sound.channels()[channel].isPercussion);
-        _trackOf.push_back(sound.channels()[channel].track);
+    Synthesizer::Settings wanted;
+    wanted.rate = settings.rate;
+    wanted.hasReverb = wanted.hasChorus = settings.hasReverb;
+    for (;;) {
+        const PlanSound sound = _banks->soundOf(plan, settings.bankOf);
+        wanted.channels = static_cast<int>(sound.channels().size());
+        _synthesizer = std::make_unique<Synthesizer>(wanted);
+        if (!_banks->load(*_synthesizer, sound))
+            continue;
+        _synthesizer->setReverb(settings.master.roomSize, settings.master.reverbLevel);
+        _events = sound.events(settings.rate);
+        _end = sound.end(settings.rate);
+        for (const auto &channel : sound.channels()) {
+            _synthesizer->setPercussion(static_cast<int>(_trackOf.size()), channel.isPercussion);
+            _trackOf.push_back(channel.track);
+        }
+        return;
     }
 }
 
@@ -58,14 +55,14 @@ ScoreRenderer::~ScoreRenderer() = default;
 
 bool ScoreRenderer::loadFont(const std::string &path, std::string *error)
 {
-    return _synthesizer.loadFont(path, error);
+    return _synthesizer->loadFont(path, error);
 }
 
 bool ScoreRenderer::render(const Take &take)
 {
     constexpr std::int64_t blockFrames = 4096;
     std::vector<float> block(2 * blockFrames);
-    _synthesizer.reset();
+    _synthesizer->reset();
     auto events = _events;
     if (_track)
         events.erase(std::remove_if(events.begin(), events.end(),
@@ -73,13 +70,21 @@ bool ScoreRenderer::render(const Take &take)
                                         return _trackOf[event.channel] != *_track;
                                     }),
                      events.end());
-    EventRenderer renderer(_synthesizer, std::move(events));
+    EventRenderer renderer(*_synthesizer, std::move(events));
     const auto seconds = [this](double time) { return std::int64_t(time * _settings.rate); };
     const auto last = _end + seconds(longestTail);
     std::int64_t end = last;
     while (renderer.position() < end) {
         const auto count = std::min(blockFrames, end - renderer.position());
+        const auto from = renderer.position();
         renderer.render(block.data(), count);
+        if (!_track)
+            for (const PlacedRecording &recording : _recordings)
+                recording.add(block.data(), from, count);
+        for (std::int64_t i = 0; i < count; ++i) {
+            block[static_cast<std::size_t>(2 * i)] *= _settings.master.left;
+            block[static_cast<std::size_t>(2 * i + 1)] *= _settings.master.right;
+        }
         if (!take(block.data(), count) || (_stop && _stop()))
             return false;
         const bool isOver = renderer.isDone() && renderer.position() >= _end;

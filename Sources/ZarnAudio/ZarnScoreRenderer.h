@@ -2,12 +2,17 @@
 #pragma once
 
 #include <ZarnAudio/ZarnAudioExport.h>
+#include <ZarnAudio/ZarnMasterSound.h>
 #include <ZarnAudio/ZarnPlanSound.h>
+#include <ZarnAudio/ZarnRecording.h>
+#include <ZarnAudio/ZarnSoundbanks.h>
 #include <ZarnAudio/ZarnSynthesizer.h>
 #include <ZarnAudio/ZarnTimedEvent.h>
 
 #include <cstdint>
 #include <functional>
+#include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -20,13 +25,16 @@ namespace Halvec::audio {
 
 class AudioWriter;
 
-/// Renders a plan by a sound font: the same frames every time.
+/// Renders a plan, by the banks that are installed for its sounds and by a General MIDI sound font:
+/// the same frames every time.
 class ZARNAUDIO_EXPORT ScoreRenderer {
 public:
     struct Settings {
         int rate = 44100;      ///< frames per second
         double gain = 6;       ///< decibels
         bool hasReverb = true; ///< chorus too
+        MasterSound master;
+        PlanSound::BankChoice bankOf = bankOfNote; ///< none plays all by General MIDI
     };
 
     ScoreRenderer(const zarn::playback::PlaybackPlan &plan, const Settings &settings);
@@ -34,7 +42,14 @@ public:
     ScoreRenderer(const ScoreRenderer &) = delete;
     ScoreRenderer &operator=(const ScoreRenderer &) = delete;
 
-    /// False and the reason when the font cannot be loaded; without one nothing is heard.
+    /// Why banks that are installed cannot be played, by their files; General MIDI plays what they
+    /// should.
+    const std::map<std::string, std::string> &refusedBanks() const noexcept
+    {
+        return _banks->refused();
+    }
+
+    /// False and the reason when the font cannot be loaded; without one only banks are heard.
     bool loadFont(const std::string &path, std::string *error);
 
     void setGain(double decibels) noexcept { _settings.gain = decibels; }
@@ -42,6 +57,12 @@ public:
     /// Renders one track from now on, as it is in the whole: the sound of all tracks together, one
     /// by one, is that of the score, but for the limiter. None means all of them.
     void setTrack(std::optional<unsigned> track) noexcept { _track = track; }
+
+    /// Recordings that play along with the whole, at the renderer's rate.
+    void setRecordings(std::vector<PlacedRecording> recordings)
+    {
+        _recordings = std::move(recordings);
+    }
 
     /// Asked again and again while it renders: true ends that.
     void setStop(std::function<bool()> stop) { _stop = std::move(stop); }
@@ -55,8 +76,6 @@ public:
     bool write(AudioWriter &writer);
 
 private:
-    ScoreRenderer(const PlanSound &sound, const Settings &settings);
-
     using Take = std::function<bool(float *frames, std::int64_t count)>;
     bool render(const Take &take);
 
@@ -64,9 +83,11 @@ private:
     std::vector<TimedEvent> _events;
     std::vector<unsigned> _trackOf; ///< by channel
     std::optional<unsigned> _track;
+    std::vector<PlacedRecording> _recordings;
     std::function<bool()> _stop;
-    std::int64_t _end; ///< of the last bar or sound
-    Synthesizer _synthesizer;
+    std::int64_t _end = 0;              ///< of the last bar or sound
+    std::unique_ptr<Soundbanks> _banks; ///< outlives the synthesizer
+    std::unique_ptr<Synthesizer> _synthesizer;
 };
 
 } // namespace Halvec::audio

@@ -109,6 +109,12 @@ public:
         resetChannel(channel);
     }
 
+    void setReverb(double roomSize, double level) noexcept
+    {
+        fluid_synth_set_reverb_group_roomsize(_synth.get(), 0, roomSize);
+        fluid_synth_set_reverb_group_level(_synth.get(), 0, level);
+    }
+
     bool isPercussion(int channel) const noexcept
     {
         return has(channel) && _channels[static_cast<std::size_t>(channel)].isPercussion;
@@ -300,6 +306,11 @@ void Synthesizer::setPercussion(int channel, bool isPercussion) noexcept
 bool Synthesizer::isPercussion(int channel) const noexcept
 {
     return _fluid->isPercussion(channel);
+}
+
+void Synthesizer::setReverb(double roomSize, double level) noexcept
+{
+    _fluid->setReverb(std::clamp(roomSize, 0.0, 1.0), std::clamp(level, 0.0, 1.0));
 }
 
 void Synthesizer::apply(const TimedEvent &event, int phase) noexcept

@@ -58,6 +58,9 @@ public:
     void setPercussion(int channel, bool isPercussion) noexcept;
     bool isPercussion(int channel) const noexcept;
 
+    /// From 0 to 1, as FluidSynth has them; 0.2 and 0.9 at first.
+    void setReverb(double roomSize, double level) noexcept;
+
     /// Does what an event says in the block that is rendered next; its frame does not matter. Notes
     /// of banks begin a block and `phase` frames after the start of that block, 0 to 63; all else
     /// happens at its start. Channels that there are not are passed over.

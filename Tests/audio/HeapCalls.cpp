@@ -2,16 +2,26 @@
 #include "HeapCalls.h"
 
 #include <cstdlib>
+#include <ctime>
+#include <dlfcn.h>
+#include <pthread.h>
+#include <unistd.h>
 
 namespace {
 
 thread_local std::size_t calls = 0;
+thread_local std::size_t blocking = 0;
 
 } // namespace
 
 std::size_t sounds::heapCalls() noexcept
 {
     return calls;
+}
+
+std::size_t sounds::blockingCalls() noexcept
+{
+    return blocking;
 }
 
 // The sanitizers replace these themselves.
@@ -22,6 +32,32 @@ std::size_t sounds::heapCalls() noexcept
 #endif
 #if defined(__GLIBC__) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)          \
     && !ZARN_HAS_FEATURE(address_sanitizer) && !ZARN_HAS_FEATURE(thread_sanitizer)
+
+bool sounds::countsCalls() noexcept
+{
+    return true;
+}
+
+namespace {
+
+/// The function of that name which this program has replaced.
+template <class Function>
+Function *replaced(Function *&known, const char *name) noexcept
+{
+    if (known == nullptr)
+        known = reinterpret_cast<Function *>(dlsym(RTLD_NEXT, name));
+    ++blocking;
+    return known;
+}
+
+} // namespace
+
+#define ZARN_COUNTED(result, name, parameters, arguments)                                          \
+    result name parameters                                                                         \
+    {                                                                                              \
+        static result(*real) parameters = nullptr;                                                 \
+        return replaced(real, #name) arguments;                                                    \
+    }
 
 // glibc's own, under the names that it has for those who replace the usual ones. `new` comes here
 // too, as do libraries in C.
@@ -56,6 +92,28 @@ void free(void *memory)
     __libc_free(memory);
 }
 
+ZARN_COUNTED(int, pthread_mutex_lock, (pthread_mutex_t * mutex), (mutex))
+ZARN_COUNTED(int, pthread_rwlock_rdlock, (pthread_rwlock_t * lock), (lock))
+ZARN_COUNTED(int, pthread_rwlock_wrlock, (pthread_rwlock_t * lock), (lock))
+ZARN_COUNTED(int, pthread_cond_wait, (pthread_cond_t * condition, pthread_mutex_t *mutex),
+             (condition, mutex))
+ZARN_COUNTED(int, pthread_cond_timedwait,
+             (pthread_cond_t * condition, pthread_mutex_t *mutex, const timespec *until),
+             (condition, mutex, until))
+ZARN_COUNTED(void, g_mutex_lock, (void *mutex), (mutex))
+ZARN_COUNTED(void, g_rec_mutex_lock, (void *mutex), (mutex))
+ZARN_COUNTED(ssize_t, read, (int file, void *bytes, size_t count), (file, bytes, count))
+ZARN_COUNTED(ssize_t, write, (int file, const void *bytes, size_t count), (file, bytes, count))
+ZARN_COUNTED(int, nanosleep, (const timespec *time, timespec *rest), (time, rest))
+ZARN_COUNTED(int, sched_yield, (), ())
+
 } // extern "C"
+
+#else
+
+bool sounds::countsCalls() noexcept
+{
+    return false;
+}
 
 #endif

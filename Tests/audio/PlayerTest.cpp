@@ -17,6 +17,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <mutex>
 #include <thread>
 
 namespace {
@@ -41,14 +42,14 @@ public:
     bool isLost() const noexcept override { return !isThere; }
     double latency() const noexcept override { return 0; }
 
-    /// The next frames; counts what they took from the heap.
+    /// The next frames; counts what they had to do with the heap, locks and files.
     std::vector<float> take(std::int64_t count, std::int64_t block = 512)
     {
         std::vector<float> frames(static_cast<std::size_t>(2 * count));
         for (std::int64_t done = 0; done < count; done += block) {
-            const auto before = heapCalls();
+            const auto before = heapCalls() + blockingCalls();
             _source->render(frames.data() + 2 * done, std::min(block, count - done));
-            calls += heapCalls() - before;
+            calls += heapCalls() + blockingCalls() - before;
         }
         return frames;
     }
@@ -67,6 +68,15 @@ std::shared_ptr<zarn::ScoreModel> modelOf(const char *sample)
         files.open(std::string(ZARN_SOURCE_DIR "/Samples/") + sample, filesystem::OpenMode::Read);
     zarn::io::ImportReport report;
     return zarn::io::MusicXmlImporter().read(*handle, report);
+}
+
+void readInto(zarn::Score &score, const char *sample)
+{
+    filesystem::DiskFileSystem files;
+    const auto handle =
+        files.open(std::string(ZARN_SOURCE_DIR "/Samples/") + sample, filesystem::OpenMode::Read);
+    zarn::io::ImportReport report;
+    zarn::io::MusicXmlImporter().importScore(*handle, score, report);
 }
 
 float highest(const std::vector<float> &frames)
@@ -155,7 +165,7 @@ TEST_F(Playing, startsPausesAndSeeks)
     const auto place = _player->place();
     ASSERT_TRUE(place);
     EXPECT_EQ(place->bar, 8u);
-    EXPECT_EQ(place->offset, utils::rational(1));
+    EXPECT_NEAR(place->offset.toDouble(), 1, 0.001);
     const double there = *_player->plan()->secondOf(8, {1});
     EXPECT_NEAR(_player->second(), there, 1e-9);
     _output->take(rate);
@@ -281,11 +291,7 @@ TEST_F(Playing, mutesAndSolosAtOnce)
 TEST_F(Playing, followsEditsAtThePlaceWhereItIs)
 {
     zarn::Score score;
-    filesystem::DiskFileSystem files;
-    zarn::io::ImportReport report;
-    const auto handle = files.open(ZARN_SOURCE_DIR "/Samples/romance-guitar-study.musicxml",
-                                   filesystem::OpenMode::Read);
-    zarn::io::MusicXmlImporter().importScore(*handle, score, report);
+    readInto(score, "romance-guitar-study.musicxml");
     _player->follow(score);
     ASSERT_TRUE(_player->setLoop(6, 7));
     _player->clearLoop();
@@ -314,6 +320,135 @@ TEST_F(Playing, followsEditsAtThePlaceWhereItIs)
     }
     _player->poll();
     EXPECT_EQ(_output->calls, 0u);
+}
+
+/// What a user who practises does to a player and its score.
+class Practice {
+public:
+    Practice(Player &player, zarn::Score &score) : _player(player), _score(score) { }
+
+    void doSomething()
+    {
+        const auto bars = static_cast<int>(_score.masterTrack()->masterBarCount());
+        const unsigned bar = static_cast<unsigned>(number(bars));
+        const unsigned track = static_cast<unsigned>(number(int(_score.trackCount())));
+        switch (number(12)) {
+        case 0:
+        case 1:
+            _player.seek(bar, utils::rational(number(3)));
+            return;
+        case 2:
+            _player.setLoop(bar, bar + 1);
+            return;
+        case 3:
+            _player.clearLoop();
+            return;
+        case 4:
+            _player.setSpeed(0.25 + 0.25 * number(8));
+            return;
+        case 5:
+            _player.setMuted(track, number(2) == 0);
+            return;
+        case 6:
+            _player.setSolo(track, number(4) == 0);
+            return;
+        case 7:
+            _player.setMetronome(number(2) == 0);
+            return;
+        case 8:
+            _player.pause();
+            return;
+        case 9:
+            _score.createBars(static_cast<int>(bar), 1);
+            return;
+        case 10:
+            _score.commandStack().undo();
+            return;
+        default:
+            _player.setTrackVolume(track, number(20) - 15);
+        }
+    }
+
+private:
+    int number(int count) { return static_cast<int>(_random() % static_cast<unsigned>(count)); }
+
+    Player &_player;
+    zarn::Score &_score;
+    std::mt19937 _random{4711};
+};
+
+TEST_F(Playing, neverTouchesHeapLocksOrFilesInTenMinutes)
+{
+    zarn::Score score;
+    readInto(score, "saints-band.musicxml");
+    _player->follow(score);
+    Practice practice(*_player, score);
+    if (countsCalls()) {
+        const auto before = heapCalls() + blockingCalls();
+        std::mutex mutex;
+        const std::lock_guard<std::mutex> lock(mutex);
+        EXPECT_GT(heapCalls() + blockingCalls(), before) << "a lock is noticed";
+    }
+    const int seconds = countsCalls() ? 600 : 20;
+    for (int second = 0; second < seconds; ++second) {
+        practice.doSomething();
+        _player->poll();
+        if (_player->state() == State::Stopped)
+            _player->play();
+        _output->take(rate, 64 << second % 6);
+    }
+    EXPECT_EQ(_output->calls, 0u);
+}
+
+/// Takes sound on a thread of its own, as fast as it can.
+class ThreadOutput final : public AudioOutput {
+public:
+    ~ThreadOutput() override { close(); }
+    bool open(Source &source, int, std::string *) override
+    {
+        _thread = std::thread([this, &source] {
+            std::vector<float> frames(2 * 256);
+            while (!_isClosed) {
+                source.render(frames.data(), 256);
+                std::this_thread::sleep_for(std::chrono::microseconds(200));
+            }
+        });
+        return true;
+    }
+    void close() noexcept override
+    {
+        _isClosed = true;
+        if (_thread.joinable())
+            _thread.join();
+    }
+    bool isLost() const noexcept override { return false; }
+    double latency() const noexcept override { return 0.01; }
+
+private:
+    std::atomic<bool> _isClosed{false};
+    std::thread _thread;
+};
+
+TEST(PlayerThreads, shareNothingButTheQueues)
+{
+    std::string error;
+    if (findSoundFont({}, &error).empty())
+        GTEST_SKIP() << error;
+    zarn::Score score;
+    readInto(score, "saints-band.musicxml");
+    Player player({}, std::make_unique<ThreadOutput>());
+    player.follow(score);
+    ASSERT_TRUE(player.open(&error)) << error;
+    Practice practice(player, score);
+    for (int i = 0; i < 200; ++i) {
+        practice.doSomething();
+        if (player.state() == State::Stopped)
+            player.play();
+        player.poll();
+        EXPECT_TRUE(player.place());
+        EXPECT_TRUE(std::isfinite(player.second()));
+        std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    }
 }
 
 TEST_F(Playing, tellsOfADeviceThatVanishesAndOpensAgain)

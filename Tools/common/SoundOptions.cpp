@@ -3,12 +3,16 @@
 
 #include "common/Arguments.h"
 #include "common/BarRange.h"
+#include "common/BuiltIns.h"
 #include "common/Terminal.h"
 
 #include <ZarnCore/model/ZarnScoreModel.h>
 
+#include <QFileInfo>
+
 #include <algorithm>
 #include <cmath>
+#include <iostream>
 #include <set>
 
 namespace zarn::tool {
@@ -78,6 +82,26 @@ playback::PlanOptions soundPlanOptions(const Arguments &arguments, const ScoreMo
     if (options.tracks.empty())
         throw UsageError{QStringLiteral("no track is left to be heard")};
     return options;
+}
+
+void loadBanksFor(const ScoreModel &model)
+{
+    for (const auto &track : model.tracks())
+        for (const auto &sound : track->sounds())
+            if (!sound->orkaSound().soundbankPatchId().empty()) {
+                loadedCore();
+                return;
+            }
+}
+
+std::string folderOf(const std::string &path)
+{
+    return QFileInfo(QString::fromStdString(path)).path().toStdString();
+}
+
+void warn(const std::string &text)
+{
+    std::cerr << "zarn: " << printable(text) << '\n';
 }
 
 } // namespace zarn::tool

@@ -185,6 +185,8 @@ int runPlay(const Arguments &arguments, const Terminal &terminal)
     settings.font = arguments.value(option("font")).toStdString();
     settings.device = arguments.value(option("device")).toStdString();
     settings.hasReverb = !arguments.has(option("no-reverb"));
+    settings.folder = folderOf(document.path);
+    loadBanksFor(model);
     Player player(settings);
     player.setScore(model, plan);
     player.setSpeed(speed);
@@ -198,6 +200,8 @@ int runPlay(const Arguments &arguments, const Terminal &terminal)
     std::string error;
     if (!player.open(&error))
         throw Failure(error);
+    for (const auto &problem : player.problems())
+        warn(problem);
     warnOfProblems(document);
 
     bool isDone = false;

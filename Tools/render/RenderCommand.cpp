@@ -116,7 +116,17 @@ int runRender(const Arguments &arguments, const Terminal &terminal)
     settings.rate = format.rate;
     settings.gain = gain.value_or(settings.gain);
     settings.hasReverb = !arguments.has(option("no-reverb"));
+    settings.master = masterSoundOf(document.model->masterTrack()->mastering());
+    loadBanksFor(*document.model);
     ScoreRenderer renderer(plan, settings);
+    Recordings recordings;
+    renderer.setRecordings(recordings.of(
+        document.model->audioTracks(), format.rate,
+        plan.tempo().secondsAt(plan.start()) + plan.secondsBefore(), folderOf(document.path)));
+    for (const auto &problem : recordings.problems())
+        warn(problem);
+    for (const auto &[path, reason] : renderer.refusedBanks())
+        warn(reason + "; General MIDI plays what it should");
     if (!renderer.loadFont(font, &error))
         throw Failure(error);
     const Interrupt interrupt;

@@ -38,6 +38,7 @@ struct WrittenControl {
     std::uint8_t number = 0; ///< of a controller
     std::uint8_t program = 0;
     std::uint16_t value = 0;
+    std::int16_t sound = -1;
 
     /// What it replaces: the program, or a controller.
     std::pair<Kind, int> subject() const { return {kind, number}; }
@@ -45,7 +46,10 @@ struct WrittenControl {
 
 class ControlReader {
 public:
-    ControlReader(const Track &track, const PlayedBars &bars) : _track(track), _bars(bars) { }
+    ControlReader(const Track &track, const PlayedBars &bars, std::vector<Sound> &sounds)
+        : _track(track), _bars(bars), _sounds(sounds)
+    {
+    }
 
     std::vector<PlannedControl> read(bool hasMarkedBeats)
     {
@@ -84,6 +88,10 @@ private:
         written.program = static_cast<std::uint8_t>(sevenBits(midi.program()));
         written.value =
             static_cast<std::uint16_t>(sevenBits(midi.msbBank()) * 128 + sevenBits(midi.lsbBank()));
+        const auto known = std::find(_sounds.begin(), _sounds.end(), sound);
+        written.sound = static_cast<std::int16_t>(known - _sounds.begin());
+        if (known == _sounds.end())
+            _sounds.push_back(sound);
         _written.push_back(written);
     }
 
@@ -238,6 +246,7 @@ private:
         control.kind = written.kind;
         control.number = written.kind == Kind::Program ? written.program : written.number;
         control.value = written.value;
+        control.sound = written.sound;
         if (written.kind == Kind::Controller && written.number == SustainController)
             _isPedalDown = written.value != 0;
         _played.push_back(control);
@@ -245,6 +254,7 @@ private:
 
     const Track &_track;
     const PlayedBars &_bars;
+    std::vector<Sound> &_sounds;
     std::vector<WrittenControl> _written;
     std::vector<PlannedControl> _played;
     bool _isPedalDown = false;
@@ -265,9 +275,9 @@ int controllerOfPan(float pan)
 }
 
 std::vector<PlannedControl> controlsOf(const Track &track, const PlayedBars &bars,
-                                       bool hasMarkedBeats)
+                                       bool hasMarkedBeats, std::vector<Sound> &sounds)
 {
-    return ControlReader(track, bars).read(hasMarkedBeats);
+    return ControlReader(track, bars, sounds).read(hasMarkedBeats);
 }
 
 } // namespace zarn::playback

@@ -69,6 +69,7 @@ struct PlannedControl {
     Kind kind = Kind::Controller;
     std::uint8_t number = 0;
     std::uint16_t value = 0; ///< 0 to 127; of a bank coarse * 128 + fine
+    std::int16_t sound = -1; ///< of a program, in `PlaybackPlan::sounds`
 };
 
 /// The MIDI controllers that a plan makes use of.

@@ -70,7 +70,7 @@ PlaybackPlan::PlaybackPlan(const ScoreModel &model, const PlanOptions &options,
         _motions.insert(_motions.end(), std::make_move_iterator(performed.motions.begin()),
                         std::make_move_iterator(performed.motions.end()));
         const auto controls =
-            controlsOf(*model.tracks()[i], _bars, survey.tracks[i].hasMarkedBeats);
+            controlsOf(*model.tracks()[i], _bars, survey.tracks[i].hasMarkedBeats, _sounds);
         _controls.insert(_controls.end(), controls.begin(), controls.end());
         _controls.insert(_controls.end(), performed.controls.begin(), performed.controls.end());
         for (const UnknownPercussion &each : performed.unknown)
@@ -201,6 +201,7 @@ void PlaybackPlan::cut(const PlayedBars::Stretch &stretch)
     for (const auto &[subject, control] : state)
         _controls.push_back(control);
     _controls.insert(_controls.end(), inside.begin(), inside.end());
+    _secondsBefore = _tempo.secondsAt(from);
     _tempo = _tempo.from(from);
     _bars = _bars.part(stretch);
 }

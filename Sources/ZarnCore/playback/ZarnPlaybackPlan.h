@@ -2,6 +2,7 @@
 #pragma once
 
 #include <ZarnCore/ZarnExport.h>
+#include <ZarnCore/instruments/sounds/ZarnSound.h>
 #include <ZarnCore/playback/ZarnLane.h>
 #include <ZarnCore/playback/ZarnPitchMotion.h>
 #include <ZarnCore/playback/ZarnPlannedNote.h>
@@ -58,6 +59,9 @@ public:
     /// In order of time; at the start of the plan the state of every track.
     const std::vector<PlannedControl> &controls() const noexcept { return _controls; }
 
+    /// What the programs stand for where there are samples: the sounds of the tracks as they were.
+    const std::vector<Sound> &sounds() const noexcept { return _sounds; }
+
     const std::vector<PitchMotion> &motions() const noexcept { return _motions; }
 
     /// The motion of a note; null for one whose pitch stays.
@@ -74,6 +78,9 @@ public:
     /// When the first sound begins, at 0 at the latest, and when the last bar or sound ends.
     const utils::rational &start() const noexcept { return _start; }
     const utils::rational &end() const noexcept { return _end; }
+
+    /// Seconds of playing that were left out in front, in a plan of some bars alone.
+    double secondsBefore() const noexcept { return _secondsBefore; }
 
     /// Percussion notes that nothing says a sound of, by track and bar, each bar once.
     struct UnknownSound {
@@ -100,11 +107,13 @@ private:
     TempoMap _tempo;
     std::vector<PlannedNote> _notes;
     std::vector<PlannedControl> _controls;
+    std::vector<Sound> _sounds;
     std::vector<PitchMotion> _motions;
     std::vector<Lane> _lanes;
     std::vector<UnknownSound> _unknown;
     utils::rational _start;
     utils::rational _end;
+    double _secondsBefore = 0;
 };
 
 } // namespace zarn::playback
