@@ -28,21 +28,21 @@ WrittenClef clefOfTablature(WrittenClef clef, const WrittenStaff &staff)
     return clef;
 }
 
-/// Strings of a tablature that says nothing but how many they are; the lowest first.
+/// Strings of a tablature that says nothing but how many they are, the lowest first: four and five
+/// are a bass, others the highest of a guitar, with fourths below where they are more.
 std::vector<unsigned> usualTuning(int strings)
 {
-    switch (strings) {
-    case 4:
+    constexpr unsigned fourth = 5;
+    if (strings == 4)
         return {28, 33, 38, 43};
-    case 5:
+    if (strings == 5)
         return {23, 28, 33, 38, 43};
-    case 7:
-        return {35, 40, 45, 50, 55, 59, 64};
-    case 8:
-        return {30, 35, 40, 45, 50, 55, 59, 64};
-    default:
-        return {40, 45, 50, 55, 59, 64};
-    }
+    std::vector<unsigned> tuning = {64, 59, 55, 50, 45, 40};
+    while (static_cast<int>(tuning.size()) < strings)
+        tuning.push_back(tuning.back() - fourth);
+    tuning.resize(static_cast<std::size_t>(std::max(strings, 1)));
+    std::reverse(tuning.begin(), tuning.end());
+    return tuning;
 }
 
 bool haveSamePitches(const GuitarTuning &left, const GuitarTuning &right)
