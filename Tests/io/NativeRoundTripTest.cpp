@@ -5,6 +5,7 @@
 #include <ZarnCore/ZarnException.h>
 #include <ZarnCore/io/ZarnScoreText.h>
 #include <ZarnCore/model/ZarnModelCheck.h>
+#include <ZarnCore/model/attributes/ZarnLayoutRatio.h>
 
 #include <gtest/gtest.h>
 
@@ -99,6 +100,18 @@ TEST(NativeRoundTrip, numbersComeBackExactlyAndShort)
     }
     automation->setValue(0.76f);
     EXPECT_NE(test::writeNative(model).find("\"value\":0.76}"), std::string::npos);
+}
+
+TEST(NativeRoundTrip, theEndsOfWidthsComeBack)
+{
+    ScoreModel model;
+    model.insertEmptyBarColumns(0, 1);
+    for (const float ratio : {lowestLayoutRatio, 0.7F, highestLayoutRatio}) {
+        model.masterTrack()->masterBar(0)->setLayoutRatio(ratio);
+        EXPECT_EQ(
+            test::readNative(test::writeNative(model))->masterTrack()->masterBar(0)->layoutRatio(),
+            ratio);
+    }
 }
 
 TEST(NativeRoundTrip, aTrackTemplateIsADocumentWithoutBars)

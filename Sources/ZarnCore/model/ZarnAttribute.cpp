@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 
 namespace zarn {
 
@@ -15,6 +16,14 @@ namespace {
 std::string numberText(double number)
 {
     return QByteArray::number(number, 'g', QLocale::FloatingPointShortest).toStdString();
+}
+
+/// Nodes hold real numbers as floats: the shortest text that means the same one.
+std::string realText(double number)
+{
+    char text[32];
+    const auto end = std::to_chars(text, text + sizeof text, static_cast<float>(number)).ptr;
+    return std::string(text, end);
 }
 
 /// Characters of a text in UTF-8.
@@ -48,7 +57,7 @@ struct Writer {
         }
         return std::to_string(value);
     }
-    std::string operator()(double value) const { return numberText(value); }
+    std::string operator()(double value) const { return realText(value); }
     std::string operator()(const std::string &value) const { return value; }
     std::string operator()(const RhythmValue &value) const
     {
@@ -146,7 +155,7 @@ struct Parser {
         }
         return number<int>();
     }
-    Parsed operator()(const double &) const { return number<double>(); }
+    Parsed operator()(const double &) const { return number<float>(); }
     Parsed operator()(const std::string &) const { return AttributeValue(std::string(text)); }
     Parsed operator()(const ChordMark &) const
     {
@@ -214,8 +223,11 @@ bool AttributeRange::contains(const AttributeValue &value) const
         return false;
     if (const int *const number = std::get_if<int>(&value.held()))
         return *number >= lowest && *number <= highest;
-    if (const double *const number = std::get_if<double>(&value.held()))
-        return *number >= lowest && *number <= highest;
+    if (const double *const number = std::get_if<double>(&value.held())) {
+        // A document writes the float that is nearest to 0.1 as 0.1, which is a little less.
+        const auto held = static_cast<float>(*number);
+        return held >= static_cast<float>(lowest) && held <= static_cast<float>(highest);
+    }
     if (const auto *const text = std::get_if<std::string>(&value.held()))
         return static_cast<double>(lengthOf(*text)) <= highest;
     return value.isValid();
@@ -247,7 +259,7 @@ std::string AttributeRange::description() const
     if (std::holds_alternative<int>(sample))
         return "a whole number from " + numberText(lowest) + " to " + numberText(highest);
     if (std::holds_alternative<double>(sample))
-        return "a number from " + numberText(lowest) + " to " + numberText(highest);
+        return "a number from " + realText(lowest) + " to " + realText(highest);
     static const std::array<std::pair<AttributeValue::Held, const char *>, 7> forms = {{
         {Strum(), "a strum such as \"Up\" or \"Down 480 EndsOnBeat\""},
         {WhammyBar(), "a whammy bar such as \"Dive 0:0 60:-4\""},
