@@ -8,6 +8,8 @@
 #include <rapidjson/writer.h>
 
 #include <algorithm>
+#include <string>
+#include <string_view>
 
 namespace zarn::chord {
 
@@ -37,13 +39,22 @@ std::vector<Number> numbers(const utils::JsonMembers &shape, const char *name, i
     return read;
 }
 
+/// A text that is written as it is read: sound UTF-8, without a mark of the byte order.
+std::string soundText(std::string_view text)
+{
+    QString sound = QString::fromUtf8(text.data(), static_cast<int>(text.size()));
+    while (sound.startsWith(QChar(QChar::ByteOrderMark)))
+        sound.remove(0, 1);
+    return sound.toStdString();
+}
+
 UserShape shapeOf(const rapidjson::Value &value)
 {
     const utils::JsonMembers members(value, readFunction);
     UserShape shape;
     shape.openPitches = numbers<int>(members, "strings", 0, highestMidi);
     shape.hasShortDroneString = members.flagOr("shortDrone", false);
-    shape.diagram.name = members.text("name");
+    shape.diagram.name = soundText(members.text("name"));
     const int firstFret = members.integerOr("firstFret", 1);
     if (firstFret < 0 || firstFret > highestFirstFret)
         members.raise("\"firstFret\" is out of range");
@@ -72,8 +83,8 @@ void writeShape(Writer &writer, const UserShape &shape)
 {
     writer.StartObject();
     writer.Key("name");
-    const QByteArray name = QString::fromStdString(shape.diagram.name).toUtf8(); // sound UTF-8
-    writer.String(name.constData(), static_cast<rapidjson::SizeType>(name.size()));
+    const std::string name = soundText(shape.diagram.name);
+    writer.String(name.data(), static_cast<rapidjson::SizeType>(name.size()));
     writeNumbers(writer, "strings", shape.openPitches);
     if (shape.hasShortDroneString) {
         writer.Key("shortDrone");
