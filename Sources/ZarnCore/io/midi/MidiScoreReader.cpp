@@ -13,6 +13,7 @@
 #include <ZarnCore/io/midi/VoiceSeparator.h>
 #include <ZarnCore/io/midi/ZarnMidiFile.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/notes/SpanFaults.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -54,6 +55,9 @@ public:
         writeMasterBars(_music, bars, *_model);
         for (const MidiPart &part : _music.parts)
             writeTrack(part, bars, *_model, _oddities);
+        // Words whose syllables were left out end with those that they have.
+        for (const auto &track : _model->tracks())
+            mendBrokenSpans(*track);
         _oddities.tell(_report);
         return std::move(_model);
     }
