@@ -241,6 +241,27 @@ TEST(MusicXmlExport, percussionIsUnpitchedWithAnInstrumentForEachKey)
     EXPECT_EQ(written.all("//clef/sign"), "percussion");
 }
 
+TEST(MusicXmlExport, unpitchedNotesStandAsPitchesDoUnderTheClefAtHand)
+{
+    const auto struck = [](const char *step, int octave) {
+        return "<note><unpitched><display-step>" + std::string(step)
+            + "</display-step><display-octave>" + std::to_string(octave)
+            + "</display-octave></unpitched><duration>1</duration><type>quarter</type></note>";
+    };
+    const std::string bass = attributes("<clef><sign>F</sign><line>4</line></clef>");
+    const std::string drums = attributes("<clef><sign>percussion</sign></clef>");
+    const Exported written(
+        quarters(1, bass + struck("G", 2) + struck("D", 3) + drums + struck("F", 4)));
+    EXPECT_EQ(written.all("//display-step"), "G D F");
+    EXPECT_EQ(written.all("//display-octave"), "2 3 4");
+    std::vector<int> lines;
+    const auto copy = readFrom(written.text());
+    for (const auto &beat : copy->track(0)->bar(0)->voice(0)->beats())
+        for (const auto &note : beat->notes())
+            lines.push_back(note->staffLine());
+    EXPECT_EQ(lines, std::vector<int>({0, 4, 1}));
+}
+
 TEST(MusicXmlExport, hammerOnsHaveASlurTooAndAreReadWithout)
 {
     SmallScore small;

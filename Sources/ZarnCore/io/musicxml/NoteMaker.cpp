@@ -6,6 +6,7 @@
 #include <ZarnCore/io/musicxml/PercussionKeys.h>
 #include <ZarnCore/io/musicxml/Wording.h>
 #include <ZarnCore/model/ZarnNote.h>
+#include <ZarnCore/music/ZarnMusic.h>
 
 #include <algorithm>
 #include <string_view>
@@ -17,15 +18,23 @@ namespace {
 constexpr int guitarStrings = 6;
 constexpr int mostFrets = 127;
 
-/// Steps from C of octave -1 to the bottom line of the treble clef, which percussion is written
-/// in (MusicXML 4.0, display-step).
-constexpr int bottomLineStep = 7 * 5 + 2;
 constexpr int middleLine = 4;
 
 /// Heads that MusicXML and the tree call by other names.
 bool isCrossHead(std::string_view head)
 {
     return head == "x" || head == "cross";
+}
+
+/// The clef that holds on a staff at a time of a bar, as far as the part has been read. Under a
+/// percussion clef places are those of the treble clef (MusicXML 4.0, display-step).
+ClefType clefAt(const PartFacts &facts, int staff, int bar, const utils::rational &time)
+{
+    const auto clef =
+        std::find_if(facts.clefs.rbegin(), facts.clefs.rend(), [&](const WrittenClef &written) {
+            return written.staff == staff && (written.bar < bar || written.position <= time);
+        });
+    return clef == facts.clefs.rend() || clef->tablature ? ClefType::G2 : clef->clef;
 }
 
 } // namespace
@@ -127,9 +136,12 @@ void NoteMaker::setUnpitched(const WrittenNote &written, Note &note)
         if (!use->guess.empty())
             ++_guesses.insert({use->guess, {use->key, 0}}).first->second.second;
     }
-    const int line = written.step == WrittenNote::Unset
-        ? middleLine
-        : 7 * (written.octave + 1) + written.step - bottomLineStep;
+    int line = middleLine;
+    if (written.step != WrittenNote::Unset)
+        line = Music::staffLineOfNote(static_cast<NoteName::Value>(written.step),
+                                      clefAt(*_facts, written.staff, _context.bar(), written.onset),
+                                      written.octave
+                                          + 1); // that of MIDI key 0 is 0 there, and -1 in MusicXML
     note.setStaffLine(std::clamp(line, -127, 127));
 }
 

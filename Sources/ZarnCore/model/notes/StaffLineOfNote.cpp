@@ -7,7 +7,6 @@
 #include <ZarnCore/music/ZarnMusic.h>
 
 namespace zarn {
-namespace {
 
 ClefType clefOver(const Beat &beat, const Bar &bar)
 {
@@ -16,6 +15,8 @@ ClefType clefOver(const Beat &beat, const Bar &bar)
     const auto voice = beat.parentVoice();
     return bar.clefAt(voice ? voice->beatDrawingOffset(beat) : utils::rational());
 }
+
+namespace {
 
 std::optional<int> lineOfArticulation(const Note &note, const Track &track)
 {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ZarnCore/ZarnTypes.h>
+
 #include <optional>
 
 namespace zarn {
@@ -8,6 +10,9 @@ namespace zarn {
 class Bar;
 class Beat;
 class Note;
+
+/// The clef that holds at a beat of a bar.
+ClefType clefOver(const Beat &beat, const Bar &bar);
 
 /// Where a note stands on the staff, in half spaces above the bottom line: where its own staff line
 /// says, else where its articulation stands in the instrument set of its track, else on a pitched

@@ -13,6 +13,7 @@
 #include <ZarnCore/io/musicxml/writer/LineSigns.h>
 #include <ZarnCore/io/musicxml/writer/MeasureCursor.h>
 #include <ZarnCore/model/notes/StaffLineOfNote.h>
+#include <ZarnCore/music/ZarnMusic.h>
 
 #include <algorithm>
 
@@ -26,9 +27,6 @@ namespace {
 constexpr const char *steps[] = {"C", "D", "E", "F", "G", "A", "B"};
 constexpr int stepsOfOctave = 7;
 
-/// Steps from C of octave 0 to the bottom line of the treble clef, which percussion is written in
-/// (MusicXML 4.0, display-step).
-constexpr int bottomLineStep = stepsOfOctave * 4 + 2;
 constexpr int middleLine = 4;
 constexpr int highestOctave = 9;
 
@@ -152,9 +150,9 @@ void NoteWriter::write(const RhythmicBeat &beat, const VoicePlace &place, Measur
         if (!isFirst)
             addElement(node, "chord");
         if (_plan.isUnpitched(*note))
-            writeUnpitched(*note, *beat.beat, node);
+            writeUnpitched(*note, *beat.beat, *place.staff, node);
         else
-            writePitch(*note, *beat.beat, node);
+            writePitch(*note, *beat.beat, *place.staff, node);
         writeTime(beat, note.get(), place, node);
         // Some readers take a beam of a further note of a chord for that of another beat.
         if (isFirst && (beat.isBeamedFrom || beat.isBeamedOn))
@@ -167,13 +165,14 @@ void NoteWriter::write(const RhythmicBeat &beat, const VoicePlace &place, Measur
     }
 }
 
-void NoteWriter::writePitch(const Note &note, const Beat &beat, pugi::xml_node node)
+void NoteWriter::writePitch(const Note &note, const Beat &beat, const PartStaff &staff,
+                            pugi::xml_node node)
 {
     const int midi = note.midi() != Note::Unset ? note.midi() : writtenMidi(note);
     _isPitched = midi >= 0;
     if (!_isPitched) {
         _context.addProblem("a note without a pitch was written without one");
-        return writeUnpitched(note, beat, node);
+        return writeUnpitched(note, beat, staff, node);
     }
     _pitch = spelledPitch(note, midi, _fifths);
     if (_pitch.octave < 0) {
@@ -188,11 +187,16 @@ void NoteWriter::writePitch(const Note &note, const Beat &beat, pugi::xml_node n
     addElement(pitch, "octave", _pitch.octave);
 }
 
-void NoteWriter::writeUnpitched(const Note &note, const Beat &beat, pugi::xml_node node)
+/// Places are those of pitches under the clef at hand; under those for percussion and tablature,
+/// of the treble clef (MusicXML 4.0, display-step).
+void NoteWriter::writeUnpitched(const Note &note, const Beat &beat, const PartStaff &staff,
+                                pugi::xml_node node)
 {
     _isPitched = false;
     const int line = staffLineOf(note, beat, *_bar).value_or(middleLine);
-    const int step = bottomLineStep + line;
+    const ClefType clef = staff.isTablature ? ClefType::G2 : clefOver(beat, *_bar);
+    // MusicXML counts octaves from C of MIDI key 12.
+    const int step = Music::lineOffsetFromClefAndOttavia(clef, 0) - stepsOfOctave + line;
     const int inside = std::clamp(step, 0, stepsOfOctave * (highestOctave + 1) - 1);
     if (inside != step)
         _context.addProblem("a note farther from its staff than MusicXML can write was moved");

@@ -46,8 +46,10 @@ private:
     using Accidentals = std::array<std::int8_t, 7 * 12>;
 
     pugi::xml_node startNote(const RhythmicBeat &beat, MeasureCursor &cursor);
-    void writePitch(const Note &note, const Beat &beat, pugi::xml_node node);
-    void writeUnpitched(const Note &note, const Beat &beat, pugi::xml_node node);
+    void writePitch(const Note &note, const Beat &beat, const PartStaff &staff,
+                    pugi::xml_node node);
+    void writeUnpitched(const Note &note, const Beat &beat, const PartStaff &staff,
+                        pugi::xml_node node);
     void writeTime(const RhythmicBeat &beat, const Note *note, const VoicePlace &place,
                    pugi::xml_node node);
     void writeAccidental(const Note &note, const PartStaff &staff, pugi::xml_node node);
