@@ -5,8 +5,15 @@
 #include <filesystem/FileHandle.h>
 
 #include <algorithm>
+#include <vector>
 
 namespace zarn::io {
+
+namespace {
+
+constexpr std::int64_t readingBlock = 1 << 17;
+
+} // namespace
 
 std::string readWhole(filesystem::FileHandle &handle)
 {
@@ -14,8 +21,19 @@ std::string readWhole(filesystem::FileHandle &handle)
     if (size > static_cast<std::int64_t>(maximumDocumentSize))
         ZARN_REFUSE_IN("zarn::io::readWhole", handle.path(), "",
                        "the file is larger than the 512 MiB that a document may have");
-    std::string bytes(static_cast<std::size_t>(std::max<std::int64_t>(size, 0)), '\0');
-    if (!handle.seek(0) || !handle.readBlock(&bytes[0], static_cast<std::int64_t>(bytes.size())))
+    std::string bytes;
+    bytes.reserve(static_cast<std::size_t>(std::max<std::int64_t>(size, 0)));
+    // By blocks that stay in the cache: a string of the whole size would be filled with zeros
+    // first.
+    std::vector<char> block(readingBlock);
+    bool isRead = handle.seek(0);
+    for (std::int64_t rest = size; isRead && rest > 0;) {
+        const auto count = std::min<std::int64_t>(rest, readingBlock);
+        isRead = handle.readBlock(block.data(), count);
+        bytes.append(block.data(), static_cast<std::size_t>(count));
+        rest -= count;
+    }
+    if (!isRead)
         ZARN_REFUSE_IN("zarn::io::readWhole", handle.path(), "",
                        "the file cannot be read: " + handle.errorText());
     return bytes;

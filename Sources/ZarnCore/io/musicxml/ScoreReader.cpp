@@ -114,7 +114,8 @@ std::shared_ptr<ScoreModel> ScoreReader::read(ImportReport &report)
         setSimileMarks(_facts[part], _bars[part], _context);
         const auto &listed = sources[part].listed;
         const auto type = guesser.guess(listed, _facts[part], _tally.parts[part].notes);
-        _model->addTrack(makeTrack(type, listed, _facts[part], std::move(_bars[part]), _context));
+        _model->addTrack(makeTrack(type, listed, _facts[part], _tally.parts[part],
+                                   std::move(_bars[part]), _context));
         parts.push_back(listed.id);
         mendLinks(*_model->tracks().back(), _context);
     }

@@ -2,6 +2,7 @@
 #include <ZarnCore/io/musicxml/TrackBuilder.h>
 
 #include <ZarnCore/instruments/sounds/ZarnSound.h>
+#include <ZarnCore/io/ZarnSourceTally.h>
 #include <ZarnCore/io/musicxml/ImportContext.h>
 #include <ZarnCore/io/musicxml/NoteMaker.h>
 #include <ZarnCore/io/musicxml/PartList.h>
@@ -195,17 +196,19 @@ void setSimileMarks(const PartFacts &facts, StaffBars &staves, ImportContext &co
 }
 
 std::shared_ptr<Track> makeTrack(InstrumentSet::Type type, const ListedPart &part,
-                                 const PartFacts &facts, StaffBars staves, ImportContext &context)
+                                 const PartFacts &facts, const PartTally &tally, StaffBars staves,
+                                 ImportContext &context)
 {
     auto track = ScoreModel::createTrack(type);
     track->setName(part.name);
     track->setShortName(part.abbreviation);
     track->setTranspositionOffset(facts.chromatic);
     track->setStaffCount(static_cast<unsigned>(staves.size()));
+    const bool areAnyFretted = tally.notes.withFret != 0 || tally.merged.withFret != 0;
     for (std::size_t i = 0; i < staves.size(); ++i) {
         auto &staff = *track->staves()[i];
         const auto written = i < facts.staves.size() ? facts.staves[i] : WrittenStaff();
-        setTuning(written, hasFrets(staves[i]), staff);
+        setTuning(written, areAnyFretted && hasFrets(staves[i]), staff);
         if (const auto set = track->instrumentSet(); set && set->isUnpitched()) {
             setUsualKeys(*set, staves[i], context);
             setArticulations(*set, staves[i]);

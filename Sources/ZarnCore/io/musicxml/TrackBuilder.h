@@ -16,6 +16,7 @@ namespace zarn::io {
 
 class ImportContext;
 struct ListedPart;
+struct PartTally;
 
 /// Bars of one part, by staff.
 using StaffBars = std::vector<Staff::Bars>;
@@ -29,6 +30,7 @@ void setSimileMarks(const PartFacts &facts, StaffBars &staves, ImportContext &co
 
 /// Makes the track of a part around its bars.
 std::shared_ptr<Track> makeTrack(InstrumentSet::Type type, const ListedPart &part,
-                                 const PartFacts &facts, StaffBars staves, ImportContext &context);
+                                 const PartFacts &facts, const PartTally &tally, StaffBars staves,
+                                 ImportContext &context);
 
 } // namespace zarn::io

@@ -106,21 +106,24 @@ std::size_t sequenceLength(std::string_view text, std::size_t at)
     return outside || !continues(at + 3) ? 0 : 4;
 }
 
-/// Position of the first byte that is not well-formed UTF-8, or `npos`.
+/// Position of the first byte that is not well-formed UTF-8, or is zero; or `npos`.
 std::size_t firstInvalidByte(std::string_view text)
 {
     constexpr std::uint64_t highBits = 0x8080808080808080u;
+    constexpr std::uint64_t ones = 0x0101010101010101u;
     std::size_t at = 0;
     while (at < text.size()) {
         std::uint64_t block = 0;
         if (at + sizeof block <= text.size()) {
             std::memcpy(&block, text.data() + at, sizeof block);
-            if ((block & highBits) == 0) {
+            // Of bytes without the high bit, taking 1 away gives it to zeros alone.
+            if (((block | (block - ones)) & highBits) == 0) {
                 at += sizeof block;
                 continue;
             }
         }
-        if (static_cast<unsigned char>(text[at]) < 0x80) {
+        const auto byte = static_cast<unsigned char>(text[at]);
+        if (byte != 0 && byte < 0x80) {
             ++at;
             continue;
         }
@@ -180,14 +183,13 @@ std::string decodeXml(const std::string &document, std::string bytes, ImportRepo
         || declared == "ASCII" || contradicted;
     if (!wide && encoding.empty() && !plain)
         bytes = converted(document, bytes, declared);
-    else if (const auto bad = firstInvalidByte(bytes); bad != bytes.npos)
-        ZARN_REFUSE_IN("zarn::io::decodeXml", document, place(bytes, bad),
-                       "the text is not UTF-8 (byte " + hexByte(bytes[bad])
+    const auto bad = firstInvalidByte(bytes);
+    if (bad == bytes.npos)
+        return bytes;
+    ZARN_REFUSE_IN("zarn::io::decodeXml", document, place(bytes, bad),
+                   bytes[bad] == '\0' ? std::string("a zero byte stands in the text")
+                                      : "the text is not UTF-8 (byte " + hexByte(bytes[bad])
                            + "); the declaration should name its encoding");
-    if (const auto zero = bytes.find('\0'); zero != bytes.npos)
-        ZARN_REFUSE_IN("zarn::io::decodeXml", document, place(bytes, zero),
-                       "a zero byte stands in the text");
-    return bytes;
 }
 
 std::string rootElementName(const std::string &start)
