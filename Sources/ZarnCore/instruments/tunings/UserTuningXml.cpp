@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/instruments/tunings/UserTuningXml.h>
 
+#include <QXmlStreamWriter>
+
 #include <algorithm>
-#include <array>
 
 namespace zarn {
 
@@ -19,8 +20,6 @@ const QString droneAttribute = QStringLiteral("HasShortDroneString");
 const QString offsetAttribute = QStringLiteral("MidiOffset");
 const QString numberAttribute = QStringLiteral("Number");
 const QString indexAttribute = QStringLiteral("Index");
-
-constexpr int indentation = 2;
 
 /// No pitches lie further apart.
 constexpr int largestOffset = 127;
@@ -42,81 +41,62 @@ QString writableText(const std::string &text)
     return written;
 }
 
-/// A number as text; those of pitches and strings are made once.
-QString numberText(int number)
+/// A text as it stands between quotes.
+QByteArray attributeText(const std::string &text)
 {
-    static const auto usual = [] {
-        std::array<QString, 128> texts;
-        for (std::size_t i = 0; i < texts.size(); ++i)
-            texts[i] = QString::number(i);
-        return texts;
-    }();
-    const auto place = static_cast<std::size_t>(number); // huge when negative
-    return place < usual.size() ? usual[place] : QString::number(number);
+    const QString writable = writableText(text);
+    const auto isPlain = [](QChar sign) {
+        const auto code = sign.unicode();
+        return code >= 0x20 && code != '<' && code != '>' && code != '&' && code != '"';
+    };
+    if (std::all_of(writable.begin(), writable.end(), isPlain))
+        return writable.toUtf8();
+    QString element;
+    QXmlStreamWriter writer(&element);
+    writer.writeEmptyElement(tuningName);
+    writer.writeAttribute(nameAttribute, writable);
+    const int first = element.indexOf(QLatin1Char('"')) + 1;
+    return element.mid(first, element.lastIndexOf(QLatin1Char('"')) - first).toUtf8();
+}
+
+QByteArray numberText(int value)
+{
+    return QByteArray::number(value);
 }
 
 } // namespace
 
-UserTuningText::Part::Part() : writer(&written)
+QByteArray UserTuningText::elementOf(const GuitarTuning &tuning)
 {
-    writer.setAutoFormatting(true);
-    writer.setAutoFormattingIndent(indentation);
-    writer.writeStartElement(rootName);
+    // Most of a tuning is numbers, which a general writer takes ten times as long for.
+    QByteArray text = "\n  <Tuning Instrument=\""
+        + numberText(static_cast<int>(tuning.instrument())) + "\" Name=\""
+        + attributeText(tuning.name()) + "\" IsFlat=\"" + numberText(tuning.isFlat() ? 1 : 0)
+        + "\" HasShortDroneString=\"" + numberText(tuning.hasShortDroneString() ? 1 : 0)
+        + "\" MidiOffset=\"" + numberText(tuning.midiOffset()) + '"';
+    if (tuning.stringCount() == 0)
+        return text.append("/>");
+    text.append('>');
+    for (unsigned string = 0; string < tuning.stringCount(); ++string)
+        text.append("\n    <MidiNumber Number=\"")
+            .append(numberText(tuning.tuning(string)))
+            .append("\" Index=\"")
+            .append(numberText(static_cast<int>(string)))
+            .append("\"/>");
+    return text.append("\n  </Tuning>");
 }
 
-void UserTuningText::Part::append(const GuitarTuning &tuning)
+void UserTuningText::append(unsigned stringCount, const QByteArray &element)
 {
-    writer.writeStartElement(tuningName);
-    writer.writeAttribute(instrumentAttribute, numberText(static_cast<int>(tuning.instrument())));
-    writer.writeAttribute(nameAttribute, writableText(tuning.name()));
-    writer.writeAttribute(isFlatAttribute, numberText(tuning.isFlat() ? 1 : 0));
-    writer.writeAttribute(droneAttribute, numberText(tuning.hasShortDroneString() ? 1 : 0));
-    writer.writeAttribute(offsetAttribute, numberText(tuning.midiOffset()));
-    for (unsigned string = 0; string < tuning.stringCount(); ++string) {
-        writer.writeEmptyElement(midiNumberName);
-        writer.writeAttribute(numberAttribute, numberText(tuning.tuning(string)));
-        writer.writeAttribute(indexAttribute, numberText(static_cast<int>(string)));
-    }
-    writer.writeEndElement();
-    text.append(written.toUtf8());
-    written.resize(0);
-}
-
-void UserTuningText::append(const GuitarTuning &tuning)
-{
-    _parts[tuning.stringCount()].append(tuning);
-}
-
-QByteArray UserTuningText::of(const GuitarTuning &tuning)
-{
-    UserTuningText text;
-    text.append(tuning);
-    return text.document();
-}
-
-void UserTuningText::setTail(Tunings::const_iterator first, Tunings::const_iterator last)
-{
-    _tail.reset();
-    if (first != last)
-        _tail = std::make_unique<Part>();
-    for (; first != last; ++first)
-        _tail->append(**first);
-}
-
-void UserTuningText::appendElements(QByteArray &text, const Part &part)
-{
-    const int start = part.text.indexOf('>') + 1;
-    text.append(part.text.constData() + start, part.text.size() - start);
+    _parts[stringCount].append(element);
 }
 
 QByteArray UserTuningText::document() const
 {
     QByteArray text = "<UserTunings>";
-    for (const auto &[stringCount, part] : _parts)
-        appendElements(text, part);
-    if (_tail != nullptr)
-        appendElements(text, *_tail);
-    return text.append("\n</UserTunings>\n");
+    for (const auto &part : _parts)
+        text.append(part.second);
+    return text.append(_tail).append("\n</UserTunings>\n");
 }
 
 UserTuningDocument::UserTuningDocument(const QByteArray &text) : _reader(text)

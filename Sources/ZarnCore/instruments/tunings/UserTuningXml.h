@@ -5,7 +5,6 @@
 
 #include <QByteArray>
 #include <QXmlStreamReader>
-#include <QXmlStreamWriter>
 
 #include <map>
 #include <memory>
@@ -16,38 +15,22 @@ namespace zarn {
 /// The text of the user's tunings, always the same for the same tunings.
 class UserTuningText {
 public:
-    using Tunings = std::vector<std::shared_ptr<GuitarTuning>>;
+    /// What stands in the document for a tuning.
+    static QByteArray elementOf(const GuitarTuning &tuning);
 
     /// Puts a tuning behind those with as many strings; those with fewer strings come first.
-    void append(const GuitarTuning &tuning);
+    void append(unsigned stringCount, const QByteArray &element);
+    void append(const GuitarTuning &tuning) { append(tuning.stringCount(), elementOf(tuning)); }
 
-    /// The text of one tuning alone.
-    static QByteArray of(const GuitarTuning &tuning);
-
-    /// What stands at the end whatever its strings are: tunings that are not read yet.
-    void setTail(Tunings::const_iterator first, Tunings::const_iterator last);
+    /// What stands at the end whatever its strings are: elements of tunings that are not read yet.
+    void setTail(const QByteArray &elements) { _tail = elements; }
 
     /// The whole document.
     QByteArray document() const;
 
 private:
-    struct Part {
-        Part();
-        void append(const GuitarTuning &tuning);
-
-        /// The document with the tunings of one string count, its end left open.
-        QByteArray text;
-
-        /// What is not yet in the text; a writer to a string does not go through a device for each
-        /// word.
-        QString written;
-        QXmlStreamWriter writer;
-    };
-
-    static void appendElements(QByteArray &text, const Part &part);
-
-    std::map<unsigned, Part> _parts;
-    std::unique_ptr<Part> _tail;
+    std::map<unsigned, QByteArray> _parts; ///< elements by the number of strings
+    QByteArray _tail;
 };
 
 /// The user's tunings as they were read from a text.

@@ -4,7 +4,7 @@
 #include <ZarnCore/instruments/tunings/UserTuningXml.h>
 
 #include <algorithm>
-#include <iterator>
+#include <vector>
 
 namespace zarn {
 
@@ -46,18 +46,25 @@ void UserTunings::loadAndRewrite(const QByteArray &content, bool rewrites)
         _file.warn((document.isList() ? QStringLiteral("is read in part: ")
                                       : QStringLiteral("is not read: "))
                    + document.fault());
-    UserTuningText text;
     const auto &tunings = document.tunings();
+    std::vector<QByteArray> elements;
+    QByteArray unread;
+    for (const auto &tuning : tunings) {
+        elements.push_back(UserTuningText::elementOf(*tuning));
+        unread.append(elements.back());
+    }
+    UserTuningText text;
     unsigned mostStrings = 0;
-    for (auto tuning = tunings.begin(); tuning != tunings.end(); ++tuning) {
-        const unsigned stringCount = (*tuning)->stringCount();
-        const bool moves = tuning == tunings.begin() || stringCount < mostStrings;
+    for (std::size_t i = 0; i < tunings.size(); ++i) {
+        const unsigned stringCount = tunings[i]->stringCount();
+        const bool moves = i == 0 || stringCount < mostStrings;
         mostStrings = std::max(mostStrings, stringCount);
-        add(*tuning);
-        text.append(**tuning);
+        add(tunings[i]);
+        text.append(stringCount, elements[i]);
+        unread.remove(0, elements[i].size());
         if (!rewrites || !moves)
             continue;
-        text.setTail(std::next(tuning), tunings.end());
+        text.setTail(unread);
         rewrites = (isWhole || _file.keep(content))
             && _known.replace(_file, _known.text(), text.document());
         isWhole = isWhole || rewrites;
@@ -75,7 +82,7 @@ bool UserTunings::takeOver(const QByteArray &content)
 {
     return _known.takeOver<UserTuningDocument>(
         _file, content, &UserTuningDocument::tunings,
-        [](const auto &tuning) { return UserTuningText::of(*tuning); },
+        [](const auto &tuning) { return UserTuningText::elementOf(*tuning); },
         [this](const auto &tuning) { add(tuning); });
 }
 
