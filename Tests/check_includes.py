@@ -40,7 +40,7 @@ ROWS = [
 RANK = {name: rank for rank, row in enumerate(ROWS) for name in row}
 # Files beside ZarnCore.h: the shared ground, except the shared types, whose tables come from utils,
 # and those that stand on top of everything.
-TOP = {"ZarnCoreUtils", "ZarnCoreUtilsPreview", "ZarnCoreUtilsSearch", "ZarnCore"}
+TOP = {"ZarnCoreUtils", "VoiceSearch", "ZarnCore"}
 INCLUDE = re.compile(r'^\s*#\s*include\s*[<"]((?:ZarnCore|ZarnAudio|ZarnLayout|ZarnViews|filesystem|streams)/[^>"]+)[>"]')
 CLASS = re.compile(r"^(?:class|struct) (?:[A-Z_]+_EXPORT )?([\w:]+)(?: final)?(?: :[^;]*)?(?: \{.*)?$",
                    re.MULTILINE)

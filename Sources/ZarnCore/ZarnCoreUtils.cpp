@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/ZarnCoreUtils.h>
 
+#include <ZarnCore/VoiceSearch.h>
 #include <ZarnCore/instruments/effects/ZarnHVVolumePan.h>
 #include <ZarnCore/instruments/effects/ZarnVolumePan.h>
 #include <ZarnCore/io/ZarnScoreText.h>
@@ -104,6 +105,62 @@ bool ZarnCoreUtils::trackHasStdNotation(const Track *track)
 bool ZarnCoreUtils::trackHasTablature(const Track *track)
 {
     return askScore(track, &Score::hasTablature);
+}
+
+std::shared_ptr<const Beat> ZarnCoreUtils::findNextBeat(const std::shared_ptr<const Beat> &beat,
+                                                        const BeatPredicate &accepts,
+                                                        const std::shared_ptr<const Beat> &limit,
+                                                        SearchDeep deep)
+{
+    return zarn::findBeat(beat, accepts, limit, deep, Walk::Forwards);
+}
+
+std::shared_ptr<const Beat>
+ZarnCoreUtils::findPreviousBeat(const std::shared_ptr<const Beat> &beat,
+                                const BeatPredicate &accepts,
+                                const std::shared_ptr<const Beat> &limit, SearchDeep deep)
+{
+    return zarn::findBeat(beat, accepts, limit, deep, Walk::Backwards);
+}
+
+std::shared_ptr<const Note> ZarnCoreUtils::findNextNote(const std::shared_ptr<const Note> &note,
+                                                        const NotePredicate &accepts,
+                                                        const std::shared_ptr<const Note> &limit,
+                                                        SearchDeep deep)
+{
+    return zarn::findNote(note, accepts, limit, deep, Walk::Forwards);
+}
+
+std::shared_ptr<const Note>
+ZarnCoreUtils::findPreviousNote(const std::shared_ptr<const Note> &note,
+                                const NotePredicate &accepts,
+                                const std::shared_ptr<const Note> &limit, SearchDeep deep)
+{
+    return zarn::findNote(note, accepts, limit, deep, Walk::Backwards);
+}
+
+std::shared_ptr<const Note>
+ZarnCoreUtils::findFirstNextNote(const std::shared_ptr<const Note> &note, NoteSlot slot)
+{
+    return zarn::findFirstNote(note, slot, Walk::Forwards);
+}
+
+std::shared_ptr<const Note>
+ZarnCoreUtils::findFirstPreviousNote(const std::shared_ptr<const Note> &note, NoteSlot slot)
+{
+    return zarn::findFirstNote(note, slot, Walk::Backwards);
+}
+
+std::shared_ptr<const Note>
+ZarnCoreUtils::findTieOriginNote(const std::shared_ptr<const Note> &note, NoteSlot slot)
+{
+    return zarn::findTieOriginNote(note, slot);
+}
+
+std::shared_ptr<const Note>
+ZarnCoreUtils::findBendOriginNote(const std::shared_ptr<const Note> &note, NoteSlot slot)
+{
+    return zarn::findBendOriginNote(note, slot);
 }
 
 std::unique_ptr<Score> ZarnCoreUtils::make_from_string(const std::string &text)
