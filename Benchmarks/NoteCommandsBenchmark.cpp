@@ -203,7 +203,7 @@ int main(int argc, char **argv)
     report.compareValues("bytes kept a note: transposing", 5, [] {
         return bytesKept([](BigScore &big) { big.score.transposeAllTracks(semitones, false); });
     });
-    report.compareValues("bytes kept a note: marks", 9,
+    report.compareValues("bytes kept a note: marks", 8,
                          [] { return bytesKept([](BigScore &big) { setVelocity(big); }); });
     return report.run(argc, argv);
 }

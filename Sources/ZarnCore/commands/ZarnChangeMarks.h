@@ -23,7 +23,8 @@ struct AlsoKept {
 };
 
 /// Base of commands that change how the beats or notes of a range are marked. Keeps what was there
-/// for undo, exclusions included: eight bytes a node, and the details that changed.
+/// for undo, exclusions included: two bits a node, eight bytes for each that was marked unlike the
+/// one before it, and the details that changed.
 ///
 /// Which nodes a range means: its beats; as notes, all those of its beats, but a range that is one
 /// place means the note that it names: on a fretted staff the one on its string, elsewhere the one

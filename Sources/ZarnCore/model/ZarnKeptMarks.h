@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ZarnCore/model/ZarnRunList.h>
+
 #include <cstddef>
 #include <type_traits>
 #include <utility>
@@ -8,8 +10,9 @@
 
 namespace zarn {
 
-/// How nodes were marked before a change, in the order in which they were kept: eight bytes for
-/// each, and the details of those whose details changed.
+/// How nodes were marked before a change, in the order in which they were kept: a bit for each,
+/// eight bytes for each that was marked unlike the one before it, and the details of those whose
+/// details changed.
 template <class Node>
 class KeptMarks {
 public:
@@ -23,15 +26,17 @@ public:
         _marks.clear();
         _details.clear();
     }
-    bool isEmpty() const noexcept { return _marks.empty(); }
+    bool isEmpty() const noexcept { return _marks.isEmpty(); }
 
     /// Keeps a node that is about to be changed; `settle` follows the change.
     void keep(const Node &node)
     {
         if (node.hasDetails())
             _pendingDetails.emplace_back(_marks.size(), node.details());
+        if (_pending.empty())
+            _firstPending = _marks.end();
         _pending.push_back(&node);
-        _marks.push_back(node.marks());
+        _marks.add(node.marks());
     }
 
     /// Keeps the details that changed since the last call, and no others.
@@ -44,10 +49,11 @@ public:
     template <class Visit>
     void settle(Visit visitChanged)
     {
-        std::size_t number = _marks.size() - _pending.size();
+        auto cursor = _firstPending;
         auto before = _pendingDetails.begin();
         for (const Node *const node : _pending) {
-            bool isChanged = node->marks() != _marks[number];
+            const std::size_t number = cursor.number();
+            bool isChanged = node->marks() != cursor.next(_marks);
             const bool hadDetails = before != _pendingDetails.end() && before->first == number;
             if (hadDetails || node->hasDetails()) {
                 Details details = hadDetails ? std::move(before++->second) : Details();
@@ -58,7 +64,6 @@ public:
             }
             if (isChanged)
                 visitChanged(number);
-            ++number;
         }
         _pending.clear();
         _pendingDetails.clear();
@@ -71,25 +76,32 @@ public:
 
         void to(Node &node)
         {
-            node.setMarks(_kept._marks[_number]);
-            const auto &details = _kept._details;
-            if (_detailsNumber < details.size() && details[_detailsNumber].first == _number)
-                node.setDetails(details[_detailsNumber++].second);
-            ++_number;
+            const std::size_t number = _cursor.number();
+            node.setMarks(_cursor.next(_kept._marks));
+            if (const Details *const details = detailsOf(number))
+                node.setDetails(*details);
         }
 
         /// Leaves one out.
         void pass()
         {
-            const auto &details = _kept._details;
-            if (_detailsNumber < details.size() && details[_detailsNumber].first == _number)
-                ++_detailsNumber;
-            ++_number;
+            const std::size_t number = _cursor.number();
+            _cursor.next(_kept._marks);
+            detailsOf(number);
         }
 
     private:
+        /// Those that were kept of the node with a number, or null; goes past them.
+        const Details *detailsOf(std::size_t number)
+        {
+            const auto &details = _kept._details;
+            const bool isHeld =
+                _detailsNumber < details.size() && details[_detailsNumber].first == number;
+            return isHeld ? &details[_detailsNumber++].second : nullptr;
+        }
+
         const KeptMarks &_kept;
-        std::size_t _number = 0;
+        typename RunList<Marks>::Cursor _cursor;
         std::size_t _detailsNumber = 0;
     };
 
@@ -97,8 +109,9 @@ private:
     using NumberedDetails = std::vector<std::pair<std::size_t, Details>>; ///< by number of the node
 
     std::vector<const Node *> _pending; ///< the last ones that are kept, until `settle`
+    typename RunList<Marks>::Cursor _firstPending;
     NumberedDetails _pendingDetails;
-    std::vector<Marks> _marks;
+    RunList<Marks> _marks;
     NumberedDetails _details;
 };
 
