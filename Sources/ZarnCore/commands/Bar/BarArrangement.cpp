@@ -145,6 +145,21 @@ void BarArrangement::pour(unsigned track, const Staff &staff, unsigned slot)
     BeatPour poured(_lengths, _further);
     Length gap;
     bool hasBeats = false;
+    std::vector<bool> leading;
+    const auto setLeading = [&](unsigned first) {
+        leading.resize(std::max<std::size_t>(leading.size(), poured.bar() + 1));
+        std::fill(leading.begin() + first, leading.begin() + poured.bar() + 1, true);
+    };
+    // Beats without length wait for the next one, and a beat may be cut into several bars.
+    bool isWaiting = false;
+    const auto add = [&](const std::shared_ptr<Beat> &beat, const Length &length) {
+        const unsigned first = poured.bar();
+        poured.add(beat, length);
+        const bool isLeading = isWaiting || leadsOverStrings(*beat);
+        if (isLeading)
+            setLeading(first);
+        isWaiting = isLeading && (beat->isGrace() || length.sign() == 0);
+    };
     for (unsigned bar = _first; bar <= _last; ++bar) {
         const Length column = _columns[bar - _first];
         const Voice *const voice = soundingVoice(staff, bar, slot);
@@ -161,7 +176,7 @@ void BarArrangement::pour(unsigned track, const Staff &staff, unsigned slot)
         Length used;
         for (const auto &beat : voice->beats()) {
             const Length length = beat->isWholeBarRest() ? column : beat->length();
-            poured.add(isCopied ? beat->clone() : beat, length);
+            add(isCopied ? beat->clone() : beat, length);
             used += length;
         }
         if (isCopied)
@@ -171,8 +186,10 @@ void BarArrangement::pour(unsigned track, const Staff &staff, unsigned slot)
     // A voice may end before its last bar does: what follows it is farther away or nearer then.
     poured.part();
     poured.end();
+    if (isWaiting)
+        setLeading(poured.bar());
     if (hasBeats)
-        _voices.push_back({track, staff.index(), slot, std::move(poured)});
+        _voices.push_back({track, staff.index(), slot, std::move(poured), std::move(leading)});
 }
 
 BarArrangement::Length BarArrangement::lengthOf(unsigned bar) const
@@ -209,9 +226,7 @@ void BarArrangement::addVoice(ContentSwap &swap, PouredVoice &voice) const
     for (unsigned bar = 0; bar < bars.size() && bar < barCount(); ++bar) {
         if (bars[bar].empty())
             continue;
-        const bool mayBeTooFar =
-            std::any_of(bars[bar].begin(), bars[bar].end(),
-                        [](const auto &beat) { return leadsOverStrings(*beat); });
+        const bool mayBeTooFar = bar < voice.leadsOverStrings.size() && voice.leadsOverStrings[bar];
         swap.setBeats(placeOf(bar), std::move(bars[bar]),
                       mayBeTooFar ? ContentSwap::Joints::Found : ContentSwap::Joints::Named);
     }

@@ -48,6 +48,7 @@ private:
         unsigned staff;
         unsigned voice;
         BeatPour poured;
+        std::vector<bool> leadsOverStrings; ///< per new bar, as far as any does
     };
 
     void measureColumns();

@@ -29,9 +29,15 @@ Bar &barAt(const ScoreModel &model, const std::tuple<unsigned, unsigned, unsigne
 
 } // namespace
 
+/// Places mostly come in their order.
+ContentSwap::Content &ContentSwap::contentOf(const VoicePlace &place)
+{
+    return _voices.try_emplace(_voices.end(), place)->second;
+}
+
 void ContentSwap::setBeats(const VoicePlace &place, Beats beats, Joints joints)
 {
-    Content &content = _voices[place];
+    Content &content = contentOf(place);
     content.beats = std::move(beats);
     content.hasSlot = true;
     content.joints = joints;
@@ -39,7 +45,7 @@ void ContentSwap::setBeats(const VoicePlace &place, Beats beats, Joints joints)
 
 void ContentSwap::dropVoice(const VoicePlace &place)
 {
-    Content &content = _voices[place];
+    Content &content = contentOf(place);
     content.beats.clear();
     content.hasSlot = false;
     content.joints = Joints::Found;
@@ -139,20 +145,22 @@ std::vector<VoicePlace> ContentSwap::places() const
 // All of the old beats go out before any goes in: one may only have changed its place.
 void ContentSwap::exchange(ScoreModel &model)
 {
-    const auto voiceAt = [&model](const VoicePlace &place) {
-        return voiceOf(model, BeatSpan{place.track, place.staff, place.bar, place.voice, 0, 0});
+    struct Taken {
+        Bar *bar;
+        Beats beats;
     };
-    std::vector<Beats> taken;
+    std::vector<Taken> taken;
     taken.reserve(_voices.size());
     for (const auto &entry : _voices) {
-        Voice *const voice = voiceAt(entry.first);
-        taken.emplace_back();
+        const VoicePlace &place = entry.first;
+        taken.push_back({findBar(model, place.track, place.staff, place.bar), {}});
+        const auto &voice = taken.back().bar->voices()[place.voice];
         if (voice != nullptr && !voice->isEmpty())
-            taken.back() = voice->takeBeats(0, voice->beatCount() - 1);
+            taken.back().beats = voice->takeBeats(0, voice->beatCount() - 1);
     }
     std::size_t number = 0;
     for (auto &[place, content] : _voices) {
-        Bar &bar = *findBar(model, place.track, place.staff, place.bar);
+        Bar &bar = *taken[number].bar;
         const std::shared_ptr<Voice> voice = bar.voices()[place.voice];
         const bool hadSlot = voice != nullptr;
         if (content.hasSlot && !hadSlot) {
@@ -165,7 +173,7 @@ void ContentSwap::exchange(ScoreModel &model)
         }
         if (content.hasSlot && !content.beats.empty())
             bar.voices()[place.voice]->insertBeats(0, std::move(content.beats));
-        content.beats = std::move(taken[number++]);
+        content.beats = std::move(taken[number++].beats);
         content.hasSlot = hadSlot;
     }
     for (auto &[place, mark] : _similes) {

@@ -101,6 +101,7 @@ private:
     /// A bar of a staff, as the three first numbers of a place.
     using BarPlace = std::tuple<unsigned, unsigned, unsigned>;
 
+    Content &contentOf(const VoicePlace &place);
     void exchange(ScoreModel &model);
     void tieOver(const ScoreModel &model) const;
     void addChangedJoints(const ScoreModel &model);

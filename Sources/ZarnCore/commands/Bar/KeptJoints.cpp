@@ -50,10 +50,8 @@ void KeptJoints::addNew(const ScoreModel &model, unsigned track, unsigned staff,
                         unsigned voice, unsigned beat, unsigned end)
 {
     const Place place{track, staff, bar, voice, beat};
-    if (const Voice *const node = voiceAt(model, place)) {
-        keepAround(*node, beat, end, _kept, track);
+    if (voiceAt(model, place) != nullptr)
         _new.emplace_back(place, end);
-    }
 }
 
 void KeptJoints::mend(const ScoreModel &model, TouchedBars &touched)

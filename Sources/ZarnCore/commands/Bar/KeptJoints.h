@@ -25,7 +25,7 @@ public:
     void addBarLine(const ScoreModel &model, unsigned track, unsigned staff, unsigned bar);
 
     /// Beats that nobody else has, from `beat` up to, not including, `end`: what joins them is
-    /// mended too. The joints at both ends are to be added as well.
+    /// mended too, and not kept. The joints where they meet other beats are to be added as well.
     void addNew(const ScoreModel &model, unsigned track, unsigned staff, unsigned bar,
                 unsigned voice, unsigned beat, unsigned end);
 

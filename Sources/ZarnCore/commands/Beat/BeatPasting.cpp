@@ -16,12 +16,12 @@ namespace zarn {
 
 namespace {
 
-utils::rational lengthOf(const Clip &clip)
+utils::rational longestVoiceIn(const ScoreModel &model, unsigned bar)
 {
     utils::rational longest;
-    for (const auto &track : clip.model->tracks())
+    for (const auto &track : model.tracks())
         for (const auto &staff : track->staves())
-            for (const auto &voice : staff->bars()[0]->voices())
+            for (const auto &voice : staff->bars()[bar]->voices())
                 if (voice != nullptr)
                     longest = std::max(longest, voice->length());
     return longest;
@@ -42,7 +42,7 @@ ScoreModelIndex indexOf(const VoicePlace &place, unsigned beat)
 BeatPasting::BeatPasting(const ScoreModel &model, const Clip &clip, const ScoreModelIndex &place,
                          unsigned times, PasteMode mode)
     : _model(model), _clip(clip), _place(place), _bar(static_cast<unsigned>(place.barIndex())),
-      _times(times), _mode(mode), _clipLength(lengthOf(clip))
+      _times(times), _mode(mode), _clipLength(longestVoiceIn(*clip.model, 0))
 {
     if (isThere())
         _start = startTime();
@@ -63,7 +63,7 @@ bool BeatPasting::isThere() const
     return static_cast<unsigned>(_place.beatIndex()) <= (voice ? voice->beatCount() : 0);
 }
 
-bool BeatPasting::isPossible() const
+bool BeatPasting::isPossible()
 {
     if (!isThere())
         return false;
@@ -73,8 +73,8 @@ bool BeatPasting::isPossible() const
         return false;
     if (_mode == PasteMode::Insert)
         return true;
-    const auto lengths = barLengths(_start + _clipLength * Length(_times));
-    const unsigned end = _bar + static_cast<unsigned>(lengths.size());
+    _lengths = barLengths(_start + _clipLength * Length(_times));
+    const unsigned end = _bar + static_cast<unsigned>(_lengths.size());
     if (end > MasterTrack::MaxBars)
         return false;
     const unsigned present = _model.masterTrack()->masterBarCount();
@@ -106,11 +106,8 @@ std::vector<BeatPasting::Length> BeatPasting::barLengths(const Length &until) co
         Length length = masterBars.back()->timeSignature().barLength();
         if (bar < masterBars.size()) {
             length = masterBars[bar]->length();
-            for (const auto &track : _model.tracks())
-                for (const auto &staff : track->staves())
-                    for (const auto &voice : staff->bars()[bar]->voices())
-                        if (voice != nullptr && masterBars[bar]->isFreeTime())
-                            length = std::max(length, voice->length());
+            if (masterBars[bar]->isFreeTime())
+                length = std::max(length, longestVoiceIn(_model, bar));
         }
         // A voice may be longer than its bar: then the place is behind the bar's end.
         if (bar == _bar)
@@ -127,12 +124,14 @@ const Voice *BeatPasting::voiceAt(const VoicePlace &place) const
 }
 
 /// What a voice has once what was planned already is there.
-BeatPasting::Beats BeatPasting::beatsAt(const ContentSwap &swap, const VoicePlace &place) const
+const BeatPasting::Beats &BeatPasting::beatsAt(const ContentSwap &swap,
+                                               const VoicePlace &place) const
 {
+    static const Beats none;
     if (const Beats *const planned = swap.beatsAt(place))
         return *planned;
     const Voice *const voice = voiceAt(place);
-    return voice != nullptr ? voice->beats() : Beats();
+    return voice != nullptr ? voice->beats() : none;
 }
 
 /// The beats of a voice, written for another staff, again and again; pauses fill up what is shorter
@@ -148,6 +147,8 @@ BeatPasting::Stream BeatPasting::streamOf(const Voice &voice, const PastedStaff 
         : adaptationOf(pasted);
     adaptation.adapt(beats);
     stream.hasOpen = adaptation.hasOpen();
+    if (_times == 1)
+        return stream;
     std::vector<RhythmValue> pause;
     RhythmValue::rhythms(_clipLength - voice.length(), pause);
     const std::size_t count = beats.size();
@@ -186,11 +187,10 @@ unsigned BeatPasting::addTo(ContentSwap &swap)
             insert(swap, stream);
         return _bar + 1;
     }
-    const auto lengths = barLengths(_start + _clipLength * Length(_times));
     unsigned barCount = _bar + 1;
     for (const Stream &stream : all) {
-        writeOutSimiles(swap, stream, static_cast<unsigned>(lengths.size()));
-        barCount = std::max(barCount, pour(swap, stream, lengths));
+        writeOutSimiles(swap, stream, static_cast<unsigned>(_lengths.size()));
+        barCount = std::max(barCount, pour(swap, stream));
     }
     return barCount;
 }
@@ -260,25 +260,27 @@ void BeatPasting::writeOutSimiles(ContentSwap &swap, const Stream &stream, unsig
 }
 
 /// Answers how many bars the score needs.
-unsigned BeatPasting::pour(ContentSwap &swap, const Stream &stream,
-                           const std::vector<Length> &lengths)
+unsigned BeatPasting::pour(ContentSwap &swap, const Stream &stream)
 {
-    BeatPour poured(lengths, lengths.back(), _start);
+    BeatPour poured(_lengths, _lengths.back(), _start);
     for (const auto &beat : stream.beats)
         poured.add(beat, beat->length());
     poured.end();
     const unsigned present = _model.masterTrack()->masterBarCount();
     auto &bars = poured.bars();
     bool isBegun = false;
+    bool isNewInFront = false; // right up to the bar line
     for (unsigned i = 0; i < bars.size(); ++i) {
         const unsigned bar = _bar + i;
         const VoicePlace place{stream.track, stream.staff, bar, stream.voice};
         const Length barLength = poured.lengthOf(i);
         const Length from = i == 0 ? _start : Length();
         const Length to = i + 1 == bars.size() ? poured.offset() : barLength;
-        if (bars[i].empty())
+        if (bars[i].empty()) {
+            isNewInFront = false;
             continue;
-        const Beats old = bar < present ? beatsAt(swap, place) : Beats();
+        }
+        const Beats &old = beatsAt(swap, place);
         const Length restLength =
             bar < present ? _model.masterTrack()->masterBars()[bar]->length() : barLength;
         if (_mode == PasteMode::Merge) {
@@ -290,7 +292,10 @@ unsigned BeatPasting::pour(ContentSwap &swap, const Stream &stream,
         }
         Beats beats = beatsUntil(old, restLength, from);
         const auto first = static_cast<unsigned>(beats.size());
-        append(beats, bars[i]);
+        if (beats.empty())
+            beats = std::move(bars[i]);
+        else
+            append(beats, bars[i]);
         const auto behind = static_cast<unsigned>(beats.size());
         append(beats, beatsFrom(old, restLength, to));
         swap.addNewBeats(place, first, behind);
@@ -298,14 +303,17 @@ unsigned BeatPasting::pour(ContentSwap &swap, const Stream &stream,
             _open.emplace_back(indexOf(place, first), ScoreModelIndex());
         if (stream.hasOpen)
             _open.back().second = indexOf(place, behind - 1);
-        const bool isAllNew = first == 0 && behind == beats.size();
+        const bool isNewToEnd = behind == beats.size();
+        const bool isAllNew = first == 0 && isNewToEnd;
+        const bool isNewBehind = i + 1 < bars.size() && !bars[i + 1].empty();
         swap.setBeats(place, std::move(beats),
                       isAllNew ? ContentSwap::Joints::Named : ContentSwap::Joints::Found);
         // Inner bar lines lead from one pasted beat to the next.
-        if (i == 0 || first != 0)
+        if (first != 0 || !isNewInFront)
             swap.addJoint(place, first);
-        if (i + 1 == bars.size() || !isAllNew)
+        if (!isNewToEnd || !isNewBehind)
             swap.addJoint(place, behind);
+        isNewInFront = isNewToEnd;
     }
     return _bar + static_cast<unsigned>(bars.size());
 }

@@ -21,9 +21,9 @@ public:
     BeatPasting(const ScoreModel &model, const Clip &clip, const ScoreModelIndex &place,
                 unsigned times, PasteMode mode);
 
-    bool isPossible() const;
+    bool isPossible();
 
-    /// Adds the new content; answers how many bars the score needs.
+    /// Where it is possible: adds the new content; answers how many bars the score needs.
     unsigned addTo(ContentSwap &swap);
 
     /// The first and the last beat of each stretch of a voice that will have notes without a string
@@ -50,9 +50,9 @@ private:
     std::vector<Stream> streams() const;
     Stream streamOf(const Voice &voice, const PastedStaff &pasted) const;
     const Voice *voiceAt(const VoicePlace &place) const;
-    Beats beatsAt(const ContentSwap &swap, const VoicePlace &place) const;
+    const Beats &beatsAt(const ContentSwap &swap, const VoicePlace &place) const;
     void insert(ContentSwap &swap, const Stream &stream);
-    unsigned pour(ContentSwap &swap, const Stream &stream, const std::vector<Length> &lengths);
+    unsigned pour(ContentSwap &swap, const Stream &stream);
     void writeOutSimiles(ContentSwap &swap, const Stream &stream, unsigned barCount) const;
 
     const ScoreModel &_model;
@@ -62,8 +62,9 @@ private:
     unsigned _times;
     PasteMode _mode;
     std::vector<Stretch> _open;
-    Length _start;      ///< time of the place in its bar
-    Length _clipLength; ///< of its longest voice
+    Length _start;                ///< time of the place in its bar
+    Length _clipLength;           ///< of its longest voice
+    std::vector<Length> _lengths; ///< of the bars from the place on, where it is not inserted
 };
 
 } // namespace zarn

@@ -37,9 +37,20 @@ BeatPour::BeatPour(std::vector<Length> lengths, const Length &further, const Len
 /// The beats of the bar where the next one goes.
 Voice::Beats &BeatPour::here()
 {
-    if (_bars.size() <= _bar)
+    if (_bars.size() <= _bar) {
+        const std::size_t likely = _bars.empty() ? 0 : _bars.back().size();
         _bars.resize(_bar + 1);
+        _bars.back().reserve(likely);
+        _isSilent.resize(_bar + 1, true);
+    }
     return _bars[_bar];
+}
+
+void BeatPour::put(const std::shared_ptr<Beat> &beat)
+{
+    here().push_back(beat);
+    if (!isBare(*beat))
+        _isSilent[_bar] = false;
 }
 
 void BeatPour::leaveFullBar()
@@ -54,8 +65,8 @@ void BeatPour::addGraces()
 {
     if (_graces.empty())
         return;
-    Voice::Beats &beats = here();
-    beats.insert(beats.end(), _graces.begin(), _graces.end());
+    for (const auto &grace : _graces)
+        put(grace);
     _graces.clear();
 }
 
@@ -70,11 +81,6 @@ std::vector<BeatPour::Length> BeatPour::segments(Length length) const
         offset = Length();
     }
     return found;
-}
-
-void BeatPour::advance(const Length &length)
-{
-    _offset += length;
 }
 
 void BeatPour::part()
@@ -95,7 +101,7 @@ void BeatPour::add(const std::shared_ptr<Beat> &beat, const Length &length)
     const bool fits = beat->isWholeBarRest() ? _offset.sign() == 0 && length == lengthOf(_bar)
                                              : !(lengthOf(_bar) < end);
     if (fits) {
-        here().push_back(beat);
+        put(beat);
         _before = beat.get();
         _offset = end;
         return;
@@ -108,9 +114,9 @@ void BeatPour::add(const std::shared_ptr<Beat> &beat, const Length &length)
     _before = pieces.back().back().get();
     for (std::size_t i = 0; i < parts.size(); ++i) {
         leaveFullBar();
-        Voice::Beats &beats = here();
-        beats.insert(beats.end(), pieces[i].begin(), pieces[i].end());
-        advance(parts[i]);
+        for (const auto &piece : pieces[i])
+            put(piece);
+        _offset += parts[i];
     }
 }
 
@@ -124,11 +130,10 @@ void BeatPour::addGap(const Length &length, Filler filler)
         leaveFullBar();
         const bool isWholeBar = _offset.sign() == 0 && segment == lengthOf(_bar);
         if (!isWholeBar || filler == Filler::Rests) {
-            const Voice::Beats fillers = fillersOf(segment, filler);
-            Voice::Beats &beats = here();
-            beats.insert(beats.end(), fillers.begin(), fillers.end());
+            for (const auto &beat : fillersOf(segment, filler))
+                put(beat);
         }
-        advance(segment);
+        _offset += segment;
     }
     leaveFullBar();
     part();
@@ -145,13 +150,12 @@ void BeatPour::joinRests()
 {
     for (unsigned bar = 0; bar < _bars.size(); ++bar) {
         Voice::Beats &beats = _bars[bar];
+        if (!_isSilent[bar] || beats.empty())
+            continue;
         Length length;
         for (const auto &beat : beats)
             length += beat->rhythmValue().getLength();
-        const bool isSilent = !beats.empty() && length == lengthOf(bar)
-            && std::all_of(beats.begin(), beats.end(),
-                           [](const auto &beat) { return isBare(*beat); });
-        if (!isSilent)
+        if (length != lengthOf(bar))
             continue;
         beats = {std::make_shared<Beat>(beats.front()->rhythmValue())};
         beats.front()->setWholeBarRest(true);

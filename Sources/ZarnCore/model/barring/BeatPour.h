@@ -49,11 +49,11 @@ public:
     Length lengthOf(unsigned bar) const { return bar < _lengths.size() ? _lengths[bar] : _further; }
 
 private:
+    void put(const std::shared_ptr<Beat> &beat);
     void leaveFullBar();
     void addGraces();
     Voice::Beats &here();
     std::vector<Length> segments(Length length) const;
-    void advance(const Length &length);
     void joinRests();
 
     std::vector<Length> _lengths;
@@ -63,6 +63,7 @@ private:
     Voice::Beats _graces;
     const Beat *_before = nullptr; ///< the last one that takes time
     std::vector<Voice::Beats> _bars;
+    std::vector<bool> _isSilent; ///< per bar, whether it has nothing but plain rests
     std::vector<std::pair<unsigned, unsigned>> _parted;
 };
 
