@@ -92,7 +92,10 @@ bool NoteMover::moveSpan(const Voice &voice, const BeatSpan &span)
         _isBeginning = isBeginning && i == span.firstBeat;
         if (!moveBeat(*voice.beats()[i], line.held))
             return false;
-        line.held = heldOn(Direction::Forwards);
+        if (_areAnyTied)
+            line.held = heldOn(Direction::Forwards);
+        else
+            line.held.clear();
         if (_mode == Mode::Change)
             write();
         if (_isBeginning && !moveTied(voice, i, heldOn(Direction::Backwards), Direction::Backwards))
@@ -120,12 +123,14 @@ void NoteMover::enterStretch(unsigned bar, bool areStringsChanged)
 
 void NoteMover::read(const Beat &beat)
 {
-    _movers.clear();
+    const auto &notes = beat.notes();
+    _movers.resize(notes.size());
     _areAnyTied = false;
-    for (const auto &note : beat.notes()) {
-        const NotePosition position(*note);
-        _movers.push_back({note.get(), position, position, std::nullopt, false});
-        _areAnyTied = _areAnyTied || note->isTied() || note->isTieOrigin();
+    for (std::size_t i = 0; i < notes.size(); ++i) {
+        Note &note = *notes[i];
+        const NotePosition position(note);
+        _movers[i] = {&note, position, position, std::nullopt, false};
+        _areAnyTied = _areAnyTied || note.isTied() || note.isTieOrigin();
     }
 }
 

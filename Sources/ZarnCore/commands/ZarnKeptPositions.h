@@ -23,6 +23,7 @@ public:
         _percussion.clear();
     }
     std::size_t count() const noexcept { return _pitches.size(); }
+    void reserve(std::size_t count) { _pitches.reserve(count); }
 
     void keep(const NotePosition &position)
     {

@@ -77,6 +77,9 @@ protected:
     /// Whether all notes can be moved; tries it out. A command that knows it sooner says so.
     virtual bool canMove();
 
+    /// Says how many notes there are, for a command that has counted them.
+    void expectNotes(std::size_t count) { _kept.reserve(count); }
+
     /// Called before the notes are looked at, in front of each change and of each check.
     virtual void begin() { }
 

@@ -46,8 +46,10 @@ bool TransposeNotes::canMove()
     begin();
     const auto range = places();
     bool isInside = true;
+    std::size_t noteCount = 0;
     if (range)
         visitBeats(model(), *range, [&](const MarkedPlace &place, const Beat &beat) {
+            noteCount += beat.noteCount();
             for (const auto &note : beat.notes()) {
                 const int key = note->midi() + semitones();
                 if (place.isPitched && note->midi() != Note::Unset)
@@ -55,6 +57,7 @@ bool TransposeNotes::canMove()
             }
             return isInside;
         });
+    expectNotes(isInside ? noteCount : 0);
     return isInside;
 }
 

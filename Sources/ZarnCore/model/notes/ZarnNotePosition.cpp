@@ -5,14 +5,6 @@
 
 namespace zarn {
 
-NotePosition::NotePosition(const Note &note)
-    : midi(static_cast<std::int8_t>(note.midi())), string(static_cast<std::int8_t>(note.string())),
-      fret(static_cast<std::int8_t>(note.fret())), spelling(note.spellingNumber()),
-      articulation(static_cast<std::int16_t>(note.percussionArticulation())),
-      staffLine(static_cast<std::int8_t>(note.staffLine())), head(note.noteHead())
-{
-}
-
 void NotePosition::giveTo(Note &note, const NotePosition &before) const
 {
     if (midi != before.midi)

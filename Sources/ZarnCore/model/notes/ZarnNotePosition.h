@@ -5,7 +5,9 @@
 #include <ZarnCore/model/ZarnNote.h>
 
 #include <cstdint>
+#include <cstring>
 #include <optional>
+#include <type_traits>
 
 namespace zarn {
 
@@ -23,7 +25,14 @@ struct ZARNCORE_EXPORT NotePosition {
     NoteHead head = NoteHead::Normal;
 
     NotePosition() = default;
-    explicit NotePosition(const Note &note);
+    explicit NotePosition(const Note &note) noexcept
+        : midi(static_cast<std::int8_t>(note.midi())),
+          string(static_cast<std::int8_t>(note.string())),
+          fret(static_cast<std::int8_t>(note.fret())), spelling(note.spellingNumber()),
+          articulation(static_cast<std::int16_t>(note.percussionArticulation())),
+          staffLine(static_cast<std::int8_t>(note.staffLine())), head(note.noteHead())
+    {
+    }
 
     /// Changes what is different in a note; `before` is where it is.
     void giveTo(Note &note, const NotePosition &before) const;
@@ -31,16 +40,14 @@ struct ZARNCORE_EXPORT NotePosition {
 
     friend bool operator==(const NotePosition &left, const NotePosition &right) noexcept
     {
-        return left.midi == right.midi && left.string == right.string && left.fret == right.fret
-            && left.spelling == right.spelling && left.articulation == right.articulation
-            && left.staffLine == right.staffLine && left.head == right.head;
+        return std::memcmp(&left, &right, sizeof(NotePosition)) == 0;
     }
     friend bool operator!=(const NotePosition &left, const NotePosition &right) noexcept
     {
         return !(left == right);
     }
 };
-static_assert(sizeof(NotePosition) == 8);
+static_assert(sizeof(NotePosition) == 8 && std::has_unique_object_representations_v<NotePosition>);
 
 /// Whether both are at one place of their instrument; as of notes.
 ZARNCORE_EXPORT bool sameLocation(const NotePosition &left, const NotePosition &right) noexcept;
