@@ -26,7 +26,7 @@ std::string readWhole(filesystem::FileHandle &handle)
     // By blocks that stay in the cache: a string of the whole size would be filled with zeros
     // first.
     std::vector<char> block(readingBlock);
-    bool isRead = handle.seek(0);
+    bool isRead = size >= 0 && handle.seek(0);
     for (std::int64_t rest = size; isRead && rest > 0;) {
         const auto count = std::min<std::int64_t>(rest, readingBlock);
         isRead = handle.readBlock(block.data(), count);
