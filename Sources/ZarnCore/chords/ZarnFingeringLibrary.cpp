@@ -128,7 +128,9 @@ void preferMovedShapes(std::vector<Voicing> &voicings, const Fretboard &fretboar
     // Of what players wrote down, most comes to the front with this; twice as much drives out what
     // lies better.
     constexpr float preference = 1.2F;
-    const auto movable = movableShapes(stoppedCourses(fretboard));
+    // Where the strings carry no bass, players rather take what lies nearest.
+    const auto movable =
+        fretboard.hasBass() ? movableShapes(stoppedCourses(fretboard)) : std::set<std::string>();
     if (movable.empty())
         return;
     const auto moved =
