@@ -64,12 +64,15 @@ std::vector<PlacedBox> changesBetween(const Layout &before, const Layout &after)
     for (std::size_t i = 0; i < after.pages().size(); ++i) {
         const LayoutPage &page = after.pages()[i];
         PageChanges boxes(i, changes);
-        if (i >= before.pages().size() || before.pages()[i].width != page.width
-            || before.pages()[i].height != page.height) {
-            boxes.add(boxOfSheet(after, page));
+        const Box sheet = boxOfSheet(after, page);
+        if (i >= before.pages().size()) {
+            boxes.add(sheet);
             continue;
         }
         const LayoutPage &old = before.pages()[i];
+        const Box oldSheet = boxOfSheet(before, old);
+        boxes.add({oldSheet.right, 0, sheet.right, sheet.bottom});
+        boxes.add({0, oldSheet.bottom, sheet.right, sheet.bottom});
         boxes.addWhatOnlyOneHas(before, old, page);
         boxes.addWhatOnlyOneHas(after, page, old);
         if (!haveEqualValue(old.marks, page.marks)) {

@@ -23,8 +23,8 @@ struct LayoutUpdate {
     std::shared_ptr<const Layout> layout;
 
     /// What looks otherwise than in the layout before: all else of the sheets that both have may
-    /// stay on the screen as it is. Sheets that are new or of another size are named as a whole,
-    /// those that are gone are not named. The first layout names all of its sheets.
+    /// stay on the screen as it is. A sheet that grew has what it grew by named too, a new one is
+    /// named as a whole, one that is gone is not named. The first layout names all of its sheets.
     std::vector<PlacedBox> changed;
 };
 
