@@ -41,19 +41,35 @@ public:
     /// Another pitch for a note somewhere; each call goes on to another one.
     void editNote()
     {
-        _next = (_next * 73 + 41) % (_barCount * bench::band::trackCount);
-        ScoreModelIndex place(_score.scoreModel().get(),
-                              static_cast<int>(_next % bench::band::trackCount),
-                              static_cast<int>(_next / bench::band::trackCount), 1, 0, 0);
+        ScoreModelIndex place = nextPlace();
         const int midi = place.beat()->notes().front()->midi();
         place.setNoteMidi(static_cast<std::uint32_t>(midi));
         _score.setMIDINote(place, midi < 60 ? midi + 3 : midi - 4);
+    }
+
+    /// A dynamic for a beat somewhere.
+    void markBeat()
+    {
+        const ScoreModelIndex place = nextPlace();
+        const NoteDynamic dynamic(_next % 2 == 0 ? NoteDynamic::Value::F : NoteDynamic::Value::P);
+        _score.setBeatDynamic(ScoreModelRange(place), dynamic);
     }
 
     LayoutUpdate update() { return _session.update(); }
     Score &score() noexcept { return _score; }
 
 private:
+    ScoreModelIndex nextPlace()
+    {
+        _next = (_next + 811) % (_barCount * bench::band::trackCount);
+        return {_score.scoreModel().get(),
+                static_cast<int>(_next % bench::band::trackCount),
+                static_cast<int>(_next / bench::band::trackCount),
+                1,
+                0,
+                0};
+    }
+
     unsigned _barCount;
     unsigned _next = 0;
     Score _score;
@@ -171,7 +187,7 @@ int main(int argc, char **argv)
             for (auto _ : state) {
                 edited.score().commandStack().beginMacroCommand();
                 for (int i = 0; i < 1000; ++i)
-                    edited.editNote();
+                    edited.markBeat();
                 edited.score().commandStack().endMacroCommand(true);
                 const bench::IterationTimer timer(state);
                 benchmark::DoNotOptimize(edited.update().changed.size());
