@@ -7,6 +7,7 @@
 
 #include <ZarnCore/model/ZarnScoreModel.h>
 
+#include <algorithm>
 #include <unordered_map>
 #include <utility>
 
@@ -153,6 +154,12 @@ void LayoutEngine::addSystem(unsigned first, unsigned end, const SystemWidth &wi
                 .build(first, end, width.width, width.isJustified));
         system.problems = std::make_shared<const Problems>(std::move(problems));
     }
+    const BuiltSystem *const above = _systems.empty() ? nullptr : _systems.back().built.get();
+    if (system.above != above) {
+        system.above = above;
+        const double least = above->lastRow + above->below.distance(system.built->above);
+        system.nesting = std::max(0.0, above->bottom + system.built->top - least);
+    }
     _systems.push_back(std::move(system));
 }
 
@@ -163,6 +170,8 @@ void LayoutEngine::takeOver(const ShownSystem &old, ShownSystem &system) const
     if (bars == 0) {
         system.built = old.built;
         system.problems = old.problems;
+        system.above = old.above;
+        system.nesting = old.nesting;
         return;
     }
     system.built = movedBy(*old.built, bars, _score.number(system.first), _pen);

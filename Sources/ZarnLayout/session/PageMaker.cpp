@@ -41,16 +41,8 @@ std::vector<SystemHeight> heightsOf(const std::vector<ShownSystem> &systems)
 {
     std::vector<SystemHeight> heights;
     heights.reserve(systems.size());
-    for (std::size_t i = 0; i < systems.size(); ++i) {
-        const BuiltSystem &system = *systems[i].built;
-        double nesting = 0;
-        if (i > 0) {
-            const BuiltSystem &before = *systems[i - 1].built;
-            const double least = before.lastRow + before.below.distance(system.above);
-            nesting = std::max(0.0, before.bottom + system.top - least);
-        }
-        heights.push_back({system.top, system.bottom, nesting, false});
-    }
+    for (const ShownSystem &system : systems)
+        heights.push_back({system.built->top, system.built->bottom, system.nesting, false});
     return heights;
 }
 

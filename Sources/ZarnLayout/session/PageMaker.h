@@ -31,6 +31,8 @@ struct ShownSystem {
     SystemWidth width; ///< for which it was built
     std::shared_ptr<const BuiltSystem> built;
     std::shared_ptr<const Problems> problems;
+    const BuiltSystem *above = nullptr; ///< the system in front, for which the nesting is true
+    double nesting = 0;                 ///< how far it may move up between the ink of that one
 };
 
 /// Puts systems on pages, or all of them on one sheet, with titles, headers and footers.
