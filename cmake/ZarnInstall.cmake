@@ -45,6 +45,11 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/ZarnCoreConfig.cmake
     ${CMAKE_CURRENT_BINARY_DIR}/ZarnCoreConfigVersion.cmake DESTINATION ${zarn_cmake_dir})
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/zarncore.pc
     DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+if(TARGET ZarnAudio)
+    configure_file(cmake/zarnaudio.pc.in zarnaudio.pc @ONLY)
+    install(FILES ${CMAKE_CURRENT_BINARY_DIR}/zarnaudio.pc
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+endif()
 install(FILES LICENSE README.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 if(TARGET ZarnLayout) # carries fonts, which come with licences of their own
     foreach(font bravura edwin)

@@ -29,14 +29,25 @@ step("run the example" ${WORK_DIR}/build/score-view ${sample} ${WORK_DIR}/viewed
 file(GLOB_RECURSE pc ${prefix}/zarncore.pc)
 get_filename_component(pcdir ${pc} DIRECTORY)
 set(ENV{PKG_CONFIG_PATH} ${pcdir})
-execute_process(COMMAND pkg-config --cflags --libs zarncore
-    OUTPUT_VARIABLE flags OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
-separate_arguments(flags UNIX_COMMAND "${flags} ${FLAGS}")
+foreach(package zarncore zarnaudio)
+    execute_process(COMMAND pkg-config --cflags --libs ${package}
+        OUTPUT_VARIABLE flags OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+    separate_arguments(${package} UNIX_COMMAND "${flags} ${FLAGS}")
+endforeach()
+# What is played goes into a file, as fast as it can.
+set(ENV{SDL_AUDIODRIVER} disk)
+set(ENV{SDL_DISKAUDIODELAY} 0)
+set(ENV{SDL_DISKAUDIOFILE} ${WORK_DIR}/played.raw)
 step("take the programs out of the README"
     ${PYTHON} ${SOURCE_DIR}/Tests/consumer/readme_programs.py ${SOURCE_DIR}/README.md ${WORK_DIR}/readme)
 file(GLOB programs ${WORK_DIR}/readme/*.cpp)
 foreach(program ${programs})
     get_filename_component(name ${program} NAME_WE)
+    file(STRINGS ${program} plays REGEX "<ZarnAudio/")
+    set(flags ${zarncore})
+    if(plays)
+        set(flags ${zarnaudio})
+    endif()
     step("build ${name}" ${CXX} ${program} -o ${WORK_DIR}/readme/${name} ${flags})
     step("run ${name}" ${WORK_DIR}/readme/${name} ${sample} ${WORK_DIR}/${name}.zarn)
 endforeach()
