@@ -18,7 +18,6 @@ namespace zarn::lilypond {
 namespace {
 
 using sheet::ColumnKey;
-using sheet::TupletLevel;
 
 class Marker {
 public:
@@ -73,9 +72,7 @@ void Marker::markTuplets(std::size_t begin, std::size_t end, TupletLevel level)
     for (const sheet::Span &span : spans) {
         const std::size_t first = places.at(span.first);
         const std::size_t last = places.at(span.last);
-        const RhythmValue &rhythm = beat(first).rhythmValue();
-        const auto ratio = level == TupletLevel::Outer ? rhythm.getPrimaryTupletRatio()
-                                                       : rhythm.getSecondaryTupletRatio();
+        const auto ratio = TupletGroup::ratioOf(beat(first).rhythmValue(), level).value();
         bool isSeen = false;
         for (std::size_t i = first; i <= last; ++i)
             isSeen = isSeen || !beat(i).isPlaceHolder();

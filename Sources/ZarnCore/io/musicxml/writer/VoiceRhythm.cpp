@@ -5,50 +5,11 @@
 #include <ZarnCore/model/ZarnVoice.h>
 
 #include <algorithm>
+#include <optional>
 
 namespace zarn::io {
 
 using utils::rational;
-
-namespace {
-
-/// The beats of one bracket, until they are as many as the ratio names.
-class Bracket {
-public:
-    explicit Bracket(const TupletRatio &ratio) : _ratio(ratio) { }
-
-    const TupletRatio &ratio() const { return _ratio; }
-
-    void add(const RhythmicBeat &beat)
-    {
-        const rational inside = beat.length * rational(_ratio.actual, _ratio.normal);
-        const rational unit =
-            RhythmValue::noteValueToTimeUnit(beat.beat->rhythmValue().getNoteValue());
-        _isUniform = _isUniform && (_length.isZero() || inside == _lastLength);
-        _unit = _length.isZero() ? unit : std::min(_unit, unit);
-        _length += inside;
-        _lastLength = inside;
-    }
-
-    /// Equal values fill a bracket when they are as many as the ratio names; mixed ones are
-    /// grouped by whole quarters, as they are beamed.
-    bool isFull() const
-    {
-        if (!(_length / (_unit * rational(_ratio.actual))).isInteger())
-            return false;
-        const rational time = _length * rational(_ratio.normal, _ratio.actual);
-        return _isUniform ? _length != _lastLength : time.isInteger();
-    }
-
-private:
-    TupletRatio _ratio;
-    rational _length;
-    rational _lastLength;
-    rational _unit;
-    bool _isUniform = true;
-};
-
-} // namespace
 
 TupletRatio TupletRatios::product() const
 {
@@ -63,15 +24,10 @@ TupletRatio TupletRatios::product() const
 TupletRatios tupletRatios(const RhythmValue &rhythm)
 {
     TupletRatios tuplets;
-    const auto add = [&tuplets](const RhythmValue::TupletRatio &ratio) {
-        if (ratio.first != ratio.second)
-            tuplets.ratios[static_cast<std::size_t>(tuplets.count++)] = {ratio.first, ratio.second};
-    };
-    if (!rhythm.hasPrimaryTuplet())
-        return tuplets;
-    add(rhythm.getPrimaryTupletRatio());
-    if (rhythm.hasSecondaryTuplet())
-        add(rhythm.getSecondaryTupletRatio());
+    for (const auto level : {TupletLevel::Outer, TupletLevel::Inner})
+        if (const auto ratio = TupletGroup::ratioOf(rhythm, level))
+            tuplets.ratios[static_cast<std::size_t>(tuplets.count++)] = {ratio->first,
+                                                                         ratio->second};
     return tuplets;
 }
 
@@ -95,40 +51,40 @@ void VoiceRhythm::read(const Voice &voice, const MasterBar &bar)
         _beats.push_back(beat);
     }
     if (_hasTuplets) {
-        setTuplets(0);
-        setTuplets(1);
+        setTuplets(TupletLevel::Outer);
+        setTuplets(TupletLevel::Inner);
     }
     if (_hasFlags)
         setBeams(bar);
 }
 
-void VoiceRhythm::setTuplets(std::size_t level)
+void VoiceRhythm::setTuplets(TupletLevel level)
 {
-    std::vector<Bracket> open; // one at most
+    const auto at = static_cast<std::size_t>(level);
+    std::optional<TupletGroup> open;
     RhythmicBeat *last = nullptr;
     const auto close = [&] {
         if (last)
-            last->stops[level] = true;
-        open.clear();
+            last->stops[at] = true;
+        open.reset();
         last = nullptr;
     };
     for (auto &beat : _beats) {
         if (beat.length.isZero())
             continue;
-        const bool hasOwn = beat.tuplets.count > static_cast<int>(level);
-        const auto ratio = hasOwn ? beat.tuplets.ratios[level] : TupletRatio();
+        const auto &rhythm = beat.beat->rhythmValue();
         // An inner bracket does not lead over the end of the one around it.
-        if (last && (!(open.back().ratio() == ratio) || (level > 0 && beat.starts[0])))
+        if (open && (!open->takes(rhythm) || (level == TupletLevel::Inner && beat.starts[0])))
             close();
-        if (!hasOwn)
+        if (!TupletGroup::ratioOf(rhythm, level))
             continue;
-        if (!last) {
-            open.emplace_back(ratio);
-            beat.starts[level] = true;
+        if (!open) {
+            open.emplace(rhythm, level, beat.onset);
+            beat.starts[at] = true;
         }
-        open.back().add(beat);
+        open->add(rhythm);
         last = &beat;
-        if (open.back().isFull())
+        if (open->isFull())
             close();
     }
     close();

@@ -3,6 +3,7 @@
 
 #include <ZarnCore/io/musicxml/WrittenMusic.h>
 #include <ZarnCore/io/musicxml/signs/Beams.h>
+#include <ZarnCore/model/form/ZarnTupletGroup.h>
 
 #include <array>
 #include <vector>
@@ -47,7 +48,7 @@ public:
     const utils::rational &end() const noexcept { return _end; }
 
 private:
-    void setTuplets(std::size_t level);
+    void setTuplets(TupletLevel level);
     void setBeams(const MasterBar &bar);
 
     std::vector<RhythmicBeat> _beats;
