@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/io/lilypond/VoiceBeats.h>
 
-#include <ZarnCore/model/ZarnStaff.h>
+#include <ZarnCore/io/ZarnExportReport.h>
+#include <ZarnCore/io/lilypond/StaffContext.h>
+#include <ZarnCore/model/ZarnTrack.h>
 
 namespace zarn::lilypond {
 
@@ -49,6 +51,12 @@ bool isTremoloPair(const VoiceBeats &beats, std::size_t index)
     return isPlain && next.bar == beats[index].bar && !beat.isGrace() && !next.beat->isGrace()
         && beat.hasNotes() && next.beat->hasNotes()
         && beat.rhythmValue() == next.beat->rhythmValue();
+}
+
+void lose(const StaffContext &context, const std::string &kind, const VoiceBeat &place)
+{
+    context.report.addUnheld(
+        kind, {static_cast<int>(context.track.index()), static_cast<int>(place.bar->index())});
 }
 
 } // namespace zarn::lilypond

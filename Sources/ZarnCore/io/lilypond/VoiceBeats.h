@@ -4,6 +4,7 @@
 #include <ZarnCore/utils/rational.h>
 
 #include <cstddef>
+#include <string>
 #include <vector>
 
 namespace zarn {
@@ -14,6 +15,8 @@ class Note;
 class Staff;
 
 namespace lilypond {
+
+struct StaffContext;
 
 /// The beats of one voice slot through all bars of a staff, with their places.
 struct VoiceBeat {
@@ -48,6 +51,9 @@ private:
 /// Whether a beat and the one behind it are two of one value that are repeated in turn. Such a pair
 /// is written twice as long as it lasts, which documents say by a tuplet of 2 to 1.
 bool isTremoloPair(const VoiceBeats &beats, std::size_t index);
+
+/// Reports something of a beat that the language has no word for.
+void lose(const StaffContext &context, const std::string &kind, const VoiceBeat &place);
 
 } // namespace lilypond
 } // namespace zarn

@@ -20,8 +20,6 @@ namespace zarn::lilypond {
 
 namespace {
 
-constexpr int octave = 12;
-
 constexpr std::array<const char *, Bar::MaxVoices> voiceCommands = {"\\voiceOne", "\\voiceTwo",
                                                                     "\\voiceThree", "\\voiceFour"};
 
@@ -47,21 +45,6 @@ unsigned rankOf(const Bar &bar, unsigned slot)
     return rank;
 }
 
-/// What the usual dynamics of the language are; the rest is made where it is used.
-bool isKnownDynamic(const std::string &text)
-{
-    constexpr std::array known = {"ppppp", "pppp", "ppp",  "pp",    "p",  "mp", "mf",  "f",
-                                  "ff",    "fff",  "ffff", "fffff", "fp", "sf", "sfz", "rfz"};
-    return std::find(known.begin(), known.end(), text) != known.end();
-}
-
-std::string dynamicName(NoteDynamic dynamic)
-{
-    return dynamic.value() == NoteDynamic::Value::None
-        ? std::string()
-        : QString::fromStdString(NoteDynamic::textOf(dynamic.value())).toLower().toStdString();
-}
-
 /// 8 for eighths.
 constexpr int valueOf(unsigned doublings)
 {
@@ -71,15 +54,9 @@ constexpr int valueOf(unsigned doublings)
 } // namespace
 
 VoiceWriter::VoiceWriter(const StaffContext &context, unsigned voice)
-    : _context(context), _voice(voice), _beats(context.staff, voice),
-      _marks(voiceMarksOf(_beats, context))
+    : _context(context), _voice(voice), _beats(context.staff, voice), _tones(context, _beats),
+      _dynamics(context, _beats, voice), _marks(voiceMarksOf(_beats, context))
 {
-}
-
-void VoiceWriter::lose(const std::string &kind, const VoiceBeat &place) const
-{
-    _context.report.addUnheld(
-        kind, {static_cast<int>(_context.track.index()), static_cast<int>(place.bar->index())});
 }
 
 std::string VoiceWriter::write()
@@ -249,144 +226,11 @@ std::string VoiceWriter::commands(const VoiceBeat &place)
     return text;
 }
 
-std::string VoiceWriter::toneText(const Note &note, const VoiceBeat &place) const
-{
-    if (_context.drums != nullptr)
-        return _context.drums->nameOf(note, *place.beat, *place.bar);
-    const int midi = Music::midi(note);
-    if (midi < 0)
-        return {};
-    const int fifths = Music::drawingKeySignatureForBar(*place.bar).accidentalCount();
-    const core::Pitch written = Music::computePitchAccordingToMidi(note, midi, fifths);
-    const std::string text = pitchText(
-        {written.naturalStep(), written.alteration(), written.octave() + _context.shift / octave});
-    switch (note.accidentalDisplay()) {
-    case AccidentalDisplay::Shown:
-        return text + '!';
-    case AccidentalDisplay::Parentheses:
-    case AccidentalDisplay::Brackets:
-        return text + '?';
-    default:
-        return text;
-    }
-}
-
-std::vector<VoiceWriter::Tone> VoiceWriter::tonesOf(const VoiceBeat &place) const
-{
-    std::vector<Tone> tones;
-    for (const auto &note : place.beat->notes()) {
-        const std::string text = toneText(*note, place);
-        if (text.empty())
-            lose("note without a pitch", place);
-        else
-            tones.push_back({note.get(), text});
-    }
-    return tones;
-}
-
-/// A tie to the same pitch behind, or an open one.
-std::string VoiceWriter::tieText(std::size_t index, const Tone &tone)
-{
-    const auto plain = [](std::string text) {
-        while (!text.empty() && (text.back() == '!' || text.back() == '?'))
-            text.pop_back();
-        return text;
-    };
-    const auto leadsTo = [&](const VoiceBeat *to) {
-        if (to == nullptr)
-            return false;
-        const auto tones = tonesOf(*to);
-        return std::any_of(tones.begin(), tones.end(), [&](const Tone &other) {
-            return other.note->isTied() && plain(other.text) == plain(tone.text);
-        });
-    };
-    std::string text;
-    if (tone.note->isTieOrigin())
-        text = leadsTo(_beats.behind(index)) ? "~" : "\\laissezVibrer";
-    if (!tone.note->isTied())
-        return text;
-    const VoiceBeat *const before = index > 0 ? &_beats[index - 1] : nullptr;
-    const bool hasOrigin = before != nullptr && _beats.behind(index - 1) != nullptr
-        && std::any_of(before->beat->notes().begin(), before->beat->notes().end(),
-                       [&](const auto &other) {
-                           return other->isTieOrigin()
-                               && plain(toneText(*other, *before)) == plain(tone.text);
-                       });
-    return hasOrigin ? text : text + "\\repeatTie";
-}
-
-/// A slide to the next note on the string; of a chord only the notes that slide.
-std::string VoiceWriter::slideText(std::size_t index, std::string &command)
-{
-    const VoiceBeat &place = _beats[index];
-    const auto slides = [](const Note &note) {
-        return note.slideOut() == SlideOut::Shift || note.slideOut() == SlideOut::Legato;
-    };
-    const auto &notes = place.beat->notes();
-    if (std::none_of(notes.begin(), notes.end(), [&](const auto &note) { return slides(*note); }))
-        return {};
-    const VoiceBeat *const next = _beats.behind(index);
-    if (next == nullptr || !next->beat->hasNotes()) {
-        lose("slide to a note behind a rest", place);
-        return {};
-    }
-    const auto from = tonesOf(place);
-    const auto to = tonesOf(*next);
-    std::string map;
-    for (std::size_t i = 0; i < from.size(); ++i) {
-        if (!slides(*from[i].note))
-            continue;
-        std::size_t aim = std::min(i, to.size() - 1);
-        for (std::size_t j = 0; j < to.size(); ++j)
-            if (from[i].note->string() >= 0 && to[j].note->string() == from[i].note->string())
-                aim = j;
-        map += '(' + std::to_string(i) + " . " + std::to_string(aim) + ')';
-    }
-    if (map.empty() || to.empty())
-        return {};
-    if (from.size() > 1 || to.size() > 1)
-        command += "\\once \\set glissandoMap = #'(" + map + ") ";
-    return "\\glissando";
-}
-
-std::string VoiceWriter::strumText(const VoiceBeat &place, std::string &command)
-{
-    const Beat &beat = *place.beat;
-    std::string kind;
-    if (beat.isNonArpeggio())
-        kind = "\\arpeggioBracket ";
-    else if (beat.arpeggioDirection() != Direction::None)
-        kind = beat.arpeggioDirection() == Direction::Up ? "\\arpeggioNormal "
-                                                         : "\\arpeggioArrowDown ";
-    else if (beat.brushDirection() != Direction::None)
-        kind = beat.brushDirection() == Direction::Down ? "\\arpeggioArrowUp "
-                                                        : "\\arpeggioArrowDown ";
-    if (kind.empty())
-        return {};
-    if (tonesOf(place).size() < 2) {
-        lose("arpeggio over several staves or voices", place);
-        return {};
-    }
-    if (kind != (_strum.empty() ? "\\arpeggioNormal " : _strum))
-        command += kind;
-    _strum = kind;
-    return "\\arpeggio";
-}
-
-/// Tablature works frets out by itself, and leaves out what lies below its string.
-void VoiceWriter::checkString(const Note &note, const VoiceBeat &place) const
-{
-    const int open = _context.openStrings[static_cast<std::size_t>(note.string())];
-    const int midi = Music::midi(note);
-    if (note.fret() >= 0 && midi + _context.shift - open != note.fret() && !note.isDead())
-        lose("fret that does not sound like its note", place);
-}
-
 /// The notes or the rest of a beat with all that hangs on it.
 std::string VoiceWriter::coreText(std::size_t index, const std::string &duration)
 {
     const VoiceBeat &place = _beats[index];
-    const auto tones = tonesOf(place);
+    const auto tones = _tones.of(place);
     if (tones.empty())
         return restText(index) + takePending();
     std::string text;
@@ -394,11 +238,9 @@ std::string VoiceWriter::coreText(std::size_t index, const std::string &duration
     bool isChord = tones.size() > 1;
     std::string inside;
     const int strings = static_cast<int>(_context.staff.tuning().stringCount());
-    for (const Tone &tone : tones) {
-        const bool hasString =
-            _context.drums == nullptr && tone.note->string() >= 0 && tone.note->string() < strings;
-        if (hasString)
-            checkString(*tone.note, place);
+    for (const VoiceTones::Tone &tone : tones) {
+        const bool hasString = _context.drums == nullptr && tone.note->string() >= 0
+            && tone.note->string() < strings && _tones.isOnItsString(*tone.note, place);
         const NoteWords words = _context.drums != nullptr
             ? NoteWords{tone.note->isGhost() ? "\\parenthesize " : "", "", false}
             : wordsOf(*tone.note, _context.track, hasString ? strings - tone.note->string() : 0);
@@ -409,7 +251,7 @@ std::string VoiceWriter::coreText(std::size_t index, const std::string &duration
             before += "\\tweak Accidental.stencil ##f ";
         isChord = isChord || words.needsChord;
         inside += (inside.empty() ? "" : " ") + before + tone.text;
-        behind = words.after + tieText(index, tone);
+        behind = words.after + _tones.tieText(index, tone);
         if (tones.size() > 1)
             inside += behind;
     }
@@ -460,58 +302,6 @@ std::vector<std::string> VoiceWriter::fermatasOf(const VoiceBeat &place) const
     return texts;
 }
 
-std::string VoiceWriter::dynamicEvents(std::size_t index)
-{
-    const VoiceBeat &place = _beats[index];
-    const Beat &beat = *place.beat;
-    std::string dynamic = dynamicName(beat.dynamic());
-    if (dynamic == _dynamic)
-        dynamic.clear();
-    if (!dynamic.empty())
-        _dynamic = dynamic;
-    if (!dynamic.empty() && _voice != 0) {
-        // The first voice speaks for the staff where it says the same.
-        const auto &first = place.bar->voices().front();
-        const auto other = first ? first->beatStartingAt(place.onset) : nullptr;
-        if (other && dynamicName(other->dynamic()) == dynamic)
-            dynamic.clear();
-    }
-    std::string attack;
-    if (beat.attackDynamic() != AttackDynamic::None)
-        attack = QString::fromStdString(attackDynamicToString(beat.attackDynamic()))
-                     .toLower()
-                     .toStdString();
-    std::string text;
-    if (!attack.empty()) {
-        text = '\\' + attack;
-        if (!dynamic.empty())
-            text += "_\\markup \\dynamic " + quoted(dynamic);
-    } else if (!dynamic.empty()) {
-        text = '\\' + dynamic;
-    }
-    for (const std::string &used : {attack, dynamic})
-        if (!used.empty() && !isKnownDynamic(used))
-            _context.dynamics.insert(used);
-
-    const Hairpin kind = beat.hairpin() == Hairpin::Swell ? Hairpin::NoHairpin : beat.hairpin();
-    if (_hairpin != Hairpin::NoHairpin && (kind != _hairpin || beat.beginsHairpin())) {
-        if (text.empty() || text.front() != '\\')
-            text += "\\!";
-        _hairpin = Hairpin::NoHairpin;
-    }
-    if (kind != Hairpin::NoHairpin && _hairpin == Hairpin::NoHairpin) {
-        text += kind == Hairpin::Crescendo ? "\\<" : "\\>";
-        _hairpin = kind;
-        _dynamic.clear();
-    }
-    const VoiceBeat *const next = _beats.behind(index);
-    if (_hairpin != Hairpin::NoHairpin && next == nullptr) {
-        _pending += "\\!";
-        _hairpin = Hairpin::NoHairpin;
-    }
-    return text;
-}
-
 std::string VoiceWriter::beatText(std::size_t index, const std::string &value)
 {
     const VoiceBeat &place = _beats[index];
@@ -520,17 +310,17 @@ std::string VoiceWriter::beatText(std::size_t index, const std::string &value)
     std::string behind = _marks[index].events;
     command += _marks[index].commands;
     std::string pending = takePending();
-    behind += dynamicEvents(index);
-    behind += strumText(place, command);
-    behind += slideText(index, command);
+    behind += _dynamics.events(index, _pending);
+    behind += _tones.strumText(place, command);
+    behind += _tones.slideText(index, command);
     behind += signsOf(beat);
     for (const std::string &fermata : fermatasOf(place))
         behind += fermata;
     if (std::any_of(beat.notes().begin(), beat.notes().end(),
                     [](const auto &note) { return note->slideIn() != SlideIn::None; }))
-        lose("slide into a note from nowhere", place);
+        lose(_context, "slide into a note from nowhere", place);
     if (beat.hasTimer())
-        lose("timer", place);
+        lose(_context, "timer", place);
     std::swap(pending, _pending); // what comes of this beat waits for the next one
     _pending += behind;
     std::string duration = value.empty() ? valueText(beat.rhythmValue()) : value;
@@ -541,7 +331,7 @@ std::string VoiceWriter::beatText(std::size_t index, const std::string &value)
         if (flags <= 0 || speed > valueOf(static_cast<unsigned>(flags)))
             duration += ':' + std::to_string(speed);
         else
-            lose("tremolo as slow as its note", place);
+            lose(_context, "tremolo as slow as its note", place);
     }
     std::string text;
     if (beat.isWholeBarRest() && !_pending.empty())
@@ -568,7 +358,7 @@ std::string VoiceWriter::tremoloText(std::size_t index)
     const utils::rational count = rhythm.getLength() / single;
     const std::string value = std::to_string(valueOf(strokes));
     if (!count.isInteger()) {
-        lose("tremolo between two notes", _beats[index]);
+        lose(_context, "tremolo between two notes", _beats[index]);
         return beatText(index) + beatText(index + 1);
     }
     const std::string parts = beatText(index, value) + beatText(index + 1, value);
