@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/io/midi/MidiMusicReader.h>
 
+#include <ZarnCore/io/instruments/InstrumentName.h>
+#include <ZarnCore/io/instruments/StandardSound.h>
 #include <ZarnCore/io/midi/MidiOddities.h>
 #include <ZarnCore/io/midi/MidiText.h>
 #include <ZarnCore/io/midi/StringFolder.h>
 #include <ZarnCore/io/midi/ZarnMidiFile.h>
-#include <ZarnCore/io/musicxml/InstrumentName.h>
-#include <ZarnCore/io/musicxml/StandardSound.h>
 #include <ZarnCore/model/ZarnTrackDefaults.h>
 
 #include <algorithm>

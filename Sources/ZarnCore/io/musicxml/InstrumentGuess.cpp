@@ -2,9 +2,9 @@
 #include <ZarnCore/io/musicxml/InstrumentGuess.h>
 
 #include <ZarnCore/io/ZarnSourceTally.h>
+#include <ZarnCore/io/instruments/StandardSound.h>
 #include <ZarnCore/io/musicxml/PartFacts.h>
 #include <ZarnCore/io/musicxml/PartList.h>
-#include <ZarnCore/io/musicxml/StandardSound.h>
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ZarnCore/io/musicxml/InstrumentName.h>
+#include <ZarnCore/io/instruments/InstrumentName.h>
 
 #include <vector>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/io/musicxml/PercussionKeys.h>
 
+#include <ZarnCore/io/instruments/StandardSound.h>
 #include <ZarnCore/io/musicxml/ImportContext.h>
 #include <ZarnCore/io/musicxml/PartList.h>
-#include <ZarnCore/io/musicxml/StandardSound.h>
 
 #include <algorithm>
 #include <cstdlib>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/io/musicxml/writer/PartListWriter.h>
 
+#include <ZarnCore/io/instruments/StandardSound.h>
 #include <ZarnCore/io/musicxml/PartList.h>
-#include <ZarnCore/io/musicxml/StandardSound.h>
 #include <ZarnCore/io/musicxml/writer/ExportContext.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 

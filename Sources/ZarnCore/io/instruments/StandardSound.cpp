@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <ZarnCore/io/musicxml/StandardSound.h>
+#include <ZarnCore/io/instruments/StandardSound.h>
 
 #include <algorithm>
 #include <array>

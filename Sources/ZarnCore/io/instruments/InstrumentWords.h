@@ -2,7 +2,7 @@
 #pragma once
 
 #include <ZarnCore/instruments/sets/ZarnInstrumentSet.h>
-#include <ZarnCore/io/musicxml/InstrumentName.h>
+#include <ZarnCore/io/instruments/InstrumentName.h>
 
 #include <cstdint>
 #include <string_view>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <ZarnCore/io/musicxml/InstrumentWords.h>
+#include <ZarnCore/io/instruments/InstrumentWords.h>
 
 #include <iterator>
 #include <unordered_map>

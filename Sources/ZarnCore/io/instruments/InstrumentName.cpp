@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include <ZarnCore/io/musicxml/InstrumentName.h>
+#include <ZarnCore/io/instruments/InstrumentName.h>
 
-#include <ZarnCore/io/musicxml/InstrumentWords.h>
+#include <ZarnCore/io/instruments/InstrumentWords.h>
 
 #include <QString>
 
