@@ -2,7 +2,9 @@
 // What becomes of the notes of a MIDI file: rhythm, bars, voices, staves, spelling, strings.
 #include "../Scores.h"
 
+#include <ZarnCore/instruments/automations/ZarnSoundAutomation.h>
 #include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
+#include <ZarnCore/instruments/sounds/ZarnSound.h>
 #include <ZarnCore/io/ZarnImportException.h>
 #include <ZarnCore/io/ZarnMidiImporter.h>
 #include <ZarnCore/io/ZarnNoteList.h>
@@ -12,8 +14,10 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <map>
 #include <random>
+#include <set>
 
 using namespace zarn::io;
 using utils::rational;
@@ -179,6 +183,22 @@ TEST(MidiImport, barsFollowTheMetersOfTheFile)
     EXPECT_FLOAT_EQ(static_cast<const zarn::TempoAutomation *>(tempo)->quarterValue(), 100);
 }
 
+TEST(MidiImport, shortBarsInFrontOfOtherMetersAreNoPickups)
+{
+    Song song;
+    song.conductor().addTimeSignature(0, 5, 8);
+    song.conductor().addTimeSignature(5 * quarter / 2, 9, 4);
+    song.conductor().addTimeSignature(23 * quarter / 2, 1, 1);
+    add(song.track(), 0, 15.5, 60);
+    const auto imported = song.import();
+    const auto &master = *imported.model->masterTrack();
+    ASSERT_EQ(master.masterBarCount(), 3u);
+    EXPECT_FALSE(master.hasAnacrusis());
+    EXPECT_EQ(master.masterBar(0)->timeSignature(), zarn::TimeSignature(5, 8));
+    EXPECT_EQ(master.masterBar(1)->timeSignature(), zarn::TimeSignature(9, 4));
+    EXPECT_EQ(master.masterBar(2)->timeSignature(), zarn::TimeSignature(4, 4)) << "reduced";
+}
+
 TEST(MidiImport, pickupThatNoMeterTellsIsHeard)
 {
     // A bass on each first beat, which comes a quarter after the beginning.
@@ -229,6 +249,27 @@ TEST(MidiImport, linesThatSoundTogetherAreVoices)
                 tied += note.isTied;
             return tied;
         }());
+}
+
+TEST(MidiImport, partsThatMoveOnTheirOwnAreVoicesAlsoInOneRhythm)
+{
+    const auto voicesOfLowNotes = [](const std::array<int, 4> &lower) {
+        constexpr std::array<int, 4> upper = {72, 74, 74, 76};
+        Song song;
+        auto &track = song.track();
+        track.addProgram(0, 0, 73);
+        for (std::size_t i = 0; i < 28; ++i) {
+            add(track, static_cast<double>(i), 1, upper[i % 4]);
+            add(track, static_cast<double>(i), 1, lower[i % 4]);
+        }
+        std::set<int> voices;
+        for (const ListedNote &note : listNotes(*song.import().model))
+            if (*note.sounding < 71)
+                voices.insert(note.voice);
+        return voices;
+    };
+    EXPECT_EQ(voicesOfLowNotes({60, 60, 59, 57}), (std::set<int>{1}));
+    EXPECT_EQ(voicesOfLowNotes({69, 70, 70, 70}), (std::set<int>{0})) << "thirds are chords";
 }
 
 TEST(MidiImport, keyboardsHaveTwoHands)
@@ -283,6 +324,32 @@ TEST(MidiImport, channelsWithTheirOwnSoundsAreTracks)
     ASSERT_EQ(beat->noteCount(), 2u);
     EXPECT_EQ(beat->noteWithMidi(36)->staffLine(), 1);
     EXPECT_EQ(beat->noteWithMidi(42)->noteHead(), zarn::NoteHead::Cross);
+}
+
+TEST(MidiImport, laterProgramsAreSoundsOfTheTrack)
+{
+    Song song;
+    auto &track = song.track();
+    track.addProgram(0, 0, 0); // another one is chosen before anything sounds
+    track.addProgram(quarter / 2, 0, 40);
+    track.addProgram(9 * quarter / 2, 0, 45);
+    track.addProgram(6 * quarter, 0, 40);
+    for (int i = 1; i < 8; ++i)
+        add(track, i, 0.9, 70);
+    const auto imported = song.import();
+    const auto &violin = *imported.model->track(0);
+    EXPECT_EQ(violin.type(), zarn::InstrumentSet::violin);
+    ASSERT_EQ(violin.sounds().size(), 2u);
+    EXPECT_EQ(violin.sounds()[0]->midiSound().program(), 40);
+    EXPECT_EQ(violin.sounds()[1]->midiSound().program(), 45);
+    std::string changes;
+    for (const auto *each : violin.automations().automations(zarn::Automation::Sound))
+        changes +=
+            std::to_string(each->index()) + ":" + std::to_string(each->position()) + " "
+            + std::to_string(
+                static_cast<const zarn::SoundAutomation *>(each)->sound()->midiSound().program())
+            + " ";
+    EXPECT_EQ(changes, "1:1.000000 45 1:2.000000 40 ");
 }
 
 TEST(MidiImport, fretsAreFoundAndStringsOfChannelsKept)

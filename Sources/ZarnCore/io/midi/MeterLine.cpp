@@ -82,14 +82,15 @@ void MeterLine::addBars(const TimeSignature &meter, MidiTime until, std::size_t 
     }
 }
 
-/// One short bar of a meter of its own in front of a longer meter.
+/// One short bar of a meter of its own in front of a longer meter that lasts.
 void MeterLine::findPickup()
 {
-    if (_bars.size() < 2)
+    if (_bars.size() < 3)
         return;
     MeterBar &first = _bars[0];
     const MeterBar &second = _bars[1];
-    if (first.length >= second.length || first.meter == second.meter)
+    if (first.length >= second.length || first.meter == second.meter
+        || _bars[2].meter != second.meter)
         return;
     first.meter = second.meter;
     _hasPickup = true;

@@ -32,22 +32,20 @@ constexpr int mostWeighed = 200;
 
 /// What a channel is set to, as far as it is said.
 struct ChannelSetting {
-    int program = MidiPart::Unset;
-    int bank = MidiPart::Unset;
-    int fineBank = MidiPart::Unset;
+    SoundChange sound;
     int volume = MidiPart::Unset;
     int pan = MidiPart::Unset;
 
     void takeMissing(const ChannelSetting &other)
     {
         for (const auto member :
-             {&ChannelSetting::program, &ChannelSetting::bank, &ChannelSetting::fineBank,
-              &ChannelSetting::volume, &ChannelSetting::pan})
+             {&SoundChange::program, &SoundChange::bank, &SoundChange::fineBank})
+            if (sound.*member == MidiPart::Unset)
+                sound.*member = other.sound.*member;
+        for (const auto member : {&ChannelSetting::volume, &ChannelSetting::pan})
             if (this->*member == MidiPart::Unset)
                 this->*member = other.*member;
     }
-
-    auto sound() const { return std::tie(program, bank, fineBank); }
 };
 
 /// What one track of the file holds.
@@ -55,6 +53,7 @@ struct TrackContent {
     std::string name;
     std::array<ChannelSetting, channelCount> settings;
     std::array<PlayedNotes, channelCount> notes;
+    std::array<std::vector<SoundChange>, channelCount> sounds; ///< all, in the order of time
     std::vector<MidiText> lyrics;
     std::vector<MidiText> texts;
     bool hasNotes = false;
@@ -68,6 +67,15 @@ std::uint32_t numberOf(std::string_view bytes)
     for (const char byte : bytes)
         value = value << 8 | static_cast<std::uint8_t>(byte);
     return value;
+}
+
+/// Whether two channels go over to the same sounds at the same times.
+bool hasSameSounds(const std::vector<SoundChange> &left, const std::vector<SoundChange> &right)
+{
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                      [](const SoundChange &one, const SoundChange &other) {
+                          return one.time == other.time && one.isSameSound(other);
+                      });
 }
 
 class MusicReader {
@@ -120,7 +128,8 @@ private:
 
     void readTrack(const MidiTrack &track, double offset);
     void readMeta(const MidiTrack &track, const MidiEvent &event, MidiTime time);
-    void readControl(const MidiEvent &event, ChannelSetting &setting);
+    static void chooseSounds(TrackContent &content);
+    static void readControl(const MidiEvent &event, ChannelSetting &setting, SoundChange &sound);
     static void setOnce(int &setting, int value)
     {
         if (setting == MidiPart::Unset)
@@ -129,7 +138,7 @@ private:
 
     void makeParts();
     void makePartsOf(std::size_t number);
-    void addPart(std::size_t number, const ChannelSetting &setting, PlayedNotes notes, int channel);
+    void addPart(std::size_t number, PlayedNotes notes, int channel);
     bool joinAsSecondStaff(MidiPart &part);
     void giveLyricsToParts();
     void chooseKeys();
@@ -155,6 +164,7 @@ void MusicReader::readTrack(const MidiTrack &track, double offset)
     _tracks.emplace_back();
     TrackContent &content = _tracks.back();
     std::size_t left = 0;
+    std::array<SoundChange, channelCount> selected; // as the banks were chosen last
     for (const MidiEvent &event : track.events()) {
         const MidiTime time = timeOf(event.tick, offset);
         if (event.isMeta()) {
@@ -190,14 +200,15 @@ void MusicReader::readTrack(const MidiTrack &track, double offset)
             }
             --left;
         } else if (event.is(MidiMessage::Program)) {
-            auto &setting = content.settings[channel];
-            if (setting.program != MidiPart::Unset && setting.program != event.data1)
-                _oddities.add("a change of program was left out", static_cast<int>(_number));
-            setOnce(setting.program, event.data1);
+            auto &sound = selected[channel];
+            sound.time = time;
+            sound.program = event.data1;
+            content.sounds[channel].push_back(sound);
         } else if (event.is(MidiMessage::Control)) {
-            readControl(event, content.settings[channel]);
+            readControl(event, content.settings[channel], selected[channel]);
         }
     }
+    chooseSounds(content);
     if (left == 0)
         return;
     // What never ends is held to the end of the music, or a quarter if it came last.
@@ -213,12 +224,37 @@ void MusicReader::readTrack(const MidiTrack &track, double offset)
     open.assign(open.size(), {});
 }
 
-void MusicReader::readControl(const MidiEvent &event, ChannelSetting &setting)
+/// The sound of the first note is that which the channel has then; of a track that says sounds for
+/// notes elsewhere the first one counts.
+void MusicReader::chooseSounds(TrackContent &content)
+{
+    for (std::size_t channel = 0; channel < channelCount; ++channel) {
+        auto &sounds = content.sounds[channel];
+        if (sounds.empty())
+            continue;
+        const auto &notes = content.notes[channel];
+        const MidiTime first = notes.empty() ? sounds.front().time : notes.front().playedStart;
+        auto next = sounds.begin();
+        content.settings[channel].sound = *next;
+        for (; next != sounds.end() && next->time <= first; ++next)
+            content.settings[channel].sound = *next;
+        sounds.erase(sounds.begin(), next);
+        SoundChange now = content.settings[channel].sound;
+        const auto isNoChange = [&now](const SoundChange &change) {
+            const bool isSame = change.isSameSound(now);
+            now = change;
+            return isSame;
+        };
+        sounds.erase(std::remove_if(sounds.begin(), sounds.end(), isNoChange), sounds.end());
+    }
+}
+
+void MusicReader::readControl(const MidiEvent &event, ChannelSetting &setting, SoundChange &sound)
 {
     if (event.isControl(MidiControl::Bank))
-        setOnce(setting.bank, event.data2);
+        setting.sound.bank = sound.bank = event.data2;
     else if (event.isControl(MidiControl::BankFine))
-        setOnce(setting.fineBank, event.data2);
+        setting.sound.fineBank = sound.fineBank = event.data2;
     else if (event.isControl(MidiControl::Volume))
         setOnce(setting.volume, event.data2);
     else if (event.isControl(MidiControl::Pan))
@@ -259,7 +295,11 @@ void MusicReader::readMeta(const MidiTrack &track, const MidiEvent &event, MidiT
         constexpr unsigned mostPower = 7;
         const unsigned beats = payload.empty() ? 0 : static_cast<std::uint8_t>(payload[0]);
         const unsigned power = payload.size() < 2 ? 255 : static_cast<std::uint8_t>(payload[1]);
-        if (beats > 0 && power <= mostPower)
+        // Some programs reduce 4/4 and 2/4.
+        constexpr unsigned quarter = 2;
+        if (beats == 1 && power < quarter)
+            _music.meters.push_back({time, TimeSignature(1u << (quarter - power), 1u << quarter)});
+        else if (beats > 0 && power <= mostPower)
             _music.meters.push_back({time, TimeSignature(beats, 1u << power)});
         else
             _oddities.add("a time signature that cannot be was left out",
@@ -310,7 +350,8 @@ void MusicReader::makePartsOf(std::size_t number)
             continue;
         const auto same = std::find_if(groups.begin(), groups.end(), [&](const auto &group) {
             return channel != drumChannel && group.front() != drumChannel
-                && track.settings[group.front()].sound() == track.settings[channel].sound();
+                && track.settings[group.front()].sound.isSameSound(track.settings[channel].sound)
+                && hasSameSounds(track.sounds[group.front()], track.sounds[channel]);
         });
         if (same != groups.end())
             same->push_back(channel);
@@ -328,29 +369,28 @@ void MusicReader::makePartsOf(std::size_t number)
                              [](const PlayedNote &left, const PlayedNote &right) {
                                  return left.playedStart < right.playedStart;
                              });
-        addPart(number, track.settings[group.front()], std::move(notes),
-                static_cast<int>(group.front()));
+        addPart(number, std::move(notes), static_cast<int>(group.front()));
         track.notes[group.front()] = {};
     }
 }
 
-void MusicReader::addPart(std::size_t number, const ChannelSetting &setting, PlayedNotes notes,
-                          int channel)
+void MusicReader::addPart(std::size_t number, PlayedNotes notes, int channel)
 {
     using Set = InstrumentSet;
+    const ChannelSetting &setting = _tracks[number].settings[static_cast<std::size_t>(channel)];
     MidiPart part;
     part.midiTrack = static_cast<int>(number);
     part.channel = channel;
     part.name = _tracks[number].name;
-    part.program = setting.program;
-    part.bank = setting.bank;
-    part.fineBank = setting.fineBank;
+    part.sound = setting.sound;
+    part.soundChanges = _tracks[number].sounds[static_cast<std::size_t>(channel)];
     part.volume = setting.volume;
     part.pan = setting.pan;
     part.isDrums = channel == drumChannel;
     const auto named = readInstrumentName(part.name);
-    const auto ofProgram =
-        part.program == MidiPart::Unset ? Set::unknown : instrumentOfProgram(part.program);
+    const auto ofProgram = part.sound.program == MidiPart::Unset
+        ? Set::unknown
+        : instrumentOfProgram(part.sound.program);
     const auto isUseful = [](Set::Type type) {
         return type != Set::unknown && !Set::isUnpitched(type);
     };

@@ -17,6 +17,20 @@ struct MidiText {
     std::string text; ///< UTF-8
 };
 
+/// A program with its banks, and when a channel goes over to it; `MidiPart::Unset` for what is not
+/// said.
+struct SoundChange {
+    MidiTime time = 0;
+    int program = -1;
+    int bank = -1;
+    int fineBank = -1;
+
+    bool isSameSound(const SoundChange &other) const noexcept
+    {
+        return program == other.program && bank == other.bank && fineBank == other.fineBank;
+    }
+};
+
 /// What a MIDI file has for one track of the score.
 struct MidiPart {
     static constexpr int Unset = -1;
@@ -25,12 +39,13 @@ struct MidiPart {
     int channel = 0;   ///< counted from 0
     std::string name;
     InstrumentSet::Type type = InstrumentSet::unknown;
-    int program = Unset; ///< and what stands for banks, volume and pan: the first of each
-    int bank = Unset;
-    int fineBank = Unset;
-    int volume = Unset;
+    SoundChange sound;  ///< that of its first note
+    int volume = Unset; ///< the first one; so is the pan
     int pan = Unset;
     bool isDrums = false;
+
+    /// Other sounds behind the first note, in the order of time.
+    std::vector<SoundChange> soundChanges;
 
     /// The open strings, the lowest first, when the channels of the file are those of strings.
     std::vector<unsigned> strings;

@@ -14,7 +14,7 @@ constexpr int lowestFifth = -15;
 constexpr int highestFifth = 19;
 
 /// Notes on either side that are listened to.
-constexpr std::ptrdiff_t context = 12;
+constexpr std::size_t context = 12;
 
 /// What a step of the line of fifths between two notes costs, near and far.
 constexpr double perFifthOfNeighbour = 0.12;
@@ -66,29 +66,33 @@ public:
         if (own <= firstOfKey(key) + 6)
             return;
         const int flat = own - keysPerOctave;
-        note.fifth = static_cast<std::int8_t>(
-            costOf(index, own, key) <= costOf(index, flat, key) ? own : flat);
+        const PlayedNote *const next = nextOfVoice(index);
+        // Fifths to all that sound around it, for both.
+        int ofOwn = 0;
+        int ofFlat = 0;
+        const std::size_t end = std::min(_notes.size(), index + context + 1);
+        for (std::size_t i = index < context ? 0 : index - context; i < end; ++i) {
+            const PlayedNote &other = _notes[i];
+            const bool counts = (other.key - note.key) % keysPerOctave != 0;
+            ofOwn += counts ? std::abs(own - other.fifth) : 0;
+            ofFlat += counts ? std::abs(flat - other.fifth) : 0;
+        }
+        const double costOfOwn = perFifthOfNeighbour * ofOwn + costOf(note, own, next, key);
+        const double costOfFlat = perFifthOfNeighbour * ofFlat + costOf(note, flat, next, key);
+        note.fifth = static_cast<std::int8_t>(costOfOwn <= costOfFlat ? own : flat);
     }
 
 private:
-    double costOf(std::size_t index, int fifth, const KeyChange &key) const
+    static double costOf(const PlayedNote &note, int fifth, const PlayedNote *next,
+                         const KeyChange &key)
     {
         if (fifth < lowestFifth || fifth > highestFifth)
             return 1e9;
-        const PlayedNote &note = _notes[index];
         const int middle = firstOfKey(key) + 3;
         double cost = perFifthOfKey * std::abs(fifth - middle);
         if (isOfMinor(key, fifth))
             cost -= 2 * perFifthOfKey;
-        const auto size = static_cast<std::ptrdiff_t>(_notes.size());
-        const auto at = static_cast<std::ptrdiff_t>(index);
-        for (std::ptrdiff_t i = std::max<std::ptrdiff_t>(0, at - context);
-             i < std::min(size, at + context + 1); ++i) {
-            const PlayedNote &other = _notes[static_cast<std::size_t>(i)];
-            if ((other.key - note.key) % keysPerOctave != 0)
-                cost += perFifthOfNeighbour * std::abs(fifth - other.fifth);
-        }
-        if (const PlayedNote *next = nextOfVoice(index); next != nullptr) {
+        if (next != nullptr) {
             const int semitones = std::abs(next->key - note.key);
             // A step of a semitone has five fifths, the alteration of a letter seven.
             if (semitones == 1 && std::abs(next->fifth - fifth) == 7)

@@ -16,37 +16,25 @@ Staff::Bars StaffBuilder::build(const PlayedNotes &notes)
     Staff::Bars bars;
     bars.reserve(_line.bars().size());
     _onsets.clear();
-    for (auto &chords : _chords)
-        chords.clear();
+    _lines = {};
     std::size_t next = 0;
     for (const MeterBar &place : _line.bars()) {
         const bool isLast = bars.size() + 1 == _line.bars().size();
-        for (; next < notes.size() && (notes[next].start < place.end()); ++next) {
-            const PlayedNote &note = notes[next];
-            auto &chords = _chords[note.voice];
-            if (chords.empty() || chords.back().start != note.start) {
-                if (!chords.empty())
-                    chords.back().end = std::min(chords.back().end, note.start);
-                chords.push_back({note.start, note.end, {}, {}});
-            }
-            Chord &chord = chords.back();
-            (note.isGrace ? chord.graces : chord.notes).push_back(&note);
-            if (!note.isGrace)
-                chord.end = note.end;
-        }
+        for (; next < notes.size() && (notes[next].start < place.end()); ++next)
+            add(notes[next], _lines[notes[next].voice]);
         auto bar = std::make_shared<Bar>();
         const auto number = static_cast<unsigned>(bars.size());
         for (unsigned voice = 0; voice < Bar::MaxVoices; ++voice) {
-            auto &chords = _chords[voice];
-            if (!chords.empty())
-                bar->setVoice(voice, writeVoice(place, number, voice));
+            Line &line = _lines[voice];
+            if (line.chords.empty())
+                continue;
+            bar->setVoice(voice, writeVoice(place, number, voice));
             // What is held over the bar line goes on in the next bar.
-            if (!chords.empty() && chords.back().end > place.end() && !isLast) {
-                if (chords.size() > 1)
-                    std::swap(chords.front(), chords.back());
-                chords.resize(1);
+            if (line.chords.back().end > place.end() && !isLast) {
+                keepLast(line);
             } else {
-                chords.clear();
+                line.chords.clear();
+                line.notes.clear();
             }
         }
         if (bar->voiceCount() == 0) {
@@ -63,10 +51,42 @@ Staff::Bars StaffBuilder::build(const PlayedNotes &notes)
     return bars;
 }
 
+void StaffBuilder::add(const PlayedNote &note, Line &line)
+{
+    auto &chords = line.chords;
+    if (chords.empty() || chords.back().start != note.start) {
+        if (!chords.empty())
+            chords.back().end = std::min(chords.back().end, note.start);
+        const std::size_t at = line.notes.size();
+        chords.push_back({note.start, note.end, at, at, at});
+    }
+    Chord &chord = chords.back();
+    if (note.isGrace) {
+        const auto at = line.notes.begin() + static_cast<std::ptrdiff_t>(chord.notes++);
+        line.notes.insert(at, &note);
+    } else {
+        line.notes.push_back(&note);
+        chord.end = note.end;
+    }
+    chord.last = line.notes.size();
+}
+
+void StaffBuilder::keepLast(Line &line)
+{
+    Chord held = line.chords.back();
+    line.notes.erase(line.notes.begin(),
+                     line.notes.begin() + static_cast<std::ptrdiff_t>(held.graces));
+    held.notes -= held.graces;
+    held.last -= held.graces;
+    held.graces = 0;
+    line.chords.assign(1, held);
+}
+
 std::shared_ptr<Voice> StaffBuilder::writeVoice(const MeterBar &bar, unsigned number,
                                                 unsigned voice)
 {
-    const auto &chords = _chords[voice];
+    const Line &line = _lines[voice];
+    const auto &chords = line.chords;
     _stretches.clear();
     MidiTime at = 0;
     for (std::size_t i = 0; i < chords.size(); ++i) {
@@ -93,14 +113,14 @@ std::shared_ptr<Voice> StaffBuilder::writeVoice(const MeterBar &bar, unsigned nu
             const bool begins =
                 (i == 0 || values[i - 1].stretch != values[i].stretch) && chord.start >= bar.start;
             if (begins)
-                for (const PlayedNote *grace : chord.graces)
-                    beats.push_back(makeGrace(*grace));
+                for (std::size_t grace = chord.graces; grace < chord.notes; ++grace)
+                    beats.push_back(makeGrace(*line.notes[grace]));
             const bool isLast =
                 i + 1 == values.size() || values[i + 1].stretch != values[i].stretch;
             const bool isHeldHere = !begins;
-            addNotes(chord, *beat, isHeldHere, !isLast || chord.end > bar.end());
+            addNotes(line, chord, *beat, isHeldHere, !isLast || chord.end > bar.end());
             if (!isHeldHere && voice == 0)
-                _onsets.push_back({chord.start, number, beat, chord.notes.front()});
+                _onsets.push_back({chord.start, number, beat, line.notes[chord.notes]});
         }
         beats.push_back(std::move(beat));
     }
@@ -118,11 +138,13 @@ std::shared_ptr<Beat> StaffBuilder::makeGrace(const PlayedNote &note) const
     return beat;
 }
 
-void StaffBuilder::addNotes(const Chord &chord, Beat &beat, bool isHeldHere, bool isHeldOn) const
+void StaffBuilder::addNotes(const Line &line, const Chord &chord, Beat &beat, bool isHeldHere,
+                            bool isHeldOn) const
 {
     Beat::Notes notes;
-    notes.reserve(chord.notes.size());
-    for (const PlayedNote *played : chord.notes) {
+    notes.reserve(chord.last - chord.notes);
+    for (std::size_t i = chord.notes; i < chord.last; ++i) {
+        const PlayedNote *const played = line.notes[i];
         if (played->roll != Roll::None && !isHeldHere)
             beat.setArpeggioDirection(played->roll == Roll::Up ? Direction::Up : Direction::Down);
         auto note = _makeNote(*played);

@@ -36,22 +36,32 @@ public:
     const std::vector<Onset> &onsets() const noexcept { return _onsets; }
 
 private:
-    /// Notes of a voice that begin together.
+    /// Notes of a voice that begin together: places in the list of its notes.
     struct Chord {
         MidiTime start;
         MidiTime end;
+        std::size_t graces; ///< where those in front of it begin
+        std::size_t notes;
+        std::size_t last; ///< behind its notes
+    };
+
+    /// The chords of a voice in a bar, one that is held from the bar before first.
+    struct Line {
+        std::vector<Chord> chords;
         std::vector<const PlayedNote *> notes;
-        std::vector<const PlayedNote *> graces; ///< in front of it
     };
 
     std::shared_ptr<Voice> writeVoice(const MeterBar &bar, unsigned number, unsigned voice);
     std::shared_ptr<Beat> makeGrace(const PlayedNote &note) const;
-    void addNotes(const Chord &chord, Beat &beat, bool isHeldHere, bool isHeldOn) const;
+    static void add(const PlayedNote &note, Line &line);
+    static void keepLast(Line &line);
+    void addNotes(const Line &line, const Chord &chord, Beat &beat, bool isHeldHere,
+                  bool isHeldOn) const;
 
     const MeterLine &_line;
     const MakeNote &_makeNote;
     RhythmWriter _rhythm;
-    std::array<std::vector<Chord>, Bar::MaxVoices> _chords; ///< of the bar, those held on first
+    std::array<Line, Bar::MaxVoices> _lines;
     std::vector<RhythmWriter::Stretch> _stretches;
     std::vector<Onset> _onsets;
 };

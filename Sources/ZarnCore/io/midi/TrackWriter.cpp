@@ -3,6 +3,7 @@
 
 #include <ZarnCore/fingering/ZarnFingeringSolver.h>
 #include <ZarnCore/fingering/ZarnPassageReader.h>
+#include <ZarnCore/instruments/automations/ZarnSoundAutomation.h>
 #include <ZarnCore/instruments/sounds/ZarnSound.h>
 #include <ZarnCore/io/midi/DrumStaff.h>
 #include <ZarnCore/io/midi/DynamicPlacer.h>
@@ -20,6 +21,9 @@ namespace zarn::io {
 namespace {
 
 constexpr int keyCount = 128;
+
+/// Sounds of a track that are looked for when they come again.
+constexpr std::size_t mostSounds = 128;
 
 /// Keeps the transposition only when every note can be written with it.
 void checkTransposition(const MidiPart &part, Track &track)
@@ -91,6 +95,60 @@ void findStrings(Track &track, MidiOddities &oddities, int midiTrack)
         oddities.add("a note that no hand can play with the others on " + track.name(), midiTrack);
 }
 
+std::shared_ptr<Sound> soundOf(const SoundChange &change, std::string name)
+{
+    return std::make_shared<Sound>(std::move(name),
+                                   MIDISound(std::max(change.program, 0), std::max(change.bank, 0),
+                                             std::max(change.fineBank, 0)));
+}
+
+/// When the notes were played and where they are written, in the order of playing.
+std::vector<std::pair<MidiTime, MidiTime>> onsetsOf(const MidiPart &part)
+{
+    std::vector<std::pair<MidiTime, MidiTime>> onsets;
+    for (const PlayedNotes &notes : part.staves)
+        for (const PlayedNote &note : notes)
+            onsets.emplace_back(note.playedStart, note.start);
+    std::sort(onsets.begin(), onsets.end());
+    return onsets;
+}
+
+/// The sounds of the track: each later one comes with the first note that has it.
+void writeSounds(const MidiPart &part, const MeterLine &bars, Track &track)
+{
+    if (part.sound.program != MidiPart::Unset || part.sound.bank != MidiPart::Unset)
+        track.addSound(soundOf(part.sound, track.name()));
+    if (part.soundChanges.empty())
+        return;
+    const auto onsets = onsetsOf(part);
+    std::vector<std::pair<SoundChange, std::shared_ptr<const Sound>>> known;
+    for (const SoundChange &change : part.soundChanges) {
+        const auto next = std::lower_bound(onsets.begin(), onsets.end(),
+                                           std::make_pair(change.time, MidiTime(0)));
+        if (next == onsets.end())
+            break;
+        const auto same = std::find_if(known.begin(), known.end(), [&](const auto &entry) {
+            return entry.first.isSameSound(change);
+        });
+        auto sound = same == known.end() ? nullptr : same->second;
+        if (!sound && part.sound.isSameSound(change))
+            sound = track.sounds().front();
+        if (!sound) {
+            sound =
+                soundOf(change, track.name() + ", program " + std::to_string(change.program + 1));
+            track.addSound(sound);
+        }
+        if (same == known.end() && known.size() < mostSounds)
+            known.emplace_back(change, sound);
+        const std::size_t bar = bars.barAt(next->second);
+        auto automation = std::make_unique<SoundAutomation>(sound);
+        automation->setIndex(static_cast<std::uint32_t>(bar));
+        automation->setPosition(
+            static_cast<float>(inQuarterNotes(next->second - bars.bars()[bar].start).toDouble()));
+        track.mutableAutomations().insertAutomation(std::move(automation));
+    }
+}
+
 } // namespace
 
 bool isForTwoHands(const MidiPart &part) noexcept
@@ -108,11 +166,7 @@ void writeTrack(const MidiPart &part, const MeterLine &bars, ScoreModel &model,
     checkTransposition(part, *track);
     if (!part.strings.empty())
         track->staves().front()->setTuning(GuitarTuning(part.strings));
-    if (part.program != MidiPart::Unset || part.bank != MidiPart::Unset)
-        track->addSound(
-            std::make_shared<Sound>(track->name(),
-                                    MIDISound(std::max(part.program, 0), std::max(part.bank, 0),
-                                              std::max(part.fineBank, 0))));
+    writeSounds(part, bars, *track);
     constexpr float most = 127;
     constexpr float middle = 64;
     const float volume =

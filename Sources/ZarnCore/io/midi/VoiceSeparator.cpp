@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/io/midi/VoiceSeparator.h>
 
+#include <ZarnCore/io/midi/PartWriting.h>
+
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <cstdlib>
 #include <vector>
 
@@ -28,16 +29,22 @@ struct Chord {
     MidiTime end;
     std::size_t first; ///< in the notes
     std::size_t last;  ///< behind them
-    double pitch;      ///< in the middle
+    int lowest;        ///< key
+    int highest;
     std::uint8_t voice = 0;
+
+    int middle() const { return lowest + highest; } ///< twice the key
 };
 
 /// What a voice did last.
 struct Line {
     bool isUsed = false;
     MidiTime end = 0;
-    double pitch = 0;
+    int lowest = 0; ///< key of its last chord
+    int highest = 0;
     std::size_t chord = 0;
+
+    int middle() const { return lowest + highest; }
 };
 
 class Separation {
@@ -101,15 +108,15 @@ private:
             joinEnds(first, last);
             first = last;
         }
+        const PartWriting parts(_notes);
         for (std::size_t first = 0; first < _notes.size();) {
-            std::size_t last = first;
-            double sum = 0;
-            for (; last < _notes.size() && _notes[last].start == _notes[first].start
-                 && _notes[last].end == _notes[first].end;
-                 ++last)
-                sum += _notes[last].key;
+            std::size_t last = first + 1;
+            if (!parts.isPart(_notes[first]))
+                while (last < _notes.size() && _notes[last].start == _notes[first].start
+                       && _notes[last].end == _notes[first].end)
+                    ++last;
             _chords.push_back({_notes[first].start, _notes[first].end, first, last,
-                               sum / static_cast<double>(last - first)});
+                               _notes[last - 1].key, _notes[first].key});
             first = last;
         }
     }
@@ -117,9 +124,10 @@ private:
     /// Chords that begin together, at most as many as there are voices.
     void place(std::size_t first, std::size_t last)
     {
-        std::sort(_chords.begin() + static_cast<std::ptrdiff_t>(first),
-                  _chords.begin() + static_cast<std::ptrdiff_t>(last),
-                  [](const Chord &left, const Chord &right) { return left.pitch > right.pitch; });
+        std::sort(
+            _chords.begin() + static_cast<std::ptrdiff_t>(first),
+            _chords.begin() + static_cast<std::ptrdiff_t>(last),
+            [](const Chord &left, const Chord &right) { return left.middle() > right.middle(); });
         makeRoom(_chords[first].start, last - first);
 
         _best = 1e18;
@@ -128,7 +136,7 @@ private:
         for (std::size_t i = first; i < last; ++i) {
             Chord &chord = _chords[i];
             chord.voice = static_cast<std::uint8_t>(_bestOrder[i - first]);
-            _lines[chord.voice] = {true, chord.end, chord.pitch, i};
+            _lines[chord.voice] = {true, chord.end, chord.lowest, chord.highest, i};
         }
     }
 
@@ -167,7 +175,9 @@ private:
             return cost + (voice == 0 ? 0 : perNewVoice);
         if (gap > 0)
             cost += perGap + perQuarterOfGap * gap;
-        return cost + perSemitone * std::abs(chord.pitch - line.pitch);
+        return cost
+            + perSemitone
+            * (std::abs(chord.lowest - line.lowest) + std::abs(chord.highest - line.highest)) / 2;
     }
 
     /// Lines that sound on lie above or below.
@@ -178,7 +188,7 @@ private:
             const Line &line = _lines[other];
             if (!line.isUsed || line.end <= chord.start || other == voice)
                 continue;
-            if ((other < voice) != (line.pitch >= chord.pitch))
+            if ((other < voice) != (line.middle() >= chord.middle()))
                 cost += perCrossing;
         }
         return cost;

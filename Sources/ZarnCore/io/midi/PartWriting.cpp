@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnCore/io/midi/PartWriting.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+
+namespace zarn::io {
+
+namespace {
+
+constexpr std::size_t mostParts = 4;
+
+/// More notes at once are a cluster, whatever it does.
+constexpr std::size_t mostHeard = 16;
+
+/// How the sound of a staff changes, each change of a pair of neighbouring lines counted.
+struct Motion {
+    std::size_t breaks = 0; ///< changes between different numbers of notes
+    std::size_t alike = 0;  ///< both up or both down
+    std::size_t oblique = 0;
+    std::size_t contrary = 0;
+
+    std::size_t moves() const { return alike + oblique + contrary; }
+};
+
+using Sound = std::vector<std::uint8_t>; ///< keys, the lowest first
+
+void countMotion(const Sound &before, const Sound &after, Motion &motion)
+{
+    if (before == after || (before.size() < 2 && after.size() < 2))
+        return;
+    if (before.size() != after.size() || before.size() > mostParts) {
+        ++motion.breaks;
+        return;
+    }
+    for (std::size_t i = 0; i + 1 < before.size(); ++i) {
+        const int lower = after[i] - before[i];
+        const int upper = after[i + 1] - before[i + 1];
+        if (lower == 0 && upper == 0)
+            continue;
+        if (lower == 0 || upper == 0)
+            ++motion.oblique;
+        else if ((lower < 0) != (upper < 0))
+            ++motion.contrary;
+        else
+            ++motion.alike;
+    }
+}
+
+Motion motionOf(const PlayedNotes &notes)
+{
+    struct Heard {
+        MidiTime end;
+        std::uint8_t key;
+    };
+    Motion motion;
+    std::vector<Heard> heard;
+    Sound before;
+    Sound now;
+    std::size_t next = 0;
+    while (next < notes.size() || !heard.empty()) {
+        // The next moment at which something begins or ends.
+        MidiTime time = next < notes.size() ? notes[next].start : heard.front().end;
+        for (const Heard &each : heard)
+            time = std::min(time, each.end);
+        heard.erase(std::remove_if(heard.begin(), heard.end(),
+                                   [time](const Heard &each) { return each.end <= time; }),
+                    heard.end());
+        for (; next < notes.size() && notes[next].start <= time; ++next)
+            if (heard.size() < mostHeard && notes[next].end > time)
+                heard.push_back({notes[next].end, notes[next].key});
+        now.clear();
+        for (const Heard &each : heard)
+            now.push_back(each.key);
+        std::sort(now.begin(), now.end());
+        countMotion(before, now, motion);
+        before.swap(now);
+    }
+    return motion;
+}
+
+bool movesInParts(const Motion &motion)
+{
+    constexpr std::size_t leastMoves = 24;
+    const std::size_t moves = motion.moves();
+    const bool isSteady = moves >= leastMoves && 2 * moves >= 3 * motion.breaks;
+    const bool isIndependent = 10 * (motion.oblique + motion.contrary) >= 6 * moves;
+    return isSteady && isIndependent && 20 * motion.contrary >= moves;
+}
+
+} // namespace
+
+PartWriting::PartWriting(const PlayedNotes &notes) : _isInParts(movesInParts(motionOf(notes)))
+{
+    if (!_isInParts)
+        return;
+    std::vector<MidiTime> ends;
+    ends.reserve(notes.size());
+    for (const PlayedNote &note : notes)
+        ends.push_back(note.end);
+    std::sort(ends.begin(), ends.end());
+    std::size_t ended = 0;
+    for (std::size_t begun = 0; begun < notes.size();) {
+        const MidiTime time = notes[begun].start;
+        while (begun < notes.size() && notes[begun].start == time)
+            ++begun;
+        while (ended < begun && ends[ended] <= time)
+            ++ended;
+        // Up to the end that leaves no more than there are parts.
+        if (begun - ended > mostParts)
+            _crowds.push_back({time, ends[begun - mostParts - 1]});
+    }
+}
+
+bool PartWriting::isPart(const PlayedNote &note) const
+{
+    if (!_isInParts)
+        return false;
+    const auto next =
+        std::lower_bound(_crowds.begin(), _crowds.end(), note.end,
+                         [](const Crowd &crowd, MidiTime time) { return crowd.start < time; });
+    // Ends of crowds grow with their starts.
+    return next == _crowds.begin() || next[-1].end <= note.start;
+}
+
+} // namespace zarn::io
