@@ -156,6 +156,23 @@ TEST(MidiExporter, bendsSetTheirRangeAndGoBack)
     EXPECT_TRUE(isBentFirst) << "bent before it is struck";
 }
 
+TEST(MidiExporter, wordsStandAtTheirNotesLineByLine)
+{
+    Sample sample;
+    sample.master(0).setRepeatCount(2);
+    sample.add(Value::Half, {60})
+        .setLyrics({{0, Syllabic::Begin, false, "Ma"}, {1, Syllabic::Single, false, "Lamb"}});
+    sample.add(Value::Half, {62, 64}).setLyrics({{0, Syllabic::End, false, "ry"}});
+    sample.add(Value::Whole, {48}, 0, 1).setLyrics({{0, Syllabic::Single, false, "Bass"}});
+    const auto file = fileOf(sample);
+    std::string words;
+    for (const MidiEvent &event : file.tracks[1].events())
+        if (event.is(MidiMeta::Lyric))
+            words +=
+                std::string(file.tracks[1].payload(event)) + "@" + std::to_string(event.tick) + "|";
+    EXPECT_EQ(words, "Ma@0|ry @1920|Lamb @3840|ry @5760|");
+}
+
 TEST(MidiExporter, oneTrackHoldsTheSameMessages)
 {
     const auto model = test::RandomScore(21).make();

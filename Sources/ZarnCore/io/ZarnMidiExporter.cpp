@@ -5,6 +5,7 @@
 #include <ZarnCore/io/ZarnExportReport.h>
 #include <ZarnCore/io/midi/ConductorTrack.h>
 #include <ZarnCore/io/midi/PitchWheel.h>
+#include <ZarnCore/io/midi/SungWords.h>
 #include <ZarnCore/io/midi/ZarnMidiFile.h>
 #include <ZarnCore/io/midi/ZarnMidiFileWriter.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
@@ -50,6 +51,8 @@ public:
             builderOfLane(note.lane).addNote(_ticks.tickOf(note.start), _ticks.tickOf(note.end),
                                              _plan.lanes()[note.lane].channel, note.key,
                                              note.velocity);
+        for (const auto &track : _model.tracks()) // their main lanes come first
+            addLyrics(*track, _plan, _ticks, builderOfLane(track->index()).meta());
         std::vector<MidiTrack> tracks;
         for (MidiTrackBuilder &builder : _builders)
             tracks.push_back(builder.finish(_ticks.tickOf(_plan.end())));

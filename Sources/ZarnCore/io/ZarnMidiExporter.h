@@ -22,9 +22,10 @@ struct MidiExportOptions {
 /// tracks, whichever are switched off for listening.
 ///
 /// The first track has tempos, meters, keys and the sections as markers. The others have the names
-/// of their tracks, and a port where fifteen channels are not enough. Ticks are rounded from exact
-/// times; tempos follow slides so closely that no time is half a millisecond off. Where grace notes
-/// begin in front of the first bar, a bar of whole quarters stands before it.
+/// of their tracks, what they sing as lyrics, and a port where fifteen channels are not enough.
+/// Ticks are rounded from exact times; tempos follow slides so closely that no time is half a
+/// millisecond off. Where grace notes begin in front of the first bar, a bar of whole quarters
+/// stands before it.
 class ZARNCORE_EXPORT MidiExporter final : public Exporter {
 public:
     /// Raises for ticks or a format outside of what there is.
