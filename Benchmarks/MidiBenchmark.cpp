@@ -11,6 +11,9 @@
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <filesystem/RAMFileSystem.h>
 
+#include <malloc.h>
+
+#include <limits>
 #include <memory>
 #include <string>
 
@@ -96,6 +99,8 @@ void import(benchmark::State &state, Song &song)
 
 int main(int argc, char **argv)
 {
+    mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max());
+    mallopt(M_MMAP_THRESHOLD, std::numeric_limits<int>::max());
     Song small(51200);
     Song large(512000);
     bench::RatioReport report;

@@ -2,6 +2,7 @@
 #include "PlaybackSamples.h"
 
 #include <ZarnCore/instruments/automations/ZarnChannelStrip.h>
+#include <ZarnCore/instruments/sounds/ZarnSound.h>
 
 #include <set>
 #include <utility>
@@ -25,6 +26,21 @@ TEST(NoteVelocity, hairpinsRunToTheDynamicBehindThem)
     EXPECT_EQ(velocities(sample.plan()), "49 57 65 65") << "a step without a dynamic";
     voice->beat(1)->setDynamic(Level::MF);
     EXPECT_EQ(velocities(sample.plan()), "49 80 80 80") << "a dynamic inside ends it";
+}
+
+TEST(NoteVelocity, aDynamicPartsHairpinsOfTwoVoices)
+{
+    Sample sample(2);
+    for (int i = 0; i < 4; ++i)
+        sample.add(Value::Quarter, {60}, 0, 1)
+            .setHairpin(i < 2 ? Hairpin::NoHairpin : Hairpin::Decrescendo);
+    Beat &first = sample.add(Value::Quarter, {72}, 1);
+    first.setHairpin(Hairpin::Decrescendo);
+    sample.add(Value::Quarter, {73}, 1).setHairpin(Hairpin::Decrescendo);
+    sample.add(Value::Half, {74}, 1).setDynamic(Level::P);
+    EXPECT_EQ(velocities(sample.plan()), "80 80 80 72 65 57 49") << "one, over both voices";
+    first.setDynamic(Level::F);
+    EXPECT_EQ(velocities(sample.plan()), "80 80 80 72 96 73 49");
 }
 
 TEST(NoteVelocity, dynamicsHoldForAllVoicesButThoseWithTheirOwn)
@@ -301,6 +317,41 @@ TEST(PlanControls, fadesAreExpressionFromSilence)
     const std::string values = changes(sample.plan(), ExpressionController);
     EXPECT_EQ(values.substr(0, 4), "0@0 ");
     EXPECT_EQ(values.substr(values.size() - 5), "127@4");
+}
+
+TEST(PlanControls, heldNotesSwellUnderHairpinsWhereTheirSoundCanGrow)
+{
+    enum class Music { OneNote, SecondVoice };
+    constexpr int piano = 0;
+    constexpr int violin = 40;
+    const auto planOf = [](int program, Hairpin hairpin, Music music) {
+        Sample sample(2);
+        sample.track().addSound(std::make_shared<Sound>("Sound", MIDISound(program)));
+        Beat &held = sample.add(Value::Whole, {72});
+        held.setDynamic(hairpin == Hairpin::Crescendo ? Level::P : Level::F);
+        held.setHairpin(hairpin);
+        sample.add(Value::Whole, {74}, 1)
+            .setDynamic(hairpin == Hairpin::Crescendo ? Level::F : Level::P);
+        if (music == Music::SecondVoice)
+            for (int i = 0; i < 2; ++i)
+                sample.add(Value::Half, {60}, 0, 1);
+        return sample.plan();
+    };
+    const auto rising = planOf(violin, Hairpin::Crescendo, Music::OneNote);
+    EXPECT_EQ(velocities(rising), "95 96") << "struck as loud as it gets";
+    const std::string up = changes(rising, ExpressionController);
+    EXPECT_EQ(up.substr(0, up.find(' ')), "66@0"); // 49 of 95
+    EXPECT_EQ(up.substr(up.size() - 8), "127@31/8");
+    const auto falling = planOf(violin, Hairpin::Decrescendo, Music::OneNote);
+    EXPECT_EQ(velocities(falling), "96 49");
+    const std::string down = changes(falling, ExpressionController);
+    EXPECT_EQ(down.substr(0, down.find(' ')), "125@1/8") << "full where it begins";
+    EXPECT_EQ(down.substr(down.size() - 13), "67@31/8 127@4") << "full again at the next note";
+    for (const auto &plan : {planOf(piano, Hairpin::Crescendo, Music::OneNote),
+                             planOf(violin, Hairpin::Crescendo, Music::SecondVoice)}) {
+        EXPECT_EQ(changes(plan, ExpressionController), "");
+        EXPECT_EQ(plan.notes().front().velocity, 49);
+    }
 }
 
 } // namespace zarn::playback

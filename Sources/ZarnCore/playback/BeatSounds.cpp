@@ -132,6 +132,7 @@ PlannedNote BeatSounds::noteOf(const PlayedBeat &played, int key,
         _place.dynamics.velocityAt(_place.bars.writtenStart(played.bar), played.offset);
     note.velocity = static_cast<std::uint8_t>(std::clamp(std::lround(velocity), 1L, 127L));
     note.track = static_cast<std::uint16_t>(_place.track.index());
+    note.lane = note.track;
     note.staff = static_cast<std::uint8_t>(_place.staff.index());
     note.voice = static_cast<std::uint8_t>(_place.slot);
     note.beat = played.index;
@@ -146,6 +147,7 @@ void BeatSounds::knock(const PlayedBeat &played)
     PlannedNote note = noteOf(played, isFinger ? fingerKnock : thumbKnock, slapLength);
     note.technique = Technique::Knock;
     note.isPercussion = true;
+    _result.hasPercussion = true;
     _result.notes.push_back(note);
 }
 
@@ -159,6 +161,7 @@ void BeatSounds::slapDead(const PlayedBeat &played)
             noteOf(played, withinMidi(written + _place.track.transpositionOffset()), slapLength);
         note.technique = Technique::Dead;
         note.string = static_cast<std::int8_t>(string);
+        _result.hasPitches = true;
         _result.notes.push_back(note);
     }
 }

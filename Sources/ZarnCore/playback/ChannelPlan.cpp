@@ -46,11 +46,12 @@ private:
 
 } // namespace
 
-void ChannelPlan::assign(std::vector<PlannedNote> &notes, const std::vector<PitchMotion> &motions)
+void ChannelPlan::assign(std::vector<PlannedNote> &notes, const std::vector<Kinds> &kinds,
+                         const std::vector<PitchMotion> &motions)
 {
+    _kinds = kinds;
     for (unsigned track = 0; track < _model.trackCount(); ++track)
         laneOf(track, Lane::Role::Main, noNumber);
-    _hasPitches.assign(_model.trackCount(), false);
     std::vector<bool> isSplit(_model.trackCount());
     for (unsigned track = 0; track < _model.trackCount(); ++track)
         isSplit[track] =
@@ -59,15 +60,15 @@ void ChannelPlan::assign(std::vector<PlannedNote> &notes, const std::vector<Pitc
         for (const PlannedNote &note : notes)
             if (note.motion != PlannedNote::NoMotion)
                 isSplit[note.track] = true;
+    const bool hasPercussion = std::any_of(kinds.begin(), kinds.end(),
+                                           [](const Kinds &each) { return each.hasPercussion; });
+    const bool hasSplit = std::find(isSplit.begin(), isSplit.end(), true) != isSplit.end();
     std::vector<std::vector<std::uint32_t>> orders(_model.trackCount());
-    for (std::uint32_t i = 0; i < notes.size(); ++i) {
+    for (std::uint32_t i = 0; (hasPercussion || hasSplit) && i < notes.size(); ++i) {
         PlannedNote &note = notes[i];
-        note.lane = note.isPercussion
-            ? laneOf(note.track, Lane::Role::Percussion, noNumber)
-            : static_cast<std::uint16_t>(note.track); // the main lanes come first
-        if (!note.isPercussion)
-            _hasPitches[note.track] = true;
-        if (isSplit[note.track] && !note.isPercussion)
+        if (note.isPercussion)
+            note.lane = laneOf(note.track, Lane::Role::Percussion, noNumber);
+        else if (isSplit[note.track])
             orders[note.track].push_back(i);
     }
     for (unsigned track = 0; track < orders.size(); ++track)
@@ -170,7 +171,7 @@ void ChannelPlan::findChannels()
     each(Lane::Role::Main, [&](Lane &lane, const Track &track) {
         lane.port = track.midiConnection().port;
         lane.channel = MidiConnection::PercussionChannel;
-        return InstrumentSet::isUnpitched(track.type()) && !_hasPitches[lane.track];
+        return InstrumentSet::isUnpitched(track.type()) && !_kinds[lane.track].hasPitches;
     });
     const auto take = [&free](Lane &lane, unsigned port, unsigned channel) {
         lane.port = static_cast<std::uint8_t>(port);

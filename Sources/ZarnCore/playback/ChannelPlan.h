@@ -22,8 +22,16 @@ class ChannelPlan {
 public:
     ChannelPlan(const ScoreModel &model, Channels channels) : _model(model), _channels(channels) { }
 
-    /// Gives notes, which are in order of their starts, their lanes.
-    void assign(std::vector<PlannedNote> &notes, const std::vector<PitchMotion> &motions);
+    /// What a track has among its notes.
+    struct Kinds {
+        bool hasPitches = false;
+        bool hasPercussion = false;
+    };
+
+    /// Gives notes, which are in order of their starts, their lanes. Those that they have already
+    /// are the main ones of their tracks, which come first, by track.
+    void assign(std::vector<PlannedNote> &notes, const std::vector<Kinds> &kinds,
+                const std::vector<PitchMotion> &motions);
 
     /// Each track has its main lane at least.
     std::vector<Lane> take() { return std::move(_lanes); }
@@ -38,7 +46,7 @@ private:
     const ScoreModel &_model;
     Channels _channels;
     std::vector<Lane> _lanes;
-    std::vector<bool> _hasPitches; ///< by track
+    std::vector<Kinds> _kinds; ///< by track
 };
 
 } // namespace zarn::playback

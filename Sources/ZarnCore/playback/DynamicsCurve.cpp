@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <map>
+#include <set>
 #include <tuple>
 #include <utility>
 
@@ -142,10 +143,15 @@ private:
         advance(open.end, beat.length());
     }
 
-    /// A hairpin goes on in another voice of its staff where its own has no beats.
+    /// A hairpin goes on in another voice of its staff where its own has no beats, unless a dynamic
+    /// stands there.
     void joinHairpins()
     {
         std::map<std::tuple<utils::rational, unsigned, Hairpin>, std::size_t> ends;
+        std::set<std::pair<utils::rational, unsigned>> levels;
+        for (const Mark &mark : _marks)
+            if (mark.hairpin == Hairpin::NoHairpin)
+                levels.insert({mark.time, mark.voice / Bar::MaxVoices});
         Marks joined;
         for (const Mark &mark : _marks) {
             const unsigned staff = mark.voice / Bar::MaxVoices;
@@ -154,7 +160,8 @@ private:
                 continue;
             }
             const auto before = ends.find({mark.time, staff, mark.hairpin});
-            const bool goesOn = before != ends.end() && !mark.isParted;
+            const bool goesOn =
+                before != ends.end() && !mark.isParted && levels.count({mark.time, staff}) == 0;
             const std::size_t index = goesOn ? before->second : joined.size();
             if (goesOn)
                 joined[index].end = mark.end;
@@ -233,6 +240,12 @@ std::vector<DynamicsCurve> DynamicsCurve::ofTrack(const Track &track, const Play
 std::vector<DynamicsCurve> DynamicsCurve::ofPlainTrack(const Track &track)
 {
     return std::vector<DynamicsCurve>(track.staffCount() * Bar::MaxVoices);
+}
+
+bool DynamicsCurve::hasSlopes() const noexcept
+{
+    return std::any_of(_points.begin(), _points.end(),
+                       [](const Point &point) { return point.isSlope; });
 }
 
 double DynamicsCurve::velocityAt(const utils::rational &bar, const utils::rational &offset) const

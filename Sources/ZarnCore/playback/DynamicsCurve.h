@@ -29,6 +29,9 @@ public:
     /// The same for a track without any dynamic.
     static std::vector<DynamicsCurve> ofPlainTrack(const Track &track);
 
+    /// Whether it has hairpins.
+    bool hasSlopes() const noexcept;
+
     /// Velocity 1 to 127, unrounded for those who add to it, at an offset from the start of a bar.
     double velocityAt(const utils::rational &bar, const utils::rational &offset) const;
 

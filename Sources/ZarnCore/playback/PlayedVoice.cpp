@@ -4,7 +4,6 @@
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/form/Swing.h>
 #include <ZarnCore/playback/PlayingTime.h>
-#include <ZarnCore/playback/ScoreSurvey.h>
 
 #include <numeric>
 
@@ -17,12 +16,12 @@ class SwungOffsets {
 public:
     explicit SwungOffsets(TripletFeel feel) noexcept : _feel(feel) { }
 
-    void read(const Voice &voice)
+    void read(const ScoreSurvey::OfBeat *first, const ScoreSurvey::OfBeat *last)
     {
         _written.assign(1, utils::rational());
-        for (const auto &beat : voice.beats()) {
+        for (; first != last; ++first) {
             _written.push_back(_written.back());
-            advance(_written.back(), beat->length());
+            advance(_written.back(), first->length);
         }
     }
 
@@ -45,15 +44,16 @@ private:
 
 class VoicePlayer {
 public:
-    VoicePlayer(const ScoreModel &model, const Staff &staff, unsigned slot)
-        : _masterBars(model.masterTrack()->masterBars()), _staff(staff), _slot(slot)
+    VoicePlayer(const ScoreModel &model, const ScoreSurvey::OfVoice &voice)
+        : _masterBars(model.masterTrack()->masterBars()), _voice(voice)
     {
     }
 
     void play(const PlayedBar &played, std::uint32_t number, unsigned source)
     {
-        const Voice *const voice = _staff.bars()[source]->voices()[_slot].get();
-        if (!voice || voice->isEmpty())
+        const auto *const first = _voice.beats.data() + begin(source);
+        const auto *const last = _voice.beats.data() + end(source);
+        if (first == last)
             return;
         const MasterBar &master = *_masterBars[played.bar];
         const auto feel = master.isFreeTime() ? TripletFeel::NoTripletFeel : master.tripletFeel();
@@ -64,20 +64,20 @@ public:
         next.isJoined = !_beats.empty() && _beats.back().end() == played.start;
         SwungOffsets offsets(feel);
         if (feel != TripletFeel::NoTripletFeel)
-            offsets.read(*voice);
-        for (const auto &beat : voice->beats()) {
-            next.beat = beat.get();
+            offsets.read(first, last);
+        for (const auto *beat = first; beat != last; ++beat) {
+            next.beat = beat->beat;
             if (feel == TripletFeel::NoTripletFeel) {
-                next.length = bounded(lengthOf(*beat));
+                next.length = bounded(beat->length);
             } else {
                 next.start = bounded(played.start + offsets.at(next.index));
-                next.length = beat->isGrace()
+                next.length = beat->beat->isGrace()
                     ? utils::rational()
                     : bounded(played.start + offsets.at(next.index + 1)) - next.start;
             }
             _beats.push_back(next);
             advance(next.start, next.length);
-            advance(next.offset, lengthOf(*beat));
+            advance(next.offset, beat->length);
             next.isJoined = true;
             ++next.index;
         }
@@ -88,17 +88,18 @@ public:
         std::size_t count = 0;
         for (const PlayedBar &played : bars.bars())
             if (played.bar < sources.size())
-                if (const auto &voice = _staff.bars()[sources[played.bar]]->voices()[_slot])
-                    count += voice->beatCount();
+                count += end(sources[played.bar]) - begin(sources[played.bar]);
         _beats.reserve(count);
     }
 
     PlayedBeats take() { return std::move(_beats); }
 
 private:
+    std::size_t begin(unsigned bar) const { return bar == 0 ? 0 : _voice.barEnds[bar - 1]; }
+    std::size_t end(unsigned bar) const { return _voice.barEnds[bar]; }
+
     const MasterTrack::MasterBars &_masterBars;
-    const Staff &_staff;
-    unsigned _slot;
+    const ScoreSurvey::OfVoice &_voice;
     PlayedBeats _beats;
 };
 
@@ -117,10 +118,10 @@ std::vector<unsigned> sourceBars(const Staff &staff)
     return sources;
 }
 
-PlayedBeats playVoice(const ScoreModel &model, const Staff &staff, unsigned slot,
+PlayedBeats playVoice(const ScoreModel &model, const ScoreSurvey::OfVoice &voice,
                       const PlayedBars &bars, const std::vector<unsigned> &sources)
 {
-    VoicePlayer player(model, staff, slot);
+    VoicePlayer player(model, voice);
     player.reserve(bars, sources);
     std::uint32_t number = 0;
     for (const PlayedBar &played : bars.bars()) {

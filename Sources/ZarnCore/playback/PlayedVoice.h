@@ -3,6 +3,7 @@
 
 #include <ZarnCore/model/ZarnStaff.h>
 #include <ZarnCore/playback/PlayingTime.h>
+#include <ZarnCore/playback/ScoreSurvey.h>
 #include <ZarnCore/playback/ZarnPlayedBars.h>
 
 #include <cstdint>
@@ -34,7 +35,7 @@ std::vector<unsigned> sourceBars(const Staff &staff);
 
 /// The beats of one voice slot of a staff in the order of playing. `sources` is what `sourceBars`
 /// answers for the staff.
-PlayedBeats playVoice(const ScoreModel &model, const Staff &staff, unsigned slot,
+PlayedBeats playVoice(const ScoreModel &model, const ScoreSurvey::OfVoice &voice,
                       const PlayedBars &bars, const std::vector<unsigned> &sources);
 
 } // namespace zarn::playback

@@ -17,11 +17,13 @@ utils::rational roundedUp(const utils::rational &length)
 }
 
 /// Adds what a voice has; answers its length.
-utils::rational survey(const Voice &voice, ScoreSurvey::OfTrack &track, bool &hasCaesura)
+utils::rational survey(const Voice &voice, std::vector<ScoreSurvey::OfBeat> &beats,
+                       ScoreSurvey::OfTrack &track, bool &hasCaesura)
 {
     utils::rational length;
     for (const auto &beat : voice.beats()) {
-        advance(length, lengthOf(*beat));
+        beats.push_back({beat.get(), lengthOf(*beat)});
+        advance(length, beats.back().length);
         track.hasDynamics = track.hasDynamics || beat->dynamic() != NoteDynamic::Value::None;
         if (beat->isCommon())
             continue;
@@ -41,21 +43,27 @@ ScoreSurvey::ScoreSurvey(const ScoreModel &model)
         barLengths.push_back(bounded(bar->length()));
     barsWithCaesura.resize(barLengths.size());
     tracks.resize(model.trackCount());
-    for (const auto &track : model.tracks())
+    for (const auto &track : model.tracks()) {
+        OfTrack &ofTrack = tracks[track->index()];
+        ofTrack.voices.resize(track->staffCount() * Bar::MaxVoices);
         for (const auto &staff : track->staves()) {
+            OfVoice *const voices = &ofTrack.voices[staff->index() * Bar::MaxVoices];
             const auto count = std::min<std::size_t>(barLengths.size(), staff->barCount());
             for (std::size_t i = 0; i < count; ++i)
-                for (const auto &voice : staff->bars()[i]->voices()) {
-                    if (!voice || voice->isEmpty())
-                        continue;
-                    bool hasCaesura = false;
-                    const auto length = survey(*voice, tracks[track->index()], hasCaesura);
-                    if (length > barLengths[i])
-                        barLengths[i] = roundedUp(length);
-                    if (hasCaesura)
-                        barsWithCaesura[i] = true;
+                for (unsigned slot = 0; slot < Bar::MaxVoices; ++slot) {
+                    OfVoice &ofVoice = voices[slot];
+                    if (const auto &voice = staff->bars()[i]->voices()[slot]) {
+                        bool hasCaesura = false;
+                        const auto length = survey(*voice, ofVoice.beats, ofTrack, hasCaesura);
+                        if (length > barLengths[i])
+                            barLengths[i] = roundedUp(length);
+                        if (hasCaesura)
+                            barsWithCaesura[i] = true;
+                    }
+                    ofVoice.barEnds.push_back(static_cast<std::uint32_t>(ofVoice.beats.size()));
                 }
         }
+    }
 }
 
 } // namespace zarn::playback

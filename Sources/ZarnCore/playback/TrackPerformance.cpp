@@ -55,14 +55,6 @@ void joinAcrossVoices(std::vector<PlannedNote> &notes, const std::vector<LooseEn
     notes.erase(std::remove_if(notes.begin(), notes.end(), isJoined), notes.end());
 }
 
-bool hasVoice(const Staff &staff, unsigned slot)
-{
-    return std::any_of(staff.bars().begin(), staff.bars().end(), [slot](const auto &bar) {
-        const auto &voice = bar->voices()[slot];
-        return voice && !voice->isEmpty();
-    });
-}
-
 } // namespace
 
 TrackPerformance TrackPerformance::of(const ScoreModel &model, unsigned index,
@@ -79,9 +71,10 @@ TrackPerformance TrackPerformance::of(const ScoreModel &model, unsigned index,
     for (const auto &staff : track.staves()) {
         const auto sources = sourceBars(*staff);
         for (unsigned slot = 0; slot < Bar::MaxVoices; ++slot) {
-            if (!hasVoice(*staff, slot))
+            const auto &voice = survey.voices[staff->index() * Bar::MaxVoices + slot];
+            if (voice.beats.empty())
                 continue;
-            PlayedBeats beats = playVoice(model, *staff, slot, bars, sources);
+            PlayedBeats beats = playVoice(model, voice, bars, sources);
             placeGraceBeats(beats);
             const VoicePlace place{model,
                                    track,

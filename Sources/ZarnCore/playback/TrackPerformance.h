@@ -2,6 +2,7 @@
 #pragma once
 
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/playback/HeldSwells.h>
 #include <ZarnCore/playback/ScoreSurvey.h>
 #include <ZarnCore/playback/ZarnPitchMotion.h>
 #include <ZarnCore/playback/ZarnPlannedNote.h>
@@ -24,7 +25,10 @@ struct TrackPerformance {
     std::vector<PlannedNote> notes;
     std::vector<PitchMotion> motions;
     std::vector<PlannedControl> controls; ///< those that belong to notes: expression, brightness
+    std::vector<HeldSwell> swells;        ///< of the notes that are held under hairpins
     std::vector<UnknownPercussion> unknown;
+    bool hasPitches = false; ///< among the notes
+    bool hasPercussion = false;
 
     static TrackPerformance of(const ScoreModel &model, unsigned track, const PlayedBars &bars,
                                const TempoMap &tempo, const ScoreSurvey::OfTrack &survey);

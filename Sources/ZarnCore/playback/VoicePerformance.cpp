@@ -14,6 +14,8 @@ namespace zarn::playback {
 
 namespace {
 
+using utils::rational;
+
 constexpr unsigned barsOfRinging = 4;
 
 /// What is left of an attack that comes later than its note may sound.
@@ -37,7 +39,9 @@ VoicePerformance::VoicePerformance(const VoicePlace &place, const PlayedBeats &b
                                    std::vector<LooseEnd> &looseStarts,
                                    std::vector<LooseEnd> &looseEnds)
     : _place(place), _beats(beats), _result(result), _ringing(ringing), _looseStarts(looseStarts),
-      _looseEnds(looseEnds)
+      _looseEnds(looseEnds), _hasHairpins(place.dynamics.hasSlopes()),
+      _isPlain(!_hasHairpins && !place.track.hasAutoBrush() && !place.track.letsRingThroughout()
+               && !InstrumentSet::isUnpitched(place.track.type()))
 {
 }
 
@@ -46,9 +50,52 @@ void VoicePerformance::play()
     _chains = NoteChains::of(_beats);
     _result.notes.reserve(_result.notes.size() + _chains.chains.size());
     for (const NoteChain &chain : _chains.chains)
-        playChain(chain);
+        if (!playPlainly(chain))
+            playChain(chain);
     if (_place.hasMarkedBeats || _hasMarkedNotes)
         BeatSounds(_place, _beats, _result).play();
+}
+
+/// Most notes of most scores: struck once, of a key of their own, without a mark.
+bool VoicePerformance::playPlainly(const NoteChain &chain)
+{
+    const NotePiece &piece = _chains.pieces[chain.first];
+    const Note &note = *piece.note;
+    const bool isPlain = _isPlain && chain.first == chain.last && chain.approach == Approach::Struck
+        && !chain.isLooseAtStart && !chain.isLooseAtEnd && piece.shift == 0 && piece.slideTo == 0
+        && note.isCommon() && !note.isDead() && !note.isGhost() && note.midi() != Note::Unset
+        && note.staffLine() == Note::NoStaffLine && note.percussionArticulation() == Note::Unset;
+    if (!isPlain || !findPlainBeat(piece))
+        return false;
+    _result.hasPitches = true;
+    PlannedNote planned =
+        plan(piece, {withinMidi(note.midi() + _place.track.transpositionOffset()), false, false});
+    planned.start = _plainBeat.start;
+    planned.end = _plainBeat.end;
+    planned.velocity =
+        static_cast<std::uint8_t>(note.velocity() != 0 ? note.velocity() : _plainBeat.velocity);
+    _result.notes.push_back(planned);
+    return true;
+}
+
+/// For a note without any mark, which all such notes of its beat stand for.
+bool VoicePerformance::findPlainBeat(const NotePiece &piece)
+{
+    const std::uint32_t index = piece.beat;
+    if (_plainBeat.beat == index)
+        return _plainBeat.isPlain;
+    const PlayedBeat &played = _beats[index];
+    _plainBeat.beat = index;
+    _plainBeat.isPlain =
+        played.beat->isCommon() && (index == 0 || _beats[index - 1].beat->isCommon());
+    if (!_plainBeat.isPlain)
+        return false;
+    const rational length =
+        soundingLength(*played.beat, *piece.note, played.end() - played.start, played.length);
+    _plainBeat.start = bounded(played.start);
+    _plainBeat.end = std::max(bounded(played.start + length), _plainBeat.start + shortestSound);
+    _plainBeat.velocity = std::clamp(static_cast<int>(std::lround(beatVelocity(index))), 1, 127);
+    return true;
 }
 
 void VoicePerformance::playChain(const NoteChain &chain)
@@ -70,6 +117,7 @@ void VoicePerformance::playChain(const NoteChain &chain)
     }
     endAttacks(chain);
     PlannedNote note = plan(first, *sounding);
+    (note.isPercussion ? _result.hasPercussion : _result.hasPitches) = true;
     note.technique = techniqueOf(first, chain.approach);
     if (isMoved && !note.isPercussion)
         note.motion = addMotion(chain);
@@ -95,6 +143,8 @@ void VoicePerformance::playChain(const NoteChain &chain)
             _result.notes.push_back(upper);
         }
     }
+    if (_hasHairpins && _attacks.size() == 1 && !note.isPercussion)
+        addSwell(chain);
     if (chain.isLooseAtStart)
         _looseStarts.push_back({begin, _beats[first.beat].start});
     const NotePiece &last = _chains.pieces[chain.last];
@@ -111,6 +161,7 @@ PlannedNote VoicePerformance::plan(const NotePiece &piece, const SoundingKey &ke
     PlannedNote note;
     note.key = static_cast<std::uint8_t>(key.key);
     note.isPercussion = key.isPercussion;
+    note.lane = static_cast<std::uint16_t>(_place.track.index());
     note.string = static_cast<std::int8_t>(piece.note->string());
     note.track = static_cast<std::uint16_t>(_place.track.index());
     note.staff = static_cast<std::uint8_t>(_place.staff.index());
@@ -236,6 +287,41 @@ void VoicePerformance::endAttacks(const NoteChain &chain)
 }
 
 // Loudness.
+
+/// How loud the note is to be while it is held, where that is long and changes.
+void VoicePerformance::addSwell(const NoteChain &chain)
+{
+    constexpr double leastChange = 4;
+    const rational whole = _beats[_chains.pieces[chain.last].beat].end()
+        - _beats[_chains.pieces[chain.first].beat].start;
+    if (whole < 1)
+        return;
+    const Attack &attack = _attacks.front();
+    HeldSwell swell;
+    swell.end = bounded(attack.end);
+    double least = 127;
+    double most = 0;
+    std::uint32_t place = chain.first;
+    for (rational time = bounded(attack.start); time < swell.end; time += HeldSwell::step) {
+        const auto hasEnded = [&](const NotePiece &piece) {
+            return piece.next != NotePiece::None && _beats[piece.beat].end() <= time;
+        };
+        while (hasEnded(_chains.pieces[place]))
+            place = _chains.pieces[place].next;
+        const PlayedBeat &played = _beats[_chains.pieces[place].beat];
+        // Fades and swells of their own have expression already.
+        if (played.beat->fadding() != Fadding::NoFadding
+            || played.beat->hairpin() == Hairpin::Swell)
+            return;
+        const double level = _place.dynamics.velocityAt(
+            _place.bars.writtenStart(played.bar), bounded(played.offset + (time - played.start)));
+        least = std::min(least, level);
+        most = std::max(most, level);
+        swell.levels.push_back({time, level});
+    }
+    if (most - least >= leastChange)
+        _result.swells.push_back(std::move(swell));
+}
 
 double VoicePerformance::beatVelocity(std::uint32_t index)
 {

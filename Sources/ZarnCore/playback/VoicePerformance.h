@@ -47,11 +47,14 @@ private:
     };
 
     void playChain(const NoteChain &chain);
+    bool playPlainly(const NoteChain &chain);
+    bool findPlainBeat(const NotePiece &piece);
     void strikePiece(const NotePiece &piece, bool isFirst);
     void strikeOnce(const NotePiece &piece, const Stroke &stroke, const utils::rational &delay,
                     bool isFirst);
     void hold(const utils::rational &start, const utils::rational &end, int semitones);
     void endAttacks(const NoteChain &chain);
+    void addSwell(const NoteChain &chain);
     std::int32_t addMotion(const NoteChain &chain);
     std::int32_t numberOf(PitchMotion motion);
     PlannedNote plan(const NotePiece &piece, const SoundingKey &key) const;
@@ -73,7 +76,21 @@ private:
 
     NoteChains _chains;
     bool _hasMarkedNotes = false;
+    bool _hasHairpins = false;
     std::vector<Attack> _attacks;
+
+    /// No note of the voice is more than its beat: what a track or the voice has for all of them.
+    bool _isPlain = false;
+
+    /// How notes without any mark sound on the beat asked for last.
+    struct PlainBeat {
+        std::uint32_t beat = NotePiece::None;
+        bool isPlain = false;
+        utils::rational start;
+        utils::rational end;
+        int velocity = 0;
+    };
+    PlainBeat _plainBeat;
 
     // What was worked out for the beat asked for last.
     std::uint32_t _strokesBeat = NotePiece::None;

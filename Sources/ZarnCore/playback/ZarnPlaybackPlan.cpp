@@ -3,11 +3,13 @@
 
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/playback/ChannelPlan.h>
+#include <ZarnCore/playback/HeldSwells.h>
 #include <ZarnCore/playback/TempoReading.h>
 #include <ZarnCore/playback/TrackControls.h>
 #include <ZarnCore/playback/TrackPerformance.h>
 
 #include <algorithm>
+#include <limits>
 #include <map>
 #include <numeric>
 #include <tuple>
@@ -69,8 +71,9 @@ PlaybackPlan::PlaybackPlan(const ScoreModel &model, const PlanOptions &options,
                     note.motion += firstMotion;
         _motions.insert(_motions.end(), std::make_move_iterator(performed.motions.begin()),
                         std::make_move_iterator(performed.motions.end()));
-        const auto controls =
+        auto controls =
             controlsOf(*model.tracks()[i], _bars, survey.tracks[i].hasMarkedBeats, _sounds);
+        addHeldSwells(std::move(performed.swells), performed.notes, controls);
         _controls.insert(_controls.end(), controls.begin(), controls.end());
         _controls.insert(_controls.end(), performed.controls.begin(), performed.controls.end());
         for (const UnknownPercussion &each : performed.unknown)
@@ -78,13 +81,17 @@ PlaybackPlan::PlaybackPlan(const ScoreModel &model, const PlanOptions &options,
                 || _unknown.back().bar != each.bar)
                 _unknown.push_back({each.track, each.bar});
     }
+    std::vector<ChannelPlan::Kinds> kinds(model.trackCount());
     addNotes(performances);
+    for (const TrackPerformance &each : performances)
+        if (!each.notes.empty())
+            kinds[each.notes.front().track] = {each.hasPitches, each.hasPercussion};
     std::stable_sort(_controls.begin(), _controls.end(),
                      [](const PlannedControl &left, const PlannedControl &right) {
                          return left.time < right.time;
                      });
     ChannelPlan channels(model, options.channels);
-    channels.assign(_notes, _motions);
+    channels.assign(_notes, kinds, _motions);
     _lanes = channels.take();
     endRepeatedKeys();
     if (options.bars)
@@ -101,31 +108,36 @@ void PlaybackPlan::addNotes(const std::vector<TrackPerformance> &performances)
         std::uint32_t performance;
         std::uint32_t index;
     };
-    const auto &bars = _bars.bars();
-    std::vector<std::uint32_t> ends(bars.size() + 1);
-    const auto barOf = [&](const PlannedNote &note) {
+    std::vector<double> bars; // where they start, and the end of time
+    for (const PlayedBar &bar : _bars.bars())
+        bars.push_back(bar.start.toDouble());
+    bars.push_back(std::numeric_limits<double>::infinity());
+    std::vector<std::uint32_t> ends(bars.size());
+    const auto barOf = [&](const PlannedNote &note, double start) {
         std::size_t bar = note.playedBar;
-        while (bar > 0 && note.start < bars[bar].start)
+        while (bar > 0 && start < bars[bar])
             --bar;
-        while (bar + 1 < bars.size() && note.start >= bars[bar + 1].start)
+        while (start >= bars[bar + 1])
             ++bar;
         return bar;
     };
     std::size_t count = 0;
     for (const TrackPerformance &each : performances) {
         for (const PlannedNote &note : each.notes)
-            ++ends[barOf(note) + 1];
+            ++ends[barOf(note, note.start.toDouble()) + 1];
         count += each.notes.size();
     }
     std::partial_sum(ends.begin(), ends.end(), ends.begin());
     std::vector<Key> keys(count);
     for (std::uint32_t p = 0; p < performances.size(); ++p) {
         std::uint32_t index = 0;
-        for (const PlannedNote &note : performances[p].notes)
-            keys[ends[barOf(note)]++] = {note.start.toDouble(), p, index++};
+        for (const PlannedNote &note : performances[p].notes) {
+            const double start = note.start.toDouble();
+            keys[ends[barOf(note, start)]++] = {start, p, index++};
+        }
     }
     std::uint32_t begin = 0;
-    for (std::size_t bar = 0; bar < bars.size(); ++bar) {
+    for (std::size_t bar = 0; bar + 1 < bars.size(); ++bar) {
         std::stable_sort(keys.begin() + begin, keys.begin() + ends[bar],
                          [](const Key &left, const Key &right) { return left.time < right.time; });
         begin = ends[bar];
@@ -140,12 +152,18 @@ void PlaybackPlan::addNotes(const std::vector<TrackPerformance> &performances)
 void PlaybackPlan::endRepeatedKeys()
 {
     constexpr std::uint32_t none = 0xFFFFFFFF;
-    std::vector<std::uint32_t> last(std::size_t(16) * 16 * 128, none);
+    struct Last {
+        std::uint32_t note = none;
+        double end = -std::numeric_limits<double>::infinity();
+    };
+    std::vector<Last> last(std::size_t(16) * 16 * 128);
     std::vector<std::uint32_t> struckWith(_notes.size(), none);
     for (std::uint32_t i = 0; i < _notes.size(); ++i) {
-        std::uint32_t &before = last[occupied(_notes[i], _lanes)];
+        Last &lastOfKey = last[occupied(_notes[i], _lanes)];
+        const std::uint32_t before = lastOfKey.note;
         const rational start = _notes[i].start;
-        if (before != none && _notes[before].end > start) {
+        // Rounded times are quick to compare, and never in another order than exact ones.
+        if (lastOfKey.end >= start.toDouble() && _notes[before].end > start) {
             const bool isTogether = _notes[before].start == start;
             const rational end = isTogether ? std::max(_notes[before].end, _notes[i].end) : start;
             for (auto other = before; other != none; other = struckWith[other])
@@ -155,7 +173,7 @@ void PlaybackPlan::endRepeatedKeys()
                 struckWith[i] = before;
             }
         }
-        before = i;
+        lastOfKey = {i, _notes[i].end.toDouble()};
     }
 }
 
