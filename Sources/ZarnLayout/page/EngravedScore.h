@@ -40,12 +40,19 @@ struct TrackHead {
 
 /// A bar in all rows, or bars of rest under one sign, engraved and spaced. Never changes, and says
 /// nothing of where in the score it stands: the bar of all places in it is 0.
-struct EngravedColumn {
+struct EngravedRows {
+    std::vector<EngravedBar> rows;
+    SpacedBar spaced;
+    Problems problems;
+};
+
+/// What is known of such a bar as long as the score has it. What is engraved is much larger, and
+/// kept only where systems are built.
+struct ShownColumn {
     std::shared_ptr<const BarColumn> first;
     std::shared_ptr<const BarColumn> last; ///< of the bars under the sign; else the same
     unsigned count = 1;                    ///< of bars
-    std::vector<EngravedBar> rows;
-    SpacedBar spaced;
+    BarWidth width;
     Problems problems;
 };
 
@@ -57,13 +64,16 @@ struct EngravedScore {
     TrackGroups groups;
     unsigned firstNumber = 1; ///< of the score's first bar, as people count: 0 for a pickup bar
     std::vector<ShownBar> shown;
-    std::vector<std::shared_ptr<const EngravedColumn>> columns; ///< by shown bar
+    std::vector<std::shared_ptr<const ShownColumn>> columns; ///< by shown bar
+
+    /// By shown bar; there for the bars of a system that is being built.
+    std::vector<std::shared_ptr<const EngravedRows>> engraved;
 
     const EngravedBar &bar(unsigned row, unsigned shownBar) const
     {
-        return columns[shownBar]->rows[row];
+        return engraved[shownBar]->rows[row];
     }
-    const SpacedBar &spaced(unsigned shownBar) const { return columns[shownBar]->spaced; }
+    const SpacedBar &spaced(unsigned shownBar) const { return engraved[shownBar]->spaced; }
     const BarSource &source(unsigned row, unsigned shownBar) const
     {
         return *columns[shownBar]->first->staves[staffOfRow[row]];

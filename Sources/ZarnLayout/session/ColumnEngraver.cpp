@@ -36,15 +36,11 @@ void addClefChanges(EngravedBar &bar, const Row &row, const BarSource &source, c
 
 } // namespace
 
-std::shared_ptr<const EngravedColumn> engraveColumn(const ScoreSource &score, const ShownBar &bars,
-                                                    const Pen &pen)
+std::shared_ptr<const EngravedRows> engraveColumn(const ScoreSource &score, const ShownBar &bars,
+                                                  const Pen &pen)
 {
-    auto engraved = std::make_shared<EngravedColumn>();
-    const std::size_t number = bars.bar - score.firstBar;
-    engraved->first = score.columns[number];
-    engraved->last = score.columns[number + bars.count - 1];
-    engraved->count = bars.count;
-    const BarColumn &sources = *engraved->first;
+    auto engraved = std::make_shared<EngravedRows>();
+    const BarColumn &sources = *score.columns[bars.bar - score.firstBar];
     const ColumnSource &shared = *sources.shared;
     std::vector<const BarSource *> staves;
     for (const auto &staff : sources.staves)

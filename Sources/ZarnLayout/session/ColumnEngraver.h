@@ -7,7 +7,7 @@
 namespace zarn::engraving {
 
 /// Engraves a bar in all rows, or the sign for bars of rest, and finds how wide it wants to be.
-std::shared_ptr<const EngravedColumn> engraveColumn(const ScoreSource &score, const ShownBar &bars,
-                                                    const Pen &pen);
+std::shared_ptr<const EngravedRows> engraveColumn(const ScoreSource &score, const ShownBar &bars,
+                                                  const Pen &pen);
 
 } // namespace zarn::engraving

@@ -65,6 +65,7 @@ std::shared_ptr<const layout::Layout> LayoutEngine::layOut(std::shared_ptr<const
         content.problems.push_back({problem.place, problem.text});
     auto layout = std::make_shared<const layout::Layout>(std::move(content));
 
+    forgetEngraved();
     _oldScore = {};
     _oldSystems.clear();
     _source = std::move(next); // at the end: after a failure everything is made anew
@@ -78,10 +79,39 @@ LayoutEngine::Origins LayoutEngine::engrave(const ScoreSource &source, const Sco
     if (old && haveEqualRows(*old, source))
         origins = originsOf(source, *old);
     _score.columns.reserve(_score.shown.size());
-    for (std::size_t i = 0; i < _score.shown.size(); ++i)
-        _score.columns.push_back(origins[i] == isNew ? engraveColumn(source, _score.shown[i], _pen)
-                                                     : _oldScore.columns[origins[i]]);
+    _score.engraved.resize(_score.shown.size());
+    for (std::size_t i = 0; i < _score.shown.size(); ++i) {
+        if (origins[i] != isNew) {
+            _score.columns.push_back(_oldScore.columns[origins[i]]);
+            _score.engraved[i] = std::move(_oldScore.engraved[origins[i]]);
+            continue;
+        }
+        const ShownBar &bars = _score.shown[i];
+        _score.engraved[i] = engraveColumn(source, bars, _pen);
+        auto column = std::make_shared<ShownColumn>();
+        column->first = source.columns[bars.bar - source.firstBar];
+        column->last = source.columns[bars.bar + bars.count - 1 - source.firstBar];
+        column->count = bars.count;
+        column->width = _score.engraved[i]->spaced.width;
+        column->problems = _score.engraved[i]->problems;
+        _score.columns.push_back(std::move(column));
+    }
     return origins;
+}
+
+/// What is engraved stays where systems were built, which is where the next edit is likely to be;
+/// behind a layout of the whole score nowhere.
+void LayoutEngine::forgetEngraved()
+{
+    constexpr std::size_t fewBars = 64;
+    std::vector<std::shared_ptr<const EngravedRows>> kept(_score.engraved.size());
+    std::size_t count = 0;
+    for (const ShownSystem &system : _systems)
+        for (unsigned i = system.first; system.isNew && i < system.end; ++i, ++count)
+            kept[i] = std::move(_score.engraved[i]);
+    if (count > fewBars && _systems.size() > 1)
+        kept.assign(kept.size(), nullptr);
+    _score.engraved = std::move(kept);
 }
 
 LayoutEngine::Origins LayoutEngine::originsOf(const ScoreSource &source,
@@ -90,7 +120,7 @@ LayoutEngine::Origins LayoutEngine::originsOf(const ScoreSource &source,
     const auto &shown = _score.shown;
     Origins origins(shown.size(), isNew);
     const auto isSameBar = [&](std::size_t i, std::size_t before) {
-        const EngravedColumn &column = *_oldScore.columns[before];
+        const ShownColumn &column = *_oldScore.columns[before];
         const std::size_t number = shown[i].bar - source.firstBar;
         return column.count == shown[i].count && column.first == source.columns[number]
             && column.last == source.columns[number + shown[i].count - 1];
@@ -125,33 +155,33 @@ void LayoutEngine::buildSystems(const ScoreSource &source, const Sheet &sheet,
         double width = builder.indent(true) + 100;
         for (const BarWidth &bar : _breaks.bars())
             width += (bar.fixed + bar.spring) * 1.2 + 2;
-        addSystem(0, count, {width, false}, origins);
+        addSystem(source, ShownSystem(0, count, {width, false}), origins);
         return;
     }
     const double first = sheet.width - builder.indent(true) - 0.2;
     const double others = sheet.width - builder.indent(false) - 0.2;
     unsigned bar = 0;
     for (const unsigned bars : _breaks.find(source, _score.shown, {first, others})) {
-        addSystem(bar, bar + bars, {sheet.width, true}, origins);
+        addSystem(source, ShownSystem(bar, bar + bars, {sheet.width, true}), origins);
         bar += bars;
     }
 }
 
-void LayoutEngine::addSystem(unsigned first, unsigned end, const SystemWidth &width,
-                             const Origins &origins)
+void LayoutEngine::addSystem(const ScoreSource &source, ShownSystem system, const Origins &origins)
 {
-    ShownSystem system;
-    system.first = first;
-    system.end = end;
-    system.width = width;
-    const std::uint32_t before = origins[first] == isNew ? isNew : _oldSystemAt[origins[first]];
+    const std::uint32_t origin = origins[system.first];
+    const std::uint32_t before = origin == isNew ? isNew : _oldSystemAt[origin];
     if (before != isNew && isSame(_oldSystems[before], system))
         takeOver(_oldSystems[before], system);
     if (!system.built) {
+        for (unsigned i = system.first; i < system.end; ++i)
+            if (!_score.engraved[i])
+                _score.engraved[i] = engraveColumn(source, _score.shown[i], _pen);
+        system.isNew = true;
         Problems problems;
         system.built = std::make_shared<const BuiltSystem>(
             SystemBuilder(_score, _pen, problems)
-                .build(first, end, width.width, width.isJustified));
+                .build(system.first, system.end, system.width.width, system.width.isJustified));
         system.problems = std::make_shared<const Problems>(std::move(problems));
     }
     const BuiltSystem *const above = _systems.empty() ? nullptr : _systems.back().built.get();

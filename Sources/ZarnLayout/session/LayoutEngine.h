@@ -35,7 +35,8 @@ private:
     Origins engrave(const ScoreSource &source, const ScoreSource *old);
     Origins originsOf(const ScoreSource &source, const ScoreSource &old) const;
     void buildSystems(const ScoreSource &source, const Sheet &sheet, const Origins &origins);
-    void addSystem(unsigned first, unsigned end, const SystemWidth &width, const Origins &origins);
+    void addSystem(const ScoreSource &source, ShownSystem system, const Origins &origins);
+    void forgetEngraved();
     void takeOver(const ShownSystem &old, ShownSystem &system) const;
     bool isSame(const ShownSystem &old, const ShownSystem &system) const;
     Problems collectProblems(const ScoreSource &source, const Sheet &sheet) const;

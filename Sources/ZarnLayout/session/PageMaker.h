@@ -26,9 +26,15 @@ struct SystemWidth {
 
 /// A system where it stands in the score.
 struct ShownSystem {
-    unsigned first = 0; ///< shown bars
-    unsigned end = 0;
-    SystemWidth width; ///< for which it was built
+    ShownSystem(unsigned first, unsigned end, const SystemWidth &width)
+        : first(first), end(end), width(width)
+    {
+    }
+
+    unsigned first; ///< shown bars
+    unsigned end;
+    SystemWidth width;  ///< for which it was built
+    bool isNew = false; ///< was not there in the layout before
     std::shared_ptr<const BuiltSystem> built;
     std::shared_ptr<const Problems> problems;
     const BuiltSystem *above = nullptr; ///< the system in front, for which the nesting is true

@@ -14,7 +14,7 @@ void SystemBreaks::measure(const EngravedScore &score, const std::vector<std::ui
     std::vector<Joint> joints(count);
     std::vector<BarWidth> bars(count);
     for (unsigned i = 0; i < count; ++i) {
-        const EngravedColumn *const before = i > 0 ? score.columns[i - 1].get() : nullptr;
+        const ShownColumn *const before = i > 0 ? score.columns[i - 1].get() : nullptr;
         Joint &joint = joints[i];
         if (origins[i] != isNew && _joints[origins[i]].before == before) {
             joint = _joints[origins[i]];
@@ -24,7 +24,7 @@ void SystemBreaks::measure(const EngravedScore &score, const std::vector<std::ui
             joint.head = jointBefore(score, i, JointPlace::Head, pen).width - joint.middle;
         }
         BarWidth &bar = bars[i];
-        bar = score.columns[i]->spaced.width;
+        bar = score.columns[i]->width;
         bar.fixed += joint.middle;
         bar.least += joint.middle;
         bar.headOfLine = joint.head;

@@ -43,7 +43,7 @@ public:
 private:
     /// Width of the signs in front of a bar, and how much more at the head of a line.
     struct Joint {
-        const EngravedColumn *before = nullptr; ///< for which it is true
+        const ShownColumn *before = nullptr; ///< for which it is true
         double middle = 0;
         double head = 0;
     };
