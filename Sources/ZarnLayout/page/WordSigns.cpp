@@ -80,6 +80,20 @@ bool wasOpen(const SystemDraft &draft, const RowDraft &row, const PlacedChord &f
     return false;
 }
 
+/// Away from bar lines, which lead through the staves of a track.
+void keepInBar(Inks &inks, const SystemDraft &draft, const PlacedChord &chord)
+{
+    constexpr double gap = 0.2;
+    for (const BarPlace &bar : draft.bars) {
+        if (bar.shownBar != chord.shownBar)
+            continue;
+        const Box box = boxOf(inks);
+        const double left = std::max(0.0, bar.left + gap - box.left);
+        const double right = std::max(0.0, box.right - bar.right + gap);
+        move(inks, left > 0 ? left : -right, 0);
+    }
+}
+
 Inks diagramInks(const Pen &pen, const ChordDiagram &diagram, double centre)
 {
     constexpr double stringGap = 0.9;
@@ -134,6 +148,30 @@ Inks diagramInks(const Pen &pen, const ChordDiagram &diagram, double centre)
     return inks;
 }
 
+/// Dynamics and hairpins that follow one another closely share a line; what stands alone is as near
+/// to its notes as it can be.
+void alignNeighbours(SideItems &items)
+{
+    constexpr double apart = 5;
+    std::vector<SideItem *> inOrder;
+    for (SideItem &item : items)
+        if (item.line != 0 && !item.inks.empty())
+            inOrder.push_back(&item);
+    std::stable_sort(inOrder.begin(), inOrder.end(),
+                     [](const SideItem *left, const SideItem *right) {
+                         return boxOf(left->inks).left < boxOf(right->inks).left;
+                     });
+    int line = dynamicLine;
+    double end = -1e9;
+    for (SideItem *item : inOrder) {
+        const Box box = boxOf(item->inks);
+        if (box.left > end + apart)
+            ++line;
+        item->line = line;
+        end = std::max(end, box.right);
+    }
+}
+
 } // namespace
 
 void addDynamics(RowDraft &row, const SystemDraft &draft)
@@ -154,6 +192,7 @@ void addDynamics(RowDraft &row, const SystemDraft &draft)
         item.gap = 0.5;
         item.inks =
             draft.pen.glyphs(MarkKind::Dynamic, signs, chord.headCentre(), 0, Pen::Align::Centre);
+        keepInBar(item.inks, draft, chord);
         const Box box = boxOf(item.inks);
         // Several voices that say the same say it once.
         const bool isTaken =
@@ -208,6 +247,7 @@ void addDynamics(RowDraft &row, const SystemDraft &draft)
         }
         i = end;
     }
+    alignNeighbours(items);
     place(row, std::move(items));
 }
 

@@ -11,8 +11,8 @@ using utils::rational;
 
 namespace {
 
-constexpr double quarterWidth = 3.4;
-constexpr double doublingRatio = 1.45;
+constexpr double quarterWidth = 3.0;
+constexpr double doublingRatio = 1.42;
 constexpr double firstGap = 1.1;
 constexpr double gapBehindBarLine = 0.6;
 constexpr double gapToBarLine = 0.5;

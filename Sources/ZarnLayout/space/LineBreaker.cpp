@@ -9,6 +9,15 @@ namespace {
 
 constexpr unsigned window = 24;
 
+/// How much of a last line notes should fill at least.
+constexpr double fewest = 0.4;
+
+enum class LineEnd {
+    Inner, ///< another line follows
+    Cut,   ///< the window ends here
+    Last
+};
+
 /// Sums over the bars of one line as it grows.
 struct LineSum {
     double fixed = 0;
@@ -22,14 +31,18 @@ struct LineSum {
         spring += bar.spring;
         pressed += std::max(bar.fixed + leastFactor * bar.spring, bar.least) + head;
     }
-    double cost(double width, bool isLastLine, bool endsSection) const
+    double cost(double width, LineEnd end, bool endsSection) const
     {
         if (pressed > width)
             return impossible + pressed - width;
         const double force = spring > 0 ? (width - fixed) / spring - 1 : 0;
         const double cost = force < 0 ? 4 * force * force : force * force;
-        if (isLastLine && force > 0)
-            return 0.25 * std::min(force * force, 6.0);
+        if (end != LineEnd::Inner && force > 0) {
+            // A last line need not be full, but a bar left alone looks forgotten.
+            const double full = (fixed + spring) / width;
+            const double lonely = end == LineEnd::Last ? std::max(0.0, fewest - full) / fewest : 0;
+            return 0.25 * std::min(force * force, 1.5) + 1.2 * lonely;
+        }
         return endsSection ? 0.8 * cost : cost;
     }
 };
@@ -41,7 +54,8 @@ double costOfLine(const std::vector<BarWidth> &bars, unsigned first, unsigned en
     LineSum sum;
     for (unsigned bar = first; bar < end; ++bar)
         sum.add(bars[bar], bar == first);
-    return sum.cost(width, end == bars.size(), bars[end - 1].endsSection);
+    return sum.cost(width, end == bars.size() ? LineEnd::Last : LineEnd::Inner,
+                    bars[end - 1].endsSection);
 }
 
 std::vector<unsigned> breakLines(const std::vector<BarWidth> &bars, double firstWidth, double width)
@@ -67,9 +81,11 @@ std::vector<unsigned> breakLines(const std::vector<BarWidth> &bars, double first
             const double room = start + from == 0 ? firstWidth : width;
             for (unsigned to = from + 1; to <= size; ++to) {
                 sum.add(bars[start + to - 1], to == from + 1);
-                const bool isLast = start + to == count || (to == size && isCut);
+                const LineEnd lineEnd = start + to == count ? LineEnd::Last
+                    : to == size && isCut                   ? LineEnd::Cut
+                                                            : LineEnd::Inner;
                 const double cost =
-                    sum.cost(room, isLast, bars[start + to - 1].endsSection) + costs[to];
+                    sum.cost(room, lineEnd, bars[start + to - 1].endsSection) + costs[to];
                 if (cost < costs[from]) {
                     costs[from] = cost;
                     next[from] = to;
