@@ -6,6 +6,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
+#include <set>
+#include <tuple>
 
 namespace zarn::engraving {
 
@@ -17,12 +20,13 @@ bool areAtOnePlace(const NoteSource &left, const NoteSource &right)
 {
     if (left.string >= 0 && right.string >= 0)
         return left.string == right.string;
-    return left.midi == right.midi && left.line == right.line;
+    return left.midi == right.midi;
 }
 
 /// Where a tie may begin and end, below its heads and above them, and where it would like to lie.
 struct TieEnds {
-    int side; ///< 1 above the heads, -1 below
+    int side;     ///< 1 above the heads, -1 below
+    bool isLevel; ///< both heads are on one line
     Point from[2];
     Point to[2];
 };
@@ -45,7 +49,8 @@ public:
         if (!hasTies)
             return;
         _field.add(_row.inks);
-        auto &chords = _row.chords;
+        findPartners();
+        const auto &chords = _row.chords;
         for (std::size_t i = 0; i < chords.size(); ++i) {
             const PlacedChord &chord = chords[i];
             if (chord.beat().noteCount == 0)
@@ -54,18 +59,63 @@ public:
             const bool isLast =
                 i + 1 == chords.size() || chords[i + 1].chord->voice != chord.chord->voice;
             for (const Head &head : chord.chord->heads) {
-                const NoteSource &note = chord.note(head);
-                if (note.marks.isTieOrigin())
-                    addFrom(chord, head, isLast ? nullptr : nextMain(i),
-                            isLast && chord.shownBar + 1 == _draft.end);
-                if (note.marks.isTied()
-                    && !endsHere(chord, note, isFirst ? nullptr : &chords[i - 1]))
+                if (chord.note(head).marks.isTieOrigin())
+                    addFrom(chord, head, isLast && chord.shownBar + 1 == _draft.end);
+                if (chord.note(head).marks.isTied() && _ends.count({&chord, &head}) == 0)
                     addTo(chord, head, isFirst && chord.shownBar == _draft.first);
             }
         }
     }
 
 private:
+    struct Partner {
+        const PlacedChord *chord;
+        const Head *head;
+
+        bool operator<(const Partner &other) const noexcept
+        {
+            return std::tie(chord, head) < std::tie(other.chord, other.head);
+        }
+    };
+
+    /// Joins each head with that to which it is tied: in its voice, or else in another.
+    void findPartners()
+    {
+        const auto &chords = _row.chords;
+        const auto eachOrigin = [&](const auto &find) {
+            for (std::size_t i = 0; i < chords.size(); ++i)
+                if (chords[i].beat().noteCount > 0)
+                    for (const Head &head : chords[i].chord->heads)
+                        if (chords[i].note(head).marks.isTieOrigin()
+                            && _partners.count({&chords[i], &head}) == 0)
+                            find(i, head);
+        };
+        eachOrigin([&](std::size_t number, const Head &head) {
+            if (const PlacedChord *next = nextMain(number))
+                join({&chords[number], &head}, {next, endIn(*next, chords[number].note(head))});
+        });
+        eachOrigin([&](std::size_t number, const Head &head) {
+            Partner nearest = {nullptr, nullptr};
+            for (const PlacedChord &other : chords) {
+                const bool isBehind = other.x > chords[number].x
+                    && other.shownBar <= chords[number].shownBar + 1
+                    && other.chord->voice != chords[number].chord->voice
+                    && (!nearest.chord || other.x < nearest.chord->x);
+                if (!isBehind || other.beat().noteCount == 0)
+                    continue;
+                if (const Head *end = endIn(other, chords[number].note(head)))
+                    nearest = {&other, end};
+            }
+            join({&chords[number], &head}, nearest);
+        });
+    }
+
+    void join(const Partner &from, const Partner &to)
+    {
+        if (to.head && _ends.insert(to).second)
+            _partners.emplace(from, to);
+    }
+
     /// Grace notes in between are no end of a tie.
     const PlacedChord *nextMain(std::size_t number) const
     {
@@ -77,25 +127,14 @@ private:
         return nullptr;
     }
 
-    static bool endsHere(const PlacedChord &chord, const NoteSource &note,
-                         const PlacedChord *before)
+    /// The free head of a chord that a note may be tied to.
+    const Head *endIn(const PlacedChord &chord, const NoteSource &note) const
     {
-        static_cast<void>(chord);
-        if (!before || before->beat().noteCount == 0)
-            return false;
-        const auto &heads = before->chord->heads;
-        return std::any_of(heads.begin(), heads.end(), [&](const Head &head) {
-            const NoteSource &origin = before->note(head);
-            return origin.marks.isTieOrigin() && areAtOnePlace(origin, note);
-        });
-    }
-
-    static const Head *partner(const PlacedChord *next, const NoteSource &note)
-    {
-        if (!next || next->beat().noteCount == 0)
+        if (chord.beat().noteCount == 0)
             return nullptr;
-        for (const Head &head : next->chord->heads)
-            if (next->note(head).marks.isTied() && areAtOnePlace(note, next->note(head)))
+        for (const Head &head : chord.chord->heads)
+            if (chord.note(head).marks.isTied() && areAtOnePlace(note, chord.note(head))
+                && _ends.count({&chord, &head}) == 0)
                 return &head;
         return nullptr;
     }
@@ -139,15 +178,17 @@ private:
         return _draft.score.bar(_row.number, chord.shownBar).inks[number];
     }
 
-    void addFrom(const PlacedChord &chord, const Head &head, const PlacedChord *next,
-                 bool leavesSystem)
+    void addFrom(const PlacedChord &chord, const Head &head, bool leavesSystem)
     {
-        TieEnds ends = {sideOf(chord, head), {}, {}};
-        const Head *partnerHead = partner(next, chord.note(head));
+        TieEnds ends = {sideOf(chord, head), true, {}, {}};
+        const auto found = _partners.find({&chord, &head});
+        const bool hasPartner = found != _partners.end();
+        ends.isLevel = !hasPartner || found->second.head->line == head.line;
         for (const int side : {-1, 1}) {
             const Point from = endAt(chord, head, side, true);
             ends.from[side > 0] = from;
-            ends.to[side > 0] = partnerHead ? endAt(*next, *partnerHead, side, false)
+            ends.to[side > 0] = hasPartner
+                ? endAt(*found->second.chord, *found->second.head, side, false)
                 : leavesSystem ? Point{std::max(_draft.musicRight() - 0.1, from.x + 0.8), from.y}
                                : Point{from.x + shortTie, from.y};
         }
@@ -156,7 +197,7 @@ private:
 
     void addTo(const PlacedChord &chord, const Head &head, bool entersSystem)
     {
-        TieEnds ends = {sideOf(chord, head), {}, {}};
+        TieEnds ends = {sideOf(chord, head), true, {}, {}};
         for (const int side : {-1, 1}) {
             const Point to = endAt(chord, head, side, false);
             ends.to[side > 0] = to;
@@ -185,8 +226,8 @@ private:
         };
         static const std::vector<Try> tries = [] {
             std::vector<Try> all;
-            for (const double shift : {0.0, -0.15, 0.15, 0.3, 0.5, 0.75, 1.0})
-                for (const double height : {1.0, 0.75, 1.3, 1.7, 2.2, 2.8})
+            for (const double shift : {0.0, -0.15, 0.15, -0.3, 0.3, -0.45, 0.5, 0.75, 1.0, 1.3})
+                for (const double height : {1.0, 0.75, 0.5, 0.25, 1.3, 1.7, 2.2, 2.8})
                     all.push_back(
                         {shift, height, 1.2 * std::abs(shift) + 0.5 * std::abs(height - 1)});
             std::stable_sort(all.begin(), all.end(), [](const Try &left, const Try &right) {
@@ -200,14 +241,16 @@ private:
             const double turned = side == wish.side ? 0 : 0.4;
             Point from = wish.from[side > 0];
             Point to = wish.to[side > 0];
-            from.y = to.y = side > 0 ? std::min(from.y, to.y) : std::max(from.y, to.y);
+            if (wish.isLevel)
+                from.y = to.y = side > 0 ? std::min(from.y, to.y) : std::max(from.y, to.y);
             to.x = std::max(to.x, from.x + 0.6);
             const double height = std::clamp(0.3 + 0.05 * (to.x - from.x), 0.35, 1.1);
             for (const Try &way : tries) {
                 if (way.cost + turned >= least)
                     break;
-                const double y = from.y - side * way.shift;
-                const Bow bow = Bow::arched({from.x, y}, {to.x, y}, side * height * way.height);
+                const double away = side * way.shift;
+                const Bow bow = Bow::arched({from.x, from.y - away}, {to.x, to.y - away},
+                                            side * height * way.height);
                 const double cost = way.cost + turned + 60 * _field.coveredBy(bow, 0.06);
                 if (cost < least) {
                     least = cost;
@@ -219,6 +262,8 @@ private:
     }
 
     InkField _field;
+    std::map<Partner, Partner> _partners; ///< by the head where a tie begins
+    std::set<Partner> _ends;
     RowDraft &_row;
     const SystemDraft &_draft;
 };

@@ -29,7 +29,8 @@ AccidentalMemory::AccidentalMemory(int key)
     _held.fill(_key);
 }
 
-AccidentalSign AccidentalMemory::next(const NoteSource &note, bool isTiedOverBar)
+AccidentalSign AccidentalMemory::next(const NoteSource &note, bool isTiedOverBar,
+                                      bool differsAtOnce)
 {
     if (note.step < 0)
         return {};
@@ -37,7 +38,7 @@ AccidentalSign AccidentalMemory::next(const NoteSource &note, bool isTiedOverBar
     const auto octave = static_cast<std::size_t>(std::clamp<int>(note.octave, 0, 11));
     std::int8_t &held = _held[octave][step];
     const AccidentalDisplay display = note.marks.accidentalDisplay();
-    bool isShown = held != note.alteration;
+    bool isShown = held != note.alteration || differsAtOnce;
     if (isTiedOverBar && display == AccidentalDisplay::Auto) {
         if (note.alteration != _key[step])
             held = unsure;
@@ -46,13 +47,13 @@ AccidentalSign AccidentalMemory::next(const NoteSource &note, bool isTiedOverBar
     if (display != AccidentalDisplay::Auto)
         isShown = display != AccidentalDisplay::Hidden;
     if (display != AccidentalDisplay::Hidden)
-        held = note.alteration;
+        held = differsAtOnce ? unsure : note.alteration;
     if (!isShown)
         return {};
     return {accidentalOf(note.alteration), display};
 }
 
-void setAccidentals(BarSource &bar)
+void setAccidentals(BarSource &bar, const std::vector<bool> &respelled)
 {
     struct Read {
         const BeatSource *beat;
@@ -68,17 +69,42 @@ void setAccidentals(BarSource &bar)
             return left.beat->onset < right.beat->onset;
         return left.beat->graceRank > right.beat->graceRank;
     });
+    const auto differsAtOnce = [&](std::size_t number, const NoteSource &note) {
+        const BeatSource &beat = *reads[number].beat;
+        const auto differs = [&](std::size_t other) {
+            const BeatSource &chord = *reads[other].beat;
+            return std::any_of(bar.notes.begin() + chord.firstNote,
+                               bar.notes.begin() + chord.firstNote + chord.noteCount,
+                               [&](const NoteSource &there) {
+                                   return there.step == note.step && there.octave == note.octave
+                                       && there.alteration != note.alteration;
+                               });
+        };
+        const auto isAtOnce = [&](std::size_t other) {
+            return reads[other].beat->onset == beat.onset
+                && reads[other].beat->graceRank == beat.graceRank;
+        };
+        for (std::size_t i = number; i < reads.size() && isAtOnce(i); ++i)
+            if (differs(i))
+                return true;
+        for (std::size_t i = number; i-- > 0 && isAtOnce(i);)
+            if (differs(i))
+                return true;
+        return false;
+    };
     AccidentalMemory memory(bar.key);
-    for (const Read &read : reads)
-        for (unsigned i = 0; i < read.beat->noteCount; ++i) {
-            NoteSource &note = bar.notes[read.beat->firstNote + i];
-            const bool isTiedOver =
-                note.marks.isTied() && read.beat->index == 0 && read.beat->onset.isZero();
-            note.accidental = note.marks.isTied() && !isTiedOver
-                    && note.marks.accidentalDisplay() == AccidentalDisplay::Auto
+    for (std::size_t number = 0; number < reads.size(); ++number) {
+        const BeatSource &beat = *reads[number].beat;
+        for (unsigned i = 0; i < beat.noteCount; ++i) {
+            NoteSource &note = bar.notes[beat.firstNote + i];
+            const bool isTied = note.marks.isTied() && !respelled[beat.firstNote + i];
+            const bool isTiedOver = isTied && beat.index == 0 && beat.onset.isZero();
+            note.accidental =
+                isTied && !isTiedOver && note.marks.accidentalDisplay() == AccidentalDisplay::Auto
                 ? AccidentalSign()
-                : memory.next(note, isTiedOver);
+                : memory.next(note, isTiedOver, differsAtOnce(number, note));
         }
+    }
 }
 
 } // namespace zarn::engraving

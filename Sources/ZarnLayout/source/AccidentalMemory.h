@@ -4,6 +4,7 @@
 #include <ZarnLayout/source/BarSource.h>
 
 #include <array>
+#include <vector>
 
 namespace zarn::engraving {
 
@@ -15,8 +16,9 @@ public:
     explicit AccidentalMemory(int key);
 
     /// The accidental in front of the next note. A note that is tied from the bar before needs
-    /// none, and what it is altered by holds for itself alone.
-    AccidentalSign next(const NoteSource &note, bool isTiedOverBar);
+    /// none, and what it is altered by holds for itself alone. What differs from another note at
+    /// once on its line always has one.
+    AccidentalSign next(const NoteSource &note, bool isTiedOverBar, bool differsAtOnce);
 
 private:
     static constexpr int unsure = 100; ///< nobody can know: whatever follows is written
@@ -25,7 +27,8 @@ private:
     std::array<std::array<std::int8_t, 7>, 12> _held;
 };
 
-/// Gives all notes of a bar their accidentals, in the order in which they are read.
-void setAccidentals(BarSource &bar);
+/// Gives all notes of a bar their accidentals, in the order in which they are read. `respelled`
+/// says of each note whether it is tied from one of another name, and is therefore written anew.
+void setAccidentals(BarSource &bar, const std::vector<bool> &respelled);
 
 } // namespace zarn::engraving

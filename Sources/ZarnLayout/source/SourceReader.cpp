@@ -9,6 +9,7 @@
 #include <ZarnCore/music/ZarnMusic.h>
 
 #include <algorithm>
+#include <map>
 
 namespace zarn::engraving {
 
@@ -125,6 +126,39 @@ int keyOf(const Track &track, const MasterBar &master)
         .accidentalCount();
 }
 
+/// Marks the notes that are tied from a note of the same pitch with another name: F sharp from
+/// G flat. They are written as what they are.
+std::vector<bool> respelledTies(const BarSource &source, const Staff &staff, unsigned index)
+{
+    std::vector<bool> respelled(source.notes.size(), false);
+    for (const VoiceSource &voice : source.voices) {
+        // Steps of the notes before, by what they sound.
+        std::map<int, int> before;
+        const std::shared_ptr<Voice> last =
+            index > 0 ? staff.bars()[index - 1]->voice(voice.number) : nullptr;
+        if (last && last->beatCount() > 0)
+            for (const auto &note : last->beats().back()->notes())
+                if (const int midi = writtenMidi(*note); midi >= 0)
+                    before[midi] = static_cast<int>(
+                        PitchClass::fromPitch(writtenPitch(*note, midi, source.keyBefore))
+                            .note()
+                            .value());
+        for (const BeatSource &beat : voice.beats) {
+            std::map<int, int> here;
+            for (unsigned i = beat.firstNote; i < beat.firstNote + beat.noteCount; ++i) {
+                const NoteSource &note = source.notes[i];
+                const auto origin = before.find(note.midi);
+                respelled[i] = note.marks.isTied() && note.step >= 0 && origin != before.end()
+                    && origin->second != note.step;
+                if (note.step >= 0)
+                    here[note.midi] = note.step;
+            }
+            before = std::move(here);
+        }
+    }
+    return respelled;
+}
+
 ClefType clefAtEnd(const Bar &bar)
 {
     return bar.clefChanges().empty() ? bar.clef() : bar.clefChanges().back().clef;
@@ -155,7 +189,7 @@ BarSource readBar(const ScoreModel &model, const Track &track, const Staff &staf
             reader.readVoice(*voice);
     for (VoiceSource &voice : source.voices)
         setBeams(voice.beats, master.timeSignature(), master.beamGroups());
-    setAccidentals(source);
+    setAccidentals(source, respelledTies(source, staff, index));
     return source;
 }
 
