@@ -2,10 +2,9 @@
 #include <ZarnLayout/engrave/BarEngraver.h>
 
 #include <ZarnLayout/engrave/ChordInks.h>
+#include <ZarnLayout/engrave/ColumnSpaces.h>
 #include <ZarnLayout/engrave/HeadGlyph.h>
 #include <ZarnLayout/engrave/TabFret.h>
-
-#include <ZarnCore/chords/ZarnChordDiagram.h>
 
 #include <algorithm>
 #include <cmath>
@@ -68,7 +67,7 @@ EngravedBar BarEngraver::engrave(const BarSource &source, const ColumnSource &co
     }
     placeVoices();
     addInks();
-    addSpaces();
+    addSpaces(_result, *_source, _row, _pen.fonts());
     return std::move(_result);
 }
 
@@ -279,6 +278,19 @@ void BarEngraver::placeStem(Chord &chord)
     if (strokes > 0)
         length = std::max(length, 3.0 + 0.8 * strokes);
     double tip = nearTip.y + direction * length;
+    // A flag ends before a head that stands on its side of the stem.
+    if (flags > 0 && !chord.isBeamed && chord.isStemUp) {
+        const double reach = fonts.box(flagOf(flags, true)).bottom * scale;
+        for (const Head &head : chord.heads)
+            if (head.isDisplaced)
+                tip = std::min(tip, head.y - 0.6 * scale - reach);
+    }
+    // Flags of downward stems come up to the head: crosses and triangles have corners there.
+    if (flags > 0 && !chord.isBeamed && !chord.isStemUp
+        && nearTip.glyph != fonts.glyph(Sign::NoteheadBlack)) {
+        const double reach = -fonts.box(flagOf(flags, false)).top * scale;
+        tip = std::max(tip, nearTip.y + fonts.box(nearTip.glyph).bottom * scale + 0.05 + reach);
+    }
     const double middle = _row.height() / 2;
     const bool isOutward = chord.isStemUp ? nearTip.y < 0 : nearTip.y > _row.height();
     if (isOutward && flags == 0 && strokes == 0 && scale == 1)
@@ -402,98 +414,6 @@ void BarEngraver::addInks()
 {
     ChordInks inks(_row, _pen, *_source, _bar, _hasVoices);
     inks.add(_result);
-}
-
-void BarEngraver::addWordSpaces(const Chord &chord, std::vector<SpaceBox> &boxes) const
-{
-    // At heights of their own, so that they meet their own kind alone.
-    const BeatDetails &details = *chord.beat->details;
-    const double centre = chord.x + chord.width / 2;
-    for (const Syllable &syllable : details.lyrics) {
-        const double width = _pen.fonts().textBox(syllable.text, TextRole::Lyric).right;
-        const bool wordGoesOn =
-            syllable.syllabic == Syllabic::Begin || syllable.syllabic == Syllabic::Middle;
-        const double y = lyricSpaceY + 10.0 * syllable.line;
-        boxes.push_back(
-            {{centre - width / 2, y, centre + width / 2 + (wordGoesOn ? 0.8 : 0), y + 1},
-             SpaceBox::Kind::Text});
-    }
-    if (!details.chord.symbol.empty()) {
-        const double width =
-            _pen.fonts().textBox(details.chord.symbol, TextRole::ChordSymbol).right;
-        const double left = details.chord.diagram ? centre - width / 2 : chord.x;
-        boxes.push_back(
-            {{left, symbolSpaceY, left + width, symbolSpaceY + 1}, SpaceBox::Kind::Text});
-    }
-    if (details.chord.diagram) {
-        const double half = 0.45 * static_cast<double>(details.chord.diagram->frets.size()) + 0.8;
-        boxes.push_back({{centre - half, symbolSpaceY - 10, centre + half, symbolSpaceY - 9},
-                         SpaceBox::Kind::Text});
-    }
-}
-
-void BarEngraver::addSpaces()
-{
-    for (const Chord &chord : _result.chords) {
-        if (chord.beat->isGrace())
-            continue;
-        auto &boxes = _result.columns[chord.column].boxes;
-        for (std::uint32_t i = chord.firstInk; i < chord.inkEnd; ++i) {
-            const Ink &ink = _result.inks[i];
-            SpaceBox::Kind kind = SpaceBox::Kind::Sign;
-            switch (ink.kind) {
-            case MarkKind::NoteHead:
-            case MarkKind::Slash:
-            case MarkKind::Fret:
-                kind = SpaceBox::Kind::Head;
-                break;
-            case MarkKind::Accidental:
-                kind = SpaceBox::Kind::Accidental;
-                break;
-            case MarkKind::AugmentationDot:
-                kind = SpaceBox::Kind::Dot;
-                break;
-            case MarkKind::Stem:
-            case MarkKind::Flag:
-                kind = SpaceBox::Kind::Stem;
-                break;
-            case MarkKind::LedgerLine:
-                kind = SpaceBox::Kind::Ledger;
-                break;
-            case MarkKind::Rest:
-                kind = SpaceBox::Kind::Rest;
-                break;
-            default:
-                break;
-            }
-            boxes.push_back({ink.box.movedBy(chord.x, 0), kind});
-        }
-        if (_row.isFirstOfStaff && chord.beat->marks.dynamic() != NoteDynamic()) {
-            constexpr double letter = 1.25;
-            const double half = letter
-                * static_cast<double>(
-                                    NoteDynamic::textOf(chord.beat->marks.dynamic().value()).size())
-                / 2;
-            const double centre = chord.x + chord.width / 2;
-            boxes.push_back({{centre - half, dynamicSpaceY, centre + half, dynamicSpaceY + 1},
-                             SpaceBox::Kind::Text});
-        }
-        if (_row.isFirstOfStaff && chord.beat->marks.pedal() != PedalChange::None) {
-            const PedalChange pedal = chord.beat->marks.pedal();
-            const double width = pedal == PedalChange::Start ? 3.3
-                : pedal == PedalChange::Stop                 ? 1.4
-                                                             : 5.0;
-            boxes.push_back(
-                {{chord.x, pedalSpaceY, chord.x + width, pedalSpaceY + 1}, SpaceBox::Kind::Text});
-        }
-        if (_row.isFirstOfStaff && chord.beat->details)
-            addWordSpaces(chord, boxes);
-        if (chord.isBeamed && chord.hasStem)
-            boxes.push_back(
-                {{chord.x + chord.stemX - 0.06, std::min(chord.stemTip, chord.stemRoot),
-                  chord.x + chord.stemX + 0.06, std::max(chord.stemTip, chord.stemRoot)},
-                 SpaceBox::Kind::Stem});
-    }
 }
 
 } // namespace zarn::engraving

@@ -34,8 +34,6 @@ private:
     void addCentred(const BeatSource *rest);
     void addSimile();
     void addInks();
-    void addSpaces();
-    void addWordSpaces(const Chord &chord, std::vector<SpaceBox> &boxes) const;
     MarkPlace placeOf(const Chord &chord, int note = -1) const;
 
     const Row &_row;

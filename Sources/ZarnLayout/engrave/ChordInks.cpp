@@ -15,6 +15,22 @@ namespace {
 
 constexpr double dotGap = 0.35;
 
+/// A head among the spaces that dots have taken.
+int headKey(const Head &head)
+{
+    constexpr int heads = 100000;
+    return heads + head.line;
+}
+
+/// Where the ink of a chord begins that has just been added to the others.
+double leftOf(const Chord &chord, const Inks &inks)
+{
+    double left = 0;
+    for (std::size_t i = chord.firstInk; i < inks.size(); ++i)
+        left = std::min(left, inks[i].box.left);
+    return left;
+}
+
 Sign restOf(NoteValue value)
 {
     return Sign::RestLonga + (static_cast<int>(value) - static_cast<int>(NoteValue::Long));
@@ -125,27 +141,42 @@ void ChordInks::add(EngravedBar &bar)
         if (chord.beat->isGrace())
             packColumn({&chord});
 
+    // Arpeggios stand in front of all voices of a column.
+    std::vector<double> columnLeft(bar.columns.size(), 1e9);
+    for (std::size_t i = 0; i < bar.chords.size(); ++i) {
+        const Chord &chord = bar.chords[i];
+        if (chord.beat->isGrace())
+            continue;
+        double &left = columnLeft[chord.column];
+        for (const Head &head : chord.heads)
+            left = std::min(left, chord.x + head.x);
+        for (const PackedAccidental &accidental : byChord[i])
+            left = std::min(left, accidental.x + boxOf(accidental.inks).left);
+    }
+
+    std::vector<std::set<int>> dotted(bar.columns.size());
     for (std::size_t i = 0; i < bar.chords.size(); ++i) {
         Chord &chord = bar.chords[i];
         chord.firstInk = static_cast<std::uint32_t>(bar.inks.size());
         addChord(chord, bar.inks);
-        double left = chord.heads.empty() ? 0 : 1e9;
-        for (const Head &head : chord.heads)
-            left = std::min(left, head.x);
         for (PackedAccidental &accidental : byChord[i]) {
             move(accidental.inks, accidental.x - chord.x, accidental.y);
-            for (Ink &ink : accidental.inks) {
-                left = std::min(left, ink.box.left);
+            for (Ink &ink : accidental.inks)
                 bar.inks.push_back(std::move(ink));
-            }
         }
         if (chord.beat->rhythm.getAugmentationDot() > 0
             && (_row.notation != Notation::Tablature || _row.hasRhythm)) {
             std::vector<Chord *> single = {&chord};
-            addDots(chord, dotStart(chord, chord.beat->isGrace() ? single : mains[chord.column]),
-                    bar.inks);
+            const bool isGrace = chord.beat->isGrace();
+            std::set<int> alone;
+            addDots(chord, dotStart(chord, isGrace ? single : mains[chord.column]),
+                    isGrace ? alone : dotted[chord.column], bar.inks);
         }
-        addArpeggio(chord, left, bar.inks);
+        if (!chord.isRest())
+            addArpeggio(chord,
+                        chord.beat->isGrace() ? leftOf(chord, bar.inks)
+                                              : columnLeft[chord.column] - chord.x,
+                        bar.inks);
         chord.inkEnd = static_cast<std::uint32_t>(bar.inks.size());
     }
 }
@@ -292,7 +323,7 @@ double ChordInks::dotStart(const Chord &chord, const std::vector<Chord *> &colum
     return right + dotGap;
 }
 
-void ChordInks::addDots(const Chord &chord, double right, Inks &inks) const
+void ChordInks::addDots(const Chord &chord, double right, std::set<int> &taken, Inks &inks) const
 {
     const unsigned count = chord.beat->rhythm.getAugmentationDot();
     std::vector<double> places;
@@ -303,13 +334,17 @@ void ChordInks::addDots(const Chord &chord, double right, Inks &inks) const
         places.push_back(chord.stemTip - (chord.isStemUp ? -0.5 : 0.5));
         right = chord.stemX + 0.35;
     } else {
-        // In spaces, one in each: from the highest head down, those of lower voices from below.
-        std::set<int> taken;
+        // In spaces, one in each, also of those of other voices: from the highest head down. A head
+        // that voices share has one dot.
         const bool isLower = _hasVoices && chord.voice % 2 == 1;
         for (auto head = chord.heads.rbegin(); head != chord.heads.rend(); ++head) {
             int line = head->line;
             if (line % 2 == 0)
                 line += isLower ? -1 : 1;
+            const bool isShared = taken.count(headKey(*head)) > 0;
+            taken.insert(headKey(*head));
+            if (isShared)
+                continue;
             while (!taken.insert(line).second)
                 line -= 2;
             places.push_back(_row.yOfLine(line));

@@ -6,6 +6,8 @@
 #include <ZarnLayout/engrave/Pen.h>
 #include <ZarnLayout/source/Rows.h>
 
+#include <set>
+
 namespace zarn::engraving {
 
 /// Makes the marks of the chords and rests of a bar whose heads and stems have their places:
@@ -25,7 +27,8 @@ private:
     void addLedgers(const Chord &chord, Inks &inks) const;
     void addStem(const Chord &chord, Inks &inks) const;
     void addRest(const Chord &chord, Inks &inks) const;
-    void addDots(const Chord &chord, double right, Inks &inks) const;
+    /// `taken`: the spaces, by half spaces above the bottom line, that have dots in this column.
+    void addDots(const Chord &chord, double right, std::set<int> &taken, Inks &inks) const;
     void addArpeggio(const Chord &chord, double left, Inks &inks) const;
     double dotStart(const Chord &chord, const std::vector<Chord *> &column) const;
     MarkPlace placeOf(const Chord &chord, int note = -1) const;

@@ -382,10 +382,17 @@ void addTremolos(RowDraft &row, const SystemDraft &draft)
         if (between == 0 || !next || next->chord->isRest())
             continue;
         const double gap = 0.75;
-        const double left = std::max(rightOf(chord), chord.stemX()) + 0.6;
+        const double left = std::max(rightInkOf(draft, row, chord), chord.stemX()) + 0.4;
         const double right = std::min(leftInkOf(draft, row, *next), next->stemX()) - 0.4;
-        const double y0 = chord.chord->hasStem ? chord.stemTip + inward * 0.9 : chord.top() - 1.5;
-        const double y1 = next->chord->hasStem ? next->stemTip + inward * 0.9 : next->top() - 1.5;
+        double y0 = chord.chord->hasStem ? chord.stemTip + inward * 0.9 : chord.top() - 1.5;
+        double y1 = next->chord->hasStem ? next->stemTip + inward * 0.9 : next->top() - 1.5;
+        // Strokes lean as little as beams do, however far apart their notes are.
+        constexpr double steepest = 1.2;
+        const double middle = (y0 + y1) / 2;
+        const double lean =
+            std::clamp(y1 - y0, -steepest, steepest) * std::min(1.0, (right - left) / 4);
+        y0 = middle - lean / 2;
+        y1 = middle + lean / 2;
         for (unsigned stroke = 0; stroke < between && right > left; ++stroke) {
             const double shift = inward * gap * stroke;
             Ink beam = pen.polygon(MarkKind::Tremolo,

@@ -3,6 +3,7 @@
 
 #include <ZarnLayout/page/BeamEngraver.h>
 #include <ZarnLayout/page/BeatSigns.h>
+#include <ZarnLayout/page/BendEngraver.h>
 #include <ZarnLayout/page/FormSigns.h>
 #include <ZarnLayout/page/SlurEngraver.h>
 #include <ZarnLayout/page/Stretches.h>

@@ -62,6 +62,15 @@ double leftInkOf(const SystemDraft &draft, const RowDraft &row, const PlacedChor
     return left;
 }
 
+double rightInkOf(const SystemDraft &draft, const RowDraft &row, const PlacedChord &chord)
+{
+    double right = rightOf(chord);
+    for (std::uint32_t i = chord.chord->firstInk; i < chord.chord->inkEnd; ++i)
+        if (const Ink &ink = inkOf(draft, row, chord, i); ink.kind != MarkKind::LedgerLine)
+            right = std::max(right, chord.x + ink.box.right);
+    return right;
+}
+
 double rightOf(const PlacedChord &chord)
 {
     double right = chord.x + chord.chord->width;

@@ -64,6 +64,9 @@ const Ink &inkOf(const SystemDraft &draft, const RowDraft &row, const PlacedChor
 /// Where the ink of a chord begins, accidentals included.
 double leftInkOf(const SystemDraft &draft, const RowDraft &row, const PlacedChord &chord);
 
+/// Where its ink ends on the right, dots and flags included.
+double rightInkOf(const SystemDraft &draft, const RowDraft &row, const PlacedChord &chord);
+
 /// Where the heads of a chord end on the right.
 double rightOf(const PlacedChord &chord);
 

@@ -226,26 +226,31 @@ private:
             edges.push_back(edgeAt(point.x, isAbove));
         for (int round = 0; round < 24; ++round) {
             double worst = 0;
-            double atEnds = 0;
+            double atStart = 0;
+            double atEnd = 0;
             const std::vector<Point> points = bow.samples(count);
             for (std::size_t i = 1; i < count; ++i) {
                 const double need = sign * (points[i].y - edges[i]) + 0.3;
-                if (need <= 0)
+                if (need <= 0.01)
                     continue;
                 const double t = static_cast<double>(i) / count;
-                if (t < 0.15 || t > 0.85)
-                    atEnds = std::max(atEnds, need);
+                if (t < 0.15)
+                    atStart = std::max(atStart, need);
+                else if (t > 0.85)
+                    atEnd = std::max(atEnd, need);
                 else
                     worst = std::max(worst, need / (3 * t * (1 - t)));
             }
-            if (worst <= 0.01 && atEnds <= 0.01)
+            if (worst == 0 && atStart == 0 && atEnd == 0)
                 break;
-            if (worst > 0.01 && std::abs(bow.fromRise) < highest) {
+            if (worst > 0 && std::abs(bow.fromRise) < highest) {
                 bow.fromRise = sign * std::min(std::abs(bow.fromRise) + worst * 0.6, highest);
                 bow.toRise = bow.fromRise;
             } else {
-                bow.from.y -= sign * 0.35;
-                bow.to.y -= sign * 0.35;
+                // What is in the way of one end does not lift the other.
+                const bool isMiddle = worst > 0;
+                bow.from.y -= isMiddle || atStart > 0 ? sign * 0.35 : 0;
+                bow.to.y -= isMiddle || atEnd > 0 ? sign * 0.35 : 0;
             }
         }
         return bow;
@@ -286,36 +291,41 @@ Bow bestCrossing(const NumberedSlur &slur, const InkField &field)
     const PlacedChord &first = slur.firstRow->chords[slur.first];
     const PlacedChord &last = slur.lastRow->chords[slur.last];
     const bool isDown = slur.lastRow->y > slur.firstRow->y;
-    constexpr double off = 0.4;
     constexpr std::array<double, 14> rises = {-10, -7,  -5,  -3.5, -2.5, -1.6, -0.8,
                                               0.8, 1.6, 2.5, 3.5,  5,    7,    10};
     Bow best;
     double least = 1e9;
-    for (const bool fromBelow : {isDown, !isDown})
-        for (const bool toBelow : {!isDown, isDown}) {
-            // From the sides that face one another, where nothing speaks against it.
-            const double turned =
-                (fromBelow != isDown ? 1.0 : 0.0) + (toBelow == isDown ? 1.0 : 0.0);
-            const Point from = {first.headCentre() + 0.2,
-                                slur.firstRow->y
-                                    + (fromBelow ? first.bottom() + off : first.top() - off)};
-            const Point to = {std::max(last.headCentre() - 0.2, from.x + 1),
-                              slur.lastRow->y + (toBelow ? last.bottom() + off : last.top() - off)};
-            for (const double fromRise : rises)
-                for (const double toRise : rises) {
-                    const double cost = turned
-                        + 0.08 * (std::abs(fromRise + toRise) + std::abs(fromRise - toRise))
-                        + (fromRise * toRise < 0 ? 0.5 : 0);
-                    if (cost >= least)
-                        continue;
-                    const Bow bow = {from, to, fromRise, toRise};
-                    const double whole = cost + 25 * field.coveredBy(bow, 0.1);
-                    if (whole < least) {
-                        least = whole;
-                        best = bow;
-                    }
+    const auto tryBetween = [&](Point from, Point to, double extra) {
+        for (const double fromRise : rises)
+            for (const double toRise : rises) {
+                const double cost = extra
+                    + 0.08 * (std::abs(fromRise + toRise) + std::abs(fromRise - toRise))
+                    + (fromRise * toRise < 0 ? 0.5 : 0);
+                if (cost >= least)
+                    continue;
+                const Bow bow = {from, to, fromRise, toRise};
+                const double whole = cost + 25 * field.coveredBy(bow, 0.1);
+                if (whole < least) {
+                    least = whole;
+                    best = bow;
                 }
-        }
+            }
+    };
+    const auto endAt = [](const PlacedChord &chord, double x, double y, bool isBelow, double off) {
+        return Point{x, y + (isBelow ? chord.bottom() + off : chord.top() - off)};
+    };
+    for (const double off : {0.4, 1.5})
+        for (const bool fromBelow : {isDown, !isDown})
+            for (const bool toBelow : {!isDown, isDown}) {
+                // From the sides that face one another, where nothing speaks against it.
+                const double turned =
+                    (fromBelow != isDown ? 1.0 : 0.0) + (toBelow == isDown ? 1.0 : 0.0);
+                const double x = first.headCentre() + 0.2;
+                tryBetween(endAt(first, x, slur.firstRow->y, fromBelow, off),
+                           endAt(last, std::max(last.headCentre() - 0.2, x + 1), slur.lastRow->y,
+                                 toBelow, off),
+                           turned + off - 0.4);
+            }
     return best;
 }
 

@@ -9,7 +9,4 @@ namespace zarn::engraving {
 /// with dashes, pedals.
 void addStretches(RowDraft &row, const SystemDraft &draft);
 
-/// Bends and what the whammy bar does.
-void addBends(RowDraft &row, const SystemDraft &draft);
-
 } // namespace zarn::engraving

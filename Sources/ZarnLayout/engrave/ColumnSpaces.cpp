@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnLayout/engrave/ColumnSpaces.h>
+
+#include <ZarnCore/chords/ZarnChordDiagram.h>
+
+#include <algorithm>
+
+namespace zarn::engraving {
+
+namespace {
+
+SpaceBox::Kind kindOf(MarkKind kind)
+{
+    switch (kind) {
+    case MarkKind::NoteHead:
+    case MarkKind::Slash:
+    case MarkKind::Fret:
+        return SpaceBox::Kind::Head;
+    case MarkKind::Accidental:
+        return SpaceBox::Kind::Accidental;
+    case MarkKind::AugmentationDot:
+        return SpaceBox::Kind::Dot;
+    case MarkKind::Stem:
+    case MarkKind::Flag:
+        return SpaceBox::Kind::Stem;
+    case MarkKind::LedgerLine:
+        return SpaceBox::Kind::Ledger;
+    case MarkKind::Rest:
+        return SpaceBox::Kind::Rest;
+    default:
+        return SpaceBox::Kind::Sign;
+    }
+}
+
+void addWordSpaces(const Chord &chord, const Fonts &fonts, std::vector<SpaceBox> &boxes)
+{
+    // At heights of their own, so that they meet their own kind alone.
+    const BeatDetails &details = *chord.beat->details;
+    const double centre = chord.x + chord.width / 2;
+    for (const Syllable &syllable : details.lyrics) {
+        const double width = fonts.textBox(syllable.text, TextRole::Lyric).right;
+        const bool wordGoesOn =
+            syllable.syllabic == Syllabic::Begin || syllable.syllabic == Syllabic::Middle;
+        const double y = lyricSpaceY + 10.0 * syllable.line;
+        boxes.push_back(
+            {{centre - width / 2, y, centre + width / 2 + (wordGoesOn ? 0.8 : 0), y + 1},
+             SpaceBox::Kind::Text});
+    }
+    if (!details.chord.symbol.empty()) {
+        const double width = fonts.textBox(details.chord.symbol, TextRole::ChordSymbol).right;
+        const double left = details.chord.diagram ? centre - width / 2 : chord.x;
+        boxes.push_back(
+            {{left, symbolSpaceY, left + width, symbolSpaceY + 1}, SpaceBox::Kind::Text});
+    }
+    if (details.chord.diagram) {
+        const double half = 0.45 * static_cast<double>(details.chord.diagram->frets.size()) + 0.8;
+        boxes.push_back({{centre - half, symbolSpaceY - 10, centre + half, symbolSpaceY - 9},
+                         SpaceBox::Kind::Text});
+    }
+}
+
+void addBendSpaces(const Chord &chord, const BarSource &source, std::vector<SpaceBox> &boxes)
+{
+    // A bend leads to the right and up, past the strings above.
+    constexpr double turn = 1.5;
+    for (const Head &head : chord.heads) {
+        if (chord.beat->noteCount == 0 || !source.notes[head.note].details)
+            continue;
+        const Bend &bend = source.notes[head.note].details->bend;
+        if (bend.type == BendType::NoBend)
+            continue;
+        int turns = 0;
+        const auto &points = bend.curve.points();
+        for (std::size_t i = 1; i < points.size(); ++i)
+            turns += points[i].value != points[i - 1].value ? 1 : 0;
+        const double left = chord.x + head.x + head.width;
+        boxes.push_back({{left, -1, left + 0.4 + turn * std::max(turns, 1), head.y + 0.3},
+                         SpaceBox::Kind::Sign});
+    }
+}
+
+} // namespace
+
+void addSpaces(EngravedBar &bar, const BarSource &source, const Row &row, const Fonts &fonts)
+{
+    for (const Chord &chord : bar.chords) {
+        if (chord.beat->isGrace())
+            continue;
+        auto &boxes = bar.columns[chord.column].boxes;
+        for (std::uint32_t i = chord.firstInk; i < chord.inkEnd; ++i) {
+            const Ink &ink = bar.inks[i];
+            boxes.push_back({ink.box.movedBy(chord.x, 0), kindOf(ink.kind)});
+        }
+        if (row.isFirstOfStaff && chord.beat->marks.dynamic() != NoteDynamic()) {
+            constexpr double letter = 1.25;
+            const double half = letter
+                * static_cast<double>(
+                                    NoteDynamic::textOf(chord.beat->marks.dynamic().value()).size())
+                / 2;
+            const double centre = chord.x + chord.width / 2;
+            boxes.push_back({{centre - half, dynamicSpaceY, centre + half, dynamicSpaceY + 1},
+                             SpaceBox::Kind::Text});
+        }
+        if (row.isFirstOfStaff && chord.beat->marks.pedal() != PedalChange::None) {
+            const PedalChange pedal = chord.beat->marks.pedal();
+            const double width = pedal == PedalChange::Start ? 3.3
+                : pedal == PedalChange::Stop                 ? 1.4
+                                                             : 5.0;
+            boxes.push_back(
+                {{chord.x, pedalSpaceY, chord.x + width, pedalSpaceY + 1}, SpaceBox::Kind::Text});
+        }
+        if (row.isLastOfStaff)
+            addBendSpaces(chord, source, boxes);
+        if (row.isFirstOfStaff && chord.beat->details)
+            addWordSpaces(chord, fonts, boxes);
+        if (chord.isBeamed && chord.hasStem)
+            boxes.push_back(
+                {{chord.x + chord.stemX - 0.06, std::min(chord.stemTip, chord.stemRoot),
+                  chord.x + chord.stemX + 0.06, std::max(chord.stemTip, chord.stemRoot)},
+                 SpaceBox::Kind::Stem});
+    }
+}
+
+} // namespace zarn::engraving
