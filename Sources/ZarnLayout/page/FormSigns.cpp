@@ -273,7 +273,8 @@ void addFermatas(SystemDraft &draft)
     for (RowDraft &row : draft.rows) {
         if (!row.row->isFirstOfStaff)
             continue;
-        for (const BarPlace &bar : draft.bars)
+        for (const BarPlace &bar : draft.bars) {
+            double lastX = -1e9;
             for (const FermataMark &mark : draft.score.column(bar.shownBar).fermatas) {
                 const double length = draft.score.column(bar.shownBar).length.toDouble();
                 const double time = mark.position.toDouble();
@@ -287,11 +288,16 @@ void addFermatas(SystemDraft &draft)
                                                               : Sign::FermataAbove;
                 const Box &box = draft.pen.fonts().box(sign);
                 x -= (box.left + box.right) / 2;
+                // A bar that is empty here has one for all that are written on it.
+                if (isWhole && std::abs(x - lastX) < 0.5)
+                    continue;
+                lastX = x;
                 MarkPlace where = placeOfBar(draft.score.shown[bar.shownBar].bar);
                 where.track = static_cast<std::int16_t>(row.row->track);
                 where.staff = static_cast<std::int8_t>(row.row->staff);
                 putAbove(row, {draft.pen.glyph(MarkKind::Fermata, sign, x, 0)}, where, 0.4);
             }
+        }
     }
 }
 

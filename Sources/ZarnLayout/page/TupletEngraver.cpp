@@ -41,6 +41,25 @@ std::vector<Bracket> bracketsOf(const RowDraft &row, TupletLevel level)
     return brackets;
 }
 
+/// Two notes that a tremolo joins last as long as one: the strokes say so, not a number.
+bool isTremolo(const RowDraft &row, const Bracket &bracket)
+{
+    for (std::size_t i = bracket.first; i <= bracket.last; ++i)
+        if (row.chords[i].beat().marks.tremoloToNext() == 0
+            && (i == bracket.first || row.chords[i - 1].beat().marks.tremoloToNext() == 0))
+            return false;
+    return true;
+}
+
+/// Whether the first number of a ratio says enough: triplets, quintuplets and so on, and those in
+/// the time of three, as in 6/8.
+bool isUsual(unsigned notes, unsigned inTimeOf)
+{
+    const unsigned plain = notes < 4 ? 2 : notes < 8 ? 4 : 8;
+    const bool isInThree = (notes == 2 || notes == 4) && inTimeOf == 3;
+    return (notes != 2 && inTimeOf == plain) || isInThree;
+}
+
 bool isOneBeam(const RowDraft &row, const Bracket &bracket)
 {
     for (std::size_t i = bracket.first; i <= bracket.last; ++i) {
@@ -64,6 +83,8 @@ void addTuplets(RowDraft &row, const SystemDraft &draft)
     for (const TupletLevel level : {TupletLevel::Inner, TupletLevel::Outer}) {
         SideItems items;
         for (const Bracket &bracket : bracketsOf(row, level)) {
+            if (isTremolo(row, bracket))
+                continue;
             const unsigned notes = bracket.group.ratio().first;
             const unsigned inTimeOf = bracket.group.ratio().second;
             const PlacedChord &first = row.chords[bracket.first];
@@ -76,7 +97,7 @@ void addTuplets(RowDraft &row, const SystemDraft &draft)
             const bool isBare = isOneBeam(row, bracket) && level == TupletLevel::Outer;
             const double left = std::min(first.x, first.x + first.chord->stemX) - 0.1;
             const double right = std::max(rightOf(last), last.stemX()) + 0.1;
-            const bool isPlain = inTimeOf == (notes < 4 ? 2U : notes < 8 ? 4U : 8U);
+            const bool isPlain = isUsual(notes, inTimeOf);
             const std::string number = isPlain || notes == inTimeOf
                 ? std::to_string(notes)
                 : std::to_string(notes) + ":" + std::to_string(inTimeOf);
