@@ -71,7 +71,8 @@ TEST_F(SvgWriterTest, everyMarkSaysWhatItDrawsAndWhere)
     EXPECT_STREQ(markOf("lyric", "0,2,0,0,1").attribute("data-text").value(), "Größe & <AVA>");
     EXPECT_STREQ(markOf("stem", "0,2,0,0,0").attribute("d").value(), "M9154 2048v-3584h123v3584z");
 
-    // As many marks as the layout has, and a symbol for each glyph, once.
+    // As many marks as the layout has, lines of one place in one, and a symbol for each glyph,
+    // once.
     std::map<std::string, int> symbols;
     for (const auto &symbol : root().child("defs").children("symbol"))
         ++symbols[symbol.attribute("id").value()];
@@ -89,7 +90,13 @@ TEST_F(SvgWriterTest, everyMarkSaysWhatItDrawsAndWhere)
             ids.insert(node.attribute("id").value());
         return false;
     });
-    EXPECT_EQ(marks, _layout->pages()[0].systems[0].drawing->marks.marks().size() + 1);
+    const auto &drawn = _layout->pages()[0].systems[0].drawing->marks.marks();
+    std::size_t joined = 0;
+    for (std::size_t i = 1; i < drawn.size(); ++i)
+        joined += drawn[i].kind == MarkKind::StaffLine && drawn[i - 1].kind == MarkKind::StaffLine
+            && drawn[i].place == drawn[i - 1].place;
+    EXPECT_EQ(joined, 4U);
+    EXPECT_EQ(marks + joined, drawn.size() + 1);
     root().find_node([&](const pugi::xml_node &node) {
         const std::string target = node.attribute("xlink:href").value();
         EXPECT_TRUE(target.empty() || ids.count(target.substr(1)) == 1) << target;

@@ -60,6 +60,12 @@ QString placeText(const DrawPlace &place)
     return text;
 }
 
+/// One that is drawn as a filled shape.
+bool isPlainLine(const DrawMark &mark)
+{
+    return mark.shape == MarkShape::Line && mark.detail == 0 && mark.cap == LineCap::Flat;
+}
+
 /// Font units to units of the layout; SMuFL's em is four staff spaces, and fonts grow upwards.
 QString musicSymbolTransform()
 {
@@ -170,14 +176,25 @@ void SvgPage::writeSymbol(const QString &id, const QString &outline)
 
 void SvgPage::writeList(const DrawList &list)
 {
-    for (const DrawMark &mark : list.marks()) {
+    const std::vector<DrawMark> &marks = list.marks();
+    for (std::size_t i = 0; i < marks.size(); ++i) {
+        const DrawMark &mark = marks[i];
         _xml.writeCharacters(QStringLiteral("\n"));
         switch (mark.shape) {
         case MarkShape::Glyph:
             writeGlyph(mark);
             break;
         case MarkShape::Line:
-            writeLine(mark);
+            if (isPlainLine(mark)) {
+                // The lines of a staff, the ledger lines of a chord: one element each.
+                QString data = svgLineData(mark);
+                while (i + 1 < marks.size() && isPlainLine(marks[i + 1])
+                       && marks[i + 1].kind == mark.kind && marks[i + 1].place == mark.place)
+                    data += svgLineData(marks[++i]);
+                writeShape(data, mark);
+            } else {
+                writeDashes(mark);
+            }
             break;
         case MarkShape::Path:
             writePath(list, mark);
@@ -215,27 +232,26 @@ void SvgPage::writeUse(const QString &id, Point at, const QString &transform)
     }
 }
 
-void SvgPage::writeLine(const DrawMark &mark)
+void SvgPage::writeShape(const QString &data, const DrawMark &mark)
 {
     _xml.writeEmptyElement(QStringLiteral("path"));
-    const bool isPlain = mark.detail == 0 && mark.cap == LineCap::Flat;
-    if (isPlain) {
-        _xml.writeAttribute(QStringLiteral("d"), svgLineData(mark));
-    } else {
-        _xml.writeAttribute(QStringLiteral("d"),
-                            QStringLiteral("M%1 %2L%3 %4")
-                                .arg(mark.at.x)
-                                .arg(mark.at.y)
-                                .arg(mark.to.x)
-                                .arg(mark.to.y));
-        _xml.writeAttribute(QStringLiteral("stroke"), QStringLiteral("#000"));
-        _xml.writeAttribute(QStringLiteral("stroke-width"), QString::number(mark.thickness));
-        if (mark.detail != 0)
-            _xml.writeAttribute(QStringLiteral("stroke-dasharray"),
-                                QStringLiteral("%1 %2").arg(mark.detail).arg(mark.gap));
-        if (mark.cap == LineCap::Round)
-            _xml.writeAttribute(QStringLiteral("stroke-linecap"), QStringLiteral("round"));
-    }
+    _xml.writeAttribute(QStringLiteral("d"), data);
+    writeMeaning(mark);
+}
+
+void SvgPage::writeDashes(const DrawMark &mark)
+{
+    _xml.writeEmptyElement(QStringLiteral("path"));
+    _xml.writeAttribute(
+        QStringLiteral("d"),
+        QStringLiteral("M%1 %2L%3 %4").arg(mark.at.x).arg(mark.at.y).arg(mark.to.x).arg(mark.to.y));
+    _xml.writeAttribute(QStringLiteral("stroke"), QStringLiteral("#000"));
+    _xml.writeAttribute(QStringLiteral("stroke-width"), QString::number(mark.thickness));
+    if (mark.detail != 0)
+        _xml.writeAttribute(QStringLiteral("stroke-dasharray"),
+                            QStringLiteral("%1 %2").arg(mark.detail).arg(mark.gap));
+    if (mark.cap == LineCap::Round)
+        _xml.writeAttribute(QStringLiteral("stroke-linecap"), QStringLiteral("round"));
     writeMeaning(mark);
 }
 

@@ -28,7 +28,8 @@ private:
     void writeSymbol(const QString &id, const QString &outline);
     void writeList(const DrawList &list);
     void writeGlyph(const DrawMark &mark);
-    void writeLine(const DrawMark &mark);
+    void writeShape(const QString &data, const DrawMark &mark);
+    void writeDashes(const DrawMark &mark);
     void writePath(const DrawList &list, const DrawMark &mark);
     void writeText(const DrawList &list, const DrawMark &mark);
     void writeCharacters(const DrawList::Text &text, const QString &characters, Point at);
