@@ -337,6 +337,12 @@ TEST(ScoreLayoutTest, whatHasNoRoomIsDrawnAndTold)
     EXPECT_TRUE(tells(broken, "lacks the string"));
     EXPECT_EQ(drawn(broken, MarkKind::Fret), notesOf(small.model, true));
 
+    options.page->width = 210000;
+    options.page->height = 80000;
+    const LaidOut tall(small.model, options);
+    EXPECT_TRUE(tells(tall, "taller than the page"));
+    expectInsideMargins(tall);
+
     small.model.track(0)->staff(0)->setTuning(GuitarTuning());
     EXPECT_EQ(drawn(LaidOut(small.model), MarkKind::NoteHead), notesOf(small.model, false));
     EXPECT_EQ(LaidOut(ScoreModel()).layout->pages().size(), 1U);

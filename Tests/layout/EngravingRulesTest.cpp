@@ -1,0 +1,253 @@
+// SPDX-License-Identifier: MIT
+#include "support/LaidOut.h"
+#include "support/ScoreFiles.h"
+
+#include <ZarnLayout/draw/ZarnPolygons.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+namespace {
+
+using namespace zarn;
+using layout::MarkKind;
+using test::LaidOut;
+using NoteValue = RhythmValue::NoteValue;
+
+/// Bars for a violin that are filled voice by voice.
+class Piece {
+public:
+    explicit Piece(unsigned bars = 1)
+    {
+        model->createAndInsertTrack(0, InstrumentSet::violin);
+        model->track(0)->setChosenNotations(TrackNotations());
+        model->insertEmptyBarColumns(0, bars);
+    }
+
+    /// Written keys; none for a rest.
+    Beat &add(const std::vector<int> &keys, NoteValue value, unsigned dots = 0, unsigned voice = 0,
+              unsigned bar = 0)
+    {
+        auto beat = std::make_shared<Beat>(RhythmValue(value, dots));
+        for (const int key : keys)
+            beat->addNote(std::make_shared<Note>(key));
+        model->track(0)->bar(bar)->ensureVoice(voice)->addBeat(beat);
+        return *beat;
+    }
+
+    static void tie(Beat &from, Beat &to, unsigned note = 0)
+    {
+        from.notes()[note]->setTieOrigin(true);
+        to.notes()[note]->setTied(true);
+    }
+
+    std::shared_ptr<ScoreModel> model = std::make_shared<ScoreModel>();
+};
+
+std::vector<double> heightsOf(const LaidOut &laid, MarkKind kind)
+{
+    std::vector<double> heights;
+    for (const auto &mark : laid.of(kind))
+        heights.push_back(mark.y);
+    std::sort(heights.begin(), heights.end());
+    return heights;
+}
+
+} // namespace
+
+TEST(EngravingRulesTest, tiesBowAwayFromStemsAndVoicesFromEachOther)
+{
+    for (const auto &[key, isAbove] : {std::pair<int, bool>{64, false}, {76, true}}) {
+        Piece piece;
+        Beat &first = piece.add({key}, NoteValue::Half);
+        Piece::tie(first, piece.add({key}, NoteValue::Half));
+        const LaidOut laid(*piece.model);
+        const auto ties = laid.of(MarkKind::Tie);
+        ASSERT_EQ(ties.size(), 1U);
+        const auto head = laid.of(MarkKind::NoteHead).front();
+        EXPECT_EQ(ties[0].bottom < head.y, isAbove);
+        EXPECT_EQ(ties[0].top > head.y, !isAbove);
+        EXPECT_NEAR(ties[0].left, head.left + (head.right - head.left) * 0.62, 0.02);
+    }
+    Piece piece;
+    for (unsigned voice = 0; voice < 2; ++voice) {
+        const int key = voice == 0 ? 76 : 65;
+        Beat &first = piece.add({key}, NoteValue::Half, 0, voice);
+        Piece::tie(first, piece.add({key}, NoteValue::Half, 0, voice));
+    }
+    const LaidOut laid(*piece.model);
+    const auto ties = laid.of(MarkKind::Tie);
+    ASSERT_EQ(ties.size(), 2U);
+    EXPECT_LT(ties[0].bottom, 0.5);
+    EXPECT_GT(ties[1].top, 3.5);
+}
+
+/// A tie may lead from one voice to another: it is one curve, not two that end nowhere.
+TEST(EngravingRulesTest, tiesFindTheirEndsInOtherVoices)
+{
+    Piece piece(2);
+    piece.add({76}, NoteValue::Whole);
+    Beat &from = piece.add({65}, NoteValue::Whole, 0, 1);
+    Beat &to = piece.add({65}, NoteValue::Whole, 0, 0, 1);
+    Piece::tie(from, to);
+    const LaidOut laid(*piece.model);
+    const auto ties = laid.of(MarkKind::Tie);
+    const auto heads = laid.of(MarkKind::NoteHead);
+    ASSERT_EQ(ties.size(), 1U);
+    EXPECT_LT(ties[0].left, heads[1].right + 0.5);
+    EXPECT_GT(ties[0].right, heads.back().left - 0.5);
+}
+
+/// F sharp that is tied from G flat is written as what it is, and so is what differs from another
+/// voice at once on its line.
+TEST(EngravingRulesTest, accidentalsTellWhatNobodyCanGuess)
+{
+    Piece tied(2);
+    Beat &flat = tied.add({66}, NoteValue::Whole);
+    Beat &sharp = tied.add({66}, NoteValue::Whole, 0, 0, 1);
+    flat.notes()[0]->setSpelling(PitchClass::fromString(QStringLiteral("Gb")));
+    sharp.notes()[0]->setSpelling(PitchClass::fromString(QStringLiteral("F#")));
+    Piece::tie(flat, sharp);
+    const LaidOut laid(*tied.model);
+    std::vector<std::string> glyphs;
+    for (const auto &mark : laid.of(MarkKind::Accidental))
+        glyphs.push_back(mark.glyph);
+    EXPECT_EQ(glyphs, (std::vector<std::string>{"accidentalFlat", "accidentalSharp"}));
+    EXPECT_EQ(laid.of(MarkKind::Tie).size(), 1U);
+
+    Piece voices;
+    voices.add({72}, NoteValue::Whole);
+    voices.add({73}, NoteValue::Whole, 0, 1);
+    EXPECT_EQ(LaidOut(*voices.model).of(MarkKind::Accidental).size(), 2U);
+}
+
+TEST(EngravingRulesTest, dotsStandInSpacesOneInEach)
+{
+    const auto dots = [](const std::vector<int> &upper, const std::vector<int> &lower) {
+        Piece piece;
+        piece.add(upper, NoteValue::Half, 1);
+        if (!lower.empty())
+            piece.add(lower, NoteValue::Half, 1, 1);
+        return heightsOf(LaidOut(*piece.model), MarkKind::AugmentationDot);
+    };
+    EXPECT_EQ(dots({72}, {}), (std::vector<double>{1.5})) << "beside a head in a space";
+    EXPECT_EQ(dots({71}, {}), (std::vector<double>{1.5})) << "above that of a head on a line";
+    EXPECT_EQ(dots({71, 72}, {}), (std::vector<double>{1.5, 2.5})) << "of a second";
+    EXPECT_EQ(dots({64, 67, 71}, {}), (std::vector<double>{1.5, 2.5, 3.5}));
+    EXPECT_EQ(dots({76}, {64}), (std::vector<double>{0.5, 4.5})) << "of a lower voice below";
+    EXPECT_EQ(dots({71}, {71}), (std::vector<double>{1.5})) << "one for a head of two voices";
+    EXPECT_EQ(dots({72}, {71}), (std::vector<double>{1.5, 2.5})) << "never two in a space";
+}
+
+TEST(EngravingRulesTest, voicesKeepToTheirSides)
+{
+    Piece piece;
+    piece.add({72}, NoteValue::Quarter);
+    piece.add({}, NoteValue::Quarter);
+    piece.add({72}, NoteValue::Half);
+    piece.add({}, NoteValue::Quarter, 0, 1);
+    piece.add({69}, NoteValue::Quarter, 0, 1);
+    piece.add({69}, NoteValue::Half, 0, 1);
+    const LaidOut laid(*piece.model);
+    for (const auto &stem : laid.of(MarkKind::Stem))
+        EXPECT_EQ(stem.bottom < 2.5, stem.place.voice == 0);
+    for (const auto &rest : laid.of(MarkKind::Rest))
+        EXPECT_EQ(rest.y < 2, rest.place.voice == 0);
+    // A third apart, the heads of both stand in one column.
+    const auto heads = laid.of(MarkKind::NoteHead);
+    EXPECT_NEAR(heads[1].x, heads.back().x, 0.001);
+}
+
+TEST(EngravingRulesTest, theFlagEndsAboveAHeadOnItsSide)
+{
+    Piece piece;
+    piece.add({65, 67, 69}, NoteValue::Eighth);
+    piece.add({}, NoteValue::Eighth);
+    const LaidOut laid(*piece.model);
+    const auto flag = laid.of(MarkKind::Flag).at(0);
+    for (const auto &head : laid.of(MarkKind::NoteHead))
+        if (head.x > flag.left - 0.2) {
+            EXPECT_LE(flag.bottom, head.top);
+        }
+}
+
+TEST(EngravingRulesTest, aTremoloBetweenTwoNotesNeedsNoTupletNumber)
+{
+    Piece piece;
+    const auto add = [&](unsigned strokes) {
+        RhythmValue rhythm(NoteValue::Quarter);
+        rhythm.setPrimaryTupletRatio({4, 2});
+        for (const unsigned between : {strokes, 0U}) {
+            Beat &beat = piece.add({72}, NoteValue::Quarter);
+            beat.setRhythmValue(rhythm);
+            BeatMarks marks = beat.marks();
+            marks.setTremoloToNext(between);
+            beat.setMarks(marks);
+        }
+    };
+    add(3);
+    add(3);
+    EXPECT_TRUE(LaidOut(*piece.model).of(MarkKind::Tuplet).empty());
+}
+
+TEST(EngravingRulesTest, noBarIsLeftAloneOnTheLastLine)
+{
+    for (unsigned bars = 8; bars <= 40; bars += 3) {
+        SCOPED_TRACE(bars);
+        Piece piece(bars);
+        for (unsigned bar = 0; bar < bars; ++bar)
+            for (int i = 0; i < 4; ++i)
+                piece.add({67 + i}, NoteValue::Quarter, 0, 0, bar);
+        layout::LayoutOptions options;
+        options.breaks = layout::SystemBreaks::ByThemselves;
+        const LaidOut laid(*piece.model, options);
+        const auto &systems = laid.layout->pages().back().systems;
+        if (laid.systemCount > 1) {
+            EXPECT_GE(systems.back().drawing->bars.size(), 2U);
+        }
+    }
+}
+
+/// Ties and slurs lie on no head, rest, dot or accidental, by the outlines of both.
+TEST(EngravingRulesTest, curvesLieOnNoInk)
+{
+    for (const std::string &path : scoreFiles()) {
+        SCOPED_TRACE(path);
+        const LaidOut laid(*readScore(path));
+        const layout::Layout &sheets = *laid.layout;
+        for (const auto &page : sheets.pages())
+            for (const auto &system : page.systems) {
+                const auto &list = system.drawing->marks;
+                std::vector<layout::Box> heads;
+                for (const auto &mark : list.marks())
+                    if (mark.kind == MarkKind::NoteHead || mark.kind == MarkKind::AugmentationDot)
+                        heads.push_back(list.box(mark, sheets.font()));
+                std::sort(
+                    heads.begin(), heads.end(),
+                    [](const layout::Box &a, const layout::Box &b) { return a.left < b.left; });
+                for (const auto &mark : list.marks()) {
+                    if (mark.kind != MarkKind::Tie && mark.kind != MarkKind::Slur)
+                        continue;
+                    const auto box = list.box(mark, sheets.font());
+                    const auto polygons = polygonsOf(list, mark, 24);
+                    for (const layout::Box &head : heads) {
+                        if (head.left > box.right)
+                            break;
+                        // The middle of a head, which its ink fills whatever its shape is.
+                        const double x = (head.left + head.right) / 2.0;
+                        const double y = (head.top + head.bottom) / 2.0;
+                        const double width = (head.right - head.left) * 0.3;
+                        const double height = (head.bottom - head.top) * 0.3;
+                        for (const auto &polygon : polygons)
+                            for (const layout::Point &point : polygon)
+                                EXPECT_FALSE(std::abs(point.x - x) < width
+                                             && std::abs(point.y - y) < height)
+                                    << "bar " << mark.place.bar << ", track " << mark.place.track;
+                    }
+                }
+            }
+    }
+}
