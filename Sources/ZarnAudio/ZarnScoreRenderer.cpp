@@ -31,43 +31,54 @@ double decibels(double value)
 ScoreRenderer::ScoreRenderer(const PlaybackPlan &plan, const Settings &settings)
     : _settings(settings), _banks(std::make_unique<Soundbanks>())
 {
-    Synthesizer::Settings wanted;
-    wanted.rate = settings.rate;
-    wanted.hasReverb = wanted.hasChorus = settings.hasReverb;
-    for (;;) {
-        const PlanSound sound = _banks->soundOf(plan, settings.bankOf);
-        wanted.channels = static_cast<int>(sound.channels().size());
-        _synthesizer = std::make_unique<Synthesizer>(wanted);
-        if (!_banks->load(*_synthesizer, sound))
-            continue;
-        _synthesizer->setReverb(settings.master.roomSize, settings.master.reverbLevel);
-        _events = sound.events(settings.rate);
-        _end = sound.end(settings.rate);
-        for (const auto &channel : sound.channels()) {
-            _synthesizer->setPercussion(static_cast<int>(_trackOf.size()), channel.isPercussion);
-            _trackOf.push_back(channel.track);
-        }
-        return;
-    }
+    do
+        _sound = std::make_unique<PlanSound>(_banks->soundOf(plan, settings.bankOf));
+    while (!makeSynthesizer());
+    _events = _sound->events(settings.rate);
+    _end = _sound->end(settings.rate);
 }
 
 ScoreRenderer::~ScoreRenderer() = default;
 
+/// False when some bank cannot be loaded.
+bool ScoreRenderer::makeSynthesizer()
+{
+    const auto &channels = _sound->channels();
+    Synthesizer::Settings wanted;
+    wanted.rate = _settings.rate;
+    wanted.channels = static_cast<int>(channels.size());
+    wanted.hasReverb = wanted.hasChorus = _settings.hasReverb;
+    auto made = std::make_unique<Synthesizer>(wanted);
+    made->setReverb(_settings.master.roomSize, _settings.master.reverbLevel);
+    for (std::size_t i = 0; i < channels.size(); ++i)
+        made->setPercussion(static_cast<int>(i), channels[i].isPercussion);
+    if (!_banks->load(*made, *_sound) || (!_font.empty() && !made->loadFont(_font, nullptr)))
+        return false;
+    _synthesizer = std::move(made);
+    return true;
+}
+
 bool ScoreRenderer::loadFont(const std::string &path, std::string *error)
 {
-    return _synthesizer->loadFont(path, error);
+    if (!_synthesizer->loadFont(path, error))
+        return false;
+    _font = path;
+    return true;
 }
 
 bool ScoreRenderer::render(const Take &take)
 {
     constexpr std::int64_t blockFrames = 4096;
     std::vector<float> block(2 * blockFrames);
-    _synthesizer->reset();
+    // FluidSynth lets a voice begin where another one ended: every rendering has a fresh one.
+    if (_isUsed && !makeSynthesizer())
+        _synthesizer->reset();
+    _isUsed = true;
     auto events = _events;
     if (_track)
         events.erase(std::remove_if(events.begin(), events.end(),
                                     [this](const TimedEvent &event) {
-                                        return _trackOf[event.channel] != *_track;
+                                        return _sound->channels()[event.channel].track != *_track;
                                     }),
                      events.end());
     EventRenderer renderer(*_synthesizer, std::move(events));

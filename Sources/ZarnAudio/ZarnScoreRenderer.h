@@ -54,8 +54,9 @@ public:
 
     void setGain(double decibels) noexcept { _settings.gain = decibels; }
 
-    /// Renders one track from now on, as it is in the whole: the sound of all tracks together, one
-    /// by one, is that of the score, but for the limiter. None means all of them.
+    /// Renders one track from now on, as it is in the whole: all tracks together, one by one, are
+    /// the score, but for the limiter and for how FluidSynth lets a voice of a font begin, whose
+    /// level comes within 64 frames from that of the voice before. None means all of them.
     void setTrack(std::optional<unsigned> track) noexcept { _track = track; }
 
     /// Recordings that play along with the whole, at the renderer's rate.
@@ -78,14 +79,17 @@ public:
 private:
     using Take = std::function<bool(float *frames, std::int64_t count)>;
     bool render(const Take &take);
+    bool makeSynthesizer();
 
     Settings _settings;
     std::vector<TimedEvent> _events;
-    std::vector<unsigned> _trackOf; ///< by channel
     std::optional<unsigned> _track;
     std::vector<PlacedRecording> _recordings;
     std::function<bool()> _stop;
-    std::int64_t _end = 0;              ///< of the last bar or sound
+    std::int64_t _end = 0; ///< of the last bar or sound
+    std::string _font;
+    bool _isUsed = false;
+    std::unique_ptr<PlanSound> _sound;  ///< for its channels: the plan may be gone
     std::unique_ptr<Soundbanks> _banks; ///< outlives the synthesizer
     std::unique_ptr<Synthesizer> _synthesizer;
 };

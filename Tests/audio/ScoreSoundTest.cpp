@@ -65,11 +65,11 @@ protected:
     }
 
     /// A bank whose every key is a sine of one pitch and level; its description's path.
-    std::string bank(const char *name, double frequency, float amplitude)
+    std::string bank(const char *name, double frequency, float amplitude, int count = rate)
     {
         QDir(_folder.path()).mkpath(QLatin1String(name));
         std::vector<float> values;
-        for (int i = 0; i < rate; ++i)
+        for (int i = 0; i < count; ++i)
             values.push_back(amplitude
                              * static_cast<float>(std::sin(2 * M_PI * frequency * i / rate)));
         const std::string folder = path(name);
@@ -358,6 +358,39 @@ TEST_F(ScoreSounds, aBentNoteFollowsItsCurve)
             motion->semitonesAt({static_cast<std::int64_t>(quarters * 100'000), 100'000});
         EXPECT_NEAR(1200 * std::log2(heard / frequency), 100 * wanted, 5) << "at " << middle;
     }
+}
+
+TEST_F(ScoreSounds, whereRenderingStartsDoesNotMatter)
+{
+    const std::string sine = bank("sine", 441, 0.2F, 2000);
+    const PlaybackPlan plan(*romance());
+    Soundbanks banks;
+    const PlanSound sound = banks.soundOf(plan, [&](const Sound &, bool, int) { return sine; });
+    Synthesizer synthesizer({rate, Synthesizer::mostChannels, 256, false, false});
+    ASSERT_TRUE(banks.load(synthesizer, sound));
+    const EventSequence events(sound.events(rate), synthesizer);
+    EventRenderer renderer(synthesizer);
+    renderer.start(events, 0);
+    constexpr std::int64_t count = 12 * rate;
+    std::vector<float> whole(2 * count);
+    renderer.render(whole.data(), count);
+    // In the silence that a note leaves in front of the next one, and in the midst of blocks.
+    std::size_t compared = 0;
+    for (std::int64_t start = 5; start + rate < count; ++start) {
+        const auto at = static_cast<std::size_t>(2 * start);
+        const bool isSilent =
+            std::all_of(&whole[at - 10], &whole[at + 2], [](float value) { return value == 0; });
+        if (!isSilent || start % 50 != 7)
+            continue;
+        renderer.start(events, start);
+        std::vector<float> part(2 * 3000);
+        renderer.render(part.data(), 1000);
+        renderer.render(&part[2000], 2000);
+        ASSERT_TRUE(std::equal(part.begin(), part.end(), &whole[at])) << start;
+        if (++compared == 20)
+            break;
+    }
+    EXPECT_EQ(compared, 20u);
 }
 
 TEST_F(ScoreSounds, nothingDriftsInTenMinutes)
