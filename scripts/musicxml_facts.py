@@ -97,8 +97,12 @@ class Reader:
         for time in node.findall("time"):
             self.change("time signatures", time, time.findtext("beats"), time.findtext("beat-type"))
         for clef in node.findall("clef"):
-            self.add("clefs", self.number, rounded(self.cursor), clef.get("number", "1"),
-                     clef.findtext("sign"), clef.findtext("clef-octave-change", "0"))
+            what = (clef.findtext("sign"), clef.findtext("line", "0"),
+                    clef.findtext("clef-octave-change", "0"))
+            staff = clef.get("number", "1")
+            if self.in_force.get(("clefs", staff)) != what:
+                self.add("clefs", self.number, rounded(self.cursor), staff, what[0], what[2])
+            self.in_force[("clefs", staff)] = what
 
     def change(self, row, node, *fact):
         """A signature that is another than before; one that is said again is no fact."""
@@ -171,7 +175,8 @@ class Reader:
                 elif sign.tag == "harmonic":
                     self.add("harmonics", *place, what)
                 elif sign.tag in ("fingering", "pluck"):
-                    self.add("fingerings", *place, what, plain(sign.text))
+                    # Said over notes and tablature it is one finger.
+                    self.facts["fingerings"][(self.part, *place, what, plain(sign.text))] = 1
 
     def read_dynamics(self, dynamics, place):
         for level in dynamics:
@@ -194,8 +199,8 @@ class Reader:
                     for word in plain(sign.text).split():
                         self.add("words", self.number, word)
                 elif sign.tag == "metronome":
-                    self.add("tempos", *place, sign.findtext("beat-unit"),
-                             plain(sign.findtext("per-minute")))
+                    self.facts["tempos"][(self.part, *place, sign.findtext("beat-unit"),
+                                          plain(sign.findtext("per-minute")))] = 1
         self.read_sounds(node)
 
     def read_sounds(self, node):

@@ -8,6 +8,8 @@
 #include <ZarnCore/io/ZarnExportReport.h>
 #include <ZarnCore/io/ZarnMusicXmlExporter.h>
 #include <ZarnCore/io/ZarnMxlExporter.h>
+#include <ZarnCore/model/form/ZarnInForce.h>
+#include <ZarnCore/model/form/ZarnTupletGroup.h>
 
 #include <gtest/gtest.h>
 
@@ -460,6 +462,133 @@ TEST(MusicXmlExport, archivesAreTheSameEachTimeAndFailuresLeaveTheOldFile)
     EXPECT_EQ(bytes.substr(30, 8 + 34), "mimetypeapplication/vnd.recordare.musicxml")
         << "first, and stored";
     EXPECT_EQ(bytes[8], '\0') << "the method of the first entry";
+}
+
+/// The export of a document, which is read again as the same score.
+std::string exportedWhole(const std::string &measures, const char *path,
+                          const std::string &listed = {})
+{
+    const auto model = readFrom(score(measures, listed));
+    const Exported written(*model);
+    EXPECT_EQ(test::writeNative(*readFrom(written.text())), test::writeNative(*model)) << path;
+    return written.all(path);
+}
+
+TEST(MusicXmlExport, bracketsOfTupletsInTupletsAreAsLongAsTheirNotes)
+{
+    std::string nine;
+    for (int i = 0; i < 9; ++i)
+        nine += "<note><pitch><step>C</step><octave>4</octave></pitch><duration>4</duration>"
+                "<type>16th</type><time-modification><actual-notes>9</actual-notes><normal-notes>4"
+                "</normal-notes></time-modification><notations>"
+            + std::string(i == 0 ? "<tuplet type=\"start\" number=\"1\"><tuplet-actual>"
+                                   "<tuplet-number>3</tuplet-number></tuplet-actual><tuplet-normal>"
+                                   "<tuplet-number>2</tuplet-number></tuplet-normal></tuplet>"
+                                 : "")
+            + (i % 3 == 0 ? "<tuplet type=\"start\" number=\"2\"/>" : "")
+            + (i % 3 == 2 ? "<tuplet type=\"stop\" number=\"2\"/>" : "")
+            + (i == 8 ? "<tuplet type=\"stop\" number=\"1\"/>" : "") + "</notations></note>";
+    EXPECT_EQ(exportedWhole(quarters(36, nine), "//tuplet[@type='start']/@number"), "1 2 2 2");
+}
+
+TEST(MusicXmlExport, aTupletWhoseFirstNotesAreElsewhereEndsWithItsTime)
+{
+    RhythmValue triplet(RhythmValue::NoteValue::Eighth);
+    triplet.setPrimaryTupletRatio({3, 2});
+    const auto beatsUntilFull = [&triplet](const utils::rational &onset) {
+        TupletGroup group(triplet, TupletLevel::Outer, onset);
+        int beats = 0;
+        do {
+            group.add(triplet);
+            ++beats;
+        } while (!group.isFull() && beats < 9);
+        return beats;
+    };
+    EXPECT_EQ(beatsUntilFull(1), 3);
+    EXPECT_EQ(beatsUntilFull(utils::rational(4, 3)), 2);
+    EXPECT_EQ(beatsUntilFull(utils::rational(5, 3)), 1);
+    EXPECT_EQ(beatsUntilFull(utils::rational(1, 2)), 3) << "a syncopation";
+}
+
+TEST(MusicXmlExport, fingersCountFromTheThumbOnKeysAlone)
+{
+    const auto fingered = [](const char *number) {
+        return noted("<technical><fingering>" + std::string(number) + "</fingering></technical>");
+    };
+    const std::string bar = quarters(1, fingered("0") + fingered("1") + fingered("4"));
+    const std::string sound = "<score-instrument id=\"P1-I1\"><instrument-name/><instrument-sound>";
+    EXPECT_EQ(exportedWhole(bar, "//fingering",
+                            sound + "strings.violin</instrument-sound></score-instrument>"),
+              "0 1 4");
+    const std::string hand = quarters(1, fingered("1") + fingered("4") + fingered("5"));
+    EXPECT_EQ(exportedWhole(hand, "//fingering",
+                            sound + "keyboard.piano</instrument-sound></score-instrument>"),
+              "1 4 5");
+}
+
+TEST(MusicXmlExport, metersThatAreSumsStaySums)
+{
+    const auto timed = [](const char *beats) {
+        return measure(attributes("<divisions>2</divisions><time><beats>" + std::string(beats)
+                                  + "</beats><beat-type>8</beat-type></time>")
+                       + note("C", 4, 5, "half"));
+    };
+    EXPECT_EQ(exportedWhole(timed("3+2") + timed("3+2") + timed("2+3") + timed("5"), "//beats"),
+              "3+2 2+3 5");
+}
+
+/// A tempo with a mark in its words shows no other number.
+TEST(MusicXmlExport, metronomeMarksThatAreNoTempoStayMarks)
+{
+    const auto tempo = [](const std::string &types, const std::string &sound = {}) {
+        return "<direction>" + types + (sound.empty() ? "" : "<sound tempo=\"" + sound + "\"/>")
+            + "</direction>";
+    };
+    const std::string words = "<direction-type><words>Vif</words></direction-type>";
+    const auto mark = [](const std::string &content) {
+        return "<direction-type><metronome>" + content + "</metronome></direction-type>";
+    };
+    const std::string eighth = "<beat-unit>eighth</beat-unit>";
+    const std::string dotted = "<beat-unit>quarter</beat-unit><beat-unit-dot/>";
+    const std::string measures =
+        quarters(1,
+                 tempo(words + mark(dotted + "<per-minute>84</per-minute>"), "210")
+                     + note("C", 4, 4, "whole"))
+        + measure(tempo(mark(eighth + dotted)) + note("D", 4, 4, "whole"));
+    EXPECT_EQ(exportedWhole(measures, "//metronome/beat-unit"), "quarter eighth quarter");
+    EXPECT_EQ(exportedWhole(measures, "//sound/@tempo"), "210 630");
+    const auto model = readFrom(score(measures));
+    const auto tempos = temposOf(*model->masterTrack());
+    ASSERT_EQ(tempos.size(), 2U);
+    EXPECT_EQ(tempos[0].text, "Vif \u2669. = 84");
+    EXPECT_EQ(tempos[1].text, "\u266a = \u2669.");
+}
+
+TEST(MusicXmlExport, wordsOfATempoThatChangesNothingStay)
+{
+    const std::string again = "<direction><direction-type><words>a tempo</words></direction-type>"
+                              "<sound tempo=\"100\"/></direction>";
+    const std::string bar = quarters(1, again + note("C", 4, 4, "whole"));
+    EXPECT_EQ(exportedWhole(bar + bar + bar, "//words"), "a tempo a tempo a tempo");
+}
+
+/// An ending that is open and goes on up to the one behind it stands over its first bar.
+TEST(MusicXmlExport, openEndingsAreWrittenAsTheyWereRead)
+{
+    const auto bar = [](const char *number, const char *end) {
+        return measure(attributes("<divisions>1</divisions>")
+                       + (number[0] != '\0' ? "<barline location=\"left\"><ending number=\""
+                                  + std::string(number) + "\" type=\"start\"/></barline>"
+                                            : std::string())
+                       + note("C", 4, 4, "whole")
+                       + (end[0] != '\0' ? "<barline location=\"right\"><ending number=\""
+                                  + std::string(number) + "\" type=\"" + end + "\"/></barline>"
+                                         : std::string()));
+    };
+    const std::string measures = bar("", "") + bar("1", "stop") + bar("2", "discontinue")
+        + bar("", "") + bar("", "") + bar("1", "stop") + bar("2", "discontinue");
+    EXPECT_EQ(exportedWhole(measures, "//measure[barline/ending]/barline/ending/@type"),
+              "start stop start discontinue start stop start discontinue");
 }
 
 } // namespace

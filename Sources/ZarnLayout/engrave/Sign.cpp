@@ -43,7 +43,8 @@ constexpr std::array<const char *, signCount> names = {
     "guitarRightHandTapping", "breathMarkComma", "caesura", "fingering0", "fingering1",
     "fingering2", "fingering3", "fingering4", "fingeringPLower", "fingeringILower",
     "fingeringMLower", "fingeringALower", "fingeringCLower", "fingeringTLower", "metNoteHalfUp",
-    "metNoteQuarterUp", "metNote8thUp", "metAugmentationDot", "ottavaAlta", "ottavaBassaVb",
+    "metNoteQuarterUp", "metNote8thUp", "metAugmentationDot", "metNoteDoubleWhole", "metNoteWhole",
+    "metNote16thUp", "metNote32ndUp", "ottavaAlta", "ottavaBassaVb",
     "quindicesimaAlta", "quindicesimaBassaMb", "brace", "bracketTop", "bracketBottom",
     "fretboardFilledCircle", "fretboardX", "fretboardO",
 };

@@ -38,7 +38,8 @@ enum class Sign : std::uint8_t {
     GuitarClosePedal, GuitarLeftHandTapping, GuitarRightHandTapping, BreathMarkComma, Caesura,
     Fingering0, Fingering1, Fingering2, Fingering3, Fingering4, FingeringPLower, FingeringILower,
     FingeringMLower, FingeringALower, FingeringCLower, FingeringTLower, MetNoteHalfUp,
-    MetNoteQuarterUp, MetNote8thUp, MetAugmentationDot, OttavaAlta, OttavaBassaVb,
+    MetNoteQuarterUp, MetNote8thUp, MetAugmentationDot, MetNoteDoubleWhole, MetNoteWhole,
+    MetNote16thUp, MetNote32ndUp, OttavaAlta, OttavaBassaVb,
     QuindicesimaAlta, QuindicesimaBassaMb, Brace, BracketTop, BracketBottom,
     FretboardFilledCircle, FretboardX, FretboardO,
 };

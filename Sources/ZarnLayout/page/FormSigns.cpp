@@ -3,6 +3,8 @@
 
 #include <ZarnLayout/page/SideItem.h>
 
+#include <ZarnCore/model/form/ZarnMetronomeMark.h>
+
 #include <QString>
 
 #include <algorithm>
@@ -136,30 +138,109 @@ void addEndings(SystemDraft &draft, RowDraft &row)
     place(row, std::move(items));
 }
 
+Sign metronomeSign(RhythmValue::NoteValue value)
+{
+    using NoteValue = RhythmValue::NoteValue;
+    switch (value) {
+    case NoteValue::DWhole:
+        return Sign::MetNoteDoubleWhole;
+    case NoteValue::Whole:
+        return Sign::MetNoteWhole;
+    case NoteValue::Half:
+        return Sign::MetNoteHalfUp;
+    case NoteValue::Eighth:
+        return Sign::MetNote8thUp;
+    case NoteValue::Sixteenth:
+        return Sign::MetNote16thUp;
+    case NoteValue::ThirtySecond:
+        return Sign::MetNote32ndUp;
+    default:
+        return Sign::MetNoteQuarterUp;
+    }
+}
+
+/// The mark that a tempo without words of its own has.
+MetronomeMark markOf(const TempoMark &tempo)
+{
+    using NoteValue = RhythmValue::NoteValue;
+    MetronomeMark mark;
+    mark.note.value = tempo.unit == TempoUnit::Eighth                          ? NoteValue::Eighth
+        : tempo.unit == TempoUnit::Half || tempo.unit == TempoUnit::HalfDotted ? NoteValue::Half
+                                                                               : NoteValue::Quarter;
+    mark.note.dots =
+        tempo.unit == TempoUnit::QuarterDotted || tempo.unit == TempoUnit::HalfDotted ? 1 : 0;
+    mark.perMinute = tempo.value;
+    return mark;
+}
+
+/// A line of words and metronome marks.
+class TempoLine {
+public:
+    TempoLine(const Pen &pen, double x) : _pen(pen), _x(x) { }
+
+    void add(const std::string &words) { text(TextRole::Tempo, words, 0.8); }
+
+    void add(const MetronomeMark &mark)
+    {
+        if (mark.isInParentheses)
+            text(TextRole::PageText, "(", 0.1);
+        add(mark.note);
+        const double rounded = std::round(mark.perMinute * 10) / 10;
+        const int decimals = rounded == std::floor(rounded) ? 0 : 1;
+        _x += 0.2;
+        if (mark.equal) {
+            text(TextRole::PageText, "=", 0.4);
+            add(*mark.equal);
+        } else {
+            text(TextRole::PageText, "= " + QString::number(rounded, 'f', decimals).toStdString(),
+                 0.1);
+        }
+        if (mark.isInParentheses)
+            text(TextRole::PageText, ")", 0);
+        _x += 0.7;
+    }
+
+    Inks take() { return std::move(_inks); }
+
+private:
+    void add(const MetronomeMark::Note &note)
+    {
+        glyph(metronomeSign(note.value));
+        for (int dot = 0; dot < note.dots; ++dot)
+            glyph(Sign::MetAugmentationDot);
+    }
+
+    void glyph(Sign sign)
+    {
+        _inks.push_back(_pen.glyph(MarkKind::Tempo, sign, _x, -0.1, 0.75));
+        _x = _inks.back().box.right + 0.2;
+    }
+
+    void text(TextRole role, const std::string &words, double gap)
+    {
+        _inks.push_back(_pen.text(MarkKind::Tempo, role, words, _x, 0));
+        _x = _inks.back().box.right + gap;
+    }
+
+    const Pen &_pen;
+    double _x;
+    Inks _inks;
+};
+
 Inks tempoInks(const Pen &pen, const TempoMark &tempo, double x)
 {
-    Inks inks;
-    if (!tempo.text.empty()) {
-        inks.push_back(pen.text(MarkKind::Tempo, TextRole::Tempo, tempo.text, x, 0));
-        x = inks.back().box.right + 0.8;
-    }
-    if (tempo.value <= 0 || tempo.unit == TempoUnit::None)
-        return inks;
-    const Sign note = tempo.unit == TempoUnit::Eighth ? Sign::MetNote8thUp
-        : tempo.unit == TempoUnit::Half || tempo.unit == TempoUnit::HalfDotted
-        ? Sign::MetNoteHalfUp
-        : Sign::MetNoteQuarterUp;
-    inks.push_back(pen.glyph(MarkKind::Tempo, note, x, -0.1, 0.75));
-    x = inks.back().box.right + 0.2;
-    if (tempo.unit == TempoUnit::QuarterDotted || tempo.unit == TempoUnit::HalfDotted) {
-        inks.push_back(pen.glyph(MarkKind::Tempo, Sign::MetAugmentationDot, x, -0.1, 0.75));
-        x = inks.back().box.right + 0.2;
-    }
-    const double rounded = std::round(tempo.value * 10) / 10;
-    const int decimals = rounded == std::floor(rounded) ? 0 : 1;
-    const std::string number = QString::number(rounded, 'f', decimals).toStdString();
-    inks.push_back(pen.text(MarkKind::Tempo, TextRole::PageText, "= " + number, x + 0.2, 0));
-    return inks;
+    TempoLine line(pen, x);
+    bool hasMark = false;
+    for (const TempoPiece &piece : tempoPieces(tempo.text))
+        if (const auto *const mark = std::get_if<MetronomeMark>(&piece)) {
+            line.add(*mark);
+            hasMark = true;
+        } else {
+            line.add(std::get<std::string>(piece));
+        }
+    if (!hasMark && tempo.value > 0 && tempo.unit != TempoUnit::None)
+        line.add(markOf(tempo));
+    return line.take();
 }
 
 void addDirections(SystemDraft &draft, RowDraft &row)

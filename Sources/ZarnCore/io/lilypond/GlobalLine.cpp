@@ -8,6 +8,7 @@
 #include <ZarnCore/io/sheet/Texts.h>
 #include <ZarnCore/model/ZarnMasterTrack.h>
 #include <ZarnCore/model/form/ZarnInForce.h>
+#include <ZarnCore/model/form/ZarnMetronomeMark.h>
 
 #include <algorithm>
 #include <array>
@@ -39,6 +40,35 @@ TempoUnitText unitOf(TempoUnit unit)
     default:
         return {"4", utils::rational(1)};
     }
+}
+
+std::string noteMarkup(const MetronomeMark::Note &note)
+{
+    return "\\smaller \\note {" + valueText(RhythmValue(note.value))
+        + std::string(static_cast<std::size_t>(note.dots), '.') + "} #UP";
+}
+
+/// Words with metronome marks in them, which are drawn as such.
+std::string tempoMarkup(const std::string &words)
+{
+    std::string text = "\\markup {";
+    for (const TempoPiece &piece : tempoPieces(words)) {
+        const auto *const mark = std::get_if<MetronomeMark>(&piece);
+        if (mark == nullptr) {
+            text += ' ' + quoted(std::get<std::string>(piece));
+            continue;
+        }
+        MetronomeMark bare = *mark;
+        bare.isInParentheses = false;
+        const std::string number = bare.text();
+        const std::string end = mark->isInParentheses ? ")" : "";
+        text += std::string(" \\concat { ") + (mark->isInParentheses ? "\"(\" " : "")
+            + noteMarkup(mark->note);
+        text += mark->equal ? " \" = \" " + noteMarkup(*mark->equal) + (end.empty() ? "" : " \")\"")
+                            : " \"" + number.substr(number.find(" = ")) + end + '"';
+        text += " }";
+    }
+    return text + " }";
 }
 
 /// Positions of automations are floating-point quarters, those of music are exact.
@@ -193,10 +223,13 @@ void Writer::writeTempo(const TempoMark &tempo)
     if (tempo.isLinear)
         _report.addUnheld("gradual change of tempo", {-1, static_cast<int>(tempo.bar)});
     std::string text;
-    if (tempo.isVisible)
+    const bool isMarked = tempo.isVisible && hasMetronomeMark(tempo.text);
+    if (isMarked)
+        text = "\\tempo " + tempoMarkup(tempo.text);
+    else if (tempo.isVisible)
         text = "\\tempo " + (tempo.text.empty() ? std::string() : quoted(tempo.text) + ' ')
             + unit.text + " = " + std::to_string(rounded);
-    if (!tempo.isVisible || std::abs(tempo.value - double(rounded)) > 0.005)
+    if (!tempo.isVisible || isMarked || std::abs(tempo.value - double(rounded)) > 0.005)
         text += (text.empty() ? "" : " ") + std::string("\\set Score.tempoWholesPerMinute = ")
             + momentText(quarters);
     _line.add(tempo.bar, position, text);

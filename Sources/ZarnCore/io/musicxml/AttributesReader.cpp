@@ -8,9 +8,12 @@
 
 #include <algorithm>
 #include <cstring>
+#include <numeric>
 #include <string_view>
 
 namespace zarn::io {
+
+using utils::rational;
 
 namespace {
 
@@ -39,18 +42,34 @@ WrittenStaff &staffAt(PartFacts &facts, int staff)
 }
 
 /// "3+2" is 5; nothing for what is no sum of positive numbers.
-std::optional<unsigned> sumOf(std::string_view text)
+/// The terms of a sum such as "3+2"; none when it is no sum.
+std::vector<unsigned> termsOf(std::string_view text)
 {
-    int sum = 0;
+    std::vector<unsigned> terms;
     for (std::size_t at = 0; at <= text.size();) {
         const auto end = std::min(text.find('+', at), text.size());
         const auto term = parseInteger(std::string(text.substr(at, end - at)).c_str());
-        if (!term || *term < 1 || *term > 1000)
-            return std::nullopt;
-        sum += *term;
+        if (!term || *term < 1 || *term > 1000 || terms.size() >= BeamGroups::MaxGroups)
+            return {};
+        terms.push_back(static_cast<unsigned>(*term));
         at = end + 1;
     }
-    return sum <= 1000 ? std::optional<unsigned>(static_cast<unsigned>(sum)) : std::nullopt;
+    return terms;
+}
+
+/// How the beams of a sum are grouped; quarters and longer notes have none.
+BeamGroups groupsOf(const std::vector<rational> &terms, unsigned unit)
+{
+    std::vector<std::uint8_t> groups;
+    for (const auto &term : terms) {
+        const auto units = (term * rational(unit) / rational(4)).numerator();
+        if (units > BeamGroups::MaxGroup)
+            return {};
+        groups.push_back(static_cast<std::uint8_t>(units));
+    }
+    return groups.size() > 1 && unit >= 8 && BeamGroups::areGroups(groups)
+        ? BeamGroups(std::move(groups))
+        : BeamGroups();
 }
 
 } // namespace
@@ -154,30 +173,32 @@ void AttributesReader::readTime(pugi::xml_node node, PartFacts &facts)
     unsigned beats = 0;
     unsigned unit = 1;
     bool valid = true;
-    int pairs = 0;
+    std::vector<rational> terms; // in quarters
     for (auto child = node.child("beats"); child; child = child.next_sibling("beats")) {
         const auto type = child.next_sibling("beat-type");
         text +=
             (text.empty() ? "" : " ") + std::string(child.child_value()) + "/" + type.child_value();
-        const auto sum = sumOf(child.child_value());
+        const auto written = termsOf(child.child_value());
         const auto denominator = parseInteger(type.child_value());
         const bool isUnit = denominator && *denominator >= 1 && *denominator <= 256
             && (*denominator & (*denominator - 1)) == 0;
-        if (!sum || !isUnit) {
+        if (written.empty() || !isUnit || terms.size() + written.size() > BeamGroups::MaxGroups) {
             valid = false;
             continue;
         }
         const auto common = std::max(unit, static_cast<unsigned>(*denominator));
-        beats = beats * (common / unit) + *sum * (common / static_cast<unsigned>(*denominator));
+        const auto sum = std::accumulate(written.begin(), written.end(), 0U);
+        beats = beats * (common / unit) + sum * (common / static_cast<unsigned>(*denominator));
         unit = common;
-        ++pairs;
+        for (const auto term : written)
+            terms.emplace_back(4 * static_cast<std::int64_t>(term), *denominator);
     }
     ++_tally.times[text];
     if (!valid || beats == 0 || beats > 1000) {
         _context.addProblem(node, "the time signature \"" + text + "\" was left out");
         return;
     }
-    if (pairs > 1 || text.find('+') != text.npos)
+    if (terms.size() > 1)
         _context.addProblem(node,
                             "the time signature " + text + " was summed to " + std::to_string(beats)
                                 + "/" + std::to_string(unit));
@@ -186,7 +207,7 @@ void AttributesReader::readTime(pugi::xml_node node, PartFacts &facts)
             node, "a time signature of staff " + std::to_string(staff + 1) + " alone was left out");
         return;
     }
-    facts.times.push_back({_context.bar(), beats, unit, false, node});
+    facts.times.push_back({_context.bar(), beats, unit, false, node, groupsOf(terms, unit)});
 }
 
 void AttributesReader::readClef(pugi::xml_node node, PartFacts &facts,

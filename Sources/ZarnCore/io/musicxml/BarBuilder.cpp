@@ -165,7 +165,7 @@ void BarBuilder::finishBeats(const WrittenMeasure &measure)
         return;
     for (auto &staff : _staves)
         for (auto &slot : staff.voiceSlots)
-            setBeams(slot.beats, measure.meter);
+            setBeams(slot.beats, measure.meter, measure.groups);
 }
 
 void BarBuilder::place(const WrittenNote &note)

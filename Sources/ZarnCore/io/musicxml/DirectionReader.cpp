@@ -12,7 +12,6 @@
 #include <ZarnCore/music/ZarnNoteDynamic.h>
 
 #include <algorithm>
-#include <cmath>
 #include <string_view>
 
 namespace zarn::io {
@@ -45,11 +44,16 @@ WrittenSection::Place placeOf(pugi::xml_node rehearsal)
                                    : WrittenSection::Place::ByLength;
 }
 
-std::string joined(const std::vector<pugi::xml_node> &words)
+/// The words of a direction, and its metronome mark among them where that is to be words too.
+std::string joined(const std::vector<pugi::xml_node> &texts, bool withMetronome)
 {
     std::string text;
-    for (const auto word : words) {
-        const std::string part = word.child_value();
+    for (const auto node : texts) {
+        const bool isMetronome = tagOf(node.name()) == Tag::Metronome;
+        if (isMetronome && !withMetronome)
+            continue;
+        const auto mark = isMetronome ? readMetronome(node) : std::nullopt;
+        const std::string part = mark ? mark->text() : node.child_value();
         text += (text.empty() || part.empty() ? "" : " ") + part;
     }
     return text;
@@ -80,14 +84,13 @@ void DirectionReader::readDirection(pugi::xml_node node, const MeasureTimeline &
             _context.addUnheld(child, tag);
         }
     }
-    const auto words = joined(gathered.words);
+    const auto words = joined(gathered.texts, false);
     const bool isTempo = readTempo(gathered, words, position, facts);
     const bool isJump = readJumps(gathered, words, facts);
     if (isMovementTitle(words))
         facts.movementTitles.push_back(_context.bar());
     if (!words.empty() && !isTempo && !isJump)
-        measure.marks.push_back({node, WrittenMark::Kind::Text, position, staff, 0, words, nullptr,
-                                 measure.notes.size()});
+        measure.addMark(node, WrittenMark::Kind::Text, position, staff).text = words;
 }
 
 void DirectionReader::gather(pugi::xml_node type, Gathered &gathered, PartFacts &facts,
@@ -96,7 +99,7 @@ void DirectionReader::gather(pugi::xml_node type, Gathered &gathered, PartFacts 
     for (auto child = type.first_child(); child; child = child.next_sibling()) {
         switch (const auto tag = tagOf(child.name()); tag) {
         case Tag::Words:
-            gathered.words.push_back(child);
+            gathered.texts.push_back(child);
             break;
         case Tag::Rehearsal:
             facts.sections.push_back({_context.bar(), child.child_value(), placeOf(child)});
@@ -107,6 +110,7 @@ void DirectionReader::gather(pugi::xml_node type, Gathered &gathered, PartFacts 
             break;
         case Tag::Metronome:
             gathered.metronome = child;
+            gathered.texts.push_back(child);
             break;
         case Tag::Dynamics:
             readDynamics(child, position, staff, measure);
@@ -154,10 +158,12 @@ void DirectionReader::readHarmony(pugi::xml_node node, const MeasureTimeline &ti
     const auto position = positionOf(node, timeline, _context);
     auto text = harmonyText(node, _context);
     auto diagram = readFrame(node.child(tagName(Tag::Frame)), text, _context);
-    if (!text.empty() || diagram)
-        measure.marks.push_back({node, WrittenMark::Kind::ChordSymbol, position,
-                                 staffOf(node, _context), 0, std::move(text), std::move(diagram),
-                                 measure.notes.size()});
+    if (text.empty() && !diagram)
+        return;
+    auto &mark =
+        measure.addMark(node, WrittenMark::Kind::ChordSymbol, position, staffOf(node, _context));
+    mark.text = std::move(text);
+    mark.diagram = std::move(diagram);
 }
 
 void DirectionReader::readDynamics(pugi::xml_node node, const rational &position, int staff,
@@ -172,25 +178,12 @@ void DirectionReader::readDynamics(pugi::xml_node node, const rational &position
         const auto attack = value > 0 ? AttackDynamic::None : attackDynamicFromString(child.name());
         const std::string_view words = child.child_value();
         if (attack != AttackDynamic::None)
-            measure.marks.push_back({node,
-                                     WrittenMark::Kind::Attack,
-                                     position,
-                                     staff,
-                                     static_cast<int>(attack),
-                                     {},
-                                     nullptr,
-                                     measure.notes.size()});
+            measure.addMark(node, WrittenMark::Kind::Attack, position, staff).value =
+                static_cast<int>(attack);
         else if (value <= 0 && !words.empty() && tagOf(child.name()) == Tag::OtherDynamics)
             readOtherDynamics(node, words, position, staff, measure);
         else if (value > 0)
-            measure.marks.push_back({node,
-                                     WrittenMark::Kind::Dynamic,
-                                     position,
-                                     staff,
-                                     value,
-                                     {},
-                                     nullptr,
-                                     measure.notes.size()});
+            measure.addMark(node, WrittenMark::Kind::Dynamic, position, staff).value = value;
         else
             _context.addUnheld(child);
     }
@@ -206,17 +199,9 @@ void DirectionReader::readOtherDynamics(pugi::xml_node node, std::string_view wo
     const std::string text(words.substr(first, words.find_last_not_of(space) + 1 - first));
     const int value = NoteDynamic::stringToInt(text);
     if (value > 0)
-        measure.marks.push_back({node,
-                                 WrittenMark::Kind::Dynamic,
-                                 position,
-                                 staff,
-                                 value,
-                                 {},
-                                 nullptr,
-                                 measure.notes.size()});
+        measure.addMark(node, WrittenMark::Kind::Dynamic, position, staff).value = value;
     else if (!text.empty())
-        measure.marks.push_back({node, WrittenMark::Kind::Text, position, staff, 0, text, nullptr,
-                                 measure.notes.size()});
+        measure.addMark(node, WrittenMark::Kind::Text, position, staff).text = text;
 }
 
 void DirectionReader::readOctaveShift(pugi::xml_node node, const rational &position, int staff,
@@ -236,38 +221,37 @@ void DirectionReader::readOctaveShift(pugi::xml_node node, const rational &posit
         _context.addUnheld(node, Tag::OctaveShift);
         return;
     }
-    measure.marks.push_back({node,
-                             WrittenMark::Kind::Ottava,
-                             position,
-                             staff,
-                             static_cast<int>(sign),
-                             {},
-                             nullptr,
-                             measure.notes.size()});
+    measure.addMark(node, WrittenMark::Kind::Ottava, position, staff).value =
+        static_cast<int>(sign);
 }
 
+/// A score has one number for the tempo, which is what sounds: a mark that says another one, or
+/// that two notes are equal, is words.
 bool DirectionReader::readTempo(const Gathered &gathered, const std::string &words,
                                 const rational &position, PartFacts &facts)
 {
-    auto tempo = metronomeTempo(gathered.metronome);
-    const auto sounding = parseDecimal(gathered.sound.attribute("tempo").value());
-    if (!tempo && gathered.metronome)
+    const auto mark = readMetronome(gathered.metronome);
+    const auto decimal = parseDecimal(gathered.sound.attribute("tempo").value());
+    const double sounding = decimal ? decimal->toDouble() : 0;
+    if (!mark && gathered.metronome)
         _context.addUnheld(gathered.metronome);
-    if (sounding && *sounding > rational(0)) {
-        const double quarters = sounding->toDouble();
-        if (!tempo)
-            tempo = Tempo{quarters, TempoUnit::Quarter};
-        else if (std::abs(quartersOf(*tempo) - quarters) > 0.5)
-            tempo->value *= quarters / quartersOf(*tempo);
-    }
-    if (!tempo)
+    if (!mark && sounding <= 0)
         return false;
     const bool isHidden =
         std::string_view(gathered.metronome.attribute("print-object").value()) == "no";
-    const bool visible =
-        (gathered.metronome && !isHidden) || (!gathered.metronome && !words.empty());
-    facts.tempos.push_back({_context.bar(), position, tempo->value, tempo->unit, words, visible,
-                            gathered.metronome ? gathered.metronome : gathered.sound});
+    const bool isWords =
+        mark && !isHidden && (mark->equal || (sounding > 0 && !tellsTempo(*mark, sounding)));
+    WrittenTempo tempo = {_context.bar(), position};
+    tempo.node = gathered.metronome ? gathered.metronome : gathered.sound;
+    tempo.text = isWords ? joined(gathered.texts, true) : words;
+    tempo.visible = !isHidden && (mark || !words.empty());
+    if (mark && tempoOf(*mark) && (sounding <= 0 || tellsTempo(*mark, sounding)))
+        tempo.tempo = *tempoOf(*mark);
+    else if (sounding > 0)
+        tempo.tempo = {sounding, TempoUnit::Quarter};
+    else
+        tempo.factor = mark->factor();
+    facts.tempos.push_back(std::move(tempo));
     return true;
 }
 
@@ -308,7 +292,7 @@ bool DirectionReader::readJumps(const Gathered &gathered, const std::string &wor
     addSound("tocoda", Kind::ToCoda);
     addSound("fine", Kind::Fine);
     if (!sounds && spoken && gathered.signs.empty()) {
-        add(spoken->kind, spoken->until, "", gathered.words.front());
+        add(spoken->kind, spoken->until, "", gathered.texts.front());
         return true;
     }
     return sounds && spoken;

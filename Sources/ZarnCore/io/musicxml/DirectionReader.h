@@ -33,7 +33,7 @@ private:
 
     /// What one direction says, gathered from its children.
     struct Gathered {
-        std::vector<pugi::xml_node> words;
+        std::vector<pugi::xml_node> texts; ///< words, and the metronome mark
         std::vector<pugi::xml_node> signs; ///< segnos and codas
         pugi::xml_node metronome;
         pugi::xml_node sound;

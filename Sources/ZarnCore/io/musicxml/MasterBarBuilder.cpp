@@ -7,6 +7,7 @@
 #include <ZarnCore/io/musicxml/Metronome.h>
 #include <ZarnCore/io/musicxml/Movements.h>
 #include <ZarnCore/model/ZarnMasterTrack.h>
+#include <ZarnCore/model/form/ZarnInForce.h>
 
 #include <QString>
 
@@ -75,17 +76,21 @@ void MasterBarBuilder::setTimes(MasterTrack &master)
         }
     }
     TimeSignature current;
+    BeamGroups groups;
     bool free = false;
     auto next = stated.begin();
     for (unsigned bar = 0; bar < master.masterBarCount(); ++bar) {
         for (; next != stated.end() && next->first <= static_cast<int>(bar); ++next) {
             const auto &time = next->second.time;
             free = time.free;
+            groups = time.groups;
             if (!free)
                 current = TimeSignature(time.beats, time.unit);
         }
         master.masterBars()[bar]->setTimeSignature(current);
         master.masterBars()[bar]->setFreeTime(free);
+        if (!groups.isEmpty())
+            master.masterBars()[bar]->setBeamGroups(groups);
     }
 }
 
@@ -282,19 +287,22 @@ void MasterBarBuilder::setFeels(MasterTrack &master)
     }
 }
 
-/// Of two tempos at one place the later one holds.
+/// Of two tempos at one place the later one holds; words of both are kept.
 void MasterBarBuilder::joinTempo(TempoAutomation &there, const WrittenTempo &tempo)
 {
-    if (there.text().empty())
+    const auto words = there.text();
+    if (words.empty())
         there.setText(tempo.text);
+    else if (hasMetronomeMark(tempo.text) && words.find(tempo.text) == words.npos)
+        there.setText(words + " " + tempo.text);
     there.setVisible(there.isVisible() || tempo.visible);
     const auto before = quartersOf({there.value(), static_cast<TempoUnit>(there.unit())});
-    const auto now = quartersOf({tempo.value, tempo.unit});
+    const auto now = quartersOf(tempo.tempo);
     // Metronome marks are rounded.
-    if (std::abs(before - now) < 0.5)
+    if (now <= 0 || std::abs(before - now) < 0.5)
         return;
-    there.setValue(static_cast<float>(tempo.value));
-    there.setUnit(static_cast<std::int32_t>(tempo.unit));
+    there.setValue(static_cast<float>(tempo.tempo.value));
+    there.setUnit(static_cast<std::int32_t>(tempo.tempo.unit));
     const auto text = [](double quarters) {
         return QString::number(quarters, 'g', 6).toStdString();
     };
@@ -314,23 +322,34 @@ void MasterBarBuilder::setTempos(MasterTrack &master)
         return std::tie(a.second->bar, a.second->position)
             < std::tie(b.second->bar, b.second->position);
     });
+    double quarters = TempoMark().value;
     for (const auto &[part, written] : tempos) {
         const auto &tempo = *written;
         const auto bar = static_cast<std::uint32_t>(tempo.bar);
         const auto position = static_cast<float>(tempo.position.toDouble());
+        auto value = tempo.tempo;
         if (auto *there = master.automation(Automation::Tempo, bar, position)) {
             _context.setPlace(part, tempo.bar);
-            joinTempo(static_cast<TempoAutomation &>(*there), tempo);
+            auto &joined = static_cast<TempoAutomation &>(*there);
+            joinTempo(joined, tempo);
+            quarters = quartersOf({joined.value(), static_cast<TempoUnit>(joined.unit())});
             continue;
         }
+        if (value.value <= 0)
+            value.value = quarters * tempo.factor;
+        quarters = quartersOf(value);
         auto automation = std::make_unique<TempoAutomation>();
         automation->setIndex(bar);
         automation->setPosition(position);
-        automation->setValue(static_cast<float>(tempo.value));
-        automation->setUnit(static_cast<std::int32_t>(tempo.unit));
+        automation->setValue(static_cast<float>(value.value));
+        automation->setUnit(static_cast<std::int32_t>(value.unit));
         automation->setText(tempo.text);
         automation->setVisible(tempo.visible);
-        master.insertAutomation(std::move(automation));
+        // What can be seen is there again, though it changes nothing.
+        if (tempo.visible || !tempo.text.empty())
+            master.restoreAutomation(std::move(automation));
+        else
+            master.insertAutomation(std::move(automation));
     }
 }
 

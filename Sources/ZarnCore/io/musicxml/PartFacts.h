@@ -2,6 +2,8 @@
 #pragma once
 
 #include <ZarnCore/ZarnTypes.h>
+#include <ZarnCore/io/musicxml/Metronome.h>
+#include <ZarnCore/model/attributes/ZarnBeamGroups.h>
 #include <ZarnCore/model/form/ZarnTripletFeel.h>
 #include <ZarnCore/utils/rational.h>
 
@@ -29,6 +31,7 @@ struct WrittenTime {
     unsigned unit;
     bool free; ///< senza misura
     pugi::xml_node node;
+    BeamGroups groups = {}; ///< of a sum such as 3+2
 };
 
 struct WrittenClef {
@@ -43,11 +46,11 @@ struct WrittenClef {
 struct WrittenTempo {
     int bar;
     utils::rational position;
-    double value; ///< beats per minute
-    TempoUnit unit;
-    std::string text;
-    bool visible;
-    pugi::xml_node node;
+    Tempo tempo = {0, TempoUnit::Quarter}; ///< 0: so many times the one before
+    double factor = 1;
+    std::string text = {};
+    bool visible = false;
+    pugi::xml_node node = {};
 };
 
 struct WrittenRepeat {

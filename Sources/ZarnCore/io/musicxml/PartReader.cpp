@@ -84,8 +84,10 @@ void PartReader::readMeasure(pugi::xml_node frame, pugi::xml_node content, Writt
             _context.addUnheld(child, tag);
         }
     }
-    if (!_facts->times.empty() && !_facts->times.back().free)
+    if (!_facts->times.empty() && !_facts->times.back().free) {
         measure.meter = TimeSignature(_facts->times.back().beats, _facts->times.back().unit);
+        measure.groups = _facts->times.back().groups;
+    }
     measure.length = _timeline.exactReach();
     _length += _timeline.writtenReach();
     ++_tally->measures;

@@ -5,6 +5,7 @@
 #include <ZarnCore/io/musicxml/MusicXmlTag.h>
 #include <ZarnCore/model/ZarnBeatMarks.h>
 #include <ZarnCore/model/ZarnNoteMarks.h>
+#include <ZarnCore/model/attributes/ZarnBeamGroups.h>
 #include <ZarnCore/music/ZarnRhythmValue.h>
 #include <ZarnCore/music/ZarnTimeSignature.h>
 #include <ZarnCore/utils/rational.h>
@@ -138,7 +139,21 @@ struct WrittenMeasure {
     std::vector<WrittenSpan> spans;
     std::vector<WrittenClaim> claims;
     TimeSignature meter;
+    BeamGroups groups;      ///< of the beams, where the meter names them
     utils::rational length; ///< the position that the notes reach, exactly
+
+    /// A mark in front of the next note of the document, for the caller to fill.
+    WrittenMark &addMark(pugi::xml_node sign, WrittenMark::Kind kind,
+                         const utils::rational &position, int staff)
+    {
+        WrittenMark mark;
+        mark.node = sign;
+        mark.kind = kind;
+        mark.position = position;
+        mark.staff = staff;
+        mark.note = notes.size();
+        return marks.emplace_back(std::move(mark));
+    }
 };
 
 } // namespace zarn::io

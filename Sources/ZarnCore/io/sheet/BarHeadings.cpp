@@ -6,6 +6,7 @@
 #include <ZarnCore/model/ZarnMasterBar.h>
 #include <ZarnCore/model/ZarnMasterTrack.h>
 #include <ZarnCore/model/form/ZarnInForce.h>
+#include <ZarnCore/model/form/ZarnMetronomeMark.h>
 
 #include <array>
 #include <cmath>
@@ -49,10 +50,9 @@ QString unitText(TempoUnit unit, const Glyphs &glyphs)
 QString tempoText(const TempoMark &tempo, const Glyphs &glyphs)
 {
     QString text = QString::fromStdString(tempo.text);
-    if (!text.isEmpty())
-        text += QLatin1Char(' ');
-    text += unitText(tempo.unit, glyphs) + QStringLiteral(" = ")
-        + QString::number(std::round(tempo.value * 100) / 100);
+    if (!hasMetronomeMark(tempo.text))
+        text += (text.isEmpty() ? QString() : QStringLiteral(" ")) + unitText(tempo.unit, glyphs)
+            + QStringLiteral(" = ") + QString::number(std::round(tempo.value * 100) / 100);
     return tempo.isLinear ? text + QStringLiteral(" (changing gradually)") : text;
 }
 

@@ -15,9 +15,9 @@ int flagsOf(const Beat &beat)
                     0);
 }
 
-void setBeams(std::vector<PlacedBeat> &beats, const TimeSignature &meter)
+void setBeams(std::vector<PlacedBeat> &beats, const TimeSignature &meter, const BeamGroups &groups)
 {
-    const UsualBeams usual(meter, {});
+    const UsualBeams usual(meter, groups);
     PlacedBeat *left = nullptr;
     bool areEighths = true;
     for (auto &placed : beats) {

@@ -30,7 +30,7 @@ const char *fingeringText(Fingering finger, bool areKeys)
         const auto *const found = std::find(std::begin(hand), std::end(hand), finger);
         return found == std::end(hand) ? nullptr : numbers[found - std::begin(hand)];
     };
-    if (finger == Fingering::None || finger == Fingering::Open)
+    if (finger == Fingering::None || (areKeys && finger == Fingering::Open))
         return nullptr;
     if (const auto *const number = areKeys ? find(onKeys) : find(onStrings))
         return number;

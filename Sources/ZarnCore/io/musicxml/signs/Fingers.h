@@ -11,8 +11,8 @@ namespace zarn::io {
 
 class ImportContext;
 
-/// What <fingering> says of a finger of the left hand; on keys the thumb is 1. Null for none and
-/// for the open string, which has an element of its own.
+/// What <fingering> says of a finger of the left hand; on keys the thumb is 1, on strings 0 is the
+/// open string. Null for none, and for an open string on keys, which has an element of its own.
 const char *fingeringText(Fingering finger, bool areKeys);
 
 /// Whether the fingers of a part are read as those of keys. The part has notes with fingers, on

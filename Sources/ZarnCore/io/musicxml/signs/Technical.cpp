@@ -260,7 +260,7 @@ void writeNote(const Note &note, bool areKeys, TechnicalElement &technical, Expo
     if (const auto *const finger =
             fingeringText(note.leftFingering(), areKeys && note.fret() == Note::Unset))
         technical.add(Tag::Fingering, finger);
-    if (note.leftFingering() == Fingering::Open)
+    else if (note.leftFingering() == Fingering::Open)
         technical.add(Tag::OpenString);
     if (const auto letter = pluckTexts.text(note.rightFingering()))
         technical.add(Tag::Pluck, letter->data());

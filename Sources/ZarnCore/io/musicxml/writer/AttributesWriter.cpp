@@ -6,6 +6,7 @@
 #include <ZarnCore/model/ZarnMasterTrack.h>
 #include <ZarnCore/model/notes/ZarnWrittenPitch.h>
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace zarn::io {
@@ -37,6 +38,17 @@ constexpr int alterations[] = {0, 1, 0, 1, 0, 0, 1, 0, 1, 0, 1, 0};
 int octavesOf(Ottavia ottavia)
 {
     return static_cast<int>(Ottavia::None) - static_cast<int>(ottavia);
+}
+
+/// Whether the meter is written as the sum of its groups: of equal ones, and of quarters, nobody
+/// expects that.
+bool isWrittenAsSum(const BeamGroups &groups, const MasterBar &bar)
+{
+    const auto &sizes = groups.groups();
+    return !bar.isFreeTime() && bar.timeSignature().getDenominator() >= 8
+        && groups.fit(bar.timeSignature())
+        && std::any_of(sizes.begin(), sizes.end(),
+                       [&](std::uint8_t size) { return size != sizes.front(); });
 }
 
 /// Bars that a mark stands for.
@@ -103,23 +115,25 @@ void AttributesWriter::writeTime(unsigned bar, MeasureCursor &cursor)
 {
     const auto &column = *_master.masterBars()[bar];
     const auto &time = column.timeSignature();
-    const bool isSame = time == _time && column.isFreeTime() == _isFree;
+    const auto &groups = column.beamGroups();
+    const bool isSum = isWrittenAsSum(groups, column);
+    const bool isGroupedAnew = bar == 0 || groups != _master.masterBars()[bar - 1]->beamGroups();
+    _context.addUnheldIf(!groups.isEmpty() && !isSum && isGroupedAnew, "grouping of beams");
+    const std::string beats = isSum ? groups.toString() : std::to_string(time.getNumerator());
+    const bool isSame = time == _time && column.isFreeTime() == _isFree && beats == _beats;
     if (bar > 0 && isSame)
         return;
-    const auto write = [&] {
+    if (!column.isFreeTime()) {
         auto node = addElement(attributes(cursor), "time");
-        addElement(node, "beats", static_cast<int>(time.getNumerator()));
+        addElement(node, "beats", beats);
         addElement(node, "beat-type", static_cast<int>(time.getDenominator()));
-    };
-    _context.addUnheldIf(!column.beamGroups().isEmpty(), "grouping of beams");
-    if (!column.isFreeTime())
-        write();
-    else if (!_isFree || bar == 0) {
+    } else if (!_isFree || bar == 0) {
         _context.addUnheldIf(!(time == (bar == 0 ? TimeSignature() : _time)),
                              "meter of bars without a measure");
         addElement(addElement(attributes(cursor), "time"), "senza-misura");
     }
     _time = time;
+    _beats = beats;
     _isFree = column.isFreeTime();
 }
 

@@ -59,6 +59,7 @@ private:
     std::int64_t _divisions = 0;
     KeySignature _key;
     TimeSignature _time;
+    std::string _beats; ///< as they were written
     bool _isFree = false;
     bool _reachesBehindNotes = false;
     std::vector<Clef> _clefs;  ///< by staff of the part

@@ -29,36 +29,88 @@ pugi::xml_node addEnding(std::uint32_t passes, const char *type, pugi::xml_node 
     return ending;
 }
 
-/// Whether a bar, or one of those under the brackets in front of it, ends a repeat: the bracket
-/// stays open behind the last pass then.
-bool followsRepeat(const MasterTrack::MasterBars &bars, unsigned bar)
-{
-    for (; bars[bar]->alternateEndings() != 0; --bar) {
-        if (bars[bar]->isRepeatEnd())
-            return true;
-        if (bar == 0)
-            break;
+/// What the brackets of the endings are found by.
+class Brackets {
+public:
+    explicit Brackets(const MasterTrack::MasterBars &bars) : _bars(bars), _repeats(bars.size())
+    {
+        for (unsigned bar = 0; bar < bars.size(); ++bar)
+            _repeats[bar] = passes(bar) != 0
+                && (bars[bar]->isRepeatEnd()
+                    || (bar > 0 && passes(bar - 1) != 0 && _repeats[bar - 1]));
     }
-    return false;
-}
+
+    std::uint32_t passes(unsigned bar) const { return _bars[bar]->alternateEndings(); }
+
+    /// Behind a repeat sign the same passes are another bracket.
+    bool begins(unsigned bar) const
+    {
+        return passes(bar) != 0
+            && (bar == 0 || passes(bar) != passes(bar - 1) || _bars[bar - 1]->isRepeatEnd());
+    }
+
+    unsigned lastBar(unsigned first) const
+    {
+        unsigned last = first;
+        while (last + 1 < _bars.size() && passes(last + 1) != 0 && !begins(last + 1))
+            ++last;
+        return last;
+    }
+
+    /// Whether readers take a bracket that is written without an end up to the bracket of another
+    /// pass; see `WrittenEnding`. It has the bars up to `last`, and is written up to `written`.
+    bool goesOn(unsigned first, unsigned written, unsigned last) const
+    {
+        if (first == 0 || passes(first - 1) == 0 || _repeats[written])
+            return false;
+        for (unsigned bar = written + 1; bar < _bars.size(); ++bar) {
+            if (bar > last && passes(bar) != 0)
+                return (passes(bar) & passes(first)) == 0;
+            if (_bars[bar]->isRepeatStart() || _bars[bar]->isRepeatEnd()
+                || _bars[bar]->isMovementStart())
+                return false;
+        }
+        return false;
+    }
+
+private:
+    const MasterTrack::MasterBars &_bars;
+    std::vector<bool> _repeats; ///< a repeat ends here, or before under brackets without a gap
+};
 
 } // namespace
 
-void writeLeftBarline(const MasterTrack &master, unsigned bar, pugi::xml_node measure)
+std::vector<EndingMark> endingMarks(const MasterTrack &master)
 {
     const auto &bars = master.masterBars();
-    const auto &column = *bars[bar];
+    const Brackets brackets(bars);
+    std::vector<EndingMark> marks(bars.size());
+    for (unsigned first = 0; first < bars.size(); ++first) {
+        if (!brackets.begins(first))
+            continue;
+        const auto last = brackets.lastBar(first);
+        const bool isFollowed = last + 1 < bars.size() && brackets.passes(last + 1) != 0;
+        // One that goes on up to the next one stands over its first bar alone.
+        const bool isShort = last > first && isFollowed && brackets.goesOn(first, first, last);
+        auto &end = marks[isShort ? first : last];
+        marks[first].begins = end.ends = true;
+        end.isOpen = isShort
+            || (!isFollowed && !bars[last]->isRepeatEnd() && !brackets.goesOn(first, last, last));
+        first = last;
+    }
+    return marks;
+}
+
+void writeLeftBarline(const MasterBar &column, const EndingMark &ending, pugi::xml_node measure)
+{
     const auto passes = column.alternateEndings();
-    const auto before = bar > 0 ? bars[bar - 1]->alternateEndings() : 0;
-    // Behind a repeat sign the same passes are another bracket.
-    const bool beginsEnding = passes != 0 && (passes != before || bars[bar - 1]->isRepeatEnd());
-    if (!column.isRepeatStart() && !beginsEnding)
+    if (!column.isRepeatStart() && !ending.begins)
         return;
     auto barline = addElement(measure, "barline");
     addAttribute(barline, "location", "left");
     if (column.isRepeatStart())
         addElement(barline, "bar-style", "heavy-light");
-    if (beginsEnding)
+    if (ending.begins)
         addEnding(passes, "start", barline)
             .append_child(pugi::node_pcdata)
             .set_value((numbersOf(passes) + ".").c_str());
@@ -66,15 +118,13 @@ void writeLeftBarline(const MasterTrack &master, unsigned bar, pugi::xml_node me
         addAttribute(addElement(barline, "repeat"), "direction", "forward");
 }
 
-void writeRightBarline(const MasterTrack &master, unsigned bar, pugi::xml_node measure)
+void writeRightBarline(const MasterTrack &master, unsigned bar, const EndingMark &ending,
+                       pugi::xml_node measure)
 {
     const auto &bars = master.masterBars();
     const auto &column = *bars[bar];
     const bool isLast = bar + 1 == bars.size();
     const bool isFinal = isLast || bars[bar + 1]->isMovementStart();
-    const auto passes = column.alternateEndings();
-    const bool endsEnding = passes != 0
-        && (isLast || column.isRepeatEnd() || bars[bar + 1]->alternateEndings() != passes);
     const FermataMark *fermata = nullptr;
     for (const auto &mark : column.fermatas())
         if (mark.position == column.length())
@@ -85,7 +135,7 @@ void writeRightBarline(const MasterTrack &master, unsigned bar, pugi::xml_node m
         : own != nullptr                           ? own
         : isFinal                                  ? "light-heavy"
                                                    : nullptr;
-    if (!style && !endsEnding && !fermata)
+    if (!style && !ending.ends && !fermata)
         return;
     auto barline = addElement(measure, "barline");
     addAttribute(barline, "location", "right");
@@ -93,10 +143,8 @@ void writeRightBarline(const MasterTrack &master, unsigned bar, pugi::xml_node m
         addElement(barline, "bar-style", style);
     if (fermata)
         addElement(barline, "fermata", shapeOf(fermata->kind));
-    if (endsEnding)
-        addEnding(passes,
-                  column.isRepeatEnd() || !followsRepeat(bars, bar) ? "stop" : "discontinue",
-                  barline);
+    if (ending.ends)
+        addEnding(column.alternateEndings(), ending.isOpen ? "discontinue" : "stop", barline);
     if (column.isRepeatEnd()) {
         auto repeat = addElement(barline, "repeat");
         addAttribute(repeat, "direction", "backward");

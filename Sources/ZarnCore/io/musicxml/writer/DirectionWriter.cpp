@@ -51,6 +51,27 @@ void addDynamics(const QString &name, pugi::xml_node measure, int staffNumber)
         addElement(dynamics, "other-dynamics", name.toStdString());
 }
 
+/// The words of a tempo, and the marks in them where readers make words of these again: an
+/// equation, or a number that is not what sounds.
+std::vector<TempoPiece> piecesOf(const TempoMark &tempo, const std::string &text)
+{
+    if (text.empty())
+        return {};
+    if (!tempo.isVisible || tempo.unit != TempoUnit::Quarter)
+        return {text};
+    const auto pieces = tempoPieces(text);
+    std::string joined;
+    const MetronomeMark *last = nullptr;
+    for (const auto &piece : pieces) {
+        const auto *const mark = std::get_if<MetronomeMark>(&piece);
+        last = mark ? mark : last;
+        joined +=
+            (joined.empty() ? "" : " ") + (mark ? mark->text() : std::get<std::string>(piece));
+    }
+    const bool isAgain = last && !tellsTempo(*last, tempo.value) && joined == text;
+    return isAgain ? pieces : std::vector<TempoPiece>{text};
+}
+
 } // namespace
 
 rational exactPosition(float position)
@@ -121,11 +142,17 @@ void DirectionWriter::writeTempos(const MasterTrack &master, unsigned bar, Measu
             "direction");
         addAttribute(direction, "placement", "above");
         const auto text = _context.text(tempo.text);
-        if (!text.empty())
-            addElement(addElement(direction, "direction-type"), "words", text);
-        if (tempo.isVisible || tempo.unit != TempoUnit::Quarter || text.empty()) {
-            const auto metronome =
-                writeMetronome({tempo.value, tempo.unit}, addElement(direction, "direction-type"));
+        bool hasMark = false;
+        for (const auto &piece : piecesOf(tempo, text)) {
+            const auto type = addElement(direction, "direction-type");
+            if (const auto *const mark = std::get_if<MetronomeMark>(&piece))
+                hasMark = static_cast<bool>(writeMetronome(*mark, type));
+            else
+                addElement(type, "words", std::get<std::string>(piece));
+        }
+        if (!hasMark) {
+            const auto metronome = writeMetronome(Tempo{tempo.value, tempo.unit},
+                                                  addElement(direction, "direction-type"));
             if (!tempo.isVisible)
                 addAttribute(metronome, "print-object", "no");
         }

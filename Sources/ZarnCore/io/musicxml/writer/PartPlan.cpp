@@ -44,7 +44,10 @@ PartPlan::PartPlan(const Track &track, unsigned index, std::vector<rational> &re
         readStaff(staff, reach);
     }
     readMaster();
-    _areKeys = areFingersOfKeys(_hasFingeredFret, _hasFifthFinger, _staves.size());
+    // The little finger is the fifth on keys alone.
+    _areKeys = areFingersOfKeys(_hasFingeredFret,
+                                _hasFifthFinger && !InstrumentSet::isStringedOrBowed(track.type()),
+                                _staves.size());
 }
 
 std::string PartPlan::id() const
@@ -104,8 +107,7 @@ void PartPlan::readBeat(const Beat &beat, const Staff &staff)
     for (const auto &note : beat.notes()) {
         if (isUnpitched(*note))
             addPercussion(*note);
-        if (note->leftFingering() != Fingering::None && note->leftFingering() != Fingering::Thumb
-            && note->leftFingering() != Fingering::Open) {
+        if (note->leftFingering() != Fingering::None && note->leftFingering() != Fingering::Thumb) {
             _hasFingeredFret = _hasFingeredFret || isOnString(*note, staff);
             _hasFifthFinger = _hasFifthFinger || note->leftFingering() == Fingering::Little;
         }

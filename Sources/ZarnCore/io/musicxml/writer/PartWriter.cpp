@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/io/musicxml/writer/PartWriter.h>
 
-#include <ZarnCore/io/musicxml/writer/BarlineWriter.h>
 #include <ZarnCore/io/musicxml/writer/ExportContext.h>
 #include <ZarnCore/io/musicxml/writer/XmlSink.h>
 
@@ -45,7 +44,7 @@ void PartWriter::writeMeasure(unsigned bar)
     _cursor.start(measure, _barDivisions);
     if (_track == 0 && _score.systemStarts[bar])
         addAttribute(addElement(measure, "print"), "new-system", "yes");
-    writeLeftBarline(master(), bar, measure);
+    writeLeftBarline(column, _score.endings[bar], measure);
     _fifths = _attributes.write(bar, _cursor);
     if (_track == 0)
         _directions.writeBarStart(master(), bar, _cursor);
@@ -60,7 +59,7 @@ void PartWriter::writeMeasure(unsigned bar)
         _cursor.moveTo(column.length());
     if (_track == 0)
         _directions.writeBarEnd(master(), bar, measure);
-    writeRightBarline(master(), bar, measure);
+    writeRightBarline(master(), bar, _score.endings[bar], measure);
     measure.print(_sink, " ", pugi::format_indent, pugi::encoding_utf8, 2);
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <ZarnCore/io/musicxml/writer/AttributesWriter.h>
+#include <ZarnCore/io/musicxml/writer/BarlineWriter.h>
 #include <ZarnCore/io/musicxml/writer/DirectionWriter.h>
 #include <ZarnCore/io/musicxml/writer/LineSigns.h>
 #include <ZarnCore/io/musicxml/writer/MeasureCursor.h>
@@ -24,6 +25,7 @@ struct ScorePlan {
 
     std::vector<bool> systemStarts; ///< bars that a system of the full score begins with
     std::vector<int> numbers;       ///< of the bars, as they are counted
+    std::vector<EndingMark> endings;
 };
 
 /// Writes one part, a measure at a time: no more than one is in memory.

@@ -95,6 +95,7 @@ void writeScore(const ScoreModel &model, XmlSink &sink, ExportReport &report)
     score.model = &model;
     score.reach.resize(model.masterTrack()->masterBarCount());
     score.numbers = barNumbers(*model.masterTrack());
+    score.endings = endingMarks(*model.masterTrack());
     score.systemStarts = systemStarts(model);
     std::deque<PartPlan> parts;
     for (const auto &track : model.tracks())
