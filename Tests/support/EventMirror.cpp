@@ -489,6 +489,12 @@ void EventMirror::hear(const evt::ScoreViewLayoutChanged &event)
     const auto number = static_cast<std::size_t>(event.index());
     views.at(number).layout = model().views().at(number).layout;
     _known.head->setViews(views);
+    _known.head->setPageSetup(model().pageSetup());
+}
+
+void EventMirror::hear(const evt::TrackViewNotationsChanged &event)
+{
+    head(event.trackIndex()).setChosenNotations(track(event.trackIndex()).chosenNotations());
 }
 
 void EventMirror::hear(const evt::ScoreViewMultiRest &event)

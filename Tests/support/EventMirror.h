@@ -103,6 +103,7 @@ private:
     void hear(const zarn::evt::TrackSystemsLayoutChanged &);
     void hear(const zarn::evt::ScoreViewLayoutChanged &);
     void hear(const zarn::evt::ScoreViewMultiRest &);
+    void hear(const zarn::evt::TrackViewNotationsChanged &);
     void hear(const zarn::evt::LyricsChanged &);
     void hear(const zarn::evt::RequestAddSound &);
     void hear(const zarn::evt::RequestInsertSound &);
@@ -118,6 +119,7 @@ private:
     void hear(const zarn::evt::PalmMuteChanged &);
     void hear(const zarn::evt::AutoBrushChanged &);
     void hear(const zarn::evt::PlayingStyleChanged &);
+    void hear(const zarn::evt::TrackPlayback &);
     void hear(const zarn::evt::UseOneChannelOrkaPerStringChanged &);
     void hear(const zarn::evt::RequestTrackStaffChanged &);
     void hear(const zarn::evt::MIDIConnectionChanged &);

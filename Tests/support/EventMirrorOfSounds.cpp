@@ -179,6 +179,11 @@ void EventMirror::hear(const evt::AutoBrushChanged &event)
     head(event.trackIndex()).setAutoBrush(event.isEnabled());
 }
 
+void EventMirror::hear(const evt::TrackPlayback &event)
+{
+    head(event.trackIndex()).setPlayback(track(event.trackIndex()).playback());
+}
+
 void EventMirror::hear(const evt::PlayingStyleChanged &event)
 {
     head(event.trackIndex()).setPlayingStyle(track(event.trackIndex()).playingStyle());

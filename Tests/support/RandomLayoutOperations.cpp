@@ -83,6 +83,16 @@ const std::vector<RandomOperation> operations = {
          return e.score.setMultiRest(e.places.index(e.score.scoreModel()->views().size()),
                                      e.random.coin());
      }},
+    {"setPageSetup", 1,
+     [](EditedScore &e) {
+         PageSetup setup;
+         setup.width = e.random.between(10000, 400000);
+         setup.leftMargin = e.random.between(0, 30000);
+         setup.staffSpace = e.random.between(400, 3000);
+         if (e.random.coin())
+             setup.orientation = PageSetup::Orientation::Landscape;
+         return e.score.setPageSetup(setup);
+     }},
     {"setAutoLayout", 1, [](EditedScore &e) { return e.score.setAutoLayout(trackOrScore(e)); }},
     {"setFixedLayout", 1,
      [](EditedScore &e) { return e.score.setFixedLayout(trackOrScore(e), e.random.below(52)); }},

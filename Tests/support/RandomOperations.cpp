@@ -214,6 +214,19 @@ bool onBars(EditedScore &e, Operation operation)
     return operation(bars.first, bars.second);
 }
 
+/// One of the notes of a beat, or none that is there.
+bool removeNote(EditedScore &e)
+{
+    ScoreModelIndex place = e.places.beat();
+    const auto beat = place.beat();
+    const auto note = beat != nullptr ? beat->note(e.places.index(beat->noteCount())) : nullptr;
+    if (note != nullptr && note->string() != Note::Unset)
+        place.setNoteString(static_cast<std::uint32_t>(note->string()));
+    if (note != nullptr && note->midi() != Note::Unset)
+        place.setNoteMidi(static_cast<std::uint32_t>(note->midi()));
+    return e.score.removeNote(place);
+}
+
 const std::vector<RandomOperation> operations = {
     {"createBars", 4, createBars},
     {"removeBarRange", 4, removeBarRange},
@@ -353,6 +366,7 @@ const std::vector<RandomOperation> operations = {
     {"setStringedNote", 30, setStringedNote},
     {"setMIDINote", 30, setMIDINote},
     {"automaticFingerPositioning", 3, automaticFingerPositioning},
+    {"removeNote", 3, removeNote},
     {"setNoteRest", 3, [](EditedScore &e) { return e.score.setNoteRest(e.places.range()); }},
 };
 

@@ -264,6 +264,17 @@ const std::vector<RandomOperation> operations = {
          return e.score.setPlayingStyle(e.places.track(),
                                         static_cast<PlayingStyle>(e.random.below(9)));
      }},
+    {"setTrackPlayback", 1,
+     [](EditedScore &e) {
+         return e.score.setTrackPlayback(e.places.track(),
+                                         static_cast<TrackPlayback>(e.random.below(4)));
+     }},
+    {"setTrackNotations", 1,
+     [](EditedScore &e) {
+         const TrackNotations chosen = {e.random.coin(), e.random.coin(), e.random.coin()};
+         return e.score.setTrackNotations(
+             e.places.track(), e.random.percent(80) ? std::optional(chosen) : std::nullopt);
+     }},
     {"setAutoAccentuation", 1,
      [](EditedScore &e) { return e.score.setAutoAccentuation(e.places.track(), e.random.coin()); }},
     {"setAutoBrush", 1,

@@ -41,7 +41,7 @@ private:
     int _trackIndex;
 };
 
-/// The layout of a view changed.
+/// The layout of a view changed, or the sheet that all views share.
 class ScoreViewLayoutChanged final : public IndexEvent<ScoreViewLayoutChanged> {
     using IndexEvent::IndexEvent;
 };

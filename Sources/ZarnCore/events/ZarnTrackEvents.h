@@ -58,7 +58,7 @@ class TrackClefChanged final : public StaffBarsEvent<TrackClefChanged> {
     using StaffBarsEvent::StaffBarsEvent;
 };
 
-/// A track was muted, put on solo, or set free of either. Nothing sends it yet.
+/// A track was muted, put on solo, or set free of either.
 class TrackPlayback final : public TrackEvent<TrackPlayback> {
     using TrackEvent::TrackEvent;
 };

@@ -9,6 +9,7 @@
 #include <ZarnCore/commands/Score/ZarnSetFullScoreSystemsLayout.h>
 #include <ZarnCore/commands/Score/ZarnSetLayout.h>
 #include <ZarnCore/commands/Score/ZarnSetMultiRest.h>
+#include <ZarnCore/commands/Score/ZarnSetPageSetup.h>
 #include <ZarnCore/commands/Track/ZarnSetTrackSystemsLayout.h>
 
 namespace zarn {
@@ -16,6 +17,11 @@ namespace zarn {
 bool ScoreLayoutOperations::setLayout(unsigned view, ViewLayout layout)
 {
     return execute<cmd::SetLayout>(*this, view, layout);
+}
+
+bool ScoreLayoutOperations::setPageSetup(const PageSetup &setup)
+{
+    return execute<cmd::SetPageSetup>(*this, setup);
 }
 
 bool ScoreLayoutOperations::setMultiRest(unsigned view, bool checked)

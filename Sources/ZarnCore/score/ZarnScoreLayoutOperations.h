@@ -9,6 +9,7 @@
 namespace zarn {
 
 enum class ViewLayout : std::uint8_t;
+struct PageSetup;
 
 /// What can be done to how a score is laid out: its views, how music is broken into systems, the
 /// widths of bars. Views, bars and tracks are counted from 0, and the first view is the full score.
@@ -17,6 +18,9 @@ class ZARNCORE_EXPORT ScoreLayoutOperations {
 public:
     /// Lays a view out on pages, on one endless sheet, or in one line.
     bool setLayout(unsigned view, ViewLayout layout);
+
+    /// Sets the sheet on which the score is laid out; see `cmd::SetPageSetup` for its limits.
+    bool setPageSetup(const PageSetup &setup);
 
     /// Draws runs of empty bars as one in a view, or each of them.
     bool setMultiRest(unsigned view, bool checked);

@@ -8,6 +8,7 @@
 #include <ZarnCore/commands/Note/ZarnLetRingAssistant.h>
 #include <ZarnCore/commands/Note/ZarnPalmMuteAssistant.h>
 #include <ZarnCore/commands/Note/ZarnRemoveNonPitchedNoteFromMidiAndString.h>
+#include <ZarnCore/commands/Note/ZarnRemoveNote.h>
 #include <ZarnCore/commands/Note/ZarnSetMIDINote.h>
 #include <ZarnCore/commands/Note/ZarnSetNoteAccentFlag.h>
 #include <ZarnCore/commands/Note/ZarnSetNoteAntiAccent.h>
@@ -118,6 +119,11 @@ bool ScoreNoteOperations::palmMuteAssistant(const ScoreModelRange &range, std::u
                                             bool checked)
 {
     return execute<cmd::PalmMuteAssistant>(*this, range, strings, checked);
+}
+
+bool ScoreNoteOperations::removeNote(const ScoreModelIndex &index)
+{
+    return execute<cmd::RemoveNote>(*this, index);
 }
 
 bool ScoreNoteOperations::setNoteRest(const ScoreModelRange &range)

@@ -49,6 +49,9 @@ public:
     bool createNonPitchedNote(const ScoreModelIndex &index, int midi, int string);
     bool removeNonPitchedNote(const ScoreModelIndex &index, int midi, int string);
 
+    /// Takes the note that the index names off its beat, which is a rest without others.
+    bool removeNote(const ScoreModelIndex &index);
+
     /// Makes rests of the beats of a range.
     bool setNoteRest(const ScoreModelRange &range);
 

@@ -23,6 +23,8 @@
 #include <ZarnCore/commands/Track/ZarnSetTrackIcon.h>
 #include <ZarnCore/commands/Track/ZarnSetTrackMidiConnection.h>
 #include <ZarnCore/commands/Track/ZarnSetTrackName.h>
+#include <ZarnCore/commands/Track/ZarnSetTrackNotations.h>
+#include <ZarnCore/commands/Track/ZarnSetTrackPlayback.h>
 #include <ZarnCore/commands/Track/ZarnSetTrackShortName.h>
 #include <ZarnCore/commands/Track/ZarnSetTrackTranspositionOffset.h>
 #include <ZarnCore/commands/Track/ZarnTransposeAllTracks.h>
@@ -86,6 +88,17 @@ bool ScoreTrackOperations::setTrackMidiConnection(unsigned track,
 bool ScoreTrackOperations::setOneChannelPerString(unsigned track, bool isOn)
 {
     return execute<cmd::SetOneChannelPerString>(*this, track, isOn);
+}
+
+bool ScoreTrackOperations::setTrackPlayback(unsigned track, TrackPlayback playback)
+{
+    return execute<cmd::SetTrackPlayback>(*this, track, playback);
+}
+
+bool ScoreTrackOperations::setTrackNotations(unsigned track,
+                                             const std::optional<TrackNotations> &notations)
+{
+    return execute<cmd::SetTrackNotations>(*this, track, notations);
 }
 
 bool ScoreTrackOperations::setPlayingStyle(unsigned track, PlayingStyle style)

@@ -4,6 +4,7 @@
 #include <ZarnCore/ZarnExport.h>
 #include <ZarnCore/ZarnTypes.h>
 #include <ZarnCore/instruments/sets/ZarnInstrumentSet.h>
+#include <ZarnCore/model/ZarnTrackNotations.h>
 #include <ZarnCore/model/ZarnTrackSettings.h>
 #include <ZarnCore/model/notes/ZarnRefingering.h>
 #include <ZarnCore/model/notes/ZarnRetuning.h>
@@ -41,6 +42,9 @@ public:
     /// 0xRRGGBB.
     bool setTrackColor(unsigned track, std::uint32_t color);
 
+    /// Chooses the notations that a track is shown in; nothing leaves them to the instrument.
+    bool setTrackNotations(unsigned track, const std::optional<TrackNotations> &notations);
+
     /// Staves that go take their music along; staves that come are empty.
     bool setStaffCount(unsigned track, unsigned count);
 
@@ -49,6 +53,7 @@ public:
     /// Nothing leaves port and channels to the instrument.
     bool setTrackMidiConnection(unsigned track, const std::optional<MidiConnection> &connection);
     bool setOneChannelPerString(unsigned track, bool isOn);
+    bool setTrackPlayback(unsigned track, TrackPlayback playback);
     bool setPlayingStyle(unsigned track, PlayingStyle style);
     bool setAutoAccentuation(unsigned track, bool isOn);
     bool setAutoBrush(unsigned track, bool isOn);

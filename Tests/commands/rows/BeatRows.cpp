@@ -48,6 +48,14 @@ std::vector<CommandRow> beatRows()
              return s.score.automaticFingerPositioning(s.everything(0, 5), options);
          },
          "ModifyBarRange(0,0,0,4) ", nullptr},
+        {"RemoveNote",
+         [](SmallScore &s) {
+             ScoreModelIndex place = s.at(0, 3);
+             place.setNoteString(static_cast<std::uint32_t>(place.beat()->note(0)->string()));
+             place.setNoteMidi(static_cast<std::uint32_t>(place.beat()->note(0)->midi()));
+             return s.score.removeNote(place);
+         },
+         "ModifyBarRange(0,0,0,1) ", nullptr},
         {"SetNoteRest", [](SmallScore &s) { return s.score.setNoteRest(s.from(0, 3, 1, 1)); },
          "ModifyBarRange(0,0,0,1) ", nullptr},
     };
@@ -87,6 +95,8 @@ void expectBeatCommandsRefused(RichScore &rich)
             [&] { return score.setMIDINote(rich.at(0, 0, 1), 60); },
             [&] { return score.setMIDINote(rich.at(0, 0), 40); },
             [&] { return score.setMIDINote(named, 64); },
+            [&] { return score.removeNote(named); },
+            [&] { return score.removeNote(rich.at(5, 0)); },
             [&] { return score.setNoteRest(ScoreModelRange(rich.at(0, 0, 1, 1))); },
             [&] { return score.automaticFingerPositioning(rich.everything(5, 5), {}); },
             [&] { return score.automaticFingerPositioning(ScoreModelRange(rich.at(0, 0, 1)), {}); },

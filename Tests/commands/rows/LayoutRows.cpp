@@ -13,6 +13,16 @@ std::vector<CommandRow> layoutRows()
     return {
         {"SetLayout", [](SmallScore &s) { return s.score.setLayout(0, ViewLayout::SingleLine); },
          "ScoreViewLayoutChanged(0) ", nullptr, true},
+        {"SetPageSetup",
+         [](SmallScore &s) {
+             PageSetup setup;
+             setup.width = 148000;
+             setup.height = 210000;
+             setup.orientation = PageSetup::Orientation::Landscape;
+             setup.leftMargin = 0;
+             return s.score.setPageSetup(setup);
+         },
+         "ScoreViewLayoutChanged(0) ", nullptr, true},
         {"SetMultiRest", [](SmallScore &s) { return s.score.setMultiRest(0, true); },
          "ScoreViewMultiRest(1,0) ", "ScoreViewMultiRest(0,0) ", true},
         {"SetAutoLayout", [](SmallScore &s) { return s.score.setAutoLayout(-1); },
@@ -73,6 +83,21 @@ void expectLayoutCommandsRefused(RichScore &rich)
             [&] { return score.setLayout(1, ViewLayout::Pages); },
             [&] { return score.setLayout(0, static_cast<ViewLayout>(3)); },
             [&] { return score.setMultiRest(1, true); },
+            [&] {
+                PageSetup setup;
+                setup.width = 19999;
+                return score.setPageSetup(setup);
+            },
+            [&] {
+                PageSetup setup;
+                setup.leftMargin = setup.rightMargin = 60000;
+                return score.setPageSetup(setup);
+            },
+            [&] {
+                PageSetup setup;
+                setup.staffSpace = 0;
+                return score.setPageSetup(setup);
+            },
             [&] { return score.setAutoLayout(2); },
             [&] { return score.setAutoLayout(-2); },
             [&] { return score.setFixedLayout(-1, 0); },

@@ -29,6 +29,14 @@ std::vector<CommandRow> playingRows()
              return s.score.setPlayingStyle(0, PlayingStyle::StringedFingerPicking);
          },
          "PlayingStyleChanged(0) ", nullptr},
+        {"SetTrackPlayback",
+         [](SmallScore &s) { return s.score.setTrackPlayback(1, TrackPlayback::Solo); },
+         "TrackPlayback(1) ", nullptr},
+        {"SetTrackNotations",
+         [](SmallScore &s) {
+             return s.score.setTrackNotations(0, TrackNotations{false, true, true});
+         },
+         "TrackViewNotationsChanged(0,0) ", nullptr},
         {"SetAutoAccentuation", [](SmallScore &s) { return s.score.setAutoAccentuation(1, true); },
          "AutoAccentuationChanged(1,1) ", "AutoAccentuationChanged(1,0) "},
         {"SetAutoBrush", [](SmallScore &s) { return s.score.setAutoBrush(0, true); },
@@ -61,6 +69,12 @@ void expectPlayingCommandsRefused(RichScore &rich)
             [&] { return score.setTrackMidiConnection(2, MidiConnection()); },
             [&] { return score.setOneChannelPerString(2, true); },
             [&] { return score.setPlayingStyle(0, static_cast<PlayingStyle>(8)); },
+            [&] { return score.setTrackPlayback(0, static_cast<TrackPlayback>(3)); },
+            [&] { return score.setTrackPlayback(2, TrackPlayback::Mute); },
+            [&] { return score.setTrackNotations(2, std::nullopt); },
+            [&] {
+                return score.setTrackNotations(0, TrackNotations{false, false, false});
+            },
             [&] { return score.setAutoAccentuation(2, true); },
             [&] { return score.setPalmMute(0, 1.5F); },
             [&] { return score.setPalmMute(0, std::numeric_limits<float>::quiet_NaN()); },
