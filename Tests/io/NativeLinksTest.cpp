@@ -70,6 +70,31 @@ TEST(NativeLinks, brokenSpansAreMendedAndTold)
         EXPECT_TRUE(report.hasProblem(problem)) << problem;
 }
 
+/// Whatever its voices say, a staff has one pedal: at one time one of them moves it.
+TEST(NativeLinks, twoVoicesMoveOnePedalOnceAtATime)
+{
+    const SmallScore small;
+    Voice &second = *small.model.track(0)->bar(1)->ensureVoice(1);
+    for (int i = 0; i < 4; ++i)
+        second.addBeat(std::make_shared<Beat>());
+    small.beat(1, 0).setPedal(PedalChange::Start);
+    second.beat(0)->setPedal(PedalChange::Start);
+    small.beat(1, 2).setPedal(PedalChange::Start);
+    second.beat(2)->setPedal(PedalChange::Stop);
+    io::ImportReport report;
+    const auto model = test::readNative(test::writeNative(small.model), report);
+    EXPECT_EQ(checkModel(*model), std::vector<std::string>());
+    std::vector<PedalChange> pedals;
+    for (const auto &voice : {model->track(0)->bar(1)->voice(0), model->track(0)->bar(1)->voice(1)})
+        for (const unsigned beat : {0U, 2U})
+            pedals.push_back(voice->beat(beat)->pedal());
+    EXPECT_EQ(pedals,
+              std::vector<PedalChange>(
+                  {PedalChange::Start, PedalChange::None, PedalChange::None, PedalChange::Change}))
+        << "lifting stands in front of pressing";
+    EXPECT_TRUE(report.hasProblem("part 1, bar 2: a second change of the pedal at one time"));
+}
+
 /// Groups and sounds that a document names and does not have.
 TEST(NativeLinks, groupsAndForcedSoundsBeyondTheEndAreMendedAndTold)
 {

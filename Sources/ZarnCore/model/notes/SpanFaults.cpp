@@ -36,6 +36,8 @@ const char *textOf(SpanKind kind, SpanFault fault) noexcept
         return texts.lacksEnd;
     case SpanFault::BeginsWithin:
         return texts.beginsWithin;
+    case SpanFault::AtOnce:
+        return "a second change of the pedal at one time";
     case SpanFault::HeldOverSyllable:
         break;
     }

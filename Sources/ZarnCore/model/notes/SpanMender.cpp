@@ -80,7 +80,10 @@ void SpanMender::passWord(std::size_t number)
 void SpanMender::passPedal(std::size_t number)
 {
     const SpanMark &mark = _marks[number];
-    if (mark.needsOpen && !_isOpen) {
+    if (mark.isAtOnce && number > _first && _last == number - 1) {
+        _isOpen = _marks[*_last].leavesOpen = mark.leavesOpen;
+        drop(number, SpanFault::AtOnce);
+    } else if (mark.needsOpen && !_isOpen) {
         change(number, false, mark.leavesOpen, SpanFault::EndsNothing);
     } else if (!mark.needsOpen && _isOpen) {
         if (_isGiven && *_last >= _first) {

@@ -15,12 +15,14 @@ enum class SpanFault {
     LacksEnd,
     BeginsWithin,     ///< another one
     HeldOverSyllable, ///< a syllable that is held where the next one is sung
+    AtOnce,           ///< a pedal that another voice moves at the same time
 };
 
 /// Finds out how the marks of a line must be read, so that each finds what it needs. It changes the
 /// list alone: `rewrite` brings that to the beats.
 ///
-/// What lost its other end goes. A pedal that is pressed while it is down changes; where it or a
+/// What lost its other end goes. A pedal that is pressed while it is down changes, and what several
+/// voices do with it at one time is one mark, of the first of them; where it or a
 /// word loses its last sign, the one in front closes it, and where the first goes, the next one
 /// begins.
 class SpanMender {

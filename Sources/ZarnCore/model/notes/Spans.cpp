@@ -36,7 +36,7 @@ template <class Visit>
 void visitMarks(Beat &beat, const KeptBeats::Place &place, Visit visit)
 {
     const auto mark = [&](bool needsOpen, bool leavesOpen, bool isHeld = false) {
-        return SpanMark{place, &beat, needsOpen, leavesOpen, isHeld};
+        return SpanMark{place, &beat, needsOpen, leavesOpen, isHeld, false};
     };
     if (const PedalChange pedal = beat.pedal(); pedal != PedalChange::None)
         visit(SpanLine{SpanKind::Pedal, place.staff, 0, 0},
@@ -112,6 +112,11 @@ void readVoice(const Voice &voice, KeptBeats::Place place, std::vector<TimedMark
     }
 }
 
+bool isOn(const SpanLine &left, const SpanLine &right) noexcept
+{
+    return !(left < right) && !(right < left);
+}
+
 /// The marks of a bar in all staves, line by line and in the order of time.
 std::vector<TimedMark> readBar(const Track &track, unsigned bar)
 {
@@ -126,12 +131,13 @@ std::vector<TimedMark> readBar(const Track &track, unsigned bar)
     std::stable_sort(marks.begin(), marks.end(), [](const TimedMark &left, const TimedMark &right) {
         return std::tie(left.line, left.when) < std::tie(right.line, right.when);
     });
+    for (std::size_t i = 1; i < marks.size(); ++i) {
+        const When &before = marks[i - 1].when;
+        const When &here = marks[i].when;
+        marks[i].mark.isAtOnce = isOn(marks[i - 1].line, marks[i].line) && before.time == here.time
+            && before.zeroBeats == here.zeroBeats;
+    }
     return marks;
-}
-
-bool isOn(const SpanLine &left, const SpanLine &right) noexcept
-{
-    return !(left < right) && !(right < left);
 }
 
 void rewriteSlur(const SpanLine &line, const SpanMark &mark, const SpanMark &meaning)

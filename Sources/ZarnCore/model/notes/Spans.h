@@ -20,6 +20,7 @@ struct SpanMark {
     bool needsOpen = false;  ///< it ends something, or leads on within it
     bool leavesOpen = false; ///< something goes on behind it
     bool isHeld = false;     ///< of a syllable: it is held over the notes that follow
+    bool isAtOnce = false;   ///< at the time of the mark in front of it, in another voice
 };
 
 /// The marks of lines, in the order of time.
