@@ -47,13 +47,16 @@ bool TransposeNotes::canMove()
     const auto range = places();
     bool isInside = true;
     std::size_t noteCount = 0;
+    const int by = semitones();
     if (range)
         visitBeats(model(), *range, [&](const MarkedPlace &place, const Beat &beat) {
             noteCount += beat.noteCount();
+            if (!place.isPitched)
+                return true;
             for (const auto &note : beat.notes()) {
-                const int key = note->midi() + semitones();
-                if (place.isPitched && note->midi() != Note::Unset)
-                    isInside = isInside && key >= 0 && key <= highestWrittenKey;
+                const int midi = note->midi();
+                const bool isKey = midi + by >= 0 && midi + by <= highestWrittenKey;
+                isInside = isInside && (isKey || midi == Note::Unset);
             }
             return isInside;
         });

@@ -7,7 +7,6 @@
 #include <QTextCodec>
 
 #include <algorithm>
-#include <cstring>
 #include <string_view>
 
 namespace zarn::io {
@@ -106,31 +105,35 @@ std::size_t sequenceLength(std::string_view text, std::size_t at)
     return outside || !continues(at + 3) ? 0 : 4;
 }
 
+constexpr std::size_t blockSize = 64;
+
+/// Whether all bytes of a block are ASCII and none is zero. Without a way out, the loop is done on
+/// many bytes at once.
+bool isPlainBlock(const char *block) noexcept
+{
+    unsigned char odd = 0;
+    for (std::size_t i = 0; i < blockSize; ++i)
+        odd |= static_cast<unsigned char>(static_cast<signed char>(block[i]) <= 0);
+    return odd == 0;
+}
+
 /// Position of the first byte that is not well-formed UTF-8, or is zero; or `npos`.
 std::size_t firstInvalidByte(std::string_view text)
 {
-    constexpr std::uint64_t highBits = 0x8080808080808080u;
-    constexpr std::uint64_t ones = 0x0101010101010101u;
     std::size_t at = 0;
     while (at < text.size()) {
-        std::uint64_t block = 0;
-        if (at + sizeof block <= text.size()) {
-            std::memcpy(&block, text.data() + at, sizeof block);
-            // Of bytes without the high bit, taking 1 away gives it to zeros alone.
-            if (((block | (block - ones)) & highBits) == 0) {
-                at += sizeof block;
-                continue;
-            }
-        }
-        const auto byte = static_cast<unsigned char>(text[at]);
-        if (byte != 0 && byte < 0x80) {
-            ++at;
+        if (at + blockSize <= text.size() && isPlainBlock(text.data() + at)) {
+            at += blockSize;
             continue;
         }
-        const auto length = sequenceLength(text, at);
-        if (length == 0)
-            return at;
-        at += length;
+        for (const auto end = std::min(at + blockSize, text.size()); at < end;) {
+            const auto byte = static_cast<unsigned char>(text[at]);
+            const bool isPlain = byte != 0 && byte < 0x80;
+            const std::size_t length = isPlain ? 1 : sequenceLength(text, at);
+            if (length == 0)
+                return at;
+            at += length;
+        }
     }
     return text.npos;
 }
