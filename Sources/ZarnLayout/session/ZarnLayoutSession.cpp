@@ -3,7 +3,7 @@
 
 #include <ZarnLayout/font/ZarnTextMeasure.h>
 #include <ZarnLayout/session/LayoutChanges.h>
-#include <ZarnLayout/session/LayoutEngine.h>
+#include <ZarnLayout/session/LayoutJobImpl.h>
 #include <ZarnLayout/session/ScoreListener.h>
 #include <ZarnLayout/session/ScoreMarks.h>
 #include <ZarnLayout/session/ScoreReader.h>
@@ -11,64 +11,9 @@
 #include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/score/ZarnScore.h>
 
-#include <atomic>
-#include <mutex>
 #include <utility>
 
 namespace zarn::layout {
-
-using engraving::LayoutEngine;
-using engraving::ScoreSource;
-
-namespace {
-
-/// One engine for a session and its jobs, one at a time.
-class SharedEngine {
-public:
-    SharedEngine(std::shared_ptr<const MusicFont> font, const TextMeasure &texts)
-        : _engine(std::move(font), texts)
-    {
-    }
-
-    std::shared_ptr<const Layout> layOut(std::shared_ptr<const ScoreSource> source)
-    {
-        const std::lock_guard<std::mutex> lock(_mutex);
-        return _engine.layOut(std::move(source));
-    }
-
-private:
-    std::mutex _mutex;
-    LayoutEngine _engine;
-};
-
-} // namespace
-
-class LayoutJob::Impl {
-public:
-    std::shared_ptr<SharedEngine> engine;
-    std::shared_ptr<const ScoreSource> source;
-    unsigned reading = 0; ///< from which the source is
-    std::once_flag once;
-    std::shared_ptr<const Layout> layout;
-    std::atomic<bool> isDone = false;
-};
-
-LayoutJob::LayoutJob(std::unique_ptr<Impl> impl) : _impl(std::move(impl)) { }
-
-LayoutJob::~LayoutJob() = default;
-
-void LayoutJob::run()
-{
-    std::call_once(_impl->once, [this] {
-        _impl->layout = _impl->engine->layOut(_impl->source);
-        _impl->isDone = true;
-    });
-}
-
-bool LayoutJob::isDone() const noexcept
-{
-    return _impl->isDone;
-}
 
 class LayoutSession::Impl {
 public:

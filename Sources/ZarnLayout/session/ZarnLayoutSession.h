@@ -4,6 +4,7 @@
 #include <ZarnLayout/ZarnLayoutExport.h>
 #include <ZarnLayout/draw/ZarnLayout.h>
 #include <ZarnLayout/draw/ZarnLayoutSearch.h>
+#include <ZarnLayout/session/ZarnLayoutJob.h>
 #include <ZarnLayout/session/ZarnScoreLayout.h>
 
 #include <chrono>
@@ -26,27 +27,6 @@ struct LayoutUpdate {
     /// stay on the screen as it is. A sheet that grew has what it grew by named too, a new one is
     /// named as a whole, one that is gone is not named. The first layout names all of its sheets.
     std::vector<PlacedBox> changed;
-};
-
-/// The work of laying out what a session has read. It holds all that it needs: the score may be
-/// edited meanwhile, and the session may go.
-class ZARNLAYOUT_EXPORT LayoutJob {
-public:
-    ~LayoutJob();
-    LayoutJob(const LayoutJob &) = delete;
-    LayoutJob &operator=(const LayoutJob &) = delete;
-
-    /// Lays out; on any thread. A second call does nothing.
-    void run();
-    bool isDone() const noexcept;
-
-private:
-    friend class LayoutSession;
-    class Impl;
-
-    explicit LayoutJob(std::unique_ptr<Impl> impl);
-
-    std::unique_ptr<Impl> _impl;
 };
 
 /// Keeps the layout of a score up to date while it is edited. A session listens to the events of
