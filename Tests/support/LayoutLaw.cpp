@@ -50,29 +50,39 @@ Drawings drawingsOf(const Layout &layout)
     return drawings;
 }
 
-/// Finds a system that only one of two layouts has at its place and nobody was told to paint.
+/// Finds a system of a page that another one has not at the same place, outside of all boxes.
+std::string unnamed(const Layout &layout, std::size_t page, const LayoutPage &other,
+                    const std::vector<PlacedBox> &named)
+{
+    const auto &systems = layout.pages()[page].systems;
+    for (std::size_t i = 0; i < systems.size(); ++i) {
+        const PlacedSystem &system = systems[i];
+        const Box box = system.drawing->marks.box(layout.font()).movedBy(system.at);
+        const bool isThere =
+            std::any_of(other.systems.begin(), other.systems.end(), [&](const PlacedSystem &found) {
+                return found.at == system.at && *found.drawing == *system.drawing;
+            });
+        const bool isNamed = std::any_of(named.begin(), named.end(), [&](const PlacedBox &around) {
+            return around.page == page && around.box.left <= box.left && around.box.top <= box.top
+                && around.box.right >= box.right && around.box.bottom >= box.bottom;
+        });
+        if (!isThere && !isNamed)
+            return placeOf(page, i) + " changed, and nobody was told";
+    }
+    return {};
+}
+
 std::string unnamedChange(const Layout &before, const LayoutUpdate &update)
 {
     const Layout &after = *update.layout;
+    std::string fault;
     for (std::size_t i = 0; i < std::min(before.pages().size(), after.pages().size()); ++i) {
-        const auto &old = before.pages()[i].systems;
-        const auto &now = after.pages()[i].systems;
-        for (std::size_t k = 0; k < std::max(old.size(), now.size()); ++k) {
-            if (k < old.size() && k < now.size() && old[k].at == now[k].at
-                && *old[k].drawing == *now[k].drawing)
-                continue;
-            const PlacedSystem &system = k < now.size() ? now[k] : old[k];
-            const Box box = system.drawing->marks.box(after.font()).movedBy(system.at);
-            if (std::none_of(update.changed.begin(), update.changed.end(),
-                             [&](const PlacedBox &named) {
-                                 return named.page == i && named.box.left <= box.left
-                                     && named.box.top <= box.top && named.box.right >= box.right
-                                     && named.box.bottom >= box.bottom;
-                             }))
-                return placeOf(i, k) + " changed, and nobody was told";
-        }
+        if (fault.empty())
+            fault = unnamed(before, i, after.pages()[i], update.changed);
+        if (fault.empty())
+            fault = unnamed(after, i, before.pages()[i], update.changed);
     }
-    return {};
+    return fault;
 }
 
 /// One session of a score that is edited at random.
