@@ -2,8 +2,10 @@
 #include "Fuzzing.h"
 
 #include <ZarnAudio/ZarnAudioDecoder.h>
+#include <ZarnAudio/ZarnRecording.h>
 #include <streams/MemoryStream.h>
 
+#include <cmath>
 #include <cstring>
 #include <vector>
 
@@ -80,4 +82,16 @@ void fuzz::check(std::string_view input)
     for (const std::int64_t part : {3, 1, 4, 2, 0})
         if (third->seek(third->frames() / 4 * part))
             third->read(block.data(), 64);
+    if (third->frames() > mostFrames)
+        return;
+    const auto fourth = open(input);
+    std::string error;
+    constexpr int rate = 44100;
+    const auto recording = Halvec::audio::Recording::load(*fourth, rate, &error);
+    expect(recording != nullptr || !error.empty(), "a recording that is refused says why");
+    if (recording != nullptr)
+        expect(std::abs(static_cast<double>(recording->frames())
+                        - static_cast<double>(fourth->position()) * rate / fourth->rate())
+                   <= 2.0 + static_cast<double>(rate) / fourth->rate(),
+               "a recording lasts as long as the sound");
 }

@@ -81,6 +81,12 @@ void toStereo(const std::vector<float> &frames, std::int64_t count, int channels
 std::shared_ptr<const Recording> Recording::load(AudioDecoder &decoder, int rate,
                                                  std::string *error)
 {
+    if (src_is_valid_ratio(static_cast<double>(rate) / decoder.rate()) == 0) {
+        if (error != nullptr)
+            *error = decoder.name() + ": " + std::to_string(decoder.rate())
+                + " frames a second cannot be played";
+        return nullptr;
+    }
     std::vector<float> frames;
     Resampler resampler(decoder.rate(), rate, frames);
     std::vector<float> block(static_cast<std::size_t>(blockFrames * decoder.channels()));

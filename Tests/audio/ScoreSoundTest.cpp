@@ -274,6 +274,27 @@ TEST_F(ScoreSounds, recordingsPlayAlongAtTheirPlaceAndPitch)
     EXPECT_NE(recordings.problems()[0].find("gone.wav"), std::string::npos);
 }
 
+TEST_F(ScoreSounds, recordingsThatCannotBePlayedSayWhy)
+{
+    AudioFormat slow = format(AudioFormat::File::Wav, AudioFormat::Encoding::Pcm16, 1);
+    slow.rate = 10;
+    std::string error;
+    const auto crawling = decoder(encoded(std::vector<float>(100), slow));
+    ASSERT_TRUE(crawling);
+    EXPECT_EQ(Recording::load(*crawling, rate, &error), nullptr);
+    EXPECT_NE(error.find("10 frames a second"), std::string::npos) << error;
+    // Of a file that was cut off, what there is.
+    const auto flac =
+        encoded(tones(50'000, 2), format(AudioFormat::File::Flac, AudioFormat::Encoding::Pcm16));
+    const auto cut = decoder(flac.substr(0, flac.size() / 2));
+    ASSERT_TRUE(cut);
+    const auto half = Recording::load(*cut, rate, &error);
+    ASSERT_NE(half, nullptr);
+    EXPECT_GT(half->frames(), 10'000);
+    EXPECT_LT(half->frames(), 40'000);
+    EXPECT_FALSE(error.empty());
+}
+
 TEST_F(ScoreSounds, theMasteringIsHeard)
 {
     const auto usual = masterSoundOf(zarn::Mastering::makeDefault());

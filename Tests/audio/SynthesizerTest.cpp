@@ -346,4 +346,75 @@ TEST(SoundFontSynthesizer, playsGeneralMidi)
     EXPECT_EQ(synthesizer.voiceCount(), 0);
 }
 
+TEST(SoundFontSynthesizer, beginsNotesWithinHalfABlock)
+{
+    std::string error;
+    const auto font = findSoundFont({}, &error);
+    if (font.empty())
+        GTEST_SKIP() << error;
+    Synthesizer synthesizer({44100, 16, 256, false, false});
+    ASSERT_TRUE(synthesizer.loadFont(font, &error)) << error;
+    constexpr int claves = 75;
+    std::mt19937 random(3);
+    std::vector<std::int64_t> starts;
+    std::vector<TimedEvent> events;
+    for (int i = 0; i < 200; ++i) {
+        starts.push_back(1000 + i * 11'000 + std::int64_t(random() % 300));
+        events.push_back(noteOn(starts.back(), claves, 127, 9));
+    }
+    EventRenderer renderer(synthesizer, events);
+    std::vector<float> frames(static_cast<std::size_t>(2 * (starts.back() + 4000)));
+    renderer.render(frames.data(), std::int64_t(frames.size()) / 2);
+    std::vector<std::int64_t> late;
+    for (const auto start : starts) {
+        auto at = start - 100;
+        while (std::abs(frames[std::size_t(2 * at)]) < 0.02F && at < start + 2000)
+            ++at;
+        late.push_back(at - start);
+    }
+    // The sample itself begins some frames after its note; what counts is how that differs.
+    const auto [first, last] = std::minmax_element(late.begin(), late.end());
+    EXPECT_LE(*last - *first, 64 + 4);
+    EXPECT_LT(*last, 200);
+}
+
+TEST(SoundFontSynthesizer, refusesOrPlaysDamagedFonts)
+{
+    std::string error;
+    const auto font = findSoundFont({}, &error);
+    if (font.empty())
+        GTEST_SKIP() << error;
+    filesystem::DiskFileSystem disk;
+    const std::string whole = contentOf(disk, font);
+    QTemporaryDir folder;
+    const auto path = folder.filePath(QStringLiteral("damaged.sf2")).toStdString();
+    std::mt19937 random(17);
+    // The records that say what there is stand behind the samples.
+    constexpr std::size_t records = 100'000;
+    for (int i = 0; i < 12; ++i) {
+        std::string bytes = whole;
+        if (i % 2 == 0)
+            bytes.resize(random() % bytes.size());
+        else
+            for (int k = 0; k < 20; ++k)
+                bytes[bytes.size() - 1 - random() % std::min(records, bytes.size())] =
+                    static_cast<char>(random());
+        put(disk, path, bytes);
+        Synthesizer synthesizer({});
+        error.clear();
+        if (!synthesizer.loadFont(path, &error)) {
+            EXPECT_NE(error.find(path), std::string::npos) << error;
+            continue;
+        }
+        std::vector<TimedEvent> events;
+        for (int program = 0; program < 128; program += 8) {
+            events.push_back({program * 500, Kind::Program, 0, 0, std::uint8_t(program), 0});
+            events.push_back(noteOn(program * 500, 40 + program / 4));
+        }
+        EventRenderer renderer(synthesizer, events);
+        std::vector<float> frames(2 * 66'000);
+        renderer.render(frames.data(), 66'000);
+    }
+}
+
 } // namespace

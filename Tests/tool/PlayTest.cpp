@@ -7,6 +7,7 @@
 #include <filesystem/DiskFileSystem.h>
 #include <streams/FileStream.h>
 
+#include <QElapsedTimer>
 #include <QFileInfo>
 
 #include <cmath>
@@ -101,6 +102,18 @@ TEST_F(PlayCommand, countsInAndSlowsDown)
     EXPECT_EQ(run.code, 0) << run.err;
     EXPECT_GT(onset(played()), 0u);
     EXPECT_LT(onset(played()), played().size());
+}
+
+TEST_F(PlayCommand, keepsTime)
+{
+    qputenv("SDL_AUDIODRIVER", "dummy");
+    QElapsedTimer timer;
+    timer.start();
+    const ToolRun run =
+        play({QStringLiteral("--bars"), QStringLiteral("1"), QStringLiteral("--no-reverb")});
+    EXPECT_EQ(run.code, 0) << run.err;
+    EXPECT_EQ(run.err, "");
+    EXPECT_GT(timer.elapsed(), 900) << "a bar takes a second at least";
 }
 
 TEST_F(PlayCommand, endsCleanlyOnInterrupt)

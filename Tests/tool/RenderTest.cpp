@@ -153,6 +153,24 @@ TEST_F(Rendering, leavesTheOldFileWhenItIsInterrupted)
     EXPECT_EQ(QDir(_folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
 }
 
+TEST_F(Rendering, leavesTheOldFileWhenTheDiskIsFull)
+{
+    if (Halvec::audio::findSoundFont({}, nullptr).empty())
+        GTEST_SKIP() << "there is no sound font";
+    writeFile(path("x.wav"), "old");
+    QProcess process;
+    process.start(QStringLiteral("bash"),
+                  {QStringLiteral("-c"),
+                   QStringLiteral("trap '' XFSZ; ulimit -f 100; exec '%1' render '%2' '%3'")
+                       .arg(QStringLiteral(ZARN_BINARY_DIR "/bin/zarn"), saints(), path("x.wav"))});
+    ASSERT_TRUE(process.waitForFinished(120'000));
+    EXPECT_EQ(process.exitCode(), 1);
+    const std::string error = process.readAllStandardError().toStdString();
+    EXPECT_TRUE(contains(error, "x.wav")) << error;
+    EXPECT_EQ(contentOf(path("x.wav")), "old");
+    EXPECT_EQ(QDir(_folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
+}
+
 TEST_F(Rendering, refusesWhatItCannotDoAndWritesNothing)
 {
     EXPECT_TRUE(contains(render({}, "x.mp3").err, "end in .wav, .flac or .ogg"));

@@ -172,6 +172,15 @@ bool obey(Player &player, Keys::Key key)
     return true;
 }
 
+/// "; there are A, B": what a user could have named.
+std::string deviceList()
+{
+    std::string list;
+    for (const std::string &name : Halvec::audio::outputDevices())
+        list += (list.empty() ? "; there are \"" : ", \"") + name + '"';
+    return list;
+}
+
 int runPlay(const Arguments &arguments, const Terminal &terminal)
 {
     const double speed = speedOf(arguments);
@@ -198,8 +207,11 @@ int runPlay(const Arguments &arguments, const Terminal &terminal)
         player.setLoop(plan.bars ? plan.bars->first : 0,
                        plan.bars ? plan.bars->second : model.masterTrack()->masterBarCount() - 1);
     std::string error;
-    if (!player.open(&error))
+    if (!player.open(&error)) {
+        if (!settings.device.empty())
+            error += deviceList();
         throw Failure(error);
+    }
     for (const auto &problem : player.problems())
         warn(problem);
     warnOfProblems(document);
