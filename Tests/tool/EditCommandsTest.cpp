@@ -217,7 +217,9 @@ TEST(EditCommands, everyCommandIsUndoneToTheByteAndRedone)
 {
     std::set<QString> used;
     const QString commands = QString::fromUtf8(EveryCommand)
-        + QStringLiteral("replace \"%1\"\nadd-beat 1:1 quarter\n").arg(romance());
+        + QStringLiteral("replace \"%1\"\nadd-beat 1:1 quarter\nadd-recording \"%1\" 1.5 0.8\n"
+                         "remove-recording 1\nadd-recording \"%1\"\n")
+              .arg(romance());
     for (const QString &line : commands.split(QLatin1Char('\n')))
         used.insert(line.section(QLatin1Char(' '), 0, 0));
     for (const auto &area : zarn::tool::commandAreas()) {

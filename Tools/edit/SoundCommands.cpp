@@ -11,8 +11,12 @@
 #include <ZarnCore/instruments/automations/ZarnDSPParamAutomation.h>
 #include <ZarnCore/instruments/effects/ZarnMastering.h>
 #include <ZarnCore/instruments/sounds/ZarnSound.h>
+#include <ZarnCore/model/ZarnAudioTrack.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
+#include <QFileInfo>
+
+#include <cmath>
 #include <memory>
 
 namespace zarn::tool {
@@ -23,6 +27,8 @@ constexpr int Master = -1;
 constexpr int MostSounds = 1000;
 constexpr int HighestProgram = 128;
 constexpr double ParameterCount = 32;
+constexpr double MostSeconds = 36'000;
+constexpr double MostLevel = 8;
 
 unsigned index(const Values &values, std::size_t parameter)
 {
@@ -87,6 +93,31 @@ bool forceSound(EditSession &session, const Values &values)
     const unsigned track = index(values, 0);
     const int number = values.has(1) ? static_cast<int>(soundOf(session, values, track, 1)) : -1;
     return session.score().setForcedSoundIndex(track, number);
+}
+
+// Recordings.
+
+bool addRecording(EditSession &session, const Values &values)
+{
+    const QFileInfo file(QString::fromStdString(values.text(0)));
+    if (!file.isFile())
+        throw LineError(values.column(0), QStringLiteral("there is no such file"));
+    auto track = std::make_shared<AudioTrack>(file.completeBaseName().toStdString());
+    track->setFilePath(file.absoluteFilePath().toStdString());
+    constexpr double milliseconds = 1000;
+    track->setStartOffset(std::llround(milliseconds * values.get(1, 0.0)));
+    track->setVolume(static_cast<float>(values.get(2, 1.0)));
+    return session.score().createAudioTrack(session.model().audioTrackCount(), std::move(track));
+}
+
+bool removeRecording(EditSession &session, const Values &values)
+{
+    const unsigned count = session.model().audioTrackCount();
+    if (index(values, 0) > count)
+        throw LineError(values.column(0),
+                        QStringLiteral("there are only %1")
+                            .arg(QString::fromStdString(counted(count, "recording"))));
+    return session.score().removeAudioTrack(index(values, 0) - 1);
 }
 
 // Effects, of the master or of a sound of a track.
@@ -347,6 +378,18 @@ const std::vector<Command> &soundCommands()
          QStringLiteral("Play a track with one sound throughout; without a number, as before."),
          QStringLiteral("Score::setForcedSoundIndex"),
          forceSound},
+        {QStringLiteral("add-recording"),
+         {{QStringLiteral("FILE"), Kind::Text},
+          {QStringLiteral("SECONDS"), Kind::Decimal, Presence::Optional, -MostSeconds, MostSeconds},
+          {QStringLiteral("LEVEL"), Kind::Decimal, Presence::Optional, 0, MostLevel}},
+         QStringLiteral("Let a sound file play along, from so many seconds after the start on."),
+         QStringLiteral("Score::createAudioTrack"),
+         addRecording},
+        {QStringLiteral("remove-recording"),
+         {number},
+         QStringLiteral("Remove a recording that plays along, counted from 1."),
+         QStringLiteral("Score::removeAudioTrack"),
+         removeRecording},
         {QStringLiteral("volume"),
          {strip, level},
          QStringLiteral("Set the volume of a track or of the master."),
