@@ -16,6 +16,9 @@ utils::rational roundedUp(const utils::rational &length)
     return {(length * ticksPerQuarter).ceil(), ticksPerQuarter};
 }
 
+/// Beats that room is made for when a voice begins.
+constexpr std::size_t mostReserved = 1 << 14;
+
 /// Adds what a voice has; answers its length.
 utils::rational survey(const Voice &voice, std::vector<ScoreSurvey::OfBeat> &beats,
                        ScoreSurvey::OfTrack &track, bool &hasCaesura)
@@ -24,6 +27,7 @@ utils::rational survey(const Voice &voice, std::vector<ScoreSurvey::OfBeat> &bea
     for (const auto &beat : voice.beats()) {
         beats.push_back({beat.get(), lengthOf(*beat)});
         advance(length, beats.back().length);
+        track.hasGraces = track.hasGraces || beat->isGrace();
         track.hasDynamics = track.hasDynamics || beat->dynamic() != NoteDynamic::Value::None;
         if (beat->isCommon())
             continue;
@@ -53,6 +57,9 @@ ScoreSurvey::ScoreSurvey(const ScoreModel &model)
                 for (unsigned slot = 0; slot < Bar::MaxVoices; ++slot) {
                     OfVoice &ofVoice = voices[slot];
                     if (const auto &voice = staff->bars()[i]->voices()[slot]) {
+                        if (ofVoice.beats.empty())
+                            ofVoice.beats.reserve(
+                                std::min(mostReserved, voice->beatCount() * (count - i)));
                         bool hasCaesura = false;
                         const auto length = survey(*voice, ofVoice.beats, ofTrack, hasCaesura);
                         if (length > barLengths[i])

@@ -24,6 +24,7 @@ struct ScoreSurvey {
 
     struct OfTrack {
         std::vector<OfVoice> voices; ///< staff by staff, every slot
+        bool hasGraces = false;
         bool hasDynamics = false;    ///< dynamics, attacks, hairpins
         bool hasMarkedBeats = false; ///< any attributes that most beats lack
     };

@@ -75,7 +75,8 @@ TrackPerformance TrackPerformance::of(const ScoreModel &model, unsigned index,
             if (voice.beats.empty())
                 continue;
             PlayedBeats beats = playVoice(model, voice, bars, sources);
-            placeGraceBeats(beats);
+            if (survey.hasGraces)
+                placeGraceBeats(beats);
             const VoicePlace place{model,
                                    track,
                                    *staff,

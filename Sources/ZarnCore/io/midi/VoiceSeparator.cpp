@@ -33,7 +33,8 @@ struct Chord {
     int highest;
     std::uint8_t voice = 0;
 
-    int middle() const { return lowest + highest; } ///< twice the key
+    /// Lines are told apart by their upper notes.
+    int height() const { return 128 * highest + lowest; }
 };
 
 /// What a voice did last.
@@ -44,7 +45,7 @@ struct Line {
     int highest = 0;
     std::size_t chord = 0;
 
-    int middle() const { return lowest + highest; }
+    int height() const { return 128 * highest + lowest; }
 };
 
 class Separation {
@@ -127,7 +128,7 @@ private:
         std::sort(
             _chords.begin() + static_cast<std::ptrdiff_t>(first),
             _chords.begin() + static_cast<std::ptrdiff_t>(last),
-            [](const Chord &left, const Chord &right) { return left.middle() > right.middle(); });
+            [](const Chord &left, const Chord &right) { return left.height() > right.height(); });
         makeRoom(_chords[first].start, last - first);
 
         _best = 1e18;
@@ -188,7 +189,7 @@ private:
             const Line &line = _lines[other];
             if (!line.isUsed || line.end <= chord.start || other == voice)
                 continue;
-            if ((other < voice) != (line.middle() >= chord.middle()))
+            if ((other < voice) != (line.height() >= chord.height()))
                 cost += perCrossing;
         }
         return cost;
