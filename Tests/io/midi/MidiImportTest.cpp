@@ -151,6 +151,21 @@ TEST(MidiImport, playedNotesAreFittedToTheBeatsOfTheFile)
     EXPECT_EQ(notesOf(played.import()), notesOf(still.import()));
 }
 
+TEST(MidiImport, notesInFrontOfRestsAreWhole)
+{
+    Song song;
+    auto &track = song.track();
+    track.addProgram(0, 0, 73);
+    const auto note = [&track](double at, double length) {
+        add(track, at, length + 1.0 / quarter, 72); // ends where it says
+    };
+    note(0, 0.475); // an eighth and a dotted quarter that are let go a little early
+    note(2, 1.4375);
+    for (int i = 4; i < 24; ++i) // slurred ones that are not
+        note(i, 1);
+    EXPECT_EQ(notesOf(song.import()).substr(0, 26), "1:0 72 1/2 | 1:2 72 3/2 | ");
+}
+
 TEST(MidiImport, barsFollowTheMetersOfTheFile)
 {
     Song song;

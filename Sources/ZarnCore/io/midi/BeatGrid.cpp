@@ -88,6 +88,14 @@ BeatGrid::Fit BeatGrid::fit(MidiTime time, double deviation) const noexcept
     return best;
 }
 
+const BeatGrid::Place &BeatGrid::placeFrom(MidiTime time) const noexcept
+{
+    const auto next =
+        std::lower_bound(places.begin(), places.end(), time,
+                         [](const Place &place, MidiTime at) { return place.at < at; });
+    return next == places.end() ? places.back() : *next;
+}
+
 std::vector<BeatGrid> beatGrids(MidiTime length, const GridChoice &choice)
 {
     // A beat of three parts is one and a half times a plain value.

@@ -39,6 +39,9 @@ struct BeatGrid {
     };
     Fit fit(MidiTime time, double deviation) const noexcept;
 
+    /// The first place that is not in front of a time; the end of the beat for later ones.
+    const Place &placeFrom(MidiTime time) const noexcept;
+
     static constexpr double mostForTime = 16;
 };
 

@@ -268,11 +268,14 @@ MidiTime RhythmQuantizer::endFor(MidiTime start, MidiTime playedEnd, const Playe
         }
     };
     const auto costOf = [&](MidiTime end) {
-        const double off = static_cast<double>(end - playedEnd) / deviation;
+        const auto gap = static_cast<double>(end - playedEnd);
+        const double off = gap / deviation;
         // A note that stops a little before the next one, or before the beat, is held up to it
         // sooner than that a tuplet or a 32nd would tell how much.
-        const bool isLittle = end > playedEnd && (end - playedEnd) * 3 < end - start;
-        return std::min(off * off / 2, isLittle ? mostForGap : BeatGrid::mostForTime);
+        const double share = 3 * gap / static_cast<double>(std::max<MidiTime>(end - start, 1));
+        const bool isLittle = gap > 0 && share < 1;
+        return std::min(off * off / 2,
+                        isLittle ? mostForGap * (1 + share) / 2 : BeatGrid::mostForTime);
     };
 
     constexpr double priceOfBeat = 0.2;
@@ -303,6 +306,8 @@ MidiTime RhythmQuantizer::endFor(MidiTime start, MidiTime playedEnd, const Playe
             continue;
         const auto fit = grid.fit(playedEnd - place.start, deviation);
         take(place.start + fit.at, fit.cost + price);
+        const auto &behind = grid.placeFrom(playedEnd - place.start);
+        take(place.start + behind.at, costOf(place.start + behind.at) + behind.price + price);
     }
     if (best > start)
         return best;
