@@ -9,7 +9,9 @@ const std::vector<ActionGroup> &actionTable()
 {
     static const std::vector<ActionGroup> table = [] {
         std::vector<ActionGroup> all;
-        for (const auto part : {fileActions, editActions, entryActions, moveActions, viewActions}) {
+        for (const auto part :
+             {fileActions, editActions, entryActions, noteActions, attributeActions, barActions,
+              trackActions, moveActions, playActions, viewActions}) {
             std::vector<ActionGroup> groups = part();
             std::move(groups.begin(), groups.end(), std::back_inserter(all));
         }

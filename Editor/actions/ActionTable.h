@@ -15,6 +15,11 @@ std::vector<ActionGroup> fileActions();
 std::vector<ActionGroup> editActions();
 std::vector<ActionGroup> moveActions();
 std::vector<ActionGroup> entryActions();
+std::vector<ActionGroup> noteActions();
+std::vector<ActionGroup> barActions();
+std::vector<ActionGroup> trackActions();
+std::vector<ActionGroup> attributeActions();
+std::vector<ActionGroup> playActions();
 std::vector<ActionGroup> viewActions();
 
 } // namespace zarn::editor

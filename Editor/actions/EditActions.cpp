@@ -164,9 +164,15 @@ std::vector<ActionGroup> editActions()
          [](const ActionContext &context) { return !context.document.selection().isEmpty(); },
          KeyScope::Score},
     };
+    Action shortcuts;
+    shortcuts.id = QStringLiteral("edit.shortcuts");
+    shortcuts.text = Text::tr("&Shortcuts...");
+    shortcuts.run = [](const ActionContext &context) { context.window.chooseShortcuts(); };
+    shortcuts.isAsking = true;
     return {{titles(Menu::Edit), undoing},
             {titles(Menu::Edit), clipping},
-            {titles(Menu::Edit), selecting}};
+            {titles(Menu::Edit), selecting},
+            {titles(Menu::Edit), {shortcuts}}};
 }
 
 } // namespace zarn::editor

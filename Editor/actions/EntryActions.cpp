@@ -2,6 +2,7 @@
 #include "actions/ActionTable.h"
 #include "actions/Menus.h"
 #include "document/Document.h"
+#include "entry/DrumEntry.h"
 #include "entry/NoteEntry.h"
 
 #include <ZarnCore/model/ZarnScoreModel.h>
@@ -80,15 +81,56 @@ Action tuplet(int first, int second, const char *keys)
     return action;
 }
 
-std::vector<Action> fretDigits()
+bool isOnDrums(const ActionContext &context)
+{
+    const Track *const track = context.document.cursor().findTrack();
+    return track != nullptr && InstrumentSet::isUnpitched(track->type()) && hasPlace(context);
+}
+
+bool isOnNotation(const ActionContext &context)
+{
+    return context.document.entry().staffKind == layout::StaffKind::Notation && hasPlace(context);
+}
+
+std::vector<Action> letters()
+{
+    std::vector<Action> actions;
+    for (const char *letter = "CDEFGAB"; *letter != 0; ++letter) {
+        const QString sign = QString(QLatin1Char(*letter));
+        for (const Adding adding : {Adding::Replaces, Adding::Adds}) {
+            const bool isAdded = adding == Adding::Adds;
+            Action action = onScore(
+                "", isAdded ? Text::tr("Add note %1").arg(sign) : Text::tr("Note %1").arg(sign), "",
+                [sign, adding](const ActionContext &context) {
+                    enterLetter(context.document, NoteName::fromString(sign), adding);
+                },
+                isOnNotation);
+            action.id =
+                (isAdded ? QStringLiteral("note.add") : QStringLiteral("note.letter")) + sign;
+            action.keys = {QKeySequence(isAdded ? QStringLiteral("Shift+") + sign : sign)};
+            actions.push_back(std::move(action));
+        }
+    }
+    return actions;
+}
+
+/// Frets on strings, drums on a drum kit.
+std::vector<Action> digits()
 {
     std::vector<Action> actions;
     for (int digit = 0; digit <= 9; ++digit) {
         const QString sign = QString::number(digit);
         Action action = onScore(
-            "", Text::tr("Fret %1").arg(digit), "",
-            [digit](const ActionContext &context) { enterFretDigit(context.document, digit); },
-            isOnStrings);
+            "", Text::tr("Fret or drum %1").arg(digit), "",
+            [digit](const ActionContext &context) {
+                if (isOnDrums(context))
+                    enterDrum(context.document, digit);
+                else
+                    enterFretDigit(context.document, digit);
+            },
+            [](const ActionContext &context) {
+                return isOnStrings(context) || isOnDrums(context);
+            });
         action.id = QStringLiteral("note.fret") + sign;
         action.keys = {QKeySequence(sign)};
         actions.push_back(std::move(action));
@@ -115,7 +157,7 @@ std::vector<ActionGroup> entryActions()
         onScore("beat.shorter", Text::tr("Sh&orter"), "+; ]",
                 [](const ActionContext &context) { enterLonger(context.document, -1); }),
         dots("beat.dot", Text::tr("&Dotted"), ".", 1),
-        dots("beat.doubleDot", Text::tr("Do&uble dotted"), "Shift+.", 2),
+        dots("beat.doubleDot", Text::tr("Do&uble dotted"), "Alt+.", 2),
     };
     const std::vector<Action> tuplets = {tuplet(3, 2, "/"), tuplet(5, 4, ""), tuplet(6, 4, ""),
                                          tuplet(7, 4, ""),  tuplet(9, 8, ""), tuplet(2, 3, "")};
@@ -139,7 +181,8 @@ std::vector<ActionGroup> entryActions()
             {titles(Menu::Beat, Text::tr("&Tuplet")), tuplets},
             {titles(Menu::Beat), beats},
             {titles(Menu::Note), notes},
-            {titles(Menu::Note, Text::tr("&Fret")), fretDigits()}};
+            {titles(Menu::Note, Text::tr("&Fret or drum")), digits()},
+            {titles(Menu::Note, Text::tr("&Letter")), letters()}};
 }
 
 } // namespace zarn::editor

@@ -3,6 +3,7 @@
 #include "actions/Menus.h"
 #include "app/Editor.h"
 #include "app/MainWindow.h"
+#include "dialogs/NewScoreDialog.h"
 #include "document/Document.h"
 
 #include <QApplication>
@@ -20,6 +21,13 @@ void open(const ActionContext &context)
     const QString path = editor.questions().fileToOpen(&context.window, openFilters());
     if (!path.isEmpty())
         editor.open(path, &context.window);
+}
+
+void newFromTemplate(const ActionContext &context)
+{
+    NewScoreDialog dialog(&context.window);
+    if (dialog.exec() == QDialog::Accepted)
+        context.window.editor().show(loadedModel(dialog.score()));
 }
 
 void openRecent(const ActionContext &context)
@@ -53,6 +61,10 @@ std::vector<ActionGroup> fileActions()
          Text::tr("&New"),
          {QKeySequence::New},
          [](const ActionContext &context) { context.window.editor().showNew(); }},
+        {QStringLiteral("file.newFrom"),
+         Text::tr("New from &tracks..."),
+         {QKeySequence(QStringLiteral("Ctrl+Shift+N"))},
+         newFromTemplate},
         {QStringLiteral("file.open"), Text::tr("&Open..."), {QKeySequence::Open}, open},
         {QStringLiteral("file.openRecent"),
          Text::tr("Open &recent..."),
@@ -79,6 +91,20 @@ std::vector<ActionGroup> fileActions()
          {QKeySequence(QStringLiteral("Ctrl+E"))},
          [](const ActionContext &context) { context.window.exportScore(); }},
     };
+    std::vector<Action> printing = {
+        {QStringLiteral("file.pageSetup"),
+         Text::tr("Pa&ge setup..."),
+         {},
+         [](const ActionContext &context) { context.window.setUpPage(); }},
+        {QStringLiteral("file.preview"),
+         Text::tr("Print pre&view..."),
+         {},
+         [](const ActionContext &context) { context.window.showPreview(); }},
+        {QStringLiteral("file.print"),
+         Text::tr("&Print..."),
+         {QKeySequence::Print},
+         [](const ActionContext &context) { context.window.print(); }},
+    };
     std::vector<Action> windows = {
         {QStringLiteral("file.newWindow"), Text::tr("New &window"), {}, newWindow},
         {QStringLiteral("file.close"),
@@ -87,11 +113,13 @@ std::vector<ActionGroup> fileActions()
          [](const ActionContext &context) { context.window.close(); }},
         {QStringLiteral("file.quit"), Text::tr("&Quit"), {QKeySequence::Quit}, quit},
     };
-    for (auto *const part : {&files, &saving, &windows})
+    for (auto *const part : {&files, &saving, &printing, &windows})
         for (Action &action : *part)
             action.isAsking = true;
-    return {
-        {titles(Menu::File), files}, {titles(Menu::File), saving}, {titles(Menu::File), windows}};
+    return {{titles(Menu::File), files},
+            {titles(Menu::File), saving},
+            {titles(Menu::File), printing},
+            {titles(Menu::File), windows}};
 }
 
 } // namespace zarn::editor

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "actions/ActionTable.h"
 #include "actions/Menus.h"
+#include "app/Appearance.h"
 #include "app/MainWindow.h"
 #include "app/ScoreView.h"
 #include "document/Document.h"
@@ -65,6 +66,17 @@ void showTrack(const ActionContext &context)
     context.view.layouts().setOptions(options);
 }
 
+Action look(const char *id, const QString &text, Appearance wanted)
+{
+    Action action;
+    action.id = QLatin1String(id);
+    action.text = text;
+    action.run = [wanted](const ActionContext &) { setAppearance(wanted); };
+    action.isChecked = [wanted](const ActionContext &) { return appearance() == wanted; };
+    action.isAsking = true; // of the settings
+    return action;
+}
+
 std::vector<Action> panelActions()
 {
     std::vector<Action> actions;
@@ -125,9 +137,15 @@ std::vector<ActionGroup> viewActions()
         zoomPolicy("view.fitHeight", Text::tr("Fit the &height"), "Ctrl+2", ZoomPolicy::Height),
         zoomPolicy("view.fitPage", Text::tr("Fit the pa&ge"), "Ctrl+3", ZoomPolicy::Page),
     };
+    const std::vector<Action> looks = {
+        look("view.systemLook", Text::tr("&As the system"), Appearance::System),
+        look("view.light", Text::tr("&Light"), Appearance::Light),
+        look("view.dark", Text::tr("&Dark"), Appearance::Dark),
+    };
     return {{titles(Menu::View), layouts},
             {titles(Menu::View), zooms},
-            {titles(Menu::View, Text::tr("&Panels")), panelActions()}};
+            {titles(Menu::View, Text::tr("&Panels")), panelActions()},
+            {titles(Menu::View, Text::tr("&Appearance")), looks}};
 }
 
 } // namespace zarn::editor

@@ -4,6 +4,7 @@
 #include "app/MainWindow.h"
 #include "document/Document.h"
 #include "document/NewScore.h"
+#include "document/Recovery.h"
 
 #include <QFileInfo>
 #include <QFutureWatcher>
@@ -43,6 +44,8 @@ void Editor::open(const QString &path, MainWindow *asker)
         return;
     }
     ++_openingCount;
+    if (asker != nullptr)
+        asker->say(tr("Opening \"%1\"...").arg(QFileInfo(path).fileName()));
     auto *const watcher = new QFutureWatcher<LoadedFile>(this);
     const QPointer<QWidget> over(asker);
     connect(watcher, &QFutureWatcher<LoadedFile>::finished, this, [this, watcher, over] {
@@ -99,6 +102,31 @@ MainWindow *Editor::add(std::shared_ptr<Document> document,
     window->show();
     Q_EMIT opened(window);
     return window;
+}
+
+bool Editor::offerLostDocuments()
+{
+    const std::vector<LostDocument> lost = lostDocuments();
+    if (lost.empty()
+        || !_questions->askYesOrNo(
+            nullptr, tr("The program ended before all was saved. Open what it kept?")))
+        return false;
+    bool isAny = false;
+    for (const LostDocument &each : lost) {
+        const LoadedFile file = loadFile(each.copyPath);
+        if (file.model == nullptr) {
+            _questions->tell(nullptr, tr("\"%1\" cannot be opened.").arg(file.path), {file.error});
+            continue;
+        }
+        auto document = std::make_shared<Document>(file.model);
+        document->setPath(each.originalPath);
+        document->setUnsaved();
+        document->recovery().keep(); // the copy of this run, before the other one goes
+        removeLost(each);
+        add(std::move(document), file.layout);
+        isAny = true;
+    }
+    return isAny;
 }
 
 std::vector<MainWindow *> Editor::windows() const

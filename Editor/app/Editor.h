@@ -38,6 +38,10 @@ public:
     MainWindow *showAgain(const std::shared_ptr<Document> &document);
     MainWindow *showNew();
 
+    /// Opens what a run before left behind when it ended unasked, each as a document that is not
+    /// saved, when the user wants it; answers whether there was any.
+    bool offerLostDocuments();
+
     std::vector<MainWindow *> windows() const;
     bool isLastWindowOf(const MainWindow &window) const;
 

@@ -11,13 +11,15 @@
 namespace zarn::editor {
 
 LayoutKeeper::LayoutKeeper(Document &document, std::shared_ptr<const layout::Layout> layout)
-    : _document(document), _layout(std::move(layout))
+    : _document(document), _session(document.listenedScore()), _layout(std::move(layout))
 {
-    connect(&document, &Document::changed, this, &LayoutKeeper::mark);
-    if (_layout == nullptr) {
-        _isStale = true;
+    connect(&document, &Document::changed, this, [this] {
+        if (shownOptions().tracks != _session.options().tracks)
+            _session.setOptions(shownOptions());
+        mark();
+    });
+    if (_layout == nullptr)
         bringUpToDate();
-    }
 }
 
 LayoutKeeper::~LayoutKeeper() = default;
@@ -25,24 +27,25 @@ LayoutKeeper::~LayoutKeeper() = default;
 void LayoutKeeper::setOptions(const layout::LayoutOptions &options)
 {
     _options = options;
+    _session.setOptions(shownOptions());
     mark();
 }
 
 void LayoutKeeper::mark()
 {
-    if (_isStale)
+    if (_isWaiting)
         return;
-    _isStale = true;
+    _isWaiting = true;
     QMetaObject::invokeMethod(this, &LayoutKeeper::bringUpToDate, Qt::QueuedConnection);
 }
 
 void LayoutKeeper::bringUpToDate()
 {
-    if (!_isStale)
+    _isWaiting = false;
+    if (_layout != nullptr && !_session.isOutdated())
         return;
-    _isStale = false;
     try {
-        _layout = layout::layOut(_document.model(), shownOptions());
+        _layout = _session.update().layout;
     } catch (const CoreException &problem) {
         Q_EMIT _document.refused(QString::fromStdString(problem.message()));
         return;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ZarnLayout/session/ZarnScoreLayout.h>
+#include <ZarnLayout/session/ZarnLayoutSession.h>
 
 #include <QObject>
 
@@ -39,8 +39,9 @@ private:
 
     Document &_document;
     layout::LayoutOptions _options;
+    layout::LayoutSession _session;
     std::shared_ptr<const layout::Layout> _layout;
-    bool _isStale = false;
+    bool _isWaiting = false;
 };
 
 } // namespace zarn::editor

@@ -4,17 +4,27 @@
 #include "actions/ActionSet.h"
 #include "app/Editor.h"
 #include "app/PlaceText.h"
+#include "app/Playing.h"
 #include "app/ScoreView.h"
+#include "dialogs/PageSetupDialog.h"
+#include "dialogs/ShortcutsDialog.h"
 #include "document/Document.h"
+#include "document/Drawings.h"
+#include "document/Recovery.h"
 #include "panels/PanelTable.h"
 
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnLayout/session/ZarnScoreLayout.h>
+#include <ZarnViews/export/ZarnScorePrinter.h>
 
 #include <QCloseEvent>
 #include <QDockWidget>
 #include <QFileInfo>
 #include <QLabel>
 #include <QMenuBar>
+#include <QPrintDialog>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
 #include <QStatusBar>
 
 namespace zarn::editor {
@@ -27,7 +37,8 @@ constexpr int messageMilliseconds = 6000;
 MainWindow::MainWindow(Editor &editor, std::shared_ptr<Document> document,
                        std::shared_ptr<const layout::Layout> layout)
     : _editor(editor), _document(std::move(document)),
-      _view(new ScoreView(*_document, std::move(layout))), _place(new QLabel)
+      _view(new ScoreView(*_document, std::move(layout))), _place(new QLabel),
+      _playing(std::make_unique<Playing>(*_document))
 {
     resize(1100, 800);
     setCentralWidget(_view);
@@ -40,6 +51,9 @@ MainWindow::MainWindow(Editor &editor, std::shared_ptr<Document> document,
     connect(_document.get(), &Document::placeChanged, this, &MainWindow::showPlace);
     connect(_document.get(), &Document::changed, _actions.get(), &ActionSet::refresh);
     connect(_document.get(), &Document::placeChanged, _actions.get(), &ActionSet::refresh);
+    connect(_playing.get(), &Playing::moved, _view, &ScoreView::showPlayback);
+    connect(_playing.get(), &Playing::failed, this, &MainWindow::say);
+    connect(_playing.get(), &Playing::stateChanged, _actions.get(), &ActionSet::refresh);
     showTitle();
     showPlace();
     _view->setFocus();
@@ -47,8 +61,10 @@ MainWindow::MainWindow(Editor &editor, std::shared_ptr<Document> document,
 
 MainWindow::~MainWindow()
 {
-    // The menus name the view's actions: they go first.
+    // The menus name the view's actions, and all that is in the window listens to the document.
     _actions.reset();
+    qDeleteAll(findChildren<QDockWidget *>(QString(), Qt::FindDirectChildrenOnly));
+    delete takeCentralWidget();
 }
 
 void MainWindow::addPanels()
@@ -108,11 +124,18 @@ bool MainWindow::saveTo(const QString &path)
 
 void MainWindow::exportScore()
 {
+    const QFileInfo source(_document->path().isEmpty() ? _document->importedFrom()
+                                                       : _document->path());
     const QString path = _editor.questions().fileToSave(
-        this, QFileInfo(_document->path()).completeBaseName(), exportFilters());
+        this, source.path() + QLatin1Char('/') + source.completeBaseName(),
+        exportFilters() + drawingFilters());
     if (path.isEmpty())
         return;
-    const SavedFile saved = saveFile(_document->model(), path);
+    SavedFile saved;
+    if (isDrawing(path))
+        saved.error = saveDrawing(*sheets(), path);
+    else
+        saved = saveFile(_document->model(), path);
     if (!saved.error.isEmpty()) {
         _editor.questions().tell(this, tr("\"%1\" cannot be written.").arg(path), {saved.error});
         return;
@@ -121,6 +144,51 @@ void MainWindow::exportScore()
     if (!lines.isEmpty())
         _editor.questions().tell(this, tr("The format has no word for all of it."), lines);
     say(tr("Exported."));
+}
+
+/// What is shown, on pages, whatever way the view has them.
+std::shared_ptr<const layout::Layout> MainWindow::sheets() const
+{
+    layout::LayoutOptions options = _view->layouts().options();
+    options.view = ViewLayout::Pages;
+    return layout::layOut(_document->model(), options);
+}
+
+void MainWindow::print()
+{
+    QPrinter printer(QPrinter::HighResolution);
+    QPrintDialog dialog(&printer, this);
+    if (dialog.exec() == QDialog::Accepted && !views::printLayout(*sheets(), printer))
+        say(tr("Nothing was printed."));
+}
+
+void MainWindow::showPreview()
+{
+    QPrinter printer(QPrinter::HighResolution);
+    QPrintPreviewDialog dialog(&printer, this);
+    const auto shown = sheets();
+    connect(&dialog, &QPrintPreviewDialog::paintRequested, this,
+            [&shown](QPrinter *target) { views::printLayout(*shown, *target); });
+    dialog.exec();
+}
+
+void MainWindow::setUpPage()
+{
+    PageSetupDialog dialog(_document->model().pageSetup(), this);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const PageSetup setup = dialog.setup();
+    if (!_document->edit(tr("Page setup"), [&](Score &score) { return score.setPageSetup(setup); }))
+        say(tr("Such margins leave no room for music."));
+}
+
+void MainWindow::chooseShortcuts()
+{
+    ShortcutsDialog dialog(this);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    for (MainWindow *const window : _editor.windows())
+        window->actions().applyShortcuts();
 }
 
 void MainWindow::tellOfImport(const QStringList &lines)
@@ -143,6 +211,7 @@ void MainWindow::closeEvent(QCloseEvent *event)
         event->setAccepted(save());
         break;
     case Questions::Answer::Discard:
+        _document->recovery().forget();
         break;
     case Questions::Answer::Cancel:
         event->ignore();

@@ -14,6 +14,7 @@ namespace zarn::editor {
 class ActionSet;
 class Document;
 class Editor;
+class Playing;
 class ScoreView;
 
 /// A window on a document: its pages, menus, panels and a line that says where the cursor is.
@@ -28,12 +29,18 @@ public:
     Document &document() const noexcept { return *_document; }
     const std::shared_ptr<Document> &sharedDocument() const noexcept { return _document; }
     ScoreView &view() const noexcept { return *_view; }
+    Playing &playing() const noexcept { return *_playing; }
     ActionSet &actions() const noexcept { return *_actions; }
 
     /// Each answers whether the document is saved then. What goes wrong is told.
     bool save();
     bool saveAs();
     void exportScore();
+
+    void print();
+    void showPreview();
+    void setUpPage();
+    void chooseShortcuts();
 
     /// What an import could not hold.
     void tellOfImport(const QStringList &lines);
@@ -47,12 +54,14 @@ private:
     bool saveTo(const QString &path);
     void addPanels();
     void showTitle();
+    std::shared_ptr<const layout::Layout> sheets() const;
     void showPlace();
 
     Editor &_editor;
     std::shared_ptr<Document> _document;
     ScoreView *_view;
     QLabel *_place;
+    std::unique_ptr<Playing> _playing;
     std::unique_ptr<ActionSet> _actions;
 };
 

@@ -6,6 +6,7 @@
 
 #include <ZarnCore/model/ZarnScoreModel.h>
 
+#include <QScrollBar>
 #include <QWheelEvent>
 
 namespace zarn::editor {
@@ -100,7 +101,42 @@ void ScoreView::showPlace()
             : drawPlacesOf(*place.model(), _document.selection().beats(_document.score())));
     if (_isRevealing)
         reveal(spot);
-    _document.setEntry(entry);
+    // Windows on one document may show the track in other ways: the one that is used decides.
+    if (isActiveWindow())
+        _document.setEntry(entry);
+}
+
+void ScoreView::changeEvent(QEvent *event)
+{
+    ScoreCanvas::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange)
+        showPlace();
+}
+
+void ScoreView::showPlayback(
+    const std::optional<std::pair<std::int32_t, utils::rational>> &position)
+{
+    setPlayback(position);
+    const auto line = position && layout() != nullptr
+        ? layout::playbackLine(*layout(), position->first, position->second)
+        : std::nullopt;
+    if (!line) {
+        _playbackLine = {};
+        return;
+    }
+    // The system that sounds is brought into view when it begins; a user who scrolls is left alone.
+    const QRectF now(line->box.left, line->box.top + static_cast<double>(line->page) * 1e7, 0,
+                     line->box.height());
+    const bool isOtherSystem = now.top() != _playbackLine.top();
+    _playbackLine = now;
+    const QRectF shown = viewRect(*line);
+    if (!isOtherSystem || QRectF(viewport()->rect()).contains(shown))
+        return;
+    const int quarter = viewport()->height() / 4;
+    verticalScrollBar()->setValue(verticalScrollBar()->value() + qRound(shown.top()) - quarter);
+    if (shown.left() < 0 || shown.left() > viewport()->width())
+        horizontalScrollBar()->setValue(horizontalScrollBar()->value() + qRound(shown.left())
+                                        - viewport()->width() / 4);
 }
 
 void ScoreView::go(const views::PointedAt &at, bool extends)
@@ -114,12 +150,12 @@ void ScoreView::go(const views::PointedAt &at, bool extends)
                             at.spot->staff.track == place.trackIndex() ? place.voiceIndex() : 0);
     else
         return;
+    _isRevealing = false; // what is pointed at is seen
+    _document.moveCursorTo(place, extends);
     EntryState entry = _document.entry();
     if (at.spot)
         entry.staffKind = at.spot->staff.kind;
-    _isRevealing = false; // what is pointed at is seen
     _document.setEntry(entry);
-    _document.moveCursorTo(place, extends);
     _isRevealing = true;
 }
 

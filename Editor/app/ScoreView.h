@@ -26,12 +26,17 @@ public:
     ZoomPolicy zoomPolicy() const noexcept { return _zoomPolicy; }
     void setZoomPolicy(ZoomPolicy policy);
 
+    /// Draws the line of what sounds, and scrolls when it comes to another system, unless the user
+    /// scrolled meanwhile.
+    void showPlayback(const std::optional<std::pair<std::int32_t, utils::rational>> &position);
+
 Q_SIGNALS:
     void zoomPolicyChanged();
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
     void showLayout();
@@ -46,6 +51,7 @@ private:
     LayoutKeeper _layouts;
     ZoomPolicy _zoomPolicy = ZoomPolicy::Width;
     bool _isRevealing = true;
+    QRectF _playbackLine; ///< on the sheets, in units of the layout
 };
 
 } // namespace zarn::editor

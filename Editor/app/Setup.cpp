@@ -8,6 +8,12 @@
 #include <QLocale>
 #include <QTranslator>
 
+/// Resources of a static library are there when they are asked for.
+static void initTranslations()
+{
+    Q_INIT_RESOURCE(translations);
+}
+
 namespace zarn::editor {
 namespace {
 
@@ -31,6 +37,7 @@ void nameApplication()
 
 Setup::Setup()
 {
+    initTranslations();
     Core::initialize(&_files);
     installTranslation(QStringLiteral("qtbase"),
                        QLibraryInfo::location(QLibraryInfo::TranslationsPath));

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "document/Document.h"
 
+#include "document/Recovery.h"
+
 #include <ZarnCore/ZarnException.h>
 #include <ZarnCore/commands/ZarnTransaction.h>
 #include <ZarnCore/events/ZarnCommandEvents.h>
@@ -16,6 +18,8 @@ namespace {
 /// "SetBeatRhythm" as "Set beat rhythm": steps that no edit has named.
 QString readable(const QString &name)
 {
+    if (name.contains(QLatin1Char(' ')))
+        return name;
     QString text;
     for (const QChar sign : name) {
         if (sign.isUpper() && !text.isEmpty())
@@ -52,6 +56,7 @@ Document::Document(std::shared_ptr<ScoreModel> model)
             _isChanged = true;
             ++_stepCount;
         });
+    _recovery = std::make_unique<Recovery>(*this);
 }
 
 Document::~Document() = default;
@@ -150,6 +155,7 @@ void Document::run(const std::function<void()> &step)
 bool Document::moveCursor(const std::function<bool(ScoreCursor &)> &move, bool extends)
 {
     const ScoreModelIndex before = cursor();
+    _lastTyped = {};
     const auto target = _score.scoreCursor().cloneScoreCursor();
     ScoreCursor &own = _score.scoreCursor();
     const bool hasMoved = move(own);
@@ -159,6 +165,7 @@ bool Document::moveCursor(const std::function<bool(ScoreCursor &)> &move, bool e
         _selection.clear();
     else if (_selection.isEmpty() && hasMoved)
         _selection.start(before);
+    _selection.settle(_score);
     // What is entered next is as long as the beat that one comes from.
     if (const auto beat = cursor().beat())
         _entry.rhythm = beat->rhythmValue();
@@ -179,6 +186,7 @@ bool Document::moveCursorTo(const ScoreModelIndex &place, bool extends)
 
 void Document::select(const ScoreModelIndex &from, const ScoreModelIndex &to, SelectedPart part)
 {
+    _lastTyped = {};
     _selection.start(from, part);
     _score.scoreCursor().setIndex(to);
     _score.scoreCursor().settle();

@@ -15,6 +15,8 @@
 
 namespace zarn::editor {
 
+class Recovery;
+
 /// A score that is open: what is in it, what of it is selected, where it is saved. All changes go
 /// through `edit`, so that each is one step with a name that a user reads. Belongs to the thread of
 /// the user interface.
@@ -27,6 +29,8 @@ public:
 
     /// The music. Change it by `edit`.
     const Score &score() const noexcept { return _score; }
+    /// For layouts and players, which listen to it; they change nothing.
+    Score &listenedScore() noexcept { return _score; }
     const ScoreModel &model() const noexcept { return *_score.scoreModel(); }
 
     /// Empty for one that was never saved.
@@ -41,6 +45,8 @@ public:
     bool isModified() const noexcept;
     /// What is there now is what the file holds.
     void setSaved();
+    /// Its copy for the case that the program ends unasked.
+    Recovery &recovery() noexcept { return *_recovery; }
     /// It is worth saving although no edit was made: it was recovered, or imported.
     void setUnsaved();
 
@@ -72,6 +78,9 @@ public:
     /// What is entered next.
     const EntryState &entry() const noexcept { return _entry; }
     void setEntry(const EntryState &entry);
+    /// The note that a letter wrote last, while the cursor is still behind it; else no place.
+    const ScoreModelIndex &lastTyped() const noexcept { return _lastTyped; }
+    void setLastTyped(const ScoreModelIndex &note) { _lastTyped = note; }
     FretDigits &fretDigits() noexcept { return _fretDigits; }
 
     /// How many steps were made, undone and redone since it was opened.
@@ -95,6 +104,7 @@ private:
     Selection _selection;
     EntryState _entry;
     FretDigits _fretDigits;
+    ScoreModelIndex _lastTyped;
     unsigned _stepCount = 0;
     QString _path;
     QString _importedFrom;
@@ -103,6 +113,7 @@ private:
     unsigned _editDepth = 0;
     utils::ScopedConnection _executed;
     bool _isChanged = false;
+    std::unique_ptr<Recovery> _recovery;
 };
 
 } // namespace zarn::editor

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QString>
+
 #include <memory>
 #include <vector>
 
@@ -11,8 +13,14 @@ class Track;
 
 namespace zarn::editor {
 
-/// An empty score with tracks, or without any with a guitar.
-std::shared_ptr<ScoreModel> newScore(std::vector<std::shared_ptr<Track>> tracks = {},
-                                     unsigned bars = 16);
+struct NewScoreSettings {
+    std::vector<std::shared_ptr<Track>> tracks; ///< none means a guitar
+    unsigned bars = 16;
+    int tempo = 120; ///< quarters per minute
+    QString title;
+};
+
+/// A score without notes.
+std::shared_ptr<ScoreModel> newScore(NewScoreSettings settings = {});
 
 } // namespace zarn::editor

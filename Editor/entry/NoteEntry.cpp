@@ -5,6 +5,7 @@
 #include "entry/FretDigits.h"
 
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/notes/ZarnTypedPitch.h>
 #include <ZarnCore/model/places/ZarnBeatSpan.h>
 
 #include <QCoreApplication>
@@ -85,6 +86,53 @@ void enterFretDigit(Document &document, int digit)
         digits.remember(place, digit, document.stepCount());
     else
         Q_EMIT document.refused(Text::tr("This string has no fret %1.").arg(digit));
+}
+
+void enterLetter(Document &document, NoteName letter, Adding adding)
+{
+    // A note that is added belongs to the one that was typed last.
+    ScoreModelIndex place = document.cursor();
+    const bool isBehind = adding == Adding::Adds && document.lastTyped().isBeatValid();
+    if (isBehind)
+        place = document.lastTyped();
+    place.invalidateNote();
+    const auto pitch = typedPitch(place, letter);
+    if (!pitch)
+        return;
+    int key = pitch->midi;
+    const auto present = place.beat();
+    if (adding == Adding::Adds && present != nullptr)
+        for (const auto &note : present->notes())
+            while (key <= note->midi()) // chords are stacked upwards
+                key += 12;
+    const bool isDone =
+        document.edit(Text::tr("Note %1").arg(letter.toString()), [&](Score &score) {
+            if (!isBehind && !needBeat(document, score))
+                return false;
+            const bool isFull = present != nullptr && present->hasNotes();
+            if (adding == Adding::Replaces && isFull && !score.setNoteRest(ScoreModelRange(place)))
+                return false;
+            return score.setMIDINote(place, key, pitch->spelling);
+        });
+    if (!isDone) {
+        Q_EMIT document.refused(Text::tr("This note cannot be written here."));
+        return;
+    }
+    ScoreModelIndex typed = place;
+    typed.setNoteMidi(static_cast<std::uint32_t>(key));
+    if (!isBehind)
+        goOn(document);
+    document.setLastTyped(typed);
+}
+
+ScoreModelRange notesToMove(const Document &document)
+{
+    const ScoreModelIndex &typed = document.lastTyped();
+    if (!document.selection().isEmpty() || document.cursor().isNoteValid() || !typed.isBeatValid())
+        return document.selection().notes(document.score());
+    ScoreModelIndex beat = typed;
+    beat.invalidateNote();
+    return {beat, beat, SelectionMode::MultiSelection};
 }
 
 void enterRest(Document &document)
@@ -169,6 +217,11 @@ void enterTie(Document &document)
 void removeNotes(Document &document)
 {
     document.edit(Text::tr("Delete"), [&](Score &score) {
+        const ScoreModelIndex &place = document.cursor();
+        const auto beat = place.beat();
+        // Of a chord the note of the cursor alone; a tablature may be on a string without any.
+        if (document.selection().isEmpty() && beat != nullptr && beat->noteCount() > 1)
+            return score.removeNote(place);
         return score.setNoteRest(document.selection().beats(score));
     });
 }

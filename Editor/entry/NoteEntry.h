@@ -1,17 +1,29 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ZarnCore/model/places/ZarnScoreModelRange.h>
+#include <ZarnCore/music/ZarnNoteName.h>
 #include <ZarnCore/music/ZarnRhythmValue.h>
 
 namespace zarn::editor {
 
 class Document;
 
+enum class Adding { Replaces, Adds };
+
 /// What keys do at the cursor. Each is one step of undo, and leaves the score as it is where it is
 /// not possible.
 
 /// A digit of a fret on the string of the cursor: 1 and then 2 soon behind it is the fret 12.
 void enterFretDigit(Document &document, int digit);
+
+/// A note by its letter, in place of the notes of the beat or, added, beside them; then the cursor
+/// goes on. The octave is the nearest one.
+void enterLetter(Document &document, NoteName letter, Adding adding);
+
+/// The notes that "higher" and "lower" mean: what is selected, the note of the cursor, or, behind
+/// the last note that was typed, that one.
+ScoreModelRange notesToMove(const Document &document);
 
 /// A rest, in place of the notes of the beat.
 void enterRest(Document &document);

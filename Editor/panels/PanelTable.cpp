@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "panels/PanelTable.h"
 
+#include "panels/MixerPanel.h"
+#include "panels/PropertiesPanel.h"
+#include "panels/SectionsPanel.h"
 #include "panels/TracksPanel.h"
 
 #include <QCoreApplication>
@@ -25,6 +28,12 @@ const std::vector<PanelRow> &panelTable()
     static const std::vector<PanelRow> table = {
         {QStringLiteral("tracks"), Text::tr("Tracks"), Qt::BottomDockWidgetArea, true,
          make<TracksPanel>},
+        {QStringLiteral("mixer"), Text::tr("Mixer"), Qt::BottomDockWidgetArea, false,
+         make<MixerPanel>},
+        {QStringLiteral("sections"), Text::tr("Sections"), Qt::TopDockWidgetArea, false,
+         make<SectionsPanel>},
+        {QStringLiteral("properties"), Text::tr("Properties"), Qt::RightDockWidgetArea, true,
+         make<PropertiesPanel>},
     };
     return table;
 }

@@ -7,7 +7,8 @@ class QTableWidget;
 
 namespace zarn::editor {
 
-/// The tracks: their names, which one the cursor is on, and their order.
+/// The tracks: their names, the notations they are shown in, whether they are heard, which one the
+/// cursor is on, and their order.
 class TracksPanel : public Panel {
     Q_OBJECT
 public:
@@ -18,7 +19,9 @@ protected:
     void follow() override;
 
 private:
-    void rename(int row, int column);
+    void change(int row, int column);
+    void turn(unsigned track, int column, bool isOn);
+    void triggerAdd();
     void goTo(int row);
     void remove();
     void move(int step);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "actions/ActionTable.h"
+#include "document/Recovery.h"
 #include "editor/EditorDriver.h"
 
 #include <gtest/gtest.h>
@@ -24,7 +25,7 @@ TEST(DocumentTest, whatIsSavedIsWhatIsOpened)
     EditorDriver driver(sample);
     EXPECT_FALSE(driver.document().isModified());
     EXPECT_TRUE(driver.document().path().isEmpty()) << "a MusicXML file is left as it is";
-    driver.type(QStringLiteral("5"));
+    driver.type(QStringLiteral("Ctrl+Down 5"));
     EXPECT_TRUE(driver.window().isWindowModified());
     driver.answers().savePath = folder.filePath(QStringLiteral("song.zarn"));
     ASSERT_TRUE(driver.trigger(QStringLiteral("file.save")));
@@ -91,6 +92,45 @@ TEST(DocumentTest, twoWindowsShowOneDocument)
     EXPECT_EQ(*other->view().layout(), *driver.view().layout());
     EXPECT_TRUE(other->close()) << "the document stays open";
     EXPECT_TRUE(driver.answers().told.isEmpty());
+}
+
+TEST(DocumentTest, whatACrashLeftIsOffered)
+{
+    QString kept;
+    {
+        EditorDriver driver(sample);
+        driver.type(QStringLiteral("Ctrl+Down 5"));
+        driver.document().recovery().keep();
+        kept = driver.document().recovery().copyPath();
+        EXPECT_TRUE(QFile::exists(kept));
+        EXPECT_TRUE(lostDocuments().empty()) << "it is still kept";
+        EXPECT_TRUE(QFile::copy(kept, kept + QStringLiteral(".copy.zarn"))); // as after a crash
+    }
+    EXPECT_FALSE(QFile::exists(kept)) << "closed in order";
+    ASSERT_EQ(lostDocuments().size(), 1u);
+    EditorDriver driver;
+    EXPECT_TRUE(driver.editor().offerLostDocuments());
+    EXPECT_TRUE(driver.editor().windows().back()->document().isModified());
+    EXPECT_TRUE(lostDocuments().empty());
+}
+
+TEST(DocumentTest, drawingsAndOtherFormatsAreWritten)
+{
+    const QTemporaryDir folder;
+    EditorDriver driver(sample);
+    for (const char *const name : {"band.pdf", "band.svg", "band.png", "band.mxl", "band.ly",
+                                   "band.mid", "band.tab", "band.none"}) {
+        driver.answers().savePath = folder.filePath(QLatin1String(name));
+        driver.answers().told.clear();
+        driver.trigger(QStringLiteral("file.export"));
+        const bool isKnown = !QLatin1String(name).endsWith(QLatin1String("none"));
+        const bool isThere = QFile::exists(driver.answers().savePath)
+            || QFile::exists(folder.filePath(QLatin1String(name).chopped(4) + QStringLiteral("-1")
+                                             + QLatin1String(name).right(4)));
+        EXPECT_EQ(isThere, isKnown) << name;
+        EXPECT_TRUE(isKnown || driver.answers().told.size() == 1) << name;
+    }
+    EXPECT_TRUE(driver.document().path().isEmpty()) << "the document is another file";
 }
 
 TEST(ActionTableTest, everyActionHasANameOfItsOwn)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "editor/EditorDriver.h"
 
+#include <ZarnCore/model/ZarnScoreModel.h>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -68,6 +70,64 @@ TEST(EntryTest, aClickPutsTheCursorOnItsNote)
     QTest::mouseClick(driver.view().viewport(), Qt::LeftButton, Qt::ShiftModifier,
                       driver.pointOf(end));
     EXPECT_EQ(driver.document().selection().beats(score).beatCount(), 3u);
+}
+
+TEST(EntryTest, lettersWriteNotesInTheKeyAndGoOn)
+{
+    EditorDriver driver;
+    driver.type(QStringLiteral("F7")); // no tablature
+    ASSERT_EQ(driver.document().entry().staffKind, layout::StaffKind::Notation);
+    driver.answers().choice = 8; // G major
+    driver.trigger(QStringLiteral("bar.key"));
+    driver.type(QStringLiteral("+ G F Shift+A ' E"));
+    const auto voice = driver.model().track(0)->staff(0)->bar(0)->voice(0);
+    ASSERT_EQ(voice->beatCount(), 3u);
+    EXPECT_EQ(voice->beat(0)->note(0)->midi(), 67);
+    ASSERT_EQ(voice->beat(1)->noteCount(), 2u);
+    EXPECT_EQ(voice->beat(1)->note(0)->midi(), 78) << "F sharp, an octave higher";
+    EXPECT_EQ(voice->beat(1)->note(1)->midi(), 81);
+    EXPECT_EQ(voice->beat(2)->note(0)->midi(), 76);
+    EXPECT_EQ(voice->beat(2)->rhythmValue().getNoteValue(), RhythmValue::NoteValue::Eighth);
+}
+
+TEST(EntryTest, deleteTakesTheNoteOfTheCursorAlone)
+{
+    EditorDriver driver;
+    driver.type(QStringLiteral("3 Down 5 Down 5"));
+    EXPECT_EQ(driver.bars(0, 0), "1.3+2.5+3.5q");
+    driver.type(QStringLiteral("Up Del"));
+    EXPECT_EQ(driver.bars(0, 0), "1.3+3.5q");
+    driver.type(QStringLiteral("Down Del Up Up Del"));
+    EXPECT_EQ(driver.bars(0, 0), "rq");
+    driver.type(QStringLiteral("Ctrl+Z Ctrl+Z"));
+    EXPECT_EQ(driver.bars(0, 0), "1.3+3.5q");
+}
+
+TEST(EntryTest, aPassageIsPlayedAsItsKeysSay)
+{
+    EditorDriver driver;
+    driver.type(QStringLiteral("+ 5 Right 7 H Right 8 P Right 7 L Right Down 5 X"));
+    const auto voice = driver.model().track(0)->staff(0)->bar(0)->voice(0);
+    ASSERT_EQ(voice->beatCount(), 5u);
+    EXPECT_TRUE(voice->beat(2)->note(0)->isPalmMuted());
+    EXPECT_TRUE(voice->beat(4)->note(0)->isDead());
+    EXPECT_EQ(driver.document().undoTitle(), QStringLiteral("Dead note"));
+}
+
+TEST(EntryTest, digitsStrikeDrums)
+{
+    EditorDriver driver(QStringLiteral(ZARN_SOURCE_DIR "/Samples/saints-band.musicxml"));
+    driver.type(QStringLiteral("Ctrl+End PgDown PgDown PgDown"));
+    driver.trigger(QStringLiteral("bar.append"));
+    driver.type(QStringLiteral("Ctrl+End Ctrl+Alt+4 1 3 Right 3 Right 2 3 Right 1 3 1"));
+    const unsigned bar = driver.model().masterTrack()->masterBarCount() - 1;
+    const auto voice = driver.model().track(3)->staff(0)->bar(bar)->voice(0);
+    ASSERT_EQ(voice->beatCount(), 4u);
+    EXPECT_EQ(voice->beat(0)->noteCount(), 2u);
+    EXPECT_EQ(voice->beat(1)->noteCount(), 1u);
+    EXPECT_EQ(voice->beat(2)->noteCount(), 2u);
+    EXPECT_EQ(voice->beat(3)->noteCount(), 1u) << "the same digit takes the drum off";
+    EXPECT_EQ(voice->beat(0)->note(0)->midi(), 36);
 }
 
 } // namespace
