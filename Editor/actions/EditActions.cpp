@@ -159,7 +159,7 @@ std::vector<ActionGroup> editActions()
          KeyScope::Score},
         {QStringLiteral("edit.selectNothing"),
          Text::tr("Select &nothing"),
-         {QKeySequence(QStringLiteral("Escape"))},
+         {QKeySequence(QStringLiteral("Esc"))},
          [](const ActionContext &context) { context.document.clearSelection(); },
          [](const ActionContext &context) { return !context.document.selection().isEmpty(); },
          KeyScope::Score},

@@ -193,7 +193,7 @@ std::vector<ActionGroup> noteActions()
                   [](const ActionContext &context, Score &score) {
                       return score.letRingAssistant(beatsOf(context), everyString, true);
                   }),
-        grace("beat.graceBefore", Text::tr("Grace note &before the beat"), "Alt+G",
+        grace("beat.graceBefore", Text::tr("Grace note &before the beat"), "Ctrl+G",
               GraceType::BeforeBeat),
         grace("beat.graceOn", Text::tr("Grace note &on the beat"), "", GraceType::OnBeat),
     };

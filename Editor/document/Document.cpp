@@ -30,6 +30,9 @@ QString readable(const QString &name)
     return text;
 }
 
+/// That can be undone.
+constexpr std::uint32_t mostSteps = 1000;
+
 /// Counts how deep edits are inside of each other.
 class Depth {
 public:
@@ -50,6 +53,7 @@ Document::Document(std::shared_ptr<ScoreModel> model)
 {
     if (model != nullptr)
         _score.setScoreModel(std::move(model));
+    _score.commandStack().setMaximumUndo(mostSteps);
     _score.scoreCursor().next(CursorStep::Beat); // from nowhere to the first beat
     _executed =
         _score.connectScoped<evt::CommandExecuted>(this, [this](const evt::CommandExecuted &) {
@@ -116,16 +120,6 @@ bool Document::edit(const QString &title, const std::function<bool(Score &)> &ch
     });
     announce();
     return isDone;
-}
-
-QString Document::undoTitle() const
-{
-    return canUndo() ? readable(_score.commandStack().undoCommandList().value(0)) : QString();
-}
-
-QString Document::redoTitle() const
-{
-    return canRedo() ? readable(_score.commandStack().redoCommandList().value(0)) : QString();
 }
 
 void Document::undo()
@@ -212,6 +206,8 @@ void Document::announce()
 {
     if (_isChanged) {
         _isChanged = false;
+        _undoTitle = readable(_score.commandStack().undoCommandList().value(0));
+        _redoTitle = readable(_score.commandStack().redoCommandList().value(0));
         _selection.settle(_score);
         if (!_score.scoreCursor().isValid())
             _score.scoreCursor().next(CursorStep::Beat);

@@ -57,8 +57,9 @@ public:
 
     bool canUndo() const noexcept { return _score.commandStack().undoAvailable(); }
     bool canRedo() const noexcept { return _score.commandStack().redoAvailable(); }
-    QString undoTitle() const;
-    QString redoTitle() const;
+    /// Empty when there is nothing to undo or redo.
+    const QString &undoTitle() const noexcept { return _undoTitle; }
+    const QString &redoTitle() const noexcept { return _redoTitle; }
     void undo();
     void redo();
 
@@ -108,6 +109,8 @@ private:
     unsigned _stepCount = 0;
     QString _path;
     QString _importedFrom;
+    QString _undoTitle;
+    QString _redoTitle;
     bool _isUnsaved = false;
     bool _wasModified = false;
     unsigned _editDepth = 0;

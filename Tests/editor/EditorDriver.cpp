@@ -118,10 +118,11 @@ std::string EditorDriver::bars(unsigned first, unsigned last, unsigned track, un
 
 QPoint EditorDriver::pointOf(const ScoreModelIndex &place)
 {
-    const auto boxes = layout::boxesOf(*view().layout(), drawPlaceOf(place));
-    if (boxes.empty())
+    const auto box =
+        layout::boxOfSpot(*view().layout(), spotOfPlace(place, document().entry().staffKind));
+    if (!box)
         throw std::runtime_error("the place is not drawn");
-    return view().viewRect(boxes.front()).center().toPoint();
+    return view().viewRect(*box).center().toPoint();
 }
 
 } // namespace test

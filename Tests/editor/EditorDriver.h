@@ -101,7 +101,7 @@ public:
     /// length; beats are parted by blanks, notes of a beat by +, bars by |.
     std::string bars(unsigned first, unsigned last, unsigned track = 0, unsigned voice = 0);
 
-    /// Middle of what draws a place, in the view.
+    /// Where a place is on the staff that the cursor uses, in the view.
     QPoint pointOf(const zarn::ScoreModelIndex &place);
 
 private:

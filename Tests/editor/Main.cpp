@@ -21,6 +21,7 @@ int main(int argc, char **argv)
     for (const char *const name : {"HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME"})
         qputenv(name, QFile::encodeName(home.path()));
     QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false); // loops end by themselves
     zarn::editor::nameApplication();
     const zarn::editor::Setup setup;
     testing::InitGoogleTest(&argc, argv);

@@ -33,7 +33,7 @@ const char *const keys[] = {
     "Right",     "Right",  "Left",   "Up",         "Down",      "C",           "E",
     "G",         "+",      "-",      ".",          "/",         "L",           "R",
     "Del",       "H",      "S",      "Ctrl+Right", "Ctrl+Left", "Shift+Right", "Shift+Left",
-    "Ctrl+C",    "Ctrl+V", "Ctrl+X", "Escape",     "Ctrl+Z",    "Ctrl+Z",      "Ctrl+Shift+Z",
+    "Ctrl+C",    "Ctrl+V", "Ctrl+X", "Esc",        "Ctrl+Z",    "Ctrl+Z",      "Ctrl+Shift+Z",
     "Backspace", "Ins",    "PgDown"};
 
 } // namespace

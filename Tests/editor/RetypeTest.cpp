@@ -14,9 +14,11 @@ using test::EditorDriver;
 /// the first one, on the highest string.
 class Typist {
 public:
-    QStringList keysOf(const Staff &staff, unsigned bars, unsigned voice)
+    /// `rhythm` is what is entered before any of them.
+    QStringList keysOf(const Staff &staff, unsigned bars, unsigned voice, const RhythmValue &rhythm)
     {
         _keys.clear();
+        _rhythm = rhythm;
         const auto top = static_cast<int>(staff.tuning().stringCount()) - 1;
         _string = top;
         for (unsigned bar = 0; bar < bars; ++bar) {
@@ -79,7 +81,8 @@ TEST(RetypeTest, aPageIsWrittenByKeysAlone)
     Typist typist;
     for (unsigned voice = 0; voice < 2; ++voice) {
         target.type(QStringLiteral("Ctrl+Home Alt+%1 Up Up Up Up Up").arg(voice + 1));
-        target.type(typist.keysOf(staff, bars, voice).join(QLatin1Char(' ')));
+        target.type(typist.keysOf(staff, bars, voice, target.document().entry().rhythm)
+                        .join(QLatin1Char(' ')));
         EXPECT_EQ(target.bars(0, bars - 1, 0, voice), source.bars(0, bars - 1, 0, voice)) << voice;
     }
     unsigned steps = 0;

@@ -50,6 +50,7 @@ int main(int argc, char **argv)
     QElapsedTimer start;
     start.start();
     QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false); // loops end by themselves
     zarn::editor::nameApplication();
     QCommandLineParser arguments;
     arguments.addOption({QStringLiteral("keys"), QStringLiteral("How many are pressed."),

@@ -44,6 +44,7 @@ int main(int argc, char **argv)
     for (const char *const name : {"HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME"})
         qputenv(name, QFile::encodeName(home.path()));
     QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false); // loops end by themselves
     zarn::editor::nameApplication();
     QCommandLineParser arguments;
     arguments.addOption({QStringLiteral("steps"), QStringLiteral("How many for each file."),
