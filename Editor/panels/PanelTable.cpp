@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "panels/PanelTable.h"
 
+#include "panels/ChordsPanel.h"
+#include "panels/FretboardPanel.h"
 #include "panels/MixerPanel.h"
 #include "panels/PropertiesPanel.h"
 #include "panels/SectionsPanel.h"
 #include "panels/TracksPanel.h"
+#include "panels/TuningPanel.h"
 
 #include <QCoreApplication>
 
@@ -34,6 +37,12 @@ const std::vector<PanelRow> &panelTable()
          make<SectionsPanel>},
         {QStringLiteral("properties"), Text::tr("Properties"), Qt::RightDockWidgetArea, true,
          make<PropertiesPanel>},
+        {QStringLiteral("fretboard"), Text::tr("Fretboard"), Qt::BottomDockWidgetArea, false,
+         make<FretboardPanel>},
+        {QStringLiteral("chords"), Text::tr("Chords"), Qt::RightDockWidgetArea, false,
+         make<ChordsPanel>},
+        {QStringLiteral("tuning"), Text::tr("Tuning"), Qt::RightDockWidgetArea, false,
+         make<TuningPanel>},
     };
     return table;
 }
