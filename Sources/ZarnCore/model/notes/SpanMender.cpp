@@ -77,10 +77,20 @@ void SpanMender::passWord(std::size_t number)
     }
 }
 
+/// Whether a mark is at the time of the last one that counts.
+bool SpanMender::isWithLast(std::size_t number) const
+{
+    if (!_last || *_last < _first)
+        return false;
+    while (number > *_last && _marks[number].isAtOnce)
+        --number;
+    return number == *_last;
+}
+
 void SpanMender::passPedal(std::size_t number)
 {
     const SpanMark &mark = _marks[number];
-    if (mark.isAtOnce && number > _first && _last == number - 1) {
+    if (isWithLast(number)) {
         _isOpen = _marks[*_last].leavesOpen = mark.leavesOpen;
         drop(number, SpanFault::AtOnce);
     } else if (mark.needsOpen && !_isOpen) {

@@ -67,6 +67,7 @@ private:
     void passPedal(std::size_t number);
     void passPair(std::size_t number);
     bool isPairWithin(std::size_t number) const;
+    bool isWithLast(std::size_t number) const;
     void finish(std::optional<bool> wasOpen);
     void finishGiven();
     bool hasNext() const noexcept { return _end < _marks.size(); }
