@@ -10,9 +10,9 @@ namespace Halvec::audio {
 
 namespace {
 
+using utils::rational;
 using zarn::playback::PlaybackPlan;
 using zarn::playback::PlayedBar;
-using utils::rational;
 
 /// How much of the whole bar is gone when a played bar begins.
 rational missingOf(const PlayedBar &played, const BarBeats &beats)

@@ -16,7 +16,7 @@ namespace Halvec::audio {
 struct BarBeats {
     utils::rational beat;   ///< in quarters
     utils::rational length; ///< of the whole bar by its meter, in quarters
-    bool isPickup = false;        ///< the bar is the end of a whole one
+    bool isPickup = false;  ///< the bar is the end of a whole one
 
     int count() const;
 };

@@ -67,7 +67,7 @@ public:
                           error);
         // The frames that the device plays, and those that wait behind them.
         _latency = 2.0 * got.samples / rate;
-        _patience = std::max(2.0, 8 * _latency);
+        _patience = std::max(5.0, 8 * _latency);
         SDL_PauseAudioDevice(_device, 0);
         return true;
     }
@@ -118,7 +118,7 @@ private:
     SDL_AudioDeviceID _device = 0;
     Source *_source = nullptr;
     double _latency = 0;
-    double _patience = 2;
+    double _patience = 5; ///< seconds
     std::atomic<double> _lastAsked{0};
 };
 

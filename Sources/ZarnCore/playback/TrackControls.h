@@ -16,8 +16,8 @@ namespace zarn::playback {
 /// Sounds are programs and banks, none but the first while one is forced. The volume is controller
 /// 7 (127 times the square root of the gain), the panning controller 10. The sustain pedal is
 /// controller 64; where it changes it is lifted at the beat and down again a 64th later. The
-/// wah-wah pedal is brightness, controller 74: closed 20, open 110. The sounds join those that there
-/// are.
+/// wah-wah pedal is brightness, controller 74: closed 20, open 110. The sounds join those that
+/// there are.
 std::vector<PlannedControl> controlsOf(const Track &track, const PlayedBars &bars,
                                        bool hasMarkedBeats, std::vector<Sound> &sounds);
 
