@@ -6,6 +6,7 @@
 
 #include <ZarnCore/model/ZarnScoreModel.h>
 
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QWheelEvent>
 
@@ -37,6 +38,7 @@ ScoreView::ScoreView(Document &document, std::shared_ptr<const layout::Layout> l
                      QWidget *parent)
     : ScoreCanvas(parent), _document(document), _layouts(document, std::move(layout))
 {
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setAccessibleName(tr("Score"));
     setAccessibleDescription(tr("The pages of the score. Arrow keys move the cursor."));
     connect(&_layouts, &LayoutKeeper::layoutChanged, this, &ScoreView::showLayout);
@@ -139,19 +141,25 @@ void ScoreView::showPlayback(
                                         - viewport()->width() / 4);
 }
 
-void ScoreView::go(const views::PointedAt &at, bool extends)
+std::optional<ScoreModelIndex> ScoreView::placeOf(const views::PointedAt &at) const
 {
     ScoreModel &model = *_document.score().scoreModel();
-    ScoreModelIndex place = _document.cursor();
+    const ScoreModelIndex &cursor = _document.cursor();
     if (at.mark && at.mark->place.beat >= 0 && at.mark->place.track >= 0)
-        place = placeOfMark(model, at.mark->place);
-    else if (at.spot)
-        place = placeOfSpot(model, *at.spot,
-                            at.spot->staff.track == place.trackIndex() ? place.voiceIndex() : 0);
-    else
+        return placeOfMark(model, at.mark->place);
+    if (at.spot)
+        return placeOfSpot(model, *at.spot,
+                           at.spot->staff.track == cursor.trackIndex() ? cursor.voiceIndex() : 0);
+    return std::nullopt;
+}
+
+void ScoreView::go(const views::PointedAt &at, bool extends)
+{
+    const auto place = placeOf(at);
+    if (!place)
         return;
     _isRevealing = false; // what is pointed at is seen
-    _document.moveCursorTo(place, extends);
+    _document.moveCursorTo(*place, extends);
     EntryState entry = _document.entry();
     if (at.spot)
         entry.staffKind = at.spot->staff.kind;
@@ -167,7 +175,10 @@ void ScoreView::press(const views::PointedAt &at, Qt::KeyboardModifiers modifier
 
 void ScoreView::drag(const views::PointedAt &at)
 {
-    go(at, true);
+    // A hand that trembles selects nothing.
+    const auto place = placeOf(at);
+    if (place && !place->equalBeat(_document.cursor()))
+        go(at, true);
 }
 
 void ScoreView::selectBar(const views::PointedAt &at)
@@ -182,6 +193,10 @@ void ScoreView::selectBar(const views::PointedAt &at)
 void ScoreView::resizeEvent(QResizeEvent *event)
 {
     ScoreCanvas::resizeEvent(event);
+    // Another zoom may show or hide a scroll bar, which is another size again.
+    if (_isFitting)
+        return;
+    const QScopedValueRollback<bool> fitting(_isFitting, true);
     applyZoomPolicy();
 }
 

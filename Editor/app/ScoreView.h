@@ -3,6 +3,7 @@
 
 #include "app/LayoutKeeper.h"
 
+#include <ZarnCore/model/places/ZarnScoreModelIndex.h>
 #include <ZarnViews/widgets/ZarnScoreCanvas.h>
 
 namespace zarn::editor {
@@ -44,6 +45,7 @@ private:
     void press(const views::PointedAt &at, Qt::KeyboardModifiers modifiers);
     void drag(const views::PointedAt &at);
     void selectBar(const views::PointedAt &at);
+    std::optional<ScoreModelIndex> placeOf(const views::PointedAt &at) const;
     void go(const views::PointedAt &at, bool extends);
     void applyZoomPolicy();
 
@@ -51,6 +53,7 @@ private:
     LayoutKeeper _layouts;
     ZoomPolicy _zoomPolicy = ZoomPolicy::Width;
     bool _isRevealing = true;
+    bool _isFitting = false;
     QRectF _playbackLine; ///< on the sheets, in units of the layout
 };
 
