@@ -1661,6 +1661,18 @@
         <source>Properties</source>
         <translation>Eigenschaften</translation>
     </message>
+    <message>
+        <source>Fretboard</source>
+        <translation>Griffbrett</translation>
+    </message>
+    <message>
+        <source>Chords</source>
+        <translation>Akkorde</translation>
+    </message>
+    <message>
+        <source>Tuning</source>
+        <translation>Stimmung</translation>
+    </message>
 </context>
 <context>
     <name>PlaceText</name>
@@ -1921,6 +1933,84 @@
     </message>
 </context>
 <context>
+    <name>zarn::editor::ChordsPanel</name>
+    <message>
+        <source>&amp;Write</source>
+        <translation>&amp;Schreiben</translation>
+    </message>
+    <message>
+        <source>Symbol &amp;only</source>
+        <translation>Nur das S&amp;ymbol</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Entfernen</translation>
+    </message>
+    <message>
+        <source>&amp;Chord:</source>
+        <translation>&amp;Akkord:</translation>
+    </message>
+    <message>
+        <source>Am7, F#m7b5/E</source>
+        <translation>Am7, F#m7b5/E</translation>
+    </message>
+    <message>
+        <source>Chord symbol</source>
+        <translation>Akkordsymbol</translation>
+    </message>
+    <message>
+        <source>Names of the notes of the beat</source>
+        <translation>Namen der Noten des Schlags</translation>
+    </message>
+    <message>
+        <source>What the notes of the beat may be called</source>
+        <translation>Wie die Noten des Schlags heißen können</translation>
+    </message>
+    <message>
+        <source>Ways to play the chord</source>
+        <translation>Griffe des Akkords</translation>
+    </message>
+    <message>
+        <source>Writes the symbol with the chosen diagram over the beat</source>
+        <translation>Schreibt das Symbol mit dem gewählten Griffbild über den Schlag</translation>
+    </message>
+    <message>
+        <source>No chord that is known; it is written as it stands.</source>
+        <translation>Kein bekannter Akkord; er wird geschrieben, wie er dasteht.</translation>
+    </message>
+    <message>
+        <source>No chord</source>
+        <translation>Kein Akkord</translation>
+    </message>
+    <message>
+        <source>&amp;Forget shape</source>
+        <translation>Griff &amp;vergessen</translation>
+    </message>
+    <message>
+        <source>&amp;Keep shape</source>
+        <translation>Griff &amp;behalten</translation>
+    </message>
+    <message>
+        <source>Shapes that you keep come first wherever the chord is played on these strings</source>
+        <translation>Griffe, die Sie behalten, kommen zuerst, wo immer der Akkord auf diesen Saiten gespielt wird</translation>
+    </message>
+    <message>
+        <source>Chord %1</source>
+        <translation>Akkord %1</translation>
+    </message>
+    <message>
+        <source>Remove chord</source>
+        <translation>Akkord entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>zarn::editor::DiagramModel</name>
+    <message>
+        <source>%1 as %2, fingers %3</source>
+        <translation>%1 als %2, Finger %3</translation>
+    </message>
+</context>
+<context>
     <name>zarn::editor::Document</name>
     <message>
         <source>Untitled</source>
@@ -1940,6 +2030,41 @@
     <message>
         <source>Opening "%1"...</source>
         <translation>„%1“ wird geöffnet ...</translation>
+    </message>
+</context>
+<context>
+    <name>zarn::editor::FretboardPanel</name>
+    <message>
+        <source>&amp;Scale:</source>
+        <translation>&amp;Tonleiter:</translation>
+    </message>
+    <message>
+        <source>Fretboard</source>
+        <translation>Griffbrett</translation>
+    </message>
+    <message>
+        <source>Click a place to write it; arrow keys and Return do the same</source>
+        <translation>Ein Klick schreibt die Stelle; Pfeiltasten und Eingabe tun dasselbe</translation>
+    </message>
+    <message>
+        <source>Tonic of the scale</source>
+        <translation>Grundton der Tonleiter</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>Kind of scale</source>
+        <translation>Art der Tonleiter</translation>
+    </message>
+    <message>
+        <source>Rest</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Fret %1</source>
+        <translation>Bund %1</translation>
     </message>
 </context>
 <context>
@@ -2024,6 +2149,29 @@
     <message>
         <source>Volume</source>
         <translation>Lautstärke</translation>
+    </message>
+</context>
+<context>
+    <name>zarn::editor::NeckView</name>
+    <message>
+        <source>String %1, %2</source>
+        <translation>Saite %1, %2</translation>
+    </message>
+    <message>
+        <source>open</source>
+        <translation>leer</translation>
+    </message>
+    <message>
+        <source>fret %1</source>
+        <translation>Bund %1</translation>
+    </message>
+    <message>
+        <source>Capo %1</source>
+        <translation>Kapodaster %1</translation>
+    </message>
+    <message>
+        <source>This staff has no strings.</source>
+        <translation>Dieses System hat keine Saiten.</translation>
     </message>
 </context>
 <context>
@@ -2277,6 +2425,61 @@
     <message>
         <source>Move track</source>
         <translation>Spur verschieben</translation>
+    </message>
+</context>
+<context>
+    <name>zarn::editor::TuningPanel</name>
+    <message>
+        <source>Other</source>
+        <translation>Andere</translation>
+    </message>
+    <message>
+        <source>Keep the &amp;pitches of the notes</source>
+        <translation>Die &amp;Tonhöhen der Noten behalten</translation>
+    </message>
+    <message>
+        <source>Keep their &amp;frets</source>
+        <translation>Ihre &amp;Bünde behalten</translation>
+    </message>
+    <message>
+        <source>&amp;Tune</source>
+        <translation>&amp;Stimmen</translation>
+    </message>
+    <message>
+        <source>&amp;Instrument:</source>
+        <translation>&amp;Instrument:</translation>
+    </message>
+    <message>
+        <source>S&amp;earch:</source>
+        <translation>S&amp;uchen:</translation>
+    </message>
+    <message>
+        <source>&amp;Capo at fret:</source>
+        <translation>&amp;Kapodaster am Bund:</translation>
+    </message>
+    <message>
+        <source>Tunings</source>
+        <translation>Stimmungen</translation>
+    </message>
+    <message>
+        <source>Drop D, E2 A2</source>
+        <translation>Drop D, E2 A2</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keiner</translation>
+    </message>
+    <message>
+        <source>String %1</source>
+        <translation>Saite %1</translation>
+    </message>
+    <message>
+        <source>Tune to %1</source>
+        <translation>Auf %1 stimmen</translation>
+    </message>
+    <message>
+        <source>This tuning is not possible with this capo.</source>
+        <translation>Diese Stimmung ist mit diesem Kapodaster nicht möglich.</translation>
     </message>
 </context>
 </TS>
