@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "catalog/CatalogCommand.h"
 
+#include "audio/AudioPart.h"
 #include "catalog/Catalogue.h"
 #include "common/Failure.h"
 #include "common/NearestWord.h"
@@ -21,6 +22,11 @@ struct Kind {
     Catalogue (*make)();
     TextTable (*details)(const QString &); ///< of a single entry; null for none
 };
+
+Catalogue fontCatalogue()
+{
+    return audioPart().fonts();
+}
 
 constexpr Kind Kinds[] = {
     {"tunings", tuningCatalogue, nullptr}, {"instruments", instrumentCatalogue, instrumentDetails},

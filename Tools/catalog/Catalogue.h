@@ -45,7 +45,6 @@ Catalogue instrumentCatalogue();
 Catalogue programCatalogue();
 Catalogue patchCatalogue();
 Catalogue bankCatalogue();
-Catalogue fontCatalogue();
 
 /// What there is to say of one entry beside its row, as a further table; empty for nothing.
 TextTable instrumentDetails(const QString &category);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "common/Program.h"
 
-#include "bank/BankCommand.h"
+#include "audio/AudioPart.h"
 #include "catalog/CatalogCommand.h"
 #include "chord/ChordCommand.h"
 #include "common/Failure.h"
@@ -16,8 +16,6 @@
 #include "info/InfoCommand.h"
 #include "info/NotesCommand.h"
 #include "new/NewCommand.h"
-#include "play/PlayCommand.h"
-#include "render/RenderCommand.h"
 #include "scale/ScaleCommand.h"
 #include "show/ShowCommand.h"
 
@@ -25,6 +23,7 @@
 
 #include <QLoggingCategory>
 
+#include <algorithm>
 #include <iostream>
 
 namespace zarn::tool {
@@ -61,11 +60,33 @@ QString generalHelp()
     return help;
 }
 
+/// All but those that sound.
+const std::vector<Subcommand> &silentCommands()
+{
+    static const std::vector<Subcommand> all = {infoCommand(), notesCommand(),   eventsCommand(),
+                                                showCommand(), editCommand(),    convertCommand(),
+#ifdef ZARN_HAS_LAYOUT
+                                                drawCommand(),
+#endif
+                                                newCommand(),  catalogCommand(), chordCommand(),
+                                                scaleCommand()};
+    return all;
+}
+
+const Subcommand *findIn(const std::vector<Subcommand> &commands, const QString &name)
+{
+    const auto found =
+        std::find_if(commands.begin(), commands.end(),
+                     [&name](const Subcommand &command) { return command.name == name; });
+    return found == commands.end() ? nullptr : &*found;
+}
+
 const Subcommand &findCommand(const QString &name)
 {
-    for (const Subcommand &command : subcommands())
-        if (command.name == name)
-            return command;
+    if (const auto *command = findIn(silentCommands(), name))
+        return *command;
+    if (const auto *command = findIn(audioPart().commands, name))
+        return *command;
     QStringList names;
     for (const Subcommand &command : subcommands())
         names.append(command.name);
@@ -121,14 +142,12 @@ bool flushOutput()
 
 const std::vector<Subcommand> &subcommands()
 {
-    static const std::vector<Subcommand> all = {infoCommand(),  notesCommand(),   eventsCommand(),
-                                                showCommand(),  editCommand(),    convertCommand(),
-#ifdef ZARN_HAS_LAYOUT
-                                                drawCommand(),
-#endif
-                                                newCommand(),   catalogCommand(), chordCommand(),
-                                                scaleCommand(), bankCommand(),    renderCommand(),
-                                                playCommand()};
+    static const std::vector<Subcommand> all = [] {
+        std::vector<Subcommand> commands = silentCommands();
+        const auto &sounding = audioPart().commands;
+        commands.insert(commands.end(), sounding.begin(), sounding.end());
+        return commands;
+    }();
     return all;
 }
 

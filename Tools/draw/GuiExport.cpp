@@ -2,30 +2,19 @@
 #include "draw/GuiExport.h"
 
 #include "common/Failure.h"
-
-#include <QDir>
-#include <QFileInfo>
-#include <QLibrary>
+#include "common/Part.h"
 
 namespace zarn::tool {
-namespace {
-
-/// Where the program lies, without a QCoreApplication.
-QString programFolder()
-{
-    return QFileInfo(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))).absolutePath();
-}
-
-} // namespace
 
 GuiExport &guiExport()
 {
-    QLibrary library(QDir(programFolder()).filePath(QStringLiteral(ZARN_GUI_EXPORT_FILE)));
-    const auto function = reinterpret_cast<GuiExportFunction>(library.resolve(guiExportFunction));
+    QString error;
+    const auto function = reinterpret_cast<GuiExportFunction>(
+        partFunction(QStringLiteral("zarn-gui-export.so"), guiExportFunction, error));
     if (function == nullptr)
         throw Failure("PDF and PNG need QtGui and the part of zarn that uses it, which cannot be "
                       "loaded ("
-                      + library.errorString().toStdString() + "); SVG and JSON need neither");
+                      + error.toStdString() + "); SVG and JSON need neither");
     return *function();
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "play/Keys.h"
+#include "audio/play/Keys.h"
 
 #include <array>
 #include <poll.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "catalog/Catalogue.h"
+#include "audio/fonts/FontCatalogue.h"
 
 #include "common/Failure.h"
 #include "common/Terminal.h"
@@ -12,7 +12,7 @@
 
 namespace zarn::tool {
 
-Catalogue fontCatalogue()
+Catalogue soundFontCatalogue()
 {
     std::string error;
     const auto taken = Halvec::audio::findSoundFont({}, &error);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "play/PlayCommand.h"
+#include "audio/play/PlayCommand.h"
 
+#include "audio/play/Keys.h"
 #include "common/BarRange.h"
 #include "common/Documents.h"
 #include "common/Failure.h"
@@ -8,7 +9,6 @@
 #include "common/Problems.h"
 #include "common/SoundOptions.h"
 #include "common/Terminal.h"
-#include "play/Keys.h"
 
 #include <ZarnAudio/ZarnPlayer.h>
 #include <ZarnCore/model/ZarnScoreModel.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "bank/BankCommand.h"
+#include "audio/bank/BankCommand.h"
 
 #include "common/Failure.h"
 #include "common/NearestWord.h"

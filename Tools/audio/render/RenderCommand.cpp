@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "render/RenderCommand.h"
+#include "audio/render/RenderCommand.h"
 
 #include "common/Documents.h"
 #include "common/Failure.h"
