@@ -1,0 +1,32 @@
+# SPDX-License-Identifier: MIT
+option(ZARN_COMPILE_TOGETHER "Compile sources of one folder together, eight at a time" ON)
+
+# Compiles the sources of each folder of a target together, eight at a time: they read the same
+# headers, and a whole build takes two thirds of the time. Sources whose names inside the file
+# (helpers, aliases) another of the folder has too are named behind ALONE, without ".cpp".
+function(zarn_compile_together target)
+    if(NOT ZARN_COMPILE_TOGETHER)
+        return()
+    endif()
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" ALONE)
+    get_target_property(sources ${target} SOURCES)
+    list(FILTER sources INCLUDE REGEX "\\.cpp$")
+    list(SORT sources)
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
+    foreach(source ${sources})
+        get_filename_component(name ${source} NAME_WE)
+        if(name IN_LIST arg_ALONE)
+            continue()
+        endif()
+        get_filename_component(folder ${source} ABSOLUTE)
+        get_filename_component(folder ${folder} DIRECTORY)
+        file(RELATIVE_PATH folder ${CMAKE_CURRENT_SOURCE_DIR} ${folder})
+        string(MAKE_C_IDENTIFIER "${folder}" folder)
+        if(NOT DEFINED position_${folder})
+            set(position_${folder} 0)
+        endif()
+        math(EXPR batch "${position_${folder}} / 8")
+        math(EXPR position_${folder} "${position_${folder}} + 1")
+        set_source_files_properties(${source} PROPERTIES UNITY_GROUP "${folder}_${batch}")
+    endforeach()
+endfunction()
