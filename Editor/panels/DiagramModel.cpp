@@ -3,9 +3,7 @@
 
 #include "panels/DiagramDrawing.h"
 
-#include <QApplication>
 #include <QPainter>
-#include <QStyle>
 
 #include <algorithm>
 
@@ -66,11 +64,6 @@ QVariant DiagramModel::data(const QModelIndex &index, int role) const
 void DiagramDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
                             const QModelIndex &index) const
 {
-    QStyleOptionViewItem shown = option;
-    initStyleOption(&shown, index);
-    const QStyle *const style =
-        option.widget != nullptr ? option.widget->style() : QApplication::style();
-    style->drawPrimitive(QStyle::PE_PanelItemViewItem, &shown, painter, option.widget);
     const auto *const model = static_cast<const DiagramModel *>(index.model());
     const ChordDiagram *const diagram = model->diagram(index);
     if (diagram == nullptr)
@@ -78,6 +71,9 @@ void DiagramDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
     const bool isSelected = (option.state & QStyle::State_Selected) != 0;
     const auto group =
         (option.state & QStyle::State_Active) != 0 ? QPalette::Active : QPalette::Inactive;
+    // Styles mark a text alone; here it is the whole drawing.
+    if (isSelected)
+        painter->fillRect(option.rect, option.palette.color(group, QPalette::Highlight));
     drawDiagram(
         *painter, QRectF(option.rect).adjusted(4, 4, -4, -4), *diagram, model->courseSizes(),
         option.palette.color(group, isSelected ? QPalette::HighlightedText : QPalette::Text),
