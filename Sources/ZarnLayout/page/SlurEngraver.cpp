@@ -91,6 +91,8 @@ std::vector<NumberedSlur> numberedSlurs(const SystemDraft &draft, unsigned track
     return slurs;
 }
 
+constexpr double pi = 3.14159265358979323846;
+
 /// A way to bend a slur: how far its ends go away from where they would like to be, and how much
 /// higher it bows at each.
 struct Bending {
@@ -143,6 +145,14 @@ Bow leastInked(const Bow &wish, double sign, const InkField &field)
         }
     }
     return best;
+}
+
+/// How high a slur bows whose way is free: short ones rise, long ones stay flat.
+double heightOf(double width)
+{
+    constexpr double highest = 1.6;
+    constexpr double rise = 0.3; ///< of a short slur, in its width
+    return std::max(0.6, highest * 2 / pi * std::atan(pi / 2 * rise * width / highest));
 }
 
 class SlurDrawer {
@@ -202,7 +212,7 @@ private:
     void drawBetween(const PlacedChord &first, Point from, Point to, bool isAbove)
     {
         const double sign = isAbove ? 1 : -1; // upwards
-        const double height = std::clamp(0.6 + 0.09 * (to.x - from.x), 0.7, 2.6);
+        const double height = heightOf(to.x - from.x);
         const Bow bow =
             leastInked(aroundNotes(Bow::arched(from, to, sign * height), isAbove), sign, _field);
         Ink curve = _draft.pen.curve(MarkKind::Slur, bow.handles());

@@ -288,8 +288,11 @@ void addWords(RowDraft &row, const SystemDraft &draft)
             continue;
         SideItem item;
         item.gap = 0.6;
-        item.inks.push_back(
-            draft.pen.text(MarkKind::Text, TextRole::Words, details->text, chord.x, 0));
+        // What is longer than the line becomes smaller.
+        const double width = draft.pen.fonts().textBox(details->text, TextRole::Words).right;
+        const double scale = std::min(1.0, (draft.right - draft.staffLeft) / std::max(width, 0.1));
+        item.inks.push_back(draft.pen.text(MarkKind::Text, TextRole::Words, details->text, chord.x,
+                                           0, Pen::Align::Begin, scale));
         // A text at the end of a line stays on the sheet.
         if (item.inks[0].box.right > draft.right)
             item.inks[0].move(

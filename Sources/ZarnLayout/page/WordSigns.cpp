@@ -297,7 +297,7 @@ void addLyrics(RowDraft &row, const SystemDraft &draft)
             SideItem item;
             item.side = Side::Below;
             item.line = lyricLine + line;
-            item.gap = 0.8;
+            item.gap = line == 0 ? 0.7 : 0.5;
             item.inks.push_back(draft.pen.text(MarkKind::Lyric, TextRole::Lyric,
                                                entry.syllable->text, entry.chord->headCentre(), 0,
                                                Pen::Align::Centre));
