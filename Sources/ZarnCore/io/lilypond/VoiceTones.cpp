@@ -21,7 +21,7 @@ std::string VoiceTones::toneText(const Note &note, const VoiceBeat &place) const
 {
     if (_context.drums != nullptr)
         return _context.drums->nameOf(note, *place.beat, *place.bar);
-    const int midi = Music::midi(note);
+    const int midi = keyOf(note);
     if (midi < 0)
         return {};
     const int fifths = Music::drawingKeySignatureForBar(*place.bar).accidentalCount();
@@ -140,14 +140,33 @@ std::string VoiceTones::strumText(const VoiceBeat &place, std::string &command)
     return "\\arpeggio";
 }
 
-/// Tablature works frets out by itself, and refuses what lies below its string.
+/// The open string of a note as the score writes it; none where it names no string.
+std::optional<int> VoiceTones::openStringOf(const Note &note) const
+{
+    const auto string = static_cast<std::size_t>(note.string());
+    if (_context.drums != nullptr || note.string() < 0 || string >= _context.openStrings.size())
+        return std::nullopt;
+    return _context.openStrings[string] - _context.shift;
+}
+
+/// Tablature works frets out by itself and refuses what lies below its string: there the fret tells
+/// what is played.
+int VoiceTones::keyOf(const Note &note) const
+{
+    const int midi = Music::midi(note);
+    const auto open = openStringOf(note);
+    const bool isBelow = open && midi >= 0 && midi < *open && note.fret() >= 0;
+    return isBelow && _context.track.notations().tablature ? *open + note.fret() : midi;
+}
+
 bool VoiceTones::isOnItsString(const Note &note, const VoiceBeat &place) const
 {
-    const int open = _context.openStrings[static_cast<std::size_t>(note.string())];
-    const int fret = Music::midi(note) + _context.shift - open;
-    if (note.fret() >= 0 && fret != note.fret() && !note.isDead())
+    const auto open = openStringOf(note);
+    if (!open)
+        return false;
+    if (note.fret() >= 0 && Music::midi(note) - *open != note.fret() && !note.isDead())
         lose(_context, "fret that does not sound like its note", place);
-    return fret >= 0;
+    return keyOf(note) >= *open;
 }
 
 } // namespace zarn::lilypond

@@ -3,6 +3,7 @@
 
 #include <ZarnCore/io/lilypond/VoiceBeats.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -32,11 +33,13 @@ public:
     std::string slideText(std::size_t index, std::string &command) const;
     std::string strumText(const VoiceBeat &place, std::string &command);
 
-    /// Whether tablature finds a fret for a note on its string; reports one that is another than
-    /// the note has.
+    /// Whether a note names a string on which tablature finds a fret for it; reports one that is
+    /// another than the note has.
     bool isOnItsString(const Note &note, const VoiceBeat &place) const;
 
 private:
+    std::optional<int> openStringOf(const Note &note) const;
+    int keyOf(const Note &note) const;
     std::string toneText(const Note &note, const VoiceBeat &place) const;
 
     const StaffContext &_context;

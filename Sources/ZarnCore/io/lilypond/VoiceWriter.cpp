@@ -239,8 +239,7 @@ std::string VoiceWriter::coreText(std::size_t index, const std::string &duration
     std::string inside;
     const int strings = static_cast<int>(_context.staff.tuning().stringCount());
     for (const VoiceTones::Tone &tone : tones) {
-        const bool hasString = _context.drums == nullptr && tone.note->string() >= 0
-            && tone.note->string() < strings && _tones.isOnItsString(*tone.note, place);
+        const bool hasString = _tones.isOnItsString(*tone.note, place);
         const NoteWords words = _context.drums != nullptr
             ? NoteWords{tone.note->isGhost() ? "\\parenthesize " : "", "", false}
             : wordsOf(*tone.note, _context.track, hasString ? strings - tone.note->string() : 0);

@@ -43,13 +43,17 @@ void BarBuilder::build(const WrittenMeasure &measure,
     _nextSign = 0;
     _noteBeats.assign(measure.notes.size(), {});
     auto claim = measure.claims.begin();
-    for (const auto &note : measure.notes) {
-        const auto index = static_cast<std::size_t>(&note - measure.notes.data());
+    const auto claimUpTo = [&](std::size_t index) {
         for (; claim != measure.claims.end() && claim->note <= index; ++claim)
             preferredSlot(_staves[static_cast<std::size_t>(claim->staff)], claim->voice);
+    };
+    for (const auto &note : measure.notes) {
+        const auto index = static_cast<std::size_t>(&note - measure.notes.data());
+        claimUpTo(index);
         if (!note.chord || !joinChord(note))
             place(note);
     }
+    claimUpTo(measure.notes.size());
     for (auto &staff : _staves)
         for (auto &slot : staff.voiceSlots)
             if (!slot.beats.empty())

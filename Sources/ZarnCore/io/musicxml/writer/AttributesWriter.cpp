@@ -3,7 +3,7 @@
 
 #include <ZarnCore/io/musicxml/writer/ExportContext.h>
 #include <ZarnCore/io/musicxml/writer/MeasureCursor.h>
-#include <ZarnCore/model/ZarnMasterTrack.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/notes/ZarnWrittenPitch.h>
 
 #include <algorithm>
@@ -49,6 +49,12 @@ bool isWrittenAsSum(const BeamGroups &groups, const MasterBar &bar)
         && groups.fit(bar.timeSignature())
         && std::any_of(sizes.begin(), sizes.end(),
                        [&](std::uint8_t size) { return size != sizes.front(); });
+}
+
+/// What readers give the strings of an instrument without being told.
+GuitarTuning usualTuning(const Track &track)
+{
+    return ScoreModel::createTrack(track.type())->staves().front()->tuning();
 }
 
 /// Bars that a mark stands for.
@@ -196,6 +202,10 @@ void AttributesWriter::writeStaffDetails(std::size_t index, pugi::xml_node node)
         return;
     }
     if (!staff.isTablature && (tuning.stringCount() == 0 || _plan.staves().size() > 1))
+        return;
+    // Some programs take any staff with a tuning for a tablature.
+    if (!staff.staff->isFretted() && staff.staff->capoFret() == 0
+        && tuning == usualTuning(_plan.track()))
         return;
     auto details = addElement(node, "staff-details");
     if (_plan.staves().size() > 1)

@@ -73,6 +73,28 @@ public:
         return false;
     }
 
+    /// Whether a bracket is followed by one that counts from a lower pass again.
+    bool endsGroup(unsigned first, unsigned last) const
+    {
+        const auto next = last + 1 < _bars.size() ? passes(last + 1) : 0;
+        const auto lowest = [](std::uint32_t set) { return set & (~set + 1); };
+        return next != 0 && lowest(next) < lowest(passes(first));
+    }
+
+    /// Whether nothing is repeated behind a bracket up to the next one.
+    bool isLastPass(unsigned last) const
+    {
+        if (_bars[last]->isRepeatEnd() || (last + 1 < _bars.size() && passes(last + 1) != 0))
+            return false;
+        for (unsigned bar = last + 1; bar < _bars.size() && passes(bar) == 0; ++bar) {
+            if (_bars[bar]->isRepeatStart() || _bars[bar]->isMovementStart())
+                break;
+            if (_bars[bar]->isRepeatEnd())
+                return false;
+        }
+        return true;
+    }
+
 private:
     const MasterTrack::MasterBars &_bars;
     std::vector<bool> _repeats; ///< a repeat ends here, or before under brackets without a gap
@@ -89,13 +111,12 @@ std::vector<EndingMark> endingMarks(const MasterTrack &master)
         if (!brackets.begins(first))
             continue;
         const auto last = brackets.lastBar(first);
-        const bool isFollowed = last + 1 < bars.size() && brackets.passes(last + 1) != 0;
-        // One that goes on up to the next one stands over its first bar alone.
-        const bool isShort = last > first && isFollowed && brackets.goesOn(first, first, last);
+        // The last one of several, up to the first one of others, stands over its first bar alone.
+        const bool isShort =
+            last > first && brackets.endsGroup(first, last) && brackets.goesOn(first, first, last);
         auto &end = marks[isShort ? first : last];
         marks[first].begins = end.ends = true;
-        end.isOpen = isShort
-            || (!isFollowed && !bars[last]->isRepeatEnd() && !brackets.goesOn(first, last, last));
+        end.isOpen = isShort || (brackets.isLastPass(last) && !brackets.goesOn(first, last, last));
         first = last;
     }
     return marks;

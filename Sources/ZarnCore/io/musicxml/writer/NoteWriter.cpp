@@ -174,7 +174,7 @@ void NoteWriter::writePitch(const Note &note, const Beat &beat, const PartStaff 
         _context.addProblem("a note without a pitch was written without one");
         return writeUnpitched(note, beat, staff, node);
     }
-    _pitch = spelledPitch(note, midi, _fifths);
+    _pitch = _spelling.of(note, midi, _fifths);
     if (_pitch.octave < 0) {
         _context.addProblem(
             "a note lower than MusicXML can write was written in its lowest octave");

@@ -68,10 +68,11 @@ private:
     int _fifths = 0;
     Accidentals _ofKey = {};       ///< by octave and step
     Accidentals _accidentals = {}; ///< in force in the bar
-    SpelledPitch _pitch;           ///< of the note that is written
-    bool _hasNotations = true;     ///< the beat that is written may have some
-    bool _isPitched = false;       ///< that it has one
-    std::int64_t _duration = 0;    ///< of the chord that is written
+    PitchSpelling _spelling;
+    SpelledPitch _pitch;        ///< of the note that is written
+    bool _hasNotations = true;  ///< the beat that is written may have some
+    bool _isPitched = false;    ///< that it has one
+    std::int64_t _duration = 0; ///< of the chord that is written
 };
 
 } // namespace zarn::io

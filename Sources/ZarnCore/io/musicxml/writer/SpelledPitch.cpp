@@ -34,4 +34,18 @@ SpelledPitch spelledPitch(const Note &note, int midi, int fifths)
     return pitch;
 }
 
+SpelledPitch PitchSpelling::of(const Note &note, int midi, int fifths)
+{
+    if (midi < 0 || midi >= static_cast<int>(keyCount) || note.spelling())
+        return spelledPitch(note, midi, fifths);
+    if (fifths != _fifths)
+        _known.reset();
+    _fifths = fifths;
+    const auto key = static_cast<std::size_t>(midi);
+    if (!_known[key])
+        _usual[key] = spelledPitch(note, midi, fifths);
+    _known.set(key);
+    return _usual[key];
+}
+
 } // namespace zarn::io
