@@ -84,7 +84,7 @@ std::vector<ActionGroup> fileActions()
          }},
         {QStringLiteral("file.saveAs"),
          Text::tr("Save &as..."),
-         {QKeySequence::SaveAs},
+         {QKeySequence(QStringLiteral("Ctrl+Shift+S"))},
          [](const ActionContext &context) { context.window.saveAs(); }},
         {QStringLiteral("file.export"),
          Text::tr("&Export..."),
@@ -111,7 +111,10 @@ std::vector<ActionGroup> fileActions()
          Text::tr("&Close"),
          {QKeySequence::Close},
          [](const ActionContext &context) { context.window.close(); }},
-        {QStringLiteral("file.quit"), Text::tr("&Quit"), {QKeySequence::Quit}, quit},
+        {QStringLiteral("file.quit"),
+         Text::tr("&Quit"),
+         {QKeySequence(QStringLiteral("Ctrl+Q"))},
+         quit},
     };
     for (auto *const part : {&files, &saving, &printing, &windows})
         for (Action &action : *part)

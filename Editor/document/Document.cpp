@@ -160,6 +160,11 @@ bool Document::moveCursor(const std::function<bool(ScoreCursor &)> &move, bool e
     else if (_selection.isEmpty() && hasMoved)
         _selection.start(before);
     _selection.settle(_score);
+    // From a staff without strings one comes to the highest string of another.
+    const auto staff = cursor().staff();
+    if (staff != nullptr && staff->isFretted()
+        && cursor().noteString() >= staff->tuning().stringCount())
+        own.toFirst(CursorStep::String);
     // What is entered next is as long as the beat that one comes from.
     if (const auto beat = cursor().beat())
         _entry.rhythm = beat->rhythmValue();

@@ -43,8 +43,22 @@ RandomUser::RandomUser(EditorDriver &driver, unsigned seed)
 {
 }
 
+bool RandomUser::hasGrownTooLarge() const
+{
+    constexpr unsigned most = 200;
+    const Voice *const voice = _driver.document().cursor().findVoice();
+    return _driver.model().masterTrack()->masterBarCount() > most
+        || (voice != nullptr && voice->beatCount() > most);
+}
+
 std::string RandomUser::act()
 {
+    // Who copies all and pastes it again and again has a score that no machine holds.
+    if (hasGrownTooLarge()) {
+        _driver.document().undo();
+        _driver.settle();
+        return "undo";
+    }
     if (_random.percent(45))
         return press();
     return _random.percent(35) ? click() : chooseFromMenus();

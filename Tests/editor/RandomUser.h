@@ -24,6 +24,7 @@ public:
     std::string checkUndo();
 
 private:
+    bool hasGrownTooLarge() const;
     std::string chooseFromMenus();
     std::string click();
     std::string press();
