@@ -50,8 +50,8 @@ int ofSaidOmission(Degree degree) noexcept
 
 bool hasPlainerTwin(const ChordKind &kind) noexcept
 {
-    constexpr std::string_view texts[] = {"sus2", "sus4", "7sus4", "9sus4", "sus4add9",
-                                          "6",    "m6",   "dim7",  "aug",   "7b5"};
+    constexpr std::string_view texts[] = {"sus2", "sus4", "7sus4", "9sus4", "sus4add9", "6",
+                                          "m6",   "dim7", "aug",   "7b5",   "madd9"};
     return std::find(std::begin(texts), std::end(texts), kind.text()) != std::end(texts);
 }
 
