@@ -19,14 +19,23 @@
 
 namespace Halvec::audio {
 
-/// A synthesizer and what plays on it; performances share it as long as they need the same banks.
+/// A synthesizer and what plays on it; performances share it as long as they need the same banks
+/// and the same reverb, which FluidSynth would lock for to change.
 struct Instrument {
-    Instrument(const Synthesizer::Settings &settings, std::vector<std::string> played)
-        : banks(std::move(played)), synthesizer(settings), renderer(synthesizer)
+    Instrument(const Synthesizer::Settings &settings, std::vector<std::string> played,
+               const MasterSound &heard)
+        : banks(std::move(played)), master(heard), synthesizer(settings), renderer(synthesizer)
     {
+        synthesizer.setReverb(master.roomSize, master.reverbLevel);
+    }
+
+    bool hasReverbOf(const MasterSound &other) const noexcept
+    {
+        return master.roomSize == other.roomSize && master.reverbLevel == other.reverbLevel;
     }
 
     std::vector<std::string> banks; ///< files, by channel
+    MasterSound master;
 
     Synthesizer synthesizer;
     EventRenderer renderer; ///< of the thread that plays alone

@@ -231,7 +231,8 @@ std::shared_ptr<Instrument> PlayerControl::makeInstrument(const PlanSound *sound
     settings.rate = _settings.rate;
     settings.channels = Synthesizer::mostChannels;
     settings.hasReverb = settings.hasChorus = _settings.hasReverb;
-    return std::make_shared<Instrument>(settings, banksOf(sound));
+    return std::make_shared<Instrument>(settings, banksOf(sound),
+                                        _program ? _program->master : MasterSound());
 }
 
 std::vector<std::string> PlayerControl::banksOf(const PlanSound *sound)
@@ -370,7 +371,7 @@ void PlayerControl::perform(double shift)
     const double now = second();
     for (;;) {
         const PlanSound sound = _banks.soundOf(_program->plan, bankOfNote);
-        if (_instrument->banks != banksOf(&sound)) {
+        if (_instrument->banks != banksOf(&sound) || !_instrument->hasReverbOf(_program->master)) {
             auto instrument = makeInstrument(&sound);
             // The font could be read before.
             instrument->synthesizer.loadFont(_font, nullptr);

@@ -69,9 +69,6 @@ void PlayerEngine::take(const Performance &performance, double shift) noexcept
             != performance.isPercussion[channel])
             instrument.synthesizer.setPercussion(static_cast<int>(channel),
                                                  performance.isPercussion[channel]);
-    if (isOther || before->master != performance.master)
-        instrument.synthesizer.setReverb(performance.master.roomSize,
-                                         performance.master.reverbLevel);
     for (const TimedEvent &event : performance.mix)
         instrument.synthesizer.apply(event);
     if (_state != State::Playing)
