@@ -537,6 +537,27 @@ TEST(MusicXmlExport, metersThatAreSumsStaySums)
               "3+2 2+3 5");
 }
 
+/// Some programs lose a slur that ends in the document before it begins.
+TEST(MusicXmlExport, slursBetweenVoicesAndStavesBeginBeforeTheyEnd)
+{
+    const auto slurred = [](const char *step, const char *type, const char *voice, int staff) {
+        return "<note><pitch><step>" + std::string(step)
+            + "</step><octave>4</octave></pitch><duration>2</duration><voice>" + voice
+            + "</voice><type>half</type><staff>" + std::to_string(staff) + "</staff>"
+            + (type[0] == '\0' ? std::string()
+                               : "<notations><slur number=\"1\" type=\"" + std::string(type)
+                       + "\"/></notations>")
+            + "</note>";
+    };
+    const auto twice = [&](const char *voice, int staff) {
+        return quarters(1,
+                        slurred("E", "", "1", 1) + slurred("F", "stop", "1", 1) + backup(4)
+                            + slurred("C", "start", voice, staff) + slurred("D", "", voice, staff));
+    };
+    EXPECT_EQ(exportedWhole(twice("2", 1), "//slur/@type"), "start stop");
+    EXPECT_EQ(exportedWhole(twice("5", 2), "//slur/@type"), "start stop");
+}
+
 /// A tempo with a mark in its words shows no other number.
 TEST(MusicXmlExport, metronomeMarksThatAreNoTempoStayMarks)
 {

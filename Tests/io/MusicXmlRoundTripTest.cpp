@@ -126,15 +126,17 @@ void expectKeptOrTold(const std::set<std::string_view> &others, Set set)
     }
 }
 
+/// What takes or gives time, and what leads to another beat, is tested by itself.
+const std::set<std::string_view> joiningAttributes = {
+    "Rhythm",       "GraceType",     "SlashedGrace",      "PlaceHolder",
+    "WholeBarRest", "SlurredToNext", "SlurredToPrevious", "SlurBegins",
+    "SlurEnds",     "HairpinBegins", "TextSpan"};
+
 TEST(MusicXmlRoundTrip, attributesOfBeatsComeBackOrAreTold)
 {
-    // What takes or gives time, and what leads to another beat, is tested by itself.
-    const std::set<std::string_view> others = {
-        "Rhythm",       "GraceType",     "SlashedGrace",      "PlaceHolder",
-        "WholeBarRest", "SlurredToNext", "SlurredToPrevious", "SlurBegins",
-        "SlurEnds",     "HairpinBegins", "TextSpan"};
     expectKeptOrTold<Beat>(
-        others, [](ScoreModel &model, const BeatAttributeRow &row, const AttributeValue &value) {
+        joiningAttributes,
+        [](ScoreModel &model, const BeatAttributeRow &row, const AttributeValue &value) {
             auto &beat = *model.track(0)->bar(1)->voice(0)->beat(1);
             setAttribute(beat, row.id, value);
         });

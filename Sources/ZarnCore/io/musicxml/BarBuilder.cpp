@@ -257,7 +257,7 @@ VoiceSlot *BarBuilder::roomySlot(StaffSlots &staff, const WrittenNote &note)
 void BarBuilder::append(VoiceSlot &slot, const WrittenNote &note)
 {
     if (slot.end + note.tolerance < note.onset)
-        _gaps.fill(slot, note.onset, note.node);
+        _gaps.fill(slot, note.onset, note.node, &note.rhythm);
     auto beat = std::make_shared<Beat>(note.rhythm);
     setMarks(note, *beat);
     if (note.kind == NoteKind::Unknown) {

@@ -42,6 +42,14 @@ bool isDynamicsElement(const QString &name)
             || name == QLatin1String("mf"));
 }
 
+/// Whether words are made like a dynamic that is none of the levels, such as "ffz".
+bool isOtherDynamics(const std::string &text)
+{
+    return text.size() > 1 && text.find_first_not_of("fmprsz") == text.npos
+        && text.find_first_of("fp") != text.npos
+        && NoteDynamic::stringToInt(QString::fromStdString(text).toUpper().toStdString()) <= 0;
+}
+
 void addDynamics(const QString &name, pugi::xml_node measure, int staffNumber)
 {
     auto dynamics = addElement(addDirection(measure, "below", staffNumber), "dynamics");
@@ -108,7 +116,10 @@ void DirectionWriter::writeBeat(const Beat &beat, pugi::xml_node measure, int st
     }
     if (!beat.hasDetails())
         return;
-    if (const auto text = _context.text(beat.text()); !text.empty())
+    if (const auto text = _context.text(beat.text()); isOtherDynamics(text))
+        addElement(addElement(addDirection(measure, "below", staffNumber), "dynamics"),
+                   "other-dynamics", text);
+    else if (!text.empty())
         addElement(addDirection(measure, "above", staffNumber), "words", text);
     if (!beat.chord().isEmpty()) {
         auto harmony = addElement(measure, "harmony");

@@ -124,6 +124,8 @@ void NoteWriter::write(const RhythmicBeat &beat, const VoicePlace &place, Measur
         _duration = 0;
     _hasNotations = signs.isBusy() || (_fermatas && !_fermatas->empty()) || !isPlain(beat);
     if (notes.empty()) {
+        if (!place.staff->isAlternate)
+            tellRest(*beat.beat);
         auto node = startNote(beat, cursor);
         if (beat.beat->isPlaceHolder())
             addAttribute(node, "print-object", "no");
@@ -163,6 +165,17 @@ void NoteWriter::write(const RhythmicBeat &beat, const VoicePlace &place, Measur
         if (note->isPalmMuted())
             addElement(addElement(node, "play"), "mute", "palm");
     }
+}
+
+/// Signs of notes that a rest may have all the same, for the notes that come in its place.
+void NoteWriter::tellRest(const Beat &rest)
+{
+    _context.addUnheldIf(rest.stemOrientation() != ZarnStemOrientation::Undefined,
+                         "stem of a rest");
+    _context.addUnheldIf(rest.isSlashed(), "slashes of a rest");
+    _context.addUnheldIf(rest.barVibrato() != Vibrato::None, "vibrato of a rest");
+    _context.addUnheldIf(rest.arpeggioDirection() != Direction::None || rest.isNonArpeggio(),
+                         "arpeggio of a rest");
 }
 
 void NoteWriter::writePitch(const Note &note, const Beat &beat, const PartStaff &staff,

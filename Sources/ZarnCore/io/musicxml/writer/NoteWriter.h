@@ -46,6 +46,7 @@ private:
     using Accidentals = std::array<std::int8_t, 7 * 12>;
 
     pugi::xml_node startNote(const RhythmicBeat &beat, MeasureCursor &cursor);
+    void tellRest(const Beat &rest);
     void writePitch(const Note &note, const Beat &beat, const PartStaff &staff,
                     pugi::xml_node node);
     void writeUnpitched(const Note &note, const Beat &beat, const PartStaff &staff,

@@ -3,6 +3,7 @@
 
 #include <ZarnCore/io/musicxml/signs/Fingers.h>
 #include <ZarnCore/io/musicxml/writer/DirectionWriter.h>
+#include <ZarnCore/io/musicxml/writer/VoiceOrder.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
 #include <algorithm>
@@ -30,7 +31,7 @@ std::int64_t commonDivisions(std::int64_t divisions, const rational &length)
 
 PartPlan::PartPlan(const Track &track, unsigned index, std::vector<rational> &reach)
     : _track(track), _index(index), _isPercussion(InstrumentSet::isUnpitched(track.type())),
-      _reach(reach.size())
+      _contents(reach.size()), _reach(reach.size())
 {
     const auto notations = track.notations();
     for (unsigned i = 0; i < track.staffCount(); ++i) {
@@ -75,6 +76,8 @@ void PartPlan::readStaff(const Staff &staff, std::vector<rational> &reach)
         for (const auto &change : staff.bars()[index]->clefChanges())
             addPosition(change.position);
         const auto &voices = staff.bars()[index]->voices();
+        auto &content = _contents[index];
+        bool hasSlurs = false;
         for (unsigned slot = 0; slot < Bar::MaxVoices; ++slot) {
             if (!voices[slot] || voices[slot]->isEmpty())
                 continue;
@@ -83,6 +86,9 @@ void PartPlan::readStaff(const Staff &staff, std::vector<rational> &reach)
             rational end;
             for (const auto &beat : voices[slot]->beats()) {
                 readBeat(*beat, staff);
+                hasSlurs = hasSlurs || !beat->slurEnds().empty();
+                content.hasDetails = content.hasDetails || beat->hasDetails();
+                content.hasOttavas = content.hasOttavas || beat->ottavia() != Ottavia::None;
                 if (beat->isGrace())
                     continue;
                 const auto length = beat->length();
@@ -92,6 +98,10 @@ void PartPlan::readStaff(const Staff &staff, std::vector<rational> &reach)
             _reach[index] = std::max(_reach[index], end);
         }
         reach[index] = std::max(reach[index], _reach[index]);
+        if (hasSlurs) {
+            content.hasNumberedSlurs = true;
+            isLate = isLate || slotOrder(*staff.bars()[index]) != usualSlots;
+        }
     }
     _lateVoices.push_back(isLate);
 }

@@ -47,6 +47,14 @@ public:
     /// need to be told: voices turn up in another order.
     bool hasLateVoices(unsigned staff) const { return _lateVoices[staff]; }
 
+    /// What some beats of a bar have, of all staves, so that others need not be looked through.
+    struct BarContent {
+        bool hasDetails = false;
+        bool hasOttavas = false;
+        bool hasNumberedSlurs = false; ///< ends of slurs such as those between voices
+    };
+    const BarContent &contentOf(unsigned bar) const { return _contents[bar]; }
+
     bool isUnpitched(const Note &note) const;
 
     /// The keys of percussion that the part strikes, and what each is called.
@@ -72,6 +80,7 @@ private:
     std::int64_t _divisions = 1;
     std::vector<PartStaff> _staves;
     std::vector<bool> _lateVoices;
+    std::vector<BarContent> _contents;
     std::vector<utils::rational> _reach;
     std::map<int, std::string> _percussion;
 };

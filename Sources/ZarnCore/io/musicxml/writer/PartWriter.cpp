@@ -2,6 +2,7 @@
 #include <ZarnCore/io/musicxml/writer/PartWriter.h>
 
 #include <ZarnCore/io/musicxml/writer/ExportContext.h>
+#include <ZarnCore/io/musicxml/writer/VoiceOrder.h>
 #include <ZarnCore/io/musicxml/writer/XmlSink.h>
 
 #include <algorithm>
@@ -50,8 +51,12 @@ void PartWriter::writeMeasure(unsigned bar)
         _directions.writeBarStart(master(), bar, _cursor);
     // What stands behind the notes tells that the bar goes on.
     const bool goesOn = _attributes.reachesBehindNotes() || _plan.reach()[bar] < _cursor.latest();
-    for (std::size_t staff = 0; staff < _plan.staves().size(); ++staff)
-        writeStaff(staff, bar);
+    if (_plan.contentOf(bar).hasNumberedSlurs)
+        for (const auto staff : staffOrder(_plan.staves(), bar))
+            writeStaff(staff, bar);
+    else
+        for (std::size_t staff = 0; staff < _plan.staves().size(); ++staff)
+            writeStaff(staff, bar);
     _cursor.passAll();
     if (_cursor.now() < _plan.reach()[bar])
         _cursor.moveTo(_plan.reach()[bar]);
@@ -107,7 +112,7 @@ void PartWriter::writeStaff(std::size_t staff, unsigned bar)
         findOttavias(staff, bar);
     else
         _changes.clear();
-    for (unsigned slot = 0; slot < Bar::MaxVoices; ++slot)
+    for (const auto slot : _plan.contentOf(bar).hasNumberedSlurs ? slotOrder(source) : usualSlots)
         if (const auto &voice = source.voices()[slot]; voice && !voice->isEmpty()) {
             _rhythm.read(*voice, *master().masterBars()[bar]);
             writeVoice(staff, slot, bar);
@@ -137,15 +142,9 @@ void PartWriter::findOttavias(std::size_t staff, unsigned bar)
 {
     _changes.clear();
     auto open = _ottavias[staff];
-    bool isPlain = open == Ottavia::None;
-    const auto &voices = _plan.staves()[staff].staff->bars()[bar]->voices();
-    for (const auto &voice : voices)
-        isPlain = isPlain
-            && (!voice
-                || std::all_of(voice->beats().begin(), voice->beats().end(),
-                               [](const auto &beat) { return beat->ottavia() == Ottavia::None; }));
-    if (isPlain)
+    if (open == Ottavia::None && !_plan.contentOf(bar).hasOttavas)
         return;
+    const auto &voices = _plan.staves()[staff].staff->bars()[bar]->voices();
     std::vector<OttaviaChange> beats;
     for (unsigned slot = 0; slot < Bar::MaxVoices; ++slot) {
         if (!voices[slot])
@@ -208,7 +207,10 @@ void PartWriter::writeFreeTime(const std::vector<RhythmicBeat> &beats, std::size
     } catch (const CoreException &) {
         return; // No values add up to it: it is written beat by beat.
     }
-    const bool isSame = _rhythms.size() == end - index
+    // Readers find the values of a tuplet by the notes beside it.
+    const bool isPlain = std::none_of(_rhythms.begin(), _rhythms.end(),
+                                      [](const auto &rhythm) { return rhythm.hasPrimaryTuplet(); });
+    const bool isSame = isPlain && _rhythms.size() == end - index
         && std::equal(_rhythms.begin(), _rhythms.end(),
                       beats.begin() + static_cast<std::ptrdiff_t>(index),
                       [](const RhythmValue &rhythm, const RhythmicBeat &beat) {

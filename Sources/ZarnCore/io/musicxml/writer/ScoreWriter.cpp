@@ -102,7 +102,7 @@ void writeScore(const ScoreModel &model, XmlSink &sink, ExportReport &report)
         parts.emplace_back(*track, static_cast<unsigned>(parts.size()), score.reach);
     setPadding(parts, score, context);
     context.setPlace(-1, -1);
-    countUnheld(model, context);
+    countUnheld(model, parts, context);
 
     sink.write("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
                "<!DOCTYPE score-partwise PUBLIC \"-//Recordare//DTD MusicXML 4.0 Partwise//EN\" "

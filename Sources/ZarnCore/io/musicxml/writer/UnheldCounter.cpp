@@ -3,15 +3,17 @@
 
 #include <ZarnCore/instruments/effects/ZarnMastering.h>
 #include <ZarnCore/io/musicxml/writer/ExportContext.h>
+#include <ZarnCore/io/musicxml/writer/PartPlan.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
 #include <algorithm>
+#include <optional>
 
 namespace zarn::io {
 
 namespace {
 
-void countStaff(const Staff &staff, ExportContext &context)
+void countStaff(const Staff &staff, const PartPlan &part, ExportContext &context)
 {
     context.addUnheldIf(staff.partialCapoFret() != 0, "partial capo");
     context.addUnheldIf(staff.fretCount() != Staff().fretCount(), "number of frets");
@@ -23,7 +25,7 @@ void countStaff(const Staff &staff, ExportContext &context)
         context.setPlace(context.track(), static_cast<int>(bar->index()));
         context.addUnheldIf(bar->layoutRatio() != 1, "width of a bar");
         for (const auto &voice : bar->voices()) {
-            if (!voice)
+            if (!voice || !part.contentOf(bar->index()).hasDetails)
                 continue;
             for (const auto &beat : voice->beats()) {
                 if (beat->isCommon() || !beat->hasDetails())
@@ -38,7 +40,7 @@ void countStaff(const Staff &staff, ExportContext &context)
     }
 }
 
-void countTrack(const Track &track, ExportContext &context)
+void countTrack(const Track &track, const PartPlan &part, ExportContext &context)
 {
     const TrackSettings usual;
     const auto &settings = track.settings();
@@ -71,12 +73,12 @@ void countTrack(const Track &track, ExportContext &context)
     for (const auto &text : settings.lyricsLeftOver)
         context.addUnheldIf(!text.empty(), "lyrics without notes");
     for (const auto &staff : track.staves())
-        countStaff(*staff, context);
+        countStaff(*staff, part, context);
 }
 
 } // namespace
 
-void countUnheld(const ScoreModel &model, ExportContext &context)
+void countUnheld(const ScoreModel &model, const std::deque<PartPlan> &parts, ExportContext &context)
 {
     const auto &master = *model.masterTrack();
     const ScoreModel plain;
@@ -97,8 +99,14 @@ void countUnheld(const ScoreModel &model, ExportContext &context)
     const auto automations = master.automationCount() - master.automationCount(Automation::Tempo);
     for (std::size_t i = 0; i < automations; ++i)
         context.addUnheld("automation of the master");
+    std::optional<KeySignature> before;
     for (const auto &bar : master.masterBars()) {
         context.setPlace(-1, static_cast<int>(bar->index()));
+        const auto &key = bar->concertKeySignature();
+        context.addUnheldIf((!before || !(*before == key))
+                                && key.transposeAsSharps() != (key.accidentalCount() >= 0),
+                            "transposing a key to sharps or flats");
+        before = key;
         context.addUnheldIf(bar->layoutRatio() != 1, "width of a bar");
         for (const auto &mark : bar->fermatas())
             context.addUnheldIf(!(mark == FermataMark::at(mark.position, mark.kind)),
@@ -106,7 +114,7 @@ void countUnheld(const ScoreModel &model, ExportContext &context)
     }
     for (std::size_t track = 0; track < model.tracks().size(); ++track) {
         context.setPlace(static_cast<int>(track), -1);
-        countTrack(*model.tracks()[track], context);
+        countTrack(*model.tracks()[track], parts[track], context);
     }
     context.setPlace(-1, -1);
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <deque>
+
 namespace zarn {
 class ScoreModel;
 }
@@ -8,9 +10,11 @@ class ScoreModel;
 namespace zarn::io {
 
 class ExportContext;
+class PartPlan;
 
 /// Reports what a score holds beside its music that MusicXML has no word for: effects, mastering,
 /// colours, settings of playback and of views.
-void countUnheld(const ScoreModel &model, ExportContext &context);
+void countUnheld(const ScoreModel &model, const std::deque<PartPlan> &parts,
+                 ExportContext &context);
 
 } // namespace zarn::io
