@@ -204,7 +204,7 @@ void AttributesWriter::writeStaffDetails(std::size_t index, pugi::xml_node node)
     if (!staff.isTablature && (tuning.stringCount() == 0 || _plan.staves().size() > 1))
         return;
     // Some programs take any staff with a tuning for a tablature.
-    if (!staff.staff->isFretted() && staff.staff->capoFret() == 0
+    if (InstrumentSet::isBowed(_plan.track().type()) && staff.staff->capoFret() == 0
         && tuning == usualTuning(_plan.track()))
         return;
     auto details = addElement(node, "staff-details");
