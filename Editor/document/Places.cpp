@@ -97,7 +97,8 @@ std::vector<layout::DrawPlace> drawPlacesOf(ScoreModel &model, const ScoreModelR
 {
     std::vector<layout::DrawPlace> places;
     if (range.isMultiVoice()) {
-        const auto [first, last] = std::minmax(range.first().barIndex(), range.second().barIndex());
+        const auto [first, last] =
+            std::minmax({range.first().barIndex(), range.second().barIndex()});
         layout::DrawPlace place;
         if (!range.isMultiTrack()) {
             place.track = static_cast<std::int16_t>(range.first().trackIndex());
