@@ -77,7 +77,8 @@ std::string unnamedChange(const Layout &before, const LayoutUpdate &update)
     const Layout &after = *update.layout;
     std::string fault;
     for (std::size_t i = 0; i < std::min(before.pages().size(), after.pages().size()); ++i) {
-        if (fault.empty())
+        // At another scale nothing of the sheets before is left to be painted over.
+        if (fault.empty() && before.staffSpace() == after.staffSpace())
             fault = unnamed(before, i, after.pages()[i], update.changed);
         if (fault.empty())
             fault = unnamed(after, i, before.pages()[i], update.changed);

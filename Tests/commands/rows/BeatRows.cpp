@@ -51,8 +51,8 @@ std::vector<CommandRow> beatRows()
         {"RemoveNote",
          [](SmallScore &s) {
              ScoreModelIndex place = s.at(0, 3);
-             place.setNoteString(static_cast<std::uint32_t>(place.beat()->note(0)->string()));
-             place.setNoteMidi(static_cast<std::uint32_t>(place.beat()->note(0)->midi()));
+             place.setNoteString(5);
+             place.setNoteMidi(76);
              return s.score.removeNote(place);
          },
          "ModifyBarRange(0,0,0,1) ", nullptr},
