@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Decoding sound into WAV files, against the programs that come with the formats; CPU seconds,
 // those of the kernel included.
+#include "CpuTime.h"
 #include "RatioReport.h"
 
 #include <ZarnAudio/ZarnAudioDecoder.h>
@@ -11,8 +12,6 @@
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTemporaryDir>
-
-#include <sys/resource.h>
 
 #include <algorithm>
 #include <cmath>
@@ -26,30 +25,6 @@ namespace {
 using namespace Halvec::audio;
 
 constexpr int seconds = 120;
-constexpr int repetitions = 5;
-
-double cpuSeconds(int who)
-{
-    rusage usage{};
-    getrusage(who, &usage);
-    const auto of = [](const timeval &time) {
-        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) * 1e-6;
-    };
-    return of(usage.ru_utime) + of(usage.ru_stime);
-}
-
-template <class Act>
-double median(int who, Act act)
-{
-    std::vector<double> times;
-    for (int i = 0; i < repetitions; ++i) {
-        const double before = cpuSeconds(who);
-        act();
-        times.push_back(cpuSeconds(who) - before);
-    }
-    std::nth_element(times.begin(), times.begin() + repetitions / 2, times.end());
-    return times[repetitions / 2];
-}
 
 /// Plucked notes over a little noise: what packs about as well as music does.
 std::vector<float> music(int rate)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Rendering a score with a sound font, against the program `fluidsynth` on the same events; CPU
 // seconds, those of the kernel included.
+#include "CpuTime.h"
 #include "RatioReport.h"
 
 #include <ZarnAudio/ZarnAudioWriter.h>
@@ -18,8 +19,6 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
-#include <sys/resource.h>
-
 #include <algorithm>
 #include <cstdio>
 #include <string>
@@ -30,31 +29,7 @@ namespace {
 using namespace Halvec::audio;
 using zarn::playback::PlaybackPlan;
 
-constexpr int repetitions = 5;
 constexpr double milliseconds = 1e3;
-
-double cpuSeconds(int who)
-{
-    rusage usage{};
-    getrusage(who, &usage);
-    const auto of = [](const timeval &time) {
-        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) * 1e-6;
-    };
-    return of(usage.ru_utime) + of(usage.ru_stime);
-}
-
-template <class Act>
-double median(int who, Act act)
-{
-    std::vector<double> times;
-    for (int i = 0; i < repetitions; ++i) {
-        const double before = cpuSeconds(who);
-        act();
-        times.push_back(cpuSeconds(who) - before);
-    }
-    std::nth_element(times.begin(), times.begin() + repetitions / 2, times.end());
-    return times[repetitions / 2];
-}
 
 class Rendering {
 public:
