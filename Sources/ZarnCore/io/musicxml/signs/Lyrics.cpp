@@ -39,12 +39,15 @@ Syllabic joined(Syllabic first, Syllabic last)
 
 } // namespace
 
-void writeLyrics(const Syllables &syllables, pugi::xml_node note)
+unsigned writeLyrics(const Syllables &syllables, pugi::xml_node note)
 {
+    unsigned leftOut = 0;
     for (const auto &syllable : syllables) {
         const auto text = xmlText(syllable.text);
-        if (text.find_first_not_of(" \t\r\n") == text.npos)
+        if (text.find_first_not_of(" \t\r\n") == text.npos) {
+            ++leftOut;
             continue;
+        }
         auto lyric = addElement(note, tagName(Tag::Lyric));
         addAttribute(lyric, "number", syllable.line + 1);
         addElement(lyric, tagName(Tag::Syllabic),
@@ -53,6 +56,7 @@ void writeLyrics(const Syllables &syllables, pugi::xml_node note)
         if (syllable.hasMelisma)
             addElement(lyric, tagName(Tag::Extend));
     }
+    return leftOut;
 }
 
 Syllable Lyrics::read(pugi::xml_node lyric)

@@ -14,7 +14,8 @@ class ImportContext;
 
 /// Writes the syllables of a beat into its first <note>. Texts without a letter that XML can hold
 /// are left out.
-void writeLyrics(const Syllables &syllables, pugi::xml_node note);
+/// Answers how many have no text to write, and were left out.
+unsigned writeLyrics(const Syllables &syllables, pugi::xml_node note);
 
 /// Puts the syllables under the notes of a part. Documents name the lines; a line whose name is no
 /// number, or that another one has taken, gets the next that is free.

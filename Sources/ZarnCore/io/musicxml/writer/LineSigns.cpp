@@ -296,6 +296,15 @@ bool LineSigns::hasEndOfDashes() const
     return false;
 }
 
+/// Whether another voice has beats in the bar.
+bool LineSigns::hasOtherVoices() const
+{
+    const auto &voices = _place.staff->bars()[_place.bar]->voices();
+    return std::count_if(voices.begin(), voices.end(),
+                         [](const auto &voice) { return voice && voice->beatCount() != 0; })
+        > 1;
+}
+
 /// The crescendo ends, and a decrescendo begins, in the middle of the beat.
 void LineSigns::writeSwell(pugi::xml_node measure, int staffNumber, double half)
 {
@@ -320,8 +329,11 @@ void LineSigns::writeBefore(pugi::xml_node measure, int staffNumber, double half
             addAttribute(wedge, "type",
                          wedgeTypeOf(hairpin == Hairpin::Swell ? Hairpin::Crescendo : hairpin));
             addAttribute(wedge, "number", _wedge);
-            if (hairpin == Hairpin::Swell)
+            if (hairpin == Hairpin::Swell) {
+                // A wedge names no voice: half a beat of one is any other's beat too.
+                _context.addUnheldIf(hasOtherVoices(), "swell of one voice among others");
                 writeSwell(measure, staffNumber, half);
+            }
         }
     }
     const bool beginsDashes =

@@ -89,6 +89,7 @@ private:
     bool goesOn(Hairpin hairpin) const;
     pugi::xml_node addDirection(pugi::xml_node measure, int staffNumber, const char *placement);
     bool hasEndOfDashes() const;
+    bool hasOtherVoices() const;
     void writeSwell(pugi::xml_node measure, int staffNumber, double half);
     int take(Numbering &numbering, const char *kind);
 

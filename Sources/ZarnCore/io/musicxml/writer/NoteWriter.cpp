@@ -137,7 +137,8 @@ void NoteWriter::write(const RhythmicBeat &beat, const VoicePlace &place, Measur
         writeTime(beat, nullptr, place, node);
         writeNotations(beat, nullptr, true, place, node, signs);
         if (!place.staff->isTablature)
-            writeLyrics(beat.beat->lyrics(), node);
+            _context.addUnheldIf(writeLyrics(beat.beat->lyrics(), node) != 0,
+                                 "syllable without text");
         return;
     }
     if (!beat.beat->isGrace())
@@ -161,7 +162,8 @@ void NoteWriter::write(const RhythmicBeat &beat, const VoicePlace &place, Measur
             writeBeams(beat, node);
         writeNotations(beat, note.get(), isFirst, place, node, signs);
         if (isFirst && beat.beat->hasDetails() && !place.staff->isTablature)
-            writeLyrics(beat.beat->lyrics(), node);
+            _context.addUnheldIf(writeLyrics(beat.beat->lyrics(), node) != 0,
+                                 "syllable without text");
         if (note->isPalmMuted())
             addElement(addElement(node, "play"), "mute", "palm");
     }
