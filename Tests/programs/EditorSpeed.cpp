@@ -1,16 +1,13 @@
 // SPDX-License-Identifier: MIT
 // How long the editor takes from the start to the first page, and from a key to the repaint.
 // Usage: zarn_editor_speed [--keys N] FILE
-#include "app/Setup.h"
 #include "editor/EditorDriver.h"
+#include "editor/EditorHome.h"
 
 #include <ZarnCore/model/ZarnScoreModel.h>
 
-#include <QApplication>
 #include <QCommandLineParser>
 #include <QElapsedTimer>
-#include <QFile>
-#include <QTemporaryDir>
 
 #include <algorithm>
 #include <iostream>
@@ -43,21 +40,14 @@ double part(const std::vector<double> &sorted, double share)
 
 int main(int argc, char **argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QTemporaryDir home;
-    for (const char *const name : {"HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME"})
-        qputenv(name, QFile::encodeName(home.path()));
     QElapsedTimer start;
     start.start();
-    QApplication application(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false); // loops end by themselves
-    zarn::editor::nameApplication();
+    test::EditorHome home(argc, argv);
     QCommandLineParser arguments;
     arguments.addOption({QStringLiteral("keys"), QStringLiteral("How many are pressed."),
                          QStringLiteral("N"), QStringLiteral("300")});
     arguments.addPositionalArgument(QStringLiteral("file"), QStringLiteral("A score."));
-    arguments.process(application);
-    const zarn::editor::Setup setup;
+    arguments.process(home.application());
     test::EditorDriver driver(arguments.positionalArguments().value(0));
     driver.view().viewport()->repaint();
     std::cout << "start to first page: " << milliseconds(start) << " ms\n";

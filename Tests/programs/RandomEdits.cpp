@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include "support/RandomArguments.h"
 #include "support/RandomRun.h"
 #include "support/ScoreFiles.h"
 
 #include <ZarnCore/model/ZarnScoreModel.h>
 
-#include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFileInfo>
@@ -55,42 +55,19 @@ int main(int argc, char *argv[])
     const QCoreApplication application(argc, argv);
     // Commands that are refused are what this is about: they need no warning each.
     QLoggingCategory::setFilterRules(QStringLiteral("zarn.*=false"));
-    QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral(
-        "Edits scores at random, undoes it all and redoes it all, and compares the documents."));
-    parser.addHelpOption();
-    const QCommandLineOption edits(QStringLiteral("edits"), QStringLiteral("Edits on each score."),
-                                   QStringLiteral("N"), QStringLiteral("10000"));
-    const QCommandLineOption seed(QStringLiteral("seed"),
-                                  QStringLiteral("Start of the random numbers."),
-                                  QStringLiteral("S"), QStringLiteral("1"));
-    parser.addOption(edits);
-    parser.addOption(seed);
-    parser.addPositionalArgument(QStringLiteral("FILE"),
-                                 QStringLiteral("MusicXML files or native documents; all samples "
-                                                "and real scores that are there, without one."),
-                                 QStringLiteral("[FILE...]"));
-    parser.process(application);
-    bool isCount = false;
-    bool isSeed = false;
-    const unsigned count = parser.value(edits).toUInt(&isCount);
-    const auto start = static_cast<std::uint64_t>(parser.value(seed).toULongLong(&isSeed));
-    if (!isCount || !isSeed || count > 1000000) {
-        std::fprintf(stderr, "--edits takes a number up to 1000000, --seed a number\n");
+    RandomArguments arguments(
+        QStringLiteral(
+            "Edits scores at random, undoes it all and redoes it all, and compares the documents."),
+        10000);
+    if (!arguments.read(application))
         return 2;
-    }
-    std::vector<std::string> paths;
-    for (const QString &path : parser.positionalArguments())
-        paths.push_back(path.toStdString());
-    if (paths.empty())
-        paths = scoreFiles();
-
     std::map<std::string, unsigned> accepted;
     std::uint64_t comparedSteps = 0;
     unsigned good = 0;
-    for (const std::string &path : paths) {
+    for (const std::string &path : arguments.paths()) {
         try {
-            good += runOn(path, count, start, accepted, comparedSteps) ? 1 : 0;
+            good +=
+                runOn(path, arguments.edits(), arguments.seed(), accepted, comparedSteps) ? 1 : 0;
         } catch (const std::exception &error) {
             std::printf("%s: %s\n", path.c_str(), error.what());
         }
@@ -99,6 +76,6 @@ int main(int argc, char *argv[])
     for (const RandomOperation &operation : randomOperations())
         std::printf(" %s %u", operation.name, accepted[operation.name]);
     std::printf("\n%u of %zu scores came back as they were; the events told all of %llu steps.\n",
-                good, paths.size(), static_cast<unsigned long long>(comparedSteps));
-    return good == paths.size() && !paths.empty() ? 0 : 1;
+                good, arguments.paths().size(), static_cast<unsigned long long>(comparedSteps));
+    return good == arguments.paths().size() && !arguments.paths().empty() ? 0 : 1;
 }

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "support/LayoutLaw.h"
+#include "support/RandomArguments.h"
 #include "support/ScoreFiles.h"
 
 #include <ZarnCore/model/ZarnScoreModel.h>
 
-#include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFileInfo>
@@ -53,52 +53,29 @@ int main(int argc, char *argv[])
     const QCoreApplication application(argc, argv);
     // Commands that are refused are what this is about: they need no warning each.
     QLoggingCategory::setFilterRules(QStringLiteral("zarn.*=false"));
-    QCommandLineParser parser;
-    parser.setApplicationDescription(
+    RandomArguments arguments(
         QStringLiteral("Edits scores at random, keeps their layouts up to date, and compares them "
-                       "with layouts that are made from nothing."));
-    parser.addHelpOption();
-    const QCommandLineOption edits(QStringLiteral("edits"), QStringLiteral("Edits on each score."),
-                                   QStringLiteral("N"), QStringLiteral("1000"));
-    const QCommandLineOption seed(QStringLiteral("seed"),
-                                  QStringLiteral("Start of the random numbers."),
-                                  QStringLiteral("S"), QStringLiteral("1"));
+                       "with layouts that are made from nothing."),
+        1000);
     const QCommandLineOption scroll(QStringLiteral("scroll"),
                                     QStringLiteral("One sheet, rests joined, in place of pages."));
-    parser.addOptions({edits, seed, scroll});
-    parser.addPositionalArgument(QStringLiteral("FILE"),
-                                 QStringLiteral("MusicXML files or native documents; all samples "
-                                                "and real scores that are there, without one."),
-                                 QStringLiteral("[FILE...]"));
-    parser.process(application);
-    bool isCount = false;
-    bool isSeed = false;
-    const unsigned count = parser.value(edits).toUInt(&isCount);
-    const auto start = static_cast<std::uint64_t>(parser.value(seed).toULongLong(&isSeed));
-    if (!isCount || !isSeed || count > 1000000) {
-        std::fprintf(stderr, "--edits takes a number up to 1000000, --seed a number\n");
+    arguments.add(scroll);
+    if (!arguments.read(application))
         return 2;
-    }
     zarn::layout::LayoutOptions options;
-    if (parser.isSet(scroll)) {
+    if (arguments.has(scroll)) {
         options.view = zarn::ViewLayout::Continuous;
         options.multiRest = true;
     }
-    std::vector<std::string> paths;
-    for (const QString &path : parser.positionalArguments())
-        paths.push_back(path.toStdString());
-    if (paths.empty())
-        paths = scoreFiles();
-
     Totals totals;
-    for (const std::string &path : paths) {
+    for (const std::string &path : arguments.paths()) {
         try {
-            runOn(path, options, count, start, totals);
+            runOn(path, options, arguments.edits(), arguments.seed(), totals);
         } catch (const std::exception &error) {
             std::printf("%s: %s\n", path.c_str(), error.what());
         }
     }
     std::printf("%u of %zu scores were shown as they are: %u edits, %u layouts compared.\n",
-                totals.good, paths.size(), totals.edits, totals.layouts);
-    return totals.good == paths.size() && !paths.empty() ? 0 : 1;
+                totals.good, arguments.paths().size(), totals.edits, totals.layouts);
+    return totals.good == arguments.paths().size() && !arguments.paths().empty() ? 0 : 1;
 }

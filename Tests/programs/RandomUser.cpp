@@ -2,12 +2,9 @@
 // Presses keys, clicks and chooses from the editor's menus at random, and looks whether picture and
 // undo agree with the score. Usage: zarn_random_user [--steps N] [--seed N] FILE...
 #include "editor/RandomUser.h"
-#include "app/Setup.h"
+#include "editor/EditorHome.h"
 
-#include <QApplication>
 #include <QCommandLineParser>
-#include <QFile>
-#include <QTemporaryDir>
 
 #include <iostream>
 
@@ -39,21 +36,14 @@ bool drive(const QString &path, unsigned seed, int steps)
 
 int main(int argc, char **argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QTemporaryDir home;
-    for (const char *const name : {"HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME"})
-        qputenv(name, QFile::encodeName(home.path()));
-    QApplication application(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false); // loops end by themselves
-    zarn::editor::nameApplication();
+    test::EditorHome home(argc, argv);
     QCommandLineParser arguments;
     arguments.addOption({QStringLiteral("steps"), QStringLiteral("How many for each file."),
                          QStringLiteral("N"), QStringLiteral("1000")});
     arguments.addOption({QStringLiteral("seed"), QStringLiteral("The first seed."),
                          QStringLiteral("N"), QStringLiteral("1")});
     arguments.addPositionalArgument(QStringLiteral("files"), QStringLiteral("Scores."));
-    arguments.process(application);
-    const zarn::editor::Setup setup;
+    arguments.process(home.application());
     bool isWell = true;
     for (const QString &path : arguments.positionalArguments()) {
         unsigned seed = arguments.value(QStringLiteral("seed")).toUInt();

@@ -3,6 +3,7 @@
 
 #include <ZarnCore/io/instruments/InstrumentName.h>
 #include <ZarnCore/io/instruments/StandardSound.h>
+#include <ZarnCore/io/midi/MidiKeys.h>
 #include <ZarnCore/io/midi/MidiOddities.h>
 #include <ZarnCore/io/midi/MidiText.h>
 #include <ZarnCore/io/midi/StringFolder.h>
@@ -25,10 +26,8 @@ constexpr int drumChannel = 9;
 /// More quarters than any score has bars for.
 constexpr double mostQuarters = 1e8;
 
-/// Of very many parts, words from other tracks go to one of the first, and of very many keys that
-/// disagree the first ones are weighed.
+/// Of very many parts, words from other tracks go to one of the first.
 constexpr std::ptrdiff_t mostSingers = 64;
-constexpr int mostWeighed = 200;
 
 /// What a channel is set to, as far as it is said.
 struct ChannelSetting {
@@ -106,7 +105,7 @@ public:
         std::stable_sort(_music.meters.begin(), _music.meters.end(), byTime);
         std::stable_sort(_music.sections.begin(), _music.sections.end(), byTime);
         makeParts();
-        chooseKeys();
+        _music.keys = chooseKeys(std::move(_statedKeys), _music);
         return std::move(_music);
     }
 
@@ -141,7 +140,6 @@ private:
     void addPart(std::size_t number, PlayedNotes notes, int channel);
     bool joinAsSecondStaff(MidiPart &part);
     void giveLyricsToParts();
-    void chooseKeys();
 
     const MidiFile &_file;
     MidiOddities &_oddities;
@@ -459,49 +457,6 @@ void MusicReader::giveLyricsToParts()
             _oddities.add("words without notes were left out", static_cast<int>(number));
         else
             best->lyrics.insert(best->lyrics.end(), words.begin(), words.end());
-    }
-}
-
-/// Tracks of transposing instruments may have keys of their own: of different keys at one time
-/// that counts which fits the notes up to the next one best.
-void MusicReader::chooseKeys()
-{
-    std::stable_sort(
-        _statedKeys.begin(), _statedKeys.end(),
-        [](const KeyChange &left, const KeyChange &right) { return left.time < right.time; });
-    std::vector<std::vector<KeyChange>> places;
-    for (const KeyChange &key : _statedKeys) {
-        if (places.empty() || places.back().front().time != key.time)
-            places.emplace_back();
-        places.back().push_back(key);
-    }
-    int weighed = 0;
-    for (std::size_t i = 0; i < places.size(); ++i) {
-        const MidiTime from = places[i].front().time;
-        const MidiTime to = i + 1 < places.size() ? places[i + 1].front().time : _music.end + 1;
-        std::array<std::size_t, 12> counts = {};
-        const bool isOne =
-            std::all_of(places[i].begin(), places[i].end(), [&](const KeyChange &key) {
-                return key.fifths == places[i].front().fifths;
-            });
-        if (!isOne && weighed++ < mostWeighed)
-            for (const MidiPart &part : _music.parts)
-                for (const PlayedNotes &notes : part.staves)
-                    for (const PlayedNote &note : notes)
-                        if (!part.isDrums && note.playedStart >= from && note.playedStart < to)
-                            ++counts[note.key % 12];
-        const auto fit = [&](const KeyChange &key) {
-            std::size_t sum = 0;
-            for (int fifth = key.fifths - 1; fifth < key.fifths + 6; ++fifth)
-                sum += counts[static_cast<std::size_t>((fifth * 7 % 12 + 12) % 12)];
-            return sum;
-        };
-        const auto best = std::max_element(
-            places[i].begin(), places[i].end(),
-            [&](const KeyChange &left, const KeyChange &right) { return fit(left) < fit(right); });
-        const KeyChange before = _music.keys.empty() ? KeyChange() : _music.keys.back();
-        if (_music.keys.empty() || before.fifths != best->fifths || before.isMinor != best->isMinor)
-            _music.keys.push_back(*best);
     }
 }
 
