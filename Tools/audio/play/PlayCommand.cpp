@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "audio/play/PlayCommand.h"
 
+#include "audio/SoundOptions.h"
 #include "audio/play/Keys.h"
 #include "common/BarRange.h"
 #include "common/Documents.h"
 #include "common/Failure.h"
 #include "common/Interrupt.h"
 #include "common/Problems.h"
-#include "common/SoundOptions.h"
 #include "common/Terminal.h"
 
 #include <ZarnAudio/ZarnPlayer.h>
@@ -264,18 +264,13 @@ Subcommand playCommand()
           QStringLiteral("Let the metronome click along.")},
          {option("count-in"), QStringLiteral("c"), QStringLiteral("BARS"),
           QStringLiteral("Count so many bars first, 1 to 4.")},
-         {option("track"), QStringLiteral("t"), QStringLiteral("N"),
-          QStringLiteral("Play track N alone, counted from 1.")},
-         {option("mute"), QString(), QStringLiteral("N"),
-          QStringLiteral("Leave out track N; may be given again.")},
-         {option("solo"), QString(), QStringLiteral("N"),
-          QStringLiteral("Play only track N and others of --solo.")},
+         trackOption(),
+         muteOption(),
+         soloOption(),
          {option("gain"), QStringLiteral("g"), QStringLiteral("DB"),
           QStringLiteral("Louder by so many decibels, 6 unless given.")},
-         {option("no-reverb"), QString(), QString(),
-          QStringLiteral("Leave out reverb and chorus.")},
-         {option("font"), QStringLiteral("F"), QStringLiteral("FILE"),
-          QStringLiteral("The sound font (SF2 or SF3).")},
+         noReverbOption(),
+         fontOption(),
          {option("device"), QStringLiteral("d"), QStringLiteral("NAME"),
           QStringLiteral("The sound device; the system's choice unless given.")}},
         runPlay,

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "audio/render/RenderCommand.h"
 
+#include "audio/SoundOptions.h"
 #include "common/Documents.h"
 #include "common/Failure.h"
 #include "common/Interrupt.h"
 #include "common/Problems.h"
 #include "common/Progress.h"
-#include "common/SoundOptions.h"
 #include "common/Terminal.h"
 
 #include <ZarnAudio/ZarnAudioWriter.h>
@@ -160,16 +160,12 @@ Subcommand renderCommand()
             "else of the variable ZARN_SOUNDFONT, else the first that \"zarn catalog fonts\"\n"
             "lists. WAV and FLAC files of one score are the same every time. A file that is\n"
             "there already is replaced, once the new one is complete."),
-        {{option("font"), QStringLiteral("F"), QStringLiteral("FILE"),
-          QStringLiteral("The sound font (SF2 or SF3).")},
+        {fontOption(),
          {option("bars"), QStringLiteral("b"), QStringLiteral("A-B"),
           QStringLiteral("Play bars A to B, or one bar, alone.")},
-         {option("track"), QStringLiteral("t"), QStringLiteral("N"),
-          QStringLiteral("Play track N alone, counted from 1.")},
-         {option("mute"), QString(), QStringLiteral("N"),
-          QStringLiteral("Leave out track N; may be given again.")},
-         {option("solo"), QString(), QStringLiteral("N"),
-          QStringLiteral("Play only track N and others of --solo.")},
+         trackOption(),
+         muteOption(),
+         soloOption(),
          {option("stems"), QString(), QString(),
           QStringLiteral("Write each track into a file of its own: OUT-1-Trumpet.wav and so on.")},
          {option("rate"), QStringLiteral("r"), QStringLiteral("N"),
@@ -180,8 +176,7 @@ Subcommand renderCommand()
           QStringLiteral("Louder by so many decibels, 6 unless given; a limiter keeps it whole.")},
          {option("normalize"), QStringLiteral("n"), QString(),
           QStringLiteral("Bring the loudest place to 1 dB below full scale, --gain on top.")},
-         {option("no-reverb"), QString(), QString(),
-          QStringLiteral("Leave out reverb and chorus.")}},
+         noReverbOption()},
         runRender,
     };
 }

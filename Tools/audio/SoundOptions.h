@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "common/Arguments.h"
+
 #include <ZarnCore/playback/ZarnPlaybackPlan.h>
 
 #include <optional>
@@ -12,7 +14,12 @@ class ScoreModel;
 
 namespace tool {
 
-class Arguments;
+/// Options of all that sounds.
+Option fontOption();
+Option trackOption();
+Option muteOption();
+Option soloOption();
+Option noReverbOption();
 
 /// What `--gain` says, in decibels; nothing without the option. Raises `UsageError`.
 std::optional<double> gainOption(const Arguments &arguments);

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "common/SoundOptions.h"
+#include "audio/SoundOptions.h"
 
-#include "common/Arguments.h"
 #include "common/BarRange.h"
 #include "common/BuiltIns.h"
 #include "common/Terminal.h"
@@ -49,6 +48,36 @@ bool isOn(const ScoreModel &model, unsigned track)
 }
 
 } // namespace
+
+Option fontOption()
+{
+    return {QStringLiteral("font"), QStringLiteral("F"), QStringLiteral("FILE"),
+            QStringLiteral("The sound font (SF2 or SF3).")};
+}
+
+Option trackOption()
+{
+    return {QStringLiteral("track"), QStringLiteral("t"), QStringLiteral("N"),
+            QStringLiteral("Play track N alone, counted from 1.")};
+}
+
+Option muteOption()
+{
+    return {QStringLiteral("mute"), QString(), QStringLiteral("N"),
+            QStringLiteral("Leave out track N; may be given again.")};
+}
+
+Option soloOption()
+{
+    return {QStringLiteral("solo"), QString(), QStringLiteral("N"),
+            QStringLiteral("Play only track N and others of --solo.")};
+}
+
+Option noReverbOption()
+{
+    return {QStringLiteral("no-reverb"), QString(), QString(),
+            QStringLiteral("Leave out reverb and chorus.")};
+}
 
 std::optional<double> gainOption(const Arguments &arguments)
 {
