@@ -189,6 +189,17 @@ std::pair<double, double> bytesKept(Act act)
     return {1, (held(after) - held(before)) / bench::bigscore::noteCount};
 }
 
+/// The same for notes of which none is marked as its neighbours are.
+std::pair<double, double> bytesKeptOfDifferent()
+{
+    BigScore &big = bigScore();
+    unsigned number = 0;
+    big.forEachNote([&number](Note &note) { note.setVelocity(1 + number++ % 50); });
+    const auto bytes = bytesKept([](BigScore &changed) { setVelocity(changed); });
+    big.forEachNote([](Note &note) { note.setMarks({}); });
+    return bytes;
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -205,5 +216,6 @@ int main(int argc, char **argv)
     });
     report.compareValues("bytes kept a note: marks", 8,
                          [] { return bytesKept([](BigScore &big) { setVelocity(big); }); });
+    report.compareValues("bytes kept a note: marks that all differ", 8, bytesKeptOfDifferent);
     return report.run(argc, argv);
 }

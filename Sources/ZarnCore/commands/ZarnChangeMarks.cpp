@@ -27,6 +27,7 @@ bool ChangeMarks<Node>::prepare(Score *score, const ScoreModelRange &range, Also
 template <class Node>
 void ChangeMarks<Node>::apply()
 {
+    _nodeCount = 0;
     _isTaken.clear();
     _beats.clear();
     _notes.clear();
@@ -44,9 +45,13 @@ void ChangeMarks<Node>::apply()
     try {
         visitNodes(model(), _range, static_cast<const Node *>(nullptr),
                    [&](const MarkedPlace &place, Beat &beat, Node &node) {
-                       _isTaken.push_back(takes(place, beat, node));
-                       if (!_isTaken.back())
+                       const bool isTaken = takes(place, beat, node);
+                       ++_nodeCount;
+                       if (!isTaken) {
+                           _isTaken.resize(_nodeCount, true);
+                           _isTaken.back() = false;
                            return true;
+                       }
                        if constexpr (areNotes) {
                            _notes.keep(node);
                            if (_also.otherMarks && &beat != lastBeat)
@@ -78,6 +83,9 @@ void ChangeMarks<Node>::apply()
         _links.mend(model());
         _links.settle();
     }
+    _notes.shrink();
+    _beats.shrink();
+    _rhythms.shrink_to_fit();
     requirePlace(lastBeat != nullptr);
 }
 
@@ -99,9 +107,11 @@ void ChangeMarks<Node>::putBack()
     std::size_t rhythm = 0;
     visitNodes(model(), _range, static_cast<const Node *>(nullptr),
                [&](const MarkedPlace &, Beat &beat, Node &node) {
-                   if (number == _isTaken.size())
+                   if (number == _nodeCount)
                        return false;
-                   if (!_isTaken[number++])
+                   const bool isTaken = number >= _isTaken.size() || _isTaken[number];
+                   ++number;
+                   if (!isTaken)
                        return true;
                    if constexpr (std::is_same_v<Node, Note>) {
                        giveToNote.to(node);

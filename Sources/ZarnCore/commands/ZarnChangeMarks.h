@@ -10,6 +10,7 @@
 #include <ZarnCore/model/ZarnKeptMarks.h>
 #include <ZarnCore/model/places/ZarnScoreModelRange.h>
 
+#include <cstddef>
 #include <vector>
 
 namespace zarn {
@@ -23,8 +24,8 @@ struct AlsoKept {
 };
 
 /// Base of commands that change how the beats or notes of a range are marked. Keeps what was there
-/// for undo, exclusions included: two bits a node, eight bytes for each that was marked unlike the
-/// one before it, and the details that changed.
+/// for undo, exclusions included: eight bytes for each node that was marked unlike the one before
+/// it, a bit or two for the others, and the details that changed.
 ///
 /// Which nodes a range means: its beats; as notes, all those of its beats, but a range that is one
 /// place means the note that it names: on a fretted staff the one on its string, elsewhere the one
@@ -75,7 +76,8 @@ private:
 
     ScoreModelRange _range;
     AlsoKept _also;
-    std::vector<bool> _isTaken; ///< per node of the range, in order
+    std::size_t _nodeCount = 0; ///< that the walk over the range came to
+    std::vector<bool> _isTaken; ///< per node, in order; those behind the end are
     KeptRange _links;
     KeptMarks<Beat> _beats;
     KeptMarks<Note> _notes;

@@ -10,9 +10,9 @@
 
 namespace zarn {
 
-/// How nodes were marked before a change, in the order in which they were kept: a bit for each,
-/// eight bytes for each that was marked unlike the one before it, and the details of those whose
-/// details changed.
+/// How nodes were marked before a change, in the order in which they were kept: eight bytes for
+/// each that was marked unlike the one before it, a bit for the others, and the details of those
+/// whose details changed.
 template <class Node>
 class KeptMarks {
 public:
@@ -67,6 +67,15 @@ public:
         }
         _pending.clear();
         _pendingDetails.clear();
+    }
+
+    /// To be called when all nodes are kept.
+    void shrink()
+    {
+        _marks.shrink();
+        _details.shrink_to_fit();
+        _pending.shrink_to_fit();
+        _pendingDetails.shrink_to_fit();
     }
 
     /// Gives back what the nodes had, one after the other in the order in which they were kept.
