@@ -3,7 +3,10 @@
 
 #include <ZarnCore/ZarnTypes.h>
 #include <ZarnCore/model/ZarnPackedField.h>
+#include <ZarnCore/model/ZarnPackedMarks.h>
 #include <ZarnCore/music/ZarnNoteDynamic.h>
+
+#include <type_traits>
 
 namespace zarn {
 
@@ -191,30 +194,15 @@ private:
 };
 
 /// How a beat is marked, beside what is rare (`BeatDetails`): a value of eight bytes.
-class BeatMarks final : public BeatMarkAccessors<BeatMarks> {
+class BeatMarks final : public PackedMarks<BeatMarks, BeatMarkAccessors> {
 public:
     constexpr BeatMarks() noexcept = default;
 
-    /// Nothing is at other than its default.
-    constexpr bool isPlain() const noexcept { return _marks == 0; }
-
-    friend constexpr bool operator==(const BeatMarks &left, const BeatMarks &right) noexcept
-    {
-        return left._marks == right._marks;
-    }
-    friend constexpr bool operator!=(const BeatMarks &left, const BeatMarks &right) noexcept
-    {
-        return !(left == right);
-    }
-
 private:
-    friend class BeatMarkAccessors<BeatMarks>;
     friend class Beat;
 
-    constexpr explicit BeatMarks(std::uint64_t marks) noexcept : _marks(marks) { }
-
-    std::uint64_t _marks = 0;
+    constexpr explicit BeatMarks(std::uint64_t marks) noexcept : PackedMarks(marks) { }
 };
-static_assert(sizeof(BeatMarks) == 8);
+static_assert(sizeof(BeatMarks) == 8 && std::is_trivially_copyable_v<BeatMarks>);
 
 } // namespace zarn

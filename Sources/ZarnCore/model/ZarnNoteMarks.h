@@ -3,9 +3,12 @@
 
 #include <ZarnCore/ZarnTypes.h>
 #include <ZarnCore/model/ZarnPackedField.h>
+#include <ZarnCore/model/ZarnPackedMarks.h>
 #include <ZarnCore/model/attributes/ZarnAccentFlags.h>
 #include <ZarnCore/model/attributes/ZarnHarmonic.h>
 #include <ZarnCore/model/attributes/ZarnTrill.h>
+
+#include <type_traits>
 
 namespace zarn {
 
@@ -158,30 +161,15 @@ private:
 };
 
 /// How a note is marked, beside what is rare (`NoteDetails`): a value of eight bytes.
-class NoteMarks final : public NoteMarkAccessors<NoteMarks> {
+class NoteMarks final : public PackedMarks<NoteMarks, NoteMarkAccessors> {
 public:
     constexpr NoteMarks() noexcept = default;
 
-    /// Nothing is at other than its default.
-    constexpr bool isPlain() const noexcept { return _marks == 0; }
-
-    friend constexpr bool operator==(const NoteMarks &left, const NoteMarks &right) noexcept
-    {
-        return left._marks == right._marks;
-    }
-    friend constexpr bool operator!=(const NoteMarks &left, const NoteMarks &right) noexcept
-    {
-        return !(left == right);
-    }
-
 private:
-    friend class NoteMarkAccessors<NoteMarks>;
     friend class Note;
 
-    constexpr explicit NoteMarks(std::uint64_t marks) noexcept : _marks(marks) { }
-
-    std::uint64_t _marks = 0;
+    constexpr explicit NoteMarks(std::uint64_t marks) noexcept : PackedMarks(marks) { }
 };
-static_assert(sizeof(NoteMarks) == 8);
+static_assert(sizeof(NoteMarks) == 8 && std::is_trivially_copyable_v<NoteMarks>);
 
 } // namespace zarn
