@@ -173,6 +173,8 @@ public:
             return {};
         const std::size_t end = std::min(last, _items.size() - 1) + 1;
         detach(first, end);
+        if (end - first == _items.size())
+            return std::exchange(_items, {});
         const auto begin = _items.begin() + static_cast<std::ptrdiff_t>(first);
         const auto stop = _items.begin() + static_cast<std::ptrdiff_t>(end);
         Children block(std::make_move_iterator(begin), std::make_move_iterator(stop));
