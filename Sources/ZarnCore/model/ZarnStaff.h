@@ -95,6 +95,9 @@ public:
 
     const GuitarTuning &tuning() const noexcept { return _tuning; }
     void setTuning(const GuitarTuning &tuning);
+
+    /// Whether it has strings, so that its notes are at a string and a fret. On strings without
+    /// frets, such as those of a violin, a fret is a semitone above the open string.
     bool isFretted() const { return _tuning.stringCount() != 0; }
 
     /// Fret of the capo over all strings; 0 is none.

@@ -141,7 +141,7 @@ public:
     InstrumentSet::Type type() const noexcept { return _type; }
     void setType(InstrumentSet::Type type) noexcept { _type = type; }
 
-    /// Whether any staff has strings and frets.
+    /// Whether any staff is; see `Staff::isFretted`.
     bool isFretted() const;
 
     /// The set of the type in the installed library (`InstrumentSetLibrary::install`); empty when
