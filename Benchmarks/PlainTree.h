@@ -11,9 +11,9 @@
 #include <utility>
 #include <vector>
 
-/// What the score tree is measured against: the same nodes held by shared pointers, with weak
-/// parents, stored indexes and the same payload, and nothing else. Each vector is shifted and
-/// renumbered once per block.
+/// What the score tree is measured against: the same nodes held by shared pointers, which they know
+/// as those of the score tree do, with weak parents, stored indexes and the same payload, and
+/// nothing else. Each vector is shifted and renumbered once per block.
 namespace plain {
 
 struct Beat;
@@ -22,7 +22,7 @@ struct Bar;
 struct Staff;
 struct Track;
 
-struct Note {
+struct Note : std::enable_shared_from_this<Note> {
     std::weak_ptr<Beat> parent;
     std::array<std::int8_t, 4> place{};
     std::uint32_t attributes = 0;
@@ -30,7 +30,7 @@ struct Note {
     std::unique_ptr<std::string> details;
 };
 
-struct Beat {
+struct Beat : std::enable_shared_from_this<Beat> {
     std::weak_ptr<Voice> parent;
     unsigned index = 0;
     std::uint64_t marks = 0;
@@ -39,13 +39,13 @@ struct Beat {
     std::unique_ptr<std::string> details;
 };
 
-struct Voice {
+struct Voice : std::enable_shared_from_this<Voice> {
     std::weak_ptr<Bar> parent;
     unsigned index = 0;
     std::vector<std::shared_ptr<Beat>> beats;
 };
 
-struct Bar {
+struct Bar : std::enable_shared_from_this<Bar> {
     std::weak_ptr<Staff> parent;
     unsigned index = 0;
     std::array<std::uint8_t, 3> attributes{};
@@ -54,7 +54,7 @@ struct Bar {
     std::unique_ptr<std::string> changes;
 };
 
-struct Staff {
+struct Staff : std::enable_shared_from_this<Staff> {
     unsigned index = 0;
     std::vector<std::shared_ptr<Bar>> bars;
 };
