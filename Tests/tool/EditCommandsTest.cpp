@@ -15,6 +15,7 @@ add-beat 19:2 quarter t2
 fret 19:2 2 3 t2
 pitch 19:2 E5 t2
 pitch 19:2 F5 E5 t2
+remove-note 19:2 F5 t2
 rhythm 19:1-2 half t2
 dynamic 19:1-2 mp t2
 rest 19:1 t2
@@ -56,6 +57,7 @@ write 5:1 "6:3q 6:5 6:7" t2
 repeat-beat 5:1 t2
 name 1 "Low one"
 short-name 1 Low
+notations 1 staff,slash
 icon 1 electricBass
 tuning D2 A2 D3 G3 B3 D4 t2
 retune E2 A2 D3 G3 B3 E4 t2
@@ -88,6 +90,8 @@ staves 2 2
 midi 1 4 5 2
 channel-per-string 2
 playing-style 2 fingers
+playback 2 solo
+bypass-automations 1 volume
 auto-accents 1
 auto-brush 2 on
 ring-throughout 2
@@ -140,6 +144,7 @@ unset-bars 20 bar-line
 simile 10 simple t2
 layout continuous
 multi-rest on
+page A5 landscape --margin 10 --staff-size 6
 systems 4,4,3
 even-systems 3 t2
 auto-systems t2

@@ -3,43 +3,18 @@
 
 #include "common/Arguments.h"
 #include "common/BarRange.h"
+#include "common/SheetWords.h"
 #include "common/Terminal.h"
 
 #include <ZarnCore/model/ZarnScoreModel.h>
 
-#include <QPair>
-
-#include <array>
-#include <cmath>
+#include <algorithm>
 
 namespace zarn::tool {
 namespace {
 
-/// Names of sheets with their sizes in millimetres, upright.
-struct SheetSize {
-    const char *name;
-    double width;
-    double height;
-};
-constexpr std::array<SheetSize, 7> sheetSizes{{
-    {"A3", 297, 420},
-    {"A4", 210, 297},
-    {"A5", 148, 210},
-    {"A6", 105, 148},
-    {"B4", 250, 353},
-    {"letter", 215.9, 279.4},
-    {"legal", 215.9, 355.6},
-}};
-
-constexpr double smallestSheet = 10;
-constexpr double largestSheet = 5000;
 constexpr double smallestStaff = 0.4;
 constexpr double largestStaff = 100;
-
-int micrometres(double millimetres)
-{
-    return static_cast<int>(std::lround(millimetres * 1000));
-}
 
 QStringList words(const Arguments &arguments, const QString &option)
 {
@@ -70,13 +45,7 @@ TrackNotations readNotations(const Arguments &arguments)
 {
     TrackNotations notations{false, false, false};
     for (const QString &word : words(arguments, QStringLiteral("notation"))) {
-        if (word == QStringLiteral("staff"))
-            notations.standard = true;
-        else if (word == QStringLiteral("tab"))
-            notations.tablature = true;
-        else if (word == QStringLiteral("slash"))
-            notations.slash = true;
-        else
+        if (!addNotation(word, notations))
             throw UsageError{
                 QStringLiteral("--notation takes staff, tab and slash, with commas between them, "
                                "not \"%1\"")
@@ -103,34 +72,6 @@ layout::SystemBreaks readSystems(const QString &word)
     if (word == QStringLiteral("best"))
         return layout::SystemBreaks::ByThemselves;
     throw UsageError{QStringLiteral("--systems takes document or best, not \"%1\"").arg(word)};
-}
-
-void readSheet(const QString &word, PageSetup &setup)
-{
-    setup.orientation = PageSetup::Orientation::Portrait;
-    for (const SheetSize &size : sheetSizes) {
-        if (word.compare(QLatin1String(size.name), Qt::CaseInsensitive) == 0) {
-            setup.width = micrometres(size.width);
-            setup.height = micrometres(size.height);
-            return;
-        }
-    }
-    const QStringList sides = word.split(QLatin1Char('x'));
-    bool isWidth = false;
-    bool isHeight = false;
-    const double width = sides.first().toDouble(&isWidth);
-    const double height = sides.last().toDouble(&isHeight);
-    const auto fits = [](double side) { return side >= smallestSheet && side <= largestSheet; };
-    if (sides.size() != 2 || !isWidth || !isHeight || !fits(width) || !fits(height)) {
-        QStringList names;
-        for (const SheetSize &size : sheetSizes)
-            names.append(QLatin1String(size.name));
-        throw UsageError{QStringLiteral("--page takes %1 or WIDTHxHEIGHT in millimetres from 10 "
-                                        "to 5000, such as 210x297, not \"%2\"")
-                             .arg(names.join(QStringLiteral(", ")), word)};
-    }
-    setup.width = micrometres(width);
-    setup.height = micrometres(height);
 }
 
 void readStaffSize(const QString &word, PageSetup &setup)
@@ -162,8 +103,11 @@ layout::LayoutOptions readLayoutOptions(const Arguments &arguments, const ScoreM
         options.breaks = readSystems(arguments.value(QStringLiteral("systems")));
     options.multiRest = arguments.has(QStringLiteral("multi-rests"));
     PageSetup setup = model.pageSetup();
-    if (arguments.has(QStringLiteral("page")))
-        readSheet(arguments.value(QStringLiteral("page")), setup);
+    if (arguments.has(QStringLiteral("page"))) {
+        const QString word = arguments.value(QStringLiteral("page"));
+        if (!readSheet(word, setup))
+            throw UsageError{QStringLiteral("--page takes %1, not \"%2\"").arg(sheetWords(), word)};
+    }
     if (arguments.has(QStringLiteral("staff-size")))
         readStaffSize(arguments.value(QStringLiteral("staff-size")), setup);
     options.page = setup;

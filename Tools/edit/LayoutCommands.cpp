@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "common/Choices.h"
 #include "common/Failure.h"
+#include "common/SheetWords.h"
 #include "edit/Commands.h"
 #include "edit/EditSession.h"
 #include "edit/ScriptLine.h"
@@ -8,6 +9,7 @@
 
 #include <ZarnCore/commands/Score/ZarnChangeSystems.h>
 #include <ZarnCore/commands/Score/ZarnSetFixedLayout.h>
+#include <ZarnCore/commands/Score/ZarnSetPageSetup.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/attributes/ZarnLayoutRatio.h>
 
@@ -16,6 +18,9 @@ namespace zarn::tool {
 namespace {
 
 constexpr double MostViews = 100;
+constexpr double MostMargin = 1000;                                            ///< millimetres
+constexpr double LeastStaff = 4 * cmd::SetPageSetup::smallestStaffSpace / 1e3; ///< the same
+constexpr double MostStaff = 4 * cmd::SetPageSetup::largestStaffSpace / 1e3;
 
 const Choices &layoutChoices()
 {
@@ -54,6 +59,35 @@ bool setLayout(EditSession &session, const Values &values)
 {
     return session.score().setLayout(view(session, values, 1),
                                      static_cast<ViewLayout>(values.get<int>(0)));
+}
+
+const Choices &orientationChoices()
+{
+    static const Choices choices = {
+        choice("portrait", PageSetup::Orientation::Portrait),
+        choice("landscape", PageSetup::Orientation::Landscape),
+    };
+    return choices;
+}
+
+bool setPage(EditSession &session, const Values &values)
+{
+    PageSetup setup = session.model().pageSetup();
+    const QString word = values.get<QString>(0);
+    if (!readSheet(word, setup))
+        throw LineError(values.column(0),
+                        QStringLiteral("\"%1\" is no sheet; type %2").arg(word, sheetWords()));
+    setup.orientation = static_cast<PageSetup::Orientation>(values.get(1, 0));
+    if (const double *const margin = values.option<double>(QStringLiteral("margin")))
+        setup.leftMargin = setup.topMargin = setup.rightMargin = setup.bottomMargin =
+            micrometres(*margin);
+    if (const double *const size = values.option<double>(QStringLiteral("staff-size")))
+        setup.staffSpace = micrometres(*size / 4);
+    if (session.score().setPageSetup(setup))
+        return true;
+    throw LineError(values.column(0),
+                    QStringLiteral("the sides of a sheet are 20 to 2000 mm long, and its margins "
+                                   "leave at least half of it"));
 }
 
 bool setMultiRest(EditSession &session, const Values &values)
@@ -198,6 +232,16 @@ const std::vector<Command> &layoutCommands()
          QStringLiteral("Lay a view out on pages, on one long sheet, or in one line."),
          QStringLiteral("Score::setLayout"),
          setLayout},
+        {QStringLiteral("page"),
+         {{QStringLiteral("SHEET"), Kind::Text},
+          {QStringLiteral("WAY"), Kind::Choice, Presence::Optional, 0, 0, &orientationChoices()}},
+         QStringLiteral("Set the sheet, such as A4, letter or 210x297, portrait or landscape."),
+         QStringLiteral("Score::setPageSetup"),
+         setPage,
+         false,
+         {{QStringLiteral("margin"), Kind::Decimal, Presence::Optional, 0, MostMargin},
+          {QStringLiteral("staff-size"), Kind::Decimal, Presence::Optional, LeastStaff,
+           MostStaff}}},
         {QStringLiteral("multi-rest"),
          {{QStringLiteral("SWITCH"), Kind::Switch, Presence::Assumed}, view},
          QStringLiteral("Draw runs of empty bars as one in a view."),

@@ -145,6 +145,19 @@ bool setPitch(EditSession &session, const Values &values)
                         .arg(index.beatIndex() + 1));
 }
 
+bool removeNote(EditSession &session, const Values &values)
+{
+    ScoreModelIndex index = targetBeat(session, values);
+    index.setNoteMidi(
+        static_cast<std::uint32_t>(writtenKey(index, values.get<PitchValue>(1), values.column(1))));
+    if (!index.note())
+        throw LineError(values.column(1),
+                        QStringLiteral("%1:%2 has no such note")
+                            .arg(index.barIndex() + 1)
+                            .arg(index.beatIndex() + 1));
+    return session.score().removeNote(index);
+}
+
 TypedMusic typedMusic(const Values &values, std::size_t text)
 {
     TypedMusic music;
@@ -235,6 +248,12 @@ const std::vector<Command> &noteCommands()
          QStringLiteral("Write a note on a beat, beside its others or INSTEAD of one."),
          QStringLiteral("Score::setMIDINote"),
          setPitch,
+         true},
+        {QStringLiteral("remove-note"),
+         {beat, {QStringLiteral("PITCH"), Kind::Pitch}},
+         QStringLiteral("Take one note off a beat; the last one leaves a rest."),
+         QStringLiteral("Score::removeNote"),
+         removeNote,
          true},
         {QStringLiteral("rest"),
          {beats},

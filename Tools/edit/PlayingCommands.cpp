@@ -4,6 +4,7 @@
 #include "edit/EditSession.h"
 #include "edit/ScriptLine.h"
 
+#include <ZarnCore/instruments/automations/ZarnChannelStrip.h>
 #include <ZarnCore/model/ZarnTrackSettings.h>
 
 namespace zarn::tool {
@@ -30,6 +31,38 @@ const Choices &playingStyleChoices()
         choice("hot-rods", PlayingStyle::DrumKitHotRod),
     };
     return choices;
+}
+
+const Choices &playbackChoices()
+{
+    static const Choices choices = {
+        choice("normal", TrackPlayback::Normal),
+        choice("mute", TrackPlayback::Mute),
+        choice("solo", TrackPlayback::Solo),
+    };
+    return choices;
+}
+
+const Choices &automationChoices()
+{
+    static const Choices choices = {
+        choice("sounds", Automation::Sound),
+        choice("volume", channelStripType(ChannelStripParameter::Volume)),
+        choice("panning", channelStripType(ChannelStripParameter::Pan)),
+    };
+    return choices;
+}
+
+bool setPlayback(EditSession &session, const Values &values)
+{
+    return session.score().setTrackPlayback(index(values, 0),
+                                            static_cast<TrackPlayback>(values.get<int>(1)));
+}
+
+bool bypassAutomations(EditSession &session, const Values &values)
+{
+    return session.score().modifyTrackAutomationBypass(
+        index(values, 0), static_cast<Automation::Type>(values.get<int>(1)), values.get(2, true));
 }
 
 bool moveTrack(EditSession &session, const Values &values)
@@ -126,6 +159,19 @@ const std::vector<Command> &playingCommands()
          QStringLiteral("Send each string of a track on a MIDI channel of its own."),
          QStringLiteral("Score::setOneChannelPerString"),
          setSwitch<&ScoreTrackOperations::setOneChannelPerString>},
+        {QStringLiteral("playback"),
+         {track,
+          {QStringLiteral("MODE"), Kind::Choice, Presence::Required, 0, 0, &playbackChoices()}},
+         QStringLiteral("Mute a track, or let it and other solo tracks play alone."),
+         QStringLiteral("Score::setTrackPlayback"),
+         setPlayback},
+        {QStringLiteral("bypass-automations"),
+         {track,
+          {QStringLiteral("KIND"), Kind::Choice, Presence::Required, 0, 0, &automationChoices()},
+          isOn},
+         QStringLiteral("Make playback ignore what changes in a track: sounds, volume, panning."),
+         QStringLiteral("Score::modifyTrackAutomationBypass"),
+         bypassAutomations},
         {QStringLiteral("playing-style"),
          {track,
           {QStringLiteral("STYLE"), Kind::Choice, Presence::Required, 0, 0,

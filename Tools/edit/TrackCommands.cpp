@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "common/Choices.h"
 #include "common/Failure.h"
+#include "common/SheetWords.h"
 #include "common/Terminal.h"
 #include "common/TrackWord.h"
 #include "common/TuningWord.h"
@@ -91,6 +92,22 @@ bool setName(EditSession &session, const Values &values)
 bool setShortName(EditSession &session, const Values &values)
 {
     return session.score().setTrackShortName(index(values, 0), values.get<QString>(1));
+}
+
+bool setNotations(EditSession &session, const Values &values)
+{
+    const QString text = values.get<QString>(1);
+    if (text == QLatin1String("usual"))
+        return session.score().setTrackNotations(index(values, 0), std::nullopt);
+    TrackNotations notations{false, false, false};
+    for (const QString &word : text.split(QLatin1Char(',')))
+        if (!addNotation(word, notations))
+            throw LineError(
+                values.column(1),
+                QStringLiteral("\"%1\" is no notation; type staff, tab, slash or several "
+                               "of them such as staff,tab, or usual")
+                    .arg(word));
+    return session.score().setTrackNotations(index(values, 0), notations);
 }
 
 bool setIcon(EditSession &session, const Values &values)
@@ -214,6 +231,11 @@ const std::vector<Command> &trackCommands()
          QStringLiteral("Give a track a short name."),
          QStringLiteral("Score::setTrackShortName"),
          setShortName},
+        {QStringLiteral("notations"),
+         {track, text("KINDS")},
+         QStringLiteral("Show a track on a staff, as tab, slash or several: staff,tab; or usual."),
+         QStringLiteral("Score::setTrackNotations"),
+         setNotations},
         {QStringLiteral("icon"),
          {track, choice("ICON", iconChoices())},
          QStringLiteral("Give a track an icon."),
