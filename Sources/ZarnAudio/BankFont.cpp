@@ -20,6 +20,10 @@ namespace {
 constexpr double centsPerOctave = 1200;
 constexpr float hardPan = 500; ///< in FluidSynth's unit of a tenth of a percent
 
+/// Centibels that a sample is louder than it is: FluidSynth's filter adds 15.05, and velocity,
+/// volume and expression take 1.37 each at their highest values.
+constexpr double tooLoud = 15.05 - 3 * 1.37;
+
 BankFont &self(fluid_sfont_t *font)
 {
     return *static_cast<BankFont *>(fluid_sfont_get_data(font));
@@ -222,7 +226,7 @@ bool BankFont::startVoice(fluid_synth_t *synth, int channel, int key, int veloci
     };
     set(GEN_STARTADDROFS, static_cast<double>(start));
     set(GEN_FINETUNE, region.tune);
-    set(GEN_ATTENUATION, -10 * region.gain); // centibels
+    set(GEN_ATTENUATION, tooLoud - 10 * region.gain);
     const float place = voice.samples.size() == 1 ? 0 : side == 0 ? -hardPan : hardPan;
     set(GEN_PAN, std::clamp(place + hardPan * static_cast<float>(region.pan), -hardPan, hardPan));
     constexpr double shortest = 0.001;

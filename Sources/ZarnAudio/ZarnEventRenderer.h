@@ -13,7 +13,7 @@
 namespace Halvec::audio {
 
 /// Renders events at their frames: notes of banks begin exactly there (within a frame off their
-/// root key), those of fonts within half a block of 64 frames. The end of a note, a bend or a
+/// root key), those of fonts and bends within half a block of 64 frames. The end of a note or a
 /// volume of a bank comes up to two blocks early. However many frames are asked for at a time, they
 /// are the same, and where rendering starts in silence, they are those of the whole.
 ///

@@ -19,6 +19,32 @@ using zarn::playback::PlannedControl;
 using zarn::playback::PlannedNote;
 using zarn::playback::PlaybackPlan;
 
+/// What a motion has between its points, at times that rise; without fractions, which grow large
+/// here.
+class MotionCursor {
+public:
+    explicit MotionCursor(const PitchMotion &motion) : _points(motion.points) { }
+
+    double semitonesAt(double quarters)
+    {
+        while (_next < _points.size() && _points[_next].time.toDouble() <= quarters)
+            ++_next;
+        if (_next == 0)
+            return _points.front().semitones;
+        const auto &before = _points[_next - 1];
+        if (_next == _points.size())
+            return before.semitones;
+        const auto &next = _points[_next];
+        const double start = before.time.toDouble();
+        const double share = (quarters - start) / (next.time.toDouble() - start);
+        return before.semitones + share * (next.semitones - before.semitones);
+    }
+
+private:
+    const std::vector<PitchMotion::Point> &_points;
+    std::size_t _next = 0; ///< the first point behind the last time
+};
+
 /// The events of a plan, one kind after the other.
 class EventMaker {
 public:
@@ -75,33 +101,18 @@ private:
         add(note.startSecond, Kind::Bend, channel, 0, 0, semitones);
         if (motion == nullptr)
             return;
-        // A step for each block, when there is something to hear.
+        // A step for each block, to what its middle has, when there is something to hear.
         constexpr double audible = 0.005;
         const double step = static_cast<double>(Synthesizer::blockFrames) / _framesPerSecond;
+        MotionCursor cursor(*motion);
         for (double second = note.startSecond + step; second < note.endSecond; second += step) {
-            const double next = semitonesAt(*motion, _plan.tempo().quartersAt(second));
+            const double middle = std::min(second + step / 2, note.endSecond);
+            const double next = cursor.semitonesAt(_plan.tempo().quartersAt(middle));
             if (std::abs(next - semitones) < audible)
                 continue;
             semitones = next;
             add(second, Kind::Bend, channel, 0, 0, semitones);
         }
-    }
-
-    /// What the motion has between its points, without fractions, which grow large here.
-    static double semitonesAt(const PitchMotion &motion, double quarters)
-    {
-        const auto &points = motion.points;
-        const auto next = std::find_if(points.begin(), points.end(), [quarters](const auto &point) {
-            return point.time.toDouble() > quarters;
-        });
-        if (next == points.begin())
-            return points.front().semitones;
-        if (next == points.end())
-            return points.back().semitones;
-        const auto before = std::prev(next);
-        const double start = before->time.toDouble();
-        const double share = (quarters - start) / (next->time.toDouble() - start);
-        return before->semitones + share * (next->semitones - before->semitones);
     }
 
     const PlaybackPlan &_plan;

@@ -36,9 +36,75 @@ ScoreRenderer::ScoreRenderer(const PlaybackPlan &plan, const Settings &settings)
     while (!makeSynthesizer());
     _events = _sound->events(settings.rate);
     _end = _sound->end(settings.rate);
+    if (settings.bars)
+        cut(plan, settings.bars->first, settings.bars->second);
 }
 
 ScoreRenderer::~ScoreRenderer() = default;
+
+void ScoreRenderer::cut(const PlaybackPlan &plan, unsigned first, unsigned last)
+{
+    const auto &bars = plan.bars().bars();
+    const auto stretch = plan.bars().within(first, last);
+    if (stretch.begin == stretch.end) {
+        _end = 0;
+        _isCut = true;
+        endNotes();
+        return;
+    }
+    const double origin = plan.tempo().secondsAt(plan.start());
+    const auto frameOf = [&](double second) -> std::int64_t {
+        return std::llround((second - origin) * _settings.rate);
+    };
+    if (stretch.begin > 0) {
+        // Grace notes may be heard in front of their bar.
+        double second = plan.tempo().secondsAt(bars[stretch.begin].start);
+        for (const auto &note : plan.notes())
+            if (note.playedBar == stretch.begin)
+                second = std::min(second, note.startSecond);
+        _begin = frameOf(second);
+    }
+    if (stretch.end < bars.size()) {
+        _end = frameOf(plan.tempo().secondsAt(bars[stretch.end].start));
+        _isCut = true;
+        endNotes();
+    }
+}
+
+/// Nothing begins behind the end, and what sounds there ends. That is done a few blocks late, for
+/// it is heard up to two of them early.
+void ScoreRenderer::endNotes()
+{
+    constexpr std::int64_t late = 3 * Synthesizer::blockFrames;
+    using Kind = TimedEvent::Kind;
+    _events.erase(std::remove_if(_events.begin(), _events.end(),
+                                 [this](const TimedEvent &event) {
+                                     return event.frame >= _end && event.kind != Kind::NoteOff;
+                                 }),
+                  _events.end());
+    for (TimedEvent &event : _events)
+        event.frame = std::min(event.frame, _end + late);
+    for (std::size_t channel = 0; channel < _sound->channels().size(); ++channel)
+        _events.push_back({_end + late, Kind::Controller, static_cast<std::uint8_t>(channel),
+                           zarn::playback::SustainController, 0, 0});
+}
+
+void ScoreRenderer::setRecordings(std::vector<PlacedRecording> recordings)
+{
+    _recordings = std::move(recordings);
+    if (!_isCut)
+        for (const PlacedRecording &recording : _recordings)
+            _end = std::max(_end, recording.start + recording.sound->frames());
+}
+
+void ScoreRenderer::addRecordings(float *frames, std::int64_t from, std::int64_t count) const
+{
+    if (_isCut)
+        count = std::min(count, _end - from);
+    if (!_track && count > 0)
+        for (const PlacedRecording &recording : _recordings)
+            recording.add(frames, from, count);
+}
 
 /// False when some bank cannot be loaded.
 bool ScoreRenderer::makeSynthesizer()
@@ -89,14 +155,12 @@ bool ScoreRenderer::render(const Take &take)
         const auto count = std::min(blockFrames, end - renderer.position());
         const auto from = renderer.position();
         renderer.render(block.data(), count);
-        if (!_track)
-            for (const PlacedRecording &recording : _recordings)
-                recording.add(block.data(), from, count);
+        addRecordings(block.data(), from, count);
         for (std::int64_t i = 0; i < count; ++i) {
             block[static_cast<std::size_t>(2 * i)] *= _settings.master.left;
             block[static_cast<std::size_t>(2 * i + 1)] *= _settings.master.right;
         }
-        if (!take(block.data(), count) || (_stop && _stop()))
+        if (!take(block.data(), from, count) || (_stop && _stop()))
             return false;
         const bool isOver = renderer.isDone() && renderer.position() >= _end;
         if (isOver && end == last)
@@ -109,8 +173,8 @@ bool ScoreRenderer::render(const Take &take)
 float ScoreRenderer::peak()
 {
     float highest = 0;
-    render([&highest](const float *frames, std::int64_t count) {
-        for (std::int64_t i = 0; i < 2 * count; ++i)
+    render([&](const float *frames, std::int64_t from, std::int64_t count) {
+        for (std::int64_t i = 2 * std::max<std::int64_t>(0, _begin - from); i < 2 * count; ++i)
             highest = std::max(highest, std::abs(frames[i]));
         return true;
     });
@@ -121,8 +185,8 @@ bool ScoreRenderer::write(AudioWriter &writer)
 {
     const auto gain = static_cast<float>(decibels(_settings.gain));
     Limiter limiter(_settings.rate, fullScale);
-    auto late = limiter.latency();
-    const auto process = [&](float *frames, std::int64_t count) {
+    auto late = limiter.latency() + _begin;
+    const auto process = [&](float *frames, std::int64_t, std::int64_t count) {
         std::transform(frames, frames + 2 * count, frames,
                        [gain](float value) { return value * gain; });
         limiter.process(frames, count);
@@ -133,7 +197,7 @@ bool ScoreRenderer::write(AudioWriter &writer)
     if (!render(process))
         return false;
     std::vector<float> rest(static_cast<std::size_t>(2 * limiter.latency()), 0.0F);
-    return !writer.hasError() && process(rest.data(), limiter.latency());
+    return !writer.hasError() && process(rest.data(), 0, limiter.latency());
 }
 
 } // namespace Halvec::audio

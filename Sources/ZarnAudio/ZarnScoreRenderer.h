@@ -15,6 +15,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace zarn::playback {
@@ -35,6 +36,12 @@ public:
         bool hasReverb = true; ///< chorus too
         MasterSound master;
         PlanSound::BankChoice bankOf = bankOfNote; ///< none plays all by General MIDI
+
+        /// Renders the bars `first` to `second` alone, from the first time that one of them is
+        /// played until they are left: frame by frame what the whole has there, with what rings
+        /// into them. Behind them, from the last half block on, no note begins, and those that
+        /// sound end.
+        std::optional<std::pair<unsigned, unsigned>> bars;
     };
 
     ScoreRenderer(const zarn::playback::PlaybackPlan &plan, const Settings &settings);
@@ -59,14 +66,16 @@ public:
     /// level comes within 64 frames from that of the voice before. None means all of them.
     void setTrack(std::optional<unsigned> track) noexcept { _track = track; }
 
-    /// Recordings that play along with the whole, at the renderer's rate.
-    void setRecordings(std::vector<PlacedRecording> recordings)
-    {
-        _recordings = std::move(recordings);
-    }
+    /// Recordings that play along with the whole, at the renderer's rate. What is behind the last
+    /// note is rendered too.
+    void setRecordings(std::vector<PlacedRecording> recordings);
 
     /// Asked again and again while it renders: true ends that.
     void setStop(std::function<bool()> stop) { _stop = std::move(stop); }
+
+    /// The frames of the whole that are rendered, `end` without what fades out behind it.
+    std::int64_t begin() const noexcept { return _begin; }
+    std::int64_t end() const noexcept { return _end; }
 
     /// The highest value of a frame without the gain, 1.0 for full scale; renders everything.
     float peak();
@@ -77,16 +86,22 @@ public:
     bool write(AudioWriter &writer);
 
 private:
-    using Take = std::function<bool(float *frames, std::int64_t count)>;
+    /// Takes frames from the first one of the score on, `from` and those behind it.
+    using Take = std::function<bool(float *frames, std::int64_t from, std::int64_t count)>;
     bool render(const Take &take);
     bool makeSynthesizer();
+    void cut(const zarn::playback::PlaybackPlan &plan, unsigned first, unsigned last);
+    void endNotes();
+    void addRecordings(float *frames, std::int64_t from, std::int64_t count) const;
 
     Settings _settings;
     std::vector<TimedEvent> _events;
     std::optional<unsigned> _track;
     std::vector<PlacedRecording> _recordings;
     std::function<bool()> _stop;
+    std::int64_t _begin = 0;
     std::int64_t _end = 0; ///< of the last bar or sound
+    bool _isCut = false;   ///< there is more music behind the end
     std::string _font;
     bool _isUsed = false;
     std::unique_ptr<PlanSound> _sound;  ///< for its channels: the plan may be gone

@@ -187,10 +187,11 @@ private:
     void setVolume(int channel, double decibels) noexcept
     {
         constexpr double centibels = 10;
+        constexpr double half = 0.5; // FluidSynth cuts off what is left of a whole number of them
         _channels[static_cast<std::size_t>(channel)].volume = decibels;
         const double volume = std::clamp(decibels, inaudible, loudest); // no number is silence
         fluid_synth_set_gen(_synth.get(), channel, GEN_ATTENUATION,
-                            static_cast<float>((headroom - volume) * centibels));
+                            static_cast<float>((headroom - volume) * centibels + half));
     }
 
     void setPan(int channel, double pan) noexcept

@@ -99,23 +99,6 @@ protected:
         return decoded(*decoder(contentOf(_memory, "x")));
     }
 
-    /// How much of a frequency there is between two seconds, by Goertzel.
-    static double power(const std::vector<float> &frames, double from, double to, double frequency)
-    {
-        const double step = 2 * M_PI * frequency / rate;
-        double before = 0;
-        double last = 0;
-        const auto first = static_cast<std::size_t>(from * rate);
-        const auto end = std::min(static_cast<std::size_t>(to * rate), frames.size() / 2);
-        for (auto i = first; i < end; ++i) {
-            const double next = 2 * std::cos(step) * last - before + frames[2 * i];
-            before = last;
-            last = next;
-        }
-        return (last * last + before * before - 2 * std::cos(step) * last * before)
-            / std::pow(double(end - first) / 2, 2);
-    }
-
     QTemporaryDir _folder;
     filesystem::DiskFileSystem _files;
     filesystem::RAMFileSystem _memory;
@@ -327,57 +310,70 @@ TEST_F(ScoreSounds, theMasteringIsHeard)
     }
 }
 
-/// A note of two whole bars that is bent up by two semitones and back.
-std::shared_ptr<zarn::ScoreModel> bentNote()
+/// A note of two whole bars at one quarter a second, bent up by two semitones and back or straight.
+std::shared_ptr<zarn::ScoreModel> longNote(bool isBent)
 {
     filesystem::RAMFileSystem files;
-    put(files, "x", R"(<score-partwise version="4.0"><part-list><score-part id="P1">
+    put(files, "x",
+        std::string(R"(<score-partwise version="4.0"><part-list><score-part id="P1">
         <part-name>Guitar</part-name></score-part></part-list><part id="P1"><measure number="1">
         <attributes><divisions>1</divisions><time><beats>8</beats><beat-type>4</beat-type></time>
         <clef><sign>G</sign><line>2</line></clef></attributes>
         <direction><sound tempo="60"/></direction>
         <note><pitch><step>E</step><octave>4</octave></pitch><duration>8</duration>
-        <type>breve</type><notations><technical><string>1</string><fret>0</fret>
-        <bend><bend-alter>2</bend-alter></bend>
-        <bend><bend-alter>0</bend-alter><release/></bend></technical></notations></note>
-        </measure></part></score-partwise>)");
+        <type>breve</type><notations><technical><string>1</string><fret>0</fret>)")
+            + (isBent ? R"(<bend><bend-alter>2</bend-alter></bend>
+                <bend><bend-alter>0</bend-alter><release/></bend>)"
+                      : "")
+            + "</technical></notations></note></measure></part></score-partwise>");
     const auto handle = files.open("x", filesystem::OpenMode::Read);
     zarn::io::ImportReport report;
     return zarn::io::MusicXmlImporter().read(*handle, report);
 }
 
-TEST_F(ScoreSounds, aBentNoteFollowsItsCurve)
+TEST_F(ScoreSounds, bendsAndVibratosFollowTheirCurve)
 {
-    const auto model = bentNote();
-    const PlaybackPlan plan(*model);
-    ASSERT_EQ(plan.notes().size(), 1u);
-    const auto &note = plan.notes()[0];
-    const auto *const motion = plan.motionOf(note);
-    ASSERT_NE(motion, nullptr);
-    EXPECT_NEAR(motion->reach(), 2, 0.01);
-    constexpr double frequency = 1000;
-    const std::string sine = bank("sine", frequency, 0.5F);
+    const auto bent = longNote(true);
+    const auto wide = longNote(false);
+    wide->track(0)->bar(0)->voice(0)->beat(0)->note(0)->setVibrato(zarn::Vibrato::Wide);
+    const auto both = longNote(true);
+    both->track(0)->bar(0)->voice(0)->beat(0)->note(0)->setVibrato(zarn::Vibrato::Slight);
+    constexpr double frequency = 2000;
+    constexpr int sampleSeconds = 9;
+    const std::string sine = bank("sine", frequency, 0.5F, sampleSeconds * rate);
     ScoreRenderer::Settings settings;
     settings.bankOf = [&](const Sound &, bool, int) { return sine; };
-    const auto frames = rendered(*model, settings);
-    // Between crossings of zero, a hundred of them at a time.
-    std::vector<double> crossings;
-    const double end = std::min(0.9, note.endSecond - 0.1); // the sample lasts a second
-    for (auto i = static_cast<std::size_t>(0.02 * rate); i < static_cast<std::size_t>(end * rate);
-         ++i) {
-        const double a = frames[2 * i];
-        const double b = frames[2 * i + 2];
-        if (a < 0 && b >= 0)
-            crossings.push_back((double(i) + a / (a - b)) / rate);
-    }
-    ASSERT_GT(crossings.size(), 500u);
-    for (std::size_t i = 0; i + 20 < crossings.size(); i += 20) {
-        const double heard = 20 / (crossings[i + 20] - crossings[i]);
-        const double middle = (crossings[i] + crossings[i + 20]) / 2;
-        const double quarters = plan.tempo().quartersAt(middle);
-        const double wanted =
-            motion->semitonesAt({static_cast<std::int64_t>(quarters * 100'000), 100'000});
-        EXPECT_NEAR(1200 * std::log2(heard / frequency), 100 * wanted, 5) << "at " << middle;
+    for (const auto &[model, reach] : {std::pair{bent, 2.0}, {wide, 0.5}, {both, 2.2}}) {
+        SCOPED_TRACE(reach);
+        const PlaybackPlan plan(*model);
+        ASSERT_EQ(plan.notes().size(), 1u);
+        const auto &note = plan.notes()[0];
+        const auto *const motion = plan.motionOf(note);
+        ASSERT_NE(motion, nullptr);
+        EXPECT_NEAR(motion->reach(), reach, 0.05);
+        const auto frames = rendered(*model, settings);
+        std::vector<double> crossings;
+        for (auto i = static_cast<std::size_t>(0.02 * rate);
+             i < static_cast<std::size_t>((note.endSecond - 0.1) * rate); ++i) {
+            const double a = frames[2 * i];
+            const double b = frames[2 * i + 2];
+            if (a < 0 && b >= 0)
+                crossings.push_back((double(i) + a / (a - b)) / rate);
+        }
+        ASSERT_GT(crossings.size(), 10'000u);
+        // Ten periods at a time: what the pitch does meanwhile is less than a cent.
+        constexpr std::size_t periods = 10;
+        double farthest = 0;
+        for (std::size_t i = 0; i + periods < crossings.size(); i += periods) {
+            const double heard = periods / (crossings[i + periods] - crossings[i]);
+            const double middle = (crossings[i] + crossings[i + periods]) / 2;
+            const double quarters = plan.tempo().quartersAt(middle);
+            const double wanted =
+                motion->semitonesAt({static_cast<std::int64_t>(quarters * 100'000), 100'000});
+            const double cents = 1200 * std::log2(heard / frequency) - 100 * wanted;
+            farthest = std::max(farthest, std::abs(cents));
+        }
+        EXPECT_LT(farthest, 2);
     }
 }
 

@@ -87,4 +87,21 @@ inline std::vector<float> decoded(AudioDecoder &decoder)
     }
 }
 
+/// How much of a frequency there is between two seconds of stereo frames, on the left, by Goertzel.
+inline double power(const std::vector<float> &frames, double from, double to, double frequency)
+{
+    const double step = 2 * M_PI * frequency / 44100;
+    double before = 0;
+    double last = 0;
+    const auto first = static_cast<std::size_t>(from * 44100);
+    const auto end = std::min(static_cast<std::size_t>(to * 44100), frames.size() / 2);
+    for (auto i = first; i < end; ++i) {
+        const double next = 2 * std::cos(step) * last - before + frames[2 * i];
+        before = last;
+        last = next;
+    }
+    return (last * last + before * before - 2 * std::cos(step) * last * before)
+        / std::pow(double(end - first) / 2, 2);
+}
+
 } // namespace sounds

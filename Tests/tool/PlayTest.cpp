@@ -63,8 +63,7 @@ protected:
 
 TEST_F(PlayCommand, givesTheDeviceWhatRenderWrites)
 {
-    const QStringList part = {QStringLiteral("--bars"), QStringLiteral("3-5"),
-                              QStringLiteral("--no-reverb"), QStringLiteral("--mute"),
+    const QStringList part = {QStringLiteral("--no-reverb"), QStringLiteral("--mute"),
                               QStringLiteral("2")};
     const ToolRun run = play(part);
     EXPECT_EQ(run.code, 0) << run.err;

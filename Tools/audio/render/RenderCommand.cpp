@@ -19,6 +19,7 @@
 #include <algorithm>
 #include <cmath>
 #include <set>
+#include <utility>
 
 namespace zarn::tool {
 
@@ -109,10 +110,18 @@ int runRender(const Arguments &arguments, const Terminal &terminal)
     if (font.empty())
         throw Failure(error);
     const OpenedDocument document = openDocument(arguments.operand(0), terminal);
-    const auto options = soundPlanOptions(arguments, *document.model);
-    const playback::PlaybackPlan plan(*document.model, options);
-
+    auto options = soundPlanOptions(arguments, *document.model);
     ScoreRenderer::Settings settings;
+    // The renderer cuts the bars out of the sound of the whole.
+    settings.bars = std::exchange(options.bars, std::nullopt);
+    const playback::PlaybackPlan plan(*document.model, options);
+    if (settings.bars) {
+        const auto played = plan.bars().within(settings.bars->first, settings.bars->second);
+        if (played.begin == played.end)
+            throw Failure(QStringLiteral("bars %1 are never played")
+                              .arg(arguments.value(option("bars")))
+                              .toStdString());
+    }
     settings.rate = format.rate;
     settings.gain = gain.value_or(settings.gain);
     settings.hasReverb = !arguments.has(option("no-reverb"));
@@ -162,7 +171,7 @@ Subcommand renderCommand()
             "there already is replaced, once the new one is complete."),
         {fontOption(),
          {option("bars"), QStringLiteral("b"), QStringLiteral("A-B"),
-          QStringLiteral("Play bars A to B, or one bar, alone.")},
+          QStringLiteral("Write bars A to B, or one bar, alone, as they are in the whole.")},
          trackOption(),
          muteOption(),
          soloOption(),
