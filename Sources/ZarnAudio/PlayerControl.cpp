@@ -112,6 +112,8 @@ std::shared_ptr<const PlayerControl::PlaybackPlan> PlayerControl::plan() const
 
 PlayerControl::State PlayerControl::state() const
 {
+    if (_isPlayWaiting)
+        return State::Playing;
     const auto status = _engine.status();
     if (status.obeyed < _stateAsked)
         return _askedState;
@@ -129,6 +131,10 @@ void PlayerControl::play()
 {
     if (!_program || !_isOpen)
         return;
+    if (_recordings.isBusy()) {
+        _isPlayWaiting = true;
+        return;
+    }
     const auto &plan = _program->plan;
     double from = second();
     if (isFinished())
@@ -147,6 +153,7 @@ void PlayerControl::play()
 
 void PlayerControl::pause()
 {
+    _isPlayWaiting = false;
     _stateAsked = send(Kind::Pause);
     _askedState = State::Stopped;
 }
@@ -381,20 +388,49 @@ void PlayerControl::perform(double shift)
         }
         auto performance =
             std::make_unique<Performance>(_program, sound, _instrument, _mixer, _speed);
-        if (_speed == 1)
-            performance->recordings = _recordings.of(
-                _program->audioTracks, _settings.rate,
-                performance->origin + _program->plan.secondsBefore(), _settings.folder);
-        _performances.push_back(std::move(performance));
+        addRecordings(*performance);
+        take(std::move(performance), isFirst ? now : shift);
         break;
     }
+    _askedSecond = isFirst ? now : now + shift;
+    sendLoop();
+}
+
+void PlayerControl::take(std::unique_ptr<const Performance> performance, double second)
+{
+    _performances.push_back(std::move(performance));
     PlayerCommand command;
     command.kind = Kind::Take;
     command.performance = _performances.back().get();
-    command.second = isFirst ? now : shift;
+    command.second = second;
     _secondAsked = send(command);
-    _askedSecond = isFirst ? now : now + shift;
-    sendLoop();
+}
+
+void PlayerControl::addRecordings(Performance &performance)
+{
+    performance.recordings = _recordings.of(_program->audioTracks, _settings.rate,
+                                            performance.origin + _program->plan.secondsBefore(),
+                                            _settings.folder, _speed);
+    if (!_options.bars)
+        for (const PlacedRecording &recording : performance.recordings)
+            performance.end =
+                std::max(performance.end, recording.start + recording.sound->frames());
+}
+
+/// Plays on, with the recordings that have come.
+void PlayerControl::joinRecordings()
+{
+    const double now = second();
+    if (!_performances.empty()) {
+        auto performance = std::make_unique<Performance>(*_performances.back());
+        addRecordings(*performance);
+        take(std::move(performance), 0);
+        _askedSecond = now;
+    }
+    if (_isPlayWaiting) {
+        _isPlayWaiting = false;
+        play();
+    }
 }
 
 void PlayerControl::poll()
@@ -404,6 +440,8 @@ void PlayerControl::poll()
         if (const auto model = _followed.lock())
             program(*model);
     }
+    if (_recordings.hasCome())
+        joinRecordings();
     sendWaiting();
     if (_isOpen && _output->isLost()) {
         close();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ZarnAudio/LateRecordings.h>
 #include <ZarnAudio/Performance.h>
 #include <ZarnAudio/PlayerEngine.h>
 #include <ZarnAudio/ZarnPlayer.h>
@@ -76,6 +77,7 @@ public:
     double gain() const noexcept { return _gain; }
     double second() const;
     std::optional<PlayPlace> place() const;
+    unsigned lateBlocks() const noexcept { return _engine.status().lateBlocks; }
     void poll();
 
     std::function<void()> finished;
@@ -87,6 +89,9 @@ private:
     bool useFont(const std::string &font, std::string *error);
     void program(const zarn::ScoreModel &model);
     void perform(double shift);
+    void joinRecordings();
+    void addRecordings(Performance &performance);
+    void take(std::unique_ptr<const Performance> performance, double second);
     void keepPlace();
     bool isFinished() const;
     std::optional<std::pair<double, double>> loopSeconds() const;
@@ -106,7 +111,8 @@ private:
 
     Soundbanks _banks; ///< outlive the instruments
     std::string _font; ///< that was loaded
-    Recordings _recordings;
+    LateRecordings _recordings;
+    bool _isPlayWaiting = false; ///< for recordings
     std::shared_ptr<Instrument> _instrument;
     std::shared_ptr<const Program> _program;
     std::vector<std::unique_ptr<const Performance>> _performances; ///< the engine has some of them

@@ -17,6 +17,12 @@ constexpr std::int64_t fadeFrames = 256;
 constexpr double longestTail = 4;        ///< seconds that the last sounds may take to fade out
 constexpr std::int64_t turnFrames = 128; ///< within which the renderer goes elsewhere
 
+std::int64_t clockTime() noexcept
+{
+    using namespace std::chrono;
+    return duration_cast<nanoseconds>(steady_clock::now().time_since_epoch()).count();
+}
+
 } // namespace
 
 PlayerEngine::PlayerEngine(int rate) : _rate(rate), _click(rate), _limiter(rate, fullScale) { }
@@ -254,13 +260,21 @@ void PlayerEngine::mixDown(float *frames, std::int64_t count) noexcept
 
 void PlayerEngine::render(float *frames, std::int64_t count) noexcept
 {
-    const auto time = std::chrono::steady_clock::now().time_since_epoch();
+    const auto time = clockTime();
     _commands.consume_all([this](const PlayerCommand &command) { obey(command); });
     const double from = second();
     for (std::int64_t done = 0; done < count;)
         done += renderPart(frames + 2 * done, count - done);
     mixDown(frames, count);
-    publish(from, std::chrono::duration_cast<std::chrono::nanoseconds>(time).count());
+    publish(from, time);
+    countLate(time, count);
+}
+
+void PlayerEngine::countLate(std::int64_t time, std::int64_t frames) noexcept
+{
+    const double taken = static_cast<double>(clockTime() - time) * 1e-9;
+    if (frames > 0 && taken * _rate > static_cast<double>(frames))
+        _lateBlocks.store(_lateBlocks.load(std::memory_order_relaxed) + 1);
 }
 
 void PlayerEngine::publish(double from, std::int64_t time) noexcept
@@ -283,8 +297,8 @@ PlayerEngine::Status PlayerEngine::status() const noexcept
         const unsigned version = _version.load();
         if (version % 2 != 0)
             continue;
-        const Status status{_shownState,   _shownSecond, _shownUntil,
-                            _shownNotLess, _shownTime,   _shownObeyed};
+        const Status status{_shownState, _shownSecond, _shownUntil, _shownNotLess,
+                            _shownTime,  _shownObeyed, _lateBlocks};
         if (_version.load() == version)
             return status;
     }

@@ -66,6 +66,7 @@ public:
         double notLess = 0;       ///< where playing began, or went on after the last jump
         std::int64_t time = 0;    ///< when the block was asked for: the steady clock's nanoseconds
         std::uint64_t obeyed = 0; ///< the last command
+        unsigned lateBlocks = 0;  ///< that took longer to make than to play
     };
     Status status() const noexcept;
 
@@ -80,6 +81,7 @@ private:
     std::int64_t renderMusic(float *frames, std::int64_t count) noexcept;
     void mixDown(float *frames, std::int64_t count) noexcept;
     void publish(double second, std::int64_t time) noexcept;
+    void countLate(std::int64_t time, std::int64_t frames) noexcept;
     double second() const noexcept;
     std::int64_t frame() const noexcept;
 
@@ -120,6 +122,7 @@ private:
     std::atomic<double> _shownNotLess{0};
     std::atomic<std::int64_t> _shownTime{0};
     std::atomic<std::uint64_t> _shownObeyed{0};
+    std::atomic<unsigned> _lateBlocks{0};
 };
 
 } // namespace Halvec::audio

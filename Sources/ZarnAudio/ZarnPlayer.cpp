@@ -168,6 +168,11 @@ std::optional<zarn::playback::PlayPlace> Player::place() const
     return _control->place();
 }
 
+unsigned Player::lateBlocks() const noexcept
+{
+    return _control->lateBlocks();
+}
+
 void Player::setFinishedCallback(std::function<void()> callback)
 {
     _control->finished = std::move(callback);

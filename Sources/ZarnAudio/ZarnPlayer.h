@@ -61,7 +61,8 @@ public:
     /// The same for a score, with every later edit of it, until it dies or another one is set.
     void follow(zarn::Score &score);
 
-    /// Why recordings of the score cannot be read, or not to their ends.
+    /// Why recordings of the score cannot be read, or not to their ends: they are read on a thread
+    /// of their own.
     std::vector<std::string> problems() const;
 
     /// What is played; null without a score.
@@ -73,7 +74,7 @@ public:
     State state() const;
 
     /// From the place where it is, at the end from the beginning. Inside of a loop when there is
-    /// one.
+    /// one. Recordings that are still being read are waited for.
     void play();
 
     /// Stays where it is.
@@ -88,8 +89,8 @@ public:
     bool setLoop(unsigned first, unsigned last);
     void clearLoop();
 
-    /// 1 is the tempo of the score; 0.25 to 2, the pitch stays. Recordings of audio tracks are
-    /// heard at 1 alone.
+    /// 1 is the tempo of the score; 0.25 to 2, the pitch stays. Recordings of audio tracks join
+    /// when they have been stretched, which is done on another thread.
     void setSpeed(double speed);
     double speed() const noexcept;
 
@@ -118,6 +119,10 @@ public:
 
     double second() const;
     std::optional<zarn::playback::PlayPlace> place() const;
+
+    /// How many blocks took longer to make than to play: the device may have had nothing to play
+    /// meanwhile.
+    unsigned lateBlocks() const noexcept;
 
     // From `poll` alone.
 

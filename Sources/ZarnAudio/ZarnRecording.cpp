@@ -5,6 +5,7 @@
 #include <ZarnCore/model/ZarnAudioTrack.h>
 #include <streams/FileStream.h>
 
+#include <SoundTouch.h>
 #include <samplerate.h>
 
 #include <algorithm>
@@ -107,6 +108,33 @@ std::shared_ptr<const Recording> Recording::load(AudioDecoder &decoder, int rate
     return std::make_shared<const Recording>(std::move(frames));
 }
 
+std::shared_ptr<const Recording> Recording::atSpeed(double speed, int rate) const
+{
+    const auto wanted = std::llround(static_cast<double>(frames()) / speed);
+    if (wanted > mostFrames)
+        return nullptr;
+    soundtouch::SoundTouch stretcher;
+    stretcher.setSampleRate(static_cast<unsigned>(rate));
+    stretcher.setChannels(2);
+    stretcher.setTempo(speed);
+    std::vector<float> made;
+    made.reserve(static_cast<std::size_t>(2 * wanted));
+    std::array<float, 2 * blockFrames> block{};
+    const auto take = [&] {
+        while (const auto count = stretcher.receiveSamples(block.data(), blockFrames))
+            made.insert(made.end(), block.begin(), block.begin() + 2 * std::ptrdiff_t(count));
+    };
+    for (std::int64_t done = 0; done < frames(); done += blockFrames) {
+        stretcher.putSamples(data() + 2 * done,
+                             static_cast<unsigned>(std::min(blockFrames, frames() - done)));
+        take();
+    }
+    stretcher.flush();
+    take();
+    made.resize(static_cast<std::size_t>(2 * wanted));
+    return std::make_shared<const Recording>(std::move(made));
+}
+
 void PlacedRecording::add(float *frames, std::int64_t from, std::int64_t count) const noexcept
 {
     const auto begin = std::max(from, start);
@@ -120,9 +148,30 @@ void PlacedRecording::add(float *frames, std::int64_t from, std::int64_t count) 
 
 Recordings::~Recordings() = default;
 
+void Recordings::load(Kept &kept)
+{
+    auto handle = _files.open(kept.path, filesystem::OpenMode::Read, &kept.error);
+    if (handle == nullptr)
+        return;
+    const auto decoder =
+        AudioDecoder::open(std::make_unique<streams::FileStream>(std::move(handle)), &kept.error);
+    if (decoder != nullptr)
+        kept.sound = Recording::load(*decoder, kept.rate, &kept.error);
+}
+
+void Recordings::change(Kept &kept, double speed)
+{
+    if (kept.sound == nullptr || speed == 1 || (kept.changed != nullptr && kept.speed == speed))
+        return;
+    kept.changed = kept.sound->atSpeed(speed, kept.rate);
+    kept.speed = speed;
+    if (kept.changed == nullptr)
+        _problems.push_back(kept.path + ": is too long to be played so slowly");
+}
+
 std::vector<PlacedRecording>
 Recordings::of(const std::vector<std::shared_ptr<zarn::AudioTrack>> &tracks, int rate,
-               double second, const std::string &folder)
+               double second, const std::string &folder, double speed)
 {
     _problems.clear();
     std::vector<PlacedRecording> placed;
@@ -139,26 +188,25 @@ Recordings::of(const std::vector<std::shared_ptr<zarn::AudioTrack>> &tracks, int
         auto found = std::find_if(kept.begin(), kept.end(), isSame);
         if (found == kept.end()) {
             const auto before = std::find_if(_kept.begin(), _kept.end(), isSame);
-            Kept loaded = before == _kept.end() ? Kept{path, rate, nullptr, {}} : *before;
-            if (before == _kept.end()) {
-                auto handle = _files.open(path, filesystem::OpenMode::Read, &loaded.error);
-                const auto decoder = handle == nullptr
-                    ? nullptr
-                    : AudioDecoder::open(std::make_unique<streams::FileStream>(std::move(handle)),
-                                         &loaded.error);
-                if (decoder != nullptr)
-                    loaded.sound = Recording::load(*decoder, rate, &loaded.error);
+            if (before != _kept.end()) {
+                kept.push_back(*before);
+            } else {
+                kept.emplace_back();
+                kept.back().path = path;
+                kept.back().rate = rate;
+                load(kept.back());
             }
-            kept.push_back(std::move(loaded));
             found = std::prev(kept.end());
             if (!found->error.empty())
                 _problems.push_back(found->error);
+            change(*found, speed);
         }
-        if (found->sound == nullptr)
+        const auto &sound = speed == 1 ? found->sound : found->changed;
+        if (sound == nullptr)
             continue;
         const double level = track->volume() * std::pow(10.0, -usualGain / 20);
         const double seconds = static_cast<double>(track->startOffset()) / 1000 - second;
-        placed.push_back({found->sound, std::llround(seconds * rate),
+        placed.push_back({sound, std::llround(seconds * rate / speed),
                           static_cast<float>(level * std::min(1.0F, 1 - track->pan())),
                           static_cast<float>(level * std::min(1.0F, 1 + track->pan()))});
     }

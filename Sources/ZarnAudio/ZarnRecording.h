@@ -32,6 +32,10 @@ public:
 
     explicit Recording(std::vector<float> frames) : _frames(std::move(frames)) { }
 
+    /// The same at another speed, 0.25 to 2, and at its own pitch (by SoundTouch); null when it
+    /// would be too long.
+    std::shared_ptr<const Recording> atSpeed(double speed, int rate) const;
+
     std::int64_t frames() const noexcept { return static_cast<std::int64_t>(_frames.size() / 2); }
 
     /// Left and right interleaved.
@@ -58,10 +62,12 @@ public:
     Recordings() = default;
     ~Recordings();
 
-    /// Those of the tracks that are not muted, for frames of the music at a rate, of which the
-    /// first is at a second of the whole score as it is played. Relative paths start at the folder.
+    /// Those of the tracks that are not muted, for frames of the music at a rate and a speed, of
+    /// which the first is at a second of the whole score as it is played at the usual speed.
+    /// Relative paths start at the folder.
     std::vector<PlacedRecording> of(const std::vector<std::shared_ptr<zarn::AudioTrack>> &tracks,
-                                    int rate, double second, const std::string &folder);
+                                    int rate, double second, const std::string &folder,
+                                    double speed = 1);
 
     /// Why files cannot be read, or not to their ends, as of the last time.
     const std::vector<std::string> &problems() const noexcept { return _problems; }
@@ -72,7 +78,12 @@ private:
         int rate = 0;
         std::shared_ptr<const Recording> sound;
         std::string error;
+        double speed = 1; ///< of `changed`, which is at another speed than the usual one
+        std::shared_ptr<const Recording> changed;
     };
+    void load(Kept &kept);
+    void change(Kept &kept, double speed);
+
     filesystem::DiskFileSystem _files;
     std::vector<Kept> _kept;
     std::vector<std::string> _problems;

@@ -8,6 +8,7 @@
 #include <ZarnAudio/ZarnSoundFonts.h>
 #include <ZarnCore/io/ZarnImportReport.h>
 #include <ZarnCore/io/ZarnMusicXmlImporter.h>
+#include <ZarnCore/model/ZarnAudioTrack.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/playback/ZarnPlaybackPlan.h>
 #include <ZarnCore/score/ZarnScore.h>
@@ -400,6 +401,56 @@ TEST_F(Playing, neverTouchesHeapLocksOrFilesInTenMinutes)
     }
     EXPECT_GT(loudSeconds, seconds / 3);
     EXPECT_EQ(_output->calls, 0u);
+}
+
+TEST_F(Playing, recordingsJoinAtEverySpeed)
+{
+    const QTemporaryDir folder;
+    filesystem::DiskFileSystem files;
+    std::vector<float> tone;
+    for (int i = 0; i < 20 * rate; ++i)
+        tone.push_back(0.5F * static_cast<float>(std::sin(2 * M_PI * 5000 * i / rate)));
+    const std::string path = folder.filePath(QStringLiteral("tone.wav")).toStdString();
+    put(files, path,
+        encoded(tone, format(AudioFormat::File::Wav, AudioFormat::Encoding::Pcm16, 1)));
+    const auto model = modelOf("romance-guitar-study.musicxml");
+    model->addAudioTrack(std::make_shared<zarn::AudioTrack>("tone"));
+    model->audioTracks()[0]->setFilePath(path);
+    _player->setScore(*model);
+    _player->play();
+    EXPECT_EQ(_player->state(), State::Playing);
+    const auto soon = [this] {
+        for (int i = 0; i < 2000; ++i) {
+            _player->poll();
+            const auto frames = _output->take(1024);
+            if (power(frames, 0, 1, 5000) > 0.05)
+                return true;
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        }
+        return false;
+    };
+    EXPECT_TRUE(soon());
+    EXPECT_LT(_player->second(), 0.2) << "playing begins when the recording is there";
+    _player->setSpeed(0.5);
+    EXPECT_TRUE(soon());
+    ASSERT_TRUE(_player->problems().empty());
+    // It ends where it ends at that speed, and edits leave it alone.
+    _player->seekSecond(19);
+    _output->take(1024);
+    EXPECT_GT(power(_output->take(rate), 0, 1, 5000), 1e-2);
+    _player->setScore(*model);
+    EXPECT_GT(power(_output->take(rate / 2), 0, 1, 5000), 1e-2);
+    _output->take(rate);
+    EXPECT_LT(power(_output->take(rate), 0, 1, 5000), 1e-4);
+    EXPECT_EQ(_output->calls, 0u);
+
+    model->audioTracks()[0]->setFilePath(path + "x");
+    _player->setScore(*model);
+    for (int i = 0; i < 2000 && _player->problems().empty(); ++i) {
+        _player->poll();
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    ASSERT_EQ(_player->problems().size(), 1u);
 }
 
 /// Takes sound on a thread of its own, as fast as it can.

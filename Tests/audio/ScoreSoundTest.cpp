@@ -257,6 +257,41 @@ TEST_F(ScoreSounds, recordingsPlayAlongAtTheirPlaceAndPitch)
     EXPECT_NE(recordings.problems()[0].find("gone.wav"), std::string::npos);
 }
 
+TEST_F(ScoreSounds, recordingsKeepTheirPitchAtOtherSpeeds)
+{
+    // A tone from 1 to 1.5 seconds, of two.
+    std::vector<float> tone(2 * 2 * rate, 0.0F);
+    for (int i = rate; i < rate * 3 / 2; ++i)
+        tone[std::size_t(2 * i)] = tone[std::size_t(2 * i + 1)] =
+            0.5F * static_cast<float>(std::sin(2 * M_PI * 1000 * i / rate));
+    const Recording recording(tone);
+    for (const double speed : {0.25, 0.5, 0.8, 1.5, 2.0}) {
+        SCOPED_TRACE(speed);
+        const auto other = recording.atSpeed(speed, rate);
+        ASSERT_NE(other, nullptr);
+        EXPECT_EQ(other->frames(), std::llround(2 * rate / speed));
+        const std::vector<float> frames(other->data(), other->data() + 2 * other->frames());
+        constexpr double blur = 0.05;
+        EXPECT_NEAR(std::sqrt(power(frames, 1 / speed + blur, 1.5 / speed - blur, 1000)), 0.5,
+                    0.05);
+        EXPECT_LT(power(frames, 0, 1 / speed - blur, 1000), 1e-4);
+        EXPECT_LT(power(frames, 1.5 / speed + blur, 2 / speed, 1000), 1e-4);
+    }
+    const Recording minutes(std::vector<float>(std::size_t(2) * 10 * 60 * rate));
+    EXPECT_EQ(minutes.atSpeed(0.25, rate), nullptr) << "40 minutes";
+
+    put(_files, path("tone.wav"),
+        encoded(tone, format(AudioFormat::File::Wav, AudioFormat::Encoding::Pcm24)));
+    auto track = std::make_shared<zarn::AudioTrack>("tone");
+    track->setFilePath("tone.wav");
+    track->setStartOffset(500);
+    Recordings recordings;
+    const auto placed = recordings.of({track}, rate, 0.25, _folder.path().toStdString(), 0.5);
+    ASSERT_EQ(placed.size(), 1u);
+    EXPECT_EQ(placed[0].start, rate / 2);
+    EXPECT_EQ(placed[0].sound->frames(), 4 * rate);
+}
+
 TEST_F(ScoreSounds, recordingsThatCannotBePlayedSayWhy)
 {
     AudioFormat slow = format(AudioFormat::File::Wav, AudioFormat::Encoding::Pcm16, 1);

@@ -67,13 +67,16 @@ public:
           _isShown(terminal.showsProgress()), _width(static_cast<std::size_t>(terminal.width()))
     {
     }
-    ~PlaceLine()
+    ~PlaceLine() { clear(); }
+    PlaceLine(const PlaceLine &) = delete;
+    PlaceLine &operator=(const PlaceLine &) = delete;
+
+    void clear()
     {
         if (_isShown)
             std::cerr << "\r\x1b[K" << std::flush;
+        _drawn.clear();
     }
-    PlaceLine(const PlaceLine &) = delete;
-    PlaceLine &operator=(const PlaceLine &) = delete;
 
     void draw()
     {
@@ -109,6 +112,8 @@ private:
             line << " (" << std::lround(100 * speed) << " %)";
         if (_player.state() == Player::State::CountingIn)
             line << "   counting in";
+        if (const unsigned late = _player.lateBlocks(); late > 0)
+            line << "   " << counted(late, "gap");
         return line.str();
     }
 
@@ -212,14 +217,13 @@ int runPlay(const Arguments &arguments, const Terminal &terminal)
             error += deviceList();
         throw Failure(error);
     }
-    for (const auto &problem : player.problems())
-        warn(problem);
     warnOfProblems(document);
 
     bool isDone = false;
     std::string failure;
     player.setFinishedCallback([&isDone] { isDone = true; });
     player.setFailedCallback([&failure](const std::string &reason) { failure = reason; });
+    std::vector<std::string> problems;
     const Interrupt interrupt;
     {
         Keys keys;
@@ -229,6 +233,12 @@ int runPlay(const Arguments &arguments, const Terminal &terminal)
             if (!obey(player, keys.next(pollMilliseconds)))
                 break;
             player.poll();
+            if (player.problems() != problems) {
+                problems = player.problems();
+                line.clear();
+                for (const auto &problem : problems)
+                    warn(problem);
+            }
             line.draw();
         }
     }
