@@ -162,6 +162,12 @@ void EventMirror::hear(const evt::RemoveAudioTrack &event)
     _known.head->removeAudioTrack(static_cast<unsigned>(event.index()));
 }
 
+void EventMirror::hear(const evt::AudioTrackChanged &event)
+{
+    const auto index = static_cast<unsigned>(event.index());
+    *_known.head->audioTracks().at(index) = *model().audioTracks().at(index);
+}
+
 void EventMirror::hear(const evt::MasterTrackAutomationChanged &event)
 {
     _known.automations.read(*model().masterTrack(), event.automationType(),

@@ -66,6 +66,7 @@ private:
     void hear(const zarn::evt::RequestTrackChannelStripChange &);
     void hear(const zarn::evt::AddAudioTrack &);
     void hear(const zarn::evt::RemoveAudioTrack &);
+    void hear(const zarn::evt::AudioTrackChanged &);
     void hear(const zarn::evt::MasterTrackAutomationChanged &);
     void hear(const zarn::evt::MasterTrackAutomationBypassChanged &);
     void hear(const zarn::evt::TrackAutomationChanged &);

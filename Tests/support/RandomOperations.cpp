@@ -323,6 +323,29 @@ const std::vector<RandomOperation> operations = {
      [](EditedScore &e) {
          return e.score.removeAudioTrack(e.places.index(e.score.scoreModel()->audioTrackCount()));
      }},
+    {"setAudioTrack", 1,
+     [](EditedScore &e) {
+         const auto &tracks = e.score.scoreModel()->audioTracks();
+         const unsigned index = e.places.index(static_cast<unsigned>(tracks.size()));
+         AudioTrack track = index < tracks.size() ? *tracks[index] : AudioTrack();
+         switch (e.random.below(5)) {
+         case 0:
+             track.setFilePath(text(e.random).toStdString());
+             break;
+         case 1:
+             track.setStartOffset(static_cast<int>(e.random.below(20'000)) - 10'000);
+             break;
+         case 2:
+             track.setVolume(static_cast<float>(e.random.below(41)) / 20);
+             break;
+         case 3:
+             track.setPan(static_cast<float>(e.random.below(41)) / 20 - 1);
+             break;
+         default:
+             track.setMuted(!track.isMuted());
+         }
+         return e.score.setAudioTrack(index, track);
+     }},
     {"modifyMasterTrackAutomations", 4, modifyMasterTrackAutomations},
     {"modifyTrackAutomations", 4, modifyTrackAutomations},
     {"modifyMasterTrackAutomationBypass", 1,

@@ -96,8 +96,6 @@ auto-accents 1
 auto-brush 2 on
 ring-throughout 2
 mute-strength 2 0.75
-add-audio-track take1 take1.wav
-remove-audio-track 1
 property words-and-music Nobody
 title "The Saints"
 artist "The Band"
@@ -223,7 +221,8 @@ TEST(EditCommands, everyCommandIsUndoneToTheByteAndRedone)
     std::set<QString> used;
     const QString commands = QString::fromUtf8(EveryCommand)
         + QStringLiteral("replace \"%1\"\nadd-beat 1:1 quarter\nadd-recording \"%1\" 1.5 0.8\n"
-                         "remove-recording 1\nadd-recording \"%1\"\n")
+                         "remove-recording 1\nadd-recording \"%1\"\n"
+                         "change-recording 1 -0.25 0.5 1\nmute-recording 1\n")
               .arg(romance());
     for (const QString &line : commands.split(QLatin1Char('\n')))
         used.insert(line.section(QLatin1Char(' '), 0, 0));

@@ -97,6 +97,11 @@ bool forceSound(EditSession &session, const Values &values)
 
 // Recordings.
 
+std::int64_t millisecondsOf(double seconds)
+{
+    return std::llround(1000 * seconds);
+}
+
 bool addRecording(EditSession &session, const Values &values)
 {
     const QFileInfo file(QString::fromStdString(values.text(0)));
@@ -104,20 +109,43 @@ bool addRecording(EditSession &session, const Values &values)
         throw LineError(values.column(0), QStringLiteral("there is no such file"));
     auto track = std::make_shared<AudioTrack>(file.completeBaseName().toStdString());
     track->setFilePath(file.absoluteFilePath().toStdString());
-    constexpr double milliseconds = 1000;
-    track->setStartOffset(std::llround(milliseconds * values.get(1, 0.0)));
+    track->setStartOffset(millisecondsOf(values.get(1, 0.0)));
     track->setVolume(static_cast<float>(values.get(2, 1.0)));
     return session.score().createAudioTrack(session.model().audioTrackCount(), std::move(track));
 }
 
-bool removeRecording(EditSession &session, const Values &values)
+/// Which recording of the score a value names, from 0.
+unsigned recordingOf(EditSession &session, const Values &values)
 {
     const unsigned count = session.model().audioTrackCount();
     if (index(values, 0) > count)
         throw LineError(values.column(0),
                         QStringLiteral("there are only %1")
                             .arg(QString::fromStdString(counted(count, "recording"))));
-    return session.score().removeAudioTrack(index(values, 0) - 1);
+    return index(values, 0) - 1;
+}
+
+bool removeRecording(EditSession &session, const Values &values)
+{
+    return session.score().removeAudioTrack(recordingOf(session, values));
+}
+
+bool changeRecording(EditSession &session, const Values &values)
+{
+    const unsigned number = recordingOf(session, values);
+    AudioTrack track = *session.model().audioTracks()[number];
+    track.setStartOffset(millisecondsOf(values.get<double>(1)));
+    track.setVolume(static_cast<float>(values.get(2, double(track.volume()))));
+    track.setPan(static_cast<float>(values.get(3, double(track.pan()))));
+    return session.score().setAudioTrack(number, track);
+}
+
+bool muteRecording(EditSession &session, const Values &values)
+{
+    const unsigned number = recordingOf(session, values);
+    AudioTrack track = *session.model().audioTracks()[number];
+    track.setMuted(values.get(1, true));
+    return session.score().setAudioTrack(number, track);
 }
 
 // Effects, of the master or of a sound of a track.
@@ -390,6 +418,19 @@ const std::vector<Command> &soundCommands()
          QStringLiteral("Remove a recording that plays along, counted from 1."),
          QStringLiteral("Score::removeAudioTrack"),
          removeRecording},
+        {QStringLiteral("change-recording"),
+         {number,
+          {QStringLiteral("SECONDS"), Kind::Decimal, Presence::Required, -MostSeconds, MostSeconds},
+          {QStringLiteral("LEVEL"), Kind::Decimal, Presence::Optional, 0, MostLevel},
+          {QStringLiteral("PAN"), Kind::Decimal, Presence::Optional, -1, 1}},
+         QStringLiteral("Let a recording begin elsewhere, louder or softer, at another place."),
+         QStringLiteral("Score::setAudioTrack"),
+         changeRecording},
+        {QStringLiteral("mute-recording"),
+         {number, {QStringLiteral("SWITCH"), Kind::Switch, Presence::Assumed}},
+         QStringLiteral("Mute a recording, or with \"off\" let it be heard."),
+         QStringLiteral("Score::setAudioTrack"),
+         muteRecording},
         {QStringLiteral("volume"),
          {strip, level},
          QStringLiteral("Set the volume of a track or of the master."),

@@ -16,7 +16,6 @@ namespace zarn::tool {
 
 namespace {
 
-constexpr int MostRecordings = 1000;
 constexpr int MostFrets = 36;
 constexpr int MostStrings = 12;
 
@@ -169,39 +168,20 @@ bool setCapo(EditSession &session, const Values &values)
                                                Retuning::KeepFrets);
 }
 
-bool addAudioTrack(EditSession &session, const Values &values)
-{
-    const auto track = std::make_shared<AudioTrack>(values.text(0));
-    track->setFilePath(values.text(1));
-    return session.score().createAudioTrack(session.model().audioTrackCount(), track);
-}
-
-bool removeAudioTrack(EditSession &session, const Values &values)
-{
-    const unsigned count = session.model().audioTrackCount();
-    if (index(values, 0) > count)
-        throw LineError(values.column(0),
-                        QStringLiteral("the score has only %1")
-                            .arg(QString::fromStdString(counted(count, "recording"))));
-    return session.score().removeAudioTrack(index(values, 0) - 1);
-}
-
 } // namespace
 
 const std::vector<Command> &trackCommands()
 {
     static const Parameter track = {QStringLiteral("TRACK"), Kind::Track};
     static const Parameter trackGap = {QStringLiteral("AT"), Kind::TrackGap, Presence::Optional};
-    static const Parameter number = {QStringLiteral("NUMBER"), Kind::Whole, Presence::Required, 1,
-                                     MostRecordings};
     static const Parameter tuningWords = {QStringLiteral("TUNING"), Kind::Tuning};
     static const Parameter stringCount = {QStringLiteral("STRINGS"), Kind::Whole,
                                           Presence::Required, 1, MostStrings};
     const auto choice = [](const char *name, const Choices &choices) {
         return Parameter{QLatin1String(name), Kind::Choice, Presence::Required, 0, 0, &choices};
     };
-    const auto text = [](const char *name, Presence presence = Presence::Required) {
-        return Parameter{QLatin1String(name), Kind::Text, presence};
+    const auto text = [](const char *name) {
+        return Parameter{QLatin1String(name), Kind::Text};
     };
     static const std::vector<Command> commands = {
         {QStringLiteral("add-track"),
@@ -265,16 +245,6 @@ const std::vector<Command> &trackCommands()
          QStringLiteral("Score::setGuitarFullTuning"),
          setCapo,
          true},
-        {QStringLiteral("add-audio-track"),
-         {text("NAME"), text("FILE", Presence::Optional)},
-         QStringLiteral("Add a recording that plays along."),
-         QStringLiteral("Score::createAudioTrack"),
-         addAudioTrack},
-        {QStringLiteral("remove-audio-track"),
-         {number},
-         QStringLiteral("Remove a recording, counted from 1."),
-         QStringLiteral("Score::removeAudioTrack"),
-         removeAudioTrack},
     };
     return commands;
 }

@@ -123,7 +123,7 @@ inline constexpr EventTable eventTable = {
     EventRow<class RequestPlayBeat>{104, "RequestPlayBeat", notSentYet},
     EventRow<class AddAudioTrack>{105, "AddAudioTrack"},
     EventRow<class RemoveAudioTrack>{106, "RemoveAudioTrack"},
-    EventRow<class AudioTrackChanged>{107, "AudioTrackChanged", notSentYet},
+    EventRow<class AudioTrackChanged>{107, "AudioTrackChanged"},
     EventRow<class BarLayoutRatiosChanged>{108, "BarLayoutRatiosChanged"},
     EventRow<class RequestForcedSoundIndexChange>{112, "RequestForcedSoundIndexChange"},
     EventRow<class RequestSoundChange>{113, "RequestSoundChange"},

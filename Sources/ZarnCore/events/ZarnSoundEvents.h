@@ -36,7 +36,8 @@ class RemoveAudioTrack final : public IndexEvent<RemoveAudioTrack> {
     using IndexEvent::IndexEvent;
 };
 
-/// The audio track at this index changed. Nothing sends it yet.
+/// The audio track at this index has another name, file, start, level or place, or was muted or
+/// switched on.
 class AudioTrackChanged final : public IndexEvent<AudioTrackChanged> {
     using IndexEvent::IndexEvent;
 };

@@ -32,6 +32,17 @@ public:
     bool isMuted() const noexcept { return _muted; }
     void setMuted(bool muted) noexcept { _muted = muted; }
 
+    static constexpr float MostVolume = 100; ///< 40 dB more than the recording has
+    static constexpr std::int64_t MostOffset = std::int64_t(1) << 53;
+
+    /// Whether documents can hold it: a level of 0 to `MostVolume`, a balance of -1 to 1, and an
+    /// offset of no more than `MostOffset` either way.
+    bool isPossible() const noexcept
+    {
+        return _volume >= 0 && _volume <= MostVolume && _pan >= -1 && _pan <= 1
+            && _startOffset >= -MostOffset && _startOffset <= MostOffset;
+    }
+
     friend bool operator==(const AudioTrack &left, const AudioTrack &right)
     {
         return left._name == right._name && left._filePath == right._filePath

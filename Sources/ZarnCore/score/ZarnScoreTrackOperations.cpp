@@ -8,6 +8,7 @@
 #include <ZarnCore/commands/Track/ZarnMoveTrack.h>
 #include <ZarnCore/commands/Track/ZarnRemoveAudioTrack.h>
 #include <ZarnCore/commands/Track/ZarnRemoveTrack.h>
+#include <ZarnCore/commands/Track/ZarnSetAudioTrack.h>
 #include <ZarnCore/commands/Track/ZarnSetAutoAccentuation.h>
 #include <ZarnCore/commands/Track/ZarnSetAutoBrush.h>
 #include <ZarnCore/commands/Track/ZarnSetGuitarFullTuning.h>
@@ -172,6 +173,11 @@ bool ScoreTrackOperations::createAudioTrack(unsigned index, std::shared_ptr<Audi
 bool ScoreTrackOperations::removeAudioTrack(unsigned index)
 {
     return execute<cmd::RemoveAudioTrack>(*this, index);
+}
+
+bool ScoreTrackOperations::setAudioTrack(unsigned index, const AudioTrack &track)
+{
+    return execute<cmd::SetAudioTrack>(*this, index, track);
 }
 
 } // namespace zarn

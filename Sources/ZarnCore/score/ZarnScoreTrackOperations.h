@@ -93,6 +93,9 @@ public:
     bool createAudioTrack(unsigned index, std::shared_ptr<AudioTrack> track);
     bool removeAudioTrack(unsigned index);
 
+    /// Gives a recording another name, file, start, level, place, or mutes it.
+    bool setAudioTrack(unsigned index, const AudioTrack &track);
+
 protected:
     ScoreTrackOperations() = default;
     ~ScoreTrackOperations() = default;

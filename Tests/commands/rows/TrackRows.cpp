@@ -1,7 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "../CommandRows.h"
 
+#include <cmath>
+
 using namespace rich;
+
+namespace {
+
+AudioTrack withVolume(float volume)
+{
+    AudioTrack track("Take");
+    track.setVolume(volume);
+    return track;
+}
+
+} // namespace
 
 std::vector<CommandRow> trackRows()
 {
@@ -37,6 +50,17 @@ std::vector<CommandRow> trackRows()
          "AddAudioTrack(0) ", "RemoveAudioTrack(0) ", true},
         {"RemoveAudioTrack", [](SmallScore &s) { return s.score.removeAudioTrack(1); },
          "RemoveAudioTrack(1) ", "AddAudioTrack(1) "},
+        {"SetAudioTrack",
+         [](SmallScore &s) {
+             AudioTrack track("Take 2");
+             track.setFilePath("take2.flac");
+             track.setStartOffset(-250);
+             track.setVolume(0.5F);
+             track.setPan(-1);
+             track.setMuted(true);
+             return s.score.setAudioTrack(1, track);
+         },
+         "AudioTrackChanged(1) ", nullptr},
     };
 }
 
@@ -59,5 +83,12 @@ void expectTrackCommandsRefused(RichScore &rich)
                          [&] { return score.createAudioTrack(3, std::make_shared<AudioTrack>()); },
                          [&] { return score.createAudioTrack(0, rich.model.audioTracks()[1]); },
                          [&] { return score.removeAudioTrack(2); },
+                         [&] { return score.setAudioTrack(2, AudioTrack("Take")); },
+                         [&] { return score.setAudioTrack(0, withVolume(-1)); },
+                         [&] { return score.setAudioTrack(0, withVolume(std::nanf(""))); },
+                         [&] {
+                             return score.createAudioTrack(
+                                 0, std::make_shared<AudioTrack>(withVolume(101)));
+                         },
                      });
 }

@@ -14,7 +14,7 @@ AudioTrackPlacing::~AudioTrackPlacing() = default;
 bool AudioTrackPlacing::canGoIn(unsigned index, const std::shared_ptr<AudioTrack> &track) const
 {
     const auto &tracks = model().audioTracks();
-    return track != nullptr && index <= tracks.size()
+    return track != nullptr && track->isPossible() && index <= tracks.size()
         && std::find(tracks.begin(), tracks.end(), track) == tracks.end();
 }
 

@@ -12,7 +12,7 @@ public:
     ~CreateAudioTrack() override;
 
     /// In front of the audio track `index`, or at the end. False for an index past the end, for no
-    /// audio track, and for one that the score has already.
+    /// audio track, for one that is not possible, and for one that the score has already.
     bool init(Score *score, unsigned index, std::shared_ptr<AudioTrack> track);
 };
 

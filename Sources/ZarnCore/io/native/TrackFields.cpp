@@ -278,12 +278,12 @@ constexpr std::array trackFields = {
 };
 
 /// Milliseconds, as exact as a JSON number is everywhere.
-using Milliseconds = Within<std::int64_t, -(std::int64_t(1) << 53), std::int64_t(1) << 53>;
+using Milliseconds = Within<std::int64_t, -AudioTrack::MostOffset, AudioTrack::MostOffset>;
 
-/// Linear, 1 unchanged: up to 40 dB more.
+/// Linear, 1 unchanged.
 struct Gains {
     static constexpr double lowest = 0;
-    static constexpr double highest = 100;
+    static constexpr double highest = AudioTrack::MostVolume;
 };
 
 constexpr std::array audioTrackFields = {
