@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "HeapCalls.h"
 
+#include <cerrno>
 #include <cstdlib>
 #include <ctime>
 #include <dlfcn.h>
@@ -66,6 +67,7 @@ extern "C" {
 void *__libc_malloc(std::size_t size);
 void *__libc_calloc(std::size_t count, std::size_t size);
 void *__libc_realloc(void *memory, std::size_t size);
+void *__libc_memalign(std::size_t alignment, std::size_t size);
 void __libc_free(void *memory);
 
 void *malloc(std::size_t size)
@@ -84,6 +86,23 @@ void *realloc(void *memory, std::size_t size)
 {
     ++calls;
     return __libc_realloc(memory, size);
+}
+
+void *aligned_alloc(std::size_t alignment, std::size_t size)
+{
+    ++calls;
+    return __libc_memalign(alignment, size);
+}
+
+void *memalign(std::size_t alignment, std::size_t size)
+{
+    return aligned_alloc(alignment, size);
+}
+
+int posix_memalign(void **memory, std::size_t alignment, std::size_t size)
+{
+    *memory = aligned_alloc(alignment, size);
+    return *memory == nullptr ? ENOMEM : 0;
 }
 
 void free(void *memory)
