@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/io/musicxml/MusicXmlTag.h>
 
+#include <QtEndian>
+
 #include <array>
 #include <string_view>
 
@@ -219,57 +221,81 @@ constexpr std::string_view names[] = {"",
                                       "work-title"};
 static_assert(std::size(names) == tagCount);
 
-constexpr std::size_t slotCount = 1024; // of ten bits
+/// A name in words of eight letters, filled up with zeros: compared without a loop.
+struct Packed {
+    std::uint64_t words[longestTagName / 8] = {};
 
-/// The names are found by a number that is made of their length and four of their letters, which
-/// takes no loop; the table is spacious, so that most names have a slot of their own.
-constexpr std::uint32_t hashOf(std::string_view name) noexcept
-{
-    const std::size_t length = name.size();
-    if (length == 0)
-        return 0;
-    auto hash = static_cast<std::uint32_t>(length);
-    for (const std::size_t at : {std::size_t(0), length / 3, length / 2, length - 1})
-        hash = hash << 6 ^ static_cast<unsigned char>(name[at]);
-    return hash * 0x9E3779B1u;
-}
-
-constexpr std::size_t slotOf(std::uint32_t hash) noexcept
-{
-    return hash >> 22;
-}
-
-struct Slot {
-    std::uint32_t hash = 0;
-    Tag tag = Tag::Unknown;
+    friend constexpr bool operator==(const Packed &left, const Packed &right) noexcept
+    {
+        return left.words[0] == right.words[0] && left.words[1] == right.words[1]
+            && left.words[2] == right.words[2];
+    }
 };
 
-constexpr std::array<Slot, slotCount> makeTable() noexcept
+constexpr Packed pack(std::string_view name)
 {
-    std::array<Slot, slotCount> table = {};
+    Packed packed;
+    for (std::size_t i = 0; i < name.size(); ++i)
+        packed.words[i / 8] |= std::uint64_t(static_cast<unsigned char>(name[i])) << (i % 8 * 8);
+    return packed;
+}
+
+constexpr auto makePackedNames()
+{
+    std::array<Packed, tagCount> packed = {};
+    for (std::size_t tag = 0; tag < tagCount; ++tag)
+        packed[tag] = pack(names[tag]); // no constant expression for a name that is too long
+    return packed;
+}
+
+constexpr auto packedNames = makePackedNames();
+
+constexpr unsigned slotBits = 11; // spacious, so that most names have a slot of their own
+constexpr std::size_t slotCount = std::size_t(1) << slotBits;
+
+constexpr std::size_t slotOf(const Packed &name) noexcept
+{
+    return ((name.words[0] ^ name.words[1] << 1 ^ name.words[2] << 2) * 0x9E3779B97F4A7C15u)
+        >> (64 - slotBits);
+}
+
+constexpr auto makeTable()
+{
+    std::array<Tag, slotCount> table = {};
     for (std::size_t tag = 1; tag < tagCount; ++tag) {
-        const auto hash = hashOf(names[tag]);
-        auto slot = slotOf(hash);
-        while (table[slot].tag != Tag::Unknown)
+        auto slot = slotOf(packedNames[tag]);
+        while (table[slot] != Tag::Unknown)
             slot = (slot + 1) % slotCount;
-        table[slot] = {hash, static_cast<Tag>(tag)};
+        table[slot] = static_cast<Tag>(tag);
     }
     return table;
 }
 
 constexpr auto table = makeTable();
 
+/// Reads eight letters up to the end of the name; false when it does not end among them.
+bool readWord(const char *letters, std::uint64_t &word) noexcept
+{
+    constexpr std::uint64_t lows = 0x0101010101010101u;
+    word = qFromLittleEndian<quint64>(letters);
+    // The lowest bit that stays marks the first zero: those above it do not matter.
+    const std::uint64_t zeros = (word - lows) & ~word & (lows << 7);
+    word &= zeros ^ (zeros - 1);
+    return zeros != 0;
+}
+
 } // namespace
 
 Tag tagOf(const char *name) noexcept
 {
-    const std::string_view text(name);
-    const auto hash = hashOf(text);
-    for (auto slot = slotOf(hash); table[slot].tag != Tag::Unknown; slot = (slot + 1) % slotCount) {
-        const auto &[known, tag] = table[slot];
-        if (known == hash && names[static_cast<std::size_t>(tag)] == text)
-            return tag;
-    }
+    Packed packed;
+    if (name[0] == '\0'
+        || !(readWord(name, packed.words[0]) || readWord(name + 8, packed.words[1])
+             || readWord(name + 16, packed.words[2])))
+        return Tag::Unknown;
+    for (auto slot = slotOf(packed); table[slot] != Tag::Unknown; slot = (slot + 1) % slotCount)
+        if (packedNames[static_cast<std::size_t>(table[slot])] == packed)
+            return table[slot];
     return Tag::Unknown;
 }
 

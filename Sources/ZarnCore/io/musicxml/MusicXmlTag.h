@@ -220,7 +220,12 @@ enum class Tag : std::uint8_t {
 
 constexpr std::size_t tagCount = std::size_t(Tag::WorkTitle) + 1;
 
-/// The tag of an element name, in constant time; `Unknown` for any other name.
+/// No name of a tag is longer, with the zero at its end.
+constexpr std::size_t longestTagName = 24;
+
+/// The tag of an element name, in constant time; `Unknown` for any other name. The name is one of
+/// an `XmlDocument`, or else an array of at least `longestTagName` letters or an empty text:
+/// letters behind its end are read, too.
 Tag tagOf(const char *name) noexcept;
 
 /// The element name of a tag; empty for `Unknown`.

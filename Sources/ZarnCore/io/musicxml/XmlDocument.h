@@ -37,6 +37,7 @@ public:
     [[noreturn]] void refuse(pugi::xml_node node, const std::string &reason) const;
 
 private:
+    pugi::xml_parse_result parse();
     std::size_t lineAt(std::ptrdiff_t offset) const;
 
     std::string _name;

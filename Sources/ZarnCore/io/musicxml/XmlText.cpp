@@ -7,7 +7,9 @@
 #include <QTextCodec>
 
 #include <algorithm>
+#include <cstdint>
 #include <string_view>
+#include <utility>
 
 namespace zarn::io {
 
@@ -105,33 +107,45 @@ std::size_t sequenceLength(std::string_view text, std::size_t at)
     return outside || !continues(at + 3) ? 0 : 4;
 }
 
-constexpr std::size_t blockSize = 64;
+constexpr std::size_t blockSize = 240; ///< a byte counts to 255
 
-/// Whether all bytes of a block are ASCII and none is zero. Without a way out, the loop is done on
-/// many bytes at once.
-bool isPlainBlock(const char *block) noexcept
+struct BlockContent {
+    bool isPlain;      ///< all bytes are ASCII and none is zero
+    std::uint8_t tags; ///< that begin or end in it
+};
+
+/// Without a way out, the loop is done on many bytes at once.
+BlockContent contentOf(const char *block) noexcept
 {
     unsigned char odd = 0;
-    for (std::size_t i = 0; i < blockSize; ++i)
+    std::uint8_t tags = 0;
+    for (std::size_t i = 0; i < blockSize; ++i) {
         odd |= static_cast<unsigned char>(static_cast<signed char>(block[i]) <= 0);
-    return odd == 0;
+        tags = static_cast<std::uint8_t>(tags + (block[i] == '<' ? 1 : 0));
+    }
+    return {odd == 0, tags};
 }
 
-/// Position of the first byte that is not well-formed UTF-8, or is zero; or `npos`.
-std::size_t firstInvalidByte(std::string_view text)
+/// Position of the first byte that is not well-formed UTF-8, or is zero; or `npos`. Counts the tags
+/// up to there.
+std::size_t firstInvalidByte(std::string_view text, std::size_t &tags)
 {
     std::size_t at = 0;
+    tags = 0;
     while (at < text.size()) {
-        if (at + blockSize <= text.size() && isPlainBlock(text.data() + at)) {
-            at += blockSize;
-            continue;
-        }
+        if (at + blockSize <= text.size())
+            if (const auto content = contentOf(text.data() + at); content.isPlain) {
+                at += blockSize;
+                tags += content.tags;
+                continue;
+            }
         for (const auto end = std::min(at + blockSize, text.size()); at < end;) {
             const auto byte = static_cast<unsigned char>(text[at]);
             const bool isPlain = byte != 0 && byte < 0x80;
             const std::size_t length = isPlain ? 1 : sequenceLength(text, at);
             if (length == 0)
                 return at;
+            tags += byte == '<';
             at += length;
         }
     }
@@ -162,7 +176,7 @@ std::string converted(const std::string &document, std::string_view bytes,
 
 } // namespace
 
-std::string decodeXml(const std::string &document, std::string bytes, ImportReport &report)
+XmlText decodeXml(const std::string &document, std::string bytes, ImportReport &report)
 {
     const auto signature = signatureOf(bytes);
     std::string encoding(signature.encoding);
@@ -186,9 +200,10 @@ std::string decodeXml(const std::string &document, std::string bytes, ImportRepo
         || declared == "ASCII" || contradicted;
     if (!wide && encoding.empty() && !plain)
         bytes = converted(document, bytes, declared);
-    const auto bad = firstInvalidByte(bytes);
+    std::size_t tags = 0;
+    const auto bad = firstInvalidByte(bytes, tags);
     if (bad == bytes.npos)
-        return bytes;
+        return {std::move(bytes), tags};
     ZARN_REFUSE_IN("zarn::io::decodeXml", document, place(bytes, bad),
                    bytes[bad] == '\0' ? std::string("a zero byte stands in the text")
                                       : "the text is not UTF-8 (byte " + hexByte(bytes[bad])
