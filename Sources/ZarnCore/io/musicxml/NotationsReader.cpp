@@ -85,9 +85,7 @@ void NotationsReader::readArticulations(pugi::xml_node articulations, WrittenNot
 {
     for (auto child = articulations.first_child(); child; child = child.next_sibling()) {
         const auto tag = tagOf(child.name());
-        if (readArticulation(tag, note))
-            note.mayExclude = true;
-        else
+        if (!readArticulation(tag, note))
             _context.addUnheld(child, tag);
     }
 }

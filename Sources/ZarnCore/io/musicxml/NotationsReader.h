@@ -41,6 +41,9 @@ public:
     {
         _ornaments.finish(note, type, fifths);
         _technical.finish(note);
+        const bool isSoftened = note.ghost || note.marks.antiAccent() != AntiAccent::None;
+        if (isSoftened && !note.marks.accents().isEmpty())
+            note.mayExclude = true;
     }
 
     /// Reads a <tie> or <tied>.

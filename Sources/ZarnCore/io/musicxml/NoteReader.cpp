@@ -57,7 +57,7 @@ void NoteReader::startPart(const PartFacts &facts, PartTally &tally, SourceTally
     _tuplets = {};
 }
 
-WrittenNote NoteReader::read(pugi::xml_node node)
+void NoteReader::read(pugi::xml_node node, WrittenNote &note)
 {
     _duration.reset();
     _rhythm = {};
@@ -65,11 +65,13 @@ WrittenNote NoteReader::read(pugi::xml_node node)
     _hasModification = false;
     _notations.startNote();
 
-    WrittenNote note;
     note.node = node;
     const char *voice = "1";
-    if (const auto dynamics = node.attribute("dynamics"))
-        readVelocity(dynamics.value(), note);
+    if (node.first_attribute()) { // which few notes have
+        if (const auto dynamics = node.attribute("dynamics"))
+            readVelocity(dynamics.value(), note);
+        note.hidden = isNo(node.attribute("print-object").value());
+    }
     for (auto child = node.first_child(); child; child = child.next_sibling()) {
         switch (const auto tag = tagOf(child.name()); tag) {
         case Tag::Grace:
@@ -157,7 +159,6 @@ WrittenNote NoteReader::read(pugi::xml_node node)
     _notations.finish(note, _rhythm.type, _facts->keys.empty() ? 0 : _facts->keys.back().fifths);
     note.hasSigns = !_notations.signs().empty();
     _chordMarks = note.beatMarks;
-    note.hidden = isNo(node.attribute("print-object").value());
     note.voice = voiceNumber(voice);
     for (const auto &mark : _notations.tupletMarks())
         if (mark.starts)
@@ -168,7 +169,6 @@ WrittenNote NoteReader::read(pugi::xml_node node)
         if (!mark.starts)
             _tuplets.stop(note.voice, mark.number);
     count(note);
-    return note;
 }
 
 void NoteReader::readPitch(pugi::xml_node pitch, WrittenNote &note)

@@ -26,8 +26,8 @@ public:
 
     void startMeasure() noexcept { _chordMarks = {}; }
 
-    /// The note, with everything but onset, length and rhythm.
-    WrittenNote read(pugi::xml_node node);
+    /// Reads into a new note everything but onset, length and rhythm.
+    void read(pugi::xml_node node, WrittenNote &note);
 
     /// Of the note read last: its written length in divisions, when there is one, and its type,
     /// dots and tuplets.

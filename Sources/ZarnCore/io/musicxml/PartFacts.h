@@ -137,6 +137,12 @@ struct WrittenBar {
     pugi::xml_node node;
 };
 
+/// Kinds of signs that join notes, and may lack an end.
+struct JoiningSigns {
+    bool links = false; ///< from beat to beat: slurs, slides, hairpins ...
+    bool spans = false; ///< along lines: numbered slurs, syllables, pedals, words
+};
+
 struct PartFacts {
     std::vector<WrittenKey> keys;
     std::vector<WrittenTime> times;
@@ -157,6 +163,7 @@ struct PartFacts {
     std::vector<WrittenBar> bars;
     std::vector<WrittenStaff> staves;
     std::vector<WrittenTransposition> transpositions;
+    JoiningSigns joining;
     int chromatic = 0; ///< transposition of the track to what sounds, in semitones
 };
 

@@ -49,7 +49,7 @@ void PartReader::readMeasure(pugi::xml_node frame, pugi::xml_node content, Writt
     _ties.startMeasure(_timeline.exactReach());
     _timeline.startMeasure();
     _notes.startMeasure();
-    _hasChordNote = false;
+    _chord.reset();
     for (auto child = content.first_child(); child; child = child.next_sibling()) {
         switch (const auto tag = tagOf(child.name()); tag) {
         case Tag::Note:
@@ -113,8 +113,8 @@ void PartReader::finishPart()
 
 void PartReader::readNote(pugi::xml_node node, WrittenMeasure &measure)
 {
-    measure.notes.push_back(_notes.read(node));
-    auto &note = measure.notes.back();
+    auto &note = measure.notes.emplace_back();
+    _notes.read(node, note);
     const auto staves = _facts->staves.size();
     if (static_cast<std::size_t>(note.staff) >= staves) {
         constexpr int mostStaves = 64;
@@ -126,7 +126,7 @@ void PartReader::readNote(pugi::xml_node node, WrittenMeasure &measure)
         note.staff = std::min(note.staff, mostStaves - 1);
         _facts->staves.resize(std::max(staves, static_cast<std::size_t>(note.staff) + 1));
     }
-    if (note.chord && _hasChordNote)
+    if (note.chord && _chord)
         joinChord(note);
     else
         placeNote(note);
@@ -166,11 +166,11 @@ void PartReader::readPrint(pugi::xml_node print)
 
 void PartReader::joinChord(WrittenNote &note)
 {
-    note.onset = _chordNote.onset;
-    note.tolerance = _chordNote.tolerance;
-    note.length = _chordNote.length;
-    note.rhythm = _chordNote.rhythm;
-    note.grace = _chordNote.grace;
+    note.onset = _chord->onset;
+    note.tolerance = _chord->tolerance;
+    note.length = _chord->length;
+    note.rhythm = _chord->rhythm;
+    note.grace = _chord->grace;
     const auto &rhythm = _notes.rhythm();
     const bool otherRhythm = rhythm.type != WrittenRhythm::NoType && !(rhythm == _chordRhythm);
     const bool otherDuration = _notes.duration() && _notes.duration() != _chordDuration;
@@ -212,10 +212,9 @@ void PartReader::placeNote(WrittenNote &note)
             _timeline.advance(note.length, note.length);
         }
     }
-    _chordNote = note;
+    _chord = {note.onset, note.tolerance, note.length, note.rhythm, note.grace};
     _chordRhythm = rhythm;
     _chordDuration = _notes.duration();
-    _hasChordNote = true;
 }
 
 void PartReader::fitLength(WrittenNote &note, const rational &length)

@@ -54,9 +54,15 @@ private:
     DirectionReader _directions;
     BarlineReader _barlines;
 
-    /// The note that further notes of a chord join.
-    WrittenNote _chordNote;
-    bool _hasChordNote = false;
+    /// What further notes of a chord take over from its first one.
+    struct ChordPlace {
+        utils::rational onset;
+        utils::rational tolerance;
+        utils::rational length;
+        RhythmValue rhythm;
+        bool grace;
+    };
+    std::optional<ChordPlace> _chord; ///< in the measure, when a note has been read
     WrittenRhythm _chordRhythm;
     std::optional<utils::rational> _chordDuration; ///< as written, in divisions
     bool _hasStrayStaff = false; ///< a note stood on a staff past the last that can be

@@ -38,14 +38,7 @@ std::vector<PartSource> partwiseSources(pugi::xml_node root, const PartList &lis
             context.addProblem(part,
                                "there is music for part \"" + id
                                    + "\" before; this became a track of its own");
-        sources.push_back({listedPart(part, sources.size(), list, context), {}});
-        auto &measures = sources.back().measures;
-        for (const auto child : part.children()) {
-            if (tagOf(child.name()) == Tag::Measure)
-                measures.push_back({child, child});
-            else
-                context.addUnheld(child);
-        }
+        sources.push_back({listedPart(part, sources.size(), list, context), part, {}});
     }
     return sources;
 }
@@ -66,7 +59,7 @@ std::vector<PartSource> timewiseSources(pugi::xml_node root, const PartList &lis
             const auto [found, isNew] =
                 numbers.insert({part.attribute("id").value(), sources.size()});
             if (isNew)
-                sources.push_back({listedPart(part, sources.size(), list, context), {}});
+                sources.push_back({listedPart(part, sources.size(), list, context), {}, {}});
             auto &measures = sources[found->second].measures;
             if (measures.size() > bar) {
                 context.addProblem(part,

@@ -30,15 +30,17 @@ namespace zarn::io {
 namespace {
 
 /// Takes away what leads to nothing, and says so.
-void mendLinks(const Track &track, ImportContext &context)
+void mendLinks(const Track &track, const JoiningSigns &kinds, ImportContext &context)
 {
-    for (const auto &staff : track.staves())
-        for (const BrokenLink &link : takeBrokenLinksOff(*staff))
-            context.addProblemInBar(static_cast<int>(link.bar), {},
-                                    textOf(link.kind) + std::string(" was left out"));
-    for (const BrokenSpan &span : mendBrokenSpans(track))
-        context.addProblemInBar(static_cast<int>(span.place.bar), {},
-                                span.text + std::string(" was mended"));
+    if (kinds.links)
+        for (const auto &staff : track.staves())
+            for (const BrokenLink &link : takeBrokenLinksOff(*staff))
+                context.addProblemInBar(static_cast<int>(link.bar), {},
+                                        textOf(link.kind) + std::string(" was left out"));
+    if (kinds.spans)
+        for (const BrokenSpan &span : mendBrokenSpans(track))
+            context.addProblemInBar(static_cast<int>(span.place.bar), {},
+                                    span.text + std::string(" was mended"));
 }
 
 /// Reads one document: the parts one after another, then what they share.
@@ -82,14 +84,6 @@ std::shared_ptr<ScoreModel> ScoreReader::read(ImportReport &report)
 {
     readScoreHeader(_document.root(), *_model, _context);
     const auto sources = partSources(_document.root(), _list, _context);
-    for (const auto &source : sources)
-        _barCount = std::max(_barCount, source.measures.size());
-
-    if (_barCount > MasterTrack::MaxBars)
-        _context.refuse(_document.root(),
-                        "there are " + std::to_string(_barCount) + " measures, and at most "
-                            + std::to_string(MasterTrack::MaxBars) + " can be read");
-
     _tally.parts.resize(sources.size());
     _facts.resize(sources.size());
     _bars.resize(sources.size());
@@ -117,7 +111,7 @@ std::shared_ptr<ScoreModel> ScoreReader::read(ImportReport &report)
         _model->addTrack(makeTrack(type, listed, _facts[part], _tally.parts[part],
                                    std::move(_bars[part]), _context));
         parts.push_back(listed.id);
-        mendLinks(*_model->tracks().back(), _context);
+        mendLinks(*_model->tracks().back(), _facts[part].joining, _context);
     }
     _model->setTrackGroups(_list.groups(parts));
     _context.finish();
@@ -139,9 +133,14 @@ void ScoreReader::readPart(std::size_t part, const PartSource &source)
     _reader.startPart(facts, tally);
     bars.emplace_back();
     bars.front().reserve(_barCount);
-    for (std::size_t bar = 0; bar < source.measures.size(); ++bar) {
+    std::size_t bar = 0;
+    const auto read = [&](const MeasureSource &measure) {
+        if (bar == MasterTrack::MaxBars)
+            _context.refuse(_document.root(),
+                            "there are " + std::to_string(source.measureCount())
+                                + " measures, and at most " + std::to_string(MasterTrack::MaxBars)
+                                + " can be read");
         _context.setPlace(static_cast<int>(part), static_cast<int>(bar));
-        const auto &measure = source.measures[bar];
         try {
             readMeasure(part, bar, measure.frame, measure.content);
         } catch (const ImportException &) {
@@ -149,11 +148,15 @@ void ScoreReader::readPart(std::size_t part, const PartSource &source)
         } catch (const CoreException &error) { // such as a fraction that nothing can hold
             _context.refuse(measure.content, error.message());
         }
-    }
+        ++bar;
+    };
+    source.visitMeasures(read, [&](pugi::xml_node other) { _context.addUnheld(other); });
+    _barCount = std::max(_barCount, bar);
     _context.setPlace(static_cast<int>(part), -1);
     _reader.finishPart();
     _notes.finishPart();
     _signs.finishPart(bars);
+    facts.joining = _signs.kinds();
     TwinStaves(_context, facts, bars, tally).merge();
     const auto &rests = _builder.wholeMeasureRests();
     _rests.insert(_rests.end(), rests.begin(), rests.end());
@@ -168,7 +171,7 @@ void ScoreReader::readMeasure(std::size_t part, std::size_t bar, pugi::xml_node 
         // A staff that turns up late was empty before.
         _context.addEmptyNodes(content, bar);
         bars.emplace_back();
-        bars.back().reserve(_barCount);
+        bars.back().reserve(std::max(_barCount, bar + 1));
         for (std::size_t i = 0; i < bar; ++i)
             bars.back().push_back(std::make_shared<Bar>());
     }

@@ -82,6 +82,9 @@ bool readArticulation(Tag tag, WrittenNote &note)
         note.marks.setSlideOut(row->slideOut);
     if (row->breath != BreathSign::None)
         note.beatMarks.setBreath(row->breath);
+    // Whether an accent is beside its opposite is known when all of the note has been read.
+    if (row->accents.isEmpty() && row->antiAccent == AntiAccent::None)
+        note.mayExclude = true;
     return true;
 }
 

@@ -19,9 +19,11 @@ void PartSigns::add(const WrittenSign &sign, const NotePlace &place)
 {
     switch (sign.tag) {
     case Tag::Slur:
+        _kinds = {true, true};
         _slurs.add(sign.node, place);
         return;
     case Tag::Lyric:
+        _kinds.spans = true;
         _lyrics.add(sign.node, place);
         return;
     case Tag::Fingering:
@@ -31,6 +33,7 @@ void PartSigns::add(const WrittenSign &sign, const NotePlace &place)
         readBends(sign.node, place, _context);
         return;
     default:
+        _kinds.links = true;
         if (!_noteLinks.add(sign.tag, sign.node, place)
             && !_beatLinks.add(sign.tag, sign.node, place))
             _context.addUnheld(sign.node, sign.tag);
@@ -40,6 +43,8 @@ void PartSigns::add(const WrittenSign &sign, const NotePlace &place)
 void PartSigns::addSpans(const WrittenMeasure &measure, const std::vector<NotePlace> &notes,
                          std::size_t staffCount)
 {
+    if (!measure.spans.empty())
+        _kinds = {true, true};
     for (const auto &sign : measure.spans) {
         NotePlace place;
         place.bar = _context.bar();

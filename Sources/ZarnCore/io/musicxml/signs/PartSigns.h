@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ZarnCore/io/musicxml/PartFacts.h>
 #include <ZarnCore/io/musicxml/WrittenMusic.h>
 #include <ZarnCore/io/musicxml/signs/BeatLinks.h>
 #include <ZarnCore/io/musicxml/signs/Fingers.h>
@@ -21,7 +22,11 @@ class PartSigns {
 public:
     explicit PartSigns(ImportContext &context);
 
-    void startPart() { _lyrics.startPart(); }
+    void startPart()
+    {
+        _lyrics.startPart();
+        _kinds = {};
+    }
 
     /// A sign at a note that has found its beat.
     void add(const WrittenSign &sign, const NotePlace &place);
@@ -34,6 +39,9 @@ public:
     /// When all bars of the part are there.
     void finishPart(const StaffBars &staves);
 
+    /// What the part has of signs that may lack an end.
+    const JoiningSigns &kinds() const noexcept { return _kinds; }
+
 private:
     ImportContext &_context;
     Lyrics _lyrics;
@@ -44,6 +52,7 @@ private:
     Hairpins _hairpins;
     Pedals _pedals;
     TextSpans _textSpans;
+    JoiningSigns _kinds;
 };
 
 } // namespace zarn::io

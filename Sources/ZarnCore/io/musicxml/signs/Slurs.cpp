@@ -76,7 +76,10 @@ void Slurs::leaveLegatoOut(std::vector<Span> &spans, const StaffBars &staves)
     const auto isOwn = [&](const Span &span) {
         const auto &begin = span.begin.place;
         const auto &end = span.end.place;
-        if (!begin.isInLineOf(end))
+        const auto &first = begin.beat->notes();
+        if (!begin.isInLineOf(end)
+            || std::none_of(first.begin(), first.end(),
+                            [](const auto &note) { return note->isHopo(); }))
             return false;
         const VoiceSlotLine line(staves[static_cast<std::size_t>(begin.staff)], begin.slot);
         bool isLegato = true;
