@@ -7,8 +7,8 @@
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/places/ZarnScoreModelIndex.h>
 
-#include <cstdint>
 #include <memory>
+#include <type_traits>
 
 namespace zarn {
 
@@ -16,10 +16,15 @@ namespace zarn {
 template <class Children, class Number>
 const typename Children::value_type *childAt(const Children &children, Number number) noexcept
 {
-    return static_cast<std::int64_t>(number) >= 0
-            && static_cast<std::uint64_t>(number) < children.size()
-        ? &children[static_cast<std::size_t>(number)]
-        : nullptr;
+    // A negative number is larger than any other. What is found is told not to be null, so that
+    // the next step need not ask again.
+    const auto place = static_cast<std::make_unsigned_t<Number>>(number);
+    if (place >= children.size())
+        return nullptr;
+    const auto *const child = &children[place];
+    if (!child)
+        __builtin_unreachable();
+    return child;
 }
 
 [[gnu::always_inline]] inline const std::shared_ptr<Track> *

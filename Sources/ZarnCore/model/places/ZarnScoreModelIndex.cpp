@@ -22,7 +22,8 @@ Node *plain(const std::shared_ptr<Node> *node) noexcept
     return node ? node->get() : nullptr;
 }
 
-const std::shared_ptr<Note> *noteAt(const ScoreModelIndex &index) noexcept
+[[gnu::always_inline]] inline const std::shared_ptr<Note> *
+noteAt(const ScoreModelIndex &index) noexcept
 {
     const auto *beat = findBeat(index);
     return beat ? NoteLocator(index).find(**beat) : nullptr;
