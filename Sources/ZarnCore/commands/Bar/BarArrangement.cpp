@@ -8,7 +8,10 @@
 #include <ZarnCore/model/places/BarSelection.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <memory>
+#include <utility>
 
 namespace zarn {
 
@@ -63,6 +66,76 @@ bool leadsOverStrings(const Beat &beat)
                        [](const auto &note) { return isLinkedToNext(*note); });
 }
 
+/// A voice on its way into other bars.
+class PouredLine {
+public:
+    PouredLine(BeatPour::Lengths lengths, const rational &further)
+        : _poured(std::move(lengths), further)
+    {
+    }
+
+    /// The next bar, which is as long as its column. What a simile mark stands for is in its own
+    /// bar as well: it comes as copies.
+    void addBar(const Voice *voice, const rational &column, bool isCopied)
+    {
+        if (voice == nullptr || voice->isEmpty()) {
+            _gap += column;
+            return;
+        }
+        _poured.addGap(_gap, BeatPour::Filler::PlaceHolders);
+        _hasBeats = true;
+        if (isCopied)
+            _poured.part();
+        rational used;
+        for (const auto &beat : voice->beats()) {
+            const rational length = beat->isWholeBarRest() ? column : beat->length();
+            add(isCopied ? beat->clone() : beat, length);
+            used += length;
+        }
+        if (isCopied)
+            _poured.part();
+        _gap = used < column ? column - used : rational();
+    }
+
+    /// A voice may end before its last bar does: what follows it is farther away or nearer then.
+    void end()
+    {
+        _poured.part();
+        _poured.end();
+        if (_isWaiting)
+            setLeading(_poured.bar());
+    }
+
+    bool hasBeats() const noexcept { return _hasBeats; }
+    BeatPour &poured() noexcept { return _poured; }
+    std::vector<bool> &leading() noexcept { return _leading; }
+
+private:
+    void add(const std::shared_ptr<Beat> &beat, const rational &length)
+    {
+        const unsigned first = _poured.bar();
+        _poured.add(beat, length);
+        const bool isLeading = _isWaiting || leadsOverStrings(*beat);
+        if (isLeading)
+            setLeading(first);
+        _isWaiting = isLeading && (beat->isGrace() || length.sign() == 0);
+    }
+
+    void setLeading(unsigned first)
+    {
+        _leading.resize(std::max<std::size_t>(_leading.size(), _poured.bar() + 1));
+        std::fill(_leading.begin() + first, _leading.begin() + _poured.bar() + 1, true);
+    }
+
+    BeatPour _poured;
+    rational _gap;
+    bool _hasBeats = false;
+    std::vector<bool> _leading; ///< per new bar, whether a link over the strings may start there
+
+    // Beats without length wait for the next one, and a beat may be cut into several bars.
+    bool _isWaiting = false;
+};
+
 double toDouble(const rational &value)
 {
     return static_cast<double>(value.numerator()) / static_cast<double>(value.denominator());
@@ -99,11 +172,7 @@ BarArrangement::BarArrangement(const ScoreModel &model, unsigned first, unsigned
     for (unsigned bar = first; bar <= last; ++bar)
         _lengths.push_back(masterBars[bar]->length());
     _further = masterBars[last]->timeSignature().barLength();
-    measureColumns();
-    for (const auto &track : model.tracks())
-        for (const auto &staff : track->staves())
-            for (unsigned voice = 0; voice < Bar::MaxVoices; ++voice)
-                pour(track->index(), *staff, voice);
+    pour();
     const unsigned present = last - first + 1;
     for (PouredVoice &voice : _voices) {
         const unsigned needed = writtenBarCount(voice.poured.bars());
@@ -111,85 +180,68 @@ BarArrangement::BarArrangement(const ScoreModel &model, unsigned first, unsigned
     }
 }
 
-/// The longest voice says how long the music of a bar is. Where nothing but rests of whole bars
-/// stands, it is a bar like its neighbours: their meter may have been another one.
-void BarArrangement::measureColumns()
+/// What the longest voice of a column holds; nothing where it is rests of whole bars alone.
+std::optional<BarArrangement::Length> BarArrangement::musicIn(unsigned bar) const
 {
-    std::vector<std::optional<Length>> found(_last - _first + 1);
+    std::optional<Length> longest;
     for (const auto &track : _model.tracks())
         for (const auto &staff : track->staves())
-            for (unsigned bar = _first; bar <= _last; ++bar)
-                for (unsigned slot = 0; slot < Bar::MaxVoices; ++slot) {
-                    const Voice *const voice = soundingVoice(*staff, bar, slot);
-                    const auto length = voice != nullptr ? ownLengthOf(*voice) : std::nullopt;
-                    auto &longest = found[bar - _first];
-                    if (length && length->sign() > 0 && (!longest || *longest < *length))
-                        longest = length;
-                }
-    const auto &masterBars = _model.masterTrack()->masterBars();
-    const auto isUsual = [&](unsigned i) { return !masterBars[_first + i]->ownLength(); };
-    std::optional<Length> usual;
-    for (unsigned i = 0; i < found.size() && !usual; ++i)
-        if (isUsual(i))
-            usual = found[i];
-    for (unsigned i = 0; i < found.size(); ++i) {
-        if (isUsual(i) && found[i])
-            usual = found[i];
-        const Length like = isUsual(i) && usual ? *usual : _lengths[i];
-        _columns.push_back(found[i].value_or(like));
-    }
+            for (unsigned slot = 0; slot < Bar::MaxVoices; ++slot) {
+                const Voice *const voice = soundingVoice(*staff, bar, slot);
+                const auto length = voice != nullptr ? ownLengthOf(*voice) : std::nullopt;
+                if (length && length->sign() > 0 && (!longest || *longest < *length))
+                    longest = length;
+            }
+    return longest;
 }
 
-void BarArrangement::pour(unsigned track, const Staff &staff, unsigned slot)
+/// A bar without music of its own is like its neighbours, whose meter may have been another one: as
+/// long as the last bar in front of it or, at the start, the first one behind.
+void BarArrangement::measureColumn(unsigned bar, UsualLength &usual)
 {
-    BeatPour poured(_lengths, _further);
-    Length gap;
-    bool hasBeats = false;
-    std::vector<bool> leading;
-    const auto setLeading = [&](unsigned first) {
-        leading.resize(std::max<std::size_t>(leading.size(), poured.bar() + 1));
-        std::fill(leading.begin() + first, leading.begin() + poured.bar() + 1, true);
-    };
-    // Beats without length wait for the next one, and a beat may be cut into several bars.
-    bool isWaiting = false;
-    const auto add = [&](const std::shared_ptr<Beat> &beat, const Length &length) {
-        const unsigned first = poured.bar();
-        poured.add(beat, length);
-        const bool isLeading = isWaiting || leadsOverStrings(*beat);
-        if (isLeading)
-            setLeading(first);
-        isWaiting = isLeading && (beat->isGrace() || length.sign() == 0);
-    };
-    for (unsigned bar = _first; bar <= _last; ++bar) {
-        const Length column = _columns[bar - _first];
-        const Voice *const voice = soundingVoice(staff, bar, slot);
-        if (voice == nullptr || voice->isEmpty()) {
-            gap += column;
-            continue;
-        }
-        poured.addGap(gap, BeatPour::Filler::PlaceHolders);
-        hasBeats = true;
-        // What a simile mark stands for is in its own bar as well.
-        const bool isCopied = staff.bars()[bar]->isSimile();
-        if (isCopied)
-            poured.part();
-        Length used;
-        for (const auto &beat : voice->beats()) {
-            const Length length = beat->isWholeBarRest() ? column : beat->length();
-            add(isCopied ? beat->clone() : beat, length);
-            used += length;
-        }
-        if (isCopied)
-            poured.part();
-        gap = used < column ? column - used : Length();
+    const auto &masterBars = _model.masterTrack()->masterBars();
+    const auto found = musicIn(bar);
+    const bool isUsual = !masterBars[bar]->ownLength();
+    if (isUsual && found)
+        usual.length = found;
+    if (isUsual && !usual.length && !usual.isSought) {
+        for (unsigned next = bar + 1; next <= _last && !usual.length; ++next)
+            if (!masterBars[next]->ownLength())
+                usual.length = musicIn(next);
+        usual.isSought = true;
     }
-    // A voice may end before its last bar does: what follows it is farther away or nearer then.
-    poured.part();
-    poured.end();
-    if (isWaiting)
-        setLeading(poured.bar());
-    if (hasBeats)
-        _voices.push_back({track, staff.index(), slot, std::move(poured), std::move(leading)});
+    const Length like = isUsual && usual.length ? *usual.length : _lengths[bar - _first];
+    _columns.push_back(found.value_or(like));
+}
+
+/// All voices together, bar by bar: what has been measured is still at hand when it is poured.
+void BarArrangement::pour()
+{
+    struct Line {
+        unsigned track;
+        const Staff &staff;
+        unsigned slot;
+        PouredLine line;
+    };
+    std::vector<Line> lines;
+    const auto lengths = std::make_shared<const std::vector<Length>>(_lengths);
+    for (const auto &track : _model.tracks())
+        for (const auto &staff : track->staves())
+            for (unsigned slot = 0; slot < Bar::MaxVoices; ++slot)
+                lines.push_back({track->index(), *staff, slot, PouredLine(lengths, _further)});
+    UsualLength usual;
+    for (unsigned bar = _first; bar <= _last; ++bar) {
+        measureColumn(bar, usual);
+        for (Line &line : lines)
+            line.line.addBar(soundingVoice(line.staff, bar, line.slot), _columns.back(),
+                             line.staff.bars()[bar]->isSimile());
+    }
+    for (Line &line : lines) {
+        line.line.end();
+        if (line.line.hasBeats())
+            _voices.push_back({line.track, line.staff.index(), line.slot,
+                               std::move(line.line.poured()), std::move(line.line.leading())});
+    }
 }
 
 BarArrangement::Length BarArrangement::lengthOf(unsigned bar) const
@@ -201,10 +253,7 @@ void BarArrangement::addTo(ContentSwap &swap)
 {
     for (const auto &track : _model.tracks()) {
         for (const auto &staff : track->staves()) {
-            for (unsigned bar = _first; bar <= _last; ++bar)
-                for (unsigned voice = 0; voice < Bar::MaxVoices; ++voice)
-                    if (staff->bars()[bar]->voices()[voice] != nullptr)
-                        swap.dropVoice({track->index(), staff->index(), bar + _shift, voice});
+            addVoices(swap, track->index(), *staff);
             addSimiles(swap, track->index(), *staff);
             addClefs(swap, track->index(), *staff);
             addHeldOver(swap, track->index(), *staff);
@@ -212,27 +261,37 @@ void BarArrangement::addTo(ContentSwap &swap)
             swap.addBarLine(track->index(), staff->index(), _first + _shift + barCount());
         }
     }
-    for (PouredVoice &voice : _voices)
-        addVoice(swap, voice);
+    for (const PouredVoice &voice : _voices)
+        for (const auto &[bar, beat] : voice.poured.partedJoints())
+            if (bar < barCount())
+                swap.addJoint({voice.track, voice.staff, _first + _shift + bar, voice.voice}, beat);
     addFermatas(swap);
 }
 
-void BarArrangement::addVoice(ContentSwap &swap, PouredVoice &voice) const
+/// Bar by bar, in the order in which the swap holds them.
+void BarArrangement::addVoices(ContentSwap &swap, unsigned track, const Staff &staff)
 {
-    auto &bars = voice.poured.bars();
-    const auto placeOf = [&](unsigned bar) {
-        return VoicePlace{voice.track, voice.staff, _first + _shift + bar, voice.voice};
-    };
-    for (unsigned bar = 0; bar < bars.size() && bar < barCount(); ++bar) {
-        if (bars[bar].empty())
-            continue;
-        const bool mayBeTooFar = bar < voice.leadsOverStrings.size() && voice.leadsOverStrings[bar];
-        swap.setBeats(placeOf(bar), std::move(bars[bar]),
-                      mayBeTooFar ? ContentSwap::Joints::Found : ContentSwap::Joints::Named);
+    std::array<PouredVoice *, Bar::MaxVoices> poured{};
+    for (PouredVoice &voice : _voices)
+        if (voice.track == track && voice.staff == staff.index())
+            poured[voice.voice] = &voice;
+    for (unsigned bar = 0; bar < barCount(); ++bar) {
+        for (unsigned slot = 0; slot < Bar::MaxVoices; ++slot) {
+            const VoicePlace place{track, staff.index(), _first + _shift + bar, slot};
+            PouredVoice *const voice = poured[slot];
+            if (voice != nullptr && bar < voice->poured.bars().size()
+                && !voice->poured.bars()[bar].empty()) {
+                const auto &leading = voice->leadsOverStrings;
+                const bool mayBeTooFar = bar < leading.size() && leading[bar];
+                swap.setBeats(place, std::move(voice->poured.bars()[bar]),
+                              mayBeTooFar ? ContentSwap::Joints::Found
+                                          : ContentSwap::Joints::Named);
+            } else if (_first + bar <= _last
+                       && staff.bars()[_first + bar]->voices()[slot] != nullptr) {
+                swap.dropVoice(place);
+            }
+        }
     }
-    for (const auto &[bar, beat] : voice.poured.partedJoints())
-        if (bar < barCount())
-            swap.addJoint(placeOf(bar), beat);
 }
 
 /// Marks in the bars go, and so do those behind that repeat something in them: what they stand for

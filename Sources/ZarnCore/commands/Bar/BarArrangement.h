@@ -51,9 +51,17 @@ private:
         std::vector<bool> leadsOverStrings; ///< per new bar, as far as any does
     };
 
-    void measureColumns();
-    void pour(unsigned track, const Staff &staff, unsigned voice);
-    void addVoice(ContentSwap &swap, PouredVoice &poured) const;
+    /// How long bars without music of their own are; sought behind them once, when none is in
+    /// front.
+    struct UsualLength {
+        std::optional<Length> length;
+        bool isSought = false;
+    };
+
+    std::optional<Length> musicIn(unsigned bar) const;
+    void measureColumn(unsigned bar, UsualLength &usual);
+    void pour();
+    void addVoices(ContentSwap &swap, unsigned track, const Staff &staff);
     void addSimiles(ContentSwap &swap, unsigned track, const Staff &staff) const;
     void addClefs(ContentSwap &swap, unsigned track, const Staff &staff) const;
     void addFermatas(ContentSwap &swap) const;

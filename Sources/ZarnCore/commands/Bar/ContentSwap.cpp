@@ -133,17 +133,8 @@ bool ContentSwap::fits(const ScoreModel &model) const
         && (_fermatas.empty() || model.masterTrack()->hasMasterBarIndex(_fermatas.rbegin()->first));
 }
 
-std::vector<VoicePlace> ContentSwap::places() const
-{
-    std::vector<VoicePlace> places;
-    places.reserve(_voices.size());
-    for (const auto &entry : _voices)
-        places.push_back(entry.first);
-    return places;
-}
-
 // All of the old beats go out before any goes in: one may only have changed its place.
-void ContentSwap::exchange(ScoreModel &model)
+void ContentSwap::exchange(ScoreModel &model, const BeforeBar &beforeBar)
 {
     struct Taken {
         Bar *bar;
@@ -153,7 +144,10 @@ void ContentSwap::exchange(ScoreModel &model)
     taken.reserve(_voices.size());
     for (const auto &entry : _voices) {
         const VoicePlace &place = entry.first;
-        taken.push_back({findBar(model, place.track, place.staff, place.bar), {}});
+        Bar *const bar = findBar(model, place.track, place.staff, place.bar);
+        if (beforeBar && (taken.empty() || taken.back().bar != bar))
+            beforeBar(place.track, place.staff, place.bar);
+        taken.push_back({bar, {}});
         const auto &voice = taken.back().bar->voices()[place.voice];
         if (voice != nullptr && !voice->isEmpty())
             taken.back().beats = voice->takeBeats(0, voice->beatCount() - 1);
@@ -245,9 +239,9 @@ void ContentSwap::addChangedJoints(const ScoreModel &model)
     }
 }
 
-void ContentSwap::apply(ScoreModel &model)
+void ContentSwap::apply(ScoreModel &model, const BeforeBar &beforeBar)
 {
-    exchange(model);
+    exchange(model, beforeBar);
     collectTouched(model);
     _joints = {};
     addChangedJoints(model);
@@ -265,7 +259,7 @@ void ContentSwap::apply(ScoreModel &model)
 void ContentSwap::revert(ScoreModel &model)
 {
     _joints.putBack(model);
-    exchange(model);
+    exchange(model, nullptr);
 }
 
 void ContentSwap::announce(ScoreBase &score, const void *sender) const

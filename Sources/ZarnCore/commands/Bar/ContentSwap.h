@@ -6,6 +6,7 @@
 #include <ZarnCore/model/ZarnBar.h>
 #include <ZarnCore/model/ZarnMasterBar.h>
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -76,10 +77,10 @@ public:
     /// Whether all the bars are there.
     bool fits(const ScoreModel &model) const;
 
-    /// The voices that are exchanged.
-    std::vector<VoicePlace> places() const;
-
-    void apply(ScoreModel &model);
+    /// Calls `beforeBar(track, staff, bar)` in front of the first change of the voices of a bar;
+    /// bars of one staff come in their order.
+    using BeforeBar = std::function<void(unsigned, unsigned, unsigned)>;
+    void apply(ScoreModel &model, const BeforeBar &beforeBar);
     void revert(ScoreModel &model);
 
     /// Sends `ModifyBarRange` or `ModifyBarRangeAllTracks`, then `SimileMarkBarChanged`,
@@ -102,7 +103,7 @@ private:
     using BarPlace = std::tuple<unsigned, unsigned, unsigned>;
 
     Content &contentOf(const VoicePlace &place);
-    void exchange(ScoreModel &model);
+    void exchange(ScoreModel &model, const BeforeBar &beforeBar);
     void tieOver(const ScoreModel &model) const;
     void addChangedJoints(const ScoreModel &model);
     void collectTouched(const ScoreModel &model);

@@ -33,9 +33,9 @@ void SwapContent::apply()
         _swap = std::move(swap);
     }
     requirePlace(_swap->fits(model()));
-    for (const VoicePlace &place : _swap->places())
-        keepSpans(place.track, place.staff, place.bar, place.bar);
-    _swap->apply(model());
+    _swap->apply(model(), [this](unsigned track, unsigned staff, unsigned bar) {
+        keepSpans(track, staff, bar, bar);
+    });
 }
 
 void SwapContent::revert()

@@ -140,6 +140,7 @@ BeatPasting::Stream BeatPasting::streamOf(const Voice &voice, const PastedStaff 
 {
     Stream stream{pasted.track, pasted.staff, voice.index(), {}};
     Beats &beats = stream.beats;
+    beats.reserve(voice.beatCount());
     for (const auto &beat : voice.beats())
         beats.push_back(beat->clone());
     NoteAdaptation adaptation = _mode == PasteMode::Merge

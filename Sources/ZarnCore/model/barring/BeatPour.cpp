@@ -29,8 +29,13 @@ Voice::Beats fillersOf(const utils::rational &length, BeatPour::Filler filler)
 
 } // namespace
 
-BeatPour::BeatPour(std::vector<Length> lengths, const Length &further, const Length &start)
+BeatPour::BeatPour(Lengths lengths, const Length &further, const Length &start)
     : _lengths(std::move(lengths)), _further(further), _offset(start)
+{
+}
+
+BeatPour::BeatPour(std::vector<Length> lengths, const Length &further, const Length &start)
+    : BeatPour(std::make_shared<const std::vector<Length>>(std::move(lengths)), further, start)
 {
 }
 

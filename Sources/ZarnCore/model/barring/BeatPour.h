@@ -3,6 +3,7 @@
 
 #include <ZarnCore/model/ZarnVoice.h>
 
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -19,8 +20,12 @@ public:
 
     enum class Filler { Rests, PlaceHolders };
 
-    /// The lengths of the bars, in quarters; those behind them all have the length `further`. The
-    /// first beat goes to `start` in the first bar.
+    /// Of bars, in quarters; any number of voices may be poured into the same ones.
+    using Lengths = std::shared_ptr<const std::vector<Length>>;
+
+    /// The bars behind those whose lengths are given all have the length `further`. The first beat
+    /// goes to `start` in the first bar.
+    BeatPour(Lengths lengths, const Length &further, const Length &start = {});
     BeatPour(std::vector<Length> lengths, const Length &further, const Length &start = {});
 
     /// A beat, and the time that it takes.
@@ -46,7 +51,10 @@ public:
 
     unsigned bar() const noexcept { return _bar; }
     const Length &offset() const noexcept { return _offset; }
-    Length lengthOf(unsigned bar) const { return bar < _lengths.size() ? _lengths[bar] : _further; }
+    Length lengthOf(unsigned bar) const
+    {
+        return bar < _lengths->size() ? (*_lengths)[bar] : _further;
+    }
 
 private:
     void put(const std::shared_ptr<Beat> &beat);
@@ -56,7 +64,7 @@ private:
     std::vector<Length> segments(Length length) const;
     void joinRests();
 
-    std::vector<Length> _lengths;
+    Lengths _lengths;
     Length _further;
     unsigned _bar = 0;
     Length _offset;
