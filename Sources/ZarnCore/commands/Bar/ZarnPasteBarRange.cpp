@@ -13,35 +13,29 @@
 #include <ZarnCore/model/clip/NoteAdaptation.h>
 #include <ZarnCore/model/places/ZarnScoreModelIndex.h>
 
+#include <algorithm>
 #include <set>
 
 namespace zarn::cmd {
 
 namespace {
 
-/// Answers whether notes are left without a string.
-bool adaptVoices(const Staff::Bars &bars, const PastedStaff &pasted)
-{
-    bool hasOpen = false;
-    for (unsigned slot = 0; slot < Bar::MaxVoices; ++slot) {
-        NoteAdaptation adaptation = adaptationOf(pasted);
-        for (const auto &bar : bars)
-            if (bar->voices()[slot] != nullptr)
-                adaptation.adapt(bar->voices()[slot]->beats());
-        hasOpen = hasOpen || adaptation.hasOpen();
-    }
-    return hasOpen;
-}
-
-/// The bars of a staff of a clip, as they are written in another one, again and again.
+/// The bars of a staff of a clip, as they are written in another one, again and again. Says whether
+/// notes are left without a string.
 Staff::Bars copiesOf(const PastedStaff &pasted, unsigned times, bool &hasOpen)
 {
+    std::vector<NoteAdaptation> adaptations(Bar::MaxVoices, adaptationOf(pasted));
     Staff::Bars bars;
-    for (const auto &bar : pasted.from->bars())
+    bars.reserve(std::size_t(pasted.from->barCount()) * times);
+    for (const auto &bar : pasted.from->bars()) {
         bars.push_back(bar->clone());
-    hasOpen = adaptVoices(bars, pasted);
+        for (unsigned slot = 0; slot < Bar::MaxVoices; ++slot)
+            if (const auto &voice = bars.back()->voices()[slot])
+                adaptations[slot].adapt(voice->beats());
+    }
+    hasOpen = std::any_of(adaptations.begin(), adaptations.end(),
+                          [](const NoteAdaptation &adaptation) { return adaptation.hasOpen(); });
     const std::size_t count = bars.size();
-    bars.reserve(count * times);
     for (std::size_t i = count; i < count * times; ++i)
         bars.push_back(bars[i - count]->clone());
     return bars;

@@ -140,13 +140,14 @@ BeatPasting::Stream BeatPasting::streamOf(const Voice &voice, const PastedStaff 
 {
     Stream stream{pasted.track, pasted.staff, voice.index(), {}};
     Beats &beats = stream.beats;
-    beats.reserve(voice.beatCount());
-    for (const auto &beat : voice.beats())
-        beats.push_back(beat->clone());
     NoteAdaptation adaptation = _mode == PasteMode::Merge
         ? NoteAdaptation(*pasted.from, *pasted.to, NoteAdaptation::Strings::Lowest)
         : adaptationOf(pasted);
-    adaptation.adapt(beats);
+    beats.reserve(voice.beatCount());
+    for (const auto &beat : voice.beats()) {
+        beats.push_back(beat->clone());
+        adaptation.adapt(beats.back());
+    }
     stream.hasOpen = adaptation.hasOpen();
     if (_times == 1)
         return stream;

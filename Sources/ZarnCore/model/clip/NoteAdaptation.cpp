@@ -55,20 +55,24 @@ NoteAdaptation::NoteAdaptation(const Staff &from, const Staff &to, Strings strin
 
 void NoteAdaptation::adapt(const Voice::Beats &beats)
 {
-    for (const auto &beat : beats) {
-        if (_isSilent)
-            beat->takeNotes();
-        else
-            adaptNotes(*beat);
-        dropMarks(*beat);
-        if (beat->chord().diagram != nullptr
-            && beat->chord().diagram->frets.size() != _to.tuning().stringCount()) {
-            ChordMark chord = beat->chord();
-            chord.diagram.reset();
-            beat->setChord(chord);
-        }
-        _before = beat;
+    for (const auto &beat : beats)
+        adapt(beat);
+}
+
+void NoteAdaptation::adapt(const std::shared_ptr<Beat> &beat)
+{
+    if (_isSilent)
+        beat->takeNotes();
+    else
+        adaptNotes(*beat);
+    dropMarks(*beat);
+    if (beat->chord().diagram != nullptr
+        && beat->chord().diagram->frets.size() != _to.tuning().stringCount()) {
+        ChordMark chord = beat->chord();
+        chord.diagram.reset();
+        beat->setChord(chord);
     }
+    _before = beat;
 }
 
 void NoteAdaptation::adaptNotes(Beat &beat)

@@ -23,6 +23,8 @@ public:
 
     NoteAdaptation(const Staff &from, const Staff &to, Strings strings);
 
+    /// To be called with the beats of a voice in their order, each while it is still at hand.
+    void adapt(const std::shared_ptr<Beat> &beat);
     void adapt(const Voice::Beats &beats);
 
     /// Whether a note with a pitch has no string on a staff that has some.
