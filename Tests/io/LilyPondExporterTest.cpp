@@ -99,6 +99,22 @@ TEST(LilyPondExporter, writesTablatureUnderNotes)
     EXPECT_TRUE(has(text, "Capo II")) << text;
 }
 
+/// LilyPond works frets out from strings and pitches, and draws none below a string.
+TEST(LilyPondExporter, fretsThatDoNotSoundLikeTheirNotesAreSaid)
+{
+    const auto score = scoreOf("guitar: 6:3q 6:5q 5:2h");
+    beatOf(*score, 0, 1).note(0)->setFret(8);
+    const std::string higher = exported(*score->scoreModel());
+    EXPECT_TRUE(has(higher, "g,4\\6 \\tweak TabNoteHead.text \"8\" a,4\\6 b,2\\5")) << higher;
+    EXPECT_TRUE(has(higher, "\\stringTuning <e, a, d")) << higher;
+
+    beatOf(*score, 0, 1).note(0)->setMidi(49);
+    const std::string below = exported(*score->scoreModel());
+    EXPECT_TRUE(has(below, "\\tweak TabNoteHead.text \"3\" g,4\\6")) << below;
+    EXPECT_TRUE(has(below, "\\tweak TabNoteHead.text \"8\" cis,4\\6 b,2\\5")) << below;
+    EXPECT_TRUE(has(below, "\\stringTuning <e,, a, d")) << below;
+}
+
 TEST(LilyPondExporter, tiesWhatIsTiedAndLeavesTheRestOpen)
 {
     const auto score = scoreOf("piano: c4h~ c4h | d4w | e4w");

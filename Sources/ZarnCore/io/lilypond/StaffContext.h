@@ -33,6 +33,9 @@ struct StaffContext {
     /// first.
     std::vector<int> openStrings;
 
+    /// The same for the tablature: octaves lower where a note lies below the string that it names.
+    std::vector<int> tablatureStrings;
+
     /// Names of the drums of an unpitched staff; null on others.
     DrumTable *drums = nullptr;
 

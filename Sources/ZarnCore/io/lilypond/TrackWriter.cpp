@@ -12,6 +12,7 @@
 #include <ZarnCore/io/sheet/DrumWriter.h>
 #include <ZarnCore/io/sheet/TabWriter.h>
 #include <ZarnCore/model/ZarnTrack.h>
+#include <ZarnCore/music/ZarnMusic.h>
 
 #include <algorithm>
 #include <map>
@@ -80,8 +81,11 @@ private:
 
     StaffText writeStaff(const Staff &staff);
     std::string lyricsOf(const Staff &staff, const std::vector<VoiceName> &voices);
-    std::string tabOf(const Staff &staff, const std::vector<VoiceName> &voices, bool isAlone) const;
+    std::string tabOf(const StaffContext &context, const std::vector<VoiceName> &voices,
+                      bool isAlone) const;
     std::vector<int> openStringsOf(const Staff &staff) const;
+    std::vector<int> tablatureStringsOf(const Staff &staff, bool hasTab) const;
+    std::string transpositionOf(const StaffContext &context) const;
     std::string names() const;
     void define(const std::string &name, const std::string &mode, const std::string &music)
     {
@@ -159,21 +163,54 @@ std::vector<int> Writer::openStringsOf(const Staff &staff) const
     return keys;
 }
 
-std::string Writer::tabOf(const Staff &staff, const std::vector<VoiceName> &voices,
+/// LilyPond draws no frets of notes that lie below the strings that they name: such a string is
+/// entered octaves lower, and the notes on it say their frets.
+std::vector<int> Writer::tablatureStringsOf(const Staff &staff, bool hasTab) const
+{
+    auto keys = openStringsOf(staff);
+    if (!hasTab)
+        return keys;
+    const int shift = shiftOf(staff);
+    for (const auto &bar : staff.bars())
+        for (const auto &voice : bar->voices()) {
+            if (!voice)
+                continue;
+            for (const auto &beat : voice->beats())
+                for (const auto &note : beat->notes()) {
+                    const auto string = static_cast<std::size_t>(note->string());
+                    if (note->string() < 0 || string >= keys.size() || note->fret() < 0)
+                        continue;
+                    const int midi = Music::midi(*note);
+                    while (midi >= 0 && midi < keys[string] - shift)
+                        keys[string] -= octave;
+                }
+        }
+    return keys;
+}
+
+/// What MIDI makes of the pitches that are entered.
+std::string Writer::transpositionOf(const StaffContext &context) const
+{
+    if (context.drums != nullptr || _track.transpositionOffset() == context.shift)
+        return {};
+    return "\\transposition " + keyText(middleC + _track.transpositionOffset(), true) + '\n';
+}
+
+std::string Writer::tabOf(const StaffContext &context, const std::vector<VoiceName> &voices,
                           bool isAlone) const
 {
     std::string strings;
-    for (const int key : openStringsOf(staff))
+    for (const int key : context.tablatureStrings)
         strings += (strings.empty() ? "" : " ") + keyText(key, false);
     std::string text = "\\new TabStaff \\with {";
     if (isAlone)
         text += names() + " midiInstrument = "
             + quoted(midiInstrument(
                 _track.sounds().empty() ? 0 : _track.sounds().front()->midiSound().program()));
-    text +=
-        " handleNegativeFrets = #'ignore stringTunings = \\stringTuning <" + strings + "> } <<\n";
+    text += " stringTunings = \\stringTuning <" + strings + "> } <<\n";
     if (isAlone)
-        text += std::string("\\tabFullNotation\n") + (_hasGlobal ? "\\global\n" : "");
+        text += std::string("\\tabFullNotation\n") + (_hasGlobal ? "\\global\n" : "")
+            + transpositionOf(context);
     for (const VoiceName &voice : voices)
         text += "\\new TabVoice"
             + (isAlone ? " = " + quoted(voice.variable)
@@ -185,11 +222,14 @@ std::string Writer::tabOf(const Staff &staff, const std::vector<VoiceName> &voic
 Writer::StaffText Writer::writeStaff(const Staff &staff)
 {
     const bool isDrums = sheet::isShownAsDrums(_track, staff);
+    const TrackNotations notations = _track.notations();
+    const bool hasTab = !isDrums && notations.tablature && sheet::isShownAsTab(staff);
     const StaffContext context{_track,
                                staff,
                                _frame,
                                shiftOf(staff),
                                openStringsOf(staff),
+                               tablatureStringsOf(staff, hasTab),
                                isDrums ? &_drums : nullptr,
                                _dynamics,
                                _report};
@@ -207,8 +247,6 @@ Writer::StaffText Writer::writeStaff(const Staff &staff)
         define(voices.back().variable, isDrums ? "\\drummode " : "",
                VoiceWriter(context, voice).write());
     }
-    const TrackNotations notations = _track.notations();
-    const bool hasTab = !isDrums && notations.tablature && sheet::isShownAsTab(staff);
     const bool hasNotes = notations.standard || notations.slash || !hasTab;
     const bool isOnlyStaff = _track.staffCount() == 1 && !(hasTab && hasNotes);
     StaffText text;
@@ -225,10 +263,7 @@ Writer::StaffText Writer::writeStaff(const Staff &staff)
         text.notation += " } <<\n";
         if (_hasGlobal)
             text.notation += "\\global\n";
-        if (!isDrums && _track.transpositionOffset() != shiftOf(staff))
-            text.notation +=
-                "\\transposition " + keyText(middleC + _track.transpositionOffset(), true) + '\n';
-        text.notation += '\\' + name + '\n';
+        text.notation += transpositionOf(context) + '\\' + name + '\n';
         for (const VoiceName &voice : voices)
             text.notation += std::string(isDrums ? "\\new DrumVoice = " : "\\new Voice = ")
                 + quoted(voice.variable) + " \\" + voice.variable + '\n';
@@ -236,7 +271,7 @@ Writer::StaffText Writer::writeStaff(const Staff &staff)
     }
     const std::string lyrics = lyricsOf(staff, voices);
     if (hasTab)
-        text.tablature = tabOf(staff, voices, !hasNotes);
+        text.tablature = tabOf(context, voices, !hasNotes);
     (hasNotes ? text.notation : text.tablature) += lyrics;
     _hasGlobal = false;
     return text;

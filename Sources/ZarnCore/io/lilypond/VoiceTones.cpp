@@ -21,7 +21,7 @@ std::string VoiceTones::toneText(const Note &note, const VoiceBeat &place) const
 {
     if (_context.drums != nullptr)
         return _context.drums->nameOf(note, *place.beat, *place.bar);
-    const int midi = keyOf(note);
+    const int midi = Music::midi(note);
     if (midi < 0)
         return {};
     const int fifths = Music::drawingKeySignatureForBar(*place.bar).accidentalCount();
@@ -141,32 +141,35 @@ std::string VoiceTones::strumText(const VoiceBeat &place, std::string &command)
 }
 
 /// The open string of a note as the score writes it; none where it names no string.
-std::optional<int> VoiceTones::openStringOf(const Note &note) const
+std::optional<int> VoiceTones::openOf(const Note &note, const std::vector<int> &strings) const
 {
     const auto string = static_cast<std::size_t>(note.string());
-    if (_context.drums != nullptr || note.string() < 0 || string >= _context.openStrings.size())
+    if (_context.drums != nullptr || note.string() < 0 || string >= strings.size())
         return std::nullopt;
-    return _context.openStrings[string] - _context.shift;
+    return strings[string] - _context.shift;
 }
 
-/// Tablature works frets out by itself and refuses what lies below its string: there the fret tells
-/// what is played.
-int VoiceTones::keyOf(const Note &note) const
+bool VoiceTones::isOnItsString(const Note &note) const
 {
+    const auto open = openOf(note, _context.tablatureStrings);
+    return open && Music::midi(note) >= *open;
+}
+
+/// Tablature works frets out by itself, from pitches and strings.
+std::string VoiceTones::fretText(const Note &note, const VoiceBeat &place) const
+{
+    const auto open = openOf(note, _context.openStrings);
+    if (!open || note.isDead() || !_context.track.notations().tablature)
+        return {};
     const int midi = Music::midi(note);
-    const auto open = openStringOf(note);
-    const bool isBelow = open && midi >= 0 && midi < *open && note.fret() >= 0;
-    return isBelow && _context.track.notations().tablature ? *open + note.fret() : midi;
-}
-
-bool VoiceTones::isOnItsString(const Note &note, const VoiceBeat &place) const
-{
-    const auto open = openStringOf(note);
-    if (!open)
-        return false;
-    if (note.fret() >= 0 && Music::midi(note) - *open != note.fret() && !note.isDead())
-        lose(_context, "fret that does not sound like its note", place);
-    return keyOf(note) >= *open;
+    const int wanted = note.fret() >= 0 ? note.fret() : midi - *open;
+    if (wanted == midi - *openOf(note, _context.tablatureStrings))
+        return {};
+    if (wanted < 0) {
+        lose(_context, "note below the string that it names", place);
+        return {};
+    }
+    return "\\tweak TabNoteHead.text " + quoted(std::to_string(wanted)) + ' ';
 }
 
 } // namespace zarn::lilypond

@@ -33,13 +33,14 @@ public:
     std::string slideText(std::size_t index, std::string &command) const;
     std::string strumText(const VoiceBeat &place, std::string &command);
 
-    /// Whether a note names a string on which tablature finds a fret for it; reports one that is
-    /// another than the note has.
-    bool isOnItsString(const Note &note, const VoiceBeat &place) const;
+    /// Whether a note names a string on which tablature finds a fret for it.
+    bool isOnItsString(const Note &note) const;
+
+    /// What stands in front of a note whose fret is another than its pitch leads to.
+    std::string fretText(const Note &note, const VoiceBeat &place) const;
 
 private:
-    std::optional<int> openStringOf(const Note &note) const;
-    int keyOf(const Note &note) const;
+    std::optional<int> openOf(const Note &note, const std::vector<int> &strings) const;
     std::string toneText(const Note &note, const VoiceBeat &place) const;
 
     const StaffContext &_context;

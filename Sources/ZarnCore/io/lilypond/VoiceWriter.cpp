@@ -239,11 +239,13 @@ std::string VoiceWriter::coreText(std::size_t index, const std::string &duration
     std::string inside;
     const int strings = static_cast<int>(_context.staff.tuning().stringCount());
     for (const VoiceTones::Tone &tone : tones) {
-        const bool hasString = _tones.isOnItsString(*tone.note, place);
+        const bool hasString = _tones.isOnItsString(*tone.note);
         const NoteWords words = _context.drums != nullptr
             ? NoteWords{tone.note->isGhost() ? "\\parenthesize " : "", "", false}
             : wordsOf(*tone.note, _context.track, hasString ? strings - tone.note->string() : 0);
         std::string before = words.before;
+        if (hasString)
+            before += _tones.fretText(*tone.note, place);
         if (place.beat->isSlashed())
             before += "\\tweak NoteHead.style #'slash ";
         if (tone.note->accidentalDisplay() == AccidentalDisplay::Hidden)
