@@ -57,7 +57,7 @@ std::vector<unsigned> termsOf(std::string_view text)
     return terms;
 }
 
-/// How the beams of a sum are grouped; quarters and longer notes have none.
+/// How the beams of a sum are grouped.
 BeamGroups groupsOf(const std::vector<rational> &terms, unsigned unit)
 {
     std::vector<std::uint8_t> groups;
@@ -67,9 +67,8 @@ BeamGroups groupsOf(const std::vector<rational> &terms, unsigned unit)
             return {};
         groups.push_back(static_cast<std::uint8_t>(units));
     }
-    return groups.size() > 1 && unit >= 8 && BeamGroups::areGroups(groups)
-        ? BeamGroups(std::move(groups))
-        : BeamGroups();
+    return groups.size() > 1 && BeamGroups::areGroups(groups) ? BeamGroups(std::move(groups))
+                                                              : BeamGroups();
 }
 
 } // namespace

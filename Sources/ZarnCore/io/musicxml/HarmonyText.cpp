@@ -74,6 +74,9 @@ struct Symbol {
         // A kind of its own is written as the document has it.
         const bool isWritten = harmony.kind == chord::HarmonyKind::Other && !kind.empty();
         const bool isBassKnown = bass.empty() || harmony.bass;
+        if (harmony.kind == chord::HarmonyKind::AugmentedSeventh && degrees.empty()
+            && !harmony.inversion)
+            return root + "aug7" + (bass.empty() ? "" : "/" + bass);
         if (isKindKnown && !isWritten && isBassKnown)
             if (const auto chord = chord::Chord::fromHarmony(harmony))
                 return chord->toText();

@@ -18,6 +18,7 @@ UsualBeams::UsualBeams(const TimeSignature &meter, const BeamGroups &groups)
         rational end;
         for (const unsigned group : groups.groups())
             _ends.push_back(end += meter.timeUnit() * rational(group));
+        _beat = meter.getDenominator() <= 4 ? 1 : 0;
         return;
     }
     _isCompound =
@@ -33,10 +34,12 @@ UsualBeams::UsualBeams(const TimeSignature &meter, const BeamGroups &groups)
 bool UsualBeams::join(const rational &left, const rational &right, const RhythmValue &rhythm,
                       bool areEighths) const
 {
-    if (_beat.isZero())
-        return groupOf(left) == groupOf(right);
-    if (utils::floorDivide(left, _beat) == utils::floorDivide(right, _beat))
+    if (!_ends.empty() && groupOf(left) != groupOf(right))
+        return false;
+    if (_beat.isZero() || utils::floorDivide(left, _beat) == utils::floorDivide(right, _beat))
         return true;
+    if (!_ends.empty())
+        return areEighths && !rhythm.hasPrimaryTuplet();
     return areEighths && !_isCompound && right * rational(2) != _bar && !rhythm.hasPrimaryTuplet();
 }
 

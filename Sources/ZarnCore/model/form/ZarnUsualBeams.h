@@ -15,7 +15,8 @@ class TimeSignature;
 
 /// What the meter of a bar says of beams: the groups that the bar names, else the beats. Inside of
 /// a beat notes are joined; eighths over beats too, but not over the middle of a bar or the beats
-/// of a compound meter.
+/// of a compound meter. A group of eighths or shorter units is a beat; one of quarters has several,
+/// over which eighths are joined.
 class ZARNCORE_EXPORT UsualBeams {
 public:
     UsualBeams(const TimeSignature &meter, const BeamGroups &groups);
@@ -31,7 +32,7 @@ private:
     std::ptrdiff_t groupOf(const utils::rational &onset) const;
 
     utils::rational _bar;
-    utils::rational _beat; ///< 0 where `_ends` says it
+    utils::rational _beat; ///< 0 where `_ends` alone says it
     std::vector<utils::rational> _ends;
     bool _isCompound = false;
 };

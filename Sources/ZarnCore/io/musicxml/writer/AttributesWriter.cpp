@@ -40,13 +40,11 @@ int octavesOf(Ottavia ottavia)
     return static_cast<int>(Ottavia::None) - static_cast<int>(ottavia);
 }
 
-/// Whether the meter is written as the sum of its groups: of equal ones, and of quarters, nobody
-/// expects that.
+/// Whether the meter is written as the sum of its groups: of equal ones nobody expects that.
 bool isWrittenAsSum(const BeamGroups &groups, const MasterBar &bar)
 {
     const auto &sizes = groups.groups();
-    return !bar.isFreeTime() && bar.timeSignature().getDenominator() >= 8
-        && groups.fit(bar.timeSignature())
+    return !bar.isFreeTime() && groups.fit(bar.timeSignature())
         && std::any_of(sizes.begin(), sizes.end(),
                        [&](std::uint8_t size) { return size != sizes.front(); });
 }

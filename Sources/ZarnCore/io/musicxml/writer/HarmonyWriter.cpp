@@ -34,16 +34,32 @@ void writeDegree(const chord::HarmonyDegree &degree, pugi::xml_node harmony)
                                                 : "subtract");
 }
 
-void writeChord(const chord::Chord &chord, pugi::xml_node harmony)
+/// "7#5" names the fifth that is raised in a dominant, "aug7" does not.
+bool namesRaisedFifth(const std::string &symbol)
 {
-    const auto elements = chord.toHarmony();
+    return symbol.find("#5") != symbol.npos || symbol.find("+5") != symbol.npos;
+}
+
+void writeChord(const chord::Chord &chord, const std::string &symbol, pugi::xml_node harmony)
+{
+    auto elements = chord.toHarmony();
+    const bool isAugmented = elements.kind == chord::HarmonyKind::AugmentedSeventh;
+    const bool hasRaisedFifth = isAugmented && namesRaisedFifth(symbol);
+    if (hasRaisedFifth) {
+        elements.kind = chord::HarmonyKind::Dominant;
+        elements.degrees.insert(elements.degrees.begin(),
+                                {5, 1, chord::HarmonyDegree::Type::Alter});
+    }
     if (chord.isNone())
         addElement(addElement(harmony, "root"), "root-step", "C"); // The schema asks for one.
     else
         writePitch(elements.root, "root", harmony);
     auto kind = addElement(harmony, "kind", std::string(chord::harmonyKindToString(elements.kind)));
     addAttribute(kind, "text",
-                 chord.isNone() ? std::string("N.C.") : std::string(chord.kind().text()));
+                 chord.isNone() ? "N.C."
+                     : isAugmented && !hasRaisedFifth && elements.degrees.empty()
+                     ? "aug7"
+                     : std::string(chord.kind().text()));
     if (elements.inversion)
         addElement(harmony, "inversion", *elements.inversion);
     if (elements.bass)
@@ -89,7 +105,7 @@ void writeHarmony(const ChordMark &mark, pugi::xml_node harmony, ExportContext &
     const auto symbol = context.text(mark.symbol);
     const auto chord = chord::Chord::fromText(symbol);
     if (chord) {
-        writeChord(*chord, harmony);
+        writeChord(*chord, symbol, harmony);
     } else {
         addElement(harmony, "function", symbol);
         addAttribute(addElement(harmony, "kind", "other"), "text", "");
