@@ -160,12 +160,18 @@ void NoteReader::read(pugi::xml_node node, WrittenNote &note)
     note.hasSigns = !_notations.signs().empty();
     _chordMarks = note.beatMarks;
     note.voice = voiceNumber(voice);
-    for (const auto &mark : _notations.tupletMarks())
-        if (mark.starts)
+    const auto &marks = _notations.tupletMarks();
+    const auto starts = std::count_if(marks.begin(), marks.end(),
+                                      [](const TupletMark &mark) { return mark.starts; });
+    for (const auto &mark : marks) {
+        if (mark.starts && starts == 1 && mark.ratio.isPlain() && _hasModification)
+            _tuplets.startAt(note.voice, mark.number, _modification);
+        else if (mark.starts)
             _tuplets.start(note.voice, mark.number, mark.ratio);
+    }
     if (_hasModification)
         _tuplets.split(note.voice, _modification, _rhythm);
-    for (const auto &mark : _notations.tupletMarks())
+    for (const auto &mark : marks)
         if (!mark.starts)
             _tuplets.stop(note.voice, mark.number);
     count(note);

@@ -19,6 +19,22 @@ void TupletTracker::start(int voice, int number, const TupletRatio &ratio)
         _open.push_back({voice, number, ratio});
 }
 
+void TupletTracker::startAt(int voice, int number, const TupletRatio &modification)
+{
+    stop(voice, number);
+    const bool isOutermost = outermost(voice) == nullptr;
+    start(voice, number, isOutermost ? modification : TupletRatio());
+    if (isOutermost && !_open.empty())
+        _open.back().isTold = false;
+}
+
+const TupletTracker::Open *TupletTracker::outermost(int voice) const
+{
+    const auto found = std::find_if(_open.begin(), _open.end(),
+                                    [&](const Open &open) { return open.voice == voice; });
+    return found == _open.end() ? nullptr : &*found;
+}
+
 void TupletTracker::stop(int voice, int number)
 {
     const auto found = std::find_if(_open.begin(), _open.end(), [&](const Open &open) {
@@ -32,18 +48,20 @@ void TupletTracker::split(int voice, const TupletRatio &modification, WrittenRhy
 {
     rhythm.outer = modification;
     rhythm.inner = {};
-    const auto outer = std::find_if(_open.begin(), _open.end(),
-                                    [&](const Open &open) { return open.voice == voice; });
-    if (outer == _open.end() || outer->ratio.isPlain() || outer->ratio == modification)
+    const auto *const outer = outermost(voice);
+    if (!outer || outer->ratio.isPlain() || outer->ratio == modification)
         return;
     const auto rest = utils::rational(modification.actual, modification.normal)
         / utils::rational(outer->ratio.actual, outer->ratio.normal);
     if (rest.numerator() > 255 || rest.denominator() > 255)
         return;
+    // What is no faster than the tuplet around it stands behind one that was left open.
+    if (!outer->isTold && !(rest > utils::rational(1)))
+        return;
     rhythm.outer = outer->ratio;
     // Six in the time of four is more than three in the time of two.
     for (const auto &open : _open)
-        if (open.voice == voice && &open != &*outer
+        if (open.voice == voice && &open != outer
             && utils::rational(open.ratio.actual, open.ratio.normal) == rest) {
             rhythm.inner = open.ratio;
             return;

@@ -13,6 +13,10 @@ class TupletTracker {
 public:
     /// A tuplet begins; a plain ratio when its numbers are not written.
     void start(int voice, int number, const TupletRatio &ratio);
+
+    /// A tuplet whose numbers are not written begins at a note with this time modification, which
+    /// tells them.
+    void startAt(int voice, int number, const TupletRatio &modification);
     void stop(int voice, int number);
 
     /// Splits the time modification of a note into the outermost tuplet and what is inside of it.
@@ -23,7 +27,10 @@ private:
         int voice;
         int number;
         TupletRatio ratio;
+        bool isTold = true; ///< by its own numbers
     };
+
+    const Open *outermost(int voice) const;
 
     std::vector<Open> _open;
 };

@@ -382,11 +382,11 @@ void TwinStaves::takeMarks(int number, const Bar &twin, const PlacedNotes &own)
     }
 }
 
-/// Takes over what a beat of the tablature has and that of the notes has not. Slurs come from one
-/// of the two staves alone.
+/// Takes over what a beat of the tablature has and that of the notes has not; rests say it
+/// themselves. Slurs come from one of the two staves alone.
 void TwinStaves::takeAttributes(const Beat &twin, Beat &beat) const
 {
-    if (twin.isCommon())
+    if (twin.isCommon() || !twin.hasNotes())
         return;
     for (const auto &row : beatAttributes()) {
         const bool isTaken = !ofTheNotes.has(row.id) && !(_hasSlurs && ofSlurs.has(row.id));

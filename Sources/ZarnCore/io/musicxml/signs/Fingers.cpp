@@ -21,6 +21,22 @@ constexpr Fingering onKeys[] = {Fingering::None,   Fingering::Thumb,   Fingering
 
 constexpr const char *thumb = "T";
 
+/// Fingers may stand over the notes while the frets stand in the tablature below.
+bool hasFrets(const StaffBars &staves)
+{
+    for (const auto &bars : staves)
+        for (const auto &bar : bars)
+            for (const auto &voice : bar->voices()) {
+                if (!voice)
+                    continue;
+                for (const auto &beat : voice->beats())
+                    for (const auto &note : beat->notes())
+                        if (note->fret() != Note::Unset)
+                            return true;
+            }
+    return false;
+}
+
 } // namespace
 
 const char *fingeringText(Fingering finger, bool areKeys)
@@ -58,13 +74,12 @@ void Fingers::add(pugi::xml_node fingering, const NotePlace &place)
 
 void Fingers::finishPart(const StaffBars &staves)
 {
-    const bool hasFrets =
-        std::any_of(_numbered.begin(), _numbered.end(),
-                    [](const Numbered &numbered) { return numbered.note->fret() != Note::Unset; });
+    if (_numbered.empty())
+        return;
     const bool hasFifth =
         std::any_of(_numbered.begin(), _numbered.end(),
                     [](const Numbered &numbered) { return numbered.finger == fingers; });
-    const bool areKeys = areFingersOfKeys(hasFrets, hasFifth, staves.size());
+    const bool areKeys = areFingersOfKeys(hasFrets(staves), hasFifth, staves.size());
     for (const auto &[note, finger] : _numbered) {
         const auto at = static_cast<std::size_t>(finger);
         note->setLeftFingering(areKeys || at >= std::size(onStrings) ? onKeys[at] : onStrings[at]);

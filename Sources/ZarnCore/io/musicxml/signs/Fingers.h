@@ -15,8 +15,8 @@ class ImportContext;
 /// open string. Null for none, and for an open string on keys, which has an element of its own.
 const char *fingeringText(Fingering finger, bool areKeys);
 
-/// Whether the fingers of a part are read as those of keys. The part has notes with fingers, on
-/// frets, with the fifth finger or not, on so many staves.
+/// Whether the fingers of a part are read as those of keys. The part has notes on frets or not,
+/// uses the fifth finger or not, and has so many staves.
 constexpr bool areFingersOfKeys(bool hasFrets, bool hasFifth, std::size_t staffCount)
 {
     return !hasFrets && (hasFifth || staffCount > 1);

@@ -46,7 +46,7 @@ PartPlan::PartPlan(const Track &track, unsigned index, std::vector<rational> &re
     }
     readMaster();
     // The little finger is the fifth on keys alone.
-    _areKeys = areFingersOfKeys(_hasFingeredFret,
+    _areKeys = areFingersOfKeys(_hasFrets,
                                 _hasFifthFinger && !InstrumentSet::isStringedOrBowed(track.type()),
                                 _staves.size());
 }
@@ -117,10 +117,10 @@ void PartPlan::readBeat(const Beat &beat, const Staff &staff)
     for (const auto &note : beat.notes()) {
         if (isUnpitched(*note))
             addPercussion(*note);
-        if (note->leftFingering() != Fingering::None && note->leftFingering() != Fingering::Thumb) {
-            _hasFingeredFret = _hasFingeredFret || isOnString(*note, staff);
-            _hasFifthFinger = _hasFifthFinger || note->leftFingering() == Fingering::Little;
-        }
+        if (!_hasFrets && note->fret() >= 0)
+            _hasFrets = isOnString(*note, staff);
+        if (note->leftFingering() == Fingering::Little)
+            _hasFifthFinger = true;
     }
 }
 

@@ -75,7 +75,7 @@ private:
     unsigned _index;
     bool _isPercussion;
     bool _areKeys = false;
-    bool _hasFingeredFret = false;
+    bool _hasFrets = false;
     bool _hasFifthFinger = false;
     std::int64_t _divisions = 1;
     std::vector<PartStaff> _staves;
