@@ -13,16 +13,33 @@ namespace {
 /// No bar has more notes of one tuplet.
 constexpr std::int64_t mostValues = 128;
 
-} // namespace
-
-bool GapFiller::fillByTuplet(const RhythmValue &value, const utils::rational &gap)
+bool fillByTuplet(const RhythmValue &value, const utils::rational &gap,
+                  std::vector<RhythmValue> &rhythms)
 {
     if (!value.hasPrimaryTuplet())
         return false;
     const auto count = gap / value.getLength();
     if (!count.isInteger() || count.numerator() > mostValues)
         return false;
-    _rhythms.assign(static_cast<std::size_t>(count.numerator()), value);
+    rhythms.assign(static_cast<std::size_t>(count.numerator()), value);
+    return true;
+}
+
+} // namespace
+
+bool findGapRhythms(const utils::rational &gap, const RhythmValue *before,
+                    const RhythmValue *behind, std::vector<RhythmValue> &rhythms)
+{
+    rhythms.clear();
+    try {
+        RhythmValue::rhythms(gap, rhythms);
+    } catch (const CoreException &) {
+        return false;
+    }
+    const bool isPlain = std::none_of(rhythms.begin(), rhythms.end(),
+                                      [](const auto &rhythm) { return rhythm.hasPrimaryTuplet(); });
+    if (!isPlain && !(behind && fillByTuplet(*behind, gap, rhythms)) && before)
+        fillByTuplet(*before, gap, rhythms);
     return true;
 }
 
@@ -31,18 +48,13 @@ void GapFiller::fill(VoiceSlot &slot, const utils::rational &end, pugi::xml_node
 {
     if (!(slot.end < end))
         return;
-    _rhythms.clear();
-    try {
-        RhythmValue::rhythms(end - slot.end, _rhythms);
-    } catch (const CoreException &) {
+    const auto *const before =
+        slot.beats.empty() ? nullptr : &slot.beats.back().beat->rhythmValue();
+    if (!findGapRhythms(end - slot.end, before, behind, _rhythms)) {
         _context.addProblem(
             node, "a gap of " + inQuarters(end - slot.end) + " fits no note values and was closed");
         return;
     }
-    const bool isPlain = std::none_of(_rhythms.begin(), _rhythms.end(),
-                                      [](const auto &rhythm) { return rhythm.hasPrimaryTuplet(); });
-    if (!isPlain && !(behind && fillByTuplet(*behind, end - slot.end)) && !slot.beats.empty())
-        fillByTuplet(slot.beats.back().beat->rhythmValue(), end - slot.end);
     _context.addEmptyNodes(node, _rhythms.size());
     for (const auto &rhythm : _rhythms) {
         auto beat = std::make_shared<Beat>(rhythm);

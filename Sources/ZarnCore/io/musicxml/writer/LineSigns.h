@@ -60,6 +60,12 @@ public:
             || !_links.empty();
     }
 
+    /// Whether anything is open at all.
+    bool isOpen() const noexcept
+    {
+        return isBusy() || _wedge != 0 || _dashes != 0 || _palmMute != 0;
+    }
+
     /// Signs in the <notations> of a note; `note` is null for a rest.
     void writeNotations(const Note *note, bool isFirst, pugi::xml_node notations);
 

@@ -19,6 +19,8 @@ void MeasureCursor::start(pugi::xml_node measure, std::int64_t divisions)
 
 std::int64_t MeasureCursor::inDivisions(const rational &time) const
 {
+    if (time.denominator() == 1)
+        return time.numerator() * _divisions;
     if (_divisions % time.denominator() == 0)
         return time.numerator() * (_divisions / time.denominator());
     return (time * rational(_divisions)).round();
@@ -29,7 +31,7 @@ std::int64_t MeasureCursor::advance(const rational &length)
     _now += length;
     const auto duration = std::max<std::int64_t>(inDivisions(_now) - _written, 1);
     _written += duration;
-    return duration;
+    return _lastDuration = duration;
 }
 
 void MeasureCursor::moveTo(const rational &time)

@@ -25,6 +25,9 @@ public:
     /// too coarse the end is rounded, so that roundings do not add up.
     std::int64_t advance(const utils::rational &length);
 
+    /// What the last length came to.
+    std::int64_t lastDuration() const noexcept { return _lastDuration; }
+
     /// Goes to a time by <backup> or <forward>.
     void moveTo(const utils::rational &time);
 
@@ -52,7 +55,8 @@ private:
     pugi::xml_node _room; ///< where elements wait, beside the measure
     std::int64_t _divisions = 1;
     utils::rational _now;
-    std::int64_t _written = 0;     ///< the same in divisions
+    std::int64_t _written = 0; ///< the same in divisions
+    std::int64_t _lastDuration = 0;
     std::vector<Waiting> _waiting; ///< sorted
 };
 

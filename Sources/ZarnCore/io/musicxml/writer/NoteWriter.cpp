@@ -62,16 +62,6 @@ bool isBare(const Beat &beat)
     return marks.isPlain() && !beat.hasDetails();
 }
 
-/// Whether no note of a beat has anything for its <notations> by itself.
-bool isPlain(const RhythmicBeat &placed)
-{
-    const auto &beat = *placed.beat;
-    return beat.isCommon() && placed.tuplets.count == 0
-        && std::all_of(beat.notes().begin(), beat.notes().end(), [](const auto &note) {
-               return note->marks().isPlain() && !note->hasDetails() && note->fret() == Note::Unset;
-           });
-}
-
 void addYes(pugi::xml_node node, const char *name)
 {
     addAttribute(node, name, "yes");
@@ -122,7 +112,7 @@ void NoteWriter::write(const RhythmicBeat &beat, const VoicePlace &place, Measur
                          "beam that is as it would be anyway");
     if (!beat.beat->isGrace())
         _duration = 0;
-    _hasNotations = signs.isBusy() || (_fermatas && !_fermatas->empty()) || !isPlain(beat);
+    _hasNotations = signs.isBusy() || (_fermatas && !_fermatas->empty()) || !beat.isPlain;
     if (notes.empty()) {
         if (!place.staff->isAlternate)
             tellRest(*beat.beat);
@@ -142,7 +132,7 @@ void NoteWriter::write(const RhythmicBeat &beat, const VoicePlace &place, Measur
         return;
     }
     if (!beat.beat->isGrace())
-        _duration = cursor.advance(beat.length);
+        _duration = beat.isInChord ? cursor.lastDuration() : cursor.advance(beat.length);
     for (const auto &note : notes) {
         const bool isFirst = note == notes.front();
         auto node = startNote(beat, cursor);
@@ -150,7 +140,7 @@ void NoteWriter::write(const RhythmicBeat &beat, const VoicePlace &place, Measur
             // In percent of a forte, which is 90 in MIDI (MusicXML 4.0, dynamics of a note).
             node.prepend_attribute("dynamics")
                 .set_value(decimalText(note->velocity() * 100.0 / 90).c_str());
-        if (!isFirst)
+        if (!isFirst || beat.isInChord)
             addElement(node, "chord");
         if (_plan.isUnpitched(*note))
             writeUnpitched(*note, *beat.beat, *place.staff, node);
@@ -175,6 +165,8 @@ void NoteWriter::tellRest(const Beat &rest)
     _context.addUnheldIf(rest.stemOrientation() != ZarnStemOrientation::Undefined,
                          "stem of a rest");
     _context.addUnheldIf(rest.isSlashed(), "slashes of a rest");
+    _context.addUnheldIf(rest.whammyBar().type != WhammyBarType::NoWhammyBar,
+                         "whammy bar of a rest");
     _context.addUnheldIf(rest.barVibrato() != Vibrato::None, "vibrato of a rest");
     _context.addUnheldIf(rest.arpeggioDirection() != Direction::None || rest.isNonArpeggio(),
                          "arpeggio of a rest");
@@ -398,7 +390,8 @@ void NoteWriter::writeNotations(const RhythmicBeat &placed, const Note *note, bo
         writeBend(note->bend(), notations, _context);
     if (note && isFirst && beat.hasDetails())
         writeWhammyBar(beat.whammyBar(), notations, _context);
-    signs.writeNotations(note, isFirst, notations);
+    if (!placed.isPlain || signs.isOpen())
+        signs.writeNotations(note, isFirst, notations);
     if (isFirst && _fermatas && !_fermatas->empty() && !beat.isGrace() && !isTablature)
         for (const auto &mark : *_fermatas)
             if (mark.position == placed.onset) {

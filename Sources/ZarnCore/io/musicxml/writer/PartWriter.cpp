@@ -15,7 +15,9 @@ PartWriter::PartWriter(const PartPlan &plan, int track, const ScorePlan &score,
                        ExportContext &context, XmlSink &sink)
     : _plan(plan), _track(track), _score(score), _context(context), _sink(sink),
       _attributes(plan, *score.model->masterTrack(), context), _directions(context),
-      _notes(plan, context), _ottavias(plan.staves().size(), Ottavia::None)
+      _crossed(plan, *score.model->masterTrack()),
+      _notes(plan.staves().size(), NoteWriter(plan, context)),
+      _ottavias(plan.staves().size(), Ottavia::None)
 {
     for (std::size_t staff = 0; staff < plan.staves().size(); ++staff)
         for (unsigned slot = 0; slot < Bar::MaxVoices; ++slot)
@@ -51,6 +53,15 @@ void PartWriter::writeMeasure(unsigned bar)
         _directions.writeBarStart(master(), bar, _cursor);
     // What stands behind the notes tells that the bar goes on.
     const bool goesOn = _attributes.reachesBehindNotes() || _plan.reach()[bar] < _cursor.latest();
+    for (std::size_t staff = 0; staff < _plan.staves().size(); ++staff) {
+        const auto &written = _plan.staves()[staff];
+        _notes[staff].startBar(*written.staff->bars()[bar], _fifths);
+        _notes[staff].setFermatas(column.fermatas());
+        if (bar == 0
+            && (_plan.hasLateVoices(static_cast<unsigned>(written.index))
+                || _crossed.hasGuests(staff)))
+            claimVoices(staff);
+    }
     if (_plan.contentOf(bar).hasNumberedSlurs)
         for (const auto staff : staffOrder(_plan.staves(), bar))
             writeStaff(staff, bar);
@@ -74,7 +85,10 @@ VoicePlace PartWriter::placeOf(std::size_t staff, unsigned slot) const
     place.staff = &_plan.staves()[staff];
     place.slot = slot;
     place.staffNumber = static_cast<int>(staff) + 1;
-    place.voiceNumber = static_cast<int>(staff * Bar::MaxVoices + slot) + 1;
+    const auto *const host = _crossed.hostOf({staff, slot});
+    place.voiceNumber = static_cast<int>(host ? host->staff * Bar::MaxVoices + host->slot
+                                              : staff * Bar::MaxVoices + slot)
+        + 1;
     place.hasSeveralStaves = _plan.staves().size() > 1;
     return place;
 }
@@ -104,19 +118,21 @@ void PartWriter::writeStaff(std::size_t staff, unsigned bar)
 {
     const auto &written = _plan.staves()[staff];
     const auto &source = *written.staff->bars()[bar];
-    if (bar == 0 && _plan.hasLateVoices(static_cast<unsigned>(written.index)))
-        claimVoices(staff);
-    _notes.startBar(source, _fifths);
-    _notes.setFermatas(master().masterBars()[bar]->fermatas());
     if (!written.isAlternate)
         findOttavias(staff, bar);
     else
         _changes.clear();
-    for (const auto slot : _plan.contentOf(bar).hasNumberedSlurs ? slotOrder(source) : usualSlots)
-        if (const auto &voice = source.voices()[slot]; voice && !voice->isEmpty()) {
+    for (const auto slot : _plan.contentOf(bar).hasNumberedSlurs ? slotOrder(source) : usualSlots) {
+        const StaffVoice place = {staff, static_cast<unsigned>(slot)};
+        const auto *const guest = _crossed.guestOf(place);
+        const auto &voice = source.voices()[slot];
+        if (guest && _crossed.hasBeats(*guest, bar)) {
+            writeCrossedVoice(place, *guest, bar);
+        } else if (voice && !voice->isEmpty() && !_crossed.hostOf(place)) {
             _rhythm.read(*voice, *master().masterBars()[bar]);
             writeVoice(staff, slot, bar);
         }
+    }
     // A sign that ends with the bar ends behind its last beat.
     if (written.isAlternate || _ottavias[staff] == Ottavia::None)
         return;
@@ -225,7 +241,6 @@ void PartWriter::writeFreeTime(const std::vector<RhythmicBeat> &beats, std::size
 void PartWriter::writeVoice(std::size_t staff, unsigned slot, unsigned bar)
 {
     const auto place = placeOf(staff, slot);
-    auto &signs = signsOf(staff, slot);
     const auto &beats = _rhythm.beats();
     const bool hasOttavias = !_changes.empty();
     _cursor.moveTo(0);
@@ -239,22 +254,76 @@ void PartWriter::writeVoice(std::size_t staff, unsigned slot, unsigned bar)
         }
         const auto &beat = beats[index];
         _cursor.passTo(beat.onset);
-        if (!place.staff->isAlternate) {
-            if (!_changes.empty())
-                writeOttavias(staff, slot, beat.onset);
-            if (!beat.beat->isCommon() || beat.beat->dynamic() != NoteDynamic()
-                || !beat.beat->text().empty())
-                _directions.writeBeat(*beat.beat, _cursor.measure(), place.staffNumber);
-        }
-        signs.start({place.staff->staff, bar, slot, static_cast<unsigned>(index)});
-        if (!place.staff->isAlternate) {
-            const double half = beat.length.toDouble() * static_cast<double>(_barDivisions) / 2;
-            signs.writeBefore(_cursor.measure(), place.staffNumber, half);
-        }
-        _notes.write(beat, place, _cursor, signs);
-        if (!place.staff->isAlternate)
-            signs.writeAfter(_cursor.measure(), place.staffNumber);
+        if (!place.staff->isAlternate && !_changes.empty())
+            writeOttavias(staff, slot, beat.onset);
+        writeBeat(beat, place, {place.staff->staff, bar, slot, static_cast<unsigned>(index)});
     }
+}
+
+void PartWriter::writeBeat(const RhythmicBeat &beat, const VoicePlace &place, const BeatPlace &at)
+{
+    auto &signs = signsOf(static_cast<std::size_t>(place.staffNumber) - 1, place.slot);
+    auto &notes = _notes[static_cast<std::size_t>(place.staffNumber) - 1];
+    if (beat.isPlain && !signs.isOpen())
+        return notes.write(beat, place, _cursor, signs);
+    const bool hasDirections = !place.staff->isAlternate && !beat.isInChord;
+    if (hasDirections
+        && (!beat.beat->isCommon() || beat.beat->dynamic() != NoteDynamic()
+            || !beat.beat->text().empty()))
+        _directions.writeBeat(*beat.beat, _cursor.measure(), place.staffNumber);
+    signs.start(at);
+    if (hasDirections) {
+        const double half = beat.length.toDouble() * static_cast<double>(_barDivisions) / 2;
+        signs.writeBefore(_cursor.measure(), place.staffNumber, half);
+    }
+    notes.write(beat, place, _cursor, signs);
+    if (hasDirections)
+        signs.writeAfter(_cursor.measure(), place.staffNumber);
+}
+
+/// A voice that changes staves: its notes tell which one they stand in.
+void PartWriter::writeCrossedVoice(const StaffVoice &host, const StaffVoice &guest, unsigned bar)
+{
+    const auto beats = _crossed.join(host, guest, bar);
+    if (!beats)
+        return;
+    _rhythm.read(aloneOf(*beats), *master().masterBars()[bar]);
+    _cursor.moveTo(0);
+    auto next = _rhythm.beats().begin();
+    RhythmicBeat rhythmic;
+    for (const auto &beat : *beats) {
+        const auto &line = beat.isGuest ? guest : host;
+        const auto place = placeOf(line.staff, line.slot);
+        const BeatPlace at = {place.staff->staff, bar, line.slot, beat.index};
+        if (beat.isFree()) {
+            writeFreeBeat(beat, place, at);
+            continue;
+        }
+        if (beat.role == CrossedBeat::Role::Alone) {
+            rhythmic = *next++;
+            _cursor.passTo(rhythmic.onset);
+        } else {
+            rhythmic.beat = beat.beat;
+            rhythmic.isInChord = true;
+            rhythmic.isPlain = false;
+            rhythmic.isBeamedFrom = rhythmic.isBeamedOn = false;
+            rhythmic.starts = rhythmic.stops = {};
+        }
+        rhythmic.isBeamSaid = true; // or it would not be one voice
+        writeBeat(rhythmic, place, at);
+    }
+}
+
+/// What a voice says in one staff while its notes are in another.
+void PartWriter::writeFreeBeat(const CrossedBeat &beat, const VoicePlace &place,
+                               const BeatPlace &at)
+{
+    auto &signs = signsOf(static_cast<std::size_t>(place.staffNumber) - 1, place.slot);
+    signs.start(at);
+    if (beat.role == CrossedBeat::Role::FreeEnd)
+        return signs.writeAfter(_cursor.measure(), place.staffNumber);
+    _directions.writeBeat(*beat.beat, _cursor.measure(), place.staffNumber);
+    signs.writeBefore(_cursor.measure(), place.staffNumber, 0);
 }
 
 } // namespace zarn::io

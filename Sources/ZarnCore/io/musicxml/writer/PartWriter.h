@@ -3,6 +3,7 @@
 
 #include <ZarnCore/io/musicxml/writer/AttributesWriter.h>
 #include <ZarnCore/io/musicxml/writer/BarlineWriter.h>
+#include <ZarnCore/io/musicxml/writer/CrossedVoices.h>
 #include <ZarnCore/io/musicxml/writer/DirectionWriter.h>
 #include <ZarnCore/io/musicxml/writer/LineSigns.h>
 #include <ZarnCore/io/musicxml/writer/MeasureCursor.h>
@@ -40,6 +41,9 @@ private:
     void writeMeasure(unsigned bar);
     void writeStaff(std::size_t staff, unsigned bar);
     void writeVoice(std::size_t staff, unsigned slot, unsigned bar);
+    void writeCrossedVoice(const StaffVoice &host, const StaffVoice &guest, unsigned bar);
+    void writeFreeBeat(const CrossedBeat &beat, const VoicePlace &place, const BeatPlace &at);
+    void writeBeat(const RhythmicBeat &beat, const VoicePlace &place, const BeatPlace &at);
     void writeFreeTime(const std::vector<RhythmicBeat> &beats, std::size_t &index);
     void claimVoices(std::size_t staff);
     void findOttavias(std::size_t staff, unsigned bar);
@@ -65,7 +69,8 @@ private:
     MeasureCursor _cursor;
     AttributesWriter _attributes;
     DirectionWriter _directions;
-    NoteWriter _notes;
+    CrossedVoices _crossed;
+    std::vector<NoteWriter> _notes; ///< by staff
     VoiceRhythm _rhythm;
     PartNumbers _numbers;
     std::vector<LineSigns> _signs;       ///< by staff and slot

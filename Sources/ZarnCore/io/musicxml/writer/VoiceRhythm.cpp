@@ -31,25 +31,62 @@ TupletRatios tupletRatios(const RhythmValue &rhythm)
     return tuplets;
 }
 
+namespace {
+
+bool isPlain(const RhythmicBeat &placed)
+{
+    const auto &beat = *placed.beat;
+    return beat.isCommon() && beat.dynamic() == NoteDynamic() && placed.tuplets.count == 0
+        && std::all_of(beat.notes().begin(), beat.notes().end(), [](const auto &note) {
+               return note->marks().isPlain() && !note->hasDetails() && note->fret() == Note::Unset;
+           });
+}
+
+} // namespace
+
 void VoiceRhythm::read(const Voice &voice, const MasterBar &bar)
+{
+    start();
+    for (const auto &beat : voice.beats())
+        add(*beat, bar);
+    finish(bar);
+}
+
+void VoiceRhythm::read(const std::vector<const Beat *> &beats, const MasterBar &bar)
+{
+    start();
+    for (const auto *const beat : beats)
+        add(*beat, bar);
+    finish(bar);
+}
+
+void VoiceRhythm::start()
 {
     _beats.clear();
     _end = 0;
     _hasTuplets = _hasFlags = false;
-    for (const auto &shared : voice.beats()) {
-        RhythmicBeat beat;
-        beat.beat = shared.get();
-        beat.onset = _end;
-        if (!shared->isGrace()) {
-            beat.length =
-                shared->isWholeBarRest() ? bar.length() : shared->rhythmValue().getLength();
-            _end += beat.length;
-        }
-        beat.tuplets = tupletRatios(shared->rhythmValue());
-        _hasTuplets = _hasTuplets || beat.tuplets.count > 0;
-        _hasFlags = _hasFlags || (shared->hasNotes() && flagsOf(*shared) > 0);
-        _beats.push_back(beat);
+}
+
+void VoiceRhythm::add(const Beat &added, const MasterBar &bar)
+{
+    auto &beat = _beats.emplace_back();
+    beat.beat = &added;
+    beat.onset = _end;
+    const auto &rhythm = added.rhythmValue();
+    if (!added.isGrace()) {
+        beat.length = added.isWholeBarRest() ? bar.length() : rhythm.getLength();
+        _end += beat.length;
     }
+    if (rhythm.hasPrimaryTuplet() || rhythm.hasSecondaryTuplet()) {
+        beat.tuplets = tupletRatios(rhythm);
+        _hasTuplets = _hasTuplets || beat.tuplets.count > 0;
+    }
+    beat.isPlain = isPlain(beat);
+    _hasFlags = _hasFlags || (added.hasNotes() && flagsOf(added) > 0);
+}
+
+void VoiceRhythm::finish(const MasterBar &bar)
+{
     if (_hasTuplets) {
         setTuplets(TupletLevel::Outer);
         setTuplets(TupletLevel::Inner);

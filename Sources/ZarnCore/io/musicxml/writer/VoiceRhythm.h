@@ -35,6 +35,8 @@ struct RhythmicBeat {
     bool isBeamedFrom = false; ///< a beam leads here
     bool isBeamedOn = false;   ///< and on
     bool isBeamSaid = false;   ///< what the beat says of its beam shows
+    bool isInChord = false;    ///< sounds with the beat that was written before it
+    bool isPlain = false;      ///< neither the beat nor its notes have any sign of their own
     int beamsFrom = 0;         ///< levels that it shares with the beat before
     int beamsOn = 0;
 };
@@ -43,11 +45,15 @@ struct RhythmicBeat {
 class VoiceRhythm {
 public:
     void read(const Voice &voice, const MasterBar &bar);
+    void read(const std::vector<const Beat *> &beats, const MasterBar &bar);
 
     const std::vector<RhythmicBeat> &beats() const noexcept { return _beats; }
     const utils::rational &end() const noexcept { return _end; }
 
 private:
+    void start();
+    void add(const Beat &beat, const MasterBar &bar);
+    void finish(const MasterBar &bar);
     void setTuplets(TupletLevel level);
     void setBeams(const MasterBar &bar);
 
