@@ -134,12 +134,14 @@ const std::set<std::string_view> joiningAttributes = {
 
 TEST(MusicXmlRoundTrip, attributesOfBeatsComeBackOrAreTold)
 {
-    expectKeptOrTold<Beat>(
-        joiningAttributes,
-        [](ScoreModel &model, const BeatAttributeRow &row, const AttributeValue &value) {
-            auto &beat = *model.track(0)->bar(1)->voice(0)->beat(1);
-            setAttribute(beat, row.id, value);
-        });
+    // A chord, and a rest, which stands in the notes and in the tablature.
+    for (const unsigned index : {1U, 2U})
+        expectKeptOrTold<Beat>(
+            joiningAttributes,
+            [index](ScoreModel &model, const BeatAttributeRow &row, const AttributeValue &value) {
+                auto &beat = *model.track(0)->bar(1)->voice(0)->beat(index);
+                setAttribute(beat, row.id, value);
+            });
 }
 
 TEST(MusicXmlRoundTrip, attributesOfNotesComeBackOrAreTold)

@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: MIT
+#include "ExportedMusicXml.h"
+
+#include "../support/SmallScore.h"
+
+#include <ZarnCore/model/form/ZarnTupletGroup.h>
+
+namespace {
+
+using namespace zarn;
+using namespace musicxml;
+
+TEST(MusicXmlExportRhythm, divisionsHoldAllLengthsExactly)
+{
+    // A triplet of eighths and a septuplet of sixteenths need 3 and 7, the sixteenths 4.
+    const Exported written(quarters(12,
+                                    tuplet("C", 3, 2) + tuplet("D", 3, 2) + tuplet("E", 3, 2)
+                                        + note("F", 4, 36, "half</type><dot/><type>half")));
+    EXPECT_EQ(written.all("//divisions"), "3");
+    EXPECT_EQ(written.all("//duration"), "1 1 1 9");
+    EXPECT_FALSE(written.has("//backup"));
+}
+
+TEST(MusicXmlExportRhythm, voicesAndStavesFollowEachOtherByBackups)
+{
+    const Exported written(quarters(1,
+                                    note("C", 5, 4, "whole") + backup(4)
+                                        + note("E", 4, 4, "whole", "", "2") + backup(4)
+                                        + note("C", 3, 4, "whole", "", "5", 2)));
+    EXPECT_EQ(written.all("//note/voice"), "1 2 5");
+    EXPECT_EQ(written.all("//note/staff"), "1 1 2");
+    EXPECT_EQ(written.all("//backup/duration"), "4 4");
+}
+
+TEST(MusicXmlExportRhythm, aVoiceInALaterSlotStaysThere)
+{
+    SmallScore small;
+    const auto copy = readFrom(exported(*small.score.scoreModel()));
+    const auto bar = copy->track(1)->bar(0);
+    EXPECT_EQ(bar->voice(1), nullptr);
+    ASSERT_NE(bar->voice(2), nullptr);
+    EXPECT_TRUE(bar->voice(2)->beat(0)->hasNotes());
+}
+
+TEST(MusicXmlExportRhythm, tupletsHaveTheirRatiosAndBrackets)
+{
+    const Exported written(quarters(12, tuplet("C", 3, 2) + tuplet("D", 3, 2) + tuplet("E", 3, 2)));
+    EXPECT_EQ(written.all("//actual-notes"), "3 3 3");
+    EXPECT_EQ(written.all("//normal-type"), "eighth eighth eighth");
+    EXPECT_EQ(written.all("//tuplet/@type"), "start stop");
+    EXPECT_EQ(written.all("//tuplet-actual/tuplet-number"), "3");
+}
+
+TEST(MusicXmlExportRhythm, innerTupletsKeepTheirOwnRatio)
+{
+    const auto model = std::make_shared<ScoreModel>();
+    model->createAndInsertTrack(0, InstrumentSet::flute);
+    model->insertEmptyBarColumns(0, 1);
+    const auto voice = model->track(0)->bar(0)->ensureVoice(0);
+    for (int i = 0; i < 6; ++i) {
+        RhythmValue rhythm(RhythmValue::NoteValue::Sixteenth);
+        rhythm.setPrimaryTupletRatio({3, 2});
+        rhythm.setSecondaryTupletRatio({6, 4});
+        auto beat = std::make_shared<Beat>(rhythm);
+        beat->addNote(std::make_shared<zarn::Note>(60 + i));
+        voice->addBeat(beat);
+    }
+    const Exported written(*model);
+    EXPECT_EQ(written.all("(//actual-notes)[1]"), "18");
+    const auto copy = readFrom(written.text());
+    EXPECT_EQ(copy->track(0)->bar(0)->voice(0)->beat(2)->rhythmValue(),
+              voice->beat(2)->rhythmValue());
+}
+
+TEST(MusicXmlExportRhythm, bracketsOfTupletsInTupletsAreAsLongAsTheirNotes)
+{
+    std::string nine;
+    for (int i = 0; i < 9; ++i)
+        nine += "<note><pitch><step>C</step><octave>4</octave></pitch><duration>4</duration>"
+                "<type>16th</type><time-modification><actual-notes>9</actual-notes><normal-notes>4"
+                "</normal-notes></time-modification><notations>"
+            + std::string(i == 0 ? "<tuplet type=\"start\" number=\"1\"><tuplet-actual>"
+                                   "<tuplet-number>3</tuplet-number></tuplet-actual><tuplet-normal>"
+                                   "<tuplet-number>2</tuplet-number></tuplet-normal></tuplet>"
+                                 : "")
+            + (i % 3 == 0 ? "<tuplet type=\"start\" number=\"2\"/>" : "")
+            + (i % 3 == 2 ? "<tuplet type=\"stop\" number=\"2\"/>" : "")
+            + (i == 8 ? "<tuplet type=\"stop\" number=\"1\"/>" : "") + "</notations></note>";
+    EXPECT_EQ(exportedWhole(quarters(36, nine), "//tuplet[@type='start']/@number"), "1 2 2 2");
+}
+
+TEST(MusicXmlExportRhythm, aTupletWhoseFirstNotesAreElsewhereEndsWithItsTime)
+{
+    RhythmValue triplet(RhythmValue::NoteValue::Eighth);
+    triplet.setPrimaryTupletRatio({3, 2});
+    const auto beatsUntilFull = [&triplet](const utils::rational &onset) {
+        TupletGroup group(triplet, TupletLevel::Outer, onset);
+        int beats = 0;
+        do {
+            group.add(triplet);
+            ++beats;
+        } while (!group.isFull() && beats < 9);
+        return beats;
+    };
+    EXPECT_EQ(beatsUntilFull(1), 3);
+    EXPECT_EQ(beatsUntilFull(utils::rational(4, 3)), 2);
+    EXPECT_EQ(beatsUntilFull(utils::rational(5, 3)), 1);
+    EXPECT_EQ(beatsUntilFull(utils::rational(1, 2)), 3) << "a syncopation";
+}
+
+TEST(MusicXmlExportRhythm, beamsAndAccidentalsAreWritten)
+{
+    const auto eighth = [](const char *step, const char *alter) {
+        return "<note><pitch><step>" + std::string(step) + "</step>" + alter
+            + "<octave>4</octave></pitch><duration>1</duration><type>eighth</type></note>";
+    };
+    const std::string sharp = "<alter>1</alter>";
+    const Exported written(quarters(2,
+                                    eighth("F", sharp.c_str()) + eighth("F", sharp.c_str())
+                                        + eighth("F", "") + eighth("G", "")));
+    EXPECT_EQ(written.all("//accidental"), "sharp natural");
+    EXPECT_EQ(written.all("//beam"), "begin continue continue end");
+    EXPECT_TRUE(written.has("//supports[@element='beam']"));
+    EXPECT_FALSE(written.has("//stem"));
+}
+
+TEST(MusicXmlExportRhythm, shorterNotesHaveHooks)
+{
+    const auto timed = [](int duration, const char *type, const char *dot) {
+        return "<note><pitch><step>C</step><octave>4</octave></pitch><duration>"
+            + std::to_string(duration) + "</duration><type>" + type + "</type>" + dot + "</note>";
+    };
+    const Exported written(quarters(4, timed(3, "eighth", "<dot/>") + timed(1, "16th", "")));
+    EXPECT_EQ(written.all("//note[2]/beam"), "end backward hook");
+}
+
+/// Many documents leave the numbers of an outer tuplet to its first note.
+TEST(MusicXmlExportRhythm, tupletsWithoutNumbersHaveOthersInside)
+{
+    const auto triplet = [](const char *step, const std::string &ends) {
+        return tuplet(step, 3, 2, ends);
+    };
+    const auto sixteenth = [](const char *step, const std::string &ends) {
+        auto text = tuplet(step, 9, 4, ends);
+        text.replace(text.find("<duration>4"), 11, "<duration>1");
+        return text.replace(text.find("eighth"), 6, "16th");
+    };
+    const std::string inner = "<tuplet type=\"start\" number=\"2\"><tuplet-actual><tuplet-number>3"
+                              "</tuplet-number></tuplet-actual><tuplet-normal><tuplet-number>2"
+                              "</tuplet-number></tuplet-normal></tuplet>";
+    const auto model = readFrom(score(
+        quarters(12,
+                 triplet("C", "<tuplet type=\"start\"/>") + sixteenth("D", inner)
+                     + sixteenth("E", "") + sixteenth("F", "<tuplet type=\"stop\" number=\"2\"/>")
+                     + triplet("G", "<tuplet type=\"stop\"/>") + triplet("A", ""))));
+    const auto rhythm = [&](unsigned beat) {
+        return model->track(0)->bar(0)->voice(0)->beat(beat)->rhythmValue();
+    };
+    const RhythmValue::TupletRatio threeInTwo(3, 2);
+    EXPECT_EQ(rhythm(2).getPrimaryTupletRatio(), threeInTwo);
+    EXPECT_EQ(rhythm(2).getSecondaryTupletRatio(), threeInTwo);
+    EXPECT_FALSE(rhythm(4).hasSecondaryTuplet());
+    EXPECT_FALSE(rhythm(5).hasSecondaryTuplet());
+}
+
+/// Beams and tuplets of a voice that changes staves stay whole, as do chords over both.
+TEST(MusicXmlExportRhythm, aVoiceThatChangesStavesStaysOne)
+{
+    const auto eighth = [](const char *step, int staff, const std::string &beam) {
+        return note(step, 4, 1, "eighth</type><beam number=\"1\">" + beam + "</beam><type>eighth",
+                    {}, "1", staff);
+    };
+    const std::string start =
+        quarters(2,
+                 eighth("C", 1, "begin") + eighth("D", 2, "continue") + eighth("E", 2, "continue")
+                     + eighth("F", 1, "end") + note("G", 4, 4, "half", {}, "1", 1)
+                     + note("C", 3, 4, "half", "<chord/>", "1", 2));
+    const std::string below =
+        measure(note("G", 4, 8, "whole") + backup(8) + note("C", 3, 8, "whole", {}, "5", 2));
+    const auto upper = measure(note("G", 4, 8, "whole"));
+    EXPECT_EQ(exportedWhole(start + upper, "//beam"), "begin continue continue end");
+    EXPECT_EQ(exportedWhole(start + upper, "//note/staff"), "1 2 2 1 1 2 1");
+    EXPECT_EQ(exportedWhole(start + below, "//measure[1]/note/voice"), "1 1 1 1 1 1");
+    EXPECT_EQ(exportedWhole(below + start, "//measure[2]/note/staff"), "1 2 2 1 1 2");
+}
+
+} // namespace
