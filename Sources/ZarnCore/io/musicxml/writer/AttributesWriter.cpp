@@ -104,6 +104,9 @@ int AttributesWriter::write(unsigned bar, MeasureCursor &cursor)
 
 void AttributesWriter::writeKey(unsigned bar, MeasureCursor &cursor)
 {
+    const auto &columns = _master.masterBars();
+    if (bar > 0 && columns[bar]->concertKeySignature() == columns[bar - 1]->concertKeySignature())
+        return;
     const auto key = writtenKeySignature(*_plan.track().staves().front()->bars()[bar]);
     const bool isSame =
         key.accidentalCount() == _key.accidentalCount() && key.isMajor() == _key.isMajor();

@@ -71,11 +71,13 @@ void VoiceRhythm::add(const Beat &added, const MasterBar &bar)
 {
     auto &beat = _beats.emplace_back();
     beat.beat = &added;
-    beat.onset = _end;
+    const auto onset = _end;
+    beat.onset = onset;
     const auto &rhythm = added.rhythmValue();
     if (!added.isGrace()) {
-        beat.length = added.isWholeBarRest() ? bar.length() : rhythm.getLength();
-        _end += beat.length;
+        const auto length = added.isWholeBarRest() ? bar.length() : rhythm.getLength();
+        beat.length = length;
+        _end = onset + length;
     }
     if (rhythm.hasPrimaryTuplet() || rhythm.hasSecondaryTuplet()) {
         beat.tuplets = tupletRatios(rhythm);

@@ -7,7 +7,7 @@ namespace zarn::io {
 
 namespace {
 
-constexpr std::size_t blockSize = std::size_t(1) << 18;
+constexpr std::size_t blockSize = std::size_t(1) << 15;
 
 } // namespace
 
