@@ -35,6 +35,7 @@ io::MidiExportOptions writtenMidi(const Arguments &arguments)
     options.format = arguments.number(QStringLiteral("format"), 0, 1, options.format);
     if (arguments.has(QStringLiteral("channel-per-string")))
         options.channels = playback::Channels::OnePerString;
+    options.saysNotation = !arguments.has(QStringLiteral("plain"));
     return options;
 }
 
@@ -51,7 +52,8 @@ void refuse(const Arguments &arguments, std::initializer_list<const char *> opti
 void checkOptions(const std::string &path, const Arguments &arguments)
 {
     if (!isSuffixOf(io::MidiExporter(), path))
-        refuse(arguments, {"ppq", "format", "channel-per-string"}, "MIDI files that are written");
+        refuse(arguments, {"ppq", "format", "channel-per-string", "plain"},
+               "MIDI files that are written");
     if (!isSuffixOf(io::TextExporter(), path))
         refuse(arguments, {"rhythm"}, "texts, .tab and .txt");
 }
@@ -95,7 +97,9 @@ std::vector<Option> options()
                 {QStringLiteral("format"), QString(), QStringLiteral("0|1"),
                  QStringLiteral("MIDI out: 1 for a track each (as without it), 0 for all in one.")},
                 {QStringLiteral("channel-per-string"), QString(), QString(),
-                 QStringLiteral("MIDI out: a channel for each string.")}});
+                 QStringLiteral("MIDI out: a channel for each string.")},
+                {QStringLiteral("plain"), QString(), QString(),
+                 QStringLiteral("MIDI out: without what zarn reads of how bars are written.")}});
     return all;
 }
 

@@ -6,6 +6,7 @@
 #include <ZarnCore/io/midi/ConductorTrack.h>
 #include <ZarnCore/io/midi/PitchWheel.h>
 #include <ZarnCore/io/midi/SungWords.h>
+#include <ZarnCore/io/midi/WrittenBarWriter.h>
 #include <ZarnCore/io/midi/ZarnMidiFile.h>
 #include <ZarnCore/io/midi/ZarnMidiFileWriter.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
@@ -35,9 +36,11 @@ public:
     FileBuilder(const ScoreModel &model, const playback::PlaybackPlan &plan,
                 const MidiExportOptions &options, ExportReport &report)
         : _model(model), _plan(plan), _ticks(plan, options.ticksPerQuarter),
-          _isOneTrack(options.format == 0)
+          _isOneTrack(options.format == 0), _saysNotation(options.saysNotation && !_isOneTrack)
     {
         addConductor(model, plan, _ticks, builderOf(0).meta(), report);
+        if (_saysNotation)
+            addWrittenMeters(model, plan, _ticks, builderOf(0).meta());
         findLanes();
     }
 
@@ -53,6 +56,8 @@ public:
                                              note.velocity);
         for (const auto &track : _model.tracks()) // their main lanes come first
             addLyrics(*track, _plan, _ticks, builderOfLane(track->index()).meta());
+        if (_saysNotation)
+            addNotation();
         std::vector<MidiTrack> tracks;
         for (MidiTrackBuilder &builder : _builders)
             tracks.push_back(builder.finish(_ticks.tickOf(_plan.end())));
@@ -103,6 +108,29 @@ private:
             builder.meta().addMeta(0, MidiMeta::Port, {&byte, 1});
     }
 
+    /// How the tracks are written that are whole in one track of the file.
+    void addNotation()
+    {
+        std::vector<MidiTrack *> tracks;
+        for (unsigned track = 0; track < _model.trackCount(); ++track)
+            tracks.push_back(&_builders[mainBuilder(track)].meta());
+        for (std::size_t lane = 0; lane < _plan.lanes().size(); ++lane) {
+            const unsigned track = _plan.lanes()[lane].track;
+            if (_isUsed[lane] && _builderOfLane[lane] != mainBuilder(track))
+                tracks[track] = nullptr;
+        }
+        addWrittenBars(_model, _plan, _ticks, tracks);
+    }
+
+    /// That of the first lane of a track that is in use.
+    std::size_t mainBuilder(unsigned track) const
+    {
+        for (std::size_t lane = 0; lane < _plan.lanes().size(); ++lane)
+            if (_plan.lanes()[lane].track == track && _isUsed[lane])
+                return _builderOfLane[lane];
+        return 0;
+    }
+
     void addControls()
     {
         std::vector<bool> hasBanks(_model.trackCount());
@@ -146,6 +174,7 @@ private:
     const playback::PlaybackPlan &_plan;
     const TickMap _ticks;
     bool _isOneTrack;
+    bool _saysNotation;
     std::vector<MidiTrackBuilder> _builders;
     std::vector<std::size_t> _builderOfLane;
     std::vector<bool> _isUsed;

@@ -16,6 +16,11 @@ struct MidiExportOptions {
     int format =
         1; ///< 1: a track for each track of the score behind one for the tempo; 0: all in one
     playback::Channels channels = playback::Channels::OnePerTrack;
+
+    /// Whether files of format 1 say how their bars are written, in events for sequencers (FF 7F)
+    /// that other programs pass over: `MidiImporter` then has staves, voices, lengths, ties and
+    /// spelling as they were.
+    bool saysNotation = true;
 };
 
 /// Writes Standard MIDI Files, suffix "mid", of what a score sounds like (`PlaybackPlan`): all

@@ -2,6 +2,7 @@
 #include <ZarnCore/io/midi/MeterLine.h>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace zarn::io {
 
@@ -45,6 +46,34 @@ std::vector<MidiTime> beatsOf(const MeterBar &bar)
 MeterLine::MeterLine(std::vector<MeterChange> changes, MidiTime pickup, MidiTime end,
                      std::size_t mostBars)
 {
+    addAllBars(changes, pickup, end, mostBars);
+    // Music that ends in the middle of a bar fills it.
+    if (_bars.size() < mostBars)
+        _bars.back().length = std::max(_bars.back().length, lengthOf(_bars.back().meter));
+    if (!_hasPickup)
+        findPickup();
+    joinSplitBars();
+}
+
+MeterLine MeterLine::ofWritten(std::vector<MeterChange> changes,
+                               const std::vector<MeterChange> &written, MidiTime end,
+                               std::size_t mostBars)
+{
+    MeterLine line;
+    line.addAllBars(changes, 0, end, mostBars);
+    for (const MeterChange &change : written) {
+        MeterBar &bar = line._bars[line.barAt(change.time + nearBarLine)];
+        if (std::abs(bar.start - change.time) <= nearBarLine)
+            bar.meter = change.meter;
+    }
+    const MeterBar &first = line._bars.front();
+    line._hasPickup = line._bars.size() > 1 && first.length < lengthOf(first.meter);
+    return line;
+}
+
+void MeterLine::addAllBars(const std::vector<MeterChange> &changes, MidiTime pickup, MidiTime end,
+                           std::size_t mostBars)
+{
     TimeSignature meter;
     auto next = changes.begin();
     for (; next != changes.end() && next->time < nearBarLine; ++next)
@@ -58,14 +87,8 @@ MeterLine::MeterLine(std::vector<MeterChange> changes, MidiTime pickup, MidiTime
         meter = next->meter;
     }
     addBars(meter, end, mostBars);
-    // Music that ends in the middle of a bar fills it.
-    if (!_bars.empty() && _bars.size() < mostBars)
-        _bars.back().length = std::max(_bars.back().length, lengthOf(_bars.back().meter));
     if (_bars.empty())
         _bars.push_back({0, lengthOf(meter), meter});
-    if (!_hasPickup)
-        findPickup();
-    joinSplitBars();
 }
 
 void MeterLine::addBars(const TimeSignature &meter, MidiTime until, std::size_t mostBars)

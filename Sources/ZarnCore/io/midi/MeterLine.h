@@ -36,6 +36,12 @@ public:
     MeterLine(std::vector<MeterChange> changes, MidiTime pickup, MidiTime end,
               std::size_t mostBars);
 
+    /// The bars of a file that says how they are written: of its meters, those apart that
+    /// `written` gives another one, whatever their length.
+    static MeterLine ofWritten(std::vector<MeterChange> changes,
+                               const std::vector<MeterChange> &written, MidiTime end,
+                               std::size_t mostBars);
+
     const std::vector<MeterBar> &bars() const noexcept { return _bars; }
 
     /// The bar that a time lies in; the last one behind the end.
@@ -44,6 +50,10 @@ public:
     bool hasPickup() const noexcept { return _hasPickup; }
 
 private:
+    MeterLine() = default;
+
+    void addAllBars(const std::vector<MeterChange> &changes, MidiTime pickup, MidiTime end,
+                    std::size_t mostBars);
     void addBars(const TimeSignature &meter, MidiTime until, std::size_t mostBars);
     void findPickup();
     void joinSplitBars();

@@ -7,6 +7,7 @@
 #include <ZarnCore/io/midi/MidiOddities.h>
 #include <ZarnCore/io/midi/MidiText.h>
 #include <ZarnCore/io/midi/StringFolder.h>
+#include <ZarnCore/io/midi/WrittenBarReader.h>
 #include <ZarnCore/io/midi/ZarnMidiFile.h>
 #include <ZarnCore/model/ZarnTrackDefaults.h>
 
@@ -55,6 +56,7 @@ struct TrackContent {
     std::array<std::vector<SoundChange>, channelCount> sounds; ///< all, in the order of time
     std::vector<MidiText> lyrics;
     std::vector<MidiText> texts;
+    std::vector<TimedBar> bars; ///< as they are written, where the file says it
     bool hasNotes = false;
     bool hasKaraoke = false;
 };
@@ -126,7 +128,10 @@ private:
     }
 
     void readTrack(const MidiTrack &track, double offset);
+    void addWrittenMeter(const WrittenMeter &meter, MidiTime time);
+    void readWrittenBars(TrackContent &content);
     void readMeta(const MidiTrack &track, const MidiEvent &event, MidiTime time);
+    void endOpenNotes(const MidiTrack &track, TrackContent &content, double offset);
     static void chooseSounds(TrackContent &content);
     static void readControl(const MidiEvent &event, ChannelSetting &setting, SoundChange &sound);
     static void setOnce(int &setting, int value)
@@ -207,8 +212,15 @@ void MusicReader::readTrack(const MidiTrack &track, double offset)
         }
     }
     chooseSounds(content);
-    if (left == 0)
-        return;
+    if (left > 0)
+        endOpenNotes(track, content, offset);
+    if (!content.bars.empty())
+        readWrittenBars(content);
+}
+
+void MusicReader::endOpenNotes(const MidiTrack &track, TrackContent &content, double offset)
+{
+    auto &open = _open;
     // What never ends is held to the end of the music, or a quarter if it came last.
     const MidiTime end = track.events().empty() ? 0 : timeOf(track.events().back().tick, offset);
     for (std::size_t place = 0; place < open.size(); ++place)
@@ -312,9 +324,34 @@ void MusicReader::readMeta(const MidiTrack &track, const MidiEvent &event, MidiT
             _oddities.add("a key signature that cannot be was left out", static_cast<int>(_number));
         break;
     }
+    case MidiMeta::SequencerSpecific:
+        if (auto bar = readWrittenBar(payload))
+            content.bars.push_back({time, std::move(*bar)});
+        else if (const auto meter = readWrittenMeter(payload))
+            addWrittenMeter(*meter, time);
+        break;
     default:
         break;
     }
+}
+
+void MusicReader::addWrittenMeter(const WrittenMeter &meter, MidiTime time)
+{
+    if (meter.isEnd())
+        _music.writtenEnd = time;
+    else
+        _music.writtenMeters.push_back({time, TimeSignature(meter.numerator, meter.denominator)});
+}
+
+void MusicReader::readWrittenBars(TrackContent &content)
+{
+    const std::size_t wrong =
+        matchWrittenBars(std::move(content.bars), content.notes, _music.written);
+    for (std::size_t i = 0; i < wrong; ++i)
+        _oddities.add(
+            "the notes of a bar are no longer as the file says that they were written: it "
+            "was read anew",
+            static_cast<int>(_number));
 }
 
 void MusicReader::makeParts()

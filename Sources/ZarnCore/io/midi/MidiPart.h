@@ -6,6 +6,7 @@
 #include <ZarnCore/io/midi/PitchSpeller.h>
 #include <ZarnCore/io/midi/TempoLine.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -66,6 +67,12 @@ struct MidiMusic {
     std::vector<MeterChange> meters;
     std::vector<KeyChange> keys;
     std::vector<MidiText> sections;
+
+    /// How notes are written, where the file says it, and meters of bars that have another length.
+    std::vector<WrittenPlace> written;
+    std::vector<MeterChange> writtenMeters;
+    std::optional<MidiTime> writtenEnd; ///< of the last bar
+
     std::vector<MidiPart> parts;
 };
 

@@ -6,11 +6,10 @@
 #include <ZarnCore/io/midi/MasterBarWriter.h>
 #include <ZarnCore/io/midi/MidiMusicReader.h>
 #include <ZarnCore/io/midi/MidiOddities.h>
-#include <ZarnCore/io/midi/OrnamentFinder.h>
+#include <ZarnCore/io/midi/PartFitter.h>
 #include <ZarnCore/io/midi/PickupFinder.h>
-#include <ZarnCore/io/midi/RhythmQuantizer.h>
 #include <ZarnCore/io/midi/TrackWriter.h>
-#include <ZarnCore/io/midi/VoiceSeparator.h>
+#include <ZarnCore/io/midi/WrittenPlacer.h>
 #include <ZarnCore/io/midi/ZarnMidiFile.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/notes/SpanFaults.h>
@@ -28,9 +27,6 @@ namespace {
 constexpr std::size_t barsForNothing = 60'000;
 constexpr std::size_t barsPerNote = 2;
 
-/// Further than this no note is moved without a word.
-constexpr MidiTime farMoved = midiQuarter / 8;
-
 class ScoreReader {
 public:
     ScoreReader(const MidiFile &file, const MidiImportOptions &options, ImportReport &report)
@@ -42,34 +38,23 @@ public:
     std::shared_ptr<ScoreModel> read()
     {
         for (MidiPart &part : _music.parts)
-            if (!part.isDrums && part.strings.empty() && part.staves.size() == 1
-                && isForTwoHands(part) && needsTwoStaves(part.staves.front()))
-                part.staves = splitHands(part.staves.front());
+            makeStaves(part);
         const MeterLine bars = makeBars();
         dropNotesBehind(bars);
-        quantize(bars);
-        for (MidiPart &part : _music.parts)
-            if (!part.isDrums)
-                for (PlayedNotes &notes : part.staves)
-                    spell(notes, _music.keys);
+        fitParts(bars);
         writeMasterBars(_music, bars, *_model);
-        for (const MidiPart &part : _music.parts)
-            writeTrack(part, bars, *_model, _oddities);
-        // Words whose syllables were left out end with those that they have.
-        for (const auto &track : _model->tracks())
-            mendBrokenSpans(*track);
+        writeTracks(bars);
         _oddities.tell(_report);
         return std::move(_model);
     }
 
 private:
+    void makeStaves(MidiPart &part) const;
     MeterLine makeBars();
     MidiTime pickup() const;
     void dropNotesBehind(const MeterLine &bars);
-    void quantize(const MeterLine &bars);
-    static void addGraces(const PlayedNotes &graces, PlayedNotes &notes);
-    void tellMoved(const MidiPart &part, const PlayedNotes &notes);
-    void dropDoubles(MidiPart &part, PlayedNotes &notes);
+    void fitParts(const MeterLine &bars);
+    void writeTracks(const MeterLine &bars);
 
     const MidiImportOptions &_options;
     ImportReport &_report;
@@ -77,6 +62,17 @@ private:
     MidiMusic _music;
     std::shared_ptr<ScoreModel> _model;
 };
+
+void ScoreReader::makeStaves(MidiPart &part) const
+{
+    if (part.isDrums || part.staves.size() != 1)
+        return;
+    PlayedNotes &notes = part.staves.front();
+    if (isToldAtAll(notes))
+        part.staves = splitAsWritten(notes, _music.written);
+    else if (part.strings.empty() && isForTwoHands(part) && needsTwoStaves(notes))
+        part.staves = splitHands(notes);
+}
 
 /// The music in front of the first whole bar, which no file says unless by a meter.
 MidiTime ScoreReader::pickup() const
@@ -127,8 +123,10 @@ MeterLine ScoreReader::makeBars()
                 last = std::max(last, note.playedStart + 1);
     // Long bars cost more: no more time than bars of four quarters have.
     const auto mostTime = static_cast<MidiTime>(most) * 4 * midiQuarter;
-    return MeterLine(_music.meters, pickup(), std::min(std::max(last, _music.end - late), mostTime),
-                     most);
+    if (_music.writtenEnd)
+        return MeterLine::ofWritten(_music.meters, _music.writtenMeters,
+                                    std::min(std::max(last, *_music.writtenEnd), mostTime), most);
+    return {_music.meters, pickup(), std::min(std::max(last, _music.end - late), mostTime), most};
 }
 
 void ScoreReader::dropNotesBehind(const MeterLine &bars)
@@ -150,7 +148,7 @@ void ScoreReader::dropNotesBehind(const MeterLine &bars)
         }
 }
 
-void ScoreReader::quantize(const MeterLine &bars)
+void ScoreReader::fitParts(const MeterLine &bars)
 {
     std::vector<PlayedNotes *> staves;
     for (MidiPart &part : _music.parts)
@@ -161,83 +159,19 @@ void ScoreReader::quantize(const MeterLine &bars)
     choice.hasTuplets = _options.hasTuplets;
     if (_options.shortestNote)
         choice.shortest = (*_options.shortestNote * utils::rational(midiQuarter)).round();
-    if (!accuracy.isPlayed)
-        for (MidiPart &part : _music.parts)
-            for (PlayedNotes &notes : part.staves)
-                if (!part.isDrums)
-                    findOrnaments(notes, _music.tempos, _music.tick);
-    RhythmQuantizer quantizer(bars, _music.tempos, accuracy, choice);
-    const MidiTime end = bars.bars().back().end();
+    PartFitter fitter(_music, bars, accuracy, choice);
     for (MidiPart &part : _music.parts)
-        for (PlayedNotes &notes : part.staves) {
-            if (part.isDrums)
-                quantizer.quantizeDrums(notes);
-            else
-                quantizer.quantize(notes);
-            for (PlayedNote &note : notes) {
-                note.start = std::min(note.start, end - 1);
-                note.end = std::min(note.end, end);
-            }
-            tellMoved(part, notes);
-            // Grace notes take no time and go with the notes that they lead to.
-            PlayedNotes graces;
-            const auto firstGrace = std::stable_partition(
-                notes.begin(), notes.end(), [](const PlayedNote &note) { return !note.isGrace; });
-            graces.assign(firstGrace, notes.end());
-            notes.erase(firstGrace, notes.end());
-            dropDoubles(part, notes);
-            const auto losses = separateVoices(notes, bars);
-            for (std::size_t i = 0; i < losses.shortened; ++i)
-                _oddities.add("a note was made shorter: a staff has four voices", part.midiTrack);
-            addGraces(graces, notes);
-        }
+        fitter.fit(part, _oddities);
 }
 
-/// Puts grace notes in front of the nearest notes that begin with them, in their voice.
-void ScoreReader::addGraces(const PlayedNotes &graces, PlayedNotes &notes)
+void ScoreReader::writeTracks(const MeterLine &bars)
 {
-    PlayedNotes all;
-    all.reserve(graces.size() + notes.size());
-    auto grace = graces.begin();
-    for (std::size_t i = 0; i < notes.size(); ++i) {
-        for (; grace != graces.end() && grace->start <= notes[i].start; ++grace) {
-            const PlayedNote *main = &notes[i];
-            for (std::size_t k = i; k < notes.size() && notes[k].start == notes[i].start; ++k)
-                if (std::abs(notes[k].key - grace->key) < std::abs(main->key - grace->key))
-                    main = &notes[k];
-            all.push_back(*grace);
-            all.back().start = all.back().end = main->start;
-            all.back().voice = main->voice;
-        }
-        all.push_back(notes[i]);
+    for (const MidiPart &part : _music.parts) {
+        writeTrack(part, bars, *_model, _oddities);
+        // Words whose syllables were left out end with those that they have.
+        if (!part.lyrics.empty())
+            mendBrokenSpans(*_model->tracks().back());
     }
-    notes = std::move(all);
-}
-
-void ScoreReader::tellMoved(const MidiPart &part, const PlayedNotes &notes)
-{
-    for (const PlayedNote &note : notes)
-        if (std::abs(note.start - note.playedStart) > farMoved)
-            _oddities.add("a note was moved by more than a 32nd", part.midiTrack);
-}
-
-/// One key struck twice at one time is one note, the longer one.
-void ScoreReader::dropDoubles(MidiPart &part, PlayedNotes &notes)
-{
-    std::stable_sort(notes.begin(), notes.end(),
-                     [](const PlayedNote &left, const PlayedNote &right) {
-                         if (left.start != right.start)
-                             return left.start < right.start;
-                         return left.key != right.key ? left.key < right.key : left.end > right.end;
-                     });
-    const auto last = std::unique(notes.begin(), notes.end(),
-                                  [](const PlayedNote &left, const PlayedNote &right) {
-                                      return left.start == right.start && left.key == right.key
-                                          && left.string == right.string;
-                                  });
-    for (auto note = last; note != notes.end(); ++note)
-        _oddities.add("of two notes of one key at one time one was left out", part.midiTrack);
-    notes.erase(last, notes.end());
 }
 
 } // namespace

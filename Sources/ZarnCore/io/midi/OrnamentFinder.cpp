@@ -47,10 +47,9 @@ public:
             findRoll(i, quarterSeconds);
             findGrace(i, quarterSeconds);
         }
-        std::stable_sort(_notes.begin(), _notes.end(),
-                         [](const PlayedNote &left, const PlayedNote &right) {
-                             return left.playedStart < right.playedStart;
-                         });
+        sortNearlySorted(_notes, [](const PlayedNote &left, const PlayedNote &right) {
+            return left.playedStart < right.playedStart;
+        });
     }
 
 private:

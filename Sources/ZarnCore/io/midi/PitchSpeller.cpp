@@ -47,21 +47,27 @@ bool isOfMinor(const KeyChange &key, int fifth)
 
 class Speller {
 public:
-    explicit Speller(PlayedNotes &notes) : _notes(notes) { }
+    explicit Speller(PlayedNotes &notes) : _notes(notes)
+    {
+        _classes.reserve(notes.size());
+        for (const PlayedNote &note : notes)
+            _classes.push_back(static_cast<std::int8_t>(note.key % keysPerOctave));
+        _fifths.assign(notes.size(), 0);
+    }
 
     void spellByKey(std::size_t index, const KeyChange &key)
     {
         // Seven of the key, then the usual ones: three sharps and two flats.
         constexpr int flats = 2;
-        _notes[index].fifth =
-            static_cast<std::int8_t>(fifthFrom(_notes[index].key, firstOfKey(key) - flats));
-        if (key.isMinor && isOfMinor(key, _notes[index].fifth + keysPerOctave))
-            _notes[index].fifth = static_cast<std::int8_t>(_notes[index].fifth + keysPerOctave);
+        int fifth = fifthFrom(_notes[index].key, firstOfKey(key) - flats);
+        if (key.isMinor && isOfMinor(key, fifth + keysPerOctave))
+            fifth += keysPerOctave;
+        choose(index, fifth);
     }
 
     void spellByContext(std::size_t index, const KeyChange &key)
     {
-        PlayedNote &note = _notes[index];
+        const PlayedNote &note = _notes[index];
         const int own = fifthFrom(note.key, firstOfKey(key));
         if (own <= firstOfKey(key) + 6)
             return;
@@ -72,17 +78,21 @@ public:
         int ofFlat = 0;
         const std::size_t end = std::min(_notes.size(), index + context + 1);
         for (std::size_t i = index < context ? 0 : index - context; i < end; ++i) {
-            const PlayedNote &other = _notes[i];
-            const bool counts = (other.key - note.key) % keysPerOctave != 0;
-            ofOwn += counts ? std::abs(own - other.fifth) : 0;
-            ofFlat += counts ? std::abs(flat - other.fifth) : 0;
+            const int counts = _classes[i] != _classes[index] ? 1 : 0;
+            ofOwn += counts * std::abs(own - _fifths[i]);
+            ofFlat += counts * std::abs(flat - _fifths[i]);
         }
         const double costOfOwn = perFifthOfNeighbour * ofOwn + costOf(note, own, next, key);
         const double costOfFlat = perFifthOfNeighbour * ofFlat + costOf(note, flat, next, key);
-        note.fifth = static_cast<std::int8_t>(costOfOwn <= costOfFlat ? own : flat);
+        choose(index, costOfOwn <= costOfFlat ? own : flat);
     }
 
 private:
+    void choose(std::size_t index, int fifth)
+    {
+        _notes[index].fifth = _fifths[index] = static_cast<std::int8_t>(fifth);
+    }
+
     static double costOf(const PlayedNote &note, int fifth, const PlayedNote *next,
                          const KeyChange &key)
     {
@@ -122,6 +132,10 @@ private:
     }
 
     PlayedNotes &_notes;
+
+    // By note, close together for those who look around.
+    std::vector<std::int8_t> _classes; ///< keys within an octave
+    std::vector<std::int8_t> _fifths;
 };
 
 } // namespace
@@ -150,6 +164,20 @@ PitchClass spellingOfFifth(int fifth) noexcept
     const int place = std::clamp(fifth, lowestFifth, highestFifth) - lowestFifth;
     return PitchClass(static_cast<NoteName::Value>(letters[static_cast<std::size_t>(place % 7)]),
                       static_cast<NoteAccidental::Value>(place / 7));
+}
+
+int fifthOf(const PitchClass &spelling) noexcept
+{
+    constexpr std::array<int, 7> fifths = {0, 2, 4, -1, 1, 3, 5}; // of C D E F G A B
+    constexpr int fifthsOfSharp = 7;
+    return fifths[static_cast<std::size_t>(spelling.note().value())]
+        + fifthsOfSharp * spelling.alterationSemitones();
+}
+
+int fifthsOfTransposition(int offset) noexcept
+{
+    const int fifths = ((-7 * offset) % keysPerOctave + keysPerOctave) % keysPerOctave;
+    return fifths > keysPerOctave / 2 ? fifths - keysPerOctave : fifths;
 }
 
 } // namespace zarn::io

@@ -251,9 +251,23 @@ double RhythmQuantizer::looseness(const PlayedNotes &notes) const
     return median(distances);
 }
 
-MidiTime RhythmQuantizer::endFor(MidiTime start, MidiTime playedEnd, const PlayedNotes &notes,
+/// The first onset that is not in front of an end, looked for from that of its note on: it is near.
+std::size_t RhythmQuantizer::onsetFrom(MidiTime end, std::size_t note) const noexcept
+{
+    std::size_t before = _heard[note] < end ? note : 0;
+    std::size_t step = _heard[note] < end ? 1 : _heard.size();
+    for (; before + step < _heard.size() && _heard[before + step] < end; step *= 2)
+        before += step;
+    const auto from = _heard.begin() + static_cast<std::ptrdiff_t>(before);
+    const auto to =
+        _heard.begin() + static_cast<std::ptrdiff_t>(std::min(before + step, _heard.size()));
+    return static_cast<std::size_t>(std::lower_bound(from, to, end) - _heard.begin());
+}
+
+MidiTime RhythmQuantizer::endFor(std::size_t note, MidiTime playedEnd, const PlayedNotes &notes,
                                  double looseness) const
 {
+    const MidiTime start = notes[note].start;
     // Ends that are cut a little short are usual, also in files that are written.
     const std::size_t beat = beatAt(playedEnd);
     const BeatPlace &place = _beats[beat];
@@ -281,15 +295,11 @@ MidiTime RhythmQuantizer::endFor(MidiTime start, MidiTime playedEnd, const Playe
     constexpr double priceOfBeat = 0.2;
 
     // The onsets around it, by when they were played.
-    const auto next = std::lower_bound(_heard.begin(), _heard.end(), playedEnd);
-    const auto startOf = [&](std::vector<MidiTime>::const_iterator heard) {
-        const auto index = static_cast<std::size_t>(heard - _heard.begin());
-        return notes[index].start;
-    };
-    if (next != _heard.end())
-        take(startOf(next), costOf(startOf(next)));
-    if (next != _heard.begin())
-        take(startOf(next - 1), costOf(startOf(next - 1)));
+    const std::size_t next = onsetFrom(playedEnd, note);
+    if (next < notes.size())
+        take(notes[next].start, costOf(notes[next].start));
+    if (next > 0)
+        take(notes[next - 1].start, costOf(notes[next - 1].start));
     if (bestCost < 1)
         return best;
     take(place.start + place.length, costOf(place.start + place.length) + priceOfBeat);
@@ -347,7 +357,7 @@ void RhythmQuantizer::setEnds(PlayedNotes &notes) const
                  ++next)
                 sum += notes[next].playedEnd;
             const MidiTime end =
-                endFor(notes[first].start, sum / static_cast<MidiTime>(next - first), notes, loose);
+                endFor(first, sum / static_cast<MidiTime>(next - first), notes, loose);
             for (; first < next; ++first)
                 notes[first].end = end;
         }

@@ -56,7 +56,8 @@ private:
     void joinChords(PlayedNotes &notes) const;
     void setStarts(PlayedNotes &notes);
     void setEnds(PlayedNotes &notes) const;
-    MidiTime endFor(MidiTime start, MidiTime playedEnd, const PlayedNotes &notes,
+    std::size_t onsetFrom(MidiTime end, std::size_t note) const noexcept;
+    MidiTime endFor(std::size_t note, MidiTime playedEnd, const PlayedNotes &notes,
                     double looseness) const;
     double looseness(const PlayedNotes &notes) const;
 

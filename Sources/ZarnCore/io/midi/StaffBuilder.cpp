@@ -120,7 +120,7 @@ std::shared_ptr<Voice> StaffBuilder::writeVoice(const MeterBar &bar, unsigned nu
             const bool isHeldHere = !begins;
             addNotes(line, chord, *beat, isHeldHere, !isLast || chord.end > bar.end());
             if (!isHeldHere && voice == 0)
-                _onsets.push_back({chord.start, number, beat, line.notes[chord.notes]});
+                _onsets.push_back({chord.start, number, beat.get(), line.notes[chord.notes]});
         }
         beats.push_back(std::move(beat));
     }
@@ -148,8 +148,8 @@ void StaffBuilder::addNotes(const Line &line, const Chord &chord, Beat &beat, bo
         if (played->roll != Roll::None && !isHeldHere)
             beat.setArpeggioDirection(played->roll == Roll::Up ? Direction::Up : Direction::Down);
         auto note = _makeNote(*played);
-        note->setTied(isHeldHere);
-        note->setTieOrigin(isHeldOn);
+        note->setTied(isHeldHere || played->isTied);
+        note->setTieOrigin(isHeldOn || played->isHeldOn);
         notes.push_back(std::move(note));
     }
     beat.insertNotes(0, std::move(notes));

@@ -21,7 +21,7 @@ public:
     struct Onset {
         MidiTime time;
         unsigned bar;
-        std::shared_ptr<Beat> beat;
+        Beat *beat;             ///< of the bars that were built
         const PlayedNote *note; ///< one of those that begin
     };
 

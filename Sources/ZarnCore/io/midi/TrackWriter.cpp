@@ -9,6 +9,7 @@
 #include <ZarnCore/io/midi/DynamicPlacer.h>
 #include <ZarnCore/io/midi/LyricPlacer.h>
 #include <ZarnCore/io/midi/MidiOddities.h>
+#include <ZarnCore/io/midi/PitchSpeller.h>
 #include <ZarnCore/io/midi/StaffBuilder.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/ZarnTrackDefaults.h>
@@ -35,13 +36,6 @@ void checkTransposition(const MidiPart &part, Track &track)
                 track.setTranspositionOffset(0);
                 return;
             }
-}
-
-/// Fifths from a sounding to the written spelling.
-int fifthsOfTransposition(int offset)
-{
-    const int fifths = ((-7 * offset) % 12 + 12) % 12;
-    return fifths > 6 ? fifths - 12 : fifths;
 }
 
 /// The clef in which notes of a track without a clef of its own need the fewest ledger lines.

@@ -96,12 +96,11 @@ private:
 
     void findChords()
     {
-        std::stable_sort(
-            _notes.begin(), _notes.end(), [](const PlayedNote &left, const PlayedNote &right) {
-                if (left.start != right.start)
-                    return left.start < right.start;
-                return left.end != right.end ? left.end < right.end : left.key > right.key;
-            });
+        sortNearlySorted(_notes, [](const PlayedNote &left, const PlayedNote &right) {
+            if (left.start != right.start)
+                return left.start < right.start;
+            return left.end != right.end ? left.end < right.end : left.key > right.key;
+        });
         for (std::size_t first = 0; first < _notes.size();) {
             std::size_t last = first + 1;
             while (last < _notes.size() && _notes[last].start == _notes[first].start)
