@@ -251,3 +251,86 @@ TEST(EngravingRulesTest, curvesLieOnNoInk)
             }
     }
 }
+
+/// A rest that fills its bar stands in the middle, whether it was written so or meant so.
+TEST(EngravingRulesTest, restsThatFillTheirBarStandInItsMiddle)
+{
+    Piece piece(3);
+    piece.add({}, NoteValue::Whole);
+    piece.add({}, NoteValue::Whole, 0, 0, 1).setWholeBarRest(true);
+    piece.add({}, NoteValue::Half, 0, 0, 2);
+    piece.add({}, NoteValue::Half, 0, 0, 2);
+    const LaidOut laid(*piece.model);
+    const auto rests = laid.of(MarkKind::Rest);
+    const auto &bars = laid.layout->pages()[0].systems[0].drawing->bars;
+    ASSERT_EQ(rests.size(), 4U);
+    for (const auto &rest : rests) {
+        const auto &bar = bars[static_cast<std::size_t>(rest.place.bar)];
+        const double middle = layout::toSpaces(bar.left + bar.right) / 2;
+        const double offset = std::abs((rest.left + rest.right) / 2 - middle);
+        EXPECT_EQ(offset < 0.01, rest.place.bar < 2) << rest.place.bar << ' ' << offset;
+    }
+}
+
+/// A slur from a grace note runs beside the heads, whatever the stem of the main note.
+TEST(EngravingRulesTest, slursOfGraceNotesStayAtTheHeads)
+{
+    for (const int key : {67, 76}) {
+        Piece piece;
+        Beat &grace = piece.add({key + 2}, NoteValue::Eighth);
+        grace.setGraceType(GraceType::BeforeBeat);
+        grace.setSlurredToNext(true);
+        piece.add({key}, NoteValue::Whole).setSlurredToPrevious(true);
+        Piece down;
+        Beat &other = down.add({key + 2}, NoteValue::Eighth);
+        other.setGraceType(GraceType::BeforeBeat);
+        other.setSlurredToNext(true);
+        down.add({key}, NoteValue::Quarter).setSlurredToPrevious(true);
+        for (const Piece *each : {&piece, &down}) {
+            const LaidOut laid(*each->model);
+            const auto slurs = laid.of(MarkKind::Slur);
+            const auto heads = laid.of(MarkKind::NoteHead);
+            ASSERT_EQ(slurs.size(), 1U);
+            ASSERT_EQ(heads.size(), 2U);
+            EXPECT_LT(slurs[0].bottom, std::max(heads[0].bottom, heads[1].bottom) + 1.5) << key;
+            EXPECT_GT(slurs[0].top, std::min(heads[0].top, heads[1].top)) << key;
+            EXPECT_LT(slurs[0].right, heads[1].right) << key;
+        }
+    }
+}
+
+TEST(EngravingRulesTest, chordSymbolsShowSharpsAndFlats)
+{
+    for (const auto &[typed, printed] :
+         std::vector<std::pair<std::string, std::string>>{{"Ebm7b5/Bb", "E\u266Dm7\u266D5/B\u266D"},
+                                                          {"F#7#9", "F\u266F7\u266F9"},
+                                                          {"Bbb", "B\u266D\u266D"},
+                                                          {"Csub", "Csub"}}) {
+        Piece piece;
+        piece.add({60}, NoteValue::Whole).setChordSymbol(typed);
+        const LaidOut laid(*piece.model);
+        const auto symbols = laid.of(MarkKind::ChordSymbol);
+        ASSERT_EQ(symbols.size(), 1U);
+        EXPECT_EQ(symbols[0].text, printed);
+    }
+}
+
+/// A tuning that nobody would guess and a capo are named once, at the first system.
+TEST(EngravingRulesTest, unusualStringsAreNamedInFrontOfTheMusic)
+{
+    const auto textsOf = [](std::initializer_list<unsigned> pitches, std::uint8_t capo) {
+        ScoreModel model;
+        model.createAndInsertTrack(0, InstrumentSet::steelGuitar);
+        model.insertEmptyBarColumns(0, 60);
+        model.track(0)->staff(0)->setTuning(GuitarTuning(pitches));
+        model.track(0)->staff(0)->setCapoFret(capo);
+        std::vector<std::string> texts;
+        for (const auto &mark : LaidOut(model).of(MarkKind::Tuning))
+            texts.push_back(mark.text);
+        return texts;
+    };
+    using Texts = std::vector<std::string>;
+    EXPECT_EQ(textsOf({40, 45, 50, 55, 59, 64}, 0), Texts());
+    EXPECT_EQ(textsOf({40, 45, 50, 55, 59, 64}, 3), Texts{"Capo 3"});
+    EXPECT_EQ(textsOf({38, 45, 50, 55, 59, 64}, 2), Texts{"Tuning: D A D G B E, capo 2"});
+}

@@ -99,6 +99,8 @@ void BarEngraver::addChords(const VoiceSource &voice)
         chord.column = static_cast<unsigned>(
             std::lower_bound(_onsets->begin(), _onsets->end(), beat.onset) - _onsets->begin());
         chord.hasStem = beat.hasStem() && (_row.notation != Notation::Tablature || _row.hasRhythm);
+        if (beat.marks.hasTimer() && _row.isFirstOfStaff)
+            _problems.add(placeOf(chord), "The playing time of the beat is not drawn.");
         if (!beat.isRest)
             addHeads(chord);
         _result.chords.push_back(std::move(chord));

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnLayout/engrave/ColumnSpaces.h>
 
+#include <ZarnLayout/engrave/ChordSymbolText.h>
+
 #include <ZarnCore/chords/ZarnChordDiagram.h>
 
 #include <algorithm>
@@ -47,7 +49,8 @@ void addWordSpaces(const Chord &chord, const Fonts &fonts, std::vector<SpaceBox>
              SpaceBox::Kind::Text});
     }
     if (!details.chord.symbol.empty()) {
-        const double width = fonts.textBox(details.chord.symbol, TextRole::ChordSymbol).right;
+        const double width =
+            fonts.textBox(writtenSymbol(details.chord.symbol), TextRole::ChordSymbol).right;
         const double left = details.chord.diagram ? centre - width / 2 : chord.x;
         boxes.push_back(
             {{left, symbolSpaceY, left + width, symbolSpaceY + 1}, SpaceBox::Kind::Text});

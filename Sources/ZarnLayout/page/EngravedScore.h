@@ -30,11 +30,12 @@ struct TrackHead {
     std::string shortName;
     std::uint8_t lyricsVisible = 31;
     unsigned stringCount = 0;
+    std::string strings; ///< tuning and capo, where they are not the usual ones
 
     friend bool operator==(const TrackHead &a, const TrackHead &b)
     {
         return a.name == b.name && a.shortName == b.shortName && a.lyricsVisible == b.lyricsVisible
-            && a.stringCount == b.stringCount;
+            && a.stringCount == b.stringCount && a.strings == b.strings;
     }
 };
 

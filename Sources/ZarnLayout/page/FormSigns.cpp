@@ -347,6 +347,24 @@ void addTempos(SystemDraft &draft, RowDraft &row)
     }
 }
 
+/// Tunings and capos, above the first row of each track.
+void addStringsTexts(SystemDraft &draft)
+{
+    for (std::size_t i = 0; i < draft.rows.size(); ++i) {
+        RowDraft &row = draft.rows[i];
+        const unsigned track = row.row->track;
+        const std::string &text = draft.score.tracks[track].strings;
+        if (text.empty() || (i > 0 && draft.rows[i - 1].row->track == track))
+            continue;
+        MarkPlace where;
+        where.track = static_cast<std::int16_t>(track);
+        where.staff = static_cast<std::int8_t>(row.row->staff);
+        putAbove(row,
+                 {draft.pen.text(MarkKind::Tuning, TextRole::Tuning, text, draft.staffLeft, 0)},
+                 where, 0.7);
+    }
+}
+
 } // namespace
 
 void addFermatas(SystemDraft &draft)
@@ -368,7 +386,8 @@ void addFermatas(SystemDraft &draft)
                     : mark.kind == Fermata::Long              ? Sign::FermataLongAbove
                                                               : Sign::FermataAbove;
                 const Box &box = draft.pen.fonts().box(sign);
-                x -= (box.left + box.right) / 2;
+                // Over the last line as far to the right as the margin allows.
+                x = std::min(x - (box.left + box.right) / 2, draft.right + 0.3 - box.right);
                 // A bar that is empty here has one for all that are written on it.
                 if (isWhole && std::abs(x - lastX) < 0.5)
                     continue;
@@ -386,6 +405,8 @@ void addFormSigns(SystemDraft &draft)
 {
     if (draft.rows.empty())
         return;
+    if (draft.isFirst)
+        addStringsTexts(draft);
     RowDraft &row = draft.rows.front();
     addDirections(draft, row);
     addEndings(draft, row);

@@ -25,10 +25,38 @@ double baseLine(const RowDraft &row, const SideItem &item)
     return y;
 }
 
+/// Words that a bar line would run through make way for it, as long as they stay near their note.
+void clearBarLines(const RowDraft &row, SideItem &item)
+{
+    constexpr double farthest = 4;
+    constexpr double gap = 0.25;
+    constexpr double lineWidth = 0.2;
+    if (item.side == Side::Above ? !row.hasLinesAbove : !row.hasLinesBelow)
+        return;
+    for (Ink &ink : item.inks) {
+        if (ink.shape != Ink::Shape::Text || ink.kind == MarkKind::Lyric
+            || ink.kind == MarkKind::ChordSymbol)
+            continue;
+        for (const double line : row.barLines) {
+            const double left = ink.box.right - (line - gap);
+            const double right = line + lineWidth + gap - ink.box.left;
+            if (left <= 0 || right <= 0)
+                continue;
+            // Behind the last line is no room.
+            const bool goesLeft = left <= right || line == row.barLines.back();
+            if ((goesLeft ? left : right) <= farthest)
+                ink.move(goesLeft ? -left : right, 0);
+            break;
+        }
+    }
+}
+
 } // namespace
 
 void place(RowDraft &row, SideItems items)
 {
+    for (SideItem &item : items)
+        clearBarLines(row, item);
     std::map<std::pair<int, Side>, double> lines;
     for (const SideItem &item : items) {
         if (item.line == 0 || item.inks.empty())

@@ -166,6 +166,10 @@ public:
     {
         const PlacedChord &first = _row.chords[span.first];
         const PlacedChord &last = _row.chords[span.last];
+        if (isOfGrace(span)) {
+            drawOfGrace(first, last);
+            return;
+        }
         const bool isAbove = sideOf(span);
         Point from = endAt(first, isAbove, true);
         Point to = span.goesOn ? Point{_draft.musicRight() - 0.1, 0} : endAt(last, isAbove, false);
@@ -183,6 +187,36 @@ public:
     }
 
 private:
+    /// From grace notes to the note that they belong to.
+    bool isOfGrace(const SlurSpan &span) const
+    {
+        const PlacedChord &first = _row.chords[span.first];
+        const PlacedChord &last = _row.chords[span.last];
+        return !span.comesFromBefore && !span.goesOn && span.last > span.first
+            && _row.row->notation != Notation::Tablature && first.beat().graceRank != 0
+            && last.beat().graceRank == 0 && !first.chord->isRest() && !last.chord->isRest()
+            && span.last - span.first == first.beat().graceRank;
+    }
+
+    /// It stays near to the heads, on the side where the small stems are not.
+    void drawOfGrace(const PlacedChord &first, const PlacedChord &last)
+    {
+        const bool isAbove = !first.chord->isStemUp;
+        const double sign = isAbove ? -1 : 1;
+        const auto edge = [&](const PlacedChord &chord) {
+            const double half = 0.5 * chord.chord->scale;
+            return isAbove ? chord.chord->top() - half : chord.chord->bottom() + half;
+        };
+        const Point from = {first.headCentre(), edge(first) + sign * 0.2};
+        Point to = {last.headCentre() - 0.3, edge(last) + sign * 0.2};
+        // Beside a stem on that side, not around its end.
+        if (last.chord->hasStem && last.chord->isStemUp == isAbove) {
+            to = {std::min(last.stemX(), last.x) - 0.2, edge(last) - sign * 0.2};
+            to.x = std::max(to.x, from.x + 0.8);
+        }
+        addCurve(first, leastInked(Bow::arched(from, to, sign * -0.7), -sign, _field));
+    }
+
     /// Above where any stem points down, or as the voice lies.
     bool sideOf(const SlurSpan &span) const
     {
@@ -215,6 +249,11 @@ private:
         const double height = heightOf(to.x - from.x);
         const Bow bow =
             leastInked(aroundNotes(Bow::arched(from, to, sign * height), isAbove), sign, _field);
+        addCurve(first, bow);
+    }
+
+    void addCurve(const PlacedChord &first, const Bow &bow)
+    {
         Ink curve = _draft.pen.curve(MarkKind::Slur, bow.handles());
         curve.place = placeOf(_row, first);
         // The curve covers what is under it, piece by piece.
@@ -295,6 +334,31 @@ private:
     InkField _field;
 };
 
+/// A curve that is nearly free, bent little by little as long as that takes it off more ink.
+Bow refined(Bow bow, const InkField &field)
+{
+    constexpr double margin = 0.1;
+    // Rises and heights of both ends.
+    static constexpr double ways[][4] = {
+        {1, 0, 0, 0},  {-1, 0, 0, 0},  {0, 1, 0, 0},    {0, -1, 0, 0},  {1, -1, 0, 0},
+        {-1, 1, 0, 0}, {0, 0, 0.4, 0}, {0, 0, -0.4, 0}, {0, 0, 0, 0.4}, {0, 0, 0, -0.4}};
+    double least = field.coveredBy(bow, margin);
+    for (double step = 1; step > 0.1 && least > 0; step /= 2)
+        for (const auto &way : ways) {
+            Bow bent = bow;
+            bent.fromRise += step * way[0];
+            bent.toRise += step * way[1];
+            bent.from.y += step * way[2];
+            bent.to.y += step * way[3];
+            const double covered = field.coveredBy(bent, margin);
+            if (covered < least) {
+                least = covered;
+                bow = bent;
+            }
+        }
+    return bow;
+}
+
 /// The best of the curves between two chords of different staves: from either side of each.
 Bow bestCrossing(const NumberedSlur &slur, const InkField &field)
 {
@@ -336,7 +400,7 @@ Bow bestCrossing(const NumberedSlur &slur, const InkField &field)
                                  toBelow, off),
                            turned + off - 0.4);
             }
-    return best;
+    return refined(best, field);
 }
 
 /// Interrupts a hairpin where a slur between staves crosses it: neither can go around the other.

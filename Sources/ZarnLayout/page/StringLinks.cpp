@@ -95,8 +95,8 @@ private:
         const double rise = isTab ? 0.55 : 0.8;
         if (note.marks.slideIn() != SlideIn::None) {
             const double sign = note.marks.slideIn() == SlideIn::FromBelow ? 1 : -1;
-            addLine(chord, head, {left - 0.2 - stub, head.y + sign * rise},
-                    {left - 0.2, head.y + sign * 0.1});
+            const double end = std::min(left, leftInkOf(_draft, _row, chord)) - 0.2;
+            addLine(chord, head, {end - stub, head.y + sign * rise}, {end, head.y + sign * 0.1});
         }
         const SlideOut out = note.marks.slideOut();
         if (out == SlideOut::None)

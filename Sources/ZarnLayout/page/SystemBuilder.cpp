@@ -337,6 +337,15 @@ void SystemBuilder::placeRows(SystemDraft &draft) const
 {
     for (RowDraft &row : draft.rows)
         placeRow(draft, row);
+    const std::vector<bool> joined = joinedRows();
+    for (std::size_t i = 0; i < draft.rows.size(); ++i) {
+        RowDraft &row = draft.rows[i];
+        row.hasLinesAbove = i > 0 && joined[i - 1];
+        row.hasLinesBelow = joined[i];
+        if (row.hasLinesAbove || row.hasLinesBelow)
+            for (const BarPlace &bar : draft.bars)
+                row.barLines.push_back(bar.right);
+    }
     addRowSigns(draft);
 }
 

@@ -54,6 +54,11 @@ struct RowDraft {
     Skyline below;                   ///< reaches downwards: y
     double y = 0;                    ///< of the top line, in the system
 
+    /// Bar lines that run through what lies above the row, and below it.
+    bool hasLinesAbove = false;
+    bool hasLinesBelow = false;
+    std::vector<double> barLines; ///< where they stand, their left edges
+
     RowDraft(const Row &row, unsigned number, double width)
         : row(&row), number(number), above(width, 0), below(width, row.height())
     {

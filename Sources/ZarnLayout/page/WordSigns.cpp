@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnLayout/page/WordSigns.h>
 
+#include <ZarnLayout/engrave/ChordSymbolText.h>
+
 #include <ZarnCore/chords/ZarnChordDiagram.h>
 
 #include <algorithm>
@@ -376,7 +378,7 @@ void addChordSymbols(RowDraft &row, const SystemDraft &draft)
             item.line = symbolLine;
             item.gap = 0.7;
             item.inks.push_back(
-                draft.pen.text(MarkKind::ChordSymbol, TextRole::ChordSymbol, symbol,
+                draft.pen.text(MarkKind::ChordSymbol, TextRole::ChordSymbol, writtenSymbol(symbol),
                                mark.diagram ? chord.headCentre() : chord.x, 0,
                                mark.diagram ? Pen::Align::Centre : Pen::Align::Begin));
             item.inks[0].place = placeOf(row, chord);

@@ -2,6 +2,7 @@
 #include <ZarnLayout/session/ScoreReader.h>
 
 #include <ZarnLayout/session/ScoreMarks.h>
+#include <ZarnLayout/session/StringsText.h>
 #include <ZarnLayout/source/SourceReader.h>
 
 #include <ZarnCore/model/ZarnScoreModel.h>
@@ -90,6 +91,11 @@ void ScoreReader::readHeads(const ScoreModel &model, const layout::LayoutOptions
         head.lyricsVisible = track->settings().lyricsVisible;
         if (const auto staff = track->staff(0))
             head.stringCount = staff->tuning().stringCount();
+        const bool isShown =
+            std::any_of(_source.rows.begin(), _source.rows.end(),
+                        [&](const Row &row) { return row.track == track->index(); });
+        if (isShown)
+            head.strings = stringsText(*track);
         _source.tracks.push_back(std::move(head));
     }
     _source.groups = model.trackGroups();

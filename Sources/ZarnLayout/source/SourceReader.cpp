@@ -20,8 +20,8 @@ namespace {
 /// Copies beats and notes of one bar.
 class BarReader {
 public:
-    BarReader(const Track &track, const Bar &bar, BarSource &source)
-        : _bar(bar), _source(source),
+    BarReader(const Track &track, const Bar &bar, const rational &length, BarSource &source)
+        : _bar(bar), _length(length), _source(source),
           _set(InstrumentSet::isUnpitched(track.type()) ? track.instrumentSet() : nullptr),
           _isUnpitched(InstrumentSet::isUnpitched(track.type()))
     {
@@ -43,10 +43,23 @@ public:
             rank = beat->marks.isGrace() ? rank + 1 : 0;
             beat->graceRank = static_cast<std::uint16_t>(rank);
         }
+        // A written rest that fills its bar looks like one that was meant to.
+        if (copy.beats.size() == 1 && fillsBar(copy.beats.front()))
+            copy.beats.front().isWholeBarRest = true;
         _source.voices.push_back(std::move(copy));
     }
 
 private:
+    /// A whole rest with no sign of its own, as long as the bar.
+    bool fillsBar(const BeatSource &beat) const
+    {
+        BeatMarks unmarked;
+        unmarked.setWholeBarRest(beat.isWholeBarRest);
+        return beat.isRest && !beat.isPlaceHolder && !beat.details && beat.marks == unmarked
+            && beat.rhythm.getNoteValue() == RhythmValue::NoteValue::Whole
+            && beat.length == _length;
+    }
+
     BeatSource readBeat(const Beat &beat, const rational &onset)
     {
         BeatSource copy;
@@ -112,6 +125,7 @@ private:
     }
 
     const Bar &_bar;
+    const rational _length; ///< of the bar
     BarSource &_source;
     std::shared_ptr<const InstrumentSet> _set;
     bool _isUnpitched;
@@ -183,7 +197,7 @@ BarSource readBar(const ScoreModel &model, const Track &track, const Staff &staf
         source.clefBefore = clefAtEnd(*staff.bars()[index - 1]);
         source.ottaviaBefore = staff.bars()[index - 1]->ottavia();
     }
-    BarReader reader(track, bar, source);
+    BarReader reader(track, bar, master.length(), source);
     for (const auto &voice : bar.voices())
         if (voice && !voice->isEmpty())
             reader.readVoice(*voice);
