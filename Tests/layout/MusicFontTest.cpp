@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/ZarnException.h>
+#include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnLayout/draw/ZarnPolygons.h>
 #include <ZarnLayout/font/ZarnFontFace.h>
+#include <ZarnLayout/font/ZarnFontOutlines.h>
 #include <ZarnLayout/font/ZarnMusicFont.h>
+#include <ZarnLayout/font/ZarnTextMeasure.h>
+#include <ZarnLayout/session/ZarnScoreLayout.h>
 
 #include <gtest/gtest.h>
 
@@ -110,6 +114,48 @@ TEST(MusicFontTest, metadataAndOutlinesAreOfOneFont)
                              << box.right << ' ' << box.bottom << ", drawn " << ink.left << ' '
                              << ink.top << ' ' << ink.right << ' ' << ink.bottom;
     }
+}
+
+/// A font of one's own that lacks signs, or whose makers gave no sizes.
+TEST(MusicFontTest, whatAFontLacksIsBorrowedAndTold)
+{
+    const QByteArray file = builtInFontFile("bravura/bravura.otf");
+    std::string metadata = builtInFontFile("bravura/metadata.json").toStdString();
+    for (std::size_t at; (at = metadata.find("\"gClef\"")) != std::string::npos;)
+        metadata.replace(at, 7, "\"gCleft\"");
+    const auto font = MusicFont::open(file, metadata, "own.json");
+    const MusicFont &builtIn = *MusicFont::builtIn();
+    const GlyphId clef = font->glyph("gClef");
+    EXPECT_TRUE(font->isBorrowed(clef));
+    EXPECT_FALSE(font->isBorrowed(font->glyph("noteheadBlack")));
+    EXPECT_EQ(font->box(clef), builtIn.box(builtIn.glyph("gClef")));
+    EXPECT_EQ(&font->outlines(clef), &FontOutlines::music());
+    EXPECT_NE(&font->outlines(font->glyph("noteheadBlack")), &FontOutlines::music());
+
+    ScoreModel model;
+    model.createAndInsertTrack(0, InstrumentSet::violin);
+    model.insertEmptyBarColumns(0, 2);
+    const auto told = layOut(model, {}, font, builtInTextMeasure())->problems();
+    ASSERT_EQ(told.size(), 1u);
+    EXPECT_EQ(told[0].message,
+              "The music font has no glyph \"gClef\"; the built-in font's is drawn.");
+    EXPECT_EQ(told[0].place.track, 0);
+    EXPECT_EQ(told[0].place.bar, 0);
+
+    const auto bare = MusicFont::open(file, {}, "bare.otf");
+    EXPECT_FALSE(bare->hasMetadata());
+    for (const char *name : {"noteheadBlack", "gClef", "flag8thUp", "accidentalSharp"}) {
+        const Box &measured = bare->box(bare->glyph(name));
+        const Box &known = builtIn.box(builtIn.glyph(name));
+        EXPECT_NEAR(measured.left, known.left, 16) << name;
+        EXPECT_NEAR(measured.top, known.top, 16) << name;
+        EXPECT_NEAR(measured.right, known.right, 16) << name;
+        EXPECT_NEAR(measured.bottom, known.bottom, 16) << name;
+    }
+    const auto lack = layOut(model, {}, bare, builtInTextMeasure())->problems();
+    ASSERT_FALSE(lack.empty());
+    EXPECT_NE(lack[0].message.find("no metadata"), std::string::npos);
+    EXPECT_THROW(MusicFont::open("no font", {}, "x"), CoreException);
 }
 
 TEST(FontFilesTest, theCarriedFilesAreThoseOfTheirMakers)

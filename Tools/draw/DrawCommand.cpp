@@ -7,11 +7,13 @@
 #include "common/Terminal.h"
 #include "draw/DrawOptions.h"
 #include "draw/GuiExport.h"
+#include "draw/MusicFontFile.h"
 #include "draw/PageFiles.h"
 
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnLayout/export/ZarnLayoutDump.h>
 #include <ZarnLayout/export/ZarnSvgWriter.h>
+#include <ZarnLayout/font/ZarnTextMeasure.h>
 
 #include <QFileInfo>
 
@@ -117,7 +119,8 @@ int runDraw(const Arguments &arguments, const Terminal &terminal)
         arguments.number(QStringLiteral("resolution"), 10, 2400, defaultResolution);
     const OpenedDocument document = openDocument(arguments.operand(0), terminal);
     const auto layout =
-        layout::layOut(*document.model, readLayoutOptions(arguments, *document.model));
+        layout::layOut(*document.model, readLayoutOptions(arguments, *document.model),
+                       readMusicFont(arguments), layout::builtInTextMeasure());
     std::vector<layout::LayoutProblem> problems = layout->problems();
 
     PageFiles files;
@@ -192,6 +195,9 @@ Subcommand drawCommand()
           QStringLiteral("Draw runs of empty bars as one.")},
          {QStringLiteral("text"), QString(), QStringLiteral("HOW"),
           QStringLiteral("Texts in SVG: outlines, or characters, which need the font Edwin.")},
+         {QStringLiteral("font"), QString(), QStringLiteral("FILE"),
+          QStringLiteral(
+              "A SMuFL font for the signs, with its metadata in FILE.json or beside it.")},
          {QStringLiteral("resolution"), QStringLiteral("r"), QStringLiteral("DPI"),
           QStringLiteral("Pixels per inch of PNG, 150 if not given.")}},
         runDraw,

@@ -87,7 +87,7 @@ std::vector<Polygon> polygonsOf(const DrawList &list, const DrawMark &path, int 
 
 std::vector<Polygon> polygonsOf(const MusicFont &font, GlyphId glyph, int steps)
 {
-    const FontOutlines &outlines = FontOutlines::music();
+    const FontOutlines &outlines = font.outlines(glyph);
     const auto number = outlines.glyphOf(font.codePoint(glyph));
     if (!number)
         return {};

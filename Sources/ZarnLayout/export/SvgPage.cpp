@@ -67,10 +67,28 @@ bool isPlainLine(const DrawMark &mark)
 }
 
 /// Font units to units of the layout; SMuFL's em is four staff spaces, and fonts grow upwards.
-QString musicSymbolTransform()
+QString musicSymbolTransform(const FontOutlines &font)
 {
-    const double scale = 4.0 * staffSpace / FontOutlines::music().unitsPerEm();
+    const double scale = 4.0 * staffSpace / font.unitsPerEm();
     return QStringLiteral("scale(%1 -%1)").arg(decimal(scale));
+}
+
+QString textScale(TextFace face, Unit size)
+{
+    const double scale = static_cast<double>(size) / FontOutlines::text(face).unitsPerEm();
+    return QStringLiteral("scale(%1 -%1)").arg(decimal(scale));
+}
+
+/// A fret, the number of a bar: they are many, and short to write.
+bool isOneGlyph(const std::vector<SetGlyph> &set)
+{
+    return set.size() == 1 && set.front().x == 0 && set.front().y == 0;
+}
+
+/// Pieces of horizontal lines of one thickness: the lines of a staff, cut where frets stand.
+bool isLevel(const DrawMark &line)
+{
+    return line.at.y == line.to.y && line.thickness > 0;
 }
 
 } // namespace
@@ -135,6 +153,10 @@ void SvgPage::collectSymbols(const DrawList &list)
             continue;
         for (const SetGlyph &glyph : *set)
             _textGlyphs.emplace(TextGlyph(face, glyph.glyph), QString());
+        if (isOneGlyph(*set))
+            _signs.emplace(
+                TextSign(TextGlyph(face, set->front().glyph), list.textOf(mark).style.size),
+                QString());
     }
 }
 
@@ -142,12 +164,9 @@ void SvgPage::writeSymbols()
 {
     _xml.writeCharacters(QStringLiteral("\n"));
     _xml.writeStartElement(QStringLiteral("defs"));
-    const FontOutlines &music = FontOutlines::music();
-    for (const GlyphId glyph : _glyphs) {
-        const auto number = music.glyphOf(_layout.font().codePoint(glyph));
-        writeSymbol(latin(_layout.font().name(glyph)),
-                    number ? svgPathData(music.outline(*number)) : QString());
-    }
+    for (const GlyphId glyph : _glyphs)
+        writeSymbol(glyph);
+    int count = 0;
     static constexpr std::array<char, 4> faceLetters{'r', 'i', 'b', 'z'};
     for (auto &[glyph, id] : _textGlyphs) {
         const QString outline = svgPathData(FontOutlines::text(glyph.first).outline(glyph.second));
@@ -160,16 +179,31 @@ void SvgPage::writeSymbols()
         _xml.writeAttribute(QStringLiteral("d"), outline);
         _xml.writeEndElement();
     }
+    for (auto &[sign, id] : _signs) {
+        const auto &[glyph, size] = sign;
+        const QString &outline = _textGlyphs.at(glyph);
+        if (outline.isEmpty())
+            continue;
+        id = QLatin1Char('t') + QString::number(++count);
+        _xml.writeEmptyElement(QStringLiteral("use"));
+        _xml.writeAttribute(QStringLiteral("id"), id);
+        _xml.writeAttribute(QStringLiteral("xlink:href"), QLatin1Char('#') + outline);
+        _xml.writeAttribute(QStringLiteral("transform"), textScale(glyph.first, size));
+    }
     _xml.writeEndElement();
 }
 
-void SvgPage::writeSymbol(const QString &id, const QString &outline)
+void SvgPage::writeSymbol(GlyphId glyph)
 {
+    const MusicFont &font = _layout.font();
+    const FontOutlines &outlines = font.outlines(glyph);
+    const auto number = outlines.glyphOf(font.codePoint(glyph));
+    const QString outline = number ? svgPathData(outlines.outline(*number)) : QString();
     _xml.writeStartElement(QStringLiteral("symbol"));
-    _xml.writeAttribute(QStringLiteral("id"), id);
+    _xml.writeAttribute(QStringLiteral("id"), latin(font.name(glyph)));
     _xml.writeAttribute(QStringLiteral("overflow"), QStringLiteral("visible"));
     _xml.writeEmptyElement(QStringLiteral("path"));
-    _xml.writeAttribute(QStringLiteral("transform"), musicSymbolTransform());
+    _xml.writeAttribute(QStringLiteral("transform"), musicSymbolTransform(outlines));
     _xml.writeAttribute(QStringLiteral("d"), outline);
     _xml.writeEndElement();
 }
@@ -187,11 +221,15 @@ void SvgPage::writeList(const DrawList &list)
         case MarkShape::Line:
             if (isPlainLine(mark)) {
                 // The lines of a staff, the ledger lines of a chord: one element each.
-                QString data = svgLineData(mark);
+                const std::size_t first = i;
+                bool areLevel = isLevel(mark);
                 while (i + 1 < marks.size() && isPlainLine(marks[i + 1])
-                       && marks[i + 1].kind == mark.kind && marks[i + 1].place == mark.place)
-                    data += svgLineData(marks[++i]);
-                writeShape(data, mark);
+                       && marks[i + 1].kind == mark.kind && marks[i + 1].place == mark.place) {
+                    ++i;
+                    areLevel =
+                        areLevel && isLevel(marks[i]) && marks[i].thickness == mark.thickness;
+                }
+                writeLines(marks.data() + first, i + 1 - first, areLevel);
             } else {
                 writeDashes(mark);
             }
@@ -232,11 +270,24 @@ void SvgPage::writeUse(const QString &id, Point at, const QString &transform)
     }
 }
 
-void SvgPage::writeShape(const QString &data, const DrawMark &mark)
+void SvgPage::writeLines(const DrawMark *lines, std::size_t count, bool areLevel)
 {
+    // As shapes; many level ones are shorter as strokes.
+    constexpr std::size_t many = 3;
+    const bool areStrokes = areLevel && count >= many;
     _xml.writeEmptyElement(QStringLiteral("path"));
+    QString data;
+    if (areStrokes)
+        data = svgStrokeData(lines, count);
+    else
+        for (std::size_t i = 0; i < count; ++i)
+            data += svgLineData(lines[i]);
     _xml.writeAttribute(QStringLiteral("d"), data);
-    writeMeaning(mark);
+    if (areStrokes) {
+        _xml.writeAttribute(QStringLiteral("stroke"), QStringLiteral("#000"));
+        _xml.writeAttribute(QStringLiteral("stroke-width"), QString::number(lines->thickness));
+    }
+    writeMeaning(*lines);
 }
 
 void SvgPage::writeDashes(const DrawMark &mark)
@@ -281,10 +332,19 @@ void SvgPage::writeText(const DrawList &list, const DrawMark &mark)
         _xml.writeEndElement();
         return;
     }
+    if (isOneGlyph(*set)) {
+        const QString &id =
+            _signs.at(TextSign(TextGlyph(text.style.face, set->front().glyph), text.style.size));
+        if (!id.isEmpty()) {
+            writeUse(id, mark.at, QString());
+            writeMeaning(mark);
+            _xml.writeAttribute(QStringLiteral("data-text"), characters);
+            return;
+        }
+    }
     _xml.writeStartElement(QStringLiteral("g"));
-    const double scale = static_cast<double>(text.style.size) / font.unitsPerEm();
     _xml.writeAttribute(QStringLiteral("transform"),
-                        translated(mark.at) + QStringLiteral("scale(%1 -%1)").arg(decimal(scale)));
+                        translated(mark.at) + textScale(text.style.face, text.style.size));
     writeMeaning(mark);
     _xml.writeAttribute(QStringLiteral("data-text"), characters);
     for (const SetGlyph &glyph : *set) {

@@ -22,13 +22,16 @@ public:
 private:
     /// A face of the text font and a glyph's number in it.
     using TextGlyph = std::pair<TextFace, std::uint32_t>;
+    /// One that is a text of its own, and its size.
+    using TextSign = std::pair<TextGlyph, Unit>;
 
     void collectSymbols(const DrawList &list);
     void writeSymbols();
-    void writeSymbol(const QString &id, const QString &outline);
+    void writeSymbol(GlyphId glyph);
     void writeList(const DrawList &list);
     void writeGlyph(const DrawMark &mark);
-    void writeShape(const QString &data, const DrawMark &mark);
+    /// Lines of one place and kind; `areLevel`: all horizontal and of one thickness.
+    void writeLines(const DrawMark *lines, std::size_t count, bool areLevel);
     void writeDashes(const DrawMark &mark);
     void writePath(const DrawList &list, const DrawMark &mark);
     void writeText(const DrawList &list, const DrawMark &mark);
@@ -43,6 +46,7 @@ private:
     QXmlStreamWriter _xml;
     std::set<GlyphId> _glyphs;
     std::map<TextGlyph, QString> _textGlyphs;
+    std::map<TextSign, QString> _signs;
 };
 
 } // namespace zarn::layout

@@ -106,6 +106,20 @@ QString svgPathData(const DrawList &list, const DrawMark &path)
                          });
 }
 
+QString svgStrokeData(const DrawMark *lines, std::size_t count)
+{
+    QString data;
+    Point last;
+    for (std::size_t i = 0; i < count; ++i) {
+        const DrawMark &line = lines[i];
+        data += i == 0 ? QStringLiteral("M%1 %2").arg(line.at.x).arg(line.at.y)
+                       : QStringLiteral("m%1 %2").arg(line.at.x - last.x).arg(line.at.y - last.y);
+        data += QStringLiteral("h%1").arg(line.to.x - line.at.x);
+        last = line.to;
+    }
+    return data;
+}
+
 QString svgLineData(const DrawMark &line)
 {
     const double length = std::hypot(line.to.x - line.at.x, line.to.y - line.at.y);

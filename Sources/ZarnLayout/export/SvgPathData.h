@@ -12,6 +12,9 @@ namespace zarn::layout {
 QString svgPathData(const GlyphOutline &outline);
 QString svgPathData(const DrawList &list, const DrawMark &path);
 
+/// Horizontal lines as strokes, whose width stands elsewhere.
+QString svgStrokeData(const DrawMark *lines, std::size_t count);
+
 /// A line that is as thick as it should be, as the outline of its ink.
 QString svgLineData(const DrawMark &line);
 

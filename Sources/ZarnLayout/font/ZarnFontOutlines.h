@@ -33,7 +33,7 @@ struct SetGlyph {
     std::int32_t y = 0;
 };
 
-/// Outlines of a font that the library carries, read from its file when they are asked for.
+/// Outlines of a font, read from its file when they are asked for.
 /// Immutable: any thread may ask.
 class ZARNLAYOUT_EXPORT FontOutlines {
 public:
@@ -41,12 +41,23 @@ public:
     static const FontOutlines &music();
     static const FontOutlines &text(TextFace face);
 
+    /// Reads an OpenType font from its file. Raises `CoreException` when it is none.
+    static std::unique_ptr<const FontOutlines> read(const QByteArray &file);
+
     int unitsPerEm() const noexcept;
 
     /// Number of the glyph for a character; nothing when the font lacks it.
     std::optional<std::uint32_t> glyphOf(char32_t character) const;
 
     GlyphOutline outline(std::uint32_t glyph) const;
+
+    /// How large the font draws a character, where an em is four staff spaces, as SMuFL has it;
+    /// nothing when the font lacks it.
+    struct GlyphSize {
+        Box ink;
+        Unit advance = 0;
+    };
+    std::optional<GlyphSize> musicSize(char32_t character) const;
 
     /// A line of text in UTF-8 as `TextMeasure` measures it; nothing when the font lacks one of its
     /// characters.
@@ -57,7 +68,7 @@ public:
     ~FontOutlines();
 
 private:
-    explicit FontOutlines(std::string_view file);
+    explicit FontOutlines(const QByteArray &file);
 
     std::unique_ptr<const ShapedFont> _font;
 };

@@ -18,7 +18,11 @@ namespace utils {
 enum class JsonSource;
 }
 
+class QByteArray;
+
 namespace zarn::layout {
+
+class FontOutlines;
 
 /// A glyph of one music font: its number there. Numbers of different fonts say nothing to each
 /// other.
@@ -49,8 +53,8 @@ enum class GlyphAnchor : std::uint8_t {
 };
 
 /// What a layout knows of a music font: names, boxes, advances and anchors of its glyphs, and the
-/// thicknesses that go with it. Read from the metadata that SMuFL 1.4 asks fonts to come with; the
-/// outlines themselves are not needed. Immutable: any thread may ask.
+/// thicknesses that go with it, read from the metadata that SMuFL 1.4 asks fonts to come with; and
+/// where the outlines are. Immutable: any thread may ask.
 class ZARNLAYOUT_EXPORT MusicFont {
 public:
     /// Bravura, which the library carries. The same object at each call.
@@ -62,6 +66,24 @@ public:
     /// writers draw the outlines of the built-in font, whatever the metadata are of.
     static std::shared_ptr<const MusicFont>
     parse(std::string_view metadata, std::string_view glyphNames, const std::string &name);
+
+    /// A SMuFL font from its file and its metadata. Glyphs that it lacks are those of the built-in
+    /// font; without metadata (an empty text) its glyphs have the sizes of their outlines, and
+    /// thicknesses are the built-in font's. Raises `CoreException` when `file` is no font, and for
+    /// broken metadata as `parse`.
+    static std::shared_ptr<const MusicFont> open(const QByteArray &file, std::string_view metadata,
+                                                 const std::string &name);
+
+    bool hasMetadata() const noexcept { return _hasMetadata; }
+    /// Whether a glyph is the built-in font's, because this one lacks it.
+    bool isBorrowed(GlyphId glyph) const { return at(glyph).isBorrowed; }
+    bool hasBorrowedGlyphs() const noexcept { return _hasBorrowedGlyphs; }
+
+    /// The outlines that a glyph is drawn with, in which it has its code point.
+    const FontOutlines &outlines(GlyphId glyph) const;
+
+    /// No other font of this process has it, not even after this one is gone.
+    std::uint64_t serialNumber() const noexcept { return _serialNumber; }
 
     /// As the metadata give them: "Bravura", "1.392".
     const std::string &fontName() const noexcept { return _fontName; }
@@ -100,6 +122,7 @@ private:
         Unit advance = 0;
         std::uint32_t firstAnchor = 0;
         std::uint32_t anchorCount = 0;
+        bool isBorrowed = false;
     };
     struct Anchor {
         GlyphAnchor kind = GlyphAnchor::StemUpSE;
@@ -107,11 +130,17 @@ private:
     };
 
     MusicFont();
-    static std::shared_ptr<const MusicFont> read(std::string_view metadata,
-                                                 std::string_view glyphNames,
-                                                 const std::string &name, utils::JsonSource source);
+    static std::shared_ptr<MusicFont> read(std::string_view metadata, std::string_view glyphNames,
+                                           const std::string &name, utils::JsonSource source);
     const Glyph &at(GlyphId glyph) const;
+    void measureGlyphs();
+    void borrowGlyphs();
+    void add(Glyph glyph);
 
+    const std::uint64_t _serialNumber;
+    std::unique_ptr<const FontOutlines> _outlines; ///< null where the built-in font's are used
+    bool _hasMetadata = true;
+    bool _hasBorrowedGlyphs = false;
     std::string _fontName;
     std::string _version;
     EngravingDefaults _defaults;

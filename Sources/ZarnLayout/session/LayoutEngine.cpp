@@ -8,6 +8,7 @@
 #include <ZarnCore/model/ZarnScoreModel.h>
 
 #include <algorithm>
+#include <set>
 #include <unordered_map>
 #include <utility>
 
@@ -244,7 +245,25 @@ Problems LayoutEngine::collectProblems(const ScoreSource &source, const Sheet &s
         problems.add(_breaks.problems());
     for (const ShownSystem &system : _systems)
         problems.add(*system.problems);
+    addFontProblems(problems);
     return problems;
+}
+
+void LayoutEngine::addFontProblems(Problems &problems) const
+{
+    if (!_font->hasMetadata())
+        problems.add({},
+                     "The music font has no metadata; its signs are as large as their outlines.");
+    if (!_font->hasBorrowedGlyphs())
+        return;
+    std::set<layout::GlyphId> told;
+    for (const ShownSystem &system : _systems)
+        for (const layout::DrawMark &mark : system.built->drawing->marks.marks())
+            if (mark.shape == layout::MarkShape::Glyph && _font->isBorrowed(mark.glyph)
+                && told.insert(mark.glyph).second)
+                problems.add(mark.place,
+                             "The music font has no glyph \"" + _font->name(mark.glyph)
+                                 + "\"; the built-in font's is drawn.");
 }
 
 } // namespace zarn::engraving

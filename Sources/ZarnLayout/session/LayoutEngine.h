@@ -40,6 +40,7 @@ private:
     void takeOver(const ShownSystem &old, ShownSystem &system) const;
     bool isSame(const ShownSystem &old, const ShownSystem &system) const;
     Problems collectProblems(const ScoreSource &source, const Sheet &sheet) const;
+    void addFontProblems(Problems &problems) const;
 
     std::shared_ptr<const layout::MusicFont> _font;
     Fonts _fonts;

@@ -44,10 +44,14 @@ QPainterPath pathOf(const GlyphOutline &outline, double scale)
 
 const QPainterPath &GlyphPaths::music(const layout::MusicFont &font, layout::GlyphId glyph)
 {
+    if (font.serialNumber() != _musicFont) {
+        _music.clear();
+        _musicFont = font.serialNumber();
+    }
     const char32_t codePoint = font.codePoint(glyph);
     const auto [entry, isNew] = _music.try_emplace(codePoint);
     if (isNew) {
-        const FontOutlines &outlines = FontOutlines::music();
+        const FontOutlines &outlines = font.outlines(glyph);
         if (const auto number = outlines.glyphOf(codePoint))
             entry->second =
                 pathOf(outlines.outline(*number), 4.0 * layout::staffSpace / outlines.unitsPerEm());

@@ -21,6 +21,7 @@ public:
     const QPainterPath &text(layout::TextFace face, std::uint32_t glyph);
 
 private:
+    std::uint64_t _musicFont = 0; ///< serial number of the one whose glyphs are kept
     std::map<char32_t, QPainterPath> _music;
     std::map<std::pair<layout::TextFace, std::uint32_t>, QPainterPath> _text;
 };

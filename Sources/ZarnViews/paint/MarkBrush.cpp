@@ -64,7 +64,8 @@ void MarkBrush::paint(const DrawList &list, const Box &exposed)
 void MarkBrush::paintGlyph(const DrawMark &mark)
 {
     const bool isUpright = mark.detail == 0 && mark.to.x == mark.to.y;
-    if (_glyphs == GlyphDrawing::Fonts && isUpright) {
+    const bool isBuiltIn = &_font.outlines(mark.glyph) == &layout::FontOutlines::music();
+    if (_glyphs == GlyphDrawing::Fonts && isUpright && isBuiltIn) {
         // SMuFL: an em is four staff spaces, so scales in 1/1024 are a fourth of the em in units.
         useFont(musicFace, 4 * mark.to.x);
         const char32_t codePoint = _font.codePoint(mark.glyph);
