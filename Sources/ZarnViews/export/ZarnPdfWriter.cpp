@@ -8,11 +8,19 @@
 #include <QPainter>
 #include <QPdfWriter>
 
+#include <cmath>
+
 namespace zarn::views {
 namespace {
 
 constexpr auto function = "zarn::views::PdfWriter::write";
-constexpr int dotsPerInch = 1200;
+
+/// A dot for each unit of the layout: coordinates are whole numbers, and short to write. What is
+/// rounded off is less than a hundredth of a millimetre over A4.
+int dotsPerInch(const layout::Layout &layout)
+{
+    return static_cast<int>(std::lround(25.4 / layout.millimetres(1)));
+}
 
 QPageLayout pageLayoutOf(const layout::LayoutPage &page)
 {
@@ -31,24 +39,19 @@ void PdfWriter::write(const layout::Layout &layout, QIODevice &device) const
     buffer.open(QIODevice::WriteOnly);
     {
         QPdfWriter pdf(&buffer);
-        pdf.setResolution(dotsPerInch);
+        pdf.setResolution(dotsPerInch(layout));
         pdf.setTitle(QString::fromStdString(layout.title()));
         pdf.setPageLayout(pageLayoutOf(layout.pages().front()));
         QPainter painter;
         if (!painter.begin(&pdf))
             ZARN_RAISE_IN(function, "Qt could not begin a PDF document");
-        const double scale =
-            layout.millimetres(layout::staffSpace) / layout::staffSpace * dotsPerInch / 25.4;
         ScorePainter score(GlyphDrawing::Fonts);
         for (std::size_t page = 0; page < layout.pages().size(); ++page) {
             if (page > 0) {
                 pdf.setPageLayout(pageLayoutOf(layout.pages()[page]));
                 pdf.newPage();
             }
-            painter.save();
-            painter.scale(scale, scale);
             score.paintPage(painter, layout, page);
-            painter.restore();
         }
     }
     if (device.write(bytes) != bytes.size())
