@@ -225,6 +225,18 @@ std::shared_ptr<Track> makeTrack(InstrumentSet::Type type, const ListedPart &par
         if (!(track->notations() == notations))
             track->setChosenNotations(notations);
     }
+    // Frets that nobody wrote are not shown.
+    const bool hasTablature = std::any_of(facts.staves.begin(), facts.staves.end(), isTablature);
+    const bool hasNotes =
+        std::any_of(track->staves().begin(), track->staves().end(), [](const auto &staff) {
+            return anyNote(staff->bars(), [](const Note &) { return true; });
+        });
+    const bool hasStrings =
+        std::any_of(track->staves().begin(), track->staves().end(), [](const auto &staff) {
+            return anyNote(staff->bars(), [](const Note &note) { return note.string() >= 0; });
+        });
+    if (!hasTablature && hasNotes && !hasStrings && track->notations().tablature)
+        track->setChosenNotations(TrackNotations());
     track->setVolumePan({part.volume.value_or(1.0F), part.pan.value_or(0.0F)});
     if (part.program != ListedPart::NoProgram)
         track->addSound(std::make_shared<Sound>(
