@@ -11,17 +11,20 @@
 #include <ZarnLayout/session/ZarnScoreLayout.h>
 #include <ZarnViews/export/ZarnPdfWriter.h>
 #include <ZarnViews/paint/ZarnScorePainter.h>
+#include <ZarnViews/widgets/ZarnScoreCanvas.h>
 
 #include <filesystem/RAMFileSystem.h>
 
+#include <QApplication>
 #include <QBuffer>
-#include <QGuiApplication>
 #include <QImage>
 #include <QLoggingCategory>
 #include <QPainter>
+#include <QScrollBar>
 
 #include <algorithm>
 #include <functional>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -34,10 +37,15 @@ using namespace zarn::layout;
 constexpr unsigned barCount = 300;
 constexpr double dotsPerMillimetre = 120 / 25.4;
 
-const Layout &band()
+const std::shared_ptr<const Layout> &sharedBand()
 {
     static const auto layout = layOut(*bench::band::make(barCount));
-    return *layout;
+    return layout;
+}
+
+const Layout &band()
+{
+    return *sharedBand();
 }
 
 /// The median of some runs, in milliseconds.
@@ -98,6 +106,26 @@ double openingTime()
     });
 }
 
+/// A window is painted anew, a step further on, from the tiles that it has.
+double scrollingTime()
+{
+    views::ScoreCanvas canvas;
+    canvas.resize(1280, 900);
+    canvas.setLayout(sharedBand());
+    QImage window(canvas.size(), QImage::Format_ARGB32_Premultiplied);
+    QScrollBar &bar = *canvas.verticalScrollBar();
+    const int top = bar.pageStep();
+    constexpr int step = 60;
+    for (const int place : {top, top + step}) {
+        bar.setValue(place);
+        canvas.render(&window);
+    }
+    return timeOf([&] {
+        bar.setValue(bar.value() == top ? top + step : top);
+        canvas.render(&window);
+    });
+}
+
 QByteArray pdfOf(const Layout &layout)
 {
     QBuffer buffer;
@@ -112,13 +140,15 @@ int main(int argc, char **argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QLoggingCategory::setFilterRules(QStringLiteral("zarn.*=false"));
-    const QGuiApplication application(argc, argv);
+    const QApplication application(argc, argv);
     bench::RatioReport report;
     const auto pages = static_cast<double>(band().pages().size());
     report.compareValues("views: MusicXML file to the first page, ms", 1,
                          [] { return std::make_pair(230.0, openingTime()); });
     report.compareValues("views: 2,000 marks painted at 120 dpi, ms", 1,
                          [] { return std::make_pair(30.0, paintTime()); });
+    report.compareValues("views: scrolled by a step, ms", 1,
+                         [] { return std::make_pair(4.0, scrollingTime()); });
     report.compareValues("views: a page as PDF, kB", 1, [pages] {
         return std::make_pair(12.0, static_cast<double>(pdfOf(band()).size()) / 1000 / pages);
     });
