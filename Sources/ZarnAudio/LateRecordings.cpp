@@ -89,13 +89,6 @@ bool LateRecordings::hasCome()
     return true;
 }
 
-void LateRecordings::wait()
-{
-    std::unique_lock<std::mutex> lock(_mutex);
-    if (_isBusy)
-        _change.wait(lock, [this] { return _answer != nullptr && _answer->wish == _asked; });
-}
-
 void LateRecordings::work()
 {
     std::unique_lock<std::mutex> lock(_mutex);
@@ -109,7 +102,6 @@ void LateRecordings::work()
         answer.read(_recordings);
         lock.lock();
         _answer = std::make_unique<Answer>(std::move(answer));
-        _change.notify_all();
     }
 }
 

@@ -38,9 +38,6 @@ public:
     /// True once when those that were on their way are there.
     bool hasCome();
 
-    /// Waits until they are.
-    void wait();
-
     const std::vector<std::string> &problems() const noexcept { return _problems; }
 
 private:

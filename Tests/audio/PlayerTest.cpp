@@ -466,19 +466,25 @@ TEST_F(Playing, neverTouchesThemWhenMoreVoicesAreAskedForThanThereAre)
     EXPECT_EQ(taken.calls, 0u);
 }
 
+/// A tone of 5000 Hz as a recording.
+std::shared_ptr<zarn::AudioTrack> toneTrack(const QTemporaryDir &folder, int seconds)
+{
+    std::vector<float> tone;
+    for (int i = 0; i < seconds * rate; ++i)
+        tone.push_back(0.5F * static_cast<float>(std::sin(2 * M_PI * 5000 * i / rate)));
+    auto track = std::make_shared<zarn::AudioTrack>("tone");
+    track->setFilePath(folder.filePath(QStringLiteral("tone.wav")).toStdString());
+    filesystem::DiskFileSystem files;
+    put(files, track->filePath(),
+        encoded(tone, format(AudioFormat::File::Wav, AudioFormat::Encoding::Pcm16, 1)));
+    return track;
+}
+
 TEST_F(Playing, recordingsJoinAtEverySpeed)
 {
     const QTemporaryDir folder;
-    filesystem::DiskFileSystem files;
-    std::vector<float> tone;
-    for (int i = 0; i < 20 * rate; ++i)
-        tone.push_back(0.5F * static_cast<float>(std::sin(2 * M_PI * 5000 * i / rate)));
-    const std::string path = folder.filePath(QStringLiteral("tone.wav")).toStdString();
-    put(files, path,
-        encoded(tone, format(AudioFormat::File::Wav, AudioFormat::Encoding::Pcm16, 1)));
     const auto model = modelOf("romance-guitar-study.musicxml");
-    model->addAudioTrack(std::make_shared<zarn::AudioTrack>("tone"));
-    model->audioTracks()[0]->setFilePath(path);
+    model->addAudioTrack(toneTrack(folder, 20));
     _player->setScore(*model);
     _player->play();
     EXPECT_EQ(_player->state(), State::Playing);
@@ -507,7 +513,7 @@ TEST_F(Playing, recordingsJoinAtEverySpeed)
     EXPECT_LT(power(_output->take(rate), 0, 1, 5000), 1e-4);
     EXPECT_EQ(_output->calls, 0u);
 
-    model->audioTracks()[0]->setFilePath(path + "x");
+    model->audioTracks()[0]->setFilePath("none.wav");
     _player->setScore(*model);
     for (int i = 0; i < 2000 && _player->problems().empty(); ++i) {
         _player->poll();
@@ -552,6 +558,8 @@ TEST(PlayerThreads, shareNothingButTheQueues)
         GTEST_SKIP() << error;
     zarn::Score score;
     readInto(score, "saints-band.musicxml");
+    const QTemporaryDir folder;
+    score.createAudioTrack(0, toneTrack(folder, 3));
     Player player({}, std::make_unique<ThreadOutput>());
     player.follow(score);
     ASSERT_TRUE(player.open(&error)) << error;

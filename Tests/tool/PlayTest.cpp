@@ -130,6 +130,14 @@ TEST_F(PlayCommand, endsCleanlyOnInterrupt)
     EXPECT_EQ(process.exitCode(), 0);
 }
 
+TEST_F(PlayCommand, saysThatTheDeviceIsGone)
+{
+    qputenv("SDL_DISKAUDIOFILE", "/dev/full"); // SDL takes the device for unplugged
+    const ToolRun run = play({});
+    EXPECT_EQ(run.code, 1);
+    EXPECT_TRUE(contains(run.err, "the sound device is gone")) << run.err;
+}
+
 TEST_F(PlayCommand, refusesWhatItCannotPlay)
 {
     EXPECT_EQ(play({QStringLiteral("--speed"), QStringLiteral("fast")}).code, 2);
