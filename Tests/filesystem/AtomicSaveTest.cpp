@@ -107,6 +107,17 @@ TEST_F(AtomicSave, aFolderThatDoesNotReachTheDiskIsTold)
     EXPECT_EQ(contentOf(_path), "new");
 }
 
+TEST(DiskOperations, whatTheSystemRefusesIsToldAndWhatIsOnNoDiskIsNot)
+{
+    filesystem::DiskOperations disk;
+    EXPECT_EQ(disk.syncFile(-1), std::errc::bad_file_descriptor);
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    EXPECT_EQ(disk.syncFile(ends[1]), std::error_code());
+    close(ends[0]);
+    close(ends[1]);
+}
+
 TEST_F(AtomicSave, whatKilledSavesLeftIsRemovedAndNothingElse)
 {
     const auto make = [this](const char *name, int ageInHours) {
