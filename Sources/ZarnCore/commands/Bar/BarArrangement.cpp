@@ -178,6 +178,11 @@ BarArrangement::BarArrangement(const ScoreModel &model, unsigned first, unsigned
         const unsigned needed = writtenBarCount(voice.poured.bars());
         _newBarCount = std::max(_newBarCount, needed - std::min(needed, present));
     }
+    Length start;
+    for (unsigned bar = 0; bar < barCount(); ++bar) {
+        _barStarts.push_back(start);
+        start += lengthOf(bar);
+    }
 }
 
 /// What the longest voice of a column holds; nothing where it is rests of whole bars alone.
@@ -211,6 +216,8 @@ void BarArrangement::measureColumn(unsigned bar, UsualLength &usual)
         usual.isSought = true;
     }
     const Length like = isUsual && usual.length ? *usual.length : _lengths[bar - _first];
+    const Length start = _columns.empty() ? Length() : _columnStarts.back() + _columns.back();
+    _columnStarts.push_back(start);
     _columns.push_back(found.value_or(like));
 }
 
@@ -358,16 +365,12 @@ std::optional<BarArrangement::NewPlace> BarArrangement::newPlaceOf(unsigned bar,
     const unsigned first = _first + _shift;
     if (bar < first || bar - first >= _columns.size())
         return std::nullopt;
-    Length start;
-    for (unsigned i = 0; i < bar - first; ++i)
-        start += _columns[i];
     // Positions are no fractions: what is nearly at a bar line is there.
     constexpr double nearly = 1e-4;
-    double time = toDouble(start) + static_cast<double>(position);
-    unsigned place = 0;
-    while (place + 1 < barCount() && time > toDouble(lengthOf(place)) - nearly)
-        time -= toDouble(lengthOf(place++));
-    time = std::max(time, 0.0);
+    double time = toDouble(_columnStarts[bar - first]) + static_cast<double>(position);
+    const unsigned place =
+        lastBarFrom([&](const Length &start) { return toDouble(start) - nearly < time; });
+    time = std::max(time - toDouble(_barStarts[place]), 0.0);
     if (first + place == bar && std::abs(time - static_cast<double>(position)) < nearly)
         return std::nullopt;
     return NewPlace{first + place, static_cast<float>(time)};
@@ -413,12 +416,11 @@ void BarArrangement::addFermatas(ContentSwap &swap) const
             hasAny = true;
             // One over the end of its bar stays over an end.
             const bool isAtEnd = !(mark.position < column);
-            Length time = start + std::min(mark.position, column);
-            unsigned place = 0;
-            while (place + 1 < barCount()
-                   && (isAtEnd ? lengthOf(place) < time : lengthOf(place) <= time))
-                time -= lengthOf(place++);
-            mark.position = time;
+            const Length time = start + std::min(mark.position, column);
+            const unsigned place = lastBarFrom([&](const Length &barStart) {
+                return barStart < time || (!isAtEnd && barStart == time);
+            });
+            mark.position = time - _barStarts[place];
             FermataMarks &marks = found[place];
             if (marks.empty() || marks.back().position < time)
                 marks.push_back(mark);

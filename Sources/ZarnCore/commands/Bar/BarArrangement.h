@@ -5,6 +5,7 @@
 #include <ZarnCore/model/ZarnVoice.h>
 #include <ZarnCore/model/barring/BeatPour.h>
 
+#include <algorithm>
 #include <optional>
 #include <vector>
 
@@ -74,8 +75,19 @@ private:
     unsigned _last;
     unsigned _shift;
     unsigned _newBarCount = 0;
+    /// The last bar, of those that take the music, of whose start a condition holds that holds of
+    /// no start behind one of which it does not.
+    template <class Condition>
+    unsigned lastBarFrom(Condition holds) const
+    {
+        const auto end = std::partition_point(_barStarts.begin() + 1, _barStarts.end(), holds);
+        return static_cast<unsigned>(end - _barStarts.begin()) - 1;
+    }
+
     std::vector<Length> _columns; ///< how long the music of each old bar is
-    std::vector<Length> _lengths; ///< of the bars as they are now
+    std::vector<Length> _columnStarts;
+    std::vector<Length> _barStarts; ///< of all bars that take the music
+    std::vector<Length> _lengths;   ///< of the bars as they are now
     Length _further;
     std::vector<PouredVoice> _voices;
 };
