@@ -114,6 +114,37 @@ Unit entryX(const BarFrame &frame, const utils::rational &offset)
                                        : between(before, *next, offset);
 }
 
+/// The middle of what stands at a column, on a tablature at one of its lines: wide heads and their
+/// frets are not in its middle.
+Unit shownX(const Layout &layout, const SystemDrawing &drawing, const FoundSpot &spot, Unit line,
+            Unit gap, Unit x)
+{
+    // No farther than the column reaches, and nowhere where none is.
+    Unit nearest = 0;
+    const auto &columns = frameOf(drawing, spot.bar).columns;
+    for (const ColumnFrame &column : columns)
+        if (column.offset == spot.offset)
+            nearest = staffSpace;
+    for (const ColumnFrame &column : columns)
+        if (column.offset != spot.offset)
+            nearest = std::min(nearest, std::abs(column.x - x) / 2);
+    Unit found = x;
+    for (const DrawMark &mark : drawing.marks.marks()) {
+        if (rank(mark.kind) != 0 || mark.place.bar != spot.bar
+            || mark.place.track != spot.staff.track || mark.place.staff != spot.staff.staff)
+            continue;
+        const Box box = drawing.marks.box(mark, layout.font());
+        const Unit away = std::abs((box.left + box.right) / 2 - x);
+        const bool isElsewhere = spot.staff.kind == StaffKind::Tablature
+            && std::abs((box.top + box.bottom) / 2 - line) >= gap / 2;
+        if (isElsewhere || away >= nearest)
+            continue;
+        nearest = away;
+        found = (box.left + box.right) / 2;
+    }
+    return found;
+}
+
 } // namespace
 
 std::optional<FoundMark> markAt(const Layout &layout, std::size_t page, Point point, Unit reach)
@@ -239,11 +270,12 @@ std::optional<PlacedBox> boxOfSpot(const Layout &layout, const FoundSpot &spot)
                     staff = &frame;
             if (staff == nullptr)
                 return std::nullopt;
-            const Unit x = entryX(frameOf(drawing, spot.bar), spot.offset) + system.at.x;
+            const Unit column = entryX(frameOf(drawing, spot.bar), spot.offset);
             const Unit gap =
                 staff->lineCount > 1 ? (staff->bottom - staff->top) / (staff->lineCount - 1) : 0;
             const bool isLine = staff->kind == StaffKind::Tablature;
             const Unit line = staff->top + spot.step * gap / 2;
+            const Unit x = shownX(layout, drawing, spot, line, gap, column) + system.at.x;
             const Unit reach = isLine ? gap / 2 : staffSpace / 2;
             const Unit top = (isLine ? line : staff->top) - reach + system.at.y;
             const Unit bottom = (isLine ? line : staff->bottom) + reach + system.at.y;
