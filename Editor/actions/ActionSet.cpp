@@ -83,8 +83,17 @@ ActionSet::ActionSet(const ActionContext &context, QMenuBar &menus) : _context(c
 
 ActionSet::~ActionSet() = default;
 
+void ActionSet::markStale()
+{
+    if (_isStale)
+        return;
+    _isStale = true;
+    QMetaObject::invokeMethod(this, &ActionSet::refresh, Qt::QueuedConnection);
+}
+
 void ActionSet::refresh()
 {
+    _isStale = false;
     for (const Entry &entry : _entries) {
         entry.shown->setEnabled(!entry.action->isEnabled || entry.action->isEnabled(_context));
         if (entry.action->isChecked)

@@ -20,6 +20,8 @@ public:
 
     /// What is enabled, checked and called so now.
     void refresh();
+    /// Does so in the next turn of the event loop, once for many changes.
+    void markStale();
 
     /// Takes the shortcuts that the settings hold.
     void applyShortcuts();
@@ -35,6 +37,7 @@ private:
 
     ActionContext _context;
     std::vector<Entry> _entries;
+    bool _isStale = false;
 };
 
 /// The shortcuts of an action: those that the user chose, else the usual ones.

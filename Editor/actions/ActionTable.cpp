@@ -11,7 +11,7 @@ const std::vector<ActionGroup> &actionTable()
         std::vector<ActionGroup> all;
         for (const auto part :
              {fileActions, editActions, entryActions, noteActions, attributeActions, barActions,
-              trackActions, moveActions, playActions, viewActions}) {
+              trackActions, scoreActions, moveActions, playActions, viewActions}) {
             std::vector<ActionGroup> groups = part();
             std::move(groups.begin(), groups.end(), std::back_inserter(all));
         }

@@ -18,6 +18,7 @@ std::vector<ActionGroup> entryActions();
 std::vector<ActionGroup> noteActions();
 std::vector<ActionGroup> barActions();
 std::vector<ActionGroup> trackActions();
+std::vector<ActionGroup> scoreActions();
 std::vector<ActionGroup> attributeActions();
 std::vector<ActionGroup> playActions();
 std::vector<ActionGroup> viewActions();

@@ -2,16 +2,11 @@
 #include "actions/ActionTable.h"
 #include "actions/Menus.h"
 #include "actions/ScoreStep.h"
-#include "app/Editor.h"
-#include "app/MainWindow.h"
+#include "actions/SignForms.h"
 #include "document/Document.h"
 
-#include <ZarnCore/model/ZarnMasterBarAttribute.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/form/ZarnDirectionMark.h>
-#include <ZarnCore/music/ZarnKeySignature.h>
-#include <ZarnCore/music/ZarnPitchClass.h>
-#include <ZarnCore/music/ZarnTimeSignature.h>
 
 #include <QCoreApplication>
 
@@ -25,97 +20,10 @@ struct Text {
     Q_DECLARE_TR_FUNCTIONS(BarActions)
 };
 
-std::pair<unsigned, unsigned> barsOf(const ActionContext &context)
-{
-    return context.document.selection().bars(context.document.score());
-}
-
-Questions &questions(const ActionContext &context)
-{
-    return context.window.editor().questions();
-}
-
-/// From the bar of the cursor, or the selection, as far as a user means it: without a selection to
-/// the next bar that says otherwise, by `isSame`.
-template <class Same>
-std::pair<unsigned, unsigned> stretchOf(const ActionContext &context, Same isSame)
-{
-    auto bars = barsOf(context);
-    if (!context.document.selection().isEmpty())
-        return bars;
-    const auto &all = context.document.model().masterTrack()->masterBars();
-    while (bars.second + 1 < all.size() && isSame(*all[bars.first], *all[bars.second + 1]))
-        ++bars.second;
-    return bars;
-}
-
 bool insertBars(const ActionContext &context, Score &score, bool isBehind)
 {
     const auto bars = barsOf(context);
     return score.createBars(isBehind ? bars.second + 1 : bars.first, bars.second - bars.first + 1);
-}
-
-Change askTime(const ActionContext &context)
-{
-    const MasterBarAttributeRow &row = rowOf(MasterBarAttribute::TimeSignature);
-    const MasterBar *const bar = context.document.cursor().findMasterBar();
-    if (bar == nullptr)
-        return nullptr;
-    const auto typed =
-        questions(context).askText(&context.window, Text::tr("Meter, such as 3/4:"),
-                                   QString::fromStdString(row.range.toText(row.get(*bar))));
-    if (!typed)
-        return nullptr;
-    const auto value = row.range.fromText(typed->toStdString());
-    const auto bars = stretchOf(context, [](const MasterBar &a, const MasterBar &b) {
-        return a.timeSignature() == b.timeSignature();
-    });
-    return [value, bars](Score &score) {
-        return value
-            && score.setMasterTimeSignature(bars.first, bars.second, value->to<TimeSignature>());
-    };
-}
-
-/// All keys, by the circle of fifths from the flats to the sharps, major ones first.
-std::vector<KeySignature> keys()
-{
-    std::vector<KeySignature> all;
-    for (const bool isMajor : {true, false})
-        for (int count = -7; count <= 7; ++count)
-            all.emplace_back(count, isMajor);
-    return all;
-}
-
-QString nameOf(const KeySignature &key)
-{
-    const QString tonic = PitchClass::fromPitch(key.rootNote()).symbol();
-    return key.isMajor() ? Text::tr("%1 major").arg(tonic) : Text::tr("%1 minor").arg(tonic);
-}
-
-Change askKey(const ActionContext &context)
-{
-    const MasterBar *const bar = context.document.cursor().findMasterBar();
-    if (bar == nullptr)
-        return nullptr;
-    const std::vector<KeySignature> all = keys();
-    QStringList names;
-    int present = 0;
-    for (const KeySignature &key : all) {
-        if (key.accidentalCount() == bar->concertKeySignature().accidentalCount()
-            && key.isMajor() == bar->concertKeySignature().isMajor())
-            present = names.size();
-        names << nameOf(key);
-    }
-    const auto chosen = questions(context).askChoice(
-        &context.window, Text::tr("Key, as it sounds:"), names, present);
-    if (!chosen)
-        return nullptr;
-    const auto bars = stretchOf(context, [](const MasterBar &a, const MasterBar &b) {
-        return a.concertKeySignature() == b.concertKeySignature();
-    });
-    return [key = all[static_cast<std::size_t>(*chosen)], bars](Score &score) {
-        return score.setMasterKeySignature(bars.first, bars.second, key);
-    };
 }
 
 Action clef(const char *id, const QString &text, ClefType type)
@@ -133,20 +41,6 @@ Action clef(const char *id, const QString &text, ClefType type)
         return bar != nullptr && bar->clef() == type;
     };
     return action;
-}
-
-Change askRepeat(const ActionContext &context)
-{
-    constexpr int most = 255;
-    const auto bars = barsOf(context);
-    const auto times = questions(context).askNumber(
-        &context.window, Text::tr("How often the bars are played, 0 for no repeat:"), 2, 0, most);
-    if (!times)
-        return nullptr;
-    return [bars, count = *times >= 2 ? static_cast<unsigned>(*times) : 0](Score &score) {
-        return score.setBarRepeatStart(bars.first, count != 0)
-            && score.setBarRepeatEnd(bars.second, count);
-    };
 }
 
 Action ending(unsigned pass)
@@ -192,25 +86,6 @@ Action fermata(const char *id, const QString &text, const char *keys, Fermata ki
     return scoreStep(id, text, keys, [kind](const ActionContext &context, Score &score) {
         return score.setFermata(context.document.cursor(), kind);
     });
-}
-
-Change askSection(const ActionContext &context)
-{
-    const MasterBar *const bar = context.document.cursor().findMasterBar();
-    if (bar == nullptr)
-        return nullptr;
-    const auto letter = questions(context).askText(&context.window, Text::tr("Rehearsal letter:"),
-                                                   QString::fromStdString(bar->section().letter));
-    const auto text = letter
-        ? questions(context).askText(&context.window, Text::tr("Title of the section:"),
-                                     QString::fromStdString(bar->section().text))
-        : std::nullopt;
-    if (!text)
-        return nullptr;
-    return [index = barsOf(context).first, letter = *letter, text = *text](Score &score) {
-        return letter.isEmpty() && text.isEmpty() ? score.unsetMasterBarSection(index)
-                                                  : score.setMasterBarSection(index, letter, text);
-    };
 }
 
 ScoreModelRange wholeBars(const ActionContext &context)
@@ -279,6 +154,7 @@ std::vector<ActionGroup> barActions()
         askedStep("bar.key", Text::tr("&Key"), "Ctrl+K", askKey),
         askedStep("bar.section", Text::tr("&Section"), "Shift+Ins", askSection),
         askedStep("bar.repeat", Text::tr("Re&peat"), "Ctrl+Shift+R", askRepeat),
+        askedStep("bar.tempo", Text::tr("Te&mpo"), "Ctrl+M", askTempo),
     };
     const std::vector<Action> clefs = {
         clef("bar.clefG", Text::tr("&Treble"), ClefType::G2),
@@ -298,6 +174,7 @@ std::vector<ActionGroup> barActions()
         fermata("bar.fermataShort", Text::tr("&Short fermata"), "", Fermata::Short),
         fermata("bar.fermataLong", Text::tr("&Long fermata"), "", Fermata::Long),
         fermata("bar.noFermata", Text::tr("&No fermata"), "", Fermata::None),
+        askedStep("bar.fermataAt", Text::tr("Another ferma&ta"), "", askFermata),
     };
     std::vector<Action> voices;
     for (const bool isSwap : {false, true})

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "actions/ActionTable.h"
 #include "actions/Menus.h"
+#include "actions/NoteForms.h"
 #include "actions/ScoreStep.h"
 #include "app/Editor.h"
 #include "app/MainWindow.h"
@@ -144,6 +145,22 @@ Action grace(const char *id, const QString &text, const char *keys, GraceType ty
     return action;
 }
 
+/// A bend of so many quarter-tones, or none where there is this one.
+Action bend(const char *id, const QString &text, const char *keys, int height)
+{
+    const auto isThis = [height](const ActionContext &context) {
+        const Note *const note = context.document.cursor().findNote();
+        return note != nullptr && note->bend() == Bend::of(BendType::Bend, height);
+    };
+    Action action =
+        scoreStep(id, text, keys, [isThis, height](const ActionContext &context, Score &score) {
+            return score.setStringedNoteBend(
+                notesOf(context), isThis(context) ? Bend() : Bend::of(BendType::Bend, height));
+        });
+    action.isChecked = isThis;
+    return action;
+}
+
 /// All strings.
 constexpr std::uint32_t everyString = 0xFFF;
 
@@ -197,6 +214,14 @@ std::vector<ActionGroup> noteActions()
               GraceType::BeforeBeat),
         grace("beat.graceOn", Text::tr("Grace note &on the beat"), "", GraceType::OnBeat),
     };
+    const std::vector<Action> shaping = {
+        bend("note.bendHalf", Text::tr("Bend &half a tone"), "Ctrl+Alt+D", 2),
+        bend("note.bendFull", Text::tr("&Bend a whole tone"), "Ctrl+D", 4),
+        askedStep("note.bend", Text::tr("Be&nd"), "Ctrl+Shift+D", askBend),
+        askedStep("beat.whammyBar", Text::tr("&Whammy bar"), "", askWhammyBar),
+        askedStep("note.harmonic", Text::tr("Har&monic"), "Ctrl+H", askHarmonic),
+        askedStep("note.trill", Text::tr("&Trill"), "", askTrill),
+    };
     const std::vector<Action> accents = {
         accent("note.staccato", Text::tr("&Staccato"), "!", AccentFlag::Staccato),
         accent("note.staccatissimo", Text::tr("Stacca&tissimo"), "", AccentFlag::Staccatissimo),
@@ -231,6 +256,7 @@ std::vector<ActionGroup> noteActions()
     };
     return {{titles(Menu::Note), links},
             {titles(Menu::Note), playing},
+            {titles(Menu::Note), shaping},
             {titles(Menu::Note, Text::tr("&Accents")), accents},
             {titles(Menu::Note, Text::tr("A&ccidental")), accidentals},
             {titles(Menu::Note), moving}};

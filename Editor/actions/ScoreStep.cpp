@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "actions/ScoreStep.h"
 
+#include "app/Editor.h"
+#include "app/MainWindow.h"
 #include "document/Document.h"
 
 #include <QCoreApplication>
@@ -54,6 +56,19 @@ Action askedStep(const char *id, const QString &text, const char *keys,
             step(context, title, change);
     };
     return action;
+}
+
+Action numberStep(const char *id, const QString &text, const QString &label, int least, int most,
+                  std::function<int(const ActionContext &)> present,
+                  std::function<bool(const ActionContext &, Score &, int)> set)
+{
+    return askedStep(id, text, "", [=](const ActionContext &context) -> Change {
+        const auto given = context.window.editor().questions().askNumber(
+            &context.window, label, present(context), least, most);
+        if (!given)
+            return nullptr;
+        return [context, set, value = *given](Score &score) { return set(context, score, value); };
+    });
 }
 
 QString plainText(QString text)

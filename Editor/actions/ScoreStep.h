@@ -21,6 +21,11 @@ using Change = std::function<bool(Score &)>;
 Action askedStep(const char *id, const QString &text, const char *keys,
                  std::function<Change(const ActionContext &)> ask);
 
+/// Asks for a number first, from `present` on.
+Action numberStep(const char *id, const QString &text, const QString &label, int least, int most,
+                  std::function<int(const ActionContext &)> present,
+                  std::function<bool(const ActionContext &, Score &, int)> set);
+
 /// "&Palm mute..." as "Palm mute".
 QString plainText(QString text);
 

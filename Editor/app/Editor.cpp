@@ -2,6 +2,7 @@
 #include "app/Editor.h"
 
 #include "app/MainWindow.h"
+#include "app/ScoreView.h"
 #include "document/Document.h"
 #include "document/NewScore.h"
 #include "document/Recovery.h"
@@ -61,6 +62,8 @@ void Editor::open(const QString &path, MainWindow *asker)
 void Editor::take(const LoadedFile &file, const QPointer<QWidget> &asker)
 {
     if (file.model == nullptr) {
+        if (!QFileInfo::exists(file.path))
+            removeRecentFile(file.path);
         _questions->tell(asker, tr("\"%1\" cannot be opened.").arg(file.path), {file.error});
         return;
     }
@@ -85,6 +88,14 @@ MainWindow *Editor::show(LoadedFile file)
 
 MainWindow *Editor::showAgain(const std::shared_ptr<Document> &document)
 {
+    // What another window has laid out already need not be laid out again.
+    for (MainWindow *const window : windows()) {
+        const LayoutKeeper &layouts = window->view().layouts();
+        const layout::LayoutOptions usual = usualOptions(document->model());
+        if (window->sharedDocument() == document && !layouts.isBusy()
+            && layouts.options().view == usual.view && layouts.options().tracks.empty())
+            return add(document, layouts.layout());
+    }
     return add(document, nullptr);
 }
 
@@ -149,6 +160,13 @@ bool Editor::isLastWindowOf(const MainWindow &window) const
 QStringList Editor::recentFiles() const
 {
     return QSettings().value(recentKey()).toStringList();
+}
+
+void Editor::removeRecentFile(const QString &path)
+{
+    QStringList files = recentFiles();
+    files.removeAll(path);
+    QSettings().setValue(recentKey(), files);
 }
 
 void Editor::addRecentFile(const QString &path)

@@ -51,6 +51,7 @@ public:
 
     QStringList recentFiles() const;
     void addRecentFile(const QString &path);
+    void removeRecentFile(const QString &path);
 
 Q_SIGNALS:
     void opened(zarn::editor::MainWindow *window);

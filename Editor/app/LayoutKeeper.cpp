@@ -2,24 +2,48 @@
 #include "app/LayoutKeeper.h"
 
 #include "document/Document.h"
+#include "document/DocumentFiles.h"
 
 #include <ZarnCore/ZarnException.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
+#include <QFutureWatcher>
+#include <QtConcurrent/QtConcurrentRun>
+
 #include <algorithm>
+#include <chrono>
+#include <functional>
 
 namespace zarn::editor {
+namespace {
+
+/// What a turn of the event loop may read. What is read within it is laid out as fast.
+constexpr std::chrono::milliseconds slice(10);
+
+/// What a user is told when work raises; nothing when it does not.
+QString problemOf(const std::function<void()> &work)
+{
+    try {
+        work();
+    } catch (const CoreException &problem) {
+        return QString::fromStdString(problem.message());
+    } catch (const std::exception &problem) {
+        return QString::fromLocal8Bit(problem.what());
+    }
+    return {};
+}
+
+} // namespace
 
 LayoutKeeper::LayoutKeeper(Document &document, std::shared_ptr<const layout::Layout> layout)
-    : _document(document), _session(document.listenedScore()), _layout(std::move(layout))
+    : _document(document), _options(usualOptions(document.model())),
+      _session(document.listenedScore(), _options), _layout(std::move(layout))
 {
-    connect(&document, &Document::changed, this, [this] {
-        if (shownOptions().tracks != _session.options().tracks)
-            _session.setOptions(shownOptions());
-        mark();
-    });
+    connect(&document, &Document::changed, this, &LayoutKeeper::followDocument);
     if (_layout == nullptr)
         bringUpToDate();
+    else
+        wait(); // what is shown is laid out by the session too, for the edits to come
 }
 
 LayoutKeeper::~LayoutKeeper() = default;
@@ -28,32 +52,97 @@ void LayoutKeeper::setOptions(const layout::LayoutOptions &options)
 {
     _options = options;
     _session.setOptions(shownOptions());
+    _isMuch = true;
+    mark();
+}
+
+void LayoutKeeper::followDocument()
+{
+    const layout::LayoutOptions shown = shownOptions();
+    if (shown.tracks != _session.options().tracks
+        || shown.multiRest != _session.options().multiRest)
+        _session.setOptions(shown);
     mark();
 }
 
 void LayoutKeeper::mark()
 {
-    if (_isWaiting)
+    _isStale = true;
+    wait();
+}
+
+void LayoutKeeper::wait()
+{
+    if (_isWaiting || _isLayingOut)
         return;
     _isWaiting = true;
-    QMetaObject::invokeMethod(this, &LayoutKeeper::bringUpToDate, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, &LayoutKeeper::goOn, Qt::QueuedConnection);
+}
+
+void LayoutKeeper::goOn()
+{
+    _isWaiting = false;
+    if (_isLayingOut || !_session.isOutdated())
+        return;
+    bool isRead = false;
+    const QString problem = problemOf([&] { isRead = _session.read(slice); });
+    if (!problem.isEmpty()) {
+        Q_EMIT _document.refused(problem);
+        return;
+    }
+    _isMuch = _isMuch || !isRead || _session.layout() == nullptr;
+    if (!isRead)
+        wait();
+    else if (_isMuch)
+        startJob();
+    else
+        bringUpToDate();
+}
+
+void LayoutKeeper::startJob()
+{
+    const auto job = _session.startJob();
+    auto *const watcher = new QFutureWatcher<QString>(this);
+    connect(watcher, &QFutureWatcher<QString>::finished, this, [this, watcher, job] {
+        watcher->deleteLater();
+        finishJob(*job, watcher->result());
+    });
+    _isMuch = false;
+    _isLayingOut = true;
+    watcher->setFuture(QtConcurrent::run([job] { return problemOf([&] { job->run(); }); }));
+}
+
+void LayoutKeeper::finishJob(const layout::LayoutJob &job, const QString &error)
+{
+    _isLayingOut = false;
+    if (!error.isEmpty()) {
+        Q_EMIT _document.refused(error);
+        return;
+    }
+    const auto update = _session.finishJob(job);
+    if (_isStale)
+        show(update.layout);
+    if (_session.isOutdated())
+        wait(); // what was edited meanwhile
 }
 
 void LayoutKeeper::bringUpToDate()
 {
-    _isWaiting = false;
-    if (_layout != nullptr && !_session.isOutdated())
+    if (_layout != nullptr && !_isStale)
         return;
-    try {
-        _layout = _session.update().layout;
-    } catch (const CoreException &problem) {
-        Q_EMIT _document.refused(QString::fromStdString(problem.message()));
-        return;
-    }
+    const QString problem = problemOf([this] { show(_session.update().layout); });
+    if (!problem.isEmpty())
+        Q_EMIT _document.refused(problem);
+}
+
+void LayoutKeeper::show(std::shared_ptr<const layout::Layout> layout)
+{
+    _layout = std::move(layout);
+    _isStale = _session.isOutdated();
     Q_EMIT layoutChanged();
 }
 
-/// Without tracks that are not there any more; when all are gone, the full score.
+/// When all of the tracks are gone, the full score.
 layout::LayoutOptions LayoutKeeper::shownOptions() const
 {
     layout::LayoutOptions options = _options;
@@ -61,6 +150,7 @@ layout::LayoutOptions LayoutKeeper::shownOptions() const
     options.tracks.erase(std::remove_if(options.tracks.begin(), options.tracks.end(),
                                         [count](unsigned track) { return track >= count; }),
                          options.tracks.end());
+    options.multiRest = usualOptions(_document.model()).multiRest;
     return options;
 }
 

@@ -11,8 +11,10 @@ namespace zarn::editor {
 
 class Document;
 
-/// Keeps the layout of a document that one window shows: what is changed is laid out anew in the
-/// next turn of the event loop, so that many changes cost one.
+/// Keeps the layout of a document that one window shows. What a few edits change is laid out in the
+/// next turn of the event loop, so that many changes cost one. Where much is to do, as when a large
+/// score is laid out first or in another view, the score is read in slices between which the user
+/// goes on, and laid out on another thread.
 class LayoutKeeper : public QObject {
     Q_OBJECT
 public:
@@ -21,11 +23,18 @@ public:
                           std::shared_ptr<const layout::Layout> layout = nullptr);
     ~LayoutKeeper() override;
 
+    /// What the user chose.
     const layout::LayoutOptions &options() const noexcept { return _options; }
     void setOptions(const layout::LayoutOptions &options);
 
-    /// As it was when it was brought up to date last.
+    /// The same without tracks that are not there any more, and with what the document decides.
+    layout::LayoutOptions shownOptions() const;
+
+    /// What is shown. While `isBusy`, it may be older than the score.
     const std::shared_ptr<const layout::Layout> &layout() const noexcept { return _layout; }
+
+    /// Whether work is under way, that of the first reading too.
+    bool isBusy() const noexcept { return _isWaiting || _isLayingOut; }
 
     /// At once, for what must not wait for the next turn.
     void bringUpToDate();
@@ -35,13 +44,21 @@ Q_SIGNALS:
 
 private:
     void mark();
-    layout::LayoutOptions shownOptions() const;
+    void wait();
+    void goOn();
+    void startJob();
+    void finishJob(const layout::LayoutJob &job, const QString &error);
+    void show(std::shared_ptr<const layout::Layout> layout);
+    void followDocument();
 
     Document &_document;
     layout::LayoutOptions _options;
     layout::LayoutSession _session;
     std::shared_ptr<const layout::Layout> _layout;
     bool _isWaiting = false;
+    bool _isLayingOut = false;
+    bool _isMuch = false; ///< too much to lay out in one turn
+    bool _isStale = false;
 };
 
 } // namespace zarn::editor

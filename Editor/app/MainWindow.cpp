@@ -49,8 +49,8 @@ MainWindow::MainWindow(Editor &editor, std::shared_ptr<Document> document,
     connect(_document.get(), &Document::modifiedChanged, this, &MainWindow::showTitle);
     connect(_document.get(), &Document::refused, this, &MainWindow::say);
     connect(_document.get(), &Document::placeChanged, this, &MainWindow::showPlace);
-    connect(_document.get(), &Document::changed, _actions.get(), &ActionSet::refresh);
-    connect(_document.get(), &Document::placeChanged, _actions.get(), &ActionSet::refresh);
+    connect(_document.get(), &Document::changed, _actions.get(), &ActionSet::markStale);
+    connect(_document.get(), &Document::placeChanged, _actions.get(), &ActionSet::markStale);
     connect(_playing.get(), &Playing::moved, _view, &ScoreView::showPlayback);
     connect(_playing.get(), &Playing::failed, this, &MainWindow::say);
     connect(_playing.get(), &Playing::stateChanged, _actions.get(), &ActionSet::refresh);

@@ -37,6 +37,14 @@ QString placeText(const Document &document)
         parts << PitchClass::fromPitch(sounding, false).symbol()
                 + QString::number(sounding / keysPerOctave - 1);
     }
+    // A bar that is not full yet, or too full, is what one counts while writing.
+    const auto voice = place.voice();
+    const auto master = place.masterBar();
+    if (voice != nullptr && master != nullptr && !voice->isEmpty()
+        && voice->length() != master->length())
+        parts << Text::tr("%1 of %2 quarters")
+                     .arg(voice->length().toDouble())
+                     .arg(master->length().toDouble());
     return parts.join(QStringLiteral(" · "));
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/Questions.h"
 
+#include "dialogs/FormDialog.h"
+
 #include <QCoreApplication>
 #include <QFileDialog>
 #include <QInputDialog>
@@ -58,6 +60,13 @@ void Questions::tell(QWidget *window, const QString &message, const QStringList 
                     QMessageBox::Ok, window);
     box.setDetailedText(details.join(QLatin1Char('\n')));
     box.exec();
+}
+
+std::optional<QVariantMap> Questions::askForm(QWidget *window, const Form &form)
+{
+    FormDialog dialog(form, window);
+    return dialog.exec() == QDialog::Accepted ? std::optional<QVariantMap>(dialog.values())
+                                              : std::nullopt;
 }
 
 std::optional<QString> Questions::askText(QWidget *window, const QString &label,

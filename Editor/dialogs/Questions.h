@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "dialogs/Form.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -32,6 +34,8 @@ public:
 
     /// A message; details are what a user may want to read or not.
     virtual void tell(QWidget *window, const QString &message, const QStringList &details = {});
+    /// The values of all fields by their ids; nothing when the user wants none of it.
+    virtual std::optional<QVariantMap> askForm(QWidget *window, const Form &form);
     virtual std::optional<QString> askText(QWidget *window, const QString &label,
                                            const QString &present);
     virtual std::optional<int> askNumber(QWidget *window, const QString &label, int present,

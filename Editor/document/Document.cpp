@@ -165,6 +165,12 @@ bool Document::moveCursor(const std::function<bool(ScoreCursor &)> &move, bool e
     if (staff != nullptr && staff->isFretted()
         && cursor().noteString() >= staff->tuning().stringCount())
         own.toFirst(CursorStep::String);
+    // Another track is written from its first voice on, unless it has the other one here.
+    const bool isOtherTrack = cursor().trackIndex() != before.trackIndex();
+    if (isOtherTrack && (cursor().findVoice() == nullptr || cursor().findVoice()->isEmpty()))
+        own.to(CursorStep::Voice, 0);
+    if (isOtherTrack)
+        _entry.rhythm = EntryState().rhythm;
     // What is entered next is as long as the beat that one comes from.
     if (const auto beat = cursor().beat())
         _entry.rhythm = beat->rhythmValue();

@@ -63,7 +63,7 @@ void read(LoadedFile &loaded)
     }
     loaded.model = importer->read(*handle, loaded.report);
     loaded.isNative = importer->extensions().contains(nativeSuffix());
-    loaded.layout = layout::layOut(*loaded.model);
+    loaded.layout = layout::layOut(*loaded.model, usualOptions(*loaded.model));
 }
 
 void write(const ScoreModel &model, const QString &path, SavedFile &saved)
@@ -98,6 +98,15 @@ QString reasonOf(const std::function<void()> &work)
 
 } // namespace
 
+layout::LayoutOptions usualOptions(const ScoreModel &model)
+{
+    const zarn::ScoreView &fullScore = model.views().front();
+    layout::LayoutOptions options;
+    options.view = fullScore.layout;
+    options.multiRest = fullScore.multiRest;
+    return options;
+}
+
 LoadedFile loadFile(const QString &path)
 {
     LoadedFile loaded;
@@ -113,7 +122,7 @@ LoadedFile loadFile(const QString &path)
 LoadedFile loadedModel(std::shared_ptr<ScoreModel> model)
 {
     LoadedFile loaded;
-    loaded.layout = layout::layOut(*model);
+    loaded.layout = layout::layOut(*model, usualOptions(*model));
     loaded.model = std::move(model);
     loaded.isNative = true;
     return loaded;

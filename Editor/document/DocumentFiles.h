@@ -29,6 +29,9 @@ struct LoadedFile {
     QString error;
 };
 
+/// How a window shows a score first: as the document says.
+layout::LayoutOptions usualOptions(const ScoreModel &model);
+
 /// Reads a file in whatever format that the core knows, and lays it out. Raises nothing; for any
 /// thread.
 LoadedFile loadFile(const QString &path);

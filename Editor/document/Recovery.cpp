@@ -67,8 +67,10 @@ void Recovery::follow()
 void Recovery::keep()
 {
     _timer.stop();
-    if (!QDir().mkpath(folder()))
+    if (!QDir().mkpath(folder())) {
+        Q_EMIT _document.refused(tr("There is no recovery copy: %1").arg(folder()));
         return;
+    }
     if (_lock == nullptr) {
         _lock = std::make_unique<QLockFile>(lockPath(_base));
         _lock->setStaleLockTime(0);
@@ -77,7 +79,7 @@ void Recovery::keep()
     }
     const SavedFile saved = saveFile(_document.model(), copyPath());
     if (!saved.error.isEmpty()) {
-        qWarning("no recovery copy: %s", qUtf8Printable(saved.error));
+        Q_EMIT _document.refused(tr("There is no recovery copy: %1").arg(saved.error));
         return;
     }
     QFile origin(originPath(_base));

@@ -149,9 +149,13 @@ void enterNoteValue(Document &document, RhythmValue::NoteValue value)
 {
     RhythmValue next = document.entry().rhythm;
     next.setNoteValue(value);
+    next.setAugmentationDot(0); // who asks for a half means a half
+    const bool hasDots = !allBeats(
+        document, [](const Beat &beat) { return beat.rhythmValue().getAugmentationDot() == 0; });
     changeRhythm(document, Text::tr("Note value"), next,
-                 [value](Score &score, const ScoreModelRange &range) {
-                     return score.setNoteDuration(range, value);
+                 [value, hasDots](Score &score, const ScoreModelRange &range) {
+                     return score.setNoteDuration(range, value)
+                         && (!hasDots || score.setNoteAugmentationDot(range, 0));
                  });
 }
 

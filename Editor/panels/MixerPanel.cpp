@@ -30,6 +30,7 @@ MixerPanel::MixerPanel(const ActionContext &context) : Panel(context)
     auto *const all = new QVBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);
     auto *const area = new QScrollArea;
+    area->setAccessibleName(tr("Mixer"));
     auto *const strips = new QWidget;
     _row = new QHBoxLayout(strips);
     _row->setSizeConstraint(QLayout::SetMinAndMaxSize);

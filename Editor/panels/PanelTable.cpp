@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "panels/PanelTable.h"
 
+#include "panels/AutomationsPanel.h"
 #include "panels/ChordsPanel.h"
 #include "panels/FretboardPanel.h"
 #include "panels/MixerPanel.h"
 #include "panels/PropertiesPanel.h"
 #include "panels/SectionsPanel.h"
+#include "panels/SoundsPanel.h"
 #include "panels/TracksPanel.h"
 #include "panels/TuningPanel.h"
 
@@ -41,6 +43,10 @@ const std::vector<PanelRow> &panelTable()
          make<FretboardPanel>},
         {QStringLiteral("chords"), Text::tr("Chords"), Qt::RightDockWidgetArea, false,
          make<ChordsPanel>},
+        {QStringLiteral("sounds"), Text::tr("Sounds and effects"), Qt::RightDockWidgetArea, false,
+         make<SoundsPanel>},
+        {QStringLiteral("automations"), Text::tr("Automation"), Qt::BottomDockWidgetArea, false,
+         make<AutomationsPanel>},
         {QStringLiteral("tuning"), Text::tr("Tuning"), Qt::RightDockWidgetArea, false,
          make<TuningPanel>},
     };

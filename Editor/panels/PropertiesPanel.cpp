@@ -60,18 +60,47 @@ public:
     }
 };
 
-/// The texts of what has few values, as they are typed.
+/// What has few values: all of them.
+std::vector<AttributeValue> valuesOf(const AttributeRange &range)
+{
+    if (std::holds_alternative<bool>(range.sample().held()))
+        return {false, true};
+    std::vector<AttributeValue> values;
+    const int count = range.texts != nullptr ? static_cast<int>(range.texts().size()) : 0;
+    for (int value = 0; value < count; ++value)
+        if (range.contains(value) && !range.texts()[static_cast<std::size_t>(value)].empty())
+            values.emplace_back(value);
+    return values;
+}
+
+/// As a reader sees it; what is typed stays as it is typed.
+QString wordOf(const AttributeRange &range, const AttributeValue &value)
+{
+    if (const bool *const isOn = std::get_if<bool>(&value.held()))
+        return *isOn ? PropertiesPanel::tr("yes") : PropertiesPanel::tr("no");
+    std::string text = range.toText(value);
+    // "NoOrnament", "NONE"
+    const bool isNone = text == "NONE"
+        || (text.size() > 2 && text.compare(0, 2, "No") == 0 && text[2] >= 'A' && text[2] <= 'Z');
+    if (isNone)
+        text = "None";
+    return range.texts != nullptr ? attributeText(text) : QString::fromStdString(text);
+}
+
 QStringList choicesOf(const AttributeRange &range)
 {
     QStringList choices;
-    if (std::holds_alternative<bool>(range.sample().held()))
-        return {QStringLiteral("false"), QStringLiteral("true")};
-    if (range.texts == nullptr)
-        return {};
-    for (int value = 0; value < static_cast<int>(range.texts().size()); ++value)
-        if (range.contains(value) && !range.texts()[static_cast<std::size_t>(value)].empty())
-            choices << QString::fromStdString(range.toText(value));
+    for (const AttributeValue &value : valuesOf(range))
+        choices << wordOf(range, value);
     return choices;
+}
+
+std::optional<AttributeValue> valueOf(const AttributeRange &range, const QString &text)
+{
+    for (const AttributeValue &value : valuesOf(range))
+        if (wordOf(range, value) == text)
+            return value;
+    return range.fromText(text.toStdString());
 }
 
 } // namespace
@@ -84,7 +113,6 @@ PropertiesPanel::PropertiesPanel(const ActionContext &context)
     all->addWidget(_tree);
     _tree->setColumnCount(ColumnCount);
     _tree->setHeaderLabels({tr("Property"), tr("Value")});
-    _tree->header()->setSectionResizeMode(Name, QHeaderView::ResizeToContents);
     _tree->setItemDelegateForColumn(Value, new ValueDelegate(_tree));
     _tree->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed
                            | QAbstractItemView::SelectedClicked);
@@ -93,6 +121,7 @@ PropertiesPanel::PropertiesPanel(const ActionContext &context)
     addRows<Beat>(tr("Beat"));
     addRows<Bar>(tr("Bar of the staff"));
     addRows<MasterBar>(tr("Bar of all staves"));
+    _tree->resizeColumnToContents(Name);
     connect(_tree, &QTreeWidget::itemChanged, this, &PropertiesPanel::change);
 }
 
@@ -124,8 +153,7 @@ void PropertiesPanel::showRows(QTreeWidgetItem &folder)
             static_cast<typename AttributeOf<Node>::Id>(item.data(Name, idRole).toInt());
         const auto value = valueAtCursor<Node>(document(), id);
         isThere = isThere || value.has_value();
-        item.setText(Value,
-                     value ? QString::fromStdString(rowOf(id).range.toText(*value)) : QString());
+        item.setText(Value, value ? wordOf(rowOf(id).range, *value) : QString());
         QFont font = item.font(Name);
         font.setBold(value && *value != defaultOf(rowOf(id)));
         item.setFont(Name, font);
@@ -138,7 +166,7 @@ template <class Node>
 bool PropertiesPanel::set(const QTreeWidgetItem &item, const QString &text)
 {
     const auto id = static_cast<typename AttributeOf<Node>::Id>(item.data(Name, idRole).toInt());
-    const auto value = rowOf(id).range.fromText(text.toStdString());
+    const auto value = valueOf(rowOf(id).range, text);
     if (value == valueAtCursor<Node>(document(), id))
         return true;
     return value && document().edit(item.text(Name), [&](Score &score) {

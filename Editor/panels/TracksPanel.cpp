@@ -76,9 +76,13 @@ void TracksPanel::follow()
             item = new QTableWidgetItem;
             _table->setItem(row, column, item);
         }
+        // What stays is left alone: the table would measure all of its columns anew.
         item->setText(QString::fromStdString(text));
-        item->setFlags(isEditable ? item->flags() | Qt::ItemIsEditable
-                                  : item->flags() & ~Qt::ItemIsEditable);
+        Qt::ItemFlags flags = item->flags();
+        flags.setFlag(Qt::ItemIsEditable, isEditable);
+        flags.setFlag(Qt::ItemIsUserCheckable, isSwitch(column));
+        if (flags != item->flags())
+            item->setFlags(flags);
     };
     for (int row = 0; row < _table->rowCount(); ++row) {
         const Track &track = *tracks[static_cast<std::size_t>(row)];
@@ -92,7 +96,6 @@ void TracksPanel::follow()
         for (int column = Notation; column < ColumnCount; ++column) {
             show(row, column, {}, false);
             QTableWidgetItem &item = *_table->item(row, column);
-            item.setFlags(item.flags() | Qt::ItemIsUserCheckable);
             item.setCheckState(switches[column - Notation] ? Qt::Checked : Qt::Unchecked);
         }
     }

@@ -4,7 +4,7 @@
 <context>
     <name>AttributeActions</name>
     <message>
-        <source>Nothing here takes "%1".</source>
+        <source>Nothing here takes &quot;%1&quot;.</source>
         <translation>Nichts hier nimmt „%1“ an.</translation>
     </message>
     <message>
@@ -20,7 +20,7 @@
         <translation>%1: %2</translation>
     </message>
     <message>
-        <source>"%1" is not %2.</source>
+        <source>&quot;%1&quot; is not %2.</source>
         <translation>„%1“ ist nicht möglich: %2.</translation>
     </message>
 </context>
@@ -850,36 +850,8 @@
 <context>
     <name>BarActions</name>
     <message>
-        <source>Meter, such as 3/4:</source>
-        <translation>Taktart, etwa 3/4:</translation>
-    </message>
-    <message>
-        <source>%1 major</source>
-        <translation>%1-Dur</translation>
-    </message>
-    <message>
-        <source>%1 minor</source>
-        <translation>%1-Moll</translation>
-    </message>
-    <message>
-        <source>Key, as it sounds:</source>
-        <translation>Tonart, wie sie klingt:</translation>
-    </message>
-    <message>
-        <source>How often the bars are played, 0 for no repeat:</source>
-        <translation>Wie oft die Takte gespielt werden, 0 für keine Wiederholung:</translation>
-    </message>
-    <message>
         <source>In pass %1</source>
         <translation>Im Durchgang %1</translation>
-    </message>
-    <message>
-        <source>Rehearsal letter:</source>
-        <translation>Studierbuchstabe:</translation>
-    </message>
-    <message>
-        <source>Title of the section:</source>
-        <translation>Titel des Abschnitts:</translation>
     </message>
     <message>
         <source>Swap with voice %1</source>
@@ -984,6 +956,14 @@
     <message>
         <source>&amp;Voices</source>
         <translation>&amp;Stimmen</translation>
+    </message>
+    <message>
+        <source>Te&amp;mpo</source>
+        <translation>Te&amp;mpo</translation>
+    </message>
+    <message>
+        <source>Another ferma&amp;ta</source>
+        <translation>Andere Ferma&amp;te</translation>
     </message>
 </context>
 <context>
@@ -1575,6 +1555,30 @@
         <source>A&amp;ccidental</source>
         <translation>&amp;Vorzeichen</translation>
     </message>
+    <message>
+        <source>Bend &amp;half a tone</source>
+        <translation>&amp;Halbton ziehen</translation>
+    </message>
+    <message>
+        <source>&amp;Bend a whole tone</source>
+        <translation>&amp;Ganzton ziehen</translation>
+    </message>
+    <message>
+        <source>Be&amp;nd</source>
+        <translation>Zi&amp;ehen</translation>
+    </message>
+    <message>
+        <source>&amp;Whammy bar</source>
+        <translation>&amp;Tremolohebel</translation>
+    </message>
+    <message>
+        <source>Har&amp;monic</source>
+        <translation>Fla&amp;geolett</translation>
+    </message>
+    <message>
+        <source>&amp;Trill</source>
+        <translation>&amp;Triller</translation>
+    </message>
 </context>
 <context>
     <name>NoteEntry</name>
@@ -1644,6 +1648,149 @@
     </message>
 </context>
 <context>
+    <name>NoteForms</name>
+    <message>
+        <source>None</source>
+        <translation>Keines</translation>
+    </message>
+    <message>
+        <source>Bend</source>
+        <translation>Ziehen</translation>
+    </message>
+    <message>
+        <source>Bent before the stroke</source>
+        <translation>Vor dem Anschlag gezogen</translation>
+    </message>
+    <message>
+        <source>Held</source>
+        <translation>Gehalten</translation>
+    </message>
+    <message>
+        <source>Released</source>
+        <translation>Losgelassen</translation>
+    </message>
+    <message>
+        <source>Bend and release</source>
+        <translation>Ziehen und loslassen</translation>
+    </message>
+    <message>
+        <source>Bent before the stroke, and further</source>
+        <translation>Vor dem Anschlag gezogen, dann weiter</translation>
+    </message>
+    <message>
+        <source>Bent before the stroke, and released</source>
+        <translation>Vor dem Anschlag gezogen, dann losgelassen</translation>
+    </message>
+    <message>
+        <source>Dive</source>
+        <translation>Senken</translation>
+    </message>
+    <message>
+        <source>Dip</source>
+        <translation>Kurz senken</translation>
+    </message>
+    <message>
+        <source>Dived before the stroke</source>
+        <translation>Vor dem Anschlag gesenkt</translation>
+    </message>
+    <message>
+        <source>Dived before the stroke, and further</source>
+        <translation>Vor dem Anschlag gesenkt, dann weiter</translation>
+    </message>
+    <message>
+        <source>Natural</source>
+        <translation>Natürlich</translation>
+    </message>
+    <message>
+        <source>Artificial</source>
+        <translation>Künstlich</translation>
+    </message>
+    <message>
+        <source>Pinched</source>
+        <translation>Pinch</translation>
+    </message>
+    <message>
+        <source>Tapped</source>
+        <translation>Getappt</translation>
+    </message>
+    <message>
+        <source>Semi</source>
+        <translation>Halb</translation>
+    </message>
+    <message>
+        <source>Feedback</source>
+        <translation>Rückkopplung</translation>
+    </message>
+    <message>
+        <source>&amp;Kind</source>
+        <translation>&amp;Art</translation>
+    </message>
+    <message>
+        <source>&amp;Whole tones</source>
+        <translation>&amp;Ganztöne</translation>
+    </message>
+    <message>
+        <source>&amp;Curve</source>
+        <translation>&amp;Verlauf</translation>
+    </message>
+    <message>
+        <source>Times from 0 to 60 and quarter-tones, such as 0:0 30:4 60:4; as it is, or empty, for the usual one.</source>
+        <translation>Zeiten von 0 bis 60 und Vierteltöne, etwa 0:0 30:4 60:4; unverändert oder leer für den üblichen.</translation>
+    </message>
+    <message>
+        <source>Whammy bar</source>
+        <translation>Tremolohebel</translation>
+    </message>
+    <message>
+        <source>&amp;To so many quarter-tones</source>
+        <translation>&amp;Bis zu so vielen Vierteltönen</translation>
+    </message>
+    <message>
+        <source>-4 is a whole tone down.</source>
+        <translation>-4 ist ein Ganzton abwärts.</translation>
+    </message>
+    <message>
+        <source>Harmonic</source>
+        <translation>Flageolett</translation>
+    </message>
+    <message>
+        <source>&amp;Partial</source>
+        <translation>&amp;Teilton</translation>
+    </message>
+    <message>
+        <source>2 sounds an octave higher, 3 an octave and a fifth, 4 two octaves.</source>
+        <translation>2 klingt eine Oktave höher, 3 eine Oktave und eine Quinte, 4 zwei Oktaven.</translation>
+    </message>
+    <message>
+        <source>Trill</source>
+        <translation>Triller</translation>
+    </message>
+    <message>
+        <source>&amp;Semitones to the upper note</source>
+        <translation>&amp;Halbtöne bis zur oberen Note</translation>
+    </message>
+    <message>
+        <source>0 for no trill.</source>
+        <translation>0 heißt ohne Triller.</translation>
+    </message>
+    <message>
+        <source>&amp;In</source>
+        <translation>&amp;In</translation>
+    </message>
+    <message>
+        <source>sixteenths</source>
+        <translation>Sechzehnteln</translation>
+    </message>
+    <message>
+        <source>thirty-seconds</source>
+        <translation>Zweiunddreißigsteln</translation>
+    </message>
+    <message>
+        <source>sixty-fourths</source>
+        <translation>Vierundsechzigsteln</translation>
+    </message>
+</context>
+<context>
     <name>PanelTable</name>
     <message>
         <source>Tracks</source>
@@ -1673,6 +1820,14 @@
         <source>Tuning</source>
         <translation>Stimmung</translation>
     </message>
+    <message>
+        <source>Sounds and effects</source>
+        <translation>Klänge und Effekte</translation>
+    </message>
+    <message>
+        <source>Automation</source>
+        <translation>Automation</translation>
+    </message>
 </context>
 <context>
     <name>PlaceText</name>
@@ -1691,6 +1846,10 @@
     <message>
         <source>string %1</source>
         <translation>Saite %1</translation>
+    </message>
+    <message>
+        <source>%1 of %2 quarters</source>
+        <translation>%1 von %2 Vierteln</translation>
     </message>
 </context>
 <context>
@@ -1723,15 +1882,273 @@
 <context>
     <name>Questions</name>
     <message>
-        <source>"%1" has changes that are not saved.</source>
+        <source>&quot;%1&quot; has changes that are not saved.</source>
         <translation>„%1“ hat Änderungen, die nicht gespeichert sind.</translation>
+    </message>
+</context>
+<context>
+    <name>ScoreActions</name>
+    <message>
+        <source>&amp;Join empty bars</source>
+        <translation>Leere Takte &amp;zusammenfassen</translation>
+    </message>
+    <message>
+        <source>&amp;About the score</source>
+        <translation>Ü&amp;ber die Partitur</translation>
+    </message>
+    <message>
+        <source>&amp;Headers and footers</source>
+        <translation>&amp;Kopf- und Fußzeilen</translation>
+    </message>
+    <message>
+        <source>T&amp;ranspose</source>
+        <translation>T&amp;ransponieren</translation>
+    </message>
+    <message>
+        <source>Semitones:</source>
+        <translation>Halbtöne:</translation>
+    </message>
+    <message>
+        <source>C&amp;oncert pitch</source>
+        <translation>K&amp;ammerton</translation>
+    </message>
+    <message>
+        <source>Hertz of the a&apos;:</source>
+        <translation>Hertz des a&apos;:</translation>
+    </message>
+    <message>
+        <source>&amp;Systems of the full score</source>
+        <translation>&amp;Systeme der Partitur</translation>
+    </message>
+    <message>
+        <source>Bars in each s&amp;ystem</source>
+        <translation>Takte in jedem S&amp;ystem</translation>
+    </message>
+    <message>
+        <source>Bars in each system:</source>
+        <translation>Takte in jedem System:</translation>
+    </message>
+    <message>
+        <source>&amp;Break systems by itself</source>
+        <translation>Systeme &amp;von selbst umbrechen</translation>
+    </message>
+    <message>
+        <source>&amp;Pages</source>
+        <translation>&amp;Seiten</translation>
+    </message>
+    <message>
+        <source>&amp;One long page</source>
+        <translation>&amp;Eine lange Seite</translation>
+    </message>
+    <message>
+        <source>One &amp;line</source>
+        <translation>Eine &amp;Zeile</translation>
+    </message>
+    <message>
+        <source>Add a re&amp;cording</source>
+        <translation>A&amp;ufnahme hinzufügen</translation>
+    </message>
+    <message>
+        <source>Remove a recor&amp;ding</source>
+        <translation>Aufnahme &amp;entfernen</translation>
+    </message>
+    <message>
+        <source>Opens &amp;as</source>
+        <translation>Öffnet sich a&amp;ls</translation>
     </message>
 </context>
 <context>
     <name>ScoreStep</name>
     <message>
-        <source>"%1" is not possible here.</source>
+        <source>&quot;%1&quot; is not possible here.</source>
         <translation>„%1“ ist hier nicht möglich.</translation>
+    </message>
+</context>
+<context>
+    <name>SignForms</name>
+    <message>
+        <source>H&amp;olds</source>
+        <translation>&amp;Gilt</translation>
+    </message>
+    <message>
+        <source>until the next change</source>
+        <translation>bis zum nächsten Wechsel</translation>
+    </message>
+    <message>
+        <source>in the selected bars</source>
+        <translation>in den ausgewählten Takten</translation>
+    </message>
+    <message>
+        <source>in this bar alone</source>
+        <translation>nur in diesem Takt</translation>
+    </message>
+    <message>
+        <source>to the end of the piece</source>
+        <translation>bis zum Ende des Stücks</translation>
+    </message>
+    <message>
+        <source>%1 major</source>
+        <translation>%1-Dur</translation>
+    </message>
+    <message>
+        <source>%1 minor</source>
+        <translation>%1-Moll</translation>
+    </message>
+    <message>
+        <source>Meter</source>
+        <translation>Taktart</translation>
+    </message>
+    <message>
+        <source>&amp;Beats of a bar</source>
+        <translation>&amp;Schläge eines Takts</translation>
+    </message>
+    <message>
+        <source>&amp;Each is one part of a whole note out of</source>
+        <translation>&amp;Jeder ist einer so vielen Teile einer Ganzen</translation>
+    </message>
+    <message>
+        <source>Be&amp;ams</source>
+        <translation>&amp;Balken</translation>
+    </message>
+    <message>
+        <source>How many beats each beam joins, such as 2+2+3; empty for the usual way.</source>
+        <translation>Wie viele Schläge jeder Balken verbindet, etwa 2+2+3; leer für die übliche Weise.</translation>
+    </message>
+    <message>
+        <source>&amp;Free time, which is not counted</source>
+        <translation>&amp;Freies Metrum, das nicht gezählt wird</translation>
+    </message>
+    <message>
+        <source>Key</source>
+        <translation>Tonart</translation>
+    </message>
+    <message>
+        <source>&amp;Key, as it sounds</source>
+        <translation>&amp;Tonart, wie sie klingt</translation>
+    </message>
+    <message>
+        <source>Section</source>
+        <translation>Abschnitt</translation>
+    </message>
+    <message>
+        <source>Rehearsal &amp;letter</source>
+        <translation>&amp;Probenbuchstabe</translation>
+    </message>
+    <message>
+        <source>&amp;Title</source>
+        <translation>&amp;Titel</translation>
+    </message>
+    <message>
+        <source>Such as Verse or Solo. Without letter and title the section goes.</source>
+        <translation>Etwa Strophe oder Solo. Ohne Buchstabe und Titel verschwindet der Abschnitt.</translation>
+    </message>
+    <message>
+        <source>Repeat</source>
+        <translation>Wiederholung</translation>
+    </message>
+    <message>
+        <source>&amp;Played so often</source>
+        <translation>So oft &amp;gespielt</translation>
+    </message>
+    <message>
+        <source>Once means without a repeat.</source>
+        <translation>Einmal heißt ohne Wiederholung.</translation>
+    </message>
+    <message>
+        <source>Tempo</source>
+        <translation>Tempo</translation>
+    </message>
+    <message>
+        <source>&amp;Unit</source>
+        <translation>&amp;Einheit</translation>
+    </message>
+    <message>
+        <source>Eighth</source>
+        <translation>Achtel</translation>
+    </message>
+    <message>
+        <source>Quarter</source>
+        <translation>Viertel</translation>
+    </message>
+    <message>
+        <source>Dotted quarter</source>
+        <translation>Punktierte Viertel</translation>
+    </message>
+    <message>
+        <source>Half</source>
+        <translation>Halbe</translation>
+    </message>
+    <message>
+        <source>Dotted half</source>
+        <translation>Punktierte Halbe</translation>
+    </message>
+    <message>
+        <source>&amp;So many a minute</source>
+        <translation>So &amp;viele in der Minute</translation>
+    </message>
+    <message>
+        <source>&amp;Words</source>
+        <translation>&amp;Worte</translation>
+    </message>
+    <message>
+        <source>Such as Allegro; shown above the staff.</source>
+        <translation>Etwa Allegro; steht über dem System.</translation>
+    </message>
+    <message>
+        <source>&amp;From</source>
+        <translation>&amp;Von</translation>
+    </message>
+    <message>
+        <source>the begin of the bar</source>
+        <translation>dem Beginn des Takts</translation>
+    </message>
+    <message>
+        <source>the beat of the cursor</source>
+        <translation>der Zählzeit des Cursors</translation>
+    </message>
+    <message>
+        <source>S&amp;lides on to the next tempo</source>
+        <translation>&amp;Gleitet zum nächsten Tempo</translation>
+    </message>
+    <message>
+        <source>S&amp;hown in the score</source>
+        <translation>In der Partitur &amp;gezeigt</translation>
+    </message>
+    <message>
+        <source>&amp;Remove the tempo that is here</source>
+        <translation>Das Tempo, das hier steht, &amp;entfernen</translation>
+    </message>
+    <message>
+        <source>Fermata</source>
+        <translation>Fermate</translation>
+    </message>
+    <message>
+        <source>&amp;Kind</source>
+        <translation>&amp;Art</translation>
+    </message>
+    <message>
+        <source>Short</source>
+        <translation>Kurz</translation>
+    </message>
+    <message>
+        <source>Usual</source>
+        <translation>Üblich</translation>
+    </message>
+    <message>
+        <source>Long</source>
+        <translation>Lang</translation>
+    </message>
+    <message>
+        <source>&amp;Quarters from the begin of the bar</source>
+        <translation>&amp;Viertel vom Beginn des Takts</translation>
+    </message>
+    <message>
+        <source>Such as 3 or 3/2.</source>
+        <translation>Etwa 3 oder 3/2.</translation>
+    </message>
+    <message>
+        <source>&amp;Lasts longer by so many percent</source>
+        <translation>So viele Prozent &amp;länger</translation>
     </message>
 </context>
 <context>
@@ -1739,14 +2156,6 @@
     <message>
         <source>Instrument:</source>
         <translation>Instrument:</translation>
-    </message>
-    <message>
-        <source>Lyrics from this bar on; - parts syllables:</source>
-        <translation>Liedtext ab diesem Takt; - trennt Silben:</translation>
-    </message>
-    <message>
-        <source>Quarters per minute from this bar on:</source>
-        <translation>Viertel in der Minute ab diesem Takt:</translation>
     </message>
     <message>
         <source>&amp;Add</source>
@@ -1813,6 +2222,261 @@
         <translation>&amp;Liedtext</translation>
     </message>
     <message>
+        <source>S&amp;ettings</source>
+        <translation>&amp;Einstellungen</translation>
+    </message>
+    <message>
+        <source>S&amp;ystems of the track</source>
+        <translation>S&amp;ysteme der Spur</translation>
+    </message>
+    <message>
+        <source>Be&amp;gin of the lyrics</source>
+        <translation>Be&amp;ginn des Gesangstexts</translation>
+    </message>
+</context>
+<context>
+    <name>TrackForms</name>
+    <message>
+        <source>As usual</source>
+        <translation>Wie üblich</translation>
+    </message>
+    <message>
+        <source>Pick</source>
+        <translation>Plektrum</translation>
+    </message>
+    <message>
+        <source>Fingers</source>
+        <translation>Finger</translation>
+    </message>
+    <message>
+        <source>Finger picking</source>
+        <translation>Zupfmuster</translation>
+    </message>
+    <message>
+        <source>Slap</source>
+        <translation>Slap</translation>
+    </message>
+    <message>
+        <source>Brush</source>
+        <translation>Besen</translation>
+    </message>
+    <message>
+        <source>Sticks</source>
+        <translation>Stöcke</translation>
+    </message>
+    <message>
+        <source>Hot rods</source>
+        <translation>Hot Rods</translation>
+    </message>
+    <message>
+        <source>Steel guitar</source>
+        <translation>Westerngitarre</translation>
+    </message>
+    <message>
+        <source>Acoustic guitar</source>
+        <translation>Akustische Gitarre</translation>
+    </message>
+    <message>
+        <source>Twelve-string guitar</source>
+        <translation>Zwölfsaitige Gitarre</translation>
+    </message>
+    <message>
+        <source>Electric guitar</source>
+        <translation>E-Gitarre</translation>
+    </message>
+    <message>
+        <source>Electric bass</source>
+        <translation>E-Bass</translation>
+    </message>
+    <message>
+        <source>Upright bass</source>
+        <translation>Kontrabass</translation>
+    </message>
+    <message>
+        <source>Ukulele</source>
+        <translation>Ukulele</translation>
+    </message>
+    <message>
+        <source>Banjo</source>
+        <translation>Banjo</translation>
+    </message>
+    <message>
+        <source>Mandolin</source>
+        <translation>Mandoline</translation>
+    </message>
+    <message>
+        <source>Piano</source>
+        <translation>Klavier</translation>
+    </message>
+    <message>
+        <source>Bowed strings</source>
+        <translation>Streicher</translation>
+    </message>
+    <message>
+        <source>Synthesizer</source>
+        <translation>Synthesizer</translation>
+    </message>
+    <message>
+        <source>Brass</source>
+        <translation>Blech</translation>
+    </message>
+    <message>
+        <source>Reeds</source>
+        <translation>Rohrblatt</translation>
+    </message>
+    <message>
+        <source>Woodwind</source>
+        <translation>Holz</translation>
+    </message>
+    <message>
+        <source>Voice</source>
+        <translation>Stimme</translation>
+    </message>
+    <message>
+        <source>Pitched percussion</source>
+        <translation>Schlagwerk mit Tonhöhe</translation>
+    </message>
+    <message>
+        <source>Drum kit</source>
+        <translation>Schlagzeug</translation>
+    </message>
+    <message>
+        <source>Idiophone</source>
+        <translation>Idiophon</translation>
+    </message>
+    <message>
+        <source>Drum</source>
+        <translation>Trommel</translation>
+    </message>
+    <message>
+        <source>Effects</source>
+        <translation>Effekte</translation>
+    </message>
+    <message>
+        <source>Folk guitar</source>
+        <translation>Folkgitarre</translation>
+    </message>
+    <message>
+        <source>Classical guitar</source>
+        <translation>Konzertgitarre</translation>
+    </message>
+    <message>
+        <source>Electric guitar, humbucker</source>
+        <translation>E-Gitarre, Humbucker</translation>
+    </message>
+    <message>
+        <source>Electric guitar, single coil</source>
+        <translation>E-Gitarre, Einzelspule</translation>
+    </message>
+    <message>
+        <source>Electric guitar, two single coils</source>
+        <translation>E-Gitarre, zwei Einzelspulen</translation>
+    </message>
+    <message>
+        <source>&amp;Bars in each system</source>
+        <translation>&amp;Takte in jedem System</translation>
+    </message>
+    <message>
+        <source>From the first system on, such as 3 4 4; the systems behind hold what finds room.</source>
+        <translation>Vom ersten System an, etwa 3 4 4; die Systeme dahinter fassen, was Platz hat.</translation>
+    </message>
+    <message>
+        <source>Settings of %1</source>
+        <translation>Einstellungen von %1</translation>
+    </message>
+    <message>
+        <source>&amp;Name</source>
+        <translation>&amp;Name</translation>
+    </message>
+    <message>
+        <source>&amp;Short name</source>
+        <translation>&amp;Kurzname</translation>
+    </message>
+    <message>
+        <source>&amp;Picture</source>
+        <translation>&amp;Bild</translation>
+    </message>
+    <message>
+        <source>&amp;Colour</source>
+        <translation>&amp;Farbe</translation>
+    </message>
+    <message>
+        <source>Such as #3070c0.</source>
+        <translation>Etwa #3070c0.</translation>
+    </message>
+    <message>
+        <source>&amp;Played with</source>
+        <translation>&amp;Gespielt mit</translation>
+    </message>
+    <message>
+        <source>Palm muting &amp;dampens, 0 to 1</source>
+        <translation>Palm Mute &amp;dämpft, 0 bis 1</translation>
+    </message>
+    <message>
+        <source>All notes &amp;ring on</source>
+        <translation>Alle Noten &amp;klingen aus</translation>
+    </message>
+    <message>
+        <source>The meter&apos;s &amp;beats are accented</source>
+        <translation>Die &amp;Schläge der Taktart sind betont</translation>
+    </message>
+    <message>
+        <source>Chords are str&amp;ummed</source>
+        <translation>A&amp;kkorde werden durchgestrichen</translation>
+    </message>
+    <message>
+        <source>A &amp;MIDI connection of its own</source>
+        <translation>Eigene &amp;MIDI-Verbindung</translation>
+    </message>
+    <message>
+        <source>MIDI p&amp;ort</source>
+        <translation>MIDI-An&amp;schluss</translation>
+    </message>
+    <message>
+        <source>Cha&amp;nnel</source>
+        <translation>Ka&amp;nal</translation>
+    </message>
+    <message>
+        <source>Channel of b&amp;ent notes</source>
+        <translation>Kanal g&amp;ezogener Noten</translation>
+    </message>
+    <message>
+        <source>One channel for each str&amp;ing</source>
+        <translation>Ein Kanal für jede Sa&amp;ite</translation>
+    </message>
+    <message>
+        <source>Lyrics</source>
+        <translation>Gesangstext</translation>
+    </message>
+    <message>
+        <source>Line &amp;%1</source>
+        <translation>Zeile &amp;%1</translation>
+    </message>
+    <message>
+        <source>A - parts syllables, a _ holds one over another note, a ~ joins two words on a note. A new line begins at the bar of the cursor.</source>
+        <translation>- trennt Silben, _ hält eine über eine weitere Note, ~ verbindet zwei Wörter auf einer Note. Eine neue Zeile beginnt beim Takt des Cursors.</translation>
+    </message>
+    <message>
+        <source>Line %1 is shown</source>
+        <translation>Zeile %1 wird gezeigt</translation>
+    </message>
+    <message>
+        <source>&amp;Line</source>
+        <translation>&amp;Zeile</translation>
+    </message>
+    <message>
+        <source>Begins in &amp;bar</source>
+        <translation>Beginnt in &amp;Takt</translation>
+    </message>
+    <message>
+        <source>Systems of the track</source>
+        <translation>Systeme der Spur</translation>
+    </message>
+    <message>
+        <source>Systems of the full score</source>
+        <translation>Systeme der Partitur</translation>
+    </message>
+    <message>
         <source>&amp;Title</source>
         <translation>&amp;Titel</translation>
     </message>
@@ -1837,36 +2501,84 @@
         <translation>&amp;Musik von</translation>
     </message>
     <message>
+        <source>Wor&amp;ds and music by</source>
+        <translation>Text un&amp;d Musik von</translation>
+    </message>
+    <message>
         <source>&amp;Copyright</source>
         <translation>&amp;Copyright</translation>
     </message>
     <message>
-        <source>Te&amp;mpo</source>
-        <translation>Te&amp;mpo</translation>
+        <source>Tablature b&amp;y</source>
+        <translation>Tabulatur &amp;von</translation>
     </message>
     <message>
-        <source>T&amp;ranspose</source>
-        <translation>T&amp;ransponieren</translation>
+        <source>&amp;Instructions</source>
+        <translation>&amp;Spielanweisungen</translation>
     </message>
     <message>
-        <source>Bars in each s&amp;ystem</source>
-        <translation>Takte je S&amp;ystem</translation>
+        <source>&amp;Notes</source>
+        <translation>&amp;Notizen</translation>
     </message>
     <message>
-        <source>Bars in each system:</source>
-        <translation>Takte je System:</translation>
+        <source>About the score</source>
+        <translation>Über die Partitur</translation>
     </message>
     <message>
-        <source>Break systems b&amp;y itself</source>
-        <translation>S&amp;ysteme selbst umbrechen</translation>
+        <source>left</source>
+        <translation>links</translation>
     </message>
     <message>
-        <source>C&amp;oncert pitch</source>
-        <translation>Kammert&amp;on</translation>
+        <source>centre</source>
+        <translation>Mitte</translation>
     </message>
     <message>
-        <source>Hertz of the a':</source>
-        <translation>Hertz des a':</translation>
+        <source>right</source>
+        <translation>rechts</translation>
+    </message>
+    <message>
+        <source>First page, top %1</source>
+        <translation>Erste Seite, oben %1</translation>
+    </message>
+    <message>
+        <source>First page, bottom %1</source>
+        <translation>Erste Seite, unten %1</translation>
+    </message>
+    <message>
+        <source>Other pages, top %1</source>
+        <translation>Andere Seiten, oben %1</translation>
+    </message>
+    <message>
+        <source>Other pages, bottom %1</source>
+        <translation>Andere Seiten, unten %1</translation>
+    </message>
+    <message>
+        <source>Headers and footers</source>
+        <translation>Kopf- und Fußzeilen</translation>
+    </message>
+    <message>
+        <source>%Title%, %Artist%, %Page%, %Pages% and the like stand for what they name.</source>
+        <translation>%Title%, %Artist%, %Page%, %Pages% und dergleichen stehen für das, was sie nennen.</translation>
+    </message>
+    <message>
+        <source>Sound files (%1)</source>
+        <translation>Klangdateien (%1)</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Aufnahme</translation>
+    </message>
+    <message>
+        <source>&amp;Begins after so many seconds</source>
+        <translation>&amp;Beginnt nach so vielen Sekunden</translation>
+    </message>
+    <message>
+        <source>&amp;Volume, 1 as it is</source>
+        <translation>&amp;Lautstärke, 1 wie sie ist</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Entfernen</translation>
     </message>
 </context>
 <context>
@@ -1930,6 +2642,141 @@
     <message>
         <source>&amp;Appearance</source>
         <translation>&amp;Erscheinung</translation>
+    </message>
+</context>
+<context>
+    <name>zarn::editor::AutomationsPanel</name>
+    <message>
+        <source>What</source>
+        <translation>Was</translation>
+    </message>
+    <message>
+        <source>Where</source>
+        <translation>Wo</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Slides</source>
+        <translation>Gleitet</translation>
+    </message>
+    <message>
+        <source>Add...</source>
+        <translation>Hinzufügen...</translation>
+    </message>
+    <message>
+        <source>Edit...</source>
+        <translation>Bearbeiten...</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Tempo</source>
+        <translation>Tempo</translation>
+    </message>
+    <message>
+        <source>Sound of the track</source>
+        <translation>Klang der Spur</translation>
+    </message>
+    <message>
+        <source>Volume of the track</source>
+        <translation>Lautstärke der Spur</translation>
+    </message>
+    <message>
+        <source>Panning of the track</source>
+        <translation>Panorama der Spur</translation>
+    </message>
+    <message>
+        <source>Knob %1 of the whole mix</source>
+        <translation>Regler %1 der ganzen Mischung</translation>
+    </message>
+    <message>
+        <source>Knob %1 of the track&apos;s effects</source>
+        <translation>Regler %1 der Effekte der Spur</translation>
+    </message>
+    <message>
+        <source>%1 quarters a minute</source>
+        <translation>%1 Viertel in der Minute</translation>
+    </message>
+    <message>
+        <source>bar %1</source>
+        <translation>Takt %1</translation>
+    </message>
+    <message>
+        <source>bar %1, after %2 quarters</source>
+        <translation>Takt %1, nach %2 Vierteln</translation>
+    </message>
+    <message>
+        <source>yes</source>
+        <translation>ja</translation>
+    </message>
+    <message>
+        <source>&amp;Bar</source>
+        <translation>&amp;Takt</translation>
+    </message>
+    <message>
+        <source>After so many &amp;quarters</source>
+        <translation>Nach so vielen &amp;Vierteln</translation>
+    </message>
+    <message>
+        <source>&amp;Sound</source>
+        <translation>&amp;Klang</translation>
+    </message>
+    <message>
+        <source>&amp;Value</source>
+        <translation>&amp;Wert</translation>
+    </message>
+    <message>
+        <source>S&amp;lides on to the next one</source>
+        <translation>&amp;Gleitet zum nächsten</translation>
+    </message>
+    <message>
+        <source>A knob of the whole mix</source>
+        <translation>Ein Regler der ganzen Mischung</translation>
+    </message>
+    <message>
+        <source>A knob of the track&apos;s effects</source>
+        <translation>Ein Regler der Effekte der Spur</translation>
+    </message>
+    <message>
+        <source>&amp;What changes</source>
+        <translation>&amp;Was sich ändert</translation>
+    </message>
+    <message>
+        <source>&amp;Knob, if it is one</source>
+        <translation>&amp;Regler, falls es einer ist</translation>
+    </message>
+    <message>
+        <source>This is not possible here.</source>
+        <translation>Das ist hier nicht möglich.</translation>
+    </message>
+    <message>
+        <source>This one stays.</source>
+        <translation>Diese bleibt.</translation>
+    </message>
+    <message>
+        <source>Automation</source>
+        <translation>Automation</translation>
+    </message>
+    <message>
+        <source>Add automation</source>
+        <translation>Automation hinzufügen</translation>
+    </message>
+    <message>
+        <source>Change automation</source>
+        <translation>Automation ändern</translation>
+    </message>
+    <message>
+        <source>Remove automation</source>
+        <translation>Automation entfernen</translation>
+    </message>
+    <message>
+        <source>Switch automation</source>
+        <translation>Automation schalten</translation>
     </message>
 </context>
 <context>
@@ -2020,7 +2867,7 @@
 <context>
     <name>zarn::editor::Editor</name>
     <message>
-        <source>"%1" cannot be opened.</source>
+        <source>&quot;%1&quot; cannot be opened.</source>
         <translation>„%1“ lässt sich nicht öffnen.</translation>
     </message>
     <message>
@@ -2028,7 +2875,7 @@
         <translation>Das Programm wurde beendet, ehe alles gespeichert war. Soll geöffnet werden, was es aufbewahrt hat?</translation>
     </message>
     <message>
-        <source>Opening "%1"...</source>
+        <source>Opening &quot;%1&quot;...</source>
         <translation>„%1“ wird geöffnet ...</translation>
     </message>
 </context>
@@ -2074,7 +2921,7 @@
         <translation>Zarn-Dokumente (*.%1)</translation>
     </message>
     <message>
-        <source>"%1" cannot be saved.</source>
+        <source>&quot;%1&quot; cannot be saved.</source>
         <translation>„%1“ lässt sich nicht speichern.</translation>
     </message>
     <message>
@@ -2082,7 +2929,7 @@
         <translation>Gespeichert.</translation>
     </message>
     <message>
-        <source>"%1" cannot be written.</source>
+        <source>&quot;%1&quot; cannot be written.</source>
         <translation>„%1“ lässt sich nicht schreiben.</translation>
     </message>
     <message>
@@ -2149,6 +2996,10 @@
     <message>
         <source>Volume</source>
         <translation>Lautstärke</translation>
+    </message>
+    <message>
+        <source>Mixer</source>
+        <translation>Mischpult</translation>
     </message>
 </context>
 <context>
@@ -2295,8 +3146,23 @@
         <translation>Takt aller Systeme</translation>
     </message>
     <message>
-        <source>"%1" is not possible here; %2.</source>
+        <source>&quot;%1&quot; is not possible here; %2.</source>
         <translation>„%1“ ist hier nicht möglich; %2.</translation>
+    </message>
+    <message>
+        <source>yes</source>
+        <translation>ja</translation>
+    </message>
+    <message>
+        <source>no</source>
+        <translation>nein</translation>
+    </message>
+</context>
+<context>
+    <name>zarn::editor::Recovery</name>
+    <message>
+        <source>There is no recovery copy: %1</source>
+        <translation>Es gibt keine Sicherungskopie: %1</translation>
     </message>
 </context>
 <context>
@@ -2356,8 +3222,211 @@
         <translation>Wie üb&amp;lich</translation>
     </message>
     <message>
-        <source>"%1" has this key.</source>
+        <source>&quot;%1&quot; has this key.</source>
         <translation>„%1“ hat diese Taste.</translation>
+    </message>
+</context>
+<context>
+    <name>zarn::editor::SoundsPanel</name>
+    <message>
+        <source>Sounds and effects</source>
+        <translation>Klänge und Effekte</translation>
+    </message>
+    <message>
+        <source>Sound...</source>
+        <translation>Klang...</translation>
+    </message>
+    <message>
+        <source>Adds a sound to the track</source>
+        <translation>Fügt der Spur einen Klang hinzu</translation>
+    </message>
+    <message>
+        <source>Effect...</source>
+        <translation>Effekt...</translation>
+    </message>
+    <message>
+        <source>Adds an effect</source>
+        <translation>Fügt einen Effekt hinzu</translation>
+    </message>
+    <message>
+        <source>Edit...</source>
+        <translation>Bearbeiten...</translation>
+    </message>
+    <message>
+        <source>Changes the sound, or turns the knobs of the effect</source>
+        <translation>Ändert den Klang oder stellt die Regler des Effekts</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Auf</translation>
+    </message>
+    <message>
+        <source>Moves it up</source>
+        <translation>Schiebt es nach oben</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>Ab</translation>
+    </message>
+    <message>
+        <source>Moves it down</source>
+        <translation>Schiebt es nach unten</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Removes the sound or the effect</source>
+        <translation>Entfernt den Klang oder den Effekt</translation>
+    </message>
+    <message>
+        <source>Copy...</source>
+        <translation>Übernehmen...</translation>
+    </message>
+    <message>
+        <source>Takes over the effects of another sound</source>
+        <translation>Übernimmt die Effekte eines anderen Klangs</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Leeren</translation>
+    </message>
+    <message>
+        <source>Removes all effects</source>
+        <translation>Entfernt alle Effekte</translation>
+    </message>
+    <message>
+        <source>%1 (program %2)</source>
+        <translation>%1 (Programm %2)</translation>
+    </message>
+    <message>
+        <source>Ticked, the whole track is played with it.</source>
+        <translation>Angehakt wird die ganze Spur damit gespielt.</translation>
+    </message>
+    <message>
+        <source>The whole mix</source>
+        <translation>Die ganze Mischung</translation>
+    </message>
+    <message>
+        <source>Add a sound</source>
+        <translation>Klang hinzufügen</translation>
+    </message>
+    <message>
+        <source>&amp;Name</source>
+        <translation>&amp;Name</translation>
+    </message>
+    <message>
+        <source>Empty for that of the instrument.</source>
+        <translation>Leer für den des Instruments.</translation>
+    </message>
+    <message>
+        <source>&amp;Instrument</source>
+        <translation>&amp;Instrument</translation>
+    </message>
+    <message>
+        <source>Add an effect</source>
+        <translation>Effekt hinzufügen</translation>
+    </message>
+    <message>
+        <source>&amp;Effect</source>
+        <translation>&amp;Effekt</translation>
+    </message>
+    <message>
+        <source>Reverb</source>
+        <translation>Hall</translation>
+    </message>
+    <message>
+        <source>Another one</source>
+        <translation>Ein anderer</translation>
+    </message>
+    <message>
+        <source>&amp;Name of another one</source>
+        <translation>&amp;Name eines anderen</translation>
+    </message>
+    <message>
+        <source>Effects of other programs are kept, and not heard.</source>
+        <translation>Effekte anderer Programme bleiben erhalten und sind nicht zu hören.</translation>
+    </message>
+    <message>
+        <source>Its &amp;knobs</source>
+        <translation>Seine &amp;Regler</translation>
+    </message>
+    <message>
+        <source>The effect needs a name and a free place.</source>
+        <translation>Der Effekt braucht einen Namen und einen freien Platz.</translation>
+    </message>
+    <message>
+        <source>Sound</source>
+        <translation>Klang</translation>
+    </message>
+    <message>
+        <source>&amp;Bank</source>
+        <translation>&amp;Bank</translation>
+    </message>
+    <message>
+        <source>Bank, &amp;fine</source>
+        <translation>Bank, &amp;fein</translation>
+    </message>
+    <message>
+        <source>Change a sound</source>
+        <translation>Klang ändern</translation>
+    </message>
+    <message>
+        <source>&amp;Mix</source>
+        <translation>&amp;Anteil</translation>
+    </message>
+    <message>
+        <source>&amp;Decay</source>
+        <translation>A&amp;bklingen</translation>
+    </message>
+    <message>
+        <source>Knob %1</source>
+        <translation>Regler %1</translation>
+    </message>
+    <message>
+        <source>Turn knobs</source>
+        <translation>Regler stellen</translation>
+    </message>
+    <message>
+        <source>Remove a sound</source>
+        <translation>Klang entfernen</translation>
+    </message>
+    <message>
+        <source>This sound stays.</source>
+        <translation>Dieser Klang bleibt.</translation>
+    </message>
+    <message>
+        <source>Remove an effect</source>
+        <translation>Effekt entfernen</translation>
+    </message>
+    <message>
+        <source>Remove all effects</source>
+        <translation>Alle Effekte entfernen</translation>
+    </message>
+    <message>
+        <source>Copy effects</source>
+        <translation>Effekte übernehmen</translation>
+    </message>
+    <message>
+        <source>&amp;From</source>
+        <translation>&amp;Von</translation>
+    </message>
+    <message>
+        <source>Move an effect</source>
+        <translation>Effekt verschieben</translation>
+    </message>
+    <message>
+        <source>Move a sound</source>
+        <translation>Klang verschieben</translation>
+    </message>
+    <message>
+        <source>Switch an effect</source>
+        <translation>Effekt schalten</translation>
+    </message>
+    <message>
+        <source>Play with one sound</source>
+        <translation>Mit einem Klang spielen</translation>
     </message>
 </context>
 <context>

@@ -74,7 +74,11 @@ bool EditorDriver::trigger(const QString &id)
 
 void EditorDriver::settle()
 {
+    constexpr int patience = 60000;
     QCoreApplication::processEvents();
+    for (MainWindow *const window : _editor->windows())
+        if (!QTest::qWaitFor([window] { return !window->view().layouts().isBusy(); }, patience))
+            throw std::runtime_error("a layout does not come to its end");
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 

@@ -11,6 +11,7 @@
 #include <QTest>
 
 #include <deque>
+#include <functional>
 #include <string>
 
 namespace test {
@@ -27,6 +28,11 @@ public:
     std::deque<QString> texts;
     std::deque<int> numbers;
     int choice = 0;
+    /// What is filled into forms that have such a field; all else stays as proposed.
+    QVariantMap fields;
+    QStringList forms;
+    /// Answers whatever is asked, when it is there.
+    std::function<QVariant(const zarn::editor::FormField &)> fill;
 
     Answer askToSave(QWidget *, const QString &name) override
     {
@@ -48,17 +54,33 @@ public:
         told << message;
         details << more;
     }
-    std::optional<QString> askText(QWidget *, const QString &, const QString &present) override
+    std::optional<QVariantMap> askForm(QWidget *, const zarn::editor::Form &form) override
     {
-        return next(texts, present);
+        QVariantMap values = form.values();
+        for (const zarn::editor::FormField &field : form.fields())
+            values[field.id] = fields.value(field.id, fill ? fill(field) : field.value);
+        forms << form.title();
+        return values;
     }
-    std::optional<int> askNumber(QWidget *, const QString &, int present, int, int) override
+    std::optional<QString> askText(QWidget *, const QString &label, const QString &present) override
     {
-        return next(numbers, present);
+        zarn::editor::Form form(label);
+        form.text("text", label, present);
+        return fill ? fill(form.fields()[0]).toString() : next(texts, present);
     }
-    std::optional<int> askChoice(QWidget *, const QString &, const QStringList &, int) override
+    std::optional<int> askNumber(QWidget *, const QString &label, int present, int least,
+                                 int most) override
     {
-        return choice;
+        zarn::editor::Form form(label);
+        form.number("number", label, present, least, most);
+        return fill ? fill(form.fields()[0]).toInt() : next(numbers, present);
+    }
+    std::optional<int> askChoice(QWidget *, const QString &label, const QStringList &choices,
+                                 int present) override
+    {
+        zarn::editor::Form form(label);
+        form.choice("choice", label, choices, present);
+        return fill ? fill(form.fields()[0]).toInt() : choice;
     }
 
 private:
@@ -92,7 +114,7 @@ public:
     void type(const QString &keys);
     /// What an action of the menus does; false for one that is not enabled.
     bool trigger(const QString &id);
-    /// Lets the event loop do what waits.
+    /// Lets the event loop do what waits, and layouts come to their end.
     void settle();
 
     /// The score as a text, byte for byte.

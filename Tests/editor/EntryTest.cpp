@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include "actions/ActionSet.h"
 #include "editor/EditorDriver.h"
 
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/attributes/ZarnBend.h>
+
+#include <QAction>
 
 #include <gtest/gtest.h>
 
@@ -54,6 +58,67 @@ TEST(EntryTest, copiedBeatsArePasted)
     EXPECT_EQ(driver.bars(0, 1), "1.5e 1.7e 1.8e | ");
 }
 
+TEST(EntryTest, whatIsCopiedGoesIntoAnotherDocument)
+{
+    EditorDriver driver;
+    driver.type(QStringLiteral("+ 5 Right 7 Shift+Left Ctrl+C"));
+    auto *const other = driver.editor().showNew();
+    driver.settle();
+    other->actions().find(QStringLiteral("edit.paste"))->trigger();
+    driver.settle();
+    const auto voice = other->document().model().track(0)->bar(0)->voice(0);
+    ASSERT_EQ(voice->beatCount(), 2u);
+    EXPECT_EQ(voice->beat(1)->note(0)->fret(), 7);
+    EXPECT_EQ(driver.bars(0, 0), "1.5e 1.7e");
+}
+
+TEST(EntryTest, aBarIsFilledWithRests)
+{
+    EditorDriver driver;
+    driver.type(QStringLiteral("5 Right 7 Ctrl+R"));
+    EXPECT_EQ(driver.bars(0, 0), "1.5q 1.7q rq rq");
+    EXPECT_EQ(driver.document().undoTitle(), QStringLiteral("Fill with rests"));
+}
+
+TEST(EntryTest, aNoteValueComesWithoutDots)
+{
+    EditorDriver driver;
+    driver.type(QStringLiteral(". 5 Ctrl+Alt+2"));
+    EXPECT_EQ(driver.bars(0, 0), "1.5h");
+    driver.type(QStringLiteral("Right 7"));
+    EXPECT_EQ(driver.bars(0, 0), "1.5h 1.7h");
+}
+
+TEST(EntryTest, anotherTrackIsWrittenFromItsFirstVoiceOn)
+{
+    EditorDriver driver;
+    driver.type(QStringLiteral("5 Home Alt+2 Ctrl+Alt+1 . 3"));
+    driver.answers().choice = 128; // the drum kit
+    ASSERT_TRUE(driver.trigger(QStringLiteral("track.add")));
+    EXPECT_EQ(driver.document().cursor().trackIndex(), 1);
+    EXPECT_EQ(driver.document().cursor().voiceIndex(), 0u);
+    driver.type(QStringLiteral("PgUp Alt+2 PgDown 1 Right 2"));
+    const auto voice = driver.model().track(1)->bar(0)->voice(0);
+    ASSERT_NE(voice, nullptr);
+    ASSERT_EQ(voice->beatCount(), 2u);
+    EXPECT_EQ(voice->beat(1)->rhythmValue(), RhythmValue(RhythmValue::NoteValue::Quarter));
+}
+
+TEST(EntryTest, bendsAreOfOneKeyOrOfAForm)
+{
+    EditorDriver driver;
+    driver.type(QStringLiteral("7 Ctrl+D"));
+    const auto note = driver.document().cursor().note();
+    EXPECT_EQ(note->bend(), Bend::of(BendType::Bend, 4));
+    driver.type(QStringLiteral("Ctrl+D"));
+    EXPECT_EQ(note->bend(), Bend());
+    driver.answers().fields = {{QStringLiteral("kind"), static_cast<int>(BendType::BendNRelease)},
+                               {QStringLiteral("height"), 5}};
+    driver.trigger(QStringLiteral("note.bend"));
+    EXPECT_EQ(note->bend(), Bend::of(BendType::BendNRelease, 6));
+    EXPECT_EQ(driver.document().undoTitle(), QStringLiteral("Bend"));
+}
+
 TEST(EntryTest, aClickPutsTheCursorOnItsNote)
 {
     EditorDriver driver(QStringLiteral(ZARN_SOURCE_DIR "/Samples/romance-guitar-study.musicxml"));
@@ -77,7 +142,7 @@ TEST(EntryTest, lettersWriteNotesInTheKeyAndGoOn)
     EditorDriver driver;
     driver.type(QStringLiteral("F7")); // no tablature
     ASSERT_EQ(driver.document().entry().staffKind, layout::StaffKind::Notation);
-    driver.answers().choice = 8; // G major
+    driver.answers().fields = {{QStringLiteral("key"), 8}}; // G major
     driver.trigger(QStringLiteral("bar.key"));
     driver.type(QStringLiteral("+ G F Shift+A ' E"));
     const auto voice = driver.model().track(0)->staff(0)->bar(0)->voice(0);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "actions/ActionSet.h"
 #include "actions/ActionTable.h"
+#include "dialogs/FormDialog.h"
 #include "dialogs/NewScoreDialog.h"
 #include "dialogs/PageSetupDialog.h"
 #include "dialogs/ShortcutsDialog.h"
@@ -9,9 +10,11 @@
 
 #include <ZarnCore/model/ZarnScoreModel.h>
 
+#include <QAccessible>
 #include <QDockWidget>
 #include <QSettings>
 #include <QSlider>
+#include <QSpinBox>
 #include <QTableWidget>
 #include <QTreeWidget>
 
@@ -70,8 +73,8 @@ TEST(PanelsTest, propertiesOfTheCursorAreShownAndSet)
     };
     QTreeWidgetItem *const muted = find(QStringLiteral("Palm mute"));
     ASSERT_NE(muted, nullptr);
-    EXPECT_EQ(muted->text(1), QStringLiteral("false"));
-    muted->setText(1, QStringLiteral("true"));
+    EXPECT_EQ(muted->text(1), QStringLiteral("no"));
+    muted->setText(1, QStringLiteral("yes"));
     driver.settle();
     EXPECT_TRUE(driver.document().cursor().note()->isPalmMuted());
     QTreeWidgetItem *const speed = find(QStringLiteral("Velocity"));
@@ -115,6 +118,49 @@ TEST(PanelsTest, everyPanelFollowsTheWildestChanges)
         driver.document().undo();
     driver.settle();
     EXPECT_EQ(driver.model().trackCount(), 4u);
+}
+
+/// What can have the focus has a name for those who hear it.
+TEST(PanelsTest, screenReadersFindNames)
+{
+    EditorDriver driver(band);
+    for (const PanelRow &row : panelTable())
+        driver.window().findChild<QDockWidget *>(row.id)->show();
+    driver.settle();
+    for (const QWidget *const widget : driver.window().findChildren<QWidget *>()) {
+        if (!widget->isVisible() || (widget->focusPolicy() & Qt::TabFocus) == 0
+            || widget->objectName().startsWith(QLatin1String("qt_")))
+            continue;
+        QAccessibleInterface *const shown =
+            QAccessible::queryAccessibleInterface(const_cast<QWidget *>(widget));
+        ASSERT_NE(shown, nullptr);
+        EXPECT_FALSE(shown->text(QAccessible::Name).isEmpty())
+            << widget->metaObject()->className() << " in "
+            << widget->parentWidget()->metaObject()->className();
+    }
+}
+
+TEST(DialogsTest, aFormGivesWhatItShows)
+{
+    Form form(QStringLiteral("All kinds"));
+    form.text("text", QStringLiteral("&Text"), QStringLiteral("a"))
+        .longText("long", QStringLiteral("&Long"), QStringLiteral("b\nc"))
+        .number("number", QStringLiteral("&Number"), 3, 1, 9)
+        .decimal("decimal", QStringLiteral("&Decimal"), 0.25, 0, 1)
+        .choice("choice", QStringLiteral("&Choice"), {QStringLiteral("one"), QStringLiteral("two")},
+                1)
+        .turn("turn", QStringLiteral("&Switch"), true);
+    FormDialog dialog(form, nullptr);
+    EXPECT_EQ(dialog.values(), form.values());
+    dialog.findChild<QSpinBox *>(QStringLiteral("number"))->setValue(100);
+    EXPECT_EQ(dialog.values().value(QStringLiteral("number")), 9);
+    for (const FormField &field : form.fields()) {
+        auto *const widget = dialog.findChild<QWidget *>(field.id);
+        ASSERT_NE(widget, nullptr) << field.id.toStdString();
+        EXPECT_FALSE(
+            QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name).isEmpty())
+            << field.id.toStdString();
+    }
 }
 
 TEST(DialogsTest, aShortcutIsOneActionsAlone)

@@ -54,11 +54,12 @@ private:
 
     void choose(const RhythmValue &rhythm)
     {
-        if (rhythm.getNoteValue() != _rhythm.getNoteValue())
+        const bool isOther = rhythm.getNoteValue() != _rhythm.getNoteValue();
+        if (isOther)
             _keys << QStringLiteral("Ctrl+Alt+%1")
                          .arg(static_cast<int>(rhythm.getNoteValue())
                               - static_cast<int>(RhythmValue::NoteValue::Whole) + 1);
-        if (rhythm.getAugmentationDot() != _rhythm.getAugmentationDot())
+        if (rhythm.getAugmentationDot() != (isOther ? 0 : _rhythm.getAugmentationDot()))
             _keys << QStringLiteral(".");
         if (rhythm.hasPrimaryTuplet() != _rhythm.hasPrimaryTuplet())
             _keys << QStringLiteral("/");
@@ -76,7 +77,7 @@ TEST(RetypeTest, aPageIsWrittenByKeysAlone)
     EditorDriver source(QStringLiteral(ZARN_SOURCE_DIR "/Samples/romance-guitar-study.musicxml"));
     const Staff &staff = *source.model().track(0)->staff(0);
     EditorDriver target;
-    target.answers().texts = {QStringLiteral("3/4")};
+    target.answers().fields = {{QStringLiteral("beats"), 3}};
     ASSERT_TRUE(target.trigger(QStringLiteral("bar.time")));
     Typist typist;
     for (unsigned voice = 0; voice < 2; ++voice) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// How long the editor takes from the start to the first page, and from a key to the repaint.
+// How long the editor takes from the start to the first page, how long opening a score keeps a
+// window from answering, and how long it takes from a key to the repaint.
 // Usage: zarn_editor_speed [--keys N] FILE
 #include "editor/EditorDriver.h"
 #include "editor/EditorHome.h"
@@ -10,6 +11,7 @@
 #include <QElapsedTimer>
 
 #include <algorithm>
+#include <ctime>
 #include <iostream>
 #include <vector>
 
@@ -20,20 +22,101 @@ double milliseconds(const QElapsedTimer &since)
     return static_cast<double>(since.nsecsElapsed()) / 1e6;
 }
 
-/// Until what a key did is on the screen.
-double timeOfKey(test::EditorDriver &driver, Qt::Key key)
+/// What this thread has worked, which other programs do not change as they do the time.
+double workedMilliseconds()
+{
+    timespec now{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / 1e6;
+}
+
+/// Measures how long the event loop does not come round.
+class Heartbeat : public QObject {
+public:
+    Heartbeat()
+    {
+        _since.start();
+        _worked = workedMilliseconds();
+        startTimer(0);
+    }
+
+    double longest() const noexcept { return _longest; }
+    double mostWork() const noexcept { return _mostWork; }
+
+protected:
+    void timerEvent(QTimerEvent *) override
+    {
+        const double worked = workedMilliseconds();
+        _longest = std::max(_longest, milliseconds(_since));
+        _mostWork = std::max(_mostWork, worked - _worked);
+        _since.start();
+        _worked = worked;
+    }
+
+private:
+    QElapsedTimer _since;
+    double _worked = 0;
+    double _longest = 0;
+    double _mostWork = 0;
+};
+
+/// Lets the event loop run until all layouts of a window are done.
+void finish(const zarn::editor::MainWindow &window)
+{
+    do
+        QCoreApplication::processEvents();
+    while (window.view().layouts().isBusy());
+}
+
+/// Tells the longest time that the window of a new score does not answer while a file is opened
+/// beside it, shown and laid out for edits.
+void measureOpening(const QString &path)
+{
+    test::EditorDriver driver;
+    zarn::editor::MainWindow *opened = nullptr;
+    QObject::connect(&driver.editor(), &zarn::editor::Editor::opened,
+                     [&opened](zarn::editor::MainWindow *window) { opened = window; });
+    const Heartbeat heartbeat;
+    driver.editor().open(path, &driver.window());
+    while (driver.editor().isOpening() || opened == nullptr)
+        QCoreApplication::processEvents();
+    finish(*opened);
+    std::cout << "longest block while opening: " << heartbeat.longest() << " ms, of them worked "
+              << heartbeat.mostWork() << " ms\n";
+}
+
+/// What keys took until what they did was on the screen.
+struct Times {
+    std::vector<double> passed;
+    std::vector<double> worked; ///< by the thread of the window
+};
+
+void press(test::EditorDriver &driver, Qt::Key key, Times &times)
 {
     QElapsedTimer since;
     since.start();
+    const double worked = workedMilliseconds();
     QTest::keyClick(&driver.view(), key);
-    driver.view().layouts().bringUpToDate();
+    finish(driver.window());
     driver.view().viewport()->repaint();
-    return milliseconds(since);
+    times.passed.push_back(milliseconds(since));
+    times.worked.push_back(workedMilliseconds() - worked);
 }
 
 double part(const std::vector<double> &sorted, double share)
 {
     return sorted[static_cast<std::size_t>(share * static_cast<double>(sorted.size() - 1))];
+}
+
+void print(const char *name, Times &times)
+{
+    std::cout << name << " to repaint:";
+    for (auto *const list : {&times.passed, &times.worked}) {
+        std::sort(list->begin(), list->end());
+        std::cout << (list == &times.worked ? "; worked: " : " ") << "median " << part(*list, 0.5)
+                  << " ms, 99 % " << part(*list, 0.99) << " ms, longest " << list->back() << " ms";
+    }
+    std::cout << '\n';
 }
 
 } // namespace
@@ -48,22 +131,20 @@ int main(int argc, char **argv)
                          QStringLiteral("N"), QStringLiteral("300")});
     arguments.addPositionalArgument(QStringLiteral("file"), QStringLiteral("A score."));
     arguments.process(home.application());
-    test::EditorDriver driver(arguments.positionalArguments().value(0));
+    const QString path = arguments.positionalArguments().value(0);
+    test::EditorDriver driver(path);
     driver.view().viewport()->repaint();
     std::cout << "start to first page: " << milliseconds(start) << " ms\n";
 
     const int count = std::max(arguments.value(QStringLiteral("keys")).toInt(), 1);
-    std::vector<double> digits;
-    std::vector<double> arrows;
+    Times digits;
+    Times arrows;
     for (int i = 0; i < count; ++i) {
-        digits.push_back(timeOfKey(driver, static_cast<Qt::Key>(Qt::Key_2 + i % 8)));
-        arrows.push_back(timeOfKey(driver, Qt::Key_Right));
+        press(driver, static_cast<Qt::Key>(Qt::Key_2 + i % 8), digits);
+        press(driver, Qt::Key_Right, arrows);
     }
-    for (auto *const times : {&digits, &arrows}) {
-        std::sort(times->begin(), times->end());
-        std::cout << (times == &digits ? "fret" : "arrow") << " to repaint: median "
-                  << part(*times, 0.5) << " ms, 99 % " << part(*times, 0.99) << " ms, longest "
-                  << times->back() << " ms\n";
-    }
+    print("fret", digits);
+    print("arrow", arrows);
+    measureOpening(path);
     return 0;
 }
