@@ -427,10 +427,6 @@ void PlayerControl::joinRecordings()
         take(std::move(performance), 0);
         _askedSecond = now;
     }
-    if (_isPlayWaiting) {
-        _isPlayWaiting = false;
-        play();
-    }
 }
 
 void PlayerControl::poll()
@@ -442,6 +438,10 @@ void PlayerControl::poll()
     }
     if (_recordings.hasCome())
         joinRecordings();
+    if (_isPlayWaiting && !_recordings.isBusy()) {
+        _isPlayWaiting = false;
+        play();
+    }
     sendWaiting();
     if (_isOpen && _output->isLost()) {
         close();

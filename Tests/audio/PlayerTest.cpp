@@ -488,6 +488,14 @@ TEST_F(Playing, recordingsJoinAtEverySpeed)
     _player->setScore(*model);
     _player->play();
     EXPECT_EQ(_player->state(), State::Playing);
+    _player->setScore(*modelOf("romance-guitar-study.musicxml"));
+    _player->poll();
+    EXPECT_GT(highest(_output->take(rate)), 0.01F) << "nothing is waited for any more";
+    _player->pause();
+    _output->take(1024);
+    _player->seekSecond(0);
+    _player->setScore(*model);
+    _player->play();
     const auto soon = [this] {
         for (int i = 0; i < 2000; ++i) {
             _player->poll();
