@@ -120,8 +120,10 @@ TEST(MusicXmlContainer, theMusicXmlRootFileOfAnArchiveIsRead)
     ZipWriter zip;
     zip.add("META-INF/container.xml",
             container("<rootfile full-path=\"a.pdf\" media-type=\"application/pdf\"/>"
-                      "<rootfile full-path=\"in/score.xml\"/>"));
+                      "<rootfile full-path=\"in/score.xml\"/>"
+                      "<rootfile full-path=\"part.xml\"/>"));
     zip.add("a.pdf", "no score");
+    zip.add("part.xml", "none either"); // comes first among the files, not among the root files
     zip.add("in/score.xml", named("UTF-8"));
     ImportReport report;
     EXPECT_EQ(scores::import(zip.archive(), report)->track(0)->name(), "Fl\xC3\xB6te");
