@@ -46,6 +46,23 @@ constexpr const char *everydayKinds[] = {
     "m7b5",  "sus4",    "sus2", "5",   "add9", "madd9", "9",  "m9",  "maj9", "6/9",
     "7sus4", "m(maj7)", "7b9",  "7#9", "7#5",  "7b5",   "13", "m11"};
 
+/// Thirteenth chords are played without their eleventh.
+bool isLeftOut(const ChordKind &kind, zarn::chord::Degree degree)
+{
+    return degree.number == 11 && kind.degrees().find(13) != nullptr;
+}
+
+/// Each tone once, within an octave over the bass.
+std::vector<int> closeVoicing(const ChordKind &kind, int root, zarn::chord::Degree bass)
+{
+    const int lowest = 48 + Tone(root + bass.semitones()).value();
+    std::vector<int> pitches;
+    for (const auto degree : kind.degrees())
+        if (!isLeftOut(kind, degree))
+            pitches.push_back(lowest + Tone(root + degree.semitones() - lowest).value());
+    return pitches;
+}
+
 } // namespace
 
 TEST(ChordRecognizer, everyNameOfEverySetOverEveryBassSaysWhatWentIn)
@@ -88,15 +105,16 @@ TEST(ChordRecognizer, everydayChordsAreFirstInRootPositionAndKeepTheirRootOrHave
     for (const char *text : everydayKinds) {
         const ChordKind &kind = *ChordKind::fromText(text);
         for (int root = 0; root < 12; ++root) {
-            const ToneSet tones = kind.tones().transposed(root);
-            for (const auto degree : kind.degrees()) {
-                const Tone bass = Tone(root) + degree.semitones();
-                const auto all = recognizer.names(tones, bass);
+            for (const auto bass : kind.degrees()) {
+                if (isLeftOut(kind, bass))
+                    continue;
+                const auto pitches = closeVoicing(kind, root, bass);
+                const auto all = recognizer.names(pitches);
                 ASSERT_FALSE(all.empty());
                 const Chord &best = all.front().chord;
-                if (bass == Tone(root)) {
+                if (bass.number == 1) {
                     EXPECT_EQ(best.toText(), Chord(best.root(), kind).toText());
-                    EXPECT_EQ(best.root().tone(), bass);
+                    EXPECT_EQ(best.root().tone(), Tone(root));
                     continue;
                 }
                 ++inversions;
@@ -105,12 +123,12 @@ TEST(ChordRecognizer, everydayChordsAreFirstInRootPositionAndKeepTheirRootOrHave
                 const auto found = std::find_if(all.begin(), all.end(), [&](const ChordName &name) {
                     return name.chord.root().tone() == Tone(root);
                 });
-                EXPECT_NE(found, all.end()) << text << " over " << degree.toText();
+                EXPECT_NE(found, all.end()) << text << " over " << bass.toText();
             }
         }
     }
     // Of the rest, most are another chord in root position: C6 over A is Am7.
-    EXPECT_GE(own * 100, inversions * 70);
+    EXPECT_GE(own * 100, inversions * 75);
 }
 
 TEST(ChordRecognizer, namesAreThoseThatPlayersUse)
@@ -136,6 +154,7 @@ TEST(ChordRecognizer, placesOfTonesTellWhatASetDoesNot)
 {
     EXPECT_EQ(first({48, 53, 58, 63}), "Cm11");
     EXPECT_EQ(first({48, 53, 63, 70}), "F7sus4/C");
+    EXPECT_EQ(first({55, 58, 60, 65}), "C7sus4/G");
 }
 
 TEST(ChordRecognizer, keysDecideTheSpelling)

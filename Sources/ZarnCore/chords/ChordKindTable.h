@@ -46,7 +46,7 @@ constexpr ChordKind chordKindTable[] = {
     {"maj7#11", "M7#11 ^7#11 maj7+11", "1 3 5 7 #11", HarmonyKind::MajorSeventh, 100},
     {"maj7#5", "M7#5 ^7#5 +maj7 maj7+ maj7aug", "1 3 #5 7", HarmonyKind::MajorSeventh, 100},
     {"9sus4", "9sus sus9", "1 4 5 b7 9", HarmonyKind::SuspendedFourth, 130},
-    {"13sus4", "13sus", "1 4 5 b7 9 13", HarmonyKind::SuspendedFourth, 130},
+    {"13sus4", "13sus", "1 4 5 b7 9 13", HarmonyKind::SuspendedFourth, 195},
     {"7#11", "7+11", "1 3 5 b7 #11", HarmonyKind::Dominant, 110},
     {"9#11", "9+11", "1 3 5 b7 9 #11", HarmonyKind::DominantNinth, 110},
     {"13#11", "13+11", "1 3 5 b7 9 #11 13", HarmonyKind::Dominant13th, 120},

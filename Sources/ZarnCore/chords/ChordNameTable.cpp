@@ -48,6 +48,11 @@ int ofSaidOmission(Degree degree) noexcept
     return degree.number == 3 ? saidThird : saidFifth;
 }
 
+int ofFullness(const ChordKind &kind, bool hasFifthAndNinth) noexcept
+{
+    return kind.text() == "maj13" && hasFifthAndNinth ? fullMajorThirteenth : 0;
+}
+
 bool hasPlainerTwin(const ChordKind &kind) noexcept
 {
     constexpr std::string_view texts[] = {"sus2", "sus4", "7sus4", "9sus4", "sus4add9", "6",
@@ -80,6 +85,9 @@ public:
             else
                 _cost += cost::ofOmission(degrees[i], kind);
         }
+        const auto isHeard = [this](int semitones) { return _tones.contains(Tone(semitones)); };
+        _cost += cost::ofFullness(
+            kind, isHeard(Degree{5, 0}.semitones()) && isHeard(Degree{9, 0}.semitones()));
     }
 
     void enter(Lists &lists)

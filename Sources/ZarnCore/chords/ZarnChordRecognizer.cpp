@@ -71,8 +71,9 @@ public:
         if (name.chord.hasBass() || !degrees.contains({7, -1}))
             return;
         name.isSeventhFar = isFar(root + Degree{7, -1}.semitones());
+        const bool isClose = degrees.contains({3, 0}) || !isFar(root + 3);
         name.isEleventhLow =
-            degrees.contains({11, 0}) && degrees.contains({3, 0}) && !isFar(root + 5);
+            degrees.contains({11, 0}) && degrees.find(3) != nullptr && isClose && !isFar(root + 5);
         name.cost +=
             int(name.isSeventhFar) * cost::farSeventh + int(name.isEleventhLow) * cost::lowEleventh;
     }
@@ -149,6 +150,9 @@ std::vector<NameReason> ChordName::reasons() const
     reasons.push_back({kind.cost(), kind.text().empty() ? "major" : std::string(kind.text())});
     for (const Degree &degree : unheard)
         reasons.push_back({cost::ofOmission(degree, kind), nameOf(degree) + " left out"});
+    const bool hasFifthAndNinth = !unheard.contains({5, 0}) && !unheard.contains({9, 0});
+    if (const int full = cost::ofFullness(kind, hasFifthAndNinth); full != 0)
+        reasons.push_back({full, "full thirteenth chord"});
     for (const Degree &degree : chord.omitted())
         reasons.push_back({cost::ofSaidOmission(degree), "no " + nameOf(degree)});
     if (isSeventhFar)
