@@ -165,6 +165,7 @@ constexpr std::pair<const char *, Weight> fitted[] = {
     {"hurriedCreep", &FingeringWeights::hurriedCreep},
     {"hurriedStart", &FingeringWeights::hurriedStart},
     {"hurriedShift", &FingeringWeights::hurriedShift},
+    {"blindShift", &FingeringWeights::blindShift},
     {"fingerJump", &FingeringWeights::fingerJump},
     {"fingerRoll", &FingeringWeights::fingerRoll},
     {"hurriedJump", &FingeringWeights::hurriedJump},
@@ -180,6 +181,7 @@ constexpr std::pair<const char *, Weight> fitted[] = {
     {"skippedString", &FingeringWeights::skippedString},
     {"cutNote", &FingeringWeights::cutNote},
     {"cutRinging", &FingeringWeights::cutRinging},
+    {"cutBroken", &FingeringWeights::cutBroken},
     {"longestRing", &FingeringWeights::longestRing},
     {"movedPitch", &FingeringWeights::movedPitch},
 };

@@ -14,63 +14,58 @@ GripChange::GripChange(const Passage &passage, const Ringing &ringing,
                     [](const PassageNote &note) { return note.leadsFrom != PassageNote::NoNote; });
 }
 
-void GripChange::leave(const Grip &from, double onset, double nextOnset)
+GripChange::Departure GripChange::leave(const Grip &from, double onset, double nextOnset) const
 {
-    _from = &from;
-    _lasting = 0;
-    _lingering = 0;
+    Departure departure;
+    departure.grip = &from;
     double stoppedUntil = onset;
     for (unsigned bits = from.sounding; bits != 0; bits &= bits - 1) {
         const auto at = static_cast<std::size_t>(__builtin_ctz(bits));
         const double end = _passage.notes[from.note[at]].end;
         if (_ringing.lasts(from.note[at], nextOnset))
-            _lasting |= 1U << at;
+            departure.lasting |= 1U << at;
         else if (_ringing.rings(from.note[at], nextOnset))
-            _lingering |= 1U << at;
+            departure.lingering |= 1U << at;
         if ((from.stopped >> at & 1) != 0)
             stoppedUntil = std::max(stoppedUntil, end);
     }
     // While nothing is stopped the hand is free to move: that time counts twice.
     const double time = nextOnset - onset + std::max(0., nextOnset - stoppedUntil);
     constexpr double relief = 4;
-    _hurry = static_cast<float>(1 / (1 + relief * time));
+    departure.hurry = static_cast<float>(1 / (1 + relief * time));
+    return departure;
 }
 
-std::optional<double> GripChange::cost(const Grip &to) const
+double GripChange::cost(const Departure &from, const Grip &to) const
 {
-    if (!holdsOn(to))
-        return std::nullopt;
     double cost = 0;
-    addEffort(to, [&](double FingeringWeights::*weight, float amount) {
+    addEffort(from, to, [&](double FingeringWeights::*weight, float amount) {
         cost += _weights.*weight * static_cast<double>(amount);
     });
     return cost;
 }
 
+/// Whether a finger stays on its string, and so leads the hand.
+bool GripChange::hasGuide(const Grip &from, const Grip &to)
+{
+    for (unsigned bits = from.fingers & to.fingers; bits != 0; bits &= bits - 1) {
+        const auto finger = static_cast<std::size_t>(__builtin_ctz(bits));
+        if (from.stringOfFinger[finger] == to.stringOfFinger[finger])
+            return true;
+    }
+    return false;
+}
+
 /// Whether a note that begins is on another string than the one that leads to it.
-bool GripChange::leavesString(const Grip &to, std::size_t at) const
+bool GripChange::leavesString(const Grip &from, const Grip &to, std::size_t at) const
 {
     const std::uint32_t leading = _passage.notes[to.note[at]].leadsFrom;
     if (leading == PassageNote::NoNote)
         return false;
     for (std::size_t string = 0; string < Grip::Strings; ++string)
-        if ((_from->sounding >> string & 1) != 0 && _from->note[string] == leading)
+        if ((from.sounding >> string & 1) != 0 && from.note[string] == leading)
             return string != at;
     return false;
-}
-
-bool GripChange::holdsOn(const Grip &to) const
-{
-    if ((to.held & ~(_lasting | _lingering)) != 0)
-        return false;
-    for (unsigned bits = to.held; bits != 0; bits &= bits - 1) {
-        const auto at = static_cast<std::size_t>(__builtin_ctz(bits));
-        // A grip that is too wide has no fingers: those that are left take over.
-        const bool isOtherFinger = _from->finger[at] != 0 && to.finger[at] != _from->finger[at];
-        if (to.note[at] != _from->note[at] || to.fret[at] != _from->fret[at] || isOtherFinger)
-            return false;
-    }
-    return true;
 }
 
 } // namespace zarn::fingering

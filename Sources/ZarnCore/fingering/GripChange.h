@@ -10,7 +10,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <optional>
 
 namespace zarn::fingering {
 
@@ -20,28 +19,34 @@ public:
     /// Passage and weights outlive this.
     GripChange(const Passage &passage, const Ringing &ringing, const FingeringWeights &weights);
 
-    /// Takes the grip that is left, and when it began and ends. It stays where it is meanwhile.
-    void leave(const Grip &from, double onset, double nextOnset);
+    /// A grip that is left, and what sounds on then.
+    struct Departure {
+        const Grip *grip = nullptr;
+        unsigned lasting = 0;   ///< strings that sound on, as bits
+        unsigned lingering = 0; ///< strings that may go on ringing
+        float hurry = 1;        ///< 1 without any time to move, towards 0 with all of it
+    };
 
-    /// The effort of going on to a grip; nothing when what that holds is not what was there.
-    std::optional<double> cost(const Grip &to) const;
+    /// Leaves a grip that began at an onset and ends at the next. It stays where it is meanwhile.
+    Departure leave(const Grip &from, double onset, double nextOnset) const;
 
-    /// Whether what a grip holds was there before.
-    bool holdsOn(const Grip &to) const;
+    /// The effort of going on to a grip, which holds nothing that is not there.
+    double cost(const Departure &from, const Grip &to) const;
 
     /// Calls `add` with a weight and an amount for all that is hard about going on to a grip.
     template <class Add>
-    void addEffort(const Grip &to, Add &&add) const;
+    void addEffort(const Departure &from, const Grip &to, Add &&add) const;
 
 private:
     template <class Add>
-    void addMove(const Grip &to, Add &add) const;
+    void addMove(const Departure &from, const Grip &to, Add &add) const;
     template <class Add>
-    void addFingers(const Grip &to, Add &add) const;
+    void addFingers(const Departure &from, const Grip &to, Add &add) const;
     template <class Add>
-    void addNotes(const Grip &to, Add &add) const;
+    void addNotes(const Departure &from, const Grip &to, Add &add) const;
 
-    bool leavesString(const Grip &to, std::size_t at) const;
+    static bool hasGuide(const Grip &from, const Grip &to);
+    bool leavesString(const Grip &from, const Grip &to, std::size_t at) const;
 
     int pitchOf(const Grip &grip, std::size_t string) const
     {
@@ -53,75 +58,73 @@ private:
     const FingeringWeights &_weights;
     std::array<float, 128> _fretWidths; ///< by position, that of the first being 1
     bool _hasLeading = false;           ///< notes that lead to others on their string
-    const Grip *_from = nullptr;
-    unsigned _lasting = 0;   ///< strings that sound on, as bits
-    unsigned _lingering = 0; ///< strings that may go on ringing
-    float _hurry = 1;        ///< 1 without any time to move, towards 0 with all of it
 };
 
 template <class Add>
-void GripChange::addEffort(const Grip &to, Add &&add) const
+void GripChange::addEffort(const Departure &from, const Grip &to, Add &&add) const
 {
-    addMove(to, add);
-    addFingers(to, add);
-    addNotes(to, add);
+    addMove(from, to, add);
+    addFingers(from, to, add);
+    addNotes(from, to, add);
 }
 
 template <class Add>
-void GripChange::addMove(const Grip &to, Add &add) const
+void GripChange::addMove(const Departure &from, const Grip &to, Add &add) const
 {
     using W = FingeringWeights;
-    if (_from->position == Grip::Anywhere || to.position == Grip::Anywhere)
+    if (from.grip->position == Grip::Anywhere || to.position == Grip::Anywhere)
         return;
-    const float distance = std::abs(to.position - _from->position) - _passage.hand.ease;
+    const float distance = std::abs(to.position - from.grip->position) - _passage.hand.ease;
     if (distance <= 0)
         return;
-    const auto lower = static_cast<std::size_t>(std::min(to.position, _from->position));
+    const auto lower = static_cast<std::size_t>(std::min(to.position, from.grip->position));
     const float way = distance * _fretWidths[std::min(lower, _fretWidths.size() - 1)];
     const float creep = std::min(distance, 1.F);
     const float start = std::clamp(distance - 1, 0.F, 1.F);
+    if (!hasGuide(*from.grip, to))
+        add(&W::blindShift, creep);
     add(&W::creep, creep);
-    add(&W::hurriedCreep, creep * _hurry);
+    add(&W::hurriedCreep, creep * from.hurry);
     add(&W::shiftStart, start);
-    add(&W::hurriedStart, start * _hurry);
+    add(&W::hurriedStart, start * from.hurry);
     add(&W::shift, way);
-    add(&W::hurriedShift, way * _hurry);
+    add(&W::hurriedShift, way * from.hurry);
 }
 
 /// Fingers that leave their string, that take over from another, and that are laid down.
 template <class Add>
-void GripChange::addFingers(const Grip &to, Add &add) const
+void GripChange::addFingers(const Departure &from, const Grip &to, Add &add) const
 {
     using W = FingeringWeights;
     int jumps = 0;
     int rolls = 0;
-    for (unsigned bits = _from->fingers & to.fingers; bits != 0; bits &= bits - 1) {
+    for (unsigned bits = from.grip->fingers & to.fingers; bits != 0; bits &= bits - 1) {
         const auto finger = static_cast<std::size_t>(__builtin_ctz(bits));
-        if (_from->stringOfFinger[finger] == to.stringOfFinger[finger])
+        if (from.grip->stringOfFinger[finger] == to.stringOfFinger[finger])
             continue;
-        if (_from->fretOfFinger[finger] != to.fretOfFinger[finger])
+        if (from.grip->fretOfFinger[finger] != to.fretOfFinger[finger])
             ++jumps;
-        else if (((_from->barred | to.barred) >> finger & 1) == 0)
+        else if (((from.grip->barred | to.barred) >> finger & 1) == 0)
             ++rolls;
     }
     int replaced = 0;
     int pressed = to.stopCount;
-    for (unsigned bits = _from->stopped & to.stopped; bits != 0; bits &= bits - 1) {
+    for (unsigned bits = from.grip->stopped & to.stopped; bits != 0; bits &= bits - 1) {
         const auto at = static_cast<std::size_t>(__builtin_ctz(bits));
-        if (_from->fret[at] != to.fret[at])
+        if (from.grip->fret[at] != to.fret[at])
             continue;
-        if (_from->finger[at] == to.finger[at])
+        if (from.grip->finger[at] == to.finger[at])
             --pressed;
         else
             ++replaced;
     }
     if (jumps != 0) {
         add(&W::fingerJump, jumps);
-        add(&W::hurriedJump, static_cast<float>(jumps) * _hurry);
+        add(&W::hurriedJump, static_cast<float>(jumps) * from.hurry);
     }
     if (rolls != 0) {
         add(&W::fingerRoll, rolls);
-        add(&W::hurriedRoll, static_cast<float>(rolls) * _hurry);
+        add(&W::hurriedRoll, static_cast<float>(rolls) * from.hurry);
     }
     if (replaced != 0)
         add(&W::fingerReplaced, replaced);
@@ -130,23 +133,28 @@ void GripChange::addFingers(const Grip &to, Add &add) const
 
 /// Notes that are cut off, and pitches that change their string.
 template <class Add>
-void GripChange::addNotes(const Grip &to, Add &add) const
+void GripChange::addNotes(const Departure &from, const Grip &to, Add &add) const
 {
     using W = FingeringWeights;
-    const unsigned ends = (_lasting | _lingering) & ~static_cast<unsigned>(to.held);
+    const unsigned ends = (from.lasting | from.lingering) & ~static_cast<unsigned>(to.held);
     for (unsigned bits = ends; bits != 0; bits &= bits - 1) {
         const auto at = static_cast<std::size_t>(__builtin_ctz(bits));
         const bool isStruckAgain =
-            (to.sounding >> at & 1) != 0 && pitchOf(to, at) == pitchOf(*_from, at);
-        if (!isStruckAgain)
-            add((_lasting >> at & 1) != 0 ? &W::cutNote : &W::cutRinging, 1);
+            (to.sounding >> at & 1) != 0 && pitchOf(to, at) == pitchOf(*from.grip, at);
+        if (isStruckAgain)
+            continue;
+        const bool isLasting = (from.lasting >> at & 1) != 0;
+        add(isLasting ? &W::cutNote : &W::cutRinging, 1);
+        if (!isLasting && _ringing.isOfBrokenChord(from.grip->note[at]))
+            add(&W::cutBroken, 1);
     }
     for (unsigned bits = to.fresh(); bits != 0; bits &= bits - 1) {
         const auto at = static_cast<std::size_t>(__builtin_ctz(bits));
-        if (_hasLeading && leavesString(to, at))
+        if (_hasLeading && leavesString(*from.grip, to, at))
             add(&W::leftString, 1);
-        for (unsigned others = _from->sounding & ~(1U << at); others != 0; others &= others - 1)
-            if (pitchOf(*_from, static_cast<std::size_t>(__builtin_ctz(others))) == pitchOf(to, at))
+        for (unsigned others = from.grip->sounding & ~(1U << at); others != 0; others &= others - 1)
+            if (pitchOf(*from.grip, static_cast<std::size_t>(__builtin_ctz(others)))
+                == pitchOf(to, at))
                 add(&W::movedPitch, 1);
     }
 }

@@ -57,28 +57,28 @@ GripFinder::GripFinder(const Passage &passage, const Ringing &ringing,
 {
 }
 
-const std::vector<Grip> &GripFinder::find(std::size_t event, const std::vector<Grip> &previous)
+const std::vector<GripFinder::Found> &GripFinder::find(std::size_t event,
+                                                       const std::vector<Grip> &previous)
 {
     const PassageEvent &at = _passage.events[event];
     collectHeld(at, previous);
     collectPositions(previous);
     collectStrings(at);
-    _grips.clear();
+    _found.clear();
     for (const bool keepsFingers : {true, false}) {
         _keepsFingers = keepsFingers;
         for (const Strings &strings : _strings)
             addGrips(gripOf(at, strings), at.onset);
-        if (!_grips.empty() || !hasFingers(at))
+        if (!_found.empty() || !hasFingers(at))
             break;
     }
-    if (_grips.empty()) {
+    if (_found.empty()) {
         _isTooWide = true;
         for (const Strings &strings : _strings)
             addGrips(gripOf(at, strings), at.onset);
         _isTooWide = false;
     }
-    keepEasiest();
-    return _grips;
+    return _found;
 }
 
 bool GripFinder::hasFingers(const PassageEvent &event) const
@@ -92,27 +92,30 @@ bool GripFinder::hasFingers(const PassageEvent &event) const
 void GripFinder::collectHeld(const PassageEvent &event, const std::vector<Grip> &previous)
 {
     _held.clear();
+    std::uint64_t origin = 1;
     for (const Grip &grip : previous) {
-        Grip held;
-        for (int string = 0; string < Grip::Strings; ++string) {
-            const auto at = static_cast<std::size_t>(string);
-            if (!grip.sounds(string))
-                continue;
-            const auto bit = static_cast<std::uint16_t>(1U << at);
+        Held held;
+        held.origins = origin;
+        origin <<= 1;
+        for (unsigned bits = grip.sounding; bits != 0; bits &= bits - 1) {
+            const auto at = static_cast<std::size_t>(__builtin_ctz(bits));
             if (!_ringing.rings(grip.note[at], event.onset))
                 continue;
-            held.sounding |= bit;
-            held.stopped |= grip.isStopped(string) ? bit : 0;
-            held.fret[at] = grip.fret[at];
-            held.finger[at] = grip.finger[at];
-            held.note[at] = grip.note[at];
+            const auto bit = static_cast<std::uint16_t>(1U << at);
+            held.grip.sounding |= bit;
+            held.grip.stopped |= grip.stopped & bit;
+            held.grip.fret[at] = grip.fret[at];
+            held.grip.finger[at] = grip.finger[at];
+            held.grip.note[at] = grip.note[at];
         }
-        held.held = held.sounding;
-        const auto same = [&held](const Grip &other) { return holdsTheSame(held, other); };
-        if (std::none_of(_held.begin(), _held.end(), same))
+        held.grip.held = held.grip.sounding;
+        const auto same = std::find_if(_held.begin(), _held.end(), [&held](const Held &other) {
+            return holdsTheSame(held.grip, other.grip);
+        });
+        if (same != _held.end())
+            same->origins |= held.origins;
+        else if (_held.size() < mostHeld)
             _held.push_back(held);
-        if (_held.size() == mostHeld)
-            break;
     }
     if (_held.empty())
         _held.emplace_back();
@@ -228,6 +231,8 @@ Grip GripFinder::gripOf(const PassageEvent &event, const Strings &strings) const
             grip.cost += static_cast<float>(_weights.otherFigure);
         if (const unsigned known = _known.ofPitch(number32); known != 0 && (known & bit) == 0)
             grip.cost += static_cast<float>(_weights.otherString);
+        if (fret == 0 && _known.isUpTheNeck(number32) && !_pedals.contains(number32))
+            grip.cost += static_cast<float>(_weights.openUpTheNeck);
         grip.sounding |= bit;
         grip.stopped |= fret > 0 ? bit : 0;
         if (fret == 0 && _passage.avoidsOpenStrings)
@@ -248,48 +253,76 @@ bool GripFinder::isSamePitch(std::uint32_t left, std::uint32_t right) const
     return _passage.notes[left].pitch == _passage.notes[right].pitch;
 }
 
-/// A layout with all that may last from before; where it cannot, without it.
+/// A layout with all that may last from before, with what has to, and with what cannot go.
 void GripFinder::addGrips(const Grip &grip, double onset)
 {
-    for (const Grip &held : _held) {
-        const std::size_t before = _grips.size();
-        const unsigned stopped = held.stopped & ~static_cast<unsigned>(grip.sounding);
+    _parts.clear();
+    for (const Held &held : _held) {
+        const unsigned sounding = held.grip.sounding;
+        const unsigned tied = tiedStrings(grip, held.grip, onset);
+        const unsigned all = (sounding & ~static_cast<unsigned>(grip.sounding)) | tied;
         unsigned lasting = 0;
-        for (std::size_t at = 0; at < Grip::Strings; ++at)
-            if ((stopped >> at & 1) != 0 && _ringing.lasts(held.note[at], onset))
-                lasting |= 1U << at;
-        addHolding(grip, held, stopped, onset);
-        if (lasting != stopped)
-            addHolding(grip, held, lasting, onset);
-        if (lasting != 0 || _grips.size() == before)
-            addHolding(grip, held, 0, onset);
+        for (unsigned bits = all & held.grip.stopped; bits != 0; bits &= bits - 1)
+            if (_ringing.lasts(held.grip.note[static_cast<std::size_t>(__builtin_ctz(bits))],
+                               onset))
+                lasting |= bits & -bits;
+        const unsigned open = all & ~static_cast<unsigned>(held.grip.stopped);
+        addPart(held, all);
+        addPart(held, open | tied | lasting);
+        addPart(held, open | tied);
     }
+    for (const Held &part : _parts)
+        addHolding(grip, part);
 }
 
-/// Holds a layout on top of what lasts; without the stopped strings of that where it need not. A
-/// note that is tied into this event keeps its string: one that wants it too is left out.
-void GripFinder::addHolding(const Grip &grip, const Grip &held, unsigned heldStopped, double onset)
+/// Strings that go on with what is tied into an event, whatever else wants them.
+unsigned GripFinder::tiedStrings(const Grip &grip, const Grip &held, double onset) const
+{
+    unsigned tied = 0;
+    for (unsigned bits = held.sounding; bits != 0; bits &= bits - 1) {
+        const auto at = static_cast<std::size_t>(__builtin_ctz(bits));
+        if (_ringing.isTiedOn(held.note[at], onset)
+            && !(grip.sounds(static_cast<int>(at)) && isSamePitch(held.note[at], grip.note[at])))
+            tied |= 1U << at;
+    }
+    return tied;
+}
+
+/// Adds what lasts on some strings, once, with all that it can come from.
+void GripFinder::addPart(const Held &held, unsigned strings)
+{
+    Held part = held;
+    const auto kept = static_cast<std::uint16_t>(strings);
+    part.grip.sounding = kept;
+    part.grip.held = kept;
+    part.grip.stopped &= kept;
+    const auto isSame = [&part](const Held &other) { return holdsTheSame(part.grip, other.grip); };
+    const auto same = std::find_if(_parts.begin(), _parts.end(), isSame);
+    if (same != _parts.end())
+        same->origins |= part.origins;
+    else
+        _parts.push_back(part);
+}
+
+/// Holds a layout on top of what lasts. A note that is tied into this event keeps its string: one
+/// that wants it too is left out.
+void GripFinder::addHolding(const Grip &grip, const Held &held)
 {
     Grip whole = grip;
-    for (std::size_t at = 0; at < Grip::Strings; ++at) {
+    for (unsigned bits = held.grip.sounding; bits != 0; bits &= bits - 1) {
+        const auto at = static_cast<std::size_t>(__builtin_ctz(bits));
         const auto bit = static_cast<std::uint16_t>(1U << at);
-        const bool isTaken = (grip.sounding & bit) != 0;
-        const bool isTied = (held.sounding & bit) != 0 && _ringing.isTiedOn(held.note[at], onset)
-            && !(isTaken && isSamePitch(held.note[at], grip.note[at]));
-        const bool isKept = (held.sounding & bit) != 0 && (!isTaken || isTied)
-            && ((heldStopped & bit) != 0 || isTied || (held.stopped & bit) == 0);
-        if (!isKept)
-            continue;
-        if (isTaken)
+        if ((grip.sounding & bit) != 0)
             whole.cost += effortOfLoss;
         whole.sounding |= bit;
         whole.stopped &= static_cast<std::uint16_t>(~bit);
-        whole.stopped |= held.stopped & bit;
+        whole.stopped |= held.grip.stopped & bit;
         whole.held |= bit;
-        whole.fret[at] = held.fret[at];
-        whole.finger[at] = held.finger[at];
-        whole.note[at] = held.note[at];
+        whole.fret[at] = held.grip.fret[at];
+        whole.finger[at] = held.grip.finger[at];
+        whole.note[at] = held.grip.note[at];
     }
+    _origins = held.origins;
     if (_isTooWide) {
         addUnfingered(whole);
         return;
@@ -349,8 +382,8 @@ void GripFinder::addFingered(const Grip &grip)
     }
     _hand.findShapes(frets, 0, wanted, _shapes);
     for (const chord::HandShape &shape : _shapes) {
-        _grips.push_back(grip);
-        Grip &found = _grips.back();
+        _found.push_back({grip, _origins});
+        Grip &found = _found.back().grip;
         layFingers(shape, found);
         found.shape = shape.cost;
         double cost = 0;
@@ -377,35 +410,7 @@ void GripFinder::addUnfingered(Grip grip)
     grip.position = static_cast<float>(lowest);
     grip.cost += effortOfWidth + static_cast<float>(highest - lowest);
     grip.isTooWide = true;
-    _grips.push_back(grip);
-}
-
-/// Drops all but the easiest grips; an easy one is also near to where the hand was.
-void GripFinder::keepEasiest()
-{
-    if (_grips.size() <= MostGrips)
-        return;
-    _order.clear();
-    for (std::size_t i = 0; i < _grips.size(); ++i) {
-        float nearest = std::numeric_limits<float>::max();
-        for (const float position : _positions)
-            nearest = std::min(
-                nearest, position == Grip::Anywhere ? 0 : std::abs(position - _grips[i].position));
-        const auto move = static_cast<float>(_weights.shift) / 2 * nearest;
-        float pressing = 0;
-        addPresses(_grips[i], __builtin_popcount(_grips[i].stopped & _grips[i].fresh()),
-                   [&](double FingeringWeights::*weight, float amount) {
-                       pressing += static_cast<float>(_weights.*weight) * amount;
-                   });
-        _order.emplace_back(_grips[i].cost + pressing + move, i);
-    }
-    const auto last = _order.begin() + static_cast<std::ptrdiff_t>(MostGrips);
-    std::nth_element(_order.begin(), last, _order.end());
-    std::sort(_order.begin(), last,
-              [](const auto &left, const auto &right) { return left.second < right.second; });
-    for (std::size_t i = 0; i < MostGrips; ++i)
-        _grips[i] = _grips[_order[i].second];
-    _grips.resize(MostGrips);
+    _found.push_back({grip, _origins});
 }
 
 } // namespace zarn::fingering

@@ -17,13 +17,21 @@ namespace zarn::fingering {
 /// Finds the ways to hold each event of a passage.
 class GripFinder {
 public:
-    /// Of all ways, so many are kept, the easiest ones.
-    static constexpr std::size_t MostGrips = 32;
+    /// Grips that an event may be left from, at most.
+    static constexpr std::size_t MostOrigins = 64;
+
+    /// A way to hold an event, and the grips of the event in front, by their numbers as bits, that
+    /// it can be reached from.
+    struct Found {
+        Grip grip;
+        std::uint64_t origins = 0;
+    };
 
     GripFinder(const Passage &passage, const Ringing &ringing, const FingeringWeights &weights);
 
-    /// The ways to hold an event after those of the event in front of it; at least one.
-    const std::vector<Grip> &find(std::size_t event, const std::vector<Grip> &previous);
+    /// The ways to hold an event after those of the event in front of it, of which the likely ones
+    /// come first; at least one.
+    const std::vector<Found> &find(std::size_t event, const std::vector<Grip> &previous);
 
     /// Whether some string has a note's pitch.
     bool isOnInstrument(const PassageNote &note) const;
@@ -51,12 +59,20 @@ private:
 
     Grip gripOf(const PassageEvent &event, const Strings &strings) const;
     bool isSamePitch(std::uint32_t left, std::uint32_t right) const;
+
+    /// What lasts from before, or a part of it.
+    struct Held {
+        Grip grip;
+        std::uint64_t origins = 0; ///< as in `Found`
+    };
+
     void addGrips(const Grip &grip, double onset);
-    void addHolding(const Grip &grip, const Grip &held, unsigned heldStopped, double onset);
+    unsigned tiedStrings(const Grip &grip, const Grip &held, double onset) const;
+    void addPart(const Held &held, unsigned strings);
+    void addHolding(const Grip &grip, const Held &held);
     void layFingers(const chord::HandShape &shape, Grip &grip) const;
     void addFingered(const Grip &grip);
     void addUnfingered(Grip grip);
-    void keepEasiest();
 
     const Passage &_passage;
     const Ringing &_ringing;
@@ -65,7 +81,8 @@ private:
     KnownStrings _known;
     Pedals _pedals;
 
-    std::vector<Grip> _held;       ///< what may last from before, without the new notes
+    std::vector<Held> _held;       ///< what may last from before, without the new notes
+    std::vector<Held> _parts;      ///< the parts of it that a layout leaves
     std::vector<float> _positions; ///< where the hand may be
     std::vector<Strings> _strings; ///< the ways to lay the new notes
     Strings _current;
@@ -73,8 +90,8 @@ private:
     bool _keepsFingers = true; ///< those that are given
     bool _isTooWide = false;   ///< no hand holds the event
     std::vector<chord::HandShape> _shapes;
-    std::vector<Grip> _grips;
-    std::vector<std::pair<float, std::size_t>> _order;
+    std::vector<Found> _found;
+    std::uint64_t _origins = 0; ///< of the part that grips are looked for on top of
 };
 
 } // namespace zarn::fingering

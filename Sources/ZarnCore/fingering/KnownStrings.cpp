@@ -46,6 +46,24 @@ std::uint64_t figureOf(const Passage &passage, std::size_t event, const PassageN
     return figure;
 }
 
+/// Whether a note is given out of first position, though its pitch lies on a lower fret too.
+bool isPutUpTheNeck(const Passage &passage, const PassageNote &note)
+{
+    constexpr int lastFretOfFirstPosition = 4;
+    const StaffFrets &fretboard = passage.fretboard;
+    if (bitOf(note) == 0 || note.string >= fretboard.stringCount())
+        return false;
+    const int fret = fretboard.fret(note.string, note.pitch);
+    if (fret <= lastFretOfFirstPosition)
+        return false;
+    for (int string = 0; string < fretboard.stringCount(); ++string) {
+        const int other = fretboard.fret(string, note.pitch);
+        if (other >= 0 && other < fret && !fretboard.isDrone(string))
+            return true;
+    }
+    return false;
+}
+
 } // namespace
 
 KnownStrings::KnownStrings(const Passage &passage)
@@ -56,6 +74,7 @@ KnownStrings::KnownStrings(const Passage &passage)
     _known.resize(passage.notes.size());
     findFigures(passage);
     findPitches(passage);
+    findPositions(passage);
 }
 
 void KnownStrings::findFigures(const Passage &passage)
@@ -102,6 +121,26 @@ void KnownStrings::findPitches(const Passage &passage)
     for (std::size_t at = 0; at < passage.events.size(); ++at)
         look(at, before);
     std::array<Last, keyCount> behind{};
+    for (std::size_t at = passage.events.size(); at-- > 0;)
+        look(at, behind);
+}
+
+void KnownStrings::findPositions(const Passage &passage)
+{
+    const auto look = [&](std::size_t at, double &last) {
+        const PassageEvent &event = passage.events[at];
+        for (std::size_t i = event.firstNote; i < event.firstNote + event.noteCount; ++i) {
+            const PassageNote &note = passage.notes[i];
+            if (isPutUpTheNeck(passage, note))
+                last = event.onset;
+            else if (!isGiven(note) && std::abs(event.onset - last) <= farthest)
+                _known[i].isUpTheNeck = true;
+        }
+    };
+    double before = -2 * farthest;
+    for (std::size_t at = 0; at < passage.events.size(); ++at)
+        look(at, before);
+    double behind = passage.events.back().onset + 2 * farthest;
     for (std::size_t at = passage.events.size(); at-- > 0;)
         look(at, behind);
 }

@@ -27,14 +27,23 @@ public:
         return _known.empty() ? 0U : _known[note].ofPitch;
     }
 
+    /// Whether the player has put a note nearby up the neck that lies farther down as well: he
+    /// means to play there.
+    bool isUpTheNeck(std::uint32_t note) const noexcept
+    {
+        return !_known.empty() && _known[note].isUpTheNeck;
+    }
+
 private:
     struct Known {
         std::uint16_t ofFigure = 0;
         std::uint16_t ofPitch = 0;
+        bool isUpTheNeck = false;
     };
 
     void findFigures(const Passage &passage);
     void findPitches(const Passage &passage);
+    void findPositions(const Passage &passage);
 
     std::vector<Known> _known; ///< by note; empty when no string is given
 };

@@ -22,12 +22,23 @@ bool clashes(const Passage &passage, const PassageEvent &event, int pitch)
     });
 }
 
+bool beginsBrokenChord(const Passage &passage, std::size_t at, int pitch)
+{
+    if (at + 2 >= passage.events.size() || passage.events[at + 1].noteCount == 0)
+        return false;
+    const PassageEvent &next = passage.events[at + 1];
+    const PassageEvent &after = passage.events[at + 2];
+    return !clashes(passage, next, pitch) && !clashes(passage, after, pitch)
+        && !clashes(passage, after, passage.notes[next.firstNote].pitch);
+}
+
 } // namespace
 
 Ringing::Ringing(const Passage &passage, double longest) : _passage(passage)
 {
     _lasts.reserve(passage.notes.size());
     _ends.reserve(passage.notes.size());
+    _isOfBrokenChord.reserve(passage.notes.size());
     for (std::size_t at = 0; at < passage.events.size(); ++at) {
         const PassageEvent &event = passage.events[at];
         const std::size_t last = std::min(passage.events.size(), at + mostEvents);
@@ -39,6 +50,7 @@ Ringing::Ringing(const Passage &passage, double longest) : _passage(passage)
                     end = passage.events[next].onset;
             _lasts.push_back(std::max(note.end, std::min(end, note.ringsUntil)));
             _ends.push_back(std::max(end, note.end));
+            _isOfBrokenChord.push_back(beginsBrokenChord(passage, at, note.pitch) ? 1 : 0);
         }
     }
 }

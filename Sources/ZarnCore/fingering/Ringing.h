@@ -27,12 +27,16 @@ public:
         return _passage.notes[note].tiedUntil > onset - sameTime;
     }
 
+    /// Whether a note and the two events behind it are so far apart that they are tones of a chord.
+    bool isOfBrokenChord(std::uint32_t note) const { return _isOfBrokenChord[note] != 0; }
+
 private:
     static constexpr double sameTime = 1e-6;
 
     const Passage &_passage;
     std::vector<double> _lasts;
     std::vector<double> _ends;
+    std::vector<char> _isOfBrokenChord;
 };
 
 } // namespace zarn::fingering

@@ -3,8 +3,7 @@
 
 #include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/fingering/FingeringGraph.h>
-#include <ZarnCore/fingering/GripChange.h>
-#include <ZarnCore/fingering/GripFinder.h>
+#include <ZarnCore/fingering/GripLayerMaker.h>
 
 #include <algorithm>
 #include <cmath>
@@ -31,8 +30,7 @@ constexpr std::size_t surroundings = 8;
 class FingeringSolver::Search {
 public:
     Search(const Passage &passage, const FingeringWeights &weights)
-        : _passage(passage), _weights(weights), _ringing(_passage, _weights.longestRing),
-          _change(_passage, _ringing, _weights), _finder(_passage, _ringing, _weights)
+        : _passage(passage), _weights(weights), _maker(_passage, _weights)
     {
     }
 
@@ -40,18 +38,7 @@ public:
     std::vector<FingeringAlternative> alternatives(std::size_t event, std::size_t most);
 
 private:
-    /// The grips of one event, with the easiest way to each.
-    struct Layer {
-        std::size_t event = 0;
-        std::vector<Grip> grips;
-        std::vector<double> costs; ///< from the start of the passage
-        std::vector<int> before;   ///< numbers in the layer in front
-        int firstNode = 0;         ///< in the graph
-    };
-
     void addLayer(std::size_t event);
-    double costOfStart(const Grip &grip) const;
-    void connect(const Layer &from, const Layer &to);
     void searchFrom(std::size_t firstNew);
     void decide(bool isLast);
     void commit(std::size_t count, int grip);
@@ -62,48 +49,16 @@ private:
 
     const Passage &_passage;
     FingeringWeights _weights;
-    Ringing _ringing;
-    GripChange _change;
-    GripFinder _finder;
+    GripLayerMaker _maker;
     FingeringGraph _graph;
-    std::vector<Layer> _layers; ///< those that are not decided
+    std::vector<GripLayer> _layers; ///< those that are not decided
     FingeringSolution _result;
 };
 
 void FingeringSolver::Search::addLayer(std::size_t event)
 {
-    static const std::vector<Grip> nothing;
-    Layer layer;
-    layer.event = event;
-    layer.grips = _finder.find(event, _layers.empty() ? nothing : _layers.back().grips);
-    _layers.push_back(std::move(layer));
-}
-
-/// The effort of a grip that nothing leads to.
-double FingeringSolver::Search::costOfStart(const Grip &grip) const
-{
-    double cost = static_cast<double>(grip.cost);
-    addPresses(grip, grip.stopCount, [&](double FingeringWeights::*weight, float amount) {
-        cost += _weights.*weight * static_cast<double>(amount);
-    });
-    return cost;
-}
-
-/// Adds a layer's grips to the graph, with the ways to them.
-void FingeringSolver::Search::connect(const Layer &from, const Layer &to)
-{
-    const double onset = _passage.events[from.event].onset;
-    const double next = _passage.events[to.event].onset;
-    for (std::size_t i = 0; i < from.grips.size(); ++i) {
-        _change.leave(from.grips[i], onset, next);
-        for (std::size_t k = 0; k < to.grips.size(); ++k) {
-            const auto cost = _change.cost(to.grips[k]);
-            if (cost.has_value())
-                _graph.addArc(from.firstNode + static_cast<int>(i),
-                              to.firstNode + static_cast<int>(k),
-                              *cost + static_cast<double>(to.grips[k].cost));
-        }
-    }
+    _layers.push_back(_layers.empty() ? _maker.firstLayer(event)
+                                      : _maker.layerAfter(_layers.back(), event));
 }
 
 /// Finds the easiest ways through the layers from `firstNew` on, from those of the layer in front.
@@ -111,29 +66,28 @@ void FingeringSolver::Search::searchFrom(std::size_t firstNew)
 {
     _graph.clear();
     for (std::size_t at = firstNew == 0 ? 0 : firstNew - 1; at < _layers.size(); ++at) {
-        Layer &layer = _layers[at];
-        layer.firstNode = -1;
+        GripLayer &layer = _layers[at];
+        const bool isStart = at == 0 || at < firstNew;
         for (std::size_t i = 0; i < layer.grips.size(); ++i) {
             const int node = _graph.addNode();
-            layer.firstNode = layer.firstNode < 0 ? node : layer.firstNode;
-            if (at >= firstNew && at > 0)
-                continue;
-            const double cost = at < firstNew ? layer.costs[i] : costOfStart(layer.grips[i]);
-            if (cost < infinity)
-                _graph.addStart(node, cost);
+            layer.firstNode = i == 0 ? node : layer.firstNode;
+            if (isStart)
+                _graph.addStart(node, layer.costs[i]);
         }
-        if (at >= firstNew && at > 0)
-            connect(_layers[at - 1], layer);
+        if (isStart)
+            continue;
+        for (const GripLayer::Arc &arc : layer.arcs)
+            _graph.addArc(_layers[at - 1].firstNode + arc.from, layer.firstNode + arc.to, arc.cost);
     }
     _graph.searchFromStarts();
     for (std::size_t at = firstNew; at < _layers.size(); ++at) {
-        Layer &layer = _layers[at];
+        GripLayer &layer = _layers[at];
         for (std::size_t i = 0; i < layer.grips.size(); ++i) {
             const int node = layer.firstNode + static_cast<int>(i);
-            layer.costs.push_back(_graph.costFromStart(node));
-            const int before =
-                at > 0 && layer.costs.back() < infinity ? _graph.nodeBefore(node) : -1;
-            layer.before.push_back(before < 0 ? -1 : before - _layers[at - 1].firstNode);
+            layer.costs[i] = _graph.costFromStart(node);
+            const int before = at > 0 ? _graph.nodeBefore(node) : FingeringGraph::None;
+            layer.before.push_back(
+                before == FingeringGraph::None ? -1 : before - _layers[at - 1].firstNode);
         }
     }
 }
@@ -143,6 +97,7 @@ FingeringSolution FingeringSolver::Search::solve()
     _result = {};
     _result.notes.resize(_passage.notes.size());
     _layers.clear();
+    _maker.keep(KeptWays::Easiest);
     const std::size_t count = _passage.events.size();
     for (std::size_t event = 0; event < count;) {
         const std::size_t firstNew = _layers.size();
@@ -160,7 +115,7 @@ FingeringSolution FingeringSolver::Search::solve()
 /// the last one by the easiest way of all.
 void FingeringSolver::Search::decide(bool isLast)
 {
-    Layer &last = _layers.back();
+    GripLayer &last = _layers.back();
     const auto easiest = std::min_element(last.costs.begin(), last.costs.end());
     const auto best = static_cast<int>(easiest - last.costs.begin());
     ZARN_ASSERT_IN("zarn::fingering::FingeringSolver::decide", *easiest < infinity);
@@ -187,7 +142,7 @@ void FingeringSolver::Search::decide(bool isLast)
     if (_layers.size() > mostUndecided) {
         const int before = _layers.back().before[static_cast<std::size_t>(best)];
         commit(_layers.size() - 1, before);
-        Layer &rest = _layers.back();
+        GripLayer &rest = _layers.back();
         rest.grips = {rest.grips[static_cast<std::size_t>(best)]};
         rest.costs = {rest.costs[static_cast<std::size_t>(best)]};
     }
@@ -244,7 +199,7 @@ void FingeringSolver::Search::reportLost()
     for (std::size_t i = 0; i < _result.notes.size(); ++i) {
         if (_result.notes[i].string != Placement::None)
             continue;
-        const bool isThere = _finder.isOnInstrument(_passage.notes[i]);
+        const bool isThere = _maker.finder().isOnInstrument(_passage.notes[i]);
         _result.problems.push_back({isThere ? Kind::NoStringLeft : Kind::NotOnInstrument, i});
     }
     std::stable_sort(_result.problems.begin(), _result.problems.end(),
@@ -274,14 +229,17 @@ std::vector<FingeringAlternative> FingeringSolver::Search::alternatives(std::siz
     _layers.clear();
     const std::size_t first = event - std::min(event, surroundings);
     const std::size_t end = std::min(_passage.events.size(), event + surroundings + 1);
-    for (std::size_t at = first; at < end; ++at)
+    for (std::size_t at = first; at < end; ++at) {
+        _maker.keep(KeptWays::All,
+                    at == event ? GripFinder::MostOrigins : GripLayerMaker::MostGrips);
         addLayer(at);
+    }
     searchFrom(0);
     for (std::size_t i = 0; i < _layers.back().grips.size(); ++i)
         _graph.addEnd(_layers.back().firstNode + static_cast<int>(i));
     _graph.searchToEnds();
 
-    const Layer &layer = _layers[event - first];
+    const GripLayer &layer = _layers[event - first];
     std::vector<std::pair<double, std::size_t>> order;
     for (std::size_t i = 0; i < layer.grips.size(); ++i) {
         const double cost =
