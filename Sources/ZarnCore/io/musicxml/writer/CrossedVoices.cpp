@@ -133,8 +133,8 @@ const Voice *CrossedVoices::voice(const StaffVoice &place, unsigned bar) const
     return voice && !voice->isEmpty() ? voice.get() : nullptr;
 }
 
-/// Whether the voices are one in all bars, and more than two that take turns: the first voice of a
-/// staff has to lead over to the other by a beam.
+/// Whether the voices are one in all bars, and more than two that take turns: a beam leads from one
+/// to the other.
 bool CrossedVoices::isCrossing(const StaffVoice &host, const StaffVoice &guest) const
 {
     bool isOne = false;
@@ -144,7 +144,7 @@ bool CrossedVoices::isCrossing(const StaffVoice &host, const StaffVoice &guest) 
         const auto beats = join(host, guest, bar);
         if (!beats)
             return false;
-        isOne = isOne || (voice(host, bar) && (guest.slot > 0 || areBeamed(*beats, bar)));
+        isOne = isOne || areBeamed(*beats, bar);
     }
     return isOne;
 }
