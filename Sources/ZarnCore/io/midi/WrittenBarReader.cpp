@@ -29,9 +29,17 @@ struct Attack {
         return key == other.key && std::abs(start - other.start) <= nearTime
             && std::abs(end - other.end) <= nearTime;
     }
+    MidiTime farFrom(const Attack &other) const
+    {
+        return std::abs(start - other.start) + std::abs(end - other.end);
+    }
     bool isBefore(const Attack &other) const
     {
         return std::tie(key, start) < std::tie(other.key, other.start);
+    }
+    bool isLongBefore(const Attack &other) const
+    {
+        return key < other.key || (key == other.key && start + nearTime < other.start);
     }
 };
 
@@ -139,25 +147,34 @@ Attacks Matching::heard() const
     return all;
 }
 
+/// Finds for each note that is told the one that is played so, whichever of several comes nearest.
 void Matching::compare()
 {
-    const Attacks told = expected();
+    constexpr std::size_t mostLookedAt = 64;
     const Attacks all = heard();
-    auto next = told.begin();
-    auto note = all.begin();
-    while (next != told.end() || note != all.end()) {
-        if (next != told.end() && note != all.end() && next->isSame(*note)) {
-            _heardAs[next->group][next->index] = &_notes[note->group][note->index];
-            ++next;
-            ++note;
-        } else if (note == all.end() || (next != told.end() && next->isBefore(*note))) {
-            _isWrong[next->group] = true;
-            ++next;
-        } else {
-            missBarAt(note->start);
-            ++note;
+    std::vector<bool> isTold(all.size());
+    std::size_t first = 0;
+    for (const Attack &told : expected()) {
+        Attack earliest = told;
+        earliest.start -= nearTime;
+        while (first < all.size() && (isTold[first] || all[first].isBefore(earliest)))
+            ++first;
+        std::size_t best = all.size();
+        const std::size_t last = std::min(all.size(), first + mostLookedAt);
+        for (std::size_t i = first; i < last && !told.isLongBefore(all[i]); ++i)
+            if (!isTold[i] && told.isSame(all[i])
+                && (best == all.size() || told.farFrom(all[i]) < told.farFrom(all[best])))
+                best = i;
+        if (best == all.size()) {
+            _isWrong[told.group] = true;
+            continue;
         }
+        isTold[best] = true;
+        _heardAs[told.group][told.index] = &_notes[all[best].group][all[best].index];
     }
+    for (std::size_t i = 0; i < all.size(); ++i)
+        if (!isTold[i])
+            missBarAt(all[i].start);
 }
 
 /// A note that no bar tells makes the one wrong that it stands in.
