@@ -142,6 +142,30 @@ TEST_F(DrawTest, severalPagesAreSeveralFiles)
     EXPECT_TRUE(document.load_string(one.out.c_str())) << "something else was written too";
 }
 
+/// The metadata lie beside the font; a file that is no font is refused with its name.
+TEST_F(DrawTest, signsComeFromTheFontThatIsNamed)
+{
+    const QString fonts = QStringLiteral(ZARN_SOURCE_DIR "/Resources/fonts/");
+    const auto draws = [&](const char *out, const QString &font) {
+        return draw(romance(), path(out), {QStringLiteral("--font=") + font});
+    };
+    ASSERT_EQ(draw(romance(), path("plain.svg")).code, 0);
+    const ToolRun same = draws("same.svg", fonts + QStringLiteral("bravura/bravura.otf"));
+    ASSERT_EQ(same.code, 0) << same.err;
+    EXPECT_EQ(same.err.find("music font"), std::string::npos) << same.err;
+    EXPECT_EQ(contentOf(path("same.svg")), contentOf(path("plain.svg")));
+
+    const ToolRun words = draws("words.svg", fonts + QStringLiteral("edwin/edwin-roman.otf"));
+    EXPECT_EQ(words.code, 0) << words.err;
+    EXPECT_NE(words.err.find("no metadata"), std::string::npos) << words.err;
+    EXPECT_NE(words.err.find("no glyph \"gClef8vb\""), std::string::npos) << words.err;
+
+    const ToolRun refused = draws("refused.svg", romance());
+    EXPECT_EQ(refused.code, 1);
+    EXPECT_NE(refused.err.find("no font"), std::string::npos) << refused.err;
+    EXPECT_FALSE(QFileInfo::exists(path("refused.svg")));
+}
+
 TEST_F(DrawTest, whatCannotBeDrawnLeavesOldFilesWhole)
 {
     writeFile(path("old.svg"), "old");
