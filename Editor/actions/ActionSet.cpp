@@ -33,6 +33,8 @@ QList<QKeySequence> shortcutsOf(const Action &action)
 
 void setShortcutsOf(const Action &action, const QList<QKeySequence> &keys)
 {
+    if (keys == shortcutsOf(action))
+        return; // each change is a file that is written
     QSettings settings;
     if (keys == action.keys)
         settings.remove(settingOf(action));

@@ -174,7 +174,7 @@ std::vector<ActionGroup> barActions()
         fermata("bar.fermataShort", Text::tr("&Short fermata"), "", Fermata::Short),
         fermata("bar.fermataLong", Text::tr("&Long fermata"), "", Fermata::Long),
         fermata("bar.noFermata", Text::tr("&No fermata"), "", Fermata::None),
-        askedStep("bar.fermataAt", Text::tr("Another ferma&ta"), "", askFermata),
+        askedStep("bar.fermataAt", Text::tr("Ferma&ta anywhere"), "", askFermata),
     };
     std::vector<Action> voices;
     for (const bool isSwap : {false, true})

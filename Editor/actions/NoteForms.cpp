@@ -95,8 +95,8 @@ Change askBend(const ActionContext &context)
                 std::clamp(height > 0 ? height : wholeTone, 1, amounts.size()) - 1)
         .text("curve", Text::tr("&Curve"),
               isBent ? QString::fromStdString(present.curve.toString()) : QString(),
-              Text::tr("Times from 0 to 60 and quarter-tones, such as 0:0 30:4 60:4; as it is, or "
-                       "empty, for the usual one."));
+              Text::tr("Times from 0 to 60 with quarter-tones, such as 0:0 30:4 60:4; empty or "
+                       "unchanged for the usual curve."));
     const auto given = ask(context, form);
     if (!given)
         return nullptr;
@@ -124,7 +124,7 @@ Change askWhammyBar(const ActionContext &context)
     Form form(Text::tr("Whammy bar"));
     form.choice("kind", Text::tr("&Kind"), dives(),
                 static_cast<int>(isUsed ? present.type : WhammyBarType::Dive))
-        .number("depth", Text::tr("&To so many quarter-tones"), depth != 0 ? depth : usual,
+        .number("depth", Text::tr("&Depth in quarter-tones"), depth != 0 ? depth : usual,
                 WhammyBar::Lowest, WhammyBar::Highest, Text::tr("-4 is a whole tone down."));
     const auto given = ask(context, form);
     if (!given)

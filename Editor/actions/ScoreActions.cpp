@@ -35,7 +35,7 @@ Action opensAs(const char *id, const QString &text, ViewLayout view)
 Action multiRest()
 {
     Action action =
-        scoreStep("score.multiRest", Text::tr("&Join empty bars"), "",
+        scoreStep("score.multiRest", Text::tr("&Multi-bar rests"), "",
                   [](const ActionContext &context, Score &score) {
                       return score.setMultiRest(
                           fullScore, !context.document.model().views()[fullScore].multiRest);

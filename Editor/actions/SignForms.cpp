@@ -36,9 +36,9 @@ enum class Until { NextChange, SelectedBars, End };
 void addUntil(Form &form, const ActionContext &context)
 {
     const bool hasSelection = !context.document.selection().isEmpty();
-    form.choice("until", Text::tr("H&olds"),
+    form.choice("until", Text::tr("&Applies"),
                 {Text::tr("until the next change"),
-                 hasSelection ? Text::tr("in the selected bars") : Text::tr("in this bar alone"),
+                 hasSelection ? Text::tr("in the selected bars") : Text::tr("in this bar only"),
                  Text::tr("to the end of the piece")},
                 static_cast<int>(hasSelection ? Until::SelectedBars : Until::NextChange));
 }
@@ -116,15 +116,14 @@ Change askTime(const ActionContext &context)
     const auto unit = std::find(std::begin(units), std::end(units), present.getDenominator());
     QStringList names;
     for (const unsigned each : units)
-        names << QString::number(each);
+        names << QStringLiteral("1/%1").arg(each);
     Form form(Text::tr("Meter"));
     form.number("beats", Text::tr("&Beats of a bar"), static_cast<int>(present.getNumerator()), 1,
                 mostBeats)
-        .choice("unit", Text::tr("&Each is one part of a whole note out of"), names,
-                static_cast<int>(unit - std::begin(units)))
+        .choice("unit", Text::tr("Beat &unit"), names, static_cast<int>(unit - std::begin(units)))
         .text("beams", Text::tr("Be&ams"), QString::fromStdString(bar->beamGroups().toString()),
-              Text::tr("How many beats each beam joins, such as 2+2+3; empty for the usual way."))
-        .turn("free", Text::tr("&Free time, which is not counted"), bar->isFreeTime());
+              Text::tr("Beats joined by each beam, such as 2+2+3; empty for the usual grouping."))
+        .turn("free", Text::tr("&Free time"), bar->isFreeTime());
     addUntil(form, context);
     const auto given = ask(context, form);
     if (!given)
@@ -185,7 +184,7 @@ Change askSection(const ActionContext &context)
     form.text("letter", Text::tr("Rehearsal &letter"),
               QString::fromStdString(bar->section().letter))
         .text("title", Text::tr("&Title"), QString::fromStdString(bar->section().text),
-              Text::tr("Such as Verse or Solo. Without letter and title the section goes."));
+              Text::tr("Such as Verse or Solo. Leave both empty to remove the section."));
     const auto given = ask(context, form);
     if (!given)
         return nullptr;
@@ -203,8 +202,7 @@ Change askRepeat(const ActionContext &context)
     constexpr int most = 255;
     const auto bars = barsOf(context);
     Form form(Text::tr("Repeat"));
-    form.number("times", Text::tr("&Played so often"), 2, 1, most,
-                Text::tr("Once means without a repeat."));
+    form.number("times", Text::tr("&Times played"), 2, 1, most, Text::tr("1 means no repeat."));
     const auto given = ask(context, form);
     if (!given)
         return nullptr;
@@ -232,17 +230,18 @@ Change askTempo(const ActionContext &context)
                 {Text::tr("Eighth"), Text::tr("Quarter"), Text::tr("Dotted quarter"),
                  Text::tr("Half"), Text::tr("Dotted half")},
                 (present != nullptr ? present->unit() : quarter) - 1)
-        .decimal("tempo", Text::tr("&So many a minute"),
+        .decimal("tempo", Text::tr("&Beats per minute"),
                  present != nullptr ? static_cast<double>(present->value()) : 120, slowest, fastest)
         .text("words", Text::tr("&Words"),
               isHere ? QString::fromStdString(present->text()) : QString(),
               Text::tr("Such as Allegro; shown above the staff."))
         .choice("from", Text::tr("&From"),
-                {Text::tr("the begin of the bar"), Text::tr("the beat of the cursor")},
+                {Text::tr("the beginning of the bar"), Text::tr("the beat of the cursor")},
                 isAtBeat ? 1 : 0)
-        .turn("slides", Text::tr("S&lides on to the next tempo"), isHere && present->isLinear())
+        .turn("slides", Text::tr("Changes gradua&lly to the next tempo"),
+              isHere && present->isLinear())
         .turn("shown", Text::tr("S&hown in the score"), !isHere || present->isVisible())
-        .turn("removed", Text::tr("&Remove the tempo that is here"), false);
+        .turn("removed", Text::tr("&Remove this tempo"), false);
     const auto given = ask(context, form);
     if (!given)
         return nullptr;
@@ -283,9 +282,9 @@ Change askFermata(const ActionContext &context)
     Form form(Text::tr("Fermata"));
     form.choice("kind", Text::tr("&Kind"), {Text::tr("Short"), Text::tr("Usual"), Text::tr("Long")},
                 static_cast<int>(present.kind))
-        .text("position", Text::tr("&Quarters from the begin of the bar"),
+        .text("position", Text::tr("&Position in the bar, in quarters"),
               present.position.toQString(), Text::tr("Such as 3 or 3/2."))
-        .number("stretch", Text::tr("&Lasts longer by so many percent"), present.stretch, 0,
+        .number("stretch", Text::tr("&Longer by, in percent"), present.stretch, 0,
                 FermataMark::MostStretch);
     const auto given = ask(context, form);
     if (!given)

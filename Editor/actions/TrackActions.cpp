@@ -150,7 +150,7 @@ std::vector<ActionGroup> trackActions()
     };
     const std::vector<Action> lyrics = {
         askedStep("track.lyrics", Text::tr("&Lyrics"), "Ctrl+L", askLyrics),
-        askedStep("track.lyricsStart", Text::tr("Be&gin of the lyrics"), "", askLyricsStart),
+        askedStep("track.lyricsStart", Text::tr("Where the lyrics be&gin"), "", askLyricsStart),
     };
     return {{titles(Menu::Track), tracks},
             {titles(Menu::Track), notations},

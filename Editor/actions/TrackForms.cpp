@@ -111,9 +111,9 @@ std::optional<QString> askSystems(const ActionContext &context, const QString &t
                                   const std::vector<int> &present)
 {
     Form form(title);
-    form.text("systems", Text::tr("&Bars in each system"), listText(present),
-              Text::tr("From the first system on, such as 3 4 4; the systems behind hold what "
-                       "finds room."));
+    form.text(
+        "systems", Text::tr("&Bars in each system"), listText(present),
+        Text::tr("From the first system on, such as 3 4 4; later systems hold as many as fit."));
     const auto given = ask(context, form);
     return given ? std::optional<QString>(given->value(QStringLiteral("systems")).toString())
                  : std::nullopt;
@@ -146,7 +146,7 @@ Change askTrackSettings(const ActionContext &context)
         .text("colour", Text::tr("&Colour"), oldColour, Text::tr("Such as #3070c0."))
         .choice("style", Text::tr("&Played with"), styles(), static_cast<int>(old.playingStyle))
         .turn("letRing", Text::tr("All notes &ring on"), old.letRingThroughout)
-        .turn("accents", Text::tr("The meter's &beats are accented"), old.autoAccentuation)
+        .turn("accents", Text::tr("&Beats are accented by the meter"), old.autoAccentuation)
         .turn("brush", Text::tr("Chords are str&ummed"), old.autoBrush)
         .turn("ownMidi", Text::tr("A &MIDI connection of its own"), old.midiConnection.has_value())
         .number("port", Text::tr("MIDI p&ort"), wire.port + 1, 1, ports)
@@ -222,12 +222,12 @@ Change askLyrics(const ActionContext &context)
     Form form(Text::tr("Lyrics"));
     for (unsigned line = 0; line < Syllable::LineCount; ++line) {
         const bool isLast = line + 1 == Syllable::LineCount;
-        form.longText(textId(line).toLatin1().constData(), Text::tr("Line &%1").arg(line + 1),
-                      lyricsOf(*shown, line),
-                      isLast ? Text::tr("A - parts syllables, a _ holds one over another note, a ~ "
-                                        "joins two words on a note. A new line begins at the bar "
-                                        "of the cursor.")
-                             : QString());
+        form.longText(
+            textId(line).toLatin1().constData(), Text::tr("Line &%1").arg(line + 1),
+            lyricsOf(*shown, line),
+            isLast ? Text::tr("A - parts syllables, a _ holds one over another note, a ~ joins two "
+                              "words on a note. A new line begins at the bar of the cursor.")
+                   : QString());
         form.turn(shownId(line).toLatin1().constData(), Text::tr("Line %1 is shown").arg(line + 1),
                   (shown->lyricsVisible() >> line & 1) != 0);
     }
@@ -351,8 +351,8 @@ Change askPageTexts(const ActionContext &context)
         form.text(headerAndFooterToQString(part).toLatin1().constData(),
                   rows[i / columnCount].arg(columns[i % columnCount]),
                   QString::fromStdString(model.headerAndFooter(part)),
-                  isLast ? Text::tr("%Title%, %Artist%, %Page%, %Pages% and the like stand for "
-                                    "what they name.")
+                  isLast ? Text::tr(
+                      "%Title%, %Artist%, %Page%, %Pages% and the like stand for what they name.")
                          : QString());
     }
     const auto given = ask(context, form);
@@ -385,7 +385,7 @@ Change askRecording(const ActionContext &context)
     const QFileInfo file(path);
     Form form(Text::tr("Recording"));
     form.text("name", Text::tr("&Name"), file.completeBaseName())
-        .decimal("start", Text::tr("&Begins after so many seconds"), 0, -mostSeconds, mostSeconds)
+        .decimal("start", Text::tr("&Starts after, in seconds"), 0, -mostSeconds, mostSeconds)
         .decimal("volume", Text::tr("&Volume, 1 as it is"), 1, 0, loudest);
     const auto given = ask(context, form);
     if (!given)

@@ -194,7 +194,7 @@ std::unique_ptr<Automation> AutomationsPanel::ask(const Line &line, const Automa
                 present != nullptr ? static_cast<int>(present->index()) + 1
                                    : std::max(document().cursor().barIndex(), 0) + 1,
                 1, bars)
-        .decimal("position", tr("After so many &quarters"),
+        .decimal("position", tr("&Position in the bar, in quarters"),
                  present != nullptr ? static_cast<double>(present->position()) : 0, 0,
                  mostQuarters);
     QStringList sounds;
@@ -206,7 +206,7 @@ std::unique_ptr<Automation> AutomationsPanel::ask(const Line &line, const Automa
         form.decimal("value", tr("&Value"),
                      present != nullptr ? static_cast<double>(present->value()) : 0.5,
                      isPan ? -1 : 0, line.type == Automation::Tempo ? fastest : 1)
-            .turn("slides", tr("S&lides on to the next one"),
+            .turn("slides", tr("Changes gradua&lly to the next one"),
                   present != nullptr && present->isLinear());
     }
     const auto given = context().window.editor().questions().askForm(&context().window, form);
@@ -247,7 +247,7 @@ void AutomationsPanel::add()
     names << tr("A knob of the track's effects") << tr("A knob of the whole mix");
     Form form(tr("Add automation"));
     form.choice("kind", tr("&What changes"), names, 0)
-        .number("knob", tr("&Knob, if it is one"), 1, 1, mostKnobs);
+        .number("knob", tr("Nu&mber of the knob"), 1, 1, mostKnobs);
     const auto given = context().window.editor().questions().askForm(&context().window, form);
     if (!given)
         return;
@@ -277,7 +277,7 @@ void AutomationsPanel::remove()
     const Automation *const present = currentAutomation();
     if (present != nullptr
         && !exchange(tr("Remove automation"), lineOf(*_tree->currentItem()), present, nullptr))
-        Q_EMIT document().refused(tr("This one stays."));
+        Q_EMIT document().refused(tr("This one cannot be removed."));
 }
 
 bool AutomationsPanel::exchange(const QString &title, const Line &line, const Automation *removed,

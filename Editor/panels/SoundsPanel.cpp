@@ -11,7 +11,7 @@
 #include <ZarnCore/instruments/sounds/ZarnSound.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
-#include <QHBoxLayout>
+#include <QGridLayout>
 #include <QHeaderView>
 #include <QScopedValueRollback>
 #include <QToolButton>
@@ -52,15 +52,18 @@ SoundsPanel::SoundsPanel(const ActionContext &context) : Panel(context), _tree(n
     all->addWidget(_tree);
     _tree->setHeaderHidden(true);
     _tree->setAccessibleName(tr("Sounds and effects"));
-    auto *const buttons = new QHBoxLayout;
+    constexpr int columns = 4; // a narrow panel leaves the pages their room
+    auto *const buttons = new QGridLayout;
     const auto addButton = [&](const char *name, const QString &text, const QString &tip,
                                auto slot) {
         auto *const button = new QToolButton;
         button->setObjectName(QLatin1String(name));
         button->setText(text);
         button->setToolTip(tip);
+        button->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Fixed);
         connect(button, &QToolButton::clicked, this, slot);
-        buttons->addWidget(button);
+        const int place = buttons->count();
+        buttons->addWidget(button, place / columns, place % columns);
     };
     addButton("addSound", tr("Sound..."), tr("Adds a sound to the track"), [this] { addSound(); });
     addButton("addEffect", tr("Effect..."), tr("Adds an effect"), [this] { addEffect(); });
@@ -69,10 +72,8 @@ SoundsPanel::SoundsPanel(const ActionContext &context) : Panel(context), _tree(n
     addButton("up", tr("Up"), tr("Moves it up"), [this] { move(-1); });
     addButton("down", tr("Down"), tr("Moves it down"), [this] { move(1); });
     addButton("remove", tr("Remove"), tr("Removes the sound or the effect"), [this] { remove(); });
-    addButton("copy", tr("Copy..."), tr("Takes over the effects of another sound"),
-              [this] { copy(); });
+    addButton("copy", tr("Copy..."), tr("Copies the effects of another sound"), [this] { copy(); });
     addButton("clear", tr("Clear"), tr("Removes all effects"), [this] { clear(); });
-    buttons->addStretch();
     all->addLayout(buttons);
     connect(_tree, &QTreeWidget::itemChanged, this, &SoundsPanel::change);
     connect(_tree, &QTreeWidget::itemDoubleClicked, this, [this] { edit(); });
@@ -157,7 +158,7 @@ void SoundsPanel::follow()
                                        .arg(QString::fromStdString(sound.name()))
                                        .arg(sound.midiSound().program() + 1));
         item->setCheckState(0, track->forcedSoundIndex() == i ? Qt::Checked : Qt::Unchecked);
-        item->setToolTip(0, tr("Ticked, the whole track is played with it."));
+        item->setToolTip(0, tr("When ticked, the whole track is played with it."));
         addEffects(item, line);
     }
     addEffects(addLine(nullptr, Line(), tr("The whole mix")), Line());
@@ -199,8 +200,8 @@ void SoundsPanel::addEffect()
     Form form(tr("Add an effect"));
     form.choice("kind", tr("&Effect"), {tr("Reverb"), tr("Another one")}, 0)
         .text("name", tr("&Name of another one"), QString(),
-              tr("Effects of other programs are kept, and not heard."))
-        .number("knobs", tr("Its &knobs"), 1, 0, mostKnobs);
+              tr("Effects of other programs are kept but not heard."))
+        .number("knobs", tr("&Number of knobs"), 1, 0, mostKnobs);
     const auto given = context().window.editor().questions().askForm(&context().window, form);
     if (!given)
         return;
@@ -296,7 +297,7 @@ void SoundsPanel::remove()
                 return score.removeTrackSound(static_cast<unsigned>(line.track),
                                               static_cast<unsigned>(line.sound));
             }))
-            Q_EMIT document().refused(tr("This sound stays."));
+            Q_EMIT document().refused(tr("This sound cannot be removed."));
         return;
     }
     if (!line.isEffect())

@@ -962,8 +962,8 @@
         <translation>Te&amp;mpo</translation>
     </message>
     <message>
-        <source>Another ferma&amp;ta</source>
-        <translation>Andere Ferma&amp;te</translation>
+        <source>Ferma&amp;ta anywhere</source>
+        <translation>Ferma&amp;te an anderer Stelle</translation>
     </message>
 </context>
 <context>
@@ -1734,16 +1734,8 @@
         <translation>&amp;Verlauf</translation>
     </message>
     <message>
-        <source>Times from 0 to 60 and quarter-tones, such as 0:0 30:4 60:4; as it is, or empty, for the usual one.</source>
-        <translation>Zeiten von 0 bis 60 und Vierteltöne, etwa 0:0 30:4 60:4; unverändert oder leer für den üblichen.</translation>
-    </message>
-    <message>
         <source>Whammy bar</source>
         <translation>Tremolohebel</translation>
-    </message>
-    <message>
-        <source>&amp;To so many quarter-tones</source>
-        <translation>&amp;Bis zu so vielen Vierteltönen</translation>
     </message>
     <message>
         <source>-4 is a whole tone down.</source>
@@ -1788,6 +1780,14 @@
     <message>
         <source>sixty-fourths</source>
         <translation>Vierundsechzigsteln</translation>
+    </message>
+    <message>
+        <source>Times from 0 to 60 with quarter-tones, such as 0:0 30:4 60:4; empty or unchanged for the usual curve.</source>
+        <translation>Zeiten von 0 bis 60 mit Vierteltönen, etwa 0:0 30:4 60:4; leer oder unverändert für den üblichen Verlauf.</translation>
+    </message>
+    <message>
+        <source>&amp;Depth in quarter-tones</source>
+        <translation>&amp;Tiefe in Vierteltönen</translation>
     </message>
 </context>
 <context>
@@ -1889,10 +1889,6 @@
 <context>
     <name>ScoreActions</name>
     <message>
-        <source>&amp;Join empty bars</source>
-        <translation>Leere Takte &amp;zusammenfassen</translation>
-    </message>
-    <message>
         <source>&amp;About the score</source>
         <translation>Ü&amp;ber die Partitur</translation>
     </message>
@@ -1956,6 +1952,10 @@
         <source>Opens &amp;as</source>
         <translation>Öffnet sich a&amp;ls</translation>
     </message>
+    <message>
+        <source>&amp;Multi-bar rests</source>
+        <translation>&amp;Mehrtaktpausen</translation>
+    </message>
 </context>
 <context>
     <name>ScoreStep</name>
@@ -1967,20 +1967,12 @@
 <context>
     <name>SignForms</name>
     <message>
-        <source>H&amp;olds</source>
-        <translation>&amp;Gilt</translation>
-    </message>
-    <message>
         <source>until the next change</source>
         <translation>bis zum nächsten Wechsel</translation>
     </message>
     <message>
         <source>in the selected bars</source>
         <translation>in den ausgewählten Takten</translation>
-    </message>
-    <message>
-        <source>in this bar alone</source>
-        <translation>nur in diesem Takt</translation>
     </message>
     <message>
         <source>to the end of the piece</source>
@@ -2003,20 +1995,8 @@
         <translation>&amp;Schläge eines Takts</translation>
     </message>
     <message>
-        <source>&amp;Each is one part of a whole note out of</source>
-        <translation>&amp;Jeder ist einer so vielen Teile einer Ganzen</translation>
-    </message>
-    <message>
         <source>Be&amp;ams</source>
         <translation>&amp;Balken</translation>
-    </message>
-    <message>
-        <source>How many beats each beam joins, such as 2+2+3; empty for the usual way.</source>
-        <translation>Wie viele Schläge jeder Balken verbindet, etwa 2+2+3; leer für die übliche Weise.</translation>
-    </message>
-    <message>
-        <source>&amp;Free time, which is not counted</source>
-        <translation>&amp;Freies Metrum, das nicht gezählt wird</translation>
     </message>
     <message>
         <source>Key</source>
@@ -2039,20 +2019,8 @@
         <translation>&amp;Titel</translation>
     </message>
     <message>
-        <source>Such as Verse or Solo. Without letter and title the section goes.</source>
-        <translation>Etwa Strophe oder Solo. Ohne Buchstabe und Titel verschwindet der Abschnitt.</translation>
-    </message>
-    <message>
         <source>Repeat</source>
         <translation>Wiederholung</translation>
-    </message>
-    <message>
-        <source>&amp;Played so often</source>
-        <translation>So oft &amp;gespielt</translation>
-    </message>
-    <message>
-        <source>Once means without a repeat.</source>
-        <translation>Einmal heißt ohne Wiederholung.</translation>
     </message>
     <message>
         <source>Tempo</source>
@@ -2083,10 +2051,6 @@
         <translation>Punktierte Halbe</translation>
     </message>
     <message>
-        <source>&amp;So many a minute</source>
-        <translation>So &amp;viele in der Minute</translation>
-    </message>
-    <message>
         <source>&amp;Words</source>
         <translation>&amp;Worte</translation>
     </message>
@@ -2099,24 +2063,12 @@
         <translation>&amp;Von</translation>
     </message>
     <message>
-        <source>the begin of the bar</source>
-        <translation>dem Beginn des Takts</translation>
-    </message>
-    <message>
         <source>the beat of the cursor</source>
         <translation>der Zählzeit des Cursors</translation>
     </message>
     <message>
-        <source>S&amp;lides on to the next tempo</source>
-        <translation>&amp;Gleitet zum nächsten Tempo</translation>
-    </message>
-    <message>
         <source>S&amp;hown in the score</source>
         <translation>In der Partitur &amp;gezeigt</translation>
-    </message>
-    <message>
-        <source>&amp;Remove the tempo that is here</source>
-        <translation>Das Tempo, das hier steht, &amp;entfernen</translation>
     </message>
     <message>
         <source>Fermata</source>
@@ -2139,16 +2091,64 @@
         <translation>Lang</translation>
     </message>
     <message>
-        <source>&amp;Quarters from the begin of the bar</source>
-        <translation>&amp;Viertel vom Beginn des Takts</translation>
-    </message>
-    <message>
         <source>Such as 3 or 3/2.</source>
         <translation>Etwa 3 oder 3/2.</translation>
     </message>
     <message>
-        <source>&amp;Lasts longer by so many percent</source>
-        <translation>So viele Prozent &amp;länger</translation>
+        <source>&amp;Applies</source>
+        <translation>&amp;Gilt</translation>
+    </message>
+    <message>
+        <source>in this bar only</source>
+        <translation>nur in diesem Takt</translation>
+    </message>
+    <message>
+        <source>Beat &amp;unit</source>
+        <translation>Schlag&amp;wert</translation>
+    </message>
+    <message>
+        <source>Beats joined by each beam, such as 2+2+3; empty for the usual grouping.</source>
+        <translation>Schläge unter jedem Balken, etwa 2+2+3; leer für die übliche Gruppierung.</translation>
+    </message>
+    <message>
+        <source>&amp;Free time</source>
+        <translation>&amp;Freies Metrum</translation>
+    </message>
+    <message>
+        <source>Such as Verse or Solo. Leave both empty to remove the section.</source>
+        <translation>Etwa Strophe oder Solo. Bleibt beides leer, verschwindet der Abschnitt.</translation>
+    </message>
+    <message>
+        <source>&amp;Times played</source>
+        <translation>So oft &amp;gespielt</translation>
+    </message>
+    <message>
+        <source>1 means no repeat.</source>
+        <translation>1 heißt ohne Wiederholung.</translation>
+    </message>
+    <message>
+        <source>&amp;Beats per minute</source>
+        <translation>&amp;Schläge in der Minute</translation>
+    </message>
+    <message>
+        <source>the beginning of the bar</source>
+        <translation>dem Beginn des Takts</translation>
+    </message>
+    <message>
+        <source>Changes gradua&amp;lly to the next tempo</source>
+        <translation>&amp;Gleitet zum nächsten Tempo</translation>
+    </message>
+    <message>
+        <source>&amp;Remove this tempo</source>
+        <translation>Dieses Tempo &amp;entfernen</translation>
+    </message>
+    <message>
+        <source>&amp;Position in the bar, in quarters</source>
+        <translation>&amp;Stelle im Takt, in Vierteln</translation>
+    </message>
+    <message>
+        <source>&amp;Longer by, in percent</source>
+        <translation>&amp;Länger um, in Prozent</translation>
     </message>
 </context>
 <context>
@@ -2230,7 +2230,7 @@
         <translation>S&amp;ysteme der Spur</translation>
     </message>
     <message>
-        <source>Be&amp;gin of the lyrics</source>
+        <source>Where the lyrics be&amp;gin</source>
         <translation>Be&amp;ginn des Gesangstexts</translation>
     </message>
 </context>
@@ -2377,10 +2377,6 @@
         <translation>&amp;Takte in jedem System</translation>
     </message>
     <message>
-        <source>From the first system on, such as 3 4 4; the systems behind hold what finds room.</source>
-        <translation>Vom ersten System an, etwa 3 4 4; die Systeme dahinter fassen, was Platz hat.</translation>
-    </message>
-    <message>
         <source>Settings of %1</source>
         <translation>Einstellungen von %1</translation>
     </message>
@@ -2415,10 +2411,6 @@
     <message>
         <source>All notes &amp;ring on</source>
         <translation>Alle Noten &amp;klingen aus</translation>
-    </message>
-    <message>
-        <source>The meter&apos;s &amp;beats are accented</source>
-        <translation>Die &amp;Schläge der Taktart sind betont</translation>
     </message>
     <message>
         <source>Chords are str&amp;ummed</source>
@@ -2569,16 +2561,24 @@
         <translation>Aufnahme</translation>
     </message>
     <message>
-        <source>&amp;Begins after so many seconds</source>
-        <translation>&amp;Beginnt nach so vielen Sekunden</translation>
-    </message>
-    <message>
         <source>&amp;Volume, 1 as it is</source>
         <translation>&amp;Lautstärke, 1 wie sie ist</translation>
     </message>
     <message>
         <source>&amp;Remove</source>
         <translation>&amp;Entfernen</translation>
+    </message>
+    <message>
+        <source>From the first system on, such as 3 4 4; later systems hold as many as fit.</source>
+        <translation>Vom ersten System an, etwa 3 4 4; spätere Systeme fassen, was Platz hat.</translation>
+    </message>
+    <message>
+        <source>&amp;Beats are accented by the meter</source>
+        <translation>Die &amp;Schläge der Taktart sind betont</translation>
+    </message>
+    <message>
+        <source>&amp;Starts after, in seconds</source>
+        <translation>&amp;Beginnt nach, in Sekunden</translation>
     </message>
 </context>
 <context>
@@ -2719,20 +2719,12 @@
         <translation>&amp;Takt</translation>
     </message>
     <message>
-        <source>After so many &amp;quarters</source>
-        <translation>Nach so vielen &amp;Vierteln</translation>
-    </message>
-    <message>
         <source>&amp;Sound</source>
         <translation>&amp;Klang</translation>
     </message>
     <message>
         <source>&amp;Value</source>
         <translation>&amp;Wert</translation>
-    </message>
-    <message>
-        <source>S&amp;lides on to the next one</source>
-        <translation>&amp;Gleitet zum nächsten</translation>
     </message>
     <message>
         <source>A knob of the whole mix</source>
@@ -2747,16 +2739,8 @@
         <translation>&amp;Was sich ändert</translation>
     </message>
     <message>
-        <source>&amp;Knob, if it is one</source>
-        <translation>&amp;Regler, falls es einer ist</translation>
-    </message>
-    <message>
         <source>This is not possible here.</source>
         <translation>Das ist hier nicht möglich.</translation>
-    </message>
-    <message>
-        <source>This one stays.</source>
-        <translation>Diese bleibt.</translation>
     </message>
     <message>
         <source>Automation</source>
@@ -2777,6 +2761,22 @@
     <message>
         <source>Switch automation</source>
         <translation>Automation schalten</translation>
+    </message>
+    <message>
+        <source>&amp;Position in the bar, in quarters</source>
+        <translation>&amp;Stelle im Takt, in Vierteln</translation>
+    </message>
+    <message>
+        <source>Changes gradua&amp;lly to the next one</source>
+        <translation>&amp;Gleitet zum nächsten</translation>
+    </message>
+    <message>
+        <source>Nu&amp;mber of the knob</source>
+        <translation>&amp;Nummer des Reglers</translation>
+    </message>
+    <message>
+        <source>This one cannot be removed.</source>
+        <translation>Diese lässt sich nicht entfernen.</translation>
     </message>
 </context>
 <context>
@@ -3285,10 +3285,6 @@
         <translation>Übernehmen...</translation>
     </message>
     <message>
-        <source>Takes over the effects of another sound</source>
-        <translation>Übernimmt die Effekte eines anderen Klangs</translation>
-    </message>
-    <message>
         <source>Clear</source>
         <translation>Leeren</translation>
     </message>
@@ -3299,10 +3295,6 @@
     <message>
         <source>%1 (program %2)</source>
         <translation>%1 (Programm %2)</translation>
-    </message>
-    <message>
-        <source>Ticked, the whole track is played with it.</source>
-        <translation>Angehakt wird die ganze Spur damit gespielt.</translation>
     </message>
     <message>
         <source>The whole mix</source>
@@ -3345,14 +3337,6 @@
         <translation>&amp;Name eines anderen</translation>
     </message>
     <message>
-        <source>Effects of other programs are kept, and not heard.</source>
-        <translation>Effekte anderer Programme bleiben erhalten und sind nicht zu hören.</translation>
-    </message>
-    <message>
-        <source>Its &amp;knobs</source>
-        <translation>Seine &amp;Regler</translation>
-    </message>
-    <message>
         <source>The effect needs a name and a free place.</source>
         <translation>Der Effekt braucht einen Namen und einen freien Platz.</translation>
     </message>
@@ -3393,10 +3377,6 @@
         <translation>Klang entfernen</translation>
     </message>
     <message>
-        <source>This sound stays.</source>
-        <translation>Dieser Klang bleibt.</translation>
-    </message>
-    <message>
         <source>Remove an effect</source>
         <translation>Effekt entfernen</translation>
     </message>
@@ -3427,6 +3407,26 @@
     <message>
         <source>Play with one sound</source>
         <translation>Mit einem Klang spielen</translation>
+    </message>
+    <message>
+        <source>Copies the effects of another sound</source>
+        <translation>Übernimmt die Effekte eines anderen Klangs</translation>
+    </message>
+    <message>
+        <source>When ticked, the whole track is played with it.</source>
+        <translation>Angehakt wird die ganze Spur damit gespielt.</translation>
+    </message>
+    <message>
+        <source>Effects of other programs are kept but not heard.</source>
+        <translation>Effekte anderer Programme bleiben erhalten und sind nicht zu hören.</translation>
+    </message>
+    <message>
+        <source>&amp;Number of knobs</source>
+        <translation>&amp;Zahl der Regler</translation>
+    </message>
+    <message>
+        <source>This sound cannot be removed.</source>
+        <translation>Dieser Klang lässt sich nicht entfernen.</translation>
     </message>
 </context>
 <context>
