@@ -121,7 +121,11 @@ PropertiesPanel::PropertiesPanel(const ActionContext &context)
     addRows<Beat>(tr("Beat"));
     addRows<Bar>(tr("Bar of the staff"));
     addRows<MasterBar>(tr("Bar of all staves"));
+    constexpr int valueWidth = 90; // pixels
+    _tree->setIndentation(_tree->indentation() / 2);
     _tree->resizeColumnToContents(Name);
+    _tree->header()->setSectionResizeMode(Value, QHeaderView::Stretch);
+    _tree->setMinimumWidth(_tree->columnWidth(Name) + valueWidth);
     connect(_tree, &QTreeWidget::itemChanged, this, &PropertiesPanel::change);
 }
 
