@@ -422,7 +422,7 @@ void BarArrangement::addFermatas(ContentSwap &swap) const
             });
             mark.position = time - _barStarts[place];
             FermataMarks &marks = found[place];
-            if (marks.empty() || marks.back().position < time)
+            if (marks.empty() || marks.back().position < mark.position)
                 marks.push_back(mark);
         }
         start += column;
