@@ -88,8 +88,14 @@ std::vector<PlacedBox> changesBetween(const Layout &before, const Layout &after)
 std::vector<PlacedBox> wholeSheets(const Layout &layout)
 {
     std::vector<PlacedBox> sheets;
-    for (std::size_t i = 0; i < layout.pages().size(); ++i)
-        sheets.push_back({i, boxOfSheet(layout, layout.pages()[i])});
+    for (std::size_t i = 0; i < layout.pages().size(); ++i) {
+        const LayoutPage &page = layout.pages()[i];
+        Box box = boxOfSheet(layout, page);
+        // What is too wide for its sheet is drawn beyond it.
+        for (const PlacedSystem &system : page.systems)
+            box = box.unitedWith(system.drawing->marks.box(layout.font()).movedBy(system.at));
+        sheets.push_back({i, box});
+    }
     return sheets;
 }
 
