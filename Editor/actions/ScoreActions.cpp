@@ -90,6 +90,8 @@ std::vector<ActionGroup> scoreActions()
     };
     const std::vector<Action> recordings = {
         askedStep("score.addRecording", Text::tr("Add a re&cording"), "", askRecording),
+        askedStep("score.changeRecording", Text::tr("Chan&ge a recording"), "",
+                  askRecordingToChange),
         askedStep("score.removeRecording", Text::tr("Remove a recor&ding"), "",
                   askRecordingToRemove),
     };

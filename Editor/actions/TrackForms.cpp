@@ -372,46 +372,92 @@ Change askPageTexts(const ActionContext &context)
     };
 }
 
-Change askRecording(const ActionContext &context)
+namespace {
+
+constexpr double millisecondsASecond = 1000;
+
+/// What can be said of a recording, as it is now.
+Form recordingForm(const AudioTrack &track)
 {
     constexpr double mostSeconds = 86400;
-    constexpr double loudest = 2;
-    constexpr double milliseconds = 1000;
+    constexpr double loudest = AudioTrack::MostVolume;
+    Form form(Text::tr("Recording"));
+    form.text("name", Text::tr("&Name"), QString::fromStdString(track.name()))
+        .decimal("start", Text::tr("&Starts after, in seconds"),
+                 static_cast<double>(track.startOffset()) / millisecondsASecond, -mostSeconds,
+                 mostSeconds)
+        .decimal("volume", Text::tr("&Volume, 1 as it is"), static_cast<double>(track.volume()), 0,
+                 loudest)
+        .decimal("pan", Text::tr("&Balance, from -1 (left) to 1 (right)"),
+                 static_cast<double>(track.pan()), -1, 1)
+        .turn("muted", Text::tr("&Muted"), track.isMuted());
+    return form;
+}
+
+void take(const QVariantMap &given, AudioTrack &track)
+{
+    track.setName(given.value(QStringLiteral("name")).toString().toStdString());
+    track.setStartOffset(
+        qRound64(given.value(QStringLiteral("start")).toDouble() * millisecondsASecond));
+    track.setVolume(static_cast<float>(given.value(QStringLiteral("volume")).toDouble()));
+    track.setPan(static_cast<float>(given.value(QStringLiteral("pan")).toDouble()));
+    track.setMuted(given.value(QStringLiteral("muted")).toBool());
+}
+
+/// Which recording of the score is meant; none where there is none, or none is chosen.
+std::optional<unsigned> askWhichRecording(const ActionContext &context, const QString &question)
+{
+    const auto &tracks = context.document.model().audioTracks();
+    QStringList names;
+    for (const auto &track : tracks)
+        names << QString::fromStdString(track->name());
+    Form form(Text::tr("Recording"));
+    form.choice("recording", question, names, 0);
+    const auto given = names.isEmpty() ? std::nullopt : ask(context, form);
+    if (!given)
+        return std::nullopt;
+    return static_cast<unsigned>(given->value(QStringLiteral("recording")).toInt());
+}
+
+} // namespace
+
+Change askRecording(const ActionContext &context)
+{
     const QString path = context.window.editor().questions().fileToOpen(
         &context.window,
         Text::tr("Sound files (%1)").arg(QStringLiteral("*.wav *.flac *.ogg *.oga")));
     if (path.isEmpty())
         return nullptr;
     const QFileInfo file(path);
-    Form form(Text::tr("Recording"));
-    form.text("name", Text::tr("&Name"), file.completeBaseName())
-        .decimal("start", Text::tr("&Starts after, in seconds"), 0, -mostSeconds, mostSeconds)
-        .decimal("volume", Text::tr("&Volume, 1 as it is"), 1, 0, loudest);
-    const auto given = ask(context, form);
+    auto track = std::make_shared<AudioTrack>(file.completeBaseName().toStdString());
+    track->setFilePath(file.absoluteFilePath().toStdString());
+    const auto given = ask(context, recordingForm(*track));
     if (!given)
         return nullptr;
-    auto track =
-        std::make_shared<AudioTrack>(given->value(QStringLiteral("name")).toString().toStdString());
-    track->setFilePath(file.absoluteFilePath().toStdString());
-    track->setStartOffset(
-        qRound64(given->value(QStringLiteral("start")).toDouble() * milliseconds));
-    track->setVolume(static_cast<float>(given->value(QStringLiteral("volume")).toDouble()));
+    take(*given, *track);
     const unsigned count = context.document.model().audioTrackCount();
     return [track, count](Score &score) { return score.createAudioTrack(count, track); };
 }
 
-Change askRecordingToRemove(const ActionContext &context)
+Change askRecordingToChange(const ActionContext &context)
 {
-    QStringList names;
-    for (const auto &track : context.document.model().audioTracks())
-        names << QString::fromStdString(track->name());
-    Form form(Text::tr("Recording"));
-    form.choice("recording", Text::tr("&Remove"), names, 0);
-    const auto given = names.isEmpty() ? std::nullopt : ask(context, form);
+    const auto index = askWhichRecording(context, Text::tr("&Change"));
+    if (!index)
+        return nullptr;
+    AudioTrack track = *context.document.model().audioTracks()[*index];
+    const auto given = ask(context, recordingForm(track));
     if (!given)
         return nullptr;
-    const auto index = static_cast<unsigned>(given->value(QStringLiteral("recording")).toInt());
-    return [index](Score &score) { return score.removeAudioTrack(index); };
+    take(*given, track);
+    return [index, track](Score &score) { return score.setAudioTrack(*index, track); };
+}
+
+Change askRecordingToRemove(const ActionContext &context)
+{
+    const auto index = askWhichRecording(context, Text::tr("&Remove"));
+    if (!index)
+        return nullptr;
+    return [index](Score &score) { return score.removeAudioTrack(*index); };
 }
 
 } // namespace zarn::editor

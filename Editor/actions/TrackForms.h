@@ -16,6 +16,7 @@ Change askInformation(const ActionContext &context);
 Change askPageTexts(const ActionContext &context);
 /// A sound file that plays along.
 Change askRecording(const ActionContext &context);
+Change askRecordingToChange(const ActionContext &context);
 Change askRecordingToRemove(const ActionContext &context);
 
 } // namespace zarn::editor

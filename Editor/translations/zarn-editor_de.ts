@@ -1956,6 +1956,10 @@
         <source>&amp;Multi-bar rests</source>
         <translation>&amp;Mehrtaktpausen</translation>
     </message>
+    <message>
+        <source>Chan&amp;ge a recording</source>
+        <translation>Aufnahme &amp;ändern</translation>
+    </message>
 </context>
 <context>
     <name>ScoreStep</name>
@@ -2579,6 +2583,18 @@
     <message>
         <source>&amp;Starts after, in seconds</source>
         <translation>&amp;Beginnt nach, in Sekunden</translation>
+    </message>
+    <message>
+        <source>&amp;Balance, from -1 (left) to 1 (right)</source>
+        <translation>&amp;Balance, von -1 (links) bis 1 (rechts)</translation>
+    </message>
+    <message>
+        <source>&amp;Muted</source>
+        <translation>&amp;Stumm</translation>
+    </message>
+    <message>
+        <source>&amp;Change</source>
+        <translation>Än&amp;dern</translation>
     </message>
 </context>
 <context>

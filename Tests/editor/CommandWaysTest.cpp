@@ -353,6 +353,7 @@ TEST(CommandWaysTest, everyCommandIsInAMenuOrAPanel)
     EXPECT_TRUE(setSection(QStringLiteral("Verse")));
     EXPECT_TRUE(setSection(QString()));
     EXPECT_TRUE(driver.trigger(QStringLiteral("score.addRecording")));
+    EXPECT_TRUE(driver.trigger(QStringLiteral("score.changeRecording")));
     EXPECT_TRUE(driver.trigger(QStringLiteral("score.removeRecording")));
     EXPECT_TRUE(driver.trigger(QStringLiteral("track.lyrics")));
     EXPECT_TRUE(driver.trigger(QStringLiteral("track.lyricsStart")));
