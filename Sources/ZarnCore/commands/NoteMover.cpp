@@ -4,6 +4,7 @@
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/notes/Ties.h>
 #include <ZarnCore/model/places/ZarnRangeSpanIterator.h>
+#include <ZarnCore/music/ZarnKeyTransposition.h>
 
 #include <algorithm>
 #include <memory>
@@ -58,6 +59,8 @@ bool NoteMover::run()
             _bar = span.bar;
             enterStretch(_bar, false);
             _command.enterBar(*staff.bars()[_bar]);
+            if (_mode == Mode::Change && !_command._range)
+                _shift = _command.shift();
         }
         if (!moveSpan(it.voice(), span))
             return false;
@@ -89,6 +92,8 @@ bool NoteMover::moveSpan(const Voice &voice, const BeatSpan &span)
     for (unsigned i = span.firstBeat; i <= span.lastBeat; ++i) {
         if (_mode == Mode::Change)
             _command.enterBeat(span, *voice.beats()[i]);
+        if (_shift && line.held.empty() && shiftBeat(*voice.beats()[i]))
+            continue;
         _isBeginning = isBeginning && i == span.firstBeat;
         if (!moveBeat(*voice.beats()[i], line.held))
             return false;
@@ -132,6 +137,33 @@ void NoteMover::read(const Beat &beat)
         _movers[i] = {&note, position, position, std::nullopt, false};
         _areAnyTied = _areAnyTied || note.isTied() || note.isTieOrigin();
     }
+}
+
+/// Moves the notes of a beat that all go by the shift of the bar. False, and none has moved, when
+/// one of them may go another way.
+bool NoteMover::shiftBeat(const Beat &beat)
+{
+    const int by = _shift->semitones;
+    const bool areStringsFree = !_command._fretboard;
+    for (const auto &note : beat.notes()) {
+        const int midi = note->midi();
+        const bool isKey =
+            midi == Note::Unset || (midi + by >= 0 && midi + by <= MoveNotes::highestKey);
+        const bool isFree = areStringsFree || note->string() == Note::Unset;
+        if (!isKey || !isFree || note->isTied() || note->isTieOrigin())
+            return false;
+    }
+    for (const auto &note : beat.notes()) {
+        const NotePosition from(*note);
+        _command._kept.keep(from);
+        if (from.midi != Note::Unset)
+            note->setMidi(from.midi + by);
+        note->setSpellingNumber(_shift->spellings->spelling(from.spelling));
+    }
+    _isAnyTaken = _isAnyTaken || beat.hasNotes();
+    if (beat.hasNotes() && _command._options.announced == MoveNotes::Announced::Changes)
+        _command._touched.add(_trackIndex, _staffIndex, _bar, _bar);
+    return true;
 }
 
 /// Decides where the notes of a beat go.

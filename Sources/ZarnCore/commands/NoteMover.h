@@ -60,6 +60,7 @@ private:
     void enterStretch(unsigned bar, bool areStringsChanged);
     void read(const Beat &beat);
     bool moveBeat(const Beat &beat, const std::vector<Held> &held);
+    bool shiftBeat(const Beat &beat);
     bool areApart() const;
     bool findHomes(const Beat &beat);
     bool findHome(const Beat &beat, Mover &mover) const;
@@ -79,6 +80,7 @@ private:
 
     const Staff *_staff = nullptr;
     std::optional<MarkedPlace> _place;
+    std::optional<PitchShift> _shift; ///< of the bar at hand
     unsigned _trackIndex = 0;
     unsigned _staffIndex = 0;
     unsigned _bar = 0;

@@ -9,12 +9,6 @@
 
 namespace zarn {
 
-namespace {
-
-constexpr int highestKey = 127;
-
-} // namespace
-
 MoveNotes::MoveNotes(const QString &name, const Options &options)
     : ScoreCommand(name), _options(options), _kept(options.kept), _keptTied(options.kept)
 {

@@ -20,6 +20,7 @@ namespace zarn {
 
 class Bar;
 class Beat;
+class KeyTransposition;
 class NoteMover;
 class Track;
 struct BeatSpan;
@@ -31,6 +32,12 @@ struct NoteMove {
     /// The pitch, as the strings of the staff sound it, for which a free string is to be found, the
     /// one that needs the lowest fret; nothing when `to` says the string.
     std::optional<int> soughtPitch;
+};
+
+/// How all notes of a bar go alike.
+struct PitchShift {
+    int semitones = 0;
+    const KeyTransposition *spellings = nullptr; ///< of the command, until the next bar
 };
 
 /// Base of commands that give notes other pitches or places: transposing, refretting, respelling.
@@ -98,6 +105,10 @@ protected:
     virtual std::optional<NoteMove> moved(const MarkedPlace &place, const Note &note,
                                           const NotePosition &from) const = 0;
 
+    /// By what all notes of the bar at hand go that are at no string and tied to none, as `moved`
+    /// would say of each; for a command that takes all of them. They are moved much faster so.
+    virtual std::optional<PitchShift> shift() const { return std::nullopt; }
+
     /// What changes beside the notes: in front of them, and backwards behind them. `changeOthers`
     /// throws only before it changes anything.
     virtual void changeOthers() { }
@@ -108,6 +119,8 @@ protected:
 
     /// Sends the events of a change, forwards and backwards: the bars.
     virtual void announce();
+
+    static constexpr int highestKey = 127;
 
     /// Frets and pitches of the staff that the walk is on, as it is tuned now.
     const fingering::StaffFrets &fretboard() const noexcept { return *_fretboard; }

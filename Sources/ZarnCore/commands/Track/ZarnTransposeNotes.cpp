@@ -7,12 +7,6 @@
 
 namespace zarn {
 
-namespace {
-
-constexpr int highestWrittenKey = 127;
-
-} // namespace
-
 TransposeNotes::TransposeNotes(const QString &name, Frets frets)
     : MoveNotes(name, {Homeless::WithoutPlace, Announced::Range}), _frets(frets)
 {
@@ -55,7 +49,7 @@ bool TransposeNotes::canMove()
                 return true;
             for (const auto &note : beat.notes()) {
                 const int midi = note->midi();
-                const bool isKey = midi + by >= 0 && midi + by <= highestWrittenKey;
+                const bool isKey = midi + by >= 0 && midi + by <= highestKey;
                 isInside = isInside && (isKey || midi == Note::Unset);
             }
             return isInside;
@@ -124,12 +118,19 @@ std::optional<NoteMove> TransposeNotes::moved(const MarkedPlace &, const Note &,
     NoteMove move = {from, std::nullopt};
     if (from.midi != Note::Unset) {
         const int midi = from.midi + semitones();
-        if (midi < 0 || midi > highestWrittenKey)
+        if (midi < 0 || midi > highestKey)
             return std::nullopt;
         move.to.midi = static_cast<std::int8_t>(midi);
     }
     move.to.spelling = spelling;
     return move;
+}
+
+std::optional<PitchShift> TransposeNotes::shift() const
+{
+    if (!_isOnPitchedStaff)
+        return std::nullopt;
+    return PitchShift{semitones(), &_transposition};
 }
 
 void TransposeNotes::announceChords()

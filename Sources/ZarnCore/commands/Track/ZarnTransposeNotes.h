@@ -51,6 +51,7 @@ private:
     bool takes(const MarkedPlace &place, const Note &note) const final;
     std::optional<NoteMove> moved(const MarkedPlace &place, const Note &note,
                                   const NotePosition &from) const final;
+    std::optional<PitchShift> shift() const final;
     void setKey(const KeySignature &key);
     TransposedChords::Diagrams diagrams() const noexcept;
 
