@@ -33,6 +33,9 @@ repeat-start 4 on
 repeat-end 6 3
 endings 5-6 1,3
 direction segno 3
+directions 8 coda fine
+directions 8 none
+directions 8 coda
 direction da-segno 9
 direction segno
 section 7 C "Another part"
@@ -50,6 +53,9 @@ hairpin 4:1-3 cresc t2
 hammer 4:1-3 t2
 slide 4:2 shift --string 6 t2
 tie 4:3 --string 6 t2
+tie-notes 4:3 off t2
+tie-notes 4:3 t2
+tie-notes 4:3 off --string 6 t2
 grace 4:1 before t2
 dead-slap 4:2 t2
 clear 4:3 t2
@@ -98,6 +104,7 @@ ring-throughout 2
 mute-strength 2 0.75
 property words-and-music Nobody
 title "The Saints"
+properties album Gospel "copyright" "nobody at all"
 artist "The Band"
 page-text header-left "%Title%"
 concert-tone 442
@@ -133,11 +140,14 @@ slashed 20:1 t2
 timer 20:1 on t2
 stem 20:1 down t2
 set 20:1 pedal start t2
+set-several 20:1 dynamic ff cue on text "dolce mesto" t2
 set 20:1 vibrato wide t2
 unset 20:1 vibrato t2
 toggle 20:1 cue t2
 step 20:1 dynamic 1 t2
 set-bars 20 bar-line dashed
+set-several-bars 20 bar-line dotted double-bar off
+set-several-bars 20 clef F4 ottavia 8va t2
 unset-bars 20 bar-line
 simile 10 simple t2
 layout continuous
@@ -187,6 +197,8 @@ accent 2:2 heavy t2
 velocity 2:2 99 t2
 tap 2:1 left t2
 ornament 2:1 mordent t2
+ornament 2:1 turn on t2
+ornament 2:1 turn off t2
 left-finger 2:1 1 t2
 right-finger 2:1 p t2
 show-string 2:1 t2
@@ -207,6 +219,8 @@ paste 1 --times 2
 copy-bars 3 t2
 paste 6 --replace t2
 cut 9:1 t2
+repeat-bar 22 t2
+repeat-bar 23
 move-voice 14:1 2 t2
 swap-voices 14-15 1 2 t2
 rest 16:1 t2

@@ -11,6 +11,7 @@
 #include <ZarnCore/model/ZarnScoreModel.h>
 
 #include <algorithm>
+#include <map>
 
 namespace zarn::tool {
 
@@ -100,10 +101,9 @@ std::optional<AttributeValue> enumerator(const AttributeRange &range, const QStr
     return std::nullopt;
 }
 
-/// The value of a parameter for an attribute; raises with what would be right.
-AttributeValue valueOf(const Values &values, std::size_t parameter, const AttributeRange &range)
+/// The value of an attribute that a word of a line means; raises with what would be right.
+AttributeValue valueOf(const QString &word, int column, const AttributeRange &range)
 {
-    const QString word = values.get<QString>(parameter);
     auto value = range.fromText(word.toStdString());
     if (!value && range.texts != nullptr)
         value = enumerator(range, word);
@@ -112,9 +112,26 @@ AttributeValue valueOf(const Values &values, std::size_t parameter, const Attrib
         value = AttributeValue(word == QLatin1String("on"));
     if (value)
         return *value;
-    throw LineError(values.column(parameter),
+    throw LineError(column,
                     QStringLiteral("\"%1\" is not right here; type %2")
                         .arg(word, QString::fromStdString(range.description())));
+}
+
+AttributeValue valueOf(const Values &values, std::size_t parameter, const AttributeRange &range)
+{
+    return valueOf(values.get<QString>(parameter), values.column(parameter), range);
+}
+
+/// The values of attributes of one table, whose names are numbered from `firstNumber` on.
+template <class Id>
+std::map<Id, AttributeValue> valuesOf(const std::vector<NamedValue> &named, int firstNumber)
+{
+    std::map<Id, AttributeValue> values;
+    for (const NamedValue &one : named) {
+        const auto id = static_cast<Id>(one.number - firstNumber);
+        values.emplace(id, valueOf(one.text, one.column, rowOf(id).range));
+    }
+    return values;
 }
 
 bool refuse(const Values &values, const QString &attribute)
@@ -207,6 +224,42 @@ bool unsetBars(EditSession &session, const Values &values)
         || refuse(values, nameIn(barNames(), number));
 }
 
+bool refuseAll(const Values &values)
+{
+    throw LineError(values.column(0),
+                    QStringLiteral("nothing here takes any of these, or one excludes another"));
+}
+
+bool setSeveral(EditSession &session, const Values &values)
+{
+    const auto &named = values.get<std::vector<NamedValue>>(1);
+    return session.score().setBeatAttributes(targetBeats(session, values),
+                                             valuesOf<BeatAttribute>(named, 0))
+        || refuseAll(values);
+}
+
+bool setSeveralInBars(EditSession &session, const Values &values)
+{
+    const BarRange bars = targetBars(session, values);
+    const auto &named = values.get<std::vector<NamedValue>>(1);
+    const bool isOfStaff = named.front().number >= SecondTable;
+    for (const NamedValue &one : named)
+        if ((one.number >= SecondTable) != isOfStaff)
+            throw LineError(
+                one.column,
+                QStringLiteral("\"%1\" and \"%2\" do not go together: one is of all "
+                               "staves, the other of one staff")
+                    .arg(nameIn(barNames(), named.front().number), nameIn(barNames(), one.number)));
+    if (!isOfStaff)
+        return session.score().setMasterBarAttributes(bars.first, bars.last,
+                                                      valuesOf<MasterBarAttribute>(named, 0))
+            || refuseAll(values);
+    const Where staff = targetStaff(session, values);
+    return session.score().setBarAttributes(staff.track, staff.staff, bars.first, bars.last,
+                                            valuesOf<BarAttribute>(named, SecondTable))
+        || refuseAll(values);
+}
+
 } // namespace
 
 const std::vector<Command> &attributeCommands()
@@ -218,12 +271,22 @@ const std::vector<Command> &attributeCommands()
         return Parameter{
             QStringLiteral("ATTRIBUTE"), Kind::Choice, Presence::Required, 0, 0, &names};
     };
+    const auto several = [](const Choices &names) {
+        return Parameter{
+            QStringLiteral("VALUES"), Kind::NamedValues, Presence::Required, 0, 0, &names};
+    };
     static const std::vector<Command> commands = {
         {QStringLiteral("set"),
          {beats, attribute(beatAndNoteNames()), value},
          QStringLiteral("Give beats or notes any attribute; VALUE ? tells what it takes."),
          QStringLiteral("Score::setBeatAttribute"),
          set,
+         true},
+        {QStringLiteral("set-several"),
+         {beats, several(beatNames())},
+         QStringLiteral("Give beats several attributes in one step: dynamic f cue on."),
+         QStringLiteral("Score::setBeatAttributes"),
+         setSeveral,
          true},
         {QStringLiteral("unset"),
          {beats, attribute(beatAndNoteNames())},
@@ -250,6 +313,12 @@ const std::vector<Command> &attributeCommands()
          QStringLiteral("Give bars any attribute; VALUE ? tells what it takes."),
          QStringLiteral("Score::setMasterBarAttribute"),
          setBars,
+         true},
+        {QStringLiteral("set-several-bars"),
+         {bars, several(barNames())},
+         QStringLiteral("Give bars several attributes in one step, of all staves or of one."),
+         QStringLiteral("Score::setMasterBarAttributes"),
+         setSeveralInBars,
          true},
         {QStringLiteral("unset-bars"),
          {bars, attribute(barNames())},

@@ -7,6 +7,8 @@
 
 #include <ZarnCore/model/ZarnScoreModel.h>
 
+#include <set>
+
 namespace zarn::tool {
 
 namespace {
@@ -101,6 +103,14 @@ bool setDirection(EditSession &session, const Values &values)
                                            values.get(1, -1));
 }
 
+bool setDirections(EditSession &session, const Values &values)
+{
+    std::set<DirectionMark> marks;
+    for (const int number : values.get<std::vector<int>>(1))
+        marks.insert(static_cast<DirectionMark>(number));
+    return session.score().setBarDirections(static_cast<int>(targetBar(session, values)), marks);
+}
+
 bool setSection(EditSession &session, const Values &values)
 {
     return session.score().setMasterBarSection(targetBar(session, values), values.get<QString>(1),
@@ -193,6 +203,13 @@ const std::vector<Command> &barCommands()
          QStringLiteral("Put a jump or its target at a bar; without a bar, remove it."),
          QStringLiteral("Score::setBarDirection"),
          setDirection},
+        {QStringLiteral("directions"),
+         {oneBar,
+          {QStringLiteral("DIRECTIONS"), Kind::Several, Presence::Required, 0, 0,
+           &directionChoices()}},
+         QStringLiteral("Make these, and no others, the jumps and targets of a bar."),
+         QStringLiteral("Score::setBarDirections"),
+         setDirections},
         {QStringLiteral("movement"),
          {oneBar, onOff},
          QStringLiteral("Begin a movement at a bar: repeats and jumps stay inside of it."),

@@ -2,6 +2,7 @@
 #include "common/Choices.h"
 #include "edit/Commands.h"
 #include "edit/EditSession.h"
+#include "edit/ScriptLine.h"
 #include "edit/Targets.h"
 
 namespace zarn::tool {
@@ -60,6 +61,20 @@ bool tie(EditSession &session, const Values &values)
     ScoreModelIndex place = beats.first();
     place.setNoteString(static_cast<std::uint32_t>(*string));
     return session.score().setNoteTied(ScoreModelRange(place), checked);
+}
+
+bool tieNotes(EditSession &session, const Values &values)
+{
+    const bool checked = values.get(1, true);
+    const bool isOfString = values.option<int>(QStringLiteral("string")) != nullptr;
+    const bool isDone = isOfString
+        ? session.score().setNoteTiedOnly(targetNotes(session, values), checked)
+        : session.score().setBeatTiedOnly(targetBeats(session, values), checked);
+    if (isDone)
+        return true;
+    throw LineError(values.column(0),
+                    checked ? QStringLiteral("no note here is in the beat in front as well")
+                            : QStringLiteral("no note here is tied"));
 }
 
 bool slur(EditSession &session, const Values &values)
@@ -127,6 +142,13 @@ const std::vector<Command> &linkCommands()
          QStringLiteral("Tie beats, or one string, to the beat in front; rests are filled."),
          QStringLiteral("Score::setBeatTied"),
          tie,
+         true,
+         {string}},
+        {QStringLiteral("tie-notes"),
+         {beats, onOff},
+         QStringLiteral("Tie the notes that the beat in front has too; writes none."),
+         QStringLiteral("Score::setBeatTiedOnly"),
+         tieNotes,
          true,
          {string}},
         {QStringLiteral("slur"),

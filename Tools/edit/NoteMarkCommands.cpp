@@ -213,6 +213,17 @@ bool setAccent(EditSession &session, const Values &values)
                                              values.get(2, true));
 }
 
+/// "off" takes ornaments off, whichever they are.
+bool setOrnament(EditSession &session, const Values &values)
+{
+    const auto ornament = static_cast<Ornament>(values.get<int>(1));
+    const ScoreModelRange notes = targetNotes(session, values);
+    const bool isDone = values.has(2)
+        ? session.score().setNoteOrnament(notes, ornament, values.get<bool>(2))
+        : session.score().setNoteOrnement(notes, ornament);
+    return orNothingTakesIt(isDone, values);
+}
+
 bool setTap(EditSession &session, const Values &values)
 {
     const ScoreModelRange notes = targetNotes(session, values);
@@ -345,8 +356,8 @@ const std::vector<Command> &noteMarkCommands()
                  word("SPEED", trillSpeedChoices(), Presence::Optional)},
                 "Trill with the note that sounds above.", "setNoteTrill", setTrill),
         command("no-trill", {}, "Take trills off.", "setNoteTrill", setTrill),
-        command("ornament", {word("ORNAMENT", ornamentChoices())}, "Put an ornament on notes.",
-                "setNoteOrnement", setChoice<Ornament, &Notes::setNoteOrnement>),
+        command("ornament", {word("ORNAMENT", ornamentChoices()), checked},
+                "Put an ornament on notes, or take ornaments off.", "setNoteOrnament", setOrnament),
         command("left-finger", {word("FINGER", leftFingerChoices())},
                 "Finger notes with the left hand.", "setNoteFingering", setFinger<Hand::Left>),
         command("right-finger", {word("FINGER", rightFingerChoices())},

@@ -116,9 +116,47 @@ std::optional<Value> readNone(const Parameter &, const Word &, const ReadingCont
     return std::nullopt;
 }
 
+/// What is read for a name of a list.
+int numberOf(const Parameter &list, const Word &word, const ReadingContext &context)
+{
+    Parameter name = list;
+    name.kind = Kind::Choice;
+    return std::get<int>(readValue(name, word, context));
+}
+
+Value readNamedValues(const Parameter &parameter, const std::vector<Word> &words,
+                      const ReadingContext &context)
+{
+    std::vector<NamedValue> read;
+    for (std::size_t i = 0; i < words.size(); i += 2) {
+        const Word &name = words[i];
+        const int number = numberOf(parameter, name, context);
+        for (const NamedValue &other : read)
+            if (other.number == number)
+                throw LineError(name.column,
+                                QStringLiteral("\"%1\" stands here twice").arg(name.text));
+        if (i + 1 == words.size())
+            throw LineError(name.column + name.text.size(),
+                            QStringLiteral("the value of \"%1\" is missing").arg(name.text));
+        read.push_back({number, words[i + 1].text, words[i + 1].column});
+    }
+    return read;
+}
+
+Value readSeveral(const Parameter &parameter, const std::vector<Word> &words,
+                  const ReadingContext &context)
+{
+    std::vector<int> numbers;
+    if (words.size() == 1 && words.front().text == QLatin1String("none"))
+        return numbers;
+    for (const Word &word : words)
+        numbers.push_back(numberOf(parameter, word, context));
+    return numbers;
+}
+
 constexpr const char *Number = "[0-9]+";
 
-constexpr std::array<KindRow, 25> Kinds = {{
+constexpr std::array<KindRow, 27> Kinds = {{
     {Kind::Whole, "a whole number", readWhole},
     {Kind::Decimal, "a number", readDecimal},
     {Kind::Switch, "on or off", readSwitch},
@@ -155,6 +193,9 @@ constexpr std::array<KindRow, 25> Kinds = {{
      readNone, ".*", readWords},
     {Kind::Passes, "passes such as 1, 1,3 or 1-3, or none", readMusic<int, parsePasses>},
     {Kind::Strip, "a track such as 2, or master", readStrip},
+    {Kind::NamedValues, "names, each with its value behind it; the names are", readNone, "[^0-9].*",
+     readNamedValues},
+    {Kind::Several, "none, or one or several of", readNone, "[^0-9].*", readSeveral},
 }};
 
 const KindRow &rowOf(Kind kind)
@@ -259,6 +300,8 @@ QString expectation(const Parameter &parameter)
             .arg(parameter.least)
             .arg(parameter.most);
     case Kind::Choice:
+    case Kind::NamedValues:
+    case Kind::Several:
         return text + QLatin1Char(' ') + suggestions(parameter).join(QStringLiteral(", "));
     default:
         return text;

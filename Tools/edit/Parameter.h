@@ -45,6 +45,8 @@ enum class Kind {
     Tuning,      ///< QString, what `tuningOf` takes: all words that are left
     Passes,      ///< int, a bit per pass: 1, 1,3, 1-3, none
     Strip,       ///< int: a track, or -1 for "master"
+    NamedValues, ///< vector of NamedValue: all words that are left, names and values in turn
+    Several,     ///< vector of int: the numbers of words of a list, or none: all that are left
 };
 
 /// An assumed parameter may be left out anywhere in the line; the selection or the cursor, as far

@@ -8,6 +8,8 @@
 #include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
+#include <map>
+
 namespace zarn::tool {
 
 namespace {
@@ -21,6 +23,14 @@ bool setProperty(EditSession &session, const Values &values)
 {
     return session.score().changeProperty(static_cast<ScoreProperty>(values.get<int>(0)),
                                           values.get<QString>(1));
+}
+
+bool setProperties(EditSession &session, const Values &values)
+{
+    std::map<ScoreProperty, QString> texts;
+    for (const NamedValue &one : values.get<std::vector<NamedValue>>(0))
+        texts[static_cast<ScoreProperty>(one.number)] = one.text;
+    return session.score().changeProperties(texts);
 }
 
 template <ScoreProperty property>
@@ -78,6 +88,12 @@ const std::vector<Command> &scoreCommands()
          QStringLiteral("Set the title, the artist and so on."),
          QStringLiteral("Score::changeProperty"),
          setProperty},
+        {QStringLiteral("properties"),
+         {{QStringLiteral("TEXTS"), Kind::NamedValues, Presence::Required, 0, 0,
+           &propertyChoices()}},
+         QStringLiteral("Set several of these in one step: title Blues artist Nobody."),
+         QStringLiteral("Score::changeProperties"),
+         setProperties},
         {QStringLiteral("title"),
          {text},
          QStringLiteral("Set the title."),

@@ -17,6 +17,7 @@
 
 #include <algorithm>
 #include <ostream>
+#include <utility>
 
 namespace zarn::tool {
 
@@ -178,6 +179,50 @@ bool completeBars(EditSession &session, const Values &values)
     return session.score().completeReduceBarsWithRests(barsOf(session, values));
 }
 
+/// Puts the music of the bar in front of a column into it, in all staves.
+bool repeatColumn(EditSession &session, unsigned bar)
+{
+    ScoreModel &model = *session.score().scoreModel();
+    BarColumns columns;
+    columns.masterBars.push_back(model.masterTrack()->masterBars()[bar]->clone());
+    for (const auto &track : model.tracks()) {
+        Track::BarBlocks blocks;
+        for (const auto &staff : track->staves())
+            blocks.push_back({staff->bars()[bar - 1]->clone()});
+        columns.bars.push_back(std::move(blocks));
+    }
+    return session.score().modifyBarRangeAllTracks(bar, bar, std::move(columns));
+}
+
+/// Of all tracks, or of the staff that the line names. Bar by bar, so that nothing leads from one
+/// to the next that the bar in front had led elsewhere.
+bool repeatBar(EditSession &session, const Values &values)
+{
+    const BarRange bars = targetBars(session, values);
+    ScoreModel &model = *session.score().scoreModel();
+    if (bars.first == 0)
+        throw LineError(values.column(0), QStringLiteral("there is no bar in front of bar 1"));
+    const auto &masterBars = model.masterTrack()->masterBars();
+    for (unsigned bar = bars.first; bar <= bars.last; ++bar)
+        if (masterBars[bar]->length() != masterBars[bars.first - 1]->length())
+            throw LineError(
+                values.column(0),
+                QStringLiteral("bar %1 is not as long as bar %2").arg(bar + 1).arg(bars.first));
+    const Where &where = values.where();
+    Transaction step(&session.score(), QStringLiteral("RepeatBar"));
+    for (unsigned bar = bars.first; bar <= bars.last; ++bar) {
+        const auto staff =
+            values.namesWhere() ? model.track(where.track)->staff(where.staff) : nullptr;
+        const bool isDone = staff ? session.score().modifyBarRange(
+                                where.track, where.staff, bar, {staff->bars()[bar - 1]->clone()})
+                                  : repeatColumn(session, bar);
+        if (!isDone)
+            return false;
+    }
+    step.commit();
+    return true;
+}
+
 bool moveVoice(EditSession &session, const Values &values)
 {
     return session.score().moveVoice(targetBeats(session, values),
@@ -247,6 +292,13 @@ const std::vector<Command> &structureCommands()
          QStringLiteral("Fill bars up with rests, or take rests off those that are too long."),
          QStringLiteral("Score::completeReduceBarsWithRests"),
          completeBars,
+         true},
+        {QStringLiteral("repeat-bar"),
+         {bars},
+         QStringLiteral(
+             "Play the bar in front once more in bars, in all tracks or with t2 in one."),
+         QStringLiteral("Score::modifyBarRangeAllTracks"),
+         repeatBar,
          true},
         {QStringLiteral("move-voice"),
          {beats, voice("VOICE")},

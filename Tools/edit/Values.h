@@ -57,6 +57,13 @@ struct CursorMove {
     int column = 1;
 };
 
+/// One of the names that a parameter takes, by its number, and the word behind it.
+struct NamedValue {
+    int number = 0;
+    QString text;
+    int column = 1; ///< of the word
+};
+
 /// Track, staff and voice that a command works in, counted from 0.
 struct Where {
     unsigned track = 0;
@@ -64,9 +71,10 @@ struct Where {
     unsigned voice = 0;
 };
 
-using Value = std::variant<std::monostate, int, double, bool, QString, BarRange, BeatPlace,
-                           BeatRange, SelectionValue, std::vector<CursorMove>, RhythmValue,
-                           TimeSignature, KeySignature, PitchValue, std::vector<int>>;
+using Value =
+    std::variant<std::monostate, int, double, bool, QString, BarRange, BeatPlace, BeatRange,
+                 SelectionValue, std::vector<CursorMove>, RhythmValue, TimeSignature, KeySignature,
+                 PitchValue, std::vector<int>, std::vector<NamedValue>>;
 
 /// What a line gave for the parameters of its command.
 class Values {
