@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "common/BarRange.h"
 #include "common/MusicReader.h"
 
 #include <ZarnCore/score/ZarnScoreCursor.h>
@@ -14,12 +15,6 @@
 #include <vector>
 
 namespace zarn::tool {
-
-/// Bars counted from 0, both ends included.
-struct BarRange {
-    unsigned first = 0;
-    unsigned last = 0;
-};
 
 /// A beat of a bar, both counted from 0.
 struct BeatPlace {

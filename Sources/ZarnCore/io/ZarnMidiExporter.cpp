@@ -4,9 +4,9 @@
 #include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/io/ZarnExportReport.h>
 #include <ZarnCore/io/midi/ConductorTrack.h>
+#include <ZarnCore/io/midi/NotatedBarWriter.h>
 #include <ZarnCore/io/midi/PitchWheel.h>
 #include <ZarnCore/io/midi/SungWords.h>
-#include <ZarnCore/io/midi/WrittenBarWriter.h>
 #include <ZarnCore/io/midi/ZarnMidiFile.h>
 #include <ZarnCore/io/midi/ZarnMidiFileWriter.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
@@ -119,7 +119,7 @@ private:
             if (_isUsed[lane] && _builderOfLane[lane] != mainBuilder(track))
                 tracks[track] = nullptr;
         }
-        addWrittenBars(_model, _plan, _ticks, tracks);
+        addNotatedBars(_model, _plan, _ticks, tracks);
     }
 
     /// That of the first lane of a track that is in use.

@@ -6,8 +6,8 @@
 #include <ZarnCore/io/midi/MidiKeys.h>
 #include <ZarnCore/io/midi/MidiOddities.h>
 #include <ZarnCore/io/midi/MidiText.h>
+#include <ZarnCore/io/midi/NotatedBarReader.h>
 #include <ZarnCore/io/midi/StringFolder.h>
-#include <ZarnCore/io/midi/WrittenBarReader.h>
 #include <ZarnCore/io/midi/ZarnMidiFile.h>
 #include <ZarnCore/model/ZarnTrackDefaults.h>
 
@@ -129,7 +129,7 @@ private:
 
     void readTrack(const MidiTrack &track, double offset);
     void addWrittenMeter(const WrittenMeter &meter, MidiTime time);
-    void readWrittenBars(TrackContent &content);
+    void readNotatedBars(TrackContent &content);
     void readMeta(const MidiTrack &track, const MidiEvent &event, MidiTime time);
     void endOpenNotes(const MidiTrack &track, TrackContent &content, double offset);
     static void chooseSounds(TrackContent &content);
@@ -215,7 +215,7 @@ void MusicReader::readTrack(const MidiTrack &track, double offset)
     if (left > 0)
         endOpenNotes(track, content, offset);
     if (!content.bars.empty())
-        readWrittenBars(content);
+        readNotatedBars(content);
 }
 
 void MusicReader::endOpenNotes(const MidiTrack &track, TrackContent &content, double offset)
@@ -325,7 +325,7 @@ void MusicReader::readMeta(const MidiTrack &track, const MidiEvent &event, MidiT
         break;
     }
     case MidiMeta::SequencerSpecific:
-        if (auto bar = readWrittenBar(payload))
+        if (auto bar = readNotatedBar(payload))
             content.bars.push_back({time, std::move(*bar)});
         else if (const auto meter = readWrittenMeter(payload))
             addWrittenMeter(*meter, time);
@@ -343,10 +343,10 @@ void MusicReader::addWrittenMeter(const WrittenMeter &meter, MidiTime time)
         _music.writtenMeters.push_back({time, TimeSignature(meter.numerator, meter.denominator)});
 }
 
-void MusicReader::readWrittenBars(TrackContent &content)
+void MusicReader::readNotatedBars(TrackContent &content)
 {
     const std::size_t wrong =
-        matchWrittenBars(std::move(content.bars), content.notes, _music.written);
+        matchNotatedBars(std::move(content.bars), content.notes, _music.written);
     for (std::size_t i = 0; i < wrong; ++i)
         _oddities.add(
             "the notes of a bar are no longer as the file says that they were written: it "

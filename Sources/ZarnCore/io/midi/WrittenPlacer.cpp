@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/io/midi/WrittenPlacer.h>
 
-#include <ZarnCore/io/midi/WrittenBar.h>
+#include <ZarnCore/io/midi/NotatedBar.h>
 
 #include <algorithm>
 #include <array>
@@ -34,7 +34,7 @@ std::vector<PlayedNotes> splitAsWritten(const PlayedNotes &notes,
                                         const std::vector<WrittenPlace> &places)
 {
     constexpr int nowhere = 1000;
-    std::array<int, WrittenBar::mostStaves> lastKeys;
+    std::array<int, NotatedBar::mostStaves> lastKeys;
     lastKeys.fill(nowhere);
     std::vector<PlayedNotes> staves(1);
     for (const PlayedNote &note : notes) {

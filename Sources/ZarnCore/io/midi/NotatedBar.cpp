@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <ZarnCore/io/midi/WrittenBar.h>
+#include <ZarnCore/io/midi/NotatedBar.h>
 
 #include <ZarnCore/io/midi/ByteReader.h>
 
@@ -104,13 +104,13 @@ private:
 
 } // namespace
 
-std::string payloadOf(const WrittenBar &bar)
+std::string payloadOf(const NotatedBar &bar)
 {
     // Times are few and even: most are small numbers of their common part.
     CommonPart unit;
     CommonPart shiftUnit;
     unit.add(bar.length);
-    for (const WrittenNote &note : bar.notes) {
+    for (const NotatedNote &note : bar.notes) {
         unit.add(note.onset);
         unit.add(note.length);
         shiftUnit.add(note.startLate);
@@ -122,7 +122,7 @@ std::string payloadOf(const WrittenBar &bar)
     append(bytes, unit.value());
     append(bytes, shiftUnit.value());
     append(bytes, unit.of(bar.length));
-    for (const WrittenNote &note : bar.notes) {
+    for (const NotatedNote &note : bar.notes) {
         bytes += static_cast<char>(static_cast<unsigned>(note.kind) | (note.isGrace ? graceBit : 0)
                                    | static_cast<unsigned>(note.voice) << voiceShift
                                    | static_cast<unsigned>(note.staff) << staffShift);
@@ -130,7 +130,7 @@ std::string payloadOf(const WrittenBar &bar)
         bytes += static_cast<char>(note.fifth + middleFifth);
         append(bytes, unit.of(note.onset));
         append(bytes, unit.of(note.length));
-        if (note.kind == WrittenNote::Kind::Struck || note.kind == WrittenNote::Kind::Stroke) {
+        if (note.kind == NotatedNote::Kind::Struck || note.kind == NotatedNote::Kind::Stroke) {
             appendSigned(bytes, note.startLate, shiftUnit);
             appendSigned(bytes, note.endLate, shiftUnit);
         }
@@ -138,7 +138,7 @@ std::string payloadOf(const WrittenBar &bar)
     return bytes;
 }
 
-std::optional<WrittenBar> readWrittenBar(std::string_view payload)
+std::optional<NotatedBar> readNotatedBar(std::string_view payload)
 {
     Numbers numbers(payload, barEvent);
     if (!numbers.isGood())
@@ -147,12 +147,12 @@ std::optional<WrittenBar> readWrittenBar(std::string_view payload)
     constexpr MidiTime longest = MidiTime(1) << 40;
     const MidiTime unit = numbers.number();
     const MidiTime shiftUnit = numbers.number();
-    WrittenBar bar;
+    NotatedBar bar;
     bar.length = unit * numbers.number();
     while (numbers.isGood() && !numbers.isAtEnd()) {
-        WrittenNote note;
+        NotatedNote note;
         const unsigned kind = numbers.byte();
-        note.kind = static_cast<WrittenNote::Kind>(kind & kindMask);
+        note.kind = static_cast<NotatedNote::Kind>(kind & kindMask);
         note.isGrace = (kind & graceBit) != 0;
         note.voice = static_cast<std::uint8_t>((kind >> voiceShift) & voiceMask);
         note.staff = static_cast<std::uint8_t>(kind >> staffShift);
@@ -160,14 +160,14 @@ std::optional<WrittenBar> readWrittenBar(std::string_view payload)
         note.fifth = static_cast<std::int8_t>(static_cast<int>(numbers.byte()) - middleFifth);
         note.onset = unit * numbers.number();
         note.length = unit * numbers.number();
-        if (note.kind == WrittenNote::Kind::Struck || note.kind == WrittenNote::Kind::Stroke) {
+        if (note.kind == NotatedNote::Kind::Struck || note.kind == NotatedNote::Kind::Stroke) {
             note.startLate = shiftUnit * numbers.signedNumber();
             note.endLate = shiftUnit * numbers.signedNumber();
         }
         constexpr int keyCount = 128;
         const bool isInBar = note.onset <= bar.length && note.length <= bar.length - note.onset;
         const bool isLengthRight = note.isGrace == (note.length == 0);
-        if (note.staff >= WrittenBar::mostStaves || note.key >= keyCount || !isInBar
+        if (note.staff >= NotatedBar::mostStaves || note.key >= keyCount || !isInBar
             || !isLengthRight)
             return std::nullopt;
         bar.notes.push_back(note);

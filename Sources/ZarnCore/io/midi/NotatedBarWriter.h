@@ -14,7 +14,7 @@ namespace zarn::io {
 
 /// Adds how each bar of the tracks is written, each time that it is played. `tracks` are those of
 /// the file by those of the score; nothing for those of which nothing is to be said.
-void addWrittenBars(const ScoreModel &model, const playback::PlaybackPlan &plan,
+void addNotatedBars(const ScoreModel &model, const playback::PlaybackPlan &plan,
                     const TickMap &ticks, const std::vector<MidiTrack *> &tracks);
 
 /// Adds the meters of bars that have another length, and where the last bar ends.

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include <ZarnCore/io/midi/WrittenBarWriter.h>
+#include <ZarnCore/io/midi/NotatedBarWriter.h>
 
+#include <ZarnCore/io/midi/NotatedBar.h>
 #include <ZarnCore/io/midi/PitchSpeller.h>
-#include <ZarnCore/io/midi/WrittenBar.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/playback/PlayedVoice.h>
 #include <ZarnCore/playback/SoundingKey.h>
@@ -92,7 +92,7 @@ public:
     void write()
     {
         const auto &bars = _plan.bars().bars();
-        WrittenBar bar;
+        NotatedBar bar;
         for (std::uint32_t number = 0; number < bars.size(); ++number) {
             bar.notes.clear();
             bar.length = inMidiTime(bars[number].length);
@@ -113,10 +113,10 @@ public:
 
 private:
     void addVoice(std::uint32_t playedBar, unsigned staff, unsigned voice, const Voice &content,
-                  WrittenBar &bar);
-    void addNote(const Note &note, std::uint64_t place, Line &line, WrittenNote written,
-                 WrittenBar &bar);
-    const Held *heldBefore(const Note &note, const WrittenNote &written) const;
+                  NotatedBar &bar);
+    void addNote(const Note &note, std::uint64_t place, Line &line, NotatedNote written,
+                 NotatedBar &bar);
+    const Held *heldBefore(const Note &note, const NotatedNote &written) const;
 
     const Track &_track;
     const playback::PlaybackPlan &_plan;
@@ -131,11 +131,11 @@ private:
 };
 
 void BarWriter::addVoice(std::uint32_t playedBar, unsigned staff, unsigned voice,
-                         const Voice &content, WrittenBar &bar)
+                         const Voice &content, NotatedBar &bar)
 {
     _barStart = _plan.bars().bars()[playedBar].start.toDouble();
     Line &line = _lines[staff * Bar::MaxVoices + voice];
-    WrittenNote written;
+    NotatedNote written;
     written.staff = static_cast<std::uint8_t>(staff);
     written.voice = static_cast<std::uint8_t>(voice);
     rational offset = 0;
@@ -157,7 +157,7 @@ void BarWriter::addVoice(std::uint32_t playedBar, unsigned staff, unsigned voice
 }
 
 /// In its voice, or in another one that the tie comes from.
-const Held *BarWriter::heldBefore(const Note &note, const WrittenNote &written) const
+const Held *BarWriter::heldBefore(const Note &note, const NotatedNote &written) const
 {
     const Held *ofOther = nullptr;
     for (const auto *list : {&_stillHeld, &_held})
@@ -171,8 +171,8 @@ const Held *BarWriter::heldBefore(const Note &note, const WrittenNote &written) 
     return ofOther;
 }
 
-void BarWriter::addNote(const Note &note, std::uint64_t place, Line &line, WrittenNote written,
-                        WrittenBar &bar)
+void BarWriter::addNote(const Note &note, std::uint64_t place, Line &line, NotatedNote written,
+                        NotatedBar &bar)
 {
     const auto [first, last] = line.take(place);
     if (const auto spelling = note.spelling())
@@ -182,12 +182,12 @@ void BarWriter::addNote(const Note &note, std::uint64_t place, Line &line, Writt
         const auto sounding = playback::soundingKey(note, _track);
         if (held == nullptr && (!sounding || sounding->isGuessed))
             return;
-        written.kind = held != nullptr ? WrittenNote::Kind::Held : WrittenNote::Kind::Silent;
+        written.kind = held != nullptr ? NotatedNote::Kind::Held : NotatedNote::Kind::Silent;
         written.key = held != nullptr ? held->key : static_cast<std::uint8_t>(sounding->key);
         bar.notes.push_back(written);
     }
     if (last - first > 1)
-        written.kind = WrittenNote::Kind::Stroke;
+        written.kind = NotatedNote::Kind::Stroke;
     for (const Place *each = first; each != last; ++each) {
         written.key = each->key;
         written.startLate = inMidiTime(each->start - _barStart) - written.onset;
@@ -201,7 +201,7 @@ void BarWriter::addNote(const Note &note, std::uint64_t place, Line &line, Writt
 
 } // namespace
 
-void addWrittenBars(const ScoreModel &model, const playback::PlaybackPlan &plan,
+void addNotatedBars(const ScoreModel &model, const playback::PlaybackPlan &plan,
                     const TickMap &ticks, const std::vector<MidiTrack *> &tracks)
 {
     std::vector<std::vector<Line>> lines(model.trackCount());
@@ -214,7 +214,7 @@ void addWrittenBars(const ScoreModel &model, const playback::PlaybackPlan &plan,
                  note.end.toDouble(), note.key});
     for (unsigned track = 0; track < model.trackCount(); ++track)
         if (tracks[track] != nullptr
-            && model.tracks()[track]->staffCount() <= WrittenBar::mostStaves)
+            && model.tracks()[track]->staffCount() <= NotatedBar::mostStaves)
             BarWriter(*model.tracks()[track], plan, lines[track], ticks, *tracks[track]).write();
 }
 

@@ -12,7 +12,7 @@
 namespace zarn::io {
 
 /// A note as it is written in a bar, beside how the file plays it.
-struct WrittenNote {
+struct NotatedNote {
     enum class Kind : std::uint8_t {
         Struck,
         Stroke, ///< one of several that one written note is played as: a tremolo, an ornament
@@ -35,22 +35,22 @@ struct WrittenNote {
 /// What one bar of a track has in its staves. MIDI files do not say how music is written; a file of
 /// our own says it in events of the kind that the Standard MIDI File keeps for sequencers (FF 7F),
 /// which all other programs pass over. They stand where their bars begin. A reader believes them
-/// where they agree with the notes (see `matchWrittenBars`).
+/// where they agree with the notes (see `matchNotatedBars`).
 ///
 /// An event holds the manufacturer's number 7D (no manufacturer), "zarn", a number for what
 /// follows, and numbers of seven bits a byte.
-struct WrittenBar {
+struct NotatedBar {
     static constexpr unsigned mostStaves = 4;
 
     MidiTime length = 0;
-    std::vector<WrittenNote> notes;
+    std::vector<NotatedNote> notes;
 };
 
 /// What the event carries.
-std::string payloadOf(const WrittenBar &bar);
+std::string payloadOf(const NotatedBar &bar);
 
 /// Nothing for events of others, and for what cannot be.
-std::optional<WrittenBar> readWrittenBar(std::string_view payload);
+std::optional<NotatedBar> readNotatedBar(std::string_view payload);
 
 /// The meter that is written where a bar is as long as another one, for the first track; the last
 /// of them, "0/1", stands where the last bar ends.

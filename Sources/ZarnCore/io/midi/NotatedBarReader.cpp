@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <ZarnCore/io/midi/WrittenBarReader.h>
+#include <ZarnCore/io/midi/NotatedBarReader.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -45,9 +45,9 @@ struct Attack {
 
 using Attacks = std::vector<Attack>;
 
-bool isPlayed(const WrittenNote &note)
+bool isPlayed(const NotatedNote &note)
 {
-    return note.kind == WrittenNote::Kind::Struck || note.kind == WrittenNote::Kind::Stroke;
+    return note.kind == NotatedNote::Kind::Struck || note.kind == NotatedNote::Kind::Stroke;
 }
 
 void sort(Attacks &attacks)
@@ -94,15 +94,15 @@ private:
     void compare();
     void missBarAt(MidiTime time);
     void take(std::size_t bar);
-    void takeNote(const TimedBar &bar, const WrittenNote &note, PlayedNote *heard);
+    void takeNote(const TimedBar &bar, const NotatedNote &note, PlayedNote *heard);
     void letHeldNotesEnd(MidiTime time);
     Attacks expected() const;
     Attacks heard() const;
 
-    WrittenPlace *heldUntil(const WrittenNote &note, MidiTime time);
+    WrittenPlace *heldUntil(const NotatedNote &note, MidiTime time);
 
     /// The last note of a key in a voice.
-    std::int32_t &lastOf(const WrittenNote &note)
+    std::int32_t &lastOf(const NotatedNote &note)
     {
         return _last[(note.staff * voiceCount + note.voice) * keyCount + note.key];
     }
@@ -114,7 +114,7 @@ private:
     std::vector<std::vector<PlayedNote *>> _heardAs; ///< by bar and note
     std::vector<std::pair<std::size_t, PlayedNote>> _added;
     std::vector<std::int32_t> _last =
-        std::vector<std::int32_t>(WrittenBar::mostStaves * voiceCount * keyCount, -1);
+        std::vector<std::int32_t>(NotatedBar::mostStaves * voiceCount * keyCount, -1);
     std::uint8_t _channel = 0; ///< of the note taken last; so is the velocity
     std::uint8_t _velocity = 64;
 };
@@ -199,7 +199,7 @@ void Matching::take(std::size_t number)
     std::iota(order.begin(), order.end(), std::size_t(0));
     std::stable_sort(order.begin(), order.end(), [&](std::size_t left, std::size_t right) {
         const auto rank = [&](std::size_t note) {
-            return std::make_pair(notes[note].onset, notes[note].kind != WrittenNote::Kind::Held);
+            return std::make_pair(notes[note].onset, notes[note].kind != NotatedNote::Kind::Held);
         };
         return rank(left) < rank(right);
     });
@@ -207,7 +207,7 @@ void Matching::take(std::size_t number)
         takeNote(bar, notes[note], _heardAs[number][note]);
 }
 
-void Matching::takeNote(const TimedBar &bar, const WrittenNote &note, PlayedNote *heard)
+void Matching::takeNote(const TimedBar &bar, const NotatedNote &note, PlayedNote *heard)
 {
     WrittenPlace place;
     place.bar = bar.time;
@@ -217,9 +217,9 @@ void Matching::takeNote(const TimedBar &bar, const WrittenNote &note, PlayedNote
     place.voice = note.voice;
     place.fifth = note.fifth;
     place.isGrace = note.isGrace;
-    place.hasTimes = place.hasEnd = note.kind != WrittenNote::Kind::Stroke;
+    place.hasTimes = place.hasEnd = note.kind != NotatedNote::Kind::Stroke;
     const MidiTime start = bar.time + note.onset;
-    if (note.kind == WrittenNote::Kind::Held) {
+    if (note.kind == NotatedNote::Kind::Held) {
         WrittenPlace *const before = heldUntil(note, start);
         if (before == nullptr)
             return;
@@ -246,10 +246,10 @@ void Matching::takeNote(const TimedBar &bar, const WrittenNote &note, PlayedNote
 }
 
 /// The note of its key that ends when it begins: of its voice, or of another one.
-WrittenPlace *Matching::heldUntil(const WrittenNote &note, MidiTime time)
+WrittenPlace *Matching::heldUntil(const NotatedNote &note, MidiTime time)
 {
     WrittenPlace *ofOther = nullptr;
-    for (std::size_t line = 0; line < WrittenBar::mostStaves * voiceCount; ++line) {
+    for (std::size_t line = 0; line < NotatedBar::mostStaves * voiceCount; ++line) {
         const std::int32_t number = _last[line * keyCount + note.key];
         if (number < 0)
             continue;
@@ -280,7 +280,7 @@ void Matching::letHeldNotesEnd(MidiTime time)
 
 } // namespace
 
-std::size_t matchWrittenBars(std::vector<TimedBar> bars, std::array<PlayedNotes, 16> &notes,
+std::size_t matchNotatedBars(std::vector<TimedBar> bars, std::array<PlayedNotes, 16> &notes,
                              std::vector<WrittenPlace> &places)
 {
     return Matching(std::move(bars), notes, places).match();

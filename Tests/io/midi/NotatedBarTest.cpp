@@ -95,7 +95,7 @@ void keepOnly(MidiTrack &track, const Keeps &keeps)
 
 } // namespace
 
-TEST(WrittenBar, scoresComeBackAsTheyWere)
+TEST(NotatedBar, scoresComeBackAsTheyWere)
 {
     const auto model = piece();
     for (const int ticks : {960, 480, 96}) {
@@ -113,7 +113,7 @@ TEST(WrittenBar, scoresComeBackAsTheyWere)
     }
 }
 
-TEST(WrittenBar, realScoresComeBackAsTheyWere)
+TEST(NotatedBar, realScoresComeBackAsTheyWere)
 {
     SKIP_WITHOUT_SCORES();
     for (const char *const name : {"ly-42a-two-voices.xml", "ly-43d-staff-change.xml",
@@ -137,7 +137,7 @@ TEST(WrittenBar, realScoresComeBackAsTheyWere)
     }
 }
 
-TEST(WrittenBar, barsThatWereChangedAreReadAnew)
+TEST(NotatedBar, barsThatWereChangedAreReadAnew)
 {
     const auto model = piece();
     auto file = fileOf(*model);
@@ -155,7 +155,7 @@ TEST(WrittenBar, barsThatWereChangedAreReadAnew)
     EXPECT_EQ(written(*imported.model, 2).size(), written(*model, 2).size() - 1);
 }
 
-TEST(WrittenBar, filesThatSayNothingHoldTheSameNotes)
+TEST(NotatedBar, filesThatSayNothingHoldTheSameNotes)
 {
     const auto model = piece();
     MidiExportOptions plain;
@@ -168,7 +168,7 @@ TEST(WrittenBar, filesThatSayNothingHoldTheSameNotes)
     EXPECT_EQ(MidiFileWriter().toBytes(file), MidiFileWriter().toBytes(said));
 }
 
-TEST(WrittenBar, whatIsBrokenIsPassedOver)
+TEST(NotatedBar, whatIsBrokenIsPassedOver)
 {
     const auto model = piece();
     const auto whole = fileOf(*model);
