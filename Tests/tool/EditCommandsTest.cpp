@@ -104,7 +104,7 @@ ring-throughout 2
 mute-strength 2 0.75
 property words-and-music Nobody
 title "The Saints"
-properties album Gospel "copyright" "nobody at all"
+set-properties album Gospel "copyright" "nobody at all"
 artist "The Band"
 page-text header-left "%Title%"
 concert-tone 442

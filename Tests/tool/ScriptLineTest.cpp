@@ -143,7 +143,8 @@ TEST(ScriptLine, musicIsReadInTheNotationOfMusicians)
 TEST(ScriptLine, completionOffersWhatFitsTheParameter)
 {
     EXPECT_EQ(completions("rep"),
-              (std::vector<std::string>{"repeat-beat", "repeat-end", "repeat-start", "replace"}));
+              (std::vector<std::string>{"repeat-bar", "repeat-beat", "repeat-end", "repeat-start",
+                                        "replace"}));
     EXPECT_EQ(completions("clef 1 t"), (std::vector<std::string>{"tenor", "treble"}));
     EXPECT_EQ(completions("events o"), (std::vector<std::string>{"off", "on"}));
     EXPECT_EQ(completions("help und"), (std::vector<std::string>{"undo"}));

@@ -88,7 +88,7 @@ const std::vector<Command> &scoreCommands()
          QStringLiteral("Set the title, the artist and so on."),
          QStringLiteral("Score::changeProperty"),
          setProperty},
-        {QStringLiteral("properties"),
+        {QStringLiteral("set-properties"),
          {{QStringLiteral("TEXTS"), Kind::NamedValues, Presence::Required, 0, 0,
            &propertyChoices()}},
          QStringLiteral("Set several of these in one step: title Blues artist Nobody."),
