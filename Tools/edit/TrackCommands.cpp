@@ -180,9 +180,7 @@ const std::vector<Command> &trackCommands()
     const auto choice = [](const char *name, const Choices &choices) {
         return Parameter{QLatin1String(name), Kind::Choice, Presence::Required, 0, 0, &choices};
     };
-    const auto text = [](const char *name) {
-        return Parameter{QLatin1String(name), Kind::Text};
-    };
+    const auto text = [](const char *name) { return Parameter{QLatin1String(name), Kind::Text}; };
     static const std::vector<Command> commands = {
         {QStringLiteral("add-track"),
          {{QStringLiteral("INSTRUMENT"), Kind::Instrument}, trackGap},
