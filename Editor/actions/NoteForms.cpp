@@ -25,11 +25,6 @@ struct Text {
     Q_DECLARE_TR_FUNCTIONS(NoteForms)
 };
 
-std::optional<QVariantMap> ask(const ActionContext &context, const Form &form)
-{
-    return context.window.editor().questions().askForm(&context.window, form);
-}
-
 /// In the order of `BendType`.
 QStringList bends()
 {

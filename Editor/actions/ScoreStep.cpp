@@ -71,6 +71,11 @@ Action numberStep(const char *id, const QString &text, const QString &label, int
     });
 }
 
+std::optional<QVariantMap> ask(const ActionContext &context, const Form &form)
+{
+    return context.window.editor().questions().askForm(&context.window, form);
+}
+
 QString plainText(QString text)
 {
     text.remove(QLatin1Char('&'));

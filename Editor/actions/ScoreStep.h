@@ -2,6 +2,11 @@
 #pragma once
 
 #include "actions/Action.h"
+#include "dialogs/Form.h"
+
+#include <QVariant>
+
+#include <optional>
 
 namespace zarn {
 class Score;
@@ -25,6 +30,9 @@ Action askedStep(const char *id, const QString &text, const char *keys,
 Action numberStep(const char *id, const QString &text, const QString &label, int least, int most,
                   std::function<int(const ActionContext &)> present,
                   std::function<bool(const ActionContext &, Score &, int)> set);
+
+/// The answers to a form; none when it is taken back.
+std::optional<QVariantMap> ask(const ActionContext &context, const Form &form);
 
 /// "&Palm mute..." as "Palm mute".
 QString plainText(QString text);

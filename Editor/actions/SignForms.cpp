@@ -25,11 +25,6 @@ struct Text {
     Q_DECLARE_TR_FUNCTIONS(SignForms)
 };
 
-std::optional<QVariantMap> ask(const ActionContext &context, const Form &form)
-{
-    return context.window.editor().questions().askForm(&context.window, form);
-}
-
 /// How far a sign holds.
 enum class Until { NextChange, SelectedBars, End };
 

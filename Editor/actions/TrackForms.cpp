@@ -26,11 +26,6 @@ struct Text {
 
 constexpr std::uint32_t rgb = 0xFFFFFF;
 
-std::optional<QVariantMap> ask(const ActionContext &context, const Form &form)
-{
-    return context.window.editor().questions().askForm(&context.window, form);
-}
-
 unsigned trackOf(const ActionContext &context)
 {
     return static_cast<unsigned>(std::max(context.document.cursor().trackIndex(), 0));

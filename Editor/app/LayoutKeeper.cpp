@@ -4,7 +4,6 @@
 #include "document/Document.h"
 #include "document/DocumentFiles.h"
 
-#include <ZarnCore/ZarnException.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
 #include <QFutureWatcher>
@@ -12,26 +11,12 @@
 
 #include <algorithm>
 #include <chrono>
-#include <functional>
 
 namespace zarn::editor {
 namespace {
 
 /// What a turn of the event loop may read. What is read within it is laid out as fast.
 constexpr std::chrono::milliseconds slice(10);
-
-/// What a user is told when work raises; nothing when it does not.
-QString problemOf(const std::function<void()> &work)
-{
-    try {
-        work();
-    } catch (const CoreException &problem) {
-        return QString::fromStdString(problem.message());
-    } catch (const std::exception &problem) {
-        return QString::fromLocal8Bit(problem.what());
-    }
-    return {};
-}
 
 } // namespace
 
@@ -85,7 +70,7 @@ void LayoutKeeper::goOn()
     if (_isLayingOut || !_session.isOutdated())
         return;
     bool isRead = false;
-    const QString problem = problemOf([&] { isRead = _session.read(slice); });
+    const QString problem = reasonOf([&] { isRead = _session.read(slice); });
     if (!problem.isEmpty()) {
         Q_EMIT _document.refused(problem);
         return;
@@ -109,7 +94,7 @@ void LayoutKeeper::startJob()
     });
     _isMuch = false;
     _isLayingOut = true;
-    watcher->setFuture(QtConcurrent::run([job] { return problemOf([&] { job->run(); }); }));
+    watcher->setFuture(QtConcurrent::run([job] { return reasonOf([&] { job->run(); }); }));
 }
 
 void LayoutKeeper::finishJob(const layout::LayoutJob &job, const QString &error)
@@ -130,7 +115,7 @@ void LayoutKeeper::bringUpToDate()
 {
     if (_layout != nullptr && !_isStale)
         return;
-    const QString problem = problemOf([this] { show(_session.update().layout); });
+    const QString problem = reasonOf([this] { show(_session.update().layout); });
     if (!problem.isEmpty())
         Q_EMIT _document.refused(problem);
 }

@@ -13,7 +13,6 @@
 #include <filesystem/DiskFileSystem.h>
 
 #include <exception>
-#include <functional>
 
 namespace zarn::editor {
 namespace {
@@ -83,7 +82,8 @@ void write(const ScoreModel &model, const QString &path, SavedFile &saved)
         exporter->write(model, *handle, saved.report);
 }
 
-/// What something raised, in the words for a user; empty when it raised nothing.
+} // namespace
+
 QString reasonOf(const std::function<void()> &work)
 {
     try {
@@ -95,8 +95,6 @@ QString reasonOf(const std::function<void()> &work)
     }
     return {};
 }
-
-} // namespace
 
 layout::LayoutOptions usualOptions(const ScoreModel &model)
 {

@@ -8,6 +8,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -16,6 +17,9 @@ class ScoreModel;
 }
 
 namespace zarn::editor {
+
+/// What work raised, in the words for a user; empty when it raised nothing. For any thread.
+QString reasonOf(const std::function<void()> &work);
 
 /// A file that was read. Without a model `error` says why.
 struct LoadedFile {

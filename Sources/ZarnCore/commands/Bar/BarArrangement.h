@@ -70,11 +70,6 @@ private:
     unsigned barCount() const noexcept { return _last - _first + 1 + _newBarCount; }
     Length lengthOf(unsigned bar) const;
 
-    const ScoreModel &_model;
-    unsigned _first;
-    unsigned _last;
-    unsigned _shift;
-    unsigned _newBarCount = 0;
     /// The last bar, of those that take the music, of whose start a condition holds that holds of
     /// no start behind one of which it does not.
     template <class Condition>
@@ -84,6 +79,11 @@ private:
         return static_cast<unsigned>(end - _barStarts.begin()) - 1;
     }
 
+    const ScoreModel &_model;
+    unsigned _first;
+    unsigned _last;
+    unsigned _shift;
+    unsigned _newBarCount = 0;
     std::vector<Length> _columns; ///< how long the music of each old bar is
     std::vector<Length> _columnStarts;
     std::vector<Length> _barStarts; ///< of all bars that take the music
