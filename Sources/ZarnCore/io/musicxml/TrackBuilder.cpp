@@ -226,16 +226,15 @@ std::shared_ptr<Track> makeTrack(InstrumentSet::Type type, const ListedPart &par
             track->setChosenNotations(notations);
     }
     // Frets that nobody wrote are not shown.
-    const bool hasTablature = std::any_of(facts.staves.begin(), facts.staves.end(), isTablature);
-    const bool hasNotes =
-        std::any_of(track->staves().begin(), track->staves().end(), [](const auto &staff) {
-            return anyNote(staff->bars(), [](const Note &) { return true; });
-        });
-    const bool hasStrings =
-        std::any_of(track->staves().begin(), track->staves().end(), [](const auto &staff) {
-            return anyNote(staff->bars(), [](const Note &note) { return note.string() >= 0; });
-        });
-    if (!hasTablature && hasNotes && !hasStrings && track->notations().tablature)
+    const auto hasAny = [&track](auto isWanted) {
+        return std::any_of(
+            track->staves().begin(), track->staves().end(),
+            [&isWanted](const auto &staff) { return anyNote(staff->bars(), isWanted); });
+    };
+    if (track->notations().tablature
+        && std::none_of(facts.staves.begin(), facts.staves.end(), isTablature)
+        && hasAny([](const Note &) { return true; })
+        && !hasAny([](const Note &note) { return note.string() >= 0; }))
         track->setChosenNotations(TrackNotations());
     track->setVolumePan({part.volume.value_or(1.0F), part.pan.value_or(0.0F)});
     if (part.program != ListedPart::NoProgram)
