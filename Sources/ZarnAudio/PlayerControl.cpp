@@ -52,18 +52,42 @@ bool PlayerControl::open(std::string *error)
 {
     close();
     if (_font.empty()) {
-        const auto font = findSoundFont(_settings.font, error);
-        if (font.empty() || !useFont(font, error))
+        if (!_loading.valid())
+            beginLoading(std::launch::deferred);
+        if (!takeLoaded(error))
             return false;
     }
     _isOpen = _output->open(_engine, _settings.rate, error);
     return _isOpen;
 }
 
+void PlayerControl::openLater()
+{
+    close();
+    _isOpening = true;
+    if (_font.empty() && !_loading.valid())
+        beginLoading(std::launch::async);
+}
+
+/// What was asked for meanwhile is kept.
+void PlayerControl::openWhenLoaded()
+{
+    using namespace std::chrono_literals;
+    if (_loading.valid() && _loading.wait_for(0s) != std::future_status::ready)
+        return;
+    const bool isPlayWaiting = _isPlayWaiting;
+    std::string error;
+    const bool isDone = open(&error);
+    _isPlayWaiting = isDone && isPlayWaiting;
+    if (!isDone && failed)
+        failed(error);
+}
+
 void PlayerControl::close() noexcept
 {
     _output->close();
     _isOpen = false;
+    _isOpening = false;
     // What was asked for is done here now.
     pause();
     std::array<float, 2 * 1024> fading;
@@ -129,9 +153,9 @@ PlayerControl::State PlayerControl::state() const
 
 void PlayerControl::play()
 {
-    if (!_program || !_isOpen)
+    if (!_program || (!_isOpen && !_isOpening))
         return;
-    if (_recordings.isBusy()) {
+    if (_isOpening || _recordings.isBusy()) {
         _isPlayWaiting = true;
         return;
     }
@@ -232,31 +256,60 @@ std::optional<PlayerControl::PlayPlace> PlayerControl::place() const
     return _program ? _program->plan.placeAt(second() + half) : std::nullopt;
 }
 
-std::shared_ptr<Instrument> PlayerControl::makeInstrument(const PlanSound *sound) const
+Synthesizer::Settings PlayerControl::synthesizerSettings() const
 {
     Synthesizer::Settings settings;
     settings.rate = _settings.rate;
     settings.channels = Synthesizer::mostChannels;
     settings.hasReverb = settings.hasChorus = _settings.hasReverb;
-    return std::make_shared<Instrument>(settings, banksOf(sound),
-                                        _program ? _program->master : MasterSound());
+    return settings;
 }
 
-std::vector<std::string> PlayerControl::banksOf(const PlanSound *sound)
+std::shared_ptr<Instrument> PlayerControl::makeInstrument(const PlanSound &sound) const
+{
+    return std::make_shared<Instrument>(synthesizerSettings(), banksOf(sound), _program->master);
+}
+
+std::vector<std::string> PlayerControl::banksOf(const PlanSound &sound)
 {
     std::vector<std::string> banks(Synthesizer::mostChannels);
-    for (std::size_t i = 0; sound != nullptr && i < sound->channels().size(); ++i)
-        banks[i] = sound->channels()[i].bank;
+    for (std::size_t i = 0; i < sound.channels().size(); ++i)
+        banks[i] = sound.channels()[i].bank;
     return banks;
 }
 
-bool PlayerControl::useFont(const std::string &font, std::string *error)
+PlayerControl::LoadedFont PlayerControl::loadFont(const std::string &wanted,
+                                                  const Synthesizer::Settings &settings,
+                                                  const MasterSound &master)
 {
-    auto instrument = makeInstrument(nullptr);
-    if (!instrument->synthesizer.loadFont(font, error))
+    LoadedFont loaded;
+    loaded.path = findSoundFont(wanted, &loaded.error);
+    if (loaded.path.empty())
+        return loaded;
+    auto instrument = std::make_shared<Instrument>(
+        settings, std::vector<std::string>(Synthesizer::mostChannels), master);
+    if (instrument->synthesizer.loadFont(loaded.path, &loaded.error))
+        loaded.instrument = std::move(instrument);
+    return loaded;
+}
+
+void PlayerControl::beginLoading(std::launch launch)
+{
+    _loading = std::async(launch, loadFont, _settings.font, synthesizerSettings(),
+                          _program ? _program->master : MasterSound());
+}
+
+/// Waits for the font when it is on its way.
+bool PlayerControl::takeLoaded(std::string *error)
+{
+    LoadedFont loaded = _loading.get();
+    if (loaded.instrument == nullptr) {
+        if (error != nullptr)
+            *error = loaded.error;
         return false;
-    _font = font;
-    _instrument = std::move(instrument);
+    }
+    _font = loaded.path;
+    _instrument = std::move(loaded.instrument);
     perform(0);
     return true;
 }
@@ -378,8 +431,8 @@ void PlayerControl::perform(double shift)
     const double now = second();
     for (;;) {
         const PlanSound sound = _banks.soundOf(_program->plan, bankOfNote);
-        if (_instrument->banks != banksOf(&sound) || !_instrument->hasReverbOf(_program->master)) {
-            auto instrument = makeInstrument(&sound);
+        if (_instrument->banks != banksOf(sound) || !_instrument->hasReverbOf(_program->master)) {
+            auto instrument = makeInstrument(sound);
             // The font could be read before.
             instrument->synthesizer.loadFont(_font, nullptr);
             if (!_banks.load(instrument->synthesizer, sound))
@@ -431,6 +484,8 @@ void PlayerControl::joinRecordings()
 
 void PlayerControl::poll()
 {
+    if (_isOpening)
+        openWhenLoaded();
     if (_hasChanged) {
         _hasChanged = false;
         if (const auto model = _followed.lock())
@@ -438,7 +493,7 @@ void PlayerControl::poll()
     }
     if (_recordings.hasCome())
         joinRecordings();
-    if (_isPlayWaiting && !_recordings.isBusy()) {
+    if (_isPlayWaiting && !_isOpening && !_recordings.isBusy()) {
         _isPlayWaiting = false;
         play();
     }

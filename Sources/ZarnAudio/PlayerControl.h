@@ -9,6 +9,7 @@
 #include <ZarnCore/utils/SignalBase.h>
 
 #include <deque>
+#include <future>
 #include <memory>
 #include <optional>
 #include <string>
@@ -37,8 +38,10 @@ public:
     PlayerControl(const Settings &settings, std::unique_ptr<AudioOutput> output);
     ~PlayerControl() { close(); }
     bool open(std::string *error);
+    void openLater();
     void close() noexcept;
     bool isOpen() const noexcept { return _isOpen; }
+    bool isOpening() const noexcept { return _isOpening; }
     void setScore(const zarn::ScoreModel &model, const zarn::playback::PlanOptions &options);
     void follow(zarn::Score &score);
 
@@ -84,9 +87,20 @@ public:
     std::function<void(const std::string &)> failed;
 
 private:
-    std::shared_ptr<Instrument> makeInstrument(const PlanSound *sound) const;
-    static std::vector<std::string> banksOf(const PlanSound *sound);
-    bool useFont(const std::string &font, std::string *error);
+    /// A font that was read, or why it could not be.
+    struct LoadedFont {
+        std::string path;
+        std::shared_ptr<Instrument> instrument; ///< null when it could not be read
+        std::string error;
+    };
+    static LoadedFont loadFont(const std::string &wanted, const Synthesizer::Settings &settings,
+                               const MasterSound &master);
+    void beginLoading(std::launch launch);
+    bool takeLoaded(std::string *error);
+    void openWhenLoaded();
+    std::shared_ptr<Instrument> makeInstrument(const PlanSound &sound) const;
+    Synthesizer::Settings synthesizerSettings() const;
+    static std::vector<std::string> banksOf(const PlanSound &sound);
     void program(const zarn::ScoreModel &model);
     void perform(double shift);
     void joinRecordings();
@@ -107,12 +121,14 @@ private:
     std::unique_ptr<AudioOutput> _output;
     PlayerEngine _engine;
     bool _isOpen = false;
+    bool _isOpening = false;
+    std::future<LoadedFont> _loading; ///< until the font was taken
     std::deque<PlayerCommand> _waiting;
 
     Soundbanks _banks; ///< outlive the instruments
     std::string _font; ///< that was loaded
     LateRecordings _recordings;
-    bool _isPlayWaiting = false; ///< for recordings
+    bool _isPlayWaiting = false; ///< for the font or for recordings
     std::shared_ptr<Instrument> _instrument;
     std::shared_ptr<const Program> _program;
     std::vector<std::unique_ptr<const Performance>> _performances; ///< the engine has some of them

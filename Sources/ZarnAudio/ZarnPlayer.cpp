@@ -24,6 +24,11 @@ bool Player::open(std::string *error)
     return _control->open(error);
 }
 
+void Player::openLater()
+{
+    _control->openLater();
+}
+
 void Player::close() noexcept
 {
     _control->close();
@@ -32,6 +37,11 @@ void Player::close() noexcept
 bool Player::isOpen() const noexcept
 {
     return _control->isOpen();
+}
+
+bool Player::isOpening() const noexcept
+{
+    return _control->isOpening();
 }
 
 void Player::setScore(const zarn::ScoreModel &model, const zarn::playback::PlanOptions &options)

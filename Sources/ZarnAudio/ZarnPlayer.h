@@ -51,8 +51,16 @@ public:
     /// Loads the font and opens the device; false with the reason, for a user to read. Needed once,
     /// and again after the device was lost.
     bool open(std::string *error);
+
+    /// The same without waiting: the font is loaded on a thread of its own, and a later `poll`
+    /// opens the device, or says in the failed callback why not. What is asked for meanwhile is
+    /// done then; `play` too.
+    void openLater();
     void close() noexcept;
     bool isOpen() const noexcept;
+
+    /// Whether `openLater` is still at work.
+    bool isOpening() const noexcept;
 
     /// What is played from now on. While it plays, the music goes on at the place where it is.
     /// Tracks are muted and solo as the model has them, unless everything is to be heard.
@@ -128,7 +136,7 @@ public:
 
     void setFinishedCallback(std::function<void()> callback);
 
-    /// The device was lost, and the player is closed.
+    /// The device was lost, or could not be opened later; the player is closed.
     void setFailedCallback(std::function<void(const std::string &)> callback);
 
     void poll();
