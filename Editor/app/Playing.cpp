@@ -4,7 +4,6 @@
 #include "document/Document.h"
 
 #include <ZarnAudio/ZarnPlayer.h>
-#include <ZarnCore/ZarnException.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
 #include <algorithm>
@@ -35,30 +34,21 @@ bool Playing::isPlaying() const
     return _player != nullptr && _player->state() != Player::State::Stopped;
 }
 
-bool Playing::open()
+void Playing::open()
 {
-    if (_player != nullptr && _player->isOpen())
-        return true;
-    std::string error;
-    try {
-        if (_player == nullptr)
-            _player = std::make_unique<Player>(Player::Settings());
-        if (_player->open(&error)) {
-            _player->setMetronome(_hasMetronome);
-            _player->setSpeed(_speed);
-            _player->setFinishedCallback([this] { stop(); });
-            _player->setFailedCallback([this](const std::string &reason) {
-                Q_EMIT failed(QString::fromStdString(reason));
-                stop();
-            });
-            _player->follow(_document.listenedScore());
-            return true;
-        }
-    } catch (const CoreException &problem) {
-        error = problem.message();
+    if (_player == nullptr) {
+        _player = std::make_unique<Player>(Player::Settings());
+        _player->setFinishedCallback([this] { stop(); });
+        _player->setFailedCallback([this](const std::string &reason) {
+            Q_EMIT failed(QString::fromStdString(reason));
+            stop();
+        });
+        _player->setMetronome(_hasMetronome);
+        _player->setSpeed(_speed);
+        _player->follow(_document.listenedScore());
     }
-    Q_EMIT failed(QString::fromStdString(error));
-    return false;
+    if (!_player->isOpen() && !_player->isOpening())
+        _player->openLater();
 }
 
 void Playing::playOrPause()
@@ -70,8 +60,7 @@ void Playing::playOrPause()
         Q_EMIT stateChanged();
         return;
     }
-    if (!open())
-        return;
+    open();
     applyLoop();
     const ScoreModelIndex &place = _document.cursor();
     if (!_isPaused && place.isBarValid() && !_isLooping)

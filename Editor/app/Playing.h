@@ -18,8 +18,8 @@ namespace zarn::editor {
 
 class Document;
 
-/// Plays a document on the sound device, with every edit of it. The device is opened when something
-/// is played first.
+/// Plays a document on the sound device, with every edit of it. The font is read and the
+/// device is opened when something is played first, while the window goes on.
 class Playing : public QObject {
     Q_OBJECT
 public:
@@ -52,7 +52,7 @@ Q_SIGNALS:
     void failed(const QString &message);
 
 private:
-    bool open();
+    void open();
     void poll();
     void applyLoop();
 
