@@ -110,8 +110,10 @@ void addBends(RowDraft &row, const SystemDraft &draft)
         const PlacedChord *next = nextChord(row, i);
         const auto &points = details->whammyBar.curve.points();
         const double left = chord.headCentre();
+        const double barEnd = draft.bars[chord.shownBar - draft.first].right - 0.3;
         const double right =
-            std::max(std::min(next ? next->x - 0.5 : draft.right - 0.5, left + 8), left + 2);
+            std::min(std::max(std::min(next ? next->x - 0.5 : barEnd, left + 8), left + 2),
+                     std::max(barEnd, left + 0.8));
         int extreme = 0;
         for (const CurvePoint &point : points)
             if (std::abs(point.value) > std::abs(extreme))

@@ -15,12 +15,13 @@ namespace zarn::engraving {
 
 namespace {
 
-constexpr double gapInStaff = 3.5;  ///< between notation and tablature of a staff
-constexpr double gapInTrack = 4.8;  ///< between staves of a track
-constexpr double gapInScore = 5.0;  ///< between tracks
-constexpr double levelWidth = 1.35; ///< of brackets around brackets
-constexpr double inkGap = 0.6;      ///< between ink of neighbouring rows
-constexpr double loosest = 1.35;    ///< factor of a last line that is still drawn out
+constexpr double gapInStaff = 3.5;    ///< between notation and tablature of a staff
+constexpr double gapInTrack = 4.8;    ///< between staves of a track
+constexpr double gapInScore = 5.0;    ///< between tracks
+constexpr double levelWidth = 1.35;   ///< of brackets around brackets
+constexpr double inkGap = 0.6;        ///< between ink of neighbouring rows
+constexpr double mostSqueezed = 0.75; ///< of the least width of several bars
+constexpr double loosest = 1.35;      ///< factor of a last line that is still drawn out
 
 /// Tracks of the rows that a bracket or brace joins.
 struct Joining {
@@ -148,6 +149,7 @@ BuiltSystem SystemBuilder::build(unsigned first, unsigned end, double width, boo
         system.below = draft.rows.back().below;
         system.lastRow = draft.rows.back().y;
     }
+    system.right = draft.right;
     system.bare = {draft.staffLeft, system.above, system.top};
     const BarNumber number(_score.number(first), system.bare, _pen);
     if (number.isShown() && !draft.rows.empty()) {
@@ -224,9 +226,11 @@ void SystemBuilder::placeBars(SystemDraft &draft, double width, bool isJustified
         factor = 1.1;
     std::vector<double> places = line.places(factor);
     if (isJustified && places.back() > room + 1e-6) {
-        // More ink than the line holds: everything moves together, and it is said.
+        // More ink than the line holds: everything moves together as far as it can be read, and it
+        // is said. Beyond that the sheet gets wider.
+        const double least = draft.end - draft.first > 1 ? mostSqueezed : 1;
         const double squeeze =
-            std::max(0.0, room - head.width) / std::max(1e-9, places.back() - head.width);
+            std::max(least, (room - head.width) / std::max(1e-9, places.back() - head.width));
         for (double &place : places)
             if (place > head.width)
                 place = head.width + (place - head.width) * squeeze;
@@ -236,6 +240,12 @@ void SystemBuilder::placeBars(SystemDraft &draft, double width, bool isJustified
     }
     for (double &place : places)
         place += draft.staffLeft;
+    const double needed = places.back() + tail.width;
+    if (needed > width)
+        for (RowDraft &row : draft.rows) {
+            row.above = Skyline(needed, 0);
+            row.below = Skyline(needed, row.row->height());
+        }
     placeJoint(draft, head, draft.staffLeft, draft.first);
     draft.musicLeft = draft.staffLeft + head.width;
     std::size_t column = 1;

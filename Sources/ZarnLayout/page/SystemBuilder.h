@@ -24,6 +24,7 @@ struct BuiltSystem {
     std::shared_ptr<const layout::SystemDrawing> drawing;
     double top = 0;                ///< above, positive
     double bottom = 0;             ///< below
+    double right = 0;              ///< of its last line
     Skyline above = Skyline(0, 0); ///< of the first row
     Skyline below = Skyline(0, 0); ///< of the last row
     double lastRow = 0;            ///< y of the top line of the last row

@@ -37,6 +37,15 @@ void growFor(LayoutPage &page, const BuiltSystem &system, double above, const Sh
                                + boundedLength(4 * sheet.space));
 }
 
+/// The same for one that is wider than its line.
+void growFor(LayoutPage &page, const BuiltSystem &system, const Sheet &sheet)
+{
+    if (system.right > sheet.width)
+        page.width = std::max(page.width,
+                              page.leftMargin + page.rightMargin
+                                  + boundedLength(std::ceil(system.right * sheet.space)));
+}
+
 std::vector<SystemHeight> heightsOf(const std::vector<ShownSystem> &systems)
 {
     std::vector<SystemHeight> heights;
@@ -95,11 +104,13 @@ std::vector<LayoutPage> PageMaker::make(const ScoreSource &source, const Sheet &
         if (i < filled.size()) {
             const double above = i == 0 ? title : header;
             page.systems.reserve(filled[i].places.size());
-            for (unsigned s = filled[i].first; s < filled[i].end; ++s)
+            for (unsigned s = filled[i].first; s < filled[i].end; ++s) {
+                growFor(page, *systems[s].built, sheet);
                 page.systems.push_back(
                     {systems[s].built->drawing,
                      {fromSpaces(left),
                       fromSpaces(top + above + filled[i].places[s - filled[i].first])}});
+            }
             if (filled[i].isTooTall) {
                 const ShownSystem &system = systems[filled[i].first];
                 MarkPlace place;
@@ -123,6 +134,8 @@ std::vector<LayoutPage> PageMaker::fillSheet(const ScoreSource &source, const Sh
     double width = 0;
     for (const ShownSystem &system : systems) {
         const BuiltSystem &built = *system.built;
+        if (source.view != ViewLayout::SingleLine)
+            growFor(page, built, sheet);
         page.systems.push_back({built.drawing, {fromSpaces(left), fromSpaces(y + built.top)}});
         y += built.top + built.bottom + systemGap + 2;
         if (source.view == ViewLayout::SingleLine)
