@@ -21,6 +21,8 @@ namespace {
 using namespace zarn;
 using namespace zarn::layout;
 
+constexpr int userSpace = 128; ///< user units of a staff space
+
 /// One sheet of the sample, parsed.
 class SvgWriterTest : public testing::Test {
 protected:
@@ -54,22 +56,22 @@ TEST_F(SvgWriterTest, everyMarkSaysWhatItDrawsAndWhere)
 {
     write(0, SvgText::Outlines);
     EXPECT_STREQ(root().attribute("width").value(), "210mm");
-    EXPECT_STREQ(root().attribute("viewBox").value(), "0 0 122880 173787");
+    EXPECT_STREQ(root().attribute("viewBox").value(), "0 0 15360 21723");
     EXPECT_STREQ(root().child_value("title"), "A Study");
 
     const auto head = markOf("noteHead", "0,2,0,0,0,0");
     EXPECT_STREQ(head.name(), "use");
     EXPECT_STREQ(head.attribute("xlink:href").value(), "#noteheadBlack");
-    EXPECT_EQ(head.attribute("x").as_int(), 8 * staffSpace);
-    EXPECT_STREQ(head.parent().attribute("transform").value(), "translate(10240 25600)");
+    EXPECT_EQ(head.attribute("x").as_int(), 8 * userSpace);
+    EXPECT_STREQ(head.parent().attribute("transform").value(), "translate(1280 3200)");
     EXPECT_STREQ(markOf("noteHead", "0,2,0,0,1,1").attribute("transform").value(),
-                 "translate(22528 1024) scale(0.7002 0.7002)");
+                 "translate(2816 128) scale(0.7002 0.7002)");
     EXPECT_STREQ(markOf("arpeggio", "0,2,0,0,1").attribute("transform").value(),
-                 "translate(20480 4096) rotate(-90) scale(1 1)");
+                 "translate(2560 512) rotate(-90) scale(1 1)");
     EXPECT_STREQ(markOf("clef", "0,2,0").attribute("xlink:href").value(), "#gClef");
     EXPECT_STREQ(markOf("fret", "0,2,0,0,1,0").attribute("data-text").value(), "12");
     EXPECT_STREQ(markOf("lyric", "0,2,0,0,1").attribute("data-text").value(), "Größe & <AVA>");
-    EXPECT_STREQ(markOf("stem", "0,2,0,0,0").attribute("d").value(), "M9154 2048v-3584h123v3584z");
+    EXPECT_STREQ(markOf("stem", "0,2,0,0,0").attribute("d").value(), "M1144 256v-448h15v448");
 
     // As many marks as the layout has, lines of one place in one, and a symbol for each glyph,
     // once.
@@ -111,7 +113,7 @@ TEST_F(SvgWriterTest, charactersThatTheFontLacksStayCharacters)
     const auto lyric = markOf("lyric", "0,2,0,0,0");
     EXPECT_STREQ(lyric.name(), "text");
     EXPECT_STREQ(lyric.child_value(), "日本 \uFFFD") << "a control character is no XML";
-    EXPECT_GT(lyric.attribute("textLength").as_int(), 4 * staffSpace);
+    EXPECT_GT(lyric.attribute("textLength").as_int(), 4 * userSpace);
 
     write(1, SvgText::Characters);
     const auto fret = markOf("fret", "0,2,0,0,1,0");

@@ -38,9 +38,16 @@ QString decimal(double value)
     return text;
 }
 
+/// What is drawn at a point, whose units are the layout's.
 QString translated(Point by)
 {
-    return QStringLiteral("translate(%1 %2)").arg(by.x).arg(by.y);
+    const Point user = inUserUnits(by);
+    return QStringLiteral("translate(%1 %2)").arg(user.x).arg(user.y);
+}
+
+QString number(Unit length)
+{
+    return QString::number(inUserUnits(length));
 }
 
 /// "0,3,0,0,2": what stands behind the last number that applies is left out.
@@ -60,22 +67,30 @@ QString placeText(const DrawPlace &place)
     return text;
 }
 
+/// The marks of a beat stand in one line of the file.
+bool isOfOneBeat(const DrawPlace &left, const DrawPlace &right)
+{
+    return left.track == right.track && left.bar == right.bar && left.staff == right.staff
+        && left.voice == right.voice && left.beat == right.beat;
+}
+
 /// One that is drawn as a filled shape.
 bool isPlainLine(const DrawMark &mark)
 {
     return mark.shape == MarkShape::Line && mark.detail == 0 && mark.cap == LineCap::Flat;
 }
 
-/// Font units to units of the layout; SMuFL's em is four staff spaces, and fonts grow upwards.
+/// Font units to user units; SMuFL's em is four staff spaces, and fonts grow upwards.
 QString musicSymbolTransform(const FontOutlines &font)
 {
-    const double scale = 4.0 * staffSpace / font.unitsPerEm();
+    const double scale = 4.0 * staffSpace / unitsPerUserUnit / font.unitsPerEm();
     return QStringLiteral("scale(%1 -%1)").arg(decimal(scale));
 }
 
 QString textScale(TextFace face, Unit size)
 {
-    const double scale = static_cast<double>(size) / FontOutlines::text(face).unitsPerEm();
+    const double scale =
+        static_cast<double>(size) / unitsPerUserUnit / FontOutlines::text(face).unitsPerEm();
     return QStringLiteral("scale(%1 -%1)").arg(decimal(scale));
 }
 
@@ -83,6 +98,16 @@ QString textScale(TextFace face, Unit size)
 bool isOneGlyph(const std::vector<SetGlyph> &set)
 {
     return set.size() == 1 && set.front().x == 0 && set.front().y == 0;
+}
+
+/// How thick ledger lines are; 0 where there are none.
+Unit ledgerOf(const DrawList &list)
+{
+    const auto &marks = list.marks();
+    const auto ledger = std::find_if(marks.begin(), marks.end(), [](const DrawMark &mark) {
+        return mark.kind == MarkKind::LedgerLine;
+    });
+    return ledger == marks.end() ? 0 : ledger->thickness;
 }
 
 /// Pieces of horizontal lines of one thickness: the lines of a staff, cut where frets stand.
@@ -116,8 +141,8 @@ QByteArray SvgPage::write()
                         decimal(_page.height / 1000.0) + QStringLiteral("mm"));
     _xml.writeAttribute(QStringLiteral("viewBox"),
                         QStringLiteral("0 0 %1 %2")
-                            .arg(_layout.fromMicrometres(_page.width))
-                            .arg(_layout.fromMicrometres(_page.height)));
+                            .arg(number(_layout.fromMicrometres(_page.width)),
+                                 number(_layout.fromMicrometres(_page.height))));
     if (!_layout.title().empty())
         _xml.writeTextElement(QStringLiteral("title"), xmlText(_layout.title()));
     writeSymbols();
@@ -131,7 +156,11 @@ QByteArray SvgPage::write()
         _xml.writeStartElement(QStringLiteral("g"));
         _xml.writeAttribute(QStringLiteral("class"), QStringLiteral("system"));
         _xml.writeAttribute(QStringLiteral("transform"), translated(system.at));
+        _usualStroke = ledgerOf(system.drawing->marks);
+        if (_usualStroke > 0)
+            _xml.writeAttribute(QStringLiteral("stroke-width"), number(_usualStroke));
         writeList(system.drawing->marks);
+        _usualStroke = 0;
         _xml.writeEndElement();
     }
     _xml.writeCharacters(QStringLiteral("\n"));
@@ -213,7 +242,8 @@ void SvgPage::writeList(const DrawList &list)
     const std::vector<DrawMark> &marks = list.marks();
     for (std::size_t i = 0; i < marks.size(); ++i) {
         const DrawMark &mark = marks[i];
-        _xml.writeCharacters(QStringLiteral("\n"));
+        if (i == 0 || !isOfOneBeat(mark.place, marks[i - 1].place))
+            _xml.writeCharacters(QStringLiteral("\n"));
         switch (mark.shape) {
         case MarkShape::Glyph:
             writeGlyph(mark);
@@ -263,8 +293,8 @@ void SvgPage::writeUse(const QString &id, Point at, const QString &transform)
     _xml.writeEmptyElement(QStringLiteral("use"));
     _xml.writeAttribute(QStringLiteral("xlink:href"), QLatin1Char('#') + id);
     if (transform.isEmpty()) {
-        _xml.writeAttribute(QStringLiteral("x"), QString::number(at.x));
-        _xml.writeAttribute(QStringLiteral("y"), QString::number(at.y));
+        _xml.writeAttribute(QStringLiteral("x"), number(at.x));
+        _xml.writeAttribute(QStringLiteral("y"), number(at.y));
     } else {
         _xml.writeAttribute(QStringLiteral("transform"), transform);
     }
@@ -273,7 +303,8 @@ void SvgPage::writeUse(const QString &id, Point at, const QString &transform)
 void SvgPage::writeLines(const DrawMark *lines, std::size_t count, bool areLevel)
 {
     // As shapes; many level ones are shorter as strokes.
-    constexpr std::size_t many = 3;
+    const bool isUsual = lines->thickness == _usualStroke;
+    const std::size_t many = isUsual ? 2 : 5;
     const bool areStrokes = areLevel && count >= many;
     _xml.writeEmptyElement(QStringLiteral("path"));
     QString data;
@@ -285,7 +316,8 @@ void SvgPage::writeLines(const DrawMark *lines, std::size_t count, bool areLevel
     _xml.writeAttribute(QStringLiteral("d"), data);
     if (areStrokes) {
         _xml.writeAttribute(QStringLiteral("stroke"), QStringLiteral("#000"));
-        _xml.writeAttribute(QStringLiteral("stroke-width"), QString::number(lines->thickness));
+        if (!isUsual)
+            _xml.writeAttribute(QStringLiteral("stroke-width"), number(lines->thickness));
     }
     writeMeaning(*lines);
 }
@@ -295,12 +327,13 @@ void SvgPage::writeDashes(const DrawMark &mark)
     _xml.writeEmptyElement(QStringLiteral("path"));
     _xml.writeAttribute(
         QStringLiteral("d"),
-        QStringLiteral("M%1 %2L%3 %4").arg(mark.at.x).arg(mark.at.y).arg(mark.to.x).arg(mark.to.y));
+        QStringLiteral("M%1 %2L%3 %4")
+            .arg(number(mark.at.x), number(mark.at.y), number(mark.to.x), number(mark.to.y)));
     _xml.writeAttribute(QStringLiteral("stroke"), QStringLiteral("#000"));
-    _xml.writeAttribute(QStringLiteral("stroke-width"), QString::number(mark.thickness));
+    _xml.writeAttribute(QStringLiteral("stroke-width"), number(mark.thickness));
     if (mark.detail != 0)
         _xml.writeAttribute(QStringLiteral("stroke-dasharray"),
-                            QStringLiteral("%1 %2").arg(mark.detail).arg(mark.gap));
+                            QStringLiteral("%1 %2").arg(number(mark.detail), number(mark.gap)));
     if (mark.cap == LineCap::Round)
         _xml.writeAttribute(QStringLiteral("stroke-linecap"), QStringLiteral("round"));
     writeMeaning(mark);
@@ -313,7 +346,7 @@ void SvgPage::writePath(const DrawList &list, const DrawMark &mark)
     if (mark.thickness != 0) {
         _xml.writeAttribute(QStringLiteral("fill"), QStringLiteral("none"));
         _xml.writeAttribute(QStringLiteral("stroke"), QStringLiteral("#000"));
-        _xml.writeAttribute(QStringLiteral("stroke-width"), QString::number(mark.thickness));
+        _xml.writeAttribute(QStringLiteral("stroke-width"), number(mark.thickness));
     }
     writeMeaning(mark);
 }
@@ -365,16 +398,17 @@ void SvgPage::writeText(const DrawList &list, const DrawMark &mark)
 /// thinks it is.
 void SvgPage::writeCharacters(const DrawList::Text &text, const QString &characters, Point at)
 {
-    _xml.writeAttribute(QStringLiteral("x"), QString::number(at.x));
-    _xml.writeAttribute(QStringLiteral("y"), QString::number(at.y));
+    _xml.writeAttribute(QStringLiteral("x"), number(at.x));
+    _xml.writeAttribute(QStringLiteral("y"), number(at.y));
     _xml.writeAttribute(QStringLiteral("font-family"), QStringLiteral("Edwin, serif"));
-    _xml.writeAttribute(QStringLiteral("font-size"), QString::number(text.style.size));
+    _xml.writeAttribute(QStringLiteral("font-size"),
+                        decimal(static_cast<double>(text.style.size) / unitsPerUserUnit));
     if (text.style.face == TextFace::Italic || text.style.face == TextFace::BoldItalic)
         _xml.writeAttribute(QStringLiteral("font-style"), QStringLiteral("italic"));
     if (text.style.face == TextFace::Bold || text.style.face == TextFace::BoldItalic)
         _xml.writeAttribute(QStringLiteral("font-weight"), QStringLiteral("bold"));
     if (text.advance > 0) {
-        _xml.writeAttribute(QStringLiteral("textLength"), QString::number(text.advance));
+        _xml.writeAttribute(QStringLiteral("textLength"), number(text.advance));
         _xml.writeAttribute(QStringLiteral("lengthAdjust"), QStringLiteral("spacingAndGlyphs"));
     }
     _xml.writeAttribute(QStringLiteral("xml:space"), QStringLiteral("preserve"));

@@ -42,6 +42,7 @@ private:
     const Layout &_layout;
     const LayoutPage &_page;
     SvgText _text;
+    Unit _usualStroke = 0; ///< that the group around has; 0 for none
     QByteArray _bytes;
     QXmlStreamWriter _xml;
     std::set<GlyphId> _glyphs;

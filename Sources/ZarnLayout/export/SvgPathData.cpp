@@ -3,6 +3,7 @@
 
 #include <ZarnLayout/draw/PathWalk.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace zarn::layout {
@@ -16,6 +17,7 @@ public:
         const Point from = _isFirst ? Point() : _last;
         _isFirst = false;
         _isFresh = true;
+        _isBehindCurve = false;
         add(point.x - from.x);
         add(point.y - from.y);
         _last = _start = point;
@@ -26,11 +28,9 @@ public:
         if (point == _last)
             return;
         if (point.y == _last.y) {
-            command('h');
-            add(point.x - _last.x);
+            straight('h', 'H', point.x, _last.x);
         } else if (point.x == _last.x) {
-            command('v');
-            add(point.y - _last.y);
+            straight('v', 'V', point.y, _last.y);
         } else {
             command('l');
             add(point.x - _last.x);
@@ -41,12 +41,16 @@ public:
 
     void curve(Point first, Point second, Point end)
     {
-        command('c');
-        for (const Point &point : {first, second, end}) {
-            add(point.x - _last.x);
-            add(point.y - _last.y);
-        }
+        // One that goes on as smoothly as the last one ended does not repeat its first handle.
+        const bool isSmooth = _isBehindCurve && first - _last == _last - _handle;
+        command(isSmooth ? 's' : 'c');
+        if (!isSmooth)
+            addStep(first);
+        addStep(second);
+        addStep(end);
         _last = end;
+        _handle = second;
+        _isBehindCurve = true;
     }
 
     void close()
@@ -69,6 +73,21 @@ private:
     {
         _text += QLatin1Char(letter);
         _isFresh = true;
+        _isBehindCurve = false;
+    }
+
+    /// As far as it goes, or to where, whichever is shorter.
+    void straight(char step, char place, Unit to, Unit from)
+    {
+        const bool isStep = QString::number(to - from).size() <= QString::number(to).size();
+        command(isStep ? step : place);
+        add(isStep ? to - from : to);
+    }
+
+    void addStep(Point to)
+    {
+        add(to.x - _last.x);
+        add(to.y - _last.y);
     }
 
     /// A minus parts numbers by itself.
@@ -83,11 +102,23 @@ private:
     QString _text;
     Point _last;
     Point _start;
+    Point _handle; ///< the second of the last curve
+    bool _isBehindCurve = false;
     bool _isFirst = true;
     bool _isFresh = true;
 };
 
 } // namespace
+
+Unit inUserUnits(Unit length) noexcept
+{
+    return static_cast<Unit>(std::lround(static_cast<double>(length) / unitsPerUserUnit));
+}
+
+Point inUserUnits(Point point) noexcept
+{
+    return {inUserUnits(point.x), inUserUnits(point.y)};
+}
 
 QString svgPathData(const GlyphOutline &outline)
 {
@@ -102,7 +133,7 @@ QString svgPathData(const DrawList &list, const DrawMark &path)
     const DrawList::Path &outline = list.path(path);
     return PathText().of(list.verbs().data() + outline.firstVerb, outline.verbCount,
                          [points = list.points().data() + outline.firstPoint](std::size_t index) {
-                             return points[index];
+                             return inUserUnits(points[index]);
                          });
 }
 
@@ -111,33 +142,41 @@ QString svgStrokeData(const DrawMark *lines, std::size_t count)
     QString data;
     Point last;
     for (std::size_t i = 0; i < count; ++i) {
-        const DrawMark &line = lines[i];
-        data += i == 0 ? QStringLiteral("M%1 %2").arg(line.at.x).arg(line.at.y)
-                       : QStringLiteral("m%1 %2").arg(line.at.x - last.x).arg(line.at.y - last.y);
-        data += QStringLiteral("h%1").arg(line.to.x - line.at.x);
-        last = line.to;
+        // There and back again: the way from one to the next is short.
+        const bool goesBack = i % 2 == 1;
+        const Point from = inUserUnits(goesBack ? lines[i].to : lines[i].at);
+        const Point to = inUserUnits(goesBack ? lines[i].at : lines[i].to);
+        const Point step = from - last;
+        data += QStringLiteral("%1%2%3%4h%5")
+                    .arg(i == 0 ? QLatin1Char('M') : QLatin1Char('m'))
+                    .arg(step.x)
+                    .arg(step.y < 0 ? QString() : QStringLiteral(" "))
+                    .arg(step.y)
+                    .arg(to.x - from.x);
+        last = to;
     }
     return data;
 }
 
 QString svgLineData(const DrawMark &line)
 {
-    const double length = std::hypot(line.to.x - line.at.x, line.to.y - line.at.y);
+    const Point at = inUserUnits(line.at);
+    const Point to = inUserUnits(line.to);
+    const Unit thickness = std::max<Unit>(1, inUserUnits(line.thickness));
+    const double length = std::hypot(to.x - at.x, to.y - at.y);
     if (length == 0)
         return {};
     // Half the thickness across the line, to its left; the other side gets what rounding left.
-    const double half = line.thickness / 2.0;
-    const Point left{static_cast<Unit>(std::floor((line.to.y - line.at.y) / length * half)),
-                     static_cast<Unit>(std::floor((line.at.x - line.to.x) / length * half))};
-    const Point across{
-        static_cast<Unit>(std::lround((line.at.y - line.to.y) / length * line.thickness)),
-        static_cast<Unit>(std::lround((line.to.x - line.at.x) / length * line.thickness))};
+    const double half = thickness / 2.0;
+    const Point left{static_cast<Unit>(std::floor((to.y - at.y) / length * half)),
+                     static_cast<Unit>(std::floor((at.x - to.x) / length * half))};
+    const Point across{static_cast<Unit>(std::lround((at.y - to.y) / length * thickness)),
+                       static_cast<Unit>(std::lround((to.x - at.x) / length * thickness))};
     PathText text;
-    text.begin(line.at + left);
-    text.line(line.to + left);
-    text.line(line.to + left + across);
-    text.line(line.at + left + across);
-    text.close();
+    text.begin(at + left);
+    text.line(to + left);
+    text.line(to + left + across);
+    text.line(at + left + across); // what is filled need not be closed
     return text.text();
 }
 

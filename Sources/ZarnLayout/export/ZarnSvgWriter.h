@@ -21,8 +21,8 @@ enum class SvgText : std::uint8_t {
 /// Each glyph is one `<symbol>`, whose id is its SMuFL name, and each mark that draws it a `<use>`.
 /// Every mark has `data-kind` (`markKindText`), and `data-place`: track, bar, staff, voice, beat
 /// and note, counted from 0, with nothing between commas for what does not apply and nothing at all
-/// behind the last number. Texts have theirs in `data-text`, the numbers of frets too. User units
-/// are those of the layout.
+/// behind the last number. Texts have theirs in `data-text`, the numbers of frets too. A staff
+/// space has 128 user units.
 class ZARNLAYOUT_EXPORT SvgWriter {
 public:
     explicit SvgWriter(SvgText text = SvgText::Outlines) noexcept : _text(text) { }

@@ -59,6 +59,7 @@ void MarkBrush::paint(const DrawList &list, const Box &exposed)
             break;
         }
     }
+    paintLines();
 }
 
 void MarkBrush::paintGlyph(const DrawMark &mark)
@@ -85,13 +86,31 @@ void MarkBrush::paintGlyph(const DrawMark &mark)
 
 void MarkBrush::paintLine(const DrawMark &mark)
 {
+    const QLineF line(mark.at.x, mark.at.y, mark.to.x, mark.to.y);
+    if (mark.detail == 0 && mark.cap == layout::LineCap::Flat) {
+        _lines[mark.thickness].push_back(line);
+        return;
+    }
     QPen pen(_ink, mark.thickness, Qt::SolidLine,
              mark.cap == layout::LineCap::Round ? Qt::RoundCap : Qt::FlatCap);
     if (mark.detail != 0 && mark.thickness > 0) // patterns count in thicknesses
         pen.setDashPattern({static_cast<qreal>(mark.detail) / mark.thickness,
                             std::max(0.01, static_cast<qreal>(mark.gap) / mark.thickness)});
     usePen(pen);
-    _painter.drawLine(QPointF(mark.at.x, mark.at.y), QPointF(mark.to.x, mark.to.y));
+    _painter.drawLine(line);
+}
+
+/// All plain lines of a list at once, thickness by thickness: staff lines, stems and ledger lines
+/// are most of its marks, and one path is shorter in a PDF than many.
+void MarkBrush::paintLines()
+{
+    for (auto &[thickness, lines] : _lines) {
+        if (lines.isEmpty())
+            continue;
+        usePen(QPen(_ink, thickness, Qt::SolidLine, Qt::FlatCap));
+        _painter.drawLines(lines);
+        lines.clear();
+    }
 }
 
 void MarkBrush::paintPath(const DrawList &list, const DrawMark &mark)

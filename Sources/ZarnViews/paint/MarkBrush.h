@@ -5,7 +5,11 @@
 #include <ZarnViews/paint/ZarnScorePainter.h>
 
 #include <QBrush>
+#include <QLineF>
 #include <QPen>
+#include <QVector>
+
+#include <map>
 
 class QPainter;
 
@@ -23,6 +27,7 @@ public:
 private:
     void paintGlyph(const layout::DrawMark &mark);
     void paintLine(const layout::DrawMark &mark);
+    void paintLines();
     void paintPath(const layout::DrawList &list, const layout::DrawMark &mark);
     void paintText(const layout::DrawList &list, const layout::DrawMark &mark);
     void paintCharacters(const layout::DrawList::Text &text, const QString &characters,
@@ -39,7 +44,8 @@ private:
     GlyphDrawing _glyphs;
     QBrush _ink;
     QPen _pen;
-    int _fontFace = -1; ///< none yet
+    std::map<layout::Unit, QVector<QLineF>> _lines; ///< that wait for others of their thickness
+    int _fontFace = -1;                             ///< none yet
     int _fontPixels = 0;
 };
 
