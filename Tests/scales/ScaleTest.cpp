@@ -71,7 +71,24 @@ TEST(Scale, namesAreUniqueAndReadBack)
     EXPECT_EQ(Scale::fromText("B♭")->toText(), "Bb major");
     EXPECT_EQ(Scale::fromText("b aeolian")->toText(), "B minor");
     EXPECT_EQ(Scale::fromText("C dorian ♭2")->toText(), "C dorian b2");
-    for (const char *text : {"", " ", "dorian", "H major", "C7 major", "C foo", "Cmaj7"})
+    // As people type them; where two scales share the words, their order counts.
+    const std::pair<const char *, const char *> typed[] = {
+        {"d minor harmonic", "D harmonic minor"},
+        {"B flat dorian mode", "Bb dorian"},
+        {"f sharp", "F# major"},
+        {"Am", "A minor"},
+        {"Am pentatonic", "A minor pentatonic"},
+        {"C# maj. pentatonic", "C# major pentatonic"},
+        {"E phrygian-dominant scale", "E phrygian dominant"},
+        {"C half whole diminished", "C half-whole diminished"},
+        {"G mode #2 messiaen's", "G half-whole diminished"},
+        {"C bebop minor", "C bebop minor"},
+        {"C minor bebop", "C minor bebop"},
+    };
+    for (const auto &[text, name] : typed)
+        EXPECT_EQ(Scale::fromText(text).value_or(*Scale::fromText("C")).toText(), name) << text;
+    for (const char *text :
+         {"", " ", "dorian", "Am dorian", "C/E major", "H major", "C7 major", "C foo", "Cmaj7"})
         EXPECT_FALSE(Scale::fromText(text)) << text;
 }
 

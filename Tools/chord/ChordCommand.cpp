@@ -93,6 +93,14 @@ int nameNotes(const Arguments &arguments)
         QStringLiteral("no chord symbol names these notes"));
 }
 
+/// With signs for accidentals, double ones too.
+QString symbolOf(const PitchClass &pitch)
+{
+    return pitch.symbol()
+        .replace(QStringLiteral("bb"), QStringLiteral("♭♭"))
+        .replace(QStringLiteral("##"), QStringLiteral("♯♯"));
+}
+
 /// Tones, degrees and other writings, in columns.
 void printMeaning(const Chord &chord, const Terminal &terminal)
 {
@@ -103,7 +111,7 @@ void printMeaning(const Chord &chord, const Terminal &terminal)
     std::string tones = "Tones     ";
     std::string degrees = "Intervals ";
     for (const chord::ChordTone &tone : chord.tones()) {
-        const QString pitch = asSigns ? tone.pitch.symbol() : tone.pitch.toString();
+        const QString pitch = asSigns ? symbolOf(tone.pitch) : tone.pitch.toString();
         std::string degree = tone.degree.toText() + (tone.isOmissible ? "*" : "");
         const auto width = std::max(pitch.size(), static_cast<int>(degree.size())) + 2;
         tones += pitch.leftJustified(width).toStdString();
@@ -117,7 +125,7 @@ void printMeaning(const Chord &chord, const Terminal &terminal)
     print(degrees + (chord.omissibleTones().isEmpty() ? "" : "  (* may be left out)"));
     if (chord.hasBass())
         std::cout << "Bass      "
-                  << (asSigns ? chord.bass().symbol() : chord.bass().toString()).toStdString()
+                  << (asSigns ? symbolOf(chord.bass()) : chord.bass().toString()).toStdString()
                   << '\n';
     std::string others;
     for (const auto alias : chord.kind().aliases())
@@ -127,12 +135,28 @@ void printMeaning(const Chord &chord, const Terminal &terminal)
         std::cout << "Also      " << others << '\n';
 }
 
+/// The symbol that was probably meant: roots are capital letters, and a German H is a B.
+std::string meantBy(const std::string &symbol)
+{
+    std::string meant = symbol;
+    if (meant.empty())
+        return meant;
+    char &root = meant.front();
+    root = root == 'H' || root == 'h' ? 'B'
+        : root >= 'a' && root <= 'g'  ? static_cast<char>(root - 'a' + 'A')
+                                      : root;
+    return meant != symbol && Chord::fromText(meant) ? meant : std::string();
+}
+
 int explainSymbol(const Arguments &arguments, const Terminal &terminal)
 {
     const std::string symbol = arguments.operand(0);
     const auto chord = Chord::fromText(symbol);
-    if (!chord)
-        throw Failure("\"" + printable(symbol) + "\" is no chord symbol that zarn knows");
+    if (!chord) {
+        const std::string meant = meantBy(symbol);
+        throw Failure("\"" + printable(symbol) + "\" is no chord symbol that zarn knows"
+                      + (meant.empty() ? "" : "; did you mean \"" + printable(meant) + "\"?"));
+    }
     const ChordVoicings voicings(*chord, arguments);
     if (arguments.has(QStringLiteral("json"))) {
         std::cout << QJsonDocument(voicings.toJson()).toJson().toStdString();

@@ -76,6 +76,44 @@ Chord stacked(const std::vector<PitchClass> &tones)
     return heard;
 }
 
+/// Takes the first word off a text.
+std::string takeWord(std::string_view &text)
+{
+    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+    const std::string word(text.substr(0, text.find(' ')));
+    text.remove_prefix(word.size());
+    return word;
+}
+
+/// Takes a word off the front when it is there, in any case.
+bool takeWord(std::string_view &text, std::string_view wanted)
+{
+    std::string_view rest = text;
+    std::string word = takeWord(rest);
+    for (char &letter : word)
+        letter = static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
+    if (word != wanted)
+        return false;
+    text = rest;
+    return true;
+}
+
+/// The scale on a tonic of which the rest of a text is the name.
+std::optional<Scale> scaleOn(const std::string &tonic, std::string_view text)
+{
+    const auto triad = Chord::fromText(tonic);
+    if (!triad || triad->isNone() || triad->hasBass())
+        return std::nullopt;
+    // "Am" is said of the scale and in front of "pentatonic" as well.
+    const bool isMinor = *triad == Chord(triad->root(), *chord::ChordKind::fromText("m"));
+    if (!isMinor && *triad != Chord(triad->root()))
+        return std::nullopt;
+    const bool isUnnamed = text.find_first_not_of(' ') == std::string_view::npos;
+    const std::string name = (isMinor ? "minor " : isUnnamed ? "major" : "") + std::string(text);
+    const ScaleKind *const kind = ScaleKind::fromName(name);
+    return kind != nullptr ? std::make_optional<Scale>(triad->root(), *kind) : std::nullopt;
+}
+
 } // namespace
 
 Scale::Scale(const PitchClass &tonic, const ScaleKind &kind) noexcept
@@ -92,24 +130,16 @@ Scale Scale::onTone(Tone tonic, const ScaleKind &kind, bool preferFlat) noexcept
 
 std::optional<Scale> Scale::fromText(std::string_view text)
 {
-    while (!text.empty() && text.front() == ' ')
-        text.remove_prefix(1);
-    if (text.empty())
-        return std::nullopt;
     // The tonic is the first word; "b" alone is a letter, behind another letter a flat.
-    const auto end = std::min(text.find(' '), text.size());
-    std::string word(text.substr(0, end));
+    std::string word = takeWord(text);
+    if (word.empty())
+        return std::nullopt;
     word.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(word.front())));
-    const auto triad = chord::Chord::fromText(word);
-    if (!triad || triad->isNone() || *triad != chord::Chord(triad->root()))
-        return std::nullopt;
-    const std::string_view name = text.substr(end);
-    const bool isUnnamed = name.find_first_not_of(' ') == std::string_view::npos;
-    const ScaleKind *const kind =
-        ScaleKind::fromName(isUnnamed ? "major" : name.substr(name.find_first_not_of(' ')));
-    if (kind == nullptr)
-        return std::nullopt;
-    return Scale(triad->root(), *kind);
+    if (const auto scale = scaleOn(word, text))
+        return scale;
+    if (takeWord(text, "flat"))
+        return scaleOn(word + 'b', text);
+    return takeWord(text, "sharp") ? scaleOn(word + '#', text) : std::nullopt;
 }
 
 std::string Scale::toText() const

@@ -31,7 +31,8 @@ public:
     /// spellings have as many, with flats or with sharps.
     static Scale onTone(Tone tonic, const ScaleKind &kind, bool preferFlat) noexcept;
 
-    /// "C dorian", "f# harmonic minor", "Bb" (major); nothing for another text.
+    /// "C dorian", "f# harmonic minor", "B flat minor", "Am pentatonic", "Bb" (major); nothing for
+    /// another text.
     static std::optional<Scale> fromText(std::string_view text);
 
     /// "C dorian".

@@ -48,7 +48,7 @@ constexpr KindsOfTones kindsOfTones() noexcept
 }
 constexpr KindsOfTones kindOfTones = kindsOfTones();
 
-/// Lower case, one space between words, ASCII accidentals.
+/// Lower case, one space between words and in place of hyphens, ASCII accidentals.
 std::string plainName(std::string_view name)
 {
     constexpr std::pair<std::string_view, std::string_view> signs[] = {
@@ -64,7 +64,7 @@ std::string plainName(std::string_view name)
             name.remove_prefix(sign->first.size());
             continue;
         }
-        const char letter = name.front();
+        const char letter = name.front() == '-' ? ' ' : name.front();
         name.remove_prefix(1);
         if (letter != ' ')
             text += letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
@@ -74,6 +74,63 @@ std::string plainName(std::string_view name)
     while (!text.empty() && text.back() == ' ')
         text.pop_back();
     return text;
+}
+
+/// What people write of a name, put into one form: short words in full, in the order of the
+/// alphabet, without "scale" and "mode". "Minor harmonic", "harmonic min." and "harmonic minor
+/// scale" are one.
+std::string looseName(std::string_view name)
+{
+    constexpr std::pair<std::string_view, std::string_view> words[] = {
+        {"scale", ""},          {"mode", ""},
+        {"min", "minor"},       {"maj", "major"},
+        {"pent", "pentatonic"}, {"harm", "harmonic"},
+        {"mel", "melodic"},     {"dim", "diminished"},
+        {"aug", "augmented"},   {"wholetone", "whole tone"},
+        {"dom", "dominant"},
+    };
+    std::vector<std::string> parts(1);
+    for (const char letter : plainName(name) + " ") {
+        if (letter != ' ' && letter != '.') {
+            parts.back() += letter;
+            continue;
+        }
+        for (const auto &[written, full] : words)
+            if (parts.back() == written)
+                parts.back() = full;
+        if (!parts.back().empty())
+            parts.emplace_back();
+    }
+    parts.pop_back();
+    std::sort(parts.begin(), parts.end());
+    std::string text;
+    for (const std::string &part : parts)
+        text += part + " ";
+    return text;
+}
+
+using KindsByName = std::unordered_map<std::string, const ScaleKind *>;
+
+template <class Put>
+void forAllNames(Put &&put)
+{
+    for (const ScaleKind &kind : scaleKindTable) {
+        put(kind.name(), kind);
+        for (const std::string_view alias : kind.aliases())
+            put(alias, kind);
+    }
+}
+
+/// By loose names; null where two scales share one: "bebop minor" is not "minor bebop".
+KindsByName kindsByLooseName()
+{
+    KindsByName kinds;
+    forAllNames([&kinds](std::string_view name, const ScaleKind &kind) {
+        const auto [row, isNew] = kinds.emplace(looseName(name), &kind);
+        if (!isNew && row->second != &kind)
+            row->second = nullptr;
+    });
+    return kinds;
 }
 
 } // namespace
@@ -97,16 +154,17 @@ int ScaleKind::rank() const noexcept
 const ScaleKind *ScaleKind::fromName(std::string_view name)
 {
     static const auto index = [] {
-        std::unordered_map<std::string, const ScaleKind *> kinds;
-        for (const ScaleKind &kind : scaleKindTable) {
-            kinds.emplace(kind.name(), &kind);
-            for (const std::string_view alias : kind.aliases())
-                kinds.emplace(alias, &kind);
-        }
+        KindsByName kinds;
+        forAllNames([&kinds](std::string_view own, const ScaleKind &kind) {
+            kinds.emplace(plainName(own), &kind);
+        });
         return kinds;
     }();
-    const auto found = index.find(plainName(name));
-    return found != index.end() ? found->second : nullptr;
+    if (const auto found = index.find(plainName(name)); found != index.end())
+        return found->second;
+    static const KindsByName loose = kindsByLooseName();
+    const auto found = loose.find(looseName(name));
+    return found != loose.end() ? found->second : nullptr;
 }
 
 const ScaleKind *ScaleKind::fromTones(ToneSet tones) noexcept

@@ -40,7 +40,8 @@ public:
     /// Place in the table: the smaller, the more usual the scale is.
     int rank() const noexcept;
 
-    /// Case does not count, nor do signs for accidentals. Null when there is no such scale.
+    /// Case does not count, nor do signs for accidentals; nor, where only one scale can be meant,
+    /// the order of words: "minor harmonic", "dorian mode". Null when there is no such scale.
     static const ScaleKind *fromName(std::string_view name);
 
     /// The scale with these tones above a tonic C; null when there is none.
