@@ -68,6 +68,7 @@ class Reader:
         self.divisions = 1
         self.voices = {}  # number within the staff, by staff and voice
         self.in_force = {}
+        self.levels = set()  # by place and staff
 
     def add(self, row, *fact):
         self.facts[row][(self.part,) + fact] += 1
@@ -161,7 +162,7 @@ class Reader:
                 for slide in notations.findall(kind):
                     self.add("slides", *place, what, slide.get("type"))
             for dynamics in notations.findall("dynamics"):
-                self.read_dynamics(dynamics, place)
+                self.read_dynamics(dynamics, place, node.findtext("staff", "1").strip())
             for articulation in notations.iterfind("articulations/*"):
                 self.add("articulations", *place, articulation.tag)
             technical = notations.find("technical")
@@ -178,9 +179,12 @@ class Reader:
                     # Said over notes and tablature it is one finger.
                     self.facts["fingerings"][(self.part, *place, what, plain(sign.text))] = 1
 
-    def read_dynamics(self, dynamics, place):
+    def read_dynamics(self, dynamics, place, staff):
         for level in dynamics:
-            self.add("dynamics", *place, level.tag)
+            # What a staff says twice at one place is one sign.
+            if (place, staff, level.tag, level.text) not in self.levels:
+                self.levels.add((place, staff, level.tag, level.text))
+                self.add("dynamics", *place, level.tag)
 
     def read_direction(self, node):
         offset = Fraction(node.findtext("offset", "0").strip()) / self.divisions
@@ -188,7 +192,7 @@ class Reader:
         for kind in node.findall("direction-type"):
             for sign in kind:
                 if sign.tag == "dynamics":
-                    self.read_dynamics(sign, place)
+                    self.read_dynamics(sign, place, node.findtext("staff", "1").strip())
                 elif sign.tag == "wedge" and sign.get("type") != "continue":
                     self.add("wedges", self.number, sign.get("type"))
                 elif sign.tag == "octave-shift" and sign.get("type") != "continue":

@@ -30,6 +30,67 @@ TEST(MusicXmlExportForm, repeatsEndingsAndJumps)
     EXPECT_EQ(test::writeNative(*copy), test::writeNative(*model));
 }
 
+TEST(MusicXmlExportForm, aFurtherJumpIsWordsThatSoundForOthers)
+{
+    const auto bar = [](const std::string &jump) {
+        return measure(note("C", 4, 4, "whole") + "<direction><direction-type>" + jump);
+    };
+    const std::string segno = "<segno/></direction-type><sound segno=\"varsegno\"/></direction>";
+    const std::string back = "<words>D.S. &lt;font face=\"Music\">&lt;/font>\uE04A</words>"
+                             "</direction-type><sound dalsegno=\"varsegno\"/></direction>";
+    const std::string other = "<words>D.S. al Fine</words></direction-type></direction>";
+    const auto document = score(bar(segno) + bar(back) + bar(other) + bar(back) + bar(other));
+    const auto model = readFrom(document);
+    const auto textOf = [&](unsigned index) {
+        return model->track(0)->bar(index)->voice(0)->beats().front()->text();
+    };
+    EXPECT_EQ(textOf(1) + textOf(2), "");
+    EXPECT_EQ(textOf(3) + "|" + textOf(4), "D.S.|D.S. al Fine");
+    const Exported written(*model);
+    EXPECT_EQ(written.all("//sound/@dalsegno"), "segno segno segno segno");
+    EXPECT_EQ(test::writeNative(*readFrom(written.text())), test::writeNative(*model));
+
+    model->masterTrack()->setDirection(static_cast<int>(DirectionMark::DaSegno), -1);
+    EXPECT_EQ(Exported(*model).count("//sound/@dalsegno"), 2U)
+        << "words that have no jump before them would be read as one";
+}
+
+TEST(MusicXmlExportForm, wordsBesideALevelStayBesideIt)
+{
+    const auto bar = [](const std::string &dynamics, const std::string &words) {
+        return measure("<direction><direction-type><words>" + words
+                       + "</words></direction-type></direction><direction><direction-type>"
+                         "<dynamics>"
+                       + dynamics + "</dynamics></direction-type></direction>"
+                       + note("C", 4, 4, "whole"));
+    };
+    const auto other = [](const char *words) {
+        return std::string("<other-dynamics>") + words + "</other-dynamics>";
+    };
+    const auto model =
+        readFrom(score(bar(other("sempre  ") + "<pp/>" + other(" tr\u00E8s expr. "), "pizz.  arco")
+                       + bar("<sfz/>" + other("subito"), "a  b") + bar(other("subito"), "c")));
+    const auto textOf = [&](unsigned index) {
+        return model->track(0)->bar(index)->voice(0)->beats().front()->text();
+    };
+    EXPECT_EQ(textOf(0), "sempre\u00A0 \u00A0tr\u00E8s\u00A0expr. pizz.  arco");
+    EXPECT_EQ(textOf(1), "\u00A0subito a  b");
+    EXPECT_EQ(textOf(2), "\u00A0subito c");
+    const Exported written(*model);
+    EXPECT_EQ(written.all("//dynamics/*"), "sempre    tr\u00E8s expr.   subito  subito");
+    EXPECT_EQ(written.all("//words"), "pizz.  arco a  b c");
+    EXPECT_EQ(test::writeNative(*readFrom(written.text())), test::writeNative(*model));
+
+    // Such spaces in other places are what they are.
+    for (const char *const text :
+         {"\u00A0", "\u00A0a\u00A0", "\u00A0\u00A0a", "a \u00A0b", "\u00A0a b\u00A0",
+          "\u00A0ff", "\u00A0a  b", "\u00A0a \u00A0b c"}) {
+        model->track(0)->bar(0)->voice(0)->beats().front()->setText(text);
+        EXPECT_EQ(test::writeNative(*readFrom(exported(*model))), test::writeNative(*model))
+            << text;
+    }
+}
+
 TEST(MusicXmlExportForm, aPickupIsBarZero)
 {
     const Exported written(quarters(1, note("C", 4, 1, "quarter"))

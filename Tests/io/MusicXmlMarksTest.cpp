@@ -313,7 +313,7 @@ TEST(MusicXmlMarks, whatElseAnEngraverAsksFor)
     const auto beats = beatsOf(*model);
     EXPECT_EQ(beats.at(0)->attackDynamic(), AttackDynamic::Sfz);
     EXPECT_EQ(beats.at(0)->note(0)->accidentalDisplay(), AccidentalDisplay::Shown);
-    EXPECT_EQ(beats.at(1)->text(), "subito");
+    EXPECT_EQ(beats.at(1)->text(), "\u00A0subito");
     EXPECT_EQ(beats.at(1)->note(0)->accidentalDisplay(), AccidentalDisplay::Parentheses);
     EXPECT_EQ(beats.at(1)->stemOrientation(), ZarnStemOrientation::Downward);
     EXPECT_TRUE(beats.at(2)->note(0)->letsRing());

@@ -8,6 +8,7 @@
 #include <ZarnCore/io/musicxml/MeasureTimeline.h>
 #include <ZarnCore/io/musicxml/Metronome.h>
 #include <ZarnCore/io/musicxml/Movements.h>
+#include <ZarnCore/io/musicxml/signs/LevelWords.h>
 #include <ZarnCore/io/musicxml/signs/Swings.h>
 #include <ZarnCore/music/ZarnNoteDynamic.h>
 
@@ -59,6 +60,32 @@ std::string joined(const std::vector<pugi::xml_node> &texts, bool withMetronome)
     return text;
 }
 
+/// Of an element of <dynamics>; 0 or less for what is none.
+int levelOf(pugi::xml_node element)
+{
+    std::string name = element.name();
+    for (auto &letter : name)
+        letter = letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
+    return name == "NONE" ? -1 : NoteDynamic::stringToInt(name);
+}
+
+/// The side of a level that words stand on: of one in the same <dynamics>, or else of one before.
+LevelSide sideOfLevel(pugi::xml_node words)
+{
+    const auto isLevel = [](pugi::xml_node element) {
+        return levelOf(element) > 0
+            || attackDynamicFromString(element.name()) != AttackDynamic::None
+            || NoteDynamic::stringToInt(element.child_value()) > 0;
+    };
+    for (auto before = words.previous_sibling(); before; before = before.previous_sibling())
+        if (isLevel(before))
+            return LevelSide::After;
+    for (auto after = words.next_sibling(); after; after = after.next_sibling())
+        if (isLevel(after))
+            return LevelSide::Before;
+    return LevelSide::After;
+}
+
 } // namespace
 
 void DirectionReader::readDirection(pugi::xml_node node, const MeasureTimeline &timeline,
@@ -86,7 +113,7 @@ void DirectionReader::readDirection(pugi::xml_node node, const MeasureTimeline &
     }
     const auto words = joined(gathered.texts, false);
     const bool isTempo = readTempo(gathered, words, position, facts);
-    const bool isJump = readJumps(gathered, words, facts);
+    const bool isJump = readJumps(gathered, words, position, staff, facts);
     if (isMovementTitle(words))
         facts.movementTitles.push_back(_context.bar());
     if (!words.empty() && !isTempo && !isJump)
@@ -136,7 +163,7 @@ void DirectionReader::readSound(pugi::xml_node node, const MeasureTimeline &time
     Gathered gathered;
     gathered.sound = node;
     readTempo(gathered, {}, positionOf(node, timeline, _context), facts);
-    readJumps(gathered, {}, facts);
+    readJumps(gathered, {}, {}, 0, facts);
     readSwing(node, facts);
 }
 
@@ -170,18 +197,14 @@ void DirectionReader::readDynamics(pugi::xml_node node, const rational &position
                                    WrittenMeasure &measure)
 {
     for (auto child = node.first_child(); child; child = child.next_sibling()) {
-        std::string name = child.name();
-        for (auto &letter : name)
-            letter =
-                letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
-        const int value = name == "NONE" ? -1 : NoteDynamic::stringToInt(name);
+        const int value = levelOf(child);
         const auto attack = value > 0 ? AttackDynamic::None : attackDynamicFromString(child.name());
-        const std::string_view words = child.child_value();
         if (attack != AttackDynamic::None)
             measure.addMark(node, WrittenMark::Kind::Attack, position, staff).value =
                 static_cast<int>(attack);
-        else if (value <= 0 && !words.empty() && tagOf(child.name()) == Tag::OtherDynamics)
-            readOtherDynamics(node, words, position, staff, measure);
+        else if (value <= 0 && *child.child_value() != 0
+                 && tagOf(child.name()) == Tag::OtherDynamics)
+            readOtherDynamics(child, position, staff, measure);
         else if (value > 0)
             measure.addMark(node, WrittenMark::Kind::Dynamic, position, staff).value = value;
         else
@@ -189,19 +212,18 @@ void DirectionReader::readDynamics(pugi::xml_node node, const rational &position
     }
 }
 
-/// What is no level, such as "subito", is words over the beat.
-void DirectionReader::readOtherDynamics(pugi::xml_node node, std::string_view words,
-                                        const rational &position, int staff,
+/// What is no level, such as "subito", is words over the beat, tied to the level beside it.
+void DirectionReader::readOtherDynamics(pugi::xml_node other, const rational &position, int staff,
                                         WrittenMeasure &measure)
 {
-    constexpr std::string_view space = " \t\n\r";
-    const auto first = std::min(words.find_first_not_of(space), words.size());
-    const std::string text(words.substr(first, words.find_last_not_of(space) + 1 - first));
-    const int value = NoteDynamic::stringToInt(text);
-    if (value > 0)
+    const auto node = other.parent();
+    const std::string text = other.child_value();
+    const bool isAlone = !other.previous_sibling() && !other.next_sibling();
+    if (const int value = NoteDynamic::stringToInt(text); value > 0)
         measure.addMark(node, WrittenMark::Kind::Dynamic, position, staff).value = value;
     else if (!text.empty())
-        measure.addMark(node, WrittenMark::Kind::Text, position, staff).text = text;
+        measure.addMark(node, WrittenMark::Kind::Text, position, staff).text =
+            isAlone && areLikeLevel(text) ? text : tiedToLevel(text, sideOfLevel(other));
 }
 
 void DirectionReader::readOctaveShift(pugi::xml_node node, const rational &position, int staff,
@@ -256,7 +278,7 @@ bool DirectionReader::readTempo(const Gathered &gathered, const std::string &wor
 }
 
 bool DirectionReader::readJumps(const Gathered &gathered, const std::string &words,
-                                PartFacts &facts)
+                                const rational &position, int staff, PartFacts &facts)
 {
     using Kind = WrittenJump::Kind;
     const auto add = [&](Kind kind, WrittenJump::Until until, const char *name,
@@ -293,9 +315,15 @@ bool DirectionReader::readJumps(const Gathered &gathered, const std::string &wor
     addSound("fine", Kind::Fine);
     if (!sounds && spoken && gathered.signs.empty()) {
         add(spoken->kind, spoken->until, "", gathered.texts.front());
-        return true;
+        sounds = true;
     }
-    return sounds && spoken;
+    if (!sounds || !spoken)
+        return false;
+    auto &jump = facts.jumps.back();
+    jump.words = words;
+    jump.position = position;
+    jump.staff = staff;
+    return true;
 }
 
 } // namespace zarn::io

@@ -28,8 +28,8 @@ public:
                       WrittenMeasure &measure);
 
 private:
-    void readOtherDynamics(pugi::xml_node node, std::string_view words,
-                           const utils::rational &position, int staff, WrittenMeasure &measure);
+    void readOtherDynamics(pugi::xml_node other, const utils::rational &position, int staff,
+                           WrittenMeasure &measure);
 
     /// What one direction says, gathered from its children.
     struct Gathered {
@@ -46,7 +46,8 @@ private:
     void readSwing(pugi::xml_node sound, PartFacts &facts);
     bool readTempo(const Gathered &gathered, const std::string &words,
                    const utils::rational &position, PartFacts &facts);
-    bool readJumps(const Gathered &gathered, const std::string &words, PartFacts &facts);
+    bool readJumps(const Gathered &gathered, const std::string &words,
+                   const utils::rational &position, int staff, PartFacts &facts);
 
     ImportContext &_context;
 };

@@ -3,6 +3,7 @@
 
 #include <ZarnCore/io/musicxml/ImportContext.h>
 #include <ZarnCore/io/musicxml/JumpWords.h>
+#include <ZarnCore/io/musicxml/signs/LevelWords.h>
 #include <ZarnCore/model/ZarnMasterTrack.h>
 
 #include <algorithm>
@@ -23,12 +24,11 @@ std::vector<WrittenJump> merged(const std::vector<PartFacts> &parts)
 {
     std::set<std::pair<int, Kind>> told;
     std::vector<WrittenJump> jumps;
-    for (const auto &part : parts) {
-        const auto isNew = [&told](const WrittenJump &jump) {
-            return told.count({jump.bar, jump.kind}) == 0;
-        };
-        std::copy_if(part.jumps.begin(), part.jumps.end(), std::back_inserter(jumps), isNew);
-        for (const auto &jump : part.jumps)
+    for (std::size_t part = 0; part < parts.size(); ++part) {
+        for (const auto &jump : parts[part].jumps)
+            if (told.count({jump.bar, jump.kind}) == 0)
+                jumps.emplace_back(jump).part = static_cast<int>(part);
+        for (const auto &jump : parts[part].jumps)
             told.insert({jump.bar, jump.kind});
     }
     std::stable_sort(jumps.begin(), jumps.end(), [](const WrittenJump &a, const WrittenJump &b) {
@@ -63,8 +63,9 @@ DirectionMark dalSegno(Until until, bool second)
 
 } // namespace
 
-JumpPlacer::JumpPlacer(ImportContext &context, MasterTrack &master)
-    : _context(context), _master(master)
+JumpPlacer::JumpPlacer(ImportContext &context, MasterTrack &master,
+                       const std::vector<StaffBars> &bars)
+    : _context(context), _master(master), _bars(bars)
 {
 }
 
@@ -146,9 +147,43 @@ void JumpPlacer::set(DirectionMark mark, const WrittenJump &jump)
         _master.setDirection(static_cast<int>(mark), jump.bar);
         return;
     }
+    const bool isKept = keepWords(jump);
     _context.addProblemInBar(jump.bar, jump.node,
                              "a further " + directionMarkToQString(mark).toStdString()
-                                 + " was left out; a score has one of each kind");
+                                 + (isKept ? " was made words" : " was left out")
+                                 + "; a score has one of each kind");
+}
+
+/// Over the beat that it stands in front of, or the last one before it.
+bool JumpPlacer::keepWords(const WrittenJump &jump)
+{
+    const auto words = plainJumpWords(jump.words);
+    const auto &staves = _bars[static_cast<std::size_t>(jump.part)];
+    const auto staff = std::min(static_cast<std::size_t>(jump.staff), staves.size() - 1);
+    Beat *after = nullptr;
+    Beat *before = nullptr;
+    utils::rational earliest;
+    utils::rational latest;
+    for (const auto &voice : staves[staff][static_cast<std::size_t>(jump.bar)]->voices()) {
+        utils::rational onset;
+        if (!voice)
+            continue;
+        for (const auto &beat : voice->beats()) {
+            if (onset >= jump.position && (!after || onset < earliest)) {
+                after = beat.get();
+                earliest = onset;
+            } else if (onset < jump.position && (!before || onset > latest)) {
+                before = beat.get();
+                latest = onset;
+            }
+            onset += beat->length();
+        }
+    }
+    auto *const beat = after ? after : before;
+    if (!beat || words.empty())
+        return false;
+    beat->setText(joinedWords(beat->text(), words));
+    return true;
 }
 
 } // namespace zarn::io

@@ -2,6 +2,7 @@
 #include <ZarnCore/io/musicxml/JumpWords.h>
 
 #include <ZarnCore/io/musicxml/writer/XmlElement.h>
+#include <ZarnCore/model/ZarnMasterTrack.h>
 
 #include <algorithm>
 #include <iterator>
@@ -76,6 +77,20 @@ constexpr WrittenMark writtenMarks[] = {
 };
 // clang-format on
 
+/// The sign that a jump leads to; its own mark where it leads to none.
+DirectionMark targetOf(const WrittenMark &jump)
+{
+    for (const auto &row : writtenMarks)
+        if (!row.words && std::string_view(row.value) == jump.value)
+            return row.mark;
+    return jump.mark;
+}
+
+bool operator==(const SpokenJump &left, const SpokenJump &right)
+{
+    return left.kind == right.kind && left.until == right.until;
+}
+
 } // namespace
 
 void writeJump(DirectionMark mark, pugi::xml_node measure)
@@ -93,10 +108,49 @@ void writeJump(DirectionMark mark, pugi::xml_node measure)
     addAttribute(addElement(direction, "sound"), row->attribute, row->value);
 }
 
+void writeFurtherJump(const std::string &words, const MasterTrack &master, int bar,
+                      pugi::xml_node direction)
+{
+    const auto spoken = jumpOfWords(words);
+    if (!spoken)
+        return;
+    for (const auto &row : writtenMarks) {
+        if (!row.words || !(*jumpOfWords(row.words) == *spoken))
+            continue;
+        const int first = master.directionIndex(row.mark);
+        if (first < 0 || first >= bar || master.directionIndex(targetOf(row)) < 0)
+            continue;
+        addAttribute(addElement(direction, "sound"), row.attribute, row.value);
+        return;
+    }
+}
+
+std::string plainJumpWords(const std::string &words)
+{
+    constexpr std::string_view spaces = " \t\n\r";
+    std::string plain;
+    for (std::size_t at = 0; at < words.size();) {
+        const auto end = words[at] == '<' ? words.find('>', at) : std::string::npos;
+        const auto first = static_cast<unsigned char>(words[at]);
+        const auto second = at + 2 < words.size() ? static_cast<unsigned char>(words[at + 1]) : 0;
+        // U+E000 to U+F8FF are for private use.
+        const bool isPrivate =
+            (first == 0xEE && second != 0) || (first == 0xEF && second >= 0x80 && second < 0xA4);
+        if (end != std::string::npos)
+            at = end + 1;
+        else if (isPrivate)
+            at += 3;
+        else
+            plain += words[at++];
+    }
+    const auto first = std::min(plain.find_first_not_of(spaces), plain.size());
+    return plain.substr(first, plain.find_last_not_of(spaces) + 1 - first);
+}
+
 std::optional<SpokenJump> jumpOfWords(const std::string &words)
 {
     std::string letters;
-    for (const char letter : words) {
+    for (const char letter : plainJumpWords(words)) {
         if (letter >= 'A' && letter <= 'Z')
             letters += static_cast<char>(letter - 'A' + 'a');
         else if (letter >= 'a' && letter <= 'z')

@@ -3,6 +3,7 @@
 
 #include <ZarnCore/io/musicxml/GapFiller.h>
 #include <ZarnCore/io/musicxml/ImportContext.h>
+#include <ZarnCore/io/musicxml/signs/LevelWords.h>
 
 #include <algorithm>
 
@@ -39,7 +40,7 @@ void MarkPlacer::attach(const WrittenMark &mark, Beat &beat)
             _context.addProblem(mark.node, "more text than fits at one beat was left out");
             return before;
         }
-        return before.empty() ? mark.text : before + " " + mark.text;
+        return joinedWords(before, mark.text);
     };
     switch (mark.kind) {
     case WrittenMark::Kind::Dynamic:

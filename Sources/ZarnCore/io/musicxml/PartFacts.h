@@ -90,6 +90,12 @@ struct WrittenJump {
     Until until;
     std::string name; ///< of the segno or coda; empty when it has none
     pugi::xml_node node;
+
+    // What it reads as, and where; no words for a sign.
+    std::string words = {};
+    utils::rational position = {};
+    int staff = 0;
+    int part = 0;
 };
 
 struct WrittenFermata {

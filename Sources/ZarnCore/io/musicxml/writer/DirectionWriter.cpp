@@ -5,6 +5,7 @@
 #include <ZarnCore/io/musicxml/JumpWords.h>
 #include <ZarnCore/io/musicxml/Metronome.h>
 #include <ZarnCore/io/musicxml/MusicXmlTag.h>
+#include <ZarnCore/io/musicxml/signs/LevelWords.h>
 #include <ZarnCore/io/musicxml/signs/Pedals.h>
 #include <ZarnCore/io/musicxml/signs/Swings.h>
 #include <ZarnCore/io/musicxml/writer/ExportContext.h>
@@ -42,21 +43,26 @@ bool isDynamicsElement(const QString &name)
             || name == QLatin1String("mf"));
 }
 
-/// Whether words are made like a dynamic that is none of the levels, such as "ffz".
-bool isOtherDynamics(const std::string &text)
+/// Writes a level, or none, with the words that are tied to it, and leaves none of these for
+/// another one.
+void addDynamics(const std::string &level, bool isElement, std::vector<LevelWords::Tied> &tied,
+                 pugi::xml_node measure, int staffNumber)
 {
-    return text.size() > 1 && text.find_first_not_of("fmprsz") == text.npos
-        && text.find_first_of("fp") != text.npos
-        && NoteDynamic::stringToInt(QString::fromStdString(text).toUpper().toStdString()) <= 0;
-}
-
-void addDynamics(const QString &name, pugi::xml_node measure, int staffNumber)
-{
+    if (level.empty() && tied.empty())
+        return;
     auto dynamics = addElement(addDirection(measure, "below", staffNumber), "dynamics");
-    if (isDynamicsElement(name))
-        addElement(dynamics, name.toStdString().c_str());
-    else
-        addElement(dynamics, "other-dynamics", name.toStdString());
+    const auto addWords = [&](LevelSide side) {
+        for (const auto &words : tied)
+            if (words.side == side)
+                addElement(dynamics, "other-dynamics", words.words);
+    };
+    addWords(LevelSide::Before);
+    if (isElement)
+        addElement(dynamics, level.c_str());
+    else if (!level.empty())
+        addElement(dynamics, "other-dynamics", level);
+    addWords(LevelSide::After);
+    tied.clear();
 }
 
 /// The words of a tempo, and the marks in them where readers make words of these again: an
@@ -102,13 +108,21 @@ rational exactPosition(float position)
 
 void DirectionWriter::writeBeat(const Beat &beat, pugi::xml_node measure, int staffNumber)
 {
-    if (beat.dynamic() != NoteDynamic())
-        addDynamics(QString::fromStdString(NoteDynamic::textOf(beat.dynamic().value())).toLower(),
-                    measure, staffNumber);
-    if (beat.attackDynamic() != AttackDynamic::None) {
-        auto dynamics = addElement(addDirection(measure, "below", staffNumber), "dynamics");
-        addElement(dynamics, attackDynamicToString(beat.attackDynamic()).c_str());
+    const bool hasLevel = beat.dynamic() != NoteDynamic();
+    const bool hasAttack = beat.attackDynamic() != AttackDynamic::None;
+    LevelWords words;
+    if (beat.hasDetails() && !beat.text().empty())
+        words = levelWordsOf(_context.text(beat.text()), hasLevel || hasAttack);
+    if (hasLevel) {
+        const auto level =
+            QString::fromStdString(NoteDynamic::textOf(beat.dynamic().value())).toLower();
+        addDynamics(level.toStdString(), isDynamicsElement(level), words.tied, measure,
+                    staffNumber);
     }
+    if (hasAttack)
+        addDynamics(attackDynamicToString(beat.attackDynamic()), true, words.tied, measure,
+                    staffNumber);
+    addDynamics({}, false, words.tied, measure, staffNumber);
     if (beat.pedal() != PedalChange::None) {
         auto pedal = addElement(addDirection(measure, "below", staffNumber), "pedal");
         addAttribute(pedal, "type", pedalTypeOf(beat.pedal()));
@@ -116,11 +130,14 @@ void DirectionWriter::writeBeat(const Beat &beat, pugi::xml_node measure, int st
     }
     if (!beat.hasDetails())
         return;
-    if (const auto text = _context.text(beat.text()); isOtherDynamics(text))
+    if (const auto &text = words.others; areLikeLevel(text)) {
         addElement(addElement(addDirection(measure, "below", staffNumber), "dynamics"),
                    "other-dynamics", text);
-    else if (!text.empty())
-        addElement(addDirection(measure, "above", staffNumber), "words", text);
+    } else if (!text.empty()) {
+        const auto type = addDirection(measure, "above", staffNumber);
+        addElement(type, "words", text);
+        writeFurtherJump(text, _master, _context.bar(), type.parent());
+    }
     if (!beat.chord().isEmpty()) {
         auto harmony = addElement(measure, "harmony");
         writeHarmony(beat.chord(), harmony, _context);
@@ -145,11 +162,11 @@ void DirectionWriter::writeOttavia(Ottavia from, Ottavia to, pugi::xml_node meas
         write(to, true);
 }
 
-void DirectionWriter::writeTempos(const MasterTrack &master, unsigned bar, MeasureCursor &cursor)
+void DirectionWriter::writeTempos(unsigned bar, MeasureCursor &cursor)
 {
     const auto write = [&](const TempoMark &tempo) {
         auto direction = cursor.addAt(
-            std::min(exactPosition(tempo.position), master.masterBars()[bar]->length()),
+            std::min(exactPosition(tempo.position), _master.masterBars()[bar]->length()),
             "direction");
         addAttribute(direction, "placement", "above");
         const auto text = _context.text(tempo.text);
@@ -171,10 +188,10 @@ void DirectionWriter::writeTempos(const MasterTrack &master, unsigned bar, Measu
                      decimalText(quartersOf({tempo.value, tempo.unit})));
         _context.addUnheldIf(tempo.isLinear, "gradual change of tempo");
     };
-    if (bar == 0 && !master.hasAutomation(Automation::Tempo, 0, 0)
-        && !(master.tempoSettings() == TempoSettings()))
-        write(tempoInForce(master, 0));
-    for (const auto *const automation : master.automations(Automation::Tempo, bar, bar)) {
+    if (bar == 0 && !_master.hasAutomation(Automation::Tempo, 0, 0)
+        && !(_master.tempoSettings() == TempoSettings()))
+        write(tempoInForce(_master, 0));
+    for (const auto *const automation : _master.automations(Automation::Tempo, bar, bar)) {
         const auto &tempo = static_cast<const TempoAutomation &>(*automation);
         auto unit = static_cast<TempoUnit>(tempo.unit());
         if (tempo.unit() < 1 || tempo.unit() > static_cast<int>(TempoUnit::HalfDotted))
@@ -184,9 +201,9 @@ void DirectionWriter::writeTempos(const MasterTrack &master, unsigned bar, Measu
     }
 }
 
-void DirectionWriter::writeBarStart(const MasterTrack &master, unsigned bar, MeasureCursor &cursor)
+void DirectionWriter::writeBarStart(unsigned bar, MeasureCursor &cursor)
 {
-    const auto &column = *master.masterBars()[bar];
+    const auto &column = *_master.masterBars()[bar];
     const auto measure = cursor.measure();
     const auto writeMark = [&](const std::string &words, const char *enclosure) {
         if (const auto text = _context.text(words); !text.empty())
@@ -195,19 +212,19 @@ void DirectionWriter::writeBarStart(const MasterTrack &master, unsigned bar, Mea
     };
     writeMark(column.section().letter, "rectangle");
     writeMark(column.section().text, "none");
-    for (const auto mark : master.directionsAtBarIndex(static_cast<int>(bar)))
+    for (const auto mark : _master.directionsAtBarIndex(static_cast<int>(bar)))
         if (!isJump(mark) && mark != DirectionMark::Fine)
             writeJump(mark, measure);
     const auto before =
-        bar == 0 ? TripletFeel::NoTripletFeel : master.masterBars()[bar - 1]->tripletFeel();
+        bar == 0 ? TripletFeel::NoTripletFeel : _master.masterBars()[bar - 1]->tripletFeel();
     if (column.tripletFeel() != before)
         writeSwing(column.tripletFeel(), addElement(measure, "sound"));
-    writeTempos(master, bar, cursor);
+    writeTempos(bar, cursor);
 }
 
-void DirectionWriter::writeBarEnd(const MasterTrack &master, unsigned bar, pugi::xml_node measure)
+void DirectionWriter::writeBarEnd(unsigned bar, pugi::xml_node measure)
 {
-    for (const auto mark : master.directionsAtBarIndex(static_cast<int>(bar)))
+    for (const auto mark : _master.directionsAtBarIndex(static_cast<int>(bar)))
         if (isJump(mark) || mark == DirectionMark::Fine)
             writeJump(mark, measure);
 }

@@ -20,7 +20,10 @@ utils::rational exactPosition(float position);
 /// and what the master bars say to all parts.
 class DirectionWriter {
 public:
-    explicit DirectionWriter(ExportContext &context) : _context(context) { }
+    DirectionWriter(const MasterTrack &master, ExportContext &context)
+        : _master(master), _context(context)
+    {
+    }
 
     /// In front of a beat: dynamics, words, a chord, the pedal.
     void writeBeat(const Beat &beat, pugi::xml_node measure, int staffNumber);
@@ -30,14 +33,15 @@ public:
 
     /// Rehearsal marks, segnos, codas and the feel, at the start of a bar; tempos wait at their
     /// times.
-    void writeBarStart(const MasterTrack &master, unsigned bar, MeasureCursor &cursor);
+    void writeBarStart(unsigned bar, MeasureCursor &cursor);
 
     /// The jumps that lead away from a bar.
-    void writeBarEnd(const MasterTrack &master, unsigned bar, pugi::xml_node measure);
+    void writeBarEnd(unsigned bar, pugi::xml_node measure);
 
 private:
-    void writeTempos(const MasterTrack &master, unsigned bar, MeasureCursor &cursor);
+    void writeTempos(unsigned bar, MeasureCursor &cursor);
 
+    const MasterTrack &_master;
     ExportContext &_context;
 };
 

@@ -14,7 +14,8 @@ using utils::rational;
 PartWriter::PartWriter(const PartPlan &plan, int track, const ScorePlan &score,
                        ExportContext &context, XmlSink &sink)
     : _plan(plan), _track(track), _score(score), _context(context), _sink(sink),
-      _attributes(plan, *score.model->masterTrack(), context), _directions(context),
+      _attributes(plan, *score.model->masterTrack(), context),
+      _directions(*score.model->masterTrack(), context),
       _crossed(plan, *score.model->masterTrack()),
       _notes(plan.staves().size(), NoteWriter(plan, context)),
       _ottavias(plan.staves().size(), Ottavia::None)
@@ -50,7 +51,7 @@ void PartWriter::writeMeasure(unsigned bar)
     writeLeftBarline(column, _score.endings[bar], measure);
     _fifths = _attributes.write(bar, _cursor);
     if (_track == 0)
-        _directions.writeBarStart(master(), bar, _cursor);
+        _directions.writeBarStart(bar, _cursor);
     // What stands behind the notes tells that the bar goes on.
     const bool goesOn = _attributes.reachesBehindNotes() || _plan.reach()[bar] < _cursor.latest();
     for (std::size_t staff = 0; staff < _plan.staves().size(); ++staff) {
@@ -74,7 +75,7 @@ void PartWriter::writeMeasure(unsigned bar)
     if (_score.padding[bar] == _track || goesOn)
         _cursor.moveTo(column.length());
     if (_track == 0)
-        _directions.writeBarEnd(master(), bar, measure);
+        _directions.writeBarEnd(bar, measure);
     writeRightBarline(master(), bar, _score.endings[bar], measure);
     measure.print(_sink, " ", pugi::format_indent, pugi::encoding_utf8, 2);
 }
