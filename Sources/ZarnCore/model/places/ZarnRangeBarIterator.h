@@ -3,6 +3,7 @@
 
 #include <ZarnCore/ZarnExport.h>
 #include <ZarnCore/model/ZarnStaff.h>
+#include <ZarnCore/model/ZarnVoice.h>
 #include <ZarnCore/model/places/ZarnRangeSteps.h>
 
 #include <memory>
@@ -36,6 +37,21 @@ public:
     const std::shared_ptr<Bar> &bar() const noexcept
     {
         return iterate() ? _staff->bars()[_bar] : nothing<Bar>();
+    }
+
+    /// Asks for the memory that a walk over a voice of the coming bars will wait for: each of its
+    /// steps from bar to beats some bars ahead of the next one.
+    void prefetch(unsigned slot) const noexcept
+    {
+        constexpr unsigned ahead = 6;
+        if (_endBar - _bar <= ahead)
+            return;
+        const auto *const bars = _staff->bars().data() + _bar;
+        __builtin_prefetch(&bars[ahead]->voices());
+        if (const auto &voice = bars[ahead - 2]->voices()[slot])
+            __builtin_prefetch(&voice->beats());
+        if (const auto &voice = bars[ahead - 4]->voices()[slot])
+            __builtin_prefetch(voice->beats().data());
     }
 
     // Where the iterator stands; without meaning at the end.

@@ -44,6 +44,7 @@ private:
         constexpr int ahead = 8;
         for (auto beat = _beat; beat != _end && beat != _beat + ahead; ++beat)
             __builtin_prefetch(&(*beat)->notes());
+        _spans.prefetch();
     }
 
     RangeSpanIterator _spans;

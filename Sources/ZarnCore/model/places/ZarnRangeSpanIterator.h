@@ -40,6 +40,9 @@ public:
 
     /// The number behind the last beat.
     unsigned endBeat() const noexcept { return _endBeat; }
+
+    /// Asks for the memory of what comes, see `RangeBarIterator::prefetch`.
+    void prefetch() const noexcept { _bars.prefetch(_slot); }
     BeatSpan span() const noexcept;
 
 private:
