@@ -209,6 +209,68 @@ TEST(CompleteReduceBarsTest, fillsByTheBeatAndNeverCutsNotes)
     ASSERT_TRUE(rich.score.completeReduceBarsWithRests(rich.everything(1, 1)));
 }
 
+/// What a bar is filled with behind a note of a length.
+std::string filledBehind(const TimeSignature &meter, const RhythmValue &note)
+{
+    SmallScore small;
+    EXPECT_TRUE(small.score.setMasterTimeSignature(0, 5, meter));
+    Voice &voice = *small.model.track(0)->bar(5)->ensureVoice(0);
+    const auto beat = std::make_shared<Beat>(note);
+    beat->addNote(std::make_shared<Note>(60));
+    voice.addBeat(beat);
+    EXPECT_TRUE(small.score.completeReduceBarsWithRests(small.everything(5, 5)));
+    EXPECT_EQ(voice.length(), meter.barLength());
+    std::string lengths;
+    for (unsigned i = 1; i < voice.beatCount(); ++i)
+        lengths += voice.beats()[i]->length().toString() + ' ';
+    return lengths;
+}
+
+TEST(CompleteReduceBarsTest, writesTheRestsThatReadersOfAMeterExpect)
+{
+    using NoteValue = RhythmValue::NoteValue;
+    RhythmValue ofTriplet(NoteValue::Eighth);
+    ofTriplet.setPrimaryTupletRatio({3, 2});
+    const struct {
+        TimeSignature meter;
+        RhythmValue note;
+        const char *rests; ///< in quarters
+    } rows[] = {
+        {{4, 4}, RhythmValue(NoteValue::Half), "2 "},
+        {{4, 4}, RhythmValue(NoteValue::Quarter), "1 2 "},
+        {{4, 4}, RhythmValue(NoteValue::Quarter, 1), "1/2 2 "},
+        {{4, 4}, RhythmValue(NoteValue::Half, 1), "1 "},
+        {{4, 4}, RhythmValue(NoteValue::Sixteenth), "1/4 1/2 1 2 "},
+        {{4, 4}, ofTriplet, "1/3 1/3 1 2 "},
+        {{3, 4}, RhythmValue(NoteValue::Quarter), "1 1 "},
+        {{3, 4}, RhythmValue(NoteValue::Half), "1 "},
+        {{2, 4}, RhythmValue(NoteValue::Eighth), "1/2 1 "},
+        {{5, 4}, RhythmValue(NoteValue::Quarter), "1 1 1 1 "},
+        {{2, 2}, RhythmValue(NoteValue::Quarter), "1 2 "},
+        {{4, 2}, RhythmValue(NoteValue::Half), "2 4 "},
+        {{3, 8}, RhythmValue(NoteValue::Eighth), "1/2 1/2 "},
+        {{6, 8}, RhythmValue(NoteValue::Eighth), "1/2 1/2 3/2 "},
+        {{6, 8}, RhythmValue(NoteValue::Quarter), "1/2 3/2 "},
+        {{9, 8}, RhythmValue(NoteValue::Quarter, 1), "3/2 3/2 "},
+        {{12, 8}, RhythmValue(NoteValue::Quarter, 1), "3/2 3 "},
+        {{12, 8}, RhythmValue(NoteValue::Sixteenth), "1/4 1/2 1/2 3/2 3 "},
+    };
+    for (const auto &row : rows)
+        EXPECT_EQ(filledBehind(row.meter, row.note), row.rests)
+            << row.meter.getNumerator() << '/' << row.meter.getDenominator() << " behind "
+            << row.note.getLength().toString();
+}
+
+TEST(CompleteReduceBarsTest, aBarOfWhichNothingStaysHasTheRestThatFillsIt)
+{
+    SmallScore small;
+    Voice &voice = *small.model.track(0)->bar(5)->ensureVoice(0);
+    voice.addBeat(std::make_shared<Beat>(RhythmValue(RhythmValue::NoteValue::Whole, 1)));
+    ASSERT_TRUE(small.score.completeReduceBarsWithRests(small.everything(5, 5)));
+    ASSERT_EQ(voice.beatCount(), 1U);
+    EXPECT_TRUE(voice.beat(0)->isWholeBarRest());
+}
+
 TEST(MoveVoiceTest, keepsTheTimeAndPartsTies)
 {
     RichScore rich;

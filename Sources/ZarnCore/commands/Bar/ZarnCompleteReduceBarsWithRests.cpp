@@ -5,7 +5,7 @@
 #include <ZarnCore/commands/Bar/ContentSwap.h>
 #include <ZarnCore/commands/ZarnRangeNodes.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
-#include <ZarnCore/model/barring/BeatCut.h>
+#include <ZarnCore/model/barring/MeterRests.h>
 
 #include <algorithm>
 
@@ -14,14 +14,6 @@ namespace zarn::cmd {
 namespace {
 
 using utils::rational;
-
-/// A quarter in 4/4, a dotted quarter in 6/8.
-rational beatOf(const TimeSignature &meter)
-{
-    const bool isCompound =
-        meter.getDenominator() >= 8 && meter.getNumerator() > 3 && meter.getNumerator() % 3 == 0;
-    return meter.timeUnit() * rational(isCompound ? 3 : 1);
-}
 
 bool isRestLike(const Beat &beat)
 {
@@ -37,7 +29,7 @@ struct Fitted {
     bool isChanged = false;
 };
 
-Fitted fit(const Voice &voice, const rational &length, const rational &beatLength)
+Fitted fit(const Voice &voice, const rational &length, const TimeSignature &meter)
 {
     Fitted fitted;
     fitted.beats = voice.beats();
@@ -64,7 +56,7 @@ Fitted fit(const Voice &voice, const rational &length, const rational &beatLengt
     }
     fitted.from = static_cast<unsigned>(beats.size());
     if (used < length) {
-        const Voice::Beats rests = restsByBeat(used, length, beatLength);
+        const Voice::Beats rests = restsInMeter(meter, used, length);
         beats.insert(beats.end(), rests.begin(), rests.end());
         fitted.isChanged = true;
     }
@@ -101,7 +93,7 @@ void CompleteReduceBarsWithRests::plan(ContentSwap &swap) const
         for (const auto &voice : it.bar()->voices()) {
             if (voice == nullptr || voice->isEmpty())
                 continue;
-            Fitted fitted = fit(*voice, master.length(), beatOf(master.timeSignature()));
+            Fitted fitted = fit(*voice, master.length(), master.timeSignature());
             if (!fitted.isChanged)
                 continue;
             const VoicePlace place{it.trackIndex(), it.staffIndex(), it.barIndex(), voice->index()};

@@ -7,10 +7,10 @@
 namespace zarn::cmd {
 
 /// Makes the voices of bars as long as the meter asks: puts rests behind those that are too short,
-/// beat by beat of the meter, and takes rests off the end of those that are too long. Place holders
-/// at the end become rests. Notes are neither cut nor removed: a voice that is too long by notes
-/// stays so. Free time, simile bars and voices without anything written are left alone. Sends
-/// `ModifyBarRange` for the bars that changed.
+/// as the meter has them (a half rest for half a bar of 4/4), and takes rests off the end of those
+/// that are too long. Place holders at the end become rests. Notes are neither cut nor removed: a
+/// voice that is too long by notes stays so. Free time, simile bars and voices without anything
+/// written are left alone. Sends `ModifyBarRange` for the bars that changed.
 class ZARNCORE_EXPORT CompleteReduceBarsWithRests final : public SwapContent {
 public:
     CompleteReduceBarsWithRests();

@@ -59,19 +59,4 @@ std::vector<Voice::Beats> cutBeat(const Beat &beat, const std::vector<rational> 
     return groups;
 }
 
-Voice::Beats restsByBeat(const rational &from, const rational &to, const rational &beat)
-{
-    Voice::Beats rests;
-    for (rational at = from; at < to;) {
-        const rational next = std::min(to, (rational((at / beat).floor()) + rational(1)) * beat);
-        std::vector<RhythmValue> rhythms;
-        RhythmValue::rhythms(next - at, rhythms);
-        // The short ones first: towards the beat.
-        for (auto rhythm = rhythms.rbegin(); rhythm != rhythms.rend(); ++rhythm)
-            rests.push_back(std::make_shared<Beat>(*rhythm));
-        at = next;
-    }
-    return rests;
-}
-
 } // namespace zarn

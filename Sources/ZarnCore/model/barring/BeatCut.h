@@ -16,9 +16,4 @@ std::vector<RhythmValue> rhythmsLike(const utils::rational &length, const Rhythm
 /// out as `splitAttributes` does; a rest that fills its bar becomes rests of these lengths.
 std::vector<Voice::Beats> cutBeat(const Beat &beat, const std::vector<utils::rational> &lengths);
 
-/// Beats without notes of a length in all, at a time in bars of a meter: no longer than its beats,
-/// and not over one's start.
-Voice::Beats restsByBeat(const utils::rational &from, const utils::rational &to,
-                         const utils::rational &beat);
-
 } // namespace zarn
