@@ -23,7 +23,10 @@ TEST(InForce, aTempoHoldsFromItsPlaceUntilTheNextAndTheSettingsBeforeAll)
 {
     MasterTrack track;
     track.addEmptyMasterBars(4);
+    EXPECT_FALSE(tempoInForce(track, 0).isGiven);
+    EXPECT_FALSE(temposOf(track).front().isVisible);
     track.setTempoValue(96);
+    EXPECT_TRUE(tempoInForce(track, 0).isGiven);
     track.setTempoLabel("Lento");
     addTempo(track, 1, 2, 60, TempoUnit::Half);
     EXPECT_EQ(tempoInForce(track, 0).value, 96);

@@ -85,11 +85,16 @@ QString tempoText(const TempoMark &tempo)
 QStringList tempos(const MasterTrack &master)
 {
     QStringList found;
-    for (const TempoMark &tempo : temposOf(master))
-        found.append(QStringLiteral("%1 %2 bar %3")
-                         .arg(tempoText(tempo),
-                              tempo.position > 0 ? QStringLiteral("in") : QStringLiteral("from"))
-                         .arg(tempo.bar + 1));
+    for (const TempoMark &tempo : temposOf(master)) {
+        if (tempo.isGiven)
+            found.append(
+                QStringLiteral("%1 %2 bar %3")
+                    .arg(tempoText(tempo),
+                         tempo.position > 0 ? QStringLiteral("in") : QStringLiteral("from"))
+                    .arg(tempo.bar + 1));
+        else
+            found.append(QStringLiteral("none given (plays at %1)").arg(tempoText(tempo)));
+    }
     return found;
 }
 

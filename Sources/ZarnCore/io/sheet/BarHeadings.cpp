@@ -67,7 +67,11 @@ void addTempos(const MasterTrack &master, unsigned bar, bool isFirstShown, const
     // The first bar that is shown tells the tempo with which it starts.
     if (isFirstShown && (changes.empty() || changes.front()->position() > 0)) {
         const TempoMark tempo = tempoInForce(master, bar);
-        into.headings.push_back({BarStart, tempoText(tempo, glyphs), Ink::Heading});
+        const QString text = tempoText(tempo, glyphs);
+        into.headings.push_back(
+            {BarStart,
+             tempo.isGiven ? text : QStringLiteral("(no tempo given: plays at %1)").arg(text),
+             Ink::Heading});
     }
     for (const Automation *const change : changes)
         if (change->isVisible() || isFirstShown)

@@ -17,7 +17,8 @@ TempoMark startOf(const MasterTrack &track)
     mark.value = settings.value;
     mark.unit = settings.unit;
     mark.text = settings.label;
-    mark.isVisible = settings.visible;
+    mark.isGiven = settings != TempoSettings();
+    mark.isVisible = mark.isGiven && settings.visible;
     return mark;
 }
 
