@@ -42,7 +42,8 @@ const std::vector<CommandArea> &commandAreas()
         {"Any attribute", attributeCommands()},
         {"Tracks", trackCommands()},
         {"How tracks play", playingCommands()},
-        {"Sounds and mixer", soundCommands()},
+        {"Sounds and recordings", soundCommands()},
+        {"Effects and mixer", mixerCommands()},
         {"The score", scoreCommands()},
         {"The session", sessionCommands()},
     };

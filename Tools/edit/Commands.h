@@ -43,6 +43,7 @@ const std::vector<Command> &attributeCommands();
 const std::vector<Command> &trackCommands();
 const std::vector<Command> &playingCommands();
 const std::vector<Command> &soundCommands();
+const std::vector<Command> &mixerCommands();
 const std::vector<Command> &scoreCommands();
 const std::vector<Command> &sessionCommands();
 

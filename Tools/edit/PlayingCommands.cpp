@@ -13,11 +13,6 @@ namespace {
 
 constexpr int MostStaves = 16;
 
-unsigned index(const Values &values, std::size_t parameter)
-{
-    return static_cast<unsigned>(values.get<int>(parameter));
-}
-
 const Choices &playingStyleChoices()
 {
     static const Choices choices = {
@@ -55,21 +50,21 @@ const Choices &automationChoices()
 
 bool setPlayback(EditSession &session, const Values &values)
 {
-    return session.score().setTrackPlayback(index(values, 0),
+    return session.score().setTrackPlayback(values.index(0),
                                             static_cast<TrackPlayback>(values.get<int>(1)));
 }
 
 bool bypassAutomations(EditSession &session, const Values &values)
 {
     return session.score().modifyTrackAutomationBypass(
-        index(values, 0), static_cast<Automation::Type>(values.get<int>(1)), values.get(2, true));
+        values.index(0), static_cast<Automation::Type>(values.get<int>(1)), values.get(2, true));
 }
 
 bool moveTrack(EditSession &session, const Values &values)
 {
     if (values.get<int>(0) == values.get<int>(1))
         throw LineError(values.column(1), QStringLiteral("the track is there already"));
-    return session.score().moveTrack(index(values, 0), index(values, 1));
+    return session.score().moveTrack(values.index(0), values.index(1));
 }
 
 bool setColor(EditSession &session, const Values &values)
@@ -83,41 +78,41 @@ bool setColor(EditSession &session, const Values &values)
         throw LineError(values.column(1),
                         QStringLiteral("a colour is six digits for red, green and blue, such as "
                                        "E0A030"));
-    return session.score().setTrackColor(index(values, 0), color);
+    return session.score().setTrackColor(values.index(0), color);
 }
 
 bool setStaves(EditSession &session, const Values &values)
 {
-    return session.score().setStaffCount(index(values, 0), index(values, 1));
+    return session.score().setStaffCount(values.index(0), values.index(1));
 }
 
 bool setMidi(EditSession &session, const Values &values)
 {
     if (!values.has(1))
-        return session.score().setTrackMidiConnection(index(values, 0), std::nullopt);
+        return session.score().setTrackMidiConnection(values.index(0), std::nullopt);
     const int channel = values.get<int>(1);
     MidiConnection connection;
     connection.channel = static_cast<std::uint8_t>(channel - 1);
     connection.bendChannel = static_cast<std::uint8_t>(values.get(2, channel) - 1);
     connection.port = static_cast<std::uint8_t>(values.get(3, 1) - 1);
-    return session.score().setTrackMidiConnection(index(values, 0), connection);
+    return session.score().setTrackMidiConnection(values.index(0), connection);
 }
 
 bool setStyle(EditSession &session, const Values &values)
 {
-    return session.score().setPlayingStyle(index(values, 0),
+    return session.score().setPlayingStyle(values.index(0),
                                            static_cast<PlayingStyle>(values.get<int>(1)));
 }
 
 bool setMuteStrength(EditSession &session, const Values &values)
 {
-    return session.score().setPalmMute(index(values, 0), static_cast<float>(values.get<double>(1)));
+    return session.score().setPalmMute(values.index(0), static_cast<float>(values.get<double>(1)));
 }
 
 template <bool (ScoreTrackOperations::*Set)(unsigned, bool)>
 bool setSwitch(EditSession &session, const Values &values)
 {
-    return (session.score().*Set)(index(values, 0), values.get(1, true));
+    return (session.score().*Set)(values.index(0), values.get(1, true));
 }
 
 } // namespace

@@ -19,15 +19,10 @@ namespace {
 constexpr int MostFrets = 36;
 constexpr int MostStrings = 12;
 
-unsigned index(const Values &values, std::size_t parameter)
-{
-    return static_cast<unsigned>(values.get<int>(parameter));
-}
-
 /// A place to insert at: as typed, else behind the last one.
 unsigned gap(const Values &values, std::size_t parameter, unsigned count)
 {
-    return values.has(parameter) ? index(values, parameter) : count;
+    return values.has(parameter) ? values.index(parameter) : count;
 }
 
 /// What `read` makes of a word; what is wrong with the word is told at its place.
@@ -71,7 +66,7 @@ bool addTrack(EditSession &session, const Values &values)
 
 bool copyTrack(EditSession &session, const Values &values)
 {
-    const auto track = session.model().track(index(values, 0));
+    const auto track = session.model().track(values.index(0));
     if (!track)
         throw Failure("there is no track yet; add-track makes one");
     return session.score().insertTrack(gap(values, 1, session.model().trackCount()),
@@ -80,24 +75,24 @@ bool copyTrack(EditSession &session, const Values &values)
 
 bool removeTrack(EditSession &session, const Values &values)
 {
-    return session.score().removeTrack(index(values, 0));
+    return session.score().removeTrack(values.index(0));
 }
 
 bool setName(EditSession &session, const Values &values)
 {
-    return session.score().setTrackName(index(values, 0), values.get<QString>(1));
+    return session.score().setTrackName(values.index(0), values.get<QString>(1));
 }
 
 bool setShortName(EditSession &session, const Values &values)
 {
-    return session.score().setTrackShortName(index(values, 0), values.get<QString>(1));
+    return session.score().setTrackShortName(values.index(0), values.get<QString>(1));
 }
 
 bool setNotations(EditSession &session, const Values &values)
 {
     const QString text = values.get<QString>(1);
     if (text == QLatin1String("usual"))
-        return session.score().setTrackNotations(index(values, 0), std::nullopt);
+        return session.score().setTrackNotations(values.index(0), std::nullopt);
     TrackNotations notations{false, false, false};
     for (const QString &word : text.split(QLatin1Char(',')))
         if (!addNotation(word, notations))
@@ -106,12 +101,12 @@ bool setNotations(EditSession &session, const Values &values)
                 QStringLiteral("\"%1\" is no notation; type staff, tab, slash or several "
                                "of them such as staff,tab, or usual")
                     .arg(word));
-    return session.score().setTrackNotations(index(values, 0), notations);
+    return session.score().setTrackNotations(values.index(0), notations);
 }
 
 bool setIcon(EditSession &session, const Values &values)
 {
-    return session.score().setTrackIcon(index(values, 0),
+    return session.score().setTrackIcon(values.index(0),
                                         static_cast<ZarnIconID>(values.get<int>(1)));
 }
 
@@ -152,7 +147,7 @@ bool setStrings(EditSession &session, const Values &values)
 {
     const GuitarTuning present = presentTuning(*staffOf(session, values));
     const GuitarTuning usual =
-        atColumn(values.column(0), [&] { return usualTuning(present, index(values, 0)); });
+        atColumn(values.column(0), [&] { return usualTuning(present, values.index(0)); });
     return retune(session, values, usual, Retuning::KeepPitches);
 }
 
@@ -161,10 +156,10 @@ bool setCapo(EditSession &session, const Values &values)
     const auto staff = staffOf(session, values);
     if (!staff->isFretted())
         throw Failure("there are no strings to put a capo on");
-    if (index(values, 0) > staff->fretCount())
+    if (values.index(0) > staff->fretCount())
         throw Failure("this staff has only " + counted(staff->fretCount(), "fret"));
     return session.score().setGuitarFullTuning(values.where().track, values.where().staff,
-                                               staff->tuning(), index(values, 0),
+                                               staff->tuning(), values.index(0),
                                                Retuning::KeepFrets);
 }
 

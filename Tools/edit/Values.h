@@ -119,6 +119,12 @@ public:
         _options[name] = {std::move(value), column};
     }
 
+    /// A number that counts something, a track or a place of a list.
+    unsigned index(std::size_t parameter) const
+    {
+        return static_cast<unsigned>(get<int>(parameter));
+    }
+
     std::string text(std::size_t parameter) const
     {
         return get<QString>(parameter, QString()).toStdString();
