@@ -43,8 +43,10 @@ struct Place {
     unsigned track, bar, beat, note;
 };
 
+using Places = std::shared_ptr<const std::vector<Place>>;
+
 /// Places of notes: all over the score, or in a few bars that stay in the cache.
-std::vector<Place> makePlaces(zarn::ScoreModel &model, unsigned tracks, unsigned bars)
+Places makePlaces(zarn::ScoreModel &model, unsigned tracks, unsigned bars)
 {
     std::mt19937 random(5);
     std::vector<Place> places(4096);
@@ -56,73 +58,56 @@ std::vector<Place> makePlaces(zarn::ScoreModel &model, unsigned tracks, unsigned
         place.index = {&model, int(place.track), int(place.bar), int(place.beat), 0, 0};
         place.index.setNoteString(4 + place.note);
     }
-    return places;
+    return std::make_shared<const std::vector<Place>>(std::move(places));
 }
 
-/// The note at the end of the chain, as a plain pointer or as a shared one; and as the index
+const std::shared_ptr<zarn::Beat> &beatByHand(const zarn::ScoreModel &model, const Place &place)
+{
+    return model.tracks()[place.track]
+        ->staves()[0]
+        ->bars()[place.bar]
+        ->voices()[0]
+        ->beats()[place.beat];
+}
+
+/// An index names a note by its string: a chain by hand ends at the same one when it asks for that
+/// too.
+const std::shared_ptr<zarn::Note> &noteByHand(const zarn::ScoreModel &model, const Place &place)
+{
+    const int string = 4 + static_cast<int>(place.note);
+    const auto &notes = beatByHand(model, place)->notes();
+    std::size_t number = 0;
+    while (notes[number]->string() != string)
+        ++number;
+    return notes[number];
+}
+
+/// A chain that is told which of the notes it is. It never looks at one, and they lie elsewhere in
+/// memory.
+const std::shared_ptr<zarn::Note> &noteByNumber(const zarn::ScoreModel &model, const Place &place)
+{
+    return beatByHand(model, place)->notes()[place.note];
+}
+
+/// The node at the end of a chain by hand, as a plain pointer or as a shared one; and as the index
 /// answers it.
-template <class Result, class Answer>
+template <class Chain, class Answer>
 void compareResolving(bench::RatioReport &report, const std::string &name, double target,
-                      const std::shared_ptr<zarn::ScoreModel> &model, std::vector<Place> places,
-                      Result (*result)(const std::shared_ptr<zarn::Note> &),
-                      Answer (zarn::ScoreModelIndex::*note)() const)
+                      const std::shared_ptr<zarn::ScoreModel> &model, const Places &places,
+                      Chain chain, Answer (zarn::ScoreModelIndex::*node)() const)
 {
-    const auto shared = std::make_shared<const std::vector<Place>>(std::move(places));
     report.compare(
         name, target,
-        [model, shared, result](benchmark::State &state) {
+        [model, places, chain](benchmark::State &state) {
             for (auto _ : state)
-                for (const Place &place : *shared)
-                    benchmark::DoNotOptimize(result(model->tracks()[place.track]
-                                                        ->staves()[0]
-                                                        ->bars()[place.bar]
-                                                        ->voices()[0]
-                                                        ->beats()[place.beat]
-                                                        ->notes()[place.note]));
+                for (const Place &place : *places)
+                    benchmark::DoNotOptimize(chain(*model, place));
         },
-        [shared, note](benchmark::State &state) {
+        [places, node](benchmark::State &state) {
             for (auto _ : state)
-                for (const Place &place : *shared)
-                    benchmark::DoNotOptimize((place.index.*note)());
+                for (const Place &place : *places)
+                    benchmark::DoNotOptimize((place.index.*node)());
         });
-}
-
-/// What an index names, found by hand: the note of a string at the end of the chain. The chain
-/// alone never looks at a note, which lies elsewhere in memory.
-void compareStrings(bench::RatioReport &report, const std::string &name, double target,
-                    const std::shared_ptr<zarn::ScoreModel> &model, std::vector<Place> places)
-{
-    const auto shared = std::make_shared<const std::vector<Place>>(std::move(places));
-    report.compare(
-        name, target,
-        [model, shared](benchmark::State &state) {
-            for (auto _ : state)
-                for (const Place &place : *shared) {
-                    const int string = 4 + static_cast<int>(place.note);
-                    const auto &voice =
-                        model->tracks()[place.track]->staves()[0]->bars()[place.bar]->voices()[0];
-                    for (const auto &note : voice->beats()[place.beat]->notes())
-                        if (note->string() == string) {
-                            benchmark::DoNotOptimize(note.get());
-                            break;
-                        }
-                }
-        },
-        [shared](benchmark::State &state) {
-            for (auto _ : state)
-                for (const Place &place : *shared)
-                    benchmark::DoNotOptimize(place.index.findNote());
-        });
-}
-
-zarn::Note *plain(const std::shared_ptr<zarn::Note> &note)
-{
-    return note.get();
-}
-
-std::shared_ptr<zarn::Note> held(const std::shared_ptr<zarn::Note> &note)
-{
-    return note;
 }
 
 /// A bar with two voices of so many beats.
@@ -201,20 +186,40 @@ int main(int argc, char **argv)
 {
     bench::RatioReport report;
     const auto model = makeModel();
-    // A share of the node alone costs more, in the cache, than the whole chain.
     const auto few = makePlaces(*model, 1, 8);
     const auto all = makePlaces(*model, trackCount, barCount);
-    const auto note = &zarn::ScoreModelIndex::note;
-    const auto found = &zarn::ScoreModelIndex::findNote;
-    compareResolving(report, "places: index to note", 5, model, all, &plain, note);
-    compareResolving(report, "places: index to note, both held", 5, model, all, &held, note);
-    compareResolving(report, "places: index to note, unshared", 2, model, all, &plain, found);
-    compareStrings(report, "places: index to note by string, unshared", 2, model, all);
-    compareResolving(report, "places: index to note, cached", 5, model, few, &plain, note);
-    compareResolving(report, "places: index to note, cached, both held", 5, model, few, &held,
-                     note);
-    compareResolving(report, "places: index to note, cached, unshared", 2, model, few, &plain,
-                     found);
+    using zarn::ScoreModel;
+    const auto beat = [](const ScoreModel &score, const Place &place) {
+        return beatByHand(score, place).get();
+    };
+    const auto note = [](const ScoreModel &score, const Place &place) {
+        return noteByHand(score, place).get();
+    };
+    const auto heldNote = [](const ScoreModel &score, const Place &place) {
+        return std::shared_ptr<zarn::Note>(noteByHand(score, place));
+    };
+    const auto numbered = [](const ScoreModel &score, const Place &place) {
+        return noteByNumber(score, place).get();
+    };
+    using Index = zarn::ScoreModelIndex;
+    compareResolving(report, "places: to a beat", 2, model, all, beat, &Index::findBeat);
+    compareResolving(report, "places: to a beat, cached", 2, model, few, beat, &Index::findBeat);
+    compareResolving(report, "places: to a note", 2, model, all, note, &Index::findNote);
+    compareResolving(report, "places: to a note, cached", 2, model, few, note, &Index::findNote);
+    compareResolving(report, "places: to a note, shared by both", 2, model, all, heldNote,
+                     &Index::note);
+    compareResolving(report, "places: to a note, cached, shared by both", 2, model, few, heldNote,
+                     &Index::note);
+    // Not like with like: the chain knows more than the index and does less. In the cache, a share
+    // of the note alone costs more than the whole chain.
+    compareResolving(report, "places: to a note, chain told its number", 3, model, all, numbered,
+                     &Index::findNote);
+    compareResolving(report, "places: to a note, cached, chain told its number", 2, model, few,
+                     numbered, &Index::findNote);
+    compareResolving(report, "places: to a shared note, chain told its number", 5, model, all,
+                     numbered, &Index::note);
+    compareResolving(report, "places: to a shared note, cached, chain told its number", 5, model,
+                     few, numbered, &Index::note);
     compareGrowth(report, "places: drawing offsets of 5,000 beats over 500", 13, 500,
                   &LongBar::drawingOffsets);
     // Growth with the square would be 100. Sorting and searching have their logarithm, 13 and 14 in
