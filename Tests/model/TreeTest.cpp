@@ -4,6 +4,7 @@
 #include <ZarnCore/ZarnException.h>
 
 #include <atomic>
+#include <functional>
 #include <thread>
 
 using namespace zarn;
@@ -331,4 +332,59 @@ TEST(Tree, audioTracksAndSounds)
     EXPECT_EQ(track.removeSoundAtIndex(9), nullptr);
     EXPECT_EQ(track.removeSoundAtIndex(0)->name(), "lead");
     EXPECT_EQ(track.indexOfSound(Sound("lead")), -1);
+}
+
+std::shared_ptr<Voice> makeVoice(unsigned beatCount)
+{
+    auto voice = std::make_shared<Voice>();
+    for (unsigned i = 0; i < beatCount; ++i)
+        voice->addBeat(makeBeat(NoteValue::Quarter, {60}));
+    return voice;
+}
+
+TEST(Tree, aVoiceKnowsOfMarksThatLeadOnWhicheverWayTheyCome)
+{
+    const SlurEnds ends = {{1, true}};
+    const Syllables syllables = {{0, Syllabic::Single, false, "la"}};
+    BeatMarks pressed;
+    pressed.setPedal(PedalChange::Start);
+    BeatDetails sung;
+    sung.lyrics = syllables;
+    const std::vector<std::function<void(Beat &)>> ways = {
+        [](Beat &beat) { beat.setPedal(PedalChange::Stop); },
+        [](Beat &beat) { beat.setTextSpan(TextSpan::Begin); },
+        [&](Beat &beat) { beat.setSlurEnds(ends); },
+        [&](Beat &beat) { beat.setLyrics(syllables); },
+        [&](Beat &beat) { beat.setMarks(pressed); },
+        [&](Beat &beat) { beat.setDetails(sung); },
+        [&](Beat &beat) {
+            Beat other;
+            other.setLyrics(syllables);
+            beat = other;
+        },
+    };
+    for (std::size_t i = 0; i < ways.size(); ++i) {
+        SCOPED_TRACE(i);
+        const auto voice = makeVoice(2);
+        EXPECT_FALSE(voice->mayHoldSpans());
+        voice->beat(1)->setText("no span");
+        EXPECT_FALSE(voice->mayHoldSpans());
+        ways[i](*voice->beat(1));
+        EXPECT_TRUE(voice->mayHoldSpans());
+        EXPECT_TRUE(voice->clone()->mayHoldSpans());
+        // With the beat, on its way into other voices.
+        const auto beat = voice->removeBeat(1);
+        const auto one = makeVoice(1);
+        one->addBeat(beat->clone());
+        EXPECT_TRUE(one->mayHoldSpans());
+        const auto block = makeVoice(1);
+        block->insertBeats(0, {beat->clone(), makeBeat(NoteValue::Quarter, {60})});
+        EXPECT_TRUE(block->mayHoldSpans());
+        // The beats of a voice that nobody shares do not know it.
+        Voice own(*makeVoice(1));
+        ways[i](*own.beat(0));
+        EXPECT_TRUE(own.mayHoldSpans());
+        EXPECT_TRUE(std::make_shared<Voice>(own)->mayHoldSpans());
+        EXPECT_FALSE(voice->clone()->mayHoldSpans()) << "what went is forgotten";
+    }
 }

@@ -27,6 +27,7 @@ Beat &Beat::operator=(const Beat &other)
     _details = other._details;
     markOrphans();
     lengthChanged();
+    spansChanged();
     return *this;
 }
 
@@ -102,6 +103,20 @@ void Beat::lengthChanged() const noexcept
         voice->forgetOffsets();
 }
 
+bool Beat::hasSpanDetails() const noexcept
+{
+    const BeatDetails &held = details();
+    return held.textSpan != TextSpan::None || !held.slurEnds.empty() || !held.lyrics.empty();
+}
+
+void Beat::spansChanged() const noexcept
+{
+    if (!hasSpanMarks())
+        return;
+    if (const auto voice = parentVoice())
+        voice->_mayHoldSpans = true;
+}
+
 /// The rhythm computes its length here, so that threads that read it later find it done.
 void Beat::setRhythmValue(const RhythmValue &rhythm)
 {
@@ -122,12 +137,20 @@ void Beat::setGraceType(GraceType type)
     lengthChanged();
 }
 
+void Beat::setPedal(PedalChange change)
+{
+    BeatMarkAccessors::setPedal(change);
+    spansChanged();
+}
+
 void Beat::setMarks(const BeatMarks &marks) noexcept
 {
-    const bool isOfOtherLength = ((_marks ^ marks._marks) & lengthMask) != 0;
+    const std::uint64_t changed = _marks ^ marks._marks;
     _marks = marks._marks;
-    if (isOfOtherLength)
+    if ((changed & lengthMask) != 0)
         lengthChanged();
+    if ((changed & spanMask) != 0)
+        spansChanged();
 }
 
 utils::rational Beat::length() const
@@ -156,6 +179,7 @@ void Beat::setDetails(BeatDetails details)
 {
     ZARN_ASSERT_IN("zarn::Beat::setDetails", areValid(details));
     _details.set(std::move(details));
+    spansChanged();
 }
 
 void Beat::setText(const std::string &text)
@@ -167,6 +191,7 @@ void Beat::setTextSpan(TextSpan span)
 {
     ZARN_ASSERT_IN("zarn::Beat::setTextSpan", span <= TextSpan::End);
     _details.change([&](BeatDetails &details) { details.textSpan = span; });
+    spansChanged();
 }
 
 void Beat::setChord(const ChordMark &chord)
@@ -227,12 +252,14 @@ void Beat::setLyrics(const Syllables &syllables)
 {
     ZARN_ASSERT_IN("zarn::Beat::setLyrics", areValid(syllables));
     _details.change([&](BeatDetails &details) { details.lyrics = syllables; });
+    spansChanged();
 }
 
 void Beat::setSlurEnds(const SlurEnds &ends)
 {
     ZARN_ASSERT_IN("zarn::Beat::setSlurEnds", areValid(ends));
     _details.change([&](BeatDetails &details) { details.slurEnds = ends; });
+    spansChanged();
 }
 
 /// Marks of a beat without notes count only while it has none.

@@ -108,6 +108,17 @@ public:
     void setWholeBarRest(bool wholeBar);
     void setGraceType(GraceType type);
 
+    // The voice hears of pedals and of all else that `hasSpanMarks` names.
+
+    void setPedal(PedalChange change);
+
+    /// Whether it is marked with what leads on to other beats and is marked at its ends alone: a
+    /// pedal, a line behind words, a numbered slur or a syllable.
+    bool hasSpanMarks() const noexcept
+    {
+        return (_marks & spanMask) != 0 || (hasDetails() && hasSpanDetails());
+    }
+
     /// All that the accessors of the marks reach, as one value.
     BeatMarks marks() const noexcept { return BeatMarks(_marks); }
     void setMarks(const BeatMarks &marks) noexcept;
@@ -172,6 +183,8 @@ private:
 
     void linkOrphans(const std::weak_ptr<Beat> &self) { _notes.link(self); }
 
+    bool hasSpanDetails() const noexcept;
+    void spansChanged() const noexcept;
     void lengthChanged() const noexcept;
     void notesChanged() const noexcept
     {

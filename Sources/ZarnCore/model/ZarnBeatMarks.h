@@ -174,6 +174,8 @@ protected:
 
     /// What has to do with the length of the beat.
     static constexpr std::uint64_t lengthMask = GraceBits::mask | WholeBarRestBits::mask;
+    /// What leads on to other beats and is marked at its ends alone.
+    static constexpr std::uint64_t spanMask = PedalBits::mask;
     static constexpr std::uint64_t emptyBeatMask = PlaceHolderBits::mask | WholeBarRestBits::mask;
 
     /// What scores have had from the start.

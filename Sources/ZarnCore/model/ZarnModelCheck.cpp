@@ -148,6 +148,8 @@ private:
             };
             if (beat.index() != b || beat.parentVoice().get() != &voice)
                 expect(false, place(), "wrong index or parent");
+            if (beat.hasSpanMarks() && !voice.mayHoldSpans())
+                expect(false, place(), "a mark of which its voice does not know");
             for (const auto &note : beat.notes()) {
                 if (note->parentBeat().get() != &beat)
                     expect(false, place(), "note with wrong parent");

@@ -33,6 +33,7 @@ void Voice::insertBeat(unsigned index, const std::shared_ptr<Beat> &beat, LinkMo
 {
     const unsigned at = std::min(index, beatCount());
     _beats.insert(at, beat, asParent());
+    noteSpans(*beat);
     forgetOffsets();
     if (mode == LinkMode::Mend)
         joinInserted(at, 1);
@@ -43,6 +44,8 @@ void Voice::insertBeats(unsigned index, Beats beats, LinkMode mode)
     const unsigned at = std::min(index, beatCount());
     const auto count = static_cast<unsigned>(beats.size());
     _beats.insert(at, std::move(beats), asParent());
+    for (unsigned i = at; i < at + count; ++i)
+        noteSpans(*_beats.items()[i]);
     forgetOffsets();
     if (mode == LinkMode::Mend && count != 0)
         joinInserted(at, count);

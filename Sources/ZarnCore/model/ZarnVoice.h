@@ -71,6 +71,14 @@ public:
     /// Removes the place holders among the beats `first` to `last` inclusive; returns how many.
     unsigned removePlaceHolderBeats(unsigned first, unsigned last);
 
+    /// Whether a beat may have span marks (`Beat::hasSpanMarks`): true when one has, and also when
+    /// one had. Whoever looks for such marks passes all other voices by.
+    bool mayHoldSpans() const
+    {
+        linkChildren();
+        return _mayHoldSpans || hasOrphans();
+    }
+
     // Time, in quarters from the start of the bar. Asked of one beat after the other, all of these
     // take constant or logarithmic time. (A whole-bar rest is as long as its bar, which the voice
     // does not hear of: with one among them the beats are added up each time.)
@@ -130,6 +138,14 @@ private:
     {
         _beats.link(self);
         forgetOffsets();
+        _mayHoldSpans = false;
+        for (const auto &beat : _beats.items())
+            noteSpans(*beat);
+    }
+
+    void noteSpans(const Beat &beat) noexcept
+    {
+        _mayHoldSpans = _mayHoldSpans || beat.hasSpanMarks();
     }
     void joinInserted(unsigned index, unsigned count);
     Offsets sumUp() const;
@@ -140,6 +156,7 @@ private:
     /// To be called whenever the length of a beat may have changed.
     void forgetOffsets() noexcept { _offsets.forget(); }
 
+    bool _mayHoldSpans = false; ///< set when a beat comes or changes; what is copied is asked anew
     ChildList<Voice, Beat> _beats;
 
     /// No numbers when they depend on more than the beats.

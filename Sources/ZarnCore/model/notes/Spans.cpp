@@ -14,14 +14,6 @@ namespace {
 
 using utils::rational;
 
-bool hasMarks(const Beat &beat) noexcept
-{
-    return beat.pedal() != PedalChange::None
-        || (beat.hasDetails()
-            && (beat.textSpan() != TextSpan::None || !beat.slurEnds().empty()
-                || !beat.lyrics().empty()));
-}
-
 bool endsWord(Syllabic syllabic) noexcept
 {
     return syllabic == Syllabic::Middle || syllabic == Syllabic::End;
@@ -97,11 +89,13 @@ std::vector<When> timesOf(const Voice &voice)
 void readVoice(const Voice &voice, KeptBeats::Place place, std::vector<TimedMark> &marks)
 {
     const auto &beats = voice.beats();
-    if (std::none_of(beats.begin(), beats.end(), [](const auto &beat) { return hasMarks(*beat); }))
+    if (!voice.mayHoldSpans() || std::none_of(beats.begin(), beats.end(), [](const auto &beat) {
+            return beat->hasSpanMarks();
+        }))
         return;
     const std::vector<When> times = timesOf(voice);
     for (unsigned i = 0; i < voice.beatCount(); ++i) {
-        if (!hasMarks(*beats[i]))
+        if (!beats[i]->hasSpanMarks())
             continue;
         place.beat = i;
         visitMarks(*beats[i], place, [&](const SpanLine &line, const SpanMark &mark) {
