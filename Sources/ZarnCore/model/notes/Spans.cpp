@@ -111,10 +111,26 @@ bool isOn(const SpanLine &left, const SpanLine &right) noexcept
     return !(left < right) && !(right < left);
 }
 
+/// Whether there may be a mark in bars from `first` up to, not including, `end`. Few voices have
+/// any: this is a short way past all others.
+bool mayHoldSpans(const Track &track, unsigned first, unsigned end)
+{
+    for (const auto &staff : track.staves()) {
+        const auto &bars = staff->bars();
+        for (std::size_t i = first; i < std::min<std::size_t>(end, bars.size()); ++i)
+            for (const auto &voice : bars[i]->voices())
+                if (voice && voice->mayHoldSpans())
+                    return true;
+    }
+    return false;
+}
+
 /// The marks of a bar in all staves, line by line and in the order of time.
 std::vector<TimedMark> readBar(const Track &track, unsigned bar)
 {
     std::vector<TimedMark> marks;
+    if (!mayHoldSpans(track, bar, bar + 1))
+        return marks;
     for (const auto &staff : track.staves()) {
         if (bar >= staff->barCount())
             continue;
@@ -171,6 +187,8 @@ void rewriteSyllable(const SpanLine &line, const SpanMark &mark, const SpanMark 
 SpanMarksByLine readSpans(const Track &track, unsigned first, unsigned end)
 {
     SpanMarksByLine lines;
+    if (!mayHoldSpans(track, first, end))
+        return lines;
     for (unsigned bar = first; bar < end; ++bar)
         for (const TimedMark &timed : readBar(track, bar))
             lines[timed.line].push_back(timed.mark);
