@@ -9,6 +9,7 @@
 #include <ZarnCore/io/musicxml/signs/Lyrics.h>
 #include <ZarnCore/io/musicxml/signs/Ornaments.h>
 #include <ZarnCore/io/musicxml/signs/Technical.h>
+#include <ZarnCore/io/musicxml/writer/ElementStock.h>
 #include <ZarnCore/io/musicxml/writer/ExportContext.h>
 #include <ZarnCore/io/musicxml/writer/LineSigns.h>
 #include <ZarnCore/io/musicxml/writer/MeasureCursor.h>
@@ -88,7 +89,7 @@ void NoteWriter::startBar(const Bar &bar, int fifths)
 
 pugi::xml_node NoteWriter::startNote(const RhythmicBeat &beat, MeasureCursor &cursor)
 {
-    auto node = cursor.add("note");
+    auto node = _stock.addEmpty(cursor.measure(), "note");
     if (beat.beat->isGrace()) {
         const bool isSlashed = beat.beat->isSlashedGrace();
         auto grace = addElement(node, "grace");
@@ -187,11 +188,11 @@ void NoteWriter::writePitch(const Note &note, const Beat &beat, const PartStaff 
             "a note lower than MusicXML can write was written in its lowest octave");
         _pitch.octave = 0;
     }
-    auto pitch = addElement(node, "pitch");
-    addElement(pitch, "step", steps[_pitch.step]);
+    auto pitch = _stock.addEmpty(node, "pitch");
+    _stock.addText(pitch, "step", steps[_pitch.step]);
     if (_pitch.alter != 0)
-        addElement(pitch, "alter", _pitch.alter);
-    addElement(pitch, "octave", _pitch.octave);
+        _stock.addNumber(pitch, "alter", _pitch.alter);
+    _stock.addNumber(pitch, "octave", _pitch.octave);
 }
 
 /// Places are those of pitches under the clef at hand; under those for percussion and tablature,
@@ -217,7 +218,7 @@ void NoteWriter::writeTime(const RhythmicBeat &beat, const Note *note, const Voi
                            pugi::xml_node node)
 {
     if (!beat.beat->isGrace())
-        addElement(node, "duration", static_cast<long long>(_duration));
+        _stock.addNumber(node, "duration", _duration);
     if (note && !beat.beat->isCue()) {
         if (note->isTied())
             addAttribute(addElement(node, "tie"), "type", "stop");
@@ -226,10 +227,10 @@ void NoteWriter::writeTime(const RhythmicBeat &beat, const Note *note, const Voi
     }
     if (note && !_isPitched && note->midi() != Note::Unset)
         addAttribute(addElement(node, "instrument"), "id", _plan.percussionId(note->midi()));
-    addElement(node, "voice", place.voiceNumber);
+    _stock.addNumber(node, "voice", place.voiceNumber);
     if (!beat.beat->isWholeBarRest()) {
         const auto written = typeOf(beat.beat->rhythmValue());
-        addElement(node, "type", noteTypeName(written.type));
+        _stock.addText(node, "type", noteTypeName(written.type));
         for (unsigned dot = 0; dot < beat.beat->rhythmValue().getAugmentationDot(); ++dot)
             addElement(node, "dot");
         if (note && _isPitched)
@@ -243,12 +244,12 @@ void NoteWriter::writeTime(const RhythmicBeat &beat, const Note *note, const Voi
         }
     }
     if (beat.beat->stemOrientation() != ZarnStemOrientation::Undefined && note)
-        addElement(node, "stem",
-                   beat.beat->stemOrientation() == ZarnStemOrientation::Upward ? "up" : "down");
+        _stock.addText(node, "stem",
+                       beat.beat->stemOrientation() == ZarnStemOrientation::Upward ? "up" : "down");
     if (note)
         writeHead(*note, *beat.beat, node);
     if (place.hasSeveralStaves)
-        addElement(node, "staff", place.staffNumber);
+        _stock.addNumber(node, "staff", place.staffNumber);
 }
 
 /// By the rules of the bar: what the key, or a note before it in the bar, does not say already.
@@ -307,7 +308,7 @@ void NoteWriter::writeBeams(const RhythmicBeat &beat, pugi::xml_node node)
             : on                      ? "begin"
             : beat.isBeamedFrom       ? "backward hook"
                                       : "forward hook";
-        addAttribute(addElement(node, "beam", text), "number", level);
+        _stock.addNumbered(node, "beam", level, text);
     }
 }
 

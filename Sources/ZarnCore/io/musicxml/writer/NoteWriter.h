@@ -11,6 +11,7 @@
 
 namespace zarn::io {
 
+class ElementStock;
 class ExportContext;
 class LineSigns;
 class MeasureCursor;
@@ -30,7 +31,10 @@ bool isFreeTime(const Beat &beat);
 /// Writes the <note> elements of a beat: a chord, a rest, or time that is kept free.
 class NoteWriter {
 public:
-    NoteWriter(const PartPlan &plan, ExportContext &context) : _plan(plan), _context(context) { }
+    NoteWriter(const PartPlan &plan, ElementStock &stock, ExportContext &context)
+        : _plan(plan), _stock(stock), _context(context)
+    {
+    }
 
     /// Begins a bar under a key of so many fifths, as written: accidentals hold anew.
     void startBar(const Bar &bar, int fifths);
@@ -63,6 +67,7 @@ private:
     void writeArpeggio(const Beat &beat, const Note &note, pugi::xml_node notations);
 
     const PartPlan &_plan;
+    ElementStock &_stock;
     ExportContext &_context;
     const Bar *_bar = nullptr;
     const FermataMarks *_fermatas = nullptr;

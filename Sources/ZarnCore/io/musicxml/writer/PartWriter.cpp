@@ -17,7 +17,7 @@ PartWriter::PartWriter(const PartPlan &plan, int track, const ScorePlan &score,
       _attributes(plan, *score.model->masterTrack(), context),
       _directions(*score.model->masterTrack(), context),
       _crossed(plan, *score.model->masterTrack()),
-      _notes(plan.staves().size(), NoteWriter(plan, context)),
+      _notes(plan.staves().size(), NoteWriter(plan, _stock, context)),
       _ottavias(plan.staves().size(), Ottavia::None)
 {
     for (std::size_t staff = 0; staff < plan.staves().size(); ++staff)
@@ -37,7 +37,8 @@ void PartWriter::write()
 void PartWriter::writeMeasure(unsigned bar)
 {
     _context.setPlace(_track, static_cast<int>(bar));
-    _document.reset();
+    if (_stock.isFull())
+        _stock.start(_document);
     auto measure = _document.append_child("measure");
     addAttribute(measure, "number", _score.numbers[bar]);
     const auto &column = *master().masterBars()[bar];

@@ -5,6 +5,7 @@
 #include <ZarnCore/io/musicxml/writer/BarlineWriter.h>
 #include <ZarnCore/io/musicxml/writer/CrossedVoices.h>
 #include <ZarnCore/io/musicxml/writer/DirectionWriter.h>
+#include <ZarnCore/io/musicxml/writer/ElementStock.h>
 #include <ZarnCore/io/musicxml/writer/LineSigns.h>
 #include <ZarnCore/io/musicxml/writer/MeasureCursor.h>
 #include <ZarnCore/io/musicxml/writer/NoteWriter.h>
@@ -29,7 +30,7 @@ struct ScorePlan {
     std::vector<EndingMark> endings;
 };
 
-/// Writes one part, a measure at a time: no more than one is in memory.
+/// Writes one part, a measure at a time: no more than a few are in memory.
 class PartWriter {
 public:
     PartWriter(const PartPlan &plan, int track, const ScorePlan &score, ExportContext &context,
@@ -66,6 +67,7 @@ private:
     ExportContext &_context;
     XmlSink &_sink;
     pugi::xml_document _document;
+    ElementStock _stock; ///< in the document
     MeasureCursor _cursor;
     AttributesWriter _attributes;
     DirectionWriter _directions;
