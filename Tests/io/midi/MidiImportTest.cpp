@@ -9,6 +9,7 @@
 #include <array>
 #include <random>
 #include <set>
+#include <thread>
 
 using namespace test;
 using namespace zarn::io;
@@ -195,4 +196,58 @@ TEST(MidiImport, partsThatMoveOnTheirOwnAreVoicesAlsoInOneRhythm)
     };
     EXPECT_EQ(voicesOfLowNotes({60, 60, 59, 57}), (std::set<int>{1}));
     EXPECT_EQ(voicesOfLowNotes({69, 70, 70, 70}), (std::set<int>{0})) << "thirds are chords";
+}
+
+TEST(MidiImport, nodesOutliveTheScoreThatTheyWereReadWith)
+{
+    std::vector<std::shared_ptr<zarn::Note>> kept;
+    {
+        Song song;
+        auto &track = song.track();
+        for (int i = 0; i < 4000; ++i)
+            add(track, i * 0.25, 0.25, 40 + i % 48);
+        const auto imported = song.import();
+        for (const auto &bar : imported.model->tracks().front()->bars(0))
+            for (const auto &beat : bar->voices()[0]->beats())
+                if (bar->index() % 50 == 7)
+                    kept.push_back(beat->note(0));
+    }
+    ASSERT_EQ(kept.size(), 80U);
+    for (const auto &note : kept) {
+        EXPECT_GE(note->midi(), 40);
+        EXPECT_EQ(note->parentBeat(), nullptr);
+    }
+    std::thread([&kept] { kept.clear(); }).join();
+}
+
+TEST(MidiImport, moreRhythmsThanAreRememberedAreWrittenAllTheSame)
+{
+    // Bars of 16ths and rests, no two alike; the first hundred come again at the end.
+    constexpr int bars = 6000;
+    constexpr int places = 13;
+    Song song;
+    auto &track = song.track();
+    const auto addBar = [&](int bar, int pattern) {
+        for (int place = 0; place < places; ++place)
+            if ((pattern >> place & 1) != 0)
+                add(track, 4 * bar + place * 0.25, 0.25, 60);
+        add(track, 4 * bar + 3.5, 0.5, 72);
+    };
+    for (int bar = 0; bar < bars; ++bar)
+        addBar(bar, bar < bars - 100 ? bar : bar - (bars - 100));
+    const auto imported = song.import();
+    const auto rhythmsOf = [&](int bar) {
+        std::string text;
+        for (const auto &beat : imported.model->tracks()
+                                    .front()
+                                    ->bars(0)[static_cast<std::size_t>(bar)]
+                                    ->voices()[0]
+                                    ->beats())
+            text += (beat->hasNotes() ? "n" : "r") + beat->rhythmValue().toQString().toStdString();
+        return text;
+    };
+    for (int bar = 1; bar < 100; ++bar)
+        EXPECT_EQ(rhythmsOf(bar), rhythmsOf(bars - 100 + bar)) << bar;
+    for (int bar = 1; bar < bars - 101; bar += 97)
+        EXPECT_NE(rhythmsOf(bar), rhythmsOf(bar + 1)) << bar;
 }

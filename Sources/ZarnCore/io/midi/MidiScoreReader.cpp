@@ -11,6 +11,7 @@
 #include <ZarnCore/io/midi/TrackWriter.h>
 #include <ZarnCore/io/midi/WrittenPlacer.h>
 #include <ZarnCore/io/midi/ZarnMidiFile.h>
+#include <ZarnCore/model/NodeBlocks.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/notes/SpanFaults.h>
 
@@ -68,7 +69,7 @@ void ScoreReader::makeStaves(MidiPart &part) const
     if (part.isDrums || part.staves.size() != 1)
         return;
     PlayedNotes &notes = part.staves.front();
-    if (isToldAtAll(notes))
+    if (!_music.written.empty() && isToldAtAll(notes))
         part.staves = splitAsWritten(notes, _music.written);
     else if (part.strings.empty() && isForTwoHands(part) && needsTwoStaves(notes))
         part.staves = splitHands(notes);
@@ -119,8 +120,8 @@ MeterLine ScoreReader::makeBars()
     MidiTime last = 0;
     for (const MidiPart &part : _music.parts)
         for (const PlayedNotes &played : part.staves)
-            for (const PlayedNote &note : played)
-                last = std::max(last, note.playedStart + 1);
+            if (!played.empty())
+                last = std::max(last, played.back().playedStart + 1);
     // Long bars cost more: no more time than bars of four quarters have.
     const auto mostTime = static_cast<MidiTime>(most) * 4 * midiQuarter;
     if (_music.writtenEnd)
@@ -166,8 +167,9 @@ void ScoreReader::fitParts(const MeterLine &bars)
 
 void ScoreReader::writeTracks(const MeterLine &bars)
 {
+    NodeBlocks nodes;
     for (const MidiPart &part : _music.parts) {
-        writeTrack(part, bars, *_model, _oddities);
+        writeTrack(part, bars, nodes, *_model, _oddities);
         // Words whose syllables were left out end with those that they have.
         if (!part.lyrics.empty())
             mendBrokenSpans(*_model->tracks().back());

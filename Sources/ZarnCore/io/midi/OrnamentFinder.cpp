@@ -40,11 +40,17 @@ public:
     {
         TempoLine tempo(_tempos);
         for (std::size_t i = 0; i < _notes.size(); ++i) {
-            const double quarterSeconds = tempo.quarterSecondsAt(_notes[i].playedStart);
-            if (!isPlain(_notes[i].playedStart, midiQuarter / 2, _tolerance)
-                || _notes[i].roll != Roll::None)
+            const PlayedNote &note = _notes[i];
+            const double quarterSeconds = tempo.quarterSecondsAt(note.playedStart);
+            const bool mayRoll = i + 1 < _notes.size()
+                && _notes[i + 1].playedStart - note.playedStart <= longestStepOfBeat;
+            const bool mayBeGrace =
+                seconds(note.playedEnd - note.playedStart, quarterSeconds) <= longestGrace;
+            if ((!mayRoll && !mayBeGrace) || !isPlain(note.playedStart, midiQuarter / 2, _tolerance)
+                || note.roll != Roll::None)
                 continue;
-            findRoll(i, quarterSeconds);
+            if (mayRoll)
+                findRoll(i, quarterSeconds);
             findGrace(i, quarterSeconds);
         }
         sortNearlySorted(_notes, [](const PlayedNote &left, const PlayedNote &right) {

@@ -45,21 +45,28 @@ void addGraces(const PlayedNotes &graces, PlayedNotes &notes)
     notes = std::move(all);
 }
 
-void tellMoved(const MidiPart &part, const PlayedNotes &notes, MidiOddities &oddities)
+/// Whether any key is struck twice at one time; the notes are in the order of time.
+bool hasDoubles(const PlayedNotes &notes)
 {
-    for (const PlayedNote &note : notes)
-        if (!note.isTold() && std::abs(note.start - note.playedStart) > farMoved)
-            oddities.add("a note was moved by more than a 32nd", part.midiTrack);
+    constexpr std::size_t nearby = 16;
+    for (std::size_t i = 0; i < notes.size(); ++i) {
+        std::size_t next = i + 1;
+        for (; next < notes.size() && notes[next].start == notes[i].start; ++next)
+            if (notes[next].key == notes[i].key || next > i + nearby)
+                return true;
+    }
+    return false;
 }
 
 /// One key struck twice at one time is one note, the longer one.
 void dropDoubles(const MidiPart &part, PlayedNotes &notes, MidiOddities &oddities)
 {
-    sortNearlySorted(notes, [](const PlayedNote &left, const PlayedNote &right) {
+    const auto isEarlier = [](const PlayedNote &left, const PlayedNote &right) {
         if (left.start != right.start)
             return left.start < right.start;
         return left.key != right.key ? left.key < right.key : left.end > right.end;
-    });
+    };
+    sortNearlySorted(notes, isEarlier);
     const auto last = std::unique(
         notes.begin(), notes.end(), [](const PlayedNote &left, const PlayedNote &right) {
             return left.start == right.start && left.key == right.key && left.string == right.string
@@ -79,7 +86,8 @@ void PartFitter::fit(MidiPart &part, MidiOddities &oddities)
         if (part.isDrums)
             continue;
         spell(notes, _music.keys);
-        spellAsWritten(notes, _music.written);
+        if (!_music.written.empty())
+            spellAsWritten(notes, _music.written);
     }
 }
 
@@ -91,23 +99,31 @@ void PartFitter::fitRhythm(const MidiPart &part, PlayedNotes &notes, MidiOdditie
         _quantizer.quantizeDrums(notes);
     else
         _quantizer.quantize(notes);
-    placeAsWritten(notes, _music.written, _bars);
+    const bool isTold = !_music.written.empty();
+    if (isTold)
+        placeAsWritten(notes, _music.written, _bars);
     const MidiTime end = _bars.bars().back().end();
+    bool hasGraces = false;
     for (PlayedNote &note : notes) {
         note.start = std::min(note.start, end - 1);
         note.end = std::min(note.end, end);
+        hasGraces = hasGraces || note.isGrace;
+        if (std::abs(note.start - note.playedStart) > farMoved && !note.isTold())
+            oddities.add("a note was moved by more than a 32nd", part.midiTrack);
     }
-    tellMoved(part, notes, oddities);
     // Grace notes take no time and go with the notes that they lead to.
     PlayedNotes graces;
-    const auto isNoGrace = [](const PlayedNote &note) { return !note.isGrace; };
-    if (!std::all_of(notes.begin(), notes.end(), isNoGrace)) {
+    if (hasGraces) {
+        const auto isNoGrace = [](const PlayedNote &note) { return !note.isGrace; };
         const auto first = std::stable_partition(notes.begin(), notes.end(), isNoGrace);
         graces.assign(first, notes.end());
         notes.erase(first, notes.end());
     }
-    dropDoubles(part, notes, oddities);
-    PlayedNotes told = takeTold(notes);
+    if (isTold || hasDoubles(notes))
+        dropDoubles(part, notes, oddities);
+    PlayedNotes told;
+    if (isTold)
+        told = takeTold(notes);
     const auto losses = separateVoices(notes, _bars);
     putBack(told, notes);
     for (std::size_t i = 0; i < losses.shortened; ++i)

@@ -2,8 +2,10 @@
 #include <ZarnCore/io/midi/PartWriting.h>
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 
 namespace zarn::io {
 
@@ -24,11 +26,34 @@ struct Motion {
     std::size_t moves() const { return alike + oblique + contrary; }
 };
 
-using Sound = std::vector<std::uint8_t>; ///< keys, the lowest first
+/// Keys that sound, the lowest first.
+class Sound {
+public:
+    std::size_t size() const noexcept { return _size; }
+    int operator[](std::size_t place) const noexcept { return _keys[place]; }
+
+    void add(std::uint8_t key)
+    {
+        std::size_t place = _size++;
+        for (; place > 0 && _keys[place - 1] > key; --place)
+            _keys[place] = _keys[place - 1];
+        _keys[place] = key;
+    }
+
+    friend bool operator==(const Sound &left, const Sound &right)
+    {
+        return std::equal(left._keys.begin(), left._keys.begin() + left._size, right._keys.begin(),
+                          right._keys.begin() + right._size);
+    }
+
+private:
+    std::array<std::uint8_t, mostHeard> _keys = {};
+    std::size_t _size = 0;
+};
 
 void countMotion(const Sound &before, const Sound &after, Motion &motion)
 {
-    if (before == after || (before.size() < 2 && after.size() < 2))
+    if ((before.size() < 2 && after.size() < 2) || before == after)
         return;
     if (before.size() != after.size() || before.size() > mostParts) {
         ++motion.breaks;
@@ -54,28 +79,32 @@ Motion motionOf(const PlayedNotes &notes)
         MidiTime end;
         std::uint8_t key;
     };
+    constexpr MidiTime never = std::numeric_limits<MidiTime>::max();
     Motion motion;
-    std::vector<Heard> heard;
+    std::array<Heard, mostHeard> heard;
+    std::size_t count = 0;
+    MidiTime firstEnd = never;
     Sound before;
-    Sound now;
-    std::size_t next = 0;
-    while (next < notes.size() || !heard.empty()) {
+    for (std::size_t next = 0; next < notes.size() || count > 0;) {
         // The next moment at which something begins or ends.
-        MidiTime time = next < notes.size() ? notes[next].start : heard.front().end;
-        for (const Heard &each : heard)
-            time = std::min(time, each.end);
-        heard.erase(std::remove_if(heard.begin(), heard.end(),
-                                   [time](const Heard &each) { return each.end <= time; }),
-                    heard.end());
+        const MidiTime time =
+            next < notes.size() ? std::min(notes[next].start, firstEnd) : firstEnd;
+        std::size_t left = 0;
+        for (std::size_t i = 0; i < count; ++i)
+            if (heard[i].end > time)
+                heard[left++] = heard[i];
+        count = left;
         for (; next < notes.size() && notes[next].start <= time; ++next)
-            if (heard.size() < mostHeard && notes[next].end > time)
-                heard.push_back({notes[next].end, notes[next].key});
-        now.clear();
-        for (const Heard &each : heard)
-            now.push_back(each.key);
-        std::sort(now.begin(), now.end());
+            if (count < mostHeard && notes[next].end > time)
+                heard[count++] = {notes[next].end, notes[next].key};
+        Sound now;
+        firstEnd = never;
+        for (std::size_t i = 0; i < count; ++i) {
+            now.add(heard[i].key);
+            firstEnd = std::min(firstEnd, heard[i].end);
+        }
         countMotion(before, now, motion);
-        before.swap(now);
+        before = now;
     }
     return motion;
 }

@@ -16,12 +16,12 @@ constexpr int highestFifth = 19;
 /// Notes on either side that are listened to.
 constexpr std::size_t context = 12;
 
-/// What a step of the line of fifths between two notes costs, near and far.
-constexpr double perFifthOfNeighbour = 0.12;
-constexpr double perFifthOfKey = 0.6;
+// Costs. What a step of the line of fifths between two notes costs, near and far.
+constexpr int perFifthOfNeighbour = 6;
+constexpr int perFifthOfKey = 30;
 
 /// Leading on by a semitone on the same letter, or by more than an augmented step.
-constexpr double chromaticStep = 3;
+constexpr int chromaticStep = 150;
 
 constexpr int keysPerOctave = 12;
 
@@ -45,15 +45,67 @@ bool isOfMinor(const KeyChange &key, int fifth)
     return key.isMinor && (fifth == tonic + 5 || fifth == tonic + 3);
 }
 
+/// Notes around a place: how much farther they are, in fifths, from each spelling of a key than
+/// from the one twelve fifths below. Notes come in and go out one by one.
+class Neighbourhood {
+public:
+    void add(int fifth) noexcept { change(fifth, 1); }
+    void remove(int fifth) noexcept { change(fifth, -1); }
+
+    /// Of all notes but those of the same key.
+    int farther(int fifth) const noexcept
+    {
+        int sum = _sums[placeOf(fifth)];
+        for (int same = fifth % keysPerOctave - 2 * keysPerOctave; same <= highestFifth;
+             same += keysPerOctave)
+            if (same >= lowestFifth)
+                sum -= _counts[placeOf(same)] * difference(fifth, same);
+        return sum;
+    }
+
+private:
+    static constexpr std::size_t size = highestFifth - lowestFifth + 1;
+    using Row = std::array<std::int16_t, size>;
+
+    static constexpr std::size_t placeOf(int fifth) noexcept
+    {
+        return static_cast<std::size_t>(fifth - lowestFifth);
+    }
+
+    /// How much farther a note is from a fifth than from the one twelve below.
+    static constexpr int difference(int fifth, int note) noexcept
+    {
+        const int toOwn = note > fifth ? note - fifth : fifth - note;
+        const int flat = fifth - keysPerOctave;
+        return toOwn - (note > flat ? note - flat : flat - note);
+    }
+
+    static constexpr std::array<Row, size> allRows() noexcept
+    {
+        std::array<Row, size> rows = {};
+        for (std::size_t note = 0; note < size; ++note)
+            for (std::size_t fifth = 0; fifth < size; ++fifth)
+                rows[note][fifth] = static_cast<std::int16_t>(difference(
+                    static_cast<int>(fifth) + lowestFifth, static_cast<int>(note) + lowestFifth));
+        return rows;
+    }
+
+    void change(int fifth, int by) noexcept
+    {
+        static constexpr std::array<Row, size> rows = allRows();
+        const Row &row = rows[placeOf(fifth)];
+        for (std::size_t i = 0; i < size; ++i)
+            _sums[i] = static_cast<std::int16_t>(_sums[i] + by * row[i]);
+        _counts[placeOf(fifth)] += by;
+    }
+
+    Row _sums = {};
+    std::array<int, size> _counts = {};
+};
+
 class Speller {
 public:
-    explicit Speller(PlayedNotes &notes) : _notes(notes)
-    {
-        _classes.reserve(notes.size());
-        for (const PlayedNote &note : notes)
-            _classes.push_back(static_cast<std::int8_t>(note.key % keysPerOctave));
-        _fifths.assign(notes.size(), 0);
-    }
+    explicit Speller(PlayedNotes &notes) : _notes(notes) { }
 
     void spellByKey(std::size_t index, const KeyChange &key)
     {
@@ -65,41 +117,51 @@ public:
         choose(index, fifth);
     }
 
+    /// Begins to go through all notes again.
+    void listenFromStart()
+    {
+        _around = {};
+        for (std::size_t i = 0; i < std::min(context, _notes.size()); ++i)
+            _around.add(_notes[i].fifth);
+    }
+
+    /// For one note after the other.
     void spellByContext(std::size_t index, const KeyChange &key)
     {
+        if (index + context < _notes.size())
+            _around.add(_notes[index + context].fifth);
+        if (index > context)
+            _around.remove(_notes[index - context - 1].fifth);
         const PlayedNote &note = _notes[index];
         const int own = fifthFrom(note.key, firstOfKey(key));
         if (own <= firstOfKey(key) + 6)
             return;
         const int flat = own - keysPerOctave;
         const PlayedNote *const next = nextOfVoice(index);
-        // Fifths to all that sound around it, for both.
-        int ofOwn = 0;
-        int ofFlat = 0;
-        const std::size_t end = std::min(_notes.size(), index + context + 1);
-        for (std::size_t i = index < context ? 0 : index - context; i < end; ++i) {
-            const int counts = _classes[i] != _classes[index] ? 1 : 0;
-            ofOwn += counts * std::abs(own - _fifths[i]);
-            ofFlat += counts * std::abs(flat - _fifths[i]);
-        }
-        const double costOfOwn = perFifthOfNeighbour * ofOwn + costOf(note, own, next, key);
-        const double costOfFlat = perFifthOfNeighbour * ofFlat + costOf(note, flat, next, key);
-        choose(index, costOfOwn <= costOfFlat ? own : flat);
+        const int cost = perFifthOfNeighbour * _around.farther(own) + costOf(note, own, next, key)
+            - costOf(note, flat, next, key);
+        const int fifth = cost <= 0 ? own : flat;
+        if (fifth == note.fifth)
+            return;
+        _around.remove(note.fifth);
+        _around.add(fifth);
+        choose(index, fifth);
     }
 
 private:
     void choose(std::size_t index, int fifth)
     {
-        _notes[index].fifth = _fifths[index] = static_cast<std::int8_t>(fifth);
+        _notes[index].fifth = static_cast<std::int8_t>(fifth);
     }
 
-    static double costOf(const PlayedNote &note, int fifth, const PlayedNote *next,
-                         const KeyChange &key)
+    static int costOf(const PlayedNote &note, int fifth, const PlayedNote *next,
+                      const KeyChange &key)
     {
+        constexpr int never = 1'000'000;
         if (fifth < lowestFifth || fifth > highestFifth)
-            return 1e9;
+            return never;
         const int middle = firstOfKey(key) + 3;
-        double cost = perFifthOfKey * std::abs(fifth - middle);
+        int cost = perFifthOfKey * std::abs(fifth - middle);
         if (isOfMinor(key, fifth))
             cost -= 2 * perFifthOfKey;
         if (next != nullptr) {
@@ -132,10 +194,7 @@ private:
     }
 
     PlayedNotes &_notes;
-
-    // By note, close together for those who look around.
-    std::vector<std::int8_t> _classes; ///< keys within an octave
-    std::vector<std::int8_t> _fifths;
+    Neighbourhood _around;
 };
 
 } // namespace
@@ -153,8 +212,10 @@ void spell(PlayedNotes &notes, const std::vector<KeyChange> &keys)
         }
     };
     forEach([&](std::size_t i, const KeyChange &key) { speller.spellByKey(i, key); });
-    for (int pass = 0; pass < 2; ++pass)
+    for (int pass = 0; pass < 2; ++pass) {
+        speller.listenFromStart();
         forEach([&](std::size_t i, const KeyChange &key) { speller.spellByContext(i, key); });
+    }
 }
 
 PitchClass spellingOfFifth(int fifth) noexcept

@@ -12,11 +12,17 @@ namespace {
 /// What changing the family of divisions from one beat to the next costs.
 constexpr double priceOfChange = 0.8;
 
+/// The cost of what cannot be.
+constexpr double never = 1e18;
+
 /// The median of a normal distribution's distances is this part of its deviation.
 constexpr double medianOfNormal = 0.6745;
 
 /// Deviation of times that were written, in ticks: they are rounded.
 constexpr double deviationOfTicks = 0.7;
+
+/// Ends that are cut a little short are usual, also in files that are written: so many ticks.
+constexpr double cutShort = 2;
 
 /// What a gap behind a note costs at most that is short against the note.
 constexpr double mostForGap = 4.9;
@@ -82,7 +88,8 @@ PlayingAccuracy measureAccuracy(const std::vector<PlayedNotes *> &parts,
 
 RhythmQuantizer::RhythmQuantizer(const MeterLine &bars, const std::vector<TempoChange> &tempos,
                                  const PlayingAccuracy &accuracy, const GridChoice &choice)
-    : _accuracy(accuracy), _shortest(choice.shortest > 0 ? choice.shortest : midiQuarter / 4)
+    : _accuracy(accuracy), _shortest(choice.shortest > 0 ? choice.shortest : midiQuarter / 4),
+      _cutShort(static_cast<MidiTime>(cutShort * accuracy.tick))
 {
     TempoLine tempo(tempos);
     for (const MeterBar &bar : bars.bars()) {
@@ -119,9 +126,13 @@ void RhythmQuantizer::joinChords(PlayedNotes &notes) const
 {
     constexpr double widestGap = 1.5;
     constexpr double widestChord = 4.5;
+    if (!_accuracy.isPlayed) {
+        for (PlayedNote &note : notes)
+            note.start = note.playedStart;
+        return;
+    }
     for (std::size_t first = 0; first < notes.size();) {
-        const double deviation =
-            _accuracy.isPlayed ? _beats[beatAt(notes[first].playedStart)].deviation : 0;
+        const double deviation = _beats[beatAt(notes[first].playedStart)].deviation;
         std::array<bool, 128> keys = {};
         keys[notes[first].key] = true;
         MidiTime sum = notes[first].playedStart;
@@ -142,21 +153,112 @@ void RhythmQuantizer::joinChords(PlayedNotes &notes) const
     }
 }
 
+/// The costs of a beat's onsets in all families.
+RhythmQuantizer::BeatFit RhythmQuantizer::fitAnew(const BeatPlace &place, const PlayedNotes &notes,
+                                                  std::size_t first, std::size_t last)
+{
+    BeatFit fit = {};
+    fit.costs.fill(never);
+    fit.starts.fill(notYet);
+    double best = never;
+    for (const BeatGrid &grid : *place.grids) {
+        if (grid.price > best + priceOfChange)
+            break;
+        double cost = grid.price;
+        for (std::size_t i = first; i < last; ++i)
+            cost += grid.fit(notes[i].start - place.start, place.deviation).cost;
+        best = std::min(best, cost);
+        if (cost < fit.costs[grid.family]) {
+            fit.costs[grid.family] = cost;
+            fit.grids[grid.family] = &grid;
+        }
+    }
+    return fit;
+}
+
+std::size_t RhythmQuantizer::fitOf(const BeatPlace &place, const PlayedNotes &notes,
+                                   std::size_t first, std::size_t last)
+{
+    // No two beats that were played are alike.
+    PatternTable::Found found = {PatternTable::NotKept, true};
+    if (!_accuracy.isPlayed) {
+        _pattern.clear();
+        _pattern.push_back(static_cast<std::uint64_t>(place.length));
+        for (std::size_t i = first; i < last; ++i)
+            _pattern.push_back(static_cast<std::uint64_t>(notes[i].start - place.start));
+        found = _known.find(_pattern);
+        if (!found.isNew)
+            return _knownFits[found.number];
+    }
+    _fits.push_back(fitAnew(place, notes, first, last));
+    if (found.number != PatternTable::NotKept)
+        _knownFits.push_back(_fits.size() - 1);
+    return _fits.size() - 1;
+}
+
+/// Where the music pauses, little is left of the division before.
+void RhythmQuantizer::addPause(Costs &costs)
+{
+    const auto best =
+        static_cast<std::size_t>(std::min_element(costs.begin(), costs.end()) - costs.begin());
+    Step pause = {noBeat, 0, 0, 0, {}};
+    for (std::size_t family = 0; family < BeatGrid::familyCount; ++family) {
+        const bool isNew = costs[best] + priceOfChange < costs[family];
+        pause.before[family] = static_cast<std::uint8_t>(isNew ? best : family);
+        if (isNew)
+            costs[family] = costs[best] + priceOfChange;
+    }
+    _steps.push_back(pause);
+}
+
+void RhythmQuantizer::addStep(Step step, Costs &costs)
+{
+    const Costs &fits = _fits[step.fit].costs;
+    Costs next;
+    for (std::size_t family = 0; family < BeatGrid::familyCount; ++family) {
+        next[family] = never;
+        if (fits[family] == never)
+            continue;
+        for (std::size_t before = 0; before < BeatGrid::familyCount; ++before) {
+            const double change = before == family || family == BeatGrid::Plain ? 0 : priceOfChange;
+            const double cost = costs[before] + fits[family] + change;
+            if (cost < next[family]) {
+                next[family] = cost;
+                step.before[family] = static_cast<std::uint8_t>(before);
+            }
+        }
+    }
+    costs = next;
+    _steps.push_back(step);
+}
+
+/// Where the notes of a step begin in its beat, by the grid of a family.
+const MidiTime *RhythmQuantizer::startsOf(const Step &step, std::size_t family,
+                                          const PlayedNotes &notes)
+{
+    BeatFit &fit = _fits[step.fit];
+    if (fit.starts[family] == notYet) {
+        fit.starts[family] = _starts.size();
+        const BeatPlace &place = _beats[step.beat];
+        for (std::size_t i = step.first; i < step.last; ++i)
+            _starts.push_back(
+                fit.grids[family]->fit(notes[i].start - place.start, place.deviation).at);
+    }
+    return _starts.data() + fit.starts[family];
+}
+
 void RhythmQuantizer::setStarts(PlayedNotes &notes)
 {
-    // The best way so far to reach each family, with the grids chosen on it.
-    struct Step {
-        std::size_t beat;
-        std::array<const BeatGrid *, BeatGrid::familyCount> grids;
-        std::array<std::uint8_t, BeatGrid::familyCount> before;
-    };
-    constexpr double never = 1e18;
-    constexpr auto noBeat = static_cast<std::size_t>(-1);
-    std::vector<Step> steps;
-    std::array<double, BeatGrid::familyCount> costs;
+    _steps.clear();
+    if (_accuracy.isPlayed || _fits.size() > 2 * PatternTable::mostPatterns) {
+        _known = {};
+        _knownFits.clear();
+        _fits.clear();
+        _starts.clear();
+    }
+    Costs costs;
     costs.fill(never);
     costs[BeatGrid::Plain] = 0;
-
     std::size_t beat = 0;
     for (std::size_t first = 0; first < notes.size();) {
         while (beat + 1 < _beats.size() && _beats[beat + 1].start <= notes[first].start)
@@ -166,69 +268,23 @@ void RhythmQuantizer::setStarts(PlayedNotes &notes)
         while (last < notes.size()
                && (notes[last].start < place.start + place.length || beat + 1 == _beats.size()))
             ++last;
-
-        // Where the music pauses, little is left of the division before.
-        if (!steps.empty() && steps.back().beat + 1 < beat) {
-            const auto best = static_cast<std::size_t>(std::min_element(costs.begin(), costs.end())
-                                                       - costs.begin());
-            Step pause = {noBeat, {}, {}};
-            for (std::size_t family = 0; family < BeatGrid::familyCount; ++family) {
-                const bool isNew = costs[best] + priceOfChange < costs[family];
-                pause.before[family] = static_cast<std::uint8_t>(isNew ? best : family);
-                if (isNew)
-                    costs[family] = costs[best] + priceOfChange;
-            }
-            steps.push_back(pause);
-        }
-
-        Step step = {beat, {}, {}};
-        std::array<double, BeatGrid::familyCount> fits;
-        fits.fill(never);
-        double best = never;
-        for (const BeatGrid &grid : *place.grids) {
-            if (grid.price > best + priceOfChange)
-                break;
-            double cost = grid.price;
-            for (std::size_t i = first; i < last; ++i)
-                cost += grid.fit(notes[i].start - place.start, place.deviation).cost;
-            best = std::min(best, cost);
-            if (cost < fits[grid.family]) {
-                fits[grid.family] = cost;
-                step.grids[grid.family] = &grid;
-            }
-        }
-        std::array<double, BeatGrid::familyCount> next;
-        for (std::size_t family = 0; family < BeatGrid::familyCount; ++family) {
-            next[family] = never;
-            for (std::size_t before = 0; before < BeatGrid::familyCount; ++before) {
-                const double change =
-                    before == family || family == BeatGrid::Plain ? 0 : priceOfChange;
-                const double cost = costs[before] + fits[family] + change;
-                if (cost < next[family]) {
-                    next[family] = cost;
-                    step.before[family] = static_cast<std::uint8_t>(before);
-                }
-            }
-        }
-        costs = next;
-        steps.push_back(step);
+        if (!_steps.empty() && _steps.back().beat + 1 < beat)
+            addPause(costs);
+        addStep({beat, first, last, fitOf(place, notes, first, last), {}}, costs);
         first = last;
     }
 
     auto family =
         static_cast<std::size_t>(std::min_element(costs.begin(), costs.end()) - costs.begin());
     std::fill(_chosen.begin(), _chosen.end(), nullptr);
-    for (auto step = steps.rbegin(); step != steps.rend(); ++step) {
-        if (step->beat != noBeat)
-            _chosen[step->beat] = step->grids[family];
+    for (auto step = _steps.rbegin(); step != _steps.rend(); ++step) {
+        if (step->beat != noBeat) {
+            _chosen[step->beat] = _fits[step->fit].grids[family];
+            const MidiTime *start = startsOf(*step, family, notes);
+            for (std::size_t i = step->first; i < step->last; ++i)
+                notes[i].start = _beats[step->beat].start + *start++;
+        }
         family = step->before[family];
-    }
-    beat = 0;
-    for (PlayedNote &note : notes) {
-        while (beat + 1 < _beats.size() && _beats[beat + 1].start <= note.start)
-            ++beat;
-        const BeatPlace &place = _beats[beat];
-        note.start = place.start + _chosen[beat]->fit(note.start - place.start, place.deviation).at;
     }
 }
 
@@ -268,11 +324,16 @@ MidiTime RhythmQuantizer::endFor(std::size_t note, MidiTime playedEnd, const Pla
                                  double looseness) const
 {
     const MidiTime start = notes[note].start;
-    // Ends that are cut a little short are usual, also in files that are written.
+    const std::size_t next = onsetFrom(playedEnd, note);
+    // Most ends of files that are written lead to the next onset, cut a little short at most.
+    if (!_accuracy.isPlayed && next < notes.size() && notes[next].start > start
+        && (next == 0 || notes[next - 1].start <= start)
+        && std::abs(notes[next].start - playedEnd) <= _cutShort)
+        return notes[next].start;
     const std::size_t beat = beatAt(playedEnd);
     const BeatPlace &place = _beats[beat];
     const double deviation =
-        std::max(place.deviation, _accuracy.isPlayed ? looseness : 2 * _accuracy.tick);
+        std::max(place.deviation, _accuracy.isPlayed ? looseness : cutShort * _accuracy.tick);
     MidiTime best = 0;
     double bestCost = 1e18;
     const auto take = [&](MidiTime end, double cost) {
@@ -295,7 +356,6 @@ MidiTime RhythmQuantizer::endFor(std::size_t note, MidiTime playedEnd, const Pla
     constexpr double priceOfBeat = 0.2;
 
     // The onsets around it, by when they were played.
-    const std::size_t next = onsetFrom(playedEnd, note);
     if (next < notes.size())
         take(notes[next].start, costOf(notes[next].start));
     if (next > 0)
@@ -331,15 +391,15 @@ MidiTime RhythmQuantizer::endFor(std::size_t note, MidiTime playedEnd, const Pla
     return start + _shortest;
 }
 
+/// Notes of a chord that end together, but for how exactly it was played, get one end.
 void RhythmQuantizer::setEnds(PlayedNotes &notes) const
 {
-    const double loose = looseness(notes);
+    const double loose = _accuracy.isPlayed ? looseness(notes) : 0;
     constexpr double sameEnd = 2;
     for (std::size_t first = 0; first < notes.size();) {
         std::size_t last = first + 1;
         while (last < notes.size() && notes[last].start == notes[first].start)
             ++last;
-        // Notes of a chord that end together, but for how exactly it was played.
         std::sort(notes.begin() + static_cast<std::ptrdiff_t>(first),
                   notes.begin() + static_cast<std::ptrdiff_t>(last),
                   [](const PlayedNote &left, const PlayedNote &right) {
@@ -347,13 +407,14 @@ void RhythmQuantizer::setEnds(PlayedNotes &notes) const
                                                                : left.key < right.key;
                   });
         while (first < last) {
-            const double deviation =
-                std::max(_beats[beatAt(notes[first].playedEnd)].deviation, loose);
+            const double together = _accuracy.isPlayed
+                ? sameEnd * std::max(_beats[beatAt(notes[first].playedEnd)].deviation, loose)
+                : 0.5;
             MidiTime sum = notes[first].playedEnd;
             std::size_t next = first + 1;
-            for (; next < last && _accuracy.isPlayed
+            for (; next < last
                  && static_cast<double>(notes[next].playedEnd - notes[next - 1].playedEnd)
-                     < sameEnd * deviation;
+                     < together;
                  ++next)
                 sum += notes[next].playedEnd;
             const MidiTime end =

@@ -3,8 +3,10 @@
 
 #include <ZarnCore/io/midi/BeatGrid.h>
 #include <ZarnCore/io/midi/MeterLine.h>
+#include <ZarnCore/io/midi/PatternTable.h>
 #include <ZarnCore/io/midi/TempoLine.h>
 
+#include <array>
 #include <map>
 #include <vector>
 
@@ -46,15 +48,35 @@ private:
         double deviation;
     };
 
-    /// The choice of a grid for a beat in which notes begin.
-    struct BeatChoice {
-        std::size_t beat;
-        const BeatGrid *grid;
+    /// What onsets in a beat cost in each family of divisions, and the best grid of it.
+    struct BeatFit {
+        std::array<double, BeatGrid::familyCount> costs;
+        std::array<const BeatGrid *, BeatGrid::familyCount> grids;
+        std::array<std::size_t, BeatGrid::familyCount> starts; ///< in `_starts`; or `notYet`
     };
+    static constexpr auto notYet = static_cast<std::size_t>(-1);
+
+    /// A beat in which notes begin, or a pause; `before` has the best family to come from.
+    struct Step {
+        std::size_t beat;  ///< `noBeat` for a pause
+        std::size_t first; ///< its notes
+        std::size_t last;
+        std::size_t fit; ///< in `_fits`
+        std::array<std::uint8_t, BeatGrid::familyCount> before;
+    };
+    static constexpr auto noBeat = static_cast<std::size_t>(-1);
+    using Costs = std::array<double, BeatGrid::familyCount>;
 
     std::size_t beatAt(MidiTime time) const noexcept;
     void joinChords(PlayedNotes &notes) const;
     void setStarts(PlayedNotes &notes);
+    void addPause(Costs &costs);
+    void addStep(Step step, Costs &costs);
+    std::size_t fitOf(const BeatPlace &place, const PlayedNotes &notes, std::size_t first,
+                      std::size_t last);
+    const MidiTime *startsOf(const Step &step, std::size_t family, const PlayedNotes &notes);
+    static BeatFit fitAnew(const BeatPlace &place, const PlayedNotes &notes, std::size_t first,
+                           std::size_t last);
     void setEnds(PlayedNotes &notes) const;
     std::size_t onsetFrom(MidiTime end, std::size_t note) const noexcept;
     MidiTime endFor(std::size_t note, MidiTime playedEnd, const PlayedNotes &notes,
@@ -63,11 +85,21 @@ private:
 
     PlayingAccuracy _accuracy;
     MidiTime _shortest; ///< what notes that are too short for any grid get
+    MidiTime _cutShort; ///< what an end may lack of the next onset anyway
     std::map<MidiTime, std::vector<BeatGrid>> _grids;
     std::vector<BeatPlace> _beats;
     mutable std::size_t _lastBeat = 0;
     std::vector<const BeatGrid *> _chosen; ///< by beat; null where nothing begins
     std::vector<MidiTime> _heard;          ///< onsets of the notes, chords made one
+    std::vector<Step> _steps;
+
+    /// Of files that were written the fits of beats that are alike are the same: they are found
+    /// once, and `_known` numbers the beats.
+    PatternTable _known;
+    std::vector<std::size_t> _knownFits; ///< in `_fits`, by number
+    std::vector<BeatFit> _fits;
+    std::vector<MidiTime> _starts; ///< where the notes of a beat begin in it
+    std::vector<std::uint64_t> _pattern;
 };
 
 } // namespace zarn::io

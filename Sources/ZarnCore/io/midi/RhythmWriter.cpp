@@ -105,6 +105,33 @@ void RhythmWriter::joinSpans(const std::vector<Stretch> &stretches)
 const std::vector<RhythmWriter::Value> &RhythmWriter::write(const MeterBar &bar,
                                                             const std::vector<Stretch> &stretches)
 {
+    const PatternTable::Found found = lookUp(bar, stretches);
+    if (!found.isNew)
+        return _written[found.number];
+    writeNew(bar, stretches);
+    if (found.number == PatternTable::NotKept)
+        return _values;
+    _written.push_back(_values);
+    return _written.back();
+}
+
+/// All that decides how stretches are written.
+PatternTable::Found RhythmWriter::lookUp(const MeterBar &bar, const std::vector<Stretch> &stretches)
+{
+    constexpr unsigned half = 32;
+    const auto pair = [](MidiTime left, MidiTime right) {
+        return static_cast<std::uint64_t>(left) << half | static_cast<std::uint64_t>(right);
+    };
+    _pattern.clear();
+    _pattern.push_back(pair(bar.meter.getNumerator(), bar.meter.getDenominator()));
+    _pattern.push_back(pair(bar.length, bar.start == 0 ? 1 : 0));
+    for (const Stretch &stretch : stretches)
+        _pattern.push_back(pair(stretch.start, 2 * stretch.end + (stretch.isSilent ? 1 : 0)));
+    return _known.find(_pattern);
+}
+
+void RhythmWriter::writeNew(const MeterBar &bar, const std::vector<Stretch> &stretches)
+{
     _values.clear();
     const auto beats = beatsOf(bar);
     _barLength = lengthOf(bar.meter);
@@ -115,7 +142,6 @@ const std::vector<RhythmWriter::Value> &RhythmWriter::write(const MeterBar &bar,
     joinSpans(stretches);
     for (std::size_t i = 0; i < stretches.size(); ++i)
         writeStretch(stretches[i], i);
-    return _values;
 }
 
 void RhythmWriter::writeStretch(const Stretch &stretch, std::size_t number)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <ZarnCore/io/midi/MeterLine.h>
+#include <ZarnCore/io/midi/PatternTable.h>
 #include <ZarnCore/music/ZarnRhythmValue.h>
 
 #include <vector>
@@ -26,7 +27,8 @@ public:
         std::size_t stretch;
     };
 
-    /// For one voice of a bar. The stretches follow each other without gaps.
+    /// For one voice of a bar. The stretches follow each other without gaps. The answer holds until
+    /// the writer is asked again.
     const std::vector<Value> &write(const MeterBar &bar, const std::vector<Stretch> &stretches);
 
 private:
@@ -39,6 +41,8 @@ private:
         int normal = 1;
     };
 
+    PatternTable::Found lookUp(const MeterBar &bar, const std::vector<Stretch> &stretches);
+    void writeNew(const MeterBar &bar, const std::vector<Stretch> &stretches);
     void findSpans(const MeterBar &bar, const std::vector<Stretch> &stretches);
     void joinSpans(const std::vector<Stretch> &stretches);
     void writeStretch(const Stretch &stretch, std::size_t number);
@@ -55,6 +59,11 @@ private:
     bool _isCompound = false;
     std::vector<Span> _spans;
     std::vector<Value> _values;
+
+    /// Rhythms that were written before.
+    PatternTable _known;
+    std::vector<std::uint64_t> _pattern;
+    std::vector<std::vector<Value>> _written; ///< by the number of their patterns
 };
 
 } // namespace zarn::io

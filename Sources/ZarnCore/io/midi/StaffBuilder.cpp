@@ -6,8 +6,8 @@
 
 namespace zarn::io {
 
-StaffBuilder::StaffBuilder(const MeterLine &bars, const MakeNote &makeNote)
-    : _line(bars), _makeNote(makeNote)
+StaffBuilder::StaffBuilder(const MeterLine &bars, NodeBlocks &nodes, const MakeNote &makeNote)
+    : _line(bars), _nodes(nodes), _makeNote(makeNote)
 {
 }
 
@@ -22,7 +22,7 @@ Staff::Bars StaffBuilder::build(const PlayedNotes &notes)
         const bool isLast = bars.size() + 1 == _line.bars().size();
         for (; next < notes.size() && (notes[next].start < place.end()); ++next)
             add(notes[next], _lines[notes[next].voice]);
-        auto bar = std::make_shared<Bar>();
+        auto bar = _nodes.make<Bar>();
         const auto number = static_cast<unsigned>(bars.size());
         for (unsigned voice = 0; voice < Bar::MaxVoices; ++voice) {
             Line &line = _lines[voice];
@@ -37,12 +37,8 @@ Staff::Bars StaffBuilder::build(const PlayedNotes &notes)
                 line.notes.clear();
             }
         }
-        if (bar->voiceCount() == 0) {
-            auto rest = std::make_shared<Beat>(RhythmValue(RhythmValue::NoteValue::Whole));
-            rest->setWholeBarRest(true);
-            bar->ensureVoice(0)->addBeat(rest);
-        } else if (bar->voices()[0] == nullptr) {
-            auto rest = std::make_shared<Beat>(RhythmValue(RhythmValue::NoteValue::Whole));
+        if (bar->voices()[0] == nullptr) {
+            auto rest = _nodes.make<Beat>(RhythmValue(RhythmValue::NoteValue::Whole));
             rest->setWholeBarRest(true);
             bar->ensureVoice(0)->addBeat(rest);
         }
@@ -104,7 +100,7 @@ std::shared_ptr<Voice> StaffBuilder::writeVoice(const MeterBar &bar, unsigned nu
     Voice::Beats beats;
     beats.reserve(values.size());
     for (std::size_t i = 0; i < values.size(); ++i) {
-        auto beat = std::make_shared<Beat>(values[i].rhythm);
+        auto beat = _nodes.make<Beat>(values[i].rhythm);
         const auto &stretch = _stretches[values[i].stretch];
         if (stretch.isSilent) {
             beat->setPlaceHolder(voice != 0);
@@ -124,14 +120,14 @@ std::shared_ptr<Voice> StaffBuilder::writeVoice(const MeterBar &bar, unsigned nu
         }
         beats.push_back(std::move(beat));
     }
-    auto written = std::make_shared<Voice>();
+    auto written = _nodes.make<Voice>();
     written->insertBeats(0, std::move(beats));
     return written;
 }
 
-std::shared_ptr<Beat> StaffBuilder::makeGrace(const PlayedNote &note) const
+std::shared_ptr<Beat> StaffBuilder::makeGrace(const PlayedNote &note)
 {
-    auto beat = std::make_shared<Beat>(RhythmValue(RhythmValue::NoteValue::Eighth));
+    auto beat = _nodes.make<Beat>(RhythmValue(RhythmValue::NoteValue::Eighth));
     beat->setGraceType(GraceType::BeforeBeat);
     beat->setSlashedGrace(true);
     beat->addNote(_makeNote(note));

@@ -3,6 +3,7 @@
 
 #include <ZarnCore/io/midi/MeterLine.h>
 #include <ZarnCore/io/midi/RhythmWriter.h>
+#include <ZarnCore/model/NodeBlocks.h>
 #include <ZarnCore/model/ZarnStaff.h>
 
 #include <array>
@@ -25,8 +26,8 @@ public:
         const PlayedNote *note; ///< one of those that begin
     };
 
-    /// The line and the function outlive the builder.
-    StaffBuilder(const MeterLine &bars, const MakeNote &makeNote);
+    /// All three outlive the builder.
+    StaffBuilder(const MeterLine &bars, NodeBlocks &nodes, const MakeNote &makeNote);
 
     /// The bars, one for each of the line. Notes come in the order of their times; those of one
     /// voice that begin together end together.
@@ -52,13 +53,14 @@ private:
     };
 
     std::shared_ptr<Voice> writeVoice(const MeterBar &bar, unsigned number, unsigned voice);
-    std::shared_ptr<Beat> makeGrace(const PlayedNote &note) const;
+    std::shared_ptr<Beat> makeGrace(const PlayedNote &note);
     static void add(const PlayedNote &note, Line &line);
     static void keepLast(Line &line);
     void addNotes(const Line &line, const Chord &chord, Beat &beat, bool isHeldHere,
                   bool isHeldOn) const;
 
     const MeterLine &_line;
+    NodeBlocks &_nodes;
     const MakeNote &_makeNote;
     RhythmWriter _rhythm;
     std::array<Line, Bar::MaxVoices> _lines;

@@ -16,6 +16,7 @@
 #include <ZarnCore/model/places/ZarnBeatSpan.h>
 
 #include <algorithm>
+#include <array>
 
 namespace zarn::io {
 
@@ -30,6 +31,8 @@ constexpr std::size_t mostSounds = 128;
 void checkTransposition(const MidiPart &part, Track &track)
 {
     const int offset = track.transpositionOffset();
+    if (offset == 0)
+        return;
     for (const PlayedNotes &notes : part.staves)
         for (const PlayedNote &note : notes)
             if (note.key - offset < 0 || note.key - offset >= keyCount) {
@@ -43,16 +46,18 @@ ClefType clefFor(const PlayedNotes &notes, ClefType usual, int offset)
 {
     if (notes.empty() || (usual != ClefType::G2 && usual != ClefType::F4))
         return usual;
-    std::vector<int> keys;
+    std::array<std::size_t, keyCount> counts = {};
     for (const PlayedNote &note : notes)
-        keys.push_back(note.key - offset);
-    const auto middle = keys.begin() + static_cast<std::ptrdiff_t>(keys.size() / 2);
-    std::nth_element(keys.begin(), middle, keys.end());
+        ++counts[note.key];
+    std::size_t middle = 0;
+    for (std::size_t below = counts[0]; below <= notes.size() / 2; below += counts[middle])
+        ++middle;
+    const int written = static_cast<int>(middle) - offset;
     constexpr int lowForTreble = 57;
     constexpr int highForBass = 64;
-    if (usual == ClefType::G2 && *middle < lowForTreble)
+    if (usual == ClefType::G2 && written < lowForTreble)
         return ClefType::F4;
-    return usual == ClefType::F4 && *middle > highForBass ? ClefType::G2 : usual;
+    return usual == ClefType::F4 && written > highForBass ? ClefType::G2 : usual;
 }
 
 /// Strings and frets for what has none yet.
@@ -150,7 +155,7 @@ bool isForTwoHands(const MidiPart &part) noexcept
     return trackDefaults(part.type).staffCount == 2;
 }
 
-void writeTrack(const MidiPart &part, const MeterLine &bars, ScoreModel &model,
+void writeTrack(const MidiPart &part, const MeterLine &bars, NodeBlocks &nodes, ScoreModel &model,
                 MidiOddities &oddities)
 {
     const auto track = ScoreModel::createTrack(part.type);
@@ -175,11 +180,11 @@ void writeTrack(const MidiPart &part, const MeterLine &bars, ScoreModel &model,
     const auto set = track->instrumentSet();
     const StaffBuilder::MakeNote makeNote = [&](const PlayedNote &played) {
         if (part.isDrums) {
-            auto note = std::make_shared<Note>();
+            auto note = nodes.make<Note>();
             setDrum(*note, played.key, set.get());
             return note;
         }
-        auto note = std::make_shared<Note>(played.key - offset);
+        auto note = nodes.make<Note>(played.key - offset);
         note->setSpelling(spellingOfFifth(played.fifth + fifths));
         if (played.string >= 0) {
             const auto open = part.strings[static_cast<std::size_t>(played.string)];
@@ -188,7 +193,7 @@ void writeTrack(const MidiPart &part, const MeterLine &bars, ScoreModel &model,
         }
         return note;
     };
-    StaffBuilder builder(bars, makeNote);
+    StaffBuilder builder(bars, nodes, makeNote);
     for (std::size_t i = 0; i < part.staves.size(); ++i) {
         auto built = builder.build(part.staves[i]);
         const auto usual = defaultClef(part.type, static_cast<unsigned>(i));

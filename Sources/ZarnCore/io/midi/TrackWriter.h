@@ -4,8 +4,9 @@
 #include <ZarnCore/io/midi/MidiPart.h>
 
 namespace zarn {
+class NodeBlocks;
 class ScoreModel;
-}
+} // namespace zarn
 
 namespace zarn::io {
 
@@ -16,8 +17,8 @@ bool isForTwoHands(const MidiPart &part) noexcept;
 
 /// Makes the track of a part behind the others of a model that has its master bars. The notes have
 /// their times, voices and spellings; where the instrument has frets, the track gets strings and
-/// frets.
-void writeTrack(const MidiPart &part, const MeterLine &bars, ScoreModel &model,
+/// frets. Its beats and notes are made in the blocks.
+void writeTrack(const MidiPart &part, const MeterLine &bars, NodeBlocks &nodes, ScoreModel &model,
                 MidiOddities &oddities);
 
 } // namespace zarn::io

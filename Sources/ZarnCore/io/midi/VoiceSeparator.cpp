@@ -76,6 +76,8 @@ private:
     /// each other become one.
     void joinEnds(std::size_t first, std::size_t last)
     {
+        if (last - first <= voiceCount)
+            return;
         std::vector<MidiTime> ends;
         for (std::size_t i = first; i < last; ++i)
             if (ends.empty() || ends.back() != _notes[i].end)
@@ -109,6 +111,7 @@ private:
             first = last;
         }
         const PartWriting parts(_notes);
+        _chords.reserve(_notes.size());
         for (std::size_t first = 0; first < _notes.size();) {
             std::size_t last = first + 1;
             if (!parts.isPart(_notes[first]))
@@ -124,10 +127,12 @@ private:
     /// Chords that begin together, at most as many as there are voices.
     void place(std::size_t first, std::size_t last)
     {
-        std::sort(
-            _chords.begin() + static_cast<std::ptrdiff_t>(first),
-            _chords.begin() + static_cast<std::ptrdiff_t>(last),
-            [](const Chord &left, const Chord &right) { return left.height() > right.height(); });
+        if (last - first > 1)
+            std::sort(_chords.begin() + static_cast<std::ptrdiff_t>(first),
+                      _chords.begin() + static_cast<std::ptrdiff_t>(last),
+                      [](const Chord &left, const Chord &right) {
+                          return left.height() > right.height();
+                      });
         makeRoom(_chords[first].start, last - first);
 
         _best = 1e18;
@@ -207,6 +212,8 @@ private:
         }
         const Chord &next = _chords[chord];
         for (std::size_t voice = from; voice < voiceCount; ++voice) {
+            if (cost + perVoiceNumber * static_cast<double>(voice) >= _best)
+                return;
             if (_lines[voice].isUsed && _lines[voice].end > next.start)
                 continue;
             _order[chord - first] = voice;
