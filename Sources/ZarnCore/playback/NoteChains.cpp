@@ -42,8 +42,9 @@ public:
 
     NoteChains build()
     {
-        _result.pieces.reserve(_beats.size());
-        _result.chains.reserve(_beats.size());
+        constexpr std::size_t usualNotes = 2; // of a beat
+        _result.pieces.reserve(usualNotes * _beats.size());
+        _result.chains.reserve(usualNotes * _beats.size());
         for (std::uint32_t i = 0; i < _beats.size(); ++i)
             readBeat(i);
         letGo(_held);

@@ -4,6 +4,7 @@
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/playback/ChannelPlan.h>
 #include <ZarnCore/playback/HeldSwells.h>
+#include <ZarnCore/playback/NoteOrder.h>
 #include <ZarnCore/playback/TempoReading.h>
 #include <ZarnCore/playback/TrackControls.h>
 #include <ZarnCore/playback/TrackPerformance.h>
@@ -11,7 +12,6 @@
 #include <algorithm>
 #include <limits>
 #include <map>
-#include <numeric>
 #include <tuple>
 
 namespace zarn::playback {
@@ -39,6 +39,17 @@ std::vector<bool> audibleTracks(const ScoreModel &model, const PlanOptions &opti
     return audible;
 }
 
+/// The notes of all tracks in the order in which they sound.
+std::vector<PlannedNote> inOrder(const std::vector<TrackPerformance> &performances,
+                                 const std::vector<NoteOrder::Place> &places)
+{
+    std::vector<PlannedNote> notes;
+    notes.reserve(places.size());
+    for (const NoteOrder::Place &place : places)
+        notes.push_back(performances[place.list].notes[place.index]);
+    return notes;
+}
+
 /// The key that a note occupies on its channel.
 std::size_t occupied(const PlannedNote &note, const std::vector<Lane> &lanes)
 {
@@ -59,11 +70,13 @@ PlaybackPlan::PlaybackPlan(const ScoreModel &model, const PlanOptions &options,
 {
     const auto audible = audibleTracks(model, options);
     std::vector<TrackPerformance> performances;
+    NoteOrder order(_bars);
     for (unsigned i = 0; i < model.trackCount(); ++i) {
         if (!audible[i])
             continue;
         performances.push_back(TrackPerformance::of(model, i, _bars, _tempo, survey.tracks[i]));
         TrackPerformance &performed = performances.back();
+        order.add(performed.notes);
         const auto firstMotion = static_cast<std::int32_t>(_motions.size());
         if (firstMotion != 0)
             for (PlannedNote &note : performed.notes)
@@ -82,7 +95,7 @@ PlaybackPlan::PlaybackPlan(const ScoreModel &model, const PlanOptions &options,
                 _unknown.push_back({each.track, each.bar});
     }
     std::vector<ChannelPlan::Kinds> kinds(model.trackCount());
-    addNotes(performances);
+    _notes = inOrder(performances, order.sorted());
     for (const TrackPerformance &each : performances)
         if (!each.notes.empty())
             kinds[each.notes.front().track] = {each.hasPitches, each.hasPercussion};
@@ -97,54 +110,6 @@ PlaybackPlan::PlaybackPlan(const ScoreModel &model, const PlanOptions &options,
     if (options.bars)
         cut(_bars.within(options.bars->first, options.bars->second));
     addSeconds();
-}
-
-/// Puts the notes of all tracks in order: bar by bar, and in each by numbers that are quicker to
-/// compare. Two times that differ by less than their rounding keep the order of the tracks.
-void PlaybackPlan::addNotes(const std::vector<TrackPerformance> &performances)
-{
-    struct Key {
-        double time;
-        std::uint32_t performance;
-        std::uint32_t index;
-    };
-    std::vector<double> bars; // where they start, and the end of time
-    for (const PlayedBar &bar : _bars.bars())
-        bars.push_back(bar.start.toDouble());
-    bars.push_back(std::numeric_limits<double>::infinity());
-    std::vector<std::uint32_t> ends(bars.size());
-    const auto barOf = [&](const PlannedNote &note, double start) {
-        std::size_t bar = note.playedBar;
-        while (bar > 0 && start < bars[bar])
-            --bar;
-        while (start >= bars[bar + 1])
-            ++bar;
-        return bar;
-    };
-    std::size_t count = 0;
-    for (const TrackPerformance &each : performances) {
-        for (const PlannedNote &note : each.notes)
-            ++ends[barOf(note, note.start.toDouble()) + 1];
-        count += each.notes.size();
-    }
-    std::partial_sum(ends.begin(), ends.end(), ends.begin());
-    std::vector<Key> keys(count);
-    for (std::uint32_t p = 0; p < performances.size(); ++p) {
-        std::uint32_t index = 0;
-        for (const PlannedNote &note : performances[p].notes) {
-            const double start = note.start.toDouble();
-            keys[ends[barOf(note, start)]++] = {start, p, index++};
-        }
-    }
-    std::uint32_t begin = 0;
-    for (std::size_t bar = 0; bar + 1 < bars.size(); ++bar) {
-        std::stable_sort(keys.begin() + begin, keys.begin() + ends[bar],
-                         [](const Key &left, const Key &right) { return left.time < right.time; });
-        begin = ends[bar];
-    }
-    _notes.reserve(count);
-    for (const Key &key : keys)
-        _notes.push_back(performances[key.performance].notes[key.index]);
 }
 
 /// A channel sounds each key once: what is struck again ends, and notes of one key that are struck
@@ -229,11 +194,15 @@ void PlaybackPlan::addSeconds()
     _end = _bars.length();
     TempoCursor starts(_tempo);
     TempoCursor ends(_tempo);
+    double lastSecond = _tempo.secondsAt(_end);
     for (PlannedNote &note : _notes) {
         note.startSecond = starts.secondsAt(note.start);
         note.endSecond = ends.secondsAt(note.end);
-        if (note.end > _end)
-            _end = note.end;
+        // Exact times are compared where rounded ones leave it open.
+        if (note.endSecond < lastSecond)
+            continue;
+        _end = std::max(_end, note.end);
+        lastSecond = note.endSecond;
     }
     if (!_notes.empty() && _notes.front().start.sign() < 0)
         _start = _notes.front().start;

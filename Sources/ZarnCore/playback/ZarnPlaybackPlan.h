@@ -21,7 +21,6 @@ class ScoreModel;
 namespace zarn::playback {
 
 struct ScoreSurvey;
-struct TrackPerformance;
 
 enum class Channels { OnePerTrack, OnePerString };
 
@@ -99,7 +98,6 @@ private:
     PlaybackPlan(const ScoreModel &model, const PlanOptions &options, const ScoreSurvey &survey);
 
     void cut(const PlayedBars::Stretch &stretch);
-    void addNotes(const std::vector<TrackPerformance> &performances);
     void endRepeatedKeys();
     void addSeconds();
 
