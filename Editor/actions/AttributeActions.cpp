@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "actions/ActionTable.h"
+#include "actions/AttributeForms.h"
 #include "actions/AttributeText.h"
 #include "actions/Menus.h"
-#include "app/Editor.h"
-#include "app/MainWindow.h"
 #include "document/Attributes.h"
 #include "document/Document.h"
 
@@ -14,25 +13,16 @@
 #include <ZarnCore/model/ZarnScoreModel.h>
 
 #include <QCoreApplication>
+#include <QMap>
 
 /// What beats, notes and bars can be marked with, from the tables of the attributes: each that is
-/// on or off is an action, each of a few values a menu of them, and the others are typed.
+/// on or off is an action, each of a few values a menu of them, and forms ask for the others.
 namespace zarn::editor {
 namespace {
 
 struct Text {
     Q_DECLARE_TR_FUNCTIONS(AttributeActions)
 };
-
-QString question(const QString &name, const QString &taken)
-{
-    return Text::tr("%1: %2").arg(name, taken);
-}
-
-QString refusal(const QString &typed, const QString &taken)
-{
-    return Text::tr("\"%1\" is not %2.").arg(typed, taken);
-}
 
 void refuse(const ActionContext &context, const QString &name)
 {
@@ -62,19 +52,23 @@ void toggle(const ActionContext &context, typename AttributeOf<Node>::Id id,
 template <class Node>
 void ask(const ActionContext &context, typename AttributeOf<Node>::Id id)
 {
-    const auto &row = rowOf(id);
-    const auto present = valueAtCursor<Node>(context.document, id);
-    const QString taken = QString::fromStdString(row.range.description());
-    const auto typed = context.window.editor().questions().askText(
-        &context.window, question(attributeText(row.name), taken),
-        present ? QString::fromStdString(row.range.toText(*present)) : QString());
-    if (!typed)
-        return;
-    const auto value = row.range.fromText(typed->toStdString());
-    if (value)
-        apply<Node>(context, id, *value);
-    else
-        Q_EMIT context.document.refused(refusal(*typed, taken));
+    const Change change = askAttribute<Node>(context, id);
+    const QString name = attributeText(rowOf(id).name);
+    if (change && !context.document.edit(name, change))
+        refuse(context, name);
+}
+
+/// Of what is written often.
+QList<QKeySequence> usualKeys(const QString &id)
+{
+    static const QMap<QString, QString> keys = {
+        {QStringLiteral("beat.mark.Text"), QStringLiteral("T")},
+        {QStringLiteral("note.mark.Vibrato0"), QStringLiteral("V")},
+        {QStringLiteral("note.mark.Vibrato1"), QStringLiteral("W")},
+        {QStringLiteral("beat.mark.PickStroke1"), QStringLiteral("U")},
+        {QStringLiteral("beat.mark.PickStroke2"), QStringLiteral("N")},
+    };
+    return QKeySequence::listFromString(keys.value(id), QKeySequence::PortableText);
 }
 
 template <class Node>
@@ -83,6 +77,7 @@ Action choice(typename AttributeOf<Node>::Id id, const QString &name, const QStr
 {
     Action action;
     action.id = name;
+    action.keys = usualKeys(name);
     action.text = text;
     action.run = [id, value](const ActionContext &context) { toggle<Node>(context, id, value); };
     action.isEnabled = [](const ActionContext &context) {
@@ -101,7 +96,7 @@ void add(std::vector<ActionGroup> &groups, Menu menu, const char *prefix)
     ActionGroup single{titles(menu, Text::tr("&Marks")), {}};
     std::vector<ActionGroup> choices;
     for (const auto &row : attributesOf<Node>()) {
-        if (!isOfMenus<Node>(row.id))
+        if (!isOfMenus<Node>(row.id) || hasOwnForm(row.id))
             continue;
         const auto id = row.id;
         const QString name = QLatin1String(prefix)
@@ -122,6 +117,7 @@ void add(std::vector<ActionGroup> &groups, Menu menu, const char *prefix)
         } else {
             Action action;
             action.id = name;
+            action.keys = usualKeys(name);
             action.text = Text::tr("%1...").arg(attributeText(row.name));
             action.run = [id](const ActionContext &context) { ask<Node>(context, id); };
             action.isEnabled = [](const ActionContext &context) {

@@ -4,13 +4,13 @@
 #include "app/Editor.h"
 #include "app/MainWindow.h"
 #include "document/Document.h"
+#include "document/Signatures.h"
 
 #include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/attributes/ZarnBeamGroups.h>
 #include <ZarnCore/model/attributes/ZarnFermataMark.h>
 #include <ZarnCore/music/ZarnKeySignature.h>
-#include <ZarnCore/music/ZarnPitchClass.h>
 #include <ZarnCore/music/ZarnTimeSignature.h>
 
 #include <QCoreApplication>
@@ -59,24 +59,6 @@ std::pair<unsigned, unsigned> stretchOf(const ActionContext &context, const QVar
     return bars;
 }
 
-constexpr unsigned units[] = {1, 2, 4, 8, 16, 32, 64};
-
-/// All keys, by the circle of fifths from the flats to the sharps, major ones first.
-std::vector<KeySignature> keys()
-{
-    std::vector<KeySignature> all;
-    for (const bool isMajor : {true, false})
-        for (int count = -7; count <= 7; ++count)
-            all.emplace_back(count, isMajor);
-    return all;
-}
-
-QString nameOf(const KeySignature &key)
-{
-    const QString tonic = PitchClass::fromPitch(key.rootNote()).symbol();
-    return key.isMajor() ? Text::tr("%1 major").arg(tonic) : Text::tr("%1 minor").arg(tonic);
-}
-
 /// The tempo that holds at the begin of a bar; null when there is none yet.
 const TempoAutomation *tempoAt(const AutomationContainer &automations, std::uint32_t bar,
                                float position)
@@ -106,16 +88,14 @@ Change askTime(const ActionContext &context)
     const MasterBar *const bar = context.document.cursor().findMasterBar();
     if (bar == nullptr)
         return nullptr;
-    constexpr int mostBeats = 64;
     const TimeSignature present = bar->timeSignature();
-    const auto unit = std::find(std::begin(units), std::end(units), present.getDenominator());
-    QStringList names;
-    for (const unsigned each : units)
-        names << QStringLiteral("1/%1").arg(each);
+    const auto &units = beatUnits();
+    const auto unit = std::find(units.begin(), units.end(), present.getDenominator());
     Form form(Text::tr("Meter"));
     form.number("beats", Text::tr("&Beats of a bar"), static_cast<int>(present.getNumerator()), 1,
-                mostBeats)
-        .choice("unit", Text::tr("Beat &unit"), names, static_cast<int>(unit - std::begin(units)))
+                mostBeatsOfBar)
+        .choice("unit", Text::tr("Beat &unit"), beatUnitTexts(),
+                static_cast<int>(unit - units.begin()))
         .text("beams", Text::tr("Be&ams"), QString::fromStdString(bar->beamGroups().toString()),
               Text::tr("Beats joined by each beam, such as 2+2+3; empty for the usual grouping."))
         .turn("free", Text::tr("&Free time"), bar->isFreeTime());
@@ -125,7 +105,7 @@ Change askTime(const ActionContext &context)
         return nullptr;
     const auto chosen = static_cast<std::size_t>(given->value(QStringLiteral("unit")).toInt());
     const TimeSignature meter(static_cast<unsigned>(given->value(QStringLiteral("beats")).toInt()),
-                              units[std::min(chosen, std::size(units) - 1)]);
+                              units[std::min(chosen, units.size() - 1)]);
     const auto beams =
         BeamGroups::fromString(given->value(QStringLiteral("beams")).toString().toStdString());
     const bool isFree = given->value(QStringLiteral("free")).toBool();
@@ -146,17 +126,9 @@ Change askKey(const ActionContext &context)
     const MasterBar *const bar = context.document.cursor().findMasterBar();
     if (bar == nullptr)
         return nullptr;
-    const std::vector<KeySignature> all = keys();
-    QStringList names;
-    int present = 0;
-    for (const KeySignature &key : all) {
-        if (key.accidentalCount() == bar->concertKeySignature().accidentalCount()
-            && key.isMajor() == bar->concertKeySignature().isMajor())
-            present = names.size();
-        names << nameOf(key);
-    }
     Form form(Text::tr("Key"));
-    form.choice("key", Text::tr("&Key, as it sounds"), names, present);
+    form.choice("key", Text::tr("&Key, as it sounds"), keyTexts(),
+                placeOfKey(bar->concertKeySignature()));
     addUntil(form, context);
     const auto given = ask(context, form);
     if (!given)
@@ -165,7 +137,7 @@ Change askKey(const ActionContext &context)
         return a.concertKeySignature() == b.concertKeySignature();
     });
     const auto chosen = static_cast<std::size_t>(given->value(QStringLiteral("key")).toInt());
-    return [key = all[std::min(chosen, all.size() - 1)], bars](Score &score) {
+    return [key = usualKeys()[std::min(chosen, usualKeys().size() - 1)], bars](Score &score) {
         return score.setMasterKeySignature(bars.first, bars.second, key);
     };
 }

@@ -4,6 +4,7 @@
 #include <QDialog>
 
 #include <memory>
+#include <vector>
 
 class QComboBox;
 class QLineEdit;
@@ -16,25 +17,47 @@ class ScoreModel;
 
 namespace zarn::editor {
 
-/// A new score of ready-made tracks: which ones, how many bars, how fast, under which title.
+struct NewTrack;
+
+/// A new score of ready-made tracks: which ones, how they are tuned, its meter, key and tempo, how
+/// many bars, under which title.
 class NewScoreDialog : public QDialog {
     Q_OBJECT
 public:
     explicit NewScoreDialog(QWidget *parent);
     ~NewScoreDialog() override;
 
-    /// Adds a track by its place among the templates.
-    void addTrack(int place);
+    /// Chooses the instrument of the next track by its place among the templates.
+    void chooseInstrument(int place);
+    /// Adds the track that is chosen, with its tuning.
+    void addTrack();
 
-    /// As it is chosen now; never empty, a score without a choice has a guitar.
+    /// As it is chosen now. Without a track in the list it has the one that is chosen.
     std::shared_ptr<ScoreModel> score() const;
 
 private:
+    struct Chosen {
+        int place = 0;  ///< among the templates
+        int tuning = 0; ///< among those of the instrument
+        unsigned capo = 0;
+        QString name;
+    };
+
+    void listTunings();
+    Chosen chosen() const;
+    static NewTrack made(const Chosen &chosen);
+
     QLineEdit *_title;
     QComboBox *_instrument;
-    QListWidget *_tracks;
+    QComboBox *_tuning;
+    QSpinBox *_capo;
+    QListWidget *_list;
+    QSpinBox *_beats;
+    QComboBox *_unit;
+    QComboBox *_key;
     QSpinBox *_bars;
     QSpinBox *_tempo;
+    std::vector<Chosen> _tracks; ///< those of the list
 };
 
 } // namespace zarn::editor

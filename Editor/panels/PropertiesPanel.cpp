@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "panels/PropertiesPanel.h"
 
+#include "actions/AttributeForms.h"
 #include "actions/AttributeText.h"
 #include "document/Attributes.h"
 #include "document/Document.h"
@@ -13,8 +14,10 @@
 #include <ZarnCore/score/ZarnScore.h>
 
 #include <QComboBox>
+#include <QDoubleSpinBox>
 #include <QHeaderView>
 #include <QScopedValueRollback>
+#include <QSpinBox>
 #include <QStyledItemDelegate>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -25,8 +28,41 @@ namespace {
 enum Column { Name, Value, ColumnCount };
 constexpr int idRole = Qt::UserRole;
 constexpr int choicesRole = Qt::UserRole + 1;
+constexpr int lowestRole = Qt::UserRole + 2;
+constexpr int highestRole = Qt::UserRole + 3;
+constexpr int kindRole = Qt::UserRole + 4; ///< a `Field`
 
-/// A list for what has few values, a line for the others.
+/// How a value is set.
+enum class Field {
+    Switch, ///< a box to tick
+    Choice, ///< a list
+    Number,
+    Decimal,
+    Text,
+    Form, ///< asked in a window of its own
+};
+
+Field fieldOf(const AttributeRange &range)
+{
+    if (range.texts != nullptr)
+        return Field::Choice;
+    const auto &held = range.sample().held();
+    if (std::holds_alternative<bool>(held))
+        return Field::Switch;
+    constexpr double mostOfBox = 10000; // more are bits
+    if (std::holds_alternative<int>(held))
+        return range.highest <= mostOfBox ? Field::Number : Field::Form;
+    if (std::holds_alternative<double>(held))
+        return Field::Decimal;
+    return std::holds_alternative<std::string>(held) ? Field::Text : Field::Form;
+}
+
+Field fieldOf(const QModelIndex &index)
+{
+    return static_cast<Field>(index.data(kindRole).toInt());
+}
+
+/// A list for what has few values, a box for numbers, a line for texts.
 class ValueDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -34,18 +70,47 @@ public:
     QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option,
                           const QModelIndex &index) const override
     {
-        const QStringList choices = index.data(choicesRole).toStringList();
-        if (choices.isEmpty())
+        switch (fieldOf(index)) {
+        case Field::Choice: {
+            auto *const box = new QComboBox(parent);
+            box->addItems(index.data(choicesRole).toStringList());
+            // The list opens at once, and what is chosen in it holds.
+            auto *const self = const_cast<ValueDelegate *>(this);
+            connect(box, QOverload<int>::of(&QComboBox::activated), self, [self, box] {
+                Q_EMIT self->commitData(box);
+                Q_EMIT self->closeEditor(box);
+            });
+            QMetaObject::invokeMethod(box, &QComboBox::showPopup, Qt::QueuedConnection);
+            return box;
+        }
+        case Field::Number: {
+            auto *const box = new QSpinBox(parent);
+            box->setRange(index.data(lowestRole).toInt(), index.data(highestRole).toInt());
+            box->setFrame(false);
+            return box;
+        }
+        case Field::Decimal: {
+            auto *const box = new QDoubleSpinBox(parent);
+            box->setDecimals(3);
+            box->setSingleStep(0.1);
+            box->setRange(index.data(lowestRole).toDouble(), index.data(highestRole).toDouble());
+            box->setFrame(false);
+            return box;
+        }
+        default:
             return QStyledItemDelegate::createEditor(parent, option, index);
-        auto *const box = new QComboBox(parent);
-        box->addItems(choices);
-        return box;
+        }
     }
 
     void setEditorData(QWidget *editor, const QModelIndex &index) const override
     {
+        const QString text = index.data(Qt::EditRole).toString();
         if (auto *const box = qobject_cast<QComboBox *>(editor))
-            box->setCurrentText(index.data(Qt::EditRole).toString());
+            box->setCurrentText(text);
+        else if (auto *const number = qobject_cast<QSpinBox *>(editor))
+            number->setValue(text.toInt());
+        else if (auto *const decimal = qobject_cast<QDoubleSpinBox *>(editor))
+            decimal->setValue(text.toDouble());
         else
             QStyledItemDelegate::setEditorData(editor, index);
     }
@@ -55,6 +120,10 @@ public:
     {
         if (auto *const box = qobject_cast<QComboBox *>(editor))
             model->setData(index, box->currentText(), Qt::EditRole);
+        else if (auto *const number = qobject_cast<QSpinBox *>(editor))
+            model->setData(index, QString::number(number->value()), Qt::EditRole);
+        else if (auto *const decimal = qobject_cast<QDoubleSpinBox *>(editor))
+            model->setData(index, QString::number(decimal->value()), Qt::EditRole);
         else
             QStyledItemDelegate::setModelData(editor, model, index);
     }
@@ -63,8 +132,6 @@ public:
 /// What has few values: all of them.
 std::vector<AttributeValue> valuesOf(const AttributeRange &range)
 {
-    if (std::holds_alternative<bool>(range.sample().held()))
-        return {false, true};
     std::vector<AttributeValue> values;
     const int count = range.texts != nullptr ? static_cast<int>(range.texts().size()) : 0;
     for (int value = 0; value < count; ++value)
@@ -76,15 +143,13 @@ std::vector<AttributeValue> valuesOf(const AttributeRange &range)
 /// As a reader sees it; what is typed stays as it is typed.
 QString wordOf(const AttributeRange &range, const AttributeValue &value)
 {
-    if (const bool *const isOn = std::get_if<bool>(&value.held()))
-        return *isOn ? PropertiesPanel::tr("yes") : PropertiesPanel::tr("no");
-    std::string text = range.toText(value);
+    const std::string text = range.toText(value);
     // "NoOrnament", "NONE"
-    const bool isNone = text == "NONE"
+    const bool isNone = text == "NONE" || text == "None"
         || (text.size() > 2 && text.compare(0, 2, "No") == 0 && text[2] >= 'A' && text[2] <= 'Z');
-    if (isNone)
-        text = "None";
-    return range.texts != nullptr ? attributeText(text) : QString::fromStdString(text);
+    return isNone                ? attributeText("None")
+        : range.texts != nullptr ? attributeText(text)
+                                 : valueText(range, value);
 }
 
 QStringList choicesOf(const AttributeRange &range)
@@ -127,6 +192,7 @@ PropertiesPanel::PropertiesPanel(const ActionContext &context)
     _tree->header()->setSectionResizeMode(Value, QHeaderView::Stretch);
     _tree->setMinimumWidth(_tree->columnWidth(Name) + valueWidth);
     connect(_tree, &QTreeWidget::itemChanged, this, &PropertiesPanel::change);
+    connect(_tree, &QTreeWidget::itemActivated, this, &PropertiesPanel::activate);
 }
 
 PropertiesPanel::~PropertiesPanel() = default;
@@ -139,10 +205,17 @@ void PropertiesPanel::addRows(const QString &title)
         if (!isOfMenus<Node>(row.id))
             continue;
         auto *const item = new QTreeWidgetItem(folder, {attributeText(row.name)});
-        item->setFlags(item->flags() | Qt::ItemIsEditable);
+        const Field field = fieldOf(row.range);
+        item->setFlags(item->flags()
+                       | (field == Field::Switch     ? Qt::ItemIsUserCheckable
+                              : field == Field::Form ? Qt::NoItemFlags
+                                                     : Qt::ItemIsEditable));
         item->setData(Name, idRole, static_cast<int>(row.id));
-        item->setData(Value, choicesRole, choicesOf(row.range));
-        item->setToolTip(Value, QString::fromStdString(row.range.description()));
+        item->setData(Value, kindRole, static_cast<int>(field));
+        if (field == Field::Choice)
+            item->setData(Value, choicesRole, choicesOf(row.range));
+        item->setData(Value, lowestRole, row.range.lowest);
+        item->setData(Value, highestRole, row.range.highest);
     }
     folder->setExpanded(true);
 }
@@ -157,7 +230,12 @@ void PropertiesPanel::showRows(QTreeWidgetItem &folder)
             static_cast<typename AttributeOf<Node>::Id>(item.data(Name, idRole).toInt());
         const auto value = valueAtCursor<Node>(document(), id);
         isThere = isThere || value.has_value();
-        item.setText(Value, value ? wordOf(rowOf(id).range, *value) : QString());
+        if (fieldOf(rowOf(id).range) != Field::Switch)
+            item.setText(Value, value ? wordOf(rowOf(id).range, *value) : QString());
+        else if (value)
+            item.setCheckState(Value, value->template to<bool>() ? Qt::Checked : Qt::Unchecked);
+        else
+            item.setData(Value, Qt::CheckStateRole, QVariant());
         QFont font = item.font(Name);
         font.setBold(value && *value != defaultOf(rowOf(id)));
         item.setFont(Name, font);
@@ -167,15 +245,28 @@ void PropertiesPanel::showRows(QTreeWidgetItem &folder)
 }
 
 template <class Node>
-bool PropertiesPanel::set(const QTreeWidgetItem &item, const QString &text)
+bool PropertiesPanel::set(const QTreeWidgetItem &item)
 {
     const auto id = static_cast<typename AttributeOf<Node>::Id>(item.data(Name, idRole).toInt());
-    const auto value = valueOf(rowOf(id).range, text);
+    const AttributeRange &range = rowOf(id).range;
+    const auto value = fieldOf(range) == Field::Switch
+        ? std::optional<AttributeValue>(item.checkState(Value) == Qt::Checked)
+        : valueOf(range, item.text(Value));
     if (value == valueAtCursor<Node>(document(), id))
         return true;
     return value && document().edit(item.text(Name), [&](Score &score) {
         return setSelected<Node>(document(), score, id, *value);
     });
+}
+
+template <class Node>
+void PropertiesPanel::askFor(const QTreeWidgetItem &item)
+{
+    const auto id = static_cast<typename AttributeOf<Node>::Id>(item.data(Name, idRole).toInt());
+    const Change change = askAttribute<Node>(context(), id);
+    if (change && !document().edit(item.text(Name), change))
+        Q_EMIT document().refused(
+            PropertiesPanel::tr("\"%1\" is not possible here.").arg(item.text(Name)));
 }
 
 void PropertiesPanel::follow()
@@ -191,16 +282,26 @@ void PropertiesPanel::change(QTreeWidgetItem *item, int column)
 {
     if (_isFollowing || column != Value || item->parent() == nullptr)
         return;
-    const QString text = item->text(Value);
-    using Setter = bool (PropertiesPanel::*)(const QTreeWidgetItem &, const QString &);
+    using Setter = bool (PropertiesPanel::*)(const QTreeWidgetItem &);
     static constexpr Setter setters[] = {&PropertiesPanel::set<Note>, &PropertiesPanel::set<Beat>,
                                          &PropertiesPanel::set<Bar>,
                                          &PropertiesPanel::set<MasterBar>};
     const int folder = _tree->indexOfTopLevelItem(item->parent());
-    if (!(this->*setters[folder])(*item, text))
-        Q_EMIT document().refused(
-            tr("\"%1\" is not possible here; %2.").arg(text, item->toolTip(Value)));
+    if (!(this->*setters[folder])(*item))
+        Q_EMIT document().refused(tr("\"%1\" is not possible here.").arg(item->text(Name)));
     follow();
+}
+
+void PropertiesPanel::activate(QTreeWidgetItem *item)
+{
+    if (item->parent() == nullptr
+        || static_cast<Field>(item->data(Value, kindRole).toInt()) != Field::Form)
+        return;
+    using Asker = void (PropertiesPanel::*)(const QTreeWidgetItem &);
+    static constexpr Asker askers[] = {
+        &PropertiesPanel::askFor<Note>, &PropertiesPanel::askFor<Beat>,
+        &PropertiesPanel::askFor<Bar>, &PropertiesPanel::askFor<MasterBar>};
+    (this->*askers[_tree->indexOfTopLevelItem(item->parent())])(*item);
 }
 
 } // namespace zarn::editor

@@ -9,7 +9,8 @@ class QTreeWidgetItem;
 namespace zarn::editor {
 
 /// What the beat, the note and the bar of the cursor are marked with, from the tables of the
-/// attributes; each value can be typed, and goes to all that is selected.
+/// attributes; each value can be set in a field
+/// of its kind, and goes to all that is selected.
 class PropertiesPanel : public Panel {
     Q_OBJECT
 public:
@@ -25,8 +26,11 @@ private:
     template <class Node>
     void showRows(QTreeWidgetItem &folder);
     template <class Node>
-    bool set(const QTreeWidgetItem &item, const QString &text);
+    bool set(const QTreeWidgetItem &item);
+    template <class Node>
+    void askFor(const QTreeWidgetItem &item);
     void change(QTreeWidgetItem *item, int column);
+    void activate(QTreeWidgetItem *item);
 
     QTreeWidget *_tree;
     bool _isFollowing = false;

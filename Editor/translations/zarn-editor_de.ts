@@ -15,13 +15,148 @@
         <source>%1...</source>
         <translation>%1 ...</translation>
     </message>
+</context>
+<context>
+    <name>AttributeForms</name>
     <message>
-        <source>%1: %2</source>
-        <translation>%1: %2</translation>
+        <source>&amp;On</source>
+        <translation>&amp;An</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is not %2.</source>
-        <translation>„%1“ ist nicht möglich: %2.</translation>
+        <source>&amp;Passes</source>
+        <translation>&amp;Durchgänge</translation>
+    </message>
+    <message>
+        <source>Such as 1, 2; empty for all.</source>
+        <translation>Etwa 1, 2; leer für alle.</translation>
+    </message>
+    <message>
+        <source>&amp;Value</source>
+        <translation>&amp;Wert</translation>
+    </message>
+    <message>
+        <source>&amp;Text</source>
+        <translation>&amp;Text</translation>
+    </message>
+    <message>
+        <source>&amp;Direction</source>
+        <translation>&amp;Richtung</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keine</translation>
+    </message>
+    <message>
+        <source>upwards</source>
+        <translation>aufwärts</translation>
+    </message>
+    <message>
+        <source>downwards</source>
+        <translation>abwärts</translation>
+    </message>
+    <message>
+        <source>&amp;Length</source>
+        <translation>&amp;Länge</translation>
+    </message>
+    <message>
+        <source>From the first note to the last, in 960ths of a quarter; 0 for the usual length.</source>
+        <translation>Von der ersten Note bis zur letzten, in 960steln eines Viertels; 0 für die übliche Länge.</translation>
+    </message>
+    <message>
+        <source>On the &amp;beat</source>
+        <translation>Auf dem &amp;Schlag</translation>
+    </message>
+    <message>
+        <source>its first note</source>
+        <translation>die erste Note</translation>
+    </message>
+    <message>
+        <source>its last note</source>
+        <translation>die letzte Note</translation>
+    </message>
+    <message>
+        <source>&amp;Fret</source>
+        <translation>&amp;Bund</translation>
+    </message>
+    <message>
+        <source>0 for no barre.</source>
+        <translation>0 heißt ohne Barré.</translation>
+    </message>
+    <message>
+        <source>From &amp;string</source>
+        <translation>&amp;Von Saite</translation>
+    </message>
+    <message>
+        <source>&amp;To string</source>
+        <translation>B&amp;is Saite</translation>
+    </message>
+    <message>
+        <source>Staccato</source>
+        <translation>Staccato</translation>
+    </message>
+    <message>
+        <source>Staccatissimo</source>
+        <translation>Staccatissimo</translation>
+    </message>
+    <message>
+        <source>&amp;Weight</source>
+        <translation>&amp;Betonung</translation>
+    </message>
+    <message>
+        <source>Accent</source>
+        <translation>Akzent</translation>
+    </message>
+    <message>
+        <source>Heavy accent</source>
+        <translation>Starker Akzent</translation>
+    </message>
+    <message>
+        <source>Soft accent</source>
+        <translation>Weicher Akzent</translation>
+    </message>
+    <message>
+        <source>&amp;Tenuto</source>
+        <translation>&amp;Tenuto</translation>
+    </message>
+    <message>
+        <source>&amp;Quarters</source>
+        <translation>&amp;Viertel</translation>
+    </message>
+    <message>
+        <source>Such as 3 or 7/2; empty for what the meter says.</source>
+        <translation>Etwa 3 oder 7/2; leer für das, was die Taktart sagt.</translation>
+    </message>
+    <message>
+        <source>&amp;Beams</source>
+        <translation>&amp;Balken</translation>
+    </message>
+    <message>
+        <source>Beats joined by each beam, such as 2+2+3; empty for the usual grouping.</source>
+        <translation>Schläge unter jedem Balken, etwa 2+2+3; leer für die übliche Gruppierung.</translation>
+    </message>
+    <message>
+        <source>eighths</source>
+        <translation>Achteln</translation>
+    </message>
+    <message>
+        <source>sixteenths</source>
+        <translation>Sechzehnteln</translation>
+    </message>
+    <message>
+        <source>thirty-seconds</source>
+        <translation>Zweiunddreißigsteln</translation>
+    </message>
+    <message>
+        <source>sixty-fourths</source>
+        <translation>Vierundsechzigsteln</translation>
+    </message>
+    <message>
+        <source>&amp;In</source>
+        <translation>&amp;In</translation>
+    </message>
+    <message>
+        <source>This is no value of &quot;%1&quot;; nothing was changed.</source>
+        <translation>Das ist kein Wert für „%1“; nichts wurde geändert.</translation>
     </message>
 </context>
 <context>
@@ -967,6 +1102,13 @@
     </message>
 </context>
 <context>
+    <name>Clipping</name>
+    <message>
+        <source>Paste</source>
+        <translation>Einfügen</translation>
+    </message>
+</context>
+<context>
     <name>DocumentFiles</name>
     <message>
         <source>This is a folder.</source>
@@ -1042,10 +1184,6 @@
         <translation>Ausschneiden</translation>
     </message>
     <message>
-        <source>Paste</source>
-        <translation>Einfügen</translation>
-    </message>
-    <message>
         <source>This cannot be pasted here.</source>
         <translation>Das lässt sich hier nicht einfügen.</translation>
     </message>
@@ -1088,6 +1226,14 @@
     <message>
         <source>&amp;Shortcuts...</source>
         <translation>Tastenkür&amp;zel ...</translation>
+    </message>
+    <message>
+        <source>How many times:</source>
+        <translation>Wie oft:</translation>
+    </message>
+    <message>
+        <source>Paste se&amp;veral times...</source>
+        <translation>&amp;Mehrmals einfügen ...</translation>
     </message>
 </context>
 <context>
@@ -1183,6 +1329,10 @@
     <message>
         <source>&amp;Fret or drum</source>
         <translation>&amp;Bund oder Trommel</translation>
+    </message>
+    <message>
+        <source>&amp;Chord...</source>
+        <translation>A&amp;kkord ...</translation>
     </message>
 </context>
 <context>
@@ -1400,6 +1550,10 @@
         <source>&amp;Extend the selection</source>
         <translation>Auswahl er&amp;weitern</translation>
     </message>
+    <message>
+        <source>Notation or tablat&amp;ure</source>
+        <translation>Noten oder Tab&amp;ulatur</translation>
+    </message>
 </context>
 <context>
     <name>NoteActions</name>
@@ -1579,6 +1733,14 @@
         <source>&amp;Trill</source>
         <translation>&amp;Triller</translation>
     </message>
+    <message>
+        <source>&quot;%1&quot; is not possible here.</source>
+        <translation>„%1“ ist hier nicht möglich.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; waits for the next note on this string.</source>
+        <translation>„%1“ wartet auf die nächste Note dieser Saite.</translation>
+    </message>
 </context>
 <context>
     <name>NoteEntry</name>
@@ -1645,6 +1807,14 @@
     <message>
         <source>Add bar</source>
         <translation>Takt anfügen</translation>
+    </message>
+    <message>
+        <source>Dead note</source>
+        <translation>Tote Note</translation>
+    </message>
+    <message>
+        <source>There are dead notes on strings alone.</source>
+        <translation>Tote Noten gibt es nur auf Saiten.</translation>
     </message>
 </context>
 <context>
@@ -1885,6 +2055,10 @@
         <source>&quot;%1&quot; has changes that are not saved.</source>
         <translation>„%1“ hat Änderungen, die nicht gespeichert sind.</translation>
     </message>
+    <message>
+        <source>&quot;%1&quot; is there already. Replace it?</source>
+        <translation>„%1“ gibt es schon. Ersetzen?</translation>
+    </message>
 </context>
 <context>
     <name>ScoreActions</name>
@@ -1981,14 +2155,6 @@
     <message>
         <source>to the end of the piece</source>
         <translation>bis zum Ende des Stücks</translation>
-    </message>
-    <message>
-        <source>%1 major</source>
-        <translation>%1-Dur</translation>
-    </message>
-    <message>
-        <source>%1 minor</source>
-        <translation>%1-Moll</translation>
     </message>
     <message>
         <source>Meter</source>
@@ -2153,6 +2319,17 @@
     <message>
         <source>&amp;Longer by, in percent</source>
         <translation>&amp;Länger um, in Prozent</translation>
+    </message>
+</context>
+<context>
+    <name>Signatures</name>
+    <message>
+        <source>%1 major</source>
+        <translation>%1-Dur</translation>
+    </message>
+    <message>
+        <source>%1 minor</source>
+        <translation>%1-Moll</translation>
     </message>
 </context>
 <context>
@@ -2887,12 +3064,16 @@
         <translation>„%1“ lässt sich nicht öffnen.</translation>
     </message>
     <message>
-        <source>The program ended before all was saved. Open what it kept?</source>
-        <translation>Das Programm wurde beendet, ehe alles gespeichert war. Soll geöffnet werden, was es aufbewahrt hat?</translation>
-    </message>
-    <message>
         <source>Opening &quot;%1&quot;...</source>
         <translation>„%1“ wird geöffnet ...</translation>
+    </message>
+    <message>
+        <source>a new score</source>
+        <translation>eine neue Partitur</translation>
+    </message>
+    <message>
+        <source>The program ended before all was saved (%1). Open what it kept?</source>
+        <translation>Das Programm endete, bevor alles gespeichert war (%1). Öffnen, was es aufgehoben hat?</translation>
     </message>
 </context>
 <context>
@@ -2969,8 +3150,8 @@
         <translation>Solche Ränder lassen keinen Platz für Musik.</translation>
     </message>
     <message>
-        <source>Something of the file was changed or left out.</source>
-        <translation>Etwas aus der Datei wurde geändert oder weggelassen.</translation>
+        <source>Something of &quot;%1&quot; was changed or left out.</source>
+        <translation>Etwas aus „%1“ wurde geändert oder ausgelassen.</translation>
     </message>
 </context>
 <context>
@@ -3075,6 +3256,34 @@
         <source>Quarters per &amp;minute</source>
         <translation>Viertel in der &amp;Minute</translation>
     </message>
+    <message>
+        <source>none</source>
+        <translation>keiner</translation>
+    </message>
+    <message>
+        <source>Beat unit</source>
+        <translation>Schlagwert</translation>
+    </message>
+    <message>
+        <source>T&amp;uning</source>
+        <translation>&amp;Stimmung</translation>
+    </message>
+    <message>
+        <source>&amp;Capo at fret</source>
+        <translation>&amp;Kapodaster am Bund</translation>
+    </message>
+    <message>
+        <source>M&amp;eter</source>
+        <translation>Takta&amp;rt</translation>
+    </message>
+    <message>
+        <source>&amp;Key</source>
+        <translation>T&amp;onart</translation>
+    </message>
+    <message>
+        <source>, capo %1</source>
+        <translation>, Kapodaster %1</translation>
+    </message>
 </context>
 <context>
     <name>zarn::editor::PageSetupDialog</name>
@@ -3162,16 +3371,8 @@
         <translation>Takt aller Systeme</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is not possible here; %2.</source>
-        <translation>„%1“ ist hier nicht möglich; %2.</translation>
-    </message>
-    <message>
-        <source>yes</source>
-        <translation>ja</translation>
-    </message>
-    <message>
-        <source>no</source>
-        <translation>nein</translation>
+        <source>&quot;%1&quot; is not possible here.</source>
+        <translation>„%1“ ist hier nicht möglich.</translation>
     </message>
 </context>
 <context>

@@ -11,6 +11,7 @@
 #include <ZarnCore/model/ZarnScoreModel.h>
 
 #include <QAccessible>
+#include <QComboBox>
 #include <QDockWidget>
 #include <QSettings>
 #include <QSlider>
@@ -73,8 +74,8 @@ TEST(PanelsTest, propertiesOfTheCursorAreShownAndSet)
     };
     QTreeWidgetItem *const muted = find(QStringLiteral("Palm mute"));
     ASSERT_NE(muted, nullptr);
-    EXPECT_EQ(muted->text(1), QStringLiteral("no"));
-    muted->setText(1, QStringLiteral("yes"));
+    EXPECT_EQ(muted->checkState(1), Qt::Unchecked);
+    muted->setCheckState(1, Qt::Checked);
     driver.settle();
     EXPECT_TRUE(driver.document().cursor().note()->isPalmMuted());
     QTreeWidgetItem *const speed = find(QStringLiteral("Velocity"));
@@ -82,6 +83,13 @@ TEST(PanelsTest, propertiesOfTheCursorAreShownAndSet)
     speed->setText(1, QStringLiteral("200"));
     driver.settle();
     EXPECT_NE(speed->text(1), QStringLiteral("200")) << "what is not possible does not stay";
+
+    QTreeWidgetItem *const barre = find(QStringLiteral("Barre"));
+    ASSERT_NE(barre, nullptr);
+    driver.answers().fields = {{QStringLiteral("fret"), 5}, {QStringLiteral("last"), 3}};
+    Q_EMIT tree->itemActivated(barre, 1);
+    driver.settle();
+    EXPECT_EQ(barre->text(1), QStringLiteral("½ 5"));
 }
 
 TEST(PanelsTest, aSliderOfTheMixerIsOneStep)
@@ -203,8 +211,19 @@ TEST(DialogsTest, aNewScoreHasItsTracks)
 {
     NewScoreDialog dialog(nullptr);
     EXPECT_EQ(dialog.score()->trackCount(), 1u);
-    dialog.addTrack(33);
-    dialog.addTrack(128);
+    auto *const tuning = dialog.findChild<QComboBox *>(QStringLiteral("tuning"));
+    const int dropD = tuning->findText(QStringLiteral("Drop D:"), Qt::MatchStartsWith);
+    ASSERT_GT(dropD, 0);
+    tuning->setCurrentIndex(dropD);
+    dialog.findChild<QSpinBox *>(QStringLiteral("capo"))->setValue(2);
+    const auto guitar = dialog.score(); // of what is chosen and not in the list
+    EXPECT_EQ(guitar->track(0)->staff(0)->tuning().tuning(0), 38);
+    EXPECT_EQ(guitar->track(0)->staff(0)->capoFret(), 2u);
+    dialog.chooseInstrument(33);
+    dialog.addTrack();
+    dialog.chooseInstrument(128);
+    EXPECT_FALSE(tuning->isEnabled());
+    dialog.addTrack();
     const auto score = dialog.score();
     ASSERT_EQ(score->trackCount(), 2u);
     EXPECT_TRUE(InstrumentSet::isUnpitched(score->track(1)->type()));
