@@ -2,10 +2,13 @@
 #include "app/Appearance.h"
 
 #include <QApplication>
+#include <QPainter>
 #include <QPalette>
+#include <QProxyStyle>
 #include <QSettings>
 #include <QStyle>
 #include <QStyleFactory>
+#include <QStyleOption>
 
 namespace zarn::editor {
 namespace {
@@ -37,6 +40,32 @@ QPalette darkPalette()
     palette.setColor(QPalette::Link, highlight);
     return palette;
 }
+
+/// Draws by the palette alone. On a dark one the frames of boxes and radio buttons, which are
+/// derived from the colour of windows, could not be seen.
+class DarkStyle : public QProxyStyle {
+public:
+    DarkStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) { }
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                       const QWidget *widget) const override
+    {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        const bool isRound = element == PE_IndicatorRadioButton;
+        if (!isRound && element != PE_IndicatorCheckBox)
+            return;
+        const bool isEnabled = (option->state & State_Enabled) != 0;
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing, isRound);
+        painter->setBrush(Qt::NoBrush);
+        painter->setPen(isEnabled ? QColor(0x9a, 0x9a, 0x9a) : QColor(0x5a, 0x5a, 0x5a));
+        if (isRound)
+            painter->drawEllipse(QRectF(option->rect).adjusted(1, 1, -1, -1));
+        else
+            painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+        painter->restore();
+    }
+};
 
 /// What the system had, before this program changed anything.
 struct SystemLook {
@@ -74,10 +103,10 @@ void applyAppearance()
         QApplication::setPalette(system.palette);
         return;
     }
-    // The style that draws by the palette alone.
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    QApplication::setPalette(chosen == Appearance::Dark ? darkPalette()
-                                                        : QPalette(QColor(0xef, 0xef, 0xef)));
+    const bool isDark = chosen == Appearance::Dark;
+    QApplication::setStyle(isDark ? new DarkStyle
+                                  : QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setPalette(isDark ? darkPalette() : QPalette(QColor(0xef, 0xef, 0xef)));
 }
 
 } // namespace zarn::editor
