@@ -149,6 +149,29 @@ void ScoreCanvas::setPlayback(
     viewport()->update(line().toAlignedRect());
 }
 
+namespace {
+
+/// The system of a spot, with what stands above and below its staves, as wide as the box of the
+/// spot. The first one of a sheet has what the sheet begins with.
+layout::PlacedBox systemAround(const layout::Layout &layout, const layout::FoundSpot &spot,
+                               const layout::PlacedBox &box)
+{
+    layout::PlacedBox whole = box;
+    const auto &systems = layout.pages()[box.page].systems;
+    for (const layout::PlacedSystem &system : systems) {
+        const auto &bars = system.drawing->bars;
+        if (bars.empty() || spot.bar < bars.front().firstBar
+            || spot.bar >= bars.back().firstBar + bars.back().barCount)
+            continue;
+        const layout::Box ink = system.drawing->marks.box(layout.font()).movedBy(system.at);
+        whole.box.top = &system == &systems.front() ? 0 : std::min(ink.top, box.box.top);
+        whole.box.bottom = std::max(ink.bottom, box.box.bottom);
+    }
+    return whole;
+}
+
+} // namespace
+
 void ScoreCanvas::reveal(const layout::DrawPlace &place)
 {
     if (layout() == nullptr)
@@ -162,8 +185,13 @@ void ScoreCanvas::reveal(const layout::FoundSpot &spot)
 {
     if (layout() == nullptr)
         return;
-    if (const auto box = layout::boxOfSpot(*layout(), spot))
-        reveal(*box);
+    const auto box = layout::boxOfSpot(*layout(), spot);
+    if (!box)
+        return;
+    const layout::PlacedBox system = systemAround(*layout(), spot, *box);
+    if (viewRect(system).height() + 2 * Sheets::gap <= viewport()->height())
+        reveal(system);
+    reveal(*box);
 }
 
 void ScoreCanvas::reveal(const layout::PlacedBox &box)

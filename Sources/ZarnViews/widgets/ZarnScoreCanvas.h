@@ -64,6 +64,7 @@ public:
 
     /// Scrolls no more than needed to show a place.
     void reveal(const layout::DrawPlace &place);
+    /// The same for a spot, with all of its system where there is room for it.
     void reveal(const layout::FoundSpot &spot);
 
     /// What a point of the viewport shows; nothing beside the sheets.
