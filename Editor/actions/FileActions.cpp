@@ -27,7 +27,7 @@ void newFromTemplate(const ActionContext &context)
 {
     NewScoreDialog dialog(&context.window);
     if (dialog.exec() == QDialog::Accepted)
-        context.window.editor().show(loadedModel(dialog.score()));
+        context.window.editor().showInPlaceOf(&context.window, loadedModel(dialog.score()));
 }
 
 void openRecent(const ActionContext &context)

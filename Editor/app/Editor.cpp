@@ -48,7 +48,7 @@ void Editor::open(const QString &path, MainWindow *asker)
     if (asker != nullptr)
         asker->say(tr("Opening \"%1\"...").arg(QFileInfo(path).fileName()));
     auto *const watcher = new QFutureWatcher<LoadedFile>(this);
-    const QPointer<QWidget> over(asker);
+    const QPointer<MainWindow> over(asker);
     connect(watcher, &QFutureWatcher<LoadedFile>::finished, this, [this, watcher, over] {
         watcher->deleteLater();
         --_openingCount;
@@ -59,7 +59,7 @@ void Editor::open(const QString &path, MainWindow *asker)
     watcher->setFuture(QtConcurrent::run(loadFile, whole));
 }
 
-void Editor::take(const LoadedFile &file, const QPointer<QWidget> &asker)
+void Editor::take(const LoadedFile &file, const QPointer<MainWindow> &asker)
 {
     if (file.model == nullptr) {
         if (!QFileInfo::exists(file.path))
@@ -67,7 +67,7 @@ void Editor::take(const LoadedFile &file, const QPointer<QWidget> &asker)
         _questions->tell(asker, tr("\"%1\" cannot be opened.").arg(file.path), {file.error});
         return;
     }
-    MainWindow *const window = show(file);
+    MainWindow *const window = showInPlaceOf(asker, file);
     const QStringList lines = linesOf(file.report, "part");
     if (!lines.isEmpty())
         window->tellOfImport(lines);
@@ -84,6 +84,16 @@ MainWindow *Editor::show(LoadedFile file)
     else
         document->setImportedFrom(file.path);
     return add(std::move(document), std::move(file.layout));
+}
+
+MainWindow *Editor::showInPlaceOf(MainWindow *old, LoadedFile file)
+{
+    MainWindow *const window = show(std::move(file));
+    if (old != nullptr && old->document().isUntouched() && isLastWindowOf(*old)) {
+        window->setGeometry(old->geometry());
+        old->close();
+    }
+    return window;
 }
 
 MainWindow *Editor::showAgain(const std::shared_ptr<Document> &document)
@@ -118,9 +128,15 @@ MainWindow *Editor::add(std::shared_ptr<Document> document,
 bool Editor::offerLostDocuments()
 {
     const std::vector<LostDocument> lost = lostDocuments();
+    QStringList names;
+    for (const LostDocument &each : lost)
+        names << (each.originalPath.isEmpty() ? tr("a new score")
+                                              : QFileInfo(each.originalPath).fileName());
     if (lost.empty()
         || !_questions->askYesOrNo(
-            nullptr, tr("The program ended before all was saved. Open what it kept?")))
+            nullptr,
+            tr("The program ended before all was saved (%1). Open what it kept?")
+                .arg(names.join(QStringLiteral(", ")))))
         return false;
     bool isAny = false;
     for (const LostDocument &each : lost) {

@@ -34,6 +34,8 @@ public:
 
     /// A window on what was read, which must have a model.
     MainWindow *show(LoadedFile file);
+    /// The same in place of a window on a new score that nobody has touched, if `old` is one.
+    MainWindow *showInPlaceOf(MainWindow *old, LoadedFile file);
     /// One more window on a document.
     MainWindow *showAgain(const std::shared_ptr<Document> &document);
     MainWindow *showNew();
@@ -59,7 +61,7 @@ Q_SIGNALS:
     void idle();
 
 private:
-    void take(const LoadedFile &file, const QPointer<QWidget> &asker);
+    void take(const LoadedFile &file, const QPointer<MainWindow> &asker);
     MainWindow *add(std::shared_ptr<Document> document,
                     std::shared_ptr<const layout::Layout> layout);
 

@@ -25,12 +25,38 @@
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
+#include <QSettings>
 #include <QStatusBar>
 
 namespace zarn::editor {
 namespace {
 
 constexpr int messageMilliseconds = 6000;
+
+QString geometryKey()
+{
+    return QStringLiteral("window/geometry");
+}
+
+QString panelsKey()
+{
+    return QStringLiteral("window/panels");
+}
+
+/// Prints on sheets as those of a layout, unless the user wants other ones.
+void setPaper(QPrinter &printer, const layout::Layout &layout, const QString &name)
+{
+    printer.setDocName(name);
+    if (layout.pages().empty())
+        return;
+    constexpr double micrometres = 1000; // in a millimetre
+    const layout::LayoutPage &page = layout.pages().front();
+    const QSizeF size(page.width / micrometres, page.height / micrometres);
+    const bool isWide = size.width() > size.height();
+    printer.setPageSize(QPageSize(isWide ? size.transposed() : size, QPageSize::Millimeter,
+                                  QString(), QPageSize::FuzzyMatch));
+    printer.setPageOrientation(isWide ? QPageLayout::Landscape : QPageLayout::Portrait);
+}
 
 } // namespace
 
@@ -44,6 +70,9 @@ MainWindow::MainWindow(Editor &editor, std::shared_ptr<Document> document,
     setCentralWidget(_view);
     statusBar()->addPermanentWidget(_place);
     addPanels();
+    const QSettings settings;
+    restoreGeometry(settings.value(geometryKey()).toByteArray());
+    restoreState(settings.value(panelsKey()).toByteArray());
     _actions = std::make_unique<ActionSet>(ActionContext{*this, *_document, *_view}, *menuBar());
     connect(_document.get(), &Document::pathChanged, this, &MainWindow::showTitle);
     connect(_document.get(), &Document::modifiedChanged, this, &MainWindow::showTitle);
@@ -76,6 +105,19 @@ void MainWindow::addPanels()
         addDockWidget(row.area, dock);
         dock->setVisible(row.isShownAtFirst);
     }
+    // Most scores have few tracks, and the pages want the room.
+    constexpr int usualHeight = 150; // pixels
+    resizeDocks({findChild<QDockWidget *>(panelTable().front().id)}, {usualHeight}, Qt::Vertical);
+}
+
+void MainWindow::showPanel(const QString &id)
+{
+    auto *const dock = findChild<QDockWidget *>(id, Qt::FindDirectChildrenOnly);
+    if (dock == nullptr)
+        return;
+    dock->show();
+    dock->raise();
+    dock->widget()->setFocus(Qt::TabFocusReason);
 }
 
 void MainWindow::showTitle()
@@ -156,17 +198,21 @@ std::shared_ptr<const layout::Layout> MainWindow::sheets() const
 
 void MainWindow::print()
 {
+    const auto shown = sheets();
     QPrinter printer(QPrinter::HighResolution);
+    setPaper(printer, *shown, _document->displayName());
     QPrintDialog dialog(&printer, this);
-    if (dialog.exec() == QDialog::Accepted && !views::printLayout(*sheets(), printer))
+    if (dialog.exec() == QDialog::Accepted && !views::printLayout(*shown, printer))
         say(tr("Nothing was printed."));
 }
 
 void MainWindow::showPreview()
 {
-    QPrinter printer(QPrinter::HighResolution);
-    QPrintPreviewDialog dialog(&printer, this);
     const auto shown = sheets();
+    QPrinter printer(QPrinter::HighResolution);
+    setPaper(printer, *shown, _document->displayName());
+    QPrintPreviewDialog dialog(&printer, this);
+    dialog.resize(size());
     connect(&dialog, &QPrintPreviewDialog::paintRequested, this,
             [&shown](QPrinter *target) { views::printLayout(*shown, *target); });
     dialog.exec();
@@ -193,7 +239,9 @@ void MainWindow::chooseShortcuts()
 
 void MainWindow::tellOfImport(const QStringList &lines)
 {
-    _editor.questions().tell(this, tr("Something of the file was changed or left out."), lines);
+    _editor.questions().tell(
+        this, tr("Something of \"%1\" was changed or left out.").arg(_document->displayName()),
+        lines);
 }
 
 void MainWindow::say(const QString &message)
@@ -204,8 +252,17 @@ void MainWindow::say(const QString &message)
 void MainWindow::closeEvent(QCloseEvent *event)
 {
     event->accept();
-    if (!_document->isModified() || !_editor.isLastWindowOf(*this))
+    if (_document->isModified() && _editor.isLastWindowOf(*this))
+        askBeforeClosing(event);
+    if (!event->isAccepted())
         return;
+    QSettings settings;
+    settings.setValue(geometryKey(), saveGeometry());
+    settings.setValue(panelsKey(), saveState());
+}
+
+void MainWindow::askBeforeClosing(QCloseEvent *event)
+{
     switch (_editor.questions().askToSave(this, _document->displayName())) {
     case Questions::Answer::Save:
         event->setAccepted(save());

@@ -42,6 +42,9 @@ public:
     void setUpPage();
     void chooseShortcuts();
 
+    /// Shows one of the panels, by its name in their table, and goes there.
+    void showPanel(const QString &id);
+
     /// What an import could not hold.
     void tellOfImport(const QStringList &lines);
     /// In the status line, for some seconds.
@@ -53,6 +56,7 @@ protected:
 private:
     bool saveTo(const QString &path);
     void addPanels();
+    void askBeforeClosing(QCloseEvent *event);
     void showTitle();
     std::shared_ptr<const layout::Layout> sheets() const;
     void showPlace();

@@ -13,6 +13,20 @@
 
 namespace zarn::editor {
 
+namespace {
+
+/// Shows no more decimals than there are.
+class DecimalBox : public QDoubleSpinBox {
+public:
+    QString textFromValue(double value) const override
+    {
+        constexpr int digits = 8;
+        return locale().toString(value, 'g', digits);
+    }
+};
+
+} // namespace
+
 FormDialog::FormDialog(const Form &form, QWidget *parent) : QDialog(parent)
 {
     setWindowTitle(form.title());
@@ -72,10 +86,10 @@ QWidget *FormDialog::makeField(const FormField &field)
         return box;
     }
     case FormField::Kind::Decimal: {
-        auto *const box = new QDoubleSpinBox;
+        auto *const box = new DecimalBox;
         box->setRange(field.least, field.most);
         box->setDecimals(3);
-        box->setSingleStep((field.most - field.least) / 100);
+        box->setSingleStep(field.most - field.least > 100 ? 1 : (field.most - field.least) / 100);
         box->setValue(field.value.toDouble());
         box->selectAll();
         _readers.emplace_back(field.id, [box] { return box->value(); });

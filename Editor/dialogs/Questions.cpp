@@ -8,12 +8,24 @@
 #include <QInputDialog>
 #include <QMessageBox>
 
+#include <algorithm>
+
 namespace zarn::editor {
 namespace {
 
 struct Text {
     Q_DECLARE_TR_FUNCTIONS(Questions)
 };
+
+/// Of "Name (*.first *.second)".
+QStringList suffixesOf(const QString &filter)
+{
+    QStringList suffixes;
+    const QString patterns = filter.section(QLatin1Char('('), -1).section(QLatin1Char(')'), 0, 0);
+    for (const QString &pattern : patterns.split(QLatin1Char(' '), Qt::SkipEmptyParts))
+        suffixes << pattern.section(QLatin1Char('.'), -1);
+    return suffixes;
+}
 
 } // namespace
 
@@ -46,19 +58,30 @@ QString Questions::fileToSave(QWidget *window, const QString &proposal, const QS
     QString chosen;
     const QString path = QFileDialog::getSaveFileName(window, QString(), proposal,
                                                       filters.join(QStringLiteral(";;")), &chosen);
-    if (path.isEmpty() || !QFileInfo(path).suffix().isEmpty())
+    const QString suffix = QFileInfo(path).suffix();
+    const auto isOf = [&suffix](const QString &filter) {
+        return suffixesOf(filter).contains(suffix, Qt::CaseInsensitive);
+    };
+    if (path.isEmpty() || std::any_of(filters.begin(), filters.end(), isOf))
         return path;
-    // "Name (*.first *.second)": a name without a suffix gets the usual one.
-    const QString suffix =
-        chosen.section(QStringLiteral("*."), 1, 1).section(QLatin1Char(' '), 0, 0);
-    return path + QLatin1Char('.') + QString(suffix).remove(QLatin1Char(')'));
+    // A name without one of the suffixes gets the usual one; the dialog did not know of that file.
+    const QString whole = path + QLatin1Char('.') + suffixesOf(chosen).value(0);
+    const bool isWanted = !QFileInfo::exists(whole)
+        || askYesOrNo(
+            window,
+            Text::tr("\"%1\" is there already. Replace it?").arg(QFileInfo(whole).fileName()));
+    return isWanted ? whole : QString();
 }
 
 void Questions::tell(QWidget *window, const QString &message, const QStringList &details)
 {
     QMessageBox box(QMessageBox::Information, QCoreApplication::applicationName(), message,
                     QMessageBox::Ok, window);
-    box.setDetailedText(details.join(QLatin1Char('\n')));
+    // A reason is read at once, a list by those who want it.
+    if (details.size() == 1)
+        box.setInformativeText(details.front());
+    else
+        box.setDetailedText(details.join(QLatin1Char('\n')));
     box.exec();
 }
 

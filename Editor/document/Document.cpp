@@ -93,6 +93,11 @@ bool Document::isModified() const noexcept
     return _isUnsaved || !_score.commandStack().isClean();
 }
 
+bool Document::isUntouched() const noexcept
+{
+    return _path.isEmpty() && _importedFrom.isEmpty() && !_isUnsaved && _stepCount == 0;
+}
+
 void Document::setSaved()
 {
     _isUnsaved = false;
@@ -117,6 +122,7 @@ bool Document::edit(const QString &title, const std::function<bool(Score &)> &ch
             return;
         step.commit();
         isDone = true;
+        _redoPlaces.clear();
     });
     announce();
     return isDone;
@@ -124,13 +130,22 @@ bool Document::edit(const QString &title, const std::function<bool(Score &)> &ch
 
 void Document::undo()
 {
+    const bool isThere = canUndo();
     run([this] { _score.commandStack().undo(); });
+    if (isThere)
+        _redoPlaces.push_back(cursor());
     announce();
 }
 
 void Document::redo()
 {
+    const bool isThere = canRedo();
     run([this] { _score.commandStack().redo(); });
+    if (isThere && !_redoPlaces.empty()) {
+        _score.scoreCursor().setIndex(_redoPlaces.back());
+        _score.scoreCursor().settle();
+        _redoPlaces.pop_back();
+    }
     announce();
 }
 

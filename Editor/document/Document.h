@@ -2,6 +2,7 @@
 #pragma once
 
 #include "document/Selection.h"
+#include "entry/AwaitedLink.h"
 #include "entry/EntryState.h"
 #include "entry/FretDigits.h"
 
@@ -12,6 +13,7 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace zarn::editor {
 
@@ -43,6 +45,8 @@ public:
     QString displayName() const;
 
     bool isModified() const noexcept;
+    /// It is of no file, and nothing was ever done to it.
+    bool isUntouched() const noexcept;
     /// What is there now is what the file holds.
     void setSaved();
     /// Its copy for the case that the program ends unasked.
@@ -61,6 +65,7 @@ public:
     const QString &undoTitle() const noexcept { return _undoTitle; }
     const QString &redoTitle() const noexcept { return _redoTitle; }
     void undo();
+    /// The cursor goes to where the step was made.
     void redo();
 
     // The cursor and the selection, of all windows on the document.
@@ -83,6 +88,9 @@ public:
     const ScoreModelIndex &lastTyped() const noexcept { return _lastTyped; }
     void setLastTyped(const ScoreModelIndex &note) { _lastTyped = note; }
     FretDigits &fretDigits() noexcept { return _fretDigits; }
+    /// What leads on to a note that is not written yet.
+    const std::optional<AwaitedLink> &awaitedLink() const noexcept { return _awaitedLink; }
+    void setAwaitedLink(std::optional<AwaitedLink> link) { _awaitedLink = std::move(link); }
 
     /// How many steps were made, undone and redone since it was opened.
     unsigned stepCount() const noexcept { return _stepCount; }
@@ -105,6 +113,9 @@ private:
     Selection _selection;
     EntryState _entry;
     FretDigits _fretDigits;
+    std::optional<AwaitedLink> _awaitedLink;
+    std::vector<ScoreModelIndex>
+        _redoPlaces; ///< of the steps that can be redone, the next one last
     ScoreModelIndex _lastTyped;
     unsigned _stepCount = 0;
     QString _path;

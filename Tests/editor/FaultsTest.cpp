@@ -104,6 +104,20 @@ TEST(FaultsTest, aWindowThatIsClosedWhileAFileIsReadTakesNothingAlong)
     EXPECT_EQ(driver.editor().windows()[0]->document().model().trackCount(), 4u);
 }
 
+TEST(FaultsTest, aFileTakesThePlaceOfANewScoreThatNobodyTouched)
+{
+    for (const bool isTouched : {false, true}) {
+        EditorDriver driver;
+        if (isTouched)
+            driver.type(QStringLiteral("5"));
+        driver.editor().open(sample, &driver.window());
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !driver.editor().isOpening(); }, patience));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_EQ(driver.editor().windows().size(), isTouched ? 2u : 1u);
+        EXPECT_EQ(driver.editor().windows().back()->document().model().trackCount(), 4u);
+    }
+}
+
 TEST(FaultsTest, theEditorEndsWhileAFileIsReadAndLaidOut)
 {
     for (const bool isShown : {false, true}) {
