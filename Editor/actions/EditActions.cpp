@@ -47,9 +47,19 @@ template <PasteMode mode>
 void paste(const ActionContext &context)
 {
     const Clip &clip = context.window.editor().clipboard();
-    if (!context.document.edit(Text::tr("Paste"), [&](Score &score) {
-            return pasteClip(context.document, score, clip, mode);
-        }))
+    if (!pasteClip(context.document, clip, mode))
+        context.window.say(Text::tr("This cannot be pasted here."));
+}
+
+void pasteTimes(const ActionContext &context)
+{
+    constexpr int most = 100;
+    Editor &editor = context.window.editor();
+    const auto times =
+        editor.questions().askNumber(&context.window, Text::tr("How many times:"), 2, 1, most);
+    if (times
+        && !pasteClip(context.document, editor.clipboard(), PasteMode::Replace,
+                      static_cast<unsigned>(*times)))
         context.window.say(Text::tr("This cannot be pasted here."));
 }
 
@@ -106,6 +116,13 @@ std::vector<ActionGroup> editActions()
          nullptr,
          redoText},
     };
+    Action pasteOften{QStringLiteral("edit.pasteTimes"),
+                      Text::tr("Paste se&veral times..."),
+                      {QKeySequence(QStringLiteral("Ctrl+Alt+Shift+V"))},
+                      pasteTimes,
+                      canPaste,
+                      KeyScope::Score};
+    pasteOften.isAsking = true;
     const std::vector<Action> clipping = {
         {QStringLiteral("edit.cut"),
          Text::tr("Cu&t"),
@@ -137,6 +154,7 @@ std::vector<ActionGroup> editActions()
          paste<PasteMode::Merge>,
          canPaste,
          KeyScope::Score},
+        pasteOften,
     };
     const std::vector<Action> selecting = {
         {QStringLiteral("edit.selectAll"),

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "actions/ActionTable.h"
 #include "actions/Menus.h"
+#include "app/MainWindow.h"
 #include "document/Document.h"
 #include "entry/DrumEntry.h"
 #include "entry/NoteEntry.h"
@@ -161,6 +162,10 @@ std::vector<ActionGroup> entryActions()
     };
     const std::vector<Action> tuplets = {tuplet(3, 2, "/"), tuplet(5, 4, ""), tuplet(6, 4, ""),
                                          tuplet(7, 4, ""),  tuplet(9, 8, ""), tuplet(2, 3, "")};
+    const Action chord =
+        onScore("beat.chord", Text::tr("&Chord..."), "K", [](const ActionContext &context) {
+            context.window.showPanel(QStringLiteral("chords"));
+        });
     const std::vector<Action> beats = {
         onScore("beat.rest", Text::tr("&Rest"), "R",
                 [](const ActionContext &context) { enterRest(context.document); }),
@@ -169,6 +174,7 @@ std::vector<ActionGroup> entryActions()
         onScore(
             "beat.remove", Text::tr("Re&move beats"), "Ctrl+Del; Backspace",
             [](const ActionContext &context) { removeBeats(context.document); }, hasBeat),
+        chord,
     };
     const std::vector<Action> notes = {
         onScore("note.tie", Text::tr("&Tie"), "L",

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "actions/ActionTable.h"
 #include "actions/Menus.h"
+#include "app/ScoreView.h"
 #include "document/Document.h"
 #include "entry/NoteEntry.h"
 
@@ -104,7 +105,14 @@ std::vector<ActionGroup> moveActions()
         moveTo("go.start", Text::tr("&First bar"), "Ctrl+Home", toStart),
         moveTo("go.end", Text::tr("&Last bar"), "Ctrl+End", toEnd),
     };
+    const Action otherKind{QStringLiteral("go.otherKind"),
+                           Text::tr("Notation or tablat&ure"),
+                           {QKeySequence(QStringLiteral("Ctrl+Tab"))},
+                           [](const ActionContext &context) { context.view.goToOtherKind(); },
+                           hasPlace,
+                           KeyScope::Score};
     const std::vector<Action> staves = {
+        otherKind,
         moveTo("go.nextStaff", Text::tr("Next &staff"), "Ctrl+Alt+Down", next<CursorStep::Staff>),
         moveTo("go.previousStaff", Text::tr("Previous s&taff"), "Ctrl+Alt+Up",
                previous<CursorStep::Staff>),

@@ -79,19 +79,43 @@ Action hairpin(const char *id, const QString &text, const char *keys, Hairpin ki
     return action;
 }
 
-Action slide(const char *id, const QString &text, const char *keys, SlideOut out)
+/// Turns on or off what leads to the next note. While that is not written yet, it waits for it.
+Action leadingOn(const char *id, const QString &text, const char *keys,
+                 const std::function<bool(const ActionContext &)> &isOn,
+                 const std::function<bool(Score &, const ScoreModelRange &, bool)> &set)
 {
-    Action action = scoreStep(id, text, keys, [out](const ActionContext &context, Score &score) {
-        const Note *const note = context.document.cursor().findNote();
-        const bool isOff = note != nullptr && note->slideOut() == out;
-        return score.setStringedNoteSlide(notesOf(context), std::nullopt,
-                                          isOff ? SlideOut::None : out);
-    });
-    action.isChecked = [out](const ActionContext &context) {
-        const Note *const note = context.document.cursor().findNote();
-        return note != nullptr && note->slideOut() == out;
+    Action action = scoreStep(id, text, keys, nullptr);
+    action.isChecked = isOn;
+    action.run = [title = plainText(text), isOn, set](const ActionContext &context) {
+        Document &document = context.document;
+        const bool isWanted = !isOn(context);
+        if (document.edit(title,
+                          [&](Score &score) { return set(score, notesOf(context), isWanted); }))
+            return;
+        const ScoreModelIndex &from = document.cursor();
+        if (!isWanted || !document.selection().isEmpty() || from.findNote() == nullptr) {
+            Q_EMIT document.refused(Text::tr("\"%1\" is not possible here.").arg(title));
+            return;
+        }
+        document.setAwaitedLink(AwaitedLink{from, [set, range = notesOf(context)](Score &score) {
+                                                return set(score, range, true);
+                                            }});
+        context.window.say(Text::tr("\"%1\" waits for the next note on this string.").arg(title));
     };
     return action;
+}
+
+Action slide(const char *id, const QString &text, const char *keys, SlideOut out)
+{
+    return leadingOn(
+        id, text, keys,
+        [out](const ActionContext &context) {
+            const Note *const note = context.document.cursor().findNote();
+            return note != nullptr && note->slideOut() == out;
+        },
+        [out](Score &score, const ScoreModelRange &range, bool isOn) {
+            return score.setStringedNoteSlide(range, std::nullopt, isOn ? out : SlideOut::None);
+        });
 }
 
 Action accent(const char *id, const QString &text, const char *keys, AccentFlag flag)
@@ -169,9 +193,9 @@ constexpr std::uint32_t everyString = 0xFFF;
 std::vector<ActionGroup> noteActions()
 {
     const std::vector<Action> links = {
-        switching("note.hopo", Text::tr("&Hammer-on or pull-off"), "H", onNote<&Note::isHopo>(),
-                  [](Score &score, const ActionContext &context, bool isOn) {
-                      return score.setStringedNoteHopo(notesOf(context), isOn);
+        leadingOn("note.hopo", Text::tr("&Hammer-on or pull-off"), "H", onNote<&Note::isHopo>(),
+                  [](Score &score, const ScoreModelRange &range, bool isOn) {
+                      return score.setStringedNoteHopo(range, isOn);
                   }),
         switching("beat.slur", Text::tr("&Slur"), "Shift+S", onBeat<&Beat::isSlurredToNext>(),
                   [](Score &score, const ActionContext &context, bool isOn) {
@@ -185,11 +209,11 @@ std::vector<ActionGroup> noteActions()
         hairpin("beat.decrescendo", Text::tr("Decrescend&o"), ">", Hairpin::Decrescendo),
         hairpin("beat.swell", Text::tr("S&well"), "", Hairpin::Swell),
     };
+    Action dead = scoreStep("note.dead", Text::tr("&Dead note"), "X", nullptr);
+    dead.run = [](const ActionContext &context) { enterDeadNote(context.document); };
+    dead.isChecked = onNote<&Note::isDead>();
     const std::vector<Action> playing = {
-        switching("note.dead", Text::tr("&Dead note"), "X", onNote<&Note::isDead>(),
-                  [](Score &score, const ActionContext &context, bool isOn) {
-                      return score.setStringedNoteDead(notesOf(context), isOn);
-                  }),
+        dead,
         switching("note.palmMute", Text::tr("&Palm mute"), "P", onNote<&Note::isPalmMuted>(),
                   [](Score &score, const ActionContext &context, bool isOn) {
                       return score.setStringedNotePalmMute(notesOf(context), isOn);

@@ -10,8 +10,14 @@
 #include <QScrollBar>
 #include <QWheelEvent>
 
+#include <algorithm>
+#include <iterator>
+
 namespace zarn::editor {
 namespace {
+
+constexpr layout::StaffKind kinds[] = {layout::StaffKind::Notation, layout::StaffKind::Tablature,
+                                       layout::StaffKind::Slash};
 
 /// The staff that shows the track of a place in the kind that is wanted, else in one that it has.
 layout::StaffKind shownKind(const layout::Layout &layout, const ScoreModelIndex &place,
@@ -90,7 +96,7 @@ void ScoreView::showPlace()
         return;
     }
     EntryState entry = _document.entry();
-    entry.staffKind = shownKind(*layout(), place, entry.staffKind);
+    entry.staffKind = shownKind(*layout(), place, entry.wantedKind);
     const layout::FoundSpot spot = spotOfPlace(place, entry.staffKind);
     setCursorSpot(spot);
     const bool isNotation = entry.staffKind != layout::StaffKind::Tablature;
@@ -160,11 +166,38 @@ void ScoreView::go(const views::PointedAt &at, bool extends)
         return;
     _isRevealing = false; // what is pointed at is seen
     _document.moveCursorTo(*place, extends);
-    EntryState entry = _document.entry();
     if (at.spot)
-        entry.staffKind = at.spot->staff.kind;
-    _document.setEntry(entry);
+        choose(at.spot->staff.kind);
     _isRevealing = true;
+}
+
+void ScoreView::choose(layout::StaffKind kind)
+{
+    const ScoreModelIndex &place = _document.cursor();
+    EntryState entry = _document.entry();
+    entry.staffKind = kind;
+    const bool hasOther = std::any_of(std::begin(kinds), std::end(kinds), [&](auto other) {
+        return other != kind && shownKind(*layout(), place, other) == other;
+    });
+    if (hasOther)
+        entry.wantedKind = kind;
+    _document.setEntry(entry);
+}
+
+void ScoreView::goToOtherKind()
+{
+    if (layout() == nullptr || !_document.cursor().isBarValid())
+        return;
+    const layout::StaffKind present = _document.entry().staffKind;
+    const auto here = std::find(std::begin(kinds), std::end(kinds), present);
+    for (std::size_t step = 1; step < std::size(kinds); ++step) {
+        const auto at = static_cast<std::size_t>(here - std::begin(kinds)) + step;
+        const layout::StaffKind kind = kinds[at % std::size(kinds)];
+        if (shownKind(*layout(), _document.cursor(), kind) != kind)
+            continue;
+        choose(kind);
+        return;
+    }
 }
 
 void ScoreView::press(const views::PointedAt &at, Qt::KeyboardModifiers modifiers)

@@ -27,6 +27,9 @@ public:
     ZoomPolicy zoomPolicy() const noexcept { return _zoomPolicy; }
     void setZoomPolicy(ZoomPolicy policy);
 
+    /// From notation to tablature, or what else the track of the cursor shows.
+    void goToOtherKind();
+
     /// Draws the line of what sounds, and scrolls when it comes to another system, unless the user
     /// scrolled meanwhile.
     void showPlayback(const std::optional<std::pair<std::int32_t, utils::rational>> &position);
@@ -47,6 +50,7 @@ private:
     void selectBar(const views::PointedAt &at);
     std::optional<ScoreModelIndex> placeOf(const views::PointedAt &at) const;
     void go(const views::PointedAt &at, bool extends);
+    void choose(layout::StaffKind kind);
     void applyZoomPolicy();
 
     Document &_document;

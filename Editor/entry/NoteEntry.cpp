@@ -39,6 +39,34 @@ bool allBeats(const Document &document, Test test)
     });
 }
 
+/// Whether a place is on the beat behind another one, on the same string.
+bool isBehind(const ScoreModelIndex &place, const ScoreModelIndex &front)
+{
+    const auto voice = front.voice();
+    if (voice == nullptr || place.trackIndex() != front.trackIndex()
+        || place.staffIndex() != front.staffIndex() || place.voiceIndex() != front.voiceIndex()
+        || place.noteString() != front.noteString())
+        return false;
+    const bool isLast = front.beatIndex() + 1 >= static_cast<int>(voice->beatCount());
+    return place.barIndex() == front.barIndex()
+        ? place.beatIndex() == front.beatIndex() + 1
+        : isLast && place.beatIndex() == 0 && place.barIndex() == front.barIndex() + 1;
+}
+
+/// Writes a note, to which what waits for it leads.
+bool writeFret(Document &document, Score &score, const ScoreModelIndex &place, int fret)
+{
+    if (!needBeat(document, score)
+        || !score.setStringedNote(place, static_cast<int>(place.noteString()), fret))
+        return false;
+    const auto awaited = document.awaitedLink();
+    if (awaited && isBehind(place, awaited->from))
+        awaited->link(score);
+    else
+        document.setAwaitedLink(std::nullopt);
+    return true;
+}
+
 bool hasBeats(const Document &document)
 {
     return allBeats(document, [](const Beat &) { return true; });
@@ -65,11 +93,9 @@ void enterFretDigit(Document &document, int digit)
     const auto staff = place.staff();
     if (staff == nullptr || !staff->isFretted())
         return;
-    const int string = static_cast<int>(place.noteString());
     const auto write = [&](int fret) {
-        return document.edit(Text::tr("Fret %1").arg(fret), [&](Score &score) {
-            return needBeat(document, score) && score.setStringedNote(place, string, fret);
-        });
+        return document.edit(Text::tr("Fret %1").arg(fret),
+                             [&](Score &score) { return writeFret(document, score, place, fret); });
     };
     FretDigits &digits = document.fretDigits();
     const auto both = digits.joined(place, digit, document.stepCount());
@@ -86,6 +112,23 @@ void enterFretDigit(Document &document, int digit)
         digits.remember(place, digit, document.stepCount());
     else
         Q_EMIT document.refused(Text::tr("This string has no fret %1.").arg(digit));
+}
+
+void enterDeadNote(Document &document)
+{
+    const ScoreModelIndex place = document.cursor();
+    const Staff *const staff = place.findStaff();
+    const bool isOnString = staff != nullptr && staff->isFretted()
+        && document.entry().staffKind == layout::StaffKind::Tablature;
+    const bool isNew = isOnString && document.selection().isEmpty() && place.findNote() == nullptr;
+    const Note *const note = place.findNote();
+    const bool isDead = note != nullptr && note->isDead();
+    const QString title = Text::tr("Dead note");
+    if (!document.edit(title, [&](Score &score) {
+            return (!isNew || writeFret(document, score, place, 0))
+                && score.setStringedNoteDead(document.selection().notes(score), !isDead);
+        }))
+        Q_EMIT document.refused(Text::tr("There are dead notes on strings alone."));
 }
 
 void enterLetter(Document &document, NoteName letter, Adding adding)

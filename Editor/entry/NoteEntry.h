@@ -17,6 +17,9 @@ enum class Adding { Replaces, Adds };
 /// A digit of a fret on the string of the cursor: 1 and then 2 soon behind it is the fret 12.
 void enterFretDigit(Document &document, int digit);
 
+/// A dead note on the string of the cursor; a note that is there becomes one, or sounds again.
+void enterDeadNote(Document &document);
+
 /// A note by its letter, in place of the notes of the beat or, added, beside them; then the cursor
 /// goes on. The octave is the nearest one.
 void enterLetter(Document &document, NoteName letter, Adding adding);

@@ -75,6 +75,7 @@ ChordsPanel::ChordsPanel(const ActionContext &context)
     _symbol->setPlaceholderText(tr("Am7, F#m7b5/E"));
     _symbol->setAccessibleName(tr("Chord symbol"));
     _symbol->setClearButtonEnabled(true);
+    setFocusProxy(_symbol);
     _names->setAccessibleName(tr("Names of the notes of the beat"));
     _names->setToolTip(tr("What the notes of the beat may be called"));
     _meaning->setWordWrap(true);
@@ -149,7 +150,9 @@ void ChordsPanel::nameNotes()
     _names->clear();
     const ScoreModelIndex &place = document().cursor();
     std::vector<int> pitches;
-    if (const Beat *const beat = place.findBeat())
+    const Track *const track = place.findTrack();
+    const bool isPitched = track != nullptr && !InstrumentSet::isUnpitched(track->type());
+    if (const Beat *const beat = place.findBeat(); beat != nullptr && isPitched)
         for (const auto &note : beat->notes())
             if (note->midi() >= 0)
                 pitches.push_back(note->midi());
@@ -219,6 +222,7 @@ void ChordsPanel::write(bool hasDiagram)
         return (place.isBeatValid() || score.createBeat(place, document().entry().rhythm))
             && score.setChord(place, mark);
     });
+    leave();
 }
 
 void ChordsPanel::remove()

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "panels/Panel.h"
 
+#include "app/ScoreView.h"
 #include "document/Document.h"
+
+#include <QShortcut>
 
 namespace zarn::editor {
 
@@ -9,9 +12,17 @@ Panel::Panel(const ActionContext &context) : _context(context)
 {
     connect(&context.document, &Document::changed, this, &Panel::mark);
     connect(&context.document, &Document::placeChanged, this, &Panel::mark);
+    auto *const leaving = new QShortcut(QKeySequence(Qt::Key_Escape), this);
+    leaving->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(leaving, &QShortcut::activated, this, &Panel::leave);
 }
 
 Panel::~Panel() = default;
+
+void Panel::leave()
+{
+    context().view.setFocus();
+}
 
 void Panel::showEvent(QShowEvent *event)
 {

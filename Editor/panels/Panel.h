@@ -19,6 +19,9 @@ public:
     ~Panel() override;
 
 protected:
+    /// Back to the pages, where keys write music.
+    void leave();
+
     /// Shows what is there now. Called in the turn of the event loop behind a change, once however
     /// many there were, and when the panel comes into view.
     virtual void follow() = 0;

@@ -61,6 +61,10 @@ TracksPanel::TracksPanel(const ActionContext &context)
     _table->setAccessibleName(tr("Tracks"));
     connect(_table, &QTableWidget::cellChanged, this, &TracksPanel::change);
     connect(_table, &QTableWidget::currentCellChanged, this, [this](int row) { goTo(row); });
+    // Who points at a track writes into it next; names are edited by a double click, and the Tab
+    // key still comes here.
+    _table->setFocusPolicy(Qt::TabFocus);
+    connect(_table, &QTableWidget::cellClicked, this, &TracksPanel::leave);
 }
 
 TracksPanel::~TracksPanel() = default;

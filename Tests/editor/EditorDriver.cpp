@@ -51,6 +51,7 @@ void EditorDriver::begin()
 
 void EditorDriver::type(const QString &keys)
 {
+    view().setFocus();
     for (const QString &word : keys.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
         const QKeySequence key = QKeySequence::fromString(word, QKeySequence::PortableText);
         if (key.isEmpty())

@@ -6,6 +6,7 @@
 #include <ZarnCore/model/attributes/ZarnBend.h>
 
 #include <QAction>
+#include <QLineEdit>
 
 #include <gtest/gtest.h>
 
@@ -56,6 +57,74 @@ TEST(EntryTest, copiedBeatsArePasted)
     EXPECT_EQ(driver.bars(0, 1), "1.5e 1.7e 1.8e | 1.5e 1.7e 1.8e");
     driver.type(QStringLiteral("Ctrl+Z"));
     EXPECT_EQ(driver.bars(0, 1), "1.5e 1.7e 1.8e | ");
+}
+
+TEST(EntryTest, whatIsPastedAgainGoesBehind)
+{
+    EditorDriver driver;
+    driver.type(QStringLiteral("+ 5 Right 7 Shift+Left Ctrl+C Right Right Ctrl+V Ctrl+V Ctrl+V"));
+    EXPECT_EQ(driver.bars(0, 0), "1.5e 1.7e 1.5e 1.7e 1.5e 1.7e 1.5e 1.7e");
+    driver.type(QStringLiteral("Ctrl+Home Ctrl+B Ctrl+C Ctrl+Right Ctrl+V Ctrl+V"));
+    EXPECT_EQ(driver.bars(2, 2), driver.bars(0, 0));
+    driver.answers().numbers = {3};
+    ASSERT_TRUE(driver.trigger(QStringLiteral("edit.pasteTimes")));
+    EXPECT_EQ(driver.bars(5, 5), driver.bars(0, 0));
+    EXPECT_EQ(driver.document().cursor().barIndex(), 6);
+}
+
+TEST(EntryTest, whoWritesFromLeftToRightLinksBeforeTheNextNoteIsThere)
+{
+    EditorDriver driver;
+    driver.type(QStringLiteral("+ 5 H Right 1 2 S Right 9 Right 7 S Right Down 7 Right X"));
+    const auto &beats = driver.model().track(0)->bar(0)->voice(0)->beats();
+    ASSERT_EQ(beats.size(), 6u);
+    EXPECT_TRUE(beats[0]->note(0)->isHopo());
+    EXPECT_EQ(beats[1]->note(0)->fret(), 12);
+    EXPECT_EQ(beats[1]->note(0)->slideOut(), SlideOut::Shift);
+    EXPECT_EQ(beats[3]->note(0)->slideOut(), SlideOut::None)
+        << "the next note is on another string";
+    EXPECT_TRUE(beats[5]->note(0)->isDead());
+    driver.type(QStringLiteral("Ctrl+Z Ctrl+Z Ctrl+Z Ctrl+Z Ctrl+Z"));
+    EXPECT_EQ(driver.bars(0, 0), "1.5e") << "a link is undone with its note";
+    EXPECT_FALSE(driver.model().track(0)->bar(0)->voice(0)->beat(0)->note(0)->isHopo());
+}
+
+TEST(EntryTest, theCursorShowsWhatIsUndoneAndRedone)
+{
+    EditorDriver driver;
+    driver.type(QStringLiteral("5 Ctrl+Right 7 Ctrl+Right Down 8 Ctrl+Home Ctrl+Z Ctrl+Z"));
+    EXPECT_EQ(driver.document().cursor().barIndex(), 1);
+    driver.type(QStringLiteral("Ctrl+Home Ctrl+Shift+Z"));
+    EXPECT_EQ(driver.document().cursor().barIndex(), 1);
+    driver.type(QStringLiteral("Ctrl+Shift+Z"));
+    EXPECT_EQ(driver.document().cursor().barIndex(), 2);
+    EXPECT_EQ(driver.document().cursor().noteString(), 4u);
+}
+
+TEST(EntryTest, theStaffThatWasChosenComesBackBehindTracksWithoutIt)
+{
+    EditorDriver driver;
+    const auto kind = [&driver] { return driver.document().entry().staffKind; };
+    driver.answers().choice = 128; // the drum kit
+    ASSERT_TRUE(driver.trigger(QStringLiteral("track.add")));
+    EXPECT_EQ(kind(), layout::StaffKind::Percussion);
+    driver.type(QStringLiteral("Ctrl+Up"));
+    EXPECT_EQ(kind(), layout::StaffKind::Tablature);
+    driver.type(QStringLiteral("Ctrl+Tab Ctrl+Down Ctrl+Up"));
+    EXPECT_EQ(kind(), layout::StaffKind::Notation);
+}
+
+TEST(EntryTest, chordsAreWrittenFromTheKeyboard)
+{
+    EditorDriver driver;
+    driver.type(QStringLiteral("0 K"));
+    auto *const symbol = qobject_cast<QLineEdit *>(driver.window().focusWidget());
+    ASSERT_NE(symbol, nullptr);
+    QTest::keyClicks(symbol, QStringLiteral("Am"));
+    QTest::keyClick(symbol, Qt::Key_Return);
+    driver.settle();
+    EXPECT_EQ(driver.document().cursor().beat()->chord().symbol, "Am");
+    EXPECT_TRUE(driver.view().hasFocus()) << "the next key writes music";
 }
 
 TEST(EntryTest, whatIsCopiedGoesIntoAnotherDocument)
