@@ -310,7 +310,8 @@ private:
             auto automation = makeAutomation();
             automation->setIndex(below(_barCount));
             automation->setPosition(level() * 4);
-            automation->setValue(real());
+            automation->setValue(automation->type() == zarn::Automation::Tempo ? 30 + level() * 200
+                                                                               : real());
             automation->setLinear(maybe());
             automation->setText(text());
             automation->setVisible(maybe());

@@ -71,6 +71,11 @@ void expectDocumentCommandsRefused(RichScore &rich)
         automation.setPosition(-1);
         return automation;
     }();
+    const auto standing = tempo(1, 0);
+    auto oddUnit = tempo(1, 90);
+    oddUnit.setUnit(6);
+    auto farAway = tempo(1, 90);
+    farAway.setPosition(2e6F);
     const auto sound = soundChange(1);
     expectAllRefused(
         score,
@@ -78,6 +83,10 @@ void expectDocumentCommandsRefused(RichScore &rich)
             [&] { return score.modifyMasterTrackAutomations({}, {}); },
             [&] { return score.modifyMasterTrackAutomations({}, {nullptr}); },
             [&] { return score.modifyMasterTrackAutomations({}, {&late}); },
+            // What could be neither played nor saved.
+            [&] { return score.modifyMasterTrackAutomations({}, {&standing}); },
+            [&] { return score.modifyMasterTrackAutomations({}, {&oddUnit}); },
+            [&] { return score.modifyMasterTrackAutomations({}, {&farAway}); },
             [&] { return score.modifyMasterTrackAutomations({}, {&early}); },
             [&] { return score.modifyMasterTrackAutomations({&missing}, {}); },
             [&] {

@@ -208,6 +208,8 @@ void expectSoundCommandsRefused(RichScore &rich)
         score,
         {
             [&] { return score.addTrackSound(0, none); },
+            [&] { return score.addTrackSound(0, Sound("Odd", MIDISound(128))); },
+            [&] { return score.setTrackSound(1, 0, Sound("Odd", MIDISound(-1))); },
             [&] { return score.addTrackSound(2, Sound()); },
             [&] { return score.removeTrackSound(1, 2); },
             [&] { return score.setTrackSound(1, 0, none); },

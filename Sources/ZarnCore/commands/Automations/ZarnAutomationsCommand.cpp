@@ -3,12 +3,12 @@
 
 #include <ZarnCore/commands/Automations/AnnounceAutomations.h>
 #include <ZarnCore/events/ZarnAutomationEvents.h>
+#include <ZarnCore/instruments/automations/AutomationRange.h>
 #include <ZarnCore/instruments/automations/ZarnAutomationContainer.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/score/ZarnScoreBase.h>
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 
 namespace zarn {
@@ -95,8 +95,7 @@ bool AutomationsCommand::canRemove(int track, const Automation *automation) cons
 
 bool AutomationsCommand::canInsert(int track, const Automation *automation) const noexcept
 {
-    return canRemove(track, automation) && automation->position() >= 0
-        && std::isfinite(automation->value()) && canHaveValue(*automation);
+    return canRemove(track, automation) && isInRange(*automation) && canHaveValue(*automation);
 }
 
 AutomationContainer *AutomationsCommand::container(int track) const

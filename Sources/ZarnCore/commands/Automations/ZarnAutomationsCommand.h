@@ -29,8 +29,8 @@ protected:
 
     /// Records the arguments and remembers what is to go and to come. False for no change, for a
     /// type that does not belong there, for an automation to be removed that does not exist, for
-    /// one to be put in behind the last bar or before the start of its bar, for two at one place,
-    /// and for a track that is not there.
+    /// one to be put in behind the last bar or before the start of its bar, or with numbers that
+    /// cannot be played (a tempo of 0), for two at one place, and for a track that is not there.
     bool prepare(Score *score, const std::vector<AutomationChanges> &changes);
 
     /// The number of a track as changes have it; none is mistaken for the master track.

@@ -3,6 +3,7 @@
 
 #include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/events/ZarnSoundEvents.h>
+#include <ZarnCore/instruments/sounds/SoundRange.h>
 #include <ZarnCore/instruments/sounds/ZarnSound.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/score/ZarnScoreBase.h>
@@ -23,7 +24,8 @@ bool AddTrackSound::init(Score *score, unsigned track, std::shared_ptr<const Sou
     setScore(score);
     _track = track;
     _sound = std::move(sound);
-    return _sound != nullptr && expectPlace([&] { return model().hasTrackIndex(track); });
+    return _sound != nullptr && isInRange(*_sound)
+        && expectPlace([&] { return model().hasTrackIndex(track); });
 }
 
 void AddTrackSound::putIn()

@@ -3,6 +3,8 @@
 
 #include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/events/ZarnSoundEvents.h>
+#include <ZarnCore/instruments/sounds/SoundRange.h>
+#include <ZarnCore/instruments/sounds/ZarnSound.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/score/ZarnScoreBase.h>
 
@@ -25,7 +27,8 @@ bool SetTrackSound::init(Score *score, unsigned track, unsigned index,
     _track = track;
     _index = index;
     _sound = std::move(sound);
-    return _sound != nullptr && expectPlace([this] { return isPossible(); });
+    return _sound != nullptr && isInRange(*_sound)
+        && expectPlace([this] { return isPossible(); });
 }
 
 bool SetTrackSound::isPossible() const

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <ZarnCore/instruments/automations/AutomationRange.h>
 #include <ZarnCore/instruments/automations/ZarnPickupKnobAutomation.h>
 #include <ZarnCore/instruments/automations/ZarnSoundAutomation.h>
 #include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
@@ -96,7 +97,7 @@ namespace {
 /// Quarters from the start of a bar.
 struct Positions {
     static constexpr double lowest = 0;
-    static constexpr double highest = 1e6;
+    static constexpr double highest = highestAutomationPosition;
 };
 
 using TempoUnitNumber = Within<std::int32_t, 0, 5>;
@@ -157,6 +158,13 @@ void readAutomations(DocumentReader &reader, const Json &json, AutomationContain
         const DocumentReader::Step step(reader, static_cast<std::uint32_t>(automations.size()));
         automations.push_back(readAutomation(reader, element));
     }
+    const auto kept = std::remove_if(automations.begin(), automations.end(),
+                                     [](const auto &read) { return !isPositiveTempo(*read); });
+    if (const auto count = automations.end() - kept; count > 0)
+        reader.reportOddity(std::to_string(count)
+                            + (count == 1 ? " tempo that is not above 0 was left out"
+                                          : " tempos that are not above 0 were left out"));
+    automations.erase(kept, automations.end());
     // In order, so that each goes to the end of its slot.
     std::stable_sort(automations.begin(), automations.end(), [](const auto &a, const auto &b) {
         return a->idType() != b->idType() ? a->idType() < b->idType() : *a < *b;
