@@ -57,6 +57,21 @@ TEST(MusicXmlTime, durationDecidesWhereTypeIsMissingOrContradictsIt)
         << report.problems().at(0).toString();
 }
 
+TEST(MusicXmlTime, aTupletThatTheDurationsForgetIsNone)
+{
+    const std::string nested =
+        "eighth</type><time-modification><actual-notes>9</actual-notes><normal-notes>4"
+        "</normal-notes></time-modification><notations><tuplet type=\"start\"><tuplet-actual>"
+        "<tuplet-number>3</tuplet-number></tuplet-actual><tuplet-normal><tuplet-number>2"
+        "</tuplet-number></tuplet-normal></tuplet></notations><type>eighth";
+    ImportReport report;
+    const auto model = import(score(measure(divisions(24) + note("C", 4, 8, nested))), report);
+    const auto rhythm = model->track(0)->staff(0)->bar(0)->voice(0)->beat(0)->rhythmValue();
+    EXPECT_EQ(rhythm.getAugmentationDot(), 0u);
+    EXPECT_EQ(rhythm.getPrimaryTupletRatio(), zarn::RhythmValue::TupletRatio(3, 2));
+    EXPECT_FALSE(rhythm.hasSecondaryTuplet());
+}
+
 TEST(MusicXmlTime, threeDeepTupletsAndExtremeTypesAreExact)
 {
     const std::string deep =

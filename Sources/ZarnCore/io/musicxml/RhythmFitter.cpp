@@ -129,6 +129,12 @@ std::optional<Fit> RhythmFitter::ofLength(const rational &length, const WrittenR
 {
     if (const auto plain = typeOfLength(length))
         return heldWide(plain->first, plain->second, {}, {});
+    // One of two tuplets may have been forgotten.
+    if (rhythm.type != WrittenRhythm::NoType)
+        for (const auto &ratio : {rhythm.outer, rhythm.inner})
+            if (const auto fit = heldWide(rhythm.type, rhythm.dots, ratio, {});
+                fit && fit->length == length)
+                return fit;
     const auto tuplets = rational(rhythm.outer.normal, rhythm.outer.actual)
         * rational(rhythm.inner.normal, rhythm.inner.actual);
     if (const auto inside = typeOfLength(length / tuplets))
