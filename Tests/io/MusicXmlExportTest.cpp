@@ -27,6 +27,44 @@ TEST(MusicXmlExport, whatMusicXmlLacksIsToldWithItsPlace)
     EXPECT_EQ(report.unheld().size(), 2U);
 }
 
+TEST(MusicXmlExport, whatOnlyThisScoreSaysIsTold)
+{
+    SmallScore small;
+    auto &model = *small.score.scoreModel();
+    auto &master = *model.masterTrack();
+    model.track(0)->setMidiConnection(MidiConnection());
+    master.bypassType(Automation::Tempo, true);
+    model.setFullScoreSystemsLayout({2, static_cast<int>(master.masterBarCount())});
+    master.masterBar(0)->setMovementStart(true);
+    master.masterBar(1)->setDoubleBar(true);
+    master.masterBar(1)->setBarLine(BarLine::Dashed);
+    master.masterBar(2)->setFermatas({FermataMark::at({1, 7}, Fermata::Long)});
+    model.track(0)->bar(1)->voice(0)->beat(1)->setSlashedGrace(true);
+    io::ExportReport report;
+    io::MusicXmlExporter().toText(model, report);
+    for (const char *const kind :
+         {"MIDI port and channels", "automation that is bypassed", "systems past the last bar",
+          "start of a movement at the first bar", "bar line under another one",
+          "fermata over no beat", "stroke through a beat that is no grace beat"})
+        EXPECT_EQ(report.unheld().count(kind), 1U) << kind;
+    EXPECT_EQ(report.unheld().size(), 7U);
+}
+
+TEST(MusicXmlExport, aFirstBarWithMoreInAnotherPartIsNotFilledUp)
+{
+    const std::string listed = "</score-part><score-part id=\"P2\"><part-name>B</part-name>";
+    const auto model = readFrom(
+        score(measure(attributes("<divisions>1</divisions>") + note("C", 4, 8, "breve"))
+                  + "</part><part id=\"P2\">"
+                  + measure(attributes("<divisions>1</divisions>") + note("C", 4, 4, "whole")
+                            + backup(4) + note("E", 4, 4, "whole", {}, "2"))
+                  + measure(note("C", 4, 4, "whole", {}, "3")),
+              listed));
+    const auto once = readFrom(exported(*model));
+    EXPECT_EQ(test::writeNative(*readFrom(exported(*once))), test::writeNative(*once));
+    EXPECT_EQ(once->track(1)->bar(0)->voice(0)->beatCount(), 1U);
+}
+
 /// A medium that is full from the start.
 class FullHandle final : public filesystem::FileHandle {
 public:

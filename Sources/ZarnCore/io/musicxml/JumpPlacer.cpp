@@ -103,7 +103,7 @@ void JumpPlacer::placeTargets(const std::vector<WrittenJump> &jumps, Kind kind,
 }
 
 /// 0 for the first target, 1 for the second: the one that the jump names, else the first one in
-/// the movement of the jump.
+/// the movement of the jump. Without any, the name alone tells.
 int JumpPlacer::targetNumber(const std::vector<Target> &targets, const WrittenJump &jump) const
 {
     const auto movementOf = [&](int bar) {
@@ -116,7 +116,9 @@ int JumpPlacer::targetNumber(const std::vector<Target> &targets, const WrittenJu
         found = std::find_if(targets.begin(), targets.end(), [&](const Target &target) {
             return target.bar >= 0 && movementOf(target.bar) == movementOf(jump.bar);
         });
-    return found != targets.end() && found != targets.begin() ? 1 : 0;
+    if (found == targets.end())
+        return jump.name == segnoNames[1] || jump.name == codaNames[1] ? 1 : 0;
+    return found != targets.begin() ? 1 : 0;
 }
 
 void JumpPlacer::placeJump(const WrittenJump &jump)

@@ -202,7 +202,11 @@ void AttributesWriter::writeStaffDetails(std::size_t index, pugi::xml_node node)
         addElement(details, "staff-lines", static_cast<int>(set->lineCount()));
         return;
     }
-    if (!staff.isTablature && (tuning.stringCount() == 0 || _plan.staves().size() > 1))
+    const bool isInTablature =
+        std::any_of(_plan.staves().begin(), _plan.staves().end(), [&staff](const PartStaff &other) {
+            return other.staff == staff.staff && other.isTablature;
+        });
+    if (!staff.isTablature && (tuning.stringCount() == 0 || isInTablature))
         return;
     // Some programs take any staff with a tuning for a tablature.
     if (InstrumentSet::isBowed(_plan.track().type()) && staff.staff->capoFret() == 0

@@ -111,6 +111,8 @@ void NoteWriter::write(const RhythmicBeat &beat, const VoicePlace &place, Measur
     _context.addUnheldIf(beat.beat->beamMode() != BeamMode::Auto && !beat.isBeamSaid
                              && !place.staff->isAlternate,
                          "beam that is as it would be anyway");
+    _context.addUnheldIf(beat.beat->isSlashedGrace() && !beat.beat->isGrace(),
+                         "stroke through a beat that is no grace beat");
     if (!beat.beat->isGrace())
         _duration = 0;
     _hasNotations = signs.isBusy() || (_fermatas && !_fermatas->empty()) || !beat.isPlain;

@@ -104,12 +104,13 @@ LineSigns &PartWriter::signsOf(std::size_t staff, unsigned slot)
 void PartWriter::claimVoices(std::size_t staff)
 {
     _cursor.moveTo(0);
+    // No longer than the notes, or readers fill the bar up to there.
+    const auto &reach = _plan.reach().front();
+    const auto length = reach > rational(0) ? reach : master().masterBars().front()->length();
     for (unsigned slot = 0; slot < Bar::MaxVoices; ++slot) {
         const auto place = placeOf(staff, slot);
         auto forward = _cursor.add("forward");
-        addElement(
-            forward, "duration",
-            static_cast<long long>(_cursor.advance(master().masterBars().front()->length())));
+        addElement(forward, "duration", static_cast<long long>(_cursor.advance(length)));
         addElement(forward, "voice", place.voiceNumber);
         addElement(forward, "staff", place.staffNumber);
         _cursor.moveTo(0);

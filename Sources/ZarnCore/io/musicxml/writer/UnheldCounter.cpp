@@ -7,11 +7,52 @@
 #include <ZarnCore/model/ZarnScoreModel.h>
 
 #include <algorithm>
+#include <numeric>
 #include <optional>
 
 namespace zarn::io {
 
 namespace {
+
+void countBypassed(const AutomationContainer &automations, ExportContext &context)
+{
+    for (unsigned slot = 0; slot < Automation::automationTypeCount; ++slot)
+        context.addUnheldIf(automations.isTypeBypassed(Automation::idType(slot)),
+                            "automation that is bypassed");
+}
+
+/// Whether a beat begins, or the bar ends, where a fermata stands.
+bool isOverBeat(const FermataMark &mark, const MasterBar &bar, const ScoreModel &model)
+{
+    if (mark.position == bar.length())
+        return true;
+    for (const auto &track : model.tracks())
+        for (const auto &staff : track->staves())
+            for (const auto &voice : staff->bars()[bar.index()]->voices()) {
+                utils::rational onset;
+                for (unsigned i = 0; voice && i < voice->beatCount(); ++i) {
+                    if (onset == mark.position)
+                        return true;
+                    onset += voice->beats()[i]->length();
+                }
+            }
+    return false;
+}
+
+void countBar(const MasterBar &bar, const ScoreModel &model, ExportContext &context)
+{
+    context.addUnheldIf(bar.layoutRatio() != 1, "width of a bar");
+    context.addUnheldIf(bar.index() == 0 && bar.isMovementStart(),
+                        "start of a movement at the first bar");
+    context.addUnheldIf(bar.barLine() != BarLine() && (bar.hasDoubleBar() || bar.isRepeatEnd()),
+                        "bar line under another one");
+    for (const auto &mark : bar.fermatas())
+        if (!isOverBeat(mark, bar, model))
+            context.addUnheld("fermata over no beat");
+        else
+            context.addUnheldIf(!(mark == FermataMark::at(mark.position, mark.kind)),
+                                "length of a fermata");
+}
 
 void countStaff(const Staff &staff, const PartPlan &part, ExportContext &context)
 {
@@ -48,6 +89,8 @@ void countTrack(const Track &track, const PartPlan &part, ExportContext &context
     context.addUnheldIf(track.color() != plain->color(), "colour of a track");
     context.addUnheldIf(!(track.iconID() == plain->iconID()), "icon of a track");
     context.addUnheldIf(track.notations().slash, "notation in slashes");
+    context.addUnheldIf(track.chosenMidiConnection().has_value(), "MIDI port and channels");
+    countBypassed(track.automations(), context);
     if (track.sounds().size() > 1)
         for (std::size_t i = 1; i < track.sounds().size(); ++i)
             context.addUnheld("further sound of a track");
@@ -95,6 +138,11 @@ void countUnheld(const ScoreModel &model, const std::deque<PartPlan> &parts, Exp
                         "view");
     for (std::size_t i = 0; i < model.audioTracks().size(); ++i)
         context.addUnheld("audio track");
+    const auto &systems = model.fullScoreSystemsLayout();
+    context.addUnheldIf(std::accumulate(systems.begin(), systems.end(), 0LL)
+                            > static_cast<long long>(master.masterBarCount()),
+                        "systems past the last bar");
+    countBypassed(master, context);
     context.addUnheldIf(!(master.mastering() == plain.masterTrack()->mastering()), "mastering");
     const auto automations = master.automationCount() - master.automationCount(Automation::Tempo);
     for (std::size_t i = 0; i < automations; ++i)
@@ -107,10 +155,7 @@ void countUnheld(const ScoreModel &model, const std::deque<PartPlan> &parts, Exp
                                 && key.transposeAsSharps() != (key.accidentalCount() >= 0),
                             "transposing a key to sharps or flats");
         before = key;
-        context.addUnheldIf(bar->layoutRatio() != 1, "width of a bar");
-        for (const auto &mark : bar->fermatas())
-            context.addUnheldIf(!(mark == FermataMark::at(mark.position, mark.kind)),
-                                "length of a fermata");
+        countBar(*bar, model, context);
     }
     for (std::size_t track = 0; track < model.tracks().size(); ++track) {
         context.setPlace(static_cast<int>(track), -1);
