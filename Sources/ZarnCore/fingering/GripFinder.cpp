@@ -19,7 +19,7 @@ constexpr int mostSteps = 4000;
 constexpr std::size_t mostLayouts = 160;
 
 /// States of what lasts that are told apart.
-constexpr std::size_t mostHeld = 12;
+constexpr std::size_t mostHeld = 20;
 
 /// Efforts that no playable grip comes near.
 constexpr float effortOfWidth = 20;

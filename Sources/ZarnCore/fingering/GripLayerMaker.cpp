@@ -8,6 +8,13 @@
 
 namespace zarn::fingering {
 
+namespace {
+
+/// A way that takes so much more effort than the easiest is not one that players go.
+constexpr double unlikely = 4;
+
+} // namespace
+
 GripLayerMaker::GripLayerMaker(const Passage &passage, const FingeringWeights &weights)
     : _passage(passage), _weights(weights), _ringing(_passage, _weights.longestRing),
       _change(_passage, _ringing, _weights), _finder(_passage, _ringing, _weights)
@@ -33,7 +40,7 @@ GripLayer GripLayerMaker::firstLayer(std::size_t event)
         _reached.push_back({costOfStart(found[i].grip), i, 0, 0});
     GripLayer layer;
     layer.event = event;
-    fill(layer, found);
+    fill(layer, found, 0);
     return layer;
 }
 
@@ -63,7 +70,7 @@ GripLayer GripLayerMaker::layerAfter(const GripLayer &before, std::size_t event)
     }
     GripLayer layer;
     layer.event = event;
-    fill(layer, found);
+    fill(layer, found, before.easiest);
     return layer;
 }
 
@@ -86,29 +93,35 @@ double GripLayerMaker::reach(const GripFinder::Found &found, const GripLayer &be
     double least = std::numeric_limits<double>::infinity();
     for (auto bits = found.origins; bits != 0; bits &= bits - 1) {
         const auto from = static_cast<std::size_t>(__builtin_ctzll(bits));
-        if (_keptWays == KeptWays::Easiest && before.costs[from] + itself >= least)
+        if (_keptWays == KeptWays::Likely && before.costs[from] + itself >= least + unlikely)
             break;
         const double cost = _change.cost(_departures[from], found.grip) + itself;
-        _arcs.push_back({static_cast<int>(from), 0, cost});
+        if (_keptWays == KeptWays::Likely && before.costs[from] + cost >= least + unlikely)
+            continue;
+        _arcs.push_back({static_cast<int>(from), 0, cost, 1});
         least = std::min(least, before.costs[from] + cost);
     }
     return least;
 }
 
-/// Fills a layer with the easiest of what was reached.
-void GripLayerMaker::fill(GripLayer &layer, const std::vector<GripFinder::Found> &found)
+/// Fills a layer with the easiest of what was reached. Costs count from the easiest on, so that
+/// they stay exact in long pieces.
+void GripLayerMaker::fill(GripLayer &layer, const std::vector<GripFinder::Found> &found,
+                          double effortBefore)
 {
     std::sort(_reached.begin(), _reached.end(), [](const Reached &left, const Reached &right) {
         return std::make_pair(left.cost, left.number) < std::make_pair(right.cost, right.number);
     });
     _reached.resize(std::min(_reached.size(), _mostGrips));
+    const double least = _reached.front().cost;
+    layer.easiest = effortBefore + least;
     layer.grips.reserve(_reached.size());
     for (const Reached &reached : _reached) {
         const auto to = static_cast<int>(layer.grips.size());
         layer.grips.push_back(found[reached.number].grip);
-        layer.costs.push_back(reached.cost);
+        layer.costs.push_back(reached.cost - least);
         for (std::size_t arc = reached.firstArc; arc < reached.arcsEnd; ++arc)
-            layer.arcs.push_back({_arcs[arc].from, to, _arcs[arc].cost});
+            layer.arcs.push_back({_arcs[arc].from, to, _arcs[arc].cost, 1});
     }
 }
 

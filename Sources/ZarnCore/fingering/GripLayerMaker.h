@@ -13,9 +13,9 @@
 
 namespace zarn::fingering {
 
-/// Which ways between the grips of two layers are kept: those that may be part of the easiest way
-/// from the start, or all, as one needs to come from the end as well.
-enum class KeptWays { Easiest, All };
+/// Which ways between the grips of two layers are kept: those that are not much harder than the
+/// easiest to the same grip, or all.
+enum class KeptWays { Likely, All };
 
 /// Makes the layers of a passage one behind the other. Of all ways to hold an event, those are kept
 /// to which the easiest ways from the start lead: only so is a grip that costs more at once, but
@@ -52,14 +52,14 @@ private:
     double costOfStart(const Grip &grip) const;
     void orderFound(const std::vector<GripFinder::Found> &found, const GripLayer &before);
     double reach(const GripFinder::Found &found, const GripLayer &before);
-    void fill(GripLayer &layer, const std::vector<GripFinder::Found> &found);
+    void fill(GripLayer &layer, const std::vector<GripFinder::Found> &found, double effortBefore);
 
     const Passage &_passage;
     const FingeringWeights &_weights;
     Ringing _ringing;
     GripChange _change;
     GripFinder _finder;
-    KeptWays _keptWays = KeptWays::Easiest;
+    KeptWays _keptWays = KeptWays::Likely;
     std::size_t _mostGrips = MostGrips;
 
     std::vector<GripChange::Departure> _departures;     ///< by grip of the layer in front

@@ -3,6 +3,7 @@
 
 #include <ZarnCore/ZarnAssert.h>
 #include <ZarnCore/fingering/FingeringGraph.h>
+#include <ZarnCore/fingering/GripDoubts.h>
 #include <ZarnCore/fingering/GripLayerMaker.h>
 
 #include <algorithm>
@@ -16,8 +17,13 @@ namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
-/// Events that are searched at once.
-constexpr std::size_t windowLength = 32;
+/// Events that are searched at once, and those behind them that are looked at before they are
+/// settled.
+constexpr std::size_t windowLength = 64;
+constexpr std::size_t lookahead = 24;
+
+/// How much an effort of 1 counts beside a note that is surely played otherwise.
+constexpr double shareOfEffort = 0.3;
 
 /// Events that may wait for what comes behind them to decide how they are played.
 constexpr std::size_t mostUndecided = 1024;
@@ -30,7 +36,7 @@ constexpr std::size_t surroundings = 8;
 class FingeringSolver::Search {
 public:
     Search(const Passage &passage, const FingeringWeights &weights)
-        : _passage(passage), _weights(weights), _maker(_passage, _weights)
+        : _passage(passage), _weights(weights), _maker(_passage, _weights), _doubts(_passage)
     {
     }
 
@@ -40,7 +46,8 @@ public:
 private:
     void addLayer(std::size_t event);
     void searchFrom(std::size_t firstNew);
-    void decide(bool isLast);
+    void decide();
+    void decideAllBut(std::size_t count);
     void commit(std::size_t count, int grip);
     void commitGrip(std::size_t event, const Grip &grip);
     FingeringAlternative alternativeOf(const PassageEvent &event, const Grip &grip) const;
@@ -51,7 +58,9 @@ private:
     FingeringWeights _weights;
     GripLayerMaker _maker;
     FingeringGraph _graph;
+    GripDoubts _doubts;
     std::vector<GripLayer> _layers; ///< those that are not decided
+    std::size_t _settled = 0;       ///< of them, those whose doubts are
     FingeringSolution _result;
 };
 
@@ -61,9 +70,11 @@ void FingeringSolver::Search::addLayer(std::size_t event)
                                       : _maker.layerAfter(_layers.back(), event));
 }
 
-/// Finds the easiest ways through the layers from `firstNew` on, from those of the layer in front.
+/// Finds the best ways through the layers from `firstNew` on, from those of the layer in front: the
+/// least doubtful, and of these the easier ones.
 void FingeringSolver::Search::searchFrom(std::size_t firstNew)
 {
+    _doubts.judge(_layers, firstNew);
     _graph.clear();
     for (std::size_t at = firstNew == 0 ? 0 : firstNew - 1; at < _layers.size(); ++at) {
         GripLayer &layer = _layers[at];
@@ -71,24 +82,38 @@ void FingeringSolver::Search::searchFrom(std::size_t firstNew)
         for (std::size_t i = 0; i < layer.grips.size(); ++i) {
             const int node = _graph.addNode();
             layer.firstNode = i == 0 ? node : layer.firstNode;
-            if (isStart)
-                _graph.addStart(node, layer.costs[i]);
+            if (at < firstNew)
+                _graph.addStart(node, layer.wayCosts[i]);
+            else if (isStart)
+                _graph.addStart(node, layer.doubts[i] + shareOfEffort * layer.costs[i]);
         }
         if (isStart)
             continue;
         for (const GripLayer::Arc &arc : layer.arcs)
-            _graph.addArc(_layers[at - 1].firstNode + arc.from, layer.firstNode + arc.to, arc.cost);
+            _graph.addArc(_layers[at - 1].firstNode + arc.from, layer.firstNode + arc.to,
+                          layer.doubts[static_cast<std::size_t>(arc.to)]
+                              + shareOfEffort * arc.cost);
     }
     _graph.searchFromStarts();
     for (std::size_t at = firstNew; at < _layers.size(); ++at) {
         GripLayer &layer = _layers[at];
-        for (std::size_t i = 0; i < layer.grips.size(); ++i) {
+        const std::size_t count = layer.grips.size();
+        layer.wayCosts.resize(count);
+        layer.before.assign(count, -1);
+        layer.efforts.assign(count, layer.easiest);
+        for (std::size_t i = 0; i < count; ++i) {
             const int node = layer.firstNode + static_cast<int>(i);
-            layer.costs[i] = _graph.costFromStart(node);
+            layer.wayCosts[i] = _graph.costFromStart(node);
             const int before = at > 0 ? _graph.nodeBefore(node) : FingeringGraph::None;
-            layer.before.push_back(
-                before == FingeringGraph::None ? -1 : before - _layers[at - 1].firstNode);
+            if (before != FingeringGraph::None)
+                layer.before[i] = before - _layers[at - 1].firstNode;
+            else
+                layer.efforts[i] += layer.costs[i];
         }
+        for (const GripLayer::Arc &arc : layer.arcs)
+            if (const auto to = static_cast<std::size_t>(arc.to); layer.before[to] == arc.from)
+                layer.efforts[to] =
+                    _layers[at - 1].efforts[static_cast<std::size_t>(arc.from)] + arc.cost;
     }
 }
 
@@ -97,37 +122,35 @@ FingeringSolution FingeringSolver::Search::solve()
     _result = {};
     _result.notes.resize(_passage.notes.size());
     _layers.clear();
-    _maker.keep(KeptWays::Easiest);
+    _settled = 0;
+    _maker.keep(KeptWays::Likely);
     const std::size_t count = _passage.events.size();
     for (std::size_t event = 0; event < count;) {
-        const std::size_t firstNew = _layers.size();
         const std::size_t end = std::min(count, event + windowLength);
         for (; event < end; ++event)
             addLayer(event);
-        searchFrom(firstNew);
-        decide(event == count);
+        searchFrom(_settled);
+        if (event == count)
+            decideAllBut(0);
+        else if (_layers.size() > mostUndecided)
+            decideAllBut(1);
+        else
+            decide();
     }
     reportLost();
     return std::move(_result);
 }
 
-/// Commits the layers on which all easiest ways agree; at the end, or when too many wait, all but
-/// the last one by the easiest way of all.
-void FingeringSolver::Search::decide(bool isLast)
+/// Settles all layers but those that may still be judged otherwise, and commits those on which all
+/// best ways agree.
+void FingeringSolver::Search::decide()
 {
-    GripLayer &last = _layers.back();
-    const auto easiest = std::min_element(last.costs.begin(), last.costs.end());
-    const auto best = static_cast<int>(easiest - last.costs.begin());
-    ZARN_ASSERT_IN("zarn::fingering::FingeringSolver::decide", *easiest < infinity);
-    if (isLast) {
-        _result.effort += *easiest;
-        commit(_layers.size(), best);
-        return;
-    }
-    std::vector<char> isAlive(last.costs.size());
+    _settled = _layers.size() - std::min(lookahead, _layers.size() - 1);
+    const GripLayer &last = _layers[_settled - 1];
+    std::vector<char> isAlive(last.grips.size());
     for (std::size_t i = 0; i < isAlive.size(); ++i)
-        isAlive[i] = last.costs[i] < infinity ? 1 : 0;
-    for (std::size_t at = _layers.size() - 1; at > 0; --at) {
+        isAlive[i] = last.wayCosts[i] < infinity ? 1 : 0;
+    for (std::size_t at = _settled - 1; at > 0; --at) {
         std::vector<char> isAliveBefore(_layers[at - 1].grips.size());
         for (std::size_t i = 0; i < isAlive.size(); ++i)
             if (isAlive[i] != 0)
@@ -136,21 +159,35 @@ void FingeringSolver::Search::decide(bool isLast)
         if (std::count(isAlive.begin(), isAlive.end(), 1) == 1) {
             const auto only = std::find(isAlive.begin(), isAlive.end(), 1) - isAlive.begin();
             commit(at, static_cast<int>(only));
-            break;
+            _settled -= at;
+            return;
         }
     }
-    if (_layers.size() > mostUndecided) {
-        const int before = _layers.back().before[static_cast<std::size_t>(best)];
-        commit(_layers.size() - 1, before);
-        GripLayer &rest = _layers.back();
-        rest.grips = {rest.grips[static_cast<std::size_t>(best)]};
-        rest.costs = {rest.costs[static_cast<std::size_t>(best)]};
+}
+
+/// Commits the best way of all but for so many layers at its end, none or one, of which its grip
+/// alone is left.
+void FingeringSolver::Search::decideAllBut(std::size_t count)
+{
+    GripLayer &last = _layers.back();
+    const auto least = std::min_element(last.wayCosts.begin(), last.wayCosts.end());
+    ZARN_ASSERT_IN("zarn::fingering::FingeringSolver::decide", *least < infinity);
+    const auto best = static_cast<std::size_t>(least - last.wayCosts.begin());
+    _result.effort = last.efforts[best];
+    _result.leastEffort = last.easiest;
+    if (count == 0) {
+        commit(_layers.size(), static_cast<int>(best));
+        return;
     }
-    // Costs count from the front of what is left, so that they stay exact in long pieces.
-    const auto least = *std::min_element(_layers.back().costs.begin(), _layers.back().costs.end());
-    for (double &cost : _layers.back().costs)
-        cost -= least;
-    _result.effort += least;
+    commit(_layers.size() - 1, last.before[best]);
+    GripLayer &rest = _layers.back();
+    rest.grips = {rest.grips[best]};
+    rest.easiest += rest.costs[best];
+    rest.costs = {0};
+    rest.likelihoods = {1};
+    rest.wayCosts = {0};
+    rest.efforts = {rest.efforts[best]};
+    _settled = 1;
 }
 
 /// Commits the first `count` layers: `grip` of the last of them and what leads to it.
@@ -234,6 +271,7 @@ std::vector<FingeringAlternative> FingeringSolver::Search::alternatives(std::siz
                     at == event ? GripFinder::MostOrigins : GripLayerMaker::MostGrips);
         addLayer(at);
     }
+    _settled = 0;
     searchFrom(0);
     for (std::size_t i = 0; i < _layers.back().grips.size(); ++i)
         _graph.addEnd(_layers.back().firstNode + static_cast<int>(i));
@@ -243,7 +281,7 @@ std::vector<FingeringAlternative> FingeringSolver::Search::alternatives(std::siz
     std::vector<std::pair<double, std::size_t>> order;
     for (std::size_t i = 0; i < layer.grips.size(); ++i) {
         const double cost =
-            layer.costs[i] + _graph.costToEnd(layer.firstNode + static_cast<int>(i));
+            layer.wayCosts[i] + _graph.costToEnd(layer.firstNode + static_cast<int>(i));
         if (cost < infinity && !layer.grips[i].isTooWide)
             order.emplace_back(cost, i);
     }
@@ -254,7 +292,7 @@ std::vector<FingeringAlternative> FingeringSolver::Search::alternatives(std::siz
             break;
         FingeringAlternative alternative =
             alternativeOf(_passage.events[event], layer.grips[number]);
-        alternative.effort = cost - order.front().first;
+        alternative.loss = cost - order.front().first;
         const auto isSame = [&alternative](const FingeringAlternative &other) {
             return std::equal(other.notes.begin(), other.notes.end(), alternative.notes.begin(),
                               [](const Placement &left, const Placement &right) {

@@ -42,18 +42,19 @@ struct FingeringProblem {
 struct FingeringSolution {
     std::vector<Placement> notes; ///< one for each of `Passage::notes`
     std::vector<FingeringProblem> problems;
-    double effort = 0;
+    double effort = 0;      ///< in the units of the weights
+    double leastEffort = 0; ///< of the easiest way that was found
 };
 
 /// One way to play an event.
 struct FingeringAlternative {
     std::vector<Placement> notes; ///< one for each note of the event
-    double effort = 0;            ///< of playing the passage around it so, over the easiest way
+    double loss = 0; ///< how much worse the passage around it is played so than in the best way
 };
 
 /// Finds strings, frets and fingers for a passage: of all ways to hold its events one after the
-/// other, the easiest in all. Deterministic; memory does not grow with the passage but for the
-/// result.
+/// other, the one that agrees best with all easy ones. Deterministic; memory does not grow with the
+/// passage but for the result.
 class ZARNCORE_EXPORT FingeringSolver {
 public:
     /// The passage outlives the solver.
