@@ -13,6 +13,8 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+#include <algorithm>
+
 namespace zarn::tool {
 
 namespace {
@@ -53,6 +55,14 @@ Core &loadedCore()
         return Core::instance();
     }();
     return core;
+}
+
+void loadDrumKitsFor(const ScoreModel &model)
+{
+    const auto &tracks = model.tracks();
+    if (std::any_of(tracks.begin(), tracks.end(),
+                    [](const auto &track) { return InstrumentSet::isUnpitched(track->type()); }))
+        loadedCore();
 }
 
 const std::vector<TrackTemplate> &trackTemplates()

@@ -10,6 +10,7 @@
 
 namespace zarn {
 
+class ScoreModel;
 class Track;
 
 namespace tool {
@@ -17,6 +18,9 @@ namespace tool {
 /// The library's core, with the catalogues loaded: the first call does that. Commands that need
 /// no catalogue do not call it.
 Core &loadedCore();
+
+/// Loads it for a score with drums: where they stand on the staff is in the catalogue.
+void loadDrumKitsFor(const ScoreModel &model);
 
 /// A ready-made track of General MIDI.
 struct TrackTemplate {

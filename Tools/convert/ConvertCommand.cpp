@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "convert/ConvertCommand.h"
 
+#include "common/BuiltIns.h"
 #include "common/Documents.h"
 #include "common/Failure.h"
 #include "common/MidiOptions.h"
@@ -80,6 +81,7 @@ int runConvert(const Arguments &arguments, const Terminal &terminal)
     if (isSameFile(arguments.operands().at(0), arguments.operands().at(1)))
         throw Failure(to + ": is the file to read; give the new one another name");
     const OpenedDocument document = openDocument(from, terminal, chosenMidiOptions(arguments));
+    loadDrumKitsFor(*document.model);
     const io::ExportReport losses = save(*document.model, to, arguments, terminal);
     warnOfProblems(document);
     warnOfLosses(losses, to);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "draw/DrawCommand.h"
 
+#include "common/BuiltIns.h"
 #include "common/Documents.h"
 #include "common/Failure.h"
 #include "common/Problems.h"
@@ -118,6 +119,7 @@ int runDraw(const Arguments &arguments, const Terminal &terminal)
     const int resolution =
         arguments.number(QStringLiteral("resolution"), 10, 2400, defaultResolution);
     const OpenedDocument document = openDocument(arguments.operand(0), terminal);
+    loadDrumKitsFor(*document.model);
     const auto layout =
         layout::layOut(*document.model, readLayoutOptions(arguments, *document.model),
                        readMusicFont(arguments), layout::builtInTextMeasure());

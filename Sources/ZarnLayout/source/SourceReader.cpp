@@ -103,8 +103,15 @@ private:
 
     void readArticulation(const Note &note, NoteSource &copy) const
     {
-        const auto number = static_cast<std::size_t>(note.percussionArticulation());
-        if (!_set || note.percussionArticulation() < 0 || number >= _set->articulations().size())
+        if (!_set)
+            return;
+        // A drum that only has a key is written as what the key enters.
+        const bool isByKey =
+            note.percussionArticulation() == Note::Unset && note.staffLine() == Note::NoStaffLine;
+        const int index = isByKey ? _set->indexOfArticulationWithMidi(note.midi())
+                                  : note.percussionArticulation();
+        const auto number = static_cast<std::size_t>(index);
+        if (index < 0 || number >= _set->articulations().size())
             return;
         const InstrumentArticulation &articulation = _set->articulations()[number];
         copy.line = static_cast<std::int8_t>(std::clamp(articulation.staffLine(), -100, 100));

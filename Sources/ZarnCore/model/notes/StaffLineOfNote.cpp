@@ -20,9 +20,18 @@ namespace {
 
 std::optional<int> lineOfArticulation(const Note &note, const Track &track)
 {
-    const auto set = note.percussionArticulation() != Note::Unset ? track.instrumentSet() : nullptr;
-    const auto number = static_cast<std::size_t>(note.percussionArticulation());
-    if (!set || number >= set->articulations().size())
+    // A drum that only has a key stands where the key enters it.
+    const bool isByKey = note.percussionArticulation() == Note::Unset && note.midi() != Note::Unset
+        && InstrumentSet::isUnpitched(track.type());
+    if (note.percussionArticulation() == Note::Unset && !isByKey)
+        return std::nullopt;
+    const auto set = track.instrumentSet();
+    if (!set)
+        return std::nullopt;
+    const int index =
+        isByKey ? set->indexOfArticulationWithMidi(note.midi()) : note.percussionArticulation();
+    const auto number = static_cast<std::size_t>(index);
+    if (index < 0 || number >= set->articulations().size())
         return std::nullopt;
     return set->articulations()[number].staffLine();
 }
