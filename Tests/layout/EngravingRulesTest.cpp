@@ -2,6 +2,7 @@
 #include "support/LaidOut.h"
 #include "support/ScoreFiles.h"
 
+#include <ZarnCore/instruments/sets/ZarnInstrumentSetLibrary.h>
 #include <ZarnLayout/draw/ZarnPolygons.h>
 
 #include <gtest/gtest.h>
@@ -333,4 +334,81 @@ TEST(EngravingRulesTest, unusualStringsAreNamedInFrontOfTheMusic)
     EXPECT_EQ(textsOf({40, 45, 50, 55, 59, 64}, 0), Texts());
     EXPECT_EQ(textsOf({40, 45, 50, 55, 59, 64}, 3), Texts{"Capo 3"});
     EXPECT_EQ(textsOf({38, 45, 50, 55, 59, 64}, 2), Texts{"Tuning: D A D G B E, capo 2"});
+}
+
+TEST(EngravingRulesTest, emptyBarsHaveARestWhereRestsAreDrawn)
+{
+    Piece piece(2);
+    piece.add({64}, NoteValue::Whole);
+    const LaidOut laid(*piece.model);
+    const auto rests = laid.of(MarkKind::Rest);
+    ASSERT_EQ(rests.size(), 1U);
+    EXPECT_EQ(rests[0].glyph, "restWhole");
+    EXPECT_EQ(rests[0].place.bar, 1);
+    EXPECT_EQ(rests[0].place.voice, -1) << "it stands for no beat";
+}
+
+/// An octave sign that goes on in the next system has no hook at its end, and a reminder there.
+TEST(EngravingRulesTest, octaveSignsGoOnInTheNextSystem)
+{
+    Piece piece(3);
+    for (unsigned bar = 0; bar < 3; ++bar)
+        for (int i = 0; i < 4; ++i)
+            piece.add({88}, NoteValue::Quarter, 0, 0, bar).setOttavia(Ottavia::_8va);
+    piece.model->setFullScoreSystemsLayout({2, 1});
+    const LaidOut laid(*piece.model);
+    ASSERT_EQ(laid.systemCount, 2U);
+    unsigned reminders = 0;
+    for (const auto &mark : laid.of(MarkKind::Enclosure)) {
+        EXPECT_EQ(mark.system, 1U);
+        ++reminders;
+    }
+    EXPECT_EQ(reminders, 2U);
+    unsigned hooks = 0;
+    for (const auto &mark : laid.of(MarkKind::Ottava))
+        if (mark.glyph.empty() && mark.bottom - mark.top > 1) {
+            EXPECT_EQ(mark.system, 1U);
+            ++hooks;
+        }
+    EXPECT_EQ(hooks, 1U);
+}
+
+/// What a beat shows is when it is played, behind repeats and at the tempo of the score.
+TEST(EngravingRulesTest, beatsShowWhenTheyArePlayed)
+{
+    Piece piece(3);
+    for (unsigned bar = 0; bar < 3; ++bar)
+        piece.add({64}, NoteValue::Whole, 0, 0, bar).setTimer(bar != 1);
+    piece.model->masterTrack()->masterBars()[1]->setRepeatCount(17);
+    const LaidOut laid(*piece.model);
+    std::vector<std::string> texts;
+    for (const auto &mark : laid.of(MarkKind::Timer))
+        texts.push_back(mark.text);
+    // 34 bars of two seconds are played before the last one.
+    EXPECT_EQ(texts, (std::vector<std::string>{"0:00", "1:08"}));
+    EXPECT_TRUE(laid.layout->problems().empty());
+}
+
+/// Drums that are typed or played have a key and no place: the instrument set knows it.
+TEST(EngravingRulesTest, drumsThatOnlyHaveAKeyStandWhereItEntersThem)
+{
+    InstrumentSet kit(InstrumentSet::drumKit);
+    InstrumentArticulation hiHat;
+    hiHat.setStaffLine(9);
+    hiHat.setInputMidiNumbers({42});
+    kit.setArticulations({hiHat});
+    InstrumentSetLibrary library;
+    library.setInstrumentSets({std::make_shared<const InstrumentSet>(kit)});
+    ScoreModel model;
+    model.createAndInsertTrack(0, InstrumentSet::drumKit);
+    model.insertEmptyBarColumns(0, 1);
+    auto beat = std::make_shared<Beat>(RhythmValue(NoteValue::Whole));
+    beat->addNote(std::make_shared<Note>(42));
+    model.track(0)->bar(0)->ensureVoice(0)->addBeat(beat);
+    InstrumentSetLibrary::install(&library);
+    const LaidOut laid(model);
+    InstrumentSetLibrary::install(nullptr);
+    ASSERT_EQ(laid.of(MarkKind::NoteHead).size(), 1U);
+    EXPECT_EQ(laid.of(MarkKind::NoteHead)[0].y, -0.5) << "above the top line";
+    EXPECT_TRUE(laid.layout->problems().empty());
 }

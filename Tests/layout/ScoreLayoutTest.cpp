@@ -40,7 +40,10 @@ std::map<Place, int> notesOf(const ScoreModel &model, bool isTab)
                 for (const auto &voice : bar->voices())
                     if (voice && !bar->isSimile())
                         for (const auto &beat : voice->beats())
-                            for (unsigned i = 0; i < beat->noteCount(); ++i)
+                            // One slash stands for all notes of a chord.
+                            for (unsigned i = 0; i < beat->noteCount()
+                                 && (isTab || !beat->marks().isSlashed() || beat->noteCount() == 1);
+                                 ++i)
                                 notes[{static_cast<int>(track->index()),
                                        static_cast<int>(bar->index()),
                                        static_cast<int>(staff->index()),

@@ -60,6 +60,10 @@ EngravedBar BarEngraver::engrave(const BarSource &source, const ColumnSource &co
     _hasVoices = std::count_if(source.voices.begin(), source.voices.end(), isDrawn) > 1;
     for (const VoiceSource &voice : source.voices)
         addChords(voice);
+    // In an empty bar is nothing to be heard: it has a rest, like one that somebody wrote there.
+    if (_result.chords.empty() && _result.centred.empty()
+        && (_row.notation != Notation::Tablature || _row.hasRhythm))
+        addCentred(nullptr);
     chooseStems();
     for (Chord &chord : _result.chords) {
         placeHeads(chord);
@@ -71,12 +75,18 @@ EngravedBar BarEngraver::engrave(const BarSource &source, const ColumnSource &co
     return std::move(_result);
 }
 
-MarkPlace BarEngraver::placeOf(const Chord &chord, int note) const
+MarkPlace BarEngraver::placeOfBar() const
 {
     MarkPlace place;
     place.track = static_cast<int>(_row.track);
     place.bar = static_cast<int>(_bar);
     place.staff = static_cast<int>(_row.staff);
+    return place;
+}
+
+MarkPlace BarEngraver::placeOf(const Chord &chord, int note) const
+{
+    MarkPlace place = placeOfBar();
     place.voice = static_cast<int>(chord.voice);
     place.beat = chord.beat->index;
     place.note = note;
@@ -99,8 +109,8 @@ void BarEngraver::addChords(const VoiceSource &voice)
         chord.column = static_cast<unsigned>(
             std::lower_bound(_onsets->begin(), _onsets->end(), beat.onset) - _onsets->begin());
         chord.hasStem = beat.hasStem() && (_row.notation != Notation::Tablature || _row.hasRhythm);
-        if (beat.marks.hasTimer() && _row.isFirstOfStaff)
-            _problems.add(placeOf(chord), "The playing time of the beat is not drawn.");
+        if (beat.marks.hasTimer() && beat.playingTime < 0 && _row.isFirstOfStaff)
+            _problems.add(placeOf(chord), "The beat is never played: it has no playing time.");
         if (!beat.isRest)
             addHeads(chord);
         _result.chords.push_back(std::move(chord));
@@ -112,14 +122,15 @@ void BarEngraver::addHeads(Chord &chord)
     const BeatSource &beat = *chord.beat;
     const Fonts &fonts = _pen.fonts();
     const int middle = static_cast<int>(_row.lineCount) - 1;
-    if (_row.notation == Notation::Slash || beat.noteCount == 0) {
+    chord.isSlash = _row.notation == Notation::Slash
+        || (_row.notation == Notation::Standard && beat.marks.isSlashed() && beat.noteCount > 1);
+    if (chord.isSlash || beat.noteCount == 0) {
         // A slash for the whole beat; strings that are slapped dead are a cross on the staff.
         Head head;
         head.note = beat.firstNote;
         head.line =
             static_cast<std::int16_t>(_row.notation == Notation::Tablature ? middle / 2 : middle);
-        head.glyph = fonts.glyph(_row.notation == Notation::Slash ? slashHead(beat.rhythm)
-                                                                  : Sign::NoteheadXBlack);
+        head.glyph = fonts.glyph(chord.isSlash ? slashHead(beat.rhythm) : Sign::NoteheadXBlack);
         chord.heads.push_back(head);
     } else {
         for (unsigned i = 0; i < beat.noteCount; ++i) {
@@ -183,7 +194,9 @@ void BarEngraver::chooseStem(std::size_t first, std::size_t end)
         isUp = middle - lowest > highest - middle;
         if (_row.notation == Notation::Tablature)
             isUp = false;
-        if (chords[first].beat->isGrace())
+        // Hands and feet in one voice: drummers read stems that point upwards.
+        if (chords[first].beat->isGrace()
+            || (_row.isPercussion && _row.notation == Notation::Standard))
             isUp = true;
     }
     if (_hasVoices) {
@@ -216,7 +229,8 @@ void BarEngraver::placeHeads(Chord &chord)
         chord.width = fonts.box(Sign::NoteheadBlack).right * chord.scale;
         for (Head &head : chord.heads) {
             head.y = _row.yOfString(head.line);
-            head.glyph = fonts.glyph(Sign::NoteheadBlack);
+            if (chord.beat->noteCount > 0)
+                head.glyph = fonts.glyph(Sign::NoteheadBlack);
             head.width = fretWidth(_source->notes, head, *chord.beat, _pen) * chord.scale;
             head.x = chord.width / 2 - head.width / 2;
             // A string sounds one note: what else is written on it stands beside.
@@ -383,7 +397,8 @@ void BarEngraver::addCentred(const BeatSource *rest)
     Chord chord;
     chord.beat = rest;
     for (const VoiceSource &voice : _source->voices)
-        if (!voice.beats.empty() && &voice.beats.front() <= rest && rest <= &voice.beats.back())
+        if (rest && !voice.beats.empty() && &voice.beats.front() <= rest
+            && rest <= &voice.beats.back())
             chord.voice = voice.number;
     double shift = 0;
     if (_hasVoices)
@@ -391,7 +406,7 @@ void BarEngraver::addCentred(const BeatSource *rest)
     Ink ink = _pen.glyph(MarkKind::Rest, Sign::RestWhole, 0, y + shift);
     const double width = ink.box.width();
     ink.move(-width / 2, 0);
-    ink.place = placeOf(chord);
+    ink.place = rest ? placeOf(chord) : placeOfBar();
     _result.centred.push_back(std::move(ink));
     _result.centredWidth = width;
 }
@@ -405,9 +420,7 @@ void BarEngraver::addSimile()
                          _row.height() / 2);
     const double width = ink.box.width();
     ink.move(-width / 2, 0);
-    ink.place.track = static_cast<int>(_row.track);
-    ink.place.staff = static_cast<int>(_row.staff);
-    ink.place.bar = static_cast<int>(_bar);
+    ink.place = placeOfBar();
     _result.centred.push_back(std::move(ink));
     _result.centredWidth = width;
 }

@@ -34,6 +34,7 @@ private:
     void addCentred(const BeatSource *rest);
     void addSimile();
     void addInks();
+    MarkPlace placeOfBar() const;
     MarkPlace placeOf(const Chord &chord, int note = -1) const;
 
     const Row &_row;

@@ -105,7 +105,7 @@ void ChordInks::add(EngravedBar &bar)
         for (const Chord *chord : column) {
             for (const Box &box : chordShape(*chord, _pen.fonts()))
                 taken.push_back(box.movedBy(chord->x, 0));
-            if (chord->isRest() || chord->beat->noteCount == 0)
+            if (chord->isRest() || chord->isSlash || chord->beat->noteCount == 0)
                 continue;
             for (const Head &head : chord->heads) {
                 const NoteSource &note = _source.notes[head.note];
@@ -195,15 +195,15 @@ void ChordInks::addChord(const Chord &chord, Inks &inks) const
 void ChordInks::addHeads(const Chord &chord, Inks &inks) const
 {
     for (const Head &head : chord.heads) {
-        const bool isNote = chord.beat->noteCount > 0 && _row.notation != Notation::Slash;
+        const bool isNote = chord.beat->noteCount > 0 && !chord.isSlash;
         const MarkPlace place = placeOf(chord, isNote ? head.note - chord.beat->firstNote : -1);
         if (isNote && _row.notation == Notation::Tablature) {
             addFret(inks, _source.notes[head.note], head, chord.scale, place, _pen);
             continue;
         }
-        Ink ink = _pen.glyph(_row.notation == Notation::Slash ? MarkKind::Slash
-                                 : isNote                     ? MarkKind::NoteHead
-                                                              : MarkKind::Technique,
+        Ink ink = _pen.glyph(chord.isSlash ? MarkKind::Slash
+                                 : isNote  ? MarkKind::NoteHead
+                                           : MarkKind::Technique,
                              head.glyph, head.x, head.y, chord.scale);
         ink.place = place;
         inks.push_back(std::move(ink));

@@ -34,6 +34,22 @@ SpaceBox::Kind kindOf(MarkKind kind)
     }
 }
 
+/// Between chord symbols, beside what is between all words: they have spaces of their own.
+constexpr double symbolGap = 0.6;
+
+/// Nearly the width of its glyph.
+double widthOf(NoteDynamic dynamic)
+{
+    const std::string text(NoteDynamic::textOf(dynamic.value()));
+    const auto count = [&](char letter) {
+        return static_cast<double>(std::count_if(text.begin(), text.end(), [&](char c) {
+            return c == letter || c == letter + ('a' - 'A');
+        }));
+    };
+    return 1.42 * count('P') + 1.55 * count('M') + 0.96 * count('F')
+        + (count('F') > 0 ? 1.05 : 0.4);
+}
+
 void addWordSpaces(const Chord &chord, const Fonts &fonts, std::vector<SpaceBox> &boxes)
 {
     // At heights of their own, so that they meet their own kind alone.
@@ -52,8 +68,8 @@ void addWordSpaces(const Chord &chord, const Fonts &fonts, std::vector<SpaceBox>
         const double width =
             fonts.textBox(writtenSymbol(details.chord.symbol), TextRole::ChordSymbol).right;
         const double left = details.chord.diagram ? centre - width / 2 : chord.x;
-        boxes.push_back(
-            {{left, symbolSpaceY, left + width, symbolSpaceY + 1}, SpaceBox::Kind::Text});
+        boxes.push_back({{left, symbolSpaceY, left + width + symbolGap, symbolSpaceY + 1},
+                         SpaceBox::Kind::Text});
     }
     if (details.chord.diagram) {
         const double half = 0.45 * static_cast<double>(details.chord.diagram->frets.size()) + 0.8;
@@ -95,11 +111,7 @@ void addSpaces(EngravedBar &bar, const BarSource &source, const Row &row, const 
             boxes.push_back({ink.box.movedBy(chord.x, 0), kindOf(ink.kind)});
         }
         if (row.isFirstOfStaff && chord.beat->marks.dynamic() != NoteDynamic()) {
-            constexpr double letter = 1.25;
-            const double half = letter
-                * static_cast<double>(
-                                    NoteDynamic::textOf(chord.beat->marks.dynamic().value()).size())
-                / 2;
+            const double half = widthOf(chord.beat->marks.dynamic()) / 2;
             const double centre = chord.x + chord.width / 2;
             boxes.push_back({{centre - half, dynamicSpaceY, centre + half, dynamicSpaceY + 1},
                              SpaceBox::Kind::Text});

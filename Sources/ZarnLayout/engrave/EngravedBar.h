@@ -36,9 +36,10 @@ struct Chord {
     bool isForced = false; ///< the stem's direction is not free: said, or there are other voices
     bool hasRival = false; ///< other voices are in its bar
     bool isBeamed = false;
-    double stemX = 0;    ///< middle of the stem, from the origin
-    double stemRoot = 0; ///< y where the stem leaves the head that is farthest from its tip
-    double stemTip = 0;  ///< y
+    bool isSlash = false; ///< one slash stands for the notes
+    double stemX = 0;     ///< middle of the stem, from the origin
+    double stemRoot = 0;  ///< y where the stem leaves the head that is farthest from its tip
+    double stemTip = 0;   ///< y
     std::uint32_t firstInk = 0;
     std::uint32_t inkEnd = 0;
 

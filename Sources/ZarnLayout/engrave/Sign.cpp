@@ -46,7 +46,7 @@ constexpr std::array<const char *, signCount> names = {
     "metNoteQuarterUp", "metNote8thUp", "metAugmentationDot", "metNoteDoubleWhole", "metNoteWhole",
     "metNote16thUp", "metNote32ndUp", "ottavaAlta", "ottavaBassaVb",
     "quindicesimaAlta", "quindicesimaBassaMb", "brace", "bracketTop", "bracketBottom",
-    "fretboardFilledCircle", "fretboardX", "fretboardO",
+    "octaveParensLeft", "octaveParensRight", "fretboardFilledCircle", "fretboardX", "fretboardO",
 };
 // clang-format on
 

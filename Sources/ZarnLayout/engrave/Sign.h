@@ -41,7 +41,7 @@ enum class Sign : std::uint8_t {
     MetNoteQuarterUp, MetNote8thUp, MetAugmentationDot, MetNoteDoubleWhole, MetNoteWhole,
     MetNote16thUp, MetNote32ndUp, OttavaAlta, OttavaBassaVb,
     QuindicesimaAlta, QuindicesimaBassaMb, Brace, BracketTop, BracketBottom,
-    FretboardFilledCircle, FretboardX, FretboardO,
+    OctaveParensLeft, OctaveParensRight, FretboardFilledCircle, FretboardX, FretboardO,
 };
 // clang-format on
 

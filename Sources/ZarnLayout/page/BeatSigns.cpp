@@ -234,6 +234,13 @@ const std::array<NoteSign, 7> noteSigns = {{
      }},
 }};
 
+/// Minutes and seconds: "1:05".
+std::string timeText(int seconds)
+{
+    const std::string rest = std::to_string(seconds % 60);
+    return std::to_string(seconds / 60) + (rest.size() < 2 ? ":0" : ":") + rest;
+}
+
 Sign fadeSign(Fadding fade)
 {
     return fade == Fadding::FadeIn ? Sign::GuitarFadeIn
@@ -241,7 +248,7 @@ Sign fadeSign(Fadding fade)
                                    : Sign::GuitarVolumeSwell;
 }
 
-const std::array<BeatSign, 7> beatSigns = {{
+const std::array<BeatSign, 8> beatSigns = {{
     {Side::Above, Rows::Last,
      [](const Pen &pen, const PlacedChord &chord, const RowDraft &) -> Inks {
          const Direction stroke = chord.beat().marks.pickStroke();
@@ -302,6 +309,14 @@ const std::array<BeatSign, 7> beatSigns = {{
              : centred(pen, MarkKind::Breath,
                        breath == BreathSign::Breath ? Sign::BreathMarkComma : Sign::Caesura,
                        rightOf(chord) + 0.9);
+     }},
+    {Side::Above, Rows::First,
+     [](const Pen &pen, const PlacedChord &chord, const RowDraft &) -> Inks {
+         const BeatSource &beat = chord.beat();
+         return !beat.marks.hasTimer() || beat.playingTime < 0
+             ? Inks()
+             : letters(pen, MarkKind::Timer, timeText(beat.playingTime), chord.headCentre(),
+                       TextRole::Ending);
      }},
 }};
 

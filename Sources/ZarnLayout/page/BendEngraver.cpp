@@ -12,16 +12,20 @@ namespace zarn::engraving {
 
 namespace {
 
+/// In whole tones: "½", "1¾".
 std::string amountText(int quarterTones)
 {
     const int value = std::abs(quarterTones);
-    if (value == 4)
-        return "full";
     constexpr std::array<const char *, 4> parts = {"", "\u00BC", "\u00BD", "\u00BE"};
     const int whole = value / 4;
     const std::string text = (whole > 0 ? std::to_string(whole) : std::string())
         + parts[static_cast<std::size_t>(value % 4)];
     return (quarterTones < 0 ? "-" : "") + (text.empty() ? "0" : text);
+}
+
+std::string bendText(int quarterTones)
+{
+    return std::abs(quarterTones) == 4 ? "full" : amountText(quarterTones);
 }
 
 } // namespace
@@ -47,15 +51,27 @@ void addBends(RowDraft &row, const SystemDraft &draft)
                 const double high = std::min(-row.above.reach(left - 0.5, right + 0.5) - 0.6, -1.4);
                 const MarkPlace where = placeOf(row, chord, head.note - chord.beat().firstNote);
                 Inks inks;
-                const auto yOf = [&](int value) { return value == 0 ? head.y : high; };
+                int farthest = 0;
+                for (const CurvePoint &point : points)
+                    farthest = std::max(farthest, std::abs(point.value));
+                // What is bent less than the rest of it ends lower.
+                const auto yOf = [&](int value) {
+                    return value == 0                 ? head.y
+                        : std::abs(value) == farthest ? high
+                                                      : std::min(high + 1.1, head.y - 0.8);
+                };
                 const auto addArrow = [&](double x, double y, bool isUp) {
                     const double back = isUp ? 0.75 : -0.75;
                     inks.push_back(pen.polygon(MarkKind::Bend,
                                                {{x, y}, {x - 0.3, y + back}, {x + 0.3, y + back}}));
                 };
+                double labelEnd = -1e9;
                 const auto addLabel = [&](double x, int value) {
-                    inks.push_back(pen.text(MarkKind::Bend, TextRole::Letter, amountText(value), x,
-                                            high - 0.35, Pen::Align::Centre));
+                    Ink label = pen.text(MarkKind::Bend, TextRole::Letter, bendText(value), x,
+                                         high - 0.35, Pen::Align::Centre);
+                    label.move(std::max(0.0, labelEnd + 0.3 - label.box.left), 0);
+                    labelEnd = label.box.right;
+                    inks.push_back(std::move(label));
                 };
                 struct Turn {
                     double x;
@@ -71,9 +87,10 @@ void addBends(RowDraft &row, const SystemDraft &draft)
                     turns[k].x = std::max(turns[k].x, turns[k - 1].x + 1.5);
                 if (!turns.empty() && turns.front().value != 0) {
                     turns.front().x = left + 0.2;
+                    const double top = yOf(turns.front().value);
                     inks.push_back(pen.line(MarkKind::Bend, {left + 0.2, head.y},
-                                            {left + 0.2, high + 0.6}, 0.14));
-                    addArrow(left + 0.2, high, true);
+                                            {left + 0.2, top + 0.6}, 0.14));
+                    addArrow(left + 0.2, top, true);
                     addLabel(left + 0.2, turns.front().value);
                 }
                 for (std::size_t k = 1; k < turns.size(); ++k) {
@@ -127,8 +144,12 @@ void addBends(RowDraft &row, const SystemDraft &draft)
         }
         if (line.size() > 1)
             item.inks.push_back(pen.polyline(MarkKind::Whammy, std::move(line), 0.14));
-        item.inks.push_back(pen.text(MarkKind::Whammy, TextRole::Letter,
-                                     "w/bar " + amountText(extreme), left, -3.2));
+        Ink text = pen.text(MarkKind::Whammy, TextRole::Letter, "w/bar " + amountText(extreme),
+                            left, -3.2);
+        const double barLeft = draft.bars[chord.shownBar - draft.first].left;
+        if (text.box.right > barEnd)
+            text.move(std::max(barLeft - text.box.left, barEnd - text.box.right), 0);
+        item.inks.push_back(std::move(text));
         for (Ink &ink : item.inks)
             ink.place = placeOf(row, chord);
         items.push_back(std::move(item));

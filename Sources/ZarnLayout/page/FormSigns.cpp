@@ -81,16 +81,6 @@ void putAbove(RowDraft &row, Inks inks, const MarkPlace &where, double gap)
     place(row, {std::move(item)});
 }
 
-/// Numbers of the passes under an ending: "1.", "1. 2.".
-std::string endingText(std::uint32_t passes)
-{
-    std::string text;
-    for (unsigned pass = 0; pass < 32; ++pass)
-        if ((passes >> pass & 1) != 0)
-            text += (text.empty() ? "" : " ") + std::to_string(pass + 1) + ".";
-    return text;
-}
-
 void addEndings(SystemDraft &draft, RowDraft &row)
 {
     SideItems items;
@@ -367,36 +357,34 @@ void addStringsTexts(SystemDraft &draft)
 
 } // namespace
 
-void addFermatas(SystemDraft &draft)
+void addFermatas(RowDraft &row, const SystemDraft &draft)
 {
-    for (RowDraft &row : draft.rows) {
-        if (!row.row->isFirstOfStaff)
-            continue;
-        for (const BarPlace &bar : draft.bars) {
-            double lastX = -1e9;
-            for (const FermataMark &mark : draft.score.column(bar.shownBar).fermatas) {
-                const double length = draft.score.column(bar.shownBar).length.toDouble();
-                const double time = mark.position.toDouble();
-                const bool isWhole = bar.columns.empty()
-                    || !draft.score.bar(row.number, bar.shownBar).centred.empty();
-                double x = time >= length ? bar.right
-                    : isWhole             ? (bar.left + bar.right) / 2
-                                          : placeOfTime(draft, bar, time) + 0.59;
-                const Sign sign = mark.kind == Fermata::Short ? Sign::FermataShortAbove
-                    : mark.kind == Fermata::Long              ? Sign::FermataLongAbove
-                                                              : Sign::FermataAbove;
-                const Box &box = draft.pen.fonts().box(sign);
-                // Over the last line as far to the right as the margin allows.
-                x = std::min(x - (box.left + box.right) / 2, draft.right + 0.3 - box.right);
-                // A bar that is empty here has one for all that are written on it.
-                if (isWhole && std::abs(x - lastX) < 0.5)
-                    continue;
-                lastX = x;
-                MarkPlace where = placeOfBar(draft.score.shown[bar.shownBar].bar);
-                where.track = static_cast<std::int16_t>(row.row->track);
-                where.staff = static_cast<std::int8_t>(row.row->staff);
-                putAbove(row, {draft.pen.glyph(MarkKind::Fermata, sign, x, 0)}, where, 0.4);
-            }
+    if (!row.row->isFirstOfStaff)
+        return;
+    for (const BarPlace &bar : draft.bars) {
+        double lastX = -1e9;
+        for (const FermataMark &mark : draft.score.column(bar.shownBar).fermatas) {
+            const double length = draft.score.column(bar.shownBar).length.toDouble();
+            const double time = mark.position.toDouble();
+            const bool isWhole =
+                bar.columns.empty() || !draft.score.bar(row.number, bar.shownBar).centred.empty();
+            double x = time >= length ? bar.right
+                : isWhole             ? (bar.left + bar.right) / 2
+                                      : placeOfTime(draft, bar, time) + 0.59;
+            const Sign sign = mark.kind == Fermata::Short ? Sign::FermataShortAbove
+                : mark.kind == Fermata::Long              ? Sign::FermataLongAbove
+                                                          : Sign::FermataAbove;
+            const Box &box = draft.pen.fonts().box(sign);
+            // Over the last line as far to the right as the margin allows.
+            x = std::min(x - (box.left + box.right) / 2, draft.right + 0.3 - box.right);
+            // A bar that is empty here has one for all that are written on it.
+            if (isWhole && std::abs(x - lastX) < 0.5)
+                continue;
+            lastX = x;
+            MarkPlace where = placeOfBar(draft.score.shown[bar.shownBar].bar);
+            where.track = static_cast<std::int16_t>(row.row->track);
+            where.staff = static_cast<std::int8_t>(row.row->staff);
+            putAbove(row, {draft.pen.glyph(MarkKind::Fermata, sign, x, 0)}, where, 0.4);
         }
     }
 }

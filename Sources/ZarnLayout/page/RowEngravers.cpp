@@ -20,8 +20,9 @@ using EngraveRow = void (*)(RowDraft &row, const SystemDraft &draft);
 
 /// What is nearer to the notes comes first.
 constexpr EngraveRow rowEngravers[] = {
-    addTies,      addTremolos, addStringLinks, addArticulations, addSlurs,  addTuplets,
-    addBeatSigns, addBends,    addDynamics,    addStretches,     addLyrics, addChordSymbols,
+    addTies,      addTremolos,  addStringLinks,  addArticulations, addSlurs,
+    addTuplets,   addBeatSigns, addFermatas,     addBends,         addDynamics,
+    addStretches, addLyrics,    addChordSymbols,
 };
 
 } // namespace
@@ -31,7 +32,6 @@ void addRowSigns(SystemDraft &draft)
     for (const EngraveRow engrave : rowEngravers)
         for (RowDraft &row : draft.rows)
             engrave(row, draft);
-    addFermatas(draft);
     addFormSigns(draft);
 }
 

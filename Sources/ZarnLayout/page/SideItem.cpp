@@ -51,12 +51,32 @@ void clearBarLines(const RowDraft &row, SideItem &item)
     }
 }
 
+/// What finds no room on the line of a kind of sign stands by itself.
+void partNeighbours(SideItems &items)
+{
+    constexpr double gap = 0.4;
+    std::vector<Box> taken;
+    for (SideItem &item : items) {
+        if (item.line != stretchLine || item.inks.empty())
+            continue;
+        const Box box = boxOf(item.inks);
+        const bool isFree = std::none_of(taken.begin(), taken.end(), [&](const Box &other) {
+            return box.left < other.right + gap && other.left < box.right + gap;
+        });
+        if (isFree)
+            taken.push_back(box);
+        else
+            item.line = 0;
+    }
+}
+
 } // namespace
 
 void place(RowDraft &row, SideItems items)
 {
     for (SideItem &item : items)
         clearBarLines(row, item);
+    partNeighbours(items);
     std::map<std::pair<int, Side>, double> lines;
     for (const SideItem &item : items) {
         if (item.line == 0 || item.inks.empty())

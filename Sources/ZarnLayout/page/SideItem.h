@@ -20,6 +20,9 @@ struct SideItem {
     int line = 0;
 };
 
+/// The line of vibratos, of what is muted with the palm and so on: each kind has its own.
+constexpr int stretchLine = 1;
+
 using SideItems = std::vector<SideItem>;
 
 /// Places items in their order, those of one line together with the first of them.

@@ -181,12 +181,26 @@ public:
             from.y = to.y;
         else if (span.goesOn)
             to.y = from.y;
+        if (span.goesOn && leadsIntoRests(span))
+            to.x = std::min(to.x, from.x + stub);
         if (to.x < from.x + 1.2)
             from.x = to.x - 1.2;
         drawBetween(first, from, to, isAbove);
     }
 
 private:
+    /// How far a slur reaches whose other end is not to be seen, behind bars of rest.
+    static constexpr double stub = 5;
+
+    bool leadsIntoRests(const SlurSpan &span) const
+    {
+        const PlacedChord &last = _row.chords[span.last];
+        return last.shownBar + 1 < _draft.end
+            && std::none_of(_row.chords.begin(), _row.chords.end(), [&](const PlacedChord &chord) {
+                   return chord.x > last.x && !chord.chord->isRest();
+               });
+    }
+
     /// From grace notes to the note that they belong to.
     bool isOfGrace(const SlurSpan &span) const
     {

@@ -180,7 +180,7 @@ void addHarmonics(RowDraft &row, const SystemDraft &draft, SideItems &items)
         };
         for (const ChordRun &run : runsOf(draft, row, has)) {
             SideItem item;
-            item.line = 1;
+            item.line = stretchLine;
             item.inks = dashed(draft.pen, MarkKind::Harmonic, harmonicLetters(type),
                                startOf(row, run), endOf(draft, row, run, false), 0.6);
             for (Ink &ink : item.inks)
@@ -244,32 +244,96 @@ OttavaSign ottavaSign(Ottavia ottavia)
     }
 }
 
+/// Whether the nearest note of a voice in a bar beside the system is under an octave sign too.
+bool isUnderOttava(const BarSource &bar, unsigned voiceNumber, Ottavia ottavia, bool isAtEnd)
+{
+    for (const VoiceSource &voice : bar.voices) {
+        if (voice.number != voiceNumber)
+            continue;
+        const auto isNote = [](const BeatSource &beat) { return beat.noteCount > 0; };
+        const auto &beats = voice.beats;
+        const BeatSource *nearest = nullptr;
+        if (isAtEnd) {
+            const auto found = std::find_if(beats.rbegin(), beats.rend(), isNote);
+            nearest = found == beats.rend() ? nullptr : &*found;
+        } else {
+            const auto found = std::find_if(beats.begin(), beats.end(), isNote);
+            nearest = found == beats.end() ? nullptr : &*found;
+        }
+        return nearest && nearest->marks.ottavia() == ottavia && bar.ottavia != ottavia;
+    }
+    return false;
+}
+
+/// Whether no other note of its voice stands between a chord and the end of the system.
+bool isOutermost(const RowDraft &row, std::size_t number, bool isFirst)
+{
+    const unsigned voice = row.chords[number].chord->voice;
+    const std::size_t step = isFirst ? static_cast<std::size_t>(-1) : 1;
+    for (std::size_t i = number + step; i < row.chords.size(); i += step) {
+        if (row.chords[i].chord->voice != voice)
+            break;
+        if (!row.chords[i].chord->isRest())
+            return false;
+    }
+    return true;
+}
+
+/// Says whether an octave sign comes from the system before, and whether it goes on in the next.
+void findNeighbours(ChordRun &run, const RowDraft &row, const SystemDraft &draft, Ottavia ottavia)
+{
+    const PlacedChord &first = row.chords[run.first];
+    const PlacedChord &last = row.chords[run.last];
+    run.comesFromBefore = draft.first > 0 && first.shownBar == draft.first
+        && isOutermost(row, run.first, true)
+        && isUnderOttava(draft.score.source(row.number, draft.first - 1), first.chord->voice,
+                         ottavia, true);
+    run.goesOn = draft.end < draft.score.shown.size() && last.shownBar + 1 == draft.end
+        && isOutermost(row, run.last, false)
+        && isUnderOttava(draft.score.source(row.number, draft.end), last.chord->voice, ottavia,
+                         false);
+}
+
 void addOttavas(RowDraft &row, const SystemDraft &draft)
 {
     if (row.row->notation != Notation::Standard)
         return;
     for (const Ottavia ottavia : {Ottavia::_15ma, Ottavia::_8va, Ottavia::_8vb, Ottavia::_15mb}) {
-        const auto runs = runsOf(draft, row, [ottavia](const PlacedChord &chord) {
+        auto runs = runsOf(draft, row, [ottavia](const PlacedChord &chord) {
             // What holds for the whole bar is in its clef.
             return chord.beat().marks.ottavia() == ottavia && ottavia != chord.source->ottavia;
         });
-        for (const ChordRun &run : runs) {
+        for (ChordRun &run : runs) {
+            findNeighbours(run, row, draft, ottavia);
             const auto [sign, isAbove] = ottavaSign(ottavia);
             SideItem item;
             item.side = isAbove ? Side::Above : Side::Below;
             item.gap = 0.6;
             Ink glyph = draft.pen.glyph(MarkKind::Ottava, sign, startOf(row, run), 0);
-            const double x = glyph.box.right + 0.3;
+            double x = glyph.box.right + 0.3;
+            if (run.comesFromBefore) {
+                // A reminder, in parentheses.
+                Ink left = draft.pen.glyph(MarkKind::Enclosure, Sign::OctaveParensLeft,
+                                           startOf(row, run), 0);
+                glyph.move(left.box.right + 0.1 - glyph.box.left, 0);
+                Ink right = draft.pen.glyph(MarkKind::Enclosure, Sign::OctaveParensRight, 0, 0);
+                right.move(glyph.box.right + 0.1 - right.box.left, 0);
+                x = right.box.right + 0.3;
+                item.inks.push_back(std::move(left));
+                item.inks.push_back(std::move(right));
+            }
             const double y = isAbove ? glyph.box.top + 0.1 : glyph.box.bottom - 0.1;
-            const double right = rightOf(row.chords[run.last]) + 0.2;
+            const double right = run.goesOn ? std::max(draft.musicRight() - 0.3, x)
+                                            : rightOf(row.chords[run.last]) + 0.2;
             item.inks.push_back(std::move(glyph));
             if (right > x + 0.5) {
                 Ink line = draft.pen.line(MarkKind::Ottava, {x, y}, {right, y}, 0.16);
                 line.dash = 0.6;
                 line.gap = 0.5;
                 item.inks.push_back(std::move(line));
-                item.inks.push_back(draft.pen.line(MarkKind::Ottava, {right, y},
-                                                   {right, y + (isAbove ? 1.2 : -1.2)}, 0.16));
+                if (!run.goesOn)
+                    item.inks.push_back(draft.pen.line(MarkKind::Ottava, {right, y},
+                                                       {right, y + (isAbove ? 1.2 : -1.2)}, 0.16));
             }
             for (Ink &ink : item.inks)
                 ink.place = placeOf(row, row.chords[run.first]);
@@ -358,7 +422,7 @@ void addStretches(RowDraft &row, const SystemDraft &draft)
                 SideItem item;
                 item.inks = stretch.make(draft.pen, startOf(row, run),
                                          endOf(draft, row, run, stretch.fillsBeat));
-                item.line = 1;
+                item.line = stretchLine;
                 for (Ink &ink : item.inks)
                     ink.place = placeOf(row, row.chords[run.first]);
                 items.push_back(std::move(item));

@@ -17,26 +17,23 @@ constexpr bool isOneOf = (std::is_same_v<Event, Listed> || ...);
 
 /// What is heard or said and never seen on a sheet.
 template <class Event>
-constexpr bool isUnseen =
-    isOneOf<Event, evt::BeginMacro, evt::EndMacro, evt::CommandPushed, evt::CommandExecuted,
-            evt::CommandWillUndo, evt::CommandWillRedo, evt::ConcertToneChanged,
-            evt::ScoreLockTypeChanged, evt::ScoreViewZoomChanged, evt::ScoreViewZoomPolicyChanged,
-            evt::WillRemoveTrack, evt::TrackColorChanged, evt::TrackIconChanged, evt::TrackPlayback,
-            evt::CurrentTrackChanged, evt::ScoreCursorMoved, evt::RequestDisplayUpdate,
-            evt::MasteringReverbChanged, evt::RequestMasterBarPlaylistUpdate,
-            evt::CoreAttributeChanged, evt::TrackAutomationBypassChanged,
-            evt::MasterTrackAutomationBypassChanged, evt::TrackAutomationChanged,
-            evt::ChannelStripAutomationChanged, evt::MasteringAutomationChanged,
-            evt::SoundAutomationChanged, evt::RequestPlayBeat, evt::AddAudioTrack,
-            evt::RemoveAudioTrack, evt::AudioTrackChanged, evt::RequestForcedSoundIndexChange,
-            evt::RequestSoundChange, evt::RequestAddSound, evt::RequestInsertSound,
-            evt::RequestRemoveSound, evt::RequestSwapSounds, evt::TrackSoundEffectsChanged,
-            evt::RequestEffectBypassChange, evt::RequestEffectParameterChange,
-            evt::RequestEffectParametersChange, evt::RequestEffectChange,
-            evt::RequestEffectChainChange, evt::RequestEffectDelete, evt::RequestEffectChainClear,
-            evt::RequestEffectsSwap, evt::RequestMasterTrackChannelStripChange,
-            evt::RequestMasterTrackChannelStripParameterChange, evt::RequestTrackChannelStripChange,
-            evt::EditingSoundIndexChanged, evt::MIDIConnectionChanged>;
+constexpr bool isUnseen = isOneOf<
+    Event, evt::BeginMacro, evt::EndMacro, evt::CommandPushed, evt::CommandExecuted,
+    evt::CommandWillUndo, evt::CommandWillRedo, evt::ConcertToneChanged, evt::ScoreLockTypeChanged,
+    evt::ScoreViewZoomChanged, evt::ScoreViewZoomPolicyChanged, evt::WillRemoveTrack,
+    evt::TrackColorChanged, evt::TrackIconChanged, evt::TrackPlayback, evt::CurrentTrackChanged,
+    evt::ScoreCursorMoved, evt::RequestDisplayUpdate, evt::MasteringReverbChanged,
+    evt::CoreAttributeChanged, evt::TrackAutomationBypassChanged, evt::TrackAutomationChanged,
+    evt::ChannelStripAutomationChanged, evt::MasteringAutomationChanged,
+    evt::SoundAutomationChanged, evt::RequestPlayBeat, evt::AddAudioTrack, evt::RemoveAudioTrack,
+    evt::AudioTrackChanged, evt::RequestForcedSoundIndexChange, evt::RequestSoundChange,
+    evt::RequestAddSound, evt::RequestInsertSound, evt::RequestRemoveSound, evt::RequestSwapSounds,
+    evt::TrackSoundEffectsChanged, evt::RequestEffectBypassChange,
+    evt::RequestEffectParameterChange, evt::RequestEffectParametersChange, evt::RequestEffectChange,
+    evt::RequestEffectChainChange, evt::RequestEffectDelete, evt::RequestEffectChainClear,
+    evt::RequestEffectsSwap, evt::RequestMasterTrackChannelStripChange,
+    evt::RequestMasterTrackChannelStripParameterChange, evt::RequestTrackChannelStripChange,
+    evt::EditingSoundIndexChanged, evt::MIDIConnectionChanged>;
 
 /// What is read at each update, marked or not.
 template <class Event>
@@ -50,8 +47,10 @@ constexpr bool isOfTexts =
     isOneOf<Event, evt::PropertyChanged, evt::PropertiesChanged, evt::HeaderAndFooterChanged>;
 
 template <class Event>
-constexpr bool isOfColumns = isOneOf<Event, evt::GlobalTempoChanged, evt::AnacrusisChanged,
-                                     evt::MasterBarDirection, evt::MasterTrackAutomationChanged>;
+constexpr bool isOfColumns =
+    isOneOf<Event, evt::GlobalTempoChanged, evt::AnacrusisChanged, evt::MasterBarDirection,
+            evt::MasterTrackAutomationChanged, evt::MasterTrackAutomationBypassChanged,
+            evt::RequestMasterBarPlaylistUpdate>;
 
 } // namespace
 

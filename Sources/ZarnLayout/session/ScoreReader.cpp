@@ -6,12 +6,47 @@
 #include <ZarnLayout/source/SourceReader.h>
 
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/playback/ZarnPlaybackPlan.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace zarn::engraving {
 
 namespace {
+
+bool hasTimers(const BarColumn &column)
+{
+    return std::any_of(column.staves.begin(), column.staves.end(), [](const auto &staff) {
+        return std::any_of(staff->voices.begin(), staff->voices.end(), [](const auto &voice) {
+            return std::any_of(voice.beats.begin(), voice.beats.end(),
+                               [](const BeatSource &beat) { return beat.marks.hasTimer(); });
+        });
+    });
+}
+
+/// A bar of a staff with the playing times of its beats; null where it has them already.
+std::shared_ptr<const BarSource> withPlayingTimes(const BarSource &source, unsigned bar,
+                                                  const playback::PlaybackPlan &plan)
+{
+    std::shared_ptr<BarSource> changed;
+    for (std::size_t voice = 0; voice < source.voices.size(); ++voice)
+        for (std::size_t i = 0; i < source.voices[voice].beats.size(); ++i) {
+            const BeatSource &beat = source.voices[voice].beats[i];
+            if (!beat.marks.hasTimer())
+                continue;
+            const auto time = plan.bars().timeOf(bar, beat.onset);
+            const auto seconds = time
+                ? static_cast<std::int32_t>(std::lround(plan.tempo().secondsAt(*time)))
+                : BeatSource::neverPlayed;
+            if (seconds == beat.playingTime)
+                continue;
+            if (!changed)
+                changed = std::make_shared<BarSource>(source);
+            changed->voices[voice].beats[i].playingTime = seconds;
+        }
+    return changed;
+}
 
 /// Gives a column its voices that are longer than the bar.
 void findLongVoices(BarColumn &column, const std::vector<std::pair<unsigned, unsigned>> &staves)
@@ -60,6 +95,7 @@ bool ScoreReader::read(const ScoreModel &model, const layout::LayoutOptions &opt
             return false;
     }
     marks.clear();
+    readPlayingTimes(model);
     return true;
 }
 
@@ -172,6 +208,7 @@ void ScoreReader::readShared(const ScoreModel &model, unsigned end)
         auto column = std::make_shared<BarColumn>();
         column->shared = _shared[i];
         column->staves = _source.columns[i]->staves;
+        column->hasTimers = _source.columns[i]->hasTimers;
         findLongVoices(*column, _staves);
         _source.columns[i] = std::move(column);
     }
@@ -203,7 +240,36 @@ void ScoreReader::readColumn(const ScoreModel &model, unsigned number, const Sco
     if (!isOther)
         return;
     findLongVoices(*column, _staves);
+    column->hasTimers = hasTimers(*column);
     _source.columns[number] = std::move(column);
+}
+
+/// Whatever changed may have moved what comes behind it: the times of all beats that show one are
+/// worked out again, by the plan of playing.
+void ScoreReader::readPlayingTimes(const ScoreModel &model)
+{
+    std::optional<playback::PlaybackPlan> plan;
+    for (std::size_t i = 0; i < _source.columns.size(); ++i) {
+        if (!_source.columns[i]->hasTimers)
+            continue;
+        if (!plan) {
+            playback::PlanOptions options;
+            options.tracks = {0}; // times are those of all tracks
+            plan.emplace(model, options);
+        }
+        std::shared_ptr<BarColumn> changed;
+        for (std::size_t staff = 0; staff < _staves.size(); ++staff) {
+            auto source = withPlayingTimes(*_source.columns[i]->staves[staff],
+                                           _source.firstBar + static_cast<unsigned>(i), *plan);
+            if (!source)
+                continue;
+            if (!changed)
+                changed = std::make_shared<BarColumn>(*_source.columns[i]);
+            changed->staves[staff] = std::move(source);
+        }
+        if (changed)
+            _source.columns[i] = std::move(changed);
+    }
 }
 
 } // namespace zarn::engraving

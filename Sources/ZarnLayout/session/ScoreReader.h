@@ -34,6 +34,7 @@ private:
     void moveColumns(const std::vector<std::uint32_t> &origins, unsigned first, unsigned end);
     void readShared(const ScoreModel &model, unsigned end);
     void readColumn(const ScoreModel &model, unsigned number, const ScoreMarks &marks);
+    void readPlayingTimes(const ScoreModel &model);
 
     ScoreSource _source;
     std::vector<std::pair<unsigned, unsigned>> _staves; ///< track and staff

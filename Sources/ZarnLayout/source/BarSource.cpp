@@ -16,6 +16,15 @@ bool BarSource::isEmpty() const noexcept
     });
 }
 
+std::string endingText(std::uint32_t passes)
+{
+    std::string text;
+    for (unsigned pass = 0; pass < 32; ++pass)
+        if ((passes >> pass & 1) != 0)
+            text += (text.empty() ? "" : " ") + std::to_string(pass + 1) + ".";
+    return text;
+}
+
 namespace {
 
 template <typename T>
@@ -47,7 +56,8 @@ bool operator==(const BeatSource &a, const BeatSource &b)
         && a.index == b.index && a.firstNote == b.firstNote && a.noteCount == b.noteCount
         && a.graceRank == b.graceRank && a.isRest == b.isRest
         && a.isWholeBarRest == b.isWholeBarRest && a.isPlaceHolder == b.isPlaceHolder
-        && a.isBeamedOn == b.isBeamedOn && haveEqualValue(a.details, b.details);
+        && a.isBeamedOn == b.isBeamedOn && a.playingTime == b.playingTime
+        && haveEqualValue(a.details, b.details);
 }
 
 bool operator==(const BarSource &a, const BarSource &b)

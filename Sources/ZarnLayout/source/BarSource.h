@@ -73,6 +73,11 @@ struct BeatSource {
     bool isPlaceHolder = false;
     bool isBeamedOn = false; ///< a beam leads to the next beat of the voice
 
+    /// Where the beat shows it: whole seconds from the start of playing, when it is first played;
+    /// below 0 for a beat that never is.
+    static constexpr std::int32_t neverPlayed = -1;
+    std::int32_t playingTime = neverPlayed;
+
     std::shared_ptr<const BeatDetails> details; ///< null for none
 
     bool isGrace() const noexcept { return graceRank != 0; }
@@ -119,6 +124,9 @@ struct BarSource {
     friend bool operator==(const BarSource &a, const BarSource &b);
 };
 
+/// Numbers of the passes under an ending: "1.", "1. 2.".
+std::string endingText(std::uint32_t passes);
+
 /// What all staves share of one bar. The bars of its tempos are not told.
 struct ColumnSource {
     utils::rational length = 4;
@@ -149,6 +157,8 @@ struct ColumnSource {
 struct BarColumn {
     std::shared_ptr<const ColumnSource> shared;
     std::vector<std::shared_ptr<const BarSource>> staves;
+
+    bool hasTimers = false; ///< beats show when they are played
 
     /// Voices that are longer than the bar. In these places the bar is 0.
     std::vector<layout::DrawPlace> longVoices;

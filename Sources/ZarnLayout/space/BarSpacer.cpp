@@ -17,7 +17,7 @@ constexpr double firstGap = 1.1;
 constexpr double gapBehindBarLine = 0.6;
 constexpr double gapToBarLine = 0.5;
 constexpr double leastStep = 0.55; ///< between columns whatever is in them
-constexpr double emptyBar = 5.0;
+constexpr double emptyBar = 6.5;
 
 double gapBetween(SpaceBox::Kind left, SpaceBox::Kind right)
 {
@@ -229,7 +229,13 @@ SpacedBar spaceBar(const std::vector<EngravedBar *> &rows,
         byTo[to].push_back({to - 1, to, leastStep});
     if (count > 0)
         byTo[count + 1].push_back({count, count + 1, head + gapToBarLine + clefsAtEnd});
-    byTo[count + 1].push_back({0, count + 1, bar.emptyWidth * (count == 0 ? 0.6 : 0.4)});
+    byTo[count + 1].push_back({0, count + 1, bar.emptyWidth * (count == 0 ? 0.7 : 0.4)});
+    if (column.endings != 0) {
+        // Bars under an ending are as long as its numbers.
+        const double words =
+            fonts.textBox(endingText(column.endings), TextRole::Ending).right + 1.2;
+        byTo[count + 1].push_back({0, count + 1, words});
+    }
     for (auto &rods : byTo)
         bar.rods.insert(bar.rods.end(), rods.begin(), rods.end());
 
