@@ -137,7 +137,7 @@ void ScoreView::showPlayback(
                      line->box.height());
     const bool isOtherSystem = now.top() != _playbackLine.top();
     _playbackLine = now;
-    const QRectF shown = viewRect(*line);
+    const QRectF shown = viewRect(*line).adjusted(0, 0, 1, 0); // a line without width is nowhere
     if (!isOtherSystem || QRectF(viewport()->rect()).contains(shown))
         return;
     const int quarter = viewport()->height() / 4;

@@ -7,6 +7,7 @@
 
 #include <QAction>
 #include <QLineEdit>
+#include <QScrollBar>
 
 #include <gtest/gtest.h>
 
@@ -99,6 +100,16 @@ TEST(EntryTest, theCursorShowsWhatIsUndoneAndRedone)
     driver.type(QStringLiteral("Ctrl+Shift+Z"));
     EXPECT_EQ(driver.document().cursor().barIndex(), 2);
     EXPECT_EQ(driver.document().cursor().noteString(), 4u);
+}
+
+TEST(EntryTest, playingDoesNotMoveWhatIsSeenAlready)
+{
+    EditorDriver driver;
+    driver.type(QStringLiteral("5 Ctrl+Home"));
+    const QScrollBar &bar = *driver.view().verticalScrollBar();
+    const int before = bar.value();
+    driver.view().showPlayback(std::pair<std::int32_t, utils::rational>(0, utils::rational(1)));
+    EXPECT_EQ(bar.value(), before);
 }
 
 TEST(EntryTest, theStaffThatWasChosenComesBackBehindTracksWithoutIt)
