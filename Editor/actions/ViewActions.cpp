@@ -91,6 +91,7 @@ std::vector<Action> panelActions()
              [dockOf](const ActionContext &context) {
                  QDockWidget *const dock = dockOf(context);
                  dock->setVisible(dock->isHidden());
+                 dock->raise();
              },
              nullptr,
              KeyScope::Window,

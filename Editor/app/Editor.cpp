@@ -119,6 +119,11 @@ MainWindow *Editor::add(std::shared_ptr<Document> document,
 {
     auto *const window = new MainWindow(*this, std::move(document), std::move(layout));
     window->setAttribute(Qt::WA_DeleteOnClose);
+    // Where another one is, this one would hide it.
+    constexpr QPoint step(30, 30);
+    const auto open = windows();
+    if (!open.empty() && !window->isMaximized())
+        window->move(open.back()->pos() + step);
     _windows.emplace_back(window);
     window->show();
     Q_EMIT opened(window);

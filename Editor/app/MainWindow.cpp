@@ -20,6 +20,7 @@
 #include <QCloseEvent>
 #include <QDockWidget>
 #include <QFileInfo>
+#include <QHash>
 #include <QLabel>
 #include <QMenuBar>
 #include <QPrintDialog>
@@ -98,11 +99,18 @@ MainWindow::~MainWindow()
 
 void MainWindow::addPanels()
 {
+    // Those of one side share it, each on a tab.
+    QHash<int, QDockWidget *> firsts;
     for (const PanelRow &row : panelTable()) {
         auto *const dock = new QDockWidget(row.title, this);
         dock->setObjectName(row.id);
         dock->setWidget(row.make({*this, *_document, *_view}).release());
-        addDockWidget(row.area, dock);
+        QDockWidget *&first = firsts[row.area];
+        if (first == nullptr)
+            addDockWidget(row.area, dock);
+        else
+            tabifyDockWidget(first, dock);
+        first = first == nullptr ? dock : first;
         dock->setVisible(row.isShownAtFirst);
     }
     // Most scores have few tracks, and the pages want the room.

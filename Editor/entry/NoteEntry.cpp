@@ -128,7 +128,7 @@ void enterDeadNote(Document &document)
             return (!isNew || writeFret(document, score, place, 0))
                 && score.setStringedNoteDead(document.selection().notes(score), !isDead);
         }))
-        Q_EMIT document.refused(Text::tr("There are dead notes on strings alone."));
+        Q_EMIT document.refused(Text::tr("A dead note is not possible here."));
 }
 
 void enterLetter(Document &document, NoteName letter, Adding adding)

@@ -152,10 +152,18 @@ void NeckView::drawBoard(QPainter &painter) const
         painter.drawText(cellOf(string, 0), Qt::AlignCenter, _neck.openStrings.at(string));
     }
     painter.setPen(ink);
-    for (int fret = 1; fret <= _neck.lastFret; ++fret)
+    // On a narrow neck as many numbers as can be read.
+    const int widest = fontMetrics().horizontalAdvance(QStringLiteral("00 "));
+    double free = 0; // from here on
+    for (int fret = 1; fret <= _neck.lastFret; ++fret) {
+        const double middle = (fretX(fret - 1) + fretX(fret)) / 2;
+        if (middle - widest / 2.0 < free)
+            continue;
+        free = middle + widest / 2.0;
         painter.drawText(QRectF(fretX(fret - 1), height() - margin - fontMetrics().height(),
                                 fretX(fret) - fretX(fret - 1), fontMetrics().height()),
-                         Qt::AlignCenter, QString::number(fret));
+                         Qt::AlignCenter | Qt::TextDontClip, QString::number(fret));
+    }
     if (_neck.capo > 0)
         painter.drawText(QRectF(0, height() - margin - fontMetrics().height(), fretX(0) + margin,
                                 fontMetrics().height()),

@@ -20,7 +20,10 @@
 #include <QSpinBox>
 #include <QStyledItemDelegate>
 #include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace zarn::editor {
 namespace {
@@ -186,16 +189,26 @@ PropertiesPanel::PropertiesPanel(const ActionContext &context)
     addRows<Beat>(tr("Beat"));
     addRows<Bar>(tr("Bar of the staff"));
     addRows<MasterBar>(tr("Bar of all staves"));
-    constexpr int valueWidth = 90; // pixels
     _tree->setIndentation(_tree->indentation() / 2);
     _tree->resizeColumnToContents(Name);
     _tree->header()->setSectionResizeMode(Value, QHeaderView::Stretch);
-    _tree->setMinimumWidth(_tree->columnWidth(Name) + valueWidth);
+    _tree->setMinimumWidth(_tree->columnWidth(Name) + valueWidth());
     connect(_tree, &QTreeWidget::itemChanged, this, &PropertiesPanel::change);
     connect(_tree, &QTreeWidget::itemActivated, this, &PropertiesPanel::activate);
 }
 
 PropertiesPanel::~PropertiesPanel() = default;
+
+/// Of the usual choices, in the language of the user, beside a scroll bar.
+int PropertiesPanel::valueWidth() const
+{
+    int width = 0;
+    for (QTreeWidgetItemIterator it(_tree); *it != nullptr; ++it)
+        for (const QString &choice : (*it)->data(Value, choicesRole).toStringList().mid(0, 1))
+            width = std::max(width, fontMetrics().horizontalAdvance(choice));
+    constexpr int mostOfPanel = 150; // pixels
+    return std::min(width + 3 * fontMetrics().height(), mostOfPanel);
+}
 
 template <class Node>
 void PropertiesPanel::addRows(const QString &title)

@@ -31,6 +31,7 @@ private:
     void askFor(const QTreeWidgetItem &item);
     void change(QTreeWidgetItem *item, int column);
     void activate(QTreeWidgetItem *item);
+    int valueWidth() const;
 
     QTreeWidget *_tree;
     bool _isFollowing = false;

@@ -29,6 +29,10 @@ SectionsPanel::SectionsPanel(const ActionContext &context) : Panel(context), _li
     _list->setWrapping(true);
     _list->setResizeMode(QListView::Adjust);
     _list->setSpacing(2);
+    constexpr int rows = 2; // more of them scroll
+    const int rowHeight = _list->fontMetrics().height() + 20;
+    _list->setMinimumHeight(rowHeight);
+    _list->setMaximumHeight(rows * rowHeight);
     _list->setAccessibleName(tr("Sections"));
     connect(_list, &QListWidget::currentRowChanged, this, &SectionsPanel::goTo);
 }

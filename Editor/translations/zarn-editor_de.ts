@@ -1813,8 +1813,8 @@
         <translation>Tote Note</translation>
     </message>
     <message>
-        <source>There are dead notes on strings alone.</source>
-        <translation>Tote Noten gibt es nur auf Saiten.</translation>
+        <source>A dead note is not possible here.</source>
+        <translation>Eine tote Note ist hier nicht möglich.</translation>
     </message>
 </context>
 <context>
