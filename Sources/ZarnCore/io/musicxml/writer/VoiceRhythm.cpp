@@ -42,6 +42,20 @@ bool isPlain(const RhythmicBeat &placed)
            });
 }
 
+/// Grace notes in a row have beams of their own.
+bool areBeamedGraces(const Beat &left, const Beat &right)
+{
+    return left.isGrace() && left.hasNotes() && right.hasNotes() && flagsOf(left) > 0
+        && flagsOf(right) > 0 && left.graceType() == right.graceType()
+        && left.beamMode() != BeamMode::Break;
+}
+
+void beamTogether(RhythmicBeat &left, RhythmicBeat &right)
+{
+    right.isBeamedFrom = true;
+    right.beamsFrom = left.beamsOn = std::min(flagsOf(*left.beat), flagsOf(*right.beat));
+}
+
 } // namespace
 
 void VoiceRhythm::read(const Voice &voice, const MasterBar &bar)
@@ -139,11 +153,17 @@ void VoiceRhythm::setBeams(const MasterBar &bar)
     for (std::size_t i = 0; i < _beats.size(); ++i) {
         auto &beat = _beats[i];
         beat.isBeamSaid = _beamed[i].isSaid;
-        if (beat.beat->isGrace() || !beat.beat->hasNotes())
+        if (beat.beat->isGrace()) {
+            if (i > 0 && areBeamedGraces(*_beats[i - 1].beat, *beat.beat)) {
+                _beats[i - 1].isBeamedOn = true;
+                beamTogether(_beats[i - 1], beat);
+            }
             continue;
-        beat.isBeamedFrom = left != nullptr;
+        }
+        if (!beat.beat->hasNotes())
+            continue;
         if (left)
-            beat.beamsFrom = left->beamsOn = std::min(flagsOf(*left->beat), flagsOf(*beat.beat));
+            beamTogether(*left, beat);
         beat.isBeamedOn = _beamed[i].isBeamedOn;
         left = beat.isBeamedOn ? &beat : nullptr;
     }
