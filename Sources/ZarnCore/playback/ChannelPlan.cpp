@@ -27,16 +27,18 @@ public:
             && _taken.insert({port, channel}).second;
     }
 
-    /// Finds one; false when all are taken.
-    bool takeAny(Lane &lane)
+    /// Finds one, of a port if there is any; false when all are taken.
+    bool takeAny(Lane &lane, unsigned first = 0)
     {
-        for (unsigned port = 0; port < MidiConnection::PortCount; ++port)
+        for (unsigned i = 0; i < MidiConnection::PortCount; ++i) {
+            const unsigned port = i == 0 ? first : i <= first ? i - 1 : i;
             for (unsigned channel = 0; channel < MidiConnection::ChannelCount; ++channel)
                 if (take(port, channel)) {
                     lane.port = static_cast<std::uint8_t>(port);
                     lane.channel = static_cast<std::uint8_t>(channel);
                     return true;
                 }
+        }
         return false;
     }
 
@@ -190,12 +192,16 @@ void ChannelPlan::findChannels()
     for (const Lane::Role role : {Lane::Role::Bend, Lane::Role::String, Lane::Role::Main})
         each(role, [&](Lane &lane, const Track &) {
             const Lane &main = _lanes[lane.track];
-            if (!free.takeAny(lane)) {
+            if (!free.takeAny(lane, main.port)) {
                 lane.port = main.port;
                 lane.channel = main.channel;
             }
             return true;
         });
+    // Knocks on a guitar are where its notes are.
+    for (Lane &lane : _lanes)
+        if (lane.role == Lane::Role::Percussion && _kinds[lane.track].hasPitches)
+            lane.port = _lanes[lane.track].port;
 }
 
 } // namespace zarn::playback

@@ -137,6 +137,34 @@ TEST(NotatedBar, realScoresComeBackAsTheyWere)
     }
 }
 
+TEST(NotatedBar, knocksAndOtherPortsTakeNothingAway)
+{
+    using namespace zarn;
+    const auto model = std::make_shared<ScoreModel>();
+    model->insertEmptyBarColumns(0, 2);
+    const auto track = model->createAndInsertTrack(0, InstrumentSet::steelGuitar);
+    for (const auto &bar : track->bars(0)) {
+        bar->ensureVoice(0)->clear();
+        for (int i = 0; i < 4; ++i) {
+            const auto beat = std::make_shared<Beat>();
+            for (const int key : {52, 64}) {
+                const auto note = std::make_shared<Note>(key);
+                if (key == 64 && i == 1)
+                    note->setBend(Bend::of(BendType::Bend, 4));
+                beat->addNote(note);
+            }
+            beat->setGolpe(i == 2 ? ZarnGolpeType::Finger : ZarnGolpeType::None);
+            bar->voice(0)->addBeat(beat);
+        }
+    }
+    track->setMidiConnection(MidiConnection{3, 5, 5}); // the bends need another channel
+    const auto file = fileOf(*model);
+    EXPECT_EQ(file.tracks.size(), 2U);
+    const auto imported = readBack(file);
+    EXPECT_FALSE(imported.report.hasProblem("no longer as the file says"));
+    EXPECT_EQ(imported.model->trackCount(), 2U); // the knocks are a part of their own
+}
+
 TEST(NotatedBar, barsThatWereChangedAreReadAnew)
 {
     const auto model = piece();
