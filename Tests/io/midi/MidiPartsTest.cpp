@@ -71,6 +71,46 @@ TEST(MidiParts, channelsWithTheirOwnSoundsAreTracks)
     EXPECT_EQ(beat->noteWithMidi(42)->noteHead(), zarn::NoteHead::Cross);
 }
 
+TEST(MidiParts, drumsAreFoundOnWhateverChannelTheyAre)
+{
+    const auto isDrums = [](int bank, const char *system, const char *name = "") {
+        Song song;
+        if (*system != 0)
+            song.conductor().addSystemEvent(0, 0xF0, {system, 10});
+        auto &track = song.track();
+        track.addMeta(0, MidiMeta::TrackName, name);
+        track.addControl(0, 10, MidiControl::Bank, bank);
+        track.addProgram(0, 10, 0);
+        for (int i = 0; i < 8; ++i)
+            add(track, i, 0.5, 36 + i % 2 * 6, 10);
+        return song.import().model->track(0)->type() == zarn::InstrumentSet::drumKit;
+    };
+    EXPECT_FALSE(isDrums(0, ""));
+    EXPECT_TRUE(isDrums(127, ""));
+    EXPECT_TRUE(isDrums(120, ""));
+    EXPECT_FALSE(isDrums(127, "", "Violin"));
+    EXPECT_TRUE(isDrums(0, "\x41\x10\x42\x12\x40\x1A\x15\x02\x0F\xF7"));
+    EXPECT_FALSE(isDrums(0, "\x41\x10\x42\x12\x40\x1B\x15\x02\x0E\xF7"));
+}
+
+TEST(MidiParts, chordsThatNoHandHoldsAreTwo)
+{
+    Song song;
+    for (const bool isLeft : {false, true}) {
+        auto &track = song.track();
+        track.addProgram(0, 0, 0);
+        for (int i = 0; i < 4; ++i)
+            for (const int key :
+                 {isLeft ? 36 : 57, isLeft ? 43 : 60, isLeft ? 48 : 65, isLeft ? 52 : 77})
+                add(track, i, 1, key);
+    }
+    const auto imported = song.import();
+    for (const ListedNote &note : listNotes(*imported.model)) {
+        const bool isBelow = note.sounding == 57 || note.sounding == 60; // 65 and 77 are the melody
+        EXPECT_EQ(note.voice, isBelow ? 1U : 0U) << note.toString();
+    }
+}
+
 TEST(MidiParts, laterProgramsAreSoundsOfTheTrack)
 {
     Song song;
@@ -202,6 +242,23 @@ TEST(MidiParts, wordsStandUnderTheirNotes)
         for (const auto &syllable : beat->lyrics())
             text += syllable.toString() + " ";
     EXPECT_EQ(text, "Ma- ry had ");
+}
+
+TEST(MidiParts, karaokeFilesNameTheSong)
+{
+    Song song;
+    auto &words = song.track();
+    for (const char *const text : {"@KMIDI KARAOKE FILE", "@T The Song", "@T A Singer"})
+        words.addMeta(0, MidiMeta::Text, text);
+    auto &melody = song.track();
+    for (int i = 0; i < 4; ++i) {
+        words.addMeta(static_cast<std::uint64_t>(i) * quarter, MidiMeta::Text,
+                      i % 2 == 0 ? "\\la " : "li ");
+        add(melody, i, 1, 60 + i);
+    }
+    const auto imported = song.import();
+    EXPECT_EQ(imported.model->property(zarn::ScoreProperty::Title), "The Song");
+    EXPECT_EQ(imported.model->property(zarn::ScoreProperty::Artist), "A Singer");
 }
 
 TEST(MidiParts, silenceIsNoReasonForEndlessBars)

@@ -117,6 +117,8 @@ void writeMasterBars(const MidiMusic &music, const MeterLine &bars, ScoreModel &
     writeSections(music, bars, master);
     if (!music.title.empty())
         model.setScoreProperty(ScoreProperty::Title, music.title);
+    if (!music.artist.empty())
+        model.setScoreProperty(ScoreProperty::Artist, music.artist);
     if (!music.copyright.empty())
         model.setScoreProperty(ScoreProperty::Copyright, music.copyright);
 }

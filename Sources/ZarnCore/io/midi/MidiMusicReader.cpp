@@ -5,6 +5,7 @@
 #include <ZarnCore/io/instruments/StandardSound.h>
 #include <ZarnCore/io/midi/MidiKeys.h>
 #include <ZarnCore/io/midi/MidiOddities.h>
+#include <ZarnCore/io/midi/MidiText.h>
 #include <ZarnCore/io/midi/MidiTrackContent.h>
 #include <ZarnCore/io/midi/StringFolder.h>
 #include <ZarnCore/io/midi/ZarnMidiFile.h>
@@ -12,12 +13,14 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 namespace zarn::io {
 
 namespace {
 
-constexpr int drumChannel = 9;
+/// Banks that hold drum kits: of General MIDI 2 and of XG.
+constexpr int drumBanks[] = {120, 127};
 
 /// Of very many parts, words from other tracks go to one of the first.
 constexpr std::ptrdiff_t mostSingers = 64;
@@ -58,6 +61,8 @@ public:
         std::stable_sort(_music.tempos.begin(), _music.tempos.end(), byTime);
         std::stable_sort(_music.meters.begin(), _music.meters.end(), byTime);
         std::stable_sort(_music.sections.begin(), _music.sections.end(), byTime);
+        for (std::size_t channel = 0; channel < midiChannels; ++channel)
+            _isRhythm[channel] = reader.isRhythm(channel);
         makeParts();
         _music.keys = chooseKeys(std::move(reader.keys()), _music);
         return std::move(_music);
@@ -74,6 +79,7 @@ private:
     }
 
     void makeParts();
+    void readKaraokeTitle();
     void makePartsOf(std::size_t number);
     void addPart(std::size_t number, PlayedNotes notes, int channel);
     bool joinAsSecondStaff(MidiPart &part);
@@ -83,6 +89,7 @@ private:
     MidiOddities &_oddities;
     MidiMusic _music;
     std::vector<MidiTrackContent> _tracks;
+    std::array<bool, midiChannels> _isRhythm = {};
 };
 
 void MusicReader::makeParts()
@@ -103,7 +110,22 @@ void MusicReader::makeParts()
             makePartsOf(number);
     if (_tracks.size() == 1 && _music.parts.size() == 1)
         _music.title = _tracks.front().name;
+    readKaraokeTitle();
     giveLyricsToParts();
+}
+
+/// Karaoke files have the names of the song and of who sings it behind "@T".
+void MusicReader::readKaraokeTitle()
+{
+    std::vector<std::string> names;
+    for (const MidiTrackContent &track : _tracks)
+        for (const MidiText &text : track.texts)
+            if (text.text.compare(0, 2, "@T") == 0)
+                names.push_back(textOfMidi(text.text.substr(2)));
+    if (!names.empty() && !names.front().empty())
+        _music.title = names.front();
+    if (names.size() > 1)
+        _music.artist = names[1];
 }
 
 void MusicReader::makePartsOf(std::size_t number)
@@ -115,7 +137,7 @@ void MusicReader::makePartsOf(std::size_t number)
         if (track.notes[channel].empty())
             continue;
         const auto same = std::find_if(groups.begin(), groups.end(), [&](const auto &group) {
-            return channel != drumChannel && group.front() != drumChannel
+            return !_isRhythm[channel] && !_isRhythm[group.front()]
                 && track.settings[group.front()].sound.isSameSound(track.settings[channel].sound)
                 && hasSameSounds(track.sounds[group.front()], track.sounds[channel]);
         });
@@ -151,7 +173,6 @@ void MusicReader::addPart(std::size_t number, PlayedNotes notes, int channel)
     part.soundChanges = _tracks[number].sounds[static_cast<std::size_t>(channel)];
     part.volume = setting.volume;
     part.pan = setting.pan;
-    part.isDrums = channel == drumChannel;
     const auto named = readInstrumentName(part.name);
     const auto ofProgram = part.sound.program == MidiPart::Unset
         ? Set::unknown
@@ -159,9 +180,13 @@ void MusicReader::addPart(std::size_t number, PlayedNotes notes, int channel)
     const auto isUseful = [](Set::Type type) {
         return type != Set::unknown && !Set::isUnpitched(type);
     };
+    const bool isOfDrumBank = std::find(std::begin(drumBanks), std::end(drumBanks), part.sound.bank)
+        != std::end(drumBanks);
+    const bool isNamed = named.isExact() && isUseful(named.type);
+    part.isDrums = _isRhythm[static_cast<std::size_t>(channel)] || (isOfDrumBank && !isNamed);
     if (part.isDrums)
         part.type = Set::drumKit;
-    else if (named.isExact() && isUseful(named.type))
+    else if (isNamed)
         part.type = named.type;
     else if (isUseful(ofProgram))
         part.type = ofProgram;

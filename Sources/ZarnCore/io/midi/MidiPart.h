@@ -62,6 +62,7 @@ struct MidiMusic {
     double tick = 1;  ///< length of a tick, in the parts of a quarter
     MidiTime end = 0; ///< of the last note
     std::string title;
+    std::string artist;
     std::string copyright;
     std::vector<TempoChange> tempos;
     std::vector<MeterChange> meters;

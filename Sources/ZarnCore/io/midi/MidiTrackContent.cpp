@@ -13,12 +13,12 @@ namespace zarn::io {
 namespace {
 
 /// More time than any score has bars for.
-constexpr MidiTime mostTime = 100'000'000 * midiQuarter;
+constexpr MidiTime mostMidiTime = 100'000'000 * midiQuarter;
 
-constexpr std::size_t keyCount = 128;
+constexpr std::size_t midiKeyCount = 128;
 
 /// A number of bytes, high byte first.
-std::uint32_t numberOf(std::string_view bytes)
+std::uint32_t numberOfBytes(std::string_view bytes)
 {
     std::uint32_t value = 0;
     for (const char byte : bytes)
@@ -66,16 +66,18 @@ void MidiChannelSetting::takeMissing(const MidiChannelSetting &other)
 
 MidiContentReader::MidiContentReader(const MidiFile &file, MidiMusic &music, MidiOddities &oddities)
     : _file(file), _music(music), _oddities(oddities), _wholeTick(wholeTick(music.tick)),
-      _open(midiChannels * keyCount)
+      _open(midiChannels * midiKeyCount)
 {
+    constexpr std::size_t tenth = 9;
+    _isRhythm[tenth] = true;
 }
 
 MidiTime MidiContentReader::timeOf(std::uint64_t tick) const noexcept
 {
-    if (_wholeTick != 0 && tick <= static_cast<std::uint64_t>(mostTime / midiQuarter))
-        return std::min(_start + static_cast<MidiTime>(tick) * _wholeTick, mostTime);
+    if (_wholeTick != 0 && tick <= static_cast<std::uint64_t>(mostMidiTime / midiQuarter))
+        return std::min(_start + static_cast<MidiTime>(tick) * _wholeTick, mostMidiTime);
     const double time = static_cast<double>(_start) + static_cast<double>(tick) * _music.tick;
-    return std::llround(std::min(time, static_cast<double>(mostTime)));
+    return std::llround(std::min(time, static_cast<double>(mostMidiTime)));
 }
 
 MidiTrackContent MidiContentReader::read(const MidiTrack &track, MidiTime start)
@@ -98,6 +100,8 @@ MidiTrackContent MidiContentReader::read(const MidiTrack &track, MidiTime start)
             readMeta(event, track.payload(event), time);
         else if (event.isChannelMessage())
             readMessage(event, time);
+        else
+            readSystemEvent(track.payload(event));
     }
     chooseSounds();
     if (_left > 0)
@@ -117,7 +121,7 @@ void MidiContentReader::readMessage(const MidiEvent &event, MidiTime time)
 {
     const auto channel = static_cast<std::size_t>(event.channel());
     auto &notes = _content.notes[channel];
-    Open &sounding = _open[channel * keyCount + event.data1];
+    Open &sounding = _open[channel * midiKeyCount + event.data1];
     if (event.startsNote()) {
         sounding.notes.push_back(notes.size());
         PlayedNote note;
@@ -150,12 +154,28 @@ void MidiContentReader::readMessage(const MidiEvent &event, MidiTime time)
     }
 }
 
+/// "Use for rhythm part" of GS synthesizers: their parts are the channels, the tenth of them first.
+void MidiContentReader::readSystemEvent(std::string_view payload)
+{
+    constexpr std::string_view toModel = "\x42\x12\x40";
+    constexpr std::size_t size = 8;
+    constexpr std::size_t modelAt = 2;
+    constexpr unsigned firstPart = 0x10;
+    constexpr unsigned tenth = 9;
+    if (payload.size() < size || payload[0] != '\x41' || payload[6] != '\x15'
+        || payload.substr(modelAt, toModel.size()) != toModel)
+        return;
+    const unsigned part = static_cast<std::uint8_t>(payload[5]) - firstPart;
+    if (part < midiChannels)
+        _isRhythm[part == 0 ? tenth : part <= tenth ? part - 1 : part] = payload[7] != 0;
+}
+
 /// What never ends is held to the end of its track, or a quarter if it came last.
 void MidiContentReader::endOpenNotes(MidiTime end)
 {
     for (std::size_t place = 0; place < _open.size(); ++place)
         for (std::size_t i = _open[place].next; i < _open[place].notes.size(); ++i) {
-            PlayedNote &note = _content.notes[place / keyCount][_open[place].notes[i]];
+            PlayedNote &note = _content.notes[place / midiKeyCount][_open[place].notes[i]];
             note.playedEnd = std::max(end, note.playedStart + midiQuarter);
             _music.end = std::max(_music.end, note.playedEnd);
             _oddities.add("a note that is never ended is held to the end of its track", _number);
@@ -212,7 +232,7 @@ void MidiContentReader::readMeta(const MidiEvent &event, std::string_view payloa
         _music.sections.push_back({time, textOfMidi(payload)});
         break;
     case MidiMeta::Tempo:
-        if (const auto tempo = numberOf(payload.substr(0, 3));
+        if (const auto tempo = numberOfBytes(payload.substr(0, 3));
             payload.size() >= 3 && tempo > 0 && !_file.division.isSmpte())
             _music.tempos.push_back({time, tempo / 1e6});
         break;

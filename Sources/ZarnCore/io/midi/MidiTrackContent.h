@@ -55,6 +55,9 @@ public:
     /// The keys that were read, as the tracks state them.
     std::vector<KeyChange> &keys() noexcept { return _keys; }
 
+    /// Whether a channel plays drums: the tenth, unless a synthesizer was told otherwise.
+    bool isRhythm(std::size_t channel) const noexcept { return _isRhythm[channel]; }
+
 private:
     /// Notes that sound, by channel and key, the oldest first.
     struct Open {
@@ -64,6 +67,7 @@ private:
 
     MidiTime timeOf(std::uint64_t tick) const noexcept;
     void readMessage(const MidiEvent &event, MidiTime time);
+    void readSystemEvent(std::string_view payload);
     void readMeta(const MidiEvent &event, std::string_view payload, MidiTime time);
     void readMeter(std::string_view payload, MidiTime time);
     void readKey(std::string_view payload, MidiTime time);
@@ -76,6 +80,7 @@ private:
     MidiOddities &_oddities;
     MidiTime _wholeTick; ///< length of a tick; 0 if it is not a whole number
     std::vector<KeyChange> _keys;
+    std::array<bool, midiChannels> _isRhythm = {};
     std::vector<Open> _open;
 
     // Of the track.

@@ -124,7 +124,7 @@ void PartFitter::fitRhythm(const MidiPart &part, PlayedNotes &notes, MidiOdditie
     PlayedNotes told;
     if (isTold)
         told = takeTold(notes);
-    const auto losses = separateVoices(notes, _bars);
+    const auto losses = separateVoices(notes, _bars, part.staves.size() > 1);
     putBack(told, notes);
     for (std::size_t i = 0; i < losses.shortened; ++i)
         oddities.add("a note was made shorter: a staff has four voices", part.midiTrack);

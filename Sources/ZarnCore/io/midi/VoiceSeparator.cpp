@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <utility>
 #include <vector>
 
 namespace zarn::io {
@@ -22,6 +23,9 @@ constexpr double perNewVoice = 10;
 constexpr double perCrossing = 3;
 constexpr double perVoiceNumber = 0.8; ///< lines alone are the first voice
 constexpr double longestGap = 8;       ///< quarters after which a voice is forgotten
+
+/// Semitones that a hand reaches.
+constexpr int mostOfHand = 16;
 
 /// Notes that begin and end together.
 struct Chord {
@@ -52,9 +56,11 @@ class Separation {
 public:
     explicit Separation(PlayedNotes &notes) : _notes(notes) { }
 
-    VoiceLosses separate(const MeterLine &bars)
+    VoiceLosses separate(const MeterLine &bars, bool isForHands)
     {
         findChords();
+        if (isForHands)
+            divideWideChords();
         for (std::size_t first = 0; first < _chords.size();) {
             std::size_t last = first + 1;
             while (last < _chords.size() && _chords[last].start == _chords[first].start)
@@ -122,6 +128,51 @@ private:
                                _notes[last - 1].key, _notes[first].key});
             first = last;
         }
+    }
+
+    /// Divides what stands alone at its time, while two voices are free for it.
+    void divideWideChords()
+    {
+        constexpr std::size_t leastNotes = 3;
+        std::vector<Chord> divided;
+        std::vector<MidiTime> held;
+        divided.reserve(_chords.size());
+        for (std::size_t i = 0; i < _chords.size(); ++i) {
+            const Chord chord = _chords[i];
+            held.erase(std::remove_if(held.begin(), held.end(),
+                                      [&](MidiTime end) { return end <= chord.start; }),
+                       held.end());
+            const bool isAlone = (i == 0 || _chords[i - 1].start != chord.start)
+                && (i + 1 == _chords.size() || _chords[i + 1].start != chord.start);
+            const bool isDivided = isAlone && chord.highest - chord.lowest > mostOfHand
+                && chord.last - chord.first >= leastNotes && held.size() + 2 <= voiceCount;
+            divided.push_back(chord);
+            held.push_back(chord.end);
+            if (!isDivided)
+                continue;
+            const std::size_t cut = divisionOf(chord);
+            divided.back().last = cut;
+            divided.back().lowest = _notes[cut - 1].key;
+            divided.push_back(chord);
+            divided.back().first = cut;
+            divided.back().highest = _notes[cut].key;
+            held.push_back(chord.end);
+        }
+        _chords = std::move(divided);
+    }
+
+    /// Where the lower one of two chords begins: behind a melody in octaves, or in the widest gap.
+    std::size_t divisionOf(const Chord &chord) const
+    {
+        constexpr int octave = 12;
+        std::size_t widest = chord.first + 1;
+        for (std::size_t i = chord.first + 1; i < chord.last; ++i) {
+            if (i + 1 < chord.last && _notes[i].key == chord.highest - octave)
+                return i + 1;
+            if (_notes[i - 1].key - _notes[i].key > _notes[widest - 1].key - _notes[widest].key)
+                widest = i;
+        }
+        return widest;
     }
 
     /// Chords that begin together, at most as many as there are voices.
@@ -255,9 +306,9 @@ private:
 
 } // namespace
 
-VoiceLosses separateVoices(PlayedNotes &notes, const MeterLine &bars)
+VoiceLosses separateVoices(PlayedNotes &notes, const MeterLine &bars, bool isForHands)
 {
-    return Separation(notes).separate(bars);
+    return Separation(notes).separate(bars, isForHands);
 }
 
 } // namespace zarn::io

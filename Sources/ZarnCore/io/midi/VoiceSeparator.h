@@ -16,7 +16,8 @@ struct VoiceLosses {
 /// Puts the notes of a staff, in the order in which they are written, into voices, the highest
 /// first. Notes that begin and end together are a chord. Where one line sounds alone it is one
 /// voice; where several do, each goes on with what lies nearest, and they cross as little as can
-/// be. At most four voices; what a fifth one would need ends earlier.
-VoiceLosses separateVoices(PlayedNotes &notes, const MeterLine &bars);
+/// be. At most four voices; what a fifth one would need ends earlier. On the staves of a keyboard a
+/// chord that no hand could hold is two.
+VoiceLosses separateVoices(PlayedNotes &notes, const MeterLine &bars, bool isForHands);
 
 } // namespace zarn::io
