@@ -75,6 +75,26 @@ TEST_F(DrawTest, everyFormatComesFromOneCommand)
         EXPECT_GT(QFileInfo(_folder.filePath(name)).size(), 2000) << name.toStdString();
 }
 
+/// What is typed by the names of drums has a place on the staff, and a kick is not a hi-hat's.
+TEST_F(DrawTest, drumsThatWereTypedStandOnTheirLines)
+{
+    ASSERT_EQ(runTool({QStringLiteral("new"), QStringLiteral("-t"), QStringLiteral("drums"),
+                       QStringLiteral("-b"), QStringLiteral("1"), QStringLiteral("-c"),
+                       QStringLiteral("write 1:1 \"[kick hihat]q snare kick hihat\""), path("beat.zarn")})
+                  .code,
+              0);
+    const ToolRun run = draw(path("beat.zarn"), path("beat.json"));
+    ASSERT_EQ(run.code, 0);
+    EXPECT_EQ(run.err, "");
+    rapidjson::Document dump;
+    dump.Parse(contentOf(path("beat.json")).c_str());
+    std::set<int> heights;
+    for (const auto &mark : dump["marks"].GetArray())
+        if (mark["kind"] == "noteHead")
+            heights.insert(mark["at"][1].GetInt());
+    EXPECT_EQ(heights.size(), 3U);
+}
+
 TEST_F(DrawTest, anSvgHasTheFretsOfTheScoreAtTheirPlaces)
 {
     ASSERT_EQ(draw(romance(), path("study.svg"),

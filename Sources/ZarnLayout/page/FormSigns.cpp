@@ -375,6 +375,9 @@ void addFermatas(RowDraft &row, const SystemDraft &draft)
                 : mark.kind == Fermata::Long              ? Sign::FermataLongAbove
                                                           : Sign::FermataAbove;
             const Box &box = draft.pen.fonts().box(sign);
+            // In front of a line that leads to the staff above.
+            if (time >= length && row.hasLinesAbove)
+                x -= box.width() / 2 + 0.2;
             // Over the last line as far to the right as the margin allows.
             x = std::min(x - (box.left + box.right) / 2, draft.right + 0.3 - box.right);
             // A bar that is empty here has one for all that are written on it.

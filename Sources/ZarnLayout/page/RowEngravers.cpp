@@ -20,9 +20,9 @@ using EngraveRow = void (*)(RowDraft &row, const SystemDraft &draft);
 
 /// What is nearer to the notes comes first.
 constexpr EngraveRow rowEngravers[] = {
-    addTies,      addTremolos,  addStringLinks,  addArticulations, addSlurs,
-    addTuplets,   addBeatSigns, addFermatas,     addBends,         addDynamics,
-    addStretches, addLyrics,    addChordSymbols,
+    addTies,      addTremolos, addStringLinks,  addArticulations, addSlurs,
+    addBends,     addTuplets,  addBeatSigns,    addFermatas,      addDynamics,
+    addStretches, addLyrics,   addChordSymbols,
 };
 
 } // namespace
