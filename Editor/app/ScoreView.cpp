@@ -132,19 +132,31 @@ void ScoreView::showPlayback(
         _playbackLine = {};
         return;
     }
-    // The system that sounds is brought into view when it begins; a user who scrolls is left alone.
+    // What sounds is followed from system to system and along a line; a user who scrolls away from
+    // it is left alone until it is seen again.
     const QRectF now(line->box.left, line->box.top + static_cast<double>(line->page) * 1e7, 0,
                      line->box.height());
     const bool isOtherSystem = now.top() != _playbackLine.top();
+    const bool isFirst = _playbackLine.isNull();
     _playbackLine = now;
+    const QRectF seen(viewport()->rect());
     const QRectF shown = viewRect(*line).adjusted(0, 0, 1, 0); // a line without width is nowhere
-    if (!isOtherSystem || QRectF(viewport()->rect()).contains(shown))
-        return;
-    const int quarter = viewport()->height() / 4;
-    verticalScrollBar()->setValue(verticalScrollBar()->value() + qRound(shown.top()) - quarter);
-    if (shown.left() < 0 || shown.left() > viewport()->width())
-        horizontalScrollBar()->setValue(horizontalScrollBar()->value() + qRound(shown.left())
-                                        - viewport()->width() / 4);
+    const auto scrolledTo = [this] {
+        return QPoint(horizontalScrollBar()->value(), verticalScrollBar()->value());
+    };
+    if (isFirst || seen.intersects(shown))
+        _isFollowingPlayback = true;
+    else if (scrolledTo() != _playbackScroll)
+        _isFollowingPlayback = false;
+    const auto bring = [](QScrollBar &bar, double place, int length) {
+        bar.setValue(bar.value() + qRound(place) - length / 4);
+    };
+    if (_isFollowingPlayback && isOtherSystem
+        && (shown.top() < seen.top() || shown.bottom() > seen.bottom()))
+        bring(*verticalScrollBar(), shown.top(), viewport()->height());
+    if (_isFollowingPlayback && (shown.left() < seen.left() || shown.right() > seen.right()))
+        bring(*horizontalScrollBar(), shown.left(), viewport()->width());
+    _playbackScroll = scrolledTo();
 }
 
 std::optional<ScoreModelIndex> ScoreView::placeOf(const views::PointedAt &at) const

@@ -30,8 +30,8 @@ public:
     /// From notation to tablature, or what else the track of the cursor shows.
     void goToOtherKind();
 
-    /// Draws the line of what sounds, and scrolls when it comes to another system, unless the user
-    /// scrolled meanwhile.
+    /// Draws the line of what sounds, and scrolls when it comes to another system or leaves the
+    /// window, unless the user scrolled away from it.
     void showPlayback(const std::optional<std::pair<std::int32_t, utils::rational>> &position);
 
 Q_SIGNALS:
@@ -58,7 +58,9 @@ private:
     ZoomPolicy _zoomPolicy = ZoomPolicy::Width;
     bool _isRevealing = true;
     bool _isFitting = false;
-    QRectF _playbackLine; ///< on the sheets, in units of the layout
+    QRectF _playbackLine;   ///< on the sheets, in units of the layout
+    QPoint _playbackScroll; ///< where the scroll bars were when it was shown last
+    bool _isFollowingPlayback = true;
 };
 
 } // namespace zarn::editor

@@ -112,6 +112,30 @@ TEST(EntryTest, playingDoesNotMoveWhatIsSeenAlready)
     EXPECT_EQ(bar.value(), before);
 }
 
+TEST(EntryTest, aLineFollowsWhatSoundsUntilTheUserScrolls)
+{
+    EditorDriver driver(QStringLiteral(ZARN_SOURCE_DIR "/Samples/saints-band.musicxml"));
+    ASSERT_TRUE(driver.trigger(QStringLiteral("view.singleLine")));
+    const auto play = [&driver](int bar) {
+        driver.view().showPlayback(
+            std::pair<std::int32_t, utils::rational>(bar, utils::rational(1)));
+    };
+    QScrollBar &line = *driver.view().horizontalScrollBar();
+    play(0);
+    EXPECT_EQ(line.value(), 0);
+    const int last = static_cast<int>(driver.model().masterTrack()->masterBarCount()) - 1;
+    play(last / 2);
+    const int half = line.value();
+    EXPECT_GT(half, 0);
+    line.setValue(0);
+    play(last);
+    EXPECT_EQ(line.value(), 0) << "the user looks at something else";
+    line.setValue(half);
+    play(last / 2);
+    play(last);
+    EXPECT_GT(line.value(), half) << "it was seen again";
+}
+
 TEST(EntryTest, theStaffThatWasChosenComesBackBehindTracksWithoutIt)
 {
     EditorDriver driver;
