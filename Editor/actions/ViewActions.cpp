@@ -2,6 +2,7 @@
 #include "actions/ActionTable.h"
 #include "actions/Menus.h"
 #include "app/Appearance.h"
+#include "app/Editor.h"
 #include "app/MainWindow.h"
 #include "app/ScoreView.h"
 #include "document/Document.h"
@@ -25,6 +26,20 @@ void zoom(const ActionContext &context)
     context.view.setZoomPolicy(ZoomPolicy::Free);
     context.view.zoomBy(IsIn ? zoomStep : 1 / zoomStep,
                         QRectF(context.view.viewport()->rect()).center());
+}
+
+void zoomTo(const ActionContext &context)
+{
+    constexpr int percent = 100;
+    constexpr int least = 10;
+    constexpr int most = 1600;
+    const auto chosen = context.window.editor().questions().askNumber(
+        &context.window, Text::tr("Percent of the size on paper:"),
+        qRound(context.view.zoom() * percent), least, most);
+    if (!chosen)
+        return;
+    context.view.setZoomPolicy(ZoomPolicy::Free);
+    context.view.setZoom(static_cast<double>(*chosen) / percent);
 }
 
 Action zoomPolicy(const char *id, const QString &text, const char *keys, ZoomPolicy policy)
@@ -118,6 +133,11 @@ std::vector<ActionGroup> viewActions()
              return !context.view.layouts().options().tracks.empty();
          }},
     };
+    Action chosenZoom;
+    chosenZoom.id = QStringLiteral("view.zoomTo");
+    chosenZoom.text = Text::tr("&Zoom to...");
+    chosenZoom.run = zoomTo;
+    chosenZoom.isAsking = true;
     const std::vector<Action> zooms = {
         {QStringLiteral("view.zoomIn"),
          Text::tr("Zoom &in"),
@@ -134,6 +154,7 @@ std::vector<ActionGroup> viewActions()
              context.view.setZoomPolicy(ZoomPolicy::Free);
              context.view.setZoom(1);
          }},
+        chosenZoom,
         zoomPolicy("view.fitWidth", Text::tr("Fit the &width"), "Ctrl+1", ZoomPolicy::Width),
         zoomPolicy("view.fitHeight", Text::tr("Fit the &height"), "Ctrl+2", ZoomPolicy::Height),
         zoomPolicy("view.fitPage", Text::tr("Fit the pa&ge"), "Ctrl+3", ZoomPolicy::Page),

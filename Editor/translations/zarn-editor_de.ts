@@ -2836,6 +2836,14 @@
         <source>&amp;Appearance</source>
         <translation>&amp;Erscheinung</translation>
     </message>
+    <message>
+        <source>Percent of the size on paper:</source>
+        <translation>Prozent der Größe auf dem Papier:</translation>
+    </message>
+    <message>
+        <source>&amp;Zoom to...</source>
+        <translation>&amp;Zoomen auf ...</translation>
+    </message>
 </context>
 <context>
     <name>zarn::editor::AutomationsPanel</name>
