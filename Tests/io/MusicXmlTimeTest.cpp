@@ -2,6 +2,8 @@
 // Traps of time: rounded, missing and contradictory durations, voices, gaps, bars of odd length.
 #include "MusicXmlText.h"
 
+#include <ZarnCore/model/form/ZarnInForce.h>
+
 #include <gtest/gtest.h>
 
 using namespace musicxml;
@@ -172,4 +174,22 @@ TEST(MusicXmlTime, partsOfUnequalLengthGetEmptyBars)
     const auto model = import(text, report);
     EXPECT_EQ(model->track(1)->barCount(), 3u);
     EXPECT_TRUE(report.hasProblem("part 2, bar 2: the part ends 2 bars before"));
+}
+
+TEST(MusicXmlTime, notesThatEqualOthersAgainAndAgainLeaveATempoThatCanBePlayed)
+{
+    for (const auto &[equal, other] : {std::pair("whole", "32nd"), std::pair("32nd", "whole")}) {
+        std::string measures = measure(divisions(1) + note("C", 4, 4, "whole"));
+        for (int i = 0; i < 60; ++i)
+            measures += measure("<direction><direction-type><metronome><beat-unit>"
+                                + std::string(equal) + "</beat-unit><beat-unit>" + other
+                                + "</beat-unit></metronome></direction-type></direction>"
+                                + note("C", 4, 4, "whole"));
+        ImportReport report;
+        const auto model = import(score(measures), report);
+        const auto tempos = zarn::temposOf(*model->masterTrack());
+        ASSERT_EQ(tempos.size(), 61U);
+        EXPECT_GT(tempos.back().value, 0);
+        EXPECT_LE(tempos.back().value, 1e6);
+    }
 }

@@ -323,6 +323,9 @@ void MasterBarBuilder::setTempos(MasterTrack &master)
             < std::tie(b.second->bar, b.second->position);
     });
     double quarters = TempoMark().value;
+    // Where one note is said to equal another again and again.
+    constexpr double slowest = 0.01;
+    constexpr double fastest = 1e6;
     for (const auto &[part, written] : tempos) {
         const auto &tempo = *written;
         const auto bar = static_cast<std::uint32_t>(tempo.bar);
@@ -336,7 +339,7 @@ void MasterBarBuilder::setTempos(MasterTrack &master)
             continue;
         }
         if (value.value <= 0)
-            value.value = quarters * tempo.factor;
+            value.value = std::clamp(quarters * tempo.factor, slowest, fastest);
         quarters = quartersOf(value);
         auto automation = std::make_unique<TempoAutomation>();
         automation->setIndex(bar);
