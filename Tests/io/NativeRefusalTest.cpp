@@ -266,6 +266,13 @@ TEST(NativeRefusal, whatADocumentCannotHoldIsNotWritten)
     model.setConcertTone(std::numeric_limits<double>::quiet_NaN());
     EXPECT_EQ(refusalOf(model),
               "/concertTone: cannot be saved: nan is not a number from 220 to 880");
+    model.setConcertTone(440);
+    model.track(1)->staves()[0]->setTuning(GuitarTuning(6));
+    PageSetup setup;
+    setup.orientation = static_cast<PageSetup::Orientation>(2);
+    model.setPageSetup(setup);
+    EXPECT_EQ(refusalOf(model),
+              "/page/orientation: cannot be saved: 2 is not one of Portrait, Landscape");
 }
 
 TEST(NativeRefusal, rhythmsAreReadAsTheyAreWritten)
@@ -367,14 +374,15 @@ TEST(NativeRefusal, automationsThatNothingCouldHaveMadeAreLeftOutAndReported)
     const auto model = test::readNative(
         score(R"("master":{"automations":[{"type":"Tempo","bar":2,"value":90},)"
               R"({"type":"Tempo","bar":1,"value":70},{"type":"DSPParam_03","bar":1},)"
-              R"({"type":"Tempo","bar":1,"value":80}],"bars":[{},{}]},)"
+              R"({"type":"Tempo","bar":1,"value":80},{"type":"Tempo","value":0}],"bars":[{},{}]},)"
               R"("tracks":[{"automations":[{"type":"Sound","bar":99999}],)"
               R"("staves":[{"bars":[{},{}]}]}])"),
         report);
     const auto tempos = model->masterTrack()->automations(Automation::Tempo);
     ASSERT_EQ(tempos.size(), 1U);
     EXPECT_EQ(tempos.front()->value(), 80.0f);
-    EXPECT_EQ(report.problems().size(), 3U);
+    EXPECT_EQ(report.problems().size(), 4U);
+    EXPECT_TRUE(report.hasProblem("/master/automations: 1 tempo that is not above 0"));
     EXPECT_TRUE(report.hasProblem("/master/automations: 1 of them stand where a later one"));
     EXPECT_TRUE(report.hasProblem("/master/automations: 1 automation behind the last bar"));
     EXPECT_TRUE(report.hasProblem("/tracks/0/automations: 1 automation behind the last bar"));

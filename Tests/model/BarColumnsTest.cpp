@@ -46,7 +46,7 @@ void decorate(ScoreModel &model, std::mt19937 &random)
     if (count > 1)
         tieOver(model, 1 + bar() % (count - 1));
     for (const auto &track : model.tracks()) {
-        addTempo(track->mutableAutomations(), bar(), 0.f, static_cast<float>(random() % 99));
+        addTempo(track->mutableAutomations(), bar(), 0.f, static_cast<float>(1 + random() % 99));
         for (const auto &staff : track->staves()) {
             const unsigned at = bar();
             staff->unmarkSimile(at);

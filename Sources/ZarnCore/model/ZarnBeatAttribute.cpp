@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/model/ZarnBeatAttribute.h>
 
+#include <ZarnCore/chords/ZarnChordDiagram.h>
 #include <ZarnCore/model/AttributeRows.h>
 #include <ZarnCore/model/ZarnStaff.h>
 #include <ZarnCore/model/notes/Ties.h>
+
+#include <algorithm>
 
 namespace zarn {
 
@@ -75,10 +78,23 @@ bool hasStringsOfBarre(const Staff &staff, const Beat &, const AttributeValue &v
         && static_cast<unsigned>(barre.strings) >> staff.tuning().stringCount() == 0;
 }
 
+/// Strings that are played or not, and fingers that a hand has.
+bool canBeHeld(const ChordDiagram &diagram)
+{
+    constexpr std::uint8_t thumb = 5;
+    return std::all_of(diagram.frets.begin(), diagram.frets.end(),
+                       [](std::int8_t fret) { return fret >= -1; })
+        && diagram.fingers.size() <= diagram.frets.size()
+        && std::all_of(diagram.fingers.begin(), diagram.fingers.end(),
+                       [](std::uint8_t finger) { return finger <= thumb; });
+}
+
 bool hasStringsOfDiagram(const Staff &staff, const Beat &, const AttributeValue &value)
 {
     const auto chord = value.to<ChordMark>();
-    return !chord.diagram || chord.diagram->frets.size() == staff.tuning().stringCount();
+    return !chord.diagram
+        || (chord.diagram->frets.size() == staff.tuning().stringCount()
+            && canBeHeld(*chord.diagram));
 }
 
 const Beat *nextOf(const Beat &beat)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/model/ZarnModelCheck.h>
 
+#include <ZarnCore/instruments/automations/AutomationRange.h>
+#include <ZarnCore/instruments/sounds/SoundRange.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/notes/LinkFaults.h>
 #include <ZarnCore/model/notes/SpanFaults.h>
@@ -30,6 +32,8 @@ public:
             expect(track->parentScoreModel().get() == &model, place, "wrong parent");
             expect(track->forcedSoundIndex() < static_cast<int>(track->sounds().size()), place,
                    "plays with a sound that it does not have");
+            for (const auto &sound : track->sounds())
+                expect(isInRange(*sound), place, "sound with numbers that MIDI does not have");
             checkAutomations(track->automations(), place);
             for (unsigned s = 0; s < track->staffCount(); ++s)
                 checkStaff(*track, s, place + " staff " + std::to_string(s));
@@ -75,6 +79,7 @@ private:
                 expect(automation->parent() == &container, place, "automation with wrong parent");
                 expect(automation->index() < _barCount || automation->index() == 0, place,
                        "automation on no bar");
+                expect(isInRange(*automation), place, "automation that cannot be played");
                 before = automation;
             }
         }

@@ -95,6 +95,11 @@ void expectLayoutCommandsRefused(RichScore &rich)
             },
             [&] {
                 PageSetup setup;
+                setup.orientation = static_cast<PageSetup::Orientation>(2);
+                return score.setPageSetup(setup);
+            },
+            [&] {
+                PageSetup setup;
                 setup.staffSpace = 0;
                 return score.setPageSetup(setup);
             },

@@ -7,6 +7,20 @@ using namespace rich;
 
 namespace {
 
+GuitarTuning withOffset(int semitones)
+{
+    GuitarTuning tuning{40, 45};
+    tuning.setMidiOffset(semitones);
+    return tuning;
+}
+
+std::shared_ptr<Track> withProgram(int program)
+{
+    auto track = ScoreModel::createTrack(InstrumentSet::flute);
+    track->addSound(std::make_shared<Sound>("Odd", MIDISound(program)));
+    return track;
+}
+
 AudioTrack withVolume(float volume)
 {
     AudioTrack track("Take");
@@ -80,6 +94,8 @@ void expectTrackCommandsRefused(RichScore &rich)
                          [&] { return score.setTrackIcon(0, static_cast<ZarnIconID>(0)); },
                          [&] { return score.setGuitarFullTuning(1, 2, {40}); },
                          [&] { return score.setGuitarFullTuning(0, 0, {40}, 99); },
+                         [&] { return score.setGuitarFullTuning(0, 0, withOffset(128)); },
+                         [&] { return score.insertTrack(0, withProgram(128)); },
                          [&] { return score.createAudioTrack(3, std::make_shared<AudioTrack>()); },
                          [&] { return score.createAudioTrack(0, rich.model.audioTracks()[1]); },
                          [&] { return score.removeAudioTrack(2); },

@@ -10,11 +10,12 @@ using namespace rich;
 namespace {
 
 /// A diagram with a fret on each of so many strings.
-ChordMark withDiagram(std::size_t strings)
+ChordMark withDiagram(std::size_t strings, std::int8_t fret = 2, std::uint8_t finger = 1)
 {
     ChordDiagram diagram;
     diagram.name = "A";
-    diagram.frets.assign(strings, 2);
+    diagram.frets.assign(strings, fret);
+    diagram.fingers.assign(strings, finger);
     return {"A", std::make_shared<const ChordDiagram>(diagram)};
 }
 
@@ -53,6 +54,8 @@ void expectWordCommandsRefused(RichScore &rich)
                      {
                          [&] { return score.setChord(rich.at(0, 0), ChordMark()); },
                          [&] { return score.setChord(rich.at(0, 0), withDiagram(5)); },
+                         [&] { return score.setChord(rich.at(0, 0), withDiagram(6, -2)); },
+                         [&] { return score.setChord(rich.at(0, 0), withDiagram(6, 2, 6)); },
                          [&] { return score.setChord(rich.at(0, -1), withDiagram(6)); },
                          [&] { return score.setChord(rich.at(0, 4), withDiagram(6)); },
                          [&] { return score.unsetChord(rich.from(0, 0, 0, 2)); },

@@ -39,7 +39,8 @@ bool SetPageSetup::init(Score *score, const PageSetup &setup)
     int height = setup.height;
     if (setup.orientation == PageSetup::Orientation::Landscape)
         std::swap(width, height);
-    return isBetween(width, smallestSheet, largestSheet)
+    return setup.orientation <= PageSetup::Orientation::Landscape
+        && isBetween(width, smallestSheet, largestSheet)
         && isBetween(height, smallestSheet, largestSheet)
         && isBetween(setup.staffSpace, smallestStaffSpace, largestStaffSpace)
         && leaveRoom(setup.leftMargin, setup.rightMargin, width)

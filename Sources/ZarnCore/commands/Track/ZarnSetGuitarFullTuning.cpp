@@ -13,8 +13,6 @@ namespace zarn::cmd {
 
 namespace {
 
-constexpr int highestKey = 127;
-
 bool isOnStaff(const ChordDiagram &diagram, const Staff &staff)
 {
     return diagram.frets.size() == staff.tuning().stringCount();
@@ -57,7 +55,8 @@ bool SetGuitarFullTuning::init(Score *score, unsigned track, unsigned staff,
     _setting.tuning = tuning;
     _setting.capoFret = capoFret;
     _retuning = retuning;
-    return tuning.stringCount() <= MostStrings && prepareAll(score, track, staff);
+    return tuning.stringCount() <= MostStrings && tuning.storedMidiOffset() >= -highestKey
+        && tuning.storedMidiOffset() <= highestKey && prepareAll(score, track, staff);
 }
 
 Staff *SetGuitarFullTuning::findStaff() const

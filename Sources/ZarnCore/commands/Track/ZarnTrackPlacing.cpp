@@ -2,6 +2,8 @@
 #include <ZarnCore/commands/Track/ZarnTrackPlacing.h>
 
 #include <ZarnCore/events/ZarnTrackEvents.h>
+#include <ZarnCore/instruments/automations/AutomationRange.h>
+#include <ZarnCore/instruments/sounds/SoundRange.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/score/ZarnScoreBase.h>
 
@@ -28,6 +30,21 @@ bool fits(const Track &track, unsigned barCount)
     return isShort;
 }
 
+/// Whether it has nothing that could be neither played nor saved with the score.
+bool canBePlayed(const Track &track)
+{
+    const auto &sounds = track.sounds();
+    if (!std::all_of(sounds.begin(), sounds.end(),
+                     [](const auto &sound) { return isInRange(*sound); }))
+        return false;
+    for (unsigned slot = 0; slot < Automation::automationTypeCount; ++slot)
+        for (const Automation *const automation :
+             track.automations().automations(Automation::idType(slot)))
+            if (!isInRange(*automation))
+                return false;
+    return true;
+}
+
 } // namespace
 
 TrackPlacing::~TrackPlacing() = default;
@@ -36,7 +53,7 @@ TrackPlacing::~TrackPlacing() = default;
 bool TrackPlacing::canGoIn(unsigned index, const std::shared_ptr<Track> &track) const
 {
     return track != nullptr && index <= model().trackCount() && track->parentScoreModel() == nullptr
-        && fits(*track, model().masterTrack()->masterBarCount());
+        && fits(*track, model().masterTrack()->masterBarCount()) && canBePlayed(*track);
 }
 
 bool TrackPlacing::canGoOut(unsigned index) const

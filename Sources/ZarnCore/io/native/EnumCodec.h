@@ -9,8 +9,8 @@
 namespace zarn::io::native {
 
 /// Enumerators by their published texts, found through the printer and the parser of the
-/// enumeration. A value stands by its text when the text leads back to it, else by its number;
-/// numbers are read for the values of `Untexted` alone.
+/// enumeration. A value stands by its text when the text leads back to it; those of `Untexted`
+/// stand by their numbers. There are no others: such a value does not fit.
 template <auto ToText, auto FromText, std::int64_t Highest, auto... Untexted>
 struct EnumCodec {
     using E = std::decay_t<std::invoke_result_t<decltype(FromText), const std::string &>>;
@@ -20,8 +20,10 @@ struct EnumCodec {
         const auto number = static_cast<std::int64_t>(value);
         if (number >= 0 && number <= Highest && !texts()[static_cast<std::size_t>(number)].empty())
             writer.text(texts()[static_cast<std::size_t>(number)]);
-        else
+        else if (isUntexted(number))
             writer.Int64(number);
+        else
+            throw Misfit{{}, std::to_string(number) + " is not " + choices()};
     }
 
     static E read(DocumentReader &reader, const Json &json)
@@ -32,12 +34,17 @@ struct EnumCodec {
             if (found != known.end())
                 return static_cast<E>(found - known.begin());
         }
-        if (json.isWhole() && ((json.whole() == static_cast<std::int64_t>(Untexted)) || ...))
+        if (json.isWhole() && isUntexted(json.whole()))
             return static_cast<E>(json.whole());
         reader.refuseKind(choices(), json);
     }
 
 private:
+    static bool isUntexted([[maybe_unused]] std::int64_t number) noexcept
+    {
+        return ((number == static_cast<std::int64_t>(Untexted)) || ...);
+    }
+
     /// The text of each value from 0, empty where it has none that leads back.
     static const std::vector<std::string> &texts()
     {
