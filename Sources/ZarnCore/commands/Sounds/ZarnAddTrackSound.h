@@ -18,9 +18,8 @@ public:
     AddTrackSound();
     ~AddTrackSound() override;
 
-    /// The sound is shared and must not change. False for no sound, for
-    /// one whose numbers MIDI does not have, and for a track that is not
-    /// there.
+    /// The sound is shared and must not change. False for no sound, for one whose numbers MIDI does
+    /// not have, and for a track that is not there.
     bool init(Score *score, unsigned track, std::shared_ptr<const Sound> sound);
 
 private:

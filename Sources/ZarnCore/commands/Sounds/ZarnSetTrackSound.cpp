@@ -27,8 +27,7 @@ bool SetTrackSound::init(Score *score, unsigned track, unsigned index,
     _track = track;
     _index = index;
     _sound = std::move(sound);
-    return _sound != nullptr && isInRange(*_sound)
-        && expectPlace([this] { return isPossible(); });
+    return _sound != nullptr && isInRange(*_sound) && expectPlace([this] { return isPossible(); });
 }
 
 bool SetTrackSound::isPossible() const

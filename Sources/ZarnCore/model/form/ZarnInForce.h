@@ -33,8 +33,8 @@ struct InForce {
 };
 
 /// The tempo as written; a bypassed automation is for playback. Where none stands at the first
-/// bar's start, the score starts with its `TempoSettings`; while these are at their default no tempo
-/// is given, and none is visible. A place behind the end has the last one.
+/// bar's start, the score starts with its `TempoSettings`; while these are at their default no
+/// tempo is given, and none is visible. A place behind the end has the last one.
 ZARNCORE_EXPORT TempoMark tempoInForce(const MasterTrack &track, unsigned bar, float position = 0);
 
 /// Meter and key of a bar behind the end are those of the last one; without bars 4/4 and C major.
