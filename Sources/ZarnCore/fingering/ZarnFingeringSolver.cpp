@@ -23,7 +23,7 @@ constexpr std::size_t windowLength = 64;
 constexpr std::size_t lookahead = 24;
 
 /// How much an effort of 1 counts beside a note that is surely played otherwise.
-constexpr double shareOfEffort = 0.3;
+constexpr double shareOfEffort = 1;
 
 /// Events that may wait for what comes behind them to decide how they are played.
 constexpr std::size_t mostUndecided = 1024;
