@@ -22,8 +22,9 @@ constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr std::size_t windowLength = 64;
 constexpr std::size_t lookahead = 24;
 
-/// How much an effort of 1 counts beside a note that is surely played otherwise.
-constexpr double shareOfEffort = 1;
+/// How much an effort of 1 counts beside a note that is surely played otherwise. With less, a scale
+/// may be begun in one position and ended in another, each of which is likely by itself.
+constexpr double shareOfEffort = 2;
 
 /// Events that may wait for what comes behind them to decide how they are played.
 constexpr std::size_t mostUndecided = 1024;
