@@ -8,10 +8,10 @@ namespace zarn::fingering {
 /// How hard the shape of a hand is, `chord::HandModel` says, from the choices of thousands of chord
 /// diagrams. What it takes to get from one shape to the next is told by nine fingered editions of
 /// guitar music: under these weights, what the editors wrote is likely among all ways to play it.
-/// On a piece that they are not fitted to, the solver agrees under such weights with the editor in
-/// some 74 of 100 strings and 57 fingers (69 and 56 by the easiest way alone); two editors of one
-/// piece, who share it out differently, agree in 43 fingers. `zarn_fingering_report --fit` measures
-/// the like.
+/// On a piece that they are not fitted to, the easiest way under such weights agrees with the
+/// editor in some 69 to 73 of 100 strings and 56 fingers, and heeding the other easy ways helps
+/// further; two editors of one piece, who share it out differently, agree in 43 fingers. What such
+/// fits reach `zarn_fingering_report --fit` measures.
 struct FingeringWeights {
     /// A press of `chord::HandModel`: counts once, when fingers are laid down. For a finger alone
     /// stands its own weight.
