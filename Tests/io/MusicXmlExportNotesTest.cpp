@@ -95,6 +95,22 @@ TEST(MusicXmlExportNotes, percussionIsUnpitchedWithAnInstrumentForEachKey)
     EXPECT_EQ(written.all("//clef/sign"), "percussion");
 }
 
+TEST(MusicXmlExportNotes, drumsThatAreNothingButAKeyHaveTheirPlaceAndHead)
+{
+    ScoreModel model;
+    model.createAndInsertTrack(0, InstrumentSet::drumKit);
+    model.insertEmptyBarColumns(0, 1);
+    auto beat = std::make_shared<Beat>(RhythmValue(RhythmValue::NoteValue::Whole));
+    for (const int key : {36, 38, 42})
+        beat->addNote(std::make_shared<zarn::Note>(key));
+    model.track(0)->bar(0)->ensureVoice(0)->insertBeats(0, {beat});
+    const Exported written(model);
+    EXPECT_EQ(written.all("//display-step"), "F C G");
+    EXPECT_EQ(written.all("//display-octave"), "4 5 5");
+    EXPECT_EQ(written.all("//note[3]/notehead"), "x");
+    EXPECT_EQ(written.count("//notehead"), 1U);
+}
+
 TEST(MusicXmlExportNotes, unpitchedNotesStandAsPitchesDoUnderTheClefAtHand)
 {
     const auto struck = [](const char *step, int octave) {

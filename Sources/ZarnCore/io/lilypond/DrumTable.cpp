@@ -3,6 +3,7 @@
 
 #include <ZarnCore/io/lilypond/NoteHeads.h>
 #include <ZarnCore/io/lilypond/Words.h>
+#include <ZarnCore/io/midi/DrumStaff.h>
 #include <ZarnCore/model/ZarnBar.h>
 #include <ZarnCore/model/notes/StaffLineOfNote.h>
 #include <ZarnCore/music/ZarnDrumKeys.h>
@@ -42,8 +43,11 @@ std::string DrumTable::nameOf(const Note &note, const Beat &beat, const Bar &bar
 {
     Drum drum;
     drum.key = note.midi();
-    drum.line = staffLineOf(note, beat, bar).value_or(middleLine) - middleLine;
-    drum.head = note.isDead() ? "cross" : headStyle(note.noteHead());
+    const auto look = io::lookOfKey(note, bar);
+    drum.line =
+        (look ? look->line : staffLineOf(note, beat, bar).value_or(middleLine)) - middleLine;
+    const auto head = look && note.noteHead() == NoteHead::Normal ? look->head : note.noteHead();
+    drum.head = note.isDead() ? "cross" : headStyle(head);
     unsigned looks = 0;
     for (const Drum &known : _drums) {
         if (known.key != drum.key)

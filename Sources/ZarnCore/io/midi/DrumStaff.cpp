@@ -2,7 +2,10 @@
 #include <ZarnCore/io/midi/DrumStaff.h>
 
 #include <ZarnCore/instruments/sets/ZarnInstrumentSet.h>
+#include <ZarnCore/model/ZarnBar.h>
 #include <ZarnCore/model/ZarnNote.h>
+#include <ZarnCore/model/ZarnStaff.h>
+#include <ZarnCore/model/ZarnTrack.h>
 #include <ZarnCore/model/notes/ZarnInstrumentNotes.h>
 #include <ZarnCore/model/notes/ZarnNotePosition.h>
 
@@ -42,6 +45,13 @@ constexpr DrumRow rows[] = {
 
 constexpr int middleLine = 4;
 
+const DrumRow *findRow(int key)
+{
+    const auto *const row = std::find_if(std::begin(rows), std::end(rows),
+                                         [&](const DrumRow &known) { return known.key == key; });
+    return row == std::end(rows) ? nullptr : row;
+}
+
 } // namespace
 
 void setDrum(Note &note, int key, const InstrumentSet *set)
@@ -54,11 +64,28 @@ void setDrum(Note &note, int key, const InstrumentSet *set)
             note.setMidi(key);
             return;
         }
-    const auto *const row = std::find_if(std::begin(rows), std::end(rows),
-                                         [&](const DrumRow &known) { return known.key == key; });
-    note.setStaffLine(row == std::end(rows) ? middleLine : row->line);
-    if (row != std::end(rows))
+    const auto *const row = findRow(key);
+    note.setStaffLine(row ? row->line : middleLine);
+    if (row)
         note.setNoteHead(row->head);
+}
+
+std::optional<DrumLook> lookOfKey(const Note &note, const Bar &bar)
+{
+    const auto staff = bar.parentStaff();
+    const auto track = staff ? staff->track() : nullptr;
+    if (!track || !InstrumentSet::isUnpitched(track->type())
+        || note.staffLine() != Note::NoStaffLine || note.percussionArticulation() != Note::Unset)
+        return std::nullopt;
+    const auto set = track->instrumentSet();
+    const int index = set ? set->indexOfArticulationWithMidi(note.midi()) : -1;
+    if (index >= 0) {
+        const auto &articulation = set->articulations()[static_cast<std::size_t>(index)];
+        return DrumLook{articulation.staffLine(), articulation.notehead(0).noteHead()};
+    }
+    const auto *const row =
+        track->type() == InstrumentSet::drumKit ? findRow(note.midi()) : nullptr;
+    return row ? std::optional<DrumLook>({row->line, row->head}) : std::nullopt;
 }
 
 } // namespace zarn::io

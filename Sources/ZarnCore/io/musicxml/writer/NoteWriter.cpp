@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/io/musicxml/writer/NoteWriter.h>
 
+#include <ZarnCore/io/midi/DrumStaff.h>
 #include <ZarnCore/io/musicxml/MusicXmlTag.h>
 #include <ZarnCore/io/musicxml/NoteReader.h>
 #include <ZarnCore/io/musicxml/signs/Articulations.h>
@@ -203,7 +204,9 @@ void NoteWriter::writeUnpitched(const Note &note, const Beat &beat, const PartSt
                                 pugi::xml_node node)
 {
     _isPitched = false;
-    const int line = staffLineOf(note, beat, *_bar).value_or(middleLine);
+    const auto look = lookOfKey(note, *_bar);
+    const int line = look ? look->line : staffLineOf(note, beat, *_bar).value_or(middleLine);
+    _usualHead = look ? look->head : NoteHead::Normal;
     const ClefType clef = staff.isTablature ? ClefType::G2 : clefOver(beat, *_bar);
     // MusicXML counts octaves from C of MIDI key 12.
     const int step = Music::lineOffsetFromClefAndOttavia(clef, 0) - stepsOfOctave + line;
@@ -283,8 +286,10 @@ void NoteWriter::writeHead(const Note &note, const Beat &beat, pugi::xml_node no
 {
     const bool isGhost =
         note.antiAccent() == AntiAccent::Normal || note.antiAccent() == AntiAccent::Strong;
+    const bool isUsual = !_isPitched && note.noteHead() == NoteHead::Normal;
     const auto head = beat.isSlashed() ? NoteHead::Slash
         : note.isDead()                ? NoteHead::Cross
+        : isUsual                      ? _usualHead
                                        : note.noteHead();
     if (head == NoteHead::Normal && !isGhost)
         return;

@@ -75,10 +75,11 @@ private:
     Accidentals _ofKey = {};       ///< by octave and step
     Accidentals _accidentals = {}; ///< in force in the bar
     PitchSpelling _spelling;
-    SpelledPitch _pitch;        ///< of the note that is written
-    bool _hasNotations = true;  ///< the beat that is written may have some
-    bool _isPitched = false;    ///< that it has one
-    std::int64_t _duration = 0; ///< of the chord that is written
+    SpelledPitch _pitch;                    ///< of the note that is written
+    bool _hasNotations = true;              ///< the beat that is written may have some
+    bool _isPitched = false;                ///< that it has one
+    NoteHead _usualHead = NoteHead::Normal; ///< of its key, where it has none
+    std::int64_t _duration = 0;             ///< of the chord that is written
 };
 
 } // namespace zarn::io
