@@ -9,10 +9,13 @@
 #include <ZarnCore/model/ZarnMasterTrack.h>
 #include <ZarnCore/model/form/ZarnInForce.h>
 #include <ZarnCore/model/form/ZarnMetronomeMark.h>
+#include <ZarnCore/model/form/ZarnUsualBeams.h>
+#include <ZarnCore/music/ZarnRhythmValue.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 namespace zarn::lilypond {
 
@@ -129,24 +132,48 @@ private:
     utils::rational _measureLength; ///< in force
 };
 
+/// The groups of the beams: those that a bar names, or those of eighths and shorter units that do
+/// not go by threes, of which LilyPond knows few.
+std::string beamSizes(const MasterBar &bar)
+{
+    const auto &meter = bar.timeSignature();
+    std::string sizes;
+    const auto add = [&sizes](unsigned size) {
+        sizes += (sizes.empty() ? "" : " ") + std::to_string(size);
+    };
+    for (const std::uint8_t size : bar.beamGroups().groups())
+        add(size);
+    if (!sizes.empty() || meter.getDenominator() < 8 || meter.getNumerator() % 3 == 0)
+        return sizes;
+    const UsualBeams beams(meter, {});
+    const RhythmValue unit(RhythmValue::NoteValue::Eighth);
+    unsigned size = 0;
+    for (unsigned i = 0; i < meter.getNumerator(); ++i) {
+        const auto onset = meter.timeUnit() * utils::rational(i);
+        ++size;
+        if (i + 1 == meter.getNumerator()
+            || !beams.join(onset, onset + meter.timeUnit(), unit, false))
+            add(std::exchange(size, 0));
+    }
+    return sizes;
+}
+
 void Writer::writeMeter(unsigned index)
 {
     const TimeSignature &meter = bar(index).timeSignature();
     const utils::rational length = _frame.bars[index].length;
     const bool isNew = index == 0 || !(meter == bar(index - 1).timeSignature());
-    if (isNew) {
+    const auto sizes = beamSizes(bar(index));
+    const auto sizesBefore = isNew ? std::string() : beamSizes(bar(index - 1));
+    // A meter, also when it is said again, brings its own beams back.
+    if (isNew || (sizes.empty() && !sizesBefore.empty()))
         command(index,
                 "\\time " + std::to_string(meter.getNumerator()) + '/'
                     + std::to_string(meter.getDenominator()));
+    if (isNew)
         _measureLength = meter.barLength();
-    }
-    const BeamGroups &groups = bar(index).beamGroups();
-    if (!groups.isEmpty() && (index == 0 || !(groups == bar(index - 1).beamGroups()))) {
-        std::string sizes;
-        for (const std::uint8_t size : groups.groups())
-            sizes += (sizes.empty() ? "" : " ") + std::to_string(size);
+    if (!sizes.empty() && sizes != sizesBefore)
         command(index, "\\set Timing.beatStructure = #'(" + sizes + ')');
-    }
     if (length == _measureLength)
         return;
     if (index == 0 && length < _measureLength) {
