@@ -174,6 +174,20 @@ TEST(LilyPondExporter, keepsBarsOfOddLengthsTogether)
     EXPECT_TRUE(has(text, "\\set Timing.measureLength = #(ly:make-moment 2) s1*2 |")) << text;
 }
 
+TEST(LilyPondExporter, groupsBeamsWhereLilyPondKnowsNoGroups)
+{
+    const auto score = scoreOf("piano 7/8: c4h rq. | rh rq. | rh rq.");
+    auto &master = *score->scoreModel()->masterTrack();
+    master.masterBar(1)->setBeamGroups(*BeamGroups::fromString("3+2+2"));
+    const std::string text = exported(*score->scoreModel());
+    const auto first = text.find("\\set Timing.beatStructure = #'(2 2 3)");
+    const auto own = text.find("\\set Timing.beatStructure = #'(3 2 2)");
+    const auto back = text.find("\\set Timing.beatStructure = #'(2 2 3)", own);
+    EXPECT_LT(first, own);
+    EXPECT_LT(own, back);
+    EXPECT_NE(back, text.npos);
+}
+
 TEST(LilyPondExporter, namesDrumsByTheirKeysAndLooks)
 {
     const auto score = scoreOf("drums: [kick hat]q snare snare hat");
