@@ -342,9 +342,16 @@ TEST(ScoreLayoutTest, whatHasNoRoomIsDrawnAndTold)
 
     options.page->width = 210000;
     options.page->height = 80000;
+    small.model.setHeaderAndFooter(HeaderAndFooter::FirstPageFooterLeft, "below all");
     const LaidOut tall(small.model, options);
     EXPECT_TRUE(tells(tall, "taller than the page"));
     expectInsideMargins(tall);
+    const layout::LayoutPage &grown = tall.layout->pages().front();
+    const auto music = grown.systems.front().drawing->marks.box(tall.layout->font());
+    for (const layout::DrawMark &mark : grown.marks->marks())
+        if (mark.kind == MarkKind::Footer) {
+            EXPECT_GT(mark.at.y, music.movedBy(grown.systems.front().at).bottom);
+        }
 
     small.model.track(0)->staff(0)->setTuning(GuitarTuning());
     EXPECT_EQ(drawn(LaidOut(small.model), MarkKind::NoteHead), notesOf(small.model, false));

@@ -116,7 +116,11 @@ std::vector<LayoutPage> PageMaker::make(const ScoreSource &source, const Sheet &
                 MarkPlace place;
                 place.bar = system.built->drawing->bars.front().firstBar;
                 problems.add(place, "The system is taller than the page.");
-                growFor(page, *system.built, above, sheet);
+                growFor(page, *system.built, above + footer, sheet);
+                // Footers stay below the music.
+                page.marks =
+                    _texts->draw(i + 1, pageCount, left, top,
+                                 sheet.height + sheet.spaces(page.height - sheet.setup.height));
             }
         }
         pages.push_back(std::move(page));

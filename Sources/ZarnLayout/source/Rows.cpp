@@ -12,12 +12,30 @@ namespace {
 constexpr double tabLineDistance = 1.5;
 constexpr unsigned staffLines = 5;
 
-unsigned linesOf(const Track &track)
+const Note *firstNote(const Staff &staff)
+{
+    for (const auto &bar : staff.bars())
+        for (const auto &voice : bar->voices())
+            if (voice)
+                for (const auto &beat : voice->beats())
+                    if (beat->noteCount() > 0)
+                        return beat->notes().front().get();
+    return nullptr;
+}
+
+unsigned linesOf(const Track &track, const Staff &staff)
 {
     if (!InstrumentSet::isUnpitched(track.type()))
         return staffLines;
     const auto set = track.instrumentSet();
-    return set && set->lineCount() > 0 ? set->lineCount() : staffLines;
+    if (!set || set->lineCount() == 0)
+        return staffLines;
+    // Music from elsewhere may have places of its own, which mean five lines.
+    const int top = 2 * (static_cast<int>(set->lineCount()) - 1);
+    const Note *const note = firstNote(staff);
+    const bool isElsewhere = note && note->staffLine() != Note::NoStaffLine
+        && (note->staffLine() < -2 || note->staffLine() > top + 2);
+    return isElsewhere ? std::max(staffLines, set->lineCount()) : set->lineCount();
 }
 
 void addRows(std::vector<Row> &rows, const Track &track, const TrackNotations &notations)
@@ -31,7 +49,7 @@ void addRows(std::vector<Row> &rows, const Track &track, const TrackNotations &n
         const std::size_t first = rows.size();
         // Tablature of a staff without strings is written in notes: nothing is left out.
         if (notations.standard || (notations.tablature && !hasTablature && !notations.slash)) {
-            row.lineCount = linesOf(track);
+            row.lineCount = linesOf(track, *staff);
             rows.push_back(row);
         }
         if (notations.slash) {
