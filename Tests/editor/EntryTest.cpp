@@ -112,6 +112,16 @@ TEST(EntryTest, playingDoesNotMoveWhatIsSeenAlready)
     EXPECT_EQ(bar.value(), before);
 }
 
+TEST(EntryTest, whatStandsAboveTheStaffOfTheCursorIsSeenToo)
+{
+    EditorDriver driver(QStringLiteral(ZARN_SOURCE_DIR "/Samples/saints-band.musicxml"));
+    const QScrollBar &bar = *driver.view().verticalScrollBar();
+    driver.type(QStringLiteral("Ctrl+End"));
+    EXPECT_GT(bar.value(), 0);
+    driver.type(QStringLiteral("Ctrl+Home"));
+    EXPECT_EQ(bar.value(), 0) << "the title and the tempo";
+}
+
 TEST(EntryTest, aLineFollowsWhatSoundsUntilTheUserScrolls)
 {
     EditorDriver driver(QStringLiteral(ZARN_SOURCE_DIR "/Samples/saints-band.musicxml"));
