@@ -83,8 +83,8 @@ TEST(MusicXmlExportForm, wordsBesideALevelStayBesideIt)
 
     // Such spaces in other places are what they are.
     for (const char *const text :
-         {"\u00A0", "\u00A0a\u00A0", "\u00A0\u00A0a", "a \u00A0b", "\u00A0a b\u00A0",
-          "\u00A0ff", "\u00A0a  b", "\u00A0a \u00A0b c"}) {
+         {"\u00A0", "\u00A0a\u00A0", "\u00A0\u00A0a", "a \u00A0b", "\u00A0a b\u00A0", "\u00A0ff",
+          "\u00A0a  b", "\u00A0a \u00A0b c"}) {
         model->track(0)->bar(0)->voice(0)->beats().front()->setText(text);
         EXPECT_EQ(test::writeNative(*readFrom(exported(*model))), test::writeNative(*model))
             << text;

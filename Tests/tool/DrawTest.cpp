@@ -78,11 +78,12 @@ TEST_F(DrawTest, everyFormatComesFromOneCommand)
 /// What is typed by the names of drums has a place on the staff, and a kick is not a hi-hat's.
 TEST_F(DrawTest, drumsThatWereTypedStandOnTheirLines)
 {
-    ASSERT_EQ(runTool({QStringLiteral("new"), QStringLiteral("-t"), QStringLiteral("drums"),
-                       QStringLiteral("-b"), QStringLiteral("1"), QStringLiteral("-c"),
-                       QStringLiteral("write 1:1 \"[kick hihat]q snare kick hihat\""), path("beat.zarn")})
-                  .code,
-              0);
+    ASSERT_EQ(
+        runTool({QStringLiteral("new"), QStringLiteral("-t"), QStringLiteral("drums"),
+                 QStringLiteral("-b"), QStringLiteral("1"), QStringLiteral("-c"),
+                 QStringLiteral("write 1:1 \"[kick hihat]q snare kick hihat\""), path("beat.zarn")})
+            .code,
+        0);
     const ToolRun run = draw(path("beat.zarn"), path("beat.json"));
     ASSERT_EQ(run.code, 0);
     EXPECT_EQ(run.err, "");
