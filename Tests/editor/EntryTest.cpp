@@ -190,7 +190,7 @@ TEST(EntryTest, aBarIsFilledWithRests)
 {
     EditorDriver driver;
     driver.type(QStringLiteral("5 Right 7 Ctrl+R"));
-    EXPECT_EQ(driver.bars(0, 0), "1.5q 1.7q rq rq");
+    EXPECT_EQ(driver.bars(0, 0), "1.5q 1.7q rh");
     EXPECT_EQ(driver.document().undoTitle(), QStringLiteral("Fill with rests"));
 }
 
