@@ -53,10 +53,16 @@ inline Imported import(const std::string &bytes, const MidiImportOptions &option
 /// A file of format 1 that grows track by track.
 class Song {
 public:
-    Song() { track(); }
+    Song()
+    {
+        _file.tracks.reserve(mostTracks);
+        track();
+    }
 
+    /// A new one; those before stay where they are.
     MidiTrack &track()
     {
+        EXPECT_LT(_file.tracks.size(), mostTracks);
         _file.tracks.emplace_back();
         return _file.tracks.back();
     }
@@ -70,6 +76,8 @@ public:
     }
 
 private:
+    static constexpr std::size_t mostTracks = 200;
+
     MidiFile _file;
 };
 
