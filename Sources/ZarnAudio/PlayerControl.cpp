@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnAudio/PlayerControl.h>
 
-#include <ZarnAudio/ZarnSoundFonts.h>
 #include <ZarnCore/events/ZarnBarEvents.h>
 #include <ZarnCore/events/ZarnCommandEvents.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
@@ -52,9 +51,8 @@ bool PlayerControl::open(std::string *error)
 {
     close();
     if (_font.empty()) {
-        if (!_loading.valid())
-            beginLoading(std::launch::deferred);
-        if (!takeLoaded(error))
+        beginFont(std::launch::deferred);
+        if (!takeFont(error))
             return false;
     }
     _isOpen = _output->open(_engine, _settings.rate, error);
@@ -65,15 +63,14 @@ void PlayerControl::openLater()
 {
     close();
     _isOpening = true;
-    if (_font.empty() && !_loading.valid())
-        beginLoading(std::launch::async);
+    if (_font.empty())
+        beginFont(std::launch::async);
 }
 
 /// What was asked for meanwhile is kept.
 void PlayerControl::openWhenLoaded()
 {
-    using namespace std::chrono_literals;
-    if (_loading.valid() && _loading.wait_for(0s) != std::future_status::ready)
+    if (_lateFont.isBusy())
         return;
     const bool isPlayWaiting = _isPlayWaiting;
     std::string error;
@@ -278,31 +275,16 @@ std::vector<std::string> PlayerControl::banksOf(const PlanSound &sound)
     return banks;
 }
 
-PlayerControl::LoadedFont PlayerControl::loadFont(const std::string &wanted,
-                                                  const Synthesizer::Settings &settings,
-                                                  const MasterSound &master)
+void PlayerControl::beginFont(std::launch launch)
 {
-    LoadedFont loaded;
-    loaded.path = findSoundFont(wanted, &loaded.error);
-    if (loaded.path.empty())
-        return loaded;
-    auto instrument = std::make_shared<Instrument>(
-        settings, std::vector<std::string>(Synthesizer::mostChannels), master);
-    if (instrument->synthesizer.loadFont(loaded.path, &loaded.error))
-        loaded.instrument = std::move(instrument);
-    return loaded;
-}
-
-void PlayerControl::beginLoading(std::launch launch)
-{
-    _loading = std::async(launch, loadFont, _settings.font, synthesizerSettings(),
-                          _program ? _program->master : MasterSound());
+    _lateFont.begin(launch, _settings.font, synthesizerSettings(),
+                    _program ? _program->master : MasterSound());
 }
 
 /// Waits for the font when it is on its way.
-bool PlayerControl::takeLoaded(std::string *error)
+bool PlayerControl::takeFont(std::string *error)
 {
-    LoadedFont loaded = _loading.get();
+    LateFont::Loaded loaded = _lateFont.take();
     if (loaded.instrument == nullptr) {
         if (error != nullptr)
             *error = loaded.error;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ZarnAudio/LateFont.h>
 #include <ZarnAudio/LateRecordings.h>
 #include <ZarnAudio/Performance.h>
 #include <ZarnAudio/PlayerEngine.h>
@@ -9,7 +10,6 @@
 #include <ZarnCore/utils/SignalBase.h>
 
 #include <deque>
-#include <future>
 #include <memory>
 #include <optional>
 #include <string>
@@ -87,16 +87,8 @@ public:
     std::function<void(const std::string &)> failed;
 
 private:
-    /// A font that was read, or why it could not be.
-    struct LoadedFont {
-        std::string path;
-        std::shared_ptr<Instrument> instrument; ///< null when it could not be read
-        std::string error;
-    };
-    static LoadedFont loadFont(const std::string &wanted, const Synthesizer::Settings &settings,
-                               const MasterSound &master);
-    void beginLoading(std::launch launch);
-    bool takeLoaded(std::string *error);
+    void beginFont(std::launch launch);
+    bool takeFont(std::string *error);
     void openWhenLoaded();
     std::shared_ptr<Instrument> makeInstrument(const PlanSound &sound) const;
     Synthesizer::Settings synthesizerSettings() const;
@@ -122,10 +114,10 @@ private:
     PlayerEngine _engine;
     bool _isOpen = false;
     bool _isOpening = false;
-    std::future<LoadedFont> _loading; ///< until the font was taken
     std::deque<PlayerCommand> _waiting;
 
     Soundbanks _banks; ///< outlive the instruments
+    LateFont _lateFont;
     std::string _font; ///< that was loaded
     LateRecordings _recordings;
     bool _isPlayWaiting = false; ///< for the font or for recordings

@@ -16,7 +16,7 @@ namespace Halvec::audio {
 
 namespace {
 
-constexpr std::int64_t blockFrames = 4096;
+constexpr std::int64_t readFrames = 4096;
 
 /// What renderers and players make louder by, unless told otherwise, is taken from recordings: they
 /// are heard as loud as they are.
@@ -47,16 +47,16 @@ public:
         data.input_frames = count;
         data.end_of_input = isLast ? 1 : 0;
         data.src_ratio = _ratio;
-        std::array<float, 2 * blockFrames> made{};
+        std::array<float, 2 * readFrames> made{};
         do {
             data.data_out = made.data();
-            data.output_frames = blockFrames;
+            data.output_frames = readFrames;
             if (src_process(_state.get(), &data) != 0)
                 return;
             _frames.insert(_frames.end(), made.begin(), made.begin() + 2 * data.output_frames_gen);
             data.data_in += 2 * data.input_frames_used;
             data.input_frames -= data.input_frames_used;
-        } while (data.input_frames > 0 || data.output_frames_gen == blockFrames);
+        } while (data.input_frames > 0 || data.output_frames_gen == readFrames);
     }
 
 private:
@@ -90,19 +90,19 @@ std::shared_ptr<const Recording> Recording::load(AudioDecoder &decoder, int rate
     }
     std::vector<float> frames;
     Resampler resampler(decoder.rate(), rate, frames);
-    std::vector<float> block(static_cast<std::size_t>(blockFrames * decoder.channels()));
+    std::vector<float> block(static_cast<std::size_t>(readFrames * decoder.channels()));
     std::vector<float> stereo;
     std::int64_t count = 0;
     do {
-        count = decoder.read(block.data(), blockFrames);
+        count = decoder.read(block.data(), readFrames);
         toStereo(block, count, decoder.channels(), stereo);
-        resampler.take(stereo.data(), count, count < blockFrames);
+        resampler.take(stereo.data(), count, count < readFrames);
         if (static_cast<std::int64_t>(frames.size()) > 2 * mostFrames) {
             if (error != nullptr)
                 *error = decoder.name() + ": is longer than half an hour";
             return nullptr;
         }
-    } while (count == blockFrames);
+    } while (count == readFrames);
     if (error != nullptr)
         *error = decoder.errorText();
     return std::make_shared<const Recording>(std::move(frames));
@@ -119,14 +119,14 @@ std::shared_ptr<const Recording> Recording::atSpeed(double speed, int rate) cons
     stretcher.setTempo(speed);
     std::vector<float> made;
     made.reserve(static_cast<std::size_t>(2 * wanted));
-    std::array<float, 2 * blockFrames> block{};
+    std::array<float, 2 * readFrames> block{};
     const auto take = [&] {
-        while (const auto count = stretcher.receiveSamples(block.data(), blockFrames))
+        while (const auto count = stretcher.receiveSamples(block.data(), readFrames))
             made.insert(made.end(), block.begin(), block.begin() + 2 * std::ptrdiff_t(count));
     };
-    for (std::int64_t done = 0; done < frames(); done += blockFrames) {
+    for (std::int64_t done = 0; done < frames(); done += readFrames) {
         stretcher.putSamples(data() + 2 * done,
-                             static_cast<unsigned>(std::min(blockFrames, frames() - done)));
+                             static_cast<unsigned>(std::min(readFrames, frames() - done)));
         take();
     }
     stretcher.flush();

@@ -16,8 +16,8 @@ public:
     SetTrackSound();
     ~SetTrackSound() override;
 
-    /// The sound is shared and must not change. False for no sound, for
-    /// one whose numbers MIDI does not have, and for a place without one.
+    /// The sound is shared and must not change. False for no sound, for one whose numbers MIDI does
+    /// not have, and for a place without one.
     bool init(Score *score, unsigned track, unsigned index, std::shared_ptr<const Sound> sound);
 
 private:
