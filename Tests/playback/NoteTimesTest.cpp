@@ -106,6 +106,16 @@ TEST(NoteTimes, graceNotesInFrontOfTheScoreBeginBeforeIt)
     EXPECT_EQ(plan.controls().front().time, plan.start()) << "the sound is there before";
 }
 
+TEST(NoteTimes, graceNotesAloneInTheirBarsStayThere)
+{
+    Sample sample(3);
+    for (const unsigned bar : {1U, 2U}) {
+        sample.add(Value::Eighth, {61}, bar, 1).setGraceType(GraceType::BeforeBeat);
+        sample.add(Value::Quarter, {62}, bar, 1).setGraceType(GraceType::OnBeat);
+    }
+    EXPECT_EQ(starts(sample.plan()), "61:31/8 62:4 61:63/8 62:8");
+}
+
 TEST(NoteTimes, feelsMovePairsButNotInFreeTime)
 {
     Sample sample;
@@ -117,6 +127,16 @@ TEST(NoteTimes, feelsMovePairsButNotInFreeTime)
     EXPECT_EQ(starts(sample.plan()), "60:0 62:1/4");
     sample.master(0).setFreeTime(true);
     EXPECT_EQ(starts(sample.plan()), "60:0 62:1/2");
+}
+
+TEST(NoteTimes, similesLastAsLongAsTheBarThatTheyRepeat)
+{
+    Sample sample(3);
+    sample.add(Value::Whole, {60});
+    sample.add(Value::Quarter, {62});
+    sample.track().bar(1)->setSimileMark(SimileMark::Simple);
+    sample.add(Value::Whole, {64}, 2);
+    EXPECT_EQ(starts(sample.plan()), "60:0 62:4 60:5 62:9 64:10");
 }
 
 TEST(NoteTimes, similesPlayWhatTheyRepeatThroughChains)

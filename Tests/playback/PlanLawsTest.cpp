@@ -11,6 +11,7 @@
 #include "support/RandomScore.h"
 #include "support/ScoreFiles.h"
 
+#include <algorithm>
 #include <map>
 #include <thread>
 #include <tuple>
@@ -49,6 +50,29 @@ void expectSound(const PlaybackPlan &plan)
     }
 }
 
+/// Each note begins in the bar that it is written in: those that are held into another bar may be
+/// struck again there, grace notes begin a little earlier, as do strums that end on the beat.
+void expectInBars(const ScoreModel &model, const PlaybackPlan &plan)
+{
+    for (const PlannedNote &note : plan.notes()) {
+        const auto &voice = model.track(note.track)->bar(note.bar, note.staff)->voices()[note.voice];
+        const auto &beats = voice->beats();
+        const Beat &beat = *beats[note.beat];
+        const auto isHeldOn = [](const auto &each) { return each->isTieOrigin(); };
+        const PlayedBar &bar = plan.bars().bars()[note.playedBar];
+        if (std::none_of(beat.notes().begin(), beat.notes().end(), isHeldOn)) {
+            EXPECT_LT(note.start, bar.start + bar.length);
+        }
+        const bool endsOnBeat = beat.brush().anchor == StrumAnchor::EndsOnBeat
+            || beat.arpeggio().anchor == StrumAnchor::EndsOnBeat;
+        const auto graces = std::count_if(beats.begin(), beats.end(),
+                                          [](const auto &each) { return each->isGrace(); });
+        if (!endsOnBeat) {
+            EXPECT_GE(note.start, bar.start - utils::rational(graces, 4));
+        }
+    }
+}
+
 std::string described(const PlannedNote &note, const utils::rational &from, std::size_t firstBar)
 {
     return std::to_string(note.key) + " " + std::to_string(note.velocity) + " "
@@ -76,7 +100,9 @@ TEST(PlanLaws, randomScoresArePlannedAndWritten)
             PlanOptions options;
             options.channels = channels;
             options.audibility = Audibility::Everything;
-            expectSound(PlaybackPlan(*model, options));
+            const PlaybackPlan plan(*model, options);
+            expectSound(plan);
+            expectInBars(*model, plan);
         }
         EXPECT_FALSE(bytesOf(*model).empty());
     }
@@ -89,6 +115,7 @@ TEST(PlanLaws, realScoresArePlannedAndCutLikeTheWhole)
         const auto model = readScore(path);
         const PlaybackPlan whole(*model);
         expectSound(whole);
+        expectInBars(*model, whole);
         const unsigned count = model->masterTrack()->masterBarCount();
         PlanOptions options;
         options.bars = {count / 3, count / 2};

@@ -80,9 +80,15 @@ void placeGraceBeats(PlayedBeats &beats)
     const auto isGrace = [](const PlayedBeat &played) { return played.beat->isGrace(); };
     auto first = std::find_if(beats.begin(), beats.end(), isGrace);
     while (first != beats.end()) {
-        const auto run = std::find_if_not(first, beats.end(), isGrace);
-        const auto onBeat = std::stable_partition(first, run, [](const PlayedBeat &played) {
-            return played.beat->graceType() == GraceType::BeforeBeat;
+        const auto isInRun = [&](const PlayedBeat &played) {
+            return isGrace(played) && played.playedBar == first->playedBar;
+        };
+        const auto run = std::find_if_not(first, beats.end(), isInRun);
+        // At the end of a bar they end the note before, as behind a trill.
+        const bool endsBar =
+            first->index > 0 && (run == beats.end() || run->playedBar != first->playedBar);
+        const auto onBeat = std::stable_partition(first, run, [&](const PlayedBeat &played) {
+            return endsBar || played.beat->graceType() == GraceType::BeforeBeat;
         });
         if (first != onBeat)
             placeBeforeBeat(first, onBeat, beats.begin());

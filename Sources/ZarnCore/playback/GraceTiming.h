@@ -11,7 +11,8 @@ namespace zarn::playback {
 /// as a 32nd), at most a 16th; all of them together take at most half of the beat before, which
 /// ends earlier. Where nothing was played before they take silence, in front of the score's start
 /// too. On the beat they last as drawn, together at most half of the beat that they lead to, which
-/// starts later.
+/// starts later. What stands behind the last beat of a bar, as the end of a trill does, is played
+/// before the bar line.
 void placeGraceBeats(PlayedBeats &beats);
 
 } // namespace zarn::playback

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/playback/ScoreSurvey.h>
 
+#include <ZarnCore/playback/PlayedVoice.h>
 #include <ZarnCore/playback/PlayingTime.h>
 
 #include <algorithm>
@@ -39,6 +40,26 @@ utils::rational survey(const Voice &voice, std::vector<ScoreSurvey::OfBeat> &bea
     return length;
 }
 
+/// Bars that repeat others last as long as what they repeat.
+void lengthenSimiles(const Staff &staff, const ScoreSurvey::OfVoice *voices,
+                     std::vector<utils::rational> &barLengths)
+{
+    const auto sources = sourceBars(staff);
+    const auto count = std::min(barLengths.size(), sources.size());
+    for (unsigned bar = 0; bar < count; ++bar) {
+        const unsigned source = sources[bar];
+        for (unsigned slot = 0; source != bar && slot < Bar::MaxVoices; ++slot) {
+            const ScoreSurvey::OfVoice &voice = voices[slot];
+            utils::rational length;
+            for (auto beat = source == 0 ? 0 : voice.barEnds[source - 1];
+                 beat < voice.barEnds[source]; ++beat)
+                advance(length, voice.beats[beat].length);
+            if (length > barLengths[bar])
+                barLengths[bar] = roundedUp(length);
+        }
+    }
+}
+
 } // namespace
 
 ScoreSurvey::ScoreSurvey(const ScoreModel &model)
@@ -53,7 +74,9 @@ ScoreSurvey::ScoreSurvey(const ScoreModel &model)
         for (const auto &staff : track->staves()) {
             OfVoice *const voices = &ofTrack.voices[staff->index() * Bar::MaxVoices];
             const auto count = std::min<std::size_t>(barLengths.size(), staff->barCount());
-            for (std::size_t i = 0; i < count; ++i)
+            bool hasSimiles = false;
+            for (std::size_t i = 0; i < count; ++i) {
+                hasSimiles = hasSimiles || staff->bars()[i]->simileMark() != SimileMark::None;
                 for (unsigned slot = 0; slot < Bar::MaxVoices; ++slot) {
                     OfVoice &ofVoice = voices[slot];
                     if (const auto &voice = staff->bars()[i]->voices()[slot]) {
@@ -69,6 +92,9 @@ ScoreSurvey::ScoreSurvey(const ScoreModel &model)
                     }
                     ofVoice.barEnds.push_back(static_cast<std::uint32_t>(ofVoice.beats.size()));
                 }
+            }
+            if (hasSimiles)
+                lengthenSimiles(*staff, voices, barLengths);
         }
     }
 }
