@@ -135,16 +135,14 @@ void printMeaning(const Chord &chord, const Terminal &terminal)
         std::cout << "Also      " << others << '\n';
 }
 
-/// The symbol that was probably meant: roots are capital letters, and a German H is a B.
+/// The symbol that was probably meant: roots are capital letters.
 std::string meantBy(const std::string &symbol)
 {
     std::string meant = symbol;
     if (meant.empty())
         return meant;
     char &root = meant.front();
-    root = root == 'H' || root == 'h' ? 'B'
-        : root >= 'a' && root <= 'g'  ? static_cast<char>(root - 'a' + 'A')
-                                      : root;
+    root = root >= 'a' && root <= 'h' ? static_cast<char>(root - 'a' + 'A') : root;
     return meant != symbol && Chord::fromText(meant) ? meant : std::string();
 }
 

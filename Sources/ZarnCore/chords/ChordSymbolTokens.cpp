@@ -32,10 +32,13 @@ struct Word {
 constexpr Word words[] = {
     {"half diminished", Type::HalfDiminished},
     {"half-diminished", Type::HalfDiminished},
+    {"half dim", Type::HalfDiminished},
+    {"half-dim", Type::HalfDiminished},
     {"halfdim", Type::HalfDiminished},
     {"diminished", Type::Diminished},
     {"augmented", Type::Augmented},
     {"dominant", Type::Dominant},
+    {"altered", Type::Altered},
     {"suspended", Type::Suspended},
     {"major", Type::Major},
     {"minor", Type::Minor},
@@ -75,7 +78,7 @@ constexpr char lower(char letter) noexcept
 bool beginsWith(std::string_view text, std::string_view word) noexcept
 {
     if (word.size() == 1)
-        return text.front() == word.front();
+        return !text.empty() && text.front() == word.front();
     return text.size() >= word.size()
         && std::equal(word.begin(), word.end(), text.begin(),
                       [](char left, char right) { return left == lower(right); });
@@ -101,8 +104,35 @@ bool isAccidentalHere(const std::vector<SymbolToken> &before, std::string_view t
     if (text.size() < 2 || !isDigit(text[1]) || before.empty())
         return false;
     const Type last = before.back().type;
-    return last == Type::Number || last == Type::Open || last == Type::Comma
+    return last == Type::Number || last == Type::Open || last == Type::Comma || last == Type::Slash
         || last == Type::Suspended || (last == Type::Minor && text[1] == '5');
+}
+
+/// Takes the "rd" of "no 3rd".
+void skipOrdinal(std::string_view &text) noexcept
+{
+    for (const std::string_view ending : {"th", "rd", "nd"})
+        if (beginsWith(text, ending)) {
+            text.remove_prefix(ending.size());
+            return;
+        }
+}
+
+/// Takes an accidental behind its number: "C7(9-)", "Cm7/5b", "C5+". Elsewhere "C9+" has the plus
+/// of an augmented fifth.
+int takeAccidentalBehind(std::string_view &text, int number,
+                         const std::vector<SymbolToken> &before) noexcept
+{
+    const Type last = before.empty() ? Type::Number : before.back().type;
+    const bool isApart = last == Type::Open || last == Type::Comma || last == Type::Slash;
+    if (text.empty() || (text.size() > 1 && isDigit(text[1])) || number == 7
+        || (!isApart && number != 5))
+        return 0;
+    const bool isRaised = text.front() == '+' || text.front() == '#';
+    if (!isRaised && text.front() != '-' && text.front() != 'b')
+        return 0;
+    text.remove_prefix(1);
+    return isRaised ? 1 : -1;
 }
 
 /// Takes a number with its accidentals; false when the text does not begin with one.
@@ -123,6 +153,9 @@ bool takeDegree(std::string_view &text, std::vector<SymbolToken> &tokens)
     const int number = takeNumber(rest);
     if (number == 0 || number > Degree::lastNumber)
         return false;
+    if (alteration == 0)
+        alteration = takeAccidentalBehind(rest, number, tokens);
+    skipOrdinal(rest);
     tokens.push_back(
         {Type::Number, {static_cast<std::uint8_t>(number), static_cast<std::int8_t>(alteration)}});
     text = rest;
@@ -136,9 +169,20 @@ bool takeWord(std::string_view &text, std::vector<SymbolToken> &tokens)
         if (beginsWith(text, word.text) && !(isMinor && word.text == "ma")) {
             tokens.push_back({word.type});
             text.remove_prefix(word.text.size());
+            if (word.text.size() > 2 && !text.empty() && text.front() == '.')
+                text.remove_prefix(1); // "Cmin."
+            if (word.text == "^" && (text.empty() || !isDigit(text.front())))
+                tokens.push_back({Type::Number, {7, 0}}); // the triangle has its seventh
             return true;
         }
     return false;
+}
+
+PitchClass pitchClassOf(char letter, int alteration) noexcept
+{
+    const int step = (letter - 'C' + spelling::letterCount) % spelling::letterCount;
+    return PitchClass(static_cast<NoteName::Value>(step),
+                      static_cast<NoteAccidental::Value>(alteration + 2));
 }
 
 std::string letterOf(Type type)
@@ -194,8 +238,10 @@ std::string symbolKey(const SymbolToken *begin, const SymbolToken *end)
     std::string key;
     for (const auto *token = begin; token != end; ++token) {
         if (token->type == Type::Number) {
-            // "C7(13)" has an added thirteenth.
-            const bool isBare = token->degree.alteration == 0 && token != begin
+            // "C7(13)" has an added thirteenth, but the fourth of "C7(4)" is a suspension, and
+            // "Csus4(7)" has the seventh of a dominant.
+            const bool isBare = token->degree.alteration == 0 && token->degree.number > 4
+                && token->degree.number != 7 && token != begin
                 && (token[-1].type == Type::Open || token[-1].type == Type::Comma);
             key += isBare ? letterOf(Type::Add) + token->degree.toText() : token->degree.toText();
             key += '.';
@@ -210,15 +256,35 @@ PitchClass takePitchClass(std::string_view &text)
 {
     if (text.empty() || text.front() < 'A' || text.front() > 'G')
         return {};
-    const int letter = (text.front() - 'C' + spelling::letterCount) % spelling::letterCount;
+    const char letter = text.front();
     text.remove_prefix(1);
     int alteration = 0;
     for (; !text.empty() && text.front() == '#' && alteration >= 0 && alteration < 2; ++alteration)
         text.remove_prefix(1);
     for (; !text.empty() && text.front() == 'b' && alteration <= 0 && alteration > -2; --alteration)
         text.remove_prefix(1);
-    return PitchClass(static_cast<NoteName::Value>(letter),
-                      static_cast<NoteAccidental::Value>(alteration + 2));
+    return pitchClassOf(letter, alteration);
+}
+
+PitchClass takeGermanPitchClass(std::string_view &text)
+{
+    if (text.empty() || text.front() < 'A' || text.front() > 'H')
+        return {};
+    const bool isH = text.front() == 'H';
+    const char letter = isH ? 'B' : text.front();
+    std::string_view rest = text.substr(1);
+    int alteration = 0;
+    if (beginsWith(rest, "is") || beginsWith(rest, "es")) {
+        alteration = lower(rest.front()) == 'i' ? 1 : -1;
+        rest.remove_prefix(2);
+    } else if ((letter == 'A' || letter == 'E') && beginsWith(rest, "s")) {
+        alteration = -1;
+        rest.remove_prefix(1);
+    } else if (!isH) {
+        return {};
+    }
+    text = rest;
+    return pitchClassOf(letter, alteration);
 }
 
 } // namespace zarn::chord

@@ -54,4 +54,8 @@ const ChordKind *kindOfSymbol(const SymbolToken *begin, const SymbolToken *end);
 /// nothing is taken, when there is none. Letters are upper case.
 PitchClass takePitchClass(std::string_view &text);
 
+/// The same for names that German has of its own: "H", "Fis", "Es". A "B" is not among them, for
+/// nothing tells whether B flat is meant.
+PitchClass takeGermanPitchClass(std::string_view &text);
+
 } // namespace zarn::chord

@@ -24,9 +24,10 @@ std::string transposedSymbol(const std::string &symbol, const Interval &interval
         return symbol;
     std::string_view kind = symbol;
     const PitchClass root = takePitchClass(kind);
-    // Signs of print are understood as a whole.
+    // Signs of print are understood as a whole, and so are names of other languages.
+    const Chord moved = chord->transposed(interval);
     if (asciiSymbol(symbol) != symbol || root != chord->root())
-        return chord->transposed(interval).toDisplayText();
+        return moved.toDisplayText();
     std::string bass;
     if (const auto slash = kind.rfind('/'); slash != std::string_view::npos) {
         std::string_view rest = kind.substr(slash + 1);
@@ -36,7 +37,8 @@ std::string transposedSymbol(const std::string &symbol, const Interval &interval
             kind = kind.substr(0, slash);
         }
     }
-    return textOf(root, interval) + std::string(kind) + bass;
+    const std::string text = textOf(root, interval) + std::string(kind) + bass;
+    return Chord::fromText(text) == moved ? text : moved.toDisplayText();
 }
 
 } // namespace zarn::chord

@@ -45,14 +45,13 @@ private:
             _mayBeBare = true;
             return true;
         case Type::Slash:
-            return isNumber() && (isExtension(_next->degree) || _next->degree.alteration != 0)
-                && change(*_next++);
+            return isNumber() && changeBehindSlash(*_next++);
         case Type::Number:
             return (token.degree.alteration != 0 || (_mayBeBare && isExtension(token.degree)))
                 && change(token);
         case Type::Major:
             return isNumber() && isPlainSeventh(*_next) && !_degrees.contains({7, 0})
-                && change(*_next++);
+                && raiseSeventh(*_next++);
         case Type::Add:
             return add();
         case Type::Omit:
@@ -76,11 +75,37 @@ private:
                 || degree.number == 13);
     }
 
+    /// "Csus4/7" has the seventh of a dominant chord, and "C7/4" is suspended.
+    bool changeBehindSlash(const SymbolToken &token)
+    {
+        if (isPlainSeventh(token) && _degrees.find(7) == nullptr)
+            return _degrees.insert({7, -1});
+        if (token.degree == Degree{4, 0} && _degrees.contains({3, 0})) {
+            _degrees.remove({3, 0});
+            return _degrees.insert(token.degree);
+        }
+        return (isExtension(token.degree) || token.degree.alteration != 0) && change(token);
+    }
+
+    /// "Cm9(maj7)".
+    bool raiseSeventh(const SymbolToken &token)
+    {
+        _degrees.remove({7, -1});
+        return _degrees.insert(token.degree);
+    }
+
     /// A number with an accidental stands in the place of the plain degree, when there is one.
     bool change(const SymbolToken &token)
     {
         _degrees.remove({token.degree.number, 0});
-        return _degrees.insert(token.degree);
+        return _degrees.insert(meantBy(token.degree));
+    }
+
+    /// "#7" is a major seventh, and "b10" the ninth of blues.
+    Degree meantBy(Degree degree) const noexcept
+    {
+        const bool isRaisedSeventh = degree == Degree{7, 1} && _degrees.find(7) == nullptr;
+        return isRaisedSeventh ? Degree{7, 0} : degree == Degree{10, -1} ? Degree{9, 1} : degree;
     }
 
     /// "add7" is said of major and of minor sevenths, so it is neither.
@@ -106,12 +131,32 @@ private:
 
     bool suspend()
     {
-        if (!omit({3, 0}))
+        const bool isSuspended = _degrees.find(2) != nullptr || _degrees.find(4) != nullptr;
+        if (!omit({3, 0}) && !isSuspended)
             return false;
         if (!isNumber())
             return _degrees.insert({4, 0});
         const Degree degree = (_next++)->degree;
-        return (degree.number == 2 || degree.number == 4) && _degrees.insert(degree);
+        return isSuspension(degree) && _degrees.insert(degree) && suspendTwice(degree);
+    }
+
+    static bool isSuspension(Degree degree) noexcept
+    {
+        return degree.number == 2 || degree.number == 4;
+    }
+
+    /// "sus24" and "sus2/4" have both.
+    bool suspendTwice(Degree first)
+    {
+        const bool isApart =
+            _next != _end && (_next->type == Type::Slash || _next->type == Type::Comma);
+        const Token second = isApart ? _next + 1 : _next;
+        const bool isBoth = second != _end && second->type == Type::Number
+            && second->degree.number == 6 - first.number && second->degree.alteration == 0;
+        if (!isBoth)
+            return true;
+        _next = second + 1;
+        return _degrees.insert(second->degree);
     }
 
     DegreeList &_degrees;
@@ -136,6 +181,17 @@ std::optional<DegreeList> degreesOf(const std::vector<SymbolToken> &tokens)
     }
 }
 
+/// The chord of what stands behind a root.
+std::optional<Chord> chordOn(const PitchClass &root, std::string_view text)
+{
+    if (const ChordKind *const kind = ChordKind::fromText(text))
+        return Chord(root, *kind);
+    if (const auto tokens = symbolTokens(text))
+        if (const auto degrees = degreesOf(*tokens))
+            return Chord::fromDegrees(root, *degrees);
+    return std::nullopt;
+}
+
 bool isNoChord(std::string_view text)
 {
     std::string letters;
@@ -154,17 +210,32 @@ std::string_view trimmed(std::string_view text) noexcept
     return text;
 }
 
+/// What a text is as a whole; invalid when it is no name of a tone. Basses are written in lower
+/// case too, but a lone "b" is B flat to some and B to others.
+PitchClass bassOf(std::string_view text)
+{
+    if (text.empty() || text == "b")
+        return {};
+    std::string name(text);
+    name.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(name.front())));
+    for (const auto take : {takePitchClass, takeGermanPitchClass}) {
+        std::string_view rest = name;
+        const PitchClass bass = take(rest);
+        if (bass && rest.empty())
+            return bass;
+    }
+    return {};
+}
+
 /// Takes "/E" off the end; invalid when there is no bass.
 PitchClass takeBass(std::string_view &text)
 {
     const auto slash = text.rfind('/');
     if (slash == std::string_view::npos)
         return {};
-    std::string_view rest = trimmed(text.substr(slash + 1));
-    const PitchClass bass = takePitchClass(rest);
-    if (!bass || !rest.empty())
-        return {};
-    text = trimmed(text.substr(0, slash));
+    const PitchClass bass = bassOf(trimmed(text.substr(slash + 1)));
+    if (bass)
+        text = trimmed(text.substr(0, slash));
     return bass;
 }
 
@@ -210,20 +281,20 @@ std::optional<Chord> Chord::fromText(std::string_view text)
     const auto ascii = asciiSymbol(text);
     if (!ascii)
         return std::nullopt;
-    std::string_view rest = trimmed(*ascii);
-    const PitchClass root = takePitchClass(rest);
-    if (!root)
-        return std::nullopt;
-    const PitchClass bass = takeBass(rest);
-    std::optional<Chord> chord;
-    if (const ChordKind *const kind = ChordKind::fromText(rest))
-        chord = Chord(root, *kind);
-    else if (const auto tokens = symbolTokens(rest))
-        if (const auto degrees = degreesOf(*tokens))
-            chord = fromDegrees(root, *degrees);
-    if (chord)
-        chord->_bass = bass;
-    return chord;
+    std::string_view symbol = trimmed(*ascii);
+    const PitchClass bass = takeBass(symbol);
+    // "Asus4" is suspended, and only what is nothing else stands on A flat.
+    for (const auto take : {takePitchClass, takeGermanPitchClass}) {
+        std::string_view rest = symbol;
+        const PitchClass root = take(rest);
+        auto chord = root ? chordOn(root, rest) : std::nullopt;
+        if (!chord)
+            continue;
+        if (bass)
+            chord->setBass(bass);
+        return chord;
+    }
+    return std::nullopt;
 }
 
 std::string Chord::toText() const
