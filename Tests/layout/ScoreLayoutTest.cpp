@@ -354,6 +354,14 @@ TEST(ScoreLayoutTest, whatHasNoRoomIsDrawnAndTold)
         }
 
     small.model.track(0)->staff(0)->setTuning(GuitarTuning());
-    EXPECT_EQ(drawn(LaidOut(small.model), MarkKind::NoteHead), notesOf(small.model, false));
+    small.model.setScoreProperty(ScoreProperty::Title, "\xe5\xa4\x9c"); // Chinese
+    small.beat(0, 0).setText("\xd9\x85");                               // Arabic
+    options.notations = TrackNotations();
+    options.notations->tablature = true;
+    const LaidOut foreign(small.model, options);
+    EXPECT_EQ(drawn(foreign, MarkKind::NoteHead), notesOf(small.model, false));
+    EXPECT_TRUE(tells(foreign, "has no tuning"));
+    EXPECT_TRUE(tells(foreign, "lacks characters of \"\xe5\xa4\x9c\""));
+    EXPECT_TRUE(tells(foreign, "lacks characters of \"\xd9\x85\""));
     EXPECT_EQ(LaidOut(ScoreModel()).layout->pages().size(), 1U);
 }

@@ -14,9 +14,10 @@ class RandomArguments {
 public:
     RandomArguments(const QString &description, unsigned edits);
 
-    /// A switch of the program's own.
+    /// A switch of the program's own, or an option with a value.
     void add(const QCommandLineOption &option) { _parser.addOption(option); }
     bool has(const QCommandLineOption &option) const { return _parser.isSet(option); }
+    QString value(const QCommandLineOption &option) const { return _parser.value(option); }
 
     /// Reads the command line. False when a number is none; that is told then.
     bool read(const QCoreApplication &application);

@@ -54,8 +54,12 @@ void Emitter::emit(const Ink &ink, double x, double y) const
         break;
     case Ink::Shape::Text: {
         const layout::TextStyle style = styleOf(ink.style, ink.scale);
-        _builder.text(ink.kind, ink.place, ink.text, style, pointOf(ink.at, x, y),
-                      _fonts.texts().measure(ink.text, style));
+        const layout::TextExtent extent = _fonts.texts().measure(ink.text, style);
+        _builder.text(ink.kind, ink.place, ink.text, style, pointOf(ink.at, x, y), extent);
+        if (!extent.isExact)
+            _problems.add(ink.place,
+                          "The text font lacks characters of \"" + ink.text
+                              + "\": fonts of the system draw it, and its width is estimated.");
         break;
     }
     }

@@ -4,13 +4,16 @@
 #include <ZarnLayout/draw/ZarnDrawListBuilder.h>
 #include <ZarnLayout/engrave/Fonts.h>
 #include <ZarnLayout/engrave/Ink.h>
+#include <ZarnLayout/engrave/Problems.h>
 
 namespace zarn::engraving {
 
 /// Writes marks into a draw list.
 class Emitter {
 public:
-    Emitter(layout::DrawListBuilder &builder, const Fonts &fonts) : _builder(builder), _fonts(fonts)
+    /// Texts that the font cannot set are told.
+    Emitter(layout::DrawListBuilder &builder, const Fonts &fonts, Problems &problems)
+        : _builder(builder), _fonts(fonts), _problems(problems)
     {
     }
 
@@ -26,6 +29,7 @@ private:
 
     layout::DrawListBuilder &_builder;
     const Fonts &_fonts;
+    Problems &_problems;
 };
 
 } // namespace zarn::engraving

@@ -49,9 +49,6 @@ public:
     /// its notes want to be.
     BuiltSystem build(unsigned first, unsigned end, double width, bool isJustified) const;
 
-    /// Room for names and brackets in front of the staves.
-    double indent(bool isFirst) const;
-
 private:
     std::vector<bool> joinedRows() const;
     /// By row and height of the words: their column in the line, and how far they reach from it.
@@ -63,8 +60,6 @@ private:
     void placeRows(SystemDraft &draft) const;
     void placeRow(SystemDraft &draft, RowDraft &row) const;
     void separateRows(SystemDraft &draft) const;
-    void addHead(SystemDraft &draft) const;
-    void addNames(SystemDraft &draft, double x) const;
     void addStaffLines(const SystemDraft &draft, const RowDraft &row, Inks &inks) const;
     std::shared_ptr<const layout::SystemDrawing> draw(const SystemDraft &draft) const;
 

@@ -2,6 +2,7 @@
 #include <ZarnLayout/session/LayoutEngine.h>
 
 #include <ZarnLayout/page/BarNumber.h>
+#include <ZarnLayout/page/SystemHead.h>
 #include <ZarnLayout/session/ColumnEngraver.h>
 #include <ZarnLayout/session/MultiRests.h>
 
@@ -149,18 +150,16 @@ void LayoutEngine::buildSystems(const ScoreSource &source, const Sheet &sheet,
     _oldSystemAt.assign(_oldScore.shown.size(), isNew);
     for (std::size_t i = 0; i < _oldSystems.size(); ++i)
         _oldSystemAt[_oldSystems[i].first] = static_cast<std::uint32_t>(i);
-    Problems unheard;
-    const SystemBuilder builder(_score, _pen, unheard);
     const auto count = static_cast<unsigned>(_score.shown.size());
     if (source.view == ViewLayout::SingleLine) {
-        double width = builder.indent(true) + 100;
+        double width = indentOf(_score, _pen, true) + 100;
         for (const BarWidth &bar : _breaks.bars())
             width += (bar.fixed + bar.spring) * 1.2 + 2;
         addSystem(source, ShownSystem(0, count, {width, false}), origins);
         return;
     }
-    const double first = sheet.width - builder.indent(true) - 0.2;
-    const double others = sheet.width - builder.indent(false) - 0.2;
+    const double first = sheet.width - indentOf(_score, _pen, true) - 0.2;
+    const double others = sheet.width - indentOf(_score, _pen, false) - 0.2;
     unsigned bar = 0;
     for (const unsigned bars : _breaks.find(source, _score.shown, {first, others})) {
         addSystem(source, ShownSystem(bar, bar + bars, {sheet.width, true}), origins);
@@ -239,12 +238,23 @@ Problems LayoutEngine::collectProblems(const ScoreSource &source, const Sheet &s
         }
     for (std::size_t i = 0; i < _score.shown.size(); ++i)
         problems.add(_score.columns[i]->problems, static_cast<std::int32_t>(_score.shown[i].bar));
+    for (const Row &row : source.rows)
+        if (row.lacksStrings && row.isFirstOfStaff) {
+            MarkPlace place;
+            place.track = static_cast<std::int16_t>(row.track);
+            place.staff = static_cast<std::int8_t>(row.staff);
+            problems.add(place, "The staff has no tuning: its tablature is written in notes.");
+        }
     if (sheet.isTooSmall)
         problems.add({}, "The page is too small for music between its margins.");
     if (source.view != ViewLayout::SingleLine && !_systems.empty())
         problems.add(_breaks.problems());
+    // What has no bar, such as the names of tracks, is the same in all systems.
+    std::set<std::pair<std::int32_t, std::string>> told;
     for (const ShownSystem &system : _systems)
-        problems.add(*system.problems);
+        for (const Problems::Problem &problem : system.problems->list())
+            if (problem.place.bar >= 0 || told.insert({problem.place.track, problem.text}).second)
+                problems.add(problem.place, problem.text);
     addFontProblems(problems);
     return problems;
 }

@@ -28,6 +28,9 @@ public:
 
     std::shared_ptr<const layout::Layout> layOut(std::shared_ptr<const ScoreSource> source);
 
+    /// Of the last layout, for whoever measures how good they are.
+    const SystemBreaks &breaks() const noexcept { return _breaks; }
+
 private:
     /// Of each shown bar the one that it was before, or `SystemBreaks::isNew`.
     using Origins = std::vector<std::uint32_t>;

@@ -85,6 +85,7 @@ std::vector<LayoutPage> PageMaker::make(const ScoreSource &source, const Sheet &
                                         const std::vector<ShownSystem> &systems, Problems &problems)
 {
     setTexts(source, sheet);
+    problems.add(_texts->problems());
     if (source.view != ViewLayout::Pages)
         return fillSheet(source, sheet, systems);
     const double title = _texts->titleHeight();

@@ -6,6 +6,8 @@
 #include <ZarnCore/model/ZarnScoreModel.h>
 
 #include <algorithm>
+#include <set>
+#include <string>
 
 namespace zarn::engraving {
 
@@ -30,6 +32,13 @@ PageTexts::PageTexts(const ScoreModel &model, const Pen &pen, double width)
         _footerHeight = boxOf(footer).height() + gapBelowHeader;
     if (!firstFooter.empty())
         _footerHeight = std::max(_footerHeight, boxOf(firstFooter).height() + gapBelowHeader);
+    Problems all;
+    for (const unsigned page : {1U, 2U})
+        draw(page, 2, 0, 0, 0, all);
+    std::set<std::string> told;
+    for (const Problems::Problem &problem : all.list())
+        if (told.insert(problem.text).second)
+            _problems.add(problem.place, problem.text);
 }
 
 void PageTexts::makeTitle()
@@ -127,8 +136,16 @@ Inks PageTexts::cornerTexts(unsigned page, unsigned pageCount, bool isFooter) co
 std::shared_ptr<const layout::DrawList>
 PageTexts::draw(unsigned page, unsigned pageCount, double left, double top, double height) const
 {
+    Problems known;
+    return draw(page, pageCount, left, top, height, known);
+}
+
+std::shared_ptr<const layout::DrawList> PageTexts::draw(unsigned page, unsigned pageCount,
+                                                        double left, double top, double height,
+                                                        Problems &problems) const
+{
     layout::DrawListBuilder builder;
-    const Emitter emitter(builder, _pen.fonts());
+    const Emitter emitter(builder, _pen.fonts(), problems);
     if (page == 1) {
         emitter.emit(_title, left, top);
     } else {

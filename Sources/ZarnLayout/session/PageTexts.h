@@ -3,6 +3,7 @@
 
 #include <ZarnLayout/draw/ZarnDrawList.h>
 #include <ZarnLayout/engrave/Pen.h>
+#include <ZarnLayout/engrave/Problems.h>
 
 #include <memory>
 
@@ -29,8 +30,14 @@ public:
     std::shared_ptr<const layout::DrawList> draw(unsigned page, unsigned pageCount, double left,
                                                  double top, double height) const;
 
+    /// What of the texts cannot be drawn as it should, each once.
+    const Problems &problems() const noexcept { return _problems; }
+
 private:
     void makeTitle();
+    std::shared_ptr<const layout::DrawList> draw(unsigned page, unsigned pageCount, double left,
+                                                 double top, double height,
+                                                 Problems &problems) const;
     Inks cornerTexts(unsigned page, unsigned pageCount, bool isFooter) const;
 
     const ScoreModel &_model;
@@ -40,6 +47,7 @@ private:
     double _titleHeight = 0;
     double _headerHeight = 0;
     double _footerHeight = 0;
+    Problems _problems;
 };
 
 } // namespace zarn::engraving

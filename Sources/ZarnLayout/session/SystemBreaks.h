@@ -37,6 +37,10 @@ public:
     const std::vector<unsigned> &find(const ScoreSource &source, const std::vector<ShownBar> &shown,
                                       const Widths &widths);
 
+    /// What the last search looked for, and found.
+    const Widths &widths() const noexcept { return _widths; }
+    const std::vector<unsigned> &lines() const noexcept { return _lines; }
+
     /// Of the last search: a listed system that finds no room is broken, which is said.
     const Problems &problems() const noexcept { return _problems; }
 

@@ -46,6 +46,7 @@ void addRows(std::vector<Row> &rows, const Track &track, const TrackNotations &n
         row.staff = staff->index();
         row.isPercussion = InstrumentSet::isUnpitched(track.type());
         const bool hasTablature = notations.tablature && staff->isFretted();
+        row.lacksStrings = notations.tablature && !hasTablature;
         const std::size_t first = rows.size();
         // Tablature of a staff without strings is written in notes: nothing is left out.
         if (notations.standard || (notations.tablature && !hasTablature && !notations.slash)) {

@@ -35,6 +35,9 @@ struct Row {
     bool isLastOfStaff = true;
     bool isPercussion = false;
 
+    /// Tablature was asked for, and the staff has no strings.
+    bool lacksStrings = false;
+
     double height() const noexcept { return (lineCount - 1) * lineDistance; }
 
     friend bool operator==(const Row &a, const Row &b) noexcept
@@ -42,7 +45,8 @@ struct Row {
         return a.track == b.track && a.staff == b.staff && a.notation == b.notation
             && a.lineCount == b.lineCount && a.lineDistance == b.lineDistance
             && a.hasRhythm == b.hasRhythm && a.isFirstOfStaff == b.isFirstOfStaff
-            && a.isLastOfStaff == b.isLastOfStaff && a.isPercussion == b.isPercussion;
+            && a.isLastOfStaff == b.isLastOfStaff && a.isPercussion == b.isPercussion
+            && a.lacksStrings == b.lacksStrings;
     }
 
     /// How far a line or space is below the top line, in staff spaces; counted in half spaces
