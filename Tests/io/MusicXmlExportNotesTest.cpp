@@ -198,6 +198,26 @@ TEST(MusicXmlExportNotes, raisedFifthsStayWhatTheyWereCalled)
     EXPECT_EQ(exportedWhole(chords, "//kind/@text"), "7#5 aug7");
 }
 
+TEST(MusicXmlExportNotes, chordSymbolsComeBackInTheirOwnWriting)
+{
+    auto model = readFrom(score(quarters(1, note("C", 4, 4, "whole"))));
+    const auto beat = model->track(0)->bar(0)->voice(0)->beat(0);
+    for (const std::string symbol :
+         {"F#-7", "CΔ9/E", "H7", "Em/H", "G4/7", "B♭7(b9)", "C/9", "Am7M", "E+7#9", "D6/9/A",
+          "C7alt", "Gø", "A7+", "N.C.", "tacet"}) {
+        beat->setChordSymbol(symbol);
+        const Exported written(*model);
+        const auto copy = readFrom(written.text());
+        EXPECT_EQ(copy->track(0)->bar(0)->voice(0)->beat(0)->chordSymbol(),
+                  symbol == "B♭7(b9)" ? "Bb7(b9)" : symbol);
+    }
+    // Words of other languages for roots and basses give way.
+    beat->setChordSymbol("Fis-7/cis");
+    const Exported written(*model);
+    EXPECT_EQ(readFrom(written.text())->track(0)->bar(0)->voice(0)->beat(0)->chordSymbol(),
+              "F#-7/C#");
+}
+
 TEST(MusicXmlExportNotes, lyricsAndGraceNotes)
 {
     auto model = readFrom(score(quarters(1, note("C", 4, 4, "whole"))));

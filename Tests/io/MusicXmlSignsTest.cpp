@@ -199,6 +199,24 @@ TEST(MusicXmlSigns, harmoniesAreReadByWhatTheyMeanAndElseAsTheyAreWritten)
                        "<kind>minor</kind>"),
               "C###m");
     EXPECT_EQ(symbolOf("<function>V</function><kind>dominant</kind>"), "V7");
+    EXPECT_EQ(symbolOf("<function>ii</function><kind>minor-seventh</kind>"), "ii7");
+    const auto numeral = [](const char *root) {
+        return "<numeral><numeral-root" + std::string(root) + "</numeral-root></numeral>";
+    };
+    EXPECT_EQ(symbolOf(numeral(">5") + "<kind>dominant</kind>"), "V7");
+    EXPECT_EQ(symbolOf(numeral(">2") + "<kind>minor-seventh</kind>"), "IIm7");
+    EXPECT_EQ(symbolOf(numeral(" text=\"ii\">2") + "<kind>minor-seventh</kind>"), "ii7");
+    // The writing of the document is kept as long as it says the same.
+    EXPECT_EQ(symbolOf(c + "<kind text=\"-7\">minor-seventh</kind>"), "C-7");
+    EXPECT_EQ(symbolOf(c + "<kind text=\"Δ\">major-seventh</kind>"), "CΔ");
+    EXPECT_EQ(symbolOf(c + "<kind text=\"7(b9)\">dominant</kind>" + degree("9", "-1", "add")),
+              "C7(b9)");
+    EXPECT_EQ(symbolOf(c + "<kind text=\"7\">dominant</kind>" + degree("9", "-1", "add")), "C7b9");
+    EXPECT_EQ(symbolOf(c + "<kind text=\"\">minor</kind>"), "Cm");
+    EXPECT_EQ(symbolOf(c + "<kind text=\"Hm?\">minor</kind><inversion>2</inversion>"), "Cm/G");
+    EXPECT_EQ(symbolOf("<root><root-step text=\"H\">B</root-step></root><kind text=\"7\">dominant"
+                       "</kind>"),
+              "H7");
 }
 
 TEST(MusicXmlSigns, tablatureCountsStringsFromTheLowest)

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/chords/TransposedSymbol.h>
 
+#include <ZarnCore/chords/ChordSymbolParts.h>
 #include <ZarnCore/chords/ChordSymbolTokens.h>
 #include <ZarnCore/chords/ZarnChord.h>
-
-#include <string_view>
 
 namespace zarn::chord {
 
@@ -22,23 +21,14 @@ std::string transposedSymbol(const std::string &symbol, const Interval &interval
     const auto chord = Chord::fromText(symbol);
     if (!chord || chord->isNone())
         return symbol;
-    std::string_view kind = symbol;
-    const PitchClass root = takePitchClass(kind);
-    // Signs of print are understood as a whole, and so are names of other languages.
     const Chord moved = chord->transposed(interval);
-    if (asciiSymbol(symbol) != symbol || root != chord->root())
+    // Signs of print are understood as a whole.
+    if (asciiSymbol(symbol) != symbol)
         return moved.toDisplayText();
-    std::string bass;
-    if (const auto slash = kind.rfind('/'); slash != std::string_view::npos) {
-        std::string_view rest = kind.substr(slash + 1);
-        const PitchClass pitch = takePitchClass(rest);
-        if (pitch && rest.empty()) {
-            bass = '/' + textOf(pitch, interval);
-            kind = kind.substr(0, slash);
-        }
-    }
-    const std::string text = textOf(root, interval) + std::string(kind) + bass;
-    return Chord::fromText(text) == moved ? text : moved.toDisplayText();
+    const auto parts = ChordSymbolParts::of(symbol, *chord);
+    const std::string text = textOf(chord->root(), interval) + parts.kind
+        + (parts.bass.empty() ? "" : '/' + textOf(chord->bass(), interval));
+    return Chord::fromText(text) == moved ? text : moved.toText();
 }
 
 } // namespace zarn::chord

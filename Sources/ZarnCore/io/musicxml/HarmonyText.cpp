@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
+#include <iterator>
+#include <optional>
 #include <string_view>
 
 namespace zarn::io {
@@ -60,12 +62,32 @@ PitchClass pitchOf(const char *step, pugi::xml_node alter, ImportContext &contex
     return {NoteName::fromString(name), static_cast<NoteAccidental::Value>(semitones + 2)};
 }
 
+/// A letter, as the document prints it where that is the German one.
+std::string stepText(pugi::xml_node step)
+{
+    return step.attribute("text").value() == std::string_view("H") ? "H" : step.child_value();
+}
+
+/// "II", "bVI", "ii": a number as the document prints it, or in Roman.
+std::string numeralText(pugi::xml_node numeral, ImportContext &context)
+{
+    constexpr const char *romans[] = {"I", "II", "III", "IV", "V", "VI", "VII"};
+    const auto root = numeral.child("numeral-root");
+    const int number = count(root, context);
+    const bool isRoman = number >= 1 && number <= static_cast<int>(std::size(romans));
+    std::string text = root.attribute("text").value();
+    if (text.empty())
+        text = isRoman ? romans[number - 1] : root.child_value();
+    return alteration(numeral.child("numeral-alter"), context) + text;
+}
+
 /// One chord of the element: what its children say, and as what it reads when they make no chord.
 struct Symbol {
     chord::Harmony harmony;
     bool isKindKnown = true;
     std::string root;
     std::string kind;
+    std::optional<std::string> kindText; ///< as the document wants it to be printed
     std::string degrees;
     std::string bass;
 
@@ -74,6 +96,8 @@ struct Symbol {
         // A kind of its own is written as the document has it.
         const bool isWritten = harmony.kind == chord::HarmonyKind::Other && !kind.empty();
         const bool isBassKnown = bass.empty() || harmony.bass;
+        if (const auto printed = printedText())
+            return *printed;
         if (harmony.kind == chord::HarmonyKind::AugmentedSeventh && degrees.empty()
             && !harmony.inversion)
             return root + "aug7" + (bass.empty() ? "" : "/" + bass);
@@ -84,14 +108,33 @@ struct Symbol {
             + (bass.empty() ? "" : "/" + bass);
     }
 
+    /// The chord in the writing of the document, when it reads as what the elements say.
+    std::optional<std::string> printedText() const
+    {
+        const auto chord = chord::Chord::fromHarmony(harmony);
+        if (!kindText || !isKindKnown || !chord || chord->isNone())
+            return std::nullopt;
+        const auto simple = chord->simplified();
+        const auto over = bass.empty() ? simple.bass().toString().toStdString() : bass;
+        const auto text = root + *kindText + (simple.hasBass() ? "/" + over : "");
+        const auto read = chord::Chord::fromText(text);
+        return read && read->simplified() == simple ? std::make_optional(text) : std::nullopt;
+    }
+
     void readKind(pugi::xml_node node)
     {
+        if (const auto text = node.attribute("text"))
+            kindText = text.value();
         const auto known = chord::harmonyKindFromString(node.child_value());
         isKindKnown = known.has_value();
         harmony.kind = known.value_or(chord::HarmonyKind::Other);
         kind = harmony.kind == chord::HarmonyKind::Other
             ? node.attribute("text").value()
             : std::string(chord::ChordKind::fromHarmonyKind(harmony.kind).text());
+        // "ii" is minor already.
+        const bool isSmallRoman = !root.empty() && (root.back() == 'i' || root.back() == 'v');
+        if (isSmallRoman && kind.compare(0, 1, "m") == 0 && kind.compare(0, 3, "maj") != 0)
+            kind.erase(0, 1);
     }
 };
 
@@ -119,12 +162,12 @@ std::string harmonyText(pugi::xml_node harmony, ImportContext &context)
         switch (const auto tag = tagOf(child.name()); tag) {
         case Tag::Root: {
             const auto alter = child.child("root-alter");
-            begin(child.child_value("root-step") + alteration(alter, context));
+            begin(stepText(child.child("root-step")) + alteration(alter, context));
             symbol.harmony.root = pitchOf(child.child_value("root-step"), alter, context);
             break;
         }
         case Tag::Numeral:
-            begin(child.child_value("numeral-root"));
+            begin(numeralText(child, context));
             break;
         case Tag::Function:
             begin(child.child_value());
@@ -142,7 +185,7 @@ std::string harmonyText(pugi::xml_node harmony, ImportContext &context)
             break;
         case Tag::Bass: {
             const auto alter = child.child("bass-alter");
-            symbol.bass = child.child_value("bass-step") + alteration(alter, context);
+            symbol.bass = stepText(child.child("bass-step")) + alteration(alter, context);
             symbol.harmony.bass = pitchOf(child.child_value("bass-step"), alter, context);
             break;
         }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/io/musicxml/writer/HarmonyWriter.h>
 
-#include <ZarnCore/chords/ZarnChord.h>
+#include <ZarnCore/chords/ChordSymbolParts.h>
 #include <ZarnCore/io/musicxml/writer/ExportContext.h>
 
 #include <algorithm>
@@ -13,11 +13,14 @@ namespace {
 
 constexpr int thumbOfDiagram = 5;
 
-void writePitch(const PitchClass &pitch, const char *name, pugi::xml_node harmony)
+void writePitch(const PitchClass &pitch, const char *name, const std::string &text,
+                pugi::xml_node harmony)
 {
     auto node = addElement(harmony, name);
     const std::string prefix = name;
-    addElement(node, (prefix + "-step").c_str(), pitch.note().toString().toStdString());
+    auto step = addElement(node, (prefix + "-step").c_str(), pitch.note().toString().toStdString());
+    if (text == "H")
+        addAttribute(step, "text", text);
     if (const int alter = pitch.accidental().alteration(); alter != 0)
         addElement(node, (prefix + "-alter").c_str(), alter);
 }
@@ -43,6 +46,7 @@ bool namesRaisedFifth(const std::string &symbol)
 void writeChord(const chord::Chord &chord, const std::string &symbol, pugi::xml_node harmony)
 {
     auto elements = chord.toHarmony();
+    const auto parts = chord::ChordSymbolParts::of(symbol, chord);
     const bool isAugmented = elements.kind == chord::HarmonyKind::AugmentedSeventh;
     const bool hasRaisedFifth = isAugmented && namesRaisedFifth(symbol);
     if (hasRaisedFifth) {
@@ -53,17 +57,13 @@ void writeChord(const chord::Chord &chord, const std::string &symbol, pugi::xml_
     if (chord.isNone())
         addElement(addElement(harmony, "root"), "root-step", "C"); // The schema asks for one.
     else
-        writePitch(elements.root, "root", harmony);
+        writePitch(elements.root, "root", parts.root, harmony);
     auto kind = addElement(harmony, "kind", std::string(chord::harmonyKindToString(elements.kind)));
-    addAttribute(kind, "text",
-                 chord.isNone() ? "N.C."
-                     : isAugmented && !hasRaisedFifth && elements.degrees.empty()
-                     ? "aug7"
-                     : std::string(chord.kind().text()));
+    addAttribute(kind, "text", chord.isNone() ? "N.C." : parts.kind);
     if (elements.inversion)
         addElement(harmony, "inversion", *elements.inversion);
     if (elements.bass)
-        writePitch(elements.bass, "bass", harmony);
+        writePitch(elements.bass, "bass", parts.bass, harmony);
     for (const auto &degree : elements.degrees)
         writeDegree(degree, harmony);
 }
