@@ -366,12 +366,13 @@ MidiTime RhythmQuantizer::endFor(std::size_t note, MidiTime playedEnd, const Pla
 
     constexpr double priceOfOtherFamily = 3;
     const BeatGrid *const chosen = _chosen[beat];
+    // Where the onsets show none, hands that let go a little early make no tuplets.
+    const bool isShown = chosen != nullptr && chosen->places.size() > 2;
+    const auto family = isShown ? chosen->family : BeatGrid::Plain;
+    const bool isExpected = family != BeatGrid::Mixed && (isShown || _accuracy.isPlayed);
     for (const BeatGrid &grid : *place.grids) {
         const double price = 0.5 + grid.price / 2
-            + (chosen != nullptr && chosen->places.size() > 2 && grid.family != chosen->family
-                       && chosen->family != BeatGrid::Mixed
-                   ? priceOfOtherFamily
-                   : 0);
+            + (isExpected && grid.family != family ? priceOfOtherFamily : 0);
         if (price > bestCost)
             continue;
         const auto fit = grid.fit(playedEnd - place.start, deviation);
