@@ -55,7 +55,8 @@ void expectSound(const PlaybackPlan &plan)
 void expectInBars(const ScoreModel &model, const PlaybackPlan &plan)
 {
     for (const PlannedNote &note : plan.notes()) {
-        const auto &voice = model.track(note.track)->bar(note.bar, note.staff)->voices()[note.voice];
+        const auto &voice =
+            model.track(note.track)->bar(note.bar, note.staff)->voices()[note.voice];
         const auto &beats = voice->beats();
         const Beat &beat = *beats[note.beat];
         const auto isHeldOn = [](const auto &each) { return each->isTieOrigin(); };
