@@ -248,22 +248,26 @@ void BarEngraver::placeHeads(Chord &chord)
         chord.width = std::max(chord.width, head.width);
     }
     // From the end of the stem that is at a head, every other note of a cluster goes to the far
-    // side.
+    // side; what finds no room on either side, as the third of one line does, stands beside both.
+    constexpr int nowhere = -1000;
     const auto count = chord.heads.size();
-    bool wasDisplaced = false;
+    int usual = nowhere;
+    int far = nowhere;
+    double right = chord.width;
     for (std::size_t step = 0; step < count; ++step) {
-        const std::size_t i = chord.isStemUp ? step : count - 1 - step;
-        Head &head = chord.heads[i];
-        bool isDisplaced = false;
-        if (step > 0) {
-            const Head &before = chord.heads[chord.isStemUp ? i - 1 : i + 1];
-            isDisplaced = std::abs(head.line - before.line) <= 1 && !wasDisplaced;
-        }
-        if (isDisplaced)
-            head.x = chord.isStemUp ? chord.width - fonts.stem() : fonts.stem() - head.width;
-        else
+        Head &head = chord.heads[chord.isStemUp ? step : count - 1 - step];
+        head.isDisplaced = usual != nowhere && std::abs(head.line - usual) <= 1;
+        if (!head.isDisplaced) {
             head.x = chord.isStemUp ? chord.width - head.width : 0;
-        head.isDisplaced = wasDisplaced = isDisplaced;
+            usual = head.line;
+        } else if (far == nowhere || std::abs(head.line - far) > 1) {
+            head.x = chord.isStemUp ? chord.width - fonts.stem() : fonts.stem() - head.width;
+            far = head.line;
+        } else {
+            constexpr double gap = 0.15;
+            head.x = right + gap;
+        }
+        right = std::max(right, head.x + head.width);
     }
 }
 
@@ -292,7 +296,7 @@ void BarEngraver::placeStem(Chord &chord)
     double length = (3.5 + 0.75 * std::max(0, flags - 2)) * (scale < 1 ? 0.75 : 1);
     const unsigned strokes = chord.beat->marks.tremolo();
     if (strokes > 0)
-        length = std::max(length, 3.0 + 0.8 * strokes);
+        length = std::max({length, 3.0 + 0.8 * strokes, 1.5 + 0.75 * flags + 0.8 * strokes});
     double tip = nearTip.y + direction * length;
     // A flag ends before a head that stands on its side of the stem.
     if (flags > 0 && !chord.isBeamed && chord.isStemUp) {
@@ -320,7 +324,7 @@ void BarEngraver::placeStem(Chord &chord)
 
 void BarEngraver::placeVoices()
 {
-    if (!_hasVoices || _row.notation == Notation::Tablature)
+    if (!_hasVoices)
         return;
     auto &chords = _result.chords;
     std::vector<std::vector<std::size_t>> byColumn(_onsets->size());
@@ -329,6 +333,10 @@ void BarEngraver::placeVoices()
             byColumn[chords[i].column].push_back(i);
     const Fonts &fonts = _pen.fonts();
     for (const auto &members : byColumn) {
+        if (_row.notation == Notation::Tablature) {
+            placeVoicesOnStrings(members);
+            continue;
+        }
         // Stems upwards first: what stands in their way goes to the right.
         std::vector<std::size_t> order(members);
         std::stable_sort(order.begin(), order.end(), [&](std::size_t left, std::size_t right) {
@@ -369,6 +377,43 @@ void BarEngraver::placeVoices()
             if (chords[index].isRest())
                 placeRest(chords[index], taken);
     }
+}
+
+void BarEngraver::placeVoicesOnStrings(const std::vector<std::size_t> &members)
+{
+    constexpr double gap = 0.5;
+    auto &chords = _result.chords;
+    std::vector<Box> taken;
+    std::vector<std::pair<const Chord *, const Head *>> numbers;
+    for (const std::size_t index : members) {
+        Chord &chord = chords[index];
+        if (chord.isRest() || chord.beat->noteCount == 0)
+            continue;
+        for (const Head &head : chord.heads)
+            for (const auto &[other, number] : numbers) {
+                if (number->line != head.line)
+                    continue;
+                // Voices that share a note share its number.
+                const NoteSource &note = _source->notes[head.note];
+                const NoteSource &before = _source->notes[number->note];
+                if (other->x == chord.x && other->scale == chord.scale
+                    && fretText(note) == fretText(before)
+                    && std::string_view(fretBrackets(note).before) == fretBrackets(before).before)
+                    continue;
+                chord.x = std::max(chord.x, other->x + number->x + number->width + gap - head.x);
+                _problems.add(placeOf(chord, head.note - chord.beat->firstNote),
+                              "The string has several notes at once.");
+            }
+        for (const Head &head : chord.heads) {
+            numbers.emplace_back(&chord, &head);
+            taken.push_back(
+                {chord.x + head.x, head.y - 0.65, chord.x + head.x + head.width, head.y + 0.65});
+        }
+    }
+    if (_row.hasRhythm)
+        for (const std::size_t index : members)
+            if (chords[index].isRest())
+                placeRest(chords[index], taken);
 }
 
 void BarEngraver::placeRest(Chord &chord, std::vector<Box> &taken)

@@ -93,7 +93,7 @@ void addBendSpaces(const Chord &chord, const BarSource &source, std::vector<Spac
         for (std::size_t i = 1; i < points.size(); ++i)
             turns += points[i].value != points[i - 1].value ? 1 : 0;
         const double left = chord.x + head.x + head.width;
-        boxes.push_back({{left, -1, left + 0.4 + turn * std::max(turns, 1), head.y + 0.3},
+        boxes.push_back({{left, -1, left + 0.7 + turn * std::max(turns, 1), head.y + 0.3},
                          SpaceBox::Kind::Sign});
     }
 }

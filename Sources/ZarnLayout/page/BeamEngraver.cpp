@@ -66,9 +66,9 @@ private:
     double leastOf(const PlacedChord &member) const
     {
         const int beams = member.beat().flagCount();
-        return (2.5 + step() / _scale * std::max(0, beams - 1) * 0.8
-                + 0.5 * member.beat().marks.tremolo())
-            * (_scale < 1 ? 0.75 : 1);
+        if (const unsigned strokes = member.beat().marks.tremolo(); strokes > 0)
+            return (1.5 + 0.75 * beams + 0.8 * strokes) * (_scale < 1 ? 0.75 : 1);
+        return (2.5 + step() / _scale * std::max(0, beams - 1) * 0.8) * (_scale < 1 ? 0.75 : 1);
     }
 
     /// Whether an inner head is nearer to the beam than both ends.

@@ -386,8 +386,9 @@ void addTremolos(RowDraft &row, const SystemDraft &draft)
                 chord.stemTip + inward * (0.7 + 0.75 * chord.beat().flagCount() + 0.4 * strokes);
             if (!chord.chord->hasStem) {
                 x = chord.headCentre();
-                const double head = row.row->notation == Notation::Slash ? 2 : 1.2;
-                y = chord.top() - head - 0.4 * strokes;
+                const double head = chord.chord->isSlash ? 1 : 0.5;
+                y = chord.chord->top()
+                    - (head + 0.3 + pen.fonts().box(sign).bottom) * chord.chord->scale;
             }
             Ink ink = pen.glyph(MarkKind::Tremolo, sign, x, y, chord.chord->scale);
             ink.place = placeOf(row, chord);

@@ -28,96 +28,169 @@ std::string bendText(int quarterTones)
     return std::abs(quarterTones) == 4 ? "full" : amountText(quarterTones);
 }
 
-} // namespace
+/// Bends of a note: a curve from its number up, an arrow at each turn, and how far it goes.
+class BendDrawer {
+public:
+    BendDrawer(const Pen &pen, const PitchCurve &curve, double left, double right) : _pen(pen)
+    {
+        for (const CurvePoint &point : curve.points()) {
+            _farthest = std::max(_farthest, std::abs(point.value));
+            if (_turns.empty() || point.value != _turns.back().value)
+                _turns.push_back({left + (right - left) * point.position / 60.0, point.value});
+        }
+        if (_turns.empty())
+            return;
+        if (_turns.front().value != 0)
+            _turns.front().x += 0.2;
+        // Turns keep their distance, so that arrows and numbers are apart, and end where there is
+        // room for all of them.
+        constexpr double apart = 1.5;
+        for (std::size_t i = 1; i < _turns.size(); ++i)
+            _turns[i].x = std::max(_turns[i].x, _turns[i - 1].x + apart);
+        double last = std::max(right, _turns.front().x + apart * (_turns.size() - 1.0));
+        for (std::size_t i = _turns.size(); i-- > 1; last -= apart)
+            _turns[i].x = std::min(_turns[i].x, last);
+    }
 
-void addBends(RowDraft &row, const SystemDraft &draft)
+    /// From a base line, the note's, up to a height over the staff.
+    Inks draw(double base, double high)
+    {
+        _base = base;
+        _high = high;
+        if (!_turns.empty() && _turns.front().value != 0) {
+            const Turn &turn = _turns.front();
+            const double top = yOf(turn.value);
+            _inks.push_back(
+                _pen.line(MarkKind::Bend, {turn.x, base}, {turn.x, top + 0.6}, thickness));
+            addArrow(turn.x, top, true);
+            addLabel(turn);
+        }
+        for (std::size_t i = 1; i < _turns.size(); ++i)
+            addTurn(_turns[i - 1], _turns[i]);
+        return std::move(_inks);
+    }
+
+private:
+    static constexpr double thickness = 0.14;
+
+    struct Turn {
+        double x;
+        int value;
+    };
+
+    /// What is bent less than the rest of it ends lower.
+    double yOf(int value) const
+    {
+        return value == 0                  ? _base
+            : std::abs(value) == _farthest ? _high
+                                           : std::min(_high + 1.1, _base - 0.8);
+    }
+
+    void addTurn(const Turn &before, const Turn &turn)
+    {
+        const bool isUp = turn.value > before.value;
+        const Point from = {before.x, yOf(before.value)};
+        const Point to = {turn.x, yOf(turn.value)};
+        const double stop = to.y + (isUp ? 0.6 : -0.6);
+        std::vector<Point> arc;
+        constexpr int steps = 12;
+        for (int i = 0; i <= steps; ++i) {
+            const double t = static_cast<double>(i) / steps;
+            arc.push_back({from.x + (to.x - from.x) * (1 - (1 - t) * (1 - t)),
+                           from.y + (stop - from.y) * t * t});
+        }
+        _inks.push_back(_pen.polyline(MarkKind::Bend, std::move(arc), thickness));
+        addArrow(to.x, to.y, isUp);
+        if (isUp)
+            addLabel(turn);
+    }
+
+    void addArrow(double x, double y, bool isUp)
+    {
+        const double back = isUp ? 0.75 : -0.75;
+        _inks.push_back(
+            _pen.polygon(MarkKind::Bend, {{x, y}, {x - 0.3, y + back}, {x + 0.3, y + back}}));
+    }
+
+    void addLabel(const Turn &turn)
+    {
+        Ink label = _pen.text(MarkKind::Bend, TextRole::Letter, bendText(turn.value), turn.x,
+                              _high - 0.35, Pen::Align::Centre);
+        label.move(std::max(0.0, _labelEnd + 0.3 - label.box.left), 0);
+        _labelEnd = label.box.right;
+        _inks.push_back(std::move(label));
+    }
+
+    const Pen &_pen;
+    std::vector<Turn> _turns;
+    int _farthest = 0;
+    double _base = 0;
+    double _high = 0;
+    double _labelEnd = -1e9;
+    Inks _inks;
+};
+
+/// Where the ink of a chord ends on the right that a bend of one of its notes has to pass.
+double startOf(const SystemDraft &draft, const RowDraft &row, const PlacedChord &chord,
+               const Head &head)
+{
+    double right = chord.x + head.x + head.width;
+    for (const Head &other : chord.chord->heads)
+        if (other.y < head.y)
+            right = std::max(right, chord.x + other.x + other.width);
+    for (std::uint32_t i = chord.chord->firstInk; i < chord.chord->inkEnd; ++i)
+        if (const Ink &ink = inkOf(draft, row, chord, i);
+            ink.kind == MarkKind::Enclosure && ink.box.top < head.y)
+            right = std::max(right, chord.x + ink.box.right);
+    return right + 0.15;
+}
+
+/// Where something else begins that a bend must not reach.
+double roomOf(const SystemDraft &draft, const RowDraft &row, const PlacedChord &chord)
+{
+    double room = draft.right - 0.5;
+    for (const PlacedChord &other : row.chords)
+        if (other.x > chord.x + 1 && other.x < room)
+            room = std::min(room, leftInkOf(draft, row, other) - 0.5);
+    return room;
+}
+
+void addBend(RowDraft &row, const SystemDraft &draft, const PlacedChord &chord, const Head &head,
+             const NoteSource &note)
+{
+    constexpr double widest = 6;
+    constexpr double narrowest = 1.5;
+    const bool isOnString = row.row->notation == Notation::Tablature;
+    const double left =
+        isOnString ? startOf(draft, row, chord, head) : chord.x + head.x + head.width / 2;
+    const double right =
+        std::max(std::min(roomOf(draft, row, chord), left + widest), left + narrowest);
+    BendDrawer drawer(draft.pen, note.details->bend.curve, left, right);
+    const MarkPlace where = placeOf(row, chord, head.note - chord.beat().firstNote);
+    if (isOnString) {
+        const double high = std::min(-row.above.reach(left - 0.5, right + 0.5) - 0.6, -1.4);
+        // A slide begins beside the middle of the number.
+        const double base = note.marks.slideOut() == SlideOut::None ? head.y : head.y - 0.75;
+        for (Ink &ink : drawer.draw(base, high)) {
+            ink.place = where;
+            row.add(std::move(ink));
+        }
+        return;
+    }
+    // On a staff of notes the arrow stands over everything: there is no string that it could leave.
+    SideItem item;
+    item.gap = 0.4;
+    item.inks = drawer.draw(0, -1.8);
+    const double over = boxOf(item.inks).right - draft.right;
+    move(item.inks, -std::max(over, 0.0), 0);
+    for (Ink &ink : item.inks)
+        ink.place = where;
+    place(row, {std::move(item)});
+}
+
+void addWhammyBars(RowDraft &row, const SystemDraft &draft)
 {
     const Pen &pen = draft.pen;
-    if (row.row->isLastOfStaff)
-        for (std::size_t i = 0; i < row.chords.size(); ++i) {
-            const PlacedChord &chord = row.chords[i];
-            for (const Head &head : chord.chord->heads) {
-                if (chord.beat().noteCount == 0)
-                    break;
-                const NoteSource &note = chord.note(head);
-                if (!note.details || note.details->bend.type == BendType::NoBend)
-                    continue;
-                // From the number up to a height over the staff, an arrow at each turn.
-                const PlacedChord *next = nextChord(row, i);
-                const auto &points = note.details->bend.curve.points();
-                const double left = chord.x + head.x + head.width + 0.15;
-                const double room = next ? next->x - 0.5 : draft.right - 0.5;
-                const double right = std::max(std::min(room, left + 6), left + 1.5);
-                const double high = std::min(-row.above.reach(left - 0.5, right + 0.5) - 0.6, -1.4);
-                const MarkPlace where = placeOf(row, chord, head.note - chord.beat().firstNote);
-                Inks inks;
-                int farthest = 0;
-                for (const CurvePoint &point : points)
-                    farthest = std::max(farthest, std::abs(point.value));
-                // What is bent less than the rest of it ends lower.
-                const auto yOf = [&](int value) {
-                    return value == 0                 ? head.y
-                        : std::abs(value) == farthest ? high
-                                                      : std::min(high + 1.1, head.y - 0.8);
-                };
-                const auto addArrow = [&](double x, double y, bool isUp) {
-                    const double back = isUp ? 0.75 : -0.75;
-                    inks.push_back(pen.polygon(MarkKind::Bend,
-                                               {{x, y}, {x - 0.3, y + back}, {x + 0.3, y + back}}));
-                };
-                double labelEnd = -1e9;
-                const auto addLabel = [&](double x, int value) {
-                    Ink label = pen.text(MarkKind::Bend, TextRole::Letter, bendText(value), x,
-                                         high - 0.35, Pen::Align::Centre);
-                    label.move(std::max(0.0, labelEnd + 0.3 - label.box.left), 0);
-                    labelEnd = label.box.right;
-                    inks.push_back(std::move(label));
-                };
-                struct Turn {
-                    double x;
-                    int value;
-                };
-                std::vector<Turn> turns;
-                for (const CurvePoint &point : points)
-                    if (turns.empty() || point.value != turns.back().value)
-                        turns.push_back(
-                            {left + (right - left) * point.position / 60.0, point.value});
-                // Turns keep their distance, so that arrows and numbers are apart.
-                for (std::size_t k = 1; k < turns.size(); ++k)
-                    turns[k].x = std::max(turns[k].x, turns[k - 1].x + 1.5);
-                if (!turns.empty() && turns.front().value != 0) {
-                    turns.front().x = left + 0.2;
-                    const double top = yOf(turns.front().value);
-                    inks.push_back(pen.line(MarkKind::Bend, {left + 0.2, head.y},
-                                            {left + 0.2, top + 0.6}, 0.14));
-                    addArrow(left + 0.2, top, true);
-                    addLabel(left + 0.2, turns.front().value);
-                }
-                for (std::size_t k = 1; k < turns.size(); ++k) {
-                    const bool isUp = turns[k].value > turns[k - 1].value;
-                    const Point from = {turns[k - 1].x, yOf(turns[k - 1].value)};
-                    const Point to = {turns[k].x, yOf(turns[k].value)};
-                    const double stop = to.y + (isUp ? 0.6 : -0.6);
-                    std::vector<Point> arc;
-                    constexpr int steps = 12;
-                    for (int s = 0; s <= steps; ++s) {
-                        const double t = static_cast<double>(s) / steps;
-                        arc.push_back({from.x + (to.x - from.x) * (1 - (1 - t) * (1 - t)),
-                                       from.y + (stop - from.y) * t * t});
-                    }
-                    inks.push_back(pen.polyline(MarkKind::Bend, std::move(arc), 0.14));
-                    addArrow(to.x, to.y, isUp);
-                    if (isUp)
-                        addLabel(to.x, turns[k].value);
-                }
-                for (Ink &ink : inks) {
-                    ink.place = where;
-                    row.add(std::move(ink));
-                }
-            }
-        }
-    if (!row.row->isLastOfStaff)
-        return;
     SideItems items;
     for (std::size_t i = 0; i < row.chords.size(); ++i) {
         const PlacedChord &chord = row.chords[i];
@@ -155,6 +228,24 @@ void addBends(RowDraft &row, const SystemDraft &draft)
         items.push_back(std::move(item));
     }
     place(row, std::move(items));
+}
+
+} // namespace
+
+void addBends(RowDraft &row, const SystemDraft &draft)
+{
+    if (!row.row->isLastOfStaff)
+        return;
+    for (const PlacedChord &chord : row.chords) {
+        if (chord.beat().noteCount == 0)
+            continue;
+        for (const Head &head : chord.chord->heads) {
+            const NoteSource &note = chord.note(head);
+            if (note.details && note.details->bend.type != BendType::NoBend)
+                addBend(row, draft, chord, head, note);
+        }
+    }
+    addWhammyBars(row, draft);
 }
 
 } // namespace zarn::engraving

@@ -38,60 +38,86 @@ float weightOf(MarkKind kind)
 
 void InkField::add(const Inks &inks, double y)
 {
-    for (const Ink &ink : inks) {
-        const float weight = weightOf(ink.kind);
-        if (weight == 0)
-            continue;
-        const auto addEdge = [&](const Point &from, const Point &to, double half) {
-            const bool isForward = from.x <= to.x;
-            const Point &left = isForward ? from : to;
-            const Point &right = isForward ? to : from;
-            // A line that stands is as wide as it is thick.
-            const double side = right.x - left.x < 2 * half ? half : 0;
-            const double top = std::min(left.y, right.y) + y;
-            const double bottom = std::max(left.y, right.y) + y;
-            if (side > 0)
-                add({left.x - side, right.x + side, {top, top}, {bottom, bottom}, weight, false});
-            else
-                add({left.x,
-                     right.x,
-                     {left.y + y - half, right.y + y - half},
-                     {left.y + y + half, right.y + y + half},
-                     weight,
-                     false});
-        };
-        if (ink.shape == Ink::Shape::Line) {
-            for (std::size_t i = 1; i < ink.points.size(); ++i)
-                addEdge(ink.points[i - 1], ink.points[i], ink.thickness / 2);
-        } else if (ink.shape == Ink::Shape::Polygon && ink.points.size() == 4
-                   && ink.points[0].x == ink.points[3].x && ink.points[1].x == ink.points[2].x) {
-            const Point middle[2] = {{ink.points[0].x, (ink.points[0].y + ink.points[3].y) / 2},
-                                     {ink.points[1].x, (ink.points[1].y + ink.points[2].y) / 2}};
-            addEdge(middle[0], middle[1], std::abs(ink.points[3].y - ink.points[0].y) / 2);
-        } else {
-            const Box box = ink.box.movedBy(0, y);
-            const bool isRound =
-                ink.kind == MarkKind::NoteHead || ink.kind == MarkKind::AugmentationDot;
-            add({box.left,
-                 box.right,
-                 {box.top, box.top},
-                 {box.bottom, box.bottom},
+    for (const Ink &ink : inks)
+        add(ink, y);
+}
+
+void InkField::add(const Ink &ink, double y)
+{
+    const float weight = weightOf(ink.kind);
+    if (weight == 0)
+        return;
+    const auto addEdge = [&](const Point &from, const Point &to, double half) {
+        const bool isForward = from.x <= to.x;
+        const Point &left = isForward ? from : to;
+        const Point &right = isForward ? to : from;
+        // A line that stands is as wide as it is thick.
+        const double side = right.x - left.x < 2 * half ? half : 0;
+        const double top = std::min(left.y, right.y) + y;
+        const double bottom = std::max(left.y, right.y) + y;
+        if (side > 0)
+            add({left.x - side, right.x + side, {top, top}, {bottom, bottom}, weight, false});
+        else
+            add({left.x,
+                 right.x,
+                 {left.y + y - half, right.y + y - half},
+                 {left.y + y + half, right.y + y + half},
                  weight,
-                 isRound});
-        }
+                 false});
+    };
+    if (ink.shape == Ink::Shape::Line) {
+        for (std::size_t i = 1; i < ink.points.size(); ++i)
+            addEdge(ink.points[i - 1], ink.points[i], ink.thickness / 2);
+    } else if (ink.shape == Ink::Shape::Polygon && ink.points.size() == 4
+               && ink.points[0].x == ink.points[3].x && ink.points[1].x == ink.points[2].x) {
+        const Point middle[2] = {{ink.points[0].x, (ink.points[0].y + ink.points[3].y) / 2},
+                                 {ink.points[1].x, (ink.points[1].y + ink.points[2].y) / 2}};
+        addEdge(middle[0], middle[1], std::abs(ink.points[3].y - ink.points[0].y) / 2);
+    } else {
+        const Box box = ink.box.movedBy(0, y);
+        const bool isRound =
+            ink.kind == MarkKind::NoteHead || ink.kind == MarkKind::AugmentationDot;
+        add({box.left, box.right, {box.top, box.top}, {box.bottom, box.bottom}, weight, isRound});
     }
+}
+
+std::size_t InkField::binOf(double x)
+{
+    return static_cast<std::size_t>(std::clamp(x / binWidth, 0.0, 1e6));
 }
 
 void InkField::add(const Obstacle &obstacle)
 {
-    const auto binOf = [](double x) {
-        return static_cast<std::size_t>(std::clamp(x / binWidth, 0.0, 1e6));
-    };
     const std::size_t last = binOf(obstacle.right + 0.5);
     if (last >= _bins.size())
         _bins.resize(last + 1);
     for (std::size_t bin = binOf(obstacle.left - 0.5); bin <= last; ++bin)
         _bins[bin].push_back(obstacle);
+}
+
+bool InkField::isFree(const Box &box) const
+{
+    const std::size_t last = binOf(box.right);
+    for (std::size_t bin = binOf(box.left); bin <= last && bin < _bins.size(); ++bin)
+        for (const Obstacle &obstacle : _bins[bin]) {
+            const double left = std::max(box.left, obstacle.left);
+            const double right = std::min(box.right, obstacle.right);
+            if (left >= right)
+                continue;
+            // Of straight edges the ends of the stretch that both share are the outermost.
+            const double width = std::max(obstacle.right - obstacle.left, 1e-6);
+            double top = 1e9;
+            double bottom = -1e9;
+            for (const double x : {left, right}) {
+                const double part = (x - obstacle.left) / width;
+                top = std::min(top, obstacle.top[0] + (obstacle.top[1] - obstacle.top[0]) * part);
+                bottom = std::max(
+                    bottom, obstacle.bottom[0] + (obstacle.bottom[1] - obstacle.bottom[0]) * part);
+            }
+            if (top < box.bottom && bottom > box.top)
+                return false;
+        }
+    return true;
 }
 
 double InkField::coveredBy(const Bow &bow, double margin) const

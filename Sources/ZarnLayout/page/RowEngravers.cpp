@@ -20,8 +20,8 @@ using EngraveRow = void (*)(RowDraft &row, const SystemDraft &draft);
 
 /// What is nearer to the notes comes first.
 constexpr EngraveRow rowEngravers[] = {
-    addTies,      addTremolos, addStringLinks,  addArticulations, addSlurs,
-    addBends,     addTuplets,  addBeatSigns,    addFermatas,      addDynamics,
+    addTies,      addTremolos, addBends,        addStringLinks, addArticulations,
+    addSlurs,     addTuplets,  addBeatSigns,    addFermatas,    addDynamics,
     addStretches, addLyrics,   addChordSymbols,
 };
 

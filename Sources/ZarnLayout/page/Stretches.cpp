@@ -423,6 +423,11 @@ void addStretches(RowDraft &row, const SystemDraft &draft)
                 item.inks = stretch.make(draft.pen, startOf(row, run),
                                          endOf(draft, row, run, stretch.fillsBeat));
                 item.line = stretchLine;
+                const BarPlace &bar = draft.bars[row.chords[run.last].shownBar - draft.first];
+                const Box box = boxOf(item.inks);
+                const double over = box.right - (bar.right - 0.3);
+                if (over > 0)
+                    move(item.inks, -std::min(over, std::max(0.0, box.left - bar.left)), 0);
                 for (Ink &ink : item.inks)
                     ink.place = placeOf(row, row.chords[run.first]);
                 items.push_back(std::move(item));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnLayout/page/StringLinks.h>
 
+#include <ZarnLayout/page/BowSeeker.h>
 #include <ZarnLayout/page/SideItem.h>
 
 #include <algorithm>
@@ -64,18 +65,64 @@ private:
                  const Head *end)
     {
         const bool isTab = _row.row->notation == Notation::Tablature;
-        const double left = headLeft(chord, head) + head.width / 2 + 0.1;
-        const double right =
-            end ? headLeft(*target, *end) + end->width / 2 - 0.1 : _draft.musicRight() - 0.2;
-        const bool isAbove = isTab || !chord.chord->isStemUp;
-        const double sign = isAbove ? -1 : 1;
-        const double off = sign * (isTab ? 0.8 : 0.7);
-        const double to = end && !isTab ? end->y + off : head.y + off;
-        Ink curve = _draft.pen.curve(MarkKind::HammerOn, {left, head.y + off},
-                                     {std::max(right, left + 0.8), to},
-                                     -sign * std::clamp(0.35 + 0.05 * (right - left), 0.4, 1.2));
+        BowEnds ends;
+        ends.side = isTab || !chord.chord->isStemUp ? 1 : -1;
+        ends.isLevel = isTab || !end;
+        for (const int side : {-1, 1}) {
+            const Point from = endAt(chord, head, side, 1);
+            ends.from[side > 0] = from;
+            ends.to[side > 0] = end
+                ? endAt(*target, *end, side, -1)
+                : Point{std::max(_draft.musicRight() - 0.2, from.x + 0.8), from.y};
+        }
+        Ink curve = _draft.pen.curve(MarkKind::HammerOn, freestBow(ends, field()).handles());
         curve.place = placeOf(_row, chord, head.note - chord.beat().firstNote);
         _row.add(std::move(curve));
+    }
+
+    /// Where a head ends, with what stands behind it at its height: dots, parentheses.
+    double rightAt(const PlacedChord &chord, const Head &head) const
+    {
+        double right = headLeft(chord, head) + head.width;
+        for (std::uint32_t i = chord.chord->firstInk; i < chord.chord->inkEnd; ++i)
+            if (const Ink &ink = inkOf(_draft, _row, chord, i);
+                (ink.kind == MarkKind::AugmentationDot || ink.kind == MarkKind::Enclosure)
+                && ink.box.top < head.y + 0.8 && ink.box.bottom > head.y - 0.8)
+                right = std::max(right, chord.x + ink.box.right);
+        return right;
+    }
+
+    /// An end over or below a head, or beside it where the chord goes on there. `forward` is 1
+    /// where a curve begins, -1 where it ends.
+    Point endAt(const PlacedChord &chord, const Head &head, int side, int forward) const
+    {
+        const auto &heads = chord.chord->heads;
+        const bool isTab = _row.row->notation == Notation::Tablature;
+        const double x = headLeft(chord, head) + head.width / 2;
+        const bool isOuter = side > 0 ? &head == &heads.back() : &head == &heads.front();
+        const bool meetsStem =
+            !isTab && chord.chord->hasStem && chord.chord->isStemUp == (side > 0);
+        if (isOuter && !meetsStem)
+            return {x + forward * 0.1, head.y - side * (isTab ? 0.8 : 0.7)};
+        double outer = x + forward * head.width / 2;
+        for (std::uint32_t i = chord.chord->firstInk; i < chord.chord->inkEnd; ++i) {
+            const Ink &ink = inkOf(_draft, _row, chord, i);
+            const bool isBeside = ink.kind == MarkKind::AugmentationDot
+                || ink.kind == MarkKind::Accidental || ink.kind == MarkKind::Arpeggio
+                || ink.kind == MarkKind::Enclosure;
+            if (isBeside && ink.box.top < head.y + 0.6 && ink.box.bottom > head.y - 0.6)
+                outer = forward > 0 ? std::max(outer, chord.x + ink.box.right)
+                                    : std::min(outer, chord.x + ink.box.left);
+        }
+        return {outer + forward * 0.15, head.y - side * 0.3};
+    }
+
+    /// What stands in the row so far.
+    const InkField &field()
+    {
+        for (; _known < _row.inks.size(); ++_known)
+            _field.add(_row.inks[_known]);
+        return _field;
     }
 
     void addLine(const PlacedChord &chord, const Head &head, Point from, Point to)
@@ -91,7 +138,7 @@ private:
         constexpr double stub = 1.4;
         const bool isTab = _row.row->notation == Notation::Tablature;
         const double left = headLeft(chord, head);
-        const double right = left + head.width;
+        const double right = rightAt(chord, head);
         const double rise = isTab ? 0.55 : 0.8;
         if (note.marks.slideIn() != SlideIn::None) {
             const double sign = note.marks.slideIn() == SlideIn::FromBelow ? 1 : -1;
@@ -129,6 +176,8 @@ private:
 
     RowDraft &_row;
     const SystemDraft &_draft;
+    InkField _field;
+    std::size_t _known = 0; ///< ink of the row that is in the field
 };
 
 } // namespace

@@ -5,6 +5,7 @@
 #include <ZarnLayout/page/BeamEngraver.h>
 #include <ZarnLayout/page/CrossStaffSlurs.h>
 #include <ZarnLayout/page/Emitter.h>
+#include <ZarnLayout/page/InkField.h>
 #include <ZarnLayout/page/RowEngravers.h>
 #include <ZarnLayout/page/SystemHead.h>
 
@@ -22,6 +23,64 @@ constexpr double gapInScore = 5.0;    ///< between tracks
 constexpr double inkGap = 0.6;        ///< between ink of neighbouring rows
 constexpr double mostSqueezed = 0.75; ///< of the least width of several bars
 constexpr double loosest = 1.35;      ///< factor of a last line that is still drawn out
+
+/// Rests keep off what other voices have on the staff: away from it, line by line.
+void addRests(RowDraft &row, std::vector<Inks> rests)
+{
+    if (rests.empty())
+        return;
+    constexpr int farthest = 16;
+    constexpr double gap = 0.1;
+    InkField field;
+    field.add(row.inks);
+    for (Inks &rest : rests) {
+        if (rest.empty())
+            continue;
+        const double step = rest.front().place.voice % 2 == 0 ? -1 : 1;
+        const auto isFree = [&](double shift) {
+            return std::all_of(rest.begin(), rest.end(), [&](const Ink &ink) {
+                const Box box = ink.box.movedBy(0, shift);
+                return field.isFree(
+                    {box.left - gap, box.top - gap, box.right + gap, box.bottom + gap});
+            });
+        };
+        int steps = 0;
+        while (steps < farthest && !isFree(step * steps))
+            ++steps;
+        if (steps < farthest)
+            move(rest, 0, step * steps);
+        field.add(rest);
+        row.add(std::move(rest));
+    }
+}
+
+bool changesClef(const BarSource &bar)
+{
+    return bar.clefBefore != ClefType::None
+        && (bar.clef != bar.clefBefore || bar.ottavia != bar.ottaviaBefore);
+}
+
+/// The middle of a bar, or of the widest stretch between clefs that change in it.
+double middleOf(const BarPlace &bar, const EngravedBar &engraved)
+{
+    double left = bar.left;
+    double from = bar.left;
+    double to = bar.left;
+    const auto addStretch = [&](double right) {
+        if (right - left > to - from) {
+            from = left;
+            to = right;
+        }
+    };
+    for (const auto &clef : engraved.clefs) {
+        const double x = clef.column < bar.columns.size() ? bar.columns[clef.column]
+                                                          : bar.right - 0.4 - clef.ink.box.right;
+        addStretch(x + clef.ink.box.left);
+        left = x + clef.ink.box.right;
+    }
+    addStretch(bar.right);
+    return (from + to) / 2;
+}
 
 } // namespace
 
@@ -229,7 +288,9 @@ void SystemBuilder::placeJoint(SystemDraft &draft, const Joint &joint, double x,
 
 void SystemBuilder::placeRow(SystemDraft &draft, RowDraft &row) const
 {
-    // Chords voice by voice, as what joins them wants them.
+    // Chords voice by voice, as what joins them wants them. Rests beside other voices wait for the
+    // beams of these.
+    std::vector<Inks> rests;
     for (unsigned voice = 0; voice < Bar::MaxVoices; ++voice)
         for (const BarPlace &bar : draft.bars) {
             const EngravedBar &engraved = _score.bar(row.number, bar.shownBar);
@@ -244,11 +305,17 @@ void SystemBuilder::placeRow(SystemDraft &draft, RowDraft &row) const
                 placed.x = bar.columns[chord.column] + chord.x;
                 placed.stemTip = chord.stemTip;
                 row.chords.push_back(placed);
+                const bool waits = chord.isRest() && chord.hasRival;
+                if (waits)
+                    rests.emplace_back();
                 for (std::uint32_t i = chord.firstInk; i < chord.inkEnd; ++i) {
                     Ink ink = engraved.inks[i];
                     ink.place.bar = static_cast<std::int32_t>(placed.bar);
                     ink.move(placed.x, 0);
-                    row.add(std::move(ink));
+                    if (waits)
+                        rests.back().push_back(std::move(ink));
+                    else
+                        row.add(std::move(ink));
                 }
             }
         }
@@ -268,11 +335,17 @@ void SystemBuilder::placeRow(SystemDraft &draft, RowDraft &row) const
             ink.place.bar = number;
             const bool isOnLine =
                 ink.kind == MarkKind::Simile && ink.glyph == _pen.fonts().glyph(Sign::Repeat2Bars);
-            ink.move(isOnLine ? bar.right : (bar.left + bar.right) / 2, 0);
+            // The sign for two bars stands on the line between them, or in front of it where that
+            // has no room: at the end of a system, or beside a clef.
+            const bool hasRoom = bar.shownBar + 1 < draft.end
+                && !changesClef(_score.source(row.number, bar.shownBar + 1));
+            const double onLine = hasRoom ? bar.right : bar.right - 0.4 - ink.box.right;
+            ink.move(isOnLine ? onLine : middleOf(bar, engraved), 0);
             row.add(std::move(ink));
         }
     }
     addBeams(row, _pen);
+    addRests(row, std::move(rests));
 }
 
 void SystemBuilder::placeRows(SystemDraft &draft) const

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnLayout/page/TieEngraver.h>
 
-#include <ZarnLayout/page/InkField.h>
+#include <ZarnLayout/page/BowSeeker.h>
 #include <ZarnLayout/page/SideItem.h>
 
 #include <algorithm>
@@ -22,14 +22,6 @@ bool areAtOnePlace(const NoteSource &left, const NoteSource &right)
         return left.string == right.string;
     return left.midi == right.midi;
 }
-
-/// Where a tie may begin and end, below its heads and above them, and where it would like to lie.
-struct TieEnds {
-    int side;     ///< 1 above the heads, -1 below
-    bool isLevel; ///< both heads are on one line
-    Point from[2];
-    Point to[2];
-};
 
 class Ties {
 public:
@@ -160,10 +152,12 @@ private:
         const bool meetsStem = chord.chord->hasStem && chord.chord->isStemUp == (side > 0);
         const double left = chord.x + head.x;
         const double right = left + head.width;
-        if (isOuter && !meetsStem && heads.size() == 1)
+        // In front of the arpeggio of a column, of whatever voice.
+        const double before = isStart ? left : arpeggioBefore(chord);
+        if (isOuter && !meetsStem && heads.size() == 1 && before >= left)
             return {isStart ? left + head.width * 0.62 : left + head.width * 0.38,
                     head.y - side * 0.68};
-        double outer = isStart ? right : left;
+        double outer = isStart ? right : std::min(left, before);
         for (std::uint32_t i = chord.chord->firstInk; i < chord.chord->inkEnd && isStart; ++i)
             if (const Ink &ink = inkOf(chord, i); ink.kind == MarkKind::AugmentationDot)
                 outer = std::max(outer, chord.x + ink.box.right);
@@ -173,6 +167,26 @@ private:
         return {isStart ? outer + 0.15 : outer - 0.15, head.y - side * 0.3};
     }
 
+    /// Where the arpeggio of a chord's column begins; far to the right without one.
+    double arpeggioBefore(const PlacedChord &chord) const
+    {
+        double before = 1e9;
+        for (const PlacedChord &other : _row.chords) {
+            if (other.shownBar != chord.shownBar || other.chord->column != chord.chord->column
+                || other.beat().isGrace() != chord.beat().isGrace())
+                continue;
+            for (std::uint32_t i = other.chord->firstInk; i < other.chord->inkEnd; ++i)
+                if (const Ink &ink = inkOf(other, i); ink.kind == MarkKind::Arpeggio)
+                    before = std::min(before, other.x + ink.box.left);
+        }
+        return before;
+    }
+
+    const BarPlace &barOf(const PlacedChord &chord) const
+    {
+        return _draft.bars[chord.shownBar - _draft.first];
+    }
+
     const Ink &inkOf(const PlacedChord &chord, std::uint32_t number) const
     {
         return _draft.score.bar(_row.number, chord.shownBar).inks[number];
@@ -180,7 +194,7 @@ private:
 
     void addFrom(const PlacedChord &chord, const Head &head, bool leavesSystem)
     {
-        TieEnds ends = {sideOf(chord, head), true, {}, {}};
+        BowEnds ends = {sideOf(chord, head), true, {}, {}};
         const auto found = _partners.find({&chord, &head});
         const bool hasPartner = found != _partners.end();
         ends.isLevel = !hasPartner || found->second.head->line == head.line;
@@ -189,76 +203,35 @@ private:
             ends.from[side > 0] = from;
             ends.to[side > 0] = hasPartner
                 ? endAt(*found->second.chord, *found->second.head, side, false)
-                : leavesSystem ? Point{std::max(_draft.musicRight() - 0.1, from.x + 0.8), from.y}
-                               : Point{from.x + shortTie, from.y};
+                : leavesSystem
+                ? Point{std::max(_draft.musicRight() - 0.1, from.x + 0.8), from.y}
+                : Point{
+                    std::max(std::min(from.x + shortTie, barOf(chord).right - 0.1), from.x + 0.8),
+                    from.y};
         }
         addCurve(chord, head, ends);
     }
 
     void addTo(const PlacedChord &chord, const Head &head, bool entersSystem)
     {
-        TieEnds ends = {sideOf(chord, head), true, {}, {}};
+        BowEnds ends = {sideOf(chord, head), true, {}, {}};
         for (const int side : {-1, 1}) {
             const Point to = endAt(chord, head, side, false);
             ends.to[side > 0] = to;
-            ends.from[side > 0] = {entersSystem ? std::min(_draft.musicLeft - 0.3, to.x - 0.8)
-                                                : to.x - shortTie,
-                                   to.y};
+            ends.from[side > 0] = {
+                entersSystem ? std::min(_draft.musicLeft - 0.3, to.x - 0.8)
+                             : std::min(std::max(to.x - shortTie, barOf(chord).left), to.x - 0.6),
+                to.y};
         }
         addCurve(chord, head, ends);
     }
 
-    void addCurve(const PlacedChord &chord, const Head &head, const TieEnds &wish)
+    void addCurve(const PlacedChord &chord, const Head &head, const BowEnds &wish)
     {
-        const Bow bow = bestBow(wish);
+        const Bow bow = freestBow(wish, _field);
         Ink curve = _draft.pen.curve(MarkKind::Tie, bow.handles());
         curve.place = placeOf(_row, chord, head.note - chord.beat().firstNote);
         _row.add(std::move(curve));
-    }
-
-    /// The curve that is nearest to the usual one of those that lie on no ink, or on the least.
-    Bow bestBow(const TieEnds &wish) const
-    {
-        struct Try {
-            double shift; ///< of both ends away from the head
-            double height;
-            double cost;
-        };
-        static const std::vector<Try> tries = [] {
-            std::vector<Try> all;
-            for (const double shift : {0.0, -0.15, 0.15, -0.3, 0.3, -0.45, 0.5, 0.75, 1.0, 1.3})
-                for (const double height : {1.0, 0.75, 0.5, 0.25, 1.3, 1.7, 2.2, 2.8})
-                    all.push_back(
-                        {shift, height, 1.2 * std::abs(shift) + 0.5 * std::abs(height - 1)});
-            std::stable_sort(all.begin(), all.end(), [](const Try &left, const Try &right) {
-                return left.cost < right.cost;
-            });
-            return all;
-        }();
-        Bow best;
-        double least = 1e9;
-        for (const int side : {wish.side, -wish.side}) {
-            const double turned = side == wish.side ? 0 : 0.4;
-            Point from = wish.from[side > 0];
-            Point to = wish.to[side > 0];
-            if (wish.isLevel)
-                from.y = to.y = side > 0 ? std::min(from.y, to.y) : std::max(from.y, to.y);
-            to.x = std::max(to.x, from.x + 0.6);
-            const double height = std::clamp(0.3 + 0.05 * (to.x - from.x), 0.35, 1.1);
-            for (const Try &way : tries) {
-                if (way.cost + turned >= least)
-                    break;
-                const double away = side * way.shift;
-                const Bow bow = Bow::arched({from.x, from.y - away}, {to.x, to.y - away},
-                                            side * height * way.height);
-                const double cost = way.cost + turned + 60 * _field.coveredBy(bow, 0.06);
-                if (cost < least) {
-                    least = cost;
-                    best = bow;
-                }
-            }
-        }
-        return best;
     }
 
     InkField _field;
