@@ -2,18 +2,21 @@
 """What a MusicXML document says, in rows that can be counted: notes, ties, slurs, lyrics and so on.
 
 A fact is a tuple with its place: the number of the part, of the measure and the onset from its start,
-to the nearest 128th note, because programs round the times in tuplets. Two documents are compared by
-the facts that they share.
+in 128th notes. Two documents are compared by the facts that they share; times may be one 128th
+apart, because programs round them in tuplets.
 """
 import collections
 import io
+import itertools
 import pathlib
+import re
 import xml.etree.ElementTree as ET
 import zipfile
 from fractions import Fraction
 
 STEPS = {"C": 0, "D": 2, "E": 4, "F": 5, "G": 7, "A": 9, "B": 11}
 JUMPS = ("segno", "coda", "tocoda", "dacapo", "dalsegno", "fine")
+BOW = "\u203f"
 SUFFIXES = (".musicxml", ".xml", ".mxl")
 
 # The rows of a comparison, in the order of their tables.
@@ -55,8 +58,19 @@ def plain(text):
     return " ".join((text or "").split())
 
 
+def sung(lyric):
+    """The words of a lyric; the bow between two of them is an element, or a sign of many kinds."""
+    parts = (BOW if node.tag == "elision" else node.text or "" for node in lyric
+             if node.tag in ("text", "elision"))
+    return plain(re.sub("[~%s\ue550-\ue552]+" % BOW, BOW, "".join(parts)))
+
+
+class Time(int):
+    """A time or a length in 128th notes."""
+
+
 def rounded(quarters):
-    return round(quarters * 32)
+    return Time(round(quarters * 32))
 
 
 class Reader:
@@ -147,8 +161,9 @@ class Reader:
         for beam in node.findall("beam"):
             self.add("beams", *place, beam.get("number", "1"), plain(beam.text))
         for lyric in node.findall("lyric"):
-            for text in lyric.findall("text"):
-                self.add("lyrics", *place, lyric.get("number", "1"), plain(text.text))
+            words = sung(lyric)
+            if words:
+                self.add("lyrics", *place, lyric.get("number", "1"), words)
         self.read_notations(node, place, what)
 
     def read_notations(self, node, place, what):
@@ -236,9 +251,23 @@ def facts_of(path):
     return facts
 
 
+def near(fact):
+    """The same fact at the times around it."""
+    around = [[part - 1, part, part + 1] if isinstance(part, Time) else [part] for part in fact]
+    return (other for other in itertools.product(*around) if other != fact)
+
+
 def kept(facts, of):
     """How many facts of a row are still there."""
-    return sum((facts & of).values())
+    count = sum((facts & of).values())
+    free = facts - of
+    for fact, lost in (of - facts).items():
+        for other in near(fact):
+            found = min(lost, free[other])
+            lost -= found
+            free[other] -= found
+            count += found
+    return count
 
 
 def note_count(path):
