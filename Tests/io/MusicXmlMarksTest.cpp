@@ -292,6 +292,8 @@ TEST(MusicXmlMarks, beamsAreKeptWhereTheyAreNotTheUsualOnes)
                                                     : 'B';
     EXPECT_EQ(modes, "...J.BB.") << "joined over the middle of the bar, apart at the end";
     EXPECT_TRUE(report.unheld().empty());
+    import(score(measure(eighth("begin")) + measure(eighth("end"))), report);
+    EXPECT_TRUE(report.hasProblem("a beam over the bar line was left out"));
 }
 
 TEST(MusicXmlMarks, whatElseAnEngraverAsksFor)

@@ -168,8 +168,14 @@ void BarBuilder::finishBeats(const WrittenMeasure &measure)
     if (!_hasBeams)
         return;
     for (auto &staff : _staves)
-        for (auto &slot : staff.voiceSlots)
+        for (auto &slot : staff.voiceSlots) {
             setBeams(slot.beats, measure.meter, measure.groups);
+            if (!slot.beats.empty() && slot.beats.back().isBeamedOn
+                && flagsOf(*slot.beats.back().beat) > 0) {
+                _context.addUnheld(measure.node, Tag::Beam);
+                _context.addProblem(measure.node, "a beam over the bar line was left out");
+            }
+        }
 }
 
 void BarBuilder::place(const WrittenNote &note)
