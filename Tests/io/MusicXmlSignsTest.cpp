@@ -28,6 +28,37 @@ std::string clef(const char *sign, int line, const char *more = "")
 
 } // namespace
 
+TEST(MusicXmlSigns, aKeyInsideOfABarHoldsFromTheNextOneOn)
+{
+    const auto key = [](int fifths, const char *staff = "") {
+        return "<key" + std::string(staff) + "><fifths>" + std::to_string(fifths)
+            + "</fifths></key>";
+    };
+    const auto quarter = note("C", 4, 1, "quarter");
+    const std::string start = attributes("<divisions>1</divisions>" + key(2)
+                                         + "<time><beats>2"
+                                           "</beats><beat-type>4</beat-type></time>");
+    const std::string half = note("C", 4, 2, "half");
+    ImportReport report;
+    const auto keysOf = [&report](const std::string &measures) {
+        std::string text;
+        const auto model = import(score(measures), report);
+        for (const auto &bar : model->masterTrack()->masterBars())
+            text += std::to_string(bar->concertKeySignature().accidentalCount()) + " ";
+        return text;
+    };
+    const std::string changed = measure(start + quarter + attributes(key(-3)) + quarter);
+    EXPECT_EQ(keysOf(changed + measure(half) + measure(half)), "2 -3 -3 ");
+    EXPECT_TRUE(report.hasProblem("a key that begins inside of a bar holds from the next bar on"));
+    // What the next bar says itself holds; a change behind all notes is one of the next bar.
+    report = {};
+    EXPECT_EQ(
+        keysOf(measure(start + half + attributes(key(-3))) + measure(attributes(key(1)) + half)
+               + measure(attributes(key(4, " number=\"1\"") + key(4, " number=\"2\"")) + half)),
+        "2 1 4 ");
+    EXPECT_TRUE(report.problems().empty());
+}
+
 TEST(MusicXmlSigns, keysAreConcertKeysAndPitchesStayWritten)
 {
     ImportReport report;

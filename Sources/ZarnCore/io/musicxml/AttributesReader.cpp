@@ -87,7 +87,7 @@ void AttributesReader::read(pugi::xml_node node, PartFacts &facts, MeasureTimeli
             readDivisions(child, timeline);
             break;
         case Tag::Key:
-            readKey(child, facts);
+            readKey(child, facts, timeline.exact());
             break;
         case Tag::Time:
             readTime(child, facts);
@@ -133,7 +133,8 @@ void AttributesReader::readDivisions(pugi::xml_node node, MeasureTimeline &timel
             node, "divisions are not above 0; " + timeline.divisions().toString() + " was kept");
 }
 
-void AttributesReader::readKey(pugi::xml_node node, PartFacts &facts)
+/// A key holds for whole bars: one that begins inside of a bar does from the next bar on.
+void AttributesReader::readKey(pugi::xml_node node, PartFacts &facts, const rational &position)
 {
     const auto fifthsNode = node.child("fifths");
     if (!fifthsNode) {
@@ -154,11 +155,16 @@ void AttributesReader::readKey(pugi::xml_node node, PartFacts &facts)
     const bool minor = mode == "minor" || mode == "dorian" || mode == "phrygian"
         || mode == "aeolian" || mode == "locrian";
     if (const int staff = staffOf(node); staff > 0) {
-        _context.addProblem(node,
-                            "a key of staff " + std::to_string(staff + 1) + " alone was left out");
+        if (facts.keys.empty() || facts.keys.back().fifths != fifths)
+            _context.addProblem(
+                node, "a key of staff " + std::to_string(staff + 1) + " alone was left out");
         return;
     }
-    facts.keys.push_back({_context.bar(), fifths, minor, node});
+    const bool isInside = position > rational(0);
+    const auto *const time = facts.times.empty() ? nullptr : &facts.times.back();
+    if (isInside && !(time && !time->free && position == rational(4 * time->beats, time->unit)))
+        _context.addProblem(node, "a key that begins inside of a bar holds from the next bar on");
+    facts.keys.push_back({_context.bar() + (isInside ? 1 : 0), fifths, minor, node});
 }
 
 void AttributesReader::readTime(pugi::xml_node node, PartFacts &facts)
@@ -202,8 +208,11 @@ void AttributesReader::readTime(pugi::xml_node node, PartFacts &facts)
                             "the time signature " + text + " was summed to " + std::to_string(beats)
                                 + "/" + std::to_string(unit));
     if (const int staff = staffOf(node); staff > 0) {
-        _context.addProblem(
-            node, "a time signature of staff " + std::to_string(staff + 1) + " alone was left out");
+        if (facts.times.empty() || facts.times.back().beats != beats
+            || facts.times.back().unit != unit)
+            _context.addProblem(node,
+                                "a time signature of staff " + std::to_string(staff + 1)
+                                    + " alone was left out");
         return;
     }
     facts.times.push_back({_context.bar(), beats, unit, false, node, groupsOf(terms, unit)});

@@ -22,7 +22,7 @@ public:
 
 private:
     void readDivisions(pugi::xml_node node, MeasureTimeline &timeline);
-    void readKey(pugi::xml_node node, PartFacts &facts);
+    void readKey(pugi::xml_node node, PartFacts &facts, const utils::rational &position);
     void readTime(pugi::xml_node node, PartFacts &facts);
     void readClef(pugi::xml_node node, PartFacts &facts, const utils::rational &position);
     void readStaffDetails(pugi::xml_node node, PartFacts &facts);

@@ -135,8 +135,9 @@ void MasterBarBuilder::setKeys(MasterTrack &master)
     for (std::size_t part = 0; part < _parts.size(); ++part)
         for (const auto &key : _parts[part].keys) {
             auto &keys = stated[key.bar];
-            if (keys.empty() || keys.back().part != part)
-                keys.push_back({part, concertFifths(part, key), key.minor, key.node});
+            if (!keys.empty() && keys.back().part == part) // from inside of the bar before
+                keys.pop_back();
+            keys.push_back({part, concertFifths(part, key), key.minor, key.node});
         }
     KeySignature current(0, true, true);
     auto next = stated.begin();
