@@ -244,6 +244,26 @@ TEST(MusicXmlExportNotes, lyricsAndGraceNotes)
     EXPECT_EQ(copy->track(0)->bar(0)->voice(0)->beat(2)->lyrics(), voice.beat(2)->lyrics());
 }
 
+TEST(MusicXmlExportNotes, bowsBetweenSyllablesAreElisions)
+{
+    const auto sung = [](const std::string &content) {
+        return quarters(1,
+                        note("C", 4, 4,
+                             "whole</type><lyric><syllabic>middle</syllabic>" + content
+                                 + "</lyric><type>whole"));
+    };
+    // Programs write the bows of music fonts as texts, too.
+    for (const char *const between :
+         {"<elision/>", "<text>\uE551\uE551</text>", "<text>\u203F</text>"}) {
+        const Exported written(sung("<text>ne</text>" + std::string(between) + "<text>en</text>"));
+        EXPECT_EQ(written.all("//lyric/text"), "ne en");
+        EXPECT_EQ(written.all("//elision"), "\u203F");
+        EXPECT_EQ(readFrom(written.text())->track(0)->bar(0)->voice(0)->beat(0)->lyrics(),
+                  (Syllables{{0, Syllabic::Middle, false, "ne~en"}}));
+    }
+    EXPECT_EQ(exportedWhole(sung("<text>~ne ~ en~</text>"), "//lyric/text"), "~ne ~ en~");
+}
+
 TEST(MusicXmlExportNotes, fingersCountFromTheThumbOnKeysAlone)
 {
     const auto fingered = [](const char *number) {

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <string_view>
 
 namespace zarn::io {
 
@@ -26,6 +27,42 @@ constexpr int lineCount = static_cast<int>(Syllable::LineCount);
 
 /// What stands between two syllables on one note.
 constexpr char elision = '~';
+
+/// The bows that stand for it in texts, in UTF-8: the undertie, and those of music fonts, narrow to
+/// wide (SMuFL 1.4, U+E550 to U+E552).
+constexpr std::array<std::string_view, 4> bows = {"\u203F", "\uE550", "\uE551", "\uE552"};
+
+/// One sign for bows in a row: programs write several to make a wide one.
+std::string withoutBows(std::string_view text)
+{
+    std::string plain;
+    while (!text.empty()) {
+        const auto bow = std::find_if(bows.begin(), bows.end(), [&](std::string_view known) {
+            return text.substr(0, known.size()) == known;
+        });
+        if (bow == bows.end())
+            plain += text.front();
+        else if (plain.empty() || plain.back() != elision)
+            plain += elision;
+        text.remove_prefix(bow == bows.end() ? 1 : bow->size());
+    }
+    return plain;
+}
+
+/// The words of a syllable, with the bows between them; a sign beside a space, or at an end, is one
+/// of the text.
+void addSungWords(const std::string &text, pugi::xml_node lyric)
+{
+    const auto isSung = [&](std::size_t at) { return text[at] != ' ' && text[at] != elision; };
+    std::size_t start = 0;
+    for (std::size_t at = 1; at + 1 < text.size(); ++at)
+        if (text[at] == elision && isSung(at - 1) && isSung(at + 1)) {
+            addElement(lyric, tagName(Tag::Text), text.substr(start, at - start));
+            addElement(lyric, tagName(Tag::Elision), bows.front().data());
+            start = at + 1;
+        }
+    addElement(lyric, tagName(Tag::Text), text.substr(start));
+}
 
 /// Where one element has several syllables, the word goes on where the last of them does.
 Syllabic joined(Syllabic first, Syllabic last)
@@ -52,7 +89,7 @@ unsigned writeLyrics(const Syllables &syllables, pugi::xml_node note)
         addAttribute(lyric, "number", syllable.line + 1);
         addElement(lyric, tagName(Tag::Syllabic),
                    syllabicTexts.textOrFirst(syllable.syllabic).data());
-        addElement(lyric, tagName(Tag::Text), text);
+        addSungWords(text, lyric);
         if (syllable.hasMelisma)
             addElement(lyric, tagName(Tag::Extend));
     }
@@ -66,7 +103,7 @@ Syllable Lyrics::read(pugi::xml_node lyric)
     for (auto child = lyric.first_child(); child; child = child.next_sibling()) {
         switch (tagOf(child.name())) {
         case Tag::Text:
-            syllable.text += child.child_value();
+            syllable.text += withoutBows(child.child_value());
             hasText = true;
             break;
         case Tag::Syllabic: {
