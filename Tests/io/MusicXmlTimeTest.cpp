@@ -59,6 +59,49 @@ TEST(MusicXmlTime, durationDecidesWhereTypeIsMissingOrContradictsIt)
         << report.problems().at(0).toString();
 }
 
+/// The rhythm that is read of a note under the start of a bracket, whose time modification is
+/// `actual` in 1.
+std::string bracketed(const char *type, int actual, const std::string &terms, int duration,
+                      int divisionCount, ImportReport &report)
+{
+    const auto text =
+        note("C", 4, duration,
+             std::string(type) + "</type><time-modification><actual-notes>" + std::to_string(actual)
+                 + "</actual-notes><normal-notes>1</normal-notes>"
+                   "</time-modification><notations><tuplet type=\"start\">"
+                 + terms + "</tuplet></notations><type>" + type);
+    const auto model = import(score(measure(divisions(divisionCount) + text)), report);
+    return model->track(0)->bar(0)->voice(0)->beat(0)->rhythmValue().toQString().toStdString();
+}
+
+/// The numbers of a bracket, and what each counts, if it says so.
+std::string terms(const std::string &actual, const std::string &normal)
+{
+    return "<tuplet-actual>" + actual + "</tuplet-actual><tuplet-normal>" + normal
+        + "</tuplet-normal>";
+}
+
+std::string term(int number, const char *unit = "")
+{
+    return "<tuplet-number>" + std::to_string(number) + "</tuplet-number>" + unit;
+}
+
+TEST(MusicXmlTime, bracketsTellTheTupletWhereTheModificationIsWrong)
+{
+    ImportReport report;
+    EXPECT_EQ(bracketed("16th", 5, terms(term(5), term(4)), 10, 50, report),
+              "Sixteenth;Dots=0;PriTuplet=5/4;SecTuplet=0/0");
+    EXPECT_TRUE(report.hasProblem("the time modification contradicts the duration and the tuplet"));
+    // Three eighths in the time of a quarter, two in that of a dotted one.
+    const char *const eighth = "<tuplet-type>eighth</tuplet-type>";
+    const char *const quarter = "<tuplet-type>quarter</tuplet-type>";
+    const char *const dotted = "<tuplet-type>quarter</tuplet-type><tuplet-dot/>";
+    EXPECT_EQ(bracketed("eighth", 3, terms(term(3, eighth), term(1, quarter)), 10, 30, report),
+              "Eighth;Dots=0;PriTuplet=3/2;SecTuplet=0/0");
+    EXPECT_EQ(bracketed("eighth", 2, terms(term(2, eighth), term(1, dotted)), 30, 40, report),
+              "Eighth;Dots=0;PriTuplet=2/3;SecTuplet=0/0");
+}
+
 TEST(MusicXmlTime, aTupletThatTheDurationsForgetIsNone)
 {
     const std::string nested =

@@ -2,13 +2,21 @@
 #include <ZarnCore/io/musicxml/NotationsReader.h>
 
 #include <ZarnCore/io/musicxml/ImportContext.h>
+#include <ZarnCore/io/musicxml/NoteReader.h>
 #include <ZarnCore/io/musicxml/signs/Articulations.h>
 
 #include <algorithm>
 #include <cstring>
+#include <iterator>
 #include <string_view>
 
 namespace zarn::io {
+
+namespace {
+
+constexpr int mostOfTerm = 255;
+
+} // namespace
 
 void NotationsReader::startPart(PartTally &tally, SourceTally &whole)
 {
@@ -143,17 +151,36 @@ void NotationsReader::readTechnical(pugi::xml_node technical, WrittenNote &note)
     }
 }
 
+/// The value that a term of a tuplet counts in, in quarters; nothing when it is not written.
+std::optional<utils::rational> NotationsReader::unitOf(pugi::xml_node term)
+{
+    const int type = noteTypeOf(term.child_value("tuplet-type"));
+    if (type == WrittenRhythm::NoType)
+        return std::nullopt;
+    utils::rational unit(std::int64_t(1) << WrittenRhythm::Quarter, std::int64_t(1) << type);
+    const auto dots = term.children("tuplet-dot");
+    const auto count = std::min<std::ptrdiff_t>(std::distance(dots.begin(), dots.end()), 4);
+    return unit * utils::rational((2 << count) - 1, 1 << count);
+}
+
 void NotationsReader::readTuplet(pugi::xml_node tuplet)
 {
     const bool starts = std::strcmp(tuplet.attribute("type").value(), "start") == 0;
     TupletMark mark = {starts, tuplet.attribute("number").as_int(1), {}};
-    for (auto child = tuplet.first_child(); child; child = child.next_sibling()) {
-        const auto tag = tagOf(child.name());
-        if (tag != Tag::TupletActual && tag != Tag::TupletNormal)
-            continue;
-        auto &term = tag == Tag::TupletActual ? mark.ratio.actual : mark.ratio.normal;
-        if (const auto number = child.child("tuplet-number"))
-            term = std::clamp(_context.integer(number, 1), 1, 255);
+    const auto readTerm = [&](Tag tag, int &term) {
+        const auto node = tuplet.child(tagName(tag));
+        if (const auto number = node.child("tuplet-number"))
+            term = std::clamp(_context.integer(number, 1), 1, mostOfTerm);
+        return node ? unitOf(node) : std::nullopt;
+    };
+    const auto unit = readTerm(Tag::TupletActual, mark.ratio.actual);
+    const auto normalUnit = readTerm(Tag::TupletNormal, mark.ratio.normal);
+    // Three eighths in the time of one quarter are three in the time of two.
+    if (unit && normalUnit && *unit != *normalUnit) {
+        const auto normal = utils::rational(mark.ratio.normal) * *normalUnit / *unit;
+        const auto actual = mark.ratio.actual * normal.denominator();
+        if (actual <= mostOfTerm && normal.numerator() <= mostOfTerm)
+            mark.ratio = {static_cast<int>(actual), static_cast<int>(normal.numerator())};
     }
     _whole->tuplets += starts;
     _tupletMarks.push_back(mark);

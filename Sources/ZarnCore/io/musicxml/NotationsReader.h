@@ -6,6 +6,7 @@
 #include <ZarnCore/io/musicxml/signs/Ornaments.h>
 #include <ZarnCore/io/musicxml/signs/Technical.h>
 
+#include <optional>
 #include <vector>
 
 namespace zarn::io {
@@ -63,6 +64,7 @@ private:
     void readOrnaments(pugi::xml_node ornaments, WrittenNote &note);
     void readArpeggio(pugi::xml_node arpeggio, Tag tag, WrittenNote &note);
     void readTechnical(pugi::xml_node technical, WrittenNote &note);
+    static std::optional<utils::rational> unitOf(pugi::xml_node term);
     void readTuplet(pugi::xml_node tuplet);
 
     ImportContext &_context;

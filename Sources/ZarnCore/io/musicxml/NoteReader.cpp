@@ -48,6 +48,16 @@ const char *noteTypeName(int type)
     return typeNames[type].data();
 }
 
+int noteTypeOf(std::string_view name)
+{
+    const auto *found =
+        std::find_if(std::begin(typeNames), std::end(typeNames), [name](std::string_view known) {
+            return known.size() == name.size() && known[0] == name[0] && known == name;
+        });
+    return found == std::end(typeNames) ? WrittenRhythm::NoType
+                                        : static_cast<int>(found - std::begin(typeNames));
+}
+
 void NoteReader::startPart(const PartFacts &facts, PartTally &tally, SourceTally &whole)
 {
     _facts = &facts;
@@ -171,6 +181,9 @@ void NoteReader::read(pugi::xml_node node, WrittenNote &note)
     }
     if (_hasModification)
         _tuplets.split(note.voice, _modification, _rhythm);
+    _bracketed = _rhythm;
+    if (_hasModification)
+        _tuplets.tell(note.voice, _bracketed);
     for (const auto &mark : marks)
         if (!mark.starts)
             _tuplets.stop(note.voice, mark.number);
@@ -289,12 +302,8 @@ void NoteReader::readType(pugi::xml_node type, WrittenNote &note)
     if (std::strcmp(type.attribute("size").value(), "cue") == 0)
         note.beatMarks.setCue(true);
     const std::string_view name = type.child_value();
-    const auto *found =
-        std::find_if(std::begin(typeNames), std::end(typeNames), [name](std::string_view known) {
-            return known.size() == name.size() && known[0] == name[0] && known == name;
-        });
-    if (found != std::end(typeNames))
-        _rhythm.type = static_cast<int>(found - std::begin(typeNames));
+    if (const int number = noteTypeOf(name); number != WrittenRhythm::NoType)
+        _rhythm.type = number;
     else
         _context.addProblem(type, "there is no note type \"" + std::string(name) + "\"");
 }

@@ -9,6 +9,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace zarn::io {
@@ -17,6 +18,9 @@ class ImportContext;
 
 /// The <type> of a note by its number in `WrittenRhythm`, 0 to 13.
 const char *noteTypeName(int type);
+
+/// The other way round; `NoType` for a text that names none.
+int noteTypeOf(std::string_view name);
 
 /// Reads what stands inside of one <note>, in one pass over its children. Times are left to the
 /// measure's reader.
@@ -33,6 +37,10 @@ public:
     /// dots and tuplets.
     const std::optional<utils::rational> &duration() const noexcept { return _duration; }
     const WrittenRhythm &rhythm() const noexcept { return _rhythm; }
+
+    /// The same with the tuplets that the brackets around it tell, whatever its own time
+    /// modification says.
+    const WrittenRhythm &bracketedRhythm() const noexcept { return _bracketed; }
 
     /// Its signs that its marks do not hold.
     const std::vector<WrittenSign> &signs() const noexcept { return _notations.signs(); }
@@ -66,6 +74,7 @@ private:
     BeatMarks _chordMarks; ///< of the chord that the notes read last belong to
     std::optional<utils::rational> _duration;
     WrittenRhythm _rhythm;
+    WrittenRhythm _bracketed;
     TupletRatio _modification;
     bool _hasModification = false;
 };

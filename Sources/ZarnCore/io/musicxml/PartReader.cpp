@@ -187,20 +187,26 @@ void PartReader::placeNote(WrittenNote &note)
     note.tolerance = _timeline.tolerance();
 
     const auto &rhythm = _notes.rhythm();
-    const auto *nominal = rhythm.type != WrittenRhythm::NoType ? &_fitter.written(rhythm) : nullptr;
-    const bool held = nominal && nominal->has_value();
-    if (held)
-        note.rhythm = (*nominal)->value;
+    const auto written = _notes.duration().value_or(0) / _timeline.divisions();
+    const bool isTimed = written > rational(0) && written < rational(longest);
+    auto nominal = nominalLength(rhythm, note);
+    const bool isTyped = nominal && !note.wholeMeasure;
+    const auto holds = [&] {
+        return nominal && (*nominal == written || _timeline.isRounding(*nominal, written));
+    };
+    if (isTyped && isTimed && !note.grace && !holds() && !(rhythm == _notes.bracketedRhythm())) {
+        nominal = nominalLength(_notes.bracketedRhythm(), note);
+        if (holds())
+            _context.addProblem(note.node,
+                                "the time modification contradicts the duration and the tuplets "
+                                "around the note, which were taken");
+    }
     if (!note.grace) {
-        const auto written = _notes.duration().value_or(0) / _timeline.divisions();
-        const bool timed = written > rational(0) && written < rational(longest);
-        if (held && timed && !note.wholeMeasure
-            && ((*nominal)->length == written
-                || _timeline.isRounding((*nominal)->length, written))) {
-            note.length = (*nominal)->length;
+        if (isTimed && isTyped && holds()) {
+            note.length = *nominal;
             _timeline.advance(note.length, written);
-        } else if (timed) {
-            if (held && !note.wholeMeasure)
+        } else if (isTimed) {
+            if (isTyped)
                 _context.addProblem(note.node,
                                     "the duration, " + inQuarters(written)
                                         + ", contradicts the note type; it was taken");
@@ -215,6 +221,18 @@ void PartReader::placeNote(WrittenNote &note)
     _chord = {note.onset, note.tolerance, note.length, note.rhythm, note.grace};
     _chordRhythm = rhythm;
     _chordDuration = _notes.duration();
+}
+
+/// Gives a note the value that is written, which may fail to fit; its length in quarters.
+std::optional<rational> PartReader::nominalLength(const WrittenRhythm &rhythm, WrittenNote &note)
+{
+    if (rhythm.type == WrittenRhythm::NoType)
+        return std::nullopt;
+    const auto &fit = _fitter.written(rhythm);
+    if (!fit)
+        return std::nullopt;
+    note.rhythm = fit->value;
+    return fit->length;
 }
 
 void PartReader::fitLength(WrittenNote &note, const rational &length)

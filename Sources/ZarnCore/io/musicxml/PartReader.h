@@ -35,6 +35,7 @@ private:
     void readPrint(pugi::xml_node print);
     void joinChord(WrittenNote &note);
     void placeNote(WrittenNote &note);
+    std::optional<utils::rational> nominalLength(const WrittenRhythm &rhythm, WrittenNote &note);
     void fitLength(WrittenNote &note, const utils::rational &length);
     void claim(pugi::xml_node forward, WrittenMeasure &measure);
     void jump(pugi::xml_node node, int sign);

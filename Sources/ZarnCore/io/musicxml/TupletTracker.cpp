@@ -10,6 +10,8 @@ namespace {
 /// Deeper nesting is no music; it would only make the search for a voice's tuplets long.
 constexpr std::size_t mostOpen = 64;
 
+constexpr int mostOfRatio = 255;
+
 } // namespace
 
 void TupletTracker::start(int voice, int number, const TupletRatio &ratio)
@@ -44,6 +46,25 @@ void TupletTracker::stop(int voice, int number)
         _open.erase(found);
 }
 
+void TupletTracker::tell(int voice, WrittenRhythm &rhythm) const
+{
+    rhythm.outer = rhythm.inner = {};
+    int depth = 0;
+    for (const auto &open : _open) {
+        if (open.voice != voice)
+            continue;
+        auto &ratio = depth == 0 ? rhythm.outer : rhythm.inner;
+        const auto actual = ratio.actual * open.ratio.actual;
+        const auto normal = ratio.normal * open.ratio.normal;
+        if (open.ratio.isPlain() || actual > mostOfRatio || normal > mostOfRatio) {
+            rhythm.outer = rhythm.inner = {};
+            return;
+        }
+        ratio = {actual, normal};
+        ++depth;
+    }
+}
+
 void TupletTracker::split(int voice, const TupletRatio &modification, WrittenRhythm &rhythm) const
 {
     rhythm.outer = modification;
@@ -53,7 +74,7 @@ void TupletTracker::split(int voice, const TupletRatio &modification, WrittenRhy
         return;
     const auto rest = utils::rational(modification.actual, modification.normal)
         / utils::rational(outer->ratio.actual, outer->ratio.normal);
-    if (rest.numerator() > 255 || rest.denominator() > 255)
+    if (rest.numerator() > mostOfRatio || rest.denominator() > mostOfRatio)
         return;
     // What is no faster than the tuplet around it stands behind one that was left open.
     if (!outer->isTold && !(rest > utils::rational(1)))

@@ -22,6 +22,10 @@ public:
     /// Splits the time modification of a note into the outermost tuplet and what is inside of it.
     void split(int voice, const TupletRatio &modification, WrittenRhythm &rhythm) const;
 
+    /// The tuplets that are open in a voice, as they say themselves: the outermost and what the
+    /// others make of it. Plain where none is, or where one of them has no numbers.
+    void tell(int voice, WrittenRhythm &rhythm) const;
+
 private:
     struct Open {
         int voice;
