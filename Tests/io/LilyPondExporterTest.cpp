@@ -162,6 +162,15 @@ TEST(LilyPondExporter, keepsTimeForGraceNotesEverywhere)
     EXPECT_TRUE(has(text, "\\grace { s8 } s1 |")) << text;
 }
 
+TEST(LilyPondExporter, graceNotesEndATremoloToo)
+{
+    const auto score = scoreOf("piano: c4h e4h d4s | f4w");
+    beatOf(*score, 0, 0).setTremoloToNext(3);
+    beatOf(*score, 0, 2).setGraceType(GraceType::OnBeat);
+    const std::string text = exported(*score->scoreModel());
+    EXPECT_TRUE(has(text, "\\afterGrace { \\repeat tremolo 16 { c'32 e'32 } } { d'16 } ")) << text;
+}
+
 TEST(LilyPondExporter, keepsBarsOfOddLengthsTogether)
 {
     const auto score = scoreOf("piano: c4q | d4w | e4h | f4w e4w");

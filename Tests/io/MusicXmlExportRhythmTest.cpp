@@ -51,6 +51,21 @@ TEST(MusicXmlExportRhythm, tupletsHaveTheirRatiosAndBrackets)
     EXPECT_EQ(written.all("//tuplet-actual/tuplet-number"), "3");
 }
 
+TEST(MusicXmlExportRhythm, halvesOfATremoloAreNoTuplet)
+{
+    const auto half = [](const char *step, const char *type) {
+        return note(step, 4, 12,
+                    "half</type><time-modification><actual-notes>2</actual-notes><normal-notes>1"
+                    "</normal-notes></time-modification><notations><ornaments><tremolo type=\""
+                        + std::string(type) + "\">3</tremolo></ornaments></notations><type>half");
+    };
+    const Exported written(quarters(12, half("C", "start") + half("E", "stop")));
+    EXPECT_EQ(written.all("//actual-notes"), "2 2");
+    EXPECT_EQ(written.all("//normal-notes"), "1 1");
+    EXPECT_FALSE(written.has("//tuplet"));
+    EXPECT_EQ(written.all("//tremolo/@type"), "start stop");
+}
+
 TEST(MusicXmlExportRhythm, innerTupletsKeepTheirOwnRatio)
 {
     const auto model = std::make_shared<ScoreModel>();

@@ -4,6 +4,7 @@
 #include <ZarnCore/io/ZarnExportReport.h>
 #include <ZarnCore/io/lilypond/StaffContext.h>
 #include <ZarnCore/model/ZarnTrack.h>
+#include <ZarnCore/model/form/TremoloPair.h>
 
 namespace zarn::lilypond {
 
@@ -41,16 +42,8 @@ const VoiceBeat *VoiceBeats::mainBehind(std::size_t index) const
 
 bool isTremoloPair(const VoiceBeats &beats, std::size_t index)
 {
-    const Beat &beat = *beats[index].beat;
-    if (beat.tremoloToNext() == 0 || index + 1 >= beats.size())
-        return false;
-    const VoiceBeat &next = beats[index + 1];
-    const auto ratio = beat.rhythmValue().getPrimaryTupletRatio();
-    const bool isPlain = !beat.rhythmValue().hasPrimaryTuplet()
-        || (ratio.first == 2 * ratio.second && !beat.rhythmValue().hasSecondaryTuplet());
-    return isPlain && next.bar == beats[index].bar && !beat.isGrace() && !next.beat->isGrace()
-        && beat.hasNotes() && next.beat->hasNotes()
-        && beat.rhythmValue() == next.beat->rhythmValue();
+    return index + 1 < beats.size() && beats[index + 1].bar == beats[index].bar
+        && zarn::isTremoloPair(*beats[index].beat, *beats[index + 1].beat);
 }
 
 void lose(const StaffContext &context, const std::string &kind, const VoiceBeat &place)

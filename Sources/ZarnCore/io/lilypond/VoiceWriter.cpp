@@ -148,27 +148,22 @@ std::string VoiceWriter::barText(unsigned bar)
             i = behind;
             continue;
         }
-        std::size_t after = i + 1;
+        const bool isPair = isTremoloPair(_beats, i);
+        const std::size_t next = i + (isPair ? 2 : 1);
+        std::size_t after = next;
         while (after < end && _beats[after].beat->isGrace())
             ++after;
-        if (after == end && after != i + 1) {
-            const PlacedWords &brackets = _marks[i];
-            text += brackets.before + "\\afterGrace " + beatText(i) + "{ ";
-            for (std::size_t j = i + 1; j < end; ++j)
+        const bool hasGraceBehind = after == end && after != next;
+        text += _marks[i].before + (hasGraceBehind ? "\\afterGrace { " : "");
+        text += isPair ? tremoloText(i) : beatText(i);
+        if (hasGraceBehind) {
+            text += "} { ";
+            for (std::size_t j = next; j < end; ++j)
                 text += beatText(j);
-            text += "} " + brackets.after;
-            i = end;
-            continue;
+            text += "} ";
         }
-        text += _marks[i].before;
-        if (isTremoloPair(_beats, i)) {
-            text += tremoloText(i);
-            text += _marks[i].after + _marks[i + 1].after;
-            i += 2;
-            continue;
-        }
-        text += beatText(i) + _marks[i].after;
-        ++i;
+        text += _marks[i].after + (isPair ? _marks[i + 1].after : "");
+        i = hasGraceBehind ? end : next;
     }
     if (length < frame.length)
         text += gapText(Gap::Skip, frame.length - length) + takePending() + ' ';

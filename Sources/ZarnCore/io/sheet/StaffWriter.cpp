@@ -9,6 +9,7 @@
 #include <ZarnCore/io/sheet/Texts.h>
 #include <ZarnCore/model/ZarnMasterBar.h>
 #include <ZarnCore/model/ZarnStaff.h>
+#include <ZarnCore/model/form/TremoloPair.h>
 #include <ZarnCore/music/ZarnTimeSignature.h>
 
 namespace zarn::sheet {
@@ -187,7 +188,9 @@ void StaffWriter::writeVoice(const Voice &voice, unsigned index, SheetBar &into)
             : bar                                       ? firstBeatBehind(*bar, index)
                                                         : nullptr;
         writeBeat({beat, next, columns[i], index}, into);
-        if (!beat.isGrace())
+        const bool isOfTremolo = (i > 0 && isTremoloPair(*voice.beats()[i - 1], beat))
+            || (i + 1 < columns.size() && isTremoloPair(beat, *next));
+        if (!beat.isGrace() && !isOfTremolo)
             timed.push_back({columns[i], &beat.rhythmValue()});
     }
     if (!_hasRhythm)

@@ -241,7 +241,10 @@ void NoteWriter::writeTime(const RhythmicBeat &beat, const Note *note, const Voi
         if (note && _isPitched)
             writeAccidental(*note, *place.staff, node);
         if (beat.tuplets.count > 0 && !written.isBeyond) {
-            const auto product = beat.tuplets.product();
+            auto product = beat.tuplets.product();
+            // The halves of a tremolo; the tree holds no ratio with a 1 in it.
+            if (beat.isOfTremolo && product == TupletRatio{4, 2})
+                product = {2, 1};
             auto modification = addElement(node, "time-modification");
             addElement(modification, "actual-notes", product.actual);
             addElement(modification, "normal-notes", product.normal);

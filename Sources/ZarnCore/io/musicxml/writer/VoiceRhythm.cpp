@@ -3,6 +3,7 @@
 
 #include <ZarnCore/model/ZarnMasterBar.h>
 #include <ZarnCore/model/ZarnVoice.h>
+#include <ZarnCore/model/form/TremoloPair.h>
 
 #include <algorithm>
 #include <optional>
@@ -104,6 +105,9 @@ void VoiceRhythm::add(const Beat &added, const MasterBar &bar)
 void VoiceRhythm::finish(const MasterBar &bar)
 {
     if (_hasTuplets) {
+        for (std::size_t i = 1; i < _beats.size(); ++i)
+            if (isTremoloPair(*_beats[i - 1].beat, *_beats[i].beat))
+                _beats[i - 1].isOfTremolo = _beats[i].isOfTremolo = true;
         setTuplets(TupletLevel::Outer);
         setTuplets(TupletLevel::Inner);
     }
@@ -129,7 +133,9 @@ void VoiceRhythm::setTuplets(TupletLevel level)
         // An inner bracket does not lead over the end of the one around it.
         if (open && (!open->takes(rhythm) || (level == TupletLevel::Inner && beat.starts[0])))
             close();
-        if (!TupletGroup::ratioOf(rhythm, level))
+        if (beat.isOfTremolo)
+            close();
+        if (beat.isOfTremolo || !TupletGroup::ratioOf(rhythm, level))
             continue;
         if (!open) {
             open.emplace(rhythm, level, beat.onset);

@@ -35,6 +35,7 @@ struct RhythmicBeat {
     bool isBeamedFrom = false; ///< a beam leads here
     bool isBeamedOn = false;   ///< and on
     bool isBeamSaid = false;   ///< what the beat says of its beam shows
+    bool isOfTremolo = false;  ///< one of two notes that last as long as one
     bool isInChord = false;    ///< sounds with the beat that was written before it
     bool isPlain = false;      ///< neither the beat nor its notes have any sign of their own
     int beamsFrom = 0;         ///< levels that it shares with the beat before
