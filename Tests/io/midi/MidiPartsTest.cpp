@@ -201,6 +201,27 @@ TEST(MidiParts, ornamentsArePutWhereTheyAreWritten)
               zarn::Direction::Up);
 }
 
+TEST(MidiParts, chordsAreRolledFromHandToHand)
+{
+    Song song;
+    auto &track = song.track();
+    track.addProgram(0, 0, 0);
+    for (int i = 0; i < 8; ++i) {
+        add(track, i, 1, 72 + i % 3);
+        add(track, i, 1, 43);
+    }
+    const int chord[] = {43, 50, 59, 67, 74, 79};
+    for (int i = 0; i < 6; ++i)
+        add(track, 8 + i * 0.045, 4 - i * 0.045, chord[i]);
+    const auto imported = song.import();
+    const auto text = notesOf(imported);
+    for (const char *const key : {"3:0 43 4", "3:0 50 4", "3:0 67 4", "3:0 79 4"})
+        EXPECT_NE(text.find(key), std::string::npos) << text;
+    for (unsigned staff = 0; staff < 2; ++staff)
+        EXPECT_EQ(imported.model->track(0)->bar(2, staff)->voice(0)->beatAt(0)->arpeggioDirection(),
+                  zarn::Direction::Up);
+}
+
 TEST(MidiParts, velocitiesOfNotationProgramsAreDynamics)
 {
     const auto dynamicsOf = [](const std::vector<int> &velocities) {

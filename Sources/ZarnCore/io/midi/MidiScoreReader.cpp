@@ -6,6 +6,7 @@
 #include <ZarnCore/io/midi/MasterBarWriter.h>
 #include <ZarnCore/io/midi/MidiMusicReader.h>
 #include <ZarnCore/io/midi/MidiOddities.h>
+#include <ZarnCore/io/midi/OrnamentFinder.h>
 #include <ZarnCore/io/midi/PartFitter.h>
 #include <ZarnCore/io/midi/PickupFinder.h>
 #include <ZarnCore/io/midi/TrackWriter.h>
@@ -38,6 +39,7 @@ public:
 
     std::shared_ptr<ScoreModel> read()
     {
+        findOrnaments();
         for (MidiPart &part : _music.parts)
             makeStaves(part);
         const MeterLine bars = makeBars();
@@ -50,6 +52,7 @@ public:
     }
 
 private:
+    void findOrnaments();
     void makeStaves(MidiPart &part) const;
     MeterLine makeBars();
     MidiTime pickup() const;
@@ -61,8 +64,23 @@ private:
     ImportReport &_report;
     MidiOddities _oddities;
     MidiMusic _music;
+    PlayingAccuracy _accuracy;
     std::shared_ptr<ScoreModel> _model;
 };
+
+/// In front of all else: a chord may be rolled from one hand to the other.
+void ScoreReader::findOrnaments()
+{
+    std::vector<PlayedNotes *> staves;
+    for (MidiPart &part : _music.parts)
+        for (PlayedNotes &notes : part.staves)
+            staves.push_back(&notes);
+    _accuracy = measureAccuracy(staves, _music.tempos, _music.tick);
+    for (MidiPart &part : _music.parts)
+        for (PlayedNotes &notes : part.staves)
+            if (!_accuracy.isPlayed && !part.isDrums)
+                io::findOrnaments(notes, _music.tempos, _music.tick);
+}
 
 void ScoreReader::makeStaves(MidiPart &part) const
 {
@@ -151,16 +169,11 @@ void ScoreReader::dropNotesBehind(const MeterLine &bars)
 
 void ScoreReader::fitParts(const MeterLine &bars)
 {
-    std::vector<PlayedNotes *> staves;
-    for (MidiPart &part : _music.parts)
-        for (PlayedNotes &notes : part.staves)
-            staves.push_back(&notes);
-    const auto accuracy = measureAccuracy(staves, _music.tempos, _music.tick);
     GridChoice choice;
     choice.hasTuplets = _options.hasTuplets;
     if (_options.shortestNote)
         choice.shortest = (*_options.shortestNote * utils::rational(midiQuarter)).round();
-    PartFitter fitter(_music, bars, accuracy, choice);
+    PartFitter fitter(_music, bars, _accuracy, choice);
     for (MidiPart &part : _music.parts)
         fitter.fit(part, _oddities);
 }

@@ -2,7 +2,6 @@
 #include <ZarnCore/io/midi/PartFitter.h>
 
 #include <ZarnCore/io/midi/MidiOddities.h>
-#include <ZarnCore/io/midi/OrnamentFinder.h>
 #include <ZarnCore/io/midi/VoiceSeparator.h>
 #include <ZarnCore/io/midi/WrittenPlacer.h>
 
@@ -93,8 +92,6 @@ void PartFitter::fit(MidiPart &part, MidiOddities &oddities)
 
 void PartFitter::fitRhythm(const MidiPart &part, PlayedNotes &notes, MidiOddities &oddities)
 {
-    if (!_isPlayed && !part.isDrums)
-        findOrnaments(notes, _music.tempos, _music.tick);
     if (part.isDrums)
         _quantizer.quantizeDrums(notes);
     else

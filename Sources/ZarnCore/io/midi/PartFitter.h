@@ -14,8 +14,7 @@ public:
     /// The music and the bars outlive the fitter.
     PartFitter(const MidiMusic &music, const MeterLine &bars, const PlayingAccuracy &accuracy,
                const GridChoice &choice)
-        : _music(music), _bars(bars), _isPlayed(accuracy.isPlayed),
-          _quantizer(bars, music.tempos, accuracy, choice)
+        : _music(music), _bars(bars), _quantizer(bars, music.tempos, accuracy, choice)
     {
     }
 
@@ -27,7 +26,6 @@ private:
 
     const MidiMusic &_music;
     const MeterLine &_bars;
-    bool _isPlayed;
     RhythmQuantizer _quantizer;
 };
 
