@@ -171,6 +171,21 @@ TEST(NoteTimes, tremolosRepeatAndTheirLastStrokeFillsTheRest)
     beat.note(0)->setAccents(AccentFlag::Tenuto);
     EXPECT_EQ(times(sample.plan()), "60:0-1/2 60:1/2-1 60:1-3/2");
     EXPECT_EQ(velocities(sample.plan()), "80 72 80");
+    beat.note(0)->setAccents({});
+    EXPECT_EQ(times(sample.plan()), "60:0-1/2 60:1/2-1 60:1-59/40");
+}
+
+TEST(NoteTimes, signsShortenEachStrokeOfATremolo)
+{
+    Sample sample(1, InstrumentSet::steelGuitar);
+    sample.track().setTranspositionOffset(0);
+    Note &note = sample.addFretted(Value::Quarter, 0, 0, 40);
+    note.parentBeat()->setTremolo(1);
+    note.setPalmMute(true);
+    EXPECT_EQ(times(sample.plan()), "40:0-3/10 40:1/2-4/5");
+    note.setPalmMute(false);
+    note.setDead(true);
+    EXPECT_EQ(times(sample.plan()), "40:0-1/4 40:1/2-3/4");
 }
 
 TEST(NoteTimes, tremolosBetweenTwoBeatsTakeTurns)

@@ -35,6 +35,11 @@ bool leadsOn(const Beat &beat, const Note &note)
         || note.slideOut() == SlideOut::Legato;
 }
 
+utils::rational gapBehind(const Beat &beat, const Note &note, const utils::rational &length)
+{
+    return leadsOn(beat, note) ? utils::rational() : std::min(length / 20, sixtyFourth);
+}
+
 } // namespace
 
 utils::rational silenceOfBreath(const utils::rational &length)
@@ -51,9 +56,17 @@ utils::rational soundingLength(const Beat &lastBeat, const Note &last,
         lastBeat.breath() == BreathSign::None ? utils::rational() : silenceOfBreath(lastLength);
     if (const auto share = shareOfSigns(lastBeat, last))
         return length - std::max(breath, lastLength * (utils::rational(1) - *share));
-    const utils::rational gap =
-        leadsOn(lastBeat, last) ? utils::rational() : std::min(length / 20, sixtyFourth);
-    return length - std::max(breath, gap);
+    return length - std::max(breath, gapBehind(lastBeat, last, length));
+}
+
+utils::rational strokeLength(const Beat &beat, const Note &note, const utils::rational &length,
+                             bool isLast)
+{
+    if (note.isDead())
+        return std::min(length, sixteenth);
+    if (const auto share = shareOfSigns(beat, note))
+        return length * *share;
+    return isLast ? length - gapBehind(beat, note, length) : length;
 }
 
 } // namespace zarn::playback

@@ -16,6 +16,11 @@ namespace zarn::playback {
 utils::rational soundingLength(const Beat &lastBeat, const Note &last,
                                const utils::rational &length, const utils::rational &lastLength);
 
+/// How long a stroke sounds of a note that is struck again and again, as in a tremolo: signs
+/// shorten each of them, and only the last one leaves a gap behind.
+utils::rational strokeLength(const Beat &beat, const Note &note, const utils::rational &length,
+                             bool isLast);
+
 /// What a breath or a caesura behind a beat leaves silent of its length.
 utils::rational silenceOfBreath(const utils::rational &length);
 

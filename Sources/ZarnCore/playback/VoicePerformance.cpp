@@ -229,9 +229,11 @@ void VoicePerformance::strikePiece(const NotePiece &piece, bool isFirst)
         return;
     }
     for (const Stroke &stroke : strokes) {
-        const utils::rational start = played.start + stroke.offset;
+        const utils::rational end = played.start + stroke.offset + stroke.length;
+        const utils::rational start = end - stroke.length + delayOf(piece, stroke);
         _attacks.push_back(
-            {start + delayOf(piece, stroke), start + stroke.length, 0, stroke.velocityChange});
+            {start, start + strokeLength(beatOf(piece), *piece.note, end - start, false), 0,
+             stroke.velocityChange});
     }
 }
 
@@ -277,6 +279,12 @@ void VoicePerformance::endAttacks(const NoteChain &chain)
         || (last.beat > 0 && _beats[last.beat - 1].beat->tremoloToNext() != 0);
     if (takesTurns)
         return;
+    if (beatOf(last).tremolo() != 0 || beatOf(last).rasgueado() != RasgueadoType::None) {
+        if (strokesOfBeat(last.beat).size() > 1) {
+            endStrokes(last);
+            return;
+        }
+    }
     const utils::rational end =
         start + soundingLength(beatOf(last), *last.note, whole, lastBeat.length);
     while (_attacks.size() > 1 && _attacks.back().start >= end)
@@ -284,6 +292,22 @@ void VoicePerformance::endAttacks(const NoteChain &chain)
     Attack &attack = _attacks.back();
     attack.end =
         end > attack.start ? end : attack.start + (attack.end - attack.start) * shortestShare;
+}
+
+/// Leaves a gap behind the last stroke, and the silence of a breath.
+void VoicePerformance::endStrokes(const NotePiece &last)
+{
+    const PlayedBeat &played = _beats[last.beat];
+    const Beat &beat = *played.beat;
+    const rational end = beat.breath() == BreathSign::None
+        ? played.end()
+        : played.end() - silenceOfBreath(played.length);
+    while (_attacks.size() > 1 && _attacks.back().start >= end)
+        _attacks.pop_back();
+    Attack &attack = _attacks.back();
+    const Stroke &stroke = strokesOfBeat(last.beat).back();
+    const rational strokeEnd = std::min(end, played.start + stroke.offset + stroke.length);
+    attack.end = attack.start + strokeLength(beat, *last.note, strokeEnd - attack.start, true);
 }
 
 // Loudness.

@@ -54,6 +54,7 @@ private:
                     bool isFirst);
     void hold(const utils::rational &start, const utils::rational &end, int semitones);
     void endAttacks(const NoteChain &chain);
+    void endStrokes(const NotePiece &last);
     void addSwell(const NoteChain &chain);
     std::int32_t addMotion(const NoteChain &chain);
     std::int32_t numberOf(PitchMotion motion);
