@@ -331,8 +331,11 @@ void ChordInks::addDots(const Chord &chord, double right, std::set<int> &taken, 
         double y = _row.height() / 2 - 0.5 * _row.lineDistance;
         places.push_back(y + chord.restShift);
     } else if (_row.notation == Notation::Tablature) {
-        places.push_back(chord.stemTip - (chord.isStemUp ? -0.5 : 0.5));
-        right = chord.stemX + 0.35;
+        // Beside the stem, where it begins: beams are at its other end.
+        places.push_back(chord.stemRoot + (chord.isStemUp ? -0.45 : 0.45));
+        const int flags = chord.isBeamed ? 0 : chord.beat->flagCount();
+        right = chord.stemX + dotGap
+            + (flags > 0 ? _pen.fonts().box(flagOf(flags, chord.isStemUp)).right * chord.scale : 0);
     } else {
         // In spaces, one in each, also of those of other voices: from the highest head down. A head
         // that voices share has one dot.

@@ -78,6 +78,35 @@ void addWordSpaces(const Chord &chord, const Fonts &fonts, std::vector<SpaceBox>
     }
 }
 
+/// Lines that lead to a head from elsewhere or from it to elsewhere.
+void addSlideSpaces(const Chord &chord, const EngravedBar &bar, const BarSource &source,
+                    std::vector<SpaceBox> &boxes)
+{
+    constexpr double line = 1.6; ///< a short one, with its gap
+    constexpr double link = 0.9; ///< the least of one that leads to the next note
+    constexpr double height = 0.4;
+    if (chord.beat->noteCount == 0)
+        return;
+    Box all = {0, 0, chord.width, 0};
+    for (std::uint32_t i = chord.firstInk; i < chord.inkEnd; ++i)
+        if (bar.inks[i].kind != MarkKind::LedgerLine)
+            all.add(bar.inks[i].box);
+    for (const Head &head : chord.heads) {
+        const NoteMarks &marks = source.notes[head.note].marks;
+        const auto add = [&](double left, double right) {
+            boxes.push_back({{chord.x + left, head.y - height, chord.x + right, head.y + height},
+                             SpaceBox::Kind::Sign});
+        };
+        if (marks.slideIn() != SlideIn::None)
+            add(all.left - line, all.left);
+        const SlideOut out = marks.slideOut();
+        if (out != SlideOut::None)
+            add(head.x + head.width,
+                head.x + head.width
+                    + (out == SlideOut::Shift || out == SlideOut::Legato ? link : line));
+    }
+}
+
 void addBendSpaces(const Chord &chord, const BarSource &source, std::vector<SpaceBox> &boxes)
 {
     // A bend leads to the right and up, past the strings above.
@@ -124,7 +153,9 @@ void addSpaces(EngravedBar &bar, const BarSource &source, const Row &row, const 
             boxes.push_back(
                 {{chord.x, pedalSpaceY, chord.x + width, pedalSpaceY + 1}, SpaceBox::Kind::Text});
         }
-        if (row.isLastOfStaff)
+        if (row.notation != Notation::Slash)
+            addSlideSpaces(chord, bar, source, boxes);
+        if (row.notation == Notation::Tablature)
             addBendSpaces(chord, source, boxes);
         if (row.isFirstOfStaff && chord.beat->details)
             addWordSpaces(chord, fonts, boxes);

@@ -67,7 +67,7 @@ Bow bestCrossing(const NumberedSlur &slur, const InkField &field)
     const auto endAt = [](const PlacedChord &chord, double x, double y, bool isBelow, double off) {
         return Point{x, y + (isBelow ? chord.bottom() + off : chord.top() - off)};
     };
-    for (const double off : {0.4, 1.5})
+    for (const double off : {0.4, 1.5, 3.0})
         for (const bool fromBelow : {isDown, !isDown})
             for (const bool toBelow : {!isDown, isDown}) {
                 // From the sides that face one another, where nothing speaks against it.

@@ -215,11 +215,12 @@ private:
     void addTo(const PlacedChord &chord, const Head &head, bool entersSystem)
     {
         BowEnds ends = {sideOf(chord, head), true, {}, {}};
+        const bool startsRepeat = _draft.score.column(chord.shownBar).repeatStart;
         for (const int side : {-1, 1}) {
             const Point to = endAt(chord, head, side, false);
             ends.to[side > 0] = to;
             ends.from[side > 0] = {
-                entersSystem ? std::min(_draft.musicLeft - 0.3, to.x - 0.8)
+                entersSystem ? std::min(_draft.musicLeft - (startsRepeat ? 0 : 0.3), to.x - 0.6)
                              : std::min(std::max(to.x - shortTie, barOf(chord).left), to.x - 0.6),
                 to.y};
         }
