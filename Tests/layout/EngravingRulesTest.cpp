@@ -194,6 +194,22 @@ TEST(EngravingRulesTest, aTremoloBetweenTwoNotesNeedsNoTupletNumber)
     EXPECT_TRUE(LaidOut(*piece.model).of(MarkKind::Tuplet).empty());
 }
 
+/// However close together the notes would stand, their strokes are strokes and no dots.
+TEST(EngravingRulesTest, tremolosBetweenNotesHaveRoom)
+{
+    Piece piece;
+    for (int i = 0; i < 8; ++i) {
+        Beat &beat = piece.add({i % 2 == 0 ? 76 : 66}, NoteValue::Eighth);
+        BeatMarks marks = beat.marks();
+        marks.setTremoloToNext(i % 2 == 0 ? 3 : 0);
+        beat.setMarks(marks);
+    }
+    const auto strokes = LaidOut(*piece.model).of(MarkKind::Tremolo);
+    ASSERT_EQ(strokes.size(), 12U);
+    for (const auto &stroke : strokes)
+        EXPECT_GT(stroke.right - stroke.left, 1.0);
+}
+
 TEST(EngravingRulesTest, noBarIsLeftAloneOnTheLastLine)
 {
     for (unsigned bars = 8; bars <= 40; bars += 3) {
@@ -297,6 +313,53 @@ TEST(EngravingRulesTest, slursOfGraceNotesStayAtTheHeads)
             EXPECT_GT(slurs[0].top, std::min(heads[0].top, heads[1].top)) << key;
             EXPECT_LT(slurs[0].right, heads[1].right) << key;
         }
+    }
+}
+
+/// Words as programs write them: characters and names of music fonts among letters, and tags.
+TEST(EngravingRulesTest, signsAmongWordsAreOfTheMusicFont)
+{
+    Piece piece;
+    Beat &beat = piece.add({72}, NoteValue::Whole);
+    beat.setText("D.S. <font face=\"Text\">\uE047</font> al <sym>coda</sym><b>!</b> 2 < 3 \uF8F0");
+    Syllable syllable;
+    syllable.text = "ne\uE551en";
+    beat.setLyrics({syllable});
+    const LaidOut laid(*piece.model);
+    std::vector<std::string> words;
+    double end = -1e9;
+    for (const auto &mark : laid.of(MarkKind::Text)) {
+        words.push_back(mark.glyph.empty() ? mark.text : mark.glyph);
+        EXPECT_GE(mark.left, end - 0.05) << words.back();
+        end = mark.right;
+        EXPECT_LT(mark.bottom - mark.top, 2.5) << words.back();
+    }
+    EXPECT_EQ(words, (std::vector<std::string>{"D.S. ", "segno", " al ", "coda", "! 2 < 3 "}));
+    ASSERT_EQ(laid.layout->problems().size(), 1U);
+    EXPECT_EQ(laid.layout->problems()[0].message, "The music font has no sign U+F8F0.");
+
+    const auto sung = laid.of(MarkKind::Lyric);
+    ASSERT_EQ(sung.size(), 3U);
+    EXPECT_EQ(sung[1].glyph, "lyricsElision");
+    const auto head = laid.of(MarkKind::NoteHead).front();
+    EXPECT_NEAR(sung.front().left + sung.back().right, head.left + head.right, 0.3);
+}
+
+TEST(EngravingRulesTest, dynamicsStandAboveWhatIsSung)
+{
+    for (const bool isSung : {false, true}) {
+        Piece piece;
+        Beat &beat = piece.add({72}, NoteValue::Whole);
+        BeatMarks marks = beat.marks();
+        marks.setDynamic(NoteDynamic(NoteDynamic::Value::F));
+        beat.setMarks(marks);
+        Syllable syllable;
+        syllable.text = "la";
+        if (isSung)
+            beat.setLyrics({syllable});
+        const auto dynamic = LaidOut(*piece.model).of(MarkKind::Dynamic).front();
+        EXPECT_EQ(dynamic.bottom < 0, isSung);
+        EXPECT_EQ(dynamic.top > 4, !isSung);
     }
 }
 

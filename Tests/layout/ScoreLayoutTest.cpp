@@ -309,6 +309,50 @@ TEST(ScoreLayoutTest, emptyBarsAreJoinedWhenAskedFor)
     EXPECT_EQ(bars, (std::set<int>{1, 5}));
 }
 
+/// A page that has room is filled by all gaps, those between staves too, and what joins staves
+/// still reaches from the first line to the last.
+TEST(ScoreLayoutTest, stavesMoveApartUntilPagesAreFull)
+{
+    SmallScore small;
+    small.model.insertEmptyBarColumns(2, 150);
+    LayoutOptions options;
+    options.view = ViewLayout::Continuous;
+    const LaidOut scroll(small.model, options);
+    const LaidOut laid(small.model);
+    const auto &closest = scroll.layout->pages()[0].systems;
+    std::size_t number = 0;
+    ASSERT_GT(laid.layout->pages().size(), 2U);
+    for (const layout::LayoutPage &page : laid.layout->pages()) {
+        const auto &last = page.systems.back();
+        const auto end = last.drawing->marks.box(laid.layout->font()).movedBy(last.at).bottom;
+        const auto room = laid.layout->fromMicrometres(page.height - page.bottomMargin);
+        if (&page != &laid.layout->pages().back()) {
+            EXPECT_NEAR(layout::toSpaces(end), layout::toSpaces(room), 0.5);
+        }
+        for (const auto &system : page.systems) {
+            const auto &staves = system.drawing->staves;
+            ASSERT_LT(number, closest.size());
+            const auto &near = closest[number++].drawing->staves;
+            EXPECT_GT(staves[1].top, near[1].top);
+            EXPECT_GT(staves[2].top, near[2].top);
+            EXPECT_GT(staves[3].top - staves[2].top, near[3].top - near[2].top);
+            for (const layout::DrawMark &mark : system.drawing->marks.marks()) {
+                const auto box = system.drawing->marks.box(mark, laid.layout->font());
+                if (mark.kind == MarkKind::BarLine && mark.shape == layout::MarkShape::Line) {
+                    EXPECT_TRUE(mark.at.y == staves[0].top || mark.at.y == staves[2].top);
+                    EXPECT_TRUE(mark.to.y == staves[1].bottom || mark.to.y == staves[3].bottom);
+                } else if (mark.kind == MarkKind::Brace) {
+                    EXPECT_NEAR(box.top, staves[2].top, 8);
+                    EXPECT_NEAR(box.bottom, staves[3].bottom, 8);
+                } else if (mark.kind == MarkKind::TrackName && mark.place.track == 1) {
+                    EXPECT_NEAR((box.top + box.bottom) / 2, (staves[2].top + staves[3].bottom) / 2,
+                                layout::staffSpace);
+                }
+            }
+        }
+    }
+}
+
 /// Whatever is asked for, notes are drawn and what is wrong is told with its place.
 TEST(ScoreLayoutTest, whatHasNoRoomIsDrawnAndTold)
 {

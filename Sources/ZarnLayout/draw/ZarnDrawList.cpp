@@ -146,6 +146,23 @@ DrawList DrawList::movedByBars(std::int32_t bars) const
     return moved;
 }
 
+DrawList DrawList::movedBy(const std::vector<MarkMove> &moves) const
+{
+    DrawList moved = *this;
+    for (std::size_t i = 0; i < std::min(moves.size(), moved._marks.size()); ++i) {
+        DrawMark &mark = moved._marks[i];
+        if (mark.shape == MarkShape::Path) {
+            const Path &path = moved.path(mark);
+            for (std::uint32_t k = 0; k < path.pointCount; ++k)
+                moved._points[path.firstPoint + k].y += moves[i].at;
+            continue;
+        }
+        mark.at.y += moves[i].at;
+        mark.to.y += moves[i].to;
+    }
+    return moved;
+}
+
 DrawList DrawList::withText(std::size_t mark, std::string_view characters, Point at,
                             const TextExtent &extent) const
 {

@@ -59,6 +59,13 @@ struct DrawMark {
     friend bool operator!=(const DrawMark &a, const DrawMark &b) noexcept { return !(a == b); }
 };
 
+/// How far down a mark is moved.
+struct MarkMove {
+    Unit at = 0;
+    /// The end of a line; of a glyph, what is added to how much higher than in the font it is.
+    Unit to = 0;
+};
+
 /// What is drawn of a system, or of a page beside its systems: records in the order of painting.
 /// Immutable and free of references to the score, so that any thread may paint it.
 class ZARNLAYOUT_EXPORT DrawList {
@@ -111,6 +118,8 @@ public:
 
     /// The same marks, of places that are so many bars further on.
     DrawList movedByBars(std::int32_t bars) const;
+    /// The same with each mark moved down by itself; marks without a move stay.
+    DrawList movedBy(const std::vector<MarkMove> &moves) const;
     /// The same with other words in place of those of a mark, which is a text.
     DrawList withText(std::size_t mark, std::string_view characters, Point at,
                       const TextExtent &extent) const;

@@ -420,10 +420,9 @@ void BarEngraver::placeRest(Chord &chord, std::vector<Box> &taken)
 {
     const double step = chord.voice % 2 == 0 ? -1 : 1;
     chord.restShift = 2 * step;
-    const Ink ink = restInk(_row, _pen, chord);
     // Away from the other voices, line by line.
     for (int tries = 0; tries < 24; ++tries, chord.restShift += step) {
-        const Box box = ink.box.movedBy(chord.x, chord.restShift - 2 * step);
+        const Box box = restInk(_row, _pen, chord).box.movedBy(chord.x, 0);
         const bool meets = std::any_of(taken.begin(), taken.end(),
                                        [&](const Box &other) { return box.meets(other, 0.15); });
         if (!meets) {
@@ -448,9 +447,9 @@ void BarEngraver::addCentred(const BeatSource *rest)
     double shift = 0;
     if (_hasVoices)
         shift = chord.voice % 2 == 0 ? -2 : 2;
-    Ink ink = _pen.glyph(MarkKind::Rest, Sign::RestWhole, 0, y + shift);
+    Ink ink = _pen.glyph(MarkKind::Rest, restSign(_row, NoteValue::Whole, y + shift), 0, y + shift);
     const double width = ink.box.width();
-    ink.move(-width / 2, 0);
+    ink.move(-width / 2 - ink.box.left, 0);
     ink.place = rest ? placeOf(chord) : placeOfBar();
     _result.centred.push_back(std::move(ink));
     _result.centredWidth = width;

@@ -49,7 +49,19 @@ Ink restInk(const Row &row, const Pen &pen, const Chord &chord)
     double y = row.height() / 2 + chord.restShift;
     if (value == NoteValue::Whole && row.lineCount > 2)
         y -= row.lineDistance;
-    return pen.glyph(MarkKind::Rest, restOf(value), 0, y, chord.scale);
+    return pen.glyph(MarkKind::Rest, restSign(row, value, y), 0, y, chord.scale);
+}
+
+Sign restSign(const Row &row, NoteValue value, double y)
+{
+    const bool isOutside = y < -0.1 || y > row.height() + 0.1;
+    if (isOutside && value == NoteValue::DWhole)
+        return Sign::RestDoubleWholeLegerLine;
+    if (isOutside && value == NoteValue::Whole)
+        return Sign::RestWholeLegerLine;
+    if (isOutside && value == NoteValue::Half)
+        return Sign::RestHalfLegerLine;
+    return restOf(value);
 }
 
 std::vector<Box> chordShape(const Chord &chord, const Fonts &fonts)

@@ -46,6 +46,10 @@ std::vector<Box> chordShape(const Chord &chord, const Fonts &fonts);
 /// The sign of a rest around its origin.
 Ink restInk(const Row &row, const Pen &pen, const Chord &chord);
 
+/// The sign of a rest whose origin is at a height: with a line of its own outside the staff, where
+/// it would hang from nothing.
+Sign restSign(const Row &row, RhythmValue::NoteValue value, double y);
+
 /// The flags of a stem.
 Sign flagOf(int count, bool isUp);
 

@@ -2,6 +2,8 @@
 #include <ZarnLayout/engrave/ColumnSpaces.h>
 
 #include <ZarnLayout/engrave/ChordSymbolText.h>
+#include <ZarnLayout/engrave/Pen.h>
+#include <ZarnLayout/engrave/WrittenText.h>
 
 #include <ZarnCore/chords/ZarnChordDiagram.h>
 
@@ -56,7 +58,9 @@ void addWordSpaces(const Chord &chord, const Fonts &fonts, std::vector<SpaceBox>
     const BeatDetails &details = *chord.beat->details;
     const double centre = chord.x + chord.width / 2;
     for (const Syllable &syllable : details.lyrics) {
-        const double width = fonts.textBox(syllable.text, TextRole::Lyric).right;
+        const double width =
+            boxOf(Pen(fonts).words(MarkKind::Lyric, TextRole::Lyric, sungText(syllable.text), 0, 0))
+                .right;
         const bool wordGoesOn =
             syllable.syllabic == Syllabic::Begin || syllable.syllabic == Syllabic::Middle;
         const double y = lyricSpaceY + 10.0 * syllable.line;
@@ -127,6 +131,18 @@ void addBendSpaces(const Chord &chord, const BarSource &source, std::vector<Spac
     }
 }
 
+/// The strokes between two notes want to be seen as such.
+SpaceBox tremoloSpace(const Chord &chord, const Inks &inks, const Row &row)
+{
+    constexpr double strokes = 2.4;
+    double right = chord.width;
+    for (std::uint32_t i = chord.firstInk; i < chord.inkEnd; ++i)
+        if (inks[i].kind != MarkKind::LedgerLine)
+            right = std::max(right, inks[i].box.right);
+    return {{chord.x + right, -4, chord.x + right + strokes, row.height() + 4},
+            SpaceBox::Kind::Sign};
+}
+
 } // namespace
 
 void addSpaces(EngravedBar &bar, const BarSource &source, const Row &row, const Fonts &fonts)
@@ -153,6 +169,9 @@ void addSpaces(EngravedBar &bar, const BarSource &source, const Row &row, const 
             boxes.push_back(
                 {{chord.x, pedalSpaceY, chord.x + width, pedalSpaceY + 1}, SpaceBox::Kind::Text});
         }
+        if (chord.beat->marks.tremoloToNext() > 0
+            && (row.notation != Notation::Tablature || row.hasRhythm))
+            boxes.push_back(tremoloSpace(chord, bar.inks, row));
         if (row.notation != Notation::Slash)
             addSlideSpaces(chord, bar, source, boxes);
         if (row.notation == Notation::Tablature)

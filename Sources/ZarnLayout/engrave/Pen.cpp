@@ -2,6 +2,7 @@
 #include <ZarnLayout/engrave/Pen.h>
 
 #include <ZarnLayout/engrave/Bow.h>
+#include <ZarnLayout/engrave/WrittenText.h>
 
 #include <cmath>
 
@@ -114,6 +115,35 @@ Ink Pen::text(MarkKind kind, TextRole style, const std::string &text, double x, 
     ink.box = {ink.at.x + std::min(box.left, 0.0) * scale, y + box.top * scale, ink.at.x + width,
                y + box.bottom * scale};
     return ink;
+}
+
+Inks Pen::words(MarkKind kind, TextRole style, const std::string &written, double x, double y,
+                Align align, double scale) const
+{
+    // The em of a music font is four spaces high; among letters its signs are a little larger.
+    constexpr double signSize = 1.2 / 4;
+    constexpr double gap = 0.15;
+    const double signScale = layout::toSpaces(styleOf(style).size) * signSize * scale;
+    Inks inks;
+    double end = x;
+    for (const TextPiece &piece : piecesOf(written, _fonts)) {
+        if (!piece.sign) {
+            inks.push_back(text(kind, style, piece.letters, end, y, Align::Begin, scale));
+            end = inks.back().box.right;
+            continue;
+        }
+        const Box &box = _fonts.box(*piece.sign);
+        const double origin = end + (gap - std::min(box.left, 0.0)) * signScale;
+        inks.push_back(glyph(kind, *piece.sign, origin, y, signScale));
+        // Signs that are put around a line stand on it among letters, but for those below it.
+        if (box.top < 0 && box.bottom > 0.3 && box.bottom > -0.5 * box.top)
+            inks.back().move(0, -box.bottom * signScale);
+        end = std::max(inks.back().box.right, origin + _fonts.advance(*piece.sign) * signScale)
+            + gap * signScale;
+    }
+    const double width = end - x;
+    move(inks, align == Align::Begin ? 0 : align == Align::Centre ? -width / 2 : -width, 0);
+    return inks;
 }
 
 Inks Pen::glyphs(MarkKind kind, const std::vector<Sign> &signs, double x, double y, Align align,

@@ -33,6 +33,11 @@ public:
     Ink text(MarkKind kind, TextRole style, const std::string &text, double x, double y,
              Align align = Align::Begin, double scale = 1) const;
 
+    /// The same of a text in which signs of the music font may stand, as `piecesOf` reads it; one
+    /// mark for each piece.
+    Inks words(MarkKind kind, TextRole style, const std::string &text, double x, double y,
+               Align align = Align::Begin, double scale = 1) const;
+
     /// Glyphs one behind the other, centred at x: digits, dynamics.
     Inks glyphs(MarkKind kind, const std::vector<Sign> &signs, double x, double y,
                 Align align = Align::Centre, double scale = 1) const;

@@ -47,6 +47,7 @@ constexpr std::array<const char *, signCount> names = {
     "metNote16thUp", "metNote32ndUp", "ottavaAlta", "ottavaBassaVb",
     "quindicesimaAlta", "quindicesimaBassaMb", "brace", "bracketTop", "bracketBottom",
     "octaveParensLeft", "octaveParensRight", "fretboardFilledCircle", "fretboardX", "fretboardO",
+    "restDoubleWholeLegerLine", "restWholeLegerLine", "restHalfLegerLine",
 };
 // clang-format on
 

@@ -42,10 +42,11 @@ enum class Sign : std::uint8_t {
     MetNote16thUp, MetNote32ndUp, OttavaAlta, OttavaBassaVb,
     QuindicesimaAlta, QuindicesimaBassaMb, Brace, BracketTop, BracketBottom,
     OctaveParensLeft, OctaveParensRight, FretboardFilledCircle, FretboardX, FretboardO,
+    RestDoubleWholeLegerLine, RestWholeLegerLine, RestHalfLegerLine,
 };
 // clang-format on
 
-constexpr unsigned signCount = static_cast<unsigned>(Sign::FretboardO) + 1;
+constexpr unsigned signCount = static_cast<unsigned>(Sign::RestHalfLegerLine) + 1;
 
 /// The SMuFL name.
 const char *nameOf(Sign sign) noexcept;

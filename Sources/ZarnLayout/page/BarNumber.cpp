@@ -19,27 +19,28 @@ BarNumber::BarNumber(unsigned number, const SystemFrame &frame, const Pen &pen)
     _ink.move(0, -reach - 0.4 - _ink.box.bottom);
 }
 
-std::shared_ptr<const BuiltSystem> movedBy(const BuiltSystem &system, std::int32_t bars,
-                                           unsigned number, const Pen &pen)
+std::shared_ptr<const BuiltSystem> movedBy(const BuiltSystem &system,
+                                           std::shared_ptr<const layout::SystemDrawing> &drawing,
+                                           std::int32_t bars, unsigned number, const Pen &pen)
 {
     const BarNumber text(number, system.bare, pen);
     const bool hasNumber = system.numberMark != BuiltSystem::noMark;
     if (text.isShown() != hasNumber)
         return nullptr;
     auto moved = std::make_shared<BuiltSystem>(system);
-    auto drawing = std::make_shared<layout::SystemDrawing>(*system.drawing);
-    for (layout::BarFrame &bar : drawing->bars)
+    auto redrawn = std::make_shared<layout::SystemDrawing>(*drawing);
+    for (layout::BarFrame &bar : redrawn->bars)
         bar.firstBar += bars;
-    drawing->marks = drawing->marks.movedByBars(bars);
+    redrawn->marks = redrawn->marks.movedByBars(bars);
     if (hasNumber) {
         const Ink &ink = text.ink();
-        drawing->marks = drawing->marks.withText(
+        redrawn->marks = redrawn->marks.withText(
             system.numberMark, ink.text,
             {layout::fromSpaces(ink.at.x), layout::fromSpaces(ink.at.y)},
             pen.fonts().texts().measure(ink.text, styleOf(ink.style, ink.scale)));
         moved->addNumber(ink);
     }
-    moved->drawing = std::move(drawing);
+    drawing = std::move(redrawn);
     return moved;
 }
 

@@ -21,9 +21,10 @@ private:
     Ink _ink;
 };
 
-/// A built system as it is some bars further on, or back, where its first bar has another number.
-/// Null for one that gets or loses its number.
-std::shared_ptr<const BuiltSystem> movedBy(const BuiltSystem &system, std::int32_t bars,
-                                           unsigned number, const Pen &pen);
+/// A built system as it is some bars further on, or back, where its first bar has another number;
+/// its drawing is replaced. Null for one that gets or loses its number.
+std::shared_ptr<const BuiltSystem> movedBy(const BuiltSystem &system,
+                                           std::shared_ptr<const layout::SystemDrawing> &drawing,
+                                           std::int32_t bars, unsigned number, const Pen &pen);
 
 } // namespace zarn::engraving

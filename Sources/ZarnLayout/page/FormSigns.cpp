@@ -208,8 +208,9 @@ private:
 
     void text(TextRole role, const std::string &words, double gap)
     {
-        _inks.push_back(_pen.text(MarkKind::Tempo, role, words, _x, 0));
-        _x = _inks.back().box.right + gap;
+        for (Ink &ink : _pen.words(MarkKind::Tempo, role, words, _x, 0))
+            _inks.push_back(std::move(ink));
+        _x = _inks.empty() ? _x : std::max(_x, _inks.back().box.right) + gap;
     }
 
     const Pen &_pen;
@@ -330,8 +331,9 @@ void addTempos(SystemDraft &draft, RowDraft &row)
                 x = frame.right + 0.7;
             }
             if (!column.section.text.empty())
-                inks.push_back(draft.pen.text(MarkKind::Section, TextRole::Section,
-                                              column.section.text, x, 0));
+                for (Ink &ink : draft.pen.words(MarkKind::Section, TextRole::Section,
+                                                column.section.text, x, 0))
+                    inks.push_back(std::move(ink));
             putAbove(row, keepInside(std::move(inks)), where, 0.9);
         }
     }

@@ -7,7 +7,10 @@ namespace zarn::engraving {
 
 namespace {
 
-constexpr double mostStretch = 16; ///< that a gap takes on, in staff spaces
+constexpr double mostStretch = 16;    ///< that a gap between systems takes on, in staff spaces
+constexpr double mostApart = 6;       ///< that one between tracks takes on
+constexpr double lastApart = 0.6;     ///< the same where nothing says how loose a page is
+constexpr double systemStretch = 2.5; ///< of systems, where tracks have 1
 constexpr double pageCost = 1000;
 
 double heightOf(const std::vector<SystemHeight> &systems, unsigned first, unsigned end)
@@ -18,26 +21,32 @@ double heightOf(const std::vector<SystemHeight> &systems, unsigned first, unsign
     return height;
 }
 
+/// The last page of a movement is no looser than `mostLast`.
 FilledPage fill(const std::vector<SystemHeight> &systems, unsigned first, unsigned end, double room,
-                bool isLast)
+                bool isLast, double mostLast)
 {
     FilledPage page;
     page.first = first;
     page.end = end;
     const double height = heightOf(systems, first, end);
     page.isTooTall = height > room;
-    double stretch = 0;
-    if (end - first > 1) {
-        const double rest = std::max(0.0, room - height) / (end - first - 1);
-        // What is nearly full becomes full; a page with much room left stays as it is.
-        stretch = isLast ? std::min(rest, 1.5) : std::min(rest, mostStretch);
-    }
+    // Staves and systems move apart together; what is left over goes between the systems.
+    const double rest = std::max(0.0, room - height);
+    const double gaps = end - first - 1;
+    double readiness = gaps * systemStretch;
+    for (unsigned i = first; i < end; ++i)
+        readiness += systems[i].stretch;
+    if (readiness > 0)
+        page.stretch = std::min(rest / readiness, isLast ? mostLast : mostApart);
+    double between = page.stretch * systemStretch;
+    if (gaps > 0 && !isLast)
+        between = std::min(between + (rest - page.stretch * readiness) / gaps, mostStretch);
     double y = 0;
     for (unsigned i = first; i < end; ++i) {
         if (i > first)
             y -= systems[i].nesting;
         page.places.push_back(y + systems[i].top);
-        y += systems[i].height() + systemGap + stretch;
+        y += systems[i].height() + page.stretch * systems[i].stretch + systemGap + between;
     }
     return page;
 }
@@ -70,9 +79,13 @@ std::vector<FilledPage> fillPages(const std::vector<SystemHeight> &systems, cons
         }
     }
     std::vector<FilledPage> pages;
-    for (unsigned first = 0; first < count; first = next[first])
+    double mostLast = lastApart;
+    for (unsigned first = 0; first < count; first = next[first]) {
+        const bool isLast = next[first] == count || systems[next[first]].breaksBefore;
         pages.push_back(fill(systems, first, next[first], first == 0 ? room.first : room.others,
-                             next[first] == count || systems[next[first]].breaksBefore));
+                             isLast, mostLast));
+        mostLast = isLast ? lastApart : std::max(lastApart, pages.back().stretch);
+    }
     return pages;
 }
 

@@ -10,6 +10,7 @@ struct SystemHeight {
     double top = 0;     ///< from the top line of its first row up
     double bottom = 0;  ///< and down
     double nesting = 0; ///< how far it may move up between the ink of the system above
+    double stretch = 0; ///< how readily its rows move apart, all together
     bool breaksBefore = false;
 
     double height() const noexcept { return top + bottom; }
@@ -20,6 +21,7 @@ struct FilledPage {
     unsigned end = 0;
     std::vector<double> places; ///< of the top lines, from the top of the room
     bool isTooTall = false;     ///< one system that is taller than the page
+    double stretch = 0;         ///< by which rows move apart that stretch by 1
 };
 
 /// Room of a page: what titles take of the first one is gone already.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnLayout/page/Stretches.h>
 
+#include <ZarnLayout/engrave/WrittenText.h>
+
 #include <algorithm>
 #include <array>
 #include <cstdlib>
@@ -353,14 +355,20 @@ void addWords(RowDraft &row, const SystemDraft &draft)
         SideItem item;
         item.gap = 0.6;
         // What is longer than the line becomes smaller.
-        const double width = draft.pen.fonts().textBox(details->text, TextRole::Words).right;
-        const double scale = std::min(1.0, (draft.right - draft.staffLeft) / std::max(width, 0.1));
-        item.inks.push_back(draft.pen.text(MarkKind::Text, TextRole::Words, details->text, chord.x,
-                                           0, Pen::Align::Begin, scale));
+        const auto words = [&](double scale) {
+            return draft.pen.words(MarkKind::Text, TextRole::Words, details->text, chord.x, 0,
+                                   Pen::Align::Begin, scale);
+        };
+        item.inks = words(1);
+        reportMissingSigns(details->text, draft.pen.fonts(), placeOf(row, chord), draft.problems);
+        if (item.inks.empty())
+            continue;
+        const double room = draft.right - draft.staffLeft;
+        if (const double width = boxOf(item.inks).right - chord.x; width > room)
+            item.inks = words(room / width);
         // A text at the end of a line stays on the sheet.
-        if (item.inks[0].box.right > draft.right)
-            item.inks[0].move(
-                std::max(draft.staffLeft - chord.x, draft.right - item.inks[0].box.right), 0);
+        if (const double end = boxOf(item.inks).right; end > draft.right)
+            move(item.inks, std::max(draft.staffLeft - chord.x, draft.right - end), 0);
         if (details->textSpan == TextSpan::Begin) {
             double right = draft.right;
             for (std::size_t k = i + 1; k < row.chords.size(); ++k)
@@ -370,7 +378,7 @@ void addWords(RowDraft &row, const SystemDraft &draft)
                     break;
                 }
             for (Ink &ink :
-                 dashed(draft.pen, MarkKind::Text, "", item.inks[0].box.right + 0.5, right, 0)) {
+                 dashed(draft.pen, MarkKind::Text, "", boxOf(item.inks).right + 0.5, right, 0)) {
                 ink.move(0, -0.5);
                 item.inks.push_back(std::move(ink));
             }

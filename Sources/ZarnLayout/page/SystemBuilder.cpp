@@ -7,10 +7,12 @@
 #include <ZarnLayout/page/Emitter.h>
 #include <ZarnLayout/page/InkField.h>
 #include <ZarnLayout/page/RowEngravers.h>
+#include <ZarnLayout/page/RowHangers.h>
 #include <ZarnLayout/page/SystemHead.h>
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 #include <utility>
 
 namespace zarn::engraving {
@@ -98,7 +100,7 @@ std::vector<bool> SystemBuilder::joinedRows() const
     return joined;
 }
 
-BuiltSystem SystemBuilder::build(unsigned first, unsigned end, double width, bool isJustified) const
+DrawnSystem SystemBuilder::build(unsigned first, unsigned end, double width, bool isJustified) const
 {
     _lines.clear();
     SystemDraft draft(_score, _pen, _problems);
@@ -149,14 +151,20 @@ BuiltSystem SystemBuilder::build(unsigned first, unsigned end, double width, boo
         system.addNumber(ink);
         draft.rows.front().inks.push_back(std::move(ink));
     }
-    system.drawing = draw(draft);
-    const auto &marks = system.drawing->marks.marks();
+    system.rowsStretch = rowsStretch(draft);
+    const auto drawing = draw(draft, system);
+    const auto &marks = drawing->marks.marks();
     const auto mark = std::find_if(marks.begin(), marks.end(), [](const layout::DrawMark &drawn) {
         return drawn.kind == MarkKind::BarNumber;
     });
     if (mark != marks.end())
         system.numberMark = static_cast<std::uint32_t>(mark - marks.begin());
-    return system;
+    return {std::move(system), drawing};
+}
+
+double BuiltSystem::stretch() const
+{
+    return std::accumulate(rowsStretch.begin(), rowsStretch.end(), 0.0);
 }
 
 void BuiltSystem::addNumber(const Ink &ink)
@@ -409,8 +417,10 @@ void SystemBuilder::addStaffLines(const SystemDraft &draft, const RowDraft &row,
     }
 }
 
-std::shared_ptr<const layout::SystemDrawing> SystemBuilder::draw(const SystemDraft &draft) const
+std::shared_ptr<const layout::SystemDrawing> SystemBuilder::draw(const SystemDraft &draft,
+                                                                 BuiltSystem &system) const
 {
+    HangerCollector hangers(draft);
     layout::DrawListBuilder builder;
     const Emitter emitter(builder, _pen.fonts(), _problems);
     auto drawing = std::make_shared<layout::SystemDrawing>();
@@ -418,6 +428,7 @@ std::shared_ptr<const layout::SystemDrawing> SystemBuilder::draw(const SystemDra
         Inks lines;
         addStaffLines(draft, row, lines);
         emitter.emit(lines, 0, row.y);
+        hangers.addRow(row, lines.size());
         layout::StaffFrame frame;
         frame.track = static_cast<std::int32_t>(row.row->track);
         frame.staff = static_cast<std::int32_t>(row.row->staff);
@@ -431,8 +442,12 @@ std::shared_ptr<const layout::SystemDrawing> SystemBuilder::draw(const SystemDra
         drawing->staves.push_back(frame);
     }
     emitter.emit(draft.inks, 0, 0);
-    for (const RowDraft &row : draft.rows)
+    for (const Ink &ink : draft.inks)
+        hangers.add(ink);
+    for (const RowDraft &row : draft.rows) {
         emitter.emit(row.inks, 0, row.y);
+        hangers.addRow(row, row.inks.size());
+    }
     for (const BarPlace &bar : draft.bars) {
         layout::BarFrame frame;
         frame.firstBar = static_cast<std::int32_t>(_score.shown[bar.shownBar].bar);
@@ -445,6 +460,7 @@ std::shared_ptr<const layout::SystemDrawing> SystemBuilder::draw(const SystemDra
         drawing->bars.push_back(std::move(frame));
     }
     drawing->marks = builder.build();
+    system.hangers = hangers.take();
     return drawing;
 }
 

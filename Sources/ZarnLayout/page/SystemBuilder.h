@@ -3,6 +3,7 @@
 
 #include <ZarnLayout/draw/ZarnLayout.h>
 #include <ZarnLayout/page/BarLines.h>
+#include <ZarnLayout/page/RowShifts.h>
 #include <ZarnLayout/page/SystemDraft.h>
 
 #include <map>
@@ -19,9 +20,9 @@ struct SystemFrame {
     double top = 0;
 };
 
-/// A system that is ready, and how far it reaches from the top line of its first row.
+/// What is known of a system that is ready: how far it reaches from the top line of its first row,
+/// and how its rows may be moved apart.
 struct BuiltSystem {
-    std::shared_ptr<const layout::SystemDrawing> drawing;
     double top = 0;                ///< above, positive
     double bottom = 0;             ///< below
     double right = 0;              ///< of its last line
@@ -33,8 +34,17 @@ struct BuiltSystem {
     SystemFrame bare;
     std::uint32_t numberMark = noMark; ///< of the drawing, the one that is the bar number
 
+    RowHangers hangers;              ///< of the drawing
+    std::vector<double> rowsStretch; ///< by row: how readily it moves away from the one above
+
+    double stretch() const;
     /// Reaches around the bar number too.
     void addNumber(const Ink &ink);
+};
+
+struct DrawnSystem {
+    BuiltSystem system;
+    std::shared_ptr<const layout::SystemDrawing> drawing;
 };
 
 /// Justifies the bars of a system and draws it.
@@ -47,7 +57,7 @@ public:
 
     /// The shown bars `first` up to `end`, in a width. A system that is not justified is as wide as
     /// its notes want to be.
-    BuiltSystem build(unsigned first, unsigned end, double width, bool isJustified) const;
+    DrawnSystem build(unsigned first, unsigned end, double width, bool isJustified) const;
 
 private:
     std::vector<bool> joinedRows() const;
@@ -61,7 +71,9 @@ private:
     void placeRow(SystemDraft &draft, RowDraft &row) const;
     void separateRows(SystemDraft &draft) const;
     void addStaffLines(const SystemDraft &draft, const RowDraft &row, Inks &inks) const;
-    std::shared_ptr<const layout::SystemDrawing> draw(const SystemDraft &draft) const;
+    /// Adds what the marks hang on to the system.
+    std::shared_ptr<const layout::SystemDrawing> draw(const SystemDraft &draft,
+                                                      BuiltSystem &system) const;
 
     struct LineJob {
         LineStyle style;

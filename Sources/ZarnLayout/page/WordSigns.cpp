@@ -2,6 +2,7 @@
 #include <ZarnLayout/page/WordSigns.h>
 
 #include <ZarnLayout/engrave/ChordSymbolText.h>
+#include <ZarnLayout/engrave/WrittenText.h>
 
 #include <ZarnCore/chords/ZarnChordDiagram.h>
 
@@ -150,6 +151,16 @@ Inks diagramInks(const Pen &pen, const ChordDiagram &diagram, double centre)
     return inks;
 }
 
+/// Above what is sung: below it are the words.
+Side sideOfDynamics(const RowDraft &row)
+{
+    const bool isSung =
+        std::any_of(row.chords.begin(), row.chords.end(), [](const PlacedChord &chord) {
+            return chord.beat().details && !chord.beat().details->lyrics.empty();
+        });
+    return isSung ? Side::Above : Side::Below;
+}
+
 /// Dynamics and hairpins that follow one another closely share a line; what stands alone is as near
 /// to its notes as it can be.
 void alignNeighbours(SideItems &items)
@@ -180,6 +191,7 @@ void addDynamics(RowDraft &row, const SystemDraft &draft)
 {
     if (!row.row->isFirstOfStaff)
         return;
+    const Side side = sideOfDynamics(row);
     SideItems items;
     std::vector<std::pair<double, double>> taken; // of dynamics, for hairpins to end at
     for (const PlacedChord &chord : row.chords) {
@@ -189,7 +201,7 @@ void addDynamics(RowDraft &row, const SystemDraft &draft)
         if (signs.empty())
             continue;
         SideItem item;
-        item.side = Side::Below;
+        item.side = side;
         item.line = dynamicLine;
         item.gap = 0.5;
         item.inks =
@@ -238,7 +250,7 @@ void addDynamics(RowDraft &row, const SystemDraft &draft)
                 && wasOpen(draft, row, first, kind);
             if (right > left + 0.8) {
                 SideItem item;
-                item.side = Side::Below;
+                item.side = side;
                 item.line = dynamicLine;
                 item.gap = 0.5;
                 item.inks = hairpin(draft.pen, kind, left, right, comes, false);
@@ -300,11 +312,15 @@ void addLyrics(RowDraft &row, const SystemDraft &draft)
             item.side = Side::Below;
             item.line = lyricLine + line;
             item.gap = line == 0 ? 0.7 : 0.5;
-            item.inks.push_back(draft.pen.text(MarkKind::Lyric, TextRole::Lyric,
-                                               entry.syllable->text, entry.chord->headCentre(), 0,
-                                               Pen::Align::Centre));
-            item.inks[0].place = placeOf(row, *entry.chord);
-            entry.box = item.inks[0].box;
+            item.inks =
+                draft.pen.words(MarkKind::Lyric, TextRole::Lyric, sungText(entry.syllable->text),
+                                entry.chord->headCentre(), 0, Pen::Align::Centre);
+            reportMissingSigns(entry.syllable->text, draft.pen.fonts(), placeOf(row, *entry.chord),
+                               draft.problems);
+            for (Ink &ink : item.inks)
+                ink.place = placeOf(row, *entry.chord);
+            const double centre = entry.chord->headCentre();
+            entry.box = item.inks.empty() ? Box{centre, 0, centre, 0} : boxOf(item.inks);
             items.push_back(std::move(item));
         }
         const auto addExtra = [&](Ink ink, const Sung &entry) {

@@ -179,9 +179,12 @@ void LayoutEngine::addSystem(const ScoreSource &source, ShownSystem system, cons
                 _score.engraved[i] = engraveColumn(source, _score.shown[i], _pen);
         system.isNew = true;
         Problems problems;
-        system.built = std::make_shared<const BuiltSystem>(
+        DrawnSystem drawn =
             SystemBuilder(_score, _pen, problems)
-                .build(system.first, system.end, system.width.width, system.width.isJustified));
+                .build(system.first, system.end, system.width.width, system.width.isJustified);
+        system.built = std::make_shared<const BuiltSystem>(std::move(drawn.system));
+        system.drawing = std::move(drawn.drawing);
+        system.shifts.clear();
         system.problems = std::make_shared<const Problems>(std::move(problems));
     }
     const BuiltSystem *const above = _systems.empty() ? nullptr : _systems.back().built.get();
@@ -197,6 +200,8 @@ void LayoutEngine::takeOver(const ShownSystem &old, ShownSystem &system) const
 {
     const auto bars = static_cast<std::int32_t>(_score.shown[system.first].bar)
         - static_cast<std::int32_t>(_oldScore.shown[old.first].bar);
+    system.drawing = old.drawing;
+    system.shifts = old.shifts;
     if (bars == 0) {
         system.built = old.built;
         system.problems = old.problems;
@@ -204,7 +209,7 @@ void LayoutEngine::takeOver(const ShownSystem &old, ShownSystem &system) const
         system.nesting = old.nesting;
         return;
     }
-    system.built = movedBy(*old.built, bars, _score.number(system.first), _pen);
+    system.built = movedBy(*old.built, system.drawing, bars, _score.number(system.first), _pen);
     Problems problems;
     problems.add(*old.problems, bars);
     system.problems = std::make_shared<const Problems>(std::move(problems));
@@ -268,7 +273,7 @@ void LayoutEngine::addFontProblems(Problems &problems) const
         return;
     std::set<layout::GlyphId> told;
     for (const ShownSystem &system : _systems)
-        for (const layout::DrawMark &mark : system.built->drawing->marks.marks())
+        for (const layout::DrawMark &mark : system.drawing->marks.marks())
             if (mark.shape == layout::MarkShape::Glyph && _font->isBorrowed(mark.glyph)
                 && told.insert(mark.glyph).second)
                 problems.add(mark.place,

@@ -51,7 +51,8 @@ std::vector<SystemHeight> heightsOf(const std::vector<ShownSystem> &systems)
     std::vector<SystemHeight> heights;
     heights.reserve(systems.size());
     for (const ShownSystem &system : systems)
-        heights.push_back({system.built->top, system.built->bottom, system.nesting, false});
+        heights.push_back({system.built->top, system.built->bottom, system.nesting,
+                           system.built->stretch(), false});
     return heights;
 }
 
@@ -82,7 +83,7 @@ std::shared_ptr<const layout::DrawList> PageMaker::textsOf(const Sheet &sheet, u
 }
 
 std::vector<LayoutPage> PageMaker::make(const ScoreSource &source, const Sheet &sheet,
-                                        const std::vector<ShownSystem> &systems, Problems &problems)
+                                        std::vector<ShownSystem> &systems, Problems &problems)
 {
     setTexts(source, sheet);
     problems.add(_texts->problems());
@@ -107,15 +108,16 @@ std::vector<LayoutPage> PageMaker::make(const ScoreSource &source, const Sheet &
             page.systems.reserve(filled[i].places.size());
             for (unsigned s = filled[i].first; s < filled[i].end; ++s) {
                 growFor(page, *systems[s].built, sheet);
+                stretch(systems[s], filled[i].stretch);
                 page.systems.push_back(
-                    {systems[s].built->drawing,
+                    {systems[s].drawing,
                      {fromSpaces(left),
                       fromSpaces(top + above + filled[i].places[s - filled[i].first])}});
             }
             if (filled[i].isTooTall) {
                 const ShownSystem &system = systems[filled[i].first];
                 MarkPlace place;
-                place.bar = system.built->drawing->bars.front().firstBar;
+                place.bar = system.drawing->bars.front().firstBar;
                 problems.add(place, "The system is taller than the page.");
                 growFor(page, *system.built, above + footer, sheet);
                 // Footers stay below the music.
@@ -129,23 +131,41 @@ std::vector<LayoutPage> PageMaker::make(const ScoreSource &source, const Sheet &
     return pages;
 }
 
+void PageMaker::stretch(ShownSystem &system, double spaces) const
+{
+    RowShifts shifts;
+    double by = 0;
+    for (const double row : system.built->rowsStretch) {
+        by += row * spaces;
+        shifts.push_back(fromSpaces(by));
+    }
+    if (by == 0)
+        shifts.clear();
+    if (shifts == system.shifts)
+        return;
+    system.drawing = withRowsMoved(*system.drawing, system.built->hangers, system.shifts, shifts,
+                                   _pen.fonts().music());
+    system.shifts = std::move(shifts);
+}
+
 std::vector<LayoutPage> PageMaker::fillSheet(const ScoreSource &source, const Sheet &sheet,
-                                             const std::vector<ShownSystem> &systems) const
+                                             std::vector<ShownSystem> &systems) const
 {
     LayoutPage page = emptyPage(sheet);
     const double left = sheet.spaces(page.leftMargin);
     const double top = sheet.spaces(page.topMargin);
     double y = top + _texts->titleHeight();
     double width = 0;
-    for (const ShownSystem &system : systems) {
+    for (ShownSystem &system : systems) {
+        stretch(system, 0);
         const BuiltSystem &built = *system.built;
         if (source.view != ViewLayout::SingleLine)
             growFor(page, built, sheet);
-        page.systems.push_back({built.drawing, {fromSpaces(left), fromSpaces(y + built.top)}});
+        page.systems.push_back({system.drawing, {fromSpaces(left), fromSpaces(y + built.top)}});
         y += built.top + built.bottom + systemGap + 2;
         if (source.view == ViewLayout::SingleLine)
             width = std::max(
-                width, layout::toSpaces(built.drawing->marks.box(_pen.fonts().music()).right));
+                width, layout::toSpaces(system.drawing->marks.box(_pen.fonts().music()).right));
     }
     if (source.view == ViewLayout::SingleLine)
         page.width =

@@ -36,6 +36,8 @@ struct ShownSystem {
     SystemWidth width;  ///< for which it was built
     bool isNew = false; ///< was not there in the layout before
     std::shared_ptr<const BuiltSystem> built;
+    std::shared_ptr<const layout::SystemDrawing> drawing; ///< with its rows moved as it was shown
+    RowShifts shifts;                                     ///< of those rows
     std::shared_ptr<const Problems> problems;
     const BuiltSystem *above = nullptr; ///< the system in front, for which the nesting is true
     double nesting = 0;                 ///< how far it may move up between the ink of that one
@@ -47,8 +49,7 @@ public:
     explicit PageMaker(const Pen &pen) : _pen(pen) { }
 
     std::vector<layout::LayoutPage> make(const ScoreSource &source, const Sheet &sheet,
-                                         const std::vector<ShownSystem> &systems,
-                                         Problems &problems);
+                                         std::vector<ShownSystem> &systems, Problems &problems);
 
 private:
     void setTexts(const ScoreSource &source, const Sheet &sheet);
@@ -56,7 +57,9 @@ private:
                                                     unsigned pageCount);
 
     std::vector<layout::LayoutPage> fillSheet(const ScoreSource &source, const Sheet &sheet,
-                                              const std::vector<ShownSystem> &systems) const;
+                                              std::vector<ShownSystem> &systems) const;
+    /// Moves rows apart that stretch by 1 by so many staff spaces, and others in proportion.
+    void stretch(ShownSystem &system, double spaces) const;
 
     const Pen &_pen;
     std::shared_ptr<const ScoreModel> _model; ///< of the texts
