@@ -11,7 +11,10 @@ constexpr double mostStretch = 16;    ///< that a gap between systems takes on, 
 constexpr double mostApart = 6;       ///< that one between tracks takes on
 constexpr double lastApart = 0.6;     ///< the same where nothing says how loose a page is
 constexpr double systemStretch = 2.5; ///< of systems, where tracks have 1
+constexpr double leastGap = 0.5;      ///< between systems where one more finds room by it
+constexpr double tolerance = 1e-6;
 constexpr double pageCost = 1000;
+constexpr double squeezeCost = 60; ///< of a page whose systems stand as near as they may
 
 double heightOf(const std::vector<SystemHeight> &systems, unsigned first, unsigned end)
 {
@@ -29,16 +32,17 @@ FilledPage fill(const std::vector<SystemHeight> &systems, unsigned first, unsign
     page.first = first;
     page.end = end;
     const double height = heightOf(systems, first, end);
-    page.isTooTall = height > room;
+    const double gaps = end - first - 1;
+    const double squeeze = std::min(std::max(0.0, height - room), gaps * (systemGap - leastGap));
+    page.isTooTall = height - squeeze > room + tolerance;
     // Staves and systems move apart together; what is left over goes between the systems.
     const double rest = std::max(0.0, room - height);
-    const double gaps = end - first - 1;
     double readiness = gaps * systemStretch;
     for (unsigned i = first; i < end; ++i)
         readiness += systems[i].stretch;
     if (readiness > 0)
         page.stretch = std::min(rest / readiness, isLast ? mostLast : mostApart);
-    double between = page.stretch * systemStretch;
+    double between = page.stretch * systemStretch - (gaps > 0 ? squeeze / gaps : 0);
     if (gaps > 0 && !isLast)
         between = std::min(between + (rest - page.stretch * readiness) / gaps, mostStretch);
     double y = 0;
@@ -67,11 +71,15 @@ std::vector<FilledPage> fillPages(const std::vector<SystemHeight> &systems, cons
                 break;
             height += systems[end - 1].height()
                 + (end > first + 1 ? systemGap - systems[end - 1].nesting : 0);
-            if (height > space && end > first + 1)
+            const double mostSqueeze = (end - first - 1) * (systemGap - leastGap);
+            if (height - mostSqueeze > space && end > first + 1)
                 break;
             const double rest = std::max(0.0, space - height) / std::max(space, 1.0);
+            const double squeeze =
+                mostSqueeze > 0 ? std::max(0.0, height - space) / mostSqueeze : 0;
             const bool isLast = end == count || systems[end].breaksBefore;
-            const double cost = pageCost + (isLast ? 0.1 : 100) * rest * rest + costs[end];
+            const double cost = pageCost + (isLast ? 0.1 : 100) * rest * rest
+                + squeezeCost * squeeze * squeeze + costs[end];
             if (cost < costs[first]) {
                 costs[first] = cost;
                 next[first] = end;

@@ -34,7 +34,7 @@ struct PageRoom {
 /// pages as can be are used.
 std::vector<FilledPage> fillPages(const std::vector<SystemHeight> &systems, const PageRoom &room);
 
-/// Least distance of the ink of two systems.
+/// Distance of the ink of two systems; nearer only where one more fits on a page then.
 constexpr double systemGap = 1.8;
 
 } // namespace zarn::engraving
