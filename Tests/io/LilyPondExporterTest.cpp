@@ -97,6 +97,11 @@ TEST(LilyPondExporter, writesTablatureUnderNotes)
     EXPECT_TRUE(has(text, "\\stringTuning <fis, b, e a cis' fis'>")) << text;
     EXPECT_TRUE(has(text, "\\clef \"treble_8\"")) << text;
     EXPECT_TRUE(has(text, "Capo II")) << text;
+
+    beatOf(*score, 0, 0).note(0)->setLeftFingering(Fingering::Index);
+    const std::string fingered = exported(*score->scoreModel());
+    EXPECT_TRUE(has(fingered, "<a,-1\\6>4")) << fingered;
+    EXPECT_TRUE(has(fingered, "fingeringOrientations = #'(left)")) << fingered;
 }
 
 /// LilyPond works frets out from strings and pitches, and draws none below a string.

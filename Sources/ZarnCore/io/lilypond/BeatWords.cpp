@@ -198,6 +198,8 @@ NoteWords wordsOf(const Note &note, const Track &track, int stringNumber)
         words.after +=
             "\\rightHandFinger #" + std::to_string(static_cast<int>(note.rightFingering()));
     if (stringNumber > 0) {
+        // Fingers inside of chords stand beside their heads, where no voice is in their way.
+        words.needsChord = !words.after.empty();
         if (note.showsString())
             words.after += "-\\tweak stencil #print-circled-text-callback ";
         words.after += '\\' + std::to_string(stringNumber);

@@ -260,6 +260,8 @@ Writer::StaffText Writer::writeStaff(const Staff &staff)
             text.notation += " midiInstrument = "
                 + quoted(midiInstrument(
                     _track.sounds().empty() ? 0 : _track.sounds().front()->midiSound().program()));
+        if (staff.isFretted() && !isDrums)
+            text.notation += " fingeringOrientations = #'(left)";
         text.notation += " } <<\n";
         if (_hasGlobal)
             text.notation += "\\global\n";
