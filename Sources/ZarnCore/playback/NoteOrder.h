@@ -9,9 +9,9 @@
 
 namespace zarn::playback {
 
-/// Finds the order in which the notes of several lists sound: bar by bar, and in each by numbers
-/// that are quicker to compare than fractions. Two times that differ by less than their rounding
-/// keep the order of the lists.
+/// Finds the order in which the notes of several lists sound: by parts of bars, and in each of them
+/// by numbers that are quicker to compare than fractions. Two times that differ by less than their
+/// rounding keep the order of the lists.
 class NoteOrder {
 public:
     /// A note, by the number of its list and its place in it.
@@ -33,7 +33,6 @@ private:
     std::vector<double> _barStarts; ///< and the end of time
     std::vector<Place> _places;
     std::vector<std::uint32_t> _bars; ///< of the places
-    std::vector<std::uint32_t> _ends; ///< how many notes a bar has, by the number behind its own
     std::uint32_t _lists = 0;
 };
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/playback/ScoreSurvey.h>
 
+#include <ZarnCore/model/ZarnStaff.h>
 #include <ZarnCore/playback/PlayedVoice.h>
 #include <ZarnCore/playback/PlayingTime.h>
 
@@ -19,6 +20,24 @@ utils::rational roundedUp(const utils::rational &length)
 
 /// Beats that room is made for when a voice begins.
 constexpr std::size_t mostReserved = 1 << 14;
+
+/// Asks memory, which answers late, for the bars of a staff that a walk comes to soon: for each in
+/// time for what it leads to.
+void prefetchBehind(const Staff::Bars &bars, std::size_t at, unsigned slot)
+{
+    constexpr std::size_t step = 2;
+    const auto voiceAt = [&](std::size_t bar) {
+        return bar < bars.size() ? bars[bar]->voices()[slot].get() : nullptr;
+    };
+    if (at + 4 * step < bars.size())
+        __builtin_prefetch(bars[at + 4 * step].get());
+    __builtin_prefetch(voiceAt(at + 3 * step));
+    if (const Voice *const voice = voiceAt(at + 2 * step))
+        __builtin_prefetch(voice->beats().data());
+    if (const Voice *const voice = voiceAt(at + step))
+        for (const auto &beat : voice->beats())
+            __builtin_prefetch(&beat->rhythmValue());
+}
 
 /// Adds what a voice has; answers its length.
 utils::rational survey(const Voice &voice, std::vector<ScoreSurvey::OfBeat> &beats,
@@ -79,6 +98,7 @@ ScoreSurvey::ScoreSurvey(const ScoreModel &model)
                 hasSimiles = hasSimiles || staff->bars()[i]->simileMark() != SimileMark::None;
                 for (unsigned slot = 0; slot < Bar::MaxVoices; ++slot) {
                     OfVoice &ofVoice = voices[slot];
+                    prefetchBehind(staff->bars(), i, slot);
                     if (const auto &voice = staff->bars()[i]->voices()[slot]) {
                         if (ofVoice.beats.empty())
                             ofVoice.beats.reserve(

@@ -45,8 +45,16 @@ std::vector<PlannedNote> inOrder(const std::vector<TrackPerformance> &performanc
 {
     std::vector<PlannedNote> notes;
     notes.reserve(places.size());
-    for (const NoteOrder::Place &place : places)
-        notes.push_back(performances[place.list].notes[place.index]);
+    const auto noteAt = [&](const NoteOrder::Place &place) -> const PlannedNote & {
+        return performances[place.list].notes[place.index];
+    };
+    // They come from many places: memory is asked for them early.
+    constexpr std::size_t ahead = 8;
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        if (i + ahead < places.size())
+            __builtin_prefetch(&noteAt(places[i + ahead]));
+        notes.push_back(noteAt(places[i]));
+    }
     return notes;
 }
 
