@@ -42,6 +42,25 @@ TEST(MidiParts, keyboardsHaveTwoHands)
     EXPECT_EQ(notesOf(imported), "1:0 72 4 | s2 1:0 48 4");
 }
 
+TEST(MidiParts, aHandThatHoldsAKeyDoesNotReachFar)
+{
+    Song song;
+    auto &track = song.track();
+    track.addProgram(0, 0, 0);
+    for (int bar = 0; bar < 4; ++bar) {
+        add(track, 4 * bar, 4, 40);
+        add(track, 4 * bar, 1, 67);
+        for (int i = 1; i < 4; ++i) {
+            add(track, 4 * bar + i, 1, 57);
+            add(track, 4 * bar + i, 1, 66 + i);
+        }
+    }
+    const auto imported = song.import();
+    ASSERT_EQ(imported.model->track(0)->staffCount(), 2u);
+    for (const ListedNote &note : listNotes(*imported.model))
+        EXPECT_EQ(note.staff, *note.sounding == 40 ? 1u : 0u);
+}
+
 TEST(MidiParts, channelsWithTheirOwnSoundsAreTracks)
 {
     Song song;

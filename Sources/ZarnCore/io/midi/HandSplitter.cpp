@@ -15,8 +15,8 @@ constexpr int lowestSplit = 48;
 constexpr std::size_t splitCount = 25;
 constexpr int middleC = 60;
 
-constexpr int mostFingers = 5;
-constexpr int widestHand = 16;
+constexpr std::size_t mostFingers = 5;
+constexpr int easyReach = 12; ///< more than an octave is held seldom
 
 // Costs.
 constexpr double perSemitoneTooWide = 2;
@@ -29,9 +29,33 @@ constexpr double withoutGap = 1.5;           ///< neighbours within a third are 
 /// What begins within this time is struck together.
 constexpr MidiTime together = midiQuarter / 16;
 
+/// More keys than these are not held.
+constexpr std::size_t mostHeld = 2 * mostFingers;
+
 struct Strike {
     std::size_t first;
     std::size_t last; ///< behind it
+};
+
+/// Keys from the lowest to the highest.
+class Keys {
+public:
+    void clear() noexcept { _keys.clear(); }
+
+    void add(int key) { _keys.insert(std::upper_bound(_keys.begin(), _keys.end(), key), key); }
+
+    std::size_t countBelow(int key) const noexcept
+    {
+        return static_cast<std::size_t>(std::lower_bound(_keys.begin(), _keys.end(), key)
+                                        - _keys.begin());
+    }
+    std::size_t size() const noexcept { return _keys.size(); }
+    int operator[](std::size_t place) const noexcept { return _keys[place]; }
+    int lowest() const noexcept { return _keys.front(); }
+    int highest() const noexcept { return _keys.back(); }
+
+private:
+    std::vector<int> _keys;
 };
 
 class Splitting {
@@ -68,8 +92,9 @@ public:
                     from[i] = from[i + 1];
                 }
             before[strike] = from;
+            lookAt(_strikes[strike]);
             for (std::size_t i = 0; i < splitCount; ++i)
-                costs[i] += costOf(_strikes[strike], lowestSplit + static_cast<int>(i));
+                costs[i] += costOf(lowestSplit + static_cast<int>(i));
         }
         std::vector<PlayedNotes> hands(2);
         std::vector<int> splits(_strikes.size());
@@ -86,41 +111,62 @@ public:
     }
 
 private:
-    double costOf(const Strike &strike, int split) const
+    /// The keys of a strike, and with them those that are still held.
+    void lookAt(const Strike &strike)
     {
-        std::array<int, 2> lowest = {127, 127};
-        std::array<int, 2> highest = {0, 0};
-        std::array<int, 2> counts = {0, 0};
-        for (std::size_t i = strike.first; i < strike.last; ++i) {
-            const int key = _notes[i].key;
-            const std::size_t hand = key < split ? 1 : 0;
-            lowest[hand] = std::min(lowest[hand], key);
-            highest[hand] = std::max(highest[hand], key);
-            ++counts[hand];
+        const MidiTime time = _notes[strike.first].playedStart + together;
+        _held.erase(
+            std::remove_if(_held.begin(), _held.end(),
+                           [&](std::size_t note) { return _notes[note].playedEnd <= time; }),
+            _held.end());
+        if (_held.size() > mostHeld)
+            _held.erase(_held.begin(), _held.end() - mostHeld);
+        _struck.clear();
+        _down.clear();
+        for (const std::size_t note : _held)
+            _down.add(_notes[note].key);
+        for (std::size_t note = strike.first; note < strike.last; ++note) {
+            _struck.add(_notes[note].key);
+            _down.add(_notes[note].key);
+            _held.push_back(note);
         }
+    }
+
+    double costOf(int split) const
+    {
+        const std::size_t left = _struck.countBelow(split);
+        const std::size_t right = _struck.size() - left;
         double cost = perSemitoneOffMiddle * std::abs(split - middleC);
-        for (std::size_t hand = 0; hand < 2; ++hand) {
-            if (counts[hand] == 0)
-                continue;
-            cost += perSemitoneTooWide * std::max(0, highest[hand] - lowest[hand] - widestHand);
-            cost += perFingerTooMany * std::max(0, counts[hand] - mostFingers);
-        }
-        if (counts[0] > 0 && counts[1] > 0) {
+        const auto costOfHand = [](std::size_t count, int lowest, int highest) {
+            const auto tooMany = static_cast<double>(count > mostFingers ? count - mostFingers : 0);
+            return perSemitoneTooWide * std::max(0, highest - lowest - easyReach)
+                + perFingerTooMany * tooMany;
+        };
+        // Keys that a hand holds keep it from reaching far.
+        const std::size_t downLeft = _down.countBelow(split);
+        if (left > 0)
+            cost += costOfHand(left, _down.lowest(), _down[downLeft - 1]);
+        if (right > 0)
+            cost += costOfHand(right, _down[downLeft], _down.highest());
+        if (left > 0 && right > 0) {
             constexpr int third = 4;
-            cost += lowest[0] - highest[1] < third ? withoutGap : 0;
+            cost += _struck[left] - _struck[left - 1] < third ? withoutGap : 0;
         }
         // A note by itself belongs to the hand that is usually there.
         constexpr int usualRight = 72;
         constexpr int usualLeft = 50;
-        if (counts[1] == 0)
-            cost += perSemitoneFromHand * std::max(0, usualRight - 10 - lowest[0]);
-        if (counts[0] == 0)
-            cost += perSemitoneFromHand * std::max(0, highest[1] - usualLeft - 10);
+        if (left == 0)
+            cost += perSemitoneFromHand * std::max(0, usualRight - 10 - _struck.lowest());
+        if (right == 0)
+            cost += perSemitoneFromHand * std::max(0, _struck.highest() - usualLeft - 10);
         return cost;
     }
 
     const PlayedNotes &_notes;
     std::vector<Strike> _strikes;
+    std::vector<std::size_t> _held; ///< notes that may still sound
+    Keys _struck;
+    Keys _down; ///< struck or held
 };
 
 } // namespace

@@ -12,7 +12,8 @@ namespace zarn::io {
 bool needsTwoStaves(const PlayedNotes &notes);
 
 /// Parts the notes of a keyboard, in the order in which they were played, between two hands: a hand
-/// reaches a tenth, has five fingers and does not jump without need. The right one comes first.
+/// reaches an octave with ease, also while it holds keys, has five fingers and does not jump
+/// without need. The right one comes first.
 std::vector<PlayedNotes> splitHands(const PlayedNotes &notes);
 
 } // namespace zarn::io

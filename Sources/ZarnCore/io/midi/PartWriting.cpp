@@ -113,7 +113,7 @@ bool movesInParts(const Motion &motion)
 {
     constexpr std::size_t leastMoves = 24;
     const std::size_t moves = motion.moves();
-    const bool isSteady = moves >= leastMoves && 4 * moves >= 5 * motion.breaks;
+    const bool isSteady = moves >= leastMoves && moves >= motion.breaks;
     const bool isIndependent = 2 * (motion.oblique + motion.contrary) >= moves;
     return isSteady && isIndependent && 20 * motion.contrary >= moves;
 }
