@@ -73,7 +73,7 @@ TEST(DrawListTest, anotherTextOrBarMakesTheListThatIsDrawnSo)
 
 TEST(DrawListTest, anAppendedListIsTheSameElsewhere)
 {
-    const auto layout = test::drawnSample();
+    const auto layout = zarn::test::drawnSample();
     const DrawList &original = layout->pages()[0].systems[0].drawing->marks;
     DrawListBuilder list;
     list.append(original, {0, 0});
@@ -99,7 +99,7 @@ TEST(DrawListTest, anAppendedListIsTheSameElsewhere)
 
 TEST(LayoutTest, layoutsAreComparedByValue)
 {
-    EXPECT_EQ(*test::drawnSample(), *test::drawnSample());
+    EXPECT_EQ(*zarn::test::drawnSample(), *test::drawnSample());
     Layout::Content content;
     EXPECT_THROW(Layout{content}, CoreException);
     content.font = MusicFont::builtIn();

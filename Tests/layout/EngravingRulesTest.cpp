@@ -15,7 +15,7 @@ namespace {
 
 using namespace zarn;
 using layout::MarkKind;
-using test::LaidOut;
+using ::test::LaidOut;
 using NoteValue = RhythmValue::NoteValue;
 
 /// Bars for a violin that are filled voice by voice.

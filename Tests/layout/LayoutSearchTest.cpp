@@ -15,7 +15,7 @@ constexpr Unit sp = staffSpace;
 /// The sample's system lies at 10, 25 staff spaces on its first sheet, at 10, 15 on the second.
 class LayoutSearchTest : public testing::Test {
 protected:
-    const std::shared_ptr<const Layout> _layout = test::drawnSample();
+    const std::shared_ptr<const Layout> _layout = zarn::test::drawnSample();
 
     static DrawPlace place(int beat, int note)
     {

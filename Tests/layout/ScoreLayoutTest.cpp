@@ -15,7 +15,7 @@ namespace {
 using namespace zarn;
 using layout::LayoutOptions;
 using layout::MarkKind;
-using test::LaidOut;
+using ::test::LaidOut;
 using NoteValue = RhythmValue::NoteValue;
 
 using Place = std::tuple<int, int, int, int, int, int>;
@@ -136,7 +136,7 @@ TEST(ScoreLayoutTest, randomScoresAreDrawnWhole)
 {
     for (std::uint32_t seed = 1; seed <= 60; ++seed) {
         SCOPED_TRACE(seed);
-        const auto model = test::RandomScore(seed).make();
+        const auto model = ::test::RandomScore(seed).make();
         LayoutOptions options;
         options.multiRest = seed % 2 == 0;
         options.view = static_cast<ViewLayout>(seed % 3);

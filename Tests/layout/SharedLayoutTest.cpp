@@ -30,7 +30,7 @@ TEST(SharedLayoutTest, threadsMeasureAndWriteAtTheSameTime)
             return svg == other.svg && dump == other.dump && width == other.width;
         }
     };
-    const auto layout = test::drawnSample();
+    const auto layout = zarn::test::drawnSample();
     const auto work = [&layout](Result &result) {
         QBuffer buffer(&result.svg);
         buffer.open(QIODevice::WriteOnly);

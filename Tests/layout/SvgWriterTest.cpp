@@ -47,7 +47,7 @@ protected:
         });
     }
 
-    std::shared_ptr<const Layout> _layout = test::drawnSample();
+    std::shared_ptr<const Layout> _layout = zarn::test::drawnSample();
     QByteArray _bytes;
     pugi::xml_document _document;
 };
@@ -134,7 +134,7 @@ TEST_F(SvgWriterTest, aPageThatIsNotThereOrADeviceThatIsClosedIsAnError)
 
 TEST(LayoutDumpTest, theDumpHasEveryMarkWhereItIsOnItsSheet)
 {
-    const auto layout = test::drawnSample();
+    const auto layout = zarn::test::drawnSample();
     rapidjson::Document dump;
     dump.Parse(layoutDump(*layout).c_str());
     ASSERT_FALSE(dump.HasParseError());

@@ -143,13 +143,27 @@ SpaceBox tremoloSpace(const Chord &chord, const Inks &inks, const Row &row)
             SpaceBox::Kind::Sign};
 }
 
+void addLinkSpaces(const Chord &chord, const EngravedBar &bar, const BarSource &source,
+                   const Row &row, std::vector<SpaceBox> &boxes)
+{
+    if (row.notation != Notation::Slash)
+        addSlideSpaces(chord, bar, source, boxes);
+    if (row.notation == Notation::Tablature)
+        addBendSpaces(chord, source, boxes);
+}
+
 } // namespace
 
 void addSpaces(EngravedBar &bar, const BarSource &source, const Row &row, const Fonts &fonts)
 {
-    for (const Chord &chord : bar.chords) {
-        if (chord.beat->isGrace())
+    for (Chord &chord : bar.chords) {
+        if (chord.beat->isGrace()) {
+            std::vector<SpaceBox> signs;
+            addLinkSpaces(chord, bar, source, row, signs);
+            for (const SpaceBox &sign : signs)
+                chord.room.add(sign.box);
             continue;
+        }
         auto &boxes = bar.columns[chord.column].boxes;
         for (std::uint32_t i = chord.firstInk; i < chord.inkEnd; ++i) {
             const Ink &ink = bar.inks[i];
@@ -172,10 +186,7 @@ void addSpaces(EngravedBar &bar, const BarSource &source, const Row &row, const 
         if (chord.beat->marks.tremoloToNext() > 0
             && (row.notation != Notation::Tablature || row.hasRhythm))
             boxes.push_back(tremoloSpace(chord, bar.inks, row));
-        if (row.notation != Notation::Slash)
-            addSlideSpaces(chord, bar, source, boxes);
-        if (row.notation == Notation::Tablature)
-            addBendSpaces(chord, source, boxes);
+        addLinkSpaces(chord, bar, source, row, boxes);
         if (row.isFirstOfStaff && chord.beat->details)
             addWordSpaces(chord, fonts, boxes);
         if (chord.isBeamed && chord.hasStem)

@@ -40,6 +40,7 @@ struct Chord {
     double stemX = 0;     ///< middle of the stem, from the origin
     double stemRoot = 0;  ///< y where the stem leaves the head that is farthest from its tip
     double stemTip = 0;   ///< y
+    Box room;             ///< of a grace note, for what leads from it and to it: bends, slides
     std::uint32_t firstInk = 0;
     std::uint32_t inkEnd = 0;
 

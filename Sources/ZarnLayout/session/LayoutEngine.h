@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ZarnLayout/ZarnLayoutExport.h>
 #include <ZarnLayout/draw/ZarnLayout.h>
 #include <ZarnLayout/engrave/Pen.h>
 #include <ZarnLayout/page/SystemBuilder.h>
@@ -19,7 +20,7 @@ namespace zarn::engraving {
 /// Lays scores out, one behind the other: what a score shares with the one before is not made
 /// again. What comes out depends on the last score alone. Knows no score but what it is given, so
 /// that it may run on any thread; on one at a time.
-class LayoutEngine {
+class ZARNLAYOUT_EXPORT LayoutEngine {
 public:
     /// `texts` must outlive the engine.
     LayoutEngine(std::shared_ptr<const layout::MusicFont> font, const layout::TextMeasure &texts);

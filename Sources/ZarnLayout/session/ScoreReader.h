@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ZarnLayout/ZarnLayoutExport.h>
 #include <ZarnLayout/session/ScoreSource.h>
 #include <ZarnLayout/session/ZarnScoreLayout.h>
 
@@ -14,7 +15,7 @@ class ScoreMarks;
 
 /// Copies what a layout needs of a score, again and again: what is not marked it has already, and
 /// what is read and found to be the same stays where it is.
-class ScoreReader {
+class ZARNLAYOUT_EXPORT ScoreReader {
 public:
     using Deadline = std::optional<std::chrono::steady_clock::time_point>;
 

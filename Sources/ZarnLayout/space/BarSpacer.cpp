@@ -72,6 +72,7 @@ Box boxOfChord(const EngravedBar &bar, const Chord &chord)
     Box box = {0, 0, chord.width, 0};
     for (std::uint32_t i = chord.firstInk; i < chord.inkEnd; ++i)
         box.add(bar.inks[i].box);
+    box.add(chord.room);
     if (chord.isBeamed)
         box.add({chord.stemX, std::min(chord.stemRoot, chord.stemTip), chord.stemX,
                  std::max(chord.stemRoot, chord.stemTip)});

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ZarnLayout/ZarnLayoutExport.h>
+
 #include <vector>
 
 namespace zarn::engraving {
@@ -34,7 +36,8 @@ std::vector<unsigned> breakLines(const std::vector<BarWidth> &bars, double first
 constexpr double leastFactor = 0.72;
 
 /// Cost of a system of the bars `first` up to `end`; above `impossible` when they find no room.
-double costOfLine(const std::vector<BarWidth> &bars, unsigned first, unsigned end, double width);
+ZARNLAYOUT_EXPORT double costOfLine(const std::vector<BarWidth> &bars, unsigned first, unsigned end,
+                                    double width);
 constexpr double impossible = 1e6;
 
 } // namespace zarn::engraving
