@@ -158,6 +158,7 @@ constexpr std::pair<const char *, Weight> fitted[] = {
     {"middle", &FingeringWeights::middle},
     {"ring", &FingeringWeights::ring},
     {"little", &FingeringWeights::little},
+    {"ringAtNut", &FingeringWeights::ringAtNut},
     {"fingerAcross", &FingeringWeights::fingerAcross},
     {"creep", &FingeringWeights::creep},
     {"shiftStart", &FingeringWeights::shiftStart},
@@ -166,6 +167,7 @@ constexpr std::pair<const char *, Weight> fitted[] = {
     {"hurriedStart", &FingeringWeights::hurriedStart},
     {"hurriedShift", &FingeringWeights::hurriedShift},
     {"blindShift", &FingeringWeights::blindShift},
+    {"exchange", &FingeringWeights::exchange},
     {"fingerJump", &FingeringWeights::fingerJump},
     {"fingerRoll", &FingeringWeights::fingerRoll},
     {"hurriedJump", &FingeringWeights::hurriedJump},
@@ -175,6 +177,7 @@ constexpr std::pair<const char *, Weight> fitted[] = {
     {"highHand", &FingeringWeights::highHand},
     {"leftHome", &FingeringWeights::leftHome},
     {"chordHeight", &FingeringWeights::chordHeight},
+    {"overBody", &FingeringWeights::overBody},
     {"openTreble", &FingeringWeights::openTreble},
     {"openAbove", &FingeringWeights::openAbove},
     {"openInChord", &FingeringWeights::openInChord},
@@ -183,6 +186,7 @@ constexpr std::pair<const char *, Weight> fitted[] = {
     {"cutRinging", &FingeringWeights::cutRinging},
     {"cutBroken", &FingeringWeights::cutBroken},
     {"longestRing", &FingeringWeights::longestRing},
+    {"crossedStep", &FingeringWeights::crossedStep},
     {"movedPitch", &FingeringWeights::movedPitch},
 };
 

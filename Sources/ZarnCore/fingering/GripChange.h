@@ -45,6 +45,9 @@ private:
     template <class Add>
     void addNotes(const Departure &from, const Grip &to, Add &add) const;
 
+    template <class Add>
+    void addSteps(const Departure &from, const Grip &to, std::size_t at, Add &add) const;
+
     static bool hasGuide(const Grip &from, const Grip &to);
     bool leavesString(const Grip &from, const Grip &to, std::size_t at) const;
 
@@ -83,6 +86,12 @@ void GripChange::addMove(const Departure &from, const Grip &to, Add &add) const
     const float start = std::clamp(distance - 1, 0.F, 1.F);
     if (!hasGuide(*from.grip, to))
         add(&W::blindShift, creep);
+    for (unsigned bits = from.grip->stopped & to.stopped & to.fresh(); bits != 0;
+         bits &= bits - 1) {
+        const auto at = static_cast<std::size_t>(__builtin_ctz(bits));
+        if (from.grip->finger[at] != to.finger[at])
+            add(&W::exchange, creep);
+    }
     add(&W::creep, creep);
     add(&W::hurriedCreep, creep * from.hurry);
     add(&W::shiftStart, start);
@@ -156,6 +165,22 @@ void GripChange::addNotes(const Departure &from, const Grip &to, Add &add) const
             if (pitchOf(*from.grip, static_cast<std::size_t>(__builtin_ctz(others)))
                 == pitchOf(to, at))
                 add(&W::movedPitch, 1);
+        addSteps(from, to, at, add);
+    }
+}
+
+/// Steps to a note from those in front of it on other strings.
+template <class Add>
+void GripChange::addSteps(const Departure &from, const Grip &to, std::size_t at, Add &add) const
+{
+    using W = FingeringWeights;
+    constexpr int step = 2;
+    for (unsigned bits = from.grip->fresh() & ~(1U << at); bits != 0; bits &= bits - 1) {
+        const auto other = static_cast<std::size_t>(__builtin_ctz(bits));
+        const int interval = std::abs(pitchOf(*from.grip, other) - pitchOf(to, at));
+        if (interval == 0 || interval > step)
+            continue;
+        add(&W::crossedStep, from.hurry * from.hurry);
     }
 }
 

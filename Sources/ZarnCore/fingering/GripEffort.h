@@ -4,7 +4,7 @@
 #include <ZarnCore/fingering/Grip.h>
 #include <ZarnCore/fingering/Pedals.h>
 #include <ZarnCore/fingering/ZarnFingeringWeights.h>
-#include <ZarnCore/fingering/ZarnStaffFrets.h>
+#include <ZarnCore/fingering/ZarnPassage.h>
 
 #include <algorithm>
 
@@ -30,12 +30,21 @@ void addPresses(const Grip &grip, int pressed, Add &&add)
     add(&W::shape, grip.shape * static_cast<float>(pressed) / static_cast<float>(grip.stopCount));
 }
 
+/// Whether the third finger is on the third fret.
+inline bool isRingAtNut(const Grip &grip, std::size_t string)
+{
+    constexpr int third = 3;
+    return grip.finger[string] == third && grip.fret[string] == third;
+}
+
 /// The effort of holding a grip where it is, beside that of the shape of the hand: calls `add` with
 /// a weight and an amount for all that there is.
 template <class Add>
-void addEffort(const Grip &grip, const StaffFrets &fretboard, const Pedals &pedals, Add &&add)
+void addEffort(const Grip &grip, const Passage &passage, const Pedals &pedals, Add &&add)
 {
     using W = FingeringWeights;
+    const StaffFrets &fretboard = passage.fretboard;
+    constexpr float longString = 500; // millimetres; on shorter ones the frets are near each other
     int open = 0;
     int openTreble = 0;
     int lowest = -1;
@@ -61,6 +70,8 @@ void addEffort(const Grip &grip, const StaffFrets &fretboard, const Pedals &peda
         ++count;
         if (grip.isHeld(string) || grip.finger[at] == 0)
             continue;
+        if (isRingAtNut(grip, at) && string * 2 > last && passage.hand.stringLength > longString)
+            add(&W::ringAtNut, 1);
         if (last > 0)
             add(&W::fingerAcross,
                 (grip.finger[at] - 1) * (last - string) / static_cast<float>(3 * last));
@@ -68,6 +79,8 @@ void addEffort(const Grip &grip, const StaffFrets &fretboard, const Pedals &peda
     if (grip.position != Grip::Anywhere) {
         add(&W::height, count > 0 ? static_cast<float>(frets) / static_cast<float>(count) : 0);
         add(&W::highHand, std::max(grip.position - 1, 0.F));
+        constexpr float lastBesideBody = 9;
+        add(&W::overBody, std::max(grip.position - lastBesideBody, 0.F));
         const float away = std::clamp(grip.position - 1, 0.F, 1.F);
         add(&W::leftHome, away);
         add(&W::openTreble, away * static_cast<float>(openTreble));

@@ -231,8 +231,9 @@ Grip GripFinder::gripOf(const PassageEvent &event, const Strings &strings) const
             grip.cost += static_cast<float>(_weights.otherFigure);
         if (const unsigned known = _known.ofPitch(number32); known != 0 && (known & bit) == 0)
             grip.cost += static_cast<float>(_weights.otherString);
-        if (fret == 0 && _known.isUpTheNeck(number32) && !_pedals.contains(number32))
-            grip.cost += static_cast<float>(_weights.openUpTheNeck);
+        const bool isPedal = fret == 0 && _pedals.contains(number32);
+        if (fret < _known.lowestFret(number32) && !isPedal)
+            grip.cost += static_cast<float>(_weights.belowPosition);
         grip.sounding |= bit;
         grip.stopped |= fret > 0 ? bit : 0;
         if (fret == 0 && _passage.avoidsOpenStrings)
@@ -387,10 +388,9 @@ void GripFinder::addFingered(const Grip &grip)
         layFingers(shape, found);
         found.shape = shape.cost;
         double cost = 0;
-        addEffort(found, _passage.fretboard, _pedals,
-                  [&](double FingeringWeights::*weight, float amount) {
-                      cost += _weights.*weight * static_cast<double>(amount);
-                  });
+        addEffort(found, _passage, _pedals, [&](double FingeringWeights::*weight, float amount) {
+            cost += _weights.*weight * static_cast<double>(amount);
+        });
         found.cost += static_cast<float>(cost);
     }
 }

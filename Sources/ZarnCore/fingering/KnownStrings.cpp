@@ -46,22 +46,23 @@ std::uint64_t figureOf(const Passage &passage, std::size_t event, const PassageN
     return figure;
 }
 
-/// Whether a note is given out of first position, though its pitch lies on a lower fret too.
-bool isPutUpTheNeck(const Passage &passage, const PassageNote &note)
+/// The fret of a note that is given out of first position, though its pitch lies on a lower fret
+/// too; 0 for others.
+int fretUpTheNeck(const Passage &passage, const PassageNote &note)
 {
     constexpr int lastFretOfFirstPosition = 4;
     const StaffFrets &fretboard = passage.fretboard;
     if (bitOf(note) == 0 || note.string >= fretboard.stringCount())
-        return false;
+        return 0;
     const int fret = fretboard.fret(note.string, note.pitch);
     if (fret <= lastFretOfFirstPosition)
-        return false;
+        return 0;
     for (int string = 0; string < fretboard.stringCount(); ++string) {
         const int other = fretboard.fret(string, note.pitch);
         if (other >= 0 && other < fret && !fretboard.isDrone(string))
-            return true;
+            return fret;
     }
-    return false;
+    return 0;
 }
 
 } // namespace
@@ -127,20 +128,29 @@ void KnownStrings::findPitches(const Passage &passage)
 
 void KnownStrings::findPositions(const Passage &passage)
 {
-    const auto look = [&](std::size_t at, double &last) {
+    struct Last {
+        double onset = 0;
+        int fret = 0;
+    };
+    const auto look = [&](std::size_t at, Last &last) {
         const PassageEvent &event = passage.events[at];
         for (std::size_t i = event.firstNote; i < event.firstNote + event.noteCount; ++i) {
             const PassageNote &note = passage.notes[i];
-            if (isPutUpTheNeck(passage, note))
-                last = event.onset;
-            else if (!isGiven(note) && std::abs(event.onset - last) <= farthest)
-                _known[i].isUpTheNeck = true;
+            auto &lowest = _known[i].lowestFret;
+            if (const int fret = fretUpTheNeck(passage, note); fret != 0)
+                last = {event.onset, fret};
+            else if (!isGiven(note) && last.fret != 0
+                     && std::abs(event.onset - last.onset) <= farthest) {
+                // The second finger may be on it.
+                const auto found = static_cast<std::int8_t>(std::min(last.fret - 1, 127));
+                lowest = lowest == 0 ? found : std::min(lowest, found);
+            }
         }
     };
-    double before = -2 * farthest;
+    Last before;
     for (std::size_t at = 0; at < passage.events.size(); ++at)
         look(at, before);
-    double behind = passage.events.back().onset + 2 * farthest;
+    Last behind;
     for (std::size_t at = passage.events.size(); at-- > 0;)
         look(at, behind);
 }

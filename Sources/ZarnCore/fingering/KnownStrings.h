@@ -27,18 +27,18 @@ public:
         return _known.empty() ? 0U : _known[note].ofPitch;
     }
 
-    /// Whether the player has put a note nearby up the neck that lies farther down as well: he
-    /// means to play there.
-    bool isUpTheNeck(std::uint32_t note) const noexcept
+    /// Lowest written fret of a position that the player asks for by a note nearby: one that he has
+    /// put up the neck, though it lies farther down as well. 0 where he asks for none.
+    int lowestFret(std::uint32_t note) const noexcept
     {
-        return !_known.empty() && _known[note].isUpTheNeck;
+        return _known.empty() ? 0 : _known[note].lowestFret;
     }
 
 private:
     struct Known {
         std::uint16_t ofFigure = 0;
         std::uint16_t ofPitch = 0;
-        bool isUpTheNeck = false;
+        std::int8_t lowestFret = 0;
     };
 
     void findFigures(const Passage &passage);
