@@ -145,6 +145,7 @@ TEST(ChordRecognizer, namesAreThoseThatPlayersUse)
     EXPECT_EQ(first({60, 64, 71}), "Cmaj7");
     EXPECT_EQ(first({60, 67}), "C5");
     EXPECT_EQ(first({60, 64}), "C(no5)");
+    EXPECT_EQ(first({60, 70}), "C7(no3,no5)");
     EXPECT_EQ(first({40, 47, 52, 56, 59, 64}), "E");
     // The order of the notes and their octaves do not count, but for the lowest.
     EXPECT_EQ(names({88, 48, 67, 60, 67}), names({48, 67, 88}));
@@ -155,6 +156,11 @@ TEST(ChordRecognizer, placesOfTonesTellWhatASetDoesNot)
     EXPECT_EQ(first({48, 53, 58, 63}), "Cm11");
     EXPECT_EQ(first({48, 53, 63, 70}), "F7sus4/C");
     EXPECT_EQ(first({55, 58, 60, 65}), "C7sus4/G");
+    // The tones of a major thirteenth within an octave are a minor chord over its third.
+    EXPECT_EQ(first({51, 53, 55, 58, 60, 62}), "Cm11/Eb");
+    EXPECT_EQ(first({51, 55, 60, 62}), "Cmadd9/Eb");
+    EXPECT_EQ(first({51, 55, 60, 65, 70, 74}), "Ebmaj13");
+    EXPECT_EQ(first({51, 60, 62, 67}), "Ebmaj13");
 }
 
 TEST(ChordRecognizer, keysDecideTheSpelling)
@@ -206,6 +212,8 @@ TEST(ChordRecognizer, reasonsAddUpToTheCost)
                                             {60, 64},
                                             {48, 53, 58},
                                             {48, 53, 63, 70},
+                                            {51, 55, 60, 62},
+                                            {60, 71},
                                             {55, 60, 65, 69, 76, 83},
                                             {60, 62, 64, 66, 70},
                                             {52, 58, 62, 69}})

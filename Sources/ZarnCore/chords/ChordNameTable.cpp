@@ -43,14 +43,11 @@ int ofOmission(Degree degree, const ChordKind &kind) noexcept
     return omittedTone + (isSuspended ? omittedSuspended : isSixth ? omittedOfSixth : 0);
 }
 
-int ofSaidOmission(Degree degree) noexcept
+int ofSaidOmission(Degree degree, const ChordKind &kind) noexcept
 {
-    return degree.number == 3 ? saidThird : saidFifth;
-}
-
-int ofFullness(const ChordKind &kind, bool hasFifthAndNinth) noexcept
-{
-    return kind.text() == "maj13" && hasFifthAndNinth ? fullMajorThirteenth : 0;
+    return degree.number == 3      ? saidThird
+        : kind.isOmissible(degree) ? ofOmission(degree, kind)
+                                   : saidFifth;
 }
 
 bool hasPlainerTwin(const ChordKind &kind) noexcept
@@ -81,13 +78,10 @@ public:
             if ((unheard >> i & 1) == 0)
                 _tones.insert(degrees[i].tone());
             else if ((said >> i & 1) != 0)
-                _cost += cost::ofSaidOmission(degrees[i]);
+                _cost += cost::ofSaidOmission(degrees[i], kind);
             else
                 _cost += cost::ofOmission(degrees[i], kind);
         }
-        const auto isHeard = [this](int semitones) { return _tones.contains(Tone(semitones)); };
-        _cost += cost::ofFullness(
-            kind, isHeard(Degree{5, 0}.semitones()) && isHeard(Degree{9, 0}.semitones()));
     }
 
     void enter(Lists &lists)
@@ -214,8 +208,10 @@ ChordNameTable::ChordNameTable()
         const unsigned all = silently | said;
         // All subsets of the degrees that may go.
         for (unsigned unheard = all;; unheard = (unheard - 1) & all) {
-            if (isPlainest(kind, unheard & said))
-                Reading(kind, unheard, unheard & said).enter(lists);
+            // Without its third a chord is no longer one that may lack others in silence.
+            const unsigned missing = (unheard & said) == 0 ? 0 : unheard;
+            if (isPlainest(kind, missing))
+                Reading(kind, unheard, missing).enter(lists);
             if (unheard == 0)
                 break;
         }

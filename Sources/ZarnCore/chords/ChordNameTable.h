@@ -31,9 +31,6 @@ constexpr int omittedSuspended = 100;
 constexpr int omittedOfSixth = 50;
 /// In place of the inversion; at least as much as the best name that has its root.
 constexpr int omittedRoot = 105;
-/// On top, for a major thirteenth chord with both fifth and ninth: so many tones of a major scale
-/// are rather a minor eleventh chord or a dominant over another bass.
-constexpr int fullMajorThirteenth = 40;
 /// Omissions that have to be said.
 constexpr int saidFifth = 90;
 constexpr int saidThird = 150;
@@ -42,13 +39,15 @@ constexpr int saidThird = 150;
 /// whose third is beside it. Fourths one above the other are another matter.
 constexpr int farSeventh = 30;
 constexpr int lowEleventh = 50;
+/// For a major thirteenth chord that lies within an octave as a whole: a minor chord with a ninth
+/// or eleventh over its third, rather.
+constexpr int closeThirteenth = 60;
 /// How much worse than the best name an alternative may be.
 constexpr int farFetched = 250;
 
 int ofInversion(Degree bass, const ChordKind &kind) noexcept;
 int ofOmission(Degree degree, const ChordKind &kind) noexcept;
-int ofSaidOmission(Degree degree) noexcept;
-int ofFullness(const ChordKind &kind, bool hasFifthAndNinth) noexcept;
+int ofSaidOmission(Degree degree, const ChordKind &kind) noexcept;
 bool hasPlainerTwin(const ChordKind &kind) noexcept;
 
 } // namespace cost

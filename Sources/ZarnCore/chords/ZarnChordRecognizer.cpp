@@ -58,6 +58,7 @@ public:
         for (const int pitch : pitches) {
             int &distance = _distances[static_cast<std::size_t>(Tone(pitch).value())];
             distance = std::min(distance, pitch - _bass);
+            _isClose = _isClose && pitch - _bass < 12;
         }
     }
 
@@ -68,7 +69,11 @@ public:
     {
         const DegreeList &degrees = name.chord.kind().degrees();
         const Tone root = name.chord.root().tone();
-        if (name.chord.hasBass() || !degrees.contains({7, -1}))
+        if (name.chord.hasBass())
+            return;
+        name.isThirteenthClose = _isClose && degrees.contains({7, 0}) && degrees.contains({13, 0});
+        name.cost += name.isThirteenthClose ? cost::closeThirteenth : 0;
+        if (!degrees.contains({7, -1}))
             return;
         name.isSeventhFar = isFar(root + Degree{7, -1}.semitones());
         const bool isClose = degrees.contains({3, 0}) || !isFar(root + 3);
@@ -87,6 +92,7 @@ private:
     }
 
     int _bass;
+    bool _isClose = true; ///< all within an octave
     std::array<int, 12> _distances;
 };
 
@@ -134,7 +140,7 @@ std::vector<ChordName> ChordRecognizer::names(const std::vector<int> &pitches) c
     bool isChanged = false;
     for (ChordName &name : result) {
         places.judge(name);
-        isChanged = isChanged || name.isSeventhFar || name.isEleventhLow;
+        isChanged = isChanged || name.isJudgedByPlace();
     }
     if (isChanged)
         std::stable_sort(
@@ -150,13 +156,12 @@ std::vector<NameReason> ChordName::reasons() const
     reasons.push_back({kind.cost(), kind.text().empty() ? "major" : std::string(kind.text())});
     for (const Degree &degree : unheard)
         reasons.push_back({cost::ofOmission(degree, kind), nameOf(degree) + " left out"});
-    const bool hasFifthAndNinth = !unheard.contains({5, 0}) && !unheard.contains({9, 0});
-    if (const int full = cost::ofFullness(kind, hasFifthAndNinth); full != 0)
-        reasons.push_back({full, "full thirteenth chord"});
     for (const Degree &degree : chord.omitted())
-        reasons.push_back({cost::ofSaidOmission(degree), "no " + nameOf(degree)});
+        reasons.push_back({cost::ofSaidOmission(degree, kind), "no " + nameOf(degree)});
     if (isSeventhFar)
         reasons.push_back({cost::farSeventh, "seventh far from the root"});
+    if (isThirteenthClose)
+        reasons.push_back({cost::closeThirteenth, "thirteenth within an octave"});
     if (isEleventhLow)
         reasons.push_back({cost::lowEleventh, "eleventh close to the root"});
     const bool isRootless = unheard.contains({1, 0});

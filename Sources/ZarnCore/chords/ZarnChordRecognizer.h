@@ -34,6 +34,12 @@ struct ChordName {
     /// What the cost has on account of where the tones lie, which a bare set does not tell.
     bool isSeventhFar = false;
     bool isEleventhLow = false;
+    bool isThirteenthClose = false;
+
+    bool isJudgedByPlace() const noexcept
+    {
+        return isSeventhFar || isEleventhLow || isThirteenthClose;
+    }
 
     /// What the cost is made of, the kind of chord first.
     ZARNCORE_EXPORT std::vector<NameReason> reasons() const;
