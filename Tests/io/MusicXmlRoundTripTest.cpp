@@ -10,6 +10,7 @@
 #include <ZarnCore/io/ZarnExportReport.h>
 #include <ZarnCore/io/ZarnMusicXmlExporter.h>
 #include <ZarnCore/io/ZarnNoteList.h>
+#include <ZarnCore/model/ZarnBarAttribute.h>
 #include <ZarnCore/model/ZarnBeatAttribute.h>
 #include <ZarnCore/model/ZarnMasterBarAttribute.h>
 #include <ZarnCore/model/ZarnNoteAttribute.h>
@@ -94,7 +95,7 @@ TEST(MusicXmlRoundTrip, realScoresComeBackWhole)
 
 std::mt19937 engine(11);
 
-/// Sets an attribute of a beat of a small score to values, and expects that each comes back or
+/// Sets an attribute of a small score to values, and expects that each comes back or
 /// that the report tells of it.
 template <class Node, class Set>
 void expectKeptOrTold(const std::set<std::string_view> &others, Set set)
@@ -151,6 +152,26 @@ TEST(MusicXmlRoundTrip, attributesOfNotesComeBackOrAreTold)
         others, [](ScoreModel &model, const NoteAttributeRow &row, const AttributeValue &value) {
             auto &beat = *model.track(0)->bar(1)->voice(0)->beat(1);
             setAttribute(beat, *beat.note(0), row.id, value);
+        });
+}
+
+TEST(MusicXmlRoundTrip, attributesOfBarsComeBackOrAreTold)
+{
+    // What makes a bar longer or shorter than its beats is tested by itself, and so are marks that
+    // bars have in pairs.
+    expectKeptOrTold<MasterBar>(
+        {"TimeSignature", "OwnLength", "Anacrusis"},
+        [](ScoreModel &model, const MasterBarAttributeRow &row, const AttributeValue &value) {
+            // A bar that is played once does not count its repeats.
+            if (row.id != MasterBarAttribute::RepeatCount || row.range.toText(value) != "1")
+                row.set(*model.masterTrack()->masterBars()[1], value);
+        });
+    expectKeptOrTold<Bar>(
+        {"SimileMark"},
+        [](ScoreModel &model, const BarAttributeRow &row, const AttributeValue &value) {
+            // No command takes a clef away.
+            if (row.id != BarAttribute::Clef || value.to<ClefType>() != ClefType::None)
+                row.set(*model.track(1)->bar(1), value);
         });
 }
 
