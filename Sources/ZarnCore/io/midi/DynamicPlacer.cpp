@@ -41,7 +41,7 @@ void placeDynamics(const std::vector<StaffBuilder::Onset> &onsets)
     std::vector<Level> levels;
     levels.reserve(onsets.size());
     for (const auto &onset : onsets)
-        levels.push_back(levelOf(onset.note->velocity));
+        levels.push_back(levelOf(onset.velocity));
     const auto without =
         static_cast<std::size_t>(std::count(levels.begin(), levels.end(), Level::None));
     const bool isOne = std::all_of(levels.begin(), levels.end(),

@@ -78,12 +78,11 @@ std::size_t placeLyrics(const std::vector<MidiText> &lyrics,
     std::size_t next = 0;
     for (const Word &word : wordsOf(lyrics)) {
         while (next < onsets.size()
-               && std::min(onsets[next].time, onsets[next].note->playedStart) + nearNote < word.time
-               && std::max(onsets[next].time, onsets[next].note->playedStart) + nearNote
-                   < word.time)
+               && std::min(onsets[next].time, onsets[next].playedTime) + nearNote < word.time
+               && std::max(onsets[next].time, onsets[next].playedTime) + nearNote < word.time)
             ++next;
         if (next == onsets.size()
-            || std::min(onsets[next].time, onsets[next].note->playedStart) > word.time + nearNote) {
+            || std::min(onsets[next].time, onsets[next].playedTime) > word.time + nearNote) {
             ++lost;
             continue;
         }

@@ -25,6 +25,20 @@ constexpr int chromaticStep = 150;
 
 constexpr int keysPerOctave = 12;
 
+/// The spellings along the line of fifths, as notes keep them.
+constexpr std::array<std::uint8_t, spelling::spellingCount> spellingNumbers() noexcept
+{
+    // F C G D A E B by their steps above C.
+    constexpr std::array<int, spelling::letterCount> letters = {3, 0, 4, 1, 5, 2, 6};
+    std::array<std::uint8_t, spelling::spellingCount> numbers = {};
+    for (std::size_t place = 0; place < numbers.size(); ++place) {
+        const auto accidental = static_cast<int>(place / letters.size());
+        numbers[place] = static_cast<std::uint8_t>(
+            letters[place % letters.size()] * spelling::accidentalCount + accidental);
+    }
+    return numbers;
+}
+
 /// The fifth of a key among the twelve from `first` on.
 int fifthFrom(int key, int first)
 {
@@ -45,27 +59,20 @@ bool isOfMinor(const KeyChange &key, int fifth)
     return key.isMinor && (fifth == tonic + 5 || fifth == tonic + 3);
 }
 
-/// Notes around a place: how much farther they are, in fifths, from each spelling of a key than
-/// from the one twelve fifths below. Notes come in and go out one by one.
+/// Notes around a place, which come in and go out one by one: how much farther they are, in fifths,
+/// from each spelling of a key than from the one twelve fifths below.
 class Neighbourhood {
 public:
-    void add(int fifth) noexcept { change(fifth, 1); }
-    void remove(int fifth) noexcept { change(fifth, -1); }
+    void add(int fifth) noexcept { ++_counts[placeOf(fifth)]; }
+    void remove(int fifth) noexcept { --_counts[placeOf(fifth)]; }
 
     /// Of all notes but those of the same key.
-    int farther(int fifth) const noexcept
-    {
-        int sum = _sums[placeOf(fifth)];
-        for (int same = fifth % keysPerOctave - 2 * keysPerOctave; same <= highestFifth;
-             same += keysPerOctave)
-            if (same >= lowestFifth)
-                sum -= _counts[placeOf(same)] * difference(fifth, same);
-        return sum;
-    }
+    int farther(int fifth) const noexcept;
 
 private:
     static constexpr std::size_t size = highestFifth - lowestFifth + 1;
-    using Row = std::array<std::int16_t, size>;
+    static constexpr std::size_t rowSize = (size + 7) / 8 * 8; ///< whole vectors of a processor
+    using Row = std::array<std::int16_t, rowSize>;
 
     static constexpr std::size_t placeOf(int fifth) noexcept
     {
@@ -80,28 +87,30 @@ private:
         return toOwn - (note > flat ? note - flat : flat - note);
     }
 
+    /// By fifth, for each note.
     static constexpr std::array<Row, size> allRows() noexcept
     {
         std::array<Row, size> rows = {};
-        for (std::size_t note = 0; note < size; ++note)
-            for (std::size_t fifth = 0; fifth < size; ++fifth)
-                rows[note][fifth] = static_cast<std::int16_t>(difference(
-                    static_cast<int>(fifth) + lowestFifth, static_cast<int>(note) + lowestFifth));
+        for (int fifth = lowestFifth; fifth <= highestFifth; ++fifth)
+            for (int note = lowestFifth; note <= highestFifth; ++note)
+                if ((fifth - note) % keysPerOctave != 0)
+                    rows[placeOf(fifth)][placeOf(note)] =
+                        static_cast<std::int16_t>(difference(fifth, note));
         return rows;
     }
 
-    void change(int fifth, int by) noexcept
-    {
-        static constexpr std::array<Row, size> rows = allRows();
-        const Row &row = rows[placeOf(fifth)];
-        for (std::size_t i = 0; i < size; ++i)
-            _sums[i] = static_cast<std::int16_t>(_sums[i] + by * row[i]);
-        _counts[placeOf(fifth)] += by;
-    }
-
-    Row _sums = {};
-    std::array<int, size> _counts = {};
+    Row _counts = {};
 };
+
+int Neighbourhood::farther(int fifth) const noexcept
+{
+    static constexpr std::array<Row, size> rows = allRows();
+    const Row &row = rows[placeOf(fifth)];
+    int sum = 0;
+    for (std::size_t i = 0; i < rowSize; ++i)
+        sum += _counts[i] * row[i];
+    return sum;
+}
 
 class Speller {
 public:
@@ -218,13 +227,11 @@ void spell(PlayedNotes &notes, const std::vector<KeyChange> &keys)
     }
 }
 
-PitchClass spellingOfFifth(int fifth) noexcept
+std::uint8_t spellingNumberOfFifth(int fifth) noexcept
 {
-    // F C G D A E B by their steps above C.
-    constexpr std::array<int, 7> letters = {3, 0, 4, 1, 5, 2, 6};
-    const int place = std::clamp(fifth, lowestFifth, highestFifth) - lowestFifth;
-    return PitchClass(static_cast<NoteName::Value>(letters[static_cast<std::size_t>(place % 7)]),
-                      static_cast<NoteAccidental::Value>(place / 7));
+    static constexpr auto numbers = spellingNumbers();
+    return numbers[static_cast<std::size_t>(std::clamp(fifth, lowestFifth, highestFifth)
+                                            - lowestFifth)];
 }
 
 int fifthOf(const PitchClass &spelling) noexcept

@@ -5,6 +5,7 @@
 #include <ZarnCore/music/ZarnKeySignature.h>
 #include <ZarnCore/music/ZarnPitchClass.h>
 
+#include <cstdint>
 #include <vector>
 
 namespace zarn::io {
@@ -21,9 +22,11 @@ struct KeyChange {
 /// on the line of fifths and leads by a diatonic step to the next note of its voice.
 void spell(PlayedNotes &notes, const std::vector<KeyChange> &keys);
 
-/// Its place on the line of fifths, and back: 0 is C, 1 is G, -2 is B flat.
+/// Its place on the line of fifths: 0 is C, 1 is G, -2 is B flat.
 int fifthOf(const PitchClass &spelling) noexcept;
-PitchClass spellingOfFifth(int fifth) noexcept;
+
+/// The spelling of a place on the line of fifths, as `Note::setSpellingNumber` takes it.
+std::uint8_t spellingNumberOfFifth(int fifth) noexcept;
 
 /// Fifths from a sounding to the written spelling, for a transposition in semitones.
 int fifthsOfTransposition(int offset) noexcept;

@@ -115,8 +115,11 @@ std::shared_ptr<Voice> StaffBuilder::writeVoice(const MeterBar &bar, unsigned nu
                 i + 1 == values.size() || values[i + 1].stretch != values[i].stretch;
             const bool isHeldHere = !begins;
             addNotes(line, chord, *beat, isHeldHere, !isLast || chord.end > bar.end());
-            if (!isHeldHere && voice == 0)
-                _onsets.push_back({chord.start, number, beat.get(), line.notes[chord.notes]});
+            if (!isHeldHere && voice == 0) {
+                const PlayedNote &note = *line.notes[chord.notes];
+                _onsets.push_back(
+                    {chord.start, note.playedStart, beat.get(), number, note.velocity});
+            }
         }
         beats.push_back(std::move(beat));
     }

@@ -7,6 +7,7 @@
 #include <ZarnCore/model/ZarnStaff.h>
 
 #include <array>
+#include <cstdint>
 #include <functional>
 #include <memory>
 
@@ -21,9 +22,10 @@ public:
     /// A beat where notes begin.
     struct Onset {
         MidiTime time;
+        MidiTime playedTime; ///< of one of them, which also gives the velocity
+        Beat *beat;          ///< of the bars that were built
         unsigned bar;
-        Beat *beat;             ///< of the bars that were built
-        const PlayedNote *note; ///< one of those that begin
+        std::uint8_t velocity;
     };
 
     /// All three outlive the builder.

@@ -185,7 +185,7 @@ void writeTrack(const MidiPart &part, const MeterLine &bars, NodeBlocks &nodes, 
             return note;
         }
         auto note = nodes.make<Note>(played.key - offset);
-        note->setSpelling(spellingOfFifth(played.fifth + fifths));
+        note->setSpellingNumber(spellingNumberOfFifth(played.fifth + fifths));
         if (played.string >= 0) {
             const auto open = part.strings[static_cast<std::size_t>(played.string)];
             note->setString(played.string);

@@ -263,9 +263,13 @@ private:
         }
         const Chord &next = _chords[chord];
         for (std::size_t voice = from; voice < voiceCount; ++voice) {
-            if (cost + perVoiceNumber * static_cast<double>(voice) >= _best)
+            const double ofVoice = perVoiceNumber * static_cast<double>(voice);
+            if (cost + ofVoice >= _best)
                 return;
-            if (_lines[voice].isUsed && _lines[voice].end > next.start)
+            const Line &line = _lines[voice];
+            const bool isTooDear =
+                !line.isUsed && voice != 0 && cost + (ofVoice + perNewVoice) >= _best;
+            if (isTooDear || (line.isUsed && line.end > next.start))
                 continue;
             _order[chord - first] = voice;
             choose(first, last, chord + 1, voice + 1,
