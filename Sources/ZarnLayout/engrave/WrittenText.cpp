@@ -3,6 +3,8 @@
 
 #include <ZarnLayout/font/ZarnMusicFont.h>
 
+#include <QString>
+
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -105,11 +107,7 @@ std::vector<TextPiece> piecesOf(const std::string &text, const Fonts &fonts)
 
 std::string sungText(const std::string &syllable)
 {
-    constexpr const char *spaces = " \t\r\n";
-    const std::size_t first = syllable.find_first_not_of(spaces);
-    return first == std::string::npos
-        ? std::string()
-        : syllable.substr(first, syllable.find_last_not_of(spaces) + 1 - first);
+    return QString::fromStdString(syllable).trimmed().toStdString();
 }
 
 void reportMissingSigns(const std::string &text, const Fonts &fonts, const MarkPlace &place,

@@ -90,9 +90,14 @@ void addArticulationsOf(RowDraft &row, const SystemDraft &draft)
         const unsigned bits = accentsOf(chord);
         if (bits == 0 || chord.chord->isRest())
             continue;
-        const bool isUpper = hasOtherVoice(row, chord) ? chord.chord->isStemUp
-                                                       : !chord.chord->isStemUp
-                || !chord.chord->hasStem || row.row->notation == Notation::Tablature;
+        const bool isAlone = !hasOtherVoice(row, chord);
+        const bool isUpperChord = isAlone ? !chord.chord->isStemUp || !chord.chord->hasStem
+                || row.row->notation == Notation::Tablature
+                                          : chord.chord->isStemUp;
+        // The heaviest accents stand above whatever the stem does.
+        const bool isHeavy =
+            isAlone && (bits & static_cast<unsigned>(AccentFlag::HeavyAccent)) != 0;
+        const bool isUpper = isUpperChord || isHeavy;
         const Side side = isUpper ? Side::Above : Side::Below;
         int line = isUpper ? chord.chord->heads.back().line : chord.chord->heads.front().line;
         const bool isHeadSide = chord.chord->isStemUp != isUpper || !chord.chord->hasStem;

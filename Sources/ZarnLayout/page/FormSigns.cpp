@@ -81,8 +81,22 @@ void putAbove(RowDraft &row, Inks inks, const MarkPlace &where, double gap)
     place(row, {std::move(item)});
 }
 
+/// Whether a bracket begins at a bar that has endings.
+bool startsEnding(const EngravedScore &score, unsigned shown)
+{
+    return shown == 0 || score.lastColumn(shown - 1).endings != score.column(shown).endings
+        || score.lastColumn(shown - 1).repeatCount > 0;
+}
+
 void addEndings(SystemDraft &draft, RowDraft &row)
 {
+    // Where no number stands below it the line keeps near to the music.
+    const bool hasNumbers =
+        std::any_of(draft.bars.begin(), draft.bars.end(), [&](const BarPlace &bar) {
+            return draft.score.column(bar.shownBar).endings != 0
+                && startsEnding(draft.score, bar.shownBar);
+        });
+    const double height = hasNumbers ? 2.2 : 1.0;
     SideItems items;
     for (std::size_t i = 0; i < draft.bars.size();) {
         const BarPlace &first = draft.bars[i];
@@ -96,17 +110,15 @@ void addEndings(SystemDraft &draft, RowDraft &row)
             ++end;
         if (passes != 0) {
             const unsigned shown = first.shownBar;
-            const bool isStart = shown == 0 || draft.score.lastColumn(shown - 1).endings != passes
-                || draft.score.lastColumn(shown - 1).repeatCount > 0;
+            const bool isStart = startsEnding(draft.score, shown);
             const BarPlace &last = draft.bars[end - 1];
             const unsigned next = last.shownBar + 1;
             const bool isEnd = closes(end - 1) || next >= draft.score.shown.size()
                 || draft.score.column(next).endings != passes;
             const double left = first.left + 0.2;
             const double right = last.right - 0.1;
-            constexpr double height = 2.4;
             SideItem item;
-            item.gap = 0.6;
+            item.gap = 0.4;
             item.line = 9;
             std::vector<Point> line;
             if (isStart)

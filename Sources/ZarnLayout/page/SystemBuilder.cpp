@@ -23,6 +23,7 @@ constexpr double gapInStaff = 3.5;    ///< between notation and tablature of a s
 constexpr double gapInTrack = 4.8;    ///< between staves of a track
 constexpr double gapInScore = 5.0;    ///< between tracks
 constexpr double inkGap = 0.6;        ///< between ink of neighbouring rows
+constexpr double inkGapInStaff = 1.2; ///< where nothing but distance parts notes and numbers
 constexpr double mostSqueezed = 0.75; ///< of the least width of several bars
 constexpr double loosest = 1.35;      ///< factor of a last line that is still drawn out
 
@@ -381,7 +382,9 @@ void SystemBuilder::separateRows(SystemDraft &draft) const
             : upper.row->staff != lower.row->staff              ? gapInTrack
                                                                 : gapInStaff;
         lower.y = upper.y
-            + std::max(upper.row->height() + gap, upper.below.distance(lower.above) + inkGap);
+            + std::max(upper.row->height() + gap,
+                       upper.below.distance(lower.above)
+                           + (gap == gapInStaff ? inkGapInStaff : inkGap));
     }
 }
 
