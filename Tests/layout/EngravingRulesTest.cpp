@@ -323,7 +323,7 @@ TEST(EngravingRulesTest, signsAmongWordsAreOfTheMusicFont)
     Beat &beat = piece.add({72}, NoteValue::Whole);
     beat.setText("D.S. <font face=\"Text\">\uE047</font> al <sym>coda</sym><b>!</b> 2 < 3 \uF8F0");
     Syllable syllable;
-    syllable.text = "ne\uE551en";
+    syllable.text = "ne\uE551en\u00A0 ";
     beat.setLyrics({syllable});
     const LaidOut laid(*piece.model);
     std::vector<std::string> words;
@@ -341,6 +341,7 @@ TEST(EngravingRulesTest, signsAmongWordsAreOfTheMusicFont)
     const auto sung = laid.of(MarkKind::Lyric);
     ASSERT_EQ(sung.size(), 3U);
     EXPECT_EQ(sung[1].glyph, "lyricsElision");
+    EXPECT_EQ(sung[2].text, "en");
     const auto head = laid.of(MarkKind::NoteHead).front();
     EXPECT_NEAR(sung.front().left + sung.back().right, head.left + head.right, 0.3);
 }
@@ -360,6 +361,36 @@ TEST(EngravingRulesTest, dynamicsStandAboveWhatIsSung)
         const auto dynamic = LaidOut(*piece.model).of(MarkKind::Dynamic).front();
         EXPECT_EQ(dynamic.bottom < 0, isSung);
         EXPECT_EQ(dynamic.top > 4, !isSung);
+    }
+}
+
+/// Halves and wholes hang on a line: outside the staff on one of their own.
+TEST(EngravingRulesTest, restsOutsideTheStaffBringTheirLine)
+{
+    Piece piece;
+    piece.add({60}, NoteValue::Half);
+    piece.add({72}, NoteValue::Half);
+    piece.add({}, NoteValue::Half, 0, 1);
+    piece.add({65}, NoteValue::Half, 0, 1);
+    const auto rests = LaidOut(*piece.model).of(MarkKind::Rest);
+    ASSERT_EQ(rests.size(), 1U);
+    EXPECT_EQ(rests[0].glyph, "restHalfLegerLine");
+    EXPECT_GT(rests[0].y, 4.1);
+}
+
+TEST(EngravingRulesTest, theHeaviestAccentsStandAboveTheirNotes)
+{
+    for (const int key : {62, 79}) {
+        Piece piece;
+        Beat &beat = piece.add({key}, NoteValue::Quarter);
+        NoteMarks marks = beat.notes()[0]->marks();
+        marks.setAccents(AccentFlag::HeavyAccent);
+        beat.notes()[0]->setMarks(marks);
+        const LaidOut laid(*piece.model);
+        const auto accents = laid.of(MarkKind::Articulation);
+        ASSERT_EQ(accents.size(), 1U);
+        EXPECT_LT(accents[0].bottom, laid.of(MarkKind::NoteHead)[0].top);
+        EXPECT_LT(accents[0].bottom, 0.0);
     }
 }
 
