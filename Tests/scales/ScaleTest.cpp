@@ -84,11 +84,12 @@ TEST(Scale, namesAreUniqueAndReadBack)
         {"G mode #2 messiaen's", "G half-whole diminished"},
         {"C bebop minor", "C bebop minor"},
         {"C minor bebop", "C minor bebop"},
+        {"H major", "B major"}, // as it is called in German
     };
     for (const auto &[text, name] : typed)
         EXPECT_EQ(Scale::fromText(text).value_or(*Scale::fromText("C")).toText(), name) << text;
     for (const char *text :
-         {"", " ", "dorian", "Am dorian", "C/E major", "H major", "C7 major", "C foo", "Cmaj7"})
+         {"", " ", "dorian", "Am dorian", "C/E major", "C7 major", "C foo", "Cmaj7"})
         EXPECT_FALSE(Scale::fromText(text)) << text;
 }
 
