@@ -201,6 +201,23 @@ TEST(FingeringSolverTest, staysPlayableOnEveryTuning)
     }
 }
 
+/// What is done in no time is done on one string.
+TEST(FingeringSolverTest, aMordentStaysOnItsString)
+{
+    for (const int pitch : {62, 66, 67, 71, 73}) {
+        Passage passage = passageOn(guitar);
+        double onset = 0;
+        for (const int step : {0, 2, 0}) {
+            passage.addEvent(onset);
+            onset += step == 0 && onset > 0 ? 1 : 0.0625;
+            passage.addNote({pitch + step, onset});
+        }
+        const FingeringSolution fingering = FingeringSolver(passage).solve();
+        for (std::size_t i = 1; i < 3; ++i)
+            EXPECT_EQ(fingering.notes[i].string, fingering.notes[0].string) << pitch;
+    }
+}
+
 /// A chord is only as wide as it has to be.
 TEST(FingeringSolverTest, isTooWideOnlyWhereNoHandReaches)
 {
@@ -387,18 +404,21 @@ TEST(FingeringSolverTest, goesThroughLongPassages)
         EXPECT_EQ(fingering.notes[i].fret, 0);
 }
 
-/// On pairs of equal strings there are two ways to the very end, of which neither is easier: one is
-/// taken before too much waits.
+/// With the first finger on one of two equal strings there are two ways to the very end, of which
+/// neither is easier: one is taken before too much waits, and then kept.
 TEST(FingeringSolverTest, decidesBetweenEqualWays)
 {
     Passage passage = passageOn({55, 55, 62, 62});
-    for (int i = 0; i < 2500; ++i)
-        addEvent(passage, {i % 2 == 0 ? 65 : 66});
+    for (int i = 0; i < 2500; ++i) {
+        addEvent(passage, {63});
+        passage.notes.back().finger = 1;
+    }
     const FingeringSolution fingering = FingeringSolver(passage).solve();
     expectSound(passage, fingering);
     EXPECT_TRUE(fingering.problems.empty());
-    for (std::size_t i = 0; i < 2500; ++i)
-        EXPECT_GE(fingering.notes[i].string, 2);
+    EXPECT_GE(fingering.notes[0].string, 2);
+    for (std::size_t i = 1; i < 2500; ++i)
+        ASSERT_EQ(fingering.notes[i].string, fingering.notes[0].string) << i;
     EXPECT_EQ(fingering.notes, FingeringSolver(passage).solve().notes);
 }
 

@@ -46,7 +46,7 @@ private:
     void addNotes(const Departure &from, const Grip &to, Add &add) const;
 
     template <class Add>
-    void addSteps(const Departure &from, const Grip &to, std::size_t at, Add &add) const;
+    void addIntervals(const Departure &from, const Grip &to, std::size_t at, Add &add) const;
 
     static bool hasGuide(const Grip &from, const Grip &to);
     bool leavesString(const Grip &from, const Grip &to, std::size_t at) const;
@@ -161,26 +161,24 @@ void GripChange::addNotes(const Departure &from, const Grip &to, Add &add) const
         const auto at = static_cast<std::size_t>(__builtin_ctz(bits));
         if (_hasLeading && leavesString(*from.grip, to, at))
             add(&W::leftString, 1);
-        for (unsigned others = from.grip->sounding & ~(1U << at); others != 0; others &= others - 1)
-            if (pitchOf(*from.grip, static_cast<std::size_t>(__builtin_ctz(others)))
-                == pitchOf(to, at))
-                add(&W::movedPitch, 1);
-        addSteps(from, to, at, add);
+        addIntervals(from, to, at, add);
     }
 }
 
-/// Steps to a note from those in front of it on other strings.
+/// A pitch that is struck again on another string, and steps to one.
 template <class Add>
-void GripChange::addSteps(const Departure &from, const Grip &to, std::size_t at, Add &add) const
+void GripChange::addIntervals(const Departure &from, const Grip &to, std::size_t at, Add &add) const
 {
     using W = FingeringWeights;
     constexpr int step = 2;
-    for (unsigned bits = from.grip->fresh() & ~(1U << at); bits != 0; bits &= bits - 1) {
+    const int pitch = pitchOf(to, at);
+    for (unsigned bits = from.grip->sounding & ~(1U << at); bits != 0; bits &= bits - 1) {
         const auto other = static_cast<std::size_t>(__builtin_ctz(bits));
-        const int interval = std::abs(pitchOf(*from.grip, other) - pitchOf(to, at));
-        if (interval == 0 || interval > step)
-            continue;
-        add(&W::crossedStep, from.hurry * from.hurry);
+        const int interval = std::abs(pitchOf(*from.grip, other) - pitch);
+        if (interval == 0)
+            add(&W::movedPitch, 1);
+        else if (interval <= step && (from.grip->held >> other & 1) == 0)
+            add(&W::crossedStep, from.hurry * from.hurry);
     }
 }
 
