@@ -56,4 +56,23 @@ TEST(ChordSuggester, passagesKeepTheirChordUntilTheMusicLeavesIt)
         text += chord.toText() + " ";
     EXPECT_EQ(text, "C C N.C. F G ");
     EXPECT_TRUE(suggester.passage({}).empty());
+    // A pickup belongs to what it leads to, and alternating basses make no new chords.
+    const auto song =
+        suggester.passage({heard({7}, false), heard({0, 4, 7}), heard({7, 0, 4}), heard({0, 4, 7}),
+                           heard({7, 0, 4, 0, 4}), heard({7, 11, 2, 5})});
+    text.clear();
+    for (const auto &chord : song)
+        text += chord.toText() + " ";
+    EXPECT_EQ(text, "C C C C C G7 ");
+}
+
+TEST(ChordSuggester, suspensionsAndNinthsHaveToBeHeard)
+{
+    WeightedTones ninth = heard({0, 4, 7});
+    ninth.add(Tone(2), 0.6);
+    EXPECT_EQ(first(ninth), "C");
+    EXPECT_EQ(first(heard({0, 5, 7, 0, 5, 7})), "Csus4");
+    EXPECT_EQ(first(heard({7, 0, 2, 5, 5})), "G7sus4");
+    EXPECT_EQ(first(heard({2, 6, 9, 0, 4}), KeySignature(1)), "D9");
+    EXPECT_EQ(first(heard({0, 7})), "C5");
 }

@@ -35,6 +35,11 @@ TEST(ChordNaming, findsTheChordsUnderAMelodyAndOfBrokenChords)
     EXPECT_EQ(
         named("guitar 3/4: a2e c3e e3e a3e e3e c3e | d3e f3e a3e d4e a3e f3e", NamingStep::HalfBar),
         "1+0 Am, 2+0 Dm");
+    // However loud a melody is doubled, the accompaniment tells; its bass may alternate.
+    EXPECT_EQ(named("violin 3/4: d5h. | c5h e5q | b4h.; flute: d6h. | c6h e6q | b5h.; "
+                    "piano: c2q [e4 g4]q [e4 g4]q | g2q [e4 g4]q [e4 g4]q | d2q [f4 g4]q [f4 g4]q",
+                    NamingStep::Bar),
+              "1+0 C, 3+0 G7/D");
     EXPECT_EQ(named("piano 6/8: [c3 e3 g3]q. [f2 a2 c3]q.", NamingStep::Beat), "1+0 C, 1+3/2 F");
 }
 

@@ -23,6 +23,17 @@ constexpr int missingOther = 12;
 constexpr int furtherTone = 10;
 constexpr int tonelessBass = 110;
 constexpr int invertedBass = 30;
+/// An inversion with its sixth or seventh in the bass, or one of a suspended chord.
+constexpr int unusualBass = 60;
+/// For leaving out that the fifth is in the bass: basses alternate under one chord.
+constexpr int alternatingBass = 45;
+constexpr int thirdInSuspended = 40;
+/// For a suspended chord at all: the tone is mostly one of the melody.
+constexpr int suspension = 25;
+/// For a power chord without its fifth, which is a mere tone.
+constexpr int missingFifthAlone = 60;
+/// For a ninth chord that is none for want of its seventh.
+constexpr int missingSeventhBelow = 60;
 constexpr int chromaticTone = 6;
 constexpr int changeOfChord = 30;
 
@@ -30,7 +41,7 @@ constexpr int changeOfChord = 30;
 constexpr double heardShare = 0.04;
 
 /// How many chords of each stretch a passage chooses from.
-constexpr std::size_t choices = 12;
+constexpr std::size_t choices = 16;
 
 const std::vector<const ChordKind *> &kinds()
 {
@@ -47,10 +58,14 @@ const std::vector<const ChordKind *> &kinds()
 class Fit {
 public:
     Fit(const WeightedTones &tones, const KeySpelling &spelling)
-        : _tones(tones), _spelling(spelling), _total(tones.total())
+        : _tones(tones), _spelling(spelling), _total(tones.total()),
+          _isSingleTone(std::count_if(tones.weights.begin(), tones.weights.end(),
+                                      [](double weight) { return weight > 0; })
+                        == 1)
     {
     }
 
+    /// Without what the bass costs.
     int cost(Tone root, const ChordKind &kind) const
     {
         const ToneSet own = kind.tones().transposed(root.value());
@@ -64,17 +79,37 @@ public:
         }
         int missing = 0;
         for (const Degree &degree : kind.degrees())
-            if (share(root + degree.semitones()) < heardShare)
-                missing += costWithout(degree.number);
+            if (!_isSingleTone && share(root + degree.semitones()) < heardShare)
+                missing += costWithout(degree, kind);
+        const bool isSuspended = kind.degrees().find(3) == nullptr && kind.degrees().size() > 2;
+        const bool hasThird = std::max(share(root + 3), share(root + 4)) >= heardShare;
         const int further = static_cast<int>(kind.degrees().size()) - 3;
         return static_cast<int>(outside * wholeWeightOutside) + missing + kind.cost() / 3
-            + std::max(further, 0) * furtherTone + chromatic * chromaticTone + bassCost(root, own);
+            + std::max(further, 0) * furtherTone + chromatic * chromaticTone
+            + (isSuspended ? suspension : 0) + (isSuspended && hasThird ? thirdInSuspended : 0);
+    }
+
+    int bassCost(Tone root, const ChordKind &kind) const noexcept
+    {
+        if (!_tones.bass || *_tones.bass == root)
+            return 0;
+        const bool isSuspended = kind.degrees().find(3) == nullptr;
+        for (const Degree &degree : kind.degrees())
+            if (root + degree.semitones() == *_tones.bass)
+                return isSuspended || degree.number > 5 ? unusualBass : invertedBass;
+        return tonelessBass;
+    }
+
+    bool isFifthInBass(Tone root, const ChordKind &kind) const noexcept
+    {
+        return _tones.bass && *_tones.bass == root + Degree{5, 0}.semitones()
+            && kind.degrees().contains({5, 0});
     }
 
 private:
-    static int costWithout(int degree) noexcept
+    static int costWithout(Degree degree, const ChordKind &kind) noexcept
     {
-        switch (degree) {
+        switch (degree.number) {
         case 1:
             return missingRoot;
         case 2:
@@ -83,17 +118,10 @@ private:
             return missingThird;
         case 6:
         case 7:
-            return missingSeventh;
+            return missingSeventh + (kind.degrees().size() > 4 ? missingSeventhBelow : 0);
         default:
-            return missingOther;
+            return kind.degrees().size() == 2 ? missingFifthAlone : missingOther;
         }
-    }
-
-    int bassCost(Tone root, ToneSet own) const noexcept
-    {
-        if (!_tones.bass || *_tones.bass == root)
-            return 0;
-        return own.contains(*_tones.bass) ? invertedBass : tonelessBass;
     }
 
     double share(Tone tone) const noexcept
@@ -104,6 +132,8 @@ private:
     const WeightedTones &_tones;
     const KeySpelling &_spelling;
     double _total;
+    /// One that may belong to the chord before or behind; it makes none.
+    bool _isSingleTone;
 };
 
 /// A way to the end of some stretches.
@@ -131,9 +161,12 @@ std::vector<SuggestedChord> ChordSuggester::suggestions(const WeightedTones &ton
     for (const ChordKind *const kind : kinds())
         for (int root = 0; root < 12; ++root) {
             Chord chord(_spelling.root(Tone(root), *kind), *kind);
+            const int cost = fit.cost(Tone(root), *kind);
+            if (fit.isFifthInBass(Tone(root), *kind))
+                result.push_back({chord, cost + alternatingBass});
             if (tones.bass && *tones.bass != Tone(root))
                 chord.setBass(_spelling.bass(*tones.bass, chord.root(), *kind));
-            result.push_back({chord, fit.cost(Tone(root), *kind)});
+            result.push_back({chord, cost + fit.bassCost(Tone(root), *kind)});
         }
     std::stable_sort(result.begin(), result.end(),
                      [](const SuggestedChord &left, const SuggestedChord &right) {

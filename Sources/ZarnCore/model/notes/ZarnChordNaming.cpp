@@ -7,6 +7,9 @@
 #include <ZarnCore/model/notes/ZarnWrittenPitch.h>
 
 #include <algorithm>
+#include <array>
+#include <utility>
+#include <vector>
 
 namespace zarn {
 
@@ -17,6 +20,9 @@ using utils::rational;
 
 /// Tones that begin on the beat are meant more than those between.
 constexpr double onsetEmphasis = 1.5;
+/// The harmony stands on its bass, and a melody moves over it with tones of its own.
+constexpr double bassEmphasis = 1.25;
+constexpr double melodyShare = 0.5;
 
 rational stepLength(const MasterBar &bar, NamingStep step)
 {
@@ -33,31 +39,87 @@ rational stepLength(const MasterBar &bar, NamingStep step)
 
 constexpr int noPitch = 1000;
 
+struct HeardNote {
+    int midi;
+    rational from;
+    rational to;
+};
+
 /// A stretch of a bar and what is heard in it.
-struct Stretch {
-    rational begin;
-    rational end;
-    WeightedTones tones;
-    int lowest = noPitch;
-    int lowestAtBegin = noPitch;
+class Stretch {
+public:
+    Stretch(rational begin, rational end) : _begin(std::move(begin)), _end(std::move(end)) { }
+
+    const rational &begin() const noexcept { return _begin; }
+    const rational &end() const noexcept { return _end; }
 
     void hear(int midi, const rational &from, const rational &to)
     {
-        const rational overlap = std::min(to, end) - std::max(from, begin);
-        if (overlap.sign() <= 0)
+        if (from < _end && to > _begin)
+            _notes.push_back({midi, from, to});
+    }
+
+    /// Each tone by how long it is heard: in how many octaves it is doubled does not count.
+    WeightedTones tones() const
+    {
+        std::vector<rational> times = {_begin, _end};
+        for (const HeardNote &note : _notes)
+            for (const rational &time : {note.from, note.to})
+                if (time > _begin && time < _end)
+                    times.push_back(time);
+        std::sort(times.begin(), times.end());
+        WeightedTones result;
+        const Tone lowest = bass();
+        for (std::size_t i = 1; i < times.size(); ++i)
+            if (times[i - 1] < times[i])
+                weigh(times[i - 1], times[i], lowest, result);
+        // A melody alone has no bass.
+        const auto &weights = result.weights;
+        if (std::count_if(weights.begin(), weights.end(), [](double each) { return each > 0; }) > 2)
+            result.bass = lowest;
+        return result;
+    }
+
+private:
+    /// Adds what sounds from one time to another, between which nothing begins or ends.
+    void weigh(const rational &from, const rational &to, Tone lowest, WeightedTones &result) const
+    {
+        std::array<double, 12> emphases = {};
+        int highest = -1;
+        for (const HeardNote &note : _notes) {
+            if (note.from > from || note.to < to)
+                continue;
+            highest = std::max(highest, note.midi);
+            double &emphasis = emphases[static_cast<std::size_t>(Tone(note.midi).value())];
+            emphasis = std::max(emphasis, note.from == _begin ? onsetEmphasis : 1);
+        }
+        if (highest < 0)
             return;
-        tones.add(Tone(midi), overlap.toDouble() * (from == begin ? onsetEmphasis : 1));
-        lowest = std::min(lowest, midi);
-        if (from <= begin)
-            lowestAtBegin = std::min(lowestAtBegin, midi);
+        emphases[static_cast<std::size_t>(lowest.value())] *= bassEmphasis;
+        if (const Tone melody(highest); melody != lowest)
+            emphases[static_cast<std::size_t>(melody.value())] = melodyShare;
+        const double length = (to - from).toDouble();
+        for (int tone = 0; tone < 12; ++tone)
+            result.add(Tone(tone), length * emphases[static_cast<std::size_t>(tone)]);
     }
 
     /// The lowest tone that the stretch begins with, unless what follows is far below: a bass line
     /// moves on, but its first tone counts.
     Tone bass() const noexcept
     {
+        int lowest = noPitch;
+        int lowestAtBegin = noPitch;
+        for (const HeardNote &note : _notes) {
+            lowest = std::min(lowest, note.midi);
+            if (note.from <= _begin)
+                lowestAtBegin = std::min(lowestAtBegin, note.midi);
+        }
         return Tone(lowestAtBegin > lowest + 12 ? lowest : lowestAtBegin);
     }
+
+    rational _begin;
+    rational _end;
+    std::vector<HeardNote> _notes;
 };
 
 void hearVoice(const Voice &voice, int transposition, std::vector<Stretch> &stretches)
@@ -72,9 +134,9 @@ void hearVoice(const Voice &voice, int transposition, std::vector<Stretch> &stre
             if (written == Note::Unset)
                 continue;
             // Stretches are of one length: those that the beat touches are known.
-            const rational &length = stretches.front().end;
+            const rational &length = stretches.front().end();
             auto at = static_cast<std::size_t>(std::max<std::int64_t>((from / length).floor(), 0));
-            for (; at < stretches.size() && stretches[at].begin < to; ++at)
+            for (; at < stretches.size() && stretches[at].begin() < to; ++at)
                 stretches[at].hear(written + transposition, from, to);
         }
     }
@@ -101,17 +163,9 @@ std::vector<Stretch> stretchesOf(const ScoreModel &model, unsigned bar, NamingSt
     const rational end = master->length();
     std::vector<Stretch> stretches;
     for (rational begin; begin < end; begin += length)
-        stretches.push_back({begin, begin + length, {}});
+        stretches.emplace_back(begin, begin + length);
     for (const auto &track : model.tracks())
         hearTrack(*track, bar, stretches);
-    for (Stretch &stretch : stretches) {
-        // A melody alone has no bass.
-        const auto &weights = stretch.tones.weights;
-        const auto tones =
-            std::count_if(weights.begin(), weights.end(), [](double weight) { return weight > 0; });
-        if (tones > 2)
-            stretch.tones.bass = stretch.bass();
-    }
     return stretches;
 }
 
@@ -131,8 +185,8 @@ std::vector<NamedPlace> nameChords(const ScoreModel &model, unsigned first, unsi
         unsigned bar = begin;
         for (; bar <= last && bars[bar]->concertKeySignature() == key; ++bar)
             for (const Stretch &stretch : stretchesOf(model, bar, step)) {
-                passage.push_back({bar, stretch.begin, {}});
-                tones.push_back(stretch.tones);
+                passage.push_back({bar, stretch.begin(), {}});
+                tones.push_back(stretch.tones());
             }
         const auto chords = chord::ChordSuggester(key).passage(tones);
         for (std::size_t i = 0; i < passage.size(); ++i) {
