@@ -87,10 +87,12 @@ int nameNotes(const Arguments &arguments)
             throw UsageError{QStringLiteral("--reasons explains one set of notes, not \"-\"")};
         return explainNames(arguments, recognizer);
     }
+    const bool isNothing = arguments.value(QStringLiteral("notes")).trimmed().isEmpty();
     return printNames(
         arguments,
         [&](const std::vector<int> &pitches) { return textsOf(recognizer.names(pitches)); },
-        QStringLiteral("no chord symbol names these notes"));
+        isNothing ? QStringLiteral("there are no notes to name a chord of")
+                  : QStringLiteral("no chord symbol names these notes"));
 }
 
 /// With signs for accidentals, double ones too.

@@ -35,9 +35,9 @@ struct SuggestedChord {
 ///
 /// Tones outside of a chord cost what they weigh, missing thirds and roots cost most of what is
 /// missing, rare kinds and basses other than the root cost a little, and so does a change of
-/// chord. Sus chords and extensions are suggested where they last. A tone by itself makes no chord: it
-/// belongs to the one before or behind. A fifth in the bass may be one of basses that alternate under
-/// a chord, and is not named then.
+/// chord. Sus chords and extensions are suggested where they last. A tone by itself makes no chord:
+/// it belongs to the one before or behind. A fifth in the bass may be one of basses that alternate
+/// under a chord, and is not named then.
 class ZARNCORE_EXPORT ChordSuggester {
 public:
     explicit ChordSuggester(const KeySignature &key = KeySignature());
