@@ -55,6 +55,10 @@ TEST(TextExporter, writesTablatureAsPlayersPostIt)
     const std::string shown = TextExporter(TextExporter::TabRhythm::Shown).toText(model);
     EXPECT_NE(shown.find("h half"), std::string::npos) << shown;
     EXPECT_NE(shown.find("3/4 q   q   q"), std::string::npos) << shown;
+
+    model.setScoreProperty(ScoreProperty::Tabber, "Anna\nChecked by Eva");
+    const std::string named = TextExporter().toText(model);
+    EXPECT_NE(named.find("\nTabbed by Anna\nChecked by Eva\n"), std::string::npos) << named;
 }
 
 TEST(TextExporter, tellsGraceNotesWhereTheRhythmIsHidden)

@@ -81,12 +81,20 @@ private:
     Legend _legend;
 };
 
+/// What says itself who did what, such as "Transcribed by Anna".
+bool namesItsDeed(const QString &line)
+{
+    return line.section(QLatin1Char(' '), 1, 1) == QLatin1String("by");
+}
+
 void PageWriter::writeTitle()
 {
     for (const NamedProperty &named : properties)
         for (const QString &line : QString::fromStdString(_model.property(named.property))
                                        .split(QLatin1Char('\n'), Qt::SkipEmptyParts))
-            addLine(QString::fromLatin1(named.words).arg(line.simplified()));
+            addLine(namesItsDeed(line.simplified())
+                        ? line.simplified()
+                        : QString::fromLatin1(named.words).arg(line.simplified()));
 }
 
 void PageWriter::writeStrings(const Staff &staff)
