@@ -39,8 +39,10 @@ std::vector<NoteOrder::Place> NoteOrder::sorted()
     const std::size_t parts =
         std::clamp<std::size_t>(_places.size() / std::max<std::size_t>(bars, 1), 1, mostParts);
     const auto partOf = [&](const Place &place, std::size_t bar) {
-        const double length = _barStarts[bar + 1] - _barStarts[bar];
-        const double share = std::max(place.time - _barStarts[bar], 0.0) / length;
+        const double past = place.time - _barStarts[bar];
+        if (past <= 0)
+            return bar * parts;
+        const double share = past / (_barStarts[bar + 1] - _barStarts[bar]);
         const auto part = static_cast<std::size_t>(share * static_cast<double>(parts));
         return bar * parts + std::min(part, parts - 1);
     };
