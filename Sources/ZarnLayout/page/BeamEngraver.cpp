@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
+#include <vector>
 
 namespace zarn::engraving {
 
@@ -19,9 +21,13 @@ struct BeamLine {
     double at(double place) const noexcept { return y + slope * (place - x); }
 };
 
+/// The chords of each bar that has several voices.
+using Rivals = std::map<unsigned, std::vector<const PlacedChord *>>;
+
 class BeamGroup {
 public:
-    BeamGroup(RowDraft &row, std::size_t first, std::size_t end, const Pen &pen)
+    BeamGroup(RowDraft &row, std::size_t first, std::size_t end, const Rivals &rivals,
+              const Pen &pen)
         : _row(row), _pen(pen)
     {
         for (std::size_t i = first; i < end; ++i)
@@ -29,6 +35,8 @@ public:
                 _rests.push_back(&row.chords[i]);
             else if (row.chords[i].chord->hasStem)
                 _members.push_back(&row.chords[i]);
+        if (_members.size() > 1 && _members.front()->chord->hasRival)
+            findObstacles(rivals.at(_members.front()->shownBar));
     }
 
     void draw()
@@ -44,6 +52,35 @@ public:
     }
 
 private:
+    /// Heads of other voices between the first stem and the last.
+    void findObstacles(const std::vector<const PlacedChord *> &chords)
+    {
+        const double left = _members.front()->stemX();
+        const double right = _members.back()->stemX();
+        for (const PlacedChord *other : chords)
+            if (other->chord->voice != _members.front()->chord->voice && !other->chord->isRest())
+                for (const Head &head : other->chord->heads) {
+                    const double x = other->x + head.x;
+                    if (x < right && x + head.width > left)
+                        _obstacles.push_back({x, head.y - 0.6, x + head.width, head.y + 0.6});
+                }
+    }
+
+    /// How deep the beams lie in heads of other voices, all in all.
+    double coveredBy(const BeamLine &line) const
+    {
+        const double depth = step() * std::max(1, mostBeams());
+        double covered = 0;
+        for (const Box &box : _obstacles) {
+            const double outer = line.at((box.left + box.right) / 2);
+            const double inner = outer + inward() * depth;
+            covered += std::max(0.0,
+                                std::min(box.bottom, std::max(outer, inner))
+                                    - std::max(box.top, std::min(outer, inner)));
+        }
+        return covered;
+    }
+
     double step() const { return 0.75 * _scale; } // thickness of a beam and the gap behind it
     double inward() const { return _isUp ? 1 : -1; }
 
@@ -114,8 +151,11 @@ private:
         double least = 1e9;
         const double grid = 0.25;
         const double base = std::floor(innermost / grid) * grid;
-        for (int left = -3; left <= 3; ++left)
-            for (int right = -3; right <= 3; ++right) {
+        // Heads in the way may be farther off, and a beam goes around them by what it takes.
+        const int reach = _obstacles.empty() || coveredBy(best) == 0 ? 3 : 14;
+        for (int left = -reach; left <= reach; ++left)
+            for (int right = std::max(-reach, left - 6); right <= std::min(reach, left + 6);
+                 ++right) {
                 const double start = base + left * grid;
                 const double end = std::floor((innermost + wish) / grid) * grid + right * grid;
                 const BeamLine line = {first.stemX(), start, (end - start) / width};
@@ -155,6 +195,7 @@ private:
             if (room < 0.1)
                 cost += 60 * (0.1 - room);
         }
+        cost += 8 * coveredBy(line);
         cost += 6 * std::abs(rise - wish);
         if (rise * wish < 0 || (wish == 0 && rise != 0))
             cost += 20;
@@ -266,6 +307,7 @@ private:
     const Pen &_pen;
     std::vector<PlacedChord *> _members;
     std::vector<const PlacedChord *> _rests; ///< that the beams lead over
+    std::vector<Box> _obstacles;
     BeamLine _line;
     bool _isUp = true;
     double _scale = 1;
@@ -276,6 +318,10 @@ private:
 void addBeams(RowDraft &row, const Pen &pen)
 {
     auto &chords = row.chords;
+    Rivals rivals;
+    for (const PlacedChord &chord : chords)
+        if (chord.chord->hasRival)
+            rivals[chord.shownBar].push_back(&chord);
     for (std::size_t first = 0; first < chords.size();) {
         std::size_t end = first + 1;
         if (chords[first].chord->isBeamed) {
@@ -284,7 +330,7 @@ void addBeams(RowDraft &row, const Pen &pen)
                    && chords[end].shownBar == chords[first].shownBar
                    && chords[end].beat().isGrace() == chords[first].beat().isGrace())
                 ++end;
-            BeamGroup(row, first, end, pen).draw();
+            BeamGroup(row, first, end, rivals, pen).draw();
         }
         first = end;
     }
