@@ -189,6 +189,13 @@ void addSpaces(EngravedBar &bar, const BarSource &source, const Row &row, const 
         addLinkSpaces(chord, bar, source, row, boxes);
         if (row.isFirstOfStaff && chord.beat->details)
             addWordSpaces(chord, fonts, boxes);
+        // The strokes of a tremolo reach over both sides of the stem.
+        constexpr double halfStroke = 0.65;
+        if (chord.hasStem && chord.beat->marks.tremolo() > 0)
+            boxes.push_back(
+                {{chord.x + chord.stemX - halfStroke, std::min(chord.stemTip, chord.stemRoot),
+                  chord.x + chord.stemX + halfStroke, std::max(chord.stemTip, chord.stemRoot)},
+                 SpaceBox::Kind::Stem});
         if (chord.isBeamed && chord.hasStem)
             boxes.push_back(
                 {{chord.x + chord.stemX - 0.06, std::min(chord.stemTip, chord.stemRoot),

@@ -178,7 +178,7 @@ MetronomeMark markOf(const TempoMark &tempo)
 /// A line of words and metronome marks.
 class TempoLine {
 public:
-    TempoLine(const Pen &pen, double x) : _pen(pen), _x(x) { }
+    TempoLine(const Pen &pen, double x, double scale) : _pen(pen), _x(x), _scale(scale) { }
 
     void add(const std::string &words) { text(TextRole::Tempo, words, 0.8); }
 
@@ -189,7 +189,7 @@ public:
         add(mark.note);
         const double rounded = std::round(mark.perMinute * 10) / 10;
         const int decimals = rounded == std::floor(rounded) ? 0 : 1;
-        _x += 0.2;
+        _x += 0.2 * _scale;
         if (mark.equal) {
             text(TextRole::PageText, "=", 0.4);
             add(*mark.equal);
@@ -199,7 +199,7 @@ public:
         }
         if (mark.isInParentheses)
             text(TextRole::PageText, ")", 0);
-        _x += 0.7;
+        _x += 0.7 * _scale;
     }
 
     Inks take() { return std::move(_inks); }
@@ -214,25 +214,26 @@ private:
 
     void glyph(Sign sign)
     {
-        _inks.push_back(_pen.glyph(MarkKind::Tempo, sign, _x, -0.1, 0.75));
-        _x = _inks.back().box.right + 0.2;
+        _inks.push_back(_pen.glyph(MarkKind::Tempo, sign, _x, -0.1, 0.75 * _scale));
+        _x = _inks.back().box.right + 0.2 * _scale;
     }
 
     void text(TextRole role, const std::string &words, double gap)
     {
-        for (Ink &ink : _pen.words(MarkKind::Tempo, role, words, _x, 0))
+        for (Ink &ink : _pen.words(MarkKind::Tempo, role, words, _x, 0, Pen::Align::Begin, _scale))
             _inks.push_back(std::move(ink));
-        _x = _inks.empty() ? _x : std::max(_x, _inks.back().box.right) + gap;
+        _x = _inks.empty() ? _x : std::max(_x, _inks.back().box.right) + gap * _scale;
     }
 
     const Pen &_pen;
     double _x;
+    double _scale;
     Inks _inks;
 };
 
-Inks tempoInks(const Pen &pen, const TempoMark &tempo, double x)
+Inks tempoInks(const Pen &pen, const TempoMark &tempo, double x, double scale)
 {
-    TempoLine line(pen, x);
+    TempoLine line(pen, x, scale);
     bool hasMark = false;
     for (const TempoPiece &piece : tempoPieces(tempo.text))
         if (const auto *const mark = std::get_if<MetronomeMark>(&piece)) {
@@ -311,9 +312,14 @@ void addTempos(SystemDraft &draft, RowDraft &row)
             const double x = tempo.position > 0
                 ? placeOfTime(draft, bar, static_cast<double>(tempo.position))
                 : bar.left - (bar.shownBar == draft.first ? 1.0 : 0.0);
-            Inks inks = keepInside(tempoInks(draft.pen, tempo, x));
+            Inks inks = tempoInks(draft.pen, tempo, x, 1);
+            // What is longer than the line becomes smaller.
+            const double width = inks.empty() ? 0 : boxOf(inks).width();
+            const double room = draft.right - draft.staffLeft;
+            if (width > room)
+                inks = tempoInks(draft.pen, tempo, x, room / width);
             if (!inks.empty())
-                putAbove(row, std::move(inks), where, 0.9);
+                putAbove(row, keepInside(std::move(inks)), where, 0.9);
         }
         if (column.newFeel)
             putAbove(row,
