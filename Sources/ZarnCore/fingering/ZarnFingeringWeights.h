@@ -9,8 +9,8 @@ namespace zarn::fingering {
 /// diagrams. What it takes to get from one shape to the next is told by fingered editions of guitar
 /// music: under these weights, the single marks that editors wrote are likely over all ways to play
 /// around them. Editors mark what surprises, so what says how far up the neck to go is not left to
-/// them. On a piece that it is not fitted to, such a model agrees with the editor in some 68 to 70
-/// of 100 strings and 58 to 60 fingers; two editors of one piece, who share it out differently,
+/// them. On a piece that it is not fitted to, such a model agrees with the editor in some 66 to 70
+/// of 100 strings and 57 to 60 fingers; two editors of one piece, who share it out differently,
 /// agree in 43 fingers. What such fits reach `zarn_fingering_report --fit` measures.
 struct FingeringWeights {
     /// A press of `chord::HandModel`: counts once, when fingers are laid down. For a finger alone
