@@ -216,7 +216,7 @@ void SystemBuilder::placeBars(SystemDraft &draft, double width, bool isJustified
         keepWordsApart(i, start, line, lastWords);
     }
     for (const auto &[key, end] : lastWords)
-        line.addRodTo(line.columnCount() - 1, end.first, end.second - tail.width - 0.2);
+        line.addRodTo(line.columnCount() - 1, end.first, end.second - tail.width + 0.1);
     const double room = width - draft.staffLeft - tail.width;
     double factor = line.factorFor(room);
     const bool isLastLine = draft.end == _score.shown.size();

@@ -7,7 +7,9 @@ namespace zarn::engraving {
 
 namespace {
 
+// The window: so many bars, and at least so many lines.
 constexpr unsigned window = 24;
+constexpr double windowLines = 20;
 
 /// How much of a last line notes should fill at least.
 constexpr double fewest = 0.4;
@@ -47,6 +49,19 @@ struct LineSum {
     }
 };
 
+/// Where the window ends that begins at a bar.
+unsigned endOfWindow(const std::vector<BarWidth> &bars, unsigned start, double width)
+{
+    const auto count = static_cast<unsigned>(bars.size());
+    unsigned end = std::min(start + 1, count);
+    double filled = 0;
+    for (; end < count && !bars[end].breaksBefore
+         && (end < start + window || filled < windowLines * width);
+         ++end)
+        filled += bars[end].fixed + bars[end].spring;
+    return end;
+}
+
 } // namespace
 
 double costOfLine(const std::vector<BarWidth> &bars, unsigned first, unsigned end, double width)
@@ -65,15 +80,12 @@ std::vector<unsigned> breakLines(const std::vector<BarWidth> &bars, double first
     std::vector<double> costs;
     std::vector<unsigned> next;
     for (unsigned start = 0; start < count;) {
-        unsigned end = std::min(start + window, count);
-        for (unsigned bar = start + 1; bar < end; ++bar)
-            if (bars[bar].breaksBefore)
-                end = bar;
+        const unsigned end = endOfWindow(bars, start, width);
         // Backwards: the best way from each bar to the end of the window. A line that the window
         // cuts off costs only what it is pressed by.
         const unsigned size = end - start;
         const bool isCut = end < count && !bars[end].breaksBefore;
-        costs.assign(size + 1, 4 * impossible * window);
+        costs.assign(size + 1, 4 * impossible * size);
         next.assign(size + 1, size);
         costs[size] = 0;
         for (unsigned from = size; from-- > 0;) {
