@@ -231,9 +231,9 @@ void VoicePerformance::strikePiece(const NotePiece &piece, bool isFirst)
     for (const Stroke &stroke : strokes) {
         const utils::rational end = played.start + stroke.offset + stroke.length;
         const utils::rational start = end - stroke.length + delayOf(piece, stroke);
-        _attacks.push_back(
-            {start, start + strokeLength(beatOf(piece), *piece.note, end - start, false), 0,
-             stroke.velocityChange});
+        _attacks.push_back({start,
+                            start + strokeLength(beatOf(piece), *piece.note, end - start, false), 0,
+                            stroke.velocityChange});
     }
 }
 

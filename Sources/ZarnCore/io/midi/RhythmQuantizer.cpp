@@ -371,8 +371,8 @@ MidiTime RhythmQuantizer::endFor(std::size_t note, MidiTime playedEnd, const Pla
     const auto family = isShown ? chosen->family : BeatGrid::Plain;
     const bool isExpected = family != BeatGrid::Mixed && (isShown || _accuracy.isPlayed);
     for (const BeatGrid &grid : *place.grids) {
-        const double price = 0.5 + grid.price / 2
-            + (isExpected && grid.family != family ? priceOfOtherFamily : 0);
+        const double price =
+            0.5 + grid.price / 2 + (isExpected && grid.family != family ? priceOfOtherFamily : 0);
         if (price > bestCost)
             continue;
         const auto fit = grid.fit(playedEnd - place.start, deviation);
