@@ -106,14 +106,12 @@ std::vector<unsigned> breakLines(const std::vector<BarWidth> &bars, double first
                     break;
             }
         }
-        lines.push_back(next[0]);
-        start += next[0];
-        // The rest of a stretch that ends at a break is decided already.
-        if (!isCut)
-            for (unsigned from = next[0]; from < size; from = next[from]) {
-                lines.push_back(next[from] - from);
-                start += next[from] - from;
-            }
+        // What the second half of a window that is cut decides waits for the next one.
+        const unsigned kept = isCut ? (size + 1) / 2 : size;
+        for (unsigned from = 0; from < kept; from = next[from]) {
+            lines.push_back(next[from] - from);
+            start += next[from] - from;
+        }
     }
     return lines;
 }
