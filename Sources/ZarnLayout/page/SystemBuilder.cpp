@@ -153,6 +153,7 @@ DrawnSystem SystemBuilder::build(unsigned first, unsigned end, double width, boo
         draft.rows.front().inks.push_back(std::move(ink));
     }
     system.rowsStretch = rowsStretch(draft);
+    system.stretch = std::accumulate(system.rowsStretch.begin(), system.rowsStretch.end(), 0.0);
     const auto drawing = draw(draft, system);
     const auto &marks = drawing->marks.marks();
     const auto mark = std::find_if(marks.begin(), marks.end(), [](const layout::DrawMark &drawn) {
@@ -161,11 +162,6 @@ DrawnSystem SystemBuilder::build(unsigned first, unsigned end, double width, boo
     if (mark != marks.end())
         system.numberMark = static_cast<std::uint32_t>(mark - marks.begin());
     return {std::move(system), drawing};
-}
-
-double BuiltSystem::stretch() const
-{
-    return std::accumulate(rowsStretch.begin(), rowsStretch.end(), 0.0);
 }
 
 void BuiltSystem::addNumber(const Ink &ink)

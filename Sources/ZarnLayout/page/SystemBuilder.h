@@ -36,8 +36,8 @@ struct BuiltSystem {
 
     RowHangers hangers;              ///< of the drawing
     std::vector<double> rowsStretch; ///< by row: how readily it moves away from the one above
+    double stretch = 0;              ///< of all rows
 
-    double stretch() const;
     /// Reaches around the bar number too.
     void addNumber(const Ink &ink);
 };

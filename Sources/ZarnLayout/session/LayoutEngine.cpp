@@ -184,7 +184,7 @@ void LayoutEngine::addSystem(const ScoreSource &source, ShownSystem system, cons
                 .build(system.first, system.end, system.width.width, system.width.isJustified);
         system.built = std::make_shared<const BuiltSystem>(std::move(drawn.system));
         system.drawing = std::move(drawn.drawing);
-        system.shifts.clear();
+        system.stretch = 0;
         system.problems = std::make_shared<const Problems>(std::move(problems));
     }
     const BuiltSystem *const above = _systems.empty() ? nullptr : _systems.back().built.get();
@@ -201,7 +201,7 @@ void LayoutEngine::takeOver(const ShownSystem &old, ShownSystem &system) const
     const auto bars = static_cast<std::int32_t>(_score.shown[system.first].bar)
         - static_cast<std::int32_t>(_oldScore.shown[old.first].bar);
     system.drawing = old.drawing;
-    system.shifts = old.shifts;
+    system.stretch = old.stretch;
     if (bars == 0) {
         system.built = old.built;
         system.problems = old.problems;

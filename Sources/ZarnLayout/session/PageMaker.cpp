@@ -46,13 +46,27 @@ void growFor(LayoutPage &page, const BuiltSystem &system, const Sheet &sheet)
                                   + boundedLength(std::ceil(system.right * sheet.space)));
 }
 
+/// How far the rows of a system move when those that stretch by 1 move apart by so many spaces.
+RowShifts shiftsOf(const BuiltSystem &system, double spaces)
+{
+    RowShifts shifts;
+    double by = 0;
+    for (const double row : system.rowsStretch) {
+        by += row * spaces;
+        shifts.push_back(fromSpaces(by));
+    }
+    if (by == 0)
+        shifts.clear();
+    return shifts;
+}
+
 std::vector<SystemHeight> heightsOf(const std::vector<ShownSystem> &systems)
 {
     std::vector<SystemHeight> heights;
     heights.reserve(systems.size());
     for (const ShownSystem &system : systems)
         heights.push_back({system.built->top, system.built->bottom, system.nesting,
-                           system.built->stretch(), false});
+                           system.built->stretch, false});
     return heights;
 }
 
@@ -133,19 +147,14 @@ std::vector<LayoutPage> PageMaker::make(const ScoreSource &source, const Sheet &
 
 void PageMaker::stretch(ShownSystem &system, double spaces) const
 {
-    RowShifts shifts;
-    double by = 0;
-    for (const double row : system.built->rowsStretch) {
-        by += row * spaces;
-        shifts.push_back(fromSpaces(by));
-    }
-    if (by == 0)
-        shifts.clear();
-    if (shifts == system.shifts)
+    if (spaces == system.stretch)
         return;
-    system.drawing = withRowsMoved(*system.drawing, system.built->hangers, system.shifts, shifts,
-                                   _pen.fonts().music());
-    system.shifts = std::move(shifts);
+    const RowShifts before = shiftsOf(*system.built, system.stretch);
+    const RowShifts after = shiftsOf(*system.built, spaces);
+    if (after != before)
+        system.drawing = withRowsMoved(*system.drawing, system.built->hangers, before, after,
+                                       _pen.fonts().music());
+    system.stretch = spaces;
 }
 
 std::vector<LayoutPage> PageMaker::fillSheet(const ScoreSource &source, const Sheet &sheet,

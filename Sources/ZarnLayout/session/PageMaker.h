@@ -37,7 +37,7 @@ struct ShownSystem {
     bool isNew = false; ///< was not there in the layout before
     std::shared_ptr<const BuiltSystem> built;
     std::shared_ptr<const layout::SystemDrawing> drawing; ///< with its rows moved as it was shown
-    RowShifts shifts;                                     ///< of those rows
+    double stretch = 0;                                   ///< by which they are moved apart
     std::shared_ptr<const Problems> problems;
     const BuiltSystem *above = nullptr; ///< the system in front, for which the nesting is true
     double nesting = 0;                 ///< how far it may move up between the ink of that one
