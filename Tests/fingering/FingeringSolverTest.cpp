@@ -361,6 +361,39 @@ TEST(FingeringSolverTest, aPedalStaysOnItsOpenString)
         EXPECT_EQ(fingering.notes[i], (Placement{4, 0, 0})) << i;
 }
 
+/// A broken chord in triplets under a tune, as in eight bars that every guitarist knows: what the
+/// open strings have rings there while the tune goes up to the twelfth fret and back on the first
+/// string. Where the chord is not on open strings, the hand holds it.
+TEST(FingeringSolverTest, aBrokenChordRingsOpenUnderATune)
+{
+    constexpr std::size_t beatsOfBar = 3;
+    constexpr std::size_t openBeats = 18;
+    const std::vector<int> tune = {71, 71, 71, 71, 69, 67, 67, 66, 64, 64, 67, 71,
+                                   76, 76, 76, 76, 74, 72, 72, 71, 69, 69, 71, 72};
+    Passage passage = passageOn(guitar, 19);
+    std::vector<int> strings;
+    const auto add = [&](int pitch, double end, int string) {
+        passage.addNote({pitch, end});
+        strings.push_back(string);
+    };
+    for (std::size_t beat = 0; beat < tune.size(); ++beat) {
+        const bool isOpen = beat < openBeats;
+        const auto onset = static_cast<double>(beat);
+        constexpr double third = 1. / 3;
+        passage.addEvent(onset);
+        add(tune[beat], onset + third, 5);
+        if (beat % beatsOfBar == 0)
+            add(isOpen ? 40 : 45, onset + beatsOfBar, isOpen ? 0 : 1);
+        passage.addEvent(onset + third);
+        add(isOpen ? 59 : 64, onset + 2 * third, 4);
+        passage.addEvent(onset + 2 * third);
+        add(isOpen ? 55 : 60, onset + 1, 3);
+    }
+    const FingeringSolution fingering = FingeringSolver(passage).solve();
+    for (std::size_t i = 0; i < passage.notes.size(); ++i)
+        EXPECT_EQ(fingering.notes[i].string, strings[i]) << passage.notes[i].pitch << " at " << i;
+}
+
 TEST(FingeringSolverTest, listsOtherWaysInOrderOfEffort)
 {
     Passage passage = passageOn(guitar);

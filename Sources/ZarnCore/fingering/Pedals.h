@@ -3,13 +3,15 @@
 
 #include <ZarnCore/fingering/ZarnPassage.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
 namespace zarn::fingering {
 
-/// Which notes of a passage return again and again between others that move: players let them ring
-/// on an open string, wherever the hand is.
+/// Which notes of a passage players let ring on an open string, wherever the hand is: those that
+/// return again and again between others that move, and those of a broken chord that stays under a
+/// tune.
 class Pedals {
 public:
     explicit Pedals(const Passage &passage);
@@ -17,6 +19,9 @@ public:
     bool contains(std::uint32_t note) const noexcept { return _isPedal[note] != 0; }
 
 private:
+    void addBetweenMoves(const Passage &passage, std::size_t event, std::uint32_t note);
+    void addOfFigures(const Passage &passage, std::size_t event, int pitch);
+
     std::vector<char> _isPedal; ///< by note
 };
 
