@@ -28,8 +28,15 @@ std::int64_t DiskFileHandle::position() const
     return _device->pos();
 }
 
+/// The device would tell by the next writing alone, and without the reason, that what it has kept
+/// so far cannot be written.
 bool DiskFileHandle::doSeek(std::int64_t position)
 {
+    errno = 0;
+    if (_device->isWritable() && !_device->flush()) {
+        fail(deviceError(*_device));
+        return false;
+    }
     return _device->seek(position);
 }
 

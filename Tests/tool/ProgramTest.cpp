@@ -3,6 +3,8 @@
 
 #include "common/Program.h"
 
+#include <QDir>
+
 namespace {
 
 using namespace zarn::test;
@@ -108,6 +110,38 @@ TEST(Program, convertingLeavesWhatItMustNotTouch)
     EXPECT_EQ(unknown.code, 1);
     EXPECT_TRUE(contains(unknown.err, ".zarn")) << unknown.err;
     EXPECT_EQ(runTool({QStringLiteral("convert"), score, folder.file("no/such.zarn")}).code, 1);
+}
+
+/// On a disk of 64 kB, of which an old file takes the last page.
+TEST(Program, aFullDiskIsToldAndLeavesTheOldFile)
+{
+    const auto inNamespace = [](const QStringList &command) {
+        QProcess process;
+        process.setProcessChannelMode(QProcess::MergedChannels);
+        process.start(QStringLiteral("unshare"),
+                      QStringList{QStringLiteral("--map-root-user"), QStringLiteral("--mount")}
+                          + command);
+        constexpr int patience = 120000;
+        const bool isRun = process.waitForFinished(patience) && process.exitCode() == 0;
+        return isRun ? process.readAll().toStdString() : std::string("not run");
+    };
+    const Folder folder;
+    const QString disk = folder.file("disk");
+    ASSERT_TRUE(QDir().mkdir(disk));
+    const auto mount = QStringLiteral("mount -t tmpfs -o size=64k none \"$0\"");
+    if (inNamespace({QStringLiteral("sh"), QStringLiteral("-c"), mount, disk}) != "")
+        GTEST_SKIP() << "nothing can be mounted here";
+    for (const char *const kind : {"mxl", "ly", "tab", "mid", "musicxml", "zarn"}) {
+        const QString script = mount
+            + QStringLiteral(
+                  " && cd \"$0\" && head -c 61440 /dev/zero > full && printf old > song.%1"
+                  " && ! LC_ALL=C.UTF-8 \"$1\" convert \"$2\" song.%1 && cat song.%1 && ls -A")
+                  .arg(QLatin1String(kind));
+        EXPECT_EQ(inNamespace({QStringLiteral("sh"), QStringLiteral("-c"), script, disk,
+                               QStringLiteral(ZARN_BINARY_DIR "/bin/zarn"), saints()}),
+                  std::string("zarn: song.") + kind + ": No space left on device\noldfull\nsong."
+                      + kind + '\n');
+    }
 }
 
 TEST(Program, theManualNamesEveryCommandAndOptionOfTheHelp)
