@@ -442,6 +442,28 @@ TEST(EngravingRulesTest, emptyBarsHaveARestWhereRestsAreDrawn)
     EXPECT_EQ(rests[0].place.voice, -1) << "it stands for no beat";
 }
 
+/// Voices that rest for as long at once share one sign, but not beside a third that sounds.
+TEST(EngravingRulesTest, voicesShareEqualRests)
+{
+    const auto rests = [](bool withThird, NoteValue lower) {
+        Piece piece;
+        for (unsigned voice = 0; voice < 2; ++voice) {
+            piece.add({voice == 0 ? 76 : 65}, NoteValue::Half, 0, voice);
+            piece.add({}, voice == 0 ? NoteValue::Half : lower, 0, voice);
+        }
+        if (lower == NoteValue::Quarter)
+            piece.add({65}, NoteValue::Quarter, 0, 1);
+        if (withThird)
+            piece.add({71}, NoteValue::Whole, 0, 2);
+        return LaidOut(*piece.model).of(MarkKind::Rest);
+    };
+    const auto shared = rests(false, NoteValue::Half);
+    ASSERT_EQ(shared.size(), 1U);
+    EXPECT_NEAR(shared[0].y, 2, 0.01) << "on the middle line";
+    EXPECT_EQ(rests(false, NoteValue::Quarter).size(), 2U);
+    EXPECT_EQ(rests(true, NoteValue::Half).size(), 2U);
+}
+
 /// An octave sign that goes on in the next system has no hook at its end, and a reminder there.
 TEST(EngravingRulesTest, octaveSignsGoOnInTheNextSystem)
 {

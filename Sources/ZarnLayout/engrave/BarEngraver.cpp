@@ -333,6 +333,8 @@ void BarEngraver::placeVoices()
             byColumn[chords[i].column].push_back(i);
     const Fonts &fonts = _pen.fonts();
     for (const auto &members : byColumn) {
+        if (shareRest(members))
+            continue;
         if (_row.notation == Notation::Tablature) {
             placeVoicesOnStrings(members);
             continue;
@@ -377,6 +379,36 @@ void BarEngraver::placeVoices()
             if (chords[index].isRest())
                 placeRest(chords[index], taken);
     }
+}
+
+/// Whether the voices of a column all rest, equally long, while no other one sounds: one sign in
+/// the usual place stands for all of them.
+bool BarEngraver::shareRest(const std::vector<std::size_t> &members)
+{
+    auto &chords = _result.chords;
+    if (members.size() < 2 || !_result.centred.empty())
+        return false;
+    const Chord &first = chords[members.front()];
+    const BeatSource &rest = *first.beat;
+    const bool areEqual = std::all_of(members.begin(), members.end(), [&](std::size_t index) {
+        const Chord &chord = chords[index];
+        return chord.isRest() && chord.scale == first.scale && chord.beat->length == rest.length
+            && chord.beat->rhythm.getNoteValue() == rest.rhythm.getNoteValue()
+            && chord.beat->rhythm.getAugmentationDot() == rest.rhythm.getAugmentationDot();
+    });
+    if (!areEqual)
+        return false;
+    const utils::rational end = rest.onset + rest.length;
+    const auto meanwhile = static_cast<std::size_t>(
+        std::count_if(chords.begin(), chords.end(), [&](const Chord &chord) {
+            return !chord.beat->isGrace() && chord.beat->onset < end
+                && chord.beat->onset + chord.beat->length > rest.onset;
+        }));
+    if (meanwhile > members.size())
+        return false;
+    for (const std::size_t index : members)
+        chords[index].isShared = index != members.front();
+    return true;
 }
 
 void BarEngraver::placeVoicesOnStrings(const std::vector<std::size_t> &members)
@@ -444,8 +476,15 @@ void BarEngraver::addCentred(const BeatSource *rest)
         if (rest && !voice.beats.empty() && &voice.beats.front() <= rest
             && rest <= &voice.beats.back())
             chord.voice = voice.number;
+    // Voices that all rest share the sign in its usual place.
+    const bool hasChords =
+        std::any_of(_source->voices.begin(), _source->voices.end(), [](const VoiceSource &voice) {
+            return std::any_of(voice.beats.begin(), voice.beats.end(), [](const BeatSource &beat) {
+                return isWritten(beat) && !beat.isWholeBarRest;
+            });
+        });
     double shift = 0;
-    if (_hasVoices)
+    if (_hasVoices && hasChords)
         shift = chord.voice % 2 == 0 ? -2 : 2;
     Ink ink = _pen.glyph(MarkKind::Rest, restSign(_row, NoteValue::Whole, y + shift), 0, y + shift);
     const double width = ink.box.width();

@@ -30,6 +30,7 @@ private:
     void placeHeads(Chord &chord);
     void placeStem(Chord &chord);
     void placeVoices();
+    bool shareRest(const std::vector<std::size_t> &members);
     void placeVoicesOnStrings(const std::vector<std::size_t> &members);
     void placeRest(Chord &chord, std::vector<Box> &taken);
     void addCentred(const BeatSource *rest);

@@ -176,7 +176,7 @@ void ChordInks::add(EngravedBar &bar)
             for (Ink &ink : accidental.inks)
                 bar.inks.push_back(std::move(ink));
         }
-        if (chord.beat->rhythm.getAugmentationDot() > 0
+        if (chord.beat->rhythm.getAugmentationDot() > 0 && !chord.isShared
             && (_row.notation != Notation::Tablature || _row.hasRhythm)) {
             std::vector<Chord *> single = {&chord};
             const bool isGrace = chord.beat->isGrace();
@@ -304,7 +304,7 @@ void ChordInks::addStem(const Chord &chord, Inks &inks) const
 
 void ChordInks::addRest(const Chord &chord, Inks &inks) const
 {
-    if (_row.notation == Notation::Tablature && !_row.hasRhythm)
+    if (chord.isShared || (_row.notation == Notation::Tablature && !_row.hasRhythm))
         return;
     Ink ink = restInk(_row, _pen, chord);
     ink.place = placeOf(chord);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnLayout/page/SystemBuilder.h>
 
+#include <ZarnLayout/engrave/ChordInks.h>
 #include <ZarnLayout/page/BarNumber.h>
 #include <ZarnLayout/page/BeamEngraver.h>
 #include <ZarnLayout/page/CrossStaffSlurs.h>
@@ -27,18 +28,36 @@ constexpr double inkGapInStaff = 1.2; ///< where nothing but distance parts note
 constexpr double mostSqueezed = 0.75; ///< of the least width of several bars
 constexpr double loosest = 1.35;      ///< factor of a last line that is still drawn out
 
+/// The sign of a rest as it looks where it stands: with a line of its own outside the staff.
+void fitToStaff(Inks &rest, const Row &row, const Pen &pen)
+{
+    using NoteValue = RhythmValue::NoteValue;
+    for (Ink &ink : rest)
+        for (const auto &[sign, value] : {std::make_pair(Sign::RestWhole, NoteValue::Whole),
+                                          std::make_pair(Sign::RestHalf, NoteValue::Half)}) {
+            if (ink.kind != MarkKind::Rest || ink.glyph != pen.fonts().glyph(sign))
+                continue;
+            const MarkPlace place = ink.place;
+            ink =
+                pen.glyph(ink.kind, restSign(row, value, ink.at.y), ink.at.x, ink.at.y, ink.scale);
+            ink.place = place;
+            break;
+        }
+}
+
 /// Rests keep off what other voices have on the staff: away from it, line by line.
-void addRests(RowDraft &row, std::vector<Inks> rests)
+void addRests(RowDraft &row, std::vector<Inks> rests, const Pen &pen)
 {
     if (rests.empty())
         return;
     constexpr int farthest = 16;
-    constexpr double gap = 0.1;
     InkField field;
     field.add(row.inks);
     for (Inks &rest : rests) {
         if (rest.empty())
             continue;
+        const bool isWhole = rest.front().glyph == pen.fonts().glyph(Sign::RestWhole);
+        const double gap = isWhole ? 0.3 : 0.1;
         const double step = rest.front().place.voice % 2 == 0 ? -1 : 1;
         const auto isFree = [&](double shift) {
             return std::all_of(rest.begin(), rest.end(), [&](const Ink &ink) {
@@ -52,6 +71,7 @@ void addRests(RowDraft &row, std::vector<Inks> rests)
             ++steps;
         if (steps < farthest)
             move(rest, 0, step * steps);
+        fitToStaff(rest, *row.row, pen);
         field.add(rest);
         row.add(std::move(rest));
     }
@@ -346,11 +366,14 @@ void SystemBuilder::placeRow(SystemDraft &draft, RowDraft &row) const
                 && !changesClef(_score.source(row.number, bar.shownBar + 1));
             const double onLine = hasRoom ? bar.right : bar.right - 0.4 - ink.box.right;
             ink.move(isOnLine ? onLine : middleOf(bar, engraved), 0);
-            row.add(std::move(ink));
+            if (ink.kind == MarkKind::Rest && !engraved.chords.empty())
+                rests.push_back({std::move(ink)});
+            else
+                row.add(std::move(ink));
         }
     }
     addBeams(row, _pen);
-    addRests(row, std::move(rests));
+    addRests(row, std::move(rests), _pen);
 }
 
 void SystemBuilder::placeRows(SystemDraft &draft) const
