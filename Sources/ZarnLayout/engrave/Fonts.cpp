@@ -84,6 +84,8 @@ layout::TextStyle styleOf(TextRole role, double scale)
             return {TextFace::BoldItalic, 1.7};
         case TextRole::Finger:
             return {TextFace::Roman, 1.2};
+        case TextRole::Fingering:
+            return {TextFace::Roman, 1.65};
         case TextRole::Title:
             return {TextFace::Roman, 4.6};
         case TextRole::Subtitle:

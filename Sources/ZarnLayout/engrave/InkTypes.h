@@ -28,6 +28,7 @@ enum class TextRole : std::uint8_t {
     Tuning,
     Tuplet,
     Finger, ///< of diagrams
+    Fingering,
     Title,
     Subtitle,
     Credit,

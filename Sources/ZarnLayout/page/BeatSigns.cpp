@@ -192,7 +192,8 @@ const std::array<NoteSign, 7> noteSigns = {{
          const Fingering finger = note.marks.leftFingering();
          return finger == Fingering::None
              ? Inks()
-             : letters(pen, MarkKind::Fingering, fingerLetter(finger, false), x, TextRole::Finger);
+             : letters(pen, MarkKind::Fingering, fingerLetter(finger, false), x,
+                       TextRole::Fingering);
      }},
     {Side::Below, Rows::First, true,
      [](const Pen &pen, const NoteSource &note, double x, const RowDraft &) -> Inks {
