@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnLayout/page/TupletEngraver.h>
 
+#include <ZarnLayout/page/NumberedSlurs.h>
+
 #include <ZarnCore/model/form/ZarnTupletGroup.h>
 
 #include <algorithm>
+#include <optional>
 
 namespace zarn::engraving {
 
@@ -51,6 +54,29 @@ bool isTremolo(const RowDraft &row, const Bracket &bracket)
     return true;
 }
 
+/// Less than half of a tuplet, whose other notes are on another staff: the number stands there.
+bool isRemainder(const RowDraft &row, const Bracket &bracket)
+{
+    const PlacedChord &first = row.chords[bracket.first];
+    const std::size_t count = bracket.last - bracket.first + 1;
+    const auto firstChord = row.chords.begin() + static_cast<std::ptrdiff_t>(bracket.first);
+    const bool areEqual = std::all_of(
+        firstChord, firstChord + static_cast<std::ptrdiff_t>(count),
+        [&](const PlacedChord &chord) { return chord.beat().length == first.beat().length; });
+    if (!areEqual || 2 * count >= bracket.group.ratio().first)
+        return false;
+    const auto &voices = first.source->voices;
+    const auto voice = std::find_if(voices.begin(), voices.end(), [&](const VoiceSource &each) {
+        return each.number == first.chord->voice;
+    });
+    if (voice == voices.end())
+        return false;
+    const std::size_t before = first.beat().index;
+    const std::size_t behind = row.chords[bracket.last].beat().index + std::size_t{1};
+    return (before > 0 && voice->beats[before - 1].isPlaceHolder)
+        || (behind < voice->beats.size() && voice->beats[behind].isPlaceHolder);
+}
+
 /// Whether the first number of a ratio says enough: triplets, quintuplets and so on, and those in
 /// the time of three, as in 6/8.
 bool isUsual(unsigned notes, unsigned inTimeOf)
@@ -74,16 +100,35 @@ bool isOneBeam(const RowDraft &row, const Bracket &bracket)
     return startsBeam && !row.chords[bracket.last].beat().isBeamedOn;
 }
 
+/// Brackets keep off slurs that begin or end at their chords and lead to another staff: they go to
+/// the other side. Nothing where there is no such slur.
+std::optional<bool> isAboveOffSlurs(const RowDraft &row, const Bracket &bracket,
+                                    const std::vector<NumberedSlur> &slurs)
+{
+    for (const NumberedSlur &slur : slurs) {
+        if (!slur.firstRow || !slur.lastRow || slur.firstRow == slur.lastRow)
+            continue;
+        const bool isFirst = slur.firstRow == &row;
+        if (!isFirst && slur.lastRow != &row)
+            continue;
+        const std::size_t chord = isFirst ? slur.first : slur.last;
+        if (chord >= bracket.first && chord <= bracket.last)
+            return row.number < (isFirst ? slur.lastRow : slur.firstRow)->number;
+    }
+    return std::nullopt;
+}
+
 } // namespace
 
 void addTuplets(RowDraft &row, const SystemDraft &draft)
 {
     if (row.row->notation == Notation::Tablature && !row.row->hasRhythm)
         return;
+    const std::vector<NumberedSlur> slurs = numberedSlurs(draft, row.row->track);
     for (const TupletLevel level : {TupletLevel::Inner, TupletLevel::Outer}) {
         SideItems items;
         for (const Bracket &bracket : bracketsOf(row, level)) {
-            if (isTremolo(row, bracket))
+            if (isTremolo(row, bracket) || isRemainder(row, bracket))
                 continue;
             const unsigned notes = bracket.group.ratio().first;
             const unsigned inTimeOf = bracket.group.ratio().second;
@@ -93,8 +138,10 @@ void addTuplets(RowDraft &row, const SystemDraft &draft)
             for (std::size_t i = bracket.first; i <= bracket.last; ++i)
                 if (!row.chords[i].chord->isRest())
                     up += row.chords[i].chord->isStemUp ? 1 : -1;
-            const bool isAbove = up >= 0 || !first.chord->hasStem;
             const bool isBare = isOneBeam(row, bracket) && level == TupletLevel::Outer;
+            bool isAbove = up >= 0 || !first.chord->hasStem;
+            if (!isBare)
+                isAbove = isAboveOffSlurs(row, bracket, slurs).value_or(isAbove);
             const double left = std::min(first.x, first.x + first.chord->stemX) - 0.1;
             const double right = std::max(rightOf(last), last.stemX()) + 0.1;
             const bool isPlain = isUsual(notes, inTimeOf);
