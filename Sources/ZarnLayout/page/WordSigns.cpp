@@ -206,7 +206,8 @@ void addDynamics(RowDraft &row, const SystemDraft &draft)
         item.gap = 0.5;
         item.inks =
             draft.pen.glyphs(MarkKind::Dynamic, signs, chord.headCentre(), 0, Pen::Align::Centre);
-        keepInBar(item.inks, draft, chord);
+        if (side == Side::Above ? row.hasLinesAbove : row.hasLinesBelow)
+            keepInBar(item.inks, draft, chord);
         const Box box = boxOf(item.inks);
         // Several voices that say the same say it once.
         const bool isTaken =
