@@ -108,19 +108,23 @@ TEST(MusicXmlExportRhythm, aTupletWhoseFirstNotesAreElsewhereEndsWithItsTime)
 {
     RhythmValue triplet(RhythmValue::NoteValue::Eighth);
     triplet.setPrimaryTupletRatio({3, 2});
-    const auto beatsUntilFull = [&triplet](const utils::rational &onset) {
-        TupletGroup group(triplet, TupletLevel::Outer, onset);
+    RhythmValue sextuplet(RhythmValue::NoteValue::Eighth);
+    sextuplet.setPrimaryTupletRatio({6, 4});
+    const auto beatsUntilFull = [](const RhythmValue &value, const utils::rational &onset) {
+        TupletGroup group(value, TupletLevel::Outer, onset);
         int beats = 0;
         do {
-            group.add(triplet);
+            group.add(value);
             ++beats;
         } while (!group.isFull() && beats < 9);
         return beats;
     };
-    EXPECT_EQ(beatsUntilFull(1), 3);
-    EXPECT_EQ(beatsUntilFull(utils::rational(4, 3)), 2);
-    EXPECT_EQ(beatsUntilFull(utils::rational(5, 3)), 1);
-    EXPECT_EQ(beatsUntilFull(utils::rational(1, 2)), 3) << "a syncopation";
+    EXPECT_EQ(beatsUntilFull(triplet, 1), 3);
+    EXPECT_EQ(beatsUntilFull(triplet, utils::rational(4, 3)), 2);
+    EXPECT_EQ(beatsUntilFull(triplet, utils::rational(5, 3)), 1);
+    EXPECT_EQ(beatsUntilFull(triplet, utils::rational(1, 2)), 3) << "a syncopation";
+    EXPECT_EQ(beatsUntilFull(sextuplet, 1), 6) << "on the second beat";
+    EXPECT_EQ(beatsUntilFull(sextuplet, utils::rational(4, 3)), 2);
 }
 
 TEST(MusicXmlExportRhythm, beamsAndAccidentalsAreWritten)

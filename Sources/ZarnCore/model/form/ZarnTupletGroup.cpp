@@ -54,7 +54,9 @@ void TupletGroup::add(const RhythmValue &rhythm)
 bool TupletGroup::isFull() const
 {
     const auto time = _unit * rational(_ratio.second);
-    if (_level == TupletLevel::Outer && _isUniform && !(_start / time).isInteger()
+    // Notes of a group end off the grid of its values: what begins on it begins a group, such as a
+    // sextuplet on the second beat of three.
+    if (_level == TupletLevel::Outer && _isUniform && !(_start / _unit).isInteger()
         && (_end / time).isInteger())
         return true;
     if (!(_length / (_unit * rational(_ratio.first))).isInteger())
