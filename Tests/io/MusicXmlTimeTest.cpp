@@ -117,6 +117,51 @@ TEST(MusicXmlTime, aTupletThatTheDurationsForgetIsNone)
     EXPECT_FALSE(rhythm.hasSecondaryTuplet());
 }
 
+TEST(MusicXmlTime, bracketsThatTheLengthsHaveNoRatioForAreTold)
+{
+    const auto bracket = [](const char *type, int number, const std::string &terms = {}) {
+        return "<tuplet type=\"" + std::string(type) + "\" number=\"" + std::to_string(number)
+            + "\">" + terms + "</tuplet>";
+    };
+    const auto modified = [](int actual, int normal, const std::string &brackets) {
+        return "quarter</type><time-modification><actual-notes>" + std::to_string(actual)
+            + "</actual-notes><normal-notes>" + std::to_string(normal)
+            + "</normal-notes></time-modification><notations>" + brackets
+            + "</notations><type>quarter";
+    };
+    const auto two = terms(term(2), term(2));
+    const auto three = terms(term(3), term(2));
+    const std::string bars[] = {
+        // Two in the time of two, alone and inside of a triplet, whose own bracket is held.
+        note("C", 4, 24, modified(2, 2, bracket("start", 1, two)))
+            + note("C", 4, 24, modified(2, 2, bracket("stop", 1))),
+        note("C", 4, 16, modified(3, 2, bracket("start", 1, three)))
+            + note("C", 4, 16, modified(3, 2, bracket("start", 2, two)))
+            + note("C", 4, 16, modified(3, 2, bracket("stop", 2) + bracket("stop", 1))),
+        // A triplet that the durations forget.
+        note("C", 4, 24, modified(3, 2, bracket("start", 1, three)))
+            + note("C", 4, 24, modified(3, 2, bracket("stop", 1)))};
+    for (const auto &bar : bars) {
+        ImportReport report;
+        import(score(measure(divisions(24) + bar)), report);
+        EXPECT_TRUE(report.hasProblem("lost its bracket"));
+        EXPECT_EQ(report.unheld().count("tuplet"), 1U);
+        EXPECT_EQ(report.unheld().begin()->second, 2U) << "both ends of one, in " << bar;
+    }
+    // A triplet in the last two notes of another, and a third one behind them.
+    const auto held = note("C", 4, 48, modified(3, 2, bracket("start", 1)))
+        + note("C", 4, 32, modified(9, 4, bracket("start", 2, three)))
+        + note("C", 4, 32, modified(9, 4, {}))
+        + note("C", 4, 32, modified(9, 4, bracket("stop", 2) + bracket("stop", 1)))
+        + note("C", 4, 48, modified(3, 2, bracket("start", 1)))
+        + note("C", 4, 48, modified(3, 2, {}))
+        + note("C", 4, 48, modified(3, 2, bracket("stop", 1)));
+    ImportReport report;
+    import(score(measure(divisions(72) + held)), report);
+    EXPECT_FALSE(report.hasProblem("lost its bracket"));
+    EXPECT_TRUE(report.unheld().empty());
+}
+
 TEST(MusicXmlTime, threeDeepTupletsAndExtremeTypesAreExact)
 {
     const std::string deep =

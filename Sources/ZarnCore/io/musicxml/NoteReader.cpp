@@ -184,10 +184,25 @@ void NoteReader::read(pugi::xml_node node, WrittenNote &note)
     _bracketed = _rhythm;
     if (_hasModification)
         _tuplets.tell(note.voice, _bracketed);
-    for (const auto &mark : marks)
-        if (!mark.starts)
-            _tuplets.stop(note.voice, mark.number);
     count(note);
+}
+
+void NoteReader::finishTuplets(const WrittenNote &note)
+{
+    const auto &marks = _notations.tupletMarks();
+    if (marks.empty())
+        return;
+    const int ratios = note.rhythm.hasPrimaryTuplet() + note.rhythm.hasSecondaryTuplet();
+    for (int lost = _tuplets.hold(note.voice, ratios); lost > 0; --lost) {
+        _context.addUnheld(note.node, Tag::Tuplet);
+        _context.addProblem(note.node,
+                            ratios < 2 ? "a tuplet that leaves the length of its notes as it is "
+                                         "lost its bracket"
+                                       : "a tuplet inside of two others lost its bracket");
+    }
+    for (const auto &mark : marks)
+        if (!mark.starts && !_tuplets.stop(note.voice, mark.number) && !note.chord)
+            _context.addUnheld(note.node, Tag::Tuplet);
 }
 
 void NoteReader::readPitch(pugi::xml_node pitch, WrittenNote &note)

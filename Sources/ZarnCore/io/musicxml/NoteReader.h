@@ -33,6 +33,10 @@ public:
     /// Reads into a new note everything but onset, length and rhythm.
     void read(pugi::xml_node node, WrittenNote &note);
 
+    /// Ends the tuplets that end at the note read last, when its rhythm is known, and reports those
+    /// that begin at it and have no ratio in that.
+    void finishTuplets(const WrittenNote &note);
+
     /// Of the note read last: its written length in divisions, when there is one, and its type,
     /// dots and tuplets.
     const std::optional<utils::rational> &duration() const noexcept { return _duration; }

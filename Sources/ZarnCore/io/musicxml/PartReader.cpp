@@ -130,6 +130,7 @@ void PartReader::readNote(pugi::xml_node node, WrittenMeasure &measure)
         joinChord(note);
     else
         placeNote(note);
+    _notes.finishTuplets(note);
     if (note.kind == NoteKind::Pitched)
         _transpositions.adjust(note);
     _ties.follow(note);

@@ -2,6 +2,7 @@
 #include <ZarnCore/io/musicxml/TupletTracker.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace zarn::io {
 
@@ -37,13 +38,31 @@ const TupletTracker::Open *TupletTracker::outermost(int voice) const
     return found == _open.end() ? nullptr : &*found;
 }
 
-void TupletTracker::stop(int voice, int number)
+bool TupletTracker::stop(int voice, int number)
 {
     const auto found = std::find_if(_open.begin(), _open.end(), [&](const Open &open) {
         return open.voice == voice && open.number == number;
     });
-    if (found != _open.end())
-        _open.erase(found);
+    if (found == _open.end())
+        return false;
+    const bool isHeld = found->isHeld;
+    _open.erase(found);
+    return isHeld;
+}
+
+int TupletTracker::hold(int voice, int ratios)
+{
+    int held = 0;
+    int lost = 0;
+    for (const auto &open : _open)
+        held += open.voice == voice && open.isHeld;
+    for (auto &open : _open) {
+        if (open.voice != voice || !std::exchange(open.isNew, false))
+            continue;
+        open.isHeld = held < ratios;
+        open.isHeld ? ++held : ++lost;
+    }
+    return lost;
 }
 
 void TupletTracker::tell(int voice, WrittenRhythm &rhythm) const

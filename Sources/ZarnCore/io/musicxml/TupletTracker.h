@@ -17,7 +17,14 @@ public:
     /// A tuplet whose numbers are not written begins at a note with this time modification, which
     /// tells them.
     void startAt(int voice, int number, const TupletRatio &modification);
-    void stop(int voice, int number);
+
+    /// Ends a tuplet; false when none is open by the number, or one that `hold` left out.
+    bool stop(int voice, int number);
+
+    /// Gives the tuplets that began in a voice since the last call a ratio each, the outer ones
+    /// first. `ratios` is how many the note that is read has; those around it have theirs already.
+    /// How many got none.
+    int hold(int voice, int ratios);
 
     /// Splits the time modification of a note into the outermost tuplet and what is inside of it.
     void split(int voice, const TupletRatio &modification, WrittenRhythm &rhythm) const;
@@ -32,6 +39,8 @@ private:
         int number;
         TupletRatio ratio;
         bool isTold = true; ///< by its own numbers
+        bool isNew = true;  ///< `hold` has not seen it
+        bool isHeld = false;
     };
 
     const Open *outermost(int voice) const;
