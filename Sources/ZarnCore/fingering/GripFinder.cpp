@@ -28,6 +28,10 @@ constexpr float effortOfLoss = 60;
 /// An open string where they are to be avoided.
 constexpr float effortOfAvoided = 8;
 
+/// A note of a broken chord under a tune that is stopped where it could ring open: that binds the
+/// hand, and takes the plucking fingers from their strings.
+constexpr float effortOfStoppedPedal = 1;
+
 /// An open string for a finger that is given, or the other way round.
 constexpr float effortOfOtherFinger = 12;
 
@@ -232,6 +236,8 @@ Grip GripFinder::gripOf(const PassageEvent &event, const Strings &strings) const
         if (const unsigned known = _known.ofPitch(number32); known != 0 && (known & bit) == 0)
             grip.cost += static_cast<float>(_weights.otherString);
         const bool isPedal = fret == 0 && _pedals.contains(number32);
+        if (fret > 0 && _pedals.ringsUnderTune(number32))
+            grip.cost += effortOfStoppedPedal;
         if (fret < _known.lowestFret(number32) && !isPedal)
             grip.cost += static_cast<float>(_weights.belowPosition);
         grip.sounding |= bit;

@@ -11,8 +11,8 @@ namespace {
 constexpr std::size_t nearest = 2;
 constexpr std::size_t farthest = 3;
 
-/// Figures have so many events, are played so often, and their tune moves on at least one in so
-/// many of them: where it does so less often, a chord is broken and the tune is part of it.
+/// Figures have so many events and are played so often. What moves at least once in so many of
+/// them is a tune; what does so less often is part of the broken chord.
 constexpr std::size_t shortestFigure = 3;
 constexpr std::size_t longestFigure = 8;
 constexpr std::size_t fewestFigures = 3;
@@ -65,29 +65,31 @@ struct Returns {
 bool isUnderTune(const Passage &passage, const Returns &returns)
 {
     const bool leavesString = hasHigherString(passage.fretboard, returns.pitch);
+    const std::size_t figures = (returns.last - returns.first) / returns.length;
     std::size_t staying = 1;
     std::size_t mostMoves = 0;
     for (std::size_t offset = 1; offset < returns.length; ++offset) {
-        bool stays = true;
         std::size_t moves = 0;
+        std::size_t movesBeside = 0;
         for (std::size_t next = returns.first + offset + returns.length; next < returns.last;
              next += returns.length) {
             const int top = topOf(passage, next - returns.length);
             const int nextTop = topOf(passage, next);
-            stays = stays && top == nextTop;
-            if (top != nextTop && (leavesString || std::max(top, nextTop) < returns.pitch))
-                ++moves;
+            if (top == nextTop)
+                continue;
+            ++moves;
+            if (leavesString || std::max(top, nextTop) < returns.pitch)
+                ++movesBeside;
         }
-        staying += stays ? 1 : 0;
-        mostMoves = std::max(mostMoves, moves);
+        staying += moves * mostOfOneTune < figures ? 1 : 0;
+        mostMoves = std::max(mostMoves, movesBeside);
     }
-    const std::size_t figures = (returns.last - returns.first) / returns.length;
     return staying * 2 >= returns.length && mostMoves * mostOfOneTune >= figures;
 }
 
 } // namespace
 
-Pedals::Pedals(const Passage &passage) : _isPedal(passage.notes.size(), 0)
+Pedals::Pedals(const Passage &passage) : _kinds(passage.notes.size(), Kind::None)
 {
     for (std::size_t at = 0; at < passage.events.size(); ++at) {
         const PassageEvent &event = passage.events[at];
@@ -114,8 +116,10 @@ void Pedals::addBetweenMoves(const Passage &passage, std::size_t event, std::uin
         if ((isAlone || topOf(passage, event) != topOf(passage, event + apart))
             && topOf(passage, event - 1) != topOf(passage, event + apart - 1)
             && topOf(passage, event + 1) != topOf(passage, event + apart + 1)) {
-            _isPedal[note] = 1;
-            _isPedal[static_cast<std::size_t>(again - passage.notes.data())] = 1;
+            for (const std::size_t pedal :
+                 {std::size_t{note}, static_cast<std::size_t>(again - passage.notes.data())})
+                if (_kinds[pedal] == Kind::None)
+                    _kinds[pedal] = Kind::BetweenMoves;
         }
         break;
     }
@@ -134,8 +138,8 @@ void Pedals::addOfFigures(const Passage &passage, std::size_t event, int pitch)
         if (returns.last < event + fewestFigures * length || !isUnderTune(passage, returns))
             continue;
         for (std::size_t at = event; at <= returns.last; at += length)
-            _isPedal[static_cast<std::size_t>(noteAt(passage, at, pitch) - passage.notes.data())] =
-                1;
+            _kinds[static_cast<std::size_t>(noteAt(passage, at, pitch) - passage.notes.data())] =
+                Kind::UnderTune;
     }
 }
 

@@ -16,13 +16,21 @@ class Pedals {
 public:
     explicit Pedals(const Passage &passage);
 
-    bool contains(std::uint32_t note) const noexcept { return _isPedal[note] != 0; }
+    bool contains(std::uint32_t note) const noexcept { return _kinds[note] != Kind::None; }
+
+    /// Whether a note is of a broken chord under a tune.
+    bool ringsUnderTune(std::uint32_t note) const noexcept
+    {
+        return _kinds[note] == Kind::UnderTune;
+    }
 
 private:
+    enum class Kind : std::uint8_t { None, BetweenMoves, UnderTune };
+
     void addBetweenMoves(const Passage &passage, std::size_t event, std::uint32_t note);
     void addOfFigures(const Passage &passage, std::size_t event, int pitch);
 
-    std::vector<char> _isPedal; ///< by note
+    std::vector<Kind> _kinds; ///< by note
 };
 
 } // namespace zarn::fingering
