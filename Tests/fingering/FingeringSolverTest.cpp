@@ -363,7 +363,7 @@ TEST(FingeringSolverTest, aPedalStaysOnItsOpenString)
 
 /// A broken chord in triplets under a tune, as in eight bars that every guitarist knows: what the
 /// open strings have rings there while the tune goes up to the twelfth fret and back on the first
-/// string. Where the chord is not on open strings, the hand holds it.
+/// string. Where the chord is not on open strings, the hand holds it; its bass may be open or not.
 TEST(FingeringSolverTest, aBrokenChordRingsOpenUnderATune)
 {
     constexpr std::size_t beatsOfBar = 3;
@@ -383,7 +383,7 @@ TEST(FingeringSolverTest, aBrokenChordRingsOpenUnderATune)
         passage.addEvent(onset);
         add(tune[beat], onset + third, 5);
         if (beat % beatsOfBar == 0)
-            add(isOpen ? 40 : 45, onset + beatsOfBar, isOpen ? 0 : 1);
+            add(isOpen ? 40 : 45, onset + beatsOfBar, isOpen ? 0 : PassageNote::Free);
         passage.addEvent(onset + third);
         add(isOpen ? 59 : 64, onset + 2 * third, 4);
         passage.addEvent(onset + 2 * third);
@@ -391,7 +391,10 @@ TEST(FingeringSolverTest, aBrokenChordRingsOpenUnderATune)
     }
     const FingeringSolution fingering = FingeringSolver(passage).solve();
     for (std::size_t i = 0; i < passage.notes.size(); ++i)
-        EXPECT_EQ(fingering.notes[i].string, strings[i]) << passage.notes[i].pitch << " at " << i;
+        if (strings[i] != PassageNote::Free) {
+            EXPECT_EQ(fingering.notes[i].string, strings[i])
+                << passage.notes[i].pitch << " at " << i;
+        }
 }
 
 TEST(FingeringSolverTest, listsOtherWaysInOrderOfEffort)
