@@ -12,7 +12,6 @@ constexpr double mostApart = 6;       ///< that one between tracks takes on
 constexpr double lastApart = 0.6;     ///< the same where nothing says how loose a page is
 constexpr double systemStretch = 2.5; ///< of systems, where tracks have 1
 constexpr double leastGap = 0.5;      ///< between systems where one more finds room by it
-constexpr double tolerance = 1e-6;
 constexpr double pageCost = 1000;
 constexpr double squeezeCost = 60; ///< of a page whose systems stand as near as they may
 
@@ -24,6 +23,12 @@ double heightOf(const std::vector<SystemHeight> &systems, unsigned first, unsign
     return height;
 }
 
+/// How much less room than they want systems with so many gaps between them find at most.
+double mostSqueeze(double gaps)
+{
+    return gaps * (systemGap - leastGap);
+}
+
 /// The last page of a movement is no looser than `mostLast`.
 FilledPage fill(const std::vector<SystemHeight> &systems, unsigned first, unsigned end, double room,
                 bool isLast, double mostLast)
@@ -33,8 +38,8 @@ FilledPage fill(const std::vector<SystemHeight> &systems, unsigned first, unsign
     page.end = end;
     const double height = heightOf(systems, first, end);
     const double gaps = end - first - 1;
-    const double squeeze = std::min(std::max(0.0, height - room), gaps * (systemGap - leastGap));
-    page.isTooTall = height - squeeze > room + tolerance;
+    const double squeeze = std::clamp(height - room, 0.0, mostSqueeze(gaps));
+    page.isTooTall = gaps == 0 && height > room; // several are put on a page that they fit on
     // Staves and systems move apart together; what is left over goes between the systems.
     const double rest = std::max(0.0, room - height);
     double readiness = gaps * systemStretch;
@@ -71,12 +76,11 @@ std::vector<FilledPage> fillPages(const std::vector<SystemHeight> &systems, cons
                 break;
             height += systems[end - 1].height()
                 + (end > first + 1 ? systemGap - systems[end - 1].nesting : 0);
-            const double mostSqueeze = (end - first - 1) * (systemGap - leastGap);
-            if (height - mostSqueeze > space && end > first + 1)
+            const double most = mostSqueeze(end - first - 1);
+            if (height - most > space && end > first + 1)
                 break;
             const double rest = std::max(0.0, space - height) / std::max(space, 1.0);
-            const double squeeze =
-                mostSqueeze > 0 ? std::max(0.0, height - space) / mostSqueeze : 0;
+            const double squeeze = most > 0 ? std::max(0.0, height - space) / most : 0;
             const bool isLast = end == count || systems[end].breaksBefore;
             const double cost = pageCost + (isLast ? 0.1 : 100) * rest * rest
                 + squeezeCost * squeeze * squeeze + costs[end];
