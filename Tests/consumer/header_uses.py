@@ -4,9 +4,10 @@
 
     header_uses.py INCLUDE_FOLDER FOLDER
 
-FOLDER/alone gets a source for each header that includes it alone (twice, to see its guard), and
-every_header.cpp is a program that includes them all and uses every exported class: its destructor
-and its run-time type must be there when it is linked.
+FOLDER/alone gets a source for each header that includes it alone (twice, to see its guard). Headers
+that another includes before anything else stand alone there; those that include the same share a
+source. And every_header.cpp is a program that includes them all and uses every exported class: its
+destructor and its run-time type must be there when it is linked.
 """
 import pathlib
 import re
@@ -14,6 +15,8 @@ import sys
 
 NAMESPACE = re.compile(r"^namespace ([\w:]+) \{")
 CLASS = re.compile(r"^(?:class|struct) (?:ZARNCORE|ZARNAUDIO|ZARNLAYOUT|ZARNVIEWS|FILESYSTEM|STREAMS)_EXPORT (\w+)\b[^;]*$")
+INCLUDE = re.compile(r"^#include [<\"]([^>\"]+)[>\"]", re.MULTILINE)
+FIRST = re.compile(r"\A(?:\s|//[^\n]*\n|/\*.*?\*/|#pragma once)*#include [<\"]([^>\"]+)[>\"]", re.DOTALL)
 INSTANCE = re.compile(r"^extern template class (\w+<[^;]*>);$")
 
 
@@ -44,15 +47,20 @@ def main(include, folder):
     (folder / "alone").mkdir(parents=True, exist_ok=True)
     stale = set((folder / "alone").iterdir())
     includes, uses = "", ""
-    for header in sorted(include.rglob("*.h")):
-        name = header.relative_to(include).as_posix()
-        line = "#include <%s>\n" % name
-        alone = folder / "alone" / (name.replace("/", "_") + ".cpp")
-        write(alone, line + line)
-        stale.discard(alone)
-        includes += line
-        for cls in exported_classes(header.read_text(encoding="utf-8")):
+    headers = {header.relative_to(include).as_posix(): header.read_text(encoding="utf-8")
+               for header in sorted(include.rglob("*.h"))}
+    first = {match.group(1) for match in map(FIRST.match, headers.values()) if match}
+    alike = {}  # headers by what they include
+    for name, text in headers.items():
+        if name not in first:
+            alike.setdefault(frozenset(INCLUDE.findall(text)), []).append(name)
+        includes += "#include <%s>\n" % name
+        for cls in exported_classes(text):
             uses += "    use<%s>();\n" % cls
+    for names in alike.values():
+        alone = folder / "alone" / (names[0].replace("/", "_") + ".cpp")
+        write(alone, "".join("#include <%s>\n" % name for name in names for _ in range(2)))
+        stale.discard(alone)
     for source in stale:  # of headers that are gone
         source.unlink()
     if not uses:
