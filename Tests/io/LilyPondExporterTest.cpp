@@ -239,13 +239,20 @@ TEST(LilyPondExporter, singsEachNoteItsSyllable)
 
 TEST(LilyPondExporter, tellsWhatTheLanguageLacks)
 {
-    const auto score = scoreOf("guitar: 1:5w");
+    const auto score = scoreOf("guitar: 1:5w | 1:5w");
     beatOf(*score, 0, 0).note(0)->setSlideIn(SlideIn::FromBelow);
+    beatOf(*score, 1, 0).setText("to <sym>coda</sym>\uE047 now");
+    score->scoreModel()->track(0)->staff(0)->setPartialCapoFret(2);
     io::ExportReport report;
-    io::LilyPondExporter().toText(*score->scoreModel(), report);
-    const auto kind = report.unheld().find("slide into a note from nowhere");
-    ASSERT_NE(kind, report.unheld().end());
-    EXPECT_EQ(report.firstUnheld(kind->first).toString("track"), "track 1, bar 1");
+    const auto text = io::LilyPondExporter().toText(*score->scoreModel(), report);
+    EXPECT_TRUE(has(text, "^\"to  now\"")) << text;
+    const auto placeOf = [&](const char *kind) {
+        return report.unheld().count(kind) == 1 ? report.firstUnheld(kind).toString("track")
+                                                : std::string("not told");
+    };
+    EXPECT_EQ(placeOf("slide into a note from nowhere"), "track 1, bar 1");
+    EXPECT_EQ(placeOf("sign of the music font in words"), "track 1, bar 2");
+    EXPECT_EQ(placeOf("partial capo"), "track 1");
 }
 
 /// Whatever a score holds, brackets close and equal scores give equal documents.

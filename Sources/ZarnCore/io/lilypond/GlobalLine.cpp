@@ -187,6 +187,8 @@ void Writer::writeMeter(unsigned index)
 void Writer::writeMarks(unsigned index)
 {
     const Section &section = bar(index).section();
+    if (hasFontSigns(section.letter) || hasFontSigns(section.text))
+        _report.addUnheld(fontSigns, {-1, static_cast<int>(index)});
     if (!section.letter.empty())
         command(index, "\\mark \\markup \\box " + quoted(section.letter));
     if (!section.text.empty())
@@ -249,6 +251,8 @@ void Writer::writeTempo(const TempoMark &tempo)
         utils::rational(std::llround(tempo.value * 100), 100) * unit.quarters;
     if (tempo.isLinear)
         _report.addUnheld("gradual change of tempo", {-1, static_cast<int>(tempo.bar)});
+    if (tempo.isVisible && hasFontSigns(tempo.text))
+        _report.addUnheld(fontSigns, {-1, static_cast<int>(tempo.bar)});
     std::string text;
     const bool isMarked = tempo.isVisible && hasMetronomeMark(tempo.text);
     if (isMarked)

@@ -79,6 +79,7 @@ private:
         std::string tablature;
     };
 
+    void tellUnheld(const Staff &staff);
     StaffText writeStaff(const Staff &staff);
     std::string lyricsOf(const Staff &staff, const std::vector<VoiceName> &voices);
     std::string tabOf(const StaffContext &context, const std::vector<VoiceName> &voices,
@@ -219,8 +220,28 @@ std::string Writer::tabOf(const StaffContext &context, const std::vector<VoiceNa
     return text + ">>\n";
 }
 
+/// What the staff has that no word is written for; what single voices have is told as they are
+/// written.
+void Writer::tellUnheld(const Staff &staff)
+{
+    const auto track = static_cast<int>(_track.index());
+    if (staff.partialCapoFret() != 0)
+        _report.addUnheld("partial capo", {track, -1});
+    for (const auto &bar : staff.bars())
+        for (const auto &voice : bar->voices()) {
+            if (!voice)
+                continue;
+            for (const auto &beat : voice->beats())
+                if (hasFontSigns(beat->text())
+                    || std::any_of(beat->lyrics().begin(), beat->lyrics().end(),
+                                   [](const Syllable &sung) { return hasFontSigns(sung.text); }))
+                    _report.addUnheld(fontSigns, {track, static_cast<int>(bar->index())});
+        }
+}
+
 Writer::StaffText Writer::writeStaff(const Staff &staff)
 {
+    tellUnheld(staff);
     const bool isDrums = sheet::isShownAsDrums(_track, staff);
     const TrackNotations notations = _track.notations();
     const bool hasTab = !isDrums && notations.tablature && sheet::isShownAsTab(staff);

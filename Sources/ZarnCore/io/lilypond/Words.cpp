@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdlib>
+#include <string_view>
 
 namespace zarn::lilypond {
 
@@ -46,20 +47,41 @@ constexpr std::array accidentalMarkups = {
     SignMarkup{"\u266e", "\\smaller \\natural"},
 };
 
+/// How many bytes a sign of a music font has that begins here; 0 where none does. Fonts for texts
+/// lack the characters.
+std::size_t fontSignAt(const std::string &utf8, std::size_t at)
+{
+    const auto lead = static_cast<unsigned char>(utf8[at]);
+    if (at + 2 < utf8.size()
+        && (lead == 0xee || (lead == 0xef && static_cast<unsigned char>(utf8[at + 1]) < 0xa4)))
+        return 3;
+    constexpr std::string_view opening = "<sym>";
+    constexpr std::string_view closing = "</sym>";
+    if (utf8.compare(at, opening.size(), opening) != 0)
+        return 0;
+    const auto end = utf8.find(closing.front(), at + opening.size());
+    const bool isClosed =
+        end != std::string::npos && utf8.compare(end, closing.size(), closing) == 0;
+    return isClosed ? end + closing.size() - at : 0;
+}
+
 } // namespace
+
+bool hasFontSigns(const std::string &utf8)
+{
+    for (std::size_t i = 0; i < utf8.size(); ++i)
+        if (fontSignAt(utf8, i) != 0)
+            return true;
+    return false;
+}
 
 std::string quoted(const std::string &utf8)
 {
     constexpr unsigned char firstPrintable = 0x20;
     std::string text = "\"";
     for (std::size_t i = 0; i < utf8.size(); ++i) {
-        // Signs of music fonts, U+E000 to U+F8FF, which fonts for texts lack.
-        const auto lead = static_cast<unsigned char>(utf8[i]);
-        if ((lead == 0xee
-             || (lead == 0xef && i + 1 < utf8.size()
-                 && static_cast<unsigned char>(utf8[i + 1]) < 0xa4))
-            && i + 2 < utf8.size()) {
-            i += 2;
+        if (const auto sign = fontSignAt(utf8, i); sign != 0) {
+            i += sign - 1;
             continue;
         }
         const char character = utf8[i];

@@ -10,9 +10,16 @@
 // The small words of the language, as LilyPond 2.24 reads them.
 namespace zarn::lilypond {
 
-/// A string in quotation marks. Control characters become spaces; signs of music fonts (private
-/// use) are left out.
+/// A string in quotation marks. Control characters become spaces; signs of music fonts are left
+/// out.
 std::string quoted(const std::string &utf8);
+
+/// Whether a text holds signs of music fonts: characters for private use, U+E000 to U+F8FF, or
+/// names of glyphs between "<sym>" and "</sym>".
+bool hasFontSigns(const std::string &utf8);
+
+/// What a report calls them.
+constexpr const char *fontSigns = "sign of the music font in words";
 
 /// "cis'" for the C sharp above middle C; names of notes are the Dutch ones, which need no
 /// inclusion.
