@@ -375,6 +375,17 @@ void addStringsTexts(SystemDraft &draft)
     }
 }
 
+/// When the note or rest began that a staff has at a time; below 0 for none.
+utils::rational onsetAt(const BarSource &bar, const utils::rational &time)
+{
+    utils::rational latest = -1;
+    for (const VoiceSource &voice : bar.voices)
+        for (const BeatSource &beat : voice.beats)
+            if (!beat.isPlaceHolder && beat.onset <= time)
+                latest = std::max(latest, beat.onset);
+    return latest;
+}
+
 } // namespace
 
 void addFermatas(RowDraft &row, const SystemDraft &draft)
@@ -383,6 +394,7 @@ void addFermatas(RowDraft &row, const SystemDraft &draft)
         return;
     for (const BarPlace &bar : draft.bars) {
         double lastX = -1e9;
+        utils::rational lastOnset = -1;
         for (const FermataMark &mark : draft.score.column(bar.shownBar).fermatas) {
             const double length = draft.score.column(bar.shownBar).length.toDouble();
             const double time = mark.position.toDouble();
@@ -404,6 +416,14 @@ void addFermatas(RowDraft &row, const SystemDraft &draft)
             if (isWhole && std::abs(x - lastX) < 0.5)
                 continue;
             lastX = x;
+            // So has a note or rest that lasts while other staves move on.
+            if (!isWhole && time < length) {
+                const auto onset =
+                    onsetAt(draft.score.source(row.number, bar.shownBar), mark.position);
+                if (onset.sign() >= 0 && onset == lastOnset)
+                    continue;
+                lastOnset = onset;
+            }
             MarkPlace where = placeOfBar(draft.score.shown[bar.shownBar].bar);
             where.track = static_cast<std::int16_t>(row.row->track);
             where.staff = static_cast<std::int8_t>(row.row->staff);
