@@ -36,3 +36,23 @@ TEST(DrawnMusicXmlTest, aLongNoteHasOneFermata)
     model->masterTrack()->masterBar(0)->setFermatas(marks);
     EXPECT_EQ(LaidOut(*model).of(MarkKind::Fermata).size(), 3U);
 }
+
+/// Two voices on one side that move together look like one chord, unless their heads are in the
+/// way.
+TEST(DrawnMusicXmlTest, voicesOfOneSideShareAStem)
+{
+    const auto stems = [](const char *lower, int duration, const char *type) {
+        const auto model = read(measure(attributes(fourQuarters) + note("E", 5, 2, "half", {}, "1")
+                                        + backup(2) + note("C", 4, 2, "half", {}, "2") + backup(2)
+                                        + note(lower, 4, duration, type, {}, "3")));
+        std::vector<double> places;
+        for (const auto &stem : LaidOut(*model).of(MarkKind::Stem))
+            if (stem.place.voice != 1)
+                places.push_back(stem.left);
+        return places;
+    };
+    const std::vector<double> together = stems("A", 2, "half");
+    EXPECT_EQ(together.at(0), together.at(1));
+    const std::vector<double> other = stems("A", 1, "quarter");
+    EXPECT_LT(other.at(0), other.at(1)) << "of another length";
+}

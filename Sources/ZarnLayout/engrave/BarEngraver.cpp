@@ -37,6 +37,20 @@ bool shareHeads(const Chord &left, const Chord &right)
         && left.hasStem && right.hasStem && left.isStemUp != right.isStemUp;
 }
 
+/// Whether chords of two voices may stand on one stem, as if they were one chord.
+bool shareStem(const Chord &left, const Chord &right)
+{
+    if (!left.hasStem || !right.hasStem || left.isStemUp != right.isStemUp
+        || left.scale != right.scale || left.beat->flagCount() > 0
+        || left.beat->rhythm != right.beat->rhythm)
+        return false;
+    return std::all_of(left.heads.begin(), left.heads.end(), [&](const Head &a) {
+        return std::all_of(right.heads.begin(), right.heads.end(), [&](const Head &b) {
+            return !a.isDisplaced && !b.isDisplaced && std::abs(a.line - b.line) > 1;
+        });
+    });
+}
+
 } // namespace
 
 bool isDrawn(const VoiceSource &voice)
@@ -345,6 +359,7 @@ void BarEngraver::placeVoices()
             return chords[left].isStemUp && !chords[right].isStemUp;
         });
         std::vector<Box> taken;
+        std::vector<std::size_t> owners; // of what is taken
         std::vector<std::size_t> done;
         for (const std::size_t index : order) {
             Chord &chord = chords[index];
@@ -359,20 +374,26 @@ void BarEngraver::placeVoices()
                 for (int tries = 0; tries < 8; ++tries) {
                     bool isClear = true;
                     double next = x;
-                    for (const Box &part : shape)
-                        for (const Box &box : taken)
-                            if (part.movedBy(x, 0).meets(box, -0.02)) {
+                    for (std::size_t i = 0; i < taken.size(); ++i) {
+                        const Chord &owner = chords[owners[i]];
+                        if (owner.x == x && shareStem(owner, chord))
+                            continue;
+                        for (const Box &part : shape)
+                            if (part.movedBy(x, 0).meets(taken[i], -0.02)) {
                                 isClear = false;
-                                next = std::max(next, box.right - part.left);
+                                next = std::max(next, taken[i].right - part.left);
                             }
+                    }
                     if (isClear)
                         break;
                     x = next + (next == x ? 0.2 : 0);
                 }
                 chord.x = x;
             }
-            for (const Box &part : chordShape(chord, fonts))
+            for (const Box &part : chordShape(chord, fonts)) {
                 taken.push_back(part.movedBy(chord.x, 0));
+                owners.push_back(index);
+            }
             done.push_back(index);
         }
         for (const std::size_t index : members)
