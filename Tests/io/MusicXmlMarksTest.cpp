@@ -251,6 +251,24 @@ TEST(MusicXmlMarks, noSyllableIsLost)
     EXPECT_EQ(report.unheld(), (std::map<std::string, std::uint32_t>{{"lyric", 1}}));
 }
 
+/// Some programs write a hyphen in front of a syllable that they call a word of its own.
+TEST(MusicXmlMarks, hyphensLeadToTheNextSyllable)
+{
+    ImportReport report;
+    const auto model = import(score(measure(noted("C", "", lyric("1", "begin", "mer"))
+                                            + noted("D", "", lyric("1", "single", "ry"))
+                                            + noted("E", "", lyric("1", "begin", "cap"))
+                                            + noted("F", "", lyric("1", "begin", "tains")))
+                                    + measure(noted("C", "", lyric("1", "end", "would"))
+                                              + noted("D", "", lyric("1", "end", "not")))),
+                              report);
+    EXPECT_EQ(lyricsOf(beatsOf(*model)), "1mer-|1ry|1cap-|1tains-|1would|1not");
+    EXPECT_EQ(beatsOf(*model)[1]->lyrics()[0].syllabic, Syllabic::End);
+    EXPECT_EQ(beatsOf(*model)[3]->lyrics()[0].syllabic, Syllabic::Middle);
+    EXPECT_TRUE(report.hasProblem("bar 1: a syllable behind a hyphen was joined to its word"));
+    EXPECT_TRUE(report.hasProblem("bar 2: a syllable in mid-word that none leads to was mended"));
+}
+
 TEST(MusicXmlMarks, fermatasStandAtATimeOfAllStavesAndTheLongestHolds)
 {
     const std::string text =

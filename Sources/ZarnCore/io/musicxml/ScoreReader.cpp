@@ -22,12 +22,28 @@
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/notes/LinkFaults.h>
 #include <ZarnCore/model/notes/SpanFaults.h>
+#include <ZarnCore/model/notes/Spans.h>
 
 #include <algorithm>
 
 namespace zarn::io {
 
 namespace {
+
+/// Joins a syllable behind a hyphen to its word, though it says that it stands alone: readers of
+/// the page see the hyphen.
+void joinSyllables(const Track &track, ImportContext &context)
+{
+    for (auto &[line, marks] : readSpans(track, 0, track.barCount()))
+        for (std::size_t i = 1; line.kind == SpanKind::Word && i < marks.size(); ++i) {
+            if (!marks[i - 1].leavesOpen || marks[i].needsOpen)
+                continue;
+            marks[i].needsOpen = true;
+            rewrite(line, marks[i], marks[i]);
+            context.addProblemInBar(static_cast<int>(marks[i].place.bar), {},
+                                    "a syllable behind a hyphen was joined to its word");
+        }
+}
 
 /// Takes away what leads to nothing, and says so.
 void mendLinks(const Track &track, const JoiningSigns &kinds, ImportContext &context)
@@ -37,10 +53,12 @@ void mendLinks(const Track &track, const JoiningSigns &kinds, ImportContext &con
             for (const BrokenLink &link : takeBrokenLinksOff(*staff))
                 context.addProblemInBar(static_cast<int>(link.bar), {},
                                         textOf(link.kind) + std::string(" was left out"));
-    if (kinds.spans)
-        for (const BrokenSpan &span : mendBrokenSpans(track))
-            context.addProblemInBar(static_cast<int>(span.place.bar), {},
-                                    span.text + std::string(" was mended"));
+    if (!kinds.spans)
+        return;
+    joinSyllables(track, context);
+    for (const BrokenSpan &span : mendBrokenSpans(track))
+        context.addProblemInBar(static_cast<int>(span.place.bar), {},
+                                span.text + std::string(" was mended"));
 }
 
 /// Reads one document: the parts one after another, then what they share.
