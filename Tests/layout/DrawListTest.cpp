@@ -99,7 +99,7 @@ TEST(DrawListTest, anAppendedListIsTheSameElsewhere)
 
 TEST(LayoutTest, layoutsAreComparedByValue)
 {
-    EXPECT_EQ(*zarn::test::drawnSample(), *test::drawnSample());
+    EXPECT_EQ(*zarn::test::drawnSample(), *zarn::test::drawnSample());
     Layout::Content content;
     EXPECT_THROW(Layout{content}, CoreException);
     content.font = MusicFont::builtIn();

@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: MIT
+#include "support/LaidOut.h"
+#include "support/ScoreFiles.h"
+#include "support/ViolinPiece.h"
+
+#include <ZarnLayout/draw/ZarnPolygons.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+namespace {
+
+using namespace zarn;
+using layout::MarkKind;
+using ::test::LaidOut;
+using Piece = ::test::ViolinPiece;
+using NoteValue = RhythmValue::NoteValue;
+
+} // namespace
+
+TEST(CurvesTest, tiesBowAwayFromStemsAndVoicesFromEachOther)
+{
+    for (const auto &[key, isAbove] : {std::pair<int, bool>{64, false}, {76, true}}) {
+        Piece piece;
+        Beat &first = piece.add({key}, NoteValue::Half);
+        Piece::tie(first, piece.add({key}, NoteValue::Half));
+        const LaidOut laid(*piece.model);
+        const auto ties = laid.of(MarkKind::Tie);
+        ASSERT_EQ(ties.size(), 1U);
+        const auto head = laid.of(MarkKind::NoteHead).front();
+        EXPECT_EQ(ties[0].bottom < head.y, isAbove);
+        EXPECT_EQ(ties[0].top > head.y, !isAbove);
+        EXPECT_NEAR(ties[0].left, head.left + (head.right - head.left) * 0.62, 0.02);
+    }
+    Piece piece;
+    for (unsigned voice = 0; voice < 2; ++voice) {
+        const int key = voice == 0 ? 76 : 65;
+        Beat &first = piece.add({key}, NoteValue::Half, 0, voice);
+        Piece::tie(first, piece.add({key}, NoteValue::Half, 0, voice));
+    }
+    const LaidOut laid(*piece.model);
+    const auto ties = laid.of(MarkKind::Tie);
+    ASSERT_EQ(ties.size(), 2U);
+    EXPECT_LT(ties[0].bottom, 0.5);
+    EXPECT_GT(ties[1].top, 3.5);
+}
+
+/// A tie may lead from one voice to another: it is one curve, not two that end nowhere.
+TEST(CurvesTest, tiesFindTheirEndsInOtherVoices)
+{
+    Piece piece(2);
+    piece.add({76}, NoteValue::Whole);
+    Beat &from = piece.add({65}, NoteValue::Whole, 0, 1);
+    Beat &to = piece.add({65}, NoteValue::Whole, 0, 0, 1);
+    Piece::tie(from, to);
+    const LaidOut laid(*piece.model);
+    const auto ties = laid.of(MarkKind::Tie);
+    const auto heads = laid.of(MarkKind::NoteHead);
+    ASSERT_EQ(ties.size(), 1U);
+    EXPECT_LT(ties[0].left, heads[1].right + 0.5);
+    EXPECT_GT(ties[0].right, heads.back().left - 0.5);
+}
+
+/// Ties and slurs lie on no head, rest, dot or accidental, by the outlines of both.
+TEST(CurvesTest, curvesLieOnNoInk)
+{
+    for (const std::string &path : scoreFiles()) {
+        SCOPED_TRACE(path);
+        const LaidOut laid(*readScore(path));
+        const layout::Layout &sheets = *laid.layout;
+        for (const auto &page : sheets.pages())
+            for (const auto &system : page.systems) {
+                const auto &list = system.drawing->marks;
+                std::vector<layout::Box> heads;
+                for (const auto &mark : list.marks())
+                    if (mark.kind == MarkKind::NoteHead || mark.kind == MarkKind::AugmentationDot)
+                        heads.push_back(list.box(mark, sheets.font()));
+                std::sort(
+                    heads.begin(), heads.end(),
+                    [](const layout::Box &a, const layout::Box &b) { return a.left < b.left; });
+                for (const auto &mark : list.marks()) {
+                    if (mark.kind != MarkKind::Tie && mark.kind != MarkKind::Slur)
+                        continue;
+                    const auto box = list.box(mark, sheets.font());
+                    const auto polygons = polygonsOf(list, mark, 24);
+                    for (const layout::Box &head : heads) {
+                        if (head.left > box.right)
+                            break;
+                        // The middle of a head, which its ink fills whatever its shape is.
+                        const double x = (head.left + head.right) / 2.0;
+                        const double y = (head.top + head.bottom) / 2.0;
+                        const double width = (head.right - head.left) * 0.3;
+                        const double height = (head.bottom - head.top) * 0.3;
+                        for (const auto &polygon : polygons)
+                            for (const layout::Point &point : polygon)
+                                EXPECT_FALSE(std::abs(point.x - x) < width
+                                             && std::abs(point.y - y) < height)
+                                    << "bar " << mark.place.bar << ", track " << mark.place.track;
+                    }
+                }
+            }
+    }
+}
+
+/// A slur from a grace note runs beside the heads, whatever the stem of the main note.
+TEST(CurvesTest, slursOfGraceNotesStayAtTheHeads)
+{
+    for (const int key : {67, 76}) {
+        Piece piece;
+        Beat &grace = piece.add({key + 2}, NoteValue::Eighth);
+        grace.setGraceType(GraceType::BeforeBeat);
+        grace.setSlurredToNext(true);
+        piece.add({key}, NoteValue::Whole).setSlurredToPrevious(true);
+        Piece down;
+        Beat &other = down.add({key + 2}, NoteValue::Eighth);
+        other.setGraceType(GraceType::BeforeBeat);
+        other.setSlurredToNext(true);
+        down.add({key}, NoteValue::Quarter).setSlurredToPrevious(true);
+        for (const Piece *each : {&piece, &down}) {
+            const LaidOut laid(*each->model);
+            const auto slurs = laid.of(MarkKind::Slur);
+            const auto heads = laid.of(MarkKind::NoteHead);
+            ASSERT_EQ(slurs.size(), 1U);
+            ASSERT_EQ(heads.size(), 2U);
+            EXPECT_LT(slurs[0].bottom, std::max(heads[0].bottom, heads[1].bottom) + 1.5) << key;
+            EXPECT_GT(slurs[0].top, std::min(heads[0].top, heads[1].top)) << key;
+            EXPECT_LT(slurs[0].right, heads[1].right) << key;
+        }
+    }
+}

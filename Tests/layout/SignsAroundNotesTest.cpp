@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: MIT
+#include "support/LaidOut.h"
+#include "support/ViolinPiece.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+using namespace zarn;
+using layout::MarkKind;
+using ::test::LaidOut;
+using Piece = ::test::ViolinPiece;
+using NoteValue = RhythmValue::NoteValue;
+
+} // namespace
+
+/// Words as programs write them: characters and names of music fonts among letters, and tags.
+TEST(SignsAroundNotesTest, signsAmongWordsAreOfTheMusicFont)
+{
+    Piece piece;
+    Beat &beat = piece.add({72}, NoteValue::Whole);
+    beat.setText("D.S. <font face=\"Text\">\uE047</font> al <sym>coda</sym><b>!</b> 2 < 3 \uF8F0");
+    Syllable syllable;
+    syllable.text = "ne\uE551en\u00A0 ";
+    beat.setLyrics({syllable});
+    const LaidOut laid(*piece.model);
+    std::vector<std::string> words;
+    double end = -1e9;
+    for (const auto &mark : laid.of(MarkKind::Text)) {
+        words.push_back(mark.glyph.empty() ? mark.text : mark.glyph);
+        EXPECT_GE(mark.left, end - 0.05) << words.back();
+        end = mark.right;
+        EXPECT_LT(mark.bottom - mark.top, 2.5) << words.back();
+    }
+    EXPECT_EQ(words, (std::vector<std::string>{"D.S. ", "segno", " al ", "coda", "! 2 < 3 "}));
+    ASSERT_EQ(laid.layout->problems().size(), 1U);
+    EXPECT_EQ(laid.layout->problems()[0].message, "The music font has no sign U+F8F0.");
+
+    const auto sung = laid.of(MarkKind::Lyric);
+    ASSERT_EQ(sung.size(), 3U);
+    EXPECT_EQ(sung[1].glyph, "lyricsElision");
+    EXPECT_EQ(sung[2].text, "en");
+    const auto head = laid.of(MarkKind::NoteHead).front();
+    EXPECT_NEAR(sung.front().left + sung.back().right, head.left + head.right, 0.3);
+}
+
+TEST(SignsAroundNotesTest, dynamicsStandAboveWhatIsSung)
+{
+    for (const bool isSung : {false, true}) {
+        Piece piece;
+        Beat &beat = piece.add({72}, NoteValue::Whole);
+        BeatMarks marks = beat.marks();
+        marks.setDynamic(NoteDynamic(NoteDynamic::Value::F));
+        beat.setMarks(marks);
+        Syllable syllable;
+        syllable.text = "la";
+        if (isSung)
+            beat.setLyrics({syllable});
+        const auto dynamic = LaidOut(*piece.model).of(MarkKind::Dynamic).front();
+        EXPECT_EQ(dynamic.bottom < 0, isSung);
+        EXPECT_EQ(dynamic.top > 4, !isSung);
+    }
+}
+
+TEST(SignsAroundNotesTest, theHeaviestAccentsStandAboveTheirNotes)
+{
+    for (const int key : {62, 79}) {
+        Piece piece;
+        Beat &beat = piece.add({key}, NoteValue::Quarter);
+        NoteMarks marks = beat.notes()[0]->marks();
+        marks.setAccents(AccentFlag::HeavyAccent);
+        beat.notes()[0]->setMarks(marks);
+        const LaidOut laid(*piece.model);
+        const auto accents = laid.of(MarkKind::Articulation);
+        ASSERT_EQ(accents.size(), 1U);
+        EXPECT_LT(accents[0].bottom, laid.of(MarkKind::NoteHead)[0].top);
+        EXPECT_LT(accents[0].bottom, 0.0);
+    }
+}
+
+TEST(SignsAroundNotesTest, chordSymbolsShowSharpsAndFlats)
+{
+    for (const auto &[typed, printed] :
+         std::vector<std::pair<std::string, std::string>>{{"Ebm7b5/Bb", "E\u266Dm7\u266D5/B\u266D"},
+                                                          {"F#7#9", "F\u266F7\u266F9"},
+                                                          {"Bbb", "B\u266D\u266D"},
+                                                          {"Csub", "Csub"}}) {
+        Piece piece;
+        piece.add({60}, NoteValue::Whole).setChordSymbol(typed);
+        const LaidOut laid(*piece.model);
+        const auto symbols = laid.of(MarkKind::ChordSymbol);
+        ASSERT_EQ(symbols.size(), 1U);
+        EXPECT_EQ(symbols[0].text, printed);
+    }
+}
+
+/// A tuning that nobody would guess and a capo are named once, at the first system.
+TEST(SignsAroundNotesTest, unusualStringsAreNamedInFrontOfTheMusic)
+{
+    const auto textsOf = [](std::initializer_list<unsigned> pitches, std::uint8_t capo) {
+        ScoreModel model;
+        model.createAndInsertTrack(0, InstrumentSet::steelGuitar);
+        model.insertEmptyBarColumns(0, 60);
+        model.track(0)->staff(0)->setTuning(GuitarTuning(pitches));
+        model.track(0)->staff(0)->setCapoFret(capo);
+        std::vector<std::string> texts;
+        for (const auto &mark : LaidOut(model).of(MarkKind::Tuning))
+            texts.push_back(mark.text);
+        return texts;
+    };
+    using Texts = std::vector<std::string>;
+    EXPECT_EQ(textsOf({40, 45, 50, 55, 59, 64}, 0), Texts());
+    EXPECT_EQ(textsOf({40, 45, 50, 55, 59, 64}, 3), Texts{"Capo 3"});
+    EXPECT_EQ(textsOf({38, 45, 50, 55, 59, 64}, 2), Texts{"Tuning: D A D G B E, capo 2"});
+}
+
+/// An octave sign that goes on in the next system has no hook at its end, and a reminder there.
+TEST(SignsAroundNotesTest, octaveSignsGoOnInTheNextSystem)
+{
+    Piece piece(3);
+    for (unsigned bar = 0; bar < 3; ++bar)
+        for (int i = 0; i < 4; ++i)
+            piece.add({88}, NoteValue::Quarter, 0, 0, bar).setOttavia(Ottavia::_8va);
+    piece.model->setFullScoreSystemsLayout({2, 1});
+    const LaidOut laid(*piece.model);
+    ASSERT_EQ(laid.systemCount, 2U);
+    unsigned reminders = 0;
+    for (const auto &mark : laid.of(MarkKind::Enclosure)) {
+        EXPECT_EQ(mark.system, 1U);
+        ++reminders;
+    }
+    EXPECT_EQ(reminders, 2U);
+    unsigned hooks = 0;
+    for (const auto &mark : laid.of(MarkKind::Ottava))
+        if (mark.glyph.empty() && mark.bottom - mark.top > 1) {
+            EXPECT_EQ(mark.system, 1U);
+            ++hooks;
+        }
+    EXPECT_EQ(hooks, 1U);
+}
+
+/// What a beat shows is when it is played, behind repeats and at the tempo of the score.
+TEST(SignsAroundNotesTest, beatsShowWhenTheyArePlayed)
+{
+    Piece piece(3);
+    for (unsigned bar = 0; bar < 3; ++bar)
+        piece.add({64}, NoteValue::Whole, 0, 0, bar).setTimer(bar != 1);
+    piece.model->masterTrack()->masterBars()[1]->setRepeatCount(17);
+    const LaidOut laid(*piece.model);
+    std::vector<std::string> texts;
+    for (const auto &mark : laid.of(MarkKind::Timer))
+        texts.push_back(mark.text);
+    // 34 bars of two seconds are played before the last one.
+    EXPECT_EQ(texts, (std::vector<std::string>{"0:00", "1:08"}));
+    EXPECT_TRUE(laid.layout->problems().empty());
+}
