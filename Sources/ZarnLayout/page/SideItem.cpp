@@ -2,6 +2,7 @@
 #include <ZarnLayout/page/SideItem.h>
 
 #include <algorithm>
+#include <cmath>
 #include <map>
 
 namespace zarn::engraving {
@@ -25,8 +26,9 @@ double baseLine(const RowDraft &row, const SideItem &item)
     return y;
 }
 
-/// Words that a bar line would run through make way for it, as long as they stay near their note.
-void clearBarLines(const RowDraft &row, SideItem &item)
+/// Words that a bar line would run through make way for it, as long as they stay near their note,
+/// and off their neighbours where they share a line with them.
+void clearBarLines(const RowDraft &row, SideItem &item, const SideItems &all)
 {
     constexpr double farthest = 4;
     constexpr double gap = 0.25;
@@ -34,8 +36,7 @@ void clearBarLines(const RowDraft &row, SideItem &item)
     if (item.side == Side::Above ? !row.hasLinesAbove : !row.hasLinesBelow)
         return;
     for (Ink &ink : item.inks) {
-        if (ink.shape != Ink::Shape::Text || ink.kind == MarkKind::Lyric
-            || ink.kind == MarkKind::ChordSymbol)
+        if (ink.shape != Ink::Shape::Text || ink.kind == MarkKind::Lyric)
             continue;
         for (const double line : row.barLines) {
             const double left = ink.box.right - (line - gap);
@@ -44,8 +45,18 @@ void clearBarLines(const RowDraft &row, SideItem &item)
                 continue;
             // Behind the last line is no room.
             const bool goesLeft = left <= right || line == row.barLines.back();
-            if ((goesLeft ? left : right) <= farthest)
-                ink.move(goesLeft ? -left : right, 0);
+            const double way = goesLeft ? -left : right;
+            const Box there = ink.box.movedBy(way, 0);
+            const bool meets =
+                item.line != 0 && std::any_of(all.begin(), all.end(), [&](const SideItem &other) {
+                    return &other != &item && other.line == item.line
+                        && std::any_of(other.inks.begin(), other.inks.end(), [&](const Ink &word) {
+                               return there.left < word.box.right + gap
+                                   && word.box.left < there.right + gap;
+                           });
+                });
+            if (std::abs(way) <= farthest && !meets)
+                ink.move(way, 0);
             break;
         }
     }
@@ -75,7 +86,7 @@ void partNeighbours(SideItems &items)
 void place(RowDraft &row, SideItems items)
 {
     for (SideItem &item : items)
-        clearBarLines(row, item);
+        clearBarLines(row, item, items);
     partNeighbours(items);
     std::map<std::pair<int, Side>, double> lines;
     for (const SideItem &item : items) {
