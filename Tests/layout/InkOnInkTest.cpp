@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/LaidOut.h"
 #include "support/SmallScore.h"
+#include "support/ViolinPiece.h"
 
 #include <ZarnLayout/draw/ZarnPolygons.h>
 
@@ -13,6 +14,7 @@ namespace {
 using namespace zarn;
 using layout::MarkKind;
 using ::test::LaidOut;
+using ::test::ViolinPiece;
 using NoteValue = RhythmValue::NoteValue;
 
 std::shared_ptr<Beat> beat(NoteValue value, int string, int fret)
@@ -121,4 +123,92 @@ TEST(InkOnInkTest, restsKeepOffTheBeamsOfOtherVoices)
         for (const MarkKind kind : {MarkKind::Beam, MarkKind::Stem, MarkKind::NoteHead})
             for (const auto &mark : laid.of(kind))
                 EXPECT_FALSE(meet(rest, mark));
+}
+
+/// Where rhythm is written at tablature, a note without a stem has its dots beside the number.
+TEST(InkOnInkTest, dotsOfWholeNotesStandBesideTheirNumbers)
+{
+    SmallScore small;
+    TrackNotations notations;
+    notations.standard = false;
+    notations.tablature = true;
+    small.model.track(0)->setChosenNotations(notations);
+    Voice &voice = *small.model.track(0)->bar(5)->ensureVoice(0);
+    voice.addBeat(beat(NoteValue::Whole, 5, 3));
+    voice.beat(0)->setRhythmValue(RhythmValue(NoteValue::Whole, 2));
+    const LaidOut laid(small.model);
+    unsigned dots = 0;
+    for (const auto &dot : laid.of(MarkKind::AugmentationDot)) {
+        ++dots;
+        for (const auto &fret : laid.of(MarkKind::Fret))
+            if (fret.place.bar == dot.place.bar && fret.place.track == dot.place.track) {
+                EXPECT_GT(dot.left, fret.right);
+                EXPECT_LT(dot.left, fret.right + 2);
+                EXPECT_GT(dot.bottom, fret.top);
+            }
+    }
+    EXPECT_EQ(dots, 2U);
+}
+
+/// Strokes between two notes stay in their bar, also where the second note is in the next one.
+TEST(InkOnInkTest, tremolosEndAtTheBarLine)
+{
+    ViolinPiece piece(2);
+    for (unsigned bar = 0; bar < 2; ++bar)
+        for (unsigned half = 0; half < 2; ++half) {
+            Beat &made = piece.add({72}, NoteValue::Half, 0, 0, bar);
+            BeatMarks marks = made.marks();
+            marks.setTremoloToNext(bar == 0 && half == 1 ? 3 : 0);
+            made.setMarks(marks);
+        }
+    piece.model->masterTrack()->masterBars()[1]->setConcertKeySignature(
+        KeySignature(-6, true, true));
+    const LaidOut laid(*piece.model);
+    const auto lines = laid.of(MarkKind::BarLine);
+    const auto strokes = laid.of(MarkKind::Tremolo);
+    ASSERT_EQ(strokes.size(), 3U);
+    ASSERT_FALSE(lines.empty());
+    for (const auto &stroke : strokes)
+        EXPECT_LT(stroke.right, lines.front().left);
+}
+
+/// The sign that stands for two bars makes way for a clef at the line between them.
+TEST(InkOnInkTest, theSignForTwoBarsKeepsOffClefs)
+{
+    ViolinPiece piece(4);
+    for (unsigned bar = 0; bar < 4; ++bar)
+        piece.add({72}, NoteValue::Whole, 0, 0, bar);
+    Track &track = *piece.model->track(0);
+    track.bar(2)->setSimileMark(SimileMark::FirstOfDouble);
+    track.bar(3)->setSimileMark(SimileMark::SecondOfDouble);
+    track.bar(3)->setClef(ClefType::F4);
+    const LaidOut laid(*piece.model);
+    const auto similes = laid.of(MarkKind::Simile);
+    ASSERT_EQ(similes.size(), 1U);
+    for (const auto &clef : laid.of(MarkKind::Clef))
+        EXPECT_FALSE(meet(similes.front(), clef));
+}
+
+/// Chords without strings slide as wholes: each note to the one of its rank.
+TEST(InkOnInkTest, slidesOfAChordAreParallel)
+{
+    ViolinPiece piece;
+    for (const int up : {0, 2}) {
+        Beat &chord = piece.add({62 + up, 69 + up, 76 + up}, NoteValue::Half);
+        for (const auto &note : chord.notes()) {
+            NoteMarks marks = note->marks();
+            marks.setSlideOut(up == 0 ? SlideOut::Shift : SlideOut::None);
+            note->setMarks(marks);
+        }
+    }
+    const LaidOut laid(*piece.model);
+    const auto slides = laid.of(MarkKind::Slide);
+    ASSERT_EQ(slides.size(), 3U);
+    for (const auto &slide : slides) {
+        EXPECT_NEAR(slide.bottom - slide.top, slides[0].bottom - slides[0].top, 0.01);
+        for (const auto &other : slides)
+            if (&other != &slide) {
+                EXPECT_FALSE(meet(slide, other));
+            }
+    }
 }

@@ -25,6 +25,19 @@ double scaleOf(const BeatSource &beat)
     return beat.isGrace() ? graceScale : beat.marks.isCue() ? cueScale : 1;
 }
 
+/// Whether two heads of a chord need places beside each other: seconds do, and tall heads that
+/// are little farther apart. The sides of breves may touch where those are a third apart.
+bool meet(const Head &left, const Head &right, double scale, const Fonts &fonts)
+{
+    if (std::abs(left.line - right.line) <= 1)
+        return true;
+    constexpr double mostShared = 0.3;
+    const Head &upper = left.y < right.y ? left : right;
+    const Head &lower = left.y < right.y ? right : left;
+    return upper.y + fonts.box(upper.glyph).bottom * scale
+        > lower.y + fonts.box(lower.glyph).top * scale + mostShared;
+}
+
 /// Whether two chords of different voices may share their heads.
 bool shareHeads(const Chord &left, const Chord &right)
 {
@@ -263,20 +276,19 @@ void BarEngraver::placeHeads(Chord &chord)
     }
     // From the end of the stem that is at a head, every other note of a cluster goes to the far
     // side; what finds no room on either side, as the third of one line does, stands beside both.
-    constexpr int nowhere = -1000;
     const auto count = chord.heads.size();
-    int usual = nowhere;
-    int far = nowhere;
+    const Head *usual = nullptr;
+    const Head *far = nullptr;
     double right = chord.width;
     for (std::size_t step = 0; step < count; ++step) {
         Head &head = chord.heads[chord.isStemUp ? step : count - 1 - step];
-        head.isDisplaced = usual != nowhere && std::abs(head.line - usual) <= 1;
+        head.isDisplaced = usual && meet(*usual, head, chord.scale, fonts);
         if (!head.isDisplaced) {
             head.x = chord.isStemUp ? chord.width - head.width : 0;
-            usual = head.line;
-        } else if (far == nowhere || std::abs(head.line - far) > 1) {
+            usual = &head;
+        } else if (!far || !meet(*far, head, chord.scale, fonts)) {
             head.x = chord.isStemUp ? chord.width - fonts.stem() : fonts.stem() - head.width;
-            far = head.line;
+            far = &head;
         } else {
             constexpr double gap = 0.15;
             head.x = right + gap;

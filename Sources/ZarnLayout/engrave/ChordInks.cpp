@@ -342,6 +342,9 @@ void ChordInks::addDots(const Chord &chord, double right, std::set<int> &taken, 
     if (chord.isRest()) {
         double y = _row.height() / 2 - 0.5 * _row.lineDistance;
         places.push_back(y + chord.restShift);
+    } else if (_row.notation == Notation::Tablature && !chord.hasStem) {
+        // Beside the lowest number, off its string.
+        places.push_back(chord.bottom() - 0.5 * _row.lineDistance);
     } else if (_row.notation == Notation::Tablature) {
         // Beside the stem, where it begins: beams are at its other end.
         places.push_back(chord.stemRoot + (chord.isStemUp ? -0.45 : 0.45));

@@ -406,7 +406,9 @@ void addTremolos(RowDraft &row, const SystemDraft &draft)
             continue;
         const double gap = 0.75;
         const double left = std::max(rightInkOf(draft, row, chord), chord.stemX()) + 0.4;
-        const double right = std::min(leftInkOf(draft, row, *next), next->stemX()) - 0.4;
+        // Strokes end at the line of their bar: what stands behind it has no room for them.
+        const double line = draft.bars[chord.shownBar - draft.first].right;
+        const double right = std::min({leftInkOf(draft, row, *next), next->stemX(), line}) - 0.4;
         double y0 = chord.chord->hasStem ? chord.stemTip + inward * 0.9 : chord.top() - 1.5;
         double y1 = next->chord->hasStem ? next->stemTip + inward * 0.9 : next->top() - 1.5;
         // Strokes lean as little as beams do, however far apart their notes are.

@@ -10,19 +10,19 @@ namespace zarn::engraving {
 
 namespace {
 
-const Head *headOnString(const PlacedChord &chord, const NoteSource &note)
+/// Where a link of a note ends in another chord: on its string; without one on the note of the
+/// same rank, counted from the lowest, so that chords move as wholes.
+const Head *endIn(const PlacedChord &chord, const NoteSource &note, std::size_t rank)
 {
-    const Head *any = nullptr;
-    for (const Head &head : chord.chord->heads) {
-        if (chord.beat().noteCount == 0)
-            return nullptr;
-        const NoteSource &other = chord.note(head);
-        if (note.string >= 0 && other.string == note.string)
+    const auto &heads = chord.chord->heads;
+    if (chord.beat().noteCount == 0 || heads.empty())
+        return nullptr;
+    if (note.string < 0)
+        return &heads[std::min(rank, heads.size() - 1)];
+    for (const Head &head : heads)
+        if (chord.note(head).string == note.string)
             return &head;
-        if (note.string < 0)
-            any = any ? any : &head;
-    }
-    return any;
+    return nullptr;
 }
 
 class StringLinkDrawer {
@@ -37,7 +37,7 @@ public:
                 continue;
             for (const Head &head : chord.chord->heads) {
                 const NoteSource &note = chord.note(head);
-                const auto [target, end] = targetOf(i, note);
+                const auto [target, end] = targetOf(i, head);
                 if (note.marks.isHopo())
                     addHopo(chord, head, target, end);
                 addSlides(chord, head, note, target, end);
@@ -47,13 +47,15 @@ public:
 
 private:
     std::pair<const PlacedChord *, const Head *> targetOf(std::size_t number,
-                                                          const NoteSource &note) const
+                                                          const Head &from) const
     {
+        const NoteSource &note = _row.chords[number].note(from);
+        const auto rank = static_cast<std::size_t>(&from - _row.chords[number].chord->heads.data());
         for (std::size_t i = number + 1; i < _row.chords.size(); ++i) {
             const PlacedChord &chord = _row.chords[i];
             if (chord.chord->voice != _row.chords[number].chord->voice || chord.chord->isRest())
                 break;
-            if (const Head *head = headOnString(chord, note))
+            if (const Head *head = endIn(chord, note, rank))
                 return {&chord, head};
         }
         return {nullptr, nullptr};
@@ -155,7 +157,8 @@ private:
                 return;
             double from = head.y;
             double to = end ? end->y : head.y;
-            if (isTab || to == from) {
+            // Level beside the tie of its note: that keeps off one line.
+            if (isTab || (to == from && !note.marks.isTieOrigin())) {
                 const int step = end && target->note(*end).fret < note.fret ? -1 : 1;
                 from += step * 0.4;
                 to -= step * 0.4;

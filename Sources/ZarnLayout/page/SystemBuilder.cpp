@@ -58,20 +58,27 @@ void addRests(RowDraft &row, std::vector<Inks> rests, const Pen &pen)
             continue;
         const bool isWhole = rest.front().glyph == pen.fonts().glyph(Sign::RestWhole);
         const double gap = isWhole ? 0.3 : 0.1;
-        const double step = rest.front().place.voice % 2 == 0 ? -1 : 1;
-        const auto isFree = [&](double shift) {
-            return std::all_of(rest.begin(), rest.end(), [&](const Ink &ink) {
-                const Box box = ink.box.movedBy(0, shift);
+        const double outward = rest.front().place.voice % 2 == 0 ? -1 : 1;
+        const auto moved = [&](double shift) {
+            Inks inks = rest;
+            move(inks, 0, shift);
+            fitToStaff(inks, *row.row, pen);
+            return inks;
+        };
+        const auto isFree = [&](const Inks &inks) {
+            return std::all_of(inks.begin(), inks.end(), [&](const Ink &ink) {
+                const Box &box = ink.box;
                 return field.isFree(
                     {box.left - gap, box.top - gap, box.right + gap, box.bottom + gap});
             });
         };
-        int steps = 0;
-        while (steps < farthest && !isFree(step * steps))
-            ++steps;
-        if (steps < farthest)
-            move(rest, 0, step * steps);
-        fitToStaff(rest, *row.row, pen);
+        // Away from the other voices; towards them where there is nothing but their ink.
+        Inks free;
+        for (const double step : {outward, -outward})
+            for (int steps = 0; steps < farthest && free.empty(); ++steps)
+                if (Inks inks = moved(step * steps); isFree(inks))
+                    free = std::move(inks);
+        rest = free.empty() ? moved(0) : std::move(free);
         field.add(rest);
         row.add(std::move(rest));
     }
@@ -362,9 +369,13 @@ void SystemBuilder::placeRow(SystemDraft &draft, RowDraft &row) const
                 ink.kind == MarkKind::Simile && ink.glyph == _pen.fonts().glyph(Sign::Repeat2Bars);
             // The sign for two bars stands on the line between them, or in front of it where that
             // has no room: at the end of a system, or beside a clef.
-            const bool hasRoom = bar.shownBar + 1 < draft.end
+            double before = bar.right;
+            for (const auto &clef : engraved.clefs)
+                if (clef.column >= bar.columns.size())
+                    before -= 0.4 + clef.ink.box.width();
+            const bool hasRoom = bar.shownBar + 1 < draft.end && before == bar.right
                 && !changesClef(_score.source(row.number, bar.shownBar + 1));
-            const double onLine = hasRoom ? bar.right : bar.right - 0.4 - ink.box.right;
+            const double onLine = hasRoom ? bar.right : before - 0.4 - ink.box.right;
             ink.move(isOnLine ? onLine : middleOf(bar, engraved), 0);
             if (ink.kind == MarkKind::Rest && !engraved.chords.empty())
                 rests.push_back({std::move(ink)});

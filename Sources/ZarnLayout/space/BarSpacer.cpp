@@ -231,6 +231,11 @@ SpacedBar spaceBar(const std::vector<EngravedBar *> &rows,
     if (count > 0)
         byTo[count + 1].push_back({count, count + 1, head + gapToBarLine + clefsAtEnd});
     byTo[count + 1].push_back({0, count + 1, bar.emptyWidth * (count == 0 ? 0.7 : 0.4)});
+    // What stands in the middle of a bar keeps off the clef at its end.
+    if (clefsAtEnd > 0)
+        for (const EngravedBar *row : rows)
+            if (!row->centred.empty())
+                byTo[count + 1].push_back({0, count + 1, row->centredWidth + clefsAtEnd + 1.2});
     if (column.endings != 0) {
         // Bars under an ending are as long as its numbers.
         const double words =
