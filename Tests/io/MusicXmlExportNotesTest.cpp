@@ -69,6 +69,18 @@ TEST(MusicXmlExportNotes, aFrettedTrackIsTwoStavesAndOneAgain)
     EXPECT_EQ(copy->track(0)->staffCount(), 1U);
     EXPECT_FALSE(copy->track(0)->chosenNotations());
     EXPECT_EQ(copy->track(0)->staff(0)->tuning(), model.track(0)->staff(0)->tuning());
+    // In one notation it is one staff, and keeps the strings.
+    for (const TrackNotations notations :
+         {TrackNotations{true, false, false}, TrackNotations{false, true, false}}) {
+        model.track(0)->setChosenNotations(notations);
+        const Exported alone(model);
+        EXPECT_FALSE(alone.has("//staves"));
+        EXPECT_EQ(alone.all("//clef/sign"), notations.standard ? "G" : "TAB");
+        const auto again = readFrom(alone.text());
+        EXPECT_TRUE(again->track(0)->notations() == notations);
+        EXPECT_EQ(again->track(0)->staff(0)->tuning(), model.track(0)->staff(0)->tuning());
+        EXPECT_EQ(again->track(0)->bar(0)->voice(0)->beat(0)->note(0)->string(), 0);
+    }
 }
 
 TEST(MusicXmlExportNotes, percussionIsUnpitchedWithAnInstrumentForEachKey)

@@ -39,15 +39,20 @@ TEST(MusicXmlExport, whatOnlyThisScoreSaysIsTold)
     master.masterBar(1)->setDoubleBar(true);
     master.masterBar(1)->setBarLine(BarLine::Dashed);
     master.masterBar(2)->setFermatas({FermataMark::at({1, 7}, Fermata::Long)});
+    master.masterBar(2)->setDoubleBar(true);
+    master.masterBar(2)->setRepeatCount(2);
+    model.track(0)->setChosenNotations(TrackNotations{false, true, false});
+    model.track(1)->staff(0)->setTuning({});
     model.track(0)->bar(1)->voice(0)->beat(1)->setSlashedGrace(true);
     io::ExportReport report;
     io::MusicXmlExporter().toText(model, report);
     for (const char *const kind :
          {"MIDI port and channels", "automation that is bypassed", "systems past the last bar",
           "start of a movement at the first bar", "bar line under another one",
-          "fermata over no beat", "stroke through a beat that is no grace beat"})
+          "fermata over no beat", "stroke through a beat that is no grace beat",
+          "double bar under a repeat sign", "clef of a staff without notation"})
         EXPECT_EQ(report.unheld().count(kind), 1U) << kind;
-    EXPECT_EQ(report.unheld().size(), 7U);
+    EXPECT_EQ(report.unheld().size(), 9U);
 }
 
 TEST(MusicXmlExport, aFirstBarWithMoreInAnotherPartIsNotFilledUp)

@@ -16,16 +16,14 @@ namespace zarn::io {
 
 namespace {
 
-/// A tablature has no clef of its own: its music is written as for the instruments that use it.
-WrittenClef clefOfTablature(WrittenClef clef, const WrittenStaff &staff)
+WrittenClef withClefOfTablature(WrittenClef clef, const WrittenStaff &staff)
 {
-    constexpr int lowestOfGuitar = 35;
-    constexpr int lowestOfSmall = 48;
-    const int lowest = staff.tuning.empty()
-        ? lowestOfGuitar
-        : *std::min_element(staff.tuning.begin(), staff.tuning.end());
-    clef.clef = lowest < lowestOfGuitar ? ClefType::F4 : ClefType::G2;
-    clef.ottavia = lowest < lowestOfSmall ? Ottavia::_8vb : Ottavia::None;
+    const auto usual = clefOfTablature(
+        staff.tuning.empty()
+            ? std::nullopt
+            : std::optional<int>(*std::min_element(staff.tuning.begin(), staff.tuning.end())));
+    clef.clef = usual.clef;
+    clef.ottavia = usual.ottavia;
     return clef;
 }
 
@@ -141,13 +139,22 @@ void setArticulations(const InstrumentSet &set, const Staff::Bars &bars)
 
 } // namespace
 
+ClefAndOttavia clefOfTablature(std::optional<int> lowestString)
+{
+    constexpr int lowestOfGuitar = 35;
+    constexpr int lowestOfSmall = 48;
+    const int lowest = lowestString.value_or(lowestOfGuitar);
+    return {lowest < lowestOfGuitar ? ClefType::F4 : ClefType::G2,
+            lowest < lowestOfSmall ? Ottavia::_8vb : Ottavia::None};
+}
+
 void setClefs(const PartFacts &facts, StaffBars &staves, ImportContext &context)
 {
     std::vector<std::vector<WrittenClef>> changes(staves.size());
     for (const auto &clef : facts.clefs) {
         const auto staff = static_cast<std::size_t>(clef.staff);
         if (staff < changes.size())
-            changes[staff].push_back(clef.tablature ? clefOfTablature(clef, facts.staves[staff])
+            changes[staff].push_back(clef.tablature ? withClefOfTablature(clef, facts.staves[staff])
                                                     : clef);
     }
     for (std::size_t staff = 0; staff < staves.size(); ++staff) {
@@ -225,6 +232,11 @@ std::shared_ptr<Track> makeTrack(InstrumentSet::Type type, const ListedPart &par
         if (!(track->notations() == notations))
             track->setChosenNotations(notations);
     }
+    // Who names the strings of a staff with notes and draws no tablature wants none.
+    const bool isWithoutTablature =
+        std::none_of(facts.staves.begin(), facts.staves.end(), isTablature)
+        && std::any_of(facts.staves.begin(), facts.staves.end(),
+                       [](const WrittenStaff &staff) { return !staff.tuning.empty(); });
     // Frets that nobody wrote are not shown.
     const auto hasAny = [&track](auto isWanted) {
         return std::any_of(
@@ -232,9 +244,10 @@ std::shared_ptr<Track> makeTrack(InstrumentSet::Type type, const ListedPart &par
             [&isWanted](const auto &staff) { return anyNote(staff->bars(), isWanted); });
     };
     if (track->notations().tablature
-        && std::none_of(facts.staves.begin(), facts.staves.end(), isTablature)
-        && hasAny([](const Note &) { return true; })
-        && !hasAny([](const Note &note) { return note.string() >= 0; }))
+        && (isWithoutTablature
+            || (std::none_of(facts.staves.begin(), facts.staves.end(), isTablature)
+                && hasAny([](const Note &) { return true; })
+                && !hasAny([](const Note &note) { return note.string() >= 0; }))))
         track->setChosenNotations(TrackNotations());
     track->setVolumePan({part.volume.value_or(1.0F), part.pan.value_or(0.0F)});
     if (part.program != ListedPart::NoProgram)

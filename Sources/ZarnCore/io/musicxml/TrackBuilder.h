@@ -6,6 +6,7 @@
 #include <ZarnCore/model/ZarnStaff.h>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace zarn {
@@ -20,6 +21,10 @@ struct PartTally;
 
 /// Bars of one part, by staff.
 using StaffBars = std::vector<Staff::Bars>;
+
+/// A tablature has no clef of its own: its music is written as for the instruments that use it,
+/// by the MIDI key of the lowest string, where that is known.
+ClefAndOttavia clefOfTablature(std::optional<int> lowestString);
 
 /// Gives every bar the clef and ottava that hold at its start, and the changes inside of it.
 void setClefs(const PartFacts &facts, StaffBars &staves, ImportContext &context);

@@ -2,6 +2,7 @@
 #include <ZarnCore/io/musicxml/writer/UnheldCounter.h>
 
 #include <ZarnCore/instruments/effects/ZarnMastering.h>
+#include <ZarnCore/io/musicxml/TrackBuilder.h>
 #include <ZarnCore/io/musicxml/writer/ExportContext.h>
 #include <ZarnCore/io/musicxml/writer/PartPlan.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
@@ -46,6 +47,7 @@ void countBar(const MasterBar &bar, const ScoreModel &model, ExportContext &cont
                         "start of a movement at the first bar");
     context.addUnheldIf(bar.barLine() != BarLine() && (bar.hasDoubleBar() || bar.isRepeatEnd()),
                         "bar line under another one");
+    context.addUnheldIf(bar.hasDoubleBar() && bar.isRepeatEnd(), "double bar under a repeat sign");
     for (const auto &mark : bar.fermatas())
         if (!isOverBeat(mark, bar, model))
             context.addUnheld("fermata over no beat");
@@ -81,11 +83,37 @@ void countStaff(const Staff &staff, const PartPlan &part, ExportContext &context
     }
 }
 
+/// What of a staff depends on what its instrument is written in.
+void countNotation(const PartStaff &shown, const Track &plain, ExportContext &context)
+{
+    const auto &staff = *shown.staff;
+    context.addUnheldIf(!staff.isFretted() && !plain.staves().empty()
+                            && plain.staves().front()->isFretted(),
+                        "stringed instrument without strings");
+    if (!shown.isTablature || shown.isAlternate)
+        return;
+    const auto &strings = staff.tuning();
+    std::optional<int> lowest;
+    for (unsigned string = 0; string < strings.stringCount(); ++string)
+        lowest = std::min(lowest.value_or(127), static_cast<int>(strings.tuning(string)));
+    const auto usual = clefOfTablature(lowest);
+    for (const auto &bar : staff.bars())
+        if (bar->clef() != usual.clef || bar->ottavia() != usual.ottavia
+            || !bar->clefChanges().empty()) {
+            context.setPlace(context.track(), static_cast<int>(bar->index()));
+            context.addUnheld("clef of a staff without notation");
+            break;
+        }
+    context.setPlace(context.track(), -1);
+}
+
 void countTrack(const Track &track, const PartPlan &part, ExportContext &context)
 {
     const TrackSettings usual;
     const auto &settings = track.settings();
     const auto plain = ScoreModel::createTrack(track.type());
+    for (const auto &staff : part.staves())
+        countNotation(staff, *plain, context);
     context.addUnheldIf(track.color() != plain->color(), "colour of a track");
     context.addUnheldIf(!(track.iconID() == plain->iconID()), "icon of a track");
     context.addUnheldIf(track.notations().slash, "notation in slashes");
