@@ -25,6 +25,7 @@
 #include <ZarnCore/model/notes/Spans.h>
 
 #include <algorithm>
+#include <cstring>
 
 namespace zarn::io {
 
@@ -62,6 +63,19 @@ void mendLinks(const Track &track, const JoiningSigns &kinds, ImportContext &con
 }
 
 /// Reads one document: the parts one after another, then what they share.
+/// Whether a document says that it has the beginnings of all systems.
+bool hasAllSystems(pugi::xml_node root)
+{
+    const auto supported = root.child("identification").child("encoding").children("supports");
+    return std::any_of(supported.begin(), supported.end(), [](pugi::xml_node supports) {
+        const auto says = [supports](const char *attribute, const char *value) {
+            return std::strcmp(supports.attribute(attribute).value(), value) == 0;
+        };
+        return says("element", "print") && says("attribute", "new-system") && says("type", "yes")
+            && says("value", "yes");
+    });
+}
+
 class ScoreReader {
 public:
     ScoreReader(const XmlDocument &document, ImportReport &report)
@@ -225,17 +239,21 @@ void ScoreReader::fillBarsWithRests()
         }
 }
 
-/// Systems of the full score begin where some part of the document says so.
+/// Systems of the full score begin where some part of the document says so. How long the last one
+/// is the document says when it has all beginnings.
 void ScoreReader::setSystems()
 {
     std::vector<int> starts = {0};
     for (const auto &facts : _facts)
         starts.insert(starts.end(), facts.systemStarts.begin(), facts.systemStarts.end());
+    const bool isSaid = starts.size() > 1;
     std::sort(starts.begin(), starts.end());
     starts.erase(std::unique(starts.begin(), starts.end()), starts.end());
-    if (starts.size() == 1)
+    const bool hasAll = hasAllSystems(_document.root());
+    if (starts.size() == 1 && !(hasAll && isSaid))
         return;
-    starts.push_back(static_cast<int>(_barCount));
+    if (hasAll)
+        starts.push_back(static_cast<int>(_barCount));
     std::vector<int> systems;
     for (std::size_t i = 0; i + 1 < starts.size(); ++i)
         systems.push_back(starts[i + 1] - starts[i]);

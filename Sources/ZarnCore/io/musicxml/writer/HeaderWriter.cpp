@@ -5,12 +5,23 @@
 #include <ZarnCore/io/musicxml/writer/ExportContext.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
+#include <numeric>
+
 namespace zarn::io {
 
 namespace {
 
 /// Tenths of MusicXML are tenths of the space between two staff lines.
 constexpr double tenthsOfSpace = 10;
+
+/// Whether every bar is in a system that the score says the length of.
+bool hasAllSystems(const ScoreModel &model)
+{
+    const auto &systems = model.fullScoreSystemsLayout();
+    return !systems.empty()
+        && std::accumulate(systems.begin(), systems.end(), 0LL)
+        >= static_cast<long long>(model.masterTrack()->masterBarCount());
+}
 
 void writeIdentification(const ScoreModel &model, pugi::xml_node root, ExportContext &context)
 {
@@ -30,11 +41,13 @@ void writeIdentification(const ScoreModel &model, pugi::xml_node root, ExportCon
         addAttribute(supports, "element", element);
         addAttribute(supports, "type", "yes");
     }
-    auto supports = addElement(encoding, "supports");
-    addAttribute(supports, "attribute", "new-system");
-    addAttribute(supports, "element", "print");
-    addAttribute(supports, "type", "yes");
-    addAttribute(supports, "value", "yes");
+    if (hasAllSystems(model)) {
+        auto supports = addElement(encoding, "supports");
+        addAttribute(supports, "attribute", "new-system");
+        addAttribute(supports, "element", "print");
+        addAttribute(supports, "type", "yes");
+        addAttribute(supports, "value", "yes");
+    }
     pugi::xml_node miscellaneous;
     for (const auto &row : miscellaneousFields())
         if (const auto text = textOf(row.property); !text.empty()) {

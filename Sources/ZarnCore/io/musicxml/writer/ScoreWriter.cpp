@@ -40,6 +40,8 @@ std::vector<bool> systemStarts(const ScoreModel &model)
         bar += static_cast<std::size_t>(std::max(count, 0));
         if (bar < starts.size() && count > 0)
             starts[bar] = true;
+        else if (bar == starts.size() && bar == static_cast<std::size_t>(count))
+            starts[0] = true; // the only system, which would not be told otherwise
     }
     return starts;
 }
