@@ -102,8 +102,8 @@ void JumpPlacer::placeTargets(const std::vector<WrittenJump> &jumps, Kind kind,
     }
 }
 
-/// 0 for the first target, 1 for the second: the one that the jump names, else the first one in
-/// the movement of the jump. Without any, the name alone tells.
+/// 0 for the first target, 1 for the second: the one that the jump names, also where the score has
+/// the other one of the two alone; else the first one in the movement of the jump.
 int JumpPlacer::targetNumber(const std::vector<Target> &targets, const WrittenJump &jump) const
 {
     const auto movementOf = [&](int bar) {
@@ -112,12 +112,16 @@ int JumpPlacer::targetNumber(const std::vector<Target> &targets, const WrittenJu
     auto found = std::find_if(targets.begin(), targets.end(), [&](const Target &target) {
         return !jump.name.empty() && target.name == jump.name;
     });
-    if (found == targets.end())
+    const bool isSecond = jump.name == segnoNames[1] || jump.name == codaNames[1];
+    const bool isMissing = isSecond
+        || ((jump.name == segnoNames[0] || jump.name == codaNames[0]) && !targets.empty()
+            && targets.front().bar < 0);
+    if (found == targets.end() && !isMissing)
         found = std::find_if(targets.begin(), targets.end(), [&](const Target &target) {
             return target.bar >= 0 && movementOf(target.bar) == movementOf(jump.bar);
         });
     if (found == targets.end())
-        return jump.name == segnoNames[1] || jump.name == codaNames[1] ? 1 : 0;
+        return isSecond ? 1 : 0;
     return found != targets.begin() ? 1 : 0;
 }
 
