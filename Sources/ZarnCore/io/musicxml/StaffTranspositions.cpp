@@ -68,7 +68,8 @@ void StaffTranspositions::adjust(WrittenNote &note)
     if (!_ofTrack)
         _ofTrack = shiftOf(0);
     const auto shift = shiftOf(note.staff);
-    if (shift == *_ofTrack)
+    // Other steps alone are another key to read from, in which the notes are written already.
+    if (shift.chromatic == _ofTrack->chromatic)
         return;
     addToRun(shift, note);
     const int chromatic = shift.chromatic - _ofTrack->chromatic;

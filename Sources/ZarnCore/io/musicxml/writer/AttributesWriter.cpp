@@ -91,12 +91,10 @@ int AttributesWriter::write(unsigned bar, MeasureCursor &cursor)
     if (bar == 0 && staffCount > 1)
         addElement(attributes(cursor), "staves", static_cast<int>(staffCount));
     writeClefs(bar, cursor);
-    if (bar == 0) {
+    if (bar == 0)
         for (std::size_t staff = 0; staff < staffCount; ++staff)
             writeStaffDetails(staff, attributes(cursor));
-        if (_plan.track().transpositionOffset() != 0)
-            writeTranspose(attributes(cursor));
-    }
+    writeTranspose(bar, cursor);
     for (std::size_t staff = 0; staff < staffCount; ++staff)
         writeSimile(bar, staff, cursor);
     return _key.accidentalCount();
@@ -108,9 +106,13 @@ void AttributesWriter::writeKey(unsigned bar, MeasureCursor &cursor)
     if (bar > 0 && columns[bar]->concertKeySignature() == columns[bar - 1]->concertKeySignature())
         return;
     const auto key = writtenKeySignature(*_plan.track().staves().front()->bars()[bar]);
-    const bool isSame =
-        key.accidentalCount() == _key.accidentalCount() && key.isMajor() == _key.isMajor();
-    if (bar > 0 && isSame)
+    const auto isSame = [](const KeySignature &left, const KeySignature &right) {
+        return left.accidentalCount() == right.accidentalCount()
+            && left.isMajor() == right.isMajor();
+    };
+    // One key of a part that transposes may be two at concert pitch.
+    if (bar > 0 && isSame(key, _key)
+        && isSame(columns[bar]->concertKeySignature(), columns[bar - 1]->concertKeySignature()))
         return;
     _key = key;
     auto node = addElement(attributes(cursor), "key");
@@ -232,20 +234,26 @@ void AttributesWriter::writeStaffDetails(std::size_t index, pugi::xml_node node)
         addElement(details, "capo", static_cast<int>(staff.staff->capoFret()));
 }
 
-/// The steps are those between the keys, so that readers find the key at concert pitch.
-void AttributesWriter::writeTranspose(pugi::xml_node node)
+/// The steps are those between the keys, so that readers find the key at concert pitch; they change
+/// where a key of the part is written with flats instead of sharps.
+void AttributesWriter::writeTranspose(unsigned bar, MeasureCursor &cursor)
 {
     const int semitones = _plan.track().transpositionOffset();
+    if (semitones == 0)
+        return;
     const int octaves = semitones / 12;
     const int chromatic = semitones % 12;
-    const auto &concert = _master.masterBars().front()->concertKeySignature();
+    const auto &concert = _master.masterBars()[bar]->concertKeySignature();
     const int fifths = concert.accidentalCount() - _key.accidentalCount();
     int diatonic = (7 * chromatic - fifths) / 12;
     if (12 * diatonic != 7 * chromatic - fifths) {
         constexpr int usual[] = {0, 1, 1, 2, 2, 3, 3, 4, 5, 5, 6, 6};
         diatonic = chromatic < 0 ? -usual[-chromatic] : usual[chromatic];
     }
-    auto transpose = addElement(node, "transpose");
+    if (_diatonic == diatonic)
+        return;
+    _diatonic = diatonic;
+    auto transpose = addElement(attributes(cursor), "transpose");
     addElement(transpose, "diatonic", diatonic);
     addElement(transpose, "chromatic", chromatic);
     if (octaves != 0)

@@ -49,7 +49,7 @@ private:
     void writeClefs(unsigned bar, MeasureCursor &cursor);
     void writeClef(const Clef &clef, std::size_t staff, pugi::xml_node attributes);
     void writeStaffDetails(std::size_t staff, pugi::xml_node attributes);
-    void writeTranspose(pugi::xml_node attributes);
+    void writeTranspose(unsigned bar, MeasureCursor &cursor);
     void writeSimile(unsigned bar, std::size_t staff, MeasureCursor &cursor);
 
     const PartPlan &_plan;
@@ -58,6 +58,7 @@ private:
     pugi::xml_node _attributes; ///< of the bar, when there is one
     std::int64_t _divisions = 0;
     KeySignature _key;
+    std::optional<int> _diatonic; ///< steps of the transposition
     TimeSignature _time;
     std::string _beats; ///< as they were written
     bool _isFree = false;
