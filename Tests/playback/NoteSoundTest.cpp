@@ -289,6 +289,45 @@ TEST(PlanControls, aJumpSendsTheStateOfItsTarget)
     EXPECT_EQ(changes(plan, VolumeController), "127@0 64@4 127@8 64@12");
 }
 
+TEST(PlanControls, aJumpSendsNothingThatItsTargetChangesAtOnce)
+{
+    Sample sample(2); // 1 2 2
+    sample.master(1).setRepeatStart(true);
+    sample.master(1).setRepeatCount(2);
+    sample.add(Value::Whole, {60});
+    sample.add(Value::Whole, {60}, 1);
+    auto pan = Automation::create(channelStripType(ChannelStripParameter::Pan));
+    pan->setIndex(1);
+    pan->setValue(-1);
+    sample.track().mutableAutomations().insertAutomation(std::move(pan));
+    const auto plan = sample.plan();
+    EXPECT_EQ(changes(plan, PanController), "64@0 0@4 0@8");
+    EXPECT_EQ(changes(plan, VolumeController), "127@0 127@8");
+}
+
+TEST(PlanControls, levelsThatSlideGoStepByStep)
+{
+    Sample sample(2);
+    sample.add(Value::Whole, {60});
+    sample.add(Value::Whole, {60}, 1);
+    const auto add = [&](ChannelStripParameter parameter, unsigned bar, float position,
+                         float value) {
+        auto level = Automation::create(channelStripType(parameter));
+        level->setIndex(bar);
+        level->setPosition(position);
+        level->setValue(value);
+        level->setLinear(bar == 0);
+        sample.track().mutableAutomations().insertAutomation(std::move(level));
+    };
+    add(ChannelStripParameter::Pan, 0, 3, -1);
+    add(ChannelStripParameter::Pan, 1, 0, 1);
+    add(ChannelStripParameter::Volume, 0, 3.5F, 1);
+    add(ChannelStripParameter::Volume, 1, 0.5F, 0);
+    const auto plan = sample.plan();
+    EXPECT_EQ(changes(plan, PanController), "64@0 0@3 32@13/4 64@7/2 96@15/4 127@4");
+    EXPECT_EQ(changes(plan, VolumeController), "127@0 127@7/2 110@15/4 90@4 64@17/4 0@9/2");
+}
+
 TEST(PlanControls, aPedalChangeLiftsItForAMomentAndTheEndLiftsIt)
 {
     Sample sample;

@@ -227,6 +227,12 @@ private:
             send(up, played.start);
             state.erase({Kind::Controller, SustainController});
         }
+        // What changes at once is sent as it will be.
+        for (auto written = end;
+             written != _written.cend() && written->bar == played.bar && written->offset.isZero();
+             ++written)
+            if (written->kind == Kind::Program || written->number != SustainController)
+                state.erase(written->subject());
         for (const auto &[subject, written] : state)
             send(*written, played.start);
     }
