@@ -358,6 +358,37 @@ TEST(PlanControls, fadesAreExpressionFromSilence)
     EXPECT_EQ(values.substr(values.size() - 5), "127@4");
 }
 
+TEST(PlanControls, notesThatSlideAwayFadeWhereNothingElseIsHeard)
+{
+    const auto planOf = [](std::initializer_list<SlideOut> slides, bool isAlone) {
+        Sample sample(1, InstrumentSet::steelGuitar);
+        Beat &beat = sample.add(Value::Half, {});
+        int string = 0;
+        for (const SlideOut slide : slides) {
+            const auto note = std::make_shared<Note>(45 + 5 * string);
+            note->setString(string++);
+            note->setFret(5);
+            note->setSlideOut(slide);
+            note->setAccents(AccentFlag::Tenuto);
+            beat.addNote(note);
+        }
+        sample.addFretted(Value::Half, 0, 0, 40);
+        if (!isAlone)
+            sample.add(Value::Whole, {76}, 0, 1);
+        return sample.plan();
+    };
+    const std::string alone = changes(planOf({SlideOut::Downwards}, true), ExpressionController);
+    EXPECT_EQ(alone.substr(0, 19), "119@11/8 111@17/12 ") << "over the last third";
+    EXPECT_EQ(alone.substr(alone.size() - 13), "7@47/24 127@2") << "full again at the next note";
+    EXPECT_EQ(changes(planOf({SlideOut::Upwards, SlideOut::Upwards}, true), ExpressionController),
+              alone)
+        << "together";
+    for (const auto &plan :
+         {planOf({SlideOut::Downwards}, false), planOf({SlideOut::Downwards, SlideOut::None}, true),
+          planOf({SlideOut::Shift}, true), planOf({SlideOut::PickScrapeDown}, true)})
+        EXPECT_EQ(changes(plan, ExpressionController), "");
+}
+
 TEST(PlanControls, heldNotesSwellUnderHairpinsWhereTheirSoundCanGrow)
 {
     enum class Music { OneNote, SecondVoice };

@@ -196,6 +196,24 @@ TEST(NoteTimes, tremolosBetweenTwoBeatsTakeTurns)
     EXPECT_EQ(times(sample.plan()), "60:0-1/2 67:1/2-1 60:1-3/2 67:3/2-2");
 }
 
+TEST(NoteTimes, graceNotesInATremoloOfTwoBeatsLeadToTheSecondOne)
+{
+    for (const GraceType type : {GraceType::BeforeBeat, GraceType::OnBeat}) {
+        Sample sample;
+        sample.add(Value::Quarter, {60}).setTremoloToNext(2);
+        Beat &grace = sample.add(Value::Eighth, {65});
+        grace.setGraceType(type);
+        sample.add(Value::Quarter, {67});
+        sample.add(Value::Half, {72});
+        EXPECT_EQ(times(sample.plan()),
+                  type == GraceType::BeforeBeat
+                      ? "60:0-7/24 67:7/24-7/12 60:7/12-7/8 65:7/8-159/160 67:1-5/4 60:5/4-3/2 "
+                        "67:3/2-7/4 60:7/4-2 72:2-63/16"
+                      : "60:0-1/4 67:1/4-1/2 60:1/2-3/4 67:3/4-1 65:1-59/40 67:3/2-7/4 60:7/4-2 "
+                        "72:2-63/16");
+    }
+}
+
 TEST(NoteTimes, trillsAndOrnamentsAreSpelledByTheKey)
 {
     Sample trill;

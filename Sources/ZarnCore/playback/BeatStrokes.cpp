@@ -101,26 +101,34 @@ std::vector<Stroke> strokesOf(const Beat &beat, const utils::rational &length)
 }
 
 std::vector<Stroke> strokesOfPair(const Beat &first, TremoloSide side,
-                                  const utils::rational &firstLength,
-                                  const utils::rational &secondLength)
+                                  const TremoloPairTimes &times)
 {
     using Value = RhythmValue::NoteValue;
     const Value value = first.rhythmValue().getNoteValue();
     const unsigned flags = value > Value::Quarter
         ? static_cast<unsigned>(value) - static_cast<unsigned>(Value::Quarter)
         : 0;
-    const utils::rational length = firstLength + secondLength;
     const utils::rational each = tremoloStroke(first.tremoloToNext() + flags);
-    const auto count = std::max<std::int64_t>((length / each).floor(), 2);
-    const utils::rational share = bounded(length / count);
+    const bool isSecond = side == TremoloSide::Second;
     std::vector<Stroke> strokes;
-    for (std::int64_t i = side == TremoloSide::First ? 0 : 1; i < count; i += 2) {
-        Stroke stroke;
-        stroke.offset = share * i;
-        if (side == TremoloSide::Second)
-            stroke.offset -= firstLength;
-        stroke.length = share;
-        strokes.push_back(stroke);
+    const auto takeTurns = [&](const utils::rational &start, const utils::rational &length,
+                               std::int64_t least, bool isOwnTurn) {
+        const auto count = std::max<std::int64_t>((length / each).floor(), least);
+        const utils::rational share = bounded(length / count);
+        for (std::int64_t i = isOwnTurn ? 0 : 1; i < count; i += 2) {
+            Stroke stroke;
+            stroke.offset = start + share * i;
+            if (isSecond)
+                stroke.offset -= times.distance;
+            stroke.length = share;
+            strokes.push_back(stroke);
+        }
+    };
+    if (times.joint == PairJoint::Direct) {
+        takeTurns(0, times.first + times.second, 2, !isSecond);
+    } else {
+        takeTurns(0, times.first, 1, !isSecond);
+        takeTurns(times.distance, times.second, 1, isSecond);
     }
     return strokes;
 }

@@ -20,11 +20,18 @@ struct Stroke {
 std::vector<Stroke> strokesOf(const Beat &beat, const utils::rational &length);
 
 /// The strokes of one of the two beats of a tremolo between them, which take turns over the time of
-/// both; offsets of the second one count from its own start.
+/// both; offsets of the second one count from its own start. Where grace notes part them each has
+/// the turns of its own time, and the one that the grace notes lead to begins there.
 enum class TremoloSide { First, Second };
+enum class PairJoint { Direct, GraceNotes };
+struct TremoloPairTimes {
+    utils::rational first; ///< lengths
+    utils::rational second;
+    utils::rational distance; ///< from start to start
+    PairJoint joint = PairJoint::Direct;
+};
 std::vector<Stroke> strokesOfPair(const Beat &first, TremoloSide side,
-                                  const utils::rational &firstLength,
-                                  const utils::rational &secondLength);
+                                  const TremoloPairTimes &times);
 
 /// The strum that a chord of three notes and more gets by itself, `offset` quarters from the start
 /// of its bar: down on the eighths that are beats, up between them.

@@ -121,13 +121,18 @@ void BendCurve::addSlideOut(SlideOut slide, const rational &from, const rational
     const double semitones = semitonesOf(slide);
     if (semitones == 0)
         return;
-    const rational start = isScrape(slide) ? from : bounded(to - (to - from) / 3);
+    const rational start = isScrape(slide) ? from : startOfSlide(from, to);
     addPart({{{start, 0}, {to, semitones}}});
 }
 
 void BendCurve::addSlideTo(int semitones, const rational &from, const rational &to)
 {
-    addPart({{{bounded(to - (to - from) / 3), 0}, {to, static_cast<double>(semitones)}}});
+    addPart({{{startOfSlide(from, to), 0}, {to, static_cast<double>(semitones)}}});
+}
+
+rational BendCurve::startOfSlide(const rational &from, const rational &to)
+{
+    return bounded(to - (to - from) / 3);
 }
 
 PitchMotion BendCurve::motion() const

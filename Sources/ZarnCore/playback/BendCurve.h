@@ -29,6 +29,9 @@ public:
     void addSlideOut(SlideOut slide, const utils::rational &from, const utils::rational &to);
     void addSlideTo(int semitones, const utils::rational &from, const utils::rational &to);
 
+    /// When a slide begins that leaves a note, but for scrapes.
+    static utils::rational startOfSlide(const utils::rational &from, const utils::rational &to);
+
     bool isEmpty() const noexcept { return _parts.empty(); }
 
     /// The sum, within two octaves.

@@ -4,6 +4,7 @@
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/playback/HeldSwells.h>
 #include <ZarnCore/playback/ScoreSurvey.h>
+#include <ZarnCore/playback/SlideFades.h>
 #include <ZarnCore/playback/ZarnPitchMotion.h>
 #include <ZarnCore/playback/ZarnPlannedNote.h>
 #include <ZarnCore/playback/ZarnPlayedBars.h>
@@ -26,6 +27,7 @@ struct TrackPerformance {
     std::vector<PitchMotion> motions;
     std::vector<PlannedControl> controls; ///< those that belong to notes: expression, brightness
     std::vector<HeldSwell> swells;        ///< of the notes that are held under hairpins
+    std::vector<SlideFade> fades;         ///< of the notes that slide away to nowhere
     std::vector<UnknownPercussion> unknown;
     bool hasPitches = false; ///< among the notes
     bool hasPercussion = false;

@@ -32,6 +32,17 @@ bool movesPitch(const Beat &beat, const Note &note)
         || beat.barVibrato() != Vibrato::None;
 }
 
+bool slidesAway(SlideOut slide)
+{
+    return slide == SlideOut::Downwards || slide == SlideOut::Upwards;
+}
+
+/// Fades and swells of a beat are expression already.
+bool hasOwnExpression(const Beat &beat)
+{
+    return beat.fadding() != Fadding::NoFadding || beat.hairpin() == Hairpin::Swell;
+}
+
 } // namespace
 
 VoicePerformance::VoicePerformance(const VoicePlace &place, const PlayedBeats &beats,
@@ -86,8 +97,7 @@ bool VoicePerformance::findPlainBeat(const NotePiece &piece)
         return _plainBeat.isPlain;
     const PlayedBeat &played = _beats[index];
     _plainBeat.beat = index;
-    _plainBeat.isPlain =
-        played.beat->isCommon() && (index == 0 || _beats[index - 1].beat->isCommon());
+    _plainBeat.isPlain = played.beat->isCommon() && followsPlainly(index);
     if (!_plainBeat.isPlain)
         return false;
     const rational length =
@@ -182,21 +192,65 @@ const std::vector<Stroke> &VoicePerformance::strokesOfBeat(std::uint32_t index)
     _strokesBeat = index;
     const PlayedBeat &played = _beats[index];
     const Beat &beat = *played.beat;
-    const auto leadsToNext = [&](std::uint32_t i) {
-        return _beats[i].beat->tremoloToNext() != 0 && i + 1 < _beats.size()
-            && _beats[i + 1].isJoined;
-    };
-    if (index > 0 && leadsToNext(index - 1))
-        _strokes = strokesOfPair(*_beats[index - 1].beat, TremoloSide::Second,
-                                 _beats[index - 1].length, played.length);
-    else if (leadsToNext(index))
-        _strokes = strokesOfPair(beat, TremoloSide::First, played.length, _beats[index + 1].length);
+    if (const auto first = pairedBefore(index))
+        _strokes = strokesOfPair(*first, index, TremoloSide::Second);
+    else if (const auto second = pairedBehind(index))
+        _strokes = strokesOfPair(index, *second, TremoloSide::First);
     else
         _strokes = strokesOf(beat, played.length);
     Strum &strum = _strokes.front().strum;
     if (_place.track.hasAutoBrush() && strum.direction == Direction::None && _strokes.size() == 1)
         strum = autoBrush(beat, played.offset);
     return _strokes;
+}
+
+std::vector<Stroke> VoicePerformance::strokesOfPair(std::uint32_t first, std::uint32_t second,
+                                                    TremoloSide side) const
+{
+    const PlayedBeat &left = _beats[first];
+    const PlayedBeat &right = _beats[second];
+    TremoloPairTimes times{left.length, right.length, left.length, PairJoint::Direct};
+    if (second != first + 1) {
+        times.distance = right.start - left.start;
+        times.joint = PairJoint::GraceNotes;
+    }
+    return playback::strokesOfPair(*left.beat, side, times);
+}
+
+/// The beat that takes turns with this one in a tremolo that begins here: the next one that is no
+/// grace beat.
+std::optional<std::uint32_t> VoicePerformance::pairedBehind(std::uint32_t index) const
+{
+    if (_beats[index].beat->tremoloToNext() == 0)
+        return std::nullopt;
+    for (std::uint32_t next = index + 1; next < _beats.size() && _beats[next].isJoined; ++next)
+        if (!_beats[next].beat->isGrace())
+            return next;
+    return std::nullopt;
+}
+
+/// The beat where a tremolo begins that ends here.
+std::optional<std::uint32_t> VoicePerformance::pairedBefore(std::uint32_t index) const
+{
+    if (_beats[index].beat->isGrace())
+        return std::nullopt;
+    for (; index > 0 && _beats[index].isJoined; --index) {
+        const Beat &before = *_beats[index - 1].beat;
+        if (before.tremoloToNext() != 0)
+            return index - 1;
+        if (!before.isGrace())
+            break;
+    }
+    return std::nullopt;
+}
+
+/// Whether what stands before a beat changes nothing of how it is struck.
+bool VoicePerformance::followsPlainly(std::uint32_t index) const
+{
+    if (index == 0)
+        return true;
+    const Beat &before = *_beats[index - 1].beat;
+    return before.isCommon() && (!before.isGrace() || !pairedBefore(index));
 }
 
 utils::rational VoicePerformance::delayOf(const NotePiece &piece, const Stroke &stroke)
@@ -212,8 +266,7 @@ void VoicePerformance::strikePiece(const NotePiece &piece, bool isFirst)
 {
     const PlayedBeat &played = _beats[piece.beat];
     const bool isPlain = beatOf(piece).isCommon() && piece.note->isCommon()
-        && !_place.track.hasAutoBrush()
-        && (piece.beat == 0 || _beats[piece.beat - 1].beat->isCommon());
+        && !_place.track.hasAutoBrush() && followsPlainly(piece.beat);
     if (isPlain) {
         if (isFirst)
             _attacks.push_back({played.start, played.end(), 0, 0});
@@ -275,9 +328,7 @@ void VoicePerformance::endAttacks(const NoteChain &chain)
     const PlayedBeat &lastBeat = _beats[last.beat];
     const utils::rational start = _beats[_chains.pieces[chain.first].beat].start;
     const utils::rational whole = lastBeat.end() - start;
-    const bool takesTurns = beatOf(last).tremoloToNext() != 0
-        || (last.beat > 0 && _beats[last.beat - 1].beat->tremoloToNext() != 0);
-    if (takesTurns)
+    if (beatOf(last).tremoloToNext() != 0 || pairedBefore(last.beat))
         return;
     if (beatOf(last).tremolo() != 0 || beatOf(last).rasgueado() != RasgueadoType::None) {
         if (strokesOfBeat(last.beat).size() > 1) {
@@ -333,9 +384,7 @@ void VoicePerformance::addSwell(const NoteChain &chain)
         while (hasEnded(_chains.pieces[place]))
             place = _chains.pieces[place].next;
         const PlayedBeat &played = _beats[_chains.pieces[place].beat];
-        // Fades and swells of their own have expression already.
-        if (played.beat->fadding() != Fadding::NoFadding
-            || played.beat->hairpin() == Hairpin::Swell)
+        if (hasOwnExpression(*played.beat) || slidesAway(_chains.pieces[place].note->slideOut()))
             return;
         const double level = _place.dynamics.velocityAt(
             _place.bars.writtenStart(played.bar), bounded(played.offset + (time - played.start)));
@@ -441,6 +490,14 @@ std::int32_t VoicePerformance::numberOf(PitchMotion motion)
     return static_cast<std::int32_t>(motions.size() - 1);
 }
 
+/// A note that slides away to nowhere gets softer.
+void VoicePerformance::addFade(const NotePiece &piece, const utils::rational &from,
+                               const utils::rational &to)
+{
+    if (slidesAway(piece.note->slideOut()) && !hasOwnExpression(beatOf(piece)))
+        _result.fades.push_back({BendCurve::startOfSlide(from, to), to});
+}
+
 std::int32_t VoicePerformance::addMotion(const NoteChain &chain)
 {
     const utils::rational start = _attacks.front().start;
@@ -472,10 +529,14 @@ std::int32_t VoicePerformance::addMotion(const NoteChain &chain)
         curve.addVibrato(note.vibrato(), from, to);
         curve.addVibrato(played.beat->barVibrato(), from, to);
         curve.addSlideIn(note.slideIn(), from, to);
-        if (piece.slideTo != 0)
-            curve.addSlideTo(piece.slideTo, from, std::min(to, end));
-        else
-            curve.addSlideOut(note.slideOut(), from, std::min(to, end));
+        const rational left = std::min(to, end);
+        if (piece.slideTo != 0) {
+            curve.addSlideTo(piece.slideTo, from, left);
+        } else {
+            curve.addSlideOut(note.slideOut(), from, left);
+            if (i == chain.last)
+                addFade(piece, from, left);
+        }
     }
     addBend(std::max(end, wholeEnd));
     if (curve.isEmpty())

@@ -8,6 +8,8 @@
 #include <ZarnCore/playback/SoundingKey.h>
 #include <ZarnCore/playback/TrackPerformance.h>
 
+#include <optional>
+
 namespace zarn::playback {
 
 /// A note that is tied to one which its voice does not have: another voice may.
@@ -66,6 +68,12 @@ private:
     bool rings(const Note &note) const;
     utils::rational latestRinging(const PlayedBeat &played) const;
     const std::vector<Stroke> &strokesOfBeat(std::uint32_t beat);
+    std::vector<Stroke> strokesOfPair(std::uint32_t first, std::uint32_t second,
+                                      TremoloSide side) const;
+    std::optional<std::uint32_t> pairedBehind(std::uint32_t beat) const;
+    std::optional<std::uint32_t> pairedBefore(std::uint32_t beat) const;
+    bool followsPlainly(std::uint32_t beat) const;
+    void addFade(const NotePiece &piece, const utils::rational &from, const utils::rational &to);
     const Beat &beatOf(const NotePiece &piece) const { return *_beats[piece.beat].beat; }
 
     const VoicePlace &_place;

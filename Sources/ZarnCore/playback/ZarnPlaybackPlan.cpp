@@ -95,6 +95,9 @@ PlaybackPlan::PlaybackPlan(const ScoreModel &model, const PlanOptions &options,
         auto controls =
             controlsOf(*model.tracks()[i], _bars, survey.tracks[i].hasMarkedBeats, _sounds);
         addHeldSwells(std::move(performed.swells), performed.notes, controls);
+        // In front of what has an expression of its own at the note that ends a fade.
+        const auto fades = controlsOfSlides(std::move(performed.fades), performed.notes);
+        _controls.insert(_controls.end(), fades.begin(), fades.end());
         _controls.insert(_controls.end(), controls.begin(), controls.end());
         _controls.insert(_controls.end(), performed.controls.begin(), performed.controls.end());
         for (const UnknownPercussion &each : performed.unknown)
