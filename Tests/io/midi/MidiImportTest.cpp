@@ -3,6 +3,10 @@
 #include "MidiSong.h"
 
 #include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
+#include <ZarnCore/io/ZarnExportReport.h>
+#include <ZarnCore/io/ZarnMidiExporter.h>
+#include <ZarnCore/io/midi/ZarnMidiFileWriter.h>
+#include <ZarnCore/model/form/ZarnInForce.h>
 
 #include <gtest/gtest.h>
 
@@ -107,6 +111,32 @@ TEST(MidiImport, barsFollowTheMetersOfTheFile)
     const auto *tempo = master.automation(zarn::Automation::Tempo, 3, 0);
     ASSERT_NE(tempo, nullptr);
     EXPECT_FLOAT_EQ(static_cast<const zarn::TempoAutomation *>(tempo)->quarterValue(), 100);
+}
+
+TEST(MidiImport, aTempoIsGivenWhereTheFileSaysIt)
+{
+    const auto firstTempo = [](const ScoreModel &model) {
+        return zarn::temposOf(*model.masterTrack()).front();
+    };
+    const auto exported = [](const ScoreModel &model) {
+        ExportReport losses;
+        return test::import(MidiFileWriter().toBytes(MidiExporter().toFile(model, losses)));
+    };
+    Song silent;
+    add(silent.track(), 0, 1, 60);
+    const auto unsaid = silent.import();
+    EXPECT_FALSE(firstTempo(*unsaid.model).isGiven);
+    EXPECT_FALSE(firstTempo(*exported(*unsaid.model).model).isGiven);
+
+    Song usual;
+    usual.conductor().addTempo(0, 500000);
+    add(usual.track(), 0, 1, 60);
+    const auto said = usual.import();
+    for (const auto &model : {said.model, exported(*said.model).model}) {
+        EXPECT_TRUE(firstTempo(*model).isGiven);
+        EXPECT_EQ(firstTempo(*model).value, 120);
+        EXPECT_EQ(zarn::temposOf(*model->masterTrack()).size(), 1u);
+    }
 }
 
 TEST(MidiImport, shortBarsInFrontOfOtherMetersAreNoPickups)

@@ -3,6 +3,7 @@
 
 #include <ZarnCore/io/ZarnExportReport.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/form/ZarnInForce.h>
 
 #include <algorithm>
 #include <cmath>
@@ -60,15 +61,22 @@ int clocksPerClick(const Meter &meter)
     return std::clamp(clocksPerWhole / meter.denominator * (isCompound ? 3 : 1), 1, 255);
 }
 
+bool givesTempo(const MasterTrack &track)
+{
+    const auto marks = temposOf(track);
+    return std::any_of(marks.begin(), marks.end(),
+                       [](const TempoMark &mark) { return mark.isGiven; });
+}
+
 std::string markerOf(const Section &section)
 {
     const bool hasBoth = !section.letter.empty() && !section.text.empty();
     return section.letter + (hasBoth ? " " : "") + section.text;
 }
 
-} // namespace
-
-void addTempos(const playback::PlaybackPlan &plan, const TickMap &ticks, MidiTrack &track)
+/// Tempo events that lead through the times of a plan, from one that holds already: at the end of
+/// each the time is right to a microsecond a quarter, however long the score is.
+void addTempos(const playback::PlaybackPlan &plan, const TickMap &ticks, int last, MidiTrack &track)
 {
     constexpr double microseconds = 1e6;
     constexpr int slowest = 0xFFFFFF;
@@ -81,7 +89,6 @@ void addTempos(const playback::PlaybackPlan &plan, const TickMap &ticks, MidiTra
         return tempo.secondsAt(ticks.quartersOf(tick));
     };
     double written = secondsAt(0); // where the file is, against where the plan is
-    int last = 0;
     const auto addPiece = [&](std::uint64_t from, std::uint64_t to) {
         const double quarters = static_cast<double>(to - from) / ticks.ticksPerQuarter();
         const double wanted = (secondsAt(to) - written) * microseconds / quarters;
@@ -116,6 +123,8 @@ void addTempos(const playback::PlaybackPlan &plan, const TickMap &ticks, MidiTra
         }
     }
 }
+
+} // namespace
 
 void addConductor(const ScoreModel &model, const playback::PlaybackPlan &plan, const TickMap &ticks,
                   MidiTrack &track, ExportReport &report)
@@ -154,7 +163,9 @@ void addConductor(const ScoreModel &model, const playback::PlaybackPlan &plan, c
         if (bar.hasSection())
             track.addMeta(tick, MidiMeta::Marker, markerOf(bar.section()));
     }
-    addTempos(plan, ticks, track);
+    constexpr int none = 0;
+    constexpr int withoutEvents = 500'000; // microseconds of a quarter
+    addTempos(plan, ticks, givesTempo(*model.masterTrack()) ? none : withoutEvents, track);
 }
 
 } // namespace zarn::io

@@ -14,11 +14,8 @@ class ExportReport;
 
 /// Adds what holds for all tracks: the tempo, meters and keys of the bars as they are played, and
 /// sections as markers. A bar that is shorter or longer than its meter has a signature of its own.
+/// A score that gives no tempo has no tempo event: it plays at that which files have without one.
 void addConductor(const ScoreModel &model, const playback::PlaybackPlan &plan, const TickMap &ticks,
                   MidiTrack &track, ExportReport &report);
-
-/// Tempo events that lead through the times of a plan: at the end of each the time is right to a
-/// microsecond a quarter, however long the score is.
-void addTempos(const playback::PlaybackPlan &plan, const TickMap &ticks, MidiTrack &track);
 
 } // namespace zarn::io

@@ -57,11 +57,12 @@ void writeTempos(const MidiMusic &music, const MeterLine &bars, MasterTrack &mas
             isDotted(bar.meter) && (isWhole(perMinute(90 / quarters)) || !isWhole(quarters));
         const double value = dotted ? perMinute(90 / quarters) : quarters;
         const auto unit = dotted ? TempoUnit::QuarterDotted : TempoUnit::Quarter;
-        if (tempos[i].time == 0) {
-            TempoSettings settings;
-            settings.value = value;
-            settings.unit = unit;
-            settings.visible = isVisible;
+        TempoSettings settings;
+        settings.value = value;
+        settings.unit = unit;
+        settings.visible = isVisible;
+        // That which holds where nothing is said is an automation, so that it is seen to be said.
+        if (tempos[i].time == 0 && settings != TempoSettings()) {
             master.setTempoSettings(settings);
             continue;
         }
