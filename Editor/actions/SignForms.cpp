@@ -184,7 +184,7 @@ Change askTempo(const ActionContext &context)
 {
     constexpr double slowest = 10;
     constexpr double fastest = 400;
-    constexpr int quarter = 2; // unit of a tempo, the eighth being 1
+    constexpr int quarter = static_cast<int>(TempoUnit::Quarter);
     const auto bar = static_cast<std::uint32_t>(std::max(context.document.cursor().barIndex(), 0));
     const AutomationContainer &automations = *context.document.model().masterTrack();
     const float beat = quartersOf(context);
@@ -194,9 +194,9 @@ Change askTempo(const ActionContext &context)
         && present->position() == (isAtBeat ? beat : 0);
     Form form(Text::tr("Tempo"));
     form.choice("unit", Text::tr("&Unit"),
-                {Text::tr("Eighth"), Text::tr("Quarter"), Text::tr("Dotted quarter"),
-                 Text::tr("Half"), Text::tr("Dotted half")},
-                (present != nullptr ? present->unit() : quarter) - 1)
+                {Text::tr("No number, words alone"), Text::tr("Eighth"), Text::tr("Quarter"),
+                 Text::tr("Dotted quarter"), Text::tr("Half"), Text::tr("Dotted half")},
+                present != nullptr ? present->unit() : quarter)
         .decimal("tempo", Text::tr("&Beats per minute"),
                  present != nullptr ? static_cast<double>(present->value()) : 120, slowest, fastest)
         .text("words", Text::tr("&Words"),
@@ -215,7 +215,7 @@ Change askTempo(const ActionContext &context)
     TempoAutomation tempo;
     tempo.setIndex(bar);
     tempo.setPosition(given->value(QStringLiteral("from")).toInt() == 1 ? beat : 0);
-    tempo.setUnit(given->value(QStringLiteral("unit")).toInt() + 1);
+    tempo.setUnit(given->value(QStringLiteral("unit")).toInt());
     tempo.setValue(static_cast<float>(given->value(QStringLiteral("tempo")).toDouble()));
     tempo.setText(given->value(QStringLiteral("words")).toString().toStdString());
     tempo.setLinear(given->value(QStringLiteral("slides")).toBool());

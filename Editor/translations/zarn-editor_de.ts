@@ -2320,6 +2320,10 @@
         <source>&amp;Longer by, in percent</source>
         <translation>&amp;Länger um, in Prozent</translation>
     </message>
+    <message>
+        <source>No number, words alone</source>
+        <translation>Keine Zahl, nur Worte</translation>
+    </message>
 </context>
 <context>
     <name>Signatures</name>

@@ -154,6 +154,36 @@ TEST(MusicXmlExportForm, metronomeMarksThatAreNoTempoStayMarks)
     EXPECT_EQ(tempos[1].text, "\u266a = \u2669.");
 }
 
+/// What is written as a word alone, or with a number that is hidden, shows no number.
+TEST(MusicXmlExportForm, temposOfWordsAloneHaveNoNumber)
+{
+    const auto tempo = [](const char *types) {
+        return "<direction><direction-type>" + std::string(types)
+            + "</direction-type><sound tempo=\"132\"/></direction>";
+    };
+    const std::string words = "<words>Allegro</words>";
+    const std::string half = "<beat-unit>half</beat-unit><per-minute>66</per-minute></metronome>";
+    const auto unit = [&](const std::string &types) {
+        const std::string directions = types.empty()
+            ? tempo(words.c_str()) + tempo(("<metronome>" + half).c_str())
+            : tempo(types.c_str());
+        const Exported written(measure(attributes("<divisions>1</divisions>") + directions
+                                       + note("C", 5, 4, "whole")));
+        EXPECT_EQ(written.all("//words"), "Allegro");
+        EXPECT_EQ(written.all("//sound/@tempo"), "132");
+        const auto again = temposOf(*readFrom(written.text())->masterTrack());
+        EXPECT_EQ(again.size(), 1U);
+        EXPECT_TRUE(again.at(0).isVisible);
+        EXPECT_EQ(written.count("//metronome"), again.at(0).unit == TempoUnit::None ? 0U : 1U);
+        return again.at(0).unit;
+    };
+    const std::string next = "</direction-type><direction-type>";
+    EXPECT_EQ(unit(words), TempoUnit::None);
+    EXPECT_EQ(unit(words + next + "<metronome print-object=\"no\">" + half), TempoUnit::None);
+    EXPECT_EQ(unit(words + next + "<metronome>" + half), TempoUnit::Half);
+    EXPECT_EQ(unit({}), TempoUnit::Half) << "of two directions at one place";
+}
+
 TEST(MusicXmlExportForm, wordsOfATempoThatChangesNothingStay)
 {
     const std::string again = "<direction><direction-type><words>a tempo</words></direction-type>"

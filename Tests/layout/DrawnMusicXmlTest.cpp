@@ -56,3 +56,15 @@ TEST(DrawnMusicXmlTest, voicesOfOneSideShareAStem)
     const std::vector<double> other = stems("A", 1, "quarter");
     EXPECT_LT(other.at(0), other.at(1)) << "of another length";
 }
+
+/// Words of a tempo bring no number along.
+TEST(DrawnMusicXmlTest, wordsOfATempoStandAlone)
+{
+    const auto model = read(measure(attributes(fourQuarters)
+                                    + "<direction><direction-type><words>Allegro</words>"
+                                      "</direction-type><sound tempo=\"120\"/></direction>"
+                                    + note("C", 5, 4, "whole")));
+    const auto tempos = LaidOut(*model).of(MarkKind::Tempo);
+    ASSERT_EQ(tempos.size(), 1U);
+    EXPECT_EQ(tempos[0].text, "Allegro");
+}

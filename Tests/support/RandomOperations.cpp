@@ -79,7 +79,7 @@ bool modifyMasterTrackAutomations(EditedScore &e)
     TempoAutomation tempo;
     setPlace(e, tempo);
     tempo.setValue(static_cast<float>(e.random.between(30, 240)));
-    tempo.setUnit(e.random.between(1, 5));
+    tempo.setUnit(e.random.between(0, 5));
     DSPParamAutomation knob(parameter(e.random));
     setPlace(e, knob);
     knob.setValue(e.random.percent(2) ? std::numeric_limits<float>::infinity() : 0.25F);

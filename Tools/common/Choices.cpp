@@ -154,10 +154,12 @@ const Choices &headerChoices()
 
 const Choices &tempoUnitChoices()
 {
-    static const Choices choices = {
-        choice("eighth", TempoUnit::Eighth), choice("quarter", TempoUnit::Quarter),
-        choice("quarter-dotted", TempoUnit::QuarterDotted), choice("half", TempoUnit::Half),
-        choice("half-dotted", TempoUnit::HalfDotted)};
+    static const Choices choices = {choice("eighth", TempoUnit::Eighth),
+                                    choice("quarter", TempoUnit::Quarter),
+                                    choice("quarter-dotted", TempoUnit::QuarterDotted),
+                                    choice("half", TempoUnit::Half),
+                                    choice("half-dotted", TempoUnit::HalfDotted),
+                                    choice("none", TempoUnit::None)};
     return choices;
 }
 

@@ -255,12 +255,15 @@ void Writer::writeTempo(const TempoMark &tempo)
         _report.addUnheld(fontSigns, {-1, static_cast<int>(tempo.bar)});
     std::string text;
     const bool isMarked = tempo.isVisible && hasMetronomeMark(tempo.text);
+    const bool hasNumber = tempo.isVisible && !isMarked && tempo.unit != TempoUnit::None;
     if (isMarked)
         text = "\\tempo " + tempoMarkup(tempo.text);
-    else if (tempo.isVisible)
+    else if (tempo.isVisible && !hasNumber && !tempo.text.empty())
+        text = "\\tempo " + quoted(tempo.text);
+    else if (hasNumber)
         text = "\\tempo " + (tempo.text.empty() ? std::string() : quoted(tempo.text) + ' ')
             + unit.text + " = " + std::to_string(rounded);
-    if (!tempo.isVisible || isMarked || std::abs(tempo.value - double(rounded)) > 0.005)
+    if (!hasNumber || std::abs(tempo.value - double(rounded)) > 0.005)
         text += (text.empty() ? "" : " ") + std::string("\\set Score.tempoWholesPerMinute = ")
             + momentText(quarters);
     _line.add(tempo.bar, position, text);

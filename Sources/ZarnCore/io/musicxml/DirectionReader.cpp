@@ -248,7 +248,7 @@ void DirectionReader::readOctaveShift(pugi::xml_node node, const rational &posit
 }
 
 /// A score has one number for the tempo, which is what sounds: a mark that says another one, or
-/// that two notes are equal, is words.
+/// that two notes are equal, is words. Words without a mark that can be seen show no number.
 bool DirectionReader::readTempo(const Gathered &gathered, const std::string &words,
                                 const rational &position, PartFacts &facts)
 {
@@ -266,13 +266,15 @@ bool DirectionReader::readTempo(const Gathered &gathered, const std::string &wor
     WrittenTempo tempo = {_context.bar(), position};
     tempo.node = gathered.metronome ? gathered.metronome : gathered.sound;
     tempo.text = isWords ? joined(gathered.texts, true) : words;
-    tempo.visible = !isHidden && (mark || !words.empty());
+    tempo.visible = !words.empty() || (mark && !isHidden);
     if (mark && tempoOf(*mark) && (sounding <= 0 || tellsTempo(*mark, sounding)))
         tempo.tempo = *tempoOf(*mark);
     else if (sounding > 0)
         tempo.tempo = {sounding, TempoUnit::Quarter};
     else
         tempo.factor = mark->factor();
+    if (tempo.visible && (!mark || isHidden))
+        tempo.tempo = {quartersOf(tempo.tempo), TempoUnit::None};
     facts.tempos.push_back(std::move(tempo));
     return true;
 }

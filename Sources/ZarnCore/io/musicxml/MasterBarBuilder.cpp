@@ -8,6 +8,7 @@
 #include <ZarnCore/io/musicxml/Movements.h>
 #include <ZarnCore/model/ZarnMasterTrack.h>
 #include <ZarnCore/model/form/ZarnInForce.h>
+#include <ZarnCore/model/form/ZarnTempoUnitLength.h>
 
 #include <QString>
 
@@ -288,7 +289,8 @@ void MasterBarBuilder::setFeels(MasterTrack &master)
     }
 }
 
-/// Of two tempos at one place the later one holds; words of both are kept.
+/// Of two tempos at one place the later one holds; words of both are kept, and a number that can
+/// be seen stays in sight.
 void MasterBarBuilder::joinTempo(TempoAutomation &there, const WrittenTempo &tempo)
 {
     const auto words = there.text();
@@ -296,14 +298,25 @@ void MasterBarBuilder::joinTempo(TempoAutomation &there, const WrittenTempo &tem
         there.setText(tempo.text);
     else if (hasMetronomeMark(tempo.text) && words.find(tempo.text) == words.npos)
         there.setText(words + " " + tempo.text);
-    there.setVisible(there.isVisible() || tempo.visible);
-    const auto before = quartersOf({there.value(), static_cast<TempoUnit>(there.unit())});
+    const auto unitThere = static_cast<TempoUnit>(there.unit());
+    const auto before = quartersOf({there.value(), unitThere});
     const auto now = quartersOf(tempo.tempo);
     // Metronome marks are rounded.
-    if (now <= 0 || std::abs(before - now) < 0.5)
+    const bool isOther = now > 0 && std::abs(before - now) >= 0.5;
+    const bool hadNumber = there.isVisible() && unitThere != TempoUnit::None;
+    const bool hasNumber = tempo.visible && tempo.tempo.unit != TempoUnit::None;
+    auto unit = hadNumber || !isOther ? unitThere : tempo.tempo.unit;
+    if (hasNumber && (isOther || !hadNumber))
+        unit = tempo.tempo.unit;
+    else if (!hadNumber && (there.isVisible() || tempo.visible))
+        unit = TempoUnit::None;
+    there.setVisible(there.isVisible() || tempo.visible);
+    if (isOther || unit != unitThere) {
+        there.setValue(static_cast<float>((isOther ? now : before) / zarn::quartersOf(unit)));
+        there.setUnit(static_cast<std::int32_t>(unit));
+    }
+    if (!isOther)
         return;
-    there.setValue(static_cast<float>(tempo.tempo.value));
-    there.setUnit(static_cast<std::int32_t>(tempo.tempo.unit));
     const auto text = [](double quarters) {
         return QString::number(quarters, 'g', 6).toStdString();
     };

@@ -50,7 +50,8 @@ QString unitText(TempoUnit unit, const Glyphs &glyphs)
 QString tempoText(const TempoMark &tempo, const Glyphs &glyphs)
 {
     QString text = QString::fromStdString(tempo.text);
-    if (!hasMetronomeMark(tempo.text))
+    const bool isWords = tempo.unit == TempoUnit::None && !text.isEmpty();
+    if (!isWords && !hasMetronomeMark(tempo.text))
         text += (text.isEmpty() ? QString() : QStringLiteral(" ")) + unitText(tempo.unit, glyphs)
             + QStringLiteral(" = ") + QString::number(std::round(tempo.value * 100) / 100);
     return tempo.isLinear ? text + QStringLiteral(" (changing gradually)") : text;

@@ -169,7 +169,10 @@ void DirectionWriter::writeTempos(unsigned bar, MeasureCursor &cursor)
             std::min(exactPosition(tempo.position), _master.masterBars()[bar]->length()),
             "direction");
         addAttribute(direction, "placement", "above");
-        const auto text = _context.text(tempo.text);
+        // Words that are hidden would be seen by those who read them.
+        const auto text = tempo.isVisible ? _context.text(tempo.text) : std::string();
+        _context.addUnheldIf(!tempo.isVisible && !tempo.text.empty(), "words of a hidden tempo");
+        const bool isWords = tempo.unit == TempoUnit::None && !text.empty();
         bool hasMark = false;
         for (const auto &piece : piecesOf(tempo, text)) {
             const auto type = addElement(direction, "direction-type");
@@ -178,10 +181,10 @@ void DirectionWriter::writeTempos(unsigned bar, MeasureCursor &cursor)
             else
                 addElement(type, "words", std::get<std::string>(piece));
         }
-        if (!hasMark) {
+        if (!hasMark && !isWords) {
             const auto metronome = writeMetronome(Tempo{tempo.value, tempo.unit},
                                                   addElement(direction, "direction-type"));
-            if (!tempo.isVisible)
+            if (!tempo.isVisible || tempo.unit == TempoUnit::None)
                 addAttribute(metronome, "print-object", "no");
         }
         addAttribute(addElement(direction, "sound"), "tempo",
@@ -194,7 +197,7 @@ void DirectionWriter::writeTempos(unsigned bar, MeasureCursor &cursor)
     for (const auto *const automation : _master.automations(Automation::Tempo, bar, bar)) {
         const auto &tempo = static_cast<const TempoAutomation &>(*automation);
         auto unit = static_cast<TempoUnit>(tempo.unit());
-        if (tempo.unit() < 1 || tempo.unit() > static_cast<int>(TempoUnit::HalfDotted))
+        if (tempo.unit() < 0 || tempo.unit() > static_cast<int>(TempoUnit::HalfDotted))
             unit = TempoUnit::Quarter;
         write({bar, tempo.position(), static_cast<double>(tempo.value()), unit, tempo.text(),
                tempo.isLinear(), tempo.isVisible()});
