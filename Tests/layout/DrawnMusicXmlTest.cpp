@@ -68,3 +68,28 @@ TEST(DrawnMusicXmlTest, wordsOfATempoStandAlone)
     ASSERT_EQ(tempos.size(), 1U);
     EXPECT_EQ(tempos[0].text, "Allegro");
 }
+
+/// Strings that are bowed have a circle over a head; guitars have diamonds and letters.
+TEST(DrawnMusicXmlTest, naturalHarmonicsLookAsTheirInstrumentWritesThem)
+{
+    const std::string measures = measure(
+        attributes(fourQuarters)
+        + "<note><pitch><step>A</step><octave>5</octave></pitch><duration>4</duration>"
+          "<voice>1</voice><type>whole</type><notations><technical><harmonic><natural/></harmonic>"
+          "</technical></notations></note>");
+    const auto draw = [&](const char *sound) {
+        io::ImportReport report;
+        const LaidOut laid(
+            *import(score(measures,
+                          "<score-instrument id=\"P1-I1\"><instrument-name>x"
+                          "</instrument-name><instrument-sound>"
+                              + std::string(sound) + "</instrument-sound></score-instrument>"),
+                    report));
+        std::string text = laid.of(MarkKind::NoteHead).at(0).glyph;
+        for (const auto &mark : laid.of(MarkKind::Harmonic))
+            text += ' ' + mark.glyph + mark.text;
+        return text;
+    };
+    EXPECT_EQ(draw("strings.viola"), "noteheadWhole stringsHarmonic");
+    EXPECT_EQ(draw("pluck.guitar.nylon-string"), "noteheadDiamondWhole N.H.");
+}

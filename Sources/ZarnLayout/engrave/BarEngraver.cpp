@@ -179,7 +179,7 @@ void BarEngraver::addHeads(Chord &chord)
                 if (note.line == NoteSource::NoLine)
                     _problems.add(placeOf(chord, static_cast<int>(i)),
                                   "The note has no place on the staff.");
-                head.glyph = headGlyph(note, beat, fonts);
+                head.glyph = headGlyph(_row, note, beat, fonts);
             }
             chord.heads.push_back(head);
         }

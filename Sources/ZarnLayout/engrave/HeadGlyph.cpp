@@ -58,7 +58,7 @@ Heads headsOf(NoteHead head)
     return {0xE0A0, 0xE0A2, 0xE0A3, 0xE0A4};
 }
 
-std::size_t rowOf(const RhythmValue &rhythm)
+std::size_t rankOf(const RhythmValue &rhythm)
 {
     const int value = static_cast<int>(rhythm.getNoteValue());
     constexpr int breve = static_cast<int>(RhythmValue::NoteValue::DWhole);
@@ -67,12 +67,13 @@ std::size_t rowOf(const RhythmValue &rhythm)
 
 } // namespace
 
-std::uint32_t headGlyph(const NoteSource &note, const BeatSource &beat, const Fonts &fonts)
+std::uint32_t headGlyph(const Row &row, const NoteSource &note, const BeatSource &beat,
+                        const Fonts &fonts)
 {
-    const std::size_t row = rowOf(beat.rhythm);
+    const std::size_t rank = rankOf(beat.rhythm);
     if (note.head == NoteHead::None)
         return fonts.glyph(Sign::NoteheadBlack);
-    const std::size_t length = row == 3 ? 0 : row == 2 ? 1 : 2;
+    const std::size_t length = rank == 3 ? 0 : rank == 2 ? 1 : 2;
     const char16_t set = note.setHeads[length];
     if (set != 0 && (note.head == NoteHead::Normal || MusicGlyph(set).noteHead() == note.head))
         if (const auto glyph = fonts.glyph(set))
@@ -82,14 +83,15 @@ std::uint32_t headGlyph(const NoteSource &note, const BeatSource &beat, const Fo
         head = NoteHead::Slash;
     else if (head == NoteHead::Normal && note.marks.isDead())
         head = NoteHead::Cross;
-    else if (head == NoteHead::Normal && note.marks.harmonic().type == HarmonicType::Natural)
+    else if (head == NoteHead::Normal && !row.circlesHarmonics
+             && note.marks.harmonic().type == HarmonicType::Natural)
         head = NoteHead::Diamond;
-    return fonts.glyph(headsOf(head)[row]).value_or(fonts.glyph(Sign::NoteheadBlack));
+    return fonts.glyph(headsOf(head)[rank]).value_or(fonts.glyph(Sign::NoteheadBlack));
 }
 
 Sign slashHead(const RhythmValue &rhythm) noexcept
 {
-    return Sign::NoteheadSlashWhiteDoubleWhole + static_cast<int>(rowOf(rhythm));
+    return Sign::NoteheadSlashWhiteDoubleWhole + static_cast<int>(rankOf(rhythm));
 }
 
 } // namespace zarn::engraving

@@ -48,6 +48,7 @@ constexpr std::array<const char *, signCount> names = {
     "quindicesimaAlta", "quindicesimaBassaMb", "brace", "bracketTop", "bracketBottom",
     "octaveParensLeft", "octaveParensRight", "fretboardFilledCircle", "fretboardX", "fretboardO",
     "restDoubleWholeLegerLine", "restWholeLegerLine", "restHalfLegerLine",
+    "stringsHarmonic",
 };
 // clang-format on
 

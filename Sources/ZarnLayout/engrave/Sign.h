@@ -43,10 +43,11 @@ enum class Sign : std::uint8_t {
     QuindicesimaAlta, QuindicesimaBassaMb, Brace, BracketTop, BracketBottom,
     OctaveParensLeft, OctaveParensRight, FretboardFilledCircle, FretboardX, FretboardO,
     RestDoubleWholeLegerLine, RestWholeLegerLine, RestHalfLegerLine,
+    StringsHarmonic,
 };
 // clang-format on
 
-constexpr unsigned signCount = static_cast<unsigned>(Sign::RestHalfLegerLine) + 1;
+constexpr unsigned signCount = static_cast<unsigned>(Sign::StringsHarmonic) + 1;
 
 /// The SMuFL name.
 const char *nameOf(Sign sign) noexcept;

@@ -186,7 +186,7 @@ struct NoteSign {
     MakeNoteSign make;
 };
 
-const std::array<NoteSign, 7> noteSigns = {{
+const std::array<NoteSign, 8> noteSigns = {{
     {Side::Above, Rows::First, true,
      [](const Pen &pen, const NoteSource &note, double x, const RowDraft &) -> Inks {
          const Fingering finger = note.marks.leftFingering();
@@ -208,6 +208,12 @@ const std::array<NoteSign, 7> noteSigns = {{
              return {};
          const int count = row.stringCount;
          return circled(pen, std::to_string(std::max(1, count - note.string)), x);
+     }},
+    {Side::Above, Rows::First, false,
+     [](const Pen &pen, const NoteSource &note, double x, const RowDraft &row) -> Inks {
+         return row.row->circlesHarmonics && note.marks.harmonic().type == HarmonicType::Natural
+             ? centred(pen, MarkKind::Harmonic, Sign::StringsHarmonic, x)
+             : Inks();
      }},
     {Side::Above, Rows::First, false,
      [](const Pen &pen, const NoteSource &note, double x, const RowDraft &) -> Inks {

@@ -174,6 +174,8 @@ void addHarmonics(RowDraft &row, const SystemDraft &draft, SideItems &items)
     for (int kind = static_cast<int>(HarmonicType::Natural);
          kind <= static_cast<int>(HarmonicType::Feedback); ++kind) {
         const auto type = static_cast<HarmonicType>(kind);
+        if (type == HarmonicType::Natural && row.row->circlesHarmonics)
+            continue;
         const auto has = [type](const PlacedChord &chord) {
             for (unsigned i = 0; i < chord.beat().noteCount; ++i)
                 if (chord.source->notes[chord.beat().firstNote + i].marks.harmonic().type == type)

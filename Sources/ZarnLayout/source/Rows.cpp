@@ -45,6 +45,7 @@ void addRows(std::vector<Row> &rows, const Track &track, const TrackNotations &n
         row.track = track.index();
         row.staff = staff->index();
         row.isPercussion = InstrumentSet::isUnpitched(track.type());
+        row.circlesHarmonics = !InstrumentSet::isStringed(track.type());
         const bool hasTablature = notations.tablature && staff->isFretted();
         row.lacksStrings = notations.tablature && !hasTablature;
         const std::size_t first = rows.size();

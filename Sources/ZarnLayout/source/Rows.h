@@ -35,6 +35,10 @@ struct Row {
     bool isLastOfStaff = true;
     bool isPercussion = false;
 
+    /// Natural harmonics are normal heads under a circle, as those of bowed strings and harps are,
+    /// and not diamonds with letters.
+    bool circlesHarmonics = false;
+
     /// Tablature was asked for, and the staff has no strings.
     bool lacksStrings = false;
 
@@ -46,7 +50,7 @@ struct Row {
             && a.lineCount == b.lineCount && a.lineDistance == b.lineDistance
             && a.hasRhythm == b.hasRhythm && a.isFirstOfStaff == b.isFirstOfStaff
             && a.isLastOfStaff == b.isLastOfStaff && a.isPercussion == b.isPercussion
-            && a.lacksStrings == b.lacksStrings;
+            && a.circlesHarmonics == b.circlesHarmonics && a.lacksStrings == b.lacksStrings;
     }
 
     /// How far a line or space is below the top line, in staff spaces; counted in half spaces
