@@ -93,3 +93,28 @@ TEST(DrawnMusicXmlTest, naturalHarmonicsLookAsTheirInstrumentWritesThem)
     EXPECT_EQ(draw("strings.viola"), "noteheadWhole stringsHarmonic");
     EXPECT_EQ(draw("pluck.guitar.nylon-string"), "noteheadDiamondWhole N.H.");
 }
+
+/// A bend and its label end in front of the bar line.
+TEST(DrawnMusicXmlTest, bendsStayInTheirBars)
+{
+    const auto bent = [](const char *duration, const char *type) {
+        return "<note><pitch><step>E</step><octave>4</octave></pitch><duration>"
+            + std::string(duration) + "</duration><voice>1</voice><type>" + type
+            + "</type><notations><technical><string>2</string><fret>5</fret><bend><bend-alter>1"
+              "</bend-alter></bend></technical></notations></note>";
+    };
+    const auto model = read(
+        measure(attributes("<divisions>1</divisions><clef><sign>TAB</sign><line>5</line></clef>"
+                           "<staff-details><staff-lines>6</staff-lines></staff-details>")
+                + bent("2", "half") + bent("2", "half"))
+        + measure(bent("4", "whole")));
+    const LaidOut laid(*model);
+    std::vector<double> lines;
+    for (const auto &line : laid.of(MarkKind::BarLine))
+        lines.push_back(line.left);
+    ASSERT_GE(lines.size(), 2U);
+    const auto bends = laid.of(MarkKind::Bend);
+    EXPECT_FALSE(bends.empty());
+    for (const auto &bend : bends)
+        EXPECT_LT(bend.right, lines.at(static_cast<std::size_t>(bend.place.bar)));
+}

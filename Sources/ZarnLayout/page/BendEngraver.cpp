@@ -148,7 +148,8 @@ double startOf(const SystemDraft &draft, const RowDraft &row, const PlacedChord 
 /// Where something else begins that a bend must not reach.
 double roomOf(const SystemDraft &draft, const RowDraft &row, const PlacedChord &chord)
 {
-    double room = draft.right - 0.5;
+    constexpr double halfLabel = 0.9; // with the gap to a bar line behind it
+    double room = draft.bars[chord.shownBar - draft.first].right - halfLabel;
     for (const PlacedChord &other : row.chords)
         if (other.x > chord.x + 1 && other.x < room)
             room = std::min(room, leftInkOf(draft, row, other) - 0.5);
