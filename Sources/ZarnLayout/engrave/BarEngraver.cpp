@@ -5,6 +5,7 @@
 #include <ZarnLayout/engrave/ColumnSpaces.h>
 #include <ZarnLayout/engrave/HeadGlyph.h>
 #include <ZarnLayout/engrave/TabFret.h>
+#include <ZarnLayout/engrave/VoicePlacer.h>
 
 #include <algorithm>
 #include <cmath>
@@ -36,32 +37,6 @@ bool meet(const Head &left, const Head &right, double scale, const Fonts &fonts)
     const Head &lower = left.y < right.y ? right : left;
     return upper.y + fonts.box(upper.glyph).bottom * scale
         > lower.y + fonts.box(lower.glyph).top * scale + mostShared;
-}
-
-/// Whether two chords of different voices may share their heads.
-bool shareHeads(const Chord &left, const Chord &right)
-{
-    if (left.heads.size() != 1 || right.heads.size() != 1)
-        return false;
-    const Head &a = left.heads.front();
-    const Head &b = right.heads.front();
-    return a.line == b.line && a.glyph == b.glyph && left.scale == right.scale
-        && left.beat->rhythm.getAugmentationDot() == right.beat->rhythm.getAugmentationDot()
-        && left.hasStem && right.hasStem && left.isStemUp != right.isStemUp;
-}
-
-/// Whether chords of two voices may stand on one stem, as if they were one chord.
-bool shareStem(const Chord &left, const Chord &right)
-{
-    if (!left.hasStem || !right.hasStem || left.isStemUp != right.isStemUp
-        || left.scale != right.scale || left.beat->flagCount() > 0
-        || left.beat->rhythm != right.beat->rhythm)
-        return false;
-    return std::all_of(left.heads.begin(), left.heads.end(), [&](const Head &a) {
-        return std::all_of(right.heads.begin(), right.heads.end(), [&](const Head &b) {
-            return !a.isDisplaced && !b.isDisplaced && std::abs(a.line - b.line) > 1;
-        });
-    });
 }
 
 } // namespace
@@ -96,28 +71,11 @@ EngravedBar BarEngraver::engrave(const BarSource &source, const ColumnSource &co
         placeHeads(chord);
         placeStem(chord);
     }
-    placeVoices();
+    if (_hasVoices)
+        VoicePlacer(_row, _pen, source, _bar, _problems).place(_result);
     addInks();
     addSpaces(_result, *_source, _row, _pen.fonts());
     return std::move(_result);
-}
-
-MarkPlace BarEngraver::placeOfBar() const
-{
-    MarkPlace place;
-    place.track = static_cast<int>(_row.track);
-    place.bar = static_cast<int>(_bar);
-    place.staff = static_cast<int>(_row.staff);
-    return place;
-}
-
-MarkPlace BarEngraver::placeOf(const Chord &chord, int note) const
-{
-    MarkPlace place = placeOfBar();
-    place.voice = static_cast<int>(chord.voice);
-    place.beat = chord.beat->index;
-    place.note = note;
-    return place;
 }
 
 void BarEngraver::addChords(const VoiceSource &voice)
@@ -137,7 +95,8 @@ void BarEngraver::addChords(const VoiceSource &voice)
             std::lower_bound(_onsets->begin(), _onsets->end(), beat.onset) - _onsets->begin());
         chord.hasStem = beat.hasStem() && (_row.notation != Notation::Tablature || _row.hasRhythm);
         if (beat.marks.hasTimer() && beat.playingTime < 0 && _row.isFirstOfStaff)
-            _problems.add(placeOf(chord), "The beat is never played: it has no playing time.");
+            _problems.add(placeOfChord(_row, _bar, chord),
+                          "The beat is never played: it has no playing time.");
         if (!beat.isRest)
             addHeads(chord);
         _result.chords.push_back(std::move(chord));
@@ -168,7 +127,7 @@ void BarEngraver::addHeads(Chord &chord)
             if (_row.notation == Notation::Tablature) {
                 head.line = static_cast<std::int16_t>(note.string);
                 if (note.string < 0 || note.string >= static_cast<int>(_row.lineCount))
-                    _problems.add(placeOf(chord, static_cast<int>(i)),
+                    _problems.add(placeOfChord(_row, _bar, chord, static_cast<int>(i)),
                                   note.string < 0 ? "The note has no string."
                                                   : "The tuning lacks the string of the note.");
                 if (note.string < 0)
@@ -177,7 +136,7 @@ void BarEngraver::addHeads(Chord &chord)
                 head.line =
                     note.line == NoteSource::NoLine ? static_cast<std::int16_t>(middle) : note.line;
                 if (note.line == NoteSource::NoLine)
-                    _problems.add(placeOf(chord, static_cast<int>(i)),
+                    _problems.add(placeOfChord(_row, _bar, chord, static_cast<int>(i)),
                                   "The note has no place on the staff.");
                 head.glyph = headGlyph(_row, note, beat, fonts);
             }
@@ -263,7 +222,7 @@ void BarEngraver::placeHeads(Chord &chord)
             // A string sounds one note: what else is written on it stands beside.
             if (&head != chord.heads.data() && (&head - 1)->line == head.line) {
                 head.x = (&head - 1)->x + (&head - 1)->width + 0.5;
-                _problems.add(placeOf(chord, head.note - chord.beat->firstNote),
+                _problems.add(placeOfChord(_row, _bar, chord, head.note - chord.beat->firstNote),
                               "The string has several notes at once.");
             }
         }
@@ -348,155 +307,6 @@ void BarEngraver::placeStem(Chord &chord)
     chord.stemTip = tip;
 }
 
-void BarEngraver::placeVoices()
-{
-    if (!_hasVoices)
-        return;
-    auto &chords = _result.chords;
-    std::vector<std::vector<std::size_t>> byColumn(_onsets->size());
-    for (std::size_t i = 0; i < chords.size(); ++i)
-        if (!chords[i].beat->isGrace())
-            byColumn[chords[i].column].push_back(i);
-    const Fonts &fonts = _pen.fonts();
-    for (const auto &members : byColumn) {
-        if (shareRest(members))
-            continue;
-        if (_row.notation == Notation::Tablature) {
-            placeVoicesOnStrings(members);
-            continue;
-        }
-        // Stems upwards first: what stands in their way goes to the right.
-        std::vector<std::size_t> order(members);
-        std::stable_sort(order.begin(), order.end(), [&](std::size_t left, std::size_t right) {
-            return chords[left].isStemUp && !chords[right].isStemUp;
-        });
-        std::vector<Box> taken;
-        std::vector<std::size_t> owners; // of what is taken
-        std::vector<std::size_t> done;
-        for (const std::size_t index : order) {
-            Chord &chord = chords[index];
-            if (chord.isRest())
-                continue;
-            const bool isShared = std::any_of(done.begin(), done.end(), [&](std::size_t other) {
-                return chords[other].x == 0 && shareHeads(chords[other], chord);
-            });
-            if (!isShared) {
-                const std::vector<Box> shape = chordShape(chord, fonts);
-                double x = 0;
-                for (int tries = 0; tries < 8; ++tries) {
-                    bool isClear = true;
-                    double next = x;
-                    for (std::size_t i = 0; i < taken.size(); ++i) {
-                        const Chord &owner = chords[owners[i]];
-                        if (owner.x == x && shareStem(owner, chord))
-                            continue;
-                        for (const Box &part : shape)
-                            if (part.movedBy(x, 0).meets(taken[i], -0.02)) {
-                                isClear = false;
-                                next = std::max(next, taken[i].right - part.left);
-                            }
-                    }
-                    if (isClear)
-                        break;
-                    x = next + (next == x ? 0.2 : 0);
-                }
-                chord.x = x;
-            }
-            for (const Box &part : chordShape(chord, fonts)) {
-                taken.push_back(part.movedBy(chord.x, 0));
-                owners.push_back(index);
-            }
-            done.push_back(index);
-        }
-        for (const std::size_t index : members)
-            if (chords[index].isRest())
-                placeRest(chords[index], taken);
-    }
-}
-
-/// Whether the voices of a column all rest, equally long, while no other one sounds: one sign in
-/// the usual place stands for all of them.
-bool BarEngraver::shareRest(const std::vector<std::size_t> &members)
-{
-    auto &chords = _result.chords;
-    if (members.size() < 2 || !_result.centred.empty())
-        return false;
-    const Chord &first = chords[members.front()];
-    const BeatSource &rest = *first.beat;
-    const bool areEqual = std::all_of(members.begin(), members.end(), [&](std::size_t index) {
-        const Chord &chord = chords[index];
-        return chord.isRest() && chord.scale == first.scale && chord.beat->length == rest.length
-            && chord.beat->rhythm.getNoteValue() == rest.rhythm.getNoteValue()
-            && chord.beat->rhythm.getAugmentationDot() == rest.rhythm.getAugmentationDot();
-    });
-    if (!areEqual)
-        return false;
-    const utils::rational end = rest.onset + rest.length;
-    const auto meanwhile = static_cast<std::size_t>(
-        std::count_if(chords.begin(), chords.end(), [&](const Chord &chord) {
-            return !chord.beat->isGrace() && chord.beat->onset < end
-                && chord.beat->onset + chord.beat->length > rest.onset;
-        }));
-    if (meanwhile > members.size())
-        return false;
-    for (const std::size_t index : members)
-        chords[index].isShared = index != members.front();
-    return true;
-}
-
-void BarEngraver::placeVoicesOnStrings(const std::vector<std::size_t> &members)
-{
-    constexpr double gap = 0.5;
-    auto &chords = _result.chords;
-    std::vector<Box> taken;
-    std::vector<std::pair<const Chord *, const Head *>> numbers;
-    for (const std::size_t index : members) {
-        Chord &chord = chords[index];
-        if (chord.isRest() || chord.beat->noteCount == 0)
-            continue;
-        for (const Head &head : chord.heads)
-            for (const auto &[other, number] : numbers) {
-                if (number->line != head.line)
-                    continue;
-                // Voices that share a note share its number.
-                const NoteSource &note = _source->notes[head.note];
-                const NoteSource &before = _source->notes[number->note];
-                if (other->x == chord.x && other->scale == chord.scale
-                    && fretText(note) == fretText(before)
-                    && std::string_view(fretBrackets(note).before) == fretBrackets(before).before)
-                    continue;
-                chord.x = std::max(chord.x, other->x + number->x + number->width + gap - head.x);
-                _problems.add(placeOf(chord, head.note - chord.beat->firstNote),
-                              "The string has several notes at once.");
-            }
-        for (const Head &head : chord.heads) {
-            numbers.emplace_back(&chord, &head);
-            taken.push_back(
-                {chord.x + head.x, head.y - 0.65, chord.x + head.x + head.width, head.y + 0.65});
-        }
-    }
-    if (_row.hasRhythm)
-        for (const std::size_t index : members)
-            if (chords[index].isRest())
-                placeRest(chords[index], taken);
-}
-
-void BarEngraver::placeRest(Chord &chord, std::vector<Box> &taken)
-{
-    const double step = chord.voice % 2 == 0 ? -1 : 1;
-    chord.restShift = 2 * step;
-    // Away from the other voices, line by line.
-    for (int tries = 0; tries < 24; ++tries, chord.restShift += step) {
-        const Box box = restInk(_row, _pen, chord).box.movedBy(chord.x, 0);
-        const bool meets = std::any_of(taken.begin(), taken.end(),
-                                       [&](const Box &other) { return box.meets(other, 0.15); });
-        if (!meets) {
-            taken.push_back(box);
-            return;
-        }
-    }
-}
-
 void BarEngraver::addCentred(const BeatSource *rest)
 {
     if (!_result.centred.empty())
@@ -522,7 +332,7 @@ void BarEngraver::addCentred(const BeatSource *rest)
     Ink ink = _pen.glyph(MarkKind::Rest, restSign(_row, NoteValue::Whole, y + shift), 0, y + shift);
     const double width = ink.box.width();
     ink.move(-width / 2 - ink.box.left, 0);
-    ink.place = rest ? placeOf(chord) : placeOfBar();
+    ink.place = rest ? placeOfChord(_row, _bar, chord) : placeOfBar(_row, _bar);
     _result.centred.push_back(std::move(ink));
     _result.centredWidth = width;
 }
@@ -536,7 +346,7 @@ void BarEngraver::addSimile()
                          _row.height() / 2);
     const double width = ink.box.width();
     ink.move(-width / 2, 0);
-    ink.place = placeOfBar();
+    ink.place = placeOfBar(_row, _bar);
     _result.centred.push_back(std::move(ink));
     _result.centredWidth = width;
 }

@@ -29,15 +29,9 @@ private:
     void chooseStem(std::size_t first, std::size_t end);
     void placeHeads(Chord &chord);
     void placeStem(Chord &chord);
-    void placeVoices();
-    bool shareRest(const std::vector<std::size_t> &members);
-    void placeVoicesOnStrings(const std::vector<std::size_t> &members);
-    void placeRest(Chord &chord, std::vector<Box> &taken);
     void addCentred(const BeatSource *rest);
     void addSimile();
     void addInks();
-    MarkPlace placeOfBar() const;
-    MarkPlace placeOf(const Chord &chord, int note = -1) const;
 
     const Row &_row;
     const Pen &_pen;

@@ -87,18 +87,6 @@ std::vector<Box> chordShape(const Chord &chord, const Fonts &fonts)
     return boxes;
 }
 
-MarkPlace ChordInks::placeOf(const Chord &chord, int note) const
-{
-    MarkPlace place;
-    place.track = static_cast<std::int16_t>(_row.track);
-    place.bar = static_cast<std::int32_t>(_bar);
-    place.staff = static_cast<std::int8_t>(_row.staff);
-    place.voice = static_cast<std::int8_t>(chord.voice);
-    place.beat = static_cast<std::int16_t>(chord.beat->index);
-    place.note = static_cast<std::int16_t>(note);
-    return place;
-}
-
 void ChordInks::add(EngravedBar &bar)
 {
     std::vector<std::vector<Chord *>> mains(bar.columns.size());
@@ -129,7 +117,8 @@ void ChordInks::add(EngravedBar &bar)
                 PackedAccidental accidental;
                 accidental.inks = accidentalInks(note.accidental, _pen, chord->scale);
                 for (Ink &ink : accidental.inks)
-                    ink.place = placeOf(*chord, head.note - chord->beat->firstNote);
+                    ink.place =
+                        placeOfChord(_row, _bar, *chord, head.note - chord->beat->firstNote);
                 accidental.y = head.y;
                 all.push_back(std::move(accidental));
             }
@@ -208,7 +197,8 @@ void ChordInks::addHeads(const Chord &chord, Inks &inks) const
 {
     for (const Head &head : chord.heads) {
         const bool isNote = chord.beat->noteCount > 0 && !chord.isSlash;
-        const MarkPlace place = placeOf(chord, isNote ? head.note - chord.beat->firstNote : -1);
+        const MarkPlace place =
+            placeOfChord(_row, _bar, chord, isNote ? head.note - chord.beat->firstNote : -1);
         if (isNote && _row.notation == Notation::Tablature) {
             addFret(inks, _source.notes[head.note], head, chord.scale, place, _pen);
             continue;
@@ -244,7 +234,7 @@ void ChordInks::addLedgers(const Chord &chord, Inks &inks) const
     const auto addLine = [&](int line, double left, double right) {
         Ink ink = _pen.line(MarkKind::LedgerLine, {left, _row.yOfLine(line)},
                             {right, _row.yOfLine(line)}, _pen.fonts().ledger());
-        ink.place = placeOf(chord);
+        ink.place = placeOfChord(_row, _bar, chord);
         inks.push_back(std::move(ink));
     };
     // Each line is as long as the heads at it or outside of it need, counting a head on the far
@@ -283,21 +273,21 @@ void ChordInks::addStem(const Chord &chord, Inks &inks) const
         return;
     Ink stem = _pen.line(MarkKind::Stem, {chord.stemX, chord.stemRoot},
                          {chord.stemX, chord.stemTip}, _pen.fonts().stem());
-    stem.place = placeOf(chord);
+    stem.place = placeOfChord(_row, _bar, chord);
     inks.push_back(std::move(stem));
     if (chord.beat->marks.isSlashedGrace() && chord.beat->isGrace()) {
         const double inward = chord.isStemUp ? 1 : -1;
         Ink slash =
             _pen.line(MarkKind::GraceSlash, {chord.stemX - 0.6, chord.stemTip + inward * 1.5},
                       {chord.stemX + 0.75, chord.stemTip + inward * 0.45}, 0.12);
-        slash.place = placeOf(chord);
+        slash.place = placeOfChord(_row, _bar, chord);
         inks.push_back(std::move(slash));
     }
     const int flags = chord.beat->flagCount();
     if (flags > 0) {
         Ink flag = _pen.glyph(MarkKind::Flag, flagOf(flags, chord.isStemUp),
                               chord.stemX - _pen.fonts().stem() / 2, chord.stemTip, chord.scale);
-        flag.place = placeOf(chord);
+        flag.place = placeOfChord(_row, _bar, chord);
         inks.push_back(std::move(flag));
     }
 }
@@ -307,7 +297,7 @@ void ChordInks::addRest(const Chord &chord, Inks &inks) const
     if (chord.isShared || (_row.notation == Notation::Tablature && !_row.hasRhythm))
         return;
     Ink ink = restInk(_row, _pen, chord);
-    ink.place = placeOf(chord);
+    ink.place = placeOfChord(_row, _bar, chord);
     inks.push_back(std::move(ink));
 }
 
@@ -373,7 +363,7 @@ void ChordInks::addDots(const Chord &chord, double right, std::set<int> &taken, 
         for (unsigned i = 0; i < count; ++i) {
             Ink dot = _pen.glyph(MarkKind::AugmentationDot, Sign::AugmentationDot,
                                  right + i * (width + 0.25), y, chord.scale);
-            dot.place = placeOf(chord);
+            dot.place = placeOfChord(_row, _bar, chord);
             inks.push_back(std::move(dot));
         }
 }
@@ -389,7 +379,7 @@ void ChordInks::addArpeggio(const Chord &chord, double left, Inks &inks) const
     const double bottom = chord.bottom() + 0.75;
     const double x = left - 0.55;
     const auto add = [&](Ink ink) {
-        ink.place = placeOf(chord);
+        ink.place = placeOfChord(_row, _bar, chord);
         inks.push_back(std::move(ink));
     };
     if (hasBracket) {

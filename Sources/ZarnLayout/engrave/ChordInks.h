@@ -31,7 +31,6 @@ private:
     void addDots(const Chord &chord, double right, std::set<int> &taken, Inks &inks) const;
     void addArpeggio(const Chord &chord, double left, Inks &inks) const;
     double dotStart(const Chord &chord, const std::vector<Chord *> &column) const;
-    MarkPlace placeOf(const Chord &chord, int note = -1) const;
 
     const Row &_row;
     const Pen &_pen;

@@ -3,6 +3,7 @@
 
 #include <ZarnLayout/engrave/Ink.h>
 #include <ZarnLayout/source/BarSource.h>
+#include <ZarnLayout/source/Rows.h>
 
 #include <cstdint>
 #include <vector>
@@ -49,6 +50,26 @@ struct Chord {
     double top() const noexcept { return heads.empty() ? 0 : heads.back().y; }
     double bottom() const noexcept { return heads.empty() ? 0 : heads.front().y; }
 };
+
+/// Where the marks of a bar of a row come from: those that are of no voice, and those of a chord or
+/// of one of its notes, by number in the beat.
+inline MarkPlace placeOfBar(const Row &row, unsigned bar)
+{
+    MarkPlace place;
+    place.track = static_cast<std::int16_t>(row.track);
+    place.bar = static_cast<std::int32_t>(bar);
+    place.staff = static_cast<std::int8_t>(row.staff);
+    return place;
+}
+
+inline MarkPlace placeOfChord(const Row &row, unsigned bar, const Chord &chord, int note = -1)
+{
+    MarkPlace place = placeOfBar(row, bar);
+    place.voice = static_cast<std::int8_t>(chord.voice);
+    place.beat = static_cast<std::int16_t>(chord.beat->index);
+    place.note = static_cast<std::int16_t>(note);
+    return place;
+}
 
 /// What keeps columns apart: the ink of a row around a column.
 struct SpaceBox {

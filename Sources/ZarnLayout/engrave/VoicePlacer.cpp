@@ -1,0 +1,213 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnLayout/engrave/VoicePlacer.h>
+
+#include <ZarnLayout/engrave/ChordInks.h>
+#include <ZarnLayout/engrave/TabFret.h>
+
+#include <algorithm>
+#include <string_view>
+
+namespace zarn::engraving {
+
+namespace {
+
+/// Whether two chords of different voices may share their heads.
+bool shareHeads(const Chord &left, const Chord &right)
+{
+    if (left.heads.size() != 1 || right.heads.size() != 1)
+        return false;
+    const Head &a = left.heads.front();
+    const Head &b = right.heads.front();
+    return a.line == b.line && a.glyph == b.glyph && left.scale == right.scale
+        && left.beat->rhythm.getAugmentationDot() == right.beat->rhythm.getAugmentationDot()
+        && left.hasStem && right.hasStem && left.isStemUp != right.isStemUp;
+}
+
+/// Whether chords of two voices may stand on one stem, as if they were one chord.
+bool shareStem(const Chord &left, const Chord &right)
+{
+    if (!left.hasStem || !right.hasStem || left.isStemUp != right.isStemUp
+        || left.scale != right.scale || left.beat->flagCount() > 0
+        || left.beat->rhythm != right.beat->rhythm)
+        return false;
+    return std::all_of(left.heads.begin(), left.heads.end(), [&](const Head &a) {
+        return std::all_of(right.heads.begin(), right.heads.end(), [&](const Head &b) {
+            return !a.isDisplaced && !b.isDisplaced && std::abs(a.line - b.line) > 1;
+        });
+    });
+}
+
+/// What the chords of a column take, in order.
+struct Taken {
+    std::vector<Box> boxes;
+    std::vector<const Chord *> owners; // of each box
+
+    void add(const Chord &chord, const std::vector<Box> &shape)
+    {
+        for (const Box &part : shape) {
+            boxes.push_back(part.movedBy(chord.x, 0));
+            owners.push_back(&chord);
+        }
+    }
+};
+
+/// How far to the right a chord stands clear of what is there.
+double freePlace(const Chord &chord, const std::vector<Box> &shape, const Taken &taken)
+{
+    constexpr int mostTries = 8;
+    double x = 0;
+    for (int tries = 0; tries < mostTries; ++tries) {
+        bool isClear = true;
+        double next = x;
+        for (std::size_t i = 0; i < taken.boxes.size(); ++i) {
+            const Chord &owner = *taken.owners[i];
+            if (owner.x == x && shareStem(owner, chord))
+                continue;
+            for (const Box &part : shape)
+                if (part.movedBy(x, 0).meets(taken.boxes[i], -0.02)) {
+                    isClear = false;
+                    next = std::max(next, taken.boxes[i].right - part.left);
+                }
+        }
+        if (isClear)
+            break;
+        x = next + (next == x ? 0.2 : 0);
+    }
+    return x;
+}
+
+} // namespace
+
+void VoicePlacer::place(EngravedBar &bar)
+{
+    _result = &bar;
+    auto &chords = bar.chords;
+    std::vector<std::vector<std::size_t>> byColumn(bar.columns.size());
+    for (std::size_t i = 0; i < chords.size(); ++i)
+        if (!chords[i].beat->isGrace())
+            byColumn[chords[i].column].push_back(i);
+    for (const auto &members : byColumn) {
+        if (shareRest(members))
+            continue;
+        if (_row.notation == Notation::Tablature) {
+            placeVoicesOnStrings(members);
+            continue;
+        }
+        placeColumn(members);
+    }
+}
+
+/// Chords that would stand on one another go to the right, and rests go up or down.
+void VoicePlacer::placeColumn(const std::vector<std::size_t> &members)
+{
+    auto &chords = _result->chords;
+    const Fonts &fonts = _pen.fonts();
+    // Stems upwards first: what stands in their way goes to the right.
+    std::vector<std::size_t> order(members);
+    std::stable_sort(order.begin(), order.end(), [&](std::size_t left, std::size_t right) {
+        return chords[left].isStemUp && !chords[right].isStemUp;
+    });
+    Taken taken;
+    std::vector<std::size_t> done;
+    for (const std::size_t index : order) {
+        Chord &chord = chords[index];
+        if (chord.isRest())
+            continue;
+        const bool isShared = std::any_of(done.begin(), done.end(), [&](std::size_t other) {
+            return chords[other].x == 0 && shareHeads(chords[other], chord);
+        });
+        const std::vector<Box> shape = chordShape(chord, fonts);
+        if (!isShared)
+            chord.x = freePlace(chord, shape, taken);
+        taken.add(chord, shape);
+        done.push_back(index);
+    }
+    for (const std::size_t index : members)
+        if (chords[index].isRest())
+            placeRest(chords[index], taken.boxes);
+}
+
+/// Whether the voices of a column all rest, equally long, while no other one sounds: one sign in
+/// the usual place stands for all of them.
+bool VoicePlacer::shareRest(const std::vector<std::size_t> &members)
+{
+    auto &chords = _result->chords;
+    if (members.size() < 2 || !_result->centred.empty())
+        return false;
+    const Chord &first = chords[members.front()];
+    const BeatSource &rest = *first.beat;
+    const bool areEqual = std::all_of(members.begin(), members.end(), [&](std::size_t index) {
+        const Chord &chord = chords[index];
+        return chord.isRest() && chord.scale == first.scale && chord.beat->length == rest.length
+            && chord.beat->rhythm.getNoteValue() == rest.rhythm.getNoteValue()
+            && chord.beat->rhythm.getAugmentationDot() == rest.rhythm.getAugmentationDot();
+    });
+    if (!areEqual)
+        return false;
+    const utils::rational end = rest.onset + rest.length;
+    const auto meanwhile = static_cast<std::size_t>(
+        std::count_if(chords.begin(), chords.end(), [&](const Chord &chord) {
+            return !chord.beat->isGrace() && chord.beat->onset < end
+                && chord.beat->onset + chord.beat->length > rest.onset;
+        }));
+    if (meanwhile > members.size())
+        return false;
+    for (const std::size_t index : members)
+        chords[index].isShared = index != members.front();
+    return true;
+}
+
+void VoicePlacer::placeVoicesOnStrings(const std::vector<std::size_t> &members)
+{
+    constexpr double gap = 0.5;
+    auto &chords = _result->chords;
+    std::vector<Box> taken;
+    std::vector<std::pair<const Chord *, const Head *>> numbers;
+    for (const std::size_t index : members) {
+        Chord &chord = chords[index];
+        if (chord.isRest() || chord.beat->noteCount == 0)
+            continue;
+        for (const Head &head : chord.heads)
+            for (const auto &[other, number] : numbers) {
+                if (number->line != head.line)
+                    continue;
+                // Voices that share a note share its number.
+                const NoteSource &note = _source.notes[head.note];
+                const NoteSource &before = _source.notes[number->note];
+                if (other->x == chord.x && other->scale == chord.scale
+                    && fretText(note) == fretText(before)
+                    && std::string_view(fretBrackets(note).before) == fretBrackets(before).before)
+                    continue;
+                chord.x = std::max(chord.x, other->x + number->x + number->width + gap - head.x);
+                _problems.add(placeOfChord(_row, _bar, chord, head.note - chord.beat->firstNote),
+                              "The string has several notes at once.");
+            }
+        for (const Head &head : chord.heads) {
+            numbers.emplace_back(&chord, &head);
+            taken.push_back(
+                {chord.x + head.x, head.y - 0.65, chord.x + head.x + head.width, head.y + 0.65});
+        }
+    }
+    if (_row.hasRhythm)
+        for (const std::size_t index : members)
+            if (chords[index].isRest())
+                placeRest(chords[index], taken);
+}
+
+void VoicePlacer::placeRest(Chord &chord, std::vector<Box> &taken)
+{
+    const double step = chord.voice % 2 == 0 ? -1 : 1;
+    chord.restShift = 2 * step;
+    // Away from the other voices, line by line.
+    for (int tries = 0; tries < 24; ++tries, chord.restShift += step) {
+        const Box box = restInk(_row, _pen, chord).box.movedBy(chord.x, 0);
+        const bool meets = std::any_of(taken.begin(), taken.end(),
+                                       [&](const Box &other) { return box.meets(other, 0.15); });
+        if (!meets) {
+            taken.push_back(box);
+            return;
+        }
+    }
+}
+
+} // namespace zarn::engraving
