@@ -212,3 +212,22 @@ TEST(InkOnInkTest, slidesOfAChordAreParallel)
             }
     }
 }
+
+/// A long syllable keeps off the next one of its line, however many notes of another voice come in
+/// between.
+TEST(InkOnInkTest, syllablesKeepOffEachOtherOverNotesOfOtherVoices)
+{
+    ViolinPiece piece;
+    for (const char *text : {"Schwarzwaldkirschtorten", "duft"}) {
+        Syllable syllable;
+        syllable.text = text;
+        piece.add({76}, NoteValue::Half).setLyrics({syllable});
+    }
+    for (unsigned i = 0; i < 16; ++i)
+        piece.add({60}, NoteValue::Sixteenth, 0, 1);
+    const LaidOut laid(*piece.model);
+    const auto words = laid.of(MarkKind::Lyric);
+    ASSERT_EQ(words.size(), 2U);
+    EXPECT_GT(words[1].left, words[0].right + 0.3);
+    EXPECT_EQ(words[0].y, words[1].y);
+}

@@ -1,7 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnLayout/engrave/ChordSymbolText.h>
 
+#include <ZarnCore/chords/ZarnChordDiagram.h>
+
 namespace zarn::engraving {
+
+const std::string &shownSymbol(const ChordMark &mark)
+{
+    return mark.symbol.empty() && mark.diagram ? mark.diagram->name : mark.symbol;
+}
 
 std::string writtenSymbol(const std::string &symbol)
 {

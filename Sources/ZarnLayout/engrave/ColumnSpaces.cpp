@@ -68,9 +68,8 @@ void addWordSpaces(const Chord &chord, const Fonts &fonts, std::vector<SpaceBox>
             {{centre - width / 2, y, centre + width / 2 + (wordGoesOn ? 0.8 : 0), y + 1},
              SpaceBox::Kind::Text});
     }
-    if (!details.chord.symbol.empty()) {
-        const double width =
-            fonts.textBox(writtenSymbol(details.chord.symbol), TextRole::ChordSymbol).right;
+    if (const std::string &symbol = shownSymbol(details.chord); !symbol.empty()) {
+        const double width = fonts.textBox(writtenSymbol(symbol), TextRole::ChordSymbol).right;
         const double left = details.chord.diagram ? centre - width / 2 : chord.x;
         boxes.push_back({{left, symbolSpaceY, left + width + symbolGap, symbolSpaceY + 1},
                          SpaceBox::Kind::Text});

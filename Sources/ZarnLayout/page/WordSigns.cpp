@@ -388,8 +388,7 @@ void addChordSymbols(RowDraft &row, const SystemDraft &draft)
                 ink.place = placeOf(row, chord);
             diagrams.push_back(std::move(item));
         }
-        const std::string &symbol =
-            mark.symbol.empty() && mark.diagram ? mark.diagram->name : mark.symbol;
+        const std::string &symbol = shownSymbol(mark);
         if (!symbol.empty()) {
             SideItem item;
             item.line = symbolLine;

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <utility>
 
 namespace zarn::engraving {
 
@@ -65,6 +66,28 @@ double rightOf(const std::vector<SpaceBox> &boxes)
             right = std::max(right, box.box.right);
     return right;
 }
+
+/// Columns of a row that words stand at, by the height of their line.
+class WordColumns {
+public:
+    /// The last columns that have words on the lines of these; from now on the given one is the
+    /// last.
+    std::vector<unsigned> before(const std::vector<SpaceBox> &boxes, unsigned column)
+    {
+        std::vector<unsigned> found;
+        for (const SpaceBox &box : boxes) {
+            if (box.kind != SpaceBox::Kind::Text)
+                continue;
+            const auto [line, isFirst] = _last.emplace(box.box.top, column);
+            if (!isFirst && line->second != column)
+                found.push_back(std::exchange(line->second, column));
+        }
+        return found;
+    }
+
+private:
+    std::map<double, unsigned> _last;
+};
 
 /// Ink of a grace note around its own origin.
 Box boxOfChord(const EngravedBar &bar, const Chord &chord)
@@ -208,6 +231,7 @@ SpacedBar spaceBar(const std::vector<EngravedBar *> &rows,
         constexpr int none = -1;
         int last = none;
         int secondLast = none;
+        WordColumns words;
         for (unsigned i = 0; i < count; ++i) {
             const auto &boxes = row->columns[i].boxes;
             if (boxes.empty())
@@ -221,6 +245,10 @@ SpacedBar spaceBar(const std::vector<EngravedBar *> &rows,
                     if (least > 0)
                         byTo[to].push_back({static_cast<unsigned>(from) + 1, to, least});
                 }
+            // A word may reach over several columns of other voices.
+            for (const unsigned from : words.before(boxes, i))
+                if (const double least = distance(row->columns[from].boxes, boxes); least > 0)
+                    byTo[to].push_back({from + 1, to, least});
             byTo[count + 1].push_back({to, count + 1, rightOf(boxes) + gapToBarLine + clefsAtEnd});
             secondLast = last;
             last = static_cast<int>(i);
