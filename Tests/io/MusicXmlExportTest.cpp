@@ -42,7 +42,8 @@ TEST(MusicXmlExport, whatOnlyThisScoreSaysIsTold)
     master.masterBar(2)->setDoubleBar(true);
     master.masterBar(2)->setRepeatCount(2);
     model.track(0)->setChosenNotations(TrackNotations{false, true, false});
-    model.track(1)->staff(0)->setTuning({});
+    model.track(1)->setChosenNotations(TrackNotations{false, true, false});
+    model.track(1)->staff(1)->setCapoFret(3);
     model.track(0)->bar(1)->voice(0)->beat(1)->setSlashedGrace(true);
     io::ExportReport report;
     io::MusicXmlExporter().toText(model, report);
@@ -50,9 +51,10 @@ TEST(MusicXmlExport, whatOnlyThisScoreSaysIsTold)
          {"MIDI port and channels", "automation that is bypassed", "systems past the last bar",
           "start of a movement at the first bar", "bar line under another one",
           "fermata over no beat", "stroke through a beat that is no grace beat",
-          "double bar under a repeat sign", "clef of a staff without notation"})
+          "double bar under a repeat sign", "clef of a staff without notation",
+          "tablature without strings", "capo without strings"})
         EXPECT_EQ(report.unheld().count(kind), 1U) << kind;
-    EXPECT_EQ(report.unheld().size(), 9U);
+    EXPECT_EQ(report.unheld().size(), 11U);
 }
 
 TEST(MusicXmlExport, aFirstBarWithMoreInAnotherPartIsNotFilledUp)

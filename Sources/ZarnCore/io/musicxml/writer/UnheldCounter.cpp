@@ -90,6 +90,7 @@ void countNotation(const PartStaff &shown, const Track &plain, ExportContext &co
     context.addUnheldIf(!staff.isFretted() && !plain.staves().empty()
                             && plain.staves().front()->isFretted(),
                         "stringed instrument without strings");
+    context.addUnheldIf(!staff.isFretted() && staff.capoFret() != 0, "capo without strings");
     if (!shown.isTablature || shown.isAlternate)
         return;
     const auto &strings = staff.tuning();
@@ -117,6 +118,12 @@ void countTrack(const Track &track, const PartPlan &part, ExportContext &context
     context.addUnheldIf(track.color() != plain->color(), "colour of a track");
     context.addUnheldIf(!(track.iconID() == plain->iconID()), "icon of a track");
     context.addUnheldIf(track.notations().slash, "notation in slashes");
+    const auto &shown = part.staves();
+    context.addUnheldIf(
+        track.notations().tablature
+            && std::none_of(shown.begin(), shown.end(),
+                            [](const PartStaff &staff) { return staff.isTablature; }),
+        "tablature without strings");
     context.addUnheldIf(track.chosenMidiConnection().has_value(), "MIDI port and channels");
     countBypassed(track.automations(), context);
     if (track.sounds().size() > 1)
