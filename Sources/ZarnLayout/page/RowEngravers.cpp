@@ -18,11 +18,11 @@ namespace {
 
 using EngraveRow = void (*)(RowDraft &row, const SystemDraft &draft);
 
-/// What is nearer to the notes comes first.
+/// What is nearer to the notes comes first; what bends round other marks behind those.
 constexpr EngraveRow rowEngravers[] = {
-    addTies,      addTremolos, addBends,        addStringLinks, addArticulations,
-    addSlurs,     addTuplets,  addBeatSigns,    addFermatas,    addDynamics,
-    addStretches, addLyrics,   addChordSymbols,
+    addTremolos,  addBends,   addStringLinks,  addTies,     addArticulations,
+    addSlurs,     addTuplets, addBeatSigns,    addFermatas, addDynamics,
+    addStretches, addLyrics,  addChordSymbols,
 };
 
 } // namespace
