@@ -231,3 +231,27 @@ TEST(InkOnInkTest, syllablesKeepOffEachOtherOverNotesOfOtherVoices)
     EXPECT_GT(words[1].left, words[0].right + 0.3);
     EXPECT_EQ(words[0].y, words[1].y);
 }
+
+/// Strokes across a stem keep off the accidentals of their chord; those of whole notes stand on the
+/// side of their voice.
+TEST(InkOnInkTest, strokesOfTremolosKeepOffNotesAndAccidentals)
+{
+    ViolinPiece piece(2);
+    const auto tremble = [](Beat &beat) {
+        BeatMarks marks = beat.marks();
+        marks.setTremolo(3);
+        beat.setMarks(marks);
+    };
+    for (const int key : {73, 75, 78, 80})
+        tremble(piece.add({key}, NoteValue::Quarter));
+    for (unsigned voice = 0; voice < 2; ++voice)
+        tremble(piece.add({voice == 0 ? 74 : 71}, NoteValue::Whole, 0, voice, 1));
+    const LaidOut laid(*piece.model);
+    const auto strokes = laid.of(MarkKind::Tremolo);
+    ASSERT_EQ(strokes.size(), 6U);
+    EXPECT_EQ(laid.of(MarkKind::Accidental).size(), 4U);
+    for (const auto &stroke : strokes)
+        for (const MarkKind kind : {MarkKind::Accidental, MarkKind::NoteHead})
+            for (const auto &mark : laid.of(kind))
+                EXPECT_FALSE(meet(stroke, mark)) << stroke.left << " " << mark.left;
+}

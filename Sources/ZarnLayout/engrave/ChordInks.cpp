@@ -43,6 +43,18 @@ Sign flagOf(int count, bool isUp)
     return (isUp ? Sign::Flag8thUp : Sign::Flag8thDown) + (std::clamp(count, 1, 6) - 1);
 }
 
+Sign tremoloSign(unsigned strokes)
+{
+    return Sign::Tremolo1 + (static_cast<int>(std::min(strokes, 5U)) - 1);
+}
+
+double tremoloY(const Chord &chord, double stemTip)
+{
+    const double inward = chord.isStemUp ? 1 : -1;
+    return stemTip
+        + inward * (0.7 + 0.75 * chord.beat->flagCount() + 0.4 * chord.beat->marks.tremolo());
+}
+
 Ink restInk(const Row &row, const Pen &pen, const Chord &chord)
 {
     const NoteValue value = chord.beat->rhythm.getNoteValue();
@@ -78,6 +90,12 @@ std::vector<Box> chordShape(const Chord &chord, const Fonts &fonts)
     const double top = std::min(chord.stemRoot, chord.stemTip);
     const double bottom = std::max(chord.stemRoot, chord.stemTip);
     boxes.push_back({chord.stemX - half, top, chord.stemX + half, bottom});
+    if (const unsigned strokes = chord.beat->marks.tremolo(); strokes > 0) {
+        const Box &sign = fonts.box(tremoloSign(strokes));
+        boxes.push_back(Box{sign.left * chord.scale, sign.top * chord.scale,
+                            sign.right * chord.scale, sign.bottom * chord.scale}
+                            .movedBy(chord.stemX, tremoloY(chord, chord.stemTip)));
+    }
     if (!chord.isBeamed && chord.beat->flagCount() > 0) {
         const Box &flag = fonts.box(flagOf(chord.beat->flagCount(), chord.isStemUp));
         boxes.push_back(Box{flag.left * chord.scale, flag.top * chord.scale,

@@ -10,6 +10,11 @@
 
 namespace zarn::engraving {
 
+/// The strokes of a tremolo on the stem of a chord, and the height of their middle, from where the
+/// stem ends.
+Sign tremoloSign(unsigned strokes);
+double tremoloY(const Chord &chord, double stemTip);
+
 /// Makes the marks of the chords and rests of a bar whose heads and stems have their places:
 /// heads, ledger lines, stems and flags of what is not beamed, dots, accidentals, arpeggios.
 class ChordInks {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnLayout/page/BeatSigns.h>
 
+#include <ZarnLayout/engrave/ChordInks.h>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -392,15 +394,20 @@ void addTremolos(RowDraft &row, const SystemDraft &draft)
             continue;
         const double inward = chord.chord->isStemUp ? 1 : -1;
         if (const unsigned strokes = chord.beat().marks.tremolo(); strokes > 0) {
-            const Sign sign = Sign::Tremolo1 + static_cast<int>(std::min(strokes, 5U) - 1);
+            const Sign sign = tremoloSign(strokes);
             double x = chord.stemX();
-            double y =
-                chord.stemTip + inward * (0.7 + 0.75 * chord.beat().flagCount() + 0.4 * strokes);
+            double y = tremoloY(*chord.chord, chord.stemTip);
             if (!chord.chord->hasStem) {
+                // Above the notes; below those of a lower voice.
                 x = chord.headCentre();
-                const double head = chord.chord->isSlash ? 1 : 0.5;
-                y = chord.chord->top()
-                    - (head + 0.3 + pen.fonts().box(sign).bottom) * chord.chord->scale;
+                const bool isBelow = chord.chord->hasRival && !chord.chord->isStemUp;
+                const auto &heads = chord.chord->heads;
+                const Box &head = pen.fonts().box((isBelow ? heads.front() : heads.back()).glyph);
+                const Box &strokesBox = pen.fonts().box(sign);
+                y = isBelow ? chord.chord->bottom()
+                        + (head.bottom + 0.3 - strokesBox.top) * chord.chord->scale
+                            : chord.chord->top()
+                        + (head.top - 0.3 - strokesBox.bottom) * chord.chord->scale;
             }
             Ink ink = pen.glyph(MarkKind::Tremolo, sign, x, y, chord.chord->scale);
             ink.place = placeOf(row, chord);
