@@ -250,6 +250,36 @@ TEST(MidiImport, nodesOutliveTheScoreThatTheyWereReadWith)
     std::thread([&kept] { kept.clear(); }).join();
 }
 
+TEST(MidiImport, partsThatAreMadeAtOnceStayInTheirOrder)
+{
+    // So many notes that several threads share the parts; each is read alone, too.
+    constexpr int parts = 12;
+    constexpr int notes = 4000;
+    const auto addPart = [](Song &song, int number) {
+        auto &track = song.track();
+        track.addMeta(0, MidiMeta::TrackName, "Part " + std::to_string(number));
+        track.addProgram(0, number, 64 + number);
+        for (int i = 0; i < notes; ++i)
+            add(track, i / 2.0, i % 5 == number % 5 ? 0.25 : 0.5, 40 + (i * (number + 3)) % 30,
+                number);
+        track.addNoteOff(notes * quarter, number, 20); // of nothing
+    };
+    Song song;
+    for (int number = 0; number < parts; ++number)
+        addPart(song, number < 9 ? number : number + 1);
+    const auto all = song.import();
+    ASSERT_EQ(all.model->trackCount(), unsigned(parts));
+    for (const int number : {0, 5, 8}) {
+        Song alone;
+        addPart(alone, number);
+        const auto one = alone.import();
+        const auto &track = *all.model->track(static_cast<unsigned>(number));
+        EXPECT_EQ(track.name(), "Part " + std::to_string(number));
+        EXPECT_TRUE(*one.model->track(0)->staff(0) == *track.staff(0)) << number;
+    }
+    EXPECT_TRUE(all.report.hasProblem("12 times in all"));
+}
+
 TEST(MidiImport, moreRhythmsThanAreRememberedAreWrittenAllTheSame)
 {
     // Bars of 16ths and rests, no two alike; the first hundred come again at the end.

@@ -14,6 +14,17 @@ void MidiOddities::add(const std::string &text, int track, std::size_t byte,
     ++_all[place->second].count;
 }
 
+void MidiOddities::add(const MidiOddities &others)
+{
+    for (const Oddity &other : others._all) {
+        const auto [place, isNew] = _places.insert({other.text, _all.size()});
+        if (isNew)
+            _all.push_back(other);
+        else
+            _all[place->second].count += other.count;
+    }
+}
+
 void MidiOddities::tell(ImportReport &report) const
 {
     for (const Oddity &oddity : _all) {

@@ -21,6 +21,9 @@ public:
     void add(const std::string &text, int track = NoTrack, std::size_t byte = NoByte,
              const std::string &detail = {});
 
+    /// Those of another, behind what was met here.
+    void add(const MidiOddities &others);
+
     /// In the order in which they were met.
     void tell(ImportReport &report) const;
 

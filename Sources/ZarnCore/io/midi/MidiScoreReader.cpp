@@ -9,16 +9,17 @@
 #include <ZarnCore/io/midi/OrnamentFinder.h>
 #include <ZarnCore/io/midi/PartFitter.h>
 #include <ZarnCore/io/midi/PickupFinder.h>
+#include <ZarnCore/io/midi/ShareWork.h>
 #include <ZarnCore/io/midi/TrackWriter.h>
 #include <ZarnCore/io/midi/WrittenPlacer.h>
 #include <ZarnCore/io/midi/ZarnMidiFile.h>
 #include <ZarnCore/model/NodeBlocks.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
-#include <ZarnCore/model/notes/SpanFaults.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <iterator>
+#include <thread>
 
 namespace zarn::io {
 
@@ -44,9 +45,8 @@ public:
             makeStaves(part);
         const MeterLine bars = makeBars();
         dropNotesBehind(bars);
-        fitParts(bars);
         writeMasterBars(_music, bars, *_model);
-        writeTracks(bars);
+        writeParts(bars);
         _oddities.tell(_report);
         return std::move(_model);
     }
@@ -56,9 +56,9 @@ private:
     void makeStaves(MidiPart &part) const;
     MeterLine makeBars();
     MidiTime pickup() const;
+    std::size_t noteCount() const;
     void dropNotesBehind(const MeterLine &bars);
-    void fitParts(const MeterLine &bars);
-    void writeTracks(const MeterLine &bars);
+    void writeParts(const MeterLine &bars);
 
     const MidiImportOptions &_options;
     ImportReport &_report;
@@ -121,16 +121,21 @@ MidiTime ScoreReader::pickup() const
     return findPickup(notes, meter, end);
 }
 
+std::size_t ScoreReader::noteCount() const
+{
+    std::size_t notes = 0;
+    for (const MidiPart &part : _music.parts)
+        for (const PlayedNotes &played : part.staves)
+            notes += played.size();
+    return notes;
+}
+
 MeterLine ScoreReader::makeBars()
 {
     std::size_t staves = 0;
-    std::size_t notes = 0;
-    for (const MidiPart &part : _music.parts) {
+    for (const MidiPart &part : _music.parts)
         staves += part.staves.size();
-        for (const PlayedNotes &played : part.staves)
-            notes += played.size();
-    }
-    const std::size_t most = std::clamp<std::size_t>((barsForNothing + barsPerNote * notes)
+    const std::size_t most = std::clamp<std::size_t>((barsForNothing + barsPerNote * noteCount())
                                                          / std::max<std::size_t>(staves, 1),
                                                      1, MasterTrack::MaxBars);
     // An end that was cut a little late begins no bar.
@@ -167,25 +172,63 @@ void ScoreReader::dropNotesBehind(const MeterLine &bars)
         }
 }
 
-void ScoreReader::fitParts(const MeterLine &bars)
+/// What a part becomes, with what was odd on the way.
+struct WrittenPart {
+    std::shared_ptr<Track> track;
+    MidiOddities ofFitting;
+    MidiOddities ofWriting;
+};
+
+/// Fits a part to the bars and makes its track at once, while its notes are near.
+class PartWorker {
+public:
+    PartWorker(MidiMusic &music, const MeterLine &bars, const PlayingAccuracy &accuracy,
+               const GridChoice &choice, std::vector<WrittenPart> &written)
+        : _music(music), _bars(bars), _written(written), _fitter(music, bars, accuracy, choice)
+    {
+    }
+
+    void operator()(std::size_t number)
+    {
+        MidiPart &part = _music.parts[number];
+        WrittenPart &result = _written[number];
+        _fitter.fit(part, result.ofFitting);
+        result.track = makeTrack(part, _bars, _nodes, result.ofWriting);
+    }
+
+private:
+    MidiMusic &_music;
+    const MeterLine &_bars;
+    std::vector<WrittenPart> &_written;
+    PartFitter _fitter;
+    NodeBlocks _nodes;
+};
+
+/// Threads that have enough to do with so many notes.
+std::size_t threadsFor(std::size_t notes)
+{
+    constexpr std::size_t notesOfThread = 16'384;
+    constexpr std::size_t mostThreads = 8;
+    const std::size_t processors = std::max(std::thread::hardware_concurrency(), 1u);
+    return std::min({1 + notes / notesOfThread, mostThreads, processors});
+}
+
+/// Parts have nothing to do with each other until their tracks come into the model.
+void ScoreReader::writeParts(const MeterLine &bars)
 {
     GridChoice choice;
     choice.hasTuplets = _options.hasTuplets;
     if (_options.shortestNote)
         choice.shortest = (*_options.shortestNote * utils::rational(midiQuarter)).round();
-    PartFitter fitter(_music, bars, _accuracy, choice);
-    for (MidiPart &part : _music.parts)
-        fitter.fit(part, _oddities);
-}
-
-void ScoreReader::writeTracks(const MeterLine &bars)
-{
-    NodeBlocks nodes;
-    for (const MidiPart &part : _music.parts) {
-        writeTrack(part, bars, nodes, *_model, _oddities);
-        // Words whose syllables were left out end with those that they have.
-        if (!part.lyrics.empty())
-            mendBrokenSpans(*_model->tracks().back());
+    std::vector<WrittenPart> written(_music.parts.size());
+    shareWork(written.size(), threadsFor(noteCount()),
+              [&] { return PartWorker(_music, bars, _accuracy, choice, written); });
+    for (const WrittenPart &each : written)
+        _oddities.add(each.ofFitting);
+    for (std::size_t i = 0; i < written.size(); ++i) {
+        _model->addTrack(written[i].track);
+        finishTrack(_music.parts[i], *written[i].track, written[i].ofWriting);
+        _oddities.add(written[i].ofWriting);
     }
 }
 

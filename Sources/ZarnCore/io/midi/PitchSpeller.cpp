@@ -134,8 +134,8 @@ public:
             _around.add(_notes[i].fifth);
     }
 
-    /// For one note after the other.
-    void spellByContext(std::size_t index, const KeyChange &key)
+    /// For one note after the other; answers whether the note is spelled anew.
+    bool spellByContext(std::size_t index, const KeyChange &key)
     {
         if (index + context < _notes.size())
             _around.add(_notes[index + context].fifth);
@@ -144,17 +144,18 @@ public:
         const PlayedNote &note = _notes[index];
         const int own = fifthFrom(note.key, firstOfKey(key));
         if (own <= firstOfKey(key) + 6)
-            return;
+            return false;
         const int flat = own - keysPerOctave;
         const PlayedNote *const next = nextOfVoice(index);
         const int cost = perFifthOfNeighbour * _around.farther(own) + costOf(note, own, next, key)
             - costOf(note, flat, next, key);
         const int fifth = cost <= 0 ? own : flat;
         if (fifth == note.fifth)
-            return;
+            return false;
         _around.remove(note.fifth);
         _around.add(fifth);
         choose(index, fifth);
+        return true;
     }
 
 private:
@@ -221,9 +222,14 @@ void spell(PlayedNotes &notes, const std::vector<KeyChange> &keys)
         }
     };
     forEach([&](std::size_t i, const KeyChange &key) { speller.spellByKey(i, key); });
-    for (int pass = 0; pass < 2; ++pass) {
+    // Another time for what was heard with the old spellings of others.
+    bool isChanged = true;
+    for (int pass = 0; pass < 2 && isChanged; ++pass) {
+        isChanged = false;
         speller.listenFromStart();
-        forEach([&](std::size_t i, const KeyChange &key) { speller.spellByContext(i, key); });
+        forEach([&](std::size_t i, const KeyChange &key) {
+            isChanged = speller.spellByContext(i, key) || isChanged;
+        });
     }
 }
 

@@ -77,7 +77,9 @@ void sortNearlySorted(PlayedNotes &notes, const IsBefore &isBefore)
             std::stable_sort(notes.begin(), notes.end(), isBefore);
             return;
         }
-        std::rotate(place, note, note + 1);
+        const PlayedNote moved = *note;
+        std::move_backward(place, note, note + 1);
+        *place = moved;
     }
 }
 

@@ -142,6 +142,9 @@ void RhythmWriter::writeNew(const MeterBar &bar, const std::vector<Stretch> &str
     joinSpans(stretches);
     for (std::size_t i = 0; i < stretches.size(); ++i)
         writeStretch(stretches[i], i);
+    // Each is copied to many beats, which then find its length worked out.
+    for (const Value &value : _values)
+        value.rhythm.getLength();
 }
 
 void RhythmWriter::writeStretch(const Stretch &stretch, std::size_t number)

@@ -13,6 +13,7 @@
 #include <ZarnCore/io/midi/StaffBuilder.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/ZarnTrackDefaults.h>
+#include <ZarnCore/model/notes/SpanFaults.h>
 #include <ZarnCore/model/places/ZarnBeatSpan.h>
 
 #include <algorithm>
@@ -155,10 +156,10 @@ bool isForTwoHands(const MidiPart &part) noexcept
     return trackDefaults(part.type).staffCount == 2;
 }
 
-void writeTrack(const MidiPart &part, const MeterLine &bars, NodeBlocks &nodes, ScoreModel &model,
-                MidiOddities &oddities)
+std::shared_ptr<Track> makeTrack(const MidiPart &part, const MeterLine &bars, NodeBlocks &nodes,
+                                 MidiOddities &oddities)
 {
-    const auto track = ScoreModel::createTrack(part.type);
+    auto track = ScoreModel::createTrack(part.type);
     if (!part.name.empty())
         track->setName(part.name);
     track->setStaffCount(static_cast<unsigned>(part.staves.size()));
@@ -209,10 +210,17 @@ void writeTrack(const MidiPart &part, const MeterLine &bars, NodeBlocks &nodes, 
         }
         track->staves()[i]->insertBars(0, std::move(built));
     }
-    model.addTrack(track);
-    if (!part.isDrums && part.strings.empty() && track->isFretted()
+    return track;
+}
+
+void finishTrack(const MidiPart &part, Track &track, MidiOddities &oddities)
+{
+    if (!part.isDrums && part.strings.empty() && track.isFretted()
         && InstrumentSet::isStringed(part.type))
-        findStrings(*track, oddities, part.midiTrack);
+        findStrings(track, oddities, part.midiTrack);
+    // Words whose syllables were left out end with those that they have.
+    if (!part.lyrics.empty())
+        mendBrokenSpans(track);
 }
 
 } // namespace zarn::io

@@ -3,9 +3,11 @@
 
 #include <ZarnCore/io/midi/MidiPart.h>
 
+#include <memory>
+
 namespace zarn {
 class NodeBlocks;
-class ScoreModel;
+class Track;
 } // namespace zarn
 
 namespace zarn::io {
@@ -15,10 +17,13 @@ class MidiOddities;
 /// Whether the instrument of a part is written on two staves.
 bool isForTwoHands(const MidiPart &part) noexcept;
 
-/// Makes the track of a part behind the others of a model that has its master bars. The notes have
-/// their times, voices and spellings; where the instrument has frets, the track gets strings and
-/// frets. Its beats and notes are made in the blocks.
-void writeTrack(const MidiPart &part, const MeterLine &bars, NodeBlocks &nodes, ScoreModel &model,
-                MidiOddities &oddities);
+/// The track of a part whose notes have their times, voices and spellings. Its beats and notes are
+/// made in the blocks. Several threads may each make one.
+std::shared_ptr<Track> makeTrack(const MidiPart &part, const MeterLine &bars, NodeBlocks &nodes,
+                                 MidiOddities &oddities);
+
+/// What is found when the track is one of a model with its master bars: strings and frets where the
+/// instrument has them, and where words end of which syllables were left out.
+void finishTrack(const MidiPart &part, Track &track, MidiOddities &oddities);
 
 } // namespace zarn::io

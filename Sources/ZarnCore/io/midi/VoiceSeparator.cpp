@@ -178,6 +178,10 @@ private:
     /// Chords that begin together, at most as many as there are voices.
     void place(std::size_t first, std::size_t last)
     {
+        if (last - first == 1 && goesOnAlone(_chords[first])) {
+            takeChord(first, 0);
+            return;
+        }
         if (last - first > 1)
             std::sort(_chords.begin() + static_cast<std::ptrdiff_t>(first),
                       _chords.begin() + static_cast<std::ptrdiff_t>(last),
@@ -189,11 +193,23 @@ private:
         _best = 1e18;
         _order.fill(0);
         choose(first, last, first, 0, 0);
-        for (std::size_t i = first; i < last; ++i) {
-            Chord &chord = _chords[i];
-            chord.voice = static_cast<std::uint8_t>(_bestOrder[i - first]);
-            _lines[chord.voice] = {true, chord.end, chord.lowest, chord.highest, i};
-        }
+        for (std::size_t i = first; i < last; ++i)
+            takeChord(i, _bestOrder[i - first]);
+    }
+
+    void takeChord(std::size_t place, std::size_t voice)
+    {
+        Chord &chord = _chords[place];
+        chord.voice = static_cast<std::uint8_t>(voice);
+        _lines[voice] = {true, chord.end, chord.lowest, chord.highest, place};
+        _soundsUntil = std::max(_soundsUntil, chord.end);
+    }
+
+    /// Whether nothing else sounds and the first voice leads here so closely that no other one is
+    /// nearer.
+    bool goesOnAlone(const Chord &chord) const
+    {
+        return _soundsUntil <= chord.start && costOf(chord, 0) <= perVoiceNumber;
     }
 
     void count(MidiTime time)
@@ -305,6 +321,7 @@ private:
     std::array<std::size_t, voiceCount> _order = {};
     std::array<std::size_t, voiceCount> _bestOrder = {};
     double _best = 0;
+    MidiTime _soundsUntil = 0; ///< the latest end of all chords so far
     VoiceLosses _losses;
 };
 
