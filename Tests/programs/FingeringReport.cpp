@@ -1,19 +1,21 @@
 // SPDX-License-Identifier: MIT
 // How far the fingering solver agrees with editors of guitar music, beside two simple rules.
 //
-//     zarn_fingering_report [MARKS CASES]          with the weights that are built in
-//     zarn_fingering_report --fit [MARKS CASES]    and with weights fitted on all pieces but the
-//                                                  one that is judged; then those fitted on all
-#include "support/FingeredPieces.h"
+//     zarn_fingering_report [MARKS CASES]              with the weights that are built in
+//     zarn_fingering_report --folds K [MARKS CASES]    and cross-validated: the works are dealt
+//     into
+//                                                      K folds, and each is judged by weights
+//                                                      fitted on the others; then those fitted on
+//                                                      all
+#include "WeightFit.h"
 
 #include <ZarnCore/fingering/ZarnFingeringSolver.h>
 
-#include <cmath>
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <functional>
-#include <iterator>
 #include <string>
 #include <vector>
 
@@ -109,7 +111,7 @@ void judgeRules(const FingeredPiece &piece, const Passage &passage,
     }
 }
 
-Agreement judge(const FingeredPiece &piece, const FingeringWeights &weights, bool isWhole)
+Agreement judge(const FingeredPiece &piece, const FingeringWeights &weights)
 {
     std::vector<std::size_t> noteOf;
     Passage passage = passageOf(piece, noteOf);
@@ -123,8 +125,6 @@ Agreement judge(const FingeredPiece &piece, const FingeringWeights &weights, boo
         if (piece.notes[i].finger >= 0)
             agreement.fingers.count(placed.finger == piece.notes[i].finger);
     }
-    if (!isWhole)
-        return agreement;
     judgeRules(piece, passage, noteOf, agreement);
     bool isLocked = false;
     for (std::size_t i = 0; i < piece.notes.size(); ++i)
@@ -150,108 +150,76 @@ void printHeading(const char *title)
                 "nearest", "ours", "locked", "marks", "fingers", "wide");
 }
 
-using Weight = double FingeringWeights::*;
-constexpr std::pair<const char *, Weight> fitted[] = {
-    {"shape", &FingeringWeights::shape},
-    {"index", &FingeringWeights::index},
-    {"middle", &FingeringWeights::middle},
-    {"ring", &FingeringWeights::ring},
-    {"little", &FingeringWeights::little},
-    {"ringAtNut", &FingeringWeights::ringAtNut},
-    {"fingerAcross", &FingeringWeights::fingerAcross},
-    {"creep", &FingeringWeights::creep},
-    {"shiftStart", &FingeringWeights::shiftStart},
-    {"shift", &FingeringWeights::shift},
-    {"hurriedCreep", &FingeringWeights::hurriedCreep},
-    {"hurriedStart", &FingeringWeights::hurriedStart},
-    {"hurriedShift", &FingeringWeights::hurriedShift},
-    {"blindShift", &FingeringWeights::blindShift},
-    {"exchange", &FingeringWeights::exchange},
-    {"fingerJump", &FingeringWeights::fingerJump},
-    {"fingerRoll", &FingeringWeights::fingerRoll},
-    {"hurriedJump", &FingeringWeights::hurriedJump},
-    {"hurriedRoll", &FingeringWeights::hurriedRoll},
-    {"fingerReplaced", &FingeringWeights::fingerReplaced},
-    {"height", &FingeringWeights::height},
-    {"highHand", &FingeringWeights::highHand},
-    {"leftHome", &FingeringWeights::leftHome},
-    {"chordHeight", &FingeringWeights::chordHeight},
-    {"overBody", &FingeringWeights::overBody},
-    {"openTreble", &FingeringWeights::openTreble},
-    {"openAbove", &FingeringWeights::openAbove},
-    {"openInChord", &FingeringWeights::openInChord},
-    {"skippedString", &FingeringWeights::skippedString},
-    {"cutNote", &FingeringWeights::cutNote},
-    {"cutRinging", &FingeringWeights::cutRinging},
-    {"cutBroken", &FingeringWeights::cutBroken},
-    {"longestRing", &FingeringWeights::longestRing},
-    {"crossedStep", &FingeringWeights::crossedStep},
-    {"movedPitch", &FingeringWeights::movedPitch},
-};
-
 /// A part that stands an octave higher than its editor fingered it: no weights agree with that.
 constexpr const char *misprinted = "lagrima-duo-II";
 
-/// How good weights are, in percent; a change has to be worth it, which keeps them where they were.
-double merit(const std::vector<FingeredPiece> &pieces, const FingeringWeights &weights,
-             std::size_t without)
+/// The work that a piece is a part or an arrangement of: its name to the first hyphen.
+std::string workOf(const FingeredPiece &piece)
 {
-    Agreement all;
-    for (std::size_t i = 0; i < pieces.size(); ++i)
-        if (i != without && pieces[i].name != misprinted)
-            all.add(judge(pieces[i], weights, false));
-    double distance = 0;
-    const FingeringWeights start;
-    for (const auto &[name, weight] : fitted)
-        distance += std::abs(std::log(weights.*weight / start.*weight));
-    return all.strings.percent() + all.fingers.percent() - 0.5 * distance;
+    return piece.name.substr(0, piece.name.find('-'));
 }
 
-FingeringWeights fit(const std::vector<FingeredPiece> &pieces, std::size_t without)
+/// The fold of each piece: whole works, dealt out in the order of their first pieces.
+std::vector<std::size_t> foldsOf(const std::vector<FingeredPiece> &pieces, std::size_t count)
 {
-    FingeringWeights weights;
-    double best = merit(pieces, weights, without);
-    for (const double step : {1.6, 1.25}) {
-        for (const auto &[name, weight] : fitted) {
-            for (const double factor : {step, 1 / step}) {
-                FingeringWeights tried = weights;
-                tried.*weight *= factor;
-                const double found = merit(pieces, tried, without);
-                if (found > best) {
-                    best = found;
-                    weights = tried;
-                    break;
-                }
-            }
-        }
+    std::vector<std::string> works;
+    std::vector<std::size_t> folds;
+    for (const FingeredPiece &piece : pieces) {
+        const auto known = std::find(works.begin(), works.end(), workOf(piece));
+        folds.push_back(static_cast<std::size_t>(known - works.begin()) % count);
+        if (known == works.end())
+            works.push_back(workOf(piece));
     }
-    return weights;
+    return folds;
 }
 
-void crossValidate(const std::vector<FingeredPiece> &pieces)
+/// Judges each piece by weights that are fitted on the other folds alone.
+void crossValidate(std::vector<FingeredPiece> pieces, std::size_t foldCount)
 {
-    printHeading("each piece with weights fitted on the others");
+    pieces.erase(std::remove_if(pieces.begin(), pieces.end(),
+                                [](const auto &piece) { return piece.name == misprinted; }),
+                 pieces.end());
+    const std::vector<std::size_t> folds = foldsOf(pieces, foldCount);
+    printHeading("each fold with weights fitted on the others, from a player's guess");
     Agreement all;
-    for (std::size_t i = 0; i < pieces.size(); ++i) {
-        const Agreement one = judge(pieces[i], fit(pieces, i), true);
-        print(pieces[i].name.c_str(), one);
+    for (std::size_t fold = 0; fold < foldCount; ++fold) {
+        std::vector<FingeredPiece> others;
+        for (std::size_t i = 0; i < pieces.size(); ++i)
+            if (folds[i] != fold)
+                others.push_back(pieces[i]);
+        if (others.size() == pieces.size())
+            continue;
+        const FingeringWeights weights = fitWeights(others);
+        for (std::size_t i = 0; i < pieces.size(); ++i) {
+            if (folds[i] != fold)
+                continue;
+            const Agreement one = judge(pieces[i], weights);
+            print(pieces[i].name.c_str(), one);
+            all.add(one);
+        }
         std::fflush(stdout);
-        all.add(one);
     }
     print("all", all);
-    const FingeringWeights weights = fit(pieces, pieces.size());
-    std::printf("\nfitted on all pieces\n");
-    for (const auto &[name, weight] : fitted)
-        std::printf("  %-14s %.3f (built in %.3f)\n", name, weights.*weight,
-                    FingeringWeights().*weight);
+    std::printf("without %s, which stands an octave higher than its editor fingered it\n",
+                misprinted);
+    const FingeringWeights weights = fitWeights(pieces);
+    std::printf("\nfitted on all of them\n");
+    for (const FittedWeight &one : fittedWeights())
+        std::printf("  %-14s %.3f (guessed %.3f, built in %.3f)\n", one.name, weights.*one.weight,
+                    one.guess, FingeringWeights().*one.weight);
 }
 
 } // namespace
 
 int main(int argc, char **argv)
 {
-    const bool fits = argc > 1 && std::strcmp(argv[1], "--fit") == 0;
-    const int first = fits ? 2 : 1;
+    const bool folds = argc > 2 && std::strcmp(argv[1], "--folds") == 0;
+    const int foldCount = folds ? std::atoi(argv[2]) : 0;
+    if (folds && foldCount < 2) {
+        std::fprintf(stderr, "--folds wants a number from 2 on\n");
+        return 2;
+    }
+    const int first = folds ? 3 : 1;
     const std::string folder = ZARN_SOURCE_DIR "/Tests/fingering/data/";
     const auto pieces = readFingeredPieces(argc > first ? argv[first] : folder + "marks.tsv");
     const auto cases =
@@ -260,13 +228,13 @@ int main(int argc, char **argv)
     printHeading("agreement with the editor, percent, with the weights that are built in");
     Agreement all;
     for (const FingeredPiece &piece : pieces) {
-        const Agreement one = judge(piece, {}, true);
+        const Agreement one = judge(piece, {});
         print(piece.name.c_str(), one);
         all.add(one);
     }
     print("all", all);
-    if (fits)
-        crossValidate(pieces);
+    if (folds)
+        crossValidate(pieces, static_cast<std::size_t>(foldCount));
 
     int faults = 0;
     std::printf("\n");
