@@ -379,8 +379,11 @@ void addBeatSigns(RowDraft &row, const SystemDraft &draft)
     }
     for (const BeatSign &sign : beatSigns)
         if (carries(*row.row, sign.rows))
-            for (const PlacedChord &chord : row.chords)
-                addItem(row, chord, sign.side, sign.make(pen, chord, row), -1);
+            for (const PlacedChord &chord : row.chords) {
+                Inks inks = sign.make(pen, chord, row);
+                keepOnLine(inks, draft);
+                addItem(row, chord, sign.side, std::move(inks), -1);
+            }
 }
 
 void addTremolos(RowDraft &row, const SystemDraft &draft)

@@ -301,11 +301,7 @@ void addTempos(SystemDraft &draft, RowDraft &row)
         const ColumnSource &column = draft.score.column(bar.shownBar);
         const MarkPlace where = placeOfBar(draft.score.shown[bar.shownBar].bar);
         const auto keepInside = [&](Inks inks) {
-            if (!inks.empty()) {
-                const double over = boxOf(inks).right - draft.right;
-                if (over > 0)
-                    move(inks, -std::min(over, boxOf(inks).left - draft.staffLeft), 0);
-            }
+            keepOnLine(inks, draft);
             return inks;
         };
         for (const TempoMark &tempo : column.tempos) {

@@ -107,6 +107,16 @@ void place(RowDraft &row, SideItems items)
     }
 }
 
+void keepOnLine(Inks &inks, const SystemDraft &draft)
+{
+    if (inks.empty())
+        return;
+    const Box box = boxOf(inks);
+    if (box.right > draft.right)
+        move(inks, -std::min(box.right - draft.right, std::max(0.0, box.left - draft.staffLeft)),
+             0);
+}
+
 const Ink &inkOf(const SystemDraft &draft, const RowDraft &row, const PlacedChord &chord,
                  std::uint32_t number)
 {

@@ -60,6 +60,9 @@ std::vector<ChordRun> runsOf(const SystemDraft &draft, const RowDraft &row, Has 
     return runs;
 }
 
+/// Moves what would lead over the end of the line to the left, as far as its beginning at most.
+void keepOnLine(Inks &inks, const SystemDraft &draft);
+
 /// A mark of a chord, around the origin of the chord.
 const Ink &inkOf(const SystemDraft &draft, const RowDraft &row, const PlacedChord &chord,
                  std::uint32_t number);
