@@ -314,6 +314,29 @@ TEST(MusicXmlMarks, beamsAreKeptWhereTheyAreNotTheUsualOnes)
     EXPECT_TRUE(report.hasProblem("a beam over the bar line was left out"));
 }
 
+/// A beam that leads to the other staff is said by the note in front of it, and by no other.
+TEST(MusicXmlMarks, beamsToAnotherStaffAreSaid)
+{
+    const auto eighth = [](const char *beam, int staff) {
+        return "<note><pitch><step>C</step><octave>4</octave></pitch><duration>1</duration>"
+               "<voice>1</voice><type>eighth</type><staff>"
+            + std::to_string(staff) + "</staff><beam number=\"1\">" + beam + "</beam></note>";
+    };
+    ImportReport report;
+    const auto model =
+        import(score(measure(attributes("<divisions>2</divisions><staves>2</staves>")
+                             + eighth("begin", 1) + eighth("continue", 2) + eighth("continue", 1)
+                             + eighth("end", 2) + eighth("begin", 1) + eighth("end", 1)
+                             + eighth("begin", 2) + eighth("end", 2))),
+               report);
+    std::string modes;
+    for (const auto &staff : model->track(0)->staves())
+        for (const auto &beat : staff->bars()[0]->voice(0)->beats())
+            modes += beat->beamMode() == BeamMode::Join ? 'J' : beat->isPlaceHolder() ? ' ' : '.';
+    EXPECT_EQ(modes, "J J ..  J . ..") << "notes and free time of the upper staff, then the lower";
+    EXPECT_TRUE(report.unheld().empty());
+}
+
 TEST(MusicXmlMarks, whatElseAnEngraverAsksFor)
 {
     const auto accidental = [](const char *how) {

@@ -197,11 +197,17 @@ void BarEngraver::chooseStem(std::size_t first, std::size_t end)
             isForced = isSaid = true;
         }
     }
+    const bool isAcross = chords[first].beat->crossBeam != 0 && _row.notation == Notation::Standard;
+    if (isAcross) {
+        isUp = chords[first].beat->isCrossStemUp;
+        isForced = true;
+    }
     for (std::size_t i = first; i < end; ++i) {
         chords[i].isStemUp = isUp;
         chords[i].isForced = isForced;
+        chords[i].isCrossBeamed = isAcross;
         chords[i].hasRival = _hasVoices;
-        chords[i].isBeamed = end - first > 1 && chords[i].beat->flagCount() > 0;
+        chords[i].isBeamed = (isAcross || end - first > 1) && chords[i].beat->flagCount() > 0;
     }
 }
 

@@ -37,12 +37,13 @@ struct Chord {
     bool isForced = false; ///< the stem's direction is not free: said, or there are other voices
     bool hasRival = false; ///< other voices are in its bar
     bool isBeamed = false;
-    bool isSlash = false;  ///< one slash stands for the notes
-    bool isShared = false; ///< a rest that the sign of another voice stands for
-    double stemX = 0;      ///< middle of the stem, from the origin
-    double stemRoot = 0;   ///< y where the stem leaves the head that is farthest from its tip
-    double stemTip = 0;    ///< y
-    Box room;              ///< of a grace note, for what leads from it and to it: bends, slides
+    bool isCrossBeamed = false; ///< by a beam that other staves hang on too
+    bool isSlash = false;       ///< one slash stands for the notes
+    bool isShared = false;      ///< a rest that the sign of another voice stands for
+    double stemX = 0;           ///< middle of the stem, from the origin
+    double stemRoot = 0;        ///< y where the stem leaves the head that is farthest from its tip
+    double stemTip = 0;         ///< y
+    Box room; ///< of a grace note, for what leads from it and to it: bends, slides
     std::uint32_t firstInk = 0;
     std::uint32_t inkEnd = 0;
 

@@ -2,6 +2,8 @@
 #include <ZarnLayout/page/BeamEngraver.h>
 
 #include <ZarnLayout/engrave/ChordInks.h>
+#include <ZarnLayout/page/BeamInks.h>
+#include <ZarnLayout/page/SideItem.h>
 
 #include <algorithm>
 #include <cmath>
@@ -11,15 +13,6 @@
 namespace zarn::engraving {
 
 namespace {
-
-/// A straight line through which stems end: the outer edge of the first beam.
-struct BeamLine {
-    double x = 0;
-    double y = 0;
-    double slope = 0;
-
-    double at(double place) const noexcept { return y + slope * (place - x); }
-};
 
 /// The chords of each bar that has several voices.
 using Rivals = std::map<unsigned, std::vector<const PlacedChord *>>;
@@ -81,7 +74,7 @@ private:
         return covered;
     }
 
-    double step() const { return 0.75 * _scale; } // thickness of a beam and the gap behind it
+    double step() const { return beamStep(_scale); }
     double inward() const { return _isUp ? 1 : -1; }
 
     static double headAtTip(const PlacedChord &member)
@@ -218,20 +211,9 @@ private:
             const double tip = member->stemTip + inward() * 0.05;
             Ink stem = _pen.line(MarkKind::Stem, {member->stemX(), chord.stemRoot},
                                  {member->stemX(), tip}, _pen.fonts().stem());
-            stem.place = placeIn(*member);
+            stem.place = placeOf(_row, *member);
             _row.add(std::move(stem));
         }
-    }
-
-    MarkPlace placeIn(const PlacedChord &member) const
-    {
-        MarkPlace place;
-        place.track = static_cast<std::int16_t>(_row.row->track);
-        place.staff = static_cast<std::int8_t>(_row.row->staff);
-        place.voice = static_cast<std::int8_t>(member.chord->voice);
-        place.bar = static_cast<std::int32_t>(member.bar);
-        place.beat = static_cast<std::int16_t>(member.chord->beat->index);
-        return place;
     }
 
     int mostBeams() const
@@ -244,63 +226,13 @@ private:
 
     void addBeams()
     {
-        for (int level = 0, most = mostBeams(); level < most; ++level)
-            for (std::size_t i = 0; i < _members.size();) {
-                if (_members[i]->beat().flagCount() <= level) {
-                    ++i;
-                    continue;
-                }
-                std::size_t end = i + 1;
-                while (end < _members.size() && _members[end]->beat().flagCount() > level)
-                    ++end;
-                addBeam(level, i, end);
-                i = end;
-            }
-    }
-
-    /// A short beam points into the beat that its note belongs to.
-    bool pointsLeft(std::size_t member) const
-    {
-        if (member == 0)
-            return false;
-        if (member + 1 == _members.size())
-            return true;
-        const BeatSource &beat = _members[member]->beat();
-        const utils::rational pair = beat.length * utils::rational(2);
-        return pair.sign() > 0 && !utils::modulo(beat.onset, pair).isZero();
-    }
-
-    void addBeam(int level, std::size_t first, std::size_t end)
-    {
-        const double half = _pen.fonts().stem() / 2;
-        double left = _members[first]->stemX() - half;
-        double right = _members[end - 1]->stemX() + half;
-        if (end - first == 1) {
-            constexpr double stub = 1.1;
-            if (pointsLeft(first))
-                left = std::max(right - stub * _scale - 0.1, _members[first - 1]->stemX() + 0.3);
-            else
-                right = std::min(left + stub * _scale + 0.1, _members[first + 1]->stemX() - 0.3);
+        BeamedChords chords;
+        for (const PlacedChord *member : _members)
+            chords.push_back({member, placeOf(_row, *member)});
+        for (Ink &beam : beamInks(chords, _line, inward(), _scale, _pen)) {
+            cover(_row, beam);
+            _row.inks.push_back(std::move(beam));
         }
-        const double shift = inward() * step() * level;
-        const double thickness = inward() * _pen.fonts().beam() * _scale;
-        const double y0 = _line.at(left) + shift;
-        const double y1 = _line.at(right) + shift;
-        Ink beam = _pen.polygon(
-            MarkKind::Beam,
-            {{left, y0}, {right, y1}, {right, y1 + thickness}, {left, y0 + thickness}});
-        beam.place = placeIn(*_members[first]);
-        // A slanted beam covers less than its box.
-        constexpr int pieces = 8;
-        for (int i = 0; i < pieces; ++i) {
-            const double from = left + (right - left) * i / pieces;
-            const double to = left + (right - left) * (i + 1) / pieces;
-            const double a = _line.at(from) + shift;
-            const double b = _line.at(to) + shift;
-            _row.cover({from, std::min({a, b, a + thickness, b + thickness}), to,
-                        std::max({a, b, a + thickness, b + thickness})});
-        }
-        _row.inks.push_back(std::move(beam));
     }
 
     RowDraft &_row;
@@ -324,7 +256,7 @@ void addBeams(RowDraft &row, const Pen &pen)
             rivals[chord.shownBar].push_back(&chord);
     for (std::size_t first = 0; first < chords.size();) {
         std::size_t end = first + 1;
-        if (chords[first].chord->isBeamed) {
+        if (chords[first].chord->isBeamed && !chords[first].chord->isCrossBeamed) {
             while (end < chords.size() && chords[end - 1].beat().isBeamedOn
                    && chords[end].chord->voice == chords[first].chord->voice
                    && chords[end].shownBar == chords[first].shownBar

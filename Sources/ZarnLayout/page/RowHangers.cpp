@@ -25,10 +25,10 @@ std::vector<double> rowsStretch(const SystemDraft &draft)
     for (std::size_t i = 1; i < draft.rows.size(); ++i) {
         const Row &upper = *draft.rows[i - 1].row;
         const Row &lower = *draft.rows[i].row;
-        // A slur from one staff to another has found its way between them as they are.
+        // What leads from one staff to another has found its way between them as they are.
         if (upper.track != lower.track)
             stretch[i] = 1;
-        else if (!hasSlurBetweenStaves(draft, lower.track))
+        else if (draft.rows[i].beamsAbove.empty() && !hasSlurBetweenStaves(draft, lower.track))
             stretch[i] = upper.staff != lower.staff ? trackStretch : staffStretch;
     }
     return stretch;

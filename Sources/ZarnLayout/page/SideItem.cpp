@@ -81,10 +81,36 @@ void partNeighbours(SideItems &items)
     }
 }
 
+/// What may stand on either side of its row leaves the room between rows to the beams there.
+void clearBeams(const RowDraft &row, SideItem &item)
+{
+    if (item.inks.empty())
+        return;
+    const MarkKind kind = item.inks.front().kind;
+    if (kind == MarkKind::Lyric || kind == MarkKind::Tuplet)
+        return;
+    const Box box = boxOf(item.inks);
+    item.side = openSide(row, item.side, box.left, box.right);
+}
+
 } // namespace
+
+Side openSide(const RowDraft &row, Side wish, double left, double right)
+{
+    const auto hasBeams = [&](Side side) {
+        const auto &beams = side == Side::Above ? row.beamsAbove : row.beamsBelow;
+        return std::any_of(beams.begin(), beams.end(), [&](const std::pair<double, double> &beam) {
+            return left < beam.second && right > beam.first;
+        });
+    };
+    const Side other = wish == Side::Above ? Side::Below : Side::Above;
+    return hasBeams(wish) && !hasBeams(other) ? other : wish;
+}
 
 void place(RowDraft &row, SideItems items)
 {
+    for (SideItem &item : items)
+        clearBeams(row, item);
     for (SideItem &item : items)
         clearBarLines(row, item, items);
     partNeighbours(items);

@@ -23,6 +23,9 @@ struct SideItem {
 /// The line of vibratos, of what is muted with the palm and so on: each kind has its own.
 constexpr int stretchLine = 1;
 
+/// The side on which something from left to right has room: not where a beam leads to another row.
+Side openSide(const RowDraft &row, Side wish, double left, double right);
+
 using SideItems = std::vector<SideItem>;
 
 /// Places items in their order, those of one line together with the first of them.

@@ -142,8 +142,10 @@ DrawnSystem SystemBuilder::build(unsigned first, unsigned end, double width, boo
             static_cast<int>(_score.tracks[_score.rows[i].track].stringCount);
     }
     placeBars(draft, width, isJustified);
-    placeRows(draft);
+    CrossStaffBeams beams = placeRows(draft);
+    addRowSigns(draft);
     separateRows(draft);
+    beams.draw();
     addCrossStaffSlurs(draft);
     addSystemHead(draft);
     const std::vector<bool> joined = joinedRows();
@@ -318,7 +320,7 @@ void SystemBuilder::placeJoint(SystemDraft &draft, const Joint &joint, double x,
         _lines.push_back({joint.lateLine, x + joint.lateLineX, _score.shown[next].bar});
 }
 
-void SystemBuilder::placeRow(SystemDraft &draft, RowDraft &row) const
+std::vector<Inks> SystemBuilder::placeRow(SystemDraft &draft, RowDraft &row) const
 {
     // Chords voice by voice, as what joins them wants them. Rests beside other voices wait for the
     // beams of these.
@@ -384,13 +386,18 @@ void SystemBuilder::placeRow(SystemDraft &draft, RowDraft &row) const
         }
     }
     addBeams(row, _pen);
-    addRests(row, std::move(rests), _pen);
+    return rests;
 }
 
-void SystemBuilder::placeRows(SystemDraft &draft) const
+CrossStaffBeams SystemBuilder::placeRows(SystemDraft &draft) const
 {
+    std::vector<std::vector<Inks>> rests;
     for (RowDraft &row : draft.rows)
-        placeRow(draft, row);
+        rests.push_back(placeRow(draft, row));
+    CrossStaffBeams beams(draft);
+    beams.reserve();
+    for (std::size_t i = 0; i < draft.rows.size(); ++i)
+        addRests(draft.rows[i], std::move(rests[i]), _pen);
     const std::vector<bool> joined = joinedRows();
     for (std::size_t i = 0; i < draft.rows.size(); ++i) {
         RowDraft &row = draft.rows[i];
@@ -400,7 +407,7 @@ void SystemBuilder::placeRows(SystemDraft &draft) const
             for (const BarPlace &bar : draft.bars)
                 row.barLines.push_back(bar.right);
     }
-    addRowSigns(draft);
+    return beams;
 }
 
 void SystemBuilder::separateRows(SystemDraft &draft) const

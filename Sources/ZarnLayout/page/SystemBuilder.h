@@ -3,6 +3,7 @@
 
 #include <ZarnLayout/draw/ZarnLayout.h>
 #include <ZarnLayout/page/BarLines.h>
+#include <ZarnLayout/page/CrossStaffBeams.h>
 #include <ZarnLayout/page/RowShifts.h>
 #include <ZarnLayout/page/SystemDraft.h>
 
@@ -67,8 +68,10 @@ private:
     void keepWordsApart(unsigned shownBar, unsigned start, SpringLine &line, WordEnds &last) const;
     void placeBars(SystemDraft &draft, double width, bool isJustified) const;
     void placeJoint(SystemDraft &draft, const Joint &joint, double x, unsigned bar) const;
-    void placeRows(SystemDraft &draft) const;
-    void placeRow(SystemDraft &draft, RowDraft &row) const;
+    /// Answers with the beams between rows, which wait until these have their places.
+    CrossStaffBeams placeRows(SystemDraft &draft) const;
+    /// Answers with the rests that wait until all else is placed.
+    std::vector<Inks> placeRow(SystemDraft &draft, RowDraft &row) const;
     void separateRows(SystemDraft &draft) const;
     void addStaffLines(const SystemDraft &draft, const RowDraft &row, Inks &inks) const;
     /// Adds what the marks hang on to the system.

@@ -6,6 +6,7 @@
 #include <ZarnLayout/page/EngravedScore.h>
 #include <ZarnLayout/space/Skyline.h>
 
+#include <utility>
 #include <vector>
 
 namespace zarn::engraving {
@@ -20,6 +21,7 @@ struct PlacedChord {
     double stemTip = 0;
     double signTop = 1e9; ///< of articulations
     double signBottom = -1e9;
+    bool hasTupletElsewhere = false; ///< its tuplet is named at a beam over two staves
 
     double headCentre() const noexcept { return x + chord->width / 2; }
     double stemX() const noexcept { return x + chord->stemX; }
@@ -53,6 +55,10 @@ struct RowDraft {
     Skyline above;                   ///< reaches upwards: -y
     Skyline below;                   ///< reaches downwards: y
     double y = 0;                    ///< of the top line, in the system
+
+    /// From where to where a beam leads to the row above, and to the one below: room that is its.
+    std::vector<std::pair<double, double>> beamsAbove;
+    std::vector<std::pair<double, double>> beamsBelow;
 
     /// Bar lines that run through what lies above the row, and below it.
     bool hasLinesAbove = false;

@@ -3,8 +3,6 @@
 
 #include <ZarnLayout/page/NumberedSlurs.h>
 
-#include <ZarnCore/model/form/ZarnTupletGroup.h>
-
 #include <algorithm>
 #include <optional>
 
@@ -28,7 +26,8 @@ std::vector<Bracket> bracketsOf(const RowDraft &row, TupletLevel level)
         const RhythmValue &rhythm = chord.beat().rhythm;
         if (chord.beat().isGrace())
             continue;
-        if (!TupletGroup::ratioOf(rhythm, level)) {
+        const bool isElsewhere = level == TupletLevel::Outer && chord.hasTupletElsewhere;
+        if (isElsewhere || !TupletGroup::ratioOf(rhythm, level)) {
             isOpen = false;
             continue;
         }
@@ -120,6 +119,14 @@ std::optional<bool> isAboveOffSlurs(const RowDraft &row, const Bracket &bracket,
 
 } // namespace
 
+std::string tupletText(const TupletGroup::Ratio &ratio)
+{
+    const auto [notes, inTimeOf] = ratio;
+    return isUsual(notes, inTimeOf) || notes == inTimeOf
+        ? std::to_string(notes)
+        : std::to_string(notes) + ":" + std::to_string(inTimeOf);
+}
+
 void addTuplets(RowDraft &row, const SystemDraft &draft)
 {
     if (row.row->notation == Notation::Tablature && !row.row->hasRhythm)
@@ -130,8 +137,6 @@ void addTuplets(RowDraft &row, const SystemDraft &draft)
         for (const Bracket &bracket : bracketsOf(row, level)) {
             if (isTremolo(row, bracket) || isRemainder(row, bracket))
                 continue;
-            const unsigned notes = bracket.group.ratio().first;
-            const unsigned inTimeOf = bracket.group.ratio().second;
             const PlacedChord &first = row.chords[bracket.first];
             const PlacedChord &last = row.chords[bracket.last];
             int up = 0;
@@ -144,18 +149,17 @@ void addTuplets(RowDraft &row, const SystemDraft &draft)
                 isAbove = isAboveOffSlurs(row, bracket, slurs).value_or(isAbove);
             const double left = std::min(first.x, first.x + first.chord->stemX) - 0.1;
             const double right = std::max(rightOf(last), last.stemX()) + 0.1;
-            const bool isPlain = isUsual(notes, inTimeOf);
-            const std::string number = isPlain || notes == inTimeOf
-                ? std::to_string(notes)
-                : std::to_string(notes) + ":" + std::to_string(inTimeOf);
+            isAbove =
+                openSide(row, isAbove ? Side::Above : Side::Below, left, right) == Side::Above;
             double centre = (left + right) / 2;
             if (isBare)
                 centre = (first.stemX() + last.stemX()) / 2;
             SideItem item;
             item.side = isAbove ? Side::Above : Side::Below;
             item.gap = 0.35;
-            Ink text = draft.pen.text(MarkKind::Tuplet, TextRole::Tuplet, number, centre, 0,
-                                      Pen::Align::Centre);
+            Ink text =
+                draft.pen.text(MarkKind::Tuplet, TextRole::Tuplet,
+                               tupletText(bracket.group.ratio()), centre, 0, Pen::Align::Centre);
             const double middle = (text.box.top + text.box.bottom) / 2;
             if (!isBare) {
                 const double hook = isAbove ? 0.7 : -0.7;

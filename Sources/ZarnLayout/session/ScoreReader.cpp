@@ -3,6 +3,7 @@
 
 #include <ZarnLayout/session/ScoreMarks.h>
 #include <ZarnLayout/session/StringsText.h>
+#include <ZarnLayout/source/CrossBeaming.h>
 #include <ZarnLayout/source/SourceReader.h>
 
 #include <ZarnCore/model/ZarnScoreModel.h>
@@ -46,6 +47,20 @@ std::shared_ptr<const BarSource> withPlayingTimes(const BarSource &source, unsig
             changed->voices[voice].beats[i].playingTime = seconds;
         }
     return changed;
+}
+
+/// By staff: whether its notes stand right above those of the next staff of its track.
+std::vector<bool> staffMeetings(const std::vector<Row> &rows)
+{
+    std::vector<bool> meetings;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (!rows[i].isLastOfStaff)
+            continue;
+        const bool hasNext = i + 1 < rows.size() && rows[i + 1].track == rows[i].track;
+        meetings.push_back(hasNext && rows[i].notation == Notation::Standard
+                           && rows[i + 1].notation == Notation::Standard);
+    }
+    return meetings;
 }
 
 /// Gives a column its voices that are longer than the bar.
@@ -115,8 +130,10 @@ void ScoreReader::readHeads(const ScoreModel &model, const layout::LayoutOptions
             staves.push_back(staff);
         _source.staffOfRow.push_back(static_cast<unsigned>(staves.size() - 1));
     }
-    if (staves != _staves) {
+    std::vector<bool> meetNext = staffMeetings(_source.rows);
+    if (staves != _staves || meetNext != _meetNext) {
         _staves = std::move(staves);
+        _meetNext = std::move(meetNext);
         _source.columns.assign(_source.columns.size(), nullptr);
     }
     _source.tracks.clear();
@@ -222,26 +239,42 @@ void ScoreReader::readColumn(const ScoreModel &model, unsigned number, const Sco
     column->shared = _shared[number];
     column->staves.reserve(_staves.size());
     bool isOther = !known;
-    for (std::size_t i = 0; i < _staves.size(); ++i) {
-        const auto [trackIndex, staffIndex] = _staves[i];
-        if (known && !marks.bar(bar, trackIndex)) {
-            column->staves.push_back(known->staves[i]);
+    while (column->staves.size() < _staves.size()) {
+        const std::size_t first = column->staves.size();
+        if (known && !marks.bar(bar, _staves[first].first)) {
+            column->staves.push_back(known->staves[first]);
             continue;
         }
-        const Track &track = *model.tracks()[trackIndex];
-        BarSource source = readBar(model, track, *track.staves()[staffIndex], bar);
-        if (known && *known->staves[i] == source) {
-            column->staves.push_back(known->staves[i]);
-            continue;
+        for (BarSource &source : readTrack(model, first, bar)) {
+            const std::size_t staff = column->staves.size();
+            if (known && *known->staves[staff] == source) {
+                column->staves.push_back(known->staves[staff]);
+                continue;
+            }
+            column->staves.push_back(std::make_shared<const BarSource>(std::move(source)));
+            isOther = true;
         }
-        column->staves.push_back(std::make_shared<const BarSource>(std::move(source)));
-        isOther = true;
     }
     if (!isOther)
         return;
     findLongVoices(*column, _staves);
     column->hasTimers = hasTimers(*column);
     _source.columns[number] = std::move(column);
+}
+
+std::vector<BarSource> ScoreReader::readTrack(const ScoreModel &model, std::size_t staff,
+                                              unsigned bar) const
+{
+    const unsigned index = _staves[staff].first;
+    const Track &track = *model.tracks()[index];
+    std::vector<BarSource> sources;
+    for (std::size_t i = staff; i < _staves.size() && _staves[i].first == index; ++i)
+        sources.push_back(readBar(model, track, *track.staves()[_staves[i].second], bar));
+    unsigned beams = 0;
+    for (std::size_t i = 0; i + 1 < sources.size(); ++i)
+        if (_meetNext[staff + i])
+            beams = setBeamsAcross(sources[i], sources[i + 1], beams);
+    return sources;
 }
 
 /// Whatever changed may have moved what comes behind it: the times of all beats that show one are

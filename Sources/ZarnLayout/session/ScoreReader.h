@@ -35,10 +35,14 @@ private:
     void moveColumns(const std::vector<std::uint32_t> &origins, unsigned first, unsigned end);
     void readShared(const ScoreModel &model, unsigned end);
     void readColumn(const ScoreModel &model, unsigned number, const ScoreMarks &marks);
+    /// A bar of all staves of a track, from the given one on.
+    std::vector<BarSource> readTrack(const ScoreModel &model, std::size_t staff,
+                                     unsigned bar) const;
     void readPlayingTimes(const ScoreModel &model);
 
     ScoreSource _source;
     std::vector<std::pair<unsigned, unsigned>> _staves; ///< track and staff
+    std::vector<bool> _meetNext; ///< by staff: no tablature parts its notes from the next staff's
     std::vector<std::shared_ptr<const ColumnSource>> _shared;
 };
 

@@ -56,7 +56,8 @@ bool operator==(const BeatSource &a, const BeatSource &b)
         && a.index == b.index && a.firstNote == b.firstNote && a.noteCount == b.noteCount
         && a.graceRank == b.graceRank && a.isRest == b.isRest
         && a.isWholeBarRest == b.isWholeBarRest && a.isPlaceHolder == b.isPlaceHolder
-        && a.isBeamedOn == b.isBeamedOn && a.playingTime == b.playingTime
+        && a.isBeamedOn == b.isBeamedOn && a.crossBeam == b.crossBeam
+        && a.isCrossStemUp == b.isCrossStemUp && a.playingTime == b.playingTime
         && haveEqualValue(a.details, b.details);
 }
 

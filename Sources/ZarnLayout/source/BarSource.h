@@ -73,6 +73,10 @@ struct BeatSource {
     bool isPlaceHolder = false;
     bool isBeamedOn = false; ///< a beam leads to the next beat of the voice
 
+    /// Number in the bar of the beam over two staves that the beat hangs on; 0 for none.
+    std::uint8_t crossBeam = 0;
+    bool isCrossStemUp = false; ///< the stem that leads to it
+
     /// Where the beat shows it: whole seconds from the start of playing, when it is first played;
     /// below 0 for a beat that never is.
     static constexpr std::int32_t neverPlayed = -1;

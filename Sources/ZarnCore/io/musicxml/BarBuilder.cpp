@@ -145,6 +145,37 @@ void BarBuilder::noteAdded(const WrittenNote &note, const VoiceSlot &slot, const
             _signs.add(signs[_nextSign], place);
 }
 
+/// Notes of a voice that are beamed on while it goes on in another staff.
+void BarBuilder::findBeamsAcross()
+{
+    const auto startsAt = [](const VoiceSlot &slot, const rational &onset) {
+        const auto isBefore = [](const PlacedBeat &placed, const rational &time) {
+            return placed.onset < time;
+        };
+        auto placed = std::lower_bound(slot.beats.begin(), slot.beats.end(), onset, isBefore);
+        while (placed != slot.beats.end() && placed->beat->isGrace())
+            ++placed;
+        return placed != slot.beats.end() && placed->onset == onset && placed->beat->hasNotes()
+            && flagsOf(*placed->beat) > 0;
+    };
+    for (auto &staff : _staves)
+        for (auto &slot : staff.voiceSlots)
+            for (auto &placed : slot.beats) {
+                if (!placed.isBeamedOn || placed.beat->isGrace() || !placed.beat->hasNotes())
+                    continue;
+                const rational end = placed.onset + placed.beat->length();
+                placed.isBeamedAcross = !startsAt(slot, end)
+                    && std::any_of(_staves.begin(), _staves.end(), [&](const StaffSlots &other) {
+                           return &other != &staff
+                               && std::any_of(other.voiceSlots.begin(), other.voiceSlots.end(),
+                                              [&](const VoiceSlot &guest) {
+                                                  return guest.voice == slot.voice
+                                                      && startsAt(guest, end);
+                                              });
+                       });
+            }
+}
+
 /// When all beats are there: what may not stand together goes, and beams are as they are written.
 void BarBuilder::finishBeats(const WrittenMeasure &measure)
 {
@@ -167,11 +198,13 @@ void BarBuilder::finishBeats(const WrittenMeasure &measure)
                                [](const PlacedBeat &placed) { return placed.isBeamedOn; });
     if (!_hasBeams)
         return;
+    if (_staves.size() > 1)
+        findBeamsAcross();
     for (auto &staff : _staves)
         for (auto &slot : staff.voiceSlots) {
             setBeams(slot.beats, measure.meter, measure.groups);
             if (!slot.beats.empty() && slot.beats.back().isBeamedOn
-                && flagsOf(*slot.beats.back().beat) > 0) {
+                && !slot.beats.back().isBeamedAcross && flagsOf(*slot.beats.back().beat) > 0) {
                 _context.addUnheld(measure.node, Tag::Beam);
                 _context.addProblem(measure.node, "a beam over the bar line was left out");
             }

@@ -51,6 +51,7 @@ private:
     void squeezeIn(const WrittenNote &note);
     static void setMarks(const WrittenNote &note, Beat &beat);
     void noteAdded(const WrittenNote &note, const VoiceSlot &slot, const PlacedBeat &placed);
+    void findBeamsAcross();
     void finishBeats(const WrittenMeasure &measure);
     PlacedBeat *beatNear(StaffSlots &staff, const utils::rational &onset);
 

@@ -14,7 +14,8 @@ namespace zarn::io {
 struct PlacedBeat {
     utils::rational onset;
     std::shared_ptr<Beat> beat;
-    bool isBeamedOn = false; ///< the document leads a beam on to the next one
+    bool isBeamedOn = false;     ///< the document leads a beam on to the next one
+    bool isBeamedAcross = false; ///< that stands on another staff
 };
 
 /// What gathers in one voice slot of a bar.

@@ -23,7 +23,9 @@ void setBeams(std::vector<PlacedBeat> &beats, const TimeSignature &meter, const 
     for (auto &placed : beats) {
         if (placed.beat->isGrace() || !placed.beat->hasNotes())
             continue;
-        auto *const before = std::exchange(left, &placed);
+        auto *const before = std::exchange(left, placed.isBeamedAcross ? nullptr : &placed);
+        if (placed.isBeamedAcross)
+            placed.beat->setBeamMode(BeamMode::Join);
         const int flags = flagsOf(*placed.beat);
         const bool haveFlags = before && flags > 0 && flagsOf(*before->beat) > 0;
         const bool joined = haveFlags && before->isBeamedOn;

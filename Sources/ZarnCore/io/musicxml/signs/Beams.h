@@ -9,7 +9,8 @@ namespace zarn::io {
 
 /// Has the beats of a voice keep the beams of the document where these are not what every engraver
 /// would draw: inside of a beat of the meter notes are joined, eighths over beats too; not over the
-/// middle of a bar or the beats of a compound meter.
+/// middle of a bar or the beats of a compound meter. A beam that leads to another staff is always
+/// said.
 void setBeams(std::vector<PlacedBeat> &beats, const TimeSignature &meter, const BeamGroups &groups);
 
 /// A beat whose beams are worked out.

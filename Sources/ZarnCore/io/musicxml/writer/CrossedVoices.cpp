@@ -290,7 +290,8 @@ bool CrossedVoices::comesBack(const std::vector<CrossedBeat> &beats, bool isGues
         }
     };
     auto placed = rhythm.beats().begin();
-    for (const auto &beat : beats) {
+    for (auto next = beats.begin(); next != beats.end();) {
+        const auto &beat = *next++;
         if (beat.isFree())
             continue;
         const bool isBeamedOn = beat.role == Role::Alone && placed++->isBeamedOn;
@@ -302,7 +303,17 @@ bool CrossedVoices::comesBack(const std::vector<CrossedBeat> &beats, bool isGues
         copy->setPlaceHolder(beat.beat->isPlaceHolder());
         if (beat.beat->hasNotes())
             copy->addNote(std::make_shared<Note>(beat.beat->notes().front()->midi()));
-        made.push_back({beat.onset, std::move(copy), isBeamedOn});
+        const rational onsetBehind = beat.onset + beat.beat->length();
+        const auto past = std::find_if(
+            next, beats.end(), [&](const CrossedBeat &other) { return onsetBehind < other.onset; });
+        const auto goesOnIn = [&](bool isOfGuest) {
+            return std::any_of(next, past, [&](const CrossedBeat &other) {
+                return !other.isFree() && other.onset == onsetBehind && !other.beat->isGrace()
+                    && other.isGuest == isOfGuest;
+            });
+        };
+        const bool isAcross = isBeamedOn && !goesOnIn(beat.isGuest) && goesOnIn(!beat.isGuest);
+        made.push_back({beat.onset, std::move(copy), isBeamedOn, isAcross});
         end = beat.onset + beat.beat->length();
     }
     fillTo(column.length(), nullptr);

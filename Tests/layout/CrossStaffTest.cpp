@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: MIT
+#include "support/LaidOut.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+using namespace zarn;
+using layout::MarkKind;
+using ::test::LaidOut;
+using NoteValue = RhythmValue::NoteValue;
+
+/// A bar for two staves, of one voice that goes to and fro: each staff keeps the time of the other
+/// one free.
+class Hands {
+public:
+    Hands()
+    {
+        model->createAndInsertTrack(0, InstrumentSet::acousticPiano);
+        model->track(0)->setStaffCount(2);
+        model->track(0)->setChosenNotations(TrackNotations());
+        model->insertEmptyBarColumns(0, 1);
+        model->track(0)->staff(1)->bars()[0]->setClef(ClefType::F4);
+    }
+
+    Beat &add(unsigned staff, int key, NoteValue value, BeamMode mode = BeamMode::Auto)
+    {
+        const auto beat = addTo(staff, value);
+        beat->addNote(std::make_shared<Note>(key));
+        beat->setBeamMode(mode);
+        addTo(1 - staff, value)->setPlaceHolder(true);
+        return *beat;
+    }
+
+    std::shared_ptr<ScoreModel> model = std::make_shared<ScoreModel>();
+
+private:
+    std::shared_ptr<Beat> addTo(unsigned staff, NoteValue value)
+    {
+        const auto beat = std::make_shared<Beat>(RhythmValue(value));
+        model->track(0)->staff(staff)->bars()[0]->ensureVoice(0)->addBeat(beat);
+        return beat;
+    }
+};
+
+/// A broken chord from the lower staff to the upper one, on one beam if that is said.
+Hands brokenChord(NoteValue value, BeamMode across)
+{
+    Hands hands;
+    hands.add(1, 48, value);
+    hands.add(1, 55, value, across);
+    hands.add(0, 64, value);
+    hands.add(0, 72, value);
+    return hands;
+}
+
+std::vector<LaidOut::Mark> ofStaff(const LaidOut &laid, MarkKind kind, int staff)
+{
+    std::vector<LaidOut::Mark> found;
+    for (const auto &mark : laid.of(kind))
+        if (mark.place.staff == staff)
+            found.push_back(mark);
+    return found;
+}
+
+} // namespace
+
+TEST(CrossStaffTest, aBeamBetweenTheStavesHasStemsFromBothSides)
+{
+    for (const NoteValue value : {NoteValue::Eighth, NoteValue::Sixteenth}) {
+        const LaidOut laid(*brokenChord(value, BeamMode::Join).model);
+        const auto beams = laid.of(MarkKind::Beam);
+        ASSERT_EQ(beams.size(), value == NoteValue::Eighth ? 1U : 2U);
+        EXPECT_TRUE(laid.of(MarkKind::Flag).empty());
+        const auto stems = laid.of(MarkKind::Stem);
+        ASSERT_EQ(stems.size(), 4U);
+        for (const auto &beam : beams) {
+            EXPECT_LT(beam.left, ofStaff(laid, MarkKind::Stem, 1).front().left + 0.01);
+            EXPECT_GT(beam.right, ofStaff(laid, MarkKind::Stem, 0).back().right - 0.01);
+            for (const auto &head : ofStaff(laid, MarkKind::NoteHead, 0))
+                EXPECT_GT(beam.top, head.bottom + 1);
+            for (const auto &head : ofStaff(laid, MarkKind::NoteHead, 1))
+                EXPECT_LT(beam.bottom, head.top - 1);
+            // The notes rise, and so does the beam; every stem is on it.
+            for (const auto &stem : stems) {
+                EXPECT_LT(stem.top, beam.bottom);
+                EXPECT_GT(stem.bottom, beam.top);
+            }
+        }
+    }
+}
+
+/// Free time between notes of two staves alone joins nothing: hands may take turns.
+TEST(CrossStaffTest, onlyWhatSaysSoIsJoined)
+{
+    const LaidOut laid(*brokenChord(NoteValue::Eighth, BeamMode::Auto).model);
+    EXPECT_EQ(laid.of(MarkKind::Beam).size(), 2U);
+
+    // Nor is anything where other rows stand between the notes.
+    Hands hands = brokenChord(NoteValue::Eighth, BeamMode::Join);
+    layout::LayoutOptions options;
+    options.notations = TrackNotations();
+    options.notations->slash = true;
+    const LaidOut parted(*hands.model, options);
+    EXPECT_EQ(ofStaff(parted, MarkKind::Beam, 0).size(), 2U);
+    EXPECT_EQ(ofStaff(parted, MarkKind::Beam, 1).size(), 2U);
+}
+
+TEST(CrossStaffTest, stemsThatAgreePutTheBeamOutsideOfBothStaves)
+{
+    for (const auto said : {ZarnStemOrientation::Upward, ZarnStemOrientation::Downward}) {
+        Hands hands = brokenChord(NoteValue::Eighth, BeamMode::Join);
+        for (const auto &staff : hands.model->track(0)->staves())
+            for (const auto &beat : staff->bars()[0]->voice(0)->beats())
+                beat->setStemOrientation(said);
+        const LaidOut laid(*hands.model);
+        const auto beams = laid.of(MarkKind::Beam);
+        ASSERT_EQ(beams.size(), 1U);
+        for (const auto &stem : laid.of(MarkKind::Stem)) {
+            EXPECT_LT(stem.top, beams[0].bottom);
+            EXPECT_GT(stem.bottom, beams[0].top);
+        }
+        for (const auto &head : laid.of(MarkKind::NoteHead)) {
+            if (said == ZarnStemOrientation::Upward)
+                EXPECT_LT(beams[0].bottom, head.top);
+            else
+                EXPECT_GT(beams[0].top, head.bottom);
+        }
+    }
+}
+
+/// What usually stands between the staves makes way for the beam there.
+TEST(CrossStaffTest, dynamicsLeaveTheRoomToTheBeam)
+{
+    Hands hands = brokenChord(NoteValue::Eighth, BeamMode::Join);
+    hands.model->track(0)->staff(0)->bars()[0]->voice(0)->beats()[2]->setDynamic(
+        NoteDynamic(NoteDynamic::Value::F));
+    const LaidOut laid(*hands.model);
+    const auto dynamics = laid.of(MarkKind::Dynamic);
+    ASSERT_EQ(dynamics.size(), 1U);
+    EXPECT_LT(dynamics[0].bottom, 0);
+}
+
+/// One number stands for a tuplet of both staves.
+TEST(CrossStaffTest, tupletsOfBothStavesAreNamedOnce)
+{
+    for (const auto said : {ZarnStemOrientation::Undefined, ZarnStemOrientation::Upward}) {
+        Hands hands;
+        hands.add(1, 55, NoteValue::Eighth, BeamMode::Join);
+        hands.add(0, 64, NoteValue::Eighth);
+        hands.add(0, 72, NoteValue::Eighth);
+        for (const auto &staff : hands.model->track(0)->staves())
+            for (const auto &beat : staff->bars()[0]->voice(0)->beats()) {
+                RhythmValue rhythm(NoteValue::Eighth);
+                rhythm.setPrimaryTupletRatio({3, 2});
+                beat->setRhythmValue(rhythm);
+                beat->setStemOrientation(said);
+            }
+        const LaidOut laid(*hands.model);
+        ASSERT_EQ(laid.of(MarkKind::Beam).size(), 1U);
+        const auto numbers = laid.of(MarkKind::Tuplet);
+        ASSERT_EQ(numbers.size(), 1U);
+        EXPECT_EQ(numbers[0].text, "3");
+        const auto beam = laid.of(MarkKind::Beam)[0];
+        EXPECT_GT(numbers[0].left, beam.left);
+        EXPECT_LT(numbers[0].right, beam.right);
+    }
+}
