@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "support/LaidOut.h"
 
+#include <ZarnLayout/draw/ZarnPolygons.h>
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <vector>
 
 namespace {
@@ -167,5 +170,45 @@ TEST(CrossStaffTest, tupletsOfBothStavesAreNamedOnce)
         const auto beam = laid.of(MarkKind::Beam)[0];
         EXPECT_GT(numbers[0].left, beam.left);
         EXPECT_LT(numbers[0].right, beam.right);
+    }
+}
+
+/// Slurs from one staff to the other bend to one side.
+TEST(CrossStaffTest, slursBetweenStavesAreNoSerpents)
+{
+    for (const bool rises : {true, false}) {
+        Hands hands;
+        Beat &first = hands.add(rises ? 1 : 0, rises ? 48 : 72, NoteValue::Half);
+        Beat &last = hands.add(rises ? 0 : 1, rises ? 72 : 48, NoteValue::Half);
+        first.setSlurEnds({{1, true}});
+        last.setSlurEnds({{1, false}});
+        const auto sheets = layout::layOut(*hands.model, {});
+        const auto &list = sheets->pages()[0].systems[0].drawing->marks;
+        unsigned slurs = 0;
+        for (const auto &mark : list.marks()) {
+            if (mark.kind != MarkKind::Slur)
+                continue;
+            ++slurs;
+            const auto outline = polygonsOf(list, mark, 24).at(0);
+            const auto isLeft = [](const layout::Point &a, const layout::Point &b) {
+                return a.x < b.x;
+            };
+            const auto ends = std::minmax_element(outline.begin(), outline.end(), isLeft);
+            const layout::Point from = *ends.first;
+            const layout::Point to = *ends.second;
+            const double length = std::hypot(to.x - from.x, to.y - from.y);
+            double above = 0;
+            double below = 0;
+            for (const layout::Point &point : outline) {
+                const double off = ((to.x - from.x) * double(point.y - from.y)
+                                    - (to.y - from.y) * double(point.x - from.x))
+                    / length / layout::staffSpace;
+                below = std::max(below, off);
+                above = std::max(above, -off);
+            }
+            EXPECT_GT(std::max(above, below), 0.5);
+            EXPECT_LT(std::min(above, below), 0.3);
+        }
+        EXPECT_EQ(slurs, 1U);
     }
 }

@@ -2,11 +2,27 @@
 #include <ZarnLayout/engrave/Bow.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace zarn::engraving {
 
+double Bow::length() const noexcept
+{
+    return std::hypot(to.x - from.x, to.y - from.y);
+}
+
 std::array<Point, 4> Bow::handles() const
 {
+    if (isTilted && length() > 0) {
+        const Point along = {(to.x - from.x) / length(), (to.y - from.y) / length()};
+        const double inset = std::min(length() * 0.28, 4.0);
+        // Never back beyond the ends: a curve has one height at each place.
+        const auto handle = [&](const Point &end, double way, double rise) {
+            return Point{std::clamp(end.x + along.x * way + along.y * rise, from.x, to.x),
+                         end.y + along.y * way - along.x * rise};
+        };
+        return {from, handle(from, inset, fromRise), handle(to, -inset, toRise), to};
+    }
     const double width = to.x - from.x;
     const double inset = std::min(width * 0.28, 4.0);
     const double slope = width > 0 ? (to.y - from.y) / width : 0;
@@ -34,7 +50,8 @@ std::vector<Point> Bow::samples(std::size_t count) const
 
 std::vector<Point> Bow::samples() const
 {
-    return samples(static_cast<std::size_t>(std::clamp((to.x - from.x) * 3, 12.0, 150.0)));
+    return samples(static_cast<std::size_t>(
+        std::clamp((isTilted ? length() : to.x - from.x) * 3, 12.0, 150.0)));
 }
 
 } // namespace zarn::engraving

@@ -14,12 +14,16 @@ struct Bow {
     Point to;
     double fromRise = 0; ///< of the handle at each end, upwards above 0
     double toRise = 0;
+    bool isTilted = false; ///< rises count at right angles to the line between the ends
 
     /// As high everywhere, when it is drawn: the middle reaches three quarters of its handles.
     static Bow arched(Point from, Point to, double height)
     {
         return {from, to, height * 4 / 3, height * 4 / 3};
     }
+
+    /// From end to end, straight on.
+    double length() const noexcept;
 
     std::array<Point, 4> handles() const;
 

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <vector>
 
 namespace zarn::engraving {
 
@@ -38,47 +39,74 @@ Bow refined(Bow bow, const InkField &field)
     return bow;
 }
 
-/// The best of the curves between two chords of different staves: from either side of each.
+/// Where a curve may begin or end at a chord, and what that costs.
+struct End {
+    Point at;
+    double cost = 0;
+};
+
+/// The ends at a chord: on the side that faces the other staff, where nothing speaks against it,
+/// beside the nearest head, or on the far side.
+std::vector<End> endsAt(const RowDraft &row, const PlacedChord &chord, bool isFirst, bool facesDown)
+{
+    constexpr double aside = 0.3;
+    std::vector<End> ends;
+    const double x = chord.headCentre() + (isFirst ? 0.2 : -0.2);
+    const auto addOutside = [&](bool isBelow, double off, double cost) {
+        const double y = isBelow ? chord.bottom() + off : chord.top() - off;
+        ends.push_back({{x, row.y + y}, cost});
+    };
+    // Rather at the heads than at the end of a stem.
+    const bool isStemThere =
+        !chord.chord->isRest() && chord.chord->hasStem && chord.chord->isStemUp != facesDown;
+    for (const double off : {0.4, 1.2, 2.4})
+        addOutside(facesDown, off, off - 0.4 + (isStemThere ? 0.5 : 0));
+    if (!chord.chord->isRest()) {
+        const double y = facesDown ? chord.chord->bottom() : chord.chord->top();
+        ends.push_back({{isFirst ? rightOf(chord) + aside : chord.x - aside, row.y + y}, 0.3});
+    }
+    for (const double off : {0.4, 1.5})
+        addOutside(!facesDown, off, off + (isStemThere ? 0 : 0.6));
+    return ends;
+}
+
+/// The best of the curves between two chords of different staves. It bends to one side, like other
+/// slurs; to and fro only where all else lies on ink.
 Bow bestCrossing(const NumberedSlur &slur, const InkField &field)
 {
-    const PlacedChord &first = slur.firstRow->chords[slur.first];
-    const PlacedChord &last = slur.lastRow->chords[slur.last];
     const bool isDown = slur.lastRow->y > slur.firstRow->y;
-    constexpr std::array<double, 14> rises = {-10, -7,  -5,  -3.5, -2.5, -1.6, -0.8,
-                                              0.8, 1.6, 2.5, 3.5,  5,    7,    10};
+    const auto froms = endsAt(*slur.firstRow, slur.firstRow->chords[slur.first], true, isDown);
+    const auto tos = endsAt(*slur.lastRow, slur.lastRow->chords[slur.last], false, !isDown);
+    // Of the usual height; below 0 to the other side.
+    constexpr std::array<double, 12> parts = {0.4,  0.7,  1,  1.5,  2.2,  3,
+                                              -0.4, -0.7, -1, -1.5, -2.2, -3};
+    constexpr double turnCost = 2.5;
+    constexpr double belowCost = 0.25;
     Bow best;
     double least = 1e9;
-    const auto tryBetween = [&](Point from, Point to, double extra) {
-        for (const double fromRise : rises)
-            for (const double toRise : rises) {
-                const double cost = extra
-                    + 0.08 * (std::abs(fromRise + toRise) + std::abs(fromRise - toRise))
-                    + (fromRise * toRise < 0 ? 0.5 : 0);
-                if (cost >= least)
-                    continue;
-                const Bow bow = {from, to, fromRise, toRise};
-                const double whole = cost + 25 * field.coveredBy(bow, 0.1);
-                if (whole < least) {
-                    least = whole;
-                    best = bow;
+    for (const End &start : froms)
+        for (const End &end : tos) {
+            Bow bow = {start.at, end.at};
+            bow.to.x = std::max(bow.to.x, bow.from.x + 0.8);
+            bow.isTilted = true;
+            const double usual = std::clamp(0.6 + 0.1 * bow.length(), 0.8, 3.0) * 4 / 3;
+            for (const double from : parts)
+                for (const double to : parts) {
+                    const double cost = start.cost + end.cost
+                        + 0.4 * (std::abs(std::abs(from) - 1) + std::abs(std::abs(to) - 1))
+                        + (from * to < 0 ? turnCost : 0.6 * std::abs(from - to))
+                        + (from < 0 ? belowCost : 0);
+                    if (cost >= least)
+                        continue;
+                    bow.fromRise = usual * from;
+                    bow.toRise = usual * to;
+                    const double whole = cost + 25 * field.coveredBy(bow, 0.1);
+                    if (whole < least) {
+                        least = whole;
+                        best = bow;
+                    }
                 }
-            }
-    };
-    const auto endAt = [](const PlacedChord &chord, double x, double y, bool isBelow, double off) {
-        return Point{x, y + (isBelow ? chord.bottom() + off : chord.top() - off)};
-    };
-    for (const double off : {0.4, 1.5, 3.0})
-        for (const bool fromBelow : {isDown, !isDown})
-            for (const bool toBelow : {!isDown, isDown}) {
-                // From the sides that face one another, where nothing speaks against it.
-                const double turned =
-                    (fromBelow != isDown ? 1.0 : 0.0) + (toBelow == isDown ? 1.0 : 0.0);
-                const double x = first.headCentre() + 0.2;
-                tryBetween(endAt(first, x, slur.firstRow->y, fromBelow, off),
-                           endAt(last, std::max(last.headCentre() - 0.2, x + 1), slur.lastRow->y,
-                                 toBelow, off),
-                           turned + off - 0.4);
-            }
+        }
     return refined(best, field);
 }
 
