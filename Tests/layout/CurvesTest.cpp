@@ -105,6 +105,27 @@ TEST(CurvesTest, curvesLieOnNoInk)
     }
 }
 
+/// Among three voices, the slur of the lowest leads below the notes of the others, whatever its
+/// number is.
+TEST(CurvesTest, slursOfOuterVoicesStayOutside)
+{
+    Piece piece(2);
+    for (unsigned bar = 0; bar < 2; ++bar)
+        for (unsigned voice = 0; voice < 3; ++voice) {
+            Beat &beat =
+                piece.add({76 - 5 * static_cast<int>(voice)}, NoteValue::Whole, 0, voice, bar);
+            if (voice == 2 && bar == 0)
+                beat.setSlurredToNext(true);
+            if (voice == 2 && bar == 1)
+                beat.setSlurredToPrevious(true);
+        }
+    const LaidOut laid(*piece.model);
+    const auto slurs = laid.of(MarkKind::Slur);
+    ASSERT_EQ(slurs.size(), 1U);
+    for (const auto &head : laid.of(MarkKind::NoteHead))
+        EXPECT_GT(slurs[0].bottom, head.bottom);
+}
+
 /// A slur from a grace note runs beside the heads, whatever the stem of the main note.
 TEST(CurvesTest, slursOfGraceNotesStayAtTheHeads)
 {

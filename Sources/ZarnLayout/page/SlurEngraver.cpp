@@ -85,6 +85,7 @@ Bow leastInked(const Bow &wish, double sign, const InkField &field)
 {
     constexpr double margin = 0.08;
     constexpr double areaCost = 25;
+    constexpr double tallCost = 1.5; ///< of what a curve is higher than wide
     Bow best = wish;
     double least = 1e9;
     for (const Bending &way : bendings()) {
@@ -95,7 +96,10 @@ Bow leastInked(const Bow &wish, double sign, const InkField &field)
         bow.to.y -= sign * way.to;
         bow.fromRise += sign * way.fromRise;
         bow.toRise += sign * way.toRise;
-        const double cost = way.cost + areaCost * field.coveredBy(bow, margin);
+        // Rather on a little ink than a tall loop.
+        const double height = std::max(std::abs(bow.fromRise), std::abs(bow.toRise)) * 3 / 4;
+        const double tall = std::max(0.0, height - (bow.to.x - bow.from.x));
+        const double cost = way.cost + tallCost * tall + areaCost * field.coveredBy(bow, margin);
         if (cost < least) {
             least = cost;
             best = bow;
@@ -128,8 +132,13 @@ public:
             return;
         }
         const bool isAbove = sideOf(span);
-        Point from = endAt(first, isAbove, true);
-        Point to = span.goesOn ? Point{_draft.musicRight() - 0.1, 0} : endAt(last, isAbove, false);
+        // Over one chord at most, a slur finds its way between the notes of other voices.
+        const bool isShort = span.last - span.first < 2;
+        const bool isBetween = isShort && (isInner(first, isAbove) || isInner(last, isAbove));
+        Point from = isBetween ? besideHeads(first, isAbove, true) : endAt(first, isAbove, true);
+        Point to = isBetween ? besideHeads(last, isAbove, false) : endAt(last, isAbove, false);
+        if (span.goesOn)
+            to = {_draft.musicRight() - 0.1, 0};
         if (span.comesFromBefore)
             from.x = _draft.musicLeft - 0.3;
         if (span.comesFromBefore && span.goesOn)
@@ -142,7 +151,11 @@ public:
             to.x = std::min(to.x, from.x + stub);
         if (to.x < from.x + 1.2)
             from.x = to.x - 1.2;
-        drawBetween(first, from, to, isAbove);
+        const double sign = isAbove ? 1 : -1; // upwards
+        Bow bow = Bow::arched(from, to, sign * heightOf(to.x - from.x));
+        if (!isBetween)
+            bow = aroundNotes(bow, isAbove);
+        addCurve(first, leastInked(bow, sign, _field));
     }
 
 private:
@@ -188,6 +201,50 @@ private:
         addCurve(first, leastInked(Bow::arched(from, to, sign * -0.7), -sign, _field));
     }
 
+    /// Calls with each chord of another voice that begins with one.
+    template <class Function>
+    void forRivals(const PlacedChord &placed, Function function) const
+    {
+        if (!placed.chord->hasRival)
+            return;
+        for (const PlacedChord &other : _row.chords)
+            if (other.shownBar == placed.shownBar && other.chord->voice != placed.chord->voice
+                && !other.chord->isRest() && other.beat().onset == placed.beat().onset)
+                function(*other.chord);
+    }
+
+    /// On the side of the stem; where that says nothing, with no stem, many voices, or two whose
+    /// stems point to one side, not over the heads of others.
+    bool sideAmongVoices(const PlacedChord &placed) const
+    {
+        const Chord &chord = *placed.chord;
+        bool isLowest = true;
+        bool isHighest = true;
+        bool hasTwin = false;
+        int others = 0;
+        forRivals(placed, [&](const Chord &other) {
+            isLowest = isLowest && other.bottom() < chord.bottom();
+            isHighest = isHighest && other.top() > chord.top();
+            hasTwin = hasTwin || other.isStemUp == chord.isStemUp;
+            ++others;
+        });
+        if ((chord.hasStem && others < 2 && !hasTwin) || isLowest == isHighest)
+            return chord.isStemUp;
+        return isHighest;
+    }
+
+    /// Whether heads of another voice lie between a chord and what is drawn on one side.
+    bool isInner(const PlacedChord &placed, bool isAbove) const
+    {
+        const Chord &chord = *placed.chord;
+        bool isInner = false;
+        forRivals(placed, [&](const Chord &other) {
+            isInner =
+                isInner || (isAbove ? other.top() < chord.top() : other.bottom() > chord.bottom());
+        });
+        return isInner;
+    }
+
     /// Above where any stem points down, or as the voice lies.
     bool sideOf(const SlurSpan &span) const
     {
@@ -197,7 +254,7 @@ private:
             if (chord.isRest())
                 continue;
             if (chord.hasRival)
-                return chord.isStemUp;
+                return i == span.first ? sideAmongVoices(_row.chords[i]) : chord.isStemUp;
             areUp = areUp && chord.isStemUp;
         }
         return !areUp || _row.row->notation == Notation::Tablature;
@@ -214,13 +271,12 @@ private:
         return {chord.headCentre() + (isStart ? 0.15 : -0.15), edge + sign * 0.35};
     }
 
-    void drawBetween(const PlacedChord &first, Point from, Point to, bool isAbove)
+    /// Where a slur begins or ends that has no way around the heads of other voices.
+    Point besideHeads(const PlacedChord &chord, bool isAbove, bool isStart) const
     {
-        const double sign = isAbove ? 1 : -1; // upwards
-        const double height = heightOf(to.x - from.x);
-        const Bow bow =
-            leastInked(aroundNotes(Bow::arched(from, to, sign * height), isAbove), sign, _field);
-        addCurve(first, bow);
+        constexpr double gap = 0.25;
+        const double y = isAbove ? chord.chord->top() - 0.2 : chord.chord->bottom() + 0.2;
+        return {isStart ? rightOf(chord) + gap : leftInkOf(_draft, _row, chord) - gap, y};
     }
 
     void addCurve(const PlacedChord &first, const Bow &bow)
