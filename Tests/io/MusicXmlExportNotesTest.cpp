@@ -83,6 +83,37 @@ TEST(MusicXmlExportNotes, aFrettedTrackIsTwoStavesAndOneAgain)
     }
 }
 
+TEST(MusicXmlExportNotes, aTablatureAloneHasTheWordsAndSignsOfNotes)
+{
+    SmallScore small;
+    auto &model = *small.score.scoreModel();
+    model.removeTrack(1);
+    model.track(0)->setChosenNotations(TrackNotations{false, true, false});
+    model.masterTrack()->masterBar(1)->setFermatas({FermataMark::at({1}, Fermata::Long)});
+    model.track(0)->bar(1)->voice(0)->beat(0)->setLyrics({{0, Syllabic::Single, false, "A"}});
+    const auto copy = readFrom(exported(model));
+    EXPECT_EQ(copy->masterTrack()->masterBar(1)->fermatas().size(), 1U);
+    EXPECT_EQ(copy->track(0)->bar(1)->voice(0)->beat(0)->lyrics().size(), 1U);
+}
+
+TEST(MusicXmlExportNotes, marksOfAUnisonStayInTheirVoices)
+{
+    SmallScore small;
+    auto &model = *small.score.scoreModel();
+    model.removeTrack(1);
+    auto &bar = *model.track(0)->bar(0);
+    for (unsigned string : {0U, 5U, 1U, 2U})
+        SmallScore::addBeat(*bar.ensureVoice(1), {static_cast<int>(string)});
+    bar.voice(1)->beat(0)->setSlashed(true);
+    bar.voice(0)->beat(1)->setCue(true);
+    const auto copy = readFrom(exported(model));
+    const auto &found = *copy->track(0)->bar(0);
+    EXPECT_FALSE(found.voice(0)->beat(0)->isSlashed());
+    EXPECT_TRUE(found.voice(1)->beat(0)->isSlashed());
+    EXPECT_TRUE(found.voice(0)->beat(1)->isCue());
+    EXPECT_FALSE(found.voice(1)->beat(1)->isCue());
+}
+
 TEST(MusicXmlExportNotes, percussionIsUnpitchedWithAnInstrumentForEachKey)
 {
     const auto struck = [](const char *step, const char *id) {

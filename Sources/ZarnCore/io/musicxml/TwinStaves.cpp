@@ -233,19 +233,22 @@ void TwinStaves::mergeBar(int number, Bar &bar, Bar &twin)
     const auto own = notesOf(bar, 0);
     const auto others = notesOf(twin, _octave);
     PlacedNotes alone;
+    BeatPairs pairs;
     std::size_t ownAlone = 0;
     countDropped(twin);
     auto next = own.begin();
     for (const auto &other : others) {
         for (; next != own.end() && next->key() < other.key(); ++next)
             ++ownAlone;
-        if (next != own.end() && next->key() == other.key())
+        if (next != own.end() && next->key() == other.key()) {
+            pairs.insert({other.beat.get(), next->beat.get()});
             takeFrom(number, *next++, other);
-        else
+        } else {
             alone.push_back(other);
+        }
     }
     ownAlone += static_cast<std::size_t>(own.end() - next);
-    takeMarks(number, twin, own);
+    takeMarks(number, twin, own, pairs);
     if (!alone.empty() || (ownAlone > 0 && !others.empty()))
         _context.addProblemInBar(number, {},
                                  "a staff and its tablature differ; notes on the staff alone: "
@@ -352,8 +355,10 @@ void TwinStaves::keepAlone(Bar &bar, Bar &twin, const PlacedNotes &own, const Pl
             move(placed, *near->beat);
 }
 
-/// Takes over what stands over the beats of the tablature and not over those of the notes.
-void TwinStaves::takeMarks(int number, const Bar &twin, const PlacedNotes &own)
+/// Takes over what stands over the beats of the tablature and not over those of the notes: of the
+/// beats whose notes became one, else of those at the place.
+void TwinStaves::takeMarks(int number, const Bar &twin, const PlacedNotes &own,
+                           const BeatPairs &pairs)
 {
     if (own.empty())
         return;
@@ -368,7 +373,10 @@ void TwinStaves::takeMarks(int number, const Bar &twin, const PlacedNotes &own)
             if (!hasDynamic && beat->text().empty() && beat->chordSymbol().empty()
                 && beat->isCommon())
                 continue;
-            auto &target = *nearest(own, {at, beat->isGrace(), 0, nullptr, beat})->beat;
+            const auto pair = pairs.find(beat.get());
+            auto &target = pair != pairs.end()
+                ? *pair->second
+                : *nearest(own, {at, beat->isGrace(), 0, nullptr, beat})->beat;
             if (hasDynamic && target.dynamic() == NoteDynamic())
                 target.setDynamic(beat->dynamic());
             else if (hasDynamic && target.dynamic() != beat->dynamic())

@@ -27,6 +27,7 @@ public:
 private:
     struct PlacedNote;
     using PlacedNotes = std::vector<PlacedNote>;
+    using BeatPairs = std::map<const Beat *, Beat *>; ///< of the tablature and of the notes
 
     static PlacedNotes notesOf(const Bar &bar, int octave);
     static const PlacedNote *nearest(const PlacedNotes &notes, const PlacedNote &placed);
@@ -39,7 +40,7 @@ private:
     void tellOnce(int bar, const char *text);
     void takeFrom(int number, const PlacedNote &own, const PlacedNote &twin);
     void keepAlone(Bar &bar, Bar &twin, const PlacedNotes &own, const PlacedNotes &alone);
-    void takeMarks(int number, const Bar &twin, const PlacedNotes &own);
+    void takeMarks(int number, const Bar &twin, const PlacedNotes &own, const BeatPairs &pairs);
     void takeAttributes(const Beat &twin, Beat &beat) const;
     void countDropped(const Bar &twin);
     void dropStaff(std::size_t staff);

@@ -130,7 +130,7 @@ void NoteWriter::write(const RhythmicBeat &beat, const VoicePlace &place, Measur
             _duration = cursor.advance(beat.length);
         writeTime(beat, nullptr, place, node);
         writeNotations(beat, nullptr, true, place, node, signs);
-        if (!place.staff->isTablature)
+        if (!place.staff->isAlternate)
             _context.addUnheldIf(writeLyrics(beat.beat->lyrics(), node) != 0,
                                  "syllable without text");
         return;
@@ -155,7 +155,7 @@ void NoteWriter::write(const RhythmicBeat &beat, const VoicePlace &place, Measur
         if (isFirst && (beat.isBeamedFrom || beat.isBeamedOn))
             writeBeams(beat, node);
         writeNotations(beat, note.get(), isFirst, place, node, signs);
-        if (isFirst && beat.beat->hasDetails() && !place.staff->isTablature)
+        if (isFirst && beat.beat->hasDetails() && !place.staff->isAlternate)
             _context.addUnheldIf(writeLyrics(beat.beat->lyrics(), node) != 0,
                                  "syllable without text");
         if (note->isPalmMuted())
@@ -388,9 +388,8 @@ void NoteWriter::writeNotations(const RhythmicBeat &placed, const Note *note, bo
     if (note && note->fret() != Note::Unset)
         writeStringAndFret(*note, *place.staff, notations);
     const bool isMarked = (note && !note->marks().isPlain()) || !beat.isCommon();
-    const bool isTablature = place.staff->isTablature;
     // The signs of notes stand over the notes, those of strings over both.
-    if (isMarked && (!isTablature || !place.staff->isAlternate)) {
+    if (isMarked && !place.staff->isAlternate) {
         writeOrnaments(beat, note, isFirst, _pitch, _fifths, notations, _context);
         writeTechnical(beat, note, isFirst, _plan.areKeys(), notations, _context);
         writeArticulations(beat, note, isFirst, notations);
@@ -403,7 +402,7 @@ void NoteWriter::writeNotations(const RhythmicBeat &placed, const Note *note, bo
         writeWhammyBar(beat.whammyBar(), notations, _context);
     if (!placed.isPlain || signs.isOpen())
         signs.writeNotations(note, isFirst, notations);
-    if (isFirst && _fermatas && !_fermatas->empty() && !beat.isGrace() && !isTablature)
+    if (isFirst && _fermatas && !_fermatas->empty() && !beat.isGrace() && !place.staff->isAlternate)
         for (const auto &mark : *_fermatas)
             if (mark.position == placed.onset) {
                 auto fermata = addElement(notations, "fermata");
