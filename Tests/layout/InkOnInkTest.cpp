@@ -255,3 +255,23 @@ TEST(InkOnInkTest, strokesOfTremolosKeepOffNotesAndAccidentals)
             for (const auto &mark : laid.of(kind))
                 EXPECT_FALSE(meet(stroke, mark)) << stroke.left << " " << mark.left;
 }
+
+/// Strokes between two notes make way for the notes of another voice that sound meanwhile.
+TEST(InkOnInkTest, strokesBetweenNotesMakeWayForOtherVoices)
+{
+    ViolinPiece piece;
+    Beat &first = piece.add({77}, NoteValue::Half);
+    BeatMarks marks = first.marks();
+    marks.setTremoloToNext(3);
+    first.setMarks(marks);
+    piece.add({79}, NoteValue::Half);
+    for (unsigned i = 0; i < 4; ++i)
+        piece.add({i == 1 ? 88 : 64}, NoteValue::Quarter, 0, 1);
+    const LaidOut laid(*piece.model);
+    const auto strokes = laid.of(MarkKind::Tremolo);
+    ASSERT_EQ(strokes.size(), 3U);
+    for (const auto &stroke : strokes)
+        for (const MarkKind kind : {MarkKind::NoteHead, MarkKind::Stem})
+            for (const auto &mark : laid.of(kind))
+                EXPECT_FALSE(meet(stroke, mark)) << stroke.left << " " << mark.left;
+}

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnLayout/page/BeatSigns.h>
 
-#include <ZarnLayout/engrave/ChordInks.h>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -384,67 +382,6 @@ void addBeatSigns(RowDraft &row, const SystemDraft &draft)
                 keepOnLine(inks, draft);
                 addItem(row, chord, sign.side, std::move(inks), -1);
             }
-}
-
-void addTremolos(RowDraft &row, const SystemDraft &draft)
-{
-    const Pen &pen = draft.pen;
-    if (row.row->notation == Notation::Tablature && !row.row->hasRhythm)
-        return;
-    for (std::size_t i = 0; i < row.chords.size(); ++i) {
-        const PlacedChord &chord = row.chords[i];
-        if (chord.chord->isRest())
-            continue;
-        const double inward = chord.chord->isStemUp ? 1 : -1;
-        if (const unsigned strokes = chord.beat().marks.tremolo(); strokes > 0) {
-            const Sign sign = tremoloSign(strokes);
-            double x = chord.stemX();
-            double y = tremoloY(*chord.chord, chord.stemTip);
-            if (!chord.chord->hasStem) {
-                // Above the notes; below those of a lower voice.
-                x = chord.headCentre();
-                const bool isBelow = chord.chord->hasRival && !chord.chord->isStemUp;
-                const auto &heads = chord.chord->heads;
-                const Box &head = pen.fonts().box((isBelow ? heads.front() : heads.back()).glyph);
-                const Box &strokesBox = pen.fonts().box(sign);
-                y = isBelow ? chord.chord->bottom()
-                        + (head.bottom + 0.3 - strokesBox.top) * chord.chord->scale
-                            : chord.chord->top()
-                        + (head.top - 0.3 - strokesBox.bottom) * chord.chord->scale;
-            }
-            Ink ink = pen.glyph(MarkKind::Tremolo, sign, x, y, chord.chord->scale);
-            ink.place = placeOf(row, chord);
-            row.add(std::move(ink));
-        }
-        const unsigned between = chord.beat().marks.tremoloToNext();
-        const PlacedChord *next = nextChord(row, i);
-        if (between == 0 || !next || next->chord->isRest())
-            continue;
-        const double gap = 0.75;
-        const double left = std::max(rightInkOf(draft, row, chord), chord.stemX()) + 0.4;
-        // Strokes end at the line of their bar: what stands behind it has no room for them.
-        const double line = draft.bars[chord.shownBar - draft.first].right;
-        const double right = std::min({leftInkOf(draft, row, *next), next->stemX(), line}) - 0.4;
-        double y0 = chord.chord->hasStem ? chord.stemTip + inward * 0.9 : chord.top() - 1.5;
-        double y1 = next->chord->hasStem ? next->stemTip + inward * 0.9 : next->top() - 1.5;
-        // Strokes lean as little as beams do, however far apart their notes are.
-        constexpr double steepest = 1.2;
-        const double middle = (y0 + y1) / 2;
-        const double lean =
-            std::clamp(y1 - y0, -steepest, steepest) * std::min(1.0, (right - left) / 4);
-        y0 = middle - lean / 2;
-        y1 = middle + lean / 2;
-        for (unsigned stroke = 0; stroke < between && right > left; ++stroke) {
-            const double shift = inward * gap * stroke;
-            Ink beam = pen.polygon(MarkKind::Tremolo,
-                                   {{left, y0 + shift},
-                                    {right, y1 + shift},
-                                    {right, y1 + shift + inward * 0.5},
-                                    {left, y0 + shift + inward * 0.5}});
-            beam.place = placeOf(row, chord);
-            row.add(std::move(beam));
-        }
-    }
 }
 
 } // namespace zarn::engraving

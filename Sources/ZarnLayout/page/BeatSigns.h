@@ -11,7 +11,4 @@ void addArticulations(RowDraft &row, const SystemDraft &draft);
 /// Other signs at single beats: ornaments, fingers, strokes, techniques.
 void addBeatSigns(RowDraft &row, const SystemDraft &draft);
 
-/// Strokes of tremolos, through stems and between two beats.
-void addTremolos(RowDraft &row, const SystemDraft &draft);
-
 } // namespace zarn::engraving

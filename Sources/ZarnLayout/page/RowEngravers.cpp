@@ -9,6 +9,7 @@
 #include <ZarnLayout/page/Stretches.h>
 #include <ZarnLayout/page/StringLinks.h>
 #include <ZarnLayout/page/TieEngraver.h>
+#include <ZarnLayout/page/TremoloEngraver.h>
 #include <ZarnLayout/page/TupletEngraver.h>
 #include <ZarnLayout/page/WordSigns.h>
 

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnLayout/page/TremoloEngraver.h>
+
+#include <ZarnLayout/engrave/ChordInks.h>
+#include <ZarnLayout/page/InkField.h>
+#include <ZarnLayout/page/SideItem.h>
+
+#include <algorithm>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+namespace zarn::engraving {
+
+namespace {
+
+/// A stretch for strokes: all of it, or else a shorter one as near to its middle as can be that no
+/// note of another voice stands in.
+std::pair<double, double> freeStretch(const InkField &field, const Box &all)
+{
+    constexpr double gap = 0.1;
+    const auto isFree = [&](double left, double right) {
+        return field.isFree({left - gap, all.top - gap, right + gap, all.bottom + gap});
+    };
+    if (isFree(all.left, all.right))
+        return {all.left, all.right};
+    constexpr double longest = 4;
+    constexpr double step = 0.5;
+    const double middle = (all.left + all.right) / 2;
+    for (const double length : {longest, 2.5, 1.5})
+        for (double shift = 0; shift <= (all.right - all.left - length) / 2; shift += step)
+            for (const double centre : {middle - shift, middle + shift})
+                if (isFree(centre - length / 2, centre + length / 2))
+                    return {centre - length / 2, centre + length / 2};
+    const double half = std::min(longest, all.right - all.left) / 2;
+    return {middle - half, middle + half};
+}
+
+/// The strokes of a tremolo between two notes.
+void addStrokesBetween(RowDraft &row, const SystemDraft &draft, const PlacedChord &chord,
+                       const PlacedChord &next, const InkField &field)
+{
+    constexpr double gap = 0.75;
+    constexpr double thickness = 0.5;
+    const unsigned strokes = chord.beat().marks.tremoloToNext();
+    const double inward = chord.chord->isStemUp ? 1 : -1;
+    double left = std::max(rightInkOf(draft, row, chord), chord.stemX()) + 0.4;
+    // Strokes end at the line of their bar: what stands behind it has no room for them.
+    const double line = draft.bars[chord.shownBar - draft.first].right;
+    double right = std::min({leftInkOf(draft, row, next), next.stemX(), line}) - 0.4;
+    if (right <= left)
+        return;
+    double y0 = chord.chord->hasStem ? chord.stemTip + inward * 0.9 : chord.top() - 1.5;
+    double y1 = next.chord->hasStem ? next.stemTip + inward * 0.9 : next.top() - 1.5;
+    // Strokes lean as little as beams do, however far apart their notes are.
+    constexpr double steepest = 1.2;
+    const double middle = (y0 + y1) / 2;
+    const double lean =
+        std::clamp(y1 - y0, -steepest, steepest) * std::min(1.0, (right - left) / 4);
+    y0 = middle - lean / 2;
+    y1 = middle + lean / 2;
+    const double last = inward * (gap * (strokes - 1) + thickness);
+    std::tie(left, right) = freeStretch(field,
+                                        {left, std::min(y0, y1) + std::min(0.0, last), right,
+                                         std::max(y0, y1) + std::max(0.0, last)});
+    for (unsigned stroke = 0; stroke < strokes; ++stroke) {
+        const double shift = inward * gap * stroke;
+        Ink beam = draft.pen.polygon(MarkKind::Tremolo,
+                                     {{left, y0 + shift},
+                                      {right, y1 + shift},
+                                      {right, y1 + shift + inward * thickness},
+                                      {left, y0 + shift + inward * thickness}});
+        beam.place = placeOf(row, chord);
+        row.add(std::move(beam));
+    }
+}
+
+} // namespace
+
+void addTremolos(RowDraft &row, const SystemDraft &draft)
+{
+    const Pen &pen = draft.pen;
+    if (row.row->notation == Notation::Tablature && !row.row->hasRhythm)
+        return;
+    std::vector<std::pair<const PlacedChord *, const PlacedChord *>> links;
+    for (std::size_t i = 0; i < row.chords.size(); ++i) {
+        const PlacedChord &chord = row.chords[i];
+        if (chord.chord->isRest())
+            continue;
+        if (const unsigned strokes = chord.beat().marks.tremolo(); strokes > 0) {
+            const Sign sign = tremoloSign(strokes);
+            double x = chord.stemX();
+            double y = tremoloY(*chord.chord, chord.stemTip);
+            if (!chord.chord->hasStem) {
+                // Above the notes; below those of a lower voice.
+                x = chord.headCentre();
+                const bool isBelow = chord.chord->hasRival && !chord.chord->isStemUp;
+                const auto &heads = chord.chord->heads;
+                const Box &head = pen.fonts().box((isBelow ? heads.front() : heads.back()).glyph);
+                const Box &strokesBox = pen.fonts().box(sign);
+                y = isBelow ? chord.chord->bottom()
+                        + (head.bottom + 0.3 - strokesBox.top) * chord.chord->scale
+                            : chord.chord->top()
+                        + (head.top - 0.3 - strokesBox.bottom) * chord.chord->scale;
+            }
+            Ink ink = pen.glyph(MarkKind::Tremolo, sign, x, y, chord.chord->scale);
+            ink.place = placeOf(row, chord);
+            row.add(std::move(ink));
+        }
+        const PlacedChord *next = nextChord(row, i);
+        if (chord.beat().marks.tremoloToNext() > 0 && next && !next->chord->isRest())
+            links.emplace_back(&chord, next);
+    }
+    if (links.empty())
+        return;
+    InkField field;
+    field.add(row.inks);
+    for (const auto &[chord, next] : links)
+        addStrokesBetween(row, draft, *chord, *next, field);
+}
+
+} // namespace zarn::engraving
