@@ -312,6 +312,26 @@ TEST(FingeringSolverTest, aGivenFingerIsKeptWhereAHandCan)
     EXPECT_TRUE(fingering.problems.empty()) << "strings come before fingers";
 }
 
+TEST(FingeringSolverTest, aBarreIsLaidOnce)
+{
+    // A barre over the fifth fret, then one note: where it lies already, on whatever string.
+    const auto effort = [](int pitch, int string) {
+        Passage passage = passageOn(guitar);
+        addEvent(passage, {69, 45});
+        addEvent(passage, {pitch});
+        passage.notes[0].string = 5;
+        passage.notes[1].string = 0;
+        passage.notes[2].string = string;
+        for (PassageNote &note : passage.notes)
+            note.finger = 1;
+        return FingeringSolver(passage).solve().effort;
+    };
+    const double again = effort(69, 5);
+    EXPECT_NEAR(effort(64, 4), again, 1e-6);
+    EXPECT_NEAR(effort(55, 2), again, 1e-6);
+    EXPECT_GT(effort(65, 4), again + 0.1) << "the next fret";
+}
+
 /// A slide or a hammer-on does not leave its string, whatever another voice does meanwhile.
 TEST(FingeringSolverTest, whatLeadsToANoteIsOnItsString)
 {

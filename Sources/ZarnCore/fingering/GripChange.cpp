@@ -45,6 +45,16 @@ double GripChange::cost(const Departure &from, const Grip &to) const
     return cost;
 }
 
+/// Whether a string is stopped by a barre that lies already: one goes from its lowest string to the
+/// highest of the neck.
+bool GripChange::isUnderBarre(const Grip &from, const Grip &to, std::size_t at)
+{
+    const auto finger = static_cast<std::size_t>(to.finger[at]) - 1;
+    return to.finger[at] > 0 && (from.barred >> finger & 1) != 0
+        && from.fretOfFinger[finger] == to.fret[at]
+        && from.stringOfFinger[finger] <= static_cast<int>(at);
+}
+
 /// Whether a finger stays on its string, and so leads the hand.
 bool GripChange::hasGuide(const Grip &from, const Grip &to)
 {

@@ -49,6 +49,7 @@ private:
     void addIntervals(const Departure &from, const Grip &to, std::size_t at, Add &add) const;
 
     static bool hasGuide(const Grip &from, const Grip &to);
+    static bool isUnderBarre(const Grip &from, const Grip &to, std::size_t at);
     bool leavesString(const Grip &from, const Grip &to, std::size_t at) const;
 
     int pitchOf(const Grip &grip, std::size_t string) const
@@ -118,9 +119,15 @@ void GripChange::addFingers(const Departure &from, const Grip &to, Add &add) con
     }
     int replaced = 0;
     int pressed = to.stopCount;
-    for (unsigned bits = from.grip->stopped & to.stopped; bits != 0; bits &= bits - 1) {
+    const bool mayHaveBarre = (from.grip->barred & to.fingers) != 0;
+    unsigned bits = mayHaveBarre ? to.stopped : from.grip->stopped & to.stopped;
+    for (; bits != 0; bits &= bits - 1) {
         const auto at = static_cast<std::size_t>(__builtin_ctz(bits));
-        if (from.grip->fret[at] != to.fret[at])
+        if (mayHaveBarre && isUnderBarre(*from.grip, to, at)) {
+            --pressed;
+            continue;
+        }
+        if (!from.grip->isStopped(static_cast<int>(at)) || from.grip->fret[at] != to.fret[at])
             continue;
         if (from.grip->finger[at] == to.finger[at])
             --pressed;
