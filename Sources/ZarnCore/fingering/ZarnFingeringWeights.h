@@ -9,10 +9,11 @@ namespace zarn::fingering {
 /// diagrams. What it takes to get from one shape to the next is told by fingered editions of guitar
 /// music: under these weights, the single marks that editors wrote are likely over all ways to play
 /// around them. Editors mark what surprises, so what says how far up the neck to go is not left to
-/// them. On works that it is not fitted to, such a model agrees with the editor in some 70 of 100
-/// strings, where the lowest fret does in 59 and the nearest in 67, in 62 fingers, and in 88
-/// strings when half of them are given; `zarn_fingering_report --folds 7` measures that. Two
-/// editors of one piece, who share it out differently, agree in 43 fingers.
+/// them. On works that it is not fitted to, such a model agrees with the editor in 67 to 74 of 100
+/// strings, where the lowest fret does in 59 and the nearest in 67, and in 61 to 64 fingers, by how
+/// far the fit may go; when half of the strings are given, in 86 to 89 of the others.
+/// `zarn_fingering_report --folds 7` measures that. Two editors of one piece, who share it out
+/// differently, agree in 43 fingers.
 struct FingeringWeights {
     /// A press of `chord::HandModel`: counts once, when fingers are laid down. For a finger alone
     /// stands its own weight.
