@@ -89,6 +89,28 @@ TEST(EngravingRulesTest, voicesKeepToTheirSides)
     EXPECT_NEAR(heads[1].x, heads.back().x, 0.001);
 }
 
+/// Grace notes have beams and stems of their own: the beam of the notes around them leads on.
+TEST(EngravingRulesTest, beamsLeadOverGraceNotes)
+{
+    for (const unsigned graces : {1U, 2U}) {
+        Piece piece;
+        piece.add({72}, NoteValue::Eighth);
+        for (unsigned i = 0; i < graces; ++i)
+            piece.add({76}, NoteValue::Sixteenth).setGraceType(GraceType::BeforeBeat);
+        piece.add({74}, NoteValue::Eighth);
+        const LaidOut laid(*piece.model);
+        EXPECT_EQ(laid.of(MarkKind::Flag).size(), graces == 1 ? 1U : 0U);
+        EXPECT_EQ(laid.of(MarkKind::Beam).size(), graces == 1 ? 1U : 3U);
+        const auto heads = laid.of(MarkKind::NoteHead);
+        const auto isOverAll = [&](const LaidOut::Mark &beam) {
+            return beam.left < heads.front().right && beam.right > heads.back().left;
+        };
+        const auto beams = laid.of(MarkKind::Beam);
+        EXPECT_EQ(std::count_if(beams.begin(), beams.end(), isOverAll), 1);
+        EXPECT_EQ(laid.of(MarkKind::Stem).size(), graces + 2);
+    }
+}
+
 TEST(EngravingRulesTest, theFlagEndsAboveAHeadOnItsSide)
 {
     Piece piece;

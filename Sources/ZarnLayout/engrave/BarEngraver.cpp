@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnLayout/engrave/BarEngraver.h>
 
+#include <ZarnLayout/engrave/BeamChain.h>
 #include <ZarnLayout/engrave/ChordInks.h>
 #include <ZarnLayout/engrave/ColumnSpaces.h>
 #include <ZarnLayout/engrave/HeadGlyph.h>
@@ -150,20 +151,22 @@ void BarEngraver::addHeads(Chord &chord)
 void BarEngraver::chooseStems()
 {
     auto &chords = _result.chords;
-    for (std::size_t first = 0; first < chords.size();) {
-        std::size_t end = first + 1;
-        while (end < chords.size() && chords[end - 1].beat->isBeamedOn
-               && chords[end].voice == chords[first].voice
-               && chords[end].beat->isGrace() == chords[first].beat->isGrace())
-            ++end;
-        chooseStem(first, end);
-        first = end;
+    std::vector<bool> isDone(chords.size(), false);
+    for (std::size_t first = 0; first < chords.size(); ++first) {
+        if (isDone[first])
+            continue;
+        const auto chain = beamChain(first, chords.size(),
+                                     [&](std::size_t i) -> const Chord & { return chords[i]; });
+        for (const std::size_t i : chain)
+            isDone[i] = true;
+        chooseStem(chain);
     }
 }
 
-void BarEngraver::chooseStem(std::size_t first, std::size_t end)
+void BarEngraver::chooseStem(const std::vector<std::size_t> &chain)
 {
     auto &chords = _result.chords;
+    const std::size_t first = chain.front();
     const bool isUpperVoice = chords[first].voice % 2 == 0;
     const int middle = static_cast<int>(_row.lineCount) - 1;
     bool isUp = _row.notation == Notation::Slash;
@@ -172,7 +175,7 @@ void BarEngraver::chooseStem(std::size_t first, std::size_t end)
     if (_row.notation != Notation::Slash) {
         int highest = -1000;
         int lowest = 1000;
-        for (std::size_t i = first; i < end; ++i)
+        for (const std::size_t i : chain)
             for (const Head &head : chords[i].heads) {
                 highest = std::max<int>(highest, head.line);
                 lowest = std::min<int>(lowest, head.line);
@@ -189,7 +192,7 @@ void BarEngraver::chooseStem(std::size_t first, std::size_t end)
         isUp = isUpperVoice;
         isForced = true;
     }
-    for (std::size_t i = first; i < end; ++i) {
+    for (const std::size_t i : chain) {
         const ZarnStemOrientation said = chords[i].beat->marks.stemOrientation();
         if (said != ZarnStemOrientation::Undefined && !isSaid
             && _row.notation != Notation::Tablature) {
@@ -202,12 +205,12 @@ void BarEngraver::chooseStem(std::size_t first, std::size_t end)
         isUp = chords[first].beat->isCrossStemUp;
         isForced = true;
     }
-    for (std::size_t i = first; i < end; ++i) {
+    for (const std::size_t i : chain) {
         chords[i].isStemUp = isUp;
         chords[i].isForced = isForced;
         chords[i].isCrossBeamed = isAcross;
         chords[i].hasRival = _hasVoices;
-        chords[i].isBeamed = (isAcross || end - first > 1) && chords[i].beat->flagCount() > 0;
+        chords[i].isBeamed = (isAcross || chain.size() > 1) && chords[i].beat->flagCount() > 0;
     }
 }
 

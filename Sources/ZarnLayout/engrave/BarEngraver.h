@@ -26,7 +26,7 @@ private:
     void addChords(const VoiceSource &voice);
     void addHeads(Chord &chord);
     void chooseStems();
-    void chooseStem(std::size_t first, std::size_t end);
+    void chooseStem(const std::vector<std::size_t> &chain);
     void placeHeads(Chord &chord);
     void placeStem(Chord &chord);
     void addCentred(const BeatSource *rest);

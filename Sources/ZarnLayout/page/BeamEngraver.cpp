@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnLayout/page/BeamEngraver.h>
 
+#include <ZarnLayout/engrave/BeamChain.h>
 #include <ZarnLayout/engrave/ChordInks.h>
 #include <ZarnLayout/page/BeamInks.h>
 #include <ZarnLayout/page/SideItem.h>
@@ -19,15 +20,20 @@ using Rivals = std::map<unsigned, std::vector<const PlacedChord *>>;
 
 class BeamGroup {
 public:
-    BeamGroup(RowDraft &row, std::size_t first, std::size_t end, const Rivals &rivals,
+    BeamGroup(RowDraft &row, const std::vector<std::size_t> &chain, const Rivals &rivals,
               const Pen &pen)
         : _row(row), _pen(pen)
     {
-        for (std::size_t i = first; i < end; ++i)
+        for (const std::size_t i : chain)
             if (row.chords[i].chord->isRest())
-                _rests.push_back(&row.chords[i]);
+                _inside.push_back(
+                    restInk(*row.row, pen, *row.chords[i].chord).box.movedBy(row.chords[i].x, 0));
             else if (row.chords[i].chord->hasStem)
                 _members.push_back(&row.chords[i]);
+        const bool isOfGrace = row.chords[chain.front()].beat().isGrace();
+        for (std::size_t i = chain.front(); i < chain.back() && !isOfGrace; ++i)
+            if (const PlacedChord &grace = row.chords[i]; grace.beat().isGrace())
+                _inside.push_back({grace.x, grace.top(), rightOf(grace), grace.bottom()});
         if (_members.size() > 1 && _members.front()->chord->hasRival)
             findObstacles(rivals.at(_members.front()->shownBar));
     }
@@ -129,8 +135,7 @@ private:
             const double tip = headAtTip(*member) - inward() * wishOf(*member) - wish * part;
             innermost = _isUp ? std::min(innermost, tip) : std::max(innermost, tip);
         }
-        for (const PlacedChord *rest : _rests) {
-            const Box box = restInk(*_row.row, _pen, *rest->chord).box;
+        for (const Box &box : _inside) {
             const double edge = (_isUp ? box.top : box.bottom)
                 - inward() * (0.4 + step() * std::max(1, mostBeams()));
             innermost = _isUp ? std::min(innermost, edge) : std::max(innermost, edge);
@@ -180,10 +185,9 @@ private:
             if (length < leastOf(*member))
                 cost += 100 * (leastOf(*member) - length);
         }
-        for (const PlacedChord *rest : _rests) {
-            const Box box = restInk(*_row.row, _pen, *rest->chord).box;
+        for (const Box &box : _inside) {
             const double room =
-                inward() * ((_isUp ? box.top : box.bottom) - line.at(rest->x + box.right / 2))
+                inward() * ((_isUp ? box.top : box.bottom) - line.at((box.left + box.right) / 2))
                 - step() * std::max(1, mostBeams());
             if (room < 0.1)
                 cost += 60 * (0.1 - room);
@@ -238,7 +242,7 @@ private:
     RowDraft &_row;
     const Pen &_pen;
     std::vector<PlacedChord *> _members;
-    std::vector<const PlacedChord *> _rests; ///< that the beams lead over
+    std::vector<Box> _inside; ///< rests and grace notes that the beams lead over
     std::vector<Box> _obstacles;
     BeamLine _line;
     bool _isUp = true;
@@ -254,17 +258,19 @@ void addBeams(RowDraft &row, const Pen &pen)
     for (const PlacedChord &chord : chords)
         if (chord.chord->hasRival)
             rivals[chord.shownBar].push_back(&chord);
-    for (std::size_t first = 0; first < chords.size();) {
-        std::size_t end = first + 1;
-        if (chords[first].chord->isBeamed && !chords[first].chord->isCrossBeamed) {
-            while (end < chords.size() && chords[end - 1].beat().isBeamedOn
-                   && chords[end].chord->voice == chords[first].chord->voice
-                   && chords[end].shownBar == chords[first].shownBar
-                   && chords[end].beat().isGrace() == chords[first].beat().isGrace())
-                ++end;
-            BeamGroup(row, first, end, rivals, pen).draw();
-        }
-        first = end;
+    // Grace notes first: other beams lead over them.
+    std::vector<bool> isDone(chords.size(), false);
+    for (std::size_t step = 0; step < 2 * chords.size(); ++step) {
+        const std::size_t first = step % chords.size();
+        const Chord &chord = *chords[first].chord;
+        if (isDone[first] || !chord.isBeamed || chord.isCrossBeamed
+            || chord.beat->isGrace() != (step < chords.size()))
+            continue;
+        const auto chain = beamChain(
+            first, chords.size(), [&](std::size_t i) -> const Chord & { return *chords[i].chord; });
+        for (const std::size_t i : chain)
+            isDone[i] = true;
+        BeamGroup(row, chain, rivals, pen).draw();
     }
 }
 

@@ -89,13 +89,18 @@ bool isOneBeam(const RowDraft &row, const Bracket &bracket)
 {
     for (std::size_t i = bracket.first; i <= bracket.last; ++i) {
         const PlacedChord &chord = row.chords[i];
+        if (chord.beat().isGrace())
+            continue;
         if (chord.chord->isRest() || !chord.chord->isBeamed)
             return false;
         if (i < bracket.last && !chord.beat().isBeamedOn)
             return false;
     }
-    const bool startsBeam = bracket.first == 0 || !row.chords[bracket.first - 1].beat().isBeamedOn
-        || row.chords[bracket.first - 1].chord->voice != row.chords[bracket.first].chord->voice;
+    std::size_t first = bracket.first;
+    while (first > 0 && row.chords[first - 1].beat().isGrace())
+        --first;
+    const bool startsBeam = first == 0 || !row.chords[first - 1].beat().isBeamedOn
+        || row.chords[first - 1].chord->voice != row.chords[bracket.first].chord->voice;
     return startsBeam && !row.chords[bracket.last].beat().isBeamedOn;
 }
 

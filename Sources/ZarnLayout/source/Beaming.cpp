@@ -19,6 +19,7 @@ void setBeams(std::vector<BeatSource> &beats, const TimeSignature &meter, const 
 {
     const UsualBeams usual(meter, groups);
     BeatSource *last = nullptr;
+    bool isNext = false;    ///< nothing but grace notes since the last note
     bool wantsJoin = true;  ///< every beat since the last note asks for a beam
     bool areEighths = true; ///< nothing shorter in the group so far
     for (BeatSource &beat : beats) {
@@ -29,6 +30,7 @@ void setBeams(std::vector<BeatSource> &beats, const TimeSignature &meter, const 
             continue;
         }
         if (beat.isRest) {
+            isNext = false;
             if (last)
                 wantsJoin = wantsJoin && beat.marks.beamMode() == BeamMode::Join;
             if (last && !wantsJoin)
@@ -37,7 +39,6 @@ void setBeams(std::vector<BeatSource> &beats, const TimeSignature &meter, const 
         }
         bool joined = false;
         if (last) {
-            const bool isNext = last->index + 1 == beat.index;
             const BeamMode mode = last->marks.beamMode();
             const bool eighths = areEighths && beat.flagCount() == 1;
             joined = mode == BeamMode::Join ? (isNext || wantsJoin)
@@ -46,10 +47,11 @@ void setBeams(std::vector<BeatSource> &beats, const TimeSignature &meter, const 
         }
         if (joined) {
             for (BeatSource *inner = last; inner != &beat; ++inner)
-                inner->isBeamedOn = true;
+                inner->isBeamedOn = !inner->isGrace();
         }
         areEighths = (!joined || areEighths) && beat.flagCount() == 1;
         last = &beat;
+        isNext = true;
         wantsJoin = beat.marks.beamMode() == BeamMode::Join;
     }
 

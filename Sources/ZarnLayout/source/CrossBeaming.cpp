@@ -109,9 +109,12 @@ private:
             spot = across->second;
             return true;
         }
-        const bool leadsOn = spot->isBeamedOn && spot.beat + 1 < spot.beats().size();
-        spot.beat += leadsOn ? 1 : 0;
-        return leadsOn;
+        if (!spot->isBeamedOn)
+            return false;
+        do {
+            ++spot.beat;
+        } while (spot.beat < spot.beats().size() && spot->isGrace());
+        return spot.beat < spot.beats().size();
     }
 
     bool goBack(Spot &spot) const
@@ -120,9 +123,13 @@ private:
             spot = across->second;
             return true;
         }
-        const bool comesOn = spot.beat > 0 && spot.beats()[spot.beat - 1].isBeamedOn;
-        spot.beat -= comesOn ? 1 : 0;
-        return comesOn;
+        Spot before = spot;
+        while (before.beat > 0 && before.beats()[before.beat - 1].isGrace())
+            --before.beat;
+        if (before.beat == 0 || !before.beats()[--before.beat].isBeamedOn)
+            return false;
+        spot = before;
+        return true;
     }
 
     std::vector<Spot> membersAround(Spot spot) const

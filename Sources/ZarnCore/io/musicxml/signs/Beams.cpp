@@ -32,7 +32,8 @@ void setBeams(std::vector<PlacedBeat> &beats, const TimeSignature &meter, const 
         const bool wereEighths = std::exchange(areEighths, (!joined || areEighths) && flags == 1);
         if (!haveFlags)
             continue;
-        const bool isNext = before + 1 == &placed;
+        const bool isNext = std::all_of(
+            before + 1, &placed, [](const PlacedBeat &between) { return between.beat->isGrace(); });
         if (isNext ? joined
                     == usual.join(before->onset, placed.onset, placed.beat->rhythmValue(),
                                   wereEighths && flags == 1)
@@ -40,7 +41,8 @@ void setBeams(std::vector<PlacedBeat> &beats, const TimeSignature &meter, const 
             continue;
         // Over rests, they are joined too.
         for (auto *beat = before; beat != &placed; ++beat)
-            beat->beat->setBeamMode(joined ? BeamMode::Join : BeamMode::Break);
+            if (!beat->beat->isGrace())
+                beat->beat->setBeamMode(joined ? BeamMode::Join : BeamMode::Break);
     }
 }
 
@@ -61,7 +63,9 @@ void findBeams(std::vector<BeamedBeat> &beats, const TimeSignature &meter, const
         const int flags = flagsOf(beat);
         bool joined = false;
         if (left && flags > 0 && flagsOf(*left->beat) > 0) {
-            const bool isNext = left + 1 == &placed;
+            const bool isNext = std::all_of(left + 1, &placed, [](const BeamedBeat &between) {
+                return between.beat->isGrace();
+            });
             const auto mode = left->beat->beamMode();
             const bool isUsual = isNext
                 && usual.join(left->onset, placed.onset, beat.rhythmValue(),
