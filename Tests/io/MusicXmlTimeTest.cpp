@@ -156,6 +156,13 @@ TEST(MusicXmlTime, bracketsThatTheLengthsHaveNoRatioForAreTold)
         + note("C", 4, 48, modified(3, 2, bracket("start", 1)))
         + note("C", 4, 48, modified(3, 2, {}))
         + note("C", 4, 48, modified(3, 2, bracket("stop", 1)));
+    // The numbers of a tuplet are two at least.
+    ImportReport doubled;
+    import(score(measure(divisions(24) + note("C", 4, 6, modified(4, 1, bracket("start", 1)))
+                         + note("C", 4, 6, modified(4, 1, bracket("stop", 1))))),
+           doubled);
+    EXPECT_TRUE(doubled.hasProblem("of 4 in the time of 1 was made one of 8 in the time of 2"));
+    EXPECT_EQ(doubled.problems().size(), 1U);
     ImportReport report;
     import(score(measure(divisions(72) + held)), report);
     EXPECT_FALSE(report.hasProblem("lost its bracket"));

@@ -21,6 +21,12 @@ constexpr int mostVoices = 256;
 
 constexpr int semitoneOfStep[] = {0, 2, 4, 5, 7, 9, 11};
 
+std::string inTheTimeOf(const TupletRatio &ratio, int factor)
+{
+    return std::to_string(ratio.actual * factor) + " in the time of "
+        + std::to_string(ratio.normal * factor);
+}
+
 /// 0 for C to 6 for B; -1 for anything else.
 int stepOf(const char *text)
 {
@@ -199,6 +205,13 @@ void NoteReader::finishTuplets(const WrittenNote &note)
                             ratios < 2 ? "a tuplet that leaves the length of its notes as it is "
                                          "lost its bracket"
                                        : "a tuplet inside of two others lost its bracket");
+    }
+    for (const auto &mark : marks) {
+        const auto &ratio = mark.ratio.isPlain() && _hasModification ? _modification : mark.ratio;
+        if (mark.starts && !ratio.isPlain() && (ratio.actual == 1 || ratio.normal == 1))
+            _context.addProblem(note.node,
+                                "a tuplet of " + inTheTimeOf(ratio, 1) + " was made one of "
+                                    + inTheTimeOf(ratio, 2));
     }
     for (const auto &mark : marks)
         if (!mark.starts && !_tuplets.stop(note.voice, mark.number) && !note.chord)
