@@ -218,13 +218,13 @@ TEST(InkOnInkTest, slidesOfAChordAreParallel)
 TEST(InkOnInkTest, syllablesKeepOffEachOtherOverNotesOfOtherVoices)
 {
     ViolinPiece piece;
-    for (const char *text : {"Schwarzwaldkirschtorten", "duft"}) {
+    for (const char *text : {"Donaudampfschifffahrtsgesellschaftskapitaen", "ruft"}) {
         Syllable syllable;
         syllable.text = text;
         piece.add({76}, NoteValue::Half).setLyrics({syllable});
     }
-    for (unsigned i = 0; i < 16; ++i)
-        piece.add({60}, NoteValue::Sixteenth, 0, 1);
+    for (unsigned i = 0; i < 8; ++i)
+        piece.add({60}, NoteValue::Eighth, 0, 1);
     const LaidOut laid(*piece.model);
     const auto words = laid.of(MarkKind::Lyric);
     ASSERT_EQ(words.size(), 2U);
