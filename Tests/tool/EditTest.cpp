@@ -104,6 +104,8 @@ TEST(Edit, refusalsSayTheReasonAtTheWordThatIsWrong)
         {"add-track guitar --strings", "STRINGS is missing: type --strings and a whole number"},
         {"add-track guitar --strings 11", "column 28: no tuning with 11 strings is known"},
         {"add-track guitar --tuning \"Dro D\"", "column 27: \"Dro D\" is neither"},
+        {"select 1 t1\nfinger", "nothing here is played on strings"},
+        {"add-track guitar\nselect 1 t5\nfinger", "line 3, column 7: there are no notes here"},
     };
     for (const Refused &refused : all) {
         const ToolRun run = edit(saints(), refused.lines);

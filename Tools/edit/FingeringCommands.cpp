@@ -70,11 +70,13 @@ void print(EditSession &session, const fingering::FingeringReport &report)
     }
 }
 
-/// Raises unless one of the staves that are meant has strings.
+/// Raises unless there is something to play, and one of the staves that are meant has strings.
 void requireStrings(EditSession &session, const ScoreModelRange &range, int column)
 {
     const ScoreModel &model = *session.score().scoreModel();
     const auto spans = beatSpans(*session.score().scoreModel(), range);
+    if (spans.empty())
+        throw LineError(column, QStringLiteral("there are no notes here"));
     const auto hasStrings = [&model](const BeatSpan &span) {
         return fingering::canBeFingered(*model.tracks()[span.track]->staves()[span.staff]);
     };
