@@ -3,12 +3,20 @@
 
 #include <ZarnCore/io/ZarnImportReport.h>
 #include <ZarnCore/io/musicxml/ImportLimits.h>
+#include <ZarnCore/io/musicxml/ScoreHeader.h>
 #include <ZarnCore/io/musicxml/XmlDocument.h>
+
+#include <cstring>
 
 namespace zarn::io {
 
 ImportContext::ImportContext(const XmlDocument &document, ImportReport &report)
-    : _document(document), _report(report)
+    : _document(document), _report(report),
+      _isOwnDocument(
+          std::strcmp(
+              document.root().child("identification").child("encoding").child_value("software"),
+              ownSoftware)
+          == 0)
 {
 }
 

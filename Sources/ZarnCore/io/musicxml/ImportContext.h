@@ -25,6 +25,9 @@ public:
     int part() const noexcept { return _part; }
     int bar() const noexcept { return _bar; }
 
+    /// Whether the library wrote the document itself: it leaves out no staff that is shown.
+    bool isOwnDocument() const noexcept { return _isOwnDocument; }
+
     void addProblem(pugi::xml_node node, const std::string &text);
 
     /// As above for another bar of the same part.
@@ -55,6 +58,7 @@ private:
 
     const XmlDocument &_document;
     ImportReport &_report;
+    bool _isOwnDocument;
     int _part = -1;
     int _bar = -1;
     std::size_t _emptyNodes = 0;

@@ -14,6 +14,9 @@ class ScoreModel;
 
 namespace zarn::io {
 
+/// What documents of the library's own name as the software that wrote them.
+constexpr const char *ownSoftware = "ZarnCore";
+
 class ImportContext;
 
 /// A property of the score by the name that documents have for it: the type of a <creator>, or the

@@ -62,7 +62,6 @@ void mendLinks(const Track &track, const JoiningSigns &kinds, ImportContext &con
                                 span.text + std::string(" was mended"));
 }
 
-/// Reads one document: the parts one after another, then what they share.
 /// Whether a document says that it has the beginnings of all systems.
 bool hasAllSystems(pugi::xml_node root)
 {
@@ -76,6 +75,7 @@ bool hasAllSystems(pugi::xml_node root)
     });
 }
 
+/// Reads one document: the parts one after another, then what they share.
 class ScoreReader {
 public:
     ScoreReader(const XmlDocument &document, ImportReport &report)

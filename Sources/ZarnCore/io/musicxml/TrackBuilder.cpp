@@ -232,9 +232,9 @@ std::shared_ptr<Track> makeTrack(InstrumentSet::Type type, const ListedPart &par
         if (!(track->notations() == notations))
             track->setChosenNotations(notations);
     }
-    // Who names the strings of a staff with notes and draws no tablature wants none.
-    const bool isWithoutTablature =
-        std::none_of(facts.staves.begin(), facts.staves.end(), isTablature)
+    // Others leave the tablature to who reads the strings and frets.
+    const bool isWithoutTablature = context.isOwnDocument()
+        && std::none_of(facts.staves.begin(), facts.staves.end(), isTablature)
         && std::any_of(facts.staves.begin(), facts.staves.end(),
                        [](const WrittenStaff &staff) { return !staff.tuning.empty(); });
     // Frets that nobody wrote are not shown.

@@ -35,7 +35,7 @@ void writeIdentification(const ScoreModel &model, pugi::xml_node root, ExportCon
     if (const auto text = textOf(ScoreProperty::Copyright); !text.empty())
         addElement(node, "rights", text);
     auto encoding = addElement(node, "encoding");
-    addElement(encoding, "software", "ZarnCore");
+    addElement(encoding, "software", ownSoftware);
     for (const char *const element : {"accidental", "beam"}) {
         auto supports = addElement(encoding, "supports");
         addAttribute(supports, "element", element);
