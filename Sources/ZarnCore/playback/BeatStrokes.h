@@ -19,17 +19,21 @@ struct Stroke {
 /// of a rasgueado. At least one stroke.
 std::vector<Stroke> strokesOf(const Beat &beat, const utils::rational &length);
 
-/// The strokes of one of the two beats of a tremolo between them, which take turns over the time of
-/// both; offsets of the second one count from its own start. Where grace notes part them each has
-/// the turns of its own time, and the one that the grace notes lead to begins there.
 enum class TremoloSide { First, Second };
+
+/// What lies between the two beats of a tremolo: nothing, or grace notes.
 enum class PairJoint { Direct, GraceNotes };
+
 struct TremoloPairTimes {
     utils::rational first; ///< lengths
     utils::rational second;
     utils::rational distance; ///< from start to start
     PairJoint joint = PairJoint::Direct;
 };
+
+/// The strokes of one of the two beats of a tremolo between them, which take turns over the time of
+/// both; offsets of the second one count from its own start. Where grace notes part them each has
+/// the turns of its own time, and the one that the grace notes lead to begins there.
 std::vector<Stroke> strokesOfPair(const Beat &first, TremoloSide side,
                                   const TremoloPairTimes &times);
 
