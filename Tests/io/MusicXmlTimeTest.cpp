@@ -117,6 +117,74 @@ TEST(MusicXmlTime, aTupletThatTheDurationsForgetIsNone)
     EXPECT_FALSE(rhythm.hasSecondaryTuplet());
 }
 
+/// A note of a tuplet of three in two with, it may be, another inside; `signs` are <tuplet>s.
+std::string ofTriplet(const char *type, int duration, bool isNested, const std::string &signs = {})
+{
+    const std::string notations = signs.empty() ? "" : "<notations>" + signs + "</notations>";
+    return note(
+        "C", 4, duration,
+        std::string(type) + "</type><time-modification><actual-notes>"
+            + (isNested ? "9</actual-notes><normal-notes>4" : "3</actual-notes><normal-notes>2")
+            + "</normal-notes></time-modification>" + notations + "<type>" + type);
+}
+
+TEST(MusicXmlTime, dotsThatTheDurationsAloneTellAreSupplied)
+{
+    const std::string start = "<tuplet type=\"start\" number=\"1\"/>";
+    const std::string stop = "<tuplet type=\"stop\" number=\"1\"/>";
+    const auto inner = [](const char *type) {
+        return "<tuplet type=\"" + std::string(type) + "\" number=\"2\">" + terms(term(3), term(2))
+            + "</tuplet>";
+    };
+    const std::string quarters = divisions(24) + ofTriplet("quarter", 24, false, start)
+        + note("G", 5, 0, "eighth", "<grace/>") + ofTriplet("quarter", 24, false);
+    const std::string last = note("D", 4, 24, "quarter");
+    // Dots of all notes, in both tuplets.
+    ImportReport report;
+    auto model = import(score(measure(quarters + ofTriplet("eighth", 8, true, inner("start"))
+                                      + ofTriplet("eighth", 8, true)
+                                      + ofTriplet("eighth", 8, true, stop + inner("stop")) + last)),
+                        report);
+    EXPECT_TRUE(
+        report.hasProblem("part 1, bar 1, line 6: the notes of a tuplet last as long as with "
+                          "a dot each, which the document leaves out; they were dotted"))
+        << report.problems().front().toString();
+    EXPECT_EQ(report.problems().size(), 1u);
+    EXPECT_EQ(report.unheld().size(), 0u);
+    const auto rhythm = [&](unsigned beat) {
+        return model->track(0)
+            ->bar(0)
+            ->voice(0)
+            ->beat(beat)
+            ->rhythmValue()
+            .toQString()
+            .toStdString();
+    };
+    EXPECT_EQ(rhythm(0), "Quarter;Dots=1;PriTuplet=3/2;SecTuplet=0/0");
+    EXPECT_EQ(rhythm(1), "Eighth;Dots=0;PriTuplet=0/0;SecTuplet=0/0") << "the grace note";
+    EXPECT_EQ(rhythm(5), "Eighth;Dots=1;PriTuplet=3/2;SecTuplet=3/2");
+    EXPECT_EQ(rhythm(6), "Quarter;Dots=0;PriTuplet=0/0;SecTuplet=0/0") << "after the tuplet";
+
+    // Two dots, 7/4 of 2/3.
+    ImportReport two;
+    model = import(score(measure(divisions(24) + ofTriplet("quarter", 28, false, start)
+                                 + ofTriplet("quarter", 28, false)
+                                 + ofTriplet("quarter", 28, false, stop) + last)),
+                   two);
+    EXPECT_TRUE(two.hasProblem("as with two dots each"));
+    EXPECT_EQ(rhythm(2), "Quarter;Dots=2;PriTuplet=3/2;SecTuplet=0/0");
+
+    // One that lasts otherwise, or an end that is not there: the durations alone hold.
+    for (const auto &other :
+         {ofTriplet("quarter", 16, false, stop), ofTriplet("quarter", 24, false),
+          ofTriplet("half", 24, false, stop)}) {
+        ImportReport none;
+        model = import(score(measure(quarters + other + last)), none);
+        EXPECT_FALSE(none.hasProblem("they were dotted"));
+        EXPECT_EQ(rhythm(0), "Quarter;Dots=0;PriTuplet=0/0;SecTuplet=0/0");
+    }
+}
+
 TEST(MusicXmlTime, bracketsThatTheLengthsHaveNoRatioForAreTold)
 {
     const auto bracket = [](const char *type, int number, const std::string &terms = {}) {
@@ -139,8 +207,8 @@ TEST(MusicXmlTime, bracketsThatTheLengthsHaveNoRatioForAreTold)
             + note("C", 4, 16, modified(3, 2, bracket("start", 2, two)))
             + note("C", 4, 16, modified(3, 2, bracket("stop", 2) + bracket("stop", 1))),
         // A triplet that the durations forget.
-        note("C", 4, 24, modified(3, 2, bracket("start", 1, three)))
-            + note("C", 4, 24, modified(3, 2, bracket("stop", 1)))};
+        note("C", 4, 12, modified(3, 2, bracket("start", 1, three)))
+            + note("C", 4, 12, modified(3, 2, bracket("stop", 1)))};
     for (const auto &bar : bars) {
         ImportReport report;
         import(score(measure(divisions(24) + bar)), report);

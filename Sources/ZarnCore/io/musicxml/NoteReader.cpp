@@ -2,6 +2,7 @@
 #include <ZarnCore/io/musicxml/NoteReader.h>
 
 #include <ZarnCore/io/musicxml/ImportContext.h>
+#include <ZarnCore/io/musicxml/MissingDots.h>
 
 #include <algorithm>
 #include <cstring>
@@ -179,6 +180,7 @@ void NoteReader::read(pugi::xml_node node, WrittenNote &note)
     const auto &marks = _notations.tupletMarks();
     const auto starts = std::count_if(marks.begin(), marks.end(),
                                       [](const TupletMark &mark) { return mark.starts; });
+    _opensTuplets = starts > 0 && !_tuplets.hasOpen(note.voice);
     for (const auto &mark : marks) {
         if (mark.starts && starts == 1 && mark.ratio.isPlain() && _hasModification)
             _tuplets.startAt(note.voice, mark.number, _modification);
@@ -191,6 +193,24 @@ void NoteReader::read(pugi::xml_node node, WrittenNote &note)
     if (_hasModification)
         _tuplets.tell(note.voice, _bracketed);
     count(note);
+    if (_hasModification && !note.grace)
+        addDots(_tuplets.suppliedDots(note.voice));
+}
+
+void NoteReader::addDots(int dots)
+{
+    _rhythm.dots += dots;
+    _bracketed.dots += dots;
+}
+
+int NoteReader::supplyDots(const WrittenNote &note, const utils::rational &divisions)
+{
+    if (!_opensTuplets)
+        return 0;
+    const int dots = missingDots(note.node, divisions);
+    _tuplets.supplyDots(note.voice, dots);
+    addDots(dots);
+    return dots;
 }
 
 void NoteReader::finishTuplets(const WrittenNote &note)

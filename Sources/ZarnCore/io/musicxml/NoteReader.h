@@ -46,6 +46,10 @@ public:
     /// modification says.
     const WrittenRhythm &bracketedRhythm() const noexcept { return _bracketed; }
 
+    /// Gives the notes of a tuplet dots from the note read last on, where it begins at that note
+    /// and the durations alone, in `divisions` of a quarter, tell of them; how many.
+    int supplyDots(const WrittenNote &note, const utils::rational &divisions);
+
     /// Its signs that its marks do not hold.
     const std::vector<WrittenSign> &signs() const noexcept { return _notations.signs(); }
 
@@ -67,6 +71,7 @@ private:
     void readAccidental(pugi::xml_node accidental, WrittenNote &note);
     void readHead(pugi::xml_node head, WrittenNote &note);
     void readType(pugi::xml_node type, WrittenNote &note);
+    void addDots(int dots);
     TupletRatio readModification(pugi::xml_node node);
     void count(const WrittenNote &note);
 
@@ -81,6 +86,7 @@ private:
     WrittenRhythm _bracketed;
     TupletRatio _modification;
     bool _hasModification = false;
+    bool _opensTuplets = false; ///< where none was open in its voice
 };
 
 } // namespace zarn::io

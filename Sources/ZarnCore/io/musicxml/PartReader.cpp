@@ -195,13 +195,22 @@ void PartReader::placeNote(WrittenNote &note)
     const auto holds = [&] {
         return nominal && (*nominal == written || _timeline.isRounding(*nominal, written));
     };
-    if (isTyped && isTimed && !note.grace && !holds() && !(rhythm == _notes.bracketedRhythm())) {
+    const auto isContradicted = [&] { return isTyped && isTimed && !note.grace && !holds(); };
+    if (isContradicted() && !(rhythm == _notes.bracketedRhythm())) {
         nominal = nominalLength(_notes.bracketedRhythm(), note);
         if (holds())
             _context.addProblem(note.node,
                                 "the time modification contradicts the duration and the tuplets "
                                 "around the note, which were taken");
     }
+    if (isContradicted())
+        if (const int dots = _notes.supplyDots(note, _timeline.divisions()); dots > 0) {
+            nominal = nominalLength(rhythm, note);
+            _context.addProblem(note.node,
+                                "the notes of a tuplet last as long as with "
+                                    + std::string(dots == 1 ? "a dot" : "two dots")
+                                    + " each, which the document leaves out; they were dotted");
+        }
     if (!note.grace) {
         if (isTimed && isTyped && holds()) {
             note.length = *nominal;

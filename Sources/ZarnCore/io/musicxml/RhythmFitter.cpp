@@ -16,14 +16,6 @@ constexpr int longType = 1;
 constexpr int shortestType = 11; ///< the 256th
 constexpr int mostTerm = 255;
 
-/// Length of a note type in quarters.
-rational typeLength(int type)
-{
-    return type <= WrittenRhythm::Quarter
-        ? rational(std::int64_t(1) << (WrittenRhythm::Quarter - type))
-        : rational(1, std::int64_t(1) << (type - WrittenRhythm::Quarter));
-}
-
 /// The ratio with terms that a rhythm value can hold: neither is 1, both fit in a byte.
 std::optional<TupletRatio> holdable(std::int64_t actual, std::int64_t normal)
 {
@@ -112,6 +104,13 @@ std::optional<std::pair<int, int>> typeOfLength(const rational &length)
 
 } // namespace
 
+rational lengthOfType(int type)
+{
+    return type <= WrittenRhythm::Quarter
+        ? rational(std::int64_t(1) << (WrittenRhythm::Quarter - type))
+        : rational(1, std::int64_t(1) << (type - WrittenRhythm::Quarter));
+}
+
 const std::optional<Fit> &RhythmFitter::written(const WrittenRhythm &rhythm)
 {
     const auto slot = static_cast<std::size_t>(rhythm.type + 3 * rhythm.dots
@@ -141,7 +140,7 @@ std::optional<Fit> RhythmFitter::ofLength(const rational &length, const WrittenR
         if (const auto fit = heldWide(inside->first, inside->second, rhythm.outer, rhythm.inner))
             return fit;
     for (int type = longType; type <= shortestType; ++type) {
-        const auto ratio = length / typeLength(type);
+        const auto ratio = length / lengthOfType(type);
         if (ratio > rational(1) && type < shortestType)
             continue;
         if (const auto terms = holdable(ratio.denominator(), ratio.numerator()))

@@ -9,6 +9,9 @@
 
 namespace zarn::io {
 
+/// How long a note of a type of `WrittenRhythm` is without dots and tuplets, in quarters.
+utils::rational lengthOfType(int type);
+
 /// Finds the rhythm values that hold what a document writes, exactly.
 ///
 /// A rhythm value ends at the 256th and starts at the long: the values beyond are held with a

@@ -31,6 +31,20 @@ void TupletTracker::startAt(int voice, int number, const TupletRatio &modificati
         _open.back().isTold = false;
 }
 
+void TupletTracker::supplyDots(int voice, int dots)
+{
+    const auto found = std::find_if(_open.begin(), _open.end(),
+                                    [&](const Open &open) { return open.voice == voice; });
+    if (found != _open.end())
+        found->dots = dots;
+}
+
+int TupletTracker::suppliedDots(int voice) const
+{
+    const auto *const open = outermost(voice);
+    return open ? open->dots : 0;
+}
+
 const TupletTracker::Open *TupletTracker::outermost(int voice) const
 {
     const auto found = std::find_if(_open.begin(), _open.end(),

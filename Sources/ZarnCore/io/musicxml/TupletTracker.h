@@ -26,6 +26,13 @@ public:
     /// How many got none.
     int hold(int voice, int ratios);
 
+    bool hasOpen(int voice) const { return outermost(voice) != nullptr; }
+
+    /// Notes of the tuplets that are open in a voice have dots that nobody wrote, till the
+    /// outermost ends.
+    void supplyDots(int voice, int dots);
+    int suppliedDots(int voice) const;
+
     /// Splits the time modification of a note into the outermost tuplet and what is inside of it.
     void split(int voice, const TupletRatio &modification, WrittenRhythm &rhythm) const;
 
@@ -38,6 +45,7 @@ private:
         int voice;
         int number;
         TupletRatio ratio;
+        int dots = 0;       ///< supplied, of the outermost
         bool isTold = true; ///< by its own numbers
         bool isNew = true;  ///< `hold` has not seen it
         bool isHeld = false;
