@@ -21,6 +21,45 @@ TEST(MusicXmlExportRhythm, divisionsHoldAllLengthsExactly)
     EXPECT_FALSE(written.has("//backup"));
 }
 
+/// An eighth in each of the tuplets of `actual` in the time of one less; their lengths are left to
+/// the reader.
+std::string oddTuplets(const std::vector<int> &actual, const std::string &voice = "1")
+{
+    std::string notes;
+    for (const int count : actual)
+        notes += note("C", 4, 0,
+                      "eighth</type><time-modification><actual-notes>" + std::to_string(count)
+                          + "</actual-notes><normal-notes>" + std::to_string(count - 1)
+                          + "</normal-notes></time-modification><type>eighth",
+                      {}, voice);
+    return notes;
+}
+
+TEST(MusicXmlExportRhythm, lengthsWithoutCommonDivisionsAreRoundedAndTold)
+{
+    // Each of the first two bars has divisions of its own, the third would need 3,368,562,317.
+    const auto model =
+        readFrom(score(measure(oddTuplets({251, 241, 239})) + measure(oddTuplets({233, 229, 227}))
+                       + measure(oddTuplets({251, 241, 239, 233}))));
+    io::ExportReport report;
+    const auto text = io::MusicXmlExporter().toText(*model, report);
+    ASSERT_EQ(report.problems().size(), 1u);
+    EXPECT_EQ(report.problems().front().toString("track"),
+              "track 1, bar 3: lengths that no division has in common were rounded");
+    const auto copy = readFrom(text);
+    EXPECT_EQ(test::writeNative(*copy), test::writeNative(*model)) << "the notes tell";
+    EXPECT_EQ(exported(*copy), text);
+
+    // Two voices whose ends no fraction tells apart.
+    const auto other = readFrom(score(measure(oddTuplets({251, 241, 239, 233, 229, 227, 223})
+                                              + "<backup><duration>99</duration></backup>"
+                                              + oddTuplets({211, 199, 197, 193, 191, 181}, "2"))));
+    io::ImportReport again;
+    const auto read = import(io::MusicXmlExporter().toText(*other, report), again);
+    EXPECT_EQ(read->track(0)->bar(0)->voice(0)->beatCount(), 7u);
+    EXPECT_GE(read->track(0)->bar(0)->voice(1)->beatCount(), 6u);
+}
+
 TEST(MusicXmlExportRhythm, voicesAndStavesFollowEachOtherByBackups)
 {
     const Exported written(quarters(1,

@@ -19,6 +19,18 @@ namespace {
 /// How far `beatNear` looks around in each voice.
 constexpr std::ptrdiff_t nearBeats = 16;
 
+/// Whether a time lies before another one by more than a tolerance.
+bool isBefore(const rational &time, const rational &other, const rational &tolerance)
+{
+    if (!(time < other))
+        return false;
+    try {
+        return time + tolerance < other;
+    } catch (const CoreException &) { // past what a fraction holds
+        return time.toDouble() + tolerance.toDouble() < other.toDouble();
+    }
+}
+
 } // namespace
 
 BarBuilder::BarBuilder(ImportContext &context, NoteMaker &notes, PartSigns &signs)
@@ -225,7 +237,7 @@ VoiceSlot *BarBuilder::slotFor(const WrittenNote &note)
 {
     auto &staff = _staves[static_cast<std::size_t>(note.staff)];
     if (auto *own = ownSlot(staff, note.voice)) {
-        if (!(note.onset + note.tolerance < own->end))
+        if (!isBefore(note.onset, own->end, note.tolerance))
             return own;
         auto *other = freeSlot(staff, note.voice);
         _context.addProblem(note.node,
@@ -288,14 +300,14 @@ VoiceSlot *BarBuilder::freeSlot(StaffSlots &staff, int voice)
 VoiceSlot *BarBuilder::roomySlot(StaffSlots &staff, const WrittenNote &note)
 {
     for (auto &slot : staff.voiceSlots)
-        if (!(note.onset + note.tolerance < slot.end))
+        if (!isBefore(note.onset, slot.end, note.tolerance))
             return &slot;
     return nullptr;
 }
 
 void BarBuilder::append(VoiceSlot &slot, const WrittenNote &note)
 {
-    if (slot.end + note.tolerance < note.onset)
+    if (isBefore(slot.end, note.onset, note.tolerance))
         _gaps.fill(slot, note.onset, note.node, &note.rhythm);
     auto beat = std::make_shared<Beat>(note.rhythm);
     setMarks(note, *beat);

@@ -8,13 +8,14 @@
 
 namespace zarn::io {
 
+using utils::rational;
+
 namespace {
 
 /// No bar has more notes of one tuplet.
 constexpr std::int64_t mostValues = 128;
 
-bool fillByTuplet(const RhythmValue &value, const utils::rational &gap,
-                  std::vector<RhythmValue> &rhythms)
+bool fillByTuplet(const RhythmValue &value, const rational &gap, std::vector<RhythmValue> &rhythms)
 {
     if (!value.hasPrimaryTuplet())
         return false;
@@ -27,8 +28,8 @@ bool fillByTuplet(const RhythmValue &value, const utils::rational &gap,
 
 } // namespace
 
-bool findGapRhythms(const utils::rational &gap, const RhythmValue *before,
-                    const RhythmValue *behind, std::vector<RhythmValue> &rhythms)
+bool findGapRhythms(const rational &gap, const RhythmValue *before, const RhythmValue *behind,
+                    std::vector<RhythmValue> &rhythms)
 {
     rhythms.clear();
     try {
@@ -43,16 +44,23 @@ bool findGapRhythms(const utils::rational &gap, const RhythmValue *before,
     return true;
 }
 
-void GapFiller::fill(VoiceSlot &slot, const utils::rational &end, pugi::xml_node node,
+void GapFiller::fill(VoiceSlot &slot, const rational &end, pugi::xml_node node,
                      const RhythmValue *behind)
 {
     if (!(slot.end < end))
         return;
     const auto *const before =
         slot.beats.empty() ? nullptr : &slot.beats.back().beat->rhythmValue();
-    if (!findGapRhythms(end - slot.end, before, behind, _rhythms)) {
-        _context.addProblem(
-            node, "a gap of " + inQuarters(end - slot.end) + " fits no note values and was closed");
+    rational gap;
+    try {
+        gap = end - slot.end;
+    } catch (const CoreException &) { // past what a fraction holds
+        _context.addProblem(node, "a gap that fits no note values was closed");
+        return;
+    }
+    if (!findGapRhythms(gap, before, behind, _rhythms)) {
+        _context.addProblem(node,
+                            "a gap of " + inQuarters(gap) + " fits no note values and was closed");
         return;
     }
     _context.addEmptyNodes(node, _rhythms.size());

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/io/musicxml/MeasureTimeline.h>
 
+#include <ZarnCore/ZarnException.h>
+
 #include <algorithm>
+#include <cmath>
 
 namespace zarn::io {
 
@@ -29,7 +32,11 @@ void MeasureTimeline::setDivisions(const rational &divisions)
 
 bool MeasureTimeline::isRounding(const rational &exact, const rational &written) const
 {
-    return utils::abs(exact - written) * _divisions < rational(1);
+    try {
+        return utils::abs(exact - written) * _divisions < rational(1);
+    } catch (const CoreException &) { // past what a fraction holds
+        return std::abs(exact.toDouble() - written.toDouble()) * _divisions.toDouble() < 1;
+    }
 }
 
 void MeasureTimeline::advance(const rational &exact, const rational &written)
@@ -40,9 +47,13 @@ void MeasureTimeline::advance(const rational &exact, const rational &written)
         _now.exact += exact;
         _now.written = _now.exact;
     } else {
-        _now.exact += exact;
         _now.written += written;
         _roundedLengths += exact != written;
+        try {
+            _now.exact += exact;
+        } catch (const CoreException &) { // past what a fraction holds
+            _now.exact = _now.written;
+        }
     }
     _reach.exact = std::max(_reach.exact, _now.exact);
     _reach.written = std::max(_reach.written, _now.written);
@@ -59,14 +70,21 @@ bool MeasureTimeline::jump(const rational &written)
     // Either position of a passed place may be what the exporter counted from.
     auto nearest = tolerance();
     bool found = false;
-    const auto consider = [&](const Position &place) {
-        const auto distance = std::min(utils::abs(_now.written - place.written),
-                                       utils::abs(_now.written - place.exact));
-        if (distance < nearest || (distance == nearest && !found)) {
+    const auto isNearer = [&](const rational &position) {
+        try {
+            const auto distance = utils::abs(_now.written - position);
+            if (nearest < distance || (distance == nearest && found))
+                return false;
             nearest = distance;
-            _now.exact = place.exact;
-            found = true;
+        } catch (const CoreException &) { // past what a fraction holds
+            return false;
         }
+        return found = true;
+    };
+    const auto consider = [&](const Position &place) {
+        const bool isNear = isNearer(place.written);
+        if (isNearer(place.exact) || isNear)
+            _now.exact = place.exact;
     };
     if (_roundedLengths > 0)
         std::for_each(_passed.begin(), _passed.end(), consider);

@@ -6,6 +6,7 @@
 #include <ZarnCore/io/musicxml/signs/Fermatas.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 #include <utility>
 
@@ -89,12 +90,26 @@ void PartReader::readMeasure(pugi::xml_node frame, pugi::xml_node content, Writt
         measure.groups = _facts->times.back().groups;
     }
     measure.length = _timeline.exactReach();
-    _length += _timeline.writtenReach();
+    addLength(_timeline.writtenReach());
     ++_tally->measures;
     const bool implicit = std::strcmp(frame.attribute("implicit").value(), "yes") == 0;
     const auto number = parseInteger(frame.attribute("number").value());
     const bool isCounted = std::strcmp(frame.attribute("implicit").value(), "no") == 0;
     _facts->bars.push_back({measure.length, implicit, isCounted, number, content});
+}
+
+/// Bars with divisions of their own may add up to what no fraction holds: it is rounded then.
+void PartReader::addLength(const rational &length)
+{
+    constexpr std::int64_t fine = 725'760;
+    const auto rounded = [](const rational &exact) {
+        return rational(std::llround(exact.toDouble() * fine), fine);
+    };
+    try {
+        _length += length;
+    } catch (const CoreException &) {
+        _length = rounded(_length) + rounded(length);
+    }
 }
 
 void PartReader::finishPart()

@@ -37,6 +37,7 @@ private:
     void placeNote(WrittenNote &note);
     std::optional<utils::rational> nominalLength(const WrittenRhythm &rhythm, WrittenNote &note);
     void fitLength(WrittenNote &note, const utils::rational &length);
+    void addLength(const utils::rational &length);
     void claim(pugi::xml_node forward, WrittenMeasure &measure);
     void jump(pugi::xml_node node, int sign);
 

@@ -81,7 +81,7 @@ int AttributesWriter::write(unsigned bar, MeasureCursor &cursor)
 {
     _attributes = pugi::xml_node();
     _reachesBehindNotes = false;
-    if (const auto divisions = _plan.divisionsOfBar(bar); divisions != _divisions) {
+    if (const auto divisions = _plan.divisionsOfBar(bar).count; divisions != _divisions) {
         _divisions = divisions;
         addElement(attributes(cursor), "divisions", static_cast<long long>(divisions));
     }

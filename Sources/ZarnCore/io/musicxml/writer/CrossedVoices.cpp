@@ -110,7 +110,7 @@ CrossedVoices::CrossedVoices(const PartPlan &plan, const MasterTrack &master)
     const auto &staves = plan.staves();
     const bool hasTablature = std::any_of(staves.begin(), staves.end(),
                                           [](const auto &staff) { return staff.isTablature; });
-    if (staves.size() < 2 || hasTablature || plan.divisions() == 0)
+    if (staves.size() < 2 || hasTablature || !plan.hasOneDivision())
         return;
     std::vector<StaffVoice> voices;
     for (std::size_t staff = 0; staff < staves.size(); ++staff)

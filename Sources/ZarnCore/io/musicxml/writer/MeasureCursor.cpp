@@ -2,6 +2,7 @@
 #include <ZarnCore/io/musicxml/writer/MeasureCursor.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace zarn::io {
 
@@ -23,7 +24,15 @@ std::int64_t MeasureCursor::inDivisions(const rational &time) const
         return time.numerator() * _divisions;
     if (_divisions % time.denominator() == 0)
         return time.numerator() * (_divisions / time.denominator());
-    return (time * rational(_divisions)).round();
+    // Halves go up; the numbers below may be too large for fractions.
+    const auto whole = time.floor();
+    const auto rest = time.numerator() - whole * time.denominator();
+    constexpr std::int64_t most = std::int64_t(1) << 31;
+    const auto below = time.denominator() < most
+        ? (2 * rest * _divisions + time.denominator()) / (2 * time.denominator())
+        : std::llround(rational(rest, time.denominator()).toDouble()
+                       * static_cast<double>(_divisions));
+    return whole * _divisions + below;
 }
 
 std::int64_t MeasureCursor::advance(const rational &length)

@@ -19,6 +19,9 @@ namespace {
 /// value, its dots and its tuplets tells what is meant.
 constexpr std::int64_t roundedDivisions = 725'760;
 
+/// Positions that stand at no beat are exact in these terms, or in no particular place.
+constexpr std::int64_t finestPosition = 960;
+
 } // namespace
 
 std::int64_t commonDivisions(std::int64_t divisions, const rational &length)
@@ -132,17 +135,19 @@ void PartPlan::readMaster()
         return;
     const auto &master = *model->masterTrack();
     for (const auto &bar : master.masterBars())
-        addPosition(bar->length());
+        _divisions = commonDivisions(_divisions, bar->length());
     if (_index == 0)
         for (const auto *const tempo : master.automations(Automation::Tempo))
             addPosition(exactPosition(tempo->position()));
+    for (unsigned bar = 0; bar < _reach.size() && _divisions != 0; ++bar)
+        if (areTooMany(_divisions, bar))
+            _divisions = 0;
 }
 
 /// What stands between the beats is written exactly unless it stands nowhere in particular.
 void PartPlan::addPosition(const rational &position)
 {
-    constexpr std::int64_t finest = 960;
-    if (position.denominator() <= finest)
+    if (position.denominator() <= finestPosition)
         if (const auto divisions = commonDivisions(_divisions, position); divisions != 0)
             _divisions = divisions;
 }
@@ -159,17 +164,32 @@ void PartPlan::addPercussion(const Note &note)
     _percussion.emplace(note.midi(), name.empty() ? "Key " + std::to_string(note.midi()) : name);
 }
 
-std::int64_t PartPlan::divisionsOfBar(unsigned bar) const
+/// Whether a bar is too long to be written in so many divisions.
+bool PartPlan::areTooMany(std::int64_t divisions, unsigned bar) const
+{
+    const auto model = _track.parentScoreModel();
+    const auto length = model ? model->masterTrack()->masterBars()[bar]->length() : rational();
+    return std::max(length, _reach[bar]).ceil() > MostDivisions / divisions;
+}
+
+PartPlan::Divisions PartPlan::divisionsOfBar(unsigned bar) const
 {
     if (_divisions != 0)
-        return _divisions;
+        return {_divisions, true};
     std::int64_t divisions = 1;
+    if (const auto model = _track.parentScoreModel())
+        divisions = commonDivisions(divisions, model->masterTrack()->masterBars()[bar]->length());
     for (const auto &staff : _track.staves())
         for (const auto &voice : staff->bars()[bar]->voices())
             if (voice)
                 for (const auto &beat : voice->beats())
                     divisions = commonDivisions(divisions, beat->length());
-    return divisions != 0 ? divisions : roundedDivisions;
+    if (divisions != 0 && !areTooMany(divisions, bar))
+        return {divisions, true};
+    divisions = roundedDivisions;
+    while (divisions > 1 && areTooMany(divisions, bar))
+        divisions /= 2;
+    return {divisions, false};
 }
 
 } // namespace zarn::io

@@ -24,8 +24,8 @@ struct PartStaff {
 /// (MusicXML 4.0, staff-type "alternate").
 class PartPlan {
 public:
-    /// Lengths are written exactly in so many divisions of the quarter; past that each bar has
-    /// divisions of its own.
+    /// The longest time that is written, in divisions: all programs hold it in 32 bits. A part in
+    /// which a bar would be longer has other divisions in each bar.
     static constexpr std::int64_t MostDivisions = 999'999'999;
 
     /// `index` is that of the track. `reach` gets, for each bar, how far its beats reach, where
@@ -36,9 +36,15 @@ public:
     std::string id() const;
     const std::vector<PartStaff> &staves() const noexcept { return _staves; }
 
-    /// 0 where each bar has its own; see `divisionsOfBar`.
-    std::int64_t divisions() const noexcept { return _divisions; }
-    std::int64_t divisionsOfBar(unsigned bar) const;
+    /// Whether all bars are written in the same divisions.
+    bool hasOneDivision() const noexcept { return _divisions != 0; }
+
+    /// How many divisions of the quarter a bar is written in.
+    struct Divisions {
+        std::int64_t count;
+        bool areExact; ///< or lengths have to be rounded
+    };
+    Divisions divisionsOfBar(unsigned bar) const;
 
     /// How far the notes of each bar reach.
     const std::vector<utils::rational> &reach() const noexcept { return _reach; }
@@ -69,6 +75,7 @@ private:
     void readBeat(const Beat &beat, const Staff &staff);
     void readMaster();
     void addPosition(const utils::rational &position);
+    bool areTooMany(std::int64_t divisions, unsigned bar) const;
     void addPercussion(const Note &note);
 
     const Track &_track;
@@ -77,7 +84,7 @@ private:
     bool _areKeys = false;
     bool _hasFrets = false;
     bool _hasFifthFinger = false;
-    std::int64_t _divisions = 1;
+    std::int64_t _divisions = 1; ///< 0 where each bar has its own
     std::vector<PartStaff> _staves;
     std::vector<bool> _lateVoices;
     std::vector<BarContent> _contents;

@@ -45,7 +45,10 @@ void PartWriter::writeMeasure(unsigned bar)
     const bool isShort = column.length() < column.timeSignature().barLength();
     if (bar == 0 && (master().hasAnacrusis() || isShort))
         addAttribute(measure, "implicit", master().hasAnacrusis() ? "yes" : "no");
-    _barDivisions = _plan.divisionsOfBar(bar);
+    const auto divisions = _plan.divisionsOfBar(bar);
+    if (!divisions.areExact)
+        _context.addProblem("lengths that no division has in common were rounded");
+    _barDivisions = divisions.count;
     _cursor.start(measure, _barDivisions);
     if (_track == 0 && _score.systemStarts[bar])
         addAttribute(addElement(measure, "print"), "new-system", "yes");
