@@ -71,6 +71,16 @@ TEST(MusicXmlExportRhythm, voicesAndStavesFollowEachOtherByBackups)
     EXPECT_EQ(written.all("//backup/duration"), "4 4");
 }
 
+TEST(MusicXmlExportRhythm, barsWithoutAMeasureKeepTheGroupsOfThoseBefore)
+{
+    const auto bar = [](const std::string &time) {
+        return measure(attributes("<divisions>1</divisions>" + time) + note("C", 4, 4, "whole"));
+    };
+    const std::string sum = "<time><beats>3+1</beats><beat-type>4</beat-type></time>";
+    const std::string none = "<time><senza-misura/></time>";
+    EXPECT_EQ(exportedWhole(bar(sum) + bar(none) + bar(sum), "//time/*"), "3+1 4  3+1 4");
+}
+
 TEST(MusicXmlExportRhythm, aVoiceInALaterSlotStaysThere)
 {
     SmallScore small;

@@ -84,9 +84,10 @@ void MasterBarBuilder::setTimes(MasterTrack &master)
         for (; next != stated.end() && next->first <= static_cast<int>(bar); ++next) {
             const auto &time = next->second.time;
             free = time.free;
+            if (free)
+                continue;
+            current = TimeSignature(time.beats, time.unit);
             groups = time.groups;
-            if (!free)
-                current = TimeSignature(time.beats, time.unit);
         }
         master.masterBars()[bar]->setTimeSignature(current);
         master.masterBars()[bar]->setFreeTime(free);

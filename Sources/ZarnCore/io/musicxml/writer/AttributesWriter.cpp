@@ -127,7 +127,9 @@ void AttributesWriter::writeTime(unsigned bar, MeasureCursor &cursor)
     const auto &groups = column.beamGroups();
     const bool isSum = isWrittenAsSum(groups, column);
     const bool isGroupedAnew = bar == 0 || groups != _master.masterBars()[bar - 1]->beamGroups();
-    _context.addUnheldIf(!groups.isEmpty() && !isSum && isGroupedAnew, "grouping of beams");
+    // Bars without a measure keep the meter and the groups of those before.
+    const bool isPlain = groups.isEmpty() && !(column.isFreeTime() && bar > 0);
+    _context.addUnheldIf(isGroupedAnew && !isSum && !isPlain, "grouping of beams");
     const std::string beats = isSum ? groups.toString() : std::to_string(time.getNumerator());
     const bool isSame = time == _time && column.isFreeTime() == _isFree && beats == _beats;
     if (bar > 0 && isSame)
@@ -136,10 +138,11 @@ void AttributesWriter::writeTime(unsigned bar, MeasureCursor &cursor)
         auto node = addElement(attributes(cursor), "time");
         addElement(node, "beats", beats);
         addElement(node, "beat-type", static_cast<int>(time.getDenominator()));
-    } else if (!_isFree || bar == 0) {
+    } else {
         _context.addUnheldIf(!(time == (bar == 0 ? TimeSignature() : _time)),
                              "meter of bars without a measure");
-        addElement(addElement(attributes(cursor), "time"), "senza-misura");
+        if (!_isFree || bar == 0)
+            addElement(addElement(attributes(cursor), "time"), "senza-misura");
     }
     _time = time;
     _beats = beats;

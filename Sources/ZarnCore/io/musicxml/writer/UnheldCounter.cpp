@@ -91,6 +91,10 @@ void countNotation(const PartStaff &shown, const Track &plain, ExportContext &co
                             && plain.staves().front()->isFretted(),
                         "stringed instrument without strings");
     context.addUnheldIf(!staff.isFretted() && staff.capoFret() != 0, "capo without strings");
+    context.addUnheldIf(staff.isFretted() && !plain.staves().empty()
+                            && !plain.staves().front()->isFretted()
+                            && InstrumentSet::isUnpitched(plain.type()),
+                        "strings of a percussion instrument");
     if (!shown.isTablature || shown.isAlternate)
         return;
     const auto &strings = staff.tuning();
