@@ -7,6 +7,7 @@
 #include "document/Signatures.h"
 
 #include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
+#include <ZarnCore/model/ZarnMasterBarAttribute.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/attributes/ZarnBeamGroups.h>
 #include <ZarnCore/model/attributes/ZarnFermataMark.h>
@@ -96,6 +97,10 @@ Change askTime(const ActionContext &context)
                 mostBeatsOfBar)
         .choice("unit", Text::tr("Beat &unit"), beatUnitTexts(),
                 static_cast<int>(unit - units.begin()))
+        .choice("sign", Text::tr("&Written as"),
+                {Text::tr("Both numbers"), Text::tr("C"), Text::tr("C with a stroke"),
+                 Text::tr("Upper number alone"), Text::tr("Nothing")},
+                static_cast<int>(bar->meterSign()))
         .text("beams", Text::tr("Be&ams"), QString::fromStdString(bar->beamGroups().toString()),
               Text::tr("Beats joined by each beam, such as 2+2+3; empty for the usual grouping."))
         .turn("free", Text::tr("&Free time"), bar->isFreeTime());
@@ -108,14 +113,20 @@ Change askTime(const ActionContext &context)
                               units[std::min(chosen, units.size() - 1)]);
     const auto beams =
         BeamGroups::fromString(given->value(QStringLiteral("beams")).toString().toStdString());
+    const auto sign = static_cast<MeterSign>(given->value(QStringLiteral("sign")).toInt());
     const bool isFree = given->value(QStringLiteral("free")).toBool();
+    const bool hasSign = sign != bar->meterSign();
     const bool isFreeNow = bar->isFreeTime();
     const bool hasBeams = beams && *beams != bar->beamGroups();
     const auto bars = stretchOf(context, *given, [](const MasterBar &a, const MasterBar &b) {
-        return a.timeSignature() == b.timeSignature() && a.isFreeTime() == b.isFreeTime();
+        return a.timeSignature() == b.timeSignature() && a.meterSign() == b.meterSign()
+            && a.isFreeTime() == b.isFreeTime();
     });
     return [=](Score &score) {
         return beams && score.setMasterTimeSignature(bars.first, bars.second, meter)
+            && (!hasSign
+                || score.setMasterBarAttribute(bars.first, bars.second,
+                                               MasterBarAttribute::MeterSign, sign))
             && (!hasBeams || score.setMasterBarBeamGroups(bars.first, bars.second, *beams))
             && (isFree == isFreeNow || score.setMasterBarFreeTime(bars.first, bars.second, isFree));
     };

@@ -981,6 +981,26 @@
         <source>sfz</source>
         <translation>sfz</translation>
     </message>
+    <message>
+        <source>Common</source>
+        <translation>C (Viervierteltakt)</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>C mit Strich (alla breve)</translation>
+    </message>
+    <message>
+        <source>Meter sign</source>
+        <translation>Taktzeichen</translation>
+    </message>
+    <message>
+        <source>Numbers</source>
+        <translation>Zahlen</translation>
+    </message>
+    <message>
+        <source>Upper number</source>
+        <translation>Obere Zahl</translation>
+    </message>
 </context>
 <context>
     <name>BarActions</name>
@@ -2319,6 +2339,30 @@
     <message>
         <source>&amp;Longer by, in percent</source>
         <translation>&amp;Länger um, in Prozent</translation>
+    </message>
+    <message>
+        <source>&amp;Written as</source>
+        <translation>&amp;Geschrieben als</translation>
+    </message>
+    <message>
+        <source>Both numbers</source>
+        <translation>Beide Zahlen</translation>
+    </message>
+    <message>
+        <source>C</source>
+        <translation>C</translation>
+    </message>
+    <message>
+        <source>C with a stroke</source>
+        <translation>C mit Strich</translation>
+    </message>
+    <message>
+        <source>Upper number alone</source>
+        <translation>Nur die obere Zahl</translation>
+    </message>
+    <message>
+        <source>Nothing</source>
+        <translation>Nichts</translation>
     </message>
     <message>
         <source>No number, words alone</source>

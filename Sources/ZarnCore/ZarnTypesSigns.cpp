@@ -45,6 +45,16 @@ constexpr auto barLineTexts = enumTable<BarLine>(KeyMatch::UpperCase,
                                                  });
 static_assert(barLineTexts.isConsistent());
 
+constexpr auto meterSignTexts = enumTable<MeterSign>(KeyMatch::UpperCase,
+                                                     {
+                                                         {MeterSign::Numbers, "Numbers"},
+                                                         {MeterSign::Common, "Common"},
+                                                         {MeterSign::Cut, "Cut"},
+                                                         {MeterSign::UpperNumber, "UpperNumber"},
+                                                         {MeterSign::Hidden, "Hidden"},
+                                                     });
+static_assert(meterSignTexts.isConsistent());
+
 constexpr auto beamModeTexts = enumTable<BeamMode>(KeyMatch::UpperCase,
                                                    {
                                                        {BeamMode::Auto, "Auto"},
@@ -109,6 +119,16 @@ std::string barLineToString(BarLine value)
 BarLine barLineFromString(const std::string &text)
 {
     return barLineTexts.valueOrFirst(text);
+}
+
+std::string meterSignToString(MeterSign value)
+{
+    return std::string(meterSignTexts.textOrFirst(value));
+}
+
+MeterSign meterSignFromString(const std::string &text)
+{
+    return meterSignTexts.valueOrFirst(text);
 }
 
 std::string beamModeToString(BeamMode value)

@@ -41,6 +41,16 @@ enum class BarLine : std::uint8_t {
     None,
 };
 
+/// How a meter is written: with both numbers, as C, as C with a stroke, with the upper number
+/// alone, or not at all.
+enum class MeterSign : std::uint8_t {
+    Numbers,
+    Common,
+    Cut,
+    UpperNumber,
+    Hidden,
+};
+
 /// Whether a beam leads from a beat to the next one.
 enum class BeamMode : std::uint8_t {
     Auto,
@@ -79,6 +89,9 @@ ZARNCORE_EXPORT AccidentalDisplay accidentalDisplayFromString(const std::string 
 
 ZARNCORE_EXPORT std::string barLineToString(BarLine value);
 ZARNCORE_EXPORT BarLine barLineFromString(const std::string &text);
+
+ZARNCORE_EXPORT std::string meterSignToString(MeterSign value);
+ZARNCORE_EXPORT MeterSign meterSignFromString(const std::string &text);
 
 ZARNCORE_EXPORT std::string beamModeToString(BeamMode value);
 ZARNCORE_EXPORT BeamMode beamModeFromString(const std::string &text);

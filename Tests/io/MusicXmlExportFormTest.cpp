@@ -184,6 +184,25 @@ TEST(MusicXmlExportForm, temposOfWordsAloneHaveNoNumber)
     EXPECT_EQ(unit({}), TempoUnit::Half) << "of two directions at one place";
 }
 
+TEST(MusicXmlExportForm, metersKeepTheirSigns)
+{
+    const auto time = [](const char *attribute, const char *beats, const char *unit) {
+        return measure(attributes("<divisions>1</divisions><time" + std::string(attribute)
+                                  + "><beats>" + beats + "</beats><beat-type>" + unit
+                                  + "</beat-type></time>")
+                       + note("C", 5, 4, "whole"));
+    };
+    const std::string same = measure(note("C", 5, 4, "whole"));
+    const Exported written(time(" symbol=\"common\"", "4", "4") + same + time("", "4", "4")
+                           + time(" symbol=\"cut\"", "2", "2")
+                           + time(" symbol=\"single-number\"", "4", "4")
+                           + time(" print-object=\"no\"", "8", "8") + same);
+    EXPECT_EQ(written.count("//time"), 5U);
+    EXPECT_EQ(written.all("//time/@symbol"), "common cut single-number");
+    EXPECT_EQ(written.all("//time[@print-object='no']/beats"), "8");
+    EXPECT_EQ(written.text(), exported(*readFrom(written.text())));
+}
+
 TEST(MusicXmlExportForm, wordsOfATempoThatChangesNothingStay)
 {
     const std::string again = "<direction><direction-type><words>a tempo</words></direction-type>"

@@ -57,16 +57,53 @@ TEST(DrawnMusicXmlTest, voicesOfOneSideShareAStem)
     EXPECT_LT(other.at(0), other.at(1)) << "of another length";
 }
 
-/// Words of a tempo bring no number along.
-TEST(DrawnMusicXmlTest, wordsOfATempoStandAlone)
+/// A sign is drawn where it or the meter is new; words of a tempo bring no number along.
+TEST(DrawnMusicXmlTest, metersAndTemposLookAsTheyAreWritten)
 {
-    const auto model = read(measure(attributes(fourQuarters)
-                                    + "<direction><direction-type><words>Allegro</words>"
-                                      "</direction-type><sound tempo=\"120\"/></direction>"
-                                    + note("C", 5, 4, "whole")));
-    const auto tempos = LaidOut(*model).of(MarkKind::Tempo);
+    const auto time = [](const char *attribute, const char *number) {
+        return attributes("<divisions>1</divisions><time" + std::string(attribute) + "><beats>"
+                          + number + "</beats><beat-type>" + number + "</beat-type></time>");
+    };
+    const std::string whole = note("C", 5, 4, "whole");
+    const std::string allegro = "<direction><direction-type><words>Allegro</words>"
+                                "</direction-type><sound tempo=\"120\"/></direction>";
+    const auto model =
+        read(measure(time(" symbol=\"common\"", "4") + allegro + whole) + measure(whole)
+             + measure(time(" symbol=\"cut\"", "2") + whole) + measure(time("", "2") + whole)
+             + measure(time(" print-object=\"no\"", "4") + whole) + measure(whole));
+    const LaidOut laid(*model);
+    std::vector<std::string> glyphs;
+    for (const auto &mark : laid.of(MarkKind::TimeSignature))
+        glyphs.push_back(mark.glyph);
+    EXPECT_EQ(
+        glyphs,
+        (std::vector<std::string>{"timeSigCommon", "timeSigCutCommon", "timeSig2", "timeSig2"}));
+    const auto tempos = laid.of(MarkKind::Tempo);
     ASSERT_EQ(tempos.size(), 1U);
     EXPECT_EQ(tempos[0].text, "Allegro");
+}
+
+/// What is hidden takes its time and leaves no ink: neither a note nor its stem, dot or accidental,
+/// and its voice does not turn the stems of others.
+TEST(DrawnMusicXmlTest, hiddenNotesAreNotDrawn)
+{
+    const auto model = read(measure(
+        attributes(fourQuarters)
+        + "<note><pitch><step>A</step><octave>4</octave></pitch><duration>3</duration>"
+          "<voice>1</voice><type>half</type><dot/></note>"
+        + note("C", 5, 1, "quarter") + backup(4)
+        + "<note print-object=\"no\"><pitch><step>F</step><alter>1</alter><octave>4</octave>"
+          "</pitch><duration>3</duration><voice>2</voice><type>half</type><dot/></note>"
+          "<note><pitch><step>E</step><octave>4</octave></pitch><duration>1</duration>"
+          "<voice>2</voice><type>quarter</type></note>"
+          "<note print-object=\"no\"><chord/><pitch><step>C</step><alter>1</alter><octave>4"
+          "</octave></pitch><duration>1</duration><voice>2</voice><type>quarter</type></note>"));
+    const LaidOut laid(*model);
+    EXPECT_EQ(laid.of(MarkKind::NoteHead).size(), 3U);
+    EXPECT_EQ(laid.of(MarkKind::Stem).size(), 3U);
+    EXPECT_EQ(laid.of(MarkKind::AugmentationDot).size(), 1U);
+    EXPECT_TRUE(laid.of(MarkKind::Accidental).empty());
+    EXPECT_TRUE(laid.of(MarkKind::LedgerLine).empty());
 }
 
 /// Strings that are bowed have a circle over a head; guitars have diamonds and letters.

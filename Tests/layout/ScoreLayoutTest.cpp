@@ -44,11 +44,13 @@ std::map<Place, int> notesOf(const ScoreModel &model, bool isTab)
                             for (unsigned i = 0; i < beat->noteCount()
                                  && (isTab || !beat->marks().isSlashed() || beat->noteCount() == 1);
                                  ++i)
-                                notes[{static_cast<int>(track->index()),
-                                       static_cast<int>(bar->index()),
-                                       static_cast<int>(staff->index()),
-                                       static_cast<int>(voice->index()),
-                                       static_cast<int>(beat->index()), static_cast<int>(i)}] = 1;
+                                if (!beat->notes()[i]->isHidden())
+                                    notes[{static_cast<int>(track->index()),
+                                           static_cast<int>(bar->index()),
+                                           static_cast<int>(staff->index()),
+                                           static_cast<int>(voice->index()),
+                                           static_cast<int>(beat->index()), static_cast<int>(i)}] =
+                                        1;
         }
     return notes;
 }

@@ -205,8 +205,9 @@ void EventMirror::hear(const evt::AnacrusisChanged &event)
 
 void EventMirror::hear(const evt::MasterBarTimeSignature &event)
 {
-    readMasterBars(event.firstBar(), event.lastBar(), &MasterBar::timeSignature,
-                   &MasterBar::setTimeSignature);
+    for (const MasterBarAttributeRow &row : masterBarAttributes())
+        if (row.event == evt::MasterBarTimeSignature::TypeNumber)
+            readMasterBars(event.firstBar(), event.lastBar(), row.get, row.set);
 }
 
 void EventMirror::hear(const evt::MasterBarKeySignature &event)

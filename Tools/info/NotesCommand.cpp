@@ -37,9 +37,9 @@ Subcommand notesCommand()
             "counted from 0, string 0 being the lowest; onset (from the start of the bar) and\n"
             "length are exact fractions of a quarter. midi is the key as written, sounding the\n"
             "key that is heard; percussion has only the latter. - means that there is none.\n"
-            "Flags: g grace note, c one more note of a chord, t tied to the note before.\n"
-            "finger is the one of the left hand, 1 to 4, T the thumb, 0 an open string; pluck\n"
-            "the one of the right hand, p i m a c."),
+            "Flags: g grace note, c one more note of a chord, t tied to the note before,\n"
+            "h hidden. finger is the one of the left hand, 1 to 4, T the thumb, 0 an open\n"
+            "string; pluck the one of the right hand, p i m a c."),
         {},
         runNotes,
     };

@@ -70,8 +70,9 @@ bool SetMasterBarsByTable::prepare(Score *score, unsigned first, unsigned last, 
     const auto isKept = [this](Id id) {
         return std::find(_kept.begin(), _kept.end(), id) != _kept.end();
     };
-    if (isKept(Id::TimeSignature) && !isKept(Id::BeamGroups))
-        _kept.push_back(Id::BeamGroups);
+    for (const Id id : {Id::BeamGroups, Id::MeterSign})
+        if (isKept(Id::TimeSignature) && !isKept(id))
+            _kept.push_back(id); // which go with another meter
     return !_values.empty() && first <= last && expectPlace([this] { return fit(bars()); });
 }
 

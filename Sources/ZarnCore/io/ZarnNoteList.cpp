@@ -25,6 +25,7 @@ void describe(const Note &note, const Track &track, const KeySignature &key, Lis
     listed.string = note.string();
     listed.fret = note.fret();
     listed.isTied = note.isTied();
+    listed.isHidden = note.isHidden();
     listed.leftFinger = note.leftFingering();
     listed.rightFinger = note.rightFingering();
     if (note.midi() == Note::Unset)
@@ -115,6 +116,7 @@ std::string ListedNote::toString() const
     line += isGrace ? "g" : "";
     line += isFurtherOfChord ? "c" : "";
     line += isTied ? "t" : "";
+    line += isHidden ? "h" : "";
     add(fingerText(leftFinger, "-T12340"));
     add(fingerText(rightFinger, "-pimac0"));
     return line;

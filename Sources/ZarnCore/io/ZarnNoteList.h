@@ -31,13 +31,14 @@ struct ZARNCORE_EXPORT ListedNote {
     bool isGrace = false;
     bool isFurtherOfChord = false;
     bool isTied = false; ///< to the one before
+    bool isHidden = false;
     Fingering leftFinger = Fingering::None;
     Fingering rightFinger = Fingering::None;
 
     /// Values with tabs between them, in the order of `noteListHeading`; "-" for what is not
-    /// there. The flags are letters: g grace, c further note of a chord, t tied. Fingers are those
-    /// of the left hand, 1 to 4, T for the thumb and 0 for an open string, and of the right hand, p
-    /// i m a c.
+    /// there. The flags are letters: g grace, c further note of a chord, t tied, h hidden. Fingers
+    /// are those of the left hand, 1 to 4, T for the thumb and 0 for an open string, and of the
+    /// right hand, p i m a c.
     std::string toString() const;
 };
 

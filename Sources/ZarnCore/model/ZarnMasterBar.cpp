@@ -30,6 +30,8 @@ utils::rational MasterBar::length() const
 
 void MasterBar::setTimeSignature(const TimeSignature &signature)
 {
+    if (_timeSignature != signature)
+        _meterSign = MeterSign::Numbers;
     _timeSignature = signature;
     if (!beamGroups().fit(signature))
         setBeamGroups({});
@@ -80,8 +82,8 @@ bool operator==(const MasterBar &left, const MasterBar &right)
         && left._repeatCount == right._repeatCount && left._tripletFeel == right._tripletFeel
         && left._freeTime == right._freeTime && left._doubleBar == right._doubleBar
         && left._repeatStart == right._repeatStart && left._movementStart == right._movementStart
-        && left._barLine == right._barLine && left._layoutRatio == right._layoutRatio
-        && left._details == right._details;
+        && left._barLine == right._barLine && left._meterSign == right._meterSign
+        && left._layoutRatio == right._layoutRatio && left._details == right._details;
 }
 
 } // namespace zarn

@@ -60,9 +60,14 @@ public:
     /// The bar of one staff in this column; empty when there is none.
     std::shared_ptr<Bar> barOfTrack(unsigned trackIndex, unsigned staffIndex = 0) const;
 
-    /// Beam groups that do not fill a bar of a new meter are dropped.
+    /// Beam groups that do not fill a bar of another meter are dropped, and so is the sign of the
+    /// one before.
     const TimeSignature &timeSignature() const noexcept { return _timeSignature; }
     void setTimeSignature(const TimeSignature &signature);
+
+    /// How the meter is written where it or its sign is another than in the bar before.
+    MeterSign meterSign() const noexcept { return _meterSign; }
+    void setMeterSign(MeterSign sign) noexcept { _meterSign = sign; }
 
     /// Key at concert pitch.
     const KeySignature &concertKeySignature() const noexcept { return _keySignature; }
@@ -164,6 +169,7 @@ private:
     bool _repeatStart = false;
     bool _movementStart = false;
     BarLine _barLine = BarLine::Auto;
+    MeterSign _meterSign = MeterSign::Numbers;
     float _layoutRatio = 1;
     OnDemand<Details> _details;
 };

@@ -111,6 +111,9 @@ constexpr std::array<Row, MasterBarAttributeCount> rows = {{
     row<&MasterBar::barLine, &MasterBar::setBarLine>(Id::BarLine, "BarLine", "barLine",
                                                      enumerators<barLineToString, 6>(),
                                                      attributeChanged, Split::Last),
+    row<&MasterBar::meterSign, &MasterBar::setMeterSign>(Id::MeterSign, "MeterSign", "meterSign",
+                                                         enumerators<meterSignToString, 4>(),
+                                                         timeSignatureChanged, Split::All),
     row<&MasterBar::layoutRatio, &MasterBar::setLayoutRatio>(
         Id::LayoutRatio, "LayoutRatio", "layoutRatio",
         reals(static_cast<double>(lowestLayoutRatio), static_cast<double>(highestLayoutRatio)),

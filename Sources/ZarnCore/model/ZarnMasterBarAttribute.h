@@ -25,11 +25,12 @@ enum class MasterBarAttribute : std::uint8_t {
     BeamGroups, ///< `BeamGroups`
     Fermatas,   ///< `FermataMarks`
     BarLine,
+    MeterSign,
     LayoutRatio,
     Anacrusis, ///< of the first bar alone: the master track's
 };
 
-constexpr unsigned MasterBarAttributeCount = 16;
+constexpr unsigned MasterBarAttributeCount = 17;
 
 struct MasterBarAttributeRow : Attribute<MasterBar, MasterBarAttribute> {
     /// Whether the order of playing depends on it.

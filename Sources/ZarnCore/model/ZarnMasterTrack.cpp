@@ -97,6 +97,7 @@ void MasterTrack::insertEmptyMasterBars(unsigned index, unsigned count)
         const unsigned at = std::min(index, masterBarCount());
         const MasterBar &near = *masterBars()[at == 0 ? 0 : at - 1];
         model.setTimeSignature(near.timeSignature());
+        model.setMeterSign(near.meterSign());
         model.setConcertKeySignature(near.concertKeySignature());
         model.setTripletFeel(near.tripletFeel());
     }

@@ -156,6 +156,8 @@ constexpr std::array<Row, NoteAttributeCount> rows = {{
     where(isAlive,
           fretted(row<&Note::bend, &Note::setBend>(Id::Bend, "Bend", "bend", anyOf<Bend>(),
                                                    Split::Cut))),
+    row<&Note::isHidden, &Note::setHidden>(Id::Hidden, "Hidden", "hidden", anyOf<bool>(),
+                                           Split::All),
 }};
 static_assert(areInOrder(rows));
 

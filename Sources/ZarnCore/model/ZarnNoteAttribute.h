@@ -37,9 +37,10 @@ enum class NoteAttribute : std::uint8_t {
     ShowString,
     AccidentalDisplay,
     Bend, ///< `Bend`
+    Hidden,
 };
 
-constexpr unsigned NoteAttributeCount = 22;
+constexpr unsigned NoteAttributeCount = 23;
 
 using NoteAttributeSet = AttributeSet<NoteAttribute>;
 

@@ -40,6 +40,7 @@ class NoteMarkAccessors {
     using RightFingerBits = PackedField<Fingering, LeftFingerBits::end, 3, 6>;
     using ShowStringBits = PackedFlag<RightFingerBits::end>;
     using AccidentalBits = PackedField<AccidentalDisplay, ShowStringBits::end, 3, 4>;
+    using HiddenBits = PackedFlag<AccidentalBits::end>;
 
 public:
     /// True when the note sounds on from the note before it in its voice.
@@ -135,6 +136,11 @@ public:
 
     AccidentalDisplay accidentalDisplay() const noexcept { return get<AccidentalBits>(); }
     void setAccidentalDisplay(AccidentalDisplay display) { set<AccidentalBits>(display); }
+
+    /// Sounds, and is not there to be seen. A beat of which all notes are hidden looks like a place
+    /// holder.
+    bool isHidden() const noexcept { return get<HiddenBits>(); }
+    void setHidden(bool hidden) { set<HiddenBits>(hidden); }
 
 protected:
     NoteMarkAccessors() = default;

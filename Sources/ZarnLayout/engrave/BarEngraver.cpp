@@ -123,6 +123,8 @@ void BarEngraver::addHeads(Chord &chord)
         for (unsigned i = 0; i < beat.noteCount; ++i) {
             const auto number = static_cast<std::uint16_t>(beat.firstNote + i);
             const NoteSource &note = _source->notes[number];
+            if (note.marks.isHidden())
+                continue;
             Head head;
             head.note = number;
             if (_row.notation == Notation::Tablature) {

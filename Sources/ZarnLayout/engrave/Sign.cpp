@@ -48,7 +48,7 @@ constexpr std::array<const char *, signCount> names = {
     "quindicesimaAlta", "quindicesimaBassaMb", "brace", "bracketTop", "bracketBottom",
     "octaveParensLeft", "octaveParensRight", "fretboardFilledCircle", "fretboardX", "fretboardO",
     "restDoubleWholeLegerLine", "restWholeLegerLine", "restHalfLegerLine",
-    "stringsHarmonic",
+    "timeSigCommon", "timeSigCutCommon", "stringsHarmonic",
 };
 // clang-format on
 

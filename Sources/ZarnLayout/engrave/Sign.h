@@ -43,7 +43,7 @@ enum class Sign : std::uint8_t {
     QuindicesimaAlta, QuindicesimaBassaMb, Brace, BracketTop, BracketBottom,
     OctaveParensLeft, OctaveParensRight, FretboardFilledCircle, FretboardX, FretboardO,
     RestDoubleWholeLegerLine, RestWholeLegerLine, RestHalfLegerLine,
-    StringsHarmonic,
+    TimeSigCommon, TimeSigCutCommon, StringsHarmonic,
 };
 // clang-format on
 

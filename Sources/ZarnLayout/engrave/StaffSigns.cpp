@@ -87,16 +87,25 @@ Inks StaffSigns::key(const Row &row, ClefType clef, int key, int before) const
     return inks;
 }
 
-Inks StaffSigns::meter(const Row &row, const TimeSignature &meter) const
+Inks StaffSigns::meter(const Row &row, const TimeSignature &meter, MeterSign sign) const
 {
-    if (row.notation == Notation::Tablature && !row.hasRhythm)
+    if (sign == MeterSign::Hidden || (row.notation == Notation::Tablature && !row.hasRhythm))
         return {};
+    const double centre = row.height() / 2;
+    if (sign == MeterSign::Common || sign == MeterSign::Cut) {
+        const Sign glyph = sign == MeterSign::Common ? Sign::TimeSigCommon : Sign::TimeSigCutCommon;
+        Inks inks = {_pen.glyph(MarkKind::TimeSignature, glyph, 0, centre)};
+        move(inks, -boxOf(inks).left, 0);
+        return inks;
+    }
     const auto upper = digitsOf(meter.getNumerator(), Sign::TimeSig0);
     const auto lower = digitsOf(meter.getDenominator(), Sign::TimeSig0);
-    const double middle = row.height() / 2;
-    Inks inks = _pen.glyphs(MarkKind::TimeSignature, upper, 0, middle - 1);
-    Inks below = _pen.glyphs(MarkKind::TimeSignature, lower, 0, middle + 1);
-    inks.insert(inks.end(), below.begin(), below.end());
+    const bool isAlone = sign == MeterSign::UpperNumber;
+    Inks inks = _pen.glyphs(MarkKind::TimeSignature, upper, 0, isAlone ? centre : centre - 1);
+    if (!isAlone) {
+        Inks below = _pen.glyphs(MarkKind::TimeSignature, lower, 0, centre + 1);
+        inks.insert(inks.end(), below.begin(), below.end());
+    }
     move(inks, -boxOf(inks).left, 0);
     return inks;
 }

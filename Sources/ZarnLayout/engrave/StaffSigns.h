@@ -18,7 +18,7 @@ public:
     /// The accidentals of a key; naturals where one without accidentals follows on another.
     Inks key(const Row &row, ClefType clef, int key, int before) const;
 
-    Inks meter(const Row &row, const TimeSignature &meter) const;
+    Inks meter(const Row &row, const TimeSignature &meter, MeterSign sign) const;
 
 private:
     const Pen &_pen;

@@ -106,7 +106,7 @@ Joint jointBefore(const EngravedScore &score, unsigned shownBar, JointPlace plac
             joint.keys[i] = signs.key(row, bar.clef, bar.key, bar.keyBefore);
         hasKey = hasKey || !joint.keys[i].empty();
         if (hasMeter)
-            joint.meters[i] = signs.meter(row, next->meter);
+            joint.meters[i] = signs.meter(row, next->meter, next->meterSign);
     }
 
     LineStyle atEnd = before ? styleAtEnd(*before) : LineStyle::None;

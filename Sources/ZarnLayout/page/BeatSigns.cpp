@@ -369,6 +369,8 @@ void addBeatSigns(RowDraft &row, const SystemDraft &draft)
             bool isDone = false;
             for (unsigned i = 0; i < chord.beat().noteCount && !(isDone && !sign.isEach); ++i) {
                 const NoteSource &note = chord.source->notes[chord.beat().firstNote + i];
+                if (note.marks.isHidden())
+                    continue;
                 Inks inks = sign.make(pen, note, chord.headCentre(), row);
                 isDone = isDone || !inks.empty();
                 addItem(row, chord, sign.side, std::move(inks), static_cast<int>(i));

@@ -97,6 +97,8 @@ void setAccidentals(BarSource &bar, const std::vector<bool> &respelled)
         const BeatSource &beat = *reads[number].beat;
         for (unsigned i = 0; i < beat.noteCount; ++i) {
             NoteSource &note = bar.notes[beat.firstNote + i];
+            if (note.marks.isHidden())
+                continue;
             const bool isTied = note.marks.isTied() && !respelled[beat.firstNote + i];
             const bool isTiedOver = isTied && beat.index == 0 && beat.onset.isZero();
             note.accidental =

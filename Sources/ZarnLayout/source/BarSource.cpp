@@ -71,9 +71,9 @@ bool operator==(const BarSource &a, const BarSource &b)
 
 bool operator==(const ColumnSource &a, const ColumnSource &b)
 {
-    return a.length == b.length && a.meter == b.meter && a.showsMeter == b.showsMeter
-        && a.repeatStart == b.repeatStart && a.repeatCount == b.repeatCount
-        && a.doubleBar == b.doubleBar && a.freeTime == b.freeTime
+    return a.length == b.length && a.meter == b.meter && a.meterSign == b.meterSign
+        && a.showsMeter == b.showsMeter && a.repeatStart == b.repeatStart
+        && a.repeatCount == b.repeatCount && a.doubleBar == b.doubleBar && a.freeTime == b.freeTime
         && a.startsFreeTime == b.startsFreeTime && a.barLine == b.barLine && a.endings == b.endings
         && a.movementStart == b.movementStart && a.section == b.section && a.fermatas == b.fermatas
         && a.directions == b.directions && a.newFeel == b.newFeel && a.layoutRatio == b.layoutRatio

@@ -135,6 +135,7 @@ std::string endingText(std::uint32_t passes);
 struct ColumnSource {
     utils::rational length = 4;
     TimeSignature meter;
+    MeterSign meterSign = MeterSign::Numbers;
     bool showsMeter = false;
     bool repeatStart = false;
     unsigned repeatCount = 0; ///< 0 for no end of a repeat

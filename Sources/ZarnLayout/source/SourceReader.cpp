@@ -69,14 +69,19 @@ private:
         copy.rhythm = beat.rhythmValue();
         copy.isRest = beat.isRest();
         copy.isWholeBarRest = beat.isWholeBarRest();
-        copy.isPlaceHolder = beat.isPlaceHolder();
+        const bool isHidden = beat.hasNotes()
+            && std::all_of(beat.notes().begin(), beat.notes().end(),
+                           [](const auto &note) { return note->isHidden(); });
+        copy.isPlaceHolder = beat.isPlaceHolder() || isHidden;
         copy.firstNote = static_cast<std::uint16_t>(_source.notes.size());
-        copy.noteCount = static_cast<std::uint16_t>(beat.noteCount());
+        copy.noteCount = static_cast<std::uint16_t>(isHidden ? 0 : beat.noteCount());
         if (beat.hasDetails())
             copy.details = std::make_shared<const BeatDetails>(beat.details());
         const Ottavia ottavia =
             copy.marks.ottavia() != Ottavia::None ? copy.marks.ottavia() : _bar.ottavia();
         const ClefType clef = _bar.clefChanges().empty() ? _bar.clef() : _bar.clefAt(onset);
+        if (isHidden)
+            return copy;
         for (const auto &note : beat.notes())
             _source.notes.push_back(readNote(*note, clef, ottavia));
         return copy;
@@ -224,7 +229,10 @@ std::vector<ColumnSource> readColumns(const ScoreModel &model, unsigned first, u
         ColumnSource &column = columns[i - first];
         column.length = bar.length();
         column.meter = bar.timeSignature();
-        column.showsMeter = !before || before->timeSignature() != bar.timeSignature();
+        column.meterSign = bar.meterSign();
+        column.showsMeter = bar.meterSign() != MeterSign::Hidden
+            && (!before || before->timeSignature() != bar.timeSignature()
+                || before->meterSign() != bar.meterSign());
         column.repeatStart = bar.isRepeatStart();
         column.repeatCount = bar.repeatCount();
         column.doubleBar = bar.hasDoubleBar();

@@ -123,6 +123,7 @@ std::vector<CommandRow> formRows()
                   {MasterBarAttribute::BeamGroups, BeamGroups({2, 3})},
                   {MasterBarAttribute::Section, Section{"A", ""}},
                   {MasterBarAttribute::BarLine, BarLine::Dashed},
+                  {MasterBarAttribute::MeterSign, MeterSign::UpperNumber},
                   {MasterBarAttribute::LayoutRatio, 2.0}});
          },
          "MasterBarTimeSignature(0,3) MasterBarAttribute(0,3) MasterBarRepeat(0,3) "

@@ -191,7 +191,9 @@ NoteWords wordsOf(const Note &note, const Track &track, int stringNumber)
         words.before += "\\deadNote ";
     if (const std::string style = headStyle(note.noteHead()); !style.empty() && !note.isDead())
         words.before += "\\tweak NoteHead.style #'" + style + ' ';
-    if (note.noteHead() == NoteHead::None)
+    if (note.isHidden())
+        words.before += "\\single \\hideNotes ";
+    else if (note.noteHead() == NoteHead::None)
         words.before += "\\tweak NoteHead.transparent ##t ";
     words.after = leftFinger(note.leftFingering(), track);
     if (note.rightFingering() != Fingering::None && note.rightFingering() != Fingering::Open)

@@ -121,6 +121,7 @@ private:
             command(index, repeatCommand(commands));
     }
     void writeMeter(unsigned index);
+    void writeMeterSign(unsigned index, bool isNewMeter);
     void writeMarks(unsigned index);
     void writeEnd(unsigned index);
     void writeTempo(const TempoMark &tempo);
@@ -158,6 +159,30 @@ std::string beamSizes(const MasterBar &bar)
     return sizes;
 }
 
+/// LilyPond writes C for 4/4 and C with a stroke for 2/2 unless it is told to write numbers, and no
+/// meter again that holds already.
+void Writer::writeMeterSign(unsigned index, bool isNewMeter)
+{
+    const MeterSign sign = bar(index).meterSign();
+    if (!isNewMeter) {
+        if (sign != bar(index - 1).meterSign() && sign != MeterSign::Hidden)
+            _report.addUnheld("sign of a meter that goes on", {-1, static_cast<int>(index)});
+        return;
+    }
+    if (sign == MeterSign::Hidden)
+        return command(index, "\\once \\omit Staff.TimeSignature");
+    const TimeSignature &meter = bar(index).timeSignature();
+    const auto own = meter == TimeSignature(4, 4) ? MeterSign::Common
+        : meter == TimeSignature(2, 2)            ? MeterSign::Cut
+                                                  : MeterSign::Numbers;
+    if (sign == MeterSign::UpperNumber)
+        return command(index, "\\once \\override Staff.TimeSignature.style = #'single-digit");
+    if (sign == MeterSign::Numbers && own != sign)
+        return command(index, "\\once \\numericTimeSignature");
+    if (sign != own)
+        _report.addUnheld("sign of a meter", {-1, static_cast<int>(index)});
+}
+
 void Writer::writeMeter(unsigned index)
 {
     const TimeSignature &meter = bar(index).timeSignature();
@@ -166,6 +191,7 @@ void Writer::writeMeter(unsigned index)
     const auto sizes = beamSizes(bar(index));
     const auto sizesBefore = isNew ? std::string() : beamSizes(bar(index - 1));
     // A meter, also when it is said again, brings its own beams back.
+    writeMeterSign(index, isNew);
     if (isNew || (sizes.empty() && !sizesBefore.empty()))
         command(index,
                 "\\time " + std::to_string(meter.getNumerator()) + '/'

@@ -26,6 +26,27 @@ std::string_view textOf(pugi::xml_node node, const char *child)
     return node.child_value(child);
 }
 
+struct MeterSymbol {
+    MeterSign sign;
+    const char *name; ///< time-symbol of MusicXML 4.0
+};
+
+constexpr MeterSymbol meterSymbols[] = {
+    {MeterSign::Common, "common"},
+    {MeterSign::Cut, "cut"},
+    {MeterSign::UpperNumber, "single-number"},
+};
+
+MeterSign meterSignOf(pugi::xml_node time)
+{
+    if (std::strcmp(time.attribute("print-object").value(), "no") == 0)
+        return MeterSign::Hidden;
+    for (const auto &symbol : meterSymbols)
+        if (std::strcmp(time.attribute("symbol").value(), symbol.name) == 0)
+            return symbol.sign;
+    return MeterSign::Numbers;
+}
+
 /// Number of the staff that an element is for, from 0; -1 when it is for all.
 int staffOf(pugi::xml_node node)
 {
@@ -72,6 +93,14 @@ BeamGroups groupsOf(const std::vector<rational> &terms, unsigned unit)
 }
 
 } // namespace
+
+const char *symbolOf(MeterSign sign) noexcept
+{
+    for (const auto &symbol : meterSymbols)
+        if (symbol.sign == sign)
+            return symbol.name;
+    return nullptr;
+}
 
 AttributesReader::AttributesReader(ImportContext &context, SourceTally &tally,
                                    StaffTranspositions &transpositions)
@@ -215,7 +244,8 @@ void AttributesReader::readTime(pugi::xml_node node, PartFacts &facts)
                                     + " alone was left out");
         return;
     }
-    facts.times.push_back({_context.bar(), beats, unit, false, node, groupsOf(terms, unit)});
+    facts.times.push_back(
+        {_context.bar(), beats, unit, false, node, groupsOf(terms, unit), meterSignOf(node)});
 }
 
 void AttributesReader::readClef(pugi::xml_node node, PartFacts &facts,

@@ -10,6 +10,9 @@ class MeasureTimeline;
 class StaffTranspositions;
 struct SourceTally;
 
+/// The symbol of a <time>; null for a meter that is written with both numbers, or not at all.
+const char *symbolOf(MeterSign sign) noexcept;
+
 /// Reads <attributes>: divisions, keys, times, clefs, staves, tunings, transpositions and
 /// signs that repeat bars.
 class AttributesReader {

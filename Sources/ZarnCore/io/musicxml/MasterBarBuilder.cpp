@@ -78,6 +78,7 @@ void MasterBarBuilder::setTimes(MasterTrack &master)
     }
     TimeSignature current;
     BeamGroups groups;
+    auto sign = MeterSign::Numbers;
     bool free = false;
     auto next = stated.begin();
     for (unsigned bar = 0; bar < master.masterBarCount(); ++bar) {
@@ -87,9 +88,11 @@ void MasterBarBuilder::setTimes(MasterTrack &master)
             if (free)
                 continue;
             current = TimeSignature(time.beats, time.unit);
+            sign = time.sign;
             groups = time.groups;
         }
         master.masterBars()[bar]->setTimeSignature(current);
+        master.masterBars()[bar]->setMeterSign(sign);
         master.masterBars()[bar]->setFreeTime(free);
         if (!groups.isEmpty())
             master.masterBars()[bar]->setBeamGroups(groups);

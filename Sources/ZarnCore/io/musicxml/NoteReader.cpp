@@ -88,6 +88,7 @@ void NoteReader::read(pugi::xml_node node, WrittenNote &note)
         if (const auto dynamics = node.attribute("dynamics"))
             readVelocity(dynamics.value(), note);
         note.hidden = isNo(node.attribute("print-object").value());
+        note.marks.setHidden(note.hidden);
     }
     for (auto child = node.first_child(); child; child = child.next_sibling()) {
         switch (const auto tag = tagOf(child.name()); tag) {

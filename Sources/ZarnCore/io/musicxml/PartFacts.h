@@ -32,6 +32,7 @@ struct WrittenTime {
     bool free; ///< senza misura
     pugi::xml_node node;
     BeamGroups groups = {}; ///< of a sum such as 3+2
+    MeterSign sign = MeterSign::Numbers;
 };
 
 struct WrittenClef {

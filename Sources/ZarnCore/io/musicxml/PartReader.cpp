@@ -117,10 +117,6 @@ void PartReader::finishPart()
     _barlines.finishPart(*_facts);
     _ties.finishPart();
     _transpositions.finishPart();
-    if (const auto hidden = _tally->notes.hidden - _tally->notes.hiddenRests; hidden > 0)
-        _context.addProblem({},
-                            counted(hidden, "note") + " that the document hides "
-                                + (hidden == 1 ? "is shown" : "are shown"));
     _tally->length = _length.toString();
     _tally->staves = static_cast<std::uint32_t>(std::max<std::size_t>(_facts->staves.size(), 1));
     std::sort(_tally->voices.begin(), _tally->voices.end());

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/io/musicxml/writer/AttributesWriter.h>
 
+#include <ZarnCore/io/musicxml/AttributesReader.h>
 #include <ZarnCore/io/musicxml/writer/ExportContext.h>
 #include <ZarnCore/io/musicxml/writer/MeasureCursor.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
@@ -131,11 +132,17 @@ void AttributesWriter::writeTime(unsigned bar, MeasureCursor &cursor)
     const bool isPlain = groups.isEmpty() && !(column.isFreeTime() && bar > 0);
     _context.addUnheldIf(isGroupedAnew && !isSum && !isPlain, "grouping of beams");
     const std::string beats = isSum ? groups.toString() : std::to_string(time.getNumerator());
-    const bool isSame = time == _time && column.isFreeTime() == _isFree && beats == _beats;
+    const auto sign = column.meterSign();
+    const bool isSame =
+        time == _time && sign == _meterSign && column.isFreeTime() == _isFree && beats == _beats;
     if (bar > 0 && isSame)
         return;
     if (!column.isFreeTime()) {
         auto node = addElement(attributes(cursor), "time");
+        if (sign == MeterSign::Hidden)
+            addAttribute(node, "print-object", "no");
+        else if (const char *const symbol = symbolOf(sign))
+            addAttribute(node, "symbol", symbol);
         addElement(node, "beats", beats);
         addElement(node, "beat-type", static_cast<int>(time.getDenominator()));
     } else {
@@ -144,7 +151,10 @@ void AttributesWriter::writeTime(unsigned bar, MeasureCursor &cursor)
         if (!_isFree || bar == 0)
             addElement(addElement(attributes(cursor), "time"), "senza-misura");
     }
+    _context.addUnheldIf(column.isFreeTime() && sign != _meterSign,
+                         "sign of the meter of bars without a measure");
     _time = time;
+    _meterSign = sign;
     _beats = beats;
     _isFree = column.isFreeTime();
 }

@@ -61,6 +61,7 @@ private:
     std::optional<int> _diatonic; ///< steps of the transposition
     TimeSignature _time;
     std::string _beats; ///< as they were written
+    MeterSign _meterSign = MeterSign::Numbers;
     bool _isFree = false;
     bool _reachesBehindNotes = false;
     std::vector<Clef> _clefs;  ///< by staff of the part

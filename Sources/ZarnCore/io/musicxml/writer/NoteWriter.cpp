@@ -140,6 +140,8 @@ void NoteWriter::write(const RhythmicBeat &beat, const VoicePlace &place, Measur
     for (const auto &note : notes) {
         const bool isFirst = note == notes.front();
         auto node = startNote(beat, cursor);
+        if (note->isHidden())
+            addAttribute(node, "print-object", "no");
         if (note->velocity() != 0)
             // In percent of a forte, which is 90 in MIDI (MusicXML 4.0, dynamics of a note).
             node.prepend_attribute("dynamics")
