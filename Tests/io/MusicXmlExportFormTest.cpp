@@ -230,4 +230,38 @@ TEST(MusicXmlExportForm, openEndingsAreWrittenAsTheyWereRead)
               "start stop start discontinue start stop start discontinue");
 }
 
+TEST(MusicXmlExportForm, theLastSystemIsOpenUnlessTheLayoutReachesTheEnd)
+{
+    const auto whole = note("C", 4, 4, "whole");
+    const auto model = readFrom(score(quarters(1, whole) + measure(whole) + measure(whole)));
+    for (const std::vector<int> &layout :
+         {std::vector<int>(), std::vector<int>{1}, std::vector<int>{1, 2}, std::vector<int>{3}}) {
+        model->setFullScoreSystemsLayout(layout);
+        const Exported written(*model);
+        EXPECT_EQ(written.count("//print[@new-system='yes']"), layout.empty() ? 0u : 1u);
+        const bool isOpen = layout.empty() || layout == std::vector<int>{1};
+        EXPECT_NE(written.has("//supports[@attribute='new-system']"), isOpen);
+        EXPECT_EQ(readFrom(written.text())->fullScoreSystemsLayout(), layout);
+    }
+}
+
+TEST(MusicXmlExportForm, theStepsOfATranspositionFollowTheKey)
+{
+    // A clarinet in B flat: written D sounds C, and written D flat, ten fifths away, B.
+    const auto bar = [](int fifths, int diatonic, const char *step, int alter) {
+        return measure(
+            attributes("<divisions>1</divisions><key><fifths>" + std::to_string(fifths)
+                       + "</fifths></key><transpose><diatonic>" + std::to_string(diatonic)
+                       + "</diatonic><chromatic>-2</chromatic></transpose>")
+            + "<note><pitch><step>" + step + "</step><alter>" + std::to_string(alter)
+            + "</alter><octave>4</octave></pitch><duration>4</duration><type>whole</type>"
+              "</note>");
+    };
+    const std::string measures = bar(2, -1, "D", 0) + bar(-5, -2, "D", -1) + bar(2, -1, "F", 1);
+    EXPECT_EQ(exportedWhole(measures, "//transpose/diatonic"), "-1 -2 -1");
+    EXPECT_EQ(exportedWhole(measures, "//fifths"), "2 -5 2");
+    const auto &bars = readFrom(score(measures))->masterTrack()->masterBars();
+    EXPECT_EQ(bars[1]->concertKeySignature().accidentalCount(), 5) << "B major";
+}
+
 } // namespace
