@@ -30,7 +30,7 @@ void MarkPlacer::place(const WrittenMeasure &measure, const std::vector<NotePlac
         else
             _context.addProblem(mark.node, "this stands in a bar without beats and was left out");
     }
-    placeOttavas(measure, staves);
+    placeOttavas(measure, notes, staves);
 }
 
 void MarkPlacer::attach(const WrittenMark &mark, Beat &beat)
@@ -62,8 +62,28 @@ void MarkPlacer::attach(const WrittenMark &mark, Beat &beat)
     }
 }
 
+/// Where an ottava sign changes: among grace notes, which take no time, the order of the document
+/// tells.
+MarkPlacer::OttaviaChange MarkPlacer::changeOf(const WrittenMark &mark,
+                                               const std::vector<NotePlace> &notes)
+{
+    OttaviaChange change = {mark.position, static_cast<Ottavia>(mark.value), Bar::MaxVoices, 0};
+    const auto follow = [&](const NotePlace &place, unsigned index) {
+        change.slot = place.slot;
+        change.index = index;
+    };
+    if (const auto *const ahead = noteAhead(notes, mark.note, mark.staff, mark.position))
+        follow(*ahead, ahead->index);
+    else if (mark.note > 0)
+        if (const auto *const behind = noteAhead(notes, mark.note - 1, mark.staff, mark.position);
+            behind && behind->beat->isGrace())
+            follow(*behind, behind->index + 1);
+    return change;
+}
+
 /// Puts the ottava signs over the beats of their staff, from where they begin to where they end.
-void MarkPlacer::placeOttavas(const WrittenMeasure &measure, std::vector<StaffSlots> &staves)
+void MarkPlacer::placeOttavas(const WrittenMeasure &measure, const std::vector<NotePlace> &notes,
+                              std::vector<StaffSlots> &staves)
 {
     _ottavias.resize(std::max(staves.size(), _ottavias.size()), Ottavia::None);
     for (std::size_t i = 0; i < staves.size(); ++i) {
@@ -71,22 +91,27 @@ void MarkPlacer::placeOttavas(const WrittenMeasure &measure, std::vector<StaffSl
         _changes.clear();
         for (const auto &mark : measure.marks)
             if (mark.kind == WrittenMark::Kind::Ottava && static_cast<std::size_t>(mark.staff) == i)
-                _changes.emplace_back(mark.position, static_cast<Ottavia>(mark.value));
+                _changes.push_back(changeOf(mark, notes));
         if (_changes.empty() && open == Ottavia::None)
             continue;
         std::stable_sort(_changes.begin(), _changes.end(),
-                         [](const auto &a, const auto &b) { return a.first < b.first; });
-        for (auto &slot : staves[i].voiceSlots) {
+                         [](const auto &a, const auto &b) { return a.position < b.position; });
+        for (unsigned slot = 0; slot < Bar::MaxVoices; ++slot) {
             auto current = open;
             auto next = _changes.begin();
-            for (auto &placed : slot.beats) {
-                for (; next != _changes.end() && !(placed.onset < next->first); ++next)
-                    current = next->second;
+            unsigned index = 0;
+            const auto isReached = [&](const PlacedBeat &placed) {
+                return next->slot == slot ? index >= next->index : !(placed.onset < next->position);
+            };
+            for (auto &placed : staves[i].voiceSlots[slot].beats) {
+                for (; next != _changes.end() && isReached(placed); ++next)
+                    current = next->ottavia;
                 placed.beat->setOttavia(current);
+                ++index;
             }
         }
         if (!_changes.empty())
-            open = _changes.back().second;
+            open = _changes.back().ottavia;
     }
 }
 

@@ -5,7 +5,6 @@
 #include <ZarnCore/io/musicxml/WrittenMusic.h>
 #include <ZarnCore/io/musicxml/signs/NotePlace.h>
 
-#include <utility>
 #include <vector>
 
 namespace zarn::io {
@@ -26,8 +25,17 @@ public:
                std::vector<StaffSlots> &staves);
 
 private:
+    struct OttaviaChange {
+        utils::rational position;
+        Ottavia ottavia;
+        unsigned slot; ///< whose beat from `index` on is the first; none where only the time tells
+        unsigned index;
+    };
+
+    static OttaviaChange changeOf(const WrittenMark &mark, const std::vector<NotePlace> &notes);
     void attach(const WrittenMark &mark, Beat &beat);
-    void placeOttavas(const WrittenMeasure &measure, std::vector<StaffSlots> &staves);
+    void placeOttavas(const WrittenMeasure &measure, const std::vector<NotePlace> &notes,
+                      std::vector<StaffSlots> &staves);
     Beat *beatFor(const WrittenMark &mark, const utils::rational &length,
                   std::vector<StaffSlots> &staves);
 
@@ -36,7 +44,7 @@ private:
 
     /// What is open at the start of the bar, by staff.
     std::vector<Ottavia> _ottavias;
-    std::vector<std::pair<utils::rational, Ottavia>> _changes;
+    std::vector<OttaviaChange> _changes; ///< of a staff
 };
 
 } // namespace zarn::io

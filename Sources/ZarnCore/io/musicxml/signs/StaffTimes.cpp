@@ -72,8 +72,10 @@ std::vector<NotePlace> StaffTimes::between(const NotePlace &begin, const NotePla
         const unsigned slot = slotOf(bar, preferred);
         if (slot == Bar::MaxVoices)
             continue;
+        // Among grace notes, which take no time, the order of the document tells.
+        const bool isEndInVoice = bar == lastBar && stop.ahead && stop.aheadSlot == slot;
         forEachBeat(*voiceOf(bar, slot), [&](Beat &beat, unsigned index, const rational &onset) {
-            if (bar == lastBar && !(onset < last))
+            if (isEndInVoice ? index >= stop.aheadIndex : bar == lastBar && !(onset < last))
                 return false;
             const bool isInside = begin.ahead ? index >= begin.aheadIndex : !(onset < first);
             if (bar > firstBar || isInside)

@@ -173,7 +173,7 @@ void PartWriter::findOttavias(std::size_t staff, unsigned bar)
             continue;
         rational onset;
         for (const auto &beat : voices[slot]->beats()) {
-            beats.push_back({onset, slot, beat->ottavia()});
+            beats.push_back({onset, slot, beat.get(), beat->ottavia()});
             onset += beat->length();
         }
     }
@@ -187,19 +187,19 @@ void PartWriter::findOttavias(std::size_t staff, unsigned bar)
             continue;
         }
         if (beat.ottavia != open)
-            _changes.push_back({beat.onset, beat.slot, beat.ottavia, open});
+            _changes.push_back({beat.onset, beat.slot, beat.beat, beat.ottavia, open});
         open = beat.ottavia;
         last = &beat;
     }
     _ottavias[staff] = open;
 }
 
-/// Those of one time in the voice that is written: documents need not have them in order.
-void PartWriter::writeOttavias(std::size_t staff, unsigned slot, const rational &onset)
+/// Those at a beat of the voice that is written: documents need not have them in order.
+void PartWriter::writeOttavias(std::size_t staff, const Beat &beat)
 {
     auto &changes = _changes;
     for (auto change = changes.begin(); change != changes.end();) {
-        if (change->slot != slot || change->onset != onset) {
+        if (change->beat != &beat) {
             ++change;
             continue;
         }
@@ -261,7 +261,7 @@ void PartWriter::writeVoice(std::size_t staff, unsigned slot, unsigned bar)
         const auto &beat = beats[index];
         _cursor.passTo(beat.onset);
         if (!place.staff->isAlternate && !_changes.empty())
-            writeOttavias(staff, slot, beat.onset);
+            writeOttavias(staff, *beat.beat);
         writeBeat(beat, place, {place.staff->staff, bar, slot, static_cast<unsigned>(index)});
     }
 }

@@ -48,7 +48,7 @@ private:
     void writeFreeTime(const std::vector<RhythmicBeat> &beats, std::size_t &index);
     void claimVoices(std::size_t staff);
     void findOttavias(std::size_t staff, unsigned bar);
-    void writeOttavias(std::size_t staff, unsigned slot, const utils::rational &onset);
+    void writeOttavias(std::size_t staff, const Beat &beat);
     VoicePlace placeOf(std::size_t staff, unsigned slot) const;
     LineSigns &signsOf(std::size_t staff, unsigned slot);
     const MasterTrack &master() const { return *_score.model->masterTrack(); }
@@ -57,6 +57,7 @@ private:
     struct OttaviaChange {
         utils::rational onset;
         unsigned slot;
+        const Beat *beat;
         Ottavia ottavia;
         Ottavia before = Ottavia::None;
     };
