@@ -40,38 +40,11 @@ bool countsAgain(const PartFacts &part, int last)
     return at(before) && at(next) && *at(next) <= 1 && *at(next) <= *at(before);
 }
 
-/// Jumps and fines of all parts, by bar.
-class Jumps {
-public:
-    explicit Jumps(const std::vector<PartFacts> &parts)
-    {
-        for (const auto &part : parts)
-            for (const auto &jump : part.jumps) {
-                if (jump.kind == Kind::Fine)
-                    _fines.insert(jump.bar);
-                else if (jump.kind == Kind::DaCapo || jump.kind == Kind::DalSegno)
-                    _jumps.insert(jump.bar);
-            }
-    }
-
-    /// Whether the bars from `first` on, up to `middle`, have a fine that only a jump of the bars
-    /// behind them, up to `end`, can lead to.
-    bool belongTogether(int first, int middle, int end) const
-    {
-        return has(_fines, first, middle) && !has(_jumps, first, middle) && has(_jumps, middle, end)
-            && !has(_fines, middle, end);
-    }
-
-private:
-    static bool has(const std::set<int> &bars, int first, int end)
-    {
-        const auto found = bars.lower_bound(first);
-        return found != bars.end() && *found < end;
-    }
-
-    std::set<int> _fines;
-    std::set<int> _jumps;
-};
+bool hasAnyOf(const std::set<int> &bars, int first, int end)
+{
+    const auto found = bars.lower_bound(first);
+    return found != bars.end() && *found < end;
+}
 
 } // namespace
 
@@ -100,13 +73,28 @@ std::vector<int> movementStarts(const std::vector<PartFacts> &parts)
             if (titled.count(last + 1) != 0 || countsAgain(part, last))
                 candidates.insert(last + 1);
     }
-    const Jumps jumps(parts);
+    FineBars bars;
+    for (const auto &part : parts)
+        for (const auto &jump : part.jumps) {
+            if (jump.kind == Kind::Fine)
+                bars.fines.insert(jump.bar);
+            else if (jump.kind == Kind::DaCapo || jump.kind == Kind::DalSegno)
+                bars.jumps.insert(jump.bar);
+        }
+    return bars.movementsAmong(candidates, static_cast<int>(barCount));
+}
+
+std::vector<int> FineBars::movementsAmong(const std::set<int> &candidates, int barCount) const
+{
     std::vector<int> starts;
     for (auto start = candidates.begin(); start != candidates.end(); ++start) {
         const auto next = std::next(start);
         const int before = starts.empty() ? 0 : starts.back();
-        const int end = next == candidates.end() ? static_cast<int>(barCount) : *next;
-        if (!jumps.belongTogether(before, *start, end))
+        const int end = next == candidates.end() ? barCount : *next;
+        const bool belongTogether = hasAnyOf(fines, before, *start)
+            && !hasAnyOf(jumps, before, *start) && hasAnyOf(jumps, *start, end)
+            && !hasAnyOf(fines, *start, end);
+        if (!belongTogether)
             starts.push_back(*start);
     }
     return starts;

@@ -208,6 +208,9 @@ void NoteWriter::writeUnpitched(const Note &note, const Beat &beat, const PartSt
     _isPitched = false;
     const auto look = lookOfKey(note, *_bar);
     const int line = look ? look->line : staffLineOf(note, beat, *_bar).value_or(middleLine);
+    _context.addUnheldIf(!look && note.staffLine() == Note::NoStaffLine
+                             && note.percussionArticulation() == Note::Unset,
+                         "drum that stands where its pitch does");
     _usualHead = look ? look->head : NoteHead::Normal;
     const ClefType clef = staff.isTablature ? ClefType::G2 : clefOver(beat, *_bar);
     // MusicXML counts octaves from C of MIDI key 12.

@@ -2,6 +2,7 @@
 #include <ZarnCore/io/musicxml/writer/UnheldCounter.h>
 
 #include <ZarnCore/instruments/effects/ZarnMastering.h>
+#include <ZarnCore/io/musicxml/Movements.h>
 #include <ZarnCore/io/musicxml/TrackBuilder.h>
 #include <ZarnCore/io/musicxml/writer/ExportContext.h>
 #include <ZarnCore/io/musicxml/writer/PartPlan.h>
@@ -10,6 +11,7 @@
 #include <algorithm>
 #include <numeric>
 #include <optional>
+#include <set>
 
 namespace zarn::io {
 
@@ -54,6 +56,29 @@ void countBar(const MasterBar &bar, const ScoreModel &model, ExportContext &cont
         else
             context.addUnheldIf(!(mark == FermataMark::at(mark.position, mark.kind)),
                                 "length of a fermata");
+}
+
+/// Movements that readers take for one; see `FineBars`.
+void countMovements(const MasterTrack &master, ExportContext &context)
+{
+    FineBars bars;
+    std::set<int> starts;
+    for (const auto &bar : master.masterBars())
+        if (bar->index() > 0 && bar->isMovementStart())
+            starts.insert(static_cast<int>(bar->index()));
+    for (int kind = 0; kind < DirectionMarkCount && !starts.empty(); ++kind) {
+        const auto mark = static_cast<DirectionMark>(kind);
+        if (mark == DirectionMark::Fine)
+            bars.fines.insert(master.directionIndex(mark));
+        else if (isJump(mark) && mark < DirectionMark::DaCoda)
+            bars.jumps.insert(master.directionIndex(mark));
+    }
+    for (const int start : bars.movementsAmong(starts, static_cast<int>(master.masterBarCount())))
+        starts.erase(start);
+    for (const int lost : starts) {
+        context.setPlace(-1, lost);
+        context.addUnheld("start of a movement between a jump and its fine");
+    }
 }
 
 void countStaff(const Staff &staff, const PartPlan &part, ExportContext &context)
@@ -196,6 +221,7 @@ void countUnheld(const ScoreModel &model, const std::deque<PartPlan> &parts, Exp
         before = key;
         countBar(*bar, model, context);
     }
+    countMovements(master, context);
     for (std::size_t track = 0; track < model.tracks().size(); ++track) {
         context.setPlace(static_cast<int>(track), -1);
         countTrack(*model.tracks()[track], parts[track], context);
