@@ -185,6 +185,31 @@ TEST(MusicXmlTime, dotsThatTheDurationsAloneTellAreSupplied)
     }
 }
 
+TEST(MusicXmlTime, bracketsOverAThirdOfATupletAreTupletsInside)
+{
+    // Three triplets in a triplet, of which some programs write the inner brackets alone.
+    const std::string start = "<tuplet type=\"start\"/>";
+    const std::string stop = "<tuplet type=\"stop\"/>";
+    const auto third = ofTriplet("16th", 4, true, start) + ofTriplet("16th", 4, true)
+        + ofTriplet("16th", 4, true, stop);
+    const auto rhythmOf = [](const std::string &notes) {
+        ImportReport report;
+        const auto model = import(score(measure(divisions(36) + notes)), report);
+        EXPECT_TRUE(report.problems().empty());
+        return model->track(0)->bar(0)->voice(0)->beat(1)->rhythmValue().toQString().toStdString();
+    };
+    EXPECT_EQ(rhythmOf(third + third + third), "Sixteenth;Dots=0;PriTuplet=3/2;SecTuplet=3/2");
+    // Two notes that are as long as three.
+    const auto two = ofTriplet("eighth", 8, true, start) + ofTriplet("16th", 4, true, stop);
+    EXPECT_EQ(rhythmOf(two + two + two), "Sixteenth;Dots=0;PriTuplet=3/2;SecTuplet=3/2");
+    // Nine in the time of four are what they say.
+    std::string nine = ofTriplet("16th", 4, true, start);
+    for (int i = 0; i < 7; ++i)
+        nine += ofTriplet("16th", 4, true);
+    EXPECT_EQ(rhythmOf(nine + ofTriplet("16th", 4, true, stop)),
+              "Sixteenth;Dots=0;PriTuplet=9/4;SecTuplet=0/0");
+}
+
 TEST(MusicXmlTime, bracketsThatTheLengthsHaveNoRatioForAreTold)
 {
     const auto bracket = [](const char *type, int number, const std::string &terms = {}) {

@@ -2,7 +2,7 @@
 #include <ZarnCore/io/musicxml/NoteReader.h>
 
 #include <ZarnCore/io/musicxml/ImportContext.h>
-#include <ZarnCore/io/musicxml/MissingDots.h>
+#include <ZarnCore/io/musicxml/TupletAhead.h>
 
 #include <algorithm>
 #include <cstring>
@@ -184,7 +184,8 @@ void NoteReader::read(pugi::xml_node node, WrittenNote &note)
     _opensTuplets = starts > 0 && !_tuplets.hasOpen(note.voice);
     for (const auto &mark : marks) {
         if (mark.starts && starts == 1 && mark.ratio.isPlain() && _hasModification)
-            _tuplets.startAt(note.voice, mark.number, _modification);
+            _tuplets.startAt(note.voice, mark.number,
+                             outermostRatio(node, mark.number, _modification));
         else if (mark.starts)
             _tuplets.start(note.voice, mark.number, mark.ratio);
     }

@@ -22,11 +22,11 @@ void TupletTracker::start(int voice, int number, const TupletRatio &ratio)
         _open.push_back({voice, number, ratio});
 }
 
-void TupletTracker::startAt(int voice, int number, const TupletRatio &modification)
+void TupletTracker::startAt(int voice, int number, const TupletRatio &told)
 {
     stop(voice, number);
     const bool isOutermost = outermost(voice) == nullptr;
-    start(voice, number, isOutermost ? modification : TupletRatio());
+    start(voice, number, isOutermost ? told : TupletRatio());
     if (isOutermost && !_open.empty())
         _open.back().isTold = false;
 }

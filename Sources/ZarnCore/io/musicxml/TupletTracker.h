@@ -14,9 +14,9 @@ public:
     /// A tuplet begins; a plain ratio when its numbers are not written.
     void start(int voice, int number, const TupletRatio &ratio);
 
-    /// A tuplet whose numbers are not written begins at a note with this time modification, which
-    /// tells them.
-    void startAt(int voice, int number, const TupletRatio &modification);
+    /// A tuplet whose numbers are not written begins at a note; `told` is what the time
+    /// modification of that says of the outermost tuplet, which it may be.
+    void startAt(int voice, int number, const TupletRatio &told);
 
     /// Ends a tuplet; false when none is open by the number, or one that `hold` left out.
     bool stop(int voice, int number);

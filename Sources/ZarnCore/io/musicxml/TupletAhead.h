@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ZarnCore/utils/rational.h>
+#include <ZarnCore/io/musicxml/WrittenMusic.h>
 
 #include <pugixml.hpp>
 
@@ -13,5 +13,11 @@ namespace zarn::io {
 ///
 /// Some programs write the dots of a tuplet into the durations alone.
 int missingDots(pugi::xml_node first, const utils::rational &divisions);
+
+/// Looks ahead from a <note> that a tuplet begins at, by this number and without saying more, and
+/// that has this time modification: the ratio of the outermost of the tuplets which that is the
+/// product of. Where the bracket ends after three of nine notes in the time of four, it is a
+/// triplet inside of another, whose own bracket is not written; else the modification itself.
+TupletRatio outermostRatio(pugi::xml_node first, int number, const TupletRatio &modification);
 
 } // namespace zarn::io
