@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnLayout/page/BendEngraver.h>
 
+#include <ZarnLayout/page/InkField.h>
 #include <ZarnLayout/page/SideItem.h>
 
 #include <algorithm>
@@ -130,18 +131,25 @@ private:
     Inks _inks;
 };
 
-/// Where the ink of a chord ends on the right that a bend of one of its notes has to pass.
+/// Where the ink of a column ends on the right that a bend of one of its notes has to pass: of the
+/// chord, and of those that other voices have there.
 double startOf(const SystemDraft &draft, const RowDraft &row, const PlacedChord &chord,
                const Head &head)
 {
     double right = chord.x + head.x + head.width;
-    for (const Head &other : chord.chord->heads)
-        if (other.y < head.y)
-            right = std::max(right, chord.x + other.x + other.width);
-    for (std::uint32_t i = chord.chord->firstInk; i < chord.chord->inkEnd; ++i)
-        if (const Ink &ink = inkOf(draft, row, chord, i);
-            ink.kind == MarkKind::Enclosure && ink.box.top < head.y)
-            right = std::max(right, chord.x + ink.box.right);
+    for (const PlacedChord &other : row.chords) {
+        if (other.shownBar != chord.shownBar || other.chord->column != chord.chord->column
+            || other.beat().isGrace() != chord.beat().isGrace())
+            continue;
+        for (const Head &above : other.chord->heads)
+            if (above.y < head.y)
+                right = std::max(right, other.x + above.x + above.width);
+        for (std::uint32_t i = other.chord->firstInk; i < other.chord->inkEnd; ++i)
+            if (const Ink &ink = inkOf(draft, row, other, i);
+                (ink.kind == MarkKind::Enclosure || ink.kind == MarkKind::AugmentationDot)
+                && ink.box.top < head.y)
+                right = std::max(right, other.x + ink.box.right);
+    }
     return right + 0.15;
 }
 
@@ -156,8 +164,38 @@ double roomOf(const SystemDraft &draft, const RowDraft &row, const PlacedChord &
     return room;
 }
 
+/// The bend of a number of a tablature: over everything that stands above it; lower, shorter or
+/// farther to the right where it would lie on ink on its way there, as far as the line goes.
+Inks freestBend(const SystemDraft &draft, const RowDraft &row, const InkField &field,
+                const PitchCurve &curve, double base, double left, double right)
+{
+    constexpr double margin = 0.06;
+    constexpr double lowest = -1.4; // over the top line, with room for an arrow
+    constexpr double narrowest = 1.5;
+    const double high = std::min(-row.above.reach(left - 0.5, right + 0.5) - 0.6, lowest);
+    Inks best;
+    double least = 1e9;
+    for (const double shift : {0.0, 0.5, 1.0})
+        for (const double part : {1.0, 0.7, 0.4, 0.0})
+            for (const double lower : {0.0, 1.0, 2.0, 3.0}) {
+                const double cost = shift + (1 - part) + 0.5 * lower;
+                if (cost >= least || (lower > 0 && high + lower > lowest))
+                    continue;
+                const double width = std::max(narrowest, (right - left) * part);
+                Inks inks = BendDrawer(draft.pen, curve, left + shift, left + shift + width)
+                                .draw(base, high + lower);
+                const double over = std::max(0.0, boxOf(inks).right - draft.right);
+                const double whole = cost + 60 * (field.coveredBy(inks, margin) + over);
+                if (whole < least) {
+                    least = whole;
+                    best = std::move(inks);
+                }
+            }
+    return best;
+}
+
 void addBend(RowDraft &row, const SystemDraft &draft, const PlacedChord &chord, const Head &head,
-             const NoteSource &note)
+             const NoteSource &note, GrowingInkField &field)
 {
     constexpr double widest = 6;
     constexpr double narrowest = 1.5;
@@ -166,13 +204,12 @@ void addBend(RowDraft &row, const SystemDraft &draft, const PlacedChord &chord, 
         isOnString ? startOf(draft, row, chord, head) : chord.x + head.x + head.width / 2;
     const double right =
         std::max(std::min(roomOf(draft, row, chord), left + widest), left + narrowest);
-    BendDrawer drawer(draft.pen, note.details->bend.curve, left, right);
+    const PitchCurve &curve = note.details->bend.curve;
     const MarkPlace where = placeOf(row, chord, head.note - chord.beat().firstNote);
     if (isOnString) {
-        const double high = std::min(-row.above.reach(left - 0.5, right + 0.5) - 0.6, -1.4);
         // A slide begins beside the middle of the number.
         const double base = note.marks.slideOut() == SlideOut::None ? head.y : head.y - 0.75;
-        for (Ink &ink : drawer.draw(base, high)) {
+        for (Ink &ink : freestBend(draft, row, field.now(), curve, base, left, right)) {
             ink.place = where;
             row.add(std::move(ink));
         }
@@ -181,7 +218,7 @@ void addBend(RowDraft &row, const SystemDraft &draft, const PlacedChord &chord, 
     // On a staff of notes the arrow stands over everything: there is no string that it could leave.
     SideItem item;
     item.gap = 0.4;
-    item.inks = drawer.draw(0, -1.8);
+    item.inks = BendDrawer(draft.pen, curve, left, right).draw(0, -1.8);
     const double over = boxOf(item.inks).right - draft.right;
     move(item.inks, -std::max(over, 0.0), 0);
     for (Ink &ink : item.inks)
@@ -237,13 +274,14 @@ void addBends(RowDraft &row, const SystemDraft &draft)
 {
     if (!row.row->isLastOfStaff)
         return;
+    GrowingInkField field(row.inks);
     for (const PlacedChord &chord : row.chords) {
         if (chord.beat().noteCount == 0)
             continue;
         for (const Head &head : chord.chord->heads) {
             const NoteSource &note = chord.note(head);
             if (note.details && note.details->bend.type != BendType::NoBend)
-                addBend(row, draft, chord, head, note);
+                addBend(row, draft, chord, head, note, field);
         }
     }
     addWhammyBars(row, draft);

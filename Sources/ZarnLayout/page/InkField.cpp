@@ -120,40 +120,97 @@ bool InkField::isFree(const Box &box) const
     return true;
 }
 
+double InkField::coveredBy(const Strip &strip, double margin) const
+{
+    const std::size_t bin = binOf(strip.x);
+    if (bin >= _bins.size())
+        return 0;
+    double area = 0;
+    for (const Obstacle &obstacle : _bins[bin]) {
+        if (strip.x < obstacle.left - margin || strip.x > obstacle.right + margin)
+            continue;
+        const double width = std::max(obstacle.right - obstacle.left, 1e-6);
+        const double across = std::clamp((strip.x - obstacle.left) / width, 0.0, 1.0);
+        double top = obstacle.top[0] + (obstacle.top[1] - obstacle.top[0]) * across - margin;
+        double bottom =
+            obstacle.bottom[0] + (obstacle.bottom[1] - obstacle.bottom[0]) * across + margin;
+        if (obstacle.isRound) {
+            const double off = std::abs(2 * across - 1);
+            const double cut = (bottom - top) / 2 * (1 - std::sqrt(1 - std::min(off * off, 0.99)));
+            top += cut;
+            bottom -= cut;
+        }
+        const double height = std::min(bottom, strip.bottom) - std::max(top, strip.top);
+        if (height > 0)
+            area += height * strip.width * obstacle.weight;
+    }
+    return area;
+}
+
 double InkField::coveredBy(const Bow &bow, double margin) const
 {
     const std::vector<Point> points = bow.samples();
     double area = 0;
     for (std::size_t i = 1; i < points.size(); ++i) {
-        const double x = (points[i - 1].x + points[i].x) / 2;
         const double y = (points[i - 1].y + points[i].y) / 2;
-        const auto bin = static_cast<std::size_t>(std::max(x / binWidth, 0.0));
-        if (bin >= _bins.size())
-            continue;
         const double part = static_cast<double>(i) / static_cast<double>(points.size());
         const double half = 0.05 + 0.06 * 4 * part * (1 - part)
             + std::abs(points[i].y - points[i - 1].y) / 2; // a steep piece covers its height
-        for (const Obstacle &obstacle : _bins[bin]) {
-            if (x < obstacle.left - margin || x > obstacle.right + margin)
-                continue;
-            const double width = std::max(obstacle.right - obstacle.left, 1e-6);
-            const double across = std::clamp((x - obstacle.left) / width, 0.0, 1.0);
-            double top = obstacle.top[0] + (obstacle.top[1] - obstacle.top[0]) * across - margin;
-            double bottom =
-                obstacle.bottom[0] + (obstacle.bottom[1] - obstacle.bottom[0]) * across + margin;
-            if (obstacle.isRound) {
-                const double off = std::abs(2 * across - 1);
-                const double cut =
-                    (bottom - top) / 2 * (1 - std::sqrt(1 - std::min(off * off, 0.99)));
-                top += cut;
-                bottom -= cut;
-            }
-            const double height = std::min(bottom, y + half) - std::max(top, y - half);
-            if (height > 0)
-                area += height * (points[i].x - points[i - 1].x) * obstacle.weight;
-        }
+        area += coveredBy(Strip{(points[i - 1].x + points[i].x) / 2, points[i].x - points[i - 1].x,
+                                y - half, y + half},
+                          margin);
     }
     return area;
+}
+
+double InkField::coveredBy(const Ink &ink, double margin) const
+{
+    constexpr double step = 0.2;
+    double area = 0;
+    const auto addPiece = [&](const Point &from, const Point &to, double half) {
+        const double width = std::abs(to.x - from.x);
+        const int count = std::max(1, static_cast<int>(std::ceil(width / step)));
+        for (int i = 0; i < count; ++i) {
+            const auto at = [&](int number) {
+                const double part = static_cast<double>(number) / count;
+                return Point{from.x + (to.x - from.x) * part, from.y + (to.y - from.y) * part};
+            };
+            const Point begin = at(i);
+            const Point end = at(i + 1);
+            // What stands upright is as wide as it is thick.
+            area +=
+                coveredBy(Strip{(begin.x + end.x) / 2, std::max(width / count, 2 * half),
+                                std::min(begin.y, end.y) - half, std::max(begin.y, end.y) + half},
+                          margin);
+        }
+    };
+    if (ink.shape == Ink::Shape::Line) {
+        for (std::size_t i = 1; i < ink.points.size(); ++i)
+            addPiece(ink.points[i - 1], ink.points[i], ink.thickness / 2);
+    } else {
+        const Box &box = ink.box;
+        const int count = std::max(1, static_cast<int>(std::ceil(box.width() / step)));
+        for (int i = 0; i < count; ++i)
+            area += coveredBy(Strip{box.left + box.width() * (i + 0.5) / count, box.width() / count,
+                                    box.top, box.bottom},
+                              margin);
+    }
+    return area;
+}
+
+double InkField::coveredBy(const Inks &inks, double margin) const
+{
+    double area = 0;
+    for (const Ink &ink : inks)
+        area += coveredBy(ink, margin);
+    return area;
+}
+
+const InkField &GrowingInkField::now()
+{
+    for (; _known < _inks.size(); ++_known)
+        _field.add(_inks[_known]);
+    return _field;
 }
 
 } // namespace zarn::engraving

@@ -19,6 +19,10 @@ public:
     /// and beams, which curves may cross, count for less than what they hide.
     double coveredBy(const Bow &bow, double margin) const;
 
+    /// The same of lines, and of the boxes of anything else.
+    double coveredBy(const Ink &ink, double margin) const;
+    double coveredBy(const Inks &inks, double margin) const;
+
     /// Whether no ink lies in a box, its edges included.
     bool isFree(const Box &box) const;
 
@@ -33,12 +37,36 @@ private:
         bool isRound;
     };
 
+    /// An upright strip that something covers.
+    struct Strip {
+        double x; ///< of its middle
+        double width;
+        double top;
+        double bottom;
+    };
+
     void add(const Obstacle &obstacle);
+    double coveredBy(const Strip &strip, double margin) const;
 
     static std::size_t binOf(double x);
 
     static constexpr double binWidth = 3;
     std::vector<std::vector<Obstacle>> _bins; ///< each with all that reaches into it
+};
+
+/// The ink of a row to which more is added while one looks for room.
+class GrowingInkField {
+public:
+    /// The inks must outlive it, and nothing of them go.
+    explicit GrowingInkField(const Inks &inks) : _inks(inks) { }
+
+    /// With everything that has come by now.
+    const InkField &now();
+
+private:
+    const Inks &_inks;
+    InkField _field;
+    std::size_t _known = 0;
 };
 
 } // namespace zarn::engraving

@@ -5,6 +5,7 @@
 #include <ZarnLayout/page/SideItem.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace zarn::engraving {
 
@@ -27,7 +28,10 @@ const Head *endIn(const PlacedChord &chord, const NoteSource &note, std::size_t 
 
 class StringLinkDrawer {
 public:
-    StringLinkDrawer(RowDraft &row, const SystemDraft &draft) : _row(row), _draft(draft) { }
+    StringLinkDrawer(RowDraft &row, const SystemDraft &draft)
+        : _row(row), _draft(draft), _field(row.inks)
+    {
+    }
 
     void draw()
     {
@@ -77,7 +81,7 @@ private:
                 ? endAt(*target, *end, side, -1)
                 : Point{std::max(_draft.musicRight() - 0.2, from.x + 0.8), from.y};
         }
-        Ink curve = _draft.pen.curve(MarkKind::HammerOn, freestBow(ends, field()).handles());
+        Ink curve = _draft.pen.curve(MarkKind::HammerOn, freestBow(ends, _field.now()).handles());
         curve.place = placeOf(_row, chord, head.note - chord.beat().firstNote);
         _row.add(std::move(curve));
     }
@@ -119,19 +123,52 @@ private:
         return {outer + forward * 0.15, head.y - side * 0.3};
     }
 
-    /// What stands in the row so far.
-    const InkField &field()
-    {
-        for (; _known < _row.inks.size(); ++_known)
-            _field.add(_row.inks[_known]);
-        return _field;
-    }
-
     void addLine(const PlacedChord &chord, const Head &head, Point from, Point to)
     {
-        Ink line = _draft.pen.line(MarkKind::Slide, from, to, 0.16);
+        Ink line = freestLine(from, to);
         line.place = placeOf(_row, chord, head.note - chord.beat().firstNote);
         _row.add(std::move(line));
+    }
+
+    /// A slide from left to right that leads as it is wished to, but moves off what stands in its
+    /// way, or begins later or ends earlier, as far as one still sees where it leads.
+    Ink freestLine(const Point &from, const Point &to)
+    {
+        constexpr double shortest = 0.8;
+        constexpr double margin = 0.06;
+        const auto lineOf = [&](const Point &begin, const Point &end) {
+            return _draft.pen.line(MarkKind::Slide, begin, end, 0.16);
+        };
+        Ink best = lineOf(from, to);
+        double least = 60 * _field.now().coveredBy(best, margin);
+        if (least == 0)
+            return best;
+        const double length = to.x - from.x;
+        const double rise = to.y - from.y;
+        const double cuts[] = {0, 0.35, 0.7, std::max(1.2, length / 3)};
+        const double shifts[] = {0, -0.25, 0.25, -0.5, 0.5, -0.75, 0.75};
+        for (const double fromShift : shifts)
+            for (const double toShift : shifts) {
+                const double leaning = rise + toShift - fromShift;
+                if (rise * leaning < 0 || std::abs(leaning) < std::abs(rise) / 2)
+                    continue;
+                for (const double begin : cuts)
+                    for (const double end : cuts) {
+                        const double cost = std::abs(fromShift) + std::abs(toShift)
+                            + (begin + end) / std::max(length, 1.0);
+                        if (cost >= least || length - begin - end < std::min(shortest, length))
+                            continue;
+                        Ink line =
+                            lineOf({from.x + begin, from.y + fromShift + leaning * begin / length},
+                                   {to.x - end, to.y + toShift - leaning * end / length});
+                        const double whole = cost + 60 * _field.now().coveredBy(line, margin);
+                        if (whole < least) {
+                            least = whole;
+                            best = std::move(line);
+                        }
+                    }
+            }
+        return best;
     }
 
     void addSlides(const PlacedChord &chord, const Head &head, const NoteSource &note,
@@ -165,8 +202,14 @@ private:
             }
             addLine(chord, head, {right + 0.2, from}, {stop, to});
             if (out == SlideOut::Legato && isTab) {
-                Ink curve = _draft.pen.curve(MarkKind::Slide, {right, head.y - 0.8},
-                                             {stop, (end ? end->y : head.y) - 0.8}, 0.6);
+                BowEnds ends;
+                ends.isLevel = !end || end->y == head.y;
+                for (const int side : {-1, 1}) {
+                    ends.from[side > 0] = {right, head.y - side * 0.8};
+                    ends.to[side > 0] = {stop, (end ? end->y : head.y) - side * 0.8};
+                }
+                Ink curve =
+                    _draft.pen.curve(MarkKind::Slide, freestBow(ends, _field.now()).handles());
                 curve.place = placeOf(_row, chord, head.note - chord.beat().firstNote);
                 _row.add(std::move(curve));
             }
@@ -179,8 +222,7 @@ private:
 
     RowDraft &_row;
     const SystemDraft &_draft;
-    InkField _field;
-    std::size_t _known = 0; ///< ink of the row that is in the field
+    GrowingInkField _field;
 };
 
 } // namespace
