@@ -52,7 +52,63 @@ double widest(const std::vector<Inks> &rows)
     return width;
 }
 
+bool isToBeRead(const Ink &ink)
+{
+    return ink.shape == Ink::Shape::Text || ink.kind == MarkKind::Dynamic
+        || ink.kind == MarkKind::ChordDiagram;
+}
+
+/// A line from top to bottom without the pieces where something is to be read.
+Inks interrupted(const Ink &whole, const std::vector<Readable> &readables)
+{
+    constexpr double gap = 0.15;
+    constexpr double shortest = 0.3;
+    std::vector<const Readable *> inTheWay;
+    for (const Readable &readable : readables)
+        if (readable.box.meets(whole.box))
+            inTheWay.push_back(&readable);
+    std::sort(inTheWay.begin(), inTheWay.end(), [](const Readable *left, const Readable *right) {
+        return left->box.top < right->box.top;
+    });
+    Inks pieces;
+    const double x = whole.points[0].x;
+    Ink rest = whole;
+    const auto addUpTo = [&](double y, int row) {
+        Ink piece = rest;
+        piece.points[1] = {x, y};
+        piece.rows[1] = row;
+        piece.box.bottom = y;
+        if (y - piece.points[0].y > shortest)
+            pieces.push_back(std::move(piece));
+    };
+    for (const Readable *readable : inTheWay) {
+        addUpTo(readable->box.top - gap, static_cast<int>(readable->row));
+        if (readable->box.bottom + gap < rest.points[0].y)
+            continue; // beside what has interrupted the line already
+        rest.points[0] = {x, readable->box.bottom + gap};
+        rest.rows[0] = static_cast<int>(readable->row);
+        rest.box.top = rest.points[0].y;
+    }
+    addUpTo(whole.points[1].y, whole.rows[1]);
+    return pieces;
+}
+
 } // namespace
+
+std::vector<Readable> readablesBetweenRows(const SystemDraft &draft)
+{
+    std::vector<Readable> readables;
+    for (const RowDraft &row : draft.rows) {
+        if (!row.hasLinesAbove && !row.hasLinesBelow)
+            continue;
+        for (const Ink &ink : row.inks)
+            if (isToBeRead(ink)
+                && ((row.hasLinesAbove && ink.box.bottom < 0)
+                    || (row.hasLinesBelow && ink.box.top > row.row->height())))
+                readables.push_back({row.number, ink.box.movedBy(0, row.y)});
+    }
+    return readables;
+}
 
 double widthOf(LineStyle style) noexcept
 {
@@ -141,7 +197,7 @@ Joint jointBefore(const EngravedScore &score, unsigned shownBar, JointPlace plac
 }
 
 void addBarLine(SystemDraft &draft, LineStyle style, double x, const std::vector<bool> &isJoined,
-                unsigned bar)
+                unsigned bar, const std::vector<Readable> &readables)
 {
     const auto count = static_cast<unsigned>(draft.rows.size());
     MarkPlace place;
@@ -171,7 +227,8 @@ void addBarLine(SystemDraft &draft, LineStyle style, double x, const std::vector
                 ink.gap = dash == 0.5 ? 0.25 : 0.35;
             }
             ink.place = place;
-            draft.inks.push_back(std::move(ink));
+            for (Ink &piece : interrupted(ink, readables))
+                draft.inks.push_back(std::move(piece));
             i = last + 1;
         }
     };

@@ -47,9 +47,19 @@ Joint jointBefore(const EngravedScore &score, unsigned shownBar, JointPlace plac
 
 double widthOf(LineStyle style) noexcept;
 
+/// What is to be read between two rows and keeps its ground there: bar lines stop at it and go on
+/// behind it.
+struct Readable {
+    unsigned row = 0; ///< that it belongs to
+    Box box;          ///< in the system
+};
+
+/// All of a system, of rows between which bar lines run.
+std::vector<Readable> readablesBetweenRows(const SystemDraft &draft);
+
 /// Draws a bar line through rows that are next to each other. With `isJoined`, row by row, it goes
 /// on to the next row.
 void addBarLine(SystemDraft &draft, LineStyle style, double x, const std::vector<bool> &isJoined,
-                unsigned bar);
+                unsigned bar, const std::vector<Readable> &readables);
 
 } // namespace zarn::engraving

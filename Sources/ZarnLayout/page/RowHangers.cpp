@@ -48,13 +48,19 @@ void HangerCollector::add(const Ink &ink)
 RowHanger HangerCollector::hangerOf(const Ink &ink) const
 {
     if (ink.shape == Ink::Shape::Line && ink.points.size() == 2)
-        return {0, rowAt(ink.points[0].y), rowAt(ink.points[1].y)};
+        return {0, rowOf(ink, 0), rowOf(ink, 1)};
     if (ink.kind == MarkKind::Brace)
         return {0, rowAt(ink.box.top), rowAt(ink.box.bottom)};
     if (ink.shape == Ink::Shape::Text || ink.shape == Ink::Shape::Curve)
         return trackOf(ink);
     const std::uint16_t row = rowAt(ink.points.empty() ? ink.at.y : ink.points.front().y);
     return {0, row, row};
+}
+
+std::uint16_t HangerCollector::rowOf(const Ink &line, int end) const
+{
+    return line.rows[end] >= 0 ? static_cast<std::uint16_t>(line.rows[end])
+                               : rowAt(line.points[static_cast<std::size_t>(end)].y);
 }
 
 RowHanger HangerCollector::trackOf(const Ink &ink) const

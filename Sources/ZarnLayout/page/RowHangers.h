@@ -27,6 +27,7 @@ public:
 private:
     RowHanger hangerOf(const Ink &ink) const;
     RowHanger trackOf(const Ink &ink) const;
+    std::uint16_t rowOf(const Ink &line, int end) const;
     /// The row whose lines are nearest.
     std::uint16_t rowAt(double y) const;
     void add(RowHanger hanger, std::size_t marks);

@@ -149,8 +149,9 @@ DrawnSystem SystemBuilder::build(unsigned first, unsigned end, double width, boo
     addCrossStaffSlurs(draft);
     addSystemHead(draft);
     const std::vector<bool> joined = joinedRows();
+    const std::vector<Readable> readables = readablesBetweenRows(draft);
     for (const LineJob &job : _lines)
-        addBarLine(draft, job.style, job.x, joined, job.bar);
+        addBarLine(draft, job.style, job.x, joined, job.bar, readables);
 
     BuiltSystem system;
     for (const RowDraft &row : draft.rows) {
