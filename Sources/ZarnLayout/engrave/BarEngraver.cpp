@@ -291,8 +291,13 @@ void BarEngraver::placeStem(Chord &chord)
     chord.stemRoot = root.y + anchor.y * scale;
     double length = (3.5 + 0.75 * std::max(0, flags - 2)) * (scale < 1 ? 0.75 : 1);
     const unsigned strokes = chord.beat->marks.tremolo();
-    if (strokes > 0)
-        length = std::max({length, 3.0 + 0.8 * strokes, 1.5 + 0.75 * flags + 0.8 * strokes});
+    if (strokes > 0) {
+        const Box &head = fonts.box(nearTip.glyph);
+        const double taller =
+            std::max(0.0, (chord.isStemUp ? -head.top : head.bottom) * scale - 0.5);
+        length = std::max(
+            {length, 3.0 + 0.8 * strokes + taller, 1.5 + 0.75 * flags + 0.8 * strokes + taller});
+    }
     double tip = nearTip.y + direction * length;
     // A flag ends before a head that stands on its side of the stem.
     if (flags > 0 && !chord.isBeamed && chord.isStemUp) {

@@ -259,11 +259,26 @@ private:
         }
         return !areUp || _row.row->notation == Notation::Tablature;
     }
+
+    /// The outermost ink of a chord, or of a rest where it found its place.
+    double edgeOf(const PlacedChord &chord, bool isAbove) const
+    {
+        double edge = isAbove ? chord.top() : chord.bottom();
+        if (!chord.chord->isRest())
+            return edge;
+        const MarkPlace place = placeOf(_row, chord);
+        for (const Ink &ink : _row.inks)
+            if (ink.kind == MarkKind::Rest && ink.place.bar == place.bar
+                && ink.place.voice == place.voice && ink.place.beat == place.beat)
+                edge = isAbove ? std::min(edge, ink.box.top) : std::max(edge, ink.box.bottom);
+        return edge;
+    }
+
     Point endAt(const PlacedChord &chord, bool isAbove, bool isStart) const
     {
         const bool isAtStem = chord.chord->hasStem && !chord.chord->isRest()
             && chord.chord->isStemUp == isAbove && _row.row->notation != Notation::Tablature;
-        const double edge = isAbove ? chord.top() : chord.bottom();
+        const double edge = edgeOf(chord, isAbove);
         const double sign = isAbove ? -1 : 1;
         const bool hasSign = isAbove ? chord.signTop < 1e8 : chord.signBottom > -1e8;
         if (isAtStem && !hasSign)

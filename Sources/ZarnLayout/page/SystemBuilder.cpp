@@ -59,9 +59,9 @@ void addRests(RowDraft &row, std::vector<Inks> rests, const Pen &pen)
         const bool isWhole = rest.front().glyph == pen.fonts().glyph(Sign::RestWhole);
         const double gap = isWhole ? 0.3 : 0.1;
         const double outward = rest.front().place.voice % 2 == 0 ? -1 : 1;
-        const auto moved = [&](double shift) {
+        const auto moved = [&](double aside, double shift) {
             Inks inks = rest;
-            move(inks, 0, shift);
+            move(inks, aside, shift);
             fitToStaff(inks, *row.row, pen);
             return inks;
         };
@@ -72,13 +72,15 @@ void addRests(RowDraft &row, std::vector<Inks> rests, const Pen &pen)
                     {box.left - gap, box.top - gap, box.right + gap, box.bottom + gap});
             });
         };
-        // Away from the other voices; towards them where there is nothing but their ink.
+        // Away from the other voices; towards them where there is nothing but their ink, and aside
+        // where that reaches too far both ways.
         Inks free;
-        for (const double step : {outward, -outward})
-            for (int steps = 0; steps < farthest && free.empty(); ++steps)
-                if (Inks inks = moved(step * steps); isFree(inks))
-                    free = std::move(inks);
-        rest = free.empty() ? moved(0) : std::move(free);
+        for (const double aside : {0.0, -0.8, 0.8, -1.6, 1.6})
+            for (const double step : {outward, -outward})
+                for (int steps = 0; steps < farthest && free.empty(); ++steps)
+                    if (Inks inks = moved(aside, step * steps); isFree(inks))
+                        free = std::move(inks);
+        rest = free.empty() ? moved(0, 0) : std::move(free);
         field.add(rest);
         row.add(std::move(rest));
     }

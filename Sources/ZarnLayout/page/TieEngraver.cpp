@@ -209,7 +209,7 @@ private:
                     std::max(std::min(from.x + shortTie, barOf(chord).right - 0.1), from.x + 0.8),
                     from.y};
         }
-        addCurve(chord, head, ends);
+        addCurve(chord, head, hasPartner ? found->second.chord : nullptr, ends);
     }
 
     void addTo(const PlacedChord &chord, const Head &head, bool entersSystem)
@@ -224,12 +224,24 @@ private:
                              : std::min(std::max(to.x - shortTie, barOf(chord).left), to.x - 0.6),
                 to.y};
         }
-        addCurve(chord, head, ends);
+        addCurve(chord, head, &chord, ends);
     }
 
-    void addCurve(const PlacedChord &chord, const Head &head, const BowEnds &wish)
+    /// `end` is the chord that the curve leads to, null where there is none.
+    void addCurve(const PlacedChord &chord, const Head &head, const PlacedChord *end,
+                  const BowEnds &wish)
     {
-        const Bow bow = freestBow(wish, _field);
+        Bow bow = freestBow(wish, _field);
+        // Where an accidental stands in front of the head, the curve ends there.
+        const double covered = _field.coveredBy(bow, 0);
+        if (end && covered > 0) {
+            BowEnds before = wish;
+            for (Point &to : before.to)
+                to.x = std::min(to.x, leftInkOf(_draft, _row, *end) - 0.15);
+            const Bow shorter = freestBow(before, _field);
+            if (shorter.to.x > shorter.from.x + 0.8 && _field.coveredBy(shorter, 0) < covered)
+                bow = shorter;
+        }
         Ink curve = _draft.pen.curve(MarkKind::Tie, bow.handles());
         curve.place = placeOf(_row, chord, head.note - chord.beat().firstNote);
         _row.add(std::move(curve));

@@ -50,8 +50,13 @@ void addStrokesBetween(RowDraft &row, const SystemDraft &draft, const PlacedChor
     double right = std::min({leftInkOf(draft, row, next), next.stemX(), line}) - 0.4;
     if (right <= left)
         return;
-    double y0 = chord.chord->hasStem ? chord.stemTip + inward * 0.9 : chord.top() - 1.5;
-    double y1 = next.chord->hasStem ? next.stemTip + inward * 0.9 : next.top() - 1.5;
+    // Inside of the beams that join the notes.
+    const auto endAt = [&](const PlacedChord &at) {
+        const unsigned beams = at.chord->isBeamed ? at.beat().flagCount() : 0;
+        return at.chord->hasStem ? at.stemTip + inward * (0.9 + gap * beams) : at.top() - 1.5;
+    };
+    double y0 = endAt(chord);
+    double y1 = endAt(next);
     // Strokes lean as little as beams do, however far apart their notes are.
     constexpr double steepest = 1.2;
     const double middle = (y0 + y1) / 2;
