@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -275,4 +276,82 @@ TEST(InkOnInkTest, strokesBetweenNotesMakeWayForOtherVoices)
         for (const MarkKind kind : {MarkKind::NoteHead, MarkKind::Stem})
             for (const auto &mark : laid.of(kind))
                 EXPECT_FALSE(meet(stroke, mark)) << stroke.left << " " << mark.left;
+}
+
+/// A slide moves off the heads of another voice that stand where it would lead.
+TEST(InkOnInkTest, slidesMakeWayForOtherVoices)
+{
+    ViolinPiece piece;
+    for (const int key : {71, 74}) {
+        Beat &half = piece.add({key}, NoteValue::Half);
+        NoteMarks marks = half.notes()[0]->marks();
+        marks.setSlideOut(key == 71 ? SlideOut::Shift : SlideOut::None);
+        half.notes()[0]->setMarks(marks);
+    }
+    for (const int key : {60, 74, 60, 60})
+        piece.add({key}, NoteValue::Quarter, 0, 1);
+    const LaidOut laid(*piece.model);
+    const auto slides = laid.of(MarkKind::Slide);
+    ASSERT_EQ(slides.size(), 1U);
+    const auto &slide = slides[0]; // upwards
+    EXPECT_GT(slide.right - slide.left, 0.8);
+    for (const auto &head : laid.of(MarkKind::NoteHead)) {
+        const double x = (head.left + head.right) / 2;
+        if (x < slide.left || x > slide.right)
+            continue;
+        const double part = (x - slide.left) / (slide.right - slide.left);
+        const double y = slide.bottom + (slide.top - slide.bottom) * part;
+        EXPECT_GT(std::abs(y - (head.top + head.bottom) / 2), 0.5) << head.left;
+    }
+}
+
+/// A slur that begins or ends at rests keeps off them, however tall they are.
+TEST(InkOnInkTest, slursKeepOffTheRestsAtTheirEnds)
+{
+    ViolinPiece piece;
+    for (unsigned i = 0; i < 3; ++i) {
+        const auto keys = i == 1 ? std::vector<int>{71} : std::vector<int>{};
+        Beat &beat = piece.add(keys, NoteValue::HundredTwentyEighth);
+        beat.setSlurredToNext(i < 2);
+        beat.setSlurredToPrevious(i > 0);
+    }
+    const LaidOut laid(*piece.model);
+    const auto slurs = laid.of(MarkKind::Slur);
+    ASSERT_FALSE(slurs.empty());
+    for (const auto &slur : slurs)
+        for (const auto &rest : laid.of(MarkKind::Rest))
+            EXPECT_FALSE(meet(slur, rest)) << slur.bottom << " " << rest.top;
+}
+
+/// Between the staves of a track a bar line stops at words that are too long to step aside, and
+/// goes on behind them: on a page with room for all of that too.
+TEST(InkOnInkTest, barLinesStopAtWords)
+{
+    const auto model = std::make_shared<ScoreModel>();
+    model->createAndInsertTrack(0, InstrumentSet::acousticPiano);
+    model->track(0)->setStaffCount(2);
+    model->track(0)->setChosenNotations(TrackNotations());
+    model->insertEmptyBarColumns(0, 40);
+    for (unsigned bar = 0; bar < 40; ++bar) {
+        const auto whole = std::make_shared<Beat>(RhythmValue(NoteValue::Whole));
+        whole->addNote(std::make_shared<Note>(50));
+        if (bar % 10 == 0)
+            whole->setText("very slowly and with much feeling, as if from afar");
+        model->track(0)->staff(1)->bars()[bar]->ensureVoice(0)->addBeat(whole);
+    }
+    const LaidOut laid(*model);
+    const auto words = laid.of(MarkKind::Text);
+    ASSERT_EQ(words.size(), 4U);
+    const auto lines = laid.of(MarkKind::BarLine);
+    unsigned interrupted = 0;
+    for (const auto &word : words)
+        for (const auto &line : lines) {
+            if (line.system != word.system)
+                continue;
+            EXPECT_FALSE(meet(word, line)) << word.top << " " << line.top;
+            const bool isBelow = line.left > word.left && line.right < word.right
+                && line.top > word.bottom && line.bottom > word.bottom;
+            interrupted += isBelow ? 1 : 0;
+        }
+    EXPECT_GE(interrupted, 4U);
 }
