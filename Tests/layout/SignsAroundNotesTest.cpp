@@ -46,6 +46,37 @@ TEST(SignsAroundNotesTest, signsAmongWordsAreOfTheMusicFont)
     EXPECT_NEAR(sung.front().left + sung.back().right, head.left + head.right, 0.3);
 }
 
+/// Dashes that a file writes in its syllables would stand beside the hyphens of the page.
+TEST(SignsAroundNotesTest, aWordHasOneHyphenBetweenItsSyllables)
+{
+    struct Sung {
+        const char *text;
+        Syllabic syllabic;
+        const char *shown;
+    };
+    const Sung words[] = {{"com -", Syllabic::Begin, "com"},
+                          {"- pri-", Syllabic::Middle, "pri"},
+                          {"\u2013\u00A0se", Syllabic::End, "se"},
+                          {"-re-", Syllabic::Single, "-re-"},
+                          {"-", Syllabic::End, "-"}};
+    Piece piece(5);
+    for (unsigned bar = 0; bar < 5; ++bar) {
+        Syllable syllable;
+        syllable.text = words[bar].text;
+        syllable.syllabic = words[bar].syllabic;
+        piece.add({72}, NoteValue::Whole, 0, 0, bar).setLyrics({syllable});
+    }
+    const LaidOut laid(*piece.model);
+    unsigned hyphens = 0;
+    for (const auto &mark : laid.of(MarkKind::Lyric)) {
+        if (mark.text.empty())
+            ++hyphens;
+        else
+            EXPECT_EQ(mark.text, words[mark.place.bar].shown);
+    }
+    EXPECT_EQ(hyphens, 2U);
+}
+
 TEST(SignsAroundNotesTest, dynamicsStandAboveWhatIsSung)
 {
     for (const bool isSung : {false, true}) {
@@ -155,4 +186,21 @@ TEST(SignsAroundNotesTest, beatsShowWhenTheyArePlayed)
     // 34 bars of two seconds are played before the last one.
     EXPECT_EQ(texts, (std::vector<std::string>{"0:00", "1:08"}));
     EXPECT_TRUE(laid.layout->problems().empty());
+}
+
+TEST(SignsAroundNotesTest, versesStandEvenlyBelowOneAnother)
+{
+    Piece piece;
+    std::vector<Syllable> lyrics;
+    for (const char *const text : {"plum", "sea", "moon", "glyph", "era"}) {
+        Syllable syllable;
+        syllable.text = text;
+        syllable.line = static_cast<std::uint8_t>(lyrics.size());
+        lyrics.push_back(syllable);
+    }
+    piece.add({72}, NoteValue::Whole).setLyrics(lyrics);
+    const auto sung = LaidOut(*piece.model).of(MarkKind::Lyric);
+    ASSERT_EQ(sung.size(), lyrics.size());
+    for (std::size_t i = 1; i < sung.size(); ++i)
+        EXPECT_NEAR(sung[i].y - sung[i - 1].y, sung[1].y - sung[0].y, 0.01) << sung[i].text;
 }

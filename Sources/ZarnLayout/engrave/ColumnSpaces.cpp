@@ -59,7 +59,7 @@ void addWordSpaces(const Chord &chord, const Fonts &fonts, std::vector<SpaceBox>
     const double centre = chord.x + chord.width / 2;
     for (const Syllable &syllable : details.lyrics) {
         const double width =
-            boxOf(Pen(fonts).words(MarkKind::Lyric, TextRole::Lyric, sungText(syllable.text), 0, 0))
+            boxOf(Pen(fonts).words(MarkKind::Lyric, TextRole::Lyric, sungText(syllable), 0, 0))
                 .right;
         const bool wordGoesOn =
             syllable.syllabic == Syllabic::Begin || syllable.syllabic == Syllabic::Middle;

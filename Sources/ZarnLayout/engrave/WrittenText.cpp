@@ -105,9 +105,26 @@ std::vector<TextPiece> piecesOf(const std::string &text, const Fonts &fonts)
     return pieces;
 }
 
-std::string sungText(const std::string &syllable)
+std::string sungText(const Syllable &syllable)
 {
-    return QString::fromStdString(syllable).trimmed().toStdString();
+    const QString whole = QString::fromStdString(syllable.text).trimmed();
+    const auto isDash = [](QChar letter) {
+        constexpr ushort hyphen = 0x2010;
+        constexpr ushort enDash = 0x2013;
+        return letter == QLatin1Char('-')
+            || (letter.unicode() >= hyphen && letter.unicode() <= enDash);
+    };
+    const bool goesOn =
+        syllable.syllabic == Syllabic::Begin || syllable.syllabic == Syllabic::Middle;
+    const bool comesFromBefore =
+        syllable.syllabic == Syllabic::End || syllable.syllabic == Syllabic::Middle;
+    int first = 0;
+    int end = whole.size();
+    while (comesFromBefore && first < end && (isDash(whole[first]) || whole[first].isSpace()))
+        ++first;
+    while (goesOn && end > first && (isDash(whole[end - 1]) || whole[end - 1].isSpace()))
+        --end;
+    return (end > first ? whole.mid(first, end - first) : whole).toStdString();
 }
 
 void reportMissingSigns(const std::string &text, const Fonts &fonts, const MarkPlace &place,

@@ -4,6 +4,8 @@
 #include <ZarnLayout/engrave/Fonts.h>
 #include <ZarnLayout/engrave/Problems.h>
 
+#include <ZarnCore/model/attributes/ZarnSyllable.h>
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -24,8 +26,9 @@ struct TextPiece {
 /// one piece, and an empty one none.
 std::vector<TextPiece> piecesOf(const std::string &text, const Fonts &fonts);
 
-/// A syllable as it is sung, without space around it.
-std::string sungText(const std::string &syllable);
+/// A syllable as it is sung, without space around it and without dashes towards the rest of its
+/// word: the page has its own hyphens there.
+std::string sungText(const Syllable &syllable);
 
 /// Says which characters of a text `piecesOf` leaves out because the music font lacks them.
 void reportMissingSigns(const std::string &text, const Fonts &fonts, const MarkPlace &place,

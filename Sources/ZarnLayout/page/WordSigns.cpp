@@ -300,6 +300,8 @@ void addLyrics(RowDraft &row, const SystemDraft &draft)
             first->second.insert(first->second.end(), line->second.begin(), line->second.end());
         line = isAlone ? lines.erase(line) : std::next(line);
     }
+    // Verses stand evenly below one another, whatever their letters are.
+    const Box letters = draft.pen.fonts().textBox("lp", TextRole::Lyric);
     int number = 0;
     for (auto &entry : lines) {
         std::vector<Sung> &sung = entry.second;
@@ -312,14 +314,16 @@ void addLyrics(RowDraft &row, const SystemDraft &draft)
             SideItem item;
             item.side = Side::Below;
             item.line = lyricLine + line;
-            item.gap = line == 0 ? 0.7 : 0.5;
-            item.inks =
-                draft.pen.words(MarkKind::Lyric, TextRole::Lyric, sungText(entry.syllable->text),
-                                entry.chord->headCentre(), 0, Pen::Align::Centre);
+            item.gap = line == 0 ? 0.7 : 0.3;
+            item.inks = draft.pen.words(MarkKind::Lyric, TextRole::Lyric, sungText(*entry.syllable),
+                                        entry.chord->headCentre(), 0, Pen::Align::Centre);
             reportMissingSigns(entry.syllable->text, draft.pen.fonts(), placeOf(row, *entry.chord),
                                draft.problems);
-            for (Ink &ink : item.inks)
+            for (Ink &ink : item.inks) {
                 ink.place = placeOf(row, *entry.chord);
+                ink.box.top = std::min(ink.box.top, letters.top);
+                ink.box.bottom = std::max(ink.box.bottom, letters.bottom);
+            }
             const double centre = entry.chord->headCentre();
             entry.box = item.inks.empty() ? Box{centre, 0, centre, 0} : boxOf(item.inks);
             items.push_back(std::move(item));
