@@ -124,6 +124,27 @@ TEST(EngravingRulesTest, theFlagEndsAboveAHeadOnItsSide)
         }
 }
 
+/// A bracket leads to its number from both sides; where the notes leave it no room, the number
+/// stands alone.
+TEST(EngravingRulesTest, tupletBracketsLeaveTheirNumbersAlone)
+{
+    for (const unsigned count : {1U, 2U, 7U}) {
+        Piece piece;
+        RhythmValue rhythm(NoteValue::Half);
+        rhythm.setPrimaryTupletRatio({std::max(count, 2U), count == 7 ? 3U : 5U});
+        for (unsigned i = 0; i < count; ++i)
+            piece.add({72}, NoteValue::Half).setRhythmValue(rhythm);
+        const auto marks = LaidOut(*piece.model).of(MarkKind::Tuplet);
+        ASSERT_EQ(marks.size(), count == 1 ? 1U : 3U);
+        const auto &number = marks.back();
+        for (const auto &mark : marks)
+            if (mark.text.empty()) {
+                EXPECT_GT(mark.right - mark.left, 0.3);
+                EXPECT_TRUE(mark.right < number.left || mark.left > number.right);
+            }
+    }
+}
+
 TEST(EngravingRulesTest, aTremoloBetweenTwoNotesNeedsNoTupletNumber)
 {
     Piece piece;

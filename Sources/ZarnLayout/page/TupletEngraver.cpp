@@ -166,20 +166,19 @@ void addTuplets(RowDraft &row, const SystemDraft &draft)
                 draft.pen.text(MarkKind::Tuplet, TextRole::Tuplet,
                                tupletText(bracket.group.ratio()), centre, 0, Pen::Align::Centre);
             const double middle = (text.box.top + text.box.bottom) / 2;
-            if (!isBare) {
+            // A number as wide as its notes needs no bracket, and leaves it no room.
+            constexpr double gap = 0.3;
+            constexpr double leastArm = 0.3;
+            const double leftArm = text.box.left - gap - left;
+            const double rightArm = right - text.box.right - gap;
+            if (!isBare && std::min(leftArm, rightArm) > leastArm) {
                 const double hook = isAbove ? 0.7 : -0.7;
-                item.inks.push_back(
-                    draft.pen.polyline(MarkKind::Tuplet,
-                                       {{left, middle + hook},
-                                        {left, middle},
-                                        {std::max(left, text.box.left - 0.3), middle}},
-                                       0.13));
-                item.inks.push_back(
-                    draft.pen.polyline(MarkKind::Tuplet,
-                                       {{std::min(right, text.box.right + 0.3), middle},
-                                        {right, middle},
-                                        {right, middle + hook}},
-                                       0.13));
+                item.inks.push_back(draft.pen.polyline(
+                    MarkKind::Tuplet,
+                    {{left, middle + hook}, {left, middle}, {left + leftArm, middle}}, 0.13));
+                item.inks.push_back(draft.pen.polyline(
+                    MarkKind::Tuplet,
+                    {{right - rightArm, middle}, {right, middle}, {right, middle + hook}}, 0.13));
             }
             item.inks.push_back(std::move(text));
             for (Ink &ink : item.inks)
