@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/LaidOut.h"
 #include "support/ScoreFiles.h"
+#include "support/SmallScore.h"
 #include "support/ViolinPiece.h"
 
 #include <ZarnLayout/draw/ZarnPolygons.h>
@@ -150,5 +151,30 @@ TEST(CurvesTest, slursOfGraceNotesStayAtTheHeads)
             EXPECT_GT(slurs[0].top, std::min(heads[0].top, heads[1].top)) << key;
             EXPECT_LT(slurs[0].right, heads[1].right) << key;
         }
+    }
+}
+
+/// A slide that is not struck again has an arc on tablature, which a slur over the same two notes
+/// already is.
+TEST(CurvesTest, aSlurredSlideHasOneArc)
+{
+    for (const bool isSlurred : {false, true}) {
+        SmallScore small;
+        TrackNotations tablature;
+        tablature.standard = false;
+        tablature.tablature = true;
+        small.model.track(0)->setChosenNotations(tablature);
+        Voice &voice = *small.model.track(0)->bar(5)->ensureVoice(0);
+        SmallScore::addBeat(voice, {2});
+        SmallScore::addBeat(voice, {2});
+        NoteMarks marks = voice.beat(0)->notes()[0]->marks();
+        marks.setSlideOut(SlideOut::Legato);
+        voice.beat(0)->notes()[0]->setMarks(marks);
+        voice.beat(1)->notes()[0]->setFret(5);
+        voice.beat(0)->setSlurredToNext(isSlurred);
+        voice.beat(1)->setSlurredToPrevious(isSlurred);
+        const LaidOut laid(small.model);
+        EXPECT_EQ(laid.of(MarkKind::Slide).size(), isSlurred ? 1U : 2U);
+        EXPECT_EQ(laid.of(MarkKind::Slur).size(), isSlurred ? 1U : 0U);
     }
 }

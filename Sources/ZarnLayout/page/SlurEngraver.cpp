@@ -12,13 +12,6 @@ namespace zarn::engraving {
 
 namespace {
 
-struct SlurSpan {
-    std::size_t first;
-    std::size_t last;
-    bool comesFromBefore = false;
-    bool goesOn = false;
-};
-
 /// The outermost slurs of each voice: their joints are marked on both sides.
 std::vector<SlurSpan> markedSlurs(const RowDraft &row)
 {
@@ -378,10 +371,10 @@ private:
 
 } // namespace
 
-void addSlurs(RowDraft &row, const SystemDraft &draft)
+std::vector<SlurSpan> slurSpans(const RowDraft &row, const SystemDraft &draft)
 {
     if (!row.row->isFirstOfStaff)
-        return;
+        return {};
     std::vector<SlurSpan> spans = markedSlurs(row);
     for (const NumberedSlur &slur : numberedSlurs(draft, row.row->track)) {
         const bool isHere = slur.firstRow == &row || (!slur.firstRow && slur.lastRow == &row);
@@ -389,6 +382,12 @@ void addSlurs(RowDraft &row, const SystemDraft &draft)
         if (isHere && staysHere)
             spans.push_back({slur.first, slur.last, !slur.firstRow, !slur.lastRow});
     }
+    return spans;
+}
+
+void addSlurs(RowDraft &row, const SystemDraft &draft)
+{
+    std::vector<SlurSpan> spans = slurSpans(row, draft);
     if (spans.empty())
         return;
     SlurDrawer drawer(row, draft);

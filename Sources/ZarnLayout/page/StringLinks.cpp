@@ -3,6 +3,7 @@
 
 #include <ZarnLayout/page/BowSeeker.h>
 #include <ZarnLayout/page/SideItem.h>
+#include <ZarnLayout/page/SlurEngraver.h>
 
 #include <algorithm>
 #include <cmath>
@@ -35,6 +36,9 @@ public:
 
     void draw()
     {
+        std::vector<SlurSpan> slurs;
+        if (_row.row->notation == Notation::Tablature)
+            slurs = slurSpans(_row, _draft);
         for (std::size_t i = 0; i < _row.chords.size(); ++i) {
             const PlacedChord &chord = _row.chords[i];
             if (chord.beat().noteCount == 0 || _row.row->notation == Notation::Slash)
@@ -44,7 +48,9 @@ public:
                 const auto [target, end] = targetOf(i, head);
                 if (note.marks.isHopo())
                     addHopo(chord, head, target, end);
-                addSlides(chord, head, note, target, end);
+                const bool isSlurred =
+                    note.marks.slideOut() == SlideOut::Legato && areSlurred(slurs, chord, target);
+                addSlides(chord, head, note, target, end, isSlurred);
             }
         }
     }
@@ -63,6 +69,17 @@ private:
                 return {&chord, head};
         }
         return {nullptr, nullptr};
+    }
+
+    /// Whether a slur of the row binds two chords and no others: it shows that a slide between
+    /// them is not struck again.
+    bool areSlurred(const std::vector<SlurSpan> &slurs, const PlacedChord &from,
+                    const PlacedChord *to) const
+    {
+        return std::any_of(slurs.begin(), slurs.end(), [&](const SlurSpan &slur) {
+            return !slur.comesFromBefore && &_row.chords[slur.first] == &from
+                && (slur.goesOn ? !to : &_row.chords[slur.last] == to);
+        });
     }
 
     double headLeft(const PlacedChord &chord, const Head &head) const { return chord.x + head.x; }
@@ -172,7 +189,7 @@ private:
     }
 
     void addSlides(const PlacedChord &chord, const Head &head, const NoteSource &note,
-                   const PlacedChord *target, const Head *end)
+                   const PlacedChord *target, const Head *end, bool isSlurred)
     {
         constexpr double stub = 1.4;
         const bool isTab = _row.row->notation == Notation::Tablature;
@@ -201,6 +218,8 @@ private:
                 to -= step * 0.4;
             }
             addLine(chord, head, {right + 0.2, from}, {stop, to});
+            if (isSlurred)
+                return;
             if (out == SlideOut::Legato && isTab) {
                 BowEnds ends;
                 ends.isLevel = !end || end->y == head.y;
