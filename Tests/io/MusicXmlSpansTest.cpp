@@ -202,6 +202,25 @@ TEST(MusicXmlSpans, tremolosJoinTwoBeatsAndWavesGoOverAll)
     EXPECT_EQ(report.unheld(), (std::map<std::string, std::uint32_t>{{"tremolo", 2}}));
 }
 
+TEST(MusicXmlSpans, theLineOfATrillGoesOverNotesOfItsPitch)
+{
+    const std::string begin = "<ornaments><trill-mark/><wavy-line type=\"start\"/></ornaments>";
+    const std::string end = "<ornaments><wavy-line type=\"stop\"/></ornaments>";
+    ImportReport report;
+    const auto model =
+        import(score(measure(quarter(begin) + plain + quarter("", "1", 1, "D") + quarter(end))
+                     + measure(quarter(begin) + plain + quarter(end) + plain)
+                     + measure(quarter(begin) + plain + plain + plain + backup(4)
+                               + quarter("", "2", 1, "E") + quarter(end, "2", 1, "E")
+                               + quarter("", "2", 1, "C") + quarter("", "2", 1, "E"))),
+               report);
+    const auto signs = signsOf(*model, [](const Beat &beat) {
+        return std::string(beat.note(0)->trill().interval > 0 ? "tr" : "-");
+    });
+    EXPECT_EQ(signs, "tr tr - - tr tr tr - tr tr - - | - - - -");
+    EXPECT_TRUE(report.problems().empty()) << report.problems().front().toString();
+}
+
 TEST(MusicXmlSpans, hairpinsAreRunsOfBeatsFromTheirStartToTheirEnd)
 {
     ImportReport report;

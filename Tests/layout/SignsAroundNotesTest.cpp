@@ -204,3 +204,25 @@ TEST(SignsAroundNotesTest, versesStandEvenlyBelowOneAnother)
     for (std::size_t i = 1; i < sung.size(); ++i)
         EXPECT_NEAR(sung[i].y - sung[i - 1].y, sung[1].y - sung[0].y, 0.01) << sung[i].text;
 }
+
+/// One sign with its line goes over the notes of a key; another key, or one behind a rest, has its
+/// own.
+TEST(SignsAroundNotesTest, trillsOfOneKeyHaveOneSign)
+{
+    Piece piece(2);
+    const auto add = [&](const std::vector<int> &keys, unsigned bar) {
+        const Beat &beat = piece.add(keys, NoteValue::Quarter, 0, 0, bar);
+        for (const auto &note : beat.notes())
+            note->setTrill({2, Trill().speed});
+    };
+    for (const int key : {72, 72, 74, 74})
+        add({key}, 0);
+    add({74}, 1);
+    add({}, 1);
+    add({74}, 1);
+    std::vector<std::pair<int, int>> signs;
+    for (const auto &mark : LaidOut(*piece.model).of(MarkKind::Trill))
+        if (mark.glyph == "ornamentTrill")
+            signs.emplace_back(mark.place.bar, mark.place.beat);
+    EXPECT_EQ(signs, (std::vector<std::pair<int, int>>{{0, 0}, {0, 2}, {1, 2}}));
+}

@@ -39,9 +39,10 @@ struct ChordRun {
     bool goesOn = false;          ///< ends in a later one
 };
 
-/// The runs of chords of which `has` says yes; rests between them are part of a run.
-template <class Has>
-std::vector<ChordRun> runsOf(const SystemDraft &draft, const RowDraft &row, Has has)
+/// The runs of chords of which `has` says yes; rests between them are part of a run. A chord at
+/// which `goesOn(last, chord)` says no begins another run.
+template <class Has, class GoesOn>
+std::vector<ChordRun> runsOf(const RowDraft &row, Has has, GoesOn goesOn)
 {
     std::vector<ChordRun> runs;
     bool isOpen = false;
@@ -50,7 +51,7 @@ std::vector<ChordRun> runsOf(const SystemDraft &draft, const RowDraft &row, Has 
         if (i > 0 && row.chords[i - 1].chord->voice != chord.chord->voice)
             isOpen = false;
         if (has(chord)) {
-            if (isOpen)
+            if (isOpen && goesOn(row.chords[runs.back().last], chord))
                 runs.back().last = i;
             else
                 runs.push_back({i, i, false, false});
@@ -59,8 +60,13 @@ std::vector<ChordRun> runsOf(const SystemDraft &draft, const RowDraft &row, Has 
             isOpen = false;
         }
     }
-    static_cast<void>(draft);
     return runs;
+}
+
+template <class Has>
+std::vector<ChordRun> runsOf(const RowDraft &row, Has has)
+{
+    return runsOf(row, has, [](const PlacedChord &, const PlacedChord &) { return true; });
 }
 
 /// Moves what would lead over the end of the line to the left, as far as its beginning at most.

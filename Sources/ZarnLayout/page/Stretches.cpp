@@ -71,6 +71,16 @@ double endOf(const SystemDraft &draft, const RowDraft &row, const ChordRun &run,
     return std::max(right, rightOf(last));
 }
 
+/// The key of the note that is trilled: one behind a rest, or on another key, has its own sign.
+int trilledKey(const PlacedChord &chord)
+{
+    for (unsigned i = 0; i < chord.beat().noteCount; ++i)
+        if (const NoteSource &note = chord.source->notes[chord.beat().firstNote + i];
+            note.marks.trill().interval > 0)
+            return note.midi;
+    return -1;
+}
+
 /// A sign of the notes that is written once for all neighbours that have it.
 struct Stretch {
     MarkKind kind;
@@ -182,7 +192,7 @@ void addHarmonics(RowDraft &row, const SystemDraft &draft, SideItems &items)
                     return true;
             return false;
         };
-        for (const ChordRun &run : runsOf(draft, row, has)) {
+        for (const ChordRun &run : runsOf(row, has)) {
             SideItem item;
             item.line = stretchLine;
             item.inks = dashed(draft.pen, MarkKind::Harmonic, harmonicLetters(type),
@@ -303,7 +313,7 @@ void addOttavas(RowDraft &row, const SystemDraft &draft)
     if (row.row->notation != Notation::Standard)
         return;
     for (const Ottavia ottavia : {Ottavia::_15ma, Ottavia::_8va, Ottavia::_8vb, Ottavia::_15mb}) {
-        auto runs = runsOf(draft, row, [ottavia](const PlacedChord &chord) {
+        auto runs = runsOf(row, [ottavia](const PlacedChord &chord) {
             // What holds for the whole bar is in its clef.
             return chord.beat().marks.ottavia() == ottavia && ottavia != chord.source->ottavia;
         });
@@ -428,7 +438,11 @@ void addStretches(RowDraft &row, const SystemDraft &draft)
         place(row, std::move(harmonics));
         for (const Stretch &stretch : stretches) {
             SideItems items;
-            for (const ChordRun &run : runsOf(draft, row, stretch.has)) {
+            const auto goesOn = [&](const PlacedChord &last, const PlacedChord &chord) {
+                return stretch.kind != MarkKind::Trill
+                    || (&chord == &last + 1 && trilledKey(chord) == trilledKey(last));
+            };
+            for (const ChordRun &run : runsOf(row, stretch.has, goesOn)) {
                 SideItem item;
                 item.inks = stretch.make(draft.pen, startOf(row, run),
                                          endOf(draft, row, run, stretch.fillsBeat));

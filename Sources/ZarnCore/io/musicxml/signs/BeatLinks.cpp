@@ -91,8 +91,8 @@ void BeatLinks::setTremolo(const SpanMatcher::Span &span, const Staff::Bars &bar
     begin.beat->setTremolo(0);
 }
 
-/// The line of a trill goes as far as the note is held; behind it are notes that are not trilled.
-/// It may end in another voice, or at a rest.
+/// The line of a trill goes over the notes of its pitch, held or struck again; what follows them is
+/// not trilled. It may end in another voice, or at a rest.
 void BeatLinks::setWave(const SpanMatcher::Span &span, const Staff::Bars &bars)
 {
     const auto &begin = span.begin.place;
@@ -100,12 +100,24 @@ void BeatLinks::setWave(const SpanMatcher::Span &span, const Staff::Bars &bars)
     const bool isInLine = begin.isInLineOf(span.end.place);
     const auto trill = begin.note->trill();
     if (trill.interval != 0 || span.begin.node.parent().child(tagName(Tag::TrillMark))) {
-        if (isInLine)
-            line.visit(begin, span.end.place, [&](Beat &beat) {
-                for (const auto &note : beat.notes())
-                    if (note->isTied() && note->midi() == begin.note->midi())
-                        note->setTrill(trill);
-            });
+        int bar = begin.bar;
+        unsigned index = begin.index;
+        auto onset = begin.onset;
+        bool isTrilled = true;
+        for (Beat *beat = begin.beat;
+             beat && isTrilled && std::make_tuple(bar, onset) <= span.end.place.inTime();) {
+            isTrilled = false;
+            for (const auto &note : beat->notes())
+                if (note->midi() == begin.note->midi()) {
+                    note->setTrill(trill);
+                    isTrilled = true;
+                }
+            const int barBefore = bar;
+            onset += beat->length();
+            beat = line.next(bar, index);
+            if (bar != barBefore)
+                onset = 0;
+        }
         return;
     }
     const auto wave = waveOf(span.begin.node.attribute("smufl").value());
