@@ -45,6 +45,11 @@ const char *barStyleOf(BarLine line)
     return style == std::end(barStyles) ? nullptr : style->name.data();
 }
 
+bool isFinalBarStyle(std::string_view style)
+{
+    return style == "light-heavy" || style == "heavy-heavy" || style == "heavy";
+}
+
 void BarlineReader::read(pugi::xml_node node, PartFacts &facts)
 {
     const std::string_view location = node.attribute("location").value();
@@ -86,7 +91,7 @@ void BarlineReader::read(pugi::xml_node node, PartFacts &facts)
 void BarlineReader::readStyle(pugi::xml_node style, bool left, bool repeats, PartFacts &facts)
 {
     const std::string_view name = style.child_value();
-    if (!left && (name == "light-heavy" || name == "heavy-heavy" || name == "heavy"))
+    if (!left && isFinalBarStyle(name))
         facts.finalBars.push_back(_context.bar());
     if (name == "light-light" && _context.bar() - left >= 0)
         facts.doubleBars.push_back(_context.bar() - left);

@@ -4,6 +4,7 @@
 #include <ZarnCore/io/musicxml/PartFacts.h>
 
 #include <optional>
+#include <string_view>
 
 namespace zarn::io {
 
@@ -11,6 +12,9 @@ class ImportContext;
 
 /// The <bar-style> of a line of its own kind; null for the usual line.
 const char *barStyleOf(BarLine line);
+
+/// Whether a <bar-style> closes a piece or a movement.
+bool isFinalBarStyle(std::string_view style);
 
 /// Reads <barline>: repeats, endings, double bars, and the signs on bar lines.
 class BarlineReader {

@@ -2,6 +2,7 @@
 #include <ZarnCore/io/musicxml/writer/UnheldCounter.h>
 
 #include <ZarnCore/instruments/effects/ZarnMastering.h>
+#include <ZarnCore/io/musicxml/BarlineReader.h>
 #include <ZarnCore/io/musicxml/Movements.h>
 #include <ZarnCore/io/musicxml/TrackBuilder.h>
 #include <ZarnCore/io/musicxml/writer/ExportContext.h>
@@ -58,14 +59,28 @@ void countBar(const MasterBar &bar, const ScoreModel &model, ExportContext &cont
                                 "length of a fermata");
 }
 
-/// Movements that readers take for one; see `FineBars`.
+/// Whether the bar line of a bar may be one that closes a movement.
+bool mayClose(const MasterBar &bar)
+{
+    const char *const own = barStyleOf(bar.barLine());
+    return bar.isRepeatEnd() || (!bar.hasDoubleBar() && (!own || isFinalBarStyle(own)));
+}
+
+/// Movements that readers take for one: behind no final bar line, or as `FineBars` says.
 void countMovements(const MasterTrack &master, ExportContext &context)
 {
     FineBars bars;
     std::set<int> starts;
-    for (const auto &bar : master.masterBars())
-        if (bar->index() > 0 && bar->isMovementStart())
+    for (const auto &bar : master.masterBars()) {
+        if (bar->index() == 0 || !bar->isMovementStart())
+            continue;
+        if (mayClose(*master.masterBars()[bar->index() - 1])) {
             starts.insert(static_cast<int>(bar->index()));
+        } else {
+            context.setPlace(-1, static_cast<int>(bar->index()));
+            context.addUnheld("start of a movement behind another bar line than a final one");
+        }
+    }
     for (int kind = 0; kind < DirectionMarkCount && !starts.empty(); ++kind) {
         const auto mark = static_cast<DirectionMark>(kind);
         if (mark == DirectionMark::Fine)
