@@ -115,7 +115,11 @@ Change askTime(const ActionContext &context)
         BeamGroups::fromString(given->value(QStringLiteral("beams")).toString().toStdString());
     const auto sign = static_cast<MeterSign>(given->value(QStringLiteral("sign")).toInt());
     const bool isFree = given->value(QStringLiteral("free")).toBool();
-    const bool hasSign = sign != bar->meterSign();
+    // Another meter is written with numbers at first; the C of the one before is none of its own.
+    const bool isOther = meter != bar->timeSignature();
+    const bool isStale = isOther && sign == bar->meterSign()
+        && (sign == MeterSign::Common || sign == MeterSign::Cut);
+    const bool hasSign = !isStale && sign != (isOther ? MeterSign::Numbers : bar->meterSign());
     const bool isFreeNow = bar->isFreeTime();
     const bool hasBeams = beams && *beams != bar->beamGroups();
     const auto bars = stretchOf(context, *given, [](const MasterBar &a, const MasterBar &b) {
