@@ -15,7 +15,32 @@ int placeOf(const PlannedNote &note)
     return note.string >= 0 ? note.string : firstKey + note.key;
 }
 
+constexpr unsigned barsOfRinging = 4;
+
 } // namespace
+
+utils::rational latestRinging(const PlayedBeats &beats, std::uint32_t beat,
+                              const PlayedBars &playedBars)
+{
+    const std::uint32_t playedBar = beats[beat].playedBar;
+    const auto &bars = playedBars.bars();
+    utils::rational latest = playedBar + barsOfRinging >= bars.size()
+        ? playedBars.length()
+        : bars[playedBar + barsOfRinging].start;
+    // A bar of the voice that is all rests ends it.
+    const auto from = std::upper_bound(
+        beats.begin(), beats.end(), playedBar,
+        [](std::uint32_t bar, const PlayedBeat &other) { return bar < other.playedBar; });
+    for (auto next = from; next != beats.end() && next->start < latest;) {
+        const auto bar = next->playedBar;
+        bool isSilent = true;
+        for (; next != beats.end() && next->playedBar == bar; ++next)
+            isSilent = isSilent && !next->beat->hasNotes();
+        if (isSilent)
+            return std::min(latest, bars[bar].start);
+    }
+    return latest;
+}
 
 void letRing(std::vector<PlannedNote> &notes, const std::vector<RingingNote> &ringing)
 {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ZarnCore/playback/PlayedVoice.h>
 #include <ZarnCore/playback/ZarnPlannedNote.h>
 
 #include <cstddef>
@@ -13,6 +14,10 @@ struct RingingNote {
     std::size_t note = 0; ///< in the list of the staff's notes
     utils::rational latest;
 };
+
+/// When a note of a beat of a voice ends at the latest that rings on: four bars later, and sooner
+/// where the voice has a bar of rests or the piece ends.
+utils::rational latestRinging(const PlayedBeats &beats, std::uint32_t beat, const PlayedBars &bars);
 
 /// Lets notes of a staff ring until their string (without one, their key) is struck again, and no
 /// longer than to their latest time.

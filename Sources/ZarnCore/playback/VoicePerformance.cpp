@@ -16,8 +16,6 @@ namespace {
 
 using utils::rational;
 
-constexpr unsigned barsOfRinging = 4;
-
 /// What is left of an attack that comes later than its note may sound.
 const utils::rational shortestShare(1, 8);
 
@@ -50,7 +48,7 @@ VoicePerformance::VoicePerformance(const VoicePlace &place, const PlayedBeats &b
                                    std::vector<LooseEnd> &looseStarts,
                                    std::vector<LooseEnd> &looseEnds)
     : _place(place), _beats(beats), _result(result), _ringing(ringing), _looseStarts(looseStarts),
-      _looseEnds(looseEnds), _hasHairpins(place.dynamics.hasSlopes()),
+      _looseEnds(looseEnds), _tremolos(beats), _hasHairpins(place.dynamics.hasSlopes()),
       _isPlain(!_hasHairpins && !place.track.hasAutoBrush() && !place.track.letsRingThroughout()
                && !InstrumentSet::isUnpitched(place.track.type()))
 {
@@ -162,7 +160,7 @@ void VoicePerformance::playChain(const NoteChain &chain)
         _looseEnds.push_back({_result.notes.size() - 1, _beats[last.beat].end()});
     if (rings(*last.note))
         for (auto i = begin; i < _result.notes.size(); ++i)
-            _ringing.push_back({i, latestRinging(_beats[last.beat])});
+            _ringing.push_back({i, latestRinging(_beats, last.beat, _place.bars)});
 }
 
 PlannedNote VoicePerformance::plan(const NotePiece &piece, const SoundingKey &key) const
@@ -192,56 +190,13 @@ const std::vector<Stroke> &VoicePerformance::strokesOfBeat(std::uint32_t index)
     _strokesBeat = index;
     const PlayedBeat &played = _beats[index];
     const Beat &beat = *played.beat;
-    if (const auto first = pairedBefore(index))
-        _strokes = strokesOfPair(*first, index, TremoloSide::Second);
-    else if (const auto second = pairedBehind(index))
-        _strokes = strokesOfPair(index, *second, TremoloSide::First);
-    else
+    _strokes = _tremolos.strokesOf(index);
+    if (_strokes.empty())
         _strokes = strokesOf(beat, played.length);
     Strum &strum = _strokes.front().strum;
     if (_place.track.hasAutoBrush() && strum.direction == Direction::None && _strokes.size() == 1)
         strum = autoBrush(beat, played.offset);
     return _strokes;
-}
-
-std::vector<Stroke> VoicePerformance::strokesOfPair(std::uint32_t first, std::uint32_t second,
-                                                    TremoloSide side) const
-{
-    const PlayedBeat &left = _beats[first];
-    const PlayedBeat &right = _beats[second];
-    TremoloPairTimes times{left.length, right.length, left.length, PairJoint::Direct};
-    if (second != first + 1) {
-        times.distance = right.start - left.start;
-        times.joint = PairJoint::GraceNotes;
-    }
-    return playback::strokesOfPair(*left.beat, side, times);
-}
-
-/// The beat that takes turns with this one in a tremolo that begins here: the next one that is no
-/// grace beat.
-std::optional<std::uint32_t> VoicePerformance::pairedBehind(std::uint32_t index) const
-{
-    if (_beats[index].beat->tremoloToNext() == 0)
-        return std::nullopt;
-    for (std::uint32_t next = index + 1; next < _beats.size() && _beats[next].isJoined; ++next)
-        if (!_beats[next].beat->isGrace())
-            return next;
-    return std::nullopt;
-}
-
-/// The beat where a tremolo begins that ends here.
-std::optional<std::uint32_t> VoicePerformance::pairedBefore(std::uint32_t index) const
-{
-    if (_beats[index].beat->isGrace())
-        return std::nullopt;
-    for (; index > 0 && _beats[index].isJoined; --index) {
-        const Beat &before = *_beats[index - 1].beat;
-        if (before.tremoloToNext() != 0)
-            return index - 1;
-        if (!before.isGrace())
-            break;
-    }
-    return std::nullopt;
 }
 
 /// Whether what stands before a beat changes nothing of how it is struck.
@@ -250,7 +205,7 @@ bool VoicePerformance::followsPlainly(std::uint32_t index) const
     if (index == 0)
         return true;
     const Beat &before = *_beats[index - 1].beat;
-    return before.isCommon() && (!before.isGrace() || !pairedBefore(index));
+    return before.isCommon() && (!before.isGrace() || !_tremolos.partnerBefore(index));
 }
 
 utils::rational VoicePerformance::delayOf(const NotePiece &piece, const Stroke &stroke)
@@ -328,7 +283,7 @@ void VoicePerformance::endAttacks(const NoteChain &chain)
     const PlayedBeat &lastBeat = _beats[last.beat];
     const utils::rational start = _beats[_chains.pieces[chain.first].beat].start;
     const utils::rational whole = lastBeat.end() - start;
-    if (beatOf(last).tremoloToNext() != 0 || pairedBefore(last.beat))
+    if (beatOf(last).tremoloToNext() != 0 || _tremolos.partnerBefore(last.beat))
         return;
     if (beatOf(last).tremolo() != 0 || beatOf(last).rasgueado() != RasgueadoType::None) {
         if (strokesOfBeat(last.beat).size() > 1) {
@@ -449,29 +404,6 @@ bool VoicePerformance::rings(const Note &note) const
 {
     return note.letsRing()
         || (_place.track.letsRingThroughout() && !note.isPalmMuted() && !note.isDead());
-}
-
-utils::rational VoicePerformance::latestRinging(const PlayedBeat &played) const
-{
-    const auto &bars = _place.bars.bars();
-    std::size_t last = std::min<std::size_t>(played.playedBar + barsOfRinging, bars.size() - 1);
-    utils::rational latest = bars[last].start;
-    if (played.playedBar + barsOfRinging >= bars.size())
-        latest = _place.bars.length();
-    // A bar of the voice that is all rests ends it.
-    const auto from = std::upper_bound(
-        _beats.begin(), _beats.end(), played.playedBar,
-        [](std::uint32_t bar, const PlayedBeat &beat) { return bar < beat.playedBar; });
-    for (auto beat = from; beat != _beats.end() && beat->start < latest;) {
-        const auto bar = beat->playedBar;
-        const utils::rational start = bars[bar].start;
-        bool isSilent = true;
-        for (; beat != _beats.end() && beat->playedBar == bar; ++beat)
-            isSilent = isSilent && !beat->beat->hasNotes();
-        if (isSilent)
-            return std::min(latest, start);
-    }
-    return latest;
 }
 
 // Pitch.

@@ -7,8 +7,7 @@
 #include <ZarnCore/playback/RingingNotes.h>
 #include <ZarnCore/playback/SoundingKey.h>
 #include <ZarnCore/playback/TrackPerformance.h>
-
-#include <optional>
+#include <ZarnCore/playback/TremoloPairs.h>
 
 namespace zarn::playback {
 
@@ -66,12 +65,7 @@ private:
     Technique techniqueOf(const NotePiece &piece, Approach approach) const;
     utils::rational delayOf(const NotePiece &piece, const Stroke &stroke);
     bool rings(const Note &note) const;
-    utils::rational latestRinging(const PlayedBeat &played) const;
     const std::vector<Stroke> &strokesOfBeat(std::uint32_t beat);
-    std::vector<Stroke> strokesOfPair(std::uint32_t first, std::uint32_t second,
-                                      TremoloSide side) const;
-    std::optional<std::uint32_t> pairedBehind(std::uint32_t beat) const;
-    std::optional<std::uint32_t> pairedBefore(std::uint32_t beat) const;
     bool followsPlainly(std::uint32_t beat) const;
     void addFade(const NotePiece &piece, const utils::rational &from, const utils::rational &to);
     const Beat &beatOf(const NotePiece &piece) const { return *_beats[piece.beat].beat; }
@@ -84,6 +78,7 @@ private:
     std::vector<LooseEnd> &_looseEnds;
 
     NoteChains _chains;
+    TremoloPairs _tremolos;
     bool _hasMarkedNotes = false;
     bool _hasHairpins = false;
     std::vector<Attack> _attacks;
