@@ -1001,6 +1001,14 @@
         <source>Upper number</source>
         <translation>Obere Zahl</translation>
     </message>
+    <message>
+        <source>Slur line</source>
+        <translation>Bogenlinie</translation>
+    </message>
+    <message>
+        <source>Solid</source>
+        <translation>Durchgezogen</translation>
+    </message>
 </context>
 <context>
     <name>BarActions</name>

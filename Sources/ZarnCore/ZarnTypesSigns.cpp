@@ -72,6 +72,14 @@ constexpr auto syllabicTexts = enumTable<Syllabic>(KeyMatch::UpperCase,
                                                    });
 static_assert(syllabicTexts.isConsistent());
 
+constexpr auto slurLineTexts = enumTable<SlurLine>(KeyMatch::UpperCase,
+                                                   {
+                                                       {SlurLine::Solid, "Solid"},
+                                                       {SlurLine::Dashed, "Dashed"},
+                                                       {SlurLine::Dotted, "Dotted"},
+                                                   });
+static_assert(slurLineTexts.isConsistent());
+
 constexpr auto textSpanTexts = enumTable<TextSpan>(KeyMatch::UpperCase,
                                                    {
                                                        {TextSpan::None, "None"},
@@ -149,6 +157,16 @@ std::string syllabicToString(Syllabic value)
 Syllabic syllabicFromString(const std::string &text)
 {
     return syllabicTexts.valueOrFirst(text);
+}
+
+std::string slurLineToString(SlurLine value)
+{
+    return std::string(slurLineTexts.textOrFirst(value));
+}
+
+SlurLine slurLineFromString(const std::string &text)
+{
+    return slurLineTexts.valueOrFirst(text);
 }
 
 std::string textSpanToString(TextSpan value)

@@ -73,6 +73,13 @@ enum class TextSpan : std::uint8_t {
     End,
 };
 
+/// How the curve of a slur is drawn.
+enum class SlurLine : std::uint8_t {
+    Solid,
+    Dashed,
+    Dotted,
+};
+
 /// What joins the staves of a group of tracks at the start of a system.
 enum class GroupSymbol : std::uint8_t {
     None,
@@ -98,6 +105,9 @@ ZARNCORE_EXPORT BeamMode beamModeFromString(const std::string &text);
 
 ZARNCORE_EXPORT std::string syllabicToString(Syllabic value);
 ZARNCORE_EXPORT Syllabic syllabicFromString(const std::string &text);
+
+ZARNCORE_EXPORT std::string slurLineToString(SlurLine value);
+ZARNCORE_EXPORT SlurLine slurLineFromString(const std::string &text);
 
 ZARNCORE_EXPORT std::string textSpanToString(TextSpan value);
 ZARNCORE_EXPORT TextSpan textSpanFromString(const std::string &text);

@@ -223,9 +223,15 @@ TEST(LilyPondExporter, drawsSlursHairpinsAndLines)
     beatOf(*score, 0, 3).setDynamic(NoteDynamic::Value::F);
     for (unsigned beat = 0; beat < 3; ++beat)
         beatOf(*score, 1, beat).note(0)->setPalmMute(true);
+    beatOf(*score, 1, 2).setSlurredToNext(true);
+    beatOf(*score, 1, 2).setSlurLine(SlurLine::Dashed);
+    beatOf(*score, 1, 3).setSlurredToPrevious(true);
     const std::string text = exported(*score->scoreModel());
     EXPECT_TRUE(has(text, "a'4\\1^\"H\"\\=90( b'4\\1\\=90)\\< c''4\\1 b'4\\1\\f ")) << text;
-    EXPECT_TRUE(has(text, "\\startTextSpan e'4\\2 e'4\\2\\stopTextSpan e'4\\2 ")) << text;
+    EXPECT_TRUE(has(text,
+                    "\\startTextSpan e'4\\2 e'4\\2"
+                    "-\\tweak dash-definition #'((0 1 0.4 0.75)) (\\stopTextSpan e'4\\2) "))
+        << text;
 }
 
 TEST(LilyPondExporter, singsEachNoteItsSyllable)

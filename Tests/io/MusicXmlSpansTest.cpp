@@ -2,6 +2,8 @@
 // What leads from one note or time of a document to another: slurs, hairpins, slides, pedals.
 #include "MusicXmlText.h"
 
+#include <ZarnCore/io/ZarnExportReport.h>
+#include <ZarnCore/io/ZarnMusicXmlExporter.h>
 #include <ZarnCore/model/ZarnModelCheck.h>
 
 #include <gtest/gtest.h>
@@ -135,6 +137,31 @@ TEST(MusicXmlSpans, slursCrossBarsVoicesAndStaves)
                       + measure(quarter(slur("stop")) + plain + backup(2)
                                 + quarter(slur("stop"), "2") + quarter("", "2"))),
               "( )( ) - | ( )( ) -");
+}
+
+/// All beats under a slur know its line, and both ends of one with a number do; a document says it
+/// where the slur begins.
+TEST(MusicXmlSpans, slursKeepTheLineThatTheyBeginWith)
+{
+    const std::string written = quarter("<slur type=\"start\" number=\"1\" line-type=\"dashed\"/>")
+        + quarter("<slur type=\"start\" number=\"2\" line-type=\"dotted\"/>")
+        + quarter("<slur type=\"stop\" number=\"2\"/>")
+        + quarter("<slur type=\"stop\" number=\"1\"/><slur type=\"start\" number=\"1\"/>");
+    ImportReport report;
+    const auto model = import(score(measure(written) + measure(quarter(slur("stop")))), report);
+    const auto linesOf = [](const ScoreModel &model) {
+        return signsOf(model, [](const Beat &beat) {
+            std::string text = slurLineToString(beat.slurLine());
+            for (const auto &end : beat.slurEnds())
+                text += (end.isBegin ? "<" : ">") + slurLineToString(end.line);
+            return text;
+        });
+    };
+    EXPECT_EQ(linesOf(*model).substr(0, 46), "Dashed Dashed<Dotted Dashed>Dotted Solid Solid");
+    io::ExportReport told;
+    const auto copy = import(io::MusicXmlExporter().toText(*model, told), report);
+    EXPECT_EQ(linesOf(*copy), linesOf(*model));
+    EXPECT_TRUE(told.unheld().empty());
 }
 
 TEST(MusicXmlSpans, slursWithOneEndAreLeftOutAndTold)

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -154,4 +155,35 @@ TEST(DrawnMusicXmlTest, bendsStayInTheirBars)
     EXPECT_FALSE(bends.empty());
     for (const auto &bend : bends)
         EXPECT_LT(bend.right, lines.at(static_cast<std::size_t>(bend.place.bar)));
+}
+
+/// In one mark, with a whole piece at each end.
+TEST(DrawnMusicXmlTest, dashedAndDottedSlursAreInPieces)
+{
+    const auto piecesOf = [](const char *line) {
+        const auto at = [](const std::string &notations) {
+            return "<note><pitch><step>C</step><octave>5</octave></pitch><duration>2</duration>"
+                   "<voice>1</voice><type>half</type><notations>"
+                + notations + "</notations></note>";
+        };
+        const auto model = read(measure(attributes(fourQuarters)
+                                        + at(std::string("<slur type=\"start\"") + line + "/>")
+                                        + at("<slur type=\"stop\"/>")));
+        const LaidOut laid(*model);
+        const layout::DrawList &list = laid.layout->pages()[0].systems[0].drawing->marks;
+        std::vector<int> pieces;
+        for (const layout::DrawMark &mark : list.marks())
+            if (mark.kind == MarkKind::Slur) {
+                const auto &path = list.path(mark);
+                const auto *const verbs = list.verbs().data() + path.firstVerb;
+                pieces.push_back(static_cast<int>(
+                    std::count(verbs, verbs + path.verbCount, layout::PathVerb::Close)));
+            }
+        EXPECT_EQ(pieces.size(), 1U);
+        return pieces.at(0);
+    };
+    EXPECT_EQ(piecesOf(""), 1);
+    const int dashes = piecesOf(" line-type=\"dashed\"");
+    EXPECT_GT(dashes, 2);
+    EXPECT_GT(piecesOf(" line-type=\"dotted\""), dashes);
 }

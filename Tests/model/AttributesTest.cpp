@@ -203,10 +203,11 @@ TEST(Attributes, aCutDealsThemOut)
     beat.setFadding(Fadding::VolumeSwell);
     beat.setSlurredToNext(true);
     beat.setSlurBegins(true);
+    beat.setSlurLine(SlurLine::Dotted);
     beat.setBreath(BreathSign::Breath);
     beat.setCue(true);
     beat.setLyrics({{0, Syllabic::Single, true, "la"}});
-    beat.setSlurEnds({{2, false}, {3, true}});
+    beat.setSlurEnds({{2, false}, {3, true, SlurLine::Dashed}});
     beat.setWhammyBar({WhammyBarType::Dive, {{0, 0}, {60, -8}}});
     note.setAccents(
         AccentFlags(AccentFlag::Staccato).with(AccentFlag::Accent).with(AccentFlag::Tenuto));
@@ -243,8 +244,9 @@ TEST(Attributes, aCutDealsThemOut)
         EXPECT_TRUE(part.isCue());
         EXPECT_TRUE(part.isSlurredToNext());
         EXPECT_EQ(part.isSlurredToPrevious(), !isFirst);
+        EXPECT_EQ(part.slurLine(), SlurLine::Dotted);
         EXPECT_EQ(part.slurEnds(),
-                  isFirst      ? SlurEnds({{3, true}})
+                  isFirst      ? SlurEnds({{3, true, SlurLine::Dashed}})
                       : isLast ? SlurEnds({{2, false}})
                                : SlurEnds());
         const zarn::Note &held = noteOf(piece);

@@ -76,7 +76,8 @@ struct Writer {
     std::string operator()(const SlurEnds &value) const
     {
         return joined(value, [](const SlurEnd &end) {
-            return (end.isBegin ? "begin " : "end ") + std::to_string(end.number);
+            return (end.isBegin ? "begin " : "end ") + std::to_string(end.number)
+                + (end.line == SlurLine::Solid ? "" : " " + slurLineToString(end.line));
         });
     }
     std::string operator()(const TimeSignature &value) const

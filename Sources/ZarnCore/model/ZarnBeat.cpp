@@ -170,7 +170,8 @@ bool areValid(const BeatDetails &details) noexcept
 {
     return details.whammyBar.isValid() && areValid(details.lyrics) && areValid(details.slurEnds)
         && details.barre.isValid() && details.strumLength <= Strum::LongestLength
-        && details.strumAnchor <= StrumAnchor::EndsOnBeat && details.textSpan <= TextSpan::End;
+        && details.strumAnchor <= StrumAnchor::EndsOnBeat && details.textSpan <= TextSpan::End
+        && details.slurLine <= SlurLine::Dotted;
 }
 
 } // namespace
@@ -192,6 +193,12 @@ void Beat::setTextSpan(TextSpan span)
     ZARN_ASSERT_IN("zarn::Beat::setTextSpan", span <= TextSpan::End);
     _details.change([&](BeatDetails &details) { details.textSpan = span; });
     spansChanged();
+}
+
+void Beat::setSlurLine(SlurLine line)
+{
+    ZARN_ASSERT_IN("zarn::Beat::setSlurLine", line <= SlurLine::Dotted);
+    _details.change([&](BeatDetails &details) { details.slurLine = line; });
 }
 
 void Beat::setChord(const ChordMark &chord)

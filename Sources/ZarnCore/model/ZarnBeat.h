@@ -163,6 +163,11 @@ public:
     const Syllables &lyrics() const noexcept { return details().lyrics; }
     void setLyrics(const Syllables &syllables);
 
+    /// The curve of the slur of the marks that begins at the beat or goes on over it, else of the
+    /// one that ends there; all of it is drawn as its first beat says.
+    SlurLine slurLine() const noexcept { return details().slurLine; }
+    void setSlurLine(SlurLine line);
+
     /// Slurs beside the one of the marks.
     const SlurEnds &slurEnds() const noexcept { return details().slurEnds; }
     void setSlurEnds(const SlurEnds &ends);

@@ -116,6 +116,10 @@ bool canBeginSlur(const Staff &, const Beat &beat, const AttributeValue &)
 {
     return beat.isSlurredToNext();
 }
+bool isUnderSlur(const Staff &, const Beat &beat, const AttributeValue &)
+{
+    return beat.isSlurredToNext() || beat.isSlurredToPrevious();
+}
 bool canBeginHairpin(const Staff &, const Beat &beat, const AttributeValue &)
 {
     return beat.hairpin() != Hairpin::NoHairpin;
@@ -249,6 +253,9 @@ constexpr std::array<Row, BeatAttributeCount> rows = {{
                                              Split::Cut),
     row<&Beat::textSpan, &Beat::setTextSpan>(Id::TextSpan, "TextSpan", "textSpan",
                                              enumerators<textSpanToString, 2>(), Split::Cut),
+    where(isUnderSlur,
+          row<&Beat::slurLine, &Beat::setSlurLine>(Id::SlurLine, "SlurLine", "slurLine",
+                                                   enumerators<slurLineToString, 2>(), Split::All)),
 }};
 static_assert(areInOrder(rows));
 

@@ -54,9 +54,10 @@ enum class BeatAttribute : std::uint8_t {
     Cue,
     SlurEnds, ///< `SlurEnds`
     TextSpan,
+    SlurLine,
 };
 
-constexpr unsigned BeatAttributeCount = 40;
+constexpr unsigned BeatAttributeCount = 41;
 
 using BeatAttributeSet = AttributeSet<BeatAttribute>;
 

@@ -8,7 +8,8 @@ bool operator==(const BeatDetails &left, const BeatDetails &right)
     return left.text == right.text && left.chord == right.chord && left.whammyBar == right.whammyBar
         && left.lyrics == right.lyrics && left.slurEnds == right.slurEnds
         && left.barre == right.barre && left.strumLength == right.strumLength
-        && left.strumAnchor == right.strumAnchor && left.textSpan == right.textSpan;
+        && left.strumAnchor == right.strumAnchor && left.textSpan == right.textSpan
+        && left.slurLine == right.slurLine;
 }
 
 } // namespace zarn

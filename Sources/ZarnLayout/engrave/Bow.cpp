@@ -6,6 +6,18 @@
 
 namespace zarn::engraving {
 
+Point pointOn(const std::array<Point, 4> &handles, double t) noexcept
+{
+    const double u = 1 - t;
+    const std::array<double, 4> part = {u * u * u, 3 * u * u * t, 3 * u * t * t, t * t * t};
+    Point point;
+    for (std::size_t k = 0; k < 4; ++k) {
+        point.x += part[k] * handles[k].x;
+        point.y += part[k] * handles[k].y;
+    }
+    return point;
+}
+
 double Bow::length() const noexcept
 {
     return std::hypot(to.x - from.x, to.y - from.y);
@@ -36,15 +48,8 @@ std::vector<Point> Bow::samples(std::size_t count) const
 {
     const std::array<Point, 4> handle = handles();
     std::vector<Point> points(count + 1);
-    for (std::size_t i = 0; i <= count; ++i) {
-        const double t = static_cast<double>(i) / static_cast<double>(count);
-        const double u = 1 - t;
-        const std::array<double, 4> part = {u * u * u, 3 * u * u * t, 3 * u * t * t, t * t * t};
-        for (std::size_t k = 0; k < 4; ++k) {
-            points[i].x += part[k] * handle[k].x;
-            points[i].y += part[k] * handle[k].y;
-        }
-    }
+    for (std::size_t i = 0; i <= count; ++i)
+        points[i] = pointOn(handle, static_cast<double>(i) / static_cast<double>(count));
     return points;
 }
 

@@ -8,6 +8,9 @@
 
 namespace zarn::engraving {
 
+/// A point of a Bezier curve, from 0 at its begin to 1 at its end.
+Point pointOn(const std::array<Point, 4> &handles, double t) noexcept;
+
 /// A tie or slur that seeks its place: a Bezier curve from left to right.
 struct Bow {
     Point from;

@@ -57,6 +57,8 @@ public:
     double thinBar() const noexcept { return 0.16; }
     double thickBar() const noexcept { return 0.5; }
     double slurThickness() const noexcept { return 0.22; }
+    /// Thickness of dashed and dotted slurs, and length of their dots.
+    double slurDotSize() const noexcept { return 0.15; }
 
 private:
     struct Glyph {

@@ -64,7 +64,7 @@ struct Ink {
     double scale = 1;       ///< of a glyph or text
     double stretch = 0;     ///< of a glyph across, where it is another one; 0 for the same
     double thickness = 0;   ///< of lines and of the middle of a curve
-    double dash = 0;        ///< of lines: length of dashes, 0 for none
+    double dash = 0;        ///< of lines and curves: length of dashes, 0 for none
     double gap = 0;         ///< between dashes
     int rows[2] = {-1, -1}; ///< of a line over rows: those its ends go with, -1 for the nearest
     std::vector<Point> points;

@@ -97,6 +97,16 @@ Ink Pen::curve(MarkKind kind, const std::array<Point, 4> &handles) const
     return ink;
 }
 
+Ink Pen::slur(const Bow &bow, SlurLine line) const
+{
+    Ink ink = curve(MarkKind::Slur, bow.handles());
+    if (line != SlurLine::Solid) {
+        ink.dash = line == SlurLine::Dashed ? 0.75 : _fonts.slurDotSize();
+        ink.gap = line == SlurLine::Dashed ? 0.45 : 0.4;
+    }
+    return ink;
+}
+
 Ink Pen::text(MarkKind kind, TextRole style, const std::string &text, double x, double y,
               Align align, double scale) const
 {

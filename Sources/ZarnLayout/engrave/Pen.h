@@ -4,9 +4,13 @@
 #include <ZarnLayout/engrave/Fonts.h>
 #include <ZarnLayout/engrave/Ink.h>
 
+#include <ZarnCore/ZarnTypesSigns.h>
+
 #include <array>
 
 namespace zarn::engraving {
+
+struct Bow;
 
 /// Makes marks with their boxes, as the fonts have them.
 class Pen {
@@ -27,6 +31,9 @@ public:
     /// A curve between two ends that bows by a height, upwards above 0; or by its four handles.
     Ink curve(MarkKind kind, Point from, Point to, double height) const;
     Ink curve(MarkKind kind, const std::array<Point, 4> &handles) const;
+
+    /// A curve that is broken as its line says.
+    Ink slur(const Bow &bow, SlurLine line) const;
 
     /// Text that begins, is centred or ends at x; y is its base line.
     enum class Align { Begin, Centre, End };

@@ -174,7 +174,7 @@ void addCrossStaffSlurs(SystemDraft &draft)
                 if (row.row->track == track)
                     field.add(row.inks, row.y);
             const Bow bow = bestCrossing(slur, field);
-            Ink curve = draft.pen.curve(MarkKind::Slur, bow.handles());
+            Ink curve = draft.pen.slur(bow, slur.line);
             curve.place = placeOf(*slur.firstRow, slur.firstRow->chords[slur.first]);
             curves.push_back(std::move(curve));
             const std::vector<Point> points = bow.samples(200);

@@ -26,6 +26,7 @@ public:
 
 private:
     void emitCurve(const Ink &ink, double x, double y) const;
+    void emitDashes(const Ink &ink, double x, double y) const;
 
     layout::DrawListBuilder &_builder;
     const Fonts &_fonts;

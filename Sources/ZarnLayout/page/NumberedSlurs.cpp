@@ -12,6 +12,7 @@ std::vector<NumberedSlur> numberedSlurs(const SystemDraft &draft, unsigned track
         const RowDraft *row;
         std::size_t chord;
         double x;
+        SlurLine line = SlurLine::Solid;
     };
     std::vector<Place> places;
     for (const RowDraft &row : draft.rows)
@@ -28,15 +29,17 @@ std::vector<NumberedSlur> numberedSlurs(const SystemDraft &draft, unsigned track
         for (const SlurEnd &end : place.row->chords[place.chord].beat().details->slurEnds) {
             if (end.isBegin) {
                 open[end.number] = place;
+                open[end.number].line = end.line;
             } else if (const auto begin = open.find(end.number); begin != open.end()) {
-                slurs.push_back({begin->second.row, place.row, begin->second.chord, place.chord});
+                slurs.push_back({begin->second.row, place.row, begin->second.chord, place.chord,
+                                 begin->second.line});
                 open.erase(begin);
             } else {
-                slurs.push_back({nullptr, place.row, place.chord, place.chord});
+                slurs.push_back({nullptr, place.row, place.chord, place.chord, end.line});
             }
         }
     for (const auto &[number, begin] : open)
-        slurs.push_back({begin.row, nullptr, begin.chord, begin.chord});
+        slurs.push_back({begin.row, nullptr, begin.chord, begin.chord, begin.line});
     return slurs;
 }
 

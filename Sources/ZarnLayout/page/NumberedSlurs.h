@@ -13,6 +13,7 @@ struct NumberedSlur {
     const RowDraft *lastRow = nullptr;  ///< null where it goes on
     std::size_t first = 0;
     std::size_t last = 0;
+    SlurLine line = SlurLine::Solid;
 };
 
 /// Those of a track in a system, whole ones and halves, in the order of their ends.

@@ -12,6 +12,12 @@ namespace zarn::engraving {
 
 namespace {
 
+SlurLine lineOf(const PlacedChord &chord)
+{
+    const auto &details = chord.beat().details;
+    return details ? details->slurLine : SlurLine::Solid;
+}
+
 /// The outermost slurs of each voice: their joints are marked on both sides.
 std::vector<SlurSpan> markedSlurs(const RowDraft &row)
 {
@@ -24,14 +30,14 @@ std::vector<SlurSpan> markedSlurs(const RowDraft &row)
         if (isNewVoice) {
             isOpen = marks.isSlurredToPrevious();
             if (isOpen)
-                spans.push_back({i, i, true, false});
+                spans.push_back({i, i, true, false, lineOf(chords[i])});
         }
         if (isOpen && marks.isSlurredToPrevious())
             spans.back().last = i;
         const bool begins = marks.isSlurredToNext()
             && (!marks.isSlurredToPrevious() || marks.beginsSlur() || !isOpen);
         if (begins)
-            spans.push_back({i, i, false, false});
+            spans.push_back({i, i, false, false, lineOf(chords[i])});
         isOpen = marks.isSlurredToNext();
         const bool isLast =
             i + 1 == chords.size() || chords[i + 1].chord->voice != chords[i].chord->voice;
@@ -121,7 +127,7 @@ public:
         const PlacedChord &first = _row.chords[span.first];
         const PlacedChord &last = _row.chords[span.last];
         if (isOfGrace(span)) {
-            drawOfGrace(first, last);
+            drawOfGrace(first, last, span.line);
             return;
         }
         const bool isAbove = sideOf(span);
@@ -148,7 +154,7 @@ public:
         Bow bow = Bow::arched(from, to, sign * heightOf(to.x - from.x));
         if (!isBetween)
             bow = aroundNotes(bow, isAbove);
-        addCurve(first, leastInked(bow, sign, _field));
+        addCurve(first, leastInked(bow, sign, _field), span.line);
     }
 
 private:
@@ -176,7 +182,7 @@ private:
     }
 
     /// It stays near to the heads, on the side where the small stems are not.
-    void drawOfGrace(const PlacedChord &first, const PlacedChord &last)
+    void drawOfGrace(const PlacedChord &first, const PlacedChord &last, SlurLine line)
     {
         const bool isAbove = !first.chord->isStemUp;
         const double sign = isAbove ? -1 : 1;
@@ -191,7 +197,7 @@ private:
             to = {std::min(last.stemX(), last.x) - 0.2, edge(last) - sign * 0.2};
             to.x = std::max(to.x, from.x + 0.8);
         }
-        addCurve(first, leastInked(Bow::arched(from, to, sign * -0.7), -sign, _field));
+        addCurve(first, leastInked(Bow::arched(from, to, sign * -0.7), -sign, _field), line);
     }
 
     /// Calls with each chord of another voice that begins with one.
@@ -287,9 +293,9 @@ private:
         return {isStart ? rightOf(chord) + gap : leftInkOf(_draft, _row, chord) - gap, y};
     }
 
-    void addCurve(const PlacedChord &first, const Bow &bow)
+    void addCurve(const PlacedChord &first, const Bow &bow, SlurLine line)
     {
-        Ink curve = _draft.pen.curve(MarkKind::Slur, bow.handles());
+        Ink curve = _draft.pen.slur(bow, line);
         curve.place = placeOf(_row, first);
         // The curve covers what is under it, piece by piece.
         const std::vector<Point> points = bow.samples();
@@ -380,7 +386,7 @@ std::vector<SlurSpan> slurSpans(const RowDraft &row, const SystemDraft &draft)
         const bool isHere = slur.firstRow == &row || (!slur.firstRow && slur.lastRow == &row);
         const bool staysHere = !slur.firstRow || !slur.lastRow || slur.firstRow == slur.lastRow;
         if (isHere && staysHere)
-            spans.push_back({slur.first, slur.last, !slur.firstRow, !slur.lastRow});
+            spans.push_back({slur.first, slur.last, !slur.firstRow, !slur.lastRow, slur.line});
     }
     return spans;
 }

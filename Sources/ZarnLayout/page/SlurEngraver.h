@@ -14,6 +14,7 @@ struct SlurSpan {
     std::size_t last;
     bool comesFromBefore = false; ///< begins in a system before
     bool goesOn = false;          ///< ends in a later system
+    SlurLine line = SlurLine::Solid;
 };
 
 /// The slurs that a row draws: all of its staff but those that lead to another.

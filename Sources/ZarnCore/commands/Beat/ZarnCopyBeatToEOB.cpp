@@ -14,11 +14,11 @@ using utils::rational;
 
 /// What stands at the beat alone, and is not said again with each copy.
 constexpr BeatAttributeSet saidOnce = {
-    BeatAttribute::Dynamic,       BeatAttribute::Text,    BeatAttribute::Chord,
-    BeatAttribute::HairpinBegins, BeatAttribute::Timer,   BeatAttribute::SlurredToNext,
-    BeatAttribute::SlurBegins,    BeatAttribute::Lyrics,  BeatAttribute::SlurredToPrevious,
-    BeatAttribute::Pedal,         BeatAttribute::Breath,  BeatAttribute::TremoloToNext,
-    BeatAttribute::SlurEnds,      BeatAttribute::TextSpan};
+    BeatAttribute::Dynamic,       BeatAttribute::Text,     BeatAttribute::Chord,
+    BeatAttribute::HairpinBegins, BeatAttribute::Timer,    BeatAttribute::SlurredToNext,
+    BeatAttribute::SlurBegins,    BeatAttribute::Lyrics,   BeatAttribute::SlurredToPrevious,
+    BeatAttribute::Pedal,         BeatAttribute::Breath,   BeatAttribute::TremoloToNext,
+    BeatAttribute::SlurEnds,      BeatAttribute::TextSpan, BeatAttribute::SlurLine};
 
 /// The beat of an index, and the time behind it in its bar.
 struct Room {

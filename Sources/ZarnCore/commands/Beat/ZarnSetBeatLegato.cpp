@@ -32,6 +32,9 @@ void setJoint(Beat &before, Beat &after, bool slurred)
 {
     before.setSlurredToNext(slurred);
     after.setSlurredToPrevious(slurred);
+    for (Beat *const beat : {&before, &after})
+        if (beat->hasDetails() && !beat->isSlurredToNext() && !beat->isSlurredToPrevious())
+            beat->setSlurLine(SlurLine::Solid);
 }
 
 } // namespace

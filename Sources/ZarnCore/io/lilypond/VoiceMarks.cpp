@@ -165,6 +165,17 @@ void Marker::markBeams(std::size_t begin, std::size_t end)
     }
 }
 
+/// What stands in front of the parenthesis of a slur; the numbers are those of \slurDashed and
+/// \slurDotted in ly/property-init.ly of LilyPond 2.24.
+std::string tweakOf(SlurLine line)
+{
+    const char *const dashes = line == SlurLine::Dashed ? "0.4 0.75"
+        : line == SlurLine::Dotted                      ? "0.1 0.75"
+                                                        : nullptr;
+    return dashes ? "-\\tweak dash-definition #'((0 1 " + std::string(dashes) + ")) "
+                  : std::string();
+}
+
 void Marker::markSlurs()
 {
     bool isOpen = false;
@@ -175,7 +186,7 @@ void Marker::markSlurs()
             isOpen = false;
         }
         if (goesOn && !isOpen) {
-            _words[i].events += '(';
+            _words[i].events += tweakOf(beat(i).slurLine()) + '(';
             isOpen = true;
         }
     }
@@ -184,7 +195,7 @@ void Marker::markSlurs()
 /// Slurs inside of others, by number; the language joins notes of one voice alone.
 void Marker::markNumberedSlurs()
 {
-    std::map<unsigned, std::vector<std::size_t>> open;
+    std::map<unsigned, std::vector<std::pair<std::size_t, SlurLine>>> open;
     const auto lose = [&](std::size_t index) {
         _context.report.addUnheld("slur between two voices",
                                   {static_cast<int>(_context.track.index()),
@@ -194,22 +205,22 @@ void Marker::markNumberedSlurs()
         for (const SlurEnd &end : beat(i).slurEnds()) {
             auto &begins = open[end.number];
             if (end.isBegin) {
-                begins.push_back(i);
+                begins.push_back({i, end.line});
             } else if (begins.empty()) {
                 lose(i);
             } else {
                 const auto depth = static_cast<unsigned>(begins.size()) - 1;
                 const std::string id =
                     "\\=" + std::to_string(end.number + depth * SlurEnd::HighestNumber);
-                if (begins.back() != i) {
-                    _words[begins.back()].events += id + '(';
+                if (const auto [begin, line] = begins.back(); begin != i) {
+                    _words[begin].events += tweakOf(line) + id + '(';
                     _words[i].events += id + ')';
                 }
                 begins.pop_back();
             }
         }
     for (const auto &[number, begins] : open)
-        for (const std::size_t begin : begins)
+        for (const auto &[begin, line] : begins)
             lose(begin);
 }
 

@@ -34,7 +34,7 @@ constexpr BeatAttributeSet ofTheNotes = {
 
 constexpr BeatAttributeSet ofSlurs = {BeatAttribute::SlurredToNext,
                                       BeatAttribute::SlurredToPrevious, BeatAttribute::SlurBegins,
-                                      BeatAttribute::SlurEnds};
+                                      BeatAttribute::SlurEnds, BeatAttribute::SlurLine};
 
 bool hasSlurs(const Staff::Bars &bars)
 {

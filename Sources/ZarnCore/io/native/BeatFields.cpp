@@ -16,6 +16,7 @@ using NoteHeads = EnumCodec<noteHeadToString, noteHeadFromString, 21, NoteHead::
 using GraceTypes = EnumCodec<graceTypeToString, graceTypeFromString, 8>;
 using Ottavias = EnumCodec<ottaviaToString, ottaviaFromString, 8>;
 using AntiAccents = EnumCodec<antiAccentToString, antiAccentFromString, 3>;
+using SlurLines = EnumCodec<slurLineToString, slurLineFromString, 2>;
 using Syllabics = EnumCodec<syllabicToString, syllabicFromString, 3>;
 
 /// MIDI keys, strings and frets; -1 is unset.
@@ -131,6 +132,7 @@ void setSlurEnd(SlurEnd &end, bool isEnd)
 constexpr std::array slurEndFields = {
     member<SlurEnd, &SlurEnd::number, Within<std::uint8_t, 1, SlurEnd::HighestNumber>>("number"),
     field<SlurEnd, isSlurEnd, setSlurEnd>("end"),
+    member<SlurEnd, &SlurEnd::line, SlurLines>("line"),
 };
 
 constexpr std::array rareBeatFields = {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ZarnCore/ZarnTypesSigns.h>
+
 #include <algorithm>
 #include <cstdint>
 #include <vector>
@@ -17,10 +19,12 @@ struct SlurEnd {
 
     std::uint8_t number = 1; ///< 1 to 16
     bool isBegin = true;
+    SlurLine line = SlurLine::Solid; ///< both ends say it; the beginning counts
 
     friend bool operator==(const SlurEnd &left, const SlurEnd &right) noexcept
     {
-        return left.number == right.number && left.isBegin == right.isBegin;
+        return left.number == right.number && left.isBegin == right.isBegin
+            && left.line == right.line;
     }
     friend bool operator!=(const SlurEnd &left, const SlurEnd &right) noexcept
     {
@@ -34,7 +38,8 @@ using SlurEnds = std::vector<SlurEnd>;
 inline bool areValid(const SlurEnds &ends) noexcept
 {
     return std::all_of(ends.begin(), ends.end(), [](const SlurEnd &end) {
-        return end.number >= 1 && end.number <= SlurEnd::HighestNumber;
+        return end.number >= 1 && end.number <= SlurEnd::HighestNumber
+            && end.line <= SlurLine::Dotted;
     });
 }
 

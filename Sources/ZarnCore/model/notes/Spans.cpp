@@ -153,12 +153,16 @@ std::vector<TimedMark> readBar(const Track &track, unsigned bar)
 void rewriteSlur(const SpanLine &line, const SpanMark &mark, const SpanMark &meaning)
 {
     SlurEnds ends = mark.beat->slurEnds();
-    const SlurEnd old = {static_cast<std::uint8_t>(line.number), mark.leavesOpen};
-    const auto found = std::find(ends.begin(), ends.end(), old);
-    if (found != ends.end())
+    SlurEnd made = {static_cast<std::uint8_t>(line.number), mark.leavesOpen};
+    const auto found = std::find_if(ends.begin(), ends.end(), [&](const SlurEnd &other) {
+        return other.number == made.number && other.isBegin == made.isBegin;
+    });
+    if (found != ends.end()) {
+        made = *found;
         ends.erase(found);
+    }
     if (meaning.needsOpen != meaning.leavesOpen) {
-        const SlurEnd made = {old.number, meaning.leavesOpen};
+        made.isBegin = meaning.leavesOpen;
         const auto at = std::find_if(ends.begin(), ends.end(), [&](const SlurEnd &other) {
             return !made.isBegin && other.isBegin;
         });

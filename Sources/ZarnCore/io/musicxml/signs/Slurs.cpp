@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <map>
 #include <set>
 #include <tuple>
@@ -20,19 +21,41 @@ auto lineOf(const NotePlace &place)
     return std::make_tuple(place.staff, place.slot);
 }
 
+/// The kind of line; waves are none of slurs.
+SlurLine slurLineOf(pugi::xml_node slur)
+{
+    const char *const type = slur.attribute("line-type").value();
+    for (const SlurLine line : {SlurLine::Dashed, SlurLine::Dotted})
+        if (std::strcmp(type, lineTypeOf(line)) == 0)
+            return line;
+    return SlurLine::Solid;
+}
+
 /// Adds an end to those of a beat, which has ends before beginnings.
-void addEnd(Beat &beat, unsigned number, bool isBegin)
+void addEnd(Beat &beat, const SlurEnd &end)
 {
     auto ends = beat.slurEnds();
-    const SlurEnd end = {static_cast<std::uint8_t>(number), isBegin};
-    const auto at = isBegin ? ends.end()
-                            : std::find_if(ends.begin(), ends.end(),
-                                           [](const SlurEnd &other) { return other.isBegin; });
+    const auto at = end.isBegin ? ends.end()
+                                : std::find_if(ends.begin(), ends.end(),
+                                               [](const SlurEnd &other) { return other.isBegin; });
     ends.insert(at, end);
     beat.setSlurEnds(ends);
 }
 
 } // namespace
+
+const char *lineTypeOf(SlurLine line) noexcept
+{
+    switch (line) {
+    case SlurLine::Dashed:
+        return "dashed";
+    case SlurLine::Dotted:
+        return "dotted";
+    case SlurLine::Solid:
+        break;
+    }
+    return nullptr;
+}
 
 void Slurs::add(pugi::xml_node slur, const NotePlace &place)
 {
@@ -104,11 +127,14 @@ bool Slurs::markOutermost(const Span &span, const Staff::Bars &bars)
 {
     const auto &begin = span.begin.place;
     const auto &end = span.end.place;
+    const SlurLine line = slurLineOf(span.begin.node);
     const bool isHeld = VoiceSlotLine(bars, begin.slot).visit(begin, end, [&](Beat &beat) {
         if (&beat != begin.beat)
             beat.setSlurredToPrevious(true);
         if (&beat != end.beat)
             beat.setSlurredToNext(true);
+        if (line != beat.slurLine())
+            beat.setSlurLine(line);
     });
     if (isHeld && begin.beat->isSlurredToPrevious())
         begin.beat->setSlurBegins(true);
@@ -140,9 +166,10 @@ void Slurs::number(std::vector<Span> &spans)
             continue;
         }
         *found = &span.end.place;
-        const auto number = static_cast<unsigned>(found - ends.begin()) + 1;
-        addEnd(*begin.beat, number, true);
-        addEnd(*span.end.place.beat, number, false);
+        const auto number = static_cast<std::uint8_t>(found - ends.begin() + 1);
+        const SlurLine line = slurLineOf(span.begin.node);
+        addEnd(*begin.beat, {number, true, line});
+        addEnd(*span.end.place.beat, {number, false, line});
     }
 }
 

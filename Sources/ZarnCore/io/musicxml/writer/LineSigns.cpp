@@ -5,6 +5,7 @@
 #include <ZarnCore/io/musicxml/signs/BeatLinks.h>
 #include <ZarnCore/io/musicxml/signs/Hairpins.h>
 #include <ZarnCore/io/musicxml/signs/NoteLinks.h>
+#include <ZarnCore/io/musicxml/signs/Slurs.h>
 #include <ZarnCore/io/musicxml/signs/TextSpans.h>
 #include <ZarnCore/io/musicxml/writer/ExportContext.h>
 #include <ZarnCore/model/notes/StringLinks.h>
@@ -21,6 +22,13 @@ pugi::xml_node addSpan(pugi::xml_node parent, const char *name, bool begins, int
     addAttribute(node, "type", begins ? "start" : "stop");
     addAttribute(node, "number", number);
     return node;
+}
+
+void addSlur(pugi::xml_node notations, bool begins, int number, SlurLine line = SlurLine::Solid)
+{
+    const auto node = addSpan(notations, tagName(Tag::Slur), begins, number);
+    if (const char *const type = lineTypeOf(line))
+        addAttribute(node, "line-type", type);
 }
 
 /// The vibrato that all notes of a beat have in common.
@@ -95,14 +103,14 @@ void LineSigns::writeSlurs(pugi::xml_node notations)
     const bool comes = _beat->isSlurredToPrevious() && _slur != 0;
     const bool goes = _beat->isSlurredToNext() && _next && _next->isSlurredToPrevious();
     if (comes && (!goes || _beat->beginsSlur())) {
-        addSpan(notations, tagName(Tag::Slur), false, _slur);
+        addSlur(notations, false, _slur);
         _numbers.slurs.free(_slur, _line, bar);
         _slur = 0;
     }
     if (goes && _slur == 0) {
         _slur = take(_numbers.slurs, "slurs");
         if (_slur != 0)
-            addSpan(notations, tagName(Tag::Slur), true, _slur);
+            addSlur(notations, true, _slur, _beat->slurLine());
     }
 }
 
@@ -111,13 +119,13 @@ void LineSigns::writeLegatoSlurs(pugi::xml_node notations)
 {
     const bool goes = _next && leadsByLegato(*_beat, *_next);
     if (_legatoSlur != 0 && !goes) {
-        addSpan(notations, tagName(Tag::Slur), false, _legatoSlur);
+        addSlur(notations, false, _legatoSlur);
         _numbers.slurs.free(_legatoSlur, _line, static_cast<int>(_place.bar));
         _legatoSlur = 0;
     } else if (_legatoSlur == 0 && goes) {
         _legatoSlur = take(_numbers.slurs, "slurs");
         if (_legatoSlur != 0)
-            addSpan(notations, tagName(Tag::Slur), true, _legatoSlur);
+            addSlur(notations, true, _legatoSlur);
     }
 }
 
@@ -132,9 +140,9 @@ void LineSigns::writeSlurEnds(pugi::xml_node notations)
             if (number == 0)
                 continue;
             _numbers.slurEnds.emplace(end.number, number);
-            addSpan(notations, tagName(Tag::Slur), end.isBegin, number);
+            addSlur(notations, end.isBegin, number, end.isBegin ? end.line : SlurLine::Solid);
         } else {
-            addSpan(notations, tagName(Tag::Slur), end.isBegin, open->second);
+            addSlur(notations, end.isBegin, open->second, end.isBegin ? end.line : SlurLine::Solid);
             _numbers.slurs.free(open->second, _line, bar);
             _numbers.slurEnds.erase(open);
         }
