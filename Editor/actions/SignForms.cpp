@@ -166,16 +166,18 @@ Change askSection(const ActionContext &context)
     form.text("letter", Text::tr("Rehearsal &letter"),
               QString::fromStdString(bar->section().letter))
         .text("title", Text::tr("&Title"), QString::fromStdString(bar->section().text),
-              Text::tr("Such as Verse or Solo. Leave both empty to remove the section."));
+              Text::tr("Such as Verse or Solo. Leave both empty to remove the section."))
+        .turn("circled", Text::tr("Letter in a &circle"), bar->section().isCircled);
     const auto given = ask(context, form);
     if (!given)
         return nullptr;
     const QString letter = given->value(QStringLiteral("letter")).toString();
     const QString title = given->value(QStringLiteral("title")).toString();
-    return [index = barsOf(context).first, letter, title](Score &score) {
+    const bool isCircled = given->value(QStringLiteral("circled")).toBool();
+    return [index = barsOf(context).first, letter, title, isCircled](Score &score) {
         return letter.isEmpty() && title.isEmpty()
             ? score.unsetMasterBarSection(index)
-            : score.setMasterBarSection(index, letter, title);
+            : score.setMasterBarSection(index, letter, title, isCircled && !letter.isEmpty());
     };
 }
 

@@ -2376,6 +2376,10 @@
         <source>No number, words alone</source>
         <translation>Keine Zahl, nur Worte</translation>
     </message>
+    <message>
+        <source>Letter in a &amp;circle</source>
+        <translation>Buchstabe im &amp;Kreis</translation>
+    </message>
 </context>
 <context>
     <name>Signatures</name>

@@ -3,6 +3,8 @@
 #include "MusicXmlText.h"
 
 #include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
+#include <ZarnCore/io/ZarnExportReport.h>
+#include <ZarnCore/io/ZarnMusicXmlExporter.h>
 
 #include <gtest/gtest.h>
 
@@ -172,6 +174,22 @@ TEST(MusicXmlSigns, temposKeepTheirUnitAndWordsStandAtTheirBeats)
     EXPECT_EQ(voice->beat(1)->text(), "dolce");
     EXPECT_EQ(voice->beat(1)->attackDynamic(), zarn::AttackDynamic::Sfz);
     EXPECT_EQ(model->masterTrack()->masterBar(0)->section().letter, "A");
+}
+
+TEST(MusicXmlSigns, rehearsalLettersKeepTheirCircles)
+{
+    const std::string mark = direction("<rehearsal enclosure=\"circle\">A1</rehearsal>");
+    ImportReport report;
+    const auto model =
+        import(score(measure(mark + direction("<rehearsal enclosure=\"none\">Coda</rehearsal>")
+                             + note("C", 4, 4, "whole"))),
+               report);
+    const zarn::Section section = {"A1", "Coda", true};
+    EXPECT_EQ(model->masterTrack()->masterBar(0)->section(), section);
+    zarn::io::ExportReport told;
+    const auto copy = import(zarn::io::MusicXmlExporter().toText(*model, told), report);
+    EXPECT_EQ(copy->masterTrack()->masterBar(0)->section(), section);
+    EXPECT_TRUE(told.unheld().empty());
 }
 
 TEST(MusicXmlSigns, chordSymbolsReadAsOnLeadSheets)

@@ -187,3 +187,26 @@ TEST(DrawnMusicXmlTest, dashedAndDottedSlursAreInPieces)
     EXPECT_GT(dashes, 2);
     EXPECT_GT(piecesOf(" line-type=\"dotted\""), dashes);
 }
+
+TEST(DrawnMusicXmlTest, rehearsalLettersStandInBoxesAndCircles)
+{
+    const auto frameOf = [](const char *letters, const char *enclosure) {
+        const auto model = read(
+            measure(attributes(fourQuarters) + "<direction><direction-type><rehearsal enclosure=\""
+                    + enclosure + "\">" + letters + "</rehearsal></direction-type></direction>"
+                    + note("C", 5, 4, "whole")));
+        const LaidOut laid(*model);
+        const auto text = laid.of(MarkKind::Section).at(0);
+        const auto frame = laid.of(MarkKind::Enclosure).at(0);
+        EXPECT_TRUE(frame.left < text.left && frame.right > text.right && frame.top < text.top
+                    && frame.bottom > text.bottom)
+            << letters;
+        return frame;
+    };
+    const auto box = frameOf("AB", "rectangle");
+    EXPECT_GT(box.right - box.left, box.bottom - box.top + 0.5);
+    for (const char *const letters : {"I", "AB"}) {
+        const auto circle = frameOf(letters, "circle");
+        EXPECT_NEAR(circle.right - circle.left, circle.bottom - circle.top, 0.01) << letters;
+    }
+}

@@ -170,7 +170,7 @@ private:
     }
     zarn::AttributeValue draw(const zarn::Section &, const zarn::AttributeRange &) const
     {
-        return zarn::Section{text(), text()};
+        return zarn::Section{text(), text(), maybe()};
     }
     zarn::AttributeValue draw(const zarn::BeamGroups &, const zarn::AttributeRange &) const
     {

@@ -92,7 +92,10 @@ struct Writer {
     {
         return value ? value->toString() : "None";
     }
-    std::string operator()(const Section &value) const { return value.letter + ";" + value.text; }
+    std::string operator()(const Section &value) const
+    {
+        return value.letter + ";" + value.text + (value.isCircled ? ";circled" : "");
+    }
     std::string operator()(const FermataMarks &value) const
     {
         return joined(value, [](const FermataMark &mark) { return mark.toString(); });

@@ -28,11 +28,13 @@ class MasterTrack;
 struct Section {
     std::string letter;
     std::string text;
+    bool isCircled = false; ///< the letter: it stands in a circle, not in a box
 
     bool isEmpty() const noexcept { return letter.empty() && text.empty(); }
     friend bool operator==(const Section &left, const Section &right)
     {
-        return left.letter == right.letter && left.text == right.text;
+        return left.letter == right.letter && left.text == right.text
+            && left.isCircled == right.isCircled;
     }
     friend bool operator!=(const Section &left, const Section &right) { return !(left == right); }
 };

@@ -99,10 +99,10 @@ bool ScoreFormOperations::setBarDirections(int bar, const std::set<DirectionMark
 }
 
 bool ScoreFormOperations::setMasterBarSection(unsigned bar, const QString &letter,
-                                              const QString &text)
+                                              const QString &text, bool isCircled)
 {
-    return execute<cmd::SetMasterBarSection>(*this, bar,
-                                             Section{letter.toStdString(), text.toStdString()});
+    return execute<cmd::SetMasterBarSection>(
+        *this, bar, Section{letter.toStdString(), text.toStdString(), isCircled});
 }
 
 bool ScoreFormOperations::unsetMasterBarSection(unsigned bar)

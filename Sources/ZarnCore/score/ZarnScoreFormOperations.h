@@ -62,8 +62,10 @@ public:
     /// Makes these, and no others, the directions of a bar.
     bool setBarDirections(int bar, const std::set<DirectionMark> &marks);
 
-    /// Starts a section of the form at a bar, under a rehearsal letter, a title, or both.
-    bool setMasterBarSection(unsigned bar, const QString &letter, const QString &text);
+    /// Starts a section of the form at a bar, under a rehearsal letter in a box or a circle, a
+    /// title, or both.
+    bool setMasterBarSection(unsigned bar, const QString &letter, const QString &text,
+                             bool isCircled = false);
     bool unsetMasterBarSection(unsigned bar);
 
     // Attributes by their ids in the table of columns.

@@ -295,6 +295,43 @@ const char *feelText(TripletFeel feel)
     return "Straight";
 }
 
+constexpr double enclosureGap = 0.4; ///< around rehearsal letters
+constexpr double enclosureThickness = 0.16;
+
+Ink boxAround(const Pen &pen, const Box &letters)
+{
+    const Box box = {letters.left - enclosureGap, letters.top - enclosureGap,
+                     letters.right + enclosureGap, enclosureGap};
+    return pen.polyline(MarkKind::Enclosure,
+                        {{box.left, box.top},
+                         {box.right, box.top},
+                         {box.right, box.bottom},
+                         {box.left, box.bottom},
+                         {box.left, box.top}},
+                        enclosureThickness);
+}
+
+/// A circle around many letters would be a ring of nothing: they have a box.
+bool fitsCircle(const Box &letters)
+{
+    return letters.width() < 3 * letters.height();
+}
+
+Ink circleAround(const Pen &pen, const Box &letters)
+{
+    constexpr int corners = 64;
+    constexpr double pi = 3.14159265358979323846;
+    const Point centre = {(letters.left + letters.right) / 2, letters.top / 2};
+    const double radius = std::hypot(letters.width(), letters.top) / 2 + enclosureGap;
+    std::vector<Point> points;
+    for (int i = 0; i <= corners; ++i) {
+        const double angle = 2 * pi * i / corners;
+        points.push_back(
+            {centre.x + radius * std::cos(angle), centre.y + radius * std::sin(angle)});
+    }
+    return pen.polyline(MarkKind::Enclosure, std::move(points), enclosureThickness);
+}
+
 void addTempos(SystemDraft &draft, RowDraft &row)
 {
     for (const BarPlace &bar : draft.bars) {
@@ -333,16 +370,13 @@ void addTempos(SystemDraft &draft, RowDraft &row)
             if (!column.section.letter.empty()) {
                 inks.push_back(draft.pen.text(MarkKind::Section, TextRole::SectionLetter,
                                               column.section.letter, x + 0.4, 0));
-                const Box box = inks.back().box;
-                const Box frame = {box.left - 0.4, box.top - 0.4, box.right + 0.4, 0.4};
-                inks.push_back(draft.pen.polyline(MarkKind::Enclosure,
-                                                  {{frame.left, frame.top},
-                                                   {frame.right, frame.top},
-                                                   {frame.right, frame.bottom},
-                                                   {frame.left, frame.bottom},
-                                                   {frame.left, frame.top}},
-                                                  0.16));
-                x = frame.right + 0.7;
+                const Box &letters = inks.back().box;
+                Ink frame = column.section.isCircled && fitsCircle(letters)
+                    ? circleAround(draft.pen, letters)
+                    : boxAround(draft.pen, letters);
+                inks.push_back(std::move(frame));
+                move(inks, x - boxOf(inks).left, 0);
+                x = boxOf(inks).right + 0.7;
             }
             if (!column.section.text.empty())
                 for (Ink &ink : draft.pen.words(MarkKind::Section, TextRole::Section,

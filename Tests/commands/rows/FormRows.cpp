@@ -121,7 +121,7 @@ std::vector<CommandRow> formRows()
                   {MasterBarAttribute::RepeatCount, 3},
                   {MasterBarAttribute::MovementStart, true},
                   {MasterBarAttribute::BeamGroups, BeamGroups({2, 3})},
-                  {MasterBarAttribute::Section, Section{"A", ""}},
+                  {MasterBarAttribute::Section, Section{"A", "", true}},
                   {MasterBarAttribute::BarLine, BarLine::Dashed},
                   {MasterBarAttribute::MeterSign, MeterSign::UpperNumber},
                   {MasterBarAttribute::LayoutRatio, 2.0}});

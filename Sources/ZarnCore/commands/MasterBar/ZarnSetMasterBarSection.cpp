@@ -12,6 +12,8 @@ bool SetMasterBarSection::init(Score *score, unsigned bar, const Section &sectio
     addArg(QStringLiteral("Index"), QString::number(bar));
     addArg(QStringLiteral("Letter"), QString::fromStdString(section.letter));
     addArg(QStringLiteral("Text"), QString::fromStdString(section.text));
+    addArg(QStringLiteral("Circled"),
+           section.isCircled ? QStringLiteral("true") : QStringLiteral("false"));
     return prepare(score, {bar, bar}, section);
 }
 

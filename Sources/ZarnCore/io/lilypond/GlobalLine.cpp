@@ -216,7 +216,9 @@ void Writer::writeMarks(unsigned index)
     if (hasFontSigns(section.letter) || hasFontSigns(section.text))
         _report.addUnheld(fontSigns, {-1, static_cast<int>(index)});
     if (!section.letter.empty())
-        command(index, "\\mark \\markup \\box " + quoted(section.letter));
+        command(index,
+                std::string("\\mark \\markup \\") + (section.isCircled ? "circle " : "box ")
+                    + quoted(section.letter));
     if (!section.text.empty())
         command(index, "\\sectionLabel " + quoted(section.text));
     const auto mark = [&](const std::string &text) { command(index, "\\textMark " + text); };

@@ -37,12 +37,15 @@ int staffOf(pugi::xml_node node, ImportContext &context)
 }
 
 /// What a rehearsal mark is by what encloses it, where that tells.
-WrittenSection::Place placeOf(pugi::xml_node rehearsal)
+WrittenSection readSection(pugi::xml_node rehearsal, int bar)
 {
+    using Place = WrittenSection::Place;
     const std::string_view enclosure = rehearsal.attribute("enclosure").value();
-    return enclosure == "none"     ? WrittenSection::Place::Text
-        : enclosure == "rectangle" ? WrittenSection::Place::Letter
-                                   : WrittenSection::Place::ByLength;
+    const bool isCircled = enclosure == "circle" || enclosure == "oval";
+    const Place place = enclosure == "none"     ? Place::Text
+        : enclosure == "rectangle" || isCircled ? Place::Letter
+                                                : Place::ByLength;
+    return {bar, rehearsal.child_value(), place, isCircled};
 }
 
 /// The words of a direction, and its metronome mark among them where that is to be words too.
@@ -129,7 +132,7 @@ void DirectionReader::gather(pugi::xml_node type, Gathered &gathered, PartFacts 
             gathered.texts.push_back(child);
             break;
         case Tag::Rehearsal:
-            facts.sections.push_back({_context.bar(), child.child_value(), placeOf(child)});
+            facts.sections.push_back(readSection(child, _context.bar()));
             break;
         case Tag::Segno:
         case Tag::Coda:

@@ -272,6 +272,8 @@ void MasterBarBuilder::setSections(MasterTrack &master)
                 ? written.text.size() <= mostLetters && section.letter.empty()
                 : written.place == WrittenSection::Place::Letter;
             auto &text = isLetter ? section.letter : section.text;
+            if (isLetter)
+                section.isCircled = written.isCircled && (text.empty() || section.isCircled);
             text += (text.empty() ? "" : " ") + written.text;
             bar.setSection(section);
         }

@@ -73,6 +73,7 @@ struct WrittenSection {
     int bar;
     std::string text;
     Place place = Place::ByLength;
+    bool isCircled = false;
 };
 
 /// From here on.

@@ -89,11 +89,19 @@ const std::string &sectionTextOf(const MasterBar &bar)
 }
 void setLetter(MasterBar &bar, const std::string &letter)
 {
-    bar.setSection({letter, bar.section().text});
+    bar.setSection({letter, bar.section().text, bar.section().isCircled});
+}
+bool isLetterCircled(const MasterBar &bar)
+{
+    return bar.section().isCircled;
+}
+void setLetterCircled(MasterBar &bar, bool isCircled)
+{
+    bar.setSection({bar.section().letter, bar.section().text, isCircled});
 }
 void setSectionText(MasterBar &bar, const std::string &text)
 {
-    bar.setSection({bar.section().letter, text});
+    bar.setSection({bar.section().letter, text, bar.section().isCircled});
 }
 
 using RepeatCounts = Within<unsigned, 0, 255>;
@@ -113,6 +121,7 @@ constexpr std::array ownMasterBarFields = {
     field<MasterBar, &MasterBar::alternateEndings, &MasterBar::setAlternateEndings, Passes>(
         "endings"),
     field<MasterBar, letterOf, setLetter>("sectionLetter"),
+    field<MasterBar, isLetterCircled, setLetterCircled>("sectionCircled"),
     field<MasterBar, sectionTextOf, setSectionText>("section"),
     field<MasterBar, &MasterBar::isMovementStart, &MasterBar::setMovementStart>("movementStart"),
 };
