@@ -210,3 +210,26 @@ TEST(DrawnMusicXmlTest, rehearsalLettersStandInBoxesAndCircles)
         EXPECT_NEAR(circle.right - circle.left, circle.bottom - circle.top, 0.01) << letters;
     }
 }
+
+/// A voice that lies below the other rests below it, whatever its number is.
+TEST(DrawnMusicXmlTest, restsStandOnTheSideOfTheirVoice)
+{
+    const auto restOf = [](const char *lowStem, const char *highStem) {
+        const auto stemmed = [](const char *step, int octave, const char *voice, const char *stem) {
+            return std::string("<note><pitch><step>") + step + "</step><octave>"
+                + std::to_string(octave) + "</octave></pitch><duration>2</duration><voice>" + voice
+                + "</voice><type>half</type><stem>" + stem + "</stem></note>";
+        };
+        const std::string rest = "<note><rest/><duration>2</duration><voice>1</voice>"
+                                 "<type>half</type></note>";
+        const auto model =
+            read(measure(attributes(fourQuarters) + stemmed("E", 4, "1", lowStem) + rest + backup(4)
+                         + stemmed("C", 5, "2", highStem) + stemmed("C", 5, "2", highStem)));
+        const LaidOut laid(*model);
+        const auto rests = laid.of(MarkKind::Rest);
+        return rests.at(0).top - laid.of(MarkKind::NoteHead).back().bottom;
+    };
+    EXPECT_GT(restOf("down", "up"), 0) << "where the stems point";
+    EXPECT_GT(restOf("down", "down"), 0) << "where the notes lie";
+    EXPECT_LT(restOf("up", "down"), 0) << "where the stems point, crossing";
+}

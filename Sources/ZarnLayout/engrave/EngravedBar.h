@@ -32,6 +32,7 @@ struct Chord {
     std::vector<Head> heads; ///< from the lowest up; none for rests
     double width = 0;        ///< of the heads on the usual side
     double restShift = 0;    ///< of a rest, down from its usual place
+    bool isAbove = false;    ///< of a rest beside other voices: these are below it
     bool hasStem = false;
     bool isStemUp = true;
     bool isForced = false; ///< the stem's direction is not free: said, or there are other voices

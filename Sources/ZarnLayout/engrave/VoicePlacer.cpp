@@ -5,6 +5,7 @@
 #include <ZarnLayout/engrave/TabFret.h>
 
 #include <algorithm>
+#include <map>
 #include <string_view>
 
 namespace zarn::engraving {
@@ -37,16 +38,70 @@ bool shareStem(const Chord &left, const Chord &right)
     });
 }
 
+/// What a voice of a bar is among the others: where its stems point, and how high it lies.
+struct VoiceSide {
+    int stemsUp = 0; ///< without those downwards
+    double sum = 0;  ///< of the heights of its heads, downwards
+    int heads = 0;
+
+    void add(const Chord &chord)
+    {
+        if (chord.isRest())
+            return;
+        stemsUp += !chord.hasStem ? 0 : chord.isStemUp ? 1 : -1;
+        for (const Head &head : chord.heads)
+            sum += head.y;
+        heads += static_cast<int>(chord.heads.size());
+    }
+    int side() const noexcept { return stemsUp > 0 ? 1 : stemsUp < 0 ? -1 : 0; }
+};
+
+/// Rests stand on the side of their voice: where its stems point and those of others do not, else
+/// where its notes lie. The number tells of voices that rest throughout.
+void chooseSidesOfRests(std::vector<Chord> &chords)
+{
+    if (std::none_of(chords.begin(), chords.end(), [](const Chord &c) { return c.isRest(); }))
+        return;
+    std::map<unsigned, VoiceSide> voices;
+    VoiceSide all;
+    for (const Chord &chord : chords)
+        if (!chord.beat->isGrace()) {
+            voices[chord.voice].add(chord);
+            all.add(chord);
+        }
+    for (Chord &chord : chords) {
+        if (!chord.isRest())
+            continue;
+        const VoiceSide &own = voices[chord.voice];
+        const VoiceSide others = {all.stemsUp - own.stemsUp, all.sum - own.sum,
+                                  all.heads - own.heads};
+        if (own.heads == 0 || others.heads == 0)
+            chord.isAbove = chord.voice % 2 == 0;
+        else if (own.side() != others.side())
+            chord.isAbove = own.side() > others.side();
+        else
+            chord.isAbove = own.sum * others.heads < others.sum * own.heads;
+    }
+}
+
+/// Whether a box of the shape of a chord is its stem: the one behind the heads.
+bool isStem(const Chord &chord, std::size_t part)
+{
+    return chord.hasStem && part == chord.heads.size();
+}
+
 /// What the chords of a column take, in order.
 struct Taken {
     std::vector<Box> boxes;
     std::vector<const Chord *> owners; // of each box
+    std::vector<bool> areStems;        // each box
 
     void add(const Chord &chord, const std::vector<Box> &shape)
     {
-        for (const Box &part : shape) {
-            boxes.push_back(part.movedBy(chord.x, 0));
+        for (std::size_t i = 0; i < shape.size(); ++i) {
+            boxes.push_back(shape[i].movedBy(chord.x, 0));
             owners.push_back(&chord);
+            areStems.push_back(isStem(chord, i));
         }
     }
 };
@@ -55,6 +110,7 @@ struct Taken {
 double freePlace(const Chord &chord, const std::vector<Box> &shape, const Taken &taken)
 {
     constexpr int mostTries = 8;
+    constexpr double stemGap = 0.2;
     double x = 0;
     for (int tries = 0; tries < mostTries; ++tries) {
         bool isClear = true;
@@ -63,11 +119,14 @@ double freePlace(const Chord &chord, const std::vector<Box> &shape, const Taken 
             const Chord &owner = *taken.owners[i];
             if (owner.x == x && shareStem(owner, chord))
                 continue;
-            for (const Box &part : shape)
-                if (part.movedBy(x, 0).meets(taken.boxes[i], -0.02)) {
+            for (std::size_t k = 0; k < shape.size(); ++k) {
+                // Two stems side by side are to be two lines to the eye.
+                const double gap = taken.areStems[i] && isStem(chord, k) ? stemGap : 0;
+                if (shape[k].movedBy(x, 0).meets(taken.boxes[i], gap - 0.02)) {
                     isClear = false;
-                    next = std::max(next, taken.boxes[i].right - part.left);
+                    next = std::max(next, taken.boxes[i].right + gap - shape[k].left);
                 }
+            }
         }
         if (isClear)
             break;
@@ -82,6 +141,7 @@ void VoicePlacer::place(EngravedBar &bar)
 {
     _result = &bar;
     auto &chords = bar.chords;
+    chooseSidesOfRests(chords);
     std::vector<std::vector<std::size_t>> byColumn(bar.columns.size());
     for (std::size_t i = 0; i < chords.size(); ++i)
         if (!chords[i].beat->isGrace())
@@ -196,7 +256,7 @@ void VoicePlacer::placeVoicesOnStrings(const std::vector<std::size_t> &members)
 
 void VoicePlacer::placeRest(Chord &chord, std::vector<Box> &taken)
 {
-    const double step = chord.voice % 2 == 0 ? -1 : 1;
+    const double step = chord.isAbove ? -1 : 1;
     chord.restShift = 2 * step;
     // Away from the other voices, line by line.
     for (int tries = 0; tries < 24; ++tries, chord.restShift += step) {

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnLayout/page/SystemBuilder.h>
 
-#include <ZarnLayout/engrave/ChordInks.h>
 #include <ZarnLayout/page/BarNumber.h>
 #include <ZarnLayout/page/BeamEngraver.h>
 #include <ZarnLayout/page/CrossStaffSlurs.h>
 #include <ZarnLayout/page/Emitter.h>
-#include <ZarnLayout/page/InkField.h>
+#include <ZarnLayout/page/RestPlacer.h>
 #include <ZarnLayout/page/RowEngravers.h>
 #include <ZarnLayout/page/RowHangers.h>
 #include <ZarnLayout/page/SystemHead.h>
@@ -27,64 +26,6 @@ constexpr double inkGap = 0.6;        ///< between ink of neighbouring rows
 constexpr double inkGapInStaff = 1.2; ///< where nothing but distance parts notes and numbers
 constexpr double mostSqueezed = 0.75; ///< of the least width of several bars
 constexpr double loosest = 1.35;      ///< factor of a last line that is still drawn out
-
-/// The sign of a rest as it looks where it stands: with a line of its own outside the staff.
-void fitToStaff(Inks &rest, const Row &row, const Pen &pen)
-{
-    using NoteValue = RhythmValue::NoteValue;
-    for (Ink &ink : rest)
-        for (const auto &[sign, value] : {std::make_pair(Sign::RestWhole, NoteValue::Whole),
-                                          std::make_pair(Sign::RestHalf, NoteValue::Half)}) {
-            if (ink.kind != MarkKind::Rest || ink.glyph != pen.fonts().glyph(sign))
-                continue;
-            const MarkPlace place = ink.place;
-            ink =
-                pen.glyph(ink.kind, restSign(row, value, ink.at.y), ink.at.x, ink.at.y, ink.scale);
-            ink.place = place;
-            break;
-        }
-}
-
-/// Rests keep off what other voices have on the staff: away from it, line by line.
-void addRests(RowDraft &row, std::vector<Inks> rests, const Pen &pen)
-{
-    if (rests.empty())
-        return;
-    constexpr int farthest = 16;
-    InkField field;
-    field.add(row.inks);
-    for (Inks &rest : rests) {
-        if (rest.empty())
-            continue;
-        const bool isWhole = rest.front().glyph == pen.fonts().glyph(Sign::RestWhole);
-        const double gap = isWhole ? 0.3 : 0.1;
-        const double outward = rest.front().place.voice % 2 == 0 ? -1 : 1;
-        const auto moved = [&](double aside, double shift) {
-            Inks inks = rest;
-            move(inks, aside, shift);
-            fitToStaff(inks, *row.row, pen);
-            return inks;
-        };
-        const auto isFree = [&](const Inks &inks) {
-            return std::all_of(inks.begin(), inks.end(), [&](const Ink &ink) {
-                const Box &box = ink.box;
-                return field.isFree(
-                    {box.left - gap, box.top - gap, box.right + gap, box.bottom + gap});
-            });
-        };
-        // Away from the other voices; towards them where there is nothing but their ink, and aside
-        // where that reaches too far both ways.
-        Inks free;
-        for (const double aside : {0.0, -0.8, 0.8, -1.6, 1.6})
-            for (const double step : {outward, -outward})
-                for (int steps = 0; steps < farthest && free.empty(); ++steps)
-                    if (Inks inks = moved(aside, step * steps); isFree(inks))
-                        free = std::move(inks);
-        rest = free.empty() ? moved(0, 0) : std::move(free);
-        field.add(rest);
-        row.add(std::move(rest));
-    }
-}
 
 bool changesClef(const BarSource &bar)
 {
@@ -323,11 +264,11 @@ void SystemBuilder::placeJoint(SystemDraft &draft, const Joint &joint, double x,
         _lines.push_back({joint.lateLine, x + joint.lateLineX, _score.shown[next].bar});
 }
 
-std::vector<Inks> SystemBuilder::placeRow(SystemDraft &draft, RowDraft &row) const
+std::vector<WaitingRest> SystemBuilder::placeRow(SystemDraft &draft, RowDraft &row) const
 {
     // Chords voice by voice, as what joins them wants them. Rests beside other voices wait for the
     // beams of these.
-    std::vector<Inks> rests;
+    std::vector<WaitingRest> rests;
     for (unsigned voice = 0; voice < Bar::MaxVoices; ++voice)
         for (const BarPlace &bar : draft.bars) {
             const EngravedBar &engraved = _score.bar(row.number, bar.shownBar);
@@ -344,13 +285,13 @@ std::vector<Inks> SystemBuilder::placeRow(SystemDraft &draft, RowDraft &row) con
                 row.chords.push_back(placed);
                 const bool waits = chord.isRest() && chord.hasRival;
                 if (waits)
-                    rests.emplace_back();
+                    rests.push_back({{}, chord.isAbove});
                 for (std::uint32_t i = chord.firstInk; i < chord.inkEnd; ++i) {
                     Ink ink = engraved.inks[i];
                     ink.place.bar = static_cast<std::int32_t>(placed.bar);
                     ink.move(placed.x, 0);
                     if (waits)
-                        rests.back().push_back(std::move(ink));
+                        rests.back().inks.push_back(std::move(ink));
                     else
                         row.add(std::move(ink));
                 }
@@ -383,7 +324,7 @@ std::vector<Inks> SystemBuilder::placeRow(SystemDraft &draft, RowDraft &row) con
             const double onLine = hasRoom ? bar.right : before - 0.4 - ink.box.right;
             ink.move(isOnLine ? onLine : middleOf(bar, engraved), 0);
             if (ink.kind == MarkKind::Rest && !engraved.chords.empty())
-                rests.push_back({std::move(ink)});
+                rests.push_back({{ink}, ink.place.voice % 2 == 0});
             else
                 row.add(std::move(ink));
         }
@@ -394,7 +335,7 @@ std::vector<Inks> SystemBuilder::placeRow(SystemDraft &draft, RowDraft &row) con
 
 CrossStaffBeams SystemBuilder::placeRows(SystemDraft &draft) const
 {
-    std::vector<std::vector<Inks>> rests;
+    std::vector<std::vector<WaitingRest>> rests;
     for (RowDraft &row : draft.rows)
         rests.push_back(placeRow(draft, row));
     CrossStaffBeams beams(draft);

@@ -4,6 +4,7 @@
 #include <ZarnLayout/draw/ZarnLayout.h>
 #include <ZarnLayout/page/BarLines.h>
 #include <ZarnLayout/page/CrossStaffBeams.h>
+#include <ZarnLayout/page/RestPlacer.h>
 #include <ZarnLayout/page/RowShifts.h>
 #include <ZarnLayout/page/SystemDraft.h>
 
@@ -71,7 +72,7 @@ private:
     /// Answers with the beams between rows, which wait until these have their places.
     CrossStaffBeams placeRows(SystemDraft &draft) const;
     /// Answers with the rests that wait until all else is placed.
-    std::vector<Inks> placeRow(SystemDraft &draft, RowDraft &row) const;
+    std::vector<WaitingRest> placeRow(SystemDraft &draft, RowDraft &row) const;
     void separateRows(SystemDraft &draft) const;
     void addStaffLines(const SystemDraft &draft, const RowDraft &row, Inks &inks) const;
     /// Adds what the marks hang on to the system.
