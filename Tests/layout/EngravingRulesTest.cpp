@@ -180,6 +180,28 @@ TEST(EngravingRulesTest, tremolosBetweenNotesHaveRoom)
         EXPECT_GT(stroke.right - stroke.left, 1.0);
 }
 
+/// Strokes lead from stem to stem, over the head that is between them.
+TEST(EngravingRulesTest, tremolosBetweenNotesStandInTheMiddleOfTheStems)
+{
+    Piece piece;
+    for (int i = 0; i < 8; ++i) {
+        Beat &beat = piece.add({i % 2 == 0 ? 67 : 69}, NoteValue::Eighth);
+        BeatMarks marks = beat.marks();
+        marks.setTremoloToNext(i % 4 == 0 ? 2 : 0);
+        beat.setMarks(marks);
+    }
+    const LaidOut laid(*piece.model);
+    const auto stems = laid.of(MarkKind::Stem);
+    const auto strokes = laid.of(MarkKind::Tremolo);
+    ASSERT_EQ(stems.size(), 8U);
+    ASSERT_EQ(strokes.size(), 4U);
+    for (const auto &stroke : strokes) {
+        const auto first = static_cast<std::size_t>(stroke.place.beat);
+        EXPECT_NEAR((stroke.left + stroke.right) / 2, (stems[first].x + stems[first + 1].x) / 2,
+                    0.05);
+    }
+}
+
 TEST(EngravingRulesTest, noBarIsLeftAloneOnTheLastLine)
 {
     for (unsigned bars = 8; bars <= 40; bars += 3) {

@@ -130,10 +130,31 @@ void addBendSpaces(const Chord &chord, const BarSource &source, std::vector<Spac
     }
 }
 
-/// The strokes between two notes want to be seen as such.
-SpaceBox tremoloSpace(const Chord &chord, const Inks &inks, const Row &row)
+bool hasAccidentals(const Chord &chord, const Inks &inks)
 {
-    constexpr double strokes = 2.4;
+    return std::any_of(inks.begin() + chord.firstInk, inks.begin() + chord.inkEnd,
+                       [](const Ink &ink) { return ink.kind == MarkKind::Accidental; });
+}
+
+/// The next chord of its voice in a bar; null behind the last.
+const Chord *nextOf(const Chord &chord, const std::vector<Chord> &chords)
+{
+    const Chord *next = nullptr;
+    for (const Chord &other : chords)
+        if (other.voice == chord.voice && !other.beat->isGrace() && other.column > chord.column
+            && (!next || other.column < next->column))
+            next = &other;
+    return next;
+}
+
+/// The strokes between two notes want to be seen as such. Those of beamed notes lead from stem to
+/// stem, one of which is beyond a head, unless accidentals are in between.
+SpaceBox tremoloSpace(const Chord &chord, const EngravedBar &bar, const Row &row)
+{
+    const Inks &inks = bar.inks;
+    const Chord *const next = nextOf(chord, bar.chords);
+    const bool isClear = chord.isBeamed && next && !hasAccidentals(*next, inks);
+    const double strokes = isClear ? 1.4 : 2.4;
     double right = chord.width;
     for (std::uint32_t i = chord.firstInk; i < chord.inkEnd; ++i)
         if (inks[i].kind != MarkKind::LedgerLine)
@@ -184,7 +205,7 @@ void addSpaces(EngravedBar &bar, const BarSource &source, const Row &row, const 
         }
         if (chord.beat->marks.tremoloToNext() > 0
             && (row.notation != Notation::Tablature || row.hasRhythm))
-            boxes.push_back(tremoloSpace(chord, bar.inks, row));
+            boxes.push_back(tremoloSpace(chord, bar, row));
         addLinkSpaces(chord, bar, source, row, boxes);
         if (row.isFirstOfStaff && chord.beat->details)
             addWordSpaces(chord, fonts, boxes);

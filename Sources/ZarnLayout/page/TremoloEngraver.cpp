@@ -14,15 +14,17 @@ namespace zarn::engraving {
 
 namespace {
 
+bool isFree(const InkField &field, const Box &box)
+{
+    constexpr double gap = 0.1;
+    return field.isFree({box.left - gap, box.top - gap, box.right + gap, box.bottom + gap});
+}
+
 /// A stretch for strokes: all of it, or else a shorter one as near to its middle as can be that no
 /// note of another voice stands in.
 std::pair<double, double> freeStretch(const InkField &field, const Box &all)
 {
-    constexpr double gap = 0.1;
-    const auto isFree = [&](double left, double right) {
-        return field.isFree({left - gap, all.top - gap, right + gap, all.bottom + gap});
-    };
-    if (isFree(all.left, all.right))
+    if (isFree(field, all))
         return {all.left, all.right};
     constexpr double longest = 4;
     constexpr double step = 0.5;
@@ -30,7 +32,7 @@ std::pair<double, double> freeStretch(const InkField &field, const Box &all)
     for (const double length : {longest, 2.5, 1.5})
         for (double shift = 0; shift <= (all.right - all.left - length) / 2; shift += step)
             for (const double centre : {middle - shift, middle + shift})
-                if (isFree(centre - length / 2, centre + length / 2))
+                if (isFree(field, {centre - length / 2, all.top, centre + length / 2, all.bottom}))
                     return {centre - length / 2, centre + length / 2};
     const double half = std::min(longest, all.right - all.left) / 2;
     return {middle - half, middle + half};
@@ -44,30 +46,40 @@ void addStrokesBetween(RowDraft &row, const SystemDraft &draft, const PlacedChor
     constexpr double thickness = 0.5;
     const unsigned strokes = chord.beat().marks.tremoloToNext();
     const double inward = chord.chord->isStemUp ? 1 : -1;
-    double left = std::max(rightInkOf(draft, row, chord), chord.stemX()) + 0.4;
-    // Strokes end at the line of their bar: what stands behind it has no room for them.
-    const double line = draft.bars[chord.shownBar - draft.first].right;
-    double right = std::min({leftInkOf(draft, row, next), next.stemX(), line}) - 0.4;
-    if (right <= left)
-        return;
     // Inside of the beams that join the notes.
     const auto endAt = [&](const PlacedChord &at) {
         const unsigned beams = at.chord->isBeamed ? at.beat().flagCount() : 0;
         return at.chord->hasStem ? at.stemTip + inward * (0.9 + gap * beams) : at.top() - 1.5;
     };
-    double y0 = endAt(chord);
-    double y1 = endAt(next);
-    // Strokes lean as little as beams do, however far apart their notes are.
-    constexpr double steepest = 1.2;
-    const double middle = (y0 + y1) / 2;
-    const double lean =
-        std::clamp(y1 - y0, -steepest, steepest) * std::min(1.0, (right - left) / 4);
-    y0 = middle - lean / 2;
-    y1 = middle + lean / 2;
-    const double last = inward * (gap * (strokes - 1) + thickness);
-    std::tie(left, right) = freeStretch(field,
-                                        {left, std::min(y0, y1) + std::min(0.0, last), right,
-                                         std::max(y0, y1) + std::max(0.0, last)});
+    const double depth = inward * (gap * (strokes - 1) + thickness);
+    double y0 = 0;
+    double y1 = 0;
+    const auto boxBetween = [&](double left, double right) {
+        // Strokes lean as little as beams do, however far apart their notes are.
+        constexpr double steepest = 1.2;
+        y0 = endAt(chord);
+        y1 = endAt(next);
+        const double middle = (y0 + y1) / 2;
+        const double lean =
+            std::clamp(y1 - y0, -steepest, steepest) * std::min(1.0, (right - left) / 4);
+        y0 = middle - lean / 2;
+        y1 = middle + lean / 2;
+        return Box{left, std::min(y0, y1) + std::min(0.0, depth), right,
+                   std::max(y0, y1) + std::max(0.0, depth)};
+    };
+    // From stem to stem, or else from head to head. Strokes end at the line of their bar: what
+    // stands behind it has no room for them.
+    const double line = draft.bars[chord.shownBar - draft.first].right;
+    double left = chord.stemX() + 0.4;
+    double right = std::min(next.stemX(), line) - 0.4;
+    const bool haveStems = chord.chord->hasStem && next.chord->hasStem && right > left;
+    if (!haveStems || !isFree(field, boxBetween(left, right))) {
+        left = std::max(rightInkOf(draft, row, chord), chord.stemX()) + 0.4;
+        right = std::min({leftInkOf(draft, row, next), next.stemX(), line}) - 0.4;
+        if (right <= left)
+            return;
+        std::tie(left, right) = freeStretch(field, boxBetween(left, right));
+    }
     for (unsigned stroke = 0; stroke < strokes; ++stroke) {
         const double shift = inward * gap * stroke;
         Ink beam = draft.pen.polygon(MarkKind::Tremolo,
