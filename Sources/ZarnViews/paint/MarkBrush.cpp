@@ -15,13 +15,6 @@ using layout::DrawList;
 using layout::DrawMark;
 using layout::MarkShape;
 
-namespace {
-
-/// Beside the faces of the text font.
-constexpr int musicFace = -2;
-
-} // namespace
-
 MarkBrush::MarkBrush(QPainter &painter, const layout::MusicFont &font, GlyphPaths &paths,
                      GlyphDrawing glyphs, const QColor &ink)
     : _painter(painter), _font(font), _paths(paths), _glyphs(glyphs), _ink(ink)
@@ -68,9 +61,7 @@ void MarkBrush::paintGlyph(const DrawMark &mark)
     const bool isBuiltIn = &_font.outlines(mark.glyph) == &layout::FontOutlines::music();
     if (_glyphs == GlyphDrawing::Fonts && isUpright && isBuiltIn) {
         // SMuFL: an em is four staff spaces, so scales in 1/1024 are a fourth of the em in units.
-        useFont(musicFace, 4 * mark.to.x);
-        const char32_t codePoint = _font.codePoint(mark.glyph);
-        _painter.drawText(QPointF(mark.at.x, mark.at.y), QString::fromUcs4(&codePoint, 1));
+        _painter.drawGlyphRun(QPointF(mark.at.x, mark.at.y), musicRun(mark.glyph, 4 * mark.to.x));
         return;
     }
     const QPainterPath &path = _paths.music(_font, mark.glyph);
@@ -82,6 +73,22 @@ void MarkBrush::paintGlyph(const DrawMark &mark)
         _painter.scale(mark.to.x / 1024.0, mark.to.y / 1024.0);
     _painter.fillPath(path, _ink);
     _painter.setTransform(before);
+}
+
+/// A sign needs no shaping, which would take a third of the time of a page.
+const QGlyphRun &MarkBrush::musicRun(layout::GlyphId glyph, int pixels)
+{
+    QGlyphRun &run = _musicRuns[{pixels, glyph}];
+    if (!run.isEmpty())
+        return run;
+    QRawFont &font = _musicFonts[pixels];
+    if (!font.isValid())
+        font = QRawFont::fromFont(ViewFonts::instance().music(pixels));
+    const char32_t codePoint = _font.codePoint(glyph);
+    run.setRawFont(font);
+    run.setGlyphIndexes(font.glyphIndexesForString(QString::fromUcs4(&codePoint, 1)));
+    run.setPositions({QPointF()});
+    return run;
 }
 
 void MarkBrush::paintLine(const DrawMark &mark)
@@ -177,9 +184,7 @@ void MarkBrush::useFont(int face, int pixels)
         return;
     _fontFace = face;
     _fontPixels = pixels;
-    const ViewFonts &fonts = ViewFonts::instance();
-    _painter.setFont(face == musicFace ? fonts.music(pixels)
-                                       : fonts.text(static_cast<layout::TextFace>(face), pixels));
+    _painter.setFont(ViewFonts::instance().text(static_cast<layout::TextFace>(face), pixels));
 }
 
 } // namespace zarn::views

@@ -5,11 +5,14 @@
 #include <ZarnViews/paint/ZarnScorePainter.h>
 
 #include <QBrush>
+#include <QGlyphRun>
 #include <QLineF>
 #include <QPen>
+#include <QRawFont>
 #include <QVector>
 
 #include <map>
+#include <utility>
 
 class QPainter;
 
@@ -26,6 +29,7 @@ public:
 
 private:
     void paintGlyph(const layout::DrawMark &mark);
+    const QGlyphRun &musicRun(layout::GlyphId glyph, int pixels);
     void paintLine(const layout::DrawMark &mark);
     void paintLines();
     void paintPath(const layout::DrawList &list, const layout::DrawMark &mark);
@@ -35,7 +39,7 @@ private:
 
     /// Sets a pen unless it is set: what is written to documents for it would double their size.
     void usePen(const QPen &pen);
-    /// The same for a face of the text font, or the music font.
+    /// The same for a face of the text font.
     void useFont(int face, int pixels);
 
     QPainter &_painter;
@@ -45,7 +49,9 @@ private:
     QBrush _ink;
     QPen _pen;
     std::map<layout::Unit, QVector<QLineF>> _lines; ///< that wait for others of their thickness
-    int _fontFace = -1;                             ///< none yet
+    std::map<int, QRawFont> _musicFonts;            ///< by pixels to the em
+    std::map<std::pair<int, layout::GlyphId>, QGlyphRun> _musicRuns; ///< by pixels and sign
+    int _fontFace = -1;                                              ///< none yet
     int _fontPixels = 0;
 };
 
