@@ -302,6 +302,7 @@ void addLyrics(RowDraft &row, const SystemDraft &draft)
     }
     // Verses stand evenly below one another, whatever their letters are.
     const Box letters = draft.pen.fonts().textBox("lp", TextRole::Lyric);
+    const auto lineCount = static_cast<int>(lines.size());
     int number = 0;
     for (auto &entry : lines) {
         std::vector<Sung> &sung = entry.second;
@@ -321,8 +322,10 @@ void addLyrics(RowDraft &row, const SystemDraft &draft)
                                draft.problems);
             for (Ink &ink : item.inks) {
                 ink.place = placeOf(row, *entry.chord);
-                ink.box.top = std::min(ink.box.top, letters.top);
-                ink.box.bottom = std::max(ink.box.bottom, letters.bottom);
+                if (line > 0)
+                    ink.box.top = std::min(ink.box.top, letters.top);
+                if (line < lineCount - 1)
+                    ink.box.bottom = std::max(ink.box.bottom, letters.bottom);
             }
             const double centre = entry.chord->headCentre();
             entry.box = item.inks.empty() ? Box{centre, 0, centre, 0} : boxOf(item.inks);
