@@ -5,6 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -13,15 +16,20 @@ using ::test::LaidOut;
 using ::test::ViolinPiece;
 using NoteValue = RhythmValue::NoteValue;
 
-/// Music that keeps inside its staff: bar numbers alone stand outside of it.
-std::shared_ptr<ScoreModel> plainMusic()
+std::shared_ptr<ScoreModel> musicOf(const std::vector<int> &keys)
 {
     constexpr unsigned bars = 40;
     ViolinPiece piece(bars);
     for (unsigned bar = 0; bar < bars; ++bar)
-        for (const int key : {67, 69, 71, 72})
+        for (const int key : keys)
             piece.add({key}, NoteValue::Quarter, 0, 0, bar);
     return piece.model;
+}
+
+/// Music that keeps inside its staff: bar numbers alone stand outside of it.
+std::shared_ptr<ScoreModel> plainMusic()
+{
+    return musicOf({67, 69, 71, 72});
 }
 
 LaidOut onPages(const ScoreModel &model, int height)
@@ -30,6 +38,18 @@ LaidOut onPages(const ScoreModel &model, int height)
     options.page = PageSetup();
     options.page->height = height;
     return LaidOut(model, options);
+}
+
+/// Heights of pages in micrometres, on the higher of which all systems find room.
+std::pair<int, int> lowestPageFor(const ScoreModel &model)
+{
+    int tooLow = 40000;
+    int enough = 400000;
+    while (enough - tooLow > 200) {
+        const int height = (tooLow + enough) / 2;
+        (onPages(model, height).layout->pages().size() > 1 ? tooLow : enough) = height;
+    }
+    return {tooLow, enough};
 }
 
 /// The least and the greatest distance between the ink of systems that follow on a page, in staff
@@ -57,12 +77,7 @@ std::pair<double, double> gapsOn(const LaidOut &laid, const layout::LayoutPage &
 TEST(PageFillTest, systemsMoveTogetherWhereOneMoreFits)
 {
     const auto model = plainMusic();
-    int tooLow = 40000;
-    int enough = 400000;
-    while (enough - tooLow > 200) {
-        const int height = (tooLow + enough) / 2;
-        (onPages(*model, height).layout->pages().size() > 1 ? tooLow : enough) = height;
-    }
+    const auto [tooLow, enough] = lowestPageFor(*model);
     const LaidOut lowest = onPages(*model, enough);
     const auto &page = lowest.layout->pages().front();
     ASSERT_GT(page.systems.size(), 5U);
@@ -89,4 +104,33 @@ TEST(PageFillTest, systemsMoveTogetherWhereOneMoreFits)
         if (half.systems.size() > 1) {
             EXPECT_GT(gapsOn(two, half).first, squeezed.second + 1.0);
         }
+}
+
+/// What hangs below a staff or stands above one keeps off the staff of another system, however near
+/// the systems come: one sees to which of them it belongs.
+TEST(PageFillTest, inkStaysAwayFromTheStavesOfOtherSystems)
+{
+    for (const int key : {57, 88}) {
+        const auto model = musicOf({71, key, key, 71});
+        const LaidOut lowest = onPages(*model, lowestPageFor(*model).second);
+        const auto &systems = lowest.layout->pages().front().systems;
+        ASSERT_GT(systems.size(), 5U);
+        const bool isBelow = key < 71;
+        for (std::size_t i = 2; i < systems.size(); ++i) {
+            const auto &upper = systems[i - 1];
+            const auto &lower = systems[i];
+            double edge = isBelow ? -1e9 : 1e9;
+            const auto &list = (isBelow ? upper : lower).drawing->marks;
+            for (const auto &mark : list.marks())
+                if (mark.kind == layout::MarkKind::NoteHead) {
+                    const auto box = list.box(mark, lowest.layout->font());
+                    edge = isBelow ? std::max<double>(edge, box.bottom + upper.at.y)
+                                   : std::min<double>(edge, box.top + lower.at.y);
+                }
+            const double staff = isBelow ? lower.drawing->staves.front().top + lower.at.y
+                                         : upper.drawing->staves.back().bottom + upper.at.y;
+            EXPECT_GT(layout::toSpaces(static_cast<layout::Unit>(std::abs(staff - edge))), 1.5)
+                << key << ", " << i;
+        }
+    }
 }

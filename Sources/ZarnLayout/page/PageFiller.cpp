@@ -7,13 +7,15 @@ namespace zarn::engraving {
 
 namespace {
 
-constexpr double mostStretch = 16;    ///< that a gap between systems takes on, in staff spaces
-constexpr double mostApart = 6;       ///< that one between tracks takes on
-constexpr double lastApart = 0.6;     ///< the same where nothing says how loose a page is
-constexpr double systemStretch = 2.5; ///< of systems, where tracks have 1
-constexpr double leastGap = 0.5;      ///< between systems where one more finds room by it
+constexpr double mostStretch = 16;     ///< that a gap between systems takes on, in staff spaces
+constexpr double mostApart = 6;        ///< that one between tracks takes on
+constexpr double lastApart = 0.6;      ///< the same where nothing says how loose a page is
+constexpr double systemStretch = 2.5;  ///< of systems, where tracks have 1
+constexpr double nearest = 0.5;        ///< ink of two systems where one more finds room by it
+constexpr double staffClearance = 1.6; ///< the same between ink and the staff of another system
 constexpr double pageCost = 1000;
 constexpr double squeezeCost = 60; ///< of a page whose systems stand as near as they may
+constexpr double loneCost = 40;    ///< of a last page with one system, which looks left over
 
 double heightOf(const std::vector<SystemHeight> &systems, unsigned first, unsigned end)
 {
@@ -23,10 +25,10 @@ double heightOf(const std::vector<SystemHeight> &systems, unsigned first, unsign
     return height;
 }
 
-/// How much less room than they want systems with so many gaps between them find at most.
-double mostSqueeze(double gaps)
+/// How much nearer to the system above than it wants a system comes at most.
+double mostSqueeze(const SystemHeight &system)
 {
-    return gaps * (systemGap - leastGap);
+    return systemGap - system.leastGap;
 }
 
 /// The last page of a movement is no looser than `mostLast`.
@@ -38,7 +40,10 @@ FilledPage fill(const std::vector<SystemHeight> &systems, unsigned first, unsign
     page.end = end;
     const double height = heightOf(systems, first, end);
     const double gaps = end - first - 1;
-    const double squeeze = std::clamp(height - room, 0.0, mostSqueeze(gaps));
+    double most = 0;
+    for (unsigned i = first + 1; i < end; ++i)
+        most += mostSqueeze(systems[i]);
+    const double squeezed = most > 0 ? std::clamp((height - room) / most, 0.0, 1.0) : 0;
     page.isTooTall = gaps == 0 && height > room; // several are put on a page that they fit on
     // Staves and systems move apart together; what is left over goes between the systems.
     const double rest = std::max(0.0, room - height);
@@ -47,13 +52,13 @@ FilledPage fill(const std::vector<SystemHeight> &systems, unsigned first, unsign
         readiness += systems[i].stretch;
     if (readiness > 0)
         page.stretch = std::min(rest / readiness, isLast ? mostLast : mostApart);
-    double between = page.stretch * systemStretch - (gaps > 0 ? squeeze / gaps : 0);
+    double between = page.stretch * systemStretch;
     if (gaps > 0 && !isLast)
         between = std::min(between + (rest - page.stretch * readiness) / gaps, mostStretch);
     double y = 0;
     for (unsigned i = first; i < end; ++i) {
         if (i > first)
-            y -= systems[i].nesting;
+            y -= systems[i].nesting + squeezed * mostSqueeze(systems[i]);
         page.places.push_back(y + systems[i].top);
         y += systems[i].height() + page.stretch * systems[i].stretch + systemGap + between;
     }
@@ -61,6 +66,11 @@ FilledPage fill(const std::vector<SystemHeight> &systems, unsigned first, unsign
 }
 
 } // namespace
+
+double leastGapOf(double reach, double hanging, double standing)
+{
+    return std::clamp(staffClearance + std::max(hanging, standing) - reach, nearest, systemGap);
+}
 
 std::vector<FilledPage> fillPages(const std::vector<SystemHeight> &systems, const PageRoom &room)
 {
@@ -71,19 +81,21 @@ std::vector<FilledPage> fillPages(const std::vector<SystemHeight> &systems, cons
     for (unsigned first = count; first-- > 0;) {
         const double space = first == 0 ? room.first : room.others;
         double height = 0;
+        double most = 0;
         for (unsigned end = first + 1; end <= count; ++end) {
             if (end > first + 1 && systems[end - 1].breaksBefore)
                 break;
             height += systems[end - 1].height()
                 + (end > first + 1 ? systemGap - systems[end - 1].nesting : 0);
-            const double most = mostSqueeze(end - first - 1);
+            most += end > first + 1 ? mostSqueeze(systems[end - 1]) : 0;
             if (height - most > space && end > first + 1)
                 break;
             const double rest = std::max(0.0, space - height) / std::max(space, 1.0);
             const double squeeze = most > 0 ? std::max(0.0, height - space) / most : 0;
             const bool isLast = end == count || systems[end].breaksBefore;
+            const bool isLone = isLast && end == first + 1 && first > 0;
             const double cost = pageCost + (isLast ? 0.1 : 100) * rest * rest
-                + squeezeCost * squeeze * squeeze + costs[end];
+                + squeezeCost * squeeze * squeeze + (isLone ? loneCost : 0) + costs[end];
             if (cost < costs[first]) {
                 costs[first] = cost;
                 next[first] = end;

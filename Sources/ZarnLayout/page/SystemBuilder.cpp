@@ -115,6 +115,7 @@ DrawnSystem SystemBuilder::build(unsigned first, unsigned end, double width, boo
         system.above = draft.rows.front().above;
         system.below = draft.rows.back().below;
         system.lastRow = draft.rows.back().y;
+        system.lastHeight = draft.rows.back().row->height();
     }
     system.right = draft.right;
     system.bare = {draft.staffLeft, system.above, system.top};

@@ -31,6 +31,7 @@ struct BuiltSystem {
     Skyline above = Skyline(0, 0); ///< of the first row
     Skyline below = Skyline(0, 0); ///< of the last row
     double lastRow = 0;            ///< y of the top line of the last row
+    double lastHeight = 0;         ///< of its staff
 
     static constexpr std::uint32_t noMark = 0xffffffff;
     SystemFrame bare;

@@ -2,6 +2,7 @@
 #include <ZarnLayout/session/LayoutEngine.h>
 
 #include <ZarnLayout/page/BarNumber.h>
+#include <ZarnLayout/page/PageFiller.h>
 #include <ZarnLayout/page/SystemHead.h>
 #include <ZarnLayout/session/ColumnEngraver.h>
 #include <ZarnLayout/session/MultiRests.h>
@@ -190,8 +191,11 @@ void LayoutEngine::addSystem(const ScoreSource &source, ShownSystem system, cons
     const BuiltSystem *const above = _systems.empty() ? nullptr : _systems.back().built.get();
     if (system.above != above) {
         system.above = above;
-        const double least = above->lastRow + above->below.distance(system.built->above);
+        const double reach = above->below.distance(system.built->above);
+        const double least = above->lastRow + reach;
         system.nesting = std::max(0.0, above->bottom + system.built->top - least);
+        system.leastGap = leastGapOf(reach, above->below.outermost(),
+                                     above->lastHeight + system.built->bare.above.outermost());
     }
     _systems.push_back(std::move(system));
 }
@@ -207,6 +211,7 @@ void LayoutEngine::takeOver(const ShownSystem &old, ShownSystem &system) const
         system.problems = old.problems;
         system.above = old.above;
         system.nesting = old.nesting;
+        system.leastGap = old.leastGap;
         return;
     }
     system.built = movedBy(*old.built, system.drawing, bars, _score.number(system.first), _pen);

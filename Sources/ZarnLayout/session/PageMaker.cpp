@@ -65,7 +65,7 @@ std::vector<SystemHeight> heightsOf(const std::vector<ShownSystem> &systems)
     std::vector<SystemHeight> heights;
     heights.reserve(systems.size());
     for (const ShownSystem &system : systems)
-        heights.push_back({system.built->top, system.built->bottom, system.nesting,
+        heights.push_back({system.built->top, system.built->bottom, system.nesting, system.leastGap,
                            system.built->stretch, false});
     return heights;
 }

@@ -41,6 +41,7 @@ struct ShownSystem {
     std::shared_ptr<const Problems> problems;
     const BuiltSystem *above = nullptr; ///< the system in front, for which the nesting is true
     double nesting = 0;                 ///< how far it may move up between the ink of that one
+    double leastGap = 0;                ///< as near as the ink of both may come
 };
 
 /// Puts systems on pages, or all of them on one sheet, with titles, headers and footers.
