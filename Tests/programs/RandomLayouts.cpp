@@ -59,13 +59,18 @@ int main(int argc, char *argv[])
         1000);
     const QCommandLineOption scroll(QStringLiteral("scroll"),
                                     QStringLiteral("One sheet, rests joined, in place of pages."));
+    const QCommandLineOption line(QStringLiteral("line"),
+                                  QStringLiteral("One system without end, in place of pages."));
     arguments.add(scroll);
+    arguments.add(line);
     if (!arguments.read(application))
         return 2;
     zarn::layout::LayoutOptions options;
     if (arguments.has(scroll)) {
         options.view = zarn::ViewLayout::Continuous;
         options.multiRest = true;
+    } else if (arguments.has(line)) {
+        options.view = zarn::ViewLayout::SingleLine;
     }
     Totals totals;
     for (const std::string &path : arguments.paths()) {
