@@ -159,10 +159,11 @@ void GripChange::addNotes(const Departure &from, const Grip &to, Add &add) const
             (to.sounding >> at & 1) != 0 && pitchOf(to, at) == pitchOf(*from.grip, at);
         if (isStruckAgain)
             continue;
-        const bool isLasting = (from.lasting >> at & 1) != 0;
-        add(isLasting ? &W::cutNote : &W::cutRinging, 1);
-        if (!isLasting && _ringing.isOfBrokenChord(from.grip->note[at]))
+        add(&W::cutRinging, 1);
+        if (_ringing.isOfBrokenChord(from.grip->note[at]))
             add(&W::cutBroken, 1);
+        if ((from.lasting >> at & 1) != 0)
+            add(&W::cutNote, 1);
     }
     for (unsigned bits = to.fresh(); bits != 0; bits &= bits - 1) {
         const auto at = static_cast<std::size_t>(__builtin_ctz(bits));
