@@ -62,25 +62,6 @@ void MarkPlacer::attach(const WrittenMark &mark, Beat &beat)
     }
 }
 
-/// Where an ottava sign changes: among grace notes, which take no time, the order of the document
-/// tells.
-MarkPlacer::OttaviaChange MarkPlacer::changeOf(const WrittenMark &mark,
-                                               const std::vector<NotePlace> &notes)
-{
-    OttaviaChange change = {mark.position, static_cast<Ottavia>(mark.value), Bar::MaxVoices, 0};
-    const auto follow = [&](const NotePlace &place, unsigned index) {
-        change.slot = place.slot;
-        change.index = index;
-    };
-    if (const auto *const ahead = noteAhead(notes, mark.note, mark.staff, mark.position))
-        follow(*ahead, ahead->index);
-    else if (mark.note > 0)
-        if (const auto *const behind = noteAhead(notes, mark.note - 1, mark.staff, mark.position);
-            behind && behind->beat->isGrace())
-            follow(*behind, behind->index + 1);
-    return change;
-}
-
 /// Puts the ottava signs over the beats of their staff, from where they begin to where they end.
 void MarkPlacer::placeOttavas(const WrittenMeasure &measure, const std::vector<NotePlace> &notes,
                               std::vector<StaffSlots> &staves)
@@ -91,7 +72,8 @@ void MarkPlacer::placeOttavas(const WrittenMeasure &measure, const std::vector<N
         _changes.clear();
         for (const auto &mark : measure.marks)
             if (mark.kind == WrittenMark::Kind::Ottava && static_cast<std::size_t>(mark.staff) == i)
-                _changes.push_back(changeOf(mark, notes));
+                _changes.push_back({mark.position, static_cast<Ottavia>(mark.value),
+                                    jointAt(notes, mark.note, mark.staff, mark.position)});
         if (_changes.empty() && open == Ottavia::None)
             continue;
         std::stable_sort(_changes.begin(), _changes.end(),
@@ -101,7 +83,9 @@ void MarkPlacer::placeOttavas(const WrittenMeasure &measure, const std::vector<N
             auto next = _changes.begin();
             unsigned index = 0;
             const auto isReached = [&](const PlacedBeat &placed) {
-                return next->slot == slot ? index >= next->index : !(placed.onset < next->position);
+                // Among grace notes, which take no time, the order of the document tells.
+                return next->joint && next->joint->slot == slot ? index >= next->joint->index
+                                                                : !(placed.onset < next->position);
             };
             for (auto &placed : staves[i].voiceSlots[slot].beats) {
                 for (; next != _changes.end() && isReached(placed); ++next)

@@ -5,6 +5,7 @@
 #include <ZarnCore/io/musicxml/WrittenMusic.h>
 #include <ZarnCore/io/musicxml/signs/NotePlace.h>
 
+#include <optional>
 #include <vector>
 
 namespace zarn::io {
@@ -28,11 +29,9 @@ private:
     struct OttaviaChange {
         utils::rational position;
         Ottavia ottavia;
-        unsigned slot; ///< whose beat from `index` on is the first; none where only the time tells
-        unsigned index;
+        std::optional<VoiceJoint> joint;
     };
 
-    static OttaviaChange changeOf(const WrittenMark &mark, const std::vector<NotePlace> &notes);
     void attach(const WrittenMark &mark, Beat &beat);
     void placeOttavas(const WrittenMeasure &measure, const std::vector<NotePlace> &notes,
                       std::vector<StaffSlots> &staves);

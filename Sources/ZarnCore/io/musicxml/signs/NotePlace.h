@@ -5,10 +5,17 @@
 #include <ZarnCore/model/ZarnBar.h>
 
 #include <cstddef>
+#include <optional>
 #include <tuple>
 #include <vector>
 
 namespace zarn::io {
+
+/// A place in a voice of a bar: in front of the beat of an index.
+struct VoiceJoint {
+    unsigned slot;
+    unsigned index;
+};
 
 /// Where a note of a part was put. Beats stay where they are while their part is read.
 struct NotePlace {
@@ -21,10 +28,9 @@ struct NotePlace {
     Beat *beat = nullptr;
     Note *note = nullptr; ///< null for a rest
 
-    // Of what stands between the notes: the beat that follows it at its time in the document.
-    Beat *ahead = nullptr;
-    unsigned aheadSlot = 0;
-    unsigned aheadIndex = 0;
+    // Of what stands between the notes.
+    Beat *ahead = nullptr; ///< the beat that follows it at its time in the document
+    std::optional<VoiceJoint> joint = std::nullopt; ///< see `jointAt`
 
     bool isInLineOf(const NotePlace &other) const noexcept
     {
@@ -47,6 +53,19 @@ inline const NotePlace *noteAhead(const std::vector<NotePlace> &notes, std::size
         return nullptr;
     const auto &place = notes[note];
     return place.beat && place.staff == staff && place.onset == position ? &place : nullptr;
+}
+
+/// The joint of a voice at which something stands in the document: in front of the note ahead, or
+/// behind a grace note, which takes no time. Nothing where its time alone tells the place.
+inline std::optional<VoiceJoint> jointAt(const std::vector<NotePlace> &notes, std::size_t note,
+                                         int staff, const utils::rational &position)
+{
+    if (const auto *const ahead = noteAhead(notes, note, staff, position))
+        return VoiceJoint{ahead->slot, ahead->index};
+    const auto *const behind = note > 0 ? noteAhead(notes, note - 1, staff, position) : nullptr;
+    if (behind && behind->beat->isGrace())
+        return VoiceJoint{behind->slot, behind->index + 1};
+    return std::nullopt;
 }
 
 /// The beats of one voice slot of a staff, over all bars, as they are when a part has been read.

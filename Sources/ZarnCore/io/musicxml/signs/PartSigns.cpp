@@ -50,11 +50,9 @@ void PartSigns::addSpans(const WrittenMeasure &measure, const std::vector<NotePl
         place.bar = _context.bar();
         place.staff = std::min(sign.staff, static_cast<int>(staffCount) - 1);
         place.onset = sign.position;
-        if (const auto *const ahead = noteAhead(notes, sign.note, place.staff, sign.position)) {
+        if (const auto *const ahead = noteAhead(notes, sign.note, place.staff, sign.position))
             place.ahead = ahead->beat;
-            place.aheadSlot = ahead->slot;
-            place.aheadIndex = ahead->index;
-        }
+        place.joint = jointAt(notes, sign.note, place.staff, sign.position);
         if (sign.tag == Tag::Wedge)
             _hairpins.add(sign.node, place);
         else if (sign.tag == Tag::Pedal)

@@ -65,19 +65,19 @@ std::vector<NotePlace> StaffTimes::between(const NotePlace &begin, const NotePla
     const auto &first = begin.onset;
     const auto &last = stop.onset;
     std::vector<NotePlace> places;
-    const auto start = begin.ahead ? NotePlace() : atOrAfter(firstBar, first);
-    const unsigned preferred = begin.ahead ? begin.aheadSlot : start.beat ? start.slot : 0;
+    const auto start = begin.joint ? NotePlace() : atOrAfter(firstBar, first);
+    const unsigned preferred = begin.joint ? begin.joint->slot : start.beat ? start.slot : 0;
     const int end = std::min(lastBar, static_cast<int>(_bars.size()) - 1);
     for (int bar = firstBar; bar <= end; ++bar) {
         const unsigned slot = slotOf(bar, preferred);
         if (slot == Bar::MaxVoices)
             continue;
         // Among grace notes, which take no time, the order of the document tells.
-        const bool isEndInVoice = bar == lastBar && stop.ahead && stop.aheadSlot == slot;
+        const bool isEndInVoice = bar == lastBar && stop.joint && stop.joint->slot == slot;
         forEachBeat(*voiceOf(bar, slot), [&](Beat &beat, unsigned index, const rational &onset) {
-            if (isEndInVoice ? index >= stop.aheadIndex : bar == lastBar && !(onset < last))
+            if (isEndInVoice ? index >= stop.joint->index : bar == lastBar && !(onset < last))
                 return false;
-            const bool isInside = begin.ahead ? index >= begin.aheadIndex : !(onset < first);
+            const bool isInside = begin.joint ? index >= begin.joint->index : !(onset < first);
             if (bar > firstBar || isInside)
                 places.push_back({bar, 0, slot, index, onset, 0, &beat, nullptr});
             return true;

@@ -245,6 +245,9 @@ void NoteWriter::writeTime(const RhythmicBeat &beat, const Note *note, const Voi
             addElement(node, "dot");
         if (note && _isPitched)
             writeAccidental(*note, *place.staff, node);
+        // Grace notes have no brackets, which would tell the two ratios apart.
+        _context.addUnheldIf(beat.beat->isGrace() && beat.tuplets.count > 1,
+                             "tuplet inside of another at a grace note");
         if (beat.tuplets.count > 0 && !written.isBeyond) {
             auto product = beat.tuplets.product();
             // The halves of a tremolo; the tree holds no ratio with a 1 in it.
