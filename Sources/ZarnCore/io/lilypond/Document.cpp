@@ -51,6 +51,14 @@ constexpr const char *layout =
   % \midi { \context { \Score midiMergeUnisons = ##f midiChannelMapping = #'instrument } \context { \ChordNames \remove "Note_performer" } }
 )";
 
+/// LilyPond takes systems with lyrics and signs for lower than they are, and squeezes the pages
+/// that it fills with them; where to break pages it finds out with some room between them.
+constexpr const char *paper = R"(\paper {
+  page-breaking-system-system-spacing.padding = #2
+}
+
+)";
+
 /// Room for the names at the left, by the longest of them: what LilyPond leaves is for short ones.
 std::string indents(const ScoreModel &model)
 {
@@ -179,7 +187,7 @@ std::string Writer::write()
         hasChords = hasChords || _tracks.back().hasChords;
     }
     std::string text = "\\version \"2.24.0\"\n\n#(set-global-staff-size "
-        + std::to_string(staffSize(_model)) + ")\n\n" + header();
+        + std::to_string(staffSize(_model)) + ")\n\n" + paper + header();
     for (const std::string &dynamic : _dynamics)
         text += dynamic + " = #(make-dynamic-script " + quoted(dynamic) + ")\n";
     if (hasChords)
