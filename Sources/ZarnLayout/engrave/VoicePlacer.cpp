@@ -110,7 +110,7 @@ struct Taken {
 double freePlace(const Chord &chord, const std::vector<Box> &shape, const Taken &taken)
 {
     constexpr int mostTries = 8;
-    constexpr double stemGap = 0.2;
+    constexpr double stemGap = 0.2; ///< stems side by side are to be two lines to the eye
     double x = 0;
     for (int tries = 0; tries < mostTries; ++tries) {
         bool isClear = true;
@@ -119,14 +119,12 @@ double freePlace(const Chord &chord, const std::vector<Box> &shape, const Taken 
             const Chord &owner = *taken.owners[i];
             if (owner.x == x && shareStem(owner, chord))
                 continue;
-            for (std::size_t k = 0; k < shape.size(); ++k) {
-                // Two stems side by side are to be two lines to the eye.
-                const double gap = taken.areStems[i] && isStem(chord, k) ? stemGap : 0;
-                if (shape[k].movedBy(x, 0).meets(taken.boxes[i], gap - 0.02)) {
+            const double gap = taken.areStems[i] && chord.hasStem && !chord.isStemUp ? stemGap : 0;
+            for (const Box &part : shape)
+                if (part.movedBy(x, 0).meets(taken.boxes[i], -0.02)) {
                     isClear = false;
-                    next = std::max(next, taken.boxes[i].right + gap - shape[k].left);
+                    next = std::max(next, taken.boxes[i].right + gap - part.left);
                 }
-            }
         }
         if (isClear)
             break;
