@@ -119,7 +119,12 @@ public:
     void setMovementStart(bool start) noexcept { _movementStart = start; }
 
     const Section &section() const noexcept { return _section; }
-    void setSection(const Section &section) { _section = section; }
+    /// A circle around nothing is none.
+    void setSection(const Section &section)
+    {
+        _section = section;
+        _section.isCircled = section.isCircled && !section.letter.empty();
+    }
     bool hasSection() const noexcept { return !_section.isEmpty(); }
 
     /// How beams are grouped. Raises for groups that do not fill a bar of the meter.

@@ -216,8 +216,6 @@ void DirectionWriter::writeBarStart(unsigned bar, MeasureCursor &cursor)
     const Section &section = column.section();
     writeMark(section.letter, section.isCircled ? "circle" : "rectangle");
     writeMark(section.text, "none");
-    _context.addUnheldIf(section.isCircled && section.letter.empty(),
-                         "circle around a rehearsal letter that is empty");
     for (const auto mark : _master.directionsAtBarIndex(static_cast<int>(bar)))
         if (!isJump(mark) && mark != DirectionMark::Fine)
             writeJump(mark, measure);
