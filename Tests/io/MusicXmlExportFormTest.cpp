@@ -260,8 +260,9 @@ TEST(MusicXmlExportForm, theStepsOfATranspositionFollowTheKey)
     const std::string measures = bar(2, -1, "D", 0) + bar(-5, -2, "D", -1) + bar(2, -1, "F", 1);
     EXPECT_EQ(exportedWhole(measures, "//transpose/diatonic"), "-1 -2 -1");
     EXPECT_EQ(exportedWhole(measures, "//fifths"), "2 -5 2");
-    const auto &bars = readFrom(score(measures))->masterTrack()->masterBars();
-    EXPECT_EQ(bars[1]->concertKeySignature().accidentalCount(), 5) << "B major";
+    const auto model = readFrom(score(measures));
+    EXPECT_EQ(model->masterTrack()->masterBars()[1]->concertKeySignature().accidentalCount(), 5)
+        << "B major";
 }
 
 } // namespace
