@@ -31,14 +31,14 @@ public:
     class AbstractSlot : public ErasedSlot {
     public:
         virtual void call(const E &event) = 0;
-        const std::type_info &eventType() const noexcept { return typeid(E); }
+        virtual const std::type_info &eventType() const noexcept = 0;
     };
 
     /// A listening object and what is called for it.
     template <class Object, class Callable>
     class Slot;
 
-    Signal() noexcept : SignalBase(typeid(E)) { }
+    Signal() noexcept : SignalBase(typeid(E), &deliver) { }
 
     /// Calls `callable(event)`, or a member function of `object`, for each event. The object is the
     /// identity to disconnect by; it is not owned and need not be connected only once, but a second
@@ -66,6 +66,11 @@ public:
     }
 
 private:
+    static void deliver(ErasedSlot &slot, const void *event)
+    {
+        static_cast<AbstractSlot &>(slot).call(*static_cast<const E *>(event));
+    }
+
     template <class Object, class Callable>
     static std::unique_ptr<ErasedSlot> makeSlot(Object *object, Callable &&callable)
     {
@@ -91,7 +96,7 @@ public:
             std::invoke(_callable, _object, event);
     }
 
-    void deliver(const void *event) override { call(*static_cast<const E *>(event)); }
+    const std::type_info &eventType() const noexcept override { return typeid(E); }
 
 private:
     Object *_object;

@@ -101,7 +101,7 @@ void SignalBase::emitEvent(const void *sender, const void *event)
         if (connection.isSilenced)
             continue;
         try {
-            connection.slot->deliver(event);
+            _deliver(*connection.slot, event);
         } catch (...) {
             if (!failure)
                 failure = std::current_exception();

@@ -58,14 +58,17 @@ protected:
         ErasedSlot(const ErasedSlot &) = delete;
         ErasedSlot &operator=(const ErasedSlot &) = delete;
 
-        /// `event` is of the signal's event type.
-        virtual void deliver(const void *event) = 0;
-
     protected:
         ErasedSlot() = default;
     };
 
-    explicit SignalBase(const std::type_info &eventType) noexcept : _eventType(eventType) { }
+    /// Calls a slot of the signal with an event of its type.
+    using Deliver = void (*)(ErasedSlot &slot, const void *event);
+
+    SignalBase(const std::type_info &eventType, Deliver deliver) noexcept
+        : _eventType(eventType), _deliver(deliver)
+    {
+    }
 
     /// Connects as soon as no emission runs; drops the slot when the signal is closed.
     void add(const void *object, std::unique_ptr<ErasedSlot> slot, int priority);
@@ -118,6 +121,7 @@ private:
     static void warnOfSecondConnection() noexcept;
 
     const std::type_info &_eventType;
+    const Deliver _deliver;
     std::vector<Connection> _connections; ///< sorted by priority
     std::vector<Connection> _pendingConnections;
     std::vector<const void *> _pendingDisconnections;
