@@ -213,9 +213,10 @@ select none
 copy 8:1-9:1 t2
 paste 10:1 t2
 paste 12:1 --merge t2
-paste 11:1 --insert --times 2 t2
+paste 11:1 --insert t2
 copy-bars 3-4
 paste 1 --times 2
+remove-bars 1-2
 copy-bars 3 t2
 paste 6 --replace t2
 cut 9:1 t2

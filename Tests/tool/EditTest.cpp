@@ -132,6 +132,23 @@ TEST(Edit, changesThatNobodySavesAreToldAsLost)
     EXPECT_EQ(edit(romance(), save + "name 1 Y\n").code, 1);
 }
 
+TEST(Edit, musicIsPastedSeveralTimesAndFromFiles)
+{
+    const Folder folder;
+    const std::string clip = folder.file("clip.zarn").toStdString();
+    const auto barsAfter = [&](const char *name, const std::string &lines) {
+        const QString out = folder.file(name);
+        const ToolRun run = edit(romance(), lines, {QStringLiteral("-o"), out});
+        EXPECT_EQ(run.code, 0) << run.err;
+        const std::string shown = runTool({QStringLiteral("info"), out}).out;
+        const std::size_t bars = shown.find("Bars: ");
+        return bars == std::string::npos ? shown : shown.substr(bars + 6, 2);
+    };
+    EXPECT_EQ(barsAfter("twice.zarn", "copy-bars 1-2 --to " + clip + "\npaste 3 --times 2\n"),
+              "20");
+    EXPECT_EQ(barsAfter("thrice.zarn", "paste 3 --from " + clip + " --times 3\n"), "22");
+}
+
 TEST(Edit, commandsOfTheCommandLineAndStandardStreams)
 {
     const Folder folder;

@@ -104,19 +104,20 @@ public:
         return has(parameter) ? std::get<T>(_values[parameter]) : otherwise;
     }
 
-    /// What was given by name, as in "--strings 7"; a null pointer when it was not.
+    /// What was given by name, as in "--strings 7"; a null pointer when it was not. Options go by
+    /// their names in small letters, in a line and here, however their parameters are shown.
     template <class T>
     const T *option(const QString &name) const
     {
-        const auto found = _options.find(name);
+        const auto found = _options.find(name.toLower());
         return found != _options.end() ? &std::get<T>(found->second.first) : nullptr;
     }
 
-    int optionColumn(const QString &name) const { return _options.at(name).second; }
+    int optionColumn(const QString &name) const { return _options.at(name.toLower()).second; }
 
     void addOption(const QString &name, Value value, int column)
     {
-        _options[name] = {std::move(value), column};
+        _options[name.toLower()] = {std::move(value), column};
     }
 
     /// A number that counts something, a track or a place of a list.
