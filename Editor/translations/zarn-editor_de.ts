@@ -1009,6 +1009,18 @@
         <source>Solid</source>
         <translation>Durchgezogen</translation>
     </message>
+    <message>
+        <source>Above</source>
+        <translation>Darüber</translation>
+    </message>
+    <message>
+        <source>Below</source>
+        <translation>Darunter</translation>
+    </message>
+    <message>
+        <source>Slur side</source>
+        <translation>Lage des Bogens</translation>
+    </message>
 </context>
 <context>
     <name>BarActions</name>

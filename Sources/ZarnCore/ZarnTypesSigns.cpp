@@ -80,6 +80,14 @@ constexpr auto slurLineTexts = enumTable<SlurLine>(KeyMatch::UpperCase,
                                                    });
 static_assert(slurLineTexts.isConsistent());
 
+constexpr auto slurSideTexts = enumTable<SlurSide>(KeyMatch::UpperCase,
+                                                   {
+                                                       {SlurSide::Auto, "Auto"},
+                                                       {SlurSide::Above, "Above"},
+                                                       {SlurSide::Below, "Below"},
+                                                   });
+static_assert(slurSideTexts.isConsistent());
+
 constexpr auto textSpanTexts = enumTable<TextSpan>(KeyMatch::UpperCase,
                                                    {
                                                        {TextSpan::None, "None"},
@@ -167,6 +175,16 @@ std::string slurLineToString(SlurLine value)
 SlurLine slurLineFromString(const std::string &text)
 {
     return slurLineTexts.valueOrFirst(text);
+}
+
+std::string slurSideToString(SlurSide value)
+{
+    return std::string(slurSideTexts.textOrFirst(value));
+}
+
+SlurSide slurSideFromString(const std::string &text)
+{
+    return slurSideTexts.valueOrFirst(text);
 }
 
 std::string textSpanToString(TextSpan value)

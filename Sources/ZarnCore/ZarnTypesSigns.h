@@ -80,6 +80,13 @@ enum class SlurLine : std::uint8_t {
     Dotted,
 };
 
+/// Where a slur lies: as stems and voices have it, or over or under its notes.
+enum class SlurSide : std::uint8_t {
+    Auto,
+    Above,
+    Below,
+};
+
 /// What joins the staves of a group of tracks at the start of a system.
 enum class GroupSymbol : std::uint8_t {
     None,
@@ -108,6 +115,9 @@ ZARNCORE_EXPORT Syllabic syllabicFromString(const std::string &text);
 
 ZARNCORE_EXPORT std::string slurLineToString(SlurLine value);
 ZARNCORE_EXPORT SlurLine slurLineFromString(const std::string &text);
+
+ZARNCORE_EXPORT std::string slurSideToString(SlurSide value);
+ZARNCORE_EXPORT SlurSide slurSideFromString(const std::string &text);
 
 ZARNCORE_EXPORT std::string textSpanToString(TextSpan value);
 ZARNCORE_EXPORT TextSpan textSpanFromString(const std::string &text);

@@ -221,16 +221,20 @@ TEST(LilyPondExporter, drawsSlursHairpinsAndLines)
     beatOf(*score, 0, 1).setHairpin(Hairpin::Crescendo);
     beatOf(*score, 0, 2).setHairpin(Hairpin::Crescendo);
     beatOf(*score, 0, 3).setDynamic(NoteDynamic::Value::F);
+    beatOf(*score, 0, 2).setSlurEnds({{1, true, SlurLine::Solid, SlurSide::Below}});
+    beatOf(*score, 0, 3).setSlurEnds({{1, false, SlurLine::Solid, SlurSide::Below}});
     for (unsigned beat = 0; beat < 3; ++beat)
         beatOf(*score, 1, beat).note(0)->setPalmMute(true);
     beatOf(*score, 1, 2).setSlurredToNext(true);
     beatOf(*score, 1, 2).setSlurLine(SlurLine::Dashed);
+    beatOf(*score, 1, 2).setSlurSide(SlurSide::Above);
     beatOf(*score, 1, 3).setSlurredToPrevious(true);
     const std::string text = exported(*score->scoreModel());
-    EXPECT_TRUE(has(text, "a'4\\1^\"H\"\\=90( b'4\\1\\=90)\\< c''4\\1 b'4\\1\\f ")) << text;
+    EXPECT_TRUE(has(text, "a'4\\1^\"H\"\\=90( b'4\\1\\=90)\\< c''4\\1\\=1_( b'4\\1\\=1)\\f "))
+        << text;
     EXPECT_TRUE(has(text,
                     "\\startTextSpan e'4\\2 e'4\\2"
-                    "-\\tweak dash-definition #'((0 1 0.4 0.75)) (\\stopTextSpan e'4\\2) "))
+                    "-\\tweak dash-definition #'((0 1 0.4 0.75)) ^(\\stopTextSpan e'4\\2) "))
         << text;
 }
 

@@ -129,9 +129,9 @@ void expectKeptOrTold(const std::set<std::string_view> &others, Set set)
 
 /// What takes or gives time, and what leads to another beat, is tested by itself.
 const std::set<std::string_view> joiningAttributes = {
-    "Rhythm",       "GraceType",     "SlashedGrace",      "PlaceHolder",
-    "WholeBarRest", "SlurredToNext", "SlurredToPrevious", "SlurBegins",
-    "SlurEnds",     "HairpinBegins", "TextSpan",          "SlurLine"};
+    "Rhythm",        "GraceType",         "SlashedGrace", "PlaceHolder", "WholeBarRest",
+    "SlurredToNext", "SlurredToPrevious", "SlurBegins",   "SlurEnds",    "HairpinBegins",
+    "TextSpan",      "SlurLine",          "SlurSide"};
 
 TEST(MusicXmlRoundTrip, attributesOfBeatsComeBackOrAreTold)
 {

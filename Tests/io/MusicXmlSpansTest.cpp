@@ -139,28 +139,38 @@ TEST(MusicXmlSpans, slursCrossBarsVoicesAndStaves)
               "( )( ) - | ( )( ) -");
 }
 
-/// All beats under a slur know its line, and both ends of one with a number do; a document says it
-/// where the slur begins.
-TEST(MusicXmlSpans, slursKeepTheLineThatTheyBeginWith)
+/// All beats under a slur know its line and its side, and both ends of one with a number do; a
+/// document says them where the slur begins. The way that a curve bends counts where no placement
+/// is said.
+TEST(MusicXmlSpans, slursKeepTheLineAndTheSideThatTheyBeginWith)
 {
-    const std::string written = quarter("<slur type=\"start\" number=\"1\" line-type=\"dashed\"/>")
-        + quarter("<slur type=\"start\" number=\"2\" line-type=\"dotted\"/>")
-        + quarter("<slur type=\"stop\" number=\"2\"/>")
-        + quarter("<slur type=\"stop\" number=\"1\"/><slur type=\"start\" number=\"1\"/>");
+    const auto begin = [](int number, const std::string &look) {
+        return "<slur type=\"start\" number=\"" + std::to_string(number) + "\" " + look + "/>";
+    };
+    const std::string written =
+        quarter(begin(1, "line-type=\"dashed\" placement=\"above\" orientation=\"under\""))
+        + quarter(begin(2, "line-type=\"dotted\" placement=\"below\""))
+        + quarter("<slur type=\"stop\" number=\"2\" placement=\"above\"/>")
+        + quarter(slur("stop") + begin(1, "orientation=\"under\""));
     ImportReport report;
     const auto model = import(score(measure(written) + measure(quarter(slur("stop")))), report);
-    const auto linesOf = [](const ScoreModel &model) {
-        return signsOf(model, [](const Beat &beat) {
-            std::string text = slurLineToString(beat.slurLine());
+    const auto looksOf = [](const ScoreModel &model) {
+        const auto look = [](SlurLine line, SlurSide side) {
+            return slurLineToString(line) + slurSideToString(side);
+        };
+        return signsOf(model, [&](const Beat &beat) {
+            std::string text = look(beat.slurLine(), beat.slurSide());
             for (const auto &end : beat.slurEnds())
-                text += (end.isBegin ? "<" : ">") + slurLineToString(end.line);
+                text += (end.isBegin ? "<" : ">") + look(end.line, end.side);
             return text;
         });
     };
-    EXPECT_EQ(linesOf(*model).substr(0, 46), "Dashed Dashed<Dotted Dashed>Dotted Solid Solid");
+    const std::string looks = "DashedAbove DashedAbove<DottedBelow DashedAbove>DottedBelow "
+                              "SolidBelow SolidBelow";
+    EXPECT_EQ(looksOf(*model).substr(0, looks.size()), looks);
     io::ExportReport told;
     const auto copy = import(io::MusicXmlExporter().toText(*model, told), report);
-    EXPECT_EQ(linesOf(*copy), linesOf(*model));
+    EXPECT_EQ(looksOf(*copy), looksOf(*model));
     EXPECT_TRUE(told.unheld().empty());
 }
 

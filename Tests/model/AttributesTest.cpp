@@ -204,10 +204,11 @@ TEST(Attributes, aCutDealsThemOut)
     beat.setSlurredToNext(true);
     beat.setSlurBegins(true);
     beat.setSlurLine(SlurLine::Dotted);
+    beat.setSlurSide(SlurSide::Below);
     beat.setBreath(BreathSign::Breath);
     beat.setCue(true);
     beat.setLyrics({{0, Syllabic::Single, true, "la"}});
-    beat.setSlurEnds({{2, false}, {3, true, SlurLine::Dashed}});
+    beat.setSlurEnds({{2, false}, {3, true, SlurLine::Dashed, SlurSide::Above}});
     beat.setWhammyBar({WhammyBarType::Dive, {{0, 0}, {60, -8}}});
     note.setAccents(
         AccentFlags(AccentFlag::Staccato).with(AccentFlag::Accent).with(AccentFlag::Tenuto));
@@ -245,8 +246,9 @@ TEST(Attributes, aCutDealsThemOut)
         EXPECT_TRUE(part.isSlurredToNext());
         EXPECT_EQ(part.isSlurredToPrevious(), !isFirst);
         EXPECT_EQ(part.slurLine(), SlurLine::Dotted);
+        EXPECT_EQ(part.slurSide(), SlurSide::Below);
         EXPECT_EQ(part.slurEnds(),
-                  isFirst      ? SlurEnds({{3, true, SlurLine::Dashed}})
+                  isFirst      ? SlurEnds({{3, true, SlurLine::Dashed, SlurSide::Above}})
                       : isLast ? SlurEnds({{2, false}})
                                : SlurEnds());
         const zarn::Note &held = noteOf(piece);

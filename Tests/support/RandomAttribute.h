@@ -126,7 +126,8 @@ private:
         zarn::SlurEnds ends;
         for (unsigned i = _below(3); i > 0; --i)
             ends.push_back({static_cast<std::uint8_t>(1 + _below(16)), maybe(),
-                            static_cast<zarn::SlurLine>(_below(3))});
+                            static_cast<zarn::SlurLine>(_below(3)),
+                            static_cast<zarn::SlurSide>(_below(3))});
         return ends;
     }
     zarn::AttributeValue draw(const zarn::AccentFlags &, const zarn::AttributeRange &) const

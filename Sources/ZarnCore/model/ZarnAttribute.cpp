@@ -77,7 +77,8 @@ struct Writer {
     {
         return joined(value, [](const SlurEnd &end) {
             return (end.isBegin ? "begin " : "end ") + std::to_string(end.number)
-                + (end.line == SlurLine::Solid ? "" : " " + slurLineToString(end.line));
+                + (end.line == SlurLine::Solid ? "" : " " + slurLineToString(end.line))
+                + (end.side == SlurSide::Auto ? "" : " " + slurSideToString(end.side));
         });
     }
     std::string operator()(const TimeSignature &value) const

@@ -171,7 +171,7 @@ bool areValid(const BeatDetails &details) noexcept
     return details.whammyBar.isValid() && areValid(details.lyrics) && areValid(details.slurEnds)
         && details.barre.isValid() && details.strumLength <= Strum::LongestLength
         && details.strumAnchor <= StrumAnchor::EndsOnBeat && details.textSpan <= TextSpan::End
-        && details.slurLine <= SlurLine::Dotted;
+        && details.slurLine <= SlurLine::Dotted && details.slurSide <= SlurSide::Below;
 }
 
 } // namespace
@@ -199,6 +199,12 @@ void Beat::setSlurLine(SlurLine line)
 {
     ZARN_ASSERT_IN("zarn::Beat::setSlurLine", line <= SlurLine::Dotted);
     _details.change([&](BeatDetails &details) { details.slurLine = line; });
+}
+
+void Beat::setSlurSide(SlurSide side)
+{
+    ZARN_ASSERT_IN("zarn::Beat::setSlurSide", side <= SlurSide::Below);
+    _details.change([&](BeatDetails &details) { details.slurSide = side; });
 }
 
 void Beat::setChord(const ChordMark &chord)

@@ -163,10 +163,13 @@ public:
     const Syllables &lyrics() const noexcept { return details().lyrics; }
     void setLyrics(const Syllables &syllables);
 
-    /// The curve of the slur of the marks that begins at the beat or goes on over it, else of the
-    /// one that ends there; all of it is drawn as its first beat says.
+    // The curve of the slur of the marks that begins at the beat or goes on over it, else of the
+    // one that ends there; all of it is drawn as its first beat says.
+
     SlurLine slurLine() const noexcept { return details().slurLine; }
     void setSlurLine(SlurLine line);
+    SlurSide slurSide() const noexcept { return details().slurSide; }
+    void setSlurSide(SlurSide side);
 
     /// Slurs beside the one of the marks.
     const SlurEnds &slurEnds() const noexcept { return details().slurEnds; }

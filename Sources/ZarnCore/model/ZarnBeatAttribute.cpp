@@ -256,6 +256,9 @@ constexpr std::array<Row, BeatAttributeCount> rows = {{
     where(isUnderSlur,
           row<&Beat::slurLine, &Beat::setSlurLine>(Id::SlurLine, "SlurLine", "slurLine",
                                                    enumerators<slurLineToString, 2>(), Split::All)),
+    where(isUnderSlur,
+          row<&Beat::slurSide, &Beat::setSlurSide>(Id::SlurSide, "SlurSide", "slurSide",
+                                                   enumerators<slurSideToString, 2>(), Split::All)),
 }};
 static_assert(areInOrder(rows));
 

@@ -55,9 +55,10 @@ enum class BeatAttribute : std::uint8_t {
     SlurEnds, ///< `SlurEnds`
     TextSpan,
     SlurLine,
+    SlurSide,
 };
 
-constexpr unsigned BeatAttributeCount = 41;
+constexpr unsigned BeatAttributeCount = 42;
 
 using BeatAttributeSet = AttributeSet<BeatAttribute>;
 

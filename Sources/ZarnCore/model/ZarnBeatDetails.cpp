@@ -9,7 +9,7 @@ bool operator==(const BeatDetails &left, const BeatDetails &right)
         && left.lyrics == right.lyrics && left.slurEnds == right.slurEnds
         && left.barre == right.barre && left.strumLength == right.strumLength
         && left.strumAnchor == right.strumAnchor && left.textSpan == right.textSpan
-        && left.slurLine == right.slurLine;
+        && left.slurLine == right.slurLine && left.slurSide == right.slurSide;
 }
 
 } // namespace zarn

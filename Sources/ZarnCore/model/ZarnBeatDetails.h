@@ -30,8 +30,9 @@ struct ZARNCORE_EXPORT BeatDetails {
     /// Of the words over the beat.
     TextSpan textSpan = TextSpan::None;
 
-    /// Of the outermost slur.
+    // Of the outermost slur.
     SlurLine slurLine = SlurLine::Solid;
+    SlurSide slurSide = SlurSide::Auto;
 
     friend ZARNCORE_EXPORT bool operator==(const BeatDetails &left, const BeatDetails &right);
     friend bool operator!=(const BeatDetails &left, const BeatDetails &right)

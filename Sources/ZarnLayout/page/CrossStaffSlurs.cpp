@@ -71,7 +71,7 @@ std::vector<End> endsAt(const RowDraft &row, const PlacedChord &chord, bool isFi
 }
 
 /// The best of the curves between two chords of different staves. It bends to one side, like other
-/// slurs; to and fro only where all else lies on ink.
+/// slurs, the one that is given if there is one; to and fro only where all else lies on ink.
 Bow bestCrossing(const NumberedSlur &slur, const InkField &field)
 {
     const bool isDown = slur.lastRow->y > slur.firstRow->y;
@@ -81,7 +81,8 @@ Bow bestCrossing(const NumberedSlur &slur, const InkField &field)
     constexpr std::array<double, 12> parts = {0.4,  0.7,  1,  1.5,  2.2,  3,
                                               -0.4, -0.7, -1, -1.5, -2.2, -3};
     constexpr double turnCost = 2.5;
-    constexpr double belowCost = 0.25;
+    const bool isBelow = slur.side == SlurSide::Below;
+    const double otherSideCost = slur.side == SlurSide::Auto ? 0.25 : 1;
     Bow best;
     double least = 1e9;
     for (const End &start : froms)
@@ -95,7 +96,7 @@ Bow bestCrossing(const NumberedSlur &slur, const InkField &field)
                     const double cost = start.cost + end.cost
                         + 0.4 * (std::abs(std::abs(from) - 1) + std::abs(std::abs(to) - 1))
                         + (from * to < 0 ? turnCost : 0.6 * std::abs(from - to))
-                        + (from < 0 ? belowCost : 0);
+                        + ((isBelow ? from > 0 : from < 0) ? otherSideCost : 0);
                     if (cost >= least)
                         continue;
                     bow.fromRise = usual * from;

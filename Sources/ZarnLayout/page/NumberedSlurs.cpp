@@ -13,6 +13,7 @@ std::vector<NumberedSlur> numberedSlurs(const SystemDraft &draft, unsigned track
         std::size_t chord;
         double x;
         SlurLine line = SlurLine::Solid;
+        SlurSide side = SlurSide::Auto;
     };
     std::vector<Place> places;
     for (const RowDraft &row : draft.rows)
@@ -30,16 +31,17 @@ std::vector<NumberedSlur> numberedSlurs(const SystemDraft &draft, unsigned track
             if (end.isBegin) {
                 open[end.number] = place;
                 open[end.number].line = end.line;
+                open[end.number].side = end.side;
             } else if (const auto begin = open.find(end.number); begin != open.end()) {
                 slurs.push_back({begin->second.row, place.row, begin->second.chord, place.chord,
-                                 begin->second.line});
+                                 begin->second.line, begin->second.side});
                 open.erase(begin);
             } else {
-                slurs.push_back({nullptr, place.row, place.chord, place.chord, end.line});
+                slurs.push_back({nullptr, place.row, place.chord, place.chord, end.line, end.side});
             }
         }
     for (const auto &[number, begin] : open)
-        slurs.push_back({begin.row, nullptr, begin.chord, begin.chord, begin.line});
+        slurs.push_back({begin.row, nullptr, begin.chord, begin.chord, begin.line, begin.side});
     return slurs;
 }
 

@@ -14,6 +14,7 @@ struct NumberedSlur {
     std::size_t first = 0;
     std::size_t last = 0;
     SlurLine line = SlurLine::Solid;
+    SlurSide side = SlurSide::Auto;
 };
 
 /// Those of a track in a system, whole ones and halves, in the order of their ends.

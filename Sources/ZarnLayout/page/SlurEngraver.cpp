@@ -12,10 +12,15 @@ namespace zarn::engraving {
 
 namespace {
 
-SlurLine lineOf(const PlacedChord &chord)
+/// An outermost slur that begins at a chord, or comes to it from a system before.
+SlurSpan slurAt(const RowDraft &row, std::size_t chord, bool comesFromBefore)
 {
-    const auto &details = chord.beat().details;
-    return details ? details->slurLine : SlurLine::Solid;
+    SlurSpan span = {chord, chord, comesFromBefore};
+    if (const auto &details = row.chords[chord].beat().details) {
+        span.line = details->slurLine;
+        span.side = details->slurSide;
+    }
+    return span;
 }
 
 /// The outermost slurs of each voice: their joints are marked on both sides.
@@ -30,14 +35,14 @@ std::vector<SlurSpan> markedSlurs(const RowDraft &row)
         if (isNewVoice) {
             isOpen = marks.isSlurredToPrevious();
             if (isOpen)
-                spans.push_back({i, i, true, false, lineOf(chords[i])});
+                spans.push_back(slurAt(row, i, true));
         }
         if (isOpen && marks.isSlurredToPrevious())
             spans.back().last = i;
         const bool begins = marks.isSlurredToNext()
             && (!marks.isSlurredToPrevious() || marks.beginsSlur() || !isOpen);
         if (begins)
-            spans.push_back({i, i, false, false, lineOf(chords[i])});
+            spans.push_back(slurAt(row, i, false));
         isOpen = marks.isSlurredToNext();
         const bool isLast =
             i + 1 == chords.size() || chords[i + 1].chord->voice != chords[i].chord->voice;
@@ -170,7 +175,7 @@ private:
                });
     }
 
-    /// From grace notes to the note that they belong to.
+    /// From grace notes to the note that they belong to, on the side where their stems are not.
     bool isOfGrace(const SlurSpan &span) const
     {
         const PlacedChord &first = _row.chords[span.first];
@@ -178,10 +183,12 @@ private:
         return !span.comesFromBefore && !span.goesOn && span.last > span.first
             && _row.row->notation != Notation::Tablature && first.beat().graceRank != 0
             && last.beat().graceRank == 0 && !first.chord->isRest() && !last.chord->isRest()
-            && span.last - span.first == first.beat().graceRank;
+            && span.last - span.first == first.beat().graceRank
+            && (span.side == SlurSide::Auto
+                || (span.side == SlurSide::Above) != first.chord->isStemUp);
     }
 
-    /// It stays near to the heads, on the side where the small stems are not.
+    /// It stays near to the heads.
     void drawOfGrace(const PlacedChord &first, const PlacedChord &last, SlurLine line)
     {
         const bool isAbove = !first.chord->isStemUp;
@@ -244,9 +251,11 @@ private:
         return isInner;
     }
 
-    /// Above where any stem points down, or as the voice lies.
+    /// As it is given, else above where any stem points down, or as the voice lies.
     bool sideOf(const SlurSpan &span) const
     {
+        if (span.side != SlurSide::Auto)
+            return span.side == SlurSide::Above;
         bool areUp = true;
         for (std::size_t i = span.first; i <= span.last && i < _row.chords.size(); ++i) {
             const Chord &chord = *_row.chords[i].chord;
@@ -386,7 +395,8 @@ std::vector<SlurSpan> slurSpans(const RowDraft &row, const SystemDraft &draft)
         const bool isHere = slur.firstRow == &row || (!slur.firstRow && slur.lastRow == &row);
         const bool staysHere = !slur.firstRow || !slur.lastRow || slur.firstRow == slur.lastRow;
         if (isHere && staysHere)
-            spans.push_back({slur.first, slur.last, !slur.firstRow, !slur.lastRow, slur.line});
+            spans.push_back(
+                {slur.first, slur.last, !slur.firstRow, !slur.lastRow, slur.line, slur.side});
     }
     return spans;
 }

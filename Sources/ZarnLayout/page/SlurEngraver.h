@@ -15,6 +15,7 @@ struct SlurSpan {
     bool comesFromBefore = false; ///< begins in a system before
     bool goesOn = false;          ///< ends in a later system
     SlurLine line = SlurLine::Solid;
+    SlurSide side = SlurSide::Auto;
 };
 
 /// The slurs that a row draws: all of its staff but those that lead to another.

@@ -18,7 +18,8 @@ constexpr BeatAttributeSet saidOnce = {
     BeatAttribute::HairpinBegins, BeatAttribute::Timer,    BeatAttribute::SlurredToNext,
     BeatAttribute::SlurBegins,    BeatAttribute::Lyrics,   BeatAttribute::SlurredToPrevious,
     BeatAttribute::Pedal,         BeatAttribute::Breath,   BeatAttribute::TremoloToNext,
-    BeatAttribute::SlurEnds,      BeatAttribute::TextSpan, BeatAttribute::SlurLine};
+    BeatAttribute::SlurEnds,      BeatAttribute::TextSpan, BeatAttribute::SlurLine,
+    BeatAttribute::SlurSide};
 
 /// The beat of an index, and the time behind it in its bar.
 struct Room {

@@ -33,8 +33,10 @@ void setJoint(Beat &before, Beat &after, bool slurred)
     before.setSlurredToNext(slurred);
     after.setSlurredToPrevious(slurred);
     for (Beat *const beat : {&before, &after})
-        if (beat->hasDetails() && !beat->isSlurredToNext() && !beat->isSlurredToPrevious())
+        if (beat->hasDetails() && !beat->isSlurredToNext() && !beat->isSlurredToPrevious()) {
             beat->setSlurLine(SlurLine::Solid);
+            beat->setSlurSide(SlurSide::Auto);
+        }
 }
 
 } // namespace

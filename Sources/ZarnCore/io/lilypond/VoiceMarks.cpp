@@ -165,15 +165,19 @@ void Marker::markBeams(std::size_t begin, std::size_t end)
     }
 }
 
-/// What stands in front of the parenthesis of a slur; the numbers are those of \slurDashed and
-/// \slurDotted in ly/property-init.ly of LilyPond 2.24.
-std::string tweakOf(SlurLine line)
+/// The parenthesis that begins a slur, with its look in front of it and the id between them; the
+/// numbers are those of \slurDashed and \slurDotted in ly/property-init.ly of LilyPond 2.24.
+std::string slurBegin(SlurLine line, SlurSide side, const std::string &id = {})
 {
     const char *const dashes = line == SlurLine::Dashed ? "0.4 0.75"
         : line == SlurLine::Dotted                      ? "0.1 0.75"
                                                         : nullptr;
-    return dashes ? "-\\tweak dash-definition #'((0 1 " + std::string(dashes) + ")) "
-                  : std::string();
+    const char *const parenthesis = side == SlurSide::Above ? "^("
+        : side == SlurSide::Below                           ? "_("
+                                                            : "(";
+    return (dashes ? "-\\tweak dash-definition #'((0 1 " + std::string(dashes) + ")) "
+                   : std::string())
+        + id + parenthesis;
 }
 
 void Marker::markSlurs()
@@ -186,7 +190,7 @@ void Marker::markSlurs()
             isOpen = false;
         }
         if (goesOn && !isOpen) {
-            _words[i].events += tweakOf(beat(i).slurLine()) + '(';
+            _words[i].events += slurBegin(beat(i).slurLine(), beat(i).slurSide());
             isOpen = true;
         }
     }
@@ -195,7 +199,7 @@ void Marker::markSlurs()
 /// Slurs inside of others, by number; the language joins notes of one voice alone.
 void Marker::markNumberedSlurs()
 {
-    std::map<unsigned, std::vector<std::pair<std::size_t, SlurLine>>> open;
+    std::map<unsigned, std::vector<std::pair<std::size_t, SlurEnd>>> open;
     const auto lose = [&](std::size_t index) {
         _context.report.addUnheld("slur between two voices",
                                   {static_cast<int>(_context.track.index()),
@@ -205,22 +209,22 @@ void Marker::markNumberedSlurs()
         for (const SlurEnd &end : beat(i).slurEnds()) {
             auto &begins = open[end.number];
             if (end.isBegin) {
-                begins.push_back({i, end.line});
+                begins.push_back({i, end});
             } else if (begins.empty()) {
                 lose(i);
             } else {
                 const auto depth = static_cast<unsigned>(begins.size()) - 1;
                 const std::string id =
                     "\\=" + std::to_string(end.number + depth * SlurEnd::HighestNumber);
-                if (const auto [begin, line] = begins.back(); begin != i) {
-                    _words[begin].events += tweakOf(line) + id + '(';
+                if (const auto &[begin, slur] = begins.back(); begin != i) {
+                    _words[begin].events += slurBegin(slur.line, slur.side, id);
                     _words[i].events += id + ')';
                 }
                 begins.pop_back();
             }
         }
     for (const auto &[number, begins] : open)
-        for (const auto &[begin, line] : begins)
+        for (const auto &[begin, slur] : begins)
             lose(begin);
 }
 

@@ -32,9 +32,9 @@ constexpr BeatAttributeSet ofTheNotes = {
     BeatAttribute::StemOrientation, BeatAttribute::BeamMode,
 };
 
-constexpr BeatAttributeSet ofSlurs = {BeatAttribute::SlurredToNext,
-                                      BeatAttribute::SlurredToPrevious, BeatAttribute::SlurBegins,
-                                      BeatAttribute::SlurEnds, BeatAttribute::SlurLine};
+constexpr BeatAttributeSet ofSlurs = {
+    BeatAttribute::SlurredToNext, BeatAttribute::SlurredToPrevious, BeatAttribute::SlurBegins,
+    BeatAttribute::SlurEnds,      BeatAttribute::SlurLine,          BeatAttribute::SlurSide};
 
 bool hasSlurs(const Staff::Bars &bars)
 {

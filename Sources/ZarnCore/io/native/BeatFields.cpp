@@ -17,6 +17,7 @@ using GraceTypes = EnumCodec<graceTypeToString, graceTypeFromString, 8>;
 using Ottavias = EnumCodec<ottaviaToString, ottaviaFromString, 8>;
 using AntiAccents = EnumCodec<antiAccentToString, antiAccentFromString, 3>;
 using SlurLines = EnumCodec<slurLineToString, slurLineFromString, 2>;
+using SlurSides = EnumCodec<slurSideToString, slurSideFromString, 2>;
 using Syllabics = EnumCodec<syllabicToString, syllabicFromString, 3>;
 
 /// MIDI keys, strings and frets; -1 is unset.
@@ -133,6 +134,7 @@ constexpr std::array slurEndFields = {
     member<SlurEnd, &SlurEnd::number, Within<std::uint8_t, 1, SlurEnd::HighestNumber>>("number"),
     field<SlurEnd, isSlurEnd, setSlurEnd>("end"),
     member<SlurEnd, &SlurEnd::line, SlurLines>("line"),
+    member<SlurEnd, &SlurEnd::side, SlurSides>("side"),
 };
 
 constexpr std::array rareBeatFields = {

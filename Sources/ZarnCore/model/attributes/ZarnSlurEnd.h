@@ -19,12 +19,15 @@ struct SlurEnd {
 
     std::uint8_t number = 1; ///< 1 to 16
     bool isBegin = true;
-    SlurLine line = SlurLine::Solid; ///< both ends say it; the beginning counts
+
+    // Both ends say them; the beginning counts.
+    SlurLine line = SlurLine::Solid;
+    SlurSide side = SlurSide::Auto;
 
     friend bool operator==(const SlurEnd &left, const SlurEnd &right) noexcept
     {
         return left.number == right.number && left.isBegin == right.isBegin
-            && left.line == right.line;
+            && left.line == right.line && left.side == right.side;
     }
     friend bool operator!=(const SlurEnd &left, const SlurEnd &right) noexcept
     {
@@ -39,7 +42,7 @@ inline bool areValid(const SlurEnds &ends) noexcept
 {
     return std::all_of(ends.begin(), ends.end(), [](const SlurEnd &end) {
         return end.number >= 1 && end.number <= SlurEnd::HighestNumber
-            && end.line <= SlurLine::Dotted;
+            && end.line <= SlurLine::Dotted && end.side <= SlurSide::Below;
     });
 }
 

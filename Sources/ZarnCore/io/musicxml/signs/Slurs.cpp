@@ -31,6 +31,19 @@ SlurLine slurLineOf(pugi::xml_node slur)
     return SlurLine::Solid;
 }
 
+/// The side that a slur is placed on; where none is said, the way that its curve bends.
+SlurSide slurSideOf(pugi::xml_node slur)
+{
+    const char *const placement = slur.attribute("placement").value();
+    for (const SlurSide side : {SlurSide::Above, SlurSide::Below})
+        if (std::strcmp(placement, placementOf(side)) == 0)
+            return side;
+    const char *const orientation = slur.attribute("orientation").value();
+    if (std::strcmp(orientation, "over") == 0)
+        return SlurSide::Above;
+    return std::strcmp(orientation, "under") == 0 ? SlurSide::Below : SlurSide::Auto;
+}
+
 /// Adds an end to those of a beat, which has ends before beginnings.
 void addEnd(Beat &beat, const SlurEnd &end)
 {
@@ -52,6 +65,19 @@ const char *lineTypeOf(SlurLine line) noexcept
     case SlurLine::Dotted:
         return "dotted";
     case SlurLine::Solid:
+        break;
+    }
+    return nullptr;
+}
+
+const char *placementOf(SlurSide side) noexcept
+{
+    switch (side) {
+    case SlurSide::Above:
+        return "above";
+    case SlurSide::Below:
+        return "below";
+    case SlurSide::Auto:
         break;
     }
     return nullptr;
@@ -128,6 +154,7 @@ bool Slurs::markOutermost(const Span &span, const Staff::Bars &bars)
     const auto &begin = span.begin.place;
     const auto &end = span.end.place;
     const SlurLine line = slurLineOf(span.begin.node);
+    const SlurSide side = slurSideOf(span.begin.node);
     const bool isHeld = VoiceSlotLine(bars, begin.slot).visit(begin, end, [&](Beat &beat) {
         if (&beat != begin.beat)
             beat.setSlurredToPrevious(true);
@@ -135,6 +162,8 @@ bool Slurs::markOutermost(const Span &span, const Staff::Bars &bars)
             beat.setSlurredToNext(true);
         if (line != beat.slurLine())
             beat.setSlurLine(line);
+        if (side != beat.slurSide())
+            beat.setSlurSide(side);
     });
     if (isHeld && begin.beat->isSlurredToPrevious())
         begin.beat->setSlurBegins(true);
@@ -168,8 +197,9 @@ void Slurs::number(std::vector<Span> &spans)
         *found = &span.end.place;
         const auto number = static_cast<std::uint8_t>(found - ends.begin() + 1);
         const SlurLine line = slurLineOf(span.begin.node);
-        addEnd(*begin.beat, {number, true, line});
-        addEnd(*span.end.place.beat, {number, false, line});
+        const SlurSide side = slurSideOf(span.begin.node);
+        addEnd(*begin.beat, {number, true, line, side});
+        addEnd(*span.end.place.beat, {number, false, line, side});
     }
 }
 

@@ -24,11 +24,23 @@ pugi::xml_node addSpan(pugi::xml_node parent, const char *name, bool begins, int
     return node;
 }
 
-void addSlur(pugi::xml_node notations, bool begins, int number, SlurLine line = SlurLine::Solid)
+void addSlur(pugi::xml_node notations, bool begins, int number, SlurLine line = SlurLine::Solid,
+             SlurSide side = SlurSide::Auto)
 {
     const auto node = addSpan(notations, tagName(Tag::Slur), begins, number);
     if (const char *const type = lineTypeOf(line))
         addAttribute(node, "line-type", type);
+    if (const char *const placement = placementOf(side))
+        addAttribute(node, "placement", placement);
+}
+
+/// What a slur looks like is said where it begins.
+void addSlur(pugi::xml_node notations, const SlurEnd &end, int number)
+{
+    if (end.isBegin)
+        addSlur(notations, true, number, end.line, end.side);
+    else
+        addSlur(notations, false, number);
 }
 
 /// The vibrato that all notes of a beat have in common.
@@ -110,7 +122,7 @@ void LineSigns::writeSlurs(pugi::xml_node notations)
     if (goes && _slur == 0) {
         _slur = take(_numbers.slurs, "slurs");
         if (_slur != 0)
-            addSlur(notations, true, _slur, _beat->slurLine());
+            addSlur(notations, true, _slur, _beat->slurLine(), _beat->slurSide());
     }
 }
 
@@ -140,9 +152,9 @@ void LineSigns::writeSlurEnds(pugi::xml_node notations)
             if (number == 0)
                 continue;
             _numbers.slurEnds.emplace(end.number, number);
-            addSlur(notations, end.isBegin, number, end.isBegin ? end.line : SlurLine::Solid);
+            addSlur(notations, end, number);
         } else {
-            addSlur(notations, end.isBegin, open->second, end.isBegin ? end.line : SlurLine::Solid);
+            addSlur(notations, end, open->second);
             _numbers.slurs.free(open->second, _line, bar);
             _numbers.slurEnds.erase(open);
         }
