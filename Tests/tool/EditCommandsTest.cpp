@@ -39,6 +39,7 @@ directions 8 coda
 direction da-segno 9
 direction segno
 section 7 C "Another part"
+section 8 D --frame circle
 no-section 1
 clef all bass t1
 add-track electricBass 2

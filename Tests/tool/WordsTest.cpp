@@ -81,6 +81,21 @@ TEST(Attributes, areSetByTheirNames)
     EXPECT_TRUE(contains(edit("beams 1 3+3\n").err, "these do not fill bar 1, which has 4/4"));
 }
 
+TEST(Sections, haveTheirLettersInBoxesOrCircles)
+{
+    const ToolRun set = edit("section 1 A Verse --frame circle\nsection 2 --frame box B\n");
+    EXPECT_EQ(set.code, 0) << set.err;
+    const std::size_t circle = set.out.find("\"sectionCircled\":true");
+    EXPECT_LT(set.out.find("\"sectionLetter\":\"A\""), circle) << set.out;
+    EXPECT_LT(circle, set.out.find("\"sectionLetter\":\"B\"")) << set.out;
+    EXPECT_EQ(set.out.rfind("\"sectionCircled\""), circle) << set.out;
+    EXPECT_TRUE(
+        contains(edit("section 1 A --frame oval\n").err, "\"oval\" is not what FRAME takes"));
+    const ToolRun help = edit("help section\n");
+    EXPECT_TRUE(contains(help.err + help.out, "[--frame FRAME]")) << help.err << help.out;
+    EXPECT_TRUE(contains(help.err + help.out, "--frame: one of box, circle")) << help.err;
+}
+
 TEST(ChordCommand, keepsShapesOfTheUser)
 {
     EXPECT_EQ(run({"chord", "--add", "Cadd9", "x32033"}).code, 0);

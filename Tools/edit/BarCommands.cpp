@@ -16,6 +16,13 @@ namespace {
 constexpr double MostBars = zarn::MasterTrack::MaxBars;
 constexpr double MostRepeats = 255;
 
+/// What a rehearsal letter stands in: whether that is a circle.
+const Choices &frameChoices()
+{
+    static const Choices choices = {choice("box", false), choice("circle", true)};
+    return choices;
+}
+
 bool addBars(EditSession &session, const Values &values)
 {
     return session.score().createBars(targetBar(session, values),
@@ -113,8 +120,10 @@ bool setDirections(EditSession &session, const Values &values)
 
 bool setSection(EditSession &session, const Values &values)
 {
+    const int *const frame = values.option<int>(QStringLiteral("frame"));
     return session.score().setMasterBarSection(targetBar(session, values), values.get<QString>(1),
-                                               values.get(2, QString()));
+                                               values.get(2, QString()),
+                                               frame != nullptr && *frame != 0);
 }
 
 bool unsetSection(EditSession &session, const Values &values)
@@ -219,9 +228,11 @@ const std::vector<Command> &barCommands()
          {oneBar,
           {QStringLiteral("LETTER"), Kind::Text},
           {QStringLiteral("TITLE"), Kind::Text, Presence::Optional}},
-         QStringLiteral("Start a section of the form."),
+         QStringLiteral("Start a section of the form, its letter in a box or a circle."),
          QStringLiteral("Score::setMasterBarSection"),
-         setSection},
+         setSection,
+         false,
+         {{QStringLiteral("FRAME"), Kind::Choice, Presence::Optional, 0, 0, &frameChoices()}}},
         {QStringLiteral("no-section"),
          {oneBar},
          QStringLiteral("Remove the section mark of a bar."),
