@@ -154,6 +154,79 @@ TEST(CurvesTest, slursOfGraceNotesStayAtTheHeads)
     }
 }
 
+/// On the side that they are given, with a number or without; else away from the stems.
+TEST(CurvesTest, slursLieOnTheSideThatTheyAreGiven)
+{
+    for (const int key : {64, 79})
+        for (const bool isNumbered : {false, true})
+            for (const SlurSide side : {SlurSide::Auto, SlurSide::Above, SlurSide::Below}) {
+                SCOPED_TRACE(std::to_string(key) + " " + slurSideToString(side)
+                             + (isNumbered ? " by number" : ""));
+                Piece piece;
+                for (unsigned i = 0; i < 4; ++i) {
+                    Beat &beat = piece.add({key}, NoteValue::Quarter);
+                    if (isNumbered && (i == 0 || i == 3))
+                        beat.setSlurEnds({{1, i == 0, SlurLine::Solid, side}});
+                    if (isNumbered)
+                        continue;
+                    beat.setSlurredToNext(i < 3);
+                    beat.setSlurredToPrevious(i > 0);
+                    beat.setSlurSide(side);
+                }
+                const LaidOut laid(*piece.model);
+                const auto slurs = laid.of(MarkKind::Slur);
+                ASSERT_EQ(slurs.size(), 1U);
+                const bool isAbove = side == SlurSide::Auto ? key == 79 : side == SlurSide::Above;
+                for (const auto &head : laid.of(MarkKind::NoteHead)) {
+                    EXPECT_EQ(slurs[0].bottom < head.y, isAbove);
+                    EXPECT_EQ(slurs[0].top > head.y, !isAbove);
+                }
+            }
+}
+
+/// So do their halves where they leave a system, and those of grace notes, which else keep off the
+/// small stems.
+TEST(CurvesTest, halvesOfSlursAndSlursOfGraceNotesLieOnTheSideThatTheyAreGiven)
+{
+    for (const SlurSide side : {SlurSide::Above, SlurSide::Below}) {
+        SCOPED_TRACE(slurSideToString(side));
+        const bool isAbove = side == SlurSide::Above;
+        constexpr unsigned bars = 16;
+        Piece piece(bars);
+        for (unsigned bar = 0; bar < bars; ++bar)
+            for (unsigned i = 0; i < 4; ++i) {
+                Beat &beat = piece.add({71}, NoteValue::Quarter, 0, 0, bar);
+                beat.setSlurredToNext(bar + 1 < bars || i < 3);
+                beat.setSlurredToPrevious(bar > 0 || i > 0);
+                beat.setSlurSide(side);
+            }
+        const LaidOut laid(*piece.model);
+        ASSERT_GT(laid.systemCount, 1U);
+        const auto halves = laid.of(MarkKind::Slur);
+        ASSERT_EQ(halves.size(), laid.systemCount);
+        for (const auto &head : laid.of(MarkKind::NoteHead)) {
+            EXPECT_EQ(halves[head.system].bottom < head.y, isAbove);
+            EXPECT_EQ(halves[head.system].top > head.y, !isAbove);
+        }
+
+        Piece ornament;
+        Beat &grace = ornament.add({67}, NoteValue::Eighth);
+        grace.setGraceType(GraceType::BeforeBeat);
+        grace.setSlurredToNext(true);
+        grace.setSlurSide(side);
+        Beat &main = ornament.add({67}, NoteValue::Whole);
+        main.setSlurredToPrevious(true);
+        main.setSlurSide(side);
+        const LaidOut small(*ornament.model);
+        const auto slurs = small.of(MarkKind::Slur);
+        ASSERT_EQ(slurs.size(), 1U);
+        for (const auto &head : small.of(MarkKind::NoteHead)) {
+            EXPECT_EQ(slurs[0].bottom < head.y, isAbove);
+            EXPECT_EQ(slurs[0].top > head.y, !isAbove);
+        }
+    }
+}
+
 /// A slide that is not struck again has an arc on tablature, which a slur over the same two notes
 /// already is.
 TEST(CurvesTest, aSlurredSlideHasOneArc)
