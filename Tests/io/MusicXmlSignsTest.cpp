@@ -192,6 +192,33 @@ TEST(MusicXmlSigns, rehearsalLettersKeepTheirCircles)
     EXPECT_TRUE(told.unheld().empty());
 }
 
+/// A letter and a title that stand together are one; parts and staves may say it again.
+TEST(MusicXmlSigns, furtherRehearsalMarksOfABarAreWordsAtTheirBeats)
+{
+    const auto mark = [](const char *text, const char *enclosure) {
+        return direction("<rehearsal enclosure=\"" + std::string(enclosure) + "\">" + text
+                         + "</rehearsal>");
+    };
+    const std::string quarter = note("C", 4, 1, "quarter");
+    ImportReport report;
+    const auto model = import(
+        score(measure(direction("<rehearsal>A</rehearsal><rehearsal>Verse</rehearsal>") + quarter
+                      + mark("B", "none") + quarter + mark("Test", "rectangle") + quarter
+                      + mark("Crc", "circle") + quarter)
+              + measure(mark("C", "rectangle") + mark("C", "rectangle") + mark("D", "rectangle")
+                        + mark("C", "none") + note("C", 4, 4, "whole"))),
+        report);
+    const auto &master = *model->masterTrack();
+    EXPECT_EQ(master.masterBar(0)->section(), (zarn::Section{"A", "Verse", false}));
+    EXPECT_EQ(master.masterBar(1)->section(), (zarn::Section{"C", "C", false}));
+    std::string words;
+    for (const auto &bar : model->track(0)->staff(0)->bars())
+        for (const auto &beat : bar->voice(0)->beats())
+            words += beat->text() + "|";
+    EXPECT_EQ(words, "|B|Test|Crc|D|");
+    EXPECT_TRUE(report.hasProblem("a further rehearsal mark in the bar is kept as words"));
+}
+
 TEST(MusicXmlSigns, chordSymbolsReadAsOnLeadSheets)
 {
     const auto harmony = [](const std::string &content) {

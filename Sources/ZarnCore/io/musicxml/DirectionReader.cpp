@@ -36,17 +36,9 @@ int staffOf(pugi::xml_node node, ImportContext &context)
     return staff ? std::max(context.integer(staff, 1), 1) - 1 : 0;
 }
 
-/// What a rehearsal mark is by what encloses it, where that tells.
-WrittenSection readSection(pugi::xml_node rehearsal, int bar)
-{
-    using Place = WrittenSection::Place;
-    const std::string_view enclosure = rehearsal.attribute("enclosure").value();
-    const bool isCircled = enclosure == "circle" || enclosure == "oval";
-    const Place place = enclosure == "none"     ? Place::Text
-        : enclosure == "rectangle" || isCircled ? Place::Letter
-                                                : Place::ByLength;
-    return {bar, rehearsal.child_value(), place, isCircled};
-}
+/// Bytes of a rehearsal mark that is a letter, where nothing around it tells; a longer one is a
+/// title.
+constexpr std::size_t longestLetter = 3;
 
 /// The words of a direction, and its metronome mark among them where that is to be words too.
 std::string joined(const std::vector<pugi::xml_node> &texts, bool withMetronome)
@@ -132,7 +124,7 @@ void DirectionReader::gather(pugi::xml_node type, Gathered &gathered, PartFacts 
             gathered.texts.push_back(child);
             break;
         case Tag::Rehearsal:
-            facts.sections.push_back(readSection(child, _context.bar()));
+            readRehearsal(child, position, staff, facts, measure);
             break;
         case Tag::Segno:
         case Tag::Coda:
@@ -157,6 +149,40 @@ void DirectionReader::gather(pugi::xml_node type, Gathered &gathered, PartFacts 
         default:
             _context.addUnheld(child, tag);
         }
+    }
+}
+
+/// A bar begins one section, under a letter, a title, or both where they stand together. Further
+/// marks stay where they are, as words over their beats.
+void DirectionReader::readRehearsal(pugi::xml_node rehearsal, const rational &position, int staff,
+                                    PartFacts &facts, WrittenMeasure &measure)
+{
+    const std::string text = rehearsal.child_value();
+    if (text.empty())
+        return;
+    const int bar = _context.bar();
+    const std::string_view enclosure = rehearsal.attribute("enclosure").value();
+    const bool isCircled = enclosure == "circle" || enclosure == "oval";
+    const bool isBoxed = isCircled || enclosure == "rectangle";
+    const bool isBare = enclosure == "none";
+    bool hasLetter = false;
+    bool hasTitle = false;
+    bool isElsewhere = false;
+    for (auto other = facts.sections.rbegin(); other != facts.sections.rend() && other->bar == bar;
+         ++other) {
+        const bool isAlike = other->isLetter ? !isBare : !isBoxed;
+        if (isAlike && other->text == text && other->position == position)
+            return; // Each staff of a part may say it.
+        (other->isLetter ? hasLetter : hasTitle) = true;
+        isElsewhere = isElsewhere || other->position != position;
+    }
+    const bool isLetter = isBoxed || (!isBare && text.size() <= longestLetter && !hasLetter);
+    if (isElsewhere || (isLetter ? hasLetter : hasTitle)) {
+        measure.addMark(rehearsal, WrittenMark::Kind::Text, position, staff).text = text;
+        _context.addProblem(rehearsal,
+                            "a further rehearsal mark in the bar is kept as words over its beat");
+    } else {
+        facts.sections.push_back({bar, text, isLetter, isCircled, position});
     }
 }
 

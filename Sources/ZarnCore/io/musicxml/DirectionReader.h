@@ -41,6 +41,8 @@ private:
 
     void gather(pugi::xml_node type, Gathered &gathered, PartFacts &facts,
                 const utils::rational &position, int staff, WrittenMeasure &measure);
+    void readRehearsal(pugi::xml_node rehearsal, const utils::rational &position, int staff,
+                       PartFacts &facts, WrittenMeasure &measure);
     void readOctaveShift(pugi::xml_node node, const utils::rational &position, int staff,
                          WrittenMeasure &measure);
     void readSwing(pugi::xml_node sound, PartFacts &facts);

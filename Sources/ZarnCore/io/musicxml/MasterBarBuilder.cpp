@@ -26,10 +26,7 @@ using utils::rational;
 
 namespace {
 
-/// A rehearsal mark of so many letters is a letter, a longer one is a title.
-constexpr std::size_t mostLetters = 3;
-
-/// Bytes that the titles of one bar have at most.
+/// Bytes that the letters or the titles of one bar have at most.
 constexpr std::size_t mostTitle = 4096;
 
 } // namespace
@@ -258,21 +255,17 @@ void MasterBarBuilder::setFermatas(MasterTrack &master)
         }
 }
 
+/// Parts mostly say the same; what they call a bar otherwise is said too.
 void MasterBarBuilder::setSections(MasterTrack &master)
 {
     for (const auto &part : _parts)
         for (const auto &written : part.sections) {
             auto &bar = *master.masterBars()[static_cast<std::size_t>(written.bar)];
             Section section = bar.section();
-            const bool isTold = section.letter == written.text || section.text == written.text;
-            if (written.text.empty() || (isTold && written.place == WrittenSection::Place::ByLength)
-                || section.text.size() + written.text.size() > mostTitle)
+            auto &text = written.isLetter ? section.letter : section.text;
+            if (text == written.text || text.size() + written.text.size() > mostTitle)
                 continue;
-            const bool isLetter = written.place == WrittenSection::Place::ByLength
-                ? written.text.size() <= mostLetters && section.letter.empty()
-                : written.place == WrittenSection::Place::Letter;
-            auto &text = isLetter ? section.letter : section.text;
-            if (isLetter)
+            if (written.isLetter)
                 section.isCircled = written.isCircled && (text.empty() || section.isCircled);
             text += (text.empty() ? "" : " ") + written.text;
             bar.setSection(section);

@@ -67,13 +67,13 @@ struct WrittenEnding {
     bool isOpen = false; ///< the bracket has no end, as of an ending that the music goes on from
 };
 
+/// A rehearsal letter, or a title of the form.
 struct WrittenSection {
-    enum class Place : std::uint8_t { ByLength, Letter, Text };
-
     int bar;
     std::string text;
-    Place place = Place::ByLength;
-    bool isCircled = false;
+    bool isLetter;
+    bool isCircled;
+    utils::rational position; ///< exact, in quarters
 };
 
 /// From here on.
