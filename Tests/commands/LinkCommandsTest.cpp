@@ -84,6 +84,29 @@ TEST_F(LinkCommandsTest, slursMeetAndMerge)
     EXPECT_EQ(slurs(0), "(x)(-)");
 }
 
+/// What is under no slur takes no look of one, and loses it with the slur.
+TEST_F(LinkCommandsTest, theLookOfASlurGoesWithIt)
+{
+    write({{0, 0}, {0, 2}, {0, 3}, {0, 5}});
+    ASSERT_TRUE(score.setBeatLegato(small.from(0, 0, 0, 2), true));
+    const ScoreModelRange all = small.from(0, 0, 0, 3);
+    expectDone("line", [&] {
+        return score.setBeatAttribute(all, BeatAttribute::SlurLine, SlurLine::Dashed);
+    });
+    expectDone("side", [&] {
+        return score.setBeatAttribute(all, BeatAttribute::SlurSide, SlurSide::Below);
+    });
+    for (unsigned i = 0; i < 4; ++i) {
+        EXPECT_EQ(beat(0, i).slurLine(), i < 3 ? SlurLine::Dashed : SlurLine::Solid) << i;
+        EXPECT_EQ(beat(0, i).slurSide(), i < 3 ? SlurSide::Below : SlurSide::Auto) << i;
+    }
+    expectDone("gone", [&] { return score.setBeatLegato(small.from(0, 0, 0, 2), false); });
+    for (unsigned i = 0; i < 4; ++i) {
+        EXPECT_EQ(beat(0, i).slurLine(), SlurLine::Solid) << i;
+        EXPECT_EQ(beat(0, i).slurSide(), SlurSide::Auto) << i;
+    }
+}
+
 /// What beats came into or went from the midst of goes on; what met there stays apart.
 TEST_F(LinkCommandsTest, slursAndHairpinsOutliveTheBeatsInTheirMidst)
 {
