@@ -119,14 +119,19 @@ MarkLattice::candidates(const Maker &maker, const std::vector<GripFinder::Found>
     std::vector<Candidate> all;
     for (std::size_t number = 0; number < found.size(); ++number) {
         double least = std::numeric_limits<double>::infinity();
+        std::size_t easiest = 0;
         if (event == 0)
             least = maker.costOfStart(found[number].grip);
         else
-            for (auto bits = found[number].origins; bits != 0; bits &= bits - 1)
-                least = std::min(
-                    least,
-                    maker.cost(static_cast<std::size_t>(__builtin_ctzll(bits)), found[number]));
-        all.push_back({least, number, agreement(found[number].grip, event)});
+            for (auto bits = found[number].origins; bits != 0; bits &= bits - 1) {
+                const auto from = static_cast<std::size_t>(__builtin_ctzll(bits));
+                const double cost = maker.cost(from, found[number]);
+                if (cost >= least)
+                    continue;
+                least = cost;
+                easiest = from;
+            }
+        all.push_back({least, number, easiest, agreement(found[number].grip, event)});
     }
     std::stable_sort(all.begin(), all.end(), [](const Candidate &left, const Candidate &right) {
         return left.cost < right.cost;
@@ -194,6 +199,8 @@ void MarkLattice::addLayer(Maker &maker, std::size_t event)
                     });
             }
         grips.push_back(one.grip);
+        maker.change.follow(event > 0 ? &maker.grips[candidate.from] : nullptr, event,
+                            grips.back());
         costs.push_back(candidate.cost);
     }
     const double least = costs.front();

@@ -68,6 +68,7 @@ private:
     struct Candidate {
         double cost;
         std::size_t number;
+        std::size_t from; ///< the grip in front on the easiest way
         std::uint64_t agrees;
     };
 

@@ -123,6 +123,7 @@ const std::vector<FittedWeight> &fittedWeights()
         {"cutBroken", &W::cutBroken, 0.5},
         {"crossedStep", &W::crossedStep, 0.3},
         {"movedPitch", &W::movedPitch, 0.3},
+        {"movedPluck", &W::movedPluck, 0.5},
     };
     return weights;
 }

@@ -50,6 +50,12 @@ struct Grip {
     /// Wider than a hand is, or with more notes than fingers.
     bool isTooWide = false;
 
+    /// Strings of the highest notes of this event and of those in front, on the easiest way to this
+    /// grip: `PluckBits` for each, the last in the lowest ones.
+    static constexpr unsigned PluckBits = 4;
+    static constexpr unsigned NoPluck = (1U << PluckBits) - 1;
+    std::uint32_t plucks = UINT32_MAX;
+
     /// Bits by string: that begin to sound.
     unsigned fresh() const noexcept { return sounding & ~static_cast<unsigned>(held); }
 

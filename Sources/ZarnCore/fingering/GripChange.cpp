@@ -5,7 +5,7 @@ namespace zarn::fingering {
 
 GripChange::GripChange(const Passage &passage, const Ringing &ringing,
                        const FingeringWeights &weights)
-    : _passage(passage), _ringing(ringing), _weights(weights)
+    : _passage(passage), _ringing(ringing), _weights(weights), _figures(_passage)
 {
     for (std::size_t fret = 0; fret < _fretWidths.size(); ++fret)
         _fretWidths[fret] = std::exp2(-(std::max(static_cast<float>(fret), 1.F) - 1) / 12);
@@ -34,6 +34,19 @@ GripChange::Departure GripChange::leave(const Grip &from, double onset, double n
     constexpr double relief = 4;
     departure.hurry = static_cast<float>(1 / (1 + relief * time));
     return departure;
+}
+
+void GripChange::follow(const Grip *before, std::size_t event, Grip &grip) const
+{
+    const std::uint32_t highest = _passage.events[event].firstNote;
+    auto pluck = Grip::NoPluck;
+    for (unsigned bits = grip.fresh(); bits != 0; bits &= bits - 1) {
+        const auto at = static_cast<unsigned>(__builtin_ctz(bits));
+        if (grip.note[at] == highest)
+            pluck = at;
+    }
+    const std::uint32_t past = before != nullptr ? before->plucks : UINT32_MAX;
+    grip.plucks = past << Grip::PluckBits | pluck;
 }
 
 double GripChange::cost(const Departure &from, const Grip &to) const
@@ -76,6 +89,20 @@ bool GripChange::leavesString(const Grip &from, const Grip &to, std::size_t at) 
         if ((from.sounding >> string & 1) != 0 && from.note[string] == leading)
             return string != at;
     return false;
+}
+
+/// Whether a note of a broken chord is on another string than the one that its finger plucked
+/// there a figure before. On the lower half of the strings it is the thumb that does.
+bool GripChange::leavesPluckedString(const Grip &from, const Grip &to, std::size_t at) const
+{
+    static_assert(PluckedFigures::LongestFigure * Grip::PluckBits <= 32);
+    static_assert(Grip::Strings <= static_cast<int>(Grip::NoPluck));
+    const std::size_t events = _figures.eventsSince(to.note[at]);
+    if (events == 0)
+        return false;
+    const std::size_t pluck = from.plucks >> (events - 1) * Grip::PluckBits & Grip::NoPluck;
+    const auto last = static_cast<std::size_t>(_passage.fretboard.stringCount()) - 1;
+    return pluck != Grip::NoPluck && pluck != at && std::max(pluck, at) * 2 > last;
 }
 
 } // namespace zarn::fingering

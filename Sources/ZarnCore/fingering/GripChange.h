@@ -3,6 +3,7 @@
 
 #include <ZarnCore/fingering/Grip.h>
 #include <ZarnCore/fingering/GripEffort.h>
+#include <ZarnCore/fingering/PluckedFigures.h>
 #include <ZarnCore/fingering/Ringing.h>
 #include <ZarnCore/fingering/ZarnFingeringWeights.h>
 #include <ZarnCore/fingering/ZarnPassage.h>
@@ -30,6 +31,10 @@ public:
     /// Leaves a grip that began at an onset and ends at the next. It stays where it is meanwhile.
     Departure leave(const Grip &from, double onset, double nextOnset) const;
 
+    /// Adds to a grip which strings have been plucked up to it, on the easiest way there; `before`
+    /// is the grip in front on that, none for the first event.
+    void follow(const Grip *before, std::size_t event, Grip &grip) const;
+
     /// The effort of going on to a grip, which holds nothing that is not there.
     double cost(const Departure &from, const Grip &to) const;
 
@@ -48,6 +53,8 @@ private:
     template <class Add>
     void addIntervals(const Departure &from, const Grip &to, std::size_t at, Add &add) const;
 
+    bool leavesPluckedString(const Grip &from, const Grip &to, std::size_t at) const;
+
     static bool hasGuide(const Grip &from, const Grip &to);
     static bool isUnderBarre(const Grip &from, const Grip &to, std::size_t at);
     bool leavesString(const Grip &from, const Grip &to, std::size_t at) const;
@@ -60,6 +67,7 @@ private:
     const Passage &_passage;
     const Ringing &_ringing;
     const FingeringWeights &_weights;
+    PluckedFigures _figures;
     std::array<float, 128> _fretWidths; ///< by position, that of the first being 1
     bool _hasLeading = false;           ///< notes that lead to others on their string
 };
@@ -169,6 +177,8 @@ void GripChange::addNotes(const Departure &from, const Grip &to, Add &add) const
         const auto at = static_cast<std::size_t>(__builtin_ctz(bits));
         if (_hasLeading && leavesString(*from.grip, to, at))
             add(&W::leftString, 1);
+        if (leavesPluckedString(*from.grip, to, at))
+            add(&W::movedPluck, 1);
         addIntervals(from, to, at, add);
     }
 }

@@ -40,7 +40,7 @@ GripLayer GripLayerMaker::firstLayer(std::size_t event)
         _reached.push_back({costOfStart(found[i].grip), i, 0, 0});
     GripLayer layer;
     layer.event = event;
-    fill(layer, found, 0);
+    fill(layer, found, nullptr);
     return layer;
 }
 
@@ -70,7 +70,7 @@ GripLayer GripLayerMaker::layerAfter(const GripLayer &before, std::size_t event)
     }
     GripLayer layer;
     layer.event = event;
-    fill(layer, found, before.easiest);
+    fill(layer, found, &before);
     return layer;
 }
 
@@ -104,21 +104,39 @@ double GripLayerMaker::reach(const GripFinder::Found &found, const GripLayer &be
     return least;
 }
 
+/// The grip in front on the easiest way to one.
+const Grip *GripLayerMaker::easiestBefore(const Reached &reached, const GripLayer &before) const
+{
+    const auto cost = [&before](const GripLayer::Arc &arc) {
+        return before.costs[static_cast<std::size_t>(arc.from)] + arc.cost;
+    };
+    const auto arcs = _arcs.begin();
+    const auto easiest =
+        std::min_element(arcs + static_cast<std::ptrdiff_t>(reached.firstArc),
+                         arcs + static_cast<std::ptrdiff_t>(reached.arcsEnd),
+                         [&cost](const GripLayer::Arc &left, const GripLayer::Arc &right) {
+                             return cost(left) < cost(right);
+                         });
+    return &before.grips[static_cast<std::size_t>(easiest->from)];
+}
+
 /// Fills a layer with the easiest of what was reached. Costs count from the easiest on, so that
 /// they stay exact in long pieces.
 void GripLayerMaker::fill(GripLayer &layer, const std::vector<GripFinder::Found> &found,
-                          double effortBefore)
+                          const GripLayer *before)
 {
     std::sort(_reached.begin(), _reached.end(), [](const Reached &left, const Reached &right) {
         return std::make_pair(left.cost, left.number) < std::make_pair(right.cost, right.number);
     });
     _reached.resize(std::min(_reached.size(), _mostGrips));
     const double least = _reached.front().cost;
-    layer.easiest = effortBefore + least;
+    layer.easiest = (before != nullptr ? before->easiest : 0) + least;
     layer.grips.reserve(_reached.size());
     for (const Reached &reached : _reached) {
         const auto to = static_cast<int>(layer.grips.size());
         layer.grips.push_back(found[reached.number].grip);
+        _change.follow(before != nullptr ? easiestBefore(reached, *before) : nullptr, layer.event,
+                       layer.grips.back());
         layer.costs.push_back(reached.cost - least);
         for (std::size_t arc = reached.firstArc; arc < reached.arcsEnd; ++arc)
             layer.arcs.push_back({_arcs[arc].from, to, _arcs[arc].cost, 1});

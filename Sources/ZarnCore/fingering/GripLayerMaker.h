@@ -52,7 +52,9 @@ private:
     double costOfStart(const Grip &grip) const;
     void orderFound(const std::vector<GripFinder::Found> &found, const GripLayer &before);
     double reach(const GripFinder::Found &found, const GripLayer &before);
-    void fill(GripLayer &layer, const std::vector<GripFinder::Found> &found, double effortBefore);
+    void fill(GripLayer &layer, const std::vector<GripFinder::Found> &found,
+              const GripLayer *before);
+    const Grip *easiestBefore(const Reached &reached, const GripLayer &before) const;
 
     const Passage &_passage;
     const FingeringWeights &_weights;

@@ -103,6 +103,10 @@ struct FingeringWeights {
 
     /// A pitch struck again on another string.
     double movedPitch = 0.12;
+
+    /// A note of a broken chord on another string than the one at its place when the figure was
+    /// plucked last: a finger of the other hand has to leave its string. The thumb is free to.
+    double movedPluck = 0.5;
 };
 
 } // namespace zarn::fingering
