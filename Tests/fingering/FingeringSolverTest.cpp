@@ -473,20 +473,26 @@ struct PluckedNote {
     int string;
 };
 
-/// How often a finger of the plucking hand leaves its string, by what that adds to the effort.
-double movedPlucks(const std::vector<PluckedNote> &notes)
+/// How often something happens in quarters on such strings, by what it adds to the effort.
+double timesOf(double FingeringWeights::*weight, const std::vector<PluckedNote> &notes,
+               FingeringWeights weights = {})
 {
     Passage passage = passageOn(guitar);
     for (const PluckedNote &note : notes) {
         addEvent(passage, {note.pitch});
         passage.notes.back().string = note.string;
     }
-    const auto effortWith = [&passage](double movedPluck) {
-        FingeringWeights weights;
-        weights.movedPluck = movedPluck;
+    const auto effortWith = [&](double effort) {
+        weights.*weight = effort;
         return FingeringSolver(passage, weights).solve().leastEffort;
     };
     return effortWith(1) - effortWith(0);
+}
+
+/// How often a finger of the plucking hand leaves its string.
+double movedPlucks(const std::vector<PluckedNote> &notes)
+{
+    return timesOf(&FingeringWeights::movedPluck, notes);
 }
 
 std::vector<PluckedNote> pluckedAgain(const std::vector<PluckedNote> &figure, int times)
@@ -524,6 +530,22 @@ TEST(FingeringSolverTest, aFingerThatPlucksLeavesItsStringWithEffort)
                                                {53, 2}, {57, 3}, {52, 2}, {55, 3},
                                                {59, 4}, {53, 2}, {57, 3}, {60, 4}};
     EXPECT_NEAR(movedPlucks(climbing), 0, nearly);
+}
+
+/// Where a broken chord gives way to the next, its notes are not missed.
+TEST(FingeringSolverTest, aBrokenChordEndsWithTheNextOne)
+{
+    FingeringWeights weights;
+    weights.longestRing = 8;
+    weights.cutBroken = 0;
+    const std::vector<PluckedNote> figure = {{50, 2}, {55, 3}, {59, 4}, {64, 5}};
+    for (const int times : {1, 3}) {
+        std::vector<PluckedNote> notes = pluckedAgain(figure, times);
+        notes.push_back({50, 2});
+        notes.push_back({58, 3}); // where 55 rings
+        EXPECT_NEAR(timesOf(&FingeringWeights::cutRinging, notes, weights), times == 1 ? 1 : 0,
+                    1e-6);
+    }
 }
 
 TEST(FingeringSolverTest, listsOtherWaysInOrderOfEffort)

@@ -91,6 +91,14 @@ bool GripChange::leavesString(const Grip &from, const Grip &to, std::size_t at) 
     return false;
 }
 
+/// Whether the next note of a broken chord at the same place of its figure comes where the last one
+/// rings on, which is over as it is written: that is no longer wanted.
+bool GripChange::movesOn(const Departure &from, const Grip &to, std::size_t at) const
+{
+    return (from.lasting >> at & 1) == 0 && to.sounds(static_cast<int>(at))
+        && _figures.noteBefore(to.note[at]) == from.grip->note[at];
+}
+
 /// Whether a note of a broken chord is on another string than the one that its finger plucked
 /// there a figure before. On the lower half of the strings it is the thumb that does.
 bool GripChange::leavesPluckedString(const Grip &from, const Grip &to, std::size_t at) const

@@ -53,6 +53,7 @@ private:
     template <class Add>
     void addIntervals(const Departure &from, const Grip &to, std::size_t at, Add &add) const;
 
+    bool movesOn(const Departure &from, const Grip &to, std::size_t at) const;
     bool leavesPluckedString(const Grip &from, const Grip &to, std::size_t at) const;
 
     static bool hasGuide(const Grip &from, const Grip &to);
@@ -165,7 +166,7 @@ void GripChange::addNotes(const Departure &from, const Grip &to, Add &add) const
         const auto at = static_cast<std::size_t>(__builtin_ctz(bits));
         const bool isStruckAgain =
             (to.sounding >> at & 1) != 0 && pitchOf(to, at) == pitchOf(*from.grip, at);
-        if (isStruckAgain)
+        if (isStruckAgain || movesOn(from, to, at))
             continue;
         add(&W::cutRinging, 1);
         if (_ringing.isOfBrokenChord(from.grip->note[at]))

@@ -64,7 +64,7 @@ bool goesAsBefore(const Passage &passage, std::size_t event, std::size_t length)
 } // namespace
 
 PluckedFigures::PluckedFigures(const Passage &passage)
-    : _eventsSince(passage.notes.size(), 0), _isOfFigure(passage.events.size(), 0)
+    : _before(passage.notes.size()), _isOfFigure(passage.events.size(), 0)
 {
     if (passage.hand.isBowed)
         return;
@@ -98,7 +98,8 @@ void PluckedFigures::addRun(const Passage &passage, std::size_t first, std::size
     for (std::size_t at = first; at < end; ++at) {
         _isOfFigure[at] = 1;
         if (length > alternation)
-            _eventsSince[passage.events[at].firstNote] = static_cast<std::uint8_t>(length);
+            _before[passage.events[at].firstNote] = {passage.events[at - length].firstNote,
+                                                     static_cast<std::uint32_t>(length)};
     }
 }
 

@@ -21,14 +21,22 @@ public:
 
     /// How many events in front of a note the one at the same place of the figure before is; 0 for
     /// a note that is of no figure, or of the first one.
-    std::size_t eventsSince(std::uint32_t note) const noexcept { return _eventsSince[note]; }
+    std::size_t eventsSince(std::uint32_t note) const noexcept { return _before[note].events; }
+
+    /// That note; `PassageNote::NoNote` when there is none.
+    std::uint32_t noteBefore(std::uint32_t note) const noexcept { return _before[note].note; }
 
 private:
+    struct Before {
+        std::uint32_t note = PassageNote::NoNote;
+        std::uint32_t events = 0;
+    };
+
     void addFigures(const Passage &passage, std::size_t length);
     void addRun(const Passage &passage, std::size_t first, std::size_t end, std::size_t length);
 
-    std::vector<std::uint8_t> _eventsSince; ///< by note
-    std::vector<char> _isOfFigure;          ///< by event
+    std::vector<Before> _before;   ///< by note
+    std::vector<char> _isOfFigure; ///< by event
 };
 
 } // namespace zarn::fingering
