@@ -157,7 +157,7 @@ double startOf(const SystemDraft &draft, const RowDraft &row, const PlacedChord 
 double roomOf(const SystemDraft &draft, const RowDraft &row, const PlacedChord &chord)
 {
     constexpr double halfLabel = 0.9; // with the gap to a bar line behind it
-    double room = draft.bars[chord.shownBar - draft.first].right - halfLabel;
+    double room = draft.barOf(chord).right - halfLabel;
     for (const PlacedChord &other : row.chords)
         if (other.x > chord.x + 1 && other.x < room)
             room = std::min(room, leftInkOf(draft, row, other) - 0.5);
@@ -238,7 +238,7 @@ void addWhammyBars(RowDraft &row, const SystemDraft &draft)
         const PlacedChord *next = nextChord(row, i);
         const auto &points = details->whammyBar.curve.points();
         const double left = chord.headCentre();
-        const double barEnd = draft.bars[chord.shownBar - draft.first].right - 0.3;
+        const double barEnd = draft.barOf(chord).right - 0.3;
         const double right =
             std::min(std::max(std::min(next ? next->x - 0.5 : barEnd, left + 8), left + 2),
                      std::max(barEnd, left + 0.8));
@@ -257,7 +257,7 @@ void addWhammyBars(RowDraft &row, const SystemDraft &draft)
             item.inks.push_back(pen.polyline(MarkKind::Whammy, std::move(line), 0.14));
         Ink text = pen.text(MarkKind::Whammy, TextRole::Letter, "w/bar " + amountText(extreme),
                             left, -3.2);
-        const double barLeft = draft.bars[chord.shownBar - draft.first].left;
+        const double barLeft = draft.barOf(chord).left;
         if (text.box.right > barEnd)
             text.move(std::max(barLeft - text.box.left, barEnd - text.box.right), 0);
         item.inks.push_back(std::move(text));

@@ -64,11 +64,8 @@ double endOf(const SystemDraft &draft, const RowDraft &row, const ChordRun &run,
     if (!fillsBeat)
         return rightOf(last);
     const PlacedChord *next = nextChord(row, run.last);
-    double right = next ? next->x - 0.6 : 1e9;
-    for (const BarPlace &bar : draft.bars)
-        if (bar.shownBar == last.shownBar && !(next && next->shownBar == last.shownBar))
-            right = bar.right - 0.5;
-    return std::max(right, rightOf(last));
+    const bool isInBar = next && next->shownBar == last.shownBar;
+    return std::max(isInBar ? next->x - 0.6 : draft.barOf(last).right - 0.5, rightOf(last));
 }
 
 /// The key of the note that is trilled: one behind a rest, or on another key, has its own sign.
@@ -447,7 +444,7 @@ void addStretches(RowDraft &row, const SystemDraft &draft)
                 item.inks = stretch.make(draft.pen, startOf(row, run),
                                          endOf(draft, row, run, stretch.fillsBeat));
                 item.line = stretchLine;
-                const BarPlace &bar = draft.bars[row.chords[run.last].shownBar - draft.first];
+                const BarPlace &bar = draft.barOf(row.chords[run.last]);
                 const Box box = boxOf(item.inks);
                 const double over = box.right - (bar.right - 0.3);
                 if (over > 0)

@@ -188,11 +188,9 @@ void SystemBuilder::placeBars(SystemDraft &draft, double width, bool isJustified
     for (const auto &[key, end] : lastWords)
         line.addRodTo(line.columnCount() - 1, end.first, end.second - tail.width + 0.1);
     const double room = width - draft.staffLeft - tail.width;
-    double factor = line.factorFor(room);
     const bool isLastLine = draft.end == _score.shown.size();
-    if (!isJustified)
-        factor = 1;
-    else if (isLastLine && factor > loosest)
+    double factor = isJustified ? line.factorFor(room) : 1;
+    if (isLastLine && factor > loosest)
         factor = 1.1;
     std::vector<double> places = line.places(factor);
     if (isJustified && places.back() > room + 1e-6) {

@@ -115,6 +115,9 @@ struct SystemDraft {
     std::vector<RowDraft> rows;
     std::vector<BarPlace> bars;
 
+    /// The bar that a chord stands in.
+    const BarPlace &barOf(const PlacedChord &chord) const { return bars[chord.shownBar - first]; }
+
     /// Where the last bar ends: behind it are its line and what warns of the next system.
     double musicRight() const noexcept { return bars.empty() ? right : bars.back().right; }
 

@@ -182,11 +182,6 @@ private:
         return before;
     }
 
-    const BarPlace &barOf(const PlacedChord &chord) const
-    {
-        return _draft.bars[chord.shownBar - _draft.first];
-    }
-
     const Ink &inkOf(const PlacedChord &chord, std::uint32_t number) const
     {
         return _draft.score.bar(_row.number, chord.shownBar).inks[number];
@@ -205,9 +200,9 @@ private:
                 ? endAt(*found->second.chord, *found->second.head, side, false)
                 : leavesSystem
                 ? Point{std::max(_draft.musicRight() - 0.1, from.x + 0.8), from.y}
-                : Point{
-                    std::max(std::min(from.x + shortTie, barOf(chord).right - 0.1), from.x + 0.8),
-                    from.y};
+                : Point{std::max(std::min(from.x + shortTie, _draft.barOf(chord).right - 0.1),
+                                 from.x + 0.8),
+                        from.y};
         }
         addCurve(chord, head, hasPartner ? found->second.chord : nullptr, ends);
     }
@@ -220,8 +215,9 @@ private:
             const Point to = endAt(chord, head, side, false);
             ends.to[side > 0] = to;
             ends.from[side > 0] = {
-                entersSystem ? std::min(_draft.musicLeft - (startsRepeat ? 0 : 0.3), to.x - 0.6)
-                             : std::min(std::max(to.x - shortTie, barOf(chord).left), to.x - 0.6),
+                entersSystem
+                    ? std::min(_draft.musicLeft - (startsRepeat ? 0 : 0.3), to.x - 0.6)
+                    : std::min(std::max(to.x - shortTie, _draft.barOf(chord).left), to.x - 0.6),
                 to.y};
         }
         addCurve(chord, head, &chord, ends);

@@ -69,7 +69,7 @@ void addStrokesBetween(RowDraft &row, const SystemDraft &draft, const PlacedChor
     };
     // From stem to stem, or else from head to head. Strokes end at the line of their bar: what
     // stands behind it has no room for them.
-    const double line = draft.bars[chord.shownBar - draft.first].right;
+    const double line = draft.barOf(chord).right;
     double left = chord.stemX() + 0.4;
     double right = std::min(next.stemX(), line) - 0.4;
     const bool haveStems = chord.chord->hasStem && next.chord->hasStem && right > left;

@@ -87,14 +87,11 @@ bool wasOpen(const SystemDraft &draft, const RowDraft &row, const PlacedChord &f
 void keepInBar(Inks &inks, const SystemDraft &draft, const PlacedChord &chord)
 {
     constexpr double gap = 0.2;
-    for (const BarPlace &bar : draft.bars) {
-        if (bar.shownBar != chord.shownBar)
-            continue;
-        const Box box = boxOf(inks);
-        const double left = std::max(0.0, bar.left + gap - box.left);
-        const double right = std::max(0.0, box.right - bar.right + gap);
-        move(inks, left > 0 ? left : -right, 0);
-    }
+    const BarPlace &bar = draft.barOf(chord);
+    const Box box = boxOf(inks);
+    const double left = std::max(0.0, bar.left + gap - box.left);
+    const double right = std::max(0.0, box.right - bar.right + gap);
+    move(inks, left > 0 ? left : -right, 0);
 }
 
 Inks diagramInks(const Pen &pen, const ChordDiagram &diagram, double centre)
@@ -234,10 +231,8 @@ void addDynamics(RowDraft &row, const SystemDraft &draft)
             const PlacedChord &last = row.chords[end - 1];
             const PlacedChord *next = nextChord(row, end - 1);
             double left = first.x;
-            double right = next ? next->x - 0.4 : draft.musicRight() - 0.4;
-            for (const BarPlace &bar : draft.bars)
-                if (bar.shownBar == last.shownBar && !(next && next->shownBar == last.shownBar))
-                    right = bar.right - 0.4;
+            const bool isInBar = next && next->shownBar == last.shownBar;
+            double right = (isInBar ? next->x : draft.barOf(last).right) - 0.4;
             for (const auto &[start, stop] : taken) {
                 if (start <= left + 0.5 && stop > left)
                     left = stop + 0.3;
