@@ -67,6 +67,26 @@ TEST_F(LayoutSearchTest, anEmptySpotIsStillSomewhereInTheMusic)
     EXPECT_FALSE(spotAt(*_layout, 2, {0, 0}));
 }
 
+TEST_F(LayoutSearchTest, systemsMayStandBesideOneAnother)
+{
+    Layout::Content content;
+    content.font = MusicFont::builtIn();
+    content.pages.push_back(_layout->pages()[0]);
+    auto &systems = content.pages[0].systems;
+    const auto second = std::make_shared<SystemDrawing>(*systems[0].drawing);
+    second->bars[0].firstBar = 3;
+    systems.push_back({second, systems[0].at + Point{40 * sp, 0}});
+    const Layout layout(std::move(content));
+    for (const Unit y : {0, 27 * sp, 60 * sp}) {
+        EXPECT_EQ(spotAt(layout, 0, {0, y})->bar, 2);
+        EXPECT_EQ(spotAt(layout, 0, {33 * sp, y})->bar, 2);
+        const auto spot = spotAt(layout, 0, {73 * sp, y});
+        EXPECT_EQ(spot->bar, 3);
+        EXPECT_EQ(spot->offset, utils::rational(1));
+        EXPECT_EQ(spotAt(layout, 0, {500 * sp, y})->bar, 3);
+    }
+}
+
 TEST_F(LayoutSearchTest, placesHaveBoxesOnEverySheetThatShowsThem)
 {
     const auto boxes = boxesOf(*_layout, place(0, 0));

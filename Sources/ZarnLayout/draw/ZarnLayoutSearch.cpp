@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <limits>
 #include <map>
 #include <utility>
 
@@ -56,17 +55,22 @@ bool isIn(const DrawPlace &mark, const DrawPlace &place) noexcept
         && fits(mark.beat, place.beat) && fits(mark.note, place.note);
 }
 
+/// Systems below one another are told apart by their height, those beside one another by where
+/// their bars are.
 const PlacedSystem *systemAt(const LayoutPage &page, Point point)
 {
     const PlacedSystem *nearest = nullptr;
-    Unit best = std::numeric_limits<Unit>::max();
+    std::pair<Unit, Unit> best;
     for (const PlacedSystem &system : page.systems) {
         const auto &staves = system.drawing->staves;
         if (staves.empty())
             continue;
-        const Unit away =
-            distance(staves.front().top + system.at.y, staves.back().bottom + system.at.y, point.y);
-        if (away < best) {
+        const auto &bars = system.drawing->bars;
+        const Point inside = point - system.at;
+        const std::pair<Unit, Unit> away = {
+            distance(staves.front().top, staves.back().bottom, inside.y),
+            bars.empty() ? 0 : distance(bars.front().left, bars.back().right, inside.x)};
+        if (nearest == nullptr || away < best) {
             best = away;
             nearest = &system;
         }
