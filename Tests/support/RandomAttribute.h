@@ -171,7 +171,9 @@ private:
     }
     zarn::AttributeValue draw(const zarn::Section &, const zarn::AttributeRange &) const
     {
-        return zarn::Section{text(), text(), maybe()};
+        zarn::Section section{text(), text(), maybe()};
+        section.isCircled = section.isCircled && !section.letter.empty();
+        return section;
     }
     zarn::AttributeValue draw(const zarn::BeamGroups &, const zarn::AttributeRange &) const
     {
