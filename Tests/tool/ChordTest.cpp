@@ -107,4 +107,15 @@ TEST(NameChords, listsTheChordsOfThePieceOrOfBars)
                                    QStringLiteral("suggest-chords 5-10 bar")});
     EXPECT_EQ(named.code, 0);
     EXPECT_TRUE(contains(named.out, "  5        0  Em\n  7        0  Am\n")) << named.out;
+
+    const ToolRun selected = runTool({QStringLiteral("edit"), romance(), QStringLiteral("-c"),
+                                      QStringLiteral("select 5-10"), QStringLiteral("-c"),
+                                      QStringLiteral("suggest-chords"), QStringLiteral("-c"),
+                                      QStringLiteral("suggest-chords bar"), QStringLiteral("-c"),
+                                      QStringLiteral("suggest-chords half")});
+    EXPECT_EQ(selected.code, 0) << selected.err;
+    const QString listed = QString::fromStdString(selected.out);
+    EXPECT_EQ(listed.count(QStringLiteral("Bar  Quarter  Chord")), 3) << selected.out;
+    EXPECT_EQ(listed.count(QStringLiteral("  5        0  Em\n  7        0  Am\n")), 3)
+        << selected.out;
 }

@@ -118,6 +118,10 @@ TEST(Diagrams, aChordIsShownAsItIsPlayed)
                                      QStringLiteral("--tuning"), QStringLiteral("Drop DD")});
     EXPECT_EQ(unknown.code, 1);
     EXPECT_TRUE(contains(unknown.err, "did you mean \"Drop D\"?")) << unknown.err;
+    const ToolRun nothing = runTool(
+        {QStringLiteral("chord"), QStringLiteral("C"), QStringLiteral("--tuning"), QString()});
+    EXPECT_EQ(nothing.code, 1);
+    EXPECT_TRUE(contains(nothing.err, "see \"zarn catalog tunings\"")) << nothing.err;
 }
 
 TEST(Diagrams, aScoreShowsThoseOfItsChords)

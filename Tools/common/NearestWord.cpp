@@ -39,7 +39,8 @@ QString nearestWord(const QString &typed, const QStringList &words)
     constexpr int TooFar = 3;
     const QString lower = typed.toLower();
     QString nearest;
-    int least = TooFar;
+    // What shares no letter with a word is not near it.
+    int least = std::min(TooFar, typed.size());
     for (const QString &word : words) {
         const int far = word.startsWith(typed) ? 0 : distance(lower, word.toLower());
         if (far < least) {

@@ -126,21 +126,22 @@ bool isMissing(const Command &command, std::size_t parameter, const std::vector<
         && !looksLike(here, words[next]);
 }
 
-/// Whether a word is none of the choices of a parameter that may be missing, but one of the next.
+/// Whether a word is nothing for a parameter that may be missing, but a choice of the next.
 bool isPassedOver(const Command &command, std::size_t parameter, const Word &word)
 {
-    const auto takes = [&command, &word](std::size_t number) {
-        const Choices &choices = *command.parameters[number].choices;
-        return std::any_of(choices.begin(), choices.end(), [&word](const auto &choice) {
+    const auto takes = [&word](const Parameter &one) {
+        return std::any_of(one.choices->begin(), one.choices->end(), [&word](const auto &choice) {
             return choice.first.compare(word.text, Qt::CaseInsensitive) == 0;
         });
     };
-    const auto isChoice = [&command](std::size_t number) {
-        return number < command.parameters.size() && command.parameters[number].kind == Kind::Choice
-            && command.parameters[number].presence == Presence::Optional;
-    };
-    return isChoice(parameter) && isChoice(parameter + 1) && !takes(parameter)
-        && takes(parameter + 1);
+    if (parameter + 1 >= command.parameters.size())
+        return false;
+    const Parameter &here = command.parameters[parameter];
+    const Parameter &behind = command.parameters[parameter + 1];
+    if (here.presence != Presence::Optional || behind.presence != Presence::Optional
+        || behind.kind != Kind::Choice)
+        return false;
+    return takes(behind) && (here.kind == Kind::Choice ? !takes(here) : !looksLike(here, word));
 }
 
 void readParameters(const Command &command, const std::vector<Word> &words, int endColumn,
@@ -155,8 +156,10 @@ void readParameters(const Command &command, const std::vector<Word> &words, int 
             continue;
         }
         if (isMissing(command, i, words, next, context)) {
-            if (parameter.presence == Presence::Optional)
+            if (parameter.presence == Presence::Optional) {
+                values.add(std::monostate(), endColumn);
                 continue;
+            }
             const QString why = missingAssumption(parameter);
             throw LineError(next < words.size() ? words[next].column : endColumn,
                             QStringLiteral("%1 is missing: %2%3; usage: %4")
