@@ -196,6 +196,24 @@ Joint jointBefore(const EngravedScore &score, unsigned shownBar, JointPlace plac
     return joint;
 }
 
+Inks repeatDots(LineStyle style, double x, const Row &row, const Pen &pen)
+{
+    const bool closes = style == LineStyle::RepeatEnd || style == LineStyle::RepeatBoth;
+    const bool opens = style == LineStyle::RepeatStart || style == LineStyle::RepeatBoth;
+    const double middle = row.height() / 2;
+    const double off = row.lineCount % 2 == 1 ? 0.5 * row.lineDistance : row.lineDistance;
+    Inks dots;
+    const auto add = [&](double left) {
+        for (const double y : {middle - off, middle + off})
+            dots.push_back(pen.glyph(MarkKind::RepeatDots, Sign::RepeatDot, left, y));
+    };
+    if (closes)
+        add(x);
+    if (opens)
+        add(x + widthOf(style) - dotWidth);
+    return dots;
+}
+
 void addBarLine(SystemDraft &draft, LineStyle style, double x, const std::vector<bool> &isJoined,
                 unsigned bar, const std::vector<Readable> &readables)
 {
@@ -232,18 +250,6 @@ void addBarLine(SystemDraft &draft, LineStyle style, double x, const std::vector
             i = last + 1;
         }
     };
-    const auto addDots = [&](double left) {
-        for (const RowDraft &row : draft.rows) {
-            const double middle = row.y + row.row->height() / 2;
-            const double off =
-                row.row->lineCount % 2 == 1 ? 0.5 * row.row->lineDistance : row.row->lineDistance;
-            for (const double y : {middle - off, middle + off}) {
-                Ink dot = draft.pen.glyph(MarkKind::RepeatDots, Sign::RepeatDot, left, y);
-                dot.place = place;
-                draft.inks.push_back(std::move(dot));
-            }
-        }
-    };
     switch (style) {
     case LineStyle::None:
         break;
@@ -256,7 +262,6 @@ void addBarLine(SystemDraft &draft, LineStyle style, double x, const std::vector
         addLine(x + thin + separation, thick);
         break;
     case LineStyle::RepeatEnd:
-        addDots(x);
         x += dotWidth + dotGap;
         addLine(x, thin);
         addLine(x + thin + separation, thick);
@@ -264,17 +269,14 @@ void addBarLine(SystemDraft &draft, LineStyle style, double x, const std::vector
     case LineStyle::RepeatStart:
         addLine(x, thick);
         addLine(x + thick + separation, thin);
-        addDots(x + thick + separation + thin + dotGap);
         break;
     case LineStyle::RepeatBoth:
-        addDots(x);
         x += dotWidth + dotGap;
         addLine(x, thin);
         x += thin + separation;
         addLine(x, thick);
         x += thick + separation;
         addLine(x, thin);
-        addDots(x + thin + dotGap);
         break;
     case LineStyle::Heavy:
         addLine(x, thick);

@@ -47,6 +47,10 @@ Joint jointBefore(const EngravedScore &score, unsigned shownBar, JointPlace plac
 
 double widthOf(LineStyle style) noexcept;
 
+/// The dots of a bar line for one row, which are drawn as a part of the row: everything else there
+/// keeps away from them.
+Inks repeatDots(LineStyle style, double x, const Row &row, const Pen &pen);
+
 /// What is to be read between two rows and keeps its ground there: bar lines stop at it and go on
 /// behind it.
 struct Readable {
@@ -57,8 +61,8 @@ struct Readable {
 /// All of a system, of rows between which bar lines run.
 std::vector<Readable> readablesBetweenRows(const SystemDraft &draft);
 
-/// Draws a bar line through rows that are next to each other. With `isJoined`, row by row, it goes
-/// on to the next row.
+/// Draws the strokes of a bar line through rows that are next to each other. With `isJoined`, row
+/// by row, it goes on to the next row.
 void addBarLine(SystemDraft &draft, LineStyle style, double x, const std::vector<bool> &isJoined,
                 unsigned bar, const std::vector<Readable> &readables);
 

@@ -256,11 +256,18 @@ void SystemBuilder::placeJoint(SystemDraft &draft, const Joint &joint, double x,
         add(joint.keys[i], joint.keyX);
         add(joint.meters[i], joint.meterX);
     }
-    const unsigned bar = shownBar > 0 ? _score.shown[shownBar - 1].bar : 0;
-    if (joint.line != LineStyle::None)
-        _lines.push_back({joint.line, x + joint.lineX, bar});
-    if (joint.lateLine != LineStyle::None)
-        _lines.push_back({joint.lateLine, x + joint.lateLineX, _score.shown[next].bar});
+    const auto addLine = [&](LineStyle style, double offset, unsigned bar) {
+        if (style == LineStyle::None)
+            return;
+        _lines.push_back({style, x + offset, bar});
+        for (RowDraft &row : draft.rows)
+            for (Ink &dot : repeatDots(style, x + offset, *row.row, _pen)) {
+                dot.place.bar = static_cast<std::int32_t>(bar);
+                row.add(std::move(dot));
+            }
+    };
+    addLine(joint.line, joint.lineX, shownBar > 0 ? _score.shown[shownBar - 1].bar : 0);
+    addLine(joint.lateLine, joint.lateLineX, _score.shown[next].bar);
 }
 
 std::vector<WaitingRest> SystemBuilder::placeRow(SystemDraft &draft, RowDraft &row) const
