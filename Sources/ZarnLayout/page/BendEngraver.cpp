@@ -142,7 +142,7 @@ double startOf(const SystemDraft &draft, const RowDraft &row, const PlacedChord 
             || other.beat().isGrace() != chord.beat().isGrace())
             continue;
         for (const Head &above : other.chord->heads)
-            if (above.y < head.y)
+            if (above.y <= head.y)
                 right = std::max(right, other.x + above.x + above.width);
         for (std::uint32_t i = other.chord->firstInk; i < other.chord->inkEnd; ++i)
             if (const Ink &ink = inkOf(draft, row, other, i);
@@ -164,21 +164,25 @@ double roomOf(const SystemDraft &draft, const RowDraft &row, const PlacedChord &
     return room;
 }
 
-/// The bend of a number of a tablature: over everything that stands above it; lower, shorter or
-/// farther to the right where it would lie on ink on its way there, as far as the line goes.
+/// The bend of a number of a tablature: over everything that stands above it; lower, higher,
+/// shorter or farther to the right where it would lie on ink on its way there, as far as the line
+/// goes.
 Inks freestBend(const SystemDraft &draft, const RowDraft &row, const InkField &field,
                 const PitchCurve &curve, double base, double left, double right)
 {
     constexpr double margin = 0.06;
     constexpr double lowest = -1.4; // over the top line, with room for an arrow
     constexpr double narrowest = 1.5;
-    const double high = std::min(-row.above.reach(left - 0.5, right + 0.5) - 0.6, lowest);
+    // Turns keep their distance, however narrow the room is.
+    const double end =
+        std::max(right, boxOf(BendDrawer(draft.pen, curve, left, right).draw(base, lowest)).right);
+    const double high = std::min(-row.above.reach(left - 0.5, end + 0.5) - 0.6, lowest);
     Inks best;
     double least = 1e9;
     for (const double shift : {0.0, 0.5, 1.0})
         for (const double part : {1.0, 0.7, 0.4, 0.0})
-            for (const double lower : {0.0, 1.0, 2.0, 3.0}) {
-                const double cost = shift + (1 - part) + 0.5 * lower;
+            for (const double lower : {0.0, 1.0, 2.0, 3.0, -1.2}) {
+                const double cost = shift + (1 - part) + 0.5 * std::abs(lower);
                 if (cost >= least || (lower > 0 && high + lower > lowest))
                     continue;
                 const double width = std::max(narrowest, (right - left) * part);
@@ -226,8 +230,28 @@ void addBend(RowDraft &row, const SystemDraft &draft, const PlacedChord &chord, 
     place(row, {std::move(item)});
 }
 
+} // namespace
+
+void addBends(RowDraft &row, const SystemDraft &draft)
+{
+    if (!row.row->isLastOfStaff)
+        return;
+    GrowingInkField field(row.inks);
+    for (const PlacedChord &chord : row.chords) {
+        if (chord.beat().noteCount == 0)
+            continue;
+        for (const Head &head : chord.chord->heads) {
+            const NoteSource &note = chord.note(head);
+            if (note.details && note.details->bend.type != BendType::NoBend)
+                addBend(row, draft, chord, head, note, field);
+        }
+    }
+}
+
 void addWhammyBars(RowDraft &row, const SystemDraft &draft)
 {
+    if (!row.row->isLastOfStaff)
+        return;
     const Pen &pen = draft.pen;
     SideItems items;
     for (std::size_t i = 0; i < row.chords.size(); ++i) {
@@ -261,30 +285,12 @@ void addWhammyBars(RowDraft &row, const SystemDraft &draft)
         if (text.box.right > barEnd)
             text.move(std::max(barLeft - text.box.left, barEnd - text.box.right), 0);
         item.inks.push_back(std::move(text));
+        keepOnLine(item.inks, draft);
         for (Ink &ink : item.inks)
             ink.place = placeOf(row, chord);
         items.push_back(std::move(item));
     }
     place(row, std::move(items));
-}
-
-} // namespace
-
-void addBends(RowDraft &row, const SystemDraft &draft)
-{
-    if (!row.row->isLastOfStaff)
-        return;
-    GrowingInkField field(row.inks);
-    for (const PlacedChord &chord : row.chords) {
-        if (chord.beat().noteCount == 0)
-            continue;
-        for (const Head &head : chord.chord->heads) {
-            const NoteSource &note = chord.note(head);
-            if (note.details && note.details->bend.type != BendType::NoBend)
-                addBend(row, draft, chord, head, note, field);
-        }
-    }
-    addWhammyBars(row, draft);
 }
 
 } // namespace zarn::engraving

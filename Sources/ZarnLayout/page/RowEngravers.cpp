@@ -11,6 +11,7 @@
 #include <ZarnLayout/page/TieEngraver.h>
 #include <ZarnLayout/page/TremoloEngraver.h>
 #include <ZarnLayout/page/TupletEngraver.h>
+#include <ZarnLayout/page/UprightCutter.h>
 #include <ZarnLayout/page/WordSigns.h>
 
 namespace zarn::engraving {
@@ -21,9 +22,9 @@ using EngraveRow = void (*)(RowDraft &row, const SystemDraft &draft);
 
 /// What is nearer to the notes comes first; what bends round other marks behind those.
 constexpr EngraveRow rowEngravers[] = {
-    addTremolos,  addBends,   addStringLinks,  addTies,     addArticulations,
-    addSlurs,     addTuplets, addBeatSigns,    addFermatas, addDynamics,
-    addStretches, addLyrics,  addChordSymbols,
+    addTremolos, addBends,      addStringLinks, addTies,    addArticulations,
+    addSlurs,    addWhammyBars, cutUprights,    addTuplets, addBeatSigns,
+    addFermatas, addDynamics,   addStretches,   addLyrics,  addChordSymbols,
 };
 
 } // namespace
