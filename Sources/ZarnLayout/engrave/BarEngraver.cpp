@@ -244,6 +244,10 @@ void BarEngraver::placeHeads(Chord &chord)
         head.width = fonts.box(head.glyph).right * chord.scale;
         chord.width = std::max(chord.width, head.width);
     }
+    // What of a head lies in front of its left edge, as a stroke through it does.
+    const auto inkBefore = [&](const Head &head) {
+        return std::max(0.0, -fonts.box(head.glyph).left) * chord.scale;
+    };
     // From the end of the stem that is at a head, every other note of a cluster goes to the far
     // side; what finds no room on either side, as the third of one line does, stands beside both.
     const auto count = chord.heads.size();
@@ -257,11 +261,12 @@ void BarEngraver::placeHeads(Chord &chord)
             head.x = chord.isStemUp ? chord.width - head.width : 0;
             usual = &head;
         } else if (!far || !meet(*far, head, chord.scale, fonts)) {
-            head.x = chord.isStemUp ? chord.width - fonts.stem() : fonts.stem() - head.width;
+            head.x = chord.isStemUp ? chord.width - fonts.stem() + inkBefore(head)
+                                    : fonts.stem() - head.width - inkBefore(*usual);
             far = &head;
         } else {
             constexpr double gap = 0.15;
-            head.x = right + gap;
+            head.x = right + gap + inkBefore(head);
         }
         right = std::max(right, head.x + head.width);
     }
@@ -280,7 +285,9 @@ void BarEngraver::placeStem(Chord &chord)
         const double edge = chord.isStemUp ? -1.0 : _row.height() + 1.0;
         chord.stemX = chord.width / 2;
         chord.stemRoot = edge + direction * (isShort ? 1.5 : 0);
-        chord.stemTip = edge + direction * (2.75 + 0.5 * std::max(0, flags - 2));
+        // Beams leave room to the dots, which stand where the stem begins.
+        chord.stemTip = edge
+            + direction * (2.75 + 0.5 * std::max(0, flags - 2) + 0.25 * std::max(0, flags - 3));
         return;
     }
     const double half = fonts.stem() / 2;

@@ -5,7 +5,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 #include <set>
+#include <utility>
 
 namespace zarn::engraving {
 
@@ -20,15 +22,6 @@ int headKey(const Head &head)
 {
     constexpr int heads = 100000;
     return heads + head.line;
-}
-
-/// Where the ink of a chord begins that has just been added to the others.
-double leftOf(const Chord &chord, const Inks &inks)
-{
-    double left = 0;
-    for (std::size_t i = chord.firstInk; i < inks.size(); ++i)
-        left = std::min(left, inks[i].box.left);
-    return left;
 }
 
 Sign restOf(NoteValue value)
@@ -80,9 +73,12 @@ std::vector<Box> chordShape(const Chord &chord, const Fonts &fonts)
 {
     std::vector<Box> boxes;
     for (const Head &head : chord.heads) {
-        // The corners of a head are round: neighbours on lines and spaces do not touch.
-        const double half = 0.5 * chord.scale;
-        boxes.push_back({head.x, head.y - half, head.x + head.width, head.y + half});
+        // The corners of a head are round: neighbours on lines and spaces do not touch. Slashes and
+        // arrows are taller, and begin in front of the head.
+        const Box &sign = fonts.box(head.glyph);
+        boxes.push_back({head.x + std::min(sign.left, 0.0) * chord.scale,
+                         head.y + std::min(sign.top, -0.5) * chord.scale, head.x + head.width,
+                         head.y + std::max(sign.bottom, 0.5) * chord.scale});
     }
     if (!chord.hasStem)
         return boxes;
@@ -107,12 +103,24 @@ std::vector<Box> chordShape(const Chord &chord, const Fonts &fonts)
 
 void ChordInks::add(EngravedBar &bar)
 {
-    std::vector<std::vector<Chord *>> mains(bar.columns.size());
-    for (Chord &chord : bar.chords)
-        if (!chord.beat->isGrace())
-            mains[chord.column].push_back(&chord);
+    // The chords of all voices that stand together: of a column, or grace notes of one rank.
+    struct Group {
+        std::vector<Chord *> chords;
+        double left = 1e9;
+        std::set<int> dotted;
+    };
+    std::vector<Group> groups;
+    std::vector<std::size_t> groupOf;
+    std::map<std::pair<unsigned, unsigned>, std::size_t> numbers;
+    for (Chord &chord : bar.chords) {
+        const auto number =
+            numbers.emplace(std::make_pair(chord.column, chord.beat->graceRank), groups.size());
+        if (number.second)
+            groups.emplace_back();
+        groupOf.push_back(number.first->second);
+        groups[groupOf.back()].chords.push_back(&chord);
+    }
 
-    // Accidentals of all voices of a column stand together; those of a grace note by themselves.
     std::vector<std::vector<PackedAccidental>> byChord(bar.chords.size());
     const auto packColumn = [&](const std::vector<Chord *> &column) {
         if (_row.notation != Notation::Standard)
@@ -154,26 +162,19 @@ void ChordInks::add(EngravedBar &bar)
                         std::move(accidental));
         }
     };
-    for (const auto &column : mains)
-        packColumn(column);
-    for (Chord &chord : bar.chords)
-        if (chord.beat->isGrace())
-            packColumn({&chord});
+    for (const Group &group : groups)
+        packColumn(group.chords);
 
     // Arpeggios stand in front of all voices of a column.
-    std::vector<double> columnLeft(bar.columns.size(), 1e9);
     for (std::size_t i = 0; i < bar.chords.size(); ++i) {
         const Chord &chord = bar.chords[i];
-        if (chord.beat->isGrace())
-            continue;
-        double &left = columnLeft[chord.column];
+        double &left = groups[groupOf[i]].left;
         for (const Head &head : chord.heads)
             left = std::min(left, chord.x + head.x);
         for (const PackedAccidental &accidental : byChord[i])
             left = std::min(left, accidental.x + boxOf(accidental.inks).left);
     }
 
-    std::vector<std::set<int>> dotted(bar.columns.size());
     for (std::size_t i = 0; i < bar.chords.size(); ++i) {
         Chord &chord = bar.chords[i];
         chord.firstInk = static_cast<std::uint32_t>(bar.inks.size());
@@ -185,17 +186,11 @@ void ChordInks::add(EngravedBar &bar)
         }
         if (chord.beat->rhythm.getAugmentationDot() > 0 && !chord.isShared
             && (_row.notation != Notation::Tablature || _row.hasRhythm)) {
-            std::vector<Chord *> single = {&chord};
-            const bool isGrace = chord.beat->isGrace();
-            std::set<int> alone;
-            addDots(chord, dotStart(chord, isGrace ? single : mains[chord.column]),
-                    isGrace ? alone : dotted[chord.column], bar.inks);
+            Group &group = groups[groupOf[i]];
+            addDots(chord, dotStart(chord, group.chords), group.dotted, bar.inks);
         }
         if (!chord.isRest())
-            addArpeggio(chord,
-                        chord.beat->isGrace() ? leftOf(chord, bar.inks)
-                                              : columnLeft[chord.column] - chord.x,
-                        bar.inks);
+            addArpeggio(chord, groups[groupOf[i]].left - chord.x, bar.inks);
         chord.inkEnd = static_cast<std::uint32_t>(bar.inks.size());
     }
 }
@@ -331,14 +326,22 @@ double ChordInks::dotStart(const Chord &chord, const std::vector<Chord *> &colum
                          other->x - chord.x
                              + _pen.fonts().box(restOf(other->beat->rhythm.getNoteValue())).right);
     }
-    // A flag that comes down as far as the dot.
-    const int flags = chord.beat->flagCount();
-    if (chord.hasStem && !chord.isBeamed && flags > 0 && chord.isStemUp && !chord.isRest()
-        && _row.notation != Notation::Tablature) {
-        const Box &flag = _pen.fonts().box(flagOf(flags, true));
-        const double lowest = chord.stemTip + flag.bottom * chord.scale;
-        if (lowest > chord.heads.back().y - 1)
-            right = std::max(right, chord.stemX + flag.right * chord.scale - 0.2);
+    // Flags that reach the height of the dots.
+    if (chord.isRest() || _row.notation == Notation::Tablature)
+        return right + dotGap;
+    for (const Chord *other : column) {
+        const int flags = other->beat->flagCount();
+        if (!other->hasStem || other->isBeamed || flags == 0 || other->isRest())
+            continue;
+        const Box &sign = _pen.fonts().box(flagOf(flags, other->isStemUp));
+        const Box flag = Box{sign.left * other->scale, sign.top * other->scale,
+                             sign.right * other->scale, sign.bottom * other->scale}
+                             .movedBy(other->x - chord.x + other->stemX, other->stemTip);
+        if (other->isStemUp && flag.bottom > chord.top() - 1 && flag.top < chord.bottom() + 1)
+            right = std::max(right, flag.right - 0.2);
+        else if (!other->isStemUp && other != &chord && flag.top < chord.bottom() + 1
+                 && flag.bottom > chord.top() - 1)
+            right = std::max(right, flag.right);
     }
     return right + dotGap;
 }
@@ -351,8 +354,9 @@ void ChordInks::addDots(const Chord &chord, double right, std::set<int> &taken, 
         double y = _row.height() / 2 - 0.5 * _row.lineDistance;
         places.push_back(y + chord.restShift);
     } else if (_row.notation == Notation::Tablature && !chord.hasStem) {
-        // Beside the lowest number, off its string.
-        places.push_back(chord.bottom() - 0.5 * _row.lineDistance);
+        // Beside the lowest number, off its string. Voices on one string share them.
+        if (taken.insert(headKey(chord.heads.front())).second)
+            places.push_back(chord.bottom() - 0.5 * _row.lineDistance);
     } else if (_row.notation == Notation::Tablature) {
         // Beside the stem, where it begins: beams are at its other end.
         places.push_back(chord.stemRoot + (chord.isStemUp ? -0.45 : 0.45));

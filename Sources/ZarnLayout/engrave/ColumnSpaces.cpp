@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnLayout/engrave/ColumnSpaces.h>
 
+#include <ZarnLayout/engrave/BeamChain.h>
 #include <ZarnLayout/engrave/ChordSymbolText.h>
 #include <ZarnLayout/engrave/Pen.h>
 #include <ZarnLayout/engrave/WrittenText.h>
@@ -163,6 +164,53 @@ SpaceBox tremoloSpace(const Chord &chord, const EngravedBar &bar, const Row &row
             SpaceBox::Kind::Sign};
 }
 
+/// Where the stems of each chord may end: those of one beam at most as far out as the outermost of
+/// them would without it.
+std::vector<double> stemTipsOf(const std::vector<Chord> &chords)
+{
+    std::vector<double> tips;
+    for (const Chord &chord : chords)
+        tips.push_back(chord.stemTip);
+    std::vector<bool> isDone(chords.size(), false);
+    for (std::size_t first = 0; first < chords.size(); ++first) {
+        if (isDone[first] || !chords[first].isBeamed)
+            continue;
+        const auto chain = beamChain(first, chords.size(),
+                                     [&](std::size_t i) -> const Chord & { return chords[i]; });
+        const bool isUp = chords[first].isStemUp;
+        double outermost = chords[first].stemTip;
+        for (const std::size_t i : chain)
+            if (chords[i].hasStem && !chords[i].isRest())
+                outermost = isUp ? std::min(outermost, chords[i].stemTip)
+                                 : std::max(outermost, chords[i].stemTip);
+        for (const std::size_t i : chain) {
+            isDone[i] = true;
+            if (chords[i].isBeamed)
+                tips[i] = outermost;
+        }
+    }
+    return tips;
+}
+
+/// The ties of a chord with dots begin behind these, inside what they lead to.
+void addTieSpaces(const Chord &chord, const EngravedBar &bar, const BarSource &source,
+                  std::vector<SpaceBox> &boxes)
+{
+    constexpr double shortest = 0.9;
+    constexpr double height = 0.7;
+    if (chord.beat->noteCount == 0 || chord.beat->rhythm.getAugmentationDot() == 0)
+        return;
+    double right = 0;
+    for (std::uint32_t i = chord.firstInk; i < chord.inkEnd; ++i)
+        if (bar.inks[i].kind == MarkKind::AugmentationDot)
+            right = std::max(right, bar.inks[i].box.right);
+    for (const Head &head : chord.heads)
+        if (source.notes[head.note].marks.isTieOrigin())
+            boxes.push_back(
+                {{chord.x + right, head.y - height, chord.x + right + shortest, head.y + height},
+                 SpaceBox::Kind::Sign});
+}
+
 void addLinkSpaces(const Chord &chord, const EngravedBar &bar, const BarSource &source,
                    const Row &row, std::vector<SpaceBox> &boxes)
 {
@@ -170,12 +218,15 @@ void addLinkSpaces(const Chord &chord, const EngravedBar &bar, const BarSource &
         addSlideSpaces(chord, bar, source, boxes);
     if (row.notation == Notation::Tablature)
         addBendSpaces(chord, source, boxes);
+    if (row.notation == Notation::Standard && !chord.isSlash)
+        addTieSpaces(chord, bar, source, boxes);
 }
 
 } // namespace
 
 void addSpaces(EngravedBar &bar, const BarSource &source, const Row &row, const Fonts &fonts)
 {
+    const std::vector<double> stemTips = stemTipsOf(bar.chords);
     for (Chord &chord : bar.chords) {
         if (chord.beat->isGrace()) {
             std::vector<SpaceBox> signs;
@@ -216,11 +267,12 @@ void addSpaces(EngravedBar &bar, const BarSource &source, const Row &row, const 
                 {{chord.x + chord.stemX - halfStroke, std::min(chord.stemTip, chord.stemRoot),
                   chord.x + chord.stemX + halfStroke, std::max(chord.stemTip, chord.stemRoot)},
                  SpaceBox::Kind::Stem});
-        if (chord.isBeamed && chord.hasStem)
-            boxes.push_back(
-                {{chord.x + chord.stemX - 0.06, std::min(chord.stemTip, chord.stemRoot),
-                  chord.x + chord.stemX + 0.06, std::max(chord.stemTip, chord.stemRoot)},
-                 SpaceBox::Kind::Stem});
+        if (chord.isBeamed && chord.hasStem) {
+            const double tip = stemTips[static_cast<std::size_t>(&chord - bar.chords.data())];
+            boxes.push_back({{chord.x + chord.stemX - 0.06, std::min(tip, chord.stemRoot),
+                              chord.x + chord.stemX + 0.06, std::max(tip, chord.stemRoot)},
+                             SpaceBox::Kind::Stem});
+        }
     }
 }
 

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <map>
 #include <string_view>
+#include <utility>
 
 namespace zarn::engraving {
 
@@ -141,9 +142,15 @@ void VoicePlacer::place(EngravedBar &bar)
     auto &chords = bar.chords;
     chooseSidesOfRests(chords);
     std::vector<std::vector<std::size_t>> byColumn(bar.columns.size());
+    std::map<std::pair<unsigned, unsigned>, std::vector<std::size_t>> graces;
     for (std::size_t i = 0; i < chords.size(); ++i)
         if (!chords[i].beat->isGrace())
             byColumn[chords[i].column].push_back(i);
+        else
+            graces[{chords[i].column, chords[i].beat->graceRank}].push_back(i);
+    for (auto &[place, members] : graces)
+        if (members.size() > 1)
+            byColumn.push_back(std::move(members));
     for (const auto &members : byColumn) {
         if (shareRest(members))
             continue;

@@ -67,6 +67,42 @@ double rightOf(const std::vector<SpaceBox> &boxes)
     return right;
 }
 
+/// The columns of a row on the way to the right: where each is at least, by the distances that are
+/// known, and how far its ink reaches. Long ink, as the dots of one voice under the beam of
+/// another, may meet a column far behind its own.
+class PassedColumns {
+public:
+    /// Calls with each column that one, which comes next, has to keep a distance from: the last,
+    /// and whatever else could reach it. The function says the distance, 0 for none.
+    template <class Distance>
+    void next(unsigned column, const std::vector<SpaceBox> &boxes, Distance distanceFrom)
+    {
+        constexpr double widestGap = 0.45; // between what is no text
+        const double left = leftOf(boxes) - widestGap;
+        double place = 0;
+        if (!_columns.empty()) {
+            const Column &last = _columns.back();
+            place = last.place
+                + std::max(leastStep * (column - last.number), distanceFrom(last.number));
+        }
+        for (std::size_t i = _columns.size(); i-- > 1 && _columns[i - 1].reachOfAll > place + left;)
+            if (const Column &before = _columns[i - 1]; before.reach > place + left)
+                place = std::max(place, before.place + distanceFrom(before.number));
+        const double reach = place + rightOf(boxes);
+        const double before = _columns.empty() ? reach : _columns.back().reachOfAll;
+        _columns.push_back({column, place, reach, std::max(reach, before)});
+    }
+
+private:
+    struct Column {
+        unsigned number;
+        double place;
+        double reach;
+        double reachOfAll; ///< with the columns in front of it
+    };
+    std::vector<Column> _columns;
+};
+
 /// Columns of a row that words stand at, by the height of their line.
 class WordColumns {
 public:
@@ -89,7 +125,7 @@ private:
     std::map<double, unsigned> _last;
 };
 
-/// Ink of a grace note around its own origin.
+/// Ink of a grace note around the origin that those of all voices share.
 Box boxOfChord(const EngravedBar &bar, const Chord &chord)
 {
     Box box = {0, 0, chord.width, 0};
@@ -99,7 +135,7 @@ Box boxOfChord(const EngravedBar &bar, const Chord &chord)
     if (chord.isBeamed)
         box.add({chord.stemX, std::min(chord.stemRoot, chord.stemTip), chord.stemX,
                  std::max(chord.stemRoot, chord.stemTip)});
-    return box;
+    return box.movedBy(chord.x, 0);
 }
 
 void placeGraceNotes(const std::vector<EngravedBar *> &rows, std::size_t columnCount)
@@ -129,7 +165,7 @@ void placeGraceNotes(const std::vector<EngravedBar *> &rows, std::size_t columnC
         }
         const double x = edge - 0.35 - right;
         for (const Grace &grace : members) {
-            grace.chord->x = x;
+            grace.chord->x += x;
             grace.bar->columns[key.first].boxes.push_back(
                 {grace.box.movedBy(x, 0), SpaceBox::Kind::Sign});
         }
@@ -228,9 +264,7 @@ SpacedBar spaceBar(const std::vector<EngravedBar *> &rows,
 
     std::vector<std::vector<SpacedBar::Rod>> byTo(count + 2);
     for (const EngravedBar *row : rows) {
-        constexpr int none = -1;
-        int last = none;
-        int secondLast = none;
+        PassedColumns passed;
         WordColumns words;
         for (unsigned i = 0; i < count; ++i) {
             const auto &boxes = row->columns[i].boxes;
@@ -238,20 +272,17 @@ SpacedBar spaceBar(const std::vector<EngravedBar *> &rows,
                 continue;
             const unsigned to = i + 1;
             byTo[to].push_back({0, to, gapBehindBarLine - leftOf(boxes)});
-            for (const int from : {last, secondLast})
-                if (from != none) {
-                    const double least =
-                        distance(row->columns[static_cast<unsigned>(from)].boxes, boxes);
-                    if (least > 0)
-                        byTo[to].push_back({static_cast<unsigned>(from) + 1, to, least});
-                }
+            passed.next(i, boxes, [&](unsigned from) {
+                const double least = distance(row->columns[from].boxes, boxes);
+                if (least > 0)
+                    byTo[to].push_back({from + 1, to, least});
+                return least;
+            });
             // A word may reach over several columns of other voices.
             for (const unsigned from : words.before(boxes, i))
                 if (const double least = distance(row->columns[from].boxes, boxes); least > 0)
                     byTo[to].push_back({from + 1, to, least});
             byTo[count + 1].push_back({to, count + 1, rightOf(boxes) + gapToBarLine + clefsAtEnd});
-            secondLast = last;
-            last = static_cast<int>(i);
         }
     }
     for (unsigned to = 2; to <= count; ++to)
