@@ -15,8 +15,40 @@ namespace zarn::engraving {
 
 namespace {
 
-/// The chords of each bar that has several voices.
-using Rivals = std::map<unsigned, std::vector<const PlacedChord *>>;
+/// A sign of a voice that stands by itself.
+struct VoiceSign {
+    int voice;
+    Box box;
+};
+
+/// What the beams of the voices of a bar keep off: the heads, dots, accidentals and flags of the
+/// other ones.
+struct BarRivals {
+    std::vector<const PlacedChord *> chords;
+    std::vector<VoiceSign> signs;
+};
+
+/// Those of each bar that has several voices, by its number in the score.
+using Rivals = std::map<unsigned, BarRivals>;
+
+Rivals rivalsIn(const RowDraft &row)
+{
+    Rivals rivals;
+    for (const PlacedChord &chord : row.chords)
+        if (chord.chord->hasRival)
+            rivals[chord.bar].chords.push_back(&chord);
+    if (rivals.empty())
+        return rivals;
+    for (const Ink &ink : row.inks) {
+        if (ink.kind != MarkKind::AugmentationDot && ink.kind != MarkKind::Accidental
+            && ink.kind != MarkKind::Flag)
+            continue;
+        const auto bar = rivals.find(static_cast<unsigned>(ink.place.bar));
+        if (bar != rivals.end())
+            bar->second.signs.push_back({ink.place.voice, ink.box});
+    }
+    return rivals;
+}
 
 class BeamGroup {
 public:
@@ -35,7 +67,7 @@ public:
             if (const PlacedChord &grace = row.chords[i]; grace.beat().isGrace())
                 _inside.push_back({grace.x, grace.top(), rightOf(grace), grace.bottom()});
         if (_members.size() > 1 && _members.front()->chord->hasRival)
-            findObstacles(rivals.at(_members.front()->shownBar));
+            findObstacles(rivals.at(_members.front()->bar));
     }
 
     void draw()
@@ -51,21 +83,28 @@ public:
     }
 
 private:
-    /// Heads of other voices between the first stem and the last.
-    void findObstacles(const std::vector<const PlacedChord *> &chords)
+    /// What of other voices stands between the first stem and the last.
+    void findObstacles(const BarRivals &rivals)
     {
+        const unsigned voice = _members.front()->chord->voice;
         const double left = _members.front()->stemX();
         const double right = _members.back()->stemX();
-        for (const PlacedChord *other : chords)
-            if (other->chord->voice != _members.front()->chord->voice && !other->chord->isRest())
+        const auto add = [&](const Box &box) {
+            if (box.left < right && box.right > left)
+                _obstacles.push_back(box);
+        };
+        for (const PlacedChord *other : rivals.chords)
+            if (other->chord->voice != voice && !other->chord->isRest())
                 for (const Head &head : other->chord->heads) {
                     const double x = other->x + head.x;
-                    if (x < right && x + head.width > left)
-                        _obstacles.push_back({x, head.y - 0.6, x + head.width, head.y + 0.6});
+                    add({x, head.y - 0.6, x + head.width, head.y + 0.6});
                 }
+        for (const VoiceSign &sign : rivals.signs)
+            if (sign.voice != static_cast<int>(voice))
+                add({sign.box.left, sign.box.top - 0.1, sign.box.right, sign.box.bottom + 0.1});
     }
 
-    /// How deep the beams lie in heads of other voices, all in all.
+    /// How deep the beams lie in what other voices have there, all in all.
     double coveredBy(const BeamLine &line) const
     {
         const double depth = step() * std::max(1, mostBeams());
@@ -149,7 +188,7 @@ private:
         double least = 1e9;
         const double grid = 0.25;
         const double base = std::floor(innermost / grid) * grid;
-        // Heads in the way may be farther off, and a beam goes around them by what it takes.
+        // What is in the way may be farther off, and a beam goes around them by what it takes.
         const int reach = _obstacles.empty() || coveredBy(best) == 0 ? 3 : 14;
         for (int left = -reach; left <= reach; ++left)
             for (int right = std::max(-reach, left - 6); right <= std::min(reach, left + 6);
@@ -254,10 +293,7 @@ private:
 void addBeams(RowDraft &row, const Pen &pen)
 {
     auto &chords = row.chords;
-    Rivals rivals;
-    for (const PlacedChord &chord : chords)
-        if (chord.chord->hasRival)
-            rivals[chord.shownBar].push_back(&chord);
+    const Rivals rivals = rivalsIn(row);
     // Grace notes first: other beams lead over them.
     std::vector<bool> isDone(chords.size(), false);
     for (std::size_t step = 0; step < 2 * chords.size(); ++step) {
