@@ -20,7 +20,6 @@ float weightOf(MarkKind kind)
     case MarkKind::Bracket:
     case MarkKind::Tie:
     case MarkKind::Slur:
-    case MarkKind::HammerOn:
         return 0;
     case MarkKind::Stem:
     case MarkKind::GraceSlash:
@@ -28,6 +27,7 @@ float weightOf(MarkKind kind)
     case MarkKind::Beam:
     case MarkKind::Tremolo:
     case MarkKind::Hairpin:
+    case MarkKind::HammerOn:
         return 0.6F;
     default:
         return 1;
@@ -75,8 +75,10 @@ void InkField::add(const Ink &ink, double y)
         addEdge(middle[0], middle[1], std::abs(ink.points[3].y - ink.points[0].y) / 2);
     } else {
         const Box box = ink.box.movedBy(0, y);
-        const bool isRound =
-            ink.kind == MarkKind::NoteHead || ink.kind == MarkKind::AugmentationDot;
+        // The strokes beside a breve fill the corners of its box.
+        constexpr double tallestRound = 1.1;
+        const bool isRound = (ink.kind == MarkKind::NoteHead && box.height() < tallestRound)
+            || ink.kind == MarkKind::AugmentationDot;
         add({box.left, box.right, {box.top, box.top}, {box.bottom, box.bottom}, weight, isRound});
     }
 }

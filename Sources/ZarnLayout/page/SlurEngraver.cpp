@@ -139,8 +139,14 @@ public:
         // Over one chord at most, a slur finds its way between the notes of other voices.
         const bool isShort = span.last - span.first < 2;
         const bool isBetween = isShort && (isInner(first, isAbove) || isInner(last, isAbove));
-        Point from = isBetween ? besideHeads(first, isAbove, true) : endAt(first, isAbove, true);
-        Point to = isBetween ? besideHeads(last, isAbove, false) : endAt(last, isAbove, false);
+        // So does the end of one whose side is given, where another voice lies on that side.
+        const auto endsBeside = [&](const PlacedChord &chord) {
+            return isBetween || (span.side != SlurSide::Auto && isInner(chord, isAbove));
+        };
+        Point from =
+            endsBeside(first) ? besideHeads(first, isAbove, true) : endAt(first, isAbove, true);
+        Point to =
+            endsBeside(last) ? besideHeads(last, isAbove, false) : endAt(last, isAbove, false);
         if (span.goesOn)
             to = {_draft.musicRight() - 0.1, 0};
         if (span.comesFromBefore)
@@ -272,8 +278,15 @@ private:
     double edgeOf(const PlacedChord &chord, bool isAbove) const
     {
         double edge = isAbove ? chord.top() : chord.bottom();
-        if (!chord.chord->isRest())
+        if (!chord.chord->isRest()) {
+            // Many flags go on beyond the end of their stem.
+            if (chord.chord->isStemUp == isAbove)
+                for (std::uint32_t i = chord.chord->firstInk; i < chord.chord->inkEnd; ++i)
+                    if (const Ink &ink = inkOf(_draft, _row, chord, i); ink.kind == MarkKind::Flag)
+                        edge =
+                            isAbove ? std::min(edge, ink.box.top) : std::max(edge, ink.box.bottom);
             return edge;
+        }
         const MarkPlace place = placeOf(_row, chord);
         for (const Ink &ink : _row.inks)
             if (ink.kind == MarkKind::Rest && ink.place.bar == place.bar

@@ -103,10 +103,21 @@ private:
         _row.add(std::move(curve));
     }
 
-    /// Where a head ends, with what stands behind it at its height: dots, parentheses.
+    /// Where a head ends, with what stands behind it at its height: dots, parentheses, heads on the
+    /// other side of its stem, and the numbers of other voices on its string.
     double rightAt(const PlacedChord &chord, const Head &head) const
     {
         double right = headLeft(chord, head) + head.width;
+        for (const Head &other : chord.chord->heads)
+            if (std::abs(other.y - head.y) < 0.8)
+                right = std::max(right, headLeft(chord, other) + other.width);
+        if (chord.chord->hasRival && _row.row->notation == Notation::Tablature)
+            for (const PlacedChord &other : _row.chords)
+                if (other.shownBar == chord.shownBar && other.chord->column == chord.chord->column
+                    && other.beat().isGrace() == chord.beat().isGrace())
+                    for (const Head &number : other.chord->heads)
+                        if (number.line == head.line)
+                            right = std::max(right, headLeft(other, number) + number.width);
         for (std::uint32_t i = chord.chord->firstInk; i < chord.chord->inkEnd; ++i)
             if (const Ink &ink = inkOf(_draft, _row, chord, i);
                 (ink.kind == MarkKind::AugmentationDot || ink.kind == MarkKind::Enclosure)
@@ -140,11 +151,35 @@ private:
         return {outer + forward * 0.15, head.y - side * 0.3};
     }
 
-    void addLine(const PlacedChord &chord, const Head &head, Point from, Point to)
+    void addLine(const PlacedChord &chord, const Head &head, Ink line)
     {
-        Ink line = freestLine(from, to);
         line.place = placeOf(_row, chord, head.note - chord.beat().firstNote);
         _row.add(std::move(line));
+    }
+
+    Ink lineOf(const Point &from, const Point &to) const
+    {
+        return _draft.pen.line(MarkKind::Slide, from, to, 0.16);
+    }
+
+    /// A short slide that comes from nowhere or leads there: farther from its note, by up to its
+    /// own length, where something else stands beside it. `forward` is 1 for one that leads away.
+    Ink freestStub(const Point &from, const Point &to, int forward)
+    {
+        constexpr double margin = 0.06;
+        Ink best;
+        double least = 1e9;
+        for (const double way : {0.0, 0.3, 0.6, 0.9, 1.2, 1.5}) {
+            const double x = forward * way;
+            Ink line = lineOf({from.x + x, from.y}, {to.x + x, to.y});
+            const double over = std::max(0.0, line.box.right - _draft.musicRight());
+            const double cost = way + 60 * (_field.now().coveredBy(line, margin) + over);
+            if (cost < least) {
+                least = cost;
+                best = std::move(line);
+            }
+        }
+        return best;
     }
 
     /// A slide from left to right that leads as it is wished to, but moves off what stands in its
@@ -153,9 +188,6 @@ private:
     {
         constexpr double shortest = 0.8;
         constexpr double margin = 0.06;
-        const auto lineOf = [&](const Point &begin, const Point &end) {
-            return _draft.pen.line(MarkKind::Slide, begin, end, 0.16);
-        };
         Ink best = lineOf(from, to);
         double least = 60 * _field.now().coveredBy(best, margin);
         if (least == 0)
@@ -199,7 +231,8 @@ private:
         if (note.marks.slideIn() != SlideIn::None) {
             const double sign = note.marks.slideIn() == SlideIn::FromBelow ? 1 : -1;
             const double end = std::min(left, leftInkOf(_draft, _row, chord)) - 0.2;
-            addLine(chord, head, {end - stub, head.y + sign * rise}, {end, head.y + sign * 0.1});
+            addLine(chord, head,
+                    freestStub({end - stub, head.y + sign * rise}, {end, head.y + sign * 0.1}, -1));
         }
         const SlideOut out = note.marks.slideOut();
         if (out == SlideOut::None)
@@ -217,7 +250,7 @@ private:
                 from += step * 0.4;
                 to -= step * 0.4;
             }
-            addLine(chord, head, {right + 0.2, from}, {stop, to});
+            addLine(chord, head, freestLine({right + 0.2, from}, {stop, to}));
             if (isSlurred)
                 return;
             if (out == SlideOut::Legato && isTab) {
@@ -235,8 +268,9 @@ private:
             return;
         }
         const bool isUp = out == SlideOut::Upwards || out == SlideOut::PickScrapeUp;
-        addLine(chord, head, {right + 0.2, head.y + (isUp ? -0.1 : 0.1)},
-                {right + 0.2 + stub, head.y + (isUp ? -rise : rise)});
+        addLine(chord, head,
+                freestStub({right + 0.2, head.y + (isUp ? -0.1 : 0.1)},
+                           {right + 0.2 + stub, head.y + (isUp ? -rise : rise)}, 1));
     }
 
     RowDraft &_row;
