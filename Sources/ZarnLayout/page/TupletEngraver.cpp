@@ -181,6 +181,7 @@ void addTuplets(RowDraft &row, const SystemDraft &draft)
                     {{right - rightArm, middle}, {right, middle}, {right, middle + hook}}, 0.13));
             }
             item.inks.push_back(std::move(text));
+            keepOnLine(item.inks, draft);
             for (Ink &ink : item.inks)
                 ink.place = placeOf(row, first);
             items.push_back(std::move(item));

@@ -205,6 +205,7 @@ void addDynamics(RowDraft &row, const SystemDraft &draft)
             draft.pen.glyphs(MarkKind::Dynamic, signs, chord.headCentre(), 0, Pen::Align::Centre);
         if (side == Side::Above ? row.hasLinesAbove : row.hasLinesBelow)
             keepInBar(item.inks, draft, chord);
+        keepOnLine(item.inks, draft);
         const Box box = boxOf(item.inks);
         // Several voices that say the same say it once.
         const bool isTaken =
