@@ -45,6 +45,23 @@ std::vector<LaidOut::Mark> inFirstBar(const LaidOut &laid, MarkKind kind)
     return marks;
 }
 
+/// Of the outlines of curves of a kind, the points that lie in a box.
+int pointsInside(const LaidOut &laid, MarkKind kind, const LaidOut::Mark &box)
+{
+    using layout::toSpaces;
+    int count = 0;
+    for (const auto &system : laid.layout->pages().at(0).systems) {
+        const auto &list = system.drawing->marks;
+        for (const auto &mark : list.marks())
+            if (mark.kind == kind)
+                for (const auto &polygon : polygonsOf(list, mark, 64))
+                    for (const layout::Point &point : polygon)
+                        count += toSpaces(point.x) > box.left && toSpaces(point.x) < box.right
+                            && toSpaces(point.y) > box.top && toSpaces(point.y) < box.bottom;
+    }
+    return count;
+}
+
 } // namespace
 
 /// Two voices on one string stand beside one another, which is said; a number that they share is
@@ -354,4 +371,103 @@ TEST(InkOnInkTest, barLinesStopAtWords)
             interrupted += isBelow ? 1 : 0;
         }
     EXPECT_GE(interrupted, 4U);
+}
+
+/// An arpeggio stops at a tie of another voice that is held through it, and goes on behind it.
+TEST(InkOnInkTest, arpeggiosMakeWayForWhatIsHeldThroughThem)
+{
+    for (const bool isHeld : {false, true}) {
+        ViolinPiece piece;
+        piece.add({84}, NoteValue::Quarter);
+        Beat &chord = piece.add({57, 86}, NoteValue::Half);
+        chord.setArpeggio({Direction::Up, 0, {}});
+        piece.add({84}, NoteValue::Quarter);
+        Beat &first = piece.add({72}, NoteValue::Half, 1, 1);
+        Beat &last = piece.add({72}, NoteValue::Quarter, 0, 1);
+        if (isHeld)
+            ViolinPiece::tie(first, last);
+        const LaidOut laid(*piece.model);
+        const auto arpeggios = laid.of(MarkKind::Arpeggio);
+        ASSERT_EQ(arpeggios.size(), isHeld ? 2U : 1U);
+        for (const auto &arpeggio : arpeggios)
+            EXPECT_EQ(pointsInside(laid, MarkKind::Tie, arpeggio), 0);
+        EXPECT_LT(arpeggios.front().top, -2);
+        EXPECT_GT(arpeggios.back().bottom, 5);
+    }
+}
+
+/// Ties keep off the dots of a repeat that begins between their notes.
+TEST(InkOnInkTest, tiesKeepOffTheDotsOfRepeats)
+{
+    for (const int key : {65, 67, 69, 71}) {
+        SCOPED_TRACE(key);
+        ViolinPiece piece(2);
+        piece.model->masterTrack()->masterBar(1)->setRepeatStart(true);
+        Beat &first = piece.add({key, key + 5}, NoteValue::Whole);
+        Beat &last = piece.add({key, key + 5}, NoteValue::Whole, 0, 0, 1);
+        ViolinPiece::tie(first, last, 0);
+        ViolinPiece::tie(first, last, 1);
+        const LaidOut laid(*piece.model);
+        const auto dots = laid.of(MarkKind::RepeatDots);
+        ASSERT_EQ(dots.size(), 2U);
+        ASSERT_EQ(laid.of(MarkKind::Tie).size(), 2U);
+        for (const auto &dot : dots)
+            EXPECT_EQ(pointsInside(laid, MarkKind::Tie, dot), 0);
+    }
+}
+
+/// Grace notes of two voices in front of one note stand side by side, like the notes of voices.
+TEST(InkOnInkTest, graceNotesOfTwoVoicesKeepOffEachOther)
+{
+    ViolinPiece piece;
+    for (unsigned voice = 0; voice < 2; ++voice) {
+        piece.add({voice == 0 ? 71 : 72}, NoteValue::Eighth, 1, voice)
+            .setGraceType(GraceType::BeforeBeat);
+        piece.add({voice == 0 ? 79 : 64}, NoteValue::Whole, 0, voice);
+    }
+    const LaidOut laid(*piece.model);
+    std::vector<LaidOut::Mark> graces;
+    for (const MarkKind kind : {MarkKind::NoteHead, MarkKind::AugmentationDot})
+        for (const auto &mark : laid.of(kind))
+            if (mark.place.beat == 0)
+                graces.push_back(mark);
+    ASSERT_EQ(graces.size(), 4U);
+    for (std::size_t i = 0; i < graces.size(); ++i)
+        for (std::size_t j = 0; j < i; ++j)
+            EXPECT_FALSE(meet(graces[i], graces[j])) << i << " " << j;
+}
+
+/// The dots of a note end before the stem of the next one, however far that reaches for its beam.
+TEST(InkOnInkTest, dotsKeepOffTheStemsThatBeamsMakeLonger)
+{
+    ViolinPiece piece;
+    piece.add({60}, NoteValue::SixtyFourth, 3);
+    piece.add({95}, NoteValue::SixtyFourth);
+    const LaidOut laid(*piece.model);
+    const auto dots = laid.of(MarkKind::AugmentationDot);
+    ASSERT_EQ(dots.size(), 3U);
+    ASSERT_FALSE(laid.of(MarkKind::Beam).empty());
+    for (const auto &stem : laid.of(MarkKind::Stem))
+        for (const auto &dot : dots)
+            EXPECT_FALSE(meet(stem, dot)) << stem.left << " " << dot.left;
+}
+
+/// A slide that comes from nowhere keeps off the stems of other voices beside its note.
+TEST(InkOnInkTest, shortSlidesKeepOffTheStemsOfOtherVoices)
+{
+    ViolinPiece piece;
+    Beat &upper = piece.add({72}, NoteValue::Half);
+    NoteMarks marks = upper.notes()[0]->marks();
+    marks.setSlideOut(SlideOut::Downwards);
+    upper.notes()[0]->setMarks(marks);
+    piece.add({72}, NoteValue::Half);
+    piece.add({74}, NoteValue::Half, 0, 1);
+    piece.add({60}, NoteValue::Half, 0, 1);
+    const LaidOut laid(*piece.model);
+    const auto slides = laid.of(MarkKind::Slide);
+    ASSERT_EQ(slides.size(), 1U);
+    EXPECT_GT(slides[0].right - slides[0].left, 1);
+    for (const MarkKind kind : {MarkKind::Stem, MarkKind::NoteHead})
+        for (const auto &mark : laid.of(kind))
+            EXPECT_FALSE(meet(slides[0], mark)) << mark.left;
 }
