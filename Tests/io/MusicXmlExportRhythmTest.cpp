@@ -60,6 +60,21 @@ TEST(MusicXmlExportRhythm, lengthsWithoutCommonDivisionsAreRoundedAndTold)
     EXPECT_GE(read->track(0)->bar(0)->voice(1)->beatCount(), 6u);
 }
 
+/// A bar with divisions of its own has enough for what stands between its beats.
+TEST(MusicXmlExportRhythm, clefsStayBetweenTheBeatsOfBarsWithDivisionsOfTheirOwn)
+{
+    const auto model = readFrom(
+        score(measure(oddTuplets({251, 241, 239})) + measure(oddTuplets({233, 229, 227}))
+              + measure(attributes("<divisions>6</divisions>") + forward(2)
+                        + attributes("<clef><sign>F</sign><line>4</line></clef>") + forward(13)
+                        + attributes("<clef><sign>C</sign><line>3</line></clef>") + forward(9))));
+    auto &bar = *model->track(0)->staff(0)->bar(2);
+    ASSERT_EQ(bar.clefChanges().size(), 2u);
+    EXPECT_EQ(bar.clefChanges().front().position, utils::rational(1, 3));
+    EXPECT_EQ(readFrom(exported(*model))->track(0)->staff(0)->bar(2)->clefChanges(),
+              bar.clefChanges());
+}
+
 TEST(MusicXmlExportRhythm, voicesAndStavesFollowEachOtherByBackups)
 {
     const Exported written(quarters(1,

@@ -77,7 +77,7 @@ void PartPlan::readStaff(const Staff &staff, std::vector<rational> &reach)
     const auto count = std::min<std::size_t>(staff.bars().size(), _reach.size());
     for (std::size_t index = 0; index < count; ++index) {
         for (const auto &change : staff.bars()[index]->clefChanges())
-            addPosition(change.position);
+            addPosition(static_cast<unsigned>(index), change.position);
         const auto &voices = staff.bars()[index]->voices();
         auto &content = _contents[index];
         bool hasSlurs = false;
@@ -138,18 +138,20 @@ void PartPlan::readMaster()
         _divisions = commonDivisions(_divisions, bar->length());
     if (_index == 0)
         for (const auto *const tempo : master.automations(Automation::Tempo))
-            addPosition(exactPosition(tempo->position()));
+            addPosition(tempo->index(), exactPosition(tempo->position()));
     for (unsigned bar = 0; bar < _reach.size() && _divisions != 0; ++bar)
         if (areTooMany(_divisions, bar))
             _divisions = 0;
 }
 
 /// What stands between the beats is written exactly unless it stands nowhere in particular.
-void PartPlan::addPosition(const rational &position)
+void PartPlan::addPosition(unsigned bar, const rational &position)
 {
-    if (position.denominator() <= finestPosition)
-        if (const auto divisions = commonDivisions(_divisions, position); divisions != 0)
-            _divisions = divisions;
+    if (position.denominator() > finestPosition)
+        return;
+    _positions[bar].push_back(position);
+    if (const auto divisions = commonDivisions(_divisions, position); divisions != 0)
+        _divisions = divisions;
 }
 
 void PartPlan::addPercussion(const Note &note)
@@ -184,8 +186,14 @@ PartPlan::Divisions PartPlan::divisionsOfBar(unsigned bar) const
             if (voice)
                 for (const auto &beat : voice->beats())
                     divisions = commonDivisions(divisions, beat->length());
-    if (divisions != 0 && !areTooMany(divisions, bar))
+    if (divisions != 0 && !areTooMany(divisions, bar)) {
+        if (const auto found = _positions.find(bar); found != _positions.end())
+            for (const auto &position : found->second)
+                if (const auto finer = commonDivisions(divisions, position);
+                    finer != 0 && !areTooMany(finer, bar))
+                    divisions = finer;
         return {divisions, true};
+    }
     divisions = roundedDivisions;
     while (divisions > 1 && areTooMany(divisions, bar))
         divisions /= 2;

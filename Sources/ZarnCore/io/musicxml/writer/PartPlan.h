@@ -74,7 +74,7 @@ private:
     void readStaff(const Staff &staff, std::vector<utils::rational> &reach);
     void readBeat(const Beat &beat, const Staff &staff);
     void readMaster();
-    void addPosition(const utils::rational &position);
+    void addPosition(unsigned bar, const utils::rational &position);
     bool areTooMany(std::int64_t divisions, unsigned bar) const;
     void addPercussion(const Note &note);
 
@@ -84,7 +84,8 @@ private:
     bool _areKeys = false;
     bool _hasFrets = false;
     bool _hasFifthFinger = false;
-    std::int64_t _divisions = 1; ///< 0 where each bar has its own
+    std::int64_t _divisions = 1;                                 ///< 0 where each bar has its own
+    std::map<unsigned, std::vector<utils::rational>> _positions; ///< between the beats, by bar
     std::vector<PartStaff> _staves;
     std::vector<bool> _lateVoices;
     std::vector<BarContent> _contents;
