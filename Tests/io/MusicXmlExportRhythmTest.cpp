@@ -75,6 +75,22 @@ TEST(MusicXmlExportRhythm, clefsStayBetweenTheBeatsOfBarsWithDivisionsOfTheirOwn
               bar.clefChanges());
 }
 
+TEST(MusicXmlExportRhythm, chordsInTupletsOfTheirOwnAreEquallyLong)
+{
+    const auto model = readFrom(score(measure(note("C", 4, 4, "whole"))));
+    RhythmValue rhythm(RhythmValue::NoteValue::Eighth);
+    rhythm.setPrimaryTupletRatio({3, 2});
+    rhythm.setSecondaryTupletRatio({5, 4});
+    auto &beat = *model->track(0)->bar(0)->voice(0)->beat(0);
+    beat.addNote(beat.note(0)->clone());
+    beat.note(1)->setMidi(64);
+    beat.setRhythmValue(rhythm);
+    io::ImportReport report;
+    const auto copy = import(exported(*model), report);
+    EXPECT_EQ(copy->track(0)->bar(0)->voice(0)->beat(0)->rhythmValue(), rhythm);
+    EXPECT_FALSE(report.hasProblem("a chord note of another length"));
+}
+
 TEST(MusicXmlExportRhythm, voicesAndStavesFollowEachOtherByBackups)
 {
     const Exported written(quarters(1,

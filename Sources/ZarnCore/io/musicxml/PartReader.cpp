@@ -19,6 +19,19 @@ namespace {
 /// No measure is longer, in quarters; a duration past it is a typing error.
 constexpr std::int64_t longest = 100'000;
 
+/// The notes of a chord do not all know its tuplets: one that ends with the chord ended with the
+/// first note.
+bool areEquallyLong(const WrittenRhythm &left, const WrittenRhythm &right)
+{
+    const auto terms = [](const WrittenRhythm &first, const WrittenRhythm &second) {
+        return std::int64_t(first.outer.actual) * first.inner.actual * second.outer.normal
+            * second.inner.normal;
+    };
+    return left == right
+        || (left.type == right.type && left.dots == right.dots
+            && terms(left, right) == terms(right, left));
+}
+
 } // namespace
 
 PartReader::PartReader(ImportContext &context, SourceTally &tally)
@@ -184,7 +197,8 @@ void PartReader::joinChord(WrittenNote &note)
     note.rhythm = _chord->rhythm;
     note.grace = _chord->grace;
     const auto &rhythm = _notes.rhythm();
-    const bool otherRhythm = rhythm.type != WrittenRhythm::NoType && !(rhythm == _chordRhythm);
+    const bool otherRhythm =
+        rhythm.type != WrittenRhythm::NoType && !areEquallyLong(rhythm, _chordRhythm);
     const bool otherDuration = _notes.duration() && _notes.duration() != _chordDuration;
     if (otherRhythm || otherDuration)
         _context.addProblem(note.node, "a chord note of another length took the chord's");
