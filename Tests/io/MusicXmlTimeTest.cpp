@@ -48,6 +48,34 @@ TEST(MusicXmlTime, roundedTupletsStayExactAndLeaveNoGaps)
     EXPECT_NE(notesOf(*model).find(" 1:1:D4 2/5:"), std::string::npos) << notesOf(*model);
 }
 
+/// A gap that no note values add up to is closed, and takes no mark from its note.
+TEST(MusicXmlTime, marksStayAtTheNotesThatFollowThemWhereLengthsAreRounded)
+{
+    const auto direction = [](const std::string &content) {
+        return "<direction><direction-type>" + content + "</direction-type></direction>";
+    };
+    const auto quarter = [](const char *step) { return note(step, 4, 997, "quarter", {}, "2"); };
+    ImportReport report;
+    const auto model = import(
+        score(measure(divisions(997) + note("C", 5, 3988, "whole") + backup(3988) + forward(5)
+                      + direction("<words>pizz.</words>") + direction("<dynamics><p/></dynamics>")
+                      + direction("<octave-shift type=\"down\" size=\"8\"/>")
+                      + direction("<wedge type=\"crescendo\"/>") + quarter("E")
+                      + direction("<wedge type=\"stop\"/>")
+                      + direction("<octave-shift type=\"stop\" size=\"8\"/>") + quarter("F")
+                      + direction("<words>arco</words>") + quarter("G"))),
+        report);
+    ASSERT_TRUE(report.hasProblem("a gap of 5/997 quarters fits no note values and was closed"));
+    const auto &voice = *model->track(0)->bar(0)->voice(1);
+    EXPECT_EQ(voice.beat(0)->text(), "pizz.");
+    EXPECT_EQ(voice.beat(0)->dynamic().value(), zarn::NoteDynamic::Value::P);
+    EXPECT_EQ(voice.beat(0)->hairpin(), zarn::Hairpin::Crescendo);
+    EXPECT_EQ(voice.beat(1)->hairpin(), zarn::Hairpin::NoHairpin);
+    EXPECT_EQ(voice.beat(0)->ottavia(), zarn::Ottavia::_8va);
+    EXPECT_EQ(voice.beat(1)->ottavia(), zarn::Ottavia::None);
+    EXPECT_EQ(voice.beat(2)->text(), "arco");
+}
+
 TEST(MusicXmlTime, durationDecidesWhereTypeIsMissingOrContradictsIt)
 {
     ImportReport report;

@@ -24,7 +24,7 @@ void MarkPlacer::place(const WrittenMeasure &measure, const std::vector<NotePlac
     for (const auto &mark : measure.marks) {
         if (mark.kind == WrittenMark::Kind::Ottava)
             continue;
-        const auto *const ahead = noteAhead(notes, mark.note, mark.staff, mark.position);
+        const auto *const ahead = noteAhead(measure, notes, mark.note, mark.staff, mark.position);
         if (auto *beat = ahead ? ahead->beat : beatFor(mark, measure.length, staves))
             attach(mark, *beat);
         else
@@ -70,10 +70,15 @@ void MarkPlacer::placeOttavas(const WrittenMeasure &measure, const std::vector<N
     for (std::size_t i = 0; i < staves.size(); ++i) {
         auto &open = _ottavias[i];
         _changes.clear();
-        for (const auto &mark : measure.marks)
-            if (mark.kind == WrittenMark::Kind::Ottava && static_cast<std::size_t>(mark.staff) == i)
-                _changes.push_back({mark.position, static_cast<Ottavia>(mark.value),
-                                    jointAt(notes, mark.note, mark.staff, mark.position)});
+        for (const auto &mark : measure.marks) {
+            if (mark.kind != WrittenMark::Kind::Ottava || static_cast<std::size_t>(mark.staff) != i)
+                continue;
+            const auto *const ahead =
+                noteAhead(measure, notes, mark.note, mark.staff, mark.position);
+            _changes.push_back({ahead ? ahead->onset : mark.position,
+                                static_cast<Ottavia>(mark.value),
+                                jointAt(measure, notes, mark.note, mark.staff, mark.position)});
+        }
         if (_changes.empty() && open == Ottavia::None)
             continue;
         std::stable_sort(_changes.begin(), _changes.end(),

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <ZarnCore/io/musicxml/TrackBuilder.h>
+#include <ZarnCore/io/musicxml/WrittenMusic.h>
 #include <ZarnCore/model/ZarnBar.h>
 
 #include <cstddef>
@@ -45,24 +46,30 @@ struct NotePlace {
 };
 
 /// The place of the note that follows something in the document, when it stands at the same time
-/// on the same staff; null else. `notes` are the places of all notes of the measure.
-inline const NotePlace *noteAhead(const std::vector<NotePlace> &notes, std::size_t note, int staff,
+/// on the same staff; null else. `notes` are the places of all notes of the measure; where lengths
+/// were rounded they are not quite where the document says.
+inline const NotePlace *noteAhead(const WrittenMeasure &measure,
+                                  const std::vector<NotePlace> &notes, std::size_t note, int staff,
                                   const utils::rational &position)
 {
     if (note >= notes.size())
         return nullptr;
     const auto &place = notes[note];
-    return place.beat && place.staff == staff && place.onset == position ? &place : nullptr;
+    const bool isThere =
+        place.beat && place.staff == staff && measure.notes[note].onset == position;
+    return isThere ? &place : nullptr;
 }
 
 /// The joint of a voice at which something stands in the document: in front of the note ahead, or
 /// behind a grace note, which takes no time. Nothing where its time alone tells the place.
-inline std::optional<VoiceJoint> jointAt(const std::vector<NotePlace> &notes, std::size_t note,
+inline std::optional<VoiceJoint> jointAt(const WrittenMeasure &measure,
+                                         const std::vector<NotePlace> &notes, std::size_t note,
                                          int staff, const utils::rational &position)
 {
-    if (const auto *const ahead = noteAhead(notes, note, staff, position))
+    if (const auto *const ahead = noteAhead(measure, notes, note, staff, position))
         return VoiceJoint{ahead->slot, ahead->index};
-    const auto *const behind = note > 0 ? noteAhead(notes, note - 1, staff, position) : nullptr;
+    const auto *const behind =
+        note > 0 ? noteAhead(measure, notes, note - 1, staff, position) : nullptr;
     if (behind && behind->beat->isGrace())
         return VoiceJoint{behind->slot, behind->index + 1};
     return std::nullopt;

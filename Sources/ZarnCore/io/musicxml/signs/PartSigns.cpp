@@ -50,9 +50,12 @@ void PartSigns::addSpans(const WrittenMeasure &measure, const std::vector<NotePl
         place.bar = _context.bar();
         place.staff = std::min(sign.staff, static_cast<int>(staffCount) - 1);
         place.onset = sign.position;
-        if (const auto *const ahead = noteAhead(notes, sign.note, place.staff, sign.position))
+        if (const auto *const ahead =
+                noteAhead(measure, notes, sign.note, place.staff, sign.position)) {
             place.ahead = ahead->beat;
-        place.joint = jointAt(notes, sign.note, place.staff, sign.position);
+            place.onset = ahead->onset;
+        }
+        place.joint = jointAt(measure, notes, sign.note, place.staff, sign.position);
         if (sign.tag == Tag::Wedge)
             _hairpins.add(sign.node, place);
         else if (sign.tag == Tag::Pedal)
