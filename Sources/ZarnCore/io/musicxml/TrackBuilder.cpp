@@ -223,12 +223,16 @@ std::shared_ptr<Track> makeTrack(InstrumentSet::Type type, const ListedPart &par
         staff.insertBars(0, std::move(staves[i]));
     }
     // What the instrument is read from anyway need not be chosen; a tablature beside other music
-    // decides nothing.
+    // decides nothing, unless a document of ours has it.
     const auto isTablature = [](const WrittenStaff &staff) { return staff.tablature; };
-    if (std::all_of(facts.staves.begin(), facts.staves.end(), isTablature)) {
-        const bool hasNotes = std::any_of(facts.staves.begin(), facts.staves.end(),
-                                          [](const WrittenStaff &staff) { return staff.hasTwin; });
-        const TrackNotations notations = {hasNotes, true, false};
+    const auto hasNotes = [](const WrittenStaff &staff) {
+        return staff.hasTwin || !staff.tablature;
+    };
+    const auto &written = facts.staves;
+    if (context.isOwnDocument() ? std::any_of(written.begin(), written.end(), isTablature)
+                                : std::all_of(written.begin(), written.end(), isTablature)) {
+        const TrackNotations notations = {std::any_of(written.begin(), written.end(), hasNotes),
+                                          true, false};
         if (!(track->notations() == notations))
             track->setChosenNotations(notations);
     }
