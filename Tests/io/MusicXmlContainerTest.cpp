@@ -76,9 +76,22 @@ TEST(MusicXmlContainer, aFractionThatNothingCanHoldIsRefusedWithItsMeasure)
     for (const int divisions : {16381, 16369, 16363, 16361, 16349, 16339})
         music += musicxml::attributes("<divisions>" + std::to_string(divisions) + "</divisions>")
             + musicxml::forward(1) + "<note><rest/><duration>5000</duration></note>";
-    const auto measures = musicxml::measure("") + "\n\n" + musicxml::measure(music);
-    expectRefusal(QByteArray::fromStdString(musicxml::score(measures)),
-                  "line 9: The fraction does not fit");
+    // A tuplet whose second note lasts for what times its ratio no fraction is.
+    const auto eighth = [](const char *duration, const char *ratio, const char *end) {
+        return "<note><pitch><step>C</step><octave>4</octave></pitch><duration>"
+            + std::string(duration) + "</duration><type>eighth</type><time-modification>" + ratio
+            + "</time-modification><notations><tuplet type=\"" + end + "\"/></notations></note>";
+    };
+    const auto tuplet = musicxml::attributes("<divisions>9999999.97</divisions>")
+        + eighth("4999999.985", "<actual-notes>3</actual-notes><normal-notes>2</normal-notes>",
+                 "start")
+        + eighth("99999999.999999",
+                 "<actual-notes>1000003</actual-notes><normal-notes>999983</normal-notes>", "stop");
+    for (const auto &content : {music, tuplet}) {
+        const auto measures = musicxml::measure("") + "\n\n" + musicxml::measure(content);
+        expectRefusal(QByteArray::fromStdString(musicxml::score(measures)),
+                      "line 9: The fraction does not fit");
+    }
 }
 
 TEST(MusicXmlContainer, everyEncodingGivesTheSameName)

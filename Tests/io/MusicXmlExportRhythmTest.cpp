@@ -102,6 +102,16 @@ TEST(MusicXmlExportRhythm, voicesAndStavesFollowEachOtherByBackups)
     EXPECT_EQ(written.all("//backup/duration"), "4 4");
 }
 
+TEST(MusicXmlExportRhythm, gapsAreRestsThatAreNotPrintedInTheFirstVoiceAndPassedOverInOthers)
+{
+    const Exported written(quarters(1,
+                                    note("C", 5, 2, "half") + forward(2) + backup(4) + forward(2)
+                                        + note("E", 4, 2, "half", "", "2")));
+    EXPECT_EQ(written.all("//note[rest and @print-object='no']/voice"), "1");
+    EXPECT_EQ(written.all("//note[rest]/duration"), "2");
+    EXPECT_EQ(written.all("//forward/duration"), "2");
+}
+
 TEST(MusicXmlExportRhythm, barsWithoutAMeasureKeepTheGroupsOfThoseBefore)
 {
     const auto bar = [](const std::string &time) {
