@@ -83,6 +83,21 @@ TEST(MusicXmlMarks, articulationsAreMarksAndThoseThatExcludeEachOtherAreTold)
     EXPECT_EQ(report.unheld().size(), 1u);
 }
 
+TEST(MusicXmlMarks, aDeadNoteIsNotBentEvenWhereItsHeadAloneTells)
+{
+    ImportReport report;
+    const auto model = import(
+        score(measure("<note><pitch><step>C</step><octave>5</octave></pitch><duration>4</duration>"
+                      "<type>whole</type><notehead>x</notehead><notations><technical>"
+                      "<string>1</string><fret>8</fret><bend><bend-alter>2</bend-alter></bend>"
+                      "</technical></notations></note>")),
+        report);
+    const auto &note = *model->track(0)->bar(0)->voice(0)->beat(0)->note(0);
+    EXPECT_TRUE(note.isDead());
+    EXPECT_TRUE(note.bend() == zarn::Bend());
+    EXPECT_TRUE(report.hasProblem("Bend was left out: it cannot stand beside another sign"));
+}
+
 TEST(MusicXmlMarks, marksOfABeatComeFromAllNotesOfItsChord)
 {
     ImportReport report;

@@ -132,7 +132,10 @@ void BarBuilder::setMarks(const WrittenNote &note, Beat &beat)
 /// A note, or a rest, has found its beat.
 void BarBuilder::noteAdded(const WrittenNote &note, const VoiceSlot &slot, const PlacedBeat &placed)
 {
-    if (note.mayExclude && (_excluding.empty() || _excluding.back() != placed.beat.get()))
+    // A cross for a head makes a fretted note dead.
+    const bool isDead = placed.beat->hasNotes() && placed.beat->notes().back()->isDead();
+    if ((note.mayExclude || isDead)
+        && (_excluding.empty() || _excluding.back() != placed.beat.get()))
         _excluding.push_back(placed.beat.get());
     if (note.beatMarks.isSlashed() && (_slashed.empty() || _slashed.back() != placed.beat.get()))
         _slashed.push_back(placed.beat.get());
