@@ -312,19 +312,30 @@ TEST(MusicXmlMarks, beamsAreKeptWhereTheyAreNotTheUsualOnes)
             + (*beam ? "<beam number=\"1\">" + std::string(beam) + "</beam>" : std::string())
             + "</note>";
     };
+    const auto modesOf = [](const zarn::ScoreModel &model) {
+        std::string modes;
+        for (const auto &beat : beatsOf(model))
+            modes += beat->beamMode() == BeamMode::Auto ? '.'
+                : beat->beamMode() == BeamMode::Join    ? 'J'
+                                                        : 'B';
+        return modes;
+    };
     ImportReport report;
     const auto model =
         import(score(measure(attributes("<divisions>2</divisions>") + eighth("begin")
                              + eighth("continue") + eighth("continue") + eighth("continue")
                              + eighth("continue") + eighth("end") + eighth("") + eighth(""))),
                report);
-    std::string modes;
-    for (const auto &beat : beatsOf(*model))
-        modes += beat->beamMode() == BeamMode::Auto ? '.'
-            : beat->beamMode() == BeamMode::Join    ? 'J'
-                                                    : 'B';
-    EXPECT_EQ(modes, "...J.BB.") << "joined over the middle of the bar, apart at the end";
+    EXPECT_EQ(modesOf(*model), "...J.BB.") << "joined over the middle of the bar, apart at the end";
     EXPECT_TRUE(report.unheld().empty());
+    // A part without beams has the usual ones, unless the document says that it has them all.
+    std::string unbeamed =
+        score(measure(attributes("<divisions>2</divisions>") + eighth("") + eighth("")));
+    EXPECT_EQ(modesOf(*import(unbeamed, report)), "..");
+    unbeamed.insert(unbeamed.find("<part-list>"),
+                    "<identification><encoding><supports element=\"beam\" type=\"yes\"/>"
+                    "</encoding></identification>");
+    EXPECT_EQ(modesOf(*import(unbeamed, report)), "B.");
     import(score(measure(eighth("begin")) + measure(eighth("end"))), report);
     EXPECT_TRUE(report.hasProblem("a beam over the bar line was left out"));
 }

@@ -43,7 +43,7 @@ void BarBuilder::startPart()
     _staves.clear();
     _rests.clear();
     _marks.startPart();
-    _hasBeams = false;
+    _hasBeams = _context.hasAllBeams();
 }
 
 void BarBuilder::build(const WrittenMeasure &measure,

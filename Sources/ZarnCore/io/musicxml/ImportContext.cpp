@@ -6,18 +6,30 @@
 #include <ZarnCore/io/musicxml/ScoreHeader.h>
 #include <ZarnCore/io/musicxml/XmlDocument.h>
 
+#include <algorithm>
 #include <cstring>
 
 namespace zarn::io {
 
-ImportContext::ImportContext(const XmlDocument &document, ImportReport &report)
-    : _document(document), _report(report),
-      _isOwnDocument(
-          std::strcmp(
-              document.root().child("identification").child("encoding").child_value("software"),
-              ownSoftware)
-          == 0)
+namespace {
+
+bool hasAllBeamsOf(pugi::xml_node encoding)
 {
+    const auto supported = encoding.children("supports");
+    return std::any_of(supported.begin(), supported.end(), [](pugi::xml_node supports) {
+        return std::strcmp(supports.attribute("element").value(), "beam") == 0
+            && std::strcmp(supports.attribute("type").value(), "yes") == 0;
+    });
+}
+
+} // namespace
+
+ImportContext::ImportContext(const XmlDocument &document, ImportReport &report)
+    : _document(document), _report(report)
+{
+    const auto encoding = document.root().child("identification").child("encoding");
+    _isOwnDocument = std::strcmp(encoding.child_value("software"), ownSoftware) == 0;
+    _hasAllBeams = hasAllBeamsOf(encoding);
 }
 
 void ImportContext::setPlace(int part, int bar) noexcept

@@ -28,6 +28,9 @@ public:
     /// Whether the library wrote the document itself: it leaves out no staff that is shown.
     bool isOwnDocument() const noexcept { return _isOwnDocument; }
 
+    /// Whether the document says that it has all beams: notes without one are under none.
+    bool hasAllBeams() const noexcept { return _hasAllBeams; }
+
     void addProblem(pugi::xml_node node, const std::string &text);
 
     /// As above for another bar of the same part.
@@ -59,6 +62,7 @@ private:
     const XmlDocument &_document;
     ImportReport &_report;
     bool _isOwnDocument;
+    bool _hasAllBeams;
     int _part = -1;
     int _bar = -1;
     std::size_t _emptyNodes = 0;
