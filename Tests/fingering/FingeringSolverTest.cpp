@@ -333,39 +333,6 @@ TEST(FingeringSolverTest, aBarreIsLaidOnce)
     EXPECT_GT(effort(65, 4), again + 0.1) << "the next fret";
 }
 
-/// Chords that are strummed again and again are held as those that are strummed once: not with the
-/// fingers that would be easiest if they were laid down anew each time. No player lies with the
-/// second finger over strings that others can stop.
-TEST(FingeringSolverTest, aChordThatIsHeldIsFingeredAsOneThatIsStruckOnce)
-{
-    const std::vector<int> bFlat = {62, 58, 53, 46};
-    const std::vector<int> seventh = {62, 56, 53, 46};
-    const std::vector<int> eFlat = {67, 63, 58, 51};
-    const std::vector<int> f7 = {57, 51, 48, 41};
-    Passage passage = passageOn(guitar);
-    const auto strum = [&passage](const std::vector<int> &chord, int times) {
-        for (int time = 0; time < times; ++time)
-            addEvent(passage, chord);
-    };
-    strum(bFlat, 24);
-    strum(f7, 8);
-    strum(bFlat, 4);
-    strum(seventh, 4);
-    strum(eFlat, 8);
-    strum(bFlat, 16);
-    const FingeringSolution fingering = FingeringSolver(passage).solve();
-    EXPECT_EQ(shape(passage, fingering, 0), "x 1 3 3 3 x");
-    EXPECT_EQ(shape(passage, fingering, 24), "1 3 1 2 x x");
-    EXPECT_EQ(shape(passage, fingering, 40), "x x 1 3 4 3");
-    for (std::size_t event = 0; event < passage.events.size(); ++event) {
-        const PassageEvent &at = passage.events[event];
-        int seconds = 0;
-        for (std::size_t i = at.firstNote; i < at.firstNote + at.noteCount; ++i)
-            seconds += fingering.notes[i].finger == 2 ? 1 : 0;
-        EXPECT_LE(seconds, 1) << "event " << event;
-    }
-}
-
 /// A slide or a hammer-on does not leave its string, whatever another voice does meanwhile.
 TEST(FingeringSolverTest, whatLeadsToANoteIsOnItsString)
 {

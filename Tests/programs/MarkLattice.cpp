@@ -35,7 +35,7 @@ void makeShares(std::vector<Item> &items, Member member)
 
 struct MarkLattice::Maker {
     Maker(const Passage &passage, const FingeringWeights &weights)
-        : passage(passage), weights(weights), ringing(passage, weights.longestRing),
+        : weights(weights), ringing(passage, weights.longestRing),
           change(passage, ringing, weights), finder(passage, ringing, weights), pedals(passage)
     {
     }
@@ -50,12 +50,11 @@ struct MarkLattice::Maker {
     double costOfStart(const Grip &grip) const
     {
         auto cost = static_cast<double>(grip.cost);
-        addPresses(grip, grip.stopped, passage,
+        addPresses(grip, grip.stopCount,
                    [&](Weight weight, float amount) { cost += weights.*weight * amount; });
         return cost;
     }
 
-    const Passage &passage;
     const FingeringWeights &weights;
     Ringing ringing;
     GripChange change;
@@ -189,7 +188,7 @@ void MarkLattice::addLayer(Maker &maker, std::size_t event)
             layer.arcs.push_back(arc);
         };
         if (event == 0)
-            addArc(0, [&] { addPresses(one.grip, one.grip.stopped, _passage, addTerm); });
+            addArc(0, [&] { addPresses(one.grip, one.grip.stopCount, addTerm); });
         else
             for (auto bits = one.origins; bits != 0; bits &= bits - 1) {
                 const auto from = static_cast<std::size_t>(__builtin_ctzll(bits));

@@ -127,19 +127,19 @@ void GripChange::addFingers(const Departure &from, const Grip &to, Add &add) con
             ++rolls;
     }
     int replaced = 0;
-    unsigned pressed = to.stopped;
+    int pressed = to.stopCount;
     const bool mayHaveBarre = (from.grip->barred & to.fingers) != 0;
     unsigned bits = mayHaveBarre ? to.stopped : from.grip->stopped & to.stopped;
     for (; bits != 0; bits &= bits - 1) {
         const auto at = static_cast<std::size_t>(__builtin_ctz(bits));
         if (mayHaveBarre && isUnderBarre(*from.grip, to, at)) {
-            pressed &= ~(1U << at);
+            --pressed;
             continue;
         }
         if (!from.grip->isStopped(static_cast<int>(at)) || from.grip->fret[at] != to.fret[at])
             continue;
         if (from.grip->finger[at] == to.finger[at])
-            pressed &= ~(1U << at);
+            --pressed;
         else
             ++replaced;
     }
@@ -153,7 +153,7 @@ void GripChange::addFingers(const Departure &from, const Grip &to, Add &add) con
     }
     if (replaced != 0)
         add(&W::fingerReplaced, replaced);
-    addPresses(to, pressed, _passage, add);
+    addPresses(to, pressed, add);
 }
 
 /// Notes that are cut off, and pitches that change their string.

@@ -10,43 +10,31 @@
 
 namespace zarn::fingering {
 
-/// The effort of laying fingers on some of the stopped strings of a grip, given as bits. For one
-/// finger alone that is the effort of the finger, for several their part of that of the shape.
-/// Fingers that lie already take none, however often their strings are plucked.
+/// The effort of pressing so many of the stopped strings of a grip: for one finger alone that of
+/// the finger, for several their part of that of the shape.
 template <class Add>
-void addPresses(const Grip &grip, unsigned strings, const Passage &passage, Add &&add)
+void addPresses(const Grip &grip, int pressed, Add &&add)
 {
     using W = FingeringWeights;
-    if (strings == 0 || grip.isTooWide)
+    if (pressed == 0 || grip.isTooWide)
         return;
-    constexpr float longString = 500; // millimetres; on shorter ones the frets are near each other
-    constexpr int third = 3;
-    const int last = passage.fretboard.stringCount() - 1;
-    int across = 0;
-    int ringsAtNut = 0;
-    for (unsigned bits = strings; bits != 0; bits &= bits - 1) {
-        const int string = __builtin_ctz(bits);
-        const auto at = static_cast<std::size_t>(string);
-        across += (grip.finger[at] - 1) * (last - string);
-        // A finger that lies over several strings is there for all of them.
-        if (grip.finger[at] == third && grip.fret[at] == third && string * 2 > last
-            && (grip.barred >> (third - 1) & 1) == 0)
-            ++ringsAtNut;
-    }
-    if (across != 0)
-        add(&W::fingerAcross, static_cast<float>(across) / static_cast<float>(3 * last));
-    if (ringsAtNut != 0 && passage.hand.stringLength > longString)
-        add(&W::ringAtNut, static_cast<float>(ringsAtNut));
     if (grip.stopCount == 1) {
         constexpr double W::*const weights[] = {&W::index, &W::middle, &W::ring, &W::little};
-        add(weights[grip.finger[static_cast<std::size_t>(__builtin_ctz(strings))] - 1], 1.F);
+        const auto string = static_cast<std::size_t>(__builtin_ctz(grip.stopped));
+        add(weights[grip.finger[string] - 1], 1.F);
         return;
     }
-    const int pressed = __builtin_popcount(strings);
     constexpr int fewestOfChord = 3;
     if (pressed >= fewestOfChord)
         add(&W::chordHeight, std::max(grip.position - 1, 0.F));
     add(&W::shape, grip.shape * static_cast<float>(pressed) / static_cast<float>(grip.stopCount));
+}
+
+/// Whether the third finger is on the third fret.
+inline bool isRingAtNut(const Grip &grip, std::size_t string)
+{
+    constexpr int third = 3;
+    return grip.finger[string] == third && grip.fret[string] == third;
 }
 
 /// The effort of holding a grip where it is, beside that of the shape of the hand: calls `add` with
@@ -56,6 +44,7 @@ void addEffort(const Grip &grip, const Passage &passage, const Pedals &pedals, A
 {
     using W = FingeringWeights;
     const StaffFrets &fretboard = passage.fretboard;
+    constexpr float longString = 500; // millimetres; on shorter ones the frets are near each other
     int open = 0;
     int openTreble = 0;
     int lowest = -1;
@@ -79,6 +68,13 @@ void addEffort(const Grip &grip, const Passage &passage, const Pedals &pedals, A
         }
         frets += grip.fret[at];
         ++count;
+        if (grip.isHeld(string) || grip.finger[at] == 0)
+            continue;
+        if (isRingAtNut(grip, at) && string * 2 > last && passage.hand.stringLength > longString)
+            add(&W::ringAtNut, 1);
+        if (last > 0)
+            add(&W::fingerAcross,
+                (grip.finger[at] - 1) * (last - string) / static_cast<float>(3 * last));
     }
     if (grip.position != Grip::Anywhere) {
         add(&W::height, count > 0 ? static_cast<float>(frets) / static_cast<float>(count) : 0);

@@ -25,7 +25,7 @@ GripLayerMaker::GripLayerMaker(const Passage &passage, const FingeringWeights &w
 double GripLayerMaker::costOfStart(const Grip &grip) const
 {
     double cost = static_cast<double>(grip.cost);
-    addPresses(grip, grip.stopped, _passage, [&](double FingeringWeights::*weight, float amount) {
+    addPresses(grip, grip.stopCount, [&](double FingeringWeights::*weight, float amount) {
         cost += _weights.*weight * static_cast<double>(amount);
     });
     return cost;
