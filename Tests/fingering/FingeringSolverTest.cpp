@@ -50,6 +50,16 @@ std::string shape(const Passage &passage, const FingeringSolution &fingering, st
     return text;
 }
 
+/// The fingers of an event by its notes, the lowest first.
+std::string fingersOf(const Passage &passage, const FingeringSolution &fingering, std::size_t event)
+{
+    std::string text;
+    const PassageEvent &at = passage.events[event];
+    for (std::size_t i = at.firstNote + at.noteCount; i-- > at.firstNote;)
+        text += std::to_string(fingering.notes[i].finger);
+    return text;
+}
+
 /// What no fingering may break: pitches, one note to a string, locks, and a word for each note that
 /// has no place.
 void expectSound(const Passage &passage, const FingeringSolution &fingering)
@@ -253,12 +263,41 @@ TEST(FingeringSolverTest, saysWhatItLeavesOut)
 TEST(FingeringSolverTest, movesAPowerChordAsOneShape)
 {
     Passage passage = passageOn({38, 45, 50, 55, 59, 64});
-    for (const int root : {43, 45, 44, 41})
+    for (const int root : {43, 45, 44, 41, 43, 46, 48})
         addEvent(passage, {root + 12, root + 7, root});
     const FingeringSolution fingering = FingeringSolver(passage).solve();
-    const char *const shapes[] = {"5 5 5 x x x", "7 7 7 x x x", "6 6 6 x x x", "3 3 3 x x x"};
-    for (std::size_t i = 0; i < 4; ++i)
+    const char *const shapes[] = {"5 5 5 x x x", "7 7 7 x x x", "6 6 6 x x x",   "3 3 3 x x x",
+                                  "5 5 5 x x x", "8 8 8 x x x", "10 10 10 x x x"};
+    for (std::size_t i = 0; i < std::size(shapes); ++i) {
         EXPECT_EQ(shape(passage, fingering, i), shapes[i]);
+        EXPECT_EQ(fingersOf(passage, fingering, i), fingersOf(passage, fingering, 0)) << i;
+    }
+}
+
+/// Chords that are strummed again and again are held as those that are strummed once, with fingers
+/// that go together, and with the same from the first stroke to the last.
+TEST(FingeringSolverTest, aChordThatIsHeldIsFingeredAsOneThatIsStruckOnce)
+{
+    for (const int times : {1, 4, 24}) {
+        SCOPED_TRACE(times);
+        Passage passage = passageOn(guitar);
+        const auto strum = [&](const std::vector<int> &chord) {
+            for (int time = 0; time < times; ++time)
+                addEvent(passage, chord);
+        };
+        strum({62, 58, 53, 46});
+        strum({57, 51, 48, 41});
+        const FingeringSolution fingering = FingeringSolver(passage).solve();
+        const std::size_t half = passage.events.size() / 2;
+        const std::string bFlat = fingersOf(passage, fingering, 0);
+        EXPECT_TRUE(bFlat == "1234" || bFlat == "1333") << bFlat;
+        for (std::size_t event = 0; event < half; ++event) {
+            EXPECT_EQ(shape(passage, fingering, event), "x 1 3 3 3 x");
+            EXPECT_EQ(fingersOf(passage, fingering, event), bFlat) << event;
+            EXPECT_EQ(shape(passage, fingering, half + event), "1 3 1 2 x x");
+            EXPECT_EQ(fingersOf(passage, fingering, half + event), "1312") << event;
+        }
+    }
 }
 
 TEST(FingeringSolverTest, aTiedNoteKeepsItsStringAgainstOthers)

@@ -59,6 +59,13 @@ struct Grip {
     /// Bits by string: that begin to sound.
     unsigned fresh() const noexcept { return sounding & ~static_cast<unsigned>(held); }
 
+    /// Whether fingers take strings for a chord that is struck.
+    bool isStruckChord() const noexcept
+    {
+        constexpr int fewest = 3;
+        return __builtin_popcount(stopped & fresh()) >= fewest;
+    }
+
     bool sounds(int string) const noexcept { return (sounding >> string & 1) != 0; }
     bool isHeld(int string) const noexcept { return (held >> string & 1) != 0; }
     bool isStopped(int string) const noexcept { return (stopped >> string & 1) != 0; }

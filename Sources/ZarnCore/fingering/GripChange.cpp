@@ -58,6 +58,21 @@ double GripChange::cost(const Departure &from, const Grip &to) const
     return cost;
 }
 
+/// Whether the hand takes a chord along the neck as it is: no finger leaves another.
+bool GripChange::isMovedWhole(const Grip &from, const Grip &to)
+{
+    if (!to.isStruckChord() || from.stopped != to.stopped || from.finger != to.finger)
+        return false;
+    const auto first = static_cast<std::size_t>(__builtin_ctz(to.stopped));
+    const int way = to.fret[first] - from.fret[first];
+    for (unsigned bits = to.stopped; bits != 0; bits &= bits - 1) {
+        const auto at = static_cast<std::size_t>(__builtin_ctz(bits));
+        if (to.fret[at] - from.fret[at] != way)
+            return false;
+    }
+    return true;
+}
+
 /// Whether a string is stopped by a barre that lies already: one goes from its lowest string to the
 /// highest of the neck.
 bool GripChange::isUnderBarre(const Grip &from, const Grip &to, std::size_t at)

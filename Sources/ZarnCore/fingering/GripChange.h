@@ -57,6 +57,7 @@ private:
     bool leavesPluckedString(const Grip &from, const Grip &to, std::size_t at) const;
 
     static bool hasGuide(const Grip &from, const Grip &to);
+    static bool isMovedWhole(const Grip &from, const Grip &to);
     static bool isUnderBarre(const Grip &from, const Grip &to, std::size_t at);
     bool leavesString(const Grip &from, const Grip &to, std::size_t at) const;
 
@@ -129,20 +130,25 @@ void GripChange::addFingers(const Departure &from, const Grip &to, Add &add) con
     int replaced = 0;
     int pressed = to.stopCount;
     const bool mayHaveBarre = (from.grip->barred & to.fingers) != 0;
-    unsigned bits = mayHaveBarre ? to.stopped : from.grip->stopped & to.stopped;
-    for (; bits != 0; bits &= bits - 1) {
+    const unsigned stopped = from.grip->stopped & to.stopped;
+    bool isHeldOtherwise = false;
+    for (unsigned bits = mayHaveBarre ? to.stopped : stopped; bits != 0; bits &= bits - 1) {
         const auto at = static_cast<std::size_t>(__builtin_ctz(bits));
-        if (mayHaveBarre && isUnderBarre(*from.grip, to, at)) {
+        const bool isWhereItWas = (stopped >> at & 1) != 0 && from.grip->fret[at] == to.fret[at];
+        const bool isOfSameFinger = from.grip->finger[at] == to.finger[at];
+        isHeldOtherwise = isHeldOtherwise || (isWhereItWas && !isOfSameFinger);
+        if (mayHaveBarre && isUnderBarre(*from.grip, to, at))
             --pressed;
-            continue;
-        }
-        if (!from.grip->isStopped(static_cast<int>(at)) || from.grip->fret[at] != to.fret[at])
-            continue;
-        if (from.grip->finger[at] == to.finger[at])
+        else if (isWhereItWas && isOfSameFinger)
             --pressed;
-        else
+        else if (isWhereItWas)
             ++replaced;
     }
+    // Nobody changes a finger of a chord but by taking it anew.
+    if (isHeldOtherwise && to.isStruckChord())
+        pressed = to.stopCount;
+    else if (isMovedWhole(*from.grip, to))
+        pressed = 0;
     if (jumps != 0) {
         add(&W::fingerJump, jumps);
         add(&W::hurriedJump, static_cast<float>(jumps) * from.hurry);

@@ -94,16 +94,31 @@ void GripDoubts::judge(GripLayer &layer)
                           _fingers[place * fingersAndNone + finger] += _likely[i];
                       });
     layer.doubts.assign(layer.grips.size(), static_cast<double>(event.noteCount));
-    for (std::size_t i = 0; i < _likely.size(); ++i)
-        forFreshNotes(layer.grips[i], event,
-                      [&](std::size_t note, std::size_t string, std::size_t finger) {
-                          const std::size_t place = note * Grip::Strings + string;
-                          const double sure =
-                              (_strings[place] + _fingers[place * fingersAndNone + finger]) / 2;
-                          layer.doubts[i] -= std::min(sure, 1.);
-                      });
+    for (std::size_t i = 0; i < _likely.size(); ++i) {
+        const Grip &grip = layer.grips[i];
+        const bool isChord = grip.isStruckChord();
+        const double ofShape = isChord ? likelihoodOfShape(layer, grip) : 0;
+        forFreshNotes(grip, event, [&](std::size_t note, std::size_t string, std::size_t finger) {
+            const std::size_t place = note * Grip::Strings + string;
+            const double ofFinger = isChord ? ofShape : _fingers[place * fingersAndNone + finger];
+            layer.doubts[i] -= std::min((_strings[place] + ofFinger) / 2, 1.);
+        });
+    }
     for (double &doubt : layer.doubts)
         doubt = std::max(doubt, 0.);
+}
+
+/// How likely the strings of a chord are stopped by the same fingers, all of them: shapes that are
+/// likely each are none when they are mixed.
+double GripDoubts::likelihoodOfShape(const GripLayer &layer, const Grip &shape) const
+{
+    double likely = 0;
+    for (std::size_t i = 0; i < _likely.size(); ++i) {
+        const Grip &grip = layer.grips[i];
+        if (grip.stopped == shape.stopped && grip.finger == shape.finger)
+            likely += _likely[i];
+    }
+    return likely;
 }
 
 } // namespace zarn::fingering

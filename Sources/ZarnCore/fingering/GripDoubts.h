@@ -12,8 +12,9 @@ namespace zarn::fingering {
 /// Tells how doubtful grips are. Players do not all take the easiest way: one is the likelier the
 /// less effort it takes, by e for each unit. So every note has strings and fingers that it is
 /// likely to be played by, over all ways through the passage, and a grip leaves the more doubt the
-/// less likely its own are. What holds on most of the easy ways is a safer answer than the easiest
-/// way alone, which a hair's breadth of effort may set apart from very different ones.
+/// less likely its own are; the fingers of a chord that is struck are one shape, likely as a whole.
+/// What holds on most of the easy ways is a safer answer than the easiest way alone, which a hair's
+/// breadth of effort may set apart from very different ones.
 class GripDoubts {
 public:
     /// The passage outlives this.
@@ -28,6 +29,7 @@ private:
     void goForward(GripLayer &layer, const GripLayer *before);
     void goBack(const GripLayer &layer);
     void judge(GripLayer &layer);
+    double likelihoodOfShape(const GripLayer &layer, const Grip &shape) const;
 
     const Passage &_passage;
     std::vector<double> _behind;      ///< by grip of the layer in hand: how likely what follows is

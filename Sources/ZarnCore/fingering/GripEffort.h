@@ -51,6 +51,8 @@ void addEffort(const Grip &grip, const Passage &passage, const Pedals &pedals, A
     int highest = -1;
     int frets = 0;
     int count = 0;
+    // Where its fingers go, the shape of a chord takes into account already.
+    const bool isChord = grip.isStruckChord();
     const int last = fretboard.stringCount() - 1;
     for (int string = 0; string <= last; ++string) {
         if (!grip.sounds(string))
@@ -68,7 +70,7 @@ void addEffort(const Grip &grip, const Passage &passage, const Pedals &pedals, A
         }
         frets += grip.fret[at];
         ++count;
-        if (grip.isHeld(string) || grip.finger[at] == 0)
+        if (isChord || grip.isHeld(string) || grip.finger[at] == 0)
             continue;
         if (isRingAtNut(grip, at) && string * 2 > last && passage.hand.stringLength > longString)
             add(&W::ringAtNut, 1);

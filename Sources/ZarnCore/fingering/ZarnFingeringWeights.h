@@ -11,7 +11,7 @@ namespace zarn::fingering {
 /// around them. Editors mark what surprises, so what says how far up the neck to go is not left to
 /// them. Works that a fit does not know are served best when it stays near what a player would
 /// guess: then it agrees with their editors in 76 of 100 strings, where the lowest fret does in 59
-/// and the nearest in 67, and in 61 fingers; when half of the strings are given, in 88 of the
+/// and the nearest in 67, and in 61 fingers; when half of the strings are given, in 87 of the
 /// others. `zarn_fingering_report --folds 7` measures that. Two editors of one piece, who share it
 /// out differently, agree in 43 fingers. What is built in lies halfway between such a fit to all
 /// works and a looser one, which keeps a scale in its position.
