@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
 #include <string>
 
 namespace {
@@ -13,6 +14,64 @@ using layout::MarkKind;
 using ::test::LaidOut;
 using Piece = ::test::ViolinPiece;
 using NoteValue = RhythmValue::NoteValue;
+
+/// Rests that are hidden, and those of whole bars, which stand in the middle, have no place of
+/// their own among the notes: what hangs on them does.
+TEST(SignsAroundNotesTest, signsOfRestsThatAreNotDrawnAreShown)
+{
+    Piece piece(3);
+    piece.add({60}, NoteValue::Whole);
+    Beat &wholeBar = piece.add({}, NoteValue::Whole, 0, 0, 1);
+    wholeBar.setWholeBarRest(true);
+    wholeBar.setText("con sord.");
+    wholeBar.setDynamic(NoteDynamic::Value::PP);
+    Beat &hidden = piece.add({}, NoteValue::Quarter, 0, 0, 2);
+    hidden.setPlaceHolder(true);
+    hidden.setText("senza sord.");
+    hidden.setDynamic(NoteDynamic::Value::FFF);
+    hidden.setHairpin(Hairpin::Decrescendo);
+    piece.add({60}, NoteValue::Half, 0, 0, 2).setHairpin(Hairpin::Decrescendo);
+    piece.add({60}, NoteValue::Quarter, 0, 0, 2).setDynamic(NoteDynamic::Value::P);
+    const LaidOut laid(*piece.model);
+    const auto rests = laid.of(MarkKind::Rest);
+    ASSERT_EQ(rests.size(), 1U);
+    const auto words = laid.of(MarkKind::Text);
+    ASSERT_EQ(words.size(), 2U);
+    EXPECT_EQ(words[0].text, "con sord.");
+    EXPECT_EQ(words[0].place.bar, 1);
+    EXPECT_LT(words[0].left, rests[0].left);
+    EXPECT_EQ(words[1].text, "senza sord.");
+    const auto notes = laid.of(MarkKind::NoteHead);
+    ASSERT_EQ(notes.size(), 3U);
+    EXPECT_LT(words[1].left, notes[1].left);
+    const auto dynamics = laid.of(MarkKind::Dynamic);
+    ASSERT_EQ(dynamics.size(), 3U);
+    EXPECT_EQ(dynamics[0].glyph, "dynamicPP");
+    EXPECT_EQ(dynamics[1].glyph, "dynamicFFF");
+    // One hairpin, from the hidden beat to the last dynamic.
+    const auto hairpins = laid.of(MarkKind::Hairpin);
+    ASSERT_EQ(hairpins.size(), 2U);
+    EXPECT_LT(hairpins[0].left, notes[1].left);
+    EXPECT_GT(hairpins[0].right, notes[1].right);
+}
+
+/// Several bars of rest make one sign, but for those that something hangs on.
+TEST(SignsAroundNotesTest, restsWithSignsAreNotJoined)
+{
+    Piece piece(8);
+    piece.add({60}, NoteValue::Whole);
+    for (unsigned bar = 1; bar < 8; ++bar)
+        piece.add({}, NoteValue::Whole, 0, 0, bar).setWholeBarRest(true);
+    piece.model->track(0)->bar(4)->voice(0)->beat(0)->setDynamic(NoteDynamic::Value::PP);
+    layout::LayoutOptions options;
+    options.multiRest = true;
+    const LaidOut laid(*piece.model, options);
+    EXPECT_EQ(laid.of(MarkKind::Dynamic).size(), 1U);
+    std::set<int> bars;
+    for (const auto &mark : laid.of(MarkKind::MultiRest))
+        bars.insert(mark.place.bar);
+    EXPECT_EQ(bars, (std::set<int>{1, 5}));
+}
 
 } // namespace
 

@@ -82,6 +82,8 @@ EngravedBar BarEngraver::engrave(const BarSource &source, const ColumnSource &co
 void BarEngraver::addChords(const VoiceSource &voice)
 {
     for (const BeatSource &beat : voice.beats) {
+        if ((!isWritten(beat) || beat.isWholeBarRest) && beat.carriesSigns())
+            addSilent(beat, voice.number);
         if (!isWritten(beat))
             continue;
         if (beat.isWholeBarRest && _source->voices.size() >= 1) {
@@ -92,8 +94,7 @@ void BarEngraver::addChords(const VoiceSource &voice)
         chord.beat = &beat;
         chord.voice = voice.number;
         chord.scale = scaleOf(beat);
-        chord.column = static_cast<unsigned>(
-            std::lower_bound(_onsets->begin(), _onsets->end(), beat.onset) - _onsets->begin());
+        chord.column = columnOf(beat);
         chord.hasStem = beat.hasStem() && (_row.notation != Notation::Tablature || _row.hasRhythm);
         if (beat.marks.hasTimer() && beat.playingTime < 0 && _row.isFirstOfStaff)
             _problems.add(placeOfChord(_row, _bar, chord),
@@ -102,6 +103,21 @@ void BarEngraver::addChords(const VoiceSource &voice)
             addHeads(chord);
         _result.chords.push_back(std::move(chord));
     }
+}
+
+void BarEngraver::addSilent(const BeatSource &beat, unsigned voice)
+{
+    Chord chord;
+    chord.beat = &beat;
+    chord.voice = voice;
+    chord.column = columnOf(beat);
+    _result.silent.push_back(std::move(chord));
+}
+
+unsigned BarEngraver::columnOf(const BeatSource &beat) const
+{
+    return static_cast<unsigned>(std::lower_bound(_onsets->begin(), _onsets->end(), beat.onset)
+                                 - _onsets->begin());
 }
 
 void BarEngraver::addHeads(Chord &chord)

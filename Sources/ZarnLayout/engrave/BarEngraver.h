@@ -24,6 +24,8 @@ public:
 
 private:
     void addChords(const VoiceSource &voice);
+    void addSilent(const BeatSource &beat, unsigned voice);
+    unsigned columnOf(const BeatSource &beat) const;
     void addHeads(Chord &chord);
     void chooseStems();
     void chooseStem(const std::vector<std::size_t> &chain);

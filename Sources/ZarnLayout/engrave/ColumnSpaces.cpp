@@ -82,6 +82,27 @@ void addWordSpaces(const Chord &chord, const Fonts &fonts, std::vector<SpaceBox>
     }
 }
 
+/// What hangs on a beat, be it drawn or not.
+void addSignSpaces(const Chord &chord, const Fonts &fonts, std::vector<SpaceBox> &boxes)
+{
+    const BeatMarks &marks = chord.beat->marks;
+    if (marks.dynamic() != NoteDynamic()) {
+        const double half = widthOf(marks.dynamic()) / 2;
+        const double centre = chord.x + chord.width / 2;
+        boxes.push_back({{centre - half, dynamicSpaceY, centre + half, dynamicSpaceY + 1},
+                         SpaceBox::Kind::Text});
+    }
+    if (const PedalChange pedal = marks.pedal(); pedal != PedalChange::None) {
+        const double width = pedal == PedalChange::Start ? 3.3
+            : pedal == PedalChange::Stop                 ? 1.4
+                                                         : 5.0;
+        boxes.push_back(
+            {{chord.x, pedalSpaceY, chord.x + width, pedalSpaceY + 1}, SpaceBox::Kind::Text});
+    }
+    if (chord.beat->details)
+        addWordSpaces(chord, fonts, boxes);
+}
+
 /// Lines that lead to a head from elsewhere or from it to elsewhere.
 void addSlideSpaces(const Chord &chord, const EngravedBar &bar, const BarSource &source,
                     std::vector<SpaceBox> &boxes)
@@ -240,26 +261,12 @@ void addSpaces(EngravedBar &bar, const BarSource &source, const Row &row, const 
             const Ink &ink = bar.inks[i];
             boxes.push_back({ink.box.movedBy(chord.x, 0), kindOf(ink.kind)});
         }
-        if (row.isFirstOfStaff && chord.beat->marks.dynamic() != NoteDynamic()) {
-            const double half = widthOf(chord.beat->marks.dynamic()) / 2;
-            const double centre = chord.x + chord.width / 2;
-            boxes.push_back({{centre - half, dynamicSpaceY, centre + half, dynamicSpaceY + 1},
-                             SpaceBox::Kind::Text});
-        }
-        if (row.isFirstOfStaff && chord.beat->marks.pedal() != PedalChange::None) {
-            const PedalChange pedal = chord.beat->marks.pedal();
-            const double width = pedal == PedalChange::Start ? 3.3
-                : pedal == PedalChange::Stop                 ? 1.4
-                                                             : 5.0;
-            boxes.push_back(
-                {{chord.x, pedalSpaceY, chord.x + width, pedalSpaceY + 1}, SpaceBox::Kind::Text});
-        }
+        if (row.isFirstOfStaff)
+            addSignSpaces(chord, fonts, boxes);
         if (chord.beat->marks.tremoloToNext() > 0
             && (row.notation != Notation::Tablature || row.hasRhythm))
             boxes.push_back(tremoloSpace(chord, bar, row));
         addLinkSpaces(chord, bar, source, row, boxes);
-        if (row.isFirstOfStaff && chord.beat->details)
-            addWordSpaces(chord, fonts, boxes);
         // The strokes of a tremolo reach over both sides of the stem.
         constexpr double halfStroke = 0.65;
         if (chord.hasStem && chord.beat->marks.tremolo() > 0)
@@ -274,6 +281,9 @@ void addSpaces(EngravedBar &bar, const BarSource &source, const Row &row, const 
                              SpaceBox::Kind::Stem});
         }
     }
+    if (row.isFirstOfStaff)
+        for (const Chord &chord : bar.silent)
+            addSignSpaces(chord, fonts, bar.columns[chord.column].boxes);
 }
 
 } // namespace zarn::engraving

@@ -93,6 +93,10 @@ struct EngravedBar {
     std::vector<Chord> chords; ///< voice by voice, in time
     Inks inks;                 ///< of the chords, around their origins
 
+    /// What signs hang on that has no ink of its own in the columns: rests of whole bars, which
+    /// stand in the middle, and beats that are hidden. Voice by voice, in time.
+    std::vector<Chord> silent;
+
     /// Around the columns: the boxes of a column follow one another.
     struct ColumnSpace {
         std::vector<SpaceBox> boxes;

@@ -379,10 +379,10 @@ void addBeatSigns(RowDraft &row, const SystemDraft &draft)
     }
     for (const BeatSign &sign : beatSigns)
         if (carries(*row.row, sign.rows))
-            for (const PlacedChord &chord : row.chords) {
-                Inks inks = sign.make(pen, chord, row);
+            for (const PlacedChord *const chord : carriersOf(row)) {
+                Inks inks = sign.make(pen, *chord, row);
                 keepOnLine(inks, draft);
-                addItem(row, chord, sign.side, std::move(inks), -1);
+                addItem(row, *chord, sign.side, std::move(inks), -1);
             }
 }
 

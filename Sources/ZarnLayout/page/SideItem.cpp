@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <tuple>
 
 namespace zarn::engraving {
 
@@ -184,6 +185,25 @@ MarkPlace placeOf(const RowDraft &row, const PlacedChord &chord, int note)
     place.beat = static_cast<std::int16_t>(chord.beat().index);
     place.note = static_cast<std::int16_t>(note);
     return place;
+}
+
+std::vector<const PlacedChord *> carriersOf(const RowDraft &row)
+{
+    std::vector<const PlacedChord *> carriers;
+    carriers.reserve(row.chords.size() + row.silent.size());
+    for (const PlacedChord &chord : row.chords)
+        carriers.push_back(&chord);
+    for (const PlacedChord &chord : row.silent)
+        carriers.push_back(&chord);
+    const auto order = [](const PlacedChord *chord) {
+        return std::make_tuple(chord->chord->voice, chord->shownBar, chord->beat().index);
+    };
+    if (!row.silent.empty())
+        std::stable_sort(carriers.begin(), carriers.end(),
+                         [&](const PlacedChord *left, const PlacedChord *right) {
+                             return order(left) < order(right);
+                         });
+    return carriers;
 }
 
 const PlacedChord *nextChord(const RowDraft &row, std::size_t number)

@@ -87,6 +87,9 @@ double rightOf(const PlacedChord &chord);
 
 MarkPlace placeOf(const RowDraft &row, const PlacedChord &chord, int note = -1);
 
+/// All that signs hang on, voice by voice, in time: chords, and what is not drawn in its place.
+std::vector<const PlacedChord *> carriersOf(const RowDraft &row);
+
 /// The chord of the same voice behind one, whose number is given; null when there is none.
 const PlacedChord *nextChord(const RowDraft &row, std::size_t number);
 

@@ -356,8 +356,9 @@ void addOttavas(RowDraft &row, const SystemDraft &draft)
 /// Words over beats, with dashes as far as they hold.
 void addWords(RowDraft &row, const SystemDraft &draft)
 {
-    for (std::size_t i = 0; i < row.chords.size(); ++i) {
-        const PlacedChord &chord = row.chords[i];
+    const auto carriers = carriersOf(row);
+    for (std::size_t i = 0; i < carriers.size(); ++i) {
+        const PlacedChord &chord = *carriers[i];
         const auto &details = chord.beat().details;
         if (!details || details->text.empty())
             continue;
@@ -380,10 +381,10 @@ void addWords(RowDraft &row, const SystemDraft &draft)
             move(item.inks, std::max(draft.staffLeft - chord.x, draft.right - end), 0);
         if (details->textSpan == TextSpan::Begin) {
             double right = draft.right;
-            for (std::size_t k = i + 1; k < row.chords.size(); ++k)
-                if (const auto &other = row.chords[k].beat().details;
+            for (std::size_t k = i + 1; k < carriers.size(); ++k)
+                if (const auto &other = carriers[k]->beat().details;
                     other && other->textSpan == TextSpan::End) {
-                    right = rightOf(row.chords[k]);
+                    right = rightOf(*carriers[k]);
                     break;
                 }
             for (Ink &ink :
@@ -401,7 +402,8 @@ void addWords(RowDraft &row, const SystemDraft &draft)
 void addPedals(RowDraft &row, const SystemDraft &draft)
 {
     SideItems items;
-    for (const PlacedChord &chord : row.chords) {
+    for (const PlacedChord *const carrier : carriersOf(row)) {
+        const PlacedChord &chord = *carrier;
         const PedalChange pedal = chord.beat().marks.pedal();
         if (pedal == PedalChange::None)
             continue;

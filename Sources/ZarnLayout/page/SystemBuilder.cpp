@@ -278,9 +278,10 @@ std::vector<WaitingRest> SystemBuilder::placeRow(SystemDraft &draft, RowDraft &r
     for (unsigned voice = 0; voice < Bar::MaxVoices; ++voice)
         for (const BarPlace &bar : draft.bars) {
             const EngravedBar &engraved = _score.bar(row.number, bar.shownBar);
-            for (const Chord &chord : engraved.chords) {
-                if (chord.voice != voice || chord.column >= bar.columns.size())
-                    continue;
+            const auto isHere = [&](const Chord &chord) {
+                return chord.voice == voice && chord.column < bar.columns.size();
+            };
+            const auto placedOf = [&](const Chord &chord) {
                 PlacedChord placed;
                 placed.chord = &chord;
                 placed.source = &_score.source(row.number, bar.shownBar);
@@ -288,6 +289,15 @@ std::vector<WaitingRest> SystemBuilder::placeRow(SystemDraft &draft, RowDraft &r
                 placed.bar = _score.shown[bar.shownBar].bar;
                 placed.x = bar.columns[chord.column] + chord.x;
                 placed.stemTip = chord.stemTip;
+                return placed;
+            };
+            for (const Chord &chord : engraved.silent)
+                if (isHere(chord))
+                    row.silent.push_back(placedOf(chord));
+            for (const Chord &chord : engraved.chords) {
+                if (!isHere(chord))
+                    continue;
+                const PlacedChord placed = placedOf(chord);
                 row.chords.push_back(placed);
                 const bool waits = chord.isRest() && chord.hasRival;
                 if (waits)

@@ -52,6 +52,7 @@ struct RowDraft {
     int stringCount = 0; ///< of the staff's tuning
     Inks inks;
     std::vector<PlacedChord> chords; ///< voice by voice, in time
+    std::vector<PlacedChord> silent; ///< what signs hang on that is not drawn in its place
     Skyline above;                   ///< reaches upwards: -y
     Skyline below;                   ///< reaches downwards: y
     double y = 0;                    ///< of the top line, in the system

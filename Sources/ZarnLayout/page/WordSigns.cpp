@@ -191,7 +191,9 @@ void addDynamics(RowDraft &row, const SystemDraft &draft)
     const Side side = sideOfDynamics(row);
     SideItems items;
     std::vector<std::pair<double, double>> taken; // of dynamics, for hairpins to end at
-    for (const PlacedChord &chord : row.chords) {
+    auto carriers = carriersOf(row);
+    for (const PlacedChord *const carrier : carriers) {
+        const PlacedChord &chord = *carrier;
         std::vector<Sign> signs = signsOf(chord.beat().marks.dynamic());
         for (const Sign sign : signsOf(chord.beat().marks.attackDynamic()))
             signs.push_back(sign);
@@ -219,20 +221,29 @@ void addDynamics(RowDraft &row, const SystemDraft &draft)
             ink.place = placeOf(row, chord);
         items.push_back(std::move(item));
     }
-    for (std::size_t i = 0; i < row.chords.size();) {
-        const Hairpin kind = row.chords[i].beat().marks.hairpin();
+    // What is not drawn does not part a hairpin.
+    carriers.erase(std::remove_if(carriers.begin(), carriers.end(),
+                                  [](const PlacedChord *chord) {
+                                      const BeatSource &beat = chord->beat();
+                                      return (beat.isPlaceHolder || beat.isWholeBarRest)
+                                          && beat.marks.hairpin() == Hairpin::NoHairpin;
+                                  }),
+                   carriers.end());
+    for (std::size_t i = 0; i < carriers.size();) {
+        const PlacedChord &first = *carriers[i];
+        const Hairpin kind = first.beat().marks.hairpin();
         std::size_t end = i + 1;
-        while (end < row.chords.size() && kind != Hairpin::NoHairpin && kind != Hairpin::Swell
-               && row.chords[end].chord->voice == row.chords[i].chord->voice
-               && row.chords[end].beat().marks.hairpin() == kind
-               && !row.chords[end].beat().marks.beginsHairpin())
+        while (end < carriers.size() && kind != Hairpin::NoHairpin && kind != Hairpin::Swell
+               && carriers[end]->chord->voice == first.chord->voice
+               && carriers[end]->beat().marks.hairpin() == kind
+               && !carriers[end]->beat().marks.beginsHairpin())
             ++end;
         if (kind != Hairpin::NoHairpin) {
-            const PlacedChord &first = row.chords[i];
-            const PlacedChord &last = row.chords[end - 1];
-            const PlacedChord *next = nextChord(row, end - 1);
+            const PlacedChord &last = *carriers[end - 1];
+            const PlacedChord *const next = end < carriers.size() ? carriers[end] : nullptr;
             double left = first.x;
-            const bool isInBar = next && next->shownBar == last.shownBar;
+            const bool isInBar =
+                next && next->chord->voice == last.chord->voice && next->shownBar == last.shownBar;
             double right = (isInBar ? next->x : draft.barOf(last).right) - 0.4;
             for (const auto &[start, stop] : taken) {
                 if (start <= left + 0.5 && stop > left)
@@ -241,7 +252,7 @@ void addDynamics(RowDraft &row, const SystemDraft &draft)
                     right = std::min(right, start - 0.3);
             }
             const bool isFirstOfVoice =
-                i == 0 || row.chords[i - 1].chord->voice != first.chord->voice;
+                i == 0 || carriers[i - 1]->chord->voice != first.chord->voice;
             const bool comes = isFirstOfVoice && draft.first > 0 && first.shownBar == draft.first
                 && !first.beat().marks.beginsHairpin() && first.beat().index == 0
                 && wasOpen(draft, row, first, kind);
@@ -275,12 +286,13 @@ void addLyrics(RowDraft &row, const SystemDraft &draft)
     // Voices that sing at once have lines of their own; others take turns on one.
     std::map<std::pair<unsigned, unsigned>, std::vector<Sung>> lines;
     const std::uint8_t visible = draft.score.tracks[row.row->track].lyricsVisible;
-    for (std::size_t i = 0; i < row.chords.size(); ++i)
-        if (const auto &details = row.chords[i].beat().details)
+    const auto carriers = carriersOf(row);
+    for (std::size_t i = 0; i < carriers.size(); ++i)
+        if (const auto &details = carriers[i]->beat().details)
             for (const Syllable &syllable : details->lyrics)
                 if ((visible >> syllable.line & 1) != 0)
-                    lines[{syllable.line, row.chords[i].chord->voice}].push_back(
-                        {&row.chords[i], &syllable, {}, i});
+                    lines[{syllable.line, carriers[i]->chord->voice}].push_back(
+                        {carriers[i], &syllable, {}, i});
     for (auto line = lines.begin(); line != lines.end();) {
         const auto first = lines.find({line->first.first, 0});
         const bool isSecond = line->first.second > 0 && first != lines.end();
@@ -352,8 +364,8 @@ void addLyrics(RowDraft &row, const SystemDraft &draft)
                 }
             } else if (entry.syllable->hasMelisma) {
                 double right = entry.box.right;
-                for (std::size_t k = entry.number + 1; k < row.chords.size(); ++k) {
-                    const PlacedChord &chord = row.chords[k];
+                for (std::size_t k = entry.number + 1; k < carriers.size(); ++k) {
+                    const PlacedChord &chord = *carriers[k];
                     if (chord.chord->voice != entry.chord->chord->voice || chord.chord->isRest())
                         break;
                     if (chord.headCentre() >= next)
@@ -377,7 +389,8 @@ void addChordSymbols(RowDraft &row, const SystemDraft &draft)
         return;
     SideItems diagrams;
     SideItems symbols;
-    for (const PlacedChord &chord : row.chords) {
+    for (const PlacedChord *const carrier : carriersOf(row)) {
+        const PlacedChord &chord = *carrier;
         const auto &details = chord.beat().details;
         if (!details || details->chord.isEmpty())
             continue;

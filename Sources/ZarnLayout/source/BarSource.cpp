@@ -11,9 +11,21 @@ bool BarSource::isEmpty() const noexcept
         return false;
     return std::all_of(voices.begin(), voices.end(), [](const VoiceSource &voice) {
         return std::all_of(voice.beats.begin(), voice.beats.end(), [](const BeatSource &beat) {
-            return (beat.isWholeBarRest || beat.isPlaceHolder || beat.isRest) && !beat.details;
+            return (beat.isWholeBarRest || beat.isPlaceHolder || beat.isRest) && !beat.details
+                && !beat.carriesSigns();
         });
     });
+}
+
+bool BeatSource::carriesSigns() const noexcept
+{
+    const bool hasWords = details
+        && (!details->text.empty() || !details->chord.isEmpty() || !details->lyrics.empty()
+            || details->textSpan != TextSpan::None);
+    return hasWords || marks.dynamic() != NoteDynamic()
+        || marks.attackDynamic() != AttackDynamic::None || marks.hairpin() != Hairpin::NoHairpin
+        || marks.pedal() != PedalChange::None || marks.breath() != BreathSign::None
+        || marks.fadding() != Fadding::NoFadding || marks.hasTimer();
 }
 
 std::string endingText(std::uint32_t passes)

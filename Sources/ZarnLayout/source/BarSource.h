@@ -86,6 +86,9 @@ struct BeatSource {
 
     bool isGrace() const noexcept { return graceRank != 0; }
 
+    /// Whether signs hang on it that are drawn even where it is not: words, dynamics, pedals ...
+    bool carriesSigns() const noexcept;
+
     /// Flags or beams; 0 for quarters and longer.
     int flagCount() const noexcept
     {

@@ -229,7 +229,7 @@ Onsets onsetsOf(const std::vector<const BarSource *> &staves)
             continue;
         for (const VoiceSource &voice : staff->voices)
             for (const BeatSource &beat : voice.beats)
-                if (!beat.isWholeBarRest && !beat.isPlaceHolder)
+                if ((!beat.isWholeBarRest && !beat.isPlaceHolder) || beat.carriesSigns())
                     onsets.push_back(beat.onset);
     }
     std::sort(onsets.begin(), onsets.end());
