@@ -138,7 +138,36 @@ public:
         const bool isAbove = sideOf(span);
         // Over one chord at most, a slur finds its way between the notes of other voices.
         const bool isShort = span.last - span.first < 2;
-        const bool isBetween = isShort && (isInner(first, isAbove) || isInner(last, isAbove));
+        Bow bow = bestOn(span, isAbove, isShort);
+        if (span.side != SlurSide::Auto && isOnInk(bow))
+            bow = offInk(span, isAbove, bow);
+        addCurve(first, bow, span.line);
+    }
+
+private:
+    bool isOnInk(const Bow &bow) const
+    {
+        constexpr double touch = 0.01;
+        return _field.coveredBy(bow, 0) > touch;
+    }
+
+    /// The way that gives way where the given side has no free one: between the voices, else on the
+    /// other side; what there is already where they are on ink as well.
+    Bow offInk(const SlurSpan &span, bool isAbove, const Bow &given) const
+    {
+        for (const auto &[side, mayBeBetween] :
+             {std::pair(isAbove, true), std::pair(!isAbove, false), std::pair(!isAbove, true)})
+            if (const Bow bow = bestOn(span, side, mayBeBetween); !isOnInk(bow))
+                return bow;
+        return given;
+    }
+
+    /// The best curve on a side, around the notes of other voices or between them.
+    Bow bestOn(const SlurSpan &span, bool isAbove, bool mayBeBetween) const
+    {
+        const PlacedChord &first = _row.chords[span.first];
+        const PlacedChord &last = _row.chords[span.last];
+        const bool isBetween = mayBeBetween && (isInner(first, isAbove) || isInner(last, isAbove));
         // So does the end of one whose side is given, where another voice lies on that side.
         const auto endsBeside = [&](const PlacedChord &chord) {
             return isBetween || (span.side != SlurSide::Auto && isInner(chord, isAbove));
@@ -165,10 +194,9 @@ public:
         Bow bow = Bow::arched(from, to, sign * heightOf(to.x - from.x));
         if (!isBetween)
             bow = aroundNotes(bow, isAbove);
-        addCurve(first, leastInked(bow, sign, _field), span.line);
+        return leastInked(bow, sign, _field);
     }
 
-private:
     /// How far a slur reaches whose other end is not to be seen, behind bars of rest.
     static constexpr double stub = 5;
 
