@@ -9,6 +9,8 @@
 #include <ZarnLayout/export/ZarnLayoutDump.h>
 #include <ZarnLayout/session/ZarnLayoutSession.h>
 
+#include <QString>
+
 #include <gtest/gtest.h>
 
 #include <atomic>
@@ -79,7 +81,7 @@ TEST(LayoutSessionTest, showsRandomEditsOfRealScoresAsTheyAre)
 }
 
 /// A score of some pages: its bars hold the same notes, but not all of them.
-std::shared_ptr<ScoreModel> somePages(unsigned barCount)
+std::shared_ptr<ScoreModel> somePages(unsigned barCount, bool isSteady = false)
 {
     auto model = std::make_shared<ScoreModel>();
     model->insertEmptyBarColumns(0, barCount);
@@ -91,7 +93,8 @@ std::shared_ptr<ScoreModel> somePages(unsigned barCount)
             for (unsigned b = 0; b < 4; ++b) {
                 const auto beat = std::make_shared<Beat>();
                 voice->addBeat(beat);
-                beat->addNote(std::make_shared<Note>(static_cast<int>(50 + bar->index() % 9 + b)));
+                const auto step = isSteady ? 0 : bar->index() % 9 + b;
+                beat->addNote(std::make_shared<Note>(static_cast<int>(50 + step)));
             }
         }
     return model;
@@ -168,6 +171,110 @@ TEST(LayoutSessionTest, laysOutOnlyWhatAnEditReaches)
     EXPECT_EQ(session.update().layout->pages().size(), 1U);
     score.setScoreModel(somePages(8));
     EXPECT_EQ(differenceOf(*layOut(*score.scoreModel(), scroll), *session.update().layout), "");
+}
+
+TEST(LayoutSessionTest, laysOutOnlyTheBarsOfALineThatAnEditReaches)
+{
+    Score score;
+    score.setScoreModel(somePages(120));
+    LayoutOptions line;
+    line.view = ViewLayout::SingleLine;
+    LayoutSession session(score, line);
+    const auto first = session.update().layout;
+    ASSERT_EQ(first->pages().size(), 1U);
+    const std::size_t count = systemCount(*first);
+    ASSERT_GE(count, 10U);
+
+    // What finds room changes the bars around it, and is drawn again there alone.
+    const auto boxOf = [](const LayoutUpdate &update) {
+        Box box = update.changed.front().box;
+        for (const PlacedBox &other : update.changed)
+            box = box.unitedWith(other.box);
+        return box;
+    };
+    ASSERT_TRUE(setDynamic(score, 0, 60, 1, forte));
+    const LayoutUpdate second = session.update();
+    EXPECT_GE(sharedSystems(*first, *second.layout), count - 2);
+    const Unit width = first->fromMicrometres(first->pages()[0].width);
+    ASSERT_FALSE(second.changed.empty());
+    EXPECT_LT(boxOf(second).right - boxOf(second).left, width / 4);
+
+    // What needs more of it moves all bars behind, which are the same; so is what is in front.
+    const ScoreModelIndex place(score.scoreModel().get(), 1, 61, 1, 0, 0);
+    ASSERT_TRUE(score.setBeatFreeText(ScoreModelRange(place), QStringLiteral("pizzicato")));
+    ASSERT_TRUE(score.createBars(62, 1));
+    const LayoutUpdate third = session.update();
+    EXPECT_GT(third.layout->pages()[0].systems.back().at.x,
+              second.layout->pages()[0].systems.back().at.x);
+    EXPECT_EQ(third.layout->pages()[0].systems[5].drawing,
+              second.layout->pages()[0].systems[5].drawing);
+    EXPECT_GT(boxOf(third).left, width / 4);
+    EXPECT_GE(boxOf(third).right, third.layout->fromMicrometres(third.layout->pages()[0].width));
+
+    // All parts have their staves at the same heights, also when one pushes them apart.
+    ScoreModelIndex high(score.scoreModel().get(), 1, 30, 1, 0, 0);
+    ASSERT_TRUE(score.setBeatFreeText(ScoreModelRange(high), QStringLiteral("high")));
+    high.setNoteMidi(static_cast<std::uint32_t>(high.beat()->notes().front()->midi()));
+    ASSERT_TRUE(score.setMIDINote(high, 86));
+    const auto fourth = session.update().layout;
+    const auto &systems = fourth->pages()[0].systems;
+    EXPECT_GT(systems[0].drawing->staves.back().top,
+              third.layout->pages()[0].systems[0].drawing->staves.back().top);
+    for (const PlacedSystem &system : systems) {
+        EXPECT_EQ(system.drawing->staves, systems[0].drawing->staves);
+        EXPECT_EQ(system.at.y, systems[0].at.y);
+    }
+    score.commandStack().undo();
+    score.commandStack().undo();
+    EXPECT_EQ(differenceOf(*third.layout, *session.update().layout), "");
+}
+
+/// All bars but the first are the same: a part of a line shows none of its ends.
+TEST(LayoutSessionTest, drawsALineWithoutSeams)
+{
+    Score score;
+    score.setScoreModel(somePages(40, true));
+    const auto at = [&](int bar, int beat) {
+        return ScoreModelIndex(score.scoreModel().get(), 0, bar, beat, 0, 0);
+    };
+    for (int bar = 1; bar < 40; ++bar)
+        ASSERT_TRUE(score.setBeatTied(ScoreModelRange(at(bar, 0)), true));
+    ASSERT_TRUE(score.setBeatHairpin(ScoreModelRange(at(3, 0), at(29, 3)), Hairpin::Crescendo));
+    LayoutOptions line;
+    line.view = ViewLayout::SingleLine;
+    const auto layout = layOut(*score.scoreModel(), line);
+    const auto &systems = layout->pages()[0].systems;
+    ASSERT_GE(systems.size(), 5U);
+    std::map<MarkKind, unsigned> counts;
+    std::vector<std::pair<Unit, Unit>> staffLines; ///< of the uppermost line
+    std::vector<Unit> columns;
+    for (const PlacedSystem &system : systems) {
+        for (const DrawMark &mark : system.drawing->marks.marks()) {
+            ++counts[mark.kind];
+            const Box box = system.drawing->marks.box(mark, layout->font()).movedBy(system.at);
+            if (mark.kind == MarkKind::StaffLine && mark.place.track == 0 && box.top < system.at.y
+                && box.bottom > system.at.y)
+                staffLines.push_back({box.left, box.right});
+            if (mark.kind == MarkKind::Tie) {
+                EXPECT_GT(box.right - box.left, 2 * staffSpace);
+            }
+        }
+        for (const BarFrame &bar : system.drawing->bars)
+            for (const ColumnFrame &column : bar.columns)
+                columns.push_back(system.at.x + column.x);
+    }
+    EXPECT_EQ(counts[MarkKind::NoteHead], 40U * 4 * 3);
+    EXPECT_EQ(counts[MarkKind::Tie], 39U);
+    EXPECT_EQ(counts[MarkKind::Hairpin], 2U);
+    EXPECT_EQ(counts[MarkKind::BarLine], 41U * 3);
+    ASSERT_EQ(staffLines.size(), systems.size());
+    for (std::size_t i = 1; i < staffLines.size(); ++i) {
+        EXPECT_GT(staffLines[i - 1].second, staffLines[i].first);
+        EXPECT_LT(staffLines[i - 1].second, staffLines[i].first + staffSpace / 4);
+    }
+    ASSERT_EQ(columns.size(), 160U);
+    for (std::size_t i = 12; i < columns.size(); ++i)
+        EXPECT_NEAR(columns[i] - columns[i - 4], columns[8] - columns[4], 2);
 }
 
 TEST(LayoutSessionTest, doesNotTakeAnOldJobForTheNewestLayout)

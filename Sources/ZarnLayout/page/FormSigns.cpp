@@ -348,9 +348,8 @@ void addTempos(SystemDraft &draft, RowDraft &row)
             Inks inks = tempoInks(draft.pen, tempo, x, 1);
             // What is longer than the line becomes smaller.
             const double width = inks.empty() ? 0 : boxOf(inks).width();
-            const double room = draft.right - draft.staffLeft;
-            if (width > room)
-                inks = tempoInks(draft.pen, tempo, x, room / width);
+            if (width > draft.room)
+                inks = tempoInks(draft.pen, tempo, x, draft.room / width);
             if (!inks.empty())
                 putAbove(row, keepInside(std::move(inks)), where, 0.9);
         }

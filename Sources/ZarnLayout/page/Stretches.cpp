@@ -373,9 +373,8 @@ void addWords(RowDraft &row, const SystemDraft &draft)
         reportMissingSigns(details->text, draft.pen.fonts(), placeOf(row, chord), draft.problems);
         if (item.inks.empty())
             continue;
-        const double room = draft.right - draft.staffLeft;
-        if (const double width = boxOf(item.inks).right - chord.x; width > room)
-            item.inks = words(room / width);
+        if (const double width = boxOf(item.inks).right - chord.x; width > draft.room)
+            item.inks = words(draft.room / width);
         // A text at the end of a line stays on the sheet.
         if (const double end = boxOf(item.inks).right; end > draft.right)
             move(item.inks, std::max(draft.staffLeft - chord.x, draft.right - end), 0);

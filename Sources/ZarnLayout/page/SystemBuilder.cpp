@@ -9,6 +9,7 @@
 #include <ZarnLayout/page/RowEngravers.h>
 #include <ZarnLayout/page/RowHangers.h>
 #include <ZarnLayout/page/SystemHead.h>
+#include <ZarnLayout/page/WordRods.h>
 
 #include <algorithm>
 #include <cmath>
@@ -26,6 +27,7 @@ constexpr double inkGap = 0.6;        ///< between ink of neighbouring rows
 constexpr double inkGapInStaff = 1.2; ///< where nothing but distance parts notes and numbers
 constexpr double mostSqueezed = 0.75; ///< of the least width of several bars
 constexpr double loosest = 1.35;      ///< factor of a last line that is still drawn out
+constexpr double anywhere = 1e9;      ///< right of all ink
 
 bool changesClef(const BarSource &bar)
 {
@@ -71,35 +73,71 @@ std::vector<bool> SystemBuilder::joinedRows() const
     return joined;
 }
 
-DrawnSystem SystemBuilder::build(unsigned first, unsigned end, double width, bool isJustified) const
+SystemDraft SystemBuilder::draftOf(unsigned first, unsigned end) const
 {
     _lines.clear();
     SystemDraft draft(_score, _pen, _problems);
     draft.first = first;
     draft.end = end;
     draft.isFirst = first == 0;
-    draft.staffLeft = indentOf(_score, _pen, draft.isFirst);
+    return draft;
+}
+
+void SystemBuilder::addRows(SystemDraft &draft, double width) const
+{
+    draft.rows.reserve(_score.rows.size());
     for (unsigned i = 0; i < _score.rows.size(); ++i) {
         draft.rows.emplace_back(_score.rows[i], i, width);
         draft.rows.back().stringCount =
             static_cast<int>(_score.tracks[_score.rows[i].track].stringCount);
     }
+}
+
+DrawnSystem SystemBuilder::build(unsigned first, unsigned end, double width, bool isJustified) const
+{
+    SystemDraft draft = draftOf(first, end);
+    draft.staffLeft = indentOf(_score, _pen, draft.isFirst);
+    addRows(draft, width);
     placeBars(draft, width, isJustified);
     CrossStaffBeams beams = placeRows(draft);
     addRowSigns(draft);
-    separateRows(draft);
+    separateRows(draft, 0, anywhere);
     beams.draw();
     addCrossStaffSlurs(draft);
     addSystemHead(draft);
+    addBarLines(draft);
+
+    BuiltSystem system;
+    measure(draft, 0, anywhere, system);
+    system.right = draft.right;
+    system.bare = {draft.staffLeft, system.above, system.top};
+    addNumber(draft, system);
+    system.rowsStretch = rowsStretch(draft);
+    system.stretch = std::accumulate(system.rowsStretch.begin(), system.rowsStretch.end(), 0.0);
+    const auto drawing = draw(draft, 0, system);
+    const auto &marks = drawing->marks.marks();
+    const auto mark = std::find_if(marks.begin(), marks.end(), [](const layout::DrawMark &drawn) {
+        return drawn.kind == MarkKind::BarNumber;
+    });
+    if (mark != marks.end())
+        system.numberMark = static_cast<std::uint32_t>(mark - marks.begin());
+    return {std::move(system), drawing};
+}
+
+void SystemBuilder::addBarLines(SystemDraft &draft) const
+{
     const std::vector<bool> joined = joinedRows();
     const std::vector<Readable> readables = readablesBetweenRows(draft);
     for (const LineJob &job : _lines)
         addBarLine(draft, job.style, job.x, joined, job.bar, readables);
+}
 
-    BuiltSystem system;
+void SystemBuilder::measure(const SystemDraft &draft, double left, double right,
+                            BuiltSystem &system) const
+{
     for (const RowDraft &row : draft.rows) {
-        system.top = std::max(system.top, row.above.outermost() - row.y);
-        system.bottom = std::max(system.bottom, row.below.outermost() + row.y);
+        system.top = std::max(system.top, row.above.reach(left, right) - row.y);
+        system.bottom = std::max(system.bottom, row.below.reach(left, right) + row.y);
         // With the handles of curves: whoever measures boxes finds them inside too.
         for (const Ink &ink : row.inks)
             for (const Point &point : ink.points) {
@@ -117,25 +155,17 @@ DrawnSystem SystemBuilder::build(unsigned first, unsigned end, double width, boo
         system.lastRow = draft.rows.back().y;
         system.lastHeight = draft.rows.back().row->height();
     }
-    system.right = draft.right;
-    system.bare = {draft.staffLeft, system.above, system.top};
-    const BarNumber number(_score.number(first), system.bare, _pen);
-    if (number.isShown() && !draft.rows.empty()) {
-        Ink ink = number.ink();
-        ink.place.bar = static_cast<std::int32_t>(_score.shown[first].bar);
-        system.addNumber(ink);
-        draft.rows.front().inks.push_back(std::move(ink));
-    }
-    system.rowsStretch = rowsStretch(draft);
-    system.stretch = std::accumulate(system.rowsStretch.begin(), system.rowsStretch.end(), 0.0);
-    const auto drawing = draw(draft, system);
-    const auto &marks = drawing->marks.marks();
-    const auto mark = std::find_if(marks.begin(), marks.end(), [](const layout::DrawMark &drawn) {
-        return drawn.kind == MarkKind::BarNumber;
-    });
-    if (mark != marks.end())
-        system.numberMark = static_cast<std::uint32_t>(mark - marks.begin());
-    return {std::move(system), drawing};
+}
+
+void SystemBuilder::addNumber(SystemDraft &draft, BuiltSystem &system) const
+{
+    const BarNumber number(_score.number(draft.first), system.bare, _pen);
+    if (!number.isShown() || draft.rows.empty())
+        return;
+    Ink ink = number.ink();
+    ink.place.bar = static_cast<std::int32_t>(_score.shown[draft.first].bar);
+    system.addNumber(ink);
+    draft.rows.front().inks.push_back(std::move(ink));
 }
 
 void BuiltSystem::addNumber(const Ink &ink)
@@ -145,35 +175,13 @@ void BuiltSystem::addNumber(const Ink &ink)
     top = std::max(bare.top, -ink.box.top);
 }
 
-void SystemBuilder::keepWordsApart(unsigned shownBar, unsigned start, SpringLine &line,
-                                   WordEnds &last) const
-{
-    // Words may reach over bar lines, but not into the words behind them. The end of the bar is the
-    // last column of the line: what binds its neighbours binds it too.
-    for (unsigned row = 0; row < _score.rows.size(); ++row) {
-        const EngravedBar &bar = _score.bar(row, shownBar);
-        for (unsigned column = 0; column < bar.columns.size(); ++column)
-            for (const SpaceBox &box : bar.columns[column].boxes) {
-                if (box.kind != SpaceBox::Kind::Text)
-                    continue;
-                const auto key = std::make_pair(row, static_cast<int>(box.box.top));
-                const unsigned number = start + column;
-                const auto before = last.find(key);
-                if (before != last.end() && before->second.first < start)
-                    line.addRodTo(number, before->second.first,
-                                  before->second.second - box.box.left + 0.6);
-                last[key] = {number, box.box.right};
-            }
-    }
-}
-
 void SystemBuilder::placeBars(SystemDraft &draft, double width, bool isJustified) const
 {
     const Joint head = jointBefore(_score, draft.first, JointPlace::Head, _pen);
     const Joint tail = jointBefore(_score, draft.end, JointPlace::Tail, _pen);
     std::vector<Joint> joints;
-    WordEnds lastWords;
     SpringLine line;
+    WordRods words(_score, line);
     line.addColumn(0, 0);
     line.addColumn(head.width, 0);
     for (unsigned i = draft.first; i < draft.end; ++i) {
@@ -183,10 +191,9 @@ void SystemBuilder::placeBars(SystemDraft &draft, double width, bool isJustified
         }
         const unsigned start = line.columnCount();
         _score.spaced(i).addTo(line);
-        keepWordsApart(i, start, line, lastWords);
+        words.addBar(i, start);
     }
-    for (const auto &[key, end] : lastWords)
-        line.addRodTo(line.columnCount() - 1, end.first, end.second - tail.width + 0.1);
+    words.endAt(tail.width);
     const double room = width - draft.staffLeft - tail.width;
     const bool isLastLine = draft.end == _score.shown.size();
     double factor = isJustified ? line.factorFor(room) : 1;
@@ -234,6 +241,7 @@ void SystemBuilder::placeBars(SystemDraft &draft, double width, bool isJustified
     }
     placeJoint(draft, tail, places.back(), draft.end);
     draft.right = places.back() + tail.width;
+    draft.room = draft.right - draft.staffLeft;
 }
 
 void SystemBuilder::placeJoint(SystemDraft &draft, const Joint &joint, double x,
@@ -370,7 +378,7 @@ CrossStaffBeams SystemBuilder::placeRows(SystemDraft &draft) const
     return beams;
 }
 
-void SystemBuilder::separateRows(SystemDraft &draft) const
+void SystemBuilder::separateRows(SystemDraft &draft, double left, double right) const
 {
     for (std::size_t i = 1; i < draft.rows.size(); ++i) {
         const RowDraft &upper = draft.rows[i - 1];
@@ -380,7 +388,7 @@ void SystemBuilder::separateRows(SystemDraft &draft) const
                                                                 : gapInStaff;
         lower.y = upper.y
             + std::max(upper.row->height() + gap,
-                       upper.below.distance(lower.above)
+                       upper.below.distance(lower.above, left, right)
                            + (gap == gapInStaff ? inkGapInStaff : inkGap));
     }
 }
@@ -417,8 +425,8 @@ void SystemBuilder::addStaffLines(const SystemDraft &draft, const RowDraft &row,
     }
 }
 
-std::shared_ptr<const layout::SystemDrawing> SystemBuilder::draw(const SystemDraft &draft,
-                                                                 BuiltSystem &system) const
+std::shared_ptr<const layout::SystemDrawing>
+SystemBuilder::draw(const SystemDraft &draft, double origin, BuiltSystem &system) const
 {
     HangerCollector hangers(draft);
     layout::DrawListBuilder builder;
@@ -427,7 +435,7 @@ std::shared_ptr<const layout::SystemDrawing> SystemBuilder::draw(const SystemDra
     for (const RowDraft &row : draft.rows) {
         Inks lines;
         addStaffLines(draft, row, lines);
-        emitter.emit(lines, 0, row.y);
+        emitter.emit(lines, -origin, row.y);
         hangers.addRow(row, lines.size());
         layout::StaffFrame frame;
         frame.track = static_cast<std::int32_t>(row.row->track);
@@ -441,22 +449,22 @@ std::shared_ptr<const layout::SystemDrawing> SystemBuilder::draw(const SystemDra
         frame.bottom = layout::fromSpaces(row.y + row.row->height());
         drawing->staves.push_back(frame);
     }
-    emitter.emit(draft.inks, 0, 0);
+    emitter.emit(draft.inks, -origin, 0);
     for (const Ink &ink : draft.inks)
         hangers.add(ink);
     for (const RowDraft &row : draft.rows) {
-        emitter.emit(row.inks, 0, row.y);
+        emitter.emit(row.inks, -origin, row.y);
         hangers.addRow(row, row.inks.size());
     }
     for (const BarPlace &bar : draft.bars) {
         layout::BarFrame frame;
         frame.firstBar = static_cast<std::int32_t>(_score.shown[bar.shownBar].bar);
         frame.barCount = static_cast<std::int32_t>(_score.shown[bar.shownBar].count);
-        frame.left = layout::fromSpaces(bar.left);
-        frame.right = layout::fromSpaces(bar.right);
+        frame.left = layout::fromSpaces(bar.left - origin);
+        frame.right = layout::fromSpaces(bar.right - origin);
         for (std::size_t i = 0; i < bar.columns.size(); ++i)
-            frame.columns.push_back(
-                {_score.spaced(bar.shownBar).onsets[i], layout::fromSpaces(bar.columns[i])});
+            frame.columns.push_back({_score.spaced(bar.shownBar).onsets[i],
+                                     layout::fromSpaces(bar.columns[i] - origin)});
         drawing->bars.push_back(std::move(frame));
     }
     drawing->marks = builder.build();

@@ -8,7 +8,6 @@
 #include <ZarnLayout/page/RowShifts.h>
 #include <ZarnLayout/page/SystemDraft.h>
 
-#include <map>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -62,23 +61,33 @@ public:
     /// its notes want to be.
     DrawnSystem build(unsigned first, unsigned end, double width, bool isJustified) const;
 
-private:
-    std::vector<bool> joinedRows() const;
-    /// By row and height of the words: their column in the line, and how far they reach from it.
-    using WordEnds = std::map<std::pair<unsigned, int>, std::pair<unsigned, double>>;
-
-    void keepWordsApart(unsigned shownBar, unsigned start, SpringLine &line, WordEnds &last) const;
-    void placeBars(SystemDraft &draft, double width, bool isJustified) const;
+protected:
+    /// Without rows: these are as wide as its bars.
+    SystemDraft draftOf(unsigned first, unsigned end) const;
+    void addRows(SystemDraft &draft, double width) const;
     void placeJoint(SystemDraft &draft, const Joint &joint, double x, unsigned bar) const;
     /// Answers with the beams between rows, which wait until these have their places.
     CrossStaffBeams placeRows(SystemDraft &draft) const;
+    /// As near as the ink between two places lets the rows come.
+    void separateRows(SystemDraft &draft, double left, double right) const;
+    void addBarLines(SystemDraft &draft) const;
+    /// Adds what reaches between two places from the top line of the first row.
+    void measure(const SystemDraft &draft, double left, double right, BuiltSystem &system) const;
+    void addNumber(SystemDraft &draft, BuiltSystem &system) const;
+    /// Seen from a place on the line. Adds what the marks hang on to the system.
+    std::shared_ptr<const layout::SystemDrawing> draw(const SystemDraft &draft, double origin,
+                                                      BuiltSystem &system) const;
+
+    const EngravedScore &_score;
+    const Pen &_pen;
+    Problems &_problems;
+
+private:
+    std::vector<bool> joinedRows() const;
+    void placeBars(SystemDraft &draft, double width, bool isJustified) const;
     /// Answers with the rests that wait until all else is placed.
     std::vector<WaitingRest> placeRow(SystemDraft &draft, RowDraft &row) const;
-    void separateRows(SystemDraft &draft) const;
     void addStaffLines(const SystemDraft &draft, const RowDraft &row, Inks &inks) const;
-    /// Adds what the marks hang on to the system.
-    std::shared_ptr<const layout::SystemDrawing> draw(const SystemDraft &draft,
-                                                      BuiltSystem &system) const;
 
     struct LineJob {
         LineStyle style;
@@ -86,9 +95,6 @@ private:
         unsigned bar;
     };
 
-    const EngravedScore &_score;
-    const Pen &_pen;
-    Problems &_problems;
     mutable std::vector<LineJob> _lines;
 };
 

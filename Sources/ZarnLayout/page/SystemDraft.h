@@ -112,6 +112,7 @@ struct SystemDraft {
     double staffLeft = 0; ///< where staff lines begin
     double musicLeft = 0; ///< behind clefs and keys
     double right = 0;
+    double room = 0; ///< of the whole line: what is longer becomes smaller
     bool isFirst = false;
     std::vector<RowDraft> rows;
     std::vector<BarPlace> bars;

@@ -2,6 +2,7 @@
 #include <ZarnLayout/session/LayoutChanges.h>
 
 #include <algorithm>
+#include <iterator>
 
 namespace zarn::layout {
 
@@ -44,12 +45,30 @@ public:
     /// The systems of a page that another one has not.
     void addWhatOnlyOneHas(const Layout &layout, const LayoutPage &page, const LayoutPage &other)
     {
+        std::vector<const PlacedSystem *> changed;
         for (const PlacedSystem &system : page.systems)
             if (!isIn(other, system))
-                add(system.drawing->marks.box(layout.font()).movedBy(system.at));
+                changed.push_back(&system);
+        constexpr std::size_t few = 4;
+        if (changed.size() > few && changed.front()->at.y == changed.back()->at.y) {
+            addLineFrom(*changed.front(), layout, page);
+            return;
+        }
+        for (const PlacedSystem *system : changed)
+            add(system->drawing->marks.box(layout.font()).movedBy(system->at));
     }
 
 private:
+    /// Parts of a line that make way move all parts behind them: the sheet is drawn again from the
+    /// part in front of them on, into which their ink may reach.
+    void addLineFrom(const PlacedSystem &first, const Layout &layout, const LayoutPage &page)
+    {
+        Box box = boxOfSheet(layout, page);
+        const bool isFirst = &first == &page.systems.front();
+        box.left = isFirst ? 0 : std::prev(&first)->at.x;
+        add(box);
+    }
+
     std::size_t _page;
     std::vector<PlacedBox> &_changes;
 };

@@ -36,7 +36,7 @@ bool haveEqualHeads(const ScoreSource &a, const ScoreSource &b)
 
 LayoutEngine::LayoutEngine(std::shared_ptr<const layout::MusicFont> font,
                            const layout::TextMeasure &texts)
-    : _font(std::move(font)), _fonts(*_font, texts), _pen(_fonts), _pages(_pen)
+    : _font(std::move(font)), _fonts(*_font, texts), _pen(_fonts), _pages(_pen), _line(_pen)
 {
 }
 
@@ -56,8 +56,15 @@ std::shared_ptr<const layout::Layout> LayoutEngine::layOut(std::shared_ptr<const
     _score.firstNumber = source.firstNumber;
     const Origins origins = engrave(source, old.get());
     _breaks.measure(_score, origins, _pen);
-    if (!_score.rows.empty() && !_score.shown.empty())
-        buildSystems(source, sheet, origins);
+    const bool isEmpty = _score.rows.empty() || _score.shown.empty();
+    if (isEmpty || source.view != ViewLayout::SingleLine)
+        _line.forget();
+    if (!isEmpty) {
+        if (source.view == ViewLayout::SingleLine)
+            buildLine(source, origins);
+        else
+            buildSystems(source, sheet, origins);
+    }
     Problems problems = collectProblems(source, sheet);
     layout::Layout::Content content;
     content.font = _font;
@@ -151,20 +158,33 @@ void LayoutEngine::buildSystems(const ScoreSource &source, const Sheet &sheet,
     _oldSystemAt.assign(_oldScore.shown.size(), isNew);
     for (std::size_t i = 0; i < _oldSystems.size(); ++i)
         _oldSystemAt[_oldSystems[i].first] = static_cast<std::uint32_t>(i);
-    const auto count = static_cast<unsigned>(_score.shown.size());
-    if (source.view == ViewLayout::SingleLine) {
-        double width = indentOf(_score, _pen, true) + 100;
-        for (const BarWidth &bar : _breaks.bars())
-            width += (bar.fixed + bar.spring) * 1.2 + 2;
-        addSystem(source, ShownSystem(0, count, {width, false}), origins);
-        return;
-    }
     const double first = sheet.width - indentOf(_score, _pen, true) - 0.2;
     const double others = sheet.width - indentOf(_score, _pen, false) - 0.2;
     unsigned bar = 0;
     for (const unsigned bars : _breaks.find(source, _score.shown, {first, others})) {
         addSystem(source, ShownSystem(bar, bar + bars, {sheet.width, true}), origins);
         bar += bars;
+    }
+}
+
+void LayoutEngine::buildLine(const ScoreSource &source, const Origins &origins)
+{
+    const auto engrave = [&](unsigned shownBar) {
+        if (!_score.engraved[shownBar])
+            _score.engraved[shownBar] = engraveColumn(source, _score.shown[shownBar], _pen);
+    };
+    const auto &parts = _line.make({_score, _oldScore, origins, _hasOtherHeads, engrave});
+    auto built = std::make_shared<BuiltSystem>();
+    built->top = _line.top();
+    built->bottom = _line.bottom();
+    for (const LinePart &part : parts) {
+        ShownSystem system(part.place.first, part.place.end, {0, false});
+        system.left = part.place.left;
+        system.isNew = part.isNew;
+        system.built = built;
+        system.drawing = part.drawing;
+        system.problems = part.built->problems;
+        _systems.push_back(std::move(system));
     }
 }
 

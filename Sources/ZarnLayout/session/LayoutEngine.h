@@ -5,6 +5,7 @@
 #include <ZarnLayout/draw/ZarnLayout.h>
 #include <ZarnLayout/engrave/Pen.h>
 #include <ZarnLayout/page/SystemBuilder.h>
+#include <ZarnLayout/session/LineMaker.h>
 #include <ZarnLayout/session/PageMaker.h>
 #include <ZarnLayout/session/SystemBreaks.h>
 
@@ -39,6 +40,7 @@ private:
     Origins engrave(const ScoreSource &source, const ScoreSource *old);
     Origins originsOf(const ScoreSource &source, const ScoreSource &old) const;
     void buildSystems(const ScoreSource &source, const Sheet &sheet, const Origins &origins);
+    void buildLine(const ScoreSource &source, const Origins &origins);
     void addSystem(const ScoreSource &source, ShownSystem system, const Origins &origins);
     void forgetEngraved();
     void takeOver(const ShownSystem &old, ShownSystem &system) const;
@@ -51,6 +53,7 @@ private:
     Pen _pen;
     SystemBreaks _breaks;
     PageMaker _pages;
+    LineMaker _line;
 
     std::shared_ptr<const ScoreSource> _source;
     EngravedScore _score;

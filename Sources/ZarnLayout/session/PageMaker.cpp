@@ -16,6 +16,8 @@ using layout::LayoutPage;
 
 namespace {
 
+constexpr double gapBelow = systemGap + 2; ///< a system of a sheet without end
+
 LayoutPage emptyPage(const Sheet &sheet)
 {
     LayoutPage page;
@@ -101,8 +103,10 @@ std::vector<LayoutPage> PageMaker::make(const ScoreSource &source, const Sheet &
 {
     setTexts(source, sheet);
     problems.add(_texts->problems());
+    if (source.view == ViewLayout::SingleLine)
+        return fillLine(sheet, systems);
     if (source.view != ViewLayout::Pages)
-        return fillSheet(source, sheet, systems);
+        return fillSheet(sheet, systems);
     const double title = _texts->titleHeight();
     const double footer = _texts->footerHeight();
     const double header = _texts->headerHeight();
@@ -157,28 +161,45 @@ void PageMaker::stretch(ShownSystem &system, double spaces) const
     system.stretch = spaces;
 }
 
-std::vector<LayoutPage> PageMaker::fillSheet(const ScoreSource &source, const Sheet &sheet,
+std::vector<LayoutPage> PageMaker::fillSheet(const Sheet &sheet,
                                              std::vector<ShownSystem> &systems) const
 {
     LayoutPage page = emptyPage(sheet);
     const double left = sheet.spaces(page.leftMargin);
     const double top = sheet.spaces(page.topMargin);
     double y = top + _texts->titleHeight();
-    double width = 0;
     for (ShownSystem &system : systems) {
         stretch(system, 0);
         const BuiltSystem &built = *system.built;
-        if (source.view != ViewLayout::SingleLine)
-            growFor(page, built, sheet);
+        growFor(page, built, sheet);
         page.systems.push_back({system.drawing, {fromSpaces(left), fromSpaces(y + built.top)}});
-        y += built.top + built.bottom + systemGap + 2;
-        if (source.view == ViewLayout::SingleLine)
-            width = std::max(
-                width, layout::toSpaces(system.drawing->marks.box(_pen.fonts().music()).right));
+        y += built.top + built.bottom + gapBelow;
     }
-    if (source.view == ViewLayout::SingleLine)
+    page.height = boundedLength(y * sheet.space) + page.bottomMargin;
+    page.marks = _texts->draw(1, 1, left, top, y - top);
+    return {std::move(page)};
+}
+
+std::vector<LayoutPage> PageMaker::fillLine(const Sheet &sheet,
+                                            const std::vector<ShownSystem> &parts) const
+{
+    LayoutPage page = emptyPage(sheet);
+    const double left = sheet.spaces(page.leftMargin);
+    const double top = sheet.spaces(page.topMargin);
+    double y = top + _texts->titleHeight();
+    if (!parts.empty()) {
+        const BuiltSystem &line = *parts.front().built; // all are as tall
+        page.systems.reserve(parts.size());
+        for (const ShownSystem &part : parts)
+            page.systems.push_back(
+                {part.drawing, {fromSpaces(left) + part.left, fromSpaces(y + line.top)}});
+        y += line.top + line.bottom + gapBelow;
+        const ShownSystem &last = parts.back();
+        const double width =
+            layout::toSpaces(last.left + last.drawing->marks.box(_pen.fonts().music()).right);
         page.width =
             std::max(page.width, boundedLength((left + width) * sheet.space) + page.rightMargin);
+    }
     page.height = boundedLength(y * sheet.space) + page.bottomMargin;
     page.marks = _texts->draw(1, 1, left, top, y - top);
     return {std::move(page)};

@@ -33,8 +33,9 @@ struct ShownSystem {
 
     unsigned first; ///< shown bars
     unsigned end;
-    SystemWidth width;  ///< for which it was built
-    bool isNew = false; ///< was not there in the layout before
+    SystemWidth width;     ///< for which it was built
+    layout::Unit left = 0; ///< on the line that it is a part of
+    bool isNew = false;    ///< was not there in the layout before
     std::shared_ptr<const BuiltSystem> built;
     std::shared_ptr<const layout::SystemDrawing> drawing; ///< with its rows moved as it was shown
     double stretch = 0;                                   ///< by which they are moved apart
@@ -57,8 +58,10 @@ private:
     std::shared_ptr<const layout::DrawList> textsOf(const Sheet &sheet, unsigned page,
                                                     unsigned pageCount);
 
-    std::vector<layout::LayoutPage> fillSheet(const ScoreSource &source, const Sheet &sheet,
+    std::vector<layout::LayoutPage> fillSheet(const Sheet &sheet,
                                               std::vector<ShownSystem> &systems) const;
+    std::vector<layout::LayoutPage> fillLine(const Sheet &sheet,
+                                             const std::vector<ShownSystem> &parts) const;
     /// Moves rows apart that stretch by 1 by so many staff spaces, and others in proportion.
     void stretch(ShownSystem &system, double spaces) const;
 

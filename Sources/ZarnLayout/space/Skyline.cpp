@@ -35,9 +35,14 @@ double Skyline::reach(double left, double right) const
 
 double Skyline::distance(const Skyline &facing) const
 {
+    return distance(facing, 0, 1e9);
+}
+
+double Skyline::distance(const Skyline &facing, double left, double right) const
+{
     double most = -1e9;
-    const std::size_t count = std::min(_cells.size(), facing._cells.size());
-    for (std::size_t cell = 0; cell < count; ++cell)
+    const std::size_t end = std::min({cellAt(right) + 1, _cells.size(), facing._cells.size()});
+    for (std::size_t cell = cellAt(left); cell < end; ++cell)
         most = std::max(most, static_cast<double>(_cells[cell]) + facing._cells[cell]);
     return most;
 }

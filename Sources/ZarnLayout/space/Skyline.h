@@ -25,6 +25,9 @@ public:
     /// other's up. Both are of the same width.
     double distance(const Skyline &facing) const;
 
+    /// The same between two places.
+    double distance(const Skyline &facing, double left, double right) const;
+
     /// The outermost ink of all.
     double outermost() const;
 

@@ -158,15 +158,24 @@ layout::PlacedBox systemAround(const layout::Layout &layout, const layout::Found
 {
     layout::PlacedBox whole = box;
     const auto &systems = layout.pages()[box.page].systems;
-    for (const layout::PlacedSystem &system : systems) {
+    const auto holdsSpot = [&](const layout::PlacedSystem &system) {
         const auto &bars = system.drawing->bars;
-        if (bars.empty() || spot.bar < bars.front().firstBar
-            || spot.bar >= bars.back().firstBar + bars.back().barCount)
+        return !bars.empty() && spot.bar >= bars.front().firstBar
+            && spot.bar < bars.back().firstBar + bars.back().barCount;
+    };
+    const auto around = std::find_if(systems.begin(), systems.end(), holdsSpot);
+    if (around == systems.end())
+        return whole;
+    // Parts of a line stand beside one another: the view stays at the height of them all.
+    for (const layout::PlacedSystem &system : systems) {
+        if (system.at.y != around->at.y)
             continue;
         const layout::Box ink = system.drawing->marks.box(layout.font()).movedBy(system.at);
-        whole.box.top = &system == &systems.front() ? 0 : std::min(ink.top, box.box.top);
-        whole.box.bottom = std::max(ink.bottom, box.box.bottom);
+        whole.box.top = std::min(ink.top, whole.box.top);
+        whole.box.bottom = std::max(ink.bottom, whole.box.bottom);
     }
+    if (around->at.y == systems.front().at.y)
+        whole.box.top = 0;
     return whole;
 }
 

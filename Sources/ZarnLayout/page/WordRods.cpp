@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnLayout/page/WordRods.h>
+
+namespace zarn::engraving {
+
+void WordRods::comeBehind(const WordReach &words)
+{
+    for (const auto &[key, reach] : words)
+        _last[key] = {0, layout::toSpaces(reach)};
+}
+
+void WordRods::addBar(unsigned shownBar, unsigned start)
+{
+    // The end of the bar is the last column of the line: what binds its neighbours binds it too.
+    constexpr double gap = 0.6;
+    for (unsigned row = 0; row < _score.rows.size(); ++row) {
+        const EngravedBar &bar = _score.bar(row, shownBar);
+        for (unsigned column = 0; column < bar.columns.size(); ++column)
+            for (const SpaceBox &box : bar.columns[column].boxes) {
+                if (box.kind != SpaceBox::Kind::Text)
+                    continue;
+                const auto key = std::make_pair(row, static_cast<int>(box.box.top));
+                const unsigned number = start + column;
+                const auto before = _last.find(key);
+                if (before != _last.end() && before->second.column < start)
+                    _line.addRodTo(number, before->second.column,
+                                   before->second.reach - box.box.left + gap);
+                _last[key] = {number, box.box.right};
+            }
+    }
+}
+
+void WordRods::endAt(double room)
+{
+    for (const auto &[key, word] : _last)
+        _line.addRodTo(_line.columnCount() - 1, word.column, word.reach - room + 0.1);
+}
+
+WordReach WordRods::reach(const std::vector<double> &places) const
+{
+    // No word reaches so far to the left of its column that it meets what is farther away.
+    constexpr double farAway = -20;
+    WordReach reach;
+    for (const auto &[key, word] : _last)
+        if (const double right = places[word.column] + word.reach - places.back(); right > farAway)
+            reach[key] = layout::fromSpaces(right);
+    return reach;
+}
+
+} // namespace zarn::engraving
