@@ -25,7 +25,6 @@ constexpr double gapInTrack = 4.8;    ///< between staves of a track
 constexpr double gapInScore = 5.0;    ///< between tracks
 constexpr double inkGap = 0.6;        ///< between ink of neighbouring rows
 constexpr double inkGapInStaff = 1.2; ///< where nothing but distance parts notes and numbers
-constexpr double mostSqueezed = 0.75; ///< of the least width of several bars
 constexpr double loosest = 1.35;      ///< factor of a last line that is still drawn out
 constexpr double anywhere = 1e9;      ///< right of all ink
 
@@ -201,14 +200,10 @@ void SystemBuilder::placeBars(SystemDraft &draft, double width, bool isJustified
         factor = 1.1;
     std::vector<double> places = line.places(factor);
     if (isJustified && places.back() > room + 1e-6) {
-        // More ink than the line holds: everything moves together as far as it can be read, and it
-        // is said. Beyond that the sheet gets wider.
-        const double least = draft.end - draft.first > 1 ? mostSqueezed : 1;
-        const double squeeze =
-            std::max(least, (room - head.width) / std::max(1e-9, places.back() - head.width));
-        for (double &place : places)
-            if (place > head.width)
-                place = head.width + (place - head.width) * squeeze;
+        // More than the line holds, which is said: several bars move together as far as their
+        // ink lets them. Beyond that the sheet gets wider.
+        if (draft.end - draft.first > 1)
+            places = line.squeezedPlaces(room);
         MarkPlace where;
         where.bar = static_cast<std::int32_t>(_score.shown[draft.first].bar);
         _problems.add(where, "The bars of the system are wider than the line.");

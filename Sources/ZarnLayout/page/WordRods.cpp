@@ -13,6 +13,7 @@ void WordRods::addBar(unsigned shownBar, unsigned start)
 {
     // The end of the bar is the last column of the line: what binds its neighbours binds it too.
     constexpr double gap = 0.6;
+    constexpr double airOfGap = 0.4; // in a line that has no room
     for (unsigned row = 0; row < _score.rows.size(); ++row) {
         const EngravedBar &bar = _score.bar(row, shownBar);
         for (unsigned column = 0; column < bar.columns.size(); ++column)
@@ -24,7 +25,7 @@ void WordRods::addBar(unsigned shownBar, unsigned start)
                 const auto before = _last.find(key);
                 if (before != _last.end() && before->second.column < start)
                     _line.addRodTo(number, before->second.column,
-                                   before->second.reach - box.box.left + gap);
+                                   before->second.reach - box.box.left + gap, airOfGap);
                 _last[key] = {number, box.box.right};
             }
     }

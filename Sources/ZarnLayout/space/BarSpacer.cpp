@@ -18,7 +18,9 @@ constexpr double firstGap = 1.1;
 constexpr double gapBehindBarLine = 0.6;
 constexpr double gapToBarLine = 0.5;
 constexpr double leastStep = 0.55; ///< between columns whatever is in them
+constexpr double airOfStep = 0.25;
 constexpr double emptyBar = 6.5;
+constexpr double leastAir = 0.1; ///< between ink in a line that has no room
 
 double gapBetween(SpaceBox::Kind left, SpaceBox::Kind right)
 {
@@ -38,15 +40,25 @@ double gapBetween(SpaceBox::Kind left, SpaceBox::Kind right)
     return 0.3;
 }
 
-/// How close two columns of a row may come; nothing when they do not meet.
-double distance(const std::vector<SpaceBox> &left, const std::vector<SpaceBox> &right)
+/// How close two columns of a row may come, and how much of that is air.
+struct Distance {
+    double length = 0;
+    double air = 0;
+};
+
+/// Nothing when they do not meet.
+Distance distance(const std::vector<SpaceBox> &left, const std::vector<SpaceBox> &right)
 {
     double most = 0;
+    double tightest = 0;
     for (const SpaceBox &a : left)
         for (const SpaceBox &b : right)
-            if (a.box.top < b.box.bottom + 0.15 && b.box.top < a.box.bottom + 0.15)
-                most = std::max(most, a.box.right - b.box.left + gapBetween(a.kind, b.kind));
-    return most;
+            if (a.box.top < b.box.bottom + 0.15 && b.box.top < a.box.bottom + 0.15) {
+                const double ink = a.box.right - b.box.left;
+                most = std::max(most, ink + gapBetween(a.kind, b.kind));
+                tightest = std::max(tightest, ink + leastAir);
+            }
+    return {most, most - tightest};
 }
 
 double leftOf(const std::vector<SpaceBox> &boxes)
@@ -74,8 +86,8 @@ class PassedColumns {
 public:
     /// Calls with each column that one, which comes next, has to keep a distance from: the last,
     /// and whatever else could reach it. The function says the distance, 0 for none.
-    template <class Distance>
-    void next(unsigned column, const std::vector<SpaceBox> &boxes, Distance distanceFrom)
+    template <class DistanceFrom>
+    void next(unsigned column, const std::vector<SpaceBox> &boxes, DistanceFrom distanceFrom)
     {
         constexpr double widestGap = 0.45; // between what is no text
         const double left = leftOf(boxes) - widestGap;
@@ -83,7 +95,8 @@ public:
         if (!_columns.empty()) {
             const Column &last = _columns.back();
             place = last.place
-                + std::max(leastStep * (column - last.number), distanceFrom(last.number));
+                + std::max((leastStep - airOfStep) * (column - last.number),
+                           distanceFrom(last.number));
         }
         for (std::size_t i = _columns.size(); i-- > 1 && _columns[i - 1].reachOfAll > place + left;)
             if (const Column &before = _columns[i - 1]; before.reach > place + left)
@@ -271,35 +284,40 @@ SpacedBar spaceBar(const std::vector<EngravedBar *> &rows,
             if (boxes.empty())
                 continue;
             const unsigned to = i + 1;
-            byTo[to].push_back({0, to, gapBehindBarLine - leftOf(boxes)});
-            passed.next(i, boxes, [&](unsigned from) {
-                const double least = distance(row->columns[from].boxes, boxes);
-                if (least > 0)
-                    byTo[to].push_back({from + 1, to, least});
-                return least;
-            });
+            byTo[to].push_back(
+                {0, to, gapBehindBarLine - leftOf(boxes), gapBehindBarLine - leastAir});
+            const auto keepFrom = [&](unsigned from) {
+                const Distance least = distance(row->columns[from].boxes, boxes);
+                if (least.length > 0)
+                    byTo[to].push_back({from + 1, to, least.length, least.air});
+                return least.length - least.air;
+            };
+            passed.next(i, boxes, keepFrom);
             // A word may reach over several columns of other voices.
             for (const unsigned from : words.before(boxes, i))
-                if (const double least = distance(row->columns[from].boxes, boxes); least > 0)
-                    byTo[to].push_back({from + 1, to, least});
-            byTo[count + 1].push_back({to, count + 1, rightOf(boxes) + gapToBarLine + clefsAtEnd});
+                keepFrom(from);
+            byTo[count + 1].push_back({to, count + 1, rightOf(boxes) + gapToBarLine + clefsAtEnd,
+                                       gapToBarLine - leastAir});
         }
     }
     for (unsigned to = 2; to <= count; ++to)
-        byTo[to].push_back({to - 1, to, leastStep});
+        byTo[to].push_back({to - 1, to, leastStep, airOfStep});
     if (count > 0)
-        byTo[count + 1].push_back({count, count + 1, head + gapToBarLine + clefsAtEnd});
-    byTo[count + 1].push_back({0, count + 1, bar.emptyWidth * (count == 0 ? 0.7 : 0.4)});
+        byTo[count + 1].push_back(
+            {count, count + 1, head + gapToBarLine + clefsAtEnd, gapToBarLine - leastAir});
+    const double least = bar.emptyWidth * (count == 0 ? 0.7 : 0.4);
+    byTo[count + 1].push_back({0, count + 1, least, least / 2});
     // What stands in the middle of a bar keeps off the clef at its end.
     if (clefsAtEnd > 0)
         for (const EngravedBar *row : rows)
             if (!row->centred.empty())
-                byTo[count + 1].push_back({0, count + 1, row->centredWidth + clefsAtEnd + 1.2});
+                byTo[count + 1].push_back(
+                    {0, count + 1, row->centredWidth + clefsAtEnd + 1.2, 0.8});
     if (column.endings != 0) {
         // Bars under an ending are as long as its numbers.
         const double words =
             fonts.textBox(endingText(column.endings), TextRole::Ending).right + 1.2;
-        byTo[count + 1].push_back({0, count + 1, words});
+        byTo[count + 1].push_back({0, count + 1, words, 0});
     }
     for (auto &rods : byTo)
         bar.rods.insert(bar.rods.end(), rods.begin(), rods.end());
@@ -327,7 +345,7 @@ void SpacedBar::addTo(SpringLine &line) const
         else
             line.addColumn(column == 1 ? firstGap : 0, column == 1 ? 0 : springs[column - 2]);
         for (; rod != rods.end() && rod->to == column; ++rod)
-            line.addRod(start + rod->from, rod->length);
+            line.addRod(start + rod->from, rod->length, rod->air);
     }
 }
 

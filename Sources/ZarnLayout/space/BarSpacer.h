@@ -17,6 +17,7 @@ struct SpacedBar {
         unsigned from;
         unsigned to;
         double length;
+        double air; ///< of its length, between ink
     };
 
     Onsets onsets;

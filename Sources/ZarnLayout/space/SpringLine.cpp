@@ -12,15 +12,15 @@ unsigned SpringLine::addColumn(double fixed, double spring)
     return columnCount() - 1;
 }
 
-void SpringLine::addRod(unsigned from, double length)
+void SpringLine::addRod(unsigned from, double length, double air)
 {
-    _rods.push_back({from, length});
+    _rods.push_back({from, length, air});
     _columns.back().rodEnd = static_cast<std::uint32_t>(_rods.size());
 }
 
-void SpringLine::addRodTo(unsigned column, unsigned from, double length)
+void SpringLine::addRodTo(unsigned column, unsigned from, double length, double air)
 {
-    const LateRod rod = {column, from, length};
+    const LateRod rod = {column, from, length, air};
     _late.insert(std::upper_bound(_late.begin(), _late.end(), rod,
                                   [](const LateRod &left, const LateRod &right) {
                                       return left.column < right.column;
@@ -28,7 +28,7 @@ void SpringLine::addRodTo(unsigned column, unsigned from, double length)
                  rod);
 }
 
-double SpringLine::lay(double factor, std::vector<double> &places) const
+double SpringLine::lay(double factor, std::vector<double> &places, double squeeze) const
 {
     places.resize(_columns.size());
     double place = 0;
@@ -36,10 +36,12 @@ double SpringLine::lay(double factor, std::vector<double> &places) const
     for (std::size_t i = 0; i < _columns.size(); ++i) {
         const Column &column = _columns[i];
         place += column.fixed + factor * column.spring;
-        for (std::uint32_t rod = column.firstRod; rod < column.rodEnd; ++rod)
-            place = std::max(place, places[_rods[rod].from] + _rods[rod].length);
+        for (std::uint32_t number = column.firstRod; number < column.rodEnd; ++number) {
+            const Rod &rod = _rods[number];
+            place = std::max(place, places[rod.from] + rod.length - squeeze * rod.air);
+        }
         for (; late != _late.end() && late->column == i; ++late)
-            place = std::max(place, places[late->from] + late->length);
+            place = std::max(place, places[late->from] + late->length - squeeze * late->air);
         places[i] = place;
     }
     return place;
@@ -71,6 +73,20 @@ std::vector<double> SpringLine::places(double factor) const
 {
     std::vector<double> places;
     lay(factor, places);
+    return places;
+}
+
+std::vector<double> SpringLine::squeezedPlaces(double width) const
+{
+    std::vector<double> places;
+    double low = 0;
+    double high = 1;
+    if (lay(0, places, high) < width)
+        for (int i = 0; i < 44; ++i) {
+            const double middle = (low + high) / 2;
+            (lay(0, places, middle) > width ? low : high) = middle;
+        }
+    lay(0, places, high);
     return places;
 }
 
