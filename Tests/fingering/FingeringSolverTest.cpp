@@ -253,6 +253,20 @@ TEST(FingeringSolverTest, saysWhatItLeavesOut)
     EXPECT_EQ(kinds, expected);
     EXPECT_EQ(fingering.notes[3].string, Placement::None) << "the melody stays";
 
+    Passage contradicting = passageOn(guitar, 12);
+    addEvent(contradicting, {64, 48});
+    contradicting.notes[0].string = 0; // sixteen frets up
+    contradicting.notes[1].string = 2; // below it
+    addEvent(contradicting, {60});
+    const FingeringSolution rest = FingeringSolver(contradicting).solve();
+    ASSERT_EQ(rest.problems.size(), 2U);
+    for (std::size_t note = 0; note < 2; ++note) {
+        EXPECT_EQ(rest.problems[note].note, note);
+        EXPECT_EQ(rest.problems[note].kind, Kind::NotOnInstrument);
+        EXPECT_EQ(rest.notes[note].string, Placement::None);
+    }
+    EXPECT_EQ(rest.notes[2].string, 4);
+
     Passage nothing = passageOn(guitar);
     EXPECT_TRUE(FingeringSolver(nothing).solve().notes.empty());
     Passage silent = passageOn({});
