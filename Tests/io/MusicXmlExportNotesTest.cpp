@@ -90,13 +90,15 @@ TEST(MusicXmlExportNotes, aTablatureBesideAStaffWithoutStringsIsShownAgain)
                 + backup(4) + note("E", 4, 4, "whole", "", "2", 2))));
     auto &track = *model->track(0);
     track.staff(1)->setTuning(SmallScore().score.scoreModel()->track(0)->staff(0)->tuning());
-    track.setChosenNotations(TrackNotations{true, true, false});
-    const Exported written(*model);
-    EXPECT_EQ(written.all("//staves"), "3");
-    const auto copy = readFrom(written.text());
-    ASSERT_EQ(copy->track(0)->staffCount(), 2U);
-    EXPECT_TRUE(copy->track(0)->notations() == track.notations());
-    EXPECT_EQ(exported(*copy), written.text());
+    for (const bool hasNotes : {true, false}) {
+        track.setChosenNotations(TrackNotations{hasNotes, true, false});
+        const Exported written(*model);
+        EXPECT_EQ(written.all("//staves"), hasNotes ? "3" : "2");
+        const auto copy = readFrom(written.text());
+        ASSERT_EQ(copy->track(0)->staffCount(), 2U);
+        EXPECT_TRUE(copy->track(0)->notations() == track.notations());
+        EXPECT_EQ(exported(*copy), written.text());
+    }
 }
 
 TEST(MusicXmlExportNotes, aTablatureAloneHasTheWordsAndSignsOfNotes)

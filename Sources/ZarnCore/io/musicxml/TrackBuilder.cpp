@@ -225,13 +225,11 @@ std::shared_ptr<Track> makeTrack(InstrumentSet::Type type, const ListedPart &par
     // What the instrument is read from anyway need not be chosen; a tablature beside other music
     // decides nothing, unless a document of ours has it.
     const auto isTablature = [](const WrittenStaff &staff) { return staff.tablature; };
-    const auto hasNotes = [](const WrittenStaff &staff) {
-        return staff.hasTwin || !staff.tablature;
-    };
+    const auto hasTwin = [](const WrittenStaff &staff) { return staff.hasTwin; };
     const auto &written = facts.staves;
     if (context.isOwnDocument() ? std::any_of(written.begin(), written.end(), isTablature)
                                 : std::all_of(written.begin(), written.end(), isTablature)) {
-        const TrackNotations notations = {std::any_of(written.begin(), written.end(), hasNotes),
+        const TrackNotations notations = {std::any_of(written.begin(), written.end(), hasTwin),
                                           true, false};
         if (!(track->notations() == notations))
             track->setChosenNotations(notations);
