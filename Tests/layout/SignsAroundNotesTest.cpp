@@ -55,6 +55,27 @@ TEST(SignsAroundNotesTest, signsOfRestsThatAreNotDrawnAreShown)
     EXPECT_GT(hairpins[0].right, notes[1].right);
 }
 
+/// Nor do they join hairpins between which a bar of other voices lies.
+TEST(SignsAroundNotesTest, hairpinsOfHiddenBeatsEndInTheirBars)
+{
+    Piece piece(3);
+    for (unsigned bar = 0; bar < 3; ++bar) {
+        piece.add({60}, NoteValue::Whole, 0, 0, bar);
+        if (bar == 1)
+            continue;
+        Beat &hidden = piece.add({}, NoteValue::Whole, 0, 1, bar);
+        hidden.setPlaceHolder(true);
+        hidden.setHairpin(Hairpin::Decrescendo);
+    }
+    const LaidOut laid(*piece.model);
+    const auto hairpins = laid.of(MarkKind::Hairpin);
+    const auto notes = laid.of(MarkKind::NoteHead);
+    ASSERT_EQ(hairpins.size(), 4U);
+    ASSERT_EQ(notes.size(), 3U);
+    EXPECT_LT(hairpins[0].right, notes[1].left);
+    EXPECT_GT(hairpins[2].right, notes[2].right);
+}
+
 /// Several bars of rest make one sign, but for those that something hangs on.
 TEST(SignsAroundNotesTest, restsWithSignsAreNotJoined)
 {

@@ -235,6 +235,7 @@ void addDynamics(RowDraft &row, const SystemDraft &draft)
         std::size_t end = i + 1;
         while (end < carriers.size() && kind != Hairpin::NoHairpin && kind != Hairpin::Swell
                && carriers[end]->chord->voice == first.chord->voice
+               && carriers[end]->shownBar <= carriers[end - 1]->shownBar + 1
                && carriers[end]->beat().marks.hairpin() == kind
                && !carriers[end]->beat().marks.beginsHairpin())
             ++end;
