@@ -64,6 +64,18 @@ int pointsInside(const LaidOut &laid, MarkKind kind, const LaidOut::Mark &box)
 
 } // namespace
 
+/// Accidentals stand in front of the parentheses of ghost notes, dots behind them.
+TEST(InkOnInkTest, parenthesesOfHeadsAreClear)
+{
+    ViolinPiece piece;
+    piece.add({61}, NoteValue::Half, 1).notes()[0]->setAntiAccent(AntiAccent::Normal);
+    const LaidOut laid(*piece.model);
+    const auto parentheses = laid.of(MarkKind::Enclosure);
+    ASSERT_EQ(parentheses.size(), 2U);
+    EXPECT_LT(laid.of(MarkKind::Accidental).at(0).right, parentheses[0].left);
+    EXPECT_GT(laid.of(MarkKind::AugmentationDot).at(0).left, parentheses[1].right);
+}
+
 /// Two voices on one string stand beside one another, which is said; a number that they share is
 /// one.
 TEST(InkOnInkTest, voicesOnOneStringStandSideBySide)

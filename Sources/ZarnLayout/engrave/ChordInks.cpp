@@ -131,6 +131,9 @@ void ChordInks::add(EngravedBar &bar)
         for (const Chord *chord : column) {
             for (const Box &box : chordShape(*chord, _pen.fonts()))
                 taken.push_back(box.movedBy(chord->x, 0));
+            for (const Head &head : chord->heads)
+                for (const Ink &ink : parentheses(*chord, head))
+                    taken.push_back(ink.box.movedBy(chord->x, 0));
             if (chord->isRest() || chord->isSlash || chord->beat->noteCount == 0)
                 continue;
             for (const Head &head : chord->heads) {
@@ -169,8 +172,11 @@ void ChordInks::add(EngravedBar &bar)
     for (std::size_t i = 0; i < bar.chords.size(); ++i) {
         const Chord &chord = bar.chords[i];
         double &left = groups[groupOf[i]].left;
-        for (const Head &head : chord.heads)
+        for (const Head &head : chord.heads) {
             left = std::min(left, chord.x + head.x);
+            for (const Ink &ink : parentheses(chord, head))
+                left = std::min(left, chord.x + ink.box.left);
+        }
         for (const PackedAccidental &accidental : byChord[i])
             left = std::min(left, accidental.x + boxOf(accidental.inks).left);
     }
@@ -222,20 +228,30 @@ void ChordInks::addHeads(const Chord &chord, Inks &inks) const
                              head.glyph, head.x, head.y, chord.scale);
         ink.place = place;
         inks.push_back(std::move(ink));
-        if (!isNote || !_source.notes[head.note].marks.isGhost())
-            continue;
-        for (const bool isLeft : {true, false}) {
-            const Sign sign =
-                isLeft ? Sign::NoteheadParenthesisLeft : Sign::NoteheadParenthesisRight;
-            const Box &box = _pen.fonts().box(sign);
-            Ink paren = _pen.glyph(MarkKind::Enclosure, sign,
-                                   isLeft ? head.x - 0.1 - box.right * chord.scale
-                                          : head.x + head.width + 0.1 - box.left * chord.scale,
-                                   head.y, chord.scale);
-            paren.place = place;
-            inks.push_back(std::move(paren));
+        for (Ink &ink : parentheses(chord, head)) {
+            ink.place = place;
+            inks.push_back(std::move(ink));
         }
     }
+}
+
+/// Those around the head of a ghost note; none for others.
+Inks ChordInks::parentheses(const Chord &chord, const Head &head) const
+{
+    if (_row.notation == Notation::Tablature || chord.isSlash || chord.beat->noteCount == 0
+        || !_source.notes[head.note].marks.isGhost())
+        return {};
+    constexpr double gap = 0.1;
+    const double scale = chord.scale;
+    const auto sign = [&](Sign sign, double x) {
+        return _pen.glyph(MarkKind::Enclosure, sign, x, head.y, scale);
+    };
+    const Fonts &fonts = _pen.fonts();
+    return {
+        sign(Sign::NoteheadParenthesisLeft,
+             head.x - gap - fonts.box(Sign::NoteheadParenthesisLeft).right * scale),
+        sign(Sign::NoteheadParenthesisRight,
+             head.x + head.width + gap - fonts.box(Sign::NoteheadParenthesisRight).left * scale)};
 }
 
 void ChordInks::addLedgers(const Chord &chord, Inks &inks) const
@@ -318,8 +334,11 @@ double ChordInks::dotStart(const Chord &chord, const std::vector<Chord *> &colum
 {
     double right = 0;
     for (const Chord *other : column) {
-        for (const Head &head : other->heads)
+        for (const Head &head : other->heads) {
             right = std::max(right, other->x - chord.x + head.x + head.width);
+            for (const Ink &ink : parentheses(*other, head))
+                right = std::max(right, other->x - chord.x + ink.box.right);
+        }
         if (other->isRest())
             right =
                 std::max(right,

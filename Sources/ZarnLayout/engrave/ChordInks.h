@@ -29,6 +29,7 @@ public:
 private:
     void addChord(const Chord &chord, Inks &inks) const;
     void addHeads(const Chord &chord, Inks &inks) const;
+    Inks parentheses(const Chord &chord, const Head &head) const;
     void addLedgers(const Chord &chord, Inks &inks) const;
     void addStem(const Chord &chord, Inks &inks) const;
     void addRest(const Chord &chord, Inks &inks) const;
