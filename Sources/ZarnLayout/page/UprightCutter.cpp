@@ -18,13 +18,14 @@ struct Stretch {
     double bottom;
 };
 
+/// Arpeggios and brushes, and the steep lines of bends; all of them lead up or down throughout.
 bool isUpright(const Ink &ink)
 {
+    constexpr double steep = 1.5;
     if (ink.shape != Ink::Shape::Line || ink.points.size() < 2)
         return false;
     return ink.kind == MarkKind::Arpeggio
-        || (ink.kind == MarkKind::Bend && ink.points.size() == 2
-            && ink.points[0].x == ink.points[1].x);
+        || (ink.kind == MarkKind::Bend && ink.box.height() > steep * ink.box.width());
 }
 
 bool leadsOn(const Ink &ink)
