@@ -17,16 +17,8 @@ namespace {
 /// So far staff lines lead into the next part: no seam is seen where one ends on a pixel's edge.
 constexpr double overlap = 0.05;
 
-/// Slurs that come from farther away are not looked at as a whole by the parts below them.
+/// Farther away is not looked for slurs over a part, and for hairpins that have paused.
 constexpr unsigned mostBarsAround = 16;
-
-std::size_t partOf(const std::vector<LinePartPlace> &parts, unsigned shownBar)
-{
-    const auto behind =
-        std::upper_bound(parts.begin(), parts.end(), shownBar,
-                         [](unsigned bar, const LinePartPlace &part) { return bar < part.first; });
-    return static_cast<std::size_t>(behind - parts.begin()) - 1;
-}
 
 template <class Visit>
 void eachInk(const SystemDraft &draft, const Visit &visit)
@@ -40,48 +32,53 @@ void eachInk(const SystemDraft &draft, const Visit &visit)
 
 } // namespace
 
-/// `origin` is where part `window.first` begins.
-SystemDraft LinePartBuilder::draftOf(const std::vector<LinePartPlace> &parts,
-                                     const LineWindow &window, double &origin) const
+double LinePartBuilder::placeOf(unsigned shownBar, const LineWindow &window) const
+{
+    return layout::toSpaces(_bars[shownBar].left - _bars[window.from].left);
+}
+
+SystemDraft LinePartBuilder::draftOf(const LineWindow &window) const
 {
     SystemDraft draft = SystemBuilder::draftOf(window.from, window.to);
-    std::size_t number = partOf(parts, window.from);
-    const layout::Unit lineLeft = parts[number].left;
-    const double windowLeft =
-        window.from == 0 ? 0 : parts[number].places->bars[window.from - parts[number].first].joint;
-    std::vector<double> joints;
+    // What goes on beyond the window is not drawn by its part, which is all that counts.
+    draft.knowsBefore = draft.knowsBehind = false;
     for (unsigned i = window.from; i < window.to; ++i) {
-        if (i == parts[number].end)
-            ++number;
-        const LinePartPlace &part = parts[number];
-        const double left = layout::toSpaces(part.left - lineLeft) - windowLeft;
-        if (i == window.first)
-            origin = left;
-        const LinePlaces::Bar &bar = part.places->bars[i - part.first];
-        joints.push_back(left + bar.joint);
-        BarPlace place;
-        place.shownBar = i;
-        place.left = left + bar.left;
-        place.right = left + bar.right;
-        place.columns.reserve(bar.columns.size());
-        for (const double column : bar.columns)
-            place.columns.push_back(left + column);
-        draft.bars.push_back(std::move(place));
+        const double x = placeOf(i, window);
+        const LinePlaces &places = *_bars[i].places;
+        BarPlace bar;
+        bar.shownBar = i;
+        bar.left = x + places.left;
+        bar.right = x + places.right;
+        bar.columns.reserve(places.columns.size());
+        for (const double column : places.columns)
+            bar.columns.push_back(x + column);
+        draft.bars.push_back(std::move(bar));
     }
     const bool endsLine = window.to == _score.shown.size();
-    const Joint last =
-        jointBefore(_score, window.to, endsLine ? JointPlace::Tail : JointPlace::Middle, _pen);
-    draft.staffLeft = joints.front();
+    draft.staffLeft = _bars[window.from].places->joint;
     draft.musicLeft = draft.bars.front().left;
-    draft.right = draft.bars.back().right + last.width;
+    const double right = draft.bars.back().right;
+    Joint tail;
+    if (endsLine)
+        tail = jointBefore(_score, window.to, JointPlace::Tail, _pen);
+    draft.right = right + tail.width;
     draft.room = window.from == 0 && endsLine ? draft.right - draft.staffLeft : 1e9;
     addRows(draft, draft.right);
     for (unsigned i = window.from; i < window.to; ++i) {
         const JointPlace place = i == 0 ? JointPlace::Head : JointPlace::Middle;
-        placeJoint(draft, jointBefore(_score, i, place, _pen), joints[i - window.from], i);
+        placeJoint(draft, jointBefore(_score, i, place, _pen),
+                   placeOf(i, window) + _bars[i].places->joint, i);
     }
-    placeJoint(draft, last, draft.bars.back().right, window.to);
+    if (endsLine)
+        placeJoint(draft, tail, right, window.to);
     return draft;
+}
+
+LinePartBuilder::Span LinePartBuilder::ownSpan(const SystemDraft &draft,
+                                               const LineWindow &window) const
+{
+    return {placeOf(window.first, window),
+            window.end == _score.shown.size() ? draft.right : placeOf(window.end, window)};
 }
 
 bool LinePartBuilder::isOwn(const MarkPlace &place, const LineWindow &window) const
@@ -128,6 +125,23 @@ LinePartBuilder::Edges LinePartBuilder::cutEdges(const SystemDraft &draft, const
             edges.right |= reachesRight && window.to - window.end < mostBarsAround;
         }
     });
+    // A hairpin goes on behind bars in which its voice is silent.
+    const auto hasHairpin = [&](const PlacedChord &chord) {
+        return chord.beat().marks.hairpin() != Hairpin::NoHairpin && chord.shownBar >= window.first
+            && chord.shownBar < window.end;
+    };
+    for (const RowDraft &row : draft.rows)
+        for (std::size_t i = 0; i < row.chords.size(); ++i) {
+            const auto isOther = [&](std::size_t other) {
+                return other >= row.chords.size()
+                    || row.chords[other].chord->voice != row.chords[i].chord->voice;
+            };
+            if (!hasHairpin(row.chords[i]))
+                continue;
+            edges.left |=
+                canGoLeft && isOther(i - 1) && window.first - window.from < mostBarsAround;
+            edges.right |= canGoRight && isOther(i + 1) && window.to - window.end < mostBarsAround;
+        }
     return edges;
 }
 
@@ -167,15 +181,15 @@ std::shared_ptr<const Problems> LinePartBuilder::ownProblems(const LineWindow &w
     return own;
 }
 
-BuiltLinePart LinePartBuilder::build(const std::vector<LinePartPlace> &parts, std::size_t number,
+BuiltLinePart LinePartBuilder::build(unsigned first, unsigned end,
                                      const std::function<void(unsigned)> &engrave,
-                                     const RowDistances *given) const
+                                     LineHeights given) const
 {
-    const LinePartPlace &part = parts[number];
     const auto count = static_cast<unsigned>(_score.shown.size());
     BuiltLinePart built;
+    built.given = std::move(given);
     LineWindow &window = built.window;
-    window = {part.first, part.first, part.end, part.end};
+    window = {first, first, end, end};
     unsigned more = 1;
     Edges cut = {true, true};
     while (true) {
@@ -187,11 +201,10 @@ BuiltLinePart LinePartBuilder::build(const std::vector<LinePartPlace> &parts, st
         for (unsigned i = window.from; i < window.to; ++i)
             engrave(i);
         _found = {};
-        double origin = 0;
-        SystemDraft draft = draftOf(parts, window, origin);
-        const bool endsLine = window.end == count;
-        const Span own = {origin,
-                          endsLine ? draft.right : origin + layout::toSpaces(part.places->width)};
+        SystemDraft draft = draftOf(window);
+        const Span own = ownSpan(draft, window);
+        for (std::size_t row = 0; row < built.given.words.size(); ++row)
+            draft.rows[row].givenHeights = built.given.words[row];
         CrossStaffBeams beams = placeRows(draft);
         addRowSigns(draft);
         cut = cutEdges(draft, window, own);
@@ -202,9 +215,11 @@ BuiltLinePart LinePartBuilder::build(const std::vector<LinePartPlace> &parts, st
         built.distances.assign(1, 0);
         for (std::size_t i = 1; i < draft.rows.size(); ++i)
             built.distances.push_back(draft.rows[i].y - draft.rows[i - 1].y);
-        if (given != nullptr)
-            for (std::size_t i = 1; i < draft.rows.size(); ++i)
-                draft.rows[i].y = draft.rows[i - 1].y + (*given)[i];
+        built.words.clear();
+        for (RowDraft &row : draft.rows)
+            built.words.push_back(std::move(row.wantedHeights));
+        for (std::size_t i = 1; i < built.given.distances.size(); ++i)
+            draft.rows[i].y = draft.rows[i - 1].y + built.given.distances[i];
         beams.draw();
         addCrossStaffSlurs(draft);
         cut = cutEdges(draft, window, own);
@@ -227,11 +242,12 @@ BuiltLinePart LinePartBuilder::build(const std::vector<LinePartPlace> &parts, st
         } else {
             draft.staffLeft = own.left;
         }
-        draft.right = endsLine ? draft.right : own.right + overlap;
+        if (window.end < count)
+            draft.right = own.right + overlap;
         built.lastRow = draft.rows.back().y;
         built.top = system.top;
         built.bottom = system.bottom - built.lastRow;
-        built.drawing = draw(draft, origin, system);
+        built.drawing = draw(draft, own.left, system);
         built.hangers = std::move(system.hangers);
         built.problems = ownProblems(window);
         return built;

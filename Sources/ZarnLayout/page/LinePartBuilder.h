@@ -22,11 +22,24 @@ struct LineWindow {
 /// By row: how far its top line is below that of the row above.
 using RowDistances = std::vector<double>;
 
-/// A part of a line that is ready. Where its rows stand is what its own ink wants, unless it was
-/// built for given distances.
+/// What all parts of a line have in common; what a part is built without stands where its own ink
+/// wants it.
+struct LineHeights {
+    std::vector<WordHeights> words; ///< by row
+    RowDistances distances;
+
+    friend bool operator==(const LineHeights &a, const LineHeights &b)
+    {
+        return a.words == b.words && a.distances == b.distances;
+    }
+};
+
+/// A part of a line that is ready.
 struct BuiltLinePart {
     LineWindow window;
-    RowDistances distances; ///< as its ink wants them
+    LineHeights given;              ///< for which it was built
+    std::vector<WordHeights> words; ///< as its ink wants them
+    RowDistances distances;         ///< as its ink wants them
     /// Beams or slurs lead from staff to staff: its rows must not be moved apart once it is drawn.
     bool isTied = false;
     double top = 0;     ///< how far it reaches above the top line of the first row
@@ -42,15 +55,15 @@ struct BuiltLinePart {
 /// bars around its own, so that all stands as in one piece.
 class LinePartBuilder : private SystemBuilder {
 public:
-    LinePartBuilder(const EngravedScore &score, const Pen &pen) : SystemBuilder(score, pen, _found)
+    LinePartBuilder(const EngravedScore &score, const std::vector<LineBar> &bars, const Pen &pen)
+        : SystemBuilder(score, pen, _found), _bars(bars)
     {
     }
 
-    /// Builds part `number` of a line; `engrave` is called for each bar that is looked at, before
-    /// that. With `given` its rows stand in these distances.
-    BuiltLinePart build(const std::vector<LinePartPlace> &parts, std::size_t number,
-                        const std::function<void(unsigned)> &engrave,
-                        const RowDistances *given) const;
+    /// Builds the part of the shown bars `first` up to `end`; `engrave` is called for each bar that
+    /// is looked at, before that.
+    BuiltLinePart build(unsigned first, unsigned end, const std::function<void(unsigned)> &engrave,
+                        LineHeights given) const;
 
 private:
     /// A stretch of the window.
@@ -63,8 +76,10 @@ private:
         bool right = false;
     };
 
-    SystemDraft draftOf(const std::vector<LinePartPlace> &parts, const LineWindow &window,
-                        double &origin) const;
+    SystemDraft draftOf(const LineWindow &window) const;
+    Span ownSpan(const SystemDraft &draft, const LineWindow &window) const;
+    /// Where a bar begins, seen from the left end of the window.
+    double placeOf(unsigned shownBar, const LineWindow &window) const;
     bool isOwn(const Ink &ink, const LineWindow &window) const;
     bool isOwn(const MarkPlace &place, const LineWindow &window) const;
     /// Whether something of the window may go on where it ends.
@@ -73,6 +88,7 @@ private:
     void keepOwn(SystemDraft &draft, const LineWindow &window) const;
     std::shared_ptr<const Problems> ownProblems(const LineWindow &window) const;
 
+    const std::vector<LineBar> &_bars;
     mutable Problems _found;
 };
 

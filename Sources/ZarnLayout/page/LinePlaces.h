@@ -10,43 +10,32 @@
 
 namespace zarn::engraving {
 
-/// Where the bars of a part of a line stand, seen from its left end, where the bar line in front of
-/// it begins. Never changes.
+/// Where a bar of a line without end stands, seen from where the bar line in front of it begins.
+/// Never changes.
 struct LinePlaces {
-    struct Bar {
-        double joint = 0; ///< where what stands in front of the bar begins
-        double left = 0;  ///< where the notes' room begins
-        double right = 0;
-        std::vector<double> columns;
-
-        friend bool operator==(const Bar &a, const Bar &b)
-        {
-            return a.joint == b.joint && a.left == b.left && a.right == b.right
-                && a.columns == b.columns;
-        }
-    };
-
-    std::vector<Bar> bars;
-    layout::Unit width = 0; ///< up to the end of its last bar, where the next part begins
-    WordReach after;        ///< of its words, over its end
+    double joint = 0; ///< where what stands in front of the bar begins: behind the names of tracks
+    double left = 0;  ///< where the notes' room begins
+    double right = 0;
+    std::vector<double> columns;
+    layout::Unit width = 0; ///< up to where the next bar begins
+    WordReach after;        ///< of its words, and of those in front, over its end
 
     friend bool operator==(const LinePlaces &a, const LinePlaces &b)
     {
-        return a.bars == b.bars && a.width == b.width && a.after == b.after;
+        return a.joint == b.joint && a.left == b.left && a.right == b.right
+            && a.columns == b.columns && a.width == b.width && a.after == b.after;
     }
 };
 
-/// A part of a line where it stands.
-struct LinePartPlace {
-    unsigned first = 0; ///< shown bars
-    unsigned end = 0;
-    layout::Unit left = 0; ///< on the line
+/// A bar of a line where it stands.
+struct LineBar {
+    layout::Unit left = 0;
     std::shared_ptr<const LinePlaces> places;
 };
 
-/// Places the shown bars `first` up to `end` as widely as their notes want to stand; `before` are
-/// words of the bars in front.
-LinePlaces placeLinePart(const EngravedScore &score, unsigned first, unsigned end,
-                         const WordReach &before, const Pen &pen);
+/// Places a shown bar as widely as its notes want to stand; `before` are words of the bars in
+/// front.
+LinePlaces placeLineBar(const EngravedScore &score, unsigned shownBar, const WordReach &before,
+                        const Pen &pen);
 
 } // namespace zarn::engraving

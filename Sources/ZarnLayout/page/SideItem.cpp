@@ -94,6 +94,17 @@ void clearBeams(const RowDraft &row, SideItem &item)
     item.side = openSide(row, item.side, box.left, box.right);
 }
 
+/// Where words of a kind stand that want to stand at a height, or farther outwards.
+double heightOfWords(RowDraft &row, int words, Side side, double y)
+{
+    const double outwards = side == Side::Above ? -1 : 1;
+    const int key = 2 * words + (side == Side::Below ? 1 : 0);
+    const double wanted = outwards * y;
+    row.wantedHeights[key] = wanted;
+    const auto given = row.givenHeights.find(key);
+    return given != row.givenHeights.end() ? outwards * std::max(wanted, given->second) : y;
+}
+
 } // namespace
 
 Side openSide(const RowDraft &row, Side wish, double left, double right)
@@ -108,7 +119,7 @@ Side openSide(const RowDraft &row, Side wish, double left, double right)
     return hasBeams(wish) && !hasBeams(other) ? other : wish;
 }
 
-void place(RowDraft &row, SideItems items)
+void place(RowDraft &row, SideItems items, int words)
 {
     for (SideItem &item : items)
         clearBeams(row, item);
@@ -125,6 +136,9 @@ void place(RowDraft &row, SideItems items)
             entry->second =
                 item.side == Side::Above ? std::min(entry->second, y) : std::max(entry->second, y);
     }
+    if (words > 0)
+        for (auto &[line, y] : lines)
+            y = heightOfWords(row, words, line.second, y);
     for (SideItem &item : items) {
         if (item.inks.empty())
             continue;

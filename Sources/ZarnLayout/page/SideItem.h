@@ -28,8 +28,9 @@ Side openSide(const RowDraft &row, Side wish, double left, double right);
 
 using SideItems = std::vector<SideItem>;
 
-/// Places items in their order, those of one line together with the first of them.
-void place(RowDraft &row, SideItems items);
+/// Places items in their order, those of one line together with the first of them. With `words`,
+/// above 0, they are words of one kind, all on one line, that stand at one height all over the row.
+void place(RowDraft &row, SideItems items, int words = 0);
 
 /// Chords of one voice that carry the same sign, first and last included.
 struct ChordRun {

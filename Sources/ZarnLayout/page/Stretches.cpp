@@ -295,11 +295,11 @@ void findNeighbours(ChordRun &run, const RowDraft &row, const SystemDraft &draft
 {
     const PlacedChord &first = row.chords[run.first];
     const PlacedChord &last = row.chords[run.last];
-    run.comesFromBefore = draft.first > 0 && first.shownBar == draft.first
+    run.comesFromBefore = draft.knowsBefore && first.shownBar == draft.first
         && isOutermost(row, run.first, true)
         && isUnderOttava(draft.score.source(row.number, draft.first - 1), first.chord->voice,
                          ottavia, true);
-    run.goesOn = draft.end < draft.score.shown.size() && last.shownBar + 1 == draft.end
+    run.goesOn = draft.knowsBehind && last.shownBar + 1 == draft.end
         && isOutermost(row, run.last, false)
         && isUnderOttava(draft.score.source(row.number, draft.end), last.chord->voice, ottavia,
                          false);

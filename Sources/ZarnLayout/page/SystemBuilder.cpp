@@ -79,6 +79,10 @@ SystemDraft SystemBuilder::draftOf(unsigned first, unsigned end) const
     draft.first = first;
     draft.end = end;
     draft.isFirst = first == 0;
+    draft.knowsBefore = first > 0;
+    draft.knowsBehind = end < _score.shown.size();
+    draft.knowsBefore = first > 0;
+    draft.knowsBehind = end < _score.shown.size();
     return draft;
 }
 

@@ -6,6 +6,7 @@
 #include <ZarnLayout/page/EngravedScore.h>
 #include <ZarnLayout/space/Skyline.h>
 
+#include <map>
 #include <utility>
 #include <vector>
 
@@ -45,6 +46,10 @@ struct PlacedChord {
     }
 };
 
+/// Words that stand at one height all over a line: how far outwards their base line is from the top
+/// line of the row, by what they are and on which side.
+using WordHeights = std::map<int, double>;
+
 /// A row of a system while it is drawn. y counts from its top line.
 struct RowDraft {
     const Row *row = nullptr;
@@ -56,6 +61,9 @@ struct RowDraft {
     Skyline above;                   ///< reaches upwards: -y
     Skyline below;                   ///< reaches downwards: y
     double y = 0;                    ///< of the top line, in the system
+
+    WordHeights wantedHeights; ///< as the ink wants them
+    WordHeights givenHeights;  ///< at least, in a part of a line, as other parts want them
 
     /// From where to where a beam leads to the row above, and to the one below: room that is its.
     std::vector<std::pair<double, double>> beamsAbove;
@@ -114,6 +122,8 @@ struct SystemDraft {
     double right = 0;
     double room = 0; ///< of the whole line: what is longer becomes smaller
     bool isFirst = false;
+    bool knowsBefore = false; ///< what begins in the bar in front goes on here
+    bool knowsBehind = false;
     std::vector<RowDraft> rows;
     std::vector<BarPlace> bars;
 

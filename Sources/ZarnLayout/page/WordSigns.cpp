@@ -254,7 +254,7 @@ void addDynamics(RowDraft &row, const SystemDraft &draft)
             }
             const bool isFirstOfVoice =
                 i == 0 || carriers[i - 1]->chord->voice != first.chord->voice;
-            const bool comes = isFirstOfVoice && draft.first > 0 && first.shownBar == draft.first
+            const bool comes = isFirstOfVoice && draft.knowsBefore && first.shownBar == draft.first
                 && !first.beat().marks.beginsHairpin() && first.beat().index == 0
                 && wasOpen(draft, row, first, kind);
             if (right > left + 0.8) {
@@ -380,7 +380,8 @@ void addLyrics(RowDraft &row, const SystemDraft &draft)
                              entry);
             }
         }
-        place(row, std::move(items));
+        const auto [verse, voice] = entry.first;
+        place(row, std::move(items), lyricLine + static_cast<int>(verse * Bar::MaxVoices + voice));
     }
 }
 
@@ -418,8 +419,8 @@ void addChordSymbols(RowDraft &row, const SystemDraft &draft)
             symbols.push_back(std::move(item));
         }
     }
-    place(row, std::move(diagrams));
-    place(row, std::move(symbols));
+    place(row, std::move(diagrams), symbolLine + 1);
+    place(row, std::move(symbols), symbolLine);
 }
 
 } // namespace zarn::engraving

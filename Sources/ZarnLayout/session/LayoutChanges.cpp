@@ -2,7 +2,8 @@
 #include <ZarnLayout/session/LayoutChanges.h>
 
 #include <algorithm>
-#include <iterator>
+#include <cstddef>
+#include <set>
 
 namespace zarn::layout {
 
@@ -52,21 +53,29 @@ public:
         constexpr std::size_t few = 4;
         if (changed.size() > few && changed.front()->at.y == changed.back()->at.y) {
             addLineFrom(*changed.front(), layout, page);
-            return;
+            std::set<const SystemDrawing *> shared;
+            for (const PlacedSystem &system : other.systems)
+                shared.insert(system.drawing.get());
+            const auto isMoved = [&](const PlacedSystem *system) {
+                return shared.count(system->drawing.get()) > 0;
+            };
+            changed.erase(std::remove_if(changed.begin(), changed.end(), isMoved), changed.end());
         }
         for (const PlacedSystem *system : changed)
             add(system->drawing->marks.box(layout.font()).movedBy(system->at));
     }
 
 private:
-    /// Parts of a line that make way move all parts behind them: the sheet is drawn again from the
-    /// part in front of them on, into which their ink may reach.
+    /// Parts of a line that only move are many: all of the sheet is drawn again from the parts in
+    /// front of them on, as far as their ink may reach, and what of them is beyond its edges.
     void addLineFrom(const PlacedSystem &first, const Layout &layout, const LayoutPage &page)
     {
-        Box box = boxOfSheet(layout, page);
-        const bool isFirst = &first == &page.systems.front();
-        box.left = isFirst ? 0 : std::prev(&first)->at.x;
-        add(box);
+        constexpr std::ptrdiff_t around = 2;
+        const Box sheet = boxOfSheet(layout, page);
+        const std::ptrdiff_t number = &first - page.systems.data();
+        const Unit left = number < around ? 0 : (&first - around)->at.x;
+        const Unit height = sheet.bottom;
+        add({left, -height, sheet.right + height, 2 * height});
     }
 
     std::size_t _page;

@@ -178,8 +178,8 @@ void LayoutEngine::buildLine(const ScoreSource &source, const Origins &origins)
     built->top = _line.top();
     built->bottom = _line.bottom();
     for (const LinePart &part : parts) {
-        ShownSystem system(part.place.first, part.place.end, {0, false});
-        system.left = part.place.left;
+        ShownSystem system(part.first, part.end, {0, false});
+        system.left = part.left;
         system.isNew = part.isNew;
         system.built = built;
         system.drawing = part.drawing;

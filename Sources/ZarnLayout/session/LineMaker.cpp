@@ -10,10 +10,10 @@ namespace zarn::engraving {
 
 namespace {
 
-constexpr unsigned barsOfPart = 6;
+constexpr unsigned barsOfPart = 4;
 
 /// A part that is shorter ends for nothing that is written.
-constexpr unsigned fewestBars = 3;
+constexpr unsigned fewestBars = 2;
 
 /// Where a part ends rather than elsewhere, so that parts behind bars that come and go are the same
 /// as before.
@@ -55,6 +55,23 @@ std::shared_ptr<const BuiltLinePart> movedTo(unsigned first, const BuiltLinePart
     return moved;
 }
 
+bool standAt(const std::vector<layout::Unit> &heights, const layout::SystemDrawing &drawing)
+{
+    return std::equal(
+        heights.begin(), heights.end(), drawing.staves.begin(), drawing.staves.end(),
+        [](layout::Unit height, const layout::StaffFrame &staff) { return height == staff.top; });
+}
+
+/// Whether no words of a part stand elsewhere than they do in the whole line.
+bool standAt(const std::vector<WordHeights> &line, const std::vector<WordHeights> &part)
+{
+    for (std::size_t row = 0; row < part.size(); ++row)
+        for (const auto &[kind, height] : part[row])
+            if (line[row].at(kind) != height)
+                return false;
+    return true;
+}
+
 /// How far the rows of a drawing are from where they should stand; empty where all are there.
 RowShifts shiftsTo(const std::vector<layout::Unit> &heights, const layout::SystemDrawing &drawing)
 {
@@ -93,178 +110,202 @@ std::vector<unsigned> LineMaker::endsOf(const EngravedScore &score)
 
 const std::vector<LinePart> &LineMaker::make(const Change &change)
 {
-    const std::vector<LinePart> old = std::exchange(_parts, {});
-    placeParts(change, old);
-    buildParts(change);
+    const Line old = std::exchange(_line, {});
+    placeBars(change, old);
+    buildParts(change, old);
+    alignWords(change);
     alignRows(change);
-    return _parts;
+    return _line.parts;
 }
 
-void LineMaker::placeParts(const Change &change, const std::vector<LinePart> &old)
+void LineMaker::placeBars(const Change &change, const Line &old)
 {
     const EngravedScore &score = change.score;
-    std::vector<const LinePart *> oldAt(change.old.shown.size(), nullptr);
-    if (!change.hasOtherHeads)
-        for (const LinePart &part : old)
-            oldAt[part.place.first] = &part;
-    _origins.clear();
     const auto count = static_cast<unsigned>(score.shown.size());
-    const auto oldCount = static_cast<unsigned>(change.old.shown.size());
-    WordReach before;
+    const WordReach none;
     layout::Unit left = 0;
-    unsigned first = 0;
-    for (const unsigned end : endsOf(score)) {
-        // A new bar may stand where another one was.
-        std::uint32_t origin = change.origins[first];
-        if (origin == SystemBreaks::isNew && count == oldCount)
-            origin = first;
-        const LinePart *was = origin < oldCount ? oldAt[origin] : nullptr;
-        if (was
-            && (was->place.end - was->place.first != end - first
-                || (was->place.first == 0) != (first == 0)
-                || (was->place.end == oldCount) != (end == count)))
-            was = nullptr;
-        bool isSame = was && was->before == before;
-        for (unsigned i = first == 0 ? 0 : first - 1; isSame && i < end; ++i)
-            isSame = score.columns[i] == change.old.columns[was->place.first + i - first];
-        LinePart part;
-        part.before = before;
-        part.place = {first, end, left, nullptr};
-        if (isSame) {
-            part.place.places = was->place.places;
+    _line.bars.reserve(count);
+    for (unsigned i = 0; i < count; ++i) {
+        LineBar bar;
+        bar.left = left;
+        if (isPlaced(change, old, i)) {
+            bar.places = old.bars[change.origins[i]].places;
         } else {
-            for (unsigned i = first; i < end; ++i)
-                change.engrave(i);
-            LinePlaces places = placeLinePart(score, first, end, before, _pen);
-            part.place.places = was && *was->place.places == places
-                ? was->place.places
+            change.engrave(i);
+            LinePlaces places =
+                placeLineBar(score, i, i == 0 ? none : _line.bars[i - 1].places->after, _pen);
+            // A new bar may stand as the one that was here before it.
+            const LineBar *was = old.bars.size() == count ? &old.bars[i] : nullptr;
+            bar.places = was && *was->places == places
+                ? was->places
                 : std::make_shared<const LinePlaces>(std::move(places));
         }
-        left += part.place.places->width;
-        before = part.place.places->after;
-        _parts.push_back(std::move(part));
-        _origins.push_back(was);
+        left += bar.places->width;
+        _line.bars.push_back(std::move(bar));
+    }
+}
+
+/// A bar stands where its notes, what is in front of it, and words of the bars there want it.
+bool LineMaker::isPlaced(const Change &change, const Line &old, unsigned shownBar) const
+{
+    const std::uint32_t origin = change.origins[shownBar];
+    if (change.hasOtherHeads || origin >= old.bars.size())
+        return false;
+    const bool isLast = shownBar + 1 == change.score.shown.size();
+    if ((shownBar == 0) != (origin == 0) || isLast != (origin + 1 == old.bars.size()))
+        return false;
+    if (shownBar == 0)
+        return true;
+    const auto &before = _line.bars[shownBar - 1].places;
+    const auto &beforeIt = old.bars[origin - 1].places;
+    return change.score.columns[shownBar - 1]->last->shared
+        == change.old.columns[origin - 1]->last->shared
+        && (before == beforeIt || before->after == beforeIt->after);
+}
+
+/// What is drawn of a part depends on the bars that it looks at and where they stand, and on what
+/// all staves share of the bars around these.
+bool LineMaker::hasSameWindow(const Change &change, const Line &old, const LineWindow &was,
+                              unsigned first) const
+{
+    const auto count = static_cast<unsigned>(_line.bars.size());
+    const auto oldCount = static_cast<unsigned>(old.bars.size());
+    if (was.first - was.from > first || was.to - was.first > count - first)
+        return false;
+    const unsigned from = first - (was.first - was.from);
+    const unsigned to = first + (was.to - was.first);
+    if ((from == 0) != (was.from == 0) || (to == count) != (was.to == oldCount))
+        return false;
+    const auto &columns = change.score.columns;
+    const auto &oldColumns = change.old.columns;
+    for (unsigned i = from; i < to; ++i) {
+        const unsigned before = was.first + i - first;
+        if (columns[i] != oldColumns[before] || _line.bars[i].places != old.bars[before].places)
+            return false;
+    }
+    return (from == 0 || columns[from - 1]->last->shared == oldColumns[was.from - 1]->last->shared)
+        && (to == count || columns[to]->first->shared == oldColumns[was.to]->first->shared);
+}
+
+const LinePart *LineMaker::sameIn(const Change &change, const Line &old, unsigned first,
+                                  unsigned end) const
+{
+    const std::uint32_t origin = change.origins[first];
+    if (change.hasOtherHeads || origin >= old.bars.size())
+        return nullptr;
+    const auto part = std::lower_bound(
+        old.parts.begin(), old.parts.end(), origin,
+        [](const LinePart &other, std::uint32_t bar) { return other.first < bar; });
+    if (part == old.parts.end() || part->first != origin || part->end - part->first != end - first
+        || !hasSameWindow(change, old, part->built->window, first))
+        return nullptr;
+    return &*part;
+}
+
+void LineMaker::buildParts(const Change &change, const Line &old)
+{
+    const LinePartBuilder builder(change.score, _line.bars, _pen);
+    unsigned first = 0;
+    for (const unsigned end : endsOf(change.score)) {
+        LinePart part;
+        part.first = first;
+        part.end = end;
+        part.left = _line.bars[first].left;
+        if (const LinePart *same = sameIn(change, old, first, end)) {
+            takeOver(change, *same, part);
+        } else {
+            part.isNew = true;
+            part.bare = std::make_shared<const BuiltLinePart>(
+                builder.build(first, end, change.engrave, {}));
+        }
+        _line.parts.push_back(std::move(part));
         first = end;
     }
 }
 
-std::vector<LinePartPlace> LineMaker::placesOfParts() const
-{
-    std::vector<LinePartPlace> places;
-    places.reserve(_parts.size());
-    for (const LinePart &part : _parts)
-        places.push_back(part.place);
-    return places;
-}
-
-std::vector<std::shared_ptr<const LinePlaces>> LineMaker::seenBy(const LineWindow &window) const
-{
-    std::vector<std::shared_ptr<const LinePlaces>> seen;
-    auto part =
-        std::upper_bound(_parts.begin(), _parts.end(), window.from,
-                         [](unsigned bar, const LinePart &other) { return bar < other.place.end; });
-    for (; part != _parts.end() && part->place.first < window.to; ++part)
-        seen.push_back(part->place.places);
-    return seen;
-}
-
-/// What is drawn of a part depends on the bars that it looks at, the one in front of them, the one
-/// behind, and where they stand.
-bool LineMaker::hasSameWindow(const Change &change, const LinePart &old, std::size_t number) const
-{
-    const auto count = static_cast<unsigned>(change.score.shown.size());
-    const auto oldCount = static_cast<unsigned>(change.old.shown.size());
-    const LineWindow &was = old.built->window;
-    const unsigned first = _parts[number].place.first;
-    const unsigned inFront = was.first - was.from;
-    if (inFront > first || was.to - was.first > count - first)
-        return false;
-    const LineWindow window = {first - inFront, first, first + (was.end - was.first),
-                               first + (was.to - was.first)};
-    if ((window.from == 0) != (was.from == 0) || (window.to == count) != (was.to == oldCount))
-        return false;
-    const unsigned from = window.from - (window.from == 0 ? 0 : 1);
-    const unsigned to = window.to + (window.to == count ? 0 : 1);
-    for (unsigned i = from; i < to; ++i)
-        if (change.score.columns[i] != change.old.columns[was.first + i - first])
-            return false;
-    return seenBy(window) == old.seen;
-}
-
 void LineMaker::takeOver(const Change &change, const LinePart &old, LinePart &part) const
 {
-    const std::int32_t bars =
-        barAt(change.score, part.place.first) - barAt(change.old, old.place.first);
-    part.given = old.given;
-    part.shifts = old.shifts;
-    part.seen = old.seen;
-    if (bars == 0 && part.place.first == old.place.first) {
+    const std::int32_t bars = barAt(change.score, part.first) - barAt(change.old, old.first);
+    if (bars == 0 && part.first == old.first) {
         part.bare = old.bare;
+        part.lined = old.lined;
         part.built = old.built;
         part.drawing = old.drawing;
         return;
     }
-    const unsigned first = part.place.first;
+    const unsigned first = part.first;
     part.bare = movedTo(first, *old.bare, bars);
-    part.built = old.built == old.bare ? part.bare : movedTo(first, *old.built, bars);
+    part.lined = old.lined == old.bare ? part.bare : movedTo(first, *old.lined, bars);
+    part.built = old.built == old.lined ? part.lined : movedTo(first, *old.built, bars);
     part.drawing =
         old.drawing == old.built->drawing ? part.built->drawing : movedByBars(old.drawing, bars);
 }
 
-void LineMaker::buildParts(const Change &change)
+std::shared_ptr<const BuiltLinePart>
+LineMaker::fitted(const Change &change, const std::shared_ptr<const BuiltLinePart> &part,
+                  const std::shared_ptr<const BuiltLinePart> &last,
+                  const LineHeights &heights) const
 {
-    const std::vector<LinePartPlace> places = placesOfParts();
-    const LinePartBuilder builder(change.score, _pen);
-    for (std::size_t i = 0; i < _parts.size(); ++i) {
-        LinePart &part = _parts[i];
-        if (_origins[i] && hasSameWindow(change, *_origins[i], i)) {
-            takeOver(change, *_origins[i], part);
-            continue;
+    if (heights == part->given)
+        return part;
+    if (last && heights == last->given)
+        return last;
+    BuiltLinePart built = LinePartBuilder(change.score, _line.bars, _pen)
+                              .build(part->window.first, part->window.end, change.engrave, heights);
+    // It depends on whatever it was built from too.
+    built.window.from = std::min(built.window.from, part->window.from);
+    built.window.to = std::max(built.window.to, part->window.to);
+    return std::make_shared<const BuiltLinePart>(std::move(built));
+}
+
+void LineMaker::alignWords(const Change &change)
+{
+    std::vector<WordHeights> words(change.score.rows.size());
+    for (const LinePart &part : _line.parts)
+        for (std::size_t row = 0; row < words.size(); ++row)
+            for (const auto &[kind, height] : part.bare->words[row]) {
+                const auto [entry, isNew] = words[row].emplace(kind, height);
+                entry->second = std::max(entry->second, height);
+            }
+    for (LinePart &part : _line.parts) {
+        LineHeights heights;
+        if (!standAt(words, part.bare->words)) {
+            heights.words = part.bare->words;
+            for (std::size_t row = 0; row < words.size(); ++row)
+                for (auto &[kind, height] : heights.words[row])
+                    height = words[row][kind];
         }
-        part.isNew = true;
-        part.bare = std::make_shared<const BuiltLinePart>(
-            builder.build(places, i, change.engrave, nullptr));
+        part.lined = fitted(change, part.bare, part.lined, heights);
     }
 }
 
 void LineMaker::alignRows(const Change &change)
 {
-    RowDistances distances = _parts.front().bare->distances;
-    for (const LinePart &part : _parts)
+    RowDistances distances = _line.parts.front().lined->distances;
+    for (const LinePart &part : _line.parts)
         for (std::size_t row = 0; row < distances.size(); ++row)
-            distances[row] = std::max(distances[row], part.bare->distances[row]);
+            distances[row] = std::max(distances[row], part.lined->distances[row]);
     const std::vector<layout::Unit> heights = heightsOf(distances);
-    const std::vector<LinePartPlace> places = placesOfParts();
-    const LinePartBuilder builder(change.score, _pen);
-    _top = _bottom = 0;
     double lastRow = 0;
     for (const double distance : distances)
         lastRow += distance;
-    for (std::size_t i = 0; i < _parts.size(); ++i) {
-        LinePart &part = _parts[i];
-        const bool isTied = part.bare->isTied && part.bare->distances != distances;
-        const RowDistances given = isTied ? distances : RowDistances();
-        if (!part.built || part.given != given) {
-            part.given = given;
-            part.drawing = nullptr;
-            part.built = part.bare;
-            if (isTied) {
-                BuiltLinePart built = builder.build(places, i, change.engrave, &distances);
-                built.window.from = std::min(built.window.from, part.bare->window.from);
-                built.window.to = std::max(built.window.to, part.bare->window.to);
-                part.built = std::make_shared<const BuiltLinePart>(std::move(built));
-            }
+    _top = _bottom = 0;
+    for (LinePart &part : _line.parts) {
+        auto built = part.lined;
+        if (built->isTied && built->distances != distances) {
+            LineHeights given = built->given;
+            given.distances = distances;
+            built = fitted(change, built, part.built, given);
         }
-        RowShifts shifts = shiftsTo(heights, *part.built->drawing);
-        if (!part.drawing || part.shifts != shifts) {
-            part.drawing = shifts.empty() ? part.built->drawing
-                                          : withRowsMoved(*part.built->drawing, part.built->hangers,
-                                                          {}, shifts, _pen.fonts().music());
-            part.shifts = std::move(shifts);
+        if (part.built != built || !standAt(heights, *part.drawing)) {
+            const RowShifts shifts = shiftsTo(heights, *built->drawing);
+            part.drawing = shifts.empty()
+                ? built->drawing
+                : withRowsMoved(*built->drawing, built->hangers, {}, shifts, _pen.fonts().music());
         }
-        part.seen = seenBy(part.built->window);
-        _top = std::max(_top, part.built->top);
-        _bottom = std::max(_bottom, lastRow + part.built->bottom);
+        part.built = built;
+        _top = std::max(_top, built->top);
+        _bottom = std::max(_bottom, lastRow + built->bottom);
     }
 }
 

@@ -12,18 +12,17 @@ namespace zarn::engraving {
 
 /// A part of a line that is as tall as all others.
 struct LinePart {
-    LinePartPlace place;
-    bool isNew = false; ///< was not there in the layout before
+    unsigned first = 0; ///< shown bars
+    unsigned end = 0;
+    layout::Unit left = 0; ///< on the line
+    bool isNew = false;    ///< was not there in the layout before
     std::shared_ptr<const BuiltLinePart> built;
 
     /// With its rows where those of the whole line stand.
     std::shared_ptr<const layout::SystemDrawing> drawing;
 
-    WordReach before;                                    ///< words of the parts in front
-    std::shared_ptr<const BuiltLinePart> bare;           ///< by its own wishes
-    RowDistances given;                                  ///< for which `built` was made; or empty
-    RowShifts shifts;                                    ///< of `drawing`
-    std::vector<std::shared_ptr<const LinePlaces>> seen; ///< of the parts that it looks at
+    std::shared_ptr<const BuiltLinePart> bare;  ///< by its own wishes
+    std::shared_ptr<const BuiltLinePart> lined; ///< with its words where those of the line stand
 };
 
 /// Lays all bars out on one line without end, in parts of a few bars; what parts share with those
@@ -45,25 +44,38 @@ public:
     const std::vector<LinePart> &make(const Change &change);
 
     /// The next line has nothing in common with the last one.
-    void forget() { _parts.clear(); }
+    void forget() { _line = {}; }
 
     // Of the last line, as tall as its tallest part.
     double top() const noexcept { return _top; }
     double bottom() const noexcept { return _bottom; } ///< below the top line of the first row
 
 private:
+    /// What there was before.
+    struct Line {
+        std::vector<LineBar> bars; ///< by shown bar
+        std::vector<LinePart> parts;
+    };
+
     static std::vector<unsigned> endsOf(const EngravedScore &score);
-    void placeParts(const Change &change, const std::vector<LinePart> &old);
-    void buildParts(const Change &change);
+    void placeBars(const Change &change, const Line &old);
+    bool isPlaced(const Change &change, const Line &old, unsigned shownBar) const;
+    void buildParts(const Change &change, const Line &old);
+    const LinePart *sameIn(const Change &change, const Line &old, unsigned first,
+                           unsigned end) const;
+    bool hasSameWindow(const Change &change, const Line &old, const LineWindow &was,
+                       unsigned first) const;
     void takeOver(const Change &change, const LinePart &old, LinePart &part) const;
+    /// Builds a part again as the whole line wants it, or takes it as it is.
+    std::shared_ptr<const BuiltLinePart> fitted(const Change &change,
+                                                const std::shared_ptr<const BuiltLinePart> &part,
+                                                const std::shared_ptr<const BuiltLinePart> &last,
+                                                const LineHeights &heights) const;
+    void alignWords(const Change &change);
     void alignRows(const Change &change);
-    bool hasSameWindow(const Change &change, const LinePart &old, std::size_t number) const;
-    std::vector<std::shared_ptr<const LinePlaces>> seenBy(const LineWindow &window) const;
-    std::vector<LinePartPlace> placesOfParts() const;
 
     const Pen &_pen;
-    std::vector<LinePart> _parts;
-    std::vector<const LinePart *> _origins; ///< by part, what it was before; null for none
+    Line _line;
     double _top = 0;
     double _bottom = 0;
 };
