@@ -81,8 +81,6 @@ SystemDraft SystemBuilder::draftOf(unsigned first, unsigned end) const
     draft.isFirst = first == 0;
     draft.knowsBefore = first > 0;
     draft.knowsBehind = end < _score.shown.size();
-    draft.knowsBefore = first > 0;
-    draft.knowsBehind = end < _score.shown.size();
     return draft;
 }
 
