@@ -53,6 +53,7 @@ TEST(Chords, areWrittenWithTheDiagramsOfTheStaff)
     EXPECT_TRUE(
         contains(edit("chord 1:1 C --shape x3201\n").err, "is for 5 strings, and there are 6"));
     EXPECT_TRUE(contains(edit("chord 1:1 Huh --shape best\n").err, "\"Huh\" is no chord symbol"));
+    EXPECT_TRUE(contains(edit("chord 1:1 N.C. --shape best\n").err, "N.C. is no chord"));
     EXPECT_TRUE(contains(edit("no-chord 1:1\n").err, "there is no chord here"));
 }
 
@@ -107,6 +108,7 @@ TEST(ChordCommand, keepsShapesOfTheUser)
     EXPECT_EQ(run({"chord", "--remove", "Cadd9", "x32033"}).code, 0);
     EXPECT_EQ(run({"chord", "--remove", "F6", "--tuning", "ukulele"}).code, 0);
     EXPECT_EQ(run({"chord", "--remove", "F6", "--tuning", "ukulele"}).code, 1);
+    EXPECT_TRUE(contains(run({"chord", "--shapes"}).out, "There are no shapes of your own"));
     EXPECT_TRUE(contains(run({"chord", "--add", "C", "xxxxxx"}).err, "plays no string"));
     EXPECT_EQ(run({"chord", "--add", "C"}).code, 2);
     EXPECT_EQ(run({"chord", "C", "x32010"}).code, 2);

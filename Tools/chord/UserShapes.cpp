@@ -131,9 +131,14 @@ int UserShapes::remove() const
 
 int UserShapes::list(const Terminal &terminal)
 {
+    const auto &shapes = loadedCore().fingeringLibrary().userShapes();
+    if (shapes.empty()) {
+        std::cout << "There are no shapes of your own; --add keeps one.\n";
+        return Done;
+    }
     TextTable table(
         {{QStringLiteral("Chord")}, {QStringLiteral("Shape")}, {QStringLiteral("Strings")}});
-    for (const chord::UserShape &shape : loadedCore().fingeringLibrary().userShapes()) {
+    for (const chord::UserShape &shape : shapes) {
         GuitarTuning tuning(static_cast<unsigned>(shape.openPitches.size()));
         for (unsigned i = 0; i < tuning.stringCount(); ++i)
             tuning.setTuning(i, shape.openPitches[i]);

@@ -43,6 +43,8 @@ ChordDiagram bestDiagram(const std::string &symbol, const Staff &staff)
     if (!chord)
         throw Failure("\"" + printable(symbol) + "\" is no chord symbol that zarn knows; type "
                       + "its shape, such as x32010");
+    if (chord->isNone())
+        throw Failure(printable(symbol) + " is no chord, and has no shape");
     const chord::Capos capos{staff.capoFret(), staff.partialCapoFret(),
                              staff.partialCapoStringFlags()};
     const auto found = loadedCore().fingeringLibrary().voicings(*chord, presentTuning(staff), capos,
