@@ -72,40 +72,51 @@ std::string nameOf(const Beat &beat)
         + std::to_string(voice.index()) + '.' + std::to_string(beat.index());
 }
 
-/// Takes the slurs off a track; a line for each, which tells the beats at its ends. A slur over the
-/// beats of one voice is marks of theirs or has a number.
+/// Takes the slurs off a track; a line for each, which tells the beats at its ends and its look. A
+/// slur over the beats of one voice is marks of theirs or has a number.
 std::multiset<std::string> takeSlurs(const Track &track)
 {
     std::multiset<std::string> slurs;
-    const auto add = [&](const Beat &begin, const Beat &end) {
-        slurs.insert("slur " + nameOf(begin) + " to " + nameOf(end));
+    const auto add = [&](const Beat &begin, const Beat &end, SlurLine line, SlurSide side) {
+        slurs.insert("slur " + nameOf(begin) + " to " + nameOf(end) + ' ' + slurLineToString(line)
+                     + ' ' + slurSideToString(side));
     };
-    std::map<int, std::multimap<std::pair<unsigned, utils::rational>, const Beat *>> numbered;
+    using Time = std::pair<unsigned, utils::rational>;
+    std::map<int, std::multimap<Time, std::pair<const Beat *, SlurEnd>>> numbered;
     for (const auto &staff : track.staves())
         for (unsigned slot = 0; slot < Bar::MaxVoices; ++slot) {
             const Beat *begin = nullptr;
+            SlurLine line = SlurLine::Solid;
+            SlurSide side = SlurSide::Auto;
             for (const auto &bar : staff->bars()) {
                 utils::rational onset;
                 for (unsigned i = 0; bar->voice(slot) && i < bar->voice(slot)->beatCount(); ++i) {
                     auto &beat = *bar->voice(slot)->beat(i);
                     for (const auto &end : beat.slurEnds())
-                        numbered[end.number].insert({{bar->index(), onset}, &beat});
+                        numbered[end.number].insert({{bar->index(), onset}, {&beat, end}});
                     onset += beat.length();
                     if (begin && (!beat.isSlurredToNext() || beat.beginsSlur()))
-                        add(*std::exchange(begin, nullptr), beat);
-                    if (!begin && beat.isSlurredToNext())
+                        add(*std::exchange(begin, nullptr), beat, line, side);
+                    if (!begin && beat.isSlurredToNext()) {
                         begin = &beat;
+                        line = beat.slurLine();
+                        side = beat.slurSide();
+                    }
                     beat.setSlurredToNext(false);
                     beat.setSlurredToPrevious(false);
                     beat.setSlurBegins(false);
                     beat.setSlurEnds({});
+                    beat.setSlurLine(SlurLine::Solid);
+                    beat.setSlurSide(SlurSide::Auto);
                 }
             }
         }
     for (const auto &[number, ends] : numbered)
         for (auto end = ends.begin(); end != ends.end() && std::next(end) != ends.end();
-             std::advance(end, 2))
-            add(*end->second, *std::next(end)->second);
+             std::advance(end, 2)) {
+            const auto &[begin, look] = end->second;
+            add(*begin, *std::next(end)->second.first, look.line, look.side);
+        }
     return slurs;
 }
 
