@@ -49,6 +49,28 @@ TEST(MusicXmlTies, oneThatNothingEndsIsHeldIntoTheSamePitchThatFollowsAtOnce)
     EXPECT_TRUE(report.problems().empty());
 }
 
+TEST(MusicXmlTies, drumsAtOnePlaceOfTheStaffHoldTheirOwn)
+{
+    const auto struck = [](const char *drum, const std::string &tie) {
+        return "<note><unpitched><display-step>C</display-step><display-octave>5</display-octave>"
+               "</unpitched><duration>2</duration>"
+            + tie + "<instrument id=\"" + drum + "\"/><type>half</type></note>";
+    };
+    const std::string start = "<tie type=\"start\"/>";
+    for (const char *const second : {"P1-I43", "P1-I44"}) {
+        ImportReport report;
+        const auto model =
+            import(score(measure(struck("P1-I43", start) + struck(second, "")),
+                         "<score-instrument id=\"P1-I43\"><instrument-name>Closed Hi-Hat"
+                         "</instrument-name></score-instrument><score-instrument id=\"P1-I44\">"
+                         "<instrument-name>Pedal Hi-Hat</instrument-name></score-instrument>"),
+                   report);
+        const bool isSame = std::string(second) == "P1-I43";
+        EXPECT_EQ(model->track(0)->bar(0)->voice(0)->beat(1)->note(0)->isTied(), isSame);
+        EXPECT_NE(report.hasProblem("a tie is begun here that nothing ends"), isSame);
+    }
+}
+
 TEST(MusicXmlTies, otherPitchesVoicesAndPlacesDoNotHoldIt)
 {
     ImportReport report;

@@ -4,6 +4,7 @@
 #include <ZarnCore/io/musicxml/ImportContext.h>
 
 #include <algorithm>
+#include <cstring>
 
 namespace zarn::io {
 
@@ -38,8 +39,8 @@ void OpenTies::follow(WrittenNote &note)
         note.tieStop = hold(note);
     }
     if (note.tieStart && _ties.size() < mostTies)
-        _ties.push_back(
-            {pitchOf(note), note.voice, _context.bar(), note.onset + note.length, note.node});
+        _ties.push_back({pitchOf(note), note.voice, _context.bar(), note.onset + note.length,
+                         note.node, note.instrument});
 }
 
 bool OpenTies::isFollowedBy(const Tie &tie, const WrittenNote &note) const
@@ -69,7 +70,9 @@ bool OpenTies::hold(const WrittenNote &note)
 {
     const int pitch = pitchOf(note);
     const auto found = std::find_if(_ties.begin(), _ties.end(), [&](const Tie &tie) {
-        return tie.pitch == pitch && tie.voice == note.voice && isFollowedBy(tie, note);
+        return tie.pitch == pitch && tie.voice == note.voice && isFollowedBy(tie, note)
+            && (note.kind == NoteKind::Pitched
+                || std::strcmp(tie.instrument, note.instrument) == 0);
     });
     if (found == _ties.end())
         return false;

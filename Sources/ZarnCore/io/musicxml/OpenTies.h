@@ -12,7 +12,8 @@ class ImportContext;
 /// The ties of a part that have begun and not ended.
 ///
 /// A tie ends at the next note of its pitch that says so. One that no note ends is held all the
-/// same where its pitch follows at once in its voice; what is left then is reported.
+/// same where its pitch follows at once in its voice, struck on the same drum where it has one;
+/// what is left then is reported.
 class OpenTies {
 public:
     explicit OpenTies(ImportContext &context) : _context(context) { }
@@ -34,6 +35,7 @@ private:
         int bar;
         utils::rational end; ///< in the bar
         pugi::xml_node node;
+        const char *instrument;
     };
 
     bool isFollowedBy(const Tie &tie, const WrittenNote &note) const;
