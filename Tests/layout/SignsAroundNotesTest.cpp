@@ -76,6 +76,28 @@ TEST(SignsAroundNotesTest, hairpinsOfHiddenBeatsEndInTheirBars)
     EXPECT_GT(hairpins[2].right, notes[2].right);
 }
 
+/// A hairpin that begins within a note is carried by hidden beats of another voice, and goes on.
+TEST(SignsAroundNotesTest, hairpinsGoOnInOtherVoices)
+{
+    Piece piece(2);
+    piece.add({60}, NoteValue::Whole);
+    for (const Hairpin kind : {Hairpin::NoHairpin, Hairpin::Crescendo}) {
+        Beat &hidden = piece.add({}, NoteValue::Half, 0, 1);
+        hidden.setPlaceHolder(true);
+        hidden.setHairpin(kind);
+    }
+    piece.add({60}, NoteValue::Half, 0, 0, 1).setHairpin(Hairpin::Crescendo);
+    piece.add({60}, NoteValue::Half, 0, 0, 1);
+    const LaidOut laid(*piece.model);
+    const auto hairpins = laid.of(MarkKind::Hairpin);
+    const auto notes = laid.of(MarkKind::NoteHead);
+    ASSERT_EQ(hairpins.size(), 2U);
+    EXPECT_GT(hairpins[0].left, notes[0].right);
+    EXPECT_LT(hairpins[0].left, notes[1].left);
+    EXPECT_GT(hairpins[0].right, notes[1].right);
+    EXPECT_LT(hairpins[0].right, notes[2].left);
+}
+
 /// Several bars of rest make one sign, but for those that something hangs on.
 TEST(SignsAroundNotesTest, restsWithSignsAreNotJoined)
 {

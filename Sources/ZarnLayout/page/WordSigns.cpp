@@ -3,6 +3,7 @@
 
 #include <ZarnLayout/engrave/ChordSymbolText.h>
 #include <ZarnLayout/engrave/WrittenText.h>
+#include <ZarnLayout/page/HairpinRuns.h>
 
 #include <ZarnCore/chords/ZarnChordDiagram.h>
 
@@ -191,7 +192,7 @@ void addDynamics(RowDraft &row, const SystemDraft &draft)
     const Side side = sideOfDynamics(row);
     SideItems items;
     std::vector<std::pair<double, double>> taken; // of dynamics, for hairpins to end at
-    auto carriers = carriersOf(row);
+    const auto carriers = carriersOf(row);
     for (const PlacedChord *const carrier : carriers) {
         const PlacedChord &chord = *carrier;
         std::vector<Sign> signs = signsOf(chord.beat().marks.dynamic());
@@ -221,54 +222,29 @@ void addDynamics(RowDraft &row, const SystemDraft &draft)
             ink.place = placeOf(row, chord);
         items.push_back(std::move(item));
     }
-    // What is not drawn does not part a hairpin.
-    carriers.erase(std::remove_if(carriers.begin(), carriers.end(),
-                                  [](const PlacedChord *chord) {
-                                      const BeatSource &beat = chord->beat();
-                                      return (beat.isPlaceHolder || beat.isWholeBarRest)
-                                          && beat.marks.hairpin() == Hairpin::NoHairpin;
-                                  }),
-                   carriers.end());
-    for (std::size_t i = 0; i < carriers.size();) {
-        const PlacedChord &first = *carriers[i];
-        const Hairpin kind = first.beat().marks.hairpin();
-        std::size_t end = i + 1;
-        while (end < carriers.size() && kind != Hairpin::NoHairpin && kind != Hairpin::Swell
-               && carriers[end]->chord->voice == first.chord->voice
-               && carriers[end]->shownBar <= carriers[end - 1]->shownBar + 1
-               && carriers[end]->beat().marks.hairpin() == kind
-               && !carriers[end]->beat().marks.beginsHairpin())
-            ++end;
-        if (kind != Hairpin::NoHairpin) {
-            const PlacedChord &last = *carriers[end - 1];
-            const PlacedChord *const next = end < carriers.size() ? carriers[end] : nullptr;
-            double left = first.x;
-            const bool isInBar =
-                next && next->chord->voice == last.chord->voice && next->shownBar == last.shownBar;
-            double right = (isInBar ? next->x : draft.barOf(last).right) - 0.4;
-            for (const auto &[start, stop] : taken) {
-                if (start <= left + 0.5 && stop > left)
-                    left = stop + 0.3;
-                if (start > left + 0.5 && start < right + 0.4)
-                    right = std::min(right, start - 0.3);
-            }
-            const bool isFirstOfVoice =
-                i == 0 || carriers[i - 1]->chord->voice != first.chord->voice;
-            const bool comes = isFirstOfVoice && draft.knowsBefore && first.shownBar == draft.first
-                && !first.beat().marks.beginsHairpin() && first.beat().index == 0
-                && wasOpen(draft, row, first, kind);
-            if (right > left + 0.8) {
-                SideItem item;
-                item.side = side;
-                item.line = dynamicLine;
-                item.gap = 0.5;
-                item.inks = hairpin(draft.pen, kind, left, right, comes, false);
-                for (Ink &ink : item.inks)
-                    ink.place = placeOf(row, first);
-                items.push_back(std::move(item));
-            }
+    for (const HairpinRun &run : hairpinRuns(carriers)) {
+        const PlacedChord &first = *run.first;
+        double left = first.x;
+        double right = (run.next ? run.next->x : endOfBeat(draft, *run.last)) - 0.4;
+        for (const auto &[start, stop] : taken) {
+            if (start <= left + 0.5 && stop > left)
+                left = stop + 0.3;
+            if (start > left + 0.5 && start < right + 0.4)
+                right = std::min(right, start - 0.3);
         }
-        i = end;
+        const bool comes = run.isFirstOfVoice && draft.knowsBefore && first.shownBar == draft.first
+            && !first.beat().marks.beginsHairpin() && first.beat().index == 0
+            && wasOpen(draft, row, first, run.kind);
+        if (right > left + 0.8) {
+            SideItem item;
+            item.side = side;
+            item.line = dynamicLine;
+            item.gap = 0.5;
+            item.inks = hairpin(draft.pen, run.kind, left, right, comes, false);
+            for (Ink &ink : item.inks)
+                ink.place = placeOf(row, first);
+            items.push_back(std::move(item));
+        }
     }
     alignNeighbours(items);
     place(row, std::move(items));
