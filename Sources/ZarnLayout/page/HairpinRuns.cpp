@@ -12,6 +12,15 @@ bool hasPlace(const PlacedChord &chord)
     return !chord.beat().isPlaceHolder && !chord.beat().isWholeBarRest;
 }
 
+/// Whether its voice has nothing behind a beat in its bar, which it then holds to the end of.
+bool isLastOfBar(const PlacedChord &chord)
+{
+    return std::any_of(chord.source->voices.begin(), chord.source->voices.end(),
+                       [&](const VoiceSource &voice) {
+                           return !voice.beats.empty() && &voice.beats.back() == chord.chord->beat;
+                       });
+}
+
 /// Whether a hairpin goes on as another one, which another voice of the staff carries from there.
 bool goesOnAs(const HairpinRun &run, const HairpinRun &other)
 {
@@ -22,7 +31,7 @@ bool goesOnAs(const HairpinRun &run, const HairpinRun &other)
         return false;
     const bool isNextBar = other.first->shownBar == run.last->shownBar + 1;
     return isNextBar
-        ? !run.next && first.onset.isZero()
+        ? isLastOfBar(*run.last) && first.onset.isZero()
         : other.first->shownBar == run.last->shownBar && first.onset == last.onset + last.length;
 }
 
@@ -82,6 +91,8 @@ std::vector<HairpinRun> hairpinRuns(const std::vector<const PlacedChord *> &carr
 double endOfBeat(const SystemDraft &draft, const PlacedChord &chord)
 {
     const BarPlace &bar = draft.barOf(chord);
+    if (isLastOfBar(chord))
+        return bar.right;
     const auto &onsets = draft.score.spaced(chord.shownBar).onsets;
     const auto end =
         std::lower_bound(onsets.begin(), onsets.end(), chord.beat().onset + chord.beat().length);

@@ -20,7 +20,8 @@ struct HairpinRun {
 /// signs hang on, voice by voice, in time.
 std::vector<HairpinRun> hairpinRuns(const std::vector<const PlacedChord *> &carriers);
 
-/// Where a beat ends: at the next column of its bar, or at the bar line.
+/// Where what a beat carries ends: at the next column of its bar, or at the bar line where it is
+/// the last of its voice.
 double endOfBeat(const SystemDraft &draft, const PlacedChord &chord);
 
 } // namespace zarn::engraving
