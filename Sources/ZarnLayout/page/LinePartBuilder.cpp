@@ -17,8 +17,18 @@ namespace {
 /// So far staff lines lead into the next part: no seam is seen where one ends on a pixel's edge.
 constexpr double overlap = 0.05;
 
-/// Farther away is not looked for slurs over a part, and for hairpins that have paused.
+/// Farther away is not looked for what passes over a part.
 constexpr unsigned mostBarsAround = 16;
+
+/// Whether a text whose line ends at a chord stands in front of it.
+bool hasOpenText(const RowDraft &row, std::size_t number)
+{
+    return std::any_of(row.chords.begin(), row.chords.begin() + static_cast<std::ptrdiff_t>(number),
+                       [&](const PlacedChord &chord) {
+                           const auto &details = chord.beat().details;
+                           return details && details->textSpan == TextSpan::Begin;
+                       });
+}
 
 template <class Visit>
 void eachInk(const SystemDraft &draft, const Visit &visit)
@@ -118,29 +128,31 @@ LinePartBuilder::Edges LinePartBuilder::cutEdges(const SystemDraft &draft, const
         if (isOwn(ink, window)) {
             edges.left |= reachesLeft;
             edges.right |= reachesRight;
-        } else if (ink.kind == MarkKind::Slur && ink.box.left < own.right
-                   && ink.box.right > own.left) {
-            // What makes way for a slur must see all of it.
+        } else if (ink.box.left < own.right && ink.box.right > own.left) {
+            // What makes way for something that passes must see all of it.
             edges.left |= reachesLeft && window.first - window.from < mostBarsAround;
             edges.right |= reachesRight && window.to - window.end < mostBarsAround;
         }
     });
-    // A hairpin goes on behind bars in which its voice is silent.
-    const auto hasHairpin = [&](const PlacedChord &chord) {
-        return chord.beat().marks.hairpin() != Hairpin::NoHairpin && chord.shownBar >= window.first
-            && chord.shownBar < window.end;
-    };
+    const bool looksLeft = canGoLeft && window.first - window.from < mostBarsAround;
+    const bool looksRight = canGoRight && window.to - window.end < mostBarsAround;
     for (const RowDraft &row : draft.rows)
         for (std::size_t i = 0; i < row.chords.size(); ++i) {
+            const PlacedChord &chord = row.chords[i];
             const auto isOther = [&](std::size_t other) {
                 return other >= row.chords.size()
-                    || row.chords[other].chord->voice != row.chords[i].chord->voice;
+                    || row.chords[other].chord->voice != chord.chord->voice;
             };
-            if (!hasHairpin(row.chords[i]))
-                continue;
-            edges.left |=
-                canGoLeft && isOther(i - 1) && window.first - window.from < mostBarsAround;
-            edges.right |= canGoRight && isOther(i + 1) && window.to - window.end < mostBarsAround;
+            // A hairpin goes on behind bars in which its voice is silent.
+            if (chord.beat().marks.hairpin() != Hairpin::NoHairpin && chord.shownBar >= window.first
+                && chord.shownBar < window.end) {
+                edges.left |= looksLeft && isOther(i - 1);
+                edges.right |= looksRight && isOther(i + 1);
+            }
+            // The line behind a text is drawn with the text.
+            const auto &details = chord.beat().details;
+            if (details && details->textSpan == TextSpan::End)
+                edges.left |= looksLeft && !hasOpenText(row, i);
         }
     return edges;
 }
