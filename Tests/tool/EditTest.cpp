@@ -106,6 +106,7 @@ TEST(Edit, refusalsSayTheReasonAtTheWordThatIsWrong)
         {"add-track guitar --tuning \"Dro D\"", "column 27: \"Dro D\" is neither"},
         {"select 1 t1\nfinger", "nothing here is played on strings"},
         {"add-track guitar\nselect 1 t5\nfinger", "line 3, column 7: there are no notes here"},
+        {"add-track guitar\nwrite 1:1 \"rq\" t5\nfinger 1:1 t5", "there are no notes here"},
     };
     for (const Refused &refused : all) {
         const ToolRun run = edit(saints(), refused.lines);

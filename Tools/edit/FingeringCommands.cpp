@@ -97,7 +97,7 @@ bool finger(EditSession &session, const Values &values)
         options.fingers = static_cast<fingering::LeftFingers>(values.get<int>(2));
     const auto report = std::make_shared<fingering::FingeringReport>();
     if (!session.score().automaticFingerPositioning(range, options, report))
-        return false;
+        throw LineError(values.column(0), QStringLiteral("there are no notes here"));
     print(session, *report);
     return true;
 }
