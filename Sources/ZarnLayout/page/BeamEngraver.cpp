@@ -18,17 +18,18 @@ namespace {
 /// A sign of a voice that stands by itself.
 struct VoiceSign {
     int voice;
+    bool isAccidental;
     Box box;
 };
 
-/// What the beams of the voices of a bar keep off: the heads, dots, accidentals and flags of the
-/// other ones.
+/// What the beams of the voices of a bar keep off: the heads, dots and flags of the other ones, and
+/// the accidentals of all of them.
 struct BarRivals {
     std::vector<const PlacedChord *> chords;
     std::vector<VoiceSign> signs;
 };
 
-/// Those of each bar that has several voices, by its number in the score.
+/// Those of each bar where there are any, by its number in the score.
 using Rivals = std::map<unsigned, BarRivals>;
 
 Rivals rivalsIn(const RowDraft &row)
@@ -37,15 +38,14 @@ Rivals rivalsIn(const RowDraft &row)
     for (const PlacedChord &chord : row.chords)
         if (chord.chord->hasRival)
             rivals[chord.bar].chords.push_back(&chord);
-    if (rivals.empty())
-        return rivals;
     for (const Ink &ink : row.inks) {
-        if (ink.kind != MarkKind::AugmentationDot && ink.kind != MarkKind::Accidental
-            && ink.kind != MarkKind::Flag)
+        const bool isAccidental = ink.kind == MarkKind::Accidental;
+        if (!isAccidental && ink.kind != MarkKind::AugmentationDot && ink.kind != MarkKind::Flag)
             continue;
-        const auto bar = rivals.find(static_cast<unsigned>(ink.place.bar));
+        const auto number = static_cast<unsigned>(ink.place.bar);
+        const auto bar = isAccidental ? rivals.try_emplace(number).first : rivals.find(number);
         if (bar != rivals.end())
-            bar->second.signs.push_back({ink.place.voice, ink.box});
+            bar->second.signs.push_back({ink.place.voice, isAccidental, ink.box});
     }
     return rivals;
 }
@@ -66,8 +66,9 @@ public:
         for (std::size_t i = chain.front(); i < chain.back() && !isOfGrace; ++i)
             if (const PlacedChord &grace = row.chords[i]; grace.beat().isGrace())
                 _inside.push_back({grace.x, grace.top(), rightOf(grace), grace.bottom()});
-        if (_members.size() > 1 && _members.front()->chord->hasRival)
-            findObstacles(rivals.at(_members.front()->bar));
+        if (_members.size() > 1)
+            if (const auto bar = rivals.find(_members.front()->bar); bar != rivals.end())
+                findObstacles(bar->second);
     }
 
     void draw()
@@ -83,7 +84,7 @@ public:
     }
 
 private:
-    /// What of other voices stands between the first stem and the last.
+    /// What stands between the first stem and the last.
     void findObstacles(const BarRivals &rivals)
     {
         const unsigned voice = _members.front()->chord->voice;
@@ -100,11 +101,11 @@ private:
                     add({x, head.y - 0.6, x + head.width, head.y + 0.6});
                 }
         for (const VoiceSign &sign : rivals.signs)
-            if (sign.voice != static_cast<int>(voice))
+            if (sign.isAccidental || sign.voice != static_cast<int>(voice))
                 add({sign.box.left, sign.box.top - 0.1, sign.box.right, sign.box.bottom + 0.1});
     }
 
-    /// How deep the beams lie in what other voices have there, all in all.
+    /// How deep the beams lie in what stands there, all in all.
     double coveredBy(const BeamLine &line) const
     {
         const double depth = step() * std::max(1, mostBeams());

@@ -273,10 +273,13 @@ private:
         return isHighest;
     }
 
-    /// Whether heads of another voice lie between a chord and what is drawn on one side.
+    /// Whether heads of another voice lie between a chord and what is drawn on one side. Rests have
+    /// found their places off them.
     bool isInner(const PlacedChord &placed, bool isAbove) const
     {
         const Chord &chord = *placed.chord;
+        if (chord.isRest())
+            return false;
         bool isInner = false;
         forRivals(placed, [&](const Chord &other) {
             isInner =
