@@ -452,34 +452,43 @@ TEST(InkOnInkTest, graceNotesOfTwoVoicesKeepOffEachOther)
 /// The dots of a note end before the stem of the next one, however far that reaches for its beam.
 TEST(InkOnInkTest, dotsKeepOffTheStemsThatBeamsMakeLonger)
 {
-    ViolinPiece piece;
-    piece.add({60}, NoteValue::SixtyFourth, 3);
-    piece.add({95}, NoteValue::SixtyFourth);
-    const LaidOut laid(*piece.model);
-    const auto dots = laid.of(MarkKind::AugmentationDot);
-    ASSERT_EQ(dots.size(), 3U);
-    ASSERT_FALSE(laid.of(MarkKind::Beam).empty());
-    for (const auto &stem : laid.of(MarkKind::Stem))
-        for (const auto &dot : dots)
-            EXPECT_FALSE(meet(stem, dot)) << stem.left << " " << dot.left;
+    for (const NoteValue value : {NoteValue::Sixteenth, NoteValue::ThirtySecond})
+        for (const int high : {91, 95, 103}) {
+            SCOPED_TRACE(high);
+            ViolinPiece piece;
+            piece.add({57}, value, 3);
+            piece.add({high}, value);
+            const LaidOut laid(*piece.model);
+            const auto dots = laid.of(MarkKind::AugmentationDot);
+            ASSERT_EQ(dots.size(), 3U);
+            EXPECT_FALSE(laid.of(MarkKind::Beam).empty());
+            for (const auto &stem : laid.of(MarkKind::Stem))
+                for (const auto &dot : dots)
+                    EXPECT_FALSE(meet(stem, dot)) << stem.left << " " << dot.left;
+        }
 }
 
 /// A slide that comes from nowhere keeps off the stems of other voices beside its note.
 TEST(InkOnInkTest, shortSlidesKeepOffTheStemsOfOtherVoices)
 {
-    ViolinPiece piece;
-    Beat &upper = piece.add({72}, NoteValue::Half);
-    NoteMarks marks = upper.notes()[0]->marks();
-    marks.setSlideOut(SlideOut::Downwards);
-    upper.notes()[0]->setMarks(marks);
-    piece.add({72}, NoteValue::Half);
-    piece.add({74}, NoteValue::Half, 0, 1);
-    piece.add({60}, NoteValue::Half, 0, 1);
-    const LaidOut laid(*piece.model);
-    const auto slides = laid.of(MarkKind::Slide);
-    ASSERT_EQ(slides.size(), 1U);
-    EXPECT_GT(slides[0].right - slides[0].left, 1);
-    for (const MarkKind kind : {MarkKind::Stem, MarkKind::NoteHead})
-        for (const auto &mark : laid.of(kind))
-            EXPECT_FALSE(meet(slides[0], mark)) << mark.left;
+    for (const int other : {60, 62, 64, 66, 69, 71, 74, 76}) {
+        SCOPED_TRACE(other);
+        ViolinPiece piece;
+        Beat &upper = piece.add({67}, NoteValue::Half);
+        NoteMarks marks = upper.notes()[0]->marks();
+        marks.setSlideOut(SlideOut::Downwards);
+        upper.notes()[0]->setMarks(marks);
+        piece.add({72}, NoteValue::Half);
+        for (unsigned voice = 1; voice < 3; ++voice) {
+            piece.add({voice == 1 ? 53 : other}, NoteValue::Half, 0, voice);
+            piece.add({voice == 1 ? 53 : 72}, NoteValue::Half, 0, voice);
+        }
+        const LaidOut laid(*piece.model);
+        const auto slides = laid.of(MarkKind::Slide);
+        ASSERT_EQ(slides.size(), 1U);
+        EXPECT_GT(slides[0].right - slides[0].left, 1);
+        for (const MarkKind kind : {MarkKind::Stem, MarkKind::NoteHead})
+            for (const auto &mark : laid.of(kind))
+                EXPECT_FALSE(meet(slides[0], mark)) << mark.left;
+    }
 }
