@@ -98,22 +98,26 @@ TEST(SignsAroundNotesTest, hairpinsGoOnInOtherVoices)
     EXPECT_LT(hairpins[0].right, notes[2].left);
 }
 
-/// To the end of its bar, where its voice has nothing behind it, or to the next, hidden beat.
-TEST(SignsAroundNotesTest, hairpinsHoldAsLongAsTheirBeats)
+/// To the end of the bar, where nothing of its voice is drawn behind it; a hidden beat that others
+/// follow is there to end it.
+TEST(SignsAroundNotesTest, hairpinsHoldToTheBarLineOrTheEndOfAHiddenBeat)
 {
-    for (const bool hasMore : {false, true}) {
-        Piece piece;
-        for (unsigned i = 0; i < 4; ++i)
-            piece.add({60}, NoteValue::Quarter);
-        piece.add({}, NoteValue::Quarter, 0, 1).setHairpin(Hairpin::Crescendo);
-        if (hasMore)
-            piece.add({}, NoteValue::Half, 1, 1).setPlaceHolder(true);
-        const LaidOut laid(*piece.model);
-        const auto hairpin = laid.of(MarkKind::Hairpin).at(0);
-        const auto notes = laid.of(MarkKind::NoteHead);
-        EXPECT_EQ(hairpin.right < notes[1].right, hasMore);
-        EXPECT_EQ(hairpin.right > notes[3].right, !hasMore);
-    }
+    for (const bool isHidden : {false, true})
+        for (const bool hasMore : {false, true}) {
+            Piece piece;
+            for (unsigned i = 0; i < 4; ++i)
+                piece.add({60}, NoteValue::Quarter);
+            Beat &beat = piece.add({}, NoteValue::Quarter, 0, 1);
+            beat.setPlaceHolder(isHidden);
+            beat.setHairpin(Hairpin::Crescendo);
+            if (hasMore)
+                piece.add({}, NoteValue::Half, 1, 1).setPlaceHolder(true);
+            const LaidOut laid(*piece.model);
+            const auto hairpin = laid.of(MarkKind::Hairpin).at(0);
+            const auto notes = laid.of(MarkKind::NoteHead);
+            EXPECT_EQ(hairpin.right < notes[1].right, isHidden && hasMore);
+            EXPECT_EQ(hairpin.right > notes[3].right, !isHidden || !hasMore);
+        }
 }
 
 /// Several bars of rest make one sign, but for those that something hangs on.

@@ -12,10 +12,12 @@ bool hasPlace(const PlacedChord &chord)
     return !chord.beat().isPlaceHolder && !chord.beat().isWholeBarRest;
 }
 
-/// Whether its voice has nothing behind a beat in its bar, which it then holds to the end of.
-bool isLastOfBar(const PlacedChord &chord)
+/// Whether what the last beat of a hairpin carries holds to the end of its bar: all does behind
+/// which nothing is drawn, but for hidden beats with others behind them, which are there to end it.
+bool holdsToBarLine(const PlacedChord &chord)
 {
-    return std::any_of(chord.source->voices.begin(), chord.source->voices.end(),
+    return hasPlace(chord)
+        || std::any_of(chord.source->voices.begin(), chord.source->voices.end(),
                        [&](const VoiceSource &voice) {
                            return !voice.beats.empty() && &voice.beats.back() == chord.chord->beat;
                        });
@@ -31,7 +33,7 @@ bool goesOnAs(const HairpinRun &run, const HairpinRun &other)
         return false;
     const bool isNextBar = other.first->shownBar == run.last->shownBar + 1;
     return isNextBar
-        ? isLastOfBar(*run.last) && first.onset.isZero()
+        ? !run.next && holdsToBarLine(*run.last) && first.onset.isZero()
         : other.first->shownBar == run.last->shownBar && first.onset == last.onset + last.length;
 }
 
@@ -91,7 +93,7 @@ std::vector<HairpinRun> hairpinRuns(const std::vector<const PlacedChord *> &carr
 double endOfBeat(const SystemDraft &draft, const PlacedChord &chord)
 {
     const BarPlace &bar = draft.barOf(chord);
-    if (isLastOfBar(chord))
+    if (holdsToBarLine(chord))
         return bar.right;
     const auto &onsets = draft.score.spaced(chord.shownBar).onsets;
     const auto end =

@@ -20,8 +20,8 @@ struct HairpinRun {
 /// signs hang on, voice by voice, in time.
 std::vector<HairpinRun> hairpinRuns(const std::vector<const PlacedChord *> &carriers);
 
-/// Where what a beat carries ends: at the next column of its bar, or at the bar line where it is
-/// the last of its voice.
+/// Where a hairpin ends behind whose last beat nothing is drawn in its voice and bar: at the bar
+/// line, or at the column behind a hidden beat that others follow.
 double endOfBeat(const SystemDraft &draft, const PlacedChord &chord);
 
 } // namespace zarn::engraving
