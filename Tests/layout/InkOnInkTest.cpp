@@ -352,6 +352,30 @@ TEST(InkOnInkTest, slursKeepOffTheRestsAtTheirEnds)
             EXPECT_FALSE(meet(slur, rest)) << slur.bottom << " " << rest.top;
 }
 
+/// A slur that is to lie below its voice keeps off the flag of the voice under it.
+TEST(InkOnInkTest, slursThatAreGivenASideKeepOffFlags)
+{
+    ViolinPiece piece;
+    const std::vector<std::vector<int>> keys = {{72, 76}, {74, 77}, {76, 79}};
+    for (unsigned i = 0; i < 3; ++i) {
+        Beat &beat = piece.add(keys[i], NoteValue::Eighth);
+        beat.setSlurredToNext(i < 2);
+        beat.setSlurredToPrevious(i > 0);
+        beat.setSlurSide(SlurSide::Below);
+    }
+    piece.add({}, NoteValue::Eighth);
+    piece.add({69}, NoteValue::Eighth, 0, 1);
+    piece.add({}, NoteValue::Eighth, 0, 1);
+    piece.add({}, NoteValue::Quarter, 0, 1);
+    const LaidOut laid(*piece.model);
+    const auto slurs = laid.of(MarkKind::Slur);
+    ASSERT_EQ(slurs.size(), 1U);
+    const auto flags = laid.of(MarkKind::Flag);
+    ASSERT_FALSE(flags.empty());
+    for (const auto &flag : flags)
+        EXPECT_FALSE(meet(slurs[0], flag));
+}
+
 /// Between the staves of a track a bar line stops at words that are too long to step aside, and
 /// goes on behind them: on a page with room for all of that too.
 TEST(InkOnInkTest, barLinesStopAtWords)
