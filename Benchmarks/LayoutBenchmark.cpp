@@ -17,8 +17,10 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -29,10 +31,18 @@ using namespace zarn::layout;
 constexpr unsigned usualBars = 300;
 constexpr unsigned manyBars = 2000;
 
+LayoutOptions optionsFor(ViewLayout view)
+{
+    LayoutOptions options;
+    options.view = view;
+    return options;
+}
+
 /// A score with its session, laid out.
 class EditedBand {
 public:
-    explicit EditedBand(unsigned barCount) : _barCount(barCount)
+    EditedBand(unsigned barCount, ViewLayout view)
+        : _barCount(barCount), _session(_score, optionsFor(view))
     {
         _score.setScoreModel(bench::band::make(barCount));
         _session.update();
@@ -73,28 +83,27 @@ private:
     unsigned _barCount;
     unsigned _next = 0;
     Score _score;
-    LayoutSession _session{_score};
+    LayoutSession _session;
 };
 
-EditedBand &band(unsigned barCount)
+EditedBand &band(unsigned barCount, ViewLayout view = ViewLayout::Pages)
 {
-    static EditedBand usual(usualBars);
-    static EditedBand many(manyBars);
-    return barCount == usualBars ? usual : many;
+    static std::map<std::pair<unsigned, ViewLayout>, EditedBand> bands;
+    return bands.try_emplace({barCount, view}, barCount, view).first->second;
 }
 
-void layOutAll(benchmark::State &state, unsigned barCount)
+void layOutAll(benchmark::State &state, unsigned barCount, ViewLayout view = ViewLayout::Pages)
 {
-    const ScoreModel &model = *band(barCount).score().scoreModel();
+    const ScoreModel &model = *band(barCount, view).score().scoreModel();
     for (auto _ : state) {
         const bench::IterationTimer timer(state);
-        benchmark::DoNotOptimize(layOut(model)->pages().size());
+        benchmark::DoNotOptimize(layOut(model, optionsFor(view))->pages().size());
     }
 }
 
-void updateOnce(benchmark::State &state, unsigned barCount)
+void updateOnce(benchmark::State &state, unsigned barCount, ViewLayout view = ViewLayout::Pages)
 {
-    EditedBand &edited = band(barCount);
+    EditedBand &edited = band(barCount, view);
     for (auto _ : state) {
         edited.editNote();
         const bench::IterationTimer timer(state);
@@ -203,6 +212,16 @@ int main(int argc, char **argv)
                          [] { return std::make_pair(2.0, updateTime(manyBars, 50)); });
     report.compareValues("layout: update, 2,000 bars, 99 % in ms", 1,
                          [] { return std::make_pair(5.0, updateTime(manyBars, 99)); });
+    report.compare(
+        "layout: one line, again after an edit, 300 bars, against all of it", 0.06,
+        [](State &state) { layOutAll(state, usualBars, ViewLayout::SingleLine); },
+        [](State &state) { updateOnce(state, usualBars, ViewLayout::SingleLine); },
+        bench::Timing::Manual);
+    report.compare(
+        "layout: one line, 2,000 bars against 300", 8,
+        [](State &state) { layOutAll(state, usualBars, ViewLayout::SingleLine); },
+        [](State &state) { layOutAll(state, manyBars, ViewLayout::SingleLine); },
+        bench::Timing::Manual);
     report.compareValues("layout: bytes a note", 1, [] {
         const auto model = bench::band::make(usualBars);
         const double notes = bench::band::noteCount(*model);
