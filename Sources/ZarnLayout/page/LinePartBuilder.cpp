@@ -194,6 +194,13 @@ std::shared_ptr<const Problems> LinePartBuilder::ownProblems(const LineWindow &w
 }
 
 BuiltLinePart LinePartBuilder::build(unsigned first, unsigned end,
+                                     const std::function<void(unsigned)> &engrave) const
+{
+    const auto count = static_cast<unsigned>(_score.shown.size());
+    return build({first - std::min(first, 1U), first, end, std::min(end + 1, count)}, engrave, {});
+}
+
+BuiltLinePart LinePartBuilder::build(const LineWindow &known,
                                      const std::function<void(unsigned)> &engrave,
                                      LineHeights given) const
 {
@@ -201,15 +208,16 @@ BuiltLinePart LinePartBuilder::build(unsigned first, unsigned end,
     BuiltLinePart built;
     built.given = std::move(given);
     LineWindow &window = built.window;
-    window = {first, first, end, end};
-    unsigned more = 1;
-    Edges cut = {true, true};
+    window = known;
+    unsigned more = 2;
+    Edges cut;
     while (true) {
         if (cut.left)
             window.from -= std::min(window.from, more);
         if (cut.right)
             window.to += std::min(count - window.to, more);
-        more *= 2;
+        if (cut.left || cut.right)
+            more *= 2;
         for (unsigned i = window.from; i < window.to; ++i)
             engrave(i);
         _found = {};

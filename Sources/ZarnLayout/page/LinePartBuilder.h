@@ -62,7 +62,11 @@ public:
 
     /// Builds the part of the shown bars `first` up to `end`; `engrave` is called for each bar that
     /// is looked at, before that.
-    BuiltLinePart build(unsigned first, unsigned end, const std::function<void(unsigned)> &engrave,
+    BuiltLinePart build(unsigned first, unsigned end,
+                        const std::function<void(unsigned)> &engrave) const;
+
+    /// The same for what the parts have in common, when it is known how far a part has to look.
+    BuiltLinePart build(const LineWindow &known, const std::function<void(unsigned)> &engrave,
                         LineHeights given) const;
 
 private:

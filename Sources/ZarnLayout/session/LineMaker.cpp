@@ -215,8 +215,8 @@ void LineMaker::buildParts(const Change &change, const Line &old)
             takeOver(change, *same, part);
         } else {
             part.isNew = true;
-            part.bare = std::make_shared<const BuiltLinePart>(
-                builder.build(first, end, change.engrave, {}));
+            part.bare =
+                std::make_shared<const BuiltLinePart>(builder.build(first, end, change.engrave));
         }
         _line.parts.push_back(std::move(part));
         first = end;
@@ -250,12 +250,8 @@ LineMaker::fitted(const Change &change, const std::shared_ptr<const BuiltLinePar
         return part;
     if (last && heights == last->given)
         return last;
-    BuiltLinePart built = LinePartBuilder(change.score, _line.bars, _pen)
-                              .build(part->window.first, part->window.end, change.engrave, heights);
-    // It depends on whatever it was built from too.
-    built.window.from = std::min(built.window.from, part->window.from);
-    built.window.to = std::max(built.window.to, part->window.to);
-    return std::make_shared<const BuiltLinePart>(std::move(built));
+    return std::make_shared<const BuiltLinePart>(LinePartBuilder(change.score, _line.bars, _pen)
+                                                     .build(part->window, change.engrave, heights));
 }
 
 void LineMaker::alignWords(const Change &change)
