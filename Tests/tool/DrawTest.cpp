@@ -133,8 +133,13 @@ TEST_F(DrawTest, optionsChooseWhatIsDrawnOnWhat)
     EXPECT_EQ(dumpWith({QStringLiteral("--view=scroll")})["pages"].Size(), 1u);
     const auto line = dumpWith({QStringLiteral("--view=line"), QStringLiteral("--bars=1-12")});
     ASSERT_EQ(line["pages"].Size(), 1u);
-    ASSERT_EQ(line["pages"][0]["systems"].Size(), 1u);
-    EXPECT_EQ(line["pages"][0]["systems"][0]["bars"].Size(), 12u);
+    // The line comes in parts that stand beside one another.
+    unsigned bars = 0;
+    for (const auto &part : line["pages"][0]["systems"].GetArray()) {
+        bars += part["bars"].Size();
+        EXPECT_EQ(part["staves"], line["pages"][0]["systems"][0]["staves"]);
+    }
+    EXPECT_EQ(bars, 12u);
 
     ASSERT_EQ(draw(saints(), path("trio.json"), {QStringLiteral("--tracks=2")}).code, 0);
     rapidjson::Document trio;
