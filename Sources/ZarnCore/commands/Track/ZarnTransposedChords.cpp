@@ -2,14 +2,11 @@
 #include <ZarnCore/commands/Track/ZarnTransposedChords.h>
 
 #include <ZarnCore/chords/TransposedSymbol.h>
-#include <ZarnCore/events/ZarnScoreEvents.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
-#include <ZarnCore/model/places/ZarnBeatSpan.h>
-#include <ZarnCore/score/ZarnScoreBase.h>
 
 #include <algorithm>
 #include <optional>
-#include <set>
+#include <utility>
 
 namespace zarn {
 
@@ -39,27 +36,13 @@ unsigned fretCountOf(const Staff &staff)
     return std::min(staff.fretCount(), mostFrets);
 }
 
-template <class T>
-void addOnce(std::vector<T> &all, T item)
-{
-    if (std::find(all.begin(), all.end(), item) == all.end())
-        all.push_back(std::move(item));
-}
-
 } // namespace
-
-void TransposedChords::clear()
-{
-    _beats.clear();
-    _sets.clear();
-}
 
 void TransposedChords::transpose(Beat &beat, const BeatSpan &place, const Interval &interval,
                                  int frets, Diagrams diagrams)
 {
-    const ChordMark &before = beat.chord();
-    ChordMark chord = before;
-    chord.symbol = chord::transposedSymbol(before.symbol, interval);
+    ChordMark chord = beat.chord();
+    chord.symbol = chord::transposedSymbol(chord.symbol, interval);
     if (chord.diagram != nullptr && diagrams == Diagrams::Move) {
         const auto owner = beat.parentVoice()->parentBar()->parentStaff();
         const auto moved = movedDiagram(*chord.diagram, interval, frets, fretCountOf(*owner));
@@ -68,56 +51,23 @@ void TransposedChords::transpose(Beat &beat, const BeatSpan &place, const Interv
             chord.symbol = chord::transposedSymbol(chord.diagram->name, interval);
         chord.diagram = moved ? std::make_shared<const ChordDiagram>(*moved) : nullptr;
     }
-    if (chord == before)
-        return;
-    _beats.push_back({place.track, place.staff, place.bar, place.voice, beat.index(), before});
-    beat.setChord(chord);
+    set(beat, place, chord);
 }
 
 void TransposedChords::transposeSets(Staff &staff, unsigned track, const Interval &interval,
                                      int frets, Diagrams diagrams)
 {
-    std::vector<std::string> chords;
-    for (const std::string &name : staff.chordWorkingSet())
-        addOnce(chords, chord::transposedSymbol(name, interval));
-    std::vector<ChordDiagram> moved;
-    for (const ChordDiagram &diagram : staff.diagramWorkingSet()) {
-        if (diagrams == Diagrams::Stay)
-            moved.push_back(diagram);
-        else if (auto next = movedDiagram(diagram, interval, frets, fretCountOf(staff)))
-            addOnce(moved, *std::move(next));
+    ChordSets sets = ChordSets::of(staff);
+    for (std::string &name : sets.workingNames)
+        name = chord::transposedSymbol(name, interval);
+    if (diagrams == Diagrams::Move) {
+        std::vector<ChordDiagram> moved;
+        for (const ChordDiagram &diagram : sets.workingDiagrams)
+            if (auto next = movedDiagram(diagram, interval, frets, fretCountOf(staff)))
+                moved.push_back(*std::move(next));
+        sets.workingDiagrams = std::move(moved);
     }
-    if (chords == staff.chordWorkingSet() && moved == staff.diagramWorkingSet())
-        return;
-    _sets.push_back({track, staff.index(), staff.chordWorkingSet(), staff.diagramWorkingSet()});
-    staff.setChordWorkingSet(std::move(chords));
-    staff.setDiagramWorkingSet(std::move(moved));
-}
-
-void TransposedChords::putBack(const ScoreModel &model) const
-{
-    for (const BeatChord &place : _beats) {
-        const auto &bar = model.tracks()[place.track]->staves()[place.staff]->bars()[place.bar];
-        bar->voices()[place.voice]->beats()[place.beat]->setChord(place.before);
-    }
-    for (const StaffSets &sets : _sets) {
-        Staff &staff = *model.tracks()[sets.track]->staves()[sets.staff];
-        staff.setChordWorkingSet(sets.chords);
-        staff.setDiagramWorkingSet(sets.diagrams);
-    }
-}
-
-void TransposedChords::announce(ScoreBase &score, const void *sender) const
-{
-    std::set<std::pair<unsigned, unsigned>> staves;
-    for (const BeatChord &place : _beats)
-        staves.emplace(place.track, place.staff);
-    for (const StaffSets &sets : _sets)
-        staves.emplace(sets.track, sets.staff);
-    for (const auto &staff : staves)
-        score.notify(
-            sender,
-            evt::ChordsChanged(static_cast<int>(staff.first), static_cast<int>(staff.second)));
+    setSets(staff, track, std::move(sets));
 }
 
 } // namespace zarn
