@@ -93,9 +93,9 @@ QJsonObject ChordVoicings::jsonOf(const ChordDiagram &diagram,
     for (const chord::Course &course : fretboard.courses()) {
         for (unsigned string = 0; string < course.stringCount; ++string) {
             const int fret = diagram.frets[course.firstString];
-            const int zero = course.isDrone && fret > 0 ? fretboard.capo() : course.zeroFret;
-            const auto heard =
-                fret < 0 ? Heard() : heardAs(_chord, Tone(course.pitchAt(zero + fret)));
+            const auto heard = fret < 0
+                ? Heard()
+                : heardAs(_chord, Tone(course.pitchAt(fretboard.fretOfDiagram(course, fret))));
             tones.append(heard.tone);
             intervals.append(heard.interval);
         }

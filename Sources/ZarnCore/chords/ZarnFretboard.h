@@ -45,6 +45,13 @@ public:
     unsigned stringCount() const noexcept { return _stringCount; }
     /// Of the capo over all strings.
     int capo() const noexcept { return _capo; }
+    /// The fret, from the nut, that a diagram means by one of its own, which count from the capos;
+    /// see `VoicingFinder::diagram`.
+    int fretOfDiagram(const Course &course, int fret) const noexcept
+    {
+        // A drone is numbered along the long neck.
+        return fret + (course.isDrone && fret > 0 ? _capo : course.zeroFret);
+    }
     /// The highest that any course has, from the nut.
     int lastFret() const noexcept { return _lastFret; }
 

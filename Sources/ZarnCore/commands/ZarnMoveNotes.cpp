@@ -159,6 +159,11 @@ void MoveNotes::putBack()
     });
 }
 
+void MoveNotes::touch(const BeatSpan &place)
+{
+    _touched.add(place.track, place.staff, place.bar, place.bar);
+}
+
 void MoveNotes::announce()
 {
     _touched.announce(score(), this);

@@ -117,6 +117,9 @@ protected:
     /// Called when all notes have moved. Answers whether it put notes on other strings.
     virtual bool finish() { return false; }
 
+    /// Announces the bar of a span too, where something beside the notes changed.
+    void touch(const BeatSpan &place);
+
     /// Sends the events of a change, forwards and backwards: the bars.
     virtual void announce();
 

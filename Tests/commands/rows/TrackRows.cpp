@@ -51,7 +51,7 @@ std::vector<CommandRow> trackRows()
          [](SmallScore &s) {
              return s.score.setGuitarFullTuning(0, 0, {38, 45, 50, 55, 59, 64}, 2);
          },
-         "GuitarFullTuningChanged(0,0) ModifyBarRange(0,0,0,4) ", nullptr},
+         "GuitarFullTuningChanged(0,0) ModifyBarRange(0,0,0,4) ChordsChanged(0,0) ", nullptr},
         {"SetGuitarFullTuningWithoutPartialCapo",
          [](SmallScore &s) {
              return s.score.setGuitarFullTuning(0, 0, {40, 45, 50, 55}, 0, Retuning::KeepPitches);

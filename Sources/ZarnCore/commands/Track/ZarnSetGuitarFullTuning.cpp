@@ -2,7 +2,7 @@
 #include <ZarnCore/commands/Track/ZarnSetGuitarFullTuning.h>
 
 #include <ZarnCore/ZarnAssert.h>
-#include <ZarnCore/events/ZarnScoreEvents.h>
+#include <ZarnCore/commands/Track/ChordRetuning.h>
 #include <ZarnCore/events/ZarnTrackEvents.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/score/ZarnScoreBase.h>
@@ -10,25 +10,6 @@
 #include <utility>
 
 namespace zarn::cmd {
-
-namespace {
-
-bool isOnStaff(const ChordDiagram &diagram, const Staff &staff)
-{
-    return diagram.frets.size() == staff.tuning().stringCount();
-}
-
-/// The diagrams that fit the strings of a staff.
-std::vector<ChordDiagram> fitting(const std::vector<ChordDiagram> &diagrams, const Staff &staff)
-{
-    std::vector<ChordDiagram> found;
-    for (const ChordDiagram &diagram : diagrams)
-        if (isOnStaff(diagram, staff))
-            found.push_back(diagram);
-    return found;
-}
-
-} // namespace
 
 SetGuitarFullTuning::SetGuitarFullTuning()
     : MoveNotes(QStringLiteral("SetGuitarFullTuning"), {Homeless::WithoutPlace, Announced::Changes})
@@ -97,32 +78,42 @@ void SetGuitarFullTuning::changeOthers()
         setting.partialCapoFret = _before.partialCapoFret;
         setting.partialCapoStrings = _before.partialCapoStrings;
     }
+    const auto stringsOf = [](const Setting &one) {
+        return ChordRetuning::Strings{one.tuning,
+                                      {one.capoFret, one.partialCapoFret, one.partialCapoStrings}};
+    };
+    _chords.clear();
+    _chordRetuning = std::make_unique<ChordRetuning>(stringsOf(_before), stringsOf(setting),
+                                                     staff.fretCount(), _retuning);
     write(staff, setting);
     _isFingeredAnew = _retuning == Retuning::KeepPitches && fingering::canBeFingered(staff);
-    dropDiagrams(staff);
-}
-
-void SetGuitarFullTuning::dropDiagrams(Staff &staff)
-{
-    _diagramsBefore.reset();
-    DiagramSets sets = {fitting(staff.diagramCollection(), staff),
-                        fitting(staff.diagramWorkingSet(), staff)};
-    if (sets.collection.size() == staff.diagramCollection().size()
-        && sets.workingSet.size() == staff.diagramWorkingSet().size())
-        return;
-    _diagramsBefore = {staff.diagramCollection(), staff.diagramWorkingSet()};
-    staff.setDiagramCollection(std::move(sets.collection));
-    staff.setDiagramWorkingSet(std::move(sets.workingSet));
 }
 
 void SetGuitarFullTuning::restoreOthers()
 {
-    Staff &staff = *findStaff();
-    write(staff, _before);
-    if (_diagramsBefore) {
-        staff.setDiagramCollection(_diagramsBefore->collection);
-        staff.setDiagramWorkingSet(_diagramsBefore->workingSet);
-    }
+    write(*findStaff(), _before);
+    _chords.putBack(model());
+}
+
+void SetGuitarFullTuning::setChordKey(unsigned bar)
+{
+    const auto masterBar = model().masterTrack()->masterBar(bar);
+    _chordRetuning->setKey(masterBar != nullptr ? masterBar->concertKeySignature()
+                                                : KeySignature());
+}
+
+/// Bars are entered also when it is only tried out whether notes can move.
+void SetGuitarFullTuning::enterBar(const Bar &bar)
+{
+    if (_chordRetuning)
+        setChordKey(bar.index());
+}
+
+void SetGuitarFullTuning::enterBeat(const BeatSpan &place, Beat &beat)
+{
+    if (beat.hasDetails() && !beat.chord().isEmpty()
+        && _chords.set(beat, place, _chordRetuning->retuned(beat.chord())))
+        touch(place);
 }
 
 bool SetGuitarFullTuning::takes(const MarkedPlace &, const Note &note) const
@@ -164,12 +155,17 @@ std::optional<NoteMove> SetGuitarFullTuning::moved(const MarkedPlace &place, con
     return move;
 }
 
+/// Sets stand at no bar: they go as the first one does.
 bool SetGuitarFullTuning::finish()
 {
+    setChordKey(0);
+    Staff &staff = *findStaff();
+    _chords.setSets(staff, _track, _chordRetuning->retuned(ChordSets::of(staff)));
+    _chordRetuning.reset();
     fingering::FingeringOptions options;
     options.given = fingering::GivenStrings::Kept;
     if (_isFingeredAnew)
-        refinger(*findStaff(), options);
+        refinger(staff, options);
     return true;
 }
 
@@ -179,8 +175,7 @@ void SetGuitarFullTuning::announce()
     const auto staff = static_cast<int>(_staff);
     score().notify(this, evt::GuitarFullTuningChanged(track, staff));
     MoveNotes::announce();
-    if (_diagramsBefore)
-        score().notify(this, evt::ChordsChanged(track, staff));
+    _chords.announce(score(), this);
 }
 
 } // namespace zarn::cmd

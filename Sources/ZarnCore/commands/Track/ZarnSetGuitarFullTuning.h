@@ -1,15 +1,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ZarnCore/chords/ZarnChordDiagram.h>
+#include <ZarnCore/commands/Track/ZarnChangedChords.h>
 #include <ZarnCore/commands/ZarnMoveNotes.h>
 #include <ZarnCore/instruments/tunings/ZarnGuitarTuning.h>
 #include <ZarnCore/model/notes/ZarnRetuning.h>
 
+#include <memory>
 #include <optional>
 #include <vector>
 
-namespace zarn::cmd {
+namespace zarn {
+
+class ChordRetuning;
+
+namespace cmd {
 
 /// Tunes a staff anew, with its capo. When the number of strings changes, a partial capo goes.
 ///
@@ -17,9 +22,15 @@ namespace zarn::cmd {
 /// are fingered anew around these. A note that cannot stay where it was (its string or its fret is
 /// gone) and is not fingered moves to the free string of its beat that plays its pitch at the
 /// lowest fret, or loses string and fret when there is none. Hammer-ons, pull-offs and slides go
-/// that lead to no other fret any more. Chord diagrams for another number of strings leave the sets
-/// of the staff. Sends `GuitarFullTuningChanged`, `ModifyBarRange` for the bars whose notes
-/// changed, and when diagrams left `ChordsChanged`.
+/// that lead to no other fret any more.
+///
+/// Chords over the beats and in the sets of the staff go along. With `Retuning::KeepPitches`, and
+/// when the number of strings changes, a diagram that sounds otherwise becomes the best way to play
+/// its chord; it goes where that is no chord symbol or cannot be played. With `Retuning::KeepFrets`
+/// diagrams stay: where all strings sound higher or lower by the same, the chords are transposed in
+/// the key of their bar, else those with a diagram are named by what it sounds; a name goes where
+/// that has none. Sends `GuitarFullTuningChanged`, `ModifyBarRange` for the bars whose notes or
+/// chords changed, and when chords changed `ChordsChanged`.
 class ZARNCORE_EXPORT SetGuitarFullTuning final : public MoveNotes {
 public:
     static constexpr unsigned MostStrings = 12;
@@ -40,14 +51,11 @@ private:
         unsigned partialCapoFret = 0;
         std::vector<bool> partialCapoStrings;
     };
-    /// The chord diagrams that a staff has at hand.
-    struct DiagramSets {
-        std::vector<ChordDiagram> collection;
-        std::vector<ChordDiagram> workingSet;
-    };
 
     bool isPossible() const override;
     void begin() override;
+    void enterBar(const Bar &bar) override;
+    void enterBeat(const BeatSpan &place, Beat &beat) override;
     bool takes(const MarkedPlace &place, const Note &note) const override;
     std::optional<NoteMove> moved(const MarkedPlace &place, const Note &note,
                                   const NotePosition &from) const override;
@@ -59,7 +67,7 @@ private:
     Staff *findStaff() const;
     static Setting settingOf(const Staff &staff);
     static void write(Staff &staff, const Setting &setting);
-    void dropDiagrams(Staff &staff);
+    void setChordKey(unsigned bar);
 
     unsigned _track = 0;
     unsigned _staff = 0;
@@ -68,7 +76,9 @@ private:
     bool _isFingeredAnew = false; ///< by the solver, what sounds otherwise on its string
     Setting _before;
     std::optional<fingering::StaffFrets> _fretboardBefore;
-    std::optional<DiagramSets> _diagramsBefore; ///< when they changed
+    std::unique_ptr<ChordRetuning> _chordRetuning; ///< while the notes move
+    ChangedChords _chords;
 };
 
-} // namespace zarn::cmd
+} // namespace cmd
+} // namespace zarn
