@@ -150,7 +150,7 @@ ChordMark ChordRetuning::retuned(const ChordMark &chord)
     return _found.emplace(chord, find(chord)).first->second;
 }
 
-ChordSets ChordRetuning::retuned(ChordSets sets)
+ChordsOfStaff ChordRetuning::retuned(ChordsOfStaff sets)
 {
     const auto retuneNames = [this](std::vector<std::string> &names) {
         for (std::string &name : names)

@@ -42,7 +42,7 @@ public:
     void setKey(const KeySignature &key);
 
     ChordMark retuned(const ChordMark &chord);
-    ChordSets retuned(ChordSets sets);
+    ChordsOfStaff retuned(ChordsOfStaff sets);
 
 private:
     /// What is done with the chords.

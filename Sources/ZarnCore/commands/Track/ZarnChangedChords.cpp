@@ -31,7 +31,7 @@ void keepOnce(std::vector<T> &all, const std::vector<T> &before)
     all.erase(end, all.end());
 }
 
-void write(Staff &staff, ChordSets sets)
+void write(Staff &staff, ChordsOfStaff sets)
 {
     staff.setChordCollection(std::move(sets.names));
     staff.setChordWorkingSet(std::move(sets.workingNames));
@@ -41,7 +41,7 @@ void write(Staff &staff, ChordSets sets)
 
 } // namespace
 
-ChordSets ChordSets::of(const Staff &staff)
+ChordsOfStaff ChordsOfStaff::of(const Staff &staff)
 {
     return {staff.chordCollection(), staff.chordWorkingSet(), staff.diagramCollection(),
             staff.diagramWorkingSet()};
@@ -63,9 +63,9 @@ bool ChangedChords::set(Beat &beat, const BeatSpan &place, const ChordMark &chor
     return true;
 }
 
-void ChangedChords::setSets(Staff &staff, unsigned track, ChordSets sets)
+void ChangedChords::setSets(Staff &staff, unsigned track, ChordsOfStaff sets)
 {
-    ChordSets before = ChordSets::of(staff);
+    ChordsOfStaff before = ChordsOfStaff::of(staff);
     if (sets == before)
         return;
     keepOnce(sets.names, before.names);

@@ -16,15 +16,15 @@ class Staff;
 struct BeatSpan;
 
 /// What a staff knows of chords; see `Staff::chordCollection`.
-struct ChordSets {
+struct ChordsOfStaff {
     std::vector<std::string> names;
     std::vector<std::string> workingNames;
     std::vector<ChordDiagram> diagrams;
     std::vector<ChordDiagram> workingDiagrams;
 
-    static ChordSets of(const Staff &staff);
+    static ChordsOfStaff of(const Staff &staff);
 
-    friend bool operator==(const ChordSets &left, const ChordSets &right)
+    friend bool operator==(const ChordsOfStaff &left, const ChordsOfStaff &right)
     {
         return left.names == right.names && left.workingNames == right.workingNames
             && left.diagrams == right.diagrams && left.workingDiagrams == right.workingDiagrams;
@@ -41,7 +41,7 @@ public:
 
     /// Gives a staff other sets; those that change keep equal members once. Nothing happens when
     /// all are those that it has.
-    void setSets(Staff &staff, unsigned track, ChordSets sets);
+    void setSets(Staff &staff, unsigned track, ChordsOfStaff sets);
 
     void putBack(const ScoreModel &model) const;
 
@@ -60,7 +60,7 @@ private:
     struct StaffSets {
         unsigned track;
         unsigned staff;
-        ChordSets before;
+        ChordsOfStaff before;
     };
 
     std::vector<BeatChord> _beats;

@@ -160,7 +160,7 @@ bool SetGuitarFullTuning::finish()
 {
     setChordKey(0);
     Staff &staff = *findStaff();
-    _chords.setSets(staff, _track, _chordRetuning->retuned(ChordSets::of(staff)));
+    _chords.setSets(staff, _track, _chordRetuning->retuned(ChordsOfStaff::of(staff)));
     _chordRetuning.reset();
     fingering::FingeringOptions options;
     options.given = fingering::GivenStrings::Kept;

@@ -57,7 +57,7 @@ void TransposedChords::transpose(Beat &beat, const BeatSpan &place, const Interv
 void TransposedChords::transposeSets(Staff &staff, unsigned track, const Interval &interval,
                                      int frets, Diagrams diagrams)
 {
-    ChordSets sets = ChordSets::of(staff);
+    ChordsOfStaff sets = ChordsOfStaff::of(staff);
     for (std::string &name : sets.workingNames)
         name = chord::transposedSymbol(name, interval);
     if (diagrams == Diagrams::Move) {
