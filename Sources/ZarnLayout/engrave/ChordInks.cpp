@@ -356,11 +356,9 @@ double ChordInks::dotStart(const Chord &chord, const std::vector<Chord *> &colum
         const Box flag = Box{sign.left * other->scale, sign.top * other->scale,
                              sign.right * other->scale, sign.bottom * other->scale}
                              .movedBy(other->x - chord.x + other->stemX, other->stemTip);
-        if (other->isStemUp && flag.bottom > chord.top() - 1 && flag.top < chord.bottom() + 1)
-            right = std::max(right, flag.right - 0.2);
-        else if (!other->isStemUp && other != &chord && flag.top < chord.bottom() + 1
-                 && flag.bottom > chord.top() - 1)
-            right = std::max(right, flag.right);
+        const bool isInTheWay = other->isStemUp || other != &chord;
+        if (isInTheWay && flag.bottom > chord.top() - 1 && flag.top < chord.bottom() + 1)
+            right = std::max(right, flag.right - (other->isStemUp ? 0.2 : 0));
     }
     return right + dotGap;
 }

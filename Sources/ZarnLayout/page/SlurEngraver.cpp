@@ -151,8 +151,8 @@ private:
         return _field.coveredBy(bow, 0) > touch;
     }
 
-    /// The way that gives way where the given side has no free one: between the voices, else on the
-    /// other side; what there is already where they are on ink as well.
+    /// Another way for a curve that lies on ink on the side that it was given: between the voices,
+    /// else on the other side. Where that is no better, the given side holds.
     Bow offInk(const SlurSpan &span, bool isAbove, const Bow &given) const
     {
         for (const auto &[side, mayBeBetween] :
@@ -168,7 +168,7 @@ private:
         const PlacedChord &first = _row.chords[span.first];
         const PlacedChord &last = _row.chords[span.last];
         const bool isBetween = mayBeBetween && (isInner(first, isAbove) || isInner(last, isAbove));
-        // So does the end of one whose side is given, where another voice lies on that side.
+        // The end of one whose side is given finds its way past another voice that lies there.
         const auto endsBeside = [&](const PlacedChord &chord) {
             return isBetween || (span.side != SlurSide::Auto && isInner(chord, isAbove));
         };
