@@ -48,6 +48,26 @@ TEST(MusicXmlTime, roundedTupletsStayExactAndLeaveNoGaps)
     EXPECT_NE(notesOf(*model).find(" 1:1:D4 2/5:"), std::string::npos) << notesOf(*model);
 }
 
+TEST(MusicXmlTime, timeThatIsPassedOverBesideRoundedLengthsEndsWhereTheMusicDoes)
+{
+    // Two thirds of a quarter are 6 2/3 divisions.
+    const std::string third = "quarter</type><time-modification><actual-notes>3</actual-notes>"
+                              "<normal-notes>2</normal-notes></time-modification><type>quarter";
+    const auto bar = note("C", 4, 7, third) + forward(20) + note("D", 4, 7, third) + backup(34)
+        + note("E", 5, 10, "quarter", {}, "2") + forward(24);
+    // Time may be passed over before the notes tell how long it is.
+    for (const auto &before : {std::string(), forward(34) + backup(34)}) {
+        ImportReport report;
+        const auto model = import(score(measure(divisions(10) + before + bar)), report);
+        const auto notes = notesOf(*model);
+        EXPECT_NE(notes.find("0:2/3:C4"), notes.npos) << notes;
+        EXPECT_NE(notes.find("8/3:2/3:D4"), notes.npos) << notes;
+        EXPECT_EQ(model->masterTrack()->masterBar(0)->length(), rational(10, 3));
+        EXPECT_EQ(model->track(0)->bar(0)->voice(1)->length(), rational(10, 3));
+        EXPECT_FALSE(report.hasProblem("was closed"));
+    }
+}
+
 /// A gap that no note values add up to is closed, and takes no mark from its note.
 TEST(MusicXmlTime, marksStayAtTheNotesThatFollowThemWhereLengthsAreRounded)
 {

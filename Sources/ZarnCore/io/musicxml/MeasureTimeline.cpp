@@ -15,12 +15,20 @@ namespace {
 /// Bounds the work of a jump in a measure that is no music.
 constexpr std::size_t mostPassed = 1024;
 
+/// What plain and dotted values add up to.
+bool isPlain(const rational &time)
+{
+    return (time.denominator() & (time.denominator() - 1)) == 0;
+}
+
 } // namespace
 
 void MeasureTimeline::startMeasure()
 {
     _now = {};
     _reach = {};
+    _jumpReach = 0;
+    _isBehindLength = false;
     _roundedLengths = 0;
     _passed.clear();
 }
@@ -41,8 +49,8 @@ bool MeasureTimeline::isRounding(const rational &exact, const rational &written)
 
 void MeasureTimeline::advance(const rational &exact, const rational &written)
 {
-    if (_passed.size() < mostPassed)
-        _passed.push_back(_now);
+    pass();
+    _isBehindLength = true;
     if (exact == written && _now.exact == _now.written) {
         _now.exact += exact;
         _now.written = _now.exact;
@@ -59,13 +67,36 @@ void MeasureTimeline::advance(const rational &exact, const rational &written)
     _reach.written = std::max(_reach.written, _now.written);
 }
 
+void MeasureTimeline::pass()
+{
+    if (_passed.size() < mostPassed)
+        _passed.push_back(_now);
+}
+
+/// Where a jump lands that leads to no place that was passed.
+rational MeasureTimeline::landing(const rational &start, const rational &written) const
+{
+    // Time that is passed over is as long as it is written, as notes are.
+    if (!(rational(0) < written) || !isPlain(written) || isPlain(_now.written))
+        return _now.written;
+    try {
+        return start + written;
+    } catch (const CoreException &) { // past what a fraction holds
+        return _now.written;
+    }
+}
+
 bool MeasureTimeline::jump(const rational &written)
 {
+    if (_isBehindLength)
+        pass();
+    _isBehindLength = false;
+    const auto start = _now.exact;
     _now.written += written;
     const bool inside = !(_now.written < rational(0));
     if (!inside)
         _now.written = 0;
-    _now.exact = _now.written;
+    _now.exact = _roundedLengths > 0 ? landing(start, written) : _now.written;
 
     // Either position of a passed place may be what the exporter counted from.
     auto nearest = tolerance();
@@ -88,9 +119,23 @@ bool MeasureTimeline::jump(const rational &written)
     };
     if (_roundedLengths > 0)
         std::for_each(_passed.begin(), _passed.end(), consider);
-    _reach.exact = std::max(_reach.exact, _now.exact);
+    auto &reach = found ? _reach.exact : _jumpReach;
+    reach = std::max(reach, _now.exact);
     _reach.written = std::max(_reach.written, _now.written);
     return inside;
+}
+
+rational MeasureTimeline::exactReach() const
+{
+    if (!(_reach.exact < _jumpReach))
+        return _reach.exact;
+    try {
+        return tolerance() < _jumpReach - _reach.exact ? _jumpReach : _reach.exact;
+    } catch (const CoreException &) { // past what a fraction holds
+        return tolerance().toDouble() < _jumpReach.toDouble() - _reach.exact.toDouble()
+            ? _jumpReach
+            : _reach.exact;
+    }
 }
 
 rational MeasureTimeline::tolerance() const

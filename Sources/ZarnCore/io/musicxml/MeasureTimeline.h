@@ -12,7 +12,8 @@ namespace zarn::io {
 /// Exporters round durations to their divisions, so the written position drifts away from the
 /// music. Lengths advance each position by its own amount; a jump in written time lands on the
 /// exact position that was meant: one that was passed before, when one lies within the rounding
-/// that has gathered, or else the written one.
+/// that has gathered, or else, where plain values are passed over, that much behind the exact
+/// position, or else the written one.
 class MeasureTimeline {
 public:
     void startMeasure();
@@ -24,8 +25,9 @@ public:
     const utils::rational &exact() const noexcept { return _now.exact; }
     const utils::rational &written() const noexcept { return _now.written; }
 
-    /// Greatest positions that were reached in the measure.
-    const utils::rational &exactReach() const noexcept { return _reach.exact; }
+    /// Greatest positions that were reached in the measure. Where a jump landed no farther behind
+    /// all notes than rounding can explain, they end with the measure.
+    utils::rational exactReach() const;
     const utils::rational &writtenReach() const noexcept { return _reach.written; }
 
     /// Whether two lengths differ by no more than rounding to the divisions can explain.
@@ -46,11 +48,16 @@ private:
         utils::rational written;
     };
 
+    void pass();
+    utils::rational landing(const utils::rational &start, const utils::rational &written) const;
+
     Position _now;
-    Position _reach;
+    Position _reach;            ///< the exact one of lengths, and of jumps to places passed before
+    utils::rational _jumpReach; ///< of jumps to other places
     utils::rational _divisions = 1;
+    bool _isBehindLength = false; ///< and not where a jump led
     int _roundedLengths = 0;
-    std::vector<Position> _passed; ///< where lengths began
+    std::vector<Position> _passed; ///< where lengths began and ended
 };
 
 } // namespace zarn::io
