@@ -68,6 +68,20 @@ TEST(MusicXmlTime, timeThatIsPassedOverBesideRoundedLengthsEndsWhereTheMusicDoes
     }
 }
 
+TEST(MusicXmlTime, gapsBehindRoundedLengthsArePlain)
+{
+    const std::string third = "quarter</type><time-modification><actual-notes>3</actual-notes>"
+                              "<normal-notes>2</normal-notes></time-modification><type>quarter";
+    std::string bar = divisions(100'000);
+    for (int i = 0; i < 6; ++i)
+        bar += note("C", 4, 66'667, third);
+    ImportReport report;
+    const auto model =
+        import(score(measure(bar + forward(100'001) + note("D", 4, 100'000, "quarter"))), report);
+    EXPECT_NE(notesOf(*model).find("5:1:D4"), std::string::npos) << notesOf(*model);
+    EXPECT_FALSE(report.hasProblem("was closed"));
+}
+
 /// A gap that no note values add up to is closed, and takes no mark from its note.
 TEST(MusicXmlTime, marksStayAtTheNotesThatFollowThemWhereLengthsAreRounded)
 {

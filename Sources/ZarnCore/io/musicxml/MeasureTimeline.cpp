@@ -15,6 +15,9 @@ namespace {
 /// Bounds the work of a jump in a measure that is no music.
 constexpr std::size_t mostPassed = 1024;
 
+/// Plain values of a quarter that drifting positions are told from.
+constexpr std::int64_t finestPlain = 1024;
+
 /// What plain and dotted values add up to.
 bool isPlain(const rational &time)
 {
@@ -76,14 +79,21 @@ void MeasureTimeline::pass()
 /// Where a jump lands that leads to no place that was passed.
 rational MeasureTimeline::landing(const rational &start, const rational &written) const
 {
-    // Time that is passed over is as long as it is written, as notes are.
-    if (!(rational(0) < written) || !isPlain(written) || isPlain(_now.written))
+    if (!(rational(0) < written) || isPlain(_now.written))
         return _now.written;
     try {
-        return start + written;
+        // Time that is passed over is as long as it is written, as notes are, or is plain up to
+        // what the position had drifted away.
+        if (isPlain(written))
+            return start + written;
+        const rational passed = _now.written - start;
+        const rational plain((passed * finestPlain).round(), finestPlain);
+        const auto drift = tolerance();
+        if (drift * (32 * finestPlain) < rational(1) && !(drift < utils::abs(passed - plain)))
+            return start + plain;
     } catch (const CoreException &) { // past what a fraction holds
-        return _now.written;
     }
+    return _now.written;
 }
 
 bool MeasureTimeline::jump(const rational &written)
