@@ -413,6 +413,38 @@ TEST(MusicXmlTime, pickupsWholeBarRestsAndOverfullBars)
     EXPECT_TRUE(report.hasProblem("overfull: 8 quarters instead of 5"));
 }
 
+TEST(MusicXmlTime, restsOverCadenzasLastAsLongAsNoValueDoes)
+{
+    // 23 1/2 quarters
+    const auto cadenza = note("C", 5, 32, "long") + note("D", 5, 8, "whole")
+        + note("E", 5, 4, "half") + note("F", 5, 2, "quarter") + note("G", 5, 1, "eighth");
+    const std::string rest = "<note><rest measure=\"yes\"/><duration>47</duration><voice>2</voice>"
+                             "<staff>2</staff></note>";
+    ImportReport report;
+    const auto model =
+        import(score(measure(attributes("<divisions>2</divisions><staves>2</staves>") + cadenza
+                             + backup(47) + rest)
+                     + measure(cadenza + note("A", 5, 1, "eighth") + backup(48) + rest)),
+               report);
+    EXPECT_FALSE(report.hasProblem("fits no note value"));
+    const auto &staff = *model->track(0)->staff(1);
+    const auto &whole = *staff.bar(0)->voice(0);
+    EXPECT_EQ(model->masterTrack()->masterBar(0)->length(), rational(47, 2));
+    EXPECT_EQ(whole.beatCount(), 1u);
+    EXPECT_TRUE(whole.beat(0)->isWholeBarRest());
+    EXPECT_EQ(whole.length(), rational(47, 2));
+    // The other bar is longer than the rest.
+    const auto &voice = *staff.bar(1)->voice(0);
+    EXPECT_EQ(voice.length(), rational(24));
+    rational rests;
+    for (const auto &beat : voice.beats()) {
+        EXPECT_FALSE(beat->isWholeBarRest() || beat->rhythmValue().hasPrimaryTuplet());
+        if (!beat->isPlaceHolder())
+            rests += beat->length();
+    }
+    EXPECT_EQ(rests, rational(47, 2));
+}
+
 TEST(MusicXmlTime, partsOfUnequalLengthGetEmptyBars)
 {
     const std::string text =

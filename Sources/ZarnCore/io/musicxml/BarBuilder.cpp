@@ -31,7 +31,40 @@ bool isBefore(const rational &time, const rational &other, const rational &toler
     }
 }
 
+/// Whether a rest is one value, which has no tuplet to it.
+bool isOneValue(const Beat &rest, const rational &length)
+{
+    return rest.rhythmValue().getLength() == length && !rest.rhythmValue().hasPrimaryTuplet();
+}
+
+/// The rests that go on behind the first one.
+Voice::Beats furtherRests(const Beat &first, const std::vector<RhythmValue> &rhythms)
+{
+    Voice::Beats rests;
+    for (std::size_t i = 1; i < rhythms.size(); ++i) {
+        rests.push_back(std::make_shared<Beat>(rhythms[i]));
+        rests.back()->setPlaceHolder(first.isPlaceHolder());
+    }
+    return rests;
+}
+
 } // namespace
+
+std::size_t WholeMeasureRest::fit(const rational &barLength) const
+{
+    if (barLength == length) {
+        beat->setRhythmValue(RhythmValue(RhythmValue::NoteValue::Whole));
+        beat->setWholeBarRest(true);
+        return 0;
+    }
+    const auto voice = beat->parentVoice();
+    std::vector<RhythmValue> rhythms;
+    if (!voice || isOneValue(*beat, length) || !findRestRhythms(length, rhythms) || rhythms.empty())
+        return 0;
+    beat->setRhythmValue(rhythms.front());
+    voice->insertBeats(beat->index() + 1, furtherRests(*beat, rhythms));
+    return rhythms.size() - 1;
+}
 
 BarBuilder::BarBuilder(ImportContext &context, NoteMaker &notes, PartSigns &signs)
     : _context(context), _notes(notes), _signs(signs), _gaps(context), _marks(context, _gaps)
@@ -324,8 +357,8 @@ void BarBuilder::append(VoiceSlot &slot, const WrittenNote &note)
     } else {
         // A rest that is not printed takes time and is not there to be seen.
         beat->setPlaceHolder(note.hidden);
-        if (note.wholeMeasure)
-            _rests.push_back({static_cast<unsigned>(_context.bar()), note.length, beat});
+        if (note.wholeMeasure && !note.grace)
+            return appendMeasureRest(slot, note, std::move(beat));
     }
     const auto onset = slot.end;
     if (!note.grace)
@@ -333,6 +366,38 @@ void BarBuilder::append(VoiceSlot &slot, const WrittenNote &note)
     _chordBeats[static_cast<std::size_t>(note.staff)] = {&slot, slot.beats.size(), true};
     slot.beats.push_back({onset, std::move(beat), note.beamedOn});
     noteAdded(note, slot, slot.beats.back());
+}
+
+/// A rest over the measure, which may be as long as no value is. Where notes of the part end
+/// behind it, it fills no bar.
+void BarBuilder::appendMeasureRest(VoiceSlot &slot, const WrittenNote &note,
+                                   std::shared_ptr<Beat> rest)
+{
+    const auto onset = slot.end;
+    const bool mayFillBar = onset.isZero() && note.length == _measure->length;
+    Voice::Beats further;
+    if (mayFillBar) {
+        _rests.push_back({static_cast<unsigned>(_context.bar()), note.length, rest});
+        slot.end += note.length;
+    } else {
+        if (!isOneValue(*rest, note.length) && findRestRhythms(note.length, _restRhythms)
+            && !_restRhythms.empty()) {
+            rest->setRhythmValue(_restRhythms.front());
+            further = furtherRests(*rest, _restRhythms);
+        }
+        slot.end += rest->rhythmValue().getLength();
+    }
+    const auto index = slot.beats.size();
+    _chordBeats[static_cast<std::size_t>(note.staff)] = {&slot, index, true};
+    slot.beats.push_back({onset, std::move(rest), note.beamedOn});
+    noteAdded(note, slot, slot.beats.back());
+    if (!further.empty())
+        _context.addEmptyNodes(note.node, further.size());
+    for (auto &beat : further) {
+        const auto length = beat->rhythmValue().getLength();
+        slot.beats.push_back({slot.end, std::move(beat)});
+        slot.end += length;
+    }
 }
 
 /// The last resort: the note joins the beat that begins nearest to it.

@@ -20,6 +20,10 @@ struct WholeMeasureRest {
     unsigned bar;
     utils::rational length;
     std::shared_ptr<Beat> beat;
+
+    /// Makes it a whole-bar rest where it is as long as the bar, or else rests that are as long as
+    /// it is. How many it added.
+    std::size_t fit(const utils::rational &barLength) const;
 };
 
 /// Sorts the notes of a measure into the voice slots of its staves and makes the bars.
@@ -48,6 +52,7 @@ private:
     VoiceSlot *freeSlot(StaffSlots &staff, int voice);
     VoiceSlot *roomySlot(StaffSlots &staff, const WrittenNote &note);
     void append(VoiceSlot &slot, const WrittenNote &note);
+    void appendMeasureRest(VoiceSlot &slot, const WrittenNote &note, std::shared_ptr<Beat> rest);
     void squeezeIn(const WrittenNote &note);
     static void setMarks(const WrittenNote &note, Beat &beat);
     void noteAdded(const WrittenNote &note, const VoiceSlot &slot, const PlacedBeat &placed);
@@ -62,6 +67,7 @@ private:
     MarkPlacer _marks;
     std::vector<StaffSlots> _staves;
     std::vector<WholeMeasureRest> _rests;
+    std::vector<RhythmValue> _restRhythms;
     std::vector<NotePlace> _noteBeats; ///< where the notes of the measure went
 
     /// The beat that a chord grows on, by staff: a chord may stand on several.

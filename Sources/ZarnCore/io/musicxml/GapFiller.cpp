@@ -28,15 +28,22 @@ bool fillByTuplet(const RhythmValue &value, const rational &gap, std::vector<Rhy
 
 } // namespace
 
-bool findGapRhythms(const rational &gap, const RhythmValue *before, const RhythmValue *behind,
-                    std::vector<RhythmValue> &rhythms)
+bool findRestRhythms(const rational &length, std::vector<RhythmValue> &rhythms)
 {
     rhythms.clear();
     try {
-        RhythmValue::rhythms(gap, rhythms);
+        RhythmValue::rhythms(length, rhythms);
     } catch (const CoreException &) {
         return false;
     }
+    return true;
+}
+
+bool findGapRhythms(const rational &gap, const RhythmValue *before, const RhythmValue *behind,
+                    std::vector<RhythmValue> &rhythms)
+{
+    if (!findRestRhythms(gap, rhythms))
+        return false;
     const bool isPlain = std::none_of(rhythms.begin(), rhythms.end(),
                                       [](const auto &rhythm) { return rhythm.hasPrimaryTuplet(); });
     if (!isPlain && !(behind && fillByTuplet(*behind, gap, rhythms)) && before)

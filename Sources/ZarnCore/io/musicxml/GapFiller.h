@@ -18,6 +18,10 @@ class ImportContext;
 bool findGapRhythms(const utils::rational &gap, const RhythmValue *before,
                     const RhythmValue *behind, std::vector<RhythmValue> &rhythms);
 
+/// The values of a rest of this length: plain and dotted ones as far as they can be. False when no
+/// values add up to it.
+bool findRestRhythms(const utils::rational &length, std::vector<RhythmValue> &rhythms);
+
 /// Fills time in which nothing is written with place holders.
 class GapFiller {
 public:

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/io/musicxml/PartReader.h>
 
+#include <ZarnCore/io/musicxml/GapFiller.h>
 #include <ZarnCore/io/musicxml/ImportContext.h>
 #include <ZarnCore/io/musicxml/Wording.h>
 #include <ZarnCore/io/musicxml/signs/Fermatas.h>
@@ -103,6 +104,10 @@ void PartReader::readMeasure(pugi::xml_node frame, pugi::xml_node content, Writt
         measure.groups = _facts->times.back().groups;
     }
     measure.length = _timeline.exactReach();
+    for (auto &note : measure.notes)
+        if (note.wholeMeasure && note.onset.isZero()
+            && _timeline.isRounding(measure.length, note.length))
+            note.length = measure.length;
     addLength(_timeline.writtenReach());
     ++_tally->measures;
     const bool implicit = std::strcmp(frame.attribute("implicit").value(), "yes") == 0;
@@ -246,7 +251,10 @@ void PartReader::placeNote(WrittenNote &note)
                                     "the duration, " + inQuarters(written)
                                         + ", contradicts the note type; it was taken");
             fitLength(note, written);
-            _timeline.advance(written, written);
+            if (note.wholeMeasure)
+                _timeline.jump(written); // to where the music ends, from which it was rounded
+            else
+                _timeline.advance(written, written);
         } else {
             _context.addProblem(note.node, "a note without a duration got that of its type");
             note.length = note.rhythm.getLength();
@@ -275,7 +283,7 @@ void PartReader::fitLength(WrittenNote &note, const rational &length)
     note.length = length;
     if (const auto fit = _fitter.ofLength(length, _notes.rhythm()))
         note.rhythm = fit->value;
-    else
+    else if (std::vector<RhythmValue> rests; !note.wholeMeasure || !findRestRhythms(length, rests))
         _context.addProblem(note.node, "a length of " + inQuarters(length) + " fits no note value");
 }
 

@@ -228,15 +228,11 @@ void ScoreReader::padBars()
     }
 }
 
-/// A rest over the measure becomes a whole-bar rest where it is as long as the bar.
 void ScoreReader::fillBarsWithRests()
 {
     const auto &bars = _model->masterTrack()->masterBars();
     for (const auto &rest : _rests)
-        if (bars[rest.bar]->length() == rest.length) {
-            rest.beat->setRhythmValue(RhythmValue(RhythmValue::NoteValue::Whole));
-            rest.beat->setWholeBarRest(true);
-        }
+        _context.addEmptyNodes({}, rest.fit(bars[rest.bar]->length()));
 }
 
 /// Systems of the full score begin where some part of the document says so. How long the last one
