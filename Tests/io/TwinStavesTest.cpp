@@ -105,6 +105,20 @@ TEST(TwinStaves, whatOneOfThemAloneHoldsIsKeptAndWhatContradictsIsTold)
     EXPECT_TRUE(zarn::checkModel(*model).empty());
 }
 
+TEST(TwinStaves, equalNotesInOneVoiceAreTwinsWhereTheyHaveMoved)
+{
+    ImportReport report;
+    const auto model = import(
+        score(measure(header(alternate) + note("E", 4, 4, "half") + note("G", 4, 2, "quarter")
+                      + note("E", 4, 2, "quarter") + backup(8) + fretted("E", 4, 2, "quarter", 1, 0)
+                      + fretted("G", 4, 4, "half", 1, 3) + fretted("E", 4, 2, "quarter", 1, 0))),
+        report);
+    EXPECT_EQ(placesOf(*model), "0:64/64@5,0 2:67/67@5,3 3:64/64@5,0");
+    EXPECT_TRUE(report.hasProblem("longer or shorter than in its tablature"));
+    EXPECT_FALSE(report.hasProblem("differ; notes"));
+    EXPECT_EQ(report.tally().parts[0].merged.pitched, 3u);
+}
+
 TEST(TwinStaves, aTranspositionOfTheNotesAloneLeavesTheTablatureWhereItSounds)
 {
     const std::string octave = "<transpose number=\"1\"><chromatic>0</chromatic>"

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <functional>
 #include <tuple>
+#include <utility>
 
 namespace zarn::io {
 
@@ -45,6 +46,25 @@ bool hasSlurs(const Staff::Bars &bars)
                     if (beat->isSlurredToNext() || !beat->slurEnds().empty())
                         return true;
     return false;
+}
+
+std::vector<Beat *> soundingBeats(const Bar &bar, unsigned slot)
+{
+    std::vector<Beat *> beats;
+    if (const auto &voice = bar.voices()[slot])
+        for (const auto &beat : voice->beats())
+            if (beat->hasNotes())
+                beats.push_back(beat.get());
+    return beats;
+}
+
+std::vector<int> pitchesOf(const Beat &beat, int octave)
+{
+    std::vector<int> pitches;
+    for (const auto &note : beat.notes())
+        pitches.push_back(note->midi() + octave);
+    std::sort(pitches.begin(), pitches.end());
+    return pitches;
 }
 
 /// Takes all other notes out of a beat, which becomes a place holder without any.
@@ -232,14 +252,14 @@ void TwinStaves::mergeBar(int number, Bar &bar, Bar &twin)
 {
     const auto own = notesOf(bar, 0);
     const auto others = notesOf(twin, _octave);
+    PlacedNotes ownAlone;
     PlacedNotes alone;
     BeatPairs pairs;
-    std::size_t ownAlone = 0;
     countDropped(twin);
     auto next = own.begin();
     for (const auto &other : others) {
         for (; next != own.end() && next->key() < other.key(); ++next)
-            ++ownAlone;
+            ownAlone.push_back(*next);
         if (next != own.end() && next->key() == other.key()) {
             pairs.insert({other.beat.get(), next->beat.get()});
             takeFrom(number, *next++, other);
@@ -247,15 +267,64 @@ void TwinStaves::mergeBar(int number, Bar &bar, Bar &twin)
             alone.push_back(other);
         }
     }
-    ownAlone += static_cast<std::size_t>(own.end() - next);
+    ownAlone.insert(ownAlone.end(), next, own.end());
+    if (!ownAlone.empty() && !alone.empty())
+        pairInOrder(number, bar, twin, ownAlone, alone, pairs);
     takeMarks(number, twin, own, pairs);
-    if (!alone.empty() || (ownAlone > 0 && !others.empty()))
+    if (!alone.empty() || (!ownAlone.empty() && !others.empty()))
         _context.addProblemInBar(number, {},
                                  "a staff and its tablature differ; notes on the staff alone: "
-                                     + std::to_string(ownAlone) + ", in the tablature alone: "
-                                     + std::to_string(alone.size()) + "; all were kept");
+                                     + std::to_string(ownAlone.size())
+                                     + ", in the tablature alone: " + std::to_string(alone.size())
+                                     + "; all were kept");
     if (!alone.empty())
         keepAlone(bar, twin, own, alone);
+}
+
+/// Voices with the same notes one after another are twins, too, where lengths or gaps that were
+/// rounded have moved some of them: what is left of both finds its beat by its number.
+void TwinStaves::pairInOrder(int number, const Bar &bar, const Bar &twin, PlacedNotes &own,
+                             PlacedNotes &others, BeatPairs &pairs)
+{
+    std::map<const Beat *, const Beat *> beats;
+    for (unsigned slot = 0; slot < Bar::MaxVoices; ++slot) {
+        const auto left = soundingBeats(bar, slot);
+        const auto right = soundingBeats(twin, slot);
+        const bool areSame =
+            std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                       [this](const Beat *beat, const Beat *other) {
+                           return beat->isGrace() == other->isGrace()
+                               && pitchesOf(*beat, 0) == pitchesOf(*other, _octave);
+                       });
+        for (std::size_t i = 0; areSame && i < left.size(); ++i)
+            beats[right[i]] = left[i];
+    }
+    std::multimap<std::pair<const Beat *, int>, std::size_t> open; // the numbers in `own`
+    for (std::size_t i = 0; i < own.size(); ++i)
+        open.insert({{own[i].beat.get(), own[i].pitch}, i});
+    PlacedNotes left;
+    for (const auto &other : others) {
+        const auto beat = beats.find(other.beat.get());
+        const auto found =
+            beat == beats.end() ? open.end() : open.find({beat->second, other.pitch});
+        if (found == open.end()) {
+            left.push_back(other);
+            continue;
+        }
+        const auto &note = own[found->second];
+        pairs.insert({other.beat.get(), note.beat.get()});
+        takeFrom(number, note, other);
+        open.erase(found);
+    }
+    others = std::move(left);
+    std::vector<std::size_t> rest;
+    for (const auto &entry : open)
+        rest.push_back(entry.second);
+    std::sort(rest.begin(), rest.end());
+    PlacedNotes ownLeft;
+    for (const auto index : rest)
+        ownLeft.push_back(own[index]);
+    own = std::move(ownLeft);
 }
 
 /// Tells what contradicts, once for a bar.

@@ -37,6 +37,8 @@ private:
     bool isTwin(std::size_t notes, std::size_t tablature);
     void mergeStaff(std::size_t notes, std::size_t tablature);
     void mergeBar(int number, Bar &bar, Bar &twin);
+    void pairInOrder(int number, const Bar &bar, const Bar &twin, PlacedNotes &own,
+                     PlacedNotes &others, BeatPairs &pairs);
     void tellOnce(int bar, const char *text);
     void takeFrom(int number, const PlacedNote &own, const PlacedNote &twin);
     void keepAlone(Bar &bar, Bar &twin, const PlacedNotes &own, const PlacedNotes &alone);
