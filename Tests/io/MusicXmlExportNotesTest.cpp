@@ -193,6 +193,32 @@ TEST(MusicXmlExportNotes, unpitchedNotesStandAsPitchesDoUnderTheClefAtHand)
     EXPECT_EQ(lines, std::vector<int>({0, 4, 1}));
 }
 
+TEST(MusicXmlExportNotes, hammerOnsLeadToAnotherPitchOfTheNextChordWhereThereAreNoFrets)
+{
+    const auto link = [](const char *step, const char *type, const std::string &before = {}) {
+        auto text = note(step, 4, 1, "quarter", before);
+        const std::string end = "</note>";
+        text.insert(text.size() - end.size(),
+                    "<notations><technical><hammer-on number=\"1\" type=\"" + std::string(type)
+                        + "\">H</hammer-on></technical></notations>");
+        return text;
+    };
+    const auto bar = [&](const char *upper) {
+        return readFrom(
+            score(measure(attributes("<divisions>1</divisions>") + link("D", "start")
+                          + link("D", "stop") + note(upper, 4, 1, "quarter", "<chord/>"))));
+    };
+    const auto isHopo = [](const zarn::ScoreModel &model) {
+        return model.track(0)->bar(0)->voice(0)->beat(0)->note(0)->isHopo();
+    };
+    const auto model = bar("F");
+    EXPECT_TRUE(isHopo(*model));
+    const Exported written(*model);
+    EXPECT_EQ(written.all("//hammer-on/@type"), "start stop");
+    EXPECT_TRUE(isHopo(*readFrom(written.text())));
+    EXPECT_FALSE(isHopo(*bar("D")));
+}
+
 TEST(MusicXmlExportNotes, hammerOnsHaveASlurTooAndAreReadWithout)
 {
     SmallScore small;

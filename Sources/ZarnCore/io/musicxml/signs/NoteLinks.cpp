@@ -15,24 +15,18 @@ bool isLegato(Tag tag)
     return tag == Tag::HammerOn || tag == Tag::PullOff;
 }
 
-/// The note of the string where it is known, else of the place in the chord.
-const Note *partnerOf(const Note &note, const Beat &beat)
-{
-    if (note.string() != Note::Unset)
-        return beat.noteOnString(note.string()).get();
-    return beat.notes().empty() ? nullptr : beat.notes().front().get();
-}
-
-/// The note of the next beat that has one on the string; null when there is none.
+/// The note of the next beat that has one on the string, or, for a note without a string, of the
+/// next beat with notes; null when there is none.
 const Note *nextOf(const NotePlace &place, const Staff::Bars &bars)
 {
     const VoiceSlotLine line(bars, place.slot);
     int bar = place.bar;
     unsigned index = place.index;
     while (const auto *beat = line.next(bar, index)) {
-        if (const auto *note = partnerOf(*place.note, *beat))
+        if (const auto *note = legatoAim(*place.note, *beat))
             return note;
-        if (bar > place.bar + 1)
+        const bool isLast = place.note->string() == Note::Unset && beat->hasNotes();
+        if (isLast || bar > place.bar + 1)
             break;
     }
     return nullptr;
@@ -40,10 +34,21 @@ const Note *nextOf(const NotePlace &place, const Staff::Bars &bars)
 
 } // namespace
 
+const Note *legatoAim(const Note &note, const Beat &beat)
+{
+    if (note.string() != Note::Unset)
+        return beat.noteOnString(note.string()).get();
+    const auto &notes = beat.notes();
+    const auto found = std::find_if(notes.begin(), notes.end(), [&note](const auto &other) {
+        return other->midi() != note.midi();
+    });
+    return found == notes.end() ? nullptr : found->get();
+}
+
 bool leadsByLegato(const Beat &beat, const Beat &next)
 {
     return std::any_of(beat.notes().begin(), beat.notes().end(), [&next](const auto &note) {
-        return note->isHopo() && partnerOf(*note, next) != nullptr;
+        return note->isHopo() && legatoAim(*note, next) != nullptr;
     });
 }
 

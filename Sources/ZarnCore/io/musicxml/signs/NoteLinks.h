@@ -5,6 +5,10 @@
 
 namespace zarn::io {
 
+/// What a hammer-on or a pull-off from a note leads to in a later beat: the note of its string, or,
+/// for a note without a string, the first one of another pitch; null for none.
+const Note *legatoAim(const Note &note, const Beat &beat);
+
 /// Whether a note of a beat is hammered on, or pulled off, to a note of the next one.
 bool leadsByLegato(const Beat &beat, const Beat &next);
 

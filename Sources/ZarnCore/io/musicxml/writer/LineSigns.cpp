@@ -236,10 +236,7 @@ void LineSigns::beginLink(const Note &note, bool isSlide, pugi::xml_node notatio
         addAttribute(addSpan(notations, tagName(Tag::Slide), true, link.number), "line-type",
                      "solid");
     } else {
-        const auto *const aim = note.string() != Note::Unset && _next
-            ? _next->noteOnString(note.string()).get()
-            : _next && _next->hasNotes() ? _next->notes().front().get()
-                                         : nullptr;
+        const auto *const aim = _next ? legatoAim(note, *_next) : nullptr;
         link.isHammer = !aim || aim->midi() > note.midi();
         addSpan(ensureElement(notations, tagName(Tag::Technical)),
                 tagName(link.isHammer ? Tag::HammerOn : Tag::PullOff), true, link.number)
