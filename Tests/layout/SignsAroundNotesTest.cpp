@@ -201,6 +201,41 @@ TEST(SignsAroundNotesTest, aWordHasOneHyphenBetweenItsSyllables)
     EXPECT_EQ(hyphens, 2U);
 }
 
+/// Of words that several grace notes and their main note sing, within a bar and behind a bar line.
+TEST(SignsAroundNotesTest, wordsOfGraceNotesKeepApart)
+{
+    constexpr unsigned bars = 2;
+    Piece piece(bars);
+    std::vector<std::string> texts;
+    const auto add = [&](NoteValue value, unsigned bar, GraceType type) {
+        Syllable syllable;
+        syllable.text = "lang" + std::to_string(texts.size());
+        texts.push_back(syllable.text);
+        Beat &beat = piece.add({72}, value, 0, 0, bar);
+        beat.setGraceType(type);
+        beat.setLyrics({syllable});
+    };
+    for (unsigned bar = 0; bar < bars; ++bar)
+        for (unsigned i = 0; i < 2; ++i) {
+            add(NoteValue::Sixteenth, bar, GraceType::BeforeBeat);
+            add(NoteValue::Sixteenth, bar, GraceType::BeforeBeat);
+            add(NoteValue::Half, bar, GraceType::None);
+        }
+    const LaidOut laid(*piece.model);
+    ASSERT_EQ(laid.systemCount, 1U);
+    const auto words = laid.of(MarkKind::Lyric);
+    const auto heads = laid.of(MarkKind::NoteHead);
+    ASSERT_EQ(words.size(), texts.size());
+    ASSERT_EQ(heads.size(), texts.size());
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        EXPECT_EQ(words[i].text, texts[i]);
+        EXPECT_NEAR(words[i].left + words[i].right, heads[i].left + heads[i].right, 0.3);
+        if (i > 0) {
+            EXPECT_GT(words[i].left, words[i - 1].right + 0.3) << texts[i];
+        }
+    }
+}
+
 TEST(SignsAroundNotesTest, dynamicsStandAboveWhatIsSung)
 {
     for (const bool isSung : {false, true}) {

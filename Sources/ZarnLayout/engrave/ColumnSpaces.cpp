@@ -254,6 +254,12 @@ void addSpaces(EngravedBar &bar, const BarSource &source, const Row &row, const 
             addLinkSpaces(chord, bar, source, row, signs);
             for (const SpaceBox &sign : signs)
                 chord.room.add(sign.box);
+            std::vector<SpaceBox> words;
+            if (row.isFirstOfStaff)
+                addSignSpaces(chord, fonts, words);
+            const auto number = static_cast<std::uint32_t>(&chord - bar.chords.data());
+            for (const SpaceBox &word : words)
+                bar.graceWords.push_back({number, word});
             continue;
         }
         auto &boxes = bar.columns[chord.column].boxes;

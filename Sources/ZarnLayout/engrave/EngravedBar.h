@@ -103,6 +103,13 @@ struct EngravedBar {
     };
     std::vector<ColumnSpace> columns;
 
+    /// Of words at a grace note, around its column as long as the note has no place in front of it.
+    struct GraceWord {
+        std::uint32_t chord; ///< its number in `chords`
+        SpaceBox space;
+    };
+    std::vector<GraceWord> graceWords; ///< note by note
+
     /// Clefs that change inside the bar, each in front of a column; the one behind the last column
     /// is in front of the bar line.
     struct ColumnSign {

@@ -16,18 +16,30 @@ void WordRods::addBar(unsigned shownBar, unsigned start)
     constexpr double airOfGap = 0.4; // in a line that has no room
     for (unsigned row = 0; row < _score.rows.size(); ++row) {
         const EngravedBar &bar = _score.bar(row, shownBar);
-        for (unsigned column = 0; column < bar.columns.size(); ++column)
-            for (const SpaceBox &box : bar.columns[column].boxes) {
+        const auto keyOf = [row](const SpaceBox &word) {
+            return std::make_pair(row, static_cast<int>(word.box.top));
+        };
+        for (unsigned column = 0; column < bar.columns.size(); ++column) {
+            const unsigned number = start + column;
+            // Several of one line may stand at a column: those of grace notes in front of its own.
+            const auto &boxes = bar.columns[column].boxes;
+            for (const SpaceBox &box : boxes) {
                 if (box.kind != SpaceBox::Kind::Text)
                     continue;
-                const auto key = std::make_pair(row, static_cast<int>(box.box.top));
-                const unsigned number = start + column;
-                const auto before = _last.find(key);
+                const auto before = _last.find(keyOf(box));
                 if (before != _last.end() && before->second.column < start)
                     _line.addRodTo(number, before->second.column,
                                    before->second.reach - box.box.left + gap, airOfGap);
-                _last[key] = {number, box.box.right};
             }
+            for (const SpaceBox &box : boxes) {
+                if (box.kind != SpaceBox::Kind::Text)
+                    continue;
+                const Word word = {number, box.box.right};
+                const auto [last, isNew] = _last.emplace(keyOf(box), word);
+                if (!isNew && (last->second.column != number || last->second.reach < word.reach))
+                    last->second = word;
+            }
+        }
     }
 }
 

@@ -21,12 +21,13 @@ constexpr double leastStep = 0.55; ///< between columns whatever is in them
 constexpr double airOfStep = 0.25;
 constexpr double emptyBar = 6.5;
 constexpr double leastAir = 0.1; ///< between ink in a line that has no room
+constexpr double gapBetweenWords = 0.6;
 
 double gapBetween(SpaceBox::Kind left, SpaceBox::Kind right)
 {
     using Kind = SpaceBox::Kind;
     if (left == Kind::Text || right == Kind::Text)
-        return 0.6;
+        return gapBetweenWords;
     if (left == Kind::Head && right == Kind::Head)
         return 0.45;
     if (right == Kind::Accidental)
@@ -138,6 +139,17 @@ private:
     std::map<double, unsigned> _last;
 };
 
+/// The last place of a word in front of those of its line that stand at a column already, seen from
+/// the column; far behind it where there are none.
+double lastPlaceOf(const SpaceBox &word, const std::vector<SpaceBox> &boxes)
+{
+    double place = 1e9;
+    for (const SpaceBox &box : boxes)
+        if (box.kind == SpaceBox::Kind::Text && box.box.top == word.box.top)
+            place = std::min(place, box.box.left - gapBetweenWords - word.box.right);
+    return place;
+}
+
 /// Ink of a grace note around the origin that those of all voices share.
 Box boxOfChord(const EngravedBar &bar, const Chord &chord)
 {
@@ -157,17 +169,25 @@ void placeGraceNotes(const std::vector<EngravedBar *> &rows, std::size_t columnC
         EngravedBar *bar;
         Chord *chord;
         Box box;
+        std::vector<SpaceBox> words;
     };
     std::map<std::pair<unsigned, unsigned>, std::vector<Grace>> graces;
     std::map<unsigned, double> leftEdges;
-    for (EngravedBar *row : rows)
+    for (EngravedBar *row : rows) {
+        auto word = row->graceWords.begin();
         for (Chord &chord : row->chords)
             if (chord.beat->isGrace() && chord.column < columnCount) {
+                const auto number = static_cast<std::uint32_t>(&chord - row->chords.data());
+                std::vector<SpaceBox> words;
+                for (; word != row->graceWords.end() && word->chord <= number; ++word)
+                    if (word->chord == number)
+                        words.push_back(word->space);
                 graces[{chord.column, chord.beat->graceRank}].push_back(
-                    {row, &chord, boxOfChord(*row, chord)});
+                    {row, &chord, boxOfChord(*row, chord), std::move(words)});
                 double &edge = leftEdges.emplace(chord.column, 0.0).first->second;
                 edge = std::min(edge, leftOf(row->columns[chord.column].boxes));
             }
+    }
     for (auto &[key, members] : graces) {
         double &edge = leftEdges[key.first];
         double right = 0;
@@ -176,11 +196,16 @@ void placeGraceNotes(const std::vector<EngravedBar *> &rows, std::size_t columnC
             right = std::max(right, grace.box.right);
             left = std::min(left, grace.box.left);
         }
-        const double x = edge - 0.35 - right;
+        double x = edge - 0.35 - right;
+        for (const Grace &grace : members)
+            for (const SpaceBox &word : grace.words)
+                x = std::min(x, lastPlaceOf(word, grace.bar->columns[key.first].boxes));
         for (const Grace &grace : members) {
+            auto &boxes = grace.bar->columns[key.first].boxes;
             grace.chord->x += x;
-            grace.bar->columns[key.first].boxes.push_back(
-                {grace.box.movedBy(x, 0), SpaceBox::Kind::Sign});
+            boxes.push_back({grace.box.movedBy(x, 0), SpaceBox::Kind::Sign});
+            for (const SpaceBox &word : grace.words)
+                boxes.push_back({word.box.movedBy(x, 0), SpaceBox::Kind::Text});
         }
         edge = x + left;
     }
