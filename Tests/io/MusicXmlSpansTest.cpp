@@ -282,6 +282,34 @@ TEST(MusicXmlSpans, hairpinsAreRunsOfBeatsFromTheirStartToTheirEnd)
     EXPECT_TRUE(report.hasProblem("a wedge ends here that nothing begins"));
 }
 
+/// Where the voice that it began in has no beats, another one carries it on, and hands it back.
+TEST(MusicXmlSpans, aHairpinThatVoicesCarryOneAfterAnotherIsWrittenAsOne)
+{
+    ImportReport report;
+    const auto second = quarter("", "2");
+    const auto bars = measure(plain + plain + backup(2) + second + second)
+        + measure(wedge("crescendo") + plain + plain) + measure(second + second)
+        + measure(plain + wedge("stop") + plain);
+    const auto model = import(score(bars), report);
+    const auto signs = [](const ScoreModel &score) {
+        return signsOf(score, [](const Beat &beat) {
+            return std::string(beat.beginsHairpin() ? "'" : "") + "-<>o"[int(beat.hairpin())];
+        });
+    };
+    EXPECT_EQ(signs(*model), "- - < < < - | - - < <");
+    io::ExportReport told;
+    const auto written = io::MusicXmlExporter().toText(*model, told);
+    EXPECT_TRUE(told.unheld().empty());
+    const auto count = [&](const std::string &text) {
+        unsigned found = 0;
+        for (auto at = written.find(text); at != std::string::npos; at = written.find(text, at + 1))
+            ++found;
+        return found;
+    };
+    EXPECT_EQ(count("<wedge "), 2U);
+    EXPECT_EQ(signs(*import(written, report)), signs(*model));
+}
+
 TEST(MusicXmlSpans, pedalsChangeAtBeatsAndDashesGoWithTheirWords)
 {
     const auto pedal = [](const char *type) {

@@ -291,6 +291,34 @@ bool LineSigns::goesOn(Hairpin hairpin) const
         && !_next->beginsHairpin();
 }
 
+/// Leaves a hairpin open at the end of a bar for the voice that goes on with it: where the one that
+/// it began in has no beats, readers follow the first that has some.
+bool LineSigns::handWedgeOn()
+{
+    const auto hairpin = _beat->hairpin();
+    const auto &bars = _place.staff->bars();
+    if (hairpin == Hairpin::Swell || _place.index + 1 < _place.voice()->beatCount()
+        || _place.bar + 1 >= bars.size())
+        return false;
+    const auto hasBeats = [&](unsigned bar, unsigned slot) {
+        const auto &voice = bars[bar]->voices()[slot];
+        return voice && voice->beatCount() > 0;
+    };
+    unsigned slot = _wedgeSlot;
+    for (unsigned other = 0; !hasBeats(_place.bar + 1, slot) && other < Bar::MaxVoices; ++other)
+        slot = other;
+    if (slot == _place.slot || !hasBeats(_place.bar + 1, slot))
+        return false;
+    const Beat *const ahead = bars[_place.bar + 1]->voices()[slot]->beats().front().get();
+    const bool isAnother = hasBeats(_place.bar, slot)
+        && bars[_place.bar]->voices()[slot]->beats().back()->hairpin() == hairpin;
+    if (ahead->hairpin() != hairpin || ahead->beginsHairpin() || isAnother)
+        return false;
+    const int line = _line - static_cast<int>(_place.slot) + static_cast<int>(slot);
+    return _numbers.openWedges.emplace(line, PartNumbers::OpenWedge{ahead, _wedge, _wedgeSlot})
+        .second;
+}
+
 /// Whether the words over the strings say it of all notes of a beat.
 bool LineSigns::isPalmMuted(const Beat &beat) const
 {
@@ -338,8 +366,15 @@ void LineSigns::writeSwell(pugi::xml_node measure, int staffNumber, double half)
 void LineSigns::writeBefore(pugi::xml_node measure, int staffNumber, double half)
 {
     const auto hairpin = _beat->hairpin();
+    const auto open = _numbers.openWedges.find(_line);
+    if (open != _numbers.openWedges.end() && open->second.beat == _beat) {
+        _wedge = open->second.number;
+        _wedgeSlot = open->second.slot;
+        _numbers.openWedges.erase(open);
+    }
     if (_wedge == 0 && hairpin != Hairpin::NoHairpin) {
         _wedge = take(_numbers.wedges, "hairpins");
+        _wedgeSlot = _place.slot;
         if (_wedge != 0) {
             auto wedge =
                 addElement(addDirection(measure, staffNumber, "below"), tagName(Tag::Wedge));
@@ -380,10 +415,13 @@ void LineSigns::writeAfter(pugi::xml_node measure, int staffNumber)
 {
     const int bar = static_cast<int>(_place.bar);
     if (_wedge != 0 && !goesOn(_beat->hairpin())) {
-        auto wedge = addElement(addDirection(measure, staffNumber, "below"), tagName(Tag::Wedge));
-        addAttribute(wedge, "type", "stop");
-        addAttribute(wedge, "number", _wedge);
-        _numbers.wedges.free(_wedge, _line, bar);
+        if (!handWedgeOn()) {
+            auto wedge =
+                addElement(addDirection(measure, staffNumber, "below"), tagName(Tag::Wedge));
+            addAttribute(wedge, "type", "stop");
+            addAttribute(wedge, "number", _wedge);
+            _numbers.wedges.free(_wedge, _line, bar);
+        }
         _wedge = 0;
     }
     const auto endDashes = [&](int &open) {

@@ -24,6 +24,14 @@ struct PartNumbers {
 
     /// Slurs that lead to other voices: what the score numbers them, and what the document does.
     std::map<unsigned, int> slurEnds;
+
+    /// A hairpin that goes on in another voice from the next bar on.
+    struct OpenWedge {
+        const Beat *beat; ///< the first that carries it there
+        int number;
+        unsigned slot; ///< that it began in
+    };
+    std::map<int, OpenWedge> openWedges; ///< by the line of the voice
 };
 
 /// The place of a beat in its staff.
@@ -93,6 +101,7 @@ private:
     void writeWave(int &open, bool begins, bool ends, const char *glyph, pugi::xml_node notations);
     bool isPalmMuted(const Beat &beat) const;
     bool goesOn(Hairpin hairpin) const;
+    bool handWedgeOn();
     pugi::xml_node addDirection(pugi::xml_node measure, int staffNumber, const char *placement);
     bool hasEndOfDashes() const;
     bool hasOtherVoices() const;
@@ -109,6 +118,7 @@ private:
     int _slur = 0;
     int _legatoSlur = 0;
     int _wedge = 0;
+    unsigned _wedgeSlot = 0; ///< that it began in
     int _dashes = 0;
     int _palmMute = 0;
     int _wave = 0;
