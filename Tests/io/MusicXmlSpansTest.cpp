@@ -282,6 +282,21 @@ TEST(MusicXmlSpans, hairpinsAreRunsOfBeatsFromTheirStartToTheirEnd)
     EXPECT_TRUE(report.hasProblem("a wedge ends here that nothing begins"));
 }
 
+/// Not so one that ends where one of its kind begins in another voice.
+TEST(MusicXmlSpans, hairpinsThatMeetBetweenVoicesAreTwo)
+{
+    const auto second = quarter("", "2");
+    const auto empty = measure(plain + plain + backup(2) + second + second);
+    const auto meeting = measure(wedge("diminuendo") + plain + plain + wedge("stop"))
+        + measure(wedge("diminuendo") + second + second + wedge("stop"));
+    ImportReport report;
+    EXPECT_EQ(hairpinsOf(empty + meeting, report), "- - > > | - - '> >");
+    const auto apart = measure(wedge("diminuendo") + plain + wedge("stop") + plain)
+        + measure(wedge("diminuendo") + second + second + wedge("stop"));
+    EXPECT_EQ(hairpinsOf(empty + apart, report), "- - > - | - - > >");
+    EXPECT_TRUE(report.problems().empty());
+}
+
 /// Where the voice that it began in has no beats, another one carries it on, and hands it back.
 TEST(MusicXmlSpans, aHairpinThatVoicesCarryOneAfterAnotherIsWrittenAsOne)
 {

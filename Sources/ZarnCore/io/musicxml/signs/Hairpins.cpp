@@ -6,6 +6,7 @@
 #include <ZarnCore/utils/EnumTable.h>
 
 #include <algorithm>
+#include <iterator>
 #include <string_view>
 
 namespace zarn::io {
@@ -43,6 +44,7 @@ void Hairpins::finishPart(const StaffBars &staves)
 {
     if (_matcher.isEmpty())
         return;
+    _ends.clear();
     auto spans = _matcher.finish();
     std::stable_sort(spans.begin(), spans.end(),
                      [](const SpanMatcher::Span &left, const SpanMatcher::Span &right) {
@@ -80,9 +82,18 @@ void Hairpins::set(const SpanMatcher::Span &span, const Staff::Bars &bars)
     const auto last = std::find_if_not(first, places.end(), isFree);
     for (auto place = first; place != last; ++place)
         place->beat->setHairpin(kind);
+    // Another one of its kind may end there in whatever voice.
     const auto *before = VoiceSlotLine(bars, first->slot).previous(first->bar, first->index);
-    if (before && before->hairpin() == kind)
+    const bool meetsAnother = (before && before->hairpin() == kind)
+        || _ends.count({begin.staff, kind, first->bar, first->onset}) > 0;
+    if (meetsAnother)
         first->beat->setHairpinBegins(true);
+    const auto &ending = *std::prev(last);
+    const auto *const beats = VoiceSlotLine(bars, ending.slot).beatsOf(ending.bar);
+    if (ending.index + 1 == beats->size())
+        _ends.insert({begin.staff, kind, ending.bar + 1, 0});
+    else
+        _ends.insert({begin.staff, kind, ending.bar, ending.onset + ending.beat->length()});
 }
 
 } // namespace zarn::io

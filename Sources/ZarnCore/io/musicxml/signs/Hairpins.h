@@ -3,6 +3,9 @@
 
 #include <ZarnCore/io/musicxml/signs/SpanMatcher.h>
 
+#include <set>
+#include <tuple>
+
 namespace zarn::io {
 
 /// The type of the <wedge> that begins a crescendo or decrescendo.
@@ -19,10 +22,14 @@ public:
     void finishPart(const StaffBars &staves);
 
 private:
+    /// A kind of hairpins on a staff, and a bar with a time in it.
+    using Meeting = std::tuple<int, Hairpin, int, utils::rational>;
+
     void set(const SpanMatcher::Span &span, const Staff::Bars &bars);
 
     ImportContext &_context;
     SpanMatcher _matcher;
+    std::set<Meeting> _ends; ///< of the hairpins of a part, so far
 };
 
 } // namespace zarn::io

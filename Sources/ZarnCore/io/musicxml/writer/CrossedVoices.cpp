@@ -36,6 +36,7 @@ bool isKeptFree(const Beat &beat)
     marks.setSlurredToNext(false);
     marks.setSlurredToPrevious(false);
     marks.setHairpin(Hairpin::NoHairpin);
+    marks.setHairpinBegins(false);
     return marks.isPlain() && beat.hairpin() != Hairpin::Swell
         && beat.isSlurredToNext() == beat.isSlurredToPrevious();
 }
