@@ -286,6 +286,25 @@ TEST(SignsAroundNotesTest, chordSymbolsShowSharpsAndFlats)
     }
 }
 
+/// Voices that change chords together: one symbol where they agree, one above the other where they
+/// do not.
+TEST(SignsAroundNotesTest, chordSymbolsOfVoicesStandAboveOneAnother)
+{
+    Piece piece(2);
+    for (const unsigned voice : {0U, 1U}) {
+        piece.add({voice == 0 ? 72 : 60}, NoteValue::Whole, 0, voice).setChordSymbol("N.C.");
+        piece.add({voice == 0 ? 72 : 60}, NoteValue::Whole, 0, voice, 1)
+            .setChordSymbol(voice == 0 ? "Am7" : "F#7");
+    }
+    const auto symbols = LaidOut(*piece.model).of(MarkKind::ChordSymbol);
+    ASSERT_EQ(symbols.size(), 3U);
+    EXPECT_EQ(symbols[0].text, "N.C.");
+    EXPECT_EQ(symbols[1].text, "Am7");
+    EXPECT_EQ(symbols[2].text, "F\u266F7");
+    EXPECT_NEAR(symbols[0].y, symbols[1].y, 0.01);
+    EXPECT_LT(symbols[2].bottom, symbols[1].top);
+}
+
 /// A tuning that nobody would guess and a capo are named once, at the first system.
 TEST(SignsAroundNotesTest, unusualStringsAreNamedInFrontOfTheMusic)
 {

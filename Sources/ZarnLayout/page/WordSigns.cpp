@@ -11,6 +11,9 @@
 #include <array>
 #include <cstdlib>
 #include <map>
+#include <tuple>
+#include <utility>
+#include <vector>
 
 namespace zarn::engraving {
 
@@ -180,6 +183,26 @@ void alignNeighbours(SideItems &items)
             ++line;
         item->line = line;
         end = std::max(end, box.right);
+    }
+}
+
+/// What would stand on something of its line, as chord symbols of two voices at one time do, stands
+/// above by itself.
+void partVoices(SideItems &items)
+{
+    constexpr double gap = 0.1;
+    std::vector<Box> taken;
+    for (SideItem &item : items) {
+        if (item.inks.empty())
+            continue;
+        const Box box = boxOf(item.inks);
+        const bool isFree = std::none_of(taken.begin(), taken.end(), [&](const Box &other) {
+            return box.left < other.right + gap && other.left < box.right + gap;
+        });
+        if (isFree)
+            taken.push_back(box);
+        else
+            item.line = 0;
     }
 }
 
@@ -367,12 +390,20 @@ void addChordSymbols(RowDraft &row, const SystemDraft &draft)
         return;
     SideItems diagrams;
     SideItems symbols;
+    // By bar, column and place in front of it.
+    std::map<std::tuple<unsigned, unsigned, unsigned>, std::vector<const ChordMark *>> said;
     for (const PlacedChord *const carrier : carriersOf(row)) {
         const PlacedChord &chord = *carrier;
         const auto &details = chord.beat().details;
         if (!details || details->chord.isEmpty())
             continue;
         const ChordMark &mark = details->chord;
+        // Several voices that say the same say it once.
+        auto &others = said[{chord.shownBar, chord.chord->column, chord.beat().graceRank}];
+        if (std::any_of(others.begin(), others.end(),
+                        [&](const ChordMark *other) { return *other == mark; }))
+            continue;
+        others.push_back(&mark);
         if (mark.diagram) {
             SideItem item;
             item.line = symbolLine + 1;
@@ -395,6 +426,8 @@ void addChordSymbols(RowDraft &row, const SystemDraft &draft)
             symbols.push_back(std::move(item));
         }
     }
+    partVoices(diagrams);
+    partVoices(symbols);
     place(row, std::move(diagrams), symbolLine + 1);
     place(row, std::move(symbols), symbolLine);
 }
