@@ -251,3 +251,33 @@ TEST(CurvesTest, aSlurredSlideHasOneArc)
         EXPECT_EQ(laid.of(MarkKind::Slur).size(), isSlurred ? 1U : 0U);
     }
 }
+
+/// The arrows of bends lead up from the numbers of tablature, where slurs are else.
+TEST(CurvesTest, slursOverBendsLieBelowTheNumbers)
+{
+    for (const bool isBent : {false, true}) {
+        SmallScore small;
+        TrackNotations tablature;
+        tablature.standard = false;
+        tablature.tablature = true;
+        small.model.track(0)->setChosenNotations(tablature);
+        Voice &voice = *small.model.track(0)->bar(5)->ensureVoice(0);
+        SmallScore::addBeat(voice, {2});
+        SmallScore::addBeat(voice, {2});
+        if (isBent) {
+            Bend bend;
+            bend.type = BendType::Bend;
+            bend.curve = PitchCurve{{0, 0}, {60, 4}};
+            voice.beat(0)->notes()[0]->setBend(bend);
+        }
+        voice.beat(0)->setSlurredToNext(true);
+        voice.beat(1)->setSlurredToPrevious(true);
+        const LaidOut laid(small.model);
+        const auto slurs = laid.of(MarkKind::Slur);
+        ASSERT_EQ(slurs.size(), 1U);
+        for (const auto &fret : laid.of(MarkKind::Fret))
+            if (fret.place.bar == 5) {
+                EXPECT_EQ(slurs[0].top > fret.top, isBent);
+            }
+    }
+}

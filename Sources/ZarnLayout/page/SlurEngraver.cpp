@@ -139,7 +139,7 @@ public:
         // Over one chord at most, a slur finds its way between the notes of other voices.
         const bool isShort = span.last - span.first < 2;
         Bow bow = bestOn(span, isAbove, isShort);
-        if (span.side != SlurSide::Auto && isOnInk(bow))
+        if ((span.side != SlurSide::Auto || hasBends(span)) && isOnInk(bow))
             bow = offInk(span, isAbove, bow);
         addCurve(first, bow, span.line);
     }
@@ -149,6 +149,24 @@ private:
     {
         constexpr double touch = 0.01;
         return _field.coveredBy(bow, 0) > touch;
+    }
+
+    /// Whether strings are bent under a slur: the arrows lead up from its numbers.
+    bool hasBends(const SlurSpan &span) const
+    {
+        if (_row.row->notation != Notation::Tablature)
+            return false;
+        for (std::size_t i = span.first; i <= span.last && i < _row.chords.size(); ++i) {
+            const PlacedChord &chord = _row.chords[i];
+            if (chord.beat().noteCount == 0)
+                continue;
+            for (const Head &head : chord.chord->heads) {
+                const NoteSource &note = chord.note(head);
+                if (note.details && note.details->bend.type != BendType::NoBend)
+                    return true;
+            }
+        }
+        return false;
     }
 
     /// Another way for a curve that lies on ink on the side that it was given: between the voices,
