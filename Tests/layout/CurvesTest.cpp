@@ -227,26 +227,36 @@ TEST(CurvesTest, halvesOfSlursAndSlursOfGraceNotesLieOnTheSideThatTheyAreGiven)
     }
 }
 
+/// Two quarters on one string in the last bar of a guitar on tablature alone.
+struct TwoOnTablature {
+    SmallScore small;
+    Voice &voice = *small.model.track(0)->bar(5)->ensureVoice(0);
+
+    TwoOnTablature()
+    {
+        TrackNotations tablature;
+        tablature.standard = false;
+        tablature.tablature = true;
+        small.model.track(0)->setChosenNotations(tablature);
+        SmallScore::addBeat(voice, {2});
+        SmallScore::addBeat(voice, {2});
+    }
+};
+
 /// A slide that is not struck again has an arc on tablature, which a slur over the same two notes
 /// already is.
 TEST(CurvesTest, aSlurredSlideHasOneArc)
 {
     for (const bool isSlurred : {false, true}) {
-        SmallScore small;
-        TrackNotations tablature;
-        tablature.standard = false;
-        tablature.tablature = true;
-        small.model.track(0)->setChosenNotations(tablature);
-        Voice &voice = *small.model.track(0)->bar(5)->ensureVoice(0);
-        SmallScore::addBeat(voice, {2});
-        SmallScore::addBeat(voice, {2});
+        TwoOnTablature score;
+        Voice &voice = score.voice;
         NoteMarks marks = voice.beat(0)->notes()[0]->marks();
         marks.setSlideOut(SlideOut::Legato);
         voice.beat(0)->notes()[0]->setMarks(marks);
         voice.beat(1)->notes()[0]->setFret(5);
         voice.beat(0)->setSlurredToNext(isSlurred);
         voice.beat(1)->setSlurredToPrevious(isSlurred);
-        const LaidOut laid(small.model);
+        const LaidOut laid(score.small.model);
         EXPECT_EQ(laid.of(MarkKind::Slide).size(), isSlurred ? 1U : 2U);
         EXPECT_EQ(laid.of(MarkKind::Slur).size(), isSlurred ? 1U : 0U);
     }
@@ -256,14 +266,8 @@ TEST(CurvesTest, aSlurredSlideHasOneArc)
 TEST(CurvesTest, slursOverBendsLieBelowTheNumbers)
 {
     for (const bool isBent : {false, true}) {
-        SmallScore small;
-        TrackNotations tablature;
-        tablature.standard = false;
-        tablature.tablature = true;
-        small.model.track(0)->setChosenNotations(tablature);
-        Voice &voice = *small.model.track(0)->bar(5)->ensureVoice(0);
-        SmallScore::addBeat(voice, {2});
-        SmallScore::addBeat(voice, {2});
+        TwoOnTablature score;
+        Voice &voice = score.voice;
         if (isBent) {
             Bend bend;
             bend.type = BendType::Bend;
@@ -272,7 +276,7 @@ TEST(CurvesTest, slursOverBendsLieBelowTheNumbers)
         }
         voice.beat(0)->setSlurredToNext(true);
         voice.beat(1)->setSlurredToPrevious(true);
-        const LaidOut laid(small.model);
+        const LaidOut laid(score.small.model);
         const auto slurs = laid.of(MarkKind::Slur);
         ASSERT_EQ(slurs.size(), 1U);
         for (const auto &fret : laid.of(MarkKind::Fret))

@@ -63,25 +63,6 @@ void clearBarLines(const RowDraft &row, SideItem &item, const SideItems &all)
     }
 }
 
-/// What finds no room on the line of a kind of sign stands by itself.
-void partNeighbours(SideItems &items)
-{
-    constexpr double gap = 0.4;
-    std::vector<Box> taken;
-    for (SideItem &item : items) {
-        if (item.line != stretchLine || item.inks.empty())
-            continue;
-        const Box box = boxOf(item.inks);
-        const bool isFree = std::none_of(taken.begin(), taken.end(), [&](const Box &other) {
-            return box.left < other.right + gap && other.left < box.right + gap;
-        });
-        if (isFree)
-            taken.push_back(box);
-        else
-            item.line = 0;
-    }
-}
-
 /// What may stand on either side of its row leaves the room between rows to the beams there.
 void clearBeams(const RowDraft &row, SideItem &item)
 {
@@ -119,13 +100,30 @@ Side openSide(const RowDraft &row, Side wish, double left, double right)
     return hasBeams(wish) && !hasBeams(other) ? other : wish;
 }
 
+void partNeighbours(SideItems &items, int line, double gap)
+{
+    std::vector<Box> taken;
+    for (SideItem &item : items) {
+        if (item.line != line || item.inks.empty())
+            continue;
+        const Box box = boxOf(item.inks);
+        const bool isFree = std::none_of(taken.begin(), taken.end(), [&](const Box &other) {
+            return box.left < other.right + gap && other.left < box.right + gap;
+        });
+        if (isFree)
+            taken.push_back(box);
+        else
+            item.line = 0;
+    }
+}
+
 void place(RowDraft &row, SideItems items, int words)
 {
     for (SideItem &item : items)
         clearBeams(row, item);
     for (SideItem &item : items)
         clearBarLines(row, item, items);
-    partNeighbours(items);
+    partNeighbours(items, stretchLine, 0.4);
     std::map<std::pair<int, Side>, double> lines;
     for (const SideItem &item : items) {
         if (item.line == 0 || item.inks.empty())

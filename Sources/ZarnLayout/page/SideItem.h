@@ -28,6 +28,9 @@ Side openSide(const RowDraft &row, Side wish, double left, double right);
 
 using SideItems = std::vector<SideItem>;
 
+/// What finds no room on a line, nearer than the gap to another item of it, stands by itself.
+void partNeighbours(SideItems &items, int line, double gap);
+
 /// Places items in their order, those of one line together with the first of them. With `words`,
 /// above 0, they are words of one kind, all on one line, that stand at one height all over the row.
 void place(RowDraft &row, SideItems items, int words = 0);

@@ -186,26 +186,6 @@ void alignNeighbours(SideItems &items)
     }
 }
 
-/// What would stand on something of its line, as chord symbols of two voices at one time do, stands
-/// above by itself.
-void partVoices(SideItems &items)
-{
-    constexpr double gap = 0.1;
-    std::vector<Box> taken;
-    for (SideItem &item : items) {
-        if (item.inks.empty())
-            continue;
-        const Box box = boxOf(item.inks);
-        const bool isFree = std::none_of(taken.begin(), taken.end(), [&](const Box &other) {
-            return box.left < other.right + gap && other.left < box.right + gap;
-        });
-        if (isFree)
-            taken.push_back(box);
-        else
-            item.line = 0;
-    }
-}
-
 } // namespace
 
 void addDynamics(RowDraft &row, const SystemDraft &draft)
@@ -426,8 +406,9 @@ void addChordSymbols(RowDraft &row, const SystemDraft &draft)
             symbols.push_back(std::move(item));
         }
     }
-    partVoices(diagrams);
-    partVoices(symbols);
+    // Of chords of two voices at one time the later ones stand above.
+    partNeighbours(diagrams, symbolLine + 1, 0.1);
+    partNeighbours(symbols, symbolLine, 0.1);
     place(row, std::move(diagrams), symbolLine + 1);
     place(row, std::move(symbols), symbolLine);
 }
