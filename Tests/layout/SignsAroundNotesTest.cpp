@@ -350,6 +350,19 @@ TEST(SignsAroundNotesTest, octaveSignsGoOnInTheNextSystem)
     EXPECT_EQ(hooks, 1U);
 }
 
+/// An octave sign counts from what a clef with a number says, as that of a guitar.
+TEST(SignsAroundNotesTest, octaveSignsCountFromTheNumberOfTheClef)
+{
+    Piece piece(1);
+    piece.model->track(0)->bar(0)->setOttavia(Ottavia::_8vb);
+    piece.add({64}, NoteValue::Half);
+    piece.add({76}, NoteValue::Half).setOttavia(Ottavia::_8va);
+    const LaidOut laid(*piece.model);
+    const auto heads = laid.of(MarkKind::NoteHead);
+    ASSERT_EQ(heads.size(), 2U);
+    EXPECT_EQ(heads[0].top, heads[1].top);
+}
+
 /// What a beat shows is when it is played, behind repeats and at the tempo of the score.
 TEST(SignsAroundNotesTest, beatsShowWhenTheyArePlayed)
 {

@@ -95,11 +95,11 @@ int lineOnStaff(const Note &note, const Place &place)
         return note.staffLine();
     if (!note.spelling())
         return 1000;
-    const Ottavia sign =
-        place.beat->ottavia() != Ottavia::None ? place.beat->ottavia() : place.bar->ottavia();
+    const int octaves =
+        Music::ottaviaOctaves(place.bar->ottavia()) + Music::ottaviaOctaves(place.beat->ottavia());
     const int natural = note.midi() - note.spelling()->accidental().alteration();
     return Music::staffLineOfNote(note.spelling()->note(), place.bar->clefAt(place.offset),
-                                  natural / 12 - Music::ottaviaOctaves(sign));
+                                  natural / 12 - octaves);
 }
 
 /// The forms of one search: exact and nearest, forwards and backwards.

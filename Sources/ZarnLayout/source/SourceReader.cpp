@@ -77,17 +77,17 @@ private:
         copy.noteCount = static_cast<std::uint16_t>(isHidden ? 0 : beat.noteCount());
         if (beat.hasDetails())
             copy.details = std::make_shared<const BeatDetails>(beat.details());
-        const Ottavia ottavia =
-            copy.marks.ottavia() != Ottavia::None ? copy.marks.ottavia() : _bar.ottavia();
+        const int octaves =
+            Music::ottaviaOctaves(_bar.ottavia()) + Music::ottaviaOctaves(copy.marks.ottavia());
         const ClefType clef = _bar.clefChanges().empty() ? _bar.clef() : _bar.clefAt(onset);
         if (isHidden)
             return copy;
         for (const auto &note : beat.notes())
-            _source.notes.push_back(readNote(*note, clef, ottavia));
+            _source.notes.push_back(readNote(*note, clef, octaves));
         return copy;
     }
 
-    NoteSource readNote(const Note &note, ClefType clef, Ottavia ottavia) const
+    NoteSource readNote(const Note &note, ClefType clef, int octaves) const
     {
         NoteSource copy;
         copy.marks = note.marks();
@@ -100,7 +100,7 @@ private:
         if (_isUnpitched)
             readArticulation(note, copy);
         else if (copy.midi >= 0)
-            readPitch(note, clef, ottavia, copy);
+            readPitch(note, clef, octaves, copy);
         if (note.staffLine() != Note::NoStaffLine)
             copy.line = static_cast<std::int8_t>(note.staffLine());
         return copy;
@@ -125,7 +125,7 @@ private:
         copy.technique = articulation.techniqueSymbol().codePoint();
     }
 
-    void readPitch(const Note &note, ClefType clef, Ottavia ottavia, NoteSource &copy) const
+    void readPitch(const Note &note, ClefType clef, int octaves, NoteSource &copy) const
     {
         const core::Pitch pitch = writtenPitch(note, copy.midi, _source.key);
         const NoteName name = PitchClass::fromPitch(pitch).note();
@@ -133,7 +133,7 @@ private:
         copy.alteration = static_cast<std::int8_t>(pitch.alteration());
         copy.octave = static_cast<std::int8_t>(pitch.octave());
         copy.line = static_cast<std::int8_t>(Music::staffLineOfNote(name, clef, pitch.octave())
-                                             - 7 * Music::ottaviaOctaves(ottavia));
+                                             - 7 * octaves);
     }
 
     const Bar &_bar;

@@ -51,10 +51,11 @@ std::optional<int> staffLineOf(const Note &note, const Beat &beat, const Bar &ba
         return std::nullopt;
     const int accidentals = writtenKeySignature(bar).accidentalCount();
     const core::Pitch pitch = writtenPitch(note, midi, accidentals);
-    const Ottavia ottavia = beat.ottavia() != Ottavia::None ? beat.ottavia() : bar.ottavia();
+    const int octaves =
+        Music::ottaviaOctaves(bar.ottavia()) + Music::ottaviaOctaves(beat.ottavia());
     return Music::staffLineOfNote(PitchClass::fromPitch(pitch).note(), clefOver(beat, bar),
                                   pitch.octave())
-        - 7 * Music::ottaviaOctaves(ottavia);
+        - 7 * octaves;
 }
 
 } // namespace zarn
