@@ -52,21 +52,49 @@ double SpringLine::width(double factor) const
     return lay(factor, _scratch);
 }
 
+SpringLine::Growth SpringLine::growthAt(double factor) const
+{
+    _growths.resize(_columns.size());
+    Growth growth = {0, 0};
+    auto late = _late.begin();
+    const auto keepFrom = [&](unsigned from, double length) {
+        const double place = _growths[from].width + length;
+        if (place > growth.width)
+            growth = {place, _growths[from].slope};
+    };
+    for (std::size_t i = 0; i < _columns.size(); ++i) {
+        const Column &column = _columns[i];
+        growth.width += column.fixed + factor * column.spring;
+        growth.slope += column.spring;
+        for (std::uint32_t number = column.firstRod; number < column.rodEnd; ++number)
+            keepFrom(_rods[number].from, _rods[number].length);
+        for (; late != _late.end() && late->column == i; ++late)
+            keepFrom(late->from, late->length);
+        _growths[i] = growth;
+    }
+    return growth;
+}
+
 double SpringLine::factorFor(double width) const
 {
-    // The width is convex in the factor and made of straight pieces: halving finds the place to
-    // the last bit that matters.
-    double low = 0;
-    if (this->width(low) >= width)
+    constexpr double most = 1e6;
+    constexpr double margin = 1e-12; ///< no line is wider than asked by rounding
+    if (this->width(0) >= width)
         return 0;
-    double high = 1;
-    while (this->width(high) < width && high < 1e6)
-        low = high, high *= 2;
-    for (int i = 0; i < 44; ++i) {
-        const double middle = (low + high) / 2;
-        (this->width(middle) < width ? low : high) = middle;
+    double factor = 1;
+    Growth growth = growthAt(factor);
+    while (growth.width < width && factor < most)
+        growth = growthAt(factor *= 2);
+    // The width is convex in the factor and made of straight pieces: from the wide side each
+    // tangent leads nearer, and the one of the right piece to the place itself.
+    while (growth.width > width && growth.slope > 0) {
+        const double nearer = factor - (growth.width - width) / growth.slope;
+        if (nearer >= factor)
+            break;
+        factor = nearer;
+        growth = growthAt(factor);
     }
-    return low;
+    return std::max(0.0, factor * (1 - margin));
 }
 
 std::vector<double> SpringLine::places(double factor) const

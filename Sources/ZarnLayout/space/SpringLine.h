@@ -60,9 +60,17 @@ private:
     /// `squeeze` is the part of the air that goes.
     double lay(double factor, std::vector<double> &places, double squeeze = 0) const;
 
+    /// The width at a factor, and how much it grows with that.
+    struct Growth {
+        double width;
+        double slope;
+    };
+    Growth growthAt(double factor) const;
+
     std::vector<Column> _columns;
     std::vector<Rod> _rods;
-    std::vector<LateRod> _late; ///< by ascending columns
+    std::vector<LateRod> _late;           ///< by ascending columns
+    mutable std::vector<Growth> _growths; ///< up to each column
     mutable std::vector<double> _scratch;
 };
 
