@@ -7,8 +7,6 @@
 
 #include <algorithm>
 #include <functional>
-#include <tuple>
-#include <utility>
 
 namespace zarn::io {
 
@@ -48,25 +46,6 @@ bool hasSlurs(const Staff::Bars &bars)
     return false;
 }
 
-std::vector<Beat *> soundingBeats(const Bar &bar, unsigned slot)
-{
-    std::vector<Beat *> beats;
-    if (const auto &voice = bar.voices()[slot])
-        for (const auto &beat : voice->beats())
-            if (beat->hasNotes())
-                beats.push_back(beat.get());
-    return beats;
-}
-
-std::vector<int> pitchesOf(const Beat &beat, int octave)
-{
-    std::vector<int> pitches;
-    for (const auto &note : beat.notes())
-        pitches.push_back(note->midi() + octave);
-    std::sort(pitches.begin(), pitches.end());
-    return pitches;
-}
-
 /// Takes all other notes out of a beat, which becomes a place holder without any.
 template <typename Predicate>
 void keepOnly(Beat &beat, Predicate isKept)
@@ -81,35 +60,6 @@ void keepOnly(Beat &beat, Predicate isKept)
 }
 
 } // namespace
-
-struct TwinStaves::PlacedNote {
-    rational onset;
-    bool isGrace;
-    int pitch;
-    std::shared_ptr<Note> note;
-    std::shared_ptr<Beat> beat;
-
-    auto key() const { return std::make_tuple(onset, !isGrace, pitch); }
-    bool isAtBeatOf(const PlacedNote &other) const
-    {
-        return onset == other.onset && isGrace == other.isGrace;
-    }
-};
-
-/// The note at whose beat another one begins, or else the last one before; the first one when all
-/// are behind, null when there is none.
-const TwinStaves::PlacedNote *TwinStaves::nearest(const PlacedNotes &notes,
-                                                  const PlacedNote &placed)
-{
-    if (notes.empty())
-        return nullptr;
-    const auto after = std::upper_bound(notes.begin(), notes.end(), placed,
-                                        [](const PlacedNote &left, const PlacedNote &right) {
-                                            return std::make_tuple(left.onset, !left.isGrace)
-                                                < std::make_tuple(right.onset, !right.isGrace);
-                                        });
-    return after == notes.begin() ? &notes.front() : &after[-1];
-}
 
 TwinStaves::TwinStaves(ImportContext &context, PartFacts &facts, StaffBars &bars, PartTally &tally)
     : _context(context), _facts(facts), _bars(bars), _tally(tally), _hasTwin(bars.size())
@@ -145,26 +95,6 @@ std::size_t TwinStaves::staffOfNotes(std::size_t tablature) const
     return tablature;
 }
 
-/// The notes of a bar by time and pitch.
-TwinStaves::PlacedNotes TwinStaves::notesOf(const Bar &bar, int octave)
-{
-    PlacedNotes notes;
-    for (const auto &voice : bar.voices()) {
-        if (!voice)
-            continue;
-        rational onset = 0;
-        for (const auto &beat : voice->beats()) {
-            for (const auto &note : beat->notes())
-                notes.push_back({onset, beat->isGrace(), note->midi() + octave, note, beat});
-            onset += beat->length();
-        }
-    }
-    std::stable_sort(
-        notes.begin(), notes.end(),
-        [](const PlacedNote &left, const PlacedNote &right) { return left.key() < right.key(); });
-    return notes;
-}
-
 bool TwinStaves::areEqual(std::size_t notes, std::size_t tablature, int octave) const
 {
     bool any = false;
@@ -185,18 +115,8 @@ bool TwinStaves::areEqual(std::size_t notes, std::size_t tablature, int octave) 
 std::size_t TwinStaves::matches(std::size_t notes, std::size_t tablature, int octave) const
 {
     std::size_t count = 0;
-    for (std::size_t bar = 0; bar < _bars[notes].size(); ++bar) {
-        const auto own = notesOf(*_bars[notes][bar], 0);
-        auto next = own.begin();
-        for (const auto &twin : notesOf(*_bars[tablature][bar], octave)) {
-            while (next != own.end() && next->key() < twin.key())
-                ++next;
-            if (next != own.end() && next->key() == twin.key()) {
-                ++count;
-                ++next;
-            }
-        }
-    }
+    for (std::size_t bar = 0; bar < _bars[notes].size(); ++bar)
+        count += pairedByTime(*_bars[notes][bar], *_bars[tablature][bar], octave).pairs.size();
     return count;
 }
 
@@ -250,81 +170,25 @@ void TwinStaves::mergeStaff(std::size_t notes, std::size_t tablature)
 
 void TwinStaves::mergeBar(int number, Bar &bar, Bar &twin)
 {
-    const auto own = notesOf(bar, 0);
-    const auto others = notesOf(twin, _octave);
-    PlacedNotes ownAlone;
-    PlacedNotes alone;
-    BeatPairs pairs;
     countDropped(twin);
-    auto next = own.begin();
-    for (const auto &other : others) {
-        for (; next != own.end() && next->key() < other.key(); ++next)
-            ownAlone.push_back(*next);
-        if (next != own.end() && next->key() == other.key()) {
-            pairs.insert({other.beat.get(), next->beat.get()});
-            takeFrom(number, *next++, other);
-        } else {
-            alone.push_back(other);
-        }
+    auto notes = pairedByTime(bar, twin, _octave);
+    if (!notes.ownAlone.empty() && !notes.twinAlone.empty())
+        pairByOrder(bar, twin, _octave, notes);
+    BeatPairs beats;
+    for (const auto &[own, other] : notes.pairs) {
+        beats.insert({other.beat.get(), own.beat.get()});
+        takeFrom(number, own, other);
     }
-    ownAlone.insert(ownAlone.end(), next, own.end());
-    if (!ownAlone.empty() && !alone.empty())
-        pairInOrder(number, bar, twin, ownAlone, alone, pairs);
-    takeMarks(number, twin, own, pairs);
-    if (!alone.empty() || (!ownAlone.empty() && !others.empty()))
+    takeMarks(number, twin, notes.own, beats);
+    const auto hasTablature = !notes.pairs.empty() || !notes.twinAlone.empty();
+    if (!notes.twinAlone.empty() || (!notes.ownAlone.empty() && hasTablature))
         _context.addProblemInBar(number, {},
                                  "a staff and its tablature differ; notes on the staff alone: "
-                                     + std::to_string(ownAlone.size())
-                                     + ", in the tablature alone: " + std::to_string(alone.size())
-                                     + "; all were kept");
-    if (!alone.empty())
-        keepAlone(bar, twin, own, alone);
-}
-
-/// Voices with the same notes one after another are twins, too, where lengths or gaps that were
-/// rounded have moved some of them: what is left of both finds its beat by its number.
-void TwinStaves::pairInOrder(int number, const Bar &bar, const Bar &twin, PlacedNotes &own,
-                             PlacedNotes &others, BeatPairs &pairs)
-{
-    std::map<const Beat *, const Beat *> beats;
-    for (unsigned slot = 0; slot < Bar::MaxVoices; ++slot) {
-        const auto left = soundingBeats(bar, slot);
-        const auto right = soundingBeats(twin, slot);
-        const bool areSame =
-            std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                       [this](const Beat *beat, const Beat *other) {
-                           return beat->isGrace() == other->isGrace()
-                               && pitchesOf(*beat, 0) == pitchesOf(*other, _octave);
-                       });
-        for (std::size_t i = 0; areSame && i < left.size(); ++i)
-            beats[right[i]] = left[i];
-    }
-    std::multimap<std::pair<const Beat *, int>, std::size_t> open; // the numbers in `own`
-    for (std::size_t i = 0; i < own.size(); ++i)
-        open.insert({{own[i].beat.get(), own[i].pitch}, i});
-    PlacedNotes left;
-    for (const auto &other : others) {
-        const auto beat = beats.find(other.beat.get());
-        const auto found =
-            beat == beats.end() ? open.end() : open.find({beat->second, other.pitch});
-        if (found == open.end()) {
-            left.push_back(other);
-            continue;
-        }
-        const auto &note = own[found->second];
-        pairs.insert({other.beat.get(), note.beat.get()});
-        takeFrom(number, note, other);
-        open.erase(found);
-    }
-    others = std::move(left);
-    std::vector<std::size_t> rest;
-    for (const auto &entry : open)
-        rest.push_back(entry.second);
-    std::sort(rest.begin(), rest.end());
-    PlacedNotes ownLeft;
-    for (const auto index : rest)
-        ownLeft.push_back(own[index]);
-    own = std::move(ownLeft);
+                                     + std::to_string(notes.ownAlone.size())
+                                     + ", in the tablature alone: "
+                                     + std::to_string(notes.twinAlone.size()) + "; all were kept");
+    if (!notes.twinAlone.empty())
+        keepAlone(bar, twin, notes.own, notes.twinAlone);
 }
 
 /// Tells what contradicts, once for a bar.

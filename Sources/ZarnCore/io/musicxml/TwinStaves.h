@@ -3,6 +3,7 @@
 
 #include <ZarnCore/io/musicxml/PartFacts.h>
 #include <ZarnCore/io/musicxml/TrackBuilder.h>
+#include <ZarnCore/io/musicxml/TwinNotes.h>
 
 #include <map>
 #include <string>
@@ -25,20 +26,14 @@ public:
     void merge();
 
 private:
-    struct PlacedNote;
-    using PlacedNotes = std::vector<PlacedNote>;
     using BeatPairs = std::map<const Beat *, Beat *>; ///< of the tablature and of the notes
 
-    static PlacedNotes notesOf(const Bar &bar, int octave);
-    static const PlacedNote *nearest(const PlacedNotes &notes, const PlacedNote &placed);
     std::size_t staffOfNotes(std::size_t tablature) const;
     bool areEqual(std::size_t notes, std::size_t tablature, int octave) const;
     std::size_t matches(std::size_t notes, std::size_t tablature, int octave) const;
     bool isTwin(std::size_t notes, std::size_t tablature);
     void mergeStaff(std::size_t notes, std::size_t tablature);
     void mergeBar(int number, Bar &bar, Bar &twin);
-    void pairInOrder(int number, const Bar &bar, const Bar &twin, PlacedNotes &own,
-                     PlacedNotes &others, BeatPairs &pairs);
     void tellOnce(int bar, const char *text);
     void takeFrom(int number, const PlacedNote &own, const PlacedNote &twin);
     void keepAlone(Bar &bar, Bar &twin, const PlacedNotes &own, const PlacedNotes &alone);
