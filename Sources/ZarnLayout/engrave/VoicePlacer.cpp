@@ -134,6 +134,26 @@ double freePlace(const Chord &chord, const std::vector<Box> &shape, const Taken 
     return x;
 }
 
+/// Chords of a column, each as far to the right as those in front of it want it; the farthest
+/// place.
+double placeInOrder(const std::vector<Chord *> &order, const Fonts &fonts, Taken &taken)
+{
+    double width = 0;
+    for (std::size_t i = 0; i < order.size(); ++i) {
+        Chord &chord = *order[i];
+        chord.x = 0;
+        const bool isShared = std::any_of(
+            order.begin(), order.begin() + static_cast<std::ptrdiff_t>(i),
+            [&](const Chord *other) { return other->x == 0 && shareHeads(*other, chord); });
+        const std::vector<Box> shape = chordShape(chord, fonts);
+        if (!isShared)
+            chord.x = freePlace(chord, shape, taken);
+        taken.add(chord, shape);
+        width = std::max(width, chord.x);
+    }
+    return width;
+}
+
 } // namespace
 
 void VoicePlacer::place(EngravedBar &bar)
@@ -168,24 +188,27 @@ void VoicePlacer::placeColumn(const std::vector<std::size_t> &members)
     auto &chords = _result->chords;
     const Fonts &fonts = _pen.fonts();
     // Stems upwards first: what stands in their way goes to the right.
-    std::vector<std::size_t> order(members);
-    std::stable_sort(order.begin(), order.end(), [&](std::size_t left, std::size_t right) {
-        return chords[left].isStemUp && !chords[right].isStemUp;
+    std::vector<Chord *> order;
+    for (const std::size_t index : members)
+        if (!chords[index].isRest())
+            order.push_back(&chords[index]);
+    std::stable_sort(order.begin(), order.end(), [](const Chord *left, const Chord *right) {
+        return left->isStemUp && !right->isStemUp;
     });
     Taken taken;
-    std::vector<std::size_t> done;
-    for (const std::size_t index : order) {
-        Chord &chord = chords[index];
-        if (chord.isRest())
-            continue;
-        const bool isShared = std::any_of(done.begin(), done.end(), [&](std::size_t other) {
-            return chords[other].x == 0 && shareHeads(chords[other], chord);
-        });
-        const std::vector<Box> shape = chordShape(chord, fonts);
-        if (!isShared)
-            chord.x = freePlace(chord, shape, taken);
-        taken.add(chord, shape);
-        done.push_back(index);
+    const double width = placeInOrder(order, fonts, taken);
+    // Voices that cross keep closer the other way round: a flag is behind the heads then.
+    if (order.size() == 2 && width > 0 && order[0]->isStemUp != order[1]->isStemUp) {
+        std::reverse(order.begin(), order.end());
+        Taken reversed;
+        constexpr double isCloser = 0.5;
+        if (placeInOrder(order, fonts, reversed) < width - isCloser) {
+            taken = std::move(reversed);
+        } else {
+            std::reverse(order.begin(), order.end());
+            taken = {};
+            placeInOrder(order, fonts, taken);
+        }
     }
     for (const std::size_t index : members)
         if (chords[index].isRest())
