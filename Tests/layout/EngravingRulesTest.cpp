@@ -52,6 +52,43 @@ TEST(EngravingRulesTest, accidentalsTellWhatNobodyCanGuess)
     EXPECT_EQ(LaidOut(*voices.model).of(MarkKind::Accidental).size(), 2U);
 }
 
+/// A clef has the room between two columns to itself: the note in front of it is no note of it,
+/// however low it lies, and beams lead around it.
+TEST(EngravingRulesTest, nothingStandsUnderAClefInTheBar)
+{
+    Piece piece;
+    for (const int key : {67, 62, 60, 61, 59, 57})
+        piece.add({key}, NoteValue::Sixteenth);
+    piece.model->track(0)->bar(0)->setClefChanges({{utils::rational(3, 4), ClefType::F4}});
+    const LaidOut laid(*piece.model);
+    const auto heads = laid.of(MarkKind::NoteHead);
+    ASSERT_EQ(heads.size(), 6U);
+    for (const auto &clef : laid.of(MarkKind::Clef))
+        if (clef.left > heads[0].left) {
+            EXPECT_LT(heads[2].right, clef.left);
+            EXPECT_LT(clef.right, heads[3].left);
+            for (const auto &beam : laid.of(MarkKind::Beam))
+                EXPECT_TRUE(beam.right < clef.left || clef.right < beam.left
+                            || clef.bottom < beam.top || beam.bottom < clef.top);
+        }
+}
+
+/// Of voices that cross, the upper note stands in front: the flag of the other one is behind it.
+TEST(EngravingRulesTest, crossedVoicesKeepClose)
+{
+    Piece piece;
+    piece.add({74}, NoteValue::Eighth);
+    piece.add({81}, NoteValue::Quarter, 0, 1);
+    const LaidOut laid(*piece.model);
+    const auto heads = laid.of(MarkKind::NoteHead);
+    ASSERT_EQ(heads.size(), 2U);
+    const bool isUpperFirst = heads[0].y < heads[1].y;
+    const auto &upper = heads[isUpperFirst ? 0 : 1];
+    const auto &lower = heads[isUpperFirst ? 1 : 0];
+    EXPECT_LE(upper.left, lower.left);
+    EXPECT_LT(lower.left - upper.left, upper.right - upper.left + 0.5);
+}
+
 TEST(EngravingRulesTest, dotsStandInSpacesOneInEach)
 {
     const auto dots = [](const std::vector<int> &upper, const std::vector<int> &lower) {

@@ -18,12 +18,12 @@ namespace {
 /// A sign of a voice that stands by itself.
 struct VoiceSign {
     int voice;
-    bool isAccidental;
+    bool isForAll; ///< in the way of the beams of its own voice, too
     Box box;
 };
 
-/// What the beams of the voices of a bar keep off: the heads, dots and flags of the other ones, and
-/// the accidentals of all of them.
+/// What the beams of the voices of a bar keep off: the heads, dots and flags of the other ones, the
+/// accidentals of all of them, and clefs.
 struct BarRivals {
     std::vector<const PlacedChord *> chords;
     std::vector<VoiceSign> signs;
@@ -39,13 +39,13 @@ Rivals rivalsIn(const RowDraft &row)
         if (chord.chord->hasRival)
             rivals[chord.bar].chords.push_back(&chord);
     for (const Ink &ink : row.inks) {
-        const bool isAccidental = ink.kind == MarkKind::Accidental;
-        if (!isAccidental && ink.kind != MarkKind::AugmentationDot && ink.kind != MarkKind::Flag)
+        const bool isForAll = ink.kind == MarkKind::Accidental || ink.kind == MarkKind::Clef;
+        if (!isForAll && ink.kind != MarkKind::AugmentationDot && ink.kind != MarkKind::Flag)
             continue;
         const auto number = static_cast<unsigned>(ink.place.bar);
-        const auto bar = isAccidental ? rivals.try_emplace(number).first : rivals.find(number);
+        const auto bar = isForAll ? rivals.try_emplace(number).first : rivals.find(number);
         if (bar != rivals.end())
-            bar->second.signs.push_back({ink.place.voice, isAccidental, ink.box});
+            bar->second.signs.push_back({ink.place.voice, isForAll, ink.box});
     }
     return rivals;
 }
@@ -101,7 +101,7 @@ private:
                     add({x, head.y - 0.6, x + head.width, head.y + 0.6});
                 }
         for (const VoiceSign &sign : rivals.signs)
-            if (sign.isAccidental || sign.voice != static_cast<int>(voice))
+            if (sign.isForAll || sign.voice != static_cast<int>(voice))
                 add({sign.box.left, sign.box.top - 0.1, sign.box.right, sign.box.bottom + 0.1});
     }
 

@@ -211,15 +211,19 @@ void placeGraceNotes(const std::vector<EngravedBar *> &rows, std::size_t columnC
     }
 }
 
+/// Notes are read by the last clef in front of them: none stands above or below one.
 void placeClefs(const std::vector<EngravedBar *> &rows)
 {
+    constexpr double asHighAsNotes = 100;
     for (EngravedBar *row : rows)
         for (auto &clef : row->clefs) {
             if (clef.column >= row->columns.size())
                 continue;
             auto &boxes = row->columns[clef.column].boxes;
             clef.ink.move(leftOf(boxes) - 0.4 - clef.ink.box.right, 0);
-            boxes.push_back({clef.ink.box, SpaceBox::Kind::Sign});
+            const Box &box = clef.ink.box;
+            boxes.push_back(
+                {{box.left, -asHighAsNotes, box.right, asHighAsNotes}, SpaceBox::Kind::Sign});
         }
 }
 
