@@ -96,6 +96,26 @@ TEST(CrossStaffTest, aBeamBetweenTheStavesHasStemsFromBothSides)
     }
 }
 
+/// A tie under the notes of the upper staff gives way to a beam that leads to it from the lower
+/// one.
+TEST(CrossStaffTest, tiesKeepOffBeamsBetweenTheStaves)
+{
+    Hands hands = brokenChord(NoteValue::Sixteenth, BeamMode::Join);
+    Voice &held = *hands.model->track(0)->staff(0)->bars()[0]->ensureVoice(1);
+    for (const bool isEnd : {false, true}) {
+        const auto beat = std::make_shared<Beat>(RhythmValue(NoteValue::Quarter));
+        beat->addNote(std::make_shared<Note>(59));
+        beat->notes()[0]->setTied(isEnd);
+        beat->notes()[0]->setTieOrigin(!isEnd);
+        held.addBeat(beat);
+    }
+    const LaidOut laid(*hands.model);
+    const auto ties = laid.of(MarkKind::Tie);
+    ASSERT_EQ(ties.size(), 1U);
+    for (const auto &beam : laid.of(MarkKind::Beam))
+        EXPECT_TRUE(ties[0].bottom < beam.top || ties[0].right < beam.left);
+}
+
 /// Free time between notes of two staves alone joins nothing: hands may take turns.
 TEST(CrossStaffTest, onlyWhatSaysSoIsJoined)
 {

@@ -157,9 +157,12 @@ void CrossStaffBeams::reserveBetween(Group &group) const
         const BeamLine &edge = member.row == group.upper ? group.upperEdge : group.lowerEdge;
         addStem(member, edge.at(member.chord->stemX()));
     }
-    BeamLine edge = group.upperEdge;
-    for (const Ink &beam : beamInks(group.chords, edge, 1, group.scale, _draft.pen))
+    for (Ink &beam : beamInks(group.chords, group.upperEdge, 1, group.scale, _draft.pen)) {
         cover(*group.upper, beam);
+        group.upper->beamsBetween.push_back(std::move(beam));
+    }
+    for (Ink &beam : beamInks(group.chords, group.lowerEdge, -1, group.scale, _draft.pen))
+        group.lower->beamsBetween.push_back(std::move(beam));
 }
 
 void CrossStaffBeams::reserveOutside(Group &group) const

@@ -125,6 +125,7 @@ public:
     SlurDrawer(RowDraft &row, const SystemDraft &draft) : _row(row), _draft(draft)
     {
         _field.add(row.inks);
+        _field.add(row.beamsBetween);
     }
 
     void draw(const SlurSpan &span)

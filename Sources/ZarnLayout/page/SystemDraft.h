@@ -69,6 +69,9 @@ struct RowDraft {
     std::vector<std::pair<double, double>> beamsAbove;
     std::vector<std::pair<double, double>> beamsBelow;
 
+    /// Beams between the row and another one, where they come nearest to it.
+    Inks beamsBetween;
+
     /// Bar lines that run through what lies above the row, and below it.
     bool hasLinesAbove = false;
     bool hasLinesBelow = false;

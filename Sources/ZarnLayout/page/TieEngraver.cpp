@@ -41,6 +41,7 @@ public:
         if (!hasTies)
             return;
         _field.add(_row.inks);
+        _field.add(_row.beamsBetween);
         findPartners();
         const auto &chords = _row.chords;
         for (std::size_t i = 0; i < chords.size(); ++i) {
