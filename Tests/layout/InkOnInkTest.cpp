@@ -260,6 +260,7 @@ TEST(InkOnInkTest, syllablesKeepOffEachOtherOverNotesOfOtherVoices)
     const auto words = laid.of(MarkKind::Lyric);
     ASSERT_EQ(words.size(), 2U);
     EXPECT_GT(words[1].left, words[0].right + 0.3);
+    EXPECT_GE(words[0].left, 0); // of the margin
     EXPECT_EQ(words[0].y, words[1].y);
 }
 

@@ -271,7 +271,7 @@ bool isUnderOttava(const BarSource &bar, unsigned voiceNumber, Ottavia ottavia, 
             const auto found = std::find_if(beats.begin(), beats.end(), isNote);
             nearest = found == beats.end() ? nullptr : &*found;
         }
-        return nearest && nearest->marks.ottavia() == ottavia && bar.ottavia != ottavia;
+        return nearest && nearest->marks.ottavia() == ottavia;
     }
     return false;
 }
@@ -311,8 +311,7 @@ void addOttavas(RowDraft &row, const SystemDraft &draft)
         return;
     for (const Ottavia ottavia : {Ottavia::_15ma, Ottavia::_8va, Ottavia::_8vb, Ottavia::_15mb}) {
         auto runs = runsOf(row, [ottavia](const PlacedChord &chord) {
-            // What holds for the whole bar is in its clef.
-            return chord.beat().marks.ottavia() == ottavia && ottavia != chord.source->ottavia;
+            return chord.beat().marks.ottavia() == ottavia;
         });
         for (ChordRun &run : runs) {
             findNeighbours(run, row, draft, ottavia);
@@ -348,6 +347,7 @@ void addOttavas(RowDraft &row, const SystemDraft &draft)
             }
             for (Ink &ink : item.inks)
                 ink.place = placeOf(row, row.chords[run.first]);
+            keepOnLine(item.inks, draft);
             place(row, {std::move(item)});
         }
     }

@@ -183,6 +183,7 @@ void SystemBuilder::placeBars(SystemDraft &draft, double width, bool isJustified
     std::vector<Joint> joints;
     SpringLine line;
     WordRods words(_score, line);
+    words.startAt(draft.staffLeft);
     line.addColumn(0, 0);
     line.addColumn(head.width, 0);
     for (unsigned i = draft.first; i < draft.end; ++i) {

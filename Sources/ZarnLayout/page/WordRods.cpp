@@ -27,7 +27,9 @@ void WordRods::addBar(unsigned shownBar, unsigned start)
                 if (box.kind != SpaceBox::Kind::Text)
                     continue;
                 const auto before = _last.find(keyOf(box));
-                if (before != _last.end() && before->second.column < start)
+                if (before == _last.end() && _room >= 0)
+                    _line.addRodTo(number, 0, -box.box.left - _room);
+                else if (before != _last.end() && before->second.column < start)
                     _line.addRodTo(number, before->second.column,
                                    before->second.reach - box.box.left + gap, airOfGap);
             }

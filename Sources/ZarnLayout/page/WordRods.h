@@ -23,6 +23,10 @@ public:
     /// Words of the bars in front, seen from the first column of the line.
     void comeBehind(const WordReach &words);
 
+    /// Keeps all words behind the edge of the page, which is as far in front of the first column of
+    /// the line.
+    void startAt(double room) { _room = room; }
+
     /// The bar that was added to the line last; `start` is the first of its columns of notes.
     void addBar(unsigned shownBar, unsigned start);
 
@@ -40,6 +44,7 @@ private:
 
     const EngravedScore &_score;
     SpringLine &_line;
+    double _room = -1; ///< in front of the first column; below 0 where nothing ends there
     std::map<std::pair<unsigned, int>, Word> _last; ///< by row and height
 };
 
