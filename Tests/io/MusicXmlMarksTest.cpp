@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What documents say of single notes and beats: articulations, fingers, ornaments, lyrics.
-#include "MusicXmlText.h"
+#include "ExportedMusicXml.h"
 
 #include <ZarnCore/model/ZarnModelCheck.h>
 
@@ -361,6 +361,33 @@ TEST(MusicXmlMarks, beamsToAnotherStaffAreSaid)
             modes += beat->beamMode() == BeamMode::Join ? 'J' : beat->isPlaceHolder() ? ' ' : '.';
     EXPECT_EQ(modes, "J J ..  J . ..") << "notes and free time of the upper staff, then the lower";
     EXPECT_TRUE(report.unheld().empty());
+}
+
+/// Reminders of what holds again stay; accidentals that notation asks for are left to it.
+TEST(MusicXmlMarks, accidentalsThatNothingAsksForAreReminders)
+{
+    const auto note = [](const char *step, int alter, const char *sign) {
+        return "<note><pitch><step>" + std::string(step) + "</step><alter>" + std::to_string(alter)
+            + "</alter><octave>4</octave></pitch><duration>1</duration><type>quarter</type>"
+            + (sign[0] == '\0' ? "" : "<accidental>" + std::string(sign) + "</accidental>")
+            + "</note>";
+    };
+    const auto shown = [](const ScoreModel &model) {
+        std::string text;
+        for (const auto &beat : beatsOf(model))
+            text += beat->note(0)->accidentalDisplay() == AccidentalDisplay::Shown ? 'r' : '-';
+        return text;
+    };
+    const auto model = readFrom(
+        score("<measure number=\"1\">" + note("F", 1, "sharp") + note("F", 0, "natural")
+              + note("F", 0, "natural") + note("G", 0, "sharp") + "</measure><measure number=\"2\">"
+              + note("F", 0, "natural") + note("F", 0, "") + note("B", -1, "flat")
+              + note("B", -1, "flat") + "</measure>"));
+    EXPECT_EQ(shown(*model), "--r-r--r");
+    const auto text = exported(*model);
+    const auto again = readFrom(text);
+    EXPECT_EQ(shown(*again), "--r-r--r");
+    EXPECT_EQ(exported(*again), text);
 }
 
 TEST(MusicXmlMarks, whatElseAnEngraverAsksFor)

@@ -157,8 +157,7 @@ void NoteReader::read(pugi::xml_node node, WrittenNote &note)
             _notations.addSign(child, tag);
             break;
         case Tag::Accidental:
-            if (child.first_attribute())
-                readAccidental(child, note);
+            readAccidental(child, note);
             break;
         case Tag::Stem:
             readStem(child, note);
@@ -345,6 +344,7 @@ void NoteReader::readAccidental(pugi::xml_node accidental, WrittenNote &note)
         note.marks.setAccidentalDisplay(AccidentalDisplay::Brackets);
     else if (says("cautionary"))
         note.marks.setAccidentalDisplay(AccidentalDisplay::Shown);
+    note.hasAccidental = isAccidentalOf(accidental.child_value(), note.alter);
 }
 
 void NoteReader::readType(pugi::xml_node type, WrittenNote &note)

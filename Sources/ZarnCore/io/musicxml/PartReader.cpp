@@ -4,6 +4,7 @@
 #include <ZarnCore/io/musicxml/GapFiller.h>
 #include <ZarnCore/io/musicxml/ImportContext.h>
 #include <ZarnCore/io/musicxml/Wording.h>
+#include <ZarnCore/io/musicxml/WrittenAccidentals.h>
 #include <ZarnCore/io/musicxml/signs/Fermatas.h>
 
 #include <algorithm>
@@ -108,6 +109,7 @@ void PartReader::readMeasure(pugi::xml_node frame, pugi::xml_node content, Writt
         if (note.wholeMeasure && note.onset.isZero()
             && _timeline.isRounding(measure.length, note.length))
             note.length = measure.length;
+    keepReminders(measure, _facts->keys.empty() ? 0 : _facts->keys.back().fifths);
     addLength(_timeline.writtenReach());
     ++_tally->measures;
     const bool implicit = std::strcmp(frame.attribute("implicit").value(), "yes") == 0;

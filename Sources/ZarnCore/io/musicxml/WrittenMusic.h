@@ -75,9 +75,11 @@ struct WrittenNote {
     bool tieStop = false;
     bool ghost = false;
     bool crossHead = false;
-    bool beamedOn = false;   ///< its beam leads on
-    bool mayExclude = false; ///< has a mark that takes others off
-    bool hasSigns = false;   ///< `WrittenMeasure::signs` has some of its
+    bool beamedOn = false;        ///< its beam leads on
+    bool mayExclude = false;      ///< has a mark that takes others off
+    bool hasSigns = false;        ///< `WrittenMeasure::signs` has some of its
+    bool hasAccidental = false;   ///< is written with the one of its pitch
+    bool needsAccidental = false; ///< other notes or the key call for one
 
     int step = Unset; ///< 0 for C to 6 for B; for unpitched notes where they stand on the staff
     int octave = 4;

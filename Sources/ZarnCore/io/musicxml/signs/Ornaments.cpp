@@ -65,6 +65,13 @@ const char *accidentalName(int semitones)
     return named->accidental.data();
 }
 
+bool isAccidentalOf(std::string_view name, int semitones)
+{
+    return std::any_of(std::begin(alterations), std::end(alterations), [&](const Alteration &row) {
+        return row.accidental == name && row.semitones == semitones;
+    });
+}
+
 namespace {
 
 /// What stands beside a trill with a note so many semitones above: the alteration of the next step,

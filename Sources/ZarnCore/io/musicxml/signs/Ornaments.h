@@ -3,6 +3,8 @@
 
 #include <ZarnCore/io/musicxml/WrittenMusic.h>
 
+#include <string_view>
+
 namespace zarn {
 class Beat;
 class Note;
@@ -16,6 +18,9 @@ struct SpelledPitch;
 
 /// What <accidental> calls an alteration of -2 to 2 semitones.
 const char *accidentalName(int semitones);
+
+/// Whether an accidental of that name alters by so many semitones.
+bool isAccidentalOf(std::string_view name, int semitones);
 
 /// By how much a key of so many fifths alters a step, 0 for C to 6 for B.
 int alterInKey(int step, int fifths);

@@ -79,13 +79,8 @@ bool isFreeTime(const Beat &beat)
 void NoteWriter::startBar(const Bar &bar, int fifths)
 {
     _bar = &bar;
-    if (fifths != _fifths) {
-        for (std::size_t i = 0; i < _ofKey.size(); ++i)
-            _ofKey[i] =
-                static_cast<std::int8_t>(alterInKey(static_cast<int>(i % stepsOfOctave), fifths));
-        _fifths = fifths;
-    }
-    _accidentals = _ofKey;
+    _fifths = fifths;
+    _accidentals.startBar(fifths);
 }
 
 pugi::xml_node NoteWriter::startNote(const RhythmicBeat &beat, MeasureCursor &cursor)
@@ -275,12 +270,9 @@ void NoteWriter::writeAccidental(const Note &note, const PartStaff &staff, pugi:
     if (staff.isAlternate
         || (staff.isTablature && note.accidentalDisplay() == AccidentalDisplay::Auto))
         return;
-    auto &inForce =
-        _accidentals[static_cast<std::size_t>(_pitch.octave * stepsOfOctave + _pitch.step)];
     const auto display = note.accidentalDisplay();
-    const bool isNeeded = inForce != _pitch.alter && !note.isTied();
-    if (isNeeded)
-        inForce = static_cast<std::int8_t>(_pitch.alter);
+    const bool isNeeded =
+        !note.isTied() && _accidentals.take(_pitch.octave, _pitch.step, _pitch.alter);
     _context.addUnheldIf(display == AccidentalDisplay::Hidden, "hidden accidental");
     if ((!isNeeded && display == AccidentalDisplay::Auto) || display == AccidentalDisplay::Hidden)
         return;

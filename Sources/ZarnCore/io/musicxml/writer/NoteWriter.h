@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ZarnCore/io/musicxml/WrittenAccidentals.h>
 #include <ZarnCore/io/musicxml/writer/PartPlan.h>
 #include <ZarnCore/io/musicxml/writer/SpelledPitch.h>
 #include <ZarnCore/io/musicxml/writer/VoiceRhythm.h>
 #include <ZarnCore/model/attributes/ZarnFermataMark.h>
 
-#include <array>
 #include <cstdint>
 
 namespace zarn::io {
@@ -47,8 +47,6 @@ public:
     void setFermatas(const FermataMarks &marks) { _fermatas = &marks; }
 
 private:
-    using Accidentals = std::array<std::int8_t, 7 * 12>;
-
     pugi::xml_node startNote(const RhythmicBeat &beat, MeasureCursor &cursor);
     void tellRest(const Beat &rest);
     void writePitch(const Note &note, const Beat &beat, const PartStaff &staff,
@@ -72,8 +70,7 @@ private:
     const Bar *_bar = nullptr;
     const FermataMarks *_fermatas = nullptr;
     int _fifths = 0;
-    Accidentals _ofKey = {};       ///< by octave and step
-    Accidentals _accidentals = {}; ///< in force in the bar
+    HeldAccidentals _accidentals;
     PitchSpelling _spelling;
     SpelledPitch _pitch;                    ///< of the note that is written
     bool _hasNotations = true;              ///< the beat that is written may have some
