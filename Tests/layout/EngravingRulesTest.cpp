@@ -325,6 +325,30 @@ TEST(EngravingRulesTest, voicesShareEqualRests)
     EXPECT_EQ(rests(true, NoteValue::Half).size(), 2U);
 }
 
+/// A movement ends with the bar line of an end, and says itself how the next one begins.
+TEST(EngravingRulesTest, movementsEndWithAFinalBarLine)
+{
+    for (const bool isMovement : {false, true}) {
+        Piece piece(2);
+        for (unsigned bar = 0; bar < 2; ++bar)
+            piece.add({72}, NoteValue::Whole, 0, 0, bar);
+        MasterBar &second = *piece.model->masterTrack()->masterBars()[1];
+        second.setConcertKeySignature(KeySignature(2));
+        second.setMovementStart(isMovement);
+        if (!isMovement)
+            piece.model->setFullScoreSystemsLayout({1, 1});
+        const LaidOut laid(*piece.model);
+        ASSERT_EQ(laid.systemCount, 2U);
+        const auto inFirst = [&](MarkKind kind) {
+            const auto marks = laid.of(kind);
+            return std::count_if(marks.begin(), marks.end(),
+                                 [](const auto &mark) { return mark.system == 0; });
+        };
+        EXPECT_EQ(inFirst(MarkKind::BarLine), isMovement ? 2 : 1);
+        EXPECT_EQ(inFirst(MarkKind::KeySignature), isMovement ? 0 : 2);
+    }
+}
+
 /// Drums that are typed or played have a key and no place: the instrument set knows it.
 TEST(EngravingRulesTest, drumsThatOnlyHaveAKeyStandWhereItEntersThem)
 {

@@ -16,11 +16,11 @@ constexpr double dotGap = 0.3;
 constexpr double dotWidth = 0.4;
 constexpr double changedClef = 0.75;
 
-LineStyle styleAtEnd(const ColumnSource &column)
+LineStyle styleAtEnd(const ColumnSource &column, bool endsMovement)
 {
     if (column.repeatCount > 0)
         return LineStyle::RepeatEnd;
-    if (column.isLast && column.barLine == BarLine::Auto)
+    if ((column.isLast || endsMovement) && column.barLine == BarLine::Auto)
         return LineStyle::Final;
     if (column.doubleBar)
         return LineStyle::Double;
@@ -144,9 +144,11 @@ Joint jointBefore(const EngravedScore &score, unsigned shownBar, JointPlace plac
     joint.keys.resize(rowCount);
     joint.meters.resize(rowCount);
     bool hasKey = false;
-    const bool hasMeter =
-        next && next->showsMeter && !(place == JointPlace::Tail && next->movementStart);
-    for (unsigned i = 0; i < rowCount && hasNext; ++i) {
+    const bool endsMovement = next && next->movementStart;
+    // A movement says itself how it begins.
+    const bool isLastOfMovement = endsMovement && place == JointPlace::Tail;
+    const bool hasMeter = next && next->showsMeter && !isLastOfMovement;
+    for (unsigned i = 0; i < rowCount && hasNext && !isLastOfMovement; ++i) {
         const Row &row = score.rows[i];
         const BarSource &bar = score.source(i, shownBar);
         if (place == JointPlace::Head)
@@ -165,7 +167,7 @@ Joint jointBefore(const EngravedScore &score, unsigned shownBar, JointPlace plac
             joint.meters[i] = signs.meter(row, next->meter, next->meterSign);
     }
 
-    LineStyle atEnd = before ? styleAtEnd(*before) : LineStyle::None;
+    LineStyle atEnd = before ? styleAtEnd(*before, endsMovement) : LineStyle::None;
     const bool startsRepeat = next && next->repeatStart && place != JointPlace::Tail;
     if (startsRepeat) {
         if (place == JointPlace::Head || hasKey || hasMeter)
