@@ -325,6 +325,22 @@ TEST(EngravingRulesTest, voicesShareEqualRests)
     EXPECT_EQ(rests(true, NoteValue::Half).size(), 2U);
 }
 
+/// So do rests of a voice that is alone for a while.
+TEST(EngravingRulesTest, restsBesideNothingStandInTheUsualPlace)
+{
+    Piece piece;
+    piece.add({76}, NoteValue::Quarter);
+    for (int i = 0; i < 3; ++i)
+        piece.add({}, NoteValue::Quarter);
+    piece.add({65}, NoteValue::Half, 0, 1);
+    piece.add({}, NoteValue::Half, 0, 1).setPlaceHolder(true);
+    const auto rests = LaidOut(*piece.model).of(MarkKind::Rest);
+    ASSERT_EQ(rests.size(), 3U);
+    EXPECT_LT(rests[0].y, 1) << "beside the note of the other voice";
+    EXPECT_NEAR(rests[1].y, 2, 0.01);
+    EXPECT_NEAR(rests[2].y, 2, 0.01);
+}
+
 /// A movement ends with the bar line of an end, and says itself how the next one begins.
 TEST(EngravingRulesTest, movementsEndWithAFinalBarLine)
 {

@@ -215,12 +215,12 @@ void VoicePlacer::placeColumn(const std::vector<std::size_t> &members)
             placeRest(chords[index], taken.boxes);
 }
 
-/// Whether the voices of a column all rest, equally long, while no other one sounds: one sign in
-/// the usual place stands for all of them.
+/// Whether the voices of a column all rest, equally long, while no other one has anything: one sign
+/// in the usual place stands for all of them, as for a voice that is left alone.
 bool VoicePlacer::shareRest(const std::vector<std::size_t> &members)
 {
     auto &chords = _result->chords;
-    if (members.size() < 2 || !_result->centred.empty())
+    if (members.empty() || !_result->centred.empty())
         return false;
     const Chord &first = chords[members.front()];
     const BeatSource &rest = *first.beat;
