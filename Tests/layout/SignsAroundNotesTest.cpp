@@ -4,8 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -323,6 +325,34 @@ TEST(SignsAroundNotesTest, unusualStringsAreNamedInFrontOfTheMusic)
     EXPECT_EQ(textsOf({40, 45, 50, 55, 59, 64}, 0), Texts());
     EXPECT_EQ(textsOf({40, 45, 50, 55, 59, 64}, 3), Texts{"Capo 3"});
     EXPECT_EQ(textsOf({38, 45, 50, 55, 59, 64}, 2), Texts{"Tuning: D A D G B E, capo 2"});
+}
+
+/// Dashes behind words lead over all systems up to their end.
+TEST(SignsAroundNotesTest, dashesBehindWordsGoOnInTheNextSystems)
+{
+    Piece piece(4);
+    for (unsigned bar = 0; bar < 4; ++bar)
+        for (int i = 0; i < 4; ++i)
+            piece.add({72}, NoteValue::Quarter, 0, 0, bar);
+    const auto beat = [&](unsigned bar, unsigned index) {
+        return piece.model->track(0)->bar(bar)->voice(0)->beat(index);
+    };
+    beat(0, 2)->setText("cresc.");
+    beat(0, 2)->setTextSpan(TextSpan::Begin);
+    beat(2, 1)->setTextSpan(TextSpan::End);
+    piece.model->setFullScoreSystemsLayout({1, 1, 1, 1});
+    const LaidOut laid(*piece.model);
+    ASSERT_EQ(laid.systemCount, 4U);
+    const auto notes = laid.of(MarkKind::NoteHead);
+    std::vector<double> right(4, -1);
+    for (const auto &mark : laid.of(MarkKind::Text))
+        if (mark.text.empty())
+            right[mark.system] = std::max(right[mark.system], mark.right);
+    EXPECT_GT(right[0], notes[3].right);
+    EXPECT_GT(right[1], notes[7].right);
+    EXPECT_GT(right[2], notes[9].left);
+    EXPECT_LT(right[2], notes[10].left);
+    EXPECT_EQ(right[3], -1);
 }
 
 /// An octave sign that goes on in the next system has no hook at its end, and a reminder there.

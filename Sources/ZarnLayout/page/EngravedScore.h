@@ -47,6 +47,12 @@ struct EngravedRows {
     Problems problems;
 };
 
+/// Whether dashes behind words go on behind a bar in which such begin or end.
+struct WordsLine {
+    unsigned staff = 0; ///< among the staves of the column
+    bool isOpen = false;
+};
+
 /// What is known of such a bar as long as the score has it. What is engraved is much larger, and
 /// kept only where systems are built.
 struct ShownColumn {
@@ -54,6 +60,7 @@ struct ShownColumn {
     std::shared_ptr<const BarColumn> last; ///< of the bars under the sign; else the same
     unsigned count = 1;                    ///< of bars
     BarWidth width;
+    std::vector<WordsLine> wordsLines; ///< of staves where any begin or end
     Problems problems;
 };
 

@@ -353,10 +353,35 @@ void addOttavas(RowDraft &row, const SystemDraft &draft)
     }
 }
 
+/// Dashes behind words that stand in a system before.
+void addOpenWords(RowDraft &row, const SystemDraft &draft,
+                  const std::vector<const PlacedChord *> &carriers)
+{
+    if (!row.hasOpenWords || carriers.empty())
+        return;
+    const PlacedChord *end = nullptr;
+    for (const PlacedChord *carrier : carriers)
+        if (const auto &details = carrier->beat().details;
+            details && details->textSpan != TextSpan::None && (!end || carrier->x < end->x))
+            end = carrier;
+    const double right = !end                            ? draft.right
+        : end->beat().details->textSpan == TextSpan::End ? rightOf(*end)
+                                                         : end->x - 0.5;
+    SideItem item;
+    item.gap = 0.6;
+    item.inks = dashed(draft.pen, MarkKind::Text, "", draft.musicLeft, right, 0);
+    for (Ink &ink : item.inks) {
+        ink.move(0, -0.5);
+        ink.place = placeOf(row, *carriers.front());
+    }
+    place(row, {std::move(item)});
+}
+
 /// Words over beats, with dashes as far as they hold.
 void addWords(RowDraft &row, const SystemDraft &draft)
 {
     const auto carriers = carriersOf(row);
+    addOpenWords(row, draft, carriers);
     for (std::size_t i = 0; i < carriers.size(); ++i) {
         const PlacedChord &chord = *carriers[i];
         const auto &details = chord.beat().details;

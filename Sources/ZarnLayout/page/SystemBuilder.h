@@ -58,8 +58,10 @@ public:
     }
 
     /// The shown bars `first` up to `end`, in a width. A system that is not justified is as wide as
-    /// its notes want to be.
-    DrawnSystem build(unsigned first, unsigned end, double width, bool isJustified) const;
+    /// its notes want to be. `openWords` are the staves over which dashes behind words come from
+    /// before.
+    DrawnSystem build(unsigned first, unsigned end, double width, bool isJustified,
+                      const std::vector<unsigned> &openWords) const;
 
 protected:
     /// Without rows: these are as wide as its bars.

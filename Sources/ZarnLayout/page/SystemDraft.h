@@ -71,6 +71,7 @@ struct RowDraft {
 
     /// Beams between the row and another one, where they come nearest to it.
     Inks beamsBetween;
+    bool hasOpenWords = false; ///< dashes behind words of a system before go on
 
     /// Bar lines that run through what lies above the row, and below it.
     bool hasLinesAbove = false;

@@ -6,6 +6,7 @@
 #include <ZarnLayout/page/SystemHead.h>
 #include <ZarnLayout/session/ColumnEngraver.h>
 #include <ZarnLayout/session/MultiRests.h>
+#include <ZarnLayout/session/WordsLines.h>
 
 #include <ZarnCore/model/ZarnScoreModel.h>
 
@@ -103,6 +104,8 @@ LayoutEngine::Origins LayoutEngine::engrave(const ScoreSource &source, const Sco
         column->last = source.columns[bars.bar + bars.count - 1 - source.firstBar];
         column->count = bars.count;
         column->width = _score.engraved[i]->spaced.width;
+        if (bars.count == 1)
+            column->wordsLines = wordsLinesOf(*source.columns[bars.bar - source.firstBar]);
         column->problems = _score.engraved[i]->problems;
         _score.columns.push_back(std::move(column));
     }
@@ -161,9 +164,13 @@ void LayoutEngine::buildSystems(const ScoreSource &source, const Sheet &sheet,
     const double first = sheet.width - indentOf(_score, _pen, true) - 0.2;
     const double others = sheet.width - indentOf(_score, _pen, false) - 0.2;
     unsigned bar = 0;
+    std::vector<unsigned> openWords;
     for (const unsigned bars : _breaks.find(source, _score.shown, {first, others})) {
-        addSystem(source, ShownSystem(bar, bar + bars, {sheet.width, true}), origins);
-        bar += bars;
+        ShownSystem system(bar, bar + bars, {sheet.width, true});
+        system.openWords = openWords;
+        addSystem(source, std::move(system), origins);
+        for (const unsigned end = bar + bars; bar < end; ++bar)
+            passBar(openWords, *_score.columns[bar]);
     }
 }
 
@@ -200,9 +207,9 @@ void LayoutEngine::addSystem(const ScoreSource &source, ShownSystem system, cons
                 _score.engraved[i] = engraveColumn(source, _score.shown[i], _pen);
         system.isNew = true;
         Problems problems;
-        DrawnSystem drawn =
-            SystemBuilder(_score, _pen, problems)
-                .build(system.first, system.end, system.width.width, system.width.isJustified);
+        DrawnSystem drawn = SystemBuilder(_score, _pen, problems)
+                                .build(system.first, system.end, system.width.width,
+                                       system.width.isJustified, system.openWords);
         system.built = std::make_shared<const BuiltSystem>(std::move(drawn.system));
         system.drawing = std::move(drawn.drawing);
         system.stretch = 0;
@@ -242,10 +249,10 @@ void LayoutEngine::takeOver(const ShownSystem &old, ShownSystem &system) const
 
 bool LayoutEngine::isSame(const ShownSystem &old, const ShownSystem &system) const
 {
-    if (_hasOtherHeads || !(old.width == system.width)
+    if (_hasOtherHeads || !(old.width == system.width) || old.openWords != system.openWords
         || old.end - old.first != system.end - system.first)
         return false;
-    // What is drawn of a system depends on its bars, the one in front, and the one behind.
+    // Else what is drawn of a system depends on its bars, the one in front, and the one behind.
     const bool isFirst = system.first == 0;
     const bool isLast = system.end == _score.shown.size();
     if (isFirst != (old.first == 0) || isLast != (old.end == _oldScore.shown.size()))
