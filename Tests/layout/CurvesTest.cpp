@@ -227,6 +227,48 @@ TEST(CurvesTest, halvesOfSlursAndSlursOfGraceNotesLieOnTheSideThatTheyAreGiven)
     }
 }
 
+/// A slur does not run through the ties and shorter slurs under it.
+TEST(CurvesTest, slursGoAroundTheCurvesUnderThem)
+{
+    Piece piece;
+    const auto add = [&](int key, NoteValue value) -> Beat & { return piece.add({key}, value); };
+    add(72, NoteValue::Eighth).setSlurredToNext(true);
+    Beat &tied = add(79, NoteValue::Quarter);
+    Beat &end = add(79, NoteValue::Eighth);
+    Piece::tie(tied, end);
+    Beat &last = add(81, NoteValue::Half);
+    for (Beat *const beat : {&tied, &end})
+        beat->setSlurredToNext(true);
+    for (Beat *const beat : {&tied, &end, &last})
+        beat->setSlurredToPrevious(true);
+    const LaidOut laid(*piece.model);
+    const auto ties = laid.of(MarkKind::Tie);
+    const auto slurs = laid.of(MarkKind::Slur);
+    ASSERT_EQ(ties.size(), 1U);
+    ASSERT_EQ(slurs.size(), 1U);
+    EXPECT_LT(slurs[0].top, ties[0].top - 0.3);
+}
+
+/// A slur to a note that is hidden, since that of another voice stands there, ends at that.
+TEST(CurvesTest, slursEndAtWhatIsDrawnInsteadOfHiddenNotes)
+{
+    Piece piece(3);
+    piece.add({81}, NoteValue::Whole);
+    piece.add({64}, NoteValue::Half, 0, 1);
+    piece.add({62}, NoteValue::Half, 0, 1).setSlurredToNext(true);
+    piece.add({64, 81}, NoteValue::Whole, 0, 0, 1);
+    Beat &hidden = piece.add({64}, NoteValue::Whole, 0, 1, 1);
+    hidden.note(0)->setHidden(true);
+    hidden.setSlurredToPrevious(true);
+    piece.add({81}, NoteValue::Whole, 0, 0, 2);
+    const LaidOut laid(*piece.model);
+    const auto slurs = laid.of(MarkKind::Slur);
+    ASSERT_EQ(slurs.size(), 1U);
+    for (const auto &note : laid.of(MarkKind::NoteHead)) {
+        EXPECT_EQ(slurs[0].right < note.left, note.place.bar == 2) << note.place.bar;
+    }
+}
+
 /// Two quarters on one string in the last bar of a guitar on tablature alone.
 struct TwoOnTablature {
     SmallScore small;

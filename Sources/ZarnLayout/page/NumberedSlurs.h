@@ -3,6 +3,8 @@
 
 #include <ZarnLayout/page/SystemDraft.h>
 
+#include <cstddef>
+#include <optional>
 #include <vector>
 
 namespace zarn::engraving {
@@ -16,6 +18,10 @@ struct NumberedSlur {
     SlurLine line = SlurLine::Solid;
     SlurSide side = SlurSide::Auto;
 };
+
+/// The first chord of any voice that is drawn at a time of a bar, by its number.
+std::optional<std::size_t> chordAt(const RowDraft &row, unsigned shownBar,
+                                   const utils::rational &onset);
 
 /// Those of a track in a system, whole ones and halves, in the order of their ends.
 std::vector<NumberedSlur> numberedSlurs(const SystemDraft &draft, unsigned track);

@@ -3,10 +3,12 @@
 
 #include <ZarnLayout/page/InkField.h>
 #include <ZarnLayout/page/NumberedSlurs.h>
+#include <ZarnLayout/page/PlacedCurves.h>
 #include <ZarnLayout/page/SideItem.h>
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace zarn::engraving {
 
@@ -23,8 +25,32 @@ SlurSpan slurAt(const RowDraft &row, std::size_t chord, bool comesFromBefore)
     return span;
 }
 
+/// Where a slur ends that leads from a chord to beats of its voice that are not drawn: the chord
+/// that is drawn in the place of the last of them.
+std::optional<std::size_t> hiddenEnd(const RowDraft &row, const SystemDraft &draft,
+                                     const PlacedChord &chord)
+{
+    for (unsigned bar = chord.shownBar; bar < draft.end; ++bar) {
+        const auto &voices = draft.score.source(row.number, bar).voices;
+        const auto voice = std::find_if(voices.begin(), voices.end(), [&](const auto &other) {
+            return other.number == chord.chord->voice;
+        });
+        if (voice == voices.end())
+            return std::nullopt;
+        const std::size_t first = bar == chord.shownBar ? chord.beat().index + 1U : 0U;
+        for (std::size_t i = first; i < voice->beats.size(); ++i) {
+            const BeatSource &beat = voice->beats[i];
+            if (!beat.isPlaceHolder || !beat.marks.isSlurredToPrevious())
+                return std::nullopt;
+            if (!beat.marks.isSlurredToNext())
+                return chordAt(row, bar, beat.onset);
+        }
+    }
+    return std::nullopt;
+}
+
 /// The outermost slurs of each voice: their joints are marked on both sides.
-std::vector<SlurSpan> markedSlurs(const RowDraft &row)
+std::vector<SlurSpan> markedSlurs(const RowDraft &row, const SystemDraft &draft)
 {
     std::vector<SlurSpan> spans;
     const auto &chords = row.chords;
@@ -46,7 +72,12 @@ std::vector<SlurSpan> markedSlurs(const RowDraft &row)
         isOpen = marks.isSlurredToNext();
         const bool isLast =
             i + 1 == chords.size() || chords[i + 1].chord->voice != chords[i].chord->voice;
-        if (isLast && isOpen && !spans.empty())
+        const bool leadsOn = !isLast && chords[i + 1].beat().marks.isSlurredToPrevious();
+        if (!isOpen || leadsOn || spans.empty())
+            continue;
+        if (const auto end = hiddenEnd(row, draft, chords[i]))
+            spans.back().last = *end;
+        else if (isLast)
             spans.back().goesOn = true;
     }
     return spans;
@@ -126,6 +157,9 @@ public:
     {
         _field.add(row.inks);
         _field.add(row.beamsBetween);
+        for (const Ink &ink : row.inks)
+            if (ink.kind == MarkKind::Tie)
+                _curves.add(ink);
     }
 
     void draw(const SlurSpan &span)
@@ -374,6 +408,7 @@ private:
         for (std::size_t i = 1; i < points.size(); ++i)
             _row.cover({points[i - 1].x, std::min(points[i - 1].y, points[i].y) - 0.12, points[i].x,
                         std::max(points[i - 1].y, points[i].y) + 0.12});
+        _curves.add(curve);
         _row.inks.push_back(std::move(curve));
     }
 
@@ -386,6 +421,7 @@ private:
         std::vector<double> edges;
         for (const Point &point : bow.samples(count))
             edges.push_back(edgeAt(point.x, isAbove));
+        _curves.addUnder(bow.samples(count), isAbove, edges);
         for (int round = 0; round < 24; ++round) {
             double worst = 0;
             double atStart = 0;
@@ -445,6 +481,7 @@ private:
     RowDraft &_row;
     const SystemDraft &_draft;
     InkField _field;
+    PlacedCurves _curves;
 };
 
 } // namespace
@@ -453,7 +490,7 @@ std::vector<SlurSpan> slurSpans(const RowDraft &row, const SystemDraft &draft)
 {
     if (!row.row->isFirstOfStaff)
         return {};
-    std::vector<SlurSpan> spans = markedSlurs(row);
+    std::vector<SlurSpan> spans = markedSlurs(row, draft);
     for (const NumberedSlur &slur : numberedSlurs(draft, row.row->track)) {
         const bool isHere = slur.firstRow == &row || (!slur.firstRow && slur.lastRow == &row);
         const bool staysHere = !slur.firstRow || !slur.lastRow || slur.firstRow == slur.lastRow;
@@ -471,8 +508,12 @@ void addSlurs(RowDraft &row, const SystemDraft &draft)
         return;
     SlurDrawer drawer(row, draft);
     // Short slurs first: long ones go around them.
-    std::stable_sort(spans.begin(), spans.end(), [](const SlurSpan &left, const SlurSpan &right) {
-        return left.last - left.first < right.last - right.first;
+    const auto widthOf = [&](const SlurSpan &span) {
+        return (span.goesOn ? draft.musicRight() : row.chords[span.last].x)
+            - (span.comesFromBefore ? draft.musicLeft : row.chords[span.first].x);
+    };
+    std::stable_sort(spans.begin(), spans.end(), [&](const SlurSpan &left, const SlurSpan &right) {
+        return widthOf(left) < widthOf(right);
     });
     for (const SlurSpan &span : spans)
         drawer.draw(span);

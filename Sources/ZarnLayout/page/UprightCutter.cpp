@@ -13,7 +13,7 @@ namespace zarn::engraving {
 namespace {
 
 /// From one height to another, downwards.
-struct Stretch {
+struct BlockedStretch {
     double top;
     double bottom;
 };
@@ -50,7 +50,7 @@ std::vector<Point> wayOf(const Ink &ink)
 
 /// Where ink leads past an upright stroke from its left to its right; nothing where it begins or
 /// ends there, or runs along it.
-std::optional<Stretch> passage(const Ink &ink, const Box &upright)
+std::optional<BlockedStretch> passage(const Ink &ink, const Box &upright)
 {
     constexpr double gap = 0.2;
     constexpr double tallest = 2.5;
@@ -59,7 +59,7 @@ std::optional<Stretch> passage(const Ink &ink, const Box &upright)
     const std::vector<Point> way = wayOf(ink);
     if (way.front().x >= upright.left || way.back().x <= upright.right)
         return std::nullopt;
-    Stretch stretch = {1e9, -1e9};
+    BlockedStretch stretch = {1e9, -1e9};
     for (std::size_t i = 1; i < way.size(); ++i) {
         const Point &from = way[i - 1];
         const Point &to = way[i];
@@ -75,11 +75,11 @@ std::optional<Stretch> passage(const Ink &ink, const Box &upright)
     if (stretch.bottom - stretch.top > tallest || stretch.bottom + half < upright.top
         || stretch.top - half > upright.bottom)
         return std::nullopt;
-    return Stretch{stretch.top - half, stretch.bottom + half};
+    return BlockedStretch{stretch.top - half, stretch.bottom + half};
 }
 
 /// The part of a line from top to bottom that lies in a stretch.
-std::vector<Point> clipped(const std::vector<Point> &line, const Stretch &stretch)
+std::vector<Point> clipped(const std::vector<Point> &line, const BlockedStretch &stretch)
 {
     std::vector<Point> part;
     for (std::size_t i = 1; i < line.size(); ++i) {
@@ -98,14 +98,16 @@ std::vector<Point> clipped(const std::vector<Point> &line, const Stretch &stretc
 }
 
 /// What is left of a stroke between its cuts; the whole of it where too little would be left.
-Inks pieces(const Ink &upright, std::vector<Stretch> cuts, const Pen &pen)
+Inks pieces(const Ink &upright, std::vector<BlockedStretch> cuts, const Pen &pen)
 {
     constexpr double shortest = 0.4;
     std::vector<Point> line = upright.points;
     if (line.front().y > line.back().y)
         std::reverse(line.begin(), line.end());
     std::sort(cuts.begin(), cuts.end(),
-              [](const Stretch &left, const Stretch &right) { return left.top < right.top; });
+              [](const BlockedStretch &left, const BlockedStretch &right) {
+                  return left.top < right.top;
+              });
     Inks left;
     double top = line.front().y;
     const auto addUpTo = [&](double bottom) {
@@ -115,7 +117,7 @@ Inks pieces(const Ink &upright, std::vector<Stretch> cuts, const Pen &pen)
         piece.place = upright.place;
         left.push_back(std::move(piece));
     };
-    for (const Stretch &cut : cuts) {
+    for (const BlockedStretch &cut : cuts) {
         addUpTo(cut.top);
         top = std::max(top, cut.bottom);
     }
@@ -137,7 +139,7 @@ void cutUprights(RowDraft &row, const SystemDraft &draft)
         return;
     Inks more;
     for (Ink &ink : row.inks) {
-        std::vector<Stretch> cuts;
+        std::vector<BlockedStretch> cuts;
         if (isUpright(ink))
             for (const Ink *way : ways)
                 if (const auto cut = passage(*way, ink.box))
