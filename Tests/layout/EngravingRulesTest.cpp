@@ -217,6 +217,26 @@ TEST(EngravingRulesTest, tremolosBetweenNotesHaveRoom)
         EXPECT_GT(stroke.right - stroke.left, 1.0);
 }
 
+/// They keep off the heads and dots of notes that have no beam.
+TEST(EngravingRulesTest, stemsAreLongEnoughForTheStrokesOfTremolos)
+{
+    for (const unsigned strokes : {3U, 4U}) {
+        Piece piece;
+        for (const unsigned between : {strokes, 0U}) {
+            Beat &beat = piece.add({67}, NoteValue::Half, 1);
+            BeatMarks marks = beat.marks();
+            marks.setTremoloToNext(between);
+            beat.setMarks(marks);
+        }
+        const LaidOut laid(*piece.model);
+        const auto drawn = laid.of(MarkKind::Tremolo);
+        ASSERT_EQ(drawn.size(), strokes);
+        for (const auto &dot : laid.of(MarkKind::AugmentationDot))
+            for (const auto &stroke : drawn)
+                EXPECT_LT(stroke.bottom, dot.top - 0.1);
+    }
+}
+
 /// Strokes lead from stem to stem, over the head that is between them.
 TEST(EngravingRulesTest, tremolosBetweenNotesStandInTheMiddleOfTheStems)
 {

@@ -40,6 +40,13 @@ bool meet(const Head &left, const Head &right, double scale, const Fonts &fonts)
         > lower.y + fonts.box(lower.glyph).top * scale + mostShared;
 }
 
+/// The strokes of a tremolo that leads from a beat or to it; 0 for none.
+unsigned strokesBeside(const BeatSource &beat)
+{
+    const unsigned before = beat.index > 0 ? (&beat - 1)->marks.tremoloToNext() : 0;
+    return std::max<unsigned>(beat.marks.tremoloToNext(), before);
+}
+
 } // namespace
 
 bool isDrawn(const VoiceSource &voice)
@@ -321,6 +328,9 @@ void BarEngraver::placeStem(Chord &chord)
         length = std::max(
             {length, 3.0 + 0.8 * strokes + taller, 1.5 + 0.75 * flags + 0.8 * strokes + taller});
     }
+    const unsigned between = chord.isBeamed ? 0 : strokesBeside(*chord.beat);
+    if (between > 0) // Clear of the end of the stem, of the head and its dot.
+        length = std::max(length, 1.55 + 0.75 * between);
     double tip = nearTip.y + direction * length;
     // A flag ends before a head that stands on its side of the stem.
     if (flags > 0 && !chord.isBeamed && chord.isStemUp) {
@@ -337,7 +347,7 @@ void BarEngraver::placeStem(Chord &chord)
     }
     const double middle = _row.height() / 2;
     const bool isOutward = chord.isStemUp ? nearTip.y < 0 : nearTip.y > _row.height();
-    if (isOutward && flags == 0 && strokes == 0 && scale == 1)
+    if (isOutward && flags == 0 && strokes == 0 && between == 0 && scale == 1)
         tip = nearTip.y + direction * 3.0;
     // A stem from far outside reaches the middle line.
     if (scale == 1 && _row.notation == Notation::Standard && !chord.beat->isGrace())
