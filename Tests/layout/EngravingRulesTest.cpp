@@ -259,6 +259,25 @@ TEST(EngravingRulesTest, tremolosBetweenNotesStandInTheMiddleOfTheStems)
     }
 }
 
+/// A last line that stays short is not as dense as a line that stands alone: those before it are
+/// drawn out.
+TEST(EngravingRulesTest, lastLinesAreLooserThanSingleOnes)
+{
+    const auto gapOfLast = [](unsigned linesBefore) {
+        Piece piece(3 * linesBefore + 1);
+        for (unsigned bar = 0; bar < 3 * linesBefore + 1; ++bar)
+            for (int i = 0; i < 4; ++i)
+                piece.add({67}, NoteValue::Quarter, 0, 0, bar);
+        if (linesBefore > 0)
+            piece.model->setFullScoreSystemsLayout({3, 1});
+        const LaidOut laid(*piece.model);
+        const auto notes = laid.of(MarkKind::NoteHead);
+        EXPECT_EQ(notes.back().system, linesBefore);
+        return notes.back().left - notes[notes.size() - 2].left;
+    };
+    EXPECT_GT(gapOfLast(1), 1.3 * gapOfLast(0));
+}
+
 TEST(EngravingRulesTest, noBarIsLeftAloneOnTheLastLine)
 {
     for (unsigned bars = 8; bars <= 40; bars += 3) {

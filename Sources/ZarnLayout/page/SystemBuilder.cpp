@@ -25,7 +25,8 @@ constexpr double gapInTrack = 4.8;    ///< between staves of a track
 constexpr double gapInScore = 5.0;    ///< between tracks
 constexpr double inkGap = 0.6;        ///< between ink of neighbouring rows
 constexpr double inkGapInStaff = 1.2; ///< where nothing but distance parts notes and numbers
-constexpr double loosest = 1.35;      ///< factor of a last line that is still drawn out
+constexpr double loosest = 1.35;      ///< factor of a single line that is still drawn out
+constexpr double loosestLast = 1.6;   ///< of a last one, and of what it is drawn out else
 constexpr double anywhere = 1e9;      ///< right of all ink
 
 bool changesClef(const BarSource &bar)
@@ -203,7 +204,9 @@ void SystemBuilder::placeBars(SystemDraft &draft, double width, bool isJustified
     const double room = width - draft.staffLeft - tail.width;
     const bool isLastLine = draft.end == _score.shown.size();
     double factor = isJustified ? line.factorFor(room) : 1;
-    if (isLastLine && factor > loosest)
+    if (isLastLine && draft.first > 0)
+        factor = std::min(factor, loosestLast);
+    else if (isLastLine && factor > loosest)
         factor = 1.1;
     std::vector<double> places = line.places(factor);
     if (isJustified && places.back() > room + 1e-6) {
