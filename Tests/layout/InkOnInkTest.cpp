@@ -9,6 +9,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -515,5 +517,64 @@ TEST(InkOnInkTest, shortSlidesKeepOffTheStemsOfOtherVoices)
         for (const MarkKind kind : {MarkKind::Stem, MarkKind::NoteHead})
             for (const auto &mark : laid.of(kind))
                 EXPECT_FALSE(meet(slides[0], mark)) << mark.left;
+    }
+}
+
+/// A slur that can neither pass between rests nor along the notes leads around all of them.
+TEST(InkOnInkTest, slursLeadAroundWhatTheyCannotPass)
+{
+    for (const NoteValue value : {NoteValue::ThirtySecond, NoteValue::TwoHundredFiftySixth})
+        for (const int key : {50, 71, 89}) {
+            SCOPED_TRACE(key);
+            ViolinPiece piece;
+            for (unsigned i = 0; i < 3; ++i) {
+                const bool rests = i != 1;
+                Beat &beat = piece.add(rests ? std::vector<int>{} : std::vector<int>{key},
+                                       rests ? value : NoteValue::Half);
+                beat.setSlurredToNext(i < 2);
+                beat.setSlurredToPrevious(i > 0);
+                for (const unsigned voice : {1U, 2U})
+                    piece.add(i == 0 ? std::vector<int>{} : std::vector<int>{voice == 1 ? 74 : 77},
+                              value, 2, voice);
+            }
+            const LaidOut laid(*piece.model);
+            ASSERT_EQ(laid.of(MarkKind::Slur).size(), 1U);
+            for (const MarkKind kind : {MarkKind::Rest, MarkKind::NoteHead})
+                for (const auto &mark : laid.of(kind))
+                    EXPECT_EQ(pointsInside(laid, MarkKind::Slur, mark), 0) << mark.left;
+        }
+}
+
+/// A tie of which nobody knows where it comes from keeps off the flags in front of its note.
+TEST(InkOnInkTest, tiesKeepOffTheFlagsInFrontOfThem)
+{
+    for (const int key : {74, 79, 84, 89, 94, 99}) {
+        SCOPED_TRACE(key);
+        ViolinPiece piece;
+        piece.add({key}, NoteValue::TwoHundredFiftySixth, 1);
+        piece.add({71}, NoteValue::Half).notes()[0]->setTied(true);
+        const LaidOut laid(*piece.model);
+        ASSERT_EQ(laid.of(MarkKind::Tie).size(), 1U);
+        for (const auto &flag : laid.of(MarkKind::Flag))
+            EXPECT_EQ(pointsInside(laid, MarkKind::Tie, flag), 0);
+    }
+}
+
+/// A slide into a note keeps off the head of another voice that stands where it would begin.
+TEST(InkOnInkTest, shortSlidesPassByTheHeadsInTheirWay)
+{
+    for (const int other : {71, 72, 74}) {
+        SCOPED_TRACE(other);
+        ViolinPiece piece;
+        piece.add({other, other + 4}, NoteValue::DWhole);
+        Beat &lower = piece.add({72}, NoteValue::DWhole, 0, 1);
+        NoteMarks marks = lower.notes()[0]->marks();
+        marks.setSlideIn(SlideIn::FromBelow);
+        lower.notes()[0]->setMarks(marks);
+        const LaidOut laid(*piece.model);
+        const auto slides = laid.of(MarkKind::Slide);
+        ASSERT_EQ(slides.size(), 1U);
+        for (const auto &head : laid.of(MarkKind::NoteHead))
+            EXPECT_FALSE(meet(slides[0], head)) << head.left;
     }
 }

@@ -211,8 +211,20 @@ double InkField::coveredBy(const Inks &inks, double margin) const
 const InkField &GrowingInkField::now()
 {
     for (; _known < _inks.size(); ++_known)
-        _field.add(_inks[_known]);
+        addOne(_inks[_known]);
     return _field;
+}
+
+void GrowingInkField::add(const Inks &inks)
+{
+    for (const Ink &ink : inks)
+        addOne(ink);
+}
+
+void GrowingInkField::addOne(const Ink &ink)
+{
+    if (std::find(_leftOut.begin(), _leftOut.end(), ink.kind) == _leftOut.end())
+        _field.add(ink);
 }
 
 } // namespace zarn::engraving

@@ -3,6 +3,7 @@
 
 #include <ZarnLayout/engrave/Bow.h>
 
+#include <utility>
 #include <vector>
 
 namespace zarn::engraving {
@@ -57,14 +58,23 @@ private:
 /// The ink of a row to which more is added while one looks for room.
 class GrowingInkField {
 public:
-    /// The inks must outlive it, and nothing of them go.
-    explicit GrowingInkField(const Inks &inks) : _inks(inks) { }
+    /// The inks must outlive it, and nothing of them go. Those of some kinds can be left out.
+    explicit GrowingInkField(const Inks &inks, std::vector<MarkKind> leftOut = {})
+        : _inks(inks), _leftOut(std::move(leftOut))
+    {
+    }
 
     /// With everything that has come by now.
     const InkField &now();
 
+    /// Ink that is not of the row, but in its way.
+    void add(const Inks &inks);
+
 private:
+    void addOne(const Ink &ink);
+
     const Inks &_inks;
+    const std::vector<MarkKind> _leftOut;
     InkField _field;
     std::size_t _known = 0;
 };

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnLayout/page/SlurEngraver.h>
 
-#include <ZarnLayout/page/InkField.h>
+#include <ZarnLayout/page/BowSeeker.h>
 #include <ZarnLayout/page/NumberedSlurs.h>
 #include <ZarnLayout/page/PlacedCurves.h>
 #include <ZarnLayout/page/SideItem.h>
@@ -85,64 +85,6 @@ std::vector<SlurSpan> markedSlurs(const RowDraft &row, const SystemDraft &draft)
 
 constexpr double pi = 3.14159265358979323846;
 
-/// A way to bend a slur: how far its ends go away from where they would like to be, and how much
-/// higher it bows at each.
-struct Bending {
-    double from;
-    double to;
-    double fromRise;
-    double toRise;
-    double cost;
-};
-
-const std::vector<Bending> &bendings()
-{
-    static const std::vector<Bending> all = [] {
-        std::vector<Bending> ways;
-        for (const double from : {0.0, 0.4, 0.9, 1.6, 2.4, 3.4})
-            for (const double to : {0.0, 0.4, 0.9, 1.6, 2.4, 3.4})
-                for (const double fromRise : {0.0, 0.6, 1.3, 2.2, 3.4, -0.4})
-                    for (const double toRise : {0.0, 0.6, 1.3, 2.2, 3.4, -0.4})
-                        ways.push_back({from, to, fromRise, toRise,
-                                        0.5 * (from + to) + 0.25 * std::abs(fromRise + toRise)
-                                            + 0.35 * std::abs(fromRise - toRise)
-                                            + 0.2 * std::abs(from - to)});
-        std::stable_sort(ways.begin(), ways.end(), [](const Bending &left, const Bending &right) {
-            return left.cost < right.cost;
-        });
-        return ways;
-    }();
-    return all;
-}
-
-/// The curve that bends least from the wished one, on the least ink.
-Bow leastInked(const Bow &wish, double sign, const InkField &field)
-{
-    constexpr double margin = 0.08;
-    constexpr double areaCost = 25;
-    constexpr double tallCost = 1.5; ///< of what a curve is higher than wide
-    Bow best = wish;
-    double least = 1e9;
-    for (const Bending &way : bendings()) {
-        if (way.cost >= least)
-            break;
-        Bow bow = wish;
-        bow.from.y -= sign * way.from;
-        bow.to.y -= sign * way.to;
-        bow.fromRise += sign * way.fromRise;
-        bow.toRise += sign * way.toRise;
-        // Rather on a little ink than a tall loop.
-        const double height = std::max(std::abs(bow.fromRise), std::abs(bow.toRise)) * 3 / 4;
-        const double tall = std::max(0.0, height - (bow.to.x - bow.from.x));
-        const double cost = way.cost + tallCost * tall + areaCost * field.coveredBy(bow, margin);
-        if (cost < least) {
-            least = cost;
-            best = bow;
-        }
-    }
-    return best;
-}
-
 /// How high a slur bows whose way is free: short ones rise, long ones stay flat.
 double heightOf(double width)
 {
@@ -153,9 +95,10 @@ double heightOf(double width)
 
 class SlurDrawer {
 public:
-    SlurDrawer(RowDraft &row, const SystemDraft &draft) : _row(row), _draft(draft)
+    SlurDrawer(RowDraft &row, const SystemDraft &draft)
+        : _row(row), _draft(draft),
+          _field(row.inks, {MarkKind::Stem, MarkKind::Beam, MarkKind::Arpeggio})
     {
-        _field.add(row.inks);
         _field.add(row.beamsBetween);
         for (const Ink &ink : row.inks)
             if (ink.kind == MarkKind::Tie)
@@ -176,14 +119,18 @@ public:
         Bow bow = bestOn(span, isAbove, isShort);
         if ((span.side != SlurSide::Auto || hasBends(span)) && isOnInk(bow))
             bow = offInk(span, isAbove, bow);
+        for (const bool side : {isAbove, !isAbove})
+            if (_field.hidesInk(bow))
+                if (const Bow around = aroundAll(span, side); !_field.hidesInk(around))
+                    bow = around;
         addCurve(first, bow, span.line);
     }
 
 private:
-    bool isOnInk(const Bow &bow) const
+    bool isOnInk(const Bow &bow)
     {
         constexpr double touch = 0.01;
-        return _field.coveredBy(bow, 0) > touch;
+        return _field.all().coveredBy(bow, 0) > touch;
     }
 
     /// Whether strings are bent under a slur: the arrows lead up from its numbers.
@@ -206,7 +153,7 @@ private:
 
     /// Another way for a curve that lies on ink on the side that it was given: between the voices,
     /// else on the other side. Where that is no better, the given side holds.
-    Bow offInk(const SlurSpan &span, bool isAbove, const Bow &given) const
+    Bow offInk(const SlurSpan &span, bool isAbove, const Bow &given)
     {
         for (const auto &[side, mayBeBetween] :
              {std::pair(isAbove, true), std::pair(!isAbove, false), std::pair(!isAbove, true)})
@@ -216,11 +163,21 @@ private:
     }
 
     /// The best curve on a side, around the notes of other voices or between them.
-    Bow bestOn(const SlurSpan &span, bool isAbove, bool mayBeBetween) const
+    Bow bestOn(const SlurSpan &span, bool isAbove, bool mayBeBetween)
+    {
+        const bool isBetween = mayBeBetween
+            && (isInner(_row.chords[span.first], isAbove)
+                || isInner(_row.chords[span.last], isAbove));
+        const Bow bow = wishedOn(span, isAbove, isBetween);
+        return leastInked(isBetween ? bow : aroundNotes(bow, isAbove), isAbove ? 1 : -1,
+                          _field.all());
+    }
+
+    /// From end to end on a side, whatever is in the way.
+    Bow wishedOn(const SlurSpan &span, bool isAbove, bool isBetween) const
     {
         const PlacedChord &first = _row.chords[span.first];
         const PlacedChord &last = _row.chords[span.last];
-        const bool isBetween = mayBeBetween && (isInner(first, isAbove) || isInner(last, isAbove));
         // The end of one whose side is given finds its way past another voice that lies there.
         const auto endsBeside = [&](const PlacedChord &chord) {
             return isBetween || (span.side != SlurSide::Auto && isInner(chord, isAbove));
@@ -243,11 +200,7 @@ private:
             to.x = std::min(to.x, from.x + stub);
         if (to.x < from.x + 1.2)
             from.x = to.x - 1.2;
-        const double sign = isAbove ? 1 : -1; // upwards
-        Bow bow = Bow::arched(from, to, sign * heightOf(to.x - from.x));
-        if (!isBetween)
-            bow = aroundNotes(bow, isAbove);
-        return leastInked(bow, sign, _field);
+        return Bow::arched(from, to, (isAbove ? 1 : -1) * heightOf(to.x - from.x));
     }
 
     /// How far a slur reaches whose other end is not to be seen, behind bars of rest.
@@ -291,7 +244,7 @@ private:
             to = {std::min(last.stemX(), last.x) - 0.2, edge(last) - sign * 0.2};
             to.x = std::max(to.x, from.x + 0.8);
         }
-        addCurve(first, leastInked(Bow::arched(from, to, sign * -0.7), -sign, _field), line);
+        addCurve(first, leastInked(Bow::arched(from, to, sign * -0.7), -sign, _field.all()), line);
     }
 
     /// Calls with each chord of another voice that begins with one.
@@ -412,46 +365,44 @@ private:
         _row.inks.push_back(std::move(curve));
     }
 
-    /// Notes whose stretch is clear of the ends make the curve rise, then its ends.
-    Bow aroundNotes(Bow bow, bool isAbove) const
+    /// Where the outermost ink is at some points of a curve, evenly from end to end.
+    template <class Function>
+    static std::vector<double> edgesAlong(const Bow &bow, Function edgeAt)
     {
         constexpr std::size_t count = 40;
-        constexpr double highest = 4.0 * 4 / 3;
-        const double sign = isAbove ? 1 : -1;
         std::vector<double> edges;
         for (const Point &point : bow.samples(count))
-            edges.push_back(edgeAt(point.x, isAbove));
-        _curves.addUnder(bow.samples(count), isAbove, edges);
-        for (int round = 0; round < 24; ++round) {
-            double worst = 0;
-            double atStart = 0;
-            double atEnd = 0;
-            const std::vector<Point> points = bow.samples(count);
-            for (std::size_t i = 1; i < count; ++i) {
-                const double need = sign * (points[i].y - edges[i]) + 0.3;
-                if (need <= 0.01)
-                    continue;
-                const double t = static_cast<double>(i) / count;
-                if (t < 0.15)
-                    atStart = std::max(atStart, need);
-                else if (t > 0.85)
-                    atEnd = std::max(atEnd, need);
-                else
-                    worst = std::max(worst, need / (3 * t * (1 - t)));
-            }
-            if (worst == 0 && atStart == 0 && atEnd == 0)
-                break;
-            if (worst > 0 && std::abs(bow.fromRise) < highest) {
-                bow.fromRise = sign * std::min(std::abs(bow.fromRise) + worst * 0.6, highest);
-                bow.toRise = bow.fromRise;
-            } else {
-                // What is in the way of one end does not lift the other.
-                const bool isMiddle = worst > 0;
-                bow.from.y -= isMiddle || atStart > 0 ? sign * 0.35 : 0;
-                bow.to.y -= isMiddle || atEnd > 0 ? sign * 0.35 : 0;
-            }
+            edges.push_back(edgeAt(point.x));
+        return edges;
+    }
+
+    /// Over the notes, or below them.
+    Bow aroundNotes(const Bow &bow, bool isAbove) const
+    {
+        std::vector<double> edges = edgesAlong(bow, [&](double x) { return edgeAt(x, isAbove); });
+        _curves.addUnder(bow.samples(edges.size() - 1), isAbove, edges);
+        return aroundEdges(bow, isAbove, edges);
+    }
+
+    /// Over all ink of the row, or below it: there is always room.
+    Bow aroundAll(const SlurSpan &span, bool isAbove) const
+    {
+        constexpr double gap = 0.35;
+        constexpr double narrow = 4;
+        constexpr double near = 0.3;
+        const auto edge = [&](double left, double right) {
+            return isAbove ? -_row.above.reach(left, right) : _row.below.reach(left, right);
+        };
+        Bow bow = wishedOn(span, isAbove, false);
+        const double outward = isAbove ? -gap : gap;
+        if (bow.to.x - bow.from.x < narrow) {
+            bow.from.y = bow.to.y = edge(bow.from.x - near, bow.to.x + near) + outward;
+        } else {
+            bow.from.y = edge(bow.from.x - near, bow.from.x + 2 * near) + outward;
+            bow.to.y = edge(bow.to.x - 2 * near, bow.to.x + near) + outward;
         }
-        return bow;
+        return aroundEdges(bow, isAbove,
+                           edgesAlong(bow, [&](double x) { return edge(x - near, x + near); }));
     }
 
     /// The outermost ink of chords at a place; the staff itself is no obstacle.
@@ -480,7 +431,7 @@ private:
 
     RowDraft &_row;
     const SystemDraft &_draft;
-    InkField _field;
+    CurveField _field;
     PlacedCurves _curves;
 };
 

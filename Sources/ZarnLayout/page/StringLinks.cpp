@@ -30,7 +30,7 @@ const Head *endIn(const PlacedChord &chord, const NoteSource &note, std::size_t 
 class StringLinkDrawer {
 public:
     StringLinkDrawer(RowDraft &row, const SystemDraft &draft)
-        : _row(row), _draft(draft), _field(row.inks)
+        : _row(row), _draft(draft), _field(row.inks, {MarkKind::Stem, MarkKind::Arpeggio})
     {
     }
 
@@ -98,7 +98,7 @@ private:
                 ? endAt(*target, *end, side, -1)
                 : Point{std::max(_draft.musicRight() - 0.2, from.x + 0.8), from.y};
         }
-        Ink curve = _draft.pen.curve(MarkKind::HammerOn, freestBow(ends, _field.now()).handles());
+        Ink curve = _draft.pen.curve(MarkKind::HammerOn, _field.freest(ends).handles());
         curve.place = placeOf(_row, chord, head.note - chord.beat().firstNote);
         _row.add(std::move(curve));
     }
@@ -162,61 +162,85 @@ private:
         return _draft.pen.line(MarkKind::Slide, from, to, 0.16);
     }
 
+    bool isOnInk(const Ink &line)
+    {
+        constexpr double touch = 0.01;
+        return _field.all().coveredBy(line, 0) > touch;
+    }
+
     /// A short slide that comes from nowhere or leads there: farther from its note, by up to its
-    /// own length, where something else stands beside it. `forward` is 1 for one that leads away.
+    /// own length, where something else stands beside it, and higher or lower where that does not
+    /// help. `forward` is 1 for one that leads away.
     Ink freestStub(const Point &from, const Point &to, int forward)
     {
         constexpr double margin = 0.06;
         Ink best;
         double least = 1e9;
-        for (const double way : {0.0, 0.3, 0.6, 0.9, 1.2, 1.5}) {
-            const double x = forward * way;
-            Ink line = lineOf({from.x + x, from.y}, {to.x + x, to.y});
-            const double over = std::max(0.0, line.box.right - _draft.musicRight());
-            const double cost = way + 60 * (_field.now().coveredBy(line, margin) + over);
-            if (cost < least) {
-                least = cost;
-                best = std::move(line);
+        const auto seek = [&](double shift) {
+            for (const double way : {0.0, 0.3, 0.6, 0.9, 1.2, 1.5}) {
+                const double x = forward * way;
+                Ink line = lineOf({from.x + x, from.y + shift}, {to.x + x, to.y + shift});
+                const double over = std::max(0.0, line.box.right - _draft.musicRight());
+                const double cost = way + 1.5 * std::abs(shift)
+                    + 60 * (_field.all().coveredBy(line, margin) + over);
+                if (cost < least) {
+                    least = cost;
+                    best = std::move(line);
+                }
             }
-        }
+        };
+        seek(0);
+        if (isOnInk(best))
+            for (const double shift : {0.3, 0.6, 0.9, 1.2, 1.5})
+                for (const double sign : {-1.0, 1.0})
+                    seek(sign * shift);
         return best;
     }
 
     /// A slide from left to right that leads as it is wished to, but moves off what stands in its
-    /// way, or begins later or ends earlier, as far as one still sees where it leads.
+    /// way, or begins later or ends earlier, as far as one still sees where it leads; farther off
+    /// where that does not help.
     Ink freestLine(const Point &from, const Point &to)
     {
         constexpr double shortest = 0.8;
         constexpr double margin = 0.06;
+        constexpr double step = 0.25;
         Ink best = lineOf(from, to);
-        double least = 60 * _field.now().coveredBy(best, margin);
+        double least = 60 * _field.all().coveredBy(best, margin);
         if (least == 0)
             return best;
         const double length = to.x - from.x;
         const double rise = to.y - from.y;
-        const double cuts[] = {0, 0.35, 0.7, std::max(1.2, length / 3)};
-        const double shifts[] = {0, -0.25, 0.25, -0.5, 0.5, -0.75, 0.75};
-        for (const double fromShift : shifts)
-            for (const double toShift : shifts) {
-                const double leaning = rise + toShift - fromShift;
-                if (rise * leaning < 0 || std::abs(leaning) < std::abs(rise) / 2)
-                    continue;
-                for (const double begin : cuts)
-                    for (const double end : cuts) {
-                        const double cost = std::abs(fromShift) + std::abs(toShift)
-                            + (begin + end) / std::max(length, 1.0);
-                        if (cost >= least || length - begin - end < std::min(shortest, length))
-                            continue;
-                        Ink line =
-                            lineOf({from.x + begin, from.y + fromShift + leaning * begin / length},
-                                   {to.x - end, to.y + toShift - leaning * end / length});
-                        const double whole = cost + 60 * _field.now().coveredBy(line, margin);
-                        if (whole < least) {
-                            least = whole;
-                            best = std::move(line);
-                        }
-                    }
+        const auto seekOne = [&](double fromShift, double toShift, double begin, double end) {
+            const double leaning = rise + toShift - fromShift;
+            const double cost =
+                std::abs(fromShift) + std::abs(toShift) + (begin + end) / std::max(length, 1.0);
+            if (rise * leaning < 0 || std::abs(leaning) < std::abs(rise) / 2 || cost >= least
+                || length - begin - end < std::min(shortest, length))
+                return;
+            Ink line = lineOf({from.x + begin, from.y + fromShift + leaning * begin / length},
+                              {to.x - end, to.y + toShift - leaning * end / length});
+            const double whole = cost + 60 * _field.all().coveredBy(line, margin);
+            if (whole < least) {
+                least = whole;
+                best = std::move(line);
             }
+        };
+        const double cuts[] = {0, 0.35, 0.7, std::max(1.2, length / 3)};
+        // Small shifts first: of those that cost the same, the first holds.
+        const auto shiftOf = [](int number) {
+            return step * ((number + 1) / 2) * (number % 2 == 1 ? -1 : 1);
+        };
+        const auto seek = [&](int count) {
+            for (int fromShift = 0; fromShift < count; ++fromShift)
+                for (int toShift = 0; toShift < count; ++toShift)
+                    for (const double begin : cuts)
+                        for (const double end : cuts)
+                            seekOne(shiftOf(fromShift), shiftOf(toShift), begin, end);
+        };
+        seek(7);
+        if (isOnInk(best))
+            seek(17);
         return best;
     }
 
@@ -260,8 +284,7 @@ private:
                     ends.from[side > 0] = {right, head.y - side * 0.8};
                     ends.to[side > 0] = {stop, (end ? end->y : head.y) - side * 0.8};
                 }
-                Ink curve =
-                    _draft.pen.curve(MarkKind::Slide, freestBow(ends, _field.now()).handles());
+                Ink curve = _draft.pen.curve(MarkKind::Slide, _field.freest(ends).handles());
                 curve.place = placeOf(_row, chord, head.note - chord.beat().firstNote);
                 _row.add(std::move(curve));
             }
@@ -275,7 +298,7 @@ private:
 
     RowDraft &_row;
     const SystemDraft &_draft;
-    GrowingInkField _field;
+    CurveField _field;
 };
 
 } // namespace

@@ -25,7 +25,10 @@ bool areAtOnePlace(const NoteSource &left, const NoteSource &right)
 
 class Ties {
 public:
-    Ties(RowDraft &row, const SystemDraft &draft) : _row(row), _draft(draft) { }
+    Ties(RowDraft &row, const SystemDraft &draft)
+        : _field(row.inks, {MarkKind::Stem, MarkKind::Arpeggio}), _row(row), _draft(draft)
+    {
+    }
 
     void add()
     {
@@ -40,7 +43,6 @@ public:
             });
         if (!hasTies)
             return;
-        _field.add(_row.inks);
         _field.add(_row.beamsBetween);
         findPartners();
         const auto &chords = _row.chords;
@@ -228,23 +230,25 @@ private:
     void addCurve(const PlacedChord &chord, const Head &head, const PlacedChord *end,
                   const BowEnds &wish)
     {
-        Bow bow = freestBow(wish, _field);
+        Bow bow = _field.nearest(wish);
         // Where an accidental stands in front of the head, the curve ends there.
-        const double covered = _field.coveredBy(bow, 0);
+        const double covered = _field.all().coveredBy(bow, 0);
         if (end && covered > 0) {
             BowEnds before = wish;
             for (Point &to : before.to)
                 to.x = std::min(to.x, leftInkOf(_draft, _row, *end) - 0.15);
-            const Bow shorter = freestBow(before, _field);
-            if (shorter.to.x > shorter.from.x + 0.8 && _field.coveredBy(shorter, 0) < covered)
+            const Bow shorter = _field.nearest(before);
+            if (shorter.to.x > shorter.from.x + 0.8 && _field.all().coveredBy(shorter, 0) < covered)
                 bow = shorter;
         }
+        if (_field.hidesInk(bow))
+            bow = _field.afar(wish);
         Ink curve = _draft.pen.curve(MarkKind::Tie, bow.handles());
         curve.place = placeOf(_row, chord, head.note - chord.beat().firstNote);
         _row.add(std::move(curve));
     }
 
-    InkField _field;
+    CurveField _field;
     std::map<Partner, Partner> _partners; ///< by the head where a tie begins
     std::set<Partner> _ends;
     RowDraft &_row;
