@@ -33,6 +33,20 @@ bool haveEqualHeads(const ScoreSource &a, const ScoreSource &b)
         && a.firstNumber == b.firstNumber;
 }
 
+/// The same for a bar in all rows, which is beside a system.
+bool lookAlikeFromOutside(const ShownColumn &a, const ShownColumn &b)
+{
+    const auto haveEqualStaves = [](const BarColumn &left, const BarColumn &right) {
+        return std::equal(left.staves.begin(), left.staves.end(), right.staves.begin(),
+                          right.staves.end(), [](const auto &staff, const auto &other) {
+                              return staff == other || lookAlikeFromOutside(*staff, *other);
+                          });
+    };
+    return &a == &b
+        || (a.count == b.count && a.first->shared == b.first->shared
+            && a.last->shared == b.last->shared && haveEqualStaves(*a.first, *b.first));
+}
+
 } // namespace
 
 LayoutEngine::LayoutEngine(std::shared_ptr<const layout::MusicFont> font,
@@ -257,12 +271,15 @@ bool LayoutEngine::isSame(const ShownSystem &old, const ShownSystem &system) con
     const bool isLast = system.end == _score.shown.size();
     if (isFirst != (old.first == 0) || isLast != (old.end == _oldScore.shown.size()))
         return false;
-    unsigned number = system.first - (isFirst ? 0 : 1);
-    const unsigned end = system.end + (isLast ? 0 : 1);
-    for (unsigned before = old.first - (isFirst ? 0 : 1); number < end; ++number, ++before)
+    for (unsigned number = system.first, before = old.first; number < system.end;
+         ++number, ++before)
         if (_score.columns[number] != _oldScore.columns[before])
             return false;
-    return true;
+    const auto isSameNeighbour = [&](unsigned number, unsigned before) {
+        return lookAlikeFromOutside(*_score.columns[number], *_oldScore.columns[before]);
+    };
+    return (isFirst || isSameNeighbour(system.first - 1, old.first - 1))
+        && (isLast || isSameNeighbour(system.end, old.end));
 }
 
 Problems LayoutEngine::collectProblems(const ScoreSource &source, const Sheet &sheet) const

@@ -45,6 +45,37 @@ bool haveEqualValue(const std::shared_ptr<const T> &a, const std::shared_ptr<con
     return a == b || (a && b && *a == *b);
 }
 
+const BeatSource *firstNote(const VoiceSource &voice)
+{
+    const auto &beats = voice.beats;
+    const auto found = std::find_if(beats.begin(), beats.end(),
+                                    [](const BeatSource &beat) { return beat.noteCount > 0; });
+    return found == beats.end() ? nullptr : &*found;
+}
+
+const BeatSource *lastNote(const VoiceSource &voice)
+{
+    const auto &beats = voice.beats;
+    const auto found = std::find_if(beats.rbegin(), beats.rend(),
+                                    [](const BeatSource &beat) { return beat.noteCount > 0; });
+    return found == beats.rend() ? nullptr : &*found;
+}
+
+bool haveEqualOttava(const BeatSource *a, const BeatSource *b)
+{
+    return (!a && !b) || (a && b && a->marks.ottavia() == b->marks.ottavia());
+}
+
+bool lookAlikeFromOutside(const VoiceSource &a, const VoiceSource &b)
+{
+    if (a.number != b.number || a.beats.empty() != b.beats.empty())
+        return false;
+    return a.beats.empty()
+        || (a.beats.back().marks.hairpin() == b.beats.back().marks.hairpin()
+            && haveEqualOttava(firstNote(a), firstNote(b))
+            && haveEqualOttava(lastNote(a), lastNote(b)));
+}
+
 bool isEqual(const TempoMark &a, const TempoMark &b)
 {
     return a.position == b.position && a.value == b.value && a.unit == b.unit && a.text == b.text
@@ -79,6 +110,16 @@ bool operator==(const BarSource &a, const BarSource &b)
         && a.ottavia == b.ottavia && a.ottaviaBefore == b.ottaviaBefore && a.simile == b.simile
         && a.key == b.key && a.keyBefore == b.keyBefore && a.layoutRatio == b.layoutRatio
         && a.voices == b.voices && a.notes == b.notes;
+}
+
+bool lookAlikeFromOutside(const BarSource &a, const BarSource &b)
+{
+    return a.clef == b.clef && a.clefBefore == b.clefBefore && a.ottavia == b.ottavia
+        && a.ottaviaBefore == b.ottaviaBefore && a.key == b.key && a.keyBefore == b.keyBefore
+        && std::equal(a.voices.begin(), a.voices.end(), b.voices.begin(), b.voices.end(),
+                      [](const VoiceSource &left, const VoiceSource &right) {
+                          return lookAlikeFromOutside(left, right);
+                      });
 }
 
 bool operator==(const ColumnSource &a, const ColumnSource &b)

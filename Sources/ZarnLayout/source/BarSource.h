@@ -131,6 +131,10 @@ struct BarSource {
     friend bool operator==(const BarSource &a, const BarSource &b);
 };
 
+/// Whether two bars are the same to the systems in front of them and behind them: what holds at
+/// their lines, and the hairpins and octave signs that may go on over these.
+bool lookAlikeFromOutside(const BarSource &a, const BarSource &b);
+
 /// Numbers of the passes under an ending: "1.", "1. 2.".
 std::string endingText(std::uint32_t passes);
 
