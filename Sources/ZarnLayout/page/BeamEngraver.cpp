@@ -77,6 +77,7 @@ public:
             return;
         _isUp = _members.front()->chord->isStemUp;
         _scale = _members.front()->chord->scale;
+        measureStems();
         _line = bestLine();
         addStems();
         if (_members.size() > 1)
@@ -84,6 +85,25 @@ public:
     }
 
 private:
+    /// Where a stem stands, and how long it is to be.
+    struct StemWish {
+        double x;
+        double headAtTip; ///< y of the head that is nearest to the beam
+        double length;
+        double least;
+    };
+
+    void measureStems()
+    {
+        int most = 1;
+        for (const PlacedChord *member : _members) {
+            _stems.push_back(
+                {member->stemX(), headAtTip(*member), wishOf(*member), leastOf(*member)});
+            most = std::max(most, member->beat().flagCount());
+        }
+        _depth = step() * most;
+    }
+
     /// What stands between the first stem and the last.
     void findObstacles(const BarRivals &rivals)
     {
@@ -108,11 +128,10 @@ private:
     /// How deep the beams lie in what stands there, all in all.
     double coveredBy(const BeamLine &line) const
     {
-        const double depth = step() * std::max(1, mostBeams());
         double covered = 0;
         for (const Box &box : _obstacles) {
             const double outer = line.at((box.left + box.right) / 2);
-            const double inner = outer + inward() * depth;
+            const double inner = outer + inward() * _depth;
             covered += std::max(0.0,
                                 std::min(box.bottom, std::max(outer, inner))
                                     - std::max(box.top, std::min(outer, inner)));
@@ -128,11 +147,7 @@ private:
         return member.chord->isStemUp ? member.chord->top() : member.chord->bottom();
     }
 
-    /// How long a stem is from its nearest head to the line, and how long it wants to be.
-    double lengthAt(const PlacedChord &member, const BeamLine &line) const
-    {
-        return inward() * (headAtTip(member) - line.at(member.stemX()));
-    }
+    /// How long a stem wants to be from its nearest head to the line.
     double wishOf(const PlacedChord &member) const
     {
         const int beams = member.beat().flagCount();
@@ -150,34 +165,33 @@ private:
     /// Whether an inner head is nearer to the beam than both ends.
     bool isConcave() const
     {
-        const double first = headAtTip(*_members.front()) * inward();
-        const double last = headAtTip(*_members.back()) * inward();
-        for (std::size_t i = 1; i + 1 < _members.size(); ++i)
-            if (headAtTip(*_members[i]) * inward() < std::min(first, last))
+        const double first = _stems.front().headAtTip * inward();
+        const double last = _stems.back().headAtTip * inward();
+        for (std::size_t i = 1; i + 1 < _stems.size(); ++i)
+            if (_stems[i].headAtTip * inward() < std::min(first, last))
                 return true;
         return false;
     }
 
     BeamLine bestLine() const
     {
-        const PlacedChord &first = *_members.front();
-        const PlacedChord &last = *_members.back();
+        const StemWish &first = _stems.front();
+        const StemWish &last = _stems.back();
         if (_row.row->notation != Notation::Standard)
-            return {first.stemX(), outermostTip(), 0};
-        const double width = std::max(last.stemX() - first.stemX(), 0.1);
-        const double rise = headAtTip(last) - headAtTip(first);
+            return {first.x, outermostTip(), 0};
+        const double width = std::max(last.x - first.x, 0.1);
+        const double rise = last.headAtTip - first.headAtTip;
         const double most = std::min({0.1 + width * 0.12, 1.5, std::abs(rise) * 0.5});
         const double wish = isConcave() ? 0 : std::copysign(most, rise);
         // The nearest head says where the line may be at most.
         double innermost = _isUp ? 1e9 : -1e9;
-        for (const PlacedChord *member : _members) {
-            const double part = (member->stemX() - first.stemX()) / width;
-            const double tip = headAtTip(*member) - inward() * wishOf(*member) - wish * part;
+        for (const StemWish &stem : _stems) {
+            const double part = (stem.x - first.x) / width;
+            const double tip = stem.headAtTip - inward() * stem.length - wish * part;
             innermost = _isUp ? std::min(innermost, tip) : std::max(innermost, tip);
         }
         for (const Box &box : _inside) {
-            const double edge = (_isUp ? box.top : box.bottom)
-                - inward() * (0.4 + step() * std::max(1, mostBeams()));
+            const double edge = (_isUp ? box.top : box.bottom) - inward() * (0.4 + _depth);
             innermost = _isUp ? std::min(innermost, edge) : std::max(innermost, edge);
         }
         const double middle = _row.row->height() / 2;
@@ -185,19 +199,23 @@ private:
             innermost = _isUp ? std::min({innermost, middle, middle - wish})
                               : std::max({innermost, middle, middle - wish});
         // Of the ends nearby, those whose beam hangs from, sits on or straddles a staff line.
-        BeamLine best = {first.stemX(), innermost, wish / width};
+        BeamLine best = {first.x, innermost, wish / width};
         double least = 1e9;
         const double grid = 0.25;
         const double base = std::floor(innermost / grid) * grid;
+        const double endBase = std::floor((innermost + wish) / grid) * grid;
         // What is in the way may be farther off, and a beam goes around them by what it takes.
         const int reach = _obstacles.empty() || coveredBy(best) == 0 ? 3 : 14;
         for (int left = -reach; left <= reach; ++left)
             for (int right = std::max(-reach, left - 6); right <= std::min(reach, left + 6);
                  ++right) {
                 const double start = base + left * grid;
-                const double end = std::floor((innermost + wish) / grid) * grid + right * grid;
-                const BeamLine line = {first.stemX(), start, (end - start) / width};
-                const double cost = costOf(line, start, end, wish, end - start);
+                const double end = endBase + right * grid;
+                const double shape = costOfEnds(start, end, wish);
+                if (shape >= least)
+                    continue;
+                const BeamLine line = {first.x, start, (end - start) / width};
+                const double cost = shape + costOf(line, least - shape);
                 if (cost < least - 1e-9) {
                     least = cost;
                     best = line;
@@ -215,25 +233,34 @@ private:
         return tip;
     }
 
-    double costOf(const BeamLine &line, double start, double end, double wish, double rise) const
+    /// Of stems and what is in the way; no more of it is looked at than a limit.
+    double costOf(const BeamLine &line, double limit) const
     {
         double cost = 0;
-        for (const PlacedChord *member : _members) {
-            const double length = lengthAt(*member, line);
-            const double off = length - wishOf(*member);
+        for (const StemWish &stem : _stems) {
+            const double length = inward() * (stem.headAtTip - line.at(stem.x));
+            const double off = length - stem.length;
             cost += off < 0 ? 3 * off * off : 0.15 * off * off;
-            if (length < leastOf(*member))
-                cost += 100 * (leastOf(*member) - length);
+            if (length < stem.least)
+                cost += 100 * (stem.least - length);
+            if (cost >= limit)
+                return cost;
         }
         for (const Box &box : _inside) {
             const double room =
                 inward() * ((_isUp ? box.top : box.bottom) - line.at((box.left + box.right) / 2))
-                - step() * std::max(1, mostBeams());
+                - _depth;
             if (room < 0.1)
                 cost += 60 * (0.1 - room);
         }
-        cost += 8 * coveredBy(line);
-        cost += 6 * std::abs(rise - wish);
+        return cost + 8 * coveredBy(line);
+    }
+
+    /// Of how a beam rises, and of ends between staff lines.
+    double costOfEnds(double start, double end, double wish) const
+    {
+        const double rise = end - start;
+        double cost = 6 * std::abs(rise - wish);
         if (rise * wish < 0 || (wish == 0 && rise != 0))
             cost += 20;
         for (const double y : {start, end}) {
@@ -260,14 +287,6 @@ private:
         }
     }
 
-    int mostBeams() const
-    {
-        int most = 0;
-        for (const PlacedChord *member : _members)
-            most = std::max(most, member->beat().flagCount());
-        return most;
-    }
-
     void addBeams()
     {
         BeamedChords chords;
@@ -282,7 +301,9 @@ private:
     RowDraft &_row;
     const Pen &_pen;
     std::vector<PlacedChord *> _members;
-    std::vector<Box> _inside; ///< rests and grace notes that the beams lead over
+    std::vector<StemWish> _stems; ///< of the members
+    double _depth = 0;            ///< of all beams together
+    std::vector<Box> _inside;     ///< rests and grace notes that the beams lead over
     std::vector<Box> _obstacles;
     BeamLine _line;
     bool _isUp = true;
