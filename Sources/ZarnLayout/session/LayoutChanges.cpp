@@ -20,11 +20,18 @@ bool haveEqualValue(const std::shared_ptr<const T> &a, const std::shared_ptr<con
     return a == b || (a && b && *a == *b);
 }
 
-bool isIn(const LayoutPage &page, const PlacedSystem &system)
+bool isSame(const PlacedSystem &a, const PlacedSystem &b)
 {
-    return std::any_of(page.systems.begin(), page.systems.end(), [&](const PlacedSystem &other) {
-        return other.at == system.at && haveEqualValue(other.drawing, system.drawing);
-    });
+    return a.at == b.at && haveEqualValue(a.drawing, b.drawing);
+}
+
+/// Most likely where it is on its own page.
+bool isIn(const LayoutPage &page, const PlacedSystem &system, std::size_t number)
+{
+    if (number < page.systems.size() && isSame(page.systems[number], system))
+        return true;
+    return std::any_of(page.systems.begin(), page.systems.end(),
+                       [&](const PlacedSystem &other) { return isSame(other, system); });
 }
 
 /// Collects the boxes of one page.
@@ -47,9 +54,13 @@ public:
     void addWhatOnlyOneHas(const Layout &layout, const LayoutPage &page, const LayoutPage &other)
     {
         std::vector<const PlacedSystem *> changed;
-        for (const PlacedSystem &system : page.systems)
-            if (!isIn(other, system))
-                changed.push_back(&system);
+        for (std::size_t i = 0; i < page.systems.size(); ++i)
+            if (!isIn(other, page.systems[i], i))
+                changed.push_back(&page.systems[i]);
+        if (changed.size() == page.systems.size() && _changes.size() > manyBoxes) {
+            addPage(layout, page);
+            return;
+        }
         constexpr std::size_t few = 4;
         if (changed.size() > few && changed.front()->at.y == changed.back()->at.y) {
             addLineFrom(*changed.front(), layout, page);
@@ -66,6 +77,17 @@ public:
     }
 
 private:
+    /// Systems that go to other pages take all behind them along: what each of these reaches is not
+    /// worth knowing.
+    static constexpr std::size_t manyBoxes = 16;
+
+    /// All of the sheet, and what is beyond its edges.
+    void addPage(const Layout &layout, const LayoutPage &page)
+    {
+        const Box sheet = boxOfSheet(layout, page);
+        add({-sheet.right, -sheet.bottom, 2 * sheet.right, 2 * sheet.bottom});
+    }
+
     /// Parts of a line that only move are many: all of the sheet is drawn again from the parts in
     /// front of them on, as far as their ink may reach, and what of them is beyond its edges.
     void addLineFrom(const PlacedSystem &first, const Layout &layout, const LayoutPage &page)

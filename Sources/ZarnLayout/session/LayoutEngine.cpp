@@ -59,16 +59,19 @@ std::shared_ptr<const layout::Layout> LayoutEngine::layOut(std::shared_ptr<const
 {
     const ScoreSource &source = *next;
     const Sheet sheet(source.page);
-    _oldScore = std::exchange(_score, {});
-    _oldSystems = std::exchange(_systems, {});
+    _oldSystems.swap(_systems);
+    _systems.clear();
     const auto old = std::exchange(_source, nullptr);
     _hasOtherHeads = !old || !haveEqualHeads(*old, source);
-
-    _score.rows = source.rows;
-    _score.staffOfRow = source.staffOfRow;
-    _score.tracks = source.tracks;
-    _score.groups = source.groups;
-    _score.firstNumber = source.firstNumber;
+    if (!old)
+        _score = {};
+    if (_hasOtherHeads) {
+        _score.rows = source.rows;
+        _score.staffOfRow = source.staffOfRow;
+        _score.tracks = source.tracks;
+        _score.groups = source.groups;
+        _score.firstNumber = source.firstNumber;
+    }
     const Origins origins = engrave(source, old.get());
     _breaks.measure(_score, origins, _pen);
     const bool isEmpty = _score.rows.empty() || _score.shown.empty();
@@ -91,7 +94,8 @@ std::shared_ptr<const layout::Layout> LayoutEngine::layOut(std::shared_ptr<const
     auto layout = std::make_shared<const layout::Layout>(std::move(content));
 
     forgetEngraved();
-    _oldScore = {};
+    _former.clear();
+    _gone.clear();
     _oldSystems.clear();
     _source = std::move(next); // at the end: after a failure everything is made anew
     return layout;
@@ -99,31 +103,65 @@ std::shared_ptr<const layout::Layout> LayoutEngine::layOut(std::shared_ptr<const
 
 LayoutEngine::Origins LayoutEngine::engrave(const ScoreSource &source, const ScoreSource *old)
 {
+    _former.clear();
+    _former.shown.swap(_score.shown);
+    for (const auto &column : _score.columns)
+        _former.columns.push_back(column.get());
     _score.shown = shownBars(source);
     Origins origins(_score.shown.size(), isNew);
     if (old && haveEqualRows(*old, source))
         origins = originsOf(source, *old);
-    _score.columns.reserve(_score.shown.size());
-    _score.engraved.resize(_score.shown.size());
-    for (std::size_t i = 0; i < _score.shown.size(); ++i) {
-        if (origins[i] != isNew) {
-            _score.columns.push_back(_oldScore.columns[origins[i]]);
-            _score.engraved[i] = std::move(_oldScore.engraved[origins[i]]);
-            continue;
-        }
-        const ShownBar &bars = _score.shown[i];
-        _score.engraved[i] = engraveColumn(source, bars, _pen);
-        auto column = std::make_shared<ShownColumn>();
-        column->first = source.columns[bars.bar - source.firstBar];
-        column->last = source.columns[bars.bar + bars.count - 1 - source.firstBar];
-        column->count = bars.count;
-        column->width = _score.engraved[i]->spaced.width;
-        if (bars.count == 1)
-            column->wordsLines = wordsLinesOf(*source.columns[bars.bar - source.firstBar]);
-        column->problems = _score.engraved[i]->problems;
-        _score.columns.push_back(std::move(column));
-    }
+    takeBarsOver(origins);
+    _hasOtherBarProblems =
+        _hasOtherBarProblems || !old || source.multiRest || !(_former.shown == _score.shown);
+    for (std::size_t i = 0; i < origins.size(); ++i)
+        if (origins[i] == isNew)
+            engraveBar(source, i);
     return origins;
+}
+
+/// Puts what stays where it stands now; mostly it stands there already.
+void LayoutEngine::takeBarsOver(const Origins &origins)
+{
+    bool isInPlace = origins.size() == _score.columns.size();
+    for (std::size_t i = 0; isInPlace && i < origins.size(); ++i)
+        isInPlace = origins[i] == i || origins[i] == isNew;
+    if (isInPlace)
+        return;
+    _hasOtherBarProblems = true;
+    _gone = std::exchange(_score.columns, {});
+    auto engraved = std::exchange(_score.engraved, {});
+    _score.columns.resize(origins.size());
+    _score.engraved.resize(origins.size());
+    for (std::size_t i = 0; i < origins.size(); ++i)
+        if (origins[i] != isNew) {
+            _score.columns[i] = _gone[origins[i]];
+            _score.engraved[i] = std::move(engraved[origins[i]]);
+        }
+}
+
+void LayoutEngine::engraveBar(const ScoreSource &source, std::size_t shownBar)
+{
+    const auto hasProblems = [](const ShownColumn &column) {
+        return !column.problems.list().empty() || !column.first->longVoices.empty();
+    };
+    const ShownBar &bars = _score.shown[shownBar];
+    auto engraved = engraveColumn(source, bars, _pen);
+    auto column = std::make_shared<ShownColumn>();
+    column->first = source.columns[bars.bar - source.firstBar];
+    column->last = source.columns[bars.bar + bars.count - 1 - source.firstBar];
+    column->count = bars.count;
+    column->width = engraved->spaced.width;
+    if (bars.count == 1)
+        column->wordsLines = wordsLinesOf(*column->first);
+    column->problems = engraved->problems;
+    auto &place = _score.columns[shownBar];
+    _hasOtherBarProblems =
+        _hasOtherBarProblems || hasProblems(*column) || (place && hasProblems(*place));
+    if (place)
+        _gone.push_back(std::move(place));
+    place = std::move(column);
+    _score.engraved[shownBar] = std::move(engraved);
 }
 
 /// What is engraved stays where systems were built, which is where the next edit is likely to be;
@@ -131,14 +169,13 @@ LayoutEngine::Origins LayoutEngine::engrave(const ScoreSource &source, const Sco
 void LayoutEngine::forgetEngraved()
 {
     constexpr std::size_t fewBars = 64;
-    std::vector<std::shared_ptr<const EngravedRows>> kept(_score.engraved.size());
     std::size_t count = 0;
     for (const ShownSystem &system : _systems)
-        for (unsigned i = system.first; system.isNew && i < system.end; ++i, ++count)
-            kept[i] = std::move(_score.engraved[i]);
-    if (count > fewBars && _systems.size() > 1)
-        kept.assign(kept.size(), nullptr);
-    _score.engraved = std::move(kept);
+        count += system.isNew ? system.end - system.first : 0;
+    const bool keepsNew = count <= fewBars || _systems.size() == 1;
+    for (const ShownSystem &system : _systems)
+        for (unsigned i = system.first; i < system.end && !(system.isNew && keepsNew); ++i)
+            _score.engraved[i].reset();
 }
 
 LayoutEngine::Origins LayoutEngine::originsOf(const ScoreSource &source,
@@ -146,21 +183,26 @@ LayoutEngine::Origins LayoutEngine::originsOf(const ScoreSource &source,
 {
     const auto &shown = _score.shown;
     Origins origins(shown.size(), isNew);
+    if (source.firstBar == old.firstBar && source.columns.size() == old.columns.size()
+        && shown == _former.shown) {
+        for (std::size_t i = 0; i < shown.size(); ++i) {
+            const std::size_t first = shown[i].bar - source.firstBar;
+            const std::size_t last = first + shown[i].count - 1;
+            if (source.columns[first] == old.columns[first]
+                && source.columns[last] == old.columns[last])
+                origins[i] = static_cast<std::uint32_t>(i);
+        }
+        return origins;
+    }
     const auto isSameBar = [&](std::size_t i, std::size_t before) {
-        const ShownColumn &column = *_oldScore.columns[before];
+        const ShownColumn &column = *_former.columns[before];
         const std::size_t number = shown[i].bar - source.firstBar;
         return column.count == shown[i].count && column.first == source.columns[number]
             && column.last == source.columns[number + shown[i].count - 1];
     };
-    if (source.columns.size() == old.columns.size() && shown.size() == _oldScore.shown.size()) {
-        for (std::size_t i = 0; i < shown.size(); ++i)
-            if (isSameBar(i, i))
-                origins[i] = static_cast<std::uint32_t>(i);
-        return origins;
-    }
     std::unordered_map<const BarColumn *, std::uint32_t> places;
-    for (std::size_t i = 0; i < _oldScore.columns.size(); ++i)
-        places.emplace(_oldScore.columns[i]->first.get(), static_cast<std::uint32_t>(i));
+    for (std::size_t i = 0; i < _former.columns.size(); ++i)
+        places.emplace(_former.columns[i]->first.get(), static_cast<std::uint32_t>(i));
     for (std::size_t i = 0; i < shown.size(); ++i) {
         const auto place = places.find(source.columns[shown[i].bar - source.firstBar].get());
         if (place != places.end() && isSameBar(i, place->second))
@@ -172,7 +214,7 @@ LayoutEngine::Origins LayoutEngine::originsOf(const ScoreSource &source,
 void LayoutEngine::buildSystems(const ScoreSource &source, const Sheet &sheet,
                                 const Origins &origins)
 {
-    _oldSystemAt.assign(_oldScore.shown.size(), isNew);
+    _oldSystemAt.assign(_former.shown.size(), isNew);
     for (std::size_t i = 0; i < _oldSystems.size(); ++i)
         _oldSystemAt[_oldSystems[i].first] = static_cast<std::uint32_t>(i);
     const double first = sheet.width - indentOf(_score, _pen, true) - 0.2;
@@ -194,7 +236,7 @@ void LayoutEngine::buildLine(const ScoreSource &source, const Origins &origins)
         if (!_score.engraved[shownBar])
             _score.engraved[shownBar] = engraveColumn(source, _score.shown[shownBar], _pen);
     };
-    const auto &parts = _line.make({_score, _oldScore, origins, _hasOtherHeads, engrave});
+    const auto &parts = _line.make({_score, _former, origins, _hasOtherHeads, engrave});
     auto built = std::make_shared<BuiltSystem>();
     built->top = _line.top();
     built->bottom = _line.bottom();
@@ -204,7 +246,8 @@ void LayoutEngine::buildLine(const ScoreSource &source, const Origins &origins)
         system.isNew = part.isNew;
         system.built = built;
         system.drawing = part.drawing;
-        system.problems = part.built->problems;
+        if (!part.built->problems->list().empty())
+            system.problems = part.built->problems;
         _systems.push_back(std::move(system));
     }
 }
@@ -227,7 +270,9 @@ void LayoutEngine::addSystem(const ScoreSource &source, ShownSystem system, cons
         system.built = std::make_shared<const BuiltSystem>(std::move(drawn.system));
         system.drawing = std::move(drawn.drawing);
         system.stretch = 0;
-        system.problems = std::make_shared<const Problems>(std::move(problems));
+        system.problems = nullptr;
+        if (!problems.list().empty())
+            system.problems = std::make_shared<const Problems>(std::move(problems));
     }
     const BuiltSystem *const above = _systems.empty() ? nullptr : _systems.back().built.get();
     if (system.above != above) {
@@ -241,21 +286,24 @@ void LayoutEngine::addSystem(const ScoreSource &source, ShownSystem system, cons
     _systems.push_back(std::move(system));
 }
 
-void LayoutEngine::takeOver(const ShownSystem &old, ShownSystem &system) const
+/// The old system is not needed any more.
+void LayoutEngine::takeOver(ShownSystem &old, ShownSystem &system) const
 {
     const auto bars = static_cast<std::int32_t>(_score.shown[system.first].bar)
-        - static_cast<std::int32_t>(_oldScore.shown[old.first].bar);
-    system.drawing = old.drawing;
+        - static_cast<std::int32_t>(_former.shown[old.first].bar);
+    system.drawing = std::move(old.drawing);
     system.stretch = old.stretch;
     if (bars == 0) {
-        system.built = old.built;
-        system.problems = old.problems;
+        system.built = std::move(old.built);
+        system.problems = std::move(old.problems);
         system.above = old.above;
         system.nesting = old.nesting;
         system.leastGap = old.leastGap;
         return;
     }
     system.built = movedBy(*old.built, system.drawing, bars, _score.number(system.first), _pen);
+    if (!old.problems)
+        return;
     Problems problems;
     problems.add(*old.problems, bars);
     system.problems = std::make_shared<const Problems>(std::move(problems));
@@ -269,29 +317,39 @@ bool LayoutEngine::isSame(const ShownSystem &old, const ShownSystem &system) con
     // Else what is drawn of a system depends on its bars, the one in front, and the one behind.
     const bool isFirst = system.first == 0;
     const bool isLast = system.end == _score.shown.size();
-    if (isFirst != (old.first == 0) || isLast != (old.end == _oldScore.shown.size()))
+    if (isFirst != (old.first == 0) || isLast != (old.end == _former.shown.size()))
         return false;
     for (unsigned number = system.first, before = old.first; number < system.end;
          ++number, ++before)
-        if (_score.columns[number] != _oldScore.columns[before])
+        if (_score.columns[number].get() != _former.columns[before])
             return false;
     const auto isSameNeighbour = [&](unsigned number, unsigned before) {
-        return lookAlikeFromOutside(*_score.columns[number], *_oldScore.columns[before]);
+        return lookAlikeFromOutside(*_score.columns[number], *_former.columns[before]);
     };
     return (isFirst || isSameNeighbour(system.first - 1, old.first - 1))
         && (isLast || isSameNeighbour(system.end, old.end));
 }
 
-Problems LayoutEngine::collectProblems(const ScoreSource &source, const Sheet &sheet) const
+void LayoutEngine::findBarProblems(const ScoreSource &source)
 {
-    Problems problems;
+    if (!_hasOtherBarProblems)
+        return;
+    _barProblems = {};
     for (std::size_t i = 0; i < source.columns.size(); ++i)
         for (layout::DrawPlace place : source.columns[i]->longVoices) {
             place.bar += static_cast<std::int32_t>(source.firstBar + i);
-            problems.add(place, "The voice is longer than its bar.");
+            _barProblems.add(place, "The voice is longer than its bar.");
         }
     for (std::size_t i = 0; i < _score.shown.size(); ++i)
-        problems.add(_score.columns[i]->problems, static_cast<std::int32_t>(_score.shown[i].bar));
+        _barProblems.add(_score.columns[i]->problems,
+                         static_cast<std::int32_t>(_score.shown[i].bar));
+    _hasOtherBarProblems = false;
+}
+
+Problems LayoutEngine::collectProblems(const ScoreSource &source, const Sheet &sheet)
+{
+    findBarProblems(source);
+    Problems problems = _barProblems;
     for (const Row &row : source.rows)
         if (row.lacksStrings && row.isFirstOfStaff) {
             MarkPlace place;
@@ -305,10 +363,13 @@ Problems LayoutEngine::collectProblems(const ScoreSource &source, const Sheet &s
         problems.add(_breaks.problems());
     // What has no bar, such as the names of tracks, is the same in all systems.
     std::set<std::pair<std::int32_t, std::string>> told;
-    for (const ShownSystem &system : _systems)
+    for (const ShownSystem &system : _systems) {
+        if (!system.problems)
+            continue;
         for (const Problems::Problem &problem : system.problems->list())
             if (problem.place.bar >= 0 || told.insert({problem.place.track, problem.text}).second)
                 problems.add(problem.place, problem.text);
+    }
     addFontProblems(problems);
     return problems;
 }

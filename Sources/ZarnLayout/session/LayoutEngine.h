@@ -5,6 +5,7 @@
 #include <ZarnLayout/draw/ZarnLayout.h>
 #include <ZarnLayout/engrave/Pen.h>
 #include <ZarnLayout/page/SystemBuilder.h>
+#include <ZarnLayout/session/FormerBars.h>
 #include <ZarnLayout/session/LineMaker.h>
 #include <ZarnLayout/session/PageMaker.h>
 #include <ZarnLayout/session/SystemBreaks.h>
@@ -39,13 +40,16 @@ private:
 
     Origins engrave(const ScoreSource &source, const ScoreSource *old);
     Origins originsOf(const ScoreSource &source, const ScoreSource &old) const;
+    void takeBarsOver(const Origins &origins);
+    void engraveBar(const ScoreSource &source, std::size_t shownBar);
     void buildSystems(const ScoreSource &source, const Sheet &sheet, const Origins &origins);
     void buildLine(const ScoreSource &source, const Origins &origins);
     void addSystem(const ScoreSource &source, ShownSystem system, const Origins &origins);
     void forgetEngraved();
-    void takeOver(const ShownSystem &old, ShownSystem &system) const;
+    void takeOver(ShownSystem &old, ShownSystem &system) const;
     bool isSame(const ShownSystem &old, const ShownSystem &system) const;
-    Problems collectProblems(const ScoreSource &source, const Sheet &sheet) const;
+    Problems collectProblems(const ScoreSource &source, const Sheet &sheet);
+    void findBarProblems(const ScoreSource &source);
     void addFontProblems(Problems &problems) const;
 
     std::shared_ptr<const layout::MusicFont> _font;
@@ -59,9 +63,12 @@ private:
     EngravedScore _score;
     bool _hasOtherHeads = true; ///< whatever all systems show is different
     std::vector<ShownSystem> _systems;
+    Problems _barProblems;
+    bool _hasOtherBarProblems = true; ///< than those were found
 
     // Of the score before, while the next one is laid out.
-    EngravedScore _oldScore;
+    FormerBars _former;
+    std::vector<std::shared_ptr<const ShownColumn>> _gone; ///< columns of it
     std::vector<ShownSystem> _oldSystems;
     std::vector<std::uint32_t> _oldSystemAt; ///< by shown bar, where one begins
 };

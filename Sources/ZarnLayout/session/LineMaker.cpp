@@ -25,9 +25,9 @@ bool beginsAfresh(const EngravedScore &score, unsigned shownBar)
         || before.doubleBar || before.repeatCount > 0;
 }
 
-std::int32_t barAt(const EngravedScore &score, unsigned shownBar)
+std::int32_t barAt(const std::vector<ShownBar> &shown, unsigned number)
 {
-    return static_cast<std::int32_t>(score.shown[shownBar].bar);
+    return static_cast<std::int32_t>(shown[number].bar);
 }
 
 std::shared_ptr<const layout::SystemDrawing>
@@ -180,7 +180,8 @@ bool LineMaker::hasSameWindow(const Change &change, const Line &old, const LineW
     const auto &oldColumns = change.old.columns;
     for (unsigned i = from; i < to; ++i) {
         const unsigned before = was.first + i - first;
-        if (columns[i] != oldColumns[before] || _line.bars[i].places != old.bars[before].places)
+        if (columns[i].get() != oldColumns[before]
+            || _line.bars[i].places != old.bars[before].places)
             return false;
     }
     return (from == 0 || columns[from - 1]->last->shared == oldColumns[was.from - 1]->last->shared)
@@ -225,7 +226,8 @@ void LineMaker::buildParts(const Change &change, const Line &old)
 
 void LineMaker::takeOver(const Change &change, const LinePart &old, LinePart &part) const
 {
-    const std::int32_t bars = barAt(change.score, part.first) - barAt(change.old, old.first);
+    const std::int32_t bars =
+        barAt(change.score.shown, part.first) - barAt(change.old.shown, old.first);
     if (bars == 0 && part.first == old.first) {
         part.bare = old.bare;
         part.lined = old.lined;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <ZarnLayout/page/LinePartBuilder.h>
+#include <ZarnLayout/session/FormerBars.h>
 
 #include <cstdint>
 #include <functional>
@@ -34,7 +35,7 @@ public:
     /// What is known of a score and the one before.
     struct Change {
         const EngravedScore &score;
-        const EngravedScore &old;
+        const FormerBars &old;
         const std::vector<std::uint32_t> &origins; ///< of shown bars, or `SystemBreaks::isNew`
         bool hasOtherHeads;                        ///< whatever all parts show is different
         std::function<void(unsigned)> engrave;     ///< a bar, if that is not done yet

@@ -40,7 +40,7 @@ struct ShownSystem {
     std::shared_ptr<const BuiltSystem> built;
     std::shared_ptr<const layout::SystemDrawing> drawing; ///< with its rows moved as it was shown
     double stretch = 0;                                   ///< by which they are moved apart
-    std::shared_ptr<const Problems> problems;
+    std::shared_ptr<const Problems> problems;             ///< null for none
     const BuiltSystem *above = nullptr; ///< the system in front, for which the nesting is true
     double nesting = 0;                 ///< how far it may move up between the ink of that one
     double leastGap = 0;                ///< as near as the ink of both may come

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 namespace zarn::engraving {
 
@@ -43,7 +44,7 @@ void ScoreMarks::markBars(std::uint64_t tracks, int first, int last)
 
 void ScoreMarks::addBars(int index, int count)
 {
-    _columns = true;
+    _columns = _haveMoved = true;
     const auto at = std::clamp<std::ptrdiff_t>(index, 0, static_cast<int>(_bars.size()));
     const auto many = static_cast<std::size_t>(std::max(count, 0));
     _bars.insert(_bars.begin() + at, many, allTracks);
@@ -53,7 +54,7 @@ void ScoreMarks::addBars(int index, int count)
 
 void ScoreMarks::removeBars(int index, int count)
 {
-    _columns = true;
+    _columns = _haveMoved = true;
     const auto size = static_cast<std::ptrdiff_t>(_bars.size());
     const auto at = std::clamp<std::ptrdiff_t>(index, 0, size);
     const auto end = std::clamp<std::ptrdiff_t>(std::ptrdiff_t{index} + count, at, size);
@@ -62,15 +63,17 @@ void ScoreMarks::removeBars(int index, int count)
     markBars(allTracks, index, index - 1);
 }
 
-std::vector<std::uint32_t> ScoreMarks::takeOrigins(unsigned barCount)
+std::optional<std::vector<std::uint32_t>> ScoreMarks::takeOrigins(unsigned barCount)
 {
     if (_everything || _bars.size() != barCount) {
         _everything = false;
-        _texts = _columns = true;
+        _texts = _columns = _haveMoved = true;
         _bars.assign(barCount, allTracks);
         _origins.resize(barCount);
         std::iota(_origins.begin(), _origins.end(), 0U);
     }
+    if (!std::exchange(_haveMoved, false))
+        return std::nullopt;
     std::vector<std::uint32_t> origins(barCount);
     std::iota(origins.begin(), origins.end(), 0U);
     origins.swap(_origins);

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <vector>
 
 namespace zarn::engraving {
@@ -39,8 +40,9 @@ public:
     bool anyBar(unsigned bar) const { return _bars[bar] != 0; }
 
     /// For each bar of a score of so many the index that it had when this was asked last, or
-    /// `isNew`; from here on bars may be asked for and cleared.
-    std::vector<std::uint32_t> takeOrigins(unsigned barCount);
+    /// `isNew`; nothing where all of them stand where they stood. From here on bars may be asked
+    /// for and cleared.
+    std::optional<std::vector<std::uint32_t>> takeOrigins(unsigned barCount);
     static constexpr std::uint32_t isNew = 0xffffffff;
 
     /// What was read.
@@ -58,6 +60,7 @@ private:
     bool _columns = true;
     std::vector<std::uint64_t> _bars; ///< a bit for each track
     std::vector<std::uint32_t> _origins;
+    bool _haveMoved = true; ///< bars, since their origins were taken
     std::function<void()> _handler;
 };
 

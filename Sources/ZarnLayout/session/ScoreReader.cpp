@@ -195,13 +195,15 @@ void ScoreReader::readTexts(const ScoreModel &model)
     _source.texts = std::move(texts);
 }
 
-void ScoreReader::moveColumns(const std::vector<std::uint32_t> &origins, unsigned first,
-                              unsigned end)
+void ScoreReader::moveColumns(const std::optional<std::vector<std::uint32_t>> &origins,
+                              unsigned first, unsigned end)
 {
+    if (!origins && _source.firstBar == first && _source.columns.size() == end - first)
+        return;
     std::vector<std::shared_ptr<const BarColumn>> columns(end - first);
     std::vector<std::shared_ptr<const ColumnSource>> shared(end - first);
     for (unsigned bar = first; bar < end; ++bar) {
-        const std::uint32_t origin = origins[bar];
+        const std::uint32_t origin = origins ? (*origins)[bar] : bar;
         if (origin == ScoreMarks::isNew || origin < _source.firstBar
             || origin - _source.firstBar >= _source.columns.size())
             continue;

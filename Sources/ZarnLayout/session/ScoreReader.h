@@ -32,7 +32,8 @@ private:
     void readHeads(const ScoreModel &model, const layout::LayoutOptions &options);
     void readSystems(const ScoreModel &model, layout::SystemBreaks breaks);
     void readTexts(const ScoreModel &model);
-    void moveColumns(const std::vector<std::uint32_t> &origins, unsigned first, unsigned end);
+    void moveColumns(const std::optional<std::vector<std::uint32_t>> &origins, unsigned first,
+                     unsigned end);
     void readShared(const ScoreModel &model, unsigned end);
     void readColumn(const ScoreModel &model, unsigned number, const ScoreMarks &marks);
     /// A bar of all staves of a track, from the given one on.

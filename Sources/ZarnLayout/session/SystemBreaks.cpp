@@ -4,6 +4,7 @@
 #include <ZarnLayout/page/BarLines.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace zarn::engraving {
 
@@ -11,30 +12,53 @@ void SystemBreaks::measure(const EngravedScore &score, const std::vector<std::ui
                            const Pen &pen)
 {
     const auto count = static_cast<unsigned>(score.shown.size());
-    std::vector<Joint> joints(count);
-    std::vector<BarWidth> bars(count);
+    const auto oldCount = static_cast<unsigned>(_bars.size());
+    moveBars(origins);
+    // By the bar in front, and the one behind.
+    const auto isBehindTheSame = [&](unsigned i) {
+        return i == 0 ? origins[i] == 0
+                      : origins[i - 1] != isNew && origins[i - 1] + 1 == origins[i];
+    };
+    const auto isInFrontOfTheSame = [&](unsigned i) {
+        return i + 1 == count ? origins[i] + 1 == oldCount : isBehindTheSame(i + 1);
+    };
     for (unsigned i = 0; i < count; ++i) {
-        const ShownColumn *const before = i > 0 ? score.columns[i - 1].get() : nullptr;
-        Joint &joint = joints[i];
-        if (origins[i] != isNew && _joints[origins[i]].before == before) {
-            joint = _joints[origins[i]];
-        } else {
-            joint.before = before;
+        const bool hasSameJoint = origins[i] != isNew && isBehindTheSame(i);
+        if (hasSameJoint && isInFrontOfTheSame(i))
+            continue;
+        Joint &joint = _joints[i];
+        if (!hasSameJoint) {
             joint.middle = jointBefore(score, i, JointPlace::Middle, pen).width;
             joint.head = jointBefore(score, i, JointPlace::Head, pen).width - joint.middle;
         }
-        BarWidth &bar = bars[i];
-        bar = score.columns[i]->width;
+        BarWidth bar = score.columns[i]->width;
         bar.fixed += joint.middle;
         bar.least += joint.middle;
         bar.headOfLine = joint.head;
         bar.breaksBefore = i > 0 && score.column(i).movementStart;
         bar.endsSection = score.lastColumn(i).doubleBar
             || (i + 1 < count && !score.column(i + 1).section.letter.empty());
+        _isOther = _isOther || !(bar == _bars[i]);
+        _bars[i] = bar;
     }
-    _isOther = _isOther || bars != _bars;
-    _joints = std::move(joints);
-    _bars = std::move(bars);
+}
+
+/// Puts what is known of bars where these stand now.
+void SystemBreaks::moveBars(const std::vector<std::uint32_t> &origins)
+{
+    bool isInPlace = origins.size() == _bars.size();
+    for (std::size_t i = 0; isInPlace && i < origins.size(); ++i)
+        isInPlace = origins[i] == i || origins[i] == isNew;
+    if (isInPlace)
+        return;
+    _isOther = true;
+    const std::vector<Joint> joints = std::exchange(_joints, std::vector<Joint>(origins.size()));
+    const std::vector<BarWidth> bars = std::exchange(_bars, std::vector<BarWidth>(origins.size()));
+    for (std::size_t i = 0; i < origins.size(); ++i)
+        if (origins[i] != isNew) {
+            _joints[i] = joints[origins[i]];
+            _bars[i] = bars[origins[i]];
+        }
 }
 
 const std::vector<unsigned> &SystemBreaks::find(const ScoreSource &source,

@@ -47,11 +47,11 @@ public:
 private:
     /// Width of the signs in front of a bar, and how much more at the head of a line.
     struct Joint {
-        const ShownColumn *before = nullptr; ///< for which it is true
         double middle = 0;
         double head = 0;
     };
 
+    void moveBars(const std::vector<std::uint32_t> &origins);
     void breakAsListed(const ScoreSource &source, const std::vector<ShownBar> &shown,
                        const Widths &widths);
 
