@@ -47,19 +47,32 @@ std::vector<LaidOut::Mark> inFirstBar(const LaidOut &laid, MarkKind kind)
     return marks;
 }
 
-/// Of the outlines of curves of a kind, the points that lie in a box.
-int pointsInside(const LaidOut &laid, MarkKind kind, const LaidOut::Mark &box)
+/// Of the points along an edge, those that lie in a box.
+int pointsBetween(const layout::Point &from, const layout::Point &to, const LaidOut::Mark &box)
 {
     using layout::toSpaces;
+    constexpr int steps = 16;
+    int count = 0;
+    for (int i = 0; i < steps; ++i) {
+        const double part = static_cast<double>(i) / steps;
+        const double x = toSpaces(from.x) + (toSpaces(to.x) - toSpaces(from.x)) * part;
+        const double y = toSpaces(from.y) + (toSpaces(to.y) - toSpaces(from.y)) * part;
+        count += x > box.left && x < box.right && y > box.top && y < box.bottom ? 1 : 0;
+    }
+    return count;
+}
+
+/// Of the outlines of marks of a kind, the points that lie in a box.
+int pointsInside(const LaidOut &laid, MarkKind kind, const LaidOut::Mark &box)
+{
     int count = 0;
     for (const auto &system : laid.layout->pages().at(0).systems) {
         const auto &list = system.drawing->marks;
         for (const auto &mark : list.marks())
             if (mark.kind == kind)
                 for (const auto &polygon : polygonsOf(list, mark, 64))
-                    for (const layout::Point &point : polygon)
-                        count += toSpaces(point.x) > box.left && toSpaces(point.x) < box.right
-                            && toSpaces(point.y) > box.top && toSpaces(point.y) < box.bottom;
+                    for (std::size_t i = 0; i < polygon.size(); ++i)
+                        count += pointsBetween(polygon[i], polygon[(i + 1) % polygon.size()], box);
     }
     return count;
 }
@@ -220,6 +233,32 @@ TEST(InkOnInkTest, theSignForTwoBarsKeepsOffClefs)
     EXPECT_GT(laid.of(MarkKind::Clef).size(), 1U);
     for (const auto &clef : laid.of(MarkKind::Clef))
         EXPECT_FALSE(meet(similes.front(), clef));
+}
+
+/// The sign that stands for two bars makes way for the dots of a repeat between them, and for a
+/// meter.
+TEST(InkOnInkTest, theSignForTwoBarsKeepsOffRepeatsAndMeters)
+{
+    for (const bool isRepeat : {true, false}) {
+        ViolinPiece piece(4);
+        for (unsigned bar = 0; bar < 4; ++bar)
+            piece.add({72}, NoteValue::Whole, 0, 0, bar);
+        Track &track = *piece.model->track(0);
+        track.bar(2)->setSimileMark(SimileMark::FirstOfDouble);
+        track.bar(3)->setSimileMark(SimileMark::SecondOfDouble);
+        MasterBar &between = *piece.model->masterTrack()->masterBars()[isRepeat ? 2 : 3];
+        if (isRepeat)
+            between.setRepeatCount(2);
+        else
+            between.setTimeSignature(TimeSignature(3, 4));
+        const LaidOut laid(*piece.model);
+        const auto similes = laid.of(MarkKind::Simile);
+        ASSERT_EQ(similes.size(), 1U);
+        const auto others = laid.of(isRepeat ? MarkKind::RepeatDots : MarkKind::TimeSignature);
+        ASSERT_FALSE(others.empty());
+        for (const auto &mark : others)
+            EXPECT_FALSE(meet(similes.front(), mark));
+    }
 }
 
 /// Chords without strings slide as wholes: each note to the one of its rank.
@@ -577,4 +616,93 @@ TEST(InkOnInkTest, shortSlidesPassByTheHeadsInTheirWay)
         for (const auto &head : laid.of(MarkKind::NoteHead))
             EXPECT_FALSE(meet(slides[0], head)) << head.left;
     }
+}
+
+/// Beams over a clef that changes between their notes leave it room.
+TEST(InkOnInkTest, beamsKeepOffClefs)
+{
+    for (const NoteValue value : {NoteValue::Eighth, NoteValue::SixtyFourth})
+        for (const int high : {55, 60, 65, 72, 79})
+            for (const int low : {36, 41, 45, 50}) {
+                SCOPED_TRACE(std::to_string(high) + " " + std::to_string(low));
+                ViolinPiece piece;
+                for (unsigned i = 0; i < 4; ++i)
+                    piece.add({i < 2 ? high : low}, value);
+                piece.model->track(0)->bar(0)->setClefChanges(
+                    {{utils::rational(1, value == NoteValue::Eighth ? 1 : 8), ClefType::F4}});
+                const LaidOut laid(*piece.model);
+                const auto clefs = laid.of(MarkKind::Clef);
+                ASSERT_EQ(clefs.size(), 2U);
+                ASSERT_FALSE(laid.of(MarkKind::Beam).empty());
+                for (const auto &clef : clefs)
+                    EXPECT_EQ(pointsInside(laid, MarkKind::Beam, clef), 0);
+            }
+}
+
+/// Strokes through the stems of a tablature keep off its numbers and the dots, and dots of two
+/// voices off one another.
+TEST(InkOnInkTest, signsAtTheStemsOfTablatureHaveRoom)
+{
+    for (const NoteValue value : {NoteValue::Half, NoteValue::Quarter, NoteValue::SixtyFourth}) {
+        SmallScore small;
+        TrackNotations notations;
+        notations.standard = false;
+        notations.tablature = true;
+        small.model.track(0)->setChosenNotations(notations);
+        for (const unsigned voice : {0U, 1U}) {
+            const auto made = beat(value, 5 - static_cast<int>(voice), 3);
+            made->setRhythmValue(RhythmValue(value, 2));
+            BeatMarks marks = made->marks();
+            marks.setTremolo(voice == 0 ? 4 : 0);
+            made->setMarks(marks);
+            small.model.track(0)->bar(5)->ensureVoice(voice)->addBeat(made);
+        }
+        const LaidOut laid(small.model);
+        const auto strokes = laid.of(MarkKind::Tremolo);
+        const auto dots = laid.of(MarkKind::AugmentationDot);
+        ASSERT_EQ(strokes.size(), 1U);
+        ASSERT_EQ(dots.size(), 4U);
+        for (const auto &fret : laid.of(MarkKind::Fret))
+            EXPECT_FALSE(fret.system == strokes[0].system && meet(fret, strokes[0]));
+        for (std::size_t i = 0; i < dots.size(); ++i) {
+            EXPECT_FALSE(dots[i].place.voice == 0 && meet(dots[i], strokes[0]));
+            for (std::size_t j = 0; j < i; ++j)
+                EXPECT_FALSE(meet(dots[i], dots[j])) << i << " " << j;
+        }
+    }
+}
+
+/// A tie ends in front of the arpeggio of its second chord, however close the notes are.
+TEST(InkOnInkTest, tiesEndInFrontOfArpeggios)
+{
+    ViolinPiece piece;
+    for (unsigned i = 0; i < 24; ++i) {
+        Beat &chord = piece.add({62, 69, 76}, NoteValue::ThirtySecond);
+        chord.setArpeggio({Direction::Up, 0, {}});
+        for (const auto &note : chord.notes()) {
+            note->setTied(i > 0);
+            note->setTieOrigin(i < 23);
+        }
+    }
+    const LaidOut laid(*piece.model);
+    ASSERT_EQ(laid.of(MarkKind::Tie).size(), 69U);
+    for (const auto &arpeggio : laid.of(MarkKind::Arpeggio))
+        EXPECT_EQ(pointsInside(laid, MarkKind::Tie, arpeggio), 0) << arpeggio.left;
+}
+
+/// The name of a section that is longer than the line is written smaller.
+TEST(InkOnInkTest, namesOfSectionsFitTheirLine)
+{
+    ViolinPiece piece(2);
+    Section section;
+    section.letter = "In the very first place";
+    for (unsigned i = 0; i < 12; ++i)
+        section.text += "comes a name that does not end ";
+    piece.model->masterTrack()->masterBars()[0]->setSection(section);
+    const LaidOut laid(*piece.model);
+    const auto names = laid.of(MarkKind::Section);
+    ASSERT_EQ(names.size(), 2U);
+    const auto lines = laid.of(MarkKind::StaffLine);
+    EXPECT_LT(names[0].right, names[1].left);
+    EXPECT_LT(names[1].right, lines.at(0).right + 0.5);
 }

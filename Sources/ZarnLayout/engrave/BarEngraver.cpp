@@ -309,8 +309,15 @@ void BarEngraver::placeStem(Chord &chord)
         chord.stemX = chord.width / 2;
         chord.stemRoot = edge + direction * (isShort ? 1.5 : 0);
         // Beams leave room to the dots, which stand where the stem begins.
-        chord.stemTip = edge
-            + direction * (2.75 + 0.5 * std::max(0, flags - 2) + 0.25 * std::max(0, flags - 3));
+        double length = 2.75 + 0.5 * std::max(0, flags - 2) + 0.25 * std::max(0, flags - 3);
+        // The strokes of a tremolo are behind the dots and in front of the flags.
+        if (const unsigned strokes = chord.beat->marks.tremolo(); strokes > 0) {
+            const double dots = chord.beat->rhythm.getAugmentationDot() > 0 ? 0.8 : 0;
+            const Box &sign = fonts.box(tremoloSign(strokes));
+            const double inmost = std::abs(tremoloPoint(chord, 0, fonts).y) + sign.height() / 2;
+            length = std::max(length, (isShort ? 1.5 : 0) + dots + inmost);
+        }
+        chord.stemTip = edge + direction * length;
         return;
     }
     const double half = fonts.stem() / 2;

@@ -41,11 +41,20 @@ Sign tremoloSign(unsigned strokes)
     return Sign::Tremolo1 + (static_cast<int>(std::min(strokes, 5U)) - 1);
 }
 
-double tremoloY(const Chord &chord, double stemTip)
+Point tremoloPoint(const Chord &chord, double stemTip, const Fonts &fonts)
 {
-    const double inward = chord.isStemUp ? 1 : -1;
-    return stemTip
-        + inward * (0.7 + 0.75 * chord.beat->flagCount() + 0.4 * chord.beat->marks.tremolo());
+    const unsigned strokes = chord.beat->marks.tremolo();
+    if (chord.hasStem) {
+        const double inward = chord.isStemUp ? 1 : -1;
+        return {chord.stemX,
+                stemTip + inward * (0.7 + 0.75 * chord.beat->flagCount() + 0.4 * strokes)};
+    }
+    const bool isBelow = chord.hasRival && !chord.isStemUp;
+    const Box &head = fonts.box((isBelow ? chord.heads.front() : chord.heads.back()).glyph);
+    const Box &sign = fonts.box(tremoloSign(strokes));
+    const double y = isBelow ? chord.bottom() + (head.bottom + 0.3 - sign.top) * chord.scale
+                             : chord.top() + (head.top - 0.3 - sign.bottom) * chord.scale;
+    return {chord.width / 2, y};
 }
 
 Ink restInk(const Row &row, const Pen &pen, const Chord &chord)
@@ -90,7 +99,7 @@ std::vector<Box> chordShape(const Chord &chord, const Fonts &fonts)
         const Box &sign = fonts.box(tremoloSign(strokes));
         boxes.push_back(Box{sign.left * chord.scale, sign.top * chord.scale,
                             sign.right * chord.scale, sign.bottom * chord.scale}
-                            .movedBy(chord.stemX, tremoloY(chord, chord.stemTip)));
+                            .movedBy(chord.stemX, tremoloPoint(chord, chord.stemTip, fonts).y));
     }
     if (!chord.isBeamed && chord.beat->flagCount() > 0) {
         const Box &flag = fonts.box(flagOf(chord.beat->flagCount(), chord.isStemUp));
@@ -375,8 +384,14 @@ void ChordInks::addDots(const Chord &chord, double right, std::set<int> &taken, 
         if (taken.insert(headKey(chord.heads.front())).second)
             places.push_back(chord.bottom() - 0.5 * _row.lineDistance);
     } else if (_row.notation == Notation::Tablature) {
-        // Beside the stem, where it begins: beams are at its other end.
-        places.push_back(chord.stemRoot + (chord.isStemUp ? -0.45 : 0.45));
+        // Beside the stem, where it begins: beams are at its other end. Those of several
+        // voices stand one behind another.
+        const double outward = chord.isStemUp ? -1 : 1;
+        double off = 0.45;
+        constexpr int firstKey = 1000; // off those of heads
+        for (int key = firstKey; !taken.insert(chord.isStemUp ? -key : key).second; ++key)
+            off += 0.8;
+        places.push_back(chord.stemRoot + outward * off);
         const int flags = chord.isBeamed ? 0 : chord.beat->flagCount();
         right = chord.stemX + dotGap
             + (flags > 0 ? _pen.fonts().box(flagOf(flags, chord.isStemUp)).right * chord.scale : 0);

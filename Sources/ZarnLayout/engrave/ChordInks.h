@@ -10,10 +10,10 @@
 
 namespace zarn::engraving {
 
-/// The strokes of a tremolo on the stem of a chord, and the height of their middle, from where the
-/// stem ends.
+/// The strokes of a tremolo of a chord, and where their middle is, from its origin: on its stem, by
+/// where that ends, else above the notes, or below those of a lower voice.
 Sign tremoloSign(unsigned strokes);
-double tremoloY(const Chord &chord, double stemTip);
+Point tremoloPoint(const Chord &chord, double stemTip, const Fonts &fonts);
 
 /// Makes the marks of the chords and rests of a bar whose heads and stems have their places:
 /// heads, ledger lines, stems and flags of what is not beamed, dots, accidentals, arpeggios.

@@ -2,6 +2,7 @@
 #include <ZarnLayout/engrave/ColumnSpaces.h>
 
 #include <ZarnLayout/engrave/BeamChain.h>
+#include <ZarnLayout/engrave/ChordInks.h>
 #include <ZarnLayout/engrave/ChordSymbolText.h>
 #include <ZarnLayout/engrave/Pen.h>
 #include <ZarnLayout/engrave/WrittenText.h>
@@ -185,6 +186,22 @@ SpaceBox tremoloSpace(const Chord &chord, const EngravedBar &bar, const Row &row
             SpaceBox::Kind::Sign};
 }
 
+/// The strokes of a tremolo reach over both sides of the stem, wherever it ends.
+SpaceBox strokesSpace(const Chord &chord, const Fonts &fonts)
+{
+    constexpr double halfStroke = 0.65;
+    if (chord.hasStem)
+        return {{chord.x + chord.stemX - halfStroke, std::min(chord.stemTip, chord.stemRoot),
+                 chord.x + chord.stemX + halfStroke, std::max(chord.stemTip, chord.stemRoot)},
+                SpaceBox::Kind::Stem};
+    const Box &sign = fonts.box(tremoloSign(chord.beat->marks.tremolo()));
+    const Point middle = tremoloPoint(chord, chord.stemTip, fonts);
+    return {Box{sign.left * chord.scale, sign.top * chord.scale, sign.right * chord.scale,
+                sign.bottom * chord.scale}
+                .movedBy(chord.x + middle.x, middle.y),
+            SpaceBox::Kind::Stem};
+}
+
 /// Where the stems of each chord may end: those of one beam at most as far out as the outermost of
 /// them would without it.
 std::vector<double> stemTipsOf(const std::vector<Chord> &chords)
@@ -213,15 +230,28 @@ std::vector<double> stemTipsOf(const std::vector<Chord> &chords)
     return tips;
 }
 
-/// The ties of a chord with dots begin behind these, inside what they lead to.
+/// Whether something that a tie does not pass, an arpeggio, stands in front of the next chord.
+bool leadsToArpeggio(const Chord &chord, const EngravedBar &bar)
+{
+    const Chord *const next = nextOf(chord, bar.chords);
+    return next
+        && std::any_of(bar.inks.begin() + next->firstInk, bar.inks.begin() + next->inkEnd,
+                       [](const Ink &ink) { return ink.kind == MarkKind::Arpeggio; });
+}
+
+/// The ties of a chord with dots begin behind these, inside what they lead to; those that lead to
+/// an arpeggio end in front of it.
 void addTieSpaces(const Chord &chord, const EngravedBar &bar, const BarSource &source,
                   std::vector<SpaceBox> &boxes)
 {
     constexpr double shortest = 0.9;
     constexpr double height = 0.7;
-    if (chord.beat->noteCount == 0 || chord.beat->rhythm.getAugmentationDot() == 0)
+    if (chord.beat->noteCount == 0
+        || (chord.beat->rhythm.getAugmentationDot() == 0 && !leadsToArpeggio(chord, bar)))
         return;
     double right = 0;
+    for (const Head &head : chord.heads)
+        right = std::max(right, head.x + head.width);
     for (std::uint32_t i = chord.firstInk; i < chord.inkEnd; ++i)
         if (bar.inks[i].kind == MarkKind::AugmentationDot)
             right = std::max(right, bar.inks[i].box.right);
@@ -273,13 +303,9 @@ void addSpaces(EngravedBar &bar, const BarSource &source, const Row &row, const 
             && (row.notation != Notation::Tablature || row.hasRhythm))
             boxes.push_back(tremoloSpace(chord, bar, row));
         addLinkSpaces(chord, bar, source, row, boxes);
-        // The strokes of a tremolo reach over both sides of the stem.
-        constexpr double halfStroke = 0.65;
-        if (chord.hasStem && chord.beat->marks.tremolo() > 0)
-            boxes.push_back(
-                {{chord.x + chord.stemX - halfStroke, std::min(chord.stemTip, chord.stemRoot),
-                  chord.x + chord.stemX + halfStroke, std::max(chord.stemTip, chord.stemRoot)},
-                 SpaceBox::Kind::Stem});
+        if (!chord.isRest() && chord.beat->marks.tremolo() > 0
+            && (row.notation != Notation::Tablature || row.hasRhythm))
+            boxes.push_back(strokesSpace(chord, fonts));
         if (chord.isBeamed && chord.hasStem) {
             const double tip = stemTips[static_cast<std::size_t>(&chord - bar.chords.data())];
             boxes.push_back({{chord.x + chord.stemX - 0.06, std::min(tip, chord.stemRoot),

@@ -130,11 +130,12 @@ private:
     {
         double covered = 0;
         for (const Box &box : _obstacles) {
-            const double outer = line.at((box.left + box.right) / 2);
-            const double inner = outer + inward() * _depth;
-            covered += std::max(0.0,
-                                std::min(box.bottom, std::max(outer, inner))
-                                    - std::max(box.top, std::min(outer, inner)));
+            // From one end of the box to the other, as far as the beams reach.
+            const double left = line.at(std::max(box.left, _stems.front().x));
+            const double right = line.at(std::min(box.right, _stems.back().x));
+            const double top = std::min(left, right) + std::min(0.0, inward() * _depth);
+            const double bottom = std::max(left, right) + std::max(0.0, inward() * _depth);
+            covered += std::max(0.0, std::min(box.bottom, bottom) - std::max(box.top, top));
         }
         return covered;
     }
@@ -204,23 +205,35 @@ private:
         const double grid = 0.25;
         const double base = std::floor(innermost / grid) * grid;
         const double endBase = std::floor((innermost + wish) / grid) * grid;
-        // What is in the way may be farther off, and a beam goes around them by what it takes.
-        const int reach = _obstacles.empty() || coveredBy(best) == 0 ? 3 : 14;
-        for (int left = -reach; left <= reach; ++left)
-            for (int right = std::max(-reach, left - 6); right <= std::min(reach, left + 6);
-                 ++right) {
-                const double start = base + left * grid;
-                const double end = endBase + right * grid;
-                const double shape = costOfEnds(start, end, wish);
-                if (shape >= least)
-                    continue;
-                const BeamLine line = {first.x, start, (end - start) / width};
-                const double cost = shape + costOf(line, least - shape);
-                if (cost < least - 1e-9) {
-                    least = cost;
-                    best = line;
+        const auto seek = [&](int reach, double inkCost) {
+            least = 1e9;
+            for (int left = -reach; left <= reach; ++left)
+                for (int right = std::max(-reach, left - 6); right <= std::min(reach, left + 6);
+                     ++right) {
+                    const double start = base + left * grid;
+                    const double end = endBase + right * grid;
+                    double cost = costOfEnds(start, end, wish);
+                    if (cost >= least)
+                        continue;
+                    const BeamLine line = {first.x, start, (end - start) / width};
+                    cost += costOf(line, least - cost);
+                    if (cost < least && !_obstacles.empty())
+                        cost += inkCost * coveredBy(line);
+                    if (cost < least - 1e-9) {
+                        least = cost;
+                        best = line;
+                    }
                 }
-            }
+        };
+        // What is in the way may be farther off, and a beam goes around them by what it takes;
+        // where that leaves it on ink, as far as stems can be.
+        constexpr double inkCost = 8;
+        constexpr double highestInkCost = 200;
+        constexpr double air = 0.1; ///< that is around what stands there
+        const bool isFree = _obstacles.empty() || coveredBy(best) == 0;
+        seek(isFree ? 3 : 14, inkCost);
+        if (!_obstacles.empty() && coveredBy(best) > air)
+            seek(48, highestInkCost);
         return best;
     }
 
@@ -253,7 +266,7 @@ private:
             if (room < 0.1)
                 cost += 60 * (0.1 - room);
         }
-        return cost + 8 * coveredBy(line);
+        return cost;
     }
 
     /// Of how a beam rises, and of ends between staff lines.

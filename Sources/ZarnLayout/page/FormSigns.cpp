@@ -298,10 +298,10 @@ const char *feelText(TripletFeel feel)
 constexpr double enclosureGap = 0.4; ///< around rehearsal letters
 constexpr double enclosureThickness = 0.16;
 
-Ink boxAround(const Pen &pen, const Box &letters)
+Ink boxAround(const Pen &pen, const Box &letters, double scale)
 {
-    const Box box = {letters.left - enclosureGap, letters.top - enclosureGap,
-                     letters.right + enclosureGap, enclosureGap};
+    const double gap = enclosureGap * scale;
+    const Box box = {letters.left - gap, letters.top - gap, letters.right + gap, gap};
     return pen.polyline(MarkKind::Enclosure,
                         {{box.left, box.top},
                          {box.right, box.top},
@@ -317,12 +317,12 @@ bool fitsCircle(const Box &letters)
     return letters.width() < 3 * letters.height();
 }
 
-Ink circleAround(const Pen &pen, const Box &letters)
+Ink circleAround(const Pen &pen, const Box &letters, double scale)
 {
     constexpr int corners = 64;
     constexpr double pi = 3.14159265358979323846;
     const Point centre = {(letters.left + letters.right) / 2, letters.top / 2};
-    const double radius = std::hypot(letters.width(), letters.top) / 2 + enclosureGap;
+    const double radius = std::hypot(letters.width(), letters.top) / 2 + enclosureGap * scale;
     std::vector<Point> points;
     for (int i = 0; i <= corners; ++i) {
         const double angle = 2 * pi * i / corners;
@@ -330,6 +330,36 @@ Ink circleAround(const Pen &pen, const Box &letters)
             {centre.x + radius * std::cos(angle), centre.y + radius * std::sin(angle)});
     }
     return pen.polyline(MarkKind::Enclosure, std::move(points), enclosureThickness);
+}
+
+/// A rehearsal letter and the name of a section.
+Inks sectionInks(const Pen &pen, const Section &section, double x, double scale)
+{
+    Inks inks;
+    if (!section.letter.empty()) {
+        inks.push_back(pen.text(MarkKind::Section, TextRole::SectionLetter, section.letter, x + 0.4,
+                                0, Pen::Align::Begin, scale));
+        const Box &letters = inks.back().box;
+        Ink frame = section.isCircled && fitsCircle(letters) ? circleAround(pen, letters, scale)
+                                                             : boxAround(pen, letters, scale);
+        inks.push_back(std::move(frame));
+        move(inks, x - boxOf(inks).left, 0);
+        x = boxOf(inks).right + 0.7 * scale;
+    }
+    if (!section.text.empty())
+        for (Ink &ink : pen.words(MarkKind::Section, TextRole::Section, section.text, x, 0,
+                                  Pen::Align::Begin, scale))
+            inks.push_back(std::move(ink));
+    return inks;
+}
+
+/// What `make` makes of a scale: smaller where it would be longer than the line.
+template <class Make>
+Inks fitted(const SystemDraft &draft, Make make)
+{
+    Inks inks = make(1);
+    const double width = inks.empty() ? 0 : boxOf(inks).width();
+    return width > draft.room ? make(draft.room / width) : inks;
 }
 
 void addTempos(SystemDraft &draft, RowDraft &row)
@@ -345,11 +375,8 @@ void addTempos(SystemDraft &draft, RowDraft &row)
             const double x = tempo.position > 0
                 ? placeOfTime(draft, bar, static_cast<double>(tempo.position))
                 : bar.left - (bar.shownBar == draft.first ? 1.0 : 0.0);
-            Inks inks = tempoInks(draft.pen, tempo, x, 1);
-            // What is longer than the line becomes smaller.
-            const double width = inks.empty() ? 0 : boxOf(inks).width();
-            if (width > draft.room)
-                inks = tempoInks(draft.pen, tempo, x, draft.room / width);
+            Inks inks =
+                fitted(draft, [&](double scale) { return tempoInks(draft.pen, tempo, x, scale); });
             if (!inks.empty())
                 putAbove(row, keepInside(std::move(inks)), where, 0.9);
         }
@@ -364,23 +391,10 @@ void addTempos(SystemDraft &draft, RowDraft &row)
                                                 bar.left, 0)}),
                      where, 0.8);
         if (!column.section.isEmpty()) {
-            Inks inks;
-            double x = bar.left - (bar.shownBar == draft.first ? 1.0 : 0.0);
-            if (!column.section.letter.empty()) {
-                inks.push_back(draft.pen.text(MarkKind::Section, TextRole::SectionLetter,
-                                              column.section.letter, x + 0.4, 0));
-                const Box &letters = inks.back().box;
-                Ink frame = column.section.isCircled && fitsCircle(letters)
-                    ? circleAround(draft.pen, letters)
-                    : boxAround(draft.pen, letters);
-                inks.push_back(std::move(frame));
-                move(inks, x - boxOf(inks).left, 0);
-                x = boxOf(inks).right + 0.7;
-            }
-            if (!column.section.text.empty())
-                for (Ink &ink : draft.pen.words(MarkKind::Section, TextRole::Section,
-                                                column.section.text, x, 0))
-                    inks.push_back(std::move(ink));
+            const double x = bar.left - (bar.shownBar == draft.first ? 1.0 : 0.0);
+            Inks inks = fitted(draft, [&](double scale) {
+                return sectionInks(draft.pen, column.section, x, scale);
+            });
             putAbove(row, keepInside(std::move(inks)), where, 0.9);
         }
     }
@@ -399,7 +413,12 @@ void addStringsTexts(SystemDraft &draft)
         where.track = static_cast<std::int16_t>(track);
         where.staff = static_cast<std::int8_t>(row.row->staff);
         putAbove(row,
-                 {draft.pen.text(MarkKind::Tuning, TextRole::Tuning, text, draft.staffLeft, 0)},
+                 fitted(draft,
+                        [&](double scale) {
+                            return Inks{draft.pen.text(MarkKind::Tuning, TextRole::Tuning, text,
+                                                       draft.staffLeft, 0, Pen::Align::Begin,
+                                                       scale)};
+                        }),
                  where, 0.7);
     }
 }

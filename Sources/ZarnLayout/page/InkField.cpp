@@ -65,9 +65,15 @@ void InkField::add(const Ink &ink, double y)
                  weight,
                  false});
     };
+    // Upwards and downwards a line is the thicker the steeper it is.
+    const auto addLine = [&](const Point &from, const Point &to, double half) {
+        const double width = std::abs(to.x - from.x);
+        const bool stands = width < 2 * half;
+        addEdge(from, to, stands ? half : half * std::hypot(width, to.y - from.y) / width);
+    };
     if (ink.shape == Ink::Shape::Line) {
         for (std::size_t i = 1; i < ink.points.size(); ++i)
-            addEdge(ink.points[i - 1], ink.points[i], ink.thickness / 2);
+            addLine(ink.points[i - 1], ink.points[i], ink.thickness / 2);
     } else if (ink.shape == Ink::Shape::Polygon && ink.points.size() == 4
                && ink.points[0].x == ink.points[3].x && ink.points[1].x == ink.points[2].x) {
         const Point middle[2] = {{ink.points[0].x, (ink.points[0].y + ink.points[3].y) / 2},

@@ -22,9 +22,9 @@ using EngraveRow = void (*)(RowDraft &row, const SystemDraft &draft);
 
 /// What is nearer to the notes comes first; what bends round other marks behind those.
 constexpr EngraveRow rowEngravers[] = {
-    addTremolos, addBends,      addStringLinks, addTies,    addArticulations,
-    addSlurs,    addWhammyBars, cutUprights,    addTuplets, addBeatSigns,
-    addFermatas, addDynamics,   addStretches,   addLyrics,  addChordSymbols,
+    addTremolosBetween, addBends,      addStringLinks, addTies,    addArticulations,
+    addSlurs,           addWhammyBars, cutUprights,    addTuplets, addBeatSigns,
+    addFermatas,        addDynamics,   addStretches,   addLyrics,  addChordSymbols,
 };
 
 } // namespace

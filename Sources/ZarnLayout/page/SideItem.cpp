@@ -27,8 +27,8 @@ double baseLine(const RowDraft &row, const SideItem &item)
     return y;
 }
 
-/// Words that a bar line would run through make way for it, as long as they stay near their note,
-/// and off their neighbours where they share a line with them.
+/// Words and single signs that a bar line would run through make way for it, as long as they stay
+/// near their note, and off their neighbours where they share a line with them.
 void clearBarLines(const RowDraft &row, SideItem &item, const SideItems &all)
 {
     constexpr double farthest = 4;
@@ -37,7 +37,10 @@ void clearBarLines(const RowDraft &row, SideItem &item, const SideItems &all)
     if (item.side == Side::Above ? !row.hasLinesAbove : !row.hasLinesBelow)
         return;
     for (Ink &ink : item.inks) {
-        if (ink.shape != Ink::Shape::Text || ink.kind == MarkKind::Lyric)
+        // Dynamics stand inside of their bar anyway.
+        const bool isSign = ink.shape == Ink::Shape::Glyph && item.inks.size() == 1
+            && ink.kind != MarkKind::Dynamic;
+        if ((ink.shape != Ink::Shape::Text && !isSign) || ink.kind == MarkKind::Lyric)
             continue;
         for (const double line : row.barLines) {
             const double left = ink.box.right - (line - gap);

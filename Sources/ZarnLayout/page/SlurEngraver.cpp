@@ -109,16 +109,15 @@ public:
     {
         const PlacedChord &first = _row.chords[span.first];
         const PlacedChord &last = _row.chords[span.last];
-        if (isOfGrace(span)) {
-            drawOfGrace(first, last, span.line);
-            return;
-        }
-        const bool isAbove = sideOf(span);
+        const bool isOfGrace = isFromGrace(span);
+        const bool isAbove = isOfGrace ? !first.chord->isStemUp : sideOf(span);
         // Over one chord at most, a slur finds its way between the notes of other voices.
         const bool isShort = span.last - span.first < 2;
-        Bow bow = bestOn(span, isAbove, isShort);
-        if ((span.side != SlurSide::Auto || hasBends(span)) && isOnInk(bow))
+        Bow bow = isOfGrace ? bestOfGrace(first, last) : bestOn(span, isAbove, isShort);
+        if (!isOfGrace && (span.side != SlurSide::Auto || hasBends(span)) && isOnInk(bow))
             bow = offInk(span, isAbove, bow);
+        if (isOfGrace && _field.hidesInk(bow))
+            bow = bestOn(span, isAbove, isShort);
         for (const bool side : {isAbove, !isAbove})
             if (_field.hidesInk(bow))
                 if (const Bow around = aroundAll(span, side); !_field.hidesInk(around))
@@ -216,7 +215,7 @@ private:
     }
 
     /// From grace notes to the note that they belong to, on the side where their stems are not.
-    bool isOfGrace(const SlurSpan &span) const
+    bool isFromGrace(const SlurSpan &span) const
     {
         const PlacedChord &first = _row.chords[span.first];
         const PlacedChord &last = _row.chords[span.last];
@@ -229,7 +228,7 @@ private:
     }
 
     /// It stays near to the heads.
-    void drawOfGrace(const PlacedChord &first, const PlacedChord &last, SlurLine line)
+    Bow bestOfGrace(const PlacedChord &first, const PlacedChord &last)
     {
         const bool isAbove = !first.chord->isStemUp;
         const double sign = isAbove ? -1 : 1;
@@ -244,7 +243,7 @@ private:
             to = {std::min(last.stemX(), last.x) - 0.2, edge(last) - sign * 0.2};
             to.x = std::max(to.x, from.x + 0.8);
         }
-        addCurve(first, leastInked(Bow::arched(from, to, sign * -0.7), -sign, _field.all()), line);
+        return leastInked(Bow::arched(from, to, sign * -0.7), -sign, _field.all());
     }
 
     /// Calls with each chord of another voice that begins with one.

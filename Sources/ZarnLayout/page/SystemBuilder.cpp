@@ -9,6 +9,7 @@
 #include <ZarnLayout/page/RowEngravers.h>
 #include <ZarnLayout/page/RowHangers.h>
 #include <ZarnLayout/page/SystemHead.h>
+#include <ZarnLayout/page/TremoloEngraver.h>
 #include <ZarnLayout/page/WordRods.h>
 
 #include <algorithm>
@@ -20,14 +21,15 @@ namespace zarn::engraving {
 
 namespace {
 
-constexpr double gapInStaff = 3.5;    ///< between notation and tablature of a staff
-constexpr double gapInTrack = 4.8;    ///< between staves of a track
-constexpr double gapInScore = 5.0;    ///< between tracks
-constexpr double inkGap = 0.6;        ///< between ink of neighbouring rows
-constexpr double inkGapInStaff = 1.2; ///< where nothing but distance parts notes and numbers
-constexpr double loosest = 1.35;      ///< factor of a single line that is still drawn out
-constexpr double loosestLast = 1.6;   ///< of a last one, and of what it is drawn out else
-constexpr double anywhere = 1e9;      ///< right of all ink
+constexpr double gapInStaff = 3.5;      ///< between notation and tablature of a staff
+constexpr double gapInTrack = 4.8;      ///< between staves of a track
+constexpr double gapInScore = 5.0;      ///< between tracks
+constexpr double inkGap = 0.6;          ///< between ink of neighbouring rows
+constexpr double inkGapInStaff = 1.2;   ///< where nothing but distance parts notes and numbers
+constexpr double loosest = 1.35;        ///< factor of a single line that is still drawn out
+constexpr double loosestLast = 1.6;     ///< of a last one, and of what it is drawn out else
+constexpr double widestPlainLine = 0.9; ///< between bars, with nothing else
+constexpr double anywhere = 1e9;        ///< right of all ink
 
 bool changesClef(const BarSource &bar)
 {
@@ -343,13 +345,15 @@ std::vector<WaitingRest> SystemBuilder::placeRow(SystemDraft &draft, RowDraft &r
             const bool isOnLine =
                 ink.kind == MarkKind::Simile && ink.glyph == _pen.fonts().glyph(Sign::Repeat2Bars);
             // The sign for two bars stands on the line between them, or in front of it where that
-            // has no room: at the end of a system, or beside a clef.
+            // has no room: at the end of a system, or beside a clef, a meter or the dots of
+            // repeats.
             double before = bar.right;
             for (const auto &clef : engraved.clefs)
                 if (clef.column >= bar.columns.size())
                     before -= 0.4 + clef.ink.box.width();
             const bool hasRoom = bar.shownBar + 1 < draft.end && before == bar.right
-                && !changesClef(_score.source(row.number, bar.shownBar + 1));
+                && !changesClef(_score.source(row.number, bar.shownBar + 1))
+                && draft.bars[bar.shownBar + 1 - draft.first].left - bar.right < widestPlainLine;
             const double onLine = hasRoom ? bar.right : before - 0.4 - ink.box.right;
             ink.move(isOnLine ? onLine : middleOf(bar, engraved), 0);
             if (ink.kind == MarkKind::Rest && !engraved.chords.empty())
@@ -369,8 +373,10 @@ CrossStaffBeams SystemBuilder::placeRows(SystemDraft &draft) const
         rests.push_back(placeRow(draft, row));
     CrossStaffBeams beams(draft);
     beams.reserve();
-    for (std::size_t i = 0; i < draft.rows.size(); ++i)
+    for (std::size_t i = 0; i < draft.rows.size(); ++i) {
+        addTremolos(draft.rows[i], draft);
         addRests(draft.rows[i], std::move(rests[i]), _pen);
+    }
     const std::vector<bool> joined = joinedRows();
     for (std::size_t i = 0; i < draft.rows.size(); ++i) {
         RowDraft &row = draft.rows[i];

@@ -92,38 +92,38 @@ void addStrokesBetween(RowDraft &row, const SystemDraft &draft, const PlacedChor
     }
 }
 
+bool showsRhythm(const Row &row)
+{
+    return row.notation != Notation::Tablature || row.hasRhythm;
+}
+
 } // namespace
 
 void addTremolos(RowDraft &row, const SystemDraft &draft)
 {
-    const Pen &pen = draft.pen;
-    if (row.row->notation == Notation::Tablature && !row.row->hasRhythm)
+    if (!showsRhythm(*row.row))
+        return;
+    for (const PlacedChord &chord : row.chords) {
+        const unsigned strokes = chord.beat().marks.tremolo();
+        if (chord.chord->isRest() || strokes == 0)
+            continue;
+        const Point middle = tremoloPoint(*chord.chord, chord.stemTip, draft.pen.fonts());
+        Ink ink = draft.pen.glyph(MarkKind::Tremolo, tremoloSign(strokes), chord.x + middle.x,
+                                  middle.y, chord.chord->scale);
+        ink.place = placeOf(row, chord);
+        row.add(std::move(ink));
+    }
+}
+
+void addTremolosBetween(RowDraft &row, const SystemDraft &draft)
+{
+    if (!showsRhythm(*row.row))
         return;
     std::vector<std::pair<const PlacedChord *, const PlacedChord *>> links;
     for (std::size_t i = 0; i < row.chords.size(); ++i) {
         const PlacedChord &chord = row.chords[i];
         if (chord.chord->isRest())
             continue;
-        if (const unsigned strokes = chord.beat().marks.tremolo(); strokes > 0) {
-            const Sign sign = tremoloSign(strokes);
-            double x = chord.stemX();
-            double y = tremoloY(*chord.chord, chord.stemTip);
-            if (!chord.chord->hasStem) {
-                // Above the notes; below those of a lower voice.
-                x = chord.headCentre();
-                const bool isBelow = chord.chord->hasRival && !chord.chord->isStemUp;
-                const auto &heads = chord.chord->heads;
-                const Box &head = pen.fonts().box((isBelow ? heads.front() : heads.back()).glyph);
-                const Box &strokesBox = pen.fonts().box(sign);
-                y = isBelow ? chord.chord->bottom()
-                        + (head.bottom + 0.3 - strokesBox.top) * chord.chord->scale
-                            : chord.chord->top()
-                        + (head.top - 0.3 - strokesBox.bottom) * chord.chord->scale;
-            }
-            Ink ink = pen.glyph(MarkKind::Tremolo, sign, x, y, chord.chord->scale);
-            ink.place = placeOf(row, chord);
-            row.add(std::move(ink));
-        }
         const PlacedChord *next = nextChord(row, i);
         if (chord.beat().marks.tremoloToNext() > 0 && next && !next->chord->isRest())
             links.emplace_back(&chord, next);
