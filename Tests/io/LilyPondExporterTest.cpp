@@ -176,6 +176,17 @@ TEST(LilyPondExporter, graceNotesEndATremoloToo)
     EXPECT_TRUE(has(text, "\\afterGrace { \\repeat tremolo 16 { c'32 e'32 } } { d'16 } ")) << text;
 }
 
+TEST(LilyPondExporter, hairpinsBeginAtTheFirstNoteOfATremolo)
+{
+    const auto score = scoreOf("piano: c4h e4h | d4w");
+    beatOf(*score, 0, 0).setTremoloToNext(3);
+    beatOf(*score, 0, 0).setHairpin(Hairpin::Crescendo);
+    beatOf(*score, 0, 1).setHairpin(Hairpin::Crescendo);
+    const std::string text = exported(*score->scoreModel());
+    EXPECT_TRUE(has(text, "{ c'32\\< e'32 } | % 1\n")) << text;
+    EXPECT_TRUE(has(text, "d'1\\! ")) << text;
+}
+
 TEST(LilyPondExporter, keepsBarsOfOddLengthsTogether)
 {
     const auto score = scoreOf("piano: c4q | d4w | e4h | f4w e4w");

@@ -353,12 +353,14 @@ std::string VoiceWriter::tremoloText(std::size_t index)
     const utils::rational single(1, 1 << strokes);
     const utils::rational count = rhythm.getLength() / single;
     const std::string value = std::to_string(valueOf(strokes));
-    if (!count.isInteger()) {
+    const bool hasWord = count.isInteger();
+    if (!hasWord)
         lose(_context, "tremolo between two notes", _beats[index]);
-        return beatText(index) + beatText(index + 1);
-    }
-    const std::string parts = beatText(index, value) + beatText(index + 1, value);
-    return "\\repeat tremolo " + std::to_string(count.numerator()) + " { " + parts + "} ";
+    // Signs of the second beat depend on what the first has opened.
+    std::string parts = beatText(index, hasWord ? value : std::string());
+    parts += beatText(index + 1, hasWord ? value : std::string());
+    return hasWord ? "\\repeat tremolo " + std::to_string(count.numerator()) + " { " + parts + "} "
+                   : parts;
 }
 
 } // namespace zarn::lilypond
