@@ -105,6 +105,46 @@ TEST(TwinStaves, whatOneOfThemAloneHoldsIsKeptAndWhatContradictsIsTold)
     EXPECT_TRUE(zarn::checkModel(*model).empty());
 }
 
+TEST(TwinStaves, pitchesThatTheirFretsDoNotSoundAreToldAndHold)
+{
+    ImportReport report;
+    const auto tablature = attributes("<divisions>2</divisions>" + tabStaff
+                                      + "<staff-details number=\"1\"><staff-lines>6</staff-lines>"
+                                        "</staff-details>");
+    const auto fret = [](const char *step, int octave, int duration, int at) {
+        return fretted(step, octave, duration, duration == 4 ? "half" : "whole", 1, at);
+    };
+    auto text = measure(tablature + fret("E", 4, 4, 0) + fret("F", 4, 4, 2))
+        + measure(fret("G", 5, 4, 3) + fret("A", 5, 4, 5)) + measure(fret("B", 5, 8, 7))
+        + measure(fret("B", 4, 8, 7));
+    for (std::size_t at = 0; (at = text.find("<staff>2</staff>", at)) != text.npos;)
+        text.erase(at, 16);
+    const auto model = import(score(text), report);
+    EXPECT_NE(placesOf(*model).find("2:65/65@5,2 0:79/79@5,3"), std::string::npos)
+        << placesOf(*model);
+    EXPECT_TRUE(report.hasProblem("bar 1: a note is written 1 semitone lower than its string and "
+                                  "fret sound; what is written sounds"));
+    EXPECT_TRUE(report.hasProblem("bar 2: 3 notes up to bar 3 are written 12 semitones higher"));
+    EXPECT_EQ(report.problems().size(), 2u);
+}
+
+TEST(TwinStaves, harmonicsAreWrittenWhereTheyAreTouchedOrAsTheySound)
+{
+    const auto harmonic = [](const char *step, int octave, int at) {
+        auto text = fretted(step, octave, 8, "whole", 1, at);
+        const std::string end = "</technical>";
+        return text.insert(text.find(end), "<harmonic><natural/></harmonic>");
+    };
+    ImportReport report;
+    const auto notes = note("E", 4, 8, "whole") + backup(8);
+    import(score(measure(header() + notes + harmonic("B", 4, 7))
+                 + measure(notes + harmonic("B", 5, 7)) + measure(notes + harmonic("E", 4, 7))
+                 + measure(notes + harmonic("C", 5, 7))),
+           report);
+    EXPECT_EQ(report.problems().size(), 1u);
+    EXPECT_TRUE(report.hasProblem("bar 4: a note is written 1 semitone higher"));
+}
+
 TEST(TwinStaves, equalNotesInOneVoiceAreTwinsWhereTheyHaveMoved)
 {
     ImportReport report;

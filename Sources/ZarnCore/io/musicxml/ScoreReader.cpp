@@ -4,6 +4,7 @@
 #include <ZarnCore/io/ZarnImportException.h>
 #include <ZarnCore/io/ZarnImportReport.h>
 #include <ZarnCore/io/musicxml/BarBuilder.h>
+#include <ZarnCore/io/musicxml/FretPitches.h>
 #include <ZarnCore/io/musicxml/ImportContext.h>
 #include <ZarnCore/io/musicxml/InstrumentGuess.h>
 #include <ZarnCore/io/musicxml/JumpPlacer.h>
@@ -143,6 +144,7 @@ std::shared_ptr<ScoreModel> ScoreReader::read(ImportReport &report)
         _model->addTrack(makeTrack(type, listed, _facts[part], _tally.parts[part],
                                    std::move(_bars[part]), _context));
         parts.push_back(listed.id);
+        tellFretsApart(*_model->tracks().back(), _context);
         mendLinks(*_model->tracks().back(), _facts[part].joining, _context);
     }
     _model->setTrackGroups(_list.groups(parts));
