@@ -273,6 +273,13 @@ TEST(MusicXmlSpans, hairpinsAreRunsOfBeatsFromTheirStartToTheirEnd)
                            + wedge("stop") + wedge("diminuendo") + forward(2) + wedge("stop")),
                    report),
         "<>");
+    const auto swell = wedge("crescendo") + note("C", 4, 4, "whole") + backup(4) + forward(2)
+        + wedge("stop") + wedge("diminuendo") + forward(1) + wedge("stop") + forward(1);
+    const auto whole = note("C", 4, 4, "whole");
+    EXPECT_EQ(hairpinsOf(measure(swell) + measure(swell)
+                             + measure(wedge("crescendo") + whole + wedge("stop")),
+                         report),
+              "<> <> <");
     EXPECT_TRUE(report.problems().empty()) << report.problems().front().toString();
     EXPECT_TRUE(report.unheld().empty());
 

@@ -65,6 +65,7 @@ void Hairpins::set(const SpanMatcher::Span &span, const Staff::Bars &bars)
         && places.front().onset < begin.onset;
     if (isSwell) {
         places.front().beat->setHairpin(Hairpin::Swell);
+        places.front().beat->setHairpinBegins(false);
         return;
     }
     const auto isFree = [&](const NotePlace &place) {
@@ -84,16 +85,17 @@ void Hairpins::set(const SpanMatcher::Span &span, const Staff::Bars &bars)
         place->beat->setHairpin(kind);
     // Another one of its kind may end there in whatever voice.
     const auto *before = VoiceSlotLine(bars, first->slot).previous(first->bar, first->index);
+    const auto other = _ends.find({begin.staff, kind, first->bar, first->onset});
     const bool meetsAnother = (before && before->hairpin() == kind)
-        || _ends.count({begin.staff, kind, first->bar, first->onset}) > 0;
+        || (other != _ends.end() && other->second->hairpin() == kind);
     if (meetsAnother)
         first->beat->setHairpinBegins(true);
     const auto &ending = *std::prev(last);
     const auto *const beats = VoiceSlotLine(bars, ending.slot).beatsOf(ending.bar);
     if (ending.index + 1 == beats->size())
-        _ends.insert({begin.staff, kind, ending.bar + 1, 0});
+        _ends[{begin.staff, kind, ending.bar + 1, 0}] = ending.beat;
     else
-        _ends.insert({begin.staff, kind, ending.bar, ending.onset + ending.beat->length()});
+        _ends[{begin.staff, kind, ending.bar, ending.onset + ending.beat->length()}] = ending.beat;
 }
 
 } // namespace zarn::io

@@ -3,7 +3,7 @@
 
 #include <ZarnCore/io/musicxml/signs/SpanMatcher.h>
 
-#include <set>
+#include <map>
 #include <tuple>
 
 namespace zarn::io {
@@ -29,7 +29,7 @@ private:
 
     ImportContext &_context;
     SpanMatcher _matcher;
-    std::set<Meeting> _ends; ///< of the hairpins of a part, so far
+    std::map<Meeting, const Beat *> _ends; ///< the last beats of the part's hairpins, so far
 };
 
 } // namespace zarn::io
