@@ -3,7 +3,9 @@
 
 #include "../support/SmallScore.h"
 
+#include <ZarnCore/ZarnCoreUtils.h>
 #include <ZarnCore/model/form/ZarnTupletGroup.h>
+#include <ZarnCore/score/ZarnScore.h>
 
 namespace {
 
@@ -110,6 +112,37 @@ TEST(MusicXmlExportRhythm, gapsAreRestsThatAreNotPrintedInTheFirstVoiceAndPassed
     EXPECT_EQ(written.all("//note[rest and @print-object='no']/voice"), "1");
     EXPECT_EQ(written.all("//note[rest]/duration"), "2");
     EXPECT_EQ(written.all("//forward/duration"), "2");
+}
+
+/// Voices that end before the bar does, in parts that fill it and in none.
+TEST(MusicXmlExportRhythm, voicesThatEndEarlyEndThereAgain)
+{
+    for (const char *const notation :
+         {"piano: c4q | d4w", "piano: c4q & e4h | d4w", "piano: c4h e4q & e4q f4q | d4w & f4q",
+          "guitar: c4q d4q & c3w | d4q"}) {
+        const auto made = ZarnCoreUtils::make_from_string(notation);
+        const auto &model = *made->scoreModel();
+        io::ExportReport report;
+        const auto text = io::MusicXmlExporter().toText(model, report);
+        EXPECT_TRUE(report.problems().empty());
+        const auto copy = readFrom(text);
+        for (unsigned bar = 0; bar < 2; ++bar)
+            for (unsigned slot = 0; slot < 2; ++slot) {
+                const auto voice = model.track(0)->bar(bar)->voice(slot);
+                const auto again = copy->track(0)->bar(bar)->voice(slot);
+                const auto length = [](const auto &of) {
+                    return of ? of->length() : utils::rational(0);
+                };
+                EXPECT_EQ(length(voice), length(again)) << notation << ", bar " << bar;
+            }
+        EXPECT_EQ(exported(*copy), text);
+        // Others mean that nothing is heard up to the end of the bar.
+        auto theirs = text;
+        const std::string name = "<software>" + Exported(model).all("//software") + "</software>";
+        theirs.replace(theirs.find(name), name.size(), "<software>another</software>");
+        const auto full = readFrom(theirs);
+        EXPECT_EQ(full->track(0)->bar(1)->voice(0)->length(), utils::rational(4)) << notation;
+    }
 }
 
 TEST(MusicXmlExportRhythm, barsWithoutAMeasureKeepTheGroupsOfThoseBefore)

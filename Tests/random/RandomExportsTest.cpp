@@ -54,12 +54,12 @@ void forEachVoice(const ScoreModel &model, Action action)
                         action(*voice);
 }
 
-/// Readers fill up what a bar has no beats for.
+/// Readers make a bar as long as its notes are.
 bool areBarsFull(const ScoreModel &model)
 {
     bool areFull = true;
     forEachVoice(model, [&](const Voice &voice) {
-        areFull = areFull && voice.length() == voice.parentBar()->length();
+        areFull = areFull && voice.length() <= voice.parentBar()->length();
     });
     return areFull;
 }

@@ -99,9 +99,9 @@ void BarBuilder::build(const WrittenMeasure &measure,
             place(note);
     }
     claimUpTo(measure.notes.size());
-    for (auto &staff : _staves)
-        for (auto &slot : staff.voiceSlots)
-            if (!slot.beats.empty())
+    for (std::size_t staff = 0; staff < _staves.size(); ++staff)
+        for (auto &slot : _staves[staff].voiceSlots)
+            if (!slot.beats.empty() && !endsEarly(slot, staff))
                 _gaps.fill(slot, measure.length, measure.node);
     finishBeats(measure);
     _marks.place(measure, _noteBeats, _staves);
@@ -131,6 +131,18 @@ void BarBuilder::build(const WrittenMeasure &measure,
             _context.addEmptyNodes(measure.node, 1);
         staves[i].push_back(std::move(bar));
     }
+}
+
+/// Whether a document of ours leaves what a bar has behind the last beat of a voice to the voice,
+/// which goes no further then.
+bool BarBuilder::endsEarly(const VoiceSlot &slot, std::size_t staff) const
+{
+    const auto isOfSlot = [&](const WrittenClaim &claim) {
+        return static_cast<std::size_t>(claim.staff) == staff && claim.voice == slot.voice
+            && claim.onset == slot.end;
+    };
+    return _context.isOwnDocument()
+        && std::any_of(_measure->claims.begin(), _measure->claims.end(), isOfSlot);
 }
 
 /// A further note of a chord: grows on the chord's beat of its staff. False when that staff has

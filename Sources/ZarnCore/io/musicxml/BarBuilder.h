@@ -52,6 +52,7 @@ private:
     VoiceSlot *freeSlot(StaffSlots &staff, int voice);
     VoiceSlot *roomySlot(StaffSlots &staff, const WrittenNote &note);
     void append(VoiceSlot &slot, const WrittenNote &note);
+    bool endsEarly(const VoiceSlot &slot, std::size_t staff) const;
     void appendMeasureRest(VoiceSlot &slot, const WrittenNote &note, std::shared_ptr<Beat> rest);
     void squeezeIn(const WrittenNote &note);
     static void setMarks(const WrittenNote &note, Beat &beat);

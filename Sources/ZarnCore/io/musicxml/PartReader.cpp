@@ -75,8 +75,8 @@ void PartReader::readMeasure(pugi::xml_node frame, pugi::xml_node content, Writt
             jump(child, -1);
             break;
         case Tag::Forward:
-            jump(child, 1);
             claim(child, measure);
+            jump(child, 1);
             break;
         case Tag::Attributes:
             _attributes.read(child, *_facts, _timeline);
@@ -298,8 +298,8 @@ void PartReader::claim(pugi::xml_node forward, WrittenMeasure &measure)
     const auto staff = forward.child(tagName(Tag::Staff));
     const int index = staff ? _context.integer(staff, 1) - 1 : 0;
     if (index >= 0 && static_cast<std::size_t>(index) < _facts->staves.size())
-        measure.claims.push_back(
-            {measure.notes.size(), index, _notes.voiceNumber(voice.child_value())});
+        measure.claims.push_back({measure.notes.size(), index,
+                                  _notes.voiceNumber(voice.child_value()), _timeline.exact()});
 }
 
 void PartReader::jump(pugi::xml_node node, int sign)

@@ -130,6 +130,7 @@ struct WrittenClaim {
     std::size_t note = 0; ///< index of the note in the measure that follows
     int staff = 0;
     int voice = 0;
+    utils::rational onset; ///< exact, in quarters
 };
 
 /// Music of one measure of one part.

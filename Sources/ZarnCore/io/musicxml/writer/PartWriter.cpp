@@ -58,6 +58,8 @@ void PartWriter::writeMeasure(unsigned bar)
         _directions.writeBarStart(bar, _cursor);
     // What stands behind the notes tells that the bar goes on.
     const bool goesOn = _attributes.reachesBehindNotes() || _plan.reach()[bar] < _cursor.latest();
+    const bool isPadded = _score.padding[bar] == _track || goesOn;
+    _end = isPadded ? std::max(column.length(), _plan.reach()[bar]) : _plan.reach()[bar];
     for (std::size_t staff = 0; staff < _plan.staves().size(); ++staff) {
         const auto &written = _plan.staves()[staff];
         _notes[staff].startBar(*written.staff->bars()[bar], _fifths);
@@ -74,10 +76,8 @@ void PartWriter::writeMeasure(unsigned bar)
         for (std::size_t staff = 0; staff < _plan.staves().size(); ++staff)
             writeStaff(staff, bar);
     _cursor.passAll();
-    if (_cursor.now() < _plan.reach()[bar])
-        _cursor.moveTo(_plan.reach()[bar]);
-    if (_score.padding[bar] == _track || goesOn)
-        _cursor.moveTo(column.length());
+    if (_cursor.now() < _end)
+        _cursor.moveTo(_end);
     if (_track == 0)
         _directions.writeBarEnd(bar, measure);
     writeRightBarline(master(), bar, _score.endings[bar], measure);
@@ -111,13 +111,24 @@ void PartWriter::claimVoices(std::size_t staff)
     const auto &reach = _plan.reach().front();
     const auto length = reach > rational(0) ? reach : master().masterBars().front()->length();
     for (unsigned slot = 0; slot < Bar::MaxVoices; ++slot) {
-        const auto place = placeOf(staff, slot);
-        auto forward = _cursor.add("forward");
-        addElement(forward, "duration", static_cast<long long>(_cursor.advance(length)));
-        addElement(forward, "voice", place.voiceNumber);
-        addElement(forward, "staff", place.staffNumber);
+        leaveTime(0, length, placeOf(staff, slot));
         _cursor.moveTo(0);
     }
+}
+
+/// Goes on to the end of time in which a voice has no beats.
+void PartWriter::leaveTime(const rational &begin, const rational &end, const VoicePlace &place)
+{
+    rational length;
+    try {
+        length = end - begin;
+    } catch (const CoreException &) { // past what a fraction holds
+        return;
+    }
+    auto forward = _cursor.add("forward");
+    addElement(forward, "duration", static_cast<long long>(_cursor.advance(length)));
+    addElement(forward, "voice", place.voiceNumber);
+    addElement(forward, "staff", place.staffNumber);
 }
 
 void PartWriter::writeStaff(std::size_t staff, unsigned bar)
@@ -217,11 +228,9 @@ void PartWriter::writeFreeTime(const std::vector<RhythmicBeat> &beats, std::size
     rational length;
     for (; end < beats.size() && isFreeTime(*beats[end].beat); ++end)
         length += beats[end].length;
-    // What ends before the part does is filled up by readers.
+    // Behind the last notes of a voice readers fill up what leads to the end of the bar.
     const bool isWhole = index == 0 && end == beats.size();
-    if (end == index || isWhole
-        || (end == beats.size()
-            && _rhythm.end() != _plan.reach()[static_cast<unsigned>(_context.bar())]))
+    if (end == index || isWhole || (end == beats.size() && _rhythm.end() != _end))
         return;
     _rhythms.clear();
     try {
@@ -264,6 +273,9 @@ void PartWriter::writeVoice(std::size_t staff, unsigned slot, unsigned bar)
             writeOttavias(staff, *beat.beat);
         writeBeat(beat, place, {place.staff->staff, bar, slot, static_cast<unsigned>(index)});
     }
+    // Readers fill up what a bar still has.
+    if (_rhythm.end() < _end)
+        leaveTime(_rhythm.end(), _end, place);
 }
 
 void PartWriter::writeBeat(const RhythmicBeat &beat, const VoicePlace &place, const BeatPlace &at)

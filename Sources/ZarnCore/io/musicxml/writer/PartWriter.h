@@ -47,6 +47,8 @@ private:
     void writeBeat(const RhythmicBeat &beat, const VoicePlace &place, const BeatPlace &at);
     void writeFreeTime(const std::vector<RhythmicBeat> &beats, std::size_t &index);
     void claimVoices(std::size_t staff);
+    void leaveTime(const utils::rational &begin, const utils::rational &end,
+                   const VoicePlace &place);
     void findOttavias(std::size_t staff, unsigned bar);
     void writeOttavias(std::size_t staff, const Beat &beat);
     VoicePlace placeOf(std::size_t staff, unsigned slot) const;
@@ -81,6 +83,7 @@ private:
     std::vector<OttaviaChange> _changes; ///< in the bar of the staff that is written
     std::vector<RhythmValue> _rhythms;
     std::int64_t _barDivisions = 1;
+    utils::rational _end; ///< of the bar that is written, as its notes and <forward> tell it
     int _fifths = 0;
 };
 
