@@ -172,6 +172,29 @@ TEST(MusicXmlExportNotes, drumsThatAreNothingButAKeyHaveTheirPlaceAndHead)
     EXPECT_EQ(written.count("//notehead"), 1U);
 }
 
+TEST(MusicXmlExportNotes, whatNeedsAPitchIsToldOfDrums)
+{
+    ScoreModel model;
+    model.createAndInsertTrack(0, InstrumentSet::drumKit);
+    model.insertEmptyBarColumns(0, 1);
+    auto note = std::make_shared<zarn::Note>(38);
+    Trill trill;
+    trill.interval = 2;
+    note->setTrill(trill);
+    Harmonic harmonic;
+    harmonic.type = HarmonicType::Artificial;
+    harmonic.partial = Harmonic::LowestPartial;
+    note->setHarmonic(harmonic);
+    auto beat = std::make_shared<Beat>(RhythmValue(RhythmValue::NoteValue::Whole));
+    beat->addNote(note);
+    model.track(0)->bar(0)->ensureVoice(0)->insertBeats(0, {beat});
+    io::ExportReport report;
+    const auto text = io::MusicXmlExporter().toText(model, report);
+    EXPECT_EQ(report.unheld().count("trill on a note without a pitch or time"), 1u);
+    EXPECT_EQ(report.unheld().count("harmonic of a note without a pitch"), 1u);
+    EXPECT_EQ(exported(*readFrom(text)), text);
+}
+
 TEST(MusicXmlExportNotes, unpitchedNotesStandAsPitchesDoUnderTheClefAtHand)
 {
     const auto struck = [](const char *step, int octave) {

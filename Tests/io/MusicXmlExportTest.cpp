@@ -142,4 +142,18 @@ TEST(MusicXmlExport, textsAreWhatXmlCanHold)
     EXPECT_EQ(copy->track(0)->name(), "caf");
 }
 
+TEST(MusicXmlExport, whiteSpaceAroundATextIsLeftOutAndTold)
+{
+    auto model = readFrom(score(quarters(1, note("C", 4, 4, "whole"))));
+    model->setScoreProperty(ScoreProperty::Title, " a title\t");
+    model->setScoreProperty(ScoreProperty::Artist, " \n");
+    model->track(0)->bar(0)->voice(0)->beat(0)->setText("dolce ");
+    io::ExportReport report;
+    const auto text = io::MusicXmlExporter().toText(*model, report);
+    ASSERT_FALSE(report.problems().empty());
+    EXPECT_EQ(report.problems().back().toString("track"),
+              "track 1, bar 1: white space around a text was left out");
+    EXPECT_EQ(exported(*readFrom(text)), text);
+}
+
 } // namespace

@@ -102,12 +102,16 @@ void writeTrill(const Note &note, const SpelledPitch &pitch, int fifths, pugi::x
 
 } // namespace
 
-void writeOrnaments(const Beat &beat, const Note *note, bool isFirst, const SpelledPitch &pitch,
+void writeOrnaments(const Beat &beat, const Note *note, bool isFirst, const SpelledPitch *pitch,
                     int fifths, pugi::xml_node notations, ExportContext &context)
 {
     const auto element = [&] { return ensureElement(notations, tagName(Tag::Ornaments)); };
-    if (note && note->trill().interval != 0)
-        writeTrill(*note, pitch, fifths, element(), context);
+    if (note && note->trill().interval != 0) {
+        if (pitch && !beat.isGrace())
+            writeTrill(*note, *pitch, fifths, element(), context);
+        else
+            context.addUnheld("trill on a note without a pitch or time");
+    }
     if (note && note->ornament() != Ornament::NoOrnament)
         for (const auto &row : ornaments)
             if (row.ornament == note->ornament() && !row.isDelayed)

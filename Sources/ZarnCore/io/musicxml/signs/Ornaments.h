@@ -27,8 +27,8 @@ int alterInKey(int step, int fifths);
 
 /// Writes the <ornaments> of a note into its <notations>, but for wavy lines and what leads to
 /// other notes; with the tremolo of the beat when the note is its first. `note` is null for a rest;
-/// `pitch` is as written, in a key of so many fifths.
-void writeOrnaments(const Beat &beat, const Note *note, bool isFirst, const SpelledPitch &pitch,
+/// `pitch` is as written, in a key of so many fifths, and null for none.
+void writeOrnaments(const Beat &beat, const Note *note, bool isFirst, const SpelledPitch *pitch,
                     int fifths, pugi::xml_node notations, ExportContext &context);
 
 /// Reads <ornaments>: turns and mordents, trills, tremolos of one note. Those that lead on to other

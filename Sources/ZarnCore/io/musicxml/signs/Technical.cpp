@@ -229,11 +229,14 @@ private:
     pugi::xml_node _notations;
 };
 
-void writeHarmonic(const Note &note, TechnicalElement &technical, ExportContext &context)
+void writeHarmonic(const Note &note, bool isPitched, TechnicalElement &technical,
+                   ExportContext &context)
 {
     const auto harmonic = note.harmonic();
     if (harmonic.type == HarmonicType::NoHarmonic)
         return;
+    if (!isPitched)
+        return context.addUnheld("harmonic of a note without a pitch");
     const bool isNatural = harmonic.type == HarmonicType::Natural;
     addElement(technical.add(Tag::Harmonic), isNatural ? "natural" : tagName(Tag::Artificial));
     if (!isNatural && harmonic.type != HarmonicType::Artificial)
@@ -254,7 +257,8 @@ void writeBeat(const Beat &beat, TechnicalElement &technical)
                       std::string(rasgueadoWord) + rasgueadoToString(beat.rasgueado()));
 }
 
-void writeNote(const Note &note, bool areKeys, TechnicalElement &technical, ExportContext &context)
+void writeNote(const Note &note, bool isPitched, bool areKeys, TechnicalElement &technical,
+               ExportContext &context)
 {
     // A thumb on a fret is no first finger of keys.
     if (const auto *const finger =
@@ -274,19 +278,19 @@ void writeNote(const Note &note, bool areKeys, TechnicalElement &technical, Expo
     if (note.isLeftHandTapped() || note.isRightHandTapped())
         addAttribute(technical.add(Tag::Tap, note.isLeftHandTapped() ? "+" : "T"), "hand",
                      note.isLeftHandTapped() ? "left" : "right");
-    writeHarmonic(note, technical, context);
+    writeHarmonic(note, isPitched, technical, context);
 }
 
 } // namespace
 
-void writeTechnical(const Beat &beat, const Note *note, bool isFirst, bool areKeys,
+void writeTechnical(const Beat &beat, const Note *note, bool isPitched, bool isFirst, bool areKeys,
                     pugi::xml_node notations, ExportContext &context)
 {
     TechnicalElement technical(notations);
     if (isFirst && !beat.marks().isPlain())
         writeBeat(beat, technical);
     if (note)
-        writeNote(*note, areKeys, technical, context);
+        writeNote(*note, isPitched, areKeys, technical, context);
     const auto marks = note ? note->marks() : NoteMarks();
     for (const auto &row : others)
         if ((isFirst || !row.isOfBeat) && row.isSet(beat.marks(), marks)) {

@@ -16,7 +16,7 @@ class ImportContext;
 /// Writes the <technical> of a note into its <notations>, but for its place on the strings and what
 /// leads to other notes; with what the beat says when the note is its first. `note` is null for a
 /// rest; on keys fingers count from the thumb.
-void writeTechnical(const Beat &beat, const Note *note, bool isFirst, bool areKeys,
+void writeTechnical(const Beat &beat, const Note *note, bool isPitched, bool isFirst, bool areKeys,
                     pugi::xml_node notations, ExportContext &context);
 
 /// Reads elements of <technical> that are about one note alone: strokes, taps, harmonics, fingers

@@ -26,7 +26,6 @@ constexpr ClefElement clefs[] = {
     {ClefType::C3, "C", 3},
     {ClefType::C4, "C", 4},
     {ClefType::Neutral, "percussion", 0},
-    {ClefType::None, "none", 0},
 };
 
 /// Where the sign of a tablature is said to stand, whatever its lines.
@@ -189,7 +188,8 @@ void AttributesWriter::writeClefs(unsigned index, MeasureCursor &cursor)
             continue;
         }
         const auto &bar = *staff.staff->bars()[index];
-        const Clef clef = {bar.clef(), bar.ottavia()};
+        _context.addUnheldIf(bar.clef() == ClefType::None, "bar without a clef");
+        const Clef clef = {shownClef(bar.clef()), bar.ottavia()};
         if (index == 0 || !(clef == _clefs[i]))
             writeClef(clef, i, attributes(cursor));
         _clefs[i] = clef;

@@ -19,6 +19,13 @@ namespace zarn::io {
 class ExportContext;
 class MeasureCursor;
 
+/// The clef that is written: MusicXML advises against none, and readers take it for the one of
+/// percussion.
+inline ClefType shownClef(ClefType clef)
+{
+    return clef == ClefType::None ? ClefType::Neutral : clef;
+}
+
 /// Writes the <attributes> of a part where they change: divisions, key, meter, clefs, strings,
 /// transposition, bars that repeat others.
 class AttributesWriter {

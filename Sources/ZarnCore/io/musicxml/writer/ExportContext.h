@@ -31,12 +31,14 @@ public:
         _report.addProblem({text, _place.part, _place.bar});
     }
 
-    /// A text as XML can hold it; the report tells when that is less.
+    /// A text as XML can hold it, and as readers take it; the report tells when that is less.
     std::string text(const std::string &text)
     {
         auto held = xmlText(text);
         if (held.size() != text.size())
             addProblem("characters that XML cannot hold were left out of a text");
+        if (trimXmlSpace(held))
+            addProblem("white space around a text was left out");
         return held;
     }
 

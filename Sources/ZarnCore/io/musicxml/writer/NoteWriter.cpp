@@ -10,6 +10,7 @@
 #include <ZarnCore/io/musicxml/signs/Lyrics.h>
 #include <ZarnCore/io/musicxml/signs/Ornaments.h>
 #include <ZarnCore/io/musicxml/signs/Technical.h>
+#include <ZarnCore/io/musicxml/writer/AttributesWriter.h>
 #include <ZarnCore/io/musicxml/writer/ElementStock.h>
 #include <ZarnCore/io/musicxml/writer/ExportContext.h>
 #include <ZarnCore/io/musicxml/writer/LineSigns.h>
@@ -114,12 +115,12 @@ void NoteWriter::write(const RhythmicBeat &beat, const VoicePlace &place, Measur
     _hasNotations = signs.isBusy() || (_fermatas && !_fermatas->empty()) || !beat.isPlain;
     if (notes.empty()) {
         if (!place.staff->isAlternate)
-            tellRest(*beat.beat);
+            tellRest(beat);
         auto node = startNote(beat, cursor);
         if (beat.beat->isPlaceHolder())
             addAttribute(node, "print-object", "no");
         auto rest = addElement(node, "rest");
-        if (beat.beat->isWholeBarRest())
+        if (beat.fillsBar())
             addYes(rest, "measure");
         if (!beat.beat->isGrace())
             _duration = cursor.advance(beat.length);
@@ -161,8 +162,13 @@ void NoteWriter::write(const RhythmicBeat &beat, const VoicePlace &place, Measur
 }
 
 /// Signs of notes that a rest may have all the same, for the notes that come in its place.
-void NoteWriter::tellRest(const Beat &rest)
+void NoteWriter::tellRest(const RhythmicBeat &beat)
 {
+    const Beat &rest = *beat.beat;
+    _context.addUnheldIf(rest.isWholeBarRest() && rest.isGrace(),
+                         "whole-bar rest without time of its own");
+    _context.addUnheldIf(beat.fillsBar() && rest.rhythmValue().hasPrimaryTuplet(),
+                         "tuplet of a whole-bar rest");
     _context.addUnheldIf(rest.stemOrientation() != ZarnStemOrientation::Undefined,
                          "stem of a rest");
     _context.addUnheldIf(rest.isSlashed(), "slashes of a rest");
@@ -207,7 +213,7 @@ void NoteWriter::writeUnpitched(const Note &note, const Beat &beat, const PartSt
                              && note.percussionArticulation() == Note::Unset,
                          "drum that stands where its pitch does");
     _usualHead = look ? look->head : NoteHead::Normal;
-    const ClefType clef = staff.isTablature ? ClefType::G2 : clefOver(beat, *_bar);
+    const ClefType clef = staff.isTablature ? ClefType::G2 : shownClef(clefOver(beat, *_bar));
     // MusicXML counts octaves from C of MIDI key 12.
     const int step = Music::lineOffsetFromClefAndOttavia(clef, 0) - stepsOfOctave + line;
     const int inside = std::clamp(step, 0, stepsOfOctave * (highestOctave + 1) - 1);
@@ -233,7 +239,7 @@ void NoteWriter::writeTime(const RhythmicBeat &beat, const Note *note, const Voi
     if (note && !_isPitched && note->midi() != Note::Unset)
         addAttribute(addElement(node, "instrument"), "id", _plan.percussionId(note->midi()));
     _stock.addNumber(node, "voice", place.voiceNumber);
-    if (!beat.beat->isWholeBarRest()) {
+    if (!beat.fillsBar()) {
         const auto written = typeOf(beat.beat->rhythmValue());
         _stock.addText(node, "type", noteTypeName(written.type));
         for (unsigned dot = 0; dot < beat.beat->rhythmValue().getAugmentationDot(); ++dot)
@@ -349,6 +355,8 @@ void NoteWriter::writeStringAndFret(const Note &note, const PartStaff &staff,
     const int strings = static_cast<int>(staff.staff->tuning().stringCount());
     if (!isOnString(note, *staff.staff))
         return;
+    if (!_isPitched)
+        return _context.addUnheld("string and fret of a note without a pitch");
     auto technical = ensureElement(notations, tagName(Tag::Technical));
     addElement(technical, tagName(Tag::String), strings - note.string());
     addElement(technical, tagName(Tag::Fret), note.fret());
@@ -390,8 +398,9 @@ void NoteWriter::writeNotations(const RhythmicBeat &placed, const Note *note, bo
     const bool isMarked = (note && !note->marks().isPlain()) || !beat.isCommon();
     // The signs of notes stand over the notes, those of strings over both.
     if (isMarked && !place.staff->isAlternate) {
-        writeOrnaments(beat, note, isFirst, _pitch, _fifths, notations, _context);
-        writeTechnical(beat, note, isFirst, _plan.areKeys(), notations, _context);
+        const SpelledPitch *const pitch = note && _isPitched ? &_pitch : nullptr;
+        writeOrnaments(beat, note, isFirst, pitch, _fifths, notations, _context);
+        writeTechnical(beat, note, _isPitched, isFirst, _plan.areKeys(), notations, _context);
         writeArticulations(beat, note, isFirst, notations);
         if (note)
             writeArpeggio(beat, *note, notations);

@@ -48,7 +48,7 @@ public:
 
 private:
     pugi::xml_node startNote(const RhythmicBeat &beat, MeasureCursor &cursor);
-    void tellRest(const Beat &rest);
+    void tellRest(const RhythmicBeat &beat);
     void writePitch(const Note &note, const Beat &beat, const PartStaff &staff,
                     pugi::xml_node node);
     void writeUnpitched(const Note &note, const Beat &beat, const PartStaff &staff,

@@ -90,11 +90,11 @@ void VoiceRhythm::add(const Beat &added, const MasterBar &bar)
     beat.onset = onset;
     const auto &rhythm = added.rhythmValue();
     if (!added.isGrace()) {
-        const auto length = added.isWholeBarRest() ? bar.length() : rhythm.getLength();
+        const auto length = beat.fillsBar() ? bar.length() : rhythm.getLength();
         beat.length = length;
         _end = onset + length;
     }
-    if (rhythm.hasPrimaryTuplet() || rhythm.hasSecondaryTuplet()) {
+    if (!beat.fillsBar() && (rhythm.hasPrimaryTuplet() || rhythm.hasSecondaryTuplet())) {
         beat.tuplets = tupletRatios(rhythm);
         _hasTuplets = _hasTuplets || beat.tuplets.count > 0;
     }
@@ -133,9 +133,10 @@ void VoiceRhythm::setTuplets(TupletLevel level)
         // An inner bracket does not lead over the end of the one around it.
         if (open && (!open->takes(rhythm) || (level == TupletLevel::Inner && beat.starts[0])))
             close();
-        if (beat.isOfTremolo)
+        const bool hasNone = beat.isOfTremolo || beat.fillsBar();
+        if (hasNone)
             close();
-        if (beat.isOfTremolo || !TupletGroup::ratioOf(rhythm, level))
+        if (hasNone || !TupletGroup::ratioOf(rhythm, level))
             continue;
         if (!open) {
             open.emplace(rhythm, level, beat.onset);

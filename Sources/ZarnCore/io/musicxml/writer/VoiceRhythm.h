@@ -40,6 +40,9 @@ struct RhythmicBeat {
     bool isPlain = false;      ///< neither the beat nor its notes have any sign of their own
     int beamsFrom = 0;         ///< levels that it shares with the beat before
     int beamsOn = 0;
+
+    /// Whether it is a rest that is as long as the bar, whatever its value.
+    bool fillsBar() const { return beat->isWholeBarRest() && !beat->isGrace(); }
 };
 
 /// Works out when the beats of a voice begin, their tuplet brackets and their beams.

@@ -34,6 +34,15 @@ std::string xmlText(const std::string &text)
     return held.toStdString();
 }
 
+bool trimXmlSpace(std::string &text)
+{
+    constexpr const char *space = " \t\n\r";
+    const auto size = text.size();
+    text.erase(text.find_last_not_of(space) + 1);
+    text.erase(0, text.find_first_not_of(space));
+    return text.size() != size;
+}
+
 std::string decimalText(double value)
 {
     auto text = QString::number(value, 'f', 6);

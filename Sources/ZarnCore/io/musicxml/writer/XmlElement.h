@@ -55,6 +55,10 @@ inline void addAttribute(pugi::xml_node node, const char *name, const std::strin
 /// are no UTF-8 (XML 1.0, production 2).
 std::string xmlText(const std::string &text);
 
+/// Takes white space away from both ends of a text, as readers of elements do; whether there was
+/// any.
+bool trimXmlSpace(std::string &text);
+
 /// A decimal with no more digits than it needs, and at most six behind the point.
 std::string decimalText(double value);
 
