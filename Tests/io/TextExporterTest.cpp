@@ -59,6 +59,11 @@ TEST(TextExporter, writesTablatureAsPlayersPostIt)
     model.setScoreProperty(ScoreProperty::Tabber, "Anna\nChecked by Eva");
     const std::string named = TextExporter().toText(model);
     EXPECT_NE(named.find("\nTabbed by Anna\nChecked by Eva\n"), std::string::npos) << named;
+    model.setScoreProperty(ScoreProperty::Tabber, "Transcribed from a print\nEve from Rome");
+    const std::string sourced = TextExporter().toText(model);
+    EXPECT_NE(sourced.find("\nTranscribed from a print\nTabbed by Eve from Rome\n"),
+              std::string::npos)
+        << sourced;
 }
 
 TEST(TextExporter, tellsGraceNotesWhereTheRhythmIsHidden)

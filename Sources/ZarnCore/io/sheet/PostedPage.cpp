@@ -81,10 +81,13 @@ private:
     Legend _legend;
 };
 
-/// What says itself who did what, such as "Transcribed by Anna".
+/// What says itself who did what, or from where: "Transcribed by Anna", "Copied from the print".
 bool namesItsDeed(const QString &line)
 {
-    return line.section(QLatin1Char(' '), 1, 1) == QLatin1String("by");
+    const QString second = line.section(QLatin1Char(' '), 1, 1);
+    return second == QLatin1String("by")
+        || (second == QLatin1String("from")
+            && line.section(QLatin1Char(' '), 0, 0).endsWith(QLatin1String("ed")));
 }
 
 void PageWriter::writeTitle()
