@@ -203,6 +203,51 @@ TEST(SignsAroundNotesTest, aWordHasOneHyphenBetweenItsSyllables)
     EXPECT_EQ(hyphens, 2U);
 }
 
+/// The line of a last syllable and the hyphens of a word, each over the end of a system and up to
+/// where it ends in the next one; a rest there ends both.
+TEST(SignsAroundNotesTest, heldSyllablesLeadOverTheEndsOfSystems)
+{
+    for (const Syllabic syllabic : {Syllabic::Single, Syllabic::Begin})
+        for (const bool rests : {false, true}) {
+            Piece piece(2);
+            Syllable syllable;
+            syllable.text = "la";
+            syllable.syllabic = syllabic;
+            syllable.hasMelisma = syllabic == Syllabic::Single;
+            piece.add({72}, NoteValue::Half).setLyrics({syllable});
+            piece.add({74}, NoteValue::Half);
+            piece.add(rests ? std::vector<int>{} : std::vector<int>{76}, NoteValue::Half, 0, 0, 1);
+            piece.add({77}, NoteValue::Half, 0, 0, 1).setLyrics({syllable});
+            piece.model->setFullScoreSystemsLayout({1, 1});
+            const LaidOut laid(*piece.model);
+            ASSERT_EQ(laid.systemCount, 2U);
+            const auto of = [&](MarkKind kind, unsigned system) {
+                std::vector<LaidOut::Mark> found;
+                for (const auto &mark : laid.of(kind))
+                    if (mark.system == system)
+                        found.push_back(mark);
+                return found;
+            };
+            const auto first = of(MarkKind::Lyric, 0);
+            ASSERT_GE(first.size(), 2U);
+            const LaidOut::Mark held = of(MarkKind::NoteHead, 0).back();
+            if (syllabic == Syllabic::Single) {
+                EXPECT_EQ(first[1].right > held.right + 2, !rests);
+                EXPECT_GT(first[1].right, held.right - 0.1);
+            }
+            auto second = of(MarkKind::Lyric, 1);
+            second.erase(std::remove_if(second.begin(), second.end(),
+                                        [](const auto &mark) { return !mark.text.empty(); }),
+                         second.end());
+            // What follows the second word leads to the end; in front of it is what is held.
+            const auto heads = of(MarkKind::NoteHead, 1);
+            const auto inFront = std::count_if(second.begin(), second.end(), [&](const auto &mark) {
+                return mark.right < heads.back().left;
+            });
+            EXPECT_EQ(inFront > 0, !rests);
+        }
+}
+
 /// Of words that several grace notes and their main note sing, within a bar and behind a bar line.
 TEST(SignsAroundNotesTest, wordsOfGraceNotesKeepApart)
 {

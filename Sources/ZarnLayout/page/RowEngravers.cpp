@@ -5,6 +5,7 @@
 #include <ZarnLayout/page/BeatSigns.h>
 #include <ZarnLayout/page/BendEngraver.h>
 #include <ZarnLayout/page/FormSigns.h>
+#include <ZarnLayout/page/LyricLines.h>
 #include <ZarnLayout/page/SlurEngraver.h>
 #include <ZarnLayout/page/Stretches.h>
 #include <ZarnLayout/page/StringLinks.h>

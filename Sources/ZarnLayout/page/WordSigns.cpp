@@ -20,7 +20,6 @@ namespace zarn::engraving {
 namespace {
 
 constexpr int dynamicLine = 2;
-constexpr int lyricLine = 100;
 constexpr int symbolLine = 4;
 
 std::vector<Sign> signsOf(AttackDynamic attack)
@@ -251,117 +250,6 @@ void addDynamics(RowDraft &row, const SystemDraft &draft)
     }
     alignNeighbours(items);
     place(row, std::move(items));
-}
-
-void addLyrics(RowDraft &row, const SystemDraft &draft)
-{
-    if (!row.row->isFirstOfStaff)
-        return;
-    struct Sung {
-        const PlacedChord *chord;
-        const Syllable *syllable;
-        Box box;
-        std::size_t number;
-    };
-    // Voices that sing at once have lines of their own; others take turns on one.
-    std::map<std::pair<unsigned, unsigned>, std::vector<Sung>> lines;
-    const std::uint8_t visible = draft.score.tracks[row.row->track].lyricsVisible;
-    const auto carriers = carriersOf(row);
-    for (std::size_t i = 0; i < carriers.size(); ++i)
-        if (const auto &details = carriers[i]->beat().details)
-            for (const Syllable &syllable : details->lyrics)
-                if ((visible >> syllable.line & 1) != 0)
-                    lines[{syllable.line, carriers[i]->chord->voice}].push_back(
-                        {carriers[i], &syllable, {}, i});
-    for (auto line = lines.begin(); line != lines.end();) {
-        const auto first = lines.find({line->first.first, 0});
-        const bool isSecond = line->first.second > 0 && first != lines.end();
-        const bool isAlone =
-            isSecond
-            && std::none_of(line->second.begin(), line->second.end(), [&](const Sung &sung) {
-                   return std::any_of(first->second.begin(), first->second.end(),
-                                      [&](const Sung &other) {
-                                          return std::abs(other.chord->x - sung.chord->x) < 2;
-                                      });
-               });
-        if (isAlone)
-            first->second.insert(first->second.end(), line->second.begin(), line->second.end());
-        line = isAlone ? lines.erase(line) : std::next(line);
-    }
-    // Verses stand evenly below one another, whatever their letters are.
-    const Box letters = draft.pen.fonts().textBox("lp", TextRole::Lyric);
-    const auto lineCount = static_cast<int>(lines.size());
-    int number = 0;
-    for (auto &entry : lines) {
-        std::vector<Sung> &sung = entry.second;
-        const int line = number++;
-        std::stable_sort(sung.begin(), sung.end(), [](const Sung &left, const Sung &right) {
-            return left.chord->x < right.chord->x;
-        });
-        SideItems items;
-        for (Sung &entry : sung) {
-            SideItem item;
-            item.side = Side::Below;
-            item.line = lyricLine + line;
-            item.gap = line == 0 ? 0.7 : 0.3;
-            item.inks = draft.pen.words(MarkKind::Lyric, TextRole::Lyric, sungText(*entry.syllable),
-                                        entry.chord->headCentre(), 0, Pen::Align::Centre);
-            reportMissingSigns(entry.syllable->text, draft.pen.fonts(), placeOf(row, *entry.chord),
-                               draft.problems);
-            for (Ink &ink : item.inks) {
-                ink.place = placeOf(row, *entry.chord);
-                if (line > 0)
-                    ink.box.top = std::min(ink.box.top, letters.top);
-                if (line < lineCount - 1)
-                    ink.box.bottom = std::max(ink.box.bottom, letters.bottom);
-            }
-            const double centre = entry.chord->headCentre();
-            entry.box = item.inks.empty() ? Box{centre, 0, centre, 0} : boxOf(item.inks);
-            items.push_back(std::move(item));
-        }
-        const auto addExtra = [&](Ink ink, const Sung &entry) {
-            SideItem item;
-            item.side = Side::Below;
-            item.line = lyricLine + line;
-            item.gap = 0.2;
-            ink.place = placeOf(row, *entry.chord);
-            item.inks.push_back(std::move(ink));
-            items.push_back(std::move(item));
-        };
-        for (std::size_t i = 0; i < sung.size(); ++i) {
-            const Sung &entry = sung[i];
-            const double next = i + 1 < sung.size() ? sung[i + 1].box.left : draft.right;
-            const bool wordGoesOn = entry.syllable->syllabic == Syllabic::Begin
-                || entry.syllable->syllabic == Syllabic::Middle;
-            if (wordGoesOn) {
-                const double room = next - entry.box.right;
-                const int count = std::max(1, static_cast<int>(room / 12));
-                for (int k = 0; k < count && room > 0.9; ++k) {
-                    const double x = entry.box.right + room * (k + 0.5) / count;
-                    addExtra(
-                        draft.pen.line(MarkKind::Lyric, {x - 0.35, -0.5}, {x + 0.35, -0.5}, 0.16),
-                        entry);
-                }
-            } else if (entry.syllable->hasMelisma) {
-                double right = entry.box.right;
-                for (std::size_t k = entry.number + 1; k < carriers.size(); ++k) {
-                    const PlacedChord &chord = *carriers[k];
-                    if (chord.chord->voice != entry.chord->chord->voice || chord.chord->isRest())
-                        break;
-                    if (chord.headCentre() >= next)
-                        break;
-                    right = rightOf(chord);
-                }
-                right = std::min(right, next - 0.4);
-                if (right > entry.box.right + 0.8)
-                    addExtra(draft.pen.line(MarkKind::Lyric, {entry.box.right + 0.2, 0}, {right, 0},
-                                            0.16),
-                             entry);
-            }
-        }
-        const auto [verse, voice] = entry.first;
-        place(row, std::move(items), lyricLine + static_cast<int>(verse * Bar::MaxVoices + voice));
-    }
 }
 
 void addChordSymbols(RowDraft &row, const SystemDraft &draft)

@@ -8,9 +8,6 @@ namespace zarn::engraving {
 /// Dynamics and hairpins on one line below a staff.
 void addDynamics(RowDraft &row, const SystemDraft &draft);
 
-/// Lyrics, line below line, with hyphens and the lines of held syllables.
-void addLyrics(RowDraft &row, const SystemDraft &draft);
-
 /// Chord symbols and diagrams on one line above a staff.
 void addChordSymbols(RowDraft &row, const SystemDraft &draft);
 

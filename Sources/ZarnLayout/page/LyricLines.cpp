@@ -1,0 +1,310 @@
+// SPDX-License-Identifier: MIT
+#include <ZarnLayout/page/LyricLines.h>
+
+#include <ZarnLayout/engrave/WrittenText.h>
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+#include <map>
+#include <utility>
+#include <vector>
+
+namespace zarn::engraving {
+
+namespace {
+
+constexpr int lyricLine = 100;
+
+struct Sung {
+    const PlacedChord *chord;
+    const Syllable *syllable;
+    Box box;
+    std::size_t number; ///< among the carriers
+};
+
+/// A syllable in front of the system on which the first notes of the system are still sung.
+struct HeldSyllable {
+    unsigned verse;
+    unsigned voice;
+    bool isWordUnfinished; ///< hyphens go on, else the line under held notes
+};
+
+using Carriers = std::vector<const PlacedChord *>;
+
+/// By verse and voice.
+using SungLines = std::map<std::pair<unsigned, unsigned>, std::vector<Sung>>;
+
+bool isWordUnfinished(const Syllable &syllable)
+{
+    return syllable.syllabic == Syllabic::Begin || syllable.syllabic == Syllabic::Middle;
+}
+
+const Syllable *syllableOf(const BeatSource &beat, unsigned verse)
+{
+    if (beat.details)
+        for (const Syllable &syllable : beat.details->lyrics)
+            if (syllable.line == verse)
+                return &syllable;
+    return nullptr;
+}
+
+/// Whether a beat is sung on what was sung in front of it.
+bool holds(const BeatSource &beat, unsigned verse)
+{
+    return !beat.isRest && !beat.isPlaceHolder && syllableOf(beat, verse) == nullptr;
+}
+
+const VoiceSource *voiceOf(const BarSource &bar, unsigned number)
+{
+    const auto voice =
+        std::find_if(bar.voices.begin(), bar.voices.end(),
+                     [number](const VoiceSource &other) { return other.number == number; });
+    return voice == bar.voices.end() || voice->beats.empty() ? nullptr : &*voice;
+}
+
+/// The last syllable of a bar, if only notes follow that are sung on it.
+const Syllable *lastSyllableOf(const VoiceSource &voice, unsigned verse)
+{
+    for (auto beat = voice.beats.rbegin(); beat != voice.beats.rend(); ++beat) {
+        if (const Syllable *const syllable = syllableOf(*beat, verse))
+            return syllable;
+        if (!holds(*beat, verse))
+            break;
+    }
+    return nullptr;
+}
+
+/// Those of the bar in front that its last notes and the system's first ones are sung on.
+std::vector<HeldSyllable> heldFromBefore(const RowDraft &row, const SystemDraft &draft,
+                                         std::uint8_t visible)
+{
+    std::vector<HeldSyllable> held;
+    if (!draft.knowsBefore)
+        return held;
+    const BarSource &here = draft.score.source(row.number, draft.first);
+    for (const VoiceSource &before : draft.score.source(row.number, draft.first - 1).voices) {
+        const VoiceSource *const voice = voiceOf(here, before.number);
+        for (unsigned verse = 0; voice != nullptr && visible >> verse != 0; ++verse) {
+            if ((visible >> verse & 1) == 0 || !holds(voice->beats.front(), verse))
+                continue;
+            const Syllable *const syllable = lastSyllableOf(before, verse);
+            if (syllable != nullptr && (syllable->hasMelisma || isWordUnfinished(*syllable)))
+                held.push_back({verse, before.number, isWordUnfinished(*syllable)});
+        }
+    }
+    return held;
+}
+
+/// Whether what is sung at the end of the system is held in the next one.
+bool isHeldBehind(const RowDraft &row, const SystemDraft &draft, unsigned verse, unsigned number)
+{
+    if (!draft.knowsBehind)
+        return false;
+    const VoiceSource *const voice = voiceOf(draft.score.source(row.number, draft.end), number);
+    return voice != nullptr && holds(voice->beats.front(), verse);
+}
+
+/// Voices that sing at once have lines of their own; others take turns on one.
+SungLines sungLinesOf(const Carriers &carriers, std::uint8_t visible)
+{
+    SungLines lines;
+    for (std::size_t i = 0; i < carriers.size(); ++i)
+        if (const auto &details = carriers[i]->beat().details)
+            for (const Syllable &syllable : details->lyrics)
+                if ((visible >> syllable.line & 1) != 0)
+                    lines[{syllable.line, carriers[i]->chord->voice}].push_back(
+                        {carriers[i], &syllable, {}, i});
+    for (auto line = lines.begin(); line != lines.end();) {
+        const auto first = lines.find({line->first.first, 0});
+        const bool isSecond = line->first.second > 0 && first != lines.end();
+        const bool isAlone =
+            isSecond
+            && std::none_of(line->second.begin(), line->second.end(), [&](const Sung &sung) {
+                   return std::any_of(first->second.begin(), first->second.end(),
+                                      [&](const Sung &other) {
+                                          return std::abs(other.chord->x - sung.chord->x) < 2;
+                                      });
+               });
+        if (isAlone)
+            first->second.insert(first->second.end(), line->second.begin(), line->second.end());
+        line = isAlone ? lines.erase(line) : std::next(line);
+    }
+    for (auto &line : lines)
+        std::stable_sort(
+            line.second.begin(), line.second.end(),
+            [](const Sung &left, const Sung &right) { return left.chord->x < right.chord->x; });
+    return lines;
+}
+
+/// The notes from one on that are sung on a syllable in front of them.
+struct HeldNotes {
+    double right;
+    const PlacedChord *last = nullptr; ///< null for none
+    bool reachEnd = true;              ///< of the system
+};
+
+HeldNotes heldNotes(const Carriers &carriers, std::size_t first, unsigned voice, double end)
+{
+    HeldNotes notes = {-1e9};
+    for (std::size_t i = first; i < carriers.size(); ++i) {
+        const PlacedChord &chord = *carriers[i];
+        if (chord.chord->voice != voice)
+            break;
+        if (chord.chord->isRest() || chord.headCentre() >= end) {
+            notes.reachEnd = false;
+            break;
+        }
+        notes.right = rightOf(chord);
+        notes.last = &chord;
+    }
+    return notes;
+}
+
+/// Draws one line of words.
+class LyricLine {
+public:
+    LyricLine(const RowDraft &row, const SystemDraft &draft, const Carriers &carriers, int line)
+        : _row(row), _draft(draft), _carriers(carriers), _line(line)
+    {
+    }
+
+    /// `isFirst` and `isLast` among the lines of words below the row.
+    void addWords(std::vector<Sung> &sung, bool isFirst, bool isLast)
+    {
+        // Verses stand evenly below one another, whatever their letters are.
+        const Box letters = _draft.pen.fonts().textBox("lp", TextRole::Lyric);
+        for (Sung &entry : sung) {
+            SideItem item;
+            item.side = Side::Below;
+            item.line = _line;
+            item.gap = isFirst ? 0.7 : 0.3;
+            item.inks =
+                _draft.pen.words(MarkKind::Lyric, TextRole::Lyric, sungText(*entry.syllable),
+                                 entry.chord->headCentre(), 0, Pen::Align::Centre);
+            reportMissingSigns(entry.syllable->text, _draft.pen.fonts(),
+                               placeOf(_row, *entry.chord), _draft.problems);
+            for (Ink &ink : item.inks) {
+                ink.place = placeOf(_row, *entry.chord);
+                if (!isFirst)
+                    ink.box.top = std::min(ink.box.top, letters.top);
+                if (!isLast)
+                    ink.box.bottom = std::max(ink.box.bottom, letters.bottom);
+            }
+            const double centre = entry.chord->headCentre();
+            entry.box = item.inks.empty() ? Box{centre, 0, centre, 0} : boxOf(item.inks);
+            _items.push_back(std::move(item));
+        }
+    }
+
+    /// What leads from each syllable to the next one, or over the end of the system.
+    void addLinks(const std::vector<Sung> &sung, unsigned verse)
+    {
+        for (std::size_t i = 0; i < sung.size(); ++i) {
+            const Sung &entry = sung[i];
+            const double next = i + 1 < sung.size() ? sung[i + 1].box.left : _draft.right;
+            if (isWordUnfinished(*entry.syllable)) {
+                addHyphens(entry.box.right, next, *entry.chord);
+            } else if (entry.syllable->hasMelisma) {
+                const unsigned voice = entry.chord->chord->voice;
+                const HeldNotes notes = heldNotes(_carriers, entry.number + 1, voice, next);
+                const bool goesOn = notes.reachEnd && isHeldBehind(_row, _draft, verse, voice);
+                const double right = goesOn ? _draft.musicRight() : notes.right;
+                addHeldLine(entry.box.right + 0.2, std::min(right, next - 0.4), *entry.chord);
+            }
+        }
+    }
+
+    /// What comes from the system in front.
+    void addStart(const std::vector<Sung> &sung, const HeldSyllable &held)
+    {
+        const auto first =
+            std::find_if(_carriers.begin(), _carriers.end(), [&](const PlacedChord *carrier) {
+                return carrier->chord->voice == held.voice;
+            });
+        if (first == _carriers.end())
+            return;
+        const double next = sung.empty() ? _draft.right : sung.front().box.left;
+        const HeldNotes notes = heldNotes(
+            _carriers, static_cast<std::size_t>(first - _carriers.begin()), held.voice, next);
+        if (notes.last == nullptr)
+            return;
+        if (held.isWordUnfinished) {
+            addHyphens(_draft.musicLeft, next, **first);
+        } else {
+            const bool goesOn =
+                notes.reachEnd && isHeldBehind(_row, _draft, held.verse, held.voice);
+            const double right = goesOn ? _draft.musicRight() : notes.right;
+            addHeldLine(_draft.musicLeft, std::min(right, next - 0.4), **first);
+        }
+    }
+
+    SideItems take() { return std::move(_items); }
+
+private:
+    void addHyphens(double left, double right, const PlacedChord &chord)
+    {
+        const double room = right - left;
+        const int count = std::max(1, static_cast<int>(room / 12));
+        for (int k = 0; k < count && room > 0.9; ++k) {
+            const double x = left + room * (k + 0.5) / count;
+            add(_draft.pen.line(MarkKind::Lyric, {x - 0.35, -0.5}, {x + 0.35, -0.5}, 0.16), chord);
+        }
+    }
+
+    void addHeldLine(double left, double right, const PlacedChord &chord)
+    {
+        if (right > left + 0.6)
+            add(_draft.pen.line(MarkKind::Lyric, {left, 0}, {right, 0}, 0.16), chord);
+    }
+
+    void add(Ink ink, const PlacedChord &chord)
+    {
+        SideItem item;
+        item.side = Side::Below;
+        item.line = _line;
+        item.gap = 0.2;
+        ink.place = placeOf(_row, chord);
+        item.inks.push_back(std::move(ink));
+        _items.push_back(std::move(item));
+    }
+
+    const RowDraft &_row;
+    const SystemDraft &_draft;
+    const Carriers &_carriers;
+    int _line;
+    SideItems _items;
+};
+
+} // namespace
+
+void addLyrics(RowDraft &row, const SystemDraft &draft)
+{
+    if (!row.row->isFirstOfStaff)
+        return;
+    const std::uint8_t visible = draft.score.tracks[row.row->track].lyricsVisible;
+    const Carriers carriers = carriersOf(row);
+    SungLines lines = sungLinesOf(carriers, visible);
+    // A verse of which nothing new is sung has a line for what it holds.
+    std::map<std::pair<unsigned, unsigned>, std::vector<HeldSyllable>> held;
+    for (const HeldSyllable &syllable : heldFromBefore(row, draft, visible)) {
+        auto key = std::make_pair(syllable.verse, syllable.voice);
+        if (lines.find(key) == lines.end() && lines.count({syllable.verse, 0}) > 0)
+            key.second = 0;
+        lines[key];
+        held[key].push_back(syllable);
+    }
+    int number = 0;
+    for (auto &[key, sung] : lines) {
+        const int line = lyricLine + number++;
+        LyricLine words(row, draft, carriers, line);
+        words.addWords(sung, number == 1, number == static_cast<int>(lines.size()));
+        words.addLinks(sung, key.first);
+        for (const HeldSyllable &syllable : held[key])
+            words.addStart(sung, syllable);
+        place(row, words.take(),
+              lyricLine + static_cast<int>(key.first * Bar::MaxVoices + key.second));
+    }
+}
+
+} // namespace zarn::engraving
