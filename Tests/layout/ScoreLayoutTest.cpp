@@ -327,7 +327,10 @@ TEST(ScoreLayoutTest, stavesMoveApartUntilPagesAreFull)
     for (const layout::LayoutPage &page : laid.layout->pages()) {
         const auto &last = page.systems.back();
         const auto end = last.drawing->marks.box(laid.layout->font()).movedBy(last.at).bottom;
-        const auto room = laid.layout->fromMicrometres(page.height - page.bottomMargin);
+        auto room = laid.layout->fromMicrometres(page.height - page.bottomMargin);
+        for (const layout::DrawMark &mark : page.marks->marks())
+            if (mark.kind == MarkKind::Footer)
+                room = page.marks->box(mark, laid.layout->font()).top - layout::staffSpace;
         if (&page != &laid.layout->pages().back()) {
             EXPECT_NEAR(layout::toSpaces(end), layout::toSpaces(room), 0.5);
         }
@@ -353,6 +356,45 @@ TEST(ScoreLayoutTest, stavesMoveApartUntilPagesAreFull)
             }
         }
     }
+}
+
+/// Where the score says nothing of it, its copyright stands below the first page and numbers below
+/// the others, on no page of which there is but one; what the score says stands in their stead.
+TEST(ScoreLayoutTest, pagesHaveNumbersAndTheFirstOneTheCopyright)
+{
+    const auto footers = [](const ScoreModel &model) {
+        std::vector<std::string> found;
+        const LaidOut laid(model);
+        for (const layout::LayoutPage &page : laid.layout->pages()) {
+            std::string texts;
+            const auto bottom = laid.layout->fromMicrometres(page.height - page.bottomMargin);
+            for (const layout::DrawMark &mark : page.marks->marks())
+                if (mark.kind == MarkKind::Footer) {
+                    texts += page.marks->characters(mark);
+                    EXPECT_NEAR(page.marks->box(mark, laid.layout->font()).bottom, bottom, 8);
+                    const auto &system = page.systems.back();
+                    EXPECT_LT(
+                        system.drawing->marks.box(laid.layout->font()).movedBy(system.at).bottom,
+                        page.marks->box(mark, laid.layout->font()).top);
+                }
+            found.push_back(texts);
+        }
+        return found;
+    };
+    SmallScore small;
+    EXPECT_EQ(footers(small.model), std::vector<std::string>{""});
+    small.model.setScoreProperty(ScoreProperty::Copyright, "(c) 1899");
+    EXPECT_EQ(footers(small.model), std::vector<std::string>{"(c) 1899"});
+    small.model.insertEmptyBarColumns(2, 150);
+    const auto numbered = footers(small.model);
+    ASSERT_GT(numbered.size(), 2U);
+    EXPECT_EQ(numbered[0], "(c) 1899");
+    EXPECT_EQ(numbered[1], "2");
+    EXPECT_EQ(numbered.back(), std::to_string(numbered.size()));
+    small.model.setHeaderAndFooter(HeaderAndFooter::FooterRight, "p. %Page%");
+    const auto own = footers(small.model);
+    EXPECT_EQ(own[0], "");
+    EXPECT_EQ(own[1], "p. 2");
 }
 
 /// Whatever is asked for, notes are drawn and what is wrong is told with its place.

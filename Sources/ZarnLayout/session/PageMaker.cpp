@@ -108,9 +108,10 @@ std::vector<LayoutPage> PageMaker::make(const ScoreSource &source, const Sheet &
     if (source.view != ViewLayout::Pages)
         return fillSheet(sheet, systems);
     const double title = _texts->titleHeight();
+    const double firstFooter = _texts->firstFooterHeight();
     const double footer = _texts->footerHeight();
     const double header = _texts->headerHeight();
-    const PageRoom room = {std::max(sheet.height - title - footer, 1.0),
+    const PageRoom room = {std::max(sheet.height - title - firstFooter, 1.0),
                            std::max(sheet.height - header - footer, 1.0)};
     const std::vector<FilledPage> filled = fillPages(heightsOf(systems), room);
     const auto pageCount = std::max<unsigned>(1, static_cast<unsigned>(filled.size()));
@@ -137,7 +138,7 @@ std::vector<LayoutPage> PageMaker::make(const ScoreSource &source, const Sheet &
                 MarkPlace place;
                 place.bar = system.drawing->bars.front().firstBar;
                 problems.add(place, "The system is taller than the page.");
-                growFor(page, *system.built, above + footer, sheet);
+                growFor(page, *system.built, above + (i == 0 ? firstFooter : footer), sheet);
                 // Footers stay below the music.
                 page.marks =
                     _texts->draw(i + 1, pageCount, left, top,

@@ -16,22 +16,23 @@ namespace {
 constexpr double titleLead = 1.25; ///< distance of base lines, by height of the letters
 constexpr double gapBelowTitle = 3;
 constexpr double gapBelowHeader = 2;
+constexpr double gapAboveFooter = 1;
 
 } // namespace
 
 PageTexts::PageTexts(const ScoreModel &model, const Pen &pen, double width)
     : _model(model), _pen(pen), _width(width)
 {
+    for (unsigned i = 0; i < HeaderAndFooterCount; ++i)
+        _hasOwnTexts =
+            _hasOwnTexts || !_model.headerAndFooter(static_cast<HeaderAndFooter>(i)).empty();
     makeTitle();
-    const Inks header = cornerTexts(2, 2, false);
-    const Inks footer = cornerTexts(2, 2, true);
-    const Inks firstFooter = cornerTexts(1, 2, true);
-    if (!header.empty())
-        _headerHeight = boxOf(header).height() + gapBelowHeader;
-    if (!footer.empty())
-        _footerHeight = boxOf(footer).height() + gapBelowHeader;
-    if (!firstFooter.empty())
-        _footerHeight = std::max(_footerHeight, boxOf(firstFooter).height() + gapBelowHeader);
+    const auto heightOf = [](const Inks &texts, double gap) {
+        return texts.empty() ? 0 : boxOf(texts).height() + gap;
+    };
+    _headerHeight = heightOf(cornerTexts(2, 2, false), gapBelowHeader);
+    _firstFooterHeight = heightOf(cornerTexts(1, 2, true), gapAboveFooter);
+    _footerHeight = heightOf(cornerTexts(2, 2, true), gapAboveFooter);
     Problems all;
     for (const unsigned page : {1U, 2U})
         draw(page, 2, 0, 0, 0, all);
@@ -114,7 +115,7 @@ Inks PageTexts::cornerTexts(unsigned page, unsigned pageCount, bool isFooter) co
     Inks inks;
     for (int i = 0; i < 3; ++i) {
         const auto place = static_cast<Corner>(static_cast<int>(start) + i);
-        const std::string text = _model.formatedHeaderAndFooter(place, page, pageCount);
+        const std::string text = textAt(place, page, pageCount);
         if (text.empty())
             continue;
         double y = 0;
@@ -131,6 +132,15 @@ Inks PageTexts::cornerTexts(unsigned page, unsigned pageCount, bool isFooter) co
         }
     }
     return inks;
+}
+
+std::string PageTexts::textAt(HeaderAndFooter place, unsigned page, unsigned pageCount) const
+{
+    if (_hasOwnTexts)
+        return _model.formatedHeaderAndFooter(place, page, pageCount);
+    if (place == HeaderAndFooter::FirstPageFooterCenter)
+        return _model.property(ScoreProperty::Copyright);
+    return place == HeaderAndFooter::FooterCenter ? std::to_string(page) : std::string();
 }
 
 std::shared_ptr<const layout::DrawList>

@@ -5,7 +5,10 @@
 #include <ZarnLayout/engrave/Pen.h>
 #include <ZarnLayout/engrave/Problems.h>
 
+#include <ZarnCore/model/layout/ZarnHeaderAndFooter.h>
+
 #include <memory>
+#include <string>
 
 namespace zarn {
 class ScoreModel;
@@ -13,16 +16,18 @@ class ScoreModel;
 
 namespace zarn::engraving {
 
-/// The title block of a score, and the texts at the top and bottom of its pages.
+/// The title block of a score, and the texts at the top and bottom of its pages. A score that names
+/// none of the latter has its copyright below the first page, and a number below each other one.
 class PageTexts {
 public:
     /// `width` is that between the margins, in staff spaces.
     PageTexts(const ScoreModel &model, const Pen &pen, double width);
 
     /// Heights that are kept free: of the title on the first page, of headers on the others, of
-    /// footers.
+    /// footers on the first one and on the others.
     double titleHeight() const noexcept { return _titleHeight; }
     double headerHeight() const noexcept { return _headerHeight; }
+    double firstFooterHeight() const noexcept { return _firstFooterHeight; }
     double footerHeight() const noexcept { return _footerHeight; }
 
     /// The texts of a page, counted from 1. `left` and `top` are the margins, `height` is between
@@ -39,6 +44,7 @@ private:
                                                  double top, double height,
                                                  Problems &problems) const;
     Inks cornerTexts(unsigned page, unsigned pageCount, bool isFooter) const;
+    std::string textAt(HeaderAndFooter place, unsigned page, unsigned pageCount) const;
 
     const ScoreModel &_model;
     const Pen &_pen;
@@ -46,7 +52,9 @@ private:
     Inks _title;
     double _titleHeight = 0;
     double _headerHeight = 0;
+    double _firstFooterHeight = 0;
     double _footerHeight = 0;
+    bool _hasOwnTexts = false; ///< the score says what stands at the top and bottom of pages
     Problems _problems;
 };
 
