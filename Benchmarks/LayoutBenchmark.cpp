@@ -112,9 +112,9 @@ void updateOnce(benchmark::State &state, unsigned barCount, ViewLayout view = Vi
 }
 
 /// Milliseconds of an update behind one edit: what so many in a hundred stay below.
-double updateTime(unsigned barCount, int percent)
+double updateTime(unsigned barCount, int percent, ViewLayout view = ViewLayout::Pages)
 {
-    EditedBand &edited = band(barCount);
+    EditedBand &edited = band(barCount, view);
     std::vector<double> times;
     for (int i = 0; i < 400; ++i) {
         edited.editNote();
@@ -212,6 +212,15 @@ int main(int argc, char **argv)
                          [] { return std::make_pair(2.0, updateTime(manyBars, 50)); });
     report.compareValues("layout: update, 2,000 bars, 99 % in ms", 1,
                          [] { return std::make_pair(5.0, updateTime(manyBars, 99)); });
+    const auto line = ViewLayout::SingleLine;
+    report.compareValues("layout: update of one line, 300 bars, median in ms", 1,
+                         [=] { return std::make_pair(2.0, updateTime(usualBars, 50, line)); });
+    report.compareValues("layout: update of one line, 300 bars, 99 % in ms", 1,
+                         [=] { return std::make_pair(5.0, updateTime(usualBars, 99, line)); });
+    report.compareValues("layout: update of one line, 2,000 bars, median in ms", 1,
+                         [=] { return std::make_pair(2.0, updateTime(manyBars, 50, line)); });
+    report.compareValues("layout: update of one line, 2,000 bars, 99 % in ms", 1,
+                         [=] { return std::make_pair(5.0, updateTime(manyBars, 99, line)); });
     report.compare(
         "layout: one line, again after an edit, 300 bars, against all of it", 0.06,
         [](State &state) { layOutAll(state, usualBars, ViewLayout::SingleLine); },
