@@ -165,15 +165,15 @@ HeldNotes heldNotes(const Carriers &carriers, std::size_t first, unsigned voice,
 class LyricLine {
 public:
     LyricLine(const RowDraft &row, const SystemDraft &draft, const Carriers &carriers, int line)
-        : _row(row), _draft(draft), _carriers(carriers), _line(line)
+        : _row(row), _draft(draft), _carriers(carriers), _line(line),
+          _letters(draft.pen.fonts().textBox("lp", TextRole::Lyric))
     {
     }
 
     /// `isFirst` and `isLast` among the lines of words below the row.
     void addWords(std::vector<Sung> &sung, bool isFirst, bool isLast)
     {
-        // Verses stand evenly below one another, whatever their letters are.
-        const Box letters = _draft.pen.fonts().textBox("lp", TextRole::Lyric);
+        _hasNoWords = sung.empty();
         for (Sung &entry : sung) {
             SideItem item;
             item.side = Side::Below;
@@ -187,9 +187,9 @@ public:
             for (Ink &ink : item.inks) {
                 ink.place = placeOf(_row, *entry.chord);
                 if (!isFirst)
-                    ink.box.top = std::min(ink.box.top, letters.top);
+                    ink.box.top = std::min(ink.box.top, _letters.top);
                 if (!isLast)
-                    ink.box.bottom = std::max(ink.box.bottom, letters.bottom);
+                    ink.box.bottom = std::max(ink.box.bottom, _letters.bottom);
             }
             const double centre = entry.chord->headCentre();
             entry.box = item.inks.empty() ? Box{centre, 0, centre, 0} : boxOf(item.inks);
@@ -265,6 +265,9 @@ private:
         item.line = _line;
         item.gap = 0.2;
         ink.place = placeOf(_row, chord);
+        // Where no words stand it is as far down as they would be.
+        if (_hasNoWords)
+            ink.box.top = std::min(ink.box.top, _letters.top);
         item.inks.push_back(std::move(ink));
         _items.push_back(std::move(item));
     }
@@ -273,6 +276,8 @@ private:
     const SystemDraft &_draft;
     const Carriers &_carriers;
     int _line;
+    Box _letters; ///< verses stand evenly below one another, whatever their letters are
+    bool _hasNoWords = false;
     SideItems _items;
 };
 
