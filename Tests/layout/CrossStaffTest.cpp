@@ -232,3 +232,29 @@ TEST(CrossStaffTest, slursBetweenStavesAreNoSerpents)
         EXPECT_EQ(slurs, 1U);
     }
 }
+
+/// What is said to the lower hand alone stands between the hands, and below it where the upper hand
+/// is told something else in the same bar.
+TEST(CrossStaffTest, dynamicsStandBetweenTheHandsOrBelowTheOneThatTheyAreFor)
+{
+    for (const bool hasBoth : {false, true}) {
+        Hands hands;
+        Beat &low = hands.add(1, 48, NoteValue::Half);
+        Beat &high = hands.add(0, 72, NoteValue::Half);
+        const auto say = [](Beat &beat) {
+            BeatMarks marks = beat.marks();
+            marks.setDynamic(NoteDynamic(NoteDynamic::Value::F));
+            beat.setMarks(marks);
+        };
+        say(low);
+        if (hasBoth)
+            say(high);
+        const LaidOut laid(*hands.model);
+        const auto dynamics = ofStaff(laid, MarkKind::Dynamic, 1);
+        ASSERT_EQ(dynamics.size(), 1U);
+        const auto &staves = laid.layout->pages()[0].systems[0].drawing->staves;
+        EXPECT_EQ(dynamics[0].bottom < layout::toSpaces(staves[1].top), !hasBoth);
+        EXPECT_EQ(dynamics[0].top > layout::toSpaces(staves[1].bottom), hasBoth);
+        EXPECT_GT(dynamics[0].top, layout::toSpaces(staves[0].bottom));
+    }
+}

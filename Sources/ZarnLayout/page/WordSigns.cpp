@@ -11,6 +11,7 @@
 #include <array>
 #include <cstdlib>
 #include <map>
+#include <set>
 #include <tuple>
 #include <utility>
 #include <vector>
@@ -87,10 +88,9 @@ bool wasOpen(const SystemDraft &draft, const RowDraft &row, const PlacedChord &f
 }
 
 /// Away from bar lines, which lead through the staves of a track.
-void keepInBar(Inks &inks, const SystemDraft &draft, const PlacedChord &chord)
+void keepInBar(Inks &inks, const BarPlace &bar)
 {
     constexpr double gap = 0.2;
-    const BarPlace &bar = draft.barOf(chord);
     const Box box = boxOf(inks);
     const double left = std::max(0.0, bar.left + gap - box.left);
     const double right = std::max(0.0, box.right - bar.right + gap);
@@ -185,6 +185,71 @@ void alignNeighbours(SideItems &items)
     }
 }
 
+bool saysHowLoud(const BeatSource &beat)
+{
+    return beat.marks.dynamic() != NoteDynamic()
+        || beat.marks.attackDynamic() != AttackDynamic::None
+        || beat.marks.hairpin() != Hairpin::NoHairpin;
+}
+
+/// The row of the staff above that belongs to the same player; null for none.
+const RowDraft *upperHand(const RowDraft &row, const SystemDraft &draft)
+{
+    const auto found =
+        std::find_if(draft.rows.begin(), draft.rows.end(), [&](const RowDraft &other) {
+            return other.row->track == row.row->track && other.row->staff + 1 == row.row->staff
+                && other.row->isFirstOfStaff;
+        });
+    return found == draft.rows.end() ? nullptr : &*found;
+}
+
+/// Between the hands stands what is said to both: dynamics of the lower one, with the hairpins that
+/// lead to or from them, where the upper one has none in the same bars.
+void liftBetweenHands(SideItems &items, const RowDraft &row, const SystemDraft &draft)
+{
+    const RowDraft *const upper = upperHand(row, draft);
+    if (upper == nullptr)
+        return;
+    std::set<unsigned> ofUpper; // shown bars
+    for (const PlacedChord *const carrier : carriersOf(*upper))
+        if (saysHowLoud(carrier->beat()))
+            ofUpper.insert(carrier->shownBar);
+    struct Line {
+        std::vector<SideItem *> items;
+        double left = 1e9;
+        double right = -1e9;
+        bool hasDynamic = false;
+    };
+    std::map<int, Line> lines;
+    for (SideItem &item : items) {
+        if (item.line == 0 || item.inks.empty())
+            continue;
+        Line &line = lines[item.line];
+        const Box box = boxOf(item.inks);
+        line.items.push_back(&item);
+        line.left = std::min(line.left, box.left);
+        line.right = std::max(line.right, box.right);
+        line.hasDynamic = line.hasDynamic || item.inks.front().kind == MarkKind::Dynamic;
+    }
+    for (const auto &[number, line] : lines) {
+        bool isAlone = line.hasDynamic;
+        for (const BarPlace &bar : draft.bars)
+            if (bar.left < line.right && bar.right > line.left && ofUpper.count(bar.shownBar) > 0)
+                isAlone = false;
+        if (!isAlone || openSide(row, Side::Above, line.left, line.right) != Side::Above)
+            continue;
+        for (SideItem *const item : line.items) {
+            item->side = Side::Above;
+            const Box box = boxOf(item->inks);
+            const double middle = (box.left + box.right) / 2;
+            for (const BarPlace &bar : draft.bars)
+                if (row.hasLinesAbove && item->inks.front().kind == MarkKind::Dynamic
+                    && bar.left <= middle && bar.right > middle)
+                    keepInBar(item->inks, bar);
+        }
+    }
+}
+
 } // namespace
 
 void addDynamics(RowDraft &row, const SystemDraft &draft)
@@ -209,7 +274,7 @@ void addDynamics(RowDraft &row, const SystemDraft &draft)
         item.inks =
             draft.pen.glyphs(MarkKind::Dynamic, signs, chord.headCentre(), 0, Pen::Align::Centre);
         if (side == Side::Above ? row.hasLinesAbove : row.hasLinesBelow)
-            keepInBar(item.inks, draft, chord);
+            keepInBar(item.inks, draft.barOf(chord));
         keepOnLine(item.inks, draft);
         const Box box = boxOf(item.inks);
         // Several voices that say the same say it once.
@@ -249,6 +314,8 @@ void addDynamics(RowDraft &row, const SystemDraft &draft)
         }
     }
     alignNeighbours(items);
+    if (side == Side::Below)
+        liftBetweenHands(items, row, draft);
     place(row, std::move(items));
 }
 
