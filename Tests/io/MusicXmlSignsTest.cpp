@@ -374,6 +374,18 @@ TEST(MusicXmlSigns, ottavasStandOverTheBeatsBetweenTheirEnds)
     using zarn::Ottavia;
     EXPECT_EQ(signs,
               (std::vector<Ottavia>{Ottavia::None, Ottavia::_8va, Ottavia::_8va, Ottavia::None}));
+
+    // What ends with the bar ends behind the grace notes there, whichever voice they are of.
+    const std::string grace = "<note><grace/><pitch><step>D</step><octave>6</octave></pitch>"
+                              "<voice>1</voice><type>eighth</type></note>";
+    const auto graces =
+        import(score(measure(direction("<octave-shift type=\"down\" size=\"8\"/>")
+                             + note("C", 6, 4, "whole", {}, "1") + grace + backup(4)
+                             + note("C", 5, 4, "whole", {}, "2")
+                             + direction("<octave-shift type=\"stop\" size=\"8\"/>"))),
+               report);
+    ASSERT_EQ(graces->track(0)->bar(0)->voice(0)->beatCount(), 2u);
+    EXPECT_EQ(graces->track(0)->bar(0)->voice(0)->beat(1)->ottavia(), Ottavia::_8va);
 }
 
 TEST(MusicXmlSigns, barsThatAreWrittenAsRepeatsAreMarked)

@@ -16,6 +16,15 @@ namespace {
 /// Bytes of text that gather at one beat at most.
 constexpr std::size_t mostText = 4096;
 
+/// The index of the first note of the measure that became part of a beat.
+std::size_t firstNoteOf(const Beat &beat, const std::vector<NotePlace> &notes)
+{
+    const auto found = std::find_if(notes.begin(), notes.end(), [&beat](const NotePlace &place) {
+        return place.beat == &beat;
+    });
+    return static_cast<std::size_t>(found - notes.begin());
+}
+
 } // namespace
 
 void MarkPlacer::place(const WrittenMeasure &measure, const std::vector<NotePlace> &notes,
@@ -76,7 +85,7 @@ void MarkPlacer::placeOttavas(const WrittenMeasure &measure, const std::vector<N
             const auto *const ahead =
                 noteAhead(measure, notes, mark.note, mark.staff, mark.position);
             _changes.push_back({ahead ? ahead->onset : mark.position,
-                                static_cast<Ottavia>(mark.value),
+                                static_cast<Ottavia>(mark.value), mark.note,
                                 jointAt(measure, notes, mark.note, mark.staff, mark.position)});
         }
         if (_changes.empty() && open == Ottavia::None)
@@ -88,7 +97,11 @@ void MarkPlacer::placeOttavas(const WrittenMeasure &measure, const std::vector<N
             auto next = _changes.begin();
             unsigned index = 0;
             const auto isReached = [&](const PlacedBeat &placed) {
-                // Among grace notes, which take no time, the order of the document tells.
+                // Among grace notes, which take no time, the order of the document tells, and of
+                // those at the end of the bar in any voice.
+                if (placed.beat->isGrace() && !(placed.onset < next->position)
+                    && !(next->position < measure.length))
+                    return next->note <= firstNoteOf(*placed.beat, notes);
                 return next->joint && next->joint->slot == slot ? index >= next->joint->index
                                                                 : !(placed.onset < next->position);
             };

@@ -29,6 +29,7 @@ private:
     struct OttaviaChange {
         utils::rational position;
         Ottavia ottavia;
+        std::size_t note; ///< index of the note in the measure that follows it in the document
         std::optional<VoiceJoint> joint;
     };
 
