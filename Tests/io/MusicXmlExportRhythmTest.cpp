@@ -145,6 +145,29 @@ TEST(MusicXmlExportRhythm, voicesThatEndEarlyEndThereAgain)
     }
 }
 
+/// What is as long as a bar whose notes are too many is so in all parts.
+TEST(MusicXmlExportRhythm, wholeBarRestsLastAsLongAsOverfullBars)
+{
+    const auto rest = "<note><rest measure=\"yes\"/><duration>4</duration></note>";
+    const auto model = readFrom(
+        "<score-partwise><part-list><score-part id=\"P\"><part-name>Full</part-name></score-part>"
+        "<score-part id=\"Q\"><part-name>Rest</part-name></score-part></part-list><part id=\"P\">"
+        + quarters(1, note("C", 5, 4, "whole")) + "</part><part id=\"Q\">" + quarters(1, rest)
+        + "</part></score-partwise>");
+    auto eighth = std::make_shared<Beat>(RhythmValue(RhythmValue::NoteValue::Eighth));
+    eighth->addNote(std::make_shared<zarn::Note>(60));
+    model->track(0)->bar(0)->voice(0)->insertBeats(1, {eighth});
+    io::ExportReport report;
+    const auto text = io::MusicXmlExporter().toText(*model, report);
+    EXPECT_TRUE(report.hasProblem("longer than the bar"));
+    const Exported written(*model);
+    EXPECT_EQ(written.all("//divisions"), "2 2");
+    EXPECT_EQ(written.all("//note[rest/@measure]/duration"), "9");
+    const auto copy = readFrom(text);
+    EXPECT_TRUE(copy->track(1)->bar(0)->voice(0)->beat(0)->isWholeBarRest());
+    EXPECT_EQ(exported(*copy), text);
+}
+
 TEST(MusicXmlExportRhythm, barsWithoutAMeasureKeepTheGroupsOfThoseBefore)
 {
     const auto bar = [](const std::string &time) {

@@ -4,6 +4,7 @@
 #include <ZarnCore/io/musicxml/signs/Fingers.h>
 #include <ZarnCore/io/musicxml/writer/DirectionWriter.h>
 #include <ZarnCore/io/musicxml/writer/VoiceOrder.h>
+#include <ZarnCore/io/musicxml/writer/VoiceRhythm.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
 #include <algorithm>
@@ -47,7 +48,6 @@ PartPlan::PartPlan(const Track &track, unsigned index, std::vector<rational> &re
             _staves.push_back({&staff, static_cast<int>(i), true, hasNotes});
         readStaff(staff, reach);
     }
-    readMaster();
     // The little finger is the fifth on keys alone.
     _areKeys = areFingersOfKeys(_hasFrets,
                                 _hasFifthFinger && !InstrumentSet::isStringedOrBowed(track.type()),
@@ -86,6 +86,8 @@ void PartPlan::readStaff(const Staff &staff, std::vector<rational> &reach)
                 continue;
             isLate = isLate || slot > known;
             known = std::max(known, slot + 1);
+            const bool isRest = isWholeBarRest(*voices[slot]);
+            content.hasWholeBarRest = content.hasWholeBarRest || isRest;
             rational end;
             for (const auto &beat : voices[slot]->beats()) {
                 readBeat(*beat, staff);
@@ -95,7 +97,8 @@ void PartPlan::readStaff(const Staff &staff, std::vector<rational> &reach)
                 if (beat->isGrace())
                     continue;
                 const auto length = beat->length();
-                _divisions = commonDivisions(_divisions, length);
+                if (!isRest)
+                    _divisions = commonDivisions(_divisions, length);
                 end += length;
             }
             _reach[index] = std::max(_reach[index], end);
@@ -127,17 +130,17 @@ void PartPlan::readBeat(const Beat &beat, const Staff &staff)
     }
 }
 
-/// How long the bars are, which one of the parts has to tell, and where tempos stand in the first.
-void PartPlan::readMaster()
+/// One of the parts has to tell how long the bars are, and the first one where tempos stand.
+void PartPlan::setBarLengths(const std::vector<rational> &lengths)
 {
-    const auto model = _track.parentScoreModel();
-    if (!model)
-        return;
-    const auto &master = *model->masterTrack();
-    for (const auto &bar : master.masterBars())
-        _divisions = commonDivisions(_divisions, bar->length());
-    if (_index == 0)
-        for (const auto *const tempo : master.automations(Automation::Tempo))
+    _lengths = lengths;
+    for (std::size_t bar = 0; bar < lengths.size(); ++bar) {
+        _divisions = commonDivisions(_divisions, lengths[bar]);
+        if (_contents[bar].hasWholeBarRest)
+            _reach[bar] = lengths[bar];
+    }
+    if (const auto model = _track.parentScoreModel(); model && _index == 0)
+        for (const auto *const tempo : model->masterTrack()->automations(Automation::Tempo))
             addPosition(tempo->index(), exactPosition(tempo->position()));
     for (unsigned bar = 0; bar < _reach.size() && _divisions != 0; ++bar)
         if (areTooMany(_divisions, bar))
@@ -169,21 +172,17 @@ void PartPlan::addPercussion(const Note &note)
 /// Whether a bar is too long to be written in so many divisions.
 bool PartPlan::areTooMany(std::int64_t divisions, unsigned bar) const
 {
-    const auto model = _track.parentScoreModel();
-    const auto length = model ? model->masterTrack()->masterBars()[bar]->length() : rational();
-    return std::max(length, _reach[bar]).ceil() > MostDivisions / divisions;
+    return _lengths[bar].ceil() > MostDivisions / divisions;
 }
 
 PartPlan::Divisions PartPlan::divisionsOfBar(unsigned bar) const
 {
     if (_divisions != 0)
         return {_divisions, true};
-    std::int64_t divisions = 1;
-    if (const auto model = _track.parentScoreModel())
-        divisions = commonDivisions(divisions, model->masterTrack()->masterBars()[bar]->length());
+    std::int64_t divisions = commonDivisions(1, _lengths[bar]);
     for (const auto &staff : _track.staves())
         for (const auto &voice : staff->bars()[bar]->voices())
-            if (voice)
+            if (voice && !isWholeBarRest(*voice))
                 for (const auto &beat : voice->beats())
                     divisions = commonDivisions(divisions, beat->length());
     if (divisions != 0 && !areTooMany(divisions, bar)) {

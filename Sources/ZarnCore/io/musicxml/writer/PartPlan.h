@@ -32,6 +32,10 @@ public:
     /// that is farther.
     PartPlan(const Track &track, unsigned index, std::vector<utils::rational> &reach);
 
+    /// Tells how long the bars are written, which is known when all parts are; nothing can be
+    /// written before. See `ScorePlan::lengths`.
+    void setBarLengths(const std::vector<utils::rational> &lengths);
+
     const Track &track() const noexcept { return _track; }
     std::string id() const;
     const std::vector<PartStaff> &staves() const noexcept { return _staves; }
@@ -57,6 +61,7 @@ public:
     struct BarContent {
         bool hasDetails = false;
         bool hasOttavas = false;
+        bool hasWholeBarRest = false;  ///< as all that a voice is
         bool hasNumberedSlurs = false; ///< ends of slurs such as those between voices
     };
     const BarContent &contentOf(unsigned bar) const { return _contents[bar]; }
@@ -73,7 +78,6 @@ public:
 private:
     void readStaff(const Staff &staff, std::vector<utils::rational> &reach);
     void readBeat(const Beat &beat, const Staff &staff);
-    void readMaster();
     void addPosition(unsigned bar, const utils::rational &position);
     bool areTooMany(std::int64_t divisions, unsigned bar) const;
     void addPercussion(const Note &note);
@@ -90,6 +94,7 @@ private:
     std::vector<bool> _lateVoices;
     std::vector<BarContent> _contents;
     std::vector<utils::rational> _reach;
+    std::vector<utils::rational> _lengths; ///< of the bars, as they are written
     std::map<int, std::string> _percussion;
 };
 

@@ -59,7 +59,7 @@ void PartWriter::writeMeasure(unsigned bar)
     // What stands behind the notes tells that the bar goes on.
     const bool goesOn = _attributes.reachesBehindNotes() || _plan.reach()[bar] < _cursor.latest();
     const bool isPadded = _score.padding[bar] == _track || goesOn;
-    _end = isPadded ? std::max(column.length(), _plan.reach()[bar]) : _plan.reach()[bar];
+    _end = isPadded ? _score.lengths[bar] : _plan.reach()[bar];
     for (std::size_t staff = 0; staff < _plan.staves().size(); ++staff) {
         const auto &written = _plan.staves()[staff];
         _notes[staff].startBar(*written.staff->bars()[bar], _fifths);
@@ -109,7 +109,7 @@ void PartWriter::claimVoices(std::size_t staff)
     _cursor.moveTo(0);
     // No longer than the notes, or readers fill the bar up to there.
     const auto &reach = _plan.reach().front();
-    const auto length = reach > rational(0) ? reach : master().masterBars().front()->length();
+    const auto length = reach > rational(0) ? reach : _score.lengths.front();
     for (unsigned slot = 0; slot < Bar::MaxVoices; ++slot) {
         leaveTime(0, length, placeOf(staff, slot));
         _cursor.moveTo(0);
@@ -146,7 +146,7 @@ void PartWriter::writeStaff(std::size_t staff, unsigned bar)
         if (guest && _crossed.hasBeats(*guest, bar)) {
             writeCrossedVoice(place, *guest, bar);
         } else if (voice && !voice->isEmpty() && !_crossed.hostOf(place)) {
-            _rhythm.read(*voice, *master().masterBars()[bar]);
+            _rhythm.read(*voice, *master().masterBars()[bar], _score.lengths[bar]);
             writeVoice(staff, slot, bar);
         }
     }

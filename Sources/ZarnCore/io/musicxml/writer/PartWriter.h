@@ -22,6 +22,9 @@ struct ScorePlan {
     const ScoreModel *model = nullptr;
     std::vector<utils::rational> reach; ///< how far the notes of each bar reach in any part
 
+    /// How long the bars are written: those that notes reach past are as long as these.
+    std::vector<utils::rational> lengths;
+
     /// Bars whose notes end before the bar does: the part that says how long they are.
     std::vector<int> padding; ///< track; -1 for none
 

@@ -46,6 +46,15 @@ std::vector<bool> systemStarts(const ScoreModel &model)
     return starts;
 }
 
+void setLengths(std::deque<PartPlan> &parts, ScorePlan &score)
+{
+    const auto &bars = score.model->masterTrack()->masterBars();
+    for (std::size_t bar = 0; bar < bars.size(); ++bar)
+        score.lengths.push_back(std::max(bars[bar]->length(), score.reach[bar]));
+    for (auto &part : parts)
+        part.setBarLengths(score.lengths);
+}
+
 /// The parts that say how long bars are whose notes end before: one without notes in the bar, if
 /// there is one. A bar without any notes that is as long as its meter needs none.
 void setPadding(const std::deque<PartPlan> &parts, ScorePlan &score, ExportContext &context)
@@ -102,6 +111,7 @@ void writeScore(const ScoreModel &model, XmlSink &sink, ExportReport &report)
     std::deque<PartPlan> parts;
     for (const auto &track : model.tracks())
         parts.emplace_back(*track, static_cast<unsigned>(parts.size()), score.reach);
+    setLengths(parts, score);
     setPadding(parts, score, context);
     context.setPlace(-1, -1);
     countUnheld(model, parts, context);

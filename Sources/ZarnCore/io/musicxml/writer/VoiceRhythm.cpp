@@ -59,19 +59,34 @@ void beamTogether(RhythmicBeat &left, RhythmicBeat &right)
 
 } // namespace
 
-void VoiceRhythm::read(const Voice &voice, const MasterBar &bar)
+bool isWholeBarRest(const Voice &voice)
+{
+    bool hasRest = false;
+    for (const auto &beat : voice.beats()) {
+        if (beat->isGrace())
+            continue;
+        if (hasRest || !beat->isWholeBarRest())
+            return false;
+        hasRest = true;
+    }
+    return hasRest;
+}
+
+void VoiceRhythm::read(const Voice &voice, const MasterBar &bar, const rational &written)
 {
     start();
+    _wholeBar = isWholeBarRest(voice) ? written : bar.length();
     for (const auto &beat : voice.beats())
-        add(*beat, bar);
+        add(*beat);
     finish(bar);
 }
 
 void VoiceRhythm::read(const std::vector<const Beat *> &beats, const MasterBar &bar)
 {
     start();
+    _wholeBar = bar.length();
     for (const auto *const beat : beats)
-        add(*beat, bar);
+        add(*beat);
     finish(bar);
 }
 
@@ -82,7 +97,7 @@ void VoiceRhythm::start()
     _hasTuplets = _hasFlags = false;
 }
 
-void VoiceRhythm::add(const Beat &added, const MasterBar &bar)
+void VoiceRhythm::add(const Beat &added)
 {
     auto &beat = _beats.emplace_back();
     beat.beat = &added;
@@ -90,7 +105,7 @@ void VoiceRhythm::add(const Beat &added, const MasterBar &bar)
     beat.onset = onset;
     const auto &rhythm = added.rhythmValue();
     if (!added.isGrace()) {
-        const auto length = beat.fillsBar() ? bar.length() : rhythm.getLength();
+        const auto length = beat.fillsBar() ? _wholeBar : rhythm.getLength();
         beat.length = length;
         _end = onset + length;
     }

@@ -45,10 +45,15 @@ struct RhythmicBeat {
     bool fillsBar() const { return beat->isWholeBarRest() && !beat->isGrace(); }
 };
 
+/// Whether a voice is a whole-bar rest, and grace notes at most.
+bool isWholeBarRest(const Voice &voice);
+
 /// Works out when the beats of a voice begin, their tuplet brackets and their beams.
 class VoiceRhythm {
 public:
-    void read(const Voice &voice, const MasterBar &bar);
+    /// A whole-bar rest that is all of the voice lasts as long as the bar is written; see
+    /// `ScorePlan::lengths`.
+    void read(const Voice &voice, const MasterBar &bar, const utils::rational &written);
     void read(const std::vector<const Beat *> &beats, const MasterBar &bar);
 
     const std::vector<RhythmicBeat> &beats() const noexcept { return _beats; }
@@ -56,7 +61,7 @@ public:
 
 private:
     void start();
-    void add(const Beat &beat, const MasterBar &bar);
+    void add(const Beat &beat);
     void finish(const MasterBar &bar);
     void setTuplets(TupletLevel level);
     void setBeams(const MasterBar &bar);
@@ -64,6 +69,7 @@ private:
     std::vector<RhythmicBeat> _beats;
     std::vector<BeamedBeat> _beamed;
     utils::rational _end;
+    utils::rational _wholeBar; ///< what a whole-bar rest lasts
     bool _hasTuplets = false;
     bool _hasFlags = false;
 };
