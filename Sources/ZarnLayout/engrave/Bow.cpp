@@ -53,10 +53,10 @@ std::vector<Point> Bow::samples(std::size_t count) const
     return points;
 }
 
-std::vector<Point> Bow::samples() const
+std::size_t Bow::sampleCount() const
 {
-    return samples(static_cast<std::size_t>(
-        std::clamp((isTilted ? length() : to.x - from.x) * 3, 12.0, 150.0)));
+    return static_cast<std::size_t>(
+        std::clamp((isTilted ? length() : to.x - from.x) * 3, 12.0, 150.0));
 }
 
 } // namespace zarn::engraving

@@ -34,7 +34,10 @@ struct Bow {
     std::vector<Point> samples(std::size_t count) const;
 
     /// As many as tell where it runs.
-    std::vector<Point> samples() const;
+    std::vector<Point> samples() const { return samples(sampleCount()); }
+
+    /// How many pieces these are the ends of.
+    std::size_t sampleCount() const;
 };
 
 } // namespace zarn::engraving

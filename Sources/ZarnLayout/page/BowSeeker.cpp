@@ -61,6 +61,7 @@ std::vector<BowTry> byCost(std::vector<BowTry> tries)
 Bow bestOf(const std::vector<BowTry> &tries, const BowEnds &wish, const InkField &field)
 {
     constexpr double narrowest = 0.6;
+    constexpr double inkCost = 60;
     Bow best;
     double least = 1e9;
     for (const int side : {wish.side, -wish.side}) {
@@ -81,7 +82,9 @@ Bow bestOf(const std::vector<BowTry> &tries, const BowEnds &wish, const InkField
             const Bow bow =
                 Bow::arched({from.x + way.late, from.y - away}, {to.x - way.early, to.y - away},
                             side * height * way.height);
-            const double cost = way.cost + turned + 60 * field.coveredBy(bow, 0.06);
+            const double bare = way.cost + turned;
+            const double cost =
+                bare + inkCost * field.coveredBy(bow, 0.06, (least - bare) / inkCost);
             if (cost < least) {
                 least = cost;
                 best = bow;
@@ -117,7 +120,9 @@ Bow leastInked(const Bow &wish, double sign, const InkField &field)
         // Rather on a little ink than a tall loop.
         const double height = std::max(std::abs(bow.fromRise), std::abs(bow.toRise)) * 3 / 4;
         const double tall = std::max(0.0, height - (bow.to.x - bow.from.x));
-        const double cost = way.cost + tallCost * tall + areaCost * field.coveredBy(bow, margin);
+        const double bare = way.cost + tallCost * tall;
+        const double cost =
+            bare + areaCost * field.coveredBy(bow, margin, (least - bare) / areaCost);
         if (cost < least) {
             least = cost;
             best = bow;

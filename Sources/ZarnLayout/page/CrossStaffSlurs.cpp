@@ -30,7 +30,7 @@ Bow refined(Bow bow, const InkField &field)
             bent.toRise += step * way[1];
             bent.from.y += step * way[2];
             bent.to.y += step * way[3];
-            const double covered = field.coveredBy(bent, margin);
+            const double covered = field.coveredBy(bent, margin, least);
             if (covered < least) {
                 least = covered;
                 bow = bent;
@@ -81,6 +81,7 @@ Bow bestCrossing(const NumberedSlur &slur, const InkField &field)
     constexpr std::array<double, 12> parts = {0.4,  0.7,  1,  1.5,  2.2,  3,
                                               -0.4, -0.7, -1, -1.5, -2.2, -3};
     constexpr double turnCost = 2.5;
+    constexpr double inkCost = 25;
     const bool isBelow = slur.side == SlurSide::Below;
     const double otherSideCost = slur.side == SlurSide::Auto ? 0.25 : 1;
     Bow best;
@@ -101,7 +102,8 @@ Bow bestCrossing(const NumberedSlur &slur, const InkField &field)
                         continue;
                     bow.fromRise = usual * from;
                     bow.toRise = usual * to;
-                    const double whole = cost + 25 * field.coveredBy(bow, 0.1);
+                    const double whole =
+                        cost + inkCost * field.coveredBy(bow, 0.1, (least - cost) / inkCost);
                     if (whole < least) {
                         least = whole;
                         best = bow;

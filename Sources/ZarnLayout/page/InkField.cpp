@@ -2,6 +2,7 @@
 #include <ZarnLayout/page/InkField.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace zarn::engraving {
@@ -135,7 +136,9 @@ double InkField::coveredBy(const Strip &strip, double margin) const
         return 0;
     double area = 0;
     for (const Obstacle &obstacle : _bins[bin]) {
-        if (strip.x < obstacle.left - margin || strip.x > obstacle.right + margin)
+        if (strip.x < obstacle.left - margin || strip.x > obstacle.right + margin
+            || strip.bottom <= std::min(obstacle.top[0], obstacle.top[1]) - margin
+            || strip.top >= std::max(obstacle.bottom[0], obstacle.bottom[1]) + margin)
             continue;
         const double width = std::max(obstacle.right - obstacle.left, 1e-6);
         const double across = std::clamp((strip.x - obstacle.left) / width, 0.0, 1.0);
@@ -155,18 +158,23 @@ double InkField::coveredBy(const Strip &strip, double margin) const
     return area;
 }
 
-double InkField::coveredBy(const Bow &bow, double margin) const
+double InkField::coveredBy(const Bow &bow, double margin, double worthKnowing) const
 {
-    const std::vector<Point> points = bow.samples();
+    const std::array<Point, 4> handles = bow.handles();
+    const std::size_t count = bow.sampleCount();
+    Point begin = pointOn(handles, 0);
     double area = 0;
-    for (std::size_t i = 1; i < points.size(); ++i) {
-        const double y = (points[i - 1].y + points[i].y) / 2;
-        const double part = static_cast<double>(i) / static_cast<double>(points.size());
+    for (std::size_t i = 1; i <= count; ++i) {
+        const Point end = pointOn(handles, static_cast<double>(i) / static_cast<double>(count));
+        const double y = (begin.y + end.y) / 2;
+        const double part = static_cast<double>(i) / static_cast<double>(count + 1);
         const double half = 0.05 + 0.06 * 4 * part * (1 - part)
-            + std::abs(points[i].y - points[i - 1].y) / 2; // a steep piece covers its height
-        area += coveredBy(Strip{(points[i - 1].x + points[i].x) / 2, points[i].x - points[i - 1].x,
-                                y - half, y + half},
-                          margin);
+            + std::abs(end.y - begin.y) / 2; // a steep piece covers its height
+        area +=
+            coveredBy(Strip{(begin.x + end.x) / 2, end.x - begin.x, y - half, y + half}, margin);
+        if (area > worthKnowing)
+            return plenty;
+        begin = end;
     }
     return area;
 }

@@ -17,8 +17,10 @@ public:
     void add(const Ink &ink, double y = 0);
 
     /// Square staff spaces of ink that a curve would lie on, with a margin around the ink. Stems
-    /// and beams, which curves may cross, count for less than what they hide.
-    double coveredBy(const Bow &bow, double margin) const;
+    /// and beams, which curves may cross, count for less than what they hide. Where they are more
+    /// than is worth knowing, `plenty`.
+    double coveredBy(const Bow &bow, double margin, double worthKnowing = plenty) const;
+    static constexpr double plenty = 1e9;
 
     /// The same of lines, and of the boxes of anything else.
     double coveredBy(const Ink &ink, double margin) const;
