@@ -61,6 +61,7 @@ struct ShownColumn {
     unsigned count = 1;                    ///< of bars
     BarWidth width;
     std::vector<WordsLine> wordsLines; ///< of staves where any begin or end
+    std::vector<WordEnds> words;
     Problems problems;
 };
 

@@ -12,7 +12,6 @@ void WordRods::comeBehind(const WordReach &words)
 void WordRods::addBar(unsigned shownBar, unsigned start)
 {
     // The end of the bar is the last column of the line: what binds its neighbours binds it too.
-    constexpr double gap = 0.6;
     constexpr double airOfGap = 0.4; // in a line that has no room
     for (unsigned row = 0; row < _score.rows.size(); ++row) {
         const EngravedBar &bar = _score.bar(row, shownBar);
@@ -31,7 +30,7 @@ void WordRods::addBar(unsigned shownBar, unsigned start)
                     _line.addRodTo(number, 0, -box.box.left - _room);
                 else if (before != _last.end() && before->second.column < start)
                     _line.addRodTo(number, before->second.column,
-                                   before->second.reach - box.box.left + gap, airOfGap);
+                                   before->second.reach - box.box.left + gapOfWords, airOfGap);
             }
             for (const SpaceBox &box : boxes) {
                 if (box.kind != SpaceBox::Kind::Text)

@@ -14,6 +14,9 @@ namespace zarn::engraving {
 /// 0 in front of it.
 using WordReach = std::map<std::pair<unsigned, int>, layout::Unit>;
 
+/// Between words that meet over a bar line.
+constexpr double gapOfWords = 0.6;
+
 /// Keeps words of a line of bars apart: they may reach over bar lines, but not into the words
 /// behind them.
 class WordRods {

@@ -152,6 +152,7 @@ void LayoutEngine::engraveBar(const ScoreSource &source, std::size_t shownBar)
     column->last = source.columns[bars.bar + bars.count - 1 - source.firstBar];
     column->count = bars.count;
     column->width = engraved->spaced.width;
+    column->words = engraved->spaced.words;
     if (bars.count == 1)
         column->wordsLines = wordsLinesOf(*column->first);
     column->problems = engraved->problems;

@@ -2,11 +2,27 @@
 #include <ZarnLayout/session/SystemBreaks.h>
 
 #include <ZarnLayout/page/BarLines.h>
+#include <ZarnLayout/page/WordRods.h>
 
 #include <algorithm>
 #include <utility>
 
 namespace zarn::engraving {
+
+namespace {
+
+/// How much farther apart two bars are than so far, for their words to keep apart.
+double roomOfWords(const ShownColumn &before, const ShownColumn &column, double distance)
+{
+    double room = 0;
+    for (const WordEnds &last : before.words)
+        for (const WordEnds &first : column.words)
+            if (last.row == first.row && last.height == first.height)
+                room = std::max(room, last.after + gapOfWords - distance - first.before);
+    return room;
+}
+
+} // namespace
 
 void SystemBreaks::measure(const EngravedScore &score, const std::vector<std::uint32_t> &origins,
                            const Pen &pen)
@@ -30,10 +46,13 @@ void SystemBreaks::measure(const EngravedScore &score, const std::vector<std::ui
         if (!hasSameJoint) {
             joint.middle = jointBefore(score, i, JointPlace::Middle, pen).width;
             joint.head = jointBefore(score, i, JointPlace::Head, pen).width - joint.middle;
+            joint.words =
+                before == nullptr ? 0 : roomOfWords(*before, *score.columns[i], joint.middle);
         }
         BarWidth bar = score.columns[i]->width;
         bar.fixed += joint.middle;
         bar.least += joint.middle;
+        bar.words = joint.words;
         bar.headOfLine = joint.head;
         bar.breaksBefore = i > 0 && score.column(i).movementStart;
         bar.endsSection = score.lastColumn(i).doubleBar
@@ -113,7 +132,7 @@ void SystemBreaks::breakAsListed(const ScoreSource &source, const std::vector<Sh
             ++lineEnd;
         double least = 0;
         for (unsigned i = bar; i < lineEnd; ++i)
-            least += _bars[i].least + (i == bar ? _bars[i].headOfLine : 0);
+            least += _bars[i].least + (i == bar ? _bars[i].headOfLine : _bars[i].words);
         if (least <= room || lineEnd - bar == 1) {
             _lines.push_back(lineEnd - bar);
         } else {

@@ -45,10 +45,12 @@ public:
     const Problems &problems() const noexcept { return _problems; }
 
 private:
-    /// Width of the signs in front of a bar, and how much more at the head of a line.
+    /// Width of the signs in front of a bar, and how much more at the head of a line; how much more
+    /// the words around it need.
     struct Joint {
         double middle = 0;
         double head = 0;
+        double words = 0; ///< more than the signs need
     };
 
     void moveBars(const std::vector<std::uint32_t> &origins);

@@ -255,6 +255,31 @@ std::vector<double> springsOf(const std::vector<const BarSource *> &staves, cons
     return springs;
 }
 
+/// `places` are those of the start of the bar, its columns, and its end.
+std::vector<WordEnds> wordEnds(const std::vector<EngravedBar *> &rows,
+                               const std::vector<double> &places)
+{
+    std::vector<WordEnds> ends;
+    for (unsigned row = 0; row < rows.size(); ++row) {
+        std::map<int, WordEnds> ofRow;
+        for (std::size_t column = 0; column < rows[row]->columns.size(); ++column)
+            for (const SpaceBox &word : rows[row]->columns[column].boxes) {
+                if (word.kind != SpaceBox::Kind::Text)
+                    continue;
+                const auto height = static_cast<int>(word.box.top);
+                const double left = places[column + 1] + word.box.left;
+                const double right = places[column + 1] + word.box.right - places.back();
+                WordEnds &words =
+                    ofRow.emplace(height, WordEnds{row, height, left, right}).first->second;
+                words.before = std::min(words.before, left);
+                words.after = std::max(words.after, right);
+            }
+        for (const auto &words : ofRow)
+            ends.push_back(words.second);
+    }
+    return ends;
+}
+
 } // namespace
 
 double naturalWidth(const rational &length)
@@ -354,7 +379,9 @@ SpacedBar spaceBar(const std::vector<EngravedBar *> &rows,
     SpringLine line;
     line.addColumn(0, 0);
     bar.addTo(line);
-    bar.width.least = line.width(0);
+    const std::vector<double> places = line.places(0);
+    bar.width.least = places.back();
+    bar.words = wordEnds(rows, places);
     double springs = count == 0 ? bar.emptyWidth : 0;
     for (const double spring : bar.springs)
         springs += spring;

@@ -10,6 +10,14 @@
 
 namespace zarn::engraving {
 
+/// Words of one height at both ends of a bar that is as narrow as it can be.
+struct WordEnds {
+    unsigned row;
+    int height;
+    double before; ///< from the start of the bar to the first of them
+    double after;  ///< how far the last of them reaches behind the end of the bar
+};
+
 /// Springs and rods of one bar over all rows. Column 0 of the rods is the start of the bar, then
 /// come the columns of notes, then the end of the bar.
 struct SpacedBar {
@@ -26,6 +34,7 @@ struct SpacedBar {
     double firstGap = 0;         ///< from the start of the bar to the first column
     double emptyWidth = 0;       ///< of a bar without columns
     BarWidth width;              ///< without the signs around its bar lines
+    std::vector<WordEnds> words; ///< by row and height
 
     /// Adds the bar to a line whose last column is the start of the bar.
     void addTo(SpringLine &line) const;

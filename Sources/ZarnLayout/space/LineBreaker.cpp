@@ -31,7 +31,8 @@ struct LineSum {
         const double head = isFirst ? bar.headOfLine : 0;
         fixed += bar.fixed + head;
         spring += bar.spring;
-        pressed += std::max(bar.fixed + leastFactor * bar.spring, bar.least) + head;
+        const double least = bar.least + (isFirst ? 0 : bar.words);
+        pressed += std::max(bar.fixed + leastFactor * bar.spring, least) + head;
     }
     double cost(double width, LineEnd end, bool endsSection) const
     {
