@@ -19,7 +19,8 @@ Box lineBox(const DrawMark &line)
 {
     const double dx = line.to.x - line.at.x;
     const double dy = line.to.y - line.at.y;
-    const double length = std::hypot(dx, dy);
+    // Most are level or upright.
+    const double length = dx == 0 || dy == 0 ? std::abs(dx + dy) : std::hypot(dx, dy);
     const double half = line.thickness / 2.0;
     const bool isRound = line.cap == LineCap::Round || length == 0;
     const double acrossX = isRound ? half : std::abs(dy) / length * half;

@@ -56,6 +56,7 @@ FilledPage fill(const std::vector<SystemHeight> &systems, unsigned first, unsign
     if (gaps > 0 && !isLast)
         between = std::min(between + (rest - page.stretch * readiness) / gaps, mostStretch);
     double y = 0;
+    page.places.reserve(end - first);
     for (unsigned i = first; i < end; ++i) {
         if (i > first)
             y -= systems[i].nesting + squeezed * mostSqueeze(systems[i]);

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace zarn::engraving {
 
@@ -261,6 +262,7 @@ void ScoreReader::readColumn(const ScoreModel &model, unsigned number, const Sco
         return;
     findLongVoices(*column, _staves);
     column->hasTimers = hasTimers(*column);
+    _hasTimers = _hasTimers || column->hasTimers;
     _source.columns[number] = std::move(column);
 }
 
@@ -283,10 +285,13 @@ std::vector<BarSource> ScoreReader::readTrack(const ScoreModel &model, std::size
 /// worked out again, by the plan of playing.
 void ScoreReader::readPlayingTimes(const ScoreModel &model)
 {
+    if (!std::exchange(_hasTimers, false))
+        return;
     std::optional<playback::PlaybackPlan> plan;
     for (std::size_t i = 0; i < _source.columns.size(); ++i) {
         if (!_source.columns[i]->hasTimers)
             continue;
+        _hasTimers = true;
         if (!plan) {
             playback::PlanOptions options;
             options.tracks = {0}; // times are those of all tracks

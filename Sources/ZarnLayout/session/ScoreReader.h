@@ -45,6 +45,7 @@ private:
     std::vector<std::pair<unsigned, unsigned>> _staves; ///< track and staff
     std::vector<bool> _meetNext; ///< by staff: no tablature parts its notes from the next staff's
     std::vector<std::shared_ptr<const ColumnSource>> _shared;
+    bool _hasTimers = true; ///< or may have: some bar shows when it is played
 };
 
 } // namespace zarn::engraving
