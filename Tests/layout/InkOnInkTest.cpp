@@ -706,3 +706,23 @@ TEST(InkOnInkTest, namesOfSectionsFitTheirLine)
     EXPECT_LT(names[0].right, names[1].left);
     EXPECT_LT(names[1].right, lines.at(0).right + 0.5);
 }
+
+/// A rest for a whole bar has room between its lines and their dots, however narrow its bar is to
+/// be.
+TEST(InkOnInkTest, restsOfNarrowBarsKeepOffTheirLines)
+{
+    ViolinPiece piece(8);
+    for (unsigned bar = 0; bar < 8; ++bar) {
+        MasterBar &column = *piece.model->masterTrack()->masterBars()[bar];
+        column.setLayoutRatio(0.1F);
+        column.setRepeatStart(bar % 2 == 0);
+        column.setRepeatCount(bar % 2 == 0 ? 0 : 2);
+    }
+    const LaidOut laid(*piece.model);
+    const auto rests = laid.of(MarkKind::Rest);
+    ASSERT_EQ(rests.size(), 8U);
+    for (const auto &rest : rests)
+        for (const MarkKind kind : {MarkKind::BarLine, MarkKind::RepeatDots})
+            for (const auto &mark : laid.of(kind))
+                EXPECT_FALSE(meet(rest, mark)) << rest.left << " " << mark.left;
+}

@@ -247,6 +247,15 @@ Inks tempoInks(const Pen &pen, const TempoMark &tempo, double x, double scale)
     return line.take();
 }
 
+/// What `make` makes of a scale: smaller where it would be longer than the line.
+template <class Make>
+Inks fitted(const SystemDraft &draft, Make make)
+{
+    Inks inks = make(1);
+    const double width = inks.empty() ? 0 : boxOf(inks).width();
+    return width > draft.room ? make(draft.room / width) : inks;
+}
+
 void addDirections(SystemDraft &draft, RowDraft &row)
 {
     for (const BarPlace &bar : draft.bars) {
@@ -264,11 +273,13 @@ void addDirections(SystemDraft &draft, RowDraft &row)
                 x = sign.box.right + 0.8;
                 putAbove(row, {std::move(sign)}, where, 0.8);
             } else {
-                Ink text = draft.pen.text(MarkKind::Direction, TextRole::Direction,
-                                          directionText(mark), bar.right, 0, Pen::Align::End);
-                if (text.box.left < draft.staffLeft)
-                    text.move(draft.staffLeft - text.box.left, 0);
-                putAbove(row, {std::move(text)}, where, 0.8);
+                Inks text = fitted(draft, [&](double scale) {
+                    return Inks{draft.pen.text(MarkKind::Direction, TextRole::Direction,
+                                               directionText(mark), bar.right, 0, Pen::Align::End,
+                                               scale)};
+                });
+                move(text, std::max(0.0, draft.staffLeft - boxOf(text).left), 0);
+                putAbove(row, std::move(text), where, 0.8);
             }
         }
     }
@@ -351,15 +362,6 @@ Inks sectionInks(const Pen &pen, const Section &section, double x, double scale)
                                   Pen::Align::Begin, scale))
             inks.push_back(std::move(ink));
     return inks;
-}
-
-/// What `make` makes of a scale: smaller where it would be longer than the line.
-template <class Make>
-Inks fitted(const SystemDraft &draft, Make make)
-{
-    Inks inks = make(1);
-    const double width = inks.empty() ? 0 : boxOf(inks).width();
-    return width > draft.room ? make(draft.room / width) : inks;
 }
 
 void addTempos(SystemDraft &draft, RowDraft &row)

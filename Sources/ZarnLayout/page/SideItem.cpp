@@ -105,6 +105,7 @@ Side openSide(const RowDraft &row, Side wish, double left, double right)
 
 void partNeighbours(SideItems &items, int line, double gap)
 {
+    constexpr int byItself = -1;
     std::vector<Box> taken;
     for (SideItem &item : items) {
         if (item.line != line || item.inks.empty())
@@ -116,8 +117,12 @@ void partNeighbours(SideItems &items, int line, double gap)
         if (isFree)
             taken.push_back(box);
         else
-            item.line = 0;
+            item.line = byItself;
     }
+    std::stable_partition(items.begin(), items.end(),
+                          [](const SideItem &item) { return item.line != byItself; });
+    for (SideItem &item : items)
+        item.line = std::max(item.line, 0);
 }
 
 void place(RowDraft &row, SideItems items, int words)

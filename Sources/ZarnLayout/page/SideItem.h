@@ -28,7 +28,8 @@ Side openSide(const RowDraft &row, Side wish, double left, double right);
 
 using SideItems = std::vector<SideItem>;
 
-/// What finds no room on a line, nearer than the gap to another item of it, stands by itself.
+/// What finds no room on a line, nearer than the gap to another item of it, stands by itself,
+/// outside of what is on the line.
 void partNeighbours(SideItems &items, int line, double gap);
 
 /// Places items in their order, those of one line together with the first of them. With `words`,

@@ -361,12 +361,17 @@ SpacedBar spaceBar(const std::vector<EngravedBar *> &rows,
             {count, count + 1, head + gapToBarLine + clefsAtEnd, gapToBarLine - leastAir});
     const double least = bar.emptyWidth * (count == 0 ? 0.7 : 0.4);
     byTo[count + 1].push_back({0, count + 1, least, least / 2});
-    // What stands in the middle of a bar keeps off the clef at its end.
-    if (clefsAtEnd > 0)
-        for (const EngravedBar *row : rows)
-            if (!row->centred.empty())
-                byTo[count + 1].push_back(
-                    {0, count + 1, row->centredWidth + clefsAtEnd + 1.2, 0.8});
+    // What stands in the middle of a bar keeps off its lines, however narrow the bar is to be, and
+    // off its clefs.
+    for (const EngravedBar *row : rows) {
+        if (row->centred.empty())
+            continue;
+        const double room = row->centredWidth + clefsAtEnd + 1.2;
+        byTo[count + 1].push_back({0, count + 1, room, 0.8});
+        for (const auto &clef : row->clefs)
+            if (clef.column < count)
+                byTo[count + 1].push_back({clef.column + 1, count + 1, room, 0.4});
+    }
     if (column.endings != 0) {
         // Bars under an ending are as long as its numbers.
         const double words =
