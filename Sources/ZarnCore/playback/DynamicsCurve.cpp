@@ -221,7 +221,10 @@ private:
             if (pick(mark, end, voice, Hairpin::Crescendo))
                 break;
         }
-        return std::clamp(level + (rises ? velocityStep : -velocityStep), 1.0, 127.0);
+        constexpr double loudest = 127;
+        const double softest = std::min<double>(level, velocityOf(Value::PPP));
+        return rises ? std::min(level + velocityStep, loudest)
+                     : std::max(level - velocityStep, softest);
     }
 
     Marks _marks;
