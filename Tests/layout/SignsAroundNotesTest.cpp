@@ -203,6 +203,29 @@ TEST(SignsAroundNotesTest, aWordHasOneHyphenBetweenItsSyllables)
     EXPECT_EQ(hyphens, 2U);
 }
 
+/// Where a long syllable pushes the end of the line to where it ends itself, too.
+TEST(SignsAroundNotesTest, aWordThatGoesOnHasAHyphenAtTheEndOfTheLine)
+{
+    for (std::size_t length = 12; length < 60; ++length) {
+        const std::string text(length, 'o');
+        Piece piece(2);
+        Syllable syllable;
+        syllable.text = text;
+        syllable.syllabic = Syllabic::Begin;
+        for (const unsigned bar : {0U, 1U})
+            piece.add({72}, NoteValue::Whole, 0, 0, bar).setLyrics({syllable});
+        const auto sung = LaidOut(*piece.model).of(MarkKind::Lyric);
+        ASSERT_EQ(std::count_if(sung.begin(), sung.end(),
+                                [](const auto &mark) { return !mark.text.empty(); }),
+                  2);
+        const auto last =
+            std::max_element(sung.begin(), sung.end(), [](const auto &left, const auto &right) {
+                return left.right < right.right;
+            });
+        EXPECT_EQ(last->text, "") << text;
+    }
+}
+
 /// The line of a last syllable and the hyphens of a word, each over the end of a system and up to
 /// where it ends in the next one; a rest there ends both.
 TEST(SignsAroundNotesTest, heldSyllablesLeadOverTheEndsOfSystems)

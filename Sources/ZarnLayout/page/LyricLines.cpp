@@ -244,9 +244,10 @@ public:
 private:
     void addHyphens(double left, double right, const PlacedChord &chord)
     {
+        constexpr double least = 0.85; // less than columns keep free behind such words
         const double room = right - left;
         const int count = std::max(1, static_cast<int>(room / 12));
-        for (int k = 0; k < count && room > 0.9; ++k) {
+        for (int k = 0; k < count && room > least; ++k) {
             const double x = left + room * (k + 0.5) / count;
             add(_draft.pen.line(MarkKind::Lyric, {x - 0.35, -0.5}, {x + 0.35, -0.5}, 0.16), chord);
         }
