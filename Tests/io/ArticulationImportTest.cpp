@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "ExportedMusicXml.h"
 #include "Scores.h"
 
 #include <ZarnCore/instruments/sets/ZarnInstrumentSetLibrary.h>
@@ -75,6 +76,14 @@ TEST(MusicXmlArticulations, areNamedWhereTheInstalledSetHasThemAndNothingElseCha
     EXPECT_EQ(articulations,
               (std::set<std::string>{"Crash 1 (hit)", "Kick Drum (hit)", "Ride (middle)",
                                      "Snare (hit)"}));
+
+    // Of notes without an articulation the key tells what they strike.
+    InstrumentSetLibrary::install(&library);
+    const musicxml::Exported written(*namedModel);
+    InstrumentSetLibrary::install(nullptr);
+    for (const auto &name : articulations)
+        EXPECT_TRUE(written.has("//instrument-name[. = '" + name + "']")) << name;
+    EXPECT_FALSE(written.has("//instrument-name[starts-with(., 'Key ')]"));
 }
 
 } // namespace

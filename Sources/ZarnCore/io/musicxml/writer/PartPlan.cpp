@@ -46,7 +46,7 @@ PartPlan::PartPlan(const Track &track, unsigned index, std::vector<rational> &re
             _staves.push_back({&staff, static_cast<int>(i), false, false});
         if (isTablature)
             _staves.push_back({&staff, static_cast<int>(i), true, hasNotes});
-        readStaff(staff, reach);
+        readStaff(staff, hasNotes, reach);
     }
     // The little finger is the fifth on keys alone.
     _areKeys = areFingersOfKeys(_hasFrets,
@@ -70,15 +70,17 @@ bool PartPlan::isUnpitched(const Note &note) const
         || note.percussionArticulation() != Note::Unset;
 }
 
-void PartPlan::readStaff(const Staff &staff, std::vector<rational> &reach)
+void PartPlan::readStaff(const Staff &staff, bool hasNotes, std::vector<rational> &reach)
 {
     unsigned known = 0; // slots that have turned up, which so far are the first ones
     bool isLate = false;
     const auto count = std::min<std::size_t>(staff.bars().size(), _reach.size());
     for (std::size_t index = 0; index < count; ++index) {
-        for (const auto &change : staff.bars()[index]->clefChanges())
-            addPosition(static_cast<unsigned>(index), change.position);
-        const auto &voices = staff.bars()[index]->voices();
+        const auto &bar = *staff.bars()[index];
+        for (const auto &change : bar.clefChanges())
+            if (hasNotes && change.position < bar.length())
+                addPosition(static_cast<unsigned>(index), change.position);
+        const auto &voices = bar.voices();
         auto &content = _contents[index];
         bool hasSlurs = false;
         for (unsigned slot = 0; slot < Bar::MaxVoices; ++slot) {
@@ -106,7 +108,7 @@ void PartPlan::readStaff(const Staff &staff, std::vector<rational> &reach)
         reach[index] = std::max(reach[index], _reach[index]);
         if (hasSlurs) {
             content.hasNumberedSlurs = true;
-            isLate = isLate || slotOrder(*staff.bars()[index]) != usualSlots;
+            isLate = isLate || slotOrder(bar) != usualSlots;
         }
     }
     _lateVoices.push_back(isLate);
@@ -164,8 +166,18 @@ void PartPlan::addPercussion(const Note &note)
     std::string name;
     const auto set = _track.instrumentSet();
     const auto number = static_cast<std::size_t>(note.percussionArticulation());
-    if (set && note.percussionArticulation() >= 0 && number < set->articulations().size())
-        name = set->articulations()[number].name();
+    // The notes of a key may be entered as several things, which are written as one.
+    const auto played = [&note](const InstrumentArticulation &articulation) {
+        return articulation.outputMidiNumber() == note.midi();
+    };
+    if (set) {
+        const auto &known = set->articulations();
+        const auto found = std::find_if(known.begin(), known.end(), played);
+        if (found != known.end())
+            name = found->name();
+        else if (note.percussionArticulation() >= 0 && number < known.size())
+            name = known[number].name();
+    }
     _percussion.emplace(note.midi(), name.empty() ? "Key " + std::to_string(note.midi()) : name);
 }
 

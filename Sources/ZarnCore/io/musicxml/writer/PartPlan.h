@@ -76,7 +76,7 @@ public:
     bool areKeys() const noexcept { return _areKeys; }
 
 private:
-    void readStaff(const Staff &staff, std::vector<utils::rational> &reach);
+    void readStaff(const Staff &staff, bool hasNotes, std::vector<utils::rational> &reach);
     void readBeat(const Beat &beat, const Staff &staff);
     void addPosition(unsigned bar, const utils::rational &position);
     bool areTooMany(std::int64_t divisions, unsigned bar) const;
