@@ -72,9 +72,10 @@ void packAccidentals(std::vector<PackedAccidental> &accidentals, const std::vect
     for (const Box &box : taken)
         right = std::max(right, box.right);
     std::vector<Box> placed;
+    std::vector<Box> shape;
     for (const std::size_t index : order) {
         PackedAccidental &accidental = accidentals[index];
-        std::vector<Box> shape;
+        shape.clear();
         for (const Ink &ink : accidental.inks)
             for (const Box &part : fonts.shape(ink.glyph))
                 shape.push_back(

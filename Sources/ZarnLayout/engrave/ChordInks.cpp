@@ -81,6 +81,7 @@ Sign restSign(const Row &row, NoteValue value, double y)
 std::vector<Box> chordShape(const Chord &chord, const Fonts &fonts)
 {
     std::vector<Box> boxes;
+    boxes.reserve(chord.heads.size() + 2);
     for (const Head &head : chord.heads) {
         // The corners of a head are round: neighbours on lines and spaces do not touch. Slashes and
         // arrows are taller, and begin in front of the head.
@@ -134,15 +135,9 @@ void ChordInks::add(EngravedBar &bar)
     const auto packColumn = [&](const std::vector<Chord *> &column) {
         if (_row.notation != Notation::Standard)
             return;
-        std::vector<Box> taken;
         std::vector<PackedAccidental> all;
         std::set<std::pair<int, int>> seen;
         for (const Chord *chord : column) {
-            for (const Box &box : chordShape(*chord, _pen.fonts()))
-                taken.push_back(box.movedBy(chord->x, 0));
-            for (const Head &head : chord->heads)
-                for (const Ink &ink : parentheses(*chord, head))
-                    taken.push_back(ink.box.movedBy(chord->x, 0));
             if (chord->isRest() || chord->isSlash || chord->beat->noteCount == 0)
                 continue;
             for (const Head &head : chord->heads) {
@@ -163,6 +158,14 @@ void ChordInks::add(EngravedBar &bar)
         }
         if (all.empty())
             return;
+        std::vector<Box> taken;
+        for (const Chord *chord : column) {
+            for (const Box &box : chordShape(*chord, _pen.fonts()))
+                taken.push_back(box.movedBy(chord->x, 0));
+            for (const Head &head : chord->heads)
+                for (const Ink &ink : parentheses(*chord, head))
+                    taken.push_back(ink.box.movedBy(chord->x, 0));
+        }
         // The packer sorts: whose they are, their places say.
         packAccidentals(all, taken, _pen.fonts());
         for (PackedAccidental &accidental : all) {
@@ -190,6 +193,8 @@ void ChordInks::add(EngravedBar &bar)
             left = std::min(left, accidental.x + boxOf(accidental.inks).left);
     }
 
+    constexpr std::size_t usualInks = 3; // of a chord: ledger line or accidental, stem, head
+    bar.inks.reserve(usualInks * bar.chords.size());
     for (std::size_t i = 0; i < bar.chords.size(); ++i) {
         Chord &chord = bar.chords[i];
         chord.firstInk = static_cast<std::uint32_t>(bar.inks.size());

@@ -290,6 +290,10 @@ std::vector<WaitingRest> SystemBuilder::placeRow(SystemDraft &draft, RowDraft &r
     // Chords voice by voice, as what joins them wants them. Rests beside other voices wait for the
     // beams of these.
     std::vector<WaitingRest> rests;
+    std::size_t inks = row.inks.size();
+    for (const BarPlace &bar : draft.bars)
+        inks += _score.bar(row.number, bar.shownBar).inks.size();
+    row.inks.reserve(inks + inks / 2); // beams, signs and slurs come later
     for (unsigned voice = 0; voice < Bar::MaxVoices; ++voice)
         for (const BarPlace &bar : draft.bars) {
             const EngravedBar &engraved = _score.bar(row.number, bar.shownBar);
