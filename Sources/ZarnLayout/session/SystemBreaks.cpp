@@ -47,7 +47,7 @@ void SystemBreaks::measure(const EngravedScore &score, const std::vector<std::ui
             joint.middle = jointBefore(score, i, JointPlace::Middle, pen).width;
             joint.head = jointBefore(score, i, JointPlace::Head, pen).width - joint.middle;
             joint.words =
-                before == nullptr ? 0 : roomOfWords(*before, *score.columns[i], joint.middle);
+                i == 0 ? 0 : roomOfWords(*score.columns[i - 1], *score.columns[i], joint.middle);
         }
         BarWidth bar = score.columns[i]->width;
         bar.fixed += joint.middle;
