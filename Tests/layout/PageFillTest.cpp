@@ -134,3 +134,21 @@ TEST(PageFillTest, inkStaysAwayFromTheStavesOfOtherSystems)
         }
     }
 }
+
+/// Words may reach over bar lines into empty room; where others stand behind the line, they count
+/// when lines are broken.
+TEST(PageFillTest, linesAreNotFullerThanTheirWordsLet)
+{
+    for (std::size_t length = 9; length < 13; ++length) {
+        constexpr unsigned bars = 60;
+        ViolinPiece piece(bars);
+        for (unsigned bar = 0; bar < bars; ++bar) {
+            Syllable syllable;
+            syllable.text = std::string(length + bar % 3, 'n');
+            piece.add({72}, NoteValue::Whole, 0, 0, bar).setLyrics({syllable});
+        }
+        const LaidOut laid(*piece.model);
+        for (const auto &problem : laid.layout->problems())
+            ADD_FAILURE() << length << ": " << problem.message;
+    }
+}

@@ -53,6 +53,8 @@ void SystemBreaks::measure(const EngravedScore &score, const std::vector<std::ui
         bar.fixed += joint.middle;
         bar.least += joint.middle;
         bar.words = joint.words;
+        for (const WordEnds &words : score.columns[i]->words)
+            bar.wordsAtEnd = std::max(bar.wordsAtEnd, words.after + 0.1);
         bar.headOfLine = joint.head;
         bar.breaksBefore = i > 0 && score.column(i).movementStart;
         bar.endsSection = score.lastColumn(i).doubleBar

@@ -24,6 +24,7 @@ enum class LineEnd {
 struct LineSum {
     double fixed = 0;
     double spring = 0;
+    double wordsAtEnd = 0;
     double pressed = 0; ///< width with the springs as close as they go
 
     void add(const BarWidth &bar, bool isFirst)
@@ -31,13 +32,14 @@ struct LineSum {
         const double head = isFirst ? bar.headOfLine : 0;
         fixed += bar.fixed + head;
         spring += bar.spring;
+        wordsAtEnd = bar.wordsAtEnd;
         const double least = bar.least + (isFirst ? 0 : bar.words);
         pressed += std::max(bar.fixed + leastFactor * bar.spring, least) + head;
     }
     double cost(double width, LineEnd end, bool endsSection) const
     {
-        if (pressed > width)
-            return impossible + pressed - width;
+        if (pressed + wordsAtEnd > width)
+            return impossible + pressed + wordsAtEnd - width;
         const double force = spring > 0 ? (width - fixed) / spring - 1 : 0;
         const double cost = force < 0 ? 4 * force * force : force * force;
         if (end != LineEnd::Inner && force > 0) {

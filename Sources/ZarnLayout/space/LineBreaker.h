@@ -13,6 +13,7 @@ struct BarWidth {
     double spring = 0;     ///< at factor 1
     double least = 0;      ///< what the ink asks for
     double words = 0;      ///< more ink, behind another bar: words of both that meet
+    double wordsAtEnd = 0; ///< more, at the end of a line: words that reach over the bar line
     double headOfLine = 0; ///< more, when the bar begins a line: clefs, key
     bool breaksBefore = false;
     bool endsSection = false; ///< a line that ends here is welcome
@@ -20,7 +21,7 @@ struct BarWidth {
     friend bool operator==(const BarWidth &a, const BarWidth &b) noexcept
     {
         return a.fixed == b.fixed && a.spring == b.spring && a.least == b.least
-            && a.words == b.words && a.headOfLine == b.headOfLine
+            && a.words == b.words && a.wordsAtEnd == b.wordsAtEnd && a.headOfLine == b.headOfLine
             && a.breaksBefore == b.breaksBefore && a.endsSection == b.endsSection;
     }
 };
