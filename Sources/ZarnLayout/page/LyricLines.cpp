@@ -105,8 +105,23 @@ bool isHeldBehind(const RowDraft &row, const SystemDraft &draft, unsigned verse,
     return voice != nullptr && holds(voice->beats.front(), verse);
 }
 
-/// Voices that sing at once have lines of their own; others take turns on one.
-SungLines sungLinesOf(const Carriers &carriers, std::uint8_t visible)
+double widthOf(const Sung &sung, const Pen &pen)
+{
+    const Inks words = pen.words(MarkKind::Lyric, TextRole::Lyric, sungText(*sung.syllable), 0, 0);
+    return words.empty() ? 0 : boxOf(words).width();
+}
+
+/// Whether two syllables have room beside one another.
+bool areApart(const Sung &left, const Sung &right, const Pen &pen)
+{
+    constexpr double farAway = 20; // no syllable is longer
+    const double way = std::abs(left.chord->headCentre() - right.chord->headCentre());
+    return way > farAway
+        || way > std::max(2.0, (widthOf(left, pen) + widthOf(right, pen)) / 2 + 0.2);
+}
+
+/// Voices whose syllables would meet have lines of their own; others take turns on one.
+SungLines sungLinesOf(const Carriers &carriers, std::uint8_t visible, const Pen &pen)
 {
     SungLines lines;
     for (std::size_t i = 0; i < carriers.size(); ++i)
@@ -118,14 +133,12 @@ SungLines sungLinesOf(const Carriers &carriers, std::uint8_t visible)
     for (auto line = lines.begin(); line != lines.end();) {
         const auto first = lines.find({line->first.first, 0});
         const bool isSecond = line->first.second > 0 && first != lines.end();
-        const bool isAlone =
-            isSecond
-            && std::none_of(line->second.begin(), line->second.end(), [&](const Sung &sung) {
-                   return std::any_of(first->second.begin(), first->second.end(),
-                                      [&](const Sung &other) {
-                                          return std::abs(other.chord->x - sung.chord->x) < 2;
-                                      });
-               });
+        const bool isAlone = isSecond
+            && std::all_of(line->second.begin(), line->second.end(), [&](const Sung &sung) {
+                                 return std::all_of(
+                                     first->second.begin(), first->second.end(),
+                                     [&](const Sung &other) { return areApart(sung, other, pen); });
+                             });
         if (isAlone)
             first->second.insert(first->second.end(), line->second.begin(), line->second.end());
         line = isAlone ? lines.erase(line) : std::next(line);
@@ -290,7 +303,7 @@ void addLyrics(RowDraft &row, const SystemDraft &draft)
         return;
     const std::uint8_t visible = draft.score.tracks[row.row->track].lyricsVisible;
     const Carriers carriers = carriersOf(row);
-    SungLines lines = sungLinesOf(carriers, visible);
+    SungLines lines = sungLinesOf(carriers, visible, draft.pen);
     // A verse of which nothing new is sung has a line for what it holds.
     std::map<std::pair<unsigned, unsigned>, std::vector<HeldSyllable>> held;
     for (const HeldSyllable &syllable : heldFromBefore(row, draft, visible)) {
