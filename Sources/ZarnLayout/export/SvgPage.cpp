@@ -67,11 +67,11 @@ QString placeText(const DrawPlace &place)
     return text;
 }
 
-/// The marks of a beat stand in one line of the file.
-bool isOfOneBeat(const DrawPlace &left, const DrawPlace &right)
+/// The marks of a voice in a bar stand in one line of the file.
+bool areInOneLine(const DrawPlace &left, const DrawPlace &right)
 {
     return left.track == right.track && left.bar == right.bar && left.staff == right.staff
-        && left.voice == right.voice && left.beat == right.beat;
+        && left.voice == right.voice;
 }
 
 /// One that is drawn as a filled shape.
@@ -242,7 +242,7 @@ void SvgPage::writeList(const DrawList &list)
     const std::vector<DrawMark> &marks = list.marks();
     for (std::size_t i = 0; i < marks.size(); ++i) {
         const DrawMark &mark = marks[i];
-        if (i == 0 || !isOfOneBeat(mark.place, marks[i - 1].place))
+        if (i == 0 || !areInOneLine(mark.place, marks[i - 1].place))
             _xml.writeCharacters(QStringLiteral("\n"));
         switch (mark.shape) {
         case MarkShape::Glyph:
