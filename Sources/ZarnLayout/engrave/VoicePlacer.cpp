@@ -134,6 +134,11 @@ double freePlace(const Chord &chord, const std::vector<Box> &shape, const Taken 
     return x;
 }
 
+bool isDotted(const Chord &chord)
+{
+    return chord.beat->rhythm.getAugmentationDot() > 0;
+}
+
 /// Chords of a column, each as far to the right as those in front of it want it; the farthest
 /// place.
 double placeInOrder(const std::vector<Chord *> &order, const Fonts &fonts, Taken &taken)
@@ -197,12 +202,18 @@ void VoicePlacer::placeColumn(const std::vector<std::size_t> &members)
     });
     Taken taken;
     const double width = placeInOrder(order, fonts, taken);
-    // Voices that cross keep closer the other way round: a flag is behind the heads then.
-    if (order.size() == 2 && width > 0 && order[0]->isStemUp != order[1]->isStemUp) {
+    // Voices that cross keep closer the other way round: a flag is behind the heads then. Dots
+    // stand behind both, so that the head behind is to be the one that they belong to.
+    const bool mayTurn = order.size() == 2 && width > 0
+        && (order[0]->isStemUp != order[1]->isStemUp || !order[0]->hasStem || !order[1]->hasStem);
+    if (mayTurn) {
+        const bool areDotsInFront = isDotted(*order[0]) && !isDotted(*order[1]);
         std::reverse(order.begin(), order.end());
         Taken reversed;
         constexpr double isCloser = 0.5;
-        if (placeInOrder(order, fonts, reversed) < width - isCloser) {
+        constexpr double isNear = 0.3;
+        const double most = areDotsInFront ? width + isNear : width - isCloser;
+        if (placeInOrder(order, fonts, reversed) < most) {
             taken = std::move(reversed);
         } else {
             std::reverse(order.begin(), order.end());
