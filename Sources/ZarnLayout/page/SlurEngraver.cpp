@@ -177,9 +177,12 @@ private:
     {
         const PlacedChord &first = _row.chords[span.first];
         const PlacedChord &last = _row.chords[span.last];
-        // The end of one whose side is given finds its way past another voice that lies there.
+        // One whose side is given finds its way past another voice that lies there at both ends.
         const auto endsBeside = [&](const PlacedChord &chord) {
-            return isBetween || (span.side != SlurSide::Auto && isInner(chord, isAbove));
+            const PlacedChord &other = &chord == &first ? last : first;
+            return isBetween
+                || (span.side != SlurSide::Auto && isInner(chord, isAbove)
+                    && (isInner(other, isAbove) || chord.chord->voice == other.chord->voice));
         };
         Point from =
             endsBeside(first) ? besideHeads(first, isAbove, true) : endAt(first, isAbove, true);
