@@ -33,6 +33,9 @@ public:
         _solid.add(inks);
     }
 
+    /// A curve that others are to be told from.
+    void add(const Bow &bow) { _all.add(bow); }
+
     const InkField &all() { return _all.now(); }
 
     /// Whether a curve lies on ink that it may not cross.

@@ -90,6 +90,17 @@ void InkField::add(const Ink &ink, double y)
     }
 }
 
+void InkField::add(const Bow &bow)
+{
+    constexpr double half = 0.1; ///< of its thickness
+    const std::vector<Point> points = bow.samples();
+    for (std::size_t i = 1; i < points.size(); ++i) {
+        const Point &from = points[i - 1];
+        const Point &to = points[i];
+        add({from.x, to.x, {from.y - half, to.y - half}, {from.y + half, to.y + half}, 1, false});
+    }
+}
+
 std::size_t InkField::binOf(double x)
 {
     return static_cast<std::size_t>(std::clamp(x / binWidth, 0.0, 1e6));

@@ -16,6 +16,9 @@ public:
     void add(const Inks &inks, double y = 0);
     void add(const Ink &ink, double y = 0);
 
+    /// A curve, though others may cross it else.
+    void add(const Bow &bow);
+
     /// Square staff spaces of ink that a curve would lie on, with a margin around the ink. Stems
     /// and beams, which curves may cross, count for less than what they hide. Where they are more
     /// than is worth knowing, `plenty`.
@@ -71,6 +74,7 @@ public:
 
     /// Ink that is not of the row, but in its way.
     void add(const Inks &inks);
+    void add(const Bow &bow) { _field.add(bow); }
 
 private:
     void addOne(const Ink &ink);

@@ -9,6 +9,7 @@
 #include <map>
 #include <set>
 #include <tuple>
+#include <vector>
 
 namespace zarn::engraving {
 
@@ -230,6 +231,31 @@ private:
     void addCurve(const PlacedChord &chord, const Head &head, const PlacedChord *end,
                   const BowEnds &wish)
     {
+        Bow bow = freeBow(end, wish);
+        // Ties of tones side by side may seek the same room, where one would hide the other.
+        if (std::any_of(_bows.begin(), _bows.end(),
+                        [&](const Bow &other) { return areOne(bow, other); })) {
+            _field.add(bow);
+            bow = freeBow(end, wish);
+        }
+        _bows.push_back(bow);
+        Ink curve = _draft.pen.curve(MarkKind::Tie, bow.handles());
+        curve.place = placeOf(_row, chord, head.note - chord.beat().firstNote);
+        _row.add(std::move(curve));
+    }
+
+    /// Whether two curves are one to the eye.
+    static bool areOne(const Bow &left, const Bow &right)
+    {
+        constexpr double near = 0.15;
+        const auto areNear = [](double a, double b) { return std::abs(a - b) < near; };
+        return areNear(left.from.x, right.from.x) && areNear(left.from.y, right.from.y)
+            && areNear(left.to.x, right.to.x) && areNear(left.to.y, right.to.y)
+            && areNear(left.fromRise, right.fromRise);
+    }
+
+    Bow freeBow(const PlacedChord *end, const BowEnds &wish)
+    {
         Bow bow = _field.nearest(wish);
         // Where an accidental stands in front of the head, the curve ends there.
         const double covered = _field.all().coveredBy(bow, 0);
@@ -241,16 +267,13 @@ private:
             if (shorter.to.x > shorter.from.x + 0.8 && _field.all().coveredBy(shorter, 0) < covered)
                 bow = shorter;
         }
-        if (_field.hidesInk(bow))
-            bow = _field.afar(wish);
-        Ink curve = _draft.pen.curve(MarkKind::Tie, bow.handles());
-        curve.place = placeOf(_row, chord, head.note - chord.beat().firstNote);
-        _row.add(std::move(curve));
+        return _field.hidesInk(bow) ? _field.afar(wish) : bow;
     }
 
     CurveField _field;
     std::map<Partner, Partner> _partners; ///< by the head where a tie begins
     std::set<Partner> _ends;
+    std::vector<Bow> _bows; ///< that are drawn
     RowDraft &_row;
     const SystemDraft &_draft;
 };
