@@ -254,7 +254,8 @@ void PropertiesPanel::showRows(QTreeWidgetItem &folder)
         item.setFont(Name, font);
         item.setFont(Value, font);
     }
-    folder.setHidden(!isThere);
+    if (folder.isHidden() == isThere) // the tree would lay all of its rows out anew
+        folder.setHidden(!isThere);
 }
 
 template <class Node>
