@@ -10,7 +10,10 @@
 #include <QScrollBar>
 #include <QWheelEvent>
 
+#include <algorithm>
 #include <cmath>
+#include <cstdlib>
+#include <functional>
 
 namespace {
 
@@ -61,6 +64,18 @@ protected:
             for (int x = 0; x < image.width(); ++x)
                 count += qGray(image.pixel(x, y)) < 100 ? 1 : 0;
         return count;
+    }
+
+    /// Between grey values of the pixels of two images; more than there is for another size.
+    static int mostDifference(const QImage &a, const QImage &b)
+    {
+        if (a.size() != b.size())
+            return 256;
+        int most = 0;
+        for (int y = 0; y < a.height(); ++y)
+            for (int x = 0; x < a.width(); ++x)
+                most = std::max(most, std::abs(qGray(a.pixel(x, y)) - qGray(b.pixel(x, y))));
+        return most;
     }
 
     const std::shared_ptr<const layout::Layout> _layout = test::drawnSample();
@@ -196,6 +211,84 @@ TEST_F(ScoreCanvasTest, cursorSelectionAndPlaybackLineAreSeenAndGoAgain)
     press({100, 100});
     _canvas.reveal(head());
     EXPECT_FALSE(_canvas.sheetPoint({100, 100}));
+}
+
+TEST_F(ScoreCanvasTest, whatChangesOnASheetIsPaintedAsOnANewCanvas)
+{
+    using Content = layout::Layout::Content;
+    const auto changeMarks = [](Content &content, const auto &change) {
+        auto drawing =
+            std::make_shared<layout::SystemDrawing>(*content.pages[0].systems[0].drawing);
+        drawing->marks = change(drawing->marks);
+        content.pages[0].systems[0].drawing = drawing;
+    };
+    const auto moveMarks = [](layout::MarkShape shape, layout::Unit by) {
+        return [=](const layout::DrawList &marks) {
+            std::vector<layout::MarkMove> moves;
+            for (const layout::DrawMark &mark : marks.marks())
+                moves.push_back(mark.shape == shape ? layout::MarkMove{by, by}
+                                                    : layout::MarkMove());
+            return marks.movedBy(moves);
+        };
+    };
+    const std::pair<const char *, std::function<void(Content &)>> steps[] = {
+        {"other words",
+         [&](Content &content) {
+             changeMarks(content, [](const layout::DrawList &marks) {
+                 std::size_t text = 0;
+                 while (marks.marks()[text].shape != layout::MarkShape::Text)
+                     ++text;
+                 const layout::DrawMark &mark = marks.marks()[text];
+                 return marks.withText(
+                     text, "7", mark.at,
+                     layout::builtInTextMeasure().measure("7", marks.textOf(mark).style));
+             });
+         }},
+        {"moved curves",
+         [&](Content &content) { changeMarks(content, moveMarks(layout::MarkShape::Path, -sp)); }},
+        {"moved lines",
+         [&](Content &content) {
+             changeMarks(content, moveMarks(layout::MarkShape::Line, sp / 3));
+         }},
+        {"a moved system", [](Content &content) { content.pages[0].systems[0].at.y += 3 * sp; }},
+        {"one more system",
+         [](Content &content) {
+             content.pages[0].systems.push_back(content.pages[0].systems[0]);
+             content.pages[0].systems[1].at.y += 20 * sp;
+         }},
+        {"nothing", [](Content &) {}},
+        {"one system less", [](Content &content) { content.pages[0].systems.pop_back(); }},
+        {"no title", [](Content &content) { content.pages[0].marks = nullptr; }},
+        {"a narrower sheet", [](Content &content) { content.pages[0].width -= 20000; }},
+        {"as in the beginning", [this](Content &content) { content.pages = _layout->pages(); }},
+    };
+    for (const double zoom : {1.0, 0.43, 2.5}) {
+        _canvas.setLayout(_layout);
+        _canvas.setZoom(zoom);
+        _canvas.reveal(head());
+        _canvas.viewport()->grab();
+        Content content;
+        content.font = layout::MusicFont::builtIn();
+        content.staffSpace = _layout->staffSpace();
+        content.pages = _layout->pages();
+        for (const auto &[name, change] : steps) {
+            change(content);
+            const auto next = std::make_shared<layout::Layout>(content);
+            _canvas.setLayout(next);
+            ScoreCanvas fresh;
+            fresh.resize(_canvas.size());
+            fresh.setLayout(next);
+            fresh.setZoom(zoom);
+            fresh.show();
+            fresh.horizontalScrollBar()->setValue(_canvas.horizontalScrollBar()->value());
+            fresh.verticalScrollBar()->setValue(_canvas.verticalScrollBar()->value());
+            QCoreApplication::processEvents(); // what the scroll bars leave
+            EXPECT_EQ(mostDifference(_canvas.viewport()->grab().toImage(),
+                                     fresh.viewport()->grab().toImage()),
+                      0)
+                << name << ", zoom " << zoom;
+        }
+    }
 }
 
 } // namespace

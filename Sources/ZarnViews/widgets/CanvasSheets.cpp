@@ -1,11 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnViews/widgets/CanvasSheets.h>
 
+#include <ZarnViews/widgets/SheetChanges.h>
+
 #include <algorithm>
 #include <cmath>
 
 namespace zarn::views {
 namespace {
+
+/// Systems that go to another sheet take all behind them along: what is left of the sheets there is
+/// not worth knowing.
+constexpr int mostCompared = 2;
 
 /// Whether two sheets show the same; drawings that are equal are shared by layouts that follow each
 /// other.
@@ -27,10 +33,22 @@ void ScoreCanvas::Sheets::setLayout(std::shared_ptr<const layout::Layout> layout
     const bool isComparable = before != nullptr && _layout != nullptr
         && before->staffSpace() == _layout->staffSpace() && &before->font() == &_layout->font();
     _numbers.resize(count, 0);
-    for (std::size_t sheet = 0; sheet < count; ++sheet)
-        if (!isComparable || sheet >= before->pages().size()
-            || !isShownAlike(before->pages()[sheet], _layout->pages()[sheet]))
-            _numbers[sheet] = _nextNumber++;
+    _formers.resize(count);
+    int changedCount = 0;
+    for (std::size_t sheet = 0; sheet < count; ++sheet) {
+        const layout::LayoutPage &page = _layout->pages()[sheet];
+        Former former;
+        if (isComparable && sheet < before->pages().size()) {
+            const layout::LayoutPage &old = before->pages()[sheet];
+            if (isShownAlike(old, page))
+                continue;
+            if (++changedCount <= mostCompared && old.width == page.width
+                && old.height == page.height)
+                former = {_numbers[sheet], changeOfSheet(old, page, _layout->font())};
+        }
+        _formers[sheet] = former;
+        _numbers[sheet] = _nextNumber++;
+    }
     place();
 }
 

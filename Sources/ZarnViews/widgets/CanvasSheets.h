@@ -30,6 +30,12 @@ public:
     const QRectF &rect(std::size_t sheet) const { return _rects.at(sheet); }
     /// Changes when what the sheet shows changes.
     std::uint64_t number(std::size_t sheet) const { return _numbers.at(sheet); }
+    /// What the sheet showed before it changed last.
+    struct Former {
+        std::uint64_t number = 0; ///< 0 when it showed nothing that is worth keeping
+        layout::Box change;       ///< outside of it, the sheet looked as it does now
+    };
+    const Former &former(std::size_t sheet) const { return _formers.at(sheet); }
     const QSizeF &deskSize() const noexcept { return _size; }
 
     /// In millimetres; empty without sheets.
@@ -42,6 +48,7 @@ private:
     double _scale = 1;
     std::vector<QRectF> _rects;
     std::vector<std::uint64_t> _numbers;
+    std::vector<Former> _formers;
     std::uint64_t _nextNumber = 1;
     QSizeF _size;
 };

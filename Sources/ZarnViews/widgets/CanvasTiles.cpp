@@ -11,6 +11,19 @@ namespace {
 
 constexpr int mostBytes = 96 << 20;
 
+/// All pixels of a sheet that ink in a box may colour.
+QRect pixelsAround(const layout::Box &box, double scale)
+{
+    if (box == layout::Box())
+        return {};
+    constexpr int rim = 2; // boxes are rounded, and edges are soft
+    const QPoint first(static_cast<int>(std::floor(box.left * scale)) - rim,
+                       static_cast<int>(std::floor(box.top * scale)) - rim);
+    const QPoint last(static_cast<int>(std::ceil(box.right * scale)) + rim,
+                      static_cast<int>(std::ceil(box.bottom * scale)) + rim);
+    return {first, last};
+}
+
 } // namespace
 
 ScoreCanvas::Tiles::Tiles() : _images(mostBytes / (side * side * 4)) { }
@@ -46,25 +59,40 @@ const QImage &ScoreCanvas::Tiles::tile(const Sheets &sheets, std::size_t sheet, 
     const Key key{sheets.number(sheet), column, row, scale};
     if (const QImage *known = _images.object(key))
         return *known;
-    auto image = std::make_unique<QImage>(side, side, QImage::Format_RGB32);
-    image->fill(Qt::white);
-    {
-        QPainter painter(image.get());
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.translate(-column * side, -row * side);
-        painter.scale(scale, scale);
-        const auto unit = [scale](int pixels) {
-            return static_cast<layout::Unit>(std::lround(pixels / scale));
-        };
-        const layout::Box exposed{unit(column * side - 1), unit(row * side - 1),
-                                  unit((column + 1) * side + 1), unit((row + 1) * side + 1)};
-        _painter.paintPage(painter, *sheets.layout(), sheet, exposed);
-    }
+    // What showed the sheet before it changed is painted again only where it did.
+    const Sheets::Former &former = sheets.former(sheet);
+    std::unique_ptr<QImage> image(_images.take({former.number, column, row, scale}));
+    QRect part(0, 0, side, side);
+    if (image == nullptr)
+        image = std::make_unique<QImage>(side, side, QImage::Format_RGB32);
+    else
+        part &= pixelsAround(former.change, scale).translated(-column * side, -row * side);
+    image->setDevicePixelRatio(1);
+    if (!part.isEmpty())
+        paintPart(*image, part, sheets, sheet, key);
     image->setDevicePixelRatio(pixelRatio);
-    ++_paintedCount;
     QImage *kept = image.get();
     _images.insert(key, image.release());
     return *kept;
+}
+
+void ScoreCanvas::Tiles::paintPart(QImage &tile, const QRect &part, const Sheets &sheets,
+                                   std::size_t sheet, const Key &key)
+{
+    QPainter painter(&tile);
+    painter.setClipRect(part);
+    painter.fillRect(part, Qt::white);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QPoint corner(key.column * side, key.row * side);
+    painter.translate(-corner);
+    painter.scale(key.scale, key.scale);
+    const auto unit = [&key](int pixels) {
+        return static_cast<layout::Unit>(std::lround(pixels / key.scale));
+    };
+    const QRect seen = part.translated(corner).adjusted(-1, -1, 1, 1);
+    _painter.paintPage(painter, *sheets.layout(), sheet,
+                       {unit(seen.left()), unit(seen.top()), unit(seen.x() + seen.width()),
+                        unit(seen.y() + seen.height())});
 }
 
 } // namespace zarn::views

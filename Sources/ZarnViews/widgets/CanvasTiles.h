@@ -23,9 +23,6 @@ public:
     /// whose origin is the desk's.
     void paint(QPainter &painter, const Sheets &sheets, const QRectF &exposed, double pixelRatio);
 
-    /// How many tiles were painted so far, for tests and measurements.
-    int paintedCount() const noexcept { return _paintedCount; }
-
 private:
     struct Key {
         std::uint64_t sheet;
@@ -47,10 +44,12 @@ private:
 
     const QImage &tile(const Sheets &sheets, std::size_t sheet, int column, int row,
                        double pixelRatio);
+    /// Paints a part of a tile, in its pixels.
+    void paintPart(QImage &tile, const QRect &part, const Sheets &sheets, std::size_t sheet,
+                   const Key &key);
 
     ScorePainter _painter;
     QCache<Key, QImage> _images;
-    int _paintedCount = 0;
 };
 
 } // namespace zarn::views
