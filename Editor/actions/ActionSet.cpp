@@ -20,15 +20,19 @@ QString settingOf(const Action &action)
     return QStringLiteral("shortcuts/") + action.id;
 }
 
-} // namespace
-
-QList<QKeySequence> shortcutsOf(const Action &action)
+QList<QKeySequence> shortcutsIn(const QSettings &settings, const Action &action)
 {
-    const QSettings settings;
     if (!settings.contains(settingOf(action)))
         return action.keys;
     return QKeySequence::listFromString(settings.value(settingOf(action)).toString(),
                                         QKeySequence::PortableText);
+}
+
+} // namespace
+
+QList<QKeySequence> shortcutsOf(const Action &action)
+{
+    return shortcutsIn(QSettings(), action);
 }
 
 void setShortcutsOf(const Action &action, const QList<QKeySequence> &keys)
@@ -107,8 +111,9 @@ void ActionSet::refresh()
 
 void ActionSet::applyShortcuts()
 {
+    const QSettings settings; // each one looks for its file
     for (const Entry &entry : _entries)
-        entry.shown->setShortcuts(shortcutsOf(*entry.action));
+        entry.shown->setShortcuts(shortcutsIn(settings, *entry.action));
 }
 
 QAction *ActionSet::find(const QString &id) const
