@@ -44,7 +44,8 @@ void ScoreCanvas::Sheets::setLayout(std::shared_ptr<const layout::Layout> layout
                 continue;
             if (++changedCount <= mostCompared && old.width == page.width
                 && old.height == page.height)
-                former = {_numbers[sheet], changeOfSheet(old, page, _layout->font())};
+                if (const auto change = changeOfSheet(old, page, _layout->font()))
+                    former = {_numbers[sheet], *change};
         }
         _formers[sheet] = former;
         _numbers[sheet] = _nextNumber++;

@@ -12,6 +12,10 @@ using layout::DrawList;
 using layout::DrawMark;
 using layout::MarkShape;
 
+/// Of systems that changed. The parts of a line, which has the whole score, move by hundreds: to
+/// measure them takes longer than to paint those that are seen.
+constexpr std::size_t mostChanged = 16;
+
 /// A mark with the list that has its path or text.
 struct ListedMark {
     const DrawList *list;
@@ -123,9 +127,18 @@ Box changeOfMarks(const DrawList &before, const DrawList &after, const layout::M
 
 } // namespace
 
-Box changeOfSheet(const layout::LayoutPage &before, const layout::LayoutPage &after,
-                  const layout::MusicFont &font)
+std::optional<Box> changeOfSheet(const layout::LayoutPage &before, const layout::LayoutPage &after,
+                                 const layout::MusicFont &font)
 {
+    std::size_t kept = 0;
+    for (std::size_t i = 0; i < std::min(before.systems.size(), after.systems.size()); ++i)
+        kept += before.systems[i].at == after.systems[i].at
+                && before.systems[i].drawing == after.systems[i].drawing
+            ? 1
+            : 0;
+    if (std::max(before.systems.size(), after.systems.size()) - kept > mostChanged)
+        return std::nullopt;
+
     Box change;
     const auto add = [&](const layout::PlacedSystem &system) {
         change = change.unitedWith(system.drawing->marks.box(font).movedBy(system.at));
