@@ -205,13 +205,11 @@ const RowDraft *upperHand(const RowDraft &row, const SystemDraft &draft)
 
 /// Between the hands stands what is said to both: dynamics of the lower one, with the hairpins that
 /// lead to or from them, where the upper one has none in the same bars.
-void liftBetweenHands(SideItems &items, const RowDraft &row, const SystemDraft &draft)
+void liftBetweenHands(SideItems &items, const RowDraft &row, const RowDraft &upper,
+                      const SystemDraft &draft)
 {
-    const RowDraft *const upper = upperHand(row, draft);
-    if (upper == nullptr)
-        return;
     std::set<unsigned> ofUpper; // shown bars
-    for (const PlacedChord *const carrier : carriersOf(*upper))
+    for (const PlacedChord *const carrier : carriersOf(upper))
         if (saysHowLoud(carrier->beat()))
             ofUpper.insert(carrier->shownBar);
     struct Line {
@@ -238,15 +236,8 @@ void liftBetweenHands(SideItems &items, const RowDraft &row, const SystemDraft &
                 isAlone = false;
         if (!isAlone || openSide(row, Side::Above, line.left, line.right) != Side::Above)
             continue;
-        for (SideItem *const item : line.items) {
+        for (SideItem *const item : line.items)
             item->side = Side::Above;
-            const Box box = boxOf(item->inks);
-            const double middle = (box.left + box.right) / 2;
-            for (const BarPlace &bar : draft.bars)
-                if (row.hasLinesAbove && item->inks.front().kind == MarkKind::Dynamic
-                    && bar.left <= middle && bar.right > middle)
-                    keepInBar(item->inks, bar);
-        }
     }
 }
 
@@ -257,6 +248,10 @@ void addDynamics(RowDraft &row, const SystemDraft &draft)
     if (!row.row->isFirstOfStaff)
         return;
     const Side side = sideOfDynamics(row);
+    const RowDraft *const upper = side == Side::Below ? upperHand(row, draft) : nullptr;
+    // Whether bar lines lead through where the dynamics may come to stand.
+    const bool meetLines = (row.hasLinesAbove && (side == Side::Above || upper != nullptr))
+        || (row.hasLinesBelow && side == Side::Below);
     SideItems items;
     std::vector<std::pair<double, double>> taken; // of dynamics, for hairpins to end at
     const auto carriers = carriersOf(row);
@@ -273,7 +268,7 @@ void addDynamics(RowDraft &row, const SystemDraft &draft)
         item.gap = 0.5;
         item.inks =
             draft.pen.glyphs(MarkKind::Dynamic, signs, chord.headCentre(), 0, Pen::Align::Centre);
-        if (side == Side::Above ? row.hasLinesAbove : row.hasLinesBelow)
+        if (meetLines)
             keepInBar(item.inks, draft.barOf(chord));
         keepOnLine(item.inks, draft);
         const Box box = boxOf(item.inks);
@@ -314,8 +309,8 @@ void addDynamics(RowDraft &row, const SystemDraft &draft)
         }
     }
     alignNeighbours(items);
-    if (side == Side::Below)
-        liftBetweenHands(items, row, draft);
+    if (upper != nullptr)
+        liftBetweenHands(items, row, *upper, draft);
     place(row, std::move(items));
 }
 
