@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "support/LaidOut.h"
+#include "support/MeetingInk.h"
 
 #include <ZarnLayout/draw/ZarnPolygons.h>
 
@@ -257,4 +258,21 @@ TEST(CrossStaffTest, dynamicsStandBetweenTheHandsOrBelowTheOneThatTheyAreFor)
         EXPECT_EQ(dynamics[0].top > layout::toSpaces(staves[1].bottom), hasBoth);
         EXPECT_GT(dynamics[0].top, layout::toSpaces(staves[0].bottom));
     }
+}
+
+/// Between the hands, too, dynamics that are wider than their notes keep off each other.
+TEST(CrossStaffTest, wideDynamicsBetweenTheHandsKeepOffEachOther)
+{
+    Hands hands;
+    for (const auto loud : {NoteDynamic::Value::PPPPPP, NoteDynamic::Value::PPP}) {
+        hands.add(0, 72, NoteValue::Quarter);
+        Beat &low = hands.add(1, 48, NoteValue::Quarter);
+        BeatMarks marks = low.marks();
+        marks.setDynamic(NoteDynamic(loud));
+        low.setMarks(marks);
+    }
+    const LaidOut laid(*hands.model);
+    const auto dynamics = laid.of(MarkKind::Dynamic);
+    ASSERT_EQ(dynamics.size(), 2U);
+    EXPECT_FALSE(::test::meet(dynamics[0], dynamics[1]));
 }

@@ -194,11 +194,11 @@ TEST(InkOnInkTest, syllablesKeepOffEachOtherOverNotesOfOtherVoices)
     EXPECT_EQ(words[0].y, words[1].y);
 }
 
-/// Strokes across a stem keep off the accidentals of their chord; those of whole notes stand on the
-/// side of their voice.
+/// Strokes across a stem keep off the accidentals of their chord, under beams as well; those of
+/// whole notes stand on the side of their voice.
 TEST(InkOnInkTest, strokesOfTremolosKeepOffNotesAndAccidentals)
 {
-    ViolinPiece piece(2);
+    ViolinPiece piece(3);
     const auto tremble = [](Beat &beat) {
         BeatMarks marks = beat.marks();
         marks.setTremolo(3);
@@ -208,10 +208,13 @@ TEST(InkOnInkTest, strokesOfTremolosKeepOffNotesAndAccidentals)
         tremble(piece.add({key}, NoteValue::Quarter));
     for (unsigned voice = 0; voice < 2; ++voice)
         tremble(piece.add({voice == 0 ? 74 : 71}, NoteValue::Whole, 0, voice, 1));
+    for (const int key : {73, 75, 78, 80})
+        tremble(piece.add({key}, NoteValue::Eighth, 0, 0, 2));
     const LaidOut laid(*piece.model);
     const auto strokes = laid.of(MarkKind::Tremolo);
-    ASSERT_EQ(strokes.size(), 6U);
-    EXPECT_EQ(laid.of(MarkKind::Accidental).size(), 4U);
+    ASSERT_EQ(strokes.size(), 10U);
+    EXPECT_EQ(laid.of(MarkKind::Accidental).size(), 8U);
+    EXPECT_FALSE(laid.of(MarkKind::Beam).empty());
     for (const auto &stroke : strokes)
         for (const MarkKind kind : {MarkKind::Accidental, MarkKind::NoteHead})
             for (const auto &mark : laid.of(kind))

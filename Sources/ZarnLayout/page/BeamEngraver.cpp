@@ -66,9 +66,13 @@ public:
         for (std::size_t i = chain.front(); i < chain.back() && !isOfGrace; ++i)
             if (const PlacedChord &grace = row.chords[i]; grace.beat().isGrace())
                 _inside.push_back({grace.x, grace.top(), rightOf(grace), grace.bottom()});
-        if (_members.size() > 1)
-            if (const auto bar = rivals.find(_members.front()->bar); bar != rivals.end())
+        if (_members.empty())
+            return;
+        if (const auto bar = rivals.find(_members.front()->bar); bar != rivals.end()) {
+            _signs = &bar->second.signs;
+            if (_members.size() > 1)
                 findObstacles(bar->second);
+        }
     }
 
     void draw()
@@ -97,8 +101,9 @@ private:
     {
         int most = 1;
         for (const PlacedChord *member : _members) {
+            const double least = std::max(leastOf(*member), leastForStrokes(*member));
             _stems.push_back(
-                {member->stemX(), headAtTip(*member), wishOf(*member), leastOf(*member)});
+                {member->stemX(), headAtTip(*member), std::max(wishOf(*member), least), least});
             most = std::max(most, member->beat().flagCount());
         }
         _depth = step() * most;
@@ -161,6 +166,29 @@ private:
         if (const unsigned strokes = member.beat().marks.tremolo(); strokes > 0)
             return (1.5 + 0.75 * beams + 0.8 * strokes) * (_scale < 1 ? 0.75 : 1);
         return (2.5 + step() / _scale * std::max(0, beams - 1) * 0.8) * (_scale < 1 ? 0.75 : 1);
+    }
+
+    /// How long a stem is at least for the strokes of its tremolo to end outside of the accidentals
+    /// of its chord that they reach over.
+    double leastForStrokes(const PlacedChord &member) const
+    {
+        constexpr double gap = 0.1;
+        const unsigned strokes = member.beat().marks.tremolo();
+        if (strokes == 0 || _signs == nullptr)
+            return 0;
+        const Box &sign = _pen.fonts().box(tremoloSign(strokes));
+        const double fromTip =
+            std::abs(tremoloPoint(*member.chord, 0, _pen.fonts()).y) + sign.height() / 2 * _scale;
+        const double half = sign.width() / 2 * _scale + gap;
+        double least = 0;
+        for (const VoiceSign &other : *_signs)
+            if (other.isForAll && other.voice == static_cast<int>(member.chord->voice)
+                && other.box.left < member.stemX() + half
+                && other.box.right > member.stemX() - half) {
+                const double edge = _isUp ? other.box.top : other.box.bottom;
+                least = std::max(least, (headAtTip(member) - edge) * inward() + gap + fromTip);
+            }
+        return least;
     }
 
     /// Whether an inner head is nearer to the beam than both ends.
@@ -318,6 +346,7 @@ private:
     double _depth = 0;            ///< of all beams together
     std::vector<Box> _inside;     ///< rests and grace notes that the beams lead over
     std::vector<Box> _obstacles;
+    const std::vector<VoiceSign> *_signs = nullptr; ///< of their bar
     BeamLine _line;
     bool _isUp = true;
     double _scale = 1;
