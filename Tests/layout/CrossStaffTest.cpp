@@ -264,12 +264,16 @@ TEST(CrossStaffTest, dynamicsStandBetweenTheHandsOrBelowTheOneThatTheyAreFor)
 TEST(CrossStaffTest, wideDynamicsBetweenTheHandsKeepOffEachOther)
 {
     Hands hands;
+    ScoreModel &model = *hands.model;
+    model.insertEmptyBarColumns(1, 1);
     for (const auto loud : {NoteDynamic::Value::PPPPPP, NoteDynamic::Value::PPP}) {
-        hands.add(0, 72, NoteValue::Quarter);
-        Beat &low = hands.add(1, 48, NoteValue::Quarter);
-        BeatMarks marks = low.marks();
-        marks.setDynamic(NoteDynamic(loud));
-        low.setMarks(marks);
+        for (unsigned staff = 0; staff < 2; ++staff) {
+            const auto beat = std::make_shared<Beat>(RhythmValue(NoteValue::Quarter));
+            beat->addNote(std::make_shared<Note>(staff == 0 ? 72 : 48));
+            if (staff == 1)
+                beat->setDynamic(NoteDynamic(loud));
+            model.track(0)->staff(staff)->bars()[1]->ensureVoice(0)->addBeat(beat);
+        }
     }
     const LaidOut laid(*hands.model);
     const auto dynamics = laid.of(MarkKind::Dynamic);
