@@ -164,6 +164,18 @@ double roomOf(const SystemDraft &draft, const RowDraft &row, const PlacedChord &
     return room;
 }
 
+/// Numbers at the end of the line go back as far as they reach over it, off each other as before.
+void keepLabelsOnLine(Inks &inks, double right)
+{
+    constexpr double apart = 0.3;
+    for (auto ink = inks.rbegin(); ink != inks.rend(); ++ink) {
+        if (ink->shape != Ink::Shape::Text)
+            continue;
+        ink->move(std::min(0.0, right - ink->box.right), 0);
+        right = ink->box.left - apart;
+    }
+}
+
 /// The bend of a number of a tablature: over everything that stands above it; lower, higher,
 /// shorter or farther to the right where it would lie on ink on its way there, as far as the line
 /// goes.
@@ -188,6 +200,7 @@ Inks freestBend(const SystemDraft &draft, const RowDraft &row, const InkField &f
                 const double width = std::max(narrowest, (right - left) * part);
                 Inks inks = BendDrawer(draft.pen, curve, left + shift, left + shift + width)
                                 .draw(base, high + lower);
+                keepLabelsOnLine(inks, draft.right);
                 const double over = std::max(0.0, boxOf(inks).right - draft.right);
                 const double whole = cost + 60 * (field.coveredBy(inks, margin) + over);
                 if (whole < least) {
