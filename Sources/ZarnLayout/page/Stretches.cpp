@@ -229,6 +229,7 @@ void addBarres(RowDraft &row, const SystemDraft &draft, SideItems &items)
                                                  : std::to_string(barre.fret).c_str());
             item.inks = dashed(draft.pen, MarkKind::Technique, words, chords[i].x,
                                rightOf(chords[end - 1]), 0.6);
+            keepOnLine(item.inks, draft);
             for (Ink &ink : item.inks)
                 ink.place = placeOf(row, chords[i]);
             items.push_back(std::move(item));

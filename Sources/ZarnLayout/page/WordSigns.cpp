@@ -249,8 +249,10 @@ void addDynamics(RowDraft &row, const SystemDraft &draft)
         return;
     const Side side = sideOfDynamics(row);
     const RowDraft *const upper = side == Side::Below ? upperHand(row, draft) : nullptr;
-    // Whether bar lines lead through where the dynamics may come to stand.
-    const bool meetLines = (row.hasLinesAbove && (side == Side::Above || upper != nullptr))
+    // Whether bar lines lead through where the dynamics may come to stand: those of a single line
+    // are taller than it.
+    const bool meetLines = row.row->lineCount == 1
+        || (row.hasLinesAbove && (side == Side::Above || upper != nullptr))
         || (row.hasLinesBelow && side == Side::Below);
     SideItems items;
     std::vector<std::pair<double, double>> taken; // of dynamics, for hairpins to end at
