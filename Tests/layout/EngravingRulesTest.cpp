@@ -89,6 +89,25 @@ TEST(EngravingRulesTest, crossedVoicesKeepClose)
     EXPECT_LT(lower.left - upper.left, upper.right - upper.left + 0.5);
 }
 
+/// A dotted note stands behind one without dots that is in its way, next to its dot.
+TEST(EngravingRulesTest, dotsStandBesideTheirNotes)
+{
+    Piece piece;
+    piece.add({69}, NoteValue::Half, 1);
+    piece.add({69}, NoteValue::Quarter, 0, 1);
+    const LaidOut laid(*piece.model);
+    const auto heads = laid.of(MarkKind::NoteHead);
+    const auto dots = laid.of(MarkKind::AugmentationDot);
+    ASSERT_EQ(heads.size(), 2U);
+    ASSERT_EQ(dots.size(), 1U);
+    for (const auto &head : heads)
+        if (head.glyph == "noteheadHalf") {
+            EXPECT_GE(head.left, heads[0].left);
+            EXPECT_GE(head.left, heads[1].left);
+            EXPECT_LT(dots[0].left - head.right, 0.8);
+        }
+}
+
 TEST(EngravingRulesTest, dotsStandInSpacesOneInEach)
 {
     const auto dots = [](const std::vector<int> &upper, const std::vector<int> &lower) {
