@@ -16,7 +16,7 @@ namespace {
 constexpr double titleLead = 1.25; ///< distance of base lines, by height of the letters
 constexpr double gapBelowTitle = 3;
 constexpr double gapBelowHeader = 2;
-constexpr double gapAboveFooter = 1;
+constexpr double gapAboveFooter = 0.3;
 
 } // namespace
 
