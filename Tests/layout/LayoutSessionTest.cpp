@@ -80,6 +80,17 @@ TEST(LayoutSessionTest, showsRandomEditsOfRealScoresAsTheyAre)
     }
 }
 
+/// What is sung at the end of a system shows at the beginning of the next one.
+TEST(LayoutSessionTest, showsEditsOfLyricsAsTheyAre)
+{
+    for (const std::string &path : scoreFiles())
+        if (path.find("lyrics") != std::string::npos) {
+            SCOPED_TRACE(path);
+            expectToShow(*readScore(path), {}, 100, 222199);
+            expectToShow(*readScore(path), {}, 110, 214280);
+        }
+}
+
 /// A score of some pages: its bars hold the same notes, but not all of them.
 std::shared_ptr<ScoreModel> somePages(unsigned barCount, bool isSteady = false)
 {

@@ -66,12 +66,31 @@ bool haveEqualOttava(const BeatSource *a, const BeatSource *b)
     return (!a && !b) || (a && b && a->marks.ottavia() == b->marks.ottavia());
 }
 
+bool hasLyrics(const BeatSource &beat)
+{
+    return beat.details && !beat.details->lyrics.empty();
+}
+
+/// Whether words lead alike to a voice from the bar in front, and from it to the bar behind: to its
+/// first beat, and from its last syllables.
+bool areSungAlike(const VoiceSource &a, const VoiceSource &b)
+{
+    const BeatSource &first = a.beats.front();
+    const BeatSource &other = b.beats.front();
+    if (first.isRest != other.isRest || first.isPlaceHolder != other.isPlaceHolder)
+        return false;
+    const auto isSung = [](const VoiceSource &voice) {
+        return std::any_of(voice.beats.begin(), voice.beats.end(), hasLyrics);
+    };
+    return (!isSung(a) && !isSung(b)) || a.beats == b.beats;
+}
+
 bool lookAlikeFromOutside(const VoiceSource &a, const VoiceSource &b)
 {
     if (a.number != b.number || a.beats.empty() != b.beats.empty())
         return false;
     return a.beats.empty()
-        || (a.beats.back().marks.hairpin() == b.beats.back().marks.hairpin()
+        || (areSungAlike(a, b) && a.beats.back().marks.hairpin() == b.beats.back().marks.hairpin()
             && haveEqualOttava(firstNote(a), firstNote(b))
             && haveEqualOttava(lastNote(a), lastNote(b)));
 }
