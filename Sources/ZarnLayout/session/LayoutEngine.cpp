@@ -63,8 +63,12 @@ std::shared_ptr<const layout::Layout> LayoutEngine::layOut(std::shared_ptr<const
     _systems.clear();
     const auto old = std::exchange(_source, nullptr);
     _hasOtherHeads = !old || !haveEqualHeads(*old, source);
-    if (!old)
+    if (!old) { // nothing of a layout that failed is where it says
         _score = {};
+        _oldSystems.clear();
+        _gone.clear();
+        _line.forget();
+    }
     if (_hasOtherHeads) {
         _score.rows = source.rows;
         _score.staffOfRow = source.staffOfRow;
