@@ -1,0 +1,188 @@
+// SPDX-License-Identifier: MIT
+#include "support/LaidOut.h"
+#include "support/ViolinPiece.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace zarn;
+using layout::MarkKind;
+using ::test::LaidOut;
+using Piece = ::test::ViolinPiece;
+using NoteValue = RhythmValue::NoteValue;
+
+} // namespace
+
+/// Dashes that a file writes in its syllables would stand beside the hyphens of the page.
+TEST(LyricsTest, aWordHasOneHyphenBetweenItsSyllables)
+{
+    struct Sung {
+        const char *text;
+        Syllabic syllabic;
+        const char *shown;
+    };
+    const Sung words[] = {{"com -", Syllabic::Begin, "com"},
+                          {"- pri-", Syllabic::Middle, "pri"},
+                          {"\u2013\u00A0se", Syllabic::End, "se"},
+                          {"-re-", Syllabic::Single, "-re-"},
+                          {"-", Syllabic::End, "-"}};
+    Piece piece(5);
+    for (unsigned bar = 0; bar < 5; ++bar) {
+        Syllable syllable;
+        syllable.text = words[bar].text;
+        syllable.syllabic = words[bar].syllabic;
+        piece.add({72}, NoteValue::Whole, 0, 0, bar).setLyrics({syllable});
+    }
+    const LaidOut laid(*piece.model);
+    unsigned hyphens = 0;
+    for (const auto &mark : laid.of(MarkKind::Lyric)) {
+        if (mark.text.empty())
+            ++hyphens;
+        else
+            EXPECT_EQ(mark.text, words[mark.place.bar].shown);
+    }
+    EXPECT_EQ(hyphens, 2U);
+}
+
+/// Where a long syllable pushes the end of the line to where it ends itself, too.
+TEST(LyricsTest, aWordThatGoesOnHasAHyphenAtTheEndOfTheLine)
+{
+    for (std::size_t length = 12; length < 60; ++length) {
+        const std::string text(length, 'o');
+        Piece piece(2);
+        Syllable syllable;
+        syllable.text = text;
+        syllable.syllabic = Syllabic::Begin;
+        for (const unsigned bar : {0U, 1U})
+            piece.add({72}, NoteValue::Whole, 0, 0, bar).setLyrics({syllable});
+        const auto sung = LaidOut(*piece.model).of(MarkKind::Lyric);
+        ASSERT_EQ(std::count_if(sung.begin(), sung.end(),
+                                [](const auto &mark) { return !mark.text.empty(); }),
+                  2);
+        const auto last =
+            std::max_element(sung.begin(), sung.end(), [](const auto &left, const auto &right) {
+                return left.right < right.right;
+            });
+        EXPECT_EQ(last->text, "") << text;
+    }
+}
+
+/// The line of a last syllable and the hyphens of a word, each over the end of a system and up to
+/// where it ends in the next one; a rest there ends both.
+TEST(LyricsTest, heldSyllablesLeadOverTheEndsOfSystems)
+{
+    for (const Syllabic syllabic : {Syllabic::Single, Syllabic::Begin})
+        for (const bool rests : {false, true}) {
+            Piece piece(2);
+            Syllable syllable;
+            syllable.text = "la";
+            syllable.syllabic = syllabic;
+            syllable.hasMelisma = syllabic == Syllabic::Single;
+            piece.add({72}, NoteValue::Half).setLyrics({syllable});
+            piece.add({74}, NoteValue::Half);
+            piece.add(rests ? std::vector<int>{} : std::vector<int>{76}, NoteValue::Half, 0, 0, 1);
+            piece.add({77}, NoteValue::Half, 0, 0, 1).setLyrics({syllable});
+            piece.model->setFullScoreSystemsLayout({1, 1});
+            const LaidOut laid(*piece.model);
+            ASSERT_EQ(laid.systemCount, 2U);
+            const auto of = [&](MarkKind kind, unsigned system) {
+                std::vector<LaidOut::Mark> found;
+                for (const auto &mark : laid.of(kind))
+                    if (mark.system == system)
+                        found.push_back(mark);
+                return found;
+            };
+            const auto first = of(MarkKind::Lyric, 0);
+            ASSERT_GE(first.size(), 2U);
+            const LaidOut::Mark held = of(MarkKind::NoteHead, 0).back();
+            if (syllabic == Syllabic::Single) {
+                EXPECT_EQ(first[1].right > held.right + 2, !rests);
+                EXPECT_GT(first[1].right, held.right - 0.1);
+            }
+            auto second = of(MarkKind::Lyric, 1);
+            second.erase(std::remove_if(second.begin(), second.end(),
+                                        [](const auto &mark) { return !mark.text.empty(); }),
+                         second.end());
+            // What follows the second word leads to the end; in front of it is what is held.
+            const auto heads = of(MarkKind::NoteHead, 1);
+            const auto inFront = std::count_if(second.begin(), second.end(), [&](const auto &mark) {
+                return mark.right < heads.back().left;
+            });
+            EXPECT_EQ(inFront > 0, !rests);
+        }
+}
+
+/// Of words that several grace notes and their main note sing, within a bar and behind a bar line.
+TEST(LyricsTest, wordsOfGraceNotesKeepApart)
+{
+    constexpr unsigned bars = 2;
+    Piece piece(bars);
+    std::vector<std::string> texts;
+    const auto add = [&](NoteValue value, unsigned bar, GraceType type) {
+        Syllable syllable;
+        syllable.text = "lang" + std::to_string(texts.size());
+        texts.push_back(syllable.text);
+        Beat &beat = piece.add({72}, value, 0, 0, bar);
+        beat.setGraceType(type);
+        beat.setLyrics({syllable});
+    };
+    for (unsigned bar = 0; bar < bars; ++bar)
+        for (unsigned i = 0; i < 2; ++i) {
+            add(NoteValue::Sixteenth, bar, GraceType::BeforeBeat);
+            add(NoteValue::Sixteenth, bar, GraceType::BeforeBeat);
+            add(NoteValue::Half, bar, GraceType::None);
+        }
+    const LaidOut laid(*piece.model);
+    ASSERT_EQ(laid.systemCount, 1U);
+    const auto words = laid.of(MarkKind::Lyric);
+    const auto heads = laid.of(MarkKind::NoteHead);
+    ASSERT_EQ(words.size(), texts.size());
+    ASSERT_EQ(heads.size(), texts.size());
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        EXPECT_EQ(words[i].text, texts[i]);
+        EXPECT_NEAR(words[i].left + words[i].right, heads[i].left + heads[i].right, 0.3);
+        if (i > 0) {
+            EXPECT_GT(words[i].left, words[i - 1].right + 0.3) << texts[i];
+        }
+    }
+}
+
+TEST(LyricsTest, dynamicsStandAboveWhatIsSung)
+{
+    for (const bool isSung : {false, true}) {
+        Piece piece;
+        Beat &beat = piece.add({72}, NoteValue::Whole);
+        BeatMarks marks = beat.marks();
+        marks.setDynamic(NoteDynamic(NoteDynamic::Value::F));
+        beat.setMarks(marks);
+        Syllable syllable;
+        syllable.text = "la";
+        if (isSung)
+            beat.setLyrics({syllable});
+        const auto dynamic = LaidOut(*piece.model).of(MarkKind::Dynamic).front();
+        EXPECT_EQ(dynamic.bottom < 0, isSung);
+        EXPECT_EQ(dynamic.top > 4, !isSung);
+    }
+}
+
+TEST(LyricsTest, versesStandEvenlyBelowOneAnother)
+{
+    Piece piece;
+    std::vector<Syllable> lyrics;
+    for (const char *const text : {"plum", "sea", "moon", "glyph", "era"}) {
+        Syllable syllable;
+        syllable.text = text;
+        syllable.line = static_cast<std::uint8_t>(lyrics.size());
+        lyrics.push_back(syllable);
+    }
+    piece.add({72}, NoteValue::Whole).setLyrics(lyrics);
+    const auto sung = LaidOut(*piece.model).of(MarkKind::Lyric);
+    ASSERT_EQ(sung.size(), lyrics.size());
+    for (std::size_t i = 1; i < sung.size(); ++i)
+        EXPECT_NEAR(sung[i].y - sung[i - 1].y, sung[1].y - sung[0].y, 0.01) << sung[i].text;
+}
