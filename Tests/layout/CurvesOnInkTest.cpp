@@ -292,28 +292,6 @@ TEST(CurvesOnInkTest, tiesEndInFrontOfArpeggios)
         EXPECT_EQ(pointsInside(laid, MarkKind::Tie, arpeggio), 0) << arpeggio.left;
 }
 
-/// Each tone of a chord of two voices has a tie of its own to be seen.
-TEST(CurvesOnInkTest, tiesOfTwoVoicesAreTwo)
-{
-    ViolinPiece piece;
-    for (unsigned voice = 0; voice < 3; ++voice) {
-        const int key = voice == 0 ? 70 : voice == 1 ? 74 : 67;
-        Beat &from = piece.add({key}, NoteValue::Half, 0, voice);
-        Beat &to = piece.add({key}, NoteValue::Half, 0, voice);
-        ViolinPiece::tie(from, to);
-    }
-    const LaidOut laid(*piece.model);
-    const auto ties = laid.of(MarkKind::Tie);
-    ASSERT_EQ(ties.size(), 3U);
-    for (std::size_t i = 1; i < ties.size(); ++i)
-        for (std::size_t k = 0; k < i; ++k)
-            EXPECT_GT(std::abs(ties[i].top - ties[k].top)
-                          + std::abs(ties[i].bottom - ties[k].bottom)
-                          + std::abs(ties[i].left - ties[k].left),
-                      0.1)
-                << i << " and " << k;
-}
-
 /// A slur above that leads to an inner voice ends outside of the outer one.
 TEST(CurvesOnInkTest, slursBetweenVoicesLeadOutsideOfBoth)
 {
