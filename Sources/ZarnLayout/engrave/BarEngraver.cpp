@@ -4,6 +4,7 @@
 #include <ZarnLayout/engrave/BeamChain.h>
 #include <ZarnLayout/engrave/ChordInks.h>
 #include <ZarnLayout/engrave/ColumnSpaces.h>
+#include <ZarnLayout/engrave/HeadCluster.h>
 #include <ZarnLayout/engrave/HeadGlyph.h>
 #include <ZarnLayout/engrave/TabFret.h>
 #include <ZarnLayout/engrave/VoicePlacer.h>
@@ -25,19 +26,6 @@ bool isWritten(const BeatSource &beat)
 double scaleOf(const BeatSource &beat)
 {
     return beat.isGrace() ? graceScale : beat.marks.isCue() ? cueScale : 1;
-}
-
-/// Whether two heads of a chord need places beside each other: seconds do, and tall heads that
-/// are little farther apart. The sides of breves may touch where those are a third apart.
-bool meet(const Head &left, const Head &right, double scale, const Fonts &fonts)
-{
-    if (std::abs(left.line - right.line) <= 1)
-        return true;
-    constexpr double mostShared = 0.3;
-    const Head &upper = left.y < right.y ? left : right;
-    const Head &lower = left.y < right.y ? right : left;
-    return upper.y + fonts.box(upper.glyph).bottom * scale
-        > lower.y + fonts.box(lower.glyph).top * scale + mostShared;
 }
 
 /// The strokes of a tremolo that leads from a beat or to it; 0 for none.
@@ -262,37 +250,14 @@ void BarEngraver::placeHeads(Chord &chord)
         }
         return;
     }
+    std::vector<Head *> heads;
+    heads.reserve(chord.heads.size());
     for (Head &head : chord.heads) {
         head.y = _row.yOfLine(head.line);
         head.width = fonts.box(head.glyph).right * chord.scale;
-        chord.width = std::max(chord.width, head.width);
+        heads.push_back(&head);
     }
-    // What of a head lies in front of its left edge, as a stroke through it does.
-    const auto inkBefore = [&](const Head &head) {
-        return std::max(0.0, -fonts.box(head.glyph).left) * chord.scale;
-    };
-    // From the end of the stem that is at a head, every other note of a cluster goes to the far
-    // side; what finds no room on either side, as the third of one line does, stands beside both.
-    const auto count = chord.heads.size();
-    const Head *usual = nullptr;
-    const Head *far = nullptr;
-    double right = chord.width;
-    for (std::size_t step = 0; step < count; ++step) {
-        Head &head = chord.heads[chord.isStemUp ? step : count - 1 - step];
-        head.isDisplaced = usual && meet(*usual, head, chord.scale, fonts);
-        if (!head.isDisplaced) {
-            head.x = chord.isStemUp ? chord.width - head.width : 0;
-            usual = &head;
-        } else if (!far || !meet(*far, head, chord.scale, fonts)) {
-            head.x = chord.isStemUp ? chord.width - fonts.stem() + inkBefore(head)
-                                    : fonts.stem() - head.width - inkBefore(*usual);
-            far = &head;
-        } else {
-            constexpr double gap = 0.15;
-            head.x = right + gap + inkBefore(head);
-        }
-        right = std::max(right, head.x + head.width);
-    }
+    chord.width = placeOnStem(heads, chord.isStemUp, chord.scale, fonts);
 }
 
 void BarEngraver::placeStem(Chord &chord)
@@ -320,11 +285,10 @@ void BarEngraver::placeStem(Chord &chord)
         chord.stemTip = edge + direction * length;
         return;
     }
-    const double half = fonts.stem() / 2;
     const Head &nearTip = chord.isStemUp ? chord.heads.back() : chord.heads.front();
     const Head &root = chord.isStemUp ? chord.heads.front() : chord.heads.back();
     const Point anchor = chord.isStemUp ? fonts.stemUp(root.glyph) : fonts.stemDown(root.glyph);
-    chord.stemX = chord.isStemUp ? chord.width - half : half;
+    chord.stemX = stemBeside(chord.width, chord.isStemUp, fonts);
     chord.stemRoot = root.y + anchor.y * scale;
     double length = (3.5 + 0.75 * std::max(0, flags - 2)) * (scale < 1 ? 0.75 : 1);
     const unsigned strokes = chord.beat->marks.tremolo();

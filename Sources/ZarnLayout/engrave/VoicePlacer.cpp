@@ -2,6 +2,7 @@
 #include <ZarnLayout/engrave/VoicePlacer.h>
 
 #include <ZarnLayout/engrave/ChordInks.h>
+#include <ZarnLayout/engrave/HeadCluster.h>
 #include <ZarnLayout/engrave/TabFret.h>
 
 #include <algorithm>
@@ -13,30 +14,31 @@ namespace zarn::engraving {
 
 namespace {
 
-/// Whether two chords of different voices may share their heads.
-bool shareHeads(const Chord &left, const Chord &right)
+/// Whether two chords of different voices may share their heads. A small one is not seen on a large
+/// one that is black.
+bool shareHeads(const Chord &left, const Chord &right, const BarSource &source)
 {
     if (left.heads.size() != 1 || right.heads.size() != 1)
         return false;
     const Head &a = left.heads.front();
     const Head &b = right.heads.front();
-    return a.line == b.line && a.glyph == b.glyph && left.scale == right.scale
+    return a.line == b.line && a.glyph == b.glyph
+        && source.notes[a.note].midi == source.notes[b.note].midi
+        && (left.scale == right.scale
+            || left.beat->rhythm.getNoteValue() >= RhythmValue::NoteValue::Quarter)
         && left.beat->rhythm.getAugmentationDot() == right.beat->rhythm.getAugmentationDot()
         && left.hasStem && right.hasStem && left.isStemUp != right.isStemUp;
 }
 
-/// Whether chords of two voices may stand on one stem, as if they were one chord.
+/// Whether chords of two voices stand on one stem, as if they were one chord.
 bool shareStem(const Chord &left, const Chord &right)
 {
-    if (!left.hasStem || !right.hasStem || left.isStemUp != right.isStemUp
-        || left.scale != right.scale || left.beat->flagCount() > 0
-        || left.beat->rhythm != right.beat->rhythm)
-        return false;
-    return std::all_of(left.heads.begin(), left.heads.end(), [&](const Head &a) {
-        return std::all_of(right.heads.begin(), right.heads.end(), [&](const Head &b) {
-            return !a.isDisplaced && !b.isDisplaced && std::abs(a.line - b.line) > 1;
-        });
-    });
+    const auto isPlain = [](const Chord &chord) {
+        return chord.beat->flagCount() == 0 && chord.beat->noteCount > 0 && !chord.isSlash
+            && chord.beat->marks.tremolo() == 0;
+    };
+    return isPlain(left) && isPlain(right) && left.isStemUp == right.isStemUp
+        && left.scale == right.scale && left.beat->rhythm == right.beat->rhythm;
 }
 
 /// What a voice of a bar is among the others: where its stems point, and how high it lies.
@@ -85,46 +87,44 @@ void chooseSidesOfRests(std::vector<Chord> &chords)
     }
 }
 
-/// Whether a box of the shape of a chord is its stem: the one behind the heads.
-bool isStem(const Chord &chord, std::size_t part)
-{
-    return chord.hasStem && part == chord.heads.size();
-}
+/// Chords that stand on one stem, most often one alone.
+using OnStem = std::vector<Chord *>;
 
-/// What the chords of a column take, in order.
-struct Taken {
-    std::vector<Box> boxes;
-    std::vector<const Chord *> owners; // of each box
-    std::vector<bool> areStems;        // each box
-
-    void add(const Chord &chord, const std::vector<Box> &shape)
-    {
-        for (std::size_t i = 0; i < shape.size(); ++i) {
-            boxes.push_back(shape[i].movedBy(chord.x, 0));
-            owners.push_back(&chord);
-            areStems.push_back(isStem(chord, i));
-        }
-    }
+/// A box of what chords take, around their origin.
+struct Part {
+    Box box;
+    bool isStem;
 };
 
-/// How far to the right a chord stands clear of what is there.
-double freePlace(const Chord &chord, const std::vector<Box> &shape, const Taken &taken)
+std::vector<Part> partsOf(const OnStem &chords, const Fonts &fonts)
+{
+    std::vector<Part> parts;
+    for (const Chord *chord : chords) {
+        const std::vector<Box> shape = chordShape(*chord, fonts);
+        // The stem is behind the heads.
+        for (std::size_t i = 0; i < shape.size(); ++i)
+            parts.push_back({shape[i], chord->hasStem && i == chord->heads.size()});
+    }
+    return parts;
+}
+
+/// How far to the right chords stand clear of what is there.
+double freePlace(const OnStem &chords, const std::vector<Part> &parts,
+                 const std::vector<Part> &taken)
 {
     constexpr int mostTries = 8;
     constexpr double stemGap = 0.2; ///< stems side by side are to be two lines to the eye
+    const bool hasStemInFront = chords.front()->hasStem && !chords.front()->isStemUp;
     double x = 0;
     for (int tries = 0; tries < mostTries; ++tries) {
         bool isClear = true;
         double next = x;
-        for (std::size_t i = 0; i < taken.boxes.size(); ++i) {
-            const Chord &owner = *taken.owners[i];
-            if (owner.x == x && shareStem(owner, chord))
-                continue;
-            const double gap = taken.areStems[i] && chord.hasStem && !chord.isStemUp ? stemGap : 0;
-            for (const Box &part : shape)
-                if (part.movedBy(x, 0).meets(taken.boxes[i], -0.02)) {
+        for (const Part &other : taken) {
+            const double gap = other.isStem && hasStemInFront ? stemGap : 0;
+            for (const Part &part : parts)
+                if (part.box.movedBy(x, 0).meets(other.box, -0.02)) {
                     isClear = false;
-                    next = std::max(next, taken.boxes[i].right + gap - part.left);
+                    next = std::max(next, other.box.right + gap - part.box.left);
                 }
         }
         if (isClear)
@@ -134,29 +134,93 @@ double freePlace(const Chord &chord, const std::vector<Box> &shape, const Taken 
     return x;
 }
 
-bool isDotted(const Chord &chord)
+bool isDotted(const OnStem &chords)
 {
-    return chord.beat->rhythm.getAugmentationDot() > 0;
+    return chords.front()->beat->rhythm.getAugmentationDot() > 0;
+}
+
+/// Whether a head of some chords stands between those of others, at whose stem it would hang.
+bool reachAround(const OnStem &outer, const OnStem &inner)
+{
+    if (!outer.front()->hasStem)
+        return false;
+    double top = outer.front()->top();
+    double bottom = outer.front()->bottom();
+    for (const Chord *chord : outer) {
+        top = std::min(top, chord->top());
+        bottom = std::max(bottom, chord->bottom());
+    }
+    return std::any_of(inner.begin(), inner.end(), [&](const Chord *chord) {
+        return std::any_of(chord->heads.begin(), chord->heads.end(),
+                           [&](const Head &head) { return top < head.y && head.y < bottom; });
+    });
+}
+
+/// Whether the second of two stems may stand in front of the first.
+bool mayTurn(const OnStem &left, const OnStem &right)
+{
+    const Chord &a = *left.front();
+    const Chord &b = *right.front();
+    return a.scale == b.scale && (a.isStemUp != b.isStemUp || !a.hasStem || !b.hasStem)
+        && !reachAround(left, right) && !reachAround(right, left);
+}
+
+/// Where a chord stands that shares its head with another one. A small head is where its stem is at
+/// the edge of the large one, and its flag beyond that.
+double placeInside(const Chord &large, Chord &chord)
+{
+    const double outward = chord.isStemUp ? -0.5 : 0.5;
+    chord.stemTip += outward * (large.scale - chord.scale);
+    return chord.isStemUp ? large.width - chord.width : 0;
 }
 
 /// Chords of a column, each as far to the right as those in front of it want it; the farthest
 /// place.
-double placeInOrder(const std::vector<Chord *> &order, const Fonts &fonts, Taken &taken)
+double placeInOrder(const std::vector<OnStem> &order, const BarSource &source, const Fonts &fonts,
+                    std::vector<Part> &taken)
 {
     double width = 0;
     for (std::size_t i = 0; i < order.size(); ++i) {
-        Chord &chord = *order[i];
-        chord.x = 0;
-        const bool isShared = std::any_of(
-            order.begin(), order.begin() + static_cast<std::ptrdiff_t>(i),
-            [&](const Chord *other) { return other->x == 0 && shareHeads(*other, chord); });
-        const std::vector<Box> shape = chordShape(chord, fonts);
-        if (!isShared)
-            chord.x = freePlace(chord, shape, taken);
-        taken.add(chord, shape);
-        width = std::max(width, chord.x);
+        const OnStem &chords = order[i];
+        const auto end = order.begin() + static_cast<std::ptrdiff_t>(i);
+        const auto shared = std::find_if(order.begin(), end, [&](const OnStem &others) {
+            return chords.size() == 1 && others.size() == 1 && others[0]->x == 0
+                && shareHeads(*others[0], *chords[0], source);
+        });
+        const std::vector<Part> parts = partsOf(chords, fonts);
+        const double x = shared == end ? freePlace(chords, parts, taken)
+                                       : placeInside(*(*shared)[0], *chords[0]);
+        for (Chord *chord : chords)
+            chord->x = x;
+        for (const Part &part : parts)
+            taken.push_back({part.box.movedBy(x, 0), part.isStem});
+        width = std::max(width, x);
     }
     return width;
+}
+
+/// The chords of a column by their stems. Small notes give way, and stems upwards come first: what
+/// stands in the way of one goes to the right.
+std::vector<OnStem> stemsOf(std::vector<Chord *> chords, const Fonts &fonts)
+{
+    std::stable_sort(chords.begin(), chords.end(), [](const Chord *left, const Chord *right) {
+        return left->scale != right->scale ? left->scale > right->scale
+                                           : left->isStemUp && !right->isStemUp;
+    });
+    std::vector<OnStem> stems;
+    for (Chord *chord : chords) {
+        const auto same = std::find_if(stems.begin(), stems.end(), [&](const OnStem &others) {
+            return shareStem(*others.front(), *chord);
+        });
+        if (same == stems.end())
+            stems.push_back({chord});
+        else
+            same->push_back(chord);
+    }
+    for (const OnStem &stem : stems)
+        if (stem.size() > 1)
+            joinOnStem(stem, fonts);
+    return stems;
 }
 
 } // namespace
@@ -192,38 +256,36 @@ void VoicePlacer::placeColumn(const std::vector<std::size_t> &members)
 {
     auto &chords = _result->chords;
     const Fonts &fonts = _pen.fonts();
-    // Stems upwards first: what stands in their way goes to the right.
-    std::vector<Chord *> order;
+    std::vector<Chord *> sounding;
     for (const std::size_t index : members)
         if (!chords[index].isRest())
-            order.push_back(&chords[index]);
-    std::stable_sort(order.begin(), order.end(), [](const Chord *left, const Chord *right) {
-        return left->isStemUp && !right->isStemUp;
-    });
-    Taken taken;
-    const double width = placeInOrder(order, fonts, taken);
+            sounding.push_back(&chords[index]);
+    std::vector<OnStem> order = stemsOf(std::move(sounding), fonts);
+    std::vector<Part> taken;
+    const double width = placeInOrder(order, _source, fonts, taken);
     // Voices that cross keep closer the other way round: a flag is behind the heads then. Dots
     // stand behind both, so that the head behind is to be the one that they belong to.
-    const bool mayTurn = order.size() == 2 && width > 0
-        && (order[0]->isStemUp != order[1]->isStemUp || !order[0]->hasStem || !order[1]->hasStem);
-    if (mayTurn) {
-        const bool areDotsInFront = isDotted(*order[0]) && !isDotted(*order[1]);
+    if (order.size() == 2 && width > 0 && mayTurn(order[0], order[1])) {
+        const bool areDotsInFront = isDotted(order[0]) && !isDotted(order[1]);
         std::reverse(order.begin(), order.end());
-        Taken reversed;
+        std::vector<Part> reversed;
         constexpr double isCloser = 0.5;
         constexpr double isNear = 0.3;
         const double most = areDotsInFront ? width + isNear : width - isCloser;
-        if (placeInOrder(order, fonts, reversed) < most) {
+        if (placeInOrder(order, _source, fonts, reversed) < most) {
             taken = std::move(reversed);
         } else {
             std::reverse(order.begin(), order.end());
             taken = {};
-            placeInOrder(order, fonts, taken);
+            placeInOrder(order, _source, fonts, taken);
         }
     }
+    std::vector<Box> boxes;
+    for (const Part &part : taken)
+        boxes.push_back(part.box);
     for (const std::size_t index : members)
         if (chords[index].isRest())
-            placeRest(chords[index], taken.boxes);
+            placeRest(chords[index], boxes);
 }
 
 /// Whether the voices of a column all rest, equally long, while no other one has anything: one sign

@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+#include "support/LaidOut.h"
+#include "support/ViolinPiece.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+using namespace zarn;
+using layout::MarkKind;
+using ::test::LaidOut;
+using Piece = ::test::ViolinPiece;
+using NoteValue = RhythmValue::NoteValue;
+
+void turnStemsUp(Piece &piece)
+{
+    for (const auto &voice : piece.model->track(0)->bar(0)->voices())
+        if (voice)
+            for (const auto &beat : voice->beats())
+                beat->setStemOrientation(ZarnStemOrientation::Upward);
+}
+
+/// Of a voice, one.
+LaidOut::Mark markOf(const LaidOut &laid, MarkKind kind, int voice)
+{
+    for (const auto &mark : laid.of(kind))
+        if (mark.place.voice == voice)
+            return mark;
+    ADD_FAILURE() << "The voice has no such mark.";
+    return {};
+}
+
+} // namespace
+
+/// Voices with the same stems and values are one chord: the upper note of a second is on the far
+/// side of the stem, whoever sings it. What is longer has a stem of its own.
+TEST(VoicesTest, voicesThatMoveTogetherShareTheirStem)
+{
+    for (const NoteValue second : {NoteValue::Half, NoteValue::Quarter}) {
+        Piece piece;
+        piece.add({67, 70}, NoteValue::Half);
+        piece.add({65}, second, 0, 2);
+        turnStemsUp(piece);
+        const LaidOut laid(*piece.model);
+        const auto upper = markOf(laid, MarkKind::Stem, 0);
+        const auto lower = markOf(laid, MarkKind::Stem, 2);
+        const auto heads = laid.of(MarkKind::NoteHead);
+        ASSERT_EQ(heads.size(), 3U);
+        EXPECT_EQ(std::abs(upper.left - lower.left) < 0.001, second == NoteValue::Half);
+        if (second == NoteValue::Half) {
+            EXPECT_GT(heads[0].left, lower.left - 0.001) << "g is on the far side";
+            EXPECT_LT(heads[1].right, lower.right + 0.001);
+            EXPECT_NEAR(heads[1].x, heads[2].x, 0.001) << "of f and b flat";
+        }
+    }
+}
+
+/// Three voices, each a step from the next one, are a chord too, not a staircase.
+TEST(VoicesTest, aClusterOfVoicesHasOneStem)
+{
+    Piece piece;
+    piece.add({70, 72}, NoteValue::Half);
+    piece.add({67}, NoteValue::Half, 0, 1);
+    piece.add({65}, NoteValue::Half, 0, 2);
+    turnStemsUp(piece);
+    const LaidOut laid(*piece.model);
+    for (const auto &stem : laid.of(MarkKind::Stem))
+        EXPECT_NEAR(stem.left, laid.of(MarkKind::Stem)[0].left, 0.001);
+}
+
+/// A small note leaves the column to the large one: in a unison it is not seen but for its stem,
+/// else it is the one that steps aside.
+TEST(VoicesTest, cuesGiveWay)
+{
+    for (const int key : {72, 71, 74}) {
+        for (const unsigned cue : {0U, 1U}) {
+            Piece piece;
+            piece.add({72}, NoteValue::Quarter, 0, 1 - cue);
+            piece.add({key}, NoteValue::Quarter, 0, cue).setCue(true);
+            const LaidOut laid(*piece.model);
+            const auto small = markOf(laid, MarkKind::NoteHead, static_cast<int>(cue));
+            const auto large = markOf(laid, MarkKind::NoteHead, static_cast<int>(1 - cue));
+            const auto stem = markOf(laid, MarkKind::Stem, static_cast<int>(cue));
+            EXPECT_LE(large.left, small.left + 0.001) << key;
+            if (key == 72) {
+                EXPECT_LE(small.right, large.right + 0.001);
+                EXPECT_NEAR(cue == 0 ? stem.right : stem.left, cue == 0 ? large.right : large.left,
+                            0.01);
+            }
+        }
+    }
+}
+
+/// Two notes of one name share their head, c and c sharp cannot.
+TEST(VoicesTest, onlyWhatIsTheSameNoteSharesAHead)
+{
+    for (const int key : {72, 73}) {
+        Piece piece;
+        piece.add({72}, NoteValue::Quarter);
+        piece.add({key}, NoteValue::Quarter, 0, 1);
+        const auto heads = LaidOut(*piece.model).of(MarkKind::NoteHead);
+        ASSERT_EQ(heads.size(), 2U);
+        EXPECT_EQ(std::abs(heads[0].left - heads[1].left) < 0.001, key == 72);
+    }
+}
+
+/// A note between two of another voice keeps off their stem.
+TEST(VoicesTest, aNoteInsideAnotherChordStandsBesideItsStem)
+{
+    Piece piece;
+    piece.add({62, 69}, NoteValue::Quarter);
+    piece.add({65}, NoteValue::Half, 0, 1);
+    const LaidOut laid(*piece.model);
+    EXPECT_GT(markOf(laid, MarkKind::NoteHead, 1).left,
+              markOf(laid, MarkKind::Stem, 0).right - 0.001);
+}
