@@ -117,3 +117,17 @@ TEST(VoicesTest, aNoteInsideAnotherChordStandsBesideItsStem)
     EXPECT_GT(markOf(laid, MarkKind::NoteHead, 1).left,
               markOf(laid, MarkKind::Stem, 0).right - 0.001);
 }
+
+/// Dots stand at their own heads: what has been pushed aside far below them does not push them.
+TEST(VoicesTest, dotsStandAtTheirOwnHeads)
+{
+    Piece piece;
+    piece.add({74}, NoteValue::Whole, 1);
+    piece.add({65}, NoteValue::Half, 0, 1);
+    piece.add({59}, NoteValue::Whole, 0, 2);
+    const LaidOut laid(*piece.model);
+    const auto dot = markOf(laid, MarkKind::AugmentationDot, 0);
+    const auto head = markOf(laid, MarkKind::NoteHead, 0);
+    EXPECT_GT(markOf(laid, MarkKind::NoteHead, 1).right, head.right + 0.5) << "is pushed aside";
+    EXPECT_LT(dot.left - head.right, 0.5);
+}

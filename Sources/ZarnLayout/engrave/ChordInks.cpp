@@ -24,6 +24,23 @@ int headKey(const Head &head)
     return heads + head.line;
 }
 
+/// Whether the dots of a chord are above or below all of another one, so that they may stand over
+/// it. Those of a column stand below one another.
+bool passes(const Chord &dotted, const Chord &other)
+{
+    constexpr double far = 1.1; ///< of a dot that has moved into a space, and its neighbour
+    constexpr double endless = 1e9;
+    if (dotted.isRest() || other.isRest() || other.beat->rhythm.getAugmentationDot() > 0)
+        return false;
+    double top = other.top() - 0.5;
+    double bottom = other.bottom() + 0.5;
+    if (other.hasStem && other.isStemUp)
+        top = other.isBeamed ? -endless : std::min(top, other.stemTip);
+    else if (other.hasStem)
+        bottom = other.isBeamed ? endless : std::max(bottom, other.stemTip);
+    return dotted.bottom() + far < top || bottom < dotted.top() - far;
+}
+
 Sign restOf(NoteValue value)
 {
     return Sign::RestLonga + (static_cast<int>(value) - static_cast<int>(NoteValue::Long));
@@ -348,6 +365,8 @@ double ChordInks::dotStart(const Chord &chord, const std::vector<Chord *> &colum
 {
     double right = 0;
     for (const Chord *other : column) {
+        if (_row.notation == Notation::Standard && passes(chord, *other))
+            continue;
         for (const Head &head : other->heads) {
             right = std::max(right, other->x - chord.x + head.x + head.width);
             for (const Ink &ink : parentheses(*other, head))
