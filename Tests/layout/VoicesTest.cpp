@@ -131,3 +131,14 @@ TEST(VoicesTest, dotsStandAtTheirOwnHeads)
     EXPECT_GT(markOf(laid, MarkKind::NoteHead, 1).right, head.right + 0.5) << "is pushed aside";
     EXPECT_LT(dot.left - head.right, 0.5);
 }
+
+/// Nothing is written in an empty bar, so a rest is drawn; what somebody hid is not drawn.
+TEST(VoicesTest, hiddenRestsLeaveTheirBarBlank)
+{
+    Piece piece(3);
+    piece.add({}, NoteValue::Whole, 0, 0, 1).setPlaceHolder(true);
+    piece.add({72}, NoteValue::Whole, 0, 0, 2).notes()[0]->setHidden(true);
+    const auto rests = LaidOut(*piece.model).of(MarkKind::Rest);
+    ASSERT_EQ(rests.size(), 1U);
+    EXPECT_EQ(rests[0].place.bar, 0);
+}

@@ -58,8 +58,10 @@ EngravedBar BarEngraver::engrave(const BarSource &source, const ColumnSource &co
     _hasVoices = std::count_if(source.voices.begin(), source.voices.end(), isDrawn) > 1;
     for (const VoiceSource &voice : source.voices)
         addChords(voice);
-    // In an empty bar is nothing to be heard: it has a rest, like one that somebody wrote there.
-    if (_result.chords.empty() && _result.centred.empty()
+    // In an empty bar is nothing to be heard: it has a rest, like one that somebody wrote there. A
+    // bar that was filled with what is hidden stays blank.
+    const bool isHidden = !source.voices.empty() && source.voices.front().number == 0;
+    if (_result.chords.empty() && _result.centred.empty() && !isHidden
         && (_row.notation != Notation::Tablature || _row.hasRhythm))
         addCentred(nullptr);
     chooseStems();
