@@ -117,6 +117,27 @@ TEST(CrossStaffTest, tiesKeepOffBeamsBetweenTheStaves)
         EXPECT_TRUE(ties[0].bottom < beam.top || ties[0].right < beam.left);
 }
 
+/// Articulations of notes on a beam between the staves stand at the heads, below the other voice of
+/// their staff.
+TEST(CrossStaffTest, articulationsStandAtTheHeadsOfABeamBetweenTheStaves)
+{
+    Hands hands = brokenChord(NoteValue::Eighth, BeamMode::Join);
+    const auto &upper = *hands.model->track(0)->staff(0)->bars()[0];
+    upper.voice(0)->beats()[2]->notes()[0]->setAccents(AccentFlag::Staccato);
+    const auto held = std::make_shared<Beat>(RhythmValue(NoteValue::Whole));
+    held->addNote(std::make_shared<Note>(84));
+    hands.model->track(0)->staff(0)->bars()[0]->ensureVoice(1)->addBeat(held);
+    const LaidOut laid(*hands.model);
+    const auto dots = laid.of(MarkKind::Articulation);
+    ASSERT_EQ(dots.size(), 1U);
+    for (const auto &head : ofStaff(laid, MarkKind::NoteHead, 0))
+        if (head.place.beat == 2) {
+            EXPECT_LT(dots[0].bottom, head.top);
+            EXPECT_GT(dots[0].bottom, head.top - 1.5);
+            EXPECT_NEAR(dots[0].left + dots[0].right, head.left + head.right, 0.05);
+        }
+}
+
 /// Free time between notes of two staves alone joins nothing: hands may take turns.
 TEST(CrossStaffTest, onlyWhatSaysSoIsJoined)
 {

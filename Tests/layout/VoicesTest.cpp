@@ -142,3 +142,15 @@ TEST(VoicesTest, hiddenRestsLeaveTheirBarBlank)
     ASSERT_EQ(rests.size(), 1U);
     EXPECT_EQ(rests[0].place.bar, 0);
 }
+
+/// Beside a voice that rests for the whole bar, articulations keep to the side of their own.
+TEST(VoicesTest, articulationsKeepOffTheRestOfAnotherVoice)
+{
+    Piece piece;
+    piece.add({72}, NoteValue::Half).notes()[0]->setAccents(AccentFlag::Accent);
+    piece.add({}, NoteValue::Whole, 0, 1).setWholeBarRest(true);
+    const LaidOut laid(*piece.model);
+    const auto accents = laid.of(MarkKind::Articulation);
+    ASSERT_EQ(accents.size(), 1U);
+    EXPECT_LT(accents[0].bottom, laid.of(MarkKind::Stem)[0].top);
+}

@@ -50,13 +50,6 @@ unsigned accentsOf(const PlacedChord &chord)
     return bits;
 }
 
-bool hasOtherVoice(const RowDraft &row, const PlacedChord &chord)
-{
-    return std::any_of(row.chords.begin(), row.chords.end(), [&](const PlacedChord &other) {
-        return other.shownBar == chord.shownBar && other.chord->voice != chord.chord->voice;
-    });
-}
-
 /// A dot or stroke in the first free space on the head's side, where the staff has one.
 bool putInside(RowDraft &row, const PlacedChord &chord, const Pen &pen, Sign sign, Side side,
                int &line)
@@ -90,13 +83,14 @@ void addArticulationsOf(RowDraft &row, const SystemDraft &draft)
         const unsigned bits = accentsOf(chord);
         if (bits == 0 || chord.chord->isRest())
             continue;
-        const bool isAlone = !hasOtherVoice(row, chord);
-        const bool isUpperChord = isAlone ? !chord.chord->isStemUp || !chord.chord->hasStem
+        // Beside another voice they stand at the stem, unless that leads to a beam between staves.
+        const bool isAtHeads = !chord.chord->hasRival || chord.chord->isCrossBeamed;
+        const bool isUpperChord = isAtHeads ? !chord.chord->isStemUp || !chord.chord->hasStem
                 || row.row->notation == Notation::Tablature
-                                          : chord.chord->isStemUp;
+                                            : chord.chord->isStemUp;
         // The heaviest accents stand above whatever the stem does.
         const bool isHeavy =
-            isAlone && (bits & static_cast<unsigned>(AccentFlag::HeavyAccent)) != 0;
+            !chord.chord->hasRival && (bits & static_cast<unsigned>(AccentFlag::HeavyAccent)) != 0;
         const bool isUpper = isUpperChord || isHeavy;
         const Side side = isUpper ? Side::Above : Side::Below;
         int line = isUpper ? chord.chord->heads.back().line : chord.chord->heads.front().line;
