@@ -107,15 +107,44 @@ TEST(VoicesTest, onlyWhatIsTheSameNoteSharesAHead)
     }
 }
 
-/// A note between two of another voice keeps off their stem.
+/// A chord shares the head that another voice sings too, be it of two voices itself.
+TEST(VoicesTest, chordsShareTheHeadThatAnotherVoiceHas)
+{
+    for (const unsigned voice : {1U, 3U}) {
+        Piece piece;
+        piece.add({74}, NoteValue::Half);
+        piece.add({74}, NoteValue::Half, 0, 1);
+        if (voice == 1)
+            piece.model->track(0)->bar(0)->voice(1)->beats()[0]->addNote(
+                std::make_shared<Note>(65));
+        else
+            piece.add({65}, NoteValue::Half, 0, voice);
+        const auto heads = LaidOut(*piece.model).of(MarkKind::NoteHead);
+        ASSERT_EQ(heads.size(), 3U);
+        for (const auto &head : heads)
+            EXPECT_NEAR(head.left, heads[0].left, 0.001) << voice;
+    }
+}
+
+/// A note between two of another voice keeps off their stem, and one without a stem off any, unless
+/// all are of one value.
 TEST(VoicesTest, aNoteInsideAnotherChordStandsBesideItsStem)
 {
+    for (const NoteValue value : {NoteValue::Half, NoteValue::Quarter}) {
+        Piece piece;
+        piece.add({62, 69}, NoteValue::Quarter);
+        piece.add({65}, value, 0, 1);
+        const LaidOut laid(*piece.model);
+        EXPECT_EQ(markOf(laid, MarkKind::NoteHead, 1).left
+                      > markOf(laid, MarkKind::Stem, 0).right - 0.001,
+                  value == NoteValue::Half);
+    }
     Piece piece;
-    piece.add({62, 69}, NoteValue::Quarter);
-    piece.add({65}, NoteValue::Half, 0, 1);
+    piece.add({64}, NoteValue::Whole);
+    piece.add({67}, NoteValue::Half, 0, 1);
     const LaidOut laid(*piece.model);
-    EXPECT_GT(markOf(laid, MarkKind::NoteHead, 1).left,
-              markOf(laid, MarkKind::Stem, 0).right - 0.001);
+    EXPECT_GT(markOf(laid, MarkKind::Stem, 1).left,
+              markOf(laid, MarkKind::NoteHead, 0).right - 0.5);
 }
 
 /// Dots stand at their own heads: what has been pushed aside far below them does not push them.

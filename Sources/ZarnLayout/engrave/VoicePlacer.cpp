@@ -14,22 +14,6 @@ namespace zarn::engraving {
 
 namespace {
 
-/// Whether two chords of different voices may share their heads. A small one is not seen on a large
-/// one that is black.
-bool shareHeads(const Chord &left, const Chord &right, const BarSource &source)
-{
-    if (left.heads.size() != 1 || right.heads.size() != 1)
-        return false;
-    const Head &a = left.heads.front();
-    const Head &b = right.heads.front();
-    return a.line == b.line && a.glyph == b.glyph
-        && source.notes[a.note].midi == source.notes[b.note].midi
-        && (left.scale == right.scale
-            || left.beat->rhythm.getNoteValue() >= RhythmValue::NoteValue::Quarter)
-        && left.beat->rhythm.getAugmentationDot() == right.beat->rhythm.getAugmentationDot()
-        && left.hasStem && right.hasStem && left.isStemUp != right.isStemUp;
-}
-
 /// Whether chords of two voices stand on one stem, as if they were one chord.
 bool shareStem(const Chord &left, const Chord &right)
 {
@@ -139,7 +123,8 @@ bool isDotted(const OnStem &chords)
     return chords.front()->beat->rhythm.getAugmentationDot() > 0;
 }
 
-/// Whether a head of some chords stands between those of others, at whose stem it would hang.
+/// Whether heads of some chords stand where others would be read as on their stem: between their
+/// heads, or along the stem if they have none of their own.
 bool reachAround(const OnStem &outer, const OnStem &inner)
 {
     if (!outer.front()->hasStem)
@@ -147,8 +132,9 @@ bool reachAround(const OnStem &outer, const OnStem &inner)
     double top = outer.front()->top();
     double bottom = outer.front()->bottom();
     for (const Chord *chord : outer) {
-        top = std::min(top, chord->top());
-        bottom = std::max(bottom, chord->bottom());
+        const double end = inner.front()->hasStem ? chord->top() : chord->stemTip;
+        top = std::min({top, chord->top(), end});
+        bottom = std::max({bottom, chord->bottom(), end});
     }
     return std::any_of(inner.begin(), inner.end(), [&](const Chord *chord) {
         return std::any_of(chord->heads.begin(), chord->heads.end(),
@@ -156,16 +142,56 @@ bool reachAround(const OnStem &outer, const OnStem &inner)
     });
 }
 
+/// Whether heads of two stems may stand below one another: those of one value, others where they
+/// are not mixed.
+bool mayInterleave(const OnStem &left, const OnStem &right)
+{
+    return left.front()->beat->rhythm == right.front()->beat->rhythm
+        || (!reachAround(left, right) && !reachAround(right, left));
+}
+
 /// Whether the second of two stems may stand in front of the first.
 bool mayTurn(const OnStem &left, const OnStem &right)
 {
     const Chord &a = *left.front();
     const Chord &b = *right.front();
-    return a.scale == b.scale && (a.isStemUp != b.isStemUp || !a.hasStem || !b.hasStem)
-        && !reachAround(left, right) && !reachAround(right, left);
+    return a.scale == b.scale && (a.isStemUp != b.isStemUp || !a.hasStem || !b.hasStem);
 }
 
-/// Where a chord stands that shares its head with another one. A small head is where its stem is at
+/// Whether a stem upwards and one downwards share heads: each note that is close to one of the
+/// other stem is the same. A small note is not seen on a large one that is black.
+bool shareHeads(const OnStem &left, const OnStem &right, const BarSource &source)
+{
+    const Chord &a = *left.front();
+    const Chord &b = *right.front();
+    if (!a.hasStem || !b.hasStem || a.isStemUp == b.isStemUp
+        || a.beat->rhythm.getAugmentationDot() != b.beat->rhythm.getAugmentationDot()
+        || !mayInterleave(left, right))
+        return false;
+    if (a.scale != b.scale
+        && (a.beat->rhythm.getNoteValue() < RhythmValue::NoteValue::Quarter || left.size() > 1
+            || right.size() > 1 || a.heads.size() > 1 || b.heads.size() > 1))
+        return false;
+    const auto keyOf = [&](const Chord &chord, const Head &head) {
+        constexpr int none = -1;
+        return chord.isSlash || chord.beat->noteCount == 0 ? none : source.notes[head.note].midi;
+    };
+    bool isAny = false;
+    for (const Chord *chord : left)
+        for (const Head &head : chord->heads)
+            for (const Chord *rival : right)
+                for (const Head &other : rival->heads) {
+                    if (std::abs(head.line - other.line) > 1)
+                        continue;
+                    if (head.line != other.line || head.glyph != other.glyph || head.x != other.x
+                        || keyOf(*chord, head) != keyOf(*rival, other))
+                        return false;
+                    isAny = true;
+                }
+    return isAny;
+}
+
+/// Where a chord stands that shares heads with another one. A small head is where its stem is at
 /// the edge of the large one, and its flag beyond that.
 double placeInside(const Chord &large, Chord &chord)
 {
@@ -184,8 +210,7 @@ double placeInOrder(const std::vector<OnStem> &order, const BarSource &source, c
         const OnStem &chords = order[i];
         const auto end = order.begin() + static_cast<std::ptrdiff_t>(i);
         const auto shared = std::find_if(order.begin(), end, [&](const OnStem &others) {
-            return chords.size() == 1 && others.size() == 1 && others[0]->x == 0
-                && shareHeads(*others[0], *chords[0], source);
+            return others.front()->x == 0 && shareHeads(others, chords, source);
         });
         const std::vector<Part> parts = partsOf(chords, fonts);
         const double x = shared == end ? freePlace(chords, parts, taken)
@@ -271,7 +296,9 @@ void VoicePlacer::placeColumn(const std::vector<std::size_t> &members)
         std::vector<Part> reversed;
         constexpr double isCloser = 0.5;
         constexpr double isNear = 0.3;
-        const double most = areDotsInFront ? width + isNear : width - isCloser;
+        const double most = areDotsInFront      ? width + isNear
+            : mayInterleave(order[0], order[1]) ? width - isCloser
+                                                : 0;
         if (placeInOrder(order, _source, fonts, reversed) < most) {
             taken = std::move(reversed);
         } else {
