@@ -404,3 +404,19 @@ TEST(InkOnInkTest, restsOfNarrowBarsKeepOffTheirLines)
             for (const auto &mark : laid.of(kind))
                 EXPECT_FALSE(meet(rest, mark)) << rest.left << " " << mark.left;
 }
+
+/// The short beams of a quick note that reach over the head of the next one are above that.
+TEST(InkOnInkTest, shortBeamsAreClearOfTheHeadsThatTheyReachOver)
+{
+    ViolinPiece piece;
+    for (const auto &[key, value] :
+         {std::pair(62, NoteValue::HundredTwentyEighth), std::pair(69, NoteValue::Eighth)}) {
+        Beat &beat = piece.add({key}, value);
+        beat.setStemOrientation(ZarnStemOrientation::Upward);
+        beat.setBeamMode(BeamMode::Join);
+    }
+    const LaidOut laid(*piece.model);
+    ASSERT_GE(laid.of(MarkKind::Beam).size(), 5U);
+    for (const auto &head : laid.of(MarkKind::NoteHead))
+        EXPECT_EQ(pointsInside(laid, MarkKind::Beam, head), 0);
+}

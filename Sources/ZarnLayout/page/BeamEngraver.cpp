@@ -68,6 +68,8 @@ public:
                 _inside.push_back({grace.x, grace.top(), rightOf(grace), grace.bottom()});
         if (_members.empty())
             return;
+        for (const PlacedChord *member : _members)
+            _beamed.push_back({member, placeOf(row, *member)});
         if (const auto bar = rivals.find(_members.front()->bar); bar != rivals.end()) {
             _signs = &bar->second.signs;
             if (_members.size() > 1)
@@ -100,11 +102,13 @@ private:
     void measureStems()
     {
         int most = 1;
-        for (const PlacedChord *member : _members) {
-            const double least = std::max(leastOf(*member), leastForStrokes(*member));
+        for (std::size_t i = 0; i < _members.size(); ++i) {
+            const PlacedChord &member = *_members[i];
+            const int beams = beamsOver(i);
+            const double least = std::max(leastOf(member, beams), leastForStrokes(member));
             _stems.push_back(
-                {member->stemX(), headAtTip(*member), std::max(wishOf(*member), least), least});
-            most = std::max(most, member->beat().flagCount());
+                {member.stemX(), headAtTip(member), std::max(wishOf(member, beams), least), least});
+            most = std::max(most, beams);
         }
         _depth = step() * most;
     }
@@ -153,16 +157,27 @@ private:
         return member.chord->isStemUp ? member.chord->top() : member.chord->bottom();
     }
 
-    /// How long a stem wants to be from its nearest head to the line.
-    double wishOf(const PlacedChord &member) const
+    /// The beams over the heads of a member: its own, and short ones that reach there from the side
+    /// of the stem on which the heads are.
+    int beamsOver(std::size_t number) const
     {
-        const int beams = member.beat().flagCount();
+        const int own = _members[number]->beat().flagCount();
+        const std::size_t front = _isUp ? number - 1 : number;
+        if ((_isUp && number == 0) || front + 1 >= _members.size())
+            return own;
+        constexpr double reach = 2.5; ///< of a head and a short beam
+        const double distance = _members[front + 1]->stemX() - _members[front]->stemX();
+        return distance < reach ? std::max(own, beamsBehind(_beamed, front)) : own;
+    }
+
+    /// How long a stem wants to be from its nearest head to the line.
+    double wishOf(const PlacedChord &member, int beams) const
+    {
         const double tremolo = 0.6 * member.beat().marks.tremolo();
         return (3.25 + 0.75 * std::max(0, beams - 2) + tremolo) * (_scale < 1 ? 0.75 : 1);
     }
-    double leastOf(const PlacedChord &member) const
+    double leastOf(const PlacedChord &member, int beams) const
     {
-        const int beams = member.beat().flagCount();
         if (const unsigned strokes = member.beat().marks.tremolo(); strokes > 0)
             return (1.5 + 0.75 * beams + 0.8 * strokes) * (_scale < 1 ? 0.75 : 1);
         return (2.5 + step() / _scale * std::max(0, beams - 1) * 0.8) * (_scale < 1 ? 0.75 : 1);
@@ -330,10 +345,7 @@ private:
 
     void addBeams()
     {
-        BeamedChords chords;
-        for (const PlacedChord *member : _members)
-            chords.push_back({member, placeOf(_row, *member)});
-        for (Ink &beam : beamInks(chords, _line, inward(), _scale, _pen)) {
+        for (Ink &beam : beamInks(_beamed, _line, inward(), _scale, _pen)) {
             cover(_row, beam);
             _row.inks.push_back(std::move(beam));
         }
@@ -342,6 +354,7 @@ private:
     RowDraft &_row;
     const Pen &_pen;
     std::vector<PlacedChord *> _members;
+    BeamedChords _beamed;         ///< the members
     std::vector<StemWish> _stems; ///< of the members
     double _depth = 0;            ///< of all beams together
     std::vector<Box> _inside;     ///< rests and grace notes that the beams lead over

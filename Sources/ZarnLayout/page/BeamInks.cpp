@@ -56,6 +56,22 @@ int mostBeamsOf(const BeamedChords &chords)
     return most;
 }
 
+int beamsBehind(const BeamedChords &chords, std::size_t member)
+{
+    const auto beamsOf = [&](std::size_t i) {
+        return i < chords.size() ? chords[i].chord->beat().flagCount() : 0;
+    };
+    const int here = beamsOf(member);
+    const int behind = beamsOf(member + 1);
+    // Beams that neither neighbour has are short.
+    if (here > behind && here > (member > 0 ? beamsOf(member - 1) : 0)
+        && !pointsLeft(chords, member))
+        return here;
+    if (behind > here && behind > beamsOf(member + 2) && pointsLeft(chords, member + 1))
+        return behind;
+    return std::min(here, behind);
+}
+
 Inks beamInks(const BeamedChords &chords, const BeamLine &line, double inward, double scale,
               const Pen &pen)
 {

@@ -29,6 +29,10 @@ double beamStep(double scale);
 /// Beams of the chord that has most of them.
 int mostBeamsOf(const BeamedChords &chords);
 
+/// The beams that leave a chord for the next one, short ones from either included; by how many lie
+/// up to the innermost of them.
+int beamsBehind(const BeamedChords &chords, std::size_t member);
+
 /// The beams of chords: the first along a line, the others inward from it. Inward is 1 for down,
 /// -1 for up; the scale is that of small notes.
 Inks beamInks(const BeamedChords &chords, const BeamLine &line, double inward, double scale,
