@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/io/musicxml/ScoreHeader.h>
 
+#include <ZarnCore/io/musicxml/CreditReader.h>
 #include <ZarnCore/io/musicxml/ImportContext.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 
@@ -151,6 +152,7 @@ void readScoreHeader(pugi::xml_node root, ScoreModel &model, ImportContext &cont
         case Tag::Identification:
             readIdentification(child, model, context);
             break;
+        case Tag::Credit:
         case Tag::PartList:
         case Tag::Part:
         case Tag::Measure:
@@ -162,6 +164,7 @@ void readScoreHeader(pugi::xml_node root, ScoreModel &model, ImportContext &cont
     add(model, ScoreProperty::Title, work.empty() ? movement : work);
     if (!work.empty())
         add(model, ScoreProperty::Subtitle, movement);
+    readCredits(root, model, context);
 }
 
 } // namespace zarn::io

@@ -100,8 +100,12 @@ void writeCredits(const ScoreModel &model, pugi::xml_node root, ExportContext &c
         {ScoreProperty::Words, "lyricist", "left", 100, 11},
     };
     const auto &page = model.pageSetup();
-    if (page.staffSpace <= 0)
+    if (page.staffSpace <= 0) {
+        context.addUnheldIf(model.property(ScoreProperty::Title).empty()
+                                && !model.property(ScoreProperty::Subtitle).empty(),
+                            "subtitle without a title");
         return;
+    }
     const auto tenths = [&](int micrometres) {
         return tenthsOfSpace * micrometres / page.staffSpace;
     };
@@ -136,10 +140,9 @@ void writeHeader(const ScoreModel &model, pugi::xml_node root, ExportContext &co
     const auto subtitle = context.text(model.property(ScoreProperty::Subtitle));
     if (!title.empty())
         addElement(addElement(root, "work"), "work-title", title);
-    // Without a title the subtitle would be read as one.
+    // Without a title the subtitle would be read as one; it is among the credits.
     if (!title.empty() && !subtitle.empty())
         addElement(root, "movement-title", subtitle);
-    context.addUnheldIf(title.empty() && !subtitle.empty(), "subtitle without a title");
     writeIdentification(model, root, context);
     writeDefaults(model, root);
     writeCredits(model, root, context);
