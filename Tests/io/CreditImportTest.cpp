@@ -71,6 +71,10 @@ TEST(CreditImport, changesNothingThatTheHeaderSaysAndTakesNoNumberOfAPage)
     EXPECT_EQ(held(named + placed("SONG", "center", 1627, 24) + placed("A. B.", "right", 1527, 12)
                    + placed("x", "right", 1500, 12)),
               "Song|SONG|A. B.||||1");
+    EXPECT_EQ(
+        held("<work><work-title>Song</work-title></work><movement-title>Song</movement-title>"),
+        "Song||||||0")
+        << "one work of one movement has no subtitle";
     EXPECT_EQ(held(sheet + placed("2", "center", 60, 10) + placed("3", "right", 1650, 10)
                    + typed("page number", "1") + typed("title", "of the second page", 2)
                    + "<credit><credit-words>nowhere</credit-words></credit>"),

@@ -413,6 +413,29 @@ TEST(MusicXmlTime, pickupsWholeBarRestsAndOverfullBars)
     EXPECT_TRUE(report.hasProblem("overfull: 8 quarters instead of 5"));
 }
 
+TEST(MusicXmlTime, restsWithoutATypeThatFillTheirMeterAreThoseOfTheBar)
+{
+    const auto rest = [](int duration, const std::string &type = {}) {
+        return "<note><rest/><duration>" + std::to_string(duration) + "</duration>"
+            + (type.empty() ? "" : "<type>" + type + "</type>") + "</note>";
+    };
+    ImportReport report;
+    const auto model =
+        import(score(measure(attributes("<divisions>1</divisions><time><beats>5</beats><beat-type>4"
+                                        "</beat-type></time>")
+                             + rest(5))
+                     + measure(attributes("<time><beats>2</beats><beat-type>4</beat-type></time>")
+                               + rest(2, "half"))
+                     + measure(rest(1) + note("C", 4, 1, "quarter"))),
+               report);
+    const auto staff = model->track(0)->staff(0);
+    std::string whole;
+    for (unsigned bar = 0; bar < 3; ++bar)
+        whole += staff->bar(bar)->voice(0)->beat(0)->isWholeBarRest() ? "w" : "-";
+    EXPECT_EQ(whole, "w--");
+    EXPECT_EQ(staff->bar(2)->voice(0)->beatCount(), 2u);
+}
+
 TEST(MusicXmlTime, restsOverCadenzasLastAsLongAsNoValueDoes)
 {
     // 23 1/2 quarters

@@ -211,6 +211,17 @@ void PartReader::joinChord(WrittenNote &note)
         _context.addProblem(note.node, "a chord note of another length took the chord's");
 }
 
+/// Whether a rest is one of the whole bar though it does not say so: rests that have no type are as
+/// long as nothing but the meter says.
+bool PartReader::fillsItsBar(const WrittenNote &note, const rational &length) const
+{
+    if (note.kind != NoteKind::Rest || note.grace || !note.onset.isZero()
+        || _notes.rhythm().type != WrittenRhythm::NoType || _facts->times.empty())
+        return false;
+    const auto &time = _facts->times.back();
+    return !time.free && length == TimeSignature(time.beats, time.unit).barLength();
+}
+
 void PartReader::placeNote(WrittenNote &note)
 {
     if (note.chord)
@@ -221,6 +232,8 @@ void PartReader::placeNote(WrittenNote &note)
 
     const auto &rhythm = _notes.rhythm();
     const auto written = _notes.duration().value_or(0) / _timeline.divisions();
+    if (fillsItsBar(note, written))
+        note.wholeMeasure = true;
     const bool isTimed = written > rational(0) && written < rational(longest);
     auto nominal = nominalLength(rhythm, note);
     const bool isTyped = nominal && !note.wholeMeasure;

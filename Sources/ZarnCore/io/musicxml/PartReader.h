@@ -34,6 +34,7 @@ private:
     void addSigns(WrittenMeasure &measure);
     void readPrint(pugi::xml_node print);
     void joinChord(WrittenNote &note);
+    bool fillsItsBar(const WrittenNote &note, const utils::rational &length) const;
     void placeNote(WrittenNote &note);
     std::optional<utils::rational> nominalLength(const WrittenRhythm &rhythm, WrittenNote &note);
     void fitLength(WrittenNote &note, const utils::rational &length);

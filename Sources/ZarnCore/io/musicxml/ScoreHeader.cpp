@@ -162,7 +162,7 @@ void readScoreHeader(pugi::xml_node root, ScoreModel &model, ImportContext &cont
         }
     }
     add(model, ScoreProperty::Title, work.empty() ? movement : work);
-    if (!work.empty())
+    if (!work.empty() && movement != work)
         add(model, ScoreProperty::Subtitle, movement);
     readCredits(root, model, context);
 }
