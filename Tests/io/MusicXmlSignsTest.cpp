@@ -295,6 +295,25 @@ TEST(MusicXmlSigns, harmoniesAreReadByWhatTheyMeanAndElseAsTheyAreWritten)
               "H7");
 }
 
+TEST(MusicXmlSigns, aStaffThatBeginsWithNotesBecomesNoTablature)
+{
+    const auto clef = [](const char *sign) {
+        return attributes(std::string("<clef><sign>") + sign + "</sign></clef>");
+    };
+    const auto trackOf = [&](const char *first, const char *second) {
+        ImportReport report;
+        const auto model = import(score(measure(attributes("<divisions>1</divisions>") + clef(first)
+                                                + note("C", 4, 4, "whole"))
+                                        + measure(clef(second) + note("C", 4, 4, "whole"))),
+                                  report);
+        return std::to_string(model->track(0)->notations().tablature)
+            + std::to_string(report.hasProblem("began with notes"));
+    };
+    EXPECT_EQ(trackOf("G", "TAB"), "01");
+    EXPECT_EQ(trackOf("TAB", "G"), "10");
+    EXPECT_EQ(trackOf("TAB", "TAB"), "10");
+}
+
 TEST(MusicXmlSigns, tablatureCountsStringsFromTheLowest)
 {
     std::string tunings;

@@ -260,6 +260,11 @@ void AttributesReader::readClef(pugi::xml_node node, PartFacts &facts,
     const int staff = std::max(staffOf(node), 0);
     WrittenClef clef = {_context.bar(), staff, position, ClefType::G2, Ottavia::None, false};
     if (sign == "TAB") {
+        const auto &written = staffAt(facts, staff);
+        if (!written.tablature && written.notesFrom < clef.bar) {
+            _context.addProblem(node, "a TAB clef on a staff that began with notes was left out");
+            return;
+        }
         clef.tablature = true;
         staffAt(facts, staff).tablature = true;
     } else if (sign == "percussion" || sign == "none") {
@@ -279,7 +284,8 @@ void AttributesReader::readClef(pugi::xml_node node, PartFacts &facts,
                                      Ottavia::_15ma};
         clef.ottavia = signs[std::clamp(octaves, -2, 2) + 2];
     }
-    staffAt(facts, staff);
+    if (auto &written = staffAt(facts, staff); !clef.tablature)
+        written.notesFrom = std::min(written.notesFrom, clef.bar);
     facts.clefs.push_back(clef);
 }
 

@@ -10,6 +10,7 @@
 #include <pugixml.hpp>
 
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <string>
 #include <vector>
@@ -125,7 +126,9 @@ struct WrittenStaff {
     int lines = 0;           ///< 0: not said
     std::vector<int> tuning; ///< MIDI keys, the lowest string first
     int capo = 0;
-    bool tablature = false;
+    /// The bar of the first clef of notes.
+    int notesFrom = std::numeric_limits<int>::max();
+    bool tablature = false; ///< has a TAB clef from the first one on
     bool alternate = false; ///< repeats another staff in another notation
     bool hasTwin = false;   ///< was made one with its tablature
 };
