@@ -25,12 +25,21 @@ bool isSame(const PlacedSystem &a, const PlacedSystem &b)
     return a.at == b.at && haveEqualValue(a.drawing, b.drawing);
 }
 
+/// Systems stand on a page from the top down, and those at one height from left to right.
+bool standsBefore(const PlacedSystem &a, const PlacedSystem &b)
+{
+    return a.at.y != b.at.y ? a.at.y < b.at.y : a.at.x < b.at.x;
+}
+
 /// Most likely where it is on its own page.
 bool isIn(const LayoutPage &page, const PlacedSystem &system, std::size_t number)
 {
-    if (number < page.systems.size() && isSame(page.systems[number], system))
+    const auto &systems = page.systems;
+    if (number < systems.size() && isSame(systems[number], system))
         return true;
-    return std::any_of(page.systems.begin(), page.systems.end(),
+    const auto [first, end] =
+        std::equal_range(systems.begin(), systems.end(), system, standsBefore);
+    return std::any_of(first, end,
                        [&](const PlacedSystem &other) { return isSame(other, system); });
 }
 
