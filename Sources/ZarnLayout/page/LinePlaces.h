@@ -31,6 +31,8 @@ struct LinePlaces {
 struct LineBar {
     layout::Unit left = 0;
     std::shared_ptr<const LinePlaces> places;
+    bool isKept = false;       ///< the layout before had it at the same places
+    bool beginsAfresh = false; ///< a part ends in front of it rather than elsewhere
 };
 
 /// Places a shown bar as widely as its notes want to stand; `before` are words of the bars in

@@ -245,14 +245,14 @@ void LayoutEngine::buildLine(const ScoreSource &source, const Origins &origins)
     auto built = std::make_shared<BuiltSystem>();
     built->top = _line.top();
     built->bottom = _line.bottom();
+    _systems.reserve(parts.size());
     for (const LinePart &part : parts) {
         ShownSystem system(part.first, part.end, {0, false});
         system.left = part.left;
         system.isNew = part.isNew;
         system.built = built;
         system.drawing = part.drawing;
-        if (!part.built->problems->list().empty())
-            system.problems = part.built->problems;
+        system.problems = part.problems;
         _systems.push_back(std::move(system));
     }
 }

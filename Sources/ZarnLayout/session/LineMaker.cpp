@@ -94,13 +94,21 @@ std::vector<layout::Unit> heightsOf(const RowDistances &distances)
 
 } // namespace
 
-std::vector<unsigned> LineMaker::endsOf(const EngravedScore &score)
+void LinePart::lookAtBuilt()
+{
+    window = built->window;
+    top = built->top;
+    bottom = built->bottom;
+    problems = built->problems->list().empty() ? nullptr : built->problems;
+}
+
+std::vector<unsigned> LineMaker::ends() const
 {
     std::vector<unsigned> ends;
-    const auto count = static_cast<unsigned>(score.shown.size());
+    const auto count = static_cast<unsigned>(_line.bars.size());
     unsigned first = 0;
     for (unsigned i = 1; i < count; ++i)
-        if (i - first == barsOfPart || (i - first >= fewestBars && beginsAfresh(score, i))) {
+        if (i - first == barsOfPart || (i - first >= fewestBars && _line.bars[i].beginsAfresh)) {
             ends.push_back(i);
             first = i;
         }
@@ -110,15 +118,19 @@ std::vector<unsigned> LineMaker::endsOf(const EngravedScore &score)
 
 const std::vector<LinePart> &LineMaker::make(const Change &change)
 {
-    const Line old = std::exchange(_line, {});
+    Former old;
+    old.line = std::exchange(_line, {});
+    old.places.reserve(old.line.bars.size());
+    for (const LineBar &bar : old.line.bars)
+        old.places.push_back(bar.places.get());
     placeBars(change, old);
     buildParts(change, old);
-    alignWords(change);
-    alignRows(change);
+    alignWords(change, old.line);
+    alignRows(change, old.line);
     return _line.parts;
 }
 
-void LineMaker::placeBars(const Change &change, const Line &old)
+void LineMaker::placeBars(const Change &change, Former &old)
 {
     const EngravedScore &score = change.score;
     const auto count = static_cast<unsigned>(score.shown.size());
@@ -126,121 +138,140 @@ void LineMaker::placeBars(const Change &change, const Line &old)
     layout::Unit left = 0;
     _line.bars.reserve(count);
     for (unsigned i = 0; i < count; ++i) {
+        const std::uint32_t origin = change.origins[i];
         LineBar bar;
         bar.left = left;
         if (isPlaced(change, old, i)) {
-            bar.places = old.bars[change.origins[i]].places;
+            bar.places = std::move(old.line.bars[origin].places);
+            bar.isKept = true;
         } else {
             change.engrave(i);
             LinePlaces places =
                 placeLineBar(score, i, i == 0 ? none : _line.bars[i - 1].places->after, _pen);
             // A new bar may stand as the one that was here before it.
-            const LineBar *was = old.bars.size() == count ? &old.bars[i] : nullptr;
-            bar.places = was && *was->places == places
-                ? was->places
+            LineBar *was = old.line.bars.size() == count ? &old.line.bars[i] : nullptr;
+            bar.places = was && was->places && *was->places == places
+                ? std::move(was->places)
                 : std::make_shared<const LinePlaces>(std::move(places));
+            bar.isKept = origin < old.places.size() && bar.places.get() == old.places[origin];
         }
+        if (i > 0)
+            bar.beginsAfresh =
+                bar.isKept && _line.bars[i - 1].isKept && change.origins[i - 1] + 1 == origin
+                ? old.line.bars[origin].beginsAfresh
+                : beginsAfresh(score, i);
         left += bar.places->width;
         _line.bars.push_back(std::move(bar));
     }
 }
 
 /// A bar stands where its notes, what is in front of it, and words of the bars there want it.
-bool LineMaker::isPlaced(const Change &change, const Line &old, unsigned shownBar) const
+bool LineMaker::isPlaced(const Change &change, const Former &old, unsigned shownBar) const
 {
     const std::uint32_t origin = change.origins[shownBar];
-    if (change.hasOtherHeads || origin >= old.bars.size())
+    if (change.hasOtherHeads || origin >= old.places.size() || !old.line.bars[origin].places)
         return false;
     const bool isLast = shownBar + 1 == change.score.shown.size();
-    if ((shownBar == 0) != (origin == 0) || isLast != (origin + 1 == old.bars.size()))
+    if ((shownBar == 0) != (origin == 0) || isLast != (origin + 1 == old.places.size()))
         return false;
     if (shownBar == 0)
         return true;
-    const auto &before = _line.bars[shownBar - 1].places;
-    const auto &beforeIt = old.bars[origin - 1].places;
+    const LineBar &before = _line.bars[shownBar - 1];
+    if (before.isKept && change.origins[shownBar - 1] + 1 == origin)
+        return true;
+    const LinePlaces *beforeIt = old.places[origin - 1];
     return change.score.columns[shownBar - 1]->last->shared
         == change.old.columns[origin - 1]->last->shared
-        && (before == beforeIt || before->after == beforeIt->after);
+        && (before.places.get() == beforeIt || before.places->after == beforeIt->after);
 }
 
 /// What is drawn of a part depends on the bars that it looks at and where they stand, and on what
 /// all staves share of the bars around these.
-bool LineMaker::hasSameWindow(const Change &change, const Line &old, const LineWindow &was,
+bool LineMaker::hasSameWindow(const Change &change, const Former &old, const LineWindow &was,
                               unsigned first) const
 {
     const auto count = static_cast<unsigned>(_line.bars.size());
-    const auto oldCount = static_cast<unsigned>(old.bars.size());
+    const auto oldCount = static_cast<unsigned>(old.places.size());
     if (was.first - was.from > first || was.to - was.first > count - first)
         return false;
     const unsigned from = first - (was.first - was.from);
     const unsigned to = first + (was.to - was.first);
     if ((from == 0) != (was.from == 0) || (to == count) != (was.to == oldCount))
         return false;
+    for (unsigned i = from; i < to; ++i)
+        if (!_line.bars[i].isKept || change.origins[i] != was.from + (i - from))
+            return false;
     const auto &columns = change.score.columns;
     const auto &oldColumns = change.old.columns;
-    for (unsigned i = from; i < to; ++i) {
-        const unsigned before = was.first + i - first;
-        if (columns[i].get() != oldColumns[before]
-            || _line.bars[i].places != old.bars[before].places)
-            return false;
-    }
-    return (from == 0 || columns[from - 1]->last->shared == oldColumns[was.from - 1]->last->shared)
-        && (to == count || columns[to]->first->shared == oldColumns[was.to]->first->shared);
+    const auto isSameBefore = [&](unsigned i, unsigned before) {
+        return columns[i].get() == oldColumns[before]
+            || columns[i]->last->shared == oldColumns[before]->last->shared;
+    };
+    const auto isSameBehind = [&](unsigned i, unsigned before) {
+        return columns[i].get() == oldColumns[before]
+            || columns[i]->first->shared == oldColumns[before]->first->shared;
+    };
+    return (from == 0 || isSameBefore(from - 1, was.from - 1))
+        && (to == count || isSameBehind(to, was.to));
 }
 
-const LinePart *LineMaker::sameIn(const Change &change, const Line &old, unsigned first,
-                                  unsigned end) const
+LinePart *LineMaker::sameIn(const Change &change, Former &old, unsigned first, unsigned end) const
 {
     const std::uint32_t origin = change.origins[first];
-    if (change.hasOtherHeads || origin >= old.bars.size())
+    if (change.hasOtherHeads || origin >= old.places.size())
         return nullptr;
+    auto &parts = old.line.parts;
     const auto part = std::lower_bound(
-        old.parts.begin(), old.parts.end(), origin,
+        parts.begin(), parts.end(), origin,
         [](const LinePart &other, std::uint32_t bar) { return other.first < bar; });
-    if (part == old.parts.end() || part->first != origin || part->end - part->first != end - first
-        || !hasSameWindow(change, old, part->built->window, first))
+    if (part == parts.end() || part->first != origin || part->end - part->first != end - first
+        || !part->built || !hasSameWindow(change, old, part->window, first))
         return nullptr;
     return &*part;
 }
 
-void LineMaker::buildParts(const Change &change, const Line &old)
+void LineMaker::buildParts(const Change &change, Former &old)
 {
     const LinePartBuilder builder(change.score, _line.bars, _pen);
+    const std::vector<unsigned> ends = this->ends();
+    _line.parts.reserve(ends.size());
     unsigned first = 0;
-    for (const unsigned end : endsOf(change.score)) {
+    for (const unsigned end : ends) {
         LinePart part;
-        part.first = first;
-        part.end = end;
-        part.left = _line.bars[first].left;
-        if (const LinePart *same = sameIn(change, old, first, end)) {
-            takeOver(change, *same, part);
+        if (LinePart *same = sameIn(change, old, first, end)) {
+            const auto before = static_cast<std::uint32_t>(same - old.line.parts.data());
+            part = takenOver(change, std::move(*same), first);
+            part.before = before;
         } else {
             part.isNew = true;
             part.bare =
                 std::make_shared<const BuiltLinePart>(builder.build(first, end, change.engrave));
+            const auto &words = part.bare->words;
+            part.hasWords = std::any_of(words.begin(), words.end(),
+                                        [](const WordHeights &row) { return !row.empty(); });
         }
+        part.first = first;
+        part.end = end;
+        part.left = _line.bars[first].left;
         _line.parts.push_back(std::move(part));
         first = end;
     }
 }
 
-void LineMaker::takeOver(const Change &change, const LinePart &old, LinePart &part) const
+LinePart LineMaker::takenOver(const Change &change, LinePart old, unsigned first)
 {
-    const std::int32_t bars =
-        barAt(change.score.shown, part.first) - barAt(change.old.shown, old.first);
-    if (bars == 0 && part.first == old.first) {
-        part.bare = old.bare;
-        part.lined = old.lined;
-        part.built = old.built;
-        part.drawing = old.drawing;
-        return;
-    }
-    const unsigned first = part.first;
+    old.isNew = old.isOther = false;
+    const std::int32_t bars = barAt(change.score.shown, first) - barAt(change.old.shown, old.first);
+    if (bars == 0 && first == old.first)
+        return old;
+    LinePart part = old;
     part.bare = movedTo(first, *old.bare, bars);
     part.lined = old.lined == old.bare ? part.bare : movedTo(first, *old.lined, bars);
     part.built = old.built == old.lined ? part.lined : movedTo(first, *old.built, bars);
     part.drawing =
         old.drawing == old.built->drawing ? part.built->drawing : movedByBars(old.drawing, bars);
+    part.lookAtBuilt();
+    return part;
 }
 
 std::shared_ptr<const BuiltLinePart>
@@ -256,16 +287,20 @@ LineMaker::fitted(const Change &change, const std::shared_ptr<const BuiltLinePar
                                                      .build(part->window, change.engrave, heights));
 }
 
-void LineMaker::alignWords(const Change &change)
+void LineMaker::alignWords(const Change &change, const Line &old)
 {
-    std::vector<WordHeights> words(change.score.rows.size());
+    auto &words = _line.words;
+    words.resize(change.score.rows.size());
     for (const LinePart &part : _line.parts)
-        for (std::size_t row = 0; row < words.size(); ++row)
+        for (std::size_t row = 0; part.hasWords && row < words.size(); ++row)
             for (const auto &[kind, height] : part.bare->words[row]) {
                 const auto [entry, isNew] = words[row].emplace(kind, height);
                 entry->second = std::max(entry->second, height);
             }
+    const bool standAsBefore = words == old.words;
     for (LinePart &part : _line.parts) {
+        if (!part.isNew && (standAsBefore || !part.hasWords))
+            continue;
         LineHeights heights;
         if (!standAt(words, part.bare->words)) {
             heights.words = part.bare->words;
@@ -273,38 +308,62 @@ void LineMaker::alignWords(const Change &change)
                 for (auto &[kind, height] : heights.words[row])
                     height = words[row][kind];
         }
-        part.lined = fitted(change, part.bare, part.lined, heights);
+        auto lined = fitted(change, part.bare, part.lined, heights);
+        part.isOther = part.isNew || lined != part.lined;
+        part.lined = std::move(lined);
     }
 }
 
-void LineMaker::alignRows(const Change &change)
+/// How far the rows of each part are apart: there are many parts, and few have changed.
+void LineMaker::findDistances(std::size_t rows, const Line &old)
 {
-    RowDistances distances = _line.parts.front().lined->distances;
-    for (const LinePart &part : _line.parts)
-        for (std::size_t row = 0; row < distances.size(); ++row)
-            distances[row] = std::max(distances[row], part.lined->distances[row]);
+    _line.distances.assign(rows, std::vector<double>(_line.parts.size()));
+    for (std::size_t i = 0; i < _line.parts.size(); ++i) {
+        const LinePart &part = _line.parts[i];
+        for (std::size_t row = 0; row < rows; ++row)
+            _line.distances[row][i] =
+                part.isOther ? part.lined->distances[row] : old.distances[row][part.before];
+    }
+}
+
+void LineMaker::alignRows(const Change &change, const Line &old)
+{
+    findDistances(change.score.rows.size(), old);
+    RowDistances &distances = _line.rows;
+    for (const std::vector<double> &row : _line.distances)
+        distances.push_back(*std::max_element(row.begin(), row.end()));
+    const bool standAsBefore = distances == old.rows;
     const std::vector<layout::Unit> heights = heightsOf(distances);
     double lastRow = 0;
     for (const double distance : distances)
         lastRow += distance;
     _top = _bottom = 0;
     for (LinePart &part : _line.parts) {
-        auto built = part.lined;
-        if (built->isTied && built->distances != distances) {
-            LineHeights given = built->given;
-            given.distances = distances;
-            built = fitted(change, built, part.built, given);
-        }
-        if (part.built != built || !standAt(heights, *part.drawing)) {
-            const RowShifts shifts = shiftsTo(heights, *built->drawing);
-            part.drawing = shifts.empty()
-                ? built->drawing
-                : withRowsMoved(*built->drawing, built->hangers, {}, shifts, _pen.fonts().music());
-        }
-        part.built = built;
-        _top = std::max(_top, built->top);
-        _bottom = std::max(_bottom, lastRow + built->bottom);
+        if (part.isOther || !standAsBefore)
+            alignRows(change, part, heights);
+        _top = std::max(_top, part.top);
+        _bottom = std::max(_bottom, lastRow + part.bottom);
     }
+}
+
+/// The same for a part.
+void LineMaker::alignRows(const Change &change, LinePart &part,
+                          const std::vector<layout::Unit> &heights) const
+{
+    auto built = part.lined;
+    if (built->isTied && built->distances != _line.rows) {
+        LineHeights given = built->given;
+        given.distances = _line.rows;
+        built = fitted(change, built, part.built, given);
+    }
+    if (part.built != built || !standAt(heights, *part.drawing)) {
+        const RowShifts shifts = shiftsTo(heights, *built->drawing);
+        part.drawing = shifts.empty()
+            ? built->drawing
+            : withRowsMoved(*built->drawing, built->hangers, {}, shifts, _pen.fonts().music());
+    }
+    part.built = std::move(built);
+    part.lookAtBuilt();
 }
 
 } // namespace zarn::engraving

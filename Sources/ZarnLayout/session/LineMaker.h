@@ -24,6 +24,19 @@ struct LinePart {
 
     std::shared_ptr<const BuiltLinePart> bare;  ///< by its own wishes
     std::shared_ptr<const BuiltLinePart> lined; ///< with its words where those of the line stand
+
+    std::uint32_t before = 0; ///< its number among the parts before, unless it is new
+    bool isOther = false;     ///< than before, as `lined` says; so is what is new
+
+    // What is asked of all parts behind each edit, without a look at what is built.
+    LineWindow window;
+    bool hasWords = false;
+    double top = 0;
+    double bottom = 0;
+    std::shared_ptr<const Problems> problems; ///< null for none
+
+    /// Takes these from `built`.
+    void lookAtBuilt();
 };
 
 /// Lays all bars out on one line without end, in parts of a few bars; what parts share with those
@@ -52,28 +65,38 @@ public:
     double bottom() const noexcept { return _bottom; } ///< below the top line of the first row
 
 private:
-    /// What there was before.
     struct Line {
         std::vector<LineBar> bars; ///< by shown bar
         std::vector<LinePart> parts;
+        std::vector<std::vector<double>> distances; ///< from row to row of each part, by row
+        std::vector<WordHeights> words;             ///< of all parts, by row
+        RowDistances rows;                          ///< of all parts
     };
 
-    static std::vector<unsigned> endsOf(const EngravedScore &score);
-    void placeBars(const Change &change, const Line &old);
-    bool isPlaced(const Change &change, const Line &old, unsigned shownBar) const;
-    void buildParts(const Change &change, const Line &old);
-    const LinePart *sameIn(const Change &change, const Line &old, unsigned first,
-                           unsigned end) const;
-    bool hasSameWindow(const Change &change, const Line &old, const LineWindow &was,
+    /// The line before, out of which goes what stays as it is.
+    struct Former {
+        Line line;
+        std::vector<const LinePlaces *> places; ///< by shown bar
+    };
+
+    std::vector<unsigned> ends() const;
+    void placeBars(const Change &change, Former &old);
+    bool isPlaced(const Change &change, const Former &old, unsigned shownBar) const;
+    void buildParts(const Change &change, Former &old);
+    LinePart *sameIn(const Change &change, Former &old, unsigned first, unsigned end) const;
+    bool hasSameWindow(const Change &change, const Former &old, const LineWindow &was,
                        unsigned first) const;
-    void takeOver(const Change &change, const LinePart &old, LinePart &part) const;
+    static LinePart takenOver(const Change &change, LinePart old, unsigned first);
+    void findDistances(std::size_t rows, const Line &old);
     /// Builds a part again as the whole line wants it, or takes it as it is.
     std::shared_ptr<const BuiltLinePart> fitted(const Change &change,
                                                 const std::shared_ptr<const BuiltLinePart> &part,
                                                 const std::shared_ptr<const BuiltLinePart> &last,
                                                 const LineHeights &heights) const;
-    void alignWords(const Change &change);
-    void alignRows(const Change &change);
+    void alignWords(const Change &change, const Line &old);
+    void alignRows(const Change &change, const Line &old);
+    void alignRows(const Change &change, LinePart &part,
+                   const std::vector<layout::Unit> &heights) const;
 
     const Pen &_pen;
     Line _line;

@@ -182,7 +182,7 @@ std::vector<LayoutPage> PageMaker::fillSheet(const Sheet &sheet,
 }
 
 std::vector<LayoutPage> PageMaker::fillLine(const Sheet &sheet,
-                                            const std::vector<ShownSystem> &parts) const
+                                            std::vector<ShownSystem> &parts) const
 {
     LayoutPage page = emptyPage(sheet);
     const double left = sheet.spaces(page.leftMargin);
@@ -191,13 +191,12 @@ std::vector<LayoutPage> PageMaker::fillLine(const Sheet &sheet,
     if (!parts.empty()) {
         const BuiltSystem &line = *parts.front().built; // all are as tall
         page.systems.reserve(parts.size());
-        for (const ShownSystem &part : parts)
-            page.systems.push_back(
-                {part.drawing, {fromSpaces(left) + part.left, fromSpaces(y + line.top)}});
+        for (ShownSystem &part : parts)
+            page.systems.push_back({std::move(part.drawing),
+                                    {fromSpaces(left) + part.left, fromSpaces(y + line.top)}});
         y += line.top + line.bottom + gapBelow;
-        const ShownSystem &last = parts.back();
-        const double width =
-            layout::toSpaces(last.left + last.drawing->marks.box(_pen.fonts().music()).right);
+        const double width = layout::toSpaces(
+            parts.back().left + page.systems.back().drawing->marks.box(_pen.fonts().music()).right);
         page.width =
             std::max(page.width, boundedLength((left + width) * sheet.space) + page.rightMargin);
     }

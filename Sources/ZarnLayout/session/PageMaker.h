@@ -61,8 +61,9 @@ private:
 
     std::vector<layout::LayoutPage> fillSheet(const Sheet &sheet,
                                               std::vector<ShownSystem> &systems) const;
+    /// Takes their drawings.
     std::vector<layout::LayoutPage> fillLine(const Sheet &sheet,
-                                             const std::vector<ShownSystem> &parts) const;
+                                             std::vector<ShownSystem> &parts) const;
     /// Moves rows apart that stretch by 1 by so many staff spaces, and others in proportion.
     void stretch(ShownSystem &system, double spaces) const;
 
