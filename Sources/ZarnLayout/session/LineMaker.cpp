@@ -10,10 +10,7 @@ namespace zarn::engraving {
 
 namespace {
 
-constexpr unsigned barsOfPart = 4;
-
-/// A part that is shorter ends for nothing that is written.
-constexpr unsigned fewestBars = 2;
+constexpr unsigned barsOfPart = 2;
 
 /// Where a part ends rather than elsewhere, so that parts behind bars that come and go are the same
 /// as before.
@@ -108,7 +105,7 @@ std::vector<unsigned> LineMaker::ends() const
     const auto count = static_cast<unsigned>(_line.bars.size());
     unsigned first = 0;
     for (unsigned i = 1; i < count; ++i)
-        if (i - first == barsOfPart || (i - first >= fewestBars && _line.bars[i].beginsAfresh)) {
+        if (i - first == barsOfPart || _line.bars[i].beginsAfresh) {
             ends.push_back(i);
             first = i;
         }
