@@ -5,6 +5,7 @@
 #include "actions/SignForms.h"
 #include "document/Document.h"
 
+#include <ZarnCore/model/ZarnMasterBarAttribute.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/form/ZarnDirectionMark.h>
 
@@ -64,20 +65,36 @@ Action ending(unsigned pass)
     return action;
 }
 
+/// Where a direction stands in another bar already, a further one of its kind.
+bool turnDirection(const ActionContext &context, Score &score, DirectionMark mark)
+{
+    const int bar = context.document.cursor().barIndex();
+    if (bar < 0)
+        return false;
+    const MasterTrack &master = *context.document.model().masterTrack();
+    const int slot = master.directionIndex(mark);
+    if (slot == bar)
+        return score.setBarDirection(mark, -1);
+    const auto index = static_cast<unsigned>(bar);
+    const auto further = master.masterBar(index)->furtherDirections();
+    if (slot < 0 && (further & directionBit(mark)) == 0)
+        return score.setBarDirection(mark, bar);
+    return score.setMasterBarAttribute(index, index, MasterBarAttribute::FurtherDirections,
+                                       further ^ directionBit(mark));
+}
+
 Action direction(DirectionMark mark)
 {
-    const auto isHere = [mark](const ActionContext &context) {
-        const auto bar = context.document.cursor().barIndex();
-        return bar >= 0 && context.document.model().masterTrack()->directionIndex(mark) == bar;
-    };
     const QString name = directionMarkToQString(mark);
-    Action action =
-        scoreStep("", name, "", [mark, isHere](const ActionContext &context, Score &score) {
-            const int bar = context.document.cursor().barIndex();
-            return score.setBarDirection(mark, isHere(context) ? -1 : bar);
-        });
+    Action action = scoreStep("", name, "", [mark](const ActionContext &context, Score &score) {
+        return turnDirection(context, score, mark);
+    });
     action.id = QStringLiteral("bar.direction") + name;
-    action.isChecked = isHere;
+    action.isChecked = [mark](const ActionContext &context) {
+        const auto marks = context.document.model().masterTrack()->directionsAtBarIndex(
+            context.document.cursor().barIndex());
+        return marks.count(mark) != 0;
+    };
     return action;
 }
 

@@ -66,7 +66,7 @@ template <>
 bool isOfMenus<MasterBar>(MasterBarAttribute id)
 {
     return isTyped(rowOf(id).range) && id != MasterBarAttribute::TimeSignature
-        && id != MasterBarAttribute::Fermatas;
+        && id != MasterBarAttribute::Fermatas && id != MasterBarAttribute::FurtherDirections;
 }
 
 template <>

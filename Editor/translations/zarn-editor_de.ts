@@ -1021,6 +1021,22 @@
         <source>Slur side</source>
         <translation>Lage des Bogens</translation>
     </message>
+    <message>
+        <source>Ending hidden</source>
+        <translation>Klammer verborgen</translation>
+    </message>
+    <message>
+        <source>Ending text</source>
+        <translation>Klammertext</translation>
+    </message>
+    <message>
+        <source>Further directions</source>
+        <translation>Weitere Sprungzeichen</translation>
+    </message>
+    <message>
+        <source>Jump text</source>
+        <translation>Sprungtext</translation>
+    </message>
 </context>
 <context>
     <name>BarActions</name>

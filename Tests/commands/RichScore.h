@@ -64,6 +64,8 @@ struct RichScore : SmallScore {
         model.track(1)->bar(2)->setClefChanges({{utils::rational(2), ClefType::F4}});
         model.masterTrack()->setDirection(static_cast<int>(DirectionMark::Coda), 3);
         model.masterTrack()->setDirection(static_cast<int>(DirectionMark::DoubleCoda), 2);
+        model.masterTrack()->masterBar(5)->setFurtherDirections(
+            directionBit(DirectionMark::DaCapo) | directionBit(DirectionMark::Segno));
         model.track(0)->bar(2)->setSimileMark(SimileMark::Simple);
         model.track(0)->staff(0)->setPartialCapoFret(3);
         model.track(0)->staff(0)->setPartialCapoStringFlags(

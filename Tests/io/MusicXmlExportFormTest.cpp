@@ -25,34 +25,53 @@ TEST(MusicXmlExportForm, repeatsEndingsAndJumps)
     EXPECT_EQ(written.all("//ending/@type"), "start stop start discontinue");
     EXPECT_EQ(written.all("//repeat/@times"), "3");
     EXPECT_EQ(written.all("//direction[direction-type/segno]/sound/@segno"), "segno-segno");
-    EXPECT_EQ(written.all("//direction[sound/@dalsegno]//words"), "D.S. al Double Coda");
+    EXPECT_EQ(written.all("//direction[sound/@dalsegno]//words"), "D.S.S. al Double Coda");
     const auto copy = readFrom(written.text());
     EXPECT_EQ(test::writeNative(*copy), test::writeNative(*model));
 }
 
-TEST(MusicXmlExportForm, aFurtherJumpIsWordsThatSoundForOthers)
+TEST(MusicXmlExportForm, furtherJumpsAndTheirWords)
 {
     const auto bar = [](const std::string &jump) {
         return measure(note("C", 4, 4, "whole") + "<direction><direction-type>" + jump);
     };
     const std::string segno = "<segno/></direction-type><sound segno=\"varsegno\"/></direction>";
-    const std::string back = "<words>D.S. &lt;font face=\"Music\">&lt;/font>\uE04A</words>"
+    const std::string back = "<words>Dal segno \uE047</words>"
                              "</direction-type><sound dalsegno=\"varsegno\"/></direction>";
     const std::string other = "<words>D.S. al Fine</words></direction-type></direction>";
-    const auto document = score(bar(segno) + bar(back) + bar(other) + bar(back) + bar(other));
-    const auto model = readFrom(document);
-    const auto textOf = [&](unsigned index) {
-        return model->track(0)->bar(index)->voice(0)->beats().front()->text();
-    };
-    EXPECT_EQ(textOf(1) + textOf(2), "");
-    EXPECT_EQ(textOf(3) + "|" + textOf(4), "D.S.|D.S. al Fine");
+    const auto model =
+        readFrom(score(bar(segno) + bar(back) + bar(other) + bar(back) + bar(other)));
+    const auto &master = *model->masterTrack();
+    EXPECT_EQ(master.masterBar(3)->furtherDirections(), directionBit(DirectionMark::DaSegno));
+    EXPECT_EQ(master.masterBar(4)->furtherDirections(), directionBit(DirectionMark::DaSegnoAlFine));
     const Exported written(*model);
     EXPECT_EQ(written.all("//sound/@dalsegno"), "segno segno segno segno");
+    EXPECT_EQ(written.all("//words"),
+              "Dal segno \uE047 D.S. al Fine Dal segno \uE047 D.S. al Fine");
     EXPECT_EQ(test::writeNative(*readFrom(written.text())), test::writeNative(*model));
+}
 
-    model->masterTrack()->setDirection(static_cast<int>(DirectionMark::DaSegno), -1);
-    EXPECT_EQ(Exported(*model).count("//sound/@dalsegno"), 2U)
-        << "words that have no jump before them would be read as one";
+TEST(MusicXmlExportForm, textsAndHiddenBracketsOfEndings)
+{
+    auto model =
+        readFrom(score(quarters(1, note("C", 4, 4, "whole")) + measure(note("D", 4, 4, "whole"))
+                       + measure(note("E", 4, 4, "whole")) + measure(note("F", 4, 4, "whole"))
+                       + measure(note("G", 4, 4, "whole")) + measure(note("A", 4, 4, "whole"))));
+    auto &master = *model->masterTrack();
+    const unsigned passes[] = {0, 1, 2, 4, 4, 1};
+    for (unsigned i = 0; i < 6; ++i)
+        master.masterBar(i)->setAlternateEndings(passes[i]);
+    master.masterBar(3)->setEndingText("Pour finir");
+    master.masterBar(4)->setEndingHidden(true);
+    master.masterBar(5)->setEndingHidden(true);
+    master.masterBar(5)->setRepeatCount(2);
+    const Exported written(*model);
+    EXPECT_EQ(written.all("//ending[@type='start']"), "1. 2. Pour finir 1.");
+    EXPECT_EQ(written.all("//ending[@print-object='no']/@number"), "1");
+    EXPECT_EQ(written.all("//measure[4]//ending/@type"), "start discontinue")
+        << "readers take the ending on to the next one, without a bracket";
+    EXPECT_EQ(written.all("//measure[5]//ending/@type"), "");
+    EXPECT_EQ(test::writeNative(*readFrom(written.text())), test::writeNative(*model));
 }
 
 TEST(MusicXmlExportForm, wordsBesideALevelStayBesideIt)

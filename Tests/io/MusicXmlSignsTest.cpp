@@ -139,15 +139,36 @@ TEST(MusicXmlSigns, repeatsEndingsAndJumpsMakeThePlayList)
     EXPECT_EQ(begin, (std::vector<int>{0, 1, 0, 1, 0, 2, 3}));
 }
 
-TEST(MusicXmlSigns, directionsBeyondTheirSlotAreReported)
+TEST(MusicXmlSigns, aScoreHasAnyNumberOfSignsOfAKind)
 {
-    std::string text;
-    for (int i = 0; i < 3; ++i)
-        text += measure(direction("<segno/>") + whole);
+    // As in songs of many verses: two segnos, of which jumps name both, and codas that no jump
+    // names, which are all alike.
+    const auto sign = [](const std::string &kind, const std::string &name) {
+        return measure(direction("<" + kind + "/>", "<sound " + kind + "=\"" + name + "\"/>")
+                       + whole);
+    };
+    const auto jump = [](const std::string &words, const std::string &sound) {
+        return measure(whole + direction("<words>" + words + "</words>", "<sound " + sound + "/>"));
+    };
+    const std::string back = "D.S. &lt;font face=\"ScoreText\"&gt;&lt;/font&gt;\uE04A";
     ImportReport report;
-    const auto model = import(score(text), report);
-    EXPECT_EQ(model->masterTrack()->directionIndex(DirectionMark::SegnoSegno), 1);
-    EXPECT_TRUE(report.hasProblem("bar 3, line 11: a further SegnoSegno was left out"));
+    const auto model = import(
+        score(sign("segno", "a") + sign("segno", "b") + jump("D.S. al Fine", "dalsegno=\"a\"")
+              + jump("\uE048", "tocoda=\"c\"") + jump(back, "dalsegno=\"b\"") + sign("coda", "c")
+              + jump(back, "dalsegno=\"b\"") + sign("coda", "d")),
+        report);
+    const auto &master = *model->masterTrack();
+    const auto at = [&master](int bar) {
+        return zarn::directionMarksToQString(master.directionsAtBarIndex(bar)).toStdString() + ": "
+            + master.masterBar(static_cast<unsigned>(bar))->jumpText();
+    };
+    EXPECT_EQ(at(0) + "; " + at(1), "Segno: ; SegnoSegno: ");
+    EXPECT_EQ(at(2), "DaSegnoAlFine: ") << "words of its kind need not be kept";
+    EXPECT_EQ(at(3), "DaCoda: \uE048");
+    EXPECT_EQ(at(4), "DaSegnoSegno: D.S. <font face=\"ScoreText\"></font>\uE04A");
+    EXPECT_EQ(at(6), at(4));
+    EXPECT_EQ(at(5) + "; " + at(7), "Coda: ; Coda: ");
+    EXPECT_EQ(report.problems().size(), 0U);
 }
 
 TEST(MusicXmlSigns, temposKeepTheirUnitAndWordsStandAtTheirBeats)

@@ -308,11 +308,11 @@ TEST(NativeRefusal, aDocumentMayNameItsVersionAnywhere)
     ScoreModel model;
     io::readScoreText("guitar: 6:3q [5:2 4:0]e | 1:0 & 6:0; piano: c5 | d5 + c3 | d3", model);
     std::string document = test::writeNative(model);
-    const std::string version = "\"zarn\":\"1.5\",";
+    const std::string version = "\"zarn\":\"1.6\",";
     document.erase(document.find(version), version.size());
     document.insert(document.rfind('}'), "," + version.substr(0, version.size() - 1));
     EXPECT_TRUE(*test::readNative(document) == model);
-    document.replace(document.rfind("1.5"), 3, "2.0");
+    document.replace(document.rfind("1.6"), 3, "2.0");
     EXPECT_NE(refusal(document).find("/zarn: the document has version 2.0"), std::string::npos);
 }
 

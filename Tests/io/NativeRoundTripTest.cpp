@@ -58,7 +58,7 @@ TEST(NativeRoundTrip, scoresOfTheTextNotationComeBack)
 
 TEST(NativeRoundTrip, whatIsAtItsDefaultTakesNoRoom)
 {
-    EXPECT_EQ(test::writeNative(ScoreModel()), "{\"zarn\":\"1.5\",\"master\":{}}\n");
+    EXPECT_EQ(test::writeNative(ScoreModel()), "{\"zarn\":\"1.6\",\"master\":{}}\n");
     ScoreModel model;
     io::readScoreText("voice: c4q d4 | r", model);
     const std::string document = test::writeNative(model);

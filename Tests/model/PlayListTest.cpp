@@ -148,6 +148,33 @@ TEST(PlayList, jumps)
     EXPECT_EQ(played(track), "abcdabcdecg");
 }
 
+TEST(PlayList, furtherDirectionsOfAKind)
+{
+    const auto put = [](MasterTrack &track, unsigned bar, DirectionMark mark) {
+        const auto &column = track.masterBar(bar);
+        column->setFurtherDirections(column->furtherDirections() | directionBit(mark));
+    };
+    MasterTrack song = makeForm("abcdefghi");
+    song.setSegno(0);
+    song.setDaCoda(1);
+    song.setDaSegnoAlCoda(2);
+    song.setCoda(3);
+    put(song, 5, DirectionMark::DaSegnoAlCoda);
+    put(song, 6, DirectionMark::Coda);
+    EXPECT_EQ(played(song), "abcabdefabghi") << "each jump once, each to the coda behind it";
+    EXPECT_EQ(song.directionsAtBarIndex(6), std::set<DirectionMark>{DirectionMark::Coda});
+    EXPECT_TRUE(song.hasAnyDirectionAtBarIndex(5));
+
+    MasterTrack dances = makeForm("abcdef");
+    dances.setSegno(1);
+    dances.setDaSegno(2);
+    put(dances, 4, DirectionMark::Segno);
+    put(dances, 5, DirectionMark::DaSegno);
+    EXPECT_EQ(played(dances), "abcbcdefef") << "to the nearest segno in front";
+    dances.removeMasterBars(1, 1);
+    EXPECT_EQ(played(dances), "abdede") << "the one that is left stands in no slot";
+}
+
 TEST(PlayList, contradictoryDirectionsEnd)
 {
     MasterTrack track = makeForm("abc");
@@ -176,6 +203,8 @@ TEST(PlayList, contradictoryDirectionsEnd)
                 bar->setRepeatCount(2 + static_cast<unsigned>(random() % 3));
             if (random() % 3 == 0)
                 bar->setAlternateEndings(static_cast<std::uint32_t>(random() % 16));
+            if (random() % 4 == 0)
+                bar->setFurtherDirections(static_cast<std::uint32_t>(random()) & AllDirectionBits);
             wild.addMasterBar(bar);
         }
         for (int kind = 0; kind < DirectionMarkCount; ++kind)

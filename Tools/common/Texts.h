@@ -7,7 +7,6 @@ namespace zarn::tool {
 
 // The program says what it shows, and reads it, in the words of the pages.
 using sheet::dynamicText;
-using sheet::endingText;
 using sheet::keyText;
 using sheet::pitchClassText;
 using sheet::pitchText;

@@ -4,6 +4,7 @@
 #include <ZarnCore/model/ZarnMasterTrack.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
 #include <ZarnCore/model/attributes/ZarnLayoutRatio.h>
+#include <ZarnCore/model/form/ZarnDirectionMark.h>
 
 namespace zarn {
 
@@ -49,6 +50,22 @@ void MasterBar::setFermatas(const FermataMarks &marks)
     _details.change([&](Details &details) { details.fermatas = marks; });
 }
 
+void MasterBar::setEndingText(const std::string &text)
+{
+    _details.change([&](Details &details) { details.endingText = text; });
+}
+
+void MasterBar::setFurtherDirections(std::uint32_t marks)
+{
+    ZARN_ASSERT_IN("zarn::MasterBar::setFurtherDirections", marks <= AllDirectionBits);
+    _details.change([&](Details &details) { details.furtherDirections = marks; });
+}
+
+void MasterBar::setJumpText(const std::string &text)
+{
+    _details.change([&](Details &details) { details.jumpText = text; });
+}
+
 void MasterBar::setLayoutRatio(float ratio)
 {
     ZARN_ASSERT_IN("zarn::MasterBar::setLayoutRatio", isLayoutRatio(ratio));
@@ -81,9 +98,10 @@ bool operator==(const MasterBar &left, const MasterBar &right)
         && left._section == right._section && left._alternateEndings == right._alternateEndings
         && left._repeatCount == right._repeatCount && left._tripletFeel == right._tripletFeel
         && left._freeTime == right._freeTime && left._doubleBar == right._doubleBar
-        && left._repeatStart == right._repeatStart && left._movementStart == right._movementStart
-        && left._barLine == right._barLine && left._meterSign == right._meterSign
-        && left._layoutRatio == right._layoutRatio && left._details == right._details;
+        && left._endingHidden == right._endingHidden && left._repeatStart == right._repeatStart
+        && left._movementStart == right._movementStart && left._barLine == right._barLine
+        && left._meterSign == right._meterSign && left._layoutRatio == right._layoutRatio
+        && left._details == right._details;
 }
 
 } // namespace zarn

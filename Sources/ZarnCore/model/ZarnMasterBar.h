@@ -113,6 +113,25 @@ public:
     void setAlternateEndings(std::uint32_t passes) noexcept { _alternateEndings = passes; }
     bool isPlayedInPass(unsigned pass) const noexcept;
 
+    /// What stands under the bracket of an ending that begins here, UTF-8; empty for the numbers of
+    /// its passes.
+    const std::string &endingText() const noexcept { return _details.get().endingText; }
+    void setEndingText(const std::string &text);
+
+    /// The bracket of the ending is not drawn over this bar, though its passes hold.
+    bool isEndingHidden() const noexcept { return _endingHidden; }
+    void setEndingHidden(bool hidden) noexcept { _endingHidden = hidden; }
+
+    /// Directions that stand here while the slot of their kind, which is the master track's, has
+    /// another bar: a bit for each `DirectionMark`. Raises for bits that are none.
+    std::uint32_t furtherDirections() const noexcept { return _details.get().furtherDirections; }
+    void setFurtherDirections(std::uint32_t marks);
+
+    /// What the jumps at the end of the bar, and its fine, read as, UTF-8: a line for each, in the
+    /// order of `DirectionMark`; an empty one for the words of its kind. See `endDirections`.
+    const std::string &jumpText() const noexcept { return _details.get().jumpText; }
+    void setJumpText(const std::string &text);
+
     /// Begins a movement: no repeat and no jump leads from behind this bar to one before it, and
     /// none ahead past it. The first bar of a score begins one without saying so.
     bool isMovementStart() const noexcept { return _movementStart; }
@@ -157,10 +176,15 @@ private:
     struct Details {
         BeamGroups beamGroups;
         FermataMarks fermatas;
+        std::string endingText;
+        std::string jumpText;
+        std::uint32_t furtherDirections = 0;
 
         friend bool operator==(const Details &left, const Details &right) noexcept
         {
-            return left.beamGroups == right.beamGroups && left.fermatas == right.fermatas;
+            return left.beamGroups == right.beamGroups && left.fermatas == right.fermatas
+                && left.endingText == right.endingText && left.jumpText == right.jumpText
+                && left.furtherDirections == right.furtherDirections;
         }
     };
 
@@ -175,6 +199,7 @@ private:
     bool _doubleBar = false;
     bool _repeatStart = false;
     bool _movementStart = false;
+    bool _endingHidden = false;
     BarLine _barLine = BarLine::Auto;
     MeterSign _meterSign = MeterSign::Numbers;
     float _layoutRatio = 1;

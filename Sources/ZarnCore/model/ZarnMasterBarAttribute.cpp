@@ -4,6 +4,7 @@
 #include <ZarnCore/model/AttributeRows.h>
 #include <ZarnCore/model/ZarnMasterTrack.h>
 #include <ZarnCore/model/attributes/ZarnLayoutRatio.h>
+#include <ZarnCore/model/form/ZarnDirectionMark.h>
 
 #include <limits>
 
@@ -75,6 +76,8 @@ void setAnacrusis(MasterBar &bar, bool isAnacrusis)
         track->setAnacrusis(isAnacrusis);
 }
 
+constexpr unsigned longestWords = 10'000;
+
 constexpr auto anyBits = numbers(std::numeric_limits<int>::min(), std::numeric_limits<int>::max());
 
 constexpr std::array<Row, MasterBarAttributeCount> rows = {{
@@ -118,6 +121,16 @@ constexpr std::array<Row, MasterBarAttributeCount> rows = {{
         Id::LayoutRatio, "LayoutRatio", "layoutRatio",
         reals(static_cast<double>(lowestLayoutRatio), static_cast<double>(highestLayoutRatio)),
         ratiosChanged, Split::All),
+    row<&MasterBar::endingText, &MasterBar::setEndingText>(
+        Id::EndingText, "EndingText", "endingText", textsUpTo(longestWords), attributeChanged),
+    row<&MasterBar::isEndingHidden, &MasterBar::setEndingHidden>(Id::EndingHidden, "EndingHidden",
+                                                                 "endingHidden", anyOf<bool>(),
+                                                                 attributeChanged, Split::All),
+    ofForm(row<&MasterBar::furtherDirections, &MasterBar::setFurtherDirections>(
+        Id::FurtherDirections, "FurtherDirections", "furtherDirections",
+        numbers(0, static_cast<int>(AllDirectionBits)), attributeChanged)),
+    row<&MasterBar::jumpText, &MasterBar::setJumpText>(Id::JumpText, "JumpText", "jumpText",
+                                                       textsUpTo(longestWords), attributeChanged),
     row<isAnacrusis, setAnacrusis>(Id::Anacrusis, "Anacrusis", "", anyOf<bool>(), anacrusisChanged),
 }};
 static_assert(areInOrder(rows));

@@ -27,10 +27,14 @@ enum class MasterBarAttribute : std::uint8_t {
     BarLine,
     MeterSign,
     LayoutRatio,
+    EndingText,
+    EndingHidden,
+    FurtherDirections, ///< bits, the first `DirectionMark` the lowest
+    JumpText,
     Anacrusis, ///< of the first bar alone: the master track's
 };
 
-constexpr unsigned MasterBarAttributeCount = 17;
+constexpr unsigned MasterBarAttributeCount = 21;
 
 struct MasterBarAttributeRow : Attribute<MasterBar, MasterBarAttribute> {
     /// Whether the order of playing depends on it.

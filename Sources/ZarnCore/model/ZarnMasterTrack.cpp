@@ -194,12 +194,23 @@ void MasterTrack::setDirectionSlots(const DirectionSlots &bars) noexcept
 
 std::set<DirectionMark> MasterTrack::directionsAtBarIndex(int barIndex) const
 {
-    return _d->directions.marksAt(barIndex);
+    auto marks = _d->directions.marksAt(barIndex);
+    const auto further = furtherDirectionsAt(barIndex);
+    for (int kind = 0; further != 0 && kind < DirectionMarkCount; ++kind)
+        if (const auto mark = static_cast<DirectionMark>(kind); (further & directionBit(mark)) != 0)
+            marks.insert(mark);
+    return marks;
 }
 
 bool MasterTrack::hasAnyDirectionAtBarIndex(int barIndex) const noexcept
 {
-    return _d->directions.hasAnyAt(barIndex);
+    return _d->directions.hasAnyAt(barIndex) || furtherDirectionsAt(barIndex) != 0;
+}
+
+std::uint32_t MasterTrack::furtherDirectionsAt(int bar) const noexcept
+{
+    const bool isThere = bar >= 0 && hasMasterBarIndex(static_cast<unsigned>(bar));
+    return isThere ? masterBars()[static_cast<std::size_t>(bar)]->furtherDirections() : 0;
 }
 
 int MasterTrack::jumpIndexForDirection(int kind) const noexcept

@@ -96,7 +96,8 @@ public:
     /// First bar of the movement that a bar belongs to; 0 past the end.
     unsigned movementStart(unsigned bar) const noexcept;
 
-    // Order of playing; see `DirectionAccessors` for each direction by its name.
+    // Order of playing; see `DirectionAccessors` for each direction by its name. A slot has the
+    // first of its kind, or the one that is there; bars may have further ones.
 
     /// Bar index of a direction; -1 when it is not set or is none of the nineteen.
     int directionIndex(DirectionMark mark) const noexcept;
@@ -107,6 +108,8 @@ public:
     const DirectionSlots &directionSlots() const noexcept;
     void setDirectionSlots(const DirectionSlots &bars) noexcept;
 
+    /// Those whose slots name the bar, and those that it has besides; see
+    /// `MasterBar::furtherDirections`.
     std::set<DirectionMark> directionsAtBarIndex(int barIndex) const;
     bool hasAnyDirectionAtBarIndex(int barIndex) const noexcept;
 
@@ -173,6 +176,7 @@ private:
     void linkOrphans(const std::weak_ptr<MasterTrack> &self) { _masterBars.link(self); }
     void moveMarks(unsigned index, unsigned count);
     void removeDirections(unsigned first, unsigned last) noexcept;
+    std::uint32_t furtherDirectionsAt(int bar) const noexcept;
     bool handOnMovementStart(unsigned first, unsigned last) noexcept;
 
     ChildList<MasterTrack, MasterBar> _masterBars;

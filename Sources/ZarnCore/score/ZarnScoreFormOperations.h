@@ -56,7 +56,8 @@ public:
     /// Makes the fermata at a position of a bar, in quarters, another one or moves it.
     bool editFermata(unsigned bar, const utils::rational &position, const FermataMark &mark);
 
-    /// Moves a direction to a bar, or takes it away with -1. A score has one of each.
+    /// Moves a direction to a bar, or takes it away with -1. Further ones of its kind, which are
+    /// attributes of their bars, stay.
     bool setBarDirection(DirectionMark mark, int bar);
 
     /// Makes these, and no others, the directions of a bar.

@@ -100,6 +100,12 @@ std::vector<CommandRow> formRows()
          "MasterBarDirection(4,-1,2) RequestMasterBarPlaylistUpdate ",
          "MasterBarDirection(1,-1,2) MasterBarDirection(2,2,-1) "
          "MasterBarDirection(4,2,-1) RequestMasterBarPlaylistUpdate "},
+        {"SetBarDirectionsWithFurtherOnes",
+         [](SmallScore &s) {
+             return s.score.setBarDirections(5, {DirectionMark::DaCapo, DirectionMark::Fine});
+         },
+         "MasterBarDirection(4,-1,5) MasterBarAttribute(5,5) RequestMasterBarPlaylistUpdate ",
+         "MasterBarDirection(4,5,-1) MasterBarAttribute(5,5) RequestMasterBarPlaylistUpdate "},
         {"SetMasterBarSection",
          [](SmallScore &s) {
              return s.score.setMasterBarSection(3, QStringLiteral("B"), QStringLiteral("Bridge"));
@@ -124,7 +130,12 @@ std::vector<CommandRow> formRows()
                   {MasterBarAttribute::Section, Section{"A", "", true}},
                   {MasterBarAttribute::BarLine, BarLine::Dashed},
                   {MasterBarAttribute::MeterSign, MeterSign::UpperNumber},
-                  {MasterBarAttribute::LayoutRatio, 2.0}});
+                  {MasterBarAttribute::LayoutRatio, 2.0},
+                  {MasterBarAttribute::EndingText, "last time"},
+                  {MasterBarAttribute::EndingHidden, true},
+                  {MasterBarAttribute::FurtherDirections,
+                   directionBit(DirectionMark::Coda) | directionBit(DirectionMark::DaCapo)},
+                  {MasterBarAttribute::JumpText, "from the start"}});
          },
          "MasterBarTimeSignature(0,3) MasterBarAttribute(0,3) MasterBarRepeat(0,3) "
          "SetBarSection(0,3) "

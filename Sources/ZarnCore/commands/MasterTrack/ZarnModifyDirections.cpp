@@ -9,14 +9,17 @@ namespace zarn {
 
 ModifyDirections::~ModifyDirections() = default;
 
-bool ModifyDirections::hasBar(int bar) const
+bool ModifyDirections::hasBar() const
 {
-    return bar >= 0 && model().masterTrack()->hasMasterBarIndex(static_cast<unsigned>(bar));
+    return _bar >= 0 && model().masterTrack()->hasMasterBarIndex(static_cast<unsigned>(_bar));
 }
 
 void ModifyDirections::apply()
 {
-    const auto before = model().masterTrack()->directionSlots();
+    const auto &master = *model().masterTrack();
+    Directions before = {master.directionSlots(), 0};
+    if (hasBar())
+        before.further = master.masterBar(static_cast<unsigned>(_bar))->furtherDirections();
     auto after = before;
     place(after);
     _before = before;
@@ -29,10 +32,12 @@ void ModifyDirections::revert()
     write(_before);
 }
 
-void ModifyDirections::write(const MasterTrack::DirectionSlots &directions)
+void ModifyDirections::write(const Directions &directions)
 {
     const auto &master = model().masterTrack();
-    master->setDirectionSlots(directions);
+    master->setDirectionSlots(directions.slots);
+    if (hasBar())
+        master->masterBar(static_cast<unsigned>(_bar))->setFurtherDirections(directions.further);
     master->updatePlayList();
 }
 
@@ -46,14 +51,18 @@ void ModifyDirections::announceReverted()
     announce(_after, _before);
 }
 
-void ModifyDirections::announce(const MasterTrack::DirectionSlots &before,
-                                const MasterTrack::DirectionSlots &after)
+void ModifyDirections::announce(const Directions &before, const Directions &after)
 {
-    for (std::size_t i = 0; i < before.size(); ++i) {
-        if (before[i] != after[i])
-            score().notify(
-                this, evt::MasterBarDirection(static_cast<DirectionMark>(i), before[i], after[i]));
+    for (std::size_t i = 0; i < before.slots.size(); ++i) {
+        if (before.slots[i] != after.slots[i])
+            score().notify(this,
+                           evt::MasterBarDirection(static_cast<DirectionMark>(i), before.slots[i],
+                                                   after.slots[i]));
     }
+    if (before.further != after.further)
+        score().notify(
+            this,
+            evt::MasterBarAttribute(static_cast<unsigned>(_bar), static_cast<unsigned>(_bar)));
     score().notify(this, evt::RequestMasterBarPlaylistUpdate());
 }
 

@@ -4,19 +4,30 @@
 #include <ZarnCore/commands/ZarnScoreCommand.h>
 #include <ZarnCore/model/ZarnMasterTrack.h>
 
+#include <cstdint>
+
 namespace zarn {
 
-/// Base of commands that place directions. Sends `MasterBarDirection` for each direction that
-/// moved, then `RequestMasterBarPlaylistUpdate`, and brings the play list up to date.
+/// Base of commands that place directions. Sends `MasterBarDirection` for each slot that has
+/// another bar, `MasterBarAttribute` where a bar has other directions besides, then
+/// `RequestMasterBarPlaylistUpdate`, and brings the play list up to date.
 class ZARNCORE_EXPORT ModifyDirections : public ScoreCommand {
 protected:
     using ScoreCommand::ScoreCommand;
     ~ModifyDirections() override;
 
-    /// Changes the slots as they are found; raises when the bar is not there any more.
-    virtual void place(MasterTrack::DirectionSlots &directions) const = 0;
+    struct Directions {
+        MasterTrack::DirectionSlots slots{};
+        std::uint32_t further = 0; ///< of the bar of the command
+    };
 
-    bool hasBar(int bar) const;
+    /// Changes the directions as they are found; raises when the bar is not there any more.
+    virtual void place(Directions &directions) const = 0;
+
+    /// -1 for none.
+    void setBar(int bar) noexcept { _bar = bar; }
+    int bar() const noexcept { return _bar; }
+    bool hasBar() const;
 
 private:
     void apply() override;
@@ -24,12 +35,12 @@ private:
     void announceApplied() override;
     void announceReverted() override;
 
-    void write(const MasterTrack::DirectionSlots &directions);
-    void announce(const MasterTrack::DirectionSlots &before,
-                  const MasterTrack::DirectionSlots &after);
+    void write(const Directions &directions);
+    void announce(const Directions &before, const Directions &after);
 
-    MasterTrack::DirectionSlots _before{};
-    MasterTrack::DirectionSlots _after{};
+    int _bar = -1;
+    Directions _before;
+    Directions _after;
 };
 
 } // namespace zarn

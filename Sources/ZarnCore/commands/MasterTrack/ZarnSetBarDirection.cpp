@@ -15,20 +15,21 @@ bool SetBarDirection::init(Score *score, DirectionMark mark, int bar)
     addArg(QStringLiteral("Index"), QString::number(bar));
     setScore(score);
     _mark = mark;
-    _bar = bar;
+    setBar(bar);
     return mark < DirectionMark::NoDirection && bar >= -1
         && expectPlace([this] { return isPossible(); });
 }
 
 bool SetBarDirection::isPossible() const
 {
-    return _bar == -1 || hasBar(_bar);
+    return bar() == -1 || hasBar();
 }
 
-void SetBarDirection::place(MasterTrack::DirectionSlots &directions) const
+void SetBarDirection::place(Directions &directions) const
 {
     requirePlace(isPossible());
-    directions[static_cast<std::size_t>(_mark)] = _bar;
+    directions.slots[static_cast<std::size_t>(_mark)] = bar();
+    directions.further &= ~directionBit(_mark);
 }
 
 } // namespace zarn::cmd

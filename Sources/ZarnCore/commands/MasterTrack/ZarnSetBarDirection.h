@@ -5,7 +5,8 @@
 
 namespace zarn::cmd {
 
-/// Puts a direction at a bar, from where it was, or takes it away. A score has one of each.
+/// Puts a direction at a bar, from the one that its slot names, or takes it away there. Further
+/// ones of the kind stay where they are; see `MasterBar::furtherDirections`.
 class ZARNCORE_EXPORT SetBarDirection final : public ModifyDirections {
 public:
     SetBarDirection();
@@ -15,11 +16,10 @@ public:
     bool init(Score *score, DirectionMark mark, int bar);
 
 private:
-    void place(MasterTrack::DirectionSlots &directions) const override;
+    void place(Directions &directions) const override;
     bool isPossible() const;
 
     DirectionMark _mark = DirectionMark::NoDirection;
-    int _bar = -1;
 };
 
 } // namespace zarn::cmd

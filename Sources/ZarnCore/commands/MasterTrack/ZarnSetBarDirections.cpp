@@ -14,21 +14,26 @@ bool SetBarDirections::init(Score *score, int bar, const std::set<DirectionMark>
     addArg(QStringLiteral("Index"), QString::number(bar));
     addArg(QStringLiteral("Type"), directionMarksToQString(marks));
     setScore(score);
-    _bar = bar;
+    setBar(bar);
     _marks = marks;
     const bool areKnown = marks.empty() || *marks.rbegin() < DirectionMark::NoDirection;
-    return areKnown && bar >= 0 && expectPlace([&] { return hasBar(bar); });
+    return areKnown && bar >= 0 && expectPlace([this] { return hasBar(); });
 }
 
-void SetBarDirections::place(MasterTrack::DirectionSlots &directions) const
+void SetBarDirections::place(Directions &directions) const
 {
-    requirePlace(hasBar(_bar));
-    for (int &place : directions) {
-        if (place == _bar)
+    requirePlace(hasBar());
+    for (int &place : directions.slots) {
+        if (place == bar())
             place = -1;
     }
-    for (const DirectionMark mark : _marks)
-        directions[static_cast<std::size_t>(mark)] = _bar;
+    std::uint32_t kept = 0;
+    for (const DirectionMark mark : _marks) {
+        kept |= directions.further & directionBit(mark);
+        if ((kept & directionBit(mark)) == 0)
+            directions.slots[static_cast<std::size_t>(mark)] = bar();
+    }
+    directions.further = kept;
 }
 
 } // namespace zarn::cmd

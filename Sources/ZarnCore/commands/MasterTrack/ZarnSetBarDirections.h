@@ -7,7 +7,8 @@
 
 namespace zarn::cmd {
 
-/// Sets all directions of a bar: those of the set move here, others that stood here go.
+/// Sets all directions of a bar: those of the set move here from the bars that their slots name,
+/// unless they stand here besides these; others that stood here go.
 class ZARNCORE_EXPORT SetBarDirections final : public ModifyDirections {
 public:
     SetBarDirections();
@@ -17,9 +18,8 @@ public:
     bool init(Score *score, int bar, const std::set<DirectionMark> &marks);
 
 private:
-    void place(MasterTrack::DirectionSlots &directions) const override;
+    void place(Directions &directions) const override;
 
-    int _bar = -1;
     std::set<DirectionMark> _marks;
 };
 

@@ -7,6 +7,7 @@
 #include <ZarnCore/io/lilypond/Words.h>
 #include <ZarnCore/io/sheet/Texts.h>
 #include <ZarnCore/model/ZarnMasterTrack.h>
+#include <ZarnCore/model/form/ZarnFormWords.h>
 #include <ZarnCore/model/form/ZarnInForce.h>
 #include <ZarnCore/model/form/ZarnMetronomeMark.h>
 #include <ZarnCore/model/form/ZarnUsualBeams.h>
@@ -222,7 +223,8 @@ void Writer::writeMarks(unsigned index)
     if (!section.text.empty())
         command(index, "\\sectionLabel " + quoted(section.text));
     const auto mark = [&](const std::string &text) { command(index, "\\textMark " + text); };
-    for (const DirectionMark direction : _master.directionsAtBarIndex(static_cast<int>(index))) {
+    const auto directions = _master.directionsAtBarIndex(static_cast<int>(index));
+    for (const DirectionMark direction : directions) {
         switch (direction) {
         case DirectionMark::Segno:
             mark("\\markup \\musicglyph \"scripts.segno\"");
@@ -237,10 +239,14 @@ void Writer::writeMarks(unsigned index)
             mark("\\markup \\musicglyph \"scripts.varcoda\"");
             break;
         default:
-            _line.addAtEnd(
-                index, "\\textEndMark " + quoted(sheet::directionText(direction).toStdString()));
+            break;
         }
     }
+    const std::string &jumps = bar(index).jumpText();
+    if (hasFontSigns(jumps))
+        _report.addUnheld(fontSigns, {-1, static_cast<int>(index)});
+    for (const EndDirection &direction : endDirections(directions, jumps))
+        _line.addAtEnd(index, "\\textEndMark " + quoted(direction.words));
     const TripletFeel feel = bar(index).tripletFeel();
     if (feel != (index == 0 ? TripletFeel::NoTripletFeel : bar(index - 1).tripletFeel()))
         mark(quoted(sheet::feelText(feel).toStdString()));

@@ -126,6 +126,11 @@ void BarlineReader::readRepeat(pugi::xml_node repeat, PartFacts &facts)
     }
 }
 
+bool isEndingNumbers(const std::string &text)
+{
+    return text.find_first_not_of("0123456789., -\n") == std::string::npos;
+}
+
 void BarlineReader::readEnding(pugi::xml_node ending, bool left, PartFacts &facts)
 {
     const std::string_view type = ending.attribute("type").value();
@@ -137,6 +142,8 @@ void BarlineReader::readEnding(pugi::xml_node ending, bool left, PartFacts &fact
             facts.endings.push_back(*_open);
         }
         _open = WrittenEnding{bar, bar, passesOf(ending), false};
+        _open->text = _context.fewWords(ending, ending.child_value());
+        _open->isHidden = std::string_view(ending.attribute("print-object").value()) == "no";
         return;
     }
     if (!_open) {

@@ -4,6 +4,7 @@
 #include <ZarnCore/io/musicxml/PartFacts.h>
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace zarn::io {
@@ -15,6 +16,9 @@ const char *barStyleOf(BarLine line);
 
 /// Whether a <bar-style> closes a piece or a movement.
 bool isFinalBarStyle(std::string_view style);
+
+/// Whether the text of an <ending> says no more than its numbers do.
+bool isEndingNumbers(const std::string &text);
 
 /// Reads <barline>: repeats, endings, double bars, and the signs on bar lines.
 class BarlineReader {

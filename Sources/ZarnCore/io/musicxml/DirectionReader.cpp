@@ -108,7 +108,7 @@ void DirectionReader::readDirection(pugi::xml_node node, const MeasureTimeline &
     }
     const auto words = joined(gathered.texts, false);
     const bool isTempo = readTempo(gathered, words, position, facts);
-    const bool isJump = readJumps(gathered, words, position, staff, facts);
+    const bool isJump = readJumps(gathered, isTempo ? std::string() : words, facts);
     if (isMovementTitle(words))
         facts.movementTitles.push_back(_context.bar());
     if (!words.empty() && !isTempo && !isJump)
@@ -192,7 +192,7 @@ void DirectionReader::readSound(pugi::xml_node node, const MeasureTimeline &time
     Gathered gathered;
     gathered.sound = node;
     readTempo(gathered, {}, positionOf(node, timeline, _context), facts);
-    readJumps(gathered, {}, {}, 0, facts);
+    readJumps(gathered, {}, facts);
     readSwing(node, facts);
 }
 
@@ -308,8 +308,9 @@ bool DirectionReader::readTempo(const Gathered &gathered, const std::string &wor
     return true;
 }
 
+/// Words beside the sound of a jump are what it reads as, whatever they are.
 bool DirectionReader::readJumps(const Gathered &gathered, const std::string &words,
-                                const rational &position, int staff, PartFacts &facts)
+                                PartFacts &facts)
 {
     using Kind = WrittenJump::Kind;
     const auto add = [&](Kind kind, WrittenJump::Until until, const char *name,
@@ -348,12 +349,10 @@ bool DirectionReader::readJumps(const Gathered &gathered, const std::string &wor
         add(spoken->kind, spoken->until, "", gathered.texts.front());
         sounds = true;
     }
-    if (!sounds || !spoken)
+    if (!sounds || words.empty())
         return false;
-    auto &jump = facts.jumps.back();
-    jump.words = words;
-    jump.position = position;
-    jump.staff = staff;
+    auto &text = facts.jumps.back().words = _context.fewWords(gathered.texts.front(), words);
+    std::replace(text.begin(), text.end(), '\n', ' ');
     return true;
 }
 

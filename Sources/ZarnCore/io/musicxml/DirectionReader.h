@@ -48,8 +48,7 @@ private:
     void readSwing(pugi::xml_node sound, PartFacts &facts);
     bool readTempo(const Gathered &gathered, const std::string &words,
                    const utils::rational &position, PartFacts &facts);
-    bool readJumps(const Gathered &gathered, const std::string &words,
-                   const utils::rational &position, int staff, PartFacts &facts);
+    bool readJumps(const Gathered &gathered, const std::string &words, PartFacts &facts);
 
     ImportContext &_context;
 };

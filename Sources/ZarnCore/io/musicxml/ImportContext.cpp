@@ -6,6 +6,8 @@
 #include <ZarnCore/io/musicxml/ScoreHeader.h>
 #include <ZarnCore/io/musicxml/XmlDocument.h>
 
+#include <QString>
+
 #include <algorithm>
 #include <cstring>
 
@@ -46,6 +48,16 @@ void ImportContext::addProblem(pugi::xml_node node, const std::string &text)
 void ImportContext::addProblemInBar(int bar, pugi::xml_node node, const std::string &text)
 {
     _report.addProblem({text, _part, bar, node ? _document.line(node) : 0});
+}
+
+std::string ImportContext::fewWords(pugi::xml_node node, const std::string &text)
+{
+    constexpr int most = 500;
+    const auto read = QString::fromStdString(text);
+    if (read.size() <= most)
+        return text;
+    addProblem(node, "words of more than 500 characters were shortened");
+    return read.left(most).toStdString();
 }
 
 void ImportContext::addUnheld(pugi::xml_node node, Tag tag)

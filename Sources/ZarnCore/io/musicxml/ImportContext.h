@@ -36,6 +36,9 @@ public:
     /// As above for another bar of the same part.
     void addProblemInBar(int bar, pugi::xml_node node, const std::string &text);
 
+    /// Words of a sign, or the first 500 characters of what is a book; that is reported.
+    std::string fewWords(pugi::xml_node node, const std::string &text);
+
     /// Counts an element that the tree has no place for.
     void addUnheld(pugi::xml_node node, Tag tag);
     void addUnheld(pugi::xml_node node) { addUnheld(node, tagOf(node.name())); }

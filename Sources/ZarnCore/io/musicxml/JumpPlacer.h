@@ -2,9 +2,10 @@
 #pragma once
 
 #include <ZarnCore/io/musicxml/PartFacts.h>
-#include <ZarnCore/io/musicxml/TrackBuilder.h>
 #include <ZarnCore/model/form/ZarnDirectionMark.h>
 
+#include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -14,14 +15,12 @@ class MasterTrack;
 
 namespace zarn::io {
 
-class ImportContext;
-
-/// Puts the segnos, codas and jumps of all parts into the slots of a master track. A slot holds one
-/// bar: what comes later for the same slot is reported, and its words become those of a beat.
+/// Puts the segnos, codas and jumps of all parts into a master track: the first of each kind into
+/// its slot, those that follow into their bars. A segno or a coda is the second one, which jumps of
+/// their own lead to, where a jump names it and another stands before it.
 class JumpPlacer {
 public:
-    /// `bars` are those of the staves of all parts.
-    JumpPlacer(ImportContext &context, MasterTrack &master, const std::vector<StaffBars> &bars);
+    explicit JumpPlacer(MasterTrack &master) : _master(master) { }
 
     /// The movements are known by then.
     void place(const std::vector<PartFacts> &parts);
@@ -30,20 +29,19 @@ private:
     struct Target {
         int bar;
         std::string name;
+        bool isSecond;
     };
+    using Targets = std::vector<Target>;
 
-    void placeTargets(const std::vector<WrittenJump> &jumps, WrittenJump::Kind kind,
-                      std::vector<Target> &targets);
-    void placeJump(const WrittenJump &jump);
-    int targetNumber(const std::vector<Target> &targets, const WrittenJump &jump) const;
-    void set(DirectionMark mark, const WrittenJump &jump);
-    bool keepWords(const WrittenJump &jump);
+    Targets placeTargets(const std::vector<WrittenJump> &jumps, WrittenJump::Kind kind);
+    bool leadsToSecond(const Targets &targets, const WrittenJump &jump) const;
+    DirectionMark markOf(const WrittenJump &jump) const;
+    void set(DirectionMark mark, int bar);
+    void setWords(int bar, const std::map<DirectionMark, std::string> &words);
 
-    ImportContext &_context;
     MasterTrack &_master;
-    const std::vector<StaffBars> &_bars;
-    std::vector<Target> _segnos;
-    std::vector<Target> _codas;
+    Targets _segnos;
+    Targets _codas;
 };
 
 } // namespace zarn::io

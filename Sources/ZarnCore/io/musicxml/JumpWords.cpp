@@ -2,7 +2,7 @@
 #include <ZarnCore/io/musicxml/JumpWords.h>
 
 #include <ZarnCore/io/musicxml/writer/XmlElement.h>
-#include <ZarnCore/model/ZarnMasterTrack.h>
+#include <ZarnCore/model/form/ZarnFormWords.h>
 
 #include <algorithm>
 #include <iterator>
@@ -22,9 +22,10 @@ struct Phrase {
 
 /// How the words begin once only their letters are left.
 constexpr Phrase phrases[] = {
-    {"dc", Kind::DaCapo},         {"dacapo", Kind::DaCapo},     {"ds", Kind::DalSegno},
-    {"dalsegno", Kind::DalSegno}, {"delsegno", Kind::DalSegno}, {"tocoda", Kind::ToCoda},
-    {"alcoda", Kind::ToCoda},     {"fine", Kind::Fine},         {"todoublecoda", Kind::ToCoda},
+    {"dc", Kind::DaCapo},           {"dacapo", Kind::DaCapo}, {"ds", Kind::DalSegno},
+    {"dalsegno", Kind::DalSegno},   {"dss", Kind::DalSegno},  {"delsegno", Kind::DalSegno},
+    {"tocoda", Kind::ToCoda},       {"alcoda", Kind::ToCoda}, {"fine", Kind::Fine},
+    {"todoublecoda", Kind::ToCoda},
 };
 
 /// How they go on: nothing but one of these, or they are about something else.
@@ -43,91 +44,38 @@ constexpr Ending endings[] = {
     {"aldoublecoda", Until::DoubleCoda},
 };
 
-/// What is written of a mark: a sign or words, and an attribute of <sound>.
-struct WrittenMark {
-    DirectionMark mark;
-    const char *words; ///< null for a sign, which has the name of the attribute
+/// What is written of a mark besides its words or its sign, which has the name of the attribute.
+struct SoundOfMark {
     const char *attribute;
     const char *value;
 };
 
-using Mark = DirectionMark;
-
-// clang-format off
-constexpr WrittenMark writtenMarks[] = {
-    {Mark::Coda, nullptr, "coda", codaNames[0]},
-    {Mark::DoubleCoda, nullptr, "coda", codaNames[1]},
-    {Mark::Segno, nullptr, "segno", segnoNames[0]},
-    {Mark::SegnoSegno, nullptr, "segno", segnoNames[1]},
-    {Mark::Fine, "Fine", "fine", "yes"},
-    {Mark::DaCapo, "D.C.", "dacapo", "yes"},
-    {Mark::DaCapoAlCoda, "D.C. al Coda", "dacapo", "yes"},
-    {Mark::DaCapoAlDoubleCoda, "D.C. al Double Coda", "dacapo", "yes"},
-    {Mark::DaCapoAlFine, "D.C. al Fine", "dacapo", "yes"},
-    {Mark::DaSegno, "D.S.", "dalsegno", segnoNames[0]},
-    {Mark::DaSegnoAlCoda, "D.S. al Coda", "dalsegno", segnoNames[0]},
-    {Mark::DaSegnoAlDoubleCoda, "D.S. al Double Coda", "dalsegno", segnoNames[0]},
-    {Mark::DaSegnoAlFine, "D.S. al Fine", "dalsegno", segnoNames[0]},
-    {Mark::DaSegnoSegno, "D.S.", "dalsegno", segnoNames[1]},
-    {Mark::DaSegnoSegnoAlCoda, "D.S. al Coda", "dalsegno", segnoNames[1]},
-    {Mark::DaSegnoSegnoAlDoubleCoda, "D.S. al Double Coda", "dalsegno", segnoNames[1]},
-    {Mark::DaSegnoSegnoAlFine, "D.S. al Fine", "dalsegno", segnoNames[1]},
-    {Mark::DaCoda, "To Coda", "tocoda", codaNames[0]},
-    {Mark::DaDoubleCoda, "To Double Coda", "tocoda", codaNames[1]},
-};
-// clang-format on
-
-/// The sign that a jump leads to; its own mark where it leads to none.
-DirectionMark targetOf(const WrittenMark &jump)
+SoundOfMark soundOf(DirectionMark mark)
 {
-    for (const auto &row : writtenMarks)
-        if (!row.words && std::string_view(row.value) == jump.value)
-            return row.mark;
-    return jump.mark;
-}
-
-bool operator==(const SpokenJump &left, const SpokenJump &right)
-{
-    return left.kind == right.kind && left.until == right.until;
-}
-
-} // namespace
-
-void writeJump(DirectionMark mark, pugi::xml_node measure)
-{
-    const auto *const row =
-        std::find_if(std::begin(writtenMarks), std::end(writtenMarks),
-                     [mark](const WrittenMark &other) { return other.mark == mark; });
-    auto direction = addElement(measure, "direction");
-    addAttribute(direction, "placement", "above");
-    auto type = addElement(direction, "direction-type");
-    if (row->words)
-        addElement(type, "words", row->words);
-    else
-        addElement(type, row->attribute);
-    addAttribute(addElement(direction, "sound"), row->attribute, row->value);
-}
-
-void writeFurtherJump(const std::string &words, const MasterTrack &master, int bar,
-                      pugi::xml_node direction)
-{
-    const auto spoken = jumpOfWords(words);
-    if (!spoken)
-        return;
-    for (const auto &row : writtenMarks) {
-        if (!row.words || !(*jumpOfWords(row.words) == *spoken))
-            continue;
-        const int first = master.directionIndex(row.mark);
-        if (first < 0 || first >= bar || master.directionIndex(targetOf(row)) < 0)
-            continue;
-        addAttribute(addElement(direction, "sound"), row.attribute, row.value);
-        return;
+    using Mark = DirectionMark;
+    if (mark == Mark::Coda || mark == Mark::DoubleCoda)
+        return {"coda", codaNames[mark == Mark::DoubleCoda ? 1 : 0]};
+    if (mark == Mark::Segno || mark == Mark::SegnoSegno)
+        return {"segno", segnoNames[mark == Mark::SegnoSegno ? 1 : 0]};
+    if (mark == Mark::Fine)
+        return {"fine", "yes"};
+    switch (targetOfDirection(mark)) {
+    case Mark::Coda:
+        return {"tocoda", codaNames[0]};
+    case Mark::DoubleCoda:
+        return {"tocoda", codaNames[1]};
+    case Mark::Segno:
+        return {"dalsegno", segnoNames[0]};
+    case Mark::SegnoSegno:
+        return {"dalsegno", segnoNames[1]};
+    default:
+        return {"dacapo", "yes"};
     }
 }
 
-std::string plainJumpWords(const std::string &words)
+/// The words of a jump without markup, and without signs that only music fonts have.
+std::string plainWords(const std::string &words)
 {
-    constexpr std::string_view spaces = " \t\n\r";
     std::string plain;
     for (std::size_t at = 0; at < words.size();) {
         const auto end = words[at] == '<' ? words.find('>', at) : std::string::npos;
@@ -143,14 +91,28 @@ std::string plainJumpWords(const std::string &words)
         else
             plain += words[at++];
     }
-    const auto first = std::min(plain.find_first_not_of(spaces), plain.size());
-    return plain.substr(first, plain.find_last_not_of(spaces) + 1 - first);
+    return plain;
+}
+
+} // namespace
+
+void writeJump(DirectionMark mark, const std::string &words, pugi::xml_node measure)
+{
+    const auto sound = soundOf(mark);
+    auto direction = addElement(measure, "direction");
+    addAttribute(direction, "placement", "above");
+    auto type = addElement(direction, "direction-type");
+    if (isAtBarEnd(mark))
+        addElement(type, "words", words);
+    else
+        addElement(type, sound.attribute);
+    addAttribute(addElement(direction, "sound"), sound.attribute, sound.value);
 }
 
 std::optional<SpokenJump> jumpOfWords(const std::string &words)
 {
     std::string letters;
-    for (const char letter : plainJumpWords(words)) {
+    for (const char letter : plainWords(words)) {
         if (letter >= 'A' && letter <= 'Z')
             letters += static_cast<char>(letter - 'A' + 'a');
         else if (letter >= 'a' && letter <= 'z')

@@ -3,6 +3,7 @@
 
 #include <ZarnCore/instruments/automations/ZarnTempoAutomation.h>
 #include <ZarnCore/io/musicxml/BarLengths.h>
+#include <ZarnCore/io/musicxml/BarlineReader.h>
 #include <ZarnCore/io/musicxml/ImportContext.h>
 #include <ZarnCore/io/musicxml/Metronome.h>
 #include <ZarnCore/io/musicxml/Movements.h>
@@ -163,8 +164,9 @@ void MasterBarBuilder::setKeys(MasterTrack &master)
 
 namespace {
 
-/// The last bar of an ending. Behind endings that no repeat sign ends, and that are taken in turn,
-/// an open one goes on up to the bracket of another pass.
+/// The last bar of an ending, of which those behind its bracket do not show it. Behind endings that
+/// no repeat sign ends, and that are taken in turn, an open one goes on up to the bracket of
+/// another pass.
 int lastBarOf(const WrittenEnding &ending, const MasterTrack::MasterBars &bars)
 {
     const auto at = [&bars](int bar) -> const MasterBar & {
@@ -194,10 +196,15 @@ void setEndings(const std::vector<WrittenEnding> &endings, const MasterTrack::Ma
         for (int bar = ending.first; bar <= last; ++bar) {
             auto &column = *bars[static_cast<std::size_t>(bar)];
             column.setAlternateEndings(column.alternateEndings() | ending.passes);
+            if (ending.isHidden || bar > ending.last)
+                column.setEndingHidden(true);
         }
     };
-    for (const auto &ending : endings)
+    for (const auto &ending : endings) {
         add(ending, ending.last);
+        if (!isEndingNumbers(ending.text))
+            bars[static_cast<std::size_t>(ending.first)]->setEndingText(ending.text);
+    }
     // Once all brackets are known.
     for (const auto &ending : endings)
         add(ending, lastBarOf(ending, bars));

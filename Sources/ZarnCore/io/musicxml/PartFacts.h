@@ -65,7 +65,9 @@ struct WrittenEnding {
     int first;
     int last;
     std::uint32_t passes;
-    bool isOpen = false; ///< the bracket has no end, as of an ending that the music goes on from
+    bool isOpen = false;   ///< the bracket has no end, as of an ending that the music goes on from
+    std::string text = {}; ///< where that is another one than its numbers
+    bool isHidden = false;
 };
 
 /// A rehearsal letter, or a title of the form.
@@ -93,12 +95,7 @@ struct WrittenJump {
     Until until;
     std::string name; ///< of the segno or coda; empty when it has none
     pugi::xml_node node;
-
-    // What it reads as, and where; no words for a sign.
-    std::string words = {};
-    utils::rational position = {};
-    int staff = 0;
-    int part = 0;
+    std::string words = {}; ///< what it reads as; none for a sign
 };
 
 struct WrittenFermata {

@@ -128,7 +128,7 @@ std::shared_ptr<ScoreModel> ScoreReader::read(ImportReport &report)
     MasterBarBuilder(_context, _facts, _tally.parts)
         .build(master, static_cast<unsigned>(_barCount));
     _context.setPlace(-1, -1);
-    JumpPlacer(_context, master, _bars).place(_facts);
+    JumpPlacer(master).place(_facts);
     master.updatePlayList();
     reportUnplayedBars(master, _context);
     fillBarsWithRests();

@@ -15,7 +15,7 @@ namespace zarn::io::native {
 /// The version that is written. A document of another major version is refused; a newer minor
 /// version has members that are left out here.
 constexpr unsigned majorVersion = 1;
-constexpr unsigned minorVersion = 5;
+constexpr unsigned minorVersion = 6;
 
 /// Name of the member that says that a document is one of this format, and of which version.
 constexpr std::string_view formatKey = "zarn";

@@ -5,6 +5,7 @@
 #include <ZarnCore/io/sheet/Texts.h>
 #include <ZarnCore/model/ZarnMasterBar.h>
 #include <ZarnCore/model/ZarnMasterTrack.h>
+#include <ZarnCore/model/form/ZarnFormWords.h>
 #include <ZarnCore/model/form/ZarnInForce.h>
 #include <ZarnCore/model/form/ZarnMetronomeMark.h>
 
@@ -82,10 +83,14 @@ void addTempos(const MasterTrack &master, unsigned bar, bool isFirstShown, const
 void addDirections(const MasterTrack &master, unsigned bar, SheetBar &into)
 {
     const ColumnKey barEnd{into.length, ColumnKey::Beat};
-    for (const DirectionMark mark : master.directionsAtBarIndex(static_cast<int>(bar))) {
-        const bool isAtEnd = isJump(mark) || mark == DirectionMark::Fine;
-        into.headings.push_back({isAtEnd ? barEnd : BarStart, directionText(mark), Ink::Heading});
-    }
+    const auto marks = master.directionsAtBarIndex(static_cast<int>(bar));
+    for (const DirectionMark mark : marks)
+        if (!isAtBarEnd(mark))
+            into.headings.push_back(
+                {BarStart, QString::fromLatin1(directionWords(mark)), Ink::Heading});
+    for (const EndDirection &direction : endDirections(marks, master.masterBars()[bar]->jumpText()))
+        into.headings.push_back(
+            {barEnd, QString::fromStdString(direction.words).simplified(), Ink::Heading});
 }
 
 QString sectionText(const Section &section)
@@ -102,13 +107,15 @@ void addEnding(const MasterBar &bar, const MasterBar *before, const MasterBar *a
                SheetBar &into)
 {
     const std::uint32_t passes = bar.alternateEndings();
-    if (passes == 0)
+    if (passes == 0 || bar.isEndingHidden())
         return;
     const auto continues = [passes](const MasterBar *left, const MasterBar *right) {
         return left != nullptr && right != nullptr && left->alternateEndings() == passes
-            && right->alternateEndings() == passes && !left->isRepeatEnd();
+            && right->alternateEndings() == passes && !left->isRepeatEnd()
+            && !left->isEndingHidden() && !right->isEndingHidden();
     };
-    into.ending.text = endingText(passes);
+    const std::string text = bar.endingText().empty() ? endingNumbers(passes) : bar.endingText();
+    into.ending.text = QString::fromStdString(text).simplified();
     into.ending.begins = !continues(before, &bar);
     into.ending.ends = !continues(&bar, after);
 }

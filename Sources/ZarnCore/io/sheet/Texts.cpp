@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnCore/io/sheet/Texts.h>
 
-#include <ZarnCore/model/form/ZarnDirectionMark.h>
 #include <ZarnCore/model/form/ZarnTripletFeel.h>
 #include <ZarnCore/music/ZarnKeySignature.h>
 #include <ZarnCore/music/ZarnNoteDynamic.h>
@@ -20,15 +19,6 @@ constexpr RhythmLetter Letters[] = {
     {"l", "long"},    {"b", "breve"},  {"w", "whole"}, {"h", "half"},
     {"q", "quarter"}, {"e", "eighth"}, {"s", "16th"},  {"t", "32nd"},
     {"x", "64th"},    {"y", "128th"},  {"z", "256th"},
-};
-
-/// By `DirectionMark`, as they are printed in scores.
-constexpr std::array<const char *, DirectionMarkCount> DirectionTexts = {
-    "Coda",           "Double Coda", "Segno",          "Segno Segno",
-    "Fine",           "D.C.",        "D.C. al Coda",   "D.C. al Double Coda",
-    "D.C. al Fine",   "D.S.",        "D.S. al Coda",   "D.S. al Double Coda",
-    "D.S. al Fine",   "D.S.S.",      "D.S.S. al Coda", "D.S.S. al Double Coda",
-    "D.S.S. al Fine", "To Coda",     "To Double Coda",
 };
 
 /// By `TripletFeel`.
@@ -130,20 +120,6 @@ QString dynamicText(const NoteDynamic &dynamic)
     return value <= softest
         ? QString(softest + 1 - value, QLatin1Char('p'))
         : QString(value - static_cast<int>(NoteDynamic::Value::MF), QLatin1Char('f'));
-}
-
-QString endingText(std::uint32_t passes)
-{
-    QStringList numbers;
-    for (int pass = 0; pass < 32; ++pass)
-        if ((passes >> pass & 1u) != 0)
-            numbers.append(QStringLiteral("%1.").arg(pass + 1));
-    return numbers.join(QLatin1Char(' '));
-}
-
-QString directionText(DirectionMark mark)
-{
-    return QLatin1String(DirectionTexts.at(static_cast<std::size_t>(mark)));
 }
 
 QString feelText(TripletFeel feel)

@@ -15,7 +15,6 @@ class NoteDynamic;
 class PitchClass;
 class RhythmValue;
 class Tone;
-enum class DirectionMark : std::uint8_t;
 enum class TripletFeel : std::uint8_t;
 
 namespace sheet {
@@ -55,12 +54,6 @@ ZARNCORE_EXPORT QString keyText(const KeySignature &key, Signs signs);
 
 /// "pp", "mf"; empty for none.
 ZARNCORE_EXPORT QString dynamicText(const NoteDynamic &dynamic);
-
-/// "1.", "1. 3." for the passes of alternate endings, bit 0 for the first.
-ZARNCORE_EXPORT QString endingText(std::uint32_t passes);
-
-/// "D.S. al Coda": a direction as scores have it; jumps stand at the end of their bar.
-ZARNCORE_EXPORT QString directionText(DirectionMark mark);
 
 /// "swing 8ths (2:1)".
 ZARNCORE_EXPORT QString feelText(TripletFeel feel);

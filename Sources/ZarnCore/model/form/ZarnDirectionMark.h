@@ -37,6 +37,14 @@ enum class DirectionMark : std::uint8_t {
 
 constexpr int DirectionMarkCount = static_cast<int>(DirectionMark::NoDirection);
 
+/// The bit of a mark in a set of marks that is a number; 0 for `NoDirection`.
+constexpr std::uint32_t directionBit(DirectionMark mark) noexcept
+{
+    return mark < DirectionMark::NoDirection ? std::uint32_t(1) << static_cast<unsigned>(mark) : 0;
+}
+
+constexpr std::uint32_t AllDirectionBits = (std::uint32_t(1) << DirectionMarkCount) - 1;
+
 /// "Coda", "DaCapoAlDbleCoda" and so on; "NoDirection" for anything else.
 ZARNCORE_EXPORT QString directionMarkToQString(DirectionMark mark);
 

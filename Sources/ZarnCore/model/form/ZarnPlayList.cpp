@@ -3,7 +3,8 @@
 
 #include <ZarnCore/model/form/RepeatForm.h>
 
-#include <bitset>
+#include <array>
+#include <cstdint>
 #include <optional>
 
 namespace zarn {
@@ -33,12 +34,20 @@ Destination destinationOf(Mark jump) noexcept
 class Unfolding {
 public:
     explicit Unfolding(const MasterTrack &track)
-        : _track(track), _bars(track.masterBars()), _form(_bars)
+        : _bars(track.masterBars()), _form(_bars), _marks(_bars.size()), _used(_bars.size())
     {
-        _hasDirections.resize(_bars.size());
-        for (const int bar : track.directionSlots())
+        for (std::size_t bar = 0; bar < _bars.size(); ++bar)
+            _marks[bar] = _bars[bar]->furtherDirections();
+        for (int kind = 0; kind < DirectionMarkCount; ++kind) {
+            const auto mark = static_cast<Mark>(kind);
+            const int bar = track.directionIndex(mark);
             if (bar >= 0 && static_cast<std::size_t>(bar) < _bars.size())
-                _hasDirections[static_cast<std::size_t>(bar)] = true;
+                _marks[static_cast<std::size_t>(bar)] |= directionBit(mark);
+        }
+        for (unsigned bar = 0; bar < _bars.size(); ++bar)
+            for (std::size_t kind = 0; kind < _targets.size(); ++kind)
+                if (has(bar, static_cast<Mark>(kind)))
+                    _targets[kind].push_back(bar);
     }
 
     std::vector<int> run()
@@ -91,27 +100,32 @@ private:
             ++_pass;
             return section.start;
         }
-        return _hasDirections[bar] ? direct(bar) : bar + 1;
+        return _marks[bar] != 0 ? direct(bar) : bar + 1;
+    }
+
+    bool has(unsigned bar, Mark mark) const noexcept
+    {
+        return (_marks[bar] & directionBit(mark)) != 0;
     }
 
     unsigned direct(unsigned bar)
     {
-        const int index = static_cast<int>(bar);
-        if (_destination == Destination::Coda && _track.hasDaCodaAtBarIndex(index))
-            if (const auto coda = target(Mark::DaCoda))
+        if (_destination == Destination::Coda && has(bar, Mark::DaCoda))
+            if (const auto coda = target(Mark::DaCoda, bar))
                 return leaveForCoda(*coda);
-        if (_destination == Destination::DoubleCoda && _track.hasDaDoubleCodaAtBarIndex(index))
-            if (const auto coda = target(Mark::DaDoubleCoda))
+        if (_destination == Destination::DoubleCoda && has(bar, Mark::DaDoubleCoda))
+            if (const auto coda = target(Mark::DaDoubleCoda, bar))
                 return leaveForCoda(*coda);
-        if (_destination == Destination::Fine && _track.hasFineAtBarIndex(index))
+        if (_destination == Destination::Fine && has(bar, Mark::Fine))
             return _movementEnd;
         for (int kind = static_cast<int>(Mark::DaCapo); kind < static_cast<int>(Mark::DaCoda);
              ++kind) {
             const auto mark = static_cast<Mark>(kind);
-            if (_track.directionIndex(mark) != index || _used[static_cast<std::size_t>(kind)])
+            if (!has(bar, mark) || (_used[bar] & directionBit(mark)) != 0)
                 continue;
-            if (const auto place = target(mark)) {
-                _used.set(static_cast<std::size_t>(kind));
+            if (const auto place = target(mark, bar)) {
+                _used[bar] |= directionBit(mark);
+                _left = bar;
                 return leave(*place, destinationOf(mark));
             }
         }
@@ -119,13 +133,22 @@ private:
     }
 
     /// Where a jump leads, if that is a bar of the movement.
-    std::optional<unsigned> target(Mark jump) const
+    std::optional<unsigned> target(Mark jump, unsigned bar) const
     {
-        const int bar = _track.jumpIndexForDirection(static_cast<int>(jump));
-        if (bar < 0 || static_cast<unsigned>(bar) < _movementStart
-            || static_cast<unsigned>(bar) >= _movementEnd)
-            return std::nullopt;
-        return static_cast<unsigned>(bar);
+        const Mark mark = targetOfDirection(jump);
+        if (mark == Mark::NoDirection)
+            return _movementStart;
+        const bool isCoda = mark == Mark::Coda || mark == Mark::DoubleCoda;
+        std::optional<unsigned> found;
+        for (const unsigned place : _targets[static_cast<std::size_t>(mark)]) {
+            if (place < _movementStart || place >= _movementEnd)
+                continue;
+            if (isCoda && place > _left)
+                return place;
+            if (!found || (!isCoda && place <= bar))
+                found = place;
+        }
+        return found;
     }
 
     unsigned leave(unsigned target, Destination destination)
@@ -144,10 +167,12 @@ private:
         return target;
     }
 
-    const MasterTrack &_track;
     const MasterTrack::MasterBars &_bars;
     const RepeatForm _form;
-    std::vector<bool> _hasDirections;
+    std::vector<std::uint32_t> _marks; ///< of each bar, in bits
+    std::vector<std::uint32_t> _used;  ///< the jumps among them that were taken
+    std::array<std::vector<unsigned>, static_cast<std::size_t>(Mark::Fine)> _targets;
+    unsigned _left = 0; ///< where the last jump leads from
     unsigned _movementStart = 0;
     unsigned _movementEnd = 0;
     unsigned _section = 0;
@@ -155,7 +180,6 @@ private:
     bool _arrived = true;
     bool _jumped = false;
     Destination _destination = Destination::End;
-    std::bitset<DirectionMarkCount> _used;
 };
 
 } // namespace

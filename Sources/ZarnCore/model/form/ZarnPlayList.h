@@ -26,6 +26,8 @@ class MasterTrack;
 /// - A jump "al coda" arms the way to its coda: at the end of the "to coda" bar the music goes on
 ///   at the coda, whose repeats are played. Any other jump arms the fine, and so does having
 ///   reached the coda: it ends the movement.
+/// - Of several segnos a jump takes the nearest one before it. Of several codas the way to the coda
+///   takes the first one behind the jump that armed it.
 /// - A direction whose target is not set does nothing, and one outside the movement is not there.
 ///
 /// Every direction and every repeat is followed a limited number of times, so that contradictory

@@ -3,6 +3,7 @@
 
 #include <ZarnCore/io/musicxml/BarlineReader.h>
 #include <ZarnCore/io/musicxml/signs/Fermatas.h>
+#include <ZarnCore/io/musicxml/writer/ExportContext.h>
 #include <ZarnCore/io/musicxml/writer/XmlElement.h>
 #include <ZarnCore/model/ZarnMasterTrack.h>
 
@@ -73,12 +74,13 @@ public:
         return false;
     }
 
-    /// Whether a bracket is followed by one that counts from a lower pass again.
-    bool endsGroup(unsigned first, unsigned last) const
+    /// The last bar that shows the bracket, where its first one does; else its last bar.
+    unsigned lastShown(unsigned first, unsigned last) const
     {
-        const auto next = last + 1 < _bars.size() ? passes(last + 1) : 0;
-        const auto lowest = [](std::uint32_t set) { return set & (~set + 1); };
-        return next != 0 && lowest(next) < lowest(passes(first));
+        unsigned shown = first;
+        while (shown < last && !_bars[shown + 1]->isEndingHidden())
+            ++shown;
+        return _bars[first]->isEndingHidden() ? last : shown;
     }
 
     /// Whether nothing is repeated behind a bracket up to the next one.
@@ -111,18 +113,19 @@ std::vector<EndingMark> endingMarks(const MasterTrack &master)
         if (!brackets.begins(first))
             continue;
         const auto last = brackets.lastBar(first);
-        // The last one of several, up to the first one of others, stands over its first bar alone.
-        const bool isShort =
-            last > first && brackets.endsGroup(first, last) && brackets.goesOn(first, first, last);
-        auto &end = marks[isShort ? first : last];
+        const auto shown = brackets.lastShown(first, last);
+        const bool isShort = shown < last && brackets.goesOn(first, shown, last);
+        auto &end = marks[isShort ? shown : last];
         marks[first].begins = end.ends = true;
+        marks[first].isHidden = bars[first]->isEndingHidden();
         end.isOpen = isShort || (brackets.isLastPass(last) && !brackets.goesOn(first, last, last));
         first = last;
     }
     return marks;
 }
 
-void writeLeftBarline(const MasterBar &column, const EndingMark &ending, pugi::xml_node measure)
+void writeLeftBarline(const MasterBar &column, const EndingMark &ending, ExportContext &context,
+                      pugi::xml_node measure)
 {
     const auto passes = column.alternateEndings();
     if (!column.isRepeatStart() && !ending.begins)
@@ -131,10 +134,14 @@ void writeLeftBarline(const MasterBar &column, const EndingMark &ending, pugi::x
     addAttribute(barline, "location", "left");
     if (column.isRepeatStart())
         addElement(barline, "bar-style", "heavy-light");
-    if (ending.begins)
-        addEnding(passes, "start", barline)
-            .append_child(pugi::node_pcdata)
-            .set_value((numbersOf(passes) + ".").c_str());
+    if (ending.begins) {
+        auto start = addEnding(passes, "start", barline);
+        if (ending.isHidden)
+            addAttribute(start, "print-object", "no");
+        const auto text = context.text(column.endingText());
+        start.append_child(pugi::node_pcdata)
+            .set_value((text.empty() ? numbersOf(passes) + "." : text).c_str());
+    }
     if (column.isRepeatStart())
         addAttribute(addElement(barline, "repeat"), "direction", "forward");
 }

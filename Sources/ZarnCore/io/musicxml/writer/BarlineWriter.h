@@ -12,11 +12,14 @@ class MasterTrack;
 
 namespace zarn::io {
 
+class ExportContext;
+
 /// What is written of the bracket of an ending at a bar.
 struct EndingMark {
     bool begins = false;
     bool ends = false;
-    bool isOpen = false; ///< it ends without a hook: the music goes on from it
+    bool isOpen = false;   ///< it ends without a hook: the music goes on from it
+    bool isHidden = false; ///< it begins one that is not drawn
 };
 
 /// By bar. Bars under one bracket have the same passes.
@@ -24,7 +27,8 @@ std::vector<EndingMark> endingMarks(const MasterTrack &master);
 
 /// Write the <barline> at the start or the end of a bar, where it is more than a line: repeats,
 /// endings, double and other lines, a fermata over the line.
-void writeLeftBarline(const MasterBar &column, const EndingMark &ending, pugi::xml_node measure);
+void writeLeftBarline(const MasterBar &column, const EndingMark &ending, ExportContext &context,
+                      pugi::xml_node measure);
 void writeRightBarline(const MasterTrack &master, unsigned bar, const EndingMark &ending,
                        pugi::xml_node measure);
 

@@ -11,6 +11,7 @@
 #include <ZarnCore/io/musicxml/writer/ExportContext.h>
 #include <ZarnCore/io/musicxml/writer/HarmonyWriter.h>
 #include <ZarnCore/io/musicxml/writer/MeasureCursor.h>
+#include <ZarnCore/model/form/ZarnFormWords.h>
 #include <ZarnCore/model/form/ZarnInForce.h>
 
 #include <QString>
@@ -134,9 +135,7 @@ void DirectionWriter::writeBeat(const Beat &beat, pugi::xml_node measure, int st
         addElement(addElement(addDirection(measure, "below", staffNumber), "dynamics"),
                    "other-dynamics", text);
     } else if (!text.empty()) {
-        const auto type = addDirection(measure, "above", staffNumber);
-        addElement(type, "words", text);
-        writeFurtherJump(text, _master, _context.bar(), type.parent());
+        addElement(addDirection(measure, "above", staffNumber), "words", text);
     }
     if (!beat.chord().isEmpty()) {
         auto harmony = addElement(measure, "harmony");
@@ -217,8 +216,8 @@ void DirectionWriter::writeBarStart(unsigned bar, MeasureCursor &cursor)
     writeMark(section.letter, section.isCircled ? "circle" : "rectangle");
     writeMark(section.text, "none");
     for (const auto mark : _master.directionsAtBarIndex(static_cast<int>(bar)))
-        if (!isJump(mark) && mark != DirectionMark::Fine)
-            writeJump(mark, measure);
+        if (!isAtBarEnd(mark))
+            writeJump(mark, {}, measure);
     const auto before =
         bar == 0 ? TripletFeel::NoTripletFeel : _master.masterBars()[bar - 1]->tripletFeel();
     if (column.tripletFeel() != before)
@@ -228,9 +227,9 @@ void DirectionWriter::writeBarStart(unsigned bar, MeasureCursor &cursor)
 
 void DirectionWriter::writeBarEnd(unsigned bar, pugi::xml_node measure)
 {
-    for (const auto mark : _master.directionsAtBarIndex(static_cast<int>(bar)))
-        if (isJump(mark) || mark == DirectionMark::Fine)
-            writeJump(mark, measure);
+    const auto marks = _master.directionsAtBarIndex(static_cast<int>(bar));
+    for (const auto &direction : endDirections(marks, _master.masterBars()[bar]->jumpText()))
+        writeJump(direction.mark, _context.text(direction.words), measure);
 }
 
 } // namespace zarn::io

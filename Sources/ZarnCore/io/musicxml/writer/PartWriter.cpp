@@ -52,7 +52,7 @@ void PartWriter::writeMeasure(unsigned bar)
     _cursor.start(measure, _barDivisions);
     if (_track == 0 && _score.systemStarts[bar])
         addAttribute(addElement(measure, "print"), "new-system", "yes");
-    writeLeftBarline(column, _score.endings[bar], measure);
+    writeLeftBarline(column, _score.endings[bar], _context, measure);
     _fifths = _attributes.write(bar, _cursor);
     if (_track == 0)
         _directions.writeBarStart(bar, _cursor);

@@ -3,11 +3,14 @@
 
 #include <ZarnCore/instruments/effects/ZarnMastering.h>
 #include <ZarnCore/io/musicxml/BarlineReader.h>
+#include <ZarnCore/io/musicxml/JumpWords.h>
 #include <ZarnCore/io/musicxml/Movements.h>
 #include <ZarnCore/io/musicxml/TrackBuilder.h>
+#include <ZarnCore/io/musicxml/writer/BarlineWriter.h>
 #include <ZarnCore/io/musicxml/writer/ExportContext.h>
 #include <ZarnCore/io/musicxml/writer/PartPlan.h>
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/form/ZarnFormWords.h>
 
 #include <algorithm>
 #include <numeric>
@@ -59,6 +62,56 @@ void countBar(const MasterBar &bar, const ScoreModel &model, ExportContext &cont
                                 "length of a fermata");
 }
 
+/// Texts and brackets of endings, as the marks that are written of them show them.
+void countEndings(const MasterTrack &master, ExportContext &context)
+{
+    const auto marks = endingMarks(master);
+    bool isHidden = false;
+    bool isOver = true;
+    for (const auto &bar : master.masterBars()) {
+        const auto &mark = marks[bar->index()];
+        context.setPlace(-1, static_cast<int>(bar->index()));
+        context.addUnheldIf(!bar->endingText().empty()
+                                && (!mark.begins || isEndingNumbers(bar->endingText())),
+                            "text of an ending that says a number, or begins none");
+        if (mark.begins) {
+            isHidden = mark.isHidden;
+            isOver = false;
+        }
+        // Behind the end of a short bracket the others are taken without it.
+        const bool isTakenHidden = bar->alternateEndings() != 0 && (isOver || isHidden);
+        context.addUnheldIf(bar->isEndingHidden() != isTakenHidden,
+                            "ending that is hidden in a part of its bars");
+        isOver = isOver || mark.ends;
+    }
+}
+
+/// Directions that readers take for the first of their kind, and words that they take otherwise.
+void countDirections(const MasterTrack &master, ExportContext &context)
+{
+    for (const auto &bar : master.masterBars()) {
+        const auto index = static_cast<int>(bar->index());
+        context.setPlace(-1, index);
+        for (int kind = 0; kind < DirectionMarkCount; ++kind) {
+            const auto mark = static_cast<DirectionMark>(kind);
+            const int first = master.directionIndex(mark);
+            context.addUnheldIf((bar->furtherDirections() & directionBit(mark)) != 0
+                                    && (first < 0 || first >= index),
+                                "order of equal directions");
+        }
+        if (bar->jumpText().empty())
+            continue;
+        const auto directions = endDirections(master.directionsAtBarIndex(index), bar->jumpText());
+        context.addUnheldIf(jumpTextOf(directions) != bar->jumpText(), "words of no jump");
+        for (const auto &direction : directions) {
+            const auto own = jumpOfWords(directionWords(direction.mark));
+            const auto read = jumpOfWords(direction.words);
+            context.addUnheldIf(own->until != (read ? read->until : WrittenJump::Until::End),
+                                "where a jump with words of its own ends");
+        }
+    }
+}
+
 /// Whether the bar line of a bar may be one that closes a movement.
 bool mayClose(const MasterBar &bar)
 {
@@ -83,10 +136,16 @@ void countMovements(const MasterTrack &master, ExportContext &context)
     }
     for (int kind = 0; kind < DirectionMarkCount && !starts.empty(); ++kind) {
         const auto mark = static_cast<DirectionMark>(kind);
-        if (mark == DirectionMark::Fine)
-            bars.fines.insert(master.directionIndex(mark));
-        else if (isJump(mark) && mark < DirectionMark::DaCoda)
-            bars.jumps.insert(master.directionIndex(mark));
+        const auto insert = [&](int bar) {
+            if (mark == DirectionMark::Fine)
+                bars.fines.insert(bar);
+            else if (isJump(mark) && mark < DirectionMark::DaCoda)
+                bars.jumps.insert(bar);
+        };
+        insert(master.directionIndex(mark));
+        for (const auto &bar : master.masterBars())
+            if ((bar->furtherDirections() & directionBit(mark)) != 0)
+                insert(static_cast<int>(bar->index()));
     }
     for (const int start : bars.movementsAmong(starts, static_cast<int>(master.masterBarCount())))
         starts.erase(start);
@@ -237,6 +296,8 @@ void countUnheld(const ScoreModel &model, const std::deque<PartPlan> &parts, Exp
         countBar(*bar, model, context);
     }
     countMovements(master, context);
+    countEndings(master, context);
+    countDirections(master, context);
     for (std::size_t track = 0; track < model.tracks().size(); ++track) {
         context.setPlace(static_cast<int>(track), -1);
         countTrack(*model.tracks()[track], parts[track], context);
