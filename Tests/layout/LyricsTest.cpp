@@ -186,3 +186,23 @@ TEST(LyricsTest, versesStandEvenlyBelowOneAnother)
     for (std::size_t i = 1; i < sung.size(); ++i)
         EXPECT_NEAR(sung[i].y - sung[i - 1].y, sung[1].y - sung[0].y, 0.01) << sung[i].text;
 }
+
+/// A long word begins in front of the last note that is held: the line ends short of it.
+TEST(LyricsTest, heldLinesEndInFrontOfTheNextWord)
+{
+    Piece piece;
+    piece.add({72}, NoteValue::Half).setLyrics({{0, Syllabic::Single, true, "few"}});
+    piece.add({72}, NoteValue::Quarter);
+    piece.add({74}, NoteValue::Quarter).setLyrics({{0, Syllabic::Single, false, "strengths"}});
+    const LaidOut laid(*piece.model);
+    const auto sung = laid.of(MarkKind::Lyric);
+    ASSERT_EQ(sung.size(), 3U);
+    const auto text = [&](const char *word) {
+        return *std::find_if(sung.begin(), sung.end(),
+                             [&](const auto &mark) { return mark.text == word; });
+    };
+    const auto heads = laid.of(MarkKind::NoteHead);
+    EXPECT_LT(text("strengths").left, (heads[1].left + heads[1].right) / 2);
+    EXPECT_GT(text("").left, text("few").right);
+    EXPECT_LT(text("").right, text("strengths").left);
+}

@@ -157,14 +157,15 @@ struct HeldNotes {
     bool reachEnd = true;              ///< of the system
 };
 
-HeldNotes heldNotes(const Carriers &carriers, std::size_t first, unsigned voice, double end)
+/// `next` is what is sung behind them; null for nothing.
+HeldNotes heldNotes(const Carriers &carriers, std::size_t first, unsigned voice, const Sung *next)
 {
     HeldNotes notes = {-1e9};
     for (std::size_t i = first; i < carriers.size(); ++i) {
         const PlacedChord &chord = *carriers[i];
         if (chord.chord->voice != voice)
             break;
-        if (chord.chord->isRest() || chord.headCentre() >= end) {
+        if (chord.chord->isRest() || (next && chord.x >= next->chord->x)) {
             notes.reachEnd = false;
             break;
         }
@@ -215,15 +216,16 @@ public:
     {
         for (std::size_t i = 0; i < sung.size(); ++i) {
             const Sung &entry = sung[i];
-            const double next = i + 1 < sung.size() ? sung[i + 1].box.left : _draft.right;
+            const Sung *const next = i + 1 < sung.size() ? &sung[i + 1] : nullptr;
             if (isWordUnfinished(*entry.syllable)) {
-                addHyphens(entry.box.right, next, *entry.chord);
+                addHyphens(entry.box.right, leftOf(next), *entry.chord);
             } else if (entry.syllable->hasMelisma) {
                 const unsigned voice = entry.chord->chord->voice;
                 const HeldNotes notes = heldNotes(_carriers, entry.number + 1, voice, next);
                 const bool goesOn = notes.reachEnd && isHeldBehind(_row, _draft, verse, voice);
                 const double right = goesOn ? _draft.musicRight() : notes.right;
-                addHeldLine(entry.box.right + 0.2, std::min(right, next - 0.4), *entry.chord);
+                addHeldLine(entry.box.right + 0.2, std::min(right, leftOf(next) - 0.4),
+                            *entry.chord);
             }
         }
     }
@@ -237,24 +239,27 @@ public:
             });
         if (first == _carriers.end())
             return;
-        const double next = sung.empty() ? _draft.right : sung.front().box.left;
+        const Sung *const next = sung.empty() ? nullptr : &sung.front();
         const HeldNotes notes = heldNotes(
             _carriers, static_cast<std::size_t>(first - _carriers.begin()), held.voice, next);
         if (notes.last == nullptr)
             return;
         if (held.isWordUnfinished) {
-            addHyphens(_draft.musicLeft, next, **first);
+            addHyphens(_draft.musicLeft, leftOf(next), **first);
         } else {
             const bool goesOn =
                 notes.reachEnd && isHeldBehind(_row, _draft, held.verse, held.voice);
             const double right = goesOn ? _draft.musicRight() : notes.right;
-            addHeldLine(_draft.musicLeft, std::min(right, next - 0.4), **first);
+            addHeldLine(_draft.musicLeft, std::min(right, leftOf(next) - 0.4), **first);
         }
     }
 
     SideItems take() { return std::move(_items); }
 
 private:
+    /// Of what is sung next, or of the end of the system.
+    double leftOf(const Sung *next) const { return next ? next->box.left : _draft.right; }
+
     void addHyphens(double left, double right, const PlacedChord &chord)
     {
         constexpr double least = 0.85; // less than columns keep free behind such words
