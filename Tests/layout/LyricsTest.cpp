@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -205,4 +206,18 @@ TEST(LyricsTest, heldLinesEndInFrontOfTheNextWord)
     EXPECT_LT(text("strengths").left, (heads[1].left + heads[1].right) / 2);
     EXPECT_GT(text("").left, text("few").right);
     EXPECT_LT(text("").right, text("strengths").left);
+}
+
+/// A bow, under the gap between the words; a sign that joins nothing is one of the text.
+TEST(LyricsTest, wordsThatShareANoteHaveABowBetweenThem)
+{
+    const std::pair<const char *, const char *> words[] = {
+        {"ne~en", "ne\u203Fen"}, {"a~e~i", "a\u203Fe\u203Fi"}, {"~o ~ o~", "~o ~ o~"}};
+    for (const auto &[text, shown] : words) {
+        Piece piece;
+        piece.add({72}, NoteValue::Whole).setLyrics({{0, Syllabic::Single, false, text}});
+        const auto sung = LaidOut(*piece.model).of(MarkKind::Lyric);
+        ASSERT_EQ(sung.size(), 1U);
+        EXPECT_EQ(sung.front().text, shown);
+    }
 }

@@ -3,6 +3,8 @@
 
 #include <ZarnLayout/font/ZarnMusicFont.h>
 
+#include <ZarnCore/model/lyrics/ZarnLyricText.h>
+
 #include <QString>
 
 #include <algorithm>
@@ -124,7 +126,15 @@ std::string sungText(const Syllable &syllable)
         ++first;
     while (goesOn && end > first && (isDash(whole[end - 1]) || whole[end - 1].isSpace()))
         --end;
-    return (end > first ? whole.mid(first, end - first) : whole).toStdString();
+    const std::string plain = (end > first ? whole.mid(first, end - first) : whole).toStdString();
+    constexpr const char *undertie = "\u203F";
+    std::string text;
+    for (const std::string_view word : joinedWords(plain)) {
+        if (!text.empty())
+            text += undertie;
+        text += word;
+    }
+    return text;
 }
 
 void reportMissingSigns(const std::string &text, const Fonts &fonts, const MarkPlace &place,

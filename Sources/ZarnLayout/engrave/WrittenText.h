@@ -27,7 +27,7 @@ struct TextPiece {
 std::vector<TextPiece> piecesOf(const std::string &text, const Fonts &fonts);
 
 /// A syllable as it is sung, without space around it and without dashes towards the rest of its
-/// word: the page has its own hyphens there.
+/// word: the page has its own hyphens there. Words that "~" joins have a bow between them.
 std::string sungText(const Syllable &syllable);
 
 /// Says which characters of a text `piecesOf` leaves out because the music font lacks them.

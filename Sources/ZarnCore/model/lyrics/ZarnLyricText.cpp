@@ -133,4 +133,21 @@ std::string lyricsToText(const LyricSyllables &syllables)
     return text;
 }
 
+std::vector<std::string_view> joinedWords(std::string_view text)
+{
+    constexpr char joint = '~';
+    const auto isOfWord = [&](std::size_t at) {
+        return text[at] != joint && !isIn(blanks, text[at]);
+    };
+    std::vector<std::string_view> words;
+    std::size_t start = 0;
+    for (std::size_t at = 1; at + 1 < text.size(); ++at)
+        if (text[at] == joint && isOfWord(at - 1) && isOfWord(at + 1)) {
+            words.push_back(text.substr(start, at - start));
+            start = at + 1;
+        }
+    words.push_back(text.substr(start));
+    return words;
+}
+
 } // namespace zarn

@@ -42,4 +42,8 @@ ZARNCORE_EXPORT LyricSyllables lyricsFromText(std::string_view text);
 /// syllables beside it decide.
 ZARNCORE_EXPORT std::string lyricsToText(const LyricSyllables &syllables);
 
+/// The words that "~" joins on a note: the text of a syllable, cut where they meet. A "~" at an end
+/// or beside a space or another one is a sign of the text.
+ZARNCORE_EXPORT std::vector<std::string_view> joinedWords(std::string_view text);
+
 } // namespace zarn

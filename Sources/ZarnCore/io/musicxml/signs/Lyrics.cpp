@@ -3,6 +3,7 @@
 
 #include <ZarnCore/io/musicxml/ImportContext.h>
 #include <ZarnCore/io/musicxml/writer/XmlElement.h>
+#include <ZarnCore/model/lyrics/ZarnLyricText.h>
 #include <ZarnCore/utils/EnumTable.h>
 
 #include <algorithm>
@@ -49,19 +50,16 @@ std::string withoutBows(std::string_view text)
     return plain;
 }
 
-/// The words of a syllable, with the bows between them; a sign beside a space, or at an end, is one
-/// of the text.
+/// The words of a syllable, with the bows between them.
 void addSungWords(const std::string &text, pugi::xml_node lyric)
 {
-    const auto isSung = [&](std::size_t at) { return text[at] != ' ' && text[at] != elision; };
-    std::size_t start = 0;
-    for (std::size_t at = 1; at + 1 < text.size(); ++at)
-        if (text[at] == elision && isSung(at - 1) && isSung(at + 1)) {
-            addElement(lyric, tagName(Tag::Text), text.substr(start, at - start));
+    bool isFirst = true;
+    for (const std::string_view word : joinedWords(text)) {
+        if (!isFirst)
             addElement(lyric, tagName(Tag::Elision), bows.front().data());
-            start = at + 1;
-        }
-    addElement(lyric, tagName(Tag::Text), text.substr(start));
+        addElement(lyric, tagName(Tag::Text), std::string(word));
+        isFirst = false;
+    }
 }
 
 /// Where one element has several syllables, the word goes on where the last of them does.
