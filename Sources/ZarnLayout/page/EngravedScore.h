@@ -62,6 +62,7 @@ struct ShownColumn {
     BarWidth width;
     std::vector<WordsLine> wordsLines; ///< of staves where any begin or end
     std::vector<WordEnds> words;
+    double temposAfter = 0; ///< see `SpacedBar`
     Problems problems;
 };
 

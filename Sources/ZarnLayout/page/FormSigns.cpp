@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnLayout/page/FormSigns.h>
 
+#include <ZarnLayout/engrave/TempoLine.h>
 #include <ZarnLayout/page/SideItem.h>
-
-#include <ZarnCore/model/form/ZarnMetronomeMark.h>
-
-#include <QString>
 
 #include <algorithm>
 #include <array>
@@ -37,33 +34,6 @@ double placeOfTime(const SystemDraft &draft, const BarPlace &bar, double time)
     return x;
 }
 
-std::string directionText(DirectionMark mark)
-{
-    constexpr std::array<const char *, 19> texts = {
-        "",
-        "",
-        "",
-        "",
-        "Fine",
-        "D.C.",
-        "D.C. al Coda",
-        "D.C. al Double Coda",
-        "D.C. al Fine",
-        "D.S.",
-        "D.S. al Coda",
-        "D.S. al Double Coda",
-        "D.S. al Fine",
-        "D.S.S.",
-        "D.S.S. al Coda",
-        "D.S.S. al Double Coda",
-        "D.S.S. al Fine",
-        "To Coda",
-        "To Double Coda",
-    };
-    const auto index = static_cast<std::size_t>(mark);
-    return index < texts.size() ? texts[index] : "";
-}
-
 MarkPlace placeOfBar(unsigned bar)
 {
     MarkPlace place;
@@ -88,6 +58,8 @@ bool startsEnding(const EngravedScore &score, unsigned shown)
         || score.lastColumn(shown - 1).repeatCount > 0;
 }
 
+/// A bracket has a hook where its ending is left: at a repeat sign, and in front of another ending.
+/// The one that the music goes on from is open.
 void addEndings(SystemDraft &draft, RowDraft &row)
 {
     // Where no number stands below it the line keeps near to the music.
@@ -113,8 +85,9 @@ void addEndings(SystemDraft &draft, RowDraft &row)
             const bool isStart = startsEnding(draft.score, shown);
             const BarPlace &last = draft.bars[end - 1];
             const unsigned next = last.shownBar + 1;
-            const bool isEnd = closes(end - 1) || next >= draft.score.shown.size()
-                || draft.score.column(next).endings != passes;
+            const std::uint32_t others =
+                next < draft.score.shown.size() ? draft.score.column(next).endings : 0;
+            const bool isLeft = closes(end - 1) || (others != 0 && others != passes);
             const double left = first.left + 0.2;
             const double right = last.right - 0.1;
             SideItem item;
@@ -125,12 +98,14 @@ void addEndings(SystemDraft &draft, RowDraft &row)
                 line.push_back({left, 0});
             line.push_back({left, -height});
             line.push_back({right, -height});
-            if (isEnd && closes(end - 1))
+            if (isLeft)
                 line.push_back({right, 0});
             item.inks.push_back(draft.pen.polyline(MarkKind::Ending, std::move(line), 0.16));
             if (isStart)
-                item.inks.push_back(draft.pen.text(MarkKind::Ending, TextRole::Ending,
-                                                   endingText(passes), left + 0.5, -0.55));
+                for (Ink &ink :
+                     draft.pen.words(MarkKind::Ending, TextRole::Ending,
+                                     draft.score.column(shown).endingText, left + 0.5, -0.55))
+                    item.inks.push_back(std::move(ink));
             for (Ink &ink : item.inks)
                 ink.place = placeOfBar(draft.score.shown[shown].bar);
             items.push_back(std::move(item));
@@ -138,113 +113,6 @@ void addEndings(SystemDraft &draft, RowDraft &row)
         i = end;
     }
     place(row, std::move(items));
-}
-
-Sign metronomeSign(RhythmValue::NoteValue value)
-{
-    using NoteValue = RhythmValue::NoteValue;
-    switch (value) {
-    case NoteValue::DWhole:
-        return Sign::MetNoteDoubleWhole;
-    case NoteValue::Whole:
-        return Sign::MetNoteWhole;
-    case NoteValue::Half:
-        return Sign::MetNoteHalfUp;
-    case NoteValue::Eighth:
-        return Sign::MetNote8thUp;
-    case NoteValue::Sixteenth:
-        return Sign::MetNote16thUp;
-    case NoteValue::ThirtySecond:
-        return Sign::MetNote32ndUp;
-    default:
-        return Sign::MetNoteQuarterUp;
-    }
-}
-
-/// The mark that a tempo without words of its own has.
-MetronomeMark markOf(const TempoMark &tempo)
-{
-    using NoteValue = RhythmValue::NoteValue;
-    MetronomeMark mark;
-    mark.note.value = tempo.unit == TempoUnit::Eighth                          ? NoteValue::Eighth
-        : tempo.unit == TempoUnit::Half || tempo.unit == TempoUnit::HalfDotted ? NoteValue::Half
-                                                                               : NoteValue::Quarter;
-    mark.note.dots =
-        tempo.unit == TempoUnit::QuarterDotted || tempo.unit == TempoUnit::HalfDotted ? 1 : 0;
-    mark.perMinute = tempo.value;
-    return mark;
-}
-
-/// A line of words and metronome marks.
-class TempoLine {
-public:
-    TempoLine(const Pen &pen, double x, double scale) : _pen(pen), _x(x), _scale(scale) { }
-
-    void add(const std::string &words) { text(TextRole::Tempo, words, 0.8); }
-
-    void add(const MetronomeMark &mark)
-    {
-        if (mark.isInParentheses)
-            text(TextRole::PageText, "(", 0.1);
-        add(mark.note);
-        const double rounded = std::round(mark.perMinute * 10) / 10;
-        const int decimals = rounded == std::floor(rounded) ? 0 : 1;
-        _x += 0.2 * _scale;
-        if (mark.equal) {
-            text(TextRole::PageText, "=", 0.4);
-            add(*mark.equal);
-        } else {
-            text(TextRole::PageText, "= " + QString::number(rounded, 'f', decimals).toStdString(),
-                 0.1);
-        }
-        if (mark.isInParentheses)
-            text(TextRole::PageText, ")", 0);
-        _x += 0.7 * _scale;
-    }
-
-    Inks take() { return std::move(_inks); }
-
-private:
-    void add(const MetronomeMark::Note &note)
-    {
-        glyph(metronomeSign(note.value));
-        for (int dot = 0; dot < note.dots; ++dot)
-            glyph(Sign::MetAugmentationDot);
-    }
-
-    void glyph(Sign sign)
-    {
-        _inks.push_back(_pen.glyph(MarkKind::Tempo, sign, _x, -0.1, 0.75 * _scale));
-        _x = _inks.back().box.right + 0.2 * _scale;
-    }
-
-    void text(TextRole role, const std::string &words, double gap)
-    {
-        for (Ink &ink : _pen.words(MarkKind::Tempo, role, words, _x, 0, Pen::Align::Begin, _scale))
-            _inks.push_back(std::move(ink));
-        _x = _inks.empty() ? _x : std::max(_x, _inks.back().box.right) + gap * _scale;
-    }
-
-    const Pen &_pen;
-    double _x;
-    double _scale;
-    Inks _inks;
-};
-
-Inks tempoInks(const Pen &pen, const TempoMark &tempo, double x, double scale)
-{
-    TempoLine line(pen, x, scale);
-    bool hasMark = false;
-    for (const TempoPiece &piece : tempoPieces(tempo.text))
-        if (const auto *const mark = std::get_if<MetronomeMark>(&piece)) {
-            line.add(*mark);
-            hasMark = true;
-        } else {
-            line.add(std::get<std::string>(piece));
-        }
-    if (!hasMark && tempo.value > 0 && tempo.unit != TempoUnit::None)
-        line.add(markOf(tempo));
-    return line.take();
 }
 
 /// What `make` makes of a scale: smaller where it would be longer than the line.
@@ -263,24 +131,22 @@ void addDirections(SystemDraft &draft, RowDraft &row)
         const MarkPlace where = placeOfBar(draft.score.shown[bar.shownBar].bar);
         double x = bar.left;
         for (const DirectionMark mark : column.directions) {
-            const int kind = static_cast<int>(mark);
-            constexpr int firstWord = static_cast<int>(DirectionMark::Fine);
-            if (kind < firstWord) {
-                constexpr std::array<Sign, 4> signs = {Sign::Coda, Sign::CodaSquare, Sign::Segno,
-                                                       Sign::SegnoSerpent1};
-                Ink sign = draft.pen.glyph(MarkKind::Direction,
-                                           signs[static_cast<std::size_t>(kind)], x, 0);
-                x = sign.box.right + 0.8;
-                putAbove(row, {std::move(sign)}, where, 0.8);
-            } else {
-                Inks text = fitted(draft, [&](double scale) {
-                    return Inks{draft.pen.text(MarkKind::Direction, TextRole::Direction,
-                                               directionText(mark), bar.right, 0, Pen::Align::End,
-                                               scale)};
-                });
-                move(text, std::max(0.0, draft.staffLeft - boxOf(text).left), 0);
-                putAbove(row, std::move(text), where, 0.8);
-            }
+            constexpr std::array<Sign, 4> signs = {Sign::Coda, Sign::CodaSquare, Sign::Segno,
+                                                   Sign::SegnoSerpent1};
+            Ink sign =
+                draft.pen.glyph(MarkKind::Direction, signs[static_cast<std::size_t>(mark)], x, 0);
+            x = sign.box.right + 0.8;
+            putAbove(row, {std::move(sign)}, where, 0.8);
+        }
+        for (const std::string &words : column.jumps) {
+            Inks text = fitted(draft, [&](double scale) {
+                return draft.pen.words(MarkKind::Direction, TextRole::Direction, words, bar.right,
+                                       0, Pen::Align::End, scale);
+            });
+            if (text.empty())
+                continue;
+            move(text, std::max(0.0, draft.staffLeft - boxOf(text).left), 0);
+            putAbove(row, std::move(text), where, 0.8);
         }
     }
 }

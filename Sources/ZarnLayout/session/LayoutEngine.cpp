@@ -157,6 +157,7 @@ void LayoutEngine::engraveBar(const ScoreSource &source, std::size_t shownBar)
     column->count = bars.count;
     column->width = engraved->spaced.width;
     column->words = engraved->spaced.words;
+    column->temposAfter = engraved->spaced.temposAfter;
     if (bars.count == 1)
         column->wordsLines = wordsLinesOf(*column->first);
     column->problems = engraved->problems;

@@ -13,6 +13,11 @@ bool isEmpty(const BarColumn &column)
                        [](const auto &staff) { return staff->isEmpty(); });
 }
 
+bool hasDirections(const ColumnSource &column)
+{
+    return !column.directions.empty() || !column.jumps.empty();
+}
+
 /// Whether a run of rests goes on over the line in front of a bar.
 bool goesOn(const ScoreSource &score, std::size_t bar)
 {
@@ -21,7 +26,7 @@ bool goesOn(const ScoreSource &score, std::size_t bar)
     const bool isPlainLine = !before.doubleBar && before.repeatCount == 0 && !here.repeatStart
         && before.barLine == here.barLine && before.endings == here.endings;
     const bool isPlainBar = here.section.isEmpty() && !here.showsMeter && here.tempos.empty()
-        && here.directions.empty() && before.directions.empty() && here.fermatas.empty()
+        && !hasDirections(here) && !hasDirections(before) && here.fermatas.empty()
         && before.fermatas.empty() && !here.movementStart && !here.newFeel
         && before.freeTime == here.freeTime && before.length == here.length;
     const auto &staves = score.columns[bar]->staves;

@@ -28,15 +28,6 @@ bool BeatSource::carriesSigns() const noexcept
         || marks.fadding() != Fadding::NoFadding || marks.hasTimer();
 }
 
-std::string endingText(std::uint32_t passes)
-{
-    std::string text;
-    for (unsigned pass = 0; pass < 32; ++pass)
-        if ((passes >> pass & 1) != 0)
-            text += (text.empty() ? "" : " ") + std::to_string(pass + 1) + ".";
-    return text;
-}
-
 namespace {
 
 template <typename T>
@@ -148,8 +139,8 @@ bool operator==(const ColumnSource &a, const ColumnSource &b)
         && a.repeatCount == b.repeatCount && a.doubleBar == b.doubleBar && a.freeTime == b.freeTime
         && a.startsFreeTime == b.startsFreeTime && a.barLine == b.barLine && a.endings == b.endings
         && a.movementStart == b.movementStart && a.section == b.section && a.fermatas == b.fermatas
-        && a.directions == b.directions && a.newFeel == b.newFeel && a.layoutRatio == b.layoutRatio
-        && a.isLast == b.isLast
+        && a.directions == b.directions && a.jumps == b.jumps && a.endingText == b.endingText
+        && a.newFeel == b.newFeel && a.layoutRatio == b.layoutRatio && a.isLast == b.isLast
         && std::equal(a.tempos.begin(), a.tempos.end(), b.tempos.begin(), b.tempos.end(), isEqual);
 }
 

@@ -135,9 +135,6 @@ struct BarSource {
 /// their lines, and the hairpins and octave signs that may go on over these.
 bool lookAlikeFromOutside(const BarSource &a, const BarSource &b);
 
-/// Numbers of the passes under an ending: "1.", "1. 2.".
-std::string endingText(std::uint32_t passes);
-
 /// What all staves share of one bar. The bars of its tempos are not told.
 struct ColumnSource {
     utils::rational length = 4;
@@ -150,11 +147,13 @@ struct ColumnSource {
     bool freeTime = false;
     bool startsFreeTime = false;
     BarLine barLine = BarLine::Auto;
-    std::uint32_t endings = 0;
+    std::uint32_t endings = 0; ///< none where their bracket is hidden
+    std::string endingText;    ///< under the bracket where it begins
     bool movementStart = false;
     Section section;
     FermataMarks fermatas;
-    std::vector<DirectionMark> directions;
+    std::vector<DirectionMark> directions; ///< segnos and codas
+    std::vector<std::string> jumps;        ///< words at the end
     std::vector<TempoMark> tempos;
     std::optional<TripletFeel> newFeel;
     float layoutRatio = 1;

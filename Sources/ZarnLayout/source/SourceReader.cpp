@@ -5,6 +5,7 @@
 #include <ZarnLayout/source/Beaming.h>
 
 #include <ZarnCore/model/ZarnScoreModel.h>
+#include <ZarnCore/model/form/ZarnFormWords.h>
 #include <ZarnCore/model/notes/ZarnWrittenPitch.h>
 #include <ZarnCore/music/ZarnMusic.h>
 
@@ -239,7 +240,11 @@ std::vector<ColumnSource> readColumns(const ScoreModel &model, unsigned first, u
         column.freeTime = bar.isFreeTime();
         column.startsFreeTime = bar.isFreeTime() && !(before && before->isFreeTime());
         column.barLine = bar.barLine();
-        column.endings = bar.alternateEndings();
+        if (!bar.isEndingHidden())
+            column.endings = bar.alternateEndings();
+        if (column.endings != 0)
+            column.endingText =
+                bar.endingText().empty() ? endingNumbers(column.endings) : bar.endingText();
         column.movementStart = bar.isMovementStart();
         column.section = bar.section();
         column.fermatas = bar.fermatas();
@@ -249,11 +254,14 @@ std::vector<ColumnSource> readColumns(const ScoreModel &model, unsigned first, u
         if (bar.tripletFeel() != old)
             column.newFeel = bar.tripletFeel();
     }
-    for (int mark = 0; mark < DirectionMarkCount; ++mark) {
-        const int bar = master.directionIndex(static_cast<DirectionMark>(mark));
-        if (bar >= static_cast<int>(first) && bar < static_cast<int>(end))
-            columns[static_cast<unsigned>(bar) - first].directions.push_back(
-                static_cast<DirectionMark>(mark));
+    for (unsigned i = first; i < end; ++i) {
+        const auto marks = master.directionsAtBarIndex(static_cast<int>(i));
+        ColumnSource &column = columns[i - first];
+        for (const DirectionMark mark : marks)
+            if (!isAtBarEnd(mark))
+                column.directions.push_back(mark);
+        for (EndDirection &jump : endDirections(marks, master.masterBars()[i]->jumpText()))
+            column.jumps.push_back(std::move(jump.words));
     }
     for (TempoMark &tempo : temposOf(master))
         if (tempo.bar >= first && tempo.bar < end && tempo.isVisible)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnLayout/space/BarSpacer.h>
 
+#include <ZarnLayout/engrave/TempoLine.h>
+
 #include <algorithm>
 #include <cmath>
 #include <map>
@@ -280,6 +282,26 @@ std::vector<WordEnds> wordEnds(const std::vector<EngravedBar *> &rows,
     return ends;
 }
 
+/// Tempos, each from the column that begins with it or before it.
+std::vector<WordOverBar> temposOf(const ColumnSource &column, const Onsets &onsets,
+                                  const Fonts &fonts)
+{
+    constexpr double longest = 30; // and no bar is made wider for more
+    const Pen pen(fonts);
+    std::vector<WordOverBar> words;
+    for (const TempoMark &tempo : column.tempos) {
+        const Inks inks = tempoInks(pen, tempo, 0, 1);
+        if (inks.empty())
+            continue;
+        const auto behind = std::find_if(onsets.begin(), onsets.end(), [&](const auto &onset) {
+            return onset.toDouble() > static_cast<double>(tempo.position) + 1e-6;
+        });
+        const auto number = tempo.position > 0 ? behind - onsets.begin() : 0;
+        words.push_back({static_cast<unsigned>(number), std::min(boxOf(inks).right, longest)});
+    }
+    return words;
+}
+
 } // namespace
 
 double naturalWidth(const rational &length)
@@ -374,8 +396,7 @@ SpacedBar spaceBar(const std::vector<EngravedBar *> &rows,
     }
     if (column.endings != 0) {
         // Bars under an ending are as long as its numbers.
-        const double words =
-            fonts.textBox(endingText(column.endings), TextRole::Ending).right + 1.2;
+        const double words = fonts.textBox(column.endingText, TextRole::Ending).right + 1.2;
         byTo[count + 1].push_back({0, count + 1, words, 0});
     }
     for (auto &rods : byTo)
@@ -387,6 +408,10 @@ SpacedBar spaceBar(const std::vector<EngravedBar *> &rows,
     const std::vector<double> places = line.places(0);
     bar.width.least = places.back();
     bar.words = wordEnds(rows, places);
+    bar.tempos = temposOf(column, bar.onsets, fonts);
+    for (const WordOverBar &tempo : bar.tempos)
+        bar.temposAfter =
+            std::max(bar.temposAfter, places[tempo.column] + tempo.reach - places.back());
     double springs = count == 0 ? bar.emptyWidth : 0;
     for (const double spring : bar.springs)
         springs += spring;

@@ -18,6 +18,12 @@ struct WordEnds {
     double after;  ///< how far the last of them reaches behind the end of the bar
 };
 
+/// Words over all rows, such as those of a tempo.
+struct WordOverBar {
+    unsigned column; ///< of the rods
+    double reach;    ///< to the right, from there
+};
+
 /// Springs and rods of one bar over all rows. Column 0 of the rods is the start of the bar, then
 /// come the columns of notes, then the end of the bar.
 struct SpacedBar {
@@ -35,6 +41,8 @@ struct SpacedBar {
     double emptyWidth = 0;       ///< of a bar without columns
     BarWidth width;              ///< without the signs around its bar lines
     std::vector<WordEnds> words; ///< by row and height
+    std::vector<WordOverBar> tempos;
+    double temposAfter = 0; ///< how far they reach behind the end of the bar, if they do
 
     /// Adds the bar to a line whose last column is the start of the bar.
     void addTo(SpringLine &line) const;
