@@ -327,10 +327,7 @@ TEST(ScoreLayoutTest, stavesMoveApartUntilPagesAreFull)
     for (const layout::LayoutPage &page : laid.layout->pages()) {
         const auto &last = page.systems.back();
         const auto end = last.drawing->marks.box(laid.layout->font()).movedBy(last.at).bottom;
-        auto room = laid.layout->fromMicrometres(page.height - page.bottomMargin);
-        for (const layout::DrawMark &mark : page.marks->marks())
-            if (mark.kind == MarkKind::Footer)
-                room = page.marks->box(mark, laid.layout->font()).top - layout::staffSpace * 3 / 10;
+        const auto room = laid.layout->fromMicrometres(page.height - page.bottomMargin);
         if (&page != &laid.layout->pages().back()) {
             EXPECT_NEAR(layout::toSpaces(end), layout::toSpaces(room), 0.5);
         }
@@ -367,15 +364,16 @@ TEST(ScoreLayoutTest, pagesHaveNumbersAndTheFirstOneTheCopyright)
         const LaidOut laid(model);
         for (const layout::LayoutPage &page : laid.layout->pages()) {
             std::string texts;
-            const auto bottom = laid.layout->fromMicrometres(page.height - page.bottomMargin);
+            // In the middle of the margin, at one place on all pages.
+            const auto bottom = laid.layout->fromMicrometres(page.height - page.bottomMargin / 2);
             for (const layout::DrawMark &mark : page.marks->marks())
                 if (mark.kind == MarkKind::Footer) {
                     texts += page.marks->characters(mark);
                     EXPECT_NEAR(page.marks->box(mark, laid.layout->font()).bottom, bottom, 8);
                     const auto &system = page.systems.back();
-                    EXPECT_LT(
+                    EXPECT_LE(
                         system.drawing->marks.box(laid.layout->font()).movedBy(system.at).bottom,
-                        page.marks->box(mark, laid.layout->font()).top);
+                        page.marks->box(mark, laid.layout->font()).top - layout::staffSpace);
                 }
             found.push_back(texts);
         }

@@ -80,7 +80,7 @@ void PageMaker::setTexts(const ScoreSource &source, const Sheet &sheet)
         return;
     _model = source.texts;
     _setup = sheet.setup;
-    _texts.emplace(*_model, _pen, sheet.width);
+    _texts.emplace(*_model, _pen, sheet.width, sheet.spaces(sheet.setup.bottomMargin));
     _drawn.clear();
 }
 

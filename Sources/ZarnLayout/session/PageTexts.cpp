@@ -16,12 +16,12 @@ namespace {
 constexpr double titleLead = 1.25; ///< distance of base lines, by height of the letters
 constexpr double gapBelowTitle = 3;
 constexpr double gapBelowHeader = 2;
-constexpr double gapAboveFooter = 0.3;
+constexpr double gapAboveFooter = 2;
 
 } // namespace
 
-PageTexts::PageTexts(const ScoreModel &model, const Pen &pen, double width)
-    : _model(model), _pen(pen), _width(width)
+PageTexts::PageTexts(const ScoreModel &model, const Pen &pen, double width, double margin)
+    : _model(model), _pen(pen), _width(width), _footerDrop(margin / 2)
 {
     for (unsigned i = 0; i < HeaderAndFooterCount; ++i)
         _hasOwnTexts =
@@ -31,8 +31,11 @@ PageTexts::PageTexts(const ScoreModel &model, const Pen &pen, double width)
         return texts.empty() ? 0 : boxOf(texts).height() + gap;
     };
     _headerHeight = heightOf(cornerTexts(2, 2, false), gapBelowHeader);
-    _firstFooterHeight = heightOf(cornerTexts(1, 2, true), gapAboveFooter);
-    _footerHeight = heightOf(cornerTexts(2, 2, true), gapAboveFooter);
+    const auto aboveMargin = [&](unsigned page) {
+        return std::max(0.0, heightOf(cornerTexts(page, 2, true), gapAboveFooter) - _footerDrop);
+    };
+    _firstFooterHeight = aboveMargin(1);
+    _footerHeight = aboveMargin(2);
     Problems all;
     for (const unsigned page : {1U, 2U})
         draw(page, 2, 0, 0, 0, all);
@@ -166,7 +169,7 @@ std::shared_ptr<const layout::DrawList> PageTexts::draw(unsigned page, unsigned 
     }
     Inks footer = cornerTexts(page, pageCount, true);
     if (!footer.empty())
-        move(footer, 0, height - boxOf(footer).bottom);
+        move(footer, 0, height + _footerDrop - boxOf(footer).bottom);
     emitter.emit(footer, left, top);
     return std::make_shared<const layout::DrawList>(builder.build());
 }

@@ -20,11 +20,12 @@ namespace zarn::engraving {
 /// none of the latter has its copyright below the first page, and a number below each other one.
 class PageTexts {
 public:
-    /// `width` is that between the margins, in staff spaces.
-    PageTexts(const ScoreModel &model, const Pen &pen, double width);
+    /// `width` is that between the margins, `margin` the height of the one below, in staff spaces.
+    /// Footers end in the middle of it, as far from the music as the sheet allows.
+    PageTexts(const ScoreModel &model, const Pen &pen, double width, double margin);
 
-    /// Heights that are kept free: of the title on the first page, of headers on the others, of
-    /// footers on the first one and on the others.
+    /// Heights that are kept free between the margins: of the title on the first page, of headers
+    /// on the others, of footers on the first one and on the others.
     double titleHeight() const noexcept { return _titleHeight; }
     double headerHeight() const noexcept { return _headerHeight; }
     double firstFooterHeight() const noexcept { return _firstFooterHeight; }
@@ -49,6 +50,7 @@ private:
     const ScoreModel &_model;
     const Pen &_pen;
     double _width;
+    double _footerDrop; ///< from the music's part of the sheet into the margin
     Inks _title;
     double _titleHeight = 0;
     double _headerHeight = 0;
