@@ -58,11 +58,13 @@ Inks accidentalInks(const AccidentalSign &sign, const Pen &pen, double scale)
 void packAccidentals(std::vector<PackedAccidental> &accidentals, const std::vector<Box> &taken,
                      const Fonts &fonts)
 {
-    std::stable_sort(accidentals.begin(), accidentals.end(),
-                     [](const PackedAccidental &left, const PackedAccidental &right) {
-                         return left.y < right.y;
-                     });
+    if (accidentals.size() > 1)
+        std::stable_sort(accidentals.begin(), accidentals.end(),
+                         [](const PackedAccidental &left, const PackedAccidental &right) {
+                             return left.y < right.y;
+                         });
     std::vector<std::size_t> order;
+    order.reserve(accidentals.size());
     for (std::size_t top = 0, bottom = accidentals.size(); top < bottom;) {
         order.push_back(top++);
         if (top < bottom)
@@ -71,16 +73,20 @@ void packAccidentals(std::vector<PackedAccidental> &accidentals, const std::vect
     double right = 0;
     for (const Box &box : taken)
         right = std::max(right, box.right);
+    constexpr std::size_t usualParts = 4; // of a sign
     std::vector<Box> placed;
+    placed.reserve(usualParts * accidentals.size());
     std::vector<Box> shape;
+    shape.reserve(usualParts);
     for (const std::size_t index : order) {
         PackedAccidental &accidental = accidentals[index];
         shape.clear();
         for (const Ink &ink : accidental.inks)
-            for (const Box &part : fonts.shape(ink.glyph))
+            fonts.eachPart(ink.glyph, [&](const Box &part) {
                 shape.push_back(
                     {ink.at.x + part.left * ink.scale, accidental.y + part.top * ink.scale,
                      ink.at.x + part.right * ink.scale, accidental.y + part.bottom * ink.scale});
+            });
         // No accidental stands right of the first heads, even where there is room.
         double width = 0;
         for (const Box &part : shape)

@@ -56,6 +56,10 @@ EngravedBar BarEngraver::engrave(const BarSource &source, const ColumnSource &co
         return std::move(_result);
     }
     _hasVoices = std::count_if(source.voices.begin(), source.voices.end(), isDrawn) > 1;
+    std::size_t beats = 0;
+    for (const VoiceSource &voice : source.voices)
+        beats += voice.beats.size();
+    _result.chords.reserve(beats);
     for (const VoiceSource &voice : source.voices)
         addChords(voice);
     // In an empty bar is nothing to be heard: it has a rest, like one that somebody wrote there. A
@@ -133,6 +137,7 @@ void BarEngraver::addHeads(Chord &chord)
         head.glyph = fonts.glyph(chord.isSlash ? slashHead(beat.rhythm) : Sign::NoteheadXBlack);
         chord.heads.push_back(head);
     } else {
+        chord.heads.reserve(beat.noteCount);
         for (unsigned i = 0; i < beat.noteCount; ++i) {
             const auto number = static_cast<std::uint16_t>(beat.firstNote + i);
             const NoteSource &note = _source->notes[number];
@@ -159,8 +164,10 @@ void BarEngraver::addHeads(Chord &chord)
             chord.heads.push_back(head);
         }
     }
-    std::stable_sort(chord.heads.begin(), chord.heads.end(),
-                     [](const Head &left, const Head &right) { return left.line < right.line; });
+    if (chord.heads.size() > 1)
+        std::stable_sort(
+            chord.heads.begin(), chord.heads.end(),
+            [](const Head &left, const Head &right) { return left.line < right.line; });
 }
 
 void BarEngraver::chooseStems()

@@ -14,7 +14,10 @@ namespace zarn::engraving {
 template <class ChordAt>
 std::vector<std::size_t> beamChain(std::size_t first, std::size_t count, ChordAt chordAt)
 {
-    std::vector<std::size_t> chain = {first};
+    constexpr std::size_t usualChords = 4;
+    std::vector<std::size_t> chain;
+    chain.reserve(usualChords);
+    chain.push_back(first);
     const Chord &start = chordAt(first);
     for (std::size_t i = first + 1; i < count && chordAt(chain.back()).beat->isBeamedOn; ++i) {
         const Chord &chord = chordAt(i);

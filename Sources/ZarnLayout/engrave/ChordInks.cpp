@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <map>
 #include <set>
 #include <utility>
 
@@ -132,20 +131,25 @@ void ChordInks::add(EngravedBar &bar)
 {
     // The chords of all voices that stand together: of a column, or grace notes of one rank.
     struct Group {
+        unsigned column;
+        unsigned graceRank;
         std::vector<Chord *> chords;
-        double left = 1e9;
+        double left;
         std::set<int> dotted;
     };
     std::vector<Group> groups;
     std::vector<std::size_t> groupOf;
-    std::map<std::pair<unsigned, unsigned>, std::size_t> numbers;
+    groups.reserve(bar.chords.size());
+    groupOf.reserve(bar.chords.size());
     for (Chord &chord : bar.chords) {
-        const auto number =
-            numbers.emplace(std::make_pair(chord.column, chord.beat->graceRank), groups.size());
-        if (number.second)
-            groups.emplace_back();
-        groupOf.push_back(number.first->second);
-        groups[groupOf.back()].chords.push_back(&chord);
+        const unsigned rank = chord.beat->graceRank;
+        auto group = std::find_if(groups.begin(), groups.end(), [&](const Group &other) {
+            return other.column == chord.column && other.graceRank == rank;
+        });
+        if (group == groups.end())
+            group = groups.insert(group, {chord.column, rank, {}, 1e9, {}});
+        groupOf.push_back(static_cast<std::size_t>(group - groups.begin()));
+        group->chords.push_back(&chord);
     }
 
     std::vector<std::vector<PackedAccidental>> byChord(bar.chords.size());
@@ -176,6 +180,10 @@ void ChordInks::add(EngravedBar &bar)
         if (all.empty())
             return;
         std::vector<Box> taken;
+        std::size_t boxes = 0;
+        for (const Chord *chord : column)
+            boxes += chord->heads.size() + 2; // with stem and flag
+        taken.reserve(boxes);
         for (const Chord *chord : column) {
             for (const Box &box : chordShape(*chord, _pen.fonts()))
                 taken.push_back(box.movedBy(chord->x, 0));

@@ -133,12 +133,6 @@ std::optional<std::uint32_t> Fonts::glyph(char16_t codePoint) const
     return id ? std::optional<std::uint32_t>(static_cast<std::uint32_t>(*id)) : std::nullopt;
 }
 
-std::vector<Box> Fonts::shape(std::uint32_t glyph) const
-{
-    const Glyph &entry = _glyphs[glyph];
-    return entry.parts.empty() ? std::vector<Box>{entry.box} : entry.parts;
-}
-
 Box Fonts::textBox(const std::string &text, TextRole role) const
 {
     const layout::TextExtent extent = _texts.measure(text, styleOf(role));

@@ -43,8 +43,16 @@ public:
     /// How far capitals and digits rise above the base line.
     double capHeight(TextRole role) const;
 
-    /// The ink of a glyph in a few boxes that leave the open corners out.
-    std::vector<Box> shape(std::uint32_t glyph) const;
+    /// Visits the ink of a glyph in a few boxes that leave the open corners out.
+    template <class Visit>
+    void eachPart(std::uint32_t glyph, Visit visit) const
+    {
+        const Glyph &entry = _glyphs[glyph];
+        if (entry.parts.empty())
+            visit(entry.box);
+        for (const Box &part : entry.parts)
+            visit(part);
+    }
 
     const layout::MusicFont &music() const noexcept { return _music; }
     const layout::TextMeasure &texts() const noexcept { return _texts; }

@@ -351,7 +351,13 @@ SpacedBar spaceBar(const std::vector<EngravedBar *> &rows,
             if (clef.column >= count)
                 clefsAtEnd = std::max(clefsAtEnd, clef.ink.box.width() + 0.5);
 
-    std::vector<std::vector<SpacedBar::Rod>> byTo(count + 2);
+    std::size_t columns = 1;
+    for (const EngravedBar *row : rows)
+        columns += row->columns.size();
+    // From the start of the bar, from the last column, to the end.
+    constexpr std::size_t rodsOfColumn = 3;
+    auto &rods = bar.rods;
+    rods.reserve(rodsOfColumn * columns);
     for (const EngravedBar *row : rows) {
         PassedColumns passed;
         WordColumns words;
@@ -360,47 +366,46 @@ SpacedBar spaceBar(const std::vector<EngravedBar *> &rows,
             if (boxes.empty())
                 continue;
             const unsigned to = i + 1;
-            byTo[to].push_back(
-                {0, to, gapBehindBarLine - leftOf(boxes), gapBehindBarLine - leastAir});
+            rods.push_back({0, to, gapBehindBarLine - leftOf(boxes), gapBehindBarLine - leastAir});
             const auto keepFrom = [&](unsigned from) {
                 const Distance least = distance(row->columns[from].boxes, boxes);
                 if (least.length > 0)
-                    byTo[to].push_back({from + 1, to, least.length, least.air});
+                    rods.push_back({from + 1, to, least.length, least.air});
                 return least.length - least.air;
             };
             passed.next(i, boxes, keepFrom);
             // A word may reach over several columns of other voices.
             for (const unsigned from : words.before(boxes, i))
                 keepFrom(from);
-            byTo[count + 1].push_back({to, count + 1, rightOf(boxes) + gapToBarLine + clefsAtEnd,
-                                       gapToBarLine - leastAir});
+            rods.push_back({to, count + 1, rightOf(boxes) + gapToBarLine + clefsAtEnd,
+                            gapToBarLine - leastAir});
         }
     }
     for (unsigned to = 2; to <= count; ++to)
-        byTo[to].push_back({to - 1, to, leastStep, airOfStep});
+        rods.push_back({to - 1, to, leastStep, airOfStep});
     if (count > 0)
-        byTo[count + 1].push_back(
+        rods.push_back(
             {count, count + 1, head + gapToBarLine + clefsAtEnd, gapToBarLine - leastAir});
     const double least = bar.emptyWidth * (count == 0 ? 0.7 : 0.4);
-    byTo[count + 1].push_back({0, count + 1, least, least / 2});
+    rods.push_back({0, count + 1, least, least / 2});
     // What stands in the middle of a bar keeps off its lines, however narrow the bar is to be, and
     // off its clefs.
     for (const EngravedBar *row : rows) {
         if (row->centred.empty())
             continue;
         const double room = row->centredWidth + clefsAtEnd + 1.2;
-        byTo[count + 1].push_back({0, count + 1, room, 0.8});
+        rods.push_back({0, count + 1, room, 0.8});
         for (const auto &clef : row->clefs)
             if (clef.column < count)
-                byTo[count + 1].push_back({clef.column + 1, count + 1, room, 0.4});
+                rods.push_back({clef.column + 1, count + 1, room, 0.4});
     }
     if (column.endings != 0) {
         // Bars under an ending are as long as its numbers.
         const double words = fonts.textBox(column.endingText, TextRole::Ending).right + 1.2;
-        byTo[count + 1].push_back({0, count + 1, words, 0});
+        rods.push_back({0, count + 1, words, 0});
     }
-    for (auto &rods : byTo)
-        bar.rods.insert(bar.rods.end(), rods.begin(), rods.end());
+    std::stable_sort(rods.begin(), rods.end(),
+                     [](const SpacedBar::Rod &a, const SpacedBar::Rod &b) { return a.to < b.to; });
 
     SpringLine line;
     line.addColumn(0, 0);
