@@ -97,6 +97,42 @@ TEST(MusicXmlForm, anOpenEndingThatIsTakenInTurnGoesOnToTheNextBracket)
     EXPECT_EQ(played(song("stop")), " 1 2 5 6 1 3 5 7 1 4 5");
 }
 
+TEST(MusicXmlForm, endingsThatEndNowhereOrBeforeTheyBeginHoldWhatTheirRepeatSays)
+{
+    const auto mark = [](const char *side, int pass, const char *type, bool isRepeat = false) {
+        return std::string("<barline location=\"") + side + "\"><ending number=\""
+            + std::to_string(pass) + "\" type=\"" + type + "\"/>"
+            + (isRepeat ? "<repeat direction=\"backward\"/>" : "") + "</barline>";
+    };
+    const auto endings = [](const std::string &measures) {
+        ImportReport report;
+        const auto model = import(score(measures), report);
+        std::string text;
+        for (const auto &bar : model->masterTrack()->masterBars())
+            text += std::to_string(bar->alternateEndings());
+        return text + " " + problems(measures);
+    };
+    const auto first = mark("left", 1, "start");
+    const auto second = mark("left", 2, "start");
+    EXPECT_EQ(endings(bar(1) + bar(2, 3, "", mark("right", 1, "stop"))
+                      + bar(3, 3, first, mark("right", 2, "discontinue", true)) + bar(4, 3, second)
+                      + bar(5) + bar(6, 3, repeatStart) + bar(7)),
+              "0012000 2: an ending ends in front of the bar in which it begins; the end was left "
+              "out\n")
+        << "as written one bar off";
+    EXPECT_EQ(
+        endings(bar(1, 3, first) + bar(2, 3, "", repeatEnd) + bar(3, 3, second) + bar(4) + bar(5)),
+        "11200 3: the ending before has no end; it ends here\n");
+    EXPECT_EQ(endings(bar(1) + bar(2, 3, first, repeatEnd) + bar(3, 3, second)
+                      + bar(4, 3, "", repeatEnd) + bar(5, 3, mark("left", 3, "start"))),
+              "01224 3: the ending before has no end; it ends here\n"
+              "5: the ending before has no end; it ends here\n");
+    EXPECT_EQ(
+        endings(bar(1, 3, second) + bar(2) + bar(3, 3, "", mark("right", 1, "stop")) + bar(4)),
+        "2210 3: an ending ends that was not begun; it covers this bar\n"
+        "1: repeats and jumps lead past the bars up to 2; they are never played\n");
+}
+
 TEST(MusicXmlForm, aFineEndsItsMovementAlone)
 {
     const auto first = bar(1) + bar(2, 3, "", finalBar);

@@ -134,21 +134,16 @@ bool isEndingNumbers(const std::string &text)
 void BarlineReader::readEnding(pugi::xml_node ending, bool left, PartFacts &facts)
 {
     const std::string_view type = ending.attribute("type").value();
+    if (type == "start")
+        return startEnding(ending, facts);
     const int bar = _context.bar();
-    if (type == "start") {
-        if (_open) {
-            _context.addProblem(ending, "the ending before has no end; it ends here");
-            _open->last = std::max(_open->first, bar - 1);
-            facts.endings.push_back(*_open);
-        }
-        _open = WrittenEnding{bar, bar, passesOf(ending), false};
-        _open->text = _context.fewWords(ending, ending.child_value());
-        _open->isHidden = std::string_view(ending.attribute("print-object").value()) == "no";
-        return;
-    }
+    const auto passes = passesOf(ending);
+    settleUnbegun(facts, nullptr);
+    if (_open && bar > _open->first && (_open->passes & passes) == 0)
+        loseEnding(bar - 1, facts);
     if (!_open) {
-        _context.addProblem(ending, "an ending ends that was not begun; it covers this bar");
-        _open = WrittenEnding{bar, bar, passesOf(ending), false};
+        _unbegun = UnbegunEnding{{bar, bar, passes, type == "discontinue"}, ending};
+        return;
     }
     _open->last = std::max(_open->first, left ? bar - 1 : bar);
     _open->isOpen = type == "discontinue";
@@ -156,13 +151,52 @@ void BarlineReader::readEnding(pugi::xml_node ending, bool left, PartFacts &fact
     _open.reset();
 }
 
+void BarlineReader::startEnding(pugi::xml_node ending, PartFacts &facts)
+{
+    const int bar = _context.bar();
+    WrittenEnding started{bar, bar, passesOf(ending)};
+    settleUnbegun(facts, &started);
+    if (_open) {
+        _context.addProblem(ending, "the ending before has no end; it ends here");
+        loseEnding(bar - 1, facts);
+    }
+    started.text = _context.fewWords(ending, ending.child_value());
+    started.isHidden = std::string_view(ending.attribute("print-object").value()) == "no";
+    _open = std::move(started);
+}
+
+/// Closes an ending that nobody ended, at a bar that it does not go past.
+void BarlineReader::loseEnding(int last, PartFacts &facts)
+{
+    _open->last = std::max(_open->first, last);
+    _open->isLost = _open->last > _open->first;
+    facts.endings.push_back(*_open);
+    _open.reset();
+}
+
+/// Some programs write the end of an ending of one bar in front of the bar: it says nothing then.
+void BarlineReader::settleUnbegun(PartFacts &facts, const WrittenEnding *next)
+{
+    if (!_unbegun)
+        return;
+    const auto &[ending, node] = *_unbegun;
+    if (next && next->first == ending.last + 1 && next->passes == ending.passes) {
+        _context.addProblemInBar(ending.last, node,
+                                 "an ending ends in front of the bar in which it begins; the end "
+                                 "was left out");
+    } else {
+        _context.addProblemInBar(ending.last, node,
+                                 "an ending ends that was not begun; it covers this bar");
+        facts.endings.push_back(ending);
+    }
+    _unbegun.reset();
+}
+
 void BarlineReader::finishPart(PartFacts &facts)
 {
-    if (_open) {
-        _open->last = std::max(_open->first, static_cast<int>(facts.bars.size()) - 1);
-        facts.endings.push_back(*_open);
-    }
-    _open.reset();
+    settleUnbegun(facts, nullptr);
+    if (_open)
+        loseEnding(static_cast<int>(facts.bars.size()) - 1, facts);
 }
 
 std::uint32_t BarlineReader::passesOf(pugi::xml_node ending)

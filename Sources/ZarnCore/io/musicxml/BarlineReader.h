@@ -35,10 +35,20 @@ private:
     void readFermata(pugi::xml_node fermata, bool left, PartFacts &facts);
     void readRepeat(pugi::xml_node repeat, PartFacts &facts);
     void readEnding(pugi::xml_node ending, bool left, PartFacts &facts);
+    void startEnding(pugi::xml_node ending, PartFacts &facts);
+    void loseEnding(int last, PartFacts &facts);
+    void settleUnbegun(PartFacts &facts, const WrittenEnding *next);
     std::uint32_t passesOf(pugi::xml_node ending);
 
     ImportContext &_context;
     std::optional<WrittenEnding> _open;
+
+    /// An end without a beginning, until it is known whether one comes with the next bar.
+    struct UnbegunEnding {
+        WrittenEnding ending;
+        pugi::xml_node node;
+    };
+    std::optional<UnbegunEnding> _unbegun;
 };
 
 } // namespace zarn::io

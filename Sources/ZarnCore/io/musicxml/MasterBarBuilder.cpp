@@ -190,8 +190,28 @@ int lastBarOf(const WrittenEnding &ending, const MasterTrack::MasterBars &bars)
     return ending.last;
 }
 
-void setEndings(const std::vector<WrittenEnding> &endings, const MasterTrack::MasterBars &bars)
+/// Where an ending is over that nobody ended: with the repeat that it leads to. The last one of a
+/// repeat, which leads to none, has its first bar for sure.
+int lastBarOfLost(const WrittenEnding &ending, const MasterTrack::MasterBars &bars)
 {
+    const auto at = [&bars](int bar) -> const MasterBar & {
+        return *bars[static_cast<std::size_t>(bar)];
+    };
+    const bool isBehindRepeat = ending.first > 0 && at(ending.first - 1).isRepeatEnd();
+    for (int bar = ending.first; bar <= ending.last; ++bar) {
+        if (bar > ending.first && (at(bar).isRepeatStart() || at(bar).isMovementStart()))
+            return isBehindRepeat ? ending.first : bar - 1;
+        if (at(bar).isRepeatEnd())
+            return isBehindRepeat && bar != ending.last ? ending.first : bar;
+    }
+    return isBehindRepeat ? ending.first : ending.last;
+}
+
+void setEndings(std::vector<WrittenEnding> endings, const MasterTrack::MasterBars &bars)
+{
+    for (auto &ending : endings)
+        if (ending.isLost)
+            ending.last = lastBarOfLost(ending, bars);
     const auto add = [&bars](const WrittenEnding &ending, int last) {
         for (int bar = ending.first; bar <= last; ++bar) {
             auto &column = *bars[static_cast<std::size_t>(bar)];

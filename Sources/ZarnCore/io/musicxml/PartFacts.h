@@ -66,6 +66,7 @@ struct WrittenEnding {
     int last;
     std::uint32_t passes;
     bool isOpen = false;   ///< the bracket has no end, as of an ending that the music goes on from
+    bool isLost = false;   ///< nobody says where it ends: `last` is the last bar it can have
     std::string text = {}; ///< where that is another one than its numbers
     bool isHidden = false;
 };
