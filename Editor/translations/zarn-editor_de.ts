@@ -1037,6 +1037,118 @@
         <source>Jump text</source>
         <translation>Sprungtext</translation>
     </message>
+    <message>
+        <source>Begin below</source>
+        <translation>Beginn darunter</translation>
+    </message>
+    <message>
+        <source>Dynamic side</source>
+        <translation>Lage der Dynamik</translation>
+    </message>
+    <message>
+        <source>Filled</source>
+        <translation>Gefüllt</translation>
+    </message>
+    <message>
+        <source>Hairpin side</source>
+        <translation>Lage der Gabel</translation>
+    </message>
+    <message>
+        <source>Head</source>
+        <translation>Notenkopf</translation>
+    </message>
+    <message>
+        <source>Head fill</source>
+        <translation>Füllung des Notenkopfs</translation>
+    </message>
+    <message>
+        <source>Text below</source>
+        <translation>Text darunter</translation>
+    </message>
+    <message>
+        <source>arrow down</source>
+        <translation>Pfeil abwärts</translation>
+    </message>
+    <message>
+        <source>arrow up</source>
+        <translation>Pfeil aufwärts</translation>
+    </message>
+    <message>
+        <source>back slashed</source>
+        <translation>rückwärts durchgestrichen</translation>
+    </message>
+    <message>
+        <source>circle-x</source>
+        <translation>Kreuz im Kreis</translation>
+    </message>
+    <message>
+        <source>cluster</source>
+        <translation>Cluster</translation>
+    </message>
+    <message>
+        <source>cross</source>
+        <translation>Kreuz</translation>
+    </message>
+    <message>
+        <source>diamond</source>
+        <translation>Raute</translation>
+    </message>
+    <message>
+        <source>do</source>
+        <translation>do</translation>
+    </message>
+    <message>
+        <source>fa</source>
+        <translation>fa</translation>
+    </message>
+    <message>
+        <source>inverted triangle</source>
+        <translation>umgekehrtes Dreieck</translation>
+    </message>
+    <message>
+        <source>la</source>
+        <translation>la</translation>
+    </message>
+    <message>
+        <source>mi</source>
+        <translation>mi</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keiner</translation>
+    </message>
+    <message>
+        <source>normal</source>
+        <translation>normal</translation>
+    </message>
+    <message>
+        <source>re</source>
+        <translation>re</translation>
+    </message>
+    <message>
+        <source>slash</source>
+        <translation>Schrägstrich</translation>
+    </message>
+    <message>
+        <source>slashed</source>
+        <translation>durchgestrichen</translation>
+    </message>
+    <message>
+        <source>so</source>
+        <translation>so</translation>
+    </message>
+    <message>
+        <source>square</source>
+        <translation>Quadrat</translation>
+    </message>
+    <message>
+        <source>ti</source>
+        <translation>ti</translation>
+    </message>
+    <message>
+        <source>triangle</source>
+        <translation>Dreieck</translation>
+    </message>
 </context>
 <context>
     <name>BarActions</name>

@@ -69,12 +69,21 @@ constexpr auto noteHeadTexts =
                         });
 static_assert(noteHeadTexts.isConsistent());
 
+constexpr auto headFillTexts = enumTable<HeadFill>(KeyMatch::UpperCase,
+                                                   {
+                                                       {HeadFill::Auto, "Auto"},
+                                                       {HeadFill::Filled, "Filled"},
+                                                       {HeadFill::Open, "Open"},
+                                                   });
+static_assert(headFillTexts.isConsistent());
+
 constexpr auto stemOrientationTexts =
     enumTable<ZarnStemOrientation>(KeyMatch::Exact,
                                    {
                                        {ZarnStemOrientation::Upward, "Upward"},
                                        {ZarnStemOrientation::Downward, "Downward"},
                                        {ZarnStemOrientation::Undefined, "Undefined"},
+                                       {ZarnStemOrientation::None, "None"},
                                    });
 static_assert(stemOrientationTexts.isConsistent());
 
@@ -177,6 +186,16 @@ std::string noteHeadToString(NoteHead value)
 NoteHead noteHeadFromString(const std::string &text)
 {
     return noteHeadTexts.valueOrFirst(text);
+}
+
+std::string headFillToString(HeadFill value)
+{
+    return std::string(headFillTexts.textOrFirst(value));
+}
+
+HeadFill headFillFromString(const std::string &text)
+{
+    return headFillTexts.valueOrFirst(text);
 }
 
 std::string stemOrientationToString(ZarnStemOrientation value)

@@ -65,10 +65,20 @@ enum class NoteHead : std::uint8_t {
     Ti,
 };
 
+/// Whether a head is a full or an open one: as the value of its note has it, or for all values.
+enum class HeadFill : std::uint8_t {
+    Auto,
+    Filled,
+    Open,
+};
+
+/// Where the stem of a beat points; whether up or down is for the layout to say where it is not
+/// defined. Beats without a stem have no flags and no beams.
 enum class ZarnStemOrientation : std::uint8_t {
     Upward,
     Downward,
     Undefined,
+    None,
 };
 
 /// Bars that repeat the one or two bars before; the halves of a double mark are 32 + 1 and 32 + 2.
@@ -131,6 +141,9 @@ ZARNCORE_EXPORT Ottavia ottaviaFromString(const std::string &text);
 
 ZARNCORE_EXPORT std::string noteHeadToString(NoteHead value);
 ZARNCORE_EXPORT NoteHead noteHeadFromString(const std::string &text);
+
+ZARNCORE_EXPORT std::string headFillToString(HeadFill value);
+ZARNCORE_EXPORT HeadFill headFillFromString(const std::string &text);
 
 ZARNCORE_EXPORT std::string stemOrientationToString(ZarnStemOrientation value);
 ZARNCORE_EXPORT ZarnStemOrientation stemOrientationFromString(const std::string &text);

@@ -80,19 +80,20 @@ constexpr auto slurLineTexts = enumTable<SlurLine>(KeyMatch::UpperCase,
                                                    });
 static_assert(slurLineTexts.isConsistent());
 
-constexpr auto slurSideTexts = enumTable<SlurSide>(KeyMatch::UpperCase,
+constexpr auto markSideTexts = enumTable<MarkSide>(KeyMatch::UpperCase,
                                                    {
-                                                       {SlurSide::Auto, "Auto"},
-                                                       {SlurSide::Above, "Above"},
-                                                       {SlurSide::Below, "Below"},
+                                                       {MarkSide::Auto, "Auto"},
+                                                       {MarkSide::Above, "Above"},
+                                                       {MarkSide::Below, "Below"},
                                                    });
-static_assert(slurSideTexts.isConsistent());
+static_assert(markSideTexts.isConsistent());
 
 constexpr auto textSpanTexts = enumTable<TextSpan>(KeyMatch::UpperCase,
                                                    {
                                                        {TextSpan::None, "None"},
                                                        {TextSpan::Begin, "Begin"},
                                                        {TextSpan::End, "End"},
+                                                       {TextSpan::BeginBelow, "BeginBelow"},
                                                    });
 static_assert(textSpanTexts.isConsistent());
 
@@ -177,14 +178,14 @@ SlurLine slurLineFromString(const std::string &text)
     return slurLineTexts.valueOrFirst(text);
 }
 
-std::string slurSideToString(SlurSide value)
+std::string markSideToString(MarkSide value)
 {
-    return std::string(slurSideTexts.textOrFirst(value));
+    return std::string(markSideTexts.textOrFirst(value));
 }
 
-SlurSide slurSideFromString(const std::string &text)
+MarkSide markSideFromString(const std::string &text)
 {
-    return slurSideTexts.valueOrFirst(text);
+    return markSideTexts.valueOrFirst(text);
 }
 
 std::string textSpanToString(TextSpan value)

@@ -66,12 +66,19 @@ enum class Syllabic : std::uint8_t {
     End,
 };
 
-/// Dashes that show how far the words over a beat hold: from here, or to here.
+/// Dashes that show how far the words at a beat hold: from here, behind those over it or behind
+/// those under it, or to here.
 enum class TextSpan : std::uint8_t {
     None,
     Begin,
     End,
+    BeginBelow,
 };
+
+constexpr bool begins(TextSpan span) noexcept
+{
+    return span == TextSpan::Begin || span == TextSpan::BeginBelow;
+}
 
 /// How the curve of a slur is drawn.
 enum class SlurLine : std::uint8_t {
@@ -80,12 +87,14 @@ enum class SlurLine : std::uint8_t {
     Dotted,
 };
 
-/// Where a slur lies: as stems and voices have it, or over or under its notes.
-enum class SlurSide : std::uint8_t {
+/// Where a slur, a dynamic or a hairpin lies: as the music around it has it, or over or under its
+/// notes.
+enum class MarkSide : std::uint8_t {
     Auto,
     Above,
     Below,
 };
+using SlurSide = MarkSide;
 
 /// What joins the staves of a group of tracks at the start of a system.
 enum class GroupSymbol : std::uint8_t {
@@ -116,8 +125,8 @@ ZARNCORE_EXPORT Syllabic syllabicFromString(const std::string &text);
 ZARNCORE_EXPORT std::string slurLineToString(SlurLine value);
 ZARNCORE_EXPORT SlurLine slurLineFromString(const std::string &text);
 
-ZARNCORE_EXPORT std::string slurSideToString(SlurSide value);
-ZARNCORE_EXPORT SlurSide slurSideFromString(const std::string &text);
+ZARNCORE_EXPORT std::string markSideToString(MarkSide value);
+ZARNCORE_EXPORT MarkSide markSideFromString(const std::string &text);
 
 ZARNCORE_EXPORT std::string textSpanToString(TextSpan value);
 ZARNCORE_EXPORT TextSpan textSpanFromString(const std::string &text);

@@ -120,8 +120,9 @@ TEST(Types, everyTextStandsInItsPlaceAndIsReadAgain)
     expectForgivingRoundTrips<SimileMark>(
         simileMarkToString, simileMarkFromString,
         {"None", "Simple", "Double", "FirstOfDouble", "SecondOfDouble"});
-    expectForgivingRoundTrips<ZarnStemOrientation>(
-        stemOrientationToString, stemOrientationFromString, {"Upward", "Downward", "Undefined"});
+    expectForgivingRoundTrips<ZarnStemOrientation>(stemOrientationToString,
+                                                   stemOrientationFromString,
+                                                   {"Upward", "Downward", "Undefined", "None"});
     expectForgivingRoundTrips<TempoUnit>(
         tempoUnitToString, tempoUnitFromString,
         {"None", "Eighth", "Quarter", "QuarterDotted", "Half", "HalfDotted"});

@@ -64,7 +64,7 @@ private:
         for (const SlurEnd &end : beat.slurEnds())
             text += end.isBegin ? '(' : ')';
         if (beat.textSpan() != TextSpan::None)
-            text += beat.textSpan() == TextSpan::Begin ? '<' : '>';
+            text += "<>_"[static_cast<std::size_t>(beat.textSpan()) - 1];
         for (const Syllable &syllable : beat.lyrics()) {
             const bool isWithin =
                 syllable.syllabic == Syllabic::Middle || syllable.syllabic == Syllabic::End;
@@ -193,6 +193,8 @@ TEST_F(SpanCommandsTest, spansAreGivenToRanges)
               ".[...|..]..|....|....|....");
     EXPECT_EQ(afterAndBack("line", give(range, BeatAttribute::TextSpan, TextSpan::Begin)),
               ".<...|..>..|....|....|....");
+    EXPECT_EQ(afterAndBack("below", give(range, BeatAttribute::TextSpan, TextSpan::BeginBelow)),
+              "._...|..>..|....|....|....");
     EXPECT_EQ(afterAndBack("slur", give(range, BeatAttribute::SlurEnds, SlurEnds{{4, true}})),
               ".(...|..)..|....|....|....");
     EXPECT_EQ(after("one", give(one(1, 3), BeatAttribute::TextSpan, TextSpan::Begin)),

@@ -225,6 +225,31 @@ TEST(LilyPondExporter, namesDrumsByTheirKeysAndLooks)
     EXPECT_TRUE(has(text, "(acousticsnareII triangle #f")) << text;
 }
 
+TEST(LilyPondExporter, putsSignsOnTheirSidesAndShapesHeadsAndStems)
+{
+    const auto score = scoreOf("piano: c5q d5 e5 f5");
+    Beat &first = beatOf(*score, 0, 0);
+    first.setDynamic(NoteDynamic::Value::P);
+    first.setDynamicSide(MarkSide::Above);
+    first.setHairpin(Hairpin::Crescendo);
+    first.setHairpinSide(MarkSide::Below);
+    first.setText("arco");
+    first.setTextBelow("dolce");
+    beatOf(*score, 0, 1).setTextBelow("rit.");
+    beatOf(*score, 0, 1).setTextSpan(TextSpan::BeginBelow);
+    beatOf(*score, 0, 2).setTextSpan(TextSpan::End);
+    Beat &last = beatOf(*score, 0, 3);
+    last.note(0)->setNoteHead(NoteHead::Diamond);
+    last.note(0)->setHeadFill(HeadFill::Open);
+    last.setStemOrientation(ZarnStemOrientation::None);
+    const std::string text = exported(*score->scoreModel());
+    for (const char *const words :
+         {"^\\p_\\<", "^\"arco\"_\"dolce\"", "_\\startTextSpan",
+          "\\once \\omit Stem \\once \\omit Flag ",
+          "\\tweak NoteHead.style #'diamond \\tweak NoteHead.duration-log #1 "})
+        EXPECT_TRUE(has(text, words)) << words << " in " << text;
+}
+
 TEST(LilyPondExporter, drawsSlursHairpinsAndLines)
 {
     const auto score = scoreOf("guitar: 1:5q 1:7 1:8 1:7 | 2:5q 2:5 2:5 2:5");

@@ -419,3 +419,73 @@ TEST(MusicXmlMarks, whatElseAnEngraverAsksFor)
     EXPECT_EQ(model->fullScoreSystemsLayout(), (std::vector<int>{1}));
     EXPECT_TRUE(report.unheld().empty());
 }
+
+/// What is said of a side is kept and written again; what is moved off the staff is on a side too.
+TEST(MusicXmlMarks, wordsDynamicsAndHairpinsKeepTheirSides)
+{
+    const auto direction = [](const std::string &placement, const std::string &content) {
+        return "<direction" + (placement.empty() ? "" : " placement=\"" + placement + "\"")
+            + "><direction-type>" + content + "</direction-type></direction>";
+    };
+    const std::string above = "above";
+    const std::string below = "below";
+    const std::string written = direction(above, "<words>arco</words>")
+        + direction(below, "<words>dolce</words>") + direction(below, in("dynamics", "<p/>"))
+        + note("C", 5, 1, "quarter") + direction("", "<words default-y=\"-65\">sotto</words>")
+        + direction("", "<words>voce</words>") + direction("", in("dynamics", "<mf/>"))
+        + direction(above, "<wedge type=\"crescendo\"/>") + note("C", 5, 1, "quarter")
+        + direction(above, in("dynamics", "<other-dynamics>subito</other-dynamics><sfz/>"))
+        + note("C", 5, 1, "quarter") + direction(above, "<wedge type=\"stop\"/>")
+        + direction(below, "<words>cresc.</words>") + direction("", "<dashes type=\"start\"/>")
+        + note("C", 5, 1, "quarter");
+    const std::string behind = direction("", "<dashes type=\"stop\"/>");
+    const auto said = [](const ScoreModel &model) {
+        std::string text;
+        for (const auto &beat : beatsOf(model))
+            text += beat->text() + '/' + beat->textBelow() + ' '
+                + textSpanToString(beat->textSpan()) + ' ' + markSideToString(beat->dynamicSide())
+                + ' ' + markSideToString(beat->hairpinSide()) + '|';
+        return text;
+    };
+    ImportReport report;
+    const auto model =
+        import(score(measure(written) + measure(note("C", 5, 4, "whole") + behind)), report);
+    EXPECT_EQ(said(*model),
+              "arco/dolce None Below Auto|voce/sotto None Auto Above|"
+              "subito\u00a0/ None Above Above|/cresc. BeginBelow Auto Auto|/ End Auto Auto|");
+    EXPECT_TRUE(report.unheld().empty());
+    io::ExportReport told;
+    const auto copy = import(io::MusicXmlExporter().toText(*model, told), report);
+    EXPECT_EQ(said(*copy), said(*model));
+    EXPECT_TRUE(told.unheld().empty() && told.problems().empty());
+}
+
+/// A head may be open or full against the value of its note, which may have no stem.
+TEST(MusicXmlMarks, headsAreFilledAsIsSaidAndStemsLeftOut)
+{
+    const auto headed = [](const std::string &behind, const char *type = "quarter") {
+        return "<note><pitch><step>C</step><octave>5</octave></pitch><duration>1</duration><type>"
+            + std::string(type) + "</type>" + behind + "</note>";
+    };
+    ImportReport report;
+    const auto model =
+        import(score(measure(headed("<stem>none</stem><notehead filled=\"no\">diamond</notehead>")
+                             + headed("<notehead filled=\"yes\">normal</notehead>", "half")
+                             + headed("<stem>none</stem>", "whole"))),
+               report);
+    const auto looks = [](const ScoreModel &read) {
+        std::string text;
+        for (const auto &beat : beatsOf(read))
+            text += stemOrientationToString(beat->stemOrientation()) + ' '
+                + noteHeadToString(beat->note(0)->noteHead()) + ' '
+                + headFillToString(beat->note(0)->headFill()) + '|';
+        return text;
+    };
+    EXPECT_EQ(looks(*model), "None diamond Open|Undefined normal Filled|Undefined normal Auto|")
+        << "whole notes have no stem anyway";
+    EXPECT_TRUE(report.unheld().empty());
+    io::ExportReport told;
+    const auto copy = import(io::MusicXmlExporter().toText(*model, told), report);
+    EXPECT_EQ(looks(*copy), looks(*model));
+    EXPECT_TRUE(told.unheld().empty());
+}

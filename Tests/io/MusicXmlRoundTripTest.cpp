@@ -131,7 +131,7 @@ void expectKeptOrTold(const std::set<std::string_view> &others, Set set)
 const std::set<std::string_view> joiningAttributes = {
     "Rhythm",        "GraceType",         "SlashedGrace", "PlaceHolder", "WholeBarRest",
     "SlurredToNext", "SlurredToPrevious", "SlurBegins",   "SlurEnds",    "HairpinBegins",
-    "TextSpan",      "SlurLine",          "SlurSide"};
+    "TextSpan",      "SlurLine",          "SlurSide",     "DynamicSide", "HairpinSide"};
 
 TEST(MusicXmlRoundTrip, attributesOfBeatsComeBackOrAreTold)
 {

@@ -156,7 +156,7 @@ TEST(MusicXmlSpans, slursKeepTheLineAndTheSideThatTheyBeginWith)
     const auto model = import(score(measure(written) + measure(quarter(slur("stop")))), report);
     const auto looksOf = [](const ScoreModel &model) {
         const auto look = [](SlurLine line, SlurSide side) {
-            return slurLineToString(line) + slurSideToString(side);
+            return slurLineToString(line) + markSideToString(side);
         };
         return signsOf(model, [&](const Beat &beat) {
             std::string text = look(beat.slurLine(), beat.slurSide());

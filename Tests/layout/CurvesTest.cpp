@@ -160,7 +160,7 @@ TEST(CurvesTest, slursLieOnTheSideThatTheyAreGiven)
     for (const int key : {64, 79})
         for (const bool isNumbered : {false, true})
             for (const SlurSide side : {SlurSide::Auto, SlurSide::Above, SlurSide::Below}) {
-                SCOPED_TRACE(std::to_string(key) + " " + slurSideToString(side)
+                SCOPED_TRACE(std::to_string(key) + " " + markSideToString(side)
                              + (isNumbered ? " by number" : ""));
                 Piece piece;
                 for (unsigned i = 0; i < 4; ++i) {
@@ -189,7 +189,7 @@ TEST(CurvesTest, slursLieOnTheSideThatTheyAreGiven)
 TEST(CurvesTest, halvesOfSlursAndSlursOfGraceNotesLieOnTheSideThatTheyAreGiven)
 {
     for (const SlurSide side : {SlurSide::Above, SlurSide::Below}) {
-        SCOPED_TRACE(slurSideToString(side));
+        SCOPED_TRACE(markSideToString(side));
         const bool isAbove = side == SlurSide::Above;
         constexpr unsigned bars = 16;
         Piece piece(bars);

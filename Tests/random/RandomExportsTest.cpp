@@ -79,7 +79,7 @@ std::multiset<std::string> takeSlurs(const Track &track)
     std::multiset<std::string> slurs;
     const auto add = [&](const Beat &begin, const Beat &end, SlurLine line, SlurSide side) {
         slurs.insert("slur " + nameOf(begin) + " to " + nameOf(end) + ' ' + slurLineToString(line)
-                     + ' ' + slurSideToString(side));
+                     + ' ' + markSideToString(side));
     };
     using Time = std::pair<unsigned, utils::rational>;
     std::map<int, std::multimap<Time, std::pair<const Beat *, SlurEnd>>> numbered;

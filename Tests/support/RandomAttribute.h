@@ -40,7 +40,11 @@ private:
     zarn::AttributeValue draw(bool, const zarn::AttributeRange &) const { return maybe(); }
     zarn::AttributeValue draw(int, const zarn::AttributeRange &range) const
     {
-        return between(static_cast<int>(range.lowest), static_cast<int>(range.highest));
+        int number = 0;
+        do
+            number = between(static_cast<int>(range.lowest), static_cast<int>(range.highest));
+        while (range.isGap(number));
+        return number;
     }
     zarn::AttributeValue draw(double, const zarn::AttributeRange &range) const
     {

@@ -107,9 +107,9 @@ const Choices &wahChoices()
 
 const Choices &stemChoices()
 {
-    static const Choices choices = {choice("up", ZarnStemOrientation::Upward),
-                                    choice("down", ZarnStemOrientation::Downward),
-                                    choice("auto", ZarnStemOrientation::Undefined)};
+    static const Choices choices = {
+        choice("up", ZarnStemOrientation::Upward), choice("down", ZarnStemOrientation::Downward),
+        choice("none", ZarnStemOrientation::None), choice("auto", ZarnStemOrientation::Undefined)};
     return choices;
 }
 

@@ -116,7 +116,7 @@ bool beginsSpan(SpanKind kind, const AttributeValue &value)
     case SpanKind::Pedal:
         return value.to<PedalChange>() == PedalChange::Start;
     case SpanKind::TextSpan:
-        return value.to<TextSpan>() == TextSpan::Begin;
+        return begins(value.to<TextSpan>());
     case SpanKind::Slur: {
         const auto ends = value.to<SlurEnds>();
         return std::any_of(ends.begin(), ends.end(),

@@ -80,6 +80,15 @@ constexpr AttributeRange enumerators() noexcept
             &enumeratorTexts<&textOfNumber<ToText>, Highest>};
 }
 
+/// Of an enumeration whose numbers leave some out.
+template <auto ToText, int Highest>
+constexpr AttributeRange enumeratorsWithGaps() noexcept
+{
+    auto range = enumerators<ToText, Highest>();
+    range.hasGaps = true;
+    return range;
+}
+
 template <class Node>
 const Node &nodeWithDefaults()
 {

@@ -98,7 +98,7 @@ Fadding faddingOf(Fadding whole, const Part &part)
 
 TextSpan textSpanOf(TextSpan whole, const Part &part)
 {
-    const bool isHere = whole == TextSpan::Begin ? part.isFirst : part.isLast;
+    const bool isHere = begins(whole) ? part.isFirst : part.isLast;
     return isHere ? whole : TextSpan::None;
 }
 

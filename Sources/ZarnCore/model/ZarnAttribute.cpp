@@ -78,7 +78,7 @@ struct Writer {
         return joined(value, [](const SlurEnd &end) {
             return (end.isBegin ? "begin " : "end ") + std::to_string(end.number)
                 + (end.line == SlurLine::Solid ? "" : " " + slurLineToString(end.line))
-                + (end.side == SlurSide::Auto ? "" : " " + slurSideToString(end.side));
+                + (end.side == SlurSide::Auto ? "" : " " + markSideToString(end.side));
         });
     }
     std::string operator()(const TimeSignature &value) const
@@ -222,12 +222,17 @@ const AttributeValue &AttributeRange::sample() const
     return all[alternative];
 }
 
+bool AttributeRange::isGap(int number) const
+{
+    return hasGaps && texts()[static_cast<std::size_t>(number)].empty();
+}
+
 bool AttributeRange::contains(const AttributeValue &value) const
 {
     if (value.alternative() != alternative)
         return false;
     if (const int *const number = std::get_if<int>(&value.held()))
-        return *number >= lowest && *number <= highest;
+        return *number >= lowest && *number <= highest && !isGap(*number);
     if (const double *const number = std::get_if<double>(&value.held())) {
         // A document writes the float that is nearest to 0.1 as 0.1, which is a little less.
         const auto held = static_cast<float>(*number);

@@ -69,6 +69,9 @@ struct ZARNCORE_EXPORT AttributeRange {
     /// For enumerators: their texts by number, empty where an enumerator has none of its own.
     const std::vector<std::string> &(*texts)() = nullptr;
 
+    /// Whether the numbers without a text are none of an enumerator.
+    bool hasGaps = false;
+
     /// Some value of the kind.
     const AttributeValue &sample() const;
 
@@ -82,6 +85,9 @@ struct ZARNCORE_EXPORT AttributeRange {
     /// whose texts cannot be read back: rhythms, chords with diagrams, lyrics, slurs, keys,
     /// sections, changes of clefs.
     std::optional<AttributeValue> fromText(std::string_view text) const;
+
+    /// Whether a number between the others is none of an enumerator.
+    bool isGap(int number) const;
 
     /// What is taken, for a message: "one of None, Up, Down", "a whole number from 0 to 127".
     std::string description() const;

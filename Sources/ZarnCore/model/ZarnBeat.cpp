@@ -170,8 +170,10 @@ bool areValid(const BeatDetails &details) noexcept
 {
     return details.whammyBar.isValid() && areValid(details.lyrics) && areValid(details.slurEnds)
         && details.barre.isValid() && details.strumLength <= Strum::LongestLength
-        && details.strumAnchor <= StrumAnchor::EndsOnBeat && details.textSpan <= TextSpan::End
-        && details.slurLine <= SlurLine::Dotted && details.slurSide <= SlurSide::Below;
+        && details.strumAnchor <= StrumAnchor::EndsOnBeat
+        && details.textSpan <= TextSpan::BeginBelow && details.slurLine <= SlurLine::Dotted
+        && details.slurSide <= SlurSide::Below && details.dynamicSide <= MarkSide::Below
+        && details.hairpinSide <= MarkSide::Below;
 }
 
 } // namespace
@@ -188,9 +190,14 @@ void Beat::setText(const std::string &text)
     _details.change([&](BeatDetails &details) { details.text = text; });
 }
 
+void Beat::setTextBelow(const std::string &text)
+{
+    _details.change([&](BeatDetails &details) { details.textBelow = text; });
+}
+
 void Beat::setTextSpan(TextSpan span)
 {
-    ZARN_ASSERT_IN("zarn::Beat::setTextSpan", span <= TextSpan::End);
+    ZARN_ASSERT_IN("zarn::Beat::setTextSpan", span <= TextSpan::BeginBelow);
     _details.change([&](BeatDetails &details) { details.textSpan = span; });
     spansChanged();
 }
@@ -205,6 +212,18 @@ void Beat::setSlurSide(SlurSide side)
 {
     ZARN_ASSERT_IN("zarn::Beat::setSlurSide", side <= SlurSide::Below);
     _details.change([&](BeatDetails &details) { details.slurSide = side; });
+}
+
+void Beat::setDynamicSide(MarkSide side)
+{
+    ZARN_ASSERT_IN("zarn::Beat::setDynamicSide", side <= MarkSide::Below);
+    _details.change([&](BeatDetails &details) { details.dynamicSide = side; });
+}
+
+void Beat::setHairpinSide(MarkSide side)
+{
+    ZARN_ASSERT_IN("zarn::Beat::setHairpinSide", side <= MarkSide::Below);
+    _details.change([&](BeatDetails &details) { details.hairpinSide = side; });
 }
 
 void Beat::setChord(const ChordMark &chord)

@@ -132,11 +132,14 @@ public:
     /// Whether it has none of the attributes that most beats of most scores lack.
     bool isCommon() const noexcept { return (_marks & ~commonMask) == 0 && !hasDetails(); }
 
-    /// Free text over the beat, UTF-8.
+    // Free texts over and under the beat, UTF-8.
+
     const std::string &text() const noexcept { return details().text; }
     void setText(const std::string &text);
+    const std::string &textBelow() const noexcept { return details().textBelow; }
+    void setTextBelow(const std::string &text);
 
-    /// Dashes behind the text, or the end of such dashes.
+    /// Dashes behind one of the texts, or the end of such dashes.
     TextSpan textSpan() const noexcept { return details().textSpan; }
     void setTextSpan(TextSpan span);
 
@@ -170,6 +173,14 @@ public:
     void setSlurLine(SlurLine line);
     SlurSide slurSide() const noexcept { return details().slurSide; }
     void setSlurSide(SlurSide side);
+
+    // The side of the level and of the attack, and that of the hairpin: all of one is drawn as its
+    // first beat says.
+
+    MarkSide dynamicSide() const noexcept { return details().dynamicSide; }
+    void setDynamicSide(MarkSide side);
+    MarkSide hairpinSide() const noexcept { return details().hairpinSide; }
+    void setHairpinSide(MarkSide side);
 
     /// Slurs beside the one of the marks.
     const SlurEnds &slurEnds() const noexcept { return details().slurEnds; }

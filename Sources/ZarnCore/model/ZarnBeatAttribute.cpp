@@ -120,7 +120,11 @@ bool isUnderSlur(const Staff &, const Beat &beat, const AttributeValue &)
 {
     return beat.isSlurredToNext() || beat.isSlurredToPrevious();
 }
-bool canBeginHairpin(const Staff &, const Beat &beat, const AttributeValue &)
+bool hasLevel(const Staff &, const Beat &beat, const AttributeValue &)
+{
+    return beat.dynamic() != NoteDynamic() || beat.attackDynamic() != AttackDynamic::None;
+}
+bool hasHairpin(const Staff &, const Beat &beat, const AttributeValue &)
 {
     return beat.hairpin() != Hairpin::NoHairpin;
 }
@@ -162,7 +166,7 @@ constexpr std::array<Row, BeatAttributeCount> rows = {{
           row<&Beat::chord, &Beat::setChord>(Id::Chord, "Chord", "", anyOf<ChordMark>())),
     linking(row<&Beat::hairpin, &Beat::setHairpin>(Id::Hairpin, "Hairpin", "hairpin",
                                                    enumerators<hairpinToString, 3>(), Split::Cut)),
-    where(canBeginHairpin,
+    where(hasHairpin,
           linking(row<&Beat::beginsHairpin, &Beat::setHairpinBegins>(
               Id::HairpinBegins, "HairpinBegins", "hairpinBegins", anyOf<bool>()))),
     row<&Beat::fadding, &Beat::setFadding>(Id::Fadding, "Fadding", "fadding",
@@ -207,7 +211,7 @@ constexpr std::array<Row, BeatAttributeCount> rows = {{
                                              Id::Tremolo, "Tremolo", "tremolo", numbers(0, 4)))))),
     row<&Beat::hasTimer, &Beat::setTimer>(Id::Timer, "Timer", "timer", anyOf<bool>()),
     row<&Beat::stemOrientation, &Beat::setStemOrientation>(
-        Id::StemOrientation, "StemOrientation", "stem", enumerators<stemOrientationToString, 2>(),
+        Id::StemOrientation, "StemOrientation", "stem", enumerators<stemOrientationToString, 3>(),
         Split::All),
     row<&Beat::beamMode, &Beat::setBeamMode>(Id::BeamMode, "BeamMode", "beam",
                                              enumerators<beamModeToString, 2>(), Split::Last),
@@ -252,13 +256,22 @@ constexpr std::array<Row, BeatAttributeCount> rows = {{
     row<&Beat::slurEnds, &Beat::setSlurEnds>(Id::SlurEnds, "SlurEnds", "", anyOf<SlurEnds>(),
                                              Split::Cut),
     row<&Beat::textSpan, &Beat::setTextSpan>(Id::TextSpan, "TextSpan", "textSpan",
-                                             enumerators<textSpanToString, 2>(), Split::Cut),
+                                             enumerators<textSpanToString, 3>(), Split::Cut),
     where(isUnderSlur,
           row<&Beat::slurLine, &Beat::setSlurLine>(Id::SlurLine, "SlurLine", "slurLine",
                                                    enumerators<slurLineToString, 2>(), Split::All)),
     where(isUnderSlur,
           row<&Beat::slurSide, &Beat::setSlurSide>(Id::SlurSide, "SlurSide", "slurSide",
-                                                   enumerators<slurSideToString, 2>(), Split::All)),
+                                                   enumerators<markSideToString, 2>(), Split::All)),
+    row<&Beat::textBelow, &Beat::setTextBelow>(Id::TextBelow, "TextBelow", "textBelow",
+                                               textsUpTo(longestText)),
+    where(hasLevel,
+          row<&Beat::dynamicSide, &Beat::setDynamicSide>(
+              Id::DynamicSide, "DynamicSide", "dynamicSide", enumerators<markSideToString, 2>())),
+    where(hasHairpin,
+          row<&Beat::hairpinSide, &Beat::setHairpinSide>(
+              Id::HairpinSide, "HairpinSide", "hairpinSide", enumerators<markSideToString, 2>(),
+              Split::All)),
 }};
 static_assert(areInOrder(rows));
 

@@ -56,9 +56,12 @@ enum class BeatAttribute : std::uint8_t {
     TextSpan,
     SlurLine,
     SlurSide,
+    TextBelow,
+    DynamicSide, ///< of the attack too
+    HairpinSide,
 };
 
-constexpr unsigned BeatAttributeCount = 42;
+constexpr unsigned BeatAttributeCount = 45;
 
 using BeatAttributeSet = AttributeSet<BeatAttribute>;
 

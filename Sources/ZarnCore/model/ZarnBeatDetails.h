@@ -16,7 +16,8 @@ namespace zarn {
 
 /// What few beats have: held apart from them, and only where there is any.
 struct ZARNCORE_EXPORT BeatDetails {
-    std::string text; ///< words over the beat, UTF-8
+    std::string text;      ///< words over the beat, UTF-8
+    std::string textBelow; ///< words under it
     ChordMark chord;
     WhammyBar whammyBar;
     Syllables lyrics;
@@ -27,12 +28,16 @@ struct ZARNCORE_EXPORT BeatDetails {
     std::uint16_t strumLength = 0;
     StrumAnchor strumAnchor = StrumAnchor::StartsOnBeat;
 
-    /// Of the words over the beat.
+    /// Of the words over or under the beat.
     TextSpan textSpan = TextSpan::None;
 
     // Of the outermost slur.
     SlurLine slurLine = SlurLine::Solid;
     SlurSide slurSide = SlurSide::Auto;
+
+    // Of the dynamics of both kinds, and of the hairpin.
+    MarkSide dynamicSide = MarkSide::Auto;
+    MarkSide hairpinSide = MarkSide::Auto;
 
     friend ZARNCORE_EXPORT bool operator==(const BeatDetails &left, const BeatDetails &right);
     friend bool operator!=(const BeatDetails &left, const BeatDetails &right)

@@ -37,7 +37,7 @@ class BeatMarkAccessors {
     using TremoloBits = PackedField<unsigned, SlashedBits::end, 3, 4>;
     using TimerBits = PackedFlag<TremoloBits::end>;
     using StemBits =
-        PackedField<ZarnStemOrientation, TimerBits::end, 2, 2, ZarnStemOrientation::Undefined>;
+        PackedField<ZarnStemOrientation, TimerBits::end, 2, 3, ZarnStemOrientation::Undefined>;
     using BeamBits = PackedField<BeamMode, StemBits::end, 2, 2>;
     using SlurToNextBits = PackedFlag<BeamBits::end>;
     using SlurToPreviousBits = PackedFlag<SlurToNextBits::end>;

@@ -10,7 +10,8 @@ static_assert(sizeof(void *) != 8 || sizeof(Note) == 56,
 
 Note::Note() noexcept
     : _articulation(Unset), _spelling(NoSpelling),
-      _head(static_cast<std::uint32_t>(NoteHead::Normal))
+      _head(static_cast<std::uint32_t>(NoteHead::Normal)),
+      _headFill(static_cast<std::uint32_t>(HeadFill::Auto))
 {
 }
 
@@ -78,6 +79,12 @@ void Note::setStaffLine(int line)
     _staffLine = static_cast<std::int8_t>(line);
 }
 
+void Note::setHeadFill(HeadFill fill)
+{
+    ZARN_ASSERT_IN("zarn::Note::setHeadFill", fill <= HeadFill::Open);
+    _headFill = static_cast<std::uint32_t>(fill);
+}
+
 void Note::setDetails(NoteDetails details)
 {
     ZARN_ASSERT_IN("zarn::Note::setDetails", details.bend.isValid());
@@ -95,7 +102,8 @@ bool operator==(const Note &left, const Note &right) noexcept
     return left._midi == right._midi && left._string == right._string && left._fret == right._fret
         && left._spelling == right._spelling && left._articulation == right._articulation
         && left._staffLine == right._staffLine && left._head == right._head
-        && left._marks == right._marks && left._details == right._details;
+        && left._headFill == right._headFill && left._marks == right._marks
+        && left._details == right._details;
 }
 
 } // namespace zarn

@@ -76,6 +76,9 @@ public:
     NoteHead noteHead() const noexcept { return static_cast<NoteHead>(_head); }
     void setNoteHead(NoteHead head) noexcept { _head = static_cast<std::uint32_t>(head); }
 
+    HeadFill headFill() const noexcept { return static_cast<HeadFill>(_headFill); }
+    void setHeadFill(HeadFill fill);
+
     /// All that the accessors of the marks reach, as one value.
     NoteMarks marks() const noexcept { return NoteMarks(_marks); }
     void setMarks(const NoteMarks &marks) noexcept { _marks = marks._marks; }
@@ -87,7 +90,10 @@ public:
     bool hasDetails() const noexcept { return _details.isHeld(); }
 
     /// Whether it has none of the attributes that most notes of most scores lack.
-    bool isCommon() const noexcept { return (_marks & ~commonMask) == 0 && !hasDetails(); }
+    bool isCommon() const noexcept
+    {
+        return (_marks & ~commonMask) == 0 && _headFill == 0 && !hasDetails();
+    }
 
     const Bend &bend() const noexcept { return details().bend; }
     void setBend(const Bend &bend);
@@ -108,6 +114,7 @@ private:
     std::int32_t _articulation : 12;
     std::uint32_t _spelling : 8;
     std::uint32_t _head : 6;
+    std::uint32_t _headFill : 2;
     std::int8_t _midi = Unset;
     std::int8_t _string = Unset;
     std::int8_t _fret = Unset;

@@ -158,6 +158,10 @@ constexpr std::array<Row, NoteAttributeCount> rows = {{
                                                    Split::Cut))),
     row<&Note::isHidden, &Note::setHidden>(Id::Hidden, "Hidden", "hidden", anyOf<bool>(),
                                            Split::All),
+    row<&Note::noteHead, &Note::setNoteHead>(
+        Id::Head, "Head", "", enumeratorsWithGaps<noteHeadToString, 21>(), Split::All),
+    row<&Note::headFill, &Note::setHeadFill>(Id::HeadFill, "HeadFill", "headFill",
+                                             enumerators<headFillToString, 2>(), Split::All),
 }};
 static_assert(areInOrder(rows));
 

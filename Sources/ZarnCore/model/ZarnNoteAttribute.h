@@ -13,7 +13,7 @@ class Beat;
 class Staff;
 enum class BeatAttribute : std::uint8_t;
 
-/// How a note is played and marked, beside its pitch, string and head.
+/// How a note is played and marked, beside its pitch and string.
 enum class NoteAttribute : std::uint8_t {
     Tied,
     TieOrigin,
@@ -38,9 +38,11 @@ enum class NoteAttribute : std::uint8_t {
     AccidentalDisplay,
     Bend, ///< `Bend`
     Hidden,
+    Head,
+    HeadFill,
 };
 
-constexpr unsigned NoteAttributeCount = 23;
+constexpr unsigned NoteAttributeCount = 25;
 
 using NoteAttributeSet = AttributeSet<NoteAttribute>;
 

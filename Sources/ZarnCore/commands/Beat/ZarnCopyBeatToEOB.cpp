@@ -19,7 +19,7 @@ constexpr BeatAttributeSet saidOnce = {
     BeatAttribute::SlurBegins,    BeatAttribute::Lyrics,   BeatAttribute::SlurredToPrevious,
     BeatAttribute::Pedal,         BeatAttribute::Breath,   BeatAttribute::TremoloToNext,
     BeatAttribute::SlurEnds,      BeatAttribute::TextSpan, BeatAttribute::SlurLine,
-    BeatAttribute::SlurSide};
+    BeatAttribute::SlurSide,      BeatAttribute::TextBelow};
 
 /// The beat of an index, and the time behind it in its bar.
 struct Room {

@@ -29,6 +29,8 @@ void SetBeatHairpin::change(const Line &line)
     for (Beat *const beat : line.beats) {
         beat->setHairpin(_hairpin);
         beat->setHairpinBegins(false);
+        if (beat->hasDetails())
+            beat->setHairpinSide(MarkSide::Auto);
     }
     if (!isRun)
         return;

@@ -166,8 +166,14 @@ std::string signsOf(const Beat &beat)
         for (const QString &words : sheet::techniquesOf(beat, sheet::Glyphs::utf8(), unused))
             if (words.startsWith(QLatin1String("bar ")))
                 text += '^' + quoted("w/" + words.toStdString());
-    if (beat.textSpan() != TextSpan::Begin && !beat.text().empty())
-        text += '^' + quoted(QString::fromStdString(beat.text()).simplified().toStdString());
+    const auto addWords = [&](char side, const std::string &words) {
+        if (!words.empty())
+            text += side + quoted(QString::fromStdString(words).simplified().toStdString());
+    };
+    if (beat.textSpan() != TextSpan::Begin)
+        addWords('^', beat.text());
+    if (beat.textSpan() != TextSpan::BeginBelow)
+        addWords('_', beat.textBelow());
     return text;
 }
 
@@ -191,6 +197,10 @@ NoteWords wordsOf(const Note &note, const Track &track, int stringNumber)
         words.before += "\\deadNote ";
     if (const std::string style = headStyle(note.noteHead()); !style.empty() && !note.isDead())
         words.before += "\\tweak NoteHead.style #'" + style + ' ';
+    // Heads are open or filled as those of halves and quarters are.
+    if (note.headFill() != HeadFill::Auto)
+        words.before += std::string("\\tweak NoteHead.duration-log #")
+            + (note.headFill() == HeadFill::Open ? "1 " : "2 ");
     if (note.isHidden())
         words.before += "\\single \\hideNotes ";
     else if (note.noteHead() == NoteHead::None)

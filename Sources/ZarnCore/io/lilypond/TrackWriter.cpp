@@ -232,7 +232,7 @@ void Writer::tellUnheld(const Staff &staff)
             if (!voice)
                 continue;
             for (const auto &beat : voice->beats())
-                if (hasFontSigns(beat->text())
+                if (hasFontSigns(beat->text()) || hasFontSigns(beat->textBelow())
                     || std::any_of(beat->lyrics().begin(), beat->lyrics().end(),
                                    [](const Syllable &sung) { return hasFontSigns(sung.text); }))
                     _report.addUnheld(fontSigns, {track, static_cast<int>(bar->index())});

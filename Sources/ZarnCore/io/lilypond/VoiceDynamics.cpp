@@ -31,6 +31,12 @@ std::string dynamicName(NoteDynamic dynamic)
         : QString::fromStdString(NoteDynamic::textOf(dynamic.value())).toLower().toStdString();
 }
 
+/// What stands in front of a sign that is given a side.
+std::string sideSign(MarkSide side)
+{
+    return side == MarkSide::Above ? "^" : side == MarkSide::Below ? "_" : "";
+}
+
 } // namespace
 
 std::string VoiceDynamics::events(std::size_t index, std::string &after)
@@ -56,11 +62,12 @@ std::string VoiceDynamics::events(std::size_t index, std::string &after)
                      .toStdString();
     std::string text;
     if (!attack.empty()) {
-        text = '\\' + attack;
+        text = sideSign(beat.dynamicSide()) + '\\' + attack;
         if (!dynamic.empty())
-            text += "_\\markup \\dynamic " + quoted(dynamic);
+            text += (beat.dynamicSide() == MarkSide::Above ? "^" : "_")
+                + std::string("\\markup \\dynamic ") + quoted(dynamic);
     } else if (!dynamic.empty()) {
-        text = '\\' + dynamic;
+        text = sideSign(beat.dynamicSide()) + '\\' + dynamic;
     }
     for (const std::string &used : {attack, dynamic})
         if (!used.empty() && !isKnownDynamic(used))
@@ -68,12 +75,12 @@ std::string VoiceDynamics::events(std::size_t index, std::string &after)
 
     const Hairpin kind = beat.hairpin() == Hairpin::Swell ? Hairpin::NoHairpin : beat.hairpin();
     if (_hairpin != Hairpin::NoHairpin && (kind != _hairpin || beat.beginsHairpin())) {
-        if (text.empty() || text.front() != '\\')
+        if (attack.empty() && dynamic.empty())
             text += "\\!";
         _hairpin = Hairpin::NoHairpin;
     }
     if (kind != Hairpin::NoHairpin && _hairpin == Hairpin::NoHairpin) {
-        text += kind == Hairpin::Crescendo ? "\\<" : "\\>";
+        text += sideSign(beat.hairpinSide()) + (kind == Hairpin::Crescendo ? "\\<" : "\\>");
         _hairpin = kind;
         _dynamic.clear();
     }

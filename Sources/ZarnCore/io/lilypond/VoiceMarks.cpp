@@ -125,7 +125,8 @@ bool isBeamedTo(const VoiceBeat &left, const VoiceBeat &right, const utils::rati
 
 bool isBeamable(const Beat &beat)
 {
-    return isFlagged(beat) && beat.hasNotes() && beat.tremoloToNext() == 0;
+    return isFlagged(beat) && beat.hasNotes() && beat.stemOrientation() != ZarnStemOrientation::None
+        && beat.tremoloToNext() == 0;
 }
 
 /// The language beams by the meter; where beams are marked, all of the bar are written. Grace notes
@@ -148,6 +149,10 @@ void Marker::markBeams(std::size_t begin, std::size_t end)
         beam(i, last);
         i = last + 1;
     }
+    for (const std::size_t i : main)
+        if (isFlagged(beat(i)) && beat(i).hasNotes()
+            && beat(i).stemOrientation() == ZarnStemOrientation::None)
+            _words[i].events += "\\noBeam";
     if (!isMarked)
         return;
     const utils::rational length = beamedLength(*_beats[begin].bar);
@@ -259,6 +264,7 @@ struct Line {
     std::size_t first;
     std::size_t last;
     std::string words;
+    char side = '^';
 };
 
 /// The language draws one line at a time over a voice; a second one stands as words alone.
@@ -289,10 +295,12 @@ void Marker::markLines()
             lines[textLine].last = i;
         if (beat(i).textSpan() == TextSpan::End)
             isTextOpen = false;
-        if (beat(i).textSpan() == TextSpan::Begin && !beat(i).text().empty()) {
+        const bool isBelow = beat(i).textSpan() == TextSpan::BeginBelow;
+        const std::string &text = isBelow ? beat(i).textBelow() : beat(i).text();
+        if (begins(beat(i).textSpan()) && !text.empty()) {
             isTextOpen = true;
             textLine = lines.size();
-            lines.push_back({i, i, beat(i).text()});
+            lines.push_back({i, i, text, isBelow ? '_' : '^'});
         }
     }
     std::stable_sort(lines.begin(), lines.end(),
@@ -300,13 +308,13 @@ void Marker::markLines()
     std::size_t busyUntil = 0;
     for (const Line &line : lines) {
         if (line.first == line.last || line.first < busyUntil) {
-            _words[line.first].events += '^' + quoted(line.words);
+            _words[line.first].events += line.side + quoted(line.words);
             continue;
         }
         busyUntil = line.last;
         _words[line.first].commands += "\\once \\override TextSpanner.bound-details.left.text = "
             + quoted(line.words + ' ') + ' ';
-        _words[line.first].events += "\\startTextSpan";
+        _words[line.first].events += line.side == '_' ? "_\\startTextSpan" : "\\startTextSpan";
         _words[line.last].events += "\\stopTextSpan";
     }
 }

@@ -214,6 +214,8 @@ std::string VoiceWriter::commands(const VoiceBeat &place)
     if (stem != _stem)
         text += stem.empty() ? (_command.empty() ? "\\stemNeutral " : _command + ' ') : stem;
     _stem = stem;
+    if (place.beat->hasNotes() && orientation == ZarnStemOrientation::None)
+        text += "\\once \\omit Stem \\once \\omit Flag ";
     const std::string size = place.beat->isCue() ? "\\tiny " : "\\normalsize ";
     if (size != (_size.empty() ? "\\normalsize " : _size))
         text += size;

@@ -9,6 +9,7 @@
 #include <ZarnCore/io/musicxml/Metronome.h>
 #include <ZarnCore/io/musicxml/Movements.h>
 #include <ZarnCore/io/musicxml/signs/LevelWords.h>
+#include <ZarnCore/io/musicxml/signs/Placement.h>
 #include <ZarnCore/io/musicxml/signs/Swings.h>
 #include <ZarnCore/music/ZarnNoteDynamic.h>
 
@@ -111,8 +112,11 @@ void DirectionReader::readDirection(pugi::xml_node node, const MeasureTimeline &
     const bool isJump = readJumps(gathered, isTempo ? std::string() : words, facts);
     if (isMovementTitle(words))
         facts.movementTitles.push_back(_context.bar());
-    if (!words.empty() && !isTempo && !isJump)
-        measure.addMark(node, WrittenMark::Kind::Text, position, staff).text = words;
+    if (!words.empty() && !isTempo && !isJump) {
+        auto &mark = measure.addMark(node, WrittenMark::Kind::Text, position, staff);
+        mark.text = words;
+        mark.side = sideOf(gathered.texts.front());
+    }
 }
 
 void DirectionReader::gather(pugi::xml_node type, Gathered &gathered, PartFacts &facts,
@@ -225,17 +229,21 @@ void DirectionReader::readHarmony(pugi::xml_node node, const MeasureTimeline &ti
 void DirectionReader::readDynamics(pugi::xml_node node, const rational &position, int staff,
                                    WrittenMeasure &measure)
 {
+    const auto addLevel = [&](WrittenMark::Kind kind, int value) {
+        auto &mark = measure.addMark(node, kind, position, staff);
+        mark.value = value;
+        mark.side = sideOf(node);
+    };
     for (auto child = node.first_child(); child; child = child.next_sibling()) {
         const int value = levelOf(child);
         const auto attack = value > 0 ? AttackDynamic::None : attackDynamicFromString(child.name());
         if (attack != AttackDynamic::None)
-            measure.addMark(node, WrittenMark::Kind::Attack, position, staff).value =
-                static_cast<int>(attack);
+            addLevel(WrittenMark::Kind::Attack, static_cast<int>(attack));
         else if (value <= 0 && *child.child_value() != 0
                  && tagOf(child.name()) == Tag::OtherDynamics)
             readOtherDynamics(child, position, staff, measure);
         else if (value > 0)
-            measure.addMark(node, WrittenMark::Kind::Dynamic, position, staff).value = value;
+            addLevel(WrittenMark::Kind::Dynamic, value);
         else
             _context.addUnheld(child);
     }
@@ -248,11 +256,15 @@ void DirectionReader::readOtherDynamics(pugi::xml_node other, const rational &po
     const auto node = other.parent();
     const std::string text = other.child_value();
     const bool isAlone = !other.previous_sibling() && !other.next_sibling();
-    if (const int value = NoteDynamic::stringToInt(text); value > 0)
-        measure.addMark(node, WrittenMark::Kind::Dynamic, position, staff).value = value;
-    else if (!text.empty())
-        measure.addMark(node, WrittenMark::Kind::Text, position, staff).text =
-            isAlone && areLikeLevel(text) ? text : tiedToLevel(text, sideOfLevel(other));
+    const int value = NoteDynamic::stringToInt(text);
+    if (value <= 0 && text.empty())
+        return;
+    auto &mark = measure.addMark(
+        node, value > 0 ? WrittenMark::Kind::Dynamic : WrittenMark::Kind::Text, position, staff);
+    mark.side = sideOf(node);
+    mark.value = value;
+    if (value <= 0)
+        mark.text = isAlone && areLikeLevel(text) ? text : tiedToLevel(text, sideOfLevel(other));
 }
 
 void DirectionReader::readOctaveShift(pugi::xml_node node, const rational &position, int staff,

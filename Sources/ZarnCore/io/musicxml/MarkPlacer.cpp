@@ -51,15 +51,28 @@ void MarkPlacer::attach(const WrittenMark &mark, Beat &beat)
         }
         return joinedWords(before, mark.text);
     };
+    const auto setSide = [&] {
+        if (mark.side != beat.dynamicSide())
+            beat.setDynamicSide(mark.side);
+    };
     switch (mark.kind) {
-    case WrittenMark::Kind::Dynamic:
-        beat.setDynamic(NoteDynamic(static_cast<NoteDynamic::Value>(mark.value)));
+    case WrittenMark::Kind::Dynamic: {
+        const NoteDynamic dynamic(static_cast<NoteDynamic::Value>(mark.value));
+        if (beat.dynamic() != NoteDynamic() && beat.dynamic() != dynamic)
+            _context.addProblem(mark.node, "of two dynamics at one beat the first was left out");
+        beat.setDynamic(dynamic);
+        setSide();
         break;
+    }
     case WrittenMark::Kind::Attack:
         beat.setAttackDynamic(static_cast<AttackDynamic>(mark.value));
+        setSide();
         break;
     case WrittenMark::Kind::Text:
-        beat.setText(joined(beat.text()));
+        if (mark.side == MarkSide::Below)
+            beat.setTextBelow(joined(beat.textBelow()));
+        else
+            beat.setText(joined(beat.text()));
         break;
     case WrittenMark::Kind::ChordSymbol:
         beat.setChordSymbol(joined(beat.chordSymbol()));

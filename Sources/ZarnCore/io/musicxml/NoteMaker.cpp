@@ -97,6 +97,8 @@ std::shared_ptr<Note> NoteMaker::make(const WrittenNote &written)
                                                                    : AntiAccent::Normal);
     if (*written.head != '\0')
         setHead(written, *note);
+    if (written.headFill != HeadFill::Auto)
+        note->setHeadFill(written.headFill);
     return note;
 }
 

@@ -297,6 +297,10 @@ void NoteReader::readHead(pugi::xml_node head, WrittenNote &note)
     note.head = head.child_value();
     note.crossHead = std::strcmp(note.head, "x") == 0;
     note.ghost = isYes(head.attribute("parentheses").value());
+    const char *const filled = head.attribute("filled").value();
+    note.headFill = isYes(filled)        ? HeadFill::Filled
+        : std::strcmp(filled, "no") == 0 ? HeadFill::Open
+                                         : HeadFill::Auto;
     const bool isSlash = std::strcmp(note.head, "slash") == 0;
     note.beatMarks.setSlashed(isSlash && (!note.chord || note.beatMarks.isSlashed()));
 }
@@ -308,8 +312,10 @@ void NoteReader::readStem(pugi::xml_node stem, WrittenNote &note)
         note.beatMarks.setStemOrientation(ZarnStemOrientation::Upward);
     else if (direction == "down")
         note.beatMarks.setStemOrientation(ZarnStemOrientation::Downward);
-    else if (direction != "none" || _rhythm.type >= WrittenRhythm::Quarter - 1)
-        _context.addUnheld(stem, Tag::Stem); // Notes longer than a half have none anyway.
+    else if (direction != "none")
+        _context.addUnheld(stem, Tag::Stem);
+    else if (_rhythm.type >= WrittenRhythm::Quarter - 1) // Longer notes have none anyway.
+        note.beatMarks.setStemOrientation(ZarnStemOrientation::None);
 }
 
 /// In percent of a forte, which is 90 in MIDI (MusicXML 4.0, dynamics of a note).

@@ -28,7 +28,8 @@ constexpr BeatAttributeSet ofTheNotes = {
     BeatAttribute::Rhythm,          BeatAttribute::GraceType, BeatAttribute::SlashedGrace,
     BeatAttribute::PlaceHolder,     BeatAttribute::Ottavia,   BeatAttribute::WholeBarRest,
     BeatAttribute::Dynamic,         BeatAttribute::Text,      BeatAttribute::Chord,
-    BeatAttribute::StemOrientation, BeatAttribute::BeamMode,
+    BeatAttribute::StemOrientation, BeatAttribute::BeamMode,  BeatAttribute::TextBelow,
+    BeatAttribute::DynamicSide,
 };
 
 constexpr BeatAttributeSet ofSlurs = {
@@ -44,6 +45,14 @@ bool hasSlurs(const Staff::Bars &bars)
                     if (beat->isSlurredToNext() || !beat->slurEnds().empty())
                         return true;
     return false;
+}
+
+/// A text with words that it lacks.
+std::string withWordsOf(const std::string &text, const std::string &other)
+{
+    if (text.find(other) != std::string::npos)
+        return text;
+    return text + (text.empty() ? "" : " ") + other;
 }
 
 /// Takes all other notes out of a beat, which becomes a place holder without any.
@@ -303,19 +312,19 @@ void TwinStaves::takeMarks(int number, const Bar &twin, const PlacedNotes &own,
             const auto at = onset;
             onset += beat->length();
             const bool hasDynamic = beat->dynamic() != NoteDynamic();
-            if (!hasDynamic && beat->text().empty() && beat->chordSymbol().empty()
-                && beat->isCommon())
+            if (!hasDynamic && beat->isCommon())
                 continue;
             const auto pair = pairs.find(beat.get());
             auto &target = pair != pairs.end()
                 ? *pair->second
                 : *nearest(own, {at, beat->isGrace(), 0, nullptr, beat})->beat;
-            if (hasDynamic && target.dynamic() == NoteDynamic())
+            if (hasDynamic && target.dynamic() == NoteDynamic()) {
                 target.setDynamic(beat->dynamic());
-            else if (hasDynamic && target.dynamic() != beat->dynamic())
+                target.setDynamicSide(beat->dynamicSide());
+            } else if (hasDynamic && target.dynamic() != beat->dynamic())
                 tellOnce(number, "a dynamic differs from that of the tablature; it holds");
-            if (target.text().find(beat->text()) == std::string::npos)
-                target.setText(target.text() + (target.text().empty() ? "" : " ") + beat->text());
+            target.setText(withWordsOf(target.text(), beat->text()));
+            target.setTextBelow(withWordsOf(target.textBelow(), beat->textBelow()));
             if (target.chordSymbol().empty())
                 target.setChordSymbol(beat->chordSymbol());
             takeAttributes(*beat, target);

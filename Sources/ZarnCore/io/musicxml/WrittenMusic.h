@@ -75,6 +75,7 @@ struct WrittenNote {
     bool tieStop = false;
     bool ghost = false;
     bool crossHead = false;
+    HeadFill headFill = HeadFill::Auto;
     bool beamedOn = false;        ///< its beam leads on
     bool mayExclude = false;      ///< has a mark that takes others off
     bool hasSigns = false;        ///< `WrittenMeasure::signs` has some of its
@@ -118,6 +119,7 @@ struct WrittenMark {
     Kind kind = Kind::Text;
     utils::rational position; ///< exact, in quarters
     int staff = 0;
+    MarkSide side = MarkSide::Auto; ///< of dynamics and texts
     int value = 0; ///< of `NoteDynamic` or `AttackDynamic`, or the `Ottavia` that begins or, with
                    ///< None, ends
     std::string text;

@@ -17,7 +17,7 @@ using GraceTypes = EnumCodec<graceTypeToString, graceTypeFromString, 8>;
 using Ottavias = EnumCodec<ottaviaToString, ottaviaFromString, 8>;
 using AntiAccents = EnumCodec<antiAccentToString, antiAccentFromString, 3>;
 using SlurLines = EnumCodec<slurLineToString, slurLineFromString, 2>;
-using SlurSides = EnumCodec<slurSideToString, slurSideFromString, 2>;
+using SlurSides = EnumCodec<markSideToString, markSideFromString, 2>;
 using Syllabics = EnumCodec<syllabicToString, syllabicFromString, 3>;
 
 /// MIDI keys, strings and frets; -1 is unset.

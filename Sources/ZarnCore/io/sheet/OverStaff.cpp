@@ -69,14 +69,22 @@ void OverStaff::writeText(const BeatPlace &place, SheetBar &into)
         run.extendTo(place.column, into);
         run.end();
     }
-    const QString text = QString::fromStdString(place.beat.text()).simplified();
-    if (span != TextSpan::Begin) {
-        if (!text.isEmpty())
+    // A page of text has one lane for words, over the staff.
+    QString dashed;
+    for (const TextSpan side : {TextSpan::Begin, TextSpan::BeginBelow}) {
+        const bool isOver = side == TextSpan::Begin;
+        const QString text =
+            QString::fromStdString(isOver ? place.beat.text() : place.beat.textBelow())
+                .simplified();
+        if (span == side)
+            dashed = text;
+        else if (!text.isEmpty())
             putWords(_sheet, into, _lanes.texts, place.column, text);
-        return;
     }
+    if (!begins(span))
+        return;
     Stretch dashes = stretch(_lanes.texts, Stretch::Style::Dashes, place);
-    dashes.words = text;
+    dashes.words = dashed;
     dashes.ink = Ink::Plain;
     run.begin(dashes, into);
 }

@@ -37,7 +37,7 @@ void visitMarks(Beat &beat, const KeptBeats::Place &place, Visit visit)
         return;
     if (const TextSpan span = beat.textSpan(); span != TextSpan::None)
         visit(SpanLine{SpanKind::TextSpan, place.staff, place.voice, 0},
-              mark(span == TextSpan::End, span == TextSpan::Begin));
+              mark(span == TextSpan::End, begins(span)));
     for (const SlurEnd &end : beat.slurEnds())
         visit(SpanLine{SpanKind::Slur, 0, 0, end.number}, mark(!end.isBegin, end.isBegin));
     for (const Syllable &syllable : beat.lyrics())
@@ -245,9 +245,10 @@ void rewrite(const SpanLine &line, const SpanMark &mark, const SpanMark &meaning
             mark.beat->setPedal(meaning.leavesOpen ? PedalChange::Start : PedalChange::None);
         return;
     case SpanKind::TextSpan:
-        mark.beat->setTextSpan(isNone                   ? TextSpan::None
-                                   : meaning.leavesOpen ? TextSpan::Begin
-                                                        : TextSpan::End);
+        mark.beat->setTextSpan(isNone                              ? TextSpan::None
+                                   : !meaning.leavesOpen           ? TextSpan::End
+                                   : begins(mark.beat->textSpan()) ? mark.beat->textSpan()
+                                                                   : TextSpan::Begin);
         return;
     case SpanKind::Slur:
         return rewriteSlur(line, mark, meaning);

@@ -10,6 +10,8 @@ namespace zarn::io {
 
 int flagsOf(const Beat &beat)
 {
+    if (beat.stemOrientation() == ZarnStemOrientation::None && beat.hasNotes())
+        return 0;
     return std::max(static_cast<int>(beat.rhythmValue().getNoteValue())
                         - static_cast<int>(RhythmValue::NoteValue::Quarter),
                     0);

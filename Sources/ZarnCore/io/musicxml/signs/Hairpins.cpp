@@ -2,6 +2,7 @@
 #include <ZarnCore/io/musicxml/signs/Hairpins.h>
 
 #include <ZarnCore/io/musicxml/ImportContext.h>
+#include <ZarnCore/io/musicxml/signs/Placement.h>
 #include <ZarnCore/io/musicxml/signs/StaffTimes.h>
 #include <ZarnCore/utils/EnumTable.h>
 
@@ -81,8 +82,12 @@ void Hairpins::set(const SpanMatcher::Span &span, const Staff::Bars &bars)
         return;
     }
     const auto last = std::find_if_not(first, places.end(), isFree);
-    for (auto place = first; place != last; ++place)
+    const MarkSide side = sideOf(span.begin.node);
+    for (auto place = first; place != last; ++place) {
         place->beat->setHairpin(kind);
+        if (side != MarkSide::Auto)
+            place->beat->setHairpinSide(side);
+    }
     // Another one of its kind may end there in whatever voice.
     const auto *before = VoiceSlotLine(bars, first->slot).previous(first->bar, first->index);
     const auto other = _ends.find({begin.staff, kind, first->bar, first->onset});

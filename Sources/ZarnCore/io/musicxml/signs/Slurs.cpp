@@ -3,6 +3,7 @@
 
 #include <ZarnCore/io/musicxml/ImportContext.h>
 #include <ZarnCore/io/musicxml/signs/NoteLinks.h>
+#include <ZarnCore/io/musicxml/signs/Placement.h>
 
 #include <algorithm>
 #include <array>
@@ -34,10 +35,8 @@ SlurLine slurLineOf(pugi::xml_node slur)
 /// The side that a slur is placed on; where none is said, the way that its curve bends.
 SlurSide slurSideOf(pugi::xml_node slur)
 {
-    const char *const placement = slur.attribute("placement").value();
-    for (const SlurSide side : {SlurSide::Above, SlurSide::Below})
-        if (std::strcmp(placement, placementOf(side)) == 0)
-            return side;
+    if (const SlurSide side = sideOf(slur); side != SlurSide::Auto)
+        return side;
     const char *const orientation = slur.attribute("orientation").value();
     if (std::strcmp(orientation, "over") == 0)
         return SlurSide::Above;
@@ -65,19 +64,6 @@ const char *lineTypeOf(SlurLine line) noexcept
     case SlurLine::Dotted:
         return "dotted";
     case SlurLine::Solid:
-        break;
-    }
-    return nullptr;
-}
-
-const char *placementOf(SlurSide side) noexcept
-{
-    switch (side) {
-    case SlurSide::Above:
-        return "above";
-    case SlurSide::Below:
-        return "below";
-    case SlurSide::Auto:
         break;
     }
     return nullptr;

@@ -8,9 +8,6 @@ namespace zarn::io {
 /// The line-type of MusicXML 4.0; null for a solid line, which is what it has without one.
 const char *lineTypeOf(SlurLine line) noexcept;
 
-/// The placement of MusicXML 4.0; null for the side that a program chooses.
-const char *placementOf(SlurSide side) noexcept;
-
 /// Puts the slurs of a part into the tree. The outermost ones of a voice are marks of its beats;
 /// those inside of them, those that cross them, and those that lead to another voice or staff are
 /// pairs of ends with a number.

@@ -2,6 +2,7 @@
 #include <ZarnCore/io/musicxml/signs/TextSpans.h>
 
 #include <ZarnCore/io/musicxml/ImportContext.h>
+#include <ZarnCore/io/musicxml/signs/Placement.h>
 #include <ZarnCore/io/musicxml/signs/StaffTimes.h>
 
 #include <algorithm>
@@ -55,12 +56,15 @@ void TextSpans::set(const SpanMatcher::Span &span, const Staff::Bars &bars)
     if (places.empty())
         return leaveOut(span);
     auto &first = *places.front().beat;
+    const MarkSide side = sideOf(span.begin.node);
+    const bool isBelow = side == MarkSide::Below
+        || (side == MarkSide::Auto && first.text().empty() && !first.textBelow().empty());
     for (const auto &[words, set] : playingWords)
-        if (first.text() == words) {
+        if ((isBelow ? first.textBelow() : first.text()) == words) {
             for (const auto &place : places)
                 for (const auto &note : place.beat->notes())
                     (*note.*set)(true);
-            first.setText({});
+            isBelow ? first.setTextBelow({}) : first.setText({});
             return;
         }
     auto *last = places.back().beat;
@@ -69,7 +73,7 @@ void TextSpans::set(const SpanMatcher::Span &span, const Staff::Bars &bars)
     if (!last || last == &first || first.textSpan() != TextSpan::None
         || last->textSpan() != TextSpan::None)
         return leaveOut(span);
-    first.setTextSpan(TextSpan::Begin);
+    first.setTextSpan(isBelow ? TextSpan::BeginBelow : TextSpan::Begin);
     last->setTextSpan(TextSpan::End);
 }
 

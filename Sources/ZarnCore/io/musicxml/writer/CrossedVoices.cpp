@@ -18,7 +18,7 @@ namespace {
 bool hasWords(const Beat &beat)
 {
     return beat.dynamic() != NoteDynamic() || beat.attackDynamic() != AttackDynamic::None
-        || !beat.text().empty();
+        || !beat.text().empty() || !beat.textBelow().empty();
 }
 
 /// Time that is kept free in the midst of a voice, whatever leads over it and is said there.
@@ -26,6 +26,9 @@ bool isKeptFree(const Beat &beat)
 {
     auto details = beat.details();
     details.text.clear();
+    details.textBelow.clear();
+    details.dynamicSide = MarkSide::Auto;
+    details.hairpinSide = MarkSide::Auto;
     if (!beat.isPlaceHolder() || !(details == BeatDetails()))
         return false;
     auto marks = beat.marks();

@@ -7,6 +7,7 @@
 #include <ZarnCore/io/musicxml/MusicXmlTag.h>
 #include <ZarnCore/io/musicxml/signs/LevelWords.h>
 #include <ZarnCore/io/musicxml/signs/Pedals.h>
+#include <ZarnCore/io/musicxml/signs/Placement.h>
 #include <ZarnCore/io/musicxml/signs/Swings.h>
 #include <ZarnCore/io/musicxml/writer/ExportContext.h>
 #include <ZarnCore/io/musicxml/writer/HarmonyWriter.h>
@@ -25,10 +26,11 @@ using utils::rational;
 
 namespace {
 
-pugi::xml_node addDirection(pugi::xml_node measure, const char *placement, int staffNumber)
+pugi::xml_node addDirection(pugi::xml_node measure, MarkSide side, int staffNumber)
 {
     auto direction = addElement(measure, "direction");
-    addAttribute(direction, "placement", placement);
+    if (const char *const placement = placementOf(side))
+        addAttribute(direction, "placement", placement);
     auto type = addElement(direction, "direction-type");
     if (staffNumber > 0)
         addElement(direction, "staff", staffNumber);
@@ -47,14 +49,14 @@ bool isDynamicsElement(const QString &name)
 /// Writes a level, or none, with the words that are tied to it, and leaves none of these for
 /// another one.
 void addDynamics(const std::string &level, bool isElement, std::vector<LevelWords::Tied> &tied,
-                 pugi::xml_node measure, int staffNumber)
+                 MarkSide side, pugi::xml_node measure, int staffNumber)
 {
     if (level.empty() && tied.empty())
         return;
-    auto dynamics = addElement(addDirection(measure, "below", staffNumber), "dynamics");
-    const auto addWords = [&](LevelSide side) {
+    auto dynamics = addElement(addDirection(measure, side, staffNumber), "dynamics");
+    const auto addWords = [&](LevelSide sideOfLevel) {
         for (const auto &words : tied)
-            if (words.side == side)
+            if (words.side == sideOfLevel)
                 addElement(dynamics, "other-dynamics", words.words);
     };
     addWords(LevelSide::Before);
@@ -111,32 +113,50 @@ void DirectionWriter::writeBeat(const Beat &beat, pugi::xml_node measure, int st
 {
     const bool hasLevel = beat.dynamic() != NoteDynamic();
     const bool hasAttack = beat.attackDynamic() != AttackDynamic::None;
+    const MarkSide side = beat.dynamicSide();
+    // Those on the side of the level may be tied to it.
     LevelWords words;
-    if (beat.hasDetails() && !beat.text().empty())
-        words = levelWordsOf(_context.text(beat.text()), hasLevel || hasAttack);
+    LevelWords wordsBelow;
+    if (beat.hasDetails()) {
+        const bool hasAny = hasLevel || hasAttack;
+        const auto wordsOf = [&](const std::string &text, bool isBeside) {
+            const auto written = _context.text(text);
+            return isBeside ? levelWordsOf(written, hasAny) : LevelWords{{}, written};
+        };
+        words = wordsOf(beat.text(), !hasAny || side != MarkSide::Below);
+        wordsBelow = wordsOf(beat.textBelow(), !hasAny || side == MarkSide::Below);
+    }
+    auto &tied = side == MarkSide::Below ? wordsBelow.tied : words.tied;
     if (hasLevel) {
         const auto level =
             QString::fromStdString(NoteDynamic::textOf(beat.dynamic().value())).toLower();
-        addDynamics(level.toStdString(), isDynamicsElement(level), words.tied, measure,
+        addDynamics(level.toStdString(), isDynamicsElement(level), tied, side, measure,
                     staffNumber);
     }
     if (hasAttack)
-        addDynamics(attackDynamicToString(beat.attackDynamic()), true, words.tied, measure,
+        addDynamics(attackDynamicToString(beat.attackDynamic()), true, tied, side, measure,
                     staffNumber);
-    addDynamics({}, false, words.tied, measure, staffNumber);
+    addDynamics({}, false, words.tied, MarkSide::Auto, measure, staffNumber);
+    addDynamics({}, false, wordsBelow.tied, MarkSide::Below, measure, staffNumber);
     if (beat.pedal() != PedalChange::None) {
-        auto pedal = addElement(addDirection(measure, "below", staffNumber), "pedal");
+        auto pedal = addElement(addDirection(measure, MarkSide::Below, staffNumber), "pedal");
         addAttribute(pedal, "type", pedalTypeOf(beat.pedal()));
         addAttribute(pedal, "line", "yes");
     }
     if (!beat.hasDetails())
         return;
+    _context.addUnheldIf(side != MarkSide::Auto && !hasLevel && !hasAttack, "side of no dynamic");
+    _context.addUnheldIf(beat.hairpinSide() != MarkSide::Auto
+                             && beat.hairpin() == Hairpin::NoHairpin,
+                         "side of no hairpin");
     if (const auto &text = words.others; areLikeLevel(text)) {
-        addElement(addElement(addDirection(measure, "below", staffNumber), "dynamics"),
+        addElement(addElement(addDirection(measure, MarkSide::Auto, staffNumber), "dynamics"),
                    "other-dynamics", text);
     } else if (!text.empty()) {
-        addElement(addDirection(measure, "above", staffNumber), "words", text);
+        addElement(addDirection(measure, MarkSide::Above, staffNumber), "words", text);
     }
+    if (const auto &text = wordsBelow.others; !text.empty())
+        addElement(addDirection(measure, MarkSide::Below, staffNumber), "words", text);
     if (!beat.chord().isEmpty()) {
         auto harmony = addElement(measure, "harmony");
         writeHarmony(beat.chord(), harmony, _context);
@@ -150,8 +170,9 @@ void DirectionWriter::writeOttavia(Ottavia from, Ottavia to, pugi::xml_node meas
     const auto write = [&](Ottavia sign, bool begins) {
         const bool isHigher = sign == Ottavia::_8va || sign == Ottavia::_15ma;
         const bool isOne = sign == Ottavia::_8va || sign == Ottavia::_8vb;
-        auto shift = addElement(addDirection(measure, isHigher ? "above" : "below", staffNumber),
-                                "octave-shift");
+        auto shift = addElement(
+            addDirection(measure, isHigher ? MarkSide::Above : MarkSide::Below, staffNumber),
+            "octave-shift");
         addAttribute(shift, "type", !begins ? "stop" : isHigher ? "down" : "up");
         addAttribute(shift, "size", isOne ? "8" : "15");
     };
@@ -209,7 +230,7 @@ void DirectionWriter::writeBarStart(unsigned bar, MeasureCursor &cursor)
     const auto measure = cursor.measure();
     const auto writeMark = [&](const std::string &words, const char *enclosure) {
         if (const auto text = _context.text(words); !text.empty())
-            addAttribute(addElement(addDirection(measure, "above", 0), "rehearsal", text),
+            addAttribute(addElement(addDirection(measure, MarkSide::Above, 0), "rehearsal", text),
                          "enclosure", enclosure);
     };
     const Section &section = column.section();

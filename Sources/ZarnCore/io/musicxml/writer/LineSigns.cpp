@@ -5,6 +5,7 @@
 #include <ZarnCore/io/musicxml/signs/BeatLinks.h>
 #include <ZarnCore/io/musicxml/signs/Hairpins.h>
 #include <ZarnCore/io/musicxml/signs/NoteLinks.h>
+#include <ZarnCore/io/musicxml/signs/Placement.h>
 #include <ZarnCore/io/musicxml/signs/Slurs.h>
 #include <ZarnCore/io/musicxml/signs/TextSpans.h>
 #include <ZarnCore/io/musicxml/writer/ExportContext.h>
@@ -275,11 +276,11 @@ void LineSigns::writeLinks(const Note &note, bool isFirst, pugi::xml_node notati
         beginLink(note, false, notations);
 }
 
-pugi::xml_node LineSigns::addDirection(pugi::xml_node measure, int staffNumber,
-                                       const char *placement)
+pugi::xml_node LineSigns::addDirection(pugi::xml_node measure, int staffNumber, MarkSide side)
 {
     auto direction = addElement(measure, "direction");
-    addAttribute(direction, "placement", placement);
+    if (const char *const placement = placementOf(side))
+        addAttribute(direction, "placement", placement);
     auto type = addElement(direction, "direction-type");
     addElement(direction, "staff", staffNumber);
     return type;
@@ -315,7 +316,8 @@ bool LineSigns::handWedgeOn()
     if (ahead->hairpin() != hairpin || ahead->beginsHairpin() || isAnother)
         return false;
     const int line = _line - static_cast<int>(_place.slot) + static_cast<int>(slot);
-    return _numbers.openWedges.emplace(line, PartNumbers::OpenWedge{ahead, _wedge, _wedgeSlot})
+    return _numbers.openWedges
+        .emplace(line, PartNumbers::OpenWedge{ahead, _wedge, _wedgeSlot, _wedgeSide})
         .second;
 }
 
@@ -354,7 +356,7 @@ bool LineSigns::hasOtherVoices() const
 void LineSigns::writeSwell(pugi::xml_node measure, int staffNumber, double half)
 {
     for (const char *const type : {"stop", wedgeTypeOf(Hairpin::Decrescendo)}) {
-        auto directionType = addDirection(measure, staffNumber, "below");
+        auto directionType = addDirection(measure, staffNumber, _wedgeSide);
         auto wedge = addElement(directionType, tagName(Tag::Wedge));
         addAttribute(wedge, "type", type);
         addAttribute(wedge, "number", _wedge);
@@ -370,14 +372,16 @@ void LineSigns::writeBefore(pugi::xml_node measure, int staffNumber, double half
     if (open != _numbers.openWedges.end() && open->second.beat == _beat) {
         _wedge = open->second.number;
         _wedgeSlot = open->second.slot;
+        _wedgeSide = open->second.side;
         _numbers.openWedges.erase(open);
     }
     if (_wedge == 0 && hairpin != Hairpin::NoHairpin) {
         _wedge = take(_numbers.wedges, "hairpins");
         _wedgeSlot = _place.slot;
+        _wedgeSide = _beat->hairpinSide();
         if (_wedge != 0) {
             auto wedge =
-                addElement(addDirection(measure, staffNumber, "below"), tagName(Tag::Wedge));
+                addElement(addDirection(measure, staffNumber, _wedgeSide), tagName(Tag::Wedge));
             addAttribute(wedge, "type",
                          wedgeTypeOf(hairpin == Hairpin::Swell ? Hairpin::Crescendo : hairpin));
             addAttribute(wedge, "number", _wedge);
@@ -388,14 +392,13 @@ void LineSigns::writeBefore(pugi::xml_node measure, int staffNumber, double half
             }
         }
     }
-    const bool beginsDashes =
-        _beat->textSpan() == TextSpan::Begin && _dashes == 0 && hasEndOfDashes();
-    _context.addUnheldIf(_beat->textSpan() == TextSpan::Begin && !beginsDashes,
-                         "dashes without an end");
+    const bool beginsDashes = begins(_beat->textSpan()) && _dashes == 0 && hasEndOfDashes();
+    _context.addUnheldIf(begins(_beat->textSpan()) && !beginsDashes, "dashes without an end");
     if (beginsDashes) {
         _dashes = take(_numbers.dashes, "dashes");
+        _dashesSide = _beat->textSpan() == TextSpan::Begin ? MarkSide::Above : MarkSide::Below;
         if (_dashes != 0)
-            addSpan(addDirection(measure, staffNumber, "above"), tagName(Tag::Dashes), true,
+            addSpan(addDirection(measure, staffNumber, _dashesSide), tagName(Tag::Dashes), true,
                     _dashes);
     }
     // Words of its own over the beat would run into those of the muting.
@@ -403,7 +406,7 @@ void LineSigns::writeBefore(pugi::xml_node measure, int staffNumber, double half
         && _dashes == 0 && _beat->textSpan() == TextSpan::None) {
         _palmMute = take(_numbers.dashes, "dashes");
         if (_palmMute != 0) {
-            auto type = addDirection(measure, staffNumber, "above");
+            auto type = addDirection(measure, staffNumber, MarkSide::Above);
             addElement(type, tagName(Tag::Words), palmMuteWords());
             auto dashes = type.parent().insert_child_after("direction-type", type);
             addSpan(dashes, tagName(Tag::Dashes), true, _palmMute);
@@ -417,24 +420,24 @@ void LineSigns::writeAfter(pugi::xml_node measure, int staffNumber)
     if (_wedge != 0 && !goesOn(_beat->hairpin())) {
         if (!handWedgeOn()) {
             auto wedge =
-                addElement(addDirection(measure, staffNumber, "below"), tagName(Tag::Wedge));
+                addElement(addDirection(measure, staffNumber, _wedgeSide), tagName(Tag::Wedge));
             addAttribute(wedge, "type", "stop");
             addAttribute(wedge, "number", _wedge);
             _numbers.wedges.free(_wedge, _line, bar);
         }
         _wedge = 0;
     }
-    const auto endDashes = [&](int &open) {
-        addSpan(addDirection(measure, staffNumber, "above"), tagName(Tag::Dashes), false, open);
+    const auto endDashes = [&](int &open, MarkSide side) {
+        addSpan(addDirection(measure, staffNumber, side), tagName(Tag::Dashes), false, open);
         _numbers.dashes.free(open, _line, bar);
         open = 0;
     };
     if (_dashes != 0 && _beat->textSpan() == TextSpan::End)
-        endDashes(_dashes);
+        endDashes(_dashes, _dashesSide);
     if (_palmMute != 0
         && !(_next && isPalmMuted(*_next) && _next->text().empty()
              && _next->textSpan() == TextSpan::None))
-        endDashes(_palmMute);
+        endDashes(_palmMute, MarkSide::Above);
 }
 
 } // namespace zarn::io

@@ -30,6 +30,7 @@ struct PartNumbers {
         const Beat *beat; ///< the first that carries it there
         int number;
         unsigned slot; ///< that it began in
+        MarkSide side;
     };
     std::map<int, OpenWedge> openWedges; ///< by the line of the voice
 };
@@ -102,7 +103,7 @@ private:
     bool isPalmMuted(const Beat &beat) const;
     bool goesOn(Hairpin hairpin) const;
     bool handWedgeOn();
-    pugi::xml_node addDirection(pugi::xml_node measure, int staffNumber, const char *placement);
+    pugi::xml_node addDirection(pugi::xml_node measure, int staffNumber, MarkSide side);
     bool hasEndOfDashes() const;
     bool hasOtherVoices() const;
     void writeSwell(pugi::xml_node measure, int staffNumber, double half);
@@ -119,7 +120,9 @@ private:
     int _legatoSlur = 0;
     int _wedge = 0;
     unsigned _wedgeSlot = 0; ///< that it began in
+    MarkSide _wedgeSide = MarkSide::Auto;
     int _dashes = 0;
+    MarkSide _dashesSide = MarkSide::Above;
     int _palmMute = 0;
     int _wave = 0;
     int _barWave = 0;

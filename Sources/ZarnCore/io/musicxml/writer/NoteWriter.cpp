@@ -65,6 +65,22 @@ bool isBare(const Beat &beat)
     return marks.isPlain() && !beat.hasDetails();
 }
 
+/// Null for the direction that a program chooses.
+const char *stemOf(ZarnStemOrientation orientation)
+{
+    switch (orientation) {
+    case ZarnStemOrientation::Upward:
+        return "up";
+    case ZarnStemOrientation::Downward:
+        return "down";
+    case ZarnStemOrientation::None:
+        return "none";
+    case ZarnStemOrientation::Undefined:
+        break;
+    }
+    return nullptr;
+}
+
 void addYes(pugi::xml_node node, const char *name)
 {
     addAttribute(node, name, "yes");
@@ -260,9 +276,14 @@ void NoteWriter::writeTime(const RhythmicBeat &beat, const Note *note, const Voi
             addElement(modification, "normal-type", noteTypeName(written.type));
         }
     }
-    if (beat.beat->stemOrientation() != ZarnStemOrientation::Undefined && note)
-        _stock.addText(node, "stem",
-                       beat.beat->stemOrientation() == ZarnStemOrientation::Upward ? "up" : "down");
+    if (const char *const stem = stemOf(beat.beat->stemOrientation()); stem && note) {
+        _stock.addText(node, "stem", stem);
+        // Readers take it for what such notes are anyway.
+        _context.addUnheldIf(beat.beat->stemOrientation() == ZarnStemOrientation::None
+                                 && beat.beat->rhythmValue().getNoteValue()
+                                     < RhythmValue::NoteValue::Half,
+                             "missing stem of a long note");
+    }
     if (note)
         writeHead(*note, *beat.beat, node);
     if (place.hasSeveralStaves)
@@ -300,7 +321,12 @@ void NoteWriter::writeHead(const Note &note, const Beat &beat, pugi::xml_node no
         : note.isDead()                ? NoteHead::Cross
         : isUsual                      ? _usualHead
                                        : note.noteHead();
-    if (head == NoteHead::Normal && !isGhost)
+    _context.addUnheldIf(beat.isSlashed() && note.noteHead() != NoteHead::Normal,
+                         "head under a slash");
+    _context.addUnheldIf(!beat.isSlashed() && head == NoteHead::Slash, "slash of a single head");
+    _context.addUnheldIf(!note.isDead() && head == NoteHead::Cross && note.fret() != Note::Unset,
+                         "cross of a fretted note that is not dead");
+    if (head == NoteHead::Normal && !isGhost && note.headFill() == HeadFill::Auto)
         return;
     // An x without a fret says nothing but that the note is dead.
     const bool isPlus =
@@ -309,6 +335,8 @@ void NoteWriter::writeHead(const Note &note, const Beat &beat, pugi::xml_node no
                               isPlus                        ? "cross"
                                   : head == NoteHead::Cross ? "x"
                                                             : noteHeadToString(head).c_str());
+    if (note.headFill() != HeadFill::Auto)
+        addAttribute(element, "filled", note.headFill() == HeadFill::Filled ? "yes" : "no");
     if (isGhost)
         addYes(element, "parentheses");
 }
