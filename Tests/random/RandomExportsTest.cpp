@@ -135,6 +135,8 @@ std::string asSettled(const ScoreModel &model, bool areSlursSettled = true)
         for (const auto &beat : voice.beats()) {
             for (const auto &note : beat->notes())
                 note->clearSpelling();
+            // A document says it where a hairpin begins, and readers of all of its beats.
+            beat->setHairpinSide(MarkSide::Auto);
             if (beat->isWholeBarRest())
                 beat->setRhythmValue(RhythmValue(RhythmValue::NoteValue::Whole));
         }
