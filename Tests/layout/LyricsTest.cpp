@@ -221,3 +221,35 @@ TEST(LyricsTest, wordsThatShareANoteHaveABowBetweenThem)
         EXPECT_EQ(sung.front().text, shown);
     }
 }
+
+/// Over whole systems, while the notes go on: not behind a rest, nor, but for hyphens, where
+/// another verse is sung alone.
+TEST(LyricsTest, heldSyllablesLeadOverWholeSystems)
+{
+    enum class Third { Note, Rest, OtherVerse };
+    for (const Syllabic syllabic : {Syllabic::Single, Syllabic::Begin})
+        for (const Third third : {Third::Note, Third::Rest, Third::OtherVerse}) {
+            Piece piece(4);
+            const bool isHeld = syllabic == Syllabic::Single;
+            piece.add({72}, NoteValue::Whole).setLyrics({{1, syllabic, isHeld, "la"}});
+            piece.add({72}, NoteValue::Whole, 0, 0, 1);
+            Beat &beat = piece.add(third == Third::Rest ? std::vector<int>{} : std::vector<int>{72},
+                                   NoteValue::Whole, 0, 0, 2);
+            if (third == Third::OtherVerse)
+                beat.setLyrics({{0, Syllabic::Single, false, "lo"}});
+            piece.add({72}, NoteValue::Half, 0, 0, 3);
+            piece.add({72}, NoteValue::Half, 0, 0, 3)
+                .setLyrics({{1, isHeld ? Syllabic::Single : Syllabic::End, false, "li"}});
+            piece.model->setFullScoreSystemsLayout({1, 1, 1, 1});
+            const LaidOut laid(*piece.model);
+            ASSERT_EQ(laid.systemCount, 4U);
+            std::vector<int> lines(4, 0);
+            for (const auto &mark : laid.of(MarkKind::Lyric))
+                lines[mark.system] += mark.text.empty() ? 1 : 0;
+            const bool reachesLast =
+                third == Third::Note || (third == Third::OtherVerse && !isHeld);
+            EXPECT_GT(lines[1], 0);
+            EXPECT_EQ(lines[2] > 0, third != Third::Rest);
+            EXPECT_EQ(lines[3] > 0, reachesLast);
+        }
+}

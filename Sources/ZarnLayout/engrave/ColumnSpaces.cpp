@@ -6,6 +6,7 @@
 #include <ZarnLayout/engrave/ChordSymbolText.h>
 #include <ZarnLayout/engrave/Pen.h>
 #include <ZarnLayout/engrave/WrittenText.h>
+#include <ZarnLayout/source/SungBeats.h>
 
 #include <ZarnCore/chords/ZarnChordDiagram.h>
 
@@ -63,12 +64,10 @@ void addWordSpaces(const Chord &chord, const Fonts &fonts, std::vector<SpaceBox>
         const double width =
             boxOf(Pen(fonts).words(MarkKind::Lyric, TextRole::Lyric, sungText(syllable), 0, 0))
                 .right;
-        const bool wordGoesOn =
-            syllable.syllabic == Syllabic::Begin || syllable.syllabic == Syllabic::Middle;
         const double y = lyricSpaceY + 10.0 * syllable.line;
-        boxes.push_back(
-            {{centre - width / 2, y, centre + width / 2 + (wordGoesOn ? 0.8 : 0), y + 1},
-             SpaceBox::Kind::Text});
+        boxes.push_back({{centre - width / 2, y,
+                          centre + width / 2 + (isWordUnfinished(syllable) ? 0.8 : 0), y + 1},
+                         SpaceBox::Kind::Text});
     }
     if (const std::string &symbol = shownSymbol(details.chord); !symbol.empty()) {
         const double width = fonts.textBox(writtenSymbol(symbol), TextRole::ChordSymbol).right;

@@ -2,6 +2,7 @@
 #include <ZarnLayout/engrave/WrittenText.h>
 
 #include <ZarnLayout/font/ZarnMusicFont.h>
+#include <ZarnLayout/source/SungBeats.h>
 
 #include <ZarnCore/model/lyrics/ZarnLyricText.h>
 
@@ -116,8 +117,7 @@ std::string sungText(const Syllable &syllable)
         return letter == QLatin1Char('-')
             || (letter.unicode() >= hyphen && letter.unicode() <= enDash);
     };
-    const bool goesOn =
-        syllable.syllabic == Syllabic::Begin || syllable.syllabic == Syllabic::Middle;
+    const bool goesOn = isWordUnfinished(syllable);
     const bool comesFromBefore =
         syllable.syllabic == Syllabic::End || syllable.syllabic == Syllabic::Middle;
     int first = 0;

@@ -4,6 +4,7 @@
 #include <ZarnLayout/engrave/EngravedBar.h>
 #include <ZarnLayout/engrave/Problems.h>
 #include <ZarnLayout/source/Rows.h>
+#include <ZarnLayout/source/SungBeats.h>
 #include <ZarnLayout/space/BarSpacer.h>
 
 #include <ZarnCore/model/layout/ZarnTrackGroup.h>
@@ -53,6 +54,17 @@ struct WordsLine {
     bool isOpen = false;
 };
 
+/// What leads over a bar line.
+struct OpenLines {
+    std::vector<unsigned> words; ///< staves with dashes behind words, in order
+    OpenSyllables syllables;
+
+    friend bool operator==(const OpenLines &a, const OpenLines &b)
+    {
+        return a.words == b.words && a.syllables == b.syllables;
+    }
+};
+
 /// What is known of such a bar as long as the score has it. What is engraved is much larger, and
 /// kept only where systems are built.
 struct ShownColumn {
@@ -61,6 +73,7 @@ struct ShownColumn {
     unsigned count = 1;                    ///< of bars
     BarWidth width;
     std::vector<WordsLine> wordsLines; ///< of staves where any begin or end
+    OpenSyllables openSyllables;       ///< at its end, of those that it sings itself
     std::vector<WordEnds> words;
     double temposAfter = 0; ///< see `SpacedBar`
     Problems problems;

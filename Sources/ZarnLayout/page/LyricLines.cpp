@@ -23,75 +23,23 @@ struct Sung {
     std::size_t number; ///< among the carriers
 };
 
-/// A syllable in front of the system on which the first notes of the system are still sung.
-struct HeldSyllable {
-    unsigned verse;
-    unsigned voice;
-    bool isWordUnfinished; ///< hyphens go on, else the line under held notes
-};
-
 using Carriers = std::vector<const PlacedChord *>;
 
 /// By verse and voice.
 using SungLines = std::map<std::pair<unsigned, unsigned>, std::vector<Sung>>;
 
-bool isWordUnfinished(const Syllable &syllable)
+/// Those that the first notes of the system are still sung on.
+OpenSyllables heldFromBefore(const RowDraft &row, const SystemDraft &draft, std::uint8_t visible)
 {
-    return syllable.syllabic == Syllabic::Begin || syllable.syllabic == Syllabic::Middle;
-}
-
-const Syllable *syllableOf(const BeatSource &beat, unsigned verse)
-{
-    if (beat.details)
-        for (const Syllable &syllable : beat.details->lyrics)
-            if (syllable.line == verse)
-                return &syllable;
-    return nullptr;
-}
-
-/// Whether a beat is sung on what was sung in front of it.
-bool holds(const BeatSource &beat, unsigned verse)
-{
-    return !beat.isRest && !beat.isPlaceHolder && syllableOf(beat, verse) == nullptr;
-}
-
-const VoiceSource *voiceOf(const BarSource &bar, unsigned number)
-{
-    const auto voice =
-        std::find_if(bar.voices.begin(), bar.voices.end(),
-                     [number](const VoiceSource &other) { return other.number == number; });
-    return voice == bar.voices.end() || voice->beats.empty() ? nullptr : &*voice;
-}
-
-/// The last syllable of a bar, if only notes follow that are sung on it.
-const Syllable *lastSyllableOf(const VoiceSource &voice, unsigned verse)
-{
-    for (auto beat = voice.beats.rbegin(); beat != voice.beats.rend(); ++beat) {
-        if (const Syllable *const syllable = syllableOf(*beat, verse))
-            return syllable;
-        if (!holds(*beat, verse))
-            break;
-    }
-    return nullptr;
-}
-
-/// Those of the bar in front that its last notes and the system's first ones are sung on.
-std::vector<HeldSyllable> heldFromBefore(const RowDraft &row, const SystemDraft &draft,
-                                         std::uint8_t visible)
-{
-    std::vector<HeldSyllable> held;
-    if (!draft.knowsBefore)
-        return held;
-    const BarSource &here = draft.score.source(row.number, draft.first);
-    for (const VoiceSource &before : draft.score.source(row.number, draft.first - 1).voices) {
-        const VoiceSource *const voice = voiceOf(here, before.number);
-        for (unsigned verse = 0; voice != nullptr && visible >> verse != 0; ++verse) {
-            if ((visible >> verse & 1) == 0 || !holds(voice->beats.front(), verse))
-                continue;
-            const Syllable *const syllable = lastSyllableOf(before, verse);
-            if (syllable != nullptr && (syllable->hasMelisma || isWordUnfinished(*syllable)))
-                held.push_back({verse, before.number, isWordUnfinished(*syllable)});
-        }
+    OpenSyllables held;
+    const unsigned staff = draft.score.staffOfRow[row.number];
+    for (const OpenSyllable &open : draft.openSyllables) {
+        if (open.staff != staff || (visible >> open.verse & 1) == 0)
+            continue;
+        const VoiceSource *const voice =
+            voiceOf(draft.score.source(row.number, draft.first), open.voice);
+        if (voice != nullptr && holds(voice->beats.front(), open.verse))
+            held.push_back(open);
     }
     return held;
 }
@@ -231,7 +179,7 @@ public:
     }
 
     /// What comes from the system in front.
-    void addStart(const std::vector<Sung> &sung, const HeldSyllable &held)
+    void addStart(const std::vector<Sung> &sung, const OpenSyllable &held)
     {
         const auto first =
             std::find_if(_carriers.begin(), _carriers.end(), [&](const PlacedChord *carrier) {
@@ -310,8 +258,8 @@ void addLyrics(RowDraft &row, const SystemDraft &draft)
     const Carriers carriers = carriersOf(row);
     SungLines lines = sungLinesOf(carriers, visible, draft.pen);
     // A verse of which nothing new is sung has a line for what it holds.
-    std::map<std::pair<unsigned, unsigned>, std::vector<HeldSyllable>> held;
-    for (const HeldSyllable &syllable : heldFromBefore(row, draft, visible)) {
+    std::map<std::pair<unsigned, unsigned>, OpenSyllables> held;
+    for (const OpenSyllable &syllable : heldFromBefore(row, draft, visible)) {
         auto key = std::make_pair(syllable.verse, syllable.voice);
         if (lines.find(key) == lines.end() && lines.count({syllable.verse, 0}) > 0)
             key.second = 0;
@@ -324,7 +272,7 @@ void addLyrics(RowDraft &row, const SystemDraft &draft)
         LyricLine words(row, draft, carriers, line);
         words.addWords(sung, number == 1, number == static_cast<int>(lines.size()));
         words.addLinks(sung, key.first);
-        for (const HeldSyllable &syllable : held[key])
+        for (const OpenSyllable &syllable : held[key])
             words.addStart(sung, syllable);
         place(row, words.take(),
               lyricLine + static_cast<int>(key.first * Bar::MaxVoices + key.second));

@@ -98,14 +98,15 @@ void SystemBuilder::addRows(SystemDraft &draft, double width) const
 }
 
 DrawnSystem SystemBuilder::build(unsigned first, unsigned end, double width, bool isJustified,
-                                 const std::vector<unsigned> &openWords) const
+                                 const OpenLines &open) const
 {
     SystemDraft draft = draftOf(first, end);
+    draft.openSyllables = open.syllables;
     draft.staffLeft = indentOf(_score, _pen, draft.isFirst);
     addRows(draft, width);
     for (RowDraft &row : draft.rows)
         row.hasOpenWords =
-            std::binary_search(openWords.begin(), openWords.end(), _score.staffOfRow[row.number]);
+            std::binary_search(open.words.begin(), open.words.end(), _score.staffOfRow[row.number]);
     placeBars(draft, width, isJustified);
     CrossStaffBeams beams = placeRows(draft);
     addRowSigns(draft);

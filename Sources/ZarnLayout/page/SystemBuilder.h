@@ -58,10 +58,9 @@ public:
     }
 
     /// The shown bars `first` up to `end`, in a width. A system that is not justified is as wide as
-    /// its notes want to be. `openWords` are the staves over which dashes behind words come from
-    /// before.
+    /// its notes want to be. `open` is what comes from the systems in front.
     DrawnSystem build(unsigned first, unsigned end, double width, bool isJustified,
-                      const std::vector<unsigned> &openWords) const;
+                      const OpenLines &open) const;
 
 protected:
     /// Without rows: these are as wide as its bars.

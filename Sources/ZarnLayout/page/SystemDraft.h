@@ -128,6 +128,7 @@ struct SystemDraft {
     bool isFirst = false;
     bool knowsBefore = false; ///< what begins in the bar in front goes on here
     bool knowsBehind = false;
+    OpenSyllables openSyllables; ///< at its beginning
     std::vector<RowDraft> rows;
     std::vector<BarPlace> bars;
 

@@ -5,8 +5,8 @@
 #include <ZarnLayout/page/PageFiller.h>
 #include <ZarnLayout/page/SystemHead.h>
 #include <ZarnLayout/session/ColumnEngraver.h>
+#include <ZarnLayout/session/LinesOverBars.h>
 #include <ZarnLayout/session/MultiRests.h>
-#include <ZarnLayout/session/WordsLines.h>
 
 #include <ZarnCore/model/ZarnScoreModel.h>
 
@@ -158,8 +158,10 @@ void LayoutEngine::engraveBar(const ScoreSource &source, std::size_t shownBar)
     column->width = engraved->spaced.width;
     column->words = engraved->spaced.words;
     column->temposAfter = engraved->spaced.temposAfter;
-    if (bars.count == 1)
+    if (bars.count == 1) {
         column->wordsLines = wordsLinesOf(*column->first);
+        column->openSyllables = openSyllablesOf(*column->first);
+    }
     column->problems = engraved->problems;
     auto &place = _score.columns[shownBar];
     _hasOtherBarProblems =
@@ -226,13 +228,13 @@ void LayoutEngine::buildSystems(const ScoreSource &source, const Sheet &sheet,
     const double first = sheet.width - indentOf(_score, _pen, true) - 0.2;
     const double others = sheet.width - indentOf(_score, _pen, false) - 0.2;
     unsigned bar = 0;
-    std::vector<unsigned> openWords;
+    OpenLines open;
     for (const unsigned bars : _breaks.find(source, _score.shown, {first, others})) {
         ShownSystem system(bar, bar + bars, {sheet.width, true});
-        system.openWords = openWords;
+        system.open = open;
         addSystem(source, std::move(system), origins);
         for (const unsigned end = bar + bars; bar < end; ++bar)
-            passBar(openWords, *_score.columns[bar]);
+            passBar(open, *_score.columns[bar]);
     }
 }
 
@@ -272,7 +274,7 @@ void LayoutEngine::addSystem(const ScoreSource &source, ShownSystem system, cons
         Problems problems;
         DrawnSystem drawn = SystemBuilder(_score, _pen, problems)
                                 .build(system.first, system.end, system.width.width,
-                                       system.width.isJustified, system.openWords);
+                                       system.width.isJustified, system.open);
         system.built = std::make_shared<const BuiltSystem>(std::move(drawn.system));
         system.drawing = std::move(drawn.drawing);
         system.stretch = 0;
@@ -317,7 +319,7 @@ void LayoutEngine::takeOver(ShownSystem &old, ShownSystem &system) const
 
 bool LayoutEngine::isSame(const ShownSystem &old, const ShownSystem &system) const
 {
-    if (_hasOtherHeads || !(old.width == system.width) || old.openWords != system.openWords
+    if (_hasOtherHeads || !(old.width == system.width) || !(old.open == system.open)
         || old.end - old.first != system.end - system.first)
         return false;
     // Else what is drawn of a system depends on its bars, the one in front, and the one behind.

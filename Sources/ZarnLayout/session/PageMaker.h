@@ -33,10 +33,10 @@ struct ShownSystem {
 
     unsigned first; ///< shown bars
     unsigned end;
-    SystemWidth width;               ///< for which it was built
-    std::vector<unsigned> openWords; ///< staves over which dashes behind words come from before
-    layout::Unit left = 0;           ///< on the line that it is a part of
-    bool isNew = false;              ///< was not there in the layout before
+    SystemWidth width;     ///< for which it was built
+    OpenLines open;        ///< at its beginning
+    layout::Unit left = 0; ///< on the line that it is a part of
+    bool isNew = false;    ///< was not there in the layout before
     std::shared_ptr<const BuiltSystem> built;
     std::shared_ptr<const layout::SystemDrawing> drawing; ///< with its rows moved as it was shown
     double stretch = 0;                                   ///< by which they are moved apart

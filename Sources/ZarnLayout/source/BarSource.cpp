@@ -57,23 +57,14 @@ bool haveEqualOttava(const BeatSource *a, const BeatSource *b)
     return (!a && !b) || (a && b && a->marks.ottavia() == b->marks.ottavia());
 }
 
-bool hasLyrics(const BeatSource &beat)
+/// Whether words lead alike to beats from the bar in front.
+bool areSungAlike(const BeatSource &a, const BeatSource &b)
 {
-    return beat.details && !beat.details->lyrics.empty();
-}
-
-/// Whether words lead alike to a voice from the bar in front, and from it to the bar behind: to its
-/// first beat, and from its last syllables.
-bool areSungAlike(const VoiceSource &a, const VoiceSource &b)
-{
-    const BeatSource &first = a.beats.front();
-    const BeatSource &other = b.beats.front();
-    if (first.isRest != other.isRest || first.isPlaceHolder != other.isPlaceHolder)
-        return false;
-    const auto isSung = [](const VoiceSource &voice) {
-        return std::any_of(voice.beats.begin(), voice.beats.end(), hasLyrics);
+    const auto syllables = [](const BeatSource &beat) {
+        return beat.details ? beat.details->lyrics : Syllables();
     };
-    return (!isSung(a) && !isSung(b)) || a.beats == b.beats;
+    return a.isRest == b.isRest && a.isPlaceHolder == b.isPlaceHolder
+        && syllables(a) == syllables(b);
 }
 
 bool lookAlikeFromOutside(const VoiceSource &a, const VoiceSource &b)
@@ -81,7 +72,8 @@ bool lookAlikeFromOutside(const VoiceSource &a, const VoiceSource &b)
     if (a.number != b.number || a.beats.empty() != b.beats.empty())
         return false;
     return a.beats.empty()
-        || (areSungAlike(a, b) && a.beats.back().marks.hairpin() == b.beats.back().marks.hairpin()
+        || (areSungAlike(a.beats.front(), b.beats.front())
+            && a.beats.back().marks.hairpin() == b.beats.back().marks.hairpin()
             && haveEqualOttava(firstNote(a), firstNote(b))
             && haveEqualOttava(lastNote(a), lastNote(b)));
 }

@@ -10,8 +10,7 @@ namespace zarn::engraving {
 /// How the dashes behind words that begin or end in a bar leave it, by staff.
 std::vector<WordsLine> wordsLinesOf(const BarColumn &bar);
 
-/// Goes on behind a bar: `open` are the staves over which dashes lead from one bar to the next, in
-/// order.
-void passBar(std::vector<unsigned> &open, const ShownColumn &bar);
+/// Goes on behind a bar with what leads to it.
+void passBar(OpenLines &open, const ShownColumn &bar);
 
 } // namespace zarn::engraving
