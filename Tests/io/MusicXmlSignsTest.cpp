@@ -197,6 +197,34 @@ TEST(MusicXmlSigns, temposKeepTheirUnitAndWordsStandAtTheirBeats)
     EXPECT_EQ(model->masterTrack()->masterBar(0)->section().letter, "A");
 }
 
+TEST(MusicXmlSigns, boldWordsOverTheFirstStaffAreOfTheTempo)
+{
+    const auto words = [](const std::string &text, const std::string &weight) {
+        return "<words font-weight=\"" + weight + "\">" + text + "</words>";
+    };
+    const std::string dashes = direction("<dashes type=\"start\"/>");
+    ImportReport report;
+    const auto model =
+        import(score(measure(direction(words("Lively", "bold"), "<sound tempo=\"90\"/>") + whole)
+                     + measure(direction(words("Nicht eilen", "bold")) + whole)
+                     + measure(direction(words("2", "normal") + words("e", "bold")
+                                         + words(" Couplet", "bold"))
+                               + whole)
+                     + measure(direction(words("rit.", "bold")) + dashes + whole)),
+               report);
+    const auto tempos = model->masterTrack()->automations(zarn::Automation::Tempo);
+    ASSERT_EQ(tempos.size(), 2U);
+    const auto &tempo = static_cast<const zarn::TempoAutomation &>(*tempos[1]);
+    EXPECT_EQ(tempo.text(), "Nicht eilen");
+    EXPECT_EQ(tempo.quarterValue(), 90) << "words alone change nothing that sounds";
+    EXPECT_TRUE(tempo.isVisible() && tempo.unit() == static_cast<int>(zarn::TempoUnit::None));
+    const auto textOf = [&](unsigned bar) {
+        return model->track(0)->bar(bar)->voice(0)->beat(0)->text();
+    };
+    EXPECT_EQ(textOf(1) + "|" + textOf(2), "|2e Couplet") << "an ordinal";
+    EXPECT_EQ(textOf(3), "rit.") << "a line goes on behind it";
+}
+
 TEST(MusicXmlSigns, rehearsalLettersKeepTheirCircles)
 {
     const std::string mark = direction("<rehearsal enclosure=\"circle\">A1</rehearsal>");

@@ -13,6 +13,8 @@
 #include <ZarnCore/io/musicxml/signs/Swings.h>
 #include <ZarnCore/music/ZarnNoteDynamic.h>
 
+#include <QString>
+
 #include <algorithm>
 #include <string_view>
 
@@ -41,6 +43,18 @@ int staffOf(pugi::xml_node node, ImportContext &context)
 /// title.
 constexpr std::size_t longestLetter = 3;
 
+/// Whether words follow others without a space: what ends in one, and the letters of an ordinal,
+/// which are small and high.
+bool areOneWord(const std::string &text, const std::string &next)
+{
+    const QString left = QString::fromStdString(text);
+    const QString right = QString::fromStdString(next);
+    const bool isNumber =
+        std::all_of(left.begin(), left.end(), [](QChar letter) { return letter.isDigit(); });
+    return left.back().isSpace() || right.front().isSpace()
+        || (isNumber && right.front().isLower());
+}
+
 /// The words of a direction, and its metronome mark among them where that is to be words too.
 std::string joined(const std::vector<pugi::xml_node> &texts, bool withMetronome)
 {
@@ -51,9 +65,31 @@ std::string joined(const std::vector<pugi::xml_node> &texts, bool withMetronome)
             continue;
         const auto mark = isMetronome ? readMetronome(node) : std::nullopt;
         const std::string part = mark ? mark->text() : node.child_value();
-        text += (text.empty() || part.empty() ? "" : " ") + part;
+        const bool isNext = !text.empty() && !part.empty();
+        text += (isNext && !areOneWord(text, part) ? " " : "") + part;
     }
     return text;
+}
+
+bool beginsLine(pugi::xml_node direction)
+{
+    for (const auto type : direction.children("direction-type"))
+        if (type.child("dashes") || type.child("bracket"))
+            return true;
+    return false;
+}
+
+/// Bold words over the first staff speak of the tempo, also where nothing sounds otherwise: "Nicht
+/// eilen". Those that a line continues are words of their beats.
+bool areTempoWords(pugi::xml_node direction, const std::vector<pugi::xml_node> &texts)
+{
+    const auto isBold = [](pugi::xml_node words) {
+        return std::string_view(words.attribute("font-weight").value()) == "bold";
+    };
+    const auto next = direction.next_sibling();
+    return std::all_of(texts.begin(), texts.end(), isBold)
+        && std::string_view(direction.attribute("placement").value()) != "below"
+        && !beginsLine(direction) && !(tagOf(next.name()) == Tag::Direction && beginsLine(next));
 }
 
 /// Of an element of <dynamics>; 0 or less for what is none.
@@ -112,11 +148,20 @@ void DirectionReader::readDirection(pugi::xml_node node, const MeasureTimeline &
     const bool isJump = readJumps(gathered, isTempo ? std::string() : words, facts);
     if (isMovementTitle(words))
         facts.movementTitles.push_back(_context.bar());
-    if (!words.empty() && !isTempo && !isJump) {
+    if (words.empty() || isTempo || isJump)
+        return;
+    if (_context.part() != 0 || staff != 0 || !areTempoWords(node, gathered.texts)) {
         auto &mark = measure.addMark(node, WrittenMark::Kind::Text, position, staff);
         mark.text = words;
         mark.side = sideOf(gathered.texts.front());
+        return;
     }
+    WrittenTempo tempo = {_context.bar(), position};
+    tempo.tempo.unit = TempoUnit::None;
+    tempo.text = words;
+    tempo.visible = true;
+    tempo.node = node;
+    facts.tempos.push_back(std::move(tempo));
 }
 
 void DirectionReader::gather(pugi::xml_node type, Gathered &gathered, PartFacts &facts,

@@ -315,14 +315,14 @@ void MasterBarBuilder::setFeels(MasterTrack &master)
     }
 }
 
-/// Of two tempos at one place the later one holds; words of both are kept, and a number that can
-/// be seen stays in sight.
-void MasterBarBuilder::joinTempo(TempoAutomation &there, const WrittenTempo &tempo)
+/// Of two tempos at one place the later one holds; words of both are kept where one part has them,
+/// and a number that can be seen stays in sight.
+void MasterBarBuilder::joinTempo(TempoAutomation &there, const WrittenTempo &tempo, bool isSamePart)
 {
     const auto words = there.text();
     if (words.empty())
         there.setText(tempo.text);
-    else if (hasMetronomeMark(tempo.text) && words.find(tempo.text) == words.npos)
+    else if ((isSamePart || hasMetronomeMark(tempo.text)) && words.find(tempo.text) == words.npos)
         there.setText(words + " " + tempo.text);
     const auto unitThere = static_cast<TempoUnit>(there.unit());
     const auto before = quartersOf({there.value(), unitThere});
@@ -363,6 +363,7 @@ void MasterBarBuilder::setTempos(MasterTrack &master)
             < std::tie(b.second->bar, b.second->position);
     });
     double quarters = TempoMark().value;
+    int lastPart = 0;
     // Where one note is said to equal another again and again.
     constexpr double slowest = 0.01;
     constexpr double fastest = 1e6;
@@ -374,13 +375,14 @@ void MasterBarBuilder::setTempos(MasterTrack &master)
         if (auto *there = master.automation(Automation::Tempo, bar, position)) {
             _context.setPlace(part, tempo.bar);
             auto &joined = static_cast<TempoAutomation &>(*there);
-            joinTempo(joined, tempo);
+            joinTempo(joined, tempo, part == lastPart);
             quarters = quartersOf({joined.value(), static_cast<TempoUnit>(joined.unit())});
             continue;
         }
         if (value.value <= 0)
             value.value = std::clamp(quarters * tempo.factor, slowest, fastest);
         quarters = quartersOf(value);
+        lastPart = part;
         auto automation = std::make_unique<TempoAutomation>();
         automation->setIndex(bar);
         automation->setPosition(position);

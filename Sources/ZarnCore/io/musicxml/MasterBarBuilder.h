@@ -42,7 +42,7 @@ private:
     void setSections(MasterTrack &master);
     void setFeels(MasterTrack &master);
     void setTempos(MasterTrack &master);
-    void joinTempo(TempoAutomation &there, const WrittenTempo &tempo);
+    void joinTempo(TempoAutomation &there, const WrittenTempo &tempo, bool isSamePart);
     ConcertKey choose(const std::vector<ConcertKey> &keys) const;
     int concertFifths(std::size_t part, const WrittenKey &key) const;
 
