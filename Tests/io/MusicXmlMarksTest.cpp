@@ -284,6 +284,34 @@ TEST(MusicXmlMarks, hyphensLeadToTheNextSyllable)
     EXPECT_TRUE(report.hasProblem("bar 2: a syllable in mid-word that none leads to was mended"));
 }
 
+/// A long note that ends with shorter ones is held with them; both show it when it is written
+/// again.
+TEST(MusicXmlMarks, aFermataOverNotesThatEndTogetherIsOne)
+{
+    const auto held = [](const char *step, int duration, const char *type, const char *voice) {
+        return note(step, 4, duration,
+                    std::string(type) + "</type><notations><fermata/></notations><type>" + type, {},
+                    voice);
+    };
+    const auto read = [&](const std::string &longer) {
+        ImportReport report;
+        return import(
+            score(measure(attributes("<divisions>1</divisions>") + longer + backup(2)
+                          + note("D", 4, 1, "quarter", {}, "2") + held("E", 1, "quarter", "2"))),
+            report);
+    };
+    const auto model = read(held("C", 2, "half", "1"));
+    const FermataMarks together = {FermataMark::at(1, Fermata::Medium)};
+    EXPECT_EQ(model->masterTrack()->masterBar(0)->fermatas(), together);
+    const std::string written = exported(*model);
+    EXPECT_LT(written.find("<fermata"), written.rfind("<fermata"));
+    ImportReport report;
+    EXPECT_EQ(import(written, report)->masterTrack()->masterBar(0)->fermatas(), together);
+
+    const auto apart = read(held("C", 1, "quarter", "1") + note("C", 4, 1, "quarter"));
+    EXPECT_EQ(apart->masterTrack()->masterBar(0)->fermatas().size(), 2U);
+}
+
 TEST(MusicXmlMarks, fermatasStandAtATimeOfAllStavesAndTheLongestHolds)
 {
     const std::string text =

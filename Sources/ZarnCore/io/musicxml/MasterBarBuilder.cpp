@@ -8,6 +8,7 @@
 #include <ZarnCore/io/musicxml/Metronome.h>
 #include <ZarnCore/io/musicxml/Movements.h>
 #include <ZarnCore/model/ZarnMasterTrack.h>
+#include <ZarnCore/model/attributes/ZarnFermataSpan.h>
 #include <ZarnCore/model/form/ZarnInForce.h>
 #include <ZarnCore/model/form/ZarnTempoUnitLength.h>
 
@@ -259,14 +260,29 @@ void MasterBarBuilder::setBarLines(MasterTrack &master)
             master.masterBars()[static_cast<std::size_t>(written.bar)]->setBarLine(written.line);
 }
 
-/// Of several parts at one time the longest one holds.
+/// Of several parts at one time the longest one holds. What is written over a long note and over
+/// shorter ones that end with it is one fermata, at these.
 void MasterBarBuilder::setFermatas(MasterTrack &master)
 {
+    std::map<int, std::map<rational, FermataSpan>> spans;
+    for (const auto &part : _parts)
+        for (const auto &written : part.fermatas)
+            if (!written.isAtEnd)
+                spans[written.bar]
+                    .try_emplace(written.position, written.position)
+                    .first->second.add(written.position, written.end);
+    const auto placeOf = [&](const WrittenFermata &written) {
+        rational place = written.position;
+        for (const auto &[position, span] : spans[written.bar])
+            if (span.isHeldFromBefore(written.position, written.end))
+                place = position;
+        return place;
+    };
     for (const auto &part : _parts)
         for (const auto &written : part.fermatas) {
             auto &bar = *master.masterBars()[static_cast<std::size_t>(written.bar)];
             const auto mark =
-                FermataMark::at(written.isAtEnd ? bar.length() : written.position, written.kind);
+                FermataMark::at(written.isAtEnd ? bar.length() : placeOf(written), written.kind);
             auto marks = bar.fermatas();
             const auto at = std::lower_bound(marks.begin(), marks.end(), mark,
                                              [](const FermataMark &left, const FermataMark &right) {

@@ -103,7 +103,8 @@ struct WrittenFermata {
     int bar;
     utils::rational position;
     Fermata kind;
-    bool isAtEnd = false; ///< over the bar line, whatever the length of the bar
+    bool isAtEnd = false;    ///< over the bar line, whatever the length of the bar
+    utils::rational end = 0; ///< of the note or rest under it
 };
 
 /// A bar line of its own kind at the end of a bar.

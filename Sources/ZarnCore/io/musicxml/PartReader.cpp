@@ -179,9 +179,10 @@ void PartReader::addSigns(WrittenMeasure &measure)
 {
     const auto index = measure.notes.size() - 1;
     const auto onset = measure.notes.back().onset;
+    const auto end = _timeline.exact();
     for (const auto &sign : _notes.signs())
         if (sign.tag == Tag::Fermata)
-            _facts->fermatas.push_back({_context.bar(), onset, fermataOf(sign.node)});
+            _facts->fermatas.push_back({_context.bar(), onset, fermataOf(sign.node), false, end});
         else
             measure.signs.push_back({sign.node, sign.tag, index});
 }

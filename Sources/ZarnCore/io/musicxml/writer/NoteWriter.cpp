@@ -441,7 +441,7 @@ void NoteWriter::writeNotations(const RhythmicBeat &placed, const Note *note, bo
         signs.writeNotations(note, isFirst, notations);
     if (isFirst && _fermatas && !_fermatas->empty() && !beat.isGrace() && !place.staff->isAlternate)
         for (const auto &mark : *_fermatas)
-            if (mark.position == placed.onset) {
+            if (mark.span.isOver(placed.onset, placed.onset + placed.length)) {
                 auto fermata = addElement(notations, "fermata");
                 addAttribute(fermata, "type", "upright");
                 fermata.append_child(pugi::node_pcdata).set_value(shapeOf(mark.kind));

@@ -2,10 +2,10 @@
 #pragma once
 
 #include <ZarnCore/io/musicxml/WrittenAccidentals.h>
+#include <ZarnCore/io/musicxml/writer/BarFermatas.h>
 #include <ZarnCore/io/musicxml/writer/PartPlan.h>
 #include <ZarnCore/io/musicxml/writer/SpelledPitch.h>
 #include <ZarnCore/io/musicxml/writer/VoiceRhythm.h>
-#include <ZarnCore/model/attributes/ZarnFermataMark.h>
 
 #include <cstdint>
 
@@ -43,8 +43,8 @@ public:
     void write(const RhythmicBeat &beat, const VoicePlace &place, MeasureCursor &cursor,
                LineSigns &signs);
 
-    /// Fermatas of the bar that a beat has to show; see `MasterBar::fermatas`.
-    void setFermatas(const FermataMarks &marks) { _fermatas = &marks; }
+    /// Fermatas of the bar that beats have to show; they must outlive the bar.
+    void setFermatas(const BarFermatas &fermatas) { _fermatas = &fermatas; }
 
 private:
     pugi::xml_node startNote(const RhythmicBeat &beat, MeasureCursor &cursor);
@@ -68,7 +68,7 @@ private:
     ElementStock &_stock;
     ExportContext &_context;
     const Bar *_bar = nullptr;
-    const FermataMarks *_fermatas = nullptr;
+    const BarFermatas *_fermatas = nullptr;
     int _fifths = 0;
     HeldAccidentals _accidentals;
     PitchSpelling _spelling;

@@ -63,7 +63,7 @@ void PartWriter::writeMeasure(unsigned bar)
     for (std::size_t staff = 0; staff < _plan.staves().size(); ++staff) {
         const auto &written = _plan.staves()[staff];
         _notes[staff].startBar(*written.staff->bars()[bar], _fifths);
-        _notes[staff].setFermatas(column.fermatas());
+        _notes[staff].setFermatas(_score.fermatas[bar]);
         if (bar == 0
             && (_plan.hasLateVoices(static_cast<unsigned>(written.index))
                 || _crossed.hasGuests(staff)))

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <ZarnCore/io/musicxml/writer/AttributesWriter.h>
+#include <ZarnCore/io/musicxml/writer/BarFermatas.h>
 #include <ZarnCore/io/musicxml/writer/BarlineWriter.h>
 #include <ZarnCore/io/musicxml/writer/CrossedVoices.h>
 #include <ZarnCore/io/musicxml/writer/DirectionWriter.h>
@@ -31,6 +32,7 @@ struct ScorePlan {
     std::vector<bool> systemStarts; ///< bars that a system of the full score begins with
     std::vector<int> numbers;       ///< of the bars, as they are counted
     std::vector<EndingMark> endings;
+    std::vector<BarFermatas> fermatas; ///< by bar
 };
 
 /// Writes one part, a measure at a time: no more than a few are in memory.

@@ -111,6 +111,8 @@ void writeScore(const ScoreModel &model, XmlSink &sink, ExportReport &report)
     std::deque<PartPlan> parts;
     for (const auto &track : model.tracks())
         parts.emplace_back(*track, static_cast<unsigned>(parts.size()), score.reach);
+    for (unsigned bar = 0; bar < model.masterTrack()->masterBarCount(); ++bar)
+        score.fermatas.push_back(fermatasOf(model, bar));
     setLengths(parts, score);
     setPadding(parts, score, context);
     context.setPlace(-1, -1);

@@ -6,6 +6,7 @@
 #include <ZarnCore/io/musicxml/JumpWords.h>
 #include <ZarnCore/io/musicxml/Movements.h>
 #include <ZarnCore/io/musicxml/TrackBuilder.h>
+#include <ZarnCore/io/musicxml/writer/BarFermatas.h>
 #include <ZarnCore/io/musicxml/writer/BarlineWriter.h>
 #include <ZarnCore/io/musicxml/writer/ExportContext.h>
 #include <ZarnCore/io/musicxml/writer/PartPlan.h>
@@ -28,22 +29,20 @@ void countBypassed(const AutomationContainer &automations, ExportContext &contex
                             "automation that is bypassed");
 }
 
-/// Whether a beat begins, or the bar ends, where a fermata stands.
-bool isOverBeat(const FermataMark &mark, const MasterBar &bar, const ScoreModel &model)
+void countFermatas(const MasterBar &bar, const ScoreModel &model, ExportContext &context)
 {
-    if (mark.position == bar.length())
-        return true;
-    for (const auto &track : model.tracks())
-        for (const auto &staff : track->staves())
-            for (const auto &voice : staff->bars()[bar.index()]->voices()) {
-                utils::rational onset;
-                for (unsigned i = 0; voice && i < voice->beatCount(); ++i) {
-                    if (onset == mark.position)
-                        return true;
-                    onset += voice->beats()[i]->length();
-                }
-            }
-    return false;
+    const BarFermatas shown = fermatasOf(model, bar.index());
+    for (std::size_t i = 0; i < shown.size(); ++i) {
+        const FermataMark &mark = bar.fermatas()[i];
+        const bool isAtEnd = mark.position == bar.length();
+        if (!isAtEnd && !shown[i].span.hasBeats())
+            context.addUnheld("fermata over no beat");
+        else if (!isAtEnd && !shown[i].isTold)
+            context.addUnheld("fermata over beats that end under another one");
+        else
+            context.addUnheldIf(!(mark == FermataMark::at(mark.position, mark.kind)),
+                                "length of a fermata");
+    }
 }
 
 void countBar(const MasterBar &bar, const ScoreModel &model, ExportContext &context)
@@ -54,12 +53,7 @@ void countBar(const MasterBar &bar, const ScoreModel &model, ExportContext &cont
     context.addUnheldIf(bar.barLine() != BarLine() && (bar.hasDoubleBar() || bar.isRepeatEnd()),
                         "bar line under another one");
     context.addUnheldIf(bar.hasDoubleBar() && bar.isRepeatEnd(), "double bar under a repeat sign");
-    for (const auto &mark : bar.fermatas())
-        if (!isOverBeat(mark, bar, model))
-            context.addUnheld("fermata over no beat");
-        else
-            context.addUnheldIf(!(mark == FermataMark::at(mark.position, mark.kind)),
-                                "length of a fermata");
+    countFermatas(bar, model, context);
 }
 
 /// Texts and brackets of endings, as the marks that are written of them show them.
