@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -36,6 +37,36 @@ TEST(DrawnMusicXmlTest, aLongNoteHasOneFermata)
         marks.push_back(FermataMark::at(quarters, Fermata::Medium));
     model->masterTrack()->masterBar(0)->setFermatas(marks);
     EXPECT_EQ(LaidOut(*model).of(MarkKind::Fermata).size(), 3U);
+}
+
+/// One over a note that ends together with shorter ones is at these, and at the long note's head; a
+/// staff whose note goes on has none.
+TEST(DrawnMusicXmlTest, aFermataStandsOverWhatIsHeldInEachStaff)
+{
+    const std::string half = "half</type><notations><fermata/></notations><type>half";
+    const std::string rest = "<note><rest/><duration>1</duration><voice>2</voice><type>quarter"
+                             "</type><staff>2</staff><notations><fermata/></notations></note>";
+    const auto model = read(measure(
+        attributes("<divisions>1</divisions><time><beats>4</beats><beat-type>4</beat-type></time>"
+                   "<staves>3</staves>")
+        + note("C", 5, 2, half) + note("C", 5, 2, "half") + backup(4)
+        + note("E", 4, 1, "quarter", {}, "2", 2) + rest + note("E", 4, 2, "half", {}, "2", 2)
+        + backup(4) + note("C", 3, 4, "whole", {}, "3", 3)));
+    const LaidOut laidOut(*model);
+    const auto fermatas = laidOut.of(MarkKind::Fermata);
+    ASSERT_EQ(fermatas.size(), 2U);
+    const auto heads = laidOut.of(MarkKind::NoteHead);
+    const auto middle = [](const auto &mark) { return (mark.left + mark.right) / 2; };
+    const auto isOver = [&](const auto &mark) {
+        return [&, x = middle(mark)](const auto &other) {
+            return std::abs(middle(other) - x) < 1 && other.place.staff == mark.place.staff;
+        };
+    };
+    EXPECT_EQ(fermatas[0].place.staff, 0);
+    EXPECT_EQ(std::find_if(heads.begin(), heads.end(), isOver(fermatas[0])), heads.begin());
+    EXPECT_EQ(fermatas[1].place.staff, 1);
+    const auto rests = laidOut.of(MarkKind::Rest);
+    EXPECT_TRUE(std::any_of(rests.begin(), rests.end(), isOver(fermatas[1])));
 }
 
 /// Two voices on one side that move together look like one chord, unless their heads are in the

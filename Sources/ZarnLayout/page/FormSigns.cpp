@@ -4,9 +4,12 @@
 #include <ZarnLayout/engrave/TempoLine.h>
 #include <ZarnLayout/page/SideItem.h>
 
+#include <ZarnCore/model/attributes/ZarnFermataSpan.h>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <optional>
 
 namespace zarn::engraving {
 
@@ -291,16 +294,44 @@ void addStringsTexts(SystemDraft &draft)
     }
 }
 
-/// When the note or rest began that a staff has at a time; below 0 for none.
-utils::rational onsetAt(const BarSource &bar, const utils::rational &time)
-{
-    utils::rational latest = -1;
-    for (const VoiceSource &voice : bar.voices)
-        for (const BeatSource &beat : voice.beats)
-            if (!beat.isPlaceHolder && beat.onset <= time)
-                latest = std::max(latest, beat.onset);
-    return latest;
-}
+/// Where a bar's fermatas stand over the staves.
+class FermataPlaces {
+public:
+    FermataPlaces(const SystemDraft &draft, unsigned shownBar) : _draft(draft), _bar(shownBar) { }
+
+    /// When the note or rest begins in a staff that shows a fermata: one that begins with it, else
+    /// one that ends with such a one of another staff, else what sounds there, if no staff has
+    /// either. Nothing where a staff does without.
+    std::optional<utils::rational> onsetUnder(const RowDraft &row,
+                                              const utils::rational &time) const
+    {
+        FermataSpan span(time);
+        for (const RowDraft &other : _draft.rows)
+            forBeats(other, [&](const utils::rational &onset, const utils::rational &end) {
+                span.add(onset, end);
+            });
+        std::optional<utils::rational> latest;
+        forBeats(row, [&](const utils::rational &onset, const utils::rational &end) {
+            const bool isUnder = span.hasBeats() ? span.isOver(onset, end) : !(time < onset);
+            if (isUnder && (!latest || *latest < onset))
+                latest = onset;
+        });
+        return latest;
+    }
+
+private:
+    template <class Use>
+    void forBeats(const RowDraft &row, const Use &use) const
+    {
+        for (const VoiceSource &voice : _draft.score.source(row.number, _bar).voices)
+            for (const BeatSource &beat : voice.beats)
+                if (!beat.isPlaceHolder)
+                    use(beat.onset, beat.onset + beat.length);
+    }
+
+    const SystemDraft &_draft;
+    unsigned _bar;
+};
 
 } // namespace
 
@@ -309,37 +340,33 @@ void addFermatas(RowDraft &row, const SystemDraft &draft)
     if (!row.row->isFirstOfStaff)
         return;
     for (const BarPlace &bar : draft.bars) {
+        const FermataPlaces places(draft, bar.shownBar);
+        const utils::rational &length = draft.score.column(bar.shownBar).length;
+        const bool isWhole =
+            bar.columns.empty() || !draft.score.bar(row.number, bar.shownBar).centred.empty();
         double lastX = -1e9;
-        utils::rational lastOnset = -1;
         for (const FermataMark &mark : draft.score.column(bar.shownBar).fermatas) {
-            const double length = draft.score.column(bar.shownBar).length.toDouble();
-            const double time = mark.position.toDouble();
-            const bool isWhole =
-                bar.columns.empty() || !draft.score.bar(row.number, bar.shownBar).centred.empty();
-            double x = time >= length ? bar.right
-                : isWhole             ? (bar.left + bar.right) / 2
-                                      : placeOfTime(draft, bar, time) + 0.59;
+            const bool isAtEnd = !(mark.position < length);
+            const auto onset = isAtEnd || isWhole ? std::optional(mark.position)
+                                                  : places.onsetUnder(row, mark.position);
+            if (!onset)
+                continue;
+            double x = isAtEnd ? bar.right
+                : isWhole      ? (bar.left + bar.right) / 2
+                               : placeOfTime(draft, bar, onset->toDouble()) + 0.59;
             const Sign sign = mark.kind == Fermata::Short ? Sign::FermataShortAbove
                 : mark.kind == Fermata::Long              ? Sign::FermataLongAbove
                                                           : Sign::FermataAbove;
             const Box &box = draft.pen.fonts().box(sign);
             // In front of a line that leads to the staff above.
-            if (time >= length && row.hasLinesAbove)
+            if (isAtEnd && row.hasLinesAbove)
                 x -= box.width() / 2 + 0.2;
             // Over the last line as far to the right as the margin allows.
             x = std::min(x - (box.left + box.right) / 2, draft.right + 0.3 - box.right);
-            // A bar that is empty here has one for all that are written on it.
-            if (isWhole && std::abs(x - lastX) < 0.5)
+            // A note or rest has one for all that are written over it.
+            if (!isAtEnd && std::abs(x - lastX) < 0.5)
                 continue;
             lastX = x;
-            // So has a note or rest that lasts while other staves move on.
-            if (!isWhole && time < length) {
-                const auto onset =
-                    onsetAt(draft.score.source(row.number, bar.shownBar), mark.position);
-                if (onset.sign() >= 0 && onset == lastOnset)
-                    continue;
-                lastOnset = onset;
-            }
             MarkPlace where = placeOfBar(draft.score.shown[bar.shownBar].bar);
             where.track = static_cast<std::int16_t>(row.row->track);
             where.staff = static_cast<std::int8_t>(row.row->staff);
