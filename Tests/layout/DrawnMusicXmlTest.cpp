@@ -264,3 +264,67 @@ TEST(DrawnMusicXmlTest, restsStandOnTheSideOfTheirVoice)
     EXPECT_GT(restOf("down", "down"), 0) << "where the notes lie";
     EXPECT_LT(restOf("up", "down"), 0) << "where the stems point, crossing";
 }
+
+/// What is given a side stands there, words under a staff on the line of its dynamics.
+TEST(DrawnMusicXmlTest, wordsDynamicsAndHairpinsStandOnTheirSides)
+{
+    const auto draw = [](const std::string &side) {
+        const auto direction = [&](const std::string &content) {
+            return "<direction placement=\"" + side + "\"><direction-type>" + content
+                + "</direction-type></direction>";
+        };
+        const std::string c = note("C", 5, 1, "quarter");
+        return LaidOut(*read(measure(
+            attributes(fourQuarters) + direction("<dynamics><p/></dynamics>")
+            + direction("<words>dolce</words>") + c + c + direction("<wedge type=\"crescendo\"/>")
+            + c + c + direction("<wedge type=\"stop\"/>"))));
+    };
+    constexpr double staff = 4;
+    const LaidOut above = draw("above");
+    for (const MarkKind kind : {MarkKind::Dynamic, MarkKind::Text, MarkKind::Hairpin}) {
+        SCOPED_TRACE(static_cast<int>(kind));
+        ASSERT_FALSE(above.of(kind).empty());
+        for (const auto &mark : above.of(kind))
+            EXPECT_LT(mark.bottom, 0);
+    }
+    const LaidOut below = draw("below");
+    const auto level = below.of(MarkKind::Dynamic).at(0);
+    const auto words = below.of(MarkKind::Text).at(0);
+    EXPECT_GT(level.top, staff);
+    EXPECT_EQ(words.y, level.y);
+    EXPECT_GT(words.left, level.right);
+    for (const auto &mark : below.of(MarkKind::Hairpin))
+        EXPECT_GT(mark.top, staff);
+}
+
+/// A head is open or full as is said, whatever the value; notes without stems have no flags and no
+/// beams.
+TEST(DrawnMusicXmlTest, headsAndStemsLookAsIsSaid)
+{
+    const auto draw = [](const std::string &before, const std::string &behind) {
+        const auto noted = [&](const char *type) {
+            return "<note><pitch><step>C</step><octave>5</octave></pitch><duration>1</duration>"
+                   "<voice>1</voice><type>"
+                + std::string(type) + "</type>" + before + behind + "</note>";
+        };
+        return LaidOut(*read(measure(attributes("<divisions>2</divisions>") + noted("eighth")
+                                     + noted("eighth") + noted("half"))));
+    };
+    const auto heads = [](const LaidOut &laid) {
+        std::vector<std::string> names;
+        for (const auto &mark : laid.of(MarkKind::NoteHead))
+            names.push_back(mark.glyph);
+        return names;
+    };
+    using Names = std::vector<std::string>;
+    const LaidOut open = draw("", "<notehead filled=\"no\">diamond</notehead>");
+    EXPECT_EQ(heads(open),
+              (Names{"noteheadDiamondHalf", "noteheadDiamondHalf", "noteheadDiamondHalf"}));
+    EXPECT_EQ(open.of(MarkKind::Stem).size(), 3U);
+    EXPECT_EQ(open.of(MarkKind::Beam).size(), 1U);
+    const LaidOut full = draw("<stem>none</stem>", "<notehead filled=\"yes\">normal</notehead>");
+    EXPECT_EQ(heads(full), (Names{"noteheadBlack", "noteheadBlack", "noteheadBlack"}));
+    EXPECT_TRUE(full.of(MarkKind::Stem).empty());
+    EXPECT_TRUE(full.of(MarkKind::Flag).empty());
+    EXPECT_TRUE(full.of(MarkKind::Beam).empty());
+}

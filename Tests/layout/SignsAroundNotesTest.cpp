@@ -269,6 +269,17 @@ TEST(SignsAroundNotesTest, dashesBehindWordsGoOnInTheNextSystems)
     EXPECT_GT(right[2], notes[9].left);
     EXPECT_LT(right[2], notes[10].left);
     EXPECT_EQ(right[3], -1);
+
+    // Behind words under the staff they are under it in all systems.
+    beat(0, 2)->setText({});
+    beat(0, 2)->setTextBelow("cresc.");
+    beat(0, 2)->setTextSpan(TextSpan::BeginBelow);
+    unsigned systems = 0;
+    for (const auto &mark : LaidOut(*piece.model).of(MarkKind::Text)) {
+        EXPECT_GT(mark.top, 4);
+        systems |= 1U << mark.system;
+    }
+    EXPECT_EQ(systems, 7U);
 }
 
 /// An octave sign that goes on in the next system has no hook at its end, and a reminder there.

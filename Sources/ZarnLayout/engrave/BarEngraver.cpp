@@ -216,8 +216,9 @@ void BarEngraver::chooseStem(const std::vector<std::size_t> &chain)
     }
     for (const std::size_t i : chain) {
         const ZarnStemOrientation said = chords[i].beat->marks.stemOrientation();
-        if (said != ZarnStemOrientation::Undefined && !isSaid
-            && _row.notation != Notation::Tablature) {
+        const bool saysSide =
+            said == ZarnStemOrientation::Upward || said == ZarnStemOrientation::Downward;
+        if (saysSide && !isSaid && _row.notation != Notation::Tablature) {
             isUp = said == ZarnStemOrientation::Upward;
             isForced = isSaid = true;
         }

@@ -3,6 +3,7 @@
 
 #include <ZarnCore/music/ZarnMusicGlyph.h>
 
+#include <algorithm>
 #include <array>
 
 namespace zarn::engraving {
@@ -58,11 +59,17 @@ Heads headsOf(NoteHead head)
     return {0xE0A0, 0xE0A2, 0xE0A3, 0xE0A4};
 }
 
-std::size_t rankOf(const RhythmValue &rhythm)
+/// Of the value, or of one whose heads are filled as is wished: a half is open, a quarter full.
+std::size_t rankOf(const RhythmValue &rhythm, HeadFill fill = HeadFill::Auto)
 {
     const int value = static_cast<int>(rhythm.getNoteValue());
     constexpr int breve = static_cast<int>(RhythmValue::NoteValue::DWhole);
-    return static_cast<std::size_t>(value <= breve ? 0 : value - breve > 3 ? 3 : value - breve);
+    constexpr int half = 2;
+    constexpr int quarter = 3;
+    const int rank = std::clamp(value - breve, 0, quarter);
+    return static_cast<std::size_t>(fill == HeadFill::Filled     ? quarter
+                                        : fill == HeadFill::Open ? std::min(rank, half)
+                                                                 : rank);
 }
 
 } // namespace
@@ -70,7 +77,7 @@ std::size_t rankOf(const RhythmValue &rhythm)
 std::uint32_t headGlyph(const Row &row, const NoteSource &note, const BeatSource &beat,
                         const Fonts &fonts)
 {
-    const std::size_t rank = rankOf(beat.rhythm);
+    const std::size_t rank = rankOf(beat.rhythm, note.headFill);
     if (note.head == NoteHead::None)
         return fonts.glyph(Sign::NoteheadBlack);
     const std::size_t length = rank == 3 ? 0 : rank == 2 ? 1 : 2;

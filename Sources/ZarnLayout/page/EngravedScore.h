@@ -48,15 +48,20 @@ struct EngravedRows {
     Problems problems;
 };
 
-/// Whether dashes behind words go on behind a bar in which such begin or end.
-struct WordsLine {
+/// Where dashes behind words go on behind a bar; behind one in which such end, `Auto`.
+struct OpenWords {
     unsigned staff = 0; ///< among the staves of the column
-    bool isOpen = false;
+    MarkSide side = MarkSide::Auto;
+
+    friend bool operator==(const OpenWords &left, const OpenWords &right) noexcept
+    {
+        return left.staff == right.staff && left.side == right.side;
+    }
 };
 
 /// What leads over a bar line.
 struct OpenLines {
-    std::vector<unsigned> words; ///< staves with dashes behind words, in order
+    std::vector<OpenWords> words; ///< dashes behind words, by staff
     OpenSyllables syllables;
 
     friend bool operator==(const OpenLines &a, const OpenLines &b)
@@ -72,7 +77,7 @@ struct ShownColumn {
     std::shared_ptr<const BarColumn> last; ///< of the bars under the sign; else the same
     unsigned count = 1;                    ///< of bars
     BarWidth width;
-    std::vector<WordsLine> wordsLines; ///< of staves where any begin or end
+    std::vector<OpenWords> wordsLines; ///< of staves where any begin or end
     OpenSyllables openSyllables;       ///< at its end, of those that it sings itself
     std::vector<WordEnds> words;
     double temposAfter = 0; ///< see `SpacedBar`

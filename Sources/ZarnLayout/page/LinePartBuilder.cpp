@@ -26,7 +26,7 @@ bool hasOpenText(const RowDraft &row, std::size_t number)
     return std::any_of(row.chords.begin(), row.chords.begin() + static_cast<std::ptrdiff_t>(number),
                        [&](const PlacedChord &chord) {
                            const auto &details = chord.beat().details;
-                           return details && details->textSpan == TextSpan::Begin;
+                           return details && begins(details->textSpan);
                        });
 }
 

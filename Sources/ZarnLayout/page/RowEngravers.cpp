@@ -3,6 +3,7 @@
 
 #include <ZarnLayout/page/BeamEngraver.h>
 #include <ZarnLayout/page/BeatSigns.h>
+#include <ZarnLayout/page/BeatTexts.h>
 #include <ZarnLayout/page/BendEngraver.h>
 #include <ZarnLayout/page/FormSigns.h>
 #include <ZarnLayout/page/LyricLines.h>
@@ -23,9 +24,9 @@ using EngraveRow = void (*)(RowDraft &row, const SystemDraft &draft);
 
 /// What is nearer to the notes comes first; what bends round other marks behind those.
 constexpr EngraveRow rowEngravers[] = {
-    addTremolosBetween, addBends,      addStringLinks, addTies,    addArticulations,
-    addSlurs,           addWhammyBars, cutUprights,    addTuplets, addBeatSigns,
-    addFermatas,        addDynamics,   addStretches,   addLyrics,  addChordSymbols,
+    addTremolosBetween, addBends,    addStringLinks, addTies,         addArticulations, addSlurs,
+    addWhammyBars,      cutUprights, addTuplets,     addBeatSigns,    addFermatas,      addDynamics,
+    addStretches,       addWords,    addLyrics,      addChordSymbols,
 };
 
 } // namespace

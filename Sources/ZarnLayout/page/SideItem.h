@@ -16,6 +16,9 @@ struct SideItem {
     Inks inks;
     double gap = 0.4;
 
+    /// The score says on which side it stands.
+    bool isSideGiven = false;
+
     /// Items of one line, but for 0, share their base line.
     int line = 0;
 };

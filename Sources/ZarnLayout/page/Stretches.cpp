@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnLayout/page/Stretches.h>
 
-#include <ZarnLayout/engrave/WrittenText.h>
-
 #include <algorithm>
 #include <array>
 #include <cstdlib>
@@ -17,29 +15,6 @@ bool anyNote(const PlacedChord &chord, bool (*has)(const NoteMarks &))
         if (has(chord.source->notes[chord.beat().firstNote + i].marks))
             return true;
     return false;
-}
-
-/// Words, dashes to the end of a stretch, and a hook there.
-Inks dashed(const Pen &pen, MarkKind kind, const std::string &words, double left, double right,
-            double hook)
-{
-    Inks inks;
-    double x = left;
-    double middle = 0;
-    if (!words.empty()) {
-        inks.push_back(pen.text(kind, TextRole::Letter, words, left, 0));
-        x = inks.back().box.right + 0.4;
-        middle = -pen.fonts().capHeight(TextRole::Letter) / 2;
-    }
-    if (right > x + 0.6) {
-        Ink line = pen.line(kind, {x, middle}, {right, middle}, 0.13);
-        line.dash = 0.7;
-        line.gap = 0.5;
-        inks.push_back(std::move(line));
-        if (hook != 0)
-            inks.push_back(pen.line(kind, {right, middle}, {right, middle + hook}, 0.13));
-    }
-    return inks;
 }
 
 /// A wavy line of glyphs.
@@ -354,76 +329,6 @@ void addOttavas(RowDraft &row, const SystemDraft &draft)
     }
 }
 
-/// Dashes behind words that stand in a system before.
-void addOpenWords(RowDraft &row, const SystemDraft &draft,
-                  const std::vector<const PlacedChord *> &carriers)
-{
-    if (!row.hasOpenWords || carriers.empty())
-        return;
-    const PlacedChord *end = nullptr;
-    for (const PlacedChord *carrier : carriers)
-        if (const auto &details = carrier->beat().details;
-            details && details->textSpan != TextSpan::None && (!end || carrier->x < end->x))
-            end = carrier;
-    const double right = !end                            ? draft.right
-        : end->beat().details->textSpan == TextSpan::End ? rightOf(*end)
-                                                         : end->x - 0.5;
-    SideItem item;
-    item.gap = 0.6;
-    item.inks = dashed(draft.pen, MarkKind::Text, "", draft.musicLeft, right, 0);
-    for (Ink &ink : item.inks) {
-        ink.move(0, -0.5);
-        ink.place = placeOf(row, *carriers.front());
-    }
-    place(row, {std::move(item)});
-}
-
-/// Words over beats, with dashes as far as they hold.
-void addWords(RowDraft &row, const SystemDraft &draft)
-{
-    const auto carriers = carriersOf(row);
-    addOpenWords(row, draft, carriers);
-    for (std::size_t i = 0; i < carriers.size(); ++i) {
-        const PlacedChord &chord = *carriers[i];
-        const auto &details = chord.beat().details;
-        if (!details || details->text.empty())
-            continue;
-        SideItem item;
-        item.gap = 0.6;
-        // What is longer than the line becomes smaller.
-        const auto words = [&](double scale) {
-            return draft.pen.words(MarkKind::Text, TextRole::Words, details->text, chord.x, 0,
-                                   Pen::Align::Begin, scale);
-        };
-        item.inks = words(1);
-        reportMissingSigns(details->text, draft.pen.fonts(), placeOf(row, chord), draft.problems);
-        if (item.inks.empty())
-            continue;
-        if (const double width = boxOf(item.inks).right - chord.x; width > draft.room)
-            item.inks = words(draft.room / width);
-        // A text at the end of a line stays on the sheet.
-        if (const double end = boxOf(item.inks).right; end > draft.right)
-            move(item.inks, std::max(draft.staffLeft - chord.x, draft.right - end), 0);
-        if (details->textSpan == TextSpan::Begin) {
-            double right = draft.right;
-            for (std::size_t k = i + 1; k < carriers.size(); ++k)
-                if (const auto &other = carriers[k]->beat().details;
-                    other && other->textSpan == TextSpan::End) {
-                    right = rightOf(*carriers[k]);
-                    break;
-                }
-            for (Ink &ink :
-                 dashed(draft.pen, MarkKind::Text, "", boxOf(item.inks).right + 0.5, right, 0)) {
-                ink.move(0, -0.5);
-                item.inks.push_back(std::move(ink));
-            }
-        }
-        for (Ink &ink : item.inks)
-            ink.place = placeOf(row, chord);
-        place(row, {std::move(item)});
-    }
-}
-
 void addPedals(RowDraft &row, const SystemDraft &draft)
 {
     SideItems items;
@@ -453,6 +358,28 @@ void addPedals(RowDraft &row, const SystemDraft &draft)
 }
 
 } // namespace
+
+Inks dashed(const Pen &pen, MarkKind kind, const std::string &words, double left, double right,
+            double hook)
+{
+    Inks inks;
+    double x = left;
+    double middle = 0;
+    if (!words.empty()) {
+        inks.push_back(pen.text(kind, TextRole::Letter, words, left, 0));
+        x = inks.back().box.right + 0.4;
+        middle = -pen.fonts().capHeight(TextRole::Letter) / 2;
+    }
+    if (right > x + 0.6) {
+        Ink line = pen.line(kind, {x, middle}, {right, middle}, 0.13);
+        line.dash = 0.7;
+        line.gap = 0.5;
+        inks.push_back(std::move(line));
+        if (hook != 0)
+            inks.push_back(pen.line(kind, {right, middle}, {right, middle + hook}, 0.13));
+    }
+    return inks;
+}
 
 void addStretches(RowDraft &row, const SystemDraft &draft)
 {
@@ -490,7 +417,6 @@ void addStretches(RowDraft &row, const SystemDraft &draft)
     place(row, std::move(barres));
     addOttavas(row, draft);
     addPedals(row, draft);
-    addWords(row, draft);
 }
 
 } // namespace zarn::engraving

@@ -104,9 +104,10 @@ DrawnSystem SystemBuilder::build(unsigned first, unsigned end, double width, boo
     draft.openSyllables = open.syllables;
     draft.staffLeft = indentOf(_score, _pen, draft.isFirst);
     addRows(draft, width);
-    for (RowDraft &row : draft.rows)
-        row.hasOpenWords =
-            std::binary_search(open.words.begin(), open.words.end(), _score.staffOfRow[row.number]);
+    for (const OpenWords &words : open.words)
+        for (RowDraft &row : draft.rows)
+            if (_score.staffOfRow[row.number] == words.staff)
+                row.openWords = words.side;
     placeBars(draft, width, isJustified);
     CrossStaffBeams beams = placeRows(draft);
     addRowSigns(draft);

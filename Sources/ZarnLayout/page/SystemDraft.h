@@ -71,7 +71,8 @@ struct RowDraft {
 
     /// Beams between the row and another one, where they come nearest to it.
     Inks beamsBetween;
-    bool hasOpenWords = false; ///< dashes behind words of a system before go on
+    /// Where dashes behind words of a system before go on; `Auto` where none do.
+    MarkSide openWords = MarkSide::Auto;
 
     /// Bar lines that run through what lies above the row, and below it.
     bool hasLinesAbove = false;

@@ -3,6 +3,7 @@
 
 #include <ZarnLayout/engrave/ChordSymbolText.h>
 #include <ZarnLayout/engrave/WrittenText.h>
+#include <ZarnLayout/page/BeatTexts.h>
 #include <ZarnLayout/page/HairpinRuns.h>
 
 #include <ZarnCore/chords/ZarnChordDiagram.h>
@@ -161,20 +162,32 @@ Side sideOfDynamics(const RowDraft &row)
     return isSung ? Side::Above : Side::Below;
 }
 
-/// Dynamics and hairpins that follow one another closely share a line; what stands alone is as near
-/// to its notes as it can be.
-void alignNeighbours(SideItems &items)
+Side sideOf(MarkSide said, Side usual)
+{
+    return said == MarkSide::Auto ? usual : said == MarkSide::Above ? Side::Above : Side::Below;
+}
+
+/// What stands on the lines of a row, from left to right, for others to make way for.
+struct Taken {
+    double left;
+    double right;
+    Side side;
+};
+
+/// Dynamics, hairpins and words of one side that follow one another closely share a line, behind
+/// those with numbers up to `line`; what stands alone is as near to its notes as it can be. Returns
+/// the last number.
+int alignNeighbours(SideItems &items, Side side, int line)
 {
     constexpr double apart = 5;
     std::vector<SideItem *> inOrder;
     for (SideItem &item : items)
-        if (item.line != 0 && !item.inks.empty())
+        if (item.line != 0 && item.side == side && !item.inks.empty())
             inOrder.push_back(&item);
     std::stable_sort(inOrder.begin(), inOrder.end(),
                      [](const SideItem *left, const SideItem *right) {
                          return boxOf(left->inks).left < boxOf(right->inks).left;
                      });
-    int line = dynamicLine;
     double end = -1e9;
     for (SideItem *item : inOrder) {
         const Box box = boxOf(item->inks);
@@ -183,6 +196,7 @@ void alignNeighbours(SideItems &items)
         item->line = line;
         end = std::max(end, box.right);
     }
+    return line;
 }
 
 bool saysHowLoud(const BeatSource &beat)
@@ -204,7 +218,7 @@ const RowDraft *upperHand(const RowDraft &row, const SystemDraft &draft)
 }
 
 /// Between the hands stands what is said to both: dynamics of the lower one, with the hairpins that
-/// lead to or from them, where the upper one has none in the same bars.
+/// lead to or from them, where the upper one has none in the same bars and no side is given.
 void liftBetweenHands(SideItems &items, const RowDraft &row, const RowDraft &upper,
                       const SystemDraft &draft)
 {
@@ -217,6 +231,7 @@ void liftBetweenHands(SideItems &items, const RowDraft &row, const RowDraft &upp
         double left = 1e9;
         double right = -1e9;
         bool hasDynamic = false;
+        bool isSideGiven = false;
     };
     std::map<int, Line> lines;
     for (SideItem &item : items) {
@@ -227,10 +242,11 @@ void liftBetweenHands(SideItems &items, const RowDraft &row, const RowDraft &upp
         line.items.push_back(&item);
         line.left = std::min(line.left, box.left);
         line.right = std::max(line.right, box.right);
+        line.isSideGiven = line.isSideGiven || item.isSideGiven;
         line.hasDynamic = line.hasDynamic || item.inks.front().kind == MarkKind::Dynamic;
     }
     for (const auto &[number, line] : lines) {
-        bool isAlone = line.hasDynamic;
+        bool isAlone = line.hasDynamic && !line.isSideGiven;
         for (const BarPlace &bar : draft.bars)
             if (bar.left < line.right && bar.right > line.left && ofUpper.count(bar.shownBar) > 0)
                 isAlone = false;
@@ -241,79 +257,181 @@ void liftBetweenHands(SideItems &items, const RowDraft &row, const RowDraft &upp
     }
 }
 
+/// Dynamics, hairpins and the words under the beats of a row.
+class DynamicsEngraver {
+public:
+    DynamicsEngraver(RowDraft &row, const SystemDraft &draft)
+        : _row(row), _draft(draft), _carriers(carriersOf(row)), _usual(sideOfDynamics(row)),
+          _upper(_usual == Side::Below ? upperHand(row, draft) : nullptr)
+    {
+    }
+
+    void run()
+    {
+        for (const PlacedChord *const carrier : _carriers)
+            addDynamic(*carrier);
+        addWordsBelow();
+        for (const HairpinRun &run : hairpinRuns(_carriers))
+            addHairpin(run);
+        clearWords();
+        alignNeighbours(_items, Side::Above, alignNeighbours(_items, Side::Below, dynamicLine));
+        if (_upper != nullptr)
+            liftBetweenHands(_items, _row, *_upper, _draft);
+        place(_row, std::move(_items));
+        for (SideItem &item : _alone)
+            place(_row, {std::move(item)});
+    }
+
+private:
+    /// Whether bar lines lead through where something may come to stand: those of a single line are
+    /// taller than it.
+    bool meetsLines(const SideItem &item) const
+    {
+        const bool mayBeLifted = !item.isSideGiven && _upper != nullptr;
+        return _row.row->lineCount == 1
+            || (_row.hasLinesAbove && (item.side == Side::Above || mayBeLifted))
+            || (_row.hasLinesBelow && item.side == Side::Below);
+    }
+
+    void add(SideItem item, const PlacedChord &chord)
+    {
+        for (Ink &ink : item.inks)
+            ink.place = placeOf(_row, chord);
+        _items.push_back(std::move(item));
+    }
+
+    void addDynamic(const PlacedChord &chord)
+    {
+        const BeatSource &beat = chord.beat();
+        std::vector<Sign> signs = signsOf(beat.marks.dynamic());
+        for (const Sign sign : signsOf(beat.marks.attackDynamic()))
+            signs.push_back(sign);
+        if (signs.empty())
+            return;
+        const MarkSide said = beat.details ? beat.details->dynamicSide : MarkSide::Auto;
+        SideItem item;
+        item.side = sideOf(said, _usual);
+        item.isSideGiven = said != MarkSide::Auto;
+        item.line = dynamicLine;
+        item.gap = 0.5;
+        item.inks =
+            _draft.pen.glyphs(MarkKind::Dynamic, signs, chord.headCentre(), 0, Pen::Align::Centre);
+        if (meetsLines(item))
+            keepInBar(item.inks, _draft.barOf(chord));
+        keepOnLine(item.inks, _draft);
+        const Box box = boxOf(item.inks);
+        // Several voices that say the same say it once.
+        const bool isTaken = std::any_of(_taken.begin(), _taken.end(), [&](const Taken &other) {
+            return other.side == item.side && other.left < box.right && other.right > box.left;
+        });
+        if (isTaken)
+            item.line = 0;
+        _taken.push_back({box.left, box.right, item.side});
+        add(std::move(item), chord);
+    }
+
+    /// Words at a beat with a dynamic begin behind it: "p dolce".
+    void addWordsBelow()
+    {
+        constexpr double gap = 0.6;
+        SideItems words = wordsBelow(_row, _draft);
+        for (SideItem &item : words) {
+            if (item.inks.empty())
+                continue;
+            const double left = boxOf(item.inks).left;
+            const double width = boxOf(item.inks).width();
+            for (const Taken &other : _taken)
+                if (other.side == Side::Below && other.left <= left + 1 && other.right + gap > left
+                    && other.right + gap + width < _draft.right)
+                    move(item.inks, other.right + gap - left, 0);
+            item.line = dynamicLine;
+            item.isSideGiven = true;
+            _words.push_back(_items.size());
+            _items.push_back(std::move(item));
+        }
+    }
+
+    /// Where a hairpin begins that words reach into: behind them, where most of it is left.
+    double behindWords(double left, double right) const
+    {
+        constexpr double gap = 0.4;
+        constexpr double shortest = 2.5;
+        double begin = left;
+        for (const std::size_t number : _words) {
+            const Box box = boxOf(_items[number].inks);
+            if (box.left < left + 0.5 && box.right + gap > begin)
+                begin = box.right + gap;
+        }
+        return right - begin >= std::max(shortest, (right - left) / 2) ? begin : left;
+    }
+
+    void addHairpin(const HairpinRun &run)
+    {
+        const PlacedChord &first = *run.first;
+        const auto &details = first.beat().details;
+        SideItem item;
+        const MarkSide said = details ? details->hairpinSide : MarkSide::Auto;
+        item.side = sideOf(said, _usual);
+        item.isSideGiven = said != MarkSide::Auto;
+        item.line = dynamicLine;
+        item.gap = 0.5;
+        double left = first.x;
+        double right = (run.next ? run.next->x : endOfBeat(_draft, *run.last)) - 0.4;
+        for (const Taken &other : _taken) {
+            if (other.side != item.side)
+                continue;
+            if (other.left <= left + 0.5 && other.right > left)
+                left = other.right + 0.3;
+            if (other.left > left + 0.5 && other.left < right + 0.4)
+                right = std::min(right, other.left - 0.3);
+        }
+        if (item.side == Side::Below)
+            left = behindWords(left, right);
+        const bool comes = run.isFirstOfVoice && _draft.knowsBefore
+            && first.shownBar == _draft.first && !first.beat().marks.beginsHairpin()
+            && first.beat().index == 0 && wasOpen(_draft, _row, first, run.kind);
+        if (right <= left + 0.8)
+            return;
+        item.inks = hairpin(_draft.pen, run.kind, left, right, comes, false);
+        add(std::move(item), first);
+    }
+
+    /// Words that run into something else of their line stand under it.
+    void clearWords()
+    {
+        constexpr double gap = 0.3;
+        for (const std::size_t number : _words) {
+            SideItem &words = _items[number];
+            const Box box = boxOf(words.inks);
+            const bool meets =
+                std::any_of(_items.begin(), _items.end(), [&](const SideItem &other) {
+                    if (&other == &words || other.side != Side::Below || other.inks.empty())
+                        return false;
+                    const Box there = boxOf(other.inks);
+                    return there.left < box.right + gap && box.left < there.right + gap;
+                });
+            if (meets)
+                _alone.push_back(std::exchange(words, {}));
+        }
+    }
+
+    RowDraft &_row;
+    const SystemDraft &_draft;
+    std::vector<const PlacedChord *> _carriers;
+    Side _usual;
+    const RowDraft *_upper;
+    SideItems _items;
+    std::vector<Taken> _taken;       ///< by dynamics, for hairpins to end at
+    std::vector<std::size_t> _words; ///< numbers of items
+    SideItems _alone;                ///< words that find no room on a line
+};
+
 } // namespace
 
 void addDynamics(RowDraft &row, const SystemDraft &draft)
 {
-    if (!row.row->isFirstOfStaff)
-        return;
-    const Side side = sideOfDynamics(row);
-    const RowDraft *const upper = side == Side::Below ? upperHand(row, draft) : nullptr;
-    // Whether bar lines lead through where the dynamics may come to stand: those of a single line
-    // are taller than it.
-    const bool meetLines = row.row->lineCount == 1
-        || (row.hasLinesAbove && (side == Side::Above || upper != nullptr))
-        || (row.hasLinesBelow && side == Side::Below);
-    SideItems items;
-    std::vector<std::pair<double, double>> taken; // of dynamics, for hairpins to end at
-    const auto carriers = carriersOf(row);
-    for (const PlacedChord *const carrier : carriers) {
-        const PlacedChord &chord = *carrier;
-        std::vector<Sign> signs = signsOf(chord.beat().marks.dynamic());
-        for (const Sign sign : signsOf(chord.beat().marks.attackDynamic()))
-            signs.push_back(sign);
-        if (signs.empty())
-            continue;
-        SideItem item;
-        item.side = side;
-        item.line = dynamicLine;
-        item.gap = 0.5;
-        item.inks =
-            draft.pen.glyphs(MarkKind::Dynamic, signs, chord.headCentre(), 0, Pen::Align::Centre);
-        if (meetLines)
-            keepInBar(item.inks, draft.barOf(chord));
-        keepOnLine(item.inks, draft);
-        const Box box = boxOf(item.inks);
-        // Several voices that say the same say it once.
-        const bool isTaken =
-            std::any_of(taken.begin(), taken.end(), [&](const std::pair<double, double> &other) {
-                return other.first < box.right && other.second > box.left;
-            });
-        if (isTaken)
-            item.line = 0;
-        taken.push_back({box.left, box.right});
-        for (Ink &ink : item.inks)
-            ink.place = placeOf(row, chord);
-        items.push_back(std::move(item));
-    }
-    for (const HairpinRun &run : hairpinRuns(carriers)) {
-        const PlacedChord &first = *run.first;
-        double left = first.x;
-        double right = (run.next ? run.next->x : endOfBeat(draft, *run.last)) - 0.4;
-        for (const auto &[start, stop] : taken) {
-            if (start <= left + 0.5 && stop > left)
-                left = stop + 0.3;
-            if (start > left + 0.5 && start < right + 0.4)
-                right = std::min(right, start - 0.3);
-        }
-        const bool comes = run.isFirstOfVoice && draft.knowsBefore && first.shownBar == draft.first
-            && !first.beat().marks.beginsHairpin() && first.beat().index == 0
-            && wasOpen(draft, row, first, run.kind);
-        if (right > left + 0.8) {
-            SideItem item;
-            item.side = side;
-            item.line = dynamicLine;
-            item.gap = 0.5;
-            item.inks = hairpin(draft.pen, run.kind, left, right, comes, false);
-            for (Ink &ink : item.inks)
-                ink.place = placeOf(row, first);
-            items.push_back(std::move(item));
-        }
-    }
-    alignNeighbours(items);
-    if (upper != nullptr)
-        liftBetweenHands(items, row, *upper, draft);
-    place(row, std::move(items));
+    if (row.row->isFirstOfStaff)
+        DynamicsEngraver(row, draft).run();
 }
 
 void addChordSymbols(RowDraft &row, const SystemDraft &draft)

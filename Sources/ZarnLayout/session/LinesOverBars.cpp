@@ -21,15 +21,24 @@ const BeatSource *lastMarked(const BarSource &bar)
     return last;
 }
 
-void passBar(std::vector<unsigned> &open, const std::vector<WordsLine> &lines)
+/// Of the dashes that begin, or `Auto` where some end.
+MarkSide sideOf(TextSpan span)
 {
-    for (const WordsLine &line : lines) {
-        const auto place = std::lower_bound(open.begin(), open.end(), line.staff);
-        const bool isThere = place != open.end() && *place == line.staff;
-        if (line.isOpen && !isThere)
-            open.insert(place, line.staff);
-        else if (!line.isOpen && isThere)
-            open.erase(place);
+    return span == TextSpan::Begin     ? MarkSide::Above
+        : span == TextSpan::BeginBelow ? MarkSide::Below
+                                       : MarkSide::Auto;
+}
+
+void passBar(std::vector<OpenWords> &open, const std::vector<OpenWords> &lines)
+{
+    for (const OpenWords &line : lines) {
+        auto place = std::find_if(open.begin(), open.end(), [&](const OpenWords &other) {
+            return other.staff >= line.staff;
+        });
+        if (place != open.end() && place->staff == line.staff)
+            place = open.erase(place);
+        if (line.side != MarkSide::Auto)
+            open.insert(place, line);
     }
 }
 
@@ -51,13 +60,12 @@ void passBar(OpenSyllables &open, const ShownColumn &bar)
 
 } // namespace
 
-std::vector<WordsLine> wordsLinesOf(const BarColumn &bar)
+std::vector<OpenWords> wordsLinesOf(const BarColumn &bar)
 {
-    std::vector<WordsLine> lines;
+    std::vector<OpenWords> lines;
     for (std::size_t staff = 0; staff < bar.staves.size(); ++staff)
         if (const BeatSource *const last = lastMarked(*bar.staves[staff]))
-            lines.push_back(
-                {static_cast<unsigned>(staff), last->details->textSpan == TextSpan::Begin});
+            lines.push_back({static_cast<unsigned>(staff), sideOf(last->details->textSpan)});
     return lines;
 }
 

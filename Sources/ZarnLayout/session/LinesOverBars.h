@@ -8,7 +8,7 @@
 namespace zarn::engraving {
 
 /// How the dashes behind words that begin or end in a bar leave it, by staff.
-std::vector<WordsLine> wordsLinesOf(const BarColumn &bar);
+std::vector<OpenWords> wordsLinesOf(const BarColumn &bar);
 
 /// Goes on behind a bar with what leads to it.
 void passBar(OpenLines &open, const ShownColumn &bar);

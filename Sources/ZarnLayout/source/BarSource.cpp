@@ -20,8 +20,8 @@ bool BarSource::isEmpty() const noexcept
 bool BeatSource::carriesSigns() const noexcept
 {
     const bool hasWords = details
-        && (!details->text.empty() || !details->chord.isEmpty() || !details->lyrics.empty()
-            || details->textSpan != TextSpan::None);
+        && (!details->text.empty() || !details->textBelow.empty() || !details->chord.isEmpty()
+            || !details->lyrics.empty() || details->textSpan != TextSpan::None);
     return hasWords || marks.dynamic() != NoteDynamic()
         || marks.attackDynamic() != AttackDynamic::None || marks.hairpin() != Hairpin::NoHairpin
         || marks.pedal() != PedalChange::None || marks.breath() != BreathSign::None
@@ -91,7 +91,7 @@ bool operator==(const NoteSource &a, const NoteSource &b)
     return a.marks == b.marks && a.midi == b.midi && a.line == b.line && a.string == b.string
         && a.fret == b.fret && a.step == b.step && a.alteration == b.alteration
         && a.octave == b.octave && a.accidental == b.accidental && a.head == b.head
-        && a.setHeads == b.setHeads && a.technique == b.technique
+        && a.headFill == b.headFill && a.setHeads == b.setHeads && a.technique == b.technique
         && haveEqualValue(a.details, b.details);
 }
 

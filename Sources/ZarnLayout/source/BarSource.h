@@ -49,6 +49,7 @@ struct NoteSource {
     std::int8_t octave = 0;
     AccidentalSign accidental;
     NoteHead head = NoteHead::Normal;
+    HeadFill headFill = HeadFill::Auto;
 
     /// Code points of heads and sign that the instrument set asks for; 0 for none.
     std::array<char16_t, 3> setHeads = {0, 0, 0};
@@ -89,14 +90,23 @@ struct BeatSource {
     /// Whether signs hang on it that are drawn even where it is not: words, dynamics, pedals ...
     bool carriesSigns() const noexcept;
 
+    /// Notes on which no stem is drawn, nor a flag.
+    bool isStemless() const noexcept
+    {
+        return noteCount > 0 && marks.stemOrientation() == ZarnStemOrientation::None;
+    }
+
     /// Flags or beams; 0 for quarters and longer.
     int flagCount() const noexcept
     {
         const int value = static_cast<int>(rhythm.getNoteValue())
             - static_cast<int>(RhythmValue::NoteValue::Quarter);
-        return value > 0 ? value : 0;
+        return value > 0 && !isStemless() ? value : 0;
     }
-    bool hasStem() const noexcept { return rhythm.getNoteValue() >= RhythmValue::NoteValue::Half; }
+    bool hasStem() const noexcept
+    {
+        return rhythm.getNoteValue() >= RhythmValue::NoteValue::Half && !isStemless();
+    }
 
     friend bool operator==(const BeatSource &a, const BeatSource &b);
 };

@@ -96,6 +96,7 @@ private:
         copy.string = static_cast<std::int8_t>(note.string());
         copy.fret = static_cast<std::int8_t>(note.fret());
         copy.head = note.noteHead();
+        copy.headFill = note.headFill();
         if (note.hasDetails())
             copy.details = std::make_shared<const NoteDetails>(note.details());
         if (_isUnpitched)
