@@ -81,31 +81,38 @@ TEST(FormSignsTest, endingsThatAreTakenInTurn)
     EXPECT_EQ(corners, (std::vector<unsigned>{4, 4, 3}));
 }
 
-/// Bars at the end of a line are as wide as the words of a tempo that begins there.
-TEST(FormSignsTest, temposStandWhereTheyBegin)
+/// Bars at the end of a line are as wide as the words that begin there, of tempos and of beats.
+TEST(FormSignsTest, wordsStandWhereTheyBegin)
 {
-    constexpr unsigned bars = 24;
-    const Piece piece = filled(bars);
+    static constexpr unsigned bars = 24;
+    const Piece tempos = filled(bars);
+    const Piece words = filled(bars);
     for (unsigned bar = 0; bar < bars; ++bar) {
         auto tempo = std::make_unique<TempoAutomation>();
         tempo->setIndex(bar);
         tempo->setText("Tempo I (Con moto)");
         tempo->setVisible(true);
         tempo->setUnit(static_cast<int>(TempoUnit::None));
-        piece.model->masterTrack()->restoreAutomation(std::move(tempo));
+        tempos.model->masterTrack()->restoreAutomation(std::move(tempo));
+        words.model->track(0)->bar(bar)->voice(0)->beat(2)->setText("espressivo");
     }
-    const LaidOut laid(*piece.model);
-    ASSERT_GT(laid.systemCount, 2U);
-    std::map<int, double> lastNotes;
-    for (const auto &head : laid.of(MarkKind::NoteHead))
-        lastNotes[head.place.bar] = head.right;
-    std::map<int, unsigned> systems;
-    for (const auto &mark : laid.of(MarkKind::Tempo))
-        systems[mark.place.bar] = mark.system;
-    const auto tempos = laid.of(MarkKind::Tempo);
-    ASSERT_EQ(tempos.size(), bars);
-    for (const auto &mark : tempos)
-        if (mark.place.bar > 0 && systems[mark.place.bar - 1] == mark.system) {
-            EXPECT_GT(mark.left, lastNotes[mark.place.bar - 1]) << mark.place.bar;
-        }
+    const auto expectInPlace = [](const LaidOut &laid, MarkKind kind, int beat) {
+        ASSERT_GT(laid.systemCount, 2U);
+        std::map<int, double> notes; // by bar, the one in front of the words
+        std::map<int, unsigned> systems;
+        for (const auto &head : laid.of(MarkKind::NoteHead))
+            if (head.place.beat == beat) {
+                notes[head.place.bar] = head.right;
+                systems[head.place.bar] = head.system;
+            }
+        const auto marks = laid.of(kind);
+        ASSERT_EQ(marks.size(), bars);
+        const int before = beat == 3 ? 1 : 0; // behind the last note of the bar before
+        for (const auto &mark : marks)
+            if (mark.place.bar >= before && systems[mark.place.bar - before] == mark.system) {
+                EXPECT_GT(mark.left, notes[mark.place.bar - before]) << mark.place.bar;
+            }
+    };
+    expectInPlace(LaidOut(*tempos.model), MarkKind::Tempo, 3);
+    expectInPlace(LaidOut(*words.model), MarkKind::Text, 1);
 }

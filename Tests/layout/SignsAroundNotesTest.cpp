@@ -158,7 +158,7 @@ TEST(SignsAroundNotesTest, signsAmongWordsAreOfTheMusicFont)
         words.push_back(mark.glyph.empty() ? mark.text : mark.glyph);
         EXPECT_GE(mark.left, end - 0.05) << words.back();
         end = mark.right;
-        EXPECT_LT(mark.bottom - mark.top, 2.5) << words.back();
+        EXPECT_LT(mark.bottom - mark.top, 3.0) << words.back();
     }
     EXPECT_EQ(words, (std::vector<std::string>{"D.S. ", "segno", " al ", "coda", "! 2 < 3 "}));
     ASSERT_EQ(laid.layout->problems().size(), 1U);

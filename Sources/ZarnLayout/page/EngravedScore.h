@@ -80,7 +80,7 @@ struct ShownColumn {
     std::vector<OpenWords> wordsLines; ///< of staves where any begin or end
     OpenSyllables openSyllables;       ///< at its end, of those that it sings itself
     std::vector<WordEnds> words;
-    double temposAfter = 0; ///< see `SpacedBar`
+    double textsAfter = 0; ///< see `SpacedBar`
     Problems problems;
 };
 

@@ -13,8 +13,8 @@ void WordRods::addBar(unsigned shownBar, unsigned start)
 {
     // The end of the bar is the last column of the line: what binds its neighbours binds it too.
     constexpr double airOfGap = 0.4; // in a line that has no room
-    for (const WordOverBar &tempo : _score.spaced(shownBar).tempos)
-        _tempos.push_back({start - 1 + tempo.column, tempo.reach});
+    for (const WordOverBar &text : _score.spaced(shownBar).texts)
+        _texts.push_back({start - 1 + text.column, text.reach});
     for (unsigned row = 0; row < _score.rows.size(); ++row) {
         const EngravedBar &bar = _score.bar(row, shownBar);
         const auto keyOf = [row](const SpaceBox &word) {
@@ -50,8 +50,8 @@ void WordRods::endAt(double room)
 {
     for (const auto &[key, word] : _last)
         _line.addRodTo(_line.columnCount() - 1, word.column, word.reach - room + 0.1);
-    for (const Word &tempo : _tempos)
-        _line.addRodTo(_line.columnCount() - 1, tempo.column, tempo.reach - room);
+    for (const Word &text : _texts)
+        _line.addRodTo(_line.columnCount() - 1, text.column, text.reach - room);
 }
 
 WordReach WordRods::reach(const std::vector<double> &places) const

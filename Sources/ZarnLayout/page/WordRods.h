@@ -33,7 +33,7 @@ public:
     /// The bar that was added to the line last; `start` is the first of its columns of notes.
     void addBar(unsigned shownBar, unsigned start);
 
-    /// Keeps all words, and those of tempos, in front of a place behind the last column.
+    /// Keeps all words, and those above the staves, in front of a place behind the last column.
     void endAt(double room);
 
     /// How far words reach over the last column, now that the columns have their places.
@@ -49,7 +49,7 @@ private:
     SpringLine &_line;
     double _room = -1; ///< in front of the first column; below 0 where nothing ends there
     std::map<std::pair<unsigned, int>, Word> _last; ///< by row and height
-    std::vector<Word> _tempos;
+    std::vector<Word> _texts;                       ///< above the staves
 };
 
 } // namespace zarn::engraving

@@ -157,7 +157,7 @@ void LayoutEngine::engraveBar(const ScoreSource &source, std::size_t shownBar)
     column->count = bars.count;
     column->width = engraved->spaced.width;
     column->words = engraved->spaced.words;
-    column->temposAfter = engraved->spaced.temposAfter;
+    column->textsAfter = engraved->spaced.textsAfter;
     if (bars.count == 1) {
         column->wordsLines = wordsLinesOf(*column->first);
         column->openSyllables = openSyllablesOf(*column->first);

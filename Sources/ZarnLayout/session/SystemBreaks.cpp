@@ -55,7 +55,7 @@ void SystemBreaks::measure(const EngravedScore &score, const std::vector<std::ui
         bar.words = joint.words;
         for (const WordEnds &words : score.columns[i]->words)
             bar.wordsAtEnd = std::max(bar.wordsAtEnd, words.after + 0.1);
-        bar.wordsAtEnd = std::max(bar.wordsAtEnd, score.columns[i]->temposAfter);
+        bar.wordsAtEnd = std::max(bar.wordsAtEnd, score.columns[i]->textsAfter);
         bar.headOfLine = joint.head;
         bar.breaksBefore = i > 0 && score.column(i).movementStart;
         bar.endsSection = score.lastColumn(i).doubleBar

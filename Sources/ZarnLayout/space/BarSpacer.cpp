@@ -282,24 +282,33 @@ std::vector<WordEnds> wordEnds(const std::vector<EngravedBar *> &rows,
     return ends;
 }
 
-/// Tempos, each from the column that begins with it or before it.
-std::vector<WordOverBar> temposOf(const ColumnSource &column, const Onsets &onsets,
-                                  const Fonts &fonts)
+/// Words that begin at a time of a bar, and keep in front of the end of a line: those of a tempo,
+/// and the beginnings of those of beats, which may stand a little ahead there.
+std::vector<WordOverBar> textsOf(const ColumnSource &column,
+                                 const std::vector<const BarSource *> &staves, const Onsets &onsets,
+                                 const Fonts &fonts)
 {
-    constexpr double longest = 30; // and no bar is made wider for more
+    constexpr double mostOfTempo = 30;
+    constexpr double mostOfWords = 16;
     const Pen pen(fonts);
-    std::vector<WordOverBar> words;
-    for (const TempoMark &tempo : column.tempos) {
-        const Inks inks = tempoInks(pen, tempo, 0, 1);
-        if (inks.empty())
-            continue;
+    std::vector<WordOverBar> texts;
+    const auto add = [&](const Inks &inks, double time, double most) {
         const auto behind = std::find_if(onsets.begin(), onsets.end(), [&](const auto &onset) {
-            return onset.toDouble() > static_cast<double>(tempo.position) + 1e-6;
+            return onset.toDouble() > time + 1e-6;
         });
-        const auto number = tempo.position > 0 ? behind - onsets.begin() : 0;
-        words.push_back({static_cast<unsigned>(number), std::min(boxOf(inks).right, longest)});
-    }
-    return words;
+        const auto number = static_cast<unsigned>(behind - onsets.begin());
+        if (!inks.empty())
+            texts.push_back({number, std::min(boxOf(inks).right, most)});
+    };
+    for (const TempoMark &tempo : column.tempos)
+        add(tempoInks(pen, tempo, 0, 1), static_cast<double>(tempo.position), mostOfTempo);
+    for (const BarSource *staff : staves)
+        for (const VoiceSource &voice : staff->voices)
+            for (const BeatSource &beat : voice.beats)
+                if (beat.details && !beat.details->text.empty())
+                    add(pen.words(MarkKind::Text, TextRole::Words, beat.details->text, 0, 0),
+                        beat.onset.toDouble(), mostOfWords);
+    return texts;
 }
 
 } // namespace
@@ -413,10 +422,9 @@ SpacedBar spaceBar(const std::vector<EngravedBar *> &rows,
     const std::vector<double> places = line.places(0);
     bar.width.least = places.back();
     bar.words = wordEnds(rows, places);
-    bar.tempos = temposOf(column, bar.onsets, fonts);
-    for (const WordOverBar &tempo : bar.tempos)
-        bar.temposAfter =
-            std::max(bar.temposAfter, places[tempo.column] + tempo.reach - places.back());
+    bar.texts = textsOf(column, staves, bar.onsets, fonts);
+    for (const WordOverBar &text : bar.texts)
+        bar.textsAfter = std::max(bar.textsAfter, places[text.column] + text.reach - places.back());
     double springs = count == 0 ? bar.emptyWidth : 0;
     for (const double spring : bar.springs)
         springs += spring;

@@ -18,7 +18,7 @@ struct WordEnds {
     double after;  ///< how far the last of them reaches behind the end of the bar
 };
 
-/// Words over all rows, such as those of a tempo.
+/// Words above a staff, which need room at the end of a line alone.
 struct WordOverBar {
     unsigned column; ///< of the rods
     double reach;    ///< to the right, from there
@@ -35,14 +35,14 @@ struct SpacedBar {
     };
 
     Onsets onsets;
-    std::vector<double> springs; ///< behind each column, at factor 1
-    std::vector<Rod> rods;       ///< in the order of `to`
-    double firstGap = 0;         ///< from the start of the bar to the first column
-    double emptyWidth = 0;       ///< of a bar without columns
-    BarWidth width;              ///< without the signs around its bar lines
-    std::vector<WordEnds> words; ///< by row and height
-    std::vector<WordOverBar> tempos;
-    double temposAfter = 0; ///< how far they reach behind the end of the bar, if they do
+    std::vector<double> springs;    ///< behind each column, at factor 1
+    std::vector<Rod> rods;          ///< in the order of `to`
+    double firstGap = 0;            ///< from the start of the bar to the first column
+    double emptyWidth = 0;          ///< of a bar without columns
+    BarWidth width;                 ///< without the signs around its bar lines
+    std::vector<WordEnds> words;    ///< by row and height
+    std::vector<WordOverBar> texts; ///< of tempos and beats
+    double textsAfter = 0;          ///< how far they reach behind the end of the bar, if they do
 
     /// Adds the bar to a line whose last column is the start of the bar.
     void addTo(SpringLine &line) const;
