@@ -460,8 +460,9 @@ TEST(MusicXmlMarks, wordsDynamicsAndHairpinsKeepTheirSides)
     const std::string written = direction(above, "<words>arco</words>")
         + direction(below, "<words>dolce</words>") + direction(below, in("dynamics", "<p/>"))
         + note("C", 5, 1, "quarter") + direction("", "<words default-y=\"-65\">sotto</words>")
-        + direction("", "<words>voce</words>") + direction("", in("dynamics", "<mf/>"))
-        + direction(above, "<wedge type=\"crescendo\"/>") + note("C", 5, 1, "quarter")
+        + direction("", "<words>voce</words>") + direction("", "<words>a tempo</words>")
+        + direction("", in("dynamics", "<mf/>")) + direction(above, "<wedge type=\"crescendo\"/>")
+        + note("C", 5, 1, "quarter")
         + direction(above, in("dynamics", "<other-dynamics>subito</other-dynamics><sfz/>"))
         + note("C", 5, 1, "quarter") + direction(above, "<wedge type=\"stop\"/>")
         + direction(below, "<words>cresc.</words>") + direction("", "<dashes type=\"start\"/>")
@@ -479,7 +480,7 @@ TEST(MusicXmlMarks, wordsDynamicsAndHairpinsKeepTheirSides)
     const auto model =
         import(score(measure(written) + measure(note("C", 5, 4, "whole") + behind)), report);
     EXPECT_EQ(said(*model),
-              "arco/dolce None Below Auto|voce/sotto None Auto Above|"
+              "arco/dolce None Below Auto|voce\na tempo/sotto None Auto Above|"
               "subito\u00a0/ None Above Above|/cresc. BeginBelow Auto Auto|/ End Auto Auto|");
     EXPECT_TRUE(report.unheld().empty());
     io::ExportReport told;

@@ -75,16 +75,34 @@ private:
         return itemOf(dashes(_draft.musicLeft, right), *_carriers.front());
     }
 
+    /// One line under the other; the one that is nearest to the staff stands on the base line.
+    Inks linesOf(const std::string &text, double x, double scale) const
+    {
+        constexpr double apart = 2.2;
+        Inks inks;
+        double y = 0;
+        for (std::size_t at = 0; at < text.size();) {
+            const std::size_t end = std::min(text.find('\n', at), text.size());
+            if (at > 0 && !inks.empty() && _side == Side::Above)
+                move(inks, 0, -apart * scale);
+            else if (at > 0)
+                y += apart * scale;
+            for (Ink &ink :
+                 _draft.pen.words(MarkKind::Text, TextRole::Words, text.substr(at, end - at), x, y,
+                                  Pen::Align::Begin, scale))
+                inks.push_back(std::move(ink));
+            at = end + 1;
+        }
+        return inks;
+    }
+
     SideItem wordsOf(std::size_t number) const
     {
         const PlacedChord &chord = *_carriers[number];
         const BeatDetails &details = *chord.beat().details;
         const std::string &text = textOf(details);
         // What is longer than the line becomes smaller.
-        const auto words = [&](double scale) {
-            return _draft.pen.words(MarkKind::Text, TextRole::Words, text, chord.x, 0,
-                                    Pen::Align::Begin, scale);
-        };
+        const auto words = [&](double scale) { return linesOf(text, chord.x, scale); };
         Inks inks = words(1);
         reportMissingSigns(text, _draft.pen.fonts(), placeOf(_row, chord), _draft.problems);
         if (inks.empty())

@@ -167,8 +167,9 @@ std::string signsOf(const Beat &beat)
             if (words.startsWith(QLatin1String("bar ")))
                 text += '^' + quoted("w/" + words.toStdString());
     const auto addWords = [&](char side, const std::string &words) {
-        if (!words.empty())
-            text += side + quoted(QString::fromStdString(words).simplified().toStdString());
+        for (const QString &line :
+             QString::fromStdString(words).split(QLatin1Char('\n'), Qt::SkipEmptyParts))
+            text += side + quoted(line.simplified().toStdString());
     };
     if (beat.textSpan() != TextSpan::Begin)
         addWords('^', beat.text());

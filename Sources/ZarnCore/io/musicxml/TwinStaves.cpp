@@ -52,7 +52,7 @@ std::string withWordsOf(const std::string &text, const std::string &other)
 {
     if (text.find(other) != std::string::npos)
         return text;
-    return text + (text.empty() ? "" : " ") + other;
+    return text + (text.empty() ? "" : "\n") + other;
 }
 
 /// Takes all other notes out of a beat, which becomes a place holder without any.

@@ -87,11 +87,11 @@ std::string joinedWords(const std::string &text, const std::string &more)
 {
     if (text.empty() || more.empty())
         return text + more;
-    if (!beginsTied(more) && !endsTied(more))
-        return text + " " + more;
     const auto end = endOfTied(text);
     if (end == text.size())
         return text + " " + more;
+    if (!beginsTied(more) && !endsTied(more))
+        return text + "\n" + more;
     return text.substr(0, end) + more + " " + text.substr(end);
 }
 

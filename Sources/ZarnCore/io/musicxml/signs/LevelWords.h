@@ -16,7 +16,7 @@ enum class LevelSide { Before, After };
 /// The words tied to the level that they stand before or after; empty for nothing but space.
 std::string tiedToLevel(std::string_view words, LevelSide side);
 
-/// The text of a beat with more words, tied ones or others.
+/// The text of a beat with more words, tied ones or others, which begin a new line.
 std::string joinedWords(const std::string &text, const std::string &more);
 
 /// What is in the text of a beat.

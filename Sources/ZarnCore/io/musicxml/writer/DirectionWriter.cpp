@@ -68,6 +68,21 @@ void addDynamics(const std::string &level, bool isElement, std::vector<LevelWord
     tied.clear();
 }
 
+/// The lines of what is said on one side of a beat: each is words of its own. Where lines are empty
+/// all is one text.
+std::vector<std::string> textsOf(const std::string &text)
+{
+    std::vector<std::string> lines;
+    for (std::size_t at = 0; at < text.size();) {
+        const auto end = std::min(text.find('\n', at), text.size());
+        lines.push_back(text.substr(at, end - at));
+        if (lines.back().empty() || end + 1 == text.size())
+            return {text};
+        at = end + 1;
+    }
+    return lines;
+}
+
 /// The words of a tempo, and the marks in them where readers make words of these again: an
 /// equation, or a number that is not what sounds.
 std::vector<TempoPiece> piecesOf(const TempoMark &tempo, const std::string &text)
@@ -149,13 +164,14 @@ void DirectionWriter::writeBeat(const Beat &beat, pugi::xml_node measure, int st
     _context.addUnheldIf(beat.hairpinSide() != MarkSide::Auto
                              && beat.hairpin() == Hairpin::NoHairpin,
                          "side of no hairpin");
-    if (const auto &text = words.others; areLikeLevel(text)) {
-        addElement(addElement(addDirection(measure, MarkSide::Auto, staffNumber), "dynamics"),
-                   "other-dynamics", text);
-    } else if (!text.empty()) {
-        addElement(addDirection(measure, MarkSide::Above, staffNumber), "words", text);
-    }
-    if (const auto &text = wordsBelow.others; !text.empty())
+    for (const auto &text : textsOf(words.others))
+        if (areLikeLevel(text)) {
+            addElement(addElement(addDirection(measure, MarkSide::Auto, staffNumber), "dynamics"),
+                       "other-dynamics", text);
+        } else {
+            addElement(addDirection(measure, MarkSide::Above, staffNumber), "words", text);
+        }
+    for (const auto &text : textsOf(wordsBelow.others))
         addElement(addDirection(measure, MarkSide::Below, staffNumber), "words", text);
     if (!beat.chord().isEmpty()) {
         auto harmony = addElement(measure, "harmony");
