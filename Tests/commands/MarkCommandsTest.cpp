@@ -35,6 +35,27 @@ TEST_F(MarkCommandsTest, theCommandOfAnAttributeDoesWhatTheGeneralOneDoes)
     }
 }
 
+/// Heads are no marks of notes, and come back with them.
+TEST_F(MarkCommandsTest, headsComeBackToo)
+{
+    const std::string before = dump(score);
+    EXPECT_TRUE(score.setNoteAttribute(whole(), NoteAttribute::Head, NoteHead::Diamond));
+    const std::string headed = dump(score);
+    EXPECT_TRUE(score.setNoteAttribute(whole(), NoteAttribute::HeadFill, HeadFill::Open));
+    const std::string open = dump(score);
+    EXPECT_NE(headed, before);
+    EXPECT_NE(open, headed);
+    score.commandStack().undo();
+    EXPECT_EQ(dump(score), headed);
+    score.commandStack().undo();
+    EXPECT_EQ(dump(score), before);
+    score.commandStack().redo();
+    score.commandStack().redo();
+    EXPECT_EQ(dump(score), open);
+    constexpr auto none = static_cast<NoteHead>(5);
+    EXPECT_FALSE(score.setNoteAttribute(whole(), NoteAttribute::Head, none));
+}
+
 /// The cursor on a string means one note, a selection all; elsewhere a place without a note means
 /// the whole beat.
 TEST_F(MarkCommandsTest, onePlaceIsOneNoteAndASelectionIsAll)

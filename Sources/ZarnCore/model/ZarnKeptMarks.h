@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ZarnCore/model/ZarnNote.h>
 #include <ZarnCore/model/ZarnRunList.h>
 
 #include <cstddef>
@@ -10,21 +11,52 @@
 
 namespace zarn {
 
+/// What a node is marked with beside its marks and its details: of beats, nothing.
+template <class Node>
+struct KeptLook {
+    explicit KeptLook(const Node &) noexcept { }
+
+    void giveTo(Node &) const noexcept { }
+    bool isOf(const Node &) const noexcept { return true; }
+};
+
+/// Of notes, their heads.
+template <>
+struct KeptLook<Note> {
+    explicit KeptLook(const Note &note) noexcept : head(note.noteHead()), fill(note.headFill()) { }
+
+    void giveTo(Note &note) const
+    {
+        note.setNoteHead(head);
+        note.setHeadFill(fill);
+    }
+    bool isOf(const Note &note) const noexcept
+    {
+        return note.noteHead() == head && note.headFill() == fill;
+    }
+
+    NoteHead head;
+    HeadFill fill;
+};
+
 /// How nodes were marked before a change, in the order in which they were kept: eight bytes for
-/// each that was marked unlike the one before it, a bit for the others, and the details of those
-/// whose details changed.
+/// each that was marked unlike the one before it, a bit for the others, and the details and the
+/// heads of those where they changed.
 template <class Node>
 class KeptMarks {
 public:
     using Marks = std::decay_t<decltype(std::declval<const Node &>().marks())>;
     using Details = std::decay_t<decltype(std::declval<const Node &>().details())>;
+    using Look = KeptLook<Node>;
 
     void clear() noexcept
     {
         _pending.clear();
         _pendingDetails.clear();
+        _pendingLooks.clear();
         _marks.clear();
         _details.clear();
+        _looks.clear();
     }
     bool isEmpty() const noexcept { return _marks.isEmpty(); }
 
@@ -36,6 +68,7 @@ public:
         if (_pending.empty())
             _firstPending = _marks.end();
         _pending.push_back(&node);
+        _pendingLooks.emplace_back(node);
         _marks.add(node.marks());
     }
 
@@ -51,6 +84,7 @@ public:
     {
         auto cursor = _firstPending;
         auto before = _pendingDetails.begin();
+        auto look = _pendingLooks.begin();
         for (const Node *const node : _pending) {
             const std::size_t number = cursor.number();
             bool isChanged = node->marks() != cursor.next(_marks);
@@ -62,11 +96,17 @@ public:
                     _details.emplace_back(number, std::move(details));
                 }
             }
+            if (!look->isOf(*node)) {
+                isChanged = true;
+                _looks.emplace_back(number, *look);
+            }
+            ++look;
             if (isChanged)
                 visitChanged(number);
         }
         _pending.clear();
         _pendingDetails.clear();
+        _pendingLooks.clear();
     }
 
     /// To be called when all nodes are kept.
@@ -74,8 +114,10 @@ public:
     {
         _marks.shrink();
         _details.shrink_to_fit();
+        _looks.shrink_to_fit();
         _pending.shrink_to_fit();
         _pendingDetails.shrink_to_fit();
+        _pendingLooks.shrink_to_fit();
     }
 
     /// Gives back what the nodes had, one after the other in the order in which they were kept.
@@ -87,8 +129,10 @@ public:
         {
             const std::size_t number = _cursor.number();
             node.setMarks(_cursor.next(_kept._marks));
-            if (const Details *const details = detailsOf(number))
+            if (const Details *const details = next(_kept._details, _detailsNumber, number))
                 node.setDetails(*details);
+            if (const Look *const look = next(_kept._looks, _looksNumber, number))
+                look->giveTo(node);
         }
 
         /// Leaves one out.
@@ -96,22 +140,24 @@ public:
         {
             const std::size_t number = _cursor.number();
             _cursor.next(_kept._marks);
-            detailsOf(number);
+            next(_kept._details, _detailsNumber, number);
+            next(_kept._looks, _looksNumber, number);
         }
 
     private:
-        /// Those that were kept of the node with a number, or null; goes past them.
-        const Details *detailsOf(std::size_t number)
+        /// What was kept of the node with a number, or null; goes past it.
+        template <class Kept>
+        static const Kept *next(const std::vector<std::pair<std::size_t, Kept>> &all,
+                                std::size_t &place, std::size_t number)
         {
-            const auto &details = _kept._details;
-            const bool isHeld =
-                _detailsNumber < details.size() && details[_detailsNumber].first == number;
-            return isHeld ? &details[_detailsNumber++].second : nullptr;
+            const bool isHeld = place < all.size() && all[place].first == number;
+            return isHeld ? &all[place++].second : nullptr;
         }
 
         const KeptMarks &_kept;
         typename RunList<Marks>::Cursor _cursor;
         std::size_t _detailsNumber = 0;
+        std::size_t _looksNumber = 0;
     };
 
 private:
@@ -120,8 +166,10 @@ private:
     std::vector<const Node *> _pending; ///< the last ones that are kept, until `settle`
     typename RunList<Marks>::Cursor _firstPending;
     NumberedDetails _pendingDetails;
+    std::vector<Look> _pendingLooks;
     RunList<Marks> _marks;
     NumberedDetails _details;
+    std::vector<std::pair<std::size_t, Look>> _looks;
 };
 
 } // namespace zarn
