@@ -132,7 +132,7 @@ public:
     /// Whether it has none of the attributes that most beats of most scores lack.
     bool isCommon() const noexcept { return (_marks & ~commonMask) == 0 && !hasDetails(); }
 
-    // Free texts over and under the beat, UTF-8.
+    // Free texts over and under the beat, UTF-8; each line is words of its own.
 
     const std::string &text() const noexcept { return details().text; }
     void setText(const std::string &text);
