@@ -104,9 +104,9 @@ MainWindow *Editor::showAgain(const std::shared_ptr<Document> &document)
         const layout::LayoutOptions usual = usualOptions(document->model());
         if (window->sharedDocument() == document && !layouts.isBusy()
             && layouts.options().view == usual.view && layouts.options().tracks.empty())
-            return add(document, layouts.layout());
+            return add(document, LaidOut(layouts.layout()));
     }
-    return add(document, nullptr);
+    return add(document, {});
 }
 
 MainWindow *Editor::showNew()
@@ -114,10 +114,9 @@ MainWindow *Editor::showNew()
     return show(loadedModel(newScore()));
 }
 
-MainWindow *Editor::add(std::shared_ptr<Document> document,
-                        std::shared_ptr<const layout::Layout> layout)
+MainWindow *Editor::add(std::shared_ptr<Document> document, LaidOut laidOut)
 {
-    auto *const window = new MainWindow(*this, std::move(document), std::move(layout));
+    auto *const window = new MainWindow(*this, std::move(document), std::move(laidOut));
     window->setAttribute(Qt::WA_DeleteOnClose);
     // Where another one is, this one would hide it.
     constexpr QPoint step(30, 30);

@@ -16,6 +16,7 @@ namespace zarn::editor {
 
 class Document;
 class MainWindow;
+struct LaidOut;
 
 /// The program: its windows, the files that are on their way, what was copied.
 class Editor : public QObject {
@@ -62,8 +63,7 @@ Q_SIGNALS:
 
 private:
     void take(const LoadedFile &file, const QPointer<MainWindow> &asker);
-    MainWindow *add(std::shared_ptr<Document> document,
-                    std::shared_ptr<const layout::Layout> layout);
+    MainWindow *add(std::shared_ptr<Document> document, LaidOut laidOut);
 
     std::unique_ptr<Questions> _questions;
     std::vector<QPointer<MainWindow>> _windows;

@@ -20,15 +20,25 @@ constexpr std::chrono::milliseconds slice(10);
 
 } // namespace
 
-LayoutKeeper::LayoutKeeper(Document &document, std::shared_ptr<const layout::Layout> layout)
+LaidOut::LaidOut(std::shared_ptr<const layout::Layout> layout) : layout(std::move(layout)) { }
+
+LaidOut::LaidOut(std::shared_ptr<layout::FirstLayout> first)
+    : layout(first->layout()), first(std::move(first))
+{
+}
+
+LayoutKeeper::LayoutKeeper(Document &document, LaidOut laidOut)
     : _document(document), _options(usualOptions(document.model())),
-      _session(document.listenedScore(), _options), _layout(std::move(layout))
+      _session(laidOut.first
+                   ? layout::LayoutSession(document.listenedScore(), std::move(*laidOut.first))
+                   : layout::LayoutSession(document.listenedScore(), _options)),
+      _layout(std::move(laidOut.layout))
 {
     connect(&document, &Document::changed, this, &LayoutKeeper::followDocument);
     if (_layout == nullptr)
         bringUpToDate();
-    else
-        wait(); // what is shown is laid out by the session too, for the edits to come
+    else if (_session.isOutdated())
+        wait(); // what another window shows is laid out here too, for the edits to come
 }
 
 LayoutKeeper::~LayoutKeeper() = default;

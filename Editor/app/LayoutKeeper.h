@@ -11,6 +11,18 @@ namespace zarn::editor {
 
 class Document;
 
+/// What is laid out of a document before a window shows it; nothing by itself.
+struct LaidOut {
+    LaidOut() = default;
+    /// What another window shows.
+    LaidOut(std::shared_ptr<const layout::Layout> layout);
+    /// What edits go on from.
+    LaidOut(std::shared_ptr<layout::FirstLayout> first);
+
+    std::shared_ptr<const layout::Layout> layout; ///< null for none
+    std::shared_ptr<layout::FirstLayout> first;   ///< whose layout it is; null for another window's
+};
+
 /// Keeps the layout of a document that one window shows. What a few edits change is laid out in the
 /// next turn of the event loop, so that many changes cost one. Where much is to do, as when a large
 /// score is laid out first or in another view, the score is read in slices between which the user
@@ -19,8 +31,7 @@ class LayoutKeeper : public QObject {
     Q_OBJECT
 public:
     /// With what is laid out already, if anything is. The document must outlive it.
-    explicit LayoutKeeper(Document &document,
-                          std::shared_ptr<const layout::Layout> layout = nullptr);
+    explicit LayoutKeeper(Document &document, LaidOut laidOut = {});
     ~LayoutKeeper() override;
 
     /// What the user chose.

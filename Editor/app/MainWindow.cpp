@@ -61,10 +61,9 @@ void setPaper(QPrinter &printer, const layout::Layout &layout, const QString &na
 
 } // namespace
 
-MainWindow::MainWindow(Editor &editor, std::shared_ptr<Document> document,
-                       std::shared_ptr<const layout::Layout> layout)
+MainWindow::MainWindow(Editor &editor, std::shared_ptr<Document> document, LaidOut laidOut)
     : _editor(editor), _document(std::move(document)),
-      _view(new ScoreView(*_document, std::move(layout))), _place(new QLabel),
+      _view(new ScoreView(*_document, std::move(laidOut))), _place(new QLabel),
       _playing(std::make_unique<Playing>(*_document))
 {
     resize(1100, 800);

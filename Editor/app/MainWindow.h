@@ -16,13 +16,13 @@ class Document;
 class Editor;
 class Playing;
 class ScoreView;
+struct LaidOut;
 
 /// A window on a document: its pages, menus, panels and a line that says where the cursor is.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 public:
-    MainWindow(Editor &editor, std::shared_ptr<Document> document,
-               std::shared_ptr<const layout::Layout> layout);
+    MainWindow(Editor &editor, std::shared_ptr<Document> document, LaidOut laidOut);
     ~MainWindow() override;
 
     Editor &editor() const noexcept { return _editor; }

@@ -40,9 +40,8 @@ layout::StaffKind shownKind(const layout::Layout &layout, const ScoreModelIndex 
 
 } // namespace
 
-ScoreView::ScoreView(Document &document, std::shared_ptr<const layout::Layout> layout,
-                     QWidget *parent)
-    : ScoreCanvas(parent), _document(document), _layouts(document, std::move(layout))
+ScoreView::ScoreView(Document &document, LaidOut laidOut, QWidget *parent)
+    : ScoreCanvas(parent), _document(document), _layouts(document, std::move(laidOut))
 {
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setAccessibleName(tr("Score"));

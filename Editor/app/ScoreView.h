@@ -17,8 +17,7 @@ enum class ZoomPolicy { Free, Width, Height, Page };
 class ScoreView : public views::ScoreCanvas {
     Q_OBJECT
 public:
-    explicit ScoreView(Document &document, std::shared_ptr<const layout::Layout> layout,
-                       QWidget *parent = nullptr);
+    explicit ScoreView(Document &document, LaidOut laidOut, QWidget *parent = nullptr);
     ~ScoreView() override;
 
     LayoutKeeper &layouts() noexcept { return _layouts; }

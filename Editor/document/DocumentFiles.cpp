@@ -62,7 +62,8 @@ void read(LoadedFile &loaded)
     }
     loaded.model = importer->read(*handle, loaded.report);
     loaded.isNative = importer->extensions().contains(nativeSuffix());
-    loaded.layout = layout::layOut(*loaded.model, usualOptions(*loaded.model));
+    loaded.layout =
+        std::make_shared<layout::FirstLayout>(*loaded.model, usualOptions(*loaded.model));
 }
 
 void write(const ScoreModel &model, const QString &path, SavedFile &saved)
@@ -120,7 +121,7 @@ LoadedFile loadFile(const QString &path)
 LoadedFile loadedModel(std::shared_ptr<ScoreModel> model)
 {
     LoadedFile loaded;
-    loaded.layout = layout::layOut(*model, usualOptions(*model));
+    loaded.layout = std::make_shared<layout::FirstLayout>(*model, usualOptions(*model));
     loaded.model = std::move(model);
     loaded.isNative = true;
     return loaded;

@@ -3,6 +3,7 @@
 
 #include <ZarnCore/io/ZarnExportReport.h>
 #include <ZarnCore/io/ZarnImportReport.h>
+#include <ZarnLayout/session/ZarnFirstLayout.h>
 #include <ZarnLayout/session/ZarnScoreLayout.h>
 
 #include <QString>
@@ -28,8 +29,8 @@ struct LoadedFile {
     io::ImportReport report;
     /// Whether saving to the same path keeps all of it: it is a document of this program's own.
     bool isNative = false;
-    /// The model, laid out as a new window shows it.
-    std::shared_ptr<const layout::Layout> layout;
+    /// The model, laid out as a new window shows it, for the first one to take.
+    std::shared_ptr<layout::FirstLayout> layout;
     QString error;
 };
 

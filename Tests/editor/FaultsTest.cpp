@@ -154,6 +154,22 @@ TEST(FaultsTest, twoWindowsOfADocumentAreOneDocument)
     driver.answers().answer = Questions::Answer::Discard;
 }
 
+TEST(FaultsTest, laysOutWhatItOpensOnce)
+{
+    const LoadedFile file = loadFile(sample);
+    const auto layout = file.layout->layout();
+    EditorDriver driver;
+    MainWindow *const window = driver.editor().show(file);
+    EXPECT_FALSE(window->view().layouts().isBusy());
+    EXPECT_EQ(window->view().layout(), layout);
+    EXPECT_EQ(file.layout->layout(), nullptr) << "edits go on from it";
+    ASSERT_TRUE(window->document().edit(QStringLiteral("bars"),
+                                        [](Score &score) { return score.createBars(0, 3); }));
+    driver.settle();
+    EXPECT_EQ(*window->view().layout(),
+              *layout::layOut(window->document().model(), window->view().layouts().options()));
+}
+
 TEST(FaultsTest, editsWhileALargeScoreIsLaidOut)
 {
     // Nobody waits for the first layout for edits: it is overtaken by them.

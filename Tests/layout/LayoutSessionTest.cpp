@@ -306,6 +306,24 @@ TEST(LayoutSessionTest, doesNotTakeAnOldJobForTheNewestLayout)
     EXPECT_EQ(differenceOf(*layOut(*score.scoreModel()), *session.update().layout), "");
 }
 
+TEST(LayoutSessionTest, goesOnFromALayoutThatWasThere)
+{
+    Score score;
+    score.setScoreModel(somePages(40));
+    FirstLayout first(*score.scoreModel());
+    const auto layout = first.layout();
+    LayoutSession session(score, std::move(first));
+    EXPECT_FALSE(session.isOutdated());
+    EXPECT_EQ(session.update().layout, layout);
+    score.createBars(30, 1);
+    const LayoutUpdate update = session.update();
+    EXPECT_EQ(differenceOf(*layOut(*score.scoreModel()), *update.layout), "");
+    EXPECT_EQ(update.layout->pages().front().systems.front().drawing,
+              layout->pages().front().systems.front().drawing); // is not drawn again
+    EXPECT_THROW(LayoutSession(score, std::move(first)), CoreException) << "it is taken";
+    EXPECT_THROW(LayoutSession(score, FirstLayout(*somePages(1))), CoreException);
+}
+
 /// Under ThreadSanitizer: the score is edited while threads lay it out and export what they got.
 TEST(LayoutSessionTest, isEditedWhileOtherThreadsLayOutAndExport)
 {

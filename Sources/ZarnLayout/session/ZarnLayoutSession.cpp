@@ -2,6 +2,7 @@
 #include <ZarnLayout/session/ZarnLayoutSession.h>
 
 #include <ZarnLayout/font/ZarnTextMeasure.h>
+#include <ZarnLayout/session/FirstLayoutImpl.h>
 #include <ZarnLayout/session/LayoutChanges.h>
 #include <ZarnLayout/session/LayoutJobImpl.h>
 #include <ZarnLayout/session/ScoreListener.h>
@@ -21,6 +22,13 @@ public:
          const TextMeasure &texts)
         : score(score), options(std::move(options)),
           engine(std::make_shared<SharedEngine>(std::move(font), texts)), listener(score, marks)
+    {
+    }
+
+    Impl(Score &score, FirstLayout::Impl &&first)
+        : score(score), options(std::move(first.options)), marks(std::move(first.marks)),
+          reader(std::move(first.reader)), engine(std::move(first.engine)), listener(score, marks),
+          layout(std::move(first.layout)), reading(1), shown(1)
     {
     }
 
@@ -59,6 +67,14 @@ LayoutSession::LayoutSession(Score &score, LayoutOptions options,
                              std::shared_ptr<const MusicFont> font, const TextMeasure &texts)
     : _impl(std::make_unique<Impl>(score, std::move(options), std::move(font), texts))
 {
+}
+
+LayoutSession::LayoutSession(Score &score, FirstLayout first)
+{
+    ZARN_ASSERT_IN("zarn::layout::LayoutSession::LayoutSession", first._impl != nullptr);
+    ZARN_ASSERT_IN("zarn::layout::LayoutSession::LayoutSession",
+                   first._impl->model == score.scoreModel().get());
+    _impl = std::make_unique<Impl>(score, std::move(*first._impl));
 }
 
 LayoutSession::~LayoutSession() = default;

@@ -4,6 +4,7 @@
 #include <ZarnLayout/ZarnLayoutExport.h>
 #include <ZarnLayout/draw/ZarnLayout.h>
 #include <ZarnLayout/draw/ZarnLayoutSearch.h>
+#include <ZarnLayout/session/ZarnFirstLayout.h>
 #include <ZarnLayout/session/ZarnLayoutJob.h>
 #include <ZarnLayout/session/ZarnScoreLayout.h>
 
@@ -42,6 +43,10 @@ public:
     /// `texts` must outlive the session and its jobs.
     LayoutSession(Score &score, LayoutOptions options, std::shared_ptr<const MusicFont> font,
                   const TextMeasure &texts);
+
+    /// Goes on from a layout of the score's model, which nobody has changed since. Raises
+    /// `CoreException` when it is one of another model, or another session has taken it.
+    LayoutSession(Score &score, FirstLayout first);
     ~LayoutSession();
     LayoutSession(const LayoutSession &) = delete;
     LayoutSession &operator=(const LayoutSession &) = delete;
