@@ -156,4 +156,16 @@ TEST(MusicXmlExport, whiteSpaceAroundATextIsLeftOutAndTold)
     EXPECT_EQ(exported(*readFrom(text)), text);
 }
 
+/// Of several people who wrote the words none is lost.
+TEST(MusicXmlExport, translatorsStandWithThePoets)
+{
+    std::string text = score(quarters(1, note("C", 4, 4, "whole")));
+    text.insert(text.find("<part-list>"),
+                "<identification><creator type=\"lyricist\">Anna</creator>"
+                "<creator type=\"translator\">English by Eva</creator></identification>");
+    const auto model = readFrom(text);
+    EXPECT_EQ(model->property(ScoreProperty::Words), "Anna, English by Eva");
+    EXPECT_EQ(readFrom(exported(*model))->property(ScoreProperty::Words), "Anna, English by Eva");
+}
+
 } // namespace

@@ -40,6 +40,13 @@ TEST(Info, tellsWhatAPlayerAsksFirst)
         EXPECT_TRUE(contains(run.out, part)) << part << "\n" << run.out;
 }
 
+TEST(Info, whoArrangedIsToldInTheWordOfScores)
+{
+    const ToolRun run =
+        runTool({QStringLiteral("edit"), romance()}, "property Tabber Clara\ninfo\nundo all\n");
+    EXPECT_TRUE(contains(run.out, "\nArranger: Clara\n")) << run.out << run.err;
+}
+
 TEST(Info, temposFreeTimeAndBarsThatAreTooLongAreToldInLinesThatFit)
 {
     std::string lines = "free-time 5-6\nfree-time 9\nadd-beat 12:1 half\ntempo 3 60 half Lento\n";

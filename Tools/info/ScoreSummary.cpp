@@ -188,8 +188,10 @@ std::string summaryOf(const ScoreModel &model, int width)
     QStringList lines;
     for (unsigned i = 0; i <= static_cast<unsigned>(ScoreProperty::Notice); ++i) {
         const auto property = static_cast<ScoreProperty>(i);
-        add(lines, scorePropertyToQString(property).toLatin1().constData(),
-            QString::fromStdString(model.property(property)));
+        // Who arranged or transcribed the music, be there tablature or not.
+        const QString name = property == ScoreProperty::Tabber ? QStringLiteral("Arranger")
+                                                               : scorePropertyToQString(property);
+        add(lines, name.toLatin1().constData(), QString::fromStdString(model.property(property)));
     }
     add(lines, "Bars", QString::number(master.masterBarCount()));
     add(lines, "Tracks", QString::number(model.trackCount()));

@@ -111,9 +111,10 @@ void readIdentification(pugi::xml_node node, ScoreModel &model, ImportContext &c
 const std::vector<NamedProperty> &creatorTypes()
 {
     static const std::vector<NamedProperty> types = {
-        {"composer", ScoreProperty::Music},     {"lyricist", ScoreProperty::Words},
-        {"poet", ScoreProperty::Words, false},  {"artist", ScoreProperty::Artist},
-        {"transcriber", ScoreProperty::Tabber}, {"arranger", ScoreProperty::Tabber, false},
+        {"composer", ScoreProperty::Music},         {"lyricist", ScoreProperty::Words},
+        {"poet", ScoreProperty::Words, false},      {"translator", ScoreProperty::Words, false},
+        {"artist", ScoreProperty::Artist},          {"transcriber", ScoreProperty::Tabber},
+        {"arranger", ScoreProperty::Tabber, false},
     };
     return types;
 }
