@@ -35,7 +35,7 @@ void ModifyDirections::revert()
 void ModifyDirections::write(const Directions &directions)
 {
     const auto &master = model().masterTrack();
-    master->setDirectionSlots(directions.slots);
+    master->setDirectionSlots(directions.barOfKind);
     if (hasBar())
         master->masterBar(static_cast<unsigned>(_bar))->setFurtherDirections(directions.further);
     master->updatePlayList();
@@ -53,11 +53,11 @@ void ModifyDirections::announceReverted()
 
 void ModifyDirections::announce(const Directions &before, const Directions &after)
 {
-    for (std::size_t i = 0; i < before.slots.size(); ++i) {
-        if (before.slots[i] != after.slots[i])
+    for (std::size_t i = 0; i < before.barOfKind.size(); ++i) {
+        if (before.barOfKind[i] != after.barOfKind[i])
             score().notify(this,
-                           evt::MasterBarDirection(static_cast<DirectionMark>(i), before.slots[i],
-                                                   after.slots[i]));
+                           evt::MasterBarDirection(static_cast<DirectionMark>(i),
+                                                   before.barOfKind[i], after.barOfKind[i]));
     }
     if (before.further != after.further)
         score().notify(

@@ -17,7 +17,7 @@ protected:
     ~ModifyDirections() override;
 
     struct Directions {
-        MasterTrack::DirectionSlots slots{};
+        MasterTrack::DirectionSlots barOfKind{};
         std::uint32_t further = 0; ///< of the bar of the command
     };
 

@@ -28,7 +28,7 @@ bool SetBarDirection::isPossible() const
 void SetBarDirection::place(Directions &directions) const
 {
     requirePlace(isPossible());
-    directions.slots[static_cast<std::size_t>(_mark)] = bar();
+    directions.barOfKind[static_cast<std::size_t>(_mark)] = bar();
     directions.further &= ~directionBit(_mark);
 }
 

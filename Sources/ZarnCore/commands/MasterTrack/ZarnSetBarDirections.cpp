@@ -23,7 +23,7 @@ bool SetBarDirections::init(Score *score, int bar, const std::set<DirectionMark>
 void SetBarDirections::place(Directions &directions) const
 {
     requirePlace(hasBar());
-    for (int &place : directions.slots) {
+    for (int &place : directions.barOfKind) {
         if (place == bar())
             place = -1;
     }
@@ -31,7 +31,7 @@ void SetBarDirections::place(Directions &directions) const
     for (const DirectionMark mark : _marks) {
         kept |= directions.further & directionBit(mark);
         if ((kept & directionBit(mark)) == 0)
-            directions.slots[static_cast<std::size_t>(mark)] = bar();
+            directions.barOfKind[static_cast<std::size_t>(mark)] = bar();
     }
     directions.further = kept;
 }
