@@ -193,6 +193,22 @@ TEST_F(WaltzTest, writesOutWhatSimileMarksStandFor)
     EXPECT_EQ(quarters, 7);
 }
 
+// Its grace beats wait for the beat behind, which another one led to.
+TEST_F(WaltzTest, takesSlursOffBehindWhatIsWrittenOut)
+{
+    Voice &repeated = *model.track(1)->bar(1)->voice(0);
+    repeated.beat(1)->notes()[0]->setTieOrigin(false);
+    repeated.addBeat(beatOf(RhythmValue::NoteValue::Eighth, {57}));
+    repeated.beat(2)->setGraceType(GraceType::BeforeBeat);
+    model.track(1)->bar(2)->voice(0)->beat(0)->notes()[0]->setTied(false);
+    model.track(1)->bar(2)->voice(0)->beat(0)->setSlurredToNext(true);
+    model.track(1)->bar(3)->voice(0)->beat(0)->setSlurredToPrevious(true);
+    ASSERT_TRUE(score.setBarSimileMark(1, 0, 2, 2, SimileMark::Simple));
+    ASSERT_EQ(brokenRules(score), "");
+    ASSERT_TRUE(score.setMasterTimeSignature(0, 5, {4, 4}));
+    expectUndoable(score, [&] { return score.arrangeBars(0, 5); });
+}
+
 TEST(CompleteReduceBarsTest, fillsByTheBeatAndNeverCutsNotes)
 {
     RichScore rich;

@@ -70,9 +70,14 @@ void BeatPour::addGraces()
 {
     if (_graces.empty())
         return;
-    for (const auto &grace : _graces)
-        put(grace);
+    std::size_t parting = 0;
+    for (std::size_t i = 0; i < _graces.size(); ++i) {
+        put(_graces[i]);
+        for (; parting < _gracePartings.size() && _gracePartings[parting] == i + 1; ++parting)
+            partHere();
+    }
     _graces.clear();
+    _gracePartings.clear();
 }
 
 /// What a time from here on is in each of the bars that it touches.
@@ -88,7 +93,16 @@ std::vector<BeatPour::Length> BeatPour::segments(Length length) const
     return found;
 }
 
+/// Grace beats that wait are in front of the joint, wherever they go.
 void BeatPour::part()
+{
+    if (_graces.empty())
+        partHere();
+    else
+        _gracePartings.push_back(_graces.size());
+}
+
+void BeatPour::partHere()
 {
     leaveFullBar();
     _parted.emplace_back(_bar, static_cast<unsigned>(here().size()));
@@ -113,7 +127,7 @@ void BeatPour::add(const std::shared_ptr<Beat> &beat, const Length &length)
     }
     // A tremolo that leads here has lost a beat of its own length.
     if (_before != nullptr && _before->tremoloToNext() != 0)
-        part();
+        partHere();
     const std::vector<Length> parts = segments(length);
     const std::vector<Voice::Beats> pieces = cutBeat(*beat, parts);
     _before = pieces.back().back().get();
@@ -130,7 +144,7 @@ void BeatPour::addGap(const Length &length, Filler filler)
     if (length.sign() <= 0)
         return;
     leaveFullBar();
-    part();
+    partHere();
     for (const Length &segment : segments(length)) {
         leaveFullBar();
         const bool isWholeBar = _offset.sign() == 0 && segment == lengthOf(_bar);
@@ -141,7 +155,7 @@ void BeatPour::addGap(const Length &length, Filler filler)
         _offset += segment;
     }
     leaveFullBar();
-    part();
+    partHere();
 }
 
 void BeatPour::end()

@@ -58,6 +58,7 @@ public:
 
 private:
     void put(const std::shared_ptr<Beat> &beat);
+    void partHere();
     void leaveFullBar();
     void addGraces();
     Voice::Beats &here();
@@ -69,7 +70,8 @@ private:
     unsigned _bar = 0;
     Length _offset;
     Voice::Beats _graces;
-    const Beat *_before = nullptr; ///< the last one that takes time
+    std::vector<std::size_t> _gracePartings; ///< how many of them are in front of each joint
+    const Beat *_before = nullptr;           ///< the last one that takes time
     std::vector<Voice::Beats> _bars;
     std::vector<bool> _isSilent; ///< per bar, whether it has nothing but plain rests
     std::vector<std::pair<unsigned, unsigned>> _parted;
