@@ -137,4 +137,20 @@ TEST_F(LyricsCommandsTest, aLineLaidOutWhereItStandsIsTheSame)
     EXPECT_EQ(sung(), before);
 }
 
+// The bar that goes has nothing of the line: what meets is around it.
+TEST_F(LyricsCommandsTest, aSyllableIsNotHeldOverWhatCameToFollowIt)
+{
+    const auto piano = model.track(1);
+    Syllable held;
+    held.text = "mile,";
+    held.hasMelisma = true;
+    Syllable next;
+    next.text = "seen";
+    piano->bar(1)->voice(0)->beat(0)->setLyrics({held});
+    piano->bar(3)->voice(0)->beat(0)->setLyrics({next});
+    expectUndoable(score, [&] { return score.removeBarRange(2, 2); });
+    ASSERT_TRUE(score.removeBarRange(2, 2));
+    EXPECT_FALSE(piano->bar(1)->voice(0)->beat(0)->lyrics().front().hasMelisma);
+}
+
 } // namespace

@@ -209,6 +209,15 @@ TEST_F(WaltzTest, takesSlursOffBehindWhatIsWrittenOut)
     expectUndoable(score, [&] { return score.arrangeBars(0, 5); });
 }
 
+TEST_F(WaltzTest, takesSlursOffCopiesAtTheEndOfTheStaff)
+{
+    model.track(1)->bar(5)->voice(0)->beat(1)->setSlurredToNext(true);
+    model.track(1)->bar(6)->voice(0)->beat(0)->setSlurredToPrevious(true);
+    ASSERT_TRUE(score.setBarSimileMark(1, 0, 6, 6, SimileMark::Simple));
+    ASSERT_EQ(brokenRules(score), "");
+    expectUndoable(score, [&] { return score.arrangeBars(6, 6); });
+}
+
 TEST(CompleteReduceBarsTest, fillsByTheBeatAndNeverCutsNotes)
 {
     RichScore rich;

@@ -94,6 +94,7 @@ public:
         }
         if (isCopied)
             _poured.part();
+        _endsAsCopy = isCopied;
         _gap = used < column ? column - used : rational();
     }
 
@@ -107,6 +108,7 @@ public:
     }
 
     bool hasBeats() const noexcept { return _hasBeats; }
+    bool endsAsCopy() const noexcept { return _endsAsCopy; }
     BeatPour &poured() noexcept { return _poured; }
     std::vector<bool> &leading() noexcept { return _leading; }
 
@@ -130,6 +132,7 @@ private:
     BeatPour _poured;
     rational _gap;
     bool _hasBeats = false;
+    bool _endsAsCopy = false;   ///< the last beats stand for what a simile mark repeats
     std::vector<bool> _leading; ///< per new bar, whether a link over the strings may start there
 
     // Beats without length wait for the next one, and a beat may be cut into several bars.
@@ -247,7 +250,8 @@ void BarArrangement::pour()
         line.line.end();
         if (line.line.hasBeats())
             _voices.push_back({line.track, line.staff.index(), line.slot,
-                               std::move(line.line.poured()), std::move(line.line.leading())});
+                               std::move(line.line.poured()), std::move(line.line.leading()),
+                               line.line.endsAsCopy()});
     }
 }
 
@@ -268,10 +272,14 @@ void BarArrangement::addTo(ContentSwap &swap)
             swap.addBarLine(track->index(), staff->index(), _first + _shift + barCount());
         }
     }
-    for (const PouredVoice &voice : _voices)
+    for (const PouredVoice &voice : _voices) {
         for (const auto &[bar, beat] : voice.poured.partedJoints())
             if (bar < barCount())
                 swap.addJoint({voice.track, voice.staff, _first + _shift + bar, voice.voice}, beat);
+        // Copies lead nowhere at the end of the staff either, where no bar line is.
+        if (voice.endsAsCopy)
+            swap.addJoint({voice.track, voice.staff, _first + _shift + barCount(), voice.voice}, 0);
+    }
     addFermatas(swap);
 }
 

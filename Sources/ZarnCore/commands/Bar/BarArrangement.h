@@ -50,6 +50,7 @@ private:
         unsigned voice;
         BeatPour poured;
         std::vector<bool> leadsOverStrings; ///< per new bar, as far as any does
+        bool endsAsCopy;                    ///< with beats that a simile mark stood for
     };
 
     /// How long bars without music of their own are; sought behind them once, when none is in

@@ -85,6 +85,12 @@ void KeptSpans::mendRegion(const Track &track, const Region &region)
     const SpanMarksByLine present = readSpans(track, region.first, region.end);
     for (const auto &entry : present)
         lines.insert(entry.first);
+    // A syllable held over bars that went may have met the next one, with nothing of its line in
+    // them.
+    if (region.first > 0)
+        for (const auto &[line, marks] : readSpans(track, region.first - 1, region.first))
+            if (marks.back().isHeld)
+                lines.insert(line);
     for (const SpanLine &line : lines) {
         if (line.staff >= track.staffCount())
             continue;
