@@ -65,6 +65,31 @@ TEST(CurvesTest, tiesFindTheirEndsInOtherVoices)
     EXPECT_GT(ties[0].right, heads.back().left - 0.5);
 }
 
+/// The tie of the lower note of an octave crosses the stems of another voice: it neither leaves its
+/// head nor bows like a slur to get around them.
+TEST(CurvesTest, tiesStayAtTheirHeadsAcrossStems)
+{
+    Piece piece(2);
+    Beat &octave = piece.add({72, 84}, NoteValue::Half, 1);
+    Beat &end = piece.add({72, 84}, NoteValue::Half, 1, 0, 1);
+    for (unsigned note = 0; note < 2; ++note)
+        Piece::tie(octave, end, note);
+    for (const std::vector<int> &keys : {std::vector<int>{}, {74, 81}, {74, 81}})
+        piece.add(keys, NoteValue::Quarter, 0, 1);
+    piece.add({65}, NoteValue::Quarter, 0, 2);
+    for (int i = 0; i < 2; ++i)
+        piece.add({}, NoteValue::Quarter, 0, 2);
+    const LaidOut laid(*piece.model);
+    const auto ties = laid.of(MarkKind::Tie);
+    ASSERT_EQ(ties.size(), 2U);
+    for (const auto &head : laid.of(MarkKind::NoteHead))
+        for (const auto &tie : ties)
+            if (tie.place == head.place) {
+                EXPECT_LT(tie.bottom, head.bottom + 1.5);
+                EXPECT_GT(tie.top, head.top - 1.5);
+            }
+}
+
 /// Ties and slurs lie on no head, rest, dot or accidental, by the outlines of both.
 TEST(CurvesTest, curvesLieOnNoInk)
 {

@@ -57,8 +57,20 @@ std::vector<BowTry> byCost(std::vector<BowTry> tries)
     return tries;
 }
 
-/// The least of the costs of tries and of the ink that they would lie on.
-Bow bestOf(const std::vector<BowTry> &tries, const BowEnds &wish, const InkField &field)
+/// What it costs to lie away from the head and to bow higher than usual: far away, more than stems
+/// that are crossed, since there a curve no longer shows what it belongs to.
+double costOf(double shift, double height)
+{
+    const double higher = std::max(0.0, height - 1);
+    const double flatter = std::max(0.0, 1 - height);
+    return 1.2 * std::abs(shift) + 3 * shift * shift + 0.5 * higher + higher * higher
+        + 1.6 * flatter;
+}
+
+/// The least of the costs of tries, of the ink that they would lie on, and once more, as
+/// `solidCost` says, of what none may cross.
+Bow bestOf(const std::vector<BowTry> &tries, const BowEnds &wish, const InkField &field,
+           const InkField &solid, double solidCost)
 {
     constexpr double narrowest = 0.6;
     constexpr double inkCost = 60;
@@ -83,8 +95,9 @@ Bow bestOf(const std::vector<BowTry> &tries, const BowEnds &wish, const InkField
                 Bow::arched({from.x + way.late, from.y - away}, {to.x - way.early, to.y - away},
                             side * height * way.height);
             const double bare = way.cost + turned;
-            const double cost =
-                bare + inkCost * field.coveredBy(bow, 0.06, (least - bare) / inkCost);
+            double cost = bare + inkCost * field.coveredBy(bow, 0.06, (least - bare) / inkCost);
+            if (cost < least && cost > bare && solidCost > 0)
+                cost += solidCost * solid.coveredBy(bow, 0.06, (least - cost) / solidCost);
             if (cost < least) {
                 least = cost;
                 best = bow;
@@ -137,11 +150,11 @@ Bow CurveField::nearest(const BowEnds &wish)
         std::vector<BowTry> all;
         for (const double shift : {0.0, -0.15, 0.15, -0.3, 0.3, -0.45, 0.5, 0.75, 1.0, 1.3})
             for (const double height : {1.0, 0.75, 0.5, 0.25, 1.3, 1.7, 2.2, 2.8})
-                all.push_back(
-                    {shift, height, 0, 0, 1.2 * std::abs(shift) + 0.5 * std::abs(height - 1)});
+                all.push_back({shift, height, 0, 0, costOf(shift, height)});
         return byCost(std::move(all));
     }();
-    return bestOf(tries, wish, all());
+    constexpr double solidCost = 240; // it weighs more than being far away
+    return bestOf(tries, wish, all(), _solid.now(), solidCost);
 }
 
 Bow CurveField::afar(const BowEnds &wish)
@@ -158,7 +171,7 @@ Bow CurveField::afar(const BowEnds &wish)
                              1.2 * std::abs(shift) + 0.5 * std::abs(height - 1) + late + early});
         return byCost(std::move(all));
     }();
-    return bestOf(tries, wish, all());
+    return bestOf(tries, wish, all(), all(), 0);
 }
 
 Bow CurveField::freest(const BowEnds &wish)
