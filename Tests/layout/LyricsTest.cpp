@@ -222,6 +222,56 @@ TEST(LyricsTest, wordsThatShareANoteHaveABowBetweenThem)
     }
 }
 
+/// In a column, in front of the widest of the words, which stand below their note as all others do;
+/// what a number belongs to, or ends with, is no number of a verse.
+TEST(LyricsTest, numbersOfVersesHangToTheLeftOfTheWords)
+{
+    struct Sung {
+        const char *text;
+        const char *number;
+        const char *words;
+    };
+    const Sung verses[] = {{"1. L\u00E0", "1.", "L\u00E0"},
+                           {"2.~\u201EStrengths", "2.", "\u201EStrengths"},
+                           {"3.-5.\u00A0Ah!", "3.-5.", "Ah!"},
+                           {"12 a~e", "12", "a\u203Fe"},
+                           {"4.", "", "4."}};
+    const Sung others[] = {{"2nd", "", "2nd"}, {"3 !", "", "3 !"}, {"1789", "", "1789"}};
+    Piece piece(2);
+    const auto lyricsOf = [](const auto &sung) {
+        Syllables lyrics;
+        for (const Sung &verse : sung)
+            lyrics.push_back(
+                {static_cast<std::uint8_t>(lyrics.size()), Syllabic::Single, false, verse.text});
+        return lyrics;
+    };
+    piece.add({72}, NoteValue::Whole).setLyrics(lyricsOf(verses));
+    piece.add({72}, NoteValue::Whole, 0, 0, 1).setLyrics(lyricsOf(others));
+    const LaidOut laid(*piece.model);
+    const auto marks = laid.of(MarkKind::Lyric);
+    const auto heads = laid.of(MarkKind::NoteHead);
+    ASSERT_EQ(marks.size(), 12U);
+    const auto markOf = [&](const std::string &text) {
+        const auto found = std::find_if(marks.begin(), marks.end(),
+                                        [&](const auto &mark) { return mark.text == text; });
+        EXPECT_NE(found, marks.end()) << text;
+        return found == marks.end() ? marks.front() : *found;
+    };
+    const auto widest = markOf(verses[1].words);
+    for (const Sung &verse : verses) {
+        const auto words = markOf(verse.words);
+        EXPECT_NEAR(words.left + words.right, heads[0].left + heads[0].right, 0.3) << verse.text;
+        if (*verse.number == '\0')
+            continue;
+        const auto number = markOf(verse.number);
+        EXPECT_EQ(number.y, words.y) << verse.text;
+        EXPECT_LT(number.right, widest.left - 0.2) << verse.text;
+        EXPECT_NEAR(number.right, markOf("1.").right, 0.15) << verse.text;
+    }
+    for (const Sung &word : others)
+        markOf(word.words);
+}
+
 /// Over whole systems, while the notes go on: not behind a rest, nor, but for hyphens, where
 /// another verse is sung alone.
 TEST(LyricsTest, heldSyllablesLeadOverWholeSystems)

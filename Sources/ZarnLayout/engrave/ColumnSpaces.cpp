@@ -5,7 +5,7 @@
 #include <ZarnLayout/engrave/ChordInks.h>
 #include <ZarnLayout/engrave/ChordSymbolText.h>
 #include <ZarnLayout/engrave/Pen.h>
-#include <ZarnLayout/engrave/WrittenText.h>
+#include <ZarnLayout/engrave/SungWords.h>
 #include <ZarnLayout/source/SungBeats.h>
 
 #include <ZarnCore/chords/ZarnChordDiagram.h>
@@ -61,12 +61,12 @@ void addWordSpaces(const Chord &chord, const Fonts &fonts, std::vector<SpaceBox>
     const BeatDetails &details = *chord.beat->details;
     const double centre = chord.x + chord.width / 2;
     for (const Syllable &syllable : details.lyrics) {
-        const double width =
-            boxOf(Pen(fonts).words(MarkKind::Lyric, TextRole::Lyric, sungText(syllable), 0, 0))
-                .right;
+        const Inks inks = sungInks(Pen(fonts), syllable, details.lyrics, centre);
+        if (inks.empty())
+            continue;
+        const Box box = boxOf(inks);
         const double y = lyricSpaceY + 10.0 * syllable.line;
-        boxes.push_back({{centre - width / 2, y,
-                          centre + width / 2 + (isWordUnfinished(syllable) ? 0.8 : 0), y + 1},
+        boxes.push_back({{box.left, y, box.right + (isWordUnfinished(syllable) ? 0.8 : 0), y + 1},
                          SpaceBox::Kind::Text});
     }
     if (const std::string &symbol = shownSymbol(details.chord); !symbol.empty()) {

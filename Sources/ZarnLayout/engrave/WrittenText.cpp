@@ -2,11 +2,6 @@
 #include <ZarnLayout/engrave/WrittenText.h>
 
 #include <ZarnLayout/font/ZarnMusicFont.h>
-#include <ZarnLayout/source/SungBeats.h>
-
-#include <ZarnCore/model/lyrics/ZarnLyricText.h>
-
-#include <QString>
 
 #include <algorithm>
 #include <array>
@@ -106,35 +101,6 @@ std::vector<TextPiece> piecesOf(const std::string &text, const Fonts &fonts)
     if (!letters.empty())
         pieces.push_back({std::move(letters), std::nullopt});
     return pieces;
-}
-
-std::string sungText(const Syllable &syllable)
-{
-    const QString whole = QString::fromStdString(syllable.text).trimmed();
-    const auto isDash = [](QChar letter) {
-        constexpr ushort hyphen = 0x2010;
-        constexpr ushort enDash = 0x2013;
-        return letter == QLatin1Char('-')
-            || (letter.unicode() >= hyphen && letter.unicode() <= enDash);
-    };
-    const bool goesOn = isWordUnfinished(syllable);
-    const bool comesFromBefore =
-        syllable.syllabic == Syllabic::End || syllable.syllabic == Syllabic::Middle;
-    int first = 0;
-    int end = whole.size();
-    while (comesFromBefore && first < end && (isDash(whole[first]) || whole[first].isSpace()))
-        ++first;
-    while (goesOn && end > first && (isDash(whole[end - 1]) || whole[end - 1].isSpace()))
-        --end;
-    const std::string plain = (end > first ? whole.mid(first, end - first) : whole).toStdString();
-    constexpr const char *undertie = "\u203F";
-    std::string text;
-    for (const std::string_view word : joinedWords(plain)) {
-        if (!text.empty())
-            text += undertie;
-        text += word;
-    }
-    return text;
 }
 
 void reportMissingSigns(const std::string &text, const Fonts &fonts, const MarkPlace &place,

@@ -4,8 +4,6 @@
 #include <ZarnLayout/engrave/Fonts.h>
 #include <ZarnLayout/engrave/Problems.h>
 
-#include <ZarnCore/model/attributes/ZarnSyllable.h>
-
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -25,10 +23,6 @@ struct TextPiece {
 /// characters that the music font lacks. Everything else is letters. A text without any of this is
 /// one piece, and an empty one none.
 std::vector<TextPiece> piecesOf(const std::string &text, const Fonts &fonts);
-
-/// A syllable as it is sung, without space around it and without dashes towards the rest of its
-/// word: the page has its own hyphens there. Words that "~" joins have a bow between them.
-std::string sungText(const Syllable &syllable);
 
 /// Says which characters of a text `piecesOf` leaves out because the music font lacks them.
 void reportMissingSigns(const std::string &text, const Fonts &fonts, const MarkPlace &place,

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ZarnLayout/page/LyricLines.h>
 
+#include <ZarnLayout/engrave/SungWords.h>
 #include <ZarnLayout/engrave/WrittenText.h>
 
 #include <algorithm>
@@ -55,8 +56,8 @@ bool isHeldBehind(const RowDraft &row, const SystemDraft &draft, unsigned verse,
 
 double widthOf(const Sung &sung, const Pen &pen)
 {
-    const Inks words = pen.words(MarkKind::Lyric, TextRole::Lyric, sungText(*sung.syllable), 0, 0);
-    return words.empty() ? 0 : boxOf(words).width();
+    const Inks inks = sungInks(pen, *sung.syllable, {*sung.syllable}, 0);
+    return inks.empty() ? 0 : boxOf(inks).width();
 }
 
 /// Whether two syllables have room beside one another.
@@ -141,9 +142,8 @@ public:
             item.side = Side::Below;
             item.line = _line;
             item.gap = isFirst ? 0.7 : 0.3;
-            item.inks =
-                _draft.pen.words(MarkKind::Lyric, TextRole::Lyric, sungText(*entry.syllable),
-                                 entry.chord->headCentre(), 0, Pen::Align::Centre);
+            item.inks = sungInks(_draft.pen, *entry.syllable, entry.chord->beat().details->lyrics,
+                                 entry.chord->headCentre());
             reportMissingSigns(entry.syllable->text, _draft.pen.fonts(),
                                placeOf(_row, *entry.chord), _draft.problems);
             for (Ink &ink : item.inks) {
