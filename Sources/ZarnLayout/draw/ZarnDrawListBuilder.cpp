@@ -40,6 +40,8 @@ PathShape &PathShape::close()
 PathShape PathShape::polygon(const std::vector<Point> &corners)
 {
     PathShape shape;
+    shape._points.reserve(corners.size());
+    shape._verbs.reserve(corners.size() + 1);
     for (const Point &corner : corners) {
         if (shape._verbs.empty())
             shape.moveTo(corner);

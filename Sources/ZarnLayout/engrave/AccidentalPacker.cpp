@@ -18,8 +18,8 @@ Sign signOf(Accidental accidental)
 
 /// The rightmost place for a sign that lets it stand clear of boxes: it starts at the right and
 /// moves left from box to box.
-double clearPlace(const std::vector<Box> &shape, const std::vector<Box> &boxes, double gap,
-                  double start)
+template <class Boxes>
+double clearPlace(const Few<Box, 4> &shape, const Boxes &boxes, double gap, double start)
 {
     double x = start;
     for (bool moved = true; moved;) {
@@ -63,8 +63,7 @@ void packAccidentals(std::vector<PackedAccidental> &accidentals, const std::vect
                          [](const PackedAccidental &left, const PackedAccidental &right) {
                              return left.y < right.y;
                          });
-    std::vector<std::size_t> order;
-    order.reserve(accidentals.size());
+    Few<std::size_t, 8> order;
     for (std::size_t top = 0, bottom = accidentals.size(); top < bottom;) {
         order.push_back(top++);
         if (top < bottom)
@@ -73,11 +72,8 @@ void packAccidentals(std::vector<PackedAccidental> &accidentals, const std::vect
     double right = 0;
     for (const Box &box : taken)
         right = std::max(right, box.right);
-    constexpr std::size_t usualParts = 4; // of a sign
-    std::vector<Box> placed;
-    placed.reserve(usualParts * accidentals.size());
-    std::vector<Box> shape;
-    shape.reserve(usualParts);
+    Few<Box, 16> placed;
+    Few<Box, 4> shape; // of a sign
     for (const std::size_t index : order) {
         PackedAccidental &accidental = accidentals[index];
         shape.clear();

@@ -137,7 +137,6 @@ void BarEngraver::addHeads(Chord &chord)
         head.glyph = fonts.glyph(chord.isSlash ? slashHead(beat.rhythm) : Sign::NoteheadXBlack);
         chord.heads.push_back(head);
     } else {
-        chord.heads.reserve(beat.noteCount);
         for (unsigned i = 0; i < beat.noteCount; ++i) {
             const auto number = static_cast<std::uint16_t>(beat.firstNote + i);
             const NoteSource &note = _source->notes[number];
@@ -185,7 +184,7 @@ void BarEngraver::chooseStems()
     }
 }
 
-void BarEngraver::chooseStem(const std::vector<std::size_t> &chain)
+void BarEngraver::chooseStem(const BeamedNumbers &chain)
 {
     auto &chords = _result.chords;
     const std::size_t first = chain.front();
@@ -260,8 +259,7 @@ void BarEngraver::placeHeads(Chord &chord)
         }
         return;
     }
-    std::vector<Head *> heads;
-    heads.reserve(chord.heads.size());
+    HeadsOnStem heads;
     for (Head &head : chord.heads) {
         head.y = _row.yOfLine(head.line);
         head.width = fonts.box(head.glyph).right * chord.scale;

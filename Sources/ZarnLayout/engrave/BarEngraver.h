@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ZarnLayout/engrave/BeamChain.h>
 #include <ZarnLayout/engrave/EngravedBar.h>
 #include <ZarnLayout/engrave/Pen.h>
 #include <ZarnLayout/engrave/Problems.h>
@@ -28,7 +29,7 @@ private:
     unsigned columnOf(const BeatSource &beat) const;
     void addHeads(Chord &chord);
     void chooseStems();
-    void chooseStem(const std::vector<std::size_t> &chain);
+    void chooseStem(const BeamedNumbers &chain);
     void placeHeads(Chord &chord);
     void placeStem(Chord &chord);
     void addCentred(const BeatSource *rest);

@@ -94,10 +94,9 @@ Sign restSign(const Row &row, NoteValue value, double y)
     return restOf(value);
 }
 
-std::vector<Box> chordShape(const Chord &chord, const Fonts &fonts)
+Few<Box, 6> chordShape(const Chord &chord, const Fonts &fonts)
 {
-    std::vector<Box> boxes;
-    boxes.reserve(chord.heads.size() + 2);
+    Few<Box, 6> boxes;
     for (const Head &head : chord.heads) {
         // The corners of a head are round: neighbours on lines and spaces do not touch. Slashes and
         // arrows are taller, and begin in front of the head.
@@ -133,7 +132,7 @@ void ChordInks::add(EngravedBar &bar)
     struct Group {
         unsigned column;
         unsigned graceRank;
-        std::vector<Chord *> chords;
+        ColumnChords chords;
         double left;
         std::set<int> dotted;
     };
@@ -152,12 +151,16 @@ void ChordInks::add(EngravedBar &bar)
         group->chords.push_back(&chord);
     }
 
-    std::vector<std::vector<PackedAccidental>> byChord(bar.chords.size());
-    const auto packColumn = [&](const std::vector<Chord *> &column) {
+    std::vector<Few<PackedAccidental, 2>> byChord(bar.chords.size());
+    std::vector<PackedAccidental> all;
+    std::vector<std::pair<int, int>> seen;
+    std::vector<Box> taken;
+    const auto packColumn = [&](const ColumnChords &column) {
         if (_row.notation != Notation::Standard)
             return;
-        std::vector<PackedAccidental> all;
-        std::set<std::pair<int, int>> seen;
+        all.clear();
+        seen.clear();
+        taken.clear();
         for (const Chord *chord : column) {
             if (chord->isRest() || chord->isSlash || chord->beat->noteCount == 0)
                 continue;
@@ -166,8 +169,11 @@ void ChordInks::add(EngravedBar &bar)
                 if (!note.accidental.isShown())
                     continue;
                 // Voices that share a head share its accidental.
-                if (!seen.insert({head.line, static_cast<int>(note.accidental.sign)}).second)
+                const std::pair<int, int> sign = {head.line,
+                                                  static_cast<int>(note.accidental.sign)};
+                if (std::find(seen.begin(), seen.end(), sign) != seen.end())
                     continue;
+                seen.push_back(sign);
                 PackedAccidental accidental;
                 accidental.inks = accidentalInks(note.accidental, _pen, chord->scale);
                 for (Ink &ink : accidental.inks)
@@ -179,11 +185,6 @@ void ChordInks::add(EngravedBar &bar)
         }
         if (all.empty())
             return;
-        std::vector<Box> taken;
-        std::size_t boxes = 0;
-        for (const Chord *chord : column)
-            boxes += chord->heads.size() + 2; // with stem and flag
-        taken.reserve(boxes);
         for (const Chord *chord : column) {
             for (const Box &box : chordShape(*chord, _pen.fonts()))
                 taken.push_back(box.movedBy(chord->x, 0));
@@ -369,7 +370,7 @@ void ChordInks::addRest(const Chord &chord, Inks &inks) const
     inks.push_back(std::move(ink));
 }
 
-double ChordInks::dotStart(const Chord &chord, const std::vector<Chord *> &column) const
+double ChordInks::dotStart(const Chord &chord, const ColumnChords &column) const
 {
     double right = 0;
     for (const Chord *other : column) {
@@ -477,7 +478,7 @@ void ChordInks::addArpeggio(const Chord &chord, double left, Inks &inks) const
     // Down is the way of the hand, from the lowest string: on the sheet its arrow leads upwards.
     const bool isBrush = brush != Direction::None;
     const bool leadsUp = isBrush ? brush == Direction::Down : arpeggio == Direction::Up;
-    std::vector<Point> points;
+    Points points;
     if (isBrush) {
         points = {{x, top}, {x, bottom}};
     } else {

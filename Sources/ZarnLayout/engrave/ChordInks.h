@@ -10,6 +10,9 @@
 
 namespace zarn::engraving {
 
+/// The chords of all voices that stand together.
+using ColumnChords = Few<Chord *, 4>;
+
 /// The strokes of a tremolo of a chord, and where their middle is, from its origin: on its stem, by
 /// where that ends, else above the notes, or below those of a lower voice.
 Sign tremoloSign(unsigned strokes);
@@ -36,7 +39,7 @@ private:
     /// `taken`: the spaces, by half spaces above the bottom line, that have dots in this column.
     void addDots(const Chord &chord, double right, std::set<int> &taken, Inks &inks) const;
     void addArpeggio(const Chord &chord, double left, Inks &inks) const;
-    double dotStart(const Chord &chord, const std::vector<Chord *> &column) const;
+    double dotStart(const Chord &chord, const ColumnChords &column) const;
 
     const Row &_row;
     const Pen &_pen;
@@ -46,7 +49,7 @@ private:
 };
 
 /// Heads, stem and flag of a chord as boxes around its origin, to see what stands in whose way.
-std::vector<Box> chordShape(const Chord &chord, const Fonts &fonts);
+Few<Box, 6> chordShape(const Chord &chord, const Fonts &fonts);
 
 /// The sign of a rest around its origin.
 Ink restInk(const Row &row, const Pen &pen, const Chord &chord);

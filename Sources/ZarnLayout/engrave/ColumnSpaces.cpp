@@ -55,7 +55,7 @@ double widthOf(NoteDynamic dynamic)
         + (count('F') > 0 ? 1.05 : 0.4);
 }
 
-void addWordSpaces(const Chord &chord, const Fonts &fonts, std::vector<SpaceBox> &boxes)
+void addWordSpaces(const Chord &chord, const Fonts &fonts, SpaceBoxes &boxes)
 {
     // At heights of their own, so that they meet their own kind alone.
     const BeatDetails &details = *chord.beat->details;
@@ -83,7 +83,7 @@ void addWordSpaces(const Chord &chord, const Fonts &fonts, std::vector<SpaceBox>
 }
 
 /// What hangs on a beat, be it drawn or not.
-void addSignSpaces(const Chord &chord, const Fonts &fonts, std::vector<SpaceBox> &boxes)
+void addSignSpaces(const Chord &chord, const Fonts &fonts, SpaceBoxes &boxes)
 {
     const BeatMarks &marks = chord.beat->marks;
     if (marks.dynamic() != NoteDynamic()) {
@@ -105,7 +105,7 @@ void addSignSpaces(const Chord &chord, const Fonts &fonts, std::vector<SpaceBox>
 
 /// Lines that lead to a head from elsewhere or from it to elsewhere.
 void addSlideSpaces(const Chord &chord, const EngravedBar &bar, const BarSource &source,
-                    std::vector<SpaceBox> &boxes)
+                    SpaceBoxes &boxes)
 {
     constexpr double line = 1.6; ///< a short one, with its gap
     constexpr double link = 0.9; ///< the least of one that leads to the next note
@@ -132,7 +132,7 @@ void addSlideSpaces(const Chord &chord, const EngravedBar &bar, const BarSource 
     }
 }
 
-void addBendSpaces(const Chord &chord, const BarSource &source, std::vector<SpaceBox> &boxes)
+void addBendSpaces(const Chord &chord, const BarSource &source, SpaceBoxes &boxes)
 {
     // A bend leads to the right and up, past the strings above.
     constexpr double turn = 1.5;
@@ -242,7 +242,7 @@ bool leadsToArpeggio(const Chord &chord, const EngravedBar &bar)
 /// The ties of a chord with dots begin behind these, inside what they lead to; those that lead to
 /// an arpeggio end in front of it.
 void addTieSpaces(const Chord &chord, const EngravedBar &bar, const BarSource &source,
-                  std::vector<SpaceBox> &boxes)
+                  SpaceBoxes &boxes)
 {
     constexpr double shortest = 0.9;
     constexpr double height = 0.7;
@@ -263,7 +263,7 @@ void addTieSpaces(const Chord &chord, const EngravedBar &bar, const BarSource &s
 }
 
 void addLinkSpaces(const Chord &chord, const EngravedBar &bar, const BarSource &source,
-                   const Row &row, std::vector<SpaceBox> &boxes)
+                   const Row &row, SpaceBoxes &boxes)
 {
     if (row.notation != Notation::Slash)
         addSlideSpaces(chord, bar, source, boxes);
@@ -280,11 +280,11 @@ void addSpaces(EngravedBar &bar, const BarSource &source, const Row &row, const 
     const std::vector<double> stemTips = stemTipsOf(bar.chords);
     for (Chord &chord : bar.chords) {
         if (chord.beat->isGrace()) {
-            std::vector<SpaceBox> signs;
+            SpaceBoxes signs;
             addLinkSpaces(chord, bar, source, row, signs);
             for (const SpaceBox &sign : signs)
                 chord.room.add(sign.box);
-            std::vector<SpaceBox> words;
+            SpaceBoxes words;
             if (row.isFirstOfStaff)
                 addSignSpaces(chord, fonts, words);
             const auto number = static_cast<std::uint32_t>(&chord - bar.chords.data());

@@ -25,14 +25,14 @@ struct Head {
 /// around its origin, the left edge of the heads on the usual side of the stem.
 struct Chord {
     const BeatSource *beat = nullptr;
-    unsigned voice = 0;      ///< number
-    unsigned column = 0;     ///< of its bar
-    double x = 0;            ///< from the column
-    double scale = 1;        ///< of small notes
-    std::vector<Head> heads; ///< from the lowest up; none for rests
-    double width = 0;        ///< of the heads on the usual side
-    double restShift = 0;    ///< of a rest, down from its usual place
-    bool isAbove = false;    ///< of a rest beside other voices: these are below it
+    unsigned voice = 0;   ///< number
+    unsigned column = 0;  ///< of its bar
+    double x = 0;         ///< from the column
+    double scale = 1;     ///< of small notes
+    Few<Head, 1> heads;   ///< from the lowest up; none for rests
+    double width = 0;     ///< of the heads on the usual side
+    double restShift = 0; ///< of a rest, down from its usual place
+    bool isAbove = false; ///< of a rest beside other voices: these are below it
     bool hasStem = false;
     bool isStemUp = true;
     bool isForced = false; ///< the stem's direction is not free: said, or there are other voices
@@ -80,6 +80,7 @@ struct SpaceBox {
     Box box;
     Kind kind;
 };
+using SpaceBoxes = std::vector<SpaceBox>;
 
 /// Heights of lyrics and chord symbols in the boxes that keep columns apart: far from all other
 /// ink, so that words meet words alone.
@@ -99,7 +100,7 @@ struct EngravedBar {
 
     /// Around the columns: the boxes of a column follow one another.
     struct ColumnSpace {
-        std::vector<SpaceBox> boxes;
+        SpaceBoxes boxes;
     };
     std::vector<ColumnSpace> columns;
 

@@ -23,8 +23,7 @@ bool meet(const Head &left, const Head &right, double scale, const Fonts &fonts)
 
 } // namespace
 
-double placeOnStem(const std::vector<Head *> &heads, bool isStemUp, double scale,
-                   const Fonts &fonts)
+double placeOnStem(const HeadsOnStem &heads, bool isStemUp, double scale, const Fonts &fonts)
 {
     double width = 0;
     for (const Head *head : heads)
@@ -62,9 +61,9 @@ double stemBeside(double width, bool isStemUp, const Fonts &fonts)
     return isStemUp ? width - half : half;
 }
 
-void joinOnStem(const std::vector<Chord *> &chords, const Fonts &fonts)
+void joinOnStem(const ChordsOnStem &chords, const Fonts &fonts)
 {
-    std::vector<Head *> heads;
+    HeadsOnStem heads;
     for (Chord *chord : chords)
         for (Head &head : chord->heads)
             heads.push_back(&head);

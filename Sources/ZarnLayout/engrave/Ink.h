@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ZarnLayout/engrave/Few.h>
 #include <ZarnLayout/engrave/InkTypes.h>
 #include <ZarnLayout/engrave/Sign.h>
 
@@ -17,6 +18,9 @@ struct Point {
     double x = 0;
     double y = 0;
 };
+
+/// Of a mark: two of a line, four of a beam or a curve.
+using Points = Few<Point, 4>;
 
 struct Box {
     double left = 0;
@@ -67,7 +71,7 @@ struct Ink {
     double dash = 0;        ///< of lines and curves: length of dashes, 0 for none
     double gap = 0;         ///< between dashes
     int rows[2] = {-1, -1}; ///< of a line over rows: those its ends go with, -1 for the nearest
-    std::vector<Point> points;
+    Points points;
     std::string text; ///< UTF-8
     Box box;
 

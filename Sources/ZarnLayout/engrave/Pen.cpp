@@ -10,7 +10,7 @@ namespace zarn::engraving {
 
 namespace {
 
-Box boxOf(const std::vector<Point> &points, double margin)
+Box boxOf(const Points &points, double margin)
 {
     Box box = {1e9, 1e9, -1e9, -1e9};
     for (const Point &point : points)
@@ -39,7 +39,7 @@ Ink Pen::line(MarkKind kind, Point from, Point to, double thickness) const
     return polyline(kind, {from, to}, thickness);
 }
 
-Ink Pen::polyline(MarkKind kind, std::vector<Point> points, double thickness) const
+Ink Pen::polyline(MarkKind kind, Points points, double thickness) const
 {
     Ink ink;
     ink.shape = Ink::Shape::Line;
@@ -61,7 +61,7 @@ Ink Pen::polyline(MarkKind kind, std::vector<Point> points, double thickness) co
     return ink;
 }
 
-Ink Pen::polygon(MarkKind kind, std::vector<Point> points) const
+Ink Pen::polygon(MarkKind kind, Points points) const
 {
     Ink ink;
     ink.shape = Ink::Shape::Polygon;

@@ -25,8 +25,8 @@ public:
         return glyph(kind, _fonts.glyph(sign), x, y, scale);
     }
     Ink line(MarkKind kind, Point from, Point to, double thickness) const;
-    Ink polyline(MarkKind kind, std::vector<Point> points, double thickness) const;
-    Ink polygon(MarkKind kind, std::vector<Point> points) const;
+    Ink polyline(MarkKind kind, Points points, double thickness) const;
+    Ink polygon(MarkKind kind, Points points) const;
 
     /// A curve between two ends that bows by a height, upwards above 0; or by its four handles.
     Ink curve(MarkKind kind, Point from, Point to, double height) const;

@@ -71,20 +71,20 @@ void chooseSidesOfRests(std::vector<Chord> &chords)
     }
 }
 
-/// Chords that stand on one stem, most often one alone.
-using OnStem = std::vector<Chord *>;
+using OnStem = ChordsOnStem;
 
 /// A box of what chords take, around their origin.
 struct Part {
     Box box;
     bool isStem;
 };
+using Parts = Few<Part, 6>;
 
-std::vector<Part> partsOf(const OnStem &chords, const Fonts &fonts)
+Parts partsOf(const OnStem &chords, const Fonts &fonts)
 {
-    std::vector<Part> parts;
+    Parts parts;
     for (const Chord *chord : chords) {
-        const std::vector<Box> shape = chordShape(*chord, fonts);
+        const auto shape = chordShape(*chord, fonts);
         // The stem is behind the heads.
         for (std::size_t i = 0; i < shape.size(); ++i)
             parts.push_back({shape[i], chord->hasStem && i == chord->heads.size()});
@@ -93,8 +93,7 @@ std::vector<Part> partsOf(const OnStem &chords, const Fonts &fonts)
 }
 
 /// How far to the right chords stand clear of what is there.
-double freePlace(const OnStem &chords, const std::vector<Part> &parts,
-                 const std::vector<Part> &taken)
+double freePlace(const OnStem &chords, const Parts &parts, const Parts &taken)
 {
     constexpr int mostTries = 8;
     constexpr double stemGap = 0.2; ///< stems side by side are to be two lines to the eye
@@ -203,7 +202,7 @@ double placeInside(const Chord &large, Chord &chord)
 /// Chords of a column, each as far to the right as those in front of it want it; the farthest
 /// place.
 double placeInOrder(const std::vector<OnStem> &order, const BarSource &source, const Fonts &fonts,
-                    std::vector<Part> &taken)
+                    Parts &taken)
 {
     double width = 0;
     for (std::size_t i = 0; i < order.size(); ++i) {
@@ -212,7 +211,7 @@ double placeInOrder(const std::vector<OnStem> &order, const BarSource &source, c
         const auto shared = std::find_if(order.begin(), end, [&](const OnStem &others) {
             return others.front()->x == 0 && shareHeads(others, chords, source);
         });
-        const std::vector<Part> parts = partsOf(chords, fonts);
+        const Parts parts = partsOf(chords, fonts);
         const double x = shared == end ? freePlace(chords, parts, taken)
                                        : placeInside(*(*shared)[0], *chords[0]);
         for (Chord *chord : chords)
@@ -286,14 +285,14 @@ void VoicePlacer::placeColumn(const std::vector<std::size_t> &members)
         if (!chords[index].isRest())
             sounding.push_back(&chords[index]);
     std::vector<OnStem> order = stemsOf(std::move(sounding), fonts);
-    std::vector<Part> taken;
+    Parts taken;
     const double width = placeInOrder(order, _source, fonts, taken);
     // Voices that cross keep closer the other way round: a flag is behind the heads then. Dots
     // stand behind both, so that the head behind is to be the one that they belong to.
     if (order.size() == 2 && width > 0 && mayTurn(order[0], order[1])) {
         const bool areDotsInFront = isDotted(order[0]) && !isDotted(order[1]);
         std::reverse(order.begin(), order.end());
-        std::vector<Part> reversed;
+        Parts reversed;
         constexpr double isCloser = 0.5;
         constexpr double isNear = 0.3;
         const double most = areDotsInFront      ? width + isNear

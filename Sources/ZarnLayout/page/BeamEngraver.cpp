@@ -52,8 +52,7 @@ Rivals rivalsIn(const RowDraft &row)
 
 class BeamGroup {
 public:
-    BeamGroup(RowDraft &row, const std::vector<std::size_t> &chain, const Rivals &rivals,
-              const Pen &pen)
+    BeamGroup(RowDraft &row, const BeamedNumbers &chain, const Rivals &rivals, const Pen &pen)
         : _row(row), _pen(pen)
     {
         for (const std::size_t i : chain)
@@ -353,11 +352,11 @@ private:
 
     RowDraft &_row;
     const Pen &_pen;
-    std::vector<PlacedChord *> _members;
-    BeamedChords _beamed;         ///< the members
-    std::vector<StemWish> _stems; ///< of the members
-    double _depth = 0;            ///< of all beams together
-    std::vector<Box> _inside;     ///< rests and grace notes that the beams lead over
+    Few<PlacedChord *, 8> _members;
+    BeamedChords _beamed;     ///< the members
+    Few<StemWish, 8> _stems;  ///< of the members
+    double _depth = 0;        ///< of all beams together
+    std::vector<Box> _inside; ///< rests and grace notes that the beams lead over
     std::vector<Box> _obstacles;
     const std::vector<VoiceSign> *_signs = nullptr; ///< of their bar
     BeamLine _line;

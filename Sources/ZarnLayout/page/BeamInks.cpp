@@ -76,6 +76,7 @@ Inks beamInks(const BeamedChords &chords, const BeamLine &line, double inward, d
               const Pen &pen)
 {
     Inks inks;
+    inks.reserve(static_cast<std::size_t>(mostBeamsOf(chords)));
     const double thickness = inward * pen.fonts().beam() * scale;
     for (int level = 0, most = mostBeamsOf(chords); level < most; ++level) {
         BeamLine edge = line;

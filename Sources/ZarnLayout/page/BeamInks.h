@@ -21,7 +21,7 @@ struct BeamedChord {
     const PlacedChord *chord = nullptr;
     MarkPlace place;
 };
-using BeamedChords = std::vector<BeamedChord>;
+using BeamedChords = Few<BeamedChord, 8>;
 
 /// Thickness of a beam and the gap behind it.
 double beamStep(double scale);

@@ -148,7 +148,7 @@ Inks circled(const Pen &pen, const std::string &text, double x)
     const Box box = inks[0].box;
     const double middle = (box.top + box.bottom) / 2;
     constexpr double radius = 0.85;
-    std::vector<Point> points;
+    Points points;
     constexpr int corners = 24;
     for (int i = 0; i <= corners; ++i) {
         const double angle = 6.283185307179586 * i / corners;
@@ -371,9 +371,10 @@ void addBeatSigns(RowDraft &row, const SystemDraft &draft)
             }
         }
     }
+    const auto carriers = carriersOf(row);
     for (const BeatSign &sign : beatSigns)
         if (carries(*row.row, sign.rows))
-            for (const PlacedChord *const chord : carriersOf(row)) {
+            for (const PlacedChord *const chord : carriers) {
                 Inks inks = sign.make(pen, *chord, row);
                 keepOnLine(inks, draft);
                 addItem(row, *chord, sign.side, std::move(inks), -1);

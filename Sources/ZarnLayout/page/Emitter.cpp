@@ -47,6 +47,7 @@ void Emitter::emit(const Ink &ink, double x, double y) const
         break;
     case Ink::Shape::Polygon: {
         std::vector<layout::Point> corners;
+        corners.reserve(ink.points.size());
         for (const Point &point : ink.points)
             corners.push_back(pointOf(point, x, y));
         _builder.fill(ink.kind, ink.place, layout::PathShape::polygon(corners));

@@ -30,6 +30,7 @@ struct LinePlaces {
 /// A bar of a line where it stands.
 struct LineBar {
     layout::Unit left = 0;
+    layout::Unit width = 0; ///< that of its places
     std::shared_ptr<const LinePlaces> places;
     bool isKept = false;       ///< the layout before had it at the same places
     bool beginsAfresh = false; ///< a part ends in front of it rather than elsewhere

@@ -36,12 +36,12 @@ bool leadsOn(const Ink &ink)
 }
 
 /// Points along a line or curve.
-std::vector<Point> wayOf(const Ink &ink)
+Points wayOf(const Ink &ink)
 {
     if (ink.shape != Ink::Shape::Curve || ink.points.size() != 4)
         return ink.points;
     constexpr int steps = 32;
-    std::vector<Point> way;
+    Points way;
     for (int i = 0; i <= steps; ++i)
         way.push_back(pointOn({ink.points[0], ink.points[1], ink.points[2], ink.points[3]},
                               static_cast<double>(i) / steps));
@@ -56,7 +56,7 @@ std::optional<BlockedStretch> passage(const Ink &ink, const Box &upright)
     constexpr double tallest = 2.5;
     if (!ink.box.meets(upright))
         return std::nullopt;
-    const std::vector<Point> way = wayOf(ink);
+    const Points way = wayOf(ink);
     if (way.front().x >= upright.left || way.back().x <= upright.right)
         return std::nullopt;
     BlockedStretch stretch = {1e9, -1e9};
@@ -79,9 +79,9 @@ std::optional<BlockedStretch> passage(const Ink &ink, const Box &upright)
 }
 
 /// The part of a line from top to bottom that lies in a stretch.
-std::vector<Point> clipped(const std::vector<Point> &line, const BlockedStretch &stretch)
+Points clipped(const Points &line, const BlockedStretch &stretch)
 {
-    std::vector<Point> part;
+    Points part;
     for (std::size_t i = 1; i < line.size(); ++i) {
         const Point &from = line[i - 1];
         const Point &to = line[i];
@@ -101,7 +101,7 @@ std::vector<Point> clipped(const std::vector<Point> &line, const BlockedStretch 
 Inks pieces(const Ink &upright, std::vector<BlockedStretch> cuts, const Pen &pen)
 {
     constexpr double shortest = 0.4;
-    std::vector<Point> line = upright.points;
+    Points line = upright.points;
     if (line.front().y > line.back().y)
         std::reverse(line.begin(), line.end());
     std::sort(cuts.begin(), cuts.end(),

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <set>
+#include <functional>
 
 namespace zarn::layout {
 
@@ -73,11 +73,14 @@ public:
         constexpr std::size_t few = 4;
         if (changed.size() > few && changed.front()->at.y == changed.back()->at.y) {
             addLineFrom(*changed.front(), layout, page);
-            std::set<const SystemDrawing *> shared;
+            std::vector<const SystemDrawing *> shared;
+            shared.reserve(other.systems.size());
             for (const PlacedSystem &system : other.systems)
-                shared.insert(system.drawing.get());
+                shared.push_back(system.drawing.get());
+            std::sort(shared.begin(), shared.end(), std::less<>());
             const auto isMoved = [&](const PlacedSystem *system) {
-                return shared.count(system->drawing.get()) > 0;
+                return std::binary_search(shared.begin(), shared.end(), system->drawing.get(),
+                                          std::less<>());
             };
             changed.erase(std::remove_if(changed.begin(), changed.end(), isMoved), changed.end());
         }

@@ -233,8 +233,8 @@ void LayoutEngine::buildSystems(const ScoreSource &source, const Sheet &sheet,
         ShownSystem system(bar, bar + bars, {sheet.width, true});
         system.open = open;
         addSystem(source, std::move(system), origins);
-        for (const unsigned end = bar + bars; bar < end; ++bar)
-            passBar(open, *_score.columns[bar]);
+        open = _systems.back().openBehind;
+        bar += bars;
     }
 }
 
@@ -275,6 +275,9 @@ void LayoutEngine::addSystem(const ScoreSource &source, ShownSystem system, cons
         DrawnSystem drawn = SystemBuilder(_score, _pen, problems)
                                 .build(system.first, system.end, system.width.width,
                                        system.width.isJustified, system.open);
+        system.openBehind = system.open;
+        for (unsigned i = system.first; i < system.end; ++i)
+            passBar(system.openBehind, *_score.columns[i]);
         system.built = std::make_shared<const BuiltSystem>(std::move(drawn.system));
         system.drawing = std::move(drawn.drawing);
         system.stretch = 0;
@@ -299,6 +302,7 @@ void LayoutEngine::takeOver(ShownSystem &old, ShownSystem &system) const
 {
     const auto bars = static_cast<std::int32_t>(_score.shown[system.first].bar)
         - static_cast<std::int32_t>(_former.shown[old.first].bar);
+    system.openBehind = std::move(old.openBehind);
     system.drawing = std::move(old.drawing);
     system.stretch = old.stretch;
     if (bars == 0) {

@@ -140,6 +140,7 @@ void LineMaker::placeBars(const Change &change, Former &old)
         bar.left = left;
         if (isPlaced(change, old, i)) {
             bar.places = std::move(old.line.bars[origin].places);
+            bar.width = old.line.bars[origin].width;
             bar.isKept = true;
         } else {
             change.engrave(i);
@@ -150,6 +151,7 @@ void LineMaker::placeBars(const Change &change, Former &old)
             bar.places = was && was->places && *was->places == places
                 ? std::move(was->places)
                 : std::make_shared<const LinePlaces>(std::move(places));
+            bar.width = bar.places->width;
             bar.isKept = origin < old.places.size() && bar.places.get() == old.places[origin];
         }
         if (i > 0)
@@ -157,7 +159,7 @@ void LineMaker::placeBars(const Change &change, Former &old)
                 bar.isKept && _line.bars[i - 1].isKept && change.origins[i - 1] + 1 == origin
                 ? old.line.bars[origin].beginsAfresh
                 : beginsAfresh(score, i);
-        left += bar.places->width;
+        left += bar.width;
         _line.bars.push_back(std::move(bar));
     }
 }

@@ -35,6 +35,7 @@ struct ShownSystem {
     unsigned end;
     SystemWidth width;     ///< for which it was built
     OpenLines open;        ///< at its beginning
+    OpenLines openBehind;  ///< at its end
     layout::Unit left = 0; ///< on the line that it is a part of
     bool isNew = false;    ///< was not there in the layout before
     std::shared_ptr<const BuiltSystem> built;

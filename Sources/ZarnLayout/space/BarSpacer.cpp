@@ -50,7 +50,7 @@ struct Distance {
 };
 
 /// Nothing when they do not meet.
-Distance distance(const std::vector<SpaceBox> &left, const std::vector<SpaceBox> &right)
+Distance distance(const SpaceBoxes &left, const SpaceBoxes &right)
 {
     double most = 0;
     double tightest = 0;
@@ -64,7 +64,7 @@ Distance distance(const std::vector<SpaceBox> &left, const std::vector<SpaceBox>
     return {most, most - tightest};
 }
 
-double leftOf(const std::vector<SpaceBox> &boxes)
+double leftOf(const SpaceBoxes &boxes)
 {
     double left = 0;
     for (const SpaceBox &box : boxes)
@@ -73,7 +73,7 @@ double leftOf(const std::vector<SpaceBox> &boxes)
     return left;
 }
 
-double rightOf(const std::vector<SpaceBox> &boxes)
+double rightOf(const SpaceBoxes &boxes)
 {
     double right = 0;
     for (const SpaceBox &box : boxes)
@@ -90,7 +90,7 @@ public:
     /// Calls with each column that one, which comes next, has to keep a distance from: the last,
     /// and whatever else could reach it. The function says the distance, 0 for none.
     template <class DistanceFrom>
-    void next(unsigned column, const std::vector<SpaceBox> &boxes, DistanceFrom distanceFrom)
+    void next(unsigned column, const SpaceBoxes &boxes, DistanceFrom distanceFrom)
     {
         constexpr double widestGap = 0.45; // between what is no text
         const double left = leftOf(boxes) - widestGap;
@@ -124,7 +124,7 @@ class WordColumns {
 public:
     /// The last columns that have words on the lines of these; from now on the given one is the
     /// last.
-    std::vector<unsigned> before(const std::vector<SpaceBox> &boxes, unsigned column)
+    std::vector<unsigned> before(const SpaceBoxes &boxes, unsigned column)
     {
         std::vector<unsigned> found;
         for (const SpaceBox &box : boxes) {
@@ -143,7 +143,7 @@ private:
 
 /// The last place of a word in front of those of its line that stand at a column already, seen from
 /// the column; far behind it where there are none.
-double lastPlaceOf(const SpaceBox &word, const std::vector<SpaceBox> &boxes)
+double lastPlaceOf(const SpaceBox &word, const SpaceBoxes &boxes)
 {
     double place = 1e9;
     for (const SpaceBox &box : boxes)
@@ -171,7 +171,7 @@ void placeGraceNotes(const std::vector<EngravedBar *> &rows, std::size_t columnC
         EngravedBar *bar;
         Chord *chord;
         Box box;
-        std::vector<SpaceBox> words;
+        SpaceBoxes words;
     };
     std::map<std::pair<unsigned, unsigned>, std::vector<Grace>> graces;
     std::map<unsigned, double> leftEdges;
@@ -180,7 +180,7 @@ void placeGraceNotes(const std::vector<EngravedBar *> &rows, std::size_t columnC
         for (Chord &chord : row->chords)
             if (chord.beat->isGrace() && chord.column < columnCount) {
                 const auto number = static_cast<std::uint32_t>(&chord - row->chords.data());
-                std::vector<SpaceBox> words;
+                SpaceBoxes words;
                 for (; word != row->graceWords.end() && word->chord <= number; ++word)
                     if (word->chord == number)
                         words.push_back(word->space);
