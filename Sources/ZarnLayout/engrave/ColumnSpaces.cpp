@@ -293,8 +293,6 @@ void addSpaces(EngravedBar &bar, const BarSource &source, const Row &row, const 
             continue;
         }
         auto &boxes = bar.columns[chord.column].boxes;
-        constexpr std::size_t usualSigns = 2; // of a chord, beside its ink
-        boxes.reserve(boxes.size() + chord.inkEnd - chord.firstInk + usualSigns);
         for (std::uint32_t i = chord.firstInk; i < chord.inkEnd; ++i) {
             const Ink &ink = bar.inks[i];
             boxes.push_back({ink.box.movedBy(chord.x, 0), kindOf(ink.kind)});

@@ -80,7 +80,7 @@ struct SpaceBox {
     Box box;
     Kind kind;
 };
-using SpaceBoxes = std::vector<SpaceBox>;
+using SpaceBoxes = Few<SpaceBox, 6>;
 
 /// Heights of lyrics and chord symbols in the boxes that keep columns apart: far from all other
 /// ink, so that words meet words alone.

@@ -22,11 +22,13 @@ struct VoiceSign {
     Box box;
 };
 
+using VoiceSigns = Few<VoiceSign, 8>;
+
 /// What the beams of the voices of a bar keep off: the heads, dots and flags of the other ones, the
 /// accidentals of all of them, and clefs.
 struct BarRivals {
     std::vector<const PlacedChord *> chords;
-    std::vector<VoiceSign> signs;
+    VoiceSigns signs;
 };
 
 /// Those of each bar where there are any, by its number in the score.
@@ -353,12 +355,12 @@ private:
     RowDraft &_row;
     const Pen &_pen;
     Few<PlacedChord *, 8> _members;
-    BeamedChords _beamed;     ///< the members
-    Few<StemWish, 8> _stems;  ///< of the members
-    double _depth = 0;        ///< of all beams together
-    std::vector<Box> _inside; ///< rests and grace notes that the beams lead over
-    std::vector<Box> _obstacles;
-    const std::vector<VoiceSign> *_signs = nullptr; ///< of their bar
+    BeamedChords _beamed;    ///< the members
+    Few<StemWish, 8> _stems; ///< of the members
+    double _depth = 0;       ///< of all beams together
+    Few<Box, 2> _inside;     ///< rests and grace notes that the beams lead over
+    Few<Box, 8> _obstacles;
+    const VoiceSigns *_signs = nullptr; ///< of their bar
     BeamLine _line;
     bool _isUp = true;
     double _scale = 1;

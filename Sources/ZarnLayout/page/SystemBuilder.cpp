@@ -293,8 +293,13 @@ std::vector<WaitingRest> SystemBuilder::placeRow(SystemDraft &draft, RowDraft &r
     // beams of these.
     std::vector<WaitingRest> rests;
     std::size_t inks = row.inks.size();
-    for (const BarPlace &bar : draft.bars)
-        inks += _score.bar(row.number, bar.shownBar).inks.size();
+    std::size_t chords = 0;
+    for (const BarPlace &bar : draft.bars) {
+        const EngravedBar &engraved = _score.bar(row.number, bar.shownBar);
+        inks += engraved.inks.size();
+        chords += engraved.chords.size();
+    }
+    row.chords.reserve(chords);
     row.inks.reserve(inks + inks / 2); // beams, signs and slurs come later
     for (unsigned voice = 0; voice < Bar::MaxVoices; ++voice)
         for (const BarPlace &bar : draft.bars) {
