@@ -51,6 +51,30 @@ TEST(MusicXmlExportForm, furtherJumpsAndTheirWords)
     EXPECT_EQ(test::writeNative(*readFrom(written.text())), test::writeNative(*model));
 }
 
+TEST(MusicXmlExportForm, signsBesideTheWordsOfAJumpSayWhereItLeads)
+{
+    // As other programs write them: the sign is no second segno or coda.
+    const auto marked = [](const std::string &types, const std::string &sound) {
+        return measure(note("C", 4, 4, "whole") + "<direction>" + types + "<sound " + sound
+                       + "/></direction>");
+    };
+    const auto type = [](const std::string &content) {
+        return "<direction-type>" + content + "</direction-type>";
+    };
+    const std::string measures = marked(type("<segno/>"), "segno=\"segno\"")
+        + marked(type("<words>To Coda</words>") + type("<coda/>"), "tocoda=\"coda\"")
+        + marked(type("<words>Back to</words>") + type("<segno/>"), "dalsegno=\"segno\"")
+        + marked(type("<coda/>"), "coda=\"coda\"");
+    const auto model = readFrom(score(measures));
+    const auto &master = *model->masterTrack();
+    EXPECT_EQ(master.masterBar(1)->jumpText(), "To Coda \uE048");
+    EXPECT_EQ(master.masterBar(2)->jumpText(), "Back to \uE047");
+    EXPECT_EQ(master.directionIndex(zarn::DirectionMark::Segno), 0);
+    EXPECT_EQ(master.directionIndex(zarn::DirectionMark::SegnoSegno), -1);
+    EXPECT_EQ(master.directionIndex(zarn::DirectionMark::Coda), 3);
+    EXPECT_EQ(test::writeNative(*readFrom(exported(*model))), test::writeNative(*model));
+}
+
 TEST(MusicXmlExportForm, textsAndHiddenBracketsOfEndings)
 {
     auto model =

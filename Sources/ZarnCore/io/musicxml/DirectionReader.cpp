@@ -375,12 +375,18 @@ bool DirectionReader::readJumps(const Gathered &gathered, const std::string &wor
         facts.jumps.push_back({_context.bar(), kind, until, name, node});
     };
     const auto sound = gathered.sound;
-    const bool toCoda = static_cast<bool>(sound.attribute("tocoda"));
+    // A sign beside the words of a jump says where this leads to. Music fonts have them by SMuFL.
+    constexpr const char *segnoSign = "\uE047";
+    constexpr const char *codaSign = "\uE048";
+    std::string signs;
     for (const auto sign : gathered.signs) {
         const bool isSegno = tagOf(sign.name()) == Tag::Segno;
-        if (isSegno)
+        const bool isHere = static_cast<bool>(sound.attribute(isSegno ? "segno" : "coda"));
+        if (!isHere && sound.attribute(isSegno ? "dalsegno" : "tocoda"))
+            signs = isSegno ? segnoSign : codaSign;
+        else if (isSegno)
             add(Kind::Segno, {}, sound.attribute("segno").value(), sign);
-        else if (!toCoda)
+        else
             add(Kind::Coda, {}, sound.attribute("coda").value(), sign);
     }
     if (gathered.signs.empty()) {
@@ -408,7 +414,8 @@ bool DirectionReader::readJumps(const Gathered &gathered, const std::string &wor
     }
     if (!sounds || words.empty())
         return false;
-    auto &text = facts.jumps.back().words = _context.fewWords(gathered.texts.front(), words);
+    auto &text = facts.jumps.back().words =
+        _context.fewWords(gathered.texts.front(), signs.empty() ? words : words + ' ' + signs);
     std::replace(text.begin(), text.end(), '\n', ' ');
     return true;
 }
