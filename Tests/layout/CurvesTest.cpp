@@ -49,6 +49,31 @@ TEST(CurvesTest, tiesBowAwayFromStemsAndVoicesFromEachOther)
     EXPECT_GT(ties[1].top, 3.5);
 }
 
+/// Ties of three voices lie as those of one chord do: by the height of their heads, each clear of
+/// the others. The middle voice, whose notes point upwards, has its tie below.
+TEST(CurvesTest, tiesOfThreeVoicesLieAsInAChord)
+{
+    Piece piece(2);
+    const std::vector<int> keys = {71, 74, 67};
+    for (unsigned voice = 0; voice < 3; ++voice) {
+        Beat &first = piece.add({keys[voice]}, NoteValue::Whole, 0, voice);
+        Piece::tie(first, piece.add({keys[voice]}, NoteValue::Whole, 0, voice, 1));
+    }
+    const LaidOut laid(*piece.model);
+    const auto ties = laid.of(MarkKind::Tie);
+    const auto heads = laid.of(MarkKind::NoteHead);
+    ASSERT_EQ(ties.size(), 3U);
+    for (unsigned voice = 0; voice < 3; ++voice) {
+        const auto head = std::find_if(heads.begin(), heads.end(), [&](const auto &other) {
+            return other.place.voice == static_cast<int>(voice);
+        });
+        const double middle = (ties[voice].top + ties[voice].bottom) / 2;
+        EXPECT_EQ(middle < head->y, voice == 1) << "voice " << voice;
+        for (unsigned other = 0; other < voice; ++other)
+            EXPECT_GT(std::abs(ties[other].top - ties[voice].top), 0.5) << other << " " << voice;
+    }
+}
+
 /// A tie may lead from one voice to another: it is one curve, not two that end nowhere.
 TEST(CurvesTest, tiesFindTheirEndsInOtherVoices)
 {

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <optional>
 #include <set>
 #include <tuple>
 #include <vector>
@@ -136,29 +137,70 @@ private:
     }
 
     /// 1 above the heads, -1 below.
-    static int sideOf(const PlacedChord &chord, const Head &head)
+    int sideOf(const PlacedChord &chord, const Head &head) const
     {
         const auto &heads = chord.chord->heads;
         const bool isUp = chord.chord->isStemUp;
         if (chord.chord->hasRival)
-            return isUp ? 1 : -1;
+            return sideAmong(chordsAt(chord), head).value_or(isUp ? 1 : -1);
         if (heads.size() == 1)
             return isUp ? -1 : 1;
         const auto index = static_cast<std::size_t>(&head - heads.data());
         return index >= (heads.size() + 1) / 2 ? 1 : -1;
     }
 
+    /// The sounding chords of all voices that stand together.
+    std::vector<const PlacedChord *> chordsAt(const PlacedChord &place) const
+    {
+        std::vector<const PlacedChord *> chords;
+        for (const PlacedChord &chord : _row.chords)
+            if (chord.shownBar == place.shownBar && chord.chord->column == place.chord->column
+                && chord.beat().isGrace() == place.beat().isGrace() && !chord.chord->isRest())
+                chords.push_back(&chord);
+        return chords;
+    }
+
+    /// Two voices have a side each. Of more, the heads have theirs by their height, as in one
+    /// chord.
+    static std::optional<int> sideAmong(const std::vector<const PlacedChord *> &voices,
+                                        const Head &head)
+    {
+        if (voices.size() < 3)
+            return std::nullopt;
+        int above = 0;
+        int below = 0;
+        for (const PlacedChord *voice : voices)
+            for (const Head &other : voice->chord->heads) {
+                above += other.line > head.line ? 1 : 0;
+                below += other.line < head.line ? 1 : 0;
+            }
+        return above < below ? 1 : -1;
+    }
+
+    /// Whether no voice has a head farther on a side, 1 above.
+    bool isOutermost(const PlacedChord &chord, const Head &head, int side) const
+    {
+        if (!chord.chord->hasRival)
+            return true;
+        const auto voices = chordsAt(chord);
+        return std::none_of(voices.begin(), voices.end(), [&](const PlacedChord *voice) {
+            const auto &heads = voice->chord->heads;
+            return std::any_of(heads.begin(), heads.end(), [&](const Head &other) {
+                return side > 0 ? other.y < head.y : other.y > head.y;
+            });
+        });
+    }
+
     /// An end at a head: beside it, or over it where nothing is in the way.
     Point endAt(const PlacedChord &chord, const Head &head, int side, bool isStart) const
     {
         const auto &heads = chord.chord->heads;
-        const bool isOuter = side > 0 ? &head == &heads.back() : &head == &heads.front();
         const bool meetsStem = chord.chord->hasStem && chord.chord->isStemUp == (side > 0);
         const double left = chord.x + head.x;
         const double right = left + head.width;
         // In front of the arpeggio of a column, of whatever voice.
         const double before = isStart ? left : arpeggioBefore(chord);
-        if (isOuter && !meetsStem && heads.size() == 1 && before >= left)
+        if (heads.size() == 1 && !meetsStem && before >= left && isOutermost(chord, head, side))
             return {isStart ? left + head.width * 0.62 : left + head.width * 0.38,
                     head.y - side * 0.68};
         double outer = isStart ? right : std::min(left, before);
