@@ -234,6 +234,30 @@ TEST(CurvesTest, slursLieOnTheSideThatTheyAreGiven)
             }
 }
 
+/// Of two slurs over the same notes one lies where it is given, the other one opposite, though it
+/// would have been on the same side alone.
+TEST(CurvesTest, slursOverTheSameNotesPart)
+{
+    for (const auto &[key, side] : {std::pair<int, SlurSide>{79, SlurSide::Above},
+                                    std::pair<int, SlurSide>{62, SlurSide::Below}}) {
+        SCOPED_TRACE(key);
+        Piece piece;
+        for (unsigned i = 0; i < 4; ++i) {
+            Beat &beat = piece.add({key}, NoteValue::Quarter);
+            if (i == 0 || i == 3)
+                beat.setSlurEnds({{1, i == 0, SlurLine::Solid, side}});
+            beat.setSlurredToNext(i < 3);
+            beat.setSlurredToPrevious(i > 0);
+        }
+        const LaidOut laid(*piece.model);
+        const auto slurs = laid.of(MarkKind::Slur);
+        ASSERT_EQ(slurs.size(), 2U);
+        const double head = laid.of(MarkKind::NoteHead).front().y;
+        EXPECT_NE(slurs[0].bottom < head, slurs[1].bottom < head);
+        EXPECT_NE(slurs[0].top > head, slurs[1].top > head);
+    }
+}
+
 /// So do their halves where they leave a system, and those of grace notes, which else keep off the
 /// small stems.
 TEST(CurvesTest, halvesOfSlursAndSlursOfGraceNotesLieOnTheSideThatTheyAreGiven)

@@ -437,6 +437,22 @@ private:
     PlacedCurves _curves;
 };
 
+/// Of slurs over the same chords of which some are given a side, the others lie opposite.
+void separateTwins(std::vector<SlurSpan> &spans)
+{
+    for (SlurSpan &span : spans) {
+        if (span.side != SlurSide::Auto || span.first == span.last)
+            continue;
+        bool isGiven[2] = {false, false}; // below, above
+        for (const SlurSpan &other : spans)
+            if (other.side != SlurSide::Auto && other.first == span.first
+                && other.last == span.last)
+                isGiven[other.side == SlurSide::Above] = true;
+        if (isGiven[0] != isGiven[1])
+            span.side = isGiven[0] ? SlurSide::Above : SlurSide::Below;
+    }
+}
+
 } // namespace
 
 std::vector<SlurSpan> slurSpans(const RowDraft &row, const SystemDraft &draft)
@@ -459,6 +475,7 @@ void addSlurs(RowDraft &row, const SystemDraft &draft)
     std::vector<SlurSpan> spans = slurSpans(row, draft);
     if (spans.empty())
         return;
+    separateTwins(spans);
     SlurDrawer drawer(row, draft);
     // Short slurs first: long ones go around them.
     const auto widthOf = [&](const SlurSpan &span) {
