@@ -395,6 +395,31 @@ TEST(ScoreLayoutTest, pagesHaveNumbersAndTheFirstOneTheCopyright)
     EXPECT_EQ(own[1], "p. 2");
 }
 
+/// Names that are wider than a narrow page are set smaller, wherever they stand.
+TEST(ScoreLayoutTest, textsOfTheTitleStayBetweenTheMargins)
+{
+    SmallScore small;
+    const std::string names = "Henry Pacory, English text by Robert Hess, and others besides";
+    for (const ScoreProperty property :
+         {ScoreProperty::Title, ScoreProperty::Subtitle, ScoreProperty::Artist,
+          ScoreProperty::Words, ScoreProperty::Music})
+        small.model.setScoreProperty(property, names);
+    LayoutOptions options;
+    options.page = PageSetup();
+    options.page->width = 80000;
+    const LaidOut laid(small.model, options);
+    const layout::LayoutPage &page = laid.layout->pages().front();
+    unsigned titles = 0;
+    for (const layout::DrawMark &mark : page.marks->marks())
+        if (mark.kind == MarkKind::Title) {
+            const layout::Box box = page.marks->box(mark, laid.layout->font());
+            EXPECT_GE(box.left, laid.layout->fromMicrometres(page.leftMargin) - 8);
+            EXPECT_LE(box.right, laid.layout->fromMicrometres(page.width - page.rightMargin) + 8);
+            ++titles;
+        }
+    EXPECT_EQ(titles, 5U);
+}
+
 /// Whatever is asked for, notes are drawn and what is wrong is told with its place.
 TEST(ScoreLayoutTest, whatHasNoRoomIsDrawnAndTold)
 {

@@ -55,15 +55,20 @@ void PageTexts::makeTitle()
         y = box.height() + gapBelowHeader;
         _title = std::move(corners);
     }
-    const auto addCentred = [&](TextRole role, MarkKind kind, const std::string &text) {
+    // What is wider than the page is set smaller.
+    const auto lineOf = [&](TextRole role, const std::string &text, double x, double y,
+                            Pen::Align align) {
+        Ink ink = _pen.text(MarkKind::Title, role, text, x, y, align);
+        if (ink.box.width() > _width)
+            ink = _pen.text(MarkKind::Title, role, text, x, y, align,
+                            _width / ink.box.width() * 0.98);
+        return ink;
+    };
+    const auto addCentred = [&](TextRole role, const std::string &text) {
         if (text.empty())
             return;
         for (const std::string &line : linesOf(text)) {
-            Ink ink = _pen.text(kind, role, line, _width / 2, 0, Pen::Align::Centre);
-            // A title that is wider than the page is set smaller.
-            if (ink.box.width() > _width)
-                ink = _pen.text(kind, role, line, _width / 2, 0, Pen::Align::Centre,
-                                _width / ink.box.width() * 0.98);
+            Ink ink = lineOf(role, line, _width / 2, 0, Pen::Align::Centre);
             const double cap = _pen.fonts().capHeight(role) * ink.scale;
             y += cap * titleLead;
             ink.move(0, y);
@@ -71,10 +76,10 @@ void PageTexts::makeTitle()
             _title.push_back(std::move(ink));
         }
     };
-    addCentred(TextRole::Title, MarkKind::Title, _model.property(ScoreProperty::Title));
-    addCentred(TextRole::Subtitle, MarkKind::Title, _model.property(ScoreProperty::Subtitle));
-    addCentred(TextRole::Credit, MarkKind::Title, _model.property(ScoreProperty::Artist));
-    addCentred(TextRole::Credit, MarkKind::Title, _model.property(ScoreProperty::Album));
+    addCentred(TextRole::Title, _model.property(ScoreProperty::Title));
+    addCentred(TextRole::Subtitle, _model.property(ScoreProperty::Subtitle));
+    addCentred(TextRole::Credit, _model.property(ScoreProperty::Artist));
+    addCentred(TextRole::Credit, _model.property(ScoreProperty::Album));
 
     std::vector<std::string> left;
     std::vector<std::string> right;
@@ -91,12 +96,11 @@ void PageTexts::makeTitle()
         y += lead;
         double room = _width;
         if (i < left.size()) {
-            _title.push_back(_pen.text(MarkKind::Title, TextRole::Credit, left[i], 0, y));
+            _title.push_back(lineOf(TextRole::Credit, left[i], 0, y, Pen::Align::Begin));
             room -= _title.back().box.width() + 2;
         }
         if (i < right.size()) {
-            Ink ink =
-                _pen.text(MarkKind::Title, TextRole::Credit, right[i], _width, y, Pen::Align::End);
+            Ink ink = lineOf(TextRole::Credit, right[i], _width, y, Pen::Align::End);
             if (ink.box.width() > room) {
                 y += lead;
                 ink.move(0, lead);

@@ -9,7 +9,7 @@ namespace {
 
 // The window: so many bars, and at least so many lines.
 constexpr unsigned window = 24;
-constexpr double windowLines = 20;
+constexpr double windowLines = 40;
 
 /// How much of a last line notes should fill at least.
 constexpr double fewest = 0.4;

@@ -28,7 +28,7 @@ struct BarWidth {
 
 /// Where systems begin, for a width: the number of bars of each system.
 ///
-/// The best breaks of the next 24 bars, or of the next twenty lines where these hold more, are
+/// The best breaks of the next 24 bars, or of the next forty lines where these hold more, are
 /// looked for, the first half of them is kept, and so on: what the breaks depend on is near. The
 /// cost of a system is the square of how much its springs give, four times that where they are
 /// pressed.
