@@ -250,7 +250,10 @@ private:
         const double base = std::floor(innermost / grid) * grid;
         const double endBase = std::floor((innermost + wish) / grid) * grid;
         const auto seek = [&](int reach, double inkCost) {
-            least = 1e9;
+            // None that costs more than the one in the middle is worth a look at all of it.
+            const BeamLine centre = {first.x, base, (endBase - base) / width};
+            least = costOfEnds(base, endBase, wish) + costOf(centre, 1e9)
+                + (_obstacles.empty() ? 0 : inkCost * coveredBy(centre)) + 1e-6;
             for (int left = -reach; left <= reach; ++left)
                 for (int right = std::max(-reach, left - 6); right <= std::min(reach, left + 6);
                      ++right) {

@@ -220,9 +220,12 @@ LinePart *LineMaker::sameIn(const Change &change, Former &old, unsigned first, u
     if (change.hasOtherHeads || origin >= old.places.size())
         return nullptr;
     auto &parts = old.line.parts;
-    const auto part = std::lower_bound(
-        parts.begin(), parts.end(), origin,
-        [](const LinePart &other, std::uint32_t bar) { return other.first < bar; });
+    const std::size_t number = _line.parts.size(); // most often that of the same part before
+    const auto part = number < parts.size() && parts[number].first == origin
+        ? parts.begin() + static_cast<std::ptrdiff_t>(number)
+        : std::lower_bound(
+            parts.begin(), parts.end(), origin,
+            [](const LinePart &other, std::uint32_t bar) { return other.first < bar; });
     if (part == parts.end() || part->first != origin || part->end - part->first != end - first
         || !part->built || !hasSameWindow(change, old, part->window, first))
         return nullptr;
