@@ -4,6 +4,8 @@
 #include <ZarnCore/utils/EnumTable.h>
 #include <ZarnCore/utils/JsonMembers.h>
 
+#include <QString>
+
 #include <cstdlib>
 #include <limits>
 #include <utility>
