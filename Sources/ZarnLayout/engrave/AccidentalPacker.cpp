@@ -2,6 +2,7 @@
 #include <ZarnLayout/engrave/AccidentalPacker.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace zarn::engraving {
 
@@ -14,6 +15,25 @@ Sign signOf(Accidental accidental)
 {
     return Sign::AccidentalDoubleFlat
         + (static_cast<int>(accidental) - static_cast<int>(Accidental::DoubleFlat));
+}
+
+/// Calls with each glyph of an accidental and its place, from the left edge of the first one.
+template <class Visit>
+void eachGlyph(const PackedAccidental &accidental, const Fonts &fonts, const Visit &visit)
+{
+    double x = 0;
+    const auto add = [&](Sign sign) {
+        const std::uint32_t glyph = fonts.glyph(sign);
+        visit(glyph, x);
+        x += fonts.advance(glyph) * accidental.scale + 0.05 * accidental.scale;
+    };
+    const bool parens = accidental.sign.display == AccidentalDisplay::Parentheses;
+    const bool brackets = accidental.sign.display == AccidentalDisplay::Brackets;
+    if (parens || brackets)
+        add(parens ? Sign::AccidentalParensLeft : Sign::AccidentalBracketLeft);
+    add(signOf(accidental.sign.sign));
+    if (parens || brackets)
+        add(parens ? Sign::AccidentalParensRight : Sign::AccidentalBracketRight);
 }
 
 /// The rightmost place for a sign that lets it stand clear of boxes: it starts at the right and
@@ -37,32 +57,31 @@ double clearPlace(const Few<Box, 4> &shape, const Boxes &boxes, double gap, doub
 
 } // namespace
 
-Inks accidentalInks(const AccidentalSign &sign, const Pen &pen, double scale)
+double PackedAccidental::left(const Fonts &fonts) const
 {
-    Inks inks;
-    double x = 0;
-    const auto add = [&](Sign glyph) {
-        inks.push_back(pen.glyph(MarkKind::Accidental, glyph, x, 0, scale));
-        x += pen.fonts().advance(pen.fonts().glyph(glyph)) * scale + 0.05 * scale;
-    };
-    const bool parens = sign.display == AccidentalDisplay::Parentheses;
-    const bool brackets = sign.display == AccidentalDisplay::Brackets;
-    if (parens || brackets)
-        add(parens ? Sign::AccidentalParensLeft : Sign::AccidentalBracketLeft);
-    add(signOf(sign.sign));
-    if (parens || brackets)
-        add(parens ? Sign::AccidentalParensRight : Sign::AccidentalBracketRight);
-    return inks;
+    double left = 1e9;
+    eachGlyph(*this, fonts, [&](std::uint32_t glyph, double glyphX) {
+        left = std::min(left, glyphX + fonts.box(glyph).left * scale);
+    });
+    return x + left;
 }
 
-void packAccidentals(std::vector<PackedAccidental> &accidentals, const std::vector<Box> &taken,
-                     const Fonts &fonts)
+void PackedAccidental::addTo(Inks &inks, const Chord &chord, const Pen &pen) const
 {
-    if (accidentals.size() > 1)
-        std::stable_sort(accidentals.begin(), accidentals.end(),
-                         [](const PackedAccidental &left, const PackedAccidental &right) {
-                             return left.y < right.y;
-                         });
+    eachGlyph(*this, pen.fonts(), [&](std::uint32_t glyph, double glyphX) {
+        Ink ink = pen.glyph(MarkKind::Accidental, glyph, glyphX, 0, scale);
+        ink.place = place;
+        ink.move(x - chord.x, y);
+        inks.push_back(std::move(ink));
+    });
+}
+
+void packAccidentals(PackedAccidentals &accidentals, const TakenBoxes &taken, const Fonts &fonts)
+{
+    sortFew(accidentals.begin(), accidentals.end(),
+            [](const PackedAccidental &left, const PackedAccidental &right) {
+                return left.y < right.y;
+            });
     Few<std::size_t, 8> order;
     for (std::size_t top = 0, bottom = accidentals.size(); top < bottom;) {
         order.push_back(top++);
@@ -77,12 +96,13 @@ void packAccidentals(std::vector<PackedAccidental> &accidentals, const std::vect
     for (const std::size_t index : order) {
         PackedAccidental &accidental = accidentals[index];
         shape.clear();
-        for (const Ink &ink : accidental.inks)
-            fonts.eachPart(ink.glyph, [&](const Box &part) {
-                shape.push_back(
-                    {ink.at.x + part.left * ink.scale, accidental.y + part.top * ink.scale,
-                     ink.at.x + part.right * ink.scale, accidental.y + part.bottom * ink.scale});
+        const double scale = accidental.scale;
+        eachGlyph(accidental, fonts, [&](std::uint32_t glyph, double glyphX) {
+            fonts.eachPart(glyph, [&](const Box &part) {
+                shape.push_back({glyphX + part.left * scale, accidental.y + part.top * scale,
+                                 glyphX + part.right * scale, accidental.y + part.bottom * scale});
             });
+        });
         // No accidental stands right of the first heads, even where there is room.
         double width = 0;
         for (const Box &part : shape)

@@ -8,17 +8,24 @@ namespace zarn::engraving {
 
 /// An accidental that looks for its place in front of the heads of its column.
 struct PackedAccidental {
-    Inks inks;    ///< around the origin: the left edge and the middle of the sign
-    double y = 0; ///< of its note
-    double x = 0; ///< the answer: the left edge, from the column
+    AccidentalSign sign;
+    double scale = 1;
+    MarkPlace place; ///< of its note
+    double y = 0;    ///< the same
+    double x = 0;    ///< the answer: the left edge, from the column
+
+    /// How far it reaches to the left, from the column.
+    double left(const Fonts &fonts) const;
+
+    /// Adds its marks, with parentheses, around the origin of a chord.
+    void addTo(Inks &inks, const Chord &chord, const Pen &pen) const;
 };
 
-/// Makes the marks of an accidental, with its parentheses.
-Inks accidentalInks(const AccidentalSign &sign, const Pen &pen, double scale);
+using PackedAccidentals = Few<PackedAccidental, 4>;
+using TakenBoxes = Few<Box, 12>;
 
 /// Puts accidentals as near to the heads as they go, from the outermost notes to the inner ones,
 /// into the corners that signs leave open. `taken` is the ink of the column's heads and stems.
-void packAccidentals(std::vector<PackedAccidental> &accidentals, const std::vector<Box> &taken,
-                     const Fonts &fonts);
+void packAccidentals(PackedAccidentals &accidentals, const TakenBoxes &taken, const Fonts &fonts);
 
 } // namespace zarn::engraving

@@ -163,9 +163,7 @@ void BarEngraver::addHeads(Chord &chord)
             chord.heads.push_back(head);
         }
     }
-    if (chord.heads.size() > 1)
-        std::stable_sort(
-            chord.heads.begin(), chord.heads.end(),
+    sortFew(chord.heads.begin(), chord.heads.end(),
             [](const Head &left, const Head &right) { return left.line < right.line; });
 }
 

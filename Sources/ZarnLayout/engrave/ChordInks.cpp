@@ -151,9 +151,9 @@ void ChordInks::add(EngravedBar &bar)
     }
 
     std::vector<Few<PackedAccidental, 2>> byChord(bar.chords.size());
-    std::vector<PackedAccidental> all;
-    std::vector<std::pair<int, int>> seen;
-    std::vector<Box> taken;
+    PackedAccidentals all;
+    Few<std::pair<int, int>, 4> seen;
+    TakenBoxes taken;
     const auto packColumn = [&](const ColumnChords &column) {
         if (_row.notation != Notation::Standard)
             return;
@@ -174,12 +174,12 @@ void ChordInks::add(EngravedBar &bar)
                     continue;
                 seen.push_back(sign);
                 PackedAccidental accidental;
-                accidental.inks = accidentalInks(note.accidental, _pen, chord->scale);
-                for (Ink &ink : accidental.inks)
-                    ink.place =
-                        placeOfChord(_row, _bar, *chord, head.note - chord->beat->firstNote);
+                accidental.sign = note.accidental;
+                accidental.scale = chord->scale;
+                accidental.place =
+                    placeOfChord(_row, _bar, *chord, head.note - chord->beat->firstNote);
                 accidental.y = head.y;
-                all.push_back(std::move(accidental));
+                all.push_back(accidental);
             }
         }
         if (all.empty())
@@ -193,14 +193,12 @@ void ChordInks::add(EngravedBar &bar)
         }
         // The packer sorts: whose they are, their places say.
         packAccidentals(all, taken, _pen.fonts());
-        for (PackedAccidental &accidental : all) {
-            const MarkPlace &place = accidental.inks.front().place;
+        for (const PackedAccidental &accidental : all)
             for (const Chord *chord : column)
-                if (static_cast<int>(chord->voice) == place.voice
-                    && static_cast<int>(chord->beat->index) == place.beat)
+                if (static_cast<int>(chord->voice) == accidental.place.voice
+                    && static_cast<int>(chord->beat->index) == accidental.place.beat)
                     byChord[static_cast<std::size_t>(chord - bar.chords.data())].push_back(
-                        std::move(accidental));
-        }
+                        accidental);
     };
     for (const Group &group : groups)
         packColumn(group.chords);
@@ -215,7 +213,7 @@ void ChordInks::add(EngravedBar &bar)
                 left = std::min(left, chord.x + ink.box.left);
         }
         for (const PackedAccidental &accidental : byChord[i])
-            left = std::min(left, accidental.x + boxOf(accidental.inks).left);
+            left = std::min(left, accidental.left(_pen.fonts()));
     }
 
     constexpr std::size_t usualInks = 3; // of a chord: ledger line or accidental, stem, head
@@ -224,11 +222,8 @@ void ChordInks::add(EngravedBar &bar)
         Chord &chord = bar.chords[i];
         chord.firstInk = static_cast<std::uint32_t>(bar.inks.size());
         addChord(chord, bar.inks);
-        for (PackedAccidental &accidental : byChord[i]) {
-            move(accidental.inks, accidental.x - chord.x, accidental.y);
-            for (Ink &ink : accidental.inks)
-                bar.inks.push_back(std::move(ink));
-        }
+        for (const PackedAccidental &accidental : byChord[i])
+            accidental.addTo(bar.inks, chord, _pen);
         if (chord.beat->rhythm.getAugmentationDot() > 0 && !chord.isShared
             && (_row.notation != Notation::Tablature || _row.hasRhythm)) {
             Group &group = groups[groupOf[i]];

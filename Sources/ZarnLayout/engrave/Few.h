@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <initializer_list>
@@ -77,5 +78,14 @@ private:
     std::vector<T> _many; ///< all, where they are more
     std::size_t _count = 0;
 };
+
+/// Sorts a handful of values and leaves equal ones in their order. Needs no memory, as
+/// `std::stable_sort` does.
+template <class Iterator, class Less>
+void sortFew(Iterator first, Iterator last, const Less &less)
+{
+    for (Iterator next = first; next != last; ++next)
+        std::rotate(std::upper_bound(first, next, *next, less), next, std::next(next));
+}
 
 } // namespace zarn::engraving

@@ -225,9 +225,9 @@ double placeInOrder(const std::vector<OnStem> &order, const BarSource &source, c
 
 /// The chords of a column by their stems. Small notes give way, and stems upwards come first: what
 /// stands in the way of one goes to the right.
-std::vector<OnStem> stemsOf(std::vector<Chord *> chords, const Fonts &fonts)
+std::vector<OnStem> stemsOf(ColumnChords chords, const Fonts &fonts)
 {
-    std::stable_sort(chords.begin(), chords.end(), [](const Chord *left, const Chord *right) {
+    sortFew(chords.begin(), chords.end(), [](const Chord *left, const Chord *right) {
         return left->scale != right->scale ? left->scale > right->scale
                                            : left->isStemUp && !right->isStemUp;
     });
@@ -254,8 +254,8 @@ void VoicePlacer::place(EngravedBar &bar)
     _result = &bar;
     auto &chords = bar.chords;
     chooseSidesOfRests(chords);
-    std::vector<std::vector<std::size_t>> byColumn(bar.columns.size());
-    std::map<std::pair<unsigned, unsigned>, std::vector<std::size_t>> graces;
+    std::vector<Members> byColumn(bar.columns.size());
+    std::map<std::pair<unsigned, unsigned>, Members> graces;
     for (std::size_t i = 0; i < chords.size(); ++i)
         if (!chords[i].beat->isGrace())
             byColumn[chords[i].column].push_back(i);
@@ -265,7 +265,7 @@ void VoicePlacer::place(EngravedBar &bar)
         if (members.size() > 1)
             byColumn.push_back(std::move(members));
     for (const auto &members : byColumn) {
-        if (shareRest(members))
+        if (standsAlone(members) || shareRest(members))
             continue;
         if (_row.notation == Notation::Tablature) {
             placeVoicesOnStrings(members);
@@ -275,15 +275,25 @@ void VoicePlacer::place(EngravedBar &bar)
     }
 }
 
+/// Whether nothing is in the way of a chord in its place.
+bool VoicePlacer::standsAlone(const Members &members) const
+{
+    if (members.size() != 1)
+        return false;
+    const std::size_t heads = _result->chords[members.front()].heads.size();
+    return heads == 1 || (heads > 1 && _row.notation != Notation::Tablature);
+}
+
 /// Chords that would stand on one another go to the right, and rests go up or down.
-void VoicePlacer::placeColumn(const std::vector<std::size_t> &members)
+void VoicePlacer::placeColumn(const Members &members)
 {
     auto &chords = _result->chords;
     const Fonts &fonts = _pen.fonts();
-    std::vector<Chord *> sounding;
+    ColumnChords sounding;
     for (const std::size_t index : members)
         if (!chords[index].isRest())
             sounding.push_back(&chords[index]);
+    const std::size_t soundingCount = sounding.size();
     std::vector<OnStem> order = stemsOf(std::move(sounding), fonts);
     Parts taken;
     const double width = placeInOrder(order, _source, fonts, taken);
@@ -306,6 +316,8 @@ void VoicePlacer::placeColumn(const std::vector<std::size_t> &members)
             placeInOrder(order, _source, fonts, taken);
         }
     }
+    if (soundingCount == members.size())
+        return;
     std::vector<Box> boxes;
     for (const Part &part : taken)
         boxes.push_back(part.box);
@@ -316,7 +328,7 @@ void VoicePlacer::placeColumn(const std::vector<std::size_t> &members)
 
 /// Whether the voices of a column all rest, equally long, while no other one has anything: one sign
 /// in the usual place stands for all of them, as for a voice that is left alone.
-bool VoicePlacer::shareRest(const std::vector<std::size_t> &members)
+bool VoicePlacer::shareRest(const Members &members)
 {
     auto &chords = _result->chords;
     if (members.empty() || !_result->centred.empty())
@@ -344,7 +356,7 @@ bool VoicePlacer::shareRest(const std::vector<std::size_t> &members)
     return true;
 }
 
-void VoicePlacer::placeVoicesOnStrings(const std::vector<std::size_t> &members)
+void VoicePlacer::placeVoicesOnStrings(const Members &members)
 {
     constexpr double gap = 0.5;
     auto &chords = _result->chords;

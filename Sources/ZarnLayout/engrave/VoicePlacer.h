@@ -25,9 +25,12 @@ public:
     void place(EngravedBar &bar);
 
 private:
-    void placeColumn(const std::vector<std::size_t> &members);
-    bool shareRest(const std::vector<std::size_t> &members);
-    void placeVoicesOnStrings(const std::vector<std::size_t> &members);
+    using Members = Few<std::size_t, 4>; ///< chords of a column, by number
+
+    bool standsAlone(const Members &members) const;
+    void placeColumn(const Members &members);
+    bool shareRest(const Members &members);
+    void placeVoicesOnStrings(const Members &members);
     void placeRest(Chord &chord, std::vector<Box> &taken);
 
     const Row &_row;

@@ -58,8 +58,8 @@ bool isToBeRead(const Ink &ink)
         || ink.kind == MarkKind::ChordDiagram;
 }
 
-/// A line from top to bottom without the pieces where something is to be read.
-Inks interrupted(const Ink &whole, const std::vector<Readable> &readables)
+/// Adds a line from top to bottom without the pieces where something is to be read.
+void addInterrupted(const Ink &whole, const std::vector<Readable> &readables, Inks &inks)
 {
     constexpr double gap = 0.15;
     constexpr double shortest = 0.3;
@@ -70,7 +70,6 @@ Inks interrupted(const Ink &whole, const std::vector<Readable> &readables)
     std::sort(inTheWay.begin(), inTheWay.end(), [](const Readable *left, const Readable *right) {
         return left->box.top < right->box.top;
     });
-    Inks pieces;
     const double x = whole.points[0].x;
     Ink rest = whole;
     const auto addUpTo = [&](double y, int row) {
@@ -79,7 +78,7 @@ Inks interrupted(const Ink &whole, const std::vector<Readable> &readables)
         piece.rows[1] = row;
         piece.box.bottom = y;
         if (y - piece.points[0].y > shortest)
-            pieces.push_back(std::move(piece));
+            inks.push_back(std::move(piece));
     };
     for (const Readable *readable : inTheWay) {
         addUpTo(readable->box.top - gap, static_cast<int>(readable->row));
@@ -90,7 +89,6 @@ Inks interrupted(const Ink &whole, const std::vector<Readable> &readables)
         rest.box.top = rest.points[0].y;
     }
     addUpTo(whole.points[1].y, whole.rows[1]);
-    return pieces;
 }
 
 } // namespace
@@ -247,8 +245,7 @@ void addBarLine(SystemDraft &draft, LineStyle style, double x, const std::vector
                 ink.gap = dash == 0.5 ? 0.25 : 0.35;
             }
             ink.place = place;
-            for (Ink &piece : interrupted(ink, readables))
-                draft.inks.push_back(std::move(piece));
+            addInterrupted(ink, readables, draft.inks);
             i = last + 1;
         }
     };

@@ -371,10 +371,9 @@ void addBeatSigns(RowDraft &row, const SystemDraft &draft)
             }
         }
     }
-    const auto carriers = carriersOf(row);
     for (const BeatSign &sign : beatSigns)
         if (carries(*row.row, sign.rows))
-            for (const PlacedChord *const chord : carriers) {
+            for (const PlacedChord *const chord : row.carriers) {
                 Inks inks = sign.make(pen, *chord, row);
                 keepOnLine(inks, draft);
                 addItem(row, *chord, sign.side, std::move(inks), -1);

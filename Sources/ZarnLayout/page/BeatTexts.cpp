@@ -16,7 +16,7 @@ using Carriers = std::vector<const PlacedChord *>;
 class Texts {
 public:
     Texts(const RowDraft &row, const SystemDraft &draft, Side side)
-        : _row(row), _draft(draft), _side(side), _carriers(carriersOf(row))
+        : _row(row), _draft(draft), _side(side), _carriers(row.carriers)
     {
     }
 
@@ -130,7 +130,7 @@ private:
     const RowDraft &_row;
     const SystemDraft &_draft;
     Side _side;
-    Carriers _carriers;
+    const Carriers &_carriers;
 };
 
 } // namespace

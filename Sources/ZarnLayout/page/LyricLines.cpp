@@ -255,7 +255,7 @@ void addLyrics(RowDraft &row, const SystemDraft &draft)
     if (!row.row->isFirstOfStaff)
         return;
     const std::uint8_t visible = draft.score.tracks[row.row->track].lyricsVisible;
-    const Carriers carriers = carriersOf(row);
+    const Carriers &carriers = row.carriers;
     SungLines lines = sungLinesOf(carriers, visible, draft.pen);
     // A verse of which nothing new is sung has a line for what it holds.
     std::map<std::pair<unsigned, unsigned>, OpenSyllables> held;

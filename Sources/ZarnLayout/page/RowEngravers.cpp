@@ -7,6 +7,7 @@
 #include <ZarnLayout/page/BendEngraver.h>
 #include <ZarnLayout/page/FormSigns.h>
 #include <ZarnLayout/page/LyricLines.h>
+#include <ZarnLayout/page/SideItem.h>
 #include <ZarnLayout/page/SlurEngraver.h>
 #include <ZarnLayout/page/Stretches.h>
 #include <ZarnLayout/page/StringLinks.h>
@@ -33,6 +34,8 @@ constexpr EngraveRow rowEngravers[] = {
 
 void addRowSigns(SystemDraft &draft)
 {
+    for (RowDraft &row : draft.rows)
+        row.carriers = carriersOf(row);
     for (const EngraveRow engrave : rowEngravers)
         for (RowDraft &row : draft.rows)
             engrave(row, draft);

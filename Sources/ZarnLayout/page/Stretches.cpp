@@ -332,7 +332,7 @@ void addOttavas(RowDraft &row, const SystemDraft &draft)
 void addPedals(RowDraft &row, const SystemDraft &draft)
 {
     SideItems items;
-    for (const PlacedChord *const carrier : carriersOf(row)) {
+    for (const PlacedChord *const carrier : row.carriers) {
         const PlacedChord &chord = *carrier;
         const PedalChange pedal = chord.beat().marks.pedal();
         if (pedal == PedalChange::None)

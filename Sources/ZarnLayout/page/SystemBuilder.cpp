@@ -420,6 +420,7 @@ void SystemBuilder::addStaffLines(const SystemDraft &draft, const RowDraft &row,
     MarkPlace place;
     place.track = static_cast<std::int16_t>(row.row->track);
     place.staff = static_cast<std::int8_t>(row.row->staff);
+    inks.reserve(row.row->lineCount);
     for (unsigned line = 0; line < row.row->lineCount; ++line) {
         const double y = line * row.row->lineDistance;
         // Numbers interrupt the lines of a tablature, so that nothing needs to be painted over.

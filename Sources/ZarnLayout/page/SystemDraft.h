@@ -58,9 +58,13 @@ struct RowDraft {
     Inks inks;
     std::vector<PlacedChord> chords; ///< voice by voice, in time
     std::vector<PlacedChord> silent; ///< what signs hang on that is not drawn in its place
-    Skyline above;                   ///< reaches upwards: -y
-    Skyline below;                   ///< reaches downwards: y
-    double y = 0;                    ///< of the top line, in the system
+
+    /// All that signs hang on, voice by voice, in time; there when signs are added.
+    std::vector<const PlacedChord *> carriers;
+
+    Skyline above; ///< reaches upwards: -y
+    Skyline below; ///< reaches downwards: y
+    double y = 0;  ///< of the top line, in the system
 
     WordHeights wantedHeights; ///< as the ink wants them
     WordHeights givenHeights;  ///< at least, in a part of a line, as other parts want them

@@ -223,7 +223,7 @@ void liftBetweenHands(SideItems &items, const RowDraft &row, const RowDraft &upp
                       const SystemDraft &draft)
 {
     std::set<unsigned> ofUpper; // shown bars
-    for (const PlacedChord *const carrier : carriersOf(upper))
+    for (const PlacedChord *const carrier : upper.carriers)
         if (saysHowLoud(carrier->beat()))
             ofUpper.insert(carrier->shownBar);
     struct Line {
@@ -261,7 +261,7 @@ void liftBetweenHands(SideItems &items, const RowDraft &row, const RowDraft &upp
 class DynamicsEngraver {
 public:
     DynamicsEngraver(RowDraft &row, const SystemDraft &draft)
-        : _row(row), _draft(draft), _carriers(carriersOf(row)), _usual(sideOfDynamics(row)),
+        : _row(row), _draft(draft), _carriers(row.carriers), _usual(sideOfDynamics(row)),
           _upper(_usual == Side::Below ? upperHand(row, draft) : nullptr)
     {
     }
@@ -417,7 +417,7 @@ private:
 
     RowDraft &_row;
     const SystemDraft &_draft;
-    std::vector<const PlacedChord *> _carriers;
+    const std::vector<const PlacedChord *> &_carriers;
     Side _usual;
     const RowDraft *_upper;
     SideItems _items;
@@ -442,7 +442,7 @@ void addChordSymbols(RowDraft &row, const SystemDraft &draft)
     SideItems symbols;
     // By bar, column and place in front of it.
     std::map<std::tuple<unsigned, unsigned, unsigned>, std::vector<const ChordMark *>> said;
-    for (const PlacedChord *const carrier : carriersOf(row)) {
+    for (const PlacedChord *const carrier : row.carriers) {
         const PlacedChord &chord = *carrier;
         const auto &details = chord.beat().details;
         if (!details || details->chord.isEmpty())

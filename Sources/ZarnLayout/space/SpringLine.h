@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -17,6 +18,12 @@ public:
         double length;
         double air;
     };
+
+    void reserve(std::size_t columns, std::size_t rods)
+    {
+        _columns.reserve(columns);
+        _rods.reserve(rods);
+    }
 
     /// Adds a column at the end, with the spring that leads to it; returns its number.
     unsigned addColumn(double fixed, double spring);
