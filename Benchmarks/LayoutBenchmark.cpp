@@ -141,7 +141,7 @@ std::size_t bytesOf(const Layout &layout)
 {
     std::size_t bytes = sizeof(Layout);
     for (const LayoutPage &page : layout.pages()) {
-        bytes += sizeof(LayoutPage) + page.systems.capacity() * sizeof(PlacedSystem);
+        bytes += sizeof(LayoutPage) + page.systems.size() * sizeof(PlacedSystem);
         if (page.marks)
             bytes += page.marks->byteCount();
         for (const PlacedSystem &system : page.systems) {

@@ -107,7 +107,7 @@ TEST(LayoutTest, layoutsAreComparedByValue)
     const Layout blank(content);
     content.pages[0].marks = std::make_shared<DrawList>();
     EXPECT_NE(blank, Layout(content));
-    content.pages[0].systems.emplace_back();
+    content.pages[0].systems = std::vector<PlacedSystem>(1);
     EXPECT_THROW(Layout{content}, CoreException);
     EXPECT_DOUBLE_EQ(blank.millimetres(4 * sp), 7);
     EXPECT_EQ(blank.fromMicrometres(7000), 4 * sp);

@@ -72,10 +72,10 @@ TEST_F(LayoutSearchTest, systemsMayStandBesideOneAnother)
     Layout::Content content;
     content.font = MusicFont::builtIn();
     content.pages.push_back(_layout->pages()[0]);
-    auto &systems = content.pages[0].systems;
-    const auto second = std::make_shared<SystemDrawing>(*systems[0].drawing);
+    const PlacedSystem first = content.pages[0].systems[0];
+    const auto second = std::make_shared<SystemDrawing>(*first.drawing);
     second->bars[0].firstBar = 3;
-    systems.push_back({second, systems[0].at + Point{40 * sp, 0}});
+    content.pages[0].systems = {{first, {second, first.at + Point{40 * sp, 0}}}};
     const Layout layout(std::move(content));
     for (const Unit y : {0, 27 * sp, 60 * sp}) {
         EXPECT_EQ(spotAt(layout, 0, {0, y})->bar, 2);

@@ -160,6 +160,9 @@ TEST(LayoutSessionTest, laysOutOnlyWhatAnEditReaches)
     ASSERT_FALSE(second.changed.empty());
     for (const PlacedBox &box : second.changed)
         EXPECT_EQ(box.page, second.layout->pages().size() - 1);
+    EXPECT_EQ(first.layout->pages().front().systems.data(),
+              second.layout->pages().front().systems.data())
+        << "sheets that stay as they are share their systems";
 
     // What nobody sees is no other layout.
     score.commandStack().undo();
@@ -304,6 +307,23 @@ TEST(LayoutSessionTest, doesNotTakeAnOldJobForTheNewestLayout)
     // The engine has seen the older score last; the next layout is right all the same.
     score.removeBarRange(0, 1);
     EXPECT_EQ(differenceOf(*layOut(*score.scoreModel()), *session.update().layout), "");
+}
+
+TEST(LayoutSessionTest, pagesAreTheSameBehindALine)
+{
+    Score score;
+    score.setScoreModel(somePages(40));
+    LayoutOptions options;
+    options.view = ViewLayout::SingleLine;
+    LayoutSession session(score, options);
+    session.update();
+    // Bars around an edit are engraved for the line, which has their places already.
+    ASSERT_TRUE(setDynamic(score, 0, 20, 1, forte));
+    session.update();
+    session.setOptions({});
+    EXPECT_EQ(differenceOf(*layOut(*score.scoreModel()), *session.update().layout), "");
+    session.setOptions(options);
+    EXPECT_EQ(differenceOf(*layOut(*score.scoreModel(), options), *session.update().layout), "");
 }
 
 TEST(LayoutSessionTest, goesOnFromALayoutThatWasThere)

@@ -85,8 +85,8 @@ inline std::shared_ptr<const layout::Layout> drawnSample()
     content.title = "A Study";
     content.pages.resize(2);
     content.pages[0].marks = std::make_shared<DrawList>(page.build());
-    content.pages[0].systems.push_back({system, {10 * sp, 25 * sp}});
-    content.pages[1].systems.push_back({system, {10 * sp, 15 * sp}});
+    content.pages[0].systems = {{{system, {10 * sp, 25 * sp}}}};
+    content.pages[1].systems = {{{system, {10 * sp, 15 * sp}}}};
     content.pages[1].width = 148000;
     content.pages[1].height = 210000;
     content.problems.push_back({place(1, 0), "The string is missing."});

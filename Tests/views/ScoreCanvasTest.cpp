@@ -216,11 +216,19 @@ TEST_F(ScoreCanvasTest, cursorSelectionAndPlaybackLineAreSeenAndGoAgain)
 TEST_F(ScoreCanvasTest, whatChangesOnASheetIsPaintedAsOnANewCanvas)
 {
     using Content = layout::Layout::Content;
-    const auto changeMarks = [](Content &content, const auto &change) {
-        auto drawing =
-            std::make_shared<layout::SystemDrawing>(*content.pages[0].systems[0].drawing);
-        drawing->marks = change(drawing->marks);
-        content.pages[0].systems[0].drawing = drawing;
+    using Systems = std::vector<layout::PlacedSystem>;
+    const auto changeSystems = [](Content &content, const auto &change) {
+        auto &systems = content.pages[0].systems;
+        Systems changed(systems.begin(), systems.end());
+        change(changed);
+        systems = std::move(changed);
+    };
+    const auto changeMarks = [&](Content &content, const auto &change) {
+        changeSystems(content, [&](Systems &systems) {
+            auto drawing = std::make_shared<layout::SystemDrawing>(*systems[0].drawing);
+            drawing->marks = change(drawing->marks);
+            systems[0].drawing = drawing;
+        });
     };
     const auto moveMarks = [](layout::MarkShape shape, layout::Unit by) {
         return [=](const layout::DrawList &marks) {
@@ -250,14 +258,22 @@ TEST_F(ScoreCanvasTest, whatChangesOnASheetIsPaintedAsOnANewCanvas)
          [&](Content &content) {
              changeMarks(content, moveMarks(layout::MarkShape::Line, sp / 3));
          }},
-        {"a moved system", [](Content &content) { content.pages[0].systems[0].at.y += 3 * sp; }},
+        {"a moved system",
+         [&](Content &content) {
+             changeSystems(content, [](Systems &systems) { systems[0].at.y += 3 * sp; });
+         }},
         {"one more system",
-         [](Content &content) {
-             content.pages[0].systems.push_back(content.pages[0].systems[0]);
-             content.pages[0].systems[1].at.y += 20 * sp;
+         [&](Content &content) {
+             changeSystems(content, [](Systems &systems) {
+                 systems.push_back(systems[0]);
+                 systems[1].at.y += 20 * sp;
+             });
          }},
         {"nothing", [](Content &) {}},
-        {"one system less", [](Content &content) { content.pages[0].systems.pop_back(); }},
+        {"one system less",
+         [&](Content &content) {
+             changeSystems(content, [](Systems &systems) { systems.pop_back(); });
+         }},
         {"no title", [](Content &content) { content.pages[0].marks = nullptr; }},
         {"a narrower sheet", [](Content &content) { content.pages[0].width -= 20000; }},
         {"as in the beginning", [this](Content &content) { content.pages = _layout->pages(); }},

@@ -5,9 +5,12 @@
 #include <ZarnLayout/ZarnLayoutExport.h>
 #include <ZarnLayout/draw/ZarnDrawList.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace zarn::layout {
@@ -74,6 +77,43 @@ struct PlacedSystem {
     std::shared_ptr<const SystemDrawing> drawing;
     /// Where its origin is on the page, from the upper left corner of the sheet.
     Point at;
+
+    /// Of one and the same drawing.
+    friend bool operator==(const PlacedSystem &a, const PlacedSystem &b) noexcept
+    {
+        return a.at == b.at && a.drawing == b.drawing;
+    }
+};
+
+/// The systems of a sheet. They never change, so that layouts which follow one another share those
+/// of the sheets that stay as they are.
+class PlacedSystems {
+public:
+    PlacedSystems() = default;
+    PlacedSystems(std::vector<PlacedSystem> systems)
+        : _systems(systems.empty()
+                       ? nullptr
+                       : std::make_shared<const std::vector<PlacedSystem>>(std::move(systems)))
+    {
+    }
+
+    bool empty() const noexcept { return _systems == nullptr; }
+    std::size_t size() const noexcept { return _systems ? _systems->size() : 0; }
+    const PlacedSystem *data() const noexcept { return _systems ? _systems->data() : nullptr; }
+    const PlacedSystem *begin() const noexcept { return data(); }
+    const PlacedSystem *end() const noexcept { return data() + size(); }
+    const PlacedSystem &operator[](std::size_t number) const { return (*_systems)[number]; }
+    const PlacedSystem &front() const { return _systems->front(); }
+    const PlacedSystem &back() const { return _systems->back(); }
+
+    /// Of the same drawings in the same places.
+    friend bool operator==(const PlacedSystems &a, const PlacedSystems &b) noexcept
+    {
+        return a._systems == b._systems || std::equal(a.begin(), a.end(), b.begin(), b.end());
+    }
+
+private:
+    std::shared_ptr<const std::vector<PlacedSystem>> _systems; ///< null for none
 };
 
 /// One sheet. Its size and margins are in micrometres, what is drawn on it in units.
@@ -84,7 +124,7 @@ struct LayoutPage {
     std::int32_t topMargin = 15000;
     std::int32_t rightMargin = 15000;
     std::int32_t bottomMargin = 15000;
-    std::vector<PlacedSystem> systems;
+    PlacedSystems systems;
     /// Title, header and footer; seen from the upper left corner of the sheet. May be empty.
     std::shared_ptr<const DrawList> marks;
 };

@@ -44,6 +44,7 @@ struct TrackHead {
 /// nothing of where in the score it stands: the bar of all places in it is 0.
 struct EngravedRows {
     std::vector<EngravedBar> rows;
+    bool isSpaced = true; ///< else nothing is known of its spaces but the onsets
     SpacedBar spaced;
     Problems problems;
 };

@@ -31,9 +31,9 @@ double mostSqueeze(const SystemHeight &system)
     return systemGap - system.leastGap;
 }
 
-/// The last page of a movement is no looser than `mostLast`.
+/// The last page of a movement is no looser than `mostLast`. Adds the places of its systems.
 FilledPage fill(const std::vector<SystemHeight> &systems, unsigned first, unsigned end, double room,
-                bool isLast, double mostLast)
+                bool isLast, double mostLast, std::vector<double> &places)
 {
     FilledPage page;
     page.first = first;
@@ -56,11 +56,10 @@ FilledPage fill(const std::vector<SystemHeight> &systems, unsigned first, unsign
     if (gaps > 0 && !isLast)
         between = std::min(between + (rest - page.stretch * readiness) / gaps, mostStretch);
     double y = 0;
-    page.places.reserve(end - first);
     for (unsigned i = first; i < end; ++i) {
         if (i > first)
             y -= systems[i].nesting + squeezed * mostSqueeze(systems[i]);
-        page.places.push_back(y + systems[i].top);
+        places.push_back(y + systems[i].top);
         y += systems[i].height() + page.stretch * systems[i].stretch + systemGap + between;
     }
     return page;
@@ -73,7 +72,7 @@ double leastGapOf(double reach, double hanging, double standing)
     return std::clamp(staffClearance + std::max(hanging, standing) - reach, nearest, systemGap);
 }
 
-std::vector<FilledPage> fillPages(const std::vector<SystemHeight> &systems, const PageRoom &room)
+FilledPages fillPages(const std::vector<SystemHeight> &systems, const PageRoom &room)
 {
     const auto count = static_cast<unsigned>(systems.size());
     std::vector<double> costs(count + 1, 1e18);
@@ -103,15 +102,17 @@ std::vector<FilledPage> fillPages(const std::vector<SystemHeight> &systems, cons
             }
         }
     }
-    std::vector<FilledPage> pages;
+    FilledPages filled;
+    filled.places.reserve(count);
     double mostLast = lastApart;
     for (unsigned first = 0; first < count; first = next[first]) {
         const bool isLast = next[first] == count || systems[next[first]].breaksBefore;
-        pages.push_back(fill(systems, first, next[first], first == 0 ? room.first : room.others,
-                             isLast, mostLast));
-        mostLast = isLast ? lastApart : std::max(lastApart, pages.back().stretch);
+        filled.pages.push_back(fill(systems, first, next[first],
+                                    first == 0 ? room.first : room.others, isLast, mostLast,
+                                    filled.places));
+        mostLast = isLast ? lastApart : std::max(lastApart, filled.pages.back().stretch);
     }
-    return pages;
+    return filled;
 }
 
 } // namespace zarn::engraving

@@ -20,9 +20,13 @@ struct SystemHeight {
 struct FilledPage {
     unsigned first = 0; ///< systems
     unsigned end = 0;
-    std::vector<double> places; ///< of the top lines, from the top of the room
-    bool isTooTall = false;     ///< one system that is taller than the page
-    double stretch = 0;         ///< by which rows move apart that stretch by 1
+    bool isTooTall = false; ///< one system that is taller than the page
+    double stretch = 0;     ///< by which rows move apart that stretch by 1
+};
+
+struct FilledPages {
+    std::vector<FilledPage> pages;
+    std::vector<double> places; ///< by system: of its top line, from the top of its page's room
 };
 
 /// Room of a page: what titles take of the first one is gone already.
@@ -33,7 +37,7 @@ struct PageRoom {
 
 /// Fills pages with systems, so that the room left over is shared as evenly as can be and as few
 /// pages as can be are used.
-std::vector<FilledPage> fillPages(const std::vector<SystemHeight> &systems, const PageRoom &room);
+FilledPages fillPages(const std::vector<SystemHeight> &systems, const PageRoom &room);
 
 /// Distance of the ink of two systems; nearer only where one more fits on a page then.
 constexpr double systemGap = 1.8;

@@ -37,7 +37,7 @@ void addClefChanges(EngravedBar &bar, const Row &row, const BarSource &source, c
 } // namespace
 
 std::shared_ptr<const EngravedRows> engraveColumn(const ScoreSource &score, const ShownBar &bars,
-                                                  const Pen &pen)
+                                                  const Pen &pen, bool isSpaced)
 {
     auto engraved = std::make_shared<EngravedRows>();
     const BarColumn &sources = *score.columns[bars.bar - score.firstBar];
@@ -62,6 +62,12 @@ std::shared_ptr<const EngravedRows> engraveColumn(const ScoreSource &score, cons
             addClefChanges(engraved->rows.back(), row, source, onsets, pen);
         }
         rows.push_back(&engraved->rows.back());
+    }
+    engraved->isSpaced = isSpaced;
+    if (!isSpaced) {
+        placeInFront(rows, onsets.size());
+        engraved->spaced.onsets = std::move(onsets);
+        return engraved;
     }
     const double ratio =
         score.isPart && !staves.empty() ? staves.front()->layoutRatio : shared.layoutRatio;

@@ -6,8 +6,9 @@
 
 namespace zarn::engraving {
 
-/// Engraves a bar in all rows, or the sign for bars of rest, and finds how wide it wants to be.
+/// Engraves a bar in all rows, or the sign for bars of rest; and finds how wide it wants to be,
+/// unless that is known, which takes less time.
 std::shared_ptr<const EngravedRows> engraveColumn(const ScoreSource &score, const ShownBar &bars,
-                                                  const Pen &pen);
+                                                  const Pen &pen, bool isSpaced = true);
 
 } // namespace zarn::engraving

@@ -62,6 +62,8 @@ public:
     /// The systems of a page that another one has not.
     void addWhatOnlyOneHas(const Layout &layout, const LayoutPage &page, const LayoutPage &other)
     {
+        if (page.systems == other.systems)
+            return;
         std::vector<const PlacedSystem *> changed;
         for (std::size_t i = 0; i < page.systems.size(); ++i)
             if (!isIn(other, page.systems[i], i))

@@ -91,7 +91,9 @@ std::shared_ptr<const layout::Layout> LayoutEngine::layOut(std::shared_ptr<const
     layout::Layout::Content content;
     content.font = _font;
     content.staffSpace = sheet.setup.staffSpace;
-    content.pages = _pages.make(source, sheet, _systems, problems);
+    content.pages = source.view == ViewLayout::SingleLine
+        ? _pages.makeLine(source, sheet, _line, problems)
+        : _pages.make(source, sheet, _systems, problems);
     content.title = source.texts->property(ScoreProperty::Title);
     for (const auto &problem : problems.list())
         content.problems.push_back({problem.place, problem.text});
@@ -111,7 +113,7 @@ LayoutEngine::Origins LayoutEngine::engrave(const ScoreSource &source, const Sco
     _former.shown.swap(_score.shown);
     for (const auto &column : _score.columns)
         _former.columns.push_back(column.get());
-    _score.shown = shownBars(source);
+    findShownBars(source, _score.shown);
     Origins origins(_score.shown.size(), isNew);
     if (old && haveEqualRows(*old, source))
         origins = originsOf(source, *old);
@@ -172,18 +174,26 @@ void LayoutEngine::engraveBar(const ScoreSource &source, std::size_t shownBar)
     _score.engraved[shownBar] = std::move(engraved);
 }
 
+/// Engraves a bar of which only the rest is known, if that is not there still.
+void LayoutEngine::spaceAgain(const ScoreSource &source, std::size_t shownBar)
+{
+    auto &engraved = _score.engraved[shownBar];
+    if (!engraved || !engraved->isSpaced)
+        engraved = engraveColumn(source, _score.shown[shownBar], _pen);
+}
+
 /// What is engraved stays where systems were built, which is where the next edit is likely to be;
 /// behind a layout of the whole score nowhere.
 void LayoutEngine::forgetEngraved()
 {
     constexpr std::size_t fewBars = 64;
     std::size_t count = 0;
-    for (const ShownSystem &system : _systems)
-        count += system.isNew ? system.end - system.first : 0;
+    eachShown([&](const auto &shown) { count += shown.isNew ? shown.end - shown.first : 0; });
     const bool keepsNew = count <= fewBars || _systems.size() == 1;
-    for (const ShownSystem &system : _systems)
-        for (unsigned i = system.first; i < system.end && !(system.isNew && keepsNew); ++i)
+    eachShown([&](const auto &shown) {
+        for (unsigned i = shown.first; i < shown.end && !(shown.isNew && keepsNew); ++i)
             _score.engraved[i].reset();
+    });
 }
 
 LayoutEngine::Origins LayoutEngine::originsOf(const ScoreSource &source,
@@ -240,24 +250,22 @@ void LayoutEngine::buildSystems(const ScoreSource &source, const Sheet &sheet,
 
 void LayoutEngine::buildLine(const ScoreSource &source, const Origins &origins)
 {
+    const auto space = [&](unsigned shownBar) { spaceAgain(source, shownBar); };
     const auto engrave = [&](unsigned shownBar) {
         if (!_score.engraved[shownBar])
-            _score.engraved[shownBar] = engraveColumn(source, _score.shown[shownBar], _pen);
+            _score.engraved[shownBar] = engraveColumn(source, _score.shown[shownBar], _pen, false);
     };
-    const auto &parts = _line.make({_score, _former, origins, _hasOtherHeads, engrave});
-    auto built = std::make_shared<BuiltSystem>();
-    built->top = _line.top();
-    built->bottom = _line.bottom();
-    _systems.reserve(parts.size());
-    for (const LinePart &part : parts) {
-        ShownSystem system(part.first, part.end, {0, false});
-        system.left = part.left;
-        system.isNew = part.isNew;
-        system.built = built;
-        system.drawing = part.drawing;
-        system.problems = part.problems;
-        _systems.push_back(std::move(system));
-    }
+    _line.make({_score, _former, origins, _hasOtherHeads, space, engrave});
+}
+
+/// Calls with each system, or each part of a line.
+template <class Visit>
+void LayoutEngine::eachShown(const Visit &visit) const
+{
+    for (const ShownSystem &system : _systems)
+        visit(system);
+    for (const LinePart &part : _line.parts())
+        visit(part);
 }
 
 void LayoutEngine::addSystem(const ScoreSource &source, ShownSystem system, const Origins &origins)
@@ -268,8 +276,7 @@ void LayoutEngine::addSystem(const ScoreSource &source, ShownSystem system, cons
         takeOver(_oldSystems[before], system);
     if (!system.built) {
         for (unsigned i = system.first; i < system.end; ++i)
-            if (!_score.engraved[i])
-                _score.engraved[i] = engraveColumn(source, _score.shown[i], _pen);
+            spaceAgain(source, i);
         system.isNew = true;
         Problems problems;
         DrawnSystem drawn = SystemBuilder(_score, _pen, problems)
@@ -284,15 +291,17 @@ void LayoutEngine::addSystem(const ScoreSource &source, ShownSystem system, cons
         system.problems = nullptr;
         if (!problems.list().empty())
             system.problems = std::make_shared<const Problems>(std::move(problems));
+        system.lookAtBuilt();
     }
     const BuiltSystem *const above = _systems.empty() ? nullptr : _systems.back().built.get();
     if (system.above != above) {
         system.above = above;
         const double reach = above->below.distance(system.built->above);
         const double least = above->lastRow + reach;
-        system.nesting = std::max(0.0, above->bottom + system.built->top - least);
-        system.leastGap = leastGapOf(reach, above->below.outermost(),
-                                     above->lastHeight + system.built->bare.above.outermost());
+        system.height.nesting = std::max(0.0, above->bottom + system.height.top - least);
+        system.height.leastGap =
+            leastGapOf(reach, above->below.outermost(),
+                       above->lastHeight + system.built->bare.above.outermost());
     }
     _systems.push_back(std::move(system));
 }
@@ -309,11 +318,12 @@ void LayoutEngine::takeOver(ShownSystem &old, ShownSystem &system) const
         system.built = std::move(old.built);
         system.problems = std::move(old.problems);
         system.above = old.above;
-        system.nesting = old.nesting;
-        system.leastGap = old.leastGap;
+        system.height = old.height;
+        system.right = old.right;
         return;
     }
     system.built = movedBy(*old.built, system.drawing, bars, _score.number(system.first), _pen);
+    system.lookAtBuilt();
     if (!old.problems)
         return;
     Problems problems;
@@ -375,13 +385,13 @@ Problems LayoutEngine::collectProblems(const ScoreSource &source, const Sheet &s
         problems.add(_breaks.problems());
     // What has no bar, such as the names of tracks, is the same in all systems.
     std::set<std::pair<std::int32_t, std::string>> told;
-    for (const ShownSystem &system : _systems) {
-        if (!system.problems)
-            continue;
-        for (const Problems::Problem &problem : system.problems->list())
+    eachShown([&](const auto &shown) {
+        if (!shown.problems)
+            return;
+        for (const Problems::Problem &problem : shown.problems->list())
             if (problem.place.bar >= 0 || told.insert({problem.place.track, problem.text}).second)
                 problems.add(problem.place, problem.text);
-    }
+    });
     addFontProblems(problems);
     return problems;
 }
@@ -394,13 +404,14 @@ void LayoutEngine::addFontProblems(Problems &problems) const
     if (!_font->hasBorrowedGlyphs())
         return;
     std::set<layout::GlyphId> told;
-    for (const ShownSystem &system : _systems)
-        for (const layout::DrawMark &mark : system.drawing->marks.marks())
+    eachShown([&](const auto &shown) {
+        for (const layout::DrawMark &mark : shown.drawing->marks.marks())
             if (mark.shape == layout::MarkShape::Glyph && _font->isBorrowed(mark.glyph)
                 && told.insert(mark.glyph).second)
                 problems.add(mark.place,
                              "The music font has no glyph \"" + _font->name(mark.glyph)
                                  + "\"; the built-in font's is drawn.");
+    });
 }
 
 } // namespace zarn::engraving

@@ -42,9 +42,12 @@ private:
     Origins originsOf(const ScoreSource &source, const ScoreSource &old) const;
     void takeBarsOver(const Origins &origins);
     void engraveBar(const ScoreSource &source, std::size_t shownBar);
+    void spaceAgain(const ScoreSource &source, std::size_t shownBar);
     void buildSystems(const ScoreSource &source, const Sheet &sheet, const Origins &origins);
     void buildLine(const ScoreSource &source, const Origins &origins);
     void addSystem(const ScoreSource &source, ShownSystem system, const Origins &origins);
+    template <class Visit>
+    void eachShown(const Visit &visit) const;
     void forgetEngraved();
     void takeOver(ShownSystem &old, ShownSystem &system) const;
     bool isSame(const ShownSystem &old, const ShownSystem &system) const;
@@ -61,8 +64,8 @@ private:
 
     std::shared_ptr<const ScoreSource> _source;
     EngravedScore _score;
-    bool _hasOtherHeads = true; ///< whatever all systems show is different
-    std::vector<ShownSystem> _systems;
+    bool _hasOtherHeads = true;        ///< whatever all systems show is different
+    std::vector<ShownSystem> _systems; ///< none of a line
     Problems _barProblems;
     bool _hasOtherBarProblems = true; ///< than those were found
 

@@ -113,18 +113,25 @@ std::vector<unsigned> LineMaker::ends() const
     return ends;
 }
 
-const std::vector<LinePart> &LineMaker::make(const Change &change)
+void LineMaker::Line::clear()
 {
-    Former old;
-    old.line = std::exchange(_line, {});
-    old.places.reserve(old.line.bars.size());
-    for (const LineBar &bar : old.line.bars)
-        old.places.push_back(bar.places.get());
-    placeBars(change, old);
-    buildParts(change, old);
-    alignWords(change, old.line);
-    alignRows(change, old.line);
-    return _line.parts;
+    bars.clear();
+    parts.clear();
+    words.clear();
+    rows.clear();
+}
+
+void LineMaker::make(const Change &change)
+{
+    std::swap(_line, _old.line);
+    for (const LineBar &bar : _old.line.bars)
+        _old.places.push_back(bar.places.get());
+    placeBars(change, _old);
+    buildParts(change, _old);
+    alignWords(change, _old.line);
+    alignRows(change, _old.line);
+    _old.line.clear();
+    _old.places.clear();
 }
 
 void LineMaker::placeBars(const Change &change, Former &old)
@@ -143,7 +150,7 @@ void LineMaker::placeBars(const Change &change, Former &old)
             bar.width = old.line.bars[origin].width;
             bar.isKept = true;
         } else {
-            change.engrave(i);
+            change.space(i);
             LinePlaces places =
                 placeLineBar(score, i, i == 0 ? none : _line.bars[i - 1].places->after, _pen);
             // A new bar may stand as the one that was here before it.
@@ -317,18 +324,29 @@ void LineMaker::alignWords(const Change &change, const Line &old)
 }
 
 /// How far the rows of each part are apart: there are many parts, and few have changed.
-void LineMaker::findDistances(std::size_t rows, const Line &old)
+void LineMaker::findDistances(std::size_t rows, Line &old)
 {
-    _line.distances.assign(rows, std::vector<double>(_line.parts.size()));
-    for (std::size_t i = 0; i < _line.parts.size(); ++i) {
-        const LinePart &part = _line.parts[i];
-        for (std::size_t row = 0; row < rows; ++row)
-            _line.distances[row][i] =
-                part.isOther ? part.lined->distances[row] : old.distances[row][part.before];
+    const std::size_t count = _line.parts.size();
+    bool isInPlace = old.distances.size() == rows && old.parts.size() == count;
+    for (std::size_t i = 0; isInPlace && i < count; ++i)
+        isInPlace = _line.parts[i].isOther || _line.parts[i].before == i;
+    if (isInPlace) {
+        std::swap(_line.distances, old.distances);
+    } else {
+        _line.distances.resize(rows);
+        for (std::size_t row = 0; row < rows; ++row) {
+            _line.distances[row].resize(count);
+            for (std::size_t i = 0; i < count; ++i)
+                if (const LinePart &part = _line.parts[i]; !part.isOther)
+                    _line.distances[row][i] = old.distances[row][part.before];
+        }
     }
+    for (std::size_t i = 0; i < count; ++i)
+        for (std::size_t row = 0; _line.parts[i].isOther && row < rows; ++row)
+            _line.distances[row][i] = _line.parts[i].lined->distances[row];
 }
 
-void LineMaker::alignRows(const Change &change, const Line &old)
+void LineMaker::alignRows(const Change &change, Line &old)
 {
     findDistances(change.score.rows.size(), old);
     RowDistances &distances = _line.rows;

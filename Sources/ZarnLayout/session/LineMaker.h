@@ -51,14 +51,21 @@ public:
         const FormerBars &old;
         const std::vector<std::uint32_t> &origins; ///< of shown bars, or `SystemBreaks::isNew`
         bool hasOtherHeads;                        ///< whatever all parts show is different
-        std::function<void(unsigned)> engrave;     ///< a bar, if that is not done yet
+        std::function<void(unsigned)> space;       ///< engraves a bar and finds its spaces
+        std::function<void(unsigned)> engrave;     ///< a bar whose columns have their places
     };
 
-    /// The parts from left to right.
-    const std::vector<LinePart> &make(const Change &change);
+    void make(const Change &change);
 
     /// The next line has nothing in common with the last one.
-    void forget() { _line = {}; }
+    void forget()
+    {
+        _line = {};
+        _old = {};
+    }
+
+    /// Of the last line, from left to right.
+    const std::vector<LinePart> &parts() const noexcept { return _line.parts; }
 
     // Of the last line, as tall as its tallest part.
     double top() const noexcept { return _top; }
@@ -71,6 +78,9 @@ private:
         std::vector<std::vector<double>> distances; ///< from row to row of each part, by row
         std::vector<WordHeights> words;             ///< of all parts, by row
         RowDistances rows;                          ///< of all parts
+
+        /// Leaves their room to the next line, which is about as long.
+        void clear();
     };
 
     /// The line before, out of which goes what stays as it is.
@@ -87,19 +97,20 @@ private:
     bool hasSameWindow(const Change &change, const Former &old, const LineWindow &was,
                        unsigned first) const;
     static LinePart takenOver(const Change &change, LinePart old, unsigned first);
-    void findDistances(std::size_t rows, const Line &old);
+    void findDistances(std::size_t rows, Line &old);
     /// Builds a part again as the whole line wants it, or takes it as it is.
     std::shared_ptr<const BuiltLinePart> fitted(const Change &change,
                                                 const std::shared_ptr<const BuiltLinePart> &part,
                                                 const std::shared_ptr<const BuiltLinePart> &last,
                                                 const LineHeights &heights) const;
     void alignWords(const Change &change, const Line &old);
-    void alignRows(const Change &change, const Line &old);
+    void alignRows(const Change &change, Line &old);
     void alignRows(const Change &change, LinePart &part,
                    const std::vector<layout::Unit> &heights) const;
 
     const Pen &_pen;
     Line _line;
+    Former _old; ///< while the next line is made
     double _top = 0;
     double _bottom = 0;
 };

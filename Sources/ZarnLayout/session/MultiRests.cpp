@@ -38,9 +38,9 @@ bool goesOn(const ScoreSource &score, std::size_t bar)
 
 } // namespace
 
-std::vector<ShownBar> shownBars(const ScoreSource &score)
+void findShownBars(const ScoreSource &score, std::vector<ShownBar> &shown)
 {
-    std::vector<ShownBar> shown;
+    shown.clear();
     shown.reserve(score.columns.size());
     bool wasEmpty = false;
     for (std::size_t i = 0; i < score.columns.size(); ++i) {
@@ -51,7 +51,6 @@ std::vector<ShownBar> shownBars(const ScoreSource &score)
             shown.push_back({score.firstBar + static_cast<unsigned>(i), 1});
         wasEmpty = isRest;
     }
-    return shown;
 }
 
 EngravedBar multiRest(const Row &row, unsigned count, const Pen &pen)

@@ -31,16 +31,16 @@ LayoutPage emptyPage(const Sheet &sheet)
 }
 
 /// The sheet grows, so that nothing is lost beyond its edge.
-void growFor(LayoutPage &page, const BuiltSystem &system, double above, const Sheet &sheet)
+void growFor(LayoutPage &page, const ShownSystem &system, double above, const Sheet &sheet)
 {
-    const double needed = (above + system.top + system.bottom) * sheet.space;
+    const double needed = (above + system.height.height()) * sheet.space;
     page.height = std::max(page.height,
                            boundedLength(std::ceil(needed)) + page.topMargin + page.bottomMargin
                                + boundedLength(4 * sheet.space));
 }
 
 /// The same for one that is wider than its line.
-void growFor(LayoutPage &page, const BuiltSystem &system, const Sheet &sheet)
+void growFor(LayoutPage &page, const ShownSystem &system, const Sheet &sheet)
 {
     if (system.right > sheet.width)
         page.width = std::max(page.width,
@@ -67,12 +67,19 @@ std::vector<SystemHeight> heightsOf(const std::vector<ShownSystem> &systems)
     std::vector<SystemHeight> heights;
     heights.reserve(systems.size());
     for (const ShownSystem &system : systems)
-        heights.push_back({system.built->top, system.built->bottom, system.nesting, system.leastGap,
-                           system.built->stretch, false});
+        heights.push_back(system.height);
     return heights;
 }
 
 } // namespace
+
+void ShownSystem::lookAtBuilt()
+{
+    height.top = built->top;
+    height.bottom = built->bottom;
+    height.stretch = built->stretch;
+    right = built->right;
+}
 
 void PageMaker::setTexts(const ScoreSource &source, const Sheet &sheet)
 {
@@ -103,8 +110,8 @@ std::vector<LayoutPage> PageMaker::make(const ScoreSource &source, const Sheet &
 {
     setTexts(source, sheet);
     problems.add(_texts->problems());
-    if (source.view == ViewLayout::SingleLine)
-        return fillLine(sheet, systems);
+    if (source.view != ViewLayout::Pages)
+        _placed.clear();
     if (source.view != ViewLayout::Pages)
         return fillSheet(sheet, systems);
     const double title = _texts->titleHeight();
@@ -113,32 +120,31 @@ std::vector<LayoutPage> PageMaker::make(const ScoreSource &source, const Sheet &
     const double header = _texts->headerHeight();
     const PageRoom room = {std::max(sheet.height - title - firstFooter, 1.0),
                            std::max(sheet.height - header - footer, 1.0)};
-    const std::vector<FilledPage> filled = fillPages(heightsOf(systems), room);
-    const auto pageCount = std::max<unsigned>(1, static_cast<unsigned>(filled.size()));
+    const FilledPages filled = fillPages(heightsOf(systems), room);
+    const auto pageCount = std::max<unsigned>(1, static_cast<unsigned>(filled.pages.size()));
     const double left = sheet.spaces(sheet.setup.leftMargin);
     const double top = sheet.spaces(sheet.setup.topMargin);
     std::vector<LayoutPage> pages;
     pages.reserve(pageCount);
+    _placed.resize(pageCount);
     for (unsigned i = 0; i < pageCount; ++i) {
         LayoutPage page = emptyPage(sheet);
         page.marks = textsOf(sheet, i + 1, pageCount);
-        if (i < filled.size()) {
+        if (i < filled.pages.size()) {
+            const FilledPage &systemsHere = filled.pages[i];
             const double above = i == 0 ? title : header;
-            page.systems.reserve(filled[i].places.size());
-            for (unsigned s = filled[i].first; s < filled[i].end; ++s) {
-                growFor(page, *systems[s].built, sheet);
-                stretch(systems[s], filled[i].stretch);
-                page.systems.push_back(
-                    {systems[s].drawing,
-                     {fromSpaces(left),
-                      fromSpaces(top + above + filled[i].places[s - filled[i].first])}});
+            for (unsigned s = systemsHere.first; s < systemsHere.end; ++s) {
+                growFor(page, systems[s], sheet);
+                stretch(systems[s], systemsHere.stretch);
             }
-            if (filled[i].isTooTall) {
-                const ShownSystem &system = systems[filled[i].first];
+            placeSystems(systems, systemsHere, filled.places, {left, top + above}, _placed[i]);
+            page.systems = _placed[i];
+            if (systemsHere.isTooTall) {
+                const ShownSystem &system = systems[systemsHere.first];
                 MarkPlace place;
                 place.bar = system.drawing->bars.front().firstBar;
                 problems.add(place, "The system is taller than the page.");
-                growFor(page, *system.built, above + (i == 0 ? firstFooter : footer), sheet);
+                growFor(page, system, above + (i == 0 ? firstFooter : footer), sheet);
                 // Footers stay below the music.
                 page.marks =
                     _texts->draw(i + 1, pageCount, left, top,
@@ -148,6 +154,28 @@ std::vector<LayoutPage> PageMaker::make(const ScoreSource &source, const Sheet &
         pages.push_back(std::move(page));
     }
     return pages;
+}
+
+/// Leaves what was placed the time before where it is the same.
+void PageMaker::placeSystems(const std::vector<ShownSystem> &systems, const FilledPage &page,
+                             const std::vector<double> &places, const Point &corner,
+                             layout::PlacedSystems &placed)
+{
+    const auto at = [&](unsigned system) {
+        return layout::Point{fromSpaces(corner.x), fromSpaces(corner.y + places[system])};
+    };
+    bool isSame = placed.size() == page.end - page.first;
+    for (unsigned i = page.first; isSame && i < page.end; ++i) {
+        const layout::PlacedSystem &before = placed[i - page.first];
+        isSame = before.drawing == systems[i].drawing && before.at == at(i);
+    }
+    if (isSame)
+        return;
+    std::vector<layout::PlacedSystem> present;
+    present.reserve(page.end - page.first);
+    for (unsigned i = page.first; i < page.end; ++i)
+        present.push_back({systems[i].drawing, at(i)});
+    placed = std::move(present);
 }
 
 void PageMaker::stretch(ShownSystem &system, double spaces) const
@@ -169,34 +197,41 @@ std::vector<LayoutPage> PageMaker::fillSheet(const Sheet &sheet,
     const double left = sheet.spaces(page.leftMargin);
     const double top = sheet.spaces(page.topMargin);
     double y = top + _texts->titleHeight();
+    std::vector<layout::PlacedSystem> placed;
+    placed.reserve(systems.size());
     for (ShownSystem &system : systems) {
         stretch(system, 0);
-        const BuiltSystem &built = *system.built;
-        growFor(page, built, sheet);
-        page.systems.push_back({system.drawing, {fromSpaces(left), fromSpaces(y + built.top)}});
-        y += built.top + built.bottom + gapBelow;
+        growFor(page, system, sheet);
+        placed.push_back({system.drawing, {fromSpaces(left), fromSpaces(y + system.height.top)}});
+        y += system.height.height() + gapBelow;
     }
+    page.systems = std::move(placed);
     page.height = boundedLength(y * sheet.space) + page.bottomMargin;
     page.marks = _texts->draw(1, 1, left, top, y - top);
     return {std::move(page)};
 }
 
-std::vector<LayoutPage> PageMaker::fillLine(const Sheet &sheet,
-                                            std::vector<ShownSystem> &parts) const
+std::vector<LayoutPage> PageMaker::makeLine(const ScoreSource &source, const Sheet &sheet,
+                                            const LineMaker &line, Problems &problems)
 {
+    setTexts(source, sheet);
+    problems.add(_texts->problems());
+    _placed.clear();
     LayoutPage page = emptyPage(sheet);
     const double left = sheet.spaces(page.leftMargin);
     const double top = sheet.spaces(page.topMargin);
     double y = top + _texts->titleHeight();
+    const std::vector<LinePart> &parts = line.parts();
     if (!parts.empty()) {
-        const BuiltSystem &line = *parts.front().built; // all are as tall
-        page.systems.reserve(parts.size());
-        for (ShownSystem &part : parts)
-            page.systems.push_back({std::move(part.drawing),
-                                    {fromSpaces(left) + part.left, fromSpaces(y + line.top)}});
-        y += line.top + line.bottom + gapBelow;
+        std::vector<layout::PlacedSystem> placed;
+        placed.reserve(parts.size());
+        for (const LinePart &part : parts)
+            placed.push_back(
+                {part.drawing, {fromSpaces(left) + part.left, fromSpaces(y + line.top())}});
+        page.systems = std::move(placed);
+        y += line.top() + line.bottom() + gapBelow;
         const double width = layout::toSpaces(
-            parts.back().left + page.systems.back().drawing->marks.box(_pen.fonts().music()).right);
+            parts.back().left + parts.back().drawing->marks.box(_pen.fonts().music()).right);
         page.width =
             std::max(page.width, boundedLength((left + width) * sheet.space) + page.rightMargin);
     }

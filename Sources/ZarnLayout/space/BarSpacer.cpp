@@ -109,6 +109,8 @@ public:
         _columns.push_back({column, place, reach, std::max(reach, before)});
     }
 
+    void clear() noexcept { _columns.clear(); }
+
 private:
     struct Column {
         unsigned number;
@@ -335,6 +337,12 @@ Onsets onsetsOf(const std::vector<const BarSource *> &staves)
     return onsets;
 }
 
+void placeInFront(const std::vector<EngravedBar *> &rows, std::size_t columnCount)
+{
+    placeGraceNotes(rows, columnCount);
+    placeClefs(rows);
+}
+
 SpacedBar spaceBar(const std::vector<EngravedBar *> &rows,
                    const std::vector<const BarSource *> &staves, const ColumnSource &column,
                    Onsets onsets, double ratio, const Fonts &fonts)
@@ -345,8 +353,7 @@ SpacedBar spaceBar(const std::vector<EngravedBar *> &rows,
     const auto count = static_cast<unsigned>(bar.onsets.size());
     for (double &spring : bar.springs)
         spring *= ratio;
-    placeGraceNotes(rows, count);
-    placeClefs(rows);
+    placeInFront(rows, count);
 
     bar.firstGap = firstGap;
     for (const EngravedBar *row : rows)
@@ -367,8 +374,9 @@ SpacedBar spaceBar(const std::vector<EngravedBar *> &rows,
     constexpr std::size_t rodsOfColumn = 3;
     auto &rods = bar.rods;
     rods.reserve(rodsOfColumn * columns);
+    PassedColumns passed;
     for (const EngravedBar *row : rows) {
-        PassedColumns passed;
+        passed.clear();
         WordColumns words;
         for (unsigned i = 0; i < count; ++i) {
             const auto &boxes = row->columns[i].boxes;
@@ -417,6 +425,7 @@ SpacedBar spaceBar(const std::vector<EngravedBar *> &rows,
                      [](const SpacedBar::Rod &a, const SpacedBar::Rod &b) { return a.to < b.to; });
 
     SpringLine line;
+    line.reserve(count + 2, rods.size());
     line.addColumn(0, 0);
     bar.addTo(line);
     const std::vector<double> places = line.places(0);

@@ -55,8 +55,10 @@ Onsets onsetsOf(const std::vector<const BarSource *> &staves);
 /// for each doubling, whatever else is in the score.
 double naturalWidth(const utils::rational &length);
 
-/// Puts grace notes and clefs in front of the columns of a bar, the same in all rows, and finds
-/// how far apart its columns want to be and must be.
+/// Puts grace notes and clefs in front of the columns of a bar, the same in all rows.
+void placeInFront(const std::vector<EngravedBar *> &rows, std::size_t columnCount);
+
+/// Does the same, and finds how far apart the columns of the bar want to be and must be.
 SpacedBar spaceBar(const std::vector<EngravedBar *> &rows,
                    const std::vector<const BarSource *> &staves, const ColumnSource &column,
                    Onsets onsets, double ratio, const Fonts &fonts);

@@ -18,10 +18,7 @@ constexpr int mostCompared = 2;
 bool isShownAlike(const layout::LayoutPage &a, const layout::LayoutPage &b)
 {
     return a.width == b.width && a.height == b.height && a.marks == b.marks
-        && std::equal(a.systems.begin(), a.systems.end(), b.systems.begin(), b.systems.end(),
-                      [](const layout::PlacedSystem &x, const layout::PlacedSystem &y) {
-                          return x.at == y.at && x.drawing == y.drawing;
-                      });
+        && a.systems == b.systems;
 }
 
 } // namespace

@@ -132,10 +132,7 @@ std::optional<Box> changeOfSheet(const layout::LayoutPage &before, const layout:
 {
     std::size_t kept = 0;
     for (std::size_t i = 0; i < std::min(before.systems.size(), after.systems.size()); ++i)
-        kept += before.systems[i].at == after.systems[i].at
-                && before.systems[i].drawing == after.systems[i].drawing
-            ? 1
-            : 0;
+        kept += before.systems[i] == after.systems[i] ? 1 : 0;
     if (std::max(before.systems.size(), after.systems.size()) - kept > mostChanged)
         return std::nullopt;
 
