@@ -174,7 +174,7 @@ void LayoutEngine::engraveBar(const ScoreSource &source, std::size_t shownBar)
     _score.engraved[shownBar] = std::move(engraved);
 }
 
-/// Engraves a bar of which only the rest is known, if that is not there still.
+/// Sees to it that a bar is engraved and that the needs of its columns are known.
 void LayoutEngine::spaceAgain(const ScoreSource &source, std::size_t shownBar)
 {
     auto &engraved = _score.engraved[shownBar];
